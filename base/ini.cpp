@@ -1,0 +1,57 @@
+#include "base/ini.h"
+
+#include <algorithm>
+#include <istream>
+
+namespace vanzet {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t\r");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+  const bool quoted =
+      text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+IniLine Read(std::string_view text) {
+  using Kind = IniLine::Kind;
+  text = WithoutBlanks(text);
+  if (text.empty() || text.front() == ';' || text.front() == '#') return {Kind::kNothing, {}, {}};
+  if (text.front() == '[') {
+    const std::size_t end = text.find(']');
+    if (end == std::string_view::npos) return {Kind::kOther, {}, {}};
+    return {Kind::kSection, WithoutBlanks(text.substr(1, end - 1)), {}};
+  }
+  const std::size_t equals = text.find('=');
+  if (equals == std::string_view::npos) return {Kind::kOther, {}, {}};
+  return {Kind::kEntry, WithoutBlanks(text.substr(0, equals)),
+          WithoutQuotes(WithoutBlanks(text.substr(equals + 1)))};
+}
+
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+bool IniReader::Next(IniLine& line) {
+  if (!std::getline(text_, buffer_)) return false;
+  std::string_view text = buffer_;
+  if (++lineNumber_ == 1 && text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  line = Read(text);
+  return true;
+}
+
+bool EqualWithoutCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+}  // namespace vanzet

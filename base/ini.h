@@ -1,0 +1,43 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+namespace vanzet {
+
+/// One line of an ini text. The views live until the next line is read.
+struct IniLine {
+  enum class Kind {
+    kNothing,  ///< blank, or a comment: its first character is ';' or '#'
+    kSection,  ///< "[name]"; what follows the bracket does not count
+    kEntry,    ///< "key = value"
+    kOther,    ///< none of these
+  };
+  Kind kind;
+  std::string_view name;   ///< of the section or the key, without blanks around it
+  std::string_view value;  ///< without blanks around it and then without one pair of enclosing quotes
+};
+
+/// Reads an ini text line by line. Lines end with LF or CR LF; a byte order mark at the start is passed over.
+class IniReader {
+ public:
+  /// `text` has to outlive the reader.
+  explicit IniReader(std::istream& text) : text_(text) {}
+
+  /// False at the end.
+  bool Next(IniLine& line);
+
+  /// The number of the line read last, from 1.
+  int LineNumber() const { return lineNumber_; }
+
+ private:
+  std::istream& text_;
+  std::string buffer_;
+  int lineNumber_ = 0;
+};
+
+/// Equal but for the case of the letters A to Z, as sections and keys are compared.
+bool EqualWithoutCase(std::string_view a, std::string_view b);
+
+}  // namespace vanzet

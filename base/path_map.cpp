@@ -1,0 +1,82 @@
+#include "base/path_map.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <system_error>
+
+#include "base/ini.h"
+
+namespace vanzet {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<char> DriveLetter(std::string_view text) {
+  if (text.size() < 2 || text[1] != ':') return std::nullopt;
+  const char letter = text[0];
+  if (letter >= 'A' && letter <= 'Z') return letter;
+  if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
+  return std::nullopt;
+}
+
+/// The entry of `folder` that is `name` but for the case of its letters.
+std::optional<fs::path> MatchWithoutCase(const fs::path& folder, const std::string& name) {
+  std::optional<fs::path> match;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const fs::path found = entry->path().filename();
+    if (EqualWithoutCase(found.string(), name) && (!match || found < *match)) match = found;
+  }
+  return match;
+}
+
+fs::path Descend(const fs::path& folder, const fs::path& part) {
+  std::error_code error;
+  if (fs::exists(fs::symlink_status(folder / part, error))) return folder / part;
+  return folder / MatchWithoutCase(folder, part.string()).value_or(part);
+}
+
+}  // namespace
+
+PathMap PathMap::OfProcess() {
+  const char* drives = std::getenv("VANZET_DRIVES");
+  return PathMap(drives == nullptr ? Drives{} : DrivesFromText(drives));
+}
+
+fs::path PathMap::Resolve(std::string_view text) const {
+  std::string path(text);
+  std::replace(path.begin(), path.end(), '\\', '/');
+  if (const auto letter = DriveLetter(path)) {
+    if (const auto root = drives_.find(*letter); root != drives_.end()) {
+      path = root->second + "/" + path.substr(2);
+    }
+  }
+  fs::path resolved;
+  for (const fs::path& part : fs::path(path)) {
+    resolved = resolved.empty() && part.is_absolute() ? part : Descend(resolved, part);
+  }
+  return resolved;
+}
+
+std::string DrivesText(const PathMap::Drives& drives) {
+  std::string text;
+  for (const auto& [letter, root] : drives) {
+    text += (text.empty() ? "" : ";") + std::string(1, letter) + ":=" + root;
+  }
+  return text;
+}
+
+PathMap::Drives DrivesFromText(std::string_view text) {
+  PathMap::Drives drives;
+  while (!text.empty()) {
+    const std::string_view one = text.substr(0, text.find(';'));
+    text.remove_prefix(std::min(text.size(), one.size() + 1));
+    const auto letter = DriveLetter(one);
+    if (letter && one.size() > 3 && one[2] == '=') drives[*letter] = one.substr(3);
+  }
+  return drives;
+}
+
+}  // namespace vanzet

@@ -1,0 +1,51 @@
+# House rules for targets: one a folder, sources listed, arrows one way.
+
+# What our own code is compiled with, and nothing else is.
+add_library(vanzet_options INTERFACE)
+target_compile_features(vanzet_options INTERFACE cxx_std_20)
+target_compile_options(vanzet_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
+  -Werror)
+if(VANZET_SANITIZE)
+  # The checks of the sanitizers make the compiler see uses of unset values that are not there.
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(vanzet_options INTERFACE ${sanitizers} -Wno-maybe-uninitialized)
+  target_link_options(vanzet_options INTERFACE ${sanitizers})
+endif()
+if(VANZET_COVERAGE)
+  target_compile_options(vanzet_options INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(vanzet_options INTERFACE --coverage)
+endif()
+
+# The library vanzet_FOLDER from the sources of the calling folder.
+#   INCLUDE_ROOT  the folder that its headers are included from
+#   NEEDS         the folders below it in the arrows
+#   USES          libraries from outside
+function(vanzet_library folder)
+  cmake_parse_arguments(ARG "" "INCLUDE_ROOT" "SOURCES;NEEDS;USES" ${ARGN})
+  add_library(vanzet_${folder} STATIC ${ARG_SOURCES})
+  set_target_properties(vanzet_${folder} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(vanzet_${folder} PUBLIC ${ARG_INCLUDE_ROOT})
+  list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
+  target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
+endfunction()
+
+# The test program NAME_test; each of its tests is one test of ctest.
+#   NEEDS        the folders under test
+#   ENVIRONMENT  what the tests find in their environment
+function(vanzet_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;NEEDS;USES;ENVIRONMENT" ${ARGN})
+  add_executable(${name}_test ${ARG_SOURCES})
+  list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
+  target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name}_test PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_options vanzet_test_main)
+  target_compile_definitions(${name}_test PRIVATE
+    VANZET_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANZET_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "${ARG_ENVIRONMENT}")
+  # The whole program once more under a locale with a decimal comma: no number may depend on it.
+  add_test(NAME ${name}.UnderGermanLocale COMMAND ${name}_test --gtest_brief=1)
+  set_tests_properties(${name}.UnderGermanLocale PROPERTIES TIMEOUT 600
+    ENVIRONMENT "VANZET_TEST_LOCALE=de_DE.UTF-8;LOCPATH=${PROJECT_BINARY_DIR}/locales;${ARG_ENVIRONMENT}")
+endfunction()

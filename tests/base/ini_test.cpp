@@ -1,0 +1,64 @@
+#include "base/ini.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <sstream>
+
+namespace vanzet {
+namespace {
+
+using Kind = IniLine::Kind;
+
+/// The first line of a text, with views that stay.
+IniLine FirstLine(const std::string& text) {
+  static std::optional<IniReader> reader;
+  std::istringstream stream(text);
+  IniLine line{Kind::kNothing, {}, {}};
+  EXPECT_TRUE(reader.emplace(stream).Next(line));
+  return line;
+}
+
+TEST(IniReader, TellsSectionsEntriesCommentsAndTheRest) {
+  EXPECT_EQ(FirstLine("[ COMMON ] rest").kind, Kind::kSection);
+  EXPECT_EQ(FirstLine("[ COMMON ] rest").name, "COMMON");
+  EXPECT_EQ(FirstLine(" KEY = some value ").kind, Kind::kEntry);
+  EXPECT_EQ(FirstLine(" KEY = some value ").name, "KEY");
+  EXPECT_EQ(FirstLine(" KEY = some value ").value, "some value");
+  EXPECT_EQ(FirstLine("; KEY=1").kind, Kind::kNothing);
+  EXPECT_EQ(FirstLine("# KEY=1").kind, Kind::kNothing);
+  EXPECT_EQ(FirstLine("  ").kind, Kind::kNothing);
+  EXPECT_EQ(FirstLine("[COMMON").kind, Kind::kOther);
+  EXPECT_EQ(FirstLine("no entry").kind, Kind::kOther);
+}
+
+TEST(IniReader, TakesOnePairOfQuotesOffAValue) {
+  EXPECT_EQ(FirstLine("k=\" a \"").value, " a ");
+  EXPECT_EQ(FirstLine("k='a'").value, "a");
+  EXPECT_EQ(FirstLine("k=\"\"a\"\"").value, "\"a\"");
+  EXPECT_EQ(FirstLine("k=\"a'").value, "\"a'");
+  EXPECT_EQ(FirstLine("k=\"").value, "\"");
+  EXPECT_EQ(FirstLine("k=a=b").value, "a=b");
+  EXPECT_EQ(FirstLine("k=").value, "");
+}
+
+TEST(IniReader, PassesOverAByteOrderMarkAndCarriageReturns) {
+  std::istringstream text("\xEF\xBB\xBF[A]\r\nk=1\r\n");
+  IniReader reader(text);
+  IniLine line;
+  ASSERT_TRUE(reader.Next(line));
+  EXPECT_EQ(line.name, "A");
+  ASSERT_TRUE(reader.Next(line));
+  EXPECT_EQ(line.value, "1");
+  EXPECT_EQ(reader.LineNumber(), 2);
+  EXPECT_FALSE(reader.Next(line));
+}
+
+TEST(EqualWithoutCase, ComparesLettersOfTheAlphabetOnly) {
+  EXPECT_TRUE(EqualWithoutCase("Common", "cOMMON"));
+  EXPECT_FALSE(EqualWithoutCase("Common", "Commons"));
+  EXPECT_FALSE(EqualWithoutCase("[", "{"));
+}
+
+}  // namespace
+}  // namespace vanzet
