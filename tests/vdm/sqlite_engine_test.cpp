@@ -133,14 +133,36 @@ TEST_F(SqliteStore, IsNotMadeInAFolderWithoutAWritePermission) {
   std::filesystem::permissions(folder.path(), Perms::owner_all);
 }
 
-TEST_F(SqliteStore, KeepsTheOldStateWhenTheDiskIsFull) {
-  Write(1, {{"old"}});
-  const Records large(100, {std::string(4000, 'x')});
+TEST_F(SqliteStore, KeepsTheOldStateWheneverTheDiskGetsFull) {
+  const Records large(30, {std::string(4000, 'x')});
+  Write(1, {{"old"}, {"older"}});
+  int pages = 1;
+  for (; pages < 100; ++pages) {
+    const auto written = SqliteEngine(file, {.maxPages = pages}).Write(Number{1}, VdmOf(large));
+    if (written) break;
+    EXPECT_EQ(Told(written), file.string() + ": the disk is full");
+    EXPECT_EQ(Read(1), (Records{{"old"}, {"older"}}));
+    EXPECT_EQ(Sql("SELECT count(*) FROM record"), "2");
+  }
+  EXPECT_EQ(Read(1), large);
+  EXPECT_GT(pages, 30) << "the disk was hardly ever full";
+}
+
+TEST_F(SqliteStore, StaysEmptyWheneverTheDiskGetsFullBeforeTheFirstWriteIsDone) {
+  int pages = 1;
+  for (; pages < 100; ++pages) {
+    const auto written = SqliteEngine(file, {.maxPages = pages}).Write(Number{1}, VdmOf({{"a"}}));
+    if (written) break;
+    EXPECT_EQ(Told(written), file.string() + ": the disk is full");
+    EXPECT_TRUE(Get(SqliteEngine(file).Numbers()).empty());
+  }
+  EXPECT_EQ(Read(1), Records{{"a"}});
+  EXPECT_GT(pages, 2) << "the disk was hardly ever full";
+}
+
+TEST_F(SqliteStore, IsUsedOnAfterAFullDisk) {
   SqliteEngine engine(file, {.maxPages = 20});
-  EXPECT_EQ(Told(engine.Write(Number{1}, VdmOf(large))), file.string() + ": the disk is full");
-  EXPECT_EQ(Told(engine.Write(Number{2}, VdmOf(large))), file.string() + ": the disk is full");
-  EXPECT_EQ(RecordsOf(*Get(engine.Read(Number{1}))), Records{{"old"}});
-  EXPECT_FALSE(Get(engine.Exists(Number{2})));
+  EXPECT_FALSE(engine.Write(Number{1}, VdmOf(Records(100, {std::string(4000, 'x')}))));
   EXPECT_EQ(Told(engine.Write(Number{1}, VdmOf({{"small"}}))), "");
   EXPECT_EQ(Read(1), Records{{"small"}});
 }
