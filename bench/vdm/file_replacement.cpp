@@ -34,12 +34,16 @@ Result<FileReplacement> FileReplacement::Begin(const std::filesystem::path& file
   struct stat old = {};
   const bool isThere = stat(file.c_str(), &old) == 0;
   if (isThere && !S_ISREG(old.st_mode)) return Fault{"is no regular file", file.string()};
-  if (IsReadOnly(file)) return Fault{"is read-only", file.string()};
-  std::filesystem::path beside = file;
+  // A link stays one: what it leads to is replaced.
+  std::error_code failure;
+  std::filesystem::path target = isThere ? std::filesystem::canonical(file, failure) : file;
+  if (failure) return CannotBeWritten(file, failure.value());
+  if (IsReadOnly(target)) return Fault{"is read-only", file.string()};
+  std::filesystem::path beside = target;
   beside += ".new-" + std::to_string(getpid());
   const int descriptor = open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (descriptor < 0) return CannotBeWritten(file, errno);
-  FileReplacement replacement(file, std::move(beside), descriptor);
+  FileReplacement replacement(std::move(target), std::move(beside), descriptor);
   if (isThere && fchmod(descriptor, old.st_mode & 07777) != 0) return CannotBeWritten(file, errno);
   return replacement;
 }

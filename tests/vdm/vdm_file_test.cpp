@@ -1,5 +1,6 @@
 #include "vdm/vdm_file.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -44,7 +45,6 @@ class VdmFile : public testing::Test {
   const std::filesystem::path file = folder / "a.vdm";
 };
 
-// The worked example of docs/formats/vdm.md.
 const Records kExample = {{"Billet definition", "100", "0.000000 80.000000"},
                           {"Main Spindle", "D:\\x\ny", ""}};
 const std::string kExampleText =
@@ -63,6 +63,11 @@ TEST_F(VdmFile, IsWrittenAsTheFormatTells) {
   EXPECT_EQ(Write(kExample), kExampleText);
   EXPECT_EQ(Write({}), "vdm 1\nend 0\n");
   EXPECT_EQ(Write({{}}), "vdm 1\nrecord\nend 1\n");
+}
+
+TEST_F(VdmFile, IsTheWorkedExampleOfItsPage) {
+  const std::string page = test::ReadBytes(VANZET_SOURCE_DIR "/docs/formats/vdm.md");
+  EXPECT_THAT(page, testing::HasSubstr("```\n" + kExampleText + "```\n"));
 }
 
 TEST_F(VdmFile, IsReadAsItWasWritten) {
@@ -190,6 +195,15 @@ TEST_F(VdmFile, IsReplacedWithItsPermissionsAndNothingIsLeftBesideIt) {
   Write(kExample);
   EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0640));
   EXPECT_EQ(Names(), std::vector<std::string>{"a.vdm"});
+}
+
+TEST_F(VdmFile, IsReplacedWhereALinkLeads) {
+  const auto target = folder / "elsewhere/b.vdm";
+  test::WriteBytes(target, "old");
+  std::filesystem::create_symlink(target, file);
+  Write(kExample);
+  EXPECT_TRUE(std::filesystem::is_symlink(file));
+  EXPECT_EQ(test::ReadBytes(target), kExampleText);
 }
 
 TEST_F(VdmFile, StaysAsItWasWhenARecordCannotBeFetched) {
