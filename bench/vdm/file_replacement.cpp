@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "vdm/read_only.h"
+#include "vdm/system_reason.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -16,7 +17,7 @@ namespace {
 constexpr std::size_t kPendingLimit = 1 << 16;
 
 Fault CannotBeWritten(const std::filesystem::path& file, int error) {
-  return {"cannot be written: " + std::generic_category().message(error), file.string()};
+  return {"cannot be written: " + SystemReason(error), file.string()};
 }
 
 /// Puts the folder's entries on the disk: until then a rename can be undone by a power failure.

@@ -7,8 +7,7 @@ namespace vanzet::vdm {
 /// A VDM that is open, with the one position that reading and writing go by.
 ///
 /// Shape    a current record and an item position in it; 0 and 0 at first
-/// Errors   a text that is no item, or a record that cannot be fetched: nothing is changed, the position
-/// stays
+/// Errors   a text that is no item, or a record that cannot be fetched: nothing changes, the position stays
 ///
 /// A position where no record stands, one past the last included, leaves no current record: reads give the
 /// empty text, changes of items and removals do nothing.

@@ -21,6 +21,8 @@ enum class Handle : std::uint32_t {};
 /// Numbers  any: those that no VDM can have do not exist, and are refused where one is to be made or opened
 /// Handles  any: one that is not open, or not any more, has no records and closes without a fault
 /// Errors   a fault, and everything is as it was (but see `Close`)
+/// Threads  one; not to be carried over a fork
+/// Source   docs/formats/store.md
 class VdmStore {
  public:
   /// The store of a project: `store.db` and `store.lock` in its folder.
@@ -39,8 +41,8 @@ class VdmStore {
   /// Refused when there is none or it is open, here or elsewhere.
   Result<Handle> Open(std::int64_t number);
 
-  /// Writes what was changed. On a fault the last closed state stays; the handle and the lock are gone all
-  /// the same.
+  /// Writes what was changed. On a fault the last closed state stays, and the work since is lost: the handle
+  /// and the lock are gone all the same.
   Result<void> Close(Handle handle);
 
   /// Refused when it is open, here or elsewhere; silent when there is none.
@@ -56,7 +58,8 @@ class VdmStore {
   Result<Vdm> Snapshot(std::int64_t number) const;
 
   /// Puts `content` in the place of what the number held, or makes it. Refused when it is open, here or
-  /// elsewhere. Requires: `content` is tied to no store, as `Snapshot` and the readers of files give it.
+  /// elsewhere.
+  /// Requires: `content` is tied to no store, as `Snapshot` and the readers of files give it.
   Result<void> Replace(std::int64_t number, const Vdm& content);
 
   /// What is kept, rising. A VDM that was created and not closed is not among them.

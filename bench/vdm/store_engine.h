@@ -10,13 +10,11 @@ namespace vanzet::vdm {
 /// Keeps closed VDMs, for this process and others. Who may write which VDM is not its business: see VdmLocks.
 ///
 /// Shape      numbers, each with the last content written under it
-/// Owns       what it keeps; a VDM that it gave fetches records from it, so the engine has to outlive that
-/// VDM Atomicity  a write or removal happens wholly or not at all, also when the process or the machine dies
-/// on the
+/// Owns       what it keeps; it has to outlive the VDMs that it opened, which fetch their records from it
+/// Atomicity  a write or removal happens wholly or not at all, though the process or the machine dies on the
 ///            way; a read sees one state, never parts of two
-/// Errors     a fault that names the store; what is kept is then as it was. Nothing is retried but a store
-/// that
-///            another process is just writing, which is waited for
+/// Errors     a fault that names the store; what is kept is then as it was. A store that another process is
+///            just writing is waited for, nothing else is tried again
 class StoreEngine {
  public:
   StoreEngine() = default;

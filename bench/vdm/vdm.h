@@ -19,8 +19,7 @@ using RecordLoader = std::function<Result<Record>(RecordKey)>;
 ///
 /// Shape    records from 0, each a list of items from 0
 /// Owns     the records it has touched; others stay in their store until they are read or edited
-/// Errors   a record that cannot be fetched is a fault each time it is asked for, and stays in the store as
-/// it is
+/// Errors   a record that cannot be fetched is a fault each time it is asked for; the store keeps it as it is
 class Vdm {
  public:
   /// One record and what a store must know to keep it.
@@ -35,8 +34,7 @@ class Vdm {
   /// An empty VDM that no store keeps yet.
   Vdm() = default;
 
-  /// A VDM whose records a store keeps under `keys`. It is not to be used when `load` cannot be called any
-  /// more.
+  /// A VDM whose records a store keeps under `keys`. It can be used as long as `load` can.
   Vdm(const std::vector<RecordKey>& keys, RecordLoader load);
 
   std::size_t Size() const { return entries_.Size(); }

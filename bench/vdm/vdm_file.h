@@ -8,17 +8,14 @@
 
 namespace vanzet::vdm {
 
-/// VDMs as text files, fit for a diff. Source: docs/formats/vdm.md
-///
-/// Errors   a fault with the file and, from reading, the line; reading refuses a file whole, writing leaves
-/// the
-///          old file as it was
+// VDMs as text files, fit for a diff: see docs/formats/vdm.md.
 
-/// Reads the text of a VDM; `name` stands for the file in faults.
+/// Reads the text of a VDM, whole or not at all; `name` stands for the file in faults, which tell the line.
 Result<Vdm> ReadVdm(std::istream& text, std::string_view name);
 Result<Vdm> ReadVdmFile(const std::filesystem::path& file);
 
-/// Writes a VDM in the place of what the file held: wholly or not at all, and on the disk when this returns.
+/// Writes a VDM in the place of what the file held; it is on the disk when this returns. On a fault the old
+/// file stays as it was.
 Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content);
 
 }  // namespace vanzet::vdm

@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 
 #include "vdm/read_only.h"
+#include "vdm/system_reason.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -54,7 +54,7 @@ Result<bool> VdmLocks::HeldElsewhere(Number number) const {
 
 Result<void> VdmLocks::OpenForTaking() {
   if (descriptor_ >= 0) return {};
-  if (IsReadOnly(file_)) return FaultOf(EROFS);
+  if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
   descriptor_ = open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
   if (descriptor_ < 0) return FaultOf(errno);
   return {};
@@ -67,7 +67,7 @@ void VdmLocks::Release(Number number) {
 }
 
 Fault VdmLocks::FaultOf(int error) const {
-  return {"cannot be locked: " + std::generic_category().message(error), file_.string()};
+  return {"cannot be locked: " + SystemReason(error), file_.string()};
 }
 
 }  // namespace vanzet::vdm

@@ -192,6 +192,42 @@ TEST_F(Store, ReadsAndClosesUnchangedWhereItCannotWrite) {
   EXPECT_EQ(Content(1), Records{{"a"}});
 }
 
+/// An engine that notes whether the VDM was locked each time it was opened or written.
+class WatchingEngine : public test::MemoryEngine {
+ public:
+  WatchingEngine(const std::filesystem::path& lockFile, std::vector<bool>& locked)
+      : locks_(lockFile), locked_(locked) {}
+
+  Result<std::optional<Vdm>> Open(Number number) override {
+    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    return MemoryEngine::Open(number);
+  }
+  Result<void> Write(Number number, const Vdm& content) override {
+    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    return MemoryEngine::Write(number, content);
+  }
+  Result<void> Remove(Number number) override {
+    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    return MemoryEngine::Remove(number);
+  }
+
+ private:
+  VdmLocks locks_;
+  std::vector<bool>& locked_;
+};
+
+TEST(StoreUnderWatch, OpensWritesAndRemovesUnderTheLockOnly) {
+  const test::TemporaryFolder folder;
+  std::vector<bool> locked;
+  VdmStore store(std::make_unique<WatchingEngine>(folder / "store.lock", locked), folder / "store.lock");
+  EXPECT_EQ(Told(store.Replace(1, VdmOf({{"a"}}))), "");
+  const Handle handle = Get(store.Open(1));
+  EXPECT_TRUE(store.Find(handle)->SingleAdd("b"));
+  EXPECT_EQ(Told(store.Close(handle)), "");
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  EXPECT_EQ(locked, std::vector<bool>(4, true));
+}
+
 /// An engine whose n-th call fails.
 class FailingEngine : public test::MemoryEngine {
  public:

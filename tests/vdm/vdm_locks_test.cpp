@@ -75,7 +75,7 @@ TEST_F(Locks, AreAskedAndNotTakenInAReadOnlyFolder) {
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0500));
   VdmLocks locks(file);
   EXPECT_TRUE(Get(locks.HeldElsewhere(kNumber)));
-  EXPECT_EQ(Told(locks.Take(Number{1})), file.string() + ": cannot be locked: Read-only file system");
+  EXPECT_EQ(Told(locks.Take(Number{1})), file.string() + ": is read-only");
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0700));
 }
 
