@@ -1,6 +1,7 @@
 #include "cli/application.h"
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <exception>
 #include <iostream>
 
@@ -44,6 +45,8 @@ int Work(Context& context) {
 }  // namespace
 
 int Run(int argc, const char* const* argv) {
+  // A limit on the size of files is then a fault to be told, like a full disk.
+  std::signal(SIGXFSZ, SIG_IGN);
   const auto context = MakeContext();
   CLI::App app("Defines, checks and exports what holds the work on a turning or mill-turn machine.",
                "vanzet");
