@@ -14,7 +14,7 @@ class VdmCommands : public testing::Test {
   std::string Line(const std::string& verb, const std::string& file, const std::string& rest) const {
     return "vdm " + verb + " '" + (folder / file).string() + "' " + rest;
   }
-  Result<void> Do(const std::string& line) { return Run(line, surroundings); }
+  Result<void> Do(const std::string& line) { return language::Run(line, surroundings); }
 
   /// Puts the text of a VDM under a number.
   void Keep(const std::string& text, const std::string& number) {
@@ -87,9 +87,10 @@ TEST_F(VdmCommands, ASaveOfAMissingVdmFailsAndSetsMinusOne) {
 TEST_F(VdmCommands, ALineThatIsWrongChangesNothing) {
   Keep(kSample, "1000");
   ASSERT_TRUE(variables.Set("i_ret", 5));
-  for (const char* line : {"vdm load", "vdm load x.vdm i_ret 7", "vdm load 'x.vdm' w_ret 7", "vdm load 'x.vdm' i_ret",
-                           "vdm load 'x.vdm' i_ret seven", "vdm load 'x.vdm' i_ret i_none",
-                           "vdm load 'x.vdm' i_ret 1000 more", "vdm", "vdm delete 1000", "", "rubbish"}) {
+  for (const char* line :
+       {"vdm load", "vdm load x.vdm i_ret 7", "vdm load 'x.vdm' w_ret 7", "vdm load 'x.vdm' i_ret",
+        "vdm load 'x.vdm' i_ret seven", "vdm load 'x.vdm' i_ret i_none", "vdm load 'x.vdm' i_ret 1000 more",
+        "vdm", "vdm delete 1000", "", "rubbish"}) {
     const auto run = Do(line);
     ASSERT_FALSE(run) << line;
     EXPECT_GT(run.fault().column, 0) << line;
