@@ -1,4 +1,5 @@
 #include "run_vanzet.h"
+#include "support/golden.h"
 
 namespace vanzet::test {
 namespace {
@@ -16,8 +17,7 @@ TEST_F(VdmCommand, SavesAndLoadsADefinition) {
   const Outcome saved = Vanzet("vdm save lathe 1000 job.vdm");
   EXPECT_EQ(saved.status, 0);
   EXPECT_THAT(saved.out, HasSubstr("saved VDM 1000, 18 records, to "));
-  EXPECT_THAT(ReadBytes(folder / "job.vdm"),
-              StartsWith("vdm 1\nrecord\n.1 1 1 2\n.Billet definition\n.100\nrecord\n.2 1 4 1 3 2 4\n"));
+  EXPECT_GOLDEN(ReadBytes(folder / "job.vdm"), "cli/definition_new.vdm");
   EXPECT_EQ(Vanzet("vdm load lathe job.vdm 77").status, 0);
   EXPECT_EQ(Vanzet("items lathe --vdm 77").out, Items());
 }
