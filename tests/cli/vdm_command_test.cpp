@@ -68,7 +68,7 @@ TEST_F(VdmCommand, RefusesADefinitionThatIsCutShortAnywhere) {
   const std::string before = Items();
   Vanzet("vdm save lathe 1000 whole.vdm");
   const std::string whole = ReadBytes(folder / "whole.vdm");
-  for (std::size_t length = 0; length + 1 < whole.size(); length += 37) {
+  for (std::size_t length = 0; length < whole.size(); length += 37) {
     WriteBytes(folder / "cut.vdm", whole.substr(0, length));
     const Outcome loaded = Vanzet("vdm load lathe cut.vdm 1000");
     EXPECT_EQ(loaded.status, 1) << length;

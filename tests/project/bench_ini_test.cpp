@@ -32,7 +32,9 @@ TEST(BenchIni, MindsTheCaseOfVariablesOnly) {
   EXPECT_EQ(ini->environment.at("tmp").value, "1") << "the first of equal keys counts";
 }
 
-TEST(BenchIni, MayBeEmpty) { EXPECT_TRUE(ReadBenchIni("", "bench.ini")); }
+TEST(BenchIni, MayBeEmpty) {
+  EXPECT_TRUE(ReadBenchIni("", "bench.ini"));
+}
 
 TEST(BenchIni, TellsTheLineOfWhatItDoesNotUnderstand) {
   EXPECT_EQ(FaultOf("\nrubbish\n"), "bench.ini:2: expected '[section]' or 'key = value'");

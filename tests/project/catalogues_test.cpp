@@ -23,7 +23,8 @@ std::string Places(const std::string& text) {
 class Catalogue : public testing::TestWithParam<const char*> {
  protected:
   MessageCatalogue Read() const {
-    const std::filesystem::path file = std::string(VANZET_SOURCE_DIR "/share/messages/") + GetParam() + ".txt";
+    const std::filesystem::path file =
+        std::string(VANZET_SOURCE_DIR "/share/messages/") + GetParam() + ".txt";
     const auto text = ReadTextFile(file, file.string());
     EXPECT_TRUE(text);
     auto messages = ReadMessageCatalogue(*text, file.string());

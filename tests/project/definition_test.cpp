@@ -20,14 +20,16 @@ Definition Read(const std::string& records, int count) {
   return *definition;
 }
 
-Operation ReadOne(const std::string& items) { return Read("record\n" + items, 1).operations.at(0); }
+Operation ReadOne(const std::string& items) {
+  return Read("record\n" + items, 1).operations.at(0);
+}
 
 TEST(ReadDefinition, DividesEachRecordIntoSections) {
   const Operation operation = ReadOne(".2 1 4 1 3 0 1\n.Main Spindle\n.a\n.b\n.c\n.d\n");
   EXPECT_EQ(operation.kind, 2);
   EXPECT_TRUE(operation.flag);
-  EXPECT_THAT(operation.sections,
-              ElementsAre(ElementsAre("Main Spindle"), ElementsAre("a", "b", "c"), ElementsAre(), ElementsAre("d")));
+  EXPECT_THAT(operation.sections, ElementsAre(ElementsAre("Main Spindle"), ElementsAre("a", "b", "c"),
+                                              ElementsAre(), ElementsAre("d")));
   EXPECT_EQ(operation.Label(), "Main Spindle");
   EXPECT_EQ(operation.damage, "");
 }

@@ -22,8 +22,9 @@ TEST_F(MachineIni, TellsTheCountOfSpurs) {
 }
 
 TEST_F(MachineIni, HasOneSpurWhereItSaysNothingSensible) {
-  for (const char* text : {"", "[COMMON]\n", "[COMMON]\nNR_SPINDEL_SPUR=0\n", "[COMMON]\nNR_SPINDEL_SPUR=51\n",
-                           "[COMMON]\nNR_SPINDEL_SPUR=two\n", "[COMMON]\n[common]\nNR_SPINDEL_SPUR=2\n"}) {
+  for (const char* text :
+       {"", "[COMMON]\n", "[COMMON]\nNR_SPINDEL_SPUR=0\n", "[COMMON]\nNR_SPINDEL_SPUR=51\n",
+        "[COMMON]\nNR_SPINDEL_SPUR=two\n", "[COMMON]\n[common]\nNR_SPINDEL_SPUR=2\n"}) {
     EXPECT_EQ(*Spurs(text), 1) << text;
   }
 }

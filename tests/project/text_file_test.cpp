@@ -26,7 +26,9 @@ TEST_F(TextFile, ThatIsNotThereIsToldByName) {
   EXPECT_TRUE(Read().fault().Told().starts_with("a.ini: cannot be read")) << Read().fault().Told();
 }
 
-TEST_F(TextFile, ThatIsAFolderIsRefused) { EXPECT_FALSE(ReadTextFile(folder.path(), "x")); }
+TEST_F(TextFile, ThatIsAFolderIsRefused) {
+  EXPECT_FALSE(ReadTextFile(folder.path(), "x"));
+}
 
 TEST_F(TextFile, WithAControlCharacterIsRefusedWithItsLine) {
   for (const char control : {'\0', '\x1B', '\x7F'}) {
