@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <map>
 
 #include "cli/commands.h"
@@ -7,8 +8,9 @@
 namespace vanzet::cli {
 namespace {
 
-/// What may stand behind some words of the command line: commands and options.
-using Choices = std::map<std::string, std::string>;
+/// What may stand behind some words of the command line: commands and options. Longer words come first, so
+/// that a shell that takes the first that fits takes "vdm save" before "vdm".
+using Choices = std::map<std::string, std::string, std::greater<>>;
 
 void Collect(const CLI::App& app, const std::string& words, Choices& choices) {
   std::string& here = choices[words];
