@@ -36,7 +36,7 @@ std::optional<double> WholeReal(std::string_view text);
 /// As the C library's `atoi`: 0 where no number stands; what does not fit becomes the nearest that does.
 std::int32_t IntegerOrZero(std::string_view text);
 
-/// As the C library's `atof`: 0 where no number stands.
+/// As the C library's `atof`, but for numbers that no double holds: 0 for them, and where no number stands.
 double RealOrZero(std::string_view text);
 
 }  // namespace vanzet

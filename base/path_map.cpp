@@ -12,6 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Below a file that is no folder nothing is, and nothing can be made.
+constexpr std::string_view kNowhere = "/dev/null/";
+
 std::optional<char> DriveLetter(std::string_view text) {
   if (text.size() < 2 || text[1] != ':') return std::nullopt;
   const char letter = text[0];
@@ -49,15 +52,20 @@ fs::path PathMap::Resolve(std::string_view text) const {
   std::string path(text);
   std::replace(path.begin(), path.end(), '\\', '/');
   if (const auto letter = DriveLetter(path)) {
-    if (const auto root = drives_.find(*letter); root != drives_.end()) {
-      path = root->second + "/" + path.substr(2);
-    }
+    const auto root = drives_.find(*letter);
+    path =
+        (root == drives_.end() ? std::string(kNowhere) + path[0] + ":" : root->second) + "/" + path.substr(2);
   }
   fs::path resolved;
   for (const fs::path& part : fs::path(path)) {
     resolved = resolved.empty() && part.is_absolute() ? part : Descend(resolved, part);
   }
   return resolved;
+}
+
+std::string_view DriveOf(std::string_view path) {
+  if (path.starts_with('/')) return path.substr(0, 1);
+  return DriveLetter(path) ? path.substr(0, 2) : std::string_view();
 }
 
 std::string DrivesText(const PathMap::Drives& drives) {

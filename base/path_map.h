@@ -11,7 +11,9 @@ namespace vanzet {
 /// and messages keep the path as it was.
 ///
 ///   - a backslash is a separator;
-///   - "X:" stands for the root that the table of drives gives; an unlisted drive leads nowhere;
+///   - "X:" stands for the root that the table of drives gives; an unlisted drive leads nowhere, to a place
+///   where
+///     nothing is and nothing can be made;
 ///   - a part that does not exist exactly is taken without regard to the case of its letters A to Z; where
 ///     several match, the first in the order of bytes.
 class PathMap {
@@ -31,6 +33,9 @@ class PathMap {
  private:
   Drives drives_;
 };
+
+/// What a path text begins with: "X:" for a drive, "/" for a path from the root, else nothing.
+std::string_view DriveOf(std::string_view path);
 
 /// The table of drives as one text, "D:=/data;E:=/mnt/e", the form of VANZET_DRIVES.
 std::string DrivesText(const PathMap::Drives& drives);

@@ -5,6 +5,8 @@
 #include <utility>
 #include <variant>
 
+#include "base/one_line.h"
+
 namespace vanzet {
 
 /// Why something could not be done, told for the person who can mend it.
@@ -15,13 +17,13 @@ struct Fault {
   int line = 0;
   int column = 0;
 
-  /// One line: "machine.ini:14:3: expected a number, found 'x'".
+  /// One line, whatever it quotes: "machine.ini:14:3: expected a number, found 'x'".
   std::string Told() const {
     std::string told = file;
     for (const int place : {line, column}) {
       if (place > 0) told += (told.empty() ? "" : ":") + std::to_string(place);
     }
-    return told.empty() ? text : told + ": " + text;
+    return OneLine(told.empty() ? text : told + ": " + text);
   }
 };
 

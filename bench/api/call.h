@@ -36,35 +36,42 @@ bool Told(Host& host, const Result<T>& result) {
   return static_cast<bool>(result);
 }
 
+/// How a result stands in the trace: addresses and nothing are null.
+template <class R>
+Json Traced(const R& result) {
+  if constexpr (std::is_same_v<R, const char*>) {
+    return TextOf(result);
+  } else if constexpr (std::is_pointer_v<R>) {
+    return nullptr;
+  } else {
+    return result;
+  }
+}
+
 /// Runs `work(host, out)` for the function `name`; what the call writes through pointers it puts into `out`.
 /// Without a host, or when something is thrown, the result is zero.
 template <class Work>
 auto Answer(const char* name, const Json& arguments, Work work) {
   using R = std::invoke_result_t<Work, Host&, Json&>;
-  constexpr bool kHasResult = !std::is_void_v<R>;
-  std::conditional_t<kHasResult, R, bool> result{};
-  Host* const host = HostInForce();
-  if (host == nullptr) return R(result);
-  Json out = Json::array();
-  try {
-    if constexpr (kHasResult) {
+  if constexpr (std::is_void_v<R>) {
+    // The same with an address for a result, which nobody is given.
+    static_cast<void>(Answer(name, arguments, [&](Host& host, Json& out) -> void* {
+      work(host, out);
+      return nullptr;
+    }));
+  } else {
+    R result{};
+    Host* const host = HostInForce();
+    if (host == nullptr) return result;
+    Json out = Json::array();
+    try {
       result = work(*host, out);
-    } else {
-      work(*host, out);
+    } catch (const std::exception& error) {
+      host->panel.Tell(Fault{error.what(), name});
     }
-  } catch (const std::exception& error) {
-    host->panel.Tell(Fault{error.what(), name});
+    if (host->trace) Told(*host, host->trace->Write(name, arguments, Traced(result), out));
+    return result;
   }
-  if (host->trace) {
-    Json traced;
-    if constexpr (std::is_same_v<R, const char*>) {
-      traced = TextOf(result);
-    } else if constexpr (kHasResult && !std::is_pointer_v<R>) {
-      traced = result;
-    }
-    host->trace->Write(name, arguments, traced, out);
-  }
-  return R(result);
 }
 
 }  // namespace vanzet::api

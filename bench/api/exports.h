@@ -14,7 +14,8 @@
 extern "C" {
 
 /// What a call of a function that is not there gives: zero where an integer, an address or a real is
-/// expected. The two members are returned in the two registers that one of these would come in.
+/// expected. On x86-64 the two members are returned in the two registers that one of these would come in; a
+/// port to another machine has to look at this.
 struct OrvoNothing {
   std::int64_t integer;
   double real;

@@ -32,9 +32,8 @@ void Write(Host& host, std::string_view name, T value, std::int32_t* ok, Json& o
 extern "C" {
 
 void OrvoCommand(const char* line) {
-  // A fault is on the panel already; nobody looks at the result of a command.
-  Answer("OrvoCommand", {TextOf(line)},
-         [&](Host& host, Json&) { static_cast<void>(host.Command(TextOf(line))); });
+  // A module never learns what became of a line; the panel does.
+  Answer("OrvoCommand", {TextOf(line)}, [&](Host& host, Json&) { Told(host, host.Command(TextOf(line))); });
 }
 
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok) {

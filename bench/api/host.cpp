@@ -22,10 +22,10 @@ Result<void> Host::Command(std::string_view line) {
   language::Surroundings surroundings{variables, store, project.paths()};
   const auto run = language::Run(line, surroundings);
   if (run) return run;
-  Fault fault = run.fault();
-  if (fault.file.empty()) fault.file = "'" + std::string(line) + "'";
-  panel.Tell(fault);
-  return fault;
+  const std::string quoted = "'" + std::string(line) + "'";
+  const Fault& fault = run.fault();
+  if (!fault.file.empty()) return Fault{fault.Told(), quoted};
+  return Fault{fault.text, quoted, fault.line, fault.column};
 }
 
 std::string Host::Environment(std::string_view key) {

@@ -22,7 +22,7 @@ class Host {
   /// `trace` may be null: calls are then not written down.
   Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<Trace> trace);
 
-  /// Runs a line of the macro language; a fault is told on the panel, with the line.
+  /// Runs a line of the macro language. A fault names the line, and what it is about.
   Result<void> Command(std::string_view line);
 
   /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.

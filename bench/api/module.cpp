@@ -23,7 +23,8 @@ Fault LoaderFault(const fs::path& module) {
 }  // namespace
 
 Result<fs::path> FindModule(const fs::path& program) {
-  if (const char* const named = getenv("VANZET_MODULE")) return fs::path(named);
+  const char* const named = getenv("VANZET_MODULE");
+  if (named != nullptr && *named != '\0') return fs::path(named);
   const fs::path beside = program.parent_path() / kModuleFile;
   const fs::path inLib = program.parent_path().parent_path() / "lib" / kModuleFile;
   std::error_code error;

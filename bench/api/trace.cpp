@@ -3,15 +3,21 @@
 namespace vanzet::api {
 
 Result<std::unique_ptr<Trace>> Trace::To(const std::filesystem::path& file) {
+  std::error_code unknown;
+  if (std::filesystem::is_fifo(file, unknown))
+    return Fault{"is a pipe, and no trace can go there", file.string()};
   std::ofstream stream(file, std::ios::binary);
   if (!stream.is_open()) return Fault{"the trace cannot be written there", file.string()};
-  return std::unique_ptr<Trace>(new Trace(std::move(stream)));
+  return std::unique_ptr<Trace>(new Trace(file.string(), std::move(stream)));
 }
 
-void Trace::Write(const char* call, const Json& arguments, const Json& result, const Json& out) {
+Result<void> Trace::Write(const char* call, const Json& arguments, const Json& result, const Json& out) {
+  if (!stream_) return {};
   Json line = {{"call", call}, {"args", arguments}, {"result", result}};
   if (!out.empty()) line["out"] = out;
   stream_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
+  if (stream_) return {};
+  return Fault{"the trace cannot be written any further", file_};
 }
 
 }  // namespace vanzet::api

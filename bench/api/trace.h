@@ -17,13 +17,16 @@ using Json = nlohmann::ordered_json;
 /// the result under "out", in the order of the pointers. Bytes that are no UTF-8 become U+FFFD.
 class Trace {
  public:
+  /// Refused for what would keep a writer waiting, as a pipe does.
   static Result<std::unique_ptr<Trace>> To(const std::filesystem::path& file);
 
-  void Write(const char* call, const Json& arguments, const Json& result, const Json& out);
+  /// A fault the first time that a line cannot be written; what follows is not written any more.
+  Result<void> Write(const char* call, const Json& arguments, const Json& result, const Json& out);
 
  private:
-  explicit Trace(std::ofstream stream) : stream_(std::move(stream)) {}
+  Trace(std::string file, std::ofstream stream) : file_(std::move(file)), stream_(std::move(stream)) {}
 
+  std::string file_;
   std::ofstream stream_;
 };
 

@@ -1,9 +1,11 @@
 #include "cli/application.h"
 
+#include <fcntl.h>
+
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <csignal>
 #include <exception>
-#include <iostream>
 
 #include "cli/commands.h"
 #include "cli/context.h"
@@ -31,6 +33,23 @@ class Help : public CLI::Formatter {
   }
 };
 
+/// A stream that the caller has closed is taken up by nothing else: what is written there fails, as it
+/// should.
+void KeepStandardStreams() {
+  for (int descriptor = 0; descriptor < 3; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) < 0 && errno == EBADF) open("/dev/null", O_RDONLY | O_CLOEXEC);
+  }
+}
+
+/// A first word that is no command, or nothing.
+std::string UnknownCommand(const CLI::App& app, int argc, const char* const* argv) {
+  const std::string first = argc > 1 ? argv[1] : "";
+  if (argc < 2 || first.starts_with('-')) return "";
+  const auto commands =
+      app.get_subcommands([&](const CLI::App* command) { return command->get_name() == first; });
+  return commands.empty() ? "'" + first + "'" : "";
+}
+
 int Work(Context& context) {
   try {
     const auto done = context.run();
@@ -45,6 +64,7 @@ int Work(Context& context) {
 }  // namespace
 
 int Run(int argc, const char* const* argv) {
+  KeepStandardStreams();
   // A limit on the size of files is then a fault to be told, like a full disk.
   std::signal(SIGXFSZ, SIG_IGN);
   const auto context = MakeContext();
@@ -58,6 +78,10 @@ int Run(int argc, const char* const* argv) {
   app.set_version_flag("--version", "vanzet " VANZET_VERSION);
   app.require_subcommand(1);
   for (const auto add : kCommands) add(app, *context);
+  if (const std::string unknown = UnknownCommand(app, argc, argv); !unknown.empty()) {
+    context->panel.Tell(Fault{"there is no command " + unknown + "; 'vanzet --help' lists them"});
+    return kWrongUsage;
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

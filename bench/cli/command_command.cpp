@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <iostream>
 
 #include "cli/commands.h"
@@ -12,14 +11,6 @@ struct Arguments {
   std::vector<std::string> words;
 };
 
-/// The project is the first word when it names a folder and others follow.
-Operands SplitLines(const std::vector<std::string>& words) {
-  std::error_code error;
-  const bool named = words.size() > 1 && std::filesystem::is_directory(words.front(), error);
-  if (!named) return {".", words};
-  return {words.front(), {words.begin() + 1, words.end()}};
-}
-
 std::vector<std::string> LinesOf(std::istream& input) {
   std::vector<std::string> lines;
   for (std::string line; std::getline(input, line);) {
@@ -30,14 +21,18 @@ std::vector<std::string> LinesOf(std::istream& input) {
 }
 
 Result<void> Command(const Arguments& arguments, Context& context) {
-  const Operands operands = SplitLines(arguments.words);
+  const SplitWords operands = SplitProject(arguments.words);
   const auto session = OpenSession(operands.project, "", context);
   if (!session) return session.fault();
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
   const std::vector<std::string> lines = fromInput ? LinesOf(std::cin) : operands.words;
+  if (lines.size() == 1) return (*session)->host->Command(lines.front());
   std::size_t failed = 0;
   for (const std::string& line : lines) {
-    if (!(*session)->host->Command(line)) ++failed;
+    const auto run = (*session)->host->Command(line);
+    if (run) continue;
+    context.panel.Tell(run.fault());
+    ++failed;
   }
   if (failed == 0) return {};
   return Fault{std::to_string(failed) + " of " + Counted(lines.size(), "line") + " failed"};

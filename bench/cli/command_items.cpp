@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "vdm/store.h"
@@ -10,7 +11,7 @@ namespace {
 
 struct Arguments {
   std::string project = ".";
-  std::optional<std::int64_t> vdm;
+  std::optional<std::int32_t> vdm;
   bool json = false;
 };
 
@@ -20,7 +21,7 @@ Result<void> PrintLines(const vdm::Vdm& content) {
     if (!record) return record.fault();
     std::string lines;
     for (std::size_t item = 0; item < (*record)->Size(); ++item) {
-      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + OneLine((**record)[item]) + "\n";
+      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + EscapedItem((**record)[item]) + "\n";
     }
     if (const auto printed = Print(lines); !printed) return printed;
   }
@@ -55,7 +56,10 @@ void AddItems(CLI::App& app, Context& context) {
   CLI::App* const command = app.add_subcommand(
       "items", "Prints the raw records of a VDM: a line an item, record.item, a tab, and the text.");
   command->add_option("PROJECT", arguments->project, "the project's folder");
-  command->add_option("--vdm", arguments->vdm, "the VDM; without it the definition of spur 0")
+  command
+      ->add_option_function<std::string>(
+          "--vdm", [=](const std::string& word) { arguments->vdm = NumberOf("--vdm", word); },
+          "the VDM; without it the definition of spur 0")
       ->type_name("N");
   command->add_flag("--json", arguments->json, "for programs");
   command->footer("Example:\n  vanzet items lathe --vdm 1001 | grep Billet");

@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/one_line.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "project/definition.h"
@@ -38,7 +40,7 @@ Result<Spur> ReadSpur(std::int32_t index, const project::Project& project, const
 Result<std::vector<Spur>> ReadSpurs(const Arguments& arguments, const project::Project& project) {
   const auto count = project.SpindleSpurs();
   if (!count) return count.fault();
-  if (arguments.spur && (*arguments.spur < 0 || *arguments.spur >= *count)) {
+  if (arguments.spur && *arguments.spur >= *count) {
     return Fault{"there is no spur " + std::to_string(*arguments.spur) + "; the machine has " +
                  Counted(static_cast<std::size_t>(*count), "spur") + ", counted from 0"};
   }
@@ -137,7 +139,11 @@ void AddShow(CLI::App& app, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
   CLI::App* const command = app.add_subcommand("show", "Shows the definition of every spindle spur.");
   command->add_option("PROJECT", arguments->project, "the project's folder");
-  command->add_option("--spur", arguments->spur, "only this spur, counted from 0")->type_name("N");
+  command
+      ->add_option_function<std::string>(
+          "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
+          "only this spur, counted from 0")
+      ->type_name("N");
   command->add_flag("--json", arguments->json, "for programs");
   command->footer("Example:\n  vanzet show lathe --spur 1 --json");
   command->callback([=, &context] { context.run = [=, &context] { return Show(*arguments, context); }; });

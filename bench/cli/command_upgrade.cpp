@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "api/module.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "project/definition.h"
@@ -40,6 +41,8 @@ Result<void> Upgrade(const Arguments& arguments, Context& context) {
   if (!session) return session.fault();
   const auto spurs = (*session)->project.SpindleSpurs();
   if (!spurs) return spurs.fault();
+  // The module would tell a store that cannot be used once for each of its calls.
+  if (const auto usable = (*session)->host->store.Check(); !usable) return usable;
   const auto module = api::FindModule(context.program);
   if (!module) return module.fault();
   if (const auto called = api::CallModule(*module, "ReOrgVdm", *(*session)->host); !called) return called;
@@ -62,8 +65,9 @@ void AddUpgrade(CLI::App& app, Context& context) {
       "upgrade", "Makes the definition of every spindle spur, or brings it to the current version.");
   command->add_option("PROJECT", arguments->project, "the project's folder");
   command
-      ->add_option("--trace", arguments->trace,
-                   "write each call of the module to this file, a JSON line each")
+      ->add_option_function<std::string>(
+          "--trace", [=](const std::string& word) { arguments->trace = FileOf("--trace", word); },
+          "write each call of the module to this file, a JSON line each")
       ->type_name("FILE");
   command->footer("Example:\n  vanzet upgrade lathe --trace calls.jsonl");
   command->callback([=, &context] { context.run = [=, &context] { return Upgrade(*arguments, context); }; });

@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <functional>
 
-#include "base/numbers.h"
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "vdm/store.h"
@@ -14,43 +16,45 @@ struct Arguments {
   bool json = false;
 };
 
-Result<std::int32_t> NumberOf(const std::string& word) {
-  if (const auto number = WholeInteger(word); number && *number >= 0) return *number;
-  return Fault{"expected the number of a VDM, found '" + word + "'"};
+/// A VDM and a file, in the order of the command, with the project among them.
+struct Operands {
+  std::filesystem::path project;
+  std::int32_t number;
+  std::string file;
+};
+
+Operands ReadOperands(const Arguments& arguments, std::size_t numberAt) {
+  const SplitWords split = SplitOperands(arguments.words, 2);
+  return {split.project, NumberOf("NUMBER", split.words[numberAt]),
+          FileOf("FILE", split.words[1 - numberAt])};
 }
 
-Result<void> Save(const Arguments& arguments, const Context& context) {
-  const Operands operands = SplitOperands(arguments.words, 2);
-  const auto number = NumberOf(operands.words[0]);
-  if (!number) return number.fault();
+Result<void> Save(const Operands& operands, const Context& context) {
   const auto project = project::Project::Open(operands.project, context.share);
   if (!project) return project.fault();
   const vdm::VdmStore store(project->folder());
-  const auto content = store.Snapshot(*number);
+  const auto content = store.Snapshot(operands.number);
   if (!content) return content.fault();
-  const auto file = project->paths().Resolve(operands.words[1]);
+  const auto file = project->paths().Resolve(operands.file);
+  if (const auto target = store.CheckTarget(file); !target) return target;
   if (const auto written = vdm::WriteVdmFile(file, *content); !written) return written;
-  return Print("saved VDM " + operands.words[0] + ", " + Counted(content->Size(), "record") + ", to " +
-               file.string() + "\n");
+  return Print("saved VDM " + std::to_string(operands.number) + ", " + Counted(content->Size(), "record") +
+               ", to " + file.string() + "\n");
 }
 
-Result<void> Load(const Arguments& arguments, const Context& context) {
-  const Operands operands = SplitOperands(arguments.words, 2);
-  const auto number = NumberOf(operands.words[1]);
-  if (!number) return number.fault();
+Result<void> Load(const Operands& operands, const Context& context) {
   const auto project = project::Project::Open(operands.project, context.share);
   if (!project) return project.fault();
-  const auto file = project->paths().Resolve(operands.words[0]);
+  const auto file = project->paths().Resolve(operands.file);
   const auto content = vdm::ReadVdmFile(file);
   if (!content) return content.fault();
   vdm::VdmStore store(project->folder());
-  if (const auto kept = store.Replace(*number, *content); !kept) return kept;
-  return Print("loaded VDM " + operands.words[1] + ", " + Counted(content->Size(), "record") + ", from " +
-               file.string() + "\n");
+  if (const auto kept = store.Replace(operands.number, *content); !kept) return kept;
+  return Print("loaded VDM " + std::to_string(operands.number) + ", " + Counted(content->Size(), "record") +
+               ", from " + file.string() + "\n");
 }
 
-Result<void> Check(const Arguments& arguments) {
-  const std::string& file = arguments.words[0];
+Result<void> Check(const std::string& file, bool json) {
   const auto content = vdm::ReadVdmFile(PathMap::OfProcess().Resolve(file));
   if (!content) return content.fault();
   std::size_t items = 0;
@@ -59,9 +63,11 @@ Result<void> Check(const Arguments& arguments) {
     if (!record) return record.fault();
     items += (*record)->Size();
   }
-  if (arguments.json) return PrintJson({{"file", file}, {"records", content->Size()}, {"items", items}});
+  if (json) return PrintJson({{"file", file}, {"records", content->Size()}, {"items", items}});
   return Print(file + ": " + Counted(content->Size(), "record") + ", " + Counted(items, "item") + "\n");
 }
+
+using Work = std::function<Result<void>()>;
 
 struct Row {
   const char* name;
@@ -69,17 +75,28 @@ struct Row {
   const char* operands;
   int least;
   int most;
-  Result<void> (*run)(const Arguments&, const Context&);
+  Work (*prepare)(const Arguments&, const Context&);  ///< wrong operands are thrown to the parser
   const char* example;
 };
 
 constexpr Row kRows[] = {
-    {"save", "Saves a VDM to a .vdm file.", "[PROJECT] NUMBER FILE", 2, 3, Save,
+    {"save", "Saves a VDM to a .vdm file.", "[PROJECT] NUMBER FILE", 2, 3,
+     [](const Arguments& arguments, const Context& context) -> Work {
+       return [&context, operands = ReadOperands(arguments, 0)] { return Save(operands, context); };
+     },
      "vanzet vdm save lathe 1000 job.vdm"},
     {"load", "Puts a .vdm file in the place of a VDM. A file that is refused leaves the VDM as it was.",
-     "[PROJECT] FILE NUMBER", 2, 3, Load, "vanzet vdm load lathe job.vdm 1000"},
+     "[PROJECT] FILE NUMBER", 2, 3,
+     [](const Arguments& arguments, const Context& context) -> Work {
+       return [&context, operands = ReadOperands(arguments, 1)] { return Load(operands, context); };
+     },
+     "vanzet vdm load lathe job.vdm 1000"},
     {"check", "Reads a .vdm file and counts what is in it.", "FILE", 1, 1,
-     [](const Arguments& arguments, const Context&) { return Check(arguments); }, "vanzet vdm check job.vdm"},
+     [](const Arguments& arguments, const Context&) -> Work {
+       return
+           [file = FileOf("FILE", arguments.words[0]), json = arguments.json] { return Check(file, json); };
+     },
+     "vanzet vdm check job.vdm"},
 };
 
 }  // namespace
@@ -94,8 +111,7 @@ void AddVdm(CLI::App& app, Context& context) {
     command->add_option(row.operands, arguments->words)->required()->expected(row.least, row.most);
     if (row.least == 1) command->add_flag("--json", arguments->json, "for programs");
     command->footer(std::string("Example:\n  ") + row.example);
-    command->callback(
-        [=, &context] { context.run = [=, &context] { return row.run(*arguments, context); }; });
+    command->callback([=, &context] { context.run = row.prepare(*arguments, context); });
   }
 }
 

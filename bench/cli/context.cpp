@@ -15,13 +15,14 @@ std::unique_ptr<Context> MakeContext() {
   std::error_code error;
   context->program = std::filesystem::read_symlink("/proc/self/exe", error);
   const char* const share = std::getenv("VANZET_SHARE");
-  context->share = share != nullptr ? std::filesystem::path(share)
-                                    : context->program.parent_path().parent_path() / "share" / "vanzet";
+  context->share = share != nullptr && *share != '\0'
+                       ? std::filesystem::path(share)
+                       : context->program.parent_path().parent_path() / "share" / "vanzet";
   return context;
 }
 
-Operands SplitOperands(const std::vector<std::string>& words, std::size_t count) {
-  Operands operands{".", words};
+SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count) {
+  SplitWords operands{".", words};
   if (words.size() != count + 1) return operands;
   std::error_code error;
   const auto project =
@@ -31,12 +32,21 @@ Operands SplitOperands(const std::vector<std::string>& words, std::size_t count)
   return operands;
 }
 
+SplitWords SplitProject(const std::vector<std::string>& words) {
+  std::error_code error;
+  const bool named = words.size() > 1 && std::filesystem::is_directory(words.front(), error);
+  if (!named) return {".", words};
+  return {words.front(), {words.begin() + 1, words.end()}};
+}
+
 Result<std::unique_ptr<Session>> OpenSession(const std::filesystem::path& folder,
                                              const std::string& traceFile, Context& context) {
   auto project = project::Project::Open(folder, context.share);
   if (!project) return project.fault();
   std::unique_ptr<api::Trace> trace;
   if (!traceFile.empty()) {
+    const auto target = vdm::VdmStore(project->folder()).CheckTarget(traceFile);
+    if (!target) return target.fault();
     auto opened = api::Trace::To(traceFile);
     if (!opened) return opened.fault();
     trace = std::move(*opened);

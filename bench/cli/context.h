@@ -37,13 +37,16 @@ struct Context {
 /// environment variable VANZET_SHARE says.
 std::unique_ptr<Context> MakeContext();
 
-/// Operands of a command with the project among them: when there is one word more than `count`, the first is
-/// the project if it names a folder, else the last.
-struct Operands {
+/// The words of a command, the project apart from the others: when there is one word more than `count`, the
+/// first is the project if it names a folder, else the last.
+struct SplitWords {
   std::filesystem::path project = ".";
   std::vector<std::string> words;
 };
-Operands SplitOperands(const std::vector<std::string>& words, std::size_t count);
+SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count);
+
+/// The same for any number of words: the project is the first when it names a folder and others follow.
+SplitWords SplitProject(const std::vector<std::string>& words);
 
 /// Opens the project of a command line and makes a host of it; `traceFile` may be empty.
 struct Session {

@@ -24,7 +24,7 @@ Result<void> PrintJson(const Json& json) {
   return Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
 }
 
-std::string OneLine(std::string_view item) {
+std::string EscapedItem(std::string_view item) {
   std::string line;
   for (const char c : item) {
     switch (c) {

@@ -17,8 +17,9 @@ Result<void> Print(const std::string& text);
 /// The same for programs: indented, with a line end. Bytes that are no UTF-8 become U+FFFD.
 Result<void> PrintJson(const Json& json);
 
-/// An item on one line: backslash, line feed, carriage return and tab as \\ \n \r \t.
-std::string OneLine(std::string_view item);
+/// An item on one line, so that programs can read it back: backslash, line feed, carriage return and tab as
+/// \\ \n \r \t.
+std::string EscapedItem(std::string_view item);
 
 /// "1 record", "18 records".
 std::string Counted(std::size_t count, const std::string& noun);

@@ -38,11 +38,7 @@ Result<std::string> CommandLine::QuotedText(std::string_view meaning) {
 
 Result<std::string_view> CommandLine::Word(std::string_view meaning) {
   PassBlanks();
-  const std::size_t length =
-      static_cast<std::size_t>(
-          std::find_if(line_.begin() + static_cast<std::ptrdiff_t>(at_), line_.end(), IsBlank) -
-          line_.begin()) -
-      at_;
+  const std::size_t length = std::min(line_.find_first_of(" \t", at_), line_.size()) - at_;
   if (length == 0) return FaultHere("expected " + std::string(meaning));
   at_ += length;
   return line_.substr(start_, length);

@@ -38,7 +38,9 @@ Result<void> Report(const Result<void>& work, const std::string& status, project
 Result<void> Save(const Operands& operands, Surroundings& surroundings) {
   const auto content = surroundings.store.Snapshot(operands.vdm);
   if (!content) return content.fault();
-  return vdm::WriteVdmFile(surroundings.paths.Resolve(operands.file), *content);
+  const auto file = surroundings.paths.Resolve(operands.file);
+  if (const auto target = surroundings.store.CheckTarget(file); !target) return target;
+  return vdm::WriteVdmFile(file, *content);
 }
 
 Result<void> Load(const Operands& operands, Surroundings& surroundings) {

@@ -15,6 +15,9 @@ Problem AddDrive(BenchIni& ini, std::string key, const Setting& setting) {
   if (key.ends_with(':')) key.pop_back();
   const char letter = key.size() == 1 ? SmallLetter(key[0]) : '\0';
   if (letter < 'a' || letter > 'z') return "a drive is a letter from A to Z, not '" + key + "'";
+  if (setting.value.empty() || setting.value.find(';') != std::string::npos) {
+    return "the root of a drive is a path without ';', not '" + setting.value + "'";
+  }
   ini.drives.try_emplace(static_cast<char>(letter - 'a' + 'A'), setting.value);
   return std::nullopt;
 }

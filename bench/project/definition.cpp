@@ -50,6 +50,7 @@ Operation ReadOperation(const vdm::Record& record) {
       items.push_back(record[item]);
     }
   }
+  if (header.Next()) return Damaged(operation, "the header counts more sections than it says");
   if (item < record.Size()) return Damaged(operation, "the header counts fewer items than there are");
   return operation;
 }
@@ -74,7 +75,10 @@ Result<Definition> ReadDefinition(const vdm::Vdm& content) {
   }
   if (!definition.operations.empty()) {
     const auto& sections = definition.operations[0].sections;
-    if (!sections.empty() && sections[0].size() >= 2) definition.version = IntegerOrZero(sections[0][1]);
+    const auto version =
+        !sections.empty() && sections[0].size() >= 2 ? IntegerPrefix(sections[0][1]) : std::nullopt;
+    // A version that does not fit counts as none, as the module reads it.
+    if (version) definition.version = version->value;
   }
   return definition;
 }

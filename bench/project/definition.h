@@ -14,8 +14,8 @@ struct Operation {
   std::int32_t kind = 0;
   bool flag = false;
   std::vector<std::vector<std::string>> sections;
-  std::string
-      damage;  ///< what is wrong with the record, empty when nothing is; the rest is then as far as read
+  /// What is wrong with the record, empty when nothing is; the rest is then as far as it could be read.
+  std::string damage;
 
   /// What people call it: the first item of section 0.
   std::string Label() const;

@@ -13,8 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// What shows that a folder is a project.
-constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", "store.db", "bodies",
-                               "figures",   "tmp"};
+constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", "store.db"};
 
 Result<void> CheckIsProject(const fs::path& folder) {
   std::error_code error;
@@ -25,18 +24,28 @@ Result<void> CheckIsProject(const fs::path& folder) {
   if (error) return Fault{"cannot be read: " + error.message(), folder.string()};
   if (marked || empty) return {};
   return Fault{
-      "is no project: it has neither bench.ini nor machine.ini nor store.db ('vanzet new' makes one)",
+      "is no project: it has neither bench.ini, machine.ini, clampdevice.cld nor store.db ('vanzet new' "
+      "makes one)",
       folder.string()};
 }
 
 }  // namespace
 
+Result<void> CheckFolderName(const fs::path& folder) {
+  if (folder.empty()) return Fault{"the name of the project's folder is empty"};
+  if (folder.string().find('\\') == std::string::npos) return {};
+  return Fault{"cannot be a project: its name has a backslash, which separates the parts of a path",
+               folder.string()};
+}
+
 Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {
+  if (const auto name = CheckFolderName(folder); !name) return name.fault();
   if (const auto check = CheckIsProject(folder); !check) return check.fault();
   Project project;
   std::error_code error;
   project.folder_ = fs::canonical(folder, error);
   if (error) return Fault{"cannot be read: " + error.message(), folder.string()};
+  if (const auto name = CheckFolderName(project.folder_); !name) return name.fault();
   if (const auto read = project.ReadSettings(share); !read) return read.fault();
   if (const auto read = project.ReadMessages(share); !read) return read.fault();
   return project;
@@ -86,7 +95,7 @@ std::string Project::Environment(std::string_view key) const {
     return setting->second.value;
   }
   if (key == "-d") return folder_.string();
-  if (key == "ppdefini") return "machine.ini";
+  if (key == "ppdefini") return (folder_ / "machine.ini").string();
   if (key == "clampmdb") return (folder_ / "clampdevice.cld").string();
   return {};
 }
@@ -98,8 +107,7 @@ std::optional<std::string> Project::Message(std::int32_t id) const {
 
 Result<std::int32_t> Project::SpindleSpurs() const {
   const std::string ini = Environment("ppdefini");
-  const bool hasDrive = ini.starts_with('/') || (ini.size() > 1 && ini[1] == ':');
-  const fs::path file = paths_.Resolve(hasDrive ? ini : Environment("-d") + "/" + ini);
+  const fs::path file = paths_.Resolve(DriveOf(ini).empty() ? Environment("-d") + "/" + ini : ini);
   return CountSpindleSpurs(file, file.string());
 }
 

@@ -14,6 +14,10 @@
 
 namespace vanzet::project {
 
+/// Whether a folder may hold a project by its name: it is not empty and has no backslash, which every path
+/// that a module builds would take for a separator.
+Result<void> CheckFolderName(const std::filesystem::path& folder);
+
 /// A project folder and what its settings say; docs/formats/project.md lists its files.
 ///
 /// An empty folder is a project with nothing but defaults; a folder that holds other things, and none of a

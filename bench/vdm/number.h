@@ -10,9 +10,9 @@ namespace vanzet::vdm {
 /// The number that a VDM is known by.
 enum class Number : std::uint32_t {};
 
-/// The number that a caller gave; a fault when it is below 0 or needs more than 32 bits.
+/// The number that a caller gave; a fault when it is below 0 or no integer variable of a host could hold it.
 inline Result<Number> NumberFrom(std::int64_t value) {
-  if (value < 0 || value > std::int64_t{UINT32_MAX}) {
+  if (value < 0 || value > std::int64_t{INT32_MAX}) {
     return Fault{"there is no VDM number " + std::to_string(value)};
   }
   return Number{static_cast<std::uint32_t>(value)};

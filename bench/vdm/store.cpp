@@ -1,14 +1,35 @@
 #include "vdm/store.h"
 
+#include <algorithm>
+#include <system_error>
+
 #include "vdm/sqlite_engine.h"
 
 namespace vanzet::vdm {
 
 VdmStore::VdmStore(const std::filesystem::path& folder)
-    : VdmStore(std::make_unique<SqliteEngine>(folder / "store.db"), folder / "store.lock") {}
+    : VdmStore(std::make_unique<SqliteEngine>(folder / "store.db"), folder / "store.lock") {
+  ownFiles_ = {folder / "store.db", folder / "store.db-journal", folder / "store.lock"};
+}
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
     : engine_(std::move(engine)), locks_(std::move(lockFile)) {}
+
+Result<void> VdmStore::Check() {
+  const auto numbers = engine_->Numbers();
+  if (!numbers) return numbers.fault();
+  return locks_.Check();
+}
+
+Result<void> VdmStore::CheckTarget(const std::filesystem::path& file) const {
+  std::error_code unknown;
+  const auto isSame = [&](const std::filesystem::path& own) {
+    return std::filesystem::weakly_canonical(own, unknown) ==
+           std::filesystem::weakly_canonical(file, unknown);
+  };
+  if (std::ranges::none_of(ownFiles_, isSame)) return {};
+  return Fault{"is a file of the store itself", file.string()};
+}
 
 Result<bool> VdmStore::Exists(std::int64_t number) const {
   const auto known = NumberFrom(number);

@@ -29,6 +29,13 @@ class VdmStore {
   explicit VdmStore(const std::filesystem::path& folder);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
+  /// Whether the store can be read and VDMs can be taken; for callers who would rather hear it once and
+  /// first.
+  Result<void> Check();
+
+  /// Refuses a file that the store itself lives in, so that nobody writes over it.
+  Result<void> CheckTarget(const std::filesystem::path& file) const;
+
   /// True when it is kept, or open anywhere.
   Result<bool> Exists(std::int64_t number) const;
 
@@ -81,6 +88,7 @@ class VdmStore {
   Result<Handle> Enter(VdmLocks::Held lock, Vdm content);
 
   std::unique_ptr<StoreEngine> engine_;
+  std::vector<std::filesystem::path> ownFiles_;
   VdmLocks locks_;
   std::map<Handle, Opened> opened_;
   std::map<Number, Handle> handles_;

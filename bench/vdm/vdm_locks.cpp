@@ -1,6 +1,7 @@
 #include "vdm/vdm_locks.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -28,6 +29,17 @@ int HeldByOthers(int descriptor, Number number) {
   return byte.l_type == F_UNLCK ? 0 : 1;
 }
 
+/// Opens the file as `open` does, but nothing that would keep one waiting: a pipe, a folder, a device is
+/// EINVAL.
+int OpenRegular(const std::filesystem::path& file, int flags) {
+  const int descriptor = open(file.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+  struct stat status = {};
+  if (descriptor < 0 || (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))) return descriptor;
+  close(descriptor);
+  errno = EINVAL;
+  return -1;
+}
+
 }  // namespace
 
 VdmLocks::~VdmLocks() {
@@ -43,7 +55,7 @@ Result<VdmLocks::Held> VdmLocks::Take(Number number) {
 }
 
 Result<bool> VdmLocks::HeldElsewhere(Number number) const {
-  const int asked = descriptor_ >= 0 ? descriptor_ : open(file_.c_str(), O_RDONLY | O_CLOEXEC);
+  const int asked = descriptor_ >= 0 ? descriptor_ : OpenRegular(file_, O_RDONLY);
   if (asked < 0 && errno == ENOENT) return false;
   const int held = asked < 0 ? -1 : HeldByOthers(asked, number);
   const int error = errno;
@@ -55,7 +67,7 @@ Result<bool> VdmLocks::HeldElsewhere(Number number) const {
 Result<void> VdmLocks::OpenForTaking() {
   if (descriptor_ >= 0) return {};
   if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
-  descriptor_ = open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT);
   if (descriptor_ < 0) return FaultOf(errno);
   return {};
 }

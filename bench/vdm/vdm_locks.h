@@ -44,6 +44,9 @@ class VdmLocks {
   /// Requires: it is not held by these locks.
   Result<Held> Take(Number number);
 
+  /// Whether VDMs can be taken at all; makes the lock file when there is none.
+  Result<void> Check() { return OpenForTaking(); }
+
   /// True when another process, or another store of this one, holds the VDM. Never makes the lock file, so
   /// that a folder that cannot be written can still be asked.
   Result<bool> HeldElsewhere(Number number) const;

@@ -147,8 +147,12 @@ Result<Vdm> ReadVdm(std::istream& text, std::string_view name) {
 
 Result<Vdm> ReadVdmFile(const std::filesystem::path& file) {
   std::error_code unknown;
+  // A pipe or a device would keep us waiting.
+  if (std::filesystem::exists(file, unknown) && !std::filesystem::is_regular_file(file, unknown)) {
+    return Fault{"is no regular file", file.string()};
+  }
   std::ifstream text(file, std::ios::binary);
-  if (!text || std::filesystem::is_directory(file, unknown)) return Fault{"cannot be read", file.string()};
+  if (!text) return Fault{"cannot be read", file.string()};
   return ReadVdm(text, file.string());
 }
 

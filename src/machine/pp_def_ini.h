@@ -49,7 +49,7 @@ class PpDefIni {
   /// True when the channel (from 1) has an axis for rapid moves. Never answered from what was read before.
   bool HasRapidAxis(std::int32_t channel);
 
-  // What only ReadMachineFacts and ReadAll set.
+  // What was read last, without asking again.
   const std::string& iniPath() const { return iniPath_; }
   std::int32_t generationVersion() const { return generationVersion_; }
   const std::string& machineName() const { return machineName_; }

@@ -1,22 +1,18 @@
 #include "platform/split_path.h"
 
+#include "base/path_map.h"
+
 namespace vanzet::platform {
 namespace {
 
-constexpr std::size_t kLongestDrive = 2;
 constexpr std::size_t kLongestPart = 255;
 constexpr std::string_view kSeparators = "/\\";
-
-std::size_t DriveLength(std::string_view path) {
-  if (path.starts_with('/')) return 1;
-  return path.size() >= kLongestDrive && path[1] == ':' ? kLongestDrive : 0;
-}
 
 }  // namespace
 
 PathParts SplitPath(std::string_view path) {
   PathParts parts;
-  parts.drive = path.substr(0, DriveLength(path));
+  parts.drive = DriveOf(path);
   path.remove_prefix(parts.drive.size());
 
   const std::size_t separator = path.find_last_of(kSeparators);

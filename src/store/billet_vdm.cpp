@@ -6,6 +6,7 @@
 #include "host/macro_variables.h"
 #include "platform/message_box.h"
 #include "store/clamp_schema.h"
+#include "store/clamp_version.h"
 
 namespace vanzet {
 namespace {

@@ -37,11 +37,13 @@ class BilletVdm : public OrvoApi::MillTurnVdm {
   bool ReOrg(const SimulationRebuild& rebuildSimulation);
 
  private:
-  /// Opens the definition or makes it; returns its version and how many operations it has.
+  /// What was there: also for a definition that was then given up.
   struct Found {
     std::int32_t version;
     std::int32_t operations;
   };
+
+  /// Opens the definition or makes an empty one.
   Found OpenOrCreate();
   void GiveUpNewerVersion();
   void PadClampDevice(std::int32_t operation);

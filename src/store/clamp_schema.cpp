@@ -1,5 +1,7 @@
 #include "store/clamp_schema.h"
 
+#include "store/clamp_version.h"
+
 namespace vanzet {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr SectionItems kEmpty{};
 // clang-format off
 constexpr ClampOperation kOperations[kClampOperations] = {
     // section 0                           kind   section 1  section 2  section 3
-    { {"Billet definition", "100"},          1, {{                                    }} },
+    { {"Billet definition", kClampVersionText}, 1, {{                                    }} },
     { {"Main Spindle"},                      2, {{  kThree,    kTwo,      kMainBillet }} },
     { {"Sub Spindle"},                       2, {{  kThree,    kTwo,      kSubBillet  }} },
     { {"Datum NPV"},                         2, {{  kOne,      kEmpty,    kEmpty      }} },

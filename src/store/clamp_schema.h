@@ -9,9 +9,6 @@
 /// The 18 operations of a clamp definition, the equipment of one spindle spur.
 namespace vanzet {
 
-/// The version of the schema. Definitions without a version item have the version 0.
-inline constexpr std::int32_t kClampVersion = 100;
-
 inline constexpr std::int32_t kClampOperations = 18;
 
 /// The items that a section gets when it is made; "0" stands for a value not yet given.

@@ -1,9 +1,8 @@
 #include "store/mill_turn_vdm.h"
 
-#include <algorithm>
-
 #include "host/fields.h"
 #include "host/host_functions.h"
+#include "store/clamp_version.h"
 
 namespace vanzet::OrvoApi {
 
@@ -93,7 +92,7 @@ bool MillTurnVdm::WriteVersion() {
   if (HasItems(0, 2) && ItemSeek(0, 1)) SingleGet(text);
   std::size_t length = 0;
   const std::size_t start = host::FindFirstToken(text, 0, length);
-  text.replace(start, length, "100");
+  text.replace(start, length, kClampVersionText);
   if (!HasItems(0, 2)) {
     SectionAppend(0);
     FillUpTo(2, "");

@@ -59,7 +59,7 @@ TEST_F(Exports, AreFoundByTheirExactNamesInTheRunningProgram) {
 
 TEST_F(Exports, GiveTheEnvironment) {
   EXPECT_STREQ(OrvoEnvironment("SubSpindleAvailable"), "1");
-  EXPECT_STREQ(OrvoEnvironment("ppdefini"), "machine.ini");
+  EXPECT_EQ(OrvoEnvironment("ppdefini"), (project->folder() / "machine.ini").string());
   EXPECT_STREQ(OrvoEnvironment("NoSuchKey"), "");
   EXPECT_STREQ(OrvoEnvironment(nullptr), "");
 }
@@ -149,6 +149,11 @@ TEST_F(Exports, TolerateNullPointers) {
 TEST_F(Exports, TellALineThatCannotBeRunWithItsColumn) {
   OrvoCommand("vdm load x");
   EXPECT_THAT(panel.lines, ElementsAre("'vdm load x':10: expected the file in single quotes"));
+}
+
+TEST_F(Exports, TellALineWhoseFileIsWrongWithTheLine) {
+  OrvoCommand("vdm load '/no/such.vdm' i_ret 7");
+  EXPECT_THAT(panel.lines, ElementsAre("'vdm load '/no/such.vdm' i_ret 7': /no/such.vdm: cannot be read"));
 }
 
 TEST_F(Exports, RunLinesOfTheMacroLanguage) {

@@ -1,6 +1,6 @@
 #include "api/trace.h"
 
-#include <sstream>
+#include <sys/stat.h>
 
 #include "api/host_fixture.h"
 
@@ -21,7 +21,7 @@ TEST_F(TraceTest, WritesACallALineWithNumbersTextsAndOutputs) {
   OrvoReadGlobalW("w_return", &ok);
   OrvoReadGlobalText("$_none", buffer, &ok);
   OrvoWriteGlobalI("i_x", -5, &ok);
-  OrvoEnvironment("ppdefini");
+  OrvoEnvironment("NoSuchKey");
   const std::uint32_t handle = OrvoMacroVdmCreate(7, 0);
   OrvoMacroVdmInsertText(handle, "a \"text\"", 1);
   OrvoMacroVdmSingleGetText(handle, buffer, 1);
@@ -33,7 +33,7 @@ TEST_F(TraceTest, WritesACallALineWithNumbersTextsAndOutputs) {
       "{\"call\":\"OrvoReadGlobalW\",\"args\":[\"w_return\"],\"result\":0.0,\"out\":[1]}\n"
       "{\"call\":\"OrvoReadGlobal$\",\"args\":[\"$_none\"],\"result\":null,\"out\":[\"\",0]}\n"
       "{\"call\":\"OrvoWriteGlobalI\",\"args\":[\"i_x\",-5],\"result\":null,\"out\":[1]}\n"
-      "{\"call\":\"OrvoEnvironment\",\"args\":[\"ppdefini\"],\"result\":\"machine.ini\"}\n"
+      "{\"call\":\"OrvoEnvironment\",\"args\":[\"NoSuchKey\"],\"result\":\"\"}\n"
       "{\"call\":\"OrvoMacroVdmCreate\",\"args\":[7,0],\"result\":1}\n"
       "{\"call\":\"OrvoMacroVdmInsert$\",\"args\":[1,\"a \\\"text\\\"\",1],\"result\":null}\n"
       "{\"call\":\"OrvoMacroVdmSingleGet$\",\"args\":[1,1],\"result\":null,\"out\":[\"a \\\"text\\\"\"]}\n"
@@ -49,6 +49,18 @@ TEST_F(TraceTest, IsOnDiskBeforeTheNextCall) {
 TEST_F(TraceTest, TakesBytesThatAreNoUtf8) {
   OrvoCommand("\xFF\xFE");
   EXPECT_TRUE(api::Json::accept(Written()));
+}
+
+TEST_F(TraceTest, ThatCannotBeWrittenIsToldOnce) {
+  Restart(std::move(*api::Trace::To("/dev/full")));
+  for (int i = 0; i < 3; ++i) OrvoGetWnd(2);
+  EXPECT_THAT(panel.lines, testing::ElementsAre("/dev/full: the trace cannot be written any further"));
+}
+
+TEST(Trace, ToAPipeIsAFaultAndWaitsForNobody) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(api::Trace::To(folder / "pipe"));
 }
 
 TEST(Trace, ToAPlaceThatCannotBeWrittenIsAFault) {

@@ -23,7 +23,14 @@ TEST(PathMap, PutsTheRootOfADriveBeforeItsPaths) {
 }
 
 TEST(PathMap, LeavesAnUnlistedDriveLeadingNowhere) {
-  EXPECT_EQ(PathMap().Resolve("Q:\\x.vdm"), "Q:/x.vdm");
+  const TemporaryFolder folder;
+  WriteBytes(folder / "Q:/x.vdm", "");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  std::error_code error;
+  EXPECT_FALSE(std::filesystem::exists(PathMap().Resolve("Q:\\x.vdm"), error));
+  EXPECT_FALSE(std::ofstream(PathMap().Resolve("q:new.vdm")).is_open());
+  std::filesystem::current_path(before);
 }
 
 TEST(PathMap, MatchesPartsWithoutCaseWhereNoneIsExact) {
@@ -47,6 +54,15 @@ TEST(PathMap, KeepsTheNameOfAFileThatIsNotThere) {
 TEST(PathMap, KeepsRelativePathsRelative) {
   EXPECT_EQ(PathMap().Resolve("no-such-folder\\x"), "no-such-folder/x");
   EXPECT_EQ(PathMap().Resolve(""), "");
+}
+
+TEST(DriveOf, IsALetterOrTheRootOrNothing) {
+  EXPECT_EQ(DriveOf("D:\\x"), "D:");
+  EXPECT_EQ(DriveOf("d:"), "d:");
+  EXPECT_EQ(DriveOf("/home"), "/");
+  EXPECT_EQ(DriveOf("home/x"), "");
+  EXPECT_EQ(DriveOf("1:x"), "");
+  EXPECT_EQ(DriveOf(""), "");
 }
 
 TEST(Drives, TravelAsOneText) {

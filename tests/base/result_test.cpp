@@ -17,6 +17,11 @@ TEST(Fault, TellsOnlyWhatIsKnown) {
   EXPECT_EQ((Fault{"unknown command", "", 3, 1}.Told()), "3:1: unknown command");
 }
 
+TEST(Fault, StaysOnOneLineWhateverItQuotes) {
+  EXPECT_EQ((Fault{"unknown 'a\nb'", "x\ty"}.Told()), "x\\ty: unknown 'a\\nb'");
+  EXPECT_EQ(Fault{"\x1b[1m W\xC3\xA4hlen \\"}.Told(), "\\x1b[1m W\xC3\xA4hlen \\");
+}
+
 TEST(Result, HoldsTheValueOrTheFault) {
   const Result<int> good = 5;
   const Result<int> bad = Fault{"no"};

@@ -1,4 +1,5 @@
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <random>
 
@@ -51,8 +52,49 @@ TEST_F(BadInput, AStoreThatIsNoDatabase) {
   WriteBytes(folder / "lathe/store.db", bytes);
   ExpectRefused("show lathe", "store.db");
   ExpectRefused("items lathe", "store.db");
-  EXPECT_EQ(Vanzet("upgrade lathe").status, 1);
+  ExpectRefused("upgrade lathe", "store.db");
   EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), bytes);
+}
+
+TEST_F(BadInput, AStoreOrALockThatIsNoRegularFile) {
+  for (const char* name : {"store.db", "store.lock"}) {
+    for (const bool isPipe : {false, true}) {
+      MakeProject();
+      const std::filesystem::path file = folder / "lathe" / name;
+      if (isPipe) {
+        ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+      } else {
+        std::filesystem::create_directories(file);
+      }
+      ExpectRefused("upgrade lathe", name);
+      std::filesystem::remove_all(folder / "lathe");
+    }
+  }
+}
+
+TEST_F(BadInput, ADefinitionFileThatIsAPipe) {
+  MakeUpgradedProject();
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  ExpectRefused("vdm check pipe", "pipe");
+  ExpectRefused("vdm load lathe pipe 1000", "pipe");
+  ExpectRefused("upgrade lathe --trace pipe", "pipe");
+}
+
+TEST_F(BadInput, ATraceOverTheStore) {
+  MakeUpgradedProject();
+  ExpectRefused("upgrade lathe --trace lathe/store.db", "store.db");
+  EXPECT_EQ(Vanzet("show lathe").status, 0);
+}
+
+TEST_F(BadInput, ATraceThatFillsTheDisk) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe --trace /dev/full");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_THAT(upgraded.err, HasSubstr("/dev/full: the trace cannot be written"));
+}
+
+TEST_F(BadInput, ANameOverTwoLinesIsToldOnOne) {
+  ExpectRefused("show $'a\\nb'", "a\\nb");
 }
 
 TEST_F(BadInput, AStoreOfANewerSchema) {
@@ -60,7 +102,7 @@ TEST_F(BadInput, AStoreOfANewerSchema) {
   Sql("PRAGMA user_version = 99");
   ExpectRefused("show lathe", "store.db");
   const std::string before = ReadBytes(folder / "lathe/store.db");
-  EXPECT_EQ(Vanzet("upgrade lathe").status, 1);
+  ExpectRefused("upgrade lathe", "store.db");
   EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), before);
 }
 

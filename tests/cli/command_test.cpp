@@ -29,5 +29,20 @@ TEST_F(MacroLines, ThatAreWrongAreToldAndTheOthersRun) {
   EXPECT_TRUE(std::filesystem::exists(folder / "job.vdm"));
 }
 
+TEST_F(MacroLines, ThatAreWrongAloneAreOneLineOfError) {
+  MakeUpgradedProject();
+  EXPECT_EQ(Vanzet("command lathe rubbish").err, "vanzet: 'rubbish':1: unknown command 'rubbish'\n");
+  EXPECT_EQ(Vanzet("command lathe $'foo\\nbar'", "", "").err,
+            "vanzet: 'foo\\nbar':1: unknown command 'foo\\nbar'\n");
+}
+
+TEST_F(MacroLines, DoNotWriteOverTheStore) {
+  MakeUpgradedProject();
+  const Outcome run = Vanzet("command lathe \"vdm save 'lathe/store.db' i_ret 1000\"");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("is a file of the store itself"));
+  EXPECT_EQ(Vanzet("show lathe").status, 0);
+}
+
 }  // namespace
 }  // namespace vanzet::test

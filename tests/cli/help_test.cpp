@@ -22,13 +22,25 @@ TEST_F(Help, TellsTheVersion) {
 }
 
 TEST_F(Help, WrongUsageHasTheStatusTwo) {
-  for (const char* arguments : {"", "dance", "show --rubbish", "show --spur x", "new", "vdm", "vdm save",
-                                "vdm save a b c d", "completion fish"}) {
+  for (const char* arguments :
+       {"", "dance", "show --rubbish", "show --spur x", "new", "vdm", "vdm save", "vdm save a b c d",
+        "completion fish", "show --spur ''", "show --spur 0x1", "items --vdm -5", "items --vdm nan",
+        "items --vdm 4294967291", "vdm save five x.vdm", "vdm save 1000 ''", "vdm load x.vdm five",
+        "vdm check ''", "upgrade --trace ''"}) {
     const Outcome run = Vanzet(arguments);
     EXPECT_EQ(run.status, 2) << arguments;
     EXPECT_NE(run.err, "") << arguments;
     EXPECT_EQ(run.out, "") << arguments;
   }
+}
+
+TEST_F(Help, NamesAWordThatIsNoCommand) {
+  EXPECT_EQ(Vanzet("dance").err, "vanzet: there is no command 'dance'; 'vanzet --help' lists them\n");
+}
+
+TEST_F(Help, ReadsNumbersAsDecimal) {
+  MakeUpgradedProject();
+  EXPECT_EQ(Vanzet("items lathe --vdm 01000").out, Vanzet("items lathe --vdm 1000").out);
 }
 
 TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
@@ -49,6 +61,13 @@ TEST_F(Help, AFullStandardOutputIsAFault) {
   const Outcome shown = Vanzet("show lathe >/dev/full");
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.err, "vanzet: standard output cannot be written\n");
+}
+
+TEST_F(Help, AClosedStandardOutputIsAFaultAndHitsNoOtherFile) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe --trace calls.jsonl >&-");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_THAT(ReadBytes(folder / "calls.jsonl"), testing::Not(HasSubstr("spur 0")));
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ Outcome CommandLineTest::Vanzet(const std::string& arguments, const std::string&
                               " '" VANZET_PROGRAM "' " + arguments + "; } <'" + (streams / "in").string() +
                               "' >'" + (streams / "out").string() + "' 2>'" + (streams / "err").string() +
                               "'";
-  const int status = std::system(command.c_str());
+  WriteBytes(streams / "command", command);
+  const int status = std::system(("exec bash " + (streams / "command").string()).c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadBytes(streams / "out"),
           ReadBytes(streams / "err")};
 }

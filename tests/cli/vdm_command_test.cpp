@@ -82,8 +82,16 @@ TEST_F(VdmCommand, TellsWhatItCannotFindOrRead) {
   EXPECT_THAT(Vanzet("vdm save lathe 5 x.vdm").err, HasSubstr("VDM 5"));
   EXPECT_FALSE(std::filesystem::exists(folder / "x.vdm"));
   EXPECT_THAT(Vanzet("vdm load lathe none.vdm 5").err, HasSubstr("none.vdm"));
-  EXPECT_THAT(Vanzet("vdm save lathe five x.vdm").err, HasSubstr("'five'"));
   EXPECT_EQ(Vanzet("items lathe --vdm 5").status, 1);
+}
+
+TEST_F(VdmCommand, DoesNotWriteOverTheStore) {
+  MakeUpgradedProject();
+  for (const char* file : {"lathe/store.db", "lathe/../lathe/store.lock"}) {
+    EXPECT_THAT(Vanzet(std::string("vdm save lathe 1000 ") + file).err,
+                HasSubstr("is a file of the store itself"));
+  }
+  EXPECT_EQ(Vanzet("show lathe").status, 0);
 }
 
 }  // namespace

@@ -146,6 +146,34 @@ TEST_F(PpDefIniTest, TakesOnlyOneForTrue) {
   EXPECT_FALSE(machine.IsSubSpindleAvailable());
 }
 
+TEST_F(PpDefIniTest, TakesOnlyOneForTrueInEveryFlag) {
+  Of("SUBSPINDLE_ON_TURRET=2\nQuickLathe=-1\n");
+  for (const char* key : {"mainSpindleMoveable", "TailStockAvailable", "LunAvailable", "TrailOnAvailable",
+                          "MillingAvailable"}) {
+    host.environment[key] = "2";
+  }
+  machine.ReadAll();
+  EXPECT_FALSE(machine.isSubSpindleOnTurret());
+  EXPECT_FALSE(machine.isQuickLathe());
+  EXPECT_FALSE(machine.isMainSpindleMoveable());
+  EXPECT_FALSE(machine.IsTailStockAvailable());
+  EXPECT_FALSE(machine.IsLunAvailable());
+  EXPECT_FALSE(machine.isTrailOnAvailable());
+  EXPECT_FALSE(machine.isMillingAvailable());
+}
+
+TEST_F(PpDefIniTest, AsksAnewWhenTheFactsAreReadAgain) {
+  Of("NR_SPINDEL_SPUR=2\n[B2]\nRapid=1\n");
+  host.environment["SubSpindleAvailable"] = "1";
+  machine.ReadMachineFacts();
+  Of("NR_SPINDEL_SPUR=3\n");
+  host.environment["SubSpindleAvailable"] = "0";
+  machine.ReadMachineFacts();
+  EXPECT_EQ(machine.GetSpindleSpurCount(), 3);
+  EXPECT_FALSE(machine.IsSubSpindleAvailable());
+  EXPECT_FALSE(machine.isRapidAxisAvailable());
+}
+
 TEST_F(PpDefIniTest, TakesTextThatIsNoNumberForZero) {
   Of("PP_GEN_Version=seven\nNR_SPINDEL_SPUR=two\n");
   machine.ReadAll();
@@ -184,12 +212,16 @@ TEST_F(Channels, StayWithinOneAndTen) {
   EXPECT_EQ(machine.channelCount(), 10);
   Of("").ReadMachineFacts();
   EXPECT_EQ(machine.channelCount(), 1) << "the host gives 0";
+  host.environment["NrOfChannels"] = "11";
+  Of("").ReadMachineFacts();
+  EXPECT_EQ(machine.channelCount(), 10) << "the host gives 11";
   Of("NR_OF_CHANNEL=-5\n").ReadMachineFacts();
   EXPECT_EQ(machine.channelCount(), 1);
 }
 
 TEST_F(Channels, HaveARapidAxisByTheSectionOfTheNextNumber) {
-  Of("[B2]\nRapid=0\n[B3]\nRapid=1\n");
+  Of("[B2]\nRapid=0\n[B3]\nRapid=1\n[B5]\nRapid=-1\n");
+  EXPECT_FALSE(machine.HasRapidAxis(4)) << "1 or more";
   EXPECT_FALSE(machine.HasRapidAxis(1));
   EXPECT_TRUE(machine.HasRapidAxis(2));
   EXPECT_FALSE(machine.HasRapidAxis(3));

@@ -42,6 +42,9 @@ TEST(BenchIni, TellsTheLineOfWhatItDoesNotUnderstand) {
   EXPECT_EQ(FaultOf("[variabels]\ni_a=1\n"), "bench.ini:1: there is no section [variabels]");
   EXPECT_EQ(FaultOf("i_a=1\n"), "bench.ini:1: an entry stands before the first section");
   EXPECT_EQ(FaultOf("[drives]\nDATA=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not 'DATA'");
+  EXPECT_EQ(FaultOf("[drives]\nD=/a;b\n"),
+            "bench.ini:2: the root of a drive is a path without ';', not '/a;b'");
+  EXPECT_EQ(FaultOf("[drives]\nD=\n"), "bench.ini:2: the root of a drive is a path without ';', not ''");
   EXPECT_EQ(FaultOf("[drives]\n1=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not '1'");
 }
 

@@ -38,6 +38,8 @@ TEST(ReadDefinition, TakesTheVersionFromTheFirstOperation) {
   EXPECT_EQ(Read("record\n.1 1 1 2\n.Billet definition\n.100\n", 1).version, 100);
   EXPECT_EQ(Read("record\n.1 1 1 2\n.Billet definition\n.99 x\n", 1).version, 99);
   EXPECT_EQ(Read("record\n.1 1 1 1\n.Billet definition\n", 1).version, 0);
+  EXPECT_EQ(Read("record\n.1 1 1 2\n.Billet definition\n.99999999999\n", 1).version, 0)
+      << "as the module reads it";
   EXPECT_EQ(Read("", 0).version, 0);
 }
 
@@ -53,6 +55,7 @@ TEST(ReadDefinition, TellsHowAHeaderIsWrong) {
   EXPECT_EQ(ReadOne("").damage, "the record has no header");
   EXPECT_EQ(ReadOne(".2 1\n").damage, "no header: '2 1'");
   EXPECT_EQ(ReadOne(".2 1 3 1 1\n.a\n.b\n").damage, "the header counts fewer sections than it says");
+  EXPECT_EQ(ReadOne(".2 1 1 1 0\n.a\n").damage, "the header counts more sections than it says");
   EXPECT_EQ(ReadOne(".2 1 1 2\n.a\n").damage, "the header counts more items than there are");
   EXPECT_EQ(ReadOne(".2 1 1 1\n.a\n.b\n").damage, "the header counts fewer items than there are");
   EXPECT_EQ(ReadOne(".2 1 2147483647 2147483647\n").damage, "the header counts more items than there are");

@@ -35,7 +35,8 @@ TEST_F(ProjectTest, MayBeAnEmptyFolder) {
   EXPECT_EQ(project->DefinitionOf(3), 1003U);
   EXPECT_EQ(*project->SpindleSpurs(), 1);
   EXPECT_EQ(project->Environment("-d"), std::filesystem::canonical(folder / "p").string());
-  EXPECT_EQ(project->Environment("ppdefini"), "machine.ini");
+  EXPECT_EQ(project->Environment("ppdefini"),
+            (std::filesystem::canonical(folder / "p") / "machine.ini").string());
   EXPECT_EQ(project->Environment("clampmdb"),
             (std::filesystem::canonical(folder / "p") / "clampdevice.cld").string());
   EXPECT_EQ(project->Environment("SubSpindleAvailable"), "");
@@ -48,6 +49,17 @@ TEST_F(ProjectTest, IsNoFolderThatHoldsOtherThings) {
   ASSERT_FALSE(project);
   EXPECT_EQ(project.fault().file, (folder / "p").string());
   EXPECT_NE(project.fault().text.find("is no project"), std::string::npos);
+}
+
+TEST_F(ProjectTest, IsNoFolderThatOnlyHasFoldersOfItsNames) {
+  for (const char* name : {"tmp/x", "bodies/x", "figures/x"}) test::WriteBytes(folder / "p" / name, "");
+  EXPECT_FALSE(Open()) << "the root of a system has a tmp too";
+}
+
+TEST_F(ProjectTest, IsNoFolderWhoseNameWouldBeTakenApart) {
+  std::filesystem::create_directories(folder / "a\\b");
+  EXPECT_FALSE(Project::Open(folder / "a\\b", folder / "share"));
+  EXPECT_FALSE(Project::Open("", folder / "share"));
 }
 
 TEST_F(ProjectTest, IsKnownByAnyOfItsFiles) {

@@ -34,6 +34,30 @@ TEST(MakeProject, RefusesAPlaceWhereSomethingIs) {
   EXPECT_FALSE(std::filesystem::exists(folder / "bench.ini"));
 }
 
+TEST(MakeProject, LeavesAFolderThatWasThereWhenItFails) {
+  const test::TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "share/samples/broken");
+  std::filesystem::create_symlink("/no/such", folder / "share/samples/broken/link");
+  test::WriteBytes(folder / "share/samples/broken/bodies", "no folder");
+  std::filesystem::create_directories(folder / "lathe");
+  EXPECT_FALSE(MakeProject(folder / "lathe", "broken", folder / "share"));
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "lathe"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2)
+      << "nothing is left beside it";
+}
+
+TEST(MakeProject, RefusesANameThatWouldBeTakenApart) {
+  const test::TemporaryFolder folder;
+  EXPECT_FALSE(MakeProject(folder / "a\\b", "mill-turn", kShare));
+  EXPECT_FALSE(MakeProject("", "mill-turn", kShare));
+}
+
+TEST(MakeProject, TakesATrailingSlash) {
+  const test::TemporaryFolder folder;
+  EXPECT_TRUE(MakeProject(folder.path().string() + "/lathe/", "mill-turn", kShare));
+  EXPECT_TRUE(std::filesystem::exists(folder / "lathe/bench.ini"));
+}
+
 TEST(MakeProject, NamesTheSamplesWhenThereIsNoneOfThatName) {
   const test::TemporaryFolder folder;
   const auto made = MakeProject(folder / "lathe", "swiss", kShare);

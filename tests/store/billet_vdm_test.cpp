@@ -69,12 +69,16 @@ TEST_F(OperationInit, OfANumberAboveTheSchemaCostsTheRecordAndShowsABox) {
   OpenOver(std::vector<Record>(19, {"2 1 0"}));
   EXPECT_FALSE(vdm.OperationInit(18));
   EXPECT_EQ(Records(), 18U);
+  ASSERT_EQ(host.boxes.size(), 1U);
+  EXPECT_EQ(host.boxes[0].owner, FakeHost::WindowOf(2));
   EXPECT_THAT(host.TakeBoxes(), ElementsAre("Clamp VDM|Wrong operation: 18|0"));
 }
 
 TEST_F(OperationInit, OfANegativeNumberChangesNothingAndShowsABox) {
   OpenOver({{"2 1 0"}});
   EXPECT_FALSE(vdm.OperationInit(-1));
+  EXPECT_THAT(host.calls, testing::IsSupersetOf({"OrvoMacroVdmSeek(41, -1, 0)", "OrvoMacroVdmRemove(41, 1)"}))
+      << "the deletion comes before the test of the number";
   EXPECT_EQ(Records(), 1U);
   EXPECT_THAT(host.TakeBoxes(), ElementsAre("Clamp VDM|Wrong operation: -1|0"));
 }

@@ -106,6 +106,25 @@ TEST_F(MacroVdmTest, CloseOfWhatSomebodyElseHasClosedForgetsTheHandle) {
       << "the host's close is not called";
 }
 
+TEST_F(MacroVdmTest, AnyFlagButZeroSaysThatAVdmExists) {
+  host.vdms[kVdm] = {};
+  for (const std::int32_t flag : {2, -1}) {
+    host.existsFlag = flag;
+    EXPECT_FALSE(store.Create()) << flag;
+    EXPECT_TRUE(store.Open()) << flag;
+    store.Close();
+  }
+}
+
+TEST_F(MacroVdmTest, OpenIsRefusedByACountOfOneOrMoreOnly) {
+  host.vdms[kVdm] = {};
+  host.checkOpenFlag = -1;
+  EXPECT_TRUE(store.Open());
+  EXPECT_TRUE(store.Close()) << "only 0 says that somebody else has closed it";
+  host.checkOpenFlag = 2;
+  EXPECT_FALSE(store.Open());
+}
+
 TEST_F(MacroVdmTest, DestructionClosesWhatIsOpen) {
   { OrvoApi::MacroVdm(kVdm).Create(); }
   EXPECT_EQ(host.vdms[kVdm].handle, 0U);
@@ -220,6 +239,12 @@ TEST_F(LoadFromFile, OfAnotherExtensionLosesTheOldContentAllTheSame) {
     EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Invalid VDM-Name!|0"));
     EXPECT_EQ(sent, "") << path;
   }
+}
+
+TEST_F(LoadFromFile, RefusesInFrontOfTheHostsWindow) {
+  store.LoadFromFile("x.txt");
+  ASSERT_EQ(host.boxes.size(), 1U);
+  EXPECT_EQ(host.boxes[0].owner, FakeHost::WindowOf(2));
 }
 
 TEST_F(LoadFromFile, RefusesInTheUsersLanguage) {

@@ -223,6 +223,22 @@ TEST_F(Sections, WithoutACommitHoldItemsThatTheHeaderDoesNotCount) {
   EXPECT_THAT(Items(0), ElementsAre("2 1 3 0 2 0", "n0", "b0", "b1"));
 }
 
+TEST_F(Sections, OfANegativeNumberExistNeitherForMakingNorForWriting) {
+  SelectSample();
+  EXPECT_FALSE(vdm.SectionCreate(-1));
+  EXPECT_FALSE(vdm.SectionRewrite(-1));
+  const std::string invalid = MillTurnBox("Operation 0 section -1 (0 based) out of range (3 sections)");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(MillTurnBox("SectionCreate:: Operation (0) section (-1) exist"),
+                                            invalid, invalid, invalid));
+}
+
+TEST_F(Sections, CannotBeRewrittenWithoutACurrentOperation) {
+  SelectSample();
+  vdm.currentOperation = -1;
+  EXPECT_FALSE(vdm.SectionRewrite(1));
+  EXPECT_THAT(Items(0), ElementsAre("2 1 3 1 2 0", "a0", "b0", "b1"));
+}
+
 class ItemPut : public Sections {};
 
 TEST_F(ItemPut, OverwritesAnItem) {

@@ -193,6 +193,7 @@ TEST_F(ReOrg, OfADefinitionOpenElsewhereReportsAndChangesNothing) {
   EXPECT_EQ(boxes[1], BaseBox("Create: vdm exist"));
   EXPECT_EQ(boxes[2], BaseBox("SeekFromStart: Vdm not open"));
   EXPECT_EQ(boxes.back(), BaseBox("Close: Vdm not open"));
+  EXPECT_GOLDEN(Lines(boxes), "store/reorg_open_elsewhere.boxes");
 }
 
 TEST_F(ReOrg, OnAnOpenObjectReportsTwiceAndMakesEverythingAnew) {

@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -44,6 +45,8 @@ class FakeHost : private platform::BoxPresenter {
 
   // What it lacks or refuses.
   std::set<std::string> missing;
+  std::int32_t existsFlag = 1;                ///< what a VDM that is there is told by
+  std::optional<std::int32_t> checkOpenFlag;  ///< what is told of any VDM instead of the truth
   bool refusesCreate = false;
   bool refusesOpen = false;
 

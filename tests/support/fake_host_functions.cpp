@@ -120,7 +120,7 @@ void* OrvoGetWnd(Int selector) {
 
 Int OrvoMacroVdmExists(Word vdm) {
   Note("OrvoMacroVdmExists", vdm);
-  return Host().vdms.contains(vdm) ? 1 : 0;
+  return Host().vdms.contains(vdm) ? Host().existsFlag : 0;
 }
 Word OrvoMacroVdmCreate(Word vdm, Int zero) {
   Note("OrvoMacroVdmCreate", vdm, zero);
@@ -137,6 +137,7 @@ Word OrvoMacroVdmOpen(Word vdm, Int one) {
 }
 Int OrvoMacroVdmCheckOpen(Word vdm) {
   Note("OrvoMacroVdmCheckOpen", vdm);
+  if (Host().checkOpenFlag) return *Host().checkOpenFlag;
   const auto found = Host().vdms.find(vdm);
   if (found == Host().vdms.end()) return 0;
   return found->second.handle != 0 || found->second.openElsewhere ? 1 : 0;

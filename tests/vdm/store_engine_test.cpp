@@ -69,8 +69,8 @@ TEST_P(EveryEngine, KeepsAVdmWithoutRecords) {
 }
 
 TEST_P(EveryEngine, TakesTheFirstAndTheLastNumberAndListsThemRising) {
-  for (const std::uint32_t number : {0xFFFFFFFFu, 0u, 1000u}) Write(number, Vdm());
-  EXPECT_EQ(Get(engine->Numbers()), (std::vector<Number>{Number{0}, Number{1000}, Number{0xFFFFFFFF}}));
+  for (const std::uint32_t number : {0x7FFFFFFFu, 0u, 1000u}) Write(number, Vdm());
+  EXPECT_EQ(Get(engine->Numbers()), (std::vector<Number>{Number{0}, Number{1000}, Number{0x7FFFFFFF}}));
 }
 
 TEST_P(EveryEngine, PutsTheNewContentInThePlaceOfTheOld) {

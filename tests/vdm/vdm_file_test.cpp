@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "vdm/vdm_file.h"
 
 #include <gmock/gmock.h>
@@ -179,9 +181,11 @@ TEST(VdmText, IsNotReadFurtherThanItsLongestLine) {
   EXPECT_LT(bytes.given, 20000u);
 }
 
-TEST_F(VdmFile, ThatIsNotThereOrAFolderIsToldByName) {
+TEST_F(VdmFile, ThatIsNotThereOrNoRegularFileIsToldByName) {
   EXPECT_EQ(Told(ReadVdmFile(file)), file.string() + ": cannot be read");
-  EXPECT_EQ(Told(ReadVdmFile(folder.path())), folder.path().string() + ": cannot be read");
+  EXPECT_EQ(Told(ReadVdmFile(folder.path())), folder.path().string() + ": is no regular file");
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(Told(ReadVdmFile(folder / "pipe")), (folder / "pipe").string() + ": is no regular file");
 }
 
 TEST_F(VdmFile, IsReplacedWithItsPermissionsAndNothingIsLeftBesideIt) {

@@ -69,9 +69,22 @@ TEST_F(ScriptBoxesTest, TellsAScriptThatCannotBeRead) {
   EXPECT_NE(Written().find("none.txt"), std::string::npos);
 }
 
-TEST_F(ScriptBoxesTest, TellsTheLineWhereAScriptIsBroken) {
-  Serve("answer yes\nfile \"x\n");
+TEST_F(ScriptBoxesTest, TellsTheLineWhereAScriptIsBrokenAndKeepsTheAnswersBefore) {
+  ScriptBoxes boxes = Serve("answer yes\nfile \"x\nanswer yes\n");
   EXPECT_TRUE(Written().starts_with("{\"event\":\"error\",\"line\":2,")) << Written();
+  EXPECT_EQ(boxes.Present(question), 6);
+  EXPECT_EQ(boxes.Present(question), 7);
+}
+
+TEST_F(ScriptBoxesTest, TellsAFileLineThatNamesNoFile) {
+  Serve("file\n");
+  EXPECT_TRUE(Written().starts_with("{\"event\":\"error\",\"line\":1,")) << Written();
+}
+
+TEST_F(ScriptBoxesTest, LooksNoFurtherThanTheFirstCommandOfTheDialog) {
+  ScriptBoxes boxes = Serve("answer yes\nselect 2\nfile \"x\n");
+  EXPECT_EQ(Written(), "");
+  EXPECT_EQ(boxes.Present(question), 6);
 }
 
 }  // namespace

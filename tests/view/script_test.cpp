@@ -47,22 +47,25 @@ TEST(ScriptWords, TellWhereAQuoteIsWrong) {
   ExpectFault(R"(file "a\)", 8);
 }
 
-TEST(ReadScript, NumbersItsLinesFromOneAndLeavesOutEmptyOnes) {
+TEST(ScriptReader, NumbersItsLinesFromOneAndLeavesOutEmptyOnes) {
   std::istringstream text("# a set-up\n\nanswer yes\r\nclose");
-  const auto script = ReadScript(text);
-  ASSERT_TRUE(script);
-  ASSERT_EQ(script->size(), 2U);
-  EXPECT_EQ((*script)[0].number, 3);
-  EXPECT_THAT((*script)[0].words, ElementsAre("answer", "yes"));
-  EXPECT_EQ((*script)[1].number, 4);
+  ScriptReader script(text);
+  EXPECT_THAT(*script.Next(), ElementsAre("answer", "yes"));
+  EXPECT_EQ(script.LineNumber(), 3);
+  EXPECT_THAT(*script.Next(), ElementsAre("close"));
+  EXPECT_EQ(script.LineNumber(), 4);
+  EXPECT_THAT(*script.Next(), IsEmpty());
 }
 
-TEST(ReadScript, TellsTheLineOfAFault) {
-  std::istringstream text("close\nfile \"");
-  const auto script = ReadScript(text);
-  ASSERT_FALSE(script);
-  EXPECT_EQ(script.fault().line, 2);
-  EXPECT_EQ(script.fault().column, 6);
+TEST(ScriptReader, TellsTheLineOfAFaultAndGoesOnBehindIt) {
+  std::istringstream text("close\nfile \"\nclose");
+  ScriptReader script(text);
+  EXPECT_TRUE(script.Next());
+  const auto broken = script.Next();
+  ASSERT_FALSE(broken);
+  EXPECT_EQ(broken.fault().line, 2);
+  EXPECT_EQ(broken.fault().column, 6);
+  EXPECT_THAT(*script.Next(), ElementsAre("close"));
 }
 
 }  // namespace

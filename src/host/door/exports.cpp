@@ -14,6 +14,10 @@ namespace {
 
 using namespace vanzet;
 
+void TellThrown(const char* what) {
+  platform::Show({"vanzet", what, platform::box::kOk + platform::box::kExclamationIcon});
+}
+
 /// Runs an export's work inside the module's state. Nothing is thrown across to the host.
 template <class Work>
 void AtTheDoor(Work work) {
@@ -22,7 +26,9 @@ void AtTheDoor(Work work) {
     guard.emplace();
     work();
   } catch (const std::exception& error) {
-    platform::Show({"vanzet", error.what(), platform::box::kOk + platform::box::kExclamationIcon});
+    TellThrown(error.what());
+  } catch (...) {
+    TellThrown("something unexpected was thrown");
   }
 }
 

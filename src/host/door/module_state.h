@@ -8,9 +8,6 @@ namespace vanzet {
 /// The module as an object of the process: what survives between two calls of its exports.
 class CvanzetApp {
  public:
-  /// Always true: there is nothing to prepare.
-  static bool InitInstance() { return true; }
-
   view::ViewChoice views;
 };
 

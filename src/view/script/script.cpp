@@ -72,15 +72,14 @@ Result<std::vector<std::string>> ScriptWords(std::string_view line) {
   return words;
 }
 
-Result<std::vector<ScriptLine>> ReadScript(std::istream& text) {
-  std::vector<ScriptLine> script;
-  std::string line;
-  for (int number = 1; std::getline(text, line); ++number) {
+Result<std::vector<std::string>> ScriptReader::Next() {
+  for (std::string line; std::getline(text_, line);) {
+    ++lineNumber_;
     auto words = ScriptWords(line);
-    if (!words) return Fault{words.fault().text, "", number, words.fault().column};
-    if (!words->empty()) script.push_back({number, std::move(*words)});
+    if (!words) return Fault{words.fault().text, "", lineNumber_, words.fault().column};
+    if (!words->empty()) return words;
   }
-  return script;
+  return std::vector<std::string>();
 }
 
 }  // namespace vanzet::view

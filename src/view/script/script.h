@@ -9,17 +9,26 @@
 
 namespace vanzet::view {
 
-/// One line of a script, as words. A word in double quotes may be empty and may hold blanks, '#', and the
-/// escapes \" \\ \n.
-struct ScriptLine {
-  int number;  ///< from 1
-  std::vector<std::string> words;
-};
-
-/// Reads the words of one line; none when it is blank or a comment. A fault tells the column, from 1.
+/// Reads the words of one line; none when it is blank or a comment. A word in double quotes may be empty and
+/// may hold blanks, '#', and the escapes \" \\ \n. A fault tells the column, from 1.
 Result<std::vector<std::string>> ScriptWords(std::string_view line);
 
-/// Reads a whole script, without the lines that say nothing. A fault tells line and column.
-Result<std::vector<ScriptLine>> ReadScript(std::istream& text);
+/// A walk over the lines of a script that say something.
+class ScriptReader {
+ public:
+  /// `text` has to outlive the reader.
+  explicit ScriptReader(std::istream& text) : text_(text) {}
+
+  /// The words of the next line, none at the end. A fault tells line and column, and the walk may go on
+  /// behind it.
+  Result<std::vector<std::string>> Next();
+
+  /// The number of the line read last, from 1.
+  int LineNumber() const { return lineNumber_; }
+
+ private:
+  std::istream& text_;
+  int lineNumber_ = 0;
+};
 
 }  // namespace vanzet::view

@@ -20,9 +20,11 @@ constexpr AnswerWord kAnswerWords[] = {
     {"cancel", platform::answer::kCancel},
 };
 
-std::optional<std::int32_t> AnswerOf(const ScriptLine& line) {
-  if (line.words.size() != 2) return std::nullopt;
-  const auto* const row = std::ranges::find(kAnswerWords, line.words[1], &AnswerWord::word);
+using Words = std::vector<std::string>;
+
+std::optional<std::int32_t> AnswerOf(const Words& words) {
+  if (words.size() != 2) return std::nullopt;
+  const auto* const row = std::ranges::find(kAnswerWords, words[1], &AnswerWord::word);
   return row == std::end(kAnswerWords) ? std::nullopt : std::optional(row->answer);
 }
 
@@ -34,12 +36,8 @@ ScriptBoxes::ScriptBoxes(const std::string& scriptFile, Transcript& transcript) 
     return;
   }
   std::ifstream text(platform::FileOf(scriptFile), std::ios::binary);
-  const auto script = ReadScript(text);
-  if (script) {
-    QueueLeadingAnswers(*script);
-  } else {
-    transcript_.Error(script.fault().line, script.fault().text);
-  }
+  ScriptReader script(text);
+  QueueLeadingAnswers(script);
 }
 
 std::int32_t ScriptBoxes::Present(const platform::MessageBox& message) {
@@ -52,17 +50,26 @@ std::int32_t ScriptBoxes::Present(const platform::MessageBox& message) {
   return given;
 }
 
-void ScriptBoxes::QueueLeadingAnswers(const std::vector<ScriptLine>& script) {
-  for (const ScriptLine& line : script) {
-    // Results of file dialogs may stand among the answers; what follows serves the dialog.
-    if (line.words.front() == "file") continue;
-    if (line.words.front() != "answer") return;
-    const auto answer = AnswerOf(line);
-    if (!answer) {
-      transcript_.Error(line.number, "expected 'answer yes', 'answer no' or 'answer cancel'");
+void ScriptBoxes::QueueLeadingAnswers(ScriptReader& script) {
+  for (;;) {
+    const auto words = script.Next();
+    if (!words) return transcript_.Error(script.LineNumber(), words.fault().text);
+    if (words->empty()) return;
+    if (words->front() == "answer") {
+      const auto answer = AnswerOf(*words);
+      if (!answer) {
+        return transcript_.Error(script.LineNumber(),
+                                 "expected 'answer yes', 'answer no' or 'answer cancel'");
+      }
+      answers_.push_back(*answer);
+    } else if (words->front() == "file") {
+      // Results of file dialogs may stand among the answers; they serve the dialog.
+      if (words->size() != 2) {
+        return transcript_.Error(script.LineNumber(), "expected 'file \"PATH\"' or 'file cancel'");
+      }
+    } else {
       return;
     }
-    answers_.push_back(*answer);
   }
 }
 

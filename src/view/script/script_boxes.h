@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <deque>
 #include <string>
-#include <vector>
 
 #include "platform/message_box.h"
 #include "view/script/script.h"
@@ -17,14 +16,14 @@ namespace vanzet::view {
 /// with one button is answered OK and uses up nothing.
 class ScriptBoxes final : public platform::BoxPresenter {
  public:
-  /// Queues the answers that stand before all other commands of the script. A script that cannot be read is
-  /// an error of the transcript, and nothing is queued. The transcript has to outlive the boxes.
+  /// Queues the answers that stand before all other commands of the script, up to the first line that cannot
+  /// be done, which is an error of the transcript. The transcript has to outlive the boxes.
   ScriptBoxes(const std::string& scriptFile, Transcript& transcript);
 
   std::int32_t Present(const platform::MessageBox& message) override;
 
  private:
-  void QueueLeadingAnswers(const std::vector<ScriptLine>& script);
+  void QueueLeadingAnswers(ScriptReader& script);
 
   Transcript& transcript_;
   std::deque<std::int32_t> answers_;

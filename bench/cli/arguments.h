@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vanzet::cli {
+
+/// The number that a word of the command line stands for, decimal and from 0 up. Any other word is wrong
+/// usage, which is thrown to the parser; `name` is the operand's or option's.
+std::int32_t NumberOf(const std::string& name, const std::string& word);
+
+/// The word itself; an empty one is wrong usage.
+std::string FileOf(const std::string& name, const std::string& word);
+
+}  // namespace vanzet::cli
