@@ -1,0 +1,56 @@
+#include <algorithm>
+#include <iterator>
+
+#include "geometry/matrix.h"
+
+namespace geometry {
+namespace {
+
+/// What the host stores: the elements, then two words of zero.
+struct TmxRecord {
+  double e[16] = {};
+  double rest[2] = {};
+};
+static_assert(sizeof(TmxRecord) == 144);
+
+int RefuseNumber(int, int, int) {
+  return -1;
+}
+
+constinit MatrixVdmHost vdmHost = {
+    .Make = RefuseNumber,
+    .Open = RefuseNumber,
+    .WriteTmx = [](int, const void*) { return -1; },
+    .ReadTmx = [](int, void*) { return -1; },
+    .Close = [](int) { return -1; },
+};
+
+}  // namespace
+
+void SetMatrixVdmHost(const MatrixVdmHost& host) {
+  vdmHost = host;
+}
+
+void Matrix::ToVdm(int vdmNumber) const {
+  const int handle = vdmHost.Make(vdmNumber, 2, 0);
+  if (handle < 0) throw L"Failed to create Matrix VDM";
+  TmxRecord record;
+  std::copy(std::begin(e), std::end(e), record.e);
+  vdmHost.WriteTmx(handle, &record);
+  vdmHost.Close(handle);
+}
+
+void Matrix::FromVdm(int vdmNumber) {
+  const int handle = vdmHost.Open(vdmNumber, 2, 2);
+  if (handle < 0) throw L"Failed to open Matrix VDM";
+  TmxRecord record;
+  vdmHost.ReadTmx(handle, &record);
+  std::copy(std::begin(record.e), std::end(record.e), e);
+  // Exactly the identity, where `IsUnit` allows for rounding.
+  const Matrix identity;
+  unit = std::equal(std::begin(e), std::end(e), std::begin(identity.e));
+  vdmHost.Close(handle);
+  IsMirrored();
+}
+
+}  // namespace geometry
