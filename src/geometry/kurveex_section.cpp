@@ -33,6 +33,10 @@ class Copy {
 
   void Add(const Span& span) { AddKeepingKind(copy_, span); }
 
+  void AddAll(int from, int to) {
+    for (int i = from; i <= to; ++i) Add(Read(i));
+  }
+
   /// Adds the span as two, divided at distance `d`; the words stay with its end.
   void AddCut(const Span& span, double d) {
     const double within = std::clamp(d, 0.0, span.length);
@@ -131,30 +135,26 @@ int SectionAtVertex(const KurveEx& a, const KurveEx& b, int vertexNumber, double
 int SectionAtPoint(const KurveEx& a, const KurveEx& b, const Point& p, KurveEx& outA, KurveEx& outB) {
   const int through = SpanThrough(a, p);
   Span spanA, spanB;
-  a.Get(through, spanA);
-  const bool atStart = through > 0 && p == spanA.p0, atEnd = through > 0 && p == spanA.p1;
-  if (through == 0 || atStart || atEnd || !b.Get(through, spanB)) {
-    const KurveEx copyA(a), copyB(b);
-    outA = copyA;
-    outB = copyB;
-    if (atStart) return through - 1;
-    return atEnd ? through : -1;
-  }
+  const bool found = a.Get(through, spanA) && b.Get(through, spanB);
+  const bool atStart = found && p == spanA.p0, atEnd = found && p == spanA.p1;
   Copy copyA(a), copyB(b);
-  double d = 0;
-  spanA.NearClamped(p, d);
-  for (int i = 1; i <= a.SpanCount(); ++i) {
-    if (i == through) {
-      copyA.AddCut(spanA, d);
-      copyB.AddCut(spanB, d / spanA.length * spanB.length);
-    } else {
-      copyA.Add(copyA.Read(i));
-      if (b.Get(i, spanB)) copyB.Add(spanB);
-    }
+  if (!found || atStart || atEnd) {
+    copyA.AddAll(1, a.SpanCount());
+    copyB.AddAll(1, b.SpanCount());
+  } else {
+    double d = 0;
+    spanA.NearClamped(p, d);
+    copyA.AddAll(1, through - 1);
+    copyA.AddCut(spanA, d);
+    copyA.AddAll(through + 1, a.SpanCount());
+    copyB.AddAll(1, through - 1);
+    copyB.AddCut(spanB, AtSameFraction(d, spanA, spanB, 0, 0));
+    copyB.AddAll(through + 1, b.SpanCount());
   }
   outA = copyA.Result();
   outB = copyB.Result();
-  return through;
+  if (!found) return -1;
+  return atStart ? through - 1 : through;
 }
 
 }  // namespace geometry
