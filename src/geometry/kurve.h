@@ -116,9 +116,9 @@ class Kurve : public Matrix {
   void Append(int type, const Point& p, const Point& pc);
   void Store(int vertexNumber, int type, const Point& p, const Point& pc, std::uint32_t ID);
   spVertex Stored(int vertexNumber) const;
+  IndexWord StoredIndex(int vertexNumber) const;
   double UniformScale() const;
   void AppendChords(const Span& arc, int steps);
-  bool StraightFrom(int anchor, int current, double tolerance) const;
 };
 
 /// As the members, for a pointer that may be null: `Add` throws L"Kurve::Add - No Kurve Object", the others

@@ -140,6 +140,7 @@ class KurveEx {
   void SetStartPoint(const Point& p);
   void SetEndVertex(int type, const Point& p, const Point& pc, std::uint32_t ID);
   void MoveEnd(const Point& p);
+  void MoveStart(const Point& p);
   int ReduceCircle();
 };
 
