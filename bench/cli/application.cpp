@@ -1,6 +1,7 @@
 #include "cli/application.h"
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <exception>
 #include <iostream>
 
@@ -15,7 +16,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 constexpr void (*kCommands[])(CLI::App&, Context&) = {
-    AddNew, AddUpgrade, AddShow, AddItems, AddVdm, AddCommand, AddCompletion,
+    AddNew, AddUpgrade, AddShow, AddItems, AddVdm, AddCommand, AddContour, AddCompletion,
 };
 
 /// Operands by their names alone: "[PROJECT]" where one may be left out.
@@ -44,6 +45,8 @@ int Work(Context& context) {
 }  // namespace
 
 int Run(int argc, const char* const* argv) {
+  // A limit on the size of files is then a fault to be told, like a full disk.
+  std::signal(SIGXFSZ, SIG_IGN);
   const auto context = MakeContext();
   CLI::App app("Defines, checks and exports what holds the work on a turning or mill-turn machine.",
                "vanzet");

@@ -98,9 +98,7 @@ class Reader {
   Result<void> NextLine() {
     const auto next = lines_.Next();
     if (!next) return next.fault();
-    // Only the last line can be whole without its line feed: its count says so.
-    const bool isWhole = *next && (lines_.IsClosed() || lines_.Line().starts_with("end "));
-    if (!isWhole) return Fault{"is cut short"};
+    if (!*next || !lines_.IsClosed()) return Fault{"is cut short"};
     return {};
   }
 

@@ -1,5 +1,6 @@
 #include "store/clamp_schema.h"
 #include "store/store_fixture.h"
+#include "support/golden.h"
 
 namespace vanzet::test {
 namespace {
@@ -57,6 +58,19 @@ TEST_F(ReOrg, MakesADefinitionOf18OperationsWhereNoneIs) {
   EXPECT_THAT(Items(17), ElementsAre("2 1 2 1 1", "Finishpart from Sub", "0"));
   EXPECT_THAT(host.boxes, IsEmpty());
   EXPECT_THAT(rebuilds, IsEmpty()) << "a new definition is current";
+}
+
+TEST_F(ReOrg, MakesADefinitionByTheseCalls) {
+  Run();
+  EXPECT_GOLDEN(Lines(host.calls), "store/reorg_new.trace");
+}
+
+TEST_F(ReOrg, BringsAVersionZeroUpToDateByTheseCalls) {
+  host.vdms[kVdm].records = {
+      {"1 1 1 1", "Billet definition"},
+      {"2 1 4 1 2 2 4", "Main Spindle", "chuck", "1 5.0", "0", "0", "MainBillet", "0", "0", "0"}};
+  Run();
+  EXPECT_GOLDEN(Lines(host.calls), "store/reorg_version_0.trace");
 }
 
 TEST_F(ReOrg, LeavesACurrentDefinitionAsItIs) {

@@ -97,10 +97,6 @@ TEST(VdmText, MayBeginWithAByteOrderMark) {
   EXPECT_EQ(RecordsOf(Get(Read("\xEF\xBB\xBFvdm 1\nend 0\n"))), Records{});
 }
 
-TEST(VdmText, MayLackTheLineFeedAfterItsEnd) {
-  EXPECT_EQ(RecordsOf(Get(Read("vdm 1\nrecord\n.a\nend 1"))), Records{{"a"}});
-}
-
 TEST(VdmText, IsRefusedWhenCutShortAtAnyByte) {
   // More than nine records, so that cutting the count leaves a number.
   Records records(12, {"item", "with \\ and\n"});
@@ -108,8 +104,7 @@ TEST(VdmText, IsRefusedWhenCutShortAtAnyByte) {
   ASSERT_EQ(Told(WriteVdmFile(folder / "a.vdm", VdmOf(records))), "");
   const std::string whole = test::ReadBytes(folder / "a.vdm");
   ASSERT_TRUE(Read(whole));
-  // Without its last line feed the text still tells everything.
-  for (std::size_t size = 0; size + 1 < whole.size(); ++size) {
+  for (std::size_t size = 0; size < whole.size(); ++size) {
     EXPECT_FALSE(Read(whole.substr(0, size))) << "cut at byte " << size;
   }
 }
@@ -148,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"vdm 1\nrecord\n.a\\\nend 1\n", "a.vdm:3: a backslash stands before neither \\, n nor r"},
         Refusal{"vdm 1\nrecord\n.a\rb\nend 1\n", "a.vdm:3: a carriage return is written as \\r"},
         Refusal{"vdm 1\nrecord\nend 2\n", "a.vdm:3: \"end 1\" is expected: so many records were read"},
-        Refusal{"vdm 1\nrecord\nend 12", "a.vdm:3: \"end 1\" is expected: so many records were read"},
+        Refusal{"vdm 1\nrecord\nend 1", "a.vdm:3: is cut short"},
         Refusal{"vdm 1\nrecord\nend one\n", "a.vdm:3: \"end 1\" is expected: so many records were read"},
         Refusal{"vdm 1\nrecord\nend \n", "a.vdm:3: \"end 1\" is expected: so many records were read"},
         Refusal{"vdm 1\nrecord \nend 1\n", "a.vdm:2: an item, \"record\" or \"end\" is expected"},
