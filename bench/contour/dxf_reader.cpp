@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <sstream>
 #include <utility>
 
 #include "base/ini.h"
@@ -34,7 +35,11 @@ constexpr std::size_t kMostGroups = 8 * kMostVertices;
 /// trusts counts and the order of groups, so both are checked before.
 class DxfReader {
  public:
-  DxfReader(std::istream& text, const std::string& name) : groups_(text, name), name_(name) {}
+  DxfReader(std::istream& text, const std::string& name) : groups_(text, name), name_(name) {
+    // Without this the library does not know that it has read nothing yet.
+    std::istringstream nothing;
+    dxf_.in(nothing, &pieces_);
+  }
 
   Result<void> Read();
 
@@ -52,7 +57,7 @@ class DxfReader {
   Result<void> CheckSequence(const DxfGroup& group);
   Result<void> EndEntity();
   void BeginEntity(const DxfGroup& group);
-  void Feed(const DxfGroup& group);
+  void Feed(const DxfEntity& entity);
 
   DxfGroupReader groups_;
   std::string name_;
@@ -96,7 +101,7 @@ Result<void> DxfReader::TakeMark(const DxfGroup& group) {
   }
   if (!isOfSections) return {};
   section_.clear();
-  Feed(group);
+  Feed({group.value, group.line, {}});
   return {};
 }
 
@@ -124,15 +129,18 @@ Result<void> DxfReader::EndEntity() {
   if (entity_.kind.empty()) return {};
   const DxfEntity entity = std::exchange(entity_, {});
   if (const auto checked = CheckEntity(entity, groups_.lines()); !checked) return checked;
-  Feed({0, entity.kind, entity.line});
-  for (const DxfGroup& group : entity.groups) Feed(group);
+  Feed(entity);
   return {};
 }
 
 /// The library adds an entity when the next one begins.
-void DxfReader::Feed(const DxfGroup& group) {
-  dxf_.processDXFGroup(&pieces_, group.code, group.value);
-  if (group.code == 0) pieces_.SetLine(group.line);
+void DxfReader::Feed(const DxfEntity& entity) {
+  std::string text = "0\n" + entity.kind + "\n";
+  for (const DxfGroup& group : entity.groups) text += std::to_string(group.code) + "\n" + group.value + "\n";
+  std::istringstream stream(text);
+  dxf_.readDxfGroups(stream, &pieces_);
+  pieces_.SetLine(entity.line);
+  for (std::size_t i = 0; i < entity.groups.size(); ++i) dxf_.readDxfGroups(stream, &pieces_);
 }
 
 Result<void> DxfReader::TakeGroup(const DxfGroup& group) {

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "contour/number_text.h"
 #include "contour/text_form.h"
 
@@ -8,8 +10,14 @@ using geometry::KurveEx;
 
 constexpr int kHeadDigits = 6;
 
+/// What turning leaves of a zero is written as one.
+std::string Coordinate(double value) {
+  constexpr double kNothing = 1e-12;
+  return Number(std::fabs(value) < kNothing ? 0 : value, kTextDigits);
+}
+
 std::string PointText(const geometry::Point& point) {
-  return "x" + Number(point.x, kTextDigits) + " y" + Number(point.y, kTextDigits);
+  return "x" + Coordinate(point.x) + " y" + Coordinate(point.y);
 }
 
 std::string VertexText(const geometry::spVertex& vertex) {
