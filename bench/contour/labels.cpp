@@ -27,12 +27,14 @@ bool Covers(const Label& label, const Point& point) {
   return std::fabs(label.middle.x - point.x) < size.x + 1 && std::fabs(label.middle.y - point.y) < size.y + 1;
 }
 
-/// Points of the contours on the screen, some pixels apart.
+/// Points of the contours on the screen, some pixels apart, and of the rings about their starts.
 std::vector<Point> Samples(const Contours& contours, const View& view) {
-  constexpr double kStep = 3;
+  constexpr double kStep = 3, kStartRing = 5.5;
   constexpr int kMostSteps = 400;
   std::vector<Point> samples;
   for (const Contour& contour : contours) {
+    for (int i = 0; i < 8; ++i)
+      samples.emplace_back(view.ToScreen(contour.curve.start), kStartRing, i * 45.0);
     for (const geometry::Span& span : contour.curve.spans) {
       const int steps =
           static_cast<int>(std::min<double>(kMostSteps, span.length * view.scale() / kStep)) + 1;
@@ -49,7 +51,7 @@ std::vector<Point> PlacesBeside(const Point& point, const std::string& text) {
   constexpr double kDirections[][2] = {{1, -1}, {-1, -1}, {1, 1}, {-1, 1}, {0, -1}, {0, 1}, {1, 0}, {-1, 0}};
   const Point size = HalfSize(text);
   std::vector<Point> places;
-  for (const double gap : {4.0, 8.0, 13.0}) {
+  for (const double gap : {6.0, 10.0, 15.0}) {
     for (const auto& [x, y] : kDirections) {
       places.emplace_back(point.x + x * (size.x + gap), point.y + y * (size.y + gap * 0.6));
     }
