@@ -37,6 +37,7 @@ Result<void> CheckArc(int direction, const Point& start, const Point& end, const
 
 Result<void> CheckPoint(const Point& point) {
   for (const double coordinate : {point.x, point.y}) {
+    if (std::isnan(coordinate)) return Fault{"a coordinate is no number"};
     if (!(std::fabs(coordinate) <= kLargestCoordinate)) {
       return Fault{"the coordinate " + Number(coordinate, 6) + " mm is not within " +
                    Number(kLargestCoordinate, 6) + " mm"};

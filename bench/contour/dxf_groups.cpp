@@ -118,6 +118,10 @@ bool IsUsed(int code) {
 }
 
 Result<void> CheckValue(const DxfGroup& group, const LineReader& lines) {
+  constexpr std::size_t kLongestValue = 255;  // the DXF library stumbles over lines of more than 1000
+  if (group.value.size() > kLongestValue) {
+    return lines.AtLine(group.line, "the value is longer than " + std::to_string(kLongestValue) + " bytes");
+  }
   const bool isNumber = Contains(kIntegers, group.code) ? WholeInteger(group.value).has_value()
                         : Contains(kReals, group.code)  ? WholeReal(group.value).has_value()
                                                         : true;

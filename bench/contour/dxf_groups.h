@@ -39,7 +39,7 @@ class DxfGroupReader {
 /// The layer, the flags and the coordinates: what is used of an entity.
 bool IsUsed(int code);
 
-/// What is wrong with a value: a number that is none. Requires: the group is used.
+/// Refuses a value that is no number where it should be one, or too long. Requires: the group is used.
 Result<void> CheckValue(const DxfGroup& group, const LineReader& lines);
 
 /// Refuses an entity that lacks a number, or tells another count of vertices than it has.

@@ -13,9 +13,9 @@ namespace vanzet::contour {
 inline constexpr double kJoinTolerance = 0.001;
 
 struct DxfOptions {
-  std::string layer;             ///< only what is on it, in any case of letters; empty: all layers
+  std::string layer = {};        ///< only what is on it, in any case of letters; empty: all layers
   double join = kJoinTolerance;  ///< ends that are not farther apart belong together; in millimetres
-  std::string unit;              ///< "mm", "inch" or "m"; empty: the drawing's own, or millimetres
+  std::string unit = {};         ///< "mm", "inch" or "m"; empty: the drawing's own, or millimetres
 };
 
 /// Contours of a drawing, with a line for people about what was left out of it.

@@ -16,7 +16,6 @@ using geometry::Point;
 struct FreeEnd {
   std::size_t piece;
   bool isStart;
-  Point point;
 };
 
 /// The free ends by where they are, so that joining is quick in large drawings.
@@ -24,42 +23,56 @@ class FreeEnds {
  public:
   explicit FreeEnds(double tolerance) : tolerance_(tolerance), width_(std::max(tolerance, 1e-3)) {}
 
-  void Add(const FreeEnd& end) { cells_[CellOf(end.point)].push_back(end); }
-
-  void Remove(std::size_t piece, const Point& point) {
-    std::erase_if(cells_[CellOf(point)], [&](const FreeEnd& end) { return end.piece == piece; });
+  void Add(const FreeEnd& end, const Point& point) {
+    cells_[CellOf(point)].emplace(std::pair(end.piece, end.isStart), point);
   }
 
-  /// The nearest within the tolerance.
+  void Remove(const FreeEnd& end, const Point& point) {
+    cells_[CellOf(point)].erase({end.piece, end.isStart});
+  }
+
+  /// The nearest within the tolerance; of equal ones that of the first piece.
   std::optional<FreeEnd> Nearest(const Point& point) const {
-    std::optional<FreeEnd> nearest;
+    Found found{point, {}, tolerance_};
     const Cell centre = CellOf(point);
+    Look(centre, found);
+    if (found.end && found.distance == 0) return found.end;
     for (std::int64_t x = centre.first - 1; x <= centre.first + 1; ++x) {
-      for (std::int64_t y = centre.second - 1; y <= centre.second + 1; ++y) Look({x, y}, point, nearest);
+      for (std::int64_t y = centre.second - 1; y <= centre.second + 1; ++y) {
+        if (Cell{x, y} != centre) Look({x, y}, found);
+      }
     }
-    return nearest;
+    return found.end;
   }
 
  private:
   using Cell = std::pair<std::int64_t, std::int64_t>;
+  struct Found {
+    Point wanted;
+    std::optional<FreeEnd> end;
+    double distance;
+  };
 
   Cell CellOf(const Point& point) const {
     return {static_cast<std::int64_t>(std::floor(point.x / width_)),
             static_cast<std::int64_t>(std::floor(point.y / width_))};
   }
 
-  void Look(const Cell& cell, const Point& point, std::optional<FreeEnd>& nearest) const {
-    const auto found = cells_.find(cell);
-    if (found == cells_.end()) return;
-    const auto rank = [&](const FreeEnd& end) { return std::pair(Dist(end.point, point), end.piece); };
-    for (const FreeEnd& end : found->second) {
-      if (rank(end).first <= tolerance_ && (!nearest || rank(end) < rank(*nearest))) nearest = end;
+  void Look(const Cell& cell, Found& found) const {
+    const auto ends = cells_.find(cell);
+    if (ends == cells_.end()) return;
+    for (const auto& [end, point] : ends->second) {
+      const double distance = Dist(point, found.wanted);
+      const bool isEqual = distance == found.distance;
+      if (distance > found.distance || (isEqual && found.end && found.end->piece <= end.first)) continue;
+      found = {found.wanted, FreeEnd{end.first, end.second}, distance};
+      if (distance == 0) return;
     }
   }
 
   double tolerance_;
   double width_;
-  std::map<Cell, std::vector<FreeEnd>> cells_;
+  std::map<Cell, std::map<std::pair<std::size_t, bool>, Point>> cells_;
 };
 
 class Joiner {
@@ -67,8 +80,8 @@ class Joiner {
   Joiner(std::vector<Piece> pieces, double tolerance)
       : pieces_(std::move(pieces)), used_(pieces_.size()), tolerance_(tolerance), ends_(tolerance) {
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
-      ends_.Add({i, true, pieces_[i].start});
-      ends_.Add({i, false, pieces_[i].End()});
+      ends_.Add({i, true}, pieces_[i].start);
+      ends_.Add({i, false}, pieces_[i].End());
     }
   }
 
@@ -95,8 +108,8 @@ class Joiner {
 
   Piece Use(std::size_t i) {
     used_[i] = true;
-    ends_.Remove(i, pieces_[i].start);
-    ends_.Remove(i, pieces_[i].End());
+    ends_.Remove({i, true}, pieces_[i].start);
+    ends_.Remove({i, false}, pieces_[i].End());
     return std::move(pieces_[i]);
   }
 

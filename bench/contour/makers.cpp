@@ -65,11 +65,13 @@ Result<Contour> Chorded(const Contour& contour, double tolerance) {
   return chorded;
 }
 
+// The compact contour measures every vertex that it drops; the working one only the last, so that its errors
+// add up.
 Result<Contour> Reduced(const Contour& contour, double tolerance) {
-  return Guarded([&] {
-    Contour reduced = contour;
-    reduced.curve.Reduce(tolerance);
-    return reduced;
+  return Guarded([&]() -> Contour {
+    Kurve reduced(contour.curve);
+    reduced.Reduce(tolerance);
+    return {contour.number, KurveEx(reduced)};
   });
 }
 

@@ -44,7 +44,8 @@ std::vector<Crossing> Crossings(const Contour& a, const Contour& b);
 /// than `kMostVertices`. Requires: the tolerance is above 0.
 Result<Contour> Chorded(const Contour& contour, double tolerance);
 
-/// Vertices are dropped as the library's `Reduce` does.
+/// Drops vertices between lines while all that are dropped stay within `tolerance` of the new line. The start
+/// stays.
 Result<Contour> Reduced(const Contour& contour, double tolerance);
 
 /// The contour moved, turned, mirrored or scaled. Refused when it would be too large.
