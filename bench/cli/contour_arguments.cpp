@@ -13,7 +13,7 @@ namespace vanzet::cli {
 namespace {
 
 /// In millimetres.
-constexpr double kSmallestTolerance = 1e-6, kLargestTolerance = 1000;
+constexpr double kSmallestTolerance = 1e-6, kLargestTolerance = 1000, kLargestJoin = 10;
 
 using StoreReal = std::function<void(double)>;
 
@@ -25,7 +25,7 @@ CLI::Option* AddReal(CLI::App& command, const std::string& name, double least, d
 
 void AddFileOptions(CLI::App& command, ContourArguments& arguments) {
   command.add_option("--layer", arguments.drawing.layer, "of a drawing only this layer")->type_name("NAME");
-  AddReal(command, "--join", 0, kLargestTolerance,
+  AddReal(command, "--join", 0, kLargestJoin,
           "join pieces of a drawing whose ends are not farther apart; without it 0.001",
           [&](double value) { arguments.drawing.join = value; });
   command

@@ -23,6 +23,8 @@ Result<bool> LineReader::Next(std::string& line) {
     line += static_cast<char>(byte);
   }
   if (text_.bad()) return Ended();
+  constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+  if (number_ == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
   return true;
 }
 

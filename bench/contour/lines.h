@@ -8,7 +8,8 @@
 
 namespace vanzet::contour {
 
-/// Reads a foreign text line by line and knows where it is. Lines end with LF or CR LF.
+/// Reads a foreign text line by line and knows where it is. Lines end with LF or CR LF; a byte
+/// order mark before the first is passed over.
 ///
 /// Errors   a fault with file and line: a control character other than the tab (the file is no text), a line
 /// of

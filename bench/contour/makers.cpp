@@ -4,6 +4,7 @@
 #include "contour/builder.h"
 #include "contour/library.h"
 #include "contour/operations.h"
+#include "contour/sweep.h"
 #include "geometry/kurve.h"
 
 namespace vanzet::contour {
@@ -20,14 +21,17 @@ double ExpectedChords(const Span& arc, double tolerance) {
   return std::fabs(arc.angle) / std::sqrt(8 * tolerance / arc.radius);
 }
 
-void AddChords(const Span& span, double tolerance, KurveEx& chords) {
+void AddChords(const Span& arc, double tolerance, KurveEx& chords) {
   // Half the radius, lest a chord of more than half a turn be taken for a near one.
-  const int count =
-      span.dir == geometry::LINEAR ? 1 : std::max(1, span.ChordCount(std::min(tolerance, span.radius / 2)));
-  for (int i = 1; i <= count; ++i) {
-    const Point end = i == count ? span.p1 : span.AlongFraction(static_cast<double>(i) / count);
+  const int count = std::max(1, arc.ChordCount(std::min(tolerance, arc.radius / 2)));
+  const double sweep = SweepOf(arc);
+  for (int i = 1; i < count; ++i) {
+    geometry::Vector2d spoke(arc.pc, arc.p0);
+    spoke.Rotate(std::cos(sweep * i / count), std::sin(sweep * i / count));
+    const Point end = arc.pc + spoke;
     chords.Add(end.x, end.y);
   }
+  chords.Add(arc.p1.x, arc.p1.y);
 }
 
 /// The part of a closed contour that comes back to the span on which it begins.
@@ -61,7 +65,13 @@ Result<Contour> Chorded(const Contour& contour, double tolerance) {
   }
   Contour chorded{contour.number, {}};
   chorded.curve.Start(contour.curve.start);
-  for (const Span& span : contour.curve.spans) AddChords(span, tolerance, chorded.curve);
+  for (const Span& span : contour.curve.spans) {
+    if (span.dir == geometry::LINEAR) {
+      chorded.curve.Add(span.p1.x, span.p1.y);
+    } else {
+      AddChords(span, tolerance, chorded.curve);
+    }
+  }
   return chorded;
 }
 

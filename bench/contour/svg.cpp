@@ -3,6 +3,7 @@
 #include "contour/drawing.h"
 #include "contour/labels.h"
 #include "contour/number_text.h"
+#include "contour/sweep.h"
 #include "contour/view.h"
 
 namespace vanzet::contour {
@@ -75,7 +76,7 @@ std::string PathOf(const Contour& contour) {
       continue;
     }
     const std::string radius = Text(span.radius);
-    path += " A" + radius + " " + radius + " 0 " + (std::fabs(span.angle) > geometry::PI ? "1 " : "0 ") +
+    path += " A" + radius + " " + radius + " 0 " + (std::fabs(SweepOf(span)) > geometry::PI ? "1 " : "0 ") +
             (span.dir == geometry::ACW ? "1 " : "0 ") + Text(span.p1);
   }
   return contour.curve.Closed() ? path + " Z" : path;

@@ -1,3 +1,4 @@
+#include "contour/piece.h"
 #include "contour_fixture.h"
 
 namespace vanzet::contour {
@@ -29,6 +30,17 @@ TEST_F(MakersTest, ChordsStayWithinTheToleranceAndTouchTheArc) {
     }
     EXPECT_LE(worst, tolerance + 1e-9);
     EXPECT_TRUE(chorded.curve.Closed());
+  }
+}
+
+TEST_F(MakersTest, ChordsOfAlmostHalfATurnEndWithTheArc) {
+  // 179.9 and 180.1 degrees of a radius of 100 mm.
+  for (const double degrees : {179.9, 180.1}) {
+    Piece piece{{100, 0}, {}, 0};
+    piece.segments.push_back({{100 * std::cos(degrees * kPi / 180), 100 * std::sin(degrees * kPi / 180)},
+                              std::tan(degrees * kPi / 720)});
+    const Contour chorded = Made(Chorded({1, *CurveOf(piece)}, 1e-6));
+    EXPECT_NEAR(chorded.curve.perim, 100 * degrees * kPi / 180, 1e-5);
   }
 }
 

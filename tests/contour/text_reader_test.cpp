@@ -42,6 +42,10 @@ TEST_F(TextReaderTest, PassesOverRemarksBlanksAndLineEnds) {
   EXPECT_THAT(contour.curve.End(), IsAt(2, 3, 0));
 }
 
+TEST_F(TextReaderTest, PassesOverAByteOrderMark) {
+  EXPECT_EQ(ReadOne("\xef\xbb\xbfk1 e x0 y0\nx1 y0\nek").curve.SpanCount(), 1);
+}
+
 TEST_F(TextReaderTest, KeepsVerticesThatRepeat) {
   EXPECT_EQ(ReadOne("k1 e x0 y0\nx0 y0\nx5 y0\nx5 y0\nek\n").curve.SpanCount(), 3);
 }

@@ -2,6 +2,7 @@
 
 #include "contour/builder.h"
 #include "contour_fixture.h"
+#include "support/temporary_folder.h"
 
 namespace vanzet::contour {
 namespace {
@@ -20,6 +21,15 @@ TEST_F(TextWriterTest, TellsAreaAndSenseOfClosedContours) {
               testing::HasSubstr("(Closed)\nrem Perim = 14 mm\nrem Area = 12 sq.mm (Clockwise)\n"));
   EXPECT_THAT(TextForm(Read("k1 e x0 y0\nx3 y0\nx3 y4\nx0 y4\nx0 y0\nek\n")),
               testing::HasSubstr("rem Area = -12 sq.mm (AntiClockwise)\n"));
+}
+
+TEST_F(TextWriterTest, ThePageOfTheFormShowsWhatIsReadAndWritten) {
+  const std::string page = test::ReadBytes(VANZET_SOURCE_DIR "/docs/formats/contour.md");
+  const auto block = [&](const std::string& first) {
+    const std::size_t start = page.find("```\n" + first) + 4;
+    return page.substr(start, page.find("```", start) - start);
+  };
+  EXPECT_EQ(TextForm(Read(block("rem A plate"))), block("k1 e\nrem Number") + "\n");
 }
 
 TEST_F(TextWriterTest, WhatWasWrittenReadsBackTheSame) {
