@@ -8,9 +8,6 @@ std::int32_t IdNumber(std::uint32_t ID) {
   return static_cast<std::int32_t>(ID << 8) >> 8;
 }
 
-spVertex::spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id)
-    : type(spanType), ID(id), p(end), pc(centre) {}
-
 bool spVertex::operator==(const spVertex& v) const {
   return type == v.type && p == v.p && (type == LINEAR || pc == v.pc);
 }

@@ -27,7 +27,8 @@ struct spVertex {
   Point pc{0, 0};
 
   spVertex() = default;
-  spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id = UNMARKED);
+  spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id = UNMARKED)
+      : type(spanType), ID(id), p(end), pc(centre) {}
   /// Type, point and, for an arc, centre.
   bool operator==(const spVertex& v) const;
 };
