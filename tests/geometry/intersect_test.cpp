@@ -87,6 +87,18 @@ TEST(IntofCircles, TouchingOnesMeetOnce) {
       << "whatever the order";
 }
 
+TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
+  const UnitsGuard guard(0);
+  // A little off, the radical line lies just outside the small circle, which is then tried behind its centre.
+  Point p1, p2;
+  const Circle small(Point(1.998, 0), 3), large(Point(0, 0), 5);
+  EXPECT_EQ(Intof(small, large, p1, p2), 1);
+  EXPECT_TRUE(p1 == Point(4.998, 0));
+  EXPECT_TRUE(p2 == p1);
+  EXPECT_EQ(Intof(large, small, p1, p2), 1);
+  EXPECT_TRUE(p1 == Point(5, 0));
+}
+
 TEST(IntofCircles, ApartWithinOrConcentricDoNotMeet) {
   const UnitsGuard guard(0);
   Point p1, p2;
