@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+
+/// The host functions that a module looks up by name in the running program. What they promise:
+///
+/// Text     NUL-terminated bytes; null is the empty text. A returned text is the host's and holds until the
+///          next call
+/// Handles  any: one that is not open is passed over
+/// Numbers  any: positions past the end, negative counts and numbers of no VDM do nothing or read as nothing
+/// Errors   told on the message panel; nothing is thrown
+///
+/// Names with a '$', which an identifier cannot have, are given to the assembler.
+extern "C" {
+
+/// What a call of a function that is not there gives: zero where an integer, an address or a real is
+/// expected. The two members are returned in the two registers that one of these would come in.
+struct OrvoNothing {
+  std::int64_t integer;
+  double real;
+};
+
+/// Stands in for every function that this host does not have, whatever its arguments; tells it each time.
+OrvoNothing OrvoMissingAPI();
+
+// Settings, texts, windows.
+const char* OrvoEnvironment(const char* key);
+const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defaultText);
+void* OrvoGetWnd(std::int32_t selector);
+
+// The macro language and its variables. A text is given at most 4095 bytes; what is longer is cut.
+void OrvoCommand(const char* line);
+std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok);
+double OrvoReadGlobalW(const char* name, std::int32_t* ok);
+void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) __asm__("OrvoReadGlobal$");
+void OrvoWriteGlobalI(const char* name, std::int32_t value, std::int32_t* ok);
+void OrvoWriteGlobalText(const char* name, const char* value, std::int32_t* ok) __asm__("OrvoWriteGlobal$");
+
+// The stores of text items; what a position is and how calls move it: vdm/open_vdm.h.
+std::int32_t OrvoMacroVdmExists(std::uint32_t vdm);
+std::uint32_t OrvoMacroVdmCreate(std::uint32_t vdm, std::int32_t zero);
+std::uint32_t OrvoMacroVdmOpen(std::uint32_t vdm, std::int32_t one);
+std::int32_t OrvoMacroVdmCheckOpen(std::uint32_t vdm);
+void OrvoMacroVdmClose(std::uint32_t handle);
+void OrvoMacroVdmDelete(std::uint32_t vdm);
+std::int32_t OrvoMacroVdmSize(std::uint32_t handle);
+void OrvoMacroVdmSeek(std::uint32_t handle, std::int32_t record, std::int32_t origin);
+void OrvoMacroVdmInsertText(std::uint32_t handle, const char* text,
+                            std::int32_t count) __asm__("OrvoMacroVdmInsert$");
+void OrvoMacroVdmRemove(std::uint32_t handle, std::int32_t count);
+void OrvoMacroVdmSingleSeek(std::uint32_t handle, std::int32_t count);
+void OrvoMacroVdmSingleGetText(std::uint32_t handle, char* buffer,
+                               std::int32_t count) __asm__("OrvoMacroVdmSingleGet$");
+void OrvoMacroVdmSingleAddText(std::uint32_t handle, const char* text,
+                               std::int32_t count) __asm__("OrvoMacroVdmSingleAdd$");
+void OrvoMacroVdmSingleReplaceText(std::uint32_t handle, const char* text,
+                                   std::int32_t count) __asm__("OrvoMacroVdmSingleReplace$");
+void OrvoMacroVdmSingleDelete(std::uint32_t handle, std::int32_t count);
+}

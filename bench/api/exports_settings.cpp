@@ -1,0 +1,38 @@
+#include "api/call.h"
+#include "api/exports.h"
+
+using namespace vanzet;
+using namespace vanzet::api;
+
+extern "C" {
+
+OrvoNothing OrvoMissingAPI() {
+  Answer("OrvoMissingAPI", Json::array(), [](Host& host, Json&) {
+    host.panel.Tell(Fault{"the module called a function that this host does not have"});
+    return 0;
+  });
+  return {0, 0.0};
+}
+
+const char* OrvoEnvironment(const char* key) {
+  const char* text = Answer("OrvoEnvironment", {TextOf(key)}, [&](Host& host, Json&) {
+    return Returned(host, host.project.Environment(TextOf(key)));
+  });
+  return text == nullptr ? "" : text;
+}
+
+const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defaultText) {
+  // The one group of texts that there is.
+  constexpr std::int32_t kGroup = 5;
+  const char* text = Answer("OrvoStrMessage", {group, id, TextOf(defaultText)}, [&](Host& host, Json&) {
+    const auto message = group == kGroup ? host.project.Message(id) : std::nullopt;
+    return Returned(host, message.value_or(std::string(TextOf(defaultText))));
+  });
+  return text == nullptr ? "" : text;
+}
+
+void* OrvoGetWnd(std::int32_t selector) {
+  // There is no window; boxes stand alone.
+  return Answer("OrvoGetWnd", {selector}, [](Host&, Json&) -> void* { return nullptr; });
+}
+}

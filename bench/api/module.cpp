@@ -1,0 +1,52 @@
+#include "api/module.h"
+
+#include <dlfcn.h>
+#include <stdlib.h>
+
+#include <memory>
+#include <system_error>
+
+#include "base/path_map.h"
+
+namespace vanzet::api {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kModuleFile = "libvanzet.so";
+
+Fault LoaderFault(const fs::path& module) {
+  const char* const reason = dlerror();
+  return Fault{reason == nullptr ? "cannot be loaded" : reason, module.string()};
+}
+
+}  // namespace
+
+Result<fs::path> FindModule(const fs::path& program) {
+  if (const char* const named = getenv("VANZET_MODULE")) return fs::path(named);
+  const fs::path beside = program.parent_path() / kModuleFile;
+  const fs::path inLib = program.parent_path().parent_path() / "lib" / kModuleFile;
+  std::error_code error;
+  for (const fs::path& place : {beside, inLib}) {
+    if (fs::exists(place, error)) return place;
+  }
+  return Fault{std::string(kModuleFile) + " is neither at " + beside.string() + " nor at " + inLib.string() +
+               "; VANZET_MODULE can say where it is"};
+}
+
+Result<void> CallModule(const fs::path& module, const char* function, Host& host) {
+  // The module maps its paths as the project does.
+  setenv("VANZET_DRIVES", DrivesText(host.project.paths().drives()).c_str(), 1);
+  const std::unique_ptr<void, int (*)(void*)> loaded(dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
+  if (!loaded) return LoaderFault(module);
+  auto* const entry = reinterpret_cast<void (*)()>(dlsym(loaded.get(), function));
+  if (entry == nullptr) return LoaderFault(module);
+  const HostScope scope(host);
+  entry();
+  for (const vdm::Number number : host.store.LeftOpen()) {
+    host.panel.Tell(Fault{vdm::NameOf(number) + " was left open; what was changed in it is lost"});
+  }
+  return {};
+}
+
+}  // namespace vanzet::api

@@ -1,0 +1,65 @@
+#include <CLI/CLI.hpp>
+#include <optional>
+
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "vdm/store.h"
+
+namespace vanzet::cli {
+namespace {
+
+struct Arguments {
+  std::string project = ".";
+  std::optional<std::int64_t> vdm;
+  bool json = false;
+};
+
+Result<void> PrintLines(const vdm::Vdm& content) {
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    const auto record = content.Read(i);
+    if (!record) return record.fault();
+    std::string lines;
+    for (std::size_t item = 0; item < (*record)->Size(); ++item) {
+      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + OneLine((**record)[item]) + "\n";
+    }
+    if (const auto printed = Print(lines); !printed) return printed;
+  }
+  return {};
+}
+
+Result<void> PrintAsJson(std::int64_t number, const vdm::Vdm& content) {
+  Json records = Json::array();
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    const auto record = content.Read(i);
+    if (!record) return record.fault();
+    Json items = Json::array();
+    for (std::size_t item = 0; item < (*record)->Size(); ++item) items.push_back((**record)[item]);
+    records.push_back(std::move(items));
+  }
+  return PrintJson({{"vdm", number}, {"records", records}});
+}
+
+Result<void> Items(const Arguments& arguments, const Context& context) {
+  const auto project = project::Project::Open(arguments.project, context.share);
+  if (!project) return project.fault();
+  const std::int64_t number = arguments.vdm.value_or(project->DefinitionOf(0));
+  const auto content = vdm::VdmStore(project->folder()).Snapshot(number);
+  if (!content) return content.fault();
+  return arguments.json ? PrintAsJson(number, *content) : PrintLines(*content);
+}
+
+}  // namespace
+
+void AddItems(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand(
+      "items", "Prints the raw records of a VDM: a line an item, record.item, a tab, and the text.");
+  command->add_option("PROJECT", arguments->project, "the project's folder");
+  command->add_option("--vdm", arguments->vdm, "the VDM; without it the definition of spur 0")
+      ->type_name("N");
+  command->add_flag("--json", arguments->json, "for programs");
+  command->footer("Example:\n  vanzet items lathe --vdm 1001 | grep Billet");
+  command->callback([=, &context] { context.run = [=, &context] { return Items(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli

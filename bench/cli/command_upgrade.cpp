@@ -1,0 +1,72 @@
+#include <CLI/CLI.hpp>
+
+#include "api/module.h"
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "project/definition.h"
+
+namespace vanzet::cli {
+namespace {
+
+/// What an upgraded definition has.
+constexpr std::int32_t kVersion = 100;
+constexpr std::size_t kOperations = 18;
+
+struct Arguments {
+  std::string project = ".";
+  std::string trace;
+};
+
+/// Looks at the definition of one spur after the call: what is wrong with it, or a line about it.
+Result<std::string> Check(std::int32_t spur, const Session& session) {
+  const std::uint32_t number = session.project.DefinitionOf(spur);
+  const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
+  const auto open = session.host->store.IsOpen(number);
+  if (!open) return open.fault();
+  if (*open) return Fault{name + " is open in another process and was not upgraded"};
+  const auto content = session.host->store.Snapshot(number);
+  if (!content) return content.fault();
+  const auto definition = project::ReadDefinition(*content);
+  if (!definition) return definition.fault();
+  if (definition->version != kVersion || definition->operations.size() < kOperations) {
+    return Fault{name + " is no definition of version " + std::to_string(kVersion) + " after the upgrade"};
+  }
+  return name + ", version " + std::to_string(definition->version) + ", " +
+         Counted(definition->operations.size(), "operation") + "\n";
+}
+
+Result<void> Upgrade(const Arguments& arguments, Context& context) {
+  const auto session = OpenSession(arguments.project, arguments.trace, context);
+  if (!session) return session.fault();
+  const auto spurs = (*session)->project.SpindleSpurs();
+  if (!spurs) return spurs.fault();
+  const auto module = api::FindModule(context.program);
+  if (!module) return module.fault();
+  if (const auto called = api::CallModule(*module, "ReOrgVdm", *(*session)->host); !called) return called;
+
+  std::string lines;
+  for (std::int32_t spur = 0; spur < *spurs; ++spur) {
+    const auto line = Check(spur, **session);
+    if (!line) return line.fault();
+    lines += *line;
+  }
+  if (context.panel.faults() > 0) return Fault{"the upgrade did not go through; see above"};
+  return Print(lines);
+}
+
+}  // namespace
+
+void AddUpgrade(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand(
+      "upgrade", "Makes the definition of every spindle spur, or brings it to the current version.");
+  command->add_option("PROJECT", arguments->project, "the project's folder");
+  command
+      ->add_option("--trace", arguments->trace,
+                   "write each call of the module to this file, a JSON line each")
+      ->type_name("FILE");
+  command->footer("Example:\n  vanzet upgrade lathe --trace calls.jsonl");
+  command->callback([=, &context] { context.run = [=, &context] { return Upgrade(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/context.h"
+
+/// The commands. Each adds itself with its arguments and its help, and puts its work into the context when it
+/// was chosen.
+namespace vanzet::cli {
+
+void AddNew(CLI::App& app, Context& context);
+void AddUpgrade(CLI::App& app, Context& context);
+void AddShow(CLI::App& app, Context& context);
+void AddItems(CLI::App& app, Context& context);
+void AddVdm(CLI::App& app, Context& context);
+void AddCommand(CLI::App& app, Context& context);
+void AddCompletion(CLI::App& app, Context& context);
+
+}  // namespace vanzet::cli

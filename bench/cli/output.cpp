@@ -1,0 +1,54 @@
+#include "cli/output.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace vanzet::cli {
+namespace {
+
+/// The blanks that are missing to `width`; bytes that continue a character of UTF-8 take no place.
+std::string Padding(const std::string& text, std::size_t width) {
+  const auto length = static_cast<std::size_t>(
+      std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+  return std::string(width > length ? width - length : 0, ' ');
+}
+
+}  // namespace
+
+Result<void> Print(const std::string& text) {
+  std::cout << text << std::flush;
+  if (std::cout.good()) return {};
+  return Fault{"standard output cannot be written"};
+}
+
+Result<void> PrintJson(const Json& json) {
+  return Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+}
+
+std::string OneLine(std::string_view item) {
+  std::string line;
+  for (const char c : item) {
+    switch (c) {
+      case '\\': line += "\\\\"; break;
+      case '\n': line += "\\n"; break;
+      case '\r': line += "\\r"; break;
+      case '\t': line += "\\t"; break;
+      default: line += c;
+    }
+  }
+  return line;
+}
+
+std::string Counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string Right(const std::string& text, std::size_t width) {
+  return Padding(text, width) + text;
+}
+
+std::string Left(const std::string& text, std::size_t width) {
+  return text + Padding(text, width);
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+#include "base/path_map.h"
+#include "base/result.h"
+#include "language/command_line.h"
+#include "project/variables.h"
+#include "vdm/store.h"
+
+namespace vanzet::language {
+
+/// What the lines of the macro language work on. It belongs to whoever made it.
+struct Surroundings {
+  project::Variables& variables;
+  vdm::VdmStore& store;
+  const PathMap& paths;
+};
+
+/// Runs one line. An unknown or wrong line changes nothing; its fault tells the column, from 1, and what was
+/// expected. The commands: docs/formats/macro-language.md.
+Result<void> Run(std::string_view line, Surroundings& surroundings);
+
+}  // namespace vanzet::language

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "base/path_map.h"
+#include "base/result.h"
+
+namespace vanzet::project {
+
+/// A value of an ini and the line where it stands, for whoever finds it wrong.
+struct Setting {
+  std::string value;
+  int line;
+};
+
+/// Keys that differ in the case of A to Z alone are the same.
+struct LessWithoutCase {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+
+/// The settings of a project; docs/formats/bench-ini.md tells their meaning.
+struct BenchIni {
+  using Section = std::map<std::string, Setting, LessWithoutCase>;
+  Section environment;
+  std::map<std::string, Setting> variables;  ///< names of variables mind their case
+  Section project;
+  Section language;
+  PathMap::Drives drives;
+};
+
+/// Reads the text of a bench.ini. The first of equal keys counts. A fault tells the line: of something that
+/// is neither section nor entry, of an unknown section, of a drive that is no letter.
+Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name);
+
+}  // namespace vanzet::project

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/result.h"
+#include "vdm/vdm.h"
+
+namespace vanzet::project {
+
+/// One operation of a definition: a record whose item 0 says how the others fall into sections.
+struct Operation {
+  std::int32_t kind = 0;
+  bool flag = false;
+  std::vector<std::vector<std::string>> sections;
+  std::string
+      damage;  ///< what is wrong with the record, empty when nothing is; the rest is then as far as read
+
+  /// What people call it: the first item of section 0.
+  std::string Label() const;
+};
+
+/// The definition of a spur, as people and programs read it.
+struct Definition {
+  std::int32_t version = 0;  ///< 0: it has none
+  std::vector<Operation> operations;
+
+  bool IsDamaged() const;
+};
+
+/// Reads the operations of a VDM. A fault only when the store cannot give a record: a record that is no
+/// operation is told as damage. The form of a header: docs/formats/definition.md.
+Result<Definition> ReadDefinition(const vdm::Vdm& content);
+
+}  // namespace vanzet::project

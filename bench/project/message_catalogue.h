@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "base/result.h"
+
+namespace vanzet::project {
+
+/// The texts of one language by message id.
+using MessageCatalogue = std::map<std::int32_t, std::string>;
+
+/// Reads the text of a catalogue: lines "id = text" in the form of an ini without sections. Refused with the
+/// line: what is no such line, an id that is no number from 0 up, an id that stands twice, an empty text.
+Result<MessageCatalogue> ReadMessageCatalogue(const std::string& text, const std::string& name);
+
+}  // namespace vanzet::project

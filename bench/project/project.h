@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/path_map.h"
+#include "base/result.h"
+#include "project/bench_ini.h"
+#include "project/message_catalogue.h"
+#include "project/variables.h"
+
+namespace vanzet::project {
+
+/// A project folder and what its settings say; docs/formats/project.md lists its files.
+///
+/// An empty folder is a project with nothing but defaults; a folder that holds other things, and none of a
+/// project's own files, is none.
+class Project {
+ public:
+  /// Opens the project in `folder`; `share` is the folder of the workbench's own files. Reads and checks all
+  /// settings, and writes nothing.
+  static Result<Project> Open(const std::filesystem::path& folder, const std::filesystem::path& share);
+
+  const std::filesystem::path& folder() const { return folder_; }
+  const BenchIni& settings() const { return settings_; }
+  const PathMap& paths() const { return paths_; }
+
+  /// The macro variables at their start values.
+  const Variables& startVariables() const { return startVariables_; }
+
+  /// A value of the host's environment, empty when there is none. What the settings leave out has a default:
+  /// "-d" the project's folder, "ppdefini" its machine.ini, "clampmdb" its clampdevice.cld.
+  std::string Environment(std::string_view key) const;
+
+  /// The user's text of a message, or nothing.
+  std::optional<std::string> Message(std::int32_t id) const;
+
+  /// How many spindle spurs the machine has.
+  Result<std::int32_t> SpindleSpurs() const;
+
+  /// The number of the VDM that holds the definition of a spur.
+  std::uint32_t DefinitionOf(std::int32_t spur) const;
+
+ private:
+  Project() = default;
+
+  Result<void> ReadSettings(const std::filesystem::path& share);
+  Result<void> ReadMessages(const std::filesystem::path& share);
+
+  std::filesystem::path folder_;
+  BenchIni settings_;
+  PathMap paths_;
+  Variables startVariables_;
+  MessageCatalogue messages_;
+};
+
+}  // namespace vanzet::project

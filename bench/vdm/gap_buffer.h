@@ -1,0 +1,76 @@
+#pragma once
+
+#include <algorithm>
+#include <cassert>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace vanzet::vdm {
+
+/// A list that keeps its free places together where it was changed last: adding one element after the other
+/// anywhere in it is amortised constant, and so is removing them one after the other.
+template <class T>
+class GapBuffer {
+ public:
+  GapBuffer() = default;
+  explicit GapBuffer(std::vector<T> elements)
+      : places_(std::move(elements)), gapBegin_(places_.size()), gapEnd_(places_.size()) {}
+
+  std::size_t Size() const { return places_.size() - (gapEnd_ - gapBegin_); }
+
+  /// Requires: `at` is below the size.
+  T& operator[](std::size_t at) {
+    assert(at < Size() && "an element behind the last was asked for");
+    return places_[at < gapBegin_ ? at : at + (gapEnd_ - gapBegin_)];
+  }
+  const T& operator[](std::size_t at) const { return const_cast<GapBuffer&>(*this)[at]; }
+
+  /// Puts `element` before the one at `at`. Requires: `at` is at most the size.
+  void Insert(std::size_t at, T element) {
+    assert(at <= Size() && "an element can be put behind the last at most");
+    if (gapBegin_ == gapEnd_) OpenGap();
+    MoveGap(at);
+    places_[gapBegin_++] = std::move(element);
+  }
+
+  /// Removes `count` elements from `at` on. Requires: there are as many.
+  void Remove(std::size_t at, std::size_t count) {
+    assert(at <= Size() && count <= Size() - at && "more elements were to be removed than there are");
+    MoveGap(at);
+    // What the elements hold is given back now, not when their places are used again.
+    for (const std::size_t end = gapEnd_ + count; gapEnd_ < end; ++gapEnd_) places_[gapEnd_] = T{};
+  }
+
+ private:
+  using Difference = typename std::vector<T>::difference_type;
+
+  auto Place(std::size_t place) { return places_.begin() + static_cast<Difference>(place); }
+
+  void MoveGap(std::size_t at) {
+    if (gapBegin_ == gapEnd_) {
+      gapBegin_ = gapEnd_ = at;
+    } else if (at < gapBegin_) {
+      std::move_backward(Place(at), Place(gapBegin_), Place(gapEnd_));
+      gapEnd_ -= gapBegin_ - at;
+      gapBegin_ = at;
+    } else {
+      std::move(Place(gapEnd_), Place(gapEnd_ + (at - gapBegin_)), Place(gapBegin_));
+      gapEnd_ += at - gapBegin_;
+      gapBegin_ = at;
+    }
+  }
+
+  /// Doubles the places; the new ones stand at the end.
+  void OpenGap() {
+    gapBegin_ = places_.size();
+    places_.resize(std::max<std::size_t>(4, 2 * gapBegin_));
+    gapEnd_ = places_.size();
+  }
+
+  std::vector<T> places_;
+  std::size_t gapBegin_ = 0;  ///< the first free place
+  std::size_t gapEnd_ = 0;    ///< one past the last free place
+};
+
+}  // namespace vanzet::vdm

@@ -1,0 +1,89 @@
+#include "vdm/open_vdm.h"
+
+#include <algorithm>
+
+namespace vanzet::vdm {
+namespace {
+
+/// How far `count` steps lead when there is `room`.
+std::size_t Within(std::int64_t count, std::size_t room) {
+  if (count <= 0) return 0;
+  return static_cast<std::size_t>(std::min<std::uint64_t>(static_cast<std::uint64_t>(count), room));
+}
+
+}  // namespace
+
+bool OpenVdm::HasRecord() const {
+  return record_ >= 0 && static_cast<std::uint64_t>(record_) < Size();
+}
+
+void OpenVdm::Seek(std::int64_t record) {
+  record_ = record;
+  item_ = 0;
+}
+
+Result<void> OpenVdm::Insert(std::string_view text) {
+  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  if (record_ < 0) return {};
+  Seek(static_cast<std::int64_t>(Within(record_, Size())));
+  content_.Insert(Current(), Record({std::string(text)}));
+  return {};
+}
+
+void OpenVdm::Remove(std::int64_t count) {
+  if (!HasRecord() || count <= 0) return;
+  content_.Remove(Current(), Within(count, Size() - Current()));
+  item_ = 0;
+}
+
+Result<void> OpenVdm::SingleSeek(std::int64_t count) {
+  if (!HasRecord()) return {};
+  const auto record = content_.Read(Current());
+  if (!record) return record.fault();
+  item_ += Within(count, (*record)->Size() - item_);
+  return {};
+}
+
+Result<std::string_view> OpenVdm::SingleGet() {
+  if (!HasRecord()) return std::string_view();
+  const auto record = content_.Read(Current());
+  if (!record) return record.fault();
+  if (item_ == (*record)->Size()) return std::string_view();
+  return std::string_view((**record)[item_++]);
+}
+
+Result<void> OpenVdm::SingleAdd(std::string_view text) {
+  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  if (!HasRecord()) return {};
+  const auto record = content_.Edit(Current());
+  if (!record) return record.fault();
+  (*record)->Insert(item_++, std::string(text));
+  return {};
+}
+
+Result<void> OpenVdm::SingleReplace(std::string_view text) {
+  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  if (!HasRecord()) return {};
+  const auto before = content_.Read(Current());
+  if (!before) return before.fault();
+  // Writing what stands there already is common, and no reason to write the record anew.
+  if (item_ == (*before)->Size() || (**before)[item_] == text) return {};
+  const auto record = content_.Edit(Current());
+  if (!record) return record.fault();
+  (**record)[item_] = text;
+  return {};
+}
+
+Result<void> OpenVdm::SingleDelete(std::int64_t count) {
+  if (!HasRecord()) return {};
+  const auto before = content_.Read(Current());
+  if (!before) return before.fault();
+  const std::size_t removed = Within(count, (*before)->Size() - item_);
+  if (removed == 0) return {};
+  const auto record = content_.Edit(Current());
+  if (!record) return record.fault();
+  (*record)->Remove(item_, removed);
+  return {};
+}
+
+}  // namespace vanzet::vdm

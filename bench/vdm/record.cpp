@@ -1,0 +1,44 @@
+#include "vdm/record.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vanzet::vdm {
+
+Result<void> CheckItem(std::string_view text) {
+  if (text.size() > kLongestItem) {
+    return Fault{"an item has " + std::to_string(text.size()) + " bytes, more than " +
+                 std::to_string(kLongestItem)};
+  }
+  if (text.find('\0') != std::string_view::npos) return Fault{"an item holds a NUL"};
+  return {};
+}
+
+std::string BytesOf(const Record& record) {
+  std::size_t size = record.Size();
+  for (std::size_t i = 0; i < record.Size(); ++i) size += record[i].size();
+  std::string bytes;
+  bytes.reserve(size);
+  for (std::size_t i = 0; i < record.Size(); ++i) bytes.append(record[i]).push_back('\0');
+  return bytes;
+}
+
+Result<Record> RecordFrom(std::string_view bytes, std::int64_t count) {
+  const auto closed = std::count(bytes.begin(), bytes.end(), '\0');
+  if (closed != count) {
+    return Fault{"it holds " + std::to_string(closed) + " items and not " + std::to_string(count)};
+  }
+  std::vector<std::string> items;
+  items.reserve(static_cast<std::size_t>(closed));
+  while (!bytes.empty()) {
+    const std::size_t end = bytes.find('\0');
+    if (end == std::string_view::npos) return Fault{"its last item has no end"};
+    const std::string_view item = bytes.substr(0, end);
+    if (const auto fits = CheckItem(item); !fits) return fits.fault();
+    items.emplace_back(item);
+    bytes.remove_prefix(end + 1);
+  }
+  return Record(std::move(items));
+}
+
+}  // namespace vanzet::vdm

@@ -1,0 +1,152 @@
+#include "vdm/sqlite_connection.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+namespace vanzet::vdm {
+namespace {
+
+struct Failure {
+  int code;
+  std::string_view text;
+};
+
+// What a person can do something about; SQLite's own words serve for the rest.
+constexpr Failure kFailures[] = {
+    {SQLITE_BUSY, "another process is writing it"},
+    {SQLITE_CANTOPEN, "cannot be opened"},
+    {SQLITE_CORRUPT, "is damaged"},
+    {SQLITE_FULL, "the disk is full"},
+    {SQLITE_NOTADB, "is not a database"},
+    {SQLITE_READONLY, "is read-only"},
+};
+
+/// Resets a prepared statement after use, so that it neither holds a lock nor points to bytes that are gone.
+struct Reset {
+  void operator()(sqlite3_stmt* statement) const {
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+  }
+};
+
+int Bind(sqlite3_stmt* statement, int index, const SqliteConnection::Value& value) {
+  if (const auto* number = std::get_if<std::int64_t>(&value)) {
+    return sqlite3_bind_int64(statement, index, *number);
+  }
+  const std::string_view bytes = std::get<std::string_view>(value);
+  // Without an address SQLite would bind a null instead of no bytes.
+  return sqlite3_bind_blob64(statement, index, bytes.empty() ? "" : bytes.data(), bytes.size(),
+                             SQLITE_STATIC);
+}
+
+}  // namespace
+
+std::int64_t SqliteRow::Integer(int column) const {
+  return sqlite3_column_int64(statement_, column);
+}
+
+std::string_view SqliteRow::Bytes(int column) const {
+  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+  if (bytes == nullptr) return {};
+  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+Result<std::shared_ptr<SqliteConnection>> SqliteConnection::Open(const std::filesystem::path& file,
+                                                                 IfMissing ifMissing,
+                                                                 const Options& options) {
+  sqlite3* database = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | (ifMissing == IfMissing::kMake ? SQLITE_OPEN_CREATE : 0);
+  const int code = sqlite3_open_v2(file.c_str(), &database, flags, nullptr);
+  std::shared_ptr<SqliteConnection> connection(new SqliteConnection(database, file));
+  if (code != SQLITE_OK) return connection->FaultOfCode(code);
+  sqlite3_busy_timeout(database, options.busyTimeout);
+  // What was removed is no secret, and overwriting it would write every page twice.
+  const std::string settings =
+      "PRAGMA synchronous=FULL; PRAGMA secure_delete=OFF;" +
+      (options.maxPages > 0 ? "PRAGMA max_page_count=" + std::to_string(options.maxPages) : std::string());
+  const int set = sqlite3_exec(database, settings.c_str(), nullptr, nullptr, nullptr);
+  if (set != SQLITE_OK) return connection->FaultOfCode(set);
+  return connection;
+}
+
+SqliteConnection::~SqliteConnection() {
+  for (const auto& [sql, statement] : statements_) sqlite3_finalize(statement);
+  sqlite3_close(database_);
+}
+
+Result<void> SqliteConnection::Run(std::string_view sql, std::initializer_list<Value> values,
+                                   const RowReader& read) {
+  const auto prepared = Prepared(sql);
+  if (!prepared) return prepared.fault();
+  const std::unique_ptr<sqlite3_stmt, Reset> statement(*prepared);
+  int index = 0;
+  for (const Value& value : values) {
+    if (const int code = Bind(statement.get(), ++index, value); code != SQLITE_OK) return FaultOfCode(code);
+  }
+  int code = sqlite3_step(statement.get());
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
+    if (!read) continue;
+    if (const auto done = read(SqliteRow(statement.get())); !done) return done.fault();
+  }
+  if (code != SQLITE_DONE) return FaultOfCode(code);
+  return {};
+}
+
+Result<std::int64_t> SqliteConnection::Integer(std::string_view sql, std::initializer_list<Value> values) {
+  std::int64_t found = 0;
+  const auto done = Run(sql, values, [&](const SqliteRow& row) {
+    found = row.Integer(0);
+    return Result<void>();
+  });
+  if (!done) return done.fault();
+  return found;
+}
+
+std::int64_t SqliteConnection::LastKey() const {
+  return sqlite3_last_insert_rowid(database_);
+}
+
+bool SqliteConnection::HasMoved() const {
+  int moved = 0;
+  return sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
+}
+
+Result<sqlite3_stmt*> SqliteConnection::Prepared(std::string_view sql) {
+  if (const auto known = statements_.find(sql); known != statements_.end()) return known->second;
+  sqlite3_stmt* statement = nullptr;
+  const int code = sqlite3_prepare_v3(database_, sql.data(), static_cast<int>(sql.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  if (code != SQLITE_OK) return FaultOfCode(code);
+  statements_.emplace(sql, statement);
+  return statement;
+}
+
+Fault SqliteConnection::FaultOfCode(int code) const {
+  for (const Failure& failure : kFailures) {
+    if (failure.code == (code & 0xFF)) return {std::string(failure.text), file_.string()};
+  }
+  return {sqlite3_errmsg(database_), file_.string()};
+}
+
+Result<SqliteTransaction> SqliteTransaction::Begin(SqliteConnection& connection, Kind kind) {
+  // A write takes its lock at once: a read that grew into one could meet another doing the same.
+  const auto begun = connection.Run(kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN");
+  if (!begun) return begun.fault();
+  return SqliteTransaction(connection);
+}
+
+SqliteTransaction::SqliteTransaction(SqliteTransaction&& other) noexcept
+    : connection_(std::exchange(other.connection_, nullptr)) {}
+
+SqliteTransaction::~SqliteTransaction() {
+  if (connection_ == nullptr || sqlite3_get_autocommit(connection_->database_) != 0) return;
+  // A rollback that fails leaves the journal, from which the next one to open the file undoes the rest.
+  static_cast<void>(connection_->Run("ROLLBACK"));
+}
+
+Result<void> SqliteTransaction::Commit() {
+  return connection_->Run("COMMIT");
+}
+
+}  // namespace vanzet::vdm

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "base/result.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vanzet::vdm {
+
+/// One row that a statement found. Columns count from 0; views are valid until the next row.
+class SqliteRow {
+ public:
+  explicit SqliteRow(sqlite3_stmt* statement) : statement_(statement) {}
+  std::int64_t Integer(int column) const;
+  std::string_view Bytes(int column) const;
+
+ private:
+  sqlite3_stmt* statement_;
+};
+
+/// A connection to one SQLite file; its statements are prepared once.
+///
+/// Errors   a fault with the file's name
+/// Threads  one; a connection must not be carried over a fork
+class SqliteConnection {
+ public:
+  enum class IfMissing { kFail, kMake };
+  struct Options {
+    int busyTimeout = 5000;  ///< milliseconds to wait for another process that is writing
+    int maxPages = 0;        ///< of the file; 0: as many as the disk holds
+  };
+
+  static Result<std::shared_ptr<SqliteConnection>> Open(const std::filesystem::path& file,
+                                                        IfMissing ifMissing, const Options& options);
+  ~SqliteConnection();
+  SqliteConnection(const SqliteConnection&) = delete;
+  SqliteConnection& operator=(const SqliteConnection&) = delete;
+
+  using Value = std::variant<std::int64_t, std::string_view>;  ///< a number, or bytes
+  using RowReader = std::function<Result<void>(const SqliteRow&)>;
+
+  /// Runs a statement to its end and shows `read` each row; a fault of `read` ends it.
+  /// Requires: `sql` stays as it is as long as the connection, for it names the prepared statement.
+  Result<void> Run(std::string_view sql, std::initializer_list<Value> values = {},
+                   const RowReader& read = {});
+
+  /// The first column of the one row that a statement finds; 0 without a row.
+  Result<std::int64_t> Integer(std::string_view sql, std::initializer_list<Value> values = {});
+
+  /// The key of the row that was inserted last.
+  std::int64_t LastKey() const;
+
+  /// A fault of the caller's wording that names the file.
+  Fault FaultOf(std::string text) const { return {std::move(text), file_.string()}; }
+
+  /// True when another file, or none, stands where this one was opened.
+  bool HasMoved() const;
+
+ private:
+  friend class SqliteTransaction;
+  SqliteConnection(sqlite3* database, std::filesystem::path file)
+      : database_(database), file_(std::move(file)) {}
+
+  Result<sqlite3_stmt*> Prepared(std::string_view sql);
+  Fault FaultOfCode(int code) const;
+
+  sqlite3* database_;
+  std::filesystem::path file_;
+  std::map<std::string_view, sqlite3_stmt*> statements_;
+};
+
+/// A transaction on a connection; what is not committed is undone when it goes.
+class SqliteTransaction {
+ public:
+  enum class Kind { kRead, kWrite };
+
+  static Result<SqliteTransaction> Begin(SqliteConnection& connection, Kind kind);
+  ~SqliteTransaction();
+  SqliteTransaction(SqliteTransaction&& other) noexcept;
+  SqliteTransaction& operator=(SqliteTransaction&&) = delete;
+
+  Result<void> Commit();
+
+ private:
+  explicit SqliteTransaction(SqliteConnection& connection) : connection_(&connection) {}
+  SqliteConnection* connection_;  ///< null: moved away
+};
+
+}  // namespace vanzet::vdm

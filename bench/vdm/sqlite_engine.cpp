@@ -1,0 +1,236 @@
+#include "vdm/sqlite_engine.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "vdm/read_only.h"
+#include "vdm/sqlite_schema.h"
+
+namespace vanzet::vdm {
+namespace {
+
+using IfMissing = SqliteConnection::IfMissing;
+using Kind = SqliteTransaction::Kind;
+
+constexpr std::string_view kNumbers = "SELECT number FROM vdm ORDER BY number";
+constexpr std::string_view kExists = "SELECT 1 FROM vdm WHERE number=?1";
+constexpr std::string_view kAddVdm = "INSERT OR IGNORE INTO vdm VALUES(?1)";
+constexpr std::string_view kRemoveVdm = "DELETE FROM vdm WHERE number=?1";
+constexpr std::string_view kPlaces = "SELECT position, record FROM place WHERE vdm=?1 ORDER BY position";
+constexpr std::string_view kAddPlace = "INSERT INTO place VALUES(?1, ?2, ?3)";
+constexpr std::string_view kRemovePlaces = "DELETE FROM place WHERE vdm=?1 AND position>=?2";
+constexpr std::string_view kRecord = "SELECT items, content FROM record WHERE key=?1";
+constexpr std::string_view kAddRecord = "INSERT INTO record(items, content) VALUES(?1, ?2)";
+constexpr std::string_view kChangeRecord = "UPDATE record SET items=?2, content=?3 WHERE key=?1";
+constexpr std::string_view kRemoveRecord = "DELETE FROM record WHERE key=?1";
+
+std::int64_t Bound(Number number) {
+  return static_cast<std::int64_t>(number);
+}
+
+std::int64_t Bound(RecordKey key) {
+  return static_cast<std::int64_t>(key);
+}
+
+/// The one record with that key.
+Result<Record> LoadRecord(SqliteConnection& connection, Number number, RecordKey key) {
+  const auto damage = [&](const std::string& what) {
+    return connection.FaultOf("is damaged: record " + std::to_string(Bound(key)) + ", of " + NameOf(number) +
+                              ": " + what);
+  };
+  std::optional<Record> record;
+  const auto done = connection.Run(kRecord, {Bound(key)}, [&](const SqliteRow& row) -> Result<void> {
+    auto read = RecordFrom(row.Bytes(1), row.Integer(0));
+    if (!read) return damage(read.fault().text);
+    record = std::move(*read);
+    return {};
+  });
+  if (!done) return done.fault();
+  if (!record) return damage("it is missing");
+  return std::move(*record);
+}
+
+/// True when all records that `content` left in the store are among `keys`.
+bool IsOpenedFrom(const std::vector<RecordKey>& keys, const Vdm& content) {
+  const std::unordered_set<RecordKey> known(keys.begin(), keys.end());
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    const auto key = content.EntryOf(i).key;
+    if (key && !known.contains(*key)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+Result<std::vector<Number>> SqliteEngine::Numbers() {
+  const auto reading = BeginReading();
+  if (!reading) return reading.fault();
+  std::vector<Number> numbers;
+  if (!*reading) return numbers;
+  const auto done = connection_->Run(kNumbers, {}, [&](const SqliteRow& row) -> Result<void> {
+    const auto number = NumberFrom(row.Integer(0));
+    if (!number) return connection_->FaultOf("is damaged: " + number.fault().text);
+    numbers.push_back(*number);
+    return {};
+  });
+  if (!done) return done.fault();
+  return numbers;
+}
+
+Result<bool> SqliteEngine::Exists(Number number) {
+  const auto reading = BeginReading();
+  if (!reading) return reading.fault();
+  if (!*reading) return false;
+  const auto found = connection_->Integer(kExists, {Bound(number)});
+  if (!found) return found.fault();
+  return *found != 0;
+}
+
+Result<std::optional<Vdm>> SqliteEngine::Open(Number number) {
+  const auto reading = BeginReading();
+  if (!reading) return reading.fault();
+  if (!*reading) return std::optional<Vdm>();
+  return Stored(number);
+}
+
+Result<std::optional<Vdm>> SqliteEngine::Read(Number number) {
+  // One transaction around the order and all records, so that nobody writes between them.
+  const auto reading = BeginReading();
+  if (!reading) return reading.fault();
+  if (!*reading) return std::optional<Vdm>();
+  const auto stored = Stored(number);
+  if (!stored) return stored.fault();
+  if (!*stored) return std::optional<Vdm>();
+  auto copy = (*stored)->Copy();
+  if (!copy) return copy.fault();
+  return std::optional<Vdm>(std::move(*copy));
+}
+
+Result<void> SqliteEngine::Write(Number number, const Vdm& content) {
+  auto writing = BeginWriting();
+  if (!writing) return writing.fault();
+  const auto before = KeysOf(number);
+  if (!before) return before.fault();
+  if (!IsOpenedFrom(*before, content)) {
+    return connection_->FaultOf(NameOf(number) + " was changed by others while it was open");
+  }
+  const auto after = WriteRecords(content);
+  if (!after) return after.fault();
+  if (const auto done = connection_->Run(kAddVdm, {Bound(number)}); !done) return done.fault();
+  if (const auto done = ChangeOrder(number, *before, *after); !done) return done.fault();
+  return writing->Commit();
+}
+
+Result<void> SqliteEngine::Remove(Number number) {
+  const auto there = Exists(number);
+  if (!there) return there.fault();
+  if (!*there) return {};
+  auto writing = BeginWriting();
+  if (!writing) return writing.fault();
+  const auto keys = KeysOf(number);
+  if (!keys) return keys.fault();
+  if (const auto done = ChangeOrder(number, *keys, {}); !done) return done.fault();
+  if (const auto done = connection_->Run(kRemoveVdm, {Bound(number)}); !done) return done.fault();
+  return writing->Commit();
+}
+
+Result<bool> SqliteEngine::Connect(IfMissing ifMissing) {
+  if (connection_ != nullptr && connection_->HasMoved()) connection_.reset();
+  if (connection_ != nullptr) return true;
+  std::error_code unknown;
+  if (ifMissing == IfMissing::kFail && !std::filesystem::exists(file_, unknown)) return false;
+  const auto opened = SqliteConnection::Open(file_, ifMissing, options_);
+  if (!opened) return opened.fault();
+  connection_ = *opened;
+  return true;
+}
+
+Result<std::optional<SqliteTransaction>> SqliteEngine::BeginReading() {
+  const auto connected = Connect(IfMissing::kFail);
+  if (!connected) return connected.fault();
+  if (!*connected) return std::optional<SqliteTransaction>();
+  auto transaction = SqliteTransaction::Begin(*connection_, Kind::kRead);
+  if (!transaction) return transaction.fault();
+  const auto made = HasTables(*connection_);
+  if (!made) return made.fault();
+  if (!*made) return std::optional<SqliteTransaction>();
+  return std::optional<SqliteTransaction>(std::move(*transaction));
+}
+
+Result<SqliteTransaction> SqliteEngine::BeginWriting() {
+  if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  if (const auto connected = Connect(IfMissing::kMake); !connected) return connected.fault();
+  auto transaction = SqliteTransaction::Begin(*connection_, Kind::kWrite);
+  if (!transaction) return transaction.fault();
+  const auto made = HasTables(*connection_);
+  if (!made) return made.fault();
+  if (!*made) {
+    if (const auto done = MakeTables(*connection_); !done) return done.fault();
+  }
+  return transaction;
+}
+
+Result<std::optional<Vdm>> SqliteEngine::Stored(Number number) {
+  const auto found = connection_->Integer(kExists, {Bound(number)});
+  if (!found) return found.fault();
+  if (*found == 0) return std::optional<Vdm>();
+  const auto keys = KeysOf(number);
+  if (!keys) return keys.fault();
+  return std::optional<Vdm>(Vdm(*keys, [connection = connection_, number](RecordKey key) {
+    return LoadRecord(*connection, number, key);
+  }));
+}
+
+Result<std::vector<RecordKey>> SqliteEngine::KeysOf(Number number) {
+  std::vector<RecordKey> keys;
+  const auto done = connection_->Run(kPlaces, {Bound(number)}, [&](const SqliteRow& row) -> Result<void> {
+    if (row.Integer(0) != static_cast<std::int64_t>(keys.size())) {
+      return connection_->FaultOf("is damaged: " + NameOf(number) + " has no record " +
+                                  std::to_string(keys.size()));
+    }
+    keys.push_back(RecordKey{row.Integer(1)});
+    return {};
+  });
+  if (!done) return done.fault();
+  return keys;
+}
+
+Result<std::vector<RecordKey>> SqliteEngine::WriteRecords(const Vdm& content) {
+  std::vector<RecordKey> keys;
+  keys.reserve(content.Size());
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    const Vdm::Entry& entry = content.EntryOf(i);
+    if (entry.MustBeWritten()) {
+      const std::string bytes = BytesOf(*entry.content);
+      const auto items = static_cast<std::int64_t>(entry.content->Size());
+      const auto done = entry.key ? connection_->Run(kChangeRecord, {Bound(*entry.key), items, bytes})
+                                  : connection_->Run(kAddRecord, {items, bytes});
+      if (!done) return done.fault();
+    }
+    keys.push_back(entry.key.value_or(RecordKey{connection_->LastKey()}));
+  }
+  return keys;
+}
+
+Result<void> SqliteEngine::ChangeOrder(Number number, const std::vector<RecordKey>& before,
+                                       const std::vector<RecordKey>& after) {
+  // Rows are touched from the first difference on only: to add at the end of many records is cheap.
+  const auto [oldRest, newRest] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+  if (oldRest != before.end()) {
+    const std::int64_t first = oldRest - before.begin();
+    if (const auto done = connection_->Run(kRemovePlaces, {Bound(number), first}); !done) return done.fault();
+  }
+  for (auto key = newRest; key != after.end(); ++key) {
+    const std::int64_t position = key - after.begin();
+    const auto done = connection_->Run(kAddPlace, {Bound(number), position, Bound(*key)});
+    if (!done) return done.fault();
+  }
+  const std::unordered_set<RecordKey> kept(newRest, after.end());
+  for (auto key = oldRest; key != before.end(); ++key) {
+    if (kept.contains(*key)) continue;
+    if (const auto done = connection_->Run(kRemoveRecord, {Bound(*key)}); !done) return done.fault();
+  }
+  return {};
+}
+
+}  // namespace vanzet::vdm

@@ -1,0 +1,120 @@
+#include "vdm/store.h"
+
+#include "vdm/sqlite_engine.h"
+
+namespace vanzet::vdm {
+
+VdmStore::VdmStore(const std::filesystem::path& folder)
+    : VdmStore(std::make_unique<SqliteEngine>(folder / "store.db"), folder / "store.lock") {}
+
+VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
+    : engine_(std::move(engine)), locks_(std::move(lockFile)) {}
+
+Result<bool> VdmStore::Exists(std::int64_t number) const {
+  const auto known = NumberFrom(number);
+  if (!known) return false;
+  const auto open = IsOpen(number);
+  if (!open) return open.fault();
+  if (*open) return true;
+  return engine_->Exists(*known);
+}
+
+Result<bool> VdmStore::IsOpen(std::int64_t number) const {
+  const auto known = NumberFrom(number);
+  if (!known) return false;
+  if (handles_.contains(*known)) return true;
+  return locks_.HeldElsewhere(*known);
+}
+
+Result<Handle> VdmStore::Create(std::int64_t number) {
+  auto taken = Take(number);
+  if (!taken) return taken.fault();
+  const auto exists = engine_->Exists(taken->number());
+  if (!exists) return exists.fault();
+  if (*exists) return Fault{NameOf(taken->number()) + " exists already"};
+  return Enter(std::move(*taken), Vdm());
+}
+
+Result<Handle> VdmStore::Open(std::int64_t number) {
+  auto taken = Take(number);
+  if (!taken) return taken.fault();
+  // Read only now: before the lock was taken somebody else could still have been writing.
+  auto content = engine_->Open(taken->number());
+  if (!content) return content.fault();
+  if (!*content) return Fault{NameOf(taken->number()) + " does not exist"};
+  return Enter(std::move(*taken), std::move(**content));
+}
+
+Result<void> VdmStore::Close(Handle handle) {
+  auto closing = opened_.extract(handle);
+  if (closing.empty()) return {};
+  const auto& [lock, vdm] = closing.mapped();
+  handles_.erase(lock.number());
+  // The lock is held until the content is written: it goes with `closing`.
+  if (!vdm.content().IsChanged()) return {};
+  return engine_->Write(lock.number(), vdm.content());
+}
+
+Result<void> VdmStore::Delete(std::int64_t number) {
+  const auto exists = Exists(number);
+  if (!exists) return exists.fault();
+  if (!*exists) return {};
+  const auto taken = Take(number);
+  if (!taken) return taken.fault();
+  return engine_->Remove(taken->number());
+}
+
+std::size_t VdmStore::Size(Handle handle) const {
+  const auto found = opened_.find(handle);
+  return found == opened_.end() ? 0 : found->second.vdm.Size();
+}
+
+OpenVdm* VdmStore::Find(Handle handle) {
+  const auto found = opened_.find(handle);
+  return found == opened_.end() ? nullptr : &found->second.vdm;
+}
+
+Result<Vdm> VdmStore::Snapshot(std::int64_t number) const {
+  const auto known = NumberFrom(number);
+  if (!known) return known.fault();
+  if (const auto handle = handles_.find(*known); handle != handles_.end()) {
+    return opened_.at(handle->second).vdm.content().Copy();
+  }
+  auto content = engine_->Read(*known);
+  if (!content) return content.fault();
+  if (!*content) return Fault{NameOf(*known) + " does not exist"};
+  return std::move(**content);
+}
+
+Result<void> VdmStore::Replace(std::int64_t number, const Vdm& content) {
+  const auto taken = Take(number);
+  if (!taken) return taken.fault();
+  return engine_->Write(taken->number(), content);
+}
+
+Result<std::vector<Number>> VdmStore::Numbers() const {
+  return engine_->Numbers();
+}
+
+std::vector<Number> VdmStore::LeftOpen() const {
+  std::vector<Number> numbers;
+  for (const auto& [number, handle] : handles_) numbers.push_back(number);
+  return numbers;
+}
+
+Result<VdmLocks::Held> VdmStore::Take(std::int64_t number) {
+  const auto known = NumberFrom(number);
+  if (!known) return known.fault();
+  if (handles_.contains(*known)) return Fault{NameOf(*known) + " is open already"};
+  return locks_.Take(*known);
+}
+
+Result<Handle> VdmStore::Enter(VdmLocks::Held lock, Vdm content) {
+  if (lastHandle_ == kLastHandle) return Fault{"no handle is left to open a VDM with"};
+  const Handle handle{++lastHandle_};
+  handles_.emplace(lock.number(), handle);
+  opened_.emplace(handle, Opened{std::move(lock), OpenVdm(std::move(content))});
+  return handle;
+}
+
+}  // namespace vanzet::vdm

@@ -1,0 +1,50 @@
+#include "vdm/vdm.h"
+
+namespace vanzet::vdm {
+
+Vdm::Vdm(const std::vector<RecordKey>& keys, RecordLoader load) : load_(std::move(load)), isChanged_(false) {
+  std::vector<Entry> entries(keys.size());
+  for (std::size_t i = 0; i < keys.size(); ++i) entries[i].key = keys[i];
+  entries_ = GapBuffer<Entry>(std::move(entries));
+}
+
+Result<const Record*> Vdm::Read(std::size_t record) const {
+  const Entry& entry = entries_[record];
+  if (entry.content == nullptr) {
+    auto content = load_(*entry.key);
+    if (!content) return content.fault();
+    entry.content = std::make_unique<Record>(std::move(*content));
+  }
+  return entry.content.get();
+}
+
+Result<Record*> Vdm::Edit(std::size_t record) {
+  if (const auto read = Read(record); !read) return read.fault();
+  Entry& entry = entries_[record];
+  entry.isChanged = isChanged_ = true;
+  return entry.content.get();
+}
+
+void Vdm::Insert(std::size_t at, Record content) {
+  Entry entry;
+  entry.content = std::make_unique<Record>(std::move(content));
+  entries_.Insert(at, std::move(entry));
+  isChanged_ = true;
+}
+
+void Vdm::Remove(std::size_t at, std::size_t count) {
+  entries_.Remove(at, count);
+  isChanged_ = true;
+}
+
+Result<Vdm> Vdm::Copy() const {
+  Vdm copy;
+  for (std::size_t i = 0; i < Size(); ++i) {
+    const auto content = Read(i);
+    if (!content) return content.fault();
+    copy.Insert(i, **content);
+  }
+  return copy;
+}
+
+}  // namespace vanzet::vdm

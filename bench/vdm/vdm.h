@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "vdm/record.h"
+
+namespace vanzet::vdm {
+
+/// Where a store keeps a record; only the store that gave it knows what it means.
+enum class RecordKey : std::int64_t {};
+
+/// Fetches a record from the store that keeps it.
+using RecordLoader = std::function<Result<Record>(RecordKey)>;
+
+/// A VDM in memory: an ordered list of records.
+///
+/// Shape    records from 0, each a list of items from 0
+/// Owns     the records it has touched; others stay in their store until they are read or edited
+/// Errors   a record that cannot be fetched is a fault each time it is asked for; the store keeps it as it is
+class Vdm {
+ public:
+  /// One record and what a store must know to keep it.
+  struct Entry {
+    std::optional<RecordKey> key;             ///< nothing: no store keeps it yet
+    bool isChanged = false;                   ///< it differs from what the store keeps under the key
+    mutable std::unique_ptr<Record> content;  ///< null until it is fetched
+
+    bool MustBeWritten() const { return isChanged || !key; }
+  };
+
+  /// An empty VDM that no store keeps yet.
+  Vdm() = default;
+
+  /// A VDM whose records a store keeps under `keys`. It can be used as long as `load` can.
+  Vdm(const std::vector<RecordKey>& keys, RecordLoader load);
+
+  std::size_t Size() const { return entries_.Size(); }
+
+  /// The record's content, valid until the record is removed. Requires: `record` is below the size.
+  Result<const Record*> Read(std::size_t record) const;
+
+  /// The same, to be changed.
+  Result<Record*> Edit(std::size_t record);
+
+  /// Puts a record before the one at `at`. Requires: `at` is at most the size.
+  void Insert(std::size_t at, Record content);
+
+  /// Removes `count` records from `at` on. Requires: there are as many.
+  void Remove(std::size_t at, std::size_t count);
+
+  /// The same content, wholly in memory and kept by no store.
+  Result<Vdm> Copy() const;
+
+  /// True when a store would have something to write.
+  bool IsChanged() const { return isChanged_; }
+
+  /// Requires: `record` is below the size.
+  const Entry& EntryOf(std::size_t record) const { return entries_[record]; }
+
+ private:
+  GapBuffer<Entry> entries_;
+  RecordLoader load_;
+  bool isChanged_ = true;
+};
+
+}  // namespace vanzet::vdm

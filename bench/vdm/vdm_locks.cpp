@@ -1,0 +1,73 @@
+#include "vdm/vdm_locks.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "vdm/read_only.h"
+#include "vdm/system_reason.h"
+
+namespace vanzet::vdm {
+namespace {
+
+/// The byte that stands for a VDM.
+struct flock ByteOf(Number number, short type) {
+  struct flock byte = {};
+  byte.l_type = type;
+  byte.l_whence = SEEK_SET;
+  byte.l_start = static_cast<off_t>(number);
+  byte.l_len = 1;
+  return byte;
+}
+
+/// Asks the kernel whether another open of the lock file holds the byte; below 0 when it cannot tell.
+int HeldByOthers(int descriptor, Number number) {
+  struct flock byte = ByteOf(number, F_WRLCK);
+  if (fcntl(descriptor, F_OFD_GETLK, &byte) != 0) return -1;
+  return byte.l_type == F_UNLCK ? 0 : 1;
+}
+
+}  // namespace
+
+VdmLocks::~VdmLocks() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+Result<VdmLocks::Held> VdmLocks::Take(Number number) {
+  if (const auto opened = OpenForTaking(); !opened) return opened.fault();
+  struct flock byte = ByteOf(number, F_WRLCK);
+  if (fcntl(descriptor_, F_OFD_SETLK, &byte) == 0) return Held(*this, number);
+  if (errno == EAGAIN || errno == EACCES) return Fault{NameOf(number) + " is open elsewhere"};
+  return FaultOf(errno);
+}
+
+Result<bool> VdmLocks::HeldElsewhere(Number number) const {
+  const int asked = descriptor_ >= 0 ? descriptor_ : open(file_.c_str(), O_RDONLY | O_CLOEXEC);
+  if (asked < 0 && errno == ENOENT) return false;
+  const int held = asked < 0 ? -1 : HeldByOthers(asked, number);
+  const int error = errno;
+  if (asked >= 0 && asked != descriptor_) close(asked);
+  if (held < 0) return FaultOf(error);
+  return held == 1;
+}
+
+Result<void> VdmLocks::OpenForTaking() {
+  if (descriptor_ >= 0) return {};
+  if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  descriptor_ = open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  if (descriptor_ < 0) return FaultOf(errno);
+  return {};
+}
+
+void VdmLocks::Release(Number number) {
+  struct flock byte = ByteOf(number, F_UNLCK);
+  // It fails on a descriptor that is not open only, and then there is nothing to release.
+  fcntl(descriptor_, F_OFD_SETLK, &byte);
+}
+
+Fault VdmLocks::FaultOf(int error) const {
+  return {"cannot be locked: " + SystemReason(error), file_.string()};
+}
+
+}  // namespace vanzet::vdm

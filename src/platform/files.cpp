@@ -1,0 +1,20 @@
+#include "platform/files.h"
+
+#include <fstream>
+#include <system_error>
+
+#include "base/path_map.h"
+
+namespace vanzet::platform {
+
+std::filesystem::path FileOf(std::string_view path) {
+  return PathMap::OfProcess().Resolve(path);
+}
+
+bool IsReadableFile(std::string_view path) {
+  const std::filesystem::path file = FileOf(path);
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error) && std::ifstream(file).is_open();
+}
+
+}  // namespace vanzet::platform

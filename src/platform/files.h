@@ -1,0 +1,14 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace vanzet::platform {
+
+/// Where a path text of the host or of a shop's file leads on this machine; see base/path_map.h.
+std::filesystem::path FileOf(std::string_view path);
+
+/// True for a regular file that can be opened for reading.
+bool IsReadableFile(std::string_view path);
+
+}  // namespace vanzet::platform

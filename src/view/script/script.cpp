@@ -1,0 +1,86 @@
+#include "view/script/script.h"
+
+#include <istream>
+#include <utility>
+
+namespace vanzet::view {
+namespace {
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r';
+}
+
+/// A walk over one line, word by word.
+class Words {
+ public:
+  explicit Words(std::string_view line) : line_(line) {}
+
+  bool AtEnd() {
+    while (at_ < line_.size() && IsBlank(line_[at_])) ++at_;
+    return at_ == line_.size() || line_[at_] == '#';
+  }
+
+  Result<std::string> Next() { return line_[at_] == '"' ? Quoted() : Plain(); }
+
+ private:
+  Result<std::string> Plain() {
+    const std::size_t start = at_;
+    while (at_ < line_.size() && !IsBlank(line_[at_])) ++at_;
+    return std::string(line_.substr(start, at_ - start));
+  }
+
+  Result<std::string> Quoted() {
+    const std::size_t start = at_++;
+    std::string word;
+    while (at_ < line_.size() && line_[at_] != '"') {
+      if (line_[at_] != '\\') {
+        word += line_[at_++];
+        continue;
+      }
+      const char escaped = at_ + 1 < line_.size() ? line_[at_ + 1] : '\0';
+      if (escaped != '"' && escaped != '\\' && escaped != 'n') {
+        return FaultAt(at_, "a backslash in quotes stands before \", \\ or n");
+      }
+      word += escaped == 'n' ? '\n' : escaped;
+      at_ += 2;
+    }
+    if (at_ == line_.size()) return FaultAt(start, "the closing quote is missing");
+    ++at_;
+    if (at_ < line_.size() && !IsBlank(line_[at_]) && line_[at_] != '#') {
+      return FaultAt(at_, "a blank is missing behind the closing quote");
+    }
+    return word;
+  }
+
+  static Fault FaultAt(std::size_t position, const char* text) {
+    return {text, "", 0, static_cast<int>(position) + 1};
+  }
+
+  std::string_view line_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+Result<std::vector<std::string>> ScriptWords(std::string_view line) {
+  std::vector<std::string> words;
+  for (Words walk(line); !walk.AtEnd();) {
+    Result<std::string> word = walk.Next();
+    if (!word) return word.fault();
+    words.push_back(std::move(*word));
+  }
+  return words;
+}
+
+Result<std::vector<ScriptLine>> ReadScript(std::istream& text) {
+  std::vector<ScriptLine> script;
+  std::string line;
+  for (int number = 1; std::getline(text, line); ++number) {
+    auto words = ScriptWords(line);
+    if (!words) return Fault{words.fault().text, "", number, words.fault().column};
+    if (!words->empty()) script.push_back({number, std::move(*words)});
+  }
+  return script;
+}
+
+}  // namespace vanzet::view

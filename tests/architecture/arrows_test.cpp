@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace vanzet {
+namespace {
+
+namespace fs = std::filesystem;
+using Folders = std::set<std::string>;
+
+/// What each folder of the module may include besides itself. docs/architecture.md draws these arrows.
+const std::map<std::string, Folders> kModule = {
+    {"platform", {"base"}},
+    {"host", {"base", "platform"}},
+    {"machine", {"base", "platform", "host"}},
+    {"store", {"base", "platform", "host"}},
+    {"view", {"base", "platform"}},
+    {"host/door", {"base", "platform", "host", "machine", "store", "view"}},
+    {"geometry", {"base", "host"}},
+};
+
+/// The same of the workbench, which knows nothing of the module but its geometry.
+const std::map<std::string, Folders> kWorkbench = {
+    {"vdm", {"base"}},
+    {"contour", {"base", "geometry"}},
+    {"project", {"base", "vdm"}},
+    {"language", {"base", "vdm", "project"}},
+    {"api", {"base", "vdm", "project", "language"}},
+    {"cli", {"base", "vdm", "project", "api", "contour", "geometry"}},
+};
+
+struct Include {
+  fs::path file;
+  std::string header;
+  bool inBrackets;
+};
+
+std::vector<Include> IncludesBelow(const fs::path& root) {
+  static const std::regex kInclude("^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"]");
+  std::vector<Include> includes;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
+    if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+    std::ifstream text(entry.path());
+    for (std::string line; std::getline(text, line);) {
+      std::smatch match;
+      if (std::regex_search(line, match, kInclude)) {
+        includes.push_back({fs::relative(entry.path(), root), match[2], match[1] == "<"});
+      }
+    }
+  }
+  return includes;
+}
+
+/// The folder of the table that a path lies in: the longest that fits.
+std::string FolderOf(const fs::path& path, const std::map<std::string, Folders>& table) {
+  for (fs::path folder = path.parent_path(); !folder.empty(); folder = folder.parent_path()) {
+    if (table.contains(folder.string())) return folder.string();
+  }
+  return path.begin()->string();
+}
+
+void ExpectArrowsOf(const fs::path& root, const std::map<std::string, Folders>& table) {
+  for (const Include& include : IncludesBelow(root)) {
+    if (include.inBrackets) continue;
+    const std::string from = FolderOf(include.file, table);
+    const std::string to = FolderOf(include.header, table);
+    ASSERT_TRUE(table.contains(from)) << from << " has no row in this test";
+    EXPECT_TRUE(from == to || table.at(from).contains(to)) << include.file << " includes " << include.header;
+  }
+}
+
+TEST(Arrows, OfTheModulePointOneWay) {
+  ExpectArrowsOf(VANZET_SOURCE_DIR "/src", kModule);
+}
+
+TEST(Arrows, OfTheWorkbenchPointOneWay) {
+  ExpectArrowsOf(VANZET_SOURCE_DIR "/bench", kWorkbench);
+}
+
+TEST(Arrows, DoNotLeaveTheSharedFolder) {
+  for (const Include& include : IncludesBelow(VANZET_SOURCE_DIR "/base")) {
+    EXPECT_TRUE(include.inBrackets || include.header.starts_with("base/")) << include.file;
+  }
+}
+
+TEST(Module, IncludesTheStandardLibraryOnlyOutsideItsPlatform) {
+  // Headers of the standard library have no folder and no ending.
+  static const std::regex kStandard("^[a-z_]+$");
+  for (const char* root : {"/src", "/base"}) {
+    for (const Include& include : IncludesBelow(std::string(VANZET_SOURCE_DIR) + root)) {
+      if (!include.inBrackets || include.file.string().starts_with("platform/") ||
+          include.file.string().starts_with("view/qt/")) {
+        continue;
+      }
+      EXPECT_TRUE(std::regex_match(include.header, kStandard)) << include.file << ": " << include.header;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vanzet

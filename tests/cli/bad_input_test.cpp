@@ -1,0 +1,148 @@
+#include <sqlite3.h>
+
+#include <random>
+
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class BadInput : public CommandLineTest {
+ protected:
+  /// One line on standard error that names the file, exit status 1, and nothing on standard output.
+  void ExpectRefused(const std::string& arguments, const std::string& file) {
+    const Outcome run = Vanzet(arguments);
+    EXPECT_EQ(run.status, 1) << arguments;
+    EXPECT_THAT(run.err, StartsWith("vanzet: ")) << arguments;
+    EXPECT_THAT(run.err, HasSubstr(file)) << arguments;
+    EXPECT_EQ(std::ranges::count(run.err, '\n'), 1) << run.err;
+    EXPECT_EQ(run.out, "") << arguments;
+  }
+
+  static std::string RandomBytes() {
+    std::mt19937 random(3);
+    std::string bytes(100000, '\0');
+    for (char& c : bytes) c = static_cast<char>(random());
+    return bytes;
+  }
+
+  void Sql(const char* statement) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open((folder / "lathe/store.db").c_str(), &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, statement, nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(database);
+  }
+};
+
+TEST_F(BadInput, AFolderThatIsNoProject) {
+  WriteBytes(folder / "letters/letter.txt", "");
+  ExpectRefused("show letters", "letters");
+  ExpectRefused("upgrade letters", "letters");
+  ExpectRefused("show nowhere", "nowhere");
+  EXPECT_FALSE(std::filesystem::exists(folder / "letters/store.db"));
+}
+
+TEST_F(BadInput, AStoreThatIsNoDatabase) {
+  MakeUpgradedProject();
+  const std::string bytes = RandomBytes();
+  WriteBytes(folder / "lathe/store.db", bytes);
+  ExpectRefused("show lathe", "store.db");
+  ExpectRefused("items lathe", "store.db");
+  EXPECT_EQ(Vanzet("upgrade lathe").status, 1);
+  EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), bytes);
+}
+
+TEST_F(BadInput, AStoreOfANewerSchema) {
+  MakeUpgradedProject();
+  Sql("PRAGMA user_version = 99");
+  ExpectRefused("show lathe", "store.db");
+  const std::string before = ReadBytes(folder / "lathe/store.db");
+  EXPECT_EQ(Vanzet("upgrade lathe").status, 1);
+  EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), before);
+}
+
+TEST_F(BadInput, AStoreThatIsReadOnly) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "x.vdm", "vdm 1\nend 0\n");
+  std::filesystem::permissions(folder / "lathe/store.db", std::filesystem::perms::owner_read);
+  const std::string before = ReadBytes(folder / "lathe/store.db");
+  EXPECT_EQ(Vanzet("show lathe").status, 0) << "reading works";
+  ExpectRefused("vdm load lathe x.vdm 1000", "store.db");
+  EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), before);
+}
+
+TEST_F(BadInput, AFullDiskWhileAnUpgradeIsStored) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe", "ulimit -f 4;");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_THAT(upgraded.err, HasSubstr("store.db"));
+  EXPECT_EQ(Vanzet("upgrade lathe").status, 0) << "and nothing stands in the way when there is room again";
+}
+
+TEST_F(BadInput, AFullDiskWhileADefinitionIsReplaced) {
+  MakeUpgradedProject();
+  const std::string before = Vanzet("items lathe").out;
+  std::string big = "vdm 1\nrecord\n";
+  for (int i = 0; i < 3000; ++i) big += "." + std::string(100, 'x') + "\n";
+  WriteBytes(folder / "big.vdm", big + "end 1\n");
+  const Outcome loaded = Vanzet("vdm load lathe big.vdm 1000", "ulimit -f 64;");
+  EXPECT_EQ(loaded.status, 1);
+  EXPECT_THAT(loaded.err, HasSubstr("store.db"));
+  EXPECT_EQ(Vanzet("items lathe").out, before);
+}
+
+TEST_F(BadInput, AFullDiskWhileAVdmIsSaved) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "job.vdm", "old");
+  const Outcome saved = Vanzet("vdm save lathe 1000 job.vdm", "ulimit -f 0;");
+  EXPECT_EQ(saved.status, 1);
+  EXPECT_EQ(ReadBytes(folder / "job.vdm"), "old");
+}
+
+TEST_F(BadInput, SettingsThatAreNoText) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/bench.ini", RandomBytes());
+  ExpectRefused("show lathe", "bench.ini:");
+  ExpectRefused("upgrade lathe", "bench.ini:");
+}
+
+TEST_F(BadInput, SettingsOfAHundredMegabytes) {
+  MakeUpgradedProject();
+  std::filesystem::resize_file(folder / "lathe/bench.ini", 100'000'000);
+  ExpectRefused("show lathe", "bench.ini: is larger than 16 MiB");
+}
+
+TEST_F(BadInput, AMachineThatIsNoTextOrTooLarge) {
+  MakeUpgradedProject();
+  const std::string before = ReadBytes(folder / "lathe/store.db");
+  WriteBytes(folder / "lathe/machine.ini", RandomBytes());
+  ExpectRefused("upgrade lathe", "machine.ini:");
+  std::filesystem::resize_file(folder / "lathe/machine.ini", 100'000'000);
+  ExpectRefused("upgrade lathe", "machine.ini: is larger than 16 MiB");
+  EXPECT_EQ(ReadBytes(folder / "lathe/store.db"), before);
+}
+
+TEST_F(BadInput, VariablesThatNameNoNumber) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/bench.ini", "[variables]\ni_billet_vdm = first\n");
+  ExpectRefused("show lathe", "bench.ini:2: i_billet_vdm: expected an integer, found 'first'");
+}
+
+TEST_F(BadInput, AModuleThatIsNotThere) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe", "VANZET_MODULE=/no/such/module.so");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_THAT(upgraded.err, HasSubstr("/no/such/module.so"));
+}
+
+TEST_F(BadInput, ATraceThatCannotBeWritten) {
+  MakeProject();
+  ExpectRefused("upgrade lathe --trace /no/such/folder/calls.jsonl", "/no/such/folder/calls.jsonl");
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe/store.db"));
+}
+
+}  // namespace
+}  // namespace vanzet::test

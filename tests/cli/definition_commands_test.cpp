@@ -1,0 +1,167 @@
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "run_vanzet.h"
+#include "support/golden.h"
+
+namespace vanzet::test {
+namespace {
+
+using Json = nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class DefinitionCommands : public CommandLineTest {};
+
+TEST_F(DefinitionCommands, MakeUpgradeAndShowBothSpursOfTheSample) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe");
+  EXPECT_EQ(upgraded.status, 0);
+  EXPECT_EQ(upgraded.out,
+            "spur 0: VDM 1000, version 100, 18 operations\nspur 1: VDM 1001, version 100, 18 operations\n");
+  EXPECT_EQ(upgraded.err, "");
+
+  const Outcome shown = Vanzet("show lathe");
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_GOLDEN(shown.out, "cli/show_sample.txt");
+}
+
+TEST_F(DefinitionCommands, WorkInTheCurrentFolder) {
+  MakeUpgradedProject();
+  EXPECT_EQ(Vanzet("show", "cd lathe &&").out, Vanzet("show lathe").out);
+}
+
+TEST_F(DefinitionCommands, ShowForPrograms) {
+  MakeUpgradedProject();
+  const Json json = Json::parse(Vanzet("show lathe --json").out);
+  ASSERT_EQ(json["spurs"].size(), 2U);
+  const Json& spur = json["spurs"][1];
+  EXPECT_EQ(spur["spur"], 1);
+  EXPECT_EQ(spur["vdm"], 1001);
+  EXPECT_EQ(spur["version"], 100);
+  ASSERT_EQ(spur["operations"].size(), 18U);
+  EXPECT_EQ(spur["operations"][6]["label"], "VRML Main Jaw");
+  EXPECT_EQ(spur["operations"][6]["kind"], 2);
+  EXPECT_EQ(spur["operations"][6]["flag"], true);
+  EXPECT_EQ(spur["operations"][6]["sections"], Json::parse(R"([["VRML Main Jaw", "D2T Main Jaw"], [], []])"));
+}
+
+TEST_F(DefinitionCommands, ShowOneSpur) {
+  MakeUpgradedProject();
+  const Json json = Json::parse(Vanzet("show lathe --spur 1 --json").out);
+  ASSERT_EQ(json["spurs"].size(), 1U);
+  EXPECT_EQ(json["spurs"][0]["spur"], 1);
+  const Outcome none = Vanzet("show lathe --spur 2");
+  EXPECT_EQ(none.status, 1);
+  EXPECT_EQ(none.err, "vanzet: there is no spur 2; the machine has 2 spurs, counted from 0\n");
+}
+
+TEST_F(DefinitionCommands, SayWhatToDoWhereThereIsNoDefinition) {
+  MakeProject();
+  const Outcome shown = Vanzet("show lathe");
+  EXPECT_EQ(shown.status, 1);
+  EXPECT_EQ(shown.out,
+            "Spur 0: VDM 1000, no definition ('vanzet upgrade' makes it)\n"
+            "\nSpur 1: VDM 1001, no definition ('vanzet upgrade' makes it)\n");
+  EXPECT_EQ(shown.err, "vanzet: there is no definition yet\n");
+}
+
+TEST_F(DefinitionCommands, ShowADamagedDefinitionAsFarAsItGoes) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "bad.vdm",
+             "vdm 1\nrecord\n.1 1 1 2\n.Billet definition\n.100\nrecord\n.rubbish\nend 2\n");
+  ASSERT_EQ(Vanzet("vdm load lathe bad.vdm 1000").status, 0);
+  const Outcome shown = Vanzet("show lathe --spur 0");
+  EXPECT_EQ(shown.status, 1);
+  EXPECT_THAT(shown.out, HasSubstr("Billet definition"));
+  EXPECT_THAT(shown.out, HasSubstr("damaged: no header: 'rubbish'"));
+  EXPECT_EQ(shown.err, "vanzet: the definition of spur 0 is damaged\n");
+}
+
+TEST_F(DefinitionCommands, PrintItemsALineEach) {
+  MakeUpgradedProject();
+  const Outcome items = Vanzet("items lathe");
+  EXPECT_EQ(items.status, 0);
+  EXPECT_THAT(items.out, StartsWith("0.0\t1 1 1 2\n0.1\tBillet definition\n0.2\t100\n1.0\t2 1 4 1 3 2 4\n"));
+  EXPECT_THAT(Vanzet("items lathe --vdm 1001").out, HasSubstr("\n2.7\tSubBillet\n"));
+}
+
+TEST_F(DefinitionCommands, EscapeItemsThatWouldBreakALine) {
+  MakeProject();
+  WriteBytes(folder / "odd.vdm", "vdm 1\nrecord\n.a\\nb\\r\\\\c\td\nend 1\n");
+  ASSERT_EQ(Vanzet("vdm load lathe odd.vdm 5").status, 0);
+  EXPECT_EQ(Vanzet("items lathe --vdm 5").out, "0.0\ta\\nb\\r\\\\c\\td\n");
+  EXPECT_EQ(Json::parse(Vanzet("items lathe --vdm 5 --json").out),
+            Json::parse(R"({"vdm":5,"records":[["a\nb\r\\c\td"]]})"));
+}
+
+TEST_F(DefinitionCommands, UpgradeAnOlderDefinition) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "old.vdm",
+             "vdm 1\nrecord\n.1 1 1 1\n.Billet definition\nrecord\n.2 1 3 1 2 2\n.Main Spindle\n.chuck\n.1 "
+             "80\n.0\n.0\n"
+             "end 2\n");
+  ASSERT_EQ(Vanzet("vdm load lathe old.vdm 1000").status, 0);
+  EXPECT_EQ(Vanzet("upgrade lathe").status, 0);
+  const Json json = Json::parse(Vanzet("show lathe --spur 0 --json").out);
+  const Json& operations = json["spurs"][0]["operations"];
+  ASSERT_EQ(operations.size(), 18U);
+  EXPECT_EQ(operations[1]["sections"],
+            Json::parse(R"([["Main Spindle"], ["chuck", "1 80", "0"], ["0", "0"]])"));
+  EXPECT_EQ(json["spurs"][0]["version"], 100);
+}
+
+TEST_F(DefinitionCommands, GiveUpANewerDefinitionAndSaySo) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "new.vdm", "vdm 1\nrecord\n.1 1 1 2\n.Billet definition\n.101\nend 1\n");
+  ASSERT_EQ(Vanzet("vdm load lathe new.vdm 1001").status, 0);
+  const Outcome upgraded = Vanzet("upgrade lathe");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_THAT(upgraded.err, StartsWith("Clamp definition: Newer version can not read\n"));
+  EXPECT_THAT(upgraded.err, HasSubstr("vanzet: spur 1: VDM 1001 is no definition of version 100"));
+}
+
+TEST_F(DefinitionCommands, UpgradeFiftySpurs) {
+  MakeProject();
+  WriteBytes(folder / "lathe/machine.ini", "[COMMON]\nNR_SPINDEL_SPUR=50\n");
+  EXPECT_EQ(Vanzet("upgrade lathe").status, 0);
+  EXPECT_EQ(Json::parse(Vanzet("show lathe --json").out)["spurs"][49]["vdm"], 1049);
+}
+
+TEST_F(DefinitionCommands, UpgradeAnEmptyFolderAfterABoxAboutItsMachine) {
+  std::filesystem::create_directories(folder / "empty");
+  const Outcome upgraded = Vanzet("upgrade empty");
+  EXPECT_EQ(upgraded.status, 0);
+  EXPECT_EQ(upgraded.out, "spur 0: VDM 1000, version 100, 18 operations\n");
+  EXPECT_THAT(upgraded.err, StartsWith("File can not open for read: "));
+}
+
+TEST_F(DefinitionCommands, TraceEachCallOfTheModule) {
+  MakeProject();
+  ASSERT_EQ(Vanzet("upgrade lathe --trace calls.jsonl").status, 0);
+  std::istringstream lines(ReadBytes(folder / "calls.jsonl"));
+  std::vector<std::string> calls;
+  for (std::string line; std::getline(lines, line);) calls.push_back(Json::parse(line)["call"]);
+  ASSERT_GT(calls.size(), 100U);
+  EXPECT_EQ(calls[0], "OrvoEnvironment");
+  EXPECT_EQ(calls[2], "OrvoReadGlobalI");
+  EXPECT_EQ(calls.back(), "OrvoMacroVdmClose");
+  EXPECT_EQ(std::ranges::count(calls, "OrvoMacroVdmCreate"), 2);
+  EXPECT_EQ(std::ranges::count(calls, "OrvoMacroVdmClose"), 2);
+}
+
+TEST_F(DefinitionCommands, ServeTheModulesBoxesFromAScript) {
+  std::filesystem::create_directories(folder / "empty");
+  WriteBytes(folder / "script.txt", "# nothing to answer\n");
+  const Outcome upgraded = Vanzet("upgrade empty", "VANZET_SCRIPT=script.txt VANZET_TRANSCRIPT=run.jsonl");
+  EXPECT_EQ(upgraded.status, 0);
+  EXPECT_EQ(upgraded.err, "");
+  const Json box = Json::parse(ReadBytes(folder / "run.jsonl"));
+  EXPECT_EQ(box["event"], "box");
+  EXPECT_EQ(box["caption"], "File can not open for read");
+  EXPECT_EQ(box["type"], 48);
+  EXPECT_EQ(box["answer"], 1);
+}
+
+}  // namespace
+}  // namespace vanzet::test

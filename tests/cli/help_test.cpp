@@ -1,0 +1,54 @@
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+
+class Help : public CommandLineTest {};
+
+TEST_F(Help, OfEveryCommandHasAnExample) {
+  for (const std::string command : {"", "new", "upgrade", "show", "items", "vdm", "vdm save", "vdm load",
+                                    "vdm check", "command", "completion"}) {
+    const Outcome help = Vanzet(command + " --help");
+    EXPECT_EQ(help.status, 0) << command;
+    EXPECT_THAT(help.out, HasSubstr("Example:\n  ")) << command;
+    EXPECT_THAT(help.out, HasSubstr("vanzet " + command)) << command;
+  }
+}
+
+TEST_F(Help, TellsTheVersion) {
+  EXPECT_THAT(Vanzet("--version").out, testing::MatchesRegex("vanzet [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(Help, WrongUsageHasTheStatusTwo) {
+  for (const char* arguments : {"", "dance", "show --rubbish", "show --spur x", "new", "vdm", "vdm save",
+                                "vdm save a b c d", "completion fish"}) {
+    const Outcome run = Vanzet(arguments);
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_NE(run.err, "") << arguments;
+    EXPECT_EQ(run.out, "") << arguments;
+  }
+}
+
+TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
+  WriteBytes(folder / "completion.bash", Vanzet("completion bash").out);
+  WriteBytes(
+      folder / "ask.bash",
+      "source completion.bash\nCOMP_WORDS=(vanzet sh); COMP_CWORD=1; _vanzet; echo \"${COMPREPLY[*]}\"\n"
+      "COMP_WORDS=(vanzet vdm ''); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n"
+      "COMP_WORDS=(vanzet show --s); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n");
+  const Outcome asked = Vanzet("--version", "bash ask.bash &&");
+  EXPECT_THAT(asked.out, HasSubstr("show\nsave load check --help\n--spur\n")) << asked.err;
+  EXPECT_THAT(Vanzet("completion zsh").out, HasSubstr("#compdef vanzet\n"));
+}
+
+TEST_F(Help, AFullStandardOutputIsAFault) {
+  MakeUpgradedProject();
+  const Outcome shown = Vanzet("show lathe >/dev/full");
+  EXPECT_EQ(shown.status, 1);
+  EXPECT_EQ(shown.err, "vanzet: standard output cannot be written\n");
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "support/temporary_folder.h"
+
+namespace vanzet::test {
+
+/// What a run of the program gave.
+struct Outcome {
+  int status;  ///< the exit status; 128 and more when a signal ended it
+  std::string out;
+  std::string err;
+};
+
+/// A folder to work in, and the program run there by a shell.
+class CommandLineTest : public testing::Test {
+ protected:
+  /// Runs "vanzet ARGUMENTS"; `before` stands before it on the shell's line, as settings and limits do.
+  Outcome Vanzet(const std::string& arguments, const std::string& before = "", const std::string& input = "");
+
+  /// Makes the sample project "lathe"; with its definitions when upgraded.
+  void MakeProject();
+  void MakeUpgradedProject();
+
+  const TemporaryFolder folder;
+};
+
+}  // namespace vanzet::test

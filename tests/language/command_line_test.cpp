@@ -1,0 +1,52 @@
+#include "language/command_line.h"
+
+#include <gtest/gtest.h>
+
+namespace vanzet::language {
+namespace {
+
+using project::Variables;
+
+TEST(CommandLine, TakesWholeWordsOnly) {
+  CommandLine line("  vdm\tload x");
+  EXPECT_FALSE(line.Take("vd"));
+  EXPECT_TRUE(line.Take("vdm"));
+  EXPECT_FALSE(line.Take("save"));
+  EXPECT_TRUE(line.Take("load"));
+  EXPECT_EQ(*line.Word("a word"), "x");
+  EXPECT_TRUE(line.End());
+}
+
+TEST(CommandLine, ReadsTextInQuotesUpToTheQuoteBeforeABlank) {
+  CommandLine line("'D:\\a b\\x.vdm' 'o'brien' ''");
+  EXPECT_EQ(*line.QuotedText("a file"), "D:\\a b\\x.vdm");
+  EXPECT_EQ(*line.QuotedText("a file"), "o'brien");
+  EXPECT_EQ(*line.QuotedText("a file"), "");
+}
+
+TEST(CommandLine, ReadsIntegersAndIntegerVariables) {
+  Variables variables;
+  ASSERT_TRUE(variables.Set("i_n", 42));
+  CommandLine line("-7 i_n i_billet_vdm");
+  EXPECT_EQ(*line.Integer("a number", variables), -7);
+  EXPECT_EQ(*line.Integer("a number", variables), 42);
+  EXPECT_EQ(*line.Integer("a number", variables), 1000);
+}
+
+TEST(CommandLine, TellsTheColumnAndWhatWasExpected) {
+  CommandLine missing("win ");
+  ASSERT_TRUE(missing.Take("win"));
+  EXPECT_EQ(missing.Word("the number of a window").fault().Told(), "5: expected the number of a window");
+
+  CommandLine unquoted("file a");
+  ASSERT_TRUE(unquoted.Take("file"));
+  EXPECT_EQ(unquoted.QuotedText("the file").fault().Told(), "6: expected the file in single quotes");
+
+  EXPECT_EQ(CommandLine("'open").QuotedText("the file").fault().Told(), "1: the closing quote is missing");
+  EXPECT_EQ(CommandLine("x").Integer("a VDM", Variables()).fault().Told(),
+            "1: expected a VDM or an integer variable that has a value, found 'x'");
+  EXPECT_EQ(CommandLine("  more").End().fault().Told(), "3: expected the end of the line, found 'more'");
+}
+
+}  // namespace
+}  // namespace vanzet::language

@@ -1,0 +1,49 @@
+#include "project/bench_ini.h"
+
+#include <gtest/gtest.h>
+
+namespace vanzet::project {
+namespace {
+
+std::string FaultOf(const std::string& text) {
+  const auto ini = ReadBenchIni(text, "bench.ini");
+  return ini ? "" : ini.fault().Told();
+}
+
+TEST(BenchIni, KeepsEachSectionApart) {
+  const auto ini = ReadBenchIni(
+      "[environment]\nTMP=/x\n[variables]\ni_a=1\n[project]\nCLAMP_DB_PATH=c.cld\n[language]\nmessages=de\n"
+      "[drives]\nD=/data\ne:=/mnt\n",
+      "bench.ini");
+  ASSERT_TRUE(ini);
+  EXPECT_EQ(ini->environment.at("TMP").value, "/x");
+  EXPECT_EQ(ini->variables.at("i_a").value, "1");
+  EXPECT_EQ(ini->variables.at("i_a").line, 4);
+  EXPECT_EQ(ini->project.at("clamp_db_path").value, "c.cld");
+  EXPECT_EQ(ini->language.at("messages").value, "de");
+  EXPECT_EQ(ini->drives, (PathMap::Drives{{'D', "/data"}, {'E', "/mnt"}}));
+}
+
+TEST(BenchIni, MindsTheCaseOfVariablesOnly) {
+  const auto ini = ReadBenchIni("[variables]\ni_a=1\ni_A=2\n[ENVIRONMENT]\nTmp=1\nTMP=2\n", "bench.ini");
+  ASSERT_TRUE(ini);
+  EXPECT_EQ(ini->variables.size(), 2U);
+  EXPECT_EQ(ini->environment.size(), 1U);
+  EXPECT_EQ(ini->environment.at("tmp").value, "1") << "the first of equal keys counts";
+}
+
+TEST(BenchIni, MayBeEmpty) {
+  EXPECT_TRUE(ReadBenchIni("", "bench.ini"));
+}
+
+TEST(BenchIni, TellsTheLineOfWhatItDoesNotUnderstand) {
+  EXPECT_EQ(FaultOf("\nrubbish\n"), "bench.ini:2: expected '[section]' or 'key = value'");
+  EXPECT_EQ(FaultOf("[environment\n"), "bench.ini:1: expected '[section]' or 'key = value'");
+  EXPECT_EQ(FaultOf("[variabels]\ni_a=1\n"), "bench.ini:1: there is no section [variabels]");
+  EXPECT_EQ(FaultOf("i_a=1\n"), "bench.ini:1: an entry stands before the first section");
+  EXPECT_EQ(FaultOf("[drives]\nDATA=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not 'DATA'");
+  EXPECT_EQ(FaultOf("[drives]\n1=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not '1'");
+}
+
+}  // namespace
+}  // namespace vanzet::project

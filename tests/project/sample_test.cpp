@@ -1,0 +1,51 @@
+#include "project/sample.h"
+
+#include <gmock/gmock.h>
+
+#include "project/project.h"
+#include "support/temporary_folder.h"
+
+namespace vanzet::project {
+namespace {
+
+const std::filesystem::path kShare = VANZET_SOURCE_DIR "/share";
+
+TEST(MakeProject, MakesAProjectThatWorksAtOnce) {
+  const test::TemporaryFolder folder;
+  ASSERT_TRUE(MakeProject(folder / "a/lathe", "mill-turn", kShare));
+  const auto project = Project::Open(folder / "a/lathe", kShare);
+  ASSERT_TRUE(project) << project.fault().Told();
+  EXPECT_EQ(*project->SpindleSpurs(), 2);
+  EXPECT_EQ(project->Environment("SubSpindleAvailable"), "1");
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "a/lathe/bodies"));
+}
+
+TEST(MakeProject, TakesAnEmptyFolderThatIsThere) {
+  const test::TemporaryFolder folder;
+  EXPECT_TRUE(MakeProject(folder.path(), "mill-turn", kShare));
+}
+
+TEST(MakeProject, RefusesAPlaceWhereSomethingIs) {
+  const test::TemporaryFolder folder;
+  test::WriteBytes(folder / "file", "mine");
+  EXPECT_FALSE(MakeProject(folder.path(), "mill-turn", kShare));
+  EXPECT_FALSE(MakeProject(folder / "file", "mill-turn", kShare));
+  EXPECT_EQ(test::ReadBytes(folder / "file"), "mine");
+  EXPECT_FALSE(std::filesystem::exists(folder / "bench.ini"));
+}
+
+TEST(MakeProject, NamesTheSamplesWhenThereIsNoneOfThatName) {
+  const test::TemporaryFolder folder;
+  const auto made = MakeProject(folder / "lathe", "swiss", kShare);
+  ASSERT_FALSE(made);
+  EXPECT_EQ(made.fault().text, "there is no sample 'swiss'; there are: mill-turn");
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe"));
+}
+
+TEST(SampleNames, AreTheFoldersOfSamples) {
+  EXPECT_THAT(SampleNames(kShare), testing::ElementsAre("mill-turn"));
+  EXPECT_THAT(SampleNames("/no/such/folder"), testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace vanzet::project

@@ -1,0 +1,153 @@
+#include "vdm/store_engine.h"
+
+#include <gtest/gtest.h>
+
+#include "support/memory_engine.h"
+#include "support/temporary_folder.h"
+#include "support/vdm_values.h"
+#include "vdm/sqlite_engine.h"
+
+namespace vanzet::vdm {
+namespace {
+
+using test::Get;
+using test::Records;
+using test::RecordsOf;
+using test::Told;
+using test::VdmOf;
+
+/// A kind of engine: how one is made in a folder of the test's own.
+struct Kind {
+  std::string name;
+  std::unique_ptr<StoreEngine> (*make)(const std::filesystem::path& folder);
+};
+
+/// What every engine has to do.
+class EveryEngine : public testing::TestWithParam<Kind> {
+ protected:
+  void Write(std::uint32_t number, const Vdm& content) {
+    ASSERT_EQ(Told(engine->Write(Number{number}, content)), "");
+  }
+  Vdm Open(std::uint32_t number) { return std::move(*Get(engine->Open(Number{number}))); }
+  Records Read(std::uint32_t number) { return RecordsOf(*Get(engine->Read(Number{number}))); }
+
+  test::TemporaryFolder folder;
+  std::unique_ptr<StoreEngine> engine = GetParam().make(folder.path());
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Engines, EveryEngine,
+    testing::Values(Kind{"Memory",
+                         [](const std::filesystem::path&) -> std::unique_ptr<StoreEngine> {
+                           return std::make_unique<test::MemoryEngine>();
+                         }},
+                    Kind{"Sqlite",
+                         [](const std::filesystem::path& folder) -> std::unique_ptr<StoreEngine> {
+                           return std::make_unique<SqliteEngine>(folder / "store.db");
+                         }}),
+    [](const auto& kind) { return kind.param.name; });
+
+TEST_P(EveryEngine, IsEmptyAtFirst) {
+  EXPECT_TRUE(Get(engine->Numbers()).empty());
+  EXPECT_FALSE(Get(engine->Exists(Number{1})));
+  EXPECT_FALSE(Get(engine->Open(Number{1})));
+  EXPECT_FALSE(Get(engine->Read(Number{1})));
+  EXPECT_EQ(Told(engine->Remove(Number{1})), "");
+}
+
+TEST_P(EveryEngine, KeepsWhatWasWritten) {
+  const Records records = {{"100", "", "a\nb\\c\xFF"}, {}, {std::string(kLongestItem, 'x')}};
+  Write(1000, VdmOf(records));
+  EXPECT_EQ(Read(1000), records);
+  EXPECT_EQ(RecordsOf(Open(1000)), records);
+}
+
+TEST_P(EveryEngine, KeepsAVdmWithoutRecords) {
+  Write(5, Vdm());
+  EXPECT_TRUE(Get(engine->Exists(Number{5})));
+  EXPECT_EQ(Read(5), Records{});
+}
+
+TEST_P(EveryEngine, TakesTheFirstAndTheLastNumberAndListsThemRising) {
+  for (const std::uint32_t number : {0xFFFFFFFFu, 0u, 1000u}) Write(number, Vdm());
+  EXPECT_EQ(Get(engine->Numbers()), (std::vector<Number>{Number{0}, Number{1000}, Number{0xFFFFFFFF}}));
+}
+
+TEST_P(EveryEngine, PutsTheNewContentInThePlaceOfTheOld) {
+  Write(1, VdmOf({{"old"}, {"older"}}));
+  Write(1, VdmOf({{"new"}}));
+  EXPECT_EQ(Read(1), Records{{"new"}});
+}
+
+TEST_P(EveryEngine, KeepsNumbersApart) {
+  Write(1, VdmOf({{"one"}}));
+  Write(2, VdmOf({{"two"}}));
+  EXPECT_EQ(Told(engine->Remove(Number{1})), "");
+  EXPECT_FALSE(Get(engine->Exists(Number{1})));
+  EXPECT_EQ(Read(2), Records{{"two"}});
+}
+
+TEST_P(EveryEngine, WritesAnOpenedVdmBackWithItsChanges) {
+  Write(1, VdmOf({{"a"}, {"b"}, {"c"}, {"d"}}));
+  Vdm opened = Open(1);
+  (*Get(opened.Edit(2)))[0] = "C";
+  opened.Insert(1, Record({"new"}));
+  opened.Remove(4, 1);
+  Write(1, opened);
+  EXPECT_EQ(Read(1), (Records{{"a"}, {"new"}, {"b"}, {"C"}}));
+}
+
+TEST_P(EveryEngine, GivesACopyThatLaterWritesDoNotReach) {
+  Write(1, VdmOf({{"old"}}));
+  const Vdm copy = std::move(*Get(engine->Read(Number{1})));
+  Write(1, VdmOf({{"new"}}));
+  EXPECT_EQ(RecordsOf(copy), Records{{"old"}});
+  Write(2, copy);
+  EXPECT_EQ(Read(2), Records{{"old"}});
+}
+
+TEST_P(EveryEngine, RefusesAnOpenedVdmWhoseRecordsAreGone) {
+  Write(1, VdmOf({{"old"}}));
+  Vdm opened = Open(1);
+  opened.Insert(0, Record({"mine"}));
+  Write(1, VdmOf({}));
+  EXPECT_NE(Told(engine->Write(Number{1}, opened)), "");
+  EXPECT_EQ(Read(1), Records{});
+}
+
+/// Does one thing, chosen by the dice, to both.
+void Change(test::Dice& dice, Vdm& content, Records& model) {
+  const std::size_t at = dice.UpTo(model.size());
+  const std::vector<std::string> items(dice.UpTo(3), dice.Text(100));
+  const auto place = model.begin() + static_cast<std::ptrdiff_t>(at);
+  switch (dice.UpTo(2)) {
+    case 0:
+      content.Insert(at, Record(items));
+      model.insert(place, items);
+      break;
+    case 1:
+      if (at == model.size()) break;
+      content.Remove(at, 1);
+      model.erase(place);
+      break;
+    default:
+      if (at == model.size()) break;
+      *Get(content.Edit(at)) = Record(items);
+      model[at] = items;
+  }
+}
+
+TEST_P(EveryEngine, FollowsAnyRowOfChanges) {
+  test::Dice dice(11);
+  Records model;
+  Write(1, Vdm());
+  for (int round = 0; round < 60; ++round) {
+    Vdm opened = Open(1);
+    for (std::size_t changes = dice.UpTo(6); changes > 0; --changes) Change(dice, opened, model);
+    Write(1, opened);
+    ASSERT_EQ(Read(1), model) << "round " << round;
+  }
+}
+
+}  // namespace
+}  // namespace vanzet::vdm

@@ -1,0 +1,69 @@
+#include "view/script/script.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+namespace vanzet::view {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> Words(std::string_view line) {
+  const auto words = ScriptWords(line);
+  EXPECT_TRUE(words) << line;
+  return words ? *words : std::vector<std::string>{};
+}
+
+void ExpectFault(std::string_view line, int column) {
+  const auto words = ScriptWords(line);
+  ASSERT_FALSE(words) << line;
+  EXPECT_EQ(words.fault().column, column) << line;
+  EXPECT_FALSE(words.fault().text.empty());
+}
+
+TEST(ScriptWords, AreSeparatedByBlanks) {
+  EXPECT_THAT(Words("  set 2022\t80 \r"), ElementsAre("set", "2022", "80"));
+  EXPECT_THAT(Words(""), IsEmpty());
+}
+
+TEST(ScriptWords, EndAtAComment) {
+  EXPECT_THAT(Words("# all of it"), IsEmpty());
+  EXPECT_THAT(Words("close # the rest"), ElementsAre("close"));
+  EXPECT_THAT(Words("file \"a\"# the rest"), ElementsAre("file", "a"));
+}
+
+TEST(ScriptWords, InQuotesMayHoldBlanksHashesAndEscapes) {
+  EXPECT_THAT(Words(R"(choose 2124 "Chuck #1")"), ElementsAre("choose", "2124", "Chuck #1"));
+  EXPECT_THAT(Words(R"(set 1 "a\"b\\c\nd")"), ElementsAre("set", "1", "a\"b\\c\nd"));
+  EXPECT_THAT(Words(R"(set 1 "")"), ElementsAre("set", "1", ""));
+}
+
+TEST(ScriptWords, TellWhereAQuoteIsWrong) {
+  ExpectFault(R"(file "abc)", 6);
+  ExpectFault(R"(file "a\x")", 8);
+  ExpectFault(R"(file "a"b)", 9);
+  ExpectFault(R"(file "a\)", 8);
+}
+
+TEST(ReadScript, NumbersItsLinesFromOneAndLeavesOutEmptyOnes) {
+  std::istringstream text("# a set-up\n\nanswer yes\r\nclose");
+  const auto script = ReadScript(text);
+  ASSERT_TRUE(script);
+  ASSERT_EQ(script->size(), 2U);
+  EXPECT_EQ((*script)[0].number, 3);
+  EXPECT_THAT((*script)[0].words, ElementsAre("answer", "yes"));
+  EXPECT_EQ((*script)[1].number, 4);
+}
+
+TEST(ReadScript, TellsTheLineOfAFault) {
+  std::istringstream text("close\nfile \"");
+  const auto script = ReadScript(text);
+  ASSERT_FALSE(script);
+  EXPECT_EQ(script.fault().line, 2);
+  EXPECT_EQ(script.fault().column, 6);
+}
+
+}  // namespace
+}  // namespace vanzet::view

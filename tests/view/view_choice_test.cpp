@@ -1,0 +1,53 @@
+#include "view/view_choice.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "support/temporary_folder.h"
+
+namespace vanzet::view {
+namespace {
+
+class ViewChoiceTest : public testing::Test {
+ protected:
+  ~ViewChoiceTest() override {
+    unsetenv("VANZET_SCRIPT");
+    unsetenv("VANZET_TRANSCRIPT");
+  }
+  void ScriptInForce(const std::string& text) {
+    test::WriteBytes(folder / "script.txt", text);
+    setenv("VANZET_SCRIPT", (folder / "script.txt").c_str(), 1);
+    setenv("VANZET_TRANSCRIPT", (folder / "run.jsonl").c_str(), 1);
+  }
+
+  const test::TemporaryFolder folder;
+  const platform::MessageBox question{"", "Delete?", 4, nullptr};
+};
+
+TEST_F(ViewChoiceTest, IsTheConsoleWithoutAScript) {
+  ViewChoice choice;
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(choice.Choose().Present(question), platform::answer::kNo);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Delete? [No]\n");
+}
+
+TEST_F(ViewChoiceTest, IsTheScriptWhereOneIsNamed) {
+  ScriptInForce("answer yes\n");
+  ViewChoice choice;
+  EXPECT_EQ(choice.Choose().Present(question), platform::answer::kYes);
+}
+
+TEST_F(ViewChoiceTest, QueuesTheAnswersAnewAndGoesOnWithTheTranscript) {
+  ScriptInForce("answer yes\n");
+  ViewChoice choice;
+  for (int call = 0; call < 2; ++call) {
+    EXPECT_EQ(choice.Choose().Present(question), platform::answer::kYes);
+  }
+  const std::string line =
+      "{\"event\":\"box\",\"caption\":\"\",\"text\":\"Delete?\",\"type\":4,\"answer\":6}\n";
+  EXPECT_EQ(test::ReadBytes(folder / "run.jsonl"), line + line);
+}
+
+}  // namespace
+}  // namespace vanzet::view
