@@ -24,11 +24,13 @@ struct Joint {
 /// The joint when the tangents at both ends are cut at equal lengths d: the control points then are 2 d
 /// apart, which is a quadratic in d. False when no d above `TIGHT_TOLERANCE` solves it.
 bool FindJoint(const CLine& lineA, const CLine& lineB, const Vector2d& v, double c, double w, Joint& joint) {
-  double d = 0, second = 0;
+  double d = 0;
+  double second = 0;
   const int roots = SolveQuadratic(2 * (c - 1), 2 * w, Dot(v, v), d, second);
   if (roots == 2 && !(d > TIGHT_TOLERANCE)) d = second;
   if (roots == 0 || !(d > TIGHT_TOLERANCE)) return false;
-  const Point q1 = lineA.At(d), q2 = lineB.At(-d);
+  const Point q1 = lineA.At(d);
+  const Point q2 = lineB.At(-d);
   const CLine middle(q1, q2);
   joint.at = middle.At(d);
   const CLine across = middle.Perpendicular(joint.at);
@@ -54,9 +56,11 @@ void Merge(Span& span1, Span& span2) {
 }  // namespace
 
 int Biarc(const CLine& lineA, const CLine& lineB, Span& span1, Span& span2) {
-  const Point &a = lineA.p, &b = lineB.p;
+  const Point& a = lineA.p;
+  const Point& b = lineB.p;
   const Vector2d v(b, a);
-  const double c = Dot(lineA.v, lineB.v), w = Dot(v, lineA.v + lineB.v);
+  const double c = Dot(lineA.v, lineB.v);
+  const double w = Dot(v, lineA.v + lineB.v);
   Joint joint;
   if (NearEqual(std::fabs(c), 1.0, VECTOR_TOLERANCE) && NearZero(w, TIGHT_TOLERANCE)) {
     const Point middle = Middle(a, b);

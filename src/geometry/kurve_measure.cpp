@@ -60,7 +60,8 @@ Point Kurve::NearToVertex(const Point& p, int& vertexNumber) const {
   Point nearest = INVALID_POINT;
   vertexNumber = 0;
   for (int i = 0; i < nVertices; ++i) {
-    Point vertex, unusedCentre;
+    Point vertex;
+    Point unusedCentre;
     Get(i, vertex, unusedCentre);
     const double distance = Dist(own, vertex);
     if (distance < best) {

@@ -44,7 +44,8 @@ int Kurve::Get(int vertexNumber, Point& p, Point& pc) const {
 }
 
 int Kurve::Get(int vertexNumber, Point3d& p, Point3d& pc) const {
-  Point flat, centre(pc);
+  Point flat;
+  Point centre(pc);
   const int type = Get(vertexNumber, flat, centre);
   p = Point3d(flat);
   pc = Point3d(centre);
@@ -108,7 +109,8 @@ void Kurve::ModifyIndex(int vertexNumber, IndexWord value) {
 bool Kurve::operator==(const Kurve& k) const {
   if (nVertices != k.nVertices) return false;
   for (int i = 0; i < nVertices; ++i) {
-    spVertex mine, other;
+    spVertex mine;
+    spVertex other;
     Get(i, mine);
     k.Get(i, other);
     if (!(mine == other)) return false;

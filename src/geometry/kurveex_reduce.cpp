@@ -53,9 +53,11 @@ int KurveEx::ReduceCircle() {
 int KurveEx::Reduce(double tolerance) {
   if (SpanCount() < 2) return 0;
   if (IsFullCircle()) return ReduceCircle();
-  KurveEx stored(*this), kept;
+  KurveEx stored(*this);
+  KurveEx kept;
   stored.Reverse(false);
-  Vertex anchor = ReadVertex(stored, 0), candidate = ReadVertex(stored, 1);
+  Vertex anchor = ReadVertex(stored, 0);
+  Vertex candidate = ReadVertex(stored, 1);
   AddVertex(kept, anchor);
   for (int i = 2; i <= SpanCount(); ++i) {
     const Vertex current = ReadVertex(stored, i);

@@ -22,7 +22,8 @@ EulerTerms FreeTerms(const double (&e)[16], double sx, double sy, double sz, dou
 /// Gimbal lock: X and Z turn about the same line, and only their sum is known.
 EulerTerms LockedTerms(const double (&e)[16], double sx, double sy, double sinY) {
   const double s = sinY < 0 ? -1.0 : 1.0;
-  const double t1 = s * e[5] / sy - e[2] / sx, t2 = s * e[6] / sy + e[1] / sx;
+  const double t1 = s * e[5] / sy - e[2] / sx;
+  const double t2 = s * e[6] / sy + e[1] / sx;
   const double r = std::sqrt(t1 * t1 + t2 * t2);
   EulerTerms t = {.sinY = s};
   if (r > TOLERANCE) {
@@ -61,7 +62,10 @@ void Matrix::Rotate(double angle, int axis) {
 
 void Matrix::Rotate(double sina, double cosa, const Vector3d& axisVector) {
   // Rodrigues: cos I + sin [v]x + (1 - cos) v v'.
-  const double x = axisVector.dx, y = axisVector.dy, z = axisVector.dz, k = 1.0 - cosa;
+  const double x = axisVector.dx;
+  const double y = axisVector.dy;
+  const double z = axisVector.dz;
+  const double k = 1.0 - cosa;
   const double rows[16] = {x * x * k + cosa,
                            x * y * k - z * sina,
                            x * z * k + y * sina,
@@ -89,10 +93,13 @@ void Matrix::GetRotation(double& ax, double& ay, double& az) {
   ax = ay = az = 0.0;
   const bool isMirrored = IsMirrored();
   if (unit) return;
-  double sx = 1.0, sy = 1.0, sz = 1.0;
+  double sx = 1.0;
+  double sy = 1.0;
+  double sz = 1.0;
   GetScale(sx, sy, sz);
   if (isMirrored) sx = -sx;
-  const double sinY = -e[8] / sz, q = (1.0 - sinY) * (1.0 + sinY);
+  const double sinY = -e[8] / sz;
+  const double q = (1.0 - sinY) * (1.0 + sinY);
   const EulerTerms t =
       q > 0.001 ? FreeTerms(e, sx, sy, sz, sinY, std::sqrt(q)) : LockedTerms(e, sx, sy, sinY);
   ax = std::atan2(t.sinX, t.cosX);

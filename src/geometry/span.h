@@ -115,7 +115,6 @@ class Span {
   void NeedProperties() const;
   void SetLineProperties();
   void SetArcProperties();
-  void CheckRadii(double startRadius, double endRadius) const;
   void SetSweep(double chord);
   bool CarriesPoint(const Point& p) const;
   double ArcFraction(const Point& p) const;
