@@ -1,7 +1,8 @@
 #include "base/ini.h"
 
-#include <algorithm>
 #include <istream>
+
+#include "base/letter_case.h"
 
 namespace vanzet {
 namespace {
@@ -35,8 +36,12 @@ IniLine Read(std::string_view text) {
           WithoutQuotes(WithoutBlanks(text.substr(equals + 1)))};
 }
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+bool GoToSection(IniReader& ini, std::string_view section) {
+  IniLine line;
+  while (ini.Next(line)) {
+    if (line.kind == IniLine::Kind::kSection && EqualWithoutCase(line.name, section)) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -49,9 +54,15 @@ bool IniReader::Next(IniLine& line) {
   return true;
 }
 
-bool EqualWithoutCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
+std::optional<std::string> FindIniValue(std::istream& text, std::string_view section, std::string_view key) {
+  IniReader ini(text);
+  if (!GoToSection(ini, section)) return std::nullopt;
+  IniLine line;
+  while (ini.Next(line) && line.kind != IniLine::Kind::kSection) {
+    if (line.kind == IniLine::Kind::kEntry && EqualWithoutCase(line.name, key))
+      return std::string(line.value);
+  }
+  return std::nullopt;
 }
 
 }  // namespace vanzet

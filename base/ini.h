@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,7 +38,8 @@ class IniReader {
   int lineNumber_ = 0;
 };
 
-/// Equal but for the case of the letters A to Z, as sections and keys are compared.
-bool EqualWithoutCase(std::string_view a, std::string_view b);
+/// The value of a key in a section of an ini text, or nothing. Sections and keys are compared without regard
+/// to case; the first section of the name and the first of equal keys count.
+std::optional<std::string> FindIniValue(std::istream& text, std::string_view section, std::string_view key);
 
 }  // namespace vanzet

@@ -5,7 +5,7 @@
 #include <optional>
 #include <system_error>
 
-#include "base/ini.h"
+#include "base/letter_case.h"
 
 namespace vanzet {
 namespace {

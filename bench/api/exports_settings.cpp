@@ -15,9 +15,8 @@ OrvoNothing OrvoMissingAPI() {
 }
 
 const char* OrvoEnvironment(const char* key) {
-  const char* text = Answer("OrvoEnvironment", {TextOf(key)}, [&](Host& host, Json&) {
-    return Returned(host, host.project.Environment(TextOf(key)));
-  });
+  const char* text = Answer("OrvoEnvironment", {TextOf(key)},
+                            [&](Host& host, Json&) { return Returned(host, host.Environment(TextOf(key))); });
   return text == nullptr ? "" : text;
 }
 

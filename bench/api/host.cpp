@@ -15,7 +15,8 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       panel(thePanel),
       trace(std::move(theTrace)),
       variables(theProject.startVariables()),
-      store(theProject.folder()) {}
+      store(theProject.folder()),
+      runFolder(theProject.folder()) {}
 
 Result<void> Host::Command(std::string_view line) {
   language::Surroundings surroundings{variables, store, project.paths()};
@@ -25,6 +26,14 @@ Result<void> Host::Command(std::string_view line) {
   if (fault.file.empty()) fault.file = "'" + std::string(line) + "'";
   panel.Tell(fault);
   return fault;
+}
+
+std::string Host::Environment(std::string_view key) {
+  const std::string value = project.Environment(key);
+  if (!value.empty() || key != "TMP") return value;
+  const auto folder = runFolder.Path();
+  if (!folder) panel.Tell(folder.fault());
+  return folder ? folder->string() : "";
 }
 
 HostScope::HostScope(Host& host) : former_(std::exchange(hostInForce, &host)) {}

@@ -7,6 +7,7 @@
 #include "language/interpreter.h"
 #include "project/message_panel.h"
 #include "project/project.h"
+#include "project/run_folder.h"
 #include "project/variables.h"
 #include "vdm/store.h"
 
@@ -24,11 +25,15 @@ class Host {
   /// Runs a line of the macro language; a fault is told on the panel, with the line.
   Result<void> Command(std::string_view line);
 
+  /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.
+  std::string Environment(std::string_view key);
+
   const project::Project& project;
   project::MessagePanel& panel;
   const std::unique_ptr<Trace> trace;
   project::Variables variables;
   vdm::VdmStore store;
+  project::RunFolder runFolder;
 
   /// The text that a function returned last. Callers copy it at once.
   std::string returnedText;

@@ -156,7 +156,9 @@ Result<void> ContourIntersect(const ContourArguments& arguments) {
   Json list = Json::array();
   for (const Contour& a : *first) {
     for (const Contour& b : *second) {
-      for (const contour::Crossing& crossing : Crossings(a, b)) {
+      const auto crossings = Crossings(a, b);
+      if (!crossings) return crossings.fault();
+      for (const contour::Crossing& crossing : *crossings) {
         drawing.marks.push_back({Mark::Kind::kFound, crossing.point});
         rows.push_back({std::to_string(a.number), std::to_string(crossing.spanA), std::to_string(b.number),
                         std::to_string(crossing.spanB), PointText(crossing.point)});

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "base/ini.h"
+#include "base/letter_case.h"
 #include "base/path_map.h"
 #include "contour/text_form.h"
 

@@ -1,4 +1,8 @@
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <utility>
 
 #include "contour/operations.h"
 #include "geometry/intersect.h"
@@ -8,6 +12,8 @@ namespace {
 
 using geometry::Point;
 using geometry::Span;
+
+constexpr std::size_t kMostCrossings = 1'000'000;
 
 /// The spans of a contour in the order of their left ends, so that most of them need not be looked at.
 class SpansFromLeft {
@@ -38,35 +44,47 @@ class SpansFromLeft {
   double widest_ = 0;
 };
 
-bool Before(const Crossing& a, const Crossing& b) {
-  return std::pair(a.spanA, a.spanB) < std::pair(b.spanA, b.spanB);
-}
-
-/// One crossing for each point: at a vertex up to four pairs of spans meet.
-std::vector<Crossing> WithoutRepeats(std::vector<Crossing> found) {
-  std::ranges::stable_sort(found, Before);
-  std::vector<Crossing> byPlace = found;
-  std::ranges::stable_sort(byPlace, {}, [](const Crossing& c) { return c.point.x; });
-  std::vector<Crossing> kept;
-  const double width = geometry::CLOSED_TOLERANCE;
-  for (const Crossing& crossing : byPlace) {
-    const auto isSame = [&](const Crossing& other) { return Dist(other.point, crossing.point) <= width; };
-    auto near = kept.rbegin();
-    while (near != kept.rend() && crossing.point.x - near->point.x <= width && !isSame(*near)) ++near;
-    const bool repeats = near != kept.rend() && isSame(*near);
-    if (!repeats) {
-      kept.push_back(crossing);
-    } else if (Before(crossing, *near)) {
-      *near = crossing;
+/// The places of crossings that were told; what is nearer than this to one of them is the same point.
+class Places {
+ public:
+  /// False when the point was there already.
+  bool Add(const Point& point) {
+    const Cell cell = {CellOf(point.x), CellOf(point.y)};
+    for (std::int64_t x = cell.first - 1; x <= cell.first + 1; ++x) {
+      for (std::int64_t y = cell.second - 1; y <= cell.second + 1; ++y) {
+        const auto found = cells_.find({x, y});
+        if (found != cells_.end() && IsNearOne(found->second, point)) return false;
+      }
     }
+    cells_[cell].push_back(point);
+    return true;
   }
-  std::ranges::stable_sort(kept, Before);
-  return kept;
+
+ private:
+  using Cell = std::pair<std::int64_t, std::int64_t>;
+
+  std::int64_t CellOf(double coordinate) const {
+    return static_cast<std::int64_t>(std::floor(coordinate / width_));
+  }
+  bool IsNearOne(const std::vector<Point>& points, const Point& point) const {
+    return std::ranges::any_of(points, [&](const Point& other) { return Dist(other, point) <= width_; });
+  }
+
+  double width_ = geometry::CLOSED_TOLERANCE;
+  std::map<Cell, std::vector<Point>> cells_;
+};
+
+/// One crossing for each point, in the order of the spans: at a vertex up to four pairs of spans meet.
+std::vector<Crossing> WithoutRepeats(std::vector<Crossing> found) {
+  std::ranges::stable_sort(found, {}, [](const Crossing& c) { return std::pair(c.spanA, c.spanB); });
+  Places places;
+  std::erase_if(found, [&](const Crossing& crossing) { return !places.Add(crossing.point); });
+  return found;
 }
 
 }  // namespace
 
-std::vector<Crossing> Crossings(const Contour& a, const Contour& b) {
+Result<std::vector<Crossing>> Crossings(const Contour& a, const Contour& b) {
   const SpansFromLeft others(b.curve.spans);
   std::vector<Crossing> found;
   int number = 0;
@@ -78,6 +96,9 @@ std::vector<Crossing> Crossings(const Contour& a, const Contour& b) {
       const int count = geometry::Intof(span, other, points[0], points[1]);
       for (int i = 0; i < count; ++i) found.push_back({number, otherNumber, points[i]});
     });
+    if (found.size() > kMostCrossings) {
+      return Fault{"the contours meet in more than " + std::to_string(kMostCrossings) + " points"};
+    }
   }
   return WithoutRepeats(std::move(found));
 }

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <utility>
 
-#include "base/ini.h"
+#include "base/letter_case.h"
 #include "base/numbers.h"
 #include "contour/drawing_pieces.h"
 #include "contour/dxf_groups.h"

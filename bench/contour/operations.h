@@ -38,7 +38,7 @@ struct Crossing {
   int spanA = 0, spanB = 0;  ///< from 1
   geometry::Point point;
 };
-std::vector<Crossing> Crossings(const Contour& a, const Contour& b);
+Result<std::vector<Crossing>> Crossings(const Contour& a, const Contour& b);
 
 /// Arcs become chords that are nowhere farther from them than `tolerance`. Refused when there would be more
 /// than `kMostVertices`. Requires: the tolerance is above 0.

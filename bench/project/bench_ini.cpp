@@ -9,15 +9,11 @@
 namespace vanzet::project {
 namespace {
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 using Problem = std::optional<std::string>;
 
 Problem AddDrive(BenchIni& ini, std::string key, const Setting& setting) {
   if (key.ends_with(':')) key.pop_back();
-  const char letter = key.size() == 1 ? Lower(key[0]) : '\0';
+  const char letter = key.size() == 1 ? SmallLetter(key[0]) : '\0';
   if (letter < 'a' || letter > 'z') return "a drive is a letter from A to Z, not '" + key + "'";
   ini.drives.try_emplace(static_cast<char>(letter - 'a' + 'A'), setting.value);
   return std::nullopt;
@@ -49,10 +45,6 @@ const SectionRow* FindSection(std::string_view name) {
 }
 
 }  // namespace
-
-bool LessWithoutCase::operator()(const std::string& a, const std::string& b) const {
-  return std::ranges::lexicographical_compare(a, b, {}, Lower, Lower);
-}
 
 Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name) {
   std::istringstream stream(text);

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/letter_case.h"
 #include "base/path_map.h"
 #include "base/result.h"
 
@@ -15,13 +16,9 @@ struct Setting {
   int line;
 };
 
-/// Keys that differ in the case of A to Z alone are the same.
-struct LessWithoutCase {
-  bool operator()(const std::string& a, const std::string& b) const;
-};
-
 /// The settings of a project; docs/formats/bench-ini.md tells their meaning.
 struct BenchIni {
+  /// Keys that differ in the case of their letters alone are the same.
   using Section = std::map<std::string, Setting, LessWithoutCase>;
   Section environment;
   std::map<std::string, Setting> variables;  ///< names of variables mind their case

@@ -11,24 +11,6 @@ namespace {
 
 constexpr std::int32_t kMostSpurs = 50;
 
-/// The first NR_SPINDEL_SPUR of the first section COMMON, -1 where there is none.
-std::int32_t StatedSpurs(const std::string& text) {
-  std::istringstream stream(text);
-  IniReader reader(stream);
-  IniLine line;
-  bool inCommon = false;
-  while (reader.Next(line)) {
-    if (line.kind == IniLine::Kind::kSection) {
-      if (inCommon) break;
-      inCommon = EqualWithoutCase(line.name, "COMMON");
-    } else if (inCommon && line.kind == IniLine::Kind::kEntry &&
-               EqualWithoutCase(line.name, "NR_SPINDEL_SPUR")) {
-      return IntegerOrZero(line.value);
-    }
-  }
-  return -1;
-}
-
 }  // namespace
 
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name) {
@@ -36,7 +18,8 @@ Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const 
   if (!std::filesystem::is_regular_file(file, error)) return 1;
   const auto text = ReadTextFile(file, name);
   if (!text) return text.fault();
-  const std::int32_t stated = StatedSpurs(*text);
+  std::istringstream stream(*text);
+  const std::int32_t stated = IntegerOrZero(FindIniValue(stream, "COMMON", "NR_SPINDEL_SPUR").value_or(""));
   return stated < 1 || stated > kMostSpurs ? 1 : stated;
 }
 

@@ -82,8 +82,7 @@ Result<void> Project::ReadMessages(const fs::path& share) {
 }
 
 std::string Project::Environment(std::string_view key) const {
-  if (const auto setting = settings_.environment.find(std::string(key));
-      setting != settings_.environment.end()) {
+  if (const auto setting = settings_.environment.find(key); setting != settings_.environment.end()) {
     return setting->second.value;
   }
   if (key == "-d") return folder_.string();

@@ -32,7 +32,8 @@ class Project {
   const Variables& startVariables() const { return startVariables_; }
 
   /// A value of the host's environment, empty when there is none. What the settings leave out has a default:
-  /// "-d" the project's folder, "ppdefini" its machine.ini, "clampmdb" its clampdevice.cld.
+  /// "-d" the project's folder, "ppdefini" its machine.ini, "clampmdb" its clampdevice.cld. The default of
+  /// "TMP" belongs to a run, not to the project.
   std::string Environment(std::string_view key) const;
 
   /// The user's text of a message, or nothing.

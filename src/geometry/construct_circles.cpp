@@ -52,10 +52,13 @@ Circle Tanto(int side1, const CLine& s1, int side2, const CLine& s2, double radi
 Circle Tanto(int side1, const CLine& s1, int side2, const CLine& s2, int side3, const CLine& s3) {
   // cross(v, centre - p) = side r for each line, solved for r by Cramer's rule with the first point as
   // origin.
-  const double c12 = Cross(s1.v, s2.v), c13 = Cross(s1.v, s3.v), c23 = Cross(s2.v, s3.v);
+  const double c12 = Cross(s1.v, s2.v);
+  const double c13 = Cross(s1.v, s3.v);
+  const double c23 = Cross(s2.v, s3.v);
   const double d = side1 * c23 - side2 * c13 + side3 * c12;
   if (!(std::fabs(d) >= VECTOR_TOLERANCE)) return NoCircle();
-  const double k2 = Cross(s2.v, Vector2d(s1.p, s2.p)), k3 = Cross(s3.v, Vector2d(s1.p, s3.p));
+  const double k2 = Cross(s2.v, Vector2d(s1.p, s2.p));
+  const double k3 = Cross(s3.v, Vector2d(s1.p, s3.p));
   const double radius = (k2 * c13 - k3 * c12) / d;
   if (!(radius >= TOLERANCE)) return NoCircle();
   const CLine second = Parallel(side2, s2, radius);
@@ -70,7 +73,8 @@ Circle Tanto(int order, int side1, const CLine& s, int side2, const Circle& c, d
 }
 
 Circle Tanto(int order, int side1, const Circle& a, int side2, const Circle& b, double radius) {
-  const Circle aroundA(a.pc, a.radius + side1 * radius), aroundB(b.pc, b.radius + side2 * radius);
+  const Circle aroundA(a.pc, a.radius + side1 * radius);
+  const Circle aroundB(b.pc, b.radius + side2 * radius);
   return About(Intof(order, aroundA, aroundB), radius);
 }
 

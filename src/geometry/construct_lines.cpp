@@ -28,7 +28,8 @@ CLine Thru(const Point& a, const Point& b) {
 }
 
 CLine Tanto(int side, const Circle& c, const Point& p) {
-  const double r = c.radius, d = Dist(p, c.pc);
+  const double r = c.radius;
+  const double d = Dist(p, c.pc);
   if (d < TOLERANCE || std::fabs(r) - TOLERANCE > d) return {};
   if (d > std::fabs(r) + TOLERANCE) {
     Vector2d direction(p, c.pc);
@@ -42,7 +43,8 @@ CLine Tanto(int side, const Circle& c, const Point& p) {
 
 CLine Tanto(int side1, const Circle& c1, int side2, const Circle& c2) {
   // Moved through the first centre, the line has the second one at the difference of the signed radii.
-  const double r1 = side1 * c1.radius, r2 = side2 * c2.radius;
+  const double r1 = side1 * c1.radius;
+  const double r2 = side2 * c2.radius;
   return Tanto(1, Circle(c2.pc, r2 - r1), c1.pc).Parallel(-r1);
 }
 

@@ -17,10 +17,10 @@ Condition Touches(int side, const CLine& s) {
 }
 
 /// The circle touches both circles, each |radius + side r| away; the squares subtracted.
-Condition TouchesBoth(int side1, const Circle& c1, int side2, const Circle& c2) {
+Condition TouchesBoth(int sideA, const Circle& a, int sideB, const Circle& b) {
   const auto power = [](const Circle& c) { return c.pc.x * c.pc.x + c.pc.y * c.pc.y - c.radius * c.radius; };
-  return {2.0 * (c2.pc.x - c1.pc.x), 2.0 * (c2.pc.y - c1.pc.y), 2.0 * (side2 * c2.radius - side1 * c1.radius),
-          power(c2) - power(c1)};
+  return {2.0 * (b.pc.x - a.pc.x), 2.0 * (b.pc.y - a.pc.y), 2.0 * (sideB * b.radius - sideA * a.radius),
+          power(b) - power(a)};
 }
 
 int Solve(const Condition& k1, const Condition& k2, const Circle& c, int side, Circle out[2]) {
@@ -32,7 +32,8 @@ int BetweenParallels(int side1, const CLine& s1, int side2, const CLine& s2, int
                      Circle out[2]) {
   const bool sameDirection = Dot(s1.v, s2.v) > 0;
   if (sameDirection == (side1 == side2)) return 0;
-  const double apart = s1.Dist(s2.p), radius = std::fabs(apart) * 0.5;
+  const double apart = s1.Dist(s2.p);
+  const double radius = std::fabs(apart) * 0.5;
   const Circle centres(c.pc, c.radius + side3 * radius);
   Point other;
   const Point centre = Intof(1, s1.Parallel(apart * 0.5), centres, other);

@@ -54,7 +54,6 @@ struct Plane {
   Vector3d normal{0, 0, 1};
 
   Plane() = default;
-  constexpr Plane(double distance, const Vector3d& unitNormal) : ok(true), d(distance), normal(unitNormal) {}
   Plane(const Point3d& p0, const Point3d& p1, const Point3d& p2);
   Plane(const Point3d& p, const Vector3d& direction, bool normalise = true);
   /// Here `d` is the distance of the point from the line, not the term of the plane.

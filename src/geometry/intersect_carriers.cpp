@@ -27,7 +27,8 @@ Point Intof(int order, const CLine& s, const Circle& c) {
 Point Intof(int order, const CLine& s, const Circle& c, Point& other) {
   other = INVALID_POINT;
   const Vector2d w(c.pc, s.p);
-  double x1 = 0, x2 = 0;
+  double x1 = 0;
+  double x2 = 0;
   const int count = SolveQuadratic(1.0, 2.0 * Dot(w, s.v), Dot(w, w) - c.radius * c.radius, x1, x2);
   if (count == 0) return INVALID_POINT;
   if (count == 1) {
@@ -44,7 +45,8 @@ int Intof(const Circle& a, const Circle& b, Point& p1, Point& p2) {
   p1 = p2 = INVALID_POINT;
   Vector2d u(a.pc, b.pc);
   const double d = u.Normalise();
-  const double ra = std::fabs(a.radius), rb = std::fabs(b.radius);
+  const double ra = std::fabs(a.radius);
+  const double rb = std::fabs(b.radius);
   if (d < TOLERANCE || d > ra + rb + TOLERANCE || std::fabs(ra - rb) - TOLERANCE > d) return 0;
 
   // The radical line crosses the line of centres at x from a.
@@ -73,7 +75,8 @@ Point Intof(int order, const Circle& a, const Circle& b) {
 }
 
 Point Intof(int order, const Circle& a, const Circle& b, Point& other) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   const int count = Intof(a, b, p1, p2);
   other = count == 0 ? INVALID_POINT : p2;
   if (count == 0) return INVALID_POINT;

@@ -27,11 +27,13 @@ bool BetweenEnds(double t, const Line& l) {
 
 bool Intof(const Line& a, const Line& b, Point3d& point) {
   if (Box3d(a.min, a.max).Outside(Box3d(b.min, b.max))) return false;
-  Vector3d ua = a.v, ub = b.v;
+  Vector3d ua = a.v;
+  Vector3d ub = b.v;
   ua.Normalise();
   ub.Normalise();
   // From a.p0 + ta ua = b.p0 + tb ub, crossed with ub.
-  double ta = 0, tb = 0;
+  double ta = 0;
+  double tb = 0;
   if (!Quotient(Cross(Vector3d(a.p0, b.p0), ub), Cross(ua, ub), ta)) return false;
   const Point3d onA = a.p0 + ua * ta;
   const Point3d onB = b.Near(onA, tb);

@@ -14,7 +14,9 @@ bool BetweenEnds(double t, const Span& line) {
 
 int LineWithLine(const Span& a, const Span& b, Point& p1, double t[4]) {
   if (std::fabs(Cross(b.vs, a.vs)) < VECTOR_TOLERANCE) return 0;
-  const Vector2d da(a.p0, a.p1), db(b.p0, b.p1), dc(a.p0, b.p0);
+  const Vector2d da(a.p0, a.p1);
+  const Vector2d db(b.p0, b.p1);
+  const Vector2d dc(a.p0, b.p0);
   const double den = Cross(db, da);
   t[0] = Cross(db, dc) / den;
   t[1] = Cross(da, dc) / den;
@@ -33,7 +35,8 @@ int CountValid(Point& p1, Point& p2) {
 }
 
 int LineWithArc(const Span& line, const Span& arc, Point& p1, Point& p2, double t[4]) {
-  const Vector2d d(line.p0, line.p1), f(arc.pc, line.p0);
+  const Vector2d d(line.p0, line.p1);
+  const Vector2d f(arc.pc, line.p0);
   const int roots =
       SolveQuadratic(Dot(d, d), 2.0 * Dot(f, d), Dot(f, f) - arc.radius * arc.radius, t[0], t[1]);
   const double reach = TOLERANCE / d.Magnitude();

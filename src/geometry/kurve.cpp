@@ -100,12 +100,6 @@ void Kurve::Store(int vertexNumber, int type, const Point& p, const Point& pc, s
   block.yc[i] = pc.y;
 }
 
-spVertex Kurve::Stored(int vertexNumber) const {
-  const SpanVertexBlock& block = *blocks[static_cast<std::size_t>(vertexNumber / SPANSTORAGE)];
-  const int i = vertexNumber % SPANSTORAGE;
-  return {block.type[i], Point(block.x[i], block.y[i]), Point(block.xc[i], block.yc[i]), block.ID[i]};
-}
-
 bool Kurve::Add(int type, const Point& p, const Point& pc, bool addNullSpans) {
   if (!started) {
     Start(p);

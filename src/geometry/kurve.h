@@ -115,7 +115,20 @@ class Kurve : public Matrix {
   void TakeVertices(Kurve& k);
   void Append(int type, const Point& p, const Point& pc);
   void Store(int vertexNumber, int type, const Point& p, const Point& pc, std::uint32_t ID);
-  spVertex Stored(int vertexNumber) const;
+  const SpanVertexBlock& BlockOf(int vertexNumber) const {
+    return *blocks[static_cast<std::size_t>(vertexNumber) / SPANSTORAGE];
+  }
+  /// Requires: a stored vertex. Queries of whole contours live on these two, so they are inline.
+  Point StoredPoint(int vertexNumber) const {
+    const SpanVertexBlock& block = BlockOf(vertexNumber);
+    const int i = vertexNumber % SPANSTORAGE;
+    return {block.x[i], block.y[i]};
+  }
+  spVertex Stored(int vertexNumber) const {
+    const SpanVertexBlock& block = BlockOf(vertexNumber);
+    const int i = vertexNumber % SPANSTORAGE;
+    return {block.type[i], Point(block.x[i], block.y[i]), Point(block.xc[i], block.yc[i]), block.ID[i]};
+  }
   IndexWord StoredIndex(int vertexNumber) const;
   double UniformScale() const;
   void AppendChords(const Span& arc, int steps);

@@ -18,8 +18,13 @@ double Kurve::Perim() const {
   double sum = 0;
   Span span;
   for (int i = 1; i <= SpanCount(); ++i) {
-    Get(i, span, true);
-    sum += span.length;
+    // Either sense of reading has the same lengths; a line's needs none of its other properties.
+    if (GetStored(i, span) == LINEAR) {
+      sum += Vector2d(span.p0, span.p1).Normalise();
+    } else {
+      span.SetProperties();
+      sum += span.length;
+    }
   }
   return sum * scale;
 }
@@ -55,7 +60,8 @@ Point Kurve::NearToVertex(const Point& p, int& vertexNumber) const {
   Point nearest = INVALID_POINT;
   vertexNumber = 0;
   for (int i = 0; i < nVertices; ++i) {
-    Point vertex, unusedCentre;
+    Point vertex;
+    Point unusedCentre;
     Get(i, vertex, unusedCentre);
     const double distance = Dist(own, vertex);
     if (distance < best) {

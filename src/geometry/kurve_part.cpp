@@ -43,10 +43,11 @@ class PartOfContour {
 }  // namespace
 
 Kurve Part(const Kurve& k, int startSpan, const Point& startPoint, int endSpan, const Point& endPoint) {
-  Point start = startPoint, end = endPoint;
+  Point start = startPoint;
+  Point end = endPoint;
   if (startSpan == 0) start = k.Near(startPoint, startSpan);
   if (endSpan == 0) end = k.Near(endPoint, endSpan);
-  if (startSpan == 0 || endSpan == 0) return Kurve();
+  if (startSpan == 0 || endSpan == 0) return {};
 
   PartOfContour part(k, start);
   if (startSpan == endSpan) {

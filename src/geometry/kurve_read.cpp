@@ -36,7 +36,7 @@ int Kurve::Get(int vertexNumber, Point& p, Point& pc) const {
     pc = v.pc;
     return v.type;
   }
-  p = Stored(nVertices - 1 - vertexNumber).p;
+  p = StoredPoint(nVertices - 1 - vertexNumber);
   if (vertexNumber == 0) return LINEAR;
   const spVertex owner = Stored(nVertices - vertexNumber);
   pc = owner.pc;
@@ -44,7 +44,8 @@ int Kurve::Get(int vertexNumber, Point& p, Point& pc) const {
 }
 
 int Kurve::Get(int vertexNumber, Point3d& p, Point3d& pc) const {
-  Point flat, centre(pc);
+  Point flat;
+  Point centre(pc);
   const int type = Get(vertexNumber, flat, centre);
   p = Point3d(flat);
   pc = Point3d(centre);
@@ -59,17 +60,21 @@ int Kurve::Get(int vertexNumber, spVertex& v) const {
 
 std::uint32_t Kurve::GetSpanID(int vertexNumber) const {
   if (vertexNumber < 0 || vertexNumber >= nVertices) RefuseGet();
-  return Stored(reversed ? nVertices - 1 - vertexNumber : vertexNumber).ID;
+  const int stored = reversed ? nVertices - 1 - vertexNumber : vertexNumber;
+  return BlockOf(stored).ID[stored % SPANSTORAGE];
 }
 
 int Kurve::Get(int spanNumber, Span& span, bool returnProperties, bool transform) const {
   if (spanNumber < 1 || spanNumber > nVertices) RefuseGet();
   if (nVertices < 2) return kNoSpan;
-  Point start, unusedCentre;
-  Get(spanNumber - 1, start, unusedCentre);
-  spVertex end;
-  Get(spanNumber, end);
-  FillSpan(span, start, end);
+  if (spanNumber == nVertices) RefuseGet();
+  if (!reversed) {
+    FillSpan(span, StoredPoint(spanNumber - 1), Stored(spanNumber));
+  } else {
+    spVertex end;
+    Get(spanNumber, end);
+    FillSpan(span, StoredPoint(nVertices - spanNumber), end);
+  }
   if (transform && !unit) {
     span.Transform(*this);
   } else if (returnProperties) {
@@ -82,7 +87,7 @@ int Kurve::GetStored(int spanNumber, Span& span) const {
   if (spanNumber < 1 || spanNumber > nVertices) RefuseGet();
   if (nVertices < 2) return kNoSpan;
   if (spanNumber == nVertices) RefuseGet();
-  FillSpan(span, Stored(spanNumber - 1).p, Stored(spanNumber));
+  FillSpan(span, StoredPoint(spanNumber - 1), Stored(spanNumber));
   return span.dir;
 }
 
@@ -92,7 +97,7 @@ IndexWord Kurve::GetIndex(int vertexNumber) const {
 }
 
 IndexWord Kurve::StoredIndex(int vertexNumber) const {
-  return blocks[static_cast<std::size_t>(vertexNumber / SPANSTORAGE)]->index[vertexNumber % SPANSTORAGE];
+  return BlockOf(vertexNumber).index[vertexNumber % SPANSTORAGE];
 }
 
 void Kurve::ModifyIndex(int vertexNumber, IndexWord value) {
@@ -104,7 +109,8 @@ void Kurve::ModifyIndex(int vertexNumber, IndexWord value) {
 bool Kurve::operator==(const Kurve& k) const {
   if (nVertices != k.nVertices) return false;
   for (int i = 0; i < nVertices; ++i) {
-    spVertex mine, other;
+    spVertex mine;
+    spVertex other;
     Get(i, mine);
     k.Get(i, other);
     if (!(mine == other)) return false;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "geometry/kurve.h"
 
 namespace geometry {
@@ -41,10 +43,8 @@ class Runs {
 
   static bool Within(const CLine& line, const Box& box, double tolerance) {
     const Point corners[] = {box.min, box.max, {box.min.x, box.max.y}, {box.max.x, box.min.y}};
-    for (const Point& corner : corners) {
-      if (!NearZero(line.Dist(corner), tolerance)) return false;
-    }
-    return true;
+    return std::ranges::all_of(corners,
+                               [&](const Point& corner) { return NearZero(line.Dist(corner), tolerance); });
   }
 
   std::vector<Point> points_;

@@ -11,14 +11,16 @@ bool Kurve::Reverse(bool isReversed) {
 
 void Kurve::Reverse() {
   const auto swapPoints = [this](int a, int b) {
-    spVertex va = Stored(a), vb = Stored(b);
+    spVertex va = Stored(a);
+    spVertex vb = Stored(b);
     Store(a, va.type, vb.p, va.pc, vb.ID);
     Store(b, vb.type, va.p, vb.pc, va.ID);
   };
   for (int a = 0, b = nVertices - 1; a < b; ++a, --b) swapPoints(a, b);
   // The span that ended at vertex v ends at vertex n - v now, and turns the other way.
   for (int a = 1, b = nVertices - 1; a <= b; ++a, --b) {
-    const spVertex va = Stored(a), vb = Stored(b);
+    const spVertex va = Stored(a);
+    const spVertex vb = Stored(b);
     Store(a, -vb.type, va.p, vb.pc, UNMARKED);
     Store(b, -va.type, vb.p, va.pc, UNMARKED);
   }

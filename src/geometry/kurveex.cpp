@@ -24,7 +24,8 @@ KurveEx& KurveEx::operator=(const KurveEx& k) = default;
 KurveEx::KurveEx(const Kurve& k) {
   Span span;
   if (k.nVertices == 1) {
-    Point only, unusedCentre;
+    Point only;
+    Point unusedCentre;
     k.Get(0, only, unusedCentre);
     Start(only.Transform(k));
   }
@@ -91,7 +92,8 @@ void KurveEx::Add(const KurveEx& k, bool addNullSpans) {
   if (this == &k) return Add(KurveEx(k), addNullSpans);
   IndexWord& joint0 = spans.empty() ? index0 : spans.back().index0;
   IndexWord& joint1 = spans.empty() ? index1 : spans.back().index1;
-  const IndexWord word0 = k.GetIndex0(0), word1 = k.GetIndex1(0);
+  const IndexWord word0 = k.GetIndex0(0);
+  const IndexWord word1 = k.GetIndex1(0);
   if (word0 != 0 && joint0 != 0 && joint0 != word0) throw L"Adding 2 Kurves - looses Index0";
   if (word1 != 0 && joint1 != 0 && joint1 != word1) throw L"Adding 2 Kurves - looses Index1";
   if (word0 != 0) joint0 = word0;

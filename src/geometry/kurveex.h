@@ -141,6 +141,8 @@ class KurveEx {
   void SetEndVertex(int type, const Point& p, const Point& pc, std::uint32_t ID);
   void MoveEnd(const Point& p);
   void MoveStart(const Point& p);
+  void AddJoined(const Span& next, bool keepEnd);
+  void JoinSeam(bool keepEnd);
   int ReduceCircle();
 };
 

@@ -1,20 +1,9 @@
 #include <cstdlib>
 
 #include "geometry/kurveex.h"
+#include "geometry/winding.h"
 
 namespace geometry {
-namespace {
-
-/// What one line of a contour adds to the winding about `p`: 1 when it passes upwards on the right, -1 when
-/// downwards. A line includes its lower end and not its upper one.
-int Crossing(const Point& a, const Point& b, const Point& p) {
-  const double side = (a.x - p.x) * (b.y - p.y) - (a.y - p.y) * (b.x - p.x);
-  if (a.y <= p.y) return b.y > p.y && side > 0 ? 1 : 0;
-  return b.y <= p.y && side < 0 ? -1 : 0;
-}
-
-}  // namespace
-
 int KurveEx::windingNumber(const Point& p) const {
   if (spans.empty()) throw L"No Spans inside!";
   int count = 0;
@@ -23,7 +12,7 @@ int KurveEx::windingNumber(const Point& p) const {
     const Span& span = spans[reversed ? spans.size() - 1 - i : i];
     if (span.dir != LINEAR) throw L"Arc span not allowed in windingNumber";
     const Point& to = reversed ? span.p0 : span.p1;
-    count += Crossing(from, to, p);
+    count += WindingOfLine(from, to, p);
     from = to;
   }
   return count;

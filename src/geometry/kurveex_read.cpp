@@ -8,6 +8,10 @@ const wchar_t* const kAddIndex0 = L"KurveEx::AddIndex0 - vertexNumber out of ran
 const wchar_t* const kAddIndex1 = L"KurveEx::AddIndex1 - vertexNumber out of range";
 const wchar_t* const kGetIndex = L"KurveEx::GetIndex - vertexNumber out of range";
 
+[[noreturn]] void Refuse(const wchar_t* text) {
+  ThrowError(text, 0, 0);
+}
+
 }  // namespace
 
 /// Requires: the index is in range.
@@ -107,7 +111,7 @@ bool KurveEx::operator==(const KurveEx& k) const {
 const IndexWord& KurveEx::WordAt(int vertexNumber, Word word, SpanWord spanWord,
                                  const wchar_t* refusal) const {
   const int n = SpanCount();
-  if (vertexNumber < 0 || vertexNumber > n) throw refusal;
+  if (vertexNumber < 0 || vertexNumber > n) Refuse(refusal);
   const int stored = reversed ? n - vertexNumber : vertexNumber;
   return stored == 0 ? this->*word : spans[static_cast<std::size_t>(stored) - 1].*spanWord;
 }
@@ -129,22 +133,22 @@ IndexWord KurveEx::GetIndex1(int vertexNumber) const {
 }
 
 void AddIndex0(KurveEx* k, int vertexNumber, IndexWord value) {
-  if (k == nullptr) throw kAddIndex0;
+  if (k == nullptr) Refuse(kAddIndex0);
   k->AddIndex0(vertexNumber, value);
 }
 
 void AddIndex1(KurveEx* k, int vertexNumber, IndexWord value) {
-  if (k == nullptr) throw kAddIndex1;
+  if (k == nullptr) Refuse(kAddIndex1);
   k->AddIndex1(vertexNumber, value);
 }
 
 IndexWord GetIndex0(const KurveEx* k, int vertexNumber) {
-  if (k == nullptr) throw kGetIndex;
+  if (k == nullptr) Refuse(kGetIndex);
   return k->GetIndex0(vertexNumber);
 }
 
 IndexWord GetIndex1(const KurveEx* k, int vertexNumber) {
-  if (k == nullptr) throw kGetIndex;
+  if (k == nullptr) Refuse(kGetIndex);
   return k->GetIndex1(vertexNumber);
 }
 

@@ -22,6 +22,15 @@ void AddVertex(KurveEx& k, const Vertex& vertex) {
   k.AddIndex1(k.SpanCount(), vertex.index1);
 }
 
+/// Passes over the null span between the two vertices: the candidate moves to its end, and the span that
+/// ended at the candidate stays what it was.
+void PassOver(Vertex& candidate, const Vertex& current) {
+  const spVertex before = candidate.v;
+  candidate = current;
+  candidate.v.type = before.type;
+  candidate.v.pc = before.pc;
+}
+
 /// Whether the contour turns at `candidate` on its way from `anchor` to `current`.
 bool IsCorner(const spVertex& anchor, const spVertex& candidate, const spVertex& current, double tolerance) {
   if (candidate.type != current.type) return true;
@@ -44,19 +53,16 @@ int KurveEx::ReduceCircle() {
 int KurveEx::Reduce(double tolerance) {
   if (SpanCount() < 2) return 0;
   if (IsFullCircle()) return ReduceCircle();
-  const bool wasReversed = reversed;
-  Reverse(false);
+  KurveEx stored(*this);
   KurveEx kept;
-  Vertex anchor = ReadVertex(*this, 0), candidate = ReadVertex(*this, 1);
+  stored.Reverse(false);
+  Vertex anchor = ReadVertex(stored, 0);
+  Vertex candidate = ReadVertex(stored, 1);
   AddVertex(kept, anchor);
   for (int i = 2; i <= SpanCount(); ++i) {
-    const Vertex current = ReadVertex(*this, i);
+    const Vertex current = ReadVertex(stored, i);
     if (NearZero(Dist(candidate.v.p, current.v.p), TOLERANCE)) {
-      // The null span between the two goes; the span that ended at the candidate stays what it was.
-      const spVertex before = candidate.v;
-      candidate = current;
-      candidate.v.type = before.type;
-      candidate.v.pc = before.pc;
+      PassOver(candidate, current);
       continue;
     }
     if (IsCorner(anchor.v, candidate.v, current.v, tolerance)) {
@@ -67,8 +73,8 @@ int KurveEx::Reduce(double tolerance) {
   }
   AddVertex(kept, candidate);
   const int removed = SpanCount() - kept.SpanCount();
+  kept.Reverse(reversed);
   if (removed > 0) *this = kept;
-  Reverse(wasReversed);
   return removed;
 }
 

@@ -5,39 +5,44 @@
 /// Rebuilding a contour with other spans, or from another start.
 namespace geometry {
 
+/// Adds a span at a joint: either it begins at the end before, or that end moves to its start.
+void KurveEx::AddJoined(const Span& next, bool keepEnd) {
+  if (!keepEnd && !spans.empty()) MoveEnd(next.p0);
+  Add(next, true);
+}
+
+/// Makes one point of the end and the start.
+void KurveEx::JoinSeam(bool keepEnd) {
+  if (spans.empty()) return;
+  if (keepEnd) {
+    MoveStart(spans.back().p1);
+  } else {
+    MoveEnd(spans.front().p0);
+  }
+}
+
 bool KurveEx::ReplaceSpans(std::vector<SpanReplacement>& list, bool keepEnd, KurveEx& out) const {
   std::stable_sort(list.begin(), list.end(), [](const SpanReplacement& a, const SpanReplacement& b) {
     return a.vertexNumber < b.vertexNumber;
   });
   KurveEx rebuilt;
-  bool atJoint = false;
-  const auto join = [&](const Span& next) {
-    if (atJoint && !keepEnd && !rebuilt.spans.empty()) rebuilt.MoveEnd(next.p0);
-    atJoint = false;
-    rebuilt.Add(next, true);
-  };
-  const bool closed = Closed();
-  bool firstReplaced = false;
+  const auto isNamed = [&](int i) { return !list.empty() && list.front().vertexNumber == i; };
+  const bool firstReplaced = isNamed(1);
+  bool behindReplaced = false;
   for (int i = 1; i <= SpanCount(); ++i) {
-    if (list.empty() || list.front().vertexNumber != i) {
-      join(ReadSpan(static_cast<std::size_t>(i) - 1));
-      continue;
-    }
-    const std::unique_ptr<KurveEx> replacement = std::move(list.front().replacement);
-    list.erase(list.begin());
-    atJoint = true;
-    for (std::size_t k = 0; replacement && k < replacement->spans.size(); ++k) join(replacement->ReadSpan(k));
-    atJoint = true;
-    firstReplaced = firstReplaced || i == 1;
-  }
-  // Over the seam the last span meets the first.
-  if (closed && (atJoint || firstReplaced) && !rebuilt.spans.empty()) {
-    if (keepEnd) {
-      rebuilt.MoveStart(rebuilt.spans.back().p1);
+    if (isNamed(i)) {
+      const std::unique_ptr<KurveEx> replacement = std::move(list.front().replacement);
+      list.erase(list.begin());
+      for (std::size_t k = 0; replacement && k < replacement->spans.size(); ++k) {
+        rebuilt.AddJoined(replacement->ReadSpan(k), k > 0 || keepEnd);
+      }
+      behindReplaced = true;
     } else {
-      rebuilt.MoveEnd(rebuilt.spans.front().p0);
+      rebuilt.AddJoined(ReadSpan(static_cast<std::size_t>(i) - 1), !behindReplaced || keepEnd);
+      behindReplaced = false;
     }
   }
+  if (Closed() && (behindReplaced || firstReplaced)) rebuilt.JoinSeam(keepEnd);
   rebuilt.index0 = GetIndex0(0);
   rebuilt.index1 = GetIndex1(0);
   out = rebuilt;

@@ -40,7 +40,8 @@ class Copy {
   /// Adds the span as two, divided at distance `d`; the words stay with its end.
   void AddCut(const Span& span, double d) {
     const double within = std::clamp(d, 0.0, span.length);
-    Span first = span, second = span;
+    Span first = span;
+    Span second = span;
     first.p1 = second.p0 = within == span.length && !span.NullSpan ? span.p1 : span.Along(within);
     first.index0 = first.index1 = 0;
     Add(first);
@@ -78,12 +79,16 @@ int SectionAt(const KurveEx& a, const KurveEx& b, double f, PartnerDistance part
     outB.Clear();
     return 0;
   }
-  Copy copyA(a), copyB(b);
-  const double target = f * a.perim, ownTarget = f * b.perim;
-  double before = 0, beforePartner = 0;
+  Copy copyA(a);
+  Copy copyB(b);
+  const double target = f * a.perim;
+  const double ownTarget = f * b.perim;
+  double before = 0;
+  double beforePartner = 0;
   int cut = 0;
   for (int i = 1; i <= a.SpanCount(); ++i) {
-    const Span spanA = copyA.Read(i), spanB = copyB.Read(i);
+    const Span spanA = copyA.Read(i);
+    const Span spanB = copyB.Read(i);
     if (cut == 0 && before + spanA.length >= target) {
       cut = i;
       const double d = target - before;
@@ -134,10 +139,13 @@ int SectionAtVertex(const KurveEx& a, const KurveEx& b, int vertexNumber, double
 
 int SectionAtPoint(const KurveEx& a, const KurveEx& b, const Point& p, KurveEx& outA, KurveEx& outB) {
   const int through = SpanThrough(a, p);
-  Span spanA, spanB;
+  Span spanA;
+  Span spanB;
   const bool found = a.Get(through, spanA) && b.Get(through, spanB);
-  const bool atStart = found && p == spanA.p0, atEnd = found && p == spanA.p1;
-  Copy copyA(a), copyB(b);
+  const bool atStart = found && p == spanA.p0;
+  const bool atEnd = found && p == spanA.p1;
+  Copy copyA(a);
+  Copy copyB(b);
   if (!found || atStart || atEnd) {
     copyA.AddAll(1, a.SpanCount());
     copyB.AddAll(1, b.SpanCount());

@@ -145,7 +145,9 @@ void Matrix::GetScale(double& sx, double& sy, double& sz) const {
 }
 
 bool Matrix::GetUniformScale(double& s) const {
-  double sx = 1.0, sy = 1.0, sz = 1.0;
+  double sx = 1.0;
+  double sy = 1.0;
+  double sz = 1.0;
   GetScale(sx, sy, sz);
   s = sx;
   return 1e-6 > std::fabs(std::fabs(sx) - std::fabs(sy));

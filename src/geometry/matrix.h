@@ -83,7 +83,7 @@ struct MatrixVdmHost {
   int (*Close)(int handle);
 };
 
-/// Until a host is set, nothing can be created or opened.
+/// Without a host, at start and after an empty one was set, nothing can be created or opened.
 void SetMatrixVdmHost(const MatrixVdmHost& host);
 
 }  // namespace geometry

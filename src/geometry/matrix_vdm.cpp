@@ -13,17 +13,7 @@ struct TmxRecord {
 };
 static_assert(sizeof(TmxRecord) == 144);
 
-int RefuseNumber(int, int, int) {
-  return -1;
-}
-
-constinit MatrixVdmHost vdmHost = {
-    .Make = RefuseNumber,
-    .Open = RefuseNumber,
-    .WriteTmx = [](int, const void*) { return -1; },
-    .ReadTmx = [](int, void*) { return -1; },
-    .Close = [](int) { return -1; },
-};
+constinit MatrixVdmHost vdmHost = {};
 
 }  // namespace
 
@@ -32,7 +22,7 @@ void SetMatrixVdmHost(const MatrixVdmHost& host) {
 }
 
 void Matrix::ToVdm(int vdmNumber) const {
-  const int handle = vdmHost.Make(vdmNumber, 2, 0);
+  const int handle = vdmHost.Make != nullptr ? vdmHost.Make(vdmNumber, 2, 0) : -1;
   if (handle < 0) throw L"Failed to create Matrix VDM";
   TmxRecord record;
   std::copy(std::begin(e), std::end(e), record.e);
@@ -41,7 +31,7 @@ void Matrix::ToVdm(int vdmNumber) const {
 }
 
 void Matrix::FromVdm(int vdmNumber) {
-  const int handle = vdmHost.Open(vdmNumber, 2, 2);
+  const int handle = vdmHost.Open != nullptr ? vdmHost.Open(vdmNumber, 2, 2) : -1;
   if (handle < 0) throw L"Failed to open Matrix VDM";
   TmxRecord record;
   vdmHost.ReadTmx(handle, &record);

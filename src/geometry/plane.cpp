@@ -9,11 +9,18 @@ double DotOf(const Vector3d& normal, const Point3d& p) {
   return normal.dx * p.x + normal.dy * p.y + normal.dz * p.z;
 }
 
+constexpr Plane ThroughOrigin(const Vector3d& normal) {
+  Plane plane;
+  plane.ok = true;
+  plane.normal = normal;
+  return plane;
+}
+
 }  // namespace
 
-constinit const Plane PLANE_XY(0.0, Vector3d(0, 0, 1));
-constinit const Plane PLANE_XZ(0.0, Vector3d(0, 1, 0));
-constinit const Plane PLANE_YZ(0.0, Vector3d(1, 0, 0));
+constinit const Plane PLANE_XY = ThroughOrigin({0, 0, 1});
+constinit const Plane PLANE_XZ = ThroughOrigin({0, 1, 0});
+constinit const Plane PLANE_YZ = ThroughOrigin({1, 0, 0});
 
 Plane::Plane(const Point3d& p0, const Point3d& p1, const Point3d& p2)
     : normal(Cross(Vector3d(p0, p1), Vector3d(p0, p2))) {

@@ -3,13 +3,22 @@
 #include <cmath>
 
 namespace geometry {
+namespace {
+
+/// Small arcs have to be true; on large ones rounding in what made them gets a second chance.
+void CheckRadii(double startRadius, double endRadius) {
+  if (!Different(startRadius, endRadius, 1.5 * TOLERANCE)) return;
+  const bool small = mm(50.0) + TIGHT_TOLERANCE > startRadius;
+  if (small || Different(startRadius, endRadius, 4.5 * TOLERANCE)) {
+    ThrowError(L"Invalid Geometry - Radii mismatch - SetProperties", 0, 1002);
+  }
+}
+
+}  // namespace
 
 std::int32_t IdNumber(std::uint32_t ID) {
   return static_cast<std::int32_t>(ID << 8) >> 8;
 }
-
-spVertex::spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id)
-    : type(spanType), ID(id), p(end), pc(centre) {}
 
 bool spVertex::operator==(const spVertex& v) const {
   return type == v.type && p == v.p && (type == LINEAR || pc == v.pc);
@@ -66,15 +75,6 @@ void Span::SetArcProperties() {
     dir = LINEAR;
   } else {
     SetSweep(chord);
-  }
-}
-
-/// Small arcs have to be true; on large ones rounding in what made them gets a second chance.
-void Span::CheckRadii(double startRadius, double endRadius) const {
-  if (!Different(startRadius, endRadius, 1.5 * TOLERANCE)) return;
-  const bool small = mm(50.0) + TIGHT_TOLERANCE > startRadius;
-  if (small || Different(startRadius, endRadius, 4.5 * TOLERANCE)) {
-    ThrowError(L"Invalid Geometry - Radii mismatch - SetProperties", 0, 1002);
   }
 }
 

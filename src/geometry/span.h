@@ -27,7 +27,8 @@ struct spVertex {
   Point pc{0, 0};
 
   spVertex() = default;
-  spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id = UNMARKED);
+  spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id = UNMARKED)
+      : type(spanType), ID(id), p(end), pc(centre) {}
   /// Type, point and, for an arc, centre.
   bool operator==(const spVertex& v) const;
 };
@@ -114,7 +115,6 @@ class Span {
   void NeedProperties() const;
   void SetLineProperties();
   void SetArcProperties();
-  void CheckRadii(double startRadius, double endRadius) const;
   void SetSweep(double chord);
   bool CarriesPoint(const Point& p) const;
   double ArcFraction(const Point& p) const;

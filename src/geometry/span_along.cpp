@@ -14,7 +14,8 @@ constexpr int kSearchSteps = 10000;
 /// least is above `TOLERANCE`.
 template <class DistanceAt>
 double SearchFraction(DistanceAt distanceAt) {
-  double best = 1e100, fraction = -1.0;
+  double best = 1e100;
+  double fraction = -1.0;
   for (int i = 0; i <= kSearchSteps; ++i) {
     const double f = static_cast<double>(i) / kSearchSteps;
     const double distance = distanceAt(f);

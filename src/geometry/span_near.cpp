@@ -69,12 +69,9 @@ Point Span::Near(const Point& p, double& t) const {
 Point Span::NearClamped(const Point& p, double& t) const {
   const Point nearest = Near(p, t);
   if (dir != LINEAR && LessOrNear(std::fabs(angle), PI, TIGHT_TOLERANCE)) {
+    // Half a turn, as a distance. A fraction of an arc is never negative, so only one wrap is needed.
     const double half = std::fabs(PI / angle * length);
-    if (t > half) {
-      t -= 2 * half;
-    } else if (t < -half) {
-      t += 2 * half;
-    }
+    if (t > half) t -= 2 * half;
   }
   if (t < TOLERANCE) {
     t = 0.0;

@@ -163,7 +163,9 @@ int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis) {
     return 1;
   }
   // The axis that the normal leans to least makes the longest product.
-  const double x = std::fabs(normal.dx), y = std::fabs(normal.dy), z = std::fabs(normal.dz);
+  const double x = std::fabs(normal.dx);
+  const double y = std::fabs(normal.dy);
+  const double z = std::fabs(normal.dz);
   const Vector3d away = x <= y && x <= z ? Vector3d(1, 0, 0) : y <= z ? Vector3d(0, 1, 0) : Vector3d(0, 0, 1);
   xAxis = Cross(away, normal);
   xAxis.Normalise();

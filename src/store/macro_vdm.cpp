@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
@@ -19,13 +20,6 @@ constexpr std::uint32_t kNoHandle = 0xFFFFFFFF;
 
 constexpr std::int32_t kFromStart = 0;
 constexpr std::int32_t kOnce = 1;
-
-std::string Capitals(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -90,7 +84,7 @@ bool MacroVdm::LoadFromFile(const std::string& path) {
     if (IsOpen()) Close();
     hostFunctions.OrvoMacroVdmDelete(vdmNumber);
   }
-  if (Capitals(platform::SplitPath(path).extension) != ".VDM") {
+  if (!EqualWithoutCase(platform::SplitPath(path).extension, ".vdm")) {
     std::string text;
     host::HostMessageBox("", host::TextMessage(746, "Invalid VDM-Name!", text), platform::box::kOk);
     return false;

@@ -69,7 +69,7 @@ class MillTurnVdm : public MacroVdm {
   bool DeleteItems(std::int32_t section);
 
   /// Prepares to write the section anew: it is empty, and the position is at its start.
-  void SectionRewrite(std::int32_t section);
+  bool SectionRewrite(std::int32_t section);
 
   /// Prepares to add at the end of the section, which is made when it is missing.
   bool SectionAppend(std::int32_t section);

@@ -79,14 +79,14 @@ bool MillTurnVdm::DeleteItems(std::int32_t section) {
   return WriteHeader();
 }
 
-void MillTurnVdm::SectionRewrite(std::int32_t section) {
+bool MillTurnVdm::SectionRewrite(std::int32_t section) {
   currentCount = 0;
   if (SectionCount() <= section) {
     SectionCreate(section);
   } else {
     DeleteItems(section);
   }
-  EnterSection(section);
+  return EnterSection(section);
 }
 
 bool MillTurnVdm::SectionAppend(std::int32_t section) {

@@ -64,6 +64,21 @@ TEST_F(Exports, GiveTheEnvironment) {
   EXPECT_STREQ(OrvoEnvironment(nullptr), "");
 }
 
+TEST_F(Exports, GiveEachRunAFolderForItsFilesAndRemoveIt) {
+  const std::filesystem::path run = OrvoEnvironment("TMP");
+  EXPECT_EQ(run.parent_path(), project->folder() / "tmp");
+  EXPECT_STREQ(OrvoEnvironment("TMP"), run.c_str());
+  WriteBytes(run / "tmpclamp.wrl", "x");
+  Restart();
+  EXPECT_FALSE(std::filesystem::exists(run));
+}
+
+TEST_F(Exports, TellARunWithoutAFolder) {
+  WriteBytes(folder / "tmp", "no folder");
+  EXPECT_STREQ(OrvoEnvironment("TMP"), "");
+  EXPECT_EQ(panel.lines.size(), 1U);
+}
+
 TEST_F(Exports, GiveTextsInTheProjectsLanguageOrTheDefault) {
   EXPECT_STREQ(OrvoStrMessage(5, 704, "Mainspindle"), "Hauptspindel");
   EXPECT_STREQ(OrvoStrMessage(5, 999999, "a default"), "a default");

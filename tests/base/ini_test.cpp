@@ -54,10 +54,11 @@ TEST(IniReader, PassesOverAByteOrderMarkAndCarriageReturns) {
   EXPECT_FALSE(reader.Next(line));
 }
 
-TEST(EqualWithoutCase, ComparesLettersOfTheAlphabetOnly) {
-  EXPECT_TRUE(EqualWithoutCase("Common", "cOMMON"));
-  EXPECT_FALSE(EqualWithoutCase("Common", "Commons"));
-  EXPECT_FALSE(EqualWithoutCase("[", "{"));
+TEST(FindIniValue, CountsTheFirstSectionAndTheFirstKeyWithoutRegardToCase) {
+  std::istringstream text("[x]\nk=0\n[A]\nK=1\nk=2\n[a]\nl=3\n");
+  EXPECT_EQ(FindIniValue(text, "a", "k"), "1");
+  std::istringstream again("[x]\nk=0\n[A]\nK=1\nk=2\n[a]\nl=3\n");
+  EXPECT_EQ(FindIniValue(again, "A", "l"), std::nullopt);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ TEST_F(OperationsTest, InsideIsToldByTheTrueArcsHoweverNear) {
 TEST_F(OperationsTest, CrossingsAreToldOnceThoughSpansMeetThere) {
   const Contour square = ReadOne("k1 e x0 y0\nx10 y0\nx10 y10\nx0 y10\nx0 y0\nek\n");
   const Contour diagonal = ReadOne("k1 e x-5 y-5\nx10 y10\nx15 y15\nek\n");
-  const std::vector<Crossing> crossings = Crossings(square, diagonal);
+  const std::vector<Crossing> crossings = *Crossings(square, diagonal);
   ASSERT_EQ(crossings.size(), 2U);
   EXPECT_THAT(crossings[0].point, IsAt(0, 0, 1e-9));
   EXPECT_EQ(crossings[0].spanA, 1);
@@ -70,7 +70,7 @@ TEST_F(OperationsTest, CrossingsAreToldOnceThoughSpansMeetThere) {
 
 TEST_F(OperationsTest, ALineCrossesASlotWhereArithmeticSays) {
   const Contour line = ReadOne("k1 e x-40 y6\nx40 y6\nek\n");
-  const std::vector<Crossing> crossings = Crossings(line, ReadOne(kSlot));
+  const std::vector<Crossing> crossings = *Crossings(line, ReadOne(kSlot));
   ASSERT_EQ(crossings.size(), 2U);
   // 6, 8, 10 is a right triangle.
   EXPECT_THAT(crossings[0].point, IsAt(28, 6, 1e-9));
@@ -86,12 +86,24 @@ TEST_F(OperationsTest, SortingTheSpansLosesNoCrossing) {
     comb += "x" + std::to_string(i + 1) + (i % 2 == 0 ? " y1\n" : " y-1\n");
   }
   wave += "x1000 y0\n";
-  EXPECT_EQ(Crossings(ReadOne(comb + "ek\n"), ReadOne(wave + "ek\n")).size(), 200U);
-  EXPECT_EQ(Crossings(ReadOne(wave + "ek\n"), ReadOne(comb + "ek\n")).size(), 200U);
+  EXPECT_EQ(Crossings(ReadOne(comb + "ek\n"), ReadOne(wave + "ek\n"))->size(), 200U);
+  EXPECT_EQ(Crossings(ReadOne(wave + "ek\n"), ReadOne(comb + "ek\n"))->size(), 200U);
+}
+
+TEST_F(OperationsTest, TooManyCrossingsAreRefused) {
+  std::string across = "k1 e x0 y0\n", up = "k1 e x0 y0\n";
+  for (int i = 0; i < 1100; ++i) {
+    const std::string line = std::to_string(i), end = i % 2 == 0 ? "2000" : "-1";
+    across += "x" + end + " y" + line + "\nx" + end + " y" + std::to_string(i + 1) + "\n";
+    up += "x" + line + " y" + end + "\nx" + std::to_string(i + 1) + " y" + end + "\n";
+  }
+  const auto crossings = Crossings(ReadOne(across + "ek\n"), ReadOne(up + "ek\n"));
+  ASSERT_FALSE(crossings);
+  EXPECT_EQ(crossings.fault().Told(), "the contours meet in more than 1000000 points");
 }
 
 TEST_F(OperationsTest, ContoursApartDoNotMeet) {
-  EXPECT_TRUE(Crossings(ReadOne(kQuarter), ReadOne("k1 e x0 y0\nx1 y1\nek\n")).empty());
+  EXPECT_TRUE(Crossings(ReadOne(kQuarter), ReadOne("k1 e x0 y0\nx1 y1\nek\n"))->empty());
 }
 
 }  // namespace

@@ -458,8 +458,8 @@ const MatrixVdmHost kFakeHost = {
         },
 };
 
-// First in this file, before a host is set: nothing can be stored without one.
-TEST(AMatrixVdmWithoutHost, CannotBeCreatedOrOpened) {
+TEST(MatrixVdm, WithoutHostCannotBeCreatedOrOpened) {
+  SetMatrixVdmHost({});
   Matrix m;
   EXPECT_EQ(ThrownText([&] { m.ToVdm(12); }), L"Failed to create Matrix VDM");
   EXPECT_EQ(ThrownText([&] { m.FromVdm(12); }), L"Failed to open Matrix VDM");

@@ -49,6 +49,22 @@ TEST(Messages, HaveEveryId) {
   EXPECT_EQ(ids, expected);
 }
 
+TEST(Messages, HaveEveryDefaultOfAnIdThatHasSeveral) {
+  std::vector<std::string_view> several;
+  for (const Message& message : Messages()) {
+    const auto same = std::ranges::count(Messages(), message.id, &Message::id);
+    if (same > 1) several.push_back(message.text);
+  }
+  EXPECT_THAT(several,
+              ElementsAre("Mainspindle", "*Mainspindle", "Main Spindle", "Subspindle", "*Subspindle",
+                          "Sub Spindle", "Billet cylindrical", "Billet cylindric Sub", "Billet from Geometry",
+                          "Billet from geometry", "Finishpart from Solid", "Finishpart from solid"));
+}
+
+TEST(Messages, KeepTheStarsOfTheTextsThatAreReplaced) {
+  for (const std::int32_t id : {1168, 1169, 1175, 1176, 1177}) EXPECT_EQ(DefaultText(id).front(), '*') << id;
+}
+
 TEST(DefaultText, IsThePlainOneOfSeveral) {
   EXPECT_EQ(DefaultText(704), "Mainspindle");
   EXPECT_EQ(DefaultText(1173), "Finishpart from Solid");

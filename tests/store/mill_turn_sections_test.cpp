@@ -162,7 +162,7 @@ TEST_F(Sections, OfAClosedVdmReportTheirEmptyingUnderTheBase) {
 
 TEST_F(Sections, AreWrittenAnewByRewriteAddAndCommit) {
   SelectSample();
-  vdm.SectionRewrite(1);
+  EXPECT_TRUE(vdm.SectionRewrite(1));
   EXPECT_EQ(vdm.currentCount, 0);
   EXPECT_EQ(Position(), std::make_pair(0, 2));
   for (const char* item : {"x", "y", "z"}) EXPECT_TRUE(vdm.ItemAdd(item));

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+
+#include "base/result.h"
+
+namespace vanzet::project {
+
+/// A folder for the files of one run, tmp/PID in the project, so that two runs never meet. It is made when it
+/// is first asked for and removed with all that is in it when the run ends.
+class RunFolder {
+ public:
+  explicit RunFolder(std::filesystem::path project) : project_(std::move(project)) {}
+  ~RunFolder();
+  RunFolder(const RunFolder&) = delete;
+  RunFolder& operator=(const RunFolder&) = delete;
+
+  Result<std::filesystem::path> Path();
+
+ private:
+  std::filesystem::path project_;
+  std::filesystem::path made_;  ///< empty: not yet
+};
+
+}  // namespace vanzet::project
