@@ -70,7 +70,7 @@ void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned 
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers) {
   const auto firstNumber = arguments.words.end() - static_cast<std::ptrdiff_t>(numbers);
   arguments.files.assign(arguments.words.begin(), firstNumber);
-  if (arguments.files.empty() && files > 0) arguments.files.push_back("-");
+  if (arguments.files.empty() && files > 0) arguments.files.emplace_back("-");
   if (std::ranges::count(arguments.files, "-") > 1) {
     throw CLI::ValidationError("FILE", "standard input can be read once only");
   }

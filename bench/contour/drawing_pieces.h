@@ -29,7 +29,7 @@ class DrawingPieces : public DL_CreationAdapter {
   void addLine(const DL_LineData& line) override;
   void addArc(const DL_ArcData& arc) override;
   void addCircle(const DL_CircleData& circle) override;
-  void addPolyline(const DL_PolylineData& polyline) override;
+  void addPolyline(const DL_PolylineData& data) override;
   void addVertex(const DL_VertexData& vertex) override;
   void endSequence() override { EndPolyline(); }
   void endEntity() override { EndPolyline(); }

@@ -52,7 +52,7 @@ class VertexOrder {
   /// False when the group is out of order.
   bool Take(const DxfGroup& group) {
     switch (group.code) {
-      case kVertexCount: return std::exchange(hasCount_, true) == false;
+      case kVertexCount: return !std::exchange(hasCount_, true);
       case kX:
         if (!hasCount_ || !hasY_) return false;
         hasY_ = hasBulge_ = false;

@@ -169,6 +169,7 @@ std::vector<std::string> DxfReader::Remarks() const {
   std::map<std::string, int> counts = leftOut_;
   for (const std::string& kind : pieces_.leftOut()) ++counts[kind];
   std::vector<std::string> remarks;
+  remarks.reserve(counts.size());
   for (const auto& [kind, count] : counts) {
     remarks.push_back(name_ + ": left out " + std::to_string(count) + " " + kind);
   }
@@ -211,7 +212,7 @@ Fault NothingFound(const std::string& layer, const std::vector<DrawingPieces::En
   return {text, name};
 }
 
-Result<Contours> ContoursOf(std::vector<Piece> pieces, const LineReader& lines) {
+Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const LineReader& lines) {
   Contours contours;
   for (const Piece& piece : pieces) {
     auto curve = CurveOf(piece);

@@ -7,8 +7,8 @@ namespace {
 
 std::string Written(double value, std::chars_format format, int precision) {
   char buffer[400];  // a double has at most 309 digits before the point
-  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, format, precision).ptr;
-  std::string text(buffer, end);
+  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, value, format, precision).ptr;
+  std::string text(static_cast<const char*>(buffer), end);
   if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) text.erase(0, 1);
   return text;
 }

@@ -60,7 +60,7 @@ class SvgWriter {
   void WriteNumbers();
   std::string Pixels(double pixels) const { return Text(pixels / view_.scale()); }
   std::string Dot(const Point& point, double radius) const;
-  std::string Line(const Point& from, const Point& to) const;
+  static std::string Line(const Point& from, const Point& to);
 
   const Drawing& drawing_;
   View view_;
@@ -196,7 +196,7 @@ std::string SvgWriter::Dot(const Point& point, double radius) const {
   return "<circle cx=\"" + Text(point.x) + "\" cy=\"" + Text(point.y) + "\" r=\"" + Pixels(radius) + "\"/>\n";
 }
 
-std::string SvgWriter::Line(const Point& from, const Point& to) const {
+std::string SvgWriter::Line(const Point& from, const Point& to) {
   return "<path d=\"M" + Text(from) + " L" + Text(to) + "\"/>\n";
 }
 
