@@ -20,7 +20,7 @@ const std::map<std::string, Folders> kModule = {
     {"machine", {"base", "platform", "host"}},
     {"store", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "view"}},
+    {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/host_matrix_vdm.h"
 #include "platform/message_box.h"
 #include "view/view_choice.h"
 
@@ -8,6 +9,9 @@ namespace vanzet {
 /// The module as an object of the process: what survives between two calls of its exports.
 class CvanzetApp {
  public:
+  /// Made once, when the module is loaded: from then on matrices of the geometry go to the host's VDMs.
+  CvanzetApp() { geometry::UseHostForMatrixVdm(); }
+
   view::ViewChoice views;
 };
 

@@ -1,0 +1,240 @@
+#include "contour/dxf_reader.h"
+
+#include <dl_dxf.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <sstream>
+#include <utility>
+
+#include "base/letter_case.h"
+#include "base/numbers.h"
+#include "contour/drawing_pieces.h"
+#include "contour/dxf_groups.h"
+#include "contour/join.h"
+
+namespace vanzet::contour {
+namespace {
+
+struct Unit {
+  int code;               ///< of $INSUNITS
+  std::string_view name;  ///< on the command line; empty: only in drawings
+  double millimetres;
+};
+constexpr Unit kUnits[] = {
+    {0, "", 1},  // a drawing without a unit is taken for one in millimetres
+    {1, "inch", 25.4}, {2, "", 304.8},  {4, "mm", 1},    {5, "", 10},
+    {6, "m", 1000},    {9, "", 0.0254}, {13, "", 0.001}, {14, "", 100},
+};
+
+constexpr int kName = 2, kVariable = 9, kFlags = 70, kComment = 999;
+constexpr std::size_t kMostGroups = 8 * kMostVertices;
+
+/// Goes through the groups of a drawing and gives to the DXF library what contours are made of. The library
+/// trusts counts and the order of groups, so both are checked before.
+class DxfReader {
+ public:
+  DxfReader(std::istream& text, const std::string& name) : groups_(text, name), name_(name) {
+    // Without this the library does not know that it has read nothing yet.
+    std::istringstream nothing;
+    dxf_.in(nothing, &pieces_);
+  }
+
+  Result<void> Read();
+
+  /// Requires for these: `Read` was done.
+  int unit() const { return unit_; }
+  std::vector<DrawingPieces::Entry>& entries() { return pieces_.entries(); }
+  std::vector<std::string> Remarks() const;
+  const LineReader& lines() const { return groups_.lines(); }
+
+ private:
+  Result<void> CheckBeginning(const DxfGroup& group) const;
+  Result<void> TakeMark(const DxfGroup& group);
+  Result<void> TakeGroup(const DxfGroup& group);
+  Result<void> TakeHeaderGroup(const DxfGroup& group);
+  Result<void> CheckSequence(const DxfGroup& group);
+  Result<void> EndEntity();
+  void BeginEntity(const DxfGroup& group);
+  void Feed(const DxfEntity& entity);
+
+  DxfGroupReader groups_;
+  std::string name_;
+  std::string section_;   ///< empty: none, or its name is still to come
+  std::string variable_;  ///< of the header, being told
+  int unit_ = 0;
+  DxfEntity entity_;  ///< being read; without a kind it is none that is taken
+  bool inPolyline_ = false;
+  std::size_t groupCount_ = 0;
+  std::map<std::string, int> leftOut_;
+  DL_Dxf dxf_;
+  DrawingPieces pieces_;
+};
+
+Result<void> DxfReader::Read() {
+  for (bool begun = false;;) {
+    const auto group = groups_.Next();
+    if (!group) return group.fault();
+    if (group->code == kComment) continue;
+    if (!begun) {
+      if (const auto checked = CheckBeginning(*group); !checked) return checked;
+    }
+    begun = true;
+    const auto taken = group->code == 0 ? TakeMark(*group) : TakeGroup(*group);
+    if (!taken) return taken;
+    if (group->code == 0 && group->value == "EOF") return {};
+  }
+}
+
+Result<void> DxfReader::CheckBeginning(const DxfGroup& group) const {
+  if (group.code == 0 && group.value == "SECTION") return {};
+  return groups_.lines().AtLine(group.line, "is no drawing in DXF: it does not begin with a section");
+}
+
+Result<void> DxfReader::TakeMark(const DxfGroup& group) {
+  if (const auto ended = EndEntity(); !ended) return ended;
+  const bool isOfSections = group.value == "SECTION" || group.value == "ENDSEC" || group.value == "EOF";
+  if (section_ == "ENTITIES") {
+    if (const auto checked = CheckSequence(group); !checked) return checked;
+    if (!isOfSections) BeginEntity(group);
+  }
+  if (!isOfSections) return {};
+  section_.clear();
+  Feed({group.value, group.line, {}});
+  return {};
+}
+
+/// A POLYLINE is followed by its vertices and a SEQEND. A SEQEND may also end the attributes of an INSERT.
+Result<void> DxfReader::CheckSequence(const DxfGroup& group) {
+  const bool isVertex = group.value == "VERTEX";
+  if (isVertex && !inPolyline_) return groups_.lines().At("the VERTEX has no POLYLINE");
+  if (inPolyline_ && !isVertex && group.value != "SEQEND") {
+    return groups_.lines().At("expected a VERTEX or the SEQEND of the POLYLINE, found " +
+                              Quoted(group.value));
+  }
+  inPolyline_ = isVertex || group.value == "POLYLINE";
+  return {};
+}
+
+void DxfReader::BeginEntity(const DxfGroup& group) {
+  if (IsTaken(group.value)) {
+    entity_ = {group.value, group.line, {}};
+  } else {
+    ++leftOut_[group.value];
+  }
+}
+
+Result<void> DxfReader::EndEntity() {
+  if (entity_.kind.empty()) return {};
+  const DxfEntity entity = std::exchange(entity_, {});
+  if (const auto checked = CheckEntity(entity, groups_.lines()); !checked) return checked;
+  Feed(entity);
+  return {};
+}
+
+/// The library adds an entity when the next one begins.
+void DxfReader::Feed(const DxfEntity& entity) {
+  std::string text = "0\n" + entity.kind + "\n";
+  for (const DxfGroup& group : entity.groups) text += std::to_string(group.code) + "\n" + group.value + "\n";
+  std::istringstream stream(text);
+  dxf_.readDxfGroups(stream, &pieces_);
+  pieces_.SetLine(entity.line);
+  for (std::size_t i = 0; i < entity.groups.size(); ++i) dxf_.readDxfGroups(stream, &pieces_);
+}
+
+Result<void> DxfReader::TakeGroup(const DxfGroup& group) {
+  if (section_.empty()) {
+    if (group.code == kName) section_ = group.value;
+    return {};
+  }
+  if (section_ == "HEADER") return TakeHeaderGroup(group);
+  if (entity_.kind.empty() || !IsUsed(group.code)) return {};
+  if (const auto checked = CheckValue(group, groups_.lines()); !checked) return checked;
+  if (++groupCount_ > kMostGroups) return groups_.lines().At("the drawing is too large");
+  entity_.groups.push_back(group);
+  return {};
+}
+
+Result<void> DxfReader::TakeHeaderGroup(const DxfGroup& group) {
+  if (group.code == kVariable) variable_ = group.value;
+  if (variable_ != "$INSUNITS" || group.code != kFlags) return {};
+  const auto unit = WholeInteger(group.value);
+  if (!unit) return groups_.lines().At("expected a number, found " + Quoted(group.value));
+  unit_ = *unit;
+  return {};
+}
+
+std::vector<std::string> DxfReader::Remarks() const {
+  std::map<std::string, int> counts = leftOut_;
+  for (const std::string& kind : pieces_.leftOut()) ++counts[kind];
+  std::vector<std::string> remarks;
+  remarks.reserve(counts.size());
+  for (const auto& [kind, count] : counts) {
+    remarks.push_back(name_ + ": left out " + std::to_string(count) + " " + kind);
+  }
+  return remarks;
+}
+
+/// How many millimetres a unit of the drawing has.
+Result<double> Millimetres(int code, const std::string& wanted, const std::string& name) {
+  const auto* const unit = wanted.empty() ? std::ranges::find(kUnits, code, &Unit::code)
+                                          : std::ranges::find(kUnits, std::string_view(wanted), &Unit::name);
+  if (unit != std::end(kUnits)) return unit->millimetres;
+  if (!wanted.empty()) return Fault{"expected the unit mm, inch or m, found " + Quoted(wanted)};
+  return Fault{"the drawing's unit, $INSUNITS " + std::to_string(code) + ", is not known; tell it", name};
+}
+
+/// The pieces that are on the layer, in millimetres.
+Result<std::vector<Piece>> PiecesOn(const std::string& layer, std::vector<DrawingPieces::Entry>& entries,
+                                    double unit, const LineReader& lines) {
+  std::vector<Piece> pieces;
+  for (DrawingPieces::Entry& entry : entries) {
+    if (!layer.empty() && !EqualWithoutCase(entry.layer, layer)) continue;
+    Piece& piece = entry.piece;
+    piece.Scale(unit);
+    if (const auto checked = CheckPiece(piece); !checked)
+      return lines.AtLine(piece.line, checked.fault().text);
+    pieces.push_back(std::move(piece));
+  }
+  return pieces;
+}
+
+/// "there is nothing to make a contour of on the layer 'X'; it is on 'A', 'B'"
+Fault NothingFound(const std::string& layer, const std::vector<DrawingPieces::Entry>& entries,
+                   const std::string& name) {
+  const std::string nothing = "there is nothing to make a contour of";
+  if (layer.empty() || entries.empty()) return {nothing, name};
+  std::set<std::string> layers;
+  for (const DrawingPieces::Entry& entry : entries) layers.insert(Quoted(entry.layer));
+  std::string text = nothing + " on the layer " + Quoted(layer) + "; there is on ";
+  for (const std::string& other : layers) text += (other == *layers.begin() ? "" : ", ") + other;
+  return {text, name};
+}
+
+Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const LineReader& lines) {
+  Contours contours;
+  for (const Piece& piece : pieces) {
+    auto curve = CurveOf(piece);
+    if (!curve) return lines.AtLine(piece.line, curve.fault().text);
+    contours.push_back({static_cast<int>(contours.size()) + 1, std::move(*curve)});
+  }
+  return contours;
+}
+
+}  // namespace
+
+Result<DxfContent> ReadDxf(std::istream& text, const std::string& name, const DxfOptions& options) {
+  DxfReader reader(text, name);
+  if (const auto read = reader.Read(); !read) return read.fault();
+  const auto unit = Millimetres(reader.unit(), options.unit, name);
+  if (!unit) return unit.fault();
+  const auto pieces = PiecesOn(options.layer, reader.entries(), *unit, reader.lines());
+  if (!pieces) return pieces.fault();
+  if (pieces->empty()) return NothingFound(options.layer, reader.entries(), name);
+  auto contours = ContoursOf(Joined(*pieces, options.join), reader.lines());
+  if (!contours) return contours.fault();
+  return DxfContent{std::move(*contours), reader.Remarks()};
+}
+
+}  // namespace vanzet::contour

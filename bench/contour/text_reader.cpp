@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "base/numbers.h"
+#include "contour/builder.h"
+#include "contour/lines.h"
+#include "contour/text_form.h"
+
+namespace vanzet::contour {
+namespace {
+
+using geometry::Point;
+
+/// What a vertex line begins with, and the letters before its numbers.
+struct VertexLine {
+  char letter;
+  std::string_view mark;
+  int direction;
+  std::string_view numbers;
+};
+constexpr VertexLine kVertexLines[] = {
+    {'x', "", geometry::LINEAR, "xy"},
+    {'a', "a", geometry::ACW, "xyxy"},
+    {'t', "t", geometry::CW, "xyxy"},
+};
+
+/// Walks along one line, so that a fault can name the column.
+class Cursor {
+ public:
+  explicit Cursor(std::string_view line) : line_(line) {}
+
+  int Column() const { return static_cast<int>(at_) + 1; }
+  std::string_view Rest() const { return line_.substr(at_); }
+  void SkipBlanks() {
+    while (at_ < line_.size() && (line_[at_] == ' ' || line_[at_] == '\t')) ++at_;
+  }
+  bool Take(std::string_view mark) {
+    if (!Rest().starts_with(mark)) return false;
+    at_ += mark.size();
+    return true;
+  }
+
+  /// The decimal number here, which ends with a blank or the line.
+  std::optional<double> TakeNumber() {
+    SkipBlanks();
+    const std::string_view word = Rest().substr(0, Rest().find_first_of(" \t"));
+    if (word.find_first_not_of("+-.0123456789eE") != std::string_view::npos) return {};
+    const auto number = WholeReal(word);
+    if (number) at_ += word.size();
+    return number;
+  }
+
+ private:
+  std::string_view line_;
+  std::size_t at_ = 0;
+};
+
+/// Reads the contours of a text one after the other.
+class TextReader {
+ public:
+  TextReader(std::istream& text, const std::string& name) : lines_(text, name) {}
+
+  Result<Contours> Read();
+
+ private:
+  Result<void> TakeLine(const std::string& line);
+  Result<void> TakeHead(Cursor cursor);
+  Result<void> TakeVertex(Cursor cursor, const VertexLine& kind);
+  Result<void> TakeEnd();
+  Result<std::vector<double>> TakeNumbers(Cursor& cursor, std::string_view letters) const;
+  Result<void> Placed(const Result<void>& built) const;
+
+  LineReader lines_;
+  Contours contours_;
+  Builder builder_;
+  std::optional<int> number_;  ///< of the contour that is being read
+  int headLine_ = 0;
+  std::size_t vertices_ = 0;
+};
+
+Result<Contours> TextReader::Read() {
+  for (std::string line;;) {
+    const auto more = lines_.Next(line);
+    if (!more) return more.fault();
+    if (!*more) break;
+    if (const auto taken = TakeLine(line); !taken) return taken.fault();
+  }
+  if (number_) {
+    return lines_.At("the contour that begins on line " + std::to_string(headLine_) + " has no end 'ek'");
+  }
+  if (contours_.empty()) return lines_.AtLine(0, "there is no contour");
+  return std::move(contours_);
+}
+
+Result<void> TextReader::TakeLine(const std::string& line) {
+  Cursor cursor(line);
+  cursor.SkipBlanks();
+  if (cursor.Rest().empty() || cursor.Rest().starts_with("rem")) return {};
+  if (!number_) return TakeHead(cursor);
+  if (cursor.Rest().starts_with('e')) {
+    const int column = cursor.Column();
+    const bool whole = cursor.Take("ek");
+    cursor.SkipBlanks();
+    return whole && cursor.Rest().empty() ? TakeEnd()
+                                          : lines_.At("expected 'ek', found " + Quoted(line), column);
+  }
+  const auto* kind = std::ranges::find(kVertexLines, cursor.Rest().front(), &VertexLine::letter);
+  if (kind != std::end(kVertexLines)) return TakeVertex(cursor, *kind);
+  return lines_.At("expected a vertex (x, a, t), 'rem' or 'ek', found " + Quoted(cursor.Rest()),
+                   cursor.Column());
+}
+
+Result<void> TextReader::TakeHead(Cursor cursor) {
+  const auto expected = [&] {
+    return lines_.At("expected the start of a contour like 'k1 e', found " + Quoted(cursor.Rest()),
+                     cursor.Column());
+  };
+  if (!cursor.Take("k")) return expected();
+  const auto number = IntegerPrefix(cursor.Rest());
+  if (!number) return expected();
+  cursor.Take(cursor.Rest().substr(0, number->used));
+  cursor.SkipBlanks();
+  if (!cursor.Take("e")) return expected();
+  cursor.SkipBlanks();
+  number_ = number->value;
+  headLine_ = lines_.LineNumber();
+  return cursor.Rest().empty() ? Result<void>() : TakeVertex(cursor, kVertexLines[0]);
+}
+
+Result<void> TextReader::TakeVertex(Cursor cursor, const VertexLine& kind) {
+  if (++vertices_ > kMostVertices) {
+    return lines_.At("there are more than " + std::to_string(kMostVertices) + " vertices");
+  }
+  cursor.Take(kind.mark);
+  const auto numbers = TakeNumbers(cursor, kind.numbers);
+  if (!numbers) return numbers.fault();
+  const std::vector<double>& n = *numbers;
+  const bool isArc = kind.direction != geometry::LINEAR;
+  if (!builder_.IsStarted()) {
+    if (isArc) return lines_.At("the first vertex of a contour is no arc");
+    return Placed(builder_.Start(Point(n[0], n[1])));
+  }
+  if (!isArc) return Placed(builder_.LineTo(Point(n[0], n[1])));
+  return Placed(builder_.ArcTo(kind.direction, Point(n[0], n[1]), Point(n[2], n[3])));
+}
+
+Result<std::vector<double>> TextReader::TakeNumbers(Cursor& cursor, std::string_view letters) const {
+  std::vector<double> numbers;
+  for (const char letter : letters) {
+    cursor.SkipBlanks();
+    if (!cursor.Take(std::string_view(&letter, 1))) {
+      return lines_.At(std::string("expected '") + letter + "' and a number, found " + Quoted(cursor.Rest()),
+                       cursor.Column());
+    }
+    const auto number = cursor.TakeNumber();
+    if (!number) return lines_.At("expected a number, found " + Quoted(cursor.Rest()), cursor.Column());
+    numbers.push_back(*number);
+  }
+  cursor.SkipBlanks();
+  if (cursor.Rest().empty()) return numbers;
+  return lines_.At("expected the end of the line, found " + Quoted(cursor.Rest()), cursor.Column());
+}
+
+Result<void> TextReader::TakeEnd() {
+  if (!builder_.HasSpans()) return lines_.At("contour " + std::to_string(*number_) + " has no span");
+  contours_.push_back({*number_, builder_.Take()});
+  number_.reset();
+  return {};
+}
+
+Result<void> TextReader::Placed(const Result<void>& built) const {
+  return built ? built : lines_.At(built.fault().text);
+}
+
+}  // namespace
+
+Result<Contours> ReadText(std::istream& text, const std::string& name) {
+  return TextReader(text, name).Read();
+}
+
+}  // namespace vanzet::contour

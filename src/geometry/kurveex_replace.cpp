@@ -1,0 +1,78 @@
+#include <algorithm>
+
+#include "geometry/kurveex.h"
+
+/// Rebuilding a contour with other spans, or from another start.
+namespace geometry {
+
+/// Adds a span at a joint: either it begins at the end before, or that end moves to its start.
+void KurveEx::AddJoined(const Span& next, bool keepEnd) {
+  if (!keepEnd && !spans.empty()) MoveEnd(next.p0);
+  Add(next, true);
+}
+
+/// Makes one point of the end and the start.
+void KurveEx::JoinSeam(bool keepEnd) {
+  if (spans.empty()) return;
+  if (keepEnd) {
+    MoveStart(spans.back().p1);
+  } else {
+    MoveEnd(spans.front().p0);
+  }
+}
+
+bool KurveEx::ReplaceSpans(std::vector<SpanReplacement>& list, bool keepEnd, KurveEx& out) const {
+  std::stable_sort(list.begin(), list.end(), [](const SpanReplacement& a, const SpanReplacement& b) {
+    return a.vertexNumber < b.vertexNumber;
+  });
+  KurveEx rebuilt;
+  const auto isNamed = [&](int i) { return !list.empty() && list.front().vertexNumber == i; };
+  const bool firstReplaced = isNamed(1);
+  bool behindReplaced = false;
+  for (int i = 1; i <= SpanCount(); ++i) {
+    if (isNamed(i)) {
+      const std::unique_ptr<KurveEx> replacement = std::move(list.front().replacement);
+      list.erase(list.begin());
+      for (std::size_t k = 0; replacement && k < replacement->spans.size(); ++k) {
+        rebuilt.AddJoined(replacement->ReadSpan(k), k > 0 || keepEnd);
+      }
+      behindReplaced = true;
+    } else {
+      rebuilt.AddJoined(ReadSpan(static_cast<std::size_t>(i) - 1), !behindReplaced || keepEnd);
+      behindReplaced = false;
+    }
+  }
+  if (Closed() && (behindReplaced || firstReplaced)) rebuilt.JoinSeam(keepEnd);
+  rebuilt.index0 = GetIndex0(0);
+  rebuilt.index1 = GetIndex1(0);
+  out = rebuilt;
+  return list.empty();
+}
+
+bool KurveEx::ReplaceStart(int spanNumber, const Point& p, KurveEx& out) const {
+  Span cut;
+  if (!Get(spanNumber, cut)) return false;
+  KurveEx moved;
+  moved.Start(p);
+  if (p == cut.p0) {
+    moved.index0 = GetIndex0(spanNumber - 1);
+    moved.index1 = GetIndex1(spanNumber - 1);
+  }
+  const auto copy = [&](int from, int to) {
+    for (int i = from; i <= to; ++i) moved.Add(ReadSpan(static_cast<std::size_t>(i) - 1), true);
+  };
+  Span rest = cut;
+  rest.p0 = p;
+  moved.Add(rest, false);
+  copy(spanNumber + 1, SpanCount());
+  if (Closed()) {
+    copy(1, spanNumber - 1);
+    cut.p1 = p;
+    cut.index0 = cut.index1 = 0;
+    moved.Add(cut, false);
+  }
+  out = moved;
+  return true;
+}
+
+}  // namespace geometry

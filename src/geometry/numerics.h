@@ -1,0 +1,40 @@
+#pragma once
+
+#include "geometry/units.h"
+
+/// Comparisons and guarded functions. Which comparisons are strict is part of the contract: two results that
+/// differ by one of them differ visibly in a contour.
+namespace geometry {
+
+inline constexpr double PI = 3.14159265358979323846;
+inline constexpr double RADIANS_PER_DEGREE = 0.017453292519943295;
+
+bool NearEqual(double a, double b, double t);   ///< t >= |a - b|
+bool NearZero(double a, double t);              ///< t >= |a|
+bool Different(double a, double b, double t);   ///< |a - b| > t
+bool NonZero(double a, double t);               ///< |a| > t
+bool LessOrNear(double a, double b, double t);  ///< b + t > a, or near equal
+
+/// The root, and 0 when `x` itself (not its root) is below `TOLERANCE`.
+double SafeSqrt(double x);
+
+/// The arc functions, with arguments within `TOLERANCE` of 1 and -1 taken as 1 and -1.
+double SafeAsin(double x);
+double SafeAcos(double x);
+
+/// The angle in [0, 2 pi).
+double Atan2Positive(double y, double x);
+
+/// `RELATIVE_TOLERANCE` over |x|, or over `fallback` when |x| is not above that tolerance.
+/// Infinite when both are zero.
+double TightRelative(double x, double fallback);
+
+/// The number of chords that keep an arc of that angle (radians) within the chord tolerance; 0 for a line
+/// (direction 0) and for a tolerance not below the radius.
+int SegmentCount(double chordTolerance, double angle, double radius, int direction);
+
+/// The real roots of a x^2 + b x + c and how many they are: 0, 1 (in x1) or 2. What is not set stays.
+/// Coefficients that are not finite have no root.
+int SolveQuadratic(double a, double b, double c, double& x1, double& x2);
+
+}  // namespace geometry

@@ -1,0 +1,179 @@
+#pragma once
+
+#include "geometry/numerics.h"
+
+/// Points and vectors of the plane and of space: plain values, lengths in the current unit, angles in
+/// radians.
+namespace geometry {
+
+class Matrix;
+class Span;
+struct Box;
+struct Circle;
+struct CLine;
+struct Line;
+struct Plane;
+struct Point;
+struct Point3d;
+struct Vector3d;
+
+struct Vector2d {
+  double dx = 0, dy = 0;
+
+  constexpr Vector2d() = default;
+  constexpr Vector2d(double x, double y) : dx(x), dy(y) {}
+  constexpr Vector2d(const Point& a, const Point& b);  ///< b - a
+  /// Throws L"Converting Vector3d to Vector2d illegal" when |dz| is above `TIGHT_TOLERANCE`.
+  explicit Vector2d(const Vector3d& v);
+
+  double Magnitude() const;
+  /// Makes the length 1 and returns the former one; shorter than `TIGHT_TOLERANCE` becomes null, and 0
+  /// returned.
+  double Normalise();
+  /// Then also makes components next to 0 (`TIGHT_TOLERANCE`), 1 and -1 (`TOLERANCE`) exact.
+  double NormaliseClean();
+  Vector2d LeftNormal() const { return {-dy, dx}; }
+  Vector2d operator-() const { return {-dx, -dy}; }
+  void Rotate(double cosa, double sina);
+  /// Does nothing for an angle within `TIGHT_TOLERANCE` of zero.
+  void Rotate(double angle);
+  /// Transforms, then normalises; returns the length before that.
+  double Transform(const Matrix& m);
+  /// Component by component within `VECTOR_TOLERANCE`.
+  bool operator==(const Vector2d& v) const;
+};
+
+constexpr Vector2d operator*(const Vector2d& v, double f) {
+  return {v.dx * f, v.dy * f};
+}
+constexpr Vector2d operator+(const Vector2d& a, const Vector2d& b) {
+  return {a.dx + b.dx, a.dy + b.dy};
+}
+constexpr Vector2d operator-(const Vector2d& a, const Vector2d& b) {
+  return {a.dx - b.dx, a.dy - b.dy};
+}
+constexpr double Cross(const Vector2d& a, const Vector2d& b) {
+  return a.dx * b.dy - a.dy * b.dx;
+}
+constexpr double Dot(const Vector2d& a, const Vector2d& b) {
+  return a.dx * b.dx + a.dy * b.dy;
+}
+
+/// The angle between two vectors in [0, pi). Exact opposition gives 0: a result not below pi loses pi.
+/// Throws std::runtime_error "Not possible to compute a finite angle value.", for a null vector among others.
+double Angle(const Vector2d& a, const Vector2d& b);
+/// That angle when b lies left of a, else 2 pi less it; so parallel vectors give 2 pi.
+double SignedAngle(const Vector2d& a, const Vector2d& b);
+/// The angle swept from unit vector a to unit vector b in direction `dir` (1, -1), with the sign of `dir`.
+/// Next to no angle is exactly 0, next to half a turn exactly pi (cosine within `VECTOR_TOLERANCE`).
+double IncludedAngle(const Vector2d& a, const Vector2d& b, int dir);
+
+/// `Angle` near pi/2; near 0 or pi; near 0; near pi. As exact opposition gives 0, the last one holds only for
+/// angles just below pi.
+bool IsPerpendicular(const Vector2d& a, const Vector2d& b, double t);
+bool IsParallel(const Vector2d& a, const Vector2d& b, double t);
+bool IsSameDirection(const Vector2d& a, const Vector2d& b, double t);
+bool IsOpposite(const Vector2d& a, const Vector2d& b, double t);
+bool IsOpposite(const Vector2d& a, const Vector2d& b, double t, double lengthTolerance);  ///< and as long
+
+struct Vector3d {
+  double dx = 0, dy = 0, dz = 0;
+
+  constexpr Vector3d() = default;
+  constexpr Vector3d(double x, double y, double z) : dx(x), dy(y), dz(z) {}
+  constexpr Vector3d(const Point3d& a, const Point3d& b);  ///< b - a
+  constexpr Vector3d(const Vector2d& v) : dx(v.dx), dy(v.dy) {}
+
+  /// As those of `Vector2d`.
+  double Magnitude() const;
+  double Normalise();
+  double NormaliseClean();
+  Vector3d operator-() const { return {-dx, -dy, -dz}; }
+  double Transform(const Matrix& m);
+  bool operator==(const Vector3d& v) const;
+};
+
+constexpr Vector3d operator*(const Vector3d& v, double f) {
+  return {v.dx * f, v.dy * f, v.dz * f};
+}
+constexpr Vector3d operator+(const Vector3d& a, const Vector3d& b) {
+  return {a.dx + b.dx, a.dy + b.dy, a.dz + b.dz};
+}
+constexpr Vector3d operator-(const Vector3d& a, const Vector3d& b) {
+  return {a.dx - b.dx, a.dy - b.dy, a.dz - b.dz};
+}
+constexpr Vector3d Cross(const Vector3d& a, const Vector3d& b) {
+  return {a.dy * b.dz - a.dz * b.dy, a.dz * b.dx - a.dx * b.dz, a.dx * b.dy - a.dy * b.dx};
+}
+constexpr double Dot(const Vector3d& a, const Vector3d& b) {
+  return a.dx * b.dx + a.dy * b.dy + a.dz * b.dz;
+}
+/// As that of the plane, the throw included.
+double Angle(const Vector3d& a, const Vector3d& b);
+
+/// Completes a pair of axes perpendicular to `normal`. 1: one given axis was perpendicular and made the
+/// other. 2: both were replaced by unit vectors of this function's choice. Right-handed in either case.
+/// Throws L"SetAxes given a NULL Vector" for a null normal.
+int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis);
+
+/// A point of the plane. A failed construction is a point whose `ok` is false; callers ask `ok`, never the
+/// coordinates.
+struct Point {
+  bool ok = false;
+  double x = 0, y = 0;
+
+  constexpr Point() = default;
+  constexpr Point(double px, double py) : ok(true), x(px), y(py) {}
+  Point(const Point& centre, double radius, double degrees);  ///< polar
+  explicit Point(const Point3d& p);                           ///< drops z
+
+  Point& operator*=(double f);             ///< leaves `ok`
+  Point Transform(const Matrix& m) const;  ///< leaves `ok`
+  /// Each coordinate within `TOLERANCE`; `ok` is not compared.
+  bool operator==(const Point& p) const;
+  bool Equal(const Point& p, double t) const;
+};
+
+/// What every failed construction returns: (9.9999999e50, 0), `ok` false.
+extern const Point INVALID_POINT;
+
+constexpr Vector2d::Vector2d(const Point& a, const Point& b) : dx(b.x - a.x), dy(b.y - a.y) {}
+
+constexpr Point operator+(const Point& p, const Vector2d& v) {
+  return {p.x + v.dx, p.y + v.dy};
+}
+constexpr Point operator-(const Point& p, const Vector2d& v) {
+  return {p.x - v.dx, p.y - v.dy};
+}
+constexpr Point operator+(const Point& a, const Point& b) {
+  return {a.x + b.x, a.y + b.y};
+}
+constexpr Point operator-(const Point& a, const Point& b) {
+  return {a.x - b.x, a.y - b.y};
+}
+Point operator*(const Point& p, double f);  ///< leaves `ok`
+double Dist(const Point& a, const Point& b);
+
+struct Point3d {
+  double x = 0, y = 0, z = 0;
+
+  constexpr Point3d() = default;
+  constexpr Point3d(double px, double py, double pz) : x(px), y(py), z(pz) {}
+  explicit Point3d(const Point& p, double pz = 0) : x(p.x), y(p.y), z(pz) {}
+
+  Point3d Transform(const Matrix& m) const;
+  bool operator==(const Point3d& p) const;
+};
+
+constexpr Vector3d::Vector3d(const Point3d& a, const Point3d& b)
+    : dx(b.x - a.x), dy(b.y - a.y), dz(b.z - a.z) {}
+
+constexpr Point3d operator+(const Point3d& p, const Vector3d& v) {
+  return {p.x + v.dx, p.y + v.dy, p.z + v.dz};
+}
+constexpr Point3d operator-(const Point3d& p, const Vector3d& v) {
+  return {p.x - v.dx, p.y - v.dy, p.z - v.dz};
+}
+double Dist(const Point3d& a, const Point3d& b);
+
+}  // namespace geometry

@@ -1,0 +1,171 @@
+#include "geometry/span.h"
+
+#include <cmath>
+
+namespace geometry {
+namespace {
+
+/// Small arcs have to be true; on large ones rounding in what made them gets a second chance.
+void CheckRadii(double startRadius, double endRadius) {
+  if (!Different(startRadius, endRadius, 1.5 * TOLERANCE)) return;
+  const bool small = mm(50.0) + TIGHT_TOLERANCE > startRadius;
+  if (small || Different(startRadius, endRadius, 4.5 * TOLERANCE)) {
+    ThrowError(L"Invalid Geometry - Radii mismatch - SetProperties", 0, 1002);
+  }
+}
+
+}  // namespace
+
+std::int32_t IdNumber(std::uint32_t ID) {
+  return static_cast<std::int32_t>(ID << 8) >> 8;
+}
+
+bool spVertex::operator==(const spVertex& v) const {
+  return type == v.type && p == v.p && (type == LINEAR || pc == v.pc);
+}
+
+Span::Span(int direction, const Point& start, const Point& end, const Point& centre, std::uint32_t id,
+           IndexWord word0, IndexWord word1)
+    : p0(start), p1(end), dir(direction), pc(centre), ID(id), index0(word0), index1(word1) {
+  SetProperties();
+}
+
+Span::Span(const Point& start, const Point& end, std::uint32_t id, IndexWord word0, IndexWord word1)
+    : Span(LINEAR, start, end, Point(), id, word0, word1) {}
+
+Span::Span(const spVertex& previous, const spVertex& v) : Span(v.type, previous.p, v.p, v.pc, v.ID) {}
+
+void Span::SetProperties(bool returnProperties) {
+  propertiesSet = false;
+  length = radius = angle = 0.0;
+  if (!returnProperties) return;
+  if (dir == LINEAR) {
+    SetLineProperties();
+  } else {
+    SetArcProperties();
+  }
+  if (NullSpan) {
+    pc = p0;
+    radius = angle = 0.0;
+  }
+  box.Clear();
+  Box(box, true);
+  propertiesSet = true;
+}
+
+void Span::SetLineProperties() {
+  vs = Vector2d(p0, p1);
+  length = vs.Normalise();
+  ve = vs;
+  NullSpan = TOLERANCE >= length;
+}
+
+void Span::SetArcProperties() {
+  vs = Vector2d(pc, p0).LeftNormal();
+  ve = Vector2d(pc, p1).LeftNormal();
+  if (dir == CW) {
+    vs = -vs;
+    ve = -ve;
+  }
+  radius = vs.Normalise();
+  CheckRadii(radius, ve.Normalise());
+  const double chord = geometry::Dist(p0, p1);
+  NullSpan = !(radius > TOLERANCE) || TOLERANCE >= chord;
+  if (NullSpan) {
+    dir = LINEAR;
+  } else {
+    SetSweep(chord);
+  }
+}
+
+/// An arc too flat to have an angle becomes its chord; its centre and radius then mean nothing but stay.
+void Span::SetSweep(double chord) {
+  angle = IncludedAngle(vs, ve, dir);
+  if (angle == 0.0) {
+    dir = LINEAR;
+    vs = Vector2d(p0, p1);
+    vs.Normalise();
+    ve = vs;
+    length = chord;
+  } else {
+    length = std::fabs(angle) * radius;
+  }
+}
+
+void Span::NeedProperties() const {
+  if (!propertiesSet) throw L"SetProperties missing";
+}
+
+void Span::Box(geometry::Box& b, bool withStart) const {
+  if (withStart) b.Insert(p0);
+  b.Insert(p1);
+  if (dir != LINEAR) {
+    const Vector2d a(p0, p1);
+    const Vector2d quadrants[] = {{radius, 0}, {0, radius}, {-radius, 0}, {0, -radius}};
+    for (const Vector2d& quadrant : quadrants) {
+      const Point extreme = pc + quadrant;
+      if (dir * Cross(Vector2d(p0, extreme), a) > 0) b.Insert(extreme);
+    }
+  }
+  b.Grow(TIGHT_TOLERANCE);
+}
+
+void Span::Transform(const Matrix& m) {
+  p0 = p0.Transform(m);
+  p1 = p1.Transform(m);
+  if (dir != LINEAR) pc = pc.Transform(m);
+  if (m.mirrored) dir = -dir;
+  SetProperties();
+}
+
+void Span::Scale(double f) {
+  p0 *= f;
+  p1 *= f;
+  pc *= f;
+  box.min *= f;
+  box.max *= f;
+  SetProperties();
+}
+
+Span Span::Reversed() const {
+  Span back = *this;
+  back.p0 = p1;
+  back.p1 = p0;
+  back.vs = -ve;
+  back.ve = -vs;
+  back.dir = -dir;
+  back.angle = -angle;
+  return back;
+}
+
+Span Span::Offset(double off) const {
+  NeedProperties();
+  Span moved = *this;
+  if (NearZero(off, TIGHT_TOLERANCE) || NullSpan) return moved;
+  moved.p0 = p0 + vs.LeftNormal() * off;
+  moved.p1 = p1 + ve.LeftNormal() * off;
+  if (dir == LINEAR || radius - dir * off > TOLERANCE) {
+    moved.SetProperties();
+    return moved;
+  }
+  // Shrunk to the centre or beyond it. `SetProperties` would see an arc turned inside out, or a line.
+  moved.dir = LINEAR;
+  moved.NullSpan = true;
+  moved.pc = moved.p0;
+  moved.length = moved.radius = moved.angle = 0.0;
+  moved.box.Clear();
+  moved.Box(moved.box, true);
+  return moved;
+}
+
+bool Span::operator==(const Span& s) const {
+  return dir == s.dir && p0 == s.p0 && p1 == s.p1 && (dir == LINEAR || pc == s.pc);
+}
+
+bool Span::SameGeometry(const Span& s) const {
+  if (dir != s.dir || !(p0 == s.p1)) return false;
+  if (dir == LINEAR) return vs == s.vs;
+  return pc == s.pc && !(p1 == s.p0);
+}
+
+}  // namespace geometry

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "geometry/box.h"
+#include "geometry/elements.h"
+
+/// One element of a contour, a line or an arc, and the vertex that ends it.
+namespace geometry {
+
+/// A word that carries a caller's data through contours: a number or a pointer.
+using IndexWord = std::uintptr_t;
+
+/// The kind of a span: a line, an arc anticlockwise, an arc clockwise.
+enum : std::int32_t { LINEAR = 0, ACW = 1, CW = -1 };
+
+/// Marks in the upper bits of an ID; the first that is set, in this order, counts.
+inline constexpr std::uint32_t UNMARKED = 0x10000000u, ROLL_AROUND = 0x20000000u, INTERSECTION = 0x40000000u,
+                               FULL_CIRCLE_KURVE = 0x80000000u;
+
+/// The number in the low 24 bits of an ID, with sign.
+std::int32_t IdNumber(std::uint32_t ID);
+
+/// A vertex: where a span ends, its kind, and the centre of an arc.
+struct spVertex {
+  std::int32_t type = LINEAR;
+  std::uint32_t ID = UNMARKED;
+  Point p;
+  Point pc{0, 0};
+
+  spVertex() = default;
+  spVertex(int spanType, const Point& end, const Point& centre, std::uint32_t id = UNMARKED)
+      : type(spanType), ID(id), p(end), pc(centre) {}
+  /// Type, point and, for an arc, centre.
+  bool operator==(const spVertex& v) const;
+};
+
+/// A line or an arc with all that follows from its ends.
+///
+/// Shape   from `p0` to `p1`; an arc goes round `pc` in direction `dir`, always by less than a full turn: a
+///         circle is two spans
+/// Caches  `vs`, `ve` (unit tangents), `length`, `radius`, `angle` (radians, with the sign of `dir`),
+///         `NullSpan`, `box`: valid after `SetProperties`, stale after a change of the members above
+/// Errors  a query that needs the caches while they are stale throws L"SetProperties missing"
+class Span {
+ public:
+  Point p0, p1;
+  std::int32_t dir = 0;
+  Point pc;
+  std::uint32_t ID = UNMARKED;
+  Vector2d vs, ve;
+  double length = 0, radius = 0, angle = 0;
+  bool NullSpan = true;
+  geometry::Box box;
+  IndexWord index0 = 0, index1 = 0;
+  bool propertiesSet = false;
+
+  Span() = default;
+  /// These three run `SetProperties`.
+  Span(int direction, const Point& start, const Point& end, const Point& centre, std::uint32_t id = UNMARKED,
+       IndexWord word0 = 0, IndexWord word1 = 0);
+  Span(const Point& start, const Point& end, std::uint32_t id = UNMARKED, IndexWord word0 = 0,
+       IndexWord word1 = 0);
+  Span(const spVertex& previous, const spVertex& v);
+
+  /// Fills the caches. An arc without an angle becomes a line, an arc without chord or radius a null line;
+  /// the centre of a null span becomes its start. With false the caches are only declared stale. Throws
+  /// L"Invalid Geometry - Radii mismatch - SetProperties" when the ends lie at different distances from the
+  /// centre, and leaves the caches stale.
+  void SetProperties(bool returnProperties = true);
+
+  void Transform(const Matrix& m);
+  void Scale(double f);
+  Span Reversed() const;
+
+  Point Mid() const;
+  Point Along(double d) const;
+  Point AlongFraction(double f) const;
+  Vector2d Tangent(double t) const;
+  /// The motion that takes the start through the span in `n` steps.
+  void StepMatrix(int n, Matrix& m) const;
+  /// What the span adds to the area of its contour; clockwise contours have positive areas.
+  double Area() const;
+  bool operator==(const Span& s) const;
+  /// Whether this span, with `s` before it, continues the same line or circle.
+  bool SameGeometry(const Span& s) const;
+  /// Grows `b` by the span, then by `TIGHT_TOLERANCE` on all sides, at each call.
+  void Box(geometry::Box& b, bool withStart) const;
+
+  /// The fraction with that tangent or at that point, among 10001 samples; -1 when none is within
+  /// `TOLERANCE`.
+  double FindTangent(const Vector2d& v) const;
+  double FindPoint(const Point& p) const;
+  /// Takes the line or arc through p[0], p[n/2] and p[n] when all of p[0..n] lie within `t` of it. The caches
+  /// are stale then but for `radius` and `NullSpan`. A failed fit changes nothing.
+  bool Fit(const Point* p, int n, double t);
+  /// The number of chords that keep an arc within the tolerance; 0 for a line.
+  int ChordCount(double chordTolerance) const;
+  /// The span moved to the left by `off`. An arc that has shrunk away becomes a null span between the moved
+  /// ends.
+  Span Offset(double off) const;
+
+  /// The nearest point of the whole line or circle; `t` is its distance along the span.
+  Point Near(const Point& p, double& t) const;
+  /// The nearest point of the span. Beyond the ends of an arc up to a half turn, `t` decides which end: it
+  /// wraps half a turn from the start, so the end that is nearer in a straight line may lose.
+  Point NearClamped(const Point& p, double& t) const;
+  /// Whether `p`, which lies on the line or circle, lies between the ends; `t` is the fraction.
+  bool OnSpan(const Point& p) const;
+  bool OnSpan(const Point& p, double& t) const;
+  /// Whether `p` lies on the span within `TOLERANCE`. `t` stays when `p` is too far off.
+  bool On(const Point& p) const;
+  bool On(const Point& p, double& t) const;
+  double Dist(const Point& p, Point& nearest) const;
+
+ private:
+  void NeedProperties() const;
+  void SetLineProperties();
+  void SetArcProperties();
+  void SetSweep(double chord);
+  bool CarriesPoint(const Point& p) const;
+  double ArcFraction(const Point& p) const;
+};
+
+/// A span and its offset.
+struct SpanPair {
+  Span source, offset;
+};
+
+}  // namespace geometry

@@ -1,0 +1,99 @@
+#include <cmath>
+
+#include "geometry/intersect.h"
+#include "geometry/span.h"
+
+/// Points, tangents and measures along a span.
+namespace geometry {
+namespace {
+
+constexpr double kFractionTolerance = 1e-14;
+constexpr int kSearchSteps = 10000;
+
+/// The fraction among 10001 samples where `distanceAt` is least, the first of equal ones, or -1 when even the
+/// least is above `TOLERANCE`.
+template <class DistanceAt>
+double SearchFraction(DistanceAt distanceAt) {
+  double best = 1e100;
+  double fraction = -1.0;
+  for (int i = 0; i <= kSearchSteps; ++i) {
+    const double f = static_cast<double>(i) / kSearchSteps;
+    const double distance = distanceAt(f);
+    if (distance < best) {
+      best = distance;
+      fraction = f;
+    }
+  }
+  return NearZero(best, TOLERANCE) ? fraction : -1.0;
+}
+
+}  // namespace
+
+Point Span::Mid() const {
+  if (dir == LINEAR) return {(p0.x + p1.x) * 0.5, (p0.y + p1.y) * 0.5};
+  NeedProperties();
+  Vector2d chord(p0, p1);
+  if (chord.Normalise() == 0.0) return p0;
+  const Point middle((p0.x + p1.x) * 0.5, (p0.y + p1.y) * 0.5);
+  // An anticlockwise arc lies right of its chord, which the chord's left normal meets first.
+  return Intof(dir == CW ? -1 : 1, CLine(middle, chord.LeftNormal(), true), Circle(pc, radius));
+}
+
+Point Span::Along(double d) const {
+  if (NullSpan) return p0;
+  NeedProperties();
+  if (dir == LINEAR) return p0 + vs * d;
+  Vector2d spoke(pc, p0);
+  const double turn = d * dir / radius;
+  spoke.Rotate(std::cos(turn), std::sin(turn));
+  return pc + spoke;
+}
+
+Point Span::AlongFraction(double f) const {
+  if (NullSpan || NearZero(f, kFractionTolerance)) return p0;
+  if (NearEqual(f, 1.0, kFractionTolerance)) return p1;
+  return Along(f * length);
+}
+
+Vector2d Span::Tangent(double t) const {
+  NeedProperties();
+  if (dir == LINEAR) return vs;
+  Vector2d spoke(pc, AlongFraction(t));
+  spoke.Normalise();
+  return dir == CW ? -spoke.LeftNormal() : spoke.LeftNormal();
+}
+
+void Span::StepMatrix(int n, Matrix& m) const {
+  NeedProperties();
+  m.Unit();
+  if (dir == LINEAR) {
+    const Vector2d step = vs * (length / n);
+    m.Translate(step.dx, step.dy);
+  } else {
+    m.Translate(-pc.x, -pc.y);
+    m.Rotate(angle / n, 3);
+    m.Translate(pc.x, pc.y);
+  }
+}
+
+double Span::Area() const {
+  if (dir == LINEAR) return 0.5 * (p1.x - p0.x) * (p0.y + p1.y);
+  NeedProperties();
+  // The trapezoids under the two spokes, less the sector between them.
+  return 0.5 * ((pc.x - p0.x) * (pc.y + p0.y) - (pc.x - p1.x) * (pc.y + p1.y) - angle * radius * radius);
+}
+
+double Span::FindTangent(const Vector2d& v) const {
+  return SearchFraction([&](double f) { return (Tangent(f) - v).Magnitude(); });
+}
+
+double Span::FindPoint(const Point& p) const {
+  return SearchFraction([&](double f) { return geometry::Dist(AlongFraction(f), p); });
+}
+
+int Span::ChordCount(double chordTolerance) const {
+  NeedProperties();
+  return SegmentCount(chordTolerance, angle, radius, dir);
+}
+
+}  // namespace geometry

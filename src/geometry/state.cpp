@@ -1,0 +1,7 @@
+#include "geometry/state.h"
+
+namespace geometry {
+
+constinit SpanPair scratchSpanPair;
+
+}  // namespace geometry

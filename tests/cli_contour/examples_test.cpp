@@ -1,0 +1,78 @@
+#include <filesystem>
+
+#include "command_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+/// The files of examples/contours hold what their remarks promise.
+class ContourExamples : public ContourCommandTest {
+ protected:
+  static std::string Example(const std::string& name) {
+    return "'" VANZET_SOURCE_DIR "/examples/contours/" + name + "'";
+  }
+  nlohmann::json FactsOf(const std::string& name, std::size_t contour = 0) {
+    return Json("info " + Example(name))["contours"].at(contour);
+  }
+};
+
+TEST_F(ContourExamples, AllAreReadAndDrawn) {
+  int count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(VANZET_SOURCE_DIR "/examples/contours")) {
+    const Outcome run = Vanzet("contour info '" + entry.path().string() + "' --numbers --svg picture.svg");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(ReadBytes(folder / "picture.svg"), testing::EndsWith("</svg>\n"));
+    ++count;
+  }
+  EXPECT_GE(count, 10);
+}
+
+TEST_F(ContourExamples, TheRoundedSquare) {
+  EXPECT_NEAR(FactsOf("rounded_square.txt")["perimeter"], 96 + 16 * kPi, 1e-9);
+  EXPECT_NEAR(FactsOf("rounded_square.txt")["area"], 1600 - (4 - kPi) * 64, 1e-9);
+}
+
+TEST_F(ContourExamples, TheRingHasItsBoreTheOtherWay) {
+  EXPECT_EQ(FactsOf("ring.txt", 0)["direction"], "anticlockwise");
+  EXPECT_EQ(FactsOf("ring.txt", 1)["direction"], "clockwise");
+  EXPECT_NEAR(FactsOf("ring.txt", 1)["area"], 324 * kPi, 1e-9);
+}
+
+TEST_F(ContourExamples, TheLensIsTwoSegmentsOfCircles) {
+  // A segment of the radius 50 with half the chord 30: the half angle has the sine 0.6.
+  const double half = std::asin(0.6);
+  EXPECT_NEAR(FactsOf("lens.txt")["perimeter"], 4 * 50 * half, 1e-9);
+  EXPECT_NEAR(FactsOf("lens.txt")["area"], 2 * 2500 * (half - 0.6 * 0.8), 1e-9);
+}
+
+TEST_F(ContourExamples, TheWheelIsBetweenItsTwoCircles) {
+  // Tips of 9 degrees, gaps of 13 and flanks of 4 each: sectors, and triangles below the flanks.
+  const double degree = kPi / 180;
+  const double tooth = (9 * 30 * 30 + 13 * 24 * 24) * degree / 2 + 30 * 24 * std::sin(4 * degree);
+  EXPECT_NEAR(FactsOf("gear.txt")["area"], 12 * tooth, 0.05) << "its file has four decimals";
+  EXPECT_EQ(Json("intersect " + Example("gear.txt") + " " + Example("pitch_circle.txt"))["points"].size(),
+            24U);
+}
+
+TEST_F(ContourExamples, ThePinchedSquaresHaveBothTheirAreas) {
+  EXPECT_NEAR(FactsOf("pinched.txt")["area"], 800, 1e-9);
+}
+
+TEST_F(ContourExamples, TheScanReducesToThreeLines) {
+  const Outcome reduced = Vanzet("contour reduce " + Example("scan.txt") + " --tolerance 0.05");
+  EXPECT_EQ(Json("info", reduced.out)["contours"][0]["spans"], 3);
+}
+
+TEST_F(ContourExamples, TheBracketIsItsRectanglesWithARoundedAndAFilledCorner) {
+  // 60 x 20 and 20 x 30; a corner of radius 5 is cut off, one of radius 8 filled.
+  EXPECT_NEAR(FactsOf("bracket.dxf")["area"], 1200 + 600 + (1 - kPi / 4) * (64 - 25), 1e-6);
+  EXPECT_EQ(Json("info " + Example("bracket.dxf") + " --layer holes")["contours"].size(), 2U);
+}
+
+TEST_F(ContourExamples, TheLinkIsJoinedInInches) {
+  EXPECT_NEAR(FactsOf("link.dxf")["area"], 25.4 * 25.4 * (2 + kPi / 4), 0.001);
+  EXPECT_EQ(FactsOf("link.dxf")["spans"], 4);
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,88 @@
+#include "command_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+
+class ContourUsage : public ContourCommandTest {};
+
+TEST_F(ContourUsage, HelpOfEveryOperationHasAnExample) {
+  for (const std::string operation :
+       {"", "info", "near", "inside", "intersect", "split", "reduce", "transform", "part", "circle"}) {
+    const Outcome help = Vanzet("contour " + operation + " --help");
+    EXPECT_EQ(help.status, 0) << operation;
+    EXPECT_THAT(help.out, HasSubstr("Example:\n  vanzet contour " + operation)) << operation;
+  }
+}
+
+TEST_F(ContourUsage, WrongUsageHasTheStatusTwo) {
+  for (const char* arguments : {"",
+                                "dance slot.txt",
+                                "info slot.txt extra",
+                                "near slot.txt",
+                                "near slot.txt 1",
+                                "near slot.txt 1 2 3",
+                                "near slot.txt one 2",
+                                "near slot.txt nan 2",
+                                "near slot.txt 1,5 2",
+                                "near slot.txt 1e99 2",
+                                "intersect slot.txt",
+                                "intersect - -",
+                                "split slot.txt --tolerance 0",
+                                "split slot.txt --tolerance -1",
+                                "split slot.txt --tolerance inf",
+                                "split slot.txt --tolerance",
+                                "info slot.txt --tolerance 1",
+                                "transform slot.txt --move 5",
+                                "transform slot.txt --move 5,x",
+                                "transform slot.txt --mirror z",
+                                "transform slot.txt --scale 0",
+                                "transform slot.txt --scale -1",
+                                "transform slot.txt --turn east",
+                                "part slot.txt 1 2 3",
+                                "circle 0 0",
+                                "circle 0 0 5 9",
+                                "info slot.txt --unit ell",
+                                "info slot.txt --join -1",
+                                "info slot.txt --contour x"}) {
+    const Outcome run = Vanzet(std::string("contour ") + arguments);
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_NE(run.err, "") << arguments;
+    EXPECT_EQ(run.out, "") << arguments;
+  }
+}
+
+TEST_F(ContourUsage, BadFilesAreOneLineWithTheirPlace) {
+  WriteBytes(folder / "bad.txt", "k1 e x0 y0\nx1 yy\nek\n");
+  EXPECT_EQ(Fault("info bad.txt"), "vanzet: bad.txt:2:5: expected a number, found 'y'\n");
+  WriteBytes(folder / "bad.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10\nzero\n");
+  EXPECT_EQ(Fault("info bad.dxf"), "vanzet: bad.dxf:8: expected a number, found 'zero'\n");
+  EXPECT_EQ(Fault("info none.txt"), "vanzet: none.txt: cannot be read\n");
+  EXPECT_EQ(Fault("info ."), "vanzet: .: is a folder\n");
+  EXPECT_EQ(Fault("info", "hello\n"),
+            "vanzet: standard input:1:1: expected the start of a contour like 'k1 e', found 'hello'\n");
+  EXPECT_EQ(Fault("info /dev/zero"), "vanzet: /dev/zero:1: is no text: the line has a control character\n");
+}
+
+TEST_F(ContourUsage, ResultsThatAreTooLargeAreRefused) {
+  EXPECT_THAT(Fault("transform slot.txt --scale 1e6"), HasSubstr("is not within 1e+07 mm"));
+  EXPECT_THAT(Fault("circle 9e6 0 2e6"), HasSubstr("is not within 1e+07 mm"));
+}
+
+TEST_F(ContourUsage, AFullStandardOutputIsAFault) {
+  for (const char* arguments : {"info slot.txt", "split slot.txt", "split slot.txt --json"}) {
+    const Outcome run = Vanzet("contour " + std::string(arguments) + " >/dev/full");
+    EXPECT_EQ(run.status, 1) << arguments;
+    EXPECT_EQ(run.err, "vanzet: standard output cannot be written\n") << arguments;
+  }
+}
+
+TEST_F(ContourUsage, NumbersHaveAPointUnderEveryLocale) {
+  const std::string german = "LC_ALL=de_DE.UTF-8 LOCPATH='" VANZET_BINARY_DIR "/locales'";
+  EXPECT_EQ(Vanzet("contour near slot.txt 5.5 14", german).out, Vanzet("contour near slot.txt 5.5 14").out);
+  EXPECT_EQ(Vanzet("contour split slot.txt", german).out, Vanzet("contour split slot.txt").out);
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,133 @@
+#include "dxf_fixture.h"
+
+namespace vanzet::contour {
+namespace {
+
+class DxfPiecesTest : public DxfTest {
+ protected:
+  static Contour One(const std::string& entities) {
+    Contours contours = ContoursOf(entities);
+    EXPECT_EQ(contours.size(), 1U);
+    return contours.empty() ? Contour() : contours.front();
+  }
+};
+
+TEST_F(DxfPiecesTest, ALine) {
+  const Contour line = One(kLine);
+  EXPECT_THAT(line.curve.Start(), IsAt(1, 2, 0));
+  EXPECT_THAT(line.curve.End(), IsAt(3, 4, 0));
+}
+
+TEST_F(DxfPiecesTest, AnArcRunsAnticlockwiseFromItsFirstAngle) {
+  const Contour arc = One("0 ARC|8 0|10 5|20 6|40 2|50 300|51 30");
+  ASSERT_EQ(arc.curve.SpanCount(), 1);
+  EXPECT_EQ(arc.curve.spans[0].dir, 1);
+  EXPECT_THAT(arc.curve.spans[0].pc, IsAt(5, 6, 1e-9));
+  EXPECT_THAT(arc.curve.Start(), IsAt(6, 6 - std::sqrt(3), 1e-9));
+  EXPECT_THAT(arc.curve.End(), IsAt(5 + std::sqrt(3), 7, 1e-9));
+  EXPECT_NEAR(arc.curve.perim, 2 * kPi / 2, 1e-9);
+}
+
+TEST_F(DxfPiecesTest, ACircleAndAnArcOfAFullTurnAreTwoHalves) {
+  for (const char* entity : {"0 CIRCLE|8 0|10 5|20 6|40 2", "0 ARC|8 0|10 5|20 6|40 2|50 30|51 390"}) {
+    const Facts facts = FactsOf(One(entity));
+    EXPECT_EQ(facts.arcs, 2) << entity;
+    EXPECT_NEAR(facts.area, 4 * kPi, 1e-9) << entity;
+    EXPECT_EQ(facts.direction, 1) << entity;
+  }
+}
+
+TEST_F(DxfPiecesTest, ABulgeIsTheTangentOfAQuarterOfTheAngle) {
+  // tan(22.5 degrees): a quarter turn, to the left of the way for a positive bulge.
+  const Contour left = One("0 LWPOLYLINE|90 2|70 0|10 10|20 0|42 0.41421356237309503|10 0|20 10");
+  EXPECT_EQ(left.curve.spans[0].dir, 1);
+  EXPECT_THAT(left.curve.spans[0].pc, IsAt(0, 0, 1e-9));
+  const Contour right = One("0 LWPOLYLINE|90 2|70 0|10 10|20 0|42 -0.41421356237309503|10 0|20 10");
+  EXPECT_EQ(right.curve.spans[0].dir, -1);
+  EXPECT_THAT(right.curve.spans[0].pc, IsAt(10, 10, 1e-9));
+}
+
+TEST_F(DxfPiecesTest, ABulgeAboveOneIsMoreThanHalfATurn) {
+  // tan(67.5 degrees): three quarters of a turn.
+  const Contour contour = One("0 LWPOLYLINE|90 2|70 0|10 10|20 0|42 2.414213562373095|10 0|20 10");
+  EXPECT_NEAR(contour.curve.spans[0].angle, 1.5 * kPi, 1e-9);
+  EXPECT_THAT(contour.curve.spans[0].pc, IsAt(10, 10, 1e-9));
+}
+
+TEST_F(DxfPiecesTest, AClosedPolylineEndsWithTheBulgeOfItsLastVertex) {
+  const Facts facts = FactsOf(One("0 LWPOLYLINE|90 2|70 1|10 -3|20 0|42 1|10 3|20 0|42 1"));
+  EXPECT_TRUE(facts.closed);
+  EXPECT_NEAR(facts.area, 9 * kPi, 1e-9);
+}
+
+TEST_F(DxfPiecesTest, AnOldPolylineBringsItsVerticesOneByOne) {
+  const Contour contour = One(
+      "0 POLYLINE|8 A|66 1|70 1|0 VERTEX|8 A|10 0|20 0|0 VERTEX|8 A|10 4|20 0|42 1|0 VERTEX|8 A|10 4|20 2|"
+      "0 VERTEX|8 A|10 0|20 2|0 SEQEND");
+  EXPECT_EQ(contour.curve.SpanCount(), 4);
+  EXPECT_NEAR(FactsOf(contour).area, 8 + kPi / 2, 1e-9);
+}
+
+TEST_F(DxfPiecesTest, VerticesThatRepeatAreDropped) {
+  EXPECT_EQ(One("0 LWPOLYLINE|90 4|70 0|10 0|20 0|10 0|20 0|10 4|20 0|10 4|20 0").curve.SpanCount(), 1);
+}
+
+TEST_F(DxfPiecesTest, WhatIsSeenFromBehindIsMirrored) {
+  const Contour arc = One("0 ARC|8 0|10 5|20 0|40 1|50 0|51 90|210 0|220 0|230 -1");
+  EXPECT_EQ(arc.curve.spans[0].dir, -1);
+  EXPECT_THAT(arc.curve.spans[0].pc, IsAt(-5, 0, 1e-9));
+  EXPECT_THAT(arc.curve.Start(), IsAt(-6, 0, 1e-9));
+  const Contour polyline = One("0 LWPOLYLINE|90 2|70 0|230 -1|10 1|20 0|42 1|10 3|20 0");
+  EXPECT_EQ(polyline.curve.spans[0].dir, -1);
+  EXPECT_THAT(polyline.curve.Start(), IsAt(-1, 0, 1e-9));
+}
+
+TEST_F(DxfPiecesTest, UnitsBecomeMillimetres) {
+  const std::pair<const char*, double> units[] = {{"1", 25.4}, {"4", 1}, {"0", 1}, {"6", 1000}, {"5", 10}};
+  for (const auto& [unit, factor] : units) {
+    const auto content = Dxf(Drawing(kLine, unit));
+    ASSERT_TRUE(content) << unit;
+    EXPECT_THAT(content->contours[0].curve.End(), IsAt(3 * factor, 4 * factor, 1e-9)) << unit;
+  }
+}
+
+TEST_F(DxfPiecesTest, TheUnitThatIsAskedForWins) {
+  const auto content = Dxf(Drawing(kLine, "4"), {.unit = "inch"});
+  ASSERT_TRUE(content);
+  EXPECT_THAT(content->contours[0].curve.End(), IsAt(76.2, 101.6, 1e-9));
+  EXPECT_EQ(Refused(Drawing(kLine), {.unit = "ell"}), "expected the unit mm, inch or m, found 'ell'");
+}
+
+TEST_F(DxfPiecesTest, ALayerIsChosenByNameInAnyCase) {
+  const std::string two = std::string(kLine) + "|0 LINE|8 Bore|10 0|20 0|11 0|21 9";
+  ASSERT_EQ(ContoursOf(two).size(), 2U);
+  const Contours bore = ContoursOf(two, {.layer = "BORE"});
+  ASSERT_EQ(bore.size(), 1U);
+  EXPECT_NEAR(bore[0].curve.perim, 9, 1e-12);
+  EXPECT_EQ(Refused(Drawing(two), {.layer = "Lid"}),
+            "d.dxf: there is nothing to make a contour of on the layer 'Lid'; there is on '0', 'Bore'");
+}
+
+TEST_F(DxfPiecesTest, TellsWhatItLeavesOut) {
+  const auto content = Dxf(Drawing(
+      std::string(kLine) +
+      "|0 TEXT|8 0|1 hello|0 SPLINE|8 0|0 TEXT|1 x|0 ARC|8 0|10 0|20 0|40 1|50 0|51 9|210 1|220 0|230 0"
+      "|0 LINE|67 1|10 0|20 0|11 1|21 1|0 POLYLINE|70 8|0 VERTEX|10 0|20 0|0 SEQEND"
+      "|0 CIRCLE|10 0|20 0|40 0"));
+  ASSERT_TRUE(content);
+  EXPECT_EQ(content->contours.size(), 1U);
+  EXPECT_THAT(content->remarks, testing::ElementsAre("d.dxf: left out 1 ARC in a tilted plane",
+                                                     "d.dxf: left out 1 ARC or CIRCLE without a radius",
+                                                     "d.dxf: left out 1 LINE on paper",
+                                                     "d.dxf: left out 1 POLYLINE that is a spline or a mesh",
+                                                     "d.dxf: left out 1 SPLINE", "d.dxf: left out 2 TEXT"));
+}
+
+TEST_F(DxfPiecesTest, WhatIsInABlockIsNoContour) {
+  EXPECT_EQ(
+      Refused(Groups(std::string("0 SECTION|2 BLOCKS|0 BLOCK|2 part|") + kLine + "|0 ENDBLK|0 ENDSEC|0 EOF")),
+      "d.dxf: there is nothing to make a contour of");
+}
+
+}  // namespace
+}  // namespace vanzet::contour
