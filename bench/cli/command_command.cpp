@@ -22,14 +22,14 @@ std::vector<std::string> LinesOf(std::istream& input) {
 
 Result<void> Command(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitProject(arguments.words);
-  const auto session = OpenSession(operands.project, "", context);
-  if (!session) return session.fault();
+  const auto hosted = HostProject(operands.project, "", context);
+  if (!hosted) return hosted.fault();
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
   const std::vector<std::string> lines = fromInput ? LinesOf(std::cin) : operands.words;
-  if (lines.size() == 1) return (*session)->host->Command(lines.front());
+  if (lines.size() == 1) return (*hosted)->host->Command(lines.front());
   std::size_t failed = 0;
   for (const std::string& line : lines) {
-    const auto run = (*session)->host->Command(line);
+    const auto run = (*hosted)->host->Command(line);
     if (run) continue;
     context.panel.Tell(run.fault());
     ++failed;

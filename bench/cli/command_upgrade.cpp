@@ -19,13 +19,13 @@ struct Arguments {
 };
 
 /// Looks at the definition of one spur after the call: what is wrong with it, or a line about it.
-Result<std::string> Check(std::int32_t spur, const Session& session) {
-  const std::uint32_t number = session.project.DefinitionOf(spur);
+Result<std::string> Check(std::int32_t spur, const HostedProject& hosted) {
+  const std::uint32_t number = hosted.project.DefinitionOf(spur);
   const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
-  const auto open = session.host->store.IsOpen(number);
+  const auto open = hosted.host->store.IsOpen(number);
   if (!open) return open.fault();
   if (*open) return Fault{name + " is open in another process and was not upgraded"};
-  const auto content = session.host->store.Snapshot(number);
+  const auto content = hosted.host->store.Snapshot(number);
   if (!content) return content.fault();
   const auto definition = project::ReadDefinition(*content);
   if (!definition) return definition.fault();
@@ -37,19 +37,20 @@ Result<std::string> Check(std::int32_t spur, const Session& session) {
 }
 
 Result<void> Upgrade(const Arguments& arguments, Context& context) {
-  const auto session = OpenSession(arguments.project, arguments.trace, context);
-  if (!session) return session.fault();
-  const auto spurs = (*session)->project.SpindleSpurs();
+  const auto hosted = HostProject(arguments.project, arguments.trace, context);
+  if (!hosted) return hosted.fault();
+  api::Host& host = *(*hosted)->host;
+  const auto spurs = (*hosted)->project.SpindleSpurs();
   if (!spurs) return spurs.fault();
   // The module would tell a store that cannot be used once for each of its calls.
-  if (const auto usable = (*session)->host->store.Check(); !usable) return usable;
+  if (const auto usable = host.store.Check(); !usable) return usable;
   const auto module = api::FindModule(context.program);
   if (!module) return module.fault();
-  if (const auto called = api::CallModule(*module, "ReOrgVdm", *(*session)->host); !called) return called;
+  if (const auto called = api::CallModule(*module, "ReOrgVdm", host); !called) return called;
 
   std::string lines;
   for (std::int32_t spur = 0; spur < *spurs; ++spur) {
-    const auto line = Check(spur, **session);
+    const auto line = Check(spur, **hosted);
     if (!line) return line.fault();
     lines += *line;
   }

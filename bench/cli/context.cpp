@@ -39,8 +39,8 @@ SplitWords SplitProject(const std::vector<std::string>& words) {
   return {words.front(), {words.begin() + 1, words.end()}};
 }
 
-Result<std::unique_ptr<Session>> OpenSession(const std::filesystem::path& folder,
-                                             const std::string& traceFile, Context& context) {
+Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
+                                                   const std::string& traceFile, Context& context) {
   auto project = project::Project::Open(folder, context.share);
   if (!project) return project.fault();
   std::unique_ptr<api::Trace> trace;
@@ -51,9 +51,9 @@ Result<std::unique_ptr<Session>> OpenSession(const std::filesystem::path& folder
     if (!opened) return opened.fault();
     trace = std::move(*opened);
   }
-  auto session = std::make_unique<Session>(Session{std::move(*project), nullptr});
-  session->host = std::make_unique<api::Host>(session->project, context.panel, std::move(trace));
-  return session;
+  auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(*project), nullptr});
+  hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
+  return hosted;
 }
 
 }  // namespace vanzet::cli

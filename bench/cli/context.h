@@ -48,12 +48,14 @@ SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t coun
 /// The same for any number of words: the project is the first when it names a folder and others follow.
 SplitWords SplitProject(const std::vector<std::string>& words);
 
-/// Opens the project of a command line and makes a host of it; `traceFile` may be empty.
-struct Session {
+/// A project and the host that a module meets in it.
+struct HostedProject {
   project::Project project;
   std::unique_ptr<api::Host> host;
 };
-Result<std::unique_ptr<Session>> OpenSession(const std::filesystem::path& folder,
-                                             const std::string& traceFile, Context& context);
+
+/// Opens the project of a command line and makes its host; `traceFile` may be empty.
+Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
+                                                   const std::string& traceFile, Context& context);
 
 }  // namespace vanzet::cli
