@@ -40,7 +40,9 @@ TEST(CLine, AtAnAngleInDegreesIsNotFlaggedValid) {
 }
 
 TEST(CLine, FromADirectionIsValidOnlyWhenNormalised) {
-  const CLine raw(Point(0, 0), 3, 4, false), made(Point(0, 0), 3, 4, true), null(Point(0, 0), 0, 0, true);
+  const CLine raw(Point(0, 0), 3, 4, false);
+  const CLine made(Point(0, 0), 3, 4, true);
+  const CLine null(Point(0, 0), 0, 0, true);
   EXPECT_FALSE(raw.ok);
   EXPECT_EQ(raw.v.dx, 3);
   EXPECT_TRUE(made.ok);
@@ -173,8 +175,9 @@ TEST(Plane, MeetsALine) {
 }
 
 TEST(Plane, TwoMeetInALineAndThreeInAPoint) {
-  const Plane a(Point3d(1, 0, 0), Vector3d(1, 0, 0)), b(Point3d(0, 2, 0), Vector3d(1, 1, 0)),
-      c(Point3d(0, 0, 3), Vector3d(0, 1, 4));
+  const Plane a(Point3d(1, 0, 0), Vector3d(1, 0, 0));
+  const Plane b(Point3d(0, 2, 0), Vector3d(1, 1, 0));
+  const Plane c(Point3d(0, 0, 3), Vector3d(0, 1, 4));
   Line edge;
   EXPECT_TRUE(a.Intof(b, edge));
   EXPECT_TRUE(edge.ok);
@@ -191,7 +194,8 @@ TEST(Plane, TwoMeetInALineAndThreeInAPoint) {
 }
 
 TEST(Plane, ParallelOnesDoNotMeet) {
-  const Plane a(Point3d(0, 0, 1), Vector3d(0, 0, 1)), b(Point3d(0, 0, 2), Vector3d(0, 0, -1));
+  const Plane a(Point3d(0, 0, 1), Vector3d(0, 0, 1));
+  const Plane b(Point3d(0, 0, 2), Vector3d(0, 0, -1));
   Line edge;
   Point3d corner;
   EXPECT_FALSE(a.Intof(b, edge));
@@ -240,7 +244,8 @@ TEST(Line, NearestPointByItsDistanceFromTheOrigin) {
 }
 
 TEST(Line, DistanceOfTwoIsAlongTheirCommonNormal) {
-  const Line x(Point3d(0, 0, 0), Vector3d(5, 0, 0)), y(Point3d(7, 7, -3), Vector3d(0, 2, 0));
+  const Line x(Point3d(0, 0, 0), Vector3d(5, 0, 0));
+  const Line y(Point3d(7, 7, -3), Vector3d(0, 2, 0));
   EXPECT_DOUBLE_EQ(Dist(x, y), 3);
   EXPECT_TRUE(std::isnan(Dist(x, x)));
 }

@@ -21,7 +21,8 @@ Span Arc(int dir, const Point& c, double r, double fromDegrees, double toDegrees
 }
 
 TEST(IntofLines, MeetAtAPointWithItsParameter) {
-  const CLine a(Point(1, 1), Point(4, 1)), b(Point(3, -5), Point(3, 9));
+  const CLine a(Point(1, 1), Point(4, 1));
+  const CLine b(Point(3, -5), Point(3, 9));
   double t = 0;
   EXPECT_TRUE(Intof(a, b, t) == Point(3, 1));
   EXPECT_EQ(t, 2);
@@ -59,7 +60,8 @@ TEST(IntofLineAndCircle, ATangentTouchesOnce) {
 }
 
 TEST(IntofCircles, FirstIsLeftOfTheWay) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8, 0), 5), p1, p2), 2);
   EXPECT_TRUE(p1 == Point(4, 3));
   EXPECT_TRUE(p2 == Point(4, -3));
@@ -72,7 +74,8 @@ TEST(IntofCircles, FirstIsLeftOfTheWay) {
 
 TEST(IntofCircles, TouchingOnesMeetOnce) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8, 0), 3), p1, p2), 1);
   EXPECT_TRUE(p1 == Point(5, 0));
   EXPECT_TRUE(p2 == p1);
@@ -90,8 +93,10 @@ TEST(IntofCircles, TouchingOnesMeetOnce) {
 TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
   const UnitsGuard guard(0);
   // A little off, the radical line lies just outside the small circle, which is then tried behind its centre.
-  Point p1, p2;
-  const Circle small(Point(1.998, 0), 3), large(Point(0, 0), 5);
+  Point p1;
+  Point p2;
+  const Circle small(Point(1.998, 0), 3);
+  const Circle large(Point(0, 0), 5);
   EXPECT_EQ(Intof(small, large, p1, p2), 1);
   EXPECT_TRUE(p1 == Point(4.998, 0));
   EXPECT_TRUE(p2 == p1);
@@ -101,7 +106,8 @@ TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
 
 TEST(IntofCircles, ApartWithinOrConcentricDoNotMeet) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8.006, 0), 3), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(1.99, 0), 3), p1, p2), 0);
@@ -126,7 +132,8 @@ TEST(IntofCircles, CrossingsLieOnBoth) {
 }
 
 TEST(IntofSpans, LinesCrossBetweenTheirEnds) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 0)), Span(Point(4, -1), Point(4, 3)), p1, p2, t), 1);
   EXPECT_TRUE(p1 == Point(4, 0));
@@ -137,7 +144,8 @@ TEST(IntofSpans, LinesCrossBetweenTheirEnds) {
 }
 
 TEST(IntofSpans, LinesThatMissHaveACarrierPointButNoCount) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   // The boxes overlap, the lines end before they meet.
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 10)), Span(Point(6, 4), Point(10, 0)), p1, p2, t), 0);
@@ -147,21 +155,24 @@ TEST(IntofSpans, LinesThatMissHaveACarrierPointButNoCount) {
 }
 
 TEST(IntofSpans, ParallelLinesDoNotMeet) {
-  Point p1(1, 1), p2(1, 1);
+  Point p1(1, 1);
+  Point p2(1, 1);
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 0)), Span(Point(2, 0), Point(5, 0)), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_EQ(p1.x, INVALID_POINT.x);
 }
 
 TEST(IntofSpans, DisjointBoxesEndTheSearch) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(1, 1)), Span(Point(5, 0), Point(4, 1)), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
 }
 
 TEST(IntofSpans, EndsReachOutByTheToleranceWhereBoxesMeet) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   const Span a(Point(0, 0), Point(10, 10));
   EXPECT_EQ(Intof(a, Span(Point(5.003, 4.997), Point(9, 1)), p1, p2), 1);
   EXPECT_EQ(Intof(a, Span(Point(5.004, 4.996), Point(9, 1)), p1, p2), 0);
@@ -172,7 +183,8 @@ TEST(IntofSpans, EndsReachOutByTheToleranceWhereBoxesMeet) {
 
 TEST(IntofSpans, ALineCrossesAnArc) {
   const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(Span(Point(-10, 3), Point(10, 3)), arc, p1, p2, t), 2);
   for (int i = 0; i < 2; ++i) {
@@ -187,11 +199,13 @@ TEST(IntofSpans, ALineCrossesAnArc) {
 }
 
 TEST(IntofSpans, TheOnlyValidCrossingComesFirst) {
-  const Span upper = Arc(ACW, Point(0, 0), 5, 0, 180), lower = Arc(CW, Point(0, 0), 5, 0, 180);
+  const Span upper = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span lower = Arc(CW, Point(0, 0), 5, 0, 180);
   const Span line(Point(1, -10), Point(1, 9));
   const double root = std::sqrt(24.0);
   for (const auto& [arc, y] : {std::pair{upper, root}, std::pair{lower, -root}}) {
-    Point p1, p2;
+    Point p1;
+    Point p2;
     double t[4] = {-9, -9, -9, -9};
     EXPECT_EQ(Intof(line, arc, p1, p2, t), 1);
     EXPECT_TRUE(p1 == Point(1, y));
@@ -202,8 +216,10 @@ TEST(IntofSpans, TheOnlyValidCrossingComesFirst) {
 }
 
 TEST(IntofSpans, ArcWithLineKeepsTheLinesParameter) {
-  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180), line(Point(0, 0), Point(0, 10));
-  Point p1, p2;
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span line(Point(0, 0), Point(0, 10));
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(arc, line, p1, p2, t), 1);
   EXPECT_DOUBLE_EQ(t[0], 0.5);
@@ -211,14 +227,17 @@ TEST(IntofSpans, ArcWithLineKeepsTheLinesParameter) {
 }
 
 TEST(IntofSpans, ALineTouchesAnArcOnce) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Span(Point(-9, 5), Point(9, 5)), Arc(ACW, Point(0, 0), 5, 0, 180), p1, p2), 1);
   EXPECT_TRUE(p1 == Point(0, 5));
 }
 
 TEST(IntofSpans, ArcsMeetWhereBothRun) {
-  const Span left = Arc(ACW, Point(0, 0), 5, -90, 90), right = Arc(CW, Point(8, 0), 5, -90, 90);
-  Point p1, p2;
+  const Span left = Arc(ACW, Point(0, 0), 5, -90, 90);
+  const Span right = Arc(CW, Point(8, 0), 5, -90, 90);
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(left, right, p1, p2), 2);
   EXPECT_TRUE(p1 == Point(4, 3));
   EXPECT_TRUE(p2 == Point(4, -3));
@@ -234,8 +253,10 @@ TEST(IntofSpans, ArcsMeetWhereBothRun) {
 }
 
 TEST(IntofSpans, ArcsOnCirclesThatMissGiveTheEndOfTheFirst) {
-  const Span outer = Arc(ACW, Point(0, 0), 5, 0, 180), inner = Arc(ACW, Point(0, 1), 1, 0, 180);
-  Point p1, p2;
+  const Span outer = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span inner = Arc(ACW, Point(0, 1), 1, 0, 180);
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(outer, inner, p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_TRUE(p1 == Point(-5, 0));
@@ -252,7 +273,8 @@ TEST(IntofSpans, CrossingsLieOnBothSpans) {
       const double from = random.Between(-180, 180);
       return Arc(dir, p, random.Between(1, 9), from, from + random.Between(5, 355));
     };
-    const Span a = any(), b = any();
+    const Span a = any();
+    const Span b = any();
     Point p[2];
     const int count = Intof(a, b, p[0], p[1]);
     for (int k = 0; k < count; ++k) {
@@ -283,7 +305,8 @@ TEST(IntofSpans, AgreeWithFineChords) {
       const double d1 = carrier.Dist(arc.AlongFraction((k + 1) / 2000.0));
       crossings += (d0 < 0) != (d1 < 0) ? 1 : 0;
     }
-    Point p1, p2;
+    Point p1;
+    Point p2;
     EXPECT_EQ(Intof(line, arc, p1, p2), crossings);
   }
 }
@@ -307,7 +330,8 @@ TEST(Dist, OfCirclesIsTheGap) {
 
 TEST(IntofInSpace, LinesMeetBetweenTheirEnds) {
   Point3d p;
-  const Line a(Point3d(0, 0, 0), Point3d(10, 10, 10)), b(Point3d(0, 10, 5), Point3d(10, 0, 5));
+  const Line a(Point3d(0, 0, 0), Point3d(10, 10, 10));
+  const Line b(Point3d(0, 10, 5), Point3d(10, 0, 5));
   EXPECT_TRUE(Intof(a, b, p));
   EXPECT_TRUE(p == Point3d(5, 5, 5));
   EXPECT_TRUE(Intof(b, a, p));
@@ -359,7 +383,8 @@ TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
       return Point3d(random.Between(-4, 4), random.Between(-4, 4), random.Between(-4, 4));
     };
     const Line line(any(), any());
-    bool inside = false, near = false;
+    bool inside = false;
+    bool near = false;
     for (int k = -4000; k <= 4000; ++k) {
       const Point3d p = line.p0 + line.v * (k / 200.0);
       inside = inside || !box.Outside(p);
@@ -378,14 +403,17 @@ TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
 
 TEST(Intof, TakesWhatIsNotANumberWithoutHarm) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
-    const CLine line(Point(bad, 0), bad, 1, true), good(Point(0, 0), 1, 1, true);
+    const CLine line(Point(bad, 0), bad, 1, true);
+    const CLine good(Point(0, 0), 1, 1, true);
     const Circle circle(Point(bad, bad), bad);
-    Point p1, p2;
+    Point p1;
+    Point p2;
     Intof(line, good);
     Intof(1, line, Circle(Point(0, 0), 1), p1);
     Intof(-1, good, circle, p1);
     EXPECT_LE(Intof(circle, Circle(Point(0, 0), 1), p1, p2), 2);
-    Span span(Point(bad, 0), Point(1, bad)), arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
+    Span span(Point(bad, 0), Point(1, bad));
+    Span arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
     EXPECT_LE(Intof(span, arc, p1, p2), 2);
     EXPECT_LE(Intof(arc, span, p1, p2), 2);
     EXPECT_LE(Intof(span, span, p1, p2), 1);

@@ -52,7 +52,8 @@ Matrix Move(double angle, double scale, double dx, double dy) {
 }
 
 void ExpectVertex(const Kurve& k, int v, int type, const Point& p) {
-  Point at, centre;
+  Point at;
+  Point centre;
   EXPECT_EQ(k.Get(v, at, centre), type) << v;
   EXPECT_TRUE(at == p) << v << ": " << at.x << ", " << at.y;
 }
@@ -76,7 +77,8 @@ TEST(Kurve, TheFirstAddStartsIt) {
   EXPECT_TRUE(k.started);
   EXPECT_EQ(k.nVertices, 1);
   ExpectVertex(k, 0, LINEAR, Point(3, 4));
-  Point p, pc;
+  Point p;
+  Point pc;
   k.Get(0, p, pc);
   EXPECT_TRUE(pc == Point(0, 0));
 }
@@ -106,7 +108,8 @@ TEST(Kurve, RefusesOrFlattensNullSpans) {
   EXPECT_FALSE(k.Add(ACW, Point(0.004, 0), Point(1, 1), false));
   EXPECT_EQ(k.nVertices, 1);
   EXPECT_TRUE(k.Add(ACW, Point(0.004, 0), Point(1, 1), true));
-  Point p, pc;
+  Point p;
+  Point pc;
   EXPECT_EQ(k.Get(1, p, pc), LINEAR);
   EXPECT_TRUE(pc == Point(1, 1)) << "the centre is kept as given";
   EXPECT_TRUE(k.Add(ACW, Point(0.0091, 0), Point(1, 1), false)) << "from the tolerance up it is a span";
@@ -163,7 +166,8 @@ TEST(Kurve, VerticesCrossBlocks) {
   k.Reverse(true);
   ExpectVertex(k, 69 - 31, CW, Point(31, 0));
   ExpectVertex(k, 69 - 32, LINEAR, Point(32, 0));
-  Point p, pc;
+  Point p;
+  Point pc;
   k.Get(69 - 31, p, pc);
   EXPECT_TRUE(pc == Point(31.5, 0));
 }
@@ -172,7 +176,8 @@ TEST(Kurve, CopiesAreDeep) {
   Kurve k = Square(1);
   k.Translate(5, 0);
   k.Reverse(true);
-  Kurve copy(k), assigned = Mixed();
+  Kurve copy(k);
+  Kurve assigned = Mixed();
   assigned = k;
   assigned = *&assigned;
   k.Replace(2, LINEAR, Point(9, 9), Point(0, 0));
@@ -201,7 +206,8 @@ TEST(Kurve, ReversedReadingMovesKindsToTheirNewEnds) {
   Kurve k = Mixed();
   EXPECT_FALSE(k.Reverse(true)) << "the former value";
   EXPECT_TRUE(k.Reverse(true));
-  Point p, pc(7, 7);
+  Point p;
+  Point pc(7, 7);
   EXPECT_EQ(k.Get(0, p, pc), LINEAR);
   EXPECT_TRUE(p == Point(3, 4));
   EXPECT_TRUE(pc == Point(7, 7)) << "left alone";
@@ -211,7 +217,8 @@ TEST(Kurve, ReversedReadingMovesKindsToTheirNewEnds) {
   EXPECT_EQ(k.Get(3, p, pc), CW);
   EXPECT_TRUE(p == Point(2, 0));
   EXPECT_TRUE(pc == Point(2, 1));
-  Point3d flat, centre;
+  Point3d flat;
+  Point3d centre;
   EXPECT_EQ(k.Get(3, flat, centre), CW);
   EXPECT_TRUE(flat == Point3d(2, 0, 0));
   EXPECT_TRUE(centre == Point3d(2, 1, 0));
@@ -230,8 +237,10 @@ TEST(Kurve, ReversedIDsMirrorTheVertexNotTheSpan) {
 
 TEST(Kurve, ReadingsOutOfRangeAreRefused) {
   Kurve k = Square(1);
-  Point p, pc;
-  Point3d q, qc;
+  Point p;
+  Point pc;
+  Point3d q;
+  Point3d qc;
   Span span;
   for (const int bad : {-1, 5, 1000}) {
     EXPECT_EQ(ThrownText([&] { k.Get(bad, p, pc); }), kGet);
@@ -304,7 +313,7 @@ TEST(Kurve, ReversedSpansRunBack) {
 TEST(Kurve, IndexWordsFollowTheReading) {
   Kurve k = Square(1);
   for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetIndex(v), 0u);
-  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v + 100));
+  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v) + 100);
   k.Reverse(true);
   EXPECT_EQ(k.GetIndex(0), 104u);
   EXPECT_EQ(k.GetIndex(4), 100u);
@@ -374,7 +383,8 @@ TEST(Kurve, ClosesWithinTheTolerance) {
 TEST(Kurve, MeasuresRefuseDifferentialScales) {
   Kurve k = Mixed();
   k.Scale(1, 2, 1);
-  Point min, max;
+  Point min;
+  Point max;
   EXPECT_EQ(ThrownText([&] { k.Perim(); }), kScale);
   EXPECT_EQ(ThrownText([&] { k.Area(); }), kScale) << "open or not";
   EXPECT_EQ(ThrownText([&] { k.Minmax(min, max); }), kScale);
@@ -383,7 +393,8 @@ TEST(Kurve, MeasuresRefuseDifferentialScales) {
 TEST(Kurve, ExtentGrowsByTheTightToleranceWithEachSpan) {
   const UnitsGuard guard(0);
   Kurve k = Square(3);
-  Point min, max;
+  Point min;
+  Point max;
   k.Minmax(min, max);
   EXPECT_NEAR(min.x, -4e-6, 1e-12);
   EXPECT_NEAR(max.y, 3 + 3e-6, 1e-12) << "reached by the second of the four";
@@ -514,7 +525,8 @@ TEST(Kurve, AppendingKeepsItsManners) {
 }
 
 TEST(Kurve, TurnsItsStorageRound) {
-  Kurve k = Mixed(), flagged = Mixed();
+  Kurve k = Mixed();
+  Kurve flagged = Mixed();
   k.ModifyIndex(1, 6);
   flagged.Reverse(true);
   k.Reverse();
@@ -523,7 +535,8 @@ TEST(Kurve, TurnsItsStorageRound) {
   for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetSpanID(v), UNMARKED);
   k.Reverse();
   EXPECT_TRUE(k == Mixed());
-  Kurve even = Square(1), again = Square(1);
+  Kurve even = Square(1);
+  Kurve again = Square(1);
   even.Add(Point(-1, -1));
   again = even;
   even.Reverse();
@@ -564,7 +577,8 @@ TEST(Kurve, ReduceMeasuresAllVerticesOfARun) {
   Kurve reduced = k;
   EXPECT_GT(reduced.Reduce(0.05), 150);
   for (int v = 0; v <= 200; ++v) {
-    Point p, pc;
+    Point p;
+    Point pc;
     k.Get(v, p, pc);
     int span = 0;
     EXPECT_LE(Dist(p, reduced.Near(p, span)), 0.0501) << v;
@@ -690,7 +704,8 @@ TEST(Kurve, TakesWhatIsNotANumberWithoutHarm) {
     k.Add(Point(4, bad));
     k.Add(Point(0, 0));
     int number = 0;
-    Point min, max;
+    Point min;
+    Point max;
     const std::wstring mismatch = L"Invalid Geometry - Radii mismatch - SetProperties";
     for (const std::wstring& text :
          {ThrownText([&] { k.Perim(); }), ThrownText([&] { k.Area(); }),

@@ -44,7 +44,8 @@ KurveEx Mixed() {
 }
 
 void ExpectTrueTotals(const KurveEx& k) {
-  double perim = 0, area = 0;
+  double perim = 0;
+  double area = 0;
   Span span;
   for (int i = 1; k.Get(i, span); ++i) {
     perim += span.length;
@@ -93,7 +94,8 @@ TEST(KurveEx, StartClearsAndIsBothEnds) {
 }
 
 TEST(KurveEx, KeepsRunningTotals) {
-  const KurveEx k = Square(3), mixed = Mixed();
+  const KurveEx k = Square(3);
+  const KurveEx mixed = Mixed();
   EXPECT_EQ(k.perim, 12);
   EXPECT_EQ(k.area, -9);
   EXPECT_DOUBLE_EQ(mixed.perim, 2 + kPi / 2 + 1 + kPi);
@@ -173,7 +175,8 @@ TEST(KurveEx, NullSpansOnRequestNeedAStart) {
 }
 
 TEST(KurveEx, AppendsAnotherInReadingOrder) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(5, 5));
   tail.Add(1, 5);
   tail.Add(0, 0);
@@ -188,7 +191,8 @@ TEST(KurveEx, AppendsAnotherInReadingOrder) {
 }
 
 TEST(KurveEx, AppendingDropsNullSpansOnRequest) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.AddNullSpan();
   tail.Add(0, 5);
@@ -197,7 +201,8 @@ TEST(KurveEx, AppendingDropsNullSpansOnRequest) {
 }
 
 TEST(KurveEx, AppendingCarriesTheWordsOfTheJoint) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.Add(5, 5);
   tail.AddIndex0(0, 11);
@@ -212,7 +217,8 @@ TEST(KurveEx, AppendingCarriesTheWordsOfTheJoint) {
 }
 
 TEST(KurveEx, AppendingRefusesToLoseWords) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.Add(5, 5);
   tail.AddIndex0(0, 11);
@@ -256,8 +262,8 @@ TEST(KurveEx, ASpanAtTheStartOfNothingIsTheFirst) {
 TEST(KurveEx, IndexWordsBelongToVertices) {
   KurveEx k = Square(1);
   for (int v = 0; v <= 4; ++v) {
-    k.AddIndex0(v, static_cast<IndexWord>(100 + v));
-    k.AddIndex1(v, static_cast<IndexWord>(200 + v));
+    k.AddIndex0(v, static_cast<IndexWord>(v) + 100);
+    k.AddIndex1(v, static_cast<IndexWord>(v) + 200);
   }
   EXPECT_EQ(k.index0, 100u);
   EXPECT_EQ(k.spans[3].index0, 104u);
@@ -502,7 +508,8 @@ TEST(KurveEx, ScaleMultipliesBothTotalsOnce) {
 
 TEST(KurveEx, TransformLeavesTheTotals) {
   KurveEx k = Mixed();
-  const double perim = k.perim, area = k.area;
+  const double perim = k.perim;
+  const double area = k.area;
   Matrix m;
   m.Scale(-2, 2, 1);
   m.Translate(1, 1);
@@ -602,7 +609,8 @@ TEST(KurveEx, LargestGapBetweenIDs) {
 }
 
 TEST(KurveEx, SameUnderTransformsLooksAtEveryVertex) {
-  Matrix a, b;
+  Matrix a;
+  Matrix b;
   b.Rotate(kPi, 3);
   EXPECT_FALSE(Square(1).SameUnderTransforms(a, b));
   EXPECT_TRUE(Square(1).SameUnderTransforms(b, b));
@@ -741,7 +749,8 @@ TEST(KurveEx, TakesWhatIsNotANumberWithoutHarm) {
     k.FindAlong(1, Point(0, 0), bad, t);
     k.Near(Point(bad, bad), number, t);
     k.Closed();
-    KurveEx a, b;
+    KurveEx a;
+    KurveEx b;
     SectionByFraction(k, k, bad, a, b);
     SectionByFraction(k, k, 0.5, a, b);
     SectionAtPoint(k, k, Point(bad, bad), a, b);

@@ -64,7 +64,8 @@ TEST(OnSpan, CountsAlongAnArcByAngle) {
 
 TEST(On, NeedsTheDistanceToo) {
   const UnitsGuard guard(0);
-  const Span line(Point(0, 0), Point(10, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(0, 0), Point(10, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   double t = -7;
   EXPECT_TRUE(line.On(Point(4, 0.005), t));
   EXPECT_DOUBLE_EQ(t, 0.4);
@@ -92,7 +93,8 @@ TEST(On, EndsCountWithinTheTolerance) {
 }
 
 TEST(Near, OfTheCarrierReachesBeyondTheEnds) {
-  const Span line(Point(1, 0), Point(5, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(1, 0), Point(5, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   double t = 0;
   EXPECT_TRUE(line.Near(Point(9, 3), t) == Point(9, 0));
   EXPECT_EQ(t, 8);
@@ -172,7 +174,8 @@ TEST(NearClamped, OfHalfATurnIsExactOnItsSideAndTheStartElsewhere) {
 }
 
 TEST(SpanDist, ReachesTheNearerEnd) {
-  const Span line(Point(0, 0), Point(10, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(0, 0), Point(10, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   Point nearest;
   EXPECT_EQ(line.Dist(Point(4, 3), nearest), 3);
   EXPECT_TRUE(nearest == Point(4, 0));
@@ -270,14 +273,16 @@ TEST(Inside, AgreesWithTheAngleSummedAround) {
   Random random(857);
   KurveEx star;
   for (int i = 0; i <= 14; ++i) {
-    const double angle = i % 14 * kPi / 7, r = i % 2 == 0 ? 9 : 3;
+    const double angle = i % 14 * kPi / 7;
+    const double r = i % 2 == 0 ? 9 : 3;
     star.Add(r * std::cos(angle), r * std::sin(angle));
   }
   for (int i = 0; i < 3000; ++i) {
     const Point p(random.Between(-10, 10), random.Between(-10, 10));
     double sum = 0;
     for (const Span& span : star.spans) {
-      const Vector2d a(p, span.p0), b(p, span.p1);
+      const Vector2d a(p, span.p0);
+      const Vector2d b(p, span.p1);
       sum += std::atan2(Cross(a, b), Dot(a, b));
     }
     EXPECT_EQ(star.windingNumber(p), std::lround(sum / (2 * kPi)));

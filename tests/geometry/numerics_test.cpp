@@ -191,7 +191,9 @@ TEST(SolveQuadratic, HasNoRootForWhatIsNotFinite) {
 TEST(SolveQuadratic, RootsSatisfyTheEquation) {
   testing::Random random(811);
   for (int i = 0; i < 10000; ++i) {
-    const double r1 = random.Between(-10, 10), r2 = random.Between(-10, 10), a = random.Between(0.5, 3);
+    const double r1 = random.Between(-10, 10);
+    const double r2 = random.Between(-10, 10);
+    const double a = random.Between(0.5, 3);
     const Roots roots = Solve(a, -a * (r1 + r2), a * r1 * r2);
     ASSERT_GE(roots.count, 1);
     const double larger = std::fabs(r1) > std::fabs(r2) ? r1 : r2;
