@@ -55,8 +55,8 @@ class Copy {
   KurveEx copy_;
 };
 
-/// Where the partner's span is cut, as a distance along it. `before` and `beforePartner` are the lengths of
-/// the spans before.
+/// Where the partner's span is cut, as a distance along it. `ownTarget` is the place on the partner's
+/// perimeter, `beforePartner` the length of its spans before.
 using PartnerDistance = double (*)(double d, const Span& span, const Span& partner, double ownTarget,
                                    double beforePartner);
 
