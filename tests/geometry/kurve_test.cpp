@@ -364,6 +364,47 @@ TEST(Kurve, PerimeterAndAreaScaleWithTheMatrix) {
   EXPECT_DOUBLE_EQ(Kurve(Point(1, 1), 2, CW).Perim(), 4 * kPi);
 }
 
+/// Closed, of lines and arcs of either sense.
+Kurve Garland(Random& random) {
+  Kurve k;
+  k.Start(Point(0, 0));
+  Point from(0, 0);
+  for (int i = 1; i <= 12; ++i) {
+    const Point to = i == 12 ? Point(0, 0) : Point(random.Between(-9, 9), random.Between(-9, 9));
+    const Point middle((from.x + to.x) / 2, (from.y + to.y) / 2);
+    k.Add(random.Below(3) - 1, to, middle + CLine(from, to).v.LeftNormal() * random.Between(-4, 4));
+    from = to;
+  }
+  return k;
+}
+
+TEST(Kurve, PerimeterAndAreaAreThoseOfFinePolygons) {
+  Random random(830);
+  for (int i = 0; i < 50; ++i) {
+    Kurve k = Garland(random);
+    k = Move(random.Between(-3, 3), random.Between(0.5, 2), random.Between(-9, 9), random.Between(-9, 9));
+    double length = 0;
+    double doubledArea = 0;
+    Span span;
+    for (int s = 1; s <= k.SpanCount(); ++s) {
+      k.Get(s, span, true, true);
+      Point from = span.p0;
+      for (int f = 1; f <= 1000; ++f) {
+        const Point to = span.AlongFraction(f / 1000.0);
+        length += Dist(from, to);
+        doubledArea += from.y * to.x - from.x * to.y;  // clockwise positive
+        from = to;
+      }
+    }
+    EXPECT_NEAR(k.Perim(), length, 1e-5 * length);
+    EXPECT_NEAR(k.Area(), doubledArea / 2, 0.01);
+    Kurve turned = k;
+    turned.Reverse();
+    EXPECT_NEAR(turned.Area(), -k.Area(), 1e-9);
+    EXPECT_NEAR(turned.Perim(), k.Perim(), 1e-9);
+  }
+}
+
 TEST(Kurve, AnOpenOneHasNoArea) {
   Kurve k = Mixed();
   EXPECT_FALSE(k.Closed());
