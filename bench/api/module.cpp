@@ -1,7 +1,7 @@
 #include "api/module.h"
 
 #include <dlfcn.h>
-#include <stdlib.h>
+#include <cstdlib>
 
 #include <memory>
 #include <system_error>

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <map>
 
 #include "cli/commands.h"
@@ -7,28 +8,30 @@
 namespace vanzet::cli {
 namespace {
 
-/// What may stand behind some words of the command line: commands and options.
-using Choices = std::map<std::string, std::string>;
+/// What may stand behind some words of the command line: commands and options. Longer words come first, so
+/// that a shell that takes the first that fits takes "vdm save" before "vdm".
+using Choices = std::map<std::string, std::string, std::greater<>>;
 
 void Collect(const CLI::App& app, const std::string& words, Choices& choices) {
   std::string& here = choices[words];
   for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
-    here += (here.empty() ? "" : " ") + command->get_name();
-    Collect(*command, words.empty() ? command->get_name() : words + " " + command->get_name(), choices);
+    const std::string& name = command->get_name();
+    here.append(here.empty() ? "" : " ").append(name);
+    Collect(*command, words.empty() ? name : words + " " + name, choices);
   }
   for (const CLI::Option* const option : app.get_options()) {
     for (const std::string& name : option->get_lnames()) here += (here.empty() ? "--" : " --") + name;
   }
 }
 
-/// The cases of a shell's `case` over the words before the one that is completed.
-std::string Cases(const Choices& choices) {
+/// The cases of a shell's `case` over the words before the one that is completed; each sets `variable`.
+std::string Cases(const Choices& choices, const std::string& variable) {
   std::string cases;
   for (const auto& [words, list] : choices) {
     if (words.empty()) continue;
-    cases += "    \"" + words + "\"*) words=\"" + list + "\" ;;\n";
+    cases.append("    \"" + words + "\"*) " + variable + "=\"" + list + "\" ;;\n");
   }
-  return cases + "    *) words=\"" + choices.at("") + "\" ;;\n";
+  return cases + "    *) " + variable + "=\"" + choices.at("") + "\" ;;\n";
 }
 
 std::string Bash(const Choices& choices) {
@@ -37,7 +40,7 @@ std::string Bash(const Choices& choices) {
          "  local words current=\"${COMP_WORDS[COMP_CWORD]}\"\n"
          "  local before=\"${COMP_WORDS[*]:1:COMP_CWORD-1}\"\n"
          "  case \"$before\" in\n" +
-         Cases(choices) +
+         Cases(choices, "words") +
          "  esac\n"
          "  COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n"
          "  [ ${#COMPREPLY[@]} -eq 0 ] && COMPREPLY=($(compgen -f -- \"$current\"))\n"
@@ -51,13 +54,7 @@ std::string Zsh(const Choices& choices) {
          "_vanzet() {\n"
          "  local words_before=\"${words[2,CURRENT-1]}\" choices\n"
          "  case \"$words_before\" in\n" +
-         [&] {
-           std::string cases = Cases(choices);
-           for (std::size_t at = 0; (at = cases.find(") words=", at)) != std::string::npos;) {
-             cases.replace(at, 8, ") choices=");
-           }
-           return cases;
-         }() +
+         Cases(choices, "choices") +
          "  esac\n"
          "  compadd -- ${(s: :)choices}\n"
          "  _files\n"

@@ -63,7 +63,8 @@ std::string ItemCounts(const project::Operation& operation) {
 
 std::string Table(const project::Definition& definition) {
   std::size_t width = 5;
-  for (const auto& operation : definition.operations) width = std::max(width, operation.Label().size());
+  for (const auto& operation : definition.operations)
+    width = std::max(width, Width(OneLine(operation.Label())));
   std::string table = "  op  " + Left("label", width) + "  kind  sections  items of each\n";
   for (std::size_t i = 0; i < definition.operations.size(); ++i) {
     const project::Operation& operation = definition.operations[i];

@@ -6,10 +6,9 @@
 namespace vanzet::cli {
 namespace {
 
-/// The blanks that are missing to `width`; bytes that continue a character of UTF-8 take no place.
+/// The blanks that are missing to `width`.
 std::string Padding(const std::string& text, std::size_t width) {
-  const auto length = static_cast<std::size_t>(
-      std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+  const std::size_t length = Width(text);
   return std::string(width > length ? width - length : 0, ' ');
 }
 
@@ -41,6 +40,11 @@ std::string OneLine(std::string_view item) {
 
 std::string Counted(std::size_t count, const std::string& noun) {
   return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::size_t Width(std::string_view text) {
+  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continues));
 }
 
 std::string Right(const std::string& text, std::size_t width) {

@@ -23,6 +23,9 @@ std::string OneLine(std::string_view item);
 /// "1 record", "18 records".
 std::string Counted(std::size_t count, const std::string& noun);
 
+/// The characters of a UTF-8 text: bytes that continue one take no place.
+std::size_t Width(std::string_view text);
+
 /// The text with blanks before or behind it up to `width` characters of UTF-8.
 std::string Right(const std::string& text, std::size_t width);
 std::string Left(const std::string& text, std::size_t width);

@@ -10,8 +10,8 @@ constexpr std::string_view kMakeTables[] = {
     "PRAGMA application_id=1986951796",
     "PRAGMA user_version=1",
     "CREATE TABLE vdm(number INTEGER PRIMARY KEY)",
-    "CREATE TABLE place(vdm INTEGER NOT NULL, position INTEGER NOT NULL, record INTEGER NOT NULL,"
-    " PRIMARY KEY(vdm, position)) WITHOUT ROWID",
+    R"(CREATE TABLE place(vdm INTEGER NOT NULL, position INTEGER NOT NULL, record INTEGER NOT NULL,
+                       PRIMARY KEY(vdm, position)) WITHOUT ROWID)",
     "CREATE TABLE record(key INTEGER PRIMARY KEY, items INTEGER NOT NULL, content BLOB NOT NULL)",
 };
 

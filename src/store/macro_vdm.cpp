@@ -124,7 +124,7 @@ std::int32_t MacroVdm::Size() {
   return IsOpen() ? hostFunctions.OrvoMacroVdmSize(handle) : 0;
 }
 
-void MacroVdm::ReportError(std::string message) {
+void MacroVdm::ReportError(const std::string& message) {
   ReportUnder("OrvoApi::MacroVdm", message);
 }
 

@@ -54,7 +54,7 @@ class MacroVdm {
   bool IsOpen() const { return handle != 0; }
 
   /// Shows `message` behind the VDM's number under this class's name.
-  void ReportError(std::string message);
+  void ReportError(const std::string& message);
 
  protected:
   /// The box of ReportError under any class's name.

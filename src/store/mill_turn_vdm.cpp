@@ -102,7 +102,7 @@ bool MillTurnVdm::WriteVersion() {
   return ItemSeek(0, 1) && SingleReplace(text);
 }
 
-void MillTurnVdm::ReportError(std::string message) {
+void MillTurnVdm::ReportError(const std::string& message) {
   ReportUnder("OrvoApi::MillTurnVdm", message);
 }
 

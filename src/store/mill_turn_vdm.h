@@ -87,7 +87,7 @@ class MillTurnVdm : public MacroVdm {
   /// first field there; what stands behind that survives.
   bool WriteVersion();
 
-  void ReportError(std::string message);
+  void ReportError(const std::string& message);
 
  protected:
   std::int32_t SectionCount() const { return static_cast<std::int32_t>(sectionItems.size()); }

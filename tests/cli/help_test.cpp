@@ -37,9 +37,10 @@ TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
       folder / "ask.bash",
       "source completion.bash\nCOMP_WORDS=(vanzet sh); COMP_CWORD=1; _vanzet; echo \"${COMPREPLY[*]}\"\n"
       "COMP_WORDS=(vanzet vdm ''); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n"
-      "COMP_WORDS=(vanzet show --s); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n");
+      "COMP_WORDS=(vanzet show --s); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n"
+      "COMP_WORDS=(vanzet vdm check --j); COMP_CWORD=3; _vanzet; echo \"${COMPREPLY[*]}\"\n");
   const Outcome asked = Vanzet("--version", "bash ask.bash &&");
-  EXPECT_THAT(asked.out, HasSubstr("show\nsave load check --help\n--spur\n")) << asked.err;
+  EXPECT_THAT(asked.out, HasSubstr("show\nsave load check --help\n--spur\n--json\n")) << asked.err;
   EXPECT_THAT(Vanzet("completion zsh").out, HasSubstr("#compdef vanzet\n"));
 }
 

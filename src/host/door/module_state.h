@@ -9,7 +9,7 @@ namespace vanzet {
 class CvanzetApp {
  public:
   /// Always true: there is nothing to prepare.
-  bool InitInstance() { return true; }
+  static bool InitInstance() { return true; }
 
   view::ViewChoice views;
 };
