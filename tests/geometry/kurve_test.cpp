@@ -565,6 +565,20 @@ TEST(Kurve, AppendingKeepsItsManners) {
   EXPECT_EQ(empty.GetSpanID(4), 14u);
 }
 
+TEST(Kurve, AppendingThatCannotBeDoneChangesNothing) {
+  Kurve added;
+  added.Start(Point(0, 0));
+  added.Add(Point(2, 0));
+  added.Add(ACW, Point(3, 1), Point(2, 1));
+  added.Scale(1, 2, 1);
+  Kurve k;
+  k.Start(Point(-1, 0));
+  k.Add(Point(0, 0));
+  EXPECT_EQ(ThrownText([&] { k.Add(added); }), L"Invalid Geometry - Radii mismatch - SetProperties");
+  EXPECT_EQ(k.nVertices, 2);
+  ExpectVertex(k, 1, LINEAR, Point(0, 0));
+}
+
 TEST(Kurve, TurnsItsStorageRound) {
   Kurve k = Mixed();
   Kurve flagged = Mixed();

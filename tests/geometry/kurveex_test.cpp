@@ -538,6 +538,23 @@ TEST(KurveEx, TransformThenInverseIsTheContourAgain) {
   }
 }
 
+TEST(KurveEx, ATransformThatCannotBeDoneChangesNothing) {
+  const std::wstring kRadii = L"Invalid Geometry - Radii mismatch - SetProperties";
+  KurveEx k = Mixed();
+  Matrix stretch;
+  stretch.Scale(1, 2, 1);
+  stretch.Translate(5, 0);
+  EXPECT_EQ(ThrownText([&] { k.Transform(stretch); }), kRadii);
+  EXPECT_TRUE(k == Mixed());
+  EXPECT_TRUE(k.start == Point(0, 0));
+  k.spans[1].pc.x += 0.000004;  // within what the radii may differ by, and beyond it ten times as large
+  const Point end = k.spans[0].p1;
+  EXPECT_EQ(ThrownText([&] { k.Scale(10); }), kRadii);
+  EXPECT_TRUE(k.spans[0].p1 == end);
+  EXPECT_TRUE(k.start == Point(0, 0));
+  EXPECT_EQ(k.perim, Mixed().perim);
+}
+
 TEST(KurveEx, EqualityReadsSpanBySpan) {
   KurveEx k = Square(1);
   EXPECT_TRUE(k == Square(1));
