@@ -150,7 +150,8 @@ double Angle(const Vector3d& a, const Vector3d& b) {
   return AngleOf(Dot(a, b), a.Magnitude(), b.Magnitude());
 }
 
-int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis) {
+int SetAxes(const Vector3d& across, Vector3d& xAxis, Vector3d& yAxis) {
+  const Vector3d normal = across;  // which may be one of the axes, too
   constexpr double kPerpendicular = 1e-9;
   const Vector3d null;
   if (normal == null) throw L"SetAxes given a NULL Vector";

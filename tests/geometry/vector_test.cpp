@@ -245,6 +245,16 @@ TEST(SetAxes, OtherwiseChoosesARightHandedPair) {
   }
 }
 
+TEST(SetAxes, TheNormalMayBeAnAxisToo) {
+  Vector3d n(1, 2, 3);
+  Vector3d y;
+  EXPECT_EQ(SetAxes(n, n, y), 2);
+  const Vector3d normal(1, 2, 3);
+  EXPECT_NEAR(Dot(n, normal), 0, 1e-12);
+  EXPECT_NEAR(Dot(y, normal), 0, 1e-12);
+  EXPECT_TRUE(Cross(n, y) * normal.Magnitude() == normal);
+}
+
 TEST(SetAxes, RefusesANullNormal) {
   Vector3d x(1, 0, 0);
   Vector3d y(0, 1, 0);
