@@ -82,16 +82,30 @@ TEST(Section, GivesBothContoursAVertexAtTheSamePlace) {
   EXPECT_TRUE(outB.spans[0].p1 == Point(0, 40 / (2 + kPi))) << "as far along the perimeter";
 }
 
-TEST(Section, CutsBehindThePartnersSpanStayAtItsEnd) {
+TEST(Section, CutsGoAsFarAsToldBeyondThePartnersSpan) {
   const KurveEx a = Polyline({Point(0, 0), Point(9, 0), Point(10, 0)});
   const KurveEx b = Polyline({Point(0, 0), Point(1, 0), Point(10, 0)});
   KurveEx outA;
   KurveEx outB;
   EXPECT_EQ(SectionByDistance(a, b, 0.5, outA, outB), 1);
-  EXPECT_TRUE(outB.spans[0].p1 == Point(1, 0));
-  EXPECT_TRUE(outB.spans[1].NullSpan);
+  EXPECT_TRUE(outB.spans[0].p1 == Point(5, 0));
+  EXPECT_TRUE(outB.spans[1].p1 == Point(1, 0)) << "and back";
   EXPECT_EQ(SectionByOwnFraction(b, a, 0.5, outA, outB), 2);
-  EXPECT_EQ(outB.SpanCount(), 3);
+  ASSERT_EQ(outB.SpanCount(), 3);
+  EXPECT_TRUE(outB.spans[1].p1 == Point(5, 0)) << "before the start of that span";
+}
+
+TEST(Section, CutsBeyondAnArcStayOnItsCircle) {
+  const KurveEx a = Polyline({Point(0, 0), Point(6, 0)});
+  KurveEx arc;
+  arc.Start(Point(1, 0));
+  arc.Add(ACW, Point(0, 1), Point(0, 0));
+  KurveEx outA;
+  KurveEx outB;
+  EXPECT_EQ(SectionByDistance(a, arc, kPi / 6, outA, outB), 1);
+  EXPECT_TRUE(outB.spans[0].p1 == Point(-1, 0));
+  EXPECT_TRUE(outB.spans[1].p1 == Point(0, 1)) << "three quarters of a turn on";
+  EXPECT_NEAR(outB.spans[1].angle, 1.5 * kPi, 1e-9);
 }
 
 TEST(Section, ArcsAreCutIntoArcs) {
@@ -320,6 +334,24 @@ TEST(ReplaceSpans, SortsAndLeavesWhatNamesNoSpan) {
   EXPECT_EQ(list[0].vertexNumber, 9);
   EXPECT_TRUE(out == Polyline({Point(1, 0), Point(2, 0), Point(2, 1), Point(3, 1)}))
       << "nothing replaces span 1";
+}
+
+TEST(ReplaceSpans, EntriesThatNameNoSpanKeepNoOtherFromItsOwn) {
+  const KurveEx k = Polyline({Point(0, 0), Point(1, 0), Point(2, 0), Point(3, 0)});
+  const auto arch = [](double x) {
+    return std::make_unique<KurveEx>(Polyline({Point(x, 0), Point(x, 1), Point(x + 1, 0)}));
+  };
+  std::vector<SpanReplacement> list;
+  list.push_back({0, arch(7)});
+  list.push_back({-3, arch(8)});
+  list.push_back({2, arch(1)});
+  list.push_back({2, arch(9)});
+  list.push_back({3, arch(2)});
+  KurveEx out;
+  EXPECT_FALSE(k.ReplaceSpans(list, true, out));
+  EXPECT_TRUE(list.empty());
+  EXPECT_TRUE(out == Polyline({Point(0, 0), Point(1, 0), Point(1, 1), Point(2, 0), Point(2, 1), Point(3, 0)}))
+      << "of two for one span the first counts";
 }
 
 TEST(ReplaceSpans, ClosedContoursStayClosed) {
