@@ -115,6 +115,16 @@ TEST(IntofCircles, ApartWithinOrConcentricDoNotMeet) {
   EXPECT_FALSE(Intof(1, Circle(Point(0, 0), 5), Circle(Point(20, 0), 5)).ok);
 }
 
+TEST(IntofCircles, ThatJustMissLeaveNoPoint) {
+  const double ra = 0.54120857409224921;
+  const double rb = 0.59705836939806223;
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), ra), Circle(Point(ra + rb + TOLERANCE, 0), rb), p1, p2), 0);
+  EXPECT_FALSE(p1.ok);
+  EXPECT_FALSE(p2.ok);
+}
+
 TEST(IntofCircles, CrossingsLieOnBoth) {
   Random random(851);
   for (int i = 0; i < 5000; ++i) {
@@ -211,7 +221,10 @@ TEST(IntofSpans, TheOnlyValidCrossingComesFirst) {
     EXPECT_TRUE(p1 == Point(1, y));
     EXPECT_FALSE(p2.ok);
     EXPECT_NEAR(t[0], (y + 10) / 19, 1e-12);
-    EXPECT_NEAR(t[2], std::atan2(root, 1) / kPi, 1e-9);
+    // The roots come larger size first; only the line's parameter moves with the second.
+    const bool moved = y < 0;
+    EXPECT_NEAR(t[moved ? 3 : 2], std::atan2(root, 1) / kPi, 1e-9);
+    EXPECT_FALSE(0 <= t[moved ? 2 : 3] && t[moved ? 2 : 3] <= 1);
   }
 }
 
@@ -311,6 +324,16 @@ TEST(IntofSpans, AgreeWithFineChords) {
   }
 }
 
+TEST(IntofSpans, StaleOnesAreRefused) {
+  const Span line(Point(0, 0), Point(2, 2));
+  Span stale(Point(0, 2), Point(2, 0));
+  stale.SetProperties(false);
+  Point p1;
+  Point p2;
+  EXPECT_EQ(ThrownText([&] { Intof(line, stale, p1, p2); }), L"SetProperties missing");
+  EXPECT_EQ(ThrownText([&] { Intof(stale, line, p1, p2); }), L"SetProperties missing");
+}
+
 TEST(On, ACircleIsTheProjection) {
   const UnitsGuard guard(0);
   EXPECT_TRUE(On(Circle(Point(1, 1), 5), Point(4, 5)) == Point(4, 5));
@@ -355,6 +378,19 @@ TEST(IntofInSpace, SkewParallelShortAndDistantLinesDoNotMeet) {
   EXPECT_FALSE(Intof(a, Line(Point3d(5, 5, 0), Vector3d()), p)) << "no direction";
 }
 
+TEST(IntofInSpace, DirectionsCountWithTheirLengths) {
+  Point3d p;
+  const auto cross = [&](double half) {
+    return Intof(Line(Point3d(-half, 0, 0), Point3d(half, 0, 0)),
+                 Line(Point3d(0, -half, 0), Point3d(0, half, 0)), p);
+  };
+  EXPECT_TRUE(cross(0.00051));
+  EXPECT_FALSE(cross(0.00049)) << "the product of their lengths is below a millionth";
+  const Line nearlyParallel(Point3d(0, -0.0001, 0), Point3d(1000, 0.0001, 0));
+  EXPECT_TRUE(Intof(Line(Point3d(0, 0, 0), Point3d(1000, 0, 0)), nearlyParallel, p));
+  EXPECT_TRUE(p == Point3d(500, 0, 0));
+}
+
 TEST(IntofInSpace, EndsReachOutByTheTolerance) {
   const UnitsGuard guard(0);
   Point3d p;
@@ -373,6 +409,18 @@ TEST(BoxRay, HitsWhereItsLinePasses) {
   EXPECT_FALSE(Hits(BoxRay(Line(Point3d(4, 1.5, -9), Vector3d(0, 0, 1))), box));
   EXPECT_FALSE(Hits(BoxRay(Line(Point3d(2, 2.5, -9), Vector3d(0, 0, 1))), box));
   EXPECT_TRUE(Hits(BoxRay(Line(Point3d(5, 3, 3), Vector3d(1, 0.75, 0.75))), box)) << "the line has no ends";
+}
+
+TEST(BoxRay, AlongAFaceTheOtherAxesDecide) {
+  const Box3d box(Point3d(1, 1, 1), Point3d(3, 2, 2));
+  for (const double x : {1.0, 3.0}) {
+    EXPECT_TRUE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(0, 1, 1))), box));
+    EXPECT_TRUE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(-0.0, 1, 1))), box));
+    EXPECT_FALSE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(0, 1, 4))), box)) << "past it in y and z";
+    EXPECT_FALSE(Hits(BoxRay(Line(Point3d(x, 5, 0), Vector3d(0, 0, 1))), box)) << "past it in y";
+  }
+  EXPECT_FALSE(Hits(BoxRay(Line(Point3d(0, 1, 0), Vector3d(1, 0, 4))), box)) << "past it in x and z";
+  EXPECT_FALSE(Hits(BoxRay(Line(Point3d(0, 0, 2), Vector3d(1, 3, 0))), box)) << "past it in x and y";
 }
 
 TEST(BoxRay, AgreesWithWalkingAlongTheLine) {

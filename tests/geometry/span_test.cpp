@@ -195,6 +195,29 @@ TEST(Span, QueriesOfStaleCachesAreRefused) {
   EXPECT_EQ(ThrownText([&] { stale.Near(Point(1, 1), t); }), kMissing);
   EXPECT_EQ(ThrownText([&] { stale.Dist(Point(1, 1), p); }), kMissing);
   EXPECT_EQ(ThrownText([&] { stale.Offset(1); }), kMissing);
+  geometry::Box box;
+  EXPECT_EQ(ThrownText([&] { stale.Box(box, true); }), kMissing);
+  EXPECT_EQ(ThrownText([] { Span().Along(1); }), kMissing) << "whether it is null is not known either";
+  EXPECT_EQ(ThrownText([] { Span().AlongFraction(0.5); }), kMissing);
+  EXPECT_EQ(ThrownText([] { Line{Span()}; }), kMissing);
+}
+
+TEST(Span, ComparisonsOfStaleLinesAreRefused) {
+  const Span before(Point(0, 0), Point(1, 0));
+  Span stale(Point(1, 0), Point(2, 0));
+  stale.SetProperties(false);
+  EXPECT_EQ(ThrownText([&] { stale.SameGeometry(before); }), kMissing);
+  Span staleBefore = before;
+  staleBefore.SetProperties(false);
+  EXPECT_EQ(ThrownText([&] { Span(Point(1, 0), Point(2, 0)).SameGeometry(staleBefore); }), kMissing);
+}
+
+TEST(Span, BoxOfALineNeedsNoProperties) {
+  Span line(Point(1, 0), Point(2, 3));
+  line.SetProperties(false);
+  geometry::Box box;
+  line.Box(box, true);
+  EXPECT_TRUE(box.max == Point(2, 3));
 }
 
 TEST(Span, FromTwoVerticesBeginsAtTheFirst) {
