@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geometry/kurveex.h"
+#include "geometry/span.h"
 
 /// Where elements meet. A failure is INVALID_POINT, a count of 0 or false.
 namespace geometry {

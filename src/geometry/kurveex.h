@@ -13,11 +13,12 @@ struct SpanReplacement {
 /// The working contour: resolved spans with running totals.
 ///
 /// Shape     spans from 1, vertices from 0; vertex v is the end of span v, vertex 0 the start
-/// Totals    `perim` and `area` are kept by every operation that changes spans; `area` is positive clockwise
-/// and
-///           counts in reading order
-/// Reversed  is honoured by readings and index words; adding and removing work on the stored end
-/// Errors    wide strings for numbers out of range, std::runtime_error for the searches that say so
+/// Totals    `perim` and `area` are kept by every operation that changes spans;
+///           `area` is positive clockwise and counts in reading order
+/// Reversed  is honoured by readings and index words; adding and removing work on
+///           the stored end
+/// Errors    wide strings for numbers out of range, std::runtime_error for the
+///           searches that say so
 class KurveEx {
  public:
   virtual ~KurveEx();
@@ -134,7 +135,9 @@ class KurveEx {
   using Word = IndexWord KurveEx::*;
   using SpanWord = IndexWord Span::*;
 
+  std::size_t StoredVertex(int vertexNumber, const wchar_t* refusal) const;
   const IndexWord& WordAt(int vertexNumber, Word word, SpanWord spanWord, const wchar_t* refusal) const;
+  IndexWord& WordAt(int vertexNumber, Word word, SpanWord spanWord, const wchar_t* refusal);
   Span ReadSpan(std::size_t index) const;
   Point StoredEnd() const;
   void CountIn(const Span& span, double sign);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geometry/intersect.h"
+#include "geometry/kurveex.h"
 #include "geometry/support.h"
 
 namespace geometry {
