@@ -165,6 +165,18 @@ TEST(ConstructCircle, TouchesThreeLines) {
   ExpectNoCircle(Tanto(-1, a, -1, b, -1, c));
 }
 
+TEST(ConstructCircle, TouchingThreeLinesIsNoSmallerThanTheTolerance) {
+  const UnitsGuard guard(0);
+  const auto inscribed = [](double r) {
+    const Point a(0, 0);
+    const Point b(3 * r, 0);
+    const Point c(0, 4 * r);
+    return Tanto(1, CLine(a, b), 1, CLine(b, c), 1, CLine(c, a));
+  };
+  ExpectNoCircle(inscribed(0.0049));
+  EXPECT_NEAR(inscribed(0.0051).radius, 0.0051, 1e-12);
+}
+
 TEST(ConstructCircle, TouchesThreeLinesOfWhichTwoAreParallel) {
   const CLine low(Point(0, 0), Point(1, 0));
   const CLine high(Point(9, 4), Point(0, 4));
@@ -343,6 +355,15 @@ TEST(Touching, OnlyFromTheSideOfTheLineWhereTheCircleLies) {
     ExpectTouches(out[0], 1, x);
     ExpectTouches(out[0], side, above);
   }
+}
+
+TEST(Apollonius, OnlyPositiveRadiiCount) {
+  const Circle given(Point(0, 0), 1);
+  Circle out[2];
+  ASSERT_EQ(Apollonius(1, 0, 0, 3, 0, 1, 0, 0, given, 1, out), 1) << "of 2 and -4";
+  EXPECT_DOUBLE_EQ(out[0].radius, 2);
+  EXPECT_TRUE(out[0].pc == Point(3, 0));
+  EXPECT_EQ(Apollonius(1, 0, 0, 1, 0, 1, 0, 0, given, 1, out), 0) << "of 0 and -2";
 }
 
 TEST(Apollonius, ASingularPairHasNoSolution) {

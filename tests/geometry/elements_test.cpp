@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "geometry/box.h"
+#include "geometry/span.h"
 #include "geometry/support.h"
 
 namespace geometry {
@@ -124,6 +125,39 @@ TEST(Circle, EqualityNeedsBothValid) {
   EXPECT_FALSE(c == Circle(Point(1, 2), 3.006));
   EXPECT_FALSE(c == Circle(Point(1.006, 2), 3));
   EXPECT_FALSE(Circle() == Circle());
+}
+
+TEST(CLine, OfASpanIsValidWhenItsPropertiesAreSetAndItHasALength) {
+  Span span(ACW, Point(2, 0), Point(0, 2), Point(0, 0));
+  const CLine tangent(span);
+  EXPECT_TRUE(tangent.ok);
+  EXPECT_TRUE(tangent.p == Point(2, 0));
+  EXPECT_TRUE(tangent.v == Vector2d(0, 1));
+  span.SetProperties(false);
+  EXPECT_FALSE(CLine(span).ok);
+  EXPECT_FALSE(CLine(Span(Point(1, 1), Point(1, 1))).ok);
+  EXPECT_FALSE(CLine(Span()).ok);
+}
+
+TEST(Circle, OfASpanIsValidForArcsWhosePropertiesAreSet) {
+  Span arc(CW, Point(2, 1), Point(0, -1), Point(0, 1));
+  EXPECT_TRUE(Circle(arc).ok);
+  EXPECT_TRUE(Circle(arc).pc == Point(0, 1));
+  EXPECT_EQ(Circle(arc).radius, 2);
+  arc.SetProperties(false);
+  EXPECT_FALSE(Circle(arc).ok);
+  EXPECT_FALSE(Circle(Span(Point(1, 1), Point(5, 1))).ok);
+  EXPECT_FALSE(Circle(Span(ACW, Point(1, 1), Point(1, 1), Point(0, 1))).ok) << "a null span is a line";
+}
+
+TEST(Line, OfASpanHasItsLengthAndBox) {
+  const Line l(Span(ACW, Point(2, 0), Point(-2, 0), Point(0, 0)));
+  EXPECT_TRUE(l.ok);
+  EXPECT_TRUE(l.p0 == Point3d(2, 0, 0));
+  EXPECT_NEAR(l.length, 6.283185307179586, 1e-12);
+  EXPECT_NEAR(l.v.dy, l.length, 1e-12) << "the start tangent times the length";
+  EXPECT_TRUE(l.max == Point3d(2, 2, 0));
+  EXPECT_FALSE(Line(Span(Point(1, 1), Point(1, 1))).ok);
 }
 
 TEST(Plane, ThroughThreePoints) {

@@ -9,6 +9,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -36,6 +37,12 @@ TEST(IntofLines, ParallelOnesDoNotMeet) {
   EXPECT_FALSE(Intof(a, CLine(Point(0, 1), 1, 0.9e-6, true)).ok);
   EXPECT_TRUE(Intof(a, CLine(Point(0, 1), 1, 1.1e-6, true)).ok);
   EXPECT_FALSE(Intof(a, CLine(Point(0, 1), kNaN, 1, false)).ok);
+}
+
+TEST(IntofLines, OnesAsParallelAsTheLimitDoNotMeet) {
+  const CLine a(Point(0, 0), 1, 0, false);
+  EXPECT_FALSE(Intof(a, CLine(Point(0, 1), 1, 1e-6, false)).ok);
+  EXPECT_TRUE(Intof(a, CLine(Point(0, 1), 1, 1.0001e-6, false)).ok);
 }
 
 TEST(IntofLineAndCircle, OrderChoosesAlongTheLine) {
@@ -113,6 +120,24 @@ TEST(IntofCircles, ApartWithinOrConcentricDoNotMeet) {
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(1.99, 0), 3), p1, p2), 0);
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.004, 0), 5), p1, p2), 0);
   EXPECT_FALSE(Intof(1, Circle(Point(0, 0), 5), Circle(Point(20, 0), 5)).ok);
+}
+
+TEST(IntofCircles, AtTheLimitsTheyMeet) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(TOLERANCE, 0), 5), p1, p2), 2) << "of centres";
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8 + TOLERANCE, 0), 3), p1, p2), 1) << "of radii";
+  EXPECT_TRUE(p1 == Point(5, 0));
+}
+
+TEST(IntofCircles, NearlyAlikeOnesMustNotHaveTheirRadicalLineOutside) {
+  const UnitsGuard guard(0);
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.096, 0), 4.9), p1, p2), 0);
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.1, 0), 4.9), p1, p2), 1);
 }
 
 TEST(IntofCircles, ThatJustMissLeaveNoPoint) {
@@ -244,6 +269,19 @@ TEST(IntofSpans, ALineTouchesAnArcOnce) {
   Point p2;
   EXPECT_EQ(Intof(Span(Point(-9, 5), Point(9, 5)), Arc(ACW, Point(0, 0), 5, 0, 180), p1, p2), 1);
   EXPECT_TRUE(p1 == Point(0, 5));
+}
+
+TEST(IntofSpans, ALineReachesOutToAnArcByLessThanTheTolerance) {
+  const UnitsGuard guard(0);
+  Point p1;
+  Point p2;
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4.996)), arc, p1, p2), 1);
+  EXPECT_TRUE(p1 == Point(0, 5));
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4.994)), arc, p1, p2), 0);
+  EXPECT_EQ(Intof(Span(Point(0, 4.994), Point(0, 0)), arc, p1, p2), 0);
+  TOLERANCE = kExactTolerance;
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4)), Arc(ACW, Point(0, 0), 4 + TOLERANCE, 0, 180), p1, p2), 0);
 }
 
 TEST(IntofSpans, ArcsMeetWhereBothRun) {

@@ -10,6 +10,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -114,6 +115,28 @@ TEST(Kurve, RefusesOrFlattensNullSpans) {
   EXPECT_TRUE(pc == Point(1, 1)) << "the centre is kept as given";
   EXPECT_TRUE(k.Add(ACW, Point(0.0091, 0), Point(1, 1), false)) << "from the tolerance up it is a span";
   EXPECT_EQ(k.Get(2, p, pc), ACW);
+}
+
+TEST(Kurve, AtTheToleranceItselfAVertexIsAnother) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  k.Start(Point(0, 0));
+  EXPECT_TRUE(k.Add(Point(TOLERANCE, 0), false));
+  EXPECT_EQ(k.nVertices, 2);
+}
+
+TEST(Kurve, AtTheToleranceItselfAnAppendedOneBeginsAtTheEnd) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  k.Start(Point(-1, 0));
+  k.Add(Point(0, 0));
+  Kurve next;
+  next.Start(Point(TOLERANCE, 0));
+  next.Add(Point(1, 0));
+  k.Add(next);
+  EXPECT_EQ(k.nVertices, 3) << "no line over the gap";
 }
 
 TEST(Kurve, IDsComeWithVerticesAndSpans) {
@@ -233,6 +256,19 @@ TEST(Kurve, ReversedIDsMirrorTheVertexNotTheSpan) {
   for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetSpanID(v), static_cast<std::uint32_t>(14 - v));
   EXPECT_EQ(ThrownText([&] { k.GetSpanID(5); }), kGet);
   EXPECT_EQ(ThrownText([&] { k.GetSpanID(-1); }), kGet);
+}
+
+TEST(Kurve, ReversedReadingsCarryTheMirroredIDs) {
+  Kurve k = Square(1);
+  k.Reverse(true);
+  for (int i = 1; i <= 4; ++i) {
+    Span span;
+    spVertex v;
+    k.Get(i, span);
+    k.Get(i, v);
+    EXPECT_EQ(span.ID, static_cast<std::uint32_t>(14 - i));
+    EXPECT_EQ(v.ID, static_cast<std::uint32_t>(14 - i));
+  }
 }
 
 TEST(Kurve, ReadingsOutOfRangeAreRefused) {
@@ -474,6 +510,19 @@ TEST(Kurve, NearestPointStopsWithinTheTolerance) {
   EXPECT_EQ(span, 0);
 }
 
+TEST(Kurve, NearestPointGoesOnAtTheToleranceItself) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  for (const Point& p : {Point(0, TOLERANCE), Point(8, TOLERANCE), Point(8, 0), Point(0, 0)}) k.Add(p);
+  int span = 0;
+  double t = 0;
+  k.Near(Point(4, 0), span);
+  EXPECT_EQ(span, 3);
+  KurveEx(k).Near(Point(4, 0), span, t);
+  EXPECT_EQ(span, 3);
+}
+
 TEST(Kurve, NearestPointAgreesWithDenseSampling) {
   Random random(828);
   for (int i = 0; i < 40; ++i) {
@@ -603,6 +652,19 @@ TEST(Kurve, TurnsItsStorageRound) {
   EXPECT_EQ(none.nVertices, 0);
 }
 
+TEST(Kurve, TurningRoundLeavesWordsAndTheFirstVertexInPlace) {
+  Kurve k = Mixed();
+  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v) + 20);
+  k.Reverse();
+  for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetIndex(v), static_cast<IndexWord>(v) + 20);
+  Point p;
+  Point pc;
+  EXPECT_EQ(k.Get(0, p, pc), LINEAR);
+  EXPECT_TRUE(pc == Point(0, 0));
+  EXPECT_EQ(k.Get(1, p, pc), ACW) << "the half, the other way";
+  EXPECT_TRUE(pc == Point(3, 3));
+}
+
 TEST(Kurve, ReduceDropsVerticesOfStraightRuns) {
   const UnitsGuard guard(0);
   Kurve k;
@@ -638,6 +700,13 @@ TEST(Kurve, ReduceMeasuresAllVerticesOfARun) {
     int span = 0;
     EXPECT_LE(Dist(p, reduced.Near(p, span)), 0.0501) << v;
   }
+}
+
+TEST(Kurve, ReduceDropsVerticesAtTheToleranceItself) {
+  Kurve k;
+  for (const Point& p : {Point(0, 0), Point(1, 0.25), Point(2, 0), Point(2, 5)}) k.Add(p);
+  EXPECT_EQ(k.Reduce(0.25), 1);
+  ExpectVertex(k, 1, LINEAR, Point(2, 0));
 }
 
 TEST(Kurve, ReduceKeepsArcsShortContoursAndTheStart) {

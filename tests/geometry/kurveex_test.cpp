@@ -9,6 +9,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kNaN;
 using testing::kPi;
 using testing::Random;
@@ -249,6 +250,15 @@ TEST(KurveEx, ASpanAtTheStartMovesTheFormerStartToItsEnd) {
   ExpectTrueTotals(k);
 }
 
+TEST(KurveEx, ASpanAtTheStartLeavesTheNullSpansBehindIt) {
+  KurveEx k = Square(1);
+  k.AddNullSpan();
+  EXPECT_TRUE(k.AddAtStart(Span(Point(-5, 0), Point(0, 0)), false));
+  EXPECT_EQ(k.SpanCount(), 6);
+  EXPECT_FALSE(k.AddAtStart(Span(Point(-5, 0), Point(-5, 0)), false));
+  EXPECT_EQ(k.SpanCount(), 6);
+}
+
 TEST(KurveEx, ASpanAtTheStartOfNothingIsTheFirst) {
   KurveEx k;
   EXPECT_TRUE(k.AddAtStart(Span(Point(1, 1), Point(2, 2))));
@@ -315,6 +325,10 @@ TEST(KurveEx, ReplaceTakesTheLastVertexOrTheFirst) {
   EXPECT_EQ(k.spans[0].dir, LINEAR) << "the point alone";
   EXPECT_EQ(k.spans[0].ID, UNMARKED);
   ExpectTrueTotals(k);
+  KurveEx marked = Square(1);
+  marked.spans[0].ID = INTERSECTION | 7;
+  marked.Replace(0, LINEAR, Point(0.5, 0), Point(0, 0), 66);
+  EXPECT_EQ(marked.spans[0].ID, INTERSECTION | 7);
 }
 
 TEST(KurveEx, ReplaceRefusesMiddleVerticesInTheWordsOfTheCompactContour) {
@@ -625,6 +639,13 @@ TEST(KurveEx, LargestGapBetweenIDs) {
   EXPECT_EQ(KurveEx().LargestIDGap(), 0u);
 }
 
+TEST(KurveEx, AStepOfTwoIsAGapOfOne) {
+  KurveEx k = Square(1);
+  k.spans[2].ID = 4;
+  k.spans[3].ID = 5;
+  EXPECT_EQ(k.LargestIDGap(), 1u) << "0, 1, 2, 4, 5";
+}
+
 TEST(KurveEx, SameUnderTransformsLooksAtEveryVertex) {
   Matrix a;
   Matrix b;
@@ -657,6 +678,7 @@ TEST(KurveEx, FromACompactContourReadsUnderMatrixAndReversal) {
   k.Reverse(true);
   const KurveEx back(k);
   EXPECT_TRUE(back.spans[0].p1 == Point(0, 3));
+  for (std::uint32_t i = 0; i < 4; ++i) EXPECT_EQ(back.spans[i].ID, 14 - i) << "mirrored";
   EXPECT_FALSE(back.reversed);
   k.Reverse(false);
   k.AddNullSpan();
@@ -735,6 +757,27 @@ TEST(KurveEx, ReducePassesOverNullSpans) {
   EXPECT_TRUE(k.spans[0].p1 == Point(1, 0));
   EXPECT_EQ(k.spans[2].dir, ACW) << "an arc before a null span stays one";
   EXPECT_TRUE(k.End() == Point(-3, 2));
+}
+
+TEST(KurveEx, ReducePassesOverVerticesAtTheToleranceItself) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  KurveEx k;
+  k.Start(Point(0, 0));
+  k.Add(1, 0);
+  k.Add(1, TOLERANCE);
+  k.Add(5, 3);
+  EXPECT_EQ(k.Reduce(1e-6), 1);
+  EXPECT_EQ(k.spans[0].p1.y, TOLERANCE) << "the candidate goes";
+}
+
+TEST(KurveEx, ReduceTakesTwoSpansForOne) {
+  KurveEx k;
+  k.Start(Point(0, 0));
+  k.Add(1, 0);
+  k.Add(2, 0);
+  EXPECT_EQ(k.Reduce(1e-6), 1);
+  EXPECT_EQ(k.SpanCount(), 1);
 }
 
 TEST(KurveEx, ReduceMakesAFullCircleOfTwoHalves) {

@@ -16,6 +16,7 @@ using testing::kNaN;
 using testing::kPi;
 using testing::Random;
 using testing::ThrownText;
+using testing::UnitsGuard;
 
 void ExpectElements(const Matrix& m, const double (&expected)[16]) {
   for (int i = 0; i < 16; ++i) EXPECT_NEAR(m.e[i], expected[i], 1e-12) << "element " << i;
@@ -333,6 +334,50 @@ TEST(Matrix, RotationNearTheLockGivesAHalfRightAngleAboutZ) {
   EXPECT_NEAR(az, std::atan2(1, -1), 1e-12) << "135 degrees";
 }
 
+TEST(Matrix, RotationIsLockedUpToAThousandthOfTheSquaredCosine) {
+  const auto rotation = [](double squaredCosine) {
+    Matrix m;
+    m.Rotate(0.3, 1);
+    m.Rotate(std::acos(std::sqrt(squaredCosine)), 2);
+    m.Rotate(0.5, 3);
+    double ax = 0;
+    double ay = 0;
+    double az = 0;
+    m.GetRotation(ax, ay, az);
+    return Vector3d(ax, ay, az);
+  };
+  EXPECT_TRUE(rotation(0.00101) == Vector3d(0.3, std::acos(std::sqrt(0.00101)), 0.5));
+  EXPECT_EQ(rotation(0.00099).dy, kPi / 2);
+}
+
+TEST(Matrix, RotationNearTheLowerLockHasTheOtherSign) {
+  double ax = 0;
+  double ay = 0;
+  double az = 0;
+  const double sheared[16] = {0, 0, -1, 0, 0, 0.6, 0.8, 0, 1, 0, 0, 0, 0, 0, 0, 1};
+  Matrix m(sheared);
+  m.GetRotation(ax, ay, az);
+  EXPECT_NEAR(ax, std::atan2(0.4, -0.8), 1e-12);
+  EXPECT_NEAR(ay, -kPi / 2, 1e-12);
+  EXPECT_NEAR(az, kPi / 4, 1e-12);
+}
+
+TEST(Matrix, RotationAtTheLockIsAllInXUpToTheTolerance) {
+  const UnitsGuard guard(0);
+  for (const double turn : {0.0049, 0.0051}) {
+    const double c = std::cos(turn);
+    const double s = std::sin(turn);
+    const double locked[16] = {0, 0, 1, 0, 0, c, s, 0, -1, 0, 0, 0, 0, 0, 0, 1};
+    Matrix m(locked);
+    double ax = 0;
+    double ay = 0;
+    double az = 0;
+    m.GetRotation(ax, ay, az);
+    EXPECT_NEAR(az, turn < 0.005 ? 0 : 0.75 * kPi, 1e-9);
+    EXPECT_NEAR(ax, turn < 0.005 ? -turn : -turn / 2, 1e-6);
+  }
+}
+
 TEST(Matrix, InverseUndoesTheMatrix) {
   Random random(813);
   for (int i = 0; i < 2000; ++i) {
@@ -386,8 +431,8 @@ TEST(Matrix, SingularOnesHaveNoInverse) {
   EXPECT_EQ(ThrownText([&] { tiny.Inverse(); }), refusal);
   EXPECT_EQ(ThrownText([&] { nothing.Inverse(); }), refusal);
   Matrix small;
-  small.Scale(1, 2e-10, 1);
-  EXPECT_DOUBLE_EQ(small.Inverse().e[5], 1 / 2e-10);
+  small.Scale(1, 1e-10, 1);
+  EXPECT_DOUBLE_EQ(small.Inverse().e[5], 1e10) << "at the limit itself there is one";
 }
 
 TEST(Matrix, TransposedExchangesRowsAndColumns) {
@@ -413,6 +458,16 @@ TEST(Matrix, EqualityLooksAtFlagsAndElements) {
   EXPECT_FALSE(a == b);
   b = a;
   b.mirrored = true;
+  EXPECT_FALSE(a == b);
+}
+
+TEST(Matrix, EqualityHasTheTightToleranceOfTheUnit) {
+  const UnitsGuard guard(0);
+  const Matrix a;
+  Matrix b;
+  b.e[3] = 1e-6;
+  EXPECT_TRUE(a == b);
+  b.e[3] = 1.1e-6;
   EXPECT_FALSE(a == b);
 }
 

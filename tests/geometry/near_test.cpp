@@ -63,6 +63,18 @@ TEST(OnSpan, CountsAlongAnArcByAngle) {
   }
 }
 
+TEST(OnSpan, OfAnArcIsExactAtItsEndsWithinTheTolerance) {
+  const UnitsGuard guard(0);
+  const Span arc = Arc(ACW, Point(0, 0), 1, 0, 90);
+  double t = -7;
+  EXPECT_TRUE(arc.OnSpan(Point(1, -0.004), t));
+  EXPECT_EQ(t, 0);
+  EXPECT_TRUE(arc.OnSpan(Point(-0.004, 1), t));
+  EXPECT_EQ(t, 1);
+  EXPECT_FALSE(arc.OnSpan(Point(1, -0.006), t));
+  EXPECT_FALSE(arc.OnSpan(Point(-0.006, 1), t));
+}
+
 TEST(On, NeedsTheDistanceToo) {
   const UnitsGuard guard(0);
   const Span line(Point(0, 0), Point(10, 0));
@@ -192,6 +204,20 @@ TEST(SpanDist, ReachesTheNearerEnd) {
   EXPECT_TRUE(nearest == arc.p0);
 }
 
+TEST(SpanDist, BeyondTheEndsByTheToleranceTheFootCounts) {
+  const UnitsGuard guard(0);
+  const Span line(Point(0, 0), Point(10, 0));
+  Point nearest;
+  EXPECT_EQ(line.Dist(Point(10.004, 3), nearest), 3);
+  EXPECT_GT(nearest.x, 10);
+  EXPECT_GT(line.Dist(Point(10.006, 3), nearest), 3);
+  EXPECT_EQ(nearest.x, 10);
+  EXPECT_EQ(line.Dist(Point(-0.004, 3), nearest), 3);
+  EXPECT_LT(nearest.x, 0);
+  EXPECT_GT(line.Dist(Point(-0.006, 3), nearest), 3);
+  EXPECT_EQ(nearest.x, 0);
+}
+
 TEST(SpanDist, TheEndWinsATie) {
   const Span arc(ACW, Point(0, -5), Point(0, 5), Point(0, 0));
   Point nearest;
@@ -319,6 +345,14 @@ TEST(Part, BridgesTheGapOfAnOpenContour) {
   const Kurve open = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0, 4)});
   EXPECT_TRUE(Part(open, 3, Point(1, 4), 1, Point(2, 0)) ==
               Compact({Point(1, 4), Point(0, 4), Point(0, 0), Point(2, 0)}));
+}
+
+TEST(Part, BridgesNoGapThatIsClosedWithinTheTolerance) {
+  const UnitsGuard guard(0);
+  const Kurve closed = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0.004, 0.004)});
+  EXPECT_EQ(Part(closed, 3, Point(2, 2), 1, Point(2, 0)).nVertices, 3);
+  const Kurve open = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0.006, 0.004)});
+  EXPECT_EQ(Part(open, 3, Point(2, 2), 1, Point(2, 0)).nVertices, 4);
 }
 
 TEST(Part, FindsItsSpansByTheNearestPoint) {

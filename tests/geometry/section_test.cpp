@@ -228,6 +228,15 @@ TEST(SectionAtPoint, CutsBothAtTheNearFraction) {
   EXPECT_TRUE(outB.spans[1].p1 == Point(8, 2));
 }
 
+TEST(SectionAtPoint, OutsideTheBoxIsNotOnTheSpan) {
+  const UnitsGuard guard(0);
+  KurveEx outA;
+  KurveEx outB;
+  const KurveEx slant = Polyline({Point(0, 0), Point(4, 4)});
+  EXPECT_EQ(SectionAtPoint(Square(4), Square(4), Point(2, -0.004), outA, outB), -1);
+  EXPECT_EQ(SectionAtPoint(slant, slant, Point(2, 1.996), outA, outB), 1) << "within the tolerance";
+}
+
 TEST(SectionAtPoint, AtAVertexIsItsNumberAndCopies) {
   KurveEx outA;
   KurveEx outB;

@@ -11,6 +11,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -170,6 +171,27 @@ TEST(Span, TheSizeOfASmallArcIsFiftyMillimetresInAnyUnit) {
   EXPECT_EQ(ThrownText([] { Span(ACW, Point(1.9, 0), Point(0, 1.9015), Point(0, 0)); }), kMismatch);
 }
 
+TEST(Span, LimitsOfRadiiAreIncluded) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  const auto arc = [](double r, double tolerances) {
+    return Span(ACW, Point(r, 0), Point(0, r + tolerances * TOLERANCE), Point(0, 0));
+  };
+  EXPECT_NO_THROW(arc(8, 1.5));
+  EXPECT_NO_THROW(arc(64, 4.5));
+  EXPECT_NO_THROW(arc(50.0 + TIGHT_TOLERANCE, 3)) << "large enough for a second chance";
+  EXPECT_EQ(ThrownText([&] { arc(50.0, 3); }), kMismatch);
+}
+
+TEST(Span, LimitsOfLengthsAreNull) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  const double t = TOLERANCE;
+  EXPECT_TRUE(Span(Point(0, 0), Point(t, 0)).NullSpan);
+  EXPECT_TRUE(Span(ACW, Point(t, 0), Point(0, t), Point(0, 0)).NullSpan) << "by its radius";
+  EXPECT_TRUE(Span(ACW, Point(t / 2, 1), Point(-t / 2, 1), Point(0, 0)).NullSpan) << "by its chord";
+}
+
 TEST(Span, StaysWithoutPropertiesWhenTheyCannotBeSet) {
   Span span(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
   span.p1 = Point(0, 2);
@@ -276,6 +298,17 @@ TEST(Span, MirrorsTurnArcsTheOtherWay) {
   EXPECT_TRUE(arc.p0 == Point(-4, 0));
   EXPECT_DOUBLE_EQ(arc.angle, -kPi / 2);
   EXPECT_EQ(arc.radius, 4);
+}
+
+TEST(Span, TransformMovesTheCentreOfArcsOnly) {
+  Matrix move;
+  move.Translate(5, 0);
+  Span line(LINEAR, Point(1, 0), Point(2, 0), Point(7, 7));
+  line.Transform(move);
+  EXPECT_EQ(line.pc.x, 7);
+  Span arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
+  arc.Transform(move);
+  EXPECT_EQ(arc.pc.x, 5);
 }
 
 TEST(Span, TransformThenInverseIsTheSpanAgain) {
