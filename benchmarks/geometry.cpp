@@ -25,7 +25,8 @@ Kurve Ring(int count, bool withArcs) {
   };
   k.Start(at(0));
   for (int i = 1; i <= count; ++i) {
-    const Point from = at(i - 1), to = at(i);
+    const Point from = at(i - 1);
+    const Point to = at(i);
     const CLine chord(from, to);
     const Point centre((from.x + to.x) / 2 - chord.v.dy * 0.5, (from.y + to.y) / 2 + chord.v.dx * 0.5);
     k.Add(withArcs && i % 2 == 0 ? ACW : LINEAR, to, centre);
@@ -37,6 +38,7 @@ std::vector<Point> Queries() {
   std::mt19937 engine(1);
   std::uniform_real_distribution<double> place(-12, 12);
   std::vector<Point> points;
+  points.reserve(1024);
   for (int i = 0; i < 1024; ++i) points.emplace_back(place(engine), place(engine));
   return points;
 }
@@ -72,8 +74,12 @@ void BareArcArithmetic(benchmark::State& state) {
     double sum = 0;
     for (std::size_t i = 1; i < k.spans.size(); i += 2) {
       const Span& s = k.spans[i];
-      const double ax = s.p0.x - s.pc.x, ay = s.p0.y - s.pc.y, bx = s.p1.x - s.pc.x, by = s.p1.y - s.pc.y;
-      const double ra = std::sqrt(ax * ax + ay * ay), rb = std::sqrt(bx * bx + by * by);
+      const double ax = s.p0.x - s.pc.x;
+      const double ay = s.p0.y - s.pc.y;
+      const double bx = s.p1.x - s.pc.x;
+      const double by = s.p1.y - s.pc.y;
+      const double ra = std::sqrt(ax * ax + ay * ay);
+      const double rb = std::sqrt(bx * bx + by * by);
       sum += ra * std::acos((ax * bx + ay * by) / (ra * rb));
     }
     benchmark::DoNotOptimize(sum);
@@ -94,7 +100,8 @@ void BarePerimeter(benchmark::State& state) {
   for (auto _ : state) {
     double sum = 0;
     for (const Span& s : k.spans) {
-      const double dx = s.p1.x - s.p0.x, dy = s.p1.y - s.p0.y;
+      const double dx = s.p1.x - s.p0.x;
+      const double dy = s.p1.y - s.p0.y;
       sum += std::sqrt(dx * dx + dy * dy);
     }
     benchmark::DoNotOptimize(sum);
@@ -139,7 +146,8 @@ void BareNear(benchmark::State& state) {
     for (const Span& s : k.spans) {
       const double t = (p.x - s.p0.x) * s.vs.dx + (p.y - s.p0.y) * s.vs.dy;
       const double clamped = t < 0 ? 0 : t > s.length ? s.length : t;
-      const double dx = p.x - s.p0.x - clamped * s.vs.dx, dy = p.y - s.p0.y - clamped * s.vs.dy;
+      const double dx = p.x - s.p0.x - clamped * s.vs.dx;
+      const double dy = p.y - s.p0.y - clamped * s.vs.dy;
       best = std::min(best, dx * dx + dy * dy);
     }
     benchmark::DoNotOptimize(best);
@@ -177,12 +185,14 @@ BENCHMARK(BareWinding)->Unit(benchmark::kMillisecond);
 void IntofWithEverySpan(benchmark::State& state) {
   const KurveEx k(Ring(kSpans, state.range(0) != 0));
   // From border to border of the ring, so that no box is out of the way.
-  const Span line(Point(-11, -11), Point(11, 11)), arc(CW, Point(-10, 0), Point(10, 0), Point(0, 0));
+  const Span line(Point(-11, -11), Point(11, 11));
+  const Span arc(CW, Point(-10, 0), Point(10, 0), Point(0, 0));
   const Span& other = state.range(1) != 0 ? arc : line;
   for (auto _ : state) {
     int count = 0;
     for (const Span& span : k.spans) {
-      Point p1, p2;
+      Point p1;
+      Point p2;
       count += Intof(span, other, p1, p2);
     }
     benchmark::DoNotOptimize(count);
@@ -196,13 +206,20 @@ BENCHMARK(IntofWithEverySpan)
 
 void BareIntof(benchmark::State& state) {
   const KurveEx k(Ring(kSpans, false));
-  const Point from(-11, -11), to(11, 11);
+  const Point from(-11, -11);
+  const Point to(11, 11);
   for (auto _ : state) {
     int count = 0;
     for (const Span& s : k.spans) {
-      const double ax = s.p1.x - s.p0.x, ay = s.p1.y - s.p0.y, bx = to.x - from.x, by = to.y - from.y;
-      const double cx = from.x - s.p0.x, cy = from.y - s.p0.y, den = bx * ay - by * ax;
-      const double t = (bx * cy - by * cx) / den, u = (ax * cy - ay * cx) / den;
+      const double ax = s.p1.x - s.p0.x;
+      const double ay = s.p1.y - s.p0.y;
+      const double bx = to.x - from.x;
+      const double by = to.y - from.y;
+      const double cx = from.x - s.p0.x;
+      const double cy = from.y - s.p0.y;
+      const double den = bx * ay - by * ax;
+      const double t = (bx * cy - by * cx) / den;
+      const double u = (ax * cy - ay * cx) / den;
       count += t >= 0 && t <= 1 && u >= 0 && u <= 1 ? 1 : 0;
     }
     benchmark::DoNotOptimize(count);

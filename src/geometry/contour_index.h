@@ -7,11 +7,12 @@ namespace geometry {
 /// Answers many queries about one contour: built once in time proportional to its spans, then each answer
 /// takes about the logarithm of their number.
 ///
-/// Shape    boxes around runs of neighbouring spans, in pairs up to one around all; a copy of the contour in
-///          reading order, so the contour may change or go afterwards
-/// Results  those of `KurveEx::windingNumber`, `Inside` and `Near`, to the last bit, throws included. Only
-/// where
-///          products of coordinate differences leave the range of a double may the winding differ
+/// Shape    boxes around runs of neighbouring spans, in pairs up to one around all;
+///          a copy of the contour in reading order, so the contour may change or
+///          go afterwards
+/// Results  those of `KurveEx::windingNumber`, `Inside` and `Near`, to the last bit,
+///          throws included. Only where products of coordinate differences leave
+///          the range of a double may the winding differ
 class ContourIndex {
  public:
   explicit ContourIndex(const KurveEx& contour);

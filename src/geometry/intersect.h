@@ -1,8 +1,8 @@
 #pragma once
 
-#include "geometry/kurveex.h"
+#include "geometry/span.h"
 
-/// Where elements meet. A failure is INVALID_POINT, a count of 0 or false; nothing but `On` throws.
+/// Where elements meet. A failure is INVALID_POINT, a count of 0 or false.
 namespace geometry {
 
 /// Lines closer to parallel than |cross| = 1e-6 do not meet. `t` counts along `a`.
@@ -19,11 +19,13 @@ Point Intof(int order, const Circle& a, const Circle& b, Point& other);
 
 /// The crossings that lie on both spans, and their count; places of valid points come first. `t` receives
 /// fractions: of two lines t[0] on a and t[1] on b; of a line and an arc t[0], t[1] on the line and t[2],
-/// t[3] on the arc. Spans need their properties.
+/// t[3] on the arc. When only the second crossing is valid, t[0] moves with it to the first place, the
+/// fractions on the arc do not. Throws L"SetProperties missing".
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2, double t[4]);
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2);
 
-/// The point of `a` where two lines of space meet between their ends.
+/// The point of `a` where two lines of space meet between their ends. Lines whose product of directions has
+/// no component of 1e-6 do not meet, parallel or short.
 bool Intof(const Line& a, const Line& b, Point3d& point);
 
 /// The projection onto the circle. Throws L",Point on Circle centre - On(Circle& c, Point& p)".

@@ -66,7 +66,9 @@ int Intof(const Circle& a, const Circle& b, Point& p1, Point& p2) {
   // Touching from within, a lies on the far side of its centre.
   p1 = p2 = a.pc - u * x;
   const bool onBoth = NearEqual(Dist(p1, a.pc), ra, TOLERANCE) && NearEqual(Dist(p1, b.pc), rb, TOLERANCE);
-  return onBoth ? 1 : 0;
+  if (onBoth) return 1;
+  p1 = p2 = INVALID_POINT;
+  return 0;
 }
 
 Point Intof(int order, const Circle& a, const Circle& b) {

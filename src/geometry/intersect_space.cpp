@@ -27,15 +27,13 @@ bool BetweenEnds(double t, const Line& l) {
 
 bool Intof(const Line& a, const Line& b, Point3d& point) {
   if (Box3d(a.min, a.max).Outside(Box3d(b.min, b.max))) return false;
-  Vector3d ua = a.v;
-  Vector3d ub = b.v;
-  ua.Normalise();
-  ub.Normalise();
-  // From a.p0 + ta ua = b.p0 + tb ub, crossed with ub.
-  double ta = 0;
+  // From a.p0 + fa a.v = b.p0 + fb b.v, crossed with b.v. Directions carry their lengths into the test for
+  // parallels, so that lines much shorter than the unit do not meet either.
+  double fa = 0;
   double tb = 0;
-  if (!Quotient(Cross(Vector3d(a.p0, b.p0), ub), Cross(ua, ub), ta)) return false;
-  const Point3d onA = a.p0 + ua * ta;
+  if (!Quotient(Cross(Vector3d(a.p0, b.p0), b.v), Cross(a.v, b.v), fa)) return false;
+  const double ta = fa * a.length;
+  const Point3d onA = a.p0 + a.v * fa;
   const Point3d onB = b.Near(onA, tb);
   if (!NearZero(Dist(onA, onB), TOLERANCE) || !BetweenEnds(ta, a) || !BetweenEnds(tb, b)) return false;
   point = onA;
@@ -59,7 +57,9 @@ bool Hits(const BoxRay& r, const Box3d& b) {
   const Interval x = slab(b.min.x, b.max.x, r.origin.x, r.inverse.dx, r.sign[0]);
   const Interval y = slab(b.min.y, b.max.y, r.origin.y, r.inverse.dy, r.sign[1]);
   if (x.enter > y.leave || y.enter > x.leave) return false;
-  const Interval both = {std::max(x.enter, y.enter), std::min(x.leave, y.leave)};
+  // A direction along a face gives a bound that is no number, and that bounds nothing: fmax and fmin leave
+  // it out, the comparisons find nothing amiss.
+  const Interval both = {std::fmax(x.enter, y.enter), std::fmin(x.leave, y.leave)};
   const Interval z = slab(b.min.z, b.max.z, r.origin.z, r.inverse.dz, r.sign[2]);
   return !(both.enter > z.leave || z.enter > both.leave);
 }

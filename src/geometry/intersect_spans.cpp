@@ -46,10 +46,7 @@ int LineWithArc(const Span& line, const Span& arc, Point& p1, Point& p2, double 
     *places[i] = line.p0 + d * t[i];
     places[i]->ok = arc.OnSpan(*places[i], t[2 + i]);
   }
-  if (!p1.ok && p2.ok) {
-    t[0] = t[1];
-    t[2] = t[3];
-  }
+  if (!p1.ok && p2.ok) t[0] = t[1];
   return CountValid(p1, p2);
 }
 
@@ -68,6 +65,8 @@ int ArcWithArc(const Span& a, const Span& b, Point& p1, Point& p2) {
 }  // namespace
 
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2, double t[4]) {
+  a.NeedProperties();
+  b.NeedProperties();
   p1 = p2 = INVALID_POINT;
   if (a.box.Outside(b.box)) return 0;
   if (a.dir == LINEAR && b.dir == LINEAR) return LineWithLine(a, b, p1, t);

@@ -133,14 +133,17 @@ void Kurve::Add(const Kurve& k, bool addNullSpans) {
   if (this == &k) return Add(Kurve(k), addNullSpans);
   Matrix bring(k);
   if (!unit) bring.Multiply(Inverse());
+  // All are brought before the first is added, as any of them may be refused.
+  std::vector<Span> brought(static_cast<std::size_t>(k.SpanCount()));
   for (int i = 1; i <= k.SpanCount(); ++i) {
-    Span span;
+    Span& span = brought[static_cast<std::size_t>(i) - 1];
     k.Get(i, span);
     if (!bring.unit) span.Transform(bring);
-    const bool endsElsewhere = nVertices > 0 && Dist(Stored(nVertices - 1).p, span.p0) > TOLERANCE;
-    if (i == 1 && endsElsewhere) Add(span.p0, addNullSpans);
-    Add(span, addNullSpans);
   }
+  if (brought.empty()) return;
+  const Point& begin = brought.front().p0;
+  if (nVertices > 0 && Dist(Stored(nVertices - 1).p, begin) > TOLERANCE) Add(begin, addNullSpans);
+  for (const Span& span : brought) Add(span, addNullSpans);
 }
 
 void Kurve::AddNullSpan() {

@@ -20,13 +20,14 @@ struct SpanVertexBlock {
 
 /// The compact contour: vertices in blocks, read as spans on demand.
 ///
-/// Shape     vertices from 0, spans from 1; span i runs from vertex i-1 to vertex i. Vertex 0 has type 0 and
-/// no
-///           centre
-/// Matrix    the contour is stored untransformed; the matrix it derives from applies on reading, when asked
-/// for Reversed  changes the reading only; writes and `Add` work in the order of storage Owns      its
-/// blocks; copies are deep Errors    numbers out of range, null objects and differential scales throw wide
-/// strings
+/// Shape     vertices from 0, spans from 1; span i runs from vertex i-1 to vertex i.
+///           Vertex 0 has type 0 and no centre
+/// Matrix    the contour is stored untransformed; the matrix it derives from
+///           applies on reading, when asked for
+/// Reversed  changes the reading only; writes and `Add` work in the order of storage
+/// Owns      its blocks; copies are deep
+/// Errors    numbers out of range, null objects and differential scales throw
+///           wide strings, and the contour stays as it was
 class Kurve : public Matrix {
  public:
   std::vector<SpanVertexBlock*> blocks;

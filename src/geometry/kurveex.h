@@ -13,11 +13,12 @@ struct SpanReplacement {
 /// The working contour: resolved spans with running totals.
 ///
 /// Shape     spans from 1, vertices from 0; vertex v is the end of span v, vertex 0 the start
-/// Totals    `perim` and `area` are kept by every operation that changes spans; `area` is positive clockwise
-/// and
-///           counts in reading order
-/// Reversed  is honoured by readings and index words; adding and removing work on the stored end
-/// Errors    wide strings for numbers out of range, std::runtime_error for the searches that say so
+/// Totals    `perim` and `area` are kept by every operation that changes spans;
+///           `area` is positive clockwise and counts in reading order
+/// Reversed  is honoured by readings and index words; adding and removing work on
+///           the stored end
+/// Errors    wide strings for numbers out of range, std::runtime_error for the
+///           searches that say so
 class KurveEx {
  public:
   virtual ~KurveEx();
@@ -103,7 +104,8 @@ class KurveEx {
   int FindAlong(int spanNumber, const Point& p, double d, double& fraction) const;
   /// The contour with spans replaced; entries are sorted, and consumed from the front. Where a replacement
   /// meets its neighbour, with `keepEnd` the end of the span before stays, otherwise the start of the span
-  /// after. False when an entry names no span; that entry and those after it remain in the list.
+  /// after. False when an entry names no span, or one that an entry before it named; the others count
+  /// nevertheless. Entries behind the last span remain in the list.
   bool ReplaceSpans(std::vector<SpanReplacement>& list, bool keepEnd, KurveEx& out) const;
   /// The contour beginning at `p` on that span: a closed one goes all the way round, an open one is cut.
   bool ReplaceStart(int spanNumber, const Point& p, KurveEx& out) const;
@@ -133,7 +135,9 @@ class KurveEx {
   using Word = IndexWord KurveEx::*;
   using SpanWord = IndexWord Span::*;
 
+  std::size_t StoredVertex(int vertexNumber, const wchar_t* refusal) const;
   const IndexWord& WordAt(int vertexNumber, Word word, SpanWord spanWord, const wchar_t* refusal) const;
+  IndexWord& WordAt(int vertexNumber, Word word, SpanWord spanWord, const wchar_t* refusal);
   Span ReadSpan(std::size_t index) const;
   Point StoredEnd() const;
   void CountIn(const Span& span, double sign);
@@ -160,8 +164,8 @@ IndexWord GetIndex1(const KurveEx* k, int vertexNumber);
 /// nothing.
 ///
 /// At fraction `f` of the first contour's perimeter; the partner at the same fraction of the span, at the
-/// same distance along it, or at fraction `f` of its own perimeter. A cut beyond the partner's span is put at
-/// its end.
+/// same distance along it, or at fraction `f` of its own perimeter. A place beyond the partner's span
+/// is taken as it is, on the line or circle of that span.
 int SectionByFraction(const KurveEx& a, const KurveEx& b, double f, KurveEx& outA, KurveEx& outB);
 int SectionByDistance(const KurveEx& a, const KurveEx& b, double f, KurveEx& outA, KurveEx& outB);
 int SectionByOwnFraction(const KurveEx& a, const KurveEx& b, double f, KurveEx& outA, KurveEx& outB);

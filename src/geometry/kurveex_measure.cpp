@@ -4,6 +4,7 @@
 #include "geometry/winding.h"
 
 namespace geometry {
+
 int KurveEx::windingNumber(const Point& p) const {
   if (spans.empty()) throw L"No Spans inside!";
   int count = 0;

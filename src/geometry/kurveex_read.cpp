@@ -108,20 +108,30 @@ bool KurveEx::operator==(const KurveEx& k) const {
   return true;
 }
 
-const IndexWord& KurveEx::WordAt(int vertexNumber, Word word, SpanWord spanWord,
-                                 const wchar_t* refusal) const {
+/// The number in storage of the vertex that is read under that number.
+std::size_t KurveEx::StoredVertex(int vertexNumber, const wchar_t* refusal) const {
   const int n = SpanCount();
   if (vertexNumber < 0 || vertexNumber > n) Refuse(refusal);
-  const int stored = reversed ? n - vertexNumber : vertexNumber;
-  return stored == 0 ? this->*word : spans[static_cast<std::size_t>(stored) - 1].*spanWord;
+  return static_cast<std::size_t>(reversed ? n - vertexNumber : vertexNumber);
+}
+
+const IndexWord& KurveEx::WordAt(int vertexNumber, Word word, SpanWord spanWord,
+                                 const wchar_t* refusal) const {
+  const std::size_t stored = StoredVertex(vertexNumber, refusal);
+  return stored == 0 ? this->*word : spans[stored - 1].*spanWord;
+}
+
+IndexWord& KurveEx::WordAt(int vertexNumber, Word word, SpanWord spanWord, const wchar_t* refusal) {
+  const std::size_t stored = StoredVertex(vertexNumber, refusal);
+  return stored == 0 ? this->*word : spans[stored - 1].*spanWord;
 }
 
 void KurveEx::AddIndex0(int vertexNumber, IndexWord value) {
-  const_cast<IndexWord&>(WordAt(vertexNumber, &KurveEx::index0, &Span::index0, kAddIndex0)) = value;
+  WordAt(vertexNumber, &KurveEx::index0, &Span::index0, kAddIndex0) = value;
 }
 
 void KurveEx::AddIndex1(int vertexNumber, IndexWord value) {
-  const_cast<IndexWord&>(WordAt(vertexNumber, &KurveEx::index1, &Span::index1, kAddIndex1)) = value;
+  WordAt(vertexNumber, &KurveEx::index1, &Span::index1, kAddIndex1) = value;
 }
 
 IndexWord KurveEx::GetIndex0(int vertexNumber) const {

@@ -26,7 +26,12 @@ bool KurveEx::ReplaceSpans(std::vector<SpanReplacement>& list, bool keepEnd, Kur
     return a.vertexNumber < b.vertexNumber;
   });
   KurveEx rebuilt;
-  const auto isNamed = [&](int i) { return !list.empty() && list.front().vertexNumber == i; };
+  bool allNamed = true;
+  const auto isNamed = [&](int i) {
+    // An entry left over from before names no span, or one that has been replaced.
+    for (; !list.empty() && list.front().vertexNumber < i; list.erase(list.begin())) allNamed = false;
+    return !list.empty() && list.front().vertexNumber == i;
+  };
   const bool firstReplaced = isNamed(1);
   bool behindReplaced = false;
   for (int i = 1; i <= SpanCount(); ++i) {
@@ -46,7 +51,7 @@ bool KurveEx::ReplaceSpans(std::vector<SpanReplacement>& list, bool keepEnd, Kur
   rebuilt.index0 = GetIndex0(0);
   rebuilt.index1 = GetIndex1(0);
   out = rebuilt;
-  return list.empty();
+  return allNamed && list.empty();
 }
 
 bool KurveEx::ReplaceStart(int spanNumber, const Point& p, KurveEx& out) const {

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <utility>
 
 #include "geometry/kurveex.h"
@@ -37,12 +36,12 @@ class Copy {
     for (int i = from; i <= to; ++i) Add(Read(i));
   }
 
-  /// Adds the span as two, divided at distance `d`; the words stay with its end.
+  /// Adds the span as two, divided at distance `d`, which may lie beyond its ends: the second then leads
+  /// back, or on round the circle. The words stay with its end.
   void AddCut(const Span& span, double d) {
-    const double within = std::clamp(d, 0.0, span.length);
     Span first = span;
     Span second = span;
-    first.p1 = second.p0 = within == span.length && !span.NullSpan ? span.p1 : span.Along(within);
+    first.p1 = second.p0 = d == span.length && !span.NullSpan ? span.p1 : span.Along(d);
     first.index0 = first.index1 = 0;
     Add(first);
     Add(second);
@@ -55,8 +54,8 @@ class Copy {
   KurveEx copy_;
 };
 
-/// Where the partner's span is cut, as a distance along it. `before` and `beforePartner` are the lengths of
-/// the spans before.
+/// Where the partner's span is cut, as a distance along it. `ownTarget` is the place on the partner's
+/// perimeter, `beforePartner` the length of its spans before.
 using PartnerDistance = double (*)(double d, const Span& span, const Span& partner, double ownTarget,
                                    double beforePartner);
 

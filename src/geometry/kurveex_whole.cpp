@@ -33,14 +33,18 @@ KurveEx KurveEx::ReversedCopy() const {
 }
 
 void KurveEx::Scale(double f) {
-  for (Span& span : spans) span.Scale(f);
+  std::vector<Span> scaled = spans;
+  for (Span& span : scaled) span.Scale(f);
+  spans.swap(scaled);
   start *= f;
   perim *= f;
   area *= f;  // once, not twice as an area would have it
 }
 
 void KurveEx::Transform(const Matrix& m) {
-  for (Span& span : spans) span.Transform(m);
+  std::vector<Span> moved = spans;
+  for (Span& span : moved) span.Transform(m);
+  spans.swap(moved);
   if (start.ok) start = start.Transform(m);
 }
 

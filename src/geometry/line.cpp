@@ -19,7 +19,9 @@ Line::Line(const Point3d& origin, const Vector3d& direction, bool box)
 Line::Line(const Point3d& a, const Point3d& b) : Line(a, Vector3d(a, b)) {}
 
 Line::Line(const Span& s)
-    : p0(s.p0), v(s.vs * s.length), length(s.length), min(s.box.min), max(s.box.max), ok(!s.NullSpan) {}
+    : p0(s.p0), v(s.vs * s.length), length(s.length), min(s.box.min), max(s.box.max), ok(!s.NullSpan) {
+  s.NeedProperties();
+}
 
 Point3d Line::Near(const Point3d& q, double& t) const {
   t = 0.0;

@@ -22,7 +22,7 @@ double SafeSqrt(double x);
 double SafeAsin(double x);
 double SafeAcos(double x);
 
-/// The angle in [0, 2 pi).
+/// The angle from 0 to 2 pi; a negative one that is lost in 2 pi gives 2 pi itself.
 double Atan2Positive(double y, double x);
 
 /// `RELATIVE_TOLERANCE` over |x|, or over `fallback` when |x| is not above that tolerance.

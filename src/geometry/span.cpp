@@ -49,7 +49,7 @@ void Span::SetProperties(bool returnProperties) {
     radius = angle = 0.0;
   }
   box.Clear();
-  Box(box, true);
+  GrowBox(box, true);
   propertiesSet = true;
 }
 
@@ -97,6 +97,12 @@ void Span::NeedProperties() const {
 }
 
 void Span::Box(geometry::Box& b, bool withStart) const {
+  if (dir != LINEAR) NeedProperties();
+  GrowBox(b, withStart);
+}
+
+/// Requires: the radius of an arc.
+void Span::GrowBox(geometry::Box& b, bool withStart) const {
   if (withStart) b.Insert(p0);
   b.Insert(p1);
   if (dir != LINEAR) {
@@ -164,7 +170,11 @@ bool Span::operator==(const Span& s) const {
 
 bool Span::SameGeometry(const Span& s) const {
   if (dir != s.dir || !(p0 == s.p1)) return false;
-  if (dir == LINEAR) return vs == s.vs;
+  if (dir == LINEAR) {
+    NeedProperties();
+    s.NeedProperties();
+    return vs == s.vs;
+  }
   return pc == s.pc && !(p1 == s.p0);
 }
 

@@ -66,6 +66,8 @@ class Span {
   /// L"Invalid Geometry - Radii mismatch - SetProperties" when the ends lie at different distances from the
   /// centre, and leaves the caches stale.
   void SetProperties(bool returnProperties = true);
+  /// Throws L"SetProperties missing" when the caches are stale. Every query that reads them begins so.
+  void NeedProperties() const;
 
   void Transform(const Matrix& m);
   void Scale(double f);
@@ -112,7 +114,7 @@ class Span {
   double Dist(const Point& p, Point& nearest) const;
 
  private:
-  void NeedProperties() const;
+  void GrowBox(geometry::Box& b, bool withStart) const;
   void SetLineProperties();
   void SetArcProperties();
   void SetSweep(double chord);

@@ -40,8 +40,8 @@ Point Span::Mid() const {
 }
 
 Point Span::Along(double d) const {
-  if (NullSpan) return p0;
   NeedProperties();
+  if (NullSpan) return p0;
   if (dir == LINEAR) return p0 + vs * d;
   Vector2d spoke(pc, p0);
   const double turn = d * dir / radius;
@@ -50,6 +50,7 @@ Point Span::Along(double d) const {
 }
 
 Point Span::AlongFraction(double f) const {
+  NeedProperties();
   if (NullSpan || NearZero(f, kFractionTolerance)) return p0;
   if (NearEqual(f, 1.0, kFractionTolerance)) return p1;
   return Along(f * length);

@@ -93,7 +93,8 @@ double ToInch(double v) {
 }
 
 void ThrowError(const wchar_t* text, int /*severity*/, int /*code*/) {
-  throw text;
+  // Handlers catch the pointer.
+  throw text;  // NOLINT(misc-throw-by-value-catch-by-reference)
 }
 
 MessageSink SetMessageSink(MessageSink sink) {

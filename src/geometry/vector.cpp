@@ -151,25 +151,26 @@ double Angle(const Vector3d& a, const Vector3d& b) {
 }
 
 int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis) {
+  const Vector3d n = normal;  // which may be one of the axes, too
   constexpr double kPerpendicular = 1e-9;
   const Vector3d null;
-  if (normal == null) throw L"SetAxes given a NULL Vector";
-  if (!(xAxis == null) && std::fabs(Dot(normal, xAxis)) < kPerpendicular) {
-    yAxis = Cross(normal, xAxis);
+  if (n == null) throw L"SetAxes given a NULL Vector";
+  if (!(xAxis == null) && std::fabs(Dot(n, xAxis)) < kPerpendicular) {
+    yAxis = Cross(n, xAxis);
     return 1;
   }
-  if (!(yAxis == null) && std::fabs(Dot(normal, yAxis)) < kPerpendicular) {
-    xAxis = Cross(yAxis, normal);
+  if (!(yAxis == null) && std::fabs(Dot(n, yAxis)) < kPerpendicular) {
+    xAxis = Cross(yAxis, n);
     return 1;
   }
   // The axis that the normal leans to least makes the longest product.
-  const double x = std::fabs(normal.dx);
-  const double y = std::fabs(normal.dy);
-  const double z = std::fabs(normal.dz);
+  const double x = std::fabs(n.dx);
+  const double y = std::fabs(n.dy);
+  const double z = std::fabs(n.dz);
   const Vector3d away = x <= y && x <= z ? Vector3d(1, 0, 0) : y <= z ? Vector3d(0, 1, 0) : Vector3d(0, 0, 1);
-  xAxis = Cross(away, normal);
+  xAxis = Cross(away, n);
   xAxis.Normalise();
-  yAxis = Cross(normal, xAxis);
+  yAxis = Cross(n, xAxis);
   yAxis.Normalise();
   return 2;
 }

@@ -23,7 +23,8 @@ TEST(Biarc, LeavesAndArrivesAlongItsLinesWithoutACorner) {
   for (int i = 0; i < 5000; ++i) {
     const CLine a = At(random.Between(-5, 5), random.Between(-5, 5), random.Between(-3, 3));
     const CLine b = At(random.Between(-5, 5), random.Between(-5, 5), random.Between(-3, 3));
-    Span first, second;
+    Span first;
+    Span second;
     if (Biarc(a, b, first, second) != 2 || first.dir == LINEAR || second.dir == LINEAR) continue;
     ++found;
     EXPECT_LT(Dist(first.p0, a.p), 1e-9);
@@ -37,7 +38,8 @@ TEST(Biarc, LeavesAndArrivesAlongItsLinesWithoutACorner) {
 }
 
 TEST(Biarc, BetweenEqualDirectionsAcrossIsTwoHalfTurnsOfOppositeSense) {
-  Span first, second;
+  Span first;
+  Span second;
   EXPECT_EQ(Biarc(At(0, 0, 0), At(0, 2, 0), first, second), 2);
   EXPECT_EQ(first.dir, ACW);
   EXPECT_EQ(second.dir, CW);
@@ -47,7 +49,8 @@ TEST(Biarc, BetweenEqualDirectionsAcrossIsTwoHalfTurnsOfOppositeSense) {
 }
 
 TEST(Biarc, BetweenOpposedDirectionsIsOneHalfTurn) {
-  Span first, second;
+  Span first;
+  Span second;
   EXPECT_EQ(Biarc(At(0, 0, 0), {Point(0, 2), -1, 0, true}, first, second), 1);
   EXPECT_EQ(first.dir, ACW);
   EXPECT_TRUE(first.p1 == Point(0, 2));
@@ -57,8 +60,10 @@ TEST(Biarc, BetweenOpposedDirectionsIsOneHalfTurn) {
 }
 
 TEST(Biarc, OnOneCircleIsOneArc) {
-  Span first, second;
-  const CLine a = At(5, 0, kPi / 2), b = At(0, 5, kPi);
+  Span first;
+  Span second;
+  const CLine a = At(5, 0, kPi / 2);
+  const CLine b = At(0, 5, kPi);
   EXPECT_EQ(Biarc(a, b, first, second), 1);
   EXPECT_EQ(first.dir, ACW);
   EXPECT_NEAR(first.angle, kPi / 2, 1e-9);
@@ -68,7 +73,8 @@ TEST(Biarc, OnOneCircleIsOneArc) {
 }
 
 TEST(Biarc, StraightAheadIsOneLine) {
-  Span first, second;
+  Span first;
+  Span second;
   EXPECT_EQ(Biarc(At(0, 0, 0), At(6, 0, 0), first, second), 1);
   EXPECT_EQ(first.dir, LINEAR);
   EXPECT_TRUE(first.p1 == Point(6, 0));
@@ -77,7 +83,8 @@ TEST(Biarc, StraightAheadIsOneLine) {
 }
 
 TEST(Biarc, WithoutAWayThereIsNone) {
-  Span first, second;
+  Span first;
+  Span second;
   EXPECT_EQ(Biarc(At(6, 0, 0), At(0, 0, 0), first, second), 0) << "straight back";
   EXPECT_EQ(Biarc(At(0, 0, testing::kNaN), At(1, 1, 0), first, second), 0);
   EXPECT_FALSE(first.propertiesSet);

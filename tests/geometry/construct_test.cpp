@@ -101,7 +101,8 @@ TEST(ConstructLine, TouchesTwoCirclesEachOnItsSide) {
 }
 
 TEST(ConstructCircle, ThroughTwoPointsOnTheSideOfTheChord) {
-  const Circle left = Thru(1, Point(-3, 0), Point(3, 0), 5), right = Thru(-1, Point(-3, 0), Point(3, 0), 5);
+  const Circle left = Thru(1, Point(-3, 0), Point(3, 0), 5);
+  const Circle right = Thru(-1, Point(-3, 0), Point(3, 0), 5);
   EXPECT_TRUE(left.pc == Point(0, 4));
   EXPECT_EQ(left.radius, 5);
   EXPECT_TRUE(right.pc == Point(0, -4));
@@ -125,7 +126,8 @@ TEST(ConstructCircle, ThroughThreePoints) {
 }
 
 TEST(ConstructCircle, ThroughCoincidingPointsIsThatOverTheOthers) {
-  const Point a(0, 0), b(6, 8);
+  const Point a(0, 0);
+  const Point b(6, 8);
   for (const Circle& c : {Thru(a, a, b), Thru(a, b, b), Thru(a, b, a)}) {
     EXPECT_TRUE(c.pc == Point(3, 4));
     EXPECT_EQ(c.radius, 5);
@@ -134,7 +136,8 @@ TEST(ConstructCircle, ThroughCoincidingPointsIsThatOverTheOthers) {
 }
 
 TEST(ConstructCircle, OfARadiusTouchesTwoLines) {
-  const CLine x(Point(0, 0), Point(1, 0)), y(Point(0, 0), Point(0, 1));
+  const CLine x(Point(0, 0), Point(1, 0));
+  const CLine y(Point(0, 0), Point(0, 1));
   for (const int side1 : {1, -1}) {
     for (const int side2 : {1, -1}) {
       const Circle c = Tanto(side1, x, side2, y, 2);
@@ -149,7 +152,9 @@ TEST(ConstructCircle, OfARadiusTouchesTwoLines) {
 
 TEST(ConstructCircle, TouchesThreeLines) {
   // The triangle of 3, 4 and 5 has an inscribed circle of radius 1, and others outside.
-  const CLine a(Point(0, 0), Point(3, 0)), b(Point(3, 0), Point(0, 4)), c(Point(0, 4), Point(0, 0));
+  const CLine a(Point(0, 0), Point(3, 0));
+  const CLine b(Point(3, 0), Point(0, 4));
+  const CLine c(Point(0, 4), Point(0, 0));
   const Circle inner = Tanto(1, a, 1, b, 1, c);
   EXPECT_TRUE(inner.pc == Point(1, 1));
   EXPECT_NEAR(inner.radius, 1, 1e-12);
@@ -160,8 +165,22 @@ TEST(ConstructCircle, TouchesThreeLines) {
   ExpectNoCircle(Tanto(-1, a, -1, b, -1, c));
 }
 
+TEST(ConstructCircle, TouchingThreeLinesIsNoSmallerThanTheTolerance) {
+  const UnitsGuard guard(0);
+  const auto inscribed = [](double r) {
+    const Point a(0, 0);
+    const Point b(3 * r, 0);
+    const Point c(0, 4 * r);
+    return Tanto(1, CLine(a, b), 1, CLine(b, c), 1, CLine(c, a));
+  };
+  ExpectNoCircle(inscribed(0.0049));
+  EXPECT_NEAR(inscribed(0.0051).radius, 0.0051, 1e-12);
+}
+
 TEST(ConstructCircle, TouchesThreeLinesOfWhichTwoAreParallel) {
-  const CLine low(Point(0, 0), Point(1, 0)), high(Point(9, 4), Point(0, 4)), side(Point(0, 9), Point(0, 0));
+  const CLine low(Point(0, 0), Point(1, 0));
+  const CLine high(Point(9, 4), Point(0, 4));
+  const CLine side(Point(0, 9), Point(0, 0));
   for (const Circle& c : {Tanto(1, low, 1, high, 1, side), Tanto(1, side, 1, low, 1, high)}) {
     EXPECT_TRUE(c.pc == Point(2, 2));
     EXPECT_NEAR(c.radius, 2, 1e-12);
@@ -186,7 +205,8 @@ TEST(ConstructCircle, OfARadiusTouchesALineAndACircle) {
 }
 
 TEST(ConstructCircle, OfARadiusTouchesTwoCircles) {
-  const Circle a(Point(0, 0), 3), b(Point(10, 0), 4);
+  const Circle a(Point(0, 0), 3);
+  const Circle b(Point(10, 0), 4);
   for (const int order : {1, -1}) {
     const Circle c = Tanto(order, 1, a, 1, b, 5);
     ASSERT_TRUE(c.ok);
@@ -214,7 +234,8 @@ TEST(ConstructCircle, OfARadiusTouchesALineThroughAPoint) {
 }
 
 TEST(ThreeTangents, TouchTwoLinesAndACircle) {
-  const CLine x(Point(0, 0), Point(1, 0)), y(Point(0, 5), Point(0, 0));
+  const CLine x(Point(0, 0), Point(1, 0));
+  const CLine y(Point(0, 5), Point(0, 0));
   const Circle given(Point(6, 7), 2);
   for (const int side : {1, -1}) {
     Circle out[2];
@@ -239,7 +260,8 @@ TEST(ThreeTangents, TouchTwoLinesThroughAPoint) {
 }
 
 TEST(ThreeTangents, BetweenParallelLinesTheRadiusIsHalfTheirDistance) {
-  const CLine low(Point(0, 0), Point(1, 0)), high(Point(0, 4), Point(1, 4));
+  const CLine low(Point(0, 0), Point(1, 0));
+  const CLine high(Point(0, 4), Point(1, 4));
   const Circle given(Point(0, 2), 3);
   Circle out[2];
   EXPECT_EQ(Tanto(1, low, -1, high, 1, given, out), 2);
@@ -259,26 +281,31 @@ TEST(ThreeTangents, BetweenParallelLinesTheRadiusIsHalfTheirDistance) {
 
 TEST(ThreeTangents, TouchALineAndTwoCircles) {
   const CLine x(Point(0, 0), Point(1, 0));
-  const Circle a(Point(-5, 6), 2), b(Point(4, 5), 1);
-  for (const int side1 : {1, -1}) {
-    for (const int side2 : {1, -1}) {
+  const Circle a(Point(-5, 6), 2);
+  const Circle b(Point(4, 5), 1);
+  for (const int sideA : {1, -1}) {
+    for (const int sideB : {1, -1}) {
       Circle out[2];
-      const int count = Tanto(1, x, side1, a, side2, b, out);
+      const int count = Tanto(1, x, sideA, a, sideB, b, out);
       EXPECT_GT(count, 0);
       for (int i = 0; i < count; ++i) {
         ExpectTouches(out[i], 1, x);
-        ExpectTouches(out[i], side1, a);
-        ExpectTouches(out[i], side2, b);
+        ExpectTouches(out[i], sideA, a);
+        ExpectTouches(out[i], sideB, b);
       }
     }
   }
 }
 
 TEST(ThreeTangents, TouchThreeCircles) {
-  const Circle a(Point(0, 0), 2), b(Point(10, 1), 3), c(Point(4, 9), 1);
+  const Circle a(Point(0, 0), 2);
+  const Circle b(Point(10, 1), 3);
+  const Circle c(Point(4, 9), 1);
   int found = 0;
   for (int sides = 0; sides < 8; ++sides) {
-    const int s1 = sides & 1 ? 1 : -1, s2 = sides & 2 ? 1 : -1, s3 = sides & 4 ? 1 : -1;
+    const int s1 = sides & 1 ? 1 : -1;
+    const int s2 = sides & 2 ? 1 : -1;
+    const int s3 = sides & 4 ? 1 : -1;
     Circle out[2];
     const int count = Tanto(s1, a, s2, b, s3, c, out);
     found += count;
@@ -330,6 +357,15 @@ TEST(Touching, OnlyFromTheSideOfTheLineWhereTheCircleLies) {
   }
 }
 
+TEST(Apollonius, OnlyPositiveRadiiCount) {
+  const Circle given(Point(0, 0), 1);
+  Circle out[2];
+  ASSERT_EQ(Apollonius(1, 0, 0, 3, 0, 1, 0, 0, given, 1, out), 1) << "of 2 and -4";
+  EXPECT_DOUBLE_EQ(out[0].radius, 2);
+  EXPECT_TRUE(out[0].pc == Point(3, 0));
+  EXPECT_EQ(Apollonius(1, 0, 0, 1, 0, 1, 0, 0, given, 1, out), 0) << "of 0 and -2";
+}
+
 TEST(Apollonius, ASingularPairHasNoSolution) {
   Circle out[2];
   EXPECT_EQ(Apollonius(1, 2, 0, 1, 2, 4, 0, 5, Circle(Point(0, 0), 1), 1, out), 0);
@@ -338,8 +374,10 @@ TEST(Apollonius, ASingularPairHasNoSolution) {
 
 TEST(Construct, TakesWhatIsNotANumberWithoutHarm) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
-    const CLine line(Point(bad, 0), 1, bad, true), x(Point(0, 0), Point(1, 0));
-    const Circle circle(Point(bad, 1), bad), unit(Point(0, 0), 1);
+    const CLine line(Point(bad, 0), 1, bad, true);
+    const CLine x(Point(0, 0), Point(1, 0));
+    const Circle circle(Point(bad, 1), bad);
+    const Circle unit(Point(0, 0), 1);
     Circle out[2];
     Tanto(1, circle, Point(0, 0));
     Tanto(1, circle, -1, unit);

@@ -19,7 +19,8 @@ using testing::ThrownText;
 KurveEx RaggedRing(int count, Random& random) {
   KurveEx k;
   for (int i = 0; i < count; ++i) {
-    const double angle = 4 * kPi * i / count, r = random.Between(4, 10);
+    const double angle = 4 * kPi * i / count;
+    const double r = random.Between(4, 10);
     k.Add(std::round(8 * r * std::cos(angle)) / 8, std::round(8 * r * std::sin(angle)) / 8);
   }
   k.Add(k.start.x, k.start.y);
@@ -31,7 +32,8 @@ KurveEx Garland(int count, Random& random) {
   KurveEx k;
   k.Start(Point(0, 0));
   for (int i = 0; i < count; ++i) {
-    const Point from = k.End(), to(from.x + random.Between(-2, 2), from.y + random.Between(-2, 2));
+    const Point from = k.End();
+    const Point to(from.x + random.Between(-2, 2), from.y + random.Between(-2, 2));
     const CLine chord(from, to);
     const Point middle((from.x + to.x) / 2, (from.y + to.y) / 2);
     const Point centre = middle + chord.v.LeftNormal() * random.Between(-1, 1);
@@ -41,9 +43,12 @@ KurveEx Garland(int count, Random& random) {
 }
 
 void ExpectSameNear(const KurveEx& k, const ContourIndex& index, const Point& p) {
-  int plainSpan = -1, span = -1;
-  double plainT = -1, t = -1;
-  const Point plain = k.Near(p, plainSpan, plainT), nearest = index.Near(p, span, t);
+  int plainSpan = -1;
+  int span = -1;
+  double plainT = -1;
+  double t = -1;
+  const Point plain = k.Near(p, plainSpan, plainT);
+  const Point nearest = index.Near(p, span, t);
   ASSERT_EQ(span, plainSpan);
   ASSERT_EQ(nearest.ok, plain.ok);
   ASSERT_EQ(nearest.x, plain.x);
@@ -100,7 +105,8 @@ TEST(ContourIndex, TakesTheFirstSpanWithinTheTolerance) {
 }
 
 TEST(ContourIndex, ThrowsAsThePlainForm) {
-  const ContourIndex empty{KurveEx()}, circle(KurveEx(Point(0, 0), 5, ACW));
+  const ContourIndex empty{KurveEx()};
+  const ContourIndex circle(KurveEx(Point(0, 0), 5, ACW));
   EXPECT_EQ(ThrownText([&] { empty.windingNumber(Point(0, 0)); }), L"No Spans inside!");
   EXPECT_EQ(ThrownText([&] { circle.Inside(Point(0, 0)); }), L"Arc span not allowed in windingNumber");
   int span = 7;

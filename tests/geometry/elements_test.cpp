@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "geometry/box.h"
+#include "geometry/span.h"
 #include "geometry/support.h"
 
 namespace geometry {
@@ -40,7 +41,9 @@ TEST(CLine, AtAnAngleInDegreesIsNotFlaggedValid) {
 }
 
 TEST(CLine, FromADirectionIsValidOnlyWhenNormalised) {
-  const CLine raw(Point(0, 0), 3, 4, false), made(Point(0, 0), 3, 4, true), null(Point(0, 0), 0, 0, true);
+  const CLine raw(Point(0, 0), 3, 4, false);
+  const CLine made(Point(0, 0), 3, 4, true);
+  const CLine null(Point(0, 0), 0, 0, true);
   EXPECT_FALSE(raw.ok);
   EXPECT_EQ(raw.v.dx, 3);
   EXPECT_TRUE(made.ok);
@@ -124,6 +127,39 @@ TEST(Circle, EqualityNeedsBothValid) {
   EXPECT_FALSE(Circle() == Circle());
 }
 
+TEST(CLine, OfASpanIsValidWhenItsPropertiesAreSetAndItHasALength) {
+  Span span(ACW, Point(2, 0), Point(0, 2), Point(0, 0));
+  const CLine tangent(span);
+  EXPECT_TRUE(tangent.ok);
+  EXPECT_TRUE(tangent.p == Point(2, 0));
+  EXPECT_TRUE(tangent.v == Vector2d(0, 1));
+  span.SetProperties(false);
+  EXPECT_FALSE(CLine(span).ok);
+  EXPECT_FALSE(CLine(Span(Point(1, 1), Point(1, 1))).ok);
+  EXPECT_FALSE(CLine(Span()).ok);
+}
+
+TEST(Circle, OfASpanIsValidForArcsWhosePropertiesAreSet) {
+  Span arc(CW, Point(2, 1), Point(0, -1), Point(0, 1));
+  EXPECT_TRUE(Circle(arc).ok);
+  EXPECT_TRUE(Circle(arc).pc == Point(0, 1));
+  EXPECT_EQ(Circle(arc).radius, 2);
+  arc.SetProperties(false);
+  EXPECT_FALSE(Circle(arc).ok);
+  EXPECT_FALSE(Circle(Span(Point(1, 1), Point(5, 1))).ok);
+  EXPECT_FALSE(Circle(Span(ACW, Point(1, 1), Point(1, 1), Point(0, 1))).ok) << "a null span is a line";
+}
+
+TEST(Line, OfASpanHasItsLengthAndBox) {
+  const Line l(Span(ACW, Point(2, 0), Point(-2, 0), Point(0, 0)));
+  EXPECT_TRUE(l.ok);
+  EXPECT_TRUE(l.p0 == Point3d(2, 0, 0));
+  EXPECT_NEAR(l.length, 6.283185307179586, 1e-12);
+  EXPECT_NEAR(l.v.dy, l.length, 1e-12) << "the start tangent times the length";
+  EXPECT_TRUE(l.max == Point3d(2, 2, 0));
+  EXPECT_FALSE(Line(Span(Point(1, 1), Point(1, 1))).ok);
+}
+
 TEST(Plane, ThroughThreePoints) {
   const Plane plane(Point3d(0, 0, 5), Point3d(2, 0, 5), Point3d(0, 3, 5));
   EXPECT_TRUE(plane.ok);
@@ -173,8 +209,9 @@ TEST(Plane, MeetsALine) {
 }
 
 TEST(Plane, TwoMeetInALineAndThreeInAPoint) {
-  const Plane a(Point3d(1, 0, 0), Vector3d(1, 0, 0)), b(Point3d(0, 2, 0), Vector3d(1, 1, 0)),
-      c(Point3d(0, 0, 3), Vector3d(0, 1, 4));
+  const Plane a(Point3d(1, 0, 0), Vector3d(1, 0, 0));
+  const Plane b(Point3d(0, 2, 0), Vector3d(1, 1, 0));
+  const Plane c(Point3d(0, 0, 3), Vector3d(0, 1, 4));
   Line edge;
   EXPECT_TRUE(a.Intof(b, edge));
   EXPECT_TRUE(edge.ok);
@@ -191,7 +228,8 @@ TEST(Plane, TwoMeetInALineAndThreeInAPoint) {
 }
 
 TEST(Plane, ParallelOnesDoNotMeet) {
-  const Plane a(Point3d(0, 0, 1), Vector3d(0, 0, 1)), b(Point3d(0, 0, 2), Vector3d(0, 0, -1));
+  const Plane a(Point3d(0, 0, 1), Vector3d(0, 0, 1));
+  const Plane b(Point3d(0, 0, 2), Vector3d(0, 0, -1));
   Line edge;
   Point3d corner;
   EXPECT_FALSE(a.Intof(b, edge));
@@ -240,7 +278,8 @@ TEST(Line, NearestPointByItsDistanceFromTheOrigin) {
 }
 
 TEST(Line, DistanceOfTwoIsAlongTheirCommonNormal) {
-  const Line x(Point3d(0, 0, 0), Vector3d(5, 0, 0)), y(Point3d(7, 7, -3), Vector3d(0, 2, 0));
+  const Line x(Point3d(0, 0, 0), Vector3d(5, 0, 0));
+  const Line y(Point3d(7, 7, -3), Vector3d(0, 2, 0));
   EXPECT_DOUBLE_EQ(Dist(x, y), 3);
   EXPECT_TRUE(std::isnan(Dist(x, x)));
 }

@@ -53,7 +53,8 @@ static_assert(offsetof(Span, p0) < offsetof(Span, p1) && offsetof(Span, p1) < of
               offsetof(Span, box) < offsetof(Span, index0) &&
               offsetof(Span, index0) < offsetof(Span, index1) &&
               offsetof(Span, index1) < offsetof(Span, propertiesSet));
-static_assert(sizeof(SpanVertexBlock) == 32 * (4 + 4 + sizeof(IndexWord) + 4 * 8));
+static_assert(sizeof(SpanVertexBlock) ==
+              32 * (sizeof(IndexWord) + 2 * sizeof(std::int32_t) + 4 * sizeof(double)));
 static_assert(is_same_v<decltype(SpanPair::offset), Span>);
 
 // No virtual operation but one destructor.
@@ -114,7 +115,8 @@ TEST(Headers, ReadAsTheirCallersWriteThem) {
   k.Add({4, 0});
   k.Add(CW, {4, 4}, {4, 2});
   const KurveEx ex(k);
-  Span byNumber, byIndex;
+  Span byNumber;
+  Span byIndex;
   EXPECT_TRUE(ex.Get(1, byNumber));
   EXPECT_TRUE(ex.Get(std::size_t{0}, byIndex));
   EXPECT_TRUE(byNumber == byIndex);

@@ -60,7 +60,8 @@ TEST(HostMatrixVdm, GoesThroughTheExportsOfTheHost) {
   vanzet::host::symbolFinder = FindExport;
   UseHostForMatrixVdm();
   host = StoringHost();
-  Matrix m, back;
+  Matrix m;
+  Matrix back;
   m.Rotate(0.4, 1);
   m.Translate(1, 2, 3);
   m.ToVdm(77);

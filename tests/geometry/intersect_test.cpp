@@ -9,6 +9,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -21,7 +22,8 @@ Span Arc(int dir, const Point& c, double r, double fromDegrees, double toDegrees
 }
 
 TEST(IntofLines, MeetAtAPointWithItsParameter) {
-  const CLine a(Point(1, 1), Point(4, 1)), b(Point(3, -5), Point(3, 9));
+  const CLine a(Point(1, 1), Point(4, 1));
+  const CLine b(Point(3, -5), Point(3, 9));
   double t = 0;
   EXPECT_TRUE(Intof(a, b, t) == Point(3, 1));
   EXPECT_EQ(t, 2);
@@ -35,6 +37,12 @@ TEST(IntofLines, ParallelOnesDoNotMeet) {
   EXPECT_FALSE(Intof(a, CLine(Point(0, 1), 1, 0.9e-6, true)).ok);
   EXPECT_TRUE(Intof(a, CLine(Point(0, 1), 1, 1.1e-6, true)).ok);
   EXPECT_FALSE(Intof(a, CLine(Point(0, 1), kNaN, 1, false)).ok);
+}
+
+TEST(IntofLines, OnesAsParallelAsTheLimitDoNotMeet) {
+  const CLine a(Point(0, 0), 1, 0, false);
+  EXPECT_FALSE(Intof(a, CLine(Point(0, 1), 1, 1e-6, false)).ok);
+  EXPECT_TRUE(Intof(a, CLine(Point(0, 1), 1, 1.0001e-6, false)).ok);
 }
 
 TEST(IntofLineAndCircle, OrderChoosesAlongTheLine) {
@@ -59,7 +67,8 @@ TEST(IntofLineAndCircle, ATangentTouchesOnce) {
 }
 
 TEST(IntofCircles, FirstIsLeftOfTheWay) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8, 0), 5), p1, p2), 2);
   EXPECT_TRUE(p1 == Point(4, 3));
   EXPECT_TRUE(p2 == Point(4, -3));
@@ -72,7 +81,8 @@ TEST(IntofCircles, FirstIsLeftOfTheWay) {
 
 TEST(IntofCircles, TouchingOnesMeetOnce) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8, 0), 3), p1, p2), 1);
   EXPECT_TRUE(p1 == Point(5, 0));
   EXPECT_TRUE(p2 == p1);
@@ -90,8 +100,10 @@ TEST(IntofCircles, TouchingOnesMeetOnce) {
 TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
   const UnitsGuard guard(0);
   // A little off, the radical line lies just outside the small circle, which is then tried behind its centre.
-  Point p1, p2;
-  const Circle small(Point(1.998, 0), 3), large(Point(0, 0), 5);
+  Point p1;
+  Point p2;
+  const Circle small(Point(1.998, 0), 3);
+  const Circle large(Point(0, 0), 5);
   EXPECT_EQ(Intof(small, large, p1, p2), 1);
   EXPECT_TRUE(p1 == Point(4.998, 0));
   EXPECT_TRUE(p2 == p1);
@@ -101,12 +113,41 @@ TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
 
 TEST(IntofCircles, ApartWithinOrConcentricDoNotMeet) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8.006, 0), 3), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(1.99, 0), 3), p1, p2), 0);
   EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.004, 0), 5), p1, p2), 0);
   EXPECT_FALSE(Intof(1, Circle(Point(0, 0), 5), Circle(Point(20, 0), 5)).ok);
+}
+
+TEST(IntofCircles, AtTheLimitsTheyMeet) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(TOLERANCE, 0), 5), p1, p2), 2) << "of centres";
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(8 + TOLERANCE, 0), 3), p1, p2), 1) << "of radii";
+  EXPECT_TRUE(p1 == Point(5, 0));
+}
+
+TEST(IntofCircles, NearlyAlikeOnesMustNotHaveTheirRadicalLineOutside) {
+  const UnitsGuard guard(0);
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.096, 0), 4.9), p1, p2), 0);
+  EXPECT_EQ(Intof(Circle(Point(0, 0), 5), Circle(Point(0.1, 0), 4.9), p1, p2), 1);
+}
+
+TEST(IntofCircles, ThatJustMissLeaveNoPoint) {
+  const double ra = 0.54120857409224921;
+  const double rb = 0.59705836939806223;
+  Point p1;
+  Point p2;
+  EXPECT_EQ(Intof(Circle(Point(0, 0), ra), Circle(Point(ra + rb + TOLERANCE, 0), rb), p1, p2), 0);
+  EXPECT_FALSE(p1.ok);
+  EXPECT_FALSE(p2.ok);
 }
 
 TEST(IntofCircles, CrossingsLieOnBoth) {
@@ -126,7 +167,8 @@ TEST(IntofCircles, CrossingsLieOnBoth) {
 }
 
 TEST(IntofSpans, LinesCrossBetweenTheirEnds) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 0)), Span(Point(4, -1), Point(4, 3)), p1, p2, t), 1);
   EXPECT_TRUE(p1 == Point(4, 0));
@@ -137,7 +179,8 @@ TEST(IntofSpans, LinesCrossBetweenTheirEnds) {
 }
 
 TEST(IntofSpans, LinesThatMissHaveACarrierPointButNoCount) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   // The boxes overlap, the lines end before they meet.
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 10)), Span(Point(6, 4), Point(10, 0)), p1, p2, t), 0);
@@ -147,21 +190,24 @@ TEST(IntofSpans, LinesThatMissHaveACarrierPointButNoCount) {
 }
 
 TEST(IntofSpans, ParallelLinesDoNotMeet) {
-  Point p1(1, 1), p2(1, 1);
+  Point p1(1, 1);
+  Point p2(1, 1);
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(10, 0)), Span(Point(2, 0), Point(5, 0)), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_EQ(p1.x, INVALID_POINT.x);
 }
 
 TEST(IntofSpans, DisjointBoxesEndTheSearch) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Span(Point(0, 0), Point(1, 1)), Span(Point(5, 0), Point(4, 1)), p1, p2), 0);
   EXPECT_FALSE(p1.ok);
 }
 
 TEST(IntofSpans, EndsReachOutByTheToleranceWhereBoxesMeet) {
   const UnitsGuard guard(0);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   const Span a(Point(0, 0), Point(10, 10));
   EXPECT_EQ(Intof(a, Span(Point(5.003, 4.997), Point(9, 1)), p1, p2), 1);
   EXPECT_EQ(Intof(a, Span(Point(5.004, 4.996), Point(9, 1)), p1, p2), 0);
@@ -172,7 +218,8 @@ TEST(IntofSpans, EndsReachOutByTheToleranceWhereBoxesMeet) {
 
 TEST(IntofSpans, ALineCrossesAnArc) {
   const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
-  Point p1, p2;
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(Span(Point(-10, 3), Point(10, 3)), arc, p1, p2, t), 2);
   for (int i = 0; i < 2; ++i) {
@@ -187,23 +234,30 @@ TEST(IntofSpans, ALineCrossesAnArc) {
 }
 
 TEST(IntofSpans, TheOnlyValidCrossingComesFirst) {
-  const Span upper = Arc(ACW, Point(0, 0), 5, 0, 180), lower = Arc(CW, Point(0, 0), 5, 0, 180);
+  const Span upper = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span lower = Arc(CW, Point(0, 0), 5, 0, 180);
   const Span line(Point(1, -10), Point(1, 9));
   const double root = std::sqrt(24.0);
   for (const auto& [arc, y] : {std::pair{upper, root}, std::pair{lower, -root}}) {
-    Point p1, p2;
+    Point p1;
+    Point p2;
     double t[4] = {-9, -9, -9, -9};
     EXPECT_EQ(Intof(line, arc, p1, p2, t), 1);
     EXPECT_TRUE(p1 == Point(1, y));
     EXPECT_FALSE(p2.ok);
     EXPECT_NEAR(t[0], (y + 10) / 19, 1e-12);
-    EXPECT_NEAR(t[2], std::atan2(root, 1) / kPi, 1e-9);
+    // The roots come larger size first; only the line's parameter moves with the second.
+    const bool moved = y < 0;
+    EXPECT_NEAR(t[moved ? 3 : 2], std::atan2(root, 1) / kPi, 1e-9);
+    EXPECT_FALSE(0 <= t[moved ? 2 : 3] && t[moved ? 2 : 3] <= 1);
   }
 }
 
 TEST(IntofSpans, ArcWithLineKeepsTheLinesParameter) {
-  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180), line(Point(0, 0), Point(0, 10));
-  Point p1, p2;
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span line(Point(0, 0), Point(0, 10));
+  Point p1;
+  Point p2;
   double t[4] = {};
   EXPECT_EQ(Intof(arc, line, p1, p2, t), 1);
   EXPECT_DOUBLE_EQ(t[0], 0.5);
@@ -211,14 +265,30 @@ TEST(IntofSpans, ArcWithLineKeepsTheLinesParameter) {
 }
 
 TEST(IntofSpans, ALineTouchesAnArcOnce) {
-  Point p1, p2;
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(Span(Point(-9, 5), Point(9, 5)), Arc(ACW, Point(0, 0), 5, 0, 180), p1, p2), 1);
   EXPECT_TRUE(p1 == Point(0, 5));
 }
 
+TEST(IntofSpans, ALineReachesOutToAnArcByLessThanTheTolerance) {
+  const UnitsGuard guard(0);
+  Point p1;
+  Point p2;
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 180);
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4.996)), arc, p1, p2), 1);
+  EXPECT_TRUE(p1 == Point(0, 5));
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4.994)), arc, p1, p2), 0);
+  EXPECT_EQ(Intof(Span(Point(0, 4.994), Point(0, 0)), arc, p1, p2), 0);
+  TOLERANCE = kExactTolerance;
+  EXPECT_EQ(Intof(Span(Point(0, 0), Point(0, 4)), Arc(ACW, Point(0, 0), 4 + TOLERANCE, 0, 180), p1, p2), 0);
+}
+
 TEST(IntofSpans, ArcsMeetWhereBothRun) {
-  const Span left = Arc(ACW, Point(0, 0), 5, -90, 90), right = Arc(CW, Point(8, 0), 5, -90, 90);
-  Point p1, p2;
+  const Span left = Arc(ACW, Point(0, 0), 5, -90, 90);
+  const Span right = Arc(CW, Point(8, 0), 5, -90, 90);
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(left, right, p1, p2), 2);
   EXPECT_TRUE(p1 == Point(4, 3));
   EXPECT_TRUE(p2 == Point(4, -3));
@@ -234,8 +304,10 @@ TEST(IntofSpans, ArcsMeetWhereBothRun) {
 }
 
 TEST(IntofSpans, ArcsOnCirclesThatMissGiveTheEndOfTheFirst) {
-  const Span outer = Arc(ACW, Point(0, 0), 5, 0, 180), inner = Arc(ACW, Point(0, 1), 1, 0, 180);
-  Point p1, p2;
+  const Span outer = Arc(ACW, Point(0, 0), 5, 0, 180);
+  const Span inner = Arc(ACW, Point(0, 1), 1, 0, 180);
+  Point p1;
+  Point p2;
   EXPECT_EQ(Intof(outer, inner, p1, p2), 0);
   EXPECT_FALSE(p1.ok);
   EXPECT_TRUE(p1 == Point(-5, 0));
@@ -252,7 +324,8 @@ TEST(IntofSpans, CrossingsLieOnBothSpans) {
       const double from = random.Between(-180, 180);
       return Arc(dir, p, random.Between(1, 9), from, from + random.Between(5, 355));
     };
-    const Span a = any(), b = any();
+    const Span a = any();
+    const Span b = any();
     Point p[2];
     const int count = Intof(a, b, p[0], p[1]);
     for (int k = 0; k < count; ++k) {
@@ -283,9 +356,20 @@ TEST(IntofSpans, AgreeWithFineChords) {
       const double d1 = carrier.Dist(arc.AlongFraction((k + 1) / 2000.0));
       crossings += (d0 < 0) != (d1 < 0) ? 1 : 0;
     }
-    Point p1, p2;
+    Point p1;
+    Point p2;
     EXPECT_EQ(Intof(line, arc, p1, p2), crossings);
   }
+}
+
+TEST(IntofSpans, StaleOnesAreRefused) {
+  const Span line(Point(0, 0), Point(2, 2));
+  Span stale(Point(0, 2), Point(2, 0));
+  stale.SetProperties(false);
+  Point p1;
+  Point p2;
+  EXPECT_EQ(ThrownText([&] { Intof(line, stale, p1, p2); }), L"SetProperties missing");
+  EXPECT_EQ(ThrownText([&] { Intof(stale, line, p1, p2); }), L"SetProperties missing");
 }
 
 TEST(On, ACircleIsTheProjection) {
@@ -307,7 +391,8 @@ TEST(Dist, OfCirclesIsTheGap) {
 
 TEST(IntofInSpace, LinesMeetBetweenTheirEnds) {
   Point3d p;
-  const Line a(Point3d(0, 0, 0), Point3d(10, 10, 10)), b(Point3d(0, 10, 5), Point3d(10, 0, 5));
+  const Line a(Point3d(0, 0, 0), Point3d(10, 10, 10));
+  const Line b(Point3d(0, 10, 5), Point3d(10, 0, 5));
   EXPECT_TRUE(Intof(a, b, p));
   EXPECT_TRUE(p == Point3d(5, 5, 5));
   EXPECT_TRUE(Intof(b, a, p));
@@ -331,6 +416,19 @@ TEST(IntofInSpace, SkewParallelShortAndDistantLinesDoNotMeet) {
   EXPECT_FALSE(Intof(a, Line(Point3d(5, 5, 0), Vector3d()), p)) << "no direction";
 }
 
+TEST(IntofInSpace, DirectionsCountWithTheirLengths) {
+  Point3d p;
+  const auto cross = [&](double half) {
+    return Intof(Line(Point3d(-half, 0, 0), Point3d(half, 0, 0)),
+                 Line(Point3d(0, -half, 0), Point3d(0, half, 0)), p);
+  };
+  EXPECT_TRUE(cross(0.00051));
+  EXPECT_FALSE(cross(0.00049)) << "the product of their lengths is below a millionth";
+  const Line nearlyParallel(Point3d(0, -0.0001, 0), Point3d(1000, 0.0001, 0));
+  EXPECT_TRUE(Intof(Line(Point3d(0, 0, 0), Point3d(1000, 0, 0)), nearlyParallel, p));
+  EXPECT_TRUE(p == Point3d(500, 0, 0));
+}
+
 TEST(IntofInSpace, EndsReachOutByTheTolerance) {
   const UnitsGuard guard(0);
   Point3d p;
@@ -351,6 +449,18 @@ TEST(BoxRay, HitsWhereItsLinePasses) {
   EXPECT_TRUE(Hits(BoxRay(Line(Point3d(5, 3, 3), Vector3d(1, 0.75, 0.75))), box)) << "the line has no ends";
 }
 
+TEST(BoxRay, AlongAFaceTheOtherAxesDecide) {
+  const Box3d box(Point3d(1, 1, 1), Point3d(3, 2, 2));
+  for (const double x : {1.0, 3.0}) {
+    EXPECT_TRUE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(0, 1, 1))), box));
+    EXPECT_TRUE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(-0.0, 1, 1))), box));
+    EXPECT_FALSE(Hits(BoxRay(Line(Point3d(x, 0, 0), Vector3d(0, 1, 4))), box)) << "past it in y and z";
+    EXPECT_FALSE(Hits(BoxRay(Line(Point3d(x, 5, 0), Vector3d(0, 0, 1))), box)) << "past it in y";
+  }
+  EXPECT_FALSE(Hits(BoxRay(Line(Point3d(0, 1, 0), Vector3d(1, 0, 4))), box)) << "past it in x and z";
+  EXPECT_FALSE(Hits(BoxRay(Line(Point3d(0, 0, 2), Vector3d(1, 3, 0))), box)) << "past it in x and y";
+}
+
 TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
   Random random(854);
   const Box3d box(Point3d(-1, -2, -1), Point3d(1, 1, 2));
@@ -359,7 +469,8 @@ TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
       return Point3d(random.Between(-4, 4), random.Between(-4, 4), random.Between(-4, 4));
     };
     const Line line(any(), any());
-    bool inside = false, near = false;
+    bool inside = false;
+    bool near = false;
     for (int k = -4000; k <= 4000; ++k) {
       const Point3d p = line.p0 + line.v * (k / 200.0);
       inside = inside || !box.Outside(p);
@@ -378,14 +489,17 @@ TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
 
 TEST(Intof, TakesWhatIsNotANumberWithoutHarm) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
-    const CLine line(Point(bad, 0), bad, 1, true), good(Point(0, 0), 1, 1, true);
+    const CLine line(Point(bad, 0), bad, 1, true);
+    const CLine good(Point(0, 0), 1, 1, true);
     const Circle circle(Point(bad, bad), bad);
-    Point p1, p2;
+    Point p1;
+    Point p2;
     Intof(line, good);
     Intof(1, line, Circle(Point(0, 0), 1), p1);
     Intof(-1, good, circle, p1);
     EXPECT_LE(Intof(circle, Circle(Point(0, 0), 1), p1, p2), 2);
-    Span span(Point(bad, 0), Point(1, bad)), arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
+    Span span(Point(bad, 0), Point(1, bad));
+    Span arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
     EXPECT_LE(Intof(span, arc, p1, p2), 2);
     EXPECT_LE(Intof(arc, span, p1, p2), 2);
     EXPECT_LE(Intof(span, span, p1, p2), 1);

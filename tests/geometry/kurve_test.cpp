@@ -10,6 +10,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -52,7 +53,8 @@ Matrix Move(double angle, double scale, double dx, double dy) {
 }
 
 void ExpectVertex(const Kurve& k, int v, int type, const Point& p) {
-  Point at, centre;
+  Point at;
+  Point centre;
   EXPECT_EQ(k.Get(v, at, centre), type) << v;
   EXPECT_TRUE(at == p) << v << ": " << at.x << ", " << at.y;
 }
@@ -76,7 +78,8 @@ TEST(Kurve, TheFirstAddStartsIt) {
   EXPECT_TRUE(k.started);
   EXPECT_EQ(k.nVertices, 1);
   ExpectVertex(k, 0, LINEAR, Point(3, 4));
-  Point p, pc;
+  Point p;
+  Point pc;
   k.Get(0, p, pc);
   EXPECT_TRUE(pc == Point(0, 0));
 }
@@ -106,11 +109,34 @@ TEST(Kurve, RefusesOrFlattensNullSpans) {
   EXPECT_FALSE(k.Add(ACW, Point(0.004, 0), Point(1, 1), false));
   EXPECT_EQ(k.nVertices, 1);
   EXPECT_TRUE(k.Add(ACW, Point(0.004, 0), Point(1, 1), true));
-  Point p, pc;
+  Point p;
+  Point pc;
   EXPECT_EQ(k.Get(1, p, pc), LINEAR);
   EXPECT_TRUE(pc == Point(1, 1)) << "the centre is kept as given";
   EXPECT_TRUE(k.Add(ACW, Point(0.0091, 0), Point(1, 1), false)) << "from the tolerance up it is a span";
   EXPECT_EQ(k.Get(2, p, pc), ACW);
+}
+
+TEST(Kurve, AtTheToleranceItselfAVertexIsAnother) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  k.Start(Point(0, 0));
+  EXPECT_TRUE(k.Add(Point(TOLERANCE, 0), false));
+  EXPECT_EQ(k.nVertices, 2);
+}
+
+TEST(Kurve, AtTheToleranceItselfAnAppendedOneBeginsAtTheEnd) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  k.Start(Point(-1, 0));
+  k.Add(Point(0, 0));
+  Kurve next;
+  next.Start(Point(TOLERANCE, 0));
+  next.Add(Point(1, 0));
+  k.Add(next);
+  EXPECT_EQ(k.nVertices, 3) << "no line over the gap";
 }
 
 TEST(Kurve, IDsComeWithVerticesAndSpans) {
@@ -163,7 +189,8 @@ TEST(Kurve, VerticesCrossBlocks) {
   k.Reverse(true);
   ExpectVertex(k, 69 - 31, CW, Point(31, 0));
   ExpectVertex(k, 69 - 32, LINEAR, Point(32, 0));
-  Point p, pc;
+  Point p;
+  Point pc;
   k.Get(69 - 31, p, pc);
   EXPECT_TRUE(pc == Point(31.5, 0));
 }
@@ -172,7 +199,8 @@ TEST(Kurve, CopiesAreDeep) {
   Kurve k = Square(1);
   k.Translate(5, 0);
   k.Reverse(true);
-  Kurve copy(k), assigned = Mixed();
+  Kurve copy(k);
+  Kurve assigned = Mixed();
   assigned = k;
   assigned = *&assigned;
   k.Replace(2, LINEAR, Point(9, 9), Point(0, 0));
@@ -201,7 +229,8 @@ TEST(Kurve, ReversedReadingMovesKindsToTheirNewEnds) {
   Kurve k = Mixed();
   EXPECT_FALSE(k.Reverse(true)) << "the former value";
   EXPECT_TRUE(k.Reverse(true));
-  Point p, pc(7, 7);
+  Point p;
+  Point pc(7, 7);
   EXPECT_EQ(k.Get(0, p, pc), LINEAR);
   EXPECT_TRUE(p == Point(3, 4));
   EXPECT_TRUE(pc == Point(7, 7)) << "left alone";
@@ -211,7 +240,8 @@ TEST(Kurve, ReversedReadingMovesKindsToTheirNewEnds) {
   EXPECT_EQ(k.Get(3, p, pc), CW);
   EXPECT_TRUE(p == Point(2, 0));
   EXPECT_TRUE(pc == Point(2, 1));
-  Point3d flat, centre;
+  Point3d flat;
+  Point3d centre;
   EXPECT_EQ(k.Get(3, flat, centre), CW);
   EXPECT_TRUE(flat == Point3d(2, 0, 0));
   EXPECT_TRUE(centre == Point3d(2, 1, 0));
@@ -228,10 +258,25 @@ TEST(Kurve, ReversedIDsMirrorTheVertexNotTheSpan) {
   EXPECT_EQ(ThrownText([&] { k.GetSpanID(-1); }), kGet);
 }
 
+TEST(Kurve, ReversedReadingsCarryTheMirroredIDs) {
+  Kurve k = Square(1);
+  k.Reverse(true);
+  for (int i = 1; i <= 4; ++i) {
+    Span span;
+    spVertex v;
+    k.Get(i, span);
+    k.Get(i, v);
+    EXPECT_EQ(span.ID, static_cast<std::uint32_t>(14 - i));
+    EXPECT_EQ(v.ID, static_cast<std::uint32_t>(14 - i));
+  }
+}
+
 TEST(Kurve, ReadingsOutOfRangeAreRefused) {
   Kurve k = Square(1);
-  Point p, pc;
-  Point3d q, qc;
+  Point p;
+  Point pc;
+  Point3d q;
+  Point3d qc;
   Span span;
   for (const int bad : {-1, 5, 1000}) {
     EXPECT_EQ(ThrownText([&] { k.Get(bad, p, pc); }), kGet);
@@ -304,7 +349,7 @@ TEST(Kurve, ReversedSpansRunBack) {
 TEST(Kurve, IndexWordsFollowTheReading) {
   Kurve k = Square(1);
   for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetIndex(v), 0u);
-  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v + 100));
+  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v) + 100);
   k.Reverse(true);
   EXPECT_EQ(k.GetIndex(0), 104u);
   EXPECT_EQ(k.GetIndex(4), 100u);
@@ -355,6 +400,47 @@ TEST(Kurve, PerimeterAndAreaScaleWithTheMatrix) {
   EXPECT_DOUBLE_EQ(Kurve(Point(1, 1), 2, CW).Perim(), 4 * kPi);
 }
 
+/// Closed, of lines and arcs of either sense.
+Kurve Garland(Random& random) {
+  Kurve k;
+  k.Start(Point(0, 0));
+  Point from(0, 0);
+  for (int i = 1; i <= 12; ++i) {
+    const Point to = i == 12 ? Point(0, 0) : Point(random.Between(-9, 9), random.Between(-9, 9));
+    const Point middle((from.x + to.x) / 2, (from.y + to.y) / 2);
+    k.Add(random.Below(3) - 1, to, middle + CLine(from, to).v.LeftNormal() * random.Between(-4, 4));
+    from = to;
+  }
+  return k;
+}
+
+TEST(Kurve, PerimeterAndAreaAreThoseOfFinePolygons) {
+  Random random(830);
+  for (int i = 0; i < 50; ++i) {
+    Kurve k = Garland(random);
+    k = Move(random.Between(-3, 3), random.Between(0.5, 2), random.Between(-9, 9), random.Between(-9, 9));
+    double length = 0;
+    double doubledArea = 0;
+    Span span;
+    for (int s = 1; s <= k.SpanCount(); ++s) {
+      k.Get(s, span, true, true);
+      Point from = span.p0;
+      for (int f = 1; f <= 1000; ++f) {
+        const Point to = span.AlongFraction(f / 1000.0);
+        length += Dist(from, to);
+        doubledArea += from.y * to.x - from.x * to.y;  // clockwise positive
+        from = to;
+      }
+    }
+    EXPECT_NEAR(k.Perim(), length, 1e-5 * length);
+    EXPECT_NEAR(k.Area(), doubledArea / 2, 0.01);
+    Kurve turned = k;
+    turned.Reverse();
+    EXPECT_NEAR(turned.Area(), -k.Area(), 1e-9);
+    EXPECT_NEAR(turned.Perim(), k.Perim(), 1e-9);
+  }
+}
+
 TEST(Kurve, AnOpenOneHasNoArea) {
   Kurve k = Mixed();
   EXPECT_FALSE(k.Closed());
@@ -374,7 +460,8 @@ TEST(Kurve, ClosesWithinTheTolerance) {
 TEST(Kurve, MeasuresRefuseDifferentialScales) {
   Kurve k = Mixed();
   k.Scale(1, 2, 1);
-  Point min, max;
+  Point min;
+  Point max;
   EXPECT_EQ(ThrownText([&] { k.Perim(); }), kScale);
   EXPECT_EQ(ThrownText([&] { k.Area(); }), kScale) << "open or not";
   EXPECT_EQ(ThrownText([&] { k.Minmax(min, max); }), kScale);
@@ -383,7 +470,8 @@ TEST(Kurve, MeasuresRefuseDifferentialScales) {
 TEST(Kurve, ExtentGrowsByTheTightToleranceWithEachSpan) {
   const UnitsGuard guard(0);
   Kurve k = Square(3);
-  Point min, max;
+  Point min;
+  Point max;
   k.Minmax(min, max);
   EXPECT_NEAR(min.x, -4e-6, 1e-12);
   EXPECT_NEAR(max.y, 3 + 3e-6, 1e-12) << "reached by the second of the four";
@@ -420,6 +508,19 @@ TEST(Kurve, NearestPointStopsWithinTheTolerance) {
   EXPECT_TRUE(k.Near(Point(5, 3), span) == Point(5, 0));
   EXPECT_FALSE(Kurve().Near(Point(1, 1), span).ok);
   EXPECT_EQ(span, 0);
+}
+
+TEST(Kurve, NearestPointGoesOnAtTheToleranceItself) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  Kurve k;
+  for (const Point& p : {Point(0, TOLERANCE), Point(8, TOLERANCE), Point(8, 0), Point(0, 0)}) k.Add(p);
+  int span = 0;
+  double t = 0;
+  k.Near(Point(4, 0), span);
+  EXPECT_EQ(span, 3);
+  KurveEx(k).Near(Point(4, 0), span, t);
+  EXPECT_EQ(span, 3);
 }
 
 TEST(Kurve, NearestPointAgreesWithDenseSampling) {
@@ -513,8 +614,23 @@ TEST(Kurve, AppendingKeepsItsManners) {
   EXPECT_EQ(empty.GetSpanID(4), 14u);
 }
 
+TEST(Kurve, AppendingThatCannotBeDoneChangesNothing) {
+  Kurve added;
+  added.Start(Point(0, 0));
+  added.Add(Point(2, 0));
+  added.Add(ACW, Point(3, 1), Point(2, 1));
+  added.Scale(1, 2, 1);
+  Kurve k;
+  k.Start(Point(-1, 0));
+  k.Add(Point(0, 0));
+  EXPECT_EQ(ThrownText([&] { k.Add(added); }), L"Invalid Geometry - Radii mismatch - SetProperties");
+  EXPECT_EQ(k.nVertices, 2);
+  ExpectVertex(k, 1, LINEAR, Point(0, 0));
+}
+
 TEST(Kurve, TurnsItsStorageRound) {
-  Kurve k = Mixed(), flagged = Mixed();
+  Kurve k = Mixed();
+  Kurve flagged = Mixed();
   k.ModifyIndex(1, 6);
   flagged.Reverse(true);
   k.Reverse();
@@ -523,7 +639,8 @@ TEST(Kurve, TurnsItsStorageRound) {
   for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetSpanID(v), UNMARKED);
   k.Reverse();
   EXPECT_TRUE(k == Mixed());
-  Kurve even = Square(1), again = Square(1);
+  Kurve even = Square(1);
+  Kurve again = Square(1);
   even.Add(Point(-1, -1));
   again = even;
   even.Reverse();
@@ -533,6 +650,19 @@ TEST(Kurve, TurnsItsStorageRound) {
   Kurve none;
   none.Reverse();
   EXPECT_EQ(none.nVertices, 0);
+}
+
+TEST(Kurve, TurningRoundLeavesWordsAndTheFirstVertexInPlace) {
+  Kurve k = Mixed();
+  for (int v = 0; v < 5; ++v) k.ModifyIndex(v, static_cast<IndexWord>(v) + 20);
+  k.Reverse();
+  for (int v = 0; v < 5; ++v) EXPECT_EQ(k.GetIndex(v), static_cast<IndexWord>(v) + 20);
+  Point p;
+  Point pc;
+  EXPECT_EQ(k.Get(0, p, pc), LINEAR);
+  EXPECT_TRUE(pc == Point(0, 0));
+  EXPECT_EQ(k.Get(1, p, pc), ACW) << "the half, the other way";
+  EXPECT_TRUE(pc == Point(3, 3));
 }
 
 TEST(Kurve, ReduceDropsVerticesOfStraightRuns) {
@@ -564,11 +694,19 @@ TEST(Kurve, ReduceMeasuresAllVerticesOfARun) {
   Kurve reduced = k;
   EXPECT_GT(reduced.Reduce(0.05), 150);
   for (int v = 0; v <= 200; ++v) {
-    Point p, pc;
+    Point p;
+    Point pc;
     k.Get(v, p, pc);
     int span = 0;
     EXPECT_LE(Dist(p, reduced.Near(p, span)), 0.0501) << v;
   }
+}
+
+TEST(Kurve, ReduceDropsVerticesAtTheToleranceItself) {
+  Kurve k;
+  for (const Point& p : {Point(0, 0), Point(1, 0.25), Point(2, 0), Point(2, 5)}) k.Add(p);
+  EXPECT_EQ(k.Reduce(0.25), 1);
+  ExpectVertex(k, 1, LINEAR, Point(2, 0));
 }
 
 TEST(Kurve, ReduceKeepsArcsShortContoursAndTheStart) {
@@ -690,7 +828,8 @@ TEST(Kurve, TakesWhatIsNotANumberWithoutHarm) {
     k.Add(Point(4, bad));
     k.Add(Point(0, 0));
     int number = 0;
-    Point min, max;
+    Point min;
+    Point max;
     const std::wstring mismatch = L"Invalid Geometry - Radii mismatch - SetProperties";
     for (const std::wstring& text :
          {ThrownText([&] { k.Perim(); }), ThrownText([&] { k.Area(); }),

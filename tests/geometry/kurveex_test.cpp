@@ -9,6 +9,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kNaN;
 using testing::kPi;
 using testing::Random;
@@ -44,7 +45,8 @@ KurveEx Mixed() {
 }
 
 void ExpectTrueTotals(const KurveEx& k) {
-  double perim = 0, area = 0;
+  double perim = 0;
+  double area = 0;
   Span span;
   for (int i = 1; k.Get(i, span); ++i) {
     perim += span.length;
@@ -93,7 +95,8 @@ TEST(KurveEx, StartClearsAndIsBothEnds) {
 }
 
 TEST(KurveEx, KeepsRunningTotals) {
-  const KurveEx k = Square(3), mixed = Mixed();
+  const KurveEx k = Square(3);
+  const KurveEx mixed = Mixed();
   EXPECT_EQ(k.perim, 12);
   EXPECT_EQ(k.area, -9);
   EXPECT_DOUBLE_EQ(mixed.perim, 2 + kPi / 2 + 1 + kPi);
@@ -173,7 +176,8 @@ TEST(KurveEx, NullSpansOnRequestNeedAStart) {
 }
 
 TEST(KurveEx, AppendsAnotherInReadingOrder) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(5, 5));
   tail.Add(1, 5);
   tail.Add(0, 0);
@@ -188,7 +192,8 @@ TEST(KurveEx, AppendsAnotherInReadingOrder) {
 }
 
 TEST(KurveEx, AppendingDropsNullSpansOnRequest) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.AddNullSpan();
   tail.Add(0, 5);
@@ -197,7 +202,8 @@ TEST(KurveEx, AppendingDropsNullSpansOnRequest) {
 }
 
 TEST(KurveEx, AppendingCarriesTheWordsOfTheJoint) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.Add(5, 5);
   tail.AddIndex0(0, 11);
@@ -212,7 +218,8 @@ TEST(KurveEx, AppendingCarriesTheWordsOfTheJoint) {
 }
 
 TEST(KurveEx, AppendingRefusesToLoseWords) {
-  KurveEx k = Square(1), tail;
+  KurveEx k = Square(1);
+  KurveEx tail;
   tail.Start(Point(0, 0));
   tail.Add(5, 5);
   tail.AddIndex0(0, 11);
@@ -243,6 +250,15 @@ TEST(KurveEx, ASpanAtTheStartMovesTheFormerStartToItsEnd) {
   ExpectTrueTotals(k);
 }
 
+TEST(KurveEx, ASpanAtTheStartLeavesTheNullSpansBehindIt) {
+  KurveEx k = Square(1);
+  k.AddNullSpan();
+  EXPECT_TRUE(k.AddAtStart(Span(Point(-5, 0), Point(0, 0)), false));
+  EXPECT_EQ(k.SpanCount(), 6);
+  EXPECT_FALSE(k.AddAtStart(Span(Point(-5, 0), Point(-5, 0)), false));
+  EXPECT_EQ(k.SpanCount(), 6);
+}
+
 TEST(KurveEx, ASpanAtTheStartOfNothingIsTheFirst) {
   KurveEx k;
   EXPECT_TRUE(k.AddAtStart(Span(Point(1, 1), Point(2, 2))));
@@ -256,8 +272,8 @@ TEST(KurveEx, ASpanAtTheStartOfNothingIsTheFirst) {
 TEST(KurveEx, IndexWordsBelongToVertices) {
   KurveEx k = Square(1);
   for (int v = 0; v <= 4; ++v) {
-    k.AddIndex0(v, static_cast<IndexWord>(100 + v));
-    k.AddIndex1(v, static_cast<IndexWord>(200 + v));
+    k.AddIndex0(v, static_cast<IndexWord>(v) + 100);
+    k.AddIndex1(v, static_cast<IndexWord>(v) + 200);
   }
   EXPECT_EQ(k.index0, 100u);
   EXPECT_EQ(k.spans[3].index0, 104u);
@@ -309,6 +325,10 @@ TEST(KurveEx, ReplaceTakesTheLastVertexOrTheFirst) {
   EXPECT_EQ(k.spans[0].dir, LINEAR) << "the point alone";
   EXPECT_EQ(k.spans[0].ID, UNMARKED);
   ExpectTrueTotals(k);
+  KurveEx marked = Square(1);
+  marked.spans[0].ID = INTERSECTION | 7;
+  marked.Replace(0, LINEAR, Point(0.5, 0), Point(0, 0), 66);
+  EXPECT_EQ(marked.spans[0].ID, INTERSECTION | 7);
 }
 
 TEST(KurveEx, ReplaceRefusesMiddleVerticesInTheWordsOfTheCompactContour) {
@@ -502,7 +522,8 @@ TEST(KurveEx, ScaleMultipliesBothTotalsOnce) {
 
 TEST(KurveEx, TransformLeavesTheTotals) {
   KurveEx k = Mixed();
-  const double perim = k.perim, area = k.area;
+  const double perim = k.perim;
+  const double area = k.area;
   Matrix m;
   m.Scale(-2, 2, 1);
   m.Translate(1, 1);
@@ -529,6 +550,23 @@ TEST(KurveEx, TransformThenInverseIsTheContourAgain) {
     k.Transform(m.Inverse());
     ASSERT_TRUE(k == Mixed());
   }
+}
+
+TEST(KurveEx, ATransformThatCannotBeDoneChangesNothing) {
+  const std::wstring kRadii = L"Invalid Geometry - Radii mismatch - SetProperties";
+  KurveEx k = Mixed();
+  Matrix stretch;
+  stretch.Scale(1, 2, 1);
+  stretch.Translate(5, 0);
+  EXPECT_EQ(ThrownText([&] { k.Transform(stretch); }), kRadii);
+  EXPECT_TRUE(k == Mixed());
+  EXPECT_TRUE(k.start == Point(0, 0));
+  k.spans[1].pc.x += 0.000004;  // within what the radii may differ by, and beyond it ten times as large
+  const Point end = k.spans[0].p1;
+  EXPECT_EQ(ThrownText([&] { k.Scale(10); }), kRadii);
+  EXPECT_TRUE(k.spans[0].p1 == end);
+  EXPECT_TRUE(k.start == Point(0, 0));
+  EXPECT_EQ(k.perim, Mixed().perim);
 }
 
 TEST(KurveEx, EqualityReadsSpanBySpan) {
@@ -601,8 +639,16 @@ TEST(KurveEx, LargestGapBetweenIDs) {
   EXPECT_EQ(KurveEx().LargestIDGap(), 0u);
 }
 
+TEST(KurveEx, AStepOfTwoIsAGapOfOne) {
+  KurveEx k = Square(1);
+  k.spans[2].ID = 4;
+  k.spans[3].ID = 5;
+  EXPECT_EQ(k.LargestIDGap(), 1u) << "0, 1, 2, 4, 5";
+}
+
 TEST(KurveEx, SameUnderTransformsLooksAtEveryVertex) {
-  Matrix a, b;
+  Matrix a;
+  Matrix b;
   b.Rotate(kPi, 3);
   EXPECT_FALSE(Square(1).SameUnderTransforms(a, b));
   EXPECT_TRUE(Square(1).SameUnderTransforms(b, b));
@@ -632,6 +678,7 @@ TEST(KurveEx, FromACompactContourReadsUnderMatrixAndReversal) {
   k.Reverse(true);
   const KurveEx back(k);
   EXPECT_TRUE(back.spans[0].p1 == Point(0, 3));
+  for (std::uint32_t i = 0; i < 4; ++i) EXPECT_EQ(back.spans[i].ID, 14 - i) << "mirrored";
   EXPECT_FALSE(back.reversed);
   k.Reverse(false);
   k.AddNullSpan();
@@ -712,6 +759,27 @@ TEST(KurveEx, ReducePassesOverNullSpans) {
   EXPECT_TRUE(k.End() == Point(-3, 2));
 }
 
+TEST(KurveEx, ReducePassesOverVerticesAtTheToleranceItself) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  KurveEx k;
+  k.Start(Point(0, 0));
+  k.Add(1, 0);
+  k.Add(1, TOLERANCE);
+  k.Add(5, 3);
+  EXPECT_EQ(k.Reduce(1e-6), 1);
+  EXPECT_EQ(k.spans[0].p1.y, TOLERANCE) << "the candidate goes";
+}
+
+TEST(KurveEx, ReduceTakesTwoSpansForOne) {
+  KurveEx k;
+  k.Start(Point(0, 0));
+  k.Add(1, 0);
+  k.Add(2, 0);
+  EXPECT_EQ(k.Reduce(1e-6), 1);
+  EXPECT_EQ(k.SpanCount(), 1);
+}
+
 TEST(KurveEx, ReduceMakesAFullCircleOfTwoHalves) {
   KurveEx k;
   k.Start(Point(0, 2));
@@ -741,7 +809,8 @@ TEST(KurveEx, TakesWhatIsNotANumberWithoutHarm) {
     k.FindAlong(1, Point(0, 0), bad, t);
     k.Near(Point(bad, bad), number, t);
     k.Closed();
-    KurveEx a, b;
+    KurveEx a;
+    KurveEx b;
     SectionByFraction(k, k, bad, a, b);
     SectionByFraction(k, k, 0.5, a, b);
     SectionAtPoint(k, k, Point(bad, bad), a, b);

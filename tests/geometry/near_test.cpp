@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geometry/intersect.h"
+#include "geometry/kurveex.h"
 #include "geometry/support.h"
 
 namespace geometry {
@@ -62,9 +63,22 @@ TEST(OnSpan, CountsAlongAnArcByAngle) {
   }
 }
 
+TEST(OnSpan, OfAnArcIsExactAtItsEndsWithinTheTolerance) {
+  const UnitsGuard guard(0);
+  const Span arc = Arc(ACW, Point(0, 0), 1, 0, 90);
+  double t = -7;
+  EXPECT_TRUE(arc.OnSpan(Point(1, -0.004), t));
+  EXPECT_EQ(t, 0);
+  EXPECT_TRUE(arc.OnSpan(Point(-0.004, 1), t));
+  EXPECT_EQ(t, 1);
+  EXPECT_FALSE(arc.OnSpan(Point(1, -0.006), t));
+  EXPECT_FALSE(arc.OnSpan(Point(-0.006, 1), t));
+}
+
 TEST(On, NeedsTheDistanceToo) {
   const UnitsGuard guard(0);
-  const Span line(Point(0, 0), Point(10, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(0, 0), Point(10, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   double t = -7;
   EXPECT_TRUE(line.On(Point(4, 0.005), t));
   EXPECT_DOUBLE_EQ(t, 0.4);
@@ -92,7 +106,8 @@ TEST(On, EndsCountWithinTheTolerance) {
 }
 
 TEST(Near, OfTheCarrierReachesBeyondTheEnds) {
-  const Span line(Point(1, 0), Point(5, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(1, 0), Point(5, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   double t = 0;
   EXPECT_TRUE(line.Near(Point(9, 3), t) == Point(9, 0));
   EXPECT_EQ(t, 8);
@@ -172,7 +187,8 @@ TEST(NearClamped, OfHalfATurnIsExactOnItsSideAndTheStartElsewhere) {
 }
 
 TEST(SpanDist, ReachesTheNearerEnd) {
-  const Span line(Point(0, 0), Point(10, 0)), arc = Arc(ACW, Point(0, 0), 5, 0, 90);
+  const Span line(Point(0, 0), Point(10, 0));
+  const Span arc = Arc(ACW, Point(0, 0), 5, 0, 90);
   Point nearest;
   EXPECT_EQ(line.Dist(Point(4, 3), nearest), 3);
   EXPECT_TRUE(nearest == Point(4, 0));
@@ -186,6 +202,20 @@ TEST(SpanDist, ReachesTheNearerEnd) {
   EXPECT_TRUE(nearest == arc.p1) << "the nearer one here, where the clamped form wraps";
   EXPECT_EQ(arc.Dist(Point(0, 0), nearest), 5);
   EXPECT_TRUE(nearest == arc.p0);
+}
+
+TEST(SpanDist, BeyondTheEndsByTheToleranceTheFootCounts) {
+  const UnitsGuard guard(0);
+  const Span line(Point(0, 0), Point(10, 0));
+  Point nearest;
+  EXPECT_EQ(line.Dist(Point(10.004, 3), nearest), 3);
+  EXPECT_GT(nearest.x, 10);
+  EXPECT_GT(line.Dist(Point(10.006, 3), nearest), 3);
+  EXPECT_EQ(nearest.x, 10);
+  EXPECT_EQ(line.Dist(Point(-0.004, 3), nearest), 3);
+  EXPECT_LT(nearest.x, 0);
+  EXPECT_GT(line.Dist(Point(-0.006, 3), nearest), 3);
+  EXPECT_EQ(nearest.x, 0);
 }
 
 TEST(SpanDist, TheEndWinsATie) {
@@ -270,14 +300,16 @@ TEST(Inside, AgreesWithTheAngleSummedAround) {
   Random random(857);
   KurveEx star;
   for (int i = 0; i <= 14; ++i) {
-    const double angle = i % 14 * kPi / 7, r = i % 2 == 0 ? 9 : 3;
+    const double angle = i % 14 * kPi / 7;
+    const double r = i % 2 == 0 ? 9 : 3;
     star.Add(r * std::cos(angle), r * std::sin(angle));
   }
   for (int i = 0; i < 3000; ++i) {
     const Point p(random.Between(-10, 10), random.Between(-10, 10));
     double sum = 0;
     for (const Span& span : star.spans) {
-      const Vector2d a(p, span.p0), b(p, span.p1);
+      const Vector2d a(p, span.p0);
+      const Vector2d b(p, span.p1);
       sum += std::atan2(Cross(a, b), Dot(a, b));
     }
     EXPECT_EQ(star.windingNumber(p), std::lround(sum / (2 * kPi)));
@@ -313,6 +345,14 @@ TEST(Part, BridgesTheGapOfAnOpenContour) {
   const Kurve open = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0, 4)});
   EXPECT_TRUE(Part(open, 3, Point(1, 4), 1, Point(2, 0)) ==
               Compact({Point(1, 4), Point(0, 4), Point(0, 0), Point(2, 0)}));
+}
+
+TEST(Part, BridgesNoGapThatIsClosedWithinTheTolerance) {
+  const UnitsGuard guard(0);
+  const Kurve closed = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0.004, 0.004)});
+  EXPECT_EQ(Part(closed, 3, Point(2, 2), 1, Point(2, 0)).nVertices, 3);
+  const Kurve open = Compact({Point(0, 0), Point(4, 0), Point(4, 4), Point(0.006, 0.004)});
+  EXPECT_EQ(Part(open, 3, Point(2, 2), 1, Point(2, 0)).nVertices, 4);
 }
 
 TEST(Part, FindsItsSpansByTheNearestPoint) {

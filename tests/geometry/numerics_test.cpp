@@ -180,6 +180,20 @@ TEST(SolveQuadratic, ADoubleRootCountsOnce) {
   EXPECT_EQ(Solve(1, -6, 9.1).count, 0);
 }
 
+TEST(SolveQuadratic, AtTheEpsilonItselfNumbersCount) {
+  constexpr double e = 1e-9;
+  EXPECT_EQ(Solve(e, 0, -e).count, 2) << "quadratic";
+  EXPECT_EQ(Solve(0, e, -e).count, 1) << "linear";
+  EXPECT_LT(Solve(1, e, 0).x1, 0) << "not a pure square";
+  EXPECT_EQ(Solve(1, 0, e).count, 1) << "still touches";
+  EXPECT_EQ(Solve(1, 0, -e).count, 2) << "no longer touches";
+  const double b = std::ldexp(1.0, -29);
+  const double c = (e + b * b) / 4;
+  ASSERT_EQ(b * b - 4 * c, -e);
+  EXPECT_EQ(Solve(1, b, c).count, 2) << "a discriminant of minus the epsilon has roots";
+  EXPECT_EQ(Solve(1, -e, 0).count, 1) << "roots as far apart as the epsilon are one";
+}
+
 TEST(SolveQuadratic, HasNoRootForWhatIsNotFinite) {
   for (const double bad : {kNaN, kInfinity, -kInfinity}) {
     EXPECT_EQ(Solve(bad, 1, 1).count, 0);
@@ -191,7 +205,9 @@ TEST(SolveQuadratic, HasNoRootForWhatIsNotFinite) {
 TEST(SolveQuadratic, RootsSatisfyTheEquation) {
   testing::Random random(811);
   for (int i = 0; i < 10000; ++i) {
-    const double r1 = random.Between(-10, 10), r2 = random.Between(-10, 10), a = random.Between(0.5, 3);
+    const double r1 = random.Between(-10, 10);
+    const double r2 = random.Between(-10, 10);
+    const double a = random.Between(0.5, 3);
     const Roots roots = Solve(a, -a * (r1 + r2), a * r1 * r2);
     ASSERT_GE(roots.count, 1);
     const double larger = std::fabs(r1) > std::fabs(r2) ? r1 : r2;

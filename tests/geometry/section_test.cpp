@@ -67,8 +67,10 @@ TEST(AtFraction, OfArcsFollowsTheArc) {
 }
 
 TEST(Section, GivesBothContoursAVertexAtTheSamePlace) {
-  const KurveEx a = Hook(), b = Polyline({Point(0, 0), Point(0, 10), Point(30, 10)});
-  KurveEx outA, outB;
+  const KurveEx a = Hook();
+  const KurveEx b = Polyline({Point(0, 0), Point(0, 10), Point(30, 10)});
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(a, b, 1.0 / (2 + kPi), outA, outB), 1);
   ASSERT_EQ(outA.SpanCount(), 3);
   ASSERT_EQ(outB.SpanCount(), 3);
@@ -80,20 +82,36 @@ TEST(Section, GivesBothContoursAVertexAtTheSamePlace) {
   EXPECT_TRUE(outB.spans[0].p1 == Point(0, 40 / (2 + kPi))) << "as far along the perimeter";
 }
 
-TEST(Section, CutsBehindThePartnersSpanStayAtItsEnd) {
+TEST(Section, CutsGoAsFarAsToldBeyondThePartnersSpan) {
   const KurveEx a = Polyline({Point(0, 0), Point(9, 0), Point(10, 0)});
   const KurveEx b = Polyline({Point(0, 0), Point(1, 0), Point(10, 0)});
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByDistance(a, b, 0.5, outA, outB), 1);
-  EXPECT_TRUE(outB.spans[0].p1 == Point(1, 0));
-  EXPECT_TRUE(outB.spans[1].NullSpan);
+  EXPECT_TRUE(outB.spans[0].p1 == Point(5, 0));
+  EXPECT_TRUE(outB.spans[1].p1 == Point(1, 0)) << "and back";
   EXPECT_EQ(SectionByOwnFraction(b, a, 0.5, outA, outB), 2);
-  EXPECT_EQ(outB.SpanCount(), 3);
+  ASSERT_EQ(outB.SpanCount(), 3);
+  EXPECT_TRUE(outB.spans[1].p1 == Point(5, 0)) << "before the start of that span";
+}
+
+TEST(Section, CutsBeyondAnArcStayOnItsCircle) {
+  const KurveEx a = Polyline({Point(0, 0), Point(6, 0)});
+  KurveEx arc;
+  arc.Start(Point(1, 0));
+  arc.Add(ACW, Point(0, 1), Point(0, 0));
+  KurveEx outA;
+  KurveEx outB;
+  EXPECT_EQ(SectionByDistance(a, arc, kPi / 6, outA, outB), 1);
+  EXPECT_TRUE(outB.spans[0].p1 == Point(-1, 0));
+  EXPECT_TRUE(outB.spans[1].p1 == Point(0, 1)) << "three quarters of a turn on";
+  EXPECT_NEAR(outB.spans[1].angle, 1.5 * kPi, 1e-9);
 }
 
 TEST(Section, ArcsAreCutIntoArcs) {
   const KurveEx a = Hook();
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(a, a, (2 + kPi / 4) / (2 + kPi), outA, outB), 2);
   EXPECT_EQ(outA.spans[1].dir, ACW);
   EXPECT_NEAR(outA.spans[1].angle, kPi / 8, 1e-12);
@@ -106,7 +124,8 @@ TEST(Section, ACollapsedHalfKeepsItsKind) {
   KurveEx k;
   k.Start(Point(2, 0));
   k.Add(ACW, Point(-2, 0), Point(0, 0));
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(k, k, 0.0, outA, outB), 1);
   ASSERT_EQ(outA.SpanCount(), 2);
   EXPECT_TRUE(outA.spans[0].NullSpan);
@@ -121,10 +140,11 @@ TEST(Section, ACollapsedHalfKeepsItsKind) {
 TEST(Section, WordsMoveWithTheirVertices) {
   KurveEx k = Square(1);
   for (int v = 0; v <= 4; ++v) {
-    k.AddIndex0(v, static_cast<IndexWord>(10 + v));
-    k.AddIndex1(v, static_cast<IndexWord>(20 + v));
+    k.AddIndex0(v, static_cast<IndexWord>(v) + 10);
+    k.AddIndex1(v, static_cast<IndexWord>(v) + 20);
   }
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(k, k, 0.375, outA, outB), 2);
   const IndexWord expected[] = {10, 11, 0, 12, 13, 14};
   for (int v = 0; v <= 5; ++v) {
@@ -135,15 +155,18 @@ TEST(Section, WordsMoveWithTheirVertices) {
 }
 
 TEST(Section, BeyondTheEndCopies) {
-  const KurveEx a = Square(1), b = Square(2);
-  KurveEx outA, outB;
+  const KurveEx a = Square(1);
+  const KurveEx b = Square(2);
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(a, b, 1.01, outA, outB), 0);
   EXPECT_TRUE(outA == a);
   EXPECT_TRUE(outB == b);
 }
 
 TEST(Section, UnequalCountsGiveNothing) {
-  KurveEx outA = Square(1), outB = Square(1);
+  KurveEx outA = Square(1);
+  KurveEx outB = Square(1);
   EXPECT_EQ(SectionByFraction(Square(1), Hook(), 0.5, outA, outB), 0);
   EXPECT_EQ(outA.SpanCount(), 0);
   EXPECT_EQ(outB.SpanCount(), 0);
@@ -154,7 +177,8 @@ TEST(Section, OfANullSpanCutsAtItsStart) {
   k.Start(Point(0, 0));
   k.AddNullSpan();
   k.Add(1, 0);
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionByFraction(k, Square(1), 0, outA, outB), 0);
   const KurveEx b = Polyline({Point(0, 0), Point(0, 5), Point(1, 5)});
   EXPECT_EQ(SectionByFraction(k, b, 0, outA, outB), 1);
@@ -164,7 +188,8 @@ TEST(Section, OfANullSpanCutsAtItsStart) {
 }
 
 TEST(Section, MayWriteOverItsInput) {
-  KurveEx a = Square(1), b = Square(2);
+  KurveEx a = Square(1);
+  KurveEx b = Square(2);
   EXPECT_EQ(SectionByFraction(a, b, 0.375, a, b), 2);
   EXPECT_EQ(a.SpanCount(), 5);
   EXPECT_EQ(b.SpanCount(), 5);
@@ -174,7 +199,10 @@ TEST(Section, MayWriteOverItsInput) {
 TEST(Section, KeepsPerimeterAndAreaForAnyCut) {
   Random random(832);
   for (int i = 0; i < 500; ++i) {
-    KurveEx a = Hook(), b = Square(3), outA, outB;
+    KurveEx a = Hook();
+    KurveEx b = Square(3);
+    KurveEx outA;
+    KurveEx outB;
     b.RemoveLast();
     b.RemoveLast();
     a.Reverse(random.Below(2) == 0);
@@ -192,15 +220,26 @@ TEST(Section, KeepsPerimeterAndAreaForAnyCut) {
 
 TEST(SectionAtPoint, CutsBothAtTheNearFraction) {
   const UnitsGuard guard(0);
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionAtPoint(Square(4), Square(8), Point(4, 1), outA, outB), 2);
   EXPECT_EQ(outA.SpanCount(), 5);
   EXPECT_TRUE(outA.spans[1].p1 == Point(4, 1));
   EXPECT_TRUE(outB.spans[1].p1 == Point(8, 2));
 }
 
+TEST(SectionAtPoint, OutsideTheBoxIsNotOnTheSpan) {
+  const UnitsGuard guard(0);
+  KurveEx outA;
+  KurveEx outB;
+  const KurveEx slant = Polyline({Point(0, 0), Point(4, 4)});
+  EXPECT_EQ(SectionAtPoint(Square(4), Square(4), Point(2, -0.004), outA, outB), -1);
+  EXPECT_EQ(SectionAtPoint(slant, slant, Point(2, 1.996), outA, outB), 1) << "within the tolerance";
+}
+
 TEST(SectionAtPoint, AtAVertexIsItsNumberAndCopies) {
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionAtPoint(Square(4), Square(8), Point(4, 4), outA, outB), 2);
   EXPECT_TRUE(outA == Square(4));
   EXPECT_TRUE(outB == Square(8));
@@ -208,7 +247,8 @@ TEST(SectionAtPoint, AtAVertexIsItsNumberAndCopies) {
 }
 
 TEST(SectionAtPoint, ElsewhereIsMinusOne) {
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionAtPoint(Square(4), Square(8), Point(2, 2), outA, outB), -1);
   EXPECT_TRUE(outA == Square(4));
   EXPECT_TRUE(outB == Square(8));
@@ -216,7 +256,8 @@ TEST(SectionAtPoint, ElsewhereIsMinusOne) {
 }
 
 TEST(SectionAtVertex, CountsFromTheVertex) {
-  KurveEx outA, outB;
+  KurveEx outA;
+  KurveEx outB;
   EXPECT_EQ(SectionAtVertex(Square(4), Square(8), 1, 1, outA, outB), 2);
   EXPECT_TRUE(outA.spans[1].p1 == Point(4, 1));
   EXPECT_EQ(SectionAtVertex(Hook(), Hook(), 2, -kPi / 2, outA, outB), 2) << "back over half the arc";
@@ -304,6 +345,24 @@ TEST(ReplaceSpans, SortsAndLeavesWhatNamesNoSpan) {
       << "nothing replaces span 1";
 }
 
+TEST(ReplaceSpans, EntriesThatNameNoSpanKeepNoOtherFromItsOwn) {
+  const KurveEx k = Polyline({Point(0, 0), Point(1, 0), Point(2, 0), Point(3, 0)});
+  const auto arch = [](double x) {
+    return std::make_unique<KurveEx>(Polyline({Point(x, 0), Point(x, 1), Point(x + 1, 0)}));
+  };
+  std::vector<SpanReplacement> list;
+  list.push_back({0, arch(7)});
+  list.push_back({-3, arch(8)});
+  list.push_back({2, arch(1)});
+  list.push_back({2, arch(9)});
+  list.push_back({3, arch(2)});
+  KurveEx out;
+  EXPECT_FALSE(k.ReplaceSpans(list, true, out));
+  EXPECT_TRUE(list.empty());
+  EXPECT_TRUE(out == Polyline({Point(0, 0), Point(1, 0), Point(1, 1), Point(2, 0), Point(2, 1), Point(3, 0)}))
+      << "of two for one span the first counts";
+}
+
 TEST(ReplaceSpans, ClosedContoursStayClosed) {
   const KurveEx side = Polyline({Point(0.1, 0.1), Point(0.5, -1), Point(1, 0)});
   for (const bool keepEnd : {true, false}) {
@@ -348,7 +407,8 @@ TEST(ReplaceStart, TurnsAClosedContourToAnotherStart) {
 }
 
 TEST(ReplaceStart, AtAVertexAddsNoSpan) {
-  KurveEx k = Square(4), out;
+  KurveEx k = Square(4);
+  KurveEx out;
   k.AddIndex0(1, 7);
   k.AddIndex1(1, 8);
   EXPECT_TRUE(k.ReplaceStart(2, Point(4, 0), out));

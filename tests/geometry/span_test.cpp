@@ -11,6 +11,7 @@
 namespace geometry {
 namespace {
 
+using testing::kExactTolerance;
 using testing::kInfinity;
 using testing::kNaN;
 using testing::kPi;
@@ -45,7 +46,8 @@ TEST(IdNumber, IsTheSignedLowTwentyFourBits) {
 }
 
 TEST(Vertex, EqualityLooksAtCentresOfArcsOnly) {
-  const spVertex line(LINEAR, Point(1, 2), Point(3, 4)), arc(ACW, Point(1, 2), Point(3, 4));
+  const spVertex line(LINEAR, Point(1, 2), Point(3, 4));
+  const spVertex arc(ACW, Point(1, 2), Point(3, 4));
   EXPECT_TRUE(line == spVertex(LINEAR, Point(1, 2), Point(9, 9), 7));
   EXPECT_FALSE(arc == spVertex(ACW, Point(1, 2), Point(9, 9)));
   EXPECT_TRUE(arc == spVertex(ACW, Point(1, 2), Point(3, 4)));
@@ -104,7 +106,8 @@ TEST(Span, OfHalfATurnHasPiBySense) {
 
 TEST(Span, UpToTheToleranceIsNullWithItsStartAsCentre) {
   const UnitsGuard guard(0);
-  const Span shortLine(Point(1, 1), Point(1.005, 1)), line(Point(1, 1), Point(1.0051, 1));
+  const Span shortLine(Point(1, 1), Point(1.005, 1));
+  const Span line(Point(1, 1), Point(1.0051, 1));
   EXPECT_TRUE(shortLine.NullSpan);
   EXPECT_EQ(shortLine.pc.x, 1);
   EXPECT_NEAR(shortLine.length, 0.005, 1e-12) << "a null line keeps its length";
@@ -168,6 +171,27 @@ TEST(Span, TheSizeOfASmallArcIsFiftyMillimetresInAnyUnit) {
   EXPECT_EQ(ThrownText([] { Span(ACW, Point(1.9, 0), Point(0, 1.9015), Point(0, 0)); }), kMismatch);
 }
 
+TEST(Span, LimitsOfRadiiAreIncluded) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  const auto arc = [](double r, double tolerances) {
+    return Span(ACW, Point(r, 0), Point(0, r + tolerances * TOLERANCE), Point(0, 0));
+  };
+  EXPECT_NO_THROW(arc(8, 1.5));
+  EXPECT_NO_THROW(arc(64, 4.5));
+  EXPECT_NO_THROW(arc(50.0 + TIGHT_TOLERANCE, 3)) << "large enough for a second chance";
+  EXPECT_EQ(ThrownText([&] { arc(50.0, 3); }), kMismatch);
+}
+
+TEST(Span, LimitsOfLengthsAreNull) {
+  const UnitsGuard guard(0);
+  TOLERANCE = kExactTolerance;
+  const double t = TOLERANCE;
+  EXPECT_TRUE(Span(Point(0, 0), Point(t, 0)).NullSpan);
+  EXPECT_TRUE(Span(ACW, Point(t, 0), Point(0, t), Point(0, 0)).NullSpan) << "by its radius";
+  EXPECT_TRUE(Span(ACW, Point(t / 2, 1), Point(-t / 2, 1), Point(0, 0)).NullSpan) << "by its chord";
+}
+
 TEST(Span, StaysWithoutPropertiesWhenTheyCannotBeSet) {
   Span span(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
   span.p1 = Point(0, 2);
@@ -193,6 +217,29 @@ TEST(Span, QueriesOfStaleCachesAreRefused) {
   EXPECT_EQ(ThrownText([&] { stale.Near(Point(1, 1), t); }), kMissing);
   EXPECT_EQ(ThrownText([&] { stale.Dist(Point(1, 1), p); }), kMissing);
   EXPECT_EQ(ThrownText([&] { stale.Offset(1); }), kMissing);
+  geometry::Box box;
+  EXPECT_EQ(ThrownText([&] { stale.Box(box, true); }), kMissing);
+  EXPECT_EQ(ThrownText([] { Span().Along(1); }), kMissing) << "whether it is null is not known either";
+  EXPECT_EQ(ThrownText([] { Span().AlongFraction(0.5); }), kMissing);
+  EXPECT_EQ(ThrownText([] { Line{Span()}; }), kMissing);
+}
+
+TEST(Span, ComparisonsOfStaleLinesAreRefused) {
+  const Span before(Point(0, 0), Point(1, 0));
+  Span stale(Point(1, 0), Point(2, 0));
+  stale.SetProperties(false);
+  EXPECT_EQ(ThrownText([&] { stale.SameGeometry(before); }), kMissing);
+  Span staleBefore = before;
+  staleBefore.SetProperties(false);
+  EXPECT_EQ(ThrownText([&] { Span(Point(1, 0), Point(2, 0)).SameGeometry(staleBefore); }), kMissing);
+}
+
+TEST(Span, BoxOfALineNeedsNoProperties) {
+  Span line(Point(1, 0), Point(2, 3));
+  line.SetProperties(false);
+  geometry::Box box;
+  line.Box(box, true);
+  EXPECT_TRUE(box.max == Point(2, 3));
 }
 
 TEST(Span, FromTwoVerticesBeginsAtTheFirst) {
@@ -216,8 +263,8 @@ TEST(Span, BoxIsWidenedByTheTightTolerance) {
 }
 
 TEST(Span, BoxOfAnArcHoldsTheQuadrantsItPasses) {
-  const Span right = Arc(ACW, Point(0, 0), 10, -kPi / 4, kPi / 2),
-             rest = Arc(CW, Point(0, 0), 10, -kPi / 4, 1.5 * kPi);
+  const Span right = Arc(ACW, Point(0, 0), 10, -kPi / 4, kPi / 2);
+  const Span rest = Arc(CW, Point(0, 0), 10, -kPi / 4, 1.5 * kPi);
   const double side = 10 / std::sqrt(2.0);
   EXPECT_NEAR(right.box.min.x, side, 1e-8);
   EXPECT_NEAR(right.box.max.x, 10, 1e-8);
@@ -253,6 +300,17 @@ TEST(Span, MirrorsTurnArcsTheOtherWay) {
   EXPECT_EQ(arc.radius, 4);
 }
 
+TEST(Span, TransformMovesTheCentreOfArcsOnly) {
+  Matrix move;
+  move.Translate(5, 0);
+  Span line(LINEAR, Point(1, 0), Point(2, 0), Point(7, 7));
+  line.Transform(move);
+  EXPECT_EQ(line.pc.x, 7);
+  Span arc(ACW, Point(1, 0), Point(0, 1), Point(0, 0));
+  arc.Transform(move);
+  EXPECT_EQ(arc.pc.x, 5);
+}
+
 TEST(Span, TransformThenInverseIsTheSpanAgain) {
   Random random(822);
   for (int i = 0; i < 2000; ++i) {
@@ -282,7 +340,9 @@ TEST(Span, ScalesItsPointsAndCaches) {
 TEST(Span, ReversedTwiceIsTheSpanAgain) {
   Random random(823);
   for (int i = 0; i < 1000; ++i) {
-    const Span span = AnySpan(random), back = span.Reversed(), again = back.Reversed();
+    const Span span = AnySpan(random);
+    const Span back = span.Reversed();
+    const Span again = back.Reversed();
     ASSERT_TRUE(again == span);
     ASSERT_EQ(again.angle, span.angle);
     ASSERT_EQ(back.length, span.length);
@@ -314,7 +374,8 @@ TEST(Span, MidOfAnArcWithoutChordIsItsStart) {
 }
 
 TEST(Span, PointsAlongByDistanceAndFraction) {
-  const Span line(Point(1, 1), Point(4, 5)), arc(CW, Point(2, 0), Point(-2, 0), Point(0, 0));
+  const Span line(Point(1, 1), Point(4, 5));
+  const Span arc(CW, Point(2, 0), Point(-2, 0), Point(0, 0));
   EXPECT_TRUE(line.Along(10) == Point(7, 9)) << "beyond the end too";
   EXPECT_TRUE(arc.Along(kPi) == Point(0, -2));
   EXPECT_TRUE(arc.AlongFraction(0.75) == OnCircle(Point(0, 0), 2, -0.75 * kPi));
@@ -331,8 +392,9 @@ TEST(Span, FractionsNextToTheEndsAreTheEnds) {
 }
 
 TEST(Span, TangentsFollowTheWay) {
-  const Span line(Point(1, 1), Point(4, 5)), acw = Arc(ACW, Point(5, 5), 3, 0.4, 2),
-                                             cw = Arc(CW, Point(5, 5), 3, 0.4, 2);
+  const Span line(Point(1, 1), Point(4, 5));
+  const Span acw = Arc(ACW, Point(5, 5), 3, 0.4, 2);
+  const Span cw = Arc(CW, Point(5, 5), 3, 0.4, 2);
   EXPECT_TRUE(line.Tangent(0.3) == Vector2d(0.6, 0.8));
   for (const Span& arc : {acw, cw}) {
     EXPECT_TRUE(arc.Tangent(0) == arc.vs);
@@ -382,7 +444,8 @@ TEST(Span, AreaIsThatUnderTheCurve) {
 }
 
 TEST(Span, EqualityIsOfKindEndsAndCentres) {
-  const Span arc(ACW, Point(2, 0), Point(0, 2), Point(0, 0)), line(Point(0, 0), Point(1, 0));
+  const Span arc(ACW, Point(2, 0), Point(0, 2), Point(0, 0));
+  const Span line(Point(0, 0), Point(1, 0));
   EXPECT_TRUE(arc == Span(ACW, Point(2, 0), Point(0, 2), Point(0, 0), 99));
   EXPECT_FALSE(arc == Span(CW, Point(2, 0), Point(0, 2), Point(0, 0)));
   EXPECT_FALSE(arc == Span(ACW, Point(2, 0), Point(0, 2), Point(2, 2)));
@@ -394,15 +457,17 @@ TEST(Span, EqualityIsOfKindEndsAndCentres) {
 }
 
 TEST(Span, ContinuesTheSameGeometry) {
-  const Span before(Point(0, 0), Point(1, 0)), after(Point(1, 0), Point(3, 0));
+  const Span before(Point(0, 0), Point(1, 0));
+  const Span after(Point(1, 0), Point(3, 0));
   EXPECT_TRUE(after.SameGeometry(before));
   EXPECT_FALSE(before.SameGeometry(after)) << "in the order of the contour only";
   EXPECT_FALSE(Span(Point(1, 0), Point(3, 1)).SameGeometry(before));
-  const Span first = Arc(ACW, Point(0, 0), 2, 0, 1), second = Arc(ACW, Point(0, 0), 2, 1, 1);
+  const Span first = Arc(ACW, Point(0, 0), 2, 0, 1);
+  const Span second = Arc(ACW, Point(0, 0), 2, 1, 1);
   EXPECT_TRUE(second.SameGeometry(first));
   EXPECT_FALSE(second.SameGeometry(before));
-  const Span upper(ACW, Point(2, 0), Point(-2, 0), Point(0, 0)),
-      lower(ACW, Point(-2, 0), Point(2, 0), Point(0, 0));
+  const Span upper(ACW, Point(2, 0), Point(-2, 0), Point(0, 0));
+  const Span lower(ACW, Point(-2, 0), Point(2, 0), Point(0, 0));
   EXPECT_FALSE(lower.SameGeometry(upper)) << "together they would close";
   const Span elsewhere(ACW, Point(-2, 0), Point(-4, 2), Point(-4, 0));
   EXPECT_FALSE(elsewhere.SameGeometry(upper));

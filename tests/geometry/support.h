@@ -13,6 +13,9 @@ inline constexpr double kPi = 3.141592653589793;
 inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
+/// Near the tolerance of millimetres; sums and small multiples of it are exact, so that limits can be met.
+inline constexpr double kExactTolerance = 0.0078125;
+
 /// Runs a test in one unit and puts back the unit and all tolerances afterwards.
 class UnitsGuard {
  public:

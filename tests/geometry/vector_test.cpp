@@ -41,7 +41,8 @@ TEST(Vector, NormaliseReturnsTheFormerLength) {
 
 TEST(Vector, BelowTheTightToleranceIsNull) {
   const UnitsGuard guard(0);
-  Vector2d shortOne(9e-7, 0), longer(1.1e-6, 0);
+  Vector2d shortOne(9e-7, 0);
+  Vector2d longer(1.1e-6, 0);
   EXPECT_EQ(shortOne.Normalise(), 0);
   EXPECT_EQ(shortOne.dx, 0);
   EXPECT_EQ(longer.Normalise(), 1.1e-6);
@@ -57,7 +58,9 @@ TEST(Vector, BelowTheTightToleranceIsNull) {
 
 TEST(Vector, CleaningSnapsTightlyToZeroAndCoarselyToOne) {
   const UnitsGuard guard(0);
-  Vector2d v(1.0, 5e-7), w(-1.0, 0.05), x(1.0, 0.2);
+  Vector2d v(1.0, 5e-7);
+  Vector2d w(-1.0, 0.05);
+  Vector2d x(1.0, 0.2);
   v.NormaliseClean();
   EXPECT_EQ(v.dx, 1.0);
   EXPECT_EQ(v.dy, 0.0);
@@ -126,13 +129,15 @@ TEST(Vector, EqualityIncludesTheVectorTolerance) {
 }
 
 TEST(Vector, Arithmetic) {
-  const Vector2d a(1, 2), b(3, 5);
+  const Vector2d a(1, 2);
+  const Vector2d b(3, 5);
   EXPECT_TRUE(a + b == Vector2d(4, 7));
   EXPECT_TRUE(b - a == Vector2d(2, 3));
   EXPECT_TRUE(a * 2 == Vector2d(2, 4));
   EXPECT_EQ(Cross(a, b), -1);
   EXPECT_EQ(Dot(a, b), 13);
-  const Vector3d c(1, 2, 3), d(4, 5, 7);
+  const Vector3d c(1, 2, 3);
+  const Vector3d d(4, 5, 7);
   EXPECT_TRUE(c + d == Vector3d(5, 7, 10));
   EXPECT_TRUE(d - c == Vector3d(3, 3, 4));
   EXPECT_TRUE(c * -1 == Vector3d(-1, -2, -3));
@@ -217,7 +222,8 @@ TEST(Vector, OfSpaceConvertsToThePlaneOnlyWhenItLiesThere) {
 }
 
 TEST(SetAxes, CompletesTheAxisThatFits) {
-  Vector3d x(2, 0, 0), y;
+  Vector3d x(2, 0, 0);
+  Vector3d y;
   EXPECT_EQ(SetAxes(Vector3d(0, 0, 3), x, y), 1);
   EXPECT_TRUE(y == Vector3d(0, 6, 0)) << "not normalised";
   x = Vector3d(0, 0, 1);
@@ -229,7 +235,8 @@ TEST(SetAxes, CompletesTheAxisThatFits) {
 TEST(SetAxes, OtherwiseChoosesARightHandedPair) {
   for (const Vector3d& normal : {Vector3d(0, 0, 2), Vector3d(0, 3, 0), Vector3d(-1, 0, 0), Vector3d(1, 2, 3),
                                  Vector3d(3, -1, 2), Vector3d(2, 3, -1)}) {
-    Vector3d x, y = normal;
+    Vector3d x;
+    Vector3d y = normal;
     EXPECT_EQ(SetAxes(normal, x, y), 2);
     EXPECT_NEAR(x.Magnitude(), 1, 1e-12);
     EXPECT_NEAR(y.Magnitude(), 1, 1e-12);
@@ -238,8 +245,19 @@ TEST(SetAxes, OtherwiseChoosesARightHandedPair) {
   }
 }
 
+TEST(SetAxes, TheNormalMayBeAnAxisToo) {
+  Vector3d n(1, 2, 3);
+  Vector3d y;
+  EXPECT_EQ(SetAxes(n, n, y), 2);
+  const Vector3d normal(1, 2, 3);
+  EXPECT_NEAR(Dot(n, normal), 0, 1e-12);
+  EXPECT_NEAR(Dot(y, normal), 0, 1e-12);
+  EXPECT_TRUE(Cross(n, y) * normal.Magnitude() == normal);
+}
+
 TEST(SetAxes, RefusesANullNormal) {
-  Vector3d x(1, 0, 0), y(0, 1, 0);
+  Vector3d x(1, 0, 0);
+  Vector3d y(0, 1, 0);
   EXPECT_EQ(ThrownText([&] { SetAxes(Vector3d(0, 1e-9, 0), x, y); }), L"SetAxes given a NULL Vector");
 }
 
