@@ -45,7 +45,10 @@ bool DrawingPieces::IsSeen(const std::string& kind, int& side) {
 
 void DrawingPieces::addLine(const DL_LineData& line) {
   // Unlike the others, a line tells its ends in the coordinates of the world.
-  if (getAttributes().isInPaperSpace()) return leftOut_.push_back("LINE on paper");
+  if (getAttributes().isInPaperSpace()) {
+    leftOut_.emplace_back("LINE on paper");
+    return;
+  }
   const Point start(line.x1, line.y1), end(line.x2, line.y2);
   if (start.x == end.x && start.y == end.y) return;
   entries_.push_back({getAttributes().getLayer(), {start, {{end}}, line_}});
@@ -66,7 +69,10 @@ void DrawingPieces::addCircle(const DL_CircleData& circle) {
 }
 
 void DrawingPieces::AddTurn(const Point& centre, double radius, double from, double sweep, int side) {
-  if (!(radius > 0)) return leftOut_.push_back("ARC or CIRCLE without a radius");
+  if (!(radius > 0)) {
+    leftOut_.emplace_back("ARC or CIRCLE without a radius");
+    return;
+  }
   const bool isFull = sweep >= 2 * PI;
   const int parts = sweep > kLargestSweep ? 2 : 1;
   Piece piece{OnCircle(centre, radius, from, side), {}, line_};
@@ -82,7 +88,10 @@ void DrawingPieces::addPolyline(const DL_PolylineData& data) {
   polyline_.reset();
   auto polyline = std::make_unique<Polyline>();
   if (!IsSeen("POLYLINE", polyline->side)) return;
-  if ((data.flags & kOtherPolylines) != 0) return leftOut_.push_back("POLYLINE that is a spline or a mesh");
+  if ((data.flags & kOtherPolylines) != 0) {
+    leftOut_.emplace_back("POLYLINE that is a spline or a mesh");
+    return;
+  }
   polyline->layer = getAttributes().getLayer();
   polyline->line = line_;
   polyline->closed = (data.flags & kClosedPolyline) != 0;
@@ -99,7 +108,10 @@ void DrawingPieces::EndPolyline() {
   const auto polyline = std::move(polyline_);
   if (!polyline) return;
   const std::size_t count = polyline->points.size();
-  if (count < 2) return leftOut_.push_back("POLYLINE of less than two vertices");
+  if (count < 2) {
+    leftOut_.emplace_back("POLYLINE of less than two vertices");
+    return;
+  }
   Piece piece{polyline->points.front(), {}, polyline->line};
   for (std::size_t i = 1; i < count + (polyline->closed ? 1 : 0); ++i) {
     const Point& end = polyline->points[i % count];

@@ -215,9 +215,9 @@ Fault NothingFound(const std::string& layer, const std::vector<DrawingPieces::En
 Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const LineReader& lines) {
   Contours contours;
   for (const Piece& piece : pieces) {
-    auto curve = CurveOf(piece);
+    const auto curve = CurveOf(piece);
     if (!curve) return lines.AtLine(piece.line, curve.fault().text);
-    contours.push_back({static_cast<int>(contours.size()) + 1, std::move(*curve)});
+    contours.push_back({static_cast<int>(contours.size()) + 1, *curve});
   }
   return contours;
 }
