@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <stdexcept>
 
 #include "host/door/exports.h"
 #include "support/fake_host.h"
@@ -117,6 +118,47 @@ TEST_F(ModuleInAHost, SaysThatTheDialogIsNotPartOfThisBuild) {
   EXPECT_EQ(Transcript(),
             "{\"event\":\"box\",\"caption\":\"Equipment Definition\","
             "\"text\":\"The dialog is not part of this build.\",\"type\":0,\"answer\":1}\n");
+}
+
+TEST_F(ModuleInAHost, LetsNothingThrownCrossItsDoor) {
+  host.onCall = [](const std::string&) { throw std::runtime_error("the host is out of order"); };
+  Call("ReOrgVdm");
+  EXPECT_THAT(Transcript(),
+              HasSubstr("\"caption\":\"vanzet\",\"text\":\"the host is out of order\",\"type\":48"));
+  host.onCall = [](const std::string&) { throw L"of another kind"; };
+  Call("ReOrgVdm");
+  EXPECT_THAT(Transcript(), HasSubstr("\"text\":\"something unexpected was thrown\""));
+}
+
+TEST_F(ModuleInAHost, ClosesTheDefinitionWhenSomethingIsThrownMeanwhile) {
+  MachineIni("");
+  host.onCall = [](const std::string& name) {
+    if (name == "OrvoMacroVdmSingleAdd$") throw std::runtime_error("the host is out of order");
+  };
+  Call("ReOrgVdm");
+  EXPECT_EQ(host.vdms[1000].handle, 0U);
+}
+
+TEST_F(ModuleInAHost, GivesACallWithinACallItsOwnViewAndThenTheFormerBack) {
+  host.environment["ppdefini"] = "/no/such/machine.ini";
+  for (const bool innerThrows : {false, true}) {
+    WriteBytes(folder / "run.jsonl", "");
+    // While the machine is looked for, the host calls the other export, which has no script.
+    host.onCall = [&](const std::string& name) {
+      if (name == "OrvoGetWnd" && innerThrows) throw std::runtime_error("the host is out of order");
+      if (name != "OrvoEnvironment") return;
+      unsetenv("VANZET_SCRIPT");
+      Call("mstart");
+      setenv("VANZET_SCRIPT", (folder / "script.txt").c_str(), 1);
+    };
+    testing::internal::CaptureStderr();
+    Call("ReOrgVdm");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              innerThrows ? "vanzet: the host is out of order\n"
+                          : "Equipment Definition: The dialog is not part of this build.\n");
+    EXPECT_THAT(Transcript(), HasSubstr("\"caption\":\"File can not open for read\""));
+    EXPECT_THAT(Transcript(), testing::Not(HasSubstr("out of order")));
+  }
 }
 
 TEST_F(ModuleInAHost, TellsFaultsOnStandardErrorWithoutAScript) {

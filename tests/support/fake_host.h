@@ -53,6 +53,9 @@ class FakeHost : private platform::BoxPresenter {
   /// What a line of the macro language does; nothing at first.
   std::function<void(const std::string&)> onCommand;
 
+  /// Called for every function before it does anything; it may throw.
+  std::function<void(const std::string& name)> onCall;
+
   // What it was asked, in order.
   std::vector<std::string> lookUps;         ///< names of functions
   std::vector<std::string> calls;           ///< "OrvoMacroVdmSeek(1, 0, 0)"

@@ -41,6 +41,7 @@ void Note(const char* name, Arguments... arguments) {
   [[maybe_unused]] const char* separator = "";
   ((call += separator + Shown(arguments), separator = ", "), ...);
   Host().calls.push_back(call + ")");
+  if (Host().onCall) Host().onCall(name);
 }
 
 template <class Map>
