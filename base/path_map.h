@@ -11,9 +11,8 @@ namespace vanzet {
 /// and messages keep the path as it was.
 ///
 ///   - a backslash is a separator;
-///   - "X:" stands for the root that the table of drives gives; an unlisted drive leads nowhere, to a place
-///   where
-///     nothing is and nothing can be made;
+///   - "X:" stands for the root that the table of drives gives; an unlisted drive leads nowhere: nothing is
+///     there, and nothing can be made there;
 ///   - a part that does not exist exactly is taken without regard to the case of its letters A to Z; where
 ///     several match, the first in the order of bytes.
 class PathMap {

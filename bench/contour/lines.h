@@ -11,9 +11,9 @@ namespace vanzet::contour {
 /// Reads a foreign text line by line and knows where it is. Lines end with LF or CR LF; a byte
 /// order mark before the first is passed over.
 ///
-/// Errors   a fault with file and line: a control character other than the tab (the file is no text), a line
-/// of
-///          more than `kLongestLine` bytes, more than `kMostLines` lines, or a stream that cannot be read
+/// Errors   a fault with file and line: a control character other than the tab (the file is no text), a
+///          line of more than `kLongestLine` bytes, more than `kMostLines` lines, or a stream that cannot be
+///          read
 class LineReader {
  public:
   static constexpr std::size_t kLongestLine = 4096;

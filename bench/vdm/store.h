@@ -29,8 +29,7 @@ class VdmStore {
   explicit VdmStore(const std::filesystem::path& folder);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
-  /// Whether the store can be read and VDMs can be taken; for callers who would rather hear it once and
-  /// first.
+  /// Whether the store can be read and VDMs can be taken, for callers who want to hear it once and first.
   Result<void> Check();
 
   /// Refuses a file that the store itself lives in, so that nobody writes over it.

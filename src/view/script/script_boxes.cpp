@@ -51,26 +51,25 @@ std::int32_t ScriptBoxes::Present(const platform::MessageBox& message) {
 }
 
 void ScriptBoxes::QueueLeadingAnswers(ScriptReader& script) {
-  for (;;) {
-    const auto words = script.Next();
-    if (!words) return transcript_.Error(script.LineNumber(), words.fault().text);
-    if (words->empty()) return;
-    if (words->front() == "answer") {
-      const auto answer = AnswerOf(*words);
-      if (!answer) {
-        return transcript_.Error(script.LineNumber(),
-                                 "expected 'answer yes', 'answer no' or 'answer cancel'");
-      }
-      answers_.push_back(*answer);
-    } else if (words->front() == "file") {
-      // Results of file dialogs may stand among the answers; they serve the dialog.
-      if (words->size() != 2) {
-        return transcript_.Error(script.LineNumber(), "expected 'file \"PATH\"' or 'file cancel'");
-      }
-    } else {
-      return;
+  auto words = script.Next();
+  // Results of file dialogs may stand among the answers; they serve the dialog.
+  while (words && !words->empty() && (words->front() == "answer" || words->front() == "file")) {
+    if (const auto queued = Queue(*words); !queued) {
+      return transcript_.Error(script.LineNumber(), queued.fault().text);
     }
+    words = script.Next();
   }
+  if (!words) transcript_.Error(script.LineNumber(), words.fault().text);
+}
+
+Result<void> ScriptBoxes::Queue(const std::vector<std::string>& words) {
+  if (words.front() == "file") {
+    return words.size() == 2 ? Result<void>() : Fault{"expected 'file \"PATH\"' or 'file cancel'"};
+  }
+  const auto answer = AnswerOf(words);
+  if (!answer) return Fault{"expected 'answer yes', 'answer no' or 'answer cancel'"};
+  answers_.push_back(*answer);
+  return {};
 }
 
 }  // namespace vanzet::view

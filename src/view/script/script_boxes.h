@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "platform/message_box.h"
 #include "view/script/script.h"
@@ -24,6 +25,9 @@ class ScriptBoxes final : public platform::BoxPresenter {
 
  private:
   void QueueLeadingAnswers(ScriptReader& script);
+
+  /// Takes one of those lines. Requires: it begins with "answer" or "file".
+  Result<void> Queue(const std::vector<std::string>& words);
 
   Transcript& transcript_;
   std::deque<std::int32_t> answers_;
