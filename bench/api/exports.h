@@ -31,11 +31,16 @@ void* OrvoGetWnd(std::int32_t selector);
 
 // The macro language and its variables. A text is given at most 4095 bytes; what is longer is cut.
 void OrvoCommand(const char* line);
+void OrvoMacroExec(const char* name, const char* arguments);
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok);
 double OrvoReadGlobalW(const char* name, std::int32_t* ok);
 void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) __asm__("OrvoReadGlobal$");
 void OrvoWriteGlobalI(const char* name, std::int32_t value, std::int32_t* ok);
 void OrvoWriteGlobalText(const char* name, const char* value, std::int32_t* ok) __asm__("OrvoWriteGlobal$");
+
+// The layers of the drawing, by numbers that are good for the run. A number of no layer has the empty name.
+std::int32_t OrvoGetCurrentLayer();
+const char* OrvoGetLayerName(std::int32_t number);
 
 // The stores of text items; what a position is and how calls move it: vdm/open_vdm.h.
 std::int32_t OrvoMacroVdmExists(std::uint32_t vdm);
