@@ -148,7 +148,7 @@ TEST_F(Figures, TheLayerMacroTellsWhatIsWrongWithItsColumn) {
             "18: expected solid, dash, dashdot or dot, found 'wavy'");
   EXPECT_EQ(Told("call @@lay red"), "12: expected the layer in single quotes at the end");
   EXPECT_EQ(Told("call @@lay 'red' x 'L'"), "18: expected a colour or a line style in single quotes");
-  EXPECT_EQ(Told("call @@lay '' '' '' '' '' '' 'L'"), "27: expected the end of the line, found ''' '");
+  EXPECT_EQ(Told("call @@lay '' '' '' '' '' '' 'L'"), "25: expected the end of the line, found '' '' '");
   EXPECT_EQ(Told("call @@nothing"), "6: there is no macro '@@nothing'");
   EXPECT_EQ(Told("call"), "5: expected the name of a macro");
   EXPECT_EQ(board.layer(), "0");
