@@ -16,7 +16,7 @@ using geometry::Span;
 
 /// In pixels.
 constexpr double kStrokeWidth = 1.6, kAxisWidth = 1;
-constexpr const char* kAxisColour = "#b9c0c6";
+constexpr const char* kAxisColour = "#9aa3ab";
 constexpr double kAxisDashes[] = {14, 4, 3, 4};
 /// Closed contours are filled with a breath of their colour.
 constexpr const char* kFillOpacity = "0.08";
@@ -69,6 +69,12 @@ Groups GroupsOf(const Drawing& drawing, const PictureOptions& options) {
   return groups;
 }
 
+/// To a hundredth of a micrometre: the geometry's boxes are wider than what they hold by less.
+Point Rounded(const Point& point) {
+  constexpr double kSteps = 1e5;
+  return {std::round(point.x * kSteps) / kSteps, std::round(point.y * kSteps) / kSteps};
+}
+
 /// What has to be seen: curves, and of a line without ends the point next to the origin.
 geometry::Box BoxOf(const Groups& groups) {
   geometry::Box box;
@@ -77,8 +83,8 @@ geometry::Box BoxOf(const Groups& groups) {
       for (const Kurve& curve : group.curves) {
         Point min, max;
         curve.Minmax(min, max);
-        box.Insert(min);
-        box.Insert(max);
+        box.Insert(Rounded(min));
+        box.Insert(Rounded(max));
       }
       for (const geometry::CLine& line : group.lines) {
         box.Insert(line.p - line.v * Dot(geometry::Vector2d(line.p.x, line.p.y), line.v));

@@ -18,7 +18,7 @@ constexpr double kMargin = 32, kUsualWidth = 800, kUsualHeight = 560;
 constexpr double kLargestMargin = 0.1;
 /// What a drawing without extent is taken for, in millimetres.
 constexpr double kUsualExtent = 100;
-constexpr int kDigits = 10;
+constexpr int kDigits = 10, kLengthDigits = 5;
 
 /// The box with an extent in at least one direction.
 Box Usable(Box box) {
@@ -69,7 +69,7 @@ std::string PictureView::Transform() const {
 }
 
 std::string PictureView::Pixels(double pixels) const {
-  return NumberText(pixels / scale_);
+  return contour::Number(pixels / scale_, kLengthDigits);
 }
 
 std::optional<PictureView::Segment> PictureView::SeenOf(const geometry::CLine& line) const {

@@ -101,7 +101,7 @@ TEST_F(ProjectCommands, APickThatIsCancelledOrMissingIsCancelled) {
 TEST_F(ProjectCommands, APickThatFailsIsToldAndCancelledLestItIsAskedForEver) {
   Pick("figure None\nposition 1 2\n");
   EXPECT_EQ(PickedObject(), "27 0 picks.txt:1: there is no figure 'None'");
-  EXPECT_EQ(PickedObject(), "27 0 picks.txt:2: a figure was asked for, not a position");
+  EXPECT_EQ(PickedObject(), "27 0 picks.txt:2: expected 'figure' or 'cancel', found 'position'");
 }
 
 TEST_F(ProjectCommands, PromptsMayHoldQuotes) {
@@ -126,7 +126,7 @@ TEST_F(ProjectCommands, APositionIsPickedByTheMacro) {
   EXPECT_EQ(variables.Integer("i_return"), 27);
   EXPECT_EQ(variables.Real("w_return"), -12.5) << "as it was";
   ASSERT_TRUE(variables.Set("i_return", 5));
-  EXPECT_EQ(Told("call vbpickel POS"), "picks.txt:3: a position was asked for, not a figure");
+  EXPECT_EQ(Told("call vbpickel POS"), "picks.txt:3: expected 'position' or 'cancel', found 'figure'");
   EXPECT_EQ(variables.Integer("i_return"), 27);
   EXPECT_EQ(Told("call vbpickel ALL"), "15: expected 'POS', found 'ALL'");
 }
