@@ -22,6 +22,7 @@ const std::map<std::string, Folders> kModule = {
     {"macro", {"host", "macro/tables"}},
     {"store", {"base", "platform", "host", "macro", "macro/tables"}},
     {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
+    {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
     {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
     {"geometry", {"base", "host"}},
