@@ -194,7 +194,12 @@ class Compaction {
 }  // namespace
 
 KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search) {
-  KurveEx k = raw.reversed ? raw.ReversedCopy() : std::move(raw);
+  KurveEx k;
+  if (raw.reversed) {
+    k.Add(raw, true);
+  } else {
+    k = std::move(raw);
+  }
   Compaction compaction(k);
   code = Walk(search, k.spans, source, kScanOfKurveEx, off,
               [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });

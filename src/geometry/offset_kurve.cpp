@@ -40,10 +40,12 @@ class RawOffset {
       if (crossed) result_.Replace(0, LINEAR, current_.p0, Point(0, 0), 0);
       return;
     }
+    // A crossing may have left nothing of it.
+    passedOver_ = current_.NullSpan;
+    if (passedOver_) return;
     current_.ID = static_cast<std::uint32_t>(number);
     result_.Add(current_, false);
     previous_ = current_;
-    passedOver_ = false;
   }
 
   /// Returns the source span and has its offset in `current_`.
@@ -66,9 +68,12 @@ class RawOffset {
       return true;
     }
     Span arc = RollArc(sense_.rollDir, current_.p0, vertex, ROLL_AROUND);
-    arc.p0 = previous_.p1;
-    // Where a span has gone, the vertex is not as far from both ends.
-    if (passedOver_) arc.pc = arc.CentreOnBisector();
+    if (passedOver_) {
+      // Where a span has gone, the vertex is not as far from both ends.
+      Point unusedCentre;
+      result_.Get(result_.nVertices - 1, arc.p0, unusedCentre);
+      arc.pc = arc.CentreOnBisector();
+    }
     result_.Add(arc, false);
     return false;
   }

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <algorithm>
+#include <charconv>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "geometry/kurveex.h"
@@ -16,14 +13,20 @@
 /// lacks a number.
 namespace geometry::testing {
 
+/// With a point, whatever the locale.
+inline std::string Text(double number) {
+  char text[32];
+  return {text, std::to_chars(text, text + sizeof text, number).ptr};
+}
+
 /// The numbers behind the letters x and y of a line.
-inline std::vector<double> NumbersOf(const std::string& line) {
+inline std::vector<double> NumbersOf(std::string_view line) {
   std::vector<double> numbers;
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (line[i] != 'x' && line[i] != 'y') continue;
-    char* end = nullptr;
-    const double number = std::strtod(line.c_str() + i + 1, &end);
-    if (end != line.c_str() + i + 1) numbers.push_back(number);
+    double number = 0;
+    const char* const end = line.data() + line.size();
+    if (std::from_chars(line.data() + i + 1, end, number).ec == std::errc()) numbers.push_back(number);
   }
   return numbers;
 }
@@ -33,9 +36,9 @@ inline std::vector<spVertex> VerticesOf(std::string_view text) {
   std::vector<spVertex> vertices;
   while (!text.empty()) {
     const std::size_t end = text.find_first_of("\n;");
-    std::string line(text.substr(0, end));
+    std::string_view line = text.substr(0, end);
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    line.erase(0, line.find_first_not_of(' '));
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
     if (line.empty()) continue;
     const int type = line[0] == 'a' ? ACW : line[0] == 't' ? CW : LINEAR;
     if (type == LINEAR && line[0] != 'x') continue;
