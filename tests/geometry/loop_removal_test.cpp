@@ -218,7 +218,8 @@ std::string Outcome(const KurveEx& raw, const KurveEx& source, double off, Searc
 
 std::string CompactOutcome(const Kurve& raw, const KurveEx& source, double off, Search search) {
   int code = -1;
-  const Kurve k = EliminateLoops(raw, source.spans, off, code, search);
+  const SourceSpans spans = [&]() -> const std::vector<Span>& { return source.spans; };
+  const Kurve k = EliminateLoops(raw, spans, off, code, search);
   return std::to_string(code) + BytesOf(KurveEx(k));
 }
 
@@ -287,7 +288,7 @@ TEST(BoxLevels, PassOverSpansOutsideAloneAndInOrder) {
   for (const int count : {0, 1, 8, 9, 64, 65, 600, 4097}) {
     std::vector<Span> spans;
     for (int i = 0; i < count; ++i) spans.emplace_back(Point(i, 0), Point(i + 1, 0));
-    const BoxLevels levels(spans);
+    BoxLevels levels(spans);
     const auto n = static_cast<std::size_t>(count);
     // Asked for x from 100.5 to 103.5.
     const auto misses = [](const Box& box) { return box.max.x < 100.5 || box.min.x > 103.5; };
