@@ -1,9 +1,9 @@
 #include <cstdlib>
 
 #include "fuzz/fuzz.h"
+#include "geometry/contour_text.h"
+#include "geometry/loop_outcome.h"
 #include "geometry/offset.h"
-#include "tests/geometry/contour_text.h"
-#include "tests/geometry/loop_outcome.h"
 
 namespace {
 
