@@ -19,7 +19,7 @@ const std::map<std::string, Folders> kModule = {
     {"host", {"base", "platform"}},
     {"machine", {"base", "platform", "host"}},
     {"macro/tables", {"base"}},
-    {"macro", {"host", "macro/tables"}},
+    {"macro", {"base", "host", "macro/tables"}},
     {"store", {"base", "platform", "host", "macro", "macro/tables"}},
     {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
     {"catalogue", {"base", "platform", "host"}},

@@ -50,7 +50,8 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::int32_t, std::string> translations;
   std::map<std::uint32_t, Vdm> vdms;
   std::map<std::int32_t, std::vector<Vertex>> kurves;
-  std::vector<std::string> layers;  ///< names by number
+  std::optional<std::int32_t> spanCount;  ///< what is told of any contour instead of the truth
+  std::vector<std::string> layers;        ///< names by number
   std::int32_t currentLayer = 0;
 
   // What it lacks or refuses.
