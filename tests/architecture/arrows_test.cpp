@@ -22,8 +22,9 @@ const std::map<std::string, Folders> kModule = {
     {"macro", {"host", "macro/tables"}},
     {"store", {"base", "platform", "host", "macro", "macro/tables"}},
     {"catalogue", {"base", "platform", "host"}},
+    {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
+    {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 
