@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "catalogue/catalogue_lines.h"
 #include "host/bridge.h"
 #include "host/messages.h"
 #include "platform/message_box.h"
@@ -26,7 +27,13 @@ bool SaysYes(const std::string& question, std::int32_t type = kYesNo) {
 /// The text with every '#' replaced by the path, which may hold some itself.
 std::string WithPath(std::string_view text, const std::string& path) {
   std::string shown;
-  for (const char c : text) c == '#' ? shown += path : shown += c;
+  for (const char c : text) {
+    if (c == '#') {
+      shown += path;
+    } else {
+      shown += c;
+    }
+  }
   return shown;
 }
 
@@ -53,8 +60,7 @@ void ReadCatalogueAtStart(CDevice& dialogs, void* owner) {
 
 void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const std::string& valueLine,
                            void* owner, const std::function<void()>& refill) {
-  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the refill empties what was typed
-  const std::string name = typedName;
+  const std::string name = OneCatalogueLine(typedName);
   dialogs.PutDevice(name, valueLine);
   refill();
   CDevice fresh = FreshCatalogue(dialogs);

@@ -74,9 +74,10 @@ bool CDevice::WriteFile() const {
 }
 
 void CDevice::PutDevice(const std::string& name, const std::string& valueLine) {
-  const std::size_t at = Find(name).value_or(lines_.size());
+  const std::string nameLine = OneCatalogueLine(name);
+  const std::size_t at = Find(nameLine).value_or(lines_.size());
   lines_.resize(std::max(lines_.size(), at + 2));
-  lines_[at] = OneCatalogueLine(name);
+  lines_[at] = nameLine;
   lines_[at + 1] = OneCatalogueLine(valueLine);
 }
 
@@ -109,9 +110,8 @@ void CDevice::NamesOfType(std::int32_t type, std::vector<std::string>& names) co
 }
 
 std::optional<std::size_t> CDevice::Find(const std::string& name) const {
-  const std::string line = OneCatalogueLine(name);
   for (std::size_t at = 0; at < lines_.size(); at += 2) {
-    if (lines_[at] == line) return at;
+    if (lines_[at] == name) return at;
   }
   return std::nullopt;
 }

@@ -29,6 +29,8 @@ class Descriptor {
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
 
+  explicit Descriptor(int number) : number_(number) {}
+
   explicit operator bool() const { return number_ >= 0; }
   int number() const { return number_; }
 
@@ -59,16 +61,16 @@ class NewFile {
  public:
   explicit NewFile(const fs::path& target)
       : target_(target),
-        beside_(target.string() + ".new-" + std::to_string(getpid())),
-        descriptor_(Made(beside_), O_WRONLY | O_CREAT | O_EXCL, kNewFile),
-        isThere_(static_cast<bool>(descriptor_)) {}
+        beside_(target.string() + ".new-XXXXXX"),
+        descriptor_(mkostemp(beside_.data(), O_CLOEXEC)),
+        isThere_(descriptor_ && fchmod(descriptor_.number(), kNewFile & ~Mask()) == 0) {}
   ~NewFile() {
-    if (isThere_) unlink(beside_.c_str());
+    if (descriptor_ && !isNamed_) unlink(beside_.c_str());
   }
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
 
-  explicit operator bool() const { return static_cast<bool>(descriptor_); }
+  explicit operator bool() const { return isThere_; }
 
   /// Gives it the owner and the permissions of the old file. False when that is not allowed.
   bool TakeAfter(const struct stat& old) const {
@@ -82,22 +84,24 @@ class NewFile {
   /// Writes the bytes and gives the file its name.
   bool Become(std::string_view bytes) {
     if (!descriptor_.Write(bytes) || rename(beside_.c_str(), target_.c_str()) != 0) return false;
-    isThere_ = false;
+    isNamed_ = true;
     SyncFolder(target_.parent_path());
     return true;
   }
 
  private:
-  /// The name, free: one of our process that was left behind by another of the same number goes.
-  static const fs::path& Made(const fs::path& name) {
-    unlink(name.c_str());
-    return name;
+  /// What the process takes away from the permissions of new files.
+  static mode_t Mask() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return mask;
   }
 
   fs::path target_;
-  fs::path beside_;
+  std::string beside_;  ///< a name that nobody else has, here or on another machine
   Descriptor descriptor_;
   bool isThere_;
+  bool isNamed_ = false;
 };
 
 /// Requires: open for writing. Takes the room first, so that a full disk leaves the old content.
@@ -125,7 +129,10 @@ bool WriteMissing(const fs::path& file, std::string_view bytes) {
   }
   // A link that leads nowhere yet, or a name too long to have another beside it.
   const Descriptor made(file, O_RDWR | O_CREAT, kNewFile);
-  return made && WriteInPlace(made, bytes);
+  if (!made) return false;
+  const bool isWritten = WriteInPlace(made, bytes);
+  if (!isWritten) fs::remove(fs::weakly_canonical(file, unknown), unknown);
+  return isWritten;
 }
 
 bool WriteOld(const fs::path& file, const struct stat& old, std::string_view bytes) {

@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "macro/command_text.h"
+#include "store/macro_vdm.h"
 
 namespace vanzet::simulation {
 namespace {
@@ -87,10 +88,31 @@ void GivePlugPoints(double offset, const LineSink& sink) {
   sink(indent + macro::FormatReal(-offset - kMarkerLength) + " 0.000000 0.000000\n");
 }
 
+constexpr std::string_view kFacetIndent = "            ";
+
+/// What fits into an item behind the indent and before the line end.
+constexpr std::size_t kLongestFacetText = OrvoApi::kItemBytes - 1 - kFacetIndent.size() - 1;
+
+std::string_view WithoutIndent(std::string_view line) {
+  return {std::ranges::find_if_not(line, IsWhiteSpace), line.end()};
+}
+
+/// The text up to the last white space that leaves it short enough for an item; all of it when it is, or when
+/// it has no such place.
+std::string_view FirstPiece(std::string_view text) {
+  if (text.size() <= kLongestFacetText) return text;
+  const std::size_t blank = text.substr(0, kLongestFacetText).find_last_of(" \t");
+  return text.substr(0, blank);
+}
+
+/// A line too long for an item is broken at white space, where a list of numbers may be broken.
 void GiveFacetLine(std::string_view line, const LineSink& sink) {
-  const std::size_t indent =
-      static_cast<std::size_t>(std::ranges::find_if_not(line, IsWhiteSpace) - line.begin());
-  sink(std::string(12, ' ').append(line.substr(indent)) + "\n");
+  std::string_view rest = WithoutIndent(line);
+  do {
+    const std::string_view piece = FirstPiece(rest);
+    sink(std::string(kFacetIndent).append(piece) + "\n");
+    rest = WithoutIndent(rest.substr(piece.size()));
+  } while (!rest.empty());
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ constexpr ImportTarget kTargets[] = {
 
 /// A header may count far more items than there are. Behind the last one the host gives empty texts without
 /// an end; so many of them in a row are no device's.
-constexpr std::int32_t kEmptyItemsInARow = 100000;
+constexpr std::int32_t kEmptyItemsInARow = 1000;
 
 std::optional<std::int32_t> TargetOperation(std::int32_t deviceClass, std::int32_t spindle,
                                             bool subSpindleAvailable) {

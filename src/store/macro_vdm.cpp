@@ -21,6 +21,11 @@ constexpr std::uint32_t kNoHandle = 0xFFFFFFFF;
 constexpr std::int32_t kFromStart = 0;
 constexpr std::int32_t kOnce = 1;
 
+/// A host refuses a longer text, and says so; whoever counts items must not count it.
+bool FitsAnItem(const std::string& text) {
+  return text.size() < kItemBytes;
+}
+
 }  // namespace
 
 MacroVdm::~MacroVdm() {
@@ -95,6 +100,7 @@ bool MacroVdm::LoadFromFile(const std::string& path) {
 
 bool MacroVdm::SingleGet(std::string& text) {
   if (!OpenFor("SingleGet::str")) return false;
+  itemBuffer[0] = '\0';
   hostFunctions.OrvoMacroVdmSingleGetStr(handle, itemBuffer, kOnce);
   text.assign(itemBuffer, std::find(itemBuffer, itemBuffer + kItemBytes, '\0'));
   return true;
@@ -103,13 +109,13 @@ bool MacroVdm::SingleGet(std::string& text) {
 bool MacroVdm::SingleAdd(const std::string& text) {
   if (!OpenFor("SingleAdd::str")) return false;
   hostFunctions.OrvoMacroVdmSingleAddStr(handle, text, kOnce);
-  return true;
+  return FitsAnItem(text);
 }
 
 bool MacroVdm::SingleReplace(const std::string& text) {
   if (!OpenFor("SingleReplace::str")) return false;
   hostFunctions.OrvoMacroVdmSingleReplaceStr(handle, text, kOnce);
-  return true;
+  return FitsAnItem(text);
 }
 
 void MacroVdm::SeekFromStart(std::int32_t record) {

@@ -42,6 +42,7 @@ class MacroVdm {
 
   /// Leaves `text` as it is when closed.
   bool SingleGet(std::string& text);
+  /// Both false as well for a text that is too long to be kept, which has no effect then.
   bool SingleAdd(const std::string& text);
   bool SingleReplace(const std::string& text);
 

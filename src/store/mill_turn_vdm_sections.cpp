@@ -99,7 +99,8 @@ bool MillTurnVdm::SectionRewrite(std::int32_t section) {
 bool MillTurnVdm::SectionAppend(std::int32_t section) {
   if (section >= SectionCount()) SectionCreate(section);
   if (!SectionEnter(section)) return false;
-  currentCount = ItemsOf(section);
+  // A damaged header may count fewer than none.
+  currentCount = std::max(0, ItemsOf(section));
   if (currentCount >= 1) SingleSeek(currentCount);
   return true;
 }

@@ -64,6 +64,19 @@ TEST_F(Facets, ReadBothLineEnds) {
                           kIndent + "]\n"));
 }
 
+TEST_F(Facets, AreBrokenAtWhiteSpaceWhereALineIsTooLongForAnItem) {
+  std::string points;
+  for (int i = 0; i < 2000; ++i) points += std::to_string(i) + " 0 0, ";
+  const std::vector<std::string> lines = Of("coord Coordinate [\n" + points + "\ncoordIndex\n]\n");
+  std::string joined;
+  for (const std::string& line : lines) {
+    EXPECT_LE(line.size(), 4999U);
+    EXPECT_TRUE(line.starts_with(kIndent) && line.ends_with("\n"));
+    joined += line.substr(12, line.size() - 13) + " ";
+  }
+  EXPECT_EQ(joined, "coord Coordinate [ " + points + " coordIndex ] ");
+}
+
 TEST_F(Facets, KeepBlankLines) {
   EXPECT_THAT(
       Of("coord Coordinate\n\ncoordIndex\n]"),

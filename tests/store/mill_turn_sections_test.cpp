@@ -278,6 +278,25 @@ TEST_F(ItemPut, StopsWhenTheSectionCanNeitherBeEnteredNorMade) {
   EXPECT_THAT(Items(0), ElementsAre("2 1 3 1 2 0", "a0", "b0", "b1"));
 }
 
+TEST_F(ItemPut, CountsFromNoneWhereTheHeaderTellsOfFewer) {
+  OpenOver({{"2 1 2 1 -2000000000", "a0"}});
+  vdm.OperationSelect(0);
+  EXPECT_TRUE(vdm.ItemPut(1, 1, "new"));
+  EXPECT_THAT(Items(0), ElementsAre("2 1 2 1 2", "a0", "", "new"));
+}
+
+TEST_F(Sections, DoNotCountAnItemThatIsTooLongToBeKept) {
+  SelectSample();
+  EXPECT_TRUE(vdm.SectionRewrite(2));
+  EXPECT_FALSE(vdm.ItemAdd(std::string(5000, 'x')));
+  EXPECT_TRUE(vdm.ItemAdd(std::string(4999, 'x')));
+  EXPECT_TRUE(vdm.SectionCommit());
+  EXPECT_EQ(Items(0).front(), "2 1 3 1 2 1");
+  EXPECT_EQ(Items(0).size(), 5U);
+  EXPECT_FALSE(vdm.ItemPut(0, 0, std::string(5000, 'x')));
+  EXPECT_EQ(Items(0)[1], "a0");
+}
+
 TEST_F(Sections, WithAbsurdCountsInTheirHeaderAreSoughtWithinTheHostsNumbers) {
   OpenOver({{"2 1 3 2147483647 2147483647 0", "a0"}});
   vdm.OperationSelect(0);

@@ -20,6 +20,9 @@ namespace {
 
 using namespace fake;
 
+/// The place that readers have for an item; what does not fit is refused.
+constexpr std::size_t kItemBytes = 5000;
+
 template <class Map>
 auto Read(const Map& map, const char* name, Int* ok) {
   const auto found = map.find(name);
@@ -165,7 +168,7 @@ void OrvoMacroVdmRemove(Word handle, Int count) {
 }
 void OrvoMacroVdmSingleSeek(Word handle, Int count) {
   Note("OrvoMacroVdmSingleSeek", handle, count);
-  if (FakeHost::Vdm* vdm = Host().Open(handle)) vdm->item += count;
+  if (FakeHost::Vdm* vdm = Host().Open(handle)) vdm->item += std::max(count, 0);
 }
 void OrvoMacroVdmSingleGetStr(Word handle, char* buffer, Int count) {
   Note("OrvoMacroVdmSingleGet$", handle, count);
@@ -179,7 +182,7 @@ void OrvoMacroVdmSingleAddStr(Word handle, const char* text, Int count) {
   Note("OrvoMacroVdmSingleAdd$", handle, text, count);
   FakeHost::Vdm* vdm = Host().Open(handle);
   FakeHost::Record* record = FakeHost::Current(vdm);
-  if (record == nullptr) return;
+  if (record == nullptr || std::strlen(text) >= kItemBytes) return;
   vdm->item = std::min(vdm->item, static_cast<Int>(record->size()));
   record->insert(record->begin() + vdm->item++, text);
 }
@@ -188,6 +191,7 @@ void OrvoMacroVdmSingleReplaceStr(Word handle, const char* text, Int count) {
   FakeHost::Vdm* vdm = Host().Open(handle);
   FakeHost::Record* record = FakeHost::Current(vdm);
   if (record == nullptr || vdm->item >= static_cast<Int>(record->size())) return;
+  if (std::strlen(text) >= kItemBytes) return;
   (*record)[static_cast<std::size_t>(vdm->item)] = text;
 }
 void OrvoMacroVdmSingleDelete(Word handle, Int count) {
