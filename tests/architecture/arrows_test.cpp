@@ -30,6 +30,8 @@ const std::map<std::string, Folders> kModule = {
 const std::map<std::string, Folders> kWorkbench = {
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
+    {"modeller", {"base", "vdm", "geometry"}},
+    {"modeller/exchange", {"base", "geometry", "modeller"}},
     {"project", {"base", "vdm"}},
     {"language", {"base", "vdm", "project"}},
     {"api", {"base", "vdm", "project", "language"}},
