@@ -8,7 +8,7 @@
 namespace vanzet::modeller {
 
 /// No contour of more spans becomes a body.
-inline constexpr std::size_t kMostSpans = 20'000;
+inline constexpr std::size_t kMostSpans = 5'000;
 
 /// No coordinate of a contour or a body is larger: 10 km, in millimetres.
 inline constexpr double kLargestCoordinate = 1e7;

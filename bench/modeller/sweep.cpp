@@ -1,11 +1,8 @@
 #include "modeller/sweep.h"
 
-#include <BRepCheck_Analyzer.hxx>
-#include <BRepGProp.hxx>
 #include <BRepLib.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeRevol.hxx>
-#include <GProp_GProps.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Solid.hxx>
 #include <cmath>
@@ -16,6 +13,7 @@
 #include "modeller/axis_side.h"
 #include "modeller/face.h"
 #include "modeller/kernel.h"
+#include "modeller/measures.h"
 #include "modeller/number_text.h"
 #include "modeller/shape.h"
 
@@ -25,13 +23,17 @@ namespace {
 constexpr double kFullTurn = 360;
 constexpr double kAngleTolerance = 1e-9;  // degrees
 
-/// A swept solid, turned right side out.
+/// A swept solid, turned right side out. The kernel's own check of soundness takes minutes over some thousand
+/// spans; what it would find comes of contours that `OutlineOf` refuses.
 Result<Body> Sound(const TopoDS_Shape& swept) {
   if (swept.IsNull() || swept.ShapeType() != TopAbs_SOLID) return Fault{"Open CASCADE made no solid of it"};
   TopoDS_Solid solid = TopoDS::Solid(swept);
   BRepLib::OrientClosedSolid(solid);
-  if (!BRepCheck_Analyzer(solid).IsValid()) return Fault{"Open CASCADE made no sound solid of it"};
-  return BodyOf(solid);
+  const Body body = BodyOf(solid);
+  const auto measures = MeasuresOf(body);
+  if (!measures) return measures.fault();
+  if (!measures->closed || !(measures->volume > 0)) return Fault{"Open CASCADE made no sound solid of it"};
+  return body;
 }
 
 Result<PlaneAxis> InThePlane(const Axis& axis) {

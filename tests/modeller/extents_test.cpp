@@ -25,11 +25,11 @@ void ExpectBox(const Body& body, const std::array<double, 6>& box) {
 /// The box of a fine mesh, which lies inside and reaches nearly as far.
 void ExpectBoxOfItsMesh(const Body& body) {
   geometry::Box3d inner;
-  for (const auto& point : Get(MeshOf(body, {0.01, 3})).points) inner.Insert(point);
+  for (const auto& point : Get(MeshOf(body, {0.02, 6})).points) inner.Insert(point);
   ExpectBox(body, Box(body));
   const std::array<double, 6> mesh = {inner.min.x, inner.min.y, inner.min.z,
                                       inner.max.x, inner.max.y, inner.max.z};
-  EXPECT_THAT(Box(body), Pointwise(DoubleNear(0.02), mesh));
+  EXPECT_THAT(Box(body), Pointwise(DoubleNear(0.03), mesh));
 }
 
 const Axis kOblique = {{0, 0, 0}, {1, 2, 3}};

@@ -2,6 +2,7 @@
 // writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells stands in
 // report.h.
 
+#include <Standard_OutOfMemory.hxx>
 #include <cstdlib>
 #include <iterator>
 #include <string>
@@ -60,6 +61,8 @@ Result<void> Done(const Work& work, char** arguments) {
   if (work.arguments > 4) order.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
   try {
     return work.work(order);
+  } catch (const Standard_OutOfMemory&) {
+    return Fault{"needs more memory than it may take"};
   } catch (const Standard_Failure& failure) {
     return KernelFault(failure);
   } catch (const std::bad_alloc&) {

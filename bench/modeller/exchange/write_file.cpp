@@ -3,6 +3,7 @@
 #include <Interface_Static.hxx>
 #include <RWGltf_CafWriter.hxx>
 #include <STEPCAFControl_Writer.hxx>
+#include <STEPControl_Controller.hxx>
 #include <TColStd_IndexedDataMapOfStringString.hxx>
 
 #include "modeller/exchange/document.h"
@@ -23,11 +24,12 @@ Result<void> WriteStep(std::vector<ParcelBody> bodies, const fs::path& file) {
   for (ParcelBody& body : bodies) {
     if (HasFacetsOnly(body.shape)) body.shape = FacetShell(body.shape);
   }
+  // A writer takes what is set when it is made.
+  STEPControl_Controller::Init();
+  Interface_Static::SetCVal("write.step.unit", "MM");
   STEPCAFControl_Writer writer;
   writer.SetNameMode(Standard_True);
   writer.SetColorMode(Standard_True);
-  Interface_Static::SetCVal("write.step.unit", "MM");
-  Interface_Static::SetCVal("write.step.schema", "AP214IS");
   const bool isDone = writer.Transfer(DocumentOf(bodies), STEPControl_AsIs) == Standard_True &&
                       writer.Write(file.c_str()) == IFSelect_RetDone;
   if (!isDone) return Fault{"Open CASCADE could not write it" + FirstComplaint()};
