@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <optional>
 #include <string_view>
 #include <utility>
 

@@ -149,4 +149,11 @@ Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolera
   return Replace(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
 }
 
+Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const fs::path& file,
+                        const MeshTolerance& tolerance) {
+  const auto body = table.Get(number);
+  if (!body) return Fault{body.fault().text, file.string()};
+  return ExportVrml(*body, file, tolerance);
+}
+
 }  // namespace vanzet::modeller

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -7,7 +8,7 @@
 #include <vector>
 
 #include "base/result.h"
-#include "modeller/body.h"
+#include "modeller/body_table.h"
 #include "modeller/exchange.h"
 #include "modeller/mesh.h"
 
@@ -42,5 +43,9 @@ Result<void> Export(const std::vector<NamedBody>& bodies, ExportFormat format,
 /// Writes a body's facets alone as VRML 2.0: one IndexedFaceSet, a point and a face a line. The word
 /// "coordIndex" stands on a line of its own before the faces, and a line with "]" ends them.
 Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance);
+
+/// The same for a body of the table. A number without a body writes nothing, and an old file stays.
+Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const std::filesystem::path& file,
+                        const MeshTolerance& tolerance);
 
 }  // namespace vanzet::modeller

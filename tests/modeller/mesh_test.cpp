@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <Message.hxx>
+#include <Message_Messenger.hxx>
+#include <Standard_NullObject.hxx>
+
 #include <cmath>
 #include <numbers>
 
 #include "modeller/contours.h"
 #include "modeller/facet_measures.h"
+#include "modeller/kernel.h"
 #include "modeller/placement.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"
@@ -93,6 +98,22 @@ TEST(Meshes, AreNotMadeWithAToleranceThatIsNone) {
                                          {0.05, 91}}) {
     EXPECT_NE(Told(MeshOf(brick, tolerance)), "") << tolerance.chord << " " << tolerance.angle;
   }
+}
+
+TEST(Kernel, SaysNothingOnStandardOutput) {
+  testing::internal::CaptureStdout();
+  static_cast<void>(Get(MeshOf(BodyOf(Brick(1, 1, 1)), {})));
+  Message::DefaultMessenger()->Send("said by the kernel", Message_Alarm);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(Kernel, FailuresBecomeFaults) {
+  const auto failed = Guarded([]() -> Result<void> { throw Standard_Failure("the reason"); });
+  EXPECT_EQ(Told(failed), "Open CASCADE: the reason");
+  const auto nameless = Guarded([]() -> Result<void> { throw Standard_NullObject(); });
+  EXPECT_EQ(Told(nameless), "Open CASCADE: Standard_NullObject");
+  const auto memory = Guarded([]() -> Result<void> { throw std::bad_alloc(); });
+  EXPECT_EQ(Told(memory), "there is not enough memory");
 }
 
 TEST(MeasuresOfMeshes, KnowAnOpenOne) {

@@ -117,6 +117,23 @@ TEST_F(VrmlFiles, LeaveTheOldFileWhenTheBodyCannotBeMeshed) {
   EXPECT_EQ(FilesInTheFolder(), 1U);
 }
 
+TEST_F(VrmlFiles, HoldABodyOfTheTable) {
+  BodyTable table;
+  const auto number = Get(table.Add(BodyOf(Brick(10, 20, 30))));
+  EXPECT_EQ(Told(ExportVrml(table, number, file_, {})), "");
+  EXPECT_EQ(ReadVrml(ReadBytes(file_)).triangles.size(), 12U);
+}
+
+TEST_F(VrmlFiles, LeaveTheOldFileWhenThereIsNoSuchBody) {
+  WriteBytes(file_, "old");
+  for (const std::int32_t number : {0, 7, -1}) {
+    EXPECT_EQ(Told(ExportVrml(BodyTable(), number, file_, {})),
+              file_.string() + ": there is no body " + std::to_string(number));
+  }
+  EXPECT_EQ(ReadBytes(file_), "old");
+  EXPECT_EQ(FilesInTheFolder(), 1U);
+}
+
 TEST_F(VrmlFiles, TellAFolderThatIsNotThere) {
   const fs::path elsewhere = folder_ / "none" / "x.wrl";
   EXPECT_EQ(Told(ExportVrml(BodyOf(Brick(1, 1, 1)), elsewhere, {})),
