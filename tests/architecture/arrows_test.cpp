@@ -36,8 +36,8 @@ const std::map<std::string, Folders> kWorkbench = {
     {"modeller/exchange", {"base", "geometry", "modeller"}},
     {"project", {"base", "vdm"}},
     {"drawing", {"base", "vdm", "contour", "geometry"}},
-    {"language", {"base", "vdm", "project", "drawing", "geometry"}},
-    {"api", {"base", "vdm", "project", "drawing", "language", "geometry"}},
+    {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
+    {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
     {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry"}},
 };
 
