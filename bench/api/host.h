@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "api/raw_stores.h"
 #include "api/trace.h"
 #include "drawing/board.h"
 #include "drawing/figure_folder.h"
@@ -56,6 +57,7 @@ class Host final : public language::Workplace {
   const std::unique_ptr<Trace> trace;
   project::Variables variables;
   vdm::VdmStore store;
+  RawStores rawStores{store};
   project::RunFolder runFolder;
   drawing::Board board;
   drawing::Picks picks;  ///< that serve instead of a mouse

@@ -20,9 +20,11 @@ const std::map<std::string, Folders> kModule = {
     {"machine", {"base", "platform", "host"}},
     {"macro/tables", {"base"}},
     {"macro", {"host", "macro/tables"}},
-    {"store", {"base", "platform", "host"}},
+    {"store", {"base", "platform", "host", "macro", "macro/tables"}},
+    {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
+    {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
+    {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 
