@@ -57,6 +57,9 @@ struct Operand {
   /// The same for a fault that has no place yet.
   Fault At(const Fault& fault) const { return fault.file.empty() ? At(fault.text) : fault; }
 
+  /// What became of this operand; a fault without a place stands here.
+  Result<void> Told(const Result<void>& done) const { return done ? done : At(done.fault()); }
+
   /// An entity as the line names it.
   std::string Name() const { return letter + std::to_string(number); }
 };
