@@ -3,5 +3,6 @@
 namespace geometry {
 
 constinit SpanPair scratchSpanPair;
+constinit std::wstring diagnosticPath;
 
 }  // namespace geometry
