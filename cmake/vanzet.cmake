@@ -10,8 +10,11 @@ target_compile_options(vanzet_options INTERFACE
 if(VANZET_SANITIZE)
   # The checks of the sanitizers make the compiler see uses of unset values that are not there.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_options(vanzet_options INTERFACE ${sanitizers} -Wno-maybe-uninitialized)
+  target_compile_options(vanzet_options INTERFACE ${sanitizers} $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vanzet_options INTERFACE ${sanitizers})
+endif()
+if(VANZET_FUZZ)
+  target_compile_options(vanzet_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(VANZET_COVERAGE)
   target_compile_options(vanzet_options INTERFACE --coverage -fprofile-update=atomic)

@@ -74,6 +74,8 @@ class Span {
   Span Reversed() const;
 
   Point Mid() const;
+  /// The centre of an arc, moved onto the bisector of its chord, so that both ends are equally far from it.
+  Point CentreOnBisector() const;
   Point Along(double d) const;
   Point AlongFraction(double f) const;
   Vector2d Tangent(double t) const;

@@ -18,6 +18,8 @@ const std::map<std::string, Folders> kModule = {
     {"platform", {"base"}},
     {"host", {"base", "platform"}},
     {"machine", {"base", "platform", "host"}},
+    {"macro/tables", {"base"}},
+    {"macro", {"host", "macro/tables"}},
     {"store", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
     {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},

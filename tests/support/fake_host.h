@@ -42,6 +42,8 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::string, std::string> texts;
   std::map<std::int32_t, std::string> translations;
   std::map<std::uint32_t, Vdm> vdms;
+  std::vector<std::string> layers;  ///< names by number
+  std::int32_t currentLayer = 0;
 
   // What it lacks or refuses.
   std::set<std::string> missing;
@@ -50,8 +52,9 @@ class FakeHost : private platform::BoxPresenter {
   bool refusesCreate = false;
   bool refusesOpen = false;
 
-  /// What a line of the macro language does; nothing at first.
+  /// What a line of the macro language does, and a macro with its arguments; nothing at first.
   std::function<void(const std::string&)> onCommand;
+  std::function<void(const std::string&, const std::string&)> onMacro;
 
   /// Called for every function before it does anything; it may throw.
   std::function<void(const std::string& name)> onCall;

@@ -79,6 +79,7 @@ void OrvoCommand(const char* line) {
 }
 void OrvoMacroExec(const char* macro, const char* arguments) {
   Note("OrvoMacroExec", macro, arguments);
+  if (Host().onMacro) Host().onMacro(macro, arguments);
 }
 
 const char* OrvoEnvironment(const char* key) {
@@ -107,6 +108,16 @@ void OrvoWriteGlobalI(const char* name, Int value, Int* ok) {
   Note("OrvoWriteGlobalI", name, value);
   Host().integers[name] = value;
   *ok = 1;
+}
+
+Int OrvoGetCurrentLayer() {
+  Note("OrvoGetCurrentLayer");
+  return Host().currentLayer;
+}
+const char* OrvoGetLayerName(Int layer) {
+  Note("OrvoGetLayerName", layer);
+  const auto index = static_cast<std::size_t>(layer);
+  return index < Host().layers.size() ? Host().layers[index].c_str() : "";
 }
 
 const char* OrvoStrMessage(Int group, Int id, const char* defaultText) {
