@@ -84,8 +84,11 @@ class XmlReader {
   XmlReader& operator=(const XmlReader&) = delete;
 
   bool IsOpen() const;
+  bool AtEnd() const;
   /// The line of the position, from 1.
   int Line() const;
+  /// Goes before the next tag, or to the end when there is none; whether it has that whole name.
+  bool NextTagIs(std::wstring_view name);
 
   double scale = 1.0;
 

@@ -31,6 +31,8 @@ struct XmlReader::State {
   bool isOpen = false;
   std::wstring text;
   std::size_t at = 0;
+  std::size_t countedTo = 0;  ///< ends of lines
+  int counted = 0;
 
   void Take(std::istream& stream) {
     const auto bytes = AllOf(stream);
@@ -67,9 +69,27 @@ bool XmlReader::IsOpen() const {
   return state->isOpen;
 }
 
+bool XmlReader::AtEnd() const {
+  return state->AtEnd();
+}
+
+bool XmlReader::NextTagIs(std::wstring_view name) {
+  State& s = *state;
+  s.at = std::min(s.text.find(L'<', s.at), s.text.size());
+  const std::wstring_view tag = std::wstring_view(s.text).substr(std::min(s.at + 1, s.text.size()));
+  return tag.substr(0, tag.find_first_of(L" >/\n", 1)) == name;
+}
+
 int XmlReader::Line() const {
-  const auto here = state->text.begin() + static_cast<std::ptrdiff_t>(state->at);
-  return 1 + static_cast<int>(std::count(state->text.begin(), here, L'\n'));
+  State& s = *state;
+  if (s.at < s.countedTo) {
+    s.countedTo = 0;
+    s.counted = 0;
+  }
+  const auto place = [&](std::size_t i) { return s.text.begin() + static_cast<std::ptrdiff_t>(i); };
+  s.counted += static_cast<int>(std::count(place(s.countedTo), place(s.at), L'\n'));
+  s.countedTo = s.at;
+  return s.counted + 1;
 }
 
 /// Looks for the text on this line. The ends of lines before it are passed over, since attributes may stand

@@ -334,6 +334,44 @@ TEST(XmlReader, AVertexNeedsItsPoints) {
   }
 }
 
+TEST(XmlReader, TellsWhichTagComesNextAndWhere) {
+  Reading r("\n<KURVEEX name=\"\"/>\n\n<A>\n</A>\n");
+  EXPECT_FALSE(r.xml.NextTagIs(L"KURVE")) << "the whole name counts";
+  EXPECT_TRUE(r.xml.NextTagIs(L"KURVEEX"));
+  EXPECT_EQ(r.xml.Line(), 2);
+  EXPECT_TRUE(r.xml.FindTag(L"KURVEEX")) << "it is still there";
+  EXPECT_TRUE(r.xml.NextTagIs(L"A"));
+  EXPECT_EQ(r.xml.Line(), 4);
+  EXPECT_TRUE(r.xml.FindTag(L"A"));
+  EXPECT_FALSE(r.xml.AtEnd());
+  EXPECT_TRUE(r.xml.NextTagIs(L"/A"));
+  EXPECT_TRUE(r.xml.EndElement());
+  EXPECT_FALSE(r.xml.NextTagIs(L"A"));
+  EXPECT_TRUE(r.xml.AtEnd());
+  EXPECT_EQ(r.xml.Line(), 6);
+  Reading back("\n\n<A/>");
+  EXPECT_TRUE(back.xml.NextTagIs(L"A"));
+  EXPECT_EQ(back.xml.Line(), 3);
+  EXPECT_FALSE(back.xml.FindTag(L"B"));
+  EXPECT_EQ(back.xml.Line(), 3);
+}
+
+TEST(XmlReader, TheLineIsCountedAnewAfterGoingBack) {
+  Reading r("<A\n");
+  EXPECT_TRUE(r.xml.FindTag(L"A"));
+  EXPECT_FALSE(r.xml.EndElement());
+  EXPECT_EQ(r.xml.Line(), 2);
+  std::wstring s;
+  EXPECT_FALSE(r.xml.Attribute(L"s", s));
+  EXPECT_EQ(r.xml.Line(), 2);
+  Reading two("<A>\n<B>\nx");
+  EXPECT_TRUE(two.xml.FindTag(L"A"));
+  EXPECT_TRUE(two.xml.NextTagIs(L"B"));
+  EXPECT_EQ(two.xml.Line(), 2);
+  EXPECT_FALSE(two.xml.FindTag(L"C"));
+  EXPECT_EQ(two.xml.Line(), 2);
+}
+
 struct SystemCase {
   std::int32_t library;
   const char* file;
