@@ -89,7 +89,7 @@ int AgainstPoint(const KurveEx& point, const KurveEx& k, KurveEx& outPoint, Kurv
 }
 
 std::wstring DiagnosticPath() {
-  if (!diagnosticPath.empty()) return diagnosticPath;
+  if (diagnosticPath) return *diagnosticPath;
   std::error_code none;
   const std::filesystem::path folder = std::filesystem::temp_directory_path(none);
   return Widen((folder / "failedEqualiseSpanCount.xml").string());
@@ -151,7 +151,7 @@ int EqualiseSpanCount(const KurveEx& a, const KurveEx& b, KurveEx& outA, KurveEx
 }
 
 void SetDiagnosticPath(const std::wstring& path) {
-  diagnosticPath = path;
+  diagnosticPath = path.empty() ? nullptr : std::make_unique<const std::wstring>(path);
 }
 
 }  // namespace geometry

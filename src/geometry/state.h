@@ -16,7 +16,7 @@ namespace geometry {
 /// Scratch of the offset that works on pairs of spans; its content means nothing outside that call.
 extern SpanPair scratchSpanPair;
 
-/// Where contours go that could not be equalised, geometry/equalise.h; empty: to the default place.
-extern std::wstring diagnosticPath;
+/// Where contours go that could not be equalised, geometry/equalise.h; null: to the default place.
+extern std::unique_ptr<const std::wstring> diagnosticPath;
 
 }  // namespace geometry
