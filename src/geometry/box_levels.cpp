@@ -1,13 +1,20 @@
 #include "geometry/box_levels.h"
 
+#include <algorithm>
+
 namespace geometry {
 
-BoxLevels::BoxLevels(const std::vector<Span>& spans) : spans_(spans) {
-  if (spans.size() <= kFan) return;
-  std::vector<Box> runs((spans.size() + kFan - 1) / kFan);
-  for (std::size_t i = 0; i < spans.size(); ++i) runs[i / kFan].Insert(spans[i].box);
-  levels_.push_back(std::move(runs));
-  while (levels_.back().size() > kFan) {
+void BoxLevels::Extend(std::size_t from, std::size_t end) {
+  const bool longWalk = end > from + kFan * kFan;
+  if (longWalk) end = spans_.size();
+  if (levels_.empty()) levels_.emplace_back((spans_.size() + kFan - 1) / kFan);
+  std::vector<Box>& runs = levels_.front();
+  while (reached_ < end) {
+    Box& run = runs[reached_ / kFan];
+    const std::size_t last = std::min(reached_ + kFan, spans_.size());
+    for (; reached_ < last; ++reached_) run.Insert(spans_[reached_].box);
+  }
+  while (longWalk && levels_.back().size() > kFan) {
     const std::vector<Box>& below = levels_.back();
     std::vector<Box> above((below.size() + kFan - 1) / kFan);
     for (std::size_t i = 0; i < below.size(); ++i) above[i / kFan].Insert(below[i]);

@@ -37,6 +37,9 @@ class Kurve : public Matrix {
 
   Kurve();
   Kurve(const Kurve& k);
+  /// These leave `k` empty.
+  Kurve(Kurve&& k) noexcept;
+  Kurve& operator=(Kurve&& k) noexcept;
   /// The spans as they are stored, with null spans, under the same `reversed`.
   explicit Kurve(const KurveEx& k);
   /// The circle about `c` in direction `dir`, two half circles from (c.x + r, c.y), all of ID

@@ -22,7 +22,7 @@ double SizeOf(const Point& p) {
 /// Every span may cross, every source span may be too near.
 class PlainSearch {
  public:
-  PlainSearch(const std::vector<Span>&, const std::vector<Span>& source) : source_(source) {}
+  PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
 
   std::size_t Next(const Box&, std::size_t from, std::size_t end) const { return std::min(from, end); }
 
@@ -41,9 +41,9 @@ class PlainSearch {
 /// none.
 class IndexedSearch {
  public:
-  IndexedSearch(const std::vector<Span>& raw, const std::vector<Span>& source) : raw_(raw), source_(source) {}
+  IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source) : raw_(raw), source_(source) {}
 
-  std::size_t Next(const Box& box, std::size_t from, std::size_t end) const {
+  std::size_t Next(const Box& box, std::size_t from, std::size_t end) {
     return raw_.Next(from, end, [&box](const Box& other) { return box.Outside(other); });
   }
 
@@ -56,23 +56,25 @@ class IndexedSearch {
       return box.min.x - p.x > reach || p.x - box.max.x > reach || box.min.y - p.y > reach ||
              p.y - box.max.y > reach;
     };
-    const std::size_t n = source_.size();
+    const std::size_t n = nearSpans_->size();
     for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
       double unusedAlong = 0;
-      if (Dist(p, source_[i].NearClamped(p, unusedAlong)) < distance) return true;
+      if (Dist(p, (*nearSpans_)[i].NearClamped(p, unusedAlong)) < distance) return true;
     }
     return false;
   }
 
  private:
   void BuildNear() {
-    near_.emplace(source_);
+    nearSpans_ = &source_();
+    near_.emplace(*nearSpans_);
     margin_ = TOLERANCE;
-    for (const Span& span : source_) margin_ = std::max(margin_, 1e-12 * span.radius);
+    for (const Span& span : *nearSpans_) margin_ = std::max(margin_, 1e-12 * span.radius);
   }
 
   BoxLevels raw_;
-  const std::vector<Span>& source_;
+  const SourceSpans& source_;
+  const std::vector<Span>* nearSpans_ = nullptr;
   std::optional<BoxLevels> near_;
   double margin_ = 0;
 };
@@ -124,8 +126,7 @@ Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, dou
 
 /// Calls `keep(i, verdict)` for the spans that stay and returns the code.
 template <class SearchForm, class Keep>
-int Walk(const std::vector<Span>& raw, const std::vector<Span>& source, std::size_t scan, double off,
-         Keep&& keep) {
+int Walk(const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off, Keep&& keep) {
   SearchForm search(raw, source);
   const double nearest = std::fabs(off) - TOLERANCE;
   for (std::size_t i = 0; i < raw.size();) {
@@ -138,8 +139,8 @@ int Walk(const std::vector<Span>& raw, const std::vector<Span>& source, std::siz
 }
 
 template <class Keep>
-int Walk(Search form, const std::vector<Span>& raw, const std::vector<Span>& source, std::size_t scan,
-         double off, Keep&& keep) {
+int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off,
+         Keep&& keep) {
   if (form == Search::Plain) return Walk<PlainSearch>(raw, source, scan, off, keep);
   return Walk<IndexedSearch>(raw, source, scan, off, keep);
 }
@@ -201,14 +202,14 @@ KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double of
     k = std::move(raw);
   }
   Compaction compaction(k);
-  code = Walk(search, k.spans, source, kScanOfKurveEx, off,
+  const SourceSpans asTheyAre = [&source]() -> const std::vector<Span>& { return source; };
+  code = Walk(search, k.spans, asTheyAre, kScanOfKurveEx, off,
               [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
   compaction.Finish();
   return k;
 }
 
-Kurve EliminateLoops(const Kurve& raw, const std::vector<Span>& source, double off, int& code,
-                     Search search) {
+Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search) {
   Kurve k;
   k = static_cast<const Matrix&>(raw);
   const std::vector<Span> spans = SpansOf(raw);
@@ -221,8 +222,10 @@ Kurve EliminateLoops(const Kurve& raw, const std::vector<Span>& source, double o
 }
 
 std::vector<Span> SpansOf(const Kurve& k) {
-  std::vector<Span> spans(static_cast<std::size_t>(k.SpanCount()));
-  for (std::size_t i = 0; i < spans.size(); ++i) k.Get(static_cast<int>(i) + 1, spans[i], true, false);
+  const int n = k.SpanCount();
+  std::vector<Span> spans;
+  spans.reserve(static_cast<std::size_t>(n));
+  for (int i = 1; i <= n; ++i) k.Get(i, spans.emplace_back(), true, false);
   return spans;
 }
 
@@ -231,7 +234,9 @@ KurveEx EliminateLoops(const KurveEx& raw, const KurveEx& source, double off, in
 }
 
 Kurve EliminateLoops(const Kurve& raw, const Kurve& source, double off, int& code) {
-  return EliminateLoops(raw, SpansOf(source), off, code, Search::Indexed);
+  std::vector<Span> spans;
+  const SourceSpans read = [&]() -> const std::vector<Span>& { return spans = SpansOf(source); };
+  return EliminateLoops(raw, read, off, code, Search::Indexed);
 }
 
 }  // namespace geometry

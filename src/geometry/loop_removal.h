@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "geometry/offset.h"
 
 /// The removal of loops, with a choice of how spans are looked for.
@@ -10,10 +12,13 @@ namespace geometry {
 /// `SetProperties` made them.
 enum class Search { Indexed, Plain };
 
-/// As `EliminateLoops`. The contour is worked on in its own storage.
+/// Reads the spans of a source. It is asked once, and not at all for a contour without crossings.
+using SourceSpans = std::function<const std::vector<Span>&()>;
+
+/// As `EliminateLoops`. The contour is worked on in its own storage; its totals are made anew.
 KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search);
 /// Of a compact contour; its spans and those of the source untransformed.
-Kurve EliminateLoops(const Kurve& raw, const std::vector<Span>& source, double off, int& code, Search search);
+Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search);
 
 /// The spans of a compact contour with their properties, untransformed, in reading order.
 std::vector<Span> SpansOf(const Kurve& k);

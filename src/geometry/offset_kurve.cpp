@@ -1,4 +1,5 @@
 #include <cmath>
+#include <utility>
 
 #include "geometry/loop_removal.h"
 #include "geometry/offset_sense.h"
@@ -23,7 +24,7 @@ class RawOffset {
     }
     for (int number = 1; number <= n; ++number) Step(number, false);
     if (closed) Step(1, true);
-    return result_;
+    return std::move(result_);
   }
 
  private:
@@ -113,13 +114,17 @@ int Kurve::OffsetMethod1(Kurve& kOffset, double offset, int direction, int metho
   Kurve made = RawOffset(*this, sense).Make();
   int code = 0;
   if (method != 0) {
-    Kurve asStored(*this);
-    asStored.reversed = false;
-    made = EliminateLoops(made, SpansOf(asStored), sense.off, code, Search::Indexed);
+    std::vector<Span> spans;
+    const SourceSpans asStored = [&]() -> const std::vector<Span>& {
+      Kurve stored(*this);
+      stored.reversed = false;
+      return spans = SpansOf(stored);
+    };
+    made = EliminateLoops(made, asStored, sense.off, code, Search::Indexed);
     if (code == 0 && Closed()) code = CheckClosed(*this, made, sense.off);
   }
   made.reversed = reversed;
-  kOffset = made;
+  kOffset = std::move(made);
   return code;
 }
 

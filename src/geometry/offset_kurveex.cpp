@@ -16,7 +16,10 @@ std::uint32_t NumberAsID(int number) {
   return static_cast<std::uint32_t>(number);
 }
 
-/// Moves the spans of a contour, in the order of storage, and joins them.
+/// Moves the spans of a contour, in the order of storage, and joins them. The result has no totals yet.
+///
+/// What is added to it begins where it ends, as `KurveEx::Add` has it, but properties are not made again
+/// where they hold.
 class RawOffset {
  public:
   RawOffset(const KurveEx& source, const OffsetSense& sense)
@@ -28,8 +31,8 @@ class RawOffset {
     for (int number = 1; number <= static_cast<int>(spans_.size()); ++number) Step(number, false);
     if (closed_) Step(1, true);
     if (lastSourceWasNull_ && result_.start.ok) {
-      ++current_.ID;
-      result_.Add(current_, true);
+      ++current_->ID;
+      Append(*current_);
     }
     return std::move(result_);
   }
@@ -37,7 +40,7 @@ class RawOffset {
  private:
   /// Room for all spans and for the roll arcs of gaping corners.
   void ReserveSpans() {
-    std::size_t arcs = 1;
+    std::size_t arcs = 2;
     for (std::size_t i = 1; i < spans_.size(); ++i) {
       const Vector2d swing = spans_[i].vs - spans_[i - 1].ve;
       if (Dot(swing, swing) * sense_.off * sense_.off > TOLERANCE * TOLERANCE) ++arcs;
@@ -48,11 +51,11 @@ class RawOffset {
   /// The span before the first one is the last. A null span at the seam gets its roll arc here, but only in
   /// a corner to the right; the other one is left open.
   void BeginAtSeam() {
-    previous_ = spans_.back().Offset(sense_.off);
+    *previous_ = spans_.back().Offset(sense_.off);
     if (spans_.size() <= 3 || !spans_.front().NullSpan) return;
-    if (Cross(previous_.ve, spans_[1].vs) > -kNoTurn) return;
-    result_.Start(previous_.p1);
-    AddRollArc(spans_[1].Offset(sense_.off).p0, spans_.front().p0, 1, true);
+    if (Cross(previous_->ve, spans_[1].vs) > -kNoTurn) return;
+    result_.Start(previous_->p1);
+    AddRollArc(spans_[1].Offset(sense_.off).p0, spans_.front().p0, 1);
   }
 
   void Step(int number, bool closing) {
@@ -61,28 +64,33 @@ class RawOffset {
     if (source.NullSpan) {
       sourceWasNull_ = true;
     } else {
+      // The one in hand is kept as the previous one unless it is null; its place is used anew.
+      if (!current_->NullSpan) std::swap(current_, previous_);
       Place(source, number, closing);
       sourceWasNull_ = false;
     }
-    if (!current_.NullSpan) previous_ = current_;
-    previousWasNull_ = current_.NullSpan;
+    previousWasNull_ = current_->NullSpan;
   }
 
   void Place(const Span& source, int number, bool closing) {
-    current_ = source.Offset(sense_.off);
-    current_.ID = 0;
-    if (!result_.start.ok) BeginAt(current_.p0);
+    *current_ = source;
+    current_->MoveSideways(sense_.off);
+    current_->ID = 0;
+    if (!result_.start.ok) BeginAt(current_->p0);
     const bool crossed = (number > 1 || closing) && Join(source, number);
-    if (current_.NullSpan && previousWasNull_) {
-      AddRollArc(current_.p0, source.p0, NumberAsID(number) | ROLL_AROUND, false);
+    if (current_->NullSpan && previousWasNull_) {
+      AddRollArc(current_->p0, source.p0, NumberAsID(number) | ROLL_AROUND);
+      DropNull();
     }
     if (closing) {
-      if (crossed) result_.Replace(0, LINEAR, current_.p0, Point(0, 0));
+      if (crossed) MoveStart(current_->p0);
       return;
     }
-    current_.ID = NumberAsID(number);
+    current_->ID = NumberAsID(number);
     // Its flag counts: adding would make the properties anew, and a line of an arc that has shrunk away.
-    if (!current_.NullSpan) result_.Add(current_, false);
+    if (current_->NullSpan) return;
+    Append(*current_);
+    DropNull();
   }
 
   void BeginAt(const Point& p) {
@@ -90,40 +98,87 @@ class RawOffset {
     if (sourceWasNull_) result_.Add(spVertex(LINEAR, p, Point(0, 0), 1), true);
   }
 
-  /// Closes the gap before `current_`; whether by a crossing.
+  /// Closes the gap before the current span; whether by a crossing.
   bool Join(const Span& source, int number) {
-    const double gap = Dist(previous_.p1, current_.p0);
-    if (!(gap > TOLERANCE) || previous_.NullSpan || current_.NullSpan) return false;
+    const double gap = Dist(previous_->p1, current_->p0);
+    if (!(gap > TOLERANCE) || previous_->NullSpan || current_->NullSpan) return false;
     Point crossing;
-    if (sense_.Inward(previous_, current_) && OnlyCrossing(previous_, current_, crossing)) {
-      result_.Replace(result_.SpanCount(), previous_.dir, crossing, previous_.pc, previous_.ID);
-      current_.p0 = crossing;
-      current_.SetProperties();
+    if (sense_.Inward(*previous_, *current_) && OnlyCrossing(*previous_, *current_, crossing)) {
+      MoveEnd(crossing);
+      current_->p0 = crossing;
+      current_->SetProperties();
       return true;
     }
     // A smaller gap is left to the next span, which begins where the contour ends.
     if (gap >= 5 * TOLERANCE) {
-      const std::uint32_t ID = sourceWasNull_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND;
-      AddRollArc(current_.p0, source.p0, ID, false);
+      AddRollArc(current_->p0, source.p0,
+                 sourceWasNull_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
+      DropNull();
     }
     return false;
   }
 
-  void AddRollArc(const Point& end, const Point& centre, std::uint32_t ID, bool addNullSpan) {
-    Span arc = RollArc(sense_.rollDir, end, centre, ID);
-    arc.p0 = result_.End();
-    result_.Add(arc, addNullSpan);
+  Point End() const { return result_.spans.empty() ? result_.start : result_.spans.back().p1; }
+
+  void Append(const Span& span) {
+    const Point end = result_.spans.empty() ? span.p0 : result_.spans.back().p1;
+    Span& added = result_.spans.emplace_back(span);
+    const bool holds = added.dir == LINEAR && added.p0.x == end.x && added.p0.y == end.y;
+    if (!holds) Settle(added, end);
+  }
+
+  void AddRollArc(const Point& end, const Point& centre, std::uint32_t ID) {
+    const Point begin = End();
+    Settle(result_.spans.emplace_back(RollArc(sense_.rollDir, end, centre, ID)), begin);
+  }
+
+  static void Settle(Span& added, const Point& begin) {
+    added.p0 = begin;
+    if (added.dir != LINEAR) added.pc = added.CentreOnBisector();
+    added.SetProperties();
+  }
+
+  void DropNull() {
+    if (result_.spans.back().NullSpan) result_.spans.pop_back();
+  }
+
+  /// The previous span ends at `p`.
+  void MoveEnd(const Point& p) {
+    if (result_.spans.empty()) return MoveStart(p);
+    Span& last = result_.spans.back();
+    last.dir = previous_->dir;
+    last.p1 = p;
+    last.pc = previous_->pc;
+    last.ID = previous_->ID;
+    last.SetProperties();
+  }
+
+  void MoveStart(const Point& p) {
+    result_.start = p;
+    if (result_.spans.empty()) return;
+    result_.spans.front().p0 = p;
+    result_.spans.front().SetProperties();
   }
 
   const std::vector<Span>& spans_;
   const OffsetSense& sense_;
   const bool closed_;
   KurveEx result_;
-  Span previous_, current_;
+  Span buffers_[2];
+  Span* previous_ = &buffers_[0];
+  Span* current_ = &buffers_[1];
   bool sourceWasNull_ = false;    ///< since the last live span
   bool previousWasNull_ = false;  ///< what the step before had in hand
   bool lastSourceWasNull_ = false;
 };
+
+void CountTotals(KurveEx& k) {
+  k.perim = k.area = 0.0;
+  for (const Span& span : k.spans) {
+    k.perim += span.length;
+    k.area += span.Area();
+  }
+}
 
 /// Closes an offset whose ends cross; the code otherwise.
 int TrimEnds(KurveEx& k) {
@@ -133,10 +188,6 @@ int TrimEnds(KurveEx& k) {
   k.Replace(k.SpanCount(), last.dir, crossing, last.pc, last.ID);
   k.Replace(0, LINEAR, crossing, Point(0, 0));
   return 0;
-}
-
-void RemoveLoops(KurveEx& k, const KurveEx& source, double off, int& code) {
-  k = EliminateLoops(std::move(k), source.spans, off, code, Search::Indexed);
 }
 
 /// After roll arcs are gone the contour is shorter, and may have new loops.
@@ -165,8 +216,12 @@ int KurveEx::Offset(KurveEx& kOffset, double offset, int direction, std::uint32_
   }
   KurveEx made = RawOffset(*this, sense).Make();
   int code = 0;
+  if (flags == 0 || keepLoops) {
+    CountTotals(made);
+  } else {
+    made = EliminateLoops(std::move(made), spans, sense.off, code, Search::Indexed);
+  }
   if (flags != 0) {
-    if (!keepLoops) RemoveLoops(made, *this, sense.off, code);
     if (code == 0 && Closed()) {
       const double storedArea = reversed ? -area : area;
       code = made.Closed() ? CodeOfAreas(storedArea, made.area, sense.off) : TrimEnds(made);

@@ -101,6 +101,7 @@ class Span {
   /// The span moved to the left by `off`. An arc that has shrunk away becomes a null span between the moved
   /// ends.
   Span Offset(double off) const;
+  void MoveSideways(double off);  ///< the same in place
 
   /// The nearest point of the whole line or circle; `t` is its distance along the span.
   Point Near(const Point& p, double& t) const;

@@ -19,10 +19,12 @@ const std::map<std::string, Folders> kModule = {
     {"host", {"base", "platform"}},
     {"machine", {"base", "platform", "host"}},
     {"macro/tables", {"base"}},
-    {"macro", {"host", "macro/tables"}},
-    {"store", {"base", "platform", "host"}},
+    {"macro", {"base", "host", "macro/tables"}},
+    {"store", {"base", "platform", "host", "macro", "macro/tables"}},
+    {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
+    {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
+    {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 
@@ -31,9 +33,10 @@ const std::map<std::string, Folders> kWorkbench = {
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
     {"project", {"base", "vdm"}},
-    {"language", {"base", "vdm", "project"}},
-    {"api", {"base", "vdm", "project", "language"}},
-    {"cli", {"base", "vdm", "project", "api", "contour", "geometry"}},
+    {"drawing", {"base", "vdm", "contour", "geometry"}},
+    {"language", {"base", "vdm", "project", "drawing", "geometry"}},
+    {"api", {"base", "vdm", "project", "drawing", "language", "geometry"}},
+    {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry"}},
 };
 
 struct Include {

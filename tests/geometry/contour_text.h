@@ -50,6 +50,39 @@ inline std::vector<spVertex> VerticesOf(std::string_view text) {
   return vertices;
 }
 
+/// What remarks of the form `rem offset 2 code 0 spans 4` say: a distance to the left, and what comes of it;
+/// -1 where nothing is said.
+struct Expectation {
+  double offset = 0;
+  int code = -1;
+  int spans = -1;
+};
+
+inline std::vector<Expectation> ExpectationsOf(std::string_view text) {
+  std::vector<Expectation> expectations;
+  constexpr std::string_view kWord = "rem offset ";
+  for (std::size_t at = text.find(kWord); at != std::string_view::npos; at = text.find(kWord, at + 1)) {
+    const std::string_view line = text.substr(at, text.find('\n', at) - at);
+    const auto read = [line](std::string_view word, auto& number) {
+      const std::size_t found = line.find(word);
+      if (found == std::string_view::npos) return;
+      std::from_chars(line.data() + found + word.size(), line.data() + line.size(), number);
+    };
+    Expectation& expectation = expectations.emplace_back();
+    read("offset ", expectation.offset);
+    read(" code ", expectation.code);
+    read(" spans ", expectation.spans);
+  }
+  return expectations;
+}
+
+/// The distances in those remarks.
+inline std::vector<double> DistancesOf(std::string_view text) {
+  std::vector<double> distances;
+  for (const Expectation& expectation : ExpectationsOf(text)) distances.push_back(expectation.offset);
+  return distances;
+}
+
 /// A contour of those vertices; null spans are kept.
 inline KurveEx ContourOf(std::string_view text) {
   KurveEx k;

@@ -4,19 +4,21 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cwchar>
 
 #include "geometry/box_levels.h"
 #include "geometry/contour_text.h"
+#include "geometry/loop_outcome.h"
 #include "geometry/random_contour.h"
 
 namespace geometry {
 namespace {
 
 using testing::CompactOf;
+using testing::CompactOutcome;
 using testing::ContourOf;
 using testing::kInfinity;
 using testing::kNaN;
+using testing::Outcome;
 using testing::Random;
 using testing::Ring;
 using testing::Scribble;
@@ -190,38 +192,6 @@ TEST_F(LoopTest, ACompactResultHasTheMatrixAndTheFirstIDOfTheRawContour) {
   EXPECT_TRUE(k == CompactOf("x0 y0; x5 y0; x5 y-5; x-9 y-5"));
 }
 
-/// All of a contour that can be told apart, as bytes.
-std::string BytesOf(const KurveEx& k) {
-  std::string bytes;
-  const auto put = [&bytes](const auto&... values) {
-    (bytes.append(reinterpret_cast<const char*>(&values), sizeof values), ...);
-  };
-  put(k.perim, k.area, k.start.x, k.start.y);
-  for (const Span& s : k.spans) {
-    put(s.p0.x, s.p0.y, s.p1.x, s.p1.y, s.dir, s.ID, s.vs.dx, s.vs.dy, s.ve.dx, s.ve.dy, s.length, s.radius,
-        s.angle, s.box.min.x, s.box.min.y, s.box.max.x, s.box.max.y);
-    if (s.dir != LINEAR) put(s.pc.x, s.pc.y);
-  }
-  return bytes;
-}
-
-/// What comes out, or what is thrown.
-std::string Outcome(const KurveEx& raw, const KurveEx& source, double off, Search search) {
-  int code = -1;
-  try {
-    const KurveEx k = EliminateLoops(KurveEx(raw), source.spans, off, code, search);
-    return std::to_string(code) + BytesOf(k);
-  } catch (const wchar_t* text) {
-    return {text, text + std::wcslen(text)};
-  }
-}
-
-std::string CompactOutcome(const Kurve& raw, const KurveEx& source, double off, Search search) {
-  int code = -1;
-  const Kurve k = EliminateLoops(raw, source.spans, off, code, search);
-  return std::to_string(code) + BytesOf(KurveEx(k));
-}
-
 TEST_F(LoopTest, AnIndexChangesNothing) {
   int cut = 0;
   int stuck = 0;
@@ -287,7 +257,7 @@ TEST(BoxLevels, PassOverSpansOutsideAloneAndInOrder) {
   for (const int count : {0, 1, 8, 9, 64, 65, 600, 4097}) {
     std::vector<Span> spans;
     for (int i = 0; i < count; ++i) spans.emplace_back(Point(i, 0), Point(i + 1, 0));
-    const BoxLevels levels(spans);
+    BoxLevels levels(spans);
     const auto n = static_cast<std::size_t>(count);
     // Asked for x from 100.5 to 103.5.
     const auto misses = [](const Box& box) { return box.max.x < 100.5 || box.min.x > 103.5; };

@@ -27,6 +27,13 @@ class FakeHost : private platform::BoxPresenter {
     bool openElsewhere = false;
   };
 
+  /// A vertex of a contour, with what the host's raw store says of the span that ends there.
+  struct Vertex {
+    double x, y;
+    double centreX = 0, centreY = 0;
+    std::int32_t direction = 0;
+  };
+
   FakeHost();
   ~FakeHost() override;
   FakeHost(const FakeHost&) = delete;
@@ -42,7 +49,9 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::string, std::string> texts;
   std::map<std::int32_t, std::string> translations;
   std::map<std::uint32_t, Vdm> vdms;
-  std::vector<std::string> layers;  ///< names by number
+  std::map<std::int32_t, std::vector<Vertex>> kurves;
+  std::optional<std::int32_t> spanCount;  ///< what is told of any contour instead of the truth
+  std::vector<std::string> layers;        ///< names by number
   std::int32_t currentLayer = 0;
 
   // What it lacks or refuses.
@@ -85,6 +94,13 @@ class FakeHost : private platform::BoxPresenter {
   static void* WindowOf(std::int32_t selector);
 
   std::uint32_t nextHandle = 41;
+
+  /// A contour that is read: its number, and the vertices that were.
+  struct KurveReading {
+    std::int32_t kurve;
+    std::size_t read = 0;
+  };
+  std::map<std::int32_t, KurveReading> kurveReadings;  ///< by handle, those not closed yet
 
  private:
   std::int32_t Present(const platform::MessageBox& message) override;
