@@ -4,6 +4,7 @@
 #include "contour/constructions.h"
 #include "contour/library.h"
 #include "contour/sound.h"
+#include "geometry/contour_index.h"
 #include "geometry/equalise.h"
 
 namespace vanzet::contour {
@@ -44,12 +45,13 @@ Matrix ToOrigin(const KurveEx& curve) {
 }
 
 bool Takes(const KurveEx& a, const KurveEx& b, const Matrix& motion) {
+  const geometry::ContourIndex places(b);
   for (const Span& span : a.spans) {
     for (const double fraction : {0.0, 0.5}) {
       const Point moved = span.AlongFraction(fraction).Transform(motion);
       int number = 0;
       double along = 0;
-      if (!(Dist(b.Near(moved, number, along), moved) <= kSameTolerance)) return false;
+      if (!(Dist(places.Near(moved, number, along), moved) <= kSameTolerance)) return false;
     }
   }
   return true;

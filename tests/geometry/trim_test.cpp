@@ -145,6 +145,9 @@ TEST_F(TrimTest, WhatCannotBeTrimmedIsEmpty) {
     EXPECT_EQ(trim(-0.01, hairpin).SpanCount(), 0) << "negative";
     EXPECT_EQ(trim(whole + 0.01, hairpin).SpanCount(), 0) << "too long";
     EXPECT_EQ(trim(0, KurveEx()).SpanCount(), 0) << "nothing there";
+    KurveEx untrue;
+    untrue.perim = 5;
+    EXPECT_EQ(trim(1, untrue).SpanCount(), 0) << "nothing there, whatever its total says";
     EXPECT_EQ(trim(0, Polyline({{3, 3}, {3, 3}})).SpanCount(), 0) << "no length";
     EXPECT_FALSE(trim(-1, hairpin).start.ok);
     EXPECT_TRUE(trim(-1, Reversed(hairpin)).reversed) << "the sense all the same";
