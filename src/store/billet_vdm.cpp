@@ -4,6 +4,7 @@
 #include "host/fields.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
+#include "macro/device_record.h"
 #include "platform/message_box.h"
 #include "store/clamp_schema.h"
 #include "store/clamp_version.h"
@@ -12,10 +13,6 @@ namespace vanzet {
 namespace {
 
 using host::hostFunctions;
-
-constexpr std::int32_t kMainSpindle = 1;
-constexpr std::int32_t kSubSpindle = 2;
-constexpr std::int32_t kClampDeviceSection = 1;
 
 /// Name, values and options of a clamp device. The options came with version 100.
 constexpr std::int32_t kClampDeviceItems = 3;
@@ -68,14 +65,40 @@ bool BilletVdm::ReOrg(const SimulationRebuild& rebuildSimulation) {
     OperationInit(operation);
   }
   if (found.version < kClampVersion) {
-    PadClampDevice(kMainSpindle);
-    PadClampDevice(kSubSpindle);
+    PadClampDevice(clamp_operation::kMainSpindle);
+    PadClampDevice(clamp_operation::kSubSpindle);
     rebuildSimulation(*this, false);
     rebuildSimulation(*this, true);
   }
   if (OperationSelect(0)) WriteVersion();
   Close();
   return true;
+}
+
+bool BilletVdm::ReadDeviceItems(std::int32_t spindle, std::string& name, DeviceParams& params) {
+  return ReadDeviceAt(ClampDevicePlace(spindle), name, params);
+}
+
+bool BilletVdm::ReadJawItems(std::int32_t spindle, std::string& name, DeviceParams& params) {
+  return ReadDeviceAt(JawPlace(spindle), name, params);
+}
+
+bool BilletVdm::ReadDeviceAt(DevicePlace place, std::string& name, DeviceParams& params) {
+  if (!OperationSelect(place.operation) || !ItemSeek(place.section, 0)) return false;
+  SingleGet(name);
+  // Without a check of its own: a section without values gives what stands behind it.
+  std::string text;
+  SingleGet(text);
+  UnpackDeviceParams(params, text);
+  return true;
+}
+
+void BilletVdm::WriteDeviceAt(DevicePlace place, const std::string& name, const DeviceParams& params) {
+  OperationSelect(place.operation);
+  ItemPut(place.section, 0, name);
+  std::string text;
+  PackDeviceParams(params, text);
+  ItemPut(place.section, 1, text);
 }
 
 BilletVdm::Found BilletVdm::OpenOrCreate() {
@@ -106,9 +129,9 @@ void BilletVdm::GiveUpNewerVersion() {
 
 void BilletVdm::PadClampDevice(std::int32_t operation) {
   OperationSelect(operation);
-  if (SectionCount() < 2) SectionCreate(kClampDeviceSection);
-  if (HasItems(kClampDeviceSection, kClampDeviceItems)) return;
-  SectionAppend(kClampDeviceSection);
+  if (SectionCount() < 2) SectionCreate(spindle_section::kClampDevice);
+  if (HasItems(spindle_section::kClampDevice, kClampDeviceItems)) return;
+  SectionAppend(spindle_section::kClampDevice);
   FillUpTo(kClampDeviceItems, "0");
   SectionCommit();
 }

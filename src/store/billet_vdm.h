@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "macro/tables/device_params.h"
+#include "store/clamp_schema.h"
 #include "store/mill_turn_vdm.h"
 
 namespace vanzet {
@@ -35,6 +37,17 @@ class BilletVdm : public OrvoApi::MillTurnVdm {
   /// The object ends closed. Always true: faults are reported, and the work goes on.
   /// Requires: constructed and closed.
   bool ReOrg(const SimulationRebuild& rebuildSimulation);
+
+  /// The name and the values of a spindle's clamp device, and of its jaw. Spindle 0 is the main spindle, all
+  /// else the sub spindle. False, after a box, when there is no item for the name; both then stay as they
+  /// are. Requires: open.
+  bool ReadDeviceItems(std::int32_t spindle, std::string& name, DeviceParams& params);
+  bool ReadJawItems(std::int32_t spindle, std::string& name, DeviceParams& params);
+
+  /// The same of the device at any place, and the other way. Writing makes the items that are missing.
+  /// Requires: open.
+  bool ReadDeviceAt(DevicePlace place, std::string& name, DeviceParams& params);
+  void WriteDeviceAt(DevicePlace place, const std::string& name, const DeviceParams& params);
 
  private:
   /// What was there: also for a definition that was then given up.

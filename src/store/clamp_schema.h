@@ -11,6 +11,50 @@ namespace vanzet {
 
 inline constexpr std::int32_t kClampOperations = 18;
 
+/// The operations by number. Those that hold simulation data: docs/formats/definition.md.
+namespace clamp_operation {
+inline constexpr std::int32_t kMainSpindle = 1;
+inline constexpr std::int32_t kSubSpindle = 2;
+inline constexpr std::int32_t kDatum = 3;
+inline constexpr std::int32_t kBezel = 4;
+inline constexpr std::int32_t kMainClampDevice = 5;
+inline constexpr std::int32_t kMainJaw = 6;
+inline constexpr std::int32_t kSubClampDevice = 7;
+inline constexpr std::int32_t kSubJaw = 8;
+inline constexpr std::int32_t kCenter = 9;
+inline constexpr std::int32_t kFinishPartMain = 16;
+inline constexpr std::int32_t kFinishPartSub = 17;
+}  // namespace clamp_operation
+
+/// The sections of a spindle's operation.
+namespace spindle_section {
+inline constexpr std::int32_t kClampDevice = 1;
+inline constexpr std::int32_t kJaw = 2;
+inline constexpr std::int32_t kBillet = 3;
+}  // namespace spindle_section
+
+/// The operation of a spindle: 0 is the main spindle, all else the sub spindle.
+inline std::int32_t SpindleOperation(std::int32_t spindle) {
+  return spindle == 0 ? clamp_operation::kMainSpindle : clamp_operation::kSubSpindle;
+}
+
+/// Where a device stands in a definition: its name is item 0 of the section, its values are item 1.
+struct DevicePlace {
+  std::int32_t operation;
+  std::int32_t section;
+};
+
+inline DevicePlace ClampDevicePlace(std::int32_t spindle) {
+  return {SpindleOperation(spindle), spindle_section::kClampDevice};
+}
+inline DevicePlace JawPlace(std::int32_t spindle) {
+  return {SpindleOperation(spindle), spindle_section::kJaw};
+}
+/// Operation 10; without a sub spindle the place of the sub spindle's clamp device, operation 2.
+inline DevicePlace CenterPlace(bool subSpindleAvailable) {
+  return {(subSpindleAvailable ? 8 : 0) + 2, 1};
+}
+
 /// The items that a section gets when it is made; "0" stands for a value not yet given.
 using SectionItems = std::span<const std::string_view>;
 

@@ -55,6 +55,15 @@ class MillTurnVdm : public MacroVdm {
   /// True when the section is valid and has the item; else reports.
   bool IsItemValid(std::int32_t section, std::int32_t item);
 
+  /// True when the current operation has the section with at least `count` items. Reports nothing.
+  bool HasItems(std::int32_t section, std::int32_t count) const;
+
+  /// The items of a section by the header, 0 for one that is not there. Reports nothing.
+  std::int32_t ItemCount(std::int32_t section) const;
+
+  /// Stands at the start of the section, after a check, and makes it the one under writing.
+  bool SectionEnter(std::int32_t section);
+
   /// Stands on the first item of the section, or where it would be. The section is not checked.
   void SectionSeek(std::int32_t section);
 
@@ -95,9 +104,6 @@ class MillTurnVdm : public MacroVdm {
   /// The items of a section by the header. Requires: the section exists.
   std::int32_t& ItemsOf(std::int32_t section) { return sectionItems[static_cast<std::size_t>(section)]; }
 
-  /// True when the current operation has the section with at least `count` items. Reports nothing.
-  bool HasItems(std::int32_t section, std::int32_t count) const;
-
   /// Adds items with `text` to the section under writing until it has `count`, as long as that goes well.
   void FillUpTo(std::int32_t count, const std::string& text);
 
@@ -107,10 +113,6 @@ class MillTurnVdm : public MacroVdm {
   std::vector<std::int32_t> sectionItems;  ///< the items of each section, from the header
   std::int32_t currentSection = -1;        ///< the section under writing
   std::int32_t currentCount = 0;           ///< its items so far
-
- private:
-  /// Stands at the start of an existing section of the current operation and makes it the one under writing.
-  bool EnterSection(std::int32_t section);
 };
 
 }  // namespace vanzet::OrvoApi

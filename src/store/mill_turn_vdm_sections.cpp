@@ -38,6 +38,13 @@ bool MillTurnVdm::IsItemValid(std::int32_t section, std::int32_t item) {
   return false;
 }
 
+bool MillTurnVdm::SectionEnter(std::int32_t section) {
+  if (currentOperation < 0 || !IsSectionValid(section)) return false;
+  SectionSeek(section);
+  currentSection = section;
+  return true;
+}
+
 void MillTurnVdm::SectionSeek(std::int32_t section) {
   SeekFromStart(currentOperation);
   std::int64_t first = 1;  // behind the header
@@ -59,7 +66,7 @@ bool MillTurnVdm::SectionCreate(std::int32_t section) {
   if (section < SectionCount()) {
     ReportError("SectionCreate:: Operation (" + std::to_string(currentOperation) + ") section (" +
                 std::to_string(section) + ") exist");
-    EnterSection(section);
+    SectionEnter(section);
     return false;
   }
   sectionItems.resize(static_cast<std::size_t>(section) + 1, 0);
@@ -69,7 +76,7 @@ bool MillTurnVdm::SectionCreate(std::int32_t section) {
 }
 
 bool MillTurnVdm::DeleteItems(std::int32_t section) {
-  if (!EnterSection(section)) return false;
+  if (!SectionEnter(section)) return false;
   if (!IsOpen()) {
     MacroVdm::ReportError("DeleteItems: Vdm not open");
     return false;
@@ -86,12 +93,12 @@ bool MillTurnVdm::SectionRewrite(std::int32_t section) {
   } else {
     DeleteItems(section);
   }
-  return EnterSection(section);
+  return SectionEnter(section);
 }
 
 bool MillTurnVdm::SectionAppend(std::int32_t section) {
   if (section >= SectionCount()) SectionCreate(section);
-  if (!EnterSection(section)) return false;
+  if (!SectionEnter(section)) return false;
   currentCount = ItemsOf(section);
   if (currentCount >= 1) SingleSeek(currentCount);
   return true;
@@ -109,7 +116,7 @@ bool MillTurnVdm::SectionCommit() {
 }
 
 bool MillTurnVdm::ItemPut(std::int32_t section, std::int32_t item, const std::string& text) {
-  if (!EnterSection(section) && !SectionCreate(section)) return false;
+  if (!SectionEnter(section) && !SectionCreate(section)) return false;
   if (currentOperation < 0 || !IsItemValid(section, item)) {
     SectionAppend(section);
     do {
@@ -123,19 +130,16 @@ bool MillTurnVdm::ItemPut(std::int32_t section, std::int32_t item, const std::st
 }
 
 bool MillTurnVdm::HasItems(std::int32_t section, std::int32_t count) const {
-  return section < SectionCount() && sectionItems[static_cast<std::size_t>(section)] >= count;
+  return section < SectionCount() && ItemCount(section) >= count;
+}
+
+std::int32_t MillTurnVdm::ItemCount(std::int32_t section) const {
+  return section < SectionCount() ? sectionItems[static_cast<std::size_t>(section)] : 0;
 }
 
 void MillTurnVdm::FillUpTo(std::int32_t count, const std::string& text) {
   while (currentCount < count && ItemAdd(text)) {
   }
-}
-
-bool MillTurnVdm::EnterSection(std::int32_t section) {
-  if (currentOperation < 0 || !IsSectionValid(section)) return false;
-  SectionSeek(section);
-  currentSection = section;
-  return true;
 }
 
 }  // namespace vanzet::OrvoApi

@@ -20,7 +20,7 @@ const std::map<std::string, Folders> kModule = {
     {"machine", {"base", "platform", "host"}},
     {"macro/tables", {"base"}},
     {"macro", {"host", "macro/tables"}},
-    {"store", {"base", "platform", "host"}},
+    {"store", {"base", "platform", "host", "macro", "macro/tables"}},
     {"view", {"base", "platform"}},
     {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
     {"geometry", {"base", "host"}},

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <sstream>
 
+#include "base/one_line.h"
 #include "support/fake_host.h"
 
 namespace vanzet::test {
@@ -26,7 +27,7 @@ FakeHost& Host() {
 }
 
 std::string Shown(const char* text) {
-  return std::string("'") + text + "'";
+  return "'" + OneLine(text) + "'";
 }
 std::string Shown(Int number) {
   return std::to_string(number);

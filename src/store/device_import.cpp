@@ -1,0 +1,148 @@
+#include "store/device_import.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+
+#include "host/fields.h"
+#include "macro/command_text.h"
+#include "store/record_frame.h"
+
+namespace vanzet {
+namespace {
+
+using OrvoApi::MillTurnVdm;
+
+/// Where a source has what: all of it in one operation.
+constexpr std::int32_t kSourceOperation = 1;
+constexpr std::int32_t kLabels = 0;
+constexpr std::int32_t kVrml = 1;
+constexpr std::int32_t kFacts = 2;
+constexpr std::int32_t kOutline = 3;
+
+/// Where it goes, besides labels and VRML.
+constexpr std::int32_t kD2t = 2;
+constexpr std::int32_t kPlacement = 3;
+
+/// The operations that take devices of one class.
+struct ImportTarget {
+  std::int32_t deviceClass;
+  enum class By { kSpindle, kSubSpindleAvailable } by;  ///< what decides between the two
+  std::int32_t otherwise;                               ///< the main spindle, or no sub spindle
+  std::int32_t sub;
+};
+
+// clang-format off
+constexpr ImportTarget kTargets[] = {
+    { 0, ImportTarget::By::kSpindle,             clamp_operation::kMainClampDevice, clamp_operation::kSubClampDevice },
+    { 1, ImportTarget::By::kSpindle,             clamp_operation::kMainJaw,         clamp_operation::kSubJaw         },
+    { 3, ImportTarget::By::kSubSpindleAvailable, clamp_operation::kSubClampDevice,  clamp_operation::kCenter         },
+};
+// clang-format on
+
+/// The lines before the outline of a device.
+constexpr const char* kD2tHead[] = {
+    "[Tool]\n", "Name=000004\n", "[Mounting]\n", "Reference=G54 X0 Y0 Z0 I1 J0 K0 A90\n", "[Holder1]\n",
+};
+
+/// A header may count far more items than there are. Behind the last one the host gives empty texts without
+/// an end; so many of them in a row are no device's.
+constexpr std::int32_t kEmptyItemsInARow = 100000;
+
+std::optional<std::int32_t> TargetOperation(std::int32_t deviceClass, std::int32_t spindle,
+                                            bool subSpindleAvailable) {
+  const auto* const row = std::ranges::find(kTargets, deviceClass, &ImportTarget::deviceClass);
+  if (row == std::end(kTargets)) return std::nullopt;
+  const bool isSub = row->by == ImportTarget::By::kSpindle ? spindle != 0 : subSpindleAvailable;
+  return isSub ? row->sub : row->otherwise;
+}
+
+/// The second field of the facts of a device; the others are of no use here.
+std::int32_t ReadDeviceClass(MillTurnVdm& source) {
+  source.ItemSeek(kFacts, 0);
+  std::string text;
+  source.SingleGet(text);
+  std::size_t position = 0;
+  std::int32_t groupCode = 0;
+  std::int32_t deviceClass = 0;
+  host::ReadIntField(text, position, groupCode, 0);
+  host::ReadIntField(text, position, deviceClass, 0);
+  return deviceClass;
+}
+
+/// Calls `use(item, isFirst, isLast)` for `count` items from the position on.
+template <class Use>
+void ForEachItem(MillTurnVdm& source, std::int32_t count, const Use& use) {
+  std::string item;
+  std::int32_t empty = 0;
+  for (std::int32_t i = 0; i < count && empty < kEmptyItemsInARow; ++i) {
+    source.SingleGet(item);
+    empty = item.empty() ? empty + 1 : 0;
+    use(item, i == 0, i == count - 1);
+  }
+}
+
+void CopySection(MillTurnVdm& source, MillTurnVdm& target, std::int32_t section) {
+  source.SectionEnter(section);
+  target.SectionRewrite(section);
+  ForEachItem(source, source.ItemCount(section),
+              [&](const std::string& item, bool, bool) { target.ItemAdd(item); });
+  target.SectionCommit();
+}
+
+/// One element of the outline as a line of D2T. Its item holds a G code, X, Y, three numbers of no use here,
+/// and the radius.
+std::string OutlineLine(const std::string& item, bool isFirst, bool isLast) {
+  std::size_t position = 0;
+  std::int32_t code = 0;
+  std::array<double, 6> reals = {};
+  host::ReadIntField(item, position, code, 0);
+  for (double& real : reals) host::ReadRealField(item, position, real, 0);
+  std::string line = isFirst ? "Contour=G0" : "        G" + macro::FormatInt(code);
+  line += " X" + macro::FormatReal(reals.front()) + " Y" + macro::FormatReal(reals[1]);
+  if (code > 1) line += " R" + macro::FormatReal(reals.back());
+  if (!isLast) line += " \\";
+  return line + "\n";
+}
+
+void WriteD2t(MillTurnVdm& source, MillTurnVdm& target) {
+  target.SectionRewrite(kD2t);
+  for (const char* const line : kD2tHead) target.ItemAdd(line);
+  source.SectionEnter(kOutline);
+  ForEachItem(source, source.ItemCount(kOutline), [&](const std::string& item, bool isFirst, bool isLast) {
+    target.ItemAdd(OutlineLine(item, isFirst, isLast));
+  });
+}
+
+void CopyDevice(MillTurnVdm& source, MillTurnVdm& target) {
+  CopySection(source, target, kLabels);
+  CopySection(source, target, kVrml);
+  if (source.HasItems(kOutline, 1)) WriteD2t(source, target);
+  // Without an outline this commits the section before once more.
+  target.SectionCommit();
+  target.SectionRewrite(kPlacement);
+  target.ItemAdd("0 0 0");
+  target.SectionCommit();
+}
+
+}  // namespace
+
+std::int32_t ImportDevice(std::int32_t spur, std::int32_t spindle, bool subSpindleAvailable,
+                          std::uint32_t sourceNumber) {
+  MillTurnVdm source(sourceNumber);
+  if (!source.Open()) return kRecordFailed;
+  source.OperationSelect(kSourceOperation);
+  const std::int32_t deviceClass = ReadDeviceClass(source);
+  const std::int32_t result = InsideDefinition(BilletVdm::VdmNumber(spur), [&](BilletVdm& definition) {
+    const auto operation = TargetOperation(deviceClass, spindle, subSpindleAvailable);
+    if (!operation) return false;
+    definition.OperationSelect(*operation);
+    CopyDevice(source, definition);
+    return true;
+  });
+  source.Close();
+  return result;
+}
+
+}  // namespace vanzet
