@@ -31,11 +31,30 @@ void* OrvoGetWnd(std::int32_t selector);
 
 // The macro language and its variables. A text is given at most 4095 bytes; what is longer is cut.
 void OrvoCommand(const char* line);
+void OrvoMacroExec(const char* name, const char* arguments);
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok);
 double OrvoReadGlobalW(const char* name, std::int32_t* ok);
 void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) __asm__("OrvoReadGlobal$");
 void OrvoWriteGlobalI(const char* name, std::int32_t value, std::int32_t* ok);
 void OrvoWriteGlobalText(const char* name, const char* value, std::int32_t* ok) __asm__("OrvoWriteGlobal$");
+
+// The layers of the drawing, by numbers that are good for the run. A number of no layer has the empty name.
+std::int32_t OrvoGetCurrentLayer();
+const char* OrvoGetLayerName(std::int32_t number);
+
+// Contours of the drawing, and stores of bytes: a contour's matrix and vertices, 40 bytes each, and matrices.
+// A handle is -1 on failure and never 0. Of a matrix 128 bytes are read and written.
+std::int32_t OrvoFindNoOfSpansFromKurveNo(std::int32_t kurve);
+void OrvoGetSpn(double* x, double* y, double* z, double* cx, double* cy, std::int32_t* direction,
+                std::int32_t handle);
+std::int32_t OrvoVdmExist(std::int32_t kurve, std::int32_t one, std::int32_t thirtyThree, std::int32_t two);
+std::int32_t OrvoVdmMake(std::int32_t number, std::int32_t two, std::int32_t zero);
+std::int32_t OrvoVdmOpen(std::int32_t number, std::int32_t mode, std::int32_t two);
+std::int32_t OrvoVdmClose(std::int32_t handle);
+std::int32_t OrvoVdmEoi(std::int32_t handle);
+std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes);
+std::int32_t OrvoVdmReadTmx(std::int32_t handle, void* matrix);
+std::int32_t OrvoVdmWriteTmx(std::int32_t handle, const void* matrix);
 
 // The stores of text items; what a position is and how calls move it: vdm/open_vdm.h.
 std::int32_t OrvoMacroVdmExists(std::uint32_t vdm);

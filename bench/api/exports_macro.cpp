@@ -36,6 +36,11 @@ void OrvoCommand(const char* line) {
   Answer("OrvoCommand", {TextOf(line)}, [&](Host& host, Json&) { Told(host, host.Command(TextOf(line))); });
 }
 
+void OrvoMacroExec(const char* name, const char* arguments) {
+  Answer("OrvoMacroExec", {TextOf(name), TextOf(arguments)},
+         [&](Host& host, Json&) { Told(host, host.Macro(TextOf(name), TextOf(arguments))); });
+}
+
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok) {
   return Answer("OrvoReadGlobalI", {TextOf(name)},
                 [&](Host& host, Json& out) { return Give(host.variables.Integer(TextOf(name)), ok, out); });

@@ -7,6 +7,15 @@ namespace {
 
 Host* hostInForce = nullptr;
 
+/// The fault of a line, under the line's own name.
+Result<void> Named(const Result<void>& run, const std::string& line) {
+  if (run) return run;
+  const std::string quoted = "'" + line + "'";
+  const Fault& fault = run.fault();
+  if (!fault.file.empty()) return Fault{fault.Told(), quoted};
+  return Fault{fault.text, quoted, fault.line, fault.column};
+}
+
 }  // namespace
 
 Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
@@ -16,16 +25,24 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       trace(std::move(theTrace)),
       variables(theProject.startVariables()),
       store(theProject.folder()),
-      runFolder(theProject.folder()) {}
+      runFolder(theProject.folder()),
+      board(theProject.folder()),
+      settings_(theProject.folder()),
+      figures_(theProject.folder() / "figures") {}
+
+Host::~Host() {
+  if (const auto kept = board.Save(); !kept) panel.Tell(kept.fault());
+}
 
 Result<void> Host::Command(std::string_view line) {
-  language::Surroundings surroundings{variables, store, project.paths()};
-  const auto run = language::Run(line, surroundings);
-  if (run) return run;
-  const std::string quoted = "'" + std::string(line) + "'";
-  const Fault& fault = run.fault();
-  if (!fault.file.empty()) return Fault{fault.Told(), quoted};
-  return Fault{fault.text, quoted, fault.line, fault.column};
+  language::Surroundings surroundings = Surroundings();
+  return Named(language::Run(line, surroundings), std::string(line));
+}
+
+Result<void> Host::Macro(std::string_view name, std::string_view arguments) {
+  language::Surroundings surroundings = Surroundings();
+  const std::string line = std::string(name) + (arguments.empty() ? "" : " ") + std::string(arguments);
+  return Named(language::RunMacro(name, arguments, surroundings), line);
 }
 
 std::string Host::Environment(std::string_view key) {

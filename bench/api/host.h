@@ -3,11 +3,17 @@
 #include <memory>
 #include <string>
 
+#include "api/raw_stores.h"
 #include "api/trace.h"
+#include "drawing/board.h"
+#include "drawing/figure_folder.h"
+#include "drawing/picks.h"
 #include "language/interpreter.h"
+#include "language/workplace.h"
 #include "project/message_panel.h"
 #include "project/project.h"
 #include "project/run_folder.h"
+#include "project/settings_file.h"
 #include "project/variables.h"
 #include "vdm/store.h"
 
@@ -15,28 +21,55 @@ namespace vanzet::api {
 
 /// All that the exported host functions work on: one project as a module sees it.
 ///
-/// Owns     the store and the variables of this run; the project and the panel belong to the caller
+/// Owns     the store, the variables and the drawing board of this run; the project and the panel belong to
+///          the caller
 /// Threads  one, the thread that calls the module
-class Host {
+class Host final : public language::Workplace {
  public:
   /// `trace` may be null: calls are then not written down.
   Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<Trace> trace);
 
+  /// Keeps the drawing, and tells on the panel when it cannot be kept.
+  ~Host() override;
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+
   /// Runs a line of the macro language. A fault names the line, and what it is about.
   Result<void> Command(std::string_view line);
 
+  /// Runs a macro by its name. A fault names it with its arguments.
+  Result<void> Macro(std::string_view name, std::string_view arguments);
+
   /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.
-  std::string Environment(std::string_view key);
+  std::string Environment(std::string_view key) override;
+
+  Result<std::string> Setting(std::string_view key) override { return settings_.Value(key); }
+  Result<void> SetSetting(std::string_view key, std::string_view value) override {
+    return settings_.Set(key, value);
+  }
+  std::vector<std::string> FigureFiles() override { return figures_.Names(); }
+  Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) override {
+    return figures_.Read(name);
+  }
 
   const project::Project& project;
   project::MessagePanel& panel;
   const std::unique_ptr<Trace> trace;
   project::Variables variables;
   vdm::VdmStore store;
+  RawStores rawStores{store};
   project::RunFolder runFolder;
+  drawing::Board board;
+  drawing::Picks picks;  ///< that serve instead of a mouse
 
   /// The text that a function returned last. Callers copy it at once.
   std::string returnedText;
+
+ private:
+  language::Surroundings Surroundings() { return {variables, store, project.paths(), board, picks, *this}; }
+
+  project::SettingsFile settings_;
+  drawing::FigureFolder figures_;
 };
 
 /// Makes `host` the one that the exported functions work on while the scope lives. Without one they do

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 
@@ -9,6 +10,7 @@ namespace {
 
 struct Arguments {
   std::vector<std::string> words;
+  std::string picks;
 };
 
 std::vector<std::string> LinesOf(std::istream& input) {
@@ -20,22 +22,34 @@ std::vector<std::string> LinesOf(std::istream& input) {
   return lines;
 }
 
-Result<void> Command(const Arguments& arguments, Context& context) {
-  const SplitWords operands = SplitProject(arguments.words);
-  const auto hosted = HostProject(operands.project, "", context);
-  if (!hosted) return hosted.fault();
-  const bool fromInput = operands.words == std::vector<std::string>{"-"};
-  const std::vector<std::string> lines = fromInput ? LinesOf(std::cin) : operands.words;
-  if (lines.size() == 1) return (*hosted)->host->Command(lines.front());
+/// Runs all lines, whatever becomes of each.
+Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Context& context) {
+  if (lines.size() == 1) return host.Command(lines.front());
   std::size_t failed = 0;
   for (const std::string& line : lines) {
-    const auto run = (*hosted)->host->Command(line);
+    const auto run = host.Command(line);
     if (run) continue;
     context.panel.Tell(run.fault());
     ++failed;
   }
   if (failed == 0) return {};
   return Fault{std::to_string(failed) + " of " + Counted(lines.size(), "line") + " failed"};
+}
+
+Result<void> Command(const Arguments& arguments, Context& context) {
+  const SplitWords operands = SplitProject(arguments.words);
+  const auto hosted = HostProject(operands.project, "", context);
+  if (!hosted) return hosted.fault();
+  api::Host& host = *(*hosted)->host;
+  if (!arguments.picks.empty()) {
+    auto picks = drawing::Picks::ReadFile(arguments.picks);
+    if (!picks) return picks.fault();
+    host.picks = std::move(*picks);
+  }
+  const bool fromInput = operands.words == std::vector<std::string>{"-"};
+  const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);
+  const auto kept = host.board.Save();
+  return run ? kept : run;
 }
 
 }  // namespace
@@ -45,7 +59,14 @@ void AddCommand(CLI::App& app, Context& context) {
   CLI::App* const command = app.add_subcommand(
       "command", "Runs lines of the macro language, one an argument, or from standard input for '-'.");
   command->add_option("[PROJECT] LINE...", arguments->words)->required();
-  command->footer("Example:\n  vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"");
+  command
+      ->add_option_function<std::string>(
+          "--picks", [=](const std::string& word) { arguments->picks = FileOf("--picks", word); },
+          "what the lines ask for with the mouse, a pick a line")
+      ->type_name("FILE");
+  command->footer(
+      "Example:\n  vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"\n"
+      "  vanzet command lathe - <billet.txt");
   command->callback([=, &context] { context.run = [=, &context] { return Command(*arguments, context); }; });
 }
 

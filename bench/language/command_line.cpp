@@ -1,6 +1,9 @@
 #include "language/command_line.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
 
 #include "base/numbers.h"
 
@@ -9,6 +12,23 @@ namespace {
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\t';
+}
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// A decimal number that `text` begins with, and where it ends. No sign of plus, no hexadecimal form.
+std::optional<std::pair<double, std::size_t>> DecimalPrefix(std::string_view text) {
+  const std::size_t sign = text.starts_with('-') ? 1 : 0;
+  const bool begins =
+      text.size() > sign &&
+      (IsDigit(text[sign]) || (text[sign] == '.' && text.size() > sign + 1 && IsDigit(text[sign + 1])));
+  if (!begins) return std::nullopt;
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || !std::isfinite(value)) return std::nullopt;
+  return std::pair(value + 0.0, static_cast<std::size_t>(end - text.data()));
 }
 
 }  // namespace
@@ -21,16 +41,33 @@ bool CommandLine::Take(std::string_view word) {
   return true;
 }
 
-Result<std::string> CommandLine::QuotedText(std::string_view meaning) {
+bool CommandLine::TakeMark(std::string_view mark) {
   PassBlanks();
-  if (at_ == line_.size() || line_[at_] != '\'') {
-    return FaultHere("expected " + std::string(meaning) + " in single quotes");
-  }
-  std::size_t end = line_.find('\'', at_ + 1);
-  while (end < line_.size() && end + 1 < line_.size() && !IsBlank(line_[end + 1])) {
+  if (!line_.substr(at_).starts_with(mark)) return false;
+  at_ += mark.size();
+  return true;
+}
+
+char CommandLine::Peek() {
+  PassBlanks();
+  return at_ < line_.size() ? line_[at_] : '\0';
+}
+
+Result<std::string> CommandLine::QuotedText(std::string_view meaning) {
+  return Quoted(meaning, false);
+}
+
+Result<std::string> CommandLine::LongestQuotedText(std::string_view meaning) {
+  return Quoted(meaning, true);
+}
+
+Result<std::string> CommandLine::Quoted(std::string_view meaning, bool toTheLast) {
+  if (Peek() != '\'') return FaultHere("expected " + std::string(meaning) + " in single quotes");
+  std::size_t end = toTheLast ? line_.rfind('\'') : line_.find('\'', at_ + 1);
+  while (!toTheLast && end < line_.size() && end + 1 < line_.size() && !IsBlank(line_[end + 1])) {
     end = line_.find('\'', end + 1);
   }
-  if (end == std::string_view::npos) return FaultHere("the closing quote is missing");
+  if (end == std::string_view::npos || end == at_) return FaultHere("the closing quote is missing");
   std::string text(line_.substr(at_ + 1, end - at_ - 1));
   at_ = end + 1;
   return text;
@@ -44,6 +81,13 @@ Result<std::string_view> CommandLine::Word(std::string_view meaning) {
   return line_.substr(start_, length);
 }
 
+std::string_view CommandLine::Rest() {
+  PassBlanks();
+  const std::string_view rest = line_.substr(at_);
+  at_ = line_.size();
+  return rest.substr(0, rest.find_last_not_of(" \t") + 1);
+}
+
 Result<std::int32_t> CommandLine::Integer(std::string_view meaning, const project::Variables& variables) {
   const auto word = Word(meaning);
   if (!word) return word.fault();
@@ -53,14 +97,70 @@ Result<std::int32_t> CommandLine::Integer(std::string_view meaning, const projec
                    std::string(*word) + "'");
 }
 
+Result<double> CommandLine::Number(std::string_view meaning) {
+  PassBlanks();
+  const auto number = DecimalPrefix(line_.substr(at_));
+  if (!number) return Expected(meaning);
+  at_ += number->second;
+  return number->first;
+}
+
+Result<double> CommandLine::WholeNumber(std::string_view meaning) {
+  const auto number = Number(meaning);
+  if (!number) return number;
+  if (const auto end = WordEnd(); !end) return end.fault();
+  return number;
+}
+
+std::optional<std::int32_t> CommandLine::TakeDigits(std::size_t& at) const {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(line_.data() + at, line_.data() + line_.size(), number);
+  if (error != std::errc()) return std::nullopt;
+  at = static_cast<std::size_t>(end - line_.data());
+  return number;
+}
+
+std::optional<Entity> CommandLine::TakeEntity(std::string_view letters) {
+  const char letter = Peek();
+  if (letter == '\0' || letters.find(letter) == std::string_view::npos) return std::nullopt;
+  std::size_t end = at_ + 1;
+  const auto number = TakeDigits(end);
+  if (!number) return std::nullopt;
+  at_ = end;
+  return Entity{letter, *number};
+}
+
+Result<Entity> CommandLine::EntityOf(char letter, std::string_view meaning) {
+  if (const auto entity = TakeEntity(std::string_view(&letter, 1))) return *entity;
+  return Expected(meaning);
+}
+
+std::optional<std::string> CommandLine::TakeAssignment() {
+  PassBlanks();
+  const std::size_t nameEnd = std::min(line_.find_first_of(" \t=", at_), line_.size());
+  const std::size_t mark = std::min(line_.find_first_not_of(" \t", nameEnd), line_.size());
+  if (nameEnd == at_ || mark == line_.size() || line_[mark] != '=') return std::nullopt;
+  std::string name(line_.substr(at_, nameEnd - at_));
+  at_ = mark + 1;
+  return name;
+}
+
+Result<void> CommandLine::WordEnd() {
+  if (at_ == line_.size() || IsBlank(line_[at_])) return {};
+  start_ = at_;
+  return Expected("a blank");
+}
+
 Result<void> CommandLine::End() {
   PassBlanks();
   if (at_ == line_.size()) return {};
-  return FaultHere("expected the end of the line, found '" + std::string(line_.substr(at_)) + "'");
+  return Expected("the end of the line");
 }
 
-Fault CommandLine::FaultHere(std::string text) const {
-  return Fault{std::move(text), "", 0, static_cast<int>(start_) + 1};
+Fault CommandLine::Expected(std::string_view meaning) const {
+  const std::string_view rest = line_.substr(start_);
+  const std::string expected = "expected " + std::string(meaning);
+  return FaultHere(rest.empty() ? expected : expected + ", found '" + std::string(rest) + "'");
 }
 
 void CommandLine::PassBlanks() {

@@ -1,6 +1,7 @@
 #include "language/commands.h"
 #include "vdm/vdm_file.h"
 
+/// VDMs and .vdm files: vdm save 'file' i_ret i_billet_vdm, vdm load 'file' i_ret 1000.
 namespace vanzet::language {
 namespace {
 
@@ -8,26 +9,14 @@ constexpr std::int32_t kDone = 0;
 constexpr std::int32_t kFailed = -1;
 
 /// The operands of both commands: '{file}' {status variable} {VDM}.
-struct Operands {
-  std::string file;
-  std::string status;
+struct Request {
+  const std::string& file;
+  const std::string& status;
   std::int32_t vdm;
-};
 
-Result<Operands> ReadOperands(CommandLine& line, const project::Variables& variables) {
-  const auto file = line.QuotedText("the file");
-  if (!file) return file.fault();
-  const auto status = line.Word("the variable for the status");
-  if (!status) return status.fault();
-  if (!project::Variables::IsInteger(*status)) {
-    return line.FaultHere("expected an integer variable for the status, found '" + std::string(*status) +
-                          "'");
-  }
-  const auto vdm = line.Integer("the number of a VDM", variables);
-  if (!vdm) return vdm.fault();
-  if (const auto end = line.End(); !end) return end.fault();
-  return Operands{*file, std::string(*status), *vdm};
-}
+  explicit Request(const Operands& operands)
+      : file(operands[0].text), status(operands[1].text), vdm(operands[2].number) {}
+};
 
 /// Sets the status variable to what became of the work, and gives the work's fault on.
 Result<void> Report(const Result<void>& work, const std::string& status, project::Variables& variables) {
@@ -35,36 +24,34 @@ Result<void> Report(const Result<void>& work, const std::string& status, project
   return work;
 }
 
-Result<void> Save(const Operands& operands, Surroundings& surroundings) {
-  const auto content = surroundings.store.Snapshot(operands.vdm);
+Result<void> Save(const Request& request, Surroundings& surroundings) {
+  const auto content = surroundings.store.Snapshot(request.vdm);
   if (!content) return content.fault();
-  const auto file = surroundings.paths.Resolve(operands.file);
+  const auto file = surroundings.paths.Resolve(request.file);
   if (const auto target = surroundings.store.CheckTarget(file); !target) return target;
   return vdm::WriteVdmFile(file, *content);
 }
 
-Result<void> Load(const Operands& operands, Surroundings& surroundings) {
-  const auto content = vdm::ReadVdmFile(surroundings.paths.Resolve(operands.file));
+Result<void> Load(const Request& request, Surroundings& surroundings) {
+  const auto content = vdm::ReadVdmFile(surroundings.paths.Resolve(request.file));
   const Result<void> kept =
-      content ? surroundings.store.Replace(operands.vdm, *content) : Result<void>(content.fault());
+      content ? surroundings.store.Replace(request.vdm, *content) : Result<void>(content.fault());
   if (kept) return kept;
   // A load that fails leaves no VDM under the number: who loads has given the old content up.
-  const auto removed = surroundings.store.Delete(operands.vdm);
+  const auto removed = surroundings.store.Delete(request.vdm);
   return removed ? kept : removed;
 }
 
 }  // namespace
 
-Result<void> VdmSave(CommandLine& line, Surroundings& surroundings) {
-  const auto operands = ReadOperands(line, surroundings.variables);
-  if (!operands) return operands.fault();
-  return Report(Save(*operands, surroundings), operands->status, surroundings.variables);
+Result<void> VdmSave(const Operands& operands, Surroundings& surroundings) {
+  const Request request(operands);
+  return Report(Save(request, surroundings), request.status, surroundings.variables);
 }
 
-Result<void> VdmLoad(CommandLine& line, Surroundings& surroundings) {
-  const auto operands = ReadOperands(line, surroundings.variables);
-  if (!operands) return operands.fault();
-  return Report(Load(*operands, surroundings), operands->status, surroundings.variables);
+Result<void> VdmLoad(const Operands& operands, Surroundings& surroundings) {
+  const Request request(operands);
+  return Report(Load(request, surroundings), request.status, surroundings.variables);
 }
 
 }  // namespace vanzet::language

@@ -1,32 +1,114 @@
 #include "language/interpreter.h"
 
-#include <array>
-
 #include "language/commands.h"
 
 namespace vanzet::language {
 namespace {
 
+using Kind = OperandKind;
+
+/// A command that begins with one word or two.
 struct Command {
-  std::array<std::string_view, 2> words;  ///< that the line begins with
-  Result<void> (*run)(CommandLine& line, Surroundings& surroundings);
+  std::string_view words[2];
+  OperandForms operands;
+  Result<void> (*run)(const Operands& operands, Surroundings& surroundings);
+  bool draws;  ///< works on the drawing, which has to be read first
 };
 
 // clang-format off
 constexpr Command kCommands[] = {
-    { {"vdm", "load"}, VdmLoad },
-    { {"vdm", "save"}, VdmSave },
+    { {"call", ""},         {{ {Kind::kName, "the name of a macro"}, {Kind::kRest} }},                                     CallMacro,          false },
+    { {"copy", ""},         {{ {Kind::kContour, "a contour like k1"}, {Kind::kTransform, "a transform like m1"} }},        CopyContour,        true  },
+    { {"del", ""},          {{ {Kind::kEntities, "an entity like s1, p1, c1, k1 or m1"} }},                                DeleteEntities,     true  },
+    { {"dfm", "inf"},       {{ {Kind::kInteger, "the number of an object"} }},                                             ObjectInformation,  false },
+    { {"dfm", "pick"},      {{ {Kind::kIntegerVariable, "an integer variable for the event"},
+                               {Kind::kIntegerVariable, "an integer variable for the object"},
+                               {Kind::kLongText, "the prompt"}, {Kind::kInteger, "what can be picked"} }},                 PickObject,         false },
+    { {"dfm", "umark"},     {{ {Kind::kInteger, "the number of an object, or -1"} }},                                      ClearMarks,         false },
+    { {"env", ""},          {{ {Kind::kQuoted, "the key"}, {Kind::kTextVariable, "a text variable"} }},                    ReadEnvironment,    false },
+    { {"fig", "cre"},       {{ {Kind::kName, "the name of a figure"}, {Kind::kName, "the axes"} }},                        FigureCreate,       true  },
+    { {"fig", "del"},       {{ {Kind::kName, "the name of a figure"}, {Kind::kWord, "yes"} }},                             FigureDelete,       true  },
+    { {"fig", "ins"},       {{ {Kind::kName, "the name of a figure"}, {Kind::kTransform, "a transform like m1"} }},        FigureInsert,       true  },
+    { {"figure", "append"}, {{ {Kind::kName, "the name of a figure"}, {Kind::kContour, "a contour like k1"} }},            FigureAppend,       true  },
+    { {"file", "a"},        {{ {Kind::kQuoted, "an empty text"}, {Kind::kWord, "$_project"}, {Kind::kQuoted, "the key"},
+                               {Kind::kLongText, "the value"} }},                                                          FileStore,          false },
+    { {"file", "e"},        {{ {Kind::kQuoted, "an empty text"}, {Kind::kWord, "$_project"}, {Kind::kQuoted, "the key"},
+                               {Kind::kTextVariable, "a text variable"} }},                                                FileRead,           false },
+    { {"lay", "ch"},        {{ {Kind::kLayer, "a layer"} }},                                                               LayerChange,        true  },
+    { {"lay", "del"},       {{ {Kind::kTitle, "the name of a layer"} }},                                                   LayerDelete,        true  },
+    { {"mct", ""},          {{ {Kind::kWord, "turning"} }},                                                                BeginDrawing,       false },
+    { {"ori", ""},          {{ }},                                                                                         BeginDrawing,       false },
+    { {"red", ""},          {{ {Kind::kInteger, "-1"} }},                                                                  Refresh,            true  },
+    { {"rot", ""},          {{ {Kind::kTransform, "a transform like m1"}, {Kind::kAlongAxis, "an axis and degrees like x180"} }}, RotateTransform, false },
+    { {"set", ""},          {{ {Kind::kTransform, "a transform like m1"} }},                                               SetTransform,       false },
+    { {"tra", ""},          {{ {Kind::kTransform, "a transform like m1"}, {Kind::kAlongAxis, "an axis and a length like x5"} }},  TranslateTransform, false },
+    { {"vdm", "load"},      {{ {Kind::kQuoted, "the file"}, {Kind::kIntegerVariable, "an integer variable for the status"},
+                               {Kind::kInteger, "the number of a VDM"} }},                                                 VdmLoad,            false },
+    { {"vdm", "save"},      {{ {Kind::kQuoted, "the file"}, {Kind::kIntegerVariable, "an integer variable for the status"},
+                               {Kind::kInteger, "the number of a VDM"} }},                                                 VdmSave,            false },
+    { {"win", ""},          {{ {Kind::kInteger, "0 or 1"} }},                                                              SelectWindow,       false },
+};
+
+/// A line that begins with an entity.
+struct Definition {
+  char letter;
+  bool hasEqualsSign;
+  Result<void> (*run)(const Entity& entity, CommandLine& line, Surroundings& surroundings);
+};
+constexpr Definition kDefinitions[] = {
+    { 'c', true,  DefineCircle  },
+    { 'k', false, DefineContour },
+    { 'p', true,  DefinePoint   },
+    { 's', true,  DefineLine    },
 };
 // clang-format on
 
+Result<void> RunDefinition(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
+  for (const Definition& definition : kDefinitions) {
+    if (definition.letter != entity.letter) continue;
+    if (definition.hasEqualsSign && !line.TakeMark("=")) return line.Expected("'=' behind " + entity.Name());
+    if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+    return definition.run(entity, line, surroundings);
+  }
+  return line.FaultHere("no line begins with " + entity.Name());
+}
+
+Result<void> RunCommand(const Command& command, CommandLine& line, Surroundings& surroundings) {
+  const auto operands = ReadOperands(command.operands, line, surroundings.variables);
+  if (!operands) return operands.fault();
+  if (command.draws) {
+    if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+  }
+  return command.run(*operands, surroundings);
+}
+
+/// Told behind a word that begins commands, none of which goes on like this.
+Fault UnknownSecondWord(std::string_view first, const CommandLine& line) {
+  std::string words;
+  for (const Command& command : kCommands) {
+    if (command.words[0] == first)
+      words += (words.empty() ? "'" : ", '") + std::string(command.words[1]) + "'";
+  }
+  return line.Expected("one of " + words + " behind '" + std::string(first) + "'");
+}
+
 }  // namespace
 
-Result<void> Run(std::string_view line, Surroundings& surroundings) {
+Result<void> Run(std::string_view text, Surroundings& surroundings) {
+  CommandLine line(text);
+  if (const auto entity = line.TakeEntity("ckps")) return RunDefinition(*entity, line, surroundings);
+  if (const auto variable = line.TakeAssignment()) return Assign(*variable, line, surroundings);
+  std::string_view first;
   for (const Command& command : kCommands) {
-    CommandLine words(line);
-    if (words.Take(command.words[0]) && words.Take(command.words[1])) return command.run(words, surroundings);
+    CommandLine words(text);
+    if (!words.Take(command.words[0])) continue;
+    if (command.words[1].empty() || words.Take(command.words[1]))
+      return RunCommand(command, words, surroundings);
+    first = command.words[0];
+    line = words;
   }
-  return Fault{"unknown command '" + std::string(line) + "'", "", 0, 1};
+  if (!first.empty()) return UnknownSecondWord(first, line);
+  return Fault{"unknown command '" + std::string(text) + "'", "", 0, 1};
 }
 
 }  // namespace vanzet::language

@@ -4,7 +4,9 @@
 
 #include "base/path_map.h"
 #include "base/result.h"
-#include "language/command_line.h"
+#include "drawing/board.h"
+#include "drawing/picks.h"
+#include "language/workplace.h"
 #include "project/variables.h"
 #include "vdm/store.h"
 
@@ -15,10 +17,16 @@ struct Surroundings {
   project::Variables& variables;
   vdm::VdmStore& store;
   const PathMap& paths;
+  drawing::Board& board;
+  drawing::Picks& picks;
+  Workplace& workplace;
 };
 
 /// Runs one line. An unknown or wrong line changes nothing; its fault tells the column, from 1, and what was
 /// expected. The commands: docs/formats/macro-language.md.
 Result<void> Run(std::string_view line, Surroundings& surroundings);
+
+/// Runs a macro that the host has by name. Columns of faults count in the arguments.
+Result<void> RunMacro(std::string_view name, std::string_view arguments, Surroundings& surroundings);
 
 }  // namespace vanzet::language

@@ -71,6 +71,7 @@ Result<void> VdmStore::Close(Handle handle) {
   if (closing.empty()) return {};
   const auto& [lock, vdm] = closing.mapped();
   handles_.erase(lock.number());
+  lastClosed_ = lock.number();
   // The lock is held until the content is written: it goes with `closing`.
   if (!vdm.content().IsChanged()) return {};
   return engine_->Write(lock.number(), vdm.content());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 
 #include "vdm/open_vdm.h"
 #include "vdm/store_engine.h"
@@ -74,6 +75,9 @@ class VdmStore {
   /// What is open here, rising: work that is lost unless it is closed.
   std::vector<Number> LeftOpen() const;
 
+  /// What was closed last through a handle of this store, if anything was.
+  std::optional<Number> LastClosed() const { return lastClosed_; }
+
  private:
   static constexpr std::uint32_t kLastHandle = 0xFFFFFFFE;
 
@@ -92,6 +96,7 @@ class VdmStore {
   std::map<Handle, Opened> opened_;
   std::map<Number, Handle> handles_;
   std::uint32_t lastHandle_ = 0;
+  std::optional<Number> lastClosed_;
 };
 
 }  // namespace vanzet::vdm

@@ -31,9 +31,10 @@ const std::map<std::string, Folders> kWorkbench = {
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
     {"project", {"base", "vdm"}},
-    {"language", {"base", "vdm", "project"}},
-    {"api", {"base", "vdm", "project", "language"}},
-    {"cli", {"base", "vdm", "project", "api", "contour", "geometry"}},
+    {"drawing", {"base", "vdm", "contour", "geometry"}},
+    {"language", {"base", "vdm", "project", "drawing", "geometry"}},
+    {"api", {"base", "vdm", "project", "drawing", "language", "geometry"}},
+    {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry"}},
 };
 
 struct Include {

@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "language/interpreter.h"
-#include "support/temporary_folder.h"
+#include "language_fixture.h"
 
 namespace vanzet::language {
 namespace {
@@ -9,12 +6,11 @@ namespace {
 constexpr const char* kSample = "vdm 1\nrecord\n.a\n.b\nend 1\n";
 constexpr const char* kOther = "vdm 1\nrecord\n.other\nend 1\n";
 
-class VdmCommands : public testing::Test {
+class VdmCommands : public LanguageTest {
  protected:
   std::string Line(const std::string& verb, const std::string& file, const std::string& rest) const {
     return "vdm " + verb + " '" + (folder / file).string() + "' " + rest;
   }
-  Result<void> Do(const std::string& line) { return language::Run(line, surroundings); }
 
   /// Puts the text of a VDM under a number.
   void Keep(const std::string& text, const std::string& number) {
@@ -25,12 +21,6 @@ class VdmCommands : public testing::Test {
     const auto saved = Do(Line("save", "out.vdm", "i_ret " + number));
     return saved ? test::ReadBytes(folder / "out.vdm") : saved.fault().Told();
   }
-
-  const test::TemporaryFolder folder;
-  project::Variables variables;
-  vdm::VdmStore store{folder.path()};
-  const PathMap paths;
-  Surroundings surroundings{variables, store, paths};
 };
 
 TEST_F(VdmCommands, LoadAndSaveByNumberAndByVariable) {
@@ -101,7 +91,8 @@ TEST_F(VdmCommands, ALineThatIsWrongChangesNothing) {
 
 TEST_F(VdmCommands, AreKnownByTheirWholeWordsOnly) {
   EXPECT_EQ(Do("vdmload 'x' i_ret 7").fault().text, "unknown command 'vdmload 'x' i_ret 7'");
-  EXPECT_EQ(Do("vdm loads 'x' i_ret 7").fault().column, 1);
+  EXPECT_EQ(Told("vdm loads 'x' i_ret 7"),
+            "5: expected one of 'load', 'save' behind 'vdm', found 'loads 'x' i_ret 7'");
 }
 
 TEST_F(VdmCommands, RefuseNumbersThatNoVdmCanHave) {

@@ -1,0 +1,212 @@
+#include "drawing/board.h"
+
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "contour/contour.h"
+#include "contour/library.h"
+#include "drawing/drawing_text.h"
+#include "vdm/file_replacement.h"
+#include "vdm/folder_lock.h"
+
+namespace vanzet::drawing {
+namespace {
+
+/// The part of a map with keys from `first` to `last`.
+template <class Map>
+auto Between(Map& map, int first, int last) {
+  return std::pair(map.lower_bound(first), map.upper_bound(last));
+}
+
+}  // namespace
+
+Board::Board() : isLoaded_(true) {
+  contour::UseMillimetres();
+  layerNumbers_.NumberOf(kFirstLayer);
+}
+
+Board::Board(std::filesystem::path folder) : Board() {
+  folder_ = std::move(folder);
+  isLoaded_ = false;
+}
+
+Result<Drawing> Board::ReadFile() const {
+  std::error_code error;
+  const auto status = std::filesystem::status(File(), error);
+  if (status.type() == std::filesystem::file_type::not_found) return Drawing();
+  // A pipe or a device would keep us waiting.
+  if (!std::filesystem::is_regular_file(status)) return Fault{"is no regular file", File().string()};
+  std::ifstream text(File(), std::ios::binary);
+  if (!text) return Fault{"cannot be read", File().string()};
+  return ReadDrawing(text, File().string());
+}
+
+Result<void> Board::Load() {
+  if (isLoaded_) return {};
+  auto read = ReadFile();
+  if (!read) return read.fault();
+  drawing_ = std::move(*read);
+  isLoaded_ = true;
+  return {};
+}
+
+Result<void> Board::Save() {
+  if (folder_.empty() || changes_.None()) return {};
+  const auto lock = vdm::FolderLock::Take(folder_);
+  if (!lock) return lock.fault();
+  auto kept = ReadFile();
+  if (!kept) return kept.fault();
+  Merge(drawing_, changes_, *kept);
+  auto replacement = vdm::FileReplacement::Begin(File());
+  if (!replacement) return replacement.fault();
+  if (const auto done = replacement->Write(DrawingText(*kept)); !done) return done;
+  if (const auto done = replacement->Commit(); !done) return done;
+  drawing_ = std::move(*kept);
+  drawing_.layers.try_emplace(layer_);
+  changes_ = Changes();
+  return {};
+}
+
+Result<void> Board::SelectLayer(const std::string& name) {
+  if (const auto fits = CheckName(name, "a layer"); !fits) return fits;
+  if (drawing_.layers.try_emplace(name).second) changes_.layers.insert(name);
+  layer_ = name;
+  layerNumbers_.NumberOf(name);
+  return {};
+}
+
+const Pen& Board::pen() const {
+  return drawing_.layers.at(layer_);
+}
+
+Result<void> Board::BeginLayer(const std::string& name, const Pen& pen) {
+  const std::string former = layer_;
+  if (const auto selected = SelectLayer(name); !selected) return selected;
+  formerLayer_ = former;
+  drawing_.layers[layer_] = pen;
+  changes_.layers.insert(layer_);
+  return {};
+}
+
+void Board::EndLayer() {
+  const auto former = std::exchange(formerLayer_, std::nullopt);
+  // It may have been deleted meanwhile.
+  if (former) layer_ = drawing_.layers.contains(*former) ? *former : kFirstLayer;
+}
+
+Result<void> Board::DeleteLayer(const std::string& name) {
+  if (name == kFirstLayer) return Fault{"the layer " + name + " is always there"};
+  RemoveLayer(drawing_, name, changes_);
+  if (layer_ == name) layer_ = kFirstLayer;
+  return {};
+}
+
+const LineKey* Board::FindDrawn(int number) const {
+  const LineKey* other = nullptr;
+  for (const auto& [key, line] : drawing_.lines) {
+    if (key.number != number) continue;
+    if (key.layer == layer_) return &key;
+    if (other == nullptr) other = &key;
+  }
+  return other;
+}
+
+const geometry::CLine* Board::FindLine(int number) const {
+  const auto line = workpieces.lines.find(number);
+  if (line != workpieces.lines.end()) return &line->second;
+  const LineKey* const drawn = FindDrawn(number);
+  return drawn == nullptr ? nullptr : &drawing_.lines.at(*drawn).line;
+}
+
+Result<void> Board::PutLine(int number, const geometry::CLine& line) {
+  if (const auto near = CheckReach(line.p); !near) return near;
+  if (window == Window::kConstruction) {
+    workpieces.lines.insert_or_assign(number, line);
+    return {};
+  }
+  const LineKey key{layer_, number};
+  drawing_.lines.insert_or_assign(key, DrawnLine{line, pen()});
+  changes_.lines.insert(key);
+  return {};
+}
+
+void Board::DeleteLines(int first, int last) {
+  const bool isOne = first == last;
+  if (isOne && workpieces.lines.erase(first) > 0) return;
+  const auto [from, to] = Between(workpieces.lines, first, last);
+  workpieces.lines.erase(from, to);
+  const LineKey* const one = isOne ? FindDrawn(first) : nullptr;
+  const std::string layer = one != nullptr ? one->layer : layer_;
+  const auto drawn =
+      std::pair(drawing_.lines.lower_bound({layer, first}), drawing_.lines.upper_bound({layer, last}));
+  for (auto line = drawn.first; line != drawn.second; ++line) changes_.lines.insert(line->first);
+  drawing_.lines.erase(drawn.first, drawn.second);
+}
+
+const geometry::Kurve* Board::FindContour(int number) const {
+  const auto contour = drawing_.contours.find(number);
+  return contour == drawing_.contours.end() ? nullptr : &contour->second.stroke.curve;
+}
+
+Result<void> Board::CheckRoom(const geometry::Kurve& curve) const {
+  if (const auto sound = CheckCurve(curve); !sound) return sound;
+  if (VerticesOf(drawing_) + static_cast<std::size_t>(curve.nVertices) <= contour::kMostVertices) return {};
+  return Fault{"the drawing is full: it has no room for more than " + std::to_string(contour::kMostVertices) +
+               " vertices"};
+}
+
+Result<void> Board::PutContour(int number, geometry::Kurve curve) {
+  if (const auto room = CheckRoom(curve); !room) return room;
+  drawing_.contours.insert_or_assign(number, Contour{{std::move(curve), layer_, pen()}, window});
+  changes_.contours.insert(number);
+  return {};
+}
+
+Result<void> Board::ReplaceContour(int number, geometry::Kurve curve) {
+  if (const auto sound = CheckCurve(curve); !sound) return sound;
+  drawing_.contours.at(number).stroke.curve = std::move(curve);
+  changes_.contours.insert(number);
+  return {};
+}
+
+void Board::DeleteContours(int first, int last) {
+  const auto [from, to] = Between(drawing_.contours, first, last);
+  for (auto contour = from; contour != to; ++contour) changes_.contours.insert(contour->first);
+  drawing_.contours.erase(from, to);
+}
+
+Result<void> Board::CreateFigure(const std::string& name) {
+  if (const auto fits = CheckName(name, "a figure"); !fits) return fits;
+  if (!drawing_.figures.try_emplace(name).second) return Fault{"there is a figure " + name + " already"};
+  changes_.figures.insert(name);
+  return {};
+}
+
+Result<void> Board::Append(const std::string& figure, Stroke stroke) {
+  if (const auto room = CheckRoom(stroke.curve); !room) return room;
+  drawing_.figures.at(figure).strokes.push_back(std::move(stroke));
+  changes_.figures.insert(figure);
+  return {};
+}
+
+Result<void> Board::Append(const std::string& figure, int contour) {
+  return Append(figure, drawing_.contours.at(contour).stroke);
+}
+
+Result<void> Board::Append(const std::string& figure, geometry::Kurve curve) {
+  return Append(figure, Stroke{std::move(curve), layer_, pen()});
+}
+
+Result<void> Board::Insert(const std::string& figure, const Placement& placement) {
+  if (const auto near = CheckReach({placement.x, placement.y}); !near) return near;
+  drawing_.figures.at(figure).insertions.push_back({window, placement});
+  changes_.figures.insert(figure);
+  return {};
+}
+
+void Board::DeleteFigure(const std::string& name) {
+  if (drawing_.figures.erase(name) > 0) changes_.figures.insert(name);
+}
+
+}  // namespace vanzet::drawing

@@ -1,0 +1,327 @@
+#include <algorithm>
+#include <cmath>
+
+#include "base/numbers.h"
+#include "contour/contour.h"
+#include "contour/lines.h"
+#include "drawing/drawing_text.h"
+
+namespace vanzet::drawing {
+namespace {
+
+using geometry::Point;
+
+/// The words of one line, taken one after the other. Faults lack the file and the line.
+class Words {
+ public:
+  explicit Words(std::string_view line) : rest_(line) {}
+
+  /// Up to the next blank.
+  std::string_view Word() {
+    const std::size_t end = std::min(rest_.find(' '), rest_.size());
+    const std::string_view word = rest_.substr(0, end);
+    rest_.remove_prefix(std::min(end + 1, rest_.size()));
+    return word;
+  }
+
+  Result<double> Number() { return Number(""); }
+
+  /// A number behind `mark`, which belongs to its word.
+  Result<double> Number(std::string_view mark) {
+    const std::string_view word = Word();
+    const auto number = word.starts_with(mark) ? WholeReal(word.substr(mark.size())) : std::nullopt;
+    const double largest = contour::kLargestCoordinate;
+    if (!number || !(std::fabs(*number) <= largest)) {
+      return Fault{"expected " + (mark.empty() ? "a number" : "'" + std::string(mark) + "' and a number") +
+                   " within 1e+07, found " + contour::Quoted(word)};
+    }
+    return *number;
+  }
+
+  Result<Point> Place() {
+    const auto x = Number("x");
+    if (!x) return x.fault();
+    const auto y = Number("y");
+    if (!y) return y.fault();
+    return Point(*x, *y);
+  }
+
+  Result<std::int32_t> Integer() {
+    const std::string_view word = Word();
+    if (const auto number = WholeInteger(word)) return *number;
+    return Fault{"expected an integer, found " + contour::Quoted(word)};
+  }
+
+  Result<Window> WindowName() {
+    const std::string_view word = Word();
+    if (word == "display") return Window::kDisplay;
+    if (word == "construction") return Window::kConstruction;
+    return Fault{"expected 'display' or 'construction', found " + contour::Quoted(word)};
+  }
+
+  Result<Pen> ReadPen() {
+    const std::string_view colour = Word(), style = Word();
+    const Pen pen{FindColour(colour), FindLineStyle(style)};
+    if (pen.colour == nullptr) {
+      return Fault{"expected " + ColourNames() + ", found " + contour::Quoted(colour)};
+    }
+    if (pen.style == nullptr) {
+      return Fault{"expected " + LineStyleNames() + ", found " + contour::Quoted(style)};
+    }
+    return pen;
+  }
+
+  /// All that is left, as a name.
+  Result<std::string> Name(std::string_view what) {
+    std::string name(std::exchange(rest_, {}));
+    if (const auto fits = CheckName(name, what); !fits) return fits.fault();
+    return name;
+  }
+
+  Result<void> End() const {
+    if (rest_.empty()) return {};
+    return Fault{"expected the end of the line, found " + contour::Quoted(rest_)};
+  }
+
+ private:
+  std::string_view rest_;
+};
+
+/// Reads one text, line by line. The faults of its parts lack the file and the line.
+class Reader {
+ public:
+  Reader(std::istream& text, const std::string& name) : lines_(text, name) {}
+
+  Result<Drawing> Read() {
+    if (const auto begun = Begin(); !begun) return begun.fault();
+    while (!isEnded_) {
+      const auto next = Next();
+      if (!next) return next.fault();
+      if (!*next) return lines_.At("is cut short: 'end' is expected");
+      if (const auto taken = TakePart(); !taken) return taken.fault();
+    }
+    if (const auto next = Next(); !next || *next) {
+      return next ? lines_.At("text stands behind the end") : next.fault();
+    }
+    if (drawing_.layers.contains(kFirstLayer)) return std::move(drawing_);
+    return lines_.At("the layer " + std::string(kFirstLayer) + " is missing");
+  }
+
+ private:
+  struct Part {
+    std::string_view word;
+    Result<void> (Reader::*take)(Words& words);
+  };
+  static const Part kParts[];
+
+  Result<void> Begin() {
+    drawing_.layers.clear();
+    const auto next = Next();
+    if (!next) return next.fault();
+    if (*next && line_ == "drawing 1") return {};
+    if (*next && line_.starts_with("drawing ")) {
+      return lines_.At("belongs to another version: 'drawing 1' is expected");
+    }
+    return lines_.At("is no drawing: 'drawing 1' is expected");
+  }
+
+  Result<bool> Next() { return lines_.Next(line_); }
+
+  /// Takes the part that begins on this line, and adds file and line to its fault.
+  Result<void> TakePart() {
+    Words words(line_);
+    const std::string_view word = words.Word();
+    const Part* part = kParts;
+    while (!part->word.empty() && part->word != word) ++part;
+    if (part->word.empty()) {
+      return lines_.At("expected a layer, figure, stroke, insert, contour, line or 'end', found " +
+                       contour::Quoted(line_));
+    }
+    const auto taken = (this->*part->take)(words);
+    ++parts_;
+    if (taken || !taken.fault().file.empty()) return taken;
+    return lines_.At(taken.fault().text);
+  }
+
+  Result<void> TakeLayer(Words& words) {
+    const auto pen = words.ReadPen();
+    if (!pen) return pen.fault();
+    const auto name = words.Name("a layer");
+    if (!name) return name.fault();
+    if (drawing_.layers.emplace(*name, *pen).second) return {};
+    return Fault{"there are two layers " + contour::Quoted(*name)};
+  }
+
+  Result<void> TakeFigure(Words& words) {
+    const auto name = words.Name("a figure");
+    if (!name) return name.fault();
+    const auto [place, isNew] = drawing_.figures.try_emplace(*name);
+    figure_ = &place->second;
+    if (isNew) return {};
+    return Fault{"there are two figures " + contour::Quoted(*name)};
+  }
+
+  Result<void> TakeStroke(Words& words) {
+    if (figure_ == nullptr) return Fault{"a stroke stands before the first figure"};
+    auto stroke = ReadStroke(words);
+    if (!stroke) return stroke.fault();
+    figure_->strokes.push_back(std::move(*stroke));
+    return {};
+  }
+
+  Result<void> TakeInsertion(Words& words) {
+    if (figure_ == nullptr) return Fault{"an insert stands before the first figure"};
+    const auto window = words.WindowName();
+    if (!window) return window.fault();
+    Placement placement;
+    for (double* number :
+         {&placement.xx, &placement.xy, &placement.yx, &placement.yy, &placement.x, &placement.y}) {
+      const auto read = words.Number();
+      if (!read) return read.fault();
+      *number = *read;
+    }
+    if (!KeepsLengths(placement)) return Fault{"the placement does not keep lengths"};
+    figure_->insertions.push_back({*window, placement});
+    return words.End();
+  }
+
+  Result<void> TakeContour(Words& words) {
+    const auto number = words.Integer();
+    if (!number) return number.fault();
+    const auto window = words.WindowName();
+    if (!window) return window.fault();
+    auto stroke = ReadStroke(words);
+    if (!stroke) return stroke.fault();
+    if (drawing_.contours.emplace(*number, Contour{std::move(*stroke), *window}).second) return {};
+    return Fault{"there are two contours " + std::to_string(*number)};
+  }
+
+  Result<void> TakeLine(Words& words) {
+    const auto number = words.Integer();
+    if (!number) return number.fault();
+    double place[4];
+    for (double& coordinate : place) {
+      const auto read = words.Number();
+      if (!read) return read.fault();
+      coordinate = *read;
+    }
+    geometry::CLine line(Point(place[0], place[1]), place[2], place[3], false);
+    line.ok = true;
+    constexpr double kSameLength = 1e-9;
+    if (std::fabs(line.v.Magnitude() - 1) > kSameLength) return Fault{"the direction's length is not 1"};
+    const auto pen = words.ReadPen();
+    if (!pen) return pen.fault();
+    const auto layer = Layer(words);
+    if (!layer) return layer.fault();
+    if (drawing_.lines.emplace(LineKey{*layer, *number}, DrawnLine{line, *pen}).second) return {};
+    return Fault{"there are two lines " + std::to_string(*number) + " in the layer " +
+                 contour::Quoted(*layer)};
+  }
+
+  Result<void> TakeEnd(Words& words) {
+    isEnded_ = true;
+    const auto count = words.Integer();
+    if (!count) return count.fault();
+    if (*count != static_cast<std::int64_t>(parts_)) {
+      return Fault{"'end " + std::to_string(parts_) + "' is expected: so many parts were read"};
+    }
+    return words.End();
+  }
+
+  Result<std::string> Layer(Words& words) const {
+    auto layer = words.Name("a layer");
+    if (layer && !drawing_.layers.contains(*layer)) {
+      return Fault{"there is no layer " + contour::Quoted(*layer)};
+    }
+    return layer;
+  }
+
+  /// The pen, the layer, and on the next lines the vertices.
+  Result<Stroke> ReadStroke(Words& words) {
+    const auto pen = words.ReadPen();
+    if (!pen) return pen.fault();
+    const auto layer = Layer(words);
+    if (!layer) return layer.fault();
+    Stroke stroke{{}, *layer, *pen};
+    for (;;) {
+      const auto next = Next();
+      if (!next) return next.fault();
+      if (!*next) return Fault{"is cut short: 'ek' is expected"};
+      if (line_ == "ek") break;
+      if (const auto taken = TakeVertex(stroke.curve); !taken) return taken.fault();
+    }
+    if (const auto sound = CheckCurve(stroke.curve); !sound) return sound.fault();
+    return stroke;
+  }
+
+  Result<void> TakeVertex(geometry::Kurve& curve) {
+    if (++vertices_ > contour::kMostVertices) {
+      return Fault{"there are more than " + std::to_string(contour::kMostVertices) + " vertices"};
+    }
+    std::string_view line = line_;
+    geometry::spVertex vertex;
+    if (line.starts_with('a')) vertex.type = geometry::ACW;
+    if (line.starts_with('t')) vertex.type = geometry::CW;
+    if (vertex.type != geometry::LINEAR) line.remove_prefix(1);
+    Words words(line);
+    const auto place = words.Place();
+    if (!place) return place.fault();
+    vertex.p = *place;
+    if (vertex.type != geometry::LINEAR) {
+      const auto centre = words.Place();
+      if (!centre) return centre.fault();
+      vertex.pc = *centre;
+    }
+    if (const auto end = words.End(); !end) return end;
+    return Append(vertex, curve);
+  }
+
+  static Result<void> Append(const geometry::spVertex& vertex, geometry::Kurve& curve) {
+    if (!curve.started && vertex.type != geometry::LINEAR) {
+      return Fault{"the first vertex of a contour is no arc"};
+    }
+    if (curve.Add(vertex, false)) return {};
+    return Fault{"the vertex is where the one before it is"};
+  }
+
+  contour::LineReader lines_;
+  std::string line_;
+  Drawing drawing_;
+  Figure* figure_ = nullptr;  ///< that strokes and inserts belong to
+  std::size_t parts_ = 0;
+  std::size_t vertices_ = 0;
+  bool isEnded_ = false;
+};
+
+// clang-format off
+const Reader::Part Reader::kParts[] = {
+    { "layer",   &Reader::TakeLayer },
+    { "figure",  &Reader::TakeFigure },
+    { "stroke",  &Reader::TakeStroke },
+    { "insert",  &Reader::TakeInsertion },
+    { "contour", &Reader::TakeContour },
+    { "line",    &Reader::TakeLine },
+    { "end",     &Reader::TakeEnd },
+    { "",        nullptr },
+};
+// clang-format on
+
+}  // namespace
+
+Result<void> CheckName(std::string_view name, std::string_view what) {
+  const auto isControl = [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
+  };
+  const bool fits = !name.empty() && name.size() <= kLongestName && name.front() != ' ' &&
+                    name.back() != ' ' && std::ranges::none_of(name, isControl);
+  if (fits) return {};
+  return Fault{std::string(what) + " cannot be called " + contour::Quoted(name) +
+               ": a name has 1 to 255 bytes, no control character, and no blank at its ends"};
+}
+
+Result<Drawing> ReadDrawing(std::istream& text, const std::string& name) {
+  return Reader(text, name).Read();
+}
+
+}  // namespace vanzet::drawing

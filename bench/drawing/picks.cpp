@@ -1,0 +1,117 @@
+#include "drawing/picks.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "base/numbers.h"
+#include "base/path_map.h"
+#include "contour/contour.h"
+#include "contour/lines.h"
+
+namespace vanzet::drawing {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+struct Row {
+  std::string_view word;
+  Pick::Kind kind;
+};
+constexpr Row kRows[] = {
+    {"position", Pick::Kind::kPosition},
+    {"figure", Pick::Kind::kFigure},
+    {"object", Pick::Kind::kObject},
+    {"cancel", Pick::Kind::kCancel},
+};
+
+std::string_view WordOf(Pick::Kind kind) {
+  for (const Row& row : kRows) {
+    if (row.kind == kind) return row.word;
+  }
+  return "";
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// Cuts the first word off.
+std::string_view TakeWord(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find_first_of(kBlanks), rest.size());
+  const std::string_view word = rest.substr(0, end);
+  rest = WithoutBlanks(rest.substr(end));
+  return word;
+}
+
+bool ReadPosition(std::string_view rest, geometry::Point& position) {
+  const auto x = WholeReal(TakeWord(rest)), y = WholeReal(rest);
+  const auto isNear = [](double v) {
+    return v >= -contour::kLargestCoordinate && v <= contour::kLargestCoordinate;
+  };
+  if (!x || !y || !isNear(*x) || !isNear(*y)) return false;
+  position = {*x, *y};
+  return true;
+}
+
+/// The fault lacks the file and the line.
+Result<Pick> ReadPick(std::string_view text) {
+  std::string_view rest = text;
+  const std::string_view word = TakeWord(rest);
+  for (const Row& row : kRows) {
+    if (row.word != word) continue;
+    Pick pick{row.kind};
+    if (row.kind == Pick::Kind::kPosition) {
+      if (ReadPosition(rest, pick.position)) return pick;
+      return Fault{"expected 'position X Y' with numbers within 1e+07, found " + contour::Quoted(text)};
+    }
+    if (rest.empty() == (row.kind == Pick::Kind::kCancel)) {
+      pick.name = rest;
+      return pick;
+    }
+    return Fault{rest.empty() ? "expected a name behind '" + std::string(word) + "'"
+                              : "expected nothing behind 'cancel', found " + contour::Quoted(rest)};
+  }
+  return Fault{"expected 'position X Y', 'figure NAME', 'object NAME' or 'cancel', found " +
+               contour::Quoted(text)};
+}
+
+}  // namespace
+
+Result<Picks> Picks::Read(std::istream& text, const std::string& name) {
+  Picks picks;
+  picks.name_ = name;
+  contour::LineReader lines(text, name);
+  for (std::string line;;) {
+    const auto next = lines.Next(line);
+    if (!next) return next.fault();
+    if (!*next) return picks;
+    const std::string_view words = WithoutBlanks(line);
+    if (words.empty() || words.starts_with('#')) continue;
+    auto pick = ReadPick(words);
+    if (!pick) return lines.At(pick.fault().text);
+    pick->line = lines.LineNumber();
+    picks.picks_.push_back(std::move(*pick));
+  }
+}
+
+Result<Picks> Picks::ReadFile(const std::string& file) {
+  const std::filesystem::path path = PathMap::OfProcess().Resolve(file);
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) return Fault{"is a folder", file};
+  std::ifstream text(path, std::ios::binary);
+  if (!text) return Fault{"cannot be read", file};
+  return Read(text, file);
+}
+
+Result<Pick> Picks::Next(Pick::Kind asked) {
+  if (picks_.empty()) return Pick{};
+  Pick pick = std::move(picks_.front());
+  picks_.pop_front();
+  if (pick.kind == asked || pick.kind == Pick::Kind::kCancel) return pick;
+  return At(pick,
+            "a " + std::string(WordOf(asked)) + " was asked for, not a " + std::string(WordOf(pick.kind)));
+}
+
+}  // namespace vanzet::drawing

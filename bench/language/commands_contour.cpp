@@ -1,0 +1,104 @@
+#include "drawing/outline.h"
+#include "language/commands.h"
+#include "language/entities.h"
+
+/// Contours: k30000 p100 as103 ts102 ch5 ac100 p101 ek, k30010 e X5 Y0 X-5 Y0 ek.
+namespace vanzet::language {
+namespace {
+
+using drawing::Element;
+using geometry::Kurve;
+
+constexpr const char* kElements = "an element like p1, as1, ts1, ac1, tc1, ch5, or 'ek'";
+
+Result<Element> ReadPoint(CommandLine& line, Surroundings& surroundings) {
+  Element element{.kind = Element::Kind::kPoint};
+  const auto entity = line.EntityOf('p', kElements);
+  if (!entity) return entity.fault();
+  const auto point = PointOf(*entity, line, surroundings);
+  if (!point) return point.fault();
+  element.point = *point;
+  element.name = entity->Name();
+  return element;
+}
+
+Result<Element> ReadChamfer(CommandLine& line) {
+  const int column = line.column();
+  const auto length = line.Number("the length of the chamfer");
+  if (!length) return length.fault();
+  return Element{.kind = Element::Kind::kChamfer, .length = *length, .name = "a chamfer", .column = column};
+}
+
+/// A line or a circle behind its prefix. Lines do not mind which it is.
+Result<Element> ReadCarrier(int direction, CommandLine& line, Surroundings& surroundings) {
+  const auto entity = line.TakeEntity("sc");
+  if (!entity) return line.Expected("a line or a circle behind 'a' or 't'");
+  Element element{.kind = Element::Kind::kLine, .direction = direction, .name = entity->Name()};
+  if (entity->letter == 's') {
+    const auto found = LineOf(*entity, line, surroundings);
+    if (!found) return found.fault();
+    element.line = *found;
+    return element;
+  }
+  const auto found = CircleOf(*entity, line, surroundings);
+  if (!found) return found.fault();
+  element.kind = Element::Kind::kCircle;
+  element.circle = *found;
+  return element;
+}
+
+Result<Element> ReadElement(CommandLine& line, Surroundings& surroundings) {
+  if (line.TakeMark("ch")) return ReadChamfer(line);
+  const int column = (line.Peek(), line.column());
+  const bool isAnticlockwise = line.TakeMark("a");
+  const bool isCarrier = isAnticlockwise || line.TakeMark("t");
+  auto element = isCarrier ? ReadCarrier(isAnticlockwise ? geometry::ACW : geometry::CW, line, surroundings)
+                           : ReadPoint(line, surroundings);
+  if (element) element->column = column;
+  return element;
+}
+
+Result<Kurve> ReadOutline(CommandLine& line, Surroundings& surroundings) {
+  std::vector<Element> elements;
+  while (!line.Take("ek")) {
+    auto element = ReadElement(line, surroundings);
+    if (!element) return element.fault();
+    if (const auto end = line.WordEnd(); !end) return end.fault();
+    elements.push_back(std::move(*element));
+  }
+  return drawing::OutlineOf(elements);
+}
+
+Result<Kurve> ReadExplicit(CommandLine& line) {
+  std::vector<geometry::Point> corners;
+  while (!line.Take("ek")) {
+    if (line.Peek() != 'X') return line.Expected("'X' and a number, or 'ek'");
+    const auto corner = ReadCoordinates(line);
+    if (!corner) return corner.fault();
+    corners.push_back(*corner);
+  }
+  return drawing::ClosedThrough(corners);
+}
+
+}  // namespace
+
+Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
+  if (const auto end = line.WordEnd(); !end) return end;
+  auto curve = line.Take("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
+  if (!curve) return Placed(line, curve.fault());
+  if (const auto end = line.End(); !end) return end;
+  return Placed(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
+}
+
+Result<void> CopyContour(const Operands& operands, Surroundings& surroundings) {
+  const Operand &contour = operands[0], &transform = operands[1];
+  const Kurve* const curve = surroundings.board.FindContour(contour.number);
+  if (curve == nullptr) return contour.At("there is no " + contour.Name());
+  const auto placement = PlacementOf(transform, surroundings);
+  if (!placement) return placement.fault();
+  const auto replaced =
+      surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, *placement));
+  return replaced ? replaced : contour.At(replaced.fault());
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,58 @@
+#include "language/commands.h"
+
+/// Figures and layers: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch 'L', lay del
+/// L.
+namespace vanzet::language {
+namespace {
+
+Result<void> CheckFigure(const Operand& operand, const Surroundings& surroundings) {
+  if (surroundings.board.drawing().HasFigure(operand.text)) return {};
+  return operand.At("there is no figure '" + operand.text + "'");
+}
+
+/// The same fault at the operand that it is about.
+Result<void> Told(const Operand& operand, const Result<void>& done) {
+  return done ? done : operand.At(done.fault());
+}
+
+}  // namespace
+
+Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) {
+  // All figures have the drawing's own axes, in whatever order these are told.
+  const std::string& axes = operands[1].text;
+  if (axes != "z0x0y0" && axes != "x0y0z0") {
+    return operands[1].At("expected the axes z0x0y0 or x0y0z0, found '" + axes + "'");
+  }
+  return Told(operands[0], surroundings.board.CreateFigure(operands[0].text));
+}
+
+Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) {
+  const Operand &figure = operands[0], &contour = operands[1];
+  if (const auto there = CheckFigure(figure, surroundings); !there) return there;
+  if (surroundings.board.FindContour(contour.number) == nullptr) {
+    return contour.At("there is no " + contour.Name());
+  }
+  return Told(contour, surroundings.board.Append(figure.text, contour.number));
+}
+
+Result<void> FigureInsert(const Operands& operands, Surroundings& surroundings) {
+  if (const auto there = CheckFigure(operands[0], surroundings); !there) return there;
+  const auto placement = PlacementOf(operands[1], surroundings);
+  if (!placement) return placement.fault();
+  return Told(operands[1], surroundings.board.Insert(operands[0].text, *placement));
+}
+
+Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) {
+  surroundings.board.DeleteFigure(operands[0].text);
+  return {};
+}
+
+Result<void> LayerChange(const Operands& operands, Surroundings& surroundings) {
+  return Told(operands[0], surroundings.board.SelectLayer(operands[0].text));
+}
+
+Result<void> LayerDelete(const Operands& operands, Surroundings& surroundings) {
+  return Told(operands[0], surroundings.board.DeleteLayer(operands[0].text));
+}
+
+}  // namespace vanzet::language

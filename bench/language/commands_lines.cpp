@@ -1,0 +1,80 @@
+#include "language/commands.h"
+#include "language/entities.h"
+
+/// Lines: s100=h 0, s101=v 5, s102=5 ls100, s103=b45 p100, s104=p100 p101.
+namespace vanzet::language {
+namespace {
+
+using geometry::CLine;
+using geometry::Point;
+
+Result<CLine> Directed(const Point& through, double degrees) {
+  CLine line(through, drawing::DirectionOf(degrees), false);
+  line.ok = true;
+  return line;
+}
+
+Result<CLine> ReadHorizontal(CommandLine& line, Surroundings&) {
+  const auto height = line.WholeNumber("the height of the line");
+  if (!height) return height.fault();
+  return Directed({0, *height}, 0);
+}
+
+Result<CLine> ReadVertical(CommandLine& line, Surroundings&) {
+  const auto abscissa = line.WholeNumber("the abscissa of the line");
+  if (!abscissa) return abscissa.fault();
+  return Directed({*abscissa, 0}, 90);
+}
+
+Result<CLine> ReadAtAngle(CommandLine& line, Surroundings& surroundings) {
+  const auto angle = line.WholeNumber("the angle of the line");
+  if (!angle) return angle.fault();
+  const auto through = PointOf(line, surroundings);
+  if (!through) return through.fault();
+  return Directed(*through, *angle);
+}
+
+Result<CLine> ReadThroughPoints(CommandLine& line, Surroundings& surroundings) {
+  const auto a = PointOf(line, surroundings);
+  if (!a) return a.fault();
+  const auto b = PointOf(line, surroundings);
+  if (!b) return b.fault();
+  const CLine through(*a, *b);
+  if (!through.ok) return line.FaultHere("the two points are one");
+  return through;
+}
+
+Result<CLine> ReadParallel(CommandLine& line, Surroundings& surroundings) {
+  constexpr const char* kExpected = "'l' or 'r' and a line behind the distance";
+  const auto distance = line.Number("h, v, b, two points, or a distance and a line");
+  if (!distance) return distance.fault();
+  const bool isLeft = line.TakeMark("l");
+  if (!isLeft && !line.TakeMark("r")) return line.Expected(kExpected);
+  const auto other = LineOf(line, surroundings);
+  if (!other) return other.fault();
+  return other->Parallel(isLeft ? *distance : -*distance);
+}
+
+struct Form {
+  std::string_view mark;  ///< that it begins with
+  Result<CLine> (*read)(CommandLine& line, Surroundings& surroundings);
+};
+constexpr Form kForms[] = {{"h", ReadHorizontal}, {"v", ReadVertical}, {"b", ReadAtAngle}};
+
+Result<CLine> ReadLine(CommandLine& line, Surroundings& surroundings) {
+  for (const Form& form : kForms) {
+    if (line.TakeMark(form.mark)) return form.read(line, surroundings);
+  }
+  return line.Peek() == 'p' ? ReadThroughPoints(line, surroundings) : ReadParallel(line, surroundings);
+}
+
+}  // namespace
+
+Result<void> DefineLine(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
+  const auto defined = ReadLine(line, surroundings);
+  if (!defined) return defined.fault();
+  if (const auto end = line.End(); !end) return end;
+  return Placed(line, surroundings.board.PutLine(entity.number, *defined));
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,80 @@
+#include <algorithm>
+
+#include "language/commands.h"
+
+/// Picking: dfm pick, dfm inf, dfm umark, and the macro vbpickel.
+namespace vanzet::language {
+namespace {
+
+using drawing::Pick;
+
+// Events that a pick ends with.
+constexpr std::int32_t kCancelled = 27;
+constexpr std::int32_t kObjectPicked = 151;
+constexpr std::int32_t kPositionPicked = 1;
+
+/// Gives every figure its number: those of the drawing, then those of the files, each in the order of bytes.
+void NumberFigures(Surroundings& surroundings) {
+  drawing::NameNumbers& objects = surroundings.board.objects;
+  for (const auto& [name, figure] : surroundings.board.drawing().figures) objects.NumberOf(name);
+  for (const std::string& name : surroundings.workplace.FigureFiles()) objects.NumberOf(name);
+}
+
+bool IsFigure(const std::string& name, Surroundings& surroundings) {
+  if (surroundings.board.drawing().HasFigure(name)) return true;
+  const std::vector<std::string> files = surroundings.workplace.FigureFiles();
+  return std::ranges::find(files, name) != files.end();
+}
+
+/// The number of the figure that is picked next, or nothing when the pick is cancelled.
+Result<std::optional<std::int32_t>> PickFigure(Surroundings& surroundings) {
+  if (const auto loaded = surroundings.board.Load(); !loaded) return loaded.fault();
+  const auto pick = surroundings.picks.Next(Pick::Kind::kFigure);
+  if (!pick) return pick.fault();
+  if (pick->kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
+  if (!IsFigure(pick->name, surroundings)) {
+    return surroundings.picks.At(*pick, "there is no figure '" + pick->name + "'");
+  }
+  NumberFigures(surroundings);
+  return std::optional(surroundings.board.objects.NumberOf(pick->name));
+}
+
+}  // namespace
+
+Result<void> PickObject(const Operands& operands, Surroundings& surroundings) {
+  const auto picked = PickFigure(surroundings);
+  // A pick that fails is a cancelled one: whoever reads another event would ask for ever.
+  const auto object = picked ? *picked : std::nullopt;
+  const std::pair<const Operand&, std::int32_t> results[] = {
+      {operands[0], object ? kObjectPicked : kCancelled}, {operands[1], object.value_or(0)}};
+  for (const auto& [variable, value] : results) {
+    if (const auto set = surroundings.variables.Set(variable.text, value); !set)
+      return variable.At(set.fault());
+  }
+  return picked ? Result<void>() : picked.fault();
+}
+
+Result<void> ObjectInformation(const Operands& operands, Surroundings& surroundings) {
+  const auto name = surroundings.board.objects.NameOf(operands[0].number);
+  if (name) return surroundings.variables.Set("$_misc", *name);
+  return operands[0].At("there is no object " + std::to_string(operands[0].number));
+}
+
+Result<void> ClearMarks(const Operands&, Surroundings&) {
+  // Picks from a file mark nothing.
+  return {};
+}
+
+Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings) {
+  project::Variables& variables = surroundings.variables;
+  if (!arguments.Take("POS")) return arguments.Expected("'POS'");
+  if (const auto end = arguments.End(); !end) return end;
+  const auto pick = surroundings.picks.Next(Pick::Kind::kPosition);
+  const bool isPicked = pick && pick->kind == Pick::Kind::kPosition;
+  if (const auto set = variables.Set("i_return", isPicked ? kPositionPicked : kCancelled); !set) return set;
+  if (!isPicked) return pick ? Result<void>() : pick.fault();
+  if (const auto set = variables.Set("w_return", pick->position.x); !set) return set;
+  return variables.Set("w_return2", pick->position.y);
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,56 @@
+#include "geometry/intersect.h"
+#include "language/commands.h"
+#include "language/entities.h"
+
+/// Points and circles: p100=s100 s101, p101=X2 Y0, c100=p100 2.
+namespace vanzet::language {
+namespace {
+
+using geometry::Point;
+
+Result<Point> ReadCrossing(CommandLine& line, Surroundings& surroundings) {
+  const auto a = LineOf(line, surroundings);
+  if (!a) return a.fault();
+  const auto b = LineOf(line, surroundings);
+  if (!b) return b.fault();
+  const Point crossing = geometry::Intof(*a, *b);
+  if (!crossing.ok) return line.FaultHere("the two lines do not meet: they are parallel");
+  return crossing;
+}
+
+}  // namespace
+
+Result<Point> ReadCoordinates(CommandLine& line) {
+  if (!line.TakeMark("X")) return line.Expected("'X' and a number");
+  const auto x = line.WholeNumber("a number behind 'X'");
+  if (!x) return x.fault();
+  if (!line.TakeMark("Y")) return line.Expected("'Y' and a number");
+  const auto y = line.WholeNumber("a number behind 'Y'");
+  if (!y) return y.fault();
+  return Point(*x, *y);
+}
+
+Result<void> DefinePoint(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
+  if (line.Peek() != 's' && line.Peek() != 'X') return line.Expected("two lines, or 'X' and a number");
+  const auto point = line.Peek() == 's' ? ReadCrossing(line, surroundings) : ReadCoordinates(line);
+  if (!point) return point.fault();
+  if (const auto end = line.End(); !end) return end;
+  if (const auto near = drawing::CheckReach(*point); !near) return Placed(line, near);
+  surroundings.board.workpieces.points.insert_or_assign(entity.number, *point);
+  return {};
+}
+
+Result<void> DefineCircle(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
+  const auto centre = PointOf(line, surroundings);
+  if (!centre) return centre.fault();
+  const auto radius = line.WholeNumber("the radius");
+  if (!radius) return radius.fault();
+  const geometry::Circle circle(*centre, *radius);
+  if (!circle.ValidRadius()) return line.FaultHere("the radius is not above 0");
+  if (const auto near = drawing::CheckReach({*radius, 0}); !near) return line.FaultHere(near.fault().text);
+  if (const auto end = line.End(); !end) return end;
+  surroundings.board.workpieces.circles.insert_or_assign(entity.number, circle);
+  return {};
+}
+
+}  // namespace vanzet::language

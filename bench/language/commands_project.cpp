@@ -1,0 +1,33 @@
+#include "language/commands.h"
+
+/// The project's environment and settings: env 'KEY' $_x, file e '' $_project 'KEY' $_x,
+/// file a '' $_project 'KEY' 'value'.
+namespace vanzet::language {
+namespace {
+
+/// The operands of both `file` commands begin alike: '' $_project 'KEY'.
+Result<void> CheckProject(const Operands& operands) {
+  if (operands[0].text.empty()) return {};
+  return operands[0].At("expected an empty text: there is no file but the project's own");
+}
+
+}  // namespace
+
+Result<void> ReadEnvironment(const Operands& operands, Surroundings& surroundings) {
+  return surroundings.variables.Set(operands[1].text, surroundings.workplace.Environment(operands[0].text));
+}
+
+Result<void> FileRead(const Operands& operands, Surroundings& surroundings) {
+  if (const auto own = CheckProject(operands); !own) return own;
+  const auto value = surroundings.workplace.Setting(operands[2].text);
+  if (!value) return value.fault();
+  return surroundings.variables.Set(operands[3].text, *value);
+}
+
+Result<void> FileStore(const Operands& operands, Surroundings& surroundings) {
+  if (const auto own = CheckProject(operands); !own) return own;
+  const auto set = surroundings.workplace.SetSetting(operands[2].text, operands[3].text);
+  return set ? set : operands[2].At(set.fault());
+}
+
+}  // namespace vanzet::language

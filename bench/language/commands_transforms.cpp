@@ -1,0 +1,108 @@
+#include "language/commands.h"
+
+/// Deleting, and transforms: del s100>103 p100, set m1, rot m1 x180, tra m1 x5.
+namespace vanzet::language {
+namespace {
+
+using drawing::Board;
+
+/// What `del` knows of the entities of one letter.
+struct Deletion {
+  char letter;
+  bool (*isThere)(const Board& board, int number);
+  void (*remove)(Board& board, int first, int last);
+};
+
+template <auto Entities>
+bool IsThere(const Board& board, int number) {
+  return (board.workpieces.*Entities).contains(number);
+}
+
+template <auto Entities>
+void Remove(Board& board, int first, int last) {
+  auto& entities = board.workpieces.*Entities;
+  entities.erase(entities.lower_bound(first), entities.upper_bound(last));
+}
+
+bool IsContourThere(const Board& board, int number) {
+  return board.FindContour(number) != nullptr;
+}
+
+bool IsLineThere(const Board& board, int number) {
+  return board.FindLine(number) != nullptr;
+}
+
+using drawing::Workpieces;
+// clang-format off
+constexpr Deletion kDeletions[] = {
+    { 'c', IsThere<&Workpieces::circles>,    Remove<&Workpieces::circles>    },
+    { 'k', IsContourThere, [](Board& board, int first, int last) { board.DeleteContours(first, last); } },
+    { 'm', IsThere<&Workpieces::transforms>, Remove<&Workpieces::transforms> },
+    { 'p', IsThere<&Workpieces::points>,     Remove<&Workpieces::points>     },
+    { 's', IsLineThere,    [](Board& board, int first, int last) { board.DeleteLines(first, last); } },
+};
+// clang-format on
+
+const Deletion& DeletionOf(char letter) {
+  const Deletion* row = kDeletions;
+  while (row->letter != letter) ++row;
+  return *row;
+}
+
+/// As the geometry numbers them, from 1.
+int AxisOf(const Operand& operand) {
+  return operand.letter - 'x' + 1;
+}
+
+Result<geometry::Matrix*> FindTransform(const Operand& operand, Surroundings& surroundings) {
+  auto& transforms = surroundings.board.workpieces.transforms;
+  const auto transform = transforms.find(operand.number);
+  if (transform == transforms.end()) return operand.At("there is no " + operand.Name());
+  return &transform->second;
+}
+
+}  // namespace
+
+Result<void> DeleteEntities(const Operands& operands, Surroundings& surroundings) {
+  for (const Operand& operand : operands) {
+    // What is missing in a range is no fault; what is named alone has to be there.
+    const bool isRange = operand.last != operand.number;
+    if (isRange || DeletionOf(operand.letter).isThere(surroundings.board, operand.number)) continue;
+    return operand.At("there is no " + operand.Name());
+  }
+  for (const Operand& operand : operands) {
+    DeletionOf(operand.letter).remove(surroundings.board, operand.number, operand.last);
+  }
+  return {};
+}
+
+Result<void> SetTransform(const Operands& operands, Surroundings& surroundings) {
+  surroundings.board.workpieces.transforms.insert_or_assign(operands[0].number, geometry::Matrix());
+  return {};
+}
+
+Result<void> RotateTransform(const Operands& operands, Surroundings& surroundings) {
+  const auto transform = FindTransform(operands[0], surroundings);
+  if (!transform) return transform.fault();
+  drawing::TurnExactly(**transform, operands[1].real, AxisOf(operands[1]));
+  return {};
+}
+
+Result<void> TranslateTransform(const Operands& operands, Surroundings& surroundings) {
+  const auto transform = FindTransform(operands[0], surroundings);
+  if (!transform) return transform.fault();
+  double move[3] = {0, 0, 0};
+  move[AxisOf(operands[1]) - 1] = operands[1].real;
+  (*transform)->Translate(move[0], move[1], move[2]);
+  return {};
+}
+
+Result<drawing::Placement> PlacementOf(const Operand& operand, Surroundings& surroundings) {
+  const auto transform = FindTransform(operand, surroundings);
+  if (!transform) return transform.fault();
+  const auto placement = drawing::PlacementOf(**transform);
+  if (placement) return *placement;
+  return operand.At(operand.Name() + " tilts the plane of the drawing");
+}
+
+}  // namespace vanzet::language

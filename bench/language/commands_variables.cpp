@@ -1,0 +1,50 @@
+#include "language/commands.h"
+
+/// Assignments: i1215=5, w_x=2.5, $_return=$_misc, $_x='a text'.
+namespace vanzet::language {
+namespace {
+
+Result<void> AssignInteger(const std::string& variable, CommandLine& line, project::Variables& variables) {
+  const auto value = line.Integer("an integer", variables);
+  if (!value) return value.fault();
+  if (const auto end = line.End(); !end) return end;
+  return variables.Set(variable, *value);
+}
+
+Result<void> AssignReal(const std::string& variable, CommandLine& line, project::Variables& variables) {
+  CommandLine word = line;
+  const auto name = word.Word("a number or a real variable");
+  if (!name) return name.fault();
+  const auto known = variables.Real(*name);
+  const auto value = known ? Result<double>(*known) : line.Number("a number or a real variable");
+  if (!value) return value.fault();
+  if (known) line = word;
+  if (const auto end = line.End(); !end) return end;
+  return variables.Set(variable, *value);
+}
+
+Result<void> AssignText(const std::string& variable, CommandLine& line, project::Variables& variables) {
+  const bool isQuoted = line.Peek() == '\'';
+  const auto text = isQuoted ? line.LongestQuotedText("a text") : std::string(line.Rest());
+  if (!text) return text.fault();
+  const auto value = isQuoted ? std::optional(*text) : variables.Text(*text);
+  if (!value) return line.Expected("a text in single quotes or a text variable that has a value");
+  if (const auto end = line.End(); !end) return end;
+  return variables.Set(variable, *value);
+}
+
+}  // namespace
+
+Result<void> Assign(const std::string& variable, CommandLine& line, Surroundings& surroundings) {
+  // A name of one letter is told by the variables themselves, as one of no type is.
+  switch (variable.front()) {
+    case 'i': return AssignInteger(variable, line, surroundings.variables);
+    case 'w': return AssignReal(variable, line, surroundings.variables);
+    case '$': return AssignText(variable, line, surroundings.variables);
+    default: break;
+  }
+  return Fault{"expected a command or a variable that begins with i, w or $, found '" + variable + "'", "", 0,
+               line.firstColumn()};
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,60 @@
+#include "language/entities.h"
+
+namespace vanzet::language {
+namespace {
+
+Fault Missing(const Entity& entity, const CommandLine& line) {
+  return line.FaultHere("there is no " + entity.Name());
+}
+
+template <class Value>
+Result<Value> Find(const std::map<int, Value>& values, const Entity& entity, const CommandLine& line) {
+  const auto value = values.find(entity.number);
+  if (value == values.end()) return Missing(entity, line);
+  return value->second;
+}
+
+/// Reads the name of an entity of that letter and finds it by `find`, before the walk goes on.
+template <class Found, class Find>
+Result<Found> ReadAndFind(char letter, std::string_view meaning, CommandLine& line, Find find) {
+  const auto entity = line.EntityOf(letter, meaning);
+  if (!entity) return entity.fault();
+  const Result<Found> found = find(*entity);
+  if (!found) return found;
+  if (const auto end = line.WordEnd(); !end) return end.fault();
+  return found;
+}
+
+}  // namespace
+
+Result<geometry::CLine> LineOf(const Entity& entity, const CommandLine& line, Surroundings& surroundings) {
+  const geometry::CLine* const found = surroundings.board.FindLine(entity.number);
+  if (found == nullptr) return Missing(entity, line);
+  return *found;
+}
+
+Result<geometry::Point> PointOf(const Entity& entity, const CommandLine& line, Surroundings& surroundings) {
+  return Find(surroundings.board.workpieces.points, entity, line);
+}
+
+Result<geometry::Circle> CircleOf(const Entity& entity, const CommandLine& line, Surroundings& surroundings) {
+  return Find(surroundings.board.workpieces.circles, entity, line);
+}
+
+Result<geometry::CLine> LineOf(CommandLine& line, Surroundings& surroundings) {
+  return ReadAndFind<geometry::CLine>(
+      's', "a line like s1", line, [&](const Entity& entity) { return LineOf(entity, line, surroundings); });
+}
+
+Result<geometry::Point> PointOf(CommandLine& line, Surroundings& surroundings) {
+  return ReadAndFind<geometry::Point>('p', "a point like p1", line, [&](const Entity& entity) {
+    return PointOf(entity, line, surroundings);
+  });
+}
+
+Result<void> Placed(const CommandLine& line, const Result<void>& done) {
+  if (done || !done.fault().file.empty()) return done;
+  return Fault{done.fault().text, "", 0, done.fault().column > 0 ? done.fault().column : line.firstColumn()};
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,79 @@
+#include "language/commands.h"
+
+/// The layer macro: @@lay 'colour' 'style' 'colour' 'style' 'layer', and @@lay alone.
+namespace vanzet::language {
+namespace {
+
+constexpr std::size_t kFields = 4;
+
+/// What the macro's arguments say; a field that is empty says nothing.
+struct LayerArguments {
+  std::string fields[kFields];  ///< colour and style, twice
+  int columns[kFields] = {};
+  std::string layer;
+  int layerColumn = 0;
+};
+
+/// The layer's name stands between the last two quotes; one quote may be left over before them, since the
+/// name's first quote is sometimes doubled.
+Result<LayerArguments> ReadArguments(CommandLine& arguments) {
+  LayerArguments read;
+  arguments.Peek();
+  const int column = arguments.column();
+  const std::string text(arguments.Rest());
+  const std::size_t end = text.rfind('\''),
+                    begin = end == 0 || end == std::string::npos ? end : text.rfind('\'', end - 1);
+  if (end == std::string::npos || end == 0 || begin == std::string::npos || end + 1 != text.size()) {
+    return Fault{"expected the layer in single quotes at the end", "", 0, column};
+  }
+  read.layer = text.substr(begin + 1, end - begin - 1);
+  read.layerColumn = column + static_cast<int>(begin);
+  CommandLine fields(std::string_view(text).substr(0, begin), column);
+  for (std::size_t i = 0; i < kFields && !fields.IsAtEnd(); ++i) {
+    const auto field = fields.QuotedText("a colour or a line style");
+    if (!field) return field.fault();
+    read.fields[i] = *field;
+    read.columns[i] = fields.column();
+  }
+  fields.TakeMark("'");
+  if (const auto rest = fields.End(); !rest) return rest.fault();
+  return read;
+}
+
+/// The first of two fields that says something, found in a table; `kept` when neither does.
+template <class Row>
+Result<const Row*> Choose(const LayerArguments& arguments, std::size_t first, const Row* kept,
+                          const Row* (*find)(std::string_view), const std::string& names) {
+  const std::size_t field = arguments.fields[first].empty() ? first + 2 : first;
+  const std::string& name = arguments.fields[field];
+  const Row* const row = name.empty() ? kept : find(name);
+  if (row != nullptr) return row;
+  return Fault{"expected " + names + ", found '" + name + "'", "", 0, arguments.columns[field]};
+}
+
+/// Draws in the layer from now on, with the pen that the arguments tell.
+Result<void> BeginLayer(const LayerArguments& arguments, drawing::Board& board) {
+  const auto layer = board.drawing().layers.find(arguments.layer);
+  const drawing::Pen old = layer == board.drawing().layers.end() ? drawing::Pen() : layer->second;
+  const auto colour = Choose(arguments, 0, old.colour, drawing::FindColour, drawing::ColourNames());
+  if (!colour) return colour.fault();
+  const auto style = Choose(arguments, 1, old.style, drawing::FindLineStyle, drawing::LineStyleNames());
+  if (!style) return style.fault();
+  const auto begun = board.BeginLayer(arguments.layer, {*colour, *style});
+  return begun ? begun : Fault{begun.fault().text, "", 0, arguments.layerColumn};
+}
+
+}  // namespace
+
+Result<void> LayerMacro(CommandLine& arguments, Surroundings& surroundings) {
+  if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+  if (arguments.IsAtEnd()) {
+    surroundings.board.EndLayer();
+    return {};
+  }
+  const auto read = ReadArguments(arguments);
+  if (!read) return read.fault();
+  return BeginLayer(*read, surroundings.board);
+}
+
+}  // namespace vanzet::language

@@ -1,0 +1,149 @@
+#include "language/operands.h"
+
+namespace vanzet::language {
+namespace {
+
+using project::Variables;
+
+/// Every reader gives one operand; its column is where the line's last word began.
+using Reader = Result<Operand> (*)(const OperandForm& form, CommandLine& line, const Variables& variables);
+
+template <class Text>
+Result<Operand> TextOperand(const CommandLine& line, const Result<Text>& text) {
+  if (!text) return text.fault();
+  return Operand{.column = line.column(), .text = std::string(*text)};
+}
+
+Result<Operand> ReadWord(const OperandForm& form, CommandLine& line, const Variables&) {
+  if (line.Take(form.meaning)) return Operand{.column = line.column()};
+  return line.Expected("'" + std::string(form.meaning) + "'");
+}
+
+Result<Operand> ReadName(const OperandForm& form, CommandLine& line, const Variables&) {
+  return TextOperand(line, line.Word(form.meaning));
+}
+
+Result<Operand> ReadRest(const OperandForm&, CommandLine& line, const Variables&) {
+  const std::string rest(line.Rest());
+  return Operand{.column = line.column(), .text = rest};
+}
+
+Result<Operand> ReadTitle(const OperandForm& form, CommandLine& line, const Variables& variables) {
+  if (line.IsAtEnd()) return line.Expected(form.meaning);
+  return ReadRest(form, line, variables);
+}
+
+Result<Operand> ReadQuoted(const OperandForm& form, CommandLine& line, const Variables&) {
+  return TextOperand(line, line.QuotedText(form.meaning));
+}
+
+Result<Operand> ReadLongText(const OperandForm& form, CommandLine& line, const Variables&) {
+  // A translated text may hold quotes before blanks; the operand behind it holds none.
+  return TextOperand(line, line.LongestQuotedText(form.meaning));
+}
+
+Result<Operand> ReadLayer(const OperandForm& form, CommandLine& line, const Variables&) {
+  if (line.Peek() != '\'') return line.Expected(std::string(form.meaning) + " in single quotes");
+  const int column = line.column();
+  const std::string_view rest = line.Rest();
+  const std::size_t end = rest.rfind('\''), begin = end == 0 ? 0 : rest.rfind('\'', end - 1);
+  if (end == 0) return Fault{"the closing quote is missing", "", 0, column};
+  if (end + 1 != rest.size()) {
+    return Fault{
+        "expected the end of the line behind the layer, found '" + std::string(rest.substr(end + 1)) + "'",
+        "", 0, column + static_cast<int>(end) + 1};
+  }
+  return Operand{.column = column + static_cast<int>(begin),
+                 .text = std::string(rest.substr(begin + 1, end - begin - 1))};
+}
+
+Result<Operand> ReadInteger(const OperandForm& form, CommandLine& line, const Variables& variables) {
+  const auto number = line.Integer(form.meaning, variables);
+  if (!number) return number.fault();
+  return Operand{.column = line.column(), .number = *number, .last = *number};
+}
+
+template <bool (*IsOfType)(std::string_view name)>
+Result<Operand> ReadVariable(const OperandForm& form, CommandLine& line, const Variables&) {
+  const auto name = line.Word(form.meaning);
+  if (!name) return name.fault();
+  if (IsOfType(*name)) return Operand{.column = line.column(), .text = std::string(*name)};
+  return line.FaultHere("expected " + std::string(form.meaning) + ", found '" + std::string(*name) + "'");
+}
+
+bool IsText(std::string_view name) {
+  return name.size() > 1 && name.starts_with('$');
+}
+
+template <char letter>
+Result<Operand> ReadEntity(const OperandForm& form, CommandLine& line, const Variables&) {
+  const auto entity = line.EntityOf(letter, form.meaning);
+  if (!entity) return entity.fault();
+  const int column = line.column();
+  if (const auto end = line.WordEnd(); !end) return end.fault();
+  return Operand{.column = column, .number = entity->number, .last = entity->number, .letter = letter};
+}
+
+Result<Operand> ReadAlongAxis(const OperandForm& form, CommandLine& line, const Variables&) {
+  for (const char* axis : {"x", "y", "z"}) {
+    if (!line.TakeMark(axis)) continue;
+    const int column = line.column();
+    const auto number = line.WholeNumber("a number behind the axis");
+    if (!number) return number.fault();
+    return Operand{.column = column, .real = *number, .letter = *axis};
+  }
+  return line.Expected(form.meaning);
+}
+
+/// One entity or a range of them.
+Result<Operand> ReadEntityRange(const OperandForm& form, CommandLine& line, const Variables& variables) {
+  const auto entity = line.TakeEntity("spckm");
+  if (!entity) return line.Expected(form.meaning);
+  Operand operand{
+      .column = line.column(), .number = entity->number, .last = entity->number, .letter = entity->letter};
+  if (line.TakeMark(">")) {
+    const auto last = line.Integer("the last number of the range", variables);
+    if (!last) return last.fault();
+    operand.last = *last;
+    if (operand.last < operand.number) return line.FaultHere("the range ends before it begins");
+  }
+  if (const auto end = line.WordEnd(); !end) return end.fault();
+  return operand;
+}
+
+/// By kind.
+constexpr Reader kReaders[] = {
+    nullptr,
+    ReadWord,
+    ReadName,
+    ReadRest,
+    ReadTitle,
+    ReadQuoted,
+    ReadLongText,
+    ReadLayer,
+    ReadInteger,
+    ReadVariable<Variables::IsInteger>,
+    ReadVariable<IsText>,
+    ReadEntity<'k'>,
+    ReadEntity<'m'>,
+    ReadAlongAxis,
+    ReadEntityRange,
+};
+
+}  // namespace
+
+Result<Operands> ReadOperands(const OperandForms& forms, CommandLine& line, const Variables& variables) {
+  Operands operands;
+  for (const OperandForm& form : forms) {
+    if (form.kind == OperandKind::kNone) break;
+    do {
+      auto operand = kReaders[static_cast<std::size_t>(form.kind)](form, line, variables);
+      if (!operand) return operand.fault();
+      operands.push_back(std::move(*operand));
+    } while (form.kind == OperandKind::kEntities && !line.IsAtEnd());
+  }
+  if (const auto end = line.End(); !end) return end.fault();
+  return operands;
+}
+
+}  // namespace vanzet::language

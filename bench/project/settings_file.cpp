@@ -1,0 +1,142 @@
+#include "project/settings_file.h"
+
+#include <algorithm>
+#include <sstream>
+#include <system_error>
+#include <vector>
+
+#include "base/ini.h"
+#include "base/letter_case.h"
+#include "project/bench_ini.h"
+#include "project/text_file.h"
+#include "vdm/file_replacement.h"
+#include "vdm/folder_lock.h"
+
+namespace vanzet::project {
+namespace {
+
+constexpr std::string_view kSection = "project";
+
+bool IsControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || byte == 0x7F;
+}
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+Result<void> CheckKey(std::string_view key) {
+  const bool fits = !key.empty() && !IsBlank(key.front()) && !IsBlank(key.back()) &&
+                    std::ranges::none_of(key, IsControl) && key.find('=') == std::string_view::npos &&
+                    std::string_view(";#[").find(key.front()) == std::string_view::npos;
+  if (fits) return {};
+  return Fault{"the settings cannot hold a key '" + std::string(key) + "'"};
+}
+
+/// The value as a line holds it: in quotes when reading it back would take something away.
+Result<std::string> Written(std::string_view value) {
+  if (std::ranges::any_of(value, IsControl)) {
+    return Fault{"the settings cannot hold a value with control characters"};
+  }
+  const auto isQuote = [](char c) { return c == '"' || c == '\''; };
+  const bool loses = !value.empty() && (IsBlank(value.front()) || IsBlank(value.back()) ||
+                                        (isQuote(value.front()) && value.front() == value.back()));
+  return loses ? "\"" + std::string(value) + "\"" : std::string(value);
+}
+
+/// The lines of a text, each with its own line end.
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
+    lines.push_back(text.substr(at, end - at));
+    at = end;
+  }
+  return lines;
+}
+
+/// Where an entry stands, or where a new one would.
+struct Place {
+  std::size_t entry = 0;   ///< the number of its line from 1; 0: there is none
+  std::size_t behind = 0;  ///< the last line of the section's first part that says something; 0: no section
+};
+
+Place FindPlace(const std::string& text, std::string_view key) {
+  std::istringstream stream(text);
+  IniReader reader(stream);
+  IniLine line;
+  Place place;
+  bool isInside = false, isFirst = true;
+  while (reader.Next(line)) {
+    const auto number = static_cast<std::size_t>(reader.LineNumber());
+    if (line.kind == IniLine::Kind::kSection) {
+      if (isInside) isFirst = false;
+      isInside = EqualWithoutCase(line.name, kSection);
+    }
+    if (isInside && isFirst && line.kind != IniLine::Kind::kNothing) place.behind = number;
+    if (!isInside || line.kind != IniLine::Kind::kEntry || !EqualWithoutCase(line.name, key)) continue;
+    place.entry = number;
+    break;
+  }
+  return place;
+}
+
+/// The text with the entry, its line ends as those of the text.
+std::string WithEntry(const std::string& text, std::string_view key, const std::string& value) {
+  std::vector<std::string> lines = LinesOf(text);
+  const std::string end = !lines.empty() && lines.front().ends_with("\r\n") ? "\r\n" : "\n";
+  const Place place = FindPlace(text, key);
+  if (place.entry > 0) {
+    std::string& line = lines[place.entry - 1];
+    const std::size_t lineEnd = line.find_last_not_of("\r\n") + 1;
+    line = line.substr(0, line.find('=') + 1) + " " + value + line.substr(lineEnd);
+  } else {
+    if (!lines.empty() && !lines.back().ends_with('\n')) lines.back() += end;
+    if (place.behind == 0) {
+      if (!lines.empty()) lines.push_back(end);
+      lines.push_back("[" + std::string(kSection) + "]" + end);
+    }
+    const auto at =
+        place.behind == 0 ? lines.end() : lines.begin() + static_cast<std::ptrdiff_t>(place.behind);
+    lines.insert(at, std::string(key) + " = " + value + end);
+  }
+  std::string joined;
+  for (const std::string& line : lines) joined += line;
+  return joined;
+}
+
+}  // namespace
+
+Result<std::string> SettingsFile::Value(std::string_view key) const {
+  const auto text = Text();
+  if (!text) return text.fault();
+  const auto settings = ReadBenchIni(*text, File().string());
+  if (!settings) return settings.fault();
+  const auto entry = settings->project.find(key);
+  return entry == settings->project.end() ? std::string() : entry->second.value;
+}
+
+Result<void> SettingsFile::Set(std::string_view key, std::string_view value) const {
+  if (const auto fits = CheckKey(key); !fits) return fits;
+  const auto written = Written(value);
+  if (!written) return written.fault();
+  const auto lock = vdm::FolderLock::Take(folder_);
+  if (!lock) return lock.fault();
+  const auto text = Text();
+  if (!text) return text.fault();
+  // Settings that cannot be read are for people to mend, not to be built upon.
+  if (const auto read = ReadBenchIni(*text, File().string()); !read) return read.fault();
+  auto replacement = vdm::FileReplacement::Begin(File());
+  if (!replacement) return replacement.fault();
+  if (const auto done = replacement->Write(WithEntry(*text, key, *written)); !done) return done;
+  return replacement->Commit();
+}
+
+Result<std::string> SettingsFile::Text() const {
+  std::error_code error;
+  if (!std::filesystem::exists(File(), error)) return std::string();
+  return ReadTextFile(File(), File().string());
+}
+
+}  // namespace vanzet::project

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace vanzet::project {
+
+/// The entries of [project] in a project's bench.ini, read anew at each call and changed while the project is
+/// in use. A missing file has no entries.
+///
+/// Errors   a fault with the file and the line; the file is then as it was
+/// Source   docs/formats/bench-ini.md
+class SettingsFile {
+ public:
+  explicit SettingsFile(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  /// The value, empty when there is none.
+  Result<std::string> Value(std::string_view key) const;
+
+  /// Puts the value in the place of the one that counts, or adds it to the section; every other byte stays.
+  /// Refused: a key or value that no line can hold.
+  Result<void> Set(std::string_view key, std::string_view value) const;
+
+ private:
+  Result<std::string> Text() const;
+  std::filesystem::path File() const { return folder_ / "bench.ini"; }
+
+  std::filesystem::path folder_;
+};
+
+}  // namespace vanzet::project

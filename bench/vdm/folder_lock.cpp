@@ -1,0 +1,45 @@
+#include "vdm/folder_lock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+#include "vdm/system_reason.h"
+
+namespace vanzet::vdm {
+namespace {
+
+constexpr std::chrono::milliseconds kStep{5};
+constexpr std::chrono::seconds kLongestWait{10};
+
+}  // namespace
+
+Result<FolderLock> FolderLock::Take(const std::filesystem::path& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return Fault{"cannot be locked: " + SystemReason(errno), folder.string()};
+  FolderLock lock(descriptor);
+  const auto end = std::chrono::steady_clock::now() + kLongestWait;
+  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) {
+      return Fault{"cannot be locked: " + SystemReason(errno), folder.string()};
+    }
+    if (std::chrono::steady_clock::now() > end) {
+      return Fault{"another process keeps its files locked", folder.string()};
+    }
+    std::this_thread::sleep_for(kStep);
+  }
+  return lock;
+}
+
+FolderLock::~FolderLock() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+FolderLock::FolderLock(FolderLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+}  // namespace vanzet::vdm
