@@ -7,6 +7,10 @@
 
 namespace vanzet::view {
 
+/// What a dialog was closed by.
+inline constexpr std::int32_t kClosedByOk = 1;
+inline constexpr std::int32_t kClosedByFrame = 2;
+
 /// A dialog as a view meets it: its state, and the events that a person can cause.
 ///
 /// Story    a view shows the state and sends events until the dialog is no longer open. An event returns when
@@ -21,7 +25,7 @@ class Dialog {
 
   virtual bool IsOpen() const = 0;
 
-  /// What it was closed by: 1 is OK, 2 the window frame.
+  /// What it was closed by; 0 while it is open.
   virtual std::int32_t Result() const = 0;
 
   virtual void SelectNode(std::int32_t node) = 0;

@@ -22,9 +22,6 @@ constexpr AnswerWord kAnswerWords[] = {
     {"cancel", platform::answer::kCancel},
 };
 
-/// What a dialog's result is called when OK closed it.
-constexpr std::int32_t kClosedByOk = 1;
-
 /// The front of a queue, taken off; nothing when it is empty.
 template <class T>
 std::optional<T> Take(std::deque<T>& queue) {
