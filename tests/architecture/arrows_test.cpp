@@ -21,6 +21,7 @@ const std::map<std::string, Folders> kModule = {
     {"macro/tables", {"base"}},
     {"macro", {"host", "macro/tables"}},
     {"store", {"base", "platform", "host", "macro", "macro/tables"}},
+    {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
     {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
     {"geometry", {"base", "host"}},

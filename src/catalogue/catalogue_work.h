@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "catalogue/device_catalogue.h"
+
+/// What the dialog does with the catalogue, with the questions that it asks on the way.
+///
+///   dialogs  the dialog's catalogue, in memory as it was read at its start
+///   owner    the window in front of which files are chosen
+///   refill   shows the names of `dialogs` anew; it may change texts of the page
+///
+/// The file is read afresh into a catalogue of its own before each write, so that what another user saved
+/// meanwhile is not lost. A file that cannot be used leads to the question whether to search for another; the
+/// choice is kept only at the start of the dialog.
+namespace vanzet {
+
+/// Reads the file when the dialog starts. A file that was chosen becomes the project's. Without one the
+/// catalogue is empty.
+void ReadCatalogueAtStart(CDevice& dialogs, void* owner);
+
+/// Puts a device into the dialog's catalogue and then into the file. Where the file knows the name the user
+/// is asked; No leaves the file alone, and the dialog's catalogue as changed.
+/// `typedName` is copied first: the refill may empty it.
+void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const std::string& valueLine,
+                           void* owner, const std::function<void()>& refill);
+
+/// Asks, and removes a device from the dialog's catalogue and from the file. A file that cannot be read or
+/// written is left alone, and nothing is told.
+void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
+                               const std::function<void()>& refill);
+
+}  // namespace vanzet

@@ -1,0 +1,119 @@
+#include "catalogue/device_catalogue.h"
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+
+#include "catalogue/catalogue_lines.h"
+#include "host/bridge.h"
+#include "host/fields.h"
+#include "host/host_functions.h"
+#include "host/macro_variables.h"
+#include "platform/file_dialog.h"
+#include "platform/files.h"
+#include "platform/whole_file.h"
+
+namespace vanzet {
+namespace {
+
+/// A shorter setting names no file.
+constexpr std::size_t kShortestPath = 3;
+
+/// The bytes of a file name in the dialog, that of the suggestion too.
+constexpr std::size_t kLongestFileName = 260;
+
+std::string ProjectSetting() {
+  // Left empty by a host whose project has no such setting.
+  host::Flag ok = 0;
+  host::hostFunctions.OrvoWriteGlobalStr("$_return", "", &ok);
+  host::SendCommand("file e '' $_project 'CLAMP_DB_PATH' $_return");
+  std::string path;
+  OrvoApi::GetGlobalStrVar("$_return", path);
+  return path;
+}
+
+std::string SuggestedName() {
+  std::string country;
+  OrvoApi::GetGlobalStrVar("$_COUNTRY", country);
+  return ("clampdevice" + country).substr(0, kLongestFileName);
+}
+
+}  // namespace
+
+CDevice::CDevice() : path_(ProjectSetting()) {
+  if (path_.size() < kShortestPath) path_ = host::hostFunctions.OrvoEnvironment("clampmdb");
+}
+
+bool CDevice::SelectFile(bool forReading, void* owner) {
+  platform::FileQuestion question;
+  if (!forReading) question.suggested = SuggestedName();
+  OrvoApi::GetGlobalStrVar("$_USER_DATA_SETTINGS", question.startFolder);
+  question.filter = "Clampdevice Files (*.cld)|*.cld||";
+  question.promptsOverwrite = true;
+  question.longestPath = kLongestFileName;
+  question.owner = owner;
+  const auto chosen = platform::AskForFile(question);
+  if (chosen) path_ = *chosen;
+  return chosen.has_value();
+}
+
+bool CDevice::ReadFile() {
+  lines_.clear();
+  const std::filesystem::path file = platform::FileOf(path_);
+  if (!platform::IsChangeableFile(file)) return false;
+  std::ifstream text(file);
+  if (!text.is_open()) return false;
+  ReadCatalogueLines(text, lines_);
+  // Part of a catalogue must not be taken for all of it: it would be written back.
+  if (text.bad()) lines_.clear();
+  return !text.bad();
+}
+
+bool CDevice::WriteFile() const {
+  return platform::WriteWholeFile(platform::FileOf(path_), CatalogueText(lines_));
+}
+
+void CDevice::PutDevice(const std::string& name, const std::string& valueLine) {
+  const std::size_t at = Find(name).value_or(lines_.size());
+  lines_.resize(std::max(lines_.size(), at + 2));
+  lines_[at] = OneCatalogueLine(name);
+  lines_[at + 1] = OneCatalogueLine(valueLine);
+}
+
+bool CDevice::RemoveDevice(const std::string& name) {
+  const auto at = Find(name);
+  if (!at) return false;
+  const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(*at);
+  lines_.erase(first, first + std::min<std::ptrdiff_t>(2, lines_.end() - first));
+  return true;
+}
+
+bool CDevice::HasDevice(const std::string& name) const {
+  return Find(name).has_value();
+}
+
+std::string CDevice::ValueLineOf(const std::string& name) const {
+  const auto at = Find(name);
+  return at && *at + 1 < lines_.size() ? lines_[*at + 1] : std::string();
+}
+
+void CDevice::NamesOfType(std::int32_t type, std::vector<std::string>& names) const {
+  names.clear();
+  for (std::size_t at = 0; at < lines_.size(); at += 2) {
+    if (at + 1 == lines_.size()) throw std::out_of_range("invalid vector subscript");
+    std::size_t position = 0;
+    std::int32_t found = 0;
+    host::ReadIntField(lines_[at + 1], position, found, 0);
+    if (found == type) names.push_back(lines_[at]);
+  }
+}
+
+std::optional<std::size_t> CDevice::Find(const std::string& name) const {
+  const std::string line = OneCatalogueLine(name);
+  for (std::size_t at = 0; at < lines_.size(); at += 2) {
+    if (lines_[at] == line) return at;
+  }
+  return std::nullopt;
+}
+
+}  // namespace vanzet

@@ -1,0 +1,313 @@
+#include "catalogue/catalogue_work.h"
+
+#include <memory>
+
+#include "catalogue_fixture.h"
+#include "support/failing_call.h"
+#include "support/golden.h"
+
+namespace vanzet::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::int32_t kYes = 6;
+constexpr std::int32_t kNo = 7;
+
+class CatalogueWork : public CatalogueTest {
+ protected:
+  CatalogueWork() {
+    WriteBytes(world.file, "Chuck\n1 1\n");
+    dialogs.ReadFile();
+    host.TakeCalls();
+  }
+
+  void Save(const std::string& name, const std::string& valueLine) {
+    SaveDeviceToCatalogue(dialogs, name, valueLine, &window, [this] { ++refills; });
+  }
+  void Delete(const std::string& name) {
+    DeleteDeviceFromCatalogue(dialogs, name, [this] { ++refills; });
+  }
+  std::string SearchBox(const std::string& path) {
+    return "|Could not find clampdevice file " + path + "! Do you want to search for it?|36";
+  }
+  std::string SearchBox() { return SearchBox(world.file.string()); }
+  std::string InFile() { return ReadBytes(world.file); }
+
+  CDevice dialogs;
+  int refills = 0;
+  int window = 0;
+};
+
+class Saving : public CatalogueWork {};
+
+TEST_F(Saving, AppendsANewDevice) {
+  Save("Collet", "2 3 4");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nCollet\n2 3 4\n");
+  EXPECT_THAT(Names(dialogs, 2), ElementsAre("Collet"));
+  EXPECT_EQ(refills, 1);
+  EXPECT_THAT(host.boxes, IsEmpty());
+}
+
+TEST_F(Saving, GoesByTheseCalls) {
+  host.answers = {kYes};
+  Save("Chuck", "1 7");
+  EXPECT_GOLDEN(Lines(host.calls), "catalogue/save_overwriting.trace");
+}
+
+TEST_F(Saving, AsksBeforeItReplaces) {
+  host.answers = {kYes};
+  Save("Chuck", "1 7");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Name already exist. Overwrite?|4"));
+  EXPECT_EQ(InFile(), "Chuck\n1 7\n");
+}
+
+TEST_F(Saving, LeavesTheFileAloneAfterNoAndTheDialogChanged) {
+  Save("Chuck", "1 7");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\n");
+  EXPECT_EQ(dialogs.ValueLineOf("Chuck"), "1 7");
+  EXPECT_EQ(refills, 1);
+}
+
+TEST_F(Saving, TellsNamesApartThatDifferInCaseAlone) {
+  Save("chuck", "1 7");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nchuck\n1 7\n");
+  EXPECT_THAT(host.boxes, IsEmpty());
+}
+
+TEST_F(Saving, KeepsWhatAnotherUserSavedMeanwhile) {
+  WriteBytes(world.file, "Theirs\n2 9\n");
+  Save("Collet", "2 3");
+  EXPECT_EQ(InFile(), "Theirs\n2 9\nCollet\n2 3\n");
+  EXPECT_FALSE(dialogs.HasDevice("Theirs")) << "the dialog goes on with what it read";
+}
+
+TEST_F(Saving, AsksForANameThatAnotherUserSavedMeanwhile) {
+  WriteBytes(world.file, "Collet\n2 9\n");
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Name already exist. Overwrite?|4"));
+  EXPECT_EQ(InFile(), "Collet\n2 9\n");
+}
+
+TEST_F(Saving, KeepsTheTypedNameWhenTheRefillEmptiesIt) {
+  std::string typed = "Collet";
+  SaveDeviceToCatalogue(dialogs, typed, "2 3", nullptr, [&] { typed.clear(); });
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nCollet\n2 3\n");
+}
+
+TEST_F(Saving, RefillsBeforeAnyQuestion) {
+  fs::remove(world.file);
+  SaveDeviceToCatalogue(dialogs, "Collet", "2 3", nullptr, [&] {
+    EXPECT_TRUE(dialogs.HasDevice("Collet"));
+    EXPECT_THAT(host.boxes, IsEmpty());
+    ++refills;
+  });
+  EXPECT_EQ(refills, 1);
+  EXPECT_EQ(host.boxes.size(), 1U);
+}
+
+TEST_F(Saving, WithoutAFileMakesOneOfTheDeviceAloneAfterNo) {
+  fs::remove(world.file);
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox()));
+  EXPECT_EQ(InFile(), "Collet\n2 3\n");
+  EXPECT_THAT(files.asked, IsEmpty());
+}
+
+TEST_F(Saving, WithoutAFileGoesOnEmptyWhenTheSearchIsCancelled) {
+  fs::remove(world.file);
+  host.answers = {kYes};
+  Save("Collet", "2 3");
+  EXPECT_EQ(files.asked.size(), 1U);
+  EXPECT_EQ(InFile(), "Collet\n2 3\n");
+}
+
+TEST_F(Saving, SearchesUntilAFileCanBeRead) {
+  fs::remove(world.file);
+  const std::string other = (world.folder / "other.cld").string();
+  WriteBytes(other, "Theirs\n2 9\n");
+  host.answers = {kYes, kYes};
+  files.choices = {"/nowhere/at all.cld", other};
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox(), SearchBox("/nowhere/at all.cld")));
+  EXPECT_EQ(ReadBytes(other), "Theirs\n2 9\nCollet\n2 3\n");
+  EXPECT_EQ(files.asked.at(0).suggested, "");
+  EXPECT_EQ(files.asked.at(0).owner, &window);
+  EXPECT_FALSE(fs::exists(world.file));
+  EXPECT_EQ(dialogs.path(), world.file.string()) << "the choice is kept for this time alone";
+  EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"), IsEmpty());
+}
+
+TEST_F(Saving, SearchesAnotherPlaceWhenTheFileCannotBeWritten) {
+  dialogs.SetPath("/nowhere/a.cld");
+  const std::string other = (world.folder / "other.cld").string();
+  host.answers = {kNo, kYes};
+  files.choices = {other};
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox("/nowhere/a.cld"), SearchBox("/nowhere/a.cld")));
+  EXPECT_EQ(files.asked.at(0).suggested, "clampdevice_de");
+  EXPECT_EQ(ReadBytes(other), "Collet\n2 3\n");
+}
+
+TEST_F(Saving, EndsWhenTheFileCannotBeWrittenAndNobodySearches) {
+  dialogs.SetPath("/nowhere/a.cld");
+  Save("Collet", "2 3");
+  EXPECT_EQ(host.TakeBoxes().size(), 2U) << "for the reading and for the writing";
+  host.answers = {kNo, kYes};
+  Save("Collet", "2 3");
+  EXPECT_EQ(files.asked.size(), 1U) << "cancelled";
+  EXPECT_TRUE(dialogs.HasDevice("Collet"));
+}
+
+TEST_F(Saving, OfAReadOnlyFileLeavesItAlone) {
+  fs::permissions(world.file, fs::perms(0444));
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox(), SearchBox()));
+  EXPECT_EQ(InFile(), "Chuck\n1 1\n");
+}
+
+TEST_F(Saving, ReplacesEveryMarkOfTheTextByThePath) {
+  host.translations[1170] = "# fehlt: #?";
+  dialogs.SetPath("/no#where.cld");
+  Save("Collet", "2 3");
+  EXPECT_EQ(host.TakeBoxes().at(0), "|/no#where.cld fehlt: /no#where.cld?|36");
+}
+
+TEST_F(Saving, IntoAnOddListAppends) {
+  WriteBytes(world.file, "Chuck\n1 1\nlast\n");
+  Save("Collet", "2 3");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nlast\nCollet\n2 3\n");
+  host.answers = {kYes};
+  WriteBytes(world.file, "Chuck\n1 1\nCollet");
+  Save("Collet", "2 3");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nCollet\n2 3\n");
+}
+
+class Deleting : public CatalogueWork {};
+
+TEST_F(Deleting, AsksAndRemovesFromDialogAndFile) {
+  WriteBytes(world.file, "Theirs\n2 9\nChuck\n1 5\n");
+  host.answers = {kYes};
+  Delete("Chuck");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Delete?|4"));
+  EXPECT_EQ(InFile(), "Theirs\n2 9\n");
+  EXPECT_FALSE(dialogs.HasDevice("Chuck"));
+  EXPECT_EQ(refills, 1);
+}
+
+TEST_F(Deleting, EndsAfterNo) {
+  Delete("Chuck");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\n");
+  EXPECT_TRUE(dialogs.HasDevice("Chuck"));
+  EXPECT_EQ(refills, 0);
+}
+
+TEST_F(Deleting, OfAnUnreadableFileIsForgottenByTheDialogAlone) {
+  fs::remove(world.file);
+  host.answers = {kYes};
+  Delete("Chuck");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Delete?|4"));
+  EXPECT_FALSE(dialogs.HasDevice("Chuck"));
+  EXPECT_FALSE(fs::exists(world.file));
+}
+
+TEST_F(Deleting, WritesTheFileAlsoWhenItDoesNotKnowTheName) {
+  WriteBytes(world.file, "Theirs\r\n2 9");
+  host.answers = {kYes};
+  Delete("Chuck");
+  EXPECT_EQ(InFile(), "Theirs\n2 9\n");
+}
+
+TEST_F(Deleting, KeepsTheNameWhenTheRefillEmptiesIt) {
+  std::string typed = "Chuck";
+  host.answers = {kYes};
+  DeleteDeviceFromCatalogue(dialogs, typed, [&] { typed.clear(); });
+  EXPECT_EQ(InFile(), "");
+}
+
+class Starting : public CatalogueWork {};
+
+TEST_F(Starting, ReadsTheFile) {
+  CDevice device;
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(Names(device, 1), ElementsAre("Chuck"));
+  EXPECT_THAT(host.boxes, IsEmpty());
+  EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"), IsEmpty());
+}
+
+TEST_F(Starting, MakesAFileThatWasChosenTheProjects) {
+  const std::string other = (world.folder / "other.cld").string();
+  WriteBytes(other, "Theirs\n2 9\n");
+  CDevice device;
+  device.SetPath("/nowhere.cld");
+  host.answers = {kYes, kYes};
+  files.choices = {"/still nowhere.cld", other};
+  ReadCatalogueAtStart(device, &window);
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox("/nowhere.cld"), SearchBox("/still nowhere.cld")));
+  EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"),
+              ElementsAre("OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '/still nowhere.cld'')",
+                          "OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '" + other + "'')"));
+  EXPECT_THAT(Names(device, 2), ElementsAre("Theirs"));
+  EXPECT_EQ(files.asked.at(0).owner, &window);
+}
+
+TEST_F(Starting, GoesOnWithoutDevicesAfterNoOrCancel) {
+  CDevice device;
+  device.SetPath("/nowhere.cld");
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(files.asked, IsEmpty());
+  host.answers = {kYes};
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_EQ(files.asked.size(), 1U);
+  EXPECT_THAT(Names(device, 1), IsEmpty());
+  EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"), IsEmpty());
+}
+
+TEST_F(Starting, HasTextsInTheUsersLanguage) {
+  host.translations = {{1170, "# suchen?"}, {723, "Ersetzen?"}, {733, "Weg damit?"}};
+  CDevice device;
+  device.SetPath("/nowhere.cld");
+  ReadCatalogueAtStart(device, nullptr);
+  Save("Chuck", "1");
+  Delete("Chuck");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|/nowhere.cld suchen?|36", "|Ersetzen?|4", "|Weg damit?|4"));
+}
+
+class EveryCall : public testing::TestWithParam<Failure> {};
+
+TEST_P(EveryCall, MayFailAndTheFileIsWhole) {
+  const std::string before = "Chuck\n1 1\n";
+  int failures = 0;
+  WithEveryCallFailing(
+      GetParam(),
+      [&] {
+        auto world = std::make_unique<CatalogueWorld>();
+        WriteBytes(world->file, before);
+        world->host.answers = {kYes, kYes};
+        return world;
+      },
+      [](CatalogueWorld& world) {
+        CDevice dialogs;
+        ReadCatalogueAtStart(dialogs, nullptr);
+        SaveDeviceToCatalogue(dialogs, "Chuck", "1 7", nullptr, [] {});
+        DeleteDeviceFromCatalogue(dialogs, "missing", [] {});
+        dialogs.SelectFile(false, nullptr);
+        static_cast<void>(world);
+      },
+      [&](CatalogueWorld& world, const std::string& failed) {
+        ++failures;
+        const std::string left = ReadBytes(world.file);
+        EXPECT_TRUE(left == before || left == "Chuck\n1 7\n") << failed << " left " << left;
+      });
+  EXPECT_GT(failures, 8);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EveryCall, testing::Values(Failure::kRefused, Failure::kMissing),
+                         [](const auto& tested) {
+                           return tested.param == Failure::kRefused ? "AHostThatRefuses" : "AHostThatLacksIt";
+                         });
+
+}  // namespace
+}  // namespace vanzet::test
