@@ -8,7 +8,8 @@
 
 namespace vanzet::dialog {
 
-/// Adds the names of a type to a combo. What the look-up throws passes on, with the names found before it added.
+/// Adds the names of a type to a combo. What the look-up throws passes on, with the names found before it
+/// added.
 void AddNamesOfType(const CDevice& catalogue, std::int32_t type, Controls& controls, std::int32_t combo);
 
 /// Puts the values of the device that the combo's selection names into `params`, and its type; those of no

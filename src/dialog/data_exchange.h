@@ -9,14 +9,16 @@
 #include "dialog/controls.h"
 #include "dialog/number_text.h"
 
-/// The exchange between the controls of a page and the record it works on, by a table of what is bound to what.
+/// The exchange between the controls of a page and the record it works on, by a table of what is bound to
+/// what.
 namespace vanzet::dialog {
 
 /// A control and the field that it is bound to: edits to reals and texts, check boxes to flags.
 template <class Record>
 struct Field {
   std::int32_t control;
-  std::variant<double Record::*, std::string Record::*, std::uint8_t Record::*, std::int32_t Record::*> member;
+  std::variant<double Record::*, std::string Record::*, std::uint8_t Record::*, std::int32_t Record::*>
+      member;
 };
 
 /// How one control takes up a value, and how the value is read from it; false when it holds none.
@@ -43,8 +45,8 @@ std::optional<std::int32_t> ReadRecord(const Controls& controls, std::span<const
                                        Record& record) {
   Record read = record;
   for (const Field<Record>& field : fields) {
-    const bool isRead = std::visit(
-        [&](auto member) { return Read(controls, field.control, read.*member); }, field.member);
+    const bool isRead =
+        std::visit([&](auto member) { return Read(controls, field.control, read.*member); }, field.member);
     if (!isRead) return field.control;
   }
   record = read;

@@ -16,7 +16,8 @@ constexpr TypeRange kWithH[] = {{3, 6}, {11, 12}, {14, 14}};
 constexpr TypeRange kNeedingH[] = {{3, 3}, {5, 6}, {11, 12}, {14, 14}};
 constexpr TypeRange kWithI[] = {{4, 4}, {14, 14}};
 
-// What has to be given is less than what can be: A of a chuck, F of a collet and H of a face driver may stay 0.
+// What has to be given is less than what can be: A of a chuck, F of a collet and H of a face driver may stay
+// 0.
 // clang-format off
 constexpr DeviceLetter kLetters[] = {
     //     edit  labels      open          needed
@@ -66,7 +67,7 @@ std::span<const Field<DeviceParams>> DeviceFields() {
   return kFields;
 }
 
-void EnableLetters(Controls& controls, std::int32_t DeviceLetter::* label, std::int32_t type) {
+void EnableLetters(Controls& controls, std::int32_t DeviceLetter::*label, std::int32_t type) {
   for (const DeviceLetter& letter : kLetters) {
     const bool isOpen = HasType(letter.open, type);
     controls.Enable(letter.*label, isOpen);

@@ -33,7 +33,7 @@ bool HasType(std::span<const TypeRange> types, std::int32_t type);
 std::span<const Field<DeviceParams>> DeviceFields();
 
 /// Enables what can be given for the type, on either page.
-void EnableLetters(Controls& controls, std::int32_t DeviceLetter::* label, std::int32_t type);
+void EnableLetters(Controls& controls, std::int32_t DeviceLetter::*label, std::int32_t type);
 
 /// The picture that explains the letters of a type, 0 for none.
 std::int32_t DevicePicture(std::int32_t type);

@@ -3,8 +3,8 @@
 namespace vanzet::dialog {
 namespace {
 
-// The combo shows when there are spurs to choose from. The label marks where the pages go. Cancel stands behind
-// Help: the window frame cancels.
+// The combo shows when there are spurs to choose from. The label marks where the pages go. Cancel stands
+// behind Help: the window frame cancels.
 constexpr ControlTemplate kControls[] = {
     {.id = control::kSpurs, .kind = ControlKind::kCombo, .isVisible = false, .isList = true},
     {.id = control::kPageArea, .kind = ControlKind::kLabel, .isVisible = false},

@@ -125,9 +125,15 @@ class CDlgMain final : public view::Dialog {
   CPageFinishpartFromSolid finishpartFromSolid_{*this};
   CPageZeroPiontShift zeroPiontShift_{*this};
   CPageClampElemNew clampElemNew_{*this};
-  Page* const pages_[kPages] = {&empty_,          &clampElem_,        &bezel_,
-                                &billetCylindric_, &billetFromFigure_, &billetFromSolid_,
-                                &finishpartFromFigure_, &finishpartFromSolid_, &zeroPiontShift_,
+  Page* const pages_[kPages] = {&empty_,
+                                &clampElem_,
+                                &bezel_,
+                                &billetCylindric_,
+                                &billetFromFigure_,
+                                &billetFromSolid_,
+                                &finishpartFromFigure_,
+                                &finishpartFromSolid_,
+                                &zeroPiontShift_,
                                 &clampElemNew_};  ///< by PageId
   PageId activePage_ = PageId::kEmpty;
 

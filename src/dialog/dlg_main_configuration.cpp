@@ -73,7 +73,8 @@ void CDlgMain::DrawLoadedBillets() {
   DrawBillet(billet, 0, datum.originMain);
   DrawBilletOutMarks(datum, 0);
   if (!machine_.IsSubSpindleAvailable()) return;
-  // For the sub spindle the datum plays no part, and its billet goes where the tree's selection is: required so.
+  // For the sub spindle the datum plays no part, and its billet goes where the tree's selection is: required
+  // so.
   ReadBillet(SelectedSpur(), 1, billet);
   DrawBillet(billet, currentSpindle_, 0.0);
   DrawBilletOutMarks({}, 1);

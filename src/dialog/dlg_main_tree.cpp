@@ -23,9 +23,8 @@ struct Deletion {
 
 const Deletion* Deletion::Of(std::int32_t node) {
   static constexpr Deletion kDeletions[] = {
-      {2, &CDlgMain::DeleteClampDevice},  {8, &CDlgMain::DeleteClampDevice},
-      {18, &CDlgMain::DeleteBillet},      {22, &CDlgMain::DeleteBillet},
-      {27, &CDlgMain::DeleteFinishPart},  {30, &CDlgMain::DeleteFinishPart},
+      {2, &CDlgMain::DeleteClampDevice}, {8, &CDlgMain::DeleteClampDevice}, {18, &CDlgMain::DeleteBillet},
+      {22, &CDlgMain::DeleteBillet},     {27, &CDlgMain::DeleteFinishPart}, {30, &CDlgMain::DeleteFinishPart},
       {33, &CDlgMain::DeleteDatum},
   };
   const auto* const row = std::ranges::find(kDeletions, node, &Deletion::node);

@@ -77,8 +77,8 @@ class Page {
   /// handler stops then.
   bool UpdateData();
 
-  /// The frame of all picks: the controls' values are taken, the dialog hides while a person works in the host's
-  /// window, and what came of it is shown.
+  /// The frame of all picks: the controls' values are taken, the dialog hides while a person works in the
+  /// host's window, and what came of it is shown.
   void Pick(const std::function<void()>& interaction);
 
   /// Shows `text` and puts the focus on `control`.

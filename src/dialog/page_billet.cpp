@@ -44,7 +44,7 @@ void BilletPage::PickLength() {
   });
 }
 
-void BilletPage::PickDiameter(double BilletRecord::* field) {
+void BilletPage::PickDiameter(double BilletRecord::*field) {
   Pick([this, field] {
     if (!PickPosition()) return;
     ReadPickedRadius(record_.*field);

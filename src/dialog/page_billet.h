@@ -32,7 +32,7 @@ class BilletPage : public Page {
   void Store();
 
   void PickLength();
-  void PickDiameter(double BilletRecord::* field);
+  void PickDiameter(double BilletRecord::*field);
 
   BilletRecord record_;
 

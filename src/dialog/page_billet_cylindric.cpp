@@ -138,7 +138,7 @@ void CPageBilletCylindric::CorrectInnerDiameter() {
   TakeBack(&BilletRecord::innerDiameter, Text(1169), kInnerDiameter);
 }
 
-void CPageBilletCylindric::TakeBack(double BilletRecord::* field, const std::string& text, std::int32_t edit) {
+void CPageBilletCylindric::TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit) {
   Notice(text);
   record_.*field = 0;
   FillControls();

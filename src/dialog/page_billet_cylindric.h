@@ -24,7 +24,7 @@ class CPageBilletCylindric final : public BilletPage {
   /// Takes back what cannot be, and tells; the user is not stopped.
   void CorrectBarLength();
   void CorrectInnerDiameter();
-  void TakeBack(double BilletRecord::* field, const std::string& text, std::int32_t edit);
+  void TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit);
 };
 
 }  // namespace vanzet::dialog

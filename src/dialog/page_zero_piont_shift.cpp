@@ -94,7 +94,7 @@ void CPageZeroPiontShift::PickOriginSub() {
   PickOrigin(&DatumRecord::originSub);
 }
 
-void CPageZeroPiontShift::PickClampingOut(double DatumRecord::* clampingOut, double DatumRecord::* origin) {
+void CPageZeroPiontShift::PickClampingOut(double DatumRecord::*clampingOut, double DatumRecord::*origin) {
   Pick([this, clampingOut, origin] {
     if (!PickPosition()) return;
     ReadPickedLength(record_.*clampingOut);
@@ -102,7 +102,7 @@ void CPageZeroPiontShift::PickClampingOut(double DatumRecord::* clampingOut, dou
   });
 }
 
-void CPageZeroPiontShift::PickOrigin(double DatumRecord::* origin) {
+void CPageZeroPiontShift::PickOrigin(double DatumRecord::*origin) {
   Pick([this, origin] {
     if (PickPosition()) ReadPickedLength(record_.*origin);
   });

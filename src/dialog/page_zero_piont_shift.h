@@ -26,8 +26,8 @@ class CPageZeroPiontShift final : public Page {
   void SelectDatum();
 
   /// How far behind the origin the picked position lies, without a sign.
-  void PickClampingOut(double DatumRecord::* clampingOut, double DatumRecord::* origin);
-  void PickOrigin(double DatumRecord::* origin);
+  void PickClampingOut(double DatumRecord::*clampingOut, double DatumRecord::*origin);
+  void PickOrigin(double DatumRecord::*origin);
 
   DatumRecord record_;
 };

@@ -4,9 +4,10 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "host/fields.h"
-#include "macro/command_text.h"
+#include "store/d2t_text.h"
 #include "store/record_frame.h"
 
 namespace vanzet {
@@ -40,11 +41,6 @@ constexpr ImportTarget kTargets[] = {
     { 3, ImportTarget::By::kSubSpindleAvailable, clamp_operation::kSubClampDevice,  clamp_operation::kCenter         },
 };
 // clang-format on
-
-/// The lines before the outline of a device.
-constexpr const char* kD2tHead[] = {
-    "[Tool]\n", "Name=000004\n", "[Mounting]\n", "Reference=G54 X0 Y0 Z0 I1 J0 K0 A90\n", "[Holder1]\n",
-};
 
 /// A header may count far more items than there are. Behind the last one the host gives empty texts without
 /// an end; so many of them in a row are no device's.
@@ -91,27 +87,22 @@ void CopySection(MillTurnVdm& source, MillTurnVdm& target, std::int32_t section)
   target.SectionCommit();
 }
 
-/// One element of the outline as a line of D2T. Its item holds a G code, X, Y, three numbers of no use here,
-/// and the radius.
-std::string OutlineLine(const std::string& item, bool isFirst, bool isLast) {
+/// An element of the outline. Its item holds a G code, X, Y, three numbers of no use here, and the radius.
+D2tElement ElementFrom(const std::string& item) {
   std::size_t position = 0;
-  std::int32_t code = 0;
+  std::int32_t gCode = 0;
   std::array<double, 6> reals = {};
-  host::ReadIntField(item, position, code, 0);
+  host::ReadIntField(item, position, gCode, 0);
   for (double& real : reals) host::ReadRealField(item, position, real, 0);
-  std::string line = isFirst ? "Contour=G0" : "        G" + macro::FormatInt(code);
-  line += " X" + macro::FormatReal(reals.front()) + " Y" + macro::FormatReal(reals[1]);
-  if (code > 1) line += " R" + macro::FormatReal(reals.back());
-  if (!isLast) line += " \\";
-  return line + "\n";
+  return {gCode, reals[0], reals[1], reals[5]};
 }
 
 void WriteD2t(MillTurnVdm& source, MillTurnVdm& target) {
   target.SectionRewrite(kD2t);
-  for (const char* const line : kD2tHead) target.ItemAdd(line);
+  for (const std::string_view line : D2tHead()) target.ItemAdd(std::string(line));
   source.SectionEnter(kOutline);
   ForEachItem(source, source.ItemCount(kOutline), [&](const std::string& item, bool isFirst, bool isLast) {
-    target.ItemAdd(OutlineLine(item, isFirst, isLast));
+    target.ItemAdd(D2tLine(ElementFrom(item), isFirst, isLast));
   });
 }
 

@@ -17,11 +17,11 @@ struct Control {
   std::string caption = {};  ///< edits: a letter or a word that stands beside it for good
   bool isEnabled = true;
   bool isVisible = true;
-  bool isChecked = false;                ///< check boxes
-  std::vector<std::string> items = {};   ///< combos
-  std::int32_t selected = -1;            ///< combos: an index in the items, -1 for none
-  bool isList = false;                   ///< combos: a person selects only and does not type
-  std::int32_t value = 0;                ///< spins, within the next two
+  bool isChecked = false;               ///< check boxes
+  std::vector<std::string> items = {};  ///< combos
+  std::int32_t selected = -1;           ///< combos: an index in the items, -1 for none
+  bool isList = false;                  ///< combos: a person selects only and does not type
+  std::int32_t value = 0;               ///< spins, within the next two
   std::int32_t least = 0;
   std::int32_t most = 0;
   std::int32_t bitmap = 0;  ///< pictures: the id of what is shown, 0 for nothing

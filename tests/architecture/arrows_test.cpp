@@ -22,8 +22,13 @@ const std::map<std::string, Folders> kModule = {
     {"macro", {"host", "macro/tables"}},
     {"store", {"base", "platform", "host", "macro", "macro/tables"}},
     {"catalogue", {"base", "platform", "host"}},
+    {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "view", "geometry"}},
+    {"dialog",
+     {"base", "platform", "host", "macro", "macro/tables", "store", "simulation", "machine", "catalogue",
+      "view"}},
+    {"host/door",
+     {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 

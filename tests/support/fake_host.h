@@ -11,6 +11,7 @@
 
 #include "host/host_functions.h"
 #include "platform/message_box.h"
+#include "support/fake_bodies.h"
 
 namespace vanzet::test {
 
@@ -25,6 +26,13 @@ class FakeHost : private platform::BoxPresenter {
     std::int32_t record = 0;   ///< the position
     std::int32_t item = 0;
     bool openElsewhere = false;
+  };
+
+  /// A vertex of a contour, with what the host's raw store says of the span that ends there.
+  struct Vertex {
+    double x, y;
+    double centreX = 0, centreY = 0;
+    std::int32_t direction = 0;
   };
 
   FakeHost();
@@ -42,6 +50,9 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::string, std::string> texts;
   std::map<std::int32_t, std::string> translations;
   std::map<std::uint32_t, Vdm> vdms;
+  std::map<std::int32_t, std::vector<Vertex>> kurves;
+  FakeBodies bodies;
+  void* structure = nullptr;        ///< what `OrvoGetStructPtr` gives, whatever is asked for
   std::vector<std::string> layers;  ///< names by number
   std::int32_t currentLayer = 0;
 
@@ -85,6 +96,13 @@ class FakeHost : private platform::BoxPresenter {
   static void* WindowOf(std::int32_t selector);
 
   std::uint32_t nextHandle = 41;
+
+  /// A contour that is read: its number, and the vertices that were.
+  struct KurveReading {
+    std::int32_t kurve;
+    std::size_t read = 0;
+  };
+  std::map<std::int32_t, KurveReading> kurveReadings;  ///< by handle, those not closed yet
 
  private:
   std::int32_t Present(const platform::MessageBox& message) override;

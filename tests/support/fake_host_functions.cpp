@@ -6,8 +6,7 @@
 #include <cstring>
 #include <sstream>
 
-#include "base/one_line.h"
-#include "support/fake_host.h"
+#include "support/fake_call.h"
 
 namespace vanzet::test {
 
@@ -19,31 +18,7 @@ struct Zero {
 
 namespace {
 
-using Int = std::int32_t;
-using Word = std::uint32_t;
-
-FakeHost& Host() {
-  return FakeHost::Current();
-}
-
-std::string Shown(const char* text) {
-  return "'" + OneLine(text) + "'";
-}
-std::string Shown(Int number) {
-  return std::to_string(number);
-}
-std::string Shown(Word number) {
-  return std::to_string(number);
-}
-
-template <class... Arguments>
-void Note(const char* name, Arguments... arguments) {
-  std::string call = std::string(name) + "(";
-  [[maybe_unused]] const char* separator = "";
-  ((call += separator + Shown(arguments), separator = ", "), ...);
-  Host().calls.push_back(call + ")");
-  if (Host().onCall) Host().onCall(name);
-}
+using namespace fake;
 
 template <class Map>
 auto Read(const Map& map, const char* name, Int* ok) {
@@ -56,6 +31,7 @@ auto Read(const Map& map, const char* name, Int* ok) {
 }  // namespace vanzet::test
 
 using namespace vanzet::test;
+using namespace vanzet::test::fake;
 
 extern "C" {
 

@@ -6,8 +6,8 @@
 
 namespace vanzet::view {
 
-/// Does one line on an open dialog: select, set, choose, press, close. A line that cannot be done does nothing,
-/// and the fault tells why.
+/// Does one line on an open dialog: select, set, choose, press, close. A line that cannot be done does
+/// nothing, and the fault tells why.
 Result<void> RunOnDialog(Dialog& dialog, const ScriptLine& line);
 
 /// The id of a node that is in the tree, from a word of a script.

@@ -131,9 +131,8 @@ void ScriptView::Refuse(const Fault& fault) {
 }
 
 Result<void> ScriptView::Answer(Dialog* /*dialog*/, const ScriptLine& line) {
-  const auto* const row = line.size() != 2
-                              ? std::end(kAnswerWords)
-                              : std::ranges::find(kAnswerWords, line[1].text, &AnswerWord::word);
+  const auto* const row = line.size() != 2 ? std::end(kAnswerWords)
+                                           : std::ranges::find(kAnswerWords, line[1].text, &AnswerWord::word);
   if (row == std::end(kAnswerWords)) return Fault{"expected 'answer yes', 'answer no' or 'answer cancel'"};
   answers_.push_back(row->answer);
   return {};

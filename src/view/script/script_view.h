@@ -15,7 +15,8 @@ namespace vanzet::view {
 
 /// Serves a person's part from a script, and writes what happens to a transcript: docs/formats/script.md.
 ///
-/// Boxes    a question takes the next queued answer; without one it gets No. A box with one button is answered
+/// Boxes    a question takes the next queued answer; without one it gets No. A box with one button is
+/// answered
 ///          OK and uses up nothing
 /// Files    a file dialog takes the next queued result; without one it is cancelled
 /// Errors   a line that cannot be done is an event of the transcript, and closes the dialog

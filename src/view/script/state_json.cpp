@@ -21,7 +21,9 @@ void AddCheck(JsonList& json, const Control& control) {
   json.Text("text", control.text).Truth("checked", control.isChecked);
 }
 void AddCombo(JsonList& json, const Control& control) {
-  json.Json("items", ItemsJson(control.items)).Number("selected", control.selected).Text("text", control.text);
+  json.Json("items", ItemsJson(control.items))
+      .Number("selected", control.selected)
+      .Text("text", control.text);
 }
 void AddSpin(JsonList& json, const Control& control) {
   json.Number("value", control.value);

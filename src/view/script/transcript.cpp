@@ -45,7 +45,8 @@ void Transcript::Box(const platform::MessageBox& message, std::int32_t answer) {
             .AsObject());
 }
 
-void Transcript::FileDialog(const platform::FileQuestion& question, const std::optional<std::string>& result) {
+void Transcript::FileDialog(const platform::FileQuestion& question,
+                            const std::optional<std::string>& result) {
   Write(Event("file-dialog")
             .Text("kind", question.kind == platform::FileQuestion::Kind::kOpen ? "open" : "save")
             .Text("filter", question.filter)
