@@ -196,10 +196,8 @@ std::string Readable(const Ran& ran) {
     const std::size_t tree = line.find(",\"tree\":");
     text += line.substr(0, tree) + "\n";
     const json state = json::parse(line);
-    for (const char* part : {"dialog", "controls"}) {
-      text += std::string("  ") + part + "\n";
-      for (const auto& [id, control] : state[part].items()) text += "    " + id + " " + control.dump() + "\n";
-    }
+    for (const auto& [id, control] : state["controls"].items())
+      text += "  " + id + " " + control.dump() + "\n";
   }
   return text;
 }

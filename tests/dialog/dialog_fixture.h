@@ -98,7 +98,7 @@ class DialogTest : public testing::Test {
   FakeHost& host = world.host;
 };
 
-/// The transcript in lines fit for a diff: a state without its tree, and a line for each control.
+/// The transcript in lines fit for a diff: of a state only the page, a line for each control.
 std::string Readable(const Ran& ran);
 
 }  // namespace vanzet::test
