@@ -12,6 +12,7 @@ void AddShow(CLI::App& app, Context& context);
 void AddItems(CLI::App& app, Context& context);
 void AddVdm(CLI::App& app, Context& context);
 void AddCommand(CLI::App& app, Context& context);
+void AddPicture(CLI::App& app, Context& context);
 void AddContour(CLI::App& app, Context& context);
 void AddCompletion(CLI::App& app, Context& context);
 

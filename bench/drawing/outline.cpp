@@ -31,7 +31,7 @@ Result<Point> Projected(const Element& point, const Element& on) {
 
 /// The corner between two elements that follow each other, chamfers left out.
 Result<Point> CornerOf(const Element& a, const Element& b) {
-  if (a.kind == Kind::kPoint && b.kind == Kind::kPoint) return b.point;
+  if (a.kind == Kind::kPoint && b.kind == Kind::kPoint) return a.point;
   if (a.kind == Kind::kPoint) return Projected(a, b);
   if (b.kind == Kind::kPoint) return Projected(b, a);
   const Point corner = geometry::Intof(a.line, b.line);

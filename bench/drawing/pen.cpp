@@ -25,7 +25,7 @@ constexpr LineStyle kLineStyles[] = {
     { "solid",   { 0, 0, 0, 0 } },
     { "dash",    { 9, 5, 9, 5 } },
     { "dashdot", { 12, 4, 2, 4 } },
-    { "dot",     { 2, 4, 2, 4 } },
+    { "dot",     { 0.6, 4.4, 0.6, 4.4 } },
 };
 // clang-format on
 

@@ -110,8 +110,8 @@ Result<Pick> Picks::Next(Pick::Kind asked) {
   Pick pick = std::move(picks_.front());
   picks_.pop_front();
   if (pick.kind == asked || pick.kind == Pick::Kind::kCancel) return pick;
-  return At(pick,
-            "a " + std::string(WordOf(asked)) + " was asked for, not a " + std::string(WordOf(pick.kind)));
+  return At(pick, "expected '" + std::string(WordOf(asked)) + "' or 'cancel', found '" +
+                      std::string(WordOf(pick.kind)) + "'");
 }
 
 }  // namespace vanzet::drawing

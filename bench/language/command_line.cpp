@@ -42,10 +42,11 @@ bool CommandLine::Take(std::string_view word) {
 }
 
 bool CommandLine::TakeMark(std::string_view mark) {
+  const std::size_t before = at_;
   PassBlanks();
-  if (!line_.substr(at_).starts_with(mark)) return false;
-  at_ += mark.size();
-  return true;
+  const bool isThere = line_.substr(at_).starts_with(mark);
+  at_ = isThere ? at_ + mark.size() : before;
+  return isThere;
 }
 
 char CommandLine::Peek() {

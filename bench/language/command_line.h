@@ -27,7 +27,7 @@ class CommandLine {
   /// Passes over blanks and then `word`, when it stands there and a blank or the end follows.
   bool Take(std::string_view word);
 
-  /// Passes over blanks and then `mark`, whatever follows.
+  /// Passes over blanks and then `mark`, whatever follows; the walk stays where it was when it is not there.
   bool TakeMark(std::string_view mark);
 
   /// The next character behind blanks, or NUL at the end.

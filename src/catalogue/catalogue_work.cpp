@@ -53,7 +53,7 @@ void ReadCatalogueAtStart(CDevice& dialogs, void* owner) {
 
 void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const std::string& valueLine,
                            void* owner, const std::function<void()>& refill) {
-  // The refill empties the text that was typed.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the refill empties what was typed
   const std::string name = typedName;
   dialogs.PutDevice(name, valueLine);
   refill();
@@ -68,6 +68,7 @@ void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const
 
 void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
                                const std::function<void()>& refill) {
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the refill empties what was typed
   const std::string name = typedName;
   if (!SaysYes(Text(733))) return;
   dialogs.RemoveDevice(name);

@@ -2,35 +2,6 @@
 
 namespace geometry {
 
-// The corners take what is beyond them, so a coordinate that is not a number changes nothing.
-void Box::Insert(const Point& p) {
-  if (min.x > p.x) min.x = p.x;
-  if (min.y > p.y) min.y = p.y;
-  if (p.x > max.x) max.x = p.x;
-  if (p.y > max.y) max.y = p.y;
-}
-
-void Box::Insert(const Box& b) {
-  if (min.x > b.min.x) min.x = b.min.x;
-  if (min.y > b.min.y) min.y = b.min.y;
-  if (b.max.x > max.x) max.x = b.max.x;
-  if (b.max.y > max.y) max.y = b.max.y;
-}
-
-void Box::Grow(double margin) {
-  const Point by(margin, margin);
-  min = min - by;
-  max = max + by;
-}
-
-bool Box::Outside(const Point& p) const {
-  return min.x > p.x || min.y > p.y || p.x > max.x || p.y > max.y;
-}
-
-bool Box::Outside(const Box& b) const {
-  return b.min.x > max.x || b.min.y > max.y || min.x > b.max.x || min.y > b.max.y;
-}
-
 Point Box::Mid() const {
   return {(min.x + max.x) * 0.5, (min.y + max.y) * 0.5};
 }

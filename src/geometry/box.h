@@ -13,11 +13,31 @@ struct Box {
   constexpr Box(const Point& mn, const Point& mx) : min(mn), max(mx) {}
 
   void Clear() { *this = Box(); }
-  void Insert(const Point& p);
-  void Insert(const Box& b);
-  void Grow(double margin);
-  bool Outside(const Point& p) const;  ///< the border is inside
-  bool Outside(const Box& b) const;    ///< disjoint; touching boxes are not
+  // The corners take what is beyond them, so a coordinate that is not a number changes nothing.
+  void Insert(const Point& p) {
+    if (min.x > p.x) min.x = p.x;
+    if (min.y > p.y) min.y = p.y;
+    if (p.x > max.x) max.x = p.x;
+    if (p.y > max.y) max.y = p.y;
+  }
+  void Insert(const Box& b) {
+    if (min.x > b.min.x) min.x = b.min.x;
+    if (min.y > b.min.y) min.y = b.min.y;
+    if (b.max.x > max.x) max.x = b.max.x;
+    if (b.max.y > max.y) max.y = b.max.y;
+  }
+  void Grow(double margin) {
+    min.x -= margin;
+    min.y -= margin;
+    max.x += margin;
+    max.y += margin;
+  }
+  bool Outside(const Point& p) const {  ///< the border is inside
+    return min.x > p.x || min.y > p.y || p.x > max.x || p.y > max.y;
+  }
+  bool Outside(const Box& b) const {  ///< disjoint; touching boxes are not
+    return b.min.x > max.x || b.min.y > max.y || min.x > b.max.x || min.y > b.max.y;
+  }
   Point Mid() const;
   double Width() const { return max.x - min.x; }
   double Height() const { return max.y - min.y; }

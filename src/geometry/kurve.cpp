@@ -18,6 +18,12 @@ Kurve::Kurve(const Kurve& k) : Matrix(k) {
   CopyVertices(k);
 }
 
+Kurve::Kurve(Kurve&& k) noexcept : Matrix(k) {
+  TakeVertices(k);
+  reversed = k.reversed;
+  k.Clear();
+}
+
 Kurve::Kurve(const KurveEx& k) {
   if (k.spans.empty() && k.start.ok) Start(k.start);
   for (const Span& span : k.spans) Add(span, true);
@@ -40,6 +46,15 @@ Kurve& Kurve::operator=(const Kurve& k) {
   DropVertices();
   Matrix::operator=(k);
   CopyVertices(k);
+  return *this;
+}
+
+Kurve& Kurve::operator=(Kurve&& k) noexcept {
+  if (this == &k) return *this;
+  Matrix::operator=(k);
+  TakeVertices(k);
+  reversed = k.reversed;
+  k.Clear();
   return *this;
 }
 

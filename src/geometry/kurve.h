@@ -37,6 +37,9 @@ class Kurve : public Matrix {
 
   Kurve();
   Kurve(const Kurve& k);
+  /// These leave `k` empty.
+  Kurve(Kurve&& k) noexcept;
+  Kurve& operator=(Kurve&& k) noexcept;
   /// The spans as they are stored, with null spans, under the same `reversed`.
   explicit Kurve(const KurveEx& k);
   /// The circle about `c` in direction `dir`, two half circles from (c.x + r, c.y), all of ID
@@ -105,9 +108,19 @@ class Kurve : public Matrix {
   bool Split(double minimumRadius, double chordTolerance);
   bool operator==(const Kurve& k) const;
 
-  // Offsetting.
+  /// Appends a new contour, which is the caller's, made by `OffsetMethod1`, and returns its code. Throws
+  /// L"Requested Offsetting Method not available" unless the method is 0 or 1.
   int Offset(std::vector<Kurve*>& list, double offset, int direction, int method) const;
+  /// The contour at distance `offset`, in direction 1 to the left for a positive offset, under the same
+  /// matrix. Method 0 stops at the raw offset, 1 has its loops removed and the result checked. Returns the
+  /// code of geometry/offset.h; with code 1 the target is not touched. Roll arcs have the ID ROLL_AROUND.
+  /// Throws L"Illegal Call - 'this' must not be kOffset", and what `SetProperties` throws; the target is then
+  /// as it was.
   int OffsetMethod1(Kurve& kOffset, double offset, int direction, int method) const;
+  /// Moves all spans, extends neighbours to their crossing and leaves everything else: no roll arcs, no
+  /// removal of loops. Arcs tangent to both neighbours are fitted in between them again, unless a neighbour
+  /// is an arc too or, `byRadius`, an arc of smaller radius. The result is untransformed, the code always 1.
+  /// Uses `scratchSpanPair`.
   int OffsetMethod2(Kurve& kOffset, double offset, int direction, bool byRadius) const;
 
  private:

@@ -1,25 +1,13 @@
 #include "geometry/kurveex.h"
 
-#include "geometry/intersect.h"
-
 /// Building of working contours, with their running totals.
 namespace geometry {
-namespace {
-
-/// The centre of an arc, moved onto the bisector of its chord, so that both ends are equally far from it.
-Point CentreOnBisector(const Span& arc) {
-  Vector2d chord(arc.p0, arc.p1);
-  if (chord.Normalise() == 0.0) return arc.pc;
-  const Point middle((arc.p0.x + arc.p1.x) * 0.5, (arc.p0.y + arc.p1.y) * 0.5);
-  return On(CLine(middle, chord.LeftNormal(), false), arc.pc);
-}
-
-}  // namespace
-
 KurveEx::~KurveEx() = default;
 KurveEx::KurveEx() = default;
 KurveEx::KurveEx(const KurveEx& k) = default;
 KurveEx& KurveEx::operator=(const KurveEx& k) = default;
+KurveEx::KurveEx(KurveEx&& k) noexcept = default;
+KurveEx& KurveEx::operator=(KurveEx&& k) noexcept = default;
 
 KurveEx::KurveEx(const Kurve& k) {
   Span span;
@@ -76,7 +64,7 @@ Point KurveEx::StoredEnd() const {
 bool KurveEx::Add(const Span& span, bool addNullSpans) {
   Span added = span;
   if (!spans.empty()) added.p0 = spans.back().p1;
-  if (added.dir != LINEAR) added.pc = CentreOnBisector(added);
+  if (added.dir != LINEAR) added.pc = added.CentreOnBisector();
   added.SetProperties();
   if (!addNullSpans && added.NullSpan) return false;
   if (!start.ok) {
@@ -186,7 +174,7 @@ void KurveEx::MoveStart(const Point& p) {
   Span& first = spans.front();
   CountIn(first, -1);
   first.p0 = p;
-  if (first.dir != LINEAR) first.pc = CentreOnBisector(first);
+  if (first.dir != LINEAR) first.pc = first.CentreOnBisector();
   first.SetProperties();
   CountIn(first, 1);
   start = p;

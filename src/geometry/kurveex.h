@@ -33,6 +33,9 @@ class KurveEx {
   KurveEx();
   KurveEx(const KurveEx& k);
   KurveEx& operator=(const KurveEx& k);
+  /// These leave `k` without spans but otherwise as it was; only clear it, start it or assign to it.
+  KurveEx(KurveEx&& k) noexcept;
+  KurveEx& operator=(KurveEx&& k) noexcept;
   /// The spans of `k` in reading order under its matrix. Each takes the ID of the vertex where it begins.
   explicit KurveEx(const Kurve& k);
   KurveEx(const Point& c, double r, int dir);  ///< as `SetAsCircle`
@@ -110,11 +113,24 @@ class KurveEx {
   /// The contour beginning at `p` on that span: a closed one goes all the way round, an open one is cut.
   bool ReplaceStart(int spanNumber, const Point& p, KurveEx& out) const;
 
-  // Offsetting.
+  /// The contour at distance `offset`, in direction 1 to the left for a positive offset, in direction -1 to
+  /// the right. `flags` 0 stops at the raw offset; any other value has its loops removed, unless `keepLoops`,
+  /// and the result checked; UNMARKED (bit 28) also has the small roll arcs removed, see below. Returns the
+  /// code of geometry/offset.h. An offset below `TOLERANCE` copies.
+  ///
+  /// A span keeps its number as ID; the roll arc before span i has i | ROLL_AROUND, and a roll arc in the
+  /// place of a null span the number of that span alone.
+  ///
+  /// Throws L"Illegal Call - 'this' must not be kOffset", and what `SetProperties` throws; `kOffset` is then
+  /// as it was.
   int Offset(KurveEx& kOffset, double offset, int direction, std::uint32_t flags, double rollAngle,
              bool keepLoops = false) const;
+  /// The same as a new contour; null for every code but 0.
   std::unique_ptr<KurveEx> Offset(double offset, int direction, std::uint32_t flags, double rollAngle) const;
   std::unique_ptr<KurveEx> Offset(double offset, int direction) const;
+  /// Replaces roll arcs by the crossing of their neighbours; false, and nothing done, without roll arcs. An
+  /// arc stays when it sweeps more than a full turn less `rollAngle` (degrees), next to another roll arc,
+  /// where the neighbours do not cross, and, as it was made for that, where it is tangent to one of them.
   bool RemoveRollArounds(double rollAngle, KurveEx& out) const;
 
   /// How often the contour, lines only, goes round `p` anticlockwise; lower ends of spans count, upper ones

@@ -6,22 +6,6 @@
 
 namespace geometry {
 
-bool NearEqual(double a, double b, double t) {
-  return t >= std::fabs(a - b);
-}
-bool NearZero(double a, double t) {
-  return t >= std::fabs(a);
-}
-bool Different(double a, double b, double t) {
-  return std::fabs(a - b) > t;
-}
-bool NonZero(double a, double t) {
-  return std::fabs(a) > t;
-}
-bool LessOrNear(double a, double b, double t) {
-  return b + t > a || NearEqual(a, b, t);
-}
-
 double SafeSqrt(double x) {
   return x < TOLERANCE ? 0.0 : std::sqrt(x);
 }

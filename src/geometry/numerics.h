@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "geometry/units.h"
 
 /// Comparisons and guarded functions. Which comparisons are strict is part of the contract: two results that
@@ -9,11 +11,21 @@ namespace geometry {
 inline constexpr double PI = 3.14159265358979323846;
 inline constexpr double RADIANS_PER_DEGREE = 0.017453292519943295;
 
-bool NearEqual(double a, double b, double t);   ///< t >= |a - b|
-bool NearZero(double a, double t);              ///< t >= |a|
-bool Different(double a, double b, double t);   ///< |a - b| > t
-bool NonZero(double a, double t);               ///< |a| > t
-bool LessOrNear(double a, double b, double t);  ///< b + t > a, or near equal
+inline bool NearEqual(double a, double b, double t) {
+  return t >= std::fabs(a - b);
+}
+inline bool NearZero(double a, double t) {
+  return t >= std::fabs(a);
+}
+inline bool Different(double a, double b, double t) {
+  return std::fabs(a - b) > t;
+}
+inline bool NonZero(double a, double t) {
+  return std::fabs(a) > t;
+}
+inline bool LessOrNear(double a, double b, double t) {
+  return b + t > a || NearEqual(a, b, t);
+}
 
 /// The root, and 0 when `x` itself (not its root) is below `TOLERANCE`.
 double SafeSqrt(double x);

@@ -41,16 +41,8 @@ Point Point::Transform(const Matrix& m) const {
   return moved;
 }
 
-bool Point::operator==(const Point& p) const {
-  return !Different(x, p.x, TOLERANCE) && !Different(y, p.y, TOLERANCE);
-}
-
 bool Point::Equal(const Point& p, double t) const {
   return NearEqual(x, p.x, t) && NearEqual(y, p.y, t);
-}
-
-double Dist(const Point& a, const Point& b) {
-  return Vector2d(a, b).Magnitude();
 }
 
 Point3d Point3d::Transform(const Matrix& m) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "geometry/numerics.h"
 
 /// Points and vectors of the plane and of space: plain values, lengths in the current unit, angles in
@@ -26,10 +28,19 @@ struct Vector2d {
   /// Throws L"Converting Vector3d to Vector2d illegal" when |dz| is above `TIGHT_TOLERANCE`.
   explicit Vector2d(const Vector3d& v);
 
-  double Magnitude() const;
+  double Magnitude() const { return std::sqrt(dx * dx + dy * dy); }
   /// Makes the length 1 and returns the former one; shorter than `TIGHT_TOLERANCE` becomes null, and 0
   /// returned.
-  double Normalise();
+  double Normalise() {
+    const double length = Magnitude();
+    if (length < TIGHT_TOLERANCE) {
+      *this = Vector2d();
+      return 0.0;
+    }
+    dx /= length;
+    dy /= length;
+    return length;
+  }
   /// Then also makes components next to 0 (`TIGHT_TOLERANCE`), 1 and -1 (`TOLERANCE`) exact.
   double NormaliseClean();
   Vector2d LeftNormal() const { return {-dy, dx}; }
@@ -130,7 +141,9 @@ struct Point {
   Point& operator*=(double f);             ///< leaves `ok`
   Point Transform(const Matrix& m) const;  ///< leaves `ok`
   /// Each coordinate within `TOLERANCE`; `ok` is not compared.
-  bool operator==(const Point& p) const;
+  bool operator==(const Point& p) const {
+    return !Different(x, p.x, TOLERANCE) && !Different(y, p.y, TOLERANCE);
+  }
   bool Equal(const Point& p, double t) const;
 };
 
@@ -152,7 +165,9 @@ constexpr Point operator-(const Point& a, const Point& b) {
   return {a.x - b.x, a.y - b.y};
 }
 Point operator*(const Point& p, double f);  ///< leaves `ok`
-double Dist(const Point& a, const Point& b);
+inline double Dist(const Point& a, const Point& b) {
+  return Vector2d(a, b).Magnitude();
+}
 
 struct Point3d {
   double x = 0, y = 0, z = 0;

@@ -145,23 +145,25 @@ Span Span::Reversed() const {
 }
 
 Span Span::Offset(double off) const {
-  NeedProperties();
   Span moved = *this;
-  if (NearZero(off, TIGHT_TOLERANCE) || NullSpan) return moved;
-  moved.p0 = p0 + vs.LeftNormal() * off;
-  moved.p1 = p1 + ve.LeftNormal() * off;
-  if (dir == LINEAR || radius - dir * off > TOLERANCE) {
-    moved.SetProperties();
-    return moved;
-  }
-  // Shrunk to the centre or beyond it. `SetProperties` would see an arc turned inside out, or a line.
-  moved.dir = LINEAR;
-  moved.NullSpan = true;
-  moved.pc = moved.p0;
-  moved.length = moved.radius = moved.angle = 0.0;
-  moved.box.Clear();
-  moved.Box(moved.box, true);
+  moved.MoveSideways(off);
   return moved;
+}
+
+void Span::MoveSideways(double off) {
+  NeedProperties();
+  if (NearZero(off, TIGHT_TOLERANCE) || NullSpan) return;
+  const bool stays = dir == LINEAR || radius - dir * off > TOLERANCE;
+  p0 = p0 + vs.LeftNormal() * off;
+  p1 = p1 + ve.LeftNormal() * off;
+  if (stays) return SetProperties();
+  // Shrunk to the centre or beyond it. `SetProperties` would see an arc turned inside out, or a line.
+  dir = LINEAR;
+  NullSpan = true;
+  pc = p0;
+  length = radius = angle = 0.0;
+  box.Clear();
+  Box(box, true);
 }
 
 bool Span::operator==(const Span& s) const {

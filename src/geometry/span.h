@@ -74,6 +74,8 @@ class Span {
   Span Reversed() const;
 
   Point Mid() const;
+  /// The centre of an arc, moved onto the bisector of its chord, so that both ends are equally far from it.
+  Point CentreOnBisector() const;
   Point Along(double d) const;
   Point AlongFraction(double f) const;
   Vector2d Tangent(double t) const;
@@ -99,6 +101,7 @@ class Span {
   /// The span moved to the left by `off`. An arc that has shrunk away becomes a null span between the moved
   /// ends.
   Span Offset(double off) const;
+  void MoveSideways(double off);  ///< the same in place
 
   /// The nearest point of the whole line or circle; `t` is its distance along the span.
   Point Near(const Point& p, double& t) const;

@@ -39,6 +39,13 @@ Point Span::Mid() const {
   return Intof(dir == CW ? -1 : 1, CLine(middle, chord.LeftNormal(), true), Circle(pc, radius));
 }
 
+Point Span::CentreOnBisector() const {
+  Vector2d chord(p0, p1);
+  if (chord.Normalise() == 0.0) return pc;
+  const Point middle((p0.x + p1.x) * 0.5, (p0.y + p1.y) * 0.5);
+  return geometry::On(CLine(middle, chord.LeftNormal(), false), pc);
+}
+
 Point Span::Along(double d) const {
   NeedProperties();
   if (NullSpan) return p0;

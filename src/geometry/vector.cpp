@@ -32,21 +32,6 @@ Vector2d::Vector2d(const Vector3d& v) : dx(v.dx), dy(v.dy) {
   if (NonZero(v.dz, TIGHT_TOLERANCE)) throw L"Converting Vector3d to Vector2d illegal";
 }
 
-double Vector2d::Magnitude() const {
-  return std::sqrt(dx * dx + dy * dy);
-}
-
-double Vector2d::Normalise() {
-  const double length = Magnitude();
-  if (length < TIGHT_TOLERANCE) {
-    *this = Vector2d();
-    return 0.0;
-  }
-  dx /= length;
-  dy /= length;
-  return length;
-}
-
 double Vector2d::NormaliseClean() {
   const double length = Normalise();
   dx = Cleaned(dx);

@@ -18,8 +18,9 @@ struct BilletDrawing {
 };
 
 /// Has the host renew the picture of a spindle's billet: the figure "BilletM" or "BilletS", magenta, in a
-/// layer of its own. It shows the outline of bar or blank, its bore, and a cross line at each station: the
-/// part's front face, its end, and for a bar the end behind the rear allowance.
+/// layer of its own. It shows the outline of bar or blank, its bore, and cross lines: at the part's front
+/// face when there is an allowance before it, at its end when there is one behind it, and for a bar where the
+/// part is cut off.
 ///
 ///   spindle  1 is the sub spindle, all else the main spindle
 ///   z        where the front face lies along the spindle

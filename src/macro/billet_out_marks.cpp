@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/numbers.h"
 #include "host/bridge.h"
-#include "host/fields.h"
 #include "host/macro_variables.h"
 #include "macro/command_text.h"
 #include "macro/drawing_state.h"
@@ -35,9 +35,7 @@ bool AreMarksWanted() {
   SendLine("env 'HideBilletOut' $_return");
   std::string text;
   OrvoApi::GetGlobalStrVar("$_return", text);
-  std::int32_t value = 0;
-  host::ParseIntPrefix(text, value);
-  return value != 0;
+  return IntegerOrZero(text) != 0;
 }
 
 /// The line keeps its number and goes with its layer.

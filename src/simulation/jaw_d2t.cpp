@@ -1,11 +1,14 @@
 #include "simulation/jaw_d2t.h"
 
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <string>
 
 #include "host/host_functions.h"
 #include "macro/device_contour.h"
 #include "simulation/device_operations.h"
+#include "simulation/kurve_reading.h"
 #include "store/d2t_text.h"
 
 namespace vanzet {
@@ -20,16 +23,18 @@ class Vertices {
  public:
   explicit Vertices(std::int32_t handle) : handle_(handle) {}
 
-  /// The step to the next vertex. The way to the first one has no code; a direction that nobody knows goes
-  /// on as the step before it.
-  D2tElement Next() {
-    double x = 0, y = 0, z = 0, centreX = 0, centreY = 0;
+  /// The step to the next vertex; nothing when the host gives none. The way to the first one has no code; a
+  /// direction that nobody knows goes on as the step before it.
+  std::optional<D2tElement> Next() {
+    constexpr double kUntouched = std::numeric_limits<double>::quiet_NaN();
+    double x = kUntouched, y = kUntouched, z = 0, centreX = 0, centreY = 0;
     std::int32_t direction = 0;
     hostFunctions.OrvoGetSpn(&x, &y, &z, &centreX, &centreY, &direction, handle_);
+    if (std::isnan(x) && std::isnan(y)) return std::nullopt;
     gCode_ = isFirst_ ? 0 : GCodeOf(direction);
     isFirst_ = false;
     // The radius is taken from the end point; the host is not asked for it.
-    return {gCode_, x, y, std::sqrt((x - centreX) * (x - centreX) + (y - centreY) * (y - centreY))};
+    return D2tElement{gCode_, x, y, std::sqrt((x - centreX) * (x - centreX) + (y - centreY) * (y - centreY))};
   }
 
  private:
@@ -50,14 +55,16 @@ class Vertices {
 void StoreContour(BilletVdm& definition) {
   const std::int32_t spans = hostFunctions.OrvoFindNoOfSpansFromKurveNo(kJawContour);
   if (spans < 1) return;
-  const std::int32_t handle = hostFunctions.OrvoVdmExist(kJawContour, 1, 33, 2);
-  if (handle < 1) return;
+  simulation::KurveReading contour(hostFunctions.OrvoVdmExist(kJawContour, 1, 33, 2));
+  if (!contour.IsOpen()) return;
   for (const std::string_view line : D2tHead()) definition.ItemAdd(std::string(line));
-  Vertices vertices(handle);
-  for (std::int32_t i = 0; i <= spans; ++i) {
-    definition.ItemAdd(D2tLine(vertices.Next(), i == 0, i == spans));
+  Vertices vertices(contour.handle());
+  for (std::int64_t i = 0; i <= spans; ++i) {
+    const std::optional<D2tElement> element = vertices.Next();
+    if (!element) break;
+    definition.ItemAdd(D2tLine(*element, i == 0, i == spans));
   }
-  hostFunctions.OrvoVdmClose(handle);
+  contour.Close();
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "host/host_functions.h"
 #include "macro/command_text.h"
 #include "simulation/device_operations.h"
+#include "simulation/kurve_reading.h"
 
 namespace vanzet {
 namespace {
@@ -61,12 +62,13 @@ void ForEachVertex(std::int32_t handle, Take take) {
 }
 
 void CopyOutline(BilletVdm& definition, std::int32_t kurveNumber) {
-  const std::int32_t handle = hostFunctions.OrvoVdmOpen(kurveNumber, 1, 2);
-  if (handle < 1) return;
-  // The host is used to being read through once before the vertices are taken.
-  ForEachVertex(handle, [](const RawVertex&) {});
-  ForEachVertex(handle, [&definition](const RawVertex& vertex) { definition.ItemAdd(SpanLine(vertex)); });
-  hostFunctions.OrvoVdmClose(handle);
+  simulation::KurveReading contour(hostFunctions.OrvoVdmOpen(kurveNumber, 1, 2));
+  if (!contour.IsOpen()) return;
+  // The first pass has no outcome; it belongs to the order of calls that hosts expect.
+  ForEachVertex(contour.handle(), [](const RawVertex&) {});
+  ForEachVertex(contour.handle(),
+                [&definition](const RawVertex& vertex) { definition.ItemAdd(SpanLine(vertex)); });
+  contour.Close();
 }
 
 }  // namespace

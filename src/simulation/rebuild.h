@@ -25,7 +25,7 @@ void BuildSpunDevice(std::int32_t spur, std::int32_t spindle, bool subSpindleAva
                      const DeviceParams& device);
 
 /// The generators for callers that hold no open definition: 0 when the definition of that spur was there and
-/// the generator returned true, else -1. A `spindle` of 1 is the sub spindle.
+/// the generator returned true, else -1. A `spindle` of 0 is the main spindle, all else the sub spindle.
 std::int32_t RebuildSimulation(std::int32_t spur, std::int32_t spindle);
 std::int32_t StoreDeviceVrmlFor(std::int32_t spur, std::int32_t spindle, bool subSpindleAvailable,
                                 std::int32_t type, const std::string& path, double offset);

@@ -170,9 +170,9 @@ TEST_F(Saving, OfAReadOnlyFileLeavesItAlone) {
 
 TEST_F(Saving, ReplacesEveryMarkOfTheTextByThePath) {
   host.translations[1170] = "# fehlt: #?";
-  dialogs.SetPath("/no#where.cld");
+  dialogs.SetPath("no#folder/a.cld");
   Save("Collet", "2 3");
-  EXPECT_EQ(host.TakeBoxes().at(0), "|/no#where.cld fehlt: /no#where.cld?|36");
+  EXPECT_EQ(host.TakeBoxes().at(0), "|no#folder/a.cld fehlt: no#folder/a.cld?|36");
 }
 
 TEST_F(Saving, IntoAnOddListAppends) {
@@ -241,13 +241,13 @@ TEST_F(Starting, MakesAFileThatWasChosenTheProjects) {
   const std::string other = (world.folder / "other.cld").string();
   WriteBytes(other, "Theirs\n2 9\n");
   CDevice device;
-  device.SetPath("/nowhere.cld");
+  device.SetPath("/nowhere/a.cld");
   host.answers = {kYes, kYes};
-  files.choices = {"/still nowhere.cld", other};
+  files.choices = {"/nowhere/still.cld", other};
   ReadCatalogueAtStart(device, &window);
-  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox("/nowhere.cld"), SearchBox("/still nowhere.cld")));
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox("/nowhere/a.cld"), SearchBox("/nowhere/still.cld")));
   EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"),
-              ElementsAre("OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '/still nowhere.cld'')",
+              ElementsAre("OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '/nowhere/still.cld'')",
                           "OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '" + other + "'')"));
   EXPECT_THAT(Names(device, 2), ElementsAre("Theirs"));
   EXPECT_EQ(files.asked.at(0).owner, &window);
@@ -255,7 +255,7 @@ TEST_F(Starting, MakesAFileThatWasChosenTheProjects) {
 
 TEST_F(Starting, GoesOnWithoutDevicesAfterNoOrCancel) {
   CDevice device;
-  device.SetPath("/nowhere.cld");
+  device.SetPath("/nowhere/a.cld");
   ReadCatalogueAtStart(device, nullptr);
   EXPECT_THAT(files.asked, IsEmpty());
   host.answers = {kYes};
@@ -268,11 +268,11 @@ TEST_F(Starting, GoesOnWithoutDevicesAfterNoOrCancel) {
 TEST_F(Starting, HasTextsInTheUsersLanguage) {
   host.translations = {{1170, "# suchen?"}, {723, "Ersetzen?"}, {733, "Weg damit?"}};
   CDevice device;
-  device.SetPath("/nowhere.cld");
+  device.SetPath("/nowhere/a.cld");
   ReadCatalogueAtStart(device, nullptr);
   Save("Chuck", "1");
   Delete("Chuck");
-  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|/nowhere.cld suchen?|36", "|Ersetzen?|4", "|Weg damit?|4"));
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|/nowhere/a.cld suchen?|36", "|Ersetzen?|4", "|Weg damit?|4"));
 }
 
 class EveryCall : public testing::TestWithParam<Failure> {};

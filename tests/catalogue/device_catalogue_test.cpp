@@ -18,6 +18,24 @@ using testing::StartsWith;
 
 const std::string kTwo = "Chuck 1\n1 100.0 50.0\nJaw\n9 30.0 20.0\n";
 
+/// docs/formats/catalogue.md, whose example is what is written.
+TEST(CataloguePage, ShowsTheFileAsItIsWritten) {
+  CatalogueWorld world;
+  CDevice device;
+  const std::pair<const char*, DeviceParams> devices[] = {
+      {"Chuck 160", {.type = 1, .A = 80, .B = 90, .C = 22.5}},
+      {"Soft jaw", {.type = 9, .A = 38, .B = 62, .C = 12, .D = 24}},
+      {"Own chuck", {.type = 103, .B = 55}}};
+  for (const auto& [name, params] : devices) {
+    std::string line;
+    PackDeviceParams(params, line);
+    device.PutDevice(name, line);
+  }
+  ASSERT_TRUE(device.WriteFile());
+  EXPECT_THAT(ReadBytes(VANZET_SOURCE_DIR "/docs/formats/catalogue.md"),
+              testing::HasSubstr("```\n" + ReadBytes(world.file) + "```\n"));
+}
+
 class DevicePath : public CatalogueTest {};
 
 TEST_F(DevicePath, IsThatOfTheProject) {

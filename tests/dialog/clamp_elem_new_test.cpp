@@ -11,7 +11,9 @@ using testing::IsEmpty;
 
 class ClampElemNew : public DialogTest {
  protected:
-  ClampElemNew() { WriteBytes(world.catalogue, "Chuck 1\n1 80 90 20\nJaw 1\n5 1 2 3 4 5 6 7 8\nChuck 2\n1 1 2 3\n"); }
+  ClampElemNew() {
+    WriteBytes(world.catalogue, "Chuck 1\n1 80 90 20\nJaw 1\n5 1 2 3 4 5 6 7 8\nChuck 2\n1 1 2 3\n");
+  }
 
   std::string File() { return ReadBytes(world.catalogue); }
 
@@ -24,7 +26,8 @@ class ClampElemNew : public DialogTest {
     std::string script = "select " + std::to_string(node) + "\nset 2123 New\n";
     for (const auto& [letter, edit] : edits) {
       const bool isOpen = page.Control(edit)["enabled"];
-      if (isOpen && leftOut.find(letter) == std::string::npos) script += "set " + std::to_string(edit) + " 1\n";
+      if (isOpen && leftOut.find(letter) == std::string::npos)
+        script += "set " + std::to_string(edit) + " 1\n";
     }
     return Run(script + "press 2152\nstate\n");
   }
@@ -47,8 +50,9 @@ TEST_F(ClampElemNew, HasAPictureForEachTypeAndNoneForTheBranches) {
 TEST_F(ClampElemNew, SavesANewDeviceAndEmptiesTheName) {
   const Ran ran = Run("select 36\nset 2123 \"Chuck 3\"\nset 2033 5\nset 2034 6,5\npress 2152\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "closed end-of-script"));
-  EXPECT_TRUE(File().ends_with("Chuck 2\n1 1 2 3\nChuck 3\n1 0.000000 5.000000 6.500000 0.000000 0.000000 0.000000 "
-                               "0.000000 0.000000 0.000000 0.000000\n"))
+  EXPECT_TRUE(
+      File().ends_with("Chuck 2\n1 1 2 3\nChuck 3\n1 0.000000 5.000000 6.500000 0.000000 0.000000 0.000000 "
+                       "0.000000 0.000000 0.000000 0.000000\n"))
       << File() << "A may stay 0";
   EXPECT_EQ(ran.TextOf(2123), "");
   EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 1", "Chuck 2", "Chuck 3"}));
@@ -80,9 +84,10 @@ TEST_F(ClampElemNew, NeedsAName) {
 
 TEST_F(ClampElemNew, StopsAtWhatIsNoNumber) {
   for (const char* button : {"2152", "2127"}) {
-    EXPECT_THAT(Run(std::string("select 36\nset 2123 \"Chuck 1\"\nset 2031 x\npress ") + button + "\n").events,
-                ElementsAre("focus 2158", "box 0 [Equipment Definition] Please enter a number.", "focus 2031",
-                            "closed end-of-script"));
+    EXPECT_THAT(
+        Run(std::string("select 36\nset 2123 \"Chuck 1\"\nset 2031 x\npress ") + button + "\n").events,
+        ElementsAre("focus 2158", "box 0 [Equipment Definition] Please enter a number.", "focus 2031",
+                    "closed end-of-script"));
   }
 }
 
@@ -113,13 +118,15 @@ TEST_F(ClampElemNew, AsksForTheFirstMissingValue) {
 
 TEST_F(ClampElemNew, AsksBeforeItOverwritesADeviceOfTheFile) {
   const Ran ran = Run("select 36\nchoose 2123 0\nset 2031 81\nanswer yes\npress 2152\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 4 Name already exist. Overwrite? -> 6", "closed end-of-script"));
+  EXPECT_THAT(ran.events,
+              ElementsAre("focus 2158", "box 4 Name already exist. Overwrite? -> 6", "closed end-of-script"));
   EXPECT_TRUE(File().starts_with("Chuck 1\n1 81.000000 ")) << File();
 }
 
 TEST_F(ClampElemNew, ANoLeavesTheFileAndKeepsTheValuesUntilTheDialogIsClosed) {
   const std::string before = File();
-  const Ran ran = Run("select 36\nchoose 2123 0\nset 2031 81\nanswer no\npress 2152\nselect 36\nchoose 2123 0\nstate\n");
+  const Ran ran =
+      Run("select 36\nchoose 2123 0\nset 2031 81\nanswer no\npress 2152\nselect 36\nchoose 2123 0\nstate\n");
   EXPECT_EQ(File(), before);
   EXPECT_EQ(ran.TextOf(2031), "81");
   EXPECT_EQ(Run("select 36\nchoose 2123 0\nstate\n").TextOf(2031), "80");
@@ -132,7 +139,8 @@ TEST_F(ClampElemNew, TellsNamesApartByCase) {
 
 TEST_F(ClampElemNew, DeletesADeviceAfterAQuestion) {
   const Ran ran = Run("select 36\nchoose 2123 0\npress 2127\nanswer yes\npress 2127\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 4 Delete? -> 7", "box 4 Delete? -> 6", "closed end-of-script"));
+  EXPECT_THAT(ran.events,
+              ElementsAre("focus 2158", "box 4 Delete? -> 7", "box 4 Delete? -> 6", "closed end-of-script"));
   EXPECT_EQ(File(), "Jaw 1\n5 1 2 3 4 5 6 7 8\nChuck 2\n1 1 2 3\n");
   EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 2"}));
   EXPECT_EQ(ran.TextOf(2123), "");
@@ -146,8 +154,8 @@ TEST_F(ClampElemNew, DeletesByATypedNameAndNothingWithoutOne) {
 
 TEST_F(ClampElemNew, AMissingFileLeadsToASearch) {
   const std::string other = (world.folder / "other.cld").string();
-  const std::string searched =
-      "box 36 Could not find clampdevice file " + world.catalogue.string() + "! Do you want to search for it?";
+  const std::string searched = "box 36 Could not find clampdevice file " + world.catalogue.string() +
+                               "! Do you want to search for it?";
   WriteBytes(other, "Collet 9\n2 1 2 3\n");
   // The file goes after the dialog has read it.
   host.onCall = [&](const std::string& name) {
@@ -155,8 +163,10 @@ TEST_F(ClampElemNew, AMissingFileLeadsToASearch) {
   };
   const Ran ran =
       Run("select 36\nset 2123 X\nset 2033 5\nset 2034 6\nanswer yes\nfile \"" + other + "\"\npress 2152\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", searched + " -> 6", "open " + other, "closed end-of-script"));
-  EXPECT_TRUE(ReadBytes(other).starts_with("Collet 9\n2 1 2 3\nX\n1 0.000000 5.000000 6.000000 ")) << ReadBytes(other);
+  EXPECT_THAT(ran.events,
+              ElementsAre("focus 2158", searched + " -> 6", "open " + other, "closed end-of-script"));
+  EXPECT_TRUE(ReadBytes(other).starts_with("Collet 9\n2 1 2 3\nX\n1 0.000000 5.000000 6.000000 "))
+      << ReadBytes(other);
 }
 
 TEST_F(ClampElemNew, AnOddCatalogueFillsTheListAsFarAsItGoes) {

@@ -33,8 +33,7 @@ class ClampElem : public DialogTest {
 
   /// A prepared device's file with these facts.
   void OwnFile(const std::string& path, const std::string& facts) {
-    world.files[path] = {{"2 1 0"},
-                         {"2 1 4 1 2 1 0", "Label", "#VRML V2.0 utf8\n", "}\n", facts}};
+    world.files[path] = {{"2 1 0"}, {"2 1 4 1 2 1 0", "Label", "#VRML V2.0 utf8\n", "}\n", facts}};
   }
   void HoldsAChuckWithAJaw() {
     Item(1, 2) = "Chuck 1";
@@ -127,7 +126,8 @@ TEST_F(ClampElem, JawsAndCentresSuitTheirsAlone) {
   for (int type = 1; type <= 116; ++type) {
     Item(1, 6) = Item(10, 3) = std::to_string(type) + " 1 7";
     const Ran ran = Run("select 4\nstate\nselect 15\nstate\n");
-    EXPECT_EQ(ran.states[0]["controls"]["2033"]["text"], testing::Value(jaws, Contains(type)) ? "7" : "0") << type;
+    EXPECT_EQ(ran.states[0]["controls"]["2033"]["text"], testing::Value(jaws, Contains(type)) ? "7" : "0")
+        << type;
     EXPECT_EQ(ran.states[1]["controls"]["2033"]["text"], testing::Value(centres, Contains(type)) ? "7" : "0")
         << type;
     if (type == 16) type = 100;
@@ -158,7 +158,8 @@ TEST_F(ClampElem, ADeviceThatTheShopDoesNotKnowCanBeChosen) {
 TEST_F(ClampElem, ADeviceOfTheCatalogueCarriesTheDefinitionsValuesUntilTheDialogIsClosed) {
   Item(1, 2) = "Chuck 2";
   Item(1, 3) = "1 7 8 9";
-  const Ran ran = Run("select 3\nchoose 2124 0\nchoose 2124 1\nstate\nselect 36\nchoose 2123 \"Chuck 2\"\nstate\n");
+  const Ran ran =
+      Run("select 3\nchoose 2124 0\nchoose 2124 1\nstate\nselect 36\nchoose 2123 \"Chuck 2\"\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2031"]["text"], "7");
   EXPECT_EQ(ran.TextOf(2031), "7");
   EXPECT_EQ(ReadBytes(world.catalogue), kCatalogue);
@@ -248,7 +249,8 @@ TEST_F(ClampElem, StoresAJawWithItsOptions) {
 
 TEST_F(ClampElem, TheSpinFollowsItsEditAsLongAsItHoldsACountOfJaws) {
   Item(1, 4) = "1 7";
-  const Ran ran = Run("select 4\nset 2180 2\nstate\nset 2180 x\nstate\nset 2180 16\nstate\nset 2181 4\nstate\n");
+  const Ran ran =
+      Run("select 4\nset 2180 2\nstate\nset 2180 x\nstate\nset 2180 16\nstate\nset 2181 4\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2181"]["value"], 7);
   EXPECT_EQ(ran.states[1]["controls"]["2181"]["value"], 7);
   EXPECT_EQ(ran.states[2]["controls"]["2181"]["value"], 16);
@@ -350,7 +352,8 @@ TEST_F(ClampElem, RefusesADeviceOfAnotherClass) {
   };
   for (const int node : {3, 5, 6, 7}) {
     for (const char* facts : {"3 1 5", "3 3 5", "2 0 5", "3 2", ""}) {
-      EXPECT_EQ(boxFor(node, facts), "box 0 Wrong chuck device! Only type Chuck is allowed.") << node << facts;
+      EXPECT_EQ(boxFor(node, facts), "box 0 Wrong chuck device! Only type Chuck is allowed.")
+          << node << facts;
     }
   }
   for (const char* facts : {"3 0 5", "3 3 5", "1 1 5"}) {
@@ -365,10 +368,10 @@ TEST_F(ClampElem, RefusesADeviceOfAnotherClass) {
 
 TEST_F(ClampElem, RefusesAPathThatIsNoVdmAndLosesTheCollector) {
   world.NewDefinition(1900);
-  EXPECT_THAT(
-      Run("select 3\nset 2021 /own.txt\npress 2155\n").events,
-      ElementsAre("focus 2158", "box 0 Invalid VDM-Name!",
-                  "box 0 Invalid 3D-Geometry for clampdevice!Clampdevice can't be used.", "closed end-of-script"));
+  EXPECT_THAT(Run("select 3\nset 2021 /own.txt\npress 2155\n").events,
+              ElementsAre("focus 2158", "box 0 Invalid VDM-Name!",
+                          "box 0 Invalid 3D-Geometry for clampdevice!Clampdevice can't be used.",
+                          "closed end-of-script"));
   EXPECT_FALSE(host.vdms.contains(1900));
   EXPECT_THAT(world.Stored(), IsEmpty());
 }
@@ -391,7 +394,8 @@ TEST_F(ClampElem, GoesOnWithTheCollectorsNumberThatCannotBeRead) {
   host.integers.erase("i_tool_collect_vdm");
   OwnFile("/own.vdm", "3 0 5");
   const Ran ran = Run("select 3\nset 2021 /own.vdm\npress 2155\n");
-  EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_tool_collect_vdm"));
+  EXPECT_THAT(ran.events,
+              Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_tool_collect_vdm"));
   EXPECT_EQ(Item(1, 3), "103 0.000000 5.000000");
 }
 
@@ -434,10 +438,10 @@ TEST_F(ClampElem, WritesToTheSpurThatIsShown) {
 TEST_F(ClampElem, WithoutADefinitionTheWritesSaySo) {
   host.vdms.clear();
   const Ran ran = Run("select 5\nchoose 2124 0\npress 2154\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist",
-                                      "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist",
-                                      "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist",
-                                      "closed end-of-script"))
+  EXPECT_THAT(ran.events,
+              ElementsAre("focus 2158", "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist",
+                          "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist",
+                          "box 0 [OrvoApi::MacroVdm] 1000: Open: vdm doesn't exist", "closed end-of-script"))
       << "device, jaw, options";
 }
 

@@ -18,7 +18,8 @@ class Ok : public DialogTest {
   /// The lines and reads that OK causes, the store's left out.
   std::vector<std::string> CallsOfOk() {
     std::vector<std::string> calls = CallsOf("press 1\n");
-    std::erase_if(calls, [](const std::string& call) { return call.starts_with("OrvoReadGlobalI('i_billet"); });
+    std::erase_if(calls,
+                  [](const std::string& call) { return call.starts_with("OrvoReadGlobalI('i_billet"); });
     return calls;
   }
 };
@@ -175,7 +176,8 @@ class LoadedConfiguration : public Configuration {
 TEST_F(LoadedConfiguration, ReplacesTheDefinitionAfterAQuestion) {
   Given({});
   const Ran ran = Run("file \"/old.vdm\"\nanswer yes\npress 2144\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("open /old.vdm", std::string(kQuestion) + " -> 6", "closed end-of-script"));
+  EXPECT_THAT(ran.events,
+              ElementsAre("open /old.vdm", std::string(kQuestion) + " -> 6", "closed end-of-script"));
   EXPECT_THAT(ran.Bold(), ElementsAre(19, 34));
   EXPECT_EQ(host.ItemsOf(1000, 1)[8], "1 80 100 0 0 0 0 0");
 }
@@ -183,7 +185,8 @@ TEST_F(LoadedConfiguration, ReplacesTheDefinitionAfterAQuestion) {
 TEST_F(LoadedConfiguration, IsNotReadAfterANo) {
   Given({});
   const Ran ran = Run("file \"/old.vdm\"\npress 2144\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("open /old.vdm", std::string(kQuestion) + " -> 7", "closed end-of-script"));
+  EXPECT_THAT(ran.events,
+              ElementsAre("open /old.vdm", std::string(kQuestion) + " -> 7", "closed end-of-script"));
   EXPECT_THAT(world.Stored(), IsEmpty());
   EXPECT_THAT(host.TakeCalls("OrvoCommand('vdm"), IsEmpty());
 }

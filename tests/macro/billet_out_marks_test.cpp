@@ -74,7 +74,7 @@ TEST_F(BilletOutMarks, AreOnlyTakenAwayWhenTheSettingIsNoNumberButZero) {
 }
 
 TEST_F(BilletOutMarks, AreDrawnForAnyNumberButZero) {
-  for (const char* const setting : {"1", "-1", " +2", "7 or so", "1.9"}) {
+  for (const char* const setting : {"1", "-1", " +2", "7 or so", "1.9", "99999999999"}) {
     Want(setting);
     EXPECT_THAT(LinesOf(kDatum), Contains("ori")) << setting;
   }

@@ -132,6 +132,11 @@ TEST(OutlineOf, GivesAChuckItsBore) {
             "(0, 0) (-50000, 0) (-50000, 100000) (0, 100000) ");
 }
 
+TEST(OutlineOf, LaysAChuckBehindItsFaceWhateverTheSignOfB) {
+  EXPECT_EQ(Shown(OutlineOf({.type = 1, .A = 100, .B = -50})),
+            "(0, 0) (-50000, 0) (-50000, 100000) (0, 100000) ");
+}
+
 TEST(OutlineOf, CutsTheChamferOfACollet) {
   const DeviceParams collet = {.type = 2, .A = 40, .B = 60, .C = 10, .D = 15, .E = 30, .F = 2};
   EXPECT_EQ(Shown(OutlineOf(collet)),

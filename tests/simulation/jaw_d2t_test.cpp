@@ -87,6 +87,23 @@ TEST_F(JawD2t, IsRefusedWhenTheOperationIsMissing) {
   EXPECT_FALSE(Store());
 }
 
+TEST_F(JawD2t, EndsWhereTheHostGivesNoMoreVertices) {
+  host.kurves[30001] = kSquare;
+  host.spanCount = INT32_MAX;
+  EXPECT_TRUE(Store());
+  EXPECT_THAT(Section(6, 2), SizeIs(10));
+  host.missing = {"OrvoGetSpn"};
+  host::hostFunctions = {};
+  EXPECT_TRUE(Store());
+  EXPECT_THAT(Section(6, 2), SizeIs(5)) << "the head alone";
+}
+
+TEST_F(JawD2t, IsRefusedWhenTheHeaderCannotBeRead) {
+  host.kurves[30001] = kSquare;
+  host.vdms[kVdm].records[6][0] = "no header";
+  EXPECT_FALSE(Store());
+}
+
 TEST_F(JawD2t, ClosesTheContour) {
   host.kurves[30001] = kSquare;
   Store();

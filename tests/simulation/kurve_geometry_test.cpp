@@ -76,6 +76,11 @@ TEST_F(KurveGeometry, IsRefusedWhenTheOperationIsMissing) {
   EXPECT_THAT(host.boxes, SizeIs(1));
 }
 
+TEST_F(KurveGeometry, IsRefusedWhenTheHeaderCannotBeRead) {
+  host.vdms[kVdm].records[11][0] = "no header";
+  EXPECT_FALSE(Store(false, 1));
+}
+
 TEST_F(KurveGeometry, IsReadTwiceInTheseCalls) {
   host.TakeCalls();
   Store(false, 1);

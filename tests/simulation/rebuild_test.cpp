@@ -1,6 +1,7 @@
 #include "simulation/rebuild.h"
 
 #include "simulation/simulation_fixture.h"
+#include "support/failing_call.h"
 
 namespace vanzet::test {
 namespace {
@@ -249,12 +250,46 @@ TEST_F(Rebuild, OfOldDefinitionsComesWithTheirUpgrade) {
   EXPECT_THAT(host.boxes, IsEmpty());
 }
 
+/// A spindle with chuck and jaw, and a host to spin and extrude them.
+struct World : SimulationTest {
+  World() {
+    Define(1, kChuck, kJaw);
+    host.kurves[30001] = host.kurves[30000] = {{0, 0}, {1, 0}};
+  }
+  void TestBody() override {}
+
+  using SimulationTest::host;
+  using SimulationTest::kVdm;
+};
+
+TEST_F(Rebuild, ClosesAllThatItOpenedWhicheverCallGoesWrong) {
+  for (const Failure failure : {Failure::kRefused, Failure::kMissing}) {
+    WithEveryCallFailing(
+        failure, [] { return std::make_unique<World>(); },
+        [](World&) {
+          RebuildSimulation(0, 0);
+          BuildSpunDevice(0, 0, true, kChuck);
+        },
+        [](World& world, const std::string& name) {
+          // A store that is told that its VDM is not open has nothing to close.
+          static const std::set<std::string> kClosing = {"OrvoMacroVdmClose", "OrvoMacroVdmCheckOpen",
+                                                         "OrvoVdmClose"};
+          if (kClosing.contains(name)) return;
+          EXPECT_EQ(world.host.vdms[World::kVdm].handle, 0U) << name;
+          EXPECT_THAT(world.host.kurveReadings, IsEmpty()) << name;
+        });
+  }
+}
+
 TEST_F(Rebuild, LeavesEverythingClosedWhicheverCallThrows) {
   Define(1, kChuck, kJaw);
   for (int nth = 1;; ++nth) {
     int calls = 0;
-    host.onCall = [&calls, nth](const std::string&) {
-      if (++calls == nth) throw std::runtime_error("the host gives up");
+    bool isClosingThrown = false;
+    host.onCall = [&](const std::string& name) {
+      if (++calls != nth) return;
+      isClosingThrown = name == "OrvoVdmClose";
+      throw std::runtime_error("the host gives up");
     };
     bool isThrown = false;
     try {
@@ -265,6 +300,8 @@ TEST_F(Rebuild, LeavesEverythingClosedWhicheverCallThrows) {
     if (!isThrown) break;
     // When it was the closing call itself that failed, nobody can close any more.
     if (host.calls.back().starts_with("OrvoMacroVdmClose")) host.vdms[kVdm].handle = 0;
+    if (isClosingThrown) host.kurveReadings.clear();
+    EXPECT_THAT(host.kurveReadings, IsEmpty()) << "call " << nth;
     EXPECT_EQ(host.vdms[kVdm].handle, 0U) << "call " << nth << ": " << host.calls.back();
   }
 }

@@ -52,8 +52,9 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::uint32_t, Vdm> vdms;
   std::map<std::int32_t, std::vector<Vertex>> kurves;
   FakeBodies bodies;
-  void* structure = nullptr;        ///< what `OrvoGetStructPtr` gives, whatever is asked for
-  std::vector<std::string> layers;  ///< names by number
+  void* structure = nullptr;              ///< what `OrvoGetStructPtr` gives, whatever is asked for
+  std::vector<std::string> layers;        ///< names by number
+  std::optional<std::int32_t> spanCount;  ///< what is told of any contour instead of the truth
   std::int32_t currentLayer = 0;
 
   // What it lacks or refuses.

@@ -31,6 +31,7 @@ extern "C" {
 
 Int OrvoFindNoOfSpansFromKurveNo(Int kurve) {
   Note("OrvoFindNoOfSpansFromKurveNo", kurve);
+  if (Host().spanCount) return *Host().spanCount;
   return Host().kurves.contains(kurve) ? static_cast<Int>(Host().kurves[kurve].size()) - 1 : 0;
 }
 Int OrvoVdmExist(Int kurve, Int one, Int thirtyThree, Int two) {

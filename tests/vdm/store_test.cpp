@@ -266,6 +266,16 @@ Result<void> Work(VdmStore& store) {
   return store.Delete(3);
 }
 
+TEST_F(Store, KnowsWhatWasClosedLast) {
+  EXPECT_EQ(store.LastClosed(), std::nullopt);
+  const Handle one = Get(store.Create(1)), two = Get(store.Create(2));
+  ASSERT_EQ(Told(store.Close(two)), "");
+  ASSERT_EQ(Told(store.Close(one)), "");
+  EXPECT_EQ(store.LastClosed(), Number{1});
+  ASSERT_EQ(Told(store.Close(two)), "") << "it is not open any more";
+  EXPECT_EQ(store.LastClosed(), Number{1});
+}
+
 TEST(StoreWithFaults, LeavesNothingOpenOrLockedWhicheverCallFails) {
   int failing = 0;
   bool done = false;

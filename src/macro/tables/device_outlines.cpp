@@ -8,8 +8,8 @@ namespace vanzet {
 namespace {
 
 // clang-format off
-constexpr OutlineCorner kChuckWithBore[] = {{"0", "C"}, {"-B", "C"}, {"-B", "A"}, {"0", "A"}};
-constexpr OutlineCorner kChuck[]         = {{"0", "0"}, {"-B", "0"}, {"-B", "A"}, {"0", "A"}};
+constexpr OutlineCorner kChuckWithBore[] = {{"0", "C"}, {"-abs B", "C"}, {"-abs B", "A"}, {"0", "A"}};
+constexpr OutlineCorner kChuck[]         = {{"0", "0"}, {"-abs B", "0"}, {"-abs B", "A"}, {"0", "A"}};
 constexpr OutlineCorner kCollet[] = {{"0", "D"}, {"-B", "D"}, {"-B", "A"}, {"-C", "A"}, {"-C", "E"}, {"0", "E", "F"}};
 constexpr OutlineCorner kMandrel[] = {
     {"0", "0"}, {"-B", "0"}, {"-B", "A"}, {"-E", "A"}, {"-E", "H"}, {"-D", "H"}, {"-D", "G"}, {"-C", "G"}, {"-C", "F"}, {"0", "F"}};

@@ -1,0 +1,105 @@
+#include <CLI/CLI.hpp>
+
+#include "base/letter_case.h"
+#include "base/path_map.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/png.h"
+#include "drawing/board.h"
+#include "drawing/picture.h"
+#include "vdm/file_replacement.h"
+
+namespace vanzet::cli {
+namespace {
+
+struct Arguments {
+  std::string project = ".";
+  std::string out;
+  std::string view = "drawing";
+  drawing::PictureOptions options;
+};
+
+/// Whether the file's name says PNG, or SVG; any other ending is wrong usage.
+bool IsPng(const std::string& file) {
+  const std::string ending = std::filesystem::path(file).extension().string();
+  if (EqualWithoutCase(ending, ".png")) return true;
+  if (EqualWithoutCase(ending, ".svg")) return false;
+  throw CLI::ValidationError("--out", "expected a file that ends with .svg or .png, found '" + file + "'");
+}
+
+int SizeOf(const std::string& name, const std::string& word) {
+  const std::int32_t size = NumberOf(name, word);
+  if (size >= drawing::kSmallestPicture && size <= drawing::kLargestPicture) return size;
+  throw CLI::ValidationError(name, "expected a size from " + std::to_string(drawing::kSmallestPicture) +
+                                       " to " + std::to_string(drawing::kLargestPicture) + ", found '" +
+                                       word + "'");
+}
+
+Result<std::string> Draw(const Arguments& arguments, const project::Project& project) {
+  drawing::Board board(project.folder());
+  if (const auto loaded = board.Load(); !loaded) return loaded.fault();
+  auto svg = drawing::PictureSvg(board.drawing(), arguments.options);
+  return svg && IsPng(arguments.out) ? PngOf(*svg) : svg;
+}
+
+Result<void> Picture(const Arguments& arguments, const Context& context) {
+  if (arguments.view == "equipment") {
+    return Fault{"pictures of the equipment are not there yet; '--view drawing' shows the drawing"};
+  }
+  const auto project = project::Project::Open(arguments.project, context.share);
+  if (!project) return project.fault();
+  const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
+  if (const auto target = vdm::VdmStore(project->folder()).CheckTarget(file); !target) return target;
+  const auto bytes = Draw(arguments, *project);
+  if (!bytes) return bytes.fault();
+  auto replacement = vdm::FileReplacement::Begin(file);
+  if (!replacement) return replacement.fault();
+  if (const auto done = replacement->Write(*bytes); !done) return done;
+  return replacement->Commit();
+}
+
+}  // namespace
+
+void AddPicture(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand("picture", "Draws what the project's window would show.");
+  command->add_option("PROJECT", arguments->project, "the project's folder");
+  command
+      ->add_option_function<std::string>(
+          "--out",
+          [=](const std::string& word) {
+            arguments->out = FileOf("--out", word);
+            IsPng(word);
+          },
+          "the picture, .svg or .png")
+      ->required()
+      ->type_name("FILE");
+  command->add_option("--view", arguments->view, "drawing (the default) or equipment")
+      ->check(CLI::IsMember({"drawing", "equipment"}))
+      ->type_name("VIEW");
+  command
+      ->add_option_function<std::string>(
+          "--window",
+          [=](const std::string& word) {
+            arguments->options.window =
+                word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
+          },
+          "display (the default) or construction")
+      ->check(CLI::IsMember({"display", "construction"}))
+      ->type_name("WINDOW");
+  command->add_option("--layers", arguments->options.layers, "these layers alone, with commas between them")
+      ->delimiter(',')
+      ->type_name("NAME,...");
+  for (const auto& [name, size] : {std::pair{"--width", &drawing::PictureOptions::width},
+                                   {"--height", &drawing::PictureOptions::height}}) {
+    command
+        ->add_option_function<std::string>(
+            name, [=](const std::string& word) { arguments->options.*size = SizeOf(name, word); },
+            "of the picture, in pixels")
+        ->type_name("N");
+  }
+  command->footer("Example:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1");
+  command->callback([=, &context] { context.run = [=, &context] { return Picture(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,231 @@
+#include "drawing/picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "contour/sweep.h"
+#include "drawing/picture_view.h"
+
+namespace vanzet::drawing {
+namespace {
+
+using geometry::Kurve;
+using geometry::Point;
+using geometry::Span;
+
+/// In pixels.
+constexpr double kStrokeWidth = 1.6, kAxisWidth = 1;
+constexpr const char* kAxisColour = "#9aa3ab";
+constexpr double kAxisDashes[] = {14, 4, 3, 4};
+/// Closed contours are filled with a breath of their colour.
+constexpr const char* kFillOpacity = "0.08";
+
+/// All that is shown of one layer with one pen.
+struct Group {
+  Pen pen;
+  std::vector<Kurve> curves;
+  std::vector<geometry::CLine> lines;
+};
+
+/// By layer.
+using Groups = std::map<std::string, std::vector<Group>>;
+
+Group& GroupOf(Groups& groups, const std::string& layer, const Pen& pen) {
+  std::vector<Group>& ofLayer = groups[layer];
+  const auto found = std::ranges::find(ofLayer, pen, &Group::pen);
+  if (found != ofLayer.end()) return *found;
+  return ofLayer.emplace_back(Group{pen, {}, {}});
+}
+
+void AddFigure(const Figure& figure, Window window, Groups& groups) {
+  std::vector<Placement> placements;
+  if (window == Window::kConstruction) placements.emplace_back();
+  for (const Figure::Insertion& insertion : figure.insertions) {
+    if (insertion.window == window) placements.push_back(insertion.placement);
+  }
+  for (const Placement& placement : placements) {
+    for (const Stroke& stroke : figure.strokes) {
+      GroupOf(groups, stroke.layer, stroke.pen).curves.push_back(Placed(stroke.curve, placement));
+    }
+  }
+}
+
+Groups GroupsOf(const Drawing& drawing, const PictureOptions& options) {
+  Groups groups;
+  for (const auto& [name, figure] : drawing.figures) AddFigure(figure, options.window, groups);
+  for (const auto& [number, contour] : drawing.contours) {
+    if (contour.window != options.window) continue;
+    GroupOf(groups, contour.stroke.layer, contour.stroke.pen).curves.push_back(contour.stroke.curve);
+  }
+  if (options.window == Window::kDisplay) {
+    for (const auto& [key, line] : drawing.lines)
+      GroupOf(groups, key.layer, line.pen).lines.push_back(line.line);
+  }
+  if (options.layers.empty()) return groups;
+  std::erase_if(groups, [&](const auto& entry) {
+    return std::ranges::find(options.layers, entry.first) == options.layers.end();
+  });
+  return groups;
+}
+
+/// To a hundredth of a micrometre: the geometry's boxes are wider than what they hold by less.
+Point Rounded(const Point& point) {
+  constexpr double kSteps = 1e5;
+  return {std::round(point.x * kSteps) / kSteps, std::round(point.y * kSteps) / kSteps};
+}
+
+/// What has to be seen: curves, and of a line without ends the point next to the origin.
+geometry::Box BoxOf(const Groups& groups) {
+  geometry::Box box;
+  for (const auto& [layer, ofLayer] : groups) {
+    for (const Group& group : ofLayer) {
+      for (const Kurve& curve : group.curves) {
+        Point min, max;
+        curve.Minmax(min, max);
+        box.Insert(Rounded(min));
+        box.Insert(Rounded(max));
+      }
+      for (const geometry::CLine& line : group.lines) {
+        box.Insert(line.p - line.v * Dot(geometry::Vector2d(line.p.x, line.p.y), line.v));
+      }
+    }
+  }
+  return box;
+}
+
+std::string Text(const Point& point) {
+  return NumberText(point.x) + " " + NumberText(point.y);
+}
+
+/// With y up, the positive sense of an arc is anticlockwise.
+std::string PathOf(const Kurve& curve) {
+  std::string path;
+  for (int i = 1; i <= curve.SpanCount(); ++i) {
+    Span span;
+    curve.Get(i, span, true);
+    if (i == 1) path = "M" + Text(span.p0);
+    if (span.dir == geometry::LINEAR) {
+      path += " L" + Text(span.p1);
+      continue;
+    }
+    const std::string radius = NumberText(span.radius);
+    const bool isLong = std::fabs(contour::SweepOf(span)) > geometry::PI;
+    path += " A" + radius + " " + radius + " 0 " + (isLong ? "1 " : "0 ") +
+            (span.dir == geometry::ACW ? "1 " : "0 ") + Text(span.p1);
+  }
+  return curve.Closed() ? path + " Z" : path;
+}
+
+/// A text in XML; bytes that are no UTF-8 become U+FFFD.
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (std::size_t i = 0; i < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    std::size_t length = byte < 0x80                   ? 1
+                         : byte >= 0xF0 && byte < 0xF5 ? 4
+                         : byte >= 0xE0                ? 3
+                         : byte >= 0xC2                ? 2
+                                                       : 0;
+    for (std::size_t k = 1; k < length; ++k) {
+      const bool goesOn = i + k < text.size() && (static_cast<unsigned char>(text[i + k]) & 0xC0U) == 0x80U;
+      if (!goesOn || byte >= 0xF5) length = 0;
+    }
+    if (length == 0) {
+      escaped += "\xEF\xBF\xBD";
+      ++i;
+      continue;
+    }
+    switch (byte) {
+      case '<': escaped += "&lt;"; break;
+      case '>': escaped += "&gt;"; break;
+      case '&': escaped += "&amp;"; break;
+      case '"': escaped += "&quot;"; break;
+      default: escaped += text.substr(i, length);
+    }
+    i += length;
+  }
+  return escaped;
+}
+
+/// Writes a picture; lengths in the paths are millimetres.
+class Writer {
+ public:
+  explicit Writer(const PictureView& view) : view_(view) {}
+
+  std::string Write(const Groups& groups) {
+    const std::string width = std::to_string(view_.width()), height = std::to_string(view_.height());
+    svg_ = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
+           "\" viewBox=\"0 0 " + width + " " + height + "\">\n<rect width=\"" + width + "\" height=\"" +
+           height + "\" fill=\"#ffffff\"/>\n<g transform=\"" + view_.Transform() +
+           "\" fill=\"none\" stroke-linejoin=\"round\" stroke-linecap=\"round\">\n";
+    WriteAxis();
+    for (const auto& [layer, ofLayer] : groups) WriteLayer(layer, ofLayer);
+    return svg_ + "</g>\n</svg>\n";
+  }
+
+ private:
+  /// The spindle's axis, dash-dotted, where it is seen.
+  void WriteAxis() {
+    geometry::CLine axis(Point(0, 0), 1, 0, true);
+    const auto seen = view_.SeenOf(axis);
+    if (!seen) return;
+    svg_ += std::string("<path class=\"axis\" stroke=\"") + kAxisColour + "\" stroke-width=\"" +
+            view_.Pixels(kAxisWidth) + "\"" + Dashes(kAxisDashes) + " d=\"M" + Text(seen->from) + " L" +
+            Text(seen->to) + "\"/>\n";
+  }
+
+  void WriteLayer(const std::string& name, const std::vector<Group>& groups) {
+    const std::string escaped = Escaped(name);
+    svg_ += "<g class=\"layer\" data-layer=\"" + escaped + "\">\n<title>" + escaped + "</title>\n";
+    for (const Group& group : groups) WriteGroup(group);
+    svg_ += "</g>\n";
+  }
+
+  void WriteGroup(const Group& group) {
+    const std::string colour(group.pen.colour->svg);
+    svg_ += "<g class=\"" + std::string(group.pen.colour->name) + " " + std::string(group.pen.style->name) +
+            "\" stroke=\"" + colour + "\" stroke-width=\"" + view_.Pixels(kStrokeWidth) + "\"";
+    if (group.pen.style->dashes[0] > 0) svg_ += Dashes(group.pen.style->dashes);
+    svg_ += ">\n";
+    for (const Kurve& curve : group.curves) {
+      const bool isFilled = curve.Closed() && curve.SpanCount() > 2;
+      svg_ += "<path " + (isFilled ? "fill=\"" + colour + "\" fill-opacity=\"" + kFillOpacity + "\" " : "") +
+              "d=\"" + PathOf(curve) + "\"/>\n";
+    }
+    for (const geometry::CLine& line : group.lines) {
+      const auto seen = view_.SeenOf(line);
+      if (seen) svg_ += "<path d=\"M" + Text(seen->from) + " L" + Text(seen->to) + "\"/>\n";
+    }
+    svg_ += "</g>\n";
+  }
+
+  std::string Dashes(std::span<const double> dashes) const {
+    std::string text;
+    for (const double dash : dashes) text += (text.empty() ? "" : " ") + view_.Pixels(dash);
+    return " stroke-dasharray=\"" + text + "\"";
+  }
+
+  const PictureView& view_;
+  std::string svg_;
+};
+
+Result<void> CheckLayers(const Drawing& drawing, const PictureOptions& options) {
+  for (const std::string& layer : options.layers) {
+    if (drawing.layers.contains(layer)) continue;
+    std::string names;
+    for (const auto& [name, pen] : drawing.layers) names += (names.empty() ? "" : ", ") + name;
+    return Fault{"there is no layer '" + layer + "'; there are: " + names};
+  }
+  return {};
+}
+
+}  // namespace
+
+Result<std::string> PictureSvg(const Drawing& drawing, const PictureOptions& options) {
+  if (const auto layers = CheckLayers(drawing, options); !layers) return layers.fault();
+  const Groups groups = GroupsOf(drawing, options);
+  return Writer(PictureView(BoxOf(groups), options)).Write(groups);
+}
+
+}  // namespace vanzet::drawing

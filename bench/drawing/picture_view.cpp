@@ -1,0 +1,98 @@
+#include "drawing/picture_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "contour/number_text.h"
+
+namespace vanzet::drawing {
+namespace {
+
+using geometry::Box;
+using geometry::Point;
+
+/// In pixels.
+constexpr double kMargin = 32, kUsualWidth = 800, kUsualHeight = 560;
+/// The share of a picture that its margin takes at most.
+constexpr double kLargestMargin = 0.1;
+/// What a drawing without extent is taken for, in millimetres.
+constexpr double kUsualExtent = 100;
+constexpr int kDigits = 10, kLengthDigits = 5;
+
+/// The box with an extent in at least one direction.
+Box Usable(Box box) {
+  if (box.min.x > box.max.x) box = Box(Point(0, 0), Point(0, 0));
+  if (std::max(box.Width(), box.Height()) > 0) return box;
+  box.Grow(kUsualExtent / 2);
+  return box;
+}
+
+double MarginOf(double size) {
+  return std::min(kMargin, size * kLargestMargin);
+}
+
+/// How many pixels a millimetre may have so that the extent fits, with margins.
+double ScaleFor(double extent, double size) {
+  return extent > 0 ? (size - 2 * MarginOf(size)) / extent : std::numeric_limits<double>::infinity();
+}
+
+/// The pixels that an extent takes at that scale, with margins.
+int SizeFor(double extent, double scale) {
+  const double size = std::ceil(extent * scale + 2 * kMargin);
+  return static_cast<int>(std::clamp<double>(size, kSmallestPicture, kLargestPicture));
+}
+
+}  // namespace
+
+PictureView::PictureView(const Box& content, const PictureOptions& options) {
+  const Box box = Usable(content);
+  // A size that was not asked for is the usual one, and shrinks to what the drawing needs of it. When one was
+  // asked for, the other gives as much room as it takes.
+  const double largestWidth = options.width ? *options.width : options.height ? kLargestPicture : kUsualWidth;
+  const double largestHeight = options.height  ? *options.height
+                               : options.width ? kLargestPicture
+                                               : kUsualHeight;
+  scale_ = std::min(ScaleFor(box.Width(), largestWidth), ScaleFor(box.Height(), largestHeight));
+  width_ = options.width.value_or(SizeFor(box.Width(), scale_));
+  height_ = options.height.value_or(SizeFor(box.Height(), scale_));
+  const Point middle = box.Mid();
+  const double halfWidth = width_ / scale_ / 2, halfHeight = height_ / scale_ / 2;
+  seen_ = Box(Point(middle.x - halfWidth, middle.y - halfHeight),
+              Point(middle.x + halfWidth, middle.y + halfHeight));
+}
+
+std::string PictureView::Transform() const {
+  const std::string scale = NumberText(scale_);
+  return "matrix(" + scale + " 0 0 -" + scale + " " + NumberText(-seen_.min.x * scale_) + " " +
+         NumberText(seen_.max.y * scale_) + ")";
+}
+
+std::string PictureView::Pixels(double pixels) const {
+  return contour::Number(pixels / scale_, kLengthDigits);
+}
+
+std::optional<PictureView::Segment> PictureView::SeenOf(const geometry::CLine& line) const {
+  double from = -std::numeric_limits<double>::infinity(), to = -from;
+  struct Slab {
+    double start, direction, low, high;
+  };
+  for (const auto& [start, direction, low, high] : {Slab{line.p.x, line.v.dx, seen_.min.x, seen_.max.x},
+                                                    Slab{line.p.y, line.v.dy, seen_.min.y, seen_.max.y}}) {
+    if (direction == 0) {
+      if (start < low || start > high) return std::nullopt;
+      continue;
+    }
+    const double a = (low - start) / direction, b = (high - start) / direction;
+    from = std::max(from, std::min(a, b));
+    to = std::min(to, std::max(a, b));
+  }
+  if (!(from < to)) return std::nullopt;
+  return Segment{line.At(from), line.At(to)};
+}
+
+std::string NumberText(double number) {
+  return contour::Number(number, kDigits);
+}
+
+}  // namespace vanzet::drawing

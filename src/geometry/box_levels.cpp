@@ -1,0 +1,25 @@
+#include "geometry/box_levels.h"
+
+#include <algorithm>
+
+namespace geometry {
+
+void BoxLevels::Extend(std::size_t from, std::size_t end) {
+  const bool longWalk = end > from + kFan * kFan;
+  if (longWalk) end = spans_.size();
+  if (levels_.empty()) levels_.emplace_back((spans_.size() + kFan - 1) / kFan);
+  std::vector<Box>& runs = levels_.front();
+  while (reached_ < end) {
+    Box& run = runs[reached_ / kFan];
+    const std::size_t last = std::min(reached_ + kFan, spans_.size());
+    for (; reached_ < last; ++reached_) run.Insert(spans_[reached_].box);
+  }
+  while (longWalk && levels_.back().size() > kFan) {
+    const std::vector<Box>& below = levels_.back();
+    std::vector<Box> above((below.size() + kFan - 1) / kFan);
+    for (std::size_t i = 0; i < below.size(); ++i) above[i / kFan].Insert(below[i]);
+    levels_.push_back(std::move(above));
+  }
+}
+
+}  // namespace geometry

@@ -1,0 +1,242 @@
+#include "geometry/loop_removal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "geometry/box_levels.h"
+#include "geometry/intersect.h"
+
+namespace geometry {
+namespace {
+
+/// How many spans a span without a crossing is compared with.
+constexpr std::size_t kScanOfKurveEx = 51;
+constexpr std::size_t kScanOfKurve = 26;
+
+double SizeOf(const Point& p) {
+  return std::fabs(p.x) + std::fabs(p.y);
+}
+
+/// Every span may cross, every source span may be too near.
+class PlainSearch {
+ public:
+  PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
+
+  std::size_t Next(const Box&, std::size_t from, std::size_t end) const { return std::min(from, end); }
+
+  bool AnyWithin(const Point& p, double distance) const {
+    return std::any_of(source_.begin(), source_.end(), [&](const Span& span) {
+      double unusedAlong = 0;
+      return Dist(p, span.NearClamped(p, unusedAlong)) < distance;
+    });
+  }
+
+ private:
+  const std::vector<Span>& source_;
+};
+
+/// Boxes decide which spans are asked. The source gets its boxes with the first crossing; clean contours have
+/// none.
+class IndexedSearch {
+ public:
+  IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source) : raw_(raw), source_(source) {}
+
+  std::size_t Next(const Box& box, std::size_t from, std::size_t end) {
+    return raw_.Next(from, end, [&box](const Box& other) { return box.Outside(other); });
+  }
+
+  bool AnyWithin(const Point& p, double distance) {
+    if (!near_) BuildNear();
+    // Points of a span lie in its box but for rounding, which the margin covers amply.
+    const auto misses = [&p, distance, this](const Box& box) {
+      const double margin = margin_ + 1e-12 * (SizeOf(p) + SizeOf(box.min) + SizeOf(box.max));
+      const double reach = distance + margin;
+      return box.min.x - p.x > reach || p.x - box.max.x > reach || box.min.y - p.y > reach ||
+             p.y - box.max.y > reach;
+    };
+    const std::size_t n = nearSpans_->size();
+    for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
+      double unusedAlong = 0;
+      if (Dist(p, (*nearSpans_)[i].NearClamped(p, unusedAlong)) < distance) return true;
+    }
+    return false;
+  }
+
+ private:
+  void BuildNear() {
+    nearSpans_ = &source_();
+    near_.emplace(*nearSpans_);
+    margin_ = TOLERANCE;
+    for (const Span& span : *nearSpans_) margin_ = std::max(margin_, 1e-12 * span.radius);
+  }
+
+  BoxLevels raw_;
+  const SourceSpans& source_;
+  const std::vector<Span>* nearSpans_ = nullptr;
+  std::optional<BoxLevels> near_;
+  double margin_ = 0;
+};
+
+double LengthTo(const Span& span, const Point& end) {
+  Span part = span;
+  part.p1 = end;
+  part.SetProperties();
+  return part.length;
+}
+
+/// The first crossing of `span` with a later one, unless that is where `span` begins.
+bool Crossing(const Span& span, const Span& later, Point& p) {
+  Point second;
+  const int count = Intof(span, later, p, second);
+  if (count == 0 || !(Dist(p, span.p0) > TOLERANCE)) return false;
+  if (count == 2 && LengthTo(span, p) > LengthTo(span, second)) p = second;
+  return true;
+}
+
+/// What becomes of a span: it stays, perhaps with a new end, and span `next` follows; or nothing can.
+struct Verdict {
+  std::size_t next;
+  bool trimmed = false;
+  bool stuck = false;
+  Point end = INVALID_POINT;
+};
+
+template <class SearchForm>
+Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, double nearest,
+              SearchForm& search) {
+  const Span& span = raw[i];
+  Verdict verdict{i + 1};
+  std::size_t end = std::min(raw.size(), i + 2 + scan);
+  for (std::size_t j = search.Next(span.box, i + 2, end); j < end; j = search.Next(span.box, j + 1, end)) {
+    Point p;
+    if (!Crossing(span, raw[j], p)) continue;
+    verdict.next = j;
+    verdict.stuck = search.AnyWithin(p, nearest);
+    if (!verdict.stuck) {
+      verdict.trimmed = true;
+      verdict.end = p;
+      return verdict;
+    }
+    end = raw.size();  // a loop has begun, and may close anywhere
+  }
+  return verdict;
+}
+
+/// Calls `keep(i, verdict)` for the spans that stay and returns the code.
+template <class SearchForm, class Keep>
+int Walk(const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off, Keep&& keep) {
+  SearchForm search(raw, source);
+  const double nearest = std::fabs(off) - TOLERANCE;
+  for (std::size_t i = 0; i < raw.size();) {
+    const Verdict verdict = Judge(raw, i, scan, nearest, search);
+    if (verdict.stuck) return 2;
+    keep(i, verdict);
+    i = verdict.next;
+  }
+  return 0;
+}
+
+template <class Keep>
+int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off,
+         Keep&& keep) {
+  if (form == Search::Plain) return Walk<PlainSearch>(raw, source, scan, off, keep);
+  return Walk<IndexedSearch>(raw, source, scan, off, keep);
+}
+
+/// Writes the spans that stay over those that were before them, and counts the totals anew.
+class Compaction {
+ public:
+  explicit Compaction(KurveEx& k) : k_(k) {
+    k_.perim = k_.area = 0.0;
+    if (!k_.spans.empty()) k_.start = k_.spans.front().p0;
+  }
+
+  void Keep(std::size_t i, const Verdict& verdict) {
+    Span& span = k_.spans[kept_];
+    if (kept_ != i) span = k_.spans[i];
+    if (verdict.trimmed) Trim(span, verdict.end);
+    const bool continues = kept_ == 0 || BeginsExactlyAt(span, k_.spans[kept_ - 1].p1);
+    if (verdict.trimmed || !continues) Attach(span);
+    k_.perim += span.length;
+    k_.area += span.Area();
+    ++kept_;
+  }
+
+  void Finish() { k_.spans.erase(k_.spans.begin() + static_cast<std::ptrdiff_t>(kept_), k_.spans.end()); }
+
+ private:
+  static bool BeginsExactlyAt(const Span& span, const Point& p) {
+    return span.p0.x == p.x && span.p0.y == p.y;
+  }
+
+  static void Trim(Span& span, const Point& end) {
+    span.p1 = end;
+    span.SetProperties();
+  }
+
+  /// As if the span were added to the contour so far.
+  void Attach(Span& span) const {
+    if (kept_ > 0) {
+      const Point& end = k_.spans[kept_ - 1].p1;
+      const bool apart = !(end == span.p0);
+      span.p0 = end;
+      if (apart) span.SetProperties();
+    }
+    if (span.dir != LINEAR) span.pc = span.CentreOnBisector();
+    span.SetProperties();
+  }
+
+  KurveEx& k_;
+  std::size_t kept_ = 0;
+};
+
+}  // namespace
+
+KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search) {
+  KurveEx k;
+  if (raw.reversed) {
+    k.Add(raw, true);
+  } else {
+    k = std::move(raw);
+  }
+  Compaction compaction(k);
+  const SourceSpans asTheyAre = [&source]() -> const std::vector<Span>& { return source; };
+  code = Walk(search, k.spans, asTheyAre, kScanOfKurveEx, off,
+              [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
+  compaction.Finish();
+  return k;
+}
+
+Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search) {
+  Kurve k;
+  k = static_cast<const Matrix&>(raw);
+  const std::vector<Span> spans = SpansOf(raw);
+  if (!spans.empty()) k.Add(spVertex(LINEAR, spans.front().p0, Point(0, 0), raw.GetSpanID(0)));
+  code = Walk(search, spans, source, kScanOfKurve, off, [&](std::size_t i, const Verdict& verdict) {
+    const Span& span = spans[i];
+    k.Add(spVertex(span.dir, verdict.trimmed ? verdict.end : span.p1, span.pc, span.ID), false);
+  });
+  return k;
+}
+
+std::vector<Span> SpansOf(const Kurve& k) {
+  const int n = k.SpanCount();
+  std::vector<Span> spans;
+  spans.reserve(static_cast<std::size_t>(n));
+  for (int i = 1; i <= n; ++i) k.Get(i, spans.emplace_back(), true, false);
+  return spans;
+}
+
+KurveEx EliminateLoops(const KurveEx& raw, const KurveEx& source, double off, int& code) {
+  return EliminateLoops(KurveEx(raw), source.spans, off, code, Search::Indexed);
+}
+
+Kurve EliminateLoops(const Kurve& raw, const Kurve& source, double off, int& code) {
+  std::vector<Span> spans;
+  const SourceSpans read = [&]() -> const std::vector<Span>& { return spans = SpansOf(source); };
+  return EliminateLoops(raw, read, off, code, Search::Indexed);
+}
+
+}  // namespace geometry

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "geometry/span.h"
+
+namespace geometry {
+
+/// Which way an offset goes, and what follows for its corners.
+///
+/// A contour under `reversed` is offset as it is stored, to the other side. Its corners are still told by
+/// `offset` and `direction`, so those that are inward for its reader count as outward and get roll arcs; the
+/// removal of loops trims these, except where the contour closes.
+struct OffsetSense {
+  double offset;
+  int direction;
+  double off;   ///< to the left of the stored direction
+  int rollDir;  ///< of the roll arcs
+
+  OffsetSense(double signedOffset, int offsetDirection, bool isReversed);
+
+  /// Whether neighbours cross rather than gape at the corner between them.
+  bool Inward(const Span& previous, const Span& current) const;
+};
+
+/// The crossing of two spans if they have exactly one.
+bool OnlyCrossing(const Span& a, const Span& b, Point& crossing);
+
+/// A span about `centre`; its properties are not set.
+Span RollArc(int dir, const Point& end, const Point& centre, std::uint32_t ID);
+
+/// Where the lines or circles of two neighbours cross, on the side of the corner between them. INVALID_POINT
+/// when they don't.
+Point CarrierCrossing(const Span& before, const Span& after);
+
+/// What the areas say about a closed offset: 0, 2 or 3.
+int CodeOfAreas(double sourceArea, double offsetArea, double off);
+
+}  // namespace geometry

@@ -1,0 +1,110 @@
+#include <dlfcn.h>
+
+#include <sstream>
+
+#include "api/host_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class DrawingExports : public HostTest {
+ protected:
+  DrawingExports() : HostTest("[environment]\nHideBilletOut=1\n") {}
+};
+
+TEST_F(DrawingExports, AreFoundByTheirExactNames) {
+  for (const char* name : {"OrvoMacroExec", "OrvoGetCurrentLayer", "OrvoGetLayerName"}) {
+    EXPECT_NE(dlsym(RTLD_DEFAULT, name), nullptr) << name;
+  }
+}
+
+TEST_F(DrawingExports, GiveTheCurrentLayerSoThatItCanBeMadeCurrentAgain) {
+  const std::int32_t first = OrvoGetCurrentLayer();
+  const std::string name = OrvoGetLayerName(first);
+  EXPECT_EQ(name, "0");
+  OrvoCommand("lay ch 'Billet_Spindel_1'");
+  EXPECT_STREQ(OrvoGetLayerName(OrvoGetCurrentLayer()), "Billet_Spindel_1");
+  OrvoCommand(("lay ch '" + name + "'").c_str());
+  EXPECT_EQ(OrvoGetCurrentLayer(), first);
+  EXPECT_STREQ(OrvoGetLayerName(99), "");
+  EXPECT_STREQ(OrvoGetLayerName(-1), "");
+  EXPECT_THAT(panel.lines, IsEmpty());
+}
+
+TEST_F(DrawingExports, RunMacrosByTheirNames) {
+  OrvoMacroExec("@@lay", "'grey' 'solid' '' '' ''Billet_out_HS'");
+  EXPECT_STREQ(OrvoGetLayerName(OrvoGetCurrentLayer()), "Billet_out_HS");
+  OrvoMacroExec("@@lay", "");
+  EXPECT_STREQ(OrvoGetLayerName(OrvoGetCurrentLayer()), "0");
+  OrvoMacroExec("@@lay", nullptr);
+  EXPECT_THAT(panel.lines, IsEmpty());
+}
+
+TEST_F(DrawingExports, TellAMacroThatCannotBeRun) {
+  OrvoMacroExec("nothing", "x");
+  OrvoMacroExec("vbpickel", "ALL");
+  OrvoMacroExec(nullptr, nullptr);
+  EXPECT_THAT(panel.lines,
+              ElementsAre("'nothing x': there is no macro 'nothing'",
+                          "'vbpickel ALL':1: expected 'POS', found 'ALL'", HasSubstr("no macro ''")));
+}
+
+TEST_F(DrawingExports, LinesReachTheProject) {
+  OrvoCommand("env 'HideBilletOut' $_return");
+  EXPECT_EQ(host->variables.Text("$_return"), "1");
+  OrvoCommand("env 'TMP' $_return");
+  EXPECT_THAT(*host->variables.Text("$_return"), HasSubstr((project->folder() / "tmp").string()));
+  OrvoCommand("file a '' $_project 'CLAMP_DB_PATH' 'D:\\clamp.cld'");
+  OrvoCommand("file e '' $_project 'CLAMP_DB_PATH' $_return");
+  EXPECT_EQ(host->variables.Text("$_return"), "D:\\clamp.cld");
+  EXPECT_EQ(ReadBytes(folder / "bench.ini"),
+            "[environment]\nHideBilletOut=1\n\n[project]\nCLAMP_DB_PATH = D:\\clamp.cld\n");
+}
+
+TEST_F(DrawingExports, TheDrawingIsKeptAtARefreshAndAtTheEnd) {
+  OrvoCommand("fig cre F x0y0z0");
+  EXPECT_FALSE(std::filesystem::exists(folder / "drawing.txt"));
+  OrvoCommand("red -1");
+  EXPECT_THAT(ReadBytes(folder / "drawing.txt"), HasSubstr("figure F\n"));
+  OrvoCommand("fig cre G x0y0z0");
+  Restart();
+  EXPECT_THAT(ReadBytes(folder / "drawing.txt"), HasSubstr("figure G\n"));
+  EXPECT_TRUE(host->board.Load());
+  EXPECT_TRUE(host->board.drawing().HasFigure("G"));
+}
+
+TEST_F(DrawingExports, ADrawingThatCannotBeKeptIsTold) {
+  OrvoCommand("fig cre F x0y0z0");
+  std::filesystem::create_directory(folder / "drawing.txt");
+  Restart();
+  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt: is no regular file")));
+}
+
+TEST_F(DrawingExports, ADamagedDrawingIsToldAndTheFirstLayerIsCurrent) {
+  WriteBytes(folder / "drawing.txt", "rubbish\n");
+  EXPECT_STREQ(OrvoGetLayerName(OrvoGetCurrentLayer()), "0");
+  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt:1: is no drawing")));
+}
+
+TEST_F(DrawingExports, FiguresOfTheFolderCanBePicked) {
+  WriteBytes(folder / "figures/ring.txt", "k1 e\nx0 y0\nx5 y0\nek\n");
+  std::istringstream text("figure ring\n");
+  host->picks = *drawing::Picks::Read(text, "picks.txt");
+  OrvoCommand("dfm pick i_return i_return2 'Select Figure' 20");
+  EXPECT_EQ(host->variables.Integer("i_return"), 151);
+  OrvoCommand("dfm inf i_return2");
+  EXPECT_EQ(host->variables.Text("$_misc"), "ring");
+}
+
+TEST(DrawingExportsWithoutAHost, DoNothing) {
+  EXPECT_EQ(OrvoGetCurrentLayer(), 0);
+  EXPECT_STREQ(OrvoGetLayerName(0), "");
+  OrvoMacroExec("@@lay", "");
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,132 @@
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr const char* kChuck =
+    "win 0\ns100=h 0\ns101=v 0\ns102=h 100.000000\ns103=v -50.000000\np100=s100 s101\n"
+    "k30000 p100 as100 ts103 ts102 as101 p100 ek\ndel s100>103 p100\nfig cre Chuck x0y0z0\n"
+    "figure append Chuck k30000\nset m1\nwin 1\nfig ins Chuck m1\n";
+
+class DrawingCommands : public CommandLineTest {
+ protected:
+  void DrawChuck() {
+    MakeProject();
+    const Outcome drawn = Vanzet("command lathe -", "", kChuck);
+    ASSERT_EQ(drawn.status, 0) << drawn.err;
+  }
+  /// Width and height that the head of a PNG file tells.
+  static std::pair<int, int> SizeOfPng(const std::string& bytes) {
+    const auto number = [&](std::size_t at) {
+      return static_cast<unsigned char>(bytes[at + 2]) * 256 + static_cast<unsigned char>(bytes[at + 3]);
+    };
+    return {number(16), number(20)};
+  }
+};
+
+TEST_F(DrawingCommands, WhatOneProcessDrawsTheNextOnePictures) {
+  DrawChuck();
+  const Outcome pictured = Vanzet("picture lathe --out chuck.svg");
+  EXPECT_EQ(pictured.status, 0) << pictured.err;
+  EXPECT_EQ(pictured.out, "");
+  EXPECT_THAT(ReadBytes(folder / "chuck.svg"), HasSubstr("d=\"M0 0 L-50 0 L-50 100 L0 100 L0 0 Z\""));
+}
+
+TEST_F(DrawingCommands, TheConstructionWindowShowsTheContoursThatStand) {
+  DrawChuck();
+  ASSERT_EQ(Vanzet("command lathe 'fig del Chuck yes'").status, 0);
+  ASSERT_EQ(Vanzet("picture lathe --out a.svg").status, 0);
+  EXPECT_THAT(ReadBytes(folder / "a.svg"), Not(HasSubstr("L-50 100")));
+  ASSERT_EQ(Vanzet("picture lathe --out a.svg --window construction").status, 0);
+  EXPECT_THAT(ReadBytes(folder / "a.svg"), HasSubstr("L-50 100"));
+}
+
+TEST_F(DrawingCommands, PicturesArePngsOfTheSizeThatIsAskedFor) {
+  DrawChuck();
+  ASSERT_EQ(Vanzet("picture lathe --out chuck.png --width 320 --height 200").status, 0);
+  const std::string bytes = ReadBytes(folder / "chuck.png");
+  ASSERT_THAT(bytes, StartsWith("\x89PNG\r\n"));
+  EXPECT_EQ(SizeOfPng(bytes), std::pair(320, 200));
+  ASSERT_EQ(Vanzet("picture lathe --out other.PNG --width 1000").status, 0);
+  EXPECT_EQ(SizeOfPng(ReadBytes(folder / "other.PNG")).first, 1000);
+}
+
+TEST_F(DrawingCommands, PicturesAreWholeAndLeaveNothingBeside) {
+  DrawChuck();
+  WriteBytes(folder / "old.svg", "old");
+  std::filesystem::permissions(folder / "old.svg", std::filesystem::perms::owner_read);
+  EXPECT_THAT(Vanzet("picture lathe --out old.svg").err, HasSubstr("old.svg: is read-only"));
+  EXPECT_EQ(ReadBytes(folder / "old.svg"), "old");
+  EXPECT_EQ(Vanzet("picture lathe --out no/such/a.svg").status, 1);
+  EXPECT_THAT(Vanzet("picture lathe --out a.svg --layers 0,None").err,
+              HasSubstr("there is no layer 'None'; there are: 0"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "a.svg"));
+}
+
+TEST_F(DrawingCommands, TheEquipmentIsNotThereYet) {
+  MakeProject();
+  const Outcome pictured = Vanzet("picture lathe --view equipment --out a.svg");
+  EXPECT_EQ(pictured.status, 1);
+  EXPECT_EQ(pictured.err,
+            "vanzet: pictures of the equipment are not there yet; '--view drawing' shows the drawing\n");
+}
+
+TEST_F(DrawingCommands, WrongUsageHasTheStatusTwo) {
+  MakeProject();
+  for (const char* arguments : {"picture lathe", "picture lathe --out a.jpg", "picture lathe --out ''",
+                                "picture lathe --out a.svg --view x", "picture lathe --out a.svg --window 0",
+                                "picture lathe --out a.svg --width 5",
+                                "picture lathe --out a.svg --height 9000", "command lathe - --picks ''"}) {
+    EXPECT_EQ(Vanzet(arguments).status, 2) << arguments;
+  }
+}
+
+TEST_F(DrawingCommands, ADamagedDrawingIsToldWithItsLine) {
+  DrawChuck();
+  WriteBytes(folder / "lathe/drawing.txt", "drawing 1\nrubbish\n");
+  const Outcome pictured = Vanzet("picture lathe --out a.svg");
+  EXPECT_EQ(pictured.status, 1);
+  EXPECT_THAT(pictured.err, HasSubstr("drawing.txt:2: expected a layer"));
+  EXPECT_EQ(Vanzet("command lathe 'fig cre F x0y0z0'").status, 1);
+  EXPECT_EQ(Vanzet("command lathe 'i1215=5'").status, 0) << "a line that does not draw runs";
+  EXPECT_EQ(ReadBytes(folder / "lathe/drawing.txt"), "drawing 1\nrubbish\n");
+}
+
+TEST_F(DrawingCommands, PicksComeFromAFile) {
+  DrawChuck();
+  WriteBytes(folder / "picks.txt", "figure Chuck\nfigure None\n");
+  const std::string lines =
+      "dfm pick i_return i_return2 'Select Figure' 20\ndfm inf i_return2\n"
+      "$_return=$_misc\nfig del Chuck yes\ndfm pick i_return i_return2 'Select Figure' 20\n";
+  const Outcome run = Vanzet("command lathe - --picks picks.txt", "", lines);
+  EXPECT_THAT(run.err, HasSubstr("picks.txt:2: there is no figure 'None'"));
+  EXPECT_THAT(run.err, HasSubstr("1 of 5 lines failed"));
+  EXPECT_THAT(Vanzet("command lathe 'ori' --picks none.txt").err, HasSubstr("none.txt: cannot be read"));
+}
+
+TEST_F(DrawingCommands, ManyProcessesAtOnceLoseNothing) {
+  MakeProject();
+  std::string all;
+  for (int i = 0; i < 8; ++i) {
+    all += "'" VANZET_PROGRAM "' command lathe 'fig cre F" + std::to_string(i) + " x0y0z0' & ";
+  }
+  EXPECT_EQ(Vanzet("--version", "{ " + all + " wait; } &&").status, 0);
+  for (int i = 0; i < 8; ++i) {
+    EXPECT_THAT(ReadBytes(folder / "lathe/drawing.txt"), HasSubstr("figure F" + std::to_string(i) + "\n"));
+  }
+}
+
+TEST_F(DrawingCommands, ADrawingThatCannotBeKeptIsAFault) {
+  MakeProject();
+  std::filesystem::create_directory(folder / "lathe/drawing.txt");
+  const Outcome run = Vanzet("command lathe 'ori' 'fig cre F x0y0z0'");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("drawing.txt: is no regular file"));
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,110 @@
+#include "drawing_fixture.h"
+#include "support/golden.h"
+
+namespace vanzet::drawing {
+namespace {
+
+constexpr const char* kHead = "drawing 1\nlayer black solid 0\n";
+
+std::string ToldOf(const std::string& text) {
+  const auto read = ReadText(text);
+  return read ? "read" : read.fault().Told();
+}
+
+/// A drawing with one of everything.
+Drawing Everything() {
+  Board board;
+  EXPECT_TRUE(board.BeginLayer("Billet & bore", {FindColour("magenta"), FindLineStyle("dashdot")}));
+  EXPECT_TRUE(board.PutLine(-100, geometry::CLine(geometry::Point(0.1, 0), geometry::Point(1, 2))));
+  board.window = Window::kConstruction;
+  EXPECT_TRUE(board.CreateFigure("A figure"));
+  EXPECT_TRUE(board.Append("A figure", Square(1.0 / 3)));
+  EXPECT_TRUE(board.Insert("A figure", {0, -1, 1, 0, -12.5, 1e-7}));
+  EXPECT_TRUE(board.CreateFigure("empty"));
+  board.EndLayer();
+  geometry::Kurve arcs(geometry::Point(0, 0), 2, geometry::ACW);
+  arcs.Add(geometry::CW, {4, 0}, {3, 0});
+  EXPECT_TRUE(board.PutContour(30000, arcs));
+  return board.drawing();
+}
+
+TEST(DrawingText, IsReadBackToTheLastBit) {
+  const std::string text = DrawingText(Everything());
+  EXPECT_GOLDEN(text, "drawing/everything.txt");
+  const auto read = ReadText(text);
+  ASSERT_TRUE(read) << read.fault().Told();
+  EXPECT_EQ(DrawingText(*read), text);
+}
+
+TEST(DrawingText, OfAnEmptyDrawingHasTheFirstLayer) {
+  EXPECT_EQ(DrawingText(Drawing()), std::string(kHead) + "end 1\n");
+  EXPECT_TRUE(ReadText(DrawingText(Drawing())));
+}
+
+TEST(DrawingText, CutShortAnywhereIsRefused) {
+  const std::string text = DrawingText(Everything());
+  for (std::size_t length = 0; length + 1 < text.size(); ++length) {
+    EXPECT_FALSE(ReadText(text.substr(0, length))) << length;
+  }
+}
+
+TEST(DrawingText, ThatIsWrongIsToldWithItsLine) {
+  struct Case {
+    std::string text;
+    const char* told;
+  };
+  const std::string head = kHead;
+  for (const auto& [text, told] : std::initializer_list<Case>{
+           {"", "d.txt: is no drawing: 'drawing 1' is expected"},
+           {"drawing 2\n", "d.txt:1: belongs to another version: 'drawing 1' is expected"},
+           {"k1 e\n", "d.txt:1: is no drawing: 'drawing 1' is expected"},
+           {"drawing 1\nend 0\n", "d.txt:2: the layer 0 is missing"},
+           {head, "d.txt:2: is cut short: 'end' is expected"},
+           {head + "end 5\n", "d.txt:3: 'end 1' is expected: so many parts were read"},
+           {head + "end 1\nx\n", "d.txt:4: text stands behind the end"},
+           {head + "rubbish\n",
+            "d.txt:3: expected a layer, figure, stroke, insert, contour, line or 'end', found 'rubbish'"},
+           {head + "layer pink solid L\n",
+            "d.txt:3: expected black, blue, brown, cyan, green, grey, magenta, orange, red, violet or "
+            "yellow, "
+            "found 'pink'"},
+           {head + "layer red wavy L\n", "d.txt:3: expected solid, dash, dashdot or dot, found 'wavy'"},
+           {head + "layer black solid 0\n", "d.txt:3: there are two layers '0'"},
+           {head + "figure F\nfigure F\n", "d.txt:4: there are two figures 'F'"},
+           {head + "stroke black solid 0\n", "d.txt:3: a stroke stands before the first figure"},
+           {head + "insert display 1 0 0 1 0 0\n", "d.txt:3: an insert stands before the first figure"},
+           {head + "figure F\nstroke black solid L\n", "d.txt:4: there is no layer 'L'"},
+           {head + "figure F\nstroke black solid 0\nx1 y1\n", "d.txt:5: is cut short: 'ek' is expected"},
+           {head + "figure F\nstroke black solid 0\nx1 y1\nek\n", "d.txt:6: the contour has no length"},
+           {head + "figure F\nstroke black solid 0\nax1 y1 x0 y0\n",
+            "d.txt:5: the first vertex of a contour is no arc"},
+           {head + "figure F\nstroke black solid 0\nx1 y1\nx1 y1\n",
+            "d.txt:6: the vertex is where the one before it is"},
+           {head + "figure F\nstroke black solid 0\nx1 yz\n",
+            "d.txt:5: expected 'y' and a number within 1e+07, found 'yz'"},
+           {head + "figure F\nstroke black solid 0\nx1 y2e7\n",
+            "d.txt:5: expected 'y' and a number within 1e+07, found 'y2e7'"},
+           {head + "figure F\nstroke black solid 0\nx1 y1 z\n",
+            "d.txt:5: expected the end of the line, found 'z'"},
+           {head + "figure F\nstroke black solid 0\nx0 y0\nax5 y0 x0 y0\nek\n",
+            "d.txt:7: the geometry refuses this: Invalid Geometry - Radii mismatch - SetProperties"},
+           {head + "figure F\ninsert display 2 0 0 1 0 0\n", "d.txt:4: the placement does not keep lengths"},
+           {head + "figure F\ninsert screen 1 0 0 1 0 0\n",
+            "d.txt:4: expected 'display' or 'construction', found 'screen'"},
+           {head + "contour x display black solid 0\n", "d.txt:3: expected an integer, found 'x'"},
+           {head + "line 1 0 0 2 0 black solid 0\n", "d.txt:3: the direction's length is not 1"},
+           {head + "line 1 0 0 1 0 black solid 0\nline 1 0 0 1 0 black solid 0\n",
+            "d.txt:4: there are two lines 1 in the layer '0'"},
+           {head + "layer black solid \x01\n", "d.txt:3: is no text: the line has a control character"},
+       }) {
+    EXPECT_EQ(ToldOf(text), told) << text;
+  }
+}
+
+TEST(DrawingText, ContoursOfOneNumberAreRefused) {
+  const std::string contour = "contour 1 display black solid 0\nx0 y0\nx1 y0\nek\n";
+  EXPECT_EQ(ToldOf(kHead + contour + contour), "d.txt:10: there are two contours 1");
+}
+
+}  // namespace
+}  // namespace vanzet::drawing

@@ -1,0 +1,86 @@
+#include "drawing/picture.h"
+
+#include "drawing_fixture.h"
+#include "support/golden.h"
+
+namespace vanzet::drawing {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Pictures : public testing::Test {
+ protected:
+  Pictures() {
+    const Pen magenta{FindColour("magenta"), FindLineStyle("solid")},
+        dotted{FindColour("grey"), FindLineStyle("dot")};
+    EXPECT_TRUE(board.BeginLayer("Billet", magenta));
+    EXPECT_TRUE(board.CreateFigure("F"));
+    EXPECT_TRUE(board.Append("F", CurveThrough({{0, -20}, {-80, -20}, {-80, 20}, {0, 20}})));
+    EXPECT_TRUE(board.Append("F", geometry::Kurve(geometry::Point(-40, 0), 10, geometry::CW)));
+    EXPECT_TRUE(board.Insert("F", {1, 0, 0, 1, 15, 0}));
+    EXPECT_TRUE(board.BeginLayer("<Marks & \"more\" \xff\xc3\xa4>", dotted));
+    EXPECT_TRUE(board.PutLine(-100, geometry::CLine(geometry::Point(-30, 7), 0, 1, true)));
+    board.window = Window::kConstruction;
+    EXPECT_TRUE(board.PutContour(1, Square(12.5)));
+  }
+  std::string Svg(const PictureOptions& options = {}) const {
+    const auto svg = PictureSvg(board.drawing(), options);
+    return svg ? *svg : svg.fault().Told();
+  }
+  Board board;
+};
+
+TEST_F(Pictures, OfTheDisplayWindow) {
+  EXPECT_GOLDEN(Svg(), "drawing/display.svg");
+}
+
+TEST_F(Pictures, OfTheConstructionWindow) {
+  EXPECT_GOLDEN(Svg({.window = Window::kConstruction}), "drawing/construction.svg");
+}
+
+TEST_F(Pictures, OfSomeLayersHaveNoOthers) {
+  const std::string svg = Svg({.layers = {"Billet"}});
+  EXPECT_THAT(svg, HasSubstr("data-layer=\"Billet\""));
+  EXPECT_THAT(svg, Not(HasSubstr("Marks")));
+  EXPECT_EQ(Svg({.layers = {"Nowhere"}}).substr(0, 46), "there is no layer 'Nowhere'; there are: 0, <Ma");
+}
+
+TEST_F(Pictures, NamesAreSafeInXml) {
+  EXPECT_THAT(Svg(), HasSubstr("<title>&lt;Marks &amp; &quot;more&quot; \xEF\xBF\xBD\xc3\xa4&gt;</title>"));
+}
+
+TEST_F(Pictures, HaveTheSizeThatIsAskedFor) {
+  EXPECT_THAT(Svg({.width = 300, .height = 200}),
+              HasSubstr("width=\"300\" height=\"200\" viewBox=\"0 0 300 200\""));
+  EXPECT_THAT(Svg({.width = 300}), HasSubstr("width=\"300\" height=\"1"));
+  EXPECT_THAT(Svg({.height = 200}), HasSubstr("height=\"200\""));
+  EXPECT_THAT(Svg({.width = 32, .height = 8192}), HasSubstr("viewBox=\"0 0 32 8192\""));
+}
+
+TEST_F(Pictures, LinesAreAsWideAtEveryScale) {
+  const auto strokeOf = [](double size) {
+    Board small;
+    EXPECT_TRUE(small.PutContour(1, Square(size)));
+    const std::string svg = *PictureSvg(small.drawing(), {.width = 464, .height = 464});
+    const std::size_t at = svg.find("stroke-width=\"", svg.find("class=\"black solid\"")) + 14;
+    return std::stod(svg.substr(at)) / size;
+  };
+  EXPECT_DOUBLE_EQ(strokeOf(4), 0.004) << "a picture of 400 pixels without its margins";
+  EXPECT_DOUBLE_EQ(strokeOf(4000), 0.004);
+}
+
+TEST_F(Pictures, OfNothingAreEmptySheets) {
+  const std::string svg = *PictureSvg(Drawing(), {});
+  EXPECT_THAT(svg, HasSubstr("class=\"axis\""));
+  EXPECT_THAT(svg, Not(HasSubstr("class=\"layer\"")));
+}
+
+TEST_F(Pictures, OfALineAloneShowIt) {
+  Board lone;
+  ASSERT_TRUE(lone.PutLine(-100, geometry::CLine(geometry::Point(-30, 0), 0, 1, true)));
+  EXPECT_THAT(*PictureSvg(lone.drawing(), {}), HasSubstr("d=\"M-30 -"));
+}
+
+}  // namespace
+}  // namespace vanzet::drawing

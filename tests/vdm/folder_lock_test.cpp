@@ -1,0 +1,49 @@
+#include "vdm/folder_lock.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "support/child.h"
+#include "support/temporary_folder.h"
+
+namespace vanzet::vdm {
+namespace {
+
+TEST(FolderLock, IsWaitedFor) {
+  const test::TemporaryFolder folder;
+  test::Child other([&](test::Child::Line& line) {
+    const auto lock = FolderLock::Take(folder.path());
+    line.Tell();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    test::WriteBytes(folder / "done", "");
+    return static_cast<bool>(lock);
+  });
+  ASSERT_TRUE(other.line().Await());
+  const auto lock = FolderLock::Take(folder.path());
+  ASSERT_TRUE(lock);
+  EXPECT_TRUE(std::filesystem::exists(folder / "done"));
+  EXPECT_TRUE(other.End());
+}
+
+TEST(FolderLock, GoesWithItsProcess) {
+  const test::TemporaryFolder folder;
+  test::Child other([&](test::Child::Line& line) {
+    const auto lock = FolderLock::Take(folder.path());
+    line.Tell();
+    line.Await();
+    return static_cast<bool>(lock);
+  });
+  ASSERT_TRUE(other.line().Await());
+  other.Kill();
+  EXPECT_TRUE(FolderLock::Take(folder.path()));
+}
+
+TEST(FolderLock, OfAFolderThatIsNotThereIsAFault) {
+  EXPECT_EQ(FolderLock::Take("/no/such").fault().Told(),
+            "/no/such: cannot be locked: No such file or directory");
+}
+
+}  // namespace
+}  // namespace vanzet::vdm
