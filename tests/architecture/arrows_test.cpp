@@ -24,7 +24,11 @@ const std::map<std::string, Folders> kModule = {
     {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
     {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
+    {"dialog",
+     {"base", "platform", "host", "macro", "macro/tables", "store", "simulation", "machine", "catalogue",
+      "view"}},
+    {"host/door",
+     {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 
