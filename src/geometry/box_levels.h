@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
+
 #include "geometry/span.h"
 
 namespace geometry {
@@ -54,17 +57,15 @@ class BoxLevels {
   static constexpr std::size_t kFan = std::size_t{1} << kFanBits;
   static constexpr std::size_t kLongest = 10 * kFan;  ///< of a short walk
 
-  /// How many spans from `k` on can be passed over at once.
+  /// How many spans from `k` on can be passed over at once: the longest run that begins there and is missed.
   template <class Misses>
   std::size_t SkipAt(std::size_t k, const Misses& misses) const {
-    std::size_t run = 1;
-    unsigned bits = kFanBits;
-    for (const std::vector<Box>& level : levels_) {
-      if ((k & ((std::size_t{1} << bits) - 1)) != 0 || !misses(level[k >> bits])) break;
-      run = std::size_t{1} << bits;
-      bits += kFanBits;
+    const auto aligned = static_cast<std::size_t>(std::countr_zero(k)) / kFanBits;
+    for (std::size_t level = std::min(aligned, levels_.size()); level > 0; --level) {
+      const std::size_t bits = level * kFanBits;
+      if (misses(levels_[level - 1][k >> bits])) return std::size_t{1} << bits;
     }
-    return run > 1 || misses(spans_[k].box) ? run : 0;
+    return misses(spans_[k].box) ? 1 : 0;
   }
 
   /// Makes the boxes that a walk needs.
