@@ -8,6 +8,7 @@ namespace vanzet::cli {
 
 void AddNew(CLI::App& app, Context& context);
 void AddUpgrade(CLI::App& app, Context& context);
+void AddScript(CLI::App& app, Context& context);
 void AddShow(CLI::App& app, Context& context);
 void AddItems(CLI::App& app, Context& context);
 void AddVdm(CLI::App& app, Context& context);

@@ -1,0 +1,96 @@
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "api/module.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "project/text_file.h"
+
+namespace vanzet::cli {
+namespace {
+
+struct Arguments {
+  std::vector<std::string> words;
+  std::string picks;
+  std::string transcript;
+  std::string trace;
+};
+
+/// What a script could not do, as its transcript tells it: the line and the reason.
+Result<void> ErrorsIn(const std::string& transcript, const std::string& script) {
+  std::istringstream lines(transcript);
+  for (std::string line; std::getline(lines, line);) {
+    const auto event = nlohmann::json::parse(line, nullptr, false);
+    if (!event.is_object() || event.value("event", "") != "error") continue;
+    return Fault{event.value("text", ""), script, event.value("line", 0)};
+  }
+  return {};
+}
+
+/// Has the module serve its dialog from the script; the transcript goes to the file.
+Result<void> Play(const std::string& script, const std::filesystem::path& transcript, api::Host& host,
+                  Context& context) {
+  const auto module = api::FindModule(context.program);
+  if (!module) return module.fault();
+  setenv("VANZET_SCRIPT", script.c_str(), 1);
+  setenv("VANZET_TRANSCRIPT", transcript.c_str(), 1);
+  return api::CallModule(*module, "mstart", host);
+}
+
+Result<void> TakePicks(const std::string& file, api::Host& host) {
+  if (file.empty()) return {};
+  auto picks = drawing::Picks::ReadFile(file);
+  if (!picks) return picks.fault();
+  host.picks = std::move(*picks);
+  return {};
+}
+
+Result<void> Script(const Arguments& arguments, Context& context) {
+  const SplitWords operands = SplitOperands(arguments.words, 1);
+  const std::string& script = operands.words.front();
+  if (const auto text = project::ReadTextFile(script, script); !text) return text.fault();
+  const auto hosted = HostProject(operands.project, arguments.trace, context);
+  if (!hosted) return hosted.fault();
+  api::Host& host = *(*hosted)->host;
+  if (const auto usable = host.store.Check(); !usable) return usable;
+  if (const auto picks = TakePicks(arguments.picks, host); !picks) return picks;
+  const auto folder = host.runFolder.Path();
+  if (!folder) return folder.fault();
+  const bool isPrinted = arguments.transcript.empty();
+  const std::filesystem::path file =
+      isPrinted ? *folder / "transcript.jsonl" : std::filesystem::path(arguments.transcript);
+  if (const auto played = Play(script, file, host, context); !played) return played;
+  const auto transcript = project::ReadTextFile(file, file.string());
+  if (!transcript) return transcript.fault();
+  if (isPrinted) {
+    if (const auto printed = Print(*transcript); !printed) return printed;
+  }
+  if (const auto done = ErrorsIn(*transcript, script); !done) return done;
+  if (const auto kept = host.board.Save(); !kept) return kept;
+  return context.panel.faults() == 0 ? Result<void>() : Fault{"the script went on after faults; see above"};
+}
+
+}  // namespace
+
+void AddScript(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand(
+      "script", "Plays a script through the equipment dialog, without a display, and tells what happened.");
+  command->add_option("[PROJECT] FILE", arguments->words)->required()->expected(1, 2);
+  const auto addFile = [&](const char* name, std::string Arguments::* file, const char* help) {
+    command
+        ->add_option_function<std::string>(
+            name, [=](const std::string& word) { (*arguments).*file = FileOf(name, word); }, help)
+        ->type_name("FILE");
+  };
+  addFile("--picks", &Arguments::picks, "what the dialog asks for with the mouse, a pick a line");
+  addFile("--transcript", &Arguments::transcript, "write what happens to this file, not to standard output");
+  addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
+  command->footer("Example:\n  vanzet script lathe bar-job.txt --transcript bar-job.jsonl");
+  command->callback([=, &context] { context.run = [=, &context] { return Script(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli
