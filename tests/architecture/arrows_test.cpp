@@ -89,6 +89,17 @@ TEST(Arrows, OfTheModulePointOneWay) {
   ExpectArrowsOf(VANZET_SOURCE_DIR "/src", kModule);
 }
 
+TEST(Arrows, OfADialogAndItsViewsMeetInPlainHeaders) {
+  const std::set<std::string> plain = {"view/dialog.h", "view/dialog_state.h", "view/dialog_view.h"};
+  for (const Include& include : IncludesBelow(VANZET_SOURCE_DIR "/src")) {
+    const bool isPlain = plain.contains(include.file.string());
+    const bool isOfTheDialog =
+        include.file.string().starts_with("dialog/") && include.header.starts_with("view/");
+    if (include.inBrackets || (!isPlain && !isOfTheDialog)) continue;
+    EXPECT_TRUE(plain.contains(include.header)) << include.file << " includes " << include.header;
+  }
+}
+
 TEST(Arrows, OfTheWorkbenchPointOneWay) {
   ExpectArrowsOf(VANZET_SOURCE_DIR "/bench", kWorkbench);
 }
