@@ -28,6 +28,7 @@ OrvoNothing OrvoMissingAPI();
 const char* OrvoEnvironment(const char* key);
 const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defaultText);
 void* OrvoGetWnd(std::int32_t selector);
+void* OrvoGetStructPtr(const char* name);
 
 // The macro language and its variables. A text is given at most 4095 bytes; what is longer is cut.
 void OrvoCommand(const char* line);

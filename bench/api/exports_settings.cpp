@@ -30,6 +30,16 @@ const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defa
   return text == nullptr ? "" : text;
 }
 
+void* OrvoGetStructPtr(const char* name) {
+  // What modules know of the structure: its second member is the main window, of which there is none.
+  static void* dllVars[2] = {};
+  return Answer("OrvoGetStructPtr", {TextOf(name)}, [&](Host& host, Json&) -> void* {
+    if (TextOf(name) == "DLLVARSXX") return static_cast<void*>(dllVars);
+    host.panel.Tell(Fault{"there is no structure '" + std::string(TextOf(name)) + "'"});
+    return nullptr;
+  });
+}
+
 void* OrvoGetWnd(std::int32_t selector) {
   // There is no window; boxes stand alone.
   return Answer("OrvoGetWnd", {selector}, [](Host&, Json&) -> void* { return nullptr; });

@@ -80,7 +80,7 @@ void AddScript(CLI::App& app, Context& context) {
   CLI::App* const command = app.add_subcommand(
       "script", "Plays a script through the equipment dialog, without a display, and tells what happened.");
   command->add_option("[PROJECT] FILE", arguments->words)->required()->expected(1, 2);
-  const auto addFile = [&](const char* name, std::string Arguments::* file, const char* help) {
+  const auto addFile = [&](const char* name, std::string Arguments::*file, const char* help) {
     command
         ->add_option_function<std::string>(
             name, [=](const std::string& word) { (*arguments).*file = FileOf(name, word); }, help)

@@ -38,6 +38,7 @@ TEST_F(Exports, AreFoundByTheirExactNamesInTheRunningProgram) {
                            "OrvoReadGlobal$",
                            "OrvoWriteGlobalI",
                            "OrvoWriteGlobal$",
+                           "OrvoGetStructPtr",
                            "OrvoMacroVdmExists",
                            "OrvoMacroVdmCreate",
                            "OrvoMacroVdmOpen",
@@ -88,6 +89,14 @@ TEST_F(Exports, GiveTextsInTheProjectsLanguageOrTheDefault) {
 
 TEST_F(Exports, HaveNoWindow) {
   EXPECT_EQ(OrvoGetWnd(2), nullptr);
+}
+
+TEST_F(Exports, HaveAStructureWhoseSecondMemberIsTheMissingWindow) {
+  void* const* const structure = static_cast<void**>(OrvoGetStructPtr("DLLVARSXX"));
+  ASSERT_NE(structure, nullptr);
+  EXPECT_EQ(structure[1], nullptr);
+  EXPECT_EQ(OrvoGetStructPtr("OTHER"), nullptr);
+  EXPECT_THAT(panel.lines, ElementsAre("there is no structure 'OTHER'"));
 }
 
 TEST_F(Exports, ReadVariablesByTheirType) {

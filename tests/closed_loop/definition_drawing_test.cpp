@@ -2,6 +2,7 @@
 #include "drawing/picture.h"
 #include "macro/billet_out_marks.h"
 #include "store/billet_records.h"
+#include "store/billet_vdm.h"
 #include "store/clamp_records.h"
 #include "store/datum_records.h"
 #include "support/golden.h"
@@ -15,7 +16,8 @@ using testing::SizeIs;
 constexpr DeviceParams kChuck = {.type = 1, .A = 100, .B = 60, .C = 25};
 constexpr DeviceParams kJaw = {.type = 9, .A = 40, .B = 25, .D = 18};
 constexpr DeviceParams kCollet = {.type = 2, .A = 40, .B = 60, .C = 10, .D = 15, .E = 30, .F = 2};
-constexpr DatumRecord kDatum = {.clampingOutMain = 60, .clampingOutSub = 30, .originMain = 20, .originSub = -15};
+constexpr DatumRecord kDatum = {
+    .clampingOutMain = 60, .clampingOutSub = 30, .originMain = 20, .originSub = -15};
 
 BilletRecord BoredBar() {
   BilletRecord billet;

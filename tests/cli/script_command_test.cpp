@@ -1,0 +1,97 @@
+#include <nlohmann/json.hpp>
+
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Json = nlohmann::json;
+
+class ScriptCommand : public CommandLineTest {
+ protected:
+  /// The sections of an operation of the first spur.
+  Json Sections(std::size_t operation) {
+    return Json::parse(
+        Vanzet("show lathe --spur 0 --json").out)["spurs"][0]["operations"][operation]["sections"];
+  }
+
+  const std::string kBarJob = VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt";
+};
+
+TEST_F(ScriptCommand, PlaysABarJobFromTheCatalogueToTheSimulationsData) {
+  MakeUpgradedProject();
+  const Outcome played = Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.err, "");
+  EXPECT_EQ(played.out, "");
+  EXPECT_THAT(ReadBytes(folder / "run.jsonl"), HasSubstr("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
+  EXPECT_EQ(Sections(1)[1][0], "Chuck 160");
+  EXPECT_EQ(Sections(1)[2][0], "Soft jaw 160");
+  EXPECT_EQ(Sections(2)[1][0], "Collet D42");
+  EXPECT_EQ(Sections(1)[3][1], "1 80.000000 120.000000 2.000000 3.000000 0.000000 0 1000.000000");
+  EXPECT_EQ(Sections(3)[1][0], "1 0.000000 60.000000 40.000000 20.000000 -15.000000");
+  for (const std::size_t vrml : {5U, 6U, 7U, 8U}) {
+    EXPECT_EQ(Sections(vrml)[1][0], "#VRML V2.0 utf8\n") << vrml;
+    EXPECT_GT(Sections(vrml)[1].size(), 90U) << vrml;
+  }
+  for (const std::size_t outline : {11U, 12U, 13U, 14U})
+    EXPECT_GE(Sections(outline)[1].size(), 5U) << outline;
+  EXPECT_EQ(Sections(6)[2][0], "[Tool]\n");
+}
+
+TEST_F(ScriptCommand, LeavesTheBilletInTheDrawing) {
+  MakeUpgradedProject();
+  ASSERT_EQ(Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl").status, 0);
+  ASSERT_EQ(Vanzet("picture lathe --view drawing --out billet.svg").status, 0);
+  EXPECT_THAT(ReadBytes(folder / "billet.svg"), HasSubstr("Billet_Spindel_1"));
+}
+
+TEST_F(ScriptCommand, PrintsTheTranscriptWhenNoFileIsNamed) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "close.txt", "close\n");
+  const Outcome played = Vanzet("script lathe close.txt");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.out, "{\"event\":\"closed\",\"by\":\"close\"}\n");
+}
+
+TEST_F(ScriptCommand, FailsWithFileAndLineAtALineThatCannotBeDone) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "broken.txt", "select 3\n\ndance\n");
+  const Outcome played = Vanzet("script lathe broken.txt --transcript run.jsonl");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_THAT(played.err, StartsWith("vanzet: broken.txt:3: "));
+}
+
+TEST_F(ScriptCommand, ServesPicksFromAFile) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "pick.txt", "select 19\npress 2005\nstate\nclose\n");
+  WriteBytes(folder / "picks.txt", "position 10 42.5\n");
+  const Outcome played = Vanzet("script lathe pick.txt --picks picks.txt");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_THAT(played.out, HasSubstr("\"2022\":{\"kind\":\"edit\",\"text\":\"85\""));
+}
+
+TEST_F(ScriptCommand, NamesAScriptThatIsNotThere) {
+  MakeUpgradedProject();
+  const Outcome played = Vanzet("script lathe missing.txt");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_THAT(played.err, StartsWith("vanzet: missing.txt: "));
+}
+
+TEST_F(ScriptCommand, RebuildsTheSimulationsDataOfAnOldDefinition) {
+  MakeUpgradedProject();
+  WriteBytes(
+      folder / "old.vdm",
+      "vdm 1\nrecord\n.1 1 1 1\n.Billet definition\nrecord\n.2 1 3 1 2 2\n.Main Spindle\n.chuck\n.1 80 90\n"
+      ".jaw\n.9 38 62 12 24\nend 2\n");
+  ASSERT_EQ(Vanzet("vdm load lathe old.vdm 1000").status, 0);
+  const Outcome upgraded = Vanzet("upgrade lathe");
+  EXPECT_EQ(upgraded.status, 0) << upgraded.err;
+  EXPECT_EQ(Sections(6)[1][0], "#VRML V2.0 utf8\n");
+  EXPECT_EQ(Sections(12)[1].size(), 5U);
+}
+
+}  // namespace
+}  // namespace vanzet::test
