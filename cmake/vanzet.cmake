@@ -34,6 +34,15 @@ function(vanzet_library folder)
   target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
 endfunction()
 
+# What tests are compiled with beside: little, for there are many of them. Undefined behaviour is looked for in
+# what they test, not in the tests.
+add_library(vanzet_test_options INTERFACE)
+target_link_libraries(vanzet_test_options INTERFACE vanzet_options)
+target_compile_options(vanzet_test_options INTERFACE -O1 -g1)
+if(VANZET_SANITIZE)
+  target_compile_options(vanzet_test_options INTERFACE -fno-sanitize=undefined)
+endif()
+
 # The test program NAME_test; each of its tests is one test of ctest.
 #   NEEDS        the folders under test
 #   ENVIRONMENT  what the tests find in their environment
@@ -42,7 +51,8 @@ function(vanzet_test name)
   add_executable(${name}_test ${ARG_SOURCES})
   list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(${name}_test PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_options vanzet_test_main)
+  target_link_libraries(${name}_test PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_test_options vanzet_test_main)
+  target_precompile_headers(${name}_test REUSE_FROM vanzet_test_headers)
   target_compile_definitions(${name}_test PRIVATE
     VANZET_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANZET_BINARY_DIR="${PROJECT_BINARY_DIR}")
   gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
