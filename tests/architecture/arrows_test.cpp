@@ -32,6 +32,8 @@ const std::map<std::string, Folders> kModule = {
 const std::map<std::string, Folders> kWorkbench = {
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
+    {"modeller", {"base", "vdm", "geometry"}},
+    {"modeller/exchange", {"base", "geometry", "modeller"}},
     {"project", {"base", "vdm"}},
     {"drawing", {"base", "vdm", "contour", "geometry"}},
     {"language", {"base", "vdm", "project", "drawing", "geometry"}},

@@ -27,6 +27,9 @@ class Child {
 
   Line& line() { return line_; }
 
+  /// Its number in the system.
+  int process() const { return process_; }
+
   /// Waits for the end; true when it was a good one.
   bool End();
 

@@ -1,0 +1,70 @@
+#include "modeller/body_table.h"
+
+#include <limits>
+#include <utility>
+
+#include "base/letter_case.h"
+#include "modeller/placement.h"
+
+namespace vanzet::modeller {
+
+Result<std::int32_t> BodyTable::Add(Body body, std::string name) {
+  if (const std::int32_t other = NumberOf(name); other != 0) {
+    return Fault{"body " + std::to_string(other) + " has the name '" + name + "' already"};
+  }
+  if (last_ == std::numeric_limits<std::int32_t>::max()) return Fault{"there are no more numbers for bodies"};
+  entries_.emplace(++last_, Entry{std::move(body), std::move(name)});
+  return last_;
+}
+
+Result<Body> BodyTable::Get(std::int32_t number) const {
+  const auto entry = entries_.find(number);
+  if (entry == entries_.end()) return Fault{"there is no body " + std::to_string(number)};
+  return entry->second.body;
+}
+
+Result<void> BodyTable::Move(std::int32_t number, const geometry::Vector3d& by) {
+  const auto body = Get(number);
+  if (!body) return body.fault();
+  return Change(number, Moved(*body, by));
+}
+
+Result<void> BodyTable::Turn(std::int32_t number, const Axis& axis, double degrees) {
+  const auto body = Get(number);
+  if (!body) return body.fault();
+  return Change(number, Turned(*body, axis, degrees));
+}
+
+Result<void> BodyTable::Change(std::int32_t number, Result<Body> changed) {
+  if (!changed) return changed.fault();
+  entries_.at(number).body = std::move(*changed);
+  return {};
+}
+
+Result<void> BodyTable::Delete(std::int32_t number) {
+  const auto body = Get(number);
+  if (!body) return body.fault();
+  entries_.erase(number);
+  return {};
+}
+
+std::string BodyTable::NameOf(std::int32_t number) const {
+  const auto entry = entries_.find(number);
+  return entry == entries_.end() ? "" : entry->second.name;
+}
+
+std::int32_t BodyTable::NumberOf(std::string_view name) const {
+  if (name.empty()) return 0;
+  for (const auto& [number, entry] : entries_) {
+    if (EqualWithoutCase(entry.name, name)) return number;
+  }
+  return 0;
+}
+
+std::vector<std::int32_t> BodyTable::Numbers() const {
+  std::vector<std::int32_t> numbers;
+  for (const auto& [number, entry] : entries_) numbers.push_back(number);
+  return numbers;
+}
+
+}  // namespace vanzet::modeller

@@ -1,0 +1,88 @@
+// The exchange program. Its arguments: what to do, the seconds and bytes it may take, the file, and for
+// writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells stands in
+// report.h.
+
+#include <Standard_OutOfMemory.hxx>
+#include <cstdlib>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "base/numbers.h"
+#include "modeller/exchange/limits.h"
+#include "modeller/exchange/parcel.h"
+#include "modeller/exchange/read_file.h"
+#include "modeller/exchange/report.h"
+#include "modeller/exchange/write_file.h"
+#include "modeller/kernel.h"
+
+namespace vanzet::modeller {
+namespace {
+
+struct Order {
+  std::string file;
+  MeshTolerance tolerance;
+};
+
+Result<void> Read(const Order& order) {
+  const auto shape = ReadFile(order.file);
+  if (!shape) return shape.fault();
+  return WriteParcel(*shape);
+}
+
+Result<void> StepFile(const Order& order) {
+  const auto bodies = ReadParcel();
+  if (!bodies) return bodies.fault();
+  return WriteStep(*bodies, order.file);
+}
+
+Result<void> GltfFile(const Order& order) {
+  const auto bodies = ReadParcel();
+  if (!bodies) return bodies.fault();
+  return WriteGltf(*bodies, order.file, order.tolerance);
+}
+
+struct Work {
+  std::string_view word;
+  int arguments;
+  Result<void> (*work)(const Order& order);
+};
+constexpr Work kWorks[] = {
+    {"read", 4, Read},
+    {"write-step", 6, StepFile},
+    {"write-gltf", 6, GltfFile},
+};
+
+Result<void> Done(const Work& work, char** arguments) {
+  KeepWithin(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
+  CollectComplaints();
+  Order order;
+  order.file = arguments[3];
+  if (work.arguments > 4) order.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
+  try {
+    return work.work(order);
+  } catch (const Standard_OutOfMemory&) {
+    return Fault{"needs more memory than it may take"};
+  } catch (const Standard_Failure& failure) {
+    return KernelFault(failure);
+  } catch (const std::bad_alloc&) {
+    return Fault{"needs more memory than it may take"};
+  } catch (const std::exception& error) {
+    return Fault{error.what()};
+  }
+}
+
+}  // namespace
+}  // namespace vanzet::modeller
+
+int main(int argc, char** argv) {
+  using namespace vanzet::modeller;
+  for (const Work& work : kWorks) {
+    if (argc != work.arguments + 1 || work.word != argv[1]) continue;
+    const auto done = Done(work, argv + 1);
+    if (!done) TellFault(done.fault().text);
+    return done ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
+  TellFault("the workbench and its exchange program do not fit together");
+  return EXIT_FAILURE;
+}

@@ -1,0 +1,144 @@
+#include "modeller/exchange/read_file.h"
+
+#include <BRepBndLib.hxx>
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <Bnd_Box.hxx>
+#include <Interface_Static.hxx>
+#include <RWStl.hxx>
+#include <RWStl_Reader.hxx>
+#include <STEPControl_Controller.hxx>
+#include <STEPControl_Reader.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Face.hxx>
+#include <algorithm>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "base/letter_case.h"
+#include "modeller/exchange/report.h"
+#include "modeller/number_text.h"
+#include "modeller/outline.h"
+
+namespace vanzet::modeller {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double kTransferBegins = 0.3;  // of a STEP file's progress: reading its text comes before
+
+Result<TopoDS_Shape> ReadStep(const fs::path& file) {
+  STEPControl_Controller::Init();
+  Interface_Static::SetCVal("xstep.cascade.unit", "MM");
+  STEPControl_Reader reader;
+  if (reader.ReadFile(file.c_str()) != IFSelect_RetDone) {
+    return Fault{"is no STEP file that can be read" + FirstComplaint()};
+  }
+  TellProgress(kTransferBegins);
+  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(kTransferBegins, 1);
+  reader.TransferRoots(teller->Start());
+  return reader.OneShape();
+}
+
+/// Tells the text form of STL from the binary one, by Open CASCADE's own rule.
+class StlForm final : public RWStl_Reader {
+ public:
+  bool IsText(std::ifstream& bytes) { return IsAscii(bytes, true); }
+
+ private:
+  Standard_Integer AddNode(const gp_XYZ&) override { return 0; }
+  void AddTriangle(Standard_Integer, Standard_Integer, Standard_Integer) override {}
+};
+
+/// Whether a text has its last line, "endsolid" with perhaps a name, in small letters or capitals.
+bool HasItsEnd(std::ifstream& bytes, std::uintmax_t size) {
+  constexpr std::uintmax_t kLongestEnd = 4096;
+  bytes.clear();
+  bytes.seekg(static_cast<std::streamoff>(size - std::min(size, kLongestEnd)));
+  std::string end{std::istreambuf_iterator<char>(bytes), {}};
+  std::ranges::transform(end, end.begin(), SmallLetter);
+  return end.find("endsolid") != std::string::npos;
+}
+
+/// Open CASCADE passes over the end of a file that is cut short.
+Result<void> CheckStlEnd(const fs::path& file) {
+  constexpr std::uintmax_t kCountAt = 80, kHeadBytes = 84, kTriangleBytes = 50;
+  const std::uintmax_t size = fs::file_size(file);
+  std::ifstream bytes(file, std::ios::binary);
+  if (StlForm().IsText(bytes)) {
+    if (HasItsEnd(bytes, size)) return {};
+    return Fault{"is cut short: it has no 'endsolid'"};
+  }
+  std::uint32_t count = 0;
+  bytes.clear();
+  bytes.seekg(kCountAt);
+  if (!bytes.read(reinterpret_cast<char*>(&count), sizeof(count)))
+    return Fault{"is no STL file that can be read"};
+  if (size >= kHeadBytes + kTriangleBytes * count) return {};
+  return Fault{"is cut short: it tells " + std::to_string(count) + " triangles and does not hold them"};
+}
+
+Result<TopoDS_Shape> ReadStl(const fs::path& file) {
+  if (const auto checked = CheckStlEnd(file); !checked) return checked.fault();
+  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(0, 1);
+  const auto triangulation = RWStl::ReadFile(file.c_str(), teller->Start());
+  if (triangulation.IsNull()) return Fault{"is no STL file that can be read" + FirstComplaint()};
+  TopoDS_Face face;
+  if (triangulation->NbTriangles() > 0) BRep_Builder().MakeFace(face, triangulation);
+  return face;
+}
+
+Result<TopoDS_Shape> ReadBrep(const fs::path& file) {
+  TopoDS_Shape shape;
+  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(0, 1);
+  if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), teller->Start())) {
+    return Fault{"is no BREP file that can be read" + FirstComplaint()};
+  }
+  return shape;
+}
+
+struct Reader {
+  std::string_view ending;
+  Result<TopoDS_Shape> (*read)(const fs::path& file);
+};
+constexpr Reader kReaders[] = {
+    {".step", ReadStep},
+    {".stp", ReadStep},
+    {".stl", ReadStl},
+    {".brep", ReadBrep},
+};
+
+Result<void> CheckReach(const TopoDS_Shape& shape) {
+  Bnd_Box box;
+  BRepBndLib::Add(shape, box);
+  if (box.IsVoid()) return Fault{"holds no body"};
+  double low[3], high[3];
+  box.Get(low[0], low[1], low[2], high[0], high[1], high[2]);
+  for (int i = 0; i < 3; ++i) {
+    if (low[i] >= -kLargestCoordinate && high[i] <= kLargestCoordinate) continue;
+    return Fault{"has a point that is not within " + NumberText(kLargestCoordinate) + " mm"};
+  }
+  return {};
+}
+
+}  // namespace
+
+Result<TopoDS_Shape> ReadFile(const fs::path& file) {
+  if (!fs::is_regular_file(file)) return Fault{fs::exists(file) ? "is no regular file" : "is not there"};
+  if (!std::ifstream(file)) return Fault{"cannot be read"};
+  for (const Reader& reader : kReaders) {
+    if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
+    auto shape = reader.read(file);
+    if (!shape) return shape;
+    if (shape->IsNull() || !TopExp_Explorer(*shape, TopAbs_FACE).More()) {
+      return Fault{"holds no body" + FirstComplaint()};
+    }
+    if (const auto checked = CheckReach(*shape); !checked) return checked.fault();
+    return shape;
+  }
+  return Fault{"does not end with .step, .stp, .stl or .brep"};
+}
+
+}  // namespace vanzet::modeller

@@ -1,0 +1,182 @@
+#include "modeller/exchange_process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "base/numbers.h"
+#include "modeller/interrupt_watch.h"
+#include "vdm/system_reason.h"
+
+namespace vanzet::modeller {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kParcel = 3;   // its descriptor in the program
+constexpr int kGlance = 50;  // milliseconds between looks at Ctrl-C and the clock
+constexpr std::size_t kLongestLine = 4096;
+
+Fault SystemFault(const std::string& what, int error) {
+  return {what + ": " + vdm::SystemReason(error)};
+}
+
+/// The program while it runs, and the reading end of its standard output.
+class Process {
+ public:
+  static Result<Process> Start(const Exchange& exchange, const std::vector<std::string>& arguments,
+                               int parcel);
+  ~Process();
+  Process(Process&& other) noexcept
+      : process_(std::exchange(other.process_, 0)), output_(std::exchange(other.output_, -1)) {}
+  Process& operator=(Process&&) = delete;
+
+  /// Its next words, "" at their end, nothing when there were none for a moment.
+  std::optional<std::string> Glance();
+
+  /// Waits for the end; 0 when it was a good one.
+  int End();
+
+ private:
+  Process(pid_t process, int output) : process_(process), output_(output) {}
+
+  pid_t process_;  ///< 0: has ended
+  int output_;
+};
+
+Result<Process> Process::Start(const Exchange& exchange, const std::vector<std::string>& arguments,
+                               int parcel) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return SystemFault("no pipe could be made", errno);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, parcel, kParcel);
+  std::string program = exchange.program.string();
+  std::vector<std::string> words = arguments;
+  std::vector<char*> argv = {program.data()};
+  for (std::string& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+  pid_t process = 0;
+  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  close(ends[1]);
+  if (error == 0) return Process(process, ends[0]);
+  close(ends[0]);
+  return SystemFault(program + " cannot be run", error);
+}
+
+Process::~Process() {
+  if (process_ != 0) {
+    kill(process_, SIGKILL);
+    End();
+  }
+  if (output_ >= 0) close(output_);
+}
+
+std::optional<std::string> Process::Glance() {
+  pollfd watched = {output_, POLLIN, 0};
+  if (poll(&watched, 1, kGlance) <= 0) return std::nullopt;
+  std::array<char, 512> bytes;
+  const ssize_t count = read(output_, bytes.data(), bytes.size());
+  if (count < 0) return std::nullopt;
+  return std::string(bytes.data(), static_cast<std::size_t>(count));
+}
+
+int Process::End() {
+  int status = 0;
+  while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+  }
+  process_ = 0;
+  return status;
+}
+
+/// What the program tells, line by line: "progress 0.5", "fault TEXT".
+class Talk {
+ public:
+  /// False when the one who listens wants no more.
+  bool Add(std::string_view words, const Progress& progress) {
+    bool goesOn = true;
+    for (const char c : words) {
+      if (c != '\n' && line_.size() < kLongestLine) line_ += c;
+      if (c == '\n') goesOn = Take(std::exchange(line_, {}), progress) && goesOn;
+    }
+    return goesOn;
+  }
+
+  const std::string& fault() const { return fault_; }
+
+ private:
+  bool Take(const std::string& line, const Progress& progress) {
+    constexpr std::string_view kFault = "fault ", kProgress = "progress ";
+    if (line.starts_with(kFault)) fault_ = line.substr(kFault.size());
+    if (!line.starts_with(kProgress) || !progress) return true;
+    return progress(RealOrZero(line.substr(kProgress.size())));
+  }
+
+  std::string line_;
+  std::string fault_;
+};
+
+Result<void> Verdict(int status, const std::string& fault) {
+  if (!fault.empty()) return Fault{fault};
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return Fault{"takes too long"};
+  if (WIFSIGNALED(status)) {
+    return Fault{"Open CASCADE broke down over it (signal " + std::to_string(WTERMSIG(status)) + ")"};
+  }
+  if (WEXITSTATUS(status) != 0) {
+    return Fault{"the exchange program failed (status " + std::to_string(WEXITSTATUS(status)) + ")"};
+  }
+  return {};
+}
+
+}  // namespace
+
+Result<MemoryFile> MemoryFile::Make() {
+  const int descriptor = memfd_create("vanzet-exchange", MFD_CLOEXEC);
+  if (descriptor < 0) return SystemFault("no file in memory could be made", errno);
+  return MemoryFile(descriptor);
+}
+
+MemoryFile::MemoryFile(MemoryFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+MemoryFile::~MemoryFile() {
+  if (descriptor_ >= 0) close(descriptor_);
+}
+
+std::string MemoryFile::Path() const {
+  return "/proc/self/fd/" + std::to_string(descriptor_);
+}
+
+Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
+                         const MemoryFile& parcel, const Progress& progress) {
+  const InterruptWatch interrupt;
+  auto process = Process::Start(exchange, arguments, parcel.descriptor());
+  if (!process) return process.fault();
+  const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
+  Talk talk;
+  for (bool hasEnded = false; !hasEnded;) {
+    const auto words = process->Glance();
+    hasEnded = words && words->empty();
+    if ((words && !talk.Add(*words, progress)) || interrupt.Came()) return Fault{"cancelled"};
+    if (Clock::now() > deadline) {
+      return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
+    }
+  }
+  return Verdict(process->End(), talk.fault());
+}
+
+}  // namespace vanzet::modeller

@@ -1,0 +1,159 @@
+#include "modeller/export.h"
+
+#include <BRep_Builder.hxx>
+#include <BinTools.hxx>
+#include <TopoDS_Compound.hxx>
+#include <fstream>
+
+#include "base/one_line.h"
+#include "modeller/exchange_process.h"
+#include "modeller/kernel.h"
+#include "modeller/number_text.h"
+#include "modeller/placement.h"
+#include "modeller/shape.h"
+#include "modeller/stl_bytes.h"
+#include "modeller/temporary_file.h"
+#include "modeller/vrml_text.h"
+#include "vdm/file_replacement.h"
+
+namespace vanzet::modeller {
+namespace {
+
+namespace fs = std::filesystem;
+using Bodies = std::vector<NamedBody>;
+
+struct FormatRow {
+  std::string_view word;
+  ExportFormat format;
+  std::string_view ending;
+};
+constexpr FormatRow kFormats[] = {
+    {"step", ExportFormat::kStep, ".step"},
+    {"stl", ExportFormat::kStl, ".stl"},
+    {"wrl", ExportFormat::kWrl, ".wrl"},
+    {"gltf", ExportFormat::kGltf, ".glb"},
+};
+
+Result<void> Replace(const fs::path& file, std::string_view bytes) {
+  auto replacement = vdm::FileReplacement::Begin(file);
+  if (!replacement) return replacement.fault();
+  if (const auto written = replacement->Write(bytes); !written) return written.fault();
+  return replacement->Commit();
+}
+
+/// The bodies where they are to be, each still with its name and colour.
+Result<Bodies> InPlace(const Bodies& bodies) {
+  Bodies placed;
+  for (const NamedBody& named : bodies) {
+    auto body = Placed(named.body, named.placement);
+    if (!body) return body.fault();
+    placed.push_back({named.name, *body, {}, named.colour});
+  }
+  return placed;
+}
+
+Result<std::vector<Mesh>> MeshesOf(const Bodies& bodies, const MeshTolerance& tolerance) {
+  std::vector<Mesh> meshes;
+  for (const NamedBody& named : bodies) {
+    auto mesh = MeshOf(named.body, tolerance);
+    if (!mesh) return Fault{named.name + ": " + mesh.fault().text};
+    meshes.push_back(std::move(*mesh));
+  }
+  return meshes;
+}
+
+std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes) {
+  std::string text(kVrmlHead);
+  for (std::size_t i = 0; i < bodies.size(); ++i) {
+    text += VrmlNamed(bodies[i].name, i + 1, VrmlShape(meshes[i], bodies[i].colour));
+  }
+  return text;
+}
+
+/// What exchange/parcel.cpp reads: the count, a line of colour and name for each body, then their shapes.
+Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
+  return Guarded([&]() -> Result<void> {
+    std::ofstream bytes(parcel.Path(), std::ios::binary);
+    bytes << std::to_string(bodies.size()) + "\n";
+    const BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (const auto& [name, body, placement, colour] : bodies) {
+      bytes << NumberText(colour.red) + " " + NumberText(colour.green) + " " + NumberText(colour.blue) + " " +
+                   OneLine(name) + "\n";
+      builder.Add(compound, body.shape().shape);
+    }
+    BinTools::Write(compound, bytes);
+    bytes.close();
+    if (!bytes) return Fault{"there is not enough memory"};
+    return {};
+  });
+}
+
+Result<std::string> WrittenByExchange(const Bodies& bodies, ExportFormat format,
+                                      const MeshTolerance& tolerance, const Exchange& exchange) {
+  const auto parcel = MemoryFile::Make();
+  if (!parcel) return parcel.fault();
+  if (const auto packed = Pack(bodies, *parcel); !packed) return packed.fault();
+  const auto file = TemporaryFile::Make(EndingOf(format));
+  if (!file) return file.fault();
+  const std::vector<std::string> arguments = {format == ExportFormat::kStep ? "write-step" : "write-gltf",
+                                              std::to_string(exchange.limits.seconds),
+                                              std::to_string(exchange.limits.bytes),
+                                              file->path().string(),
+                                              NumberText(tolerance.chord),
+                                              NumberText(tolerance.angle)};
+  if (const auto done = RunExchange(exchange, arguments, *parcel, {}); !done) return done.fault();
+  return file->Content();
+}
+
+Result<std::string> BytesOf(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
+                            const Exchange& exchange) {
+  const auto placed = InPlace(bodies);
+  if (!placed) return placed.fault();
+  if (format == ExportFormat::kStep || format == ExportFormat::kGltf) {
+    return WrittenByExchange(*placed, format, tolerance, exchange);
+  }
+  const auto meshes = MeshesOf(*placed, tolerance);
+  if (!meshes) return meshes.fault();
+  return format == ExportFormat::kStl ? StlBytes(*meshes) : WrlText(*placed, *meshes);
+}
+
+}  // namespace
+
+std::optional<ExportFormat> FormatNamed(std::string_view word) {
+  for (const FormatRow& row : kFormats) {
+    if (row.word == word) return row.format;
+  }
+  return std::nullopt;
+}
+
+std::string_view EndingOf(ExportFormat format) {
+  for (const FormatRow& row : kFormats) {
+    if (row.format == format) return row.ending;
+  }
+  return "";
+}
+
+Result<void> Export(const Bodies& bodies, ExportFormat format, const fs::path& file,
+                    const MeshTolerance& tolerance, const Exchange& exchange) {
+  if (bodies.empty()) return Fault{"there is no body to be written", file.string()};
+  const auto bytes = BytesOf(bodies, format, tolerance, exchange);
+  if (!bytes) return Fault{bytes.fault().text, file.string()};
+  return Replace(file, *bytes);
+}
+
+Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolerance& tolerance) {
+  const auto mesh = MeshOf(body, tolerance);
+  if (!mesh) return Fault{mesh.fault().text, file.string()};
+  return Replace(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
+}
+
+Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const fs::path& file,
+                        const MeshTolerance& tolerance) {
+  const auto body = table.Get(number);
+  if (!body) return Fault{body.fault().text, file.string()};
+  return ExportVrml(*body, file, tolerance);
+}
+
+}  // namespace vanzet::modeller

@@ -1,0 +1,43 @@
+#include <BinTools.hxx>
+#include <cstdlib>
+#include <fstream>
+
+#include "modeller/exchange_process.h"
+#include "modeller/facets.h"
+#include "modeller/kernel.h"
+
+namespace vanzet::modeller {
+namespace {
+
+namespace fs = std::filesystem;
+
+Result<Body> Unpacked(const MemoryFile& parcel) {
+  return Guarded([&]() -> Result<Body> {
+    std::ifstream bytes(parcel.Path(), std::ios::binary);
+    TopoDS_Shape shape;
+    BinTools::Read(shape, bytes);
+    if (shape.IsNull()) return Fault{"the exchange program gave no body"};
+    return BodyOf(shape, HasFacetsOnly(shape));
+  });
+}
+
+}  // namespace
+
+Exchange Exchange::OfProcess() {
+  if (const char* told = std::getenv("VANZET_EXCHANGE"); told != nullptr && *told != '\0') return {told, {}};
+  std::error_code unknown;
+  return {fs::read_symlink("/proc/self/exe", unknown).parent_path() / "vanzet-exchange", {}};
+}
+
+Result<Body> ImportBody(const fs::path& file, const Exchange& exchange, const Progress& progress) {
+  const auto parcel = MemoryFile::Make();
+  if (!parcel) return parcel.fault();
+  const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
+                                              std::to_string(exchange.limits.bytes), file.string()};
+  auto done = RunExchange(exchange, arguments, *parcel, progress);
+  auto body = done ? Unpacked(*parcel) : Result<Body>(done.fault());
+  if (body) return body;
+  return Fault{body.fault().text, file.string()};
+}
+
+}  // namespace vanzet::modeller

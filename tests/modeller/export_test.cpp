@@ -1,0 +1,144 @@
+#include "modeller/export.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "modeller/facet_measures.h"
+#include "modeller/foreign_files.h"
+#include "modeller/placement.h"
+#include "modeller/read_back.h"
+#include "modeller/solids.h"
+#include "modeller/vrml_facets.h"
+#include "support/temporary_folder.h"
+#include "support/vdm_values.h"
+
+namespace vanzet::modeller {
+namespace {
+
+using namespace test;
+using testing::DoubleNear;
+using testing::Pointwise;
+namespace fs = std::filesystem;
+
+class Exports : public testing::Test {
+ protected:
+  Exports() {
+    bodies_.push_back({"Brücke", BodyOf(Brick(10, 20, 30)), {}, {1, 0, 0}});
+    geometry::Matrix aside;
+    aside.Rotate(1, 0, 3);
+    aside.Translate(100, 0, 0);
+    bodies_.push_back({"ball 2", Get(Moved(BodyOf(Sphere(10)), {0, 50, 0})), aside, {0, 0.5, 1}});
+  }
+
+  fs::path Exported(ExportFormat format) {
+    const fs::path file = folder_ / ("out" + std::string(EndingOf(format)));
+    EXPECT_EQ(Told(Export(bodies_, format, file, {}, TestExchange())), "");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
+    return file;
+  }
+
+  /// The brick at the origin; the ball, moved to y 50, turned by a quarter about z to x -50, then moved.
+  static constexpr std::array<double, 6> kBox = {0, -10, -10, 60, 20, 30};
+  static constexpr double kVolume = 6000 + 4188.790204786391;
+
+  std::vector<NamedBody> bodies_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(Exports, StepWithNamesColoursAndPlaces) {
+  const ReadBack read = ReadStepDocument(Exported(ExportFormat::kStep));
+  EXPECT_THAT(read.names, testing::ElementsAre("Brücke", "ball 2"));
+  EXPECT_THAT(read.colours, testing::ElementsAre("FF0000", "0080FF"));
+  EXPECT_THAT(Box(BodyOf(read.shape)), Pointwise(DoubleNear(1e-3), kBox));
+  EXPECT_NEAR(Measured(BodyOf(read.shape)).volume, kVolume, 1e-3);
+}
+
+TEST_F(Exports, StepThatIsImportedAgain) {
+  const Body body = Get(ImportBody(Exported(ExportFormat::kStep), TestExchange()));
+  EXPECT_NEAR(Measured(body).volume, kVolume, 1e-3);
+  EXPECT_TRUE(Measured(body).closed);
+}
+
+TEST_F(Exports, StlOfAllBodies) {
+  const Body body = Get(ImportBody(Exported(ExportFormat::kStl), TestExchange()));
+  EXPECT_TRUE(body.IsStl());
+  EXPECT_TRUE(Measured(body).closed);
+  EXPECT_NEAR(Measured(body).volume, kVolume, kVolume * 0.02);
+  EXPECT_THAT(Box(body), Pointwise(DoubleNear(0.2), kBox));
+}
+
+TEST_F(Exports, WrlWithAShapeForEachBody) {
+  const std::string text = ReadBytes(Exported(ExportFormat::kWrl));
+  EXPECT_EQ(ReadVrml(text).triangles.size(), 12U) << "the first is the brick";
+  EXPECT_THAT(text, testing::HasSubstr("DEF Body1_Br__cke Transform {"));
+  EXPECT_THAT(text, testing::HasSubstr("DEF Body2_ball_2 Transform {"));
+  EXPECT_THAT(text, testing::HasSubstr("diffuseColor 0 0.5 1\n"));
+  const std::string second = text.substr(text.find("DEF Body2_"));
+  const Mesh ball = ReadVrml("#VRML V2.0 utf8\n" + second);
+  EXPECT_TRUE(IsClosed(ball));
+  EXPECT_NEAR(MeasuresOf(ball).centroid.x, 50, 1e-2);
+}
+
+TEST_F(Exports, GltfInMetresWithYUpwards) {
+  const ReadBack read = ReadGltfDocument(Exported(ExportFormat::kGltf));
+  EXPECT_THAT(read.names, testing::ElementsAre("Brücke", "ball 2"));
+  EXPECT_THAT(read.colours, testing::ElementsAre("FF0000", "0080FF"));
+  // The reader takes metres as they stand: x, z and -y of the bodies, in thousandths.
+  EXPECT_THAT(Box(BodyOf(read.shape, true)),
+              Pointwise(DoubleNear(2e-4), {0.0, -0.01, -0.02, 0.06, 0.03, 0.01}));
+}
+
+TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
+  WriteStl(Brick(10, 20, 30), folder_ / "brick.stl", StlForm::kBinary);
+  const Body facets = Get(ImportBody(folder_ / "brick.stl", TestExchange()));
+  fs::remove(folder_ / "brick.stl");
+  geometry::Matrix up;
+  up.Translate(0, 0, 5);
+  bodies_ = {{"facets", facets, up, {}}};
+  const Body step = Get(ImportBody(Exported(ExportFormat::kStep), TestExchange()));
+  EXPECT_FALSE(step.IsStl());
+  EXPECT_TRUE(IsSound(step));
+  EXPECT_NEAR(Measured(step).volume, 6000, 1e-3);
+  EXPECT_THAT(Box(step), Pointwise(DoubleNear(1e-4), {0.0, 0.0, 5.0, 10.0, 20.0, 35.0}));
+  fs::remove(folder_ / "out.step");
+  const ReadBack gltf = ReadGltfDocument(Exported(ExportFormat::kGltf));
+  EXPECT_THAT(Box(BodyOf(gltf.shape, true)),
+              Pointwise(DoubleNear(1e-5), {0.0, 0.005, -0.02, 0.01, 0.035, 0.0}));
+}
+
+TEST_F(Exports, NothingWithoutABody) {
+  bodies_.clear();
+  const fs::path file = folder_ / "out.step";
+  WriteBytes(file, "old");
+  EXPECT_EQ(Told(Export(bodies_, ExportFormat::kStep, file, {}, TestExchange())),
+            file.string() + ": there is no body to be written");
+  EXPECT_EQ(ReadBytes(file), "old");
+}
+
+TEST_F(Exports, NothingThatIsScaledOrMirrored) {
+  for (const double scale : {2.0, -1.0}) {
+    bodies_[0].placement.Unit();
+    bodies_[0].placement.Scale(1, 1, scale);
+    EXPECT_THAT(Told(Export(bodies_, ExportFormat::kStl, folder_ / "out.stl", {}, TestExchange())),
+                testing::HasSubstr("a body can be moved and turned, not scaled or mirrored"));
+  }
+  EXPECT_TRUE(fs::is_empty(folder_.path()));
+}
+
+TEST_F(Exports, LeaveTheOldFileWhenTheyFail) {
+  const fs::path file = folder_ / "out.glb";
+  WriteBytes(file, "old");
+  EXPECT_NE(Told(Export(bodies_, ExportFormat::kGltf, file, {}, Exchange{folder_ / "none", {}})), "");
+  EXPECT_EQ(ReadBytes(file), "old");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
+}
+
+TEST(ExportFormats, HaveTheirWords) {
+  EXPECT_EQ(FormatNamed("step"), ExportFormat::kStep);
+  EXPECT_EQ(FormatNamed("gltf"), ExportFormat::kGltf);
+  EXPECT_EQ(FormatNamed("obj"), std::nullopt);
+  EXPECT_EQ(EndingOf(ExportFormat::kWrl), ".wrl");
+}
+
+}  // namespace
+}  // namespace vanzet::modeller

@@ -1,0 +1,183 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <thread>
+
+#include "modeller/foreign_files.h"
+#include "modeller/solids.h"
+#include "support/child.h"
+#include "support/temporary_folder.h"
+#include "support/vdm_values.h"
+
+namespace vanzet::modeller {
+namespace {
+
+using namespace test;
+using testing::StartsWith;
+namespace fs = std::filesystem;
+
+class HostileFiles : public testing::Test {
+ protected:
+  /// One clear line that begins with the file's name.
+  std::string Fault(const std::string& name) {
+    const std::string told = ImportFault(folder_ / name);
+    const std::string file = (folder_ / name).string() + ": ";
+    EXPECT_THAT(told, StartsWith(file));
+    EXPECT_EQ(told.find('\n'), std::string::npos);
+    return told.substr(std::min(file.size(), told.size()));
+  }
+
+  std::string FaultOf(const std::string& name, std::string_view bytes) {
+    WriteBytes(folder_ / name, bytes);
+    return Fault(name);
+  }
+
+  std::string StepOfABrick() {
+    WriteStep(Brick(10, 20, 30), folder_ / "brick.step");
+    return ReadBytes(folder_ / "brick.step");
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(HostileFiles, ThatAreNotThereAreToldSo) {
+  EXPECT_EQ(Fault("none.step"), "is not there");
+}
+
+TEST_F(HostileFiles, ThatAreFoldersAreToldSo) {
+  fs::create_directory(folder_ / "folder.step");
+  EXPECT_EQ(Fault("folder.step"), "is no regular file");
+}
+
+TEST_F(HostileFiles, OfAnotherKindAreToldSo) {
+  EXPECT_EQ(FaultOf("brick.igs", "x"), "does not end with .step, .stp, .stl or .brep");
+}
+
+TEST_F(HostileFiles, WithoutContentAreToldSo) {
+  EXPECT_THAT(FaultOf("empty.step", ""), StartsWith("is no STEP file that can be read"));
+  EXPECT_NE(FaultOf("empty.stl", ""), "");
+  EXPECT_THAT(FaultOf("empty.brep", ""), StartsWith("is no BREP file that can be read"));
+}
+
+TEST_F(HostileFiles, OfNoiseAreToldSo) {
+  Dice dice(7);
+  for (const char* name : {"noise.step", "noise.stl", "noise.brep"}) {
+    for (int i = 0; i < 5; ++i) EXPECT_NE(FaultOf(name, dice.Text(2000)), "");
+  }
+}
+
+TEST_F(HostileFiles, ThatAreCutShortAreToldSo) {
+  const std::string whole = StepOfABrick();
+  for (const double part : {0.1, 0.5, 0.9}) {
+    EXPECT_NE(FaultOf("cut.step", whole.substr(0, static_cast<std::size_t>(part * double(whole.size())))),
+              "");
+  }
+  WriteBrep(Brick(1, 2, 3), folder_ / "brick.brep");
+  const std::string brep = ReadBytes(folder_ / "brick.brep");
+  EXPECT_NE(FaultOf("cut.brep", brep.substr(0, brep.size() / 2)), "");
+  WriteStl(Sphere(10), folder_ / "ball.stl", StlForm::kBinary);
+  const std::string stl = ReadBytes(folder_ / "ball.stl");
+  EXPECT_THAT(FaultOf("cut.stl", stl.substr(0, stl.size() / 2)), StartsWith("is cut short: it tells "));
+  WriteStl(Sphere(10), folder_ / "text.stl", StlForm::kText);
+  const std::string text = ReadBytes(folder_ / "text.stl");
+  EXPECT_EQ(FaultOf("cut-text.stl", text.substr(0, text.size() / 2)), "is cut short: it has no 'endsolid'");
+}
+
+TEST_F(HostileFiles, WithBytesChangedNeverEndThisProcess) {
+  Dice dice(11);
+  const std::string whole = StepOfABrick();
+  for (int i = 0; i < 25; ++i) {
+    std::string changed = whole;
+    for (int n = 0; n < 8; ++n)
+      changed[dice.UpTo(changed.size() - 1)] = static_cast<char>(' ' + dice.UpTo(94));
+    WriteBytes(folder_ / "changed.step", changed);
+    static_cast<void>(ImportBody(folder_ / "changed.step", TestExchange()));
+  }
+}
+
+TEST_F(HostileFiles, WithoutABodyAreToldSo) {
+  EXPECT_THAT(FaultOf("nothing.stl", "solid nothing\nendsolid nothing\n"),
+              testing::AnyOf(StartsWith("holds no body"), StartsWith("is no STL file that can be read")));
+}
+
+TEST_F(HostileFiles, OutOfReachAreToldSo) {
+  WriteStep(Brick(1, 1, 2e7), folder_ / "tower.step");
+  EXPECT_EQ(Fault("tower.step"), "has a point that is not within 1e+07 mm");
+}
+
+TEST_F(HostileFiles, WithNoNumbersAreToldSo) {
+  WriteStl(Brick(1, 1, 1), folder_ / "brick.stl", StlForm::kBinary);
+  std::string bytes = ReadBytes(folder_ / "brick.stl");
+  const float none = std::numeric_limits<float>::quiet_NaN();
+  std::memcpy(bytes.data() + 84 + 12, &none, sizeof(none));
+  EXPECT_EQ(FaultOf("nan.stl", bytes), "has a point that is not within 1e+07 mm");
+}
+
+TEST_F(HostileFiles, ThatClaimTooManyTrianglesAreToldSo) {
+  std::string bytes(84 + 50, '\0');
+  const std::uint32_t claimed = 0xFFFFFFFF;
+  std::memcpy(bytes.data() + 80, &claimed, sizeof(claimed));
+  EXPECT_NE(FaultOf("claims.stl", bytes), "");
+}
+
+TEST_F(HostileFiles, ThatTakeTooLongAreGivenUp) {
+  // A program that tells nothing and never ends stands for one that reads an endless file.
+  WriteBytes(folder_ / "endless", "#!/bin/sh\nexec sleep 1000\n");
+  fs::permissions(folder_ / "endless", fs::perms::owner_all);
+  StepOfABrick();
+  const Exchange exchange = {folder_ / "endless", {.seconds = 1}};
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(Told(ImportBody(folder_ / "brick.step", exchange)),
+            (folder_ / "brick.step").string() + ": takes longer than 1 seconds");
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+}
+
+TEST_F(HostileFiles, ThatEndTheExchangeProgramAreToldSo) {
+  WriteBytes(folder_ / "crash", "#!/bin/sh\nkill -SEGV $$\n");
+  fs::permissions(folder_ / "crash", fs::perms::owner_all);
+  EXPECT_EQ(Told(ImportBody(folder_ / "x.step", Exchange{folder_ / "crash", {}})),
+            (folder_ / "x.step").string() + ": Open CASCADE broke down over it (signal 11)");
+}
+
+TEST_F(HostileFiles, AreNotReadWithoutTheExchangeProgram) {
+  EXPECT_EQ(Told(ImportBody(folder_ / "x.step", Exchange{folder_ / "none", {}})),
+            (folder_ / "x.step").string() + ": " + (folder_ / "none").string() +
+                " cannot be run: No such file or directory");
+}
+
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(HostileFiles, ThatNeedTooMuchMemoryAreGivenUp) {
+  WriteStep(Casting(), folder_ / "casting.step");
+  Exchange exchange = TestExchange();
+  exchange.limits.bytes = 64 << 20;
+  EXPECT_EQ(Told(ImportBody(folder_ / "casting.step", exchange)),
+            (folder_ / "casting.step").string() + ": needs more memory than it may take");
+}
+#endif
+
+TEST_F(HostileFiles, AreLeftAtCtrlC) {
+  const fs::path started = folder_ / "started";
+  WriteBytes(folder_ / "endless", "#!/bin/sh\ntouch '" + started.string() + "'\nexec sleep 1000\n");
+  fs::permissions(folder_ / "endless", fs::perms::owner_all);
+  Child child([&](Child::Line&) {
+    const auto body = ImportBody(folder_ / "x.step", Exchange{folder_ / "endless", {}});
+    return Told(body) == (folder_ / "x.step").string() + ": cancelled";
+  });
+  while (!fs::exists(started)) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  ASSERT_EQ(kill(child.process(), SIGINT), 0);
+  EXPECT_TRUE(child.End());
+}
+
+TEST_F(HostileFiles, LeaveTheAnswerToCtrlCAsItWas) {
+  const auto former = std::signal(SIGINT, SIG_IGN);
+  EXPECT_NE(Fault("none.step"), "");
+  EXPECT_EQ(std::signal(SIGINT, former), SIG_IGN);
+}
+
+}  // namespace
+}  // namespace vanzet::modeller

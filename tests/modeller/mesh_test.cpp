@@ -1,0 +1,135 @@
+#include "modeller/mesh.h"
+
+#include <gtest/gtest.h>
+
+#include <Message.hxx>
+#include <Message_Messenger.hxx>
+#include <Standard_NullObject.hxx>
+
+#include <cmath>
+#include <numbers>
+
+#include "modeller/contours.h"
+#include "modeller/facet_measures.h"
+#include "modeller/kernel.h"
+#include "modeller/placement.h"
+#include "modeller/solids.h"
+#include "modeller/sweep.h"
+#include "support/vdm_values.h"
+
+namespace vanzet::modeller {
+namespace {
+
+using namespace test;
+
+/// A closed mesh with its outside outwards and about the volume of its body.
+Mesh Expect(const Body& body, const MeshTolerance& tolerance = {}, double relative = 0.02) {
+  const Mesh mesh = Get(MeshOf(body, tolerance));
+  EXPECT_TRUE(IsClosed(mesh));
+  const double volume = Measured(body).volume;
+  EXPECT_NEAR(MeasuresOf(mesh).volume, volume, volume * relative);
+  return mesh;
+}
+
+TEST(Meshes, OfABrickHaveItsCorners) {
+  const Mesh mesh = Expect(BodyOf(Brick(10, 20, 30)), {}, 1e-12);
+  EXPECT_EQ(mesh.points.size(), 8U);
+  EXPECT_EQ(mesh.triangles.size(), 12U);
+}
+
+TEST(Meshes, AreClosedWherePolesAndSeamsAre) {
+  Expect(BodyOf(Sphere(10)));
+  Expect(BodyOf(Torus(20, 5)));
+  Expect(BodyOf(CutObliquely(Sphere(10))));
+  Expect(BodyOf(Casting()));
+  Expect(BodyOf(AsSplines(Casting())));
+}
+
+TEST(Meshes, OfSpunBodiesAreClosed) {
+  const Millimetres millimetres;
+  const Axis axis = {{0, 0, 0}, {1, 0, 0}};
+  for (const double degrees : {360.0, 90.0, -200.0}) {
+    Expect(Get(Spin(Rectangle(0, 20, 30, 50), axis, degrees)));
+    Expect(Get(Spin(Rectangle(0, 0, 30, 50), axis, degrees)));
+    Expect(Get(Spin(Tongue(0), axis, degrees)));
+    Expect(Get(Spin(Through({{0, 0}, {30, 0}, {0, 12}, {0, 0}}), axis, degrees)));
+  }
+}
+
+TEST(Meshes, OfMovedBodiesAreMoved) {
+  const Body brick =
+      Get(Turned(Get(Moved(BodyOf(Brick(10, 20, 30)), {1, 2, 3})), {{0, 0, 0}, {0, 0, 1}}, 90));
+  geometry::Box3d box;
+  for (const auto& point : Expect(brick, {}, 1e-12).points) box.Insert(point);
+  EXPECT_EQ(box.min, geometry::Point3d(-22, 1, 3));
+  EXPECT_EQ(box.max, geometry::Point3d(-2, 11, 33));
+}
+
+TEST(Meshes, KeepTheirTolerance) {
+  // A chord of that angle is the farthest from its sphere in its middle.
+  for (const double chord : {1.0, 0.1, 0.01}) {
+    const Mesh mesh = Get(MeshOf(BodyOf(Sphere(10)), {chord, 90}));
+    for (const auto& [a, b, c] : mesh.triangles) {
+      const auto at = [&](int i) { return mesh.points[static_cast<std::size_t>(i)]; };
+      const geometry::Vector3d middle =
+          (geometry::Vector3d({}, at(a)) + geometry::Vector3d({}, at(b)) + geometry::Vector3d({}, at(c))) *
+          (1.0 / 3);
+      EXPECT_GT(middle.Magnitude(), 10 - 2 * chord);
+    }
+  }
+}
+
+TEST(Meshes, GetCoarserAgainWhenAsked) {
+  const Body sphere = BodyOf(Sphere(10));
+  const std::size_t coarse = Get(MeshOf(sphere, {1, 45})).triangles.size();
+  const std::size_t fine = Get(MeshOf(sphere, {0.02, 5})).triangles.size();
+  EXPECT_GT(fine, 5 * coarse);
+  EXPECT_EQ(Get(MeshOf(sphere, {1, 45})).triangles.size(), coarse);
+}
+
+TEST(Meshes, AreNotMadeWithAToleranceThatIsNone) {
+  const Body brick = BodyOf(Brick(1, 1, 1));
+  for (const MeshTolerance& tolerance : {MeshTolerance{0, 10},
+                                         {-1, 10},
+                                         {1e-9, 10},
+                                         {std::nan(""), 10},
+                                         {0.05, 0},
+                                         {0.05, 1e-3},
+                                         {0.05, 91}}) {
+    EXPECT_NE(Told(MeshOf(brick, tolerance)), "") << tolerance.chord << " " << tolerance.angle;
+  }
+}
+
+TEST(Kernel, SaysNothingOnStandardOutput) {
+  testing::internal::CaptureStdout();
+  static_cast<void>(Get(MeshOf(BodyOf(Brick(1, 1, 1)), {})));
+  Message::DefaultMessenger()->Send("said by the kernel", Message_Alarm);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(Kernel, FailuresBecomeFaults) {
+  const auto failed = Guarded([]() -> Result<void> { throw Standard_Failure("the reason"); });
+  EXPECT_EQ(Told(failed), "Open CASCADE: the reason");
+  const auto nameless = Guarded([]() -> Result<void> { throw Standard_NullObject(); });
+  EXPECT_EQ(Told(nameless), "Open CASCADE: Standard_NullObject");
+  const auto memory = Guarded([]() -> Result<void> { throw std::bad_alloc(); });
+  EXPECT_EQ(Told(memory), "there is not enough memory");
+}
+
+TEST(MeasuresOfMeshes, KnowAnOpenOne) {
+  Mesh mesh = Get(MeshOf(BodyOf(Brick(10, 20, 30)), {}));
+  EXPECT_NEAR(MeasuresOf(mesh).area, 2200, 1e-9);
+  EXPECT_NEAR(MeasuresOf(mesh).centroid.z, 15, 1e-9);
+  mesh.triangles.pop_back();
+  EXPECT_FALSE(IsClosed(mesh));
+  EXPECT_EQ(MeasuresOf(mesh).volume, 0);
+}
+
+TEST(MeasuresOfMeshes, KnowATriangleTheWrongWayRound) {
+  Mesh mesh = Get(MeshOf(BodyOf(Brick(10, 20, 30)), {}));
+  std::swap(mesh.triangles[0][0], mesh.triangles[0][1]);
+  EXPECT_FALSE(IsClosed(mesh));
+}
+
+}  // namespace
+}  // namespace vanzet::modeller

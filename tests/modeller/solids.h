@@ -1,0 +1,33 @@
+#pragma once
+
+#include <TopoDS_Shape.hxx>
+
+#include "modeller/measures.h"
+#include "modeller/shape.h"
+
+namespace vanzet::test {
+
+/// What the kernel's own check says of a body's shape.
+bool IsSound(const modeller::Body& body);
+
+/// Measures, which must be possible.
+modeller::Measures Measured(const modeller::Body& body);
+
+/// The extents as minimum x, y, z, maximum x, y, z in millimetres.
+std::array<double, 6> Box(const modeller::Body& body);
+
+/// Solids of the kernel's own making.
+TopoDS_Shape Sphere(double radius);
+TopoDS_Shape Torus(double radius, double tube);
+TopoDS_Shape Brick(double x, double y, double z);
+
+/// A brick of 60 by 40 by 30 with all edges rounded and a bore of radius 8 through its middle, along z.
+TopoDS_Shape Casting();
+
+/// The shape with all its surfaces and curves turned into splines.
+TopoDS_Shape AsSplines(const TopoDS_Shape& shape);
+
+/// The part of a shape below the plane x + 2y + 3z = 1.
+TopoDS_Shape CutObliquely(const TopoDS_Shape& shape);
+
+}  // namespace vanzet::test
