@@ -265,6 +265,21 @@ TEST_F(BilletRecords, OfFiguresWithoutItemsForThemReadThemEmpty) {
   EXPECT_EQ(Read().figureOutside, "");
 }
 
+TEST_F(BilletRecords, HaveNoBarOnTheSubSpindleWhateverTheItemHolds) {
+  Items(2).at(8) = "1 80 100 0 0 0 0 300";
+  const BilletRecord record = Read(1);
+  EXPECT_EQ(record.outerDiameter, 80);
+  EXPECT_EQ(record.barLength, 0);
+}
+
+TEST_F(BilletRecords, OfNoDefinitionAreCleared) {
+  host.vdms.clear();
+  BilletRecord record = Full();
+  EXPECT_EQ(ReadBillet(0, 0, record), -1);
+  ExpectCleared(record);
+  EXPECT_THAT(host.boxes, IsEmpty());
+}
+
 TEST_F(BilletRecords, MakeTheSectionWhereItIsMissing) {
   Items(1) = {"2 1 2 1 1", "Main Spindle", "0"};
   EXPECT_EQ(WriteBillet(0, 0, Cylinder()), 0);

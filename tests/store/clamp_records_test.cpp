@@ -185,8 +185,28 @@ TEST_F(ClampRecords, HaveNoOptionsInAnOlderDefinition) {
   EXPECT_EQ(ReadClampOptions(0, 0, inner, jaws), 0);
   EXPECT_FALSE(inner);
   EXPECT_EQ(jaws, 3);
+  EXPECT_THAT(host.boxes, IsEmpty()) << "two items are no options";
   host.vdms[kVdm].records.resize(1);
   EXPECT_EQ(ReadClampOptions(0, 0, inner, jaws), 0) << "however the work went";
+}
+
+TEST_F(ClampRecords, OfNoDefinitionAreThoseOfNothingGiven) {
+  host.vdms.clear();
+  name = "as it was";
+  for (const auto& read : {ReadClampDevice, ReadJaw}) {
+    params = kChuck;
+    EXPECT_EQ(read(0, 0, name, params), -1);
+    EXPECT_EQ(params, DeviceParams{});
+  }
+  params = kChuck;
+  EXPECT_EQ(ReadCenter(0, true, name, params), -1);
+  EXPECT_EQ(params, DeviceParams{});
+  EXPECT_EQ(name, "as it was");
+  inner = true, jaws = 5;
+  EXPECT_EQ(ReadClampOptions(0, 0, inner, jaws), -1);
+  EXPECT_FALSE(inner);
+  EXPECT_EQ(jaws, 3);
+  EXPECT_THAT(host.boxes, IsEmpty());
 }
 
 TEST_F(ClampRecords, MakeTheItemsThatAreMissingAfterABoxForEach) {
