@@ -56,6 +56,18 @@ std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes);
 std::int32_t OrvoVdmReadTmx(std::int32_t handle, void* matrix);
 std::int32_t OrvoVdmWriteTmx(std::int32_t handle, const void* matrix);
 
+// Bodies, by number from 1; 0 is none. The bodies of the project's folder are picked and found by name, and
+// read when they are first asked for. Extents are minimum X, Y, Z, maximum X, Y, Z, in metres.
+void OrvoClearSelection();
+void OrvoSelectOneObject(std::int32_t zero, std::int32_t filterMask, const char* prompt,
+                         std::int32_t* object);
+std::int32_t OrvoGetObjectParasolidEntityNumber(std::int32_t object);
+const char* OrvoPsGetBodyNameFromNumber(std::int32_t body);
+std::int32_t OrvoPsGetBodyNumberFromName(const char* name);
+std::int32_t OrvoIsBodyAnSTLObject(std::int32_t body);
+void OrvoPsGetExtents(std::int32_t body, double* extents);
+void OrvoPsDeleteBody(std::int32_t body);
+
 // The stores of text items; what a position is and how calls move it: vdm/open_vdm.h.
 std::int32_t OrvoMacroVdmExists(std::uint32_t vdm);
 std::uint32_t OrvoMacroVdmCreate(std::uint32_t vdm, std::int32_t zero);

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "modeller/body_folder.h"
+
 namespace vanzet::api {
 namespace {
 
@@ -27,6 +29,7 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       store(theProject.folder()),
       runFolder(theProject.folder()),
       board(theProject.folder()),
+      mesh{theProject.settings().mesh.chord, theProject.settings().mesh.angle},
       settings_(theProject.folder()),
       figures_(theProject.folder() / "figures") {}
 
@@ -43,6 +46,10 @@ Result<void> Host::Macro(std::string_view name, std::string_view arguments) {
   language::Surroundings surroundings = Surroundings();
   const std::string line = std::string(name) + (arguments.empty() ? "" : " ") + std::string(arguments);
   return Named(language::RunMacro(name, arguments, surroundings), line);
+}
+
+Result<std::int32_t> Host::BodyNamed(std::string_view name) {
+  return modeller::NumberOfNamed(name, bodies, project.folder() / "bodies", modeller::Exchange::OfProcess());
 }
 
 std::string Host::Environment(std::string_view key) {

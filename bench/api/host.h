@@ -10,6 +10,9 @@
 #include "drawing/picks.h"
 #include "language/interpreter.h"
 #include "language/workplace.h"
+#include "modeller/body_table.h"
+#include "modeller/exchange.h"
+#include "modeller/mesh.h"
 #include "project/message_panel.h"
 #include "project/project.h"
 #include "project/run_folder.h"
@@ -21,8 +24,8 @@ namespace vanzet::api {
 
 /// All that the exported host functions work on: one project as a module sees it.
 ///
-/// Owns     the store, the variables and the drawing board of this run; the project and the panel belong to
-///          the caller
+/// Owns     the store, the variables, the drawing board and the bodies of this run; the project and the panel
+///          belong to the caller
 /// Threads  one, the thread that calls the module
 class Host final : public language::Workplace {
  public:
@@ -39,6 +42,9 @@ class Host final : public language::Workplace {
 
   /// Runs a macro by its name. A fault names it with its arguments.
   Result<void> Macro(std::string_view name, std::string_view arguments);
+
+  /// The number of the body with that name; one of the project's folder is read when it is first asked for.
+  Result<std::int32_t> BodyNamed(std::string_view name);
 
   /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.
   std::string Environment(std::string_view key) override;
@@ -61,12 +67,16 @@ class Host final : public language::Workplace {
   project::RunFolder runFolder;
   drawing::Board board;
   drawing::Picks picks;  ///< that serve instead of a mouse
+  modeller::BodyTable bodies;
+  const modeller::MeshTolerance mesh;  ///< of exported bodies
 
   /// The text that a function returned last. Callers copy it at once.
   std::string returnedText;
 
  private:
-  language::Surroundings Surroundings() { return {variables, store, project.paths(), board, picks, *this}; }
+  language::Surroundings Surroundings() {
+    return {variables, store, project.paths(), board, picks, bodies, mesh, *this};
+  }
 
   project::SettingsFile settings_;
   drawing::FigureFolder figures_;

@@ -29,23 +29,47 @@ constexpr Row kRows[] = {
     {"intersect", "Finds where the contours of one file meet those of another.", "A B", 2, 0,
      kFile, ContourIntersect, "vanzet contour intersect slot.txt shaft.dxf --svg both.svg"},
     {"split", "Makes chords of all arcs.", "[FILE]", 1, 0,
-     kFile | kSelect | kTolerance, ContourSplit, "vanzet contour split slot.txt --tolerance 0.1"},
+     kFile | kSelect | kTolerance | kDxf, ContourSplit, "vanzet contour split slot.txt --tolerance 0.1"},
     {"reduce", "Drops vertices that the contour can do without.", "[FILE]", 1, 0,
-     kFile | kSelect | kTolerance, ContourReduce, "vanzet contour reduce scan.dxf --tolerance 0.05"},
+     kFile | kSelect | kTolerance | kDxf, ContourReduce, "vanzet contour reduce scan.dxf --tolerance 0.05"},
     {"transform", "Moves, turns, mirrors and scales contours, in the order given.", "[FILE]", 1, 0,
-     kFile | kSelect | kSteps, ContourTransform,
+     kFile | kSelect | kSteps | kDxf, ContourTransform,
      "vanzet contour transform slot.txt --turn 90 --move 20,0 --mirror x"},
     {"part", "Cuts a contour from a point to another, along its direction.", "[FILE] X1 Y1 X2 Y2", 1, 4,
-     kFile | kSelect, ContourPart, "vanzet contour part slot.txt 0 10 30 10"},
+     kFile | kSelect | kDxf, ContourPart, "vanzet contour part slot.txt 0 10 30 10"},
+    {"section", "Cuts a contour between two points with the working contour.", "[FILE] X1 Y1 X2 Y2", 1, 4,
+     kFile | kSelect | kDxf, ContourSection, "vanzet contour section slot.txt 25 10 -25 -10"},
+    {"trim", "Cuts a length off the ends of contours.", "[FILE] LENGTH", 1, 1,
+     kFile | kSelect | kEnd | kOpening | kDxf, ContourTrim, "vanzet contour trim shaft.txt 12.5 --at both"},
+    {"extend", "Adds straight pieces at the ends of contours.", "[FILE] LENGTH", 1, 1,
+     kFile | kSelect | kEnd | kDxf, ContourExtend, "vanzet contour extend shaft.txt 5 --at both"},
+    {"offset", "Makes contours at a distance from others.", "[FILE] DISTANCE", 1, 1,
+     kFile | kSelect | kOffset | kDxf, ContourOffset, "vanzet contour offset slot.txt 2 --right --steps 4"},
+    {"blend", "Gives the arc that is nearest to a point another radius.", "[FILE] X Y R", 1, 3,
+     kFile | kSelect | kDxf, ContourBlend, "vanzet contour blend bracket.dxf 20 20 4 --contour 1"},
+    {"equalise", "Cuts two contours into as many spans, each of equal shares.", "A B", 2, 0,
+     kFile | kSelect | kForce | kDxf, ContourEqualise, "vanzet contour equalise slot.txt lens.txt"},
+    {"same", "Tells whether two contours are one shape, and the motion between them.", "A B", 2, 0,
+     kFile | kSelect | kMirror, ContourSame, "vanzet contour same slot.txt moved.txt --mirror"},
     {"circle", "Makes a circle of two half turns, anticlockwise.", "X Y R", 0, 3,
-     kNoOption, ContourCircle, "vanzet contour circle 0 0 25 | vanzet contour split"},
+     kDxf, ContourCircle, "vanzet contour circle 0 0 25 | vanzet contour split"},
+    {"ellipse", "Makes an ellipse of arcs about a point, anticlockwise, and moves it.", "X Y RX RY", 0, 4,
+     kSteps | kDxf, ContourEllipse, "vanzet contour ellipse 0 0 30 20 --turn 30"},
+    {"biarc", "Makes two tangent arcs from a point and direction to another.", "X1 Y1 A1 X2 Y2 A2", 0, 6,
+     kDxf, ContourBiarc, "vanzet contour biarc 0 0 90 40 0 -60"},
+    {"xml", "Writes contours as XML of the geometry library.", "[FILE]", 1, 0,
+     kFile | kSelect | kXmlKind, ContourXml, "vanzet contour xml slot.txt > slot.xml"},
+    {"text", "Writes contours in a text form of the geometry library.", "[FILE]", 1, 0,
+     kFile | kSelect | kTextForm, ContourText, "vanzet contour text slot.txt --form report"},
 };
 // clang-format on
 
 constexpr const char* kFooter =
-    "FILE holds contours in the text form, or is a drawing when its name ends with .dxf. Without FILE, or "
-    "for\n"
-    "'-', contour text is read from standard input. All lengths are millimetres, angles degrees.\n"
+    "FILE holds contours in the text form, or is a drawing when its name ends with .dxf, or XML of the "
+    "geometry\n"
+    "library when it ends with .xml. Without FILE, or for '-', contour text is read from standard input. "
+    "All\n"
+    "lengths are millimetres, angles degrees.\n"
     "A number that begins with a point and is negative is written with its zero: -0.5.\n\n"
     "Example:\n  ";
 

@@ -44,6 +44,15 @@ Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, cons
 
 }  // namespace
 
+geometry::Point ReadPoint(const std::string& name, const std::string& text, double most) {
+  const std::size_t comma = text.find(',');
+  if (comma == std::string::npos) {
+    throw CLI::ValidationError(name, "expected X,Y, found " + contour::Quoted(text));
+  }
+  const double x = ReadReal(name, text.substr(0, comma), -most, most);
+  return {x, ReadReal(name, text.substr(comma + 1), -most, most)};
+}
+
 double ReadReal(const std::string& name, const std::string& text, double least, double most) {
   const auto number = WholeReal(text);
   if (!number) throw CLI::ValidationError(name, "expected a number, found " + contour::Quoted(text));
@@ -62,6 +71,11 @@ void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned 
     command.add_option("--contour", arguments.contour, "only the contour of this number")->type_name("N");
   }
   if ((options & kFile) != 0) AddFileOptions(command, arguments);
+  if ((options & kDxf) != 0) {
+    command.add_option("--dxf", arguments.dxf, "write what was made as a drawing to this file")
+        ->type_name("FILE");
+  }
+  AddOperationOptions(command, arguments, options);
   command.add_option("--svg", arguments.svg, "write a picture to this file")->type_name("FILE");
   command.add_flag("--numbers", arguments.vertexNumbers, "with the numbers of the vertices in the picture");
   command.add_flag("--json", arguments.json, "for programs");
@@ -94,13 +108,12 @@ Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::s
   return chosen;
 }
 
-Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing) {
-  if (arguments.svg.empty()) return {};
-  drawing.numbers = arguments.vertexNumbers;
-  auto file = vdm::FileReplacement::Begin(PathMap::OfProcess().Resolve(arguments.svg));
-  if (!file) return file.fault();
-  if (const auto written = file->Write(contour::Svg(drawing)); !written) return written;
-  return file->Commit();
+Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file) {
+  auto contours = ReadContours(arguments, file);
+  if (!contours) return contours.fault();
+  if (contours->size() == 1) return std::move(contours->front());
+  return Fault{"there are " + Counted(contours->size(), "contour") + "; choose one with --contour",
+               arguments.files[file]};
 }
 
 }  // namespace vanzet::cli

@@ -7,8 +7,11 @@
 
 #include "base/result.h"
 #include "cli/context.h"
+#include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/drawing.h"
+#include "contour/library_text.h"
+#include "contour/xml_form.h"
 
 namespace vanzet::cli {
 
@@ -21,7 +24,18 @@ struct ContourArguments {
   std::optional<std::int32_t> contour;  ///< only contours of this number
   double tolerance = 0.01;              ///< in millimetres
   geometry::Matrix matrix;
-  std::string svg;  ///< a picture goes to this file
+  bool toTheRight = false;
+  contour::OffsetMethod method = contour::OffsetMethod::kKurveEx;
+  int steps = 1;
+  contour::End end = contour::End::kEnd;
+  std::optional<geometry::Point> opening;  ///< of a closed contour that is trimmed
+  bool force = false;
+  bool mirror = false;
+  contour::XmlKind xmlKind = contour::XmlKind::kKurve;
+  contour::LibraryText textForm = contour::LibraryText::kContour;
+  bool libraryReads = false;  ///< not the strict reader
+  std::string dxf;            ///< a drawing of what was made goes to this file
+  std::string svg;            ///< a picture goes to this file
   bool vertexNumbers = false;
   bool json = false;
 
@@ -30,15 +44,25 @@ struct ContourArguments {
 
 /// Which options an operation has besides those of its results.
 enum ContourOption : unsigned {
-  kNoOption = 0,
   kFile = 1,  ///< how drawings are read
   kSelect = 2,
   kTolerance = 4,
   kSteps = 8,  ///< of a transformation
+  kDxf = 16,
+  kOffset = 32,
+  kEnd = 64,
+  kOpening = 128,
+  kForce = 256,
+  kMirror = 512,
+  kXmlKind = 1024,
+  kTextForm = 2048,
 };
 
 /// Adds the options but for the steps.
 void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned options);
+
+/// Adds those of the options that belong to one operation or two.
+void AddOperationOptions(CLI::App& command, ContourArguments& arguments, unsigned options);
 
 /// Adds --move, --turn, --mirror and --scale; `TakeContourSteps` makes the matrix of them, in the order
 /// given, when the command line was read.
@@ -51,11 +75,21 @@ void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size
 /// The number of an argument. All of these throw CLI::ValidationError for what is none or out of range.
 double ReadReal(const std::string& name, const std::string& text, double least, double most);
 
+/// The point of "X,Y".
+geometry::Point ReadPoint(const std::string& name, const std::string& text, double most);
+
 /// The contours of a file, counted from 0; those that were chosen. What was left out of a drawing is told on
 /// standard error.
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file);
 
+/// The same; refused when there are several.
+Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file);
+
 /// Writes the picture, when one is wanted.
 Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing);
+
+/// Writes the picture and the drawing, when they are wanted, and prints what was made.
+Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                          const contour::Contours& made);
 
 }  // namespace vanzet::cli

@@ -68,7 +68,7 @@ Json FactsJson(const contour::Facts& facts) {
 
 Drawing DrawingOf(const Contours& contours) {
   Drawing drawing;
-  drawing.layers.push_back({Drawing::Role::kMain, &contours});
+  drawing.layers.push_back({Drawing::Role::kMain, &contours, ""});
   return drawing;
 }
 
@@ -151,7 +151,8 @@ Result<void> ContourIntersect(const ContourArguments& arguments) {
   const auto second = ReadContours(arguments, 1);
   if (!second) return second.fault();
   Drawing drawing = DrawingOf(*first);
-  drawing.layers.push_back({Drawing::Role::kOther, &*second});
+  drawing.layers.front().name = "A";
+  drawing.layers.push_back({Drawing::Role::kOther, &*second, "B"});
   std::vector<std::vector<std::string>> rows = {{"contour A", "span", "contour B", "span", "point"}};
   Json list = Json::array();
   for (const Contour& a : *first) {

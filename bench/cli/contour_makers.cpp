@@ -1,10 +1,8 @@
 #include <functional>
 
 #include "cli/contour_operations.h"
-#include "cli/output.h"
-#include "contour/json_form.h"
+#include "contour/constructions.h"
 #include "contour/operations.h"
-#include "contour/text_form.h"
 
 /// The operations that make contours.
 namespace vanzet::cli {
@@ -14,28 +12,37 @@ using contour::Contour;
 using contour::Contours;
 using contour::Drawing;
 
-/// Prints what was made; in the picture it lies on what it was made of.
+/// In the picture what was made lies on what it was made of.
 Result<void> Give(const ContourArguments& arguments, const Contours& source, const Contours& made) {
   Drawing drawing;
-  drawing.layers.push_back({Drawing::Role::kUnderlay, &source});
-  drawing.layers.push_back({Drawing::Role::kMain, &made});
-  if (const auto written = WritePicture(arguments, std::move(drawing)); !written) return written;
-  return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
+  drawing.layers.push_back({Drawing::Role::kUnderlay, &source, "before"});
+  drawing.layers.push_back({Drawing::Role::kMain, &made, "after"});
+  return GiveContours(arguments, drawing, made);
 }
 
 using Change = std::function<Result<Contour>(const Contour&)>;
 
-/// Reads the contours and gives each of them changed.
-Result<void> GiveChanged(const ContourArguments& arguments, const Change& change) {
-  const auto contours = ReadContours(arguments, 0);
+/// A source with what was made of it.
+struct Changed {
+  Contours source, made;
+};
+
+Result<Changed> ChangedBy(const ContourArguments& arguments, const Change& change) {
+  auto contours = ReadContours(arguments, 0);
   if (!contours) return contours.fault();
-  Contours changed;
-  for (const Contour& contour : *contours) {
+  Changed changed{std::move(*contours), {}};
+  for (const Contour& contour : changed.source) {
     auto result = change(contour);
     if (!result) return result.fault();
-    changed.push_back(std::move(*result));
+    changed.made.push_back(std::move(*result));
   }
-  return Give(arguments, *contours, changed);
+  return changed;
+}
+
+/// Reads the contours and gives each of them changed.
+Result<void> GiveChanged(const ContourArguments& arguments, const Change& change) {
+  const auto changed = ChangedBy(arguments, change);
+  return changed ? Give(arguments, changed->source, changed->made) : changed.fault();
 }
 
 }  // namespace
@@ -53,21 +60,58 @@ Result<void> ContourTransform(const ContourArguments& arguments) {
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
-  if (contours->size() > 1) {
-    return Fault{"there are " + Counted(contours->size(), "contour") + "; choose one with --contour",
-                 arguments.files[0]};
-  }
-  const auto part = PartOf(contours->front(), arguments.PointAt(0), arguments.PointAt(2));
+  const auto contour = ReadOneContour(arguments, 0);
+  if (!contour) return contour.fault();
+  const auto part = PartOf(*contour, arguments.PointAt(0), arguments.PointAt(2));
   if (!part) return part.fault();
-  return Give(arguments, *contours, {*part});
+  return Give(arguments, {*contour}, {*part});
+}
+
+Result<void> ContourSection(const ContourArguments& arguments) {
+  return GiveChanged(
+      arguments, [&](const Contour& c) { return SectionOf(c, arguments.PointAt(0), arguments.PointAt(2)); });
+}
+
+Result<void> ContourTrim(const ContourArguments& arguments) {
+  return GiveChanged(arguments, [&](const Contour& c) {
+    return Trimmed(c, arguments.numbers[0], arguments.end, arguments.opening);
+  });
+}
+
+// In the picture the longer contour is seen where it leaves the one that lies on it.
+Result<void> ContourExtend(const ContourArguments& arguments) {
+  const auto changed = ChangedBy(
+      arguments, [&](const Contour& c) { return Extended(c, arguments.numbers[0], arguments.end); });
+  if (!changed) return changed.fault();
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kOther, &changed->made, "extended"});
+  drawing.layers.push_back({Drawing::Role::kMain, &changed->source, "contour"});
+  return GiveContours(arguments, drawing, changed->made);
+}
+
+Result<void> ContourBlend(const ContourArguments& arguments) {
+  const auto contour = ReadOneContour(arguments, 0);
+  if (!contour) return contour.fault();
+  const auto blended = Blended(*contour, arguments.PointAt(0), arguments.numbers[2]);
+  if (!blended) return blended.fault();
+  const Contours source = {*contour}, made = {*blended};
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &source, "contour"});
+  drawing.layers.push_back({Drawing::Role::kOther, &made, "with the new radius"});
+  return GiveContours(arguments, drawing, made);
 }
 
 Result<void> ContourCircle(const ContourArguments& arguments) {
   const auto circle = contour::CircleOf(arguments.PointAt(0), arguments.numbers[2]);
   if (!circle) return circle.fault();
   return Give(arguments, {}, {*circle});
+}
+
+Result<void> ContourEllipse(const ContourArguments& arguments) {
+  const auto ellipse =
+      contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2], arguments.numbers[3], arguments.matrix);
+  if (!ellipse) return ellipse.fault();
+  return Give(arguments, {}, {*ellipse});
 }
 
 }  // namespace vanzet::cli

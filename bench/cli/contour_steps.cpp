@@ -13,12 +13,8 @@ namespace {
 constexpr double kLargestMove = contour::kLargestCoordinate, kLargestTurn = 1e6, kLargestScale = 1e6;
 
 void Move(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
-  const std::size_t comma = value.find(',');
-  if (comma == std::string::npos) {
-    throw CLI::ValidationError(name, "expected X,Y, found " + contour::Quoted(value));
-  }
-  const double x = ReadReal(name, value.substr(0, comma), -kLargestMove, kLargestMove);
-  matrix.Translate(x, ReadReal(name, value.substr(comma + 1), -kLargestMove, kLargestMove));
+  const geometry::Point move = ReadPoint(name, value, kLargestMove);
+  matrix.Translate(move.x, move.y);
 }
 
 /// Quarter turns are exact, so that what lies on an axis stays on one.

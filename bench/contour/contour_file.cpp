@@ -7,6 +7,7 @@
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "contour/text_form.h"
+#include "contour/xml_form.h"
 
 namespace vanzet::contour {
 namespace {
@@ -26,6 +27,7 @@ Result<DxfContent> ReadContourFile(const std::string& file, const DxfOptions& op
   std::ifstream stream(path, std::ios::binary);
   if (!stream) return Fault{"cannot be read", file};
   if (EqualWithoutCase(path.extension().string(), ".dxf")) return ReadDxf(stream, file, options);
+  if (EqualWithoutCase(path.extension().string(), ".xml")) return WithoutRemarks(ReadXml(stream, file));
   return WithoutRemarks(ReadText(stream, file));
 }
 

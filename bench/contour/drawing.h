@@ -17,6 +17,7 @@ struct Drawing {
   struct Layer {
     Role role;
     const Contours* contours;  ///< the caller's
+    std::string name = {};     ///< in the legend, which there is when several layers with contours have one
   };
   struct Mark {
     enum class Kind {

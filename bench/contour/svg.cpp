@@ -2,6 +2,7 @@
 
 #include "contour/drawing.h"
 #include "contour/labels.h"
+#include "contour/legend.h"
 #include "contour/number_text.h"
 #include "contour/sweep.h"
 #include "contour/view.h"
@@ -13,20 +14,6 @@ using geometry::Point;
 using geometry::Span;
 using Role = Drawing::Role;
 
-/// How the contours of a role are drawn; widths in pixels.
-struct Style {
-  const char* colour;
-  const char* fill;
-  double width;
-  bool hasArrows;
-};
-// clang-format off
-constexpr Style kStyles[] = {
-    {"#1f4e79", "#dce8f3", 2,   true },  // main
-    {"#b5541c", "none",    2,   true },  // other
-    {"#9aa3ab", "none",    1.2, false},  // underlay
-};
-// clang-format on
 constexpr const char* kMarkColour = "#c2185b";
 
 /// In pixels.
@@ -83,7 +70,8 @@ std::string PathOf(const Contour& contour) {
 }
 
 std::string SvgWriter::Write() {
-  const std::string width = Text(std::ceil(view_.width())), height = Text(std::ceil(view_.height()));
+  const std::string width = Text(std::ceil(view_.width()));
+  const std::string height = Text(std::ceil(view_.height()) + LegendHeight(drawing_));
   svg_ = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
          "\" viewBox=\"0 0 " + width + " " + height + "\">\n<rect width=\"" + width + "\" height=\"" +
          height + "\" fill=\"#ffffff\"/>\n<g transform=\"" + view_.Transform() +
@@ -93,6 +81,7 @@ std::string SvgWriter::Write() {
   WriteMarks();
   svg_ += "</g>\n";
   if (drawing_.numbers) WriteNumbers();
+  svg_ += Legend(drawing_, std::ceil(view_.height()));
   return svg_ + "</svg>\n";
 }
 
@@ -107,7 +96,7 @@ void SvgWriter::WriteAxes() {
 }
 
 void SvgWriter::WriteLayer(const Drawing::Layer& layer) {
-  const Style& style = kStyles[static_cast<int>(layer.role)];
+  const DrawingStyle& style = StyleOf(layer.role);
   svg_ += std::string("<g stroke=\"") + style.colour + "\" stroke-width=\"" + Pixels(style.width) + "\">\n";
   std::string closed;
   for (const Contour& contour : *layer.contours) {

@@ -39,6 +39,11 @@ Result<Point> CornerOf(const Element& a, const Element& b) {
   return FaultAt(b, b.name + " does not meet " + a.name + ": they are parallel");
 }
 
+/// The same point; no zero has a sign.
+Point Plain(const Point& point) {
+  return {point.x + 0.0, point.y + 0.0};
+}
+
 /// What no two neighbours may be.
 Result<void> CheckNeighbours(const std::vector<Element>& elements) {
   const auto kindAt = [&](std::size_t i) { return i < elements.size() ? elements[i].kind : Kind::kChamfer; };
@@ -69,8 +74,8 @@ class Walk {
     auto corner = CornerOf(elements_[0], elements_[1]);
     if (!corner) return corner.fault();
     if (const auto near = CheckCorner(elements_[0], *corner); !near) return near.fault();
-    curve_.Start(*corner);
-    last_ = *corner;
+    last_ = Plain(*corner);
+    curve_.Start(last_);
     for (std::size_t i = 1; i < elements_.size(); ++i) {
       if (const auto gone = GoAlong(i); !gone) return gone.fault();
     }
@@ -143,7 +148,7 @@ class Walk {
   }
 
   void Add(int type, const Point& point, const Point& centre) {
-    if (curve_.Add(type, point, centre, false)) last_ = point;
+    if (curve_.Add(type, Plain(point), centre, false)) last_ = Plain(point);
   }
 
   const std::vector<Element>& elements_;

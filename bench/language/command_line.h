@@ -76,6 +76,12 @@ class CommandLine {
   /// What the line says, as messages quote it.
   std::string_view text() const { return line_; }
 
+  /// Where the next word begins.
+  int NextColumn() {
+    PassBlanks();
+    return column();
+  }
+
   /// Where the text begins.
   int firstColumn() const { return firstColumn_; }
 

@@ -40,6 +40,13 @@ Result<void> BeginDrawing(const Operands& operands, Surroundings& surroundings);
 Result<void> Refresh(const Operands& operands, Surroundings& surroundings);
 Result<void> CallMacro(const Operands& operands, Surroundings& surroundings);
 
+// Bodies.
+Result<void> SpinContour(const Operands& operands, Surroundings& surroundings);
+Result<void> ExtrudeContour(const Operands& operands, Surroundings& surroundings);
+Result<void> MoveBody(const Operands& operands, Surroundings& surroundings);
+Result<void> TurnBody(const Operands& operands, Surroundings& surroundings);
+Result<void> ExportBody(const Operands& operands, Surroundings& surroundings);
+
 // The project's environment, settings and files.
 Result<void> ReadEnvironment(const Operands& operands, Surroundings& surroundings);
 Result<void> FileRead(const Operands& operands, Surroundings& surroundings);

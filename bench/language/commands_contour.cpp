@@ -49,7 +49,7 @@ Result<Element> ReadCarrier(int direction, CommandLine& line, Surroundings& surr
 
 Result<Element> ReadElement(CommandLine& line, Surroundings& surroundings) {
   if (line.TakeMark("ch")) return ReadChamfer(line);
-  const int column = (line.Peek(), line.column());
+  const int column = line.NextColumn();
   const bool isAnticlockwise = line.TakeMark("a");
   const bool isCarrier = isAnticlockwise || line.TakeMark("t");
   auto element = isCarrier ? ReadCarrier(isAnticlockwise ? geometry::ACW : geometry::CW, line, surroundings)
@@ -85,9 +85,9 @@ Result<Kurve> ReadExplicit(CommandLine& line) {
 Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   if (const auto end = line.WordEnd(); !end) return end;
   auto curve = line.Take("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
-  if (!curve) return Placed(line, curve.fault());
+  if (!curve) return AtStart(line, curve.fault());
   if (const auto end = line.End(); !end) return end;
-  return Placed(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
+  return AtStart(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
 }
 
 Result<void> CopyContour(const Operands& operands, Surroundings& surroundings) {
@@ -96,9 +96,7 @@ Result<void> CopyContour(const Operands& operands, Surroundings& surroundings) {
   if (curve == nullptr) return contour.At("there is no " + contour.Name());
   const auto placement = PlacementOf(transform, surroundings);
   if (!placement) return placement.fault();
-  const auto replaced =
-      surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, *placement));
-  return replaced ? replaced : contour.At(replaced.fault());
+  return contour.Told(surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, *placement)));
 }
 
 }  // namespace vanzet::language

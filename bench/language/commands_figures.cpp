@@ -10,11 +10,6 @@ Result<void> CheckFigure(const Operand& operand, const Surroundings& surrounding
   return operand.At("there is no figure '" + operand.text + "'");
 }
 
-/// The same fault at the operand that it is about.
-Result<void> Told(const Operand& operand, const Result<void>& done) {
-  return done ? done : operand.At(done.fault());
-}
-
 }  // namespace
 
 Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) {
@@ -23,7 +18,7 @@ Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) 
   if (axes != "z0x0y0" && axes != "x0y0z0") {
     return operands[1].At("expected the axes z0x0y0 or x0y0z0, found '" + axes + "'");
   }
-  return Told(operands[0], surroundings.board.CreateFigure(operands[0].text));
+  return operands[0].Told(surroundings.board.CreateFigure(operands[0].text));
 }
 
 Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) {
@@ -32,14 +27,14 @@ Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) 
   if (surroundings.board.FindContour(contour.number) == nullptr) {
     return contour.At("there is no " + contour.Name());
   }
-  return Told(contour, surroundings.board.Append(figure.text, contour.number));
+  return contour.Told(surroundings.board.Append(figure.text, contour.number));
 }
 
 Result<void> FigureInsert(const Operands& operands, Surroundings& surroundings) {
   if (const auto there = CheckFigure(operands[0], surroundings); !there) return there;
   const auto placement = PlacementOf(operands[1], surroundings);
   if (!placement) return placement.fault();
-  return Told(operands[1], surroundings.board.Insert(operands[0].text, *placement));
+  return operands[1].Told(surroundings.board.Insert(operands[0].text, *placement));
 }
 
 Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) {
@@ -48,11 +43,11 @@ Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) 
 }
 
 Result<void> LayerChange(const Operands& operands, Surroundings& surroundings) {
-  return Told(operands[0], surroundings.board.SelectLayer(operands[0].text));
+  return operands[0].Told(surroundings.board.SelectLayer(operands[0].text));
 }
 
 Result<void> LayerDelete(const Operands& operands, Surroundings& surroundings) {
-  return Told(operands[0], surroundings.board.DeleteLayer(operands[0].text));
+  return operands[0].Told(surroundings.board.DeleteLayer(operands[0].text));
 }
 
 }  // namespace vanzet::language

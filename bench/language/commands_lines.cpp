@@ -74,7 +74,7 @@ Result<void> DefineLine(const Entity& entity, CommandLine& line, Surroundings& s
   const auto defined = ReadLine(line, surroundings);
   if (!defined) return defined.fault();
   if (const auto end = line.End(); !end) return end;
-  return Placed(line, surroundings.board.PutLine(entity.number, *defined));
+  return AtStart(line, surroundings.board.PutLine(entity.number, *defined));
 }
 
 }  // namespace vanzet::language

@@ -35,7 +35,7 @@ Result<void> DefinePoint(const Entity& entity, CommandLine& line, Surroundings& 
   const auto point = line.Peek() == 's' ? ReadCrossing(line, surroundings) : ReadCoordinates(line);
   if (!point) return point.fault();
   if (const auto end = line.End(); !end) return end;
-  if (const auto near = drawing::CheckReach(*point); !near) return Placed(line, near);
+  if (const auto near = drawing::CheckReach(*point); !near) return AtStart(line, near);
   surroundings.board.workpieces.points.insert_or_assign(entity.number, *point);
   return {};
 }

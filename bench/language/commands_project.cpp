@@ -26,8 +26,7 @@ Result<void> FileRead(const Operands& operands, Surroundings& surroundings) {
 
 Result<void> FileStore(const Operands& operands, Surroundings& surroundings) {
   if (const auto own = CheckProject(operands); !own) return own;
-  const auto set = surroundings.workplace.SetSetting(operands[2].text, operands[3].text);
-  return set ? set : operands[2].At(set.fault());
+  return operands[2].Told(surroundings.workplace.SetSetting(operands[2].text, operands[3].text));
 }
 
 }  // namespace vanzet::language

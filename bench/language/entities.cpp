@@ -52,7 +52,7 @@ Result<geometry::Point> PointOf(CommandLine& line, Surroundings& surroundings) {
   });
 }
 
-Result<void> Placed(const CommandLine& line, const Result<void>& done) {
+Result<void> AtStart(const CommandLine& line, const Result<void>& done) {
   if (done || !done.fault().file.empty()) return done;
   return Fault{done.fault().text, "", 0, done.fault().column > 0 ? done.fault().column : line.firstColumn()};
 }

@@ -19,6 +19,6 @@ Result<geometry::Circle> CircleOf(const Entity& entity, const CommandLine& line,
 Result<geometry::Point> ReadCoordinates(CommandLine& line);
 
 /// The fault of something that was done with the whole line, told at its start.
-Result<void> Placed(const CommandLine& line, const Result<void>& done);
+Result<void> AtStart(const CommandLine& line, const Result<void>& done);
 
 }  // namespace vanzet::language

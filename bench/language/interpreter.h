@@ -7,6 +7,8 @@
 #include "drawing/board.h"
 #include "drawing/picks.h"
 #include "language/workplace.h"
+#include "modeller/body_table.h"
+#include "modeller/mesh.h"
 #include "project/variables.h"
 #include "vdm/store.h"
 
@@ -19,6 +21,8 @@ struct Surroundings {
   const PathMap& paths;
   drawing::Board& board;
   drawing::Picks& picks;
+  modeller::BodyTable& bodies;
+  const modeller::MeshTolerance& mesh;
   Workplace& workplace;
 };
 

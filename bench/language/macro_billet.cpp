@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "base/numbers.h"
 #include "language/commands.h"
 #include "project/definition.h"
@@ -105,7 +107,11 @@ Result<void> BilletFromFigures(CommandLine& arguments, Surroundings& surrounding
   if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
   const auto curves = BilletCurves(**spindle, surroundings);
   if (!curves) return curves.fault();
-  return DrawBillet(**spindle, *curves, surroundings.board);
+  // On a board beside it, so that a drawing without room for the new billet keeps the old one.
+  Board drawn = surroundings.board;
+  if (const auto done = DrawBillet(**spindle, *curves, drawn); !done) return done;
+  surroundings.board = std::move(drawn);
+  return {};
 }
 
 }  // namespace vanzet::language

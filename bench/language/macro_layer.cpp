@@ -18,8 +18,7 @@ struct LayerArguments {
 /// name's first quote is sometimes doubled.
 Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   LayerArguments read;
-  arguments.Peek();
-  const int column = arguments.column();
+  const int column = arguments.NextColumn();
   const std::string text(arguments.Rest());
   const std::size_t end = text.rfind('\''),
                     begin = end == 0 || end == std::string::npos ? end : text.rfind('\'', end - 1);

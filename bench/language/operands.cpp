@@ -63,6 +63,12 @@ Result<Operand> ReadInteger(const OperandForm& form, CommandLine& line, const Va
   return Operand{.column = line.column(), .number = *number, .last = *number};
 }
 
+Result<Operand> ReadReal(const OperandForm& form, CommandLine& line, const Variables&) {
+  const auto number = line.WholeNumber(form.meaning);
+  if (!number) return number.fault();
+  return Operand{.column = line.column(), .real = *number};
+}
+
 template <bool (*IsOfType)(std::string_view name)>
 Result<Operand> ReadVariable(const OperandForm& form, CommandLine& line, const Variables&) {
   const auto name = line.Word(form.meaning);
@@ -122,6 +128,7 @@ constexpr Reader kReaders[] = {
     ReadLongText,
     ReadLayer,
     ReadInteger,
+    ReadReal,
     ReadVariable<Variables::IsInteger>,
     ReadVariable<IsText>,
     ReadEntity<'k'>,
@@ -136,11 +143,13 @@ Result<Operands> ReadOperands(const OperandForms& forms, CommandLine& line, cons
   Operands operands;
   for (const OperandForm& form : forms) {
     if (form.kind == OperandKind::kNone) break;
+    int left = form.count;
     do {
       auto operand = kReaders[static_cast<std::size_t>(form.kind)](form, line, variables);
       if (!operand) return operand.fault();
       operands.push_back(std::move(*operand));
-    } while (form.kind == OperandKind::kEntities && !line.IsAtEnd());
+      --left;
+    } while (left > 0 || (form.kind == OperandKind::kEntities && !line.IsAtEnd()));
   }
   if (const auto end = line.End(); !end) return end.fault();
   return operands;

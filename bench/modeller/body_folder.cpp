@@ -15,7 +15,7 @@ constexpr std::array<std::string_view, 4> kEndings = {".step", ".stp", ".brep", 
 
 std::size_t RankOf(const fs::path& path) {
   const std::string ending = path.extension().string();
-  const auto found =
+  const auto* const found =
       std::ranges::find_if(kEndings, [&](std::string_view known) { return EqualWithoutCase(known, ending); });
   return static_cast<std::size_t>(found - kEndings.begin());
 }
@@ -42,9 +42,8 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
     files.push_back({entry->path().stem().string(), entry->path()});
   }
   std::ranges::sort(files, ComesBefore);
-  const auto rest = std::ranges::unique(
-      files, [](const BodyFile& a, const BodyFile& b) { return EqualWithoutCase(a.name, b.name); });
-  files.erase(rest.begin(), rest.end());
+  const auto isSame = [](const BodyFile& a, const BodyFile& b) { return EqualWithoutCase(a.name, b.name); };
+  files.erase(std::unique(files.begin(), files.end(), isSame), files.end());
   return files;
 }
 

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -11,6 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -163,7 +163,7 @@ std::string MemoryFile::Path() const {
 
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel, const Progress& progress) {
-  const InterruptWatch interrupt;
+  const InterruptWatch watch;
   auto process = Process::Start(exchange, arguments, parcel.descriptor());
   if (!process) return process.fault();
   const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
@@ -171,7 +171,7 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
   for (bool hasEnded = false; !hasEnded;) {
     const auto words = process->Glance();
     hasEnded = words && words->empty();
-    if ((words && !talk.Add(*words, progress)) || interrupt.Came()) return Fault{"cancelled"};
+    if ((words && !talk.Add(*words, progress)) || InterruptWatch::Came()) return Fault{"cancelled"};
     if (Clock::now() > deadline) {
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }

@@ -24,7 +24,7 @@ InterruptWatch::~InterruptWatch() {
   sigaction(SIGINT, &former_, nullptr);
 }
 
-bool InterruptWatch::Came() const {
+bool InterruptWatch::Came() {
   return interrupted != 0;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <signal.h>
+#include <csignal>
 
 namespace vanzet::modeller {
 
@@ -13,7 +13,7 @@ class InterruptWatch {
   InterruptWatch(const InterruptWatch&) = delete;
   InterruptWatch& operator=(const InterruptWatch&) = delete;
 
-  bool Came() const;
+  static bool Came();
 
  private:
   struct sigaction former_ = {};

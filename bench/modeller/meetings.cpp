@@ -46,7 +46,7 @@ class Pair {
 
  private:
   bool Counts(const Point& p) const {
-    const auto end = joints_.begin() + static_cast<std::ptrdiff_t>(count_);
+    const auto* const end = joints_.begin() + static_cast<std::ptrdiff_t>(count_);
     const bool isJoint =
         std::any_of(joints_.begin(), end, [&](const Point& joint) { return Dist(joint, p) < kJoint; });
     return !isJoint && IsOn(a_, p) && IsOn(b_, p);

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "base/ini.h"
+#include "base/numbers.h"
 
 namespace vanzet::project {
 namespace {
@@ -20,6 +21,27 @@ Problem AddDrive(BenchIni& ini, std::string key, const Setting& setting) {
   }
   ini.drives.try_emplace(static_cast<char>(letter - 'a' + 'A'), setting.value);
   return std::nullopt;
+}
+
+Problem SetMesh(BenchIni& ini, std::string key, const Setting& setting) {
+  struct Limit {
+    std::string_view key;
+    double BenchIni::Mesh::*value;
+    double least, most;
+    std::string_view range;
+  };
+  static constexpr Limit kLimits[] = {{"chord", &BenchIni::Mesh::chord, 0.0001, 100, "0.0001 to 100"},
+                                      {"angle", &BenchIni::Mesh::angle, 0.1, 90, "0.1 to 90"}};
+  for (const Limit& limit : kLimits) {
+    if (!EqualWithoutCase(limit.key, key)) continue;
+    const auto number = WholeReal(setting.value);
+    if (!number || *number < limit.least || *number > limit.most) {
+      return "'" + key + "' is a number from " + std::string(limit.range) + ", not '" + setting.value + "'";
+    }
+    ini.mesh.*limit.value = *number;
+    return std::nullopt;
+  }
+  return "there is no setting '" + key + "' in [mesh]: 'chord' and 'angle' are";
 }
 
 template <auto Section>
@@ -39,6 +61,7 @@ constexpr SectionRow kSections[] = {
     {"project", AddTo<&BenchIni::project>},
     {"language", AddTo<&BenchIni::language>},
     {"drives", AddDrive},
+    {"mesh", SetMesh},
 };
 
 const SectionRow* FindSection(std::string_view name) {

@@ -24,6 +24,12 @@ struct BenchIni {
   std::map<std::string, Setting> variables;  ///< names of variables mind their case
   Section project;
   Section language;
+  /// How finely bodies are exported as facets.
+  struct Mesh {
+    double chord = 0.05;  ///< how far a facet may be from the surface, in millimetres
+    double angle = 10;    ///< how much neighbours may turn, in degrees
+  };
+  Mesh mesh;
   PathMap::Drives drives;
 };
 

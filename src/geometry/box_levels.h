@@ -1,13 +1,16 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
+
 #include "geometry/span.h"
 
 namespace geometry {
 
 /// Boxes around runs of neighbouring spans: of 8, of 64, of 512 and so on.
 ///
-/// They serve a walk over spans in their order that passes over those whose box is of no interest. What is
-/// skipped is only what the boxes of the spans themselves exclude, so the walk sees the same spans as one
+/// They serve walks over spans in their order that pass over those whose box is of no interest. What is
+/// skipped is only what the boxes of the spans themselves exclude, so a walk sees the same spans as one
 /// without it. Boxes are made when a walk comes to them; those of long runs with the first long walk.
 ///
 /// Owns     nothing of the spans; they have to stay, and walks that begin before `from` are over once spans
@@ -29,32 +32,55 @@ class BoxLevels {
     return end;
   }
 
+  /// The first span from `from` on, and before `end`, whose box meets that of span `i`, which lies before
+  /// them. For walks of up to 64 spans, asked for span after span: what the run of `i` as a whole does not
+  /// meet is found out once for all its spans.
+  std::size_t NextMeeting(std::size_t i, std::size_t from, std::size_t end) {
+    if (i >> kFanBits != home_) Enter(i >> kFanBits);
+    const Box& box = spans_[i].box;
+    while (from < end) {
+      const std::size_t run = from >> kFanBits;
+      const bool begins = (from & (kFan - 1)) == 0;
+      if (run != home_ && ((met_ >> (run - home_) & 1) == 0 || (begins && box.Outside(levels_[0][run])))) {
+        from = (run + 1) << kFanBits;
+      } else if (box.Outside(spans_[from].box)) {
+        ++from;
+      } else {
+        return from;
+      }
+    }
+    return end;
+  }
+
  private:
   static constexpr unsigned kFanBits = 3;
   static constexpr std::size_t kFan = std::size_t{1} << kFanBits;
+  static constexpr std::size_t kLongest = 10 * kFan;  ///< of a short walk
 
-  /// How many spans from `k` on can be passed over at once.
+  /// How many spans from `k` on can be passed over at once: the longest run that begins there and is missed.
   template <class Misses>
   std::size_t SkipAt(std::size_t k, const Misses& misses) const {
-    std::size_t run = 1;
-    unsigned bits = kFanBits;
-    for (const std::vector<Box>& level : levels_) {
-      if ((k & ((std::size_t{1} << bits) - 1)) != 0 || !misses(level[k >> bits])) break;
-      run = std::size_t{1} << bits;
-      bits += kFanBits;
+    const auto aligned = static_cast<std::size_t>(std::countr_zero(k)) / kFanBits;
+    for (std::size_t level = std::min(aligned, levels_.size()); level > 0; --level) {
+      const std::size_t bits = level * kFanBits;
+      if (misses(levels_[level - 1][k >> bits])) return std::size_t{1} << bits;
     }
-    return run > 1 || misses(spans_[k].box) ? run : 0;
+    return misses(spans_[k].box) ? 1 : 0;
   }
 
   /// Makes the boxes that a walk needs.
   void Reach(std::size_t from, std::size_t end) {
-    if (end > reached_ || (end > from + kFan * kFan && levels_.size() == 1)) Extend(from, end);
+    if (end > reached_ || (end > from + kLongest && levels_.size() == 1)) Extend(from, end);
   }
   void Extend(std::size_t from, std::size_t end);
+  /// Finds which of the next runs meet that one.
+  void Enter(std::size_t run);
 
   const std::vector<Span>& spans_;
   std::vector<std::vector<Box>> levels_;
   std::size_t reached_ = 0;  ///< the spans that have their runs of 8
+  std::size_t home_ = static_cast<std::size_t>(-1);
+  std::uint32_t met_ = 0;  ///< bit r: the run r behind `home_`
 };
 
 }  // namespace geometry

@@ -24,7 +24,7 @@ class PlainSearch {
  public:
   PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
 
-  std::size_t Next(const Box&, std::size_t from, std::size_t end) const { return std::min(from, end); }
+  std::size_t Next(std::size_t, std::size_t from, std::size_t end) const { return std::min(from, end); }
 
   bool AnyWithin(const Point& p, double distance) const {
     return std::any_of(source_.begin(), source_.end(), [&](const Span& span) {
@@ -41,21 +41,20 @@ class PlainSearch {
 /// none.
 class IndexedSearch {
  public:
-  IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source) : raw_(raw), source_(source) {}
+  IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source)
+      : raw_(raw), boxes_(raw), source_(source) {}
 
-  std::size_t Next(const Box& box, std::size_t from, std::size_t end) {
-    return raw_.Next(from, end, [&box](const Box& other) { return box.Outside(other); });
+  std::size_t Next(std::size_t i, std::size_t from, std::size_t end) {
+    if (end <= i + 2 + kScanOfKurveEx) return boxes_.NextMeeting(i, from, end);
+    const Box& box = raw_[i].box;
+    return boxes_.Next(from, end, [&box](const Box& other) { return box.Outside(other); });
   }
 
   bool AnyWithin(const Point& p, double distance) {
     if (!near_) BuildNear();
-    // Points of a span lie in its box but for rounding, which the margin covers amply.
-    const auto misses = [&p, distance, this](const Box& box) {
-      const double margin = margin_ + 1e-12 * (SizeOf(p) + SizeOf(box.min) + SizeOf(box.max));
-      const double reach = distance + margin;
-      return box.min.x - p.x > reach || p.x - box.max.x > reach || box.min.y - p.y > reach ||
-             p.y - box.max.y > reach;
-    };
+    const double reach = distance + margin_ + kRounding * SizeOf(p);
+    const Box around(Point(p.x - reach, p.y - reach), Point(p.x + reach, p.y + reach));
+    const auto misses = [&around](const Box& box) { return around.Outside(box); };
     const std::size_t n = nearSpans_->size();
     for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
       double unusedAlong = 0;
@@ -65,14 +64,21 @@ class IndexedSearch {
   }
 
  private:
+  /// Points of a span lie in its box but for rounding, which the margin covers amply.
   void BuildNear() {
     nearSpans_ = &source_();
     near_.emplace(*nearSpans_);
-    margin_ = TOLERANCE;
-    for (const Span& span : *nearSpans_) margin_ = std::max(margin_, 1e-12 * span.radius);
+    double size = 0;
+    for (const Span& span : *nearSpans_) {
+      size = std::max({size, span.radius, SizeOf(span.box.min), SizeOf(span.box.max)});
+    }
+    margin_ = TOLERANCE + kRounding * size;
   }
 
-  BoxLevels raw_;
+  static constexpr double kRounding = 1e-12;
+
+  const std::vector<Span>& raw_;
+  BoxLevels boxes_;
   const SourceSpans& source_;
   const std::vector<Span>* nearSpans_ = nullptr;
   std::optional<BoxLevels> near_;
@@ -109,7 +115,7 @@ Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, dou
   const Span& span = raw[i];
   Verdict verdict{i + 1};
   std::size_t end = std::min(raw.size(), i + 2 + scan);
-  for (std::size_t j = search.Next(span.box, i + 2, end); j < end; j = search.Next(span.box, j + 1, end)) {
+  for (std::size_t j = search.Next(i, i + 2, end); j < end; j = search.Next(i, j + 1, end)) {
     Point p;
     if (!Crossing(span, raw[j], p)) continue;
     verdict.next = j;

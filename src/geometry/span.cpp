@@ -103,17 +103,19 @@ void Span::Box(geometry::Box& b, bool withStart) const {
 
 /// Requires: the radius of an arc.
 void Span::GrowBox(geometry::Box& b, bool withStart) const {
-  if (withStart) b.Insert(p0);
-  b.Insert(p1);
+  geometry::Box grown = b;  // a place of its own, which the compiler keeps in registers
+  if (withStart) grown.Insert(p0);
+  grown.Insert(p1);
   if (dir != LINEAR) {
     const Vector2d a(p0, p1);
     const Vector2d quadrants[] = {{radius, 0}, {0, radius}, {-radius, 0}, {0, -radius}};
     for (const Vector2d& quadrant : quadrants) {
       const Point extreme = pc + quadrant;
-      if (dir * Cross(Vector2d(p0, extreme), a) > 0) b.Insert(extreme);
+      if (dir * Cross(Vector2d(p0, extreme), a) > 0) grown.Insert(extreme);
     }
   }
-  b.Grow(TIGHT_TOLERANCE);
+  grown.Grow(TIGHT_TOLERANCE);
+  b = grown;
 }
 
 void Span::Transform(const Matrix& m) {

@@ -3,5 +3,6 @@
 namespace geometry {
 
 constinit SpanPair scratchSpanPair;
+constinit std::unique_ptr<const std::wstring> diagnosticPath;
 
 }  // namespace geometry

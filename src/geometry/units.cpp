@@ -104,7 +104,11 @@ MessageSink SetMessageSink(MessageSink sink) {
 }
 
 void ShowMessage(const std::wstring& text) {
-  messageSink(text, L"Lumera Error", true);
+  ShowMessage(text, L"Lumera Error", true);
+}
+
+void ShowMessage(const std::wstring& text, const std::wstring& title, bool stopIcon) {
+  messageSink(text, title, stopIcon);
 }
 
 }  // namespace geometry

@@ -57,5 +57,7 @@ MessageSink SetMessageSink(MessageSink sink);
 
 /// Shows `text` under the title L"Lumera Error" with the stop icon.
 void ShowMessage(const std::wstring& text);
+/// Shows `text` under that title.
+void ShowMessage(const std::wstring& text, const std::wstring& title, bool stopIcon);
 
 }  // namespace geometry

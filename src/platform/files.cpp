@@ -17,4 +17,10 @@ bool IsReadableFile(std::string_view path) {
   return std::filesystem::is_regular_file(file, error) && std::ifstream(file).is_open();
 }
 
+bool CopyWholeFile(std::string_view from, std::string_view to) {
+  std::error_code error;
+  return std::filesystem::copy_file(FileOf(from), FileOf(to),
+                                    std::filesystem::copy_options::overwrite_existing, error);
+}
+
 }  // namespace vanzet::platform

@@ -11,4 +11,7 @@ std::filesystem::path FileOf(std::string_view path);
 /// True for a regular file that can be opened for reading.
 bool IsReadableFile(std::string_view path);
 
+/// Makes the second file a copy of the first, whatever it was. False when that cannot be done.
+bool CopyWholeFile(std::string_view from, std::string_view to);
+
 }  // namespace vanzet::platform

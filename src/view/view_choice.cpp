@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 
+#include "view/console_view.h"
+#include "view/script/script_view.h"
+
 namespace vanzet::view {
 namespace {
 
@@ -12,18 +15,18 @@ std::string FromEnvironment(const char* name) {
 
 }  // namespace
 
-platform::BoxPresenter& ViewChoice::Choose() {
+std::unique_ptr<View> ViewChoice::Choose() {
   const std::string script = FromEnvironment("VANZET_SCRIPT");
-  if (script.empty()) return console_;
-  return script_.emplace(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
+  if (script.empty()) return std::make_unique<ConsoleView>();
+  return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
 }
 
-Transcript& ViewChoice::TranscriptTo(const std::string& file) {
+std::shared_ptr<Transcript> ViewChoice::TranscriptTo(const std::string& file) {
   if (!transcript_ || file != transcriptFile_) {
-    transcript_ = std::make_unique<Transcript>(file);
+    transcript_ = std::make_shared<Transcript>(file);
     transcriptFile_ = file;
   }
-  return *transcript_;
+  return transcript_;
 }
 
 }  // namespace vanzet::view

@@ -24,7 +24,11 @@ const std::map<std::string, Folders> kModule = {
     {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
     {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"host/door", {"base", "platform", "host", "machine", "store", "simulation", "view", "geometry"}},
+    {"dialog",
+     {"base", "platform", "host", "macro", "macro/tables", "store", "simulation", "machine", "catalogue",
+      "view"}},
+    {"host/door",
+     {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 
@@ -37,9 +41,9 @@ const std::map<std::string, Folders> kWorkbench = {
     {"modeller/exchange", {"base", "geometry", "modeller"}},
     {"project", {"base", "vdm"}},
     {"drawing", {"base", "vdm", "contour", "geometry"}},
-    {"language", {"base", "vdm", "project", "drawing", "geometry"}},
-    {"api", {"base", "vdm", "project", "drawing", "language", "geometry"}},
-    {"scene", {"base", "project", "modeller", "geometry", "macro/tables"}},
+    {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
+    {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
+    {"scene", {"base", "vdm", "project", "modeller", "geometry", "macro/tables"}},
     {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene"}},
 };
 

@@ -1,9 +1,12 @@
 #include "catalogue/catalogue_work.h"
 
+#include <unistd.h>
+
 #include <memory>
 
 #include "catalogue_fixture.h"
 #include "support/failing_call.h"
+#include "support/file_size_limit.h"
 #include "support/golden.h"
 
 namespace vanzet::test {
@@ -166,6 +169,19 @@ TEST_F(Saving, OfAReadOnlyFileLeavesItAlone) {
   Save("Collet", "2 3");
   EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox(), SearchBox()));
   EXPECT_EQ(InFile(), "Chuck\n1 1\n");
+}
+
+TEST_F(Saving, ToAFullDiskAsksForAnotherPlaceAndKeepsTheOldFile) {
+  std::string large;
+  for (int i = 0; i < 200; ++i) large += "Chuck " + std::to_string(i) + "\n1 80.0 90.0\n";
+  WriteBytes(world.file, large);
+  {
+    const FileSizeLimit limit(1000);
+    Save("Collet", "2 3");
+  }
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox()));
+  EXPECT_EQ(InFile(), large);
+  EXPECT_FALSE(fs::exists(world.file.string() + ".new-" + std::to_string(getpid())));
 }
 
 TEST_F(Saving, ReplacesEveryMarkOfTheTextByThePath) {

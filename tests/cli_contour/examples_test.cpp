@@ -58,6 +58,17 @@ TEST_F(ContourExamples, ThePinchedSquaresHaveBothTheirAreas) {
   EXPECT_NEAR(FactsOf("pinched.txt")["area"], 800, 1e-9);
 }
 
+TEST_F(ContourExamples, TheMovedSlotIsTheSlot) {
+  const auto motion = Json("same " + Example("slot.txt") + " " + Example("moved_slot.txt"));
+  EXPECT_EQ(motion["same"], true);
+  EXPECT_NEAR(motion["turn"], 30, 1e-6);
+}
+
+TEST_F(ContourExamples, TheFairingRisesBySixtyDegrees) {
+  const auto box = FactsOf("fairing.txt", 1)["box"];
+  EXPECT_NEAR(box["high"][1].get<double>() - 25, 10 * std::sqrt(3.0), 1e-5);
+}
+
 TEST_F(ContourExamples, TheScanReducesToThreeLines) {
   const Outcome reduced = Vanzet("contour reduce " + Example("scan.txt") + " --tolerance 0.05");
   EXPECT_EQ(Json("info", reduced.out)["contours"][0]["spans"], 3);

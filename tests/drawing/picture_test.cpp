@@ -1,5 +1,6 @@
 #include "drawing/picture.h"
 
+#include "base/numbers.h"
 #include "drawing_fixture.h"
 #include "support/golden.h"
 
@@ -64,7 +65,7 @@ TEST_F(Pictures, LinesAreAsWideAtEveryScale) {
     EXPECT_TRUE(small.PutContour(1, Square(size)));
     const std::string svg = *PictureSvg(small.drawing(), {.width = 464, .height = 464});
     const std::size_t at = svg.find("stroke-width=\"", svg.find("class=\"black solid\"")) + 14;
-    return std::stod(svg.substr(at)) / size;
+    return RealOrZero(svg.substr(at)) / size;
   };
   EXPECT_DOUBLE_EQ(strokeOf(4), 0.004) << "a picture of 400 pixels without its margins";
   EXPECT_DOUBLE_EQ(strokeOf(4000), 0.004);

@@ -2,8 +2,8 @@
 
 #include <type_traits>
 
-#include "geometry/construct.h"
 #include "geometry/contour_index.h"
+#include "geometry/geometry.h"
 #include "geometry/state.h"
 
 /// What other programs are compiled against. Most of it is checked by the compiler: a function taken by a
@@ -108,6 +108,37 @@ static_assert(Is<Circle (*)(int, int, const CLine&, int, const Circle&, double)>
 static_assert(Is<int (*)(int, const Circle&, int, const Circle&, int, const Circle&, Circle*)>(Tanto));
 static_assert(Is<CLine (*)(int, const Circle&, int, const Circle&)>(Tanto));
 static_assert(Is<int (*)(const Point&, const CLine&, int, const Circle&, Circle*)>(Touching));
+
+static_assert(Is<void (KurveEx::*)(std::FILE*, int) const>(&KurveEx::Write));
+static_assert(Is<bool (KurveEx::*)(std::FILE*)>(&KurveEx::Read));
+static_assert(Is<void (KurveEx::*)(std::FILE*) const>(&KurveEx::Print));
+static_assert(Is<void (KurveEx::*)(std::FILE*, const char*) const>(&KurveEx::WriteSourceVertices));
+static_assert(Is<void (KurveEx::*)(std::FILE*, const char*) const>(&KurveEx::WriteSourceSpans));
+static_assert(Is<void (*)(std::FILE*, const spVertex&)>(Print));
+static_assert(Is<void (*)(std::FILE*, const Span&)>(Print));
+static_assert(is_constructible_v<XmlWriter, std::wstring, bool> &&
+              is_constructible_v<XmlReader, std::wstring>);
+static_assert(!std::is_nothrow_destructible_v<XmlWriter>);
+static_assert(Is<void (XmlWriter::*)(const wchar_t*, double, bool)>(&XmlWriter::Attribute));
+static_assert(Is<void (XmlWriter::*)(const wchar_t*, const wchar_t*)>(&XmlWriter::Attribute));
+static_assert(Is<void (XmlWriter::*)(const wchar_t*, const Matrix&)>(&XmlWriter::Write));
+static_assert(Is<bool (XmlReader::*)(const wchar_t*, std::wstring&)>(&XmlReader::Attribute));
+static_assert(Is<bool (XmlReader::*)(const wchar_t*, double&, bool)>(&XmlReader::Attribute));
+static_assert(Is<bool (XmlReader::*)(std::wstring&, KurveEx&)>(&XmlReader::Read));
+static_assert(Is<std::wostream& (*)(std::wostream&, const wchar_t*, const CLine&)>(WriteDebug));
+static_assert(Is<int (*)(const KurveEx&, const KurveEx&, KurveEx&, KurveEx&, bool)>(EqualiseSpanCount));
+static_assert(Is<void (*)(const std::wstring&)>(SetDiagnosticPath));
+static_assert(Is<bool (*)(const KurveEx&, const KurveEx&, KurveEx&, KurveEx&)>(EqualiseByID));
+static_assert(Is<std::unique_ptr<KurveEx> (*)(const KurveEx&, const KurveEx&, KurveEx&)>(EqualiseByID));
+static_assert(Is<bool (*)(const KurveEx&, const KurveEx&, Matrix*&, bool, int, bool, int, bool)>(SameShape));
+static_assert(is_same_v<decltype(SpanInfo::hasPrevious), bool>);
+static_assert(Is<int (*)(const CLine&, const CLine&, Span&, Span&)>(Biarc));
+static_assert(Is<int (*)(Span*, Span*, Span*, double)>(ChangeRadius));
+static_assert(is_same_v<decltype(ExtensionRecord::lastVertex), std::uint64_t>);
+static_assert(Is<KurveEx (*)(double, const KurveEx&)>(TrimEndMirrored));
+static_assert(Is<bool (*)(const KurveEx&, const Point&, const Point&, KurveEx&)>(Section));
+static_assert(Is<bool (*)(const std::vector<ExtensionRecord>&, const KurveEx&, KurveEx&)>(Extend));
+static_assert(Is<bool (*)(const KurveEx&, const Point&, double, int, KurveEx&)>(ExtendAt));
 
 TEST(Headers, ReadAsTheirCallersWriteThem) {
   Kurve k;

@@ -293,6 +293,41 @@ TEST_F(PairOffsetTest, FitsArcsBetweenTheirNeighboursAgain) {
   EXPECT_EQ(arc.p1, Point(19, 3));
 }
 
+TEST_F(PairOffsetTest, FitsArcsBetweenLargerArcsByRadius) {
+  // Two bends of radius 20 with one of radius 3 between them, or a line in the place of either.
+  const char* const chains[] = {
+      "x-20 y20; ax0 y0 x0 y20; ax3 y3 x0 y3; ax-17 y23 x-17 y3",
+      "x-20 y0; x0 y0; ax3 y3 x0 y3; ax-17 y23 x-17 y3",
+      "x-20 y20; ax0 y0 x0 y20; ax3 y3 x0 y3; x3 y20",
+      "x-20 y20; ax0 y0 x0 y20; ax3 y3 x0 y3; tx23 y23 x23 y3",
+  };
+  for (const char* const chain : chains) {
+    for (const bool byRadius : {true, false}) {
+      for (const double offset : {1.0, -1.0}) {
+        EXPECT_EQ(CompactOf(chain).OffsetMethod2(out_, offset, 1, byRadius), 1);
+        const KurveEx made(out_);
+        ASSERT_EQ(made.SpanCount(), 3) << chain;
+        EXPECT_EQ(made.spans[1].pc, Point(0, 3)) << chain;
+        EXPECT_NEAR(made.spans[1].radius, 3 - offset, 1e-9) << chain;
+        EXPECT_NEAR(Cross(made.spans[0].ve, made.spans[1].vs), 0, 1e-6) << chain;
+        EXPECT_NEAR(Cross(made.spans[1].ve, made.spans[2].vs), 0, 1e-6) << chain;
+      }
+    }
+  }
+}
+
+TEST_F(PairOffsetTest, LeavesALargeArcBetweenSmallerOnes) {
+  const char* const chain = "x-3 y3; ax0 y0 x0 y3; ax20 y20 x0 y20; ax17 y23 x17 y20";
+  EXPECT_EQ(CompactOf(chain).OffsetMethod2(out_, 1, 1, true), 1);
+  EXPECT_TRUE(out_ == CompactOf("x-2 y3; ax0 y1 x0 y3; ax19 y20 x0 y20; ax17 y22 x17 y20"));
+}
+
+TEST_F(PairOffsetTest, ParallelNeighboursLeaveTheArcAsItIs) {
+  // The lines before and behind a half circle, moved by its radius, are one line.
+  EXPECT_EQ(CompactOf("x-9 y0; x0 y0; ax0 y6 x0 y3; x-9 y6").OffsetMethod2(out_, 1, 1, false), 1);
+  EXPECT_TRUE(out_ == CompactOf("x-9 y1; x0 y1; ax0 y5 x0 y3; x-9 y5"));
+}
+
 TEST_F(PairOffsetTest, UsesTheProcessWidePair) {
   scratchSpanPair = SpanPair();
   CompactOf("x0 y0; x10 y0").OffsetMethod2(out_, 1, 1, false);

@@ -350,12 +350,23 @@ TEST_F(OffsetTest, RollArcsThatAreTangentStayWhateverIsAsked) {
   EXPECT_EQ(out_.SpanCount(), 8);
 }
 
-TEST_F(OffsetTest, AnOpenEndOfAClosedContourIsTrimmedWhereItCrosses) {
-  // The arc at the seam is gone at distance 3, so nothing joins the ends; but they cross.
+TEST_F(OffsetTest, AnArcThatVanishesAtTheEndLetsItsNeighboursCross) {
   const char* const rounded = "x1 y0; x20 y0; x20 y20; x0 y20; x0 y1; ax1 y0 x1 y1";
   EXPECT_EQ(ContourOf(rounded).Offset(out_, 3, 1, kChecked, 0), 0);
   EXPECT_TRUE(out_.Closed());
   EXPECT_NEAR(out_.area, -14 * 14, 1e-9);
+}
+
+TEST_F(OffsetTest, EndsLeftOpenAreTrimmedToTheirCrossing) {
+  // The arc that begins the contour is gone at distance 3, so nothing is there to close it.
+  const char* const rounded = "x0 y1; ax1 y0 x1 y1; x20 y0; x20 y20; x0 y20; x0 y1";
+  EXPECT_EQ(ContourOf(rounded).Offset(out_, 3, 1, 0, 0), 0);
+  EXPECT_FALSE(out_.Closed());
+  EXPECT_EQ(ContourOf(rounded).Offset(out_, 3, 1, kChecked, 0), 0);
+  EXPECT_TRUE(out_.Closed());
+  EXPECT_EQ(out_.Start(), Point(3, 3));
+  EXPECT_NEAR(out_.area, -14 * 14, 1e-9);
+  EXPECT_NEAR(out_.perim, 4 * 14, 1e-9);
 }
 
 TEST_F(OffsetTest, NewContoursComeWithCodeZeroAlone) {

@@ -164,5 +164,38 @@ TEST_F(RollTest, OffsetsKeepTheArcsThatHaveCutEachOther) {
   EXPECT_EQ(out_.SpanCount(), withArcs);
 }
 
+/// A bump in the floor, smaller than the offset: its roll arc lies between the floors, cut at both ends.
+TEST_F(RollTest, AnArcThatLoopsHaveCutAtBothEndsIsRemovedWhenAsked) {
+  const KurveEx open = ContourOf("x0 y1; x9.5 y0; x10 y0.5; x10.5 y0; x20 y1");
+  EXPECT_EQ(open.Offset(out_, 3, 1, 1, 30), 0);
+  EXPECT_EQ(out_.SpanCount(), 3);
+  EXPECT_EQ(open.Offset(out_, 3, 1, 0x10000001, 30), 0);
+  ASSERT_EQ(out_.SpanCount(), 2);
+  EXPECT_NEAR(out_.spans[0].p1.x, 10, 1e-9);
+  // It sweeps 58 degrees, and may sweep 50.
+  EXPECT_EQ(open.Offset(out_, 3, 1, 0x10000001, 310), 0);
+  EXPECT_EQ(out_.SpanCount(), 3);
+}
+
+TEST_F(RollTest, AClosedContourIsLookedThroughForLoopsOnceMore) {
+  const KurveEx closed = ContourOf("x0 y1; x9.5 y0; x10 y0.5; x10.5 y0; x20 y1; x20 y20; x0 y20; x0 y1");
+  EXPECT_EQ(closed.Offset(out_, 3, 1, 0x10000001, 30), 0);
+  EXPECT_EQ(out_.SpanCount(), 5);
+  EXPECT_TRUE(out_.Closed());
+  // With loops kept, neither is.
+  EXPECT_EQ(closed.Offset(out_, 3, 1, 0x10000001, 30, true), 0);
+  EXPECT_GT(out_.SpanCount(), 5);
+}
+
+TEST_F(RollTest, NearlyParallelNeighboursMeetFarAway) {
+  // The floors meet to the left of the room: what was the room is a loop now. No area is compared after that.
+  const KurveEx k = ContourOf("x0 y1; x9.5 y0; x10 y0.5; x10.5 y0; x20 y-0.9; x20 y20; x0 y20; x0 y1");
+  EXPECT_EQ(k.Offset(out_, 3, 1, 1, 30), 0);
+  EXPECT_LT(out_.area, -190);
+  EXPECT_EQ(k.Offset(out_, 3, 1, 0x10000001, 30), 0);
+  EXPECT_EQ(out_.SpanCount(), 3);
+  EXPECT_GT(out_.area, 0);
+}
+
 }  // namespace
 }  // namespace geometry

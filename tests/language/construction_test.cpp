@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "language_fixture.h"
 
 namespace vanzet::language {
@@ -128,6 +130,16 @@ TEST_F(Construction, AChamferOfNothingOrTooLongLeavesTheCorner) {
 TEST_F(Construction, WhatHasNoLengthIsLeftOut) {
   DoAll({"s3=h 0", "s4=v 20", "s5=v 20", "s6=h 10", "k1 p1 as1 ts4 as3 ts5 as6 ts2 p1 ek"});
   EXPECT_EQ(Vertices(1).size(), 5U);
+}
+
+TEST_F(Construction, NoZeroOfAContourHasASign) {
+  DoAll({"s3=-5 ls1", "s4=5 ls3", "s5=b180 p1", "s6=-0 ls5", "s7=v -5", "k1 p1 as6 ts7 as4 p1 ek"});
+  for (int i = 0; i < board.FindContour(1)->nVertices; ++i) {
+    geometry::spVertex vertex;
+    board.FindContour(1)->Get(i, vertex);
+    EXPECT_FALSE(vertex.p.x == 0 && std::signbit(vertex.p.x)) << i;
+    EXPECT_FALSE(vertex.p.y == 0 && std::signbit(vertex.p.y)) << i;
+  }
 }
 
 TEST_F(Construction, AWrongLineTellsItsColumnAndChangesNothing) {

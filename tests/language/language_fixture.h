@@ -89,8 +89,10 @@ class LanguageTest : public testing::Test {
   const PathMap paths;
   drawing::Board board;
   drawing::Picks picks;
+  modeller::BodyTable bodies;
+  const modeller::MeshTolerance mesh;
   WorkplaceOfATest workplace;
-  Surroundings surroundings{variables, store, paths, board, picks, workplace};
+  Surroundings surroundings{variables, store, paths, board, picks, bodies, mesh, workplace};
 };
 
 }  // namespace vanzet::language

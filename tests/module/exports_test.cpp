@@ -47,6 +47,10 @@ class ModuleInAHost : public testing::Test {
     return host.vdms.contains(vdm) ? host.vdms[vdm].records.size() : 0;
   }
 
+  /// A structure of the host whose second member is its main window.
+  void* window = &window;
+  void* variables[2] = {nullptr, &window};
+
   FakeHost host;
   const TemporaryFolder folder;
   void* module = nullptr;
@@ -113,11 +117,67 @@ TEST_F(ModuleInAHost, MayBeCalledAgainAndAgain) {
   EXPECT_EQ(Transcript(), "");
 }
 
-TEST_F(ModuleInAHost, SaysThatTheDialogIsNotPartOfThisBuild) {
+TEST_F(ModuleInAHost, ServesTheDialogFromTheScript) {
+  MachineIni("");
+  host.structure = variables;
+  WriteBytes(folder / "script.txt", "select 8\n");
   Call("mstart");
-  EXPECT_EQ(Transcript(),
-            "{\"event\":\"box\",\"caption\":\"Equipment Definition\","
-            "\"text\":\"The dialog is not part of this build.\",\"type\":0,\"answer\":1}\n");
+  EXPECT_THAT(Transcript(), HasSubstr("there is no node '8' in the tree"));
+  EXPECT_THAT(Transcript(), testing::EndsWith("{\"event\":\"closed\",\"by\":\"close\"}\n"));
+  WriteBytes(folder / "script.txt", "select 19\nset 2022 80\nset 2023 100\npress 2016\npress 1\n");
+  Call("ReOrgVdm");
+  Call("mstart");
+  EXPECT_THAT(Transcript(), testing::EndsWith("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
+  EXPECT_THAT(host.ItemsOf(1000, 1)[8], testing::StartsWith("1 80.000000 100.000000 "));
+  EXPECT_EQ(host.vdms[1000].handle, 0U);
+}
+
+TEST_F(ModuleInAHost, BuildsTheDialogAnewEachTime) {
+  MachineIni("");
+  WriteBytes(folder / "script.txt", "state\nselect 20\nset 2039 left\n");
+  Call("mstart");
+  WriteBytes(folder / "run.jsonl", "");
+  Call("mstart");
+  EXPECT_THAT(Transcript(), HasSubstr("\"page\":\"CPageEmpty\""));
+  EXPECT_THAT(Transcript(), testing::Not(HasSubstr("left")));
+}
+
+TEST_F(ModuleInAHost, AsksForTheHostsStructureAtEachCallButTakesItsWindowOnce) {
+  MachineIni("");
+  host.structure = variables;
+  Call("mstart");
+  // Nothing can be read there: the window is not fetched again.
+  host.structure = reinterpret_cast<void*>(8);
+  Call("mstart");
+  EXPECT_EQ(host.TakeCalls("OrvoGetStructPtr"), std::vector<std::string>(2, "OrvoGetStructPtr('DLLVARSXX')"));
+}
+
+TEST_F(ModuleInAHost, RunsTheDialogWithoutAWindowOfTheHost) {
+  MachineIni("");
+  host.structure = nullptr;
+  Call("mstart");
+  EXPECT_EQ(Transcript(), "{\"event\":\"closed\",\"by\":\"end-of-script\"}\n");
+}
+
+TEST_F(ModuleInAHost, SaysThatThereIsNoDisplayWithoutAScript) {
+  unsetenv("VANZET_SCRIPT");
+  testing::internal::CaptureStderr();
+  Call("mstart");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "Equipment Definition: There is no display to show the dialog on.\n");
+  EXPECT_TRUE(host.TakeCalls("OrvoMacroVdm").empty()) << "nothing was begun";
+}
+
+TEST_F(ModuleInAHost, GivesTheDialogWayWhenSomethingIsThrownInAHandler) {
+  MachineIni("");
+  Call("ReOrgVdm");
+  WriteBytes(folder / "script.txt", "select 19\nset 2022 80\nset 2023 100\npress 2016\nselect 20\n");
+  host.onCall = [](const std::string& name) {
+    if (name == "OrvoMacroVdmSingleAdd$") throw std::runtime_error("the host is out of order");
+  };
+  Call("mstart");
+  EXPECT_THAT(Transcript(), HasSubstr("\"text\":\"the host is out of order\""));
+  EXPECT_EQ(host.vdms[1000].handle, 0U);
 }
 
 TEST_F(ModuleInAHost, LetsNothingThrownCrossItsDoor) {
@@ -155,7 +215,7 @@ TEST_F(ModuleInAHost, GivesACallWithinACallItsOwnViewAndThenTheFormerBack) {
     Call("ReOrgVdm");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               innerThrows ? "vanzet: the host is out of order\n"
-                          : "Equipment Definition: The dialog is not part of this build.\n");
+                          : "Equipment Definition: There is no display to show the dialog on.\n");
     EXPECT_THAT(Transcript(), HasSubstr("\"caption\":\"File can not open for read\""));
     EXPECT_THAT(Transcript(), testing::Not(HasSubstr("out of order")));
   }

@@ -1,18 +1,18 @@
 #include "platform/whole_file.h"
 
 #include <gmock/gmock.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "support/child.h"
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::platform {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FileSizeLimit;
 using test::ReadBytes;
 using test::WriteBytes;
 using testing::ElementsAre;
@@ -38,26 +38,6 @@ class WholeFile : public testing::Test {
 
   test::TemporaryFolder folder;
   const fs::path file = folder / "a.cld";
-};
-
-/// Keeps files of this process below a size while it lives, and a write beyond it an error and no signal.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : handler_(signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &former_);
-    const rlimit limit = {bytes, former_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &former_);
-    signal(SIGXFSZ, handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit former_ = {};
-  sighandler_t handler_;
 };
 
 TEST_F(WholeFile, IsMadeWhereItIsMissing) {

@@ -11,6 +11,7 @@
 
 #include "host/host_functions.h"
 #include "platform/message_box.h"
+#include "support/fake_bodies.h"
 
 namespace vanzet::test {
 
@@ -50,8 +51,10 @@ class FakeHost : private platform::BoxPresenter {
   std::map<std::int32_t, std::string> translations;
   std::map<std::uint32_t, Vdm> vdms;
   std::map<std::int32_t, std::vector<Vertex>> kurves;
-  std::optional<std::int32_t> spanCount;  ///< what is told of any contour instead of the truth
+  FakeBodies bodies;
+  void* structure = nullptr;              ///< what `OrvoGetStructPtr` gives, whatever is asked for
   std::vector<std::string> layers;        ///< names by number
+  std::optional<std::int32_t> spanCount;  ///< what is told of any contour instead of the truth
   std::int32_t currentLayer = 0;
 
   // What it lacks or refuses.

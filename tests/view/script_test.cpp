@@ -10,10 +10,16 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+std::vector<std::string> Texts(const ScriptLine& line) {
+  std::vector<std::string> texts;
+  for (const ScriptWord& word : line) texts.push_back(word.text);
+  return texts;
+}
+
 std::vector<std::string> Words(std::string_view line) {
   const auto words = ScriptWords(line);
   EXPECT_TRUE(words) << line;
-  return words ? *words : std::vector<std::string>{};
+  return words ? Texts(*words) : std::vector<std::string>{};
 }
 
 void ExpectFault(std::string_view line, int column) {
@@ -40,6 +46,12 @@ TEST(ScriptWords, InQuotesMayHoldBlanksHashesAndEscapes) {
   EXPECT_THAT(Words(R"(set 1 "")"), ElementsAre("set", "1", ""));
 }
 
+TEST(ScriptWords, SayWhetherTheyStoodInQuotes) {
+  const auto words = ScriptWords(R"(choose 2124 "1" 1)");
+  EXPECT_TRUE((*words)[2].isQuoted);
+  EXPECT_FALSE((*words)[3].isQuoted);
+}
+
 TEST(ScriptWords, TellWhereAQuoteIsWrong) {
   ExpectFault(R"(file "abc)", 6);
   ExpectFault(R"(file "a\x")", 8);
@@ -50,11 +62,11 @@ TEST(ScriptWords, TellWhereAQuoteIsWrong) {
 TEST(ScriptReader, NumbersItsLinesFromOneAndLeavesOutEmptyOnes) {
   std::istringstream text("# a set-up\n\nanswer yes\r\nclose");
   ScriptReader script(text);
-  EXPECT_THAT(*script.Next(), ElementsAre("answer", "yes"));
+  EXPECT_THAT(Texts(*script.Next()), ElementsAre("answer", "yes"));
   EXPECT_EQ(script.LineNumber(), 3);
-  EXPECT_THAT(*script.Next(), ElementsAre("close"));
+  EXPECT_THAT(Texts(*script.Next()), ElementsAre("close"));
   EXPECT_EQ(script.LineNumber(), 4);
-  EXPECT_THAT(*script.Next(), IsEmpty());
+  EXPECT_THAT(Texts(*script.Next()), IsEmpty());
 }
 
 TEST(ScriptReader, TellsTheLineOfAFaultAndGoesOnBehindIt) {
@@ -65,7 +77,7 @@ TEST(ScriptReader, TellsTheLineOfAFaultAndGoesOnBehindIt) {
   ASSERT_FALSE(broken);
   EXPECT_EQ(broken.fault().line, 2);
   EXPECT_EQ(broken.fault().column, 6);
-  EXPECT_THAT(*script.Next(), ElementsAre("close"));
+  EXPECT_THAT(Texts(*script.Next()), ElementsAre("close"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/temporary_folder.h"
+#include "view/script/json.h"
 
 namespace vanzet::view {
 namespace {

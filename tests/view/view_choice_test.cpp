@@ -28,21 +28,38 @@ class ViewChoiceTest : public testing::Test {
 TEST_F(ViewChoiceTest, IsTheConsoleWithoutAScript) {
   ViewChoice choice;
   testing::internal::CaptureStderr();
-  EXPECT_EQ(choice.Choose().Present(question), platform::answer::kNo);
+  EXPECT_EQ(choice.Choose()->Boxes().Present(question), platform::answer::kNo);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "Delete? [No]\n");
 }
 
 TEST_F(ViewChoiceTest, IsTheScriptWhereOneIsNamed) {
   ScriptInForce("answer yes\n");
   ViewChoice choice;
-  EXPECT_EQ(choice.Choose().Present(question), platform::answer::kYes);
+  EXPECT_EQ(choice.Choose()->Boxes().Present(question), platform::answer::kYes);
+}
+
+TEST_F(ViewChoiceTest, HasADialogOnlyWhereAScriptServes) {
+  ViewChoice choice;
+  EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
+  EXPECT_EQ(choice.Choose()->Files().Choose({}), std::nullopt);
+  ScriptInForce("");
+  EXPECT_NE(choice.Choose()->ForDialog(), nullptr);
+}
+
+TEST_F(ViewChoiceTest, LetsTheViewOfAnOuterCallServeOn) {
+  ScriptInForce("answer yes\nanswer cancel\n");
+  ViewChoice choice;
+  const auto outer = choice.Choose();
+  EXPECT_EQ(outer->Boxes().Present(question), platform::answer::kYes);
+  EXPECT_EQ(choice.Choose()->Boxes().Present(question), platform::answer::kYes);
+  EXPECT_EQ(outer->Boxes().Present(question), platform::answer::kCancel);
 }
 
 TEST_F(ViewChoiceTest, QueuesTheAnswersAnewAndGoesOnWithTheTranscript) {
   ScriptInForce("answer yes\n");
   ViewChoice choice;
   for (int call = 0; call < 2; ++call) {
-    EXPECT_EQ(choice.Choose().Present(question), platform::answer::kYes);
+    EXPECT_EQ(choice.Choose()->Boxes().Present(question), platform::answer::kYes);
   }
   const std::string line =
       "{\"event\":\"box\",\"caption\":\"\",\"text\":\"Delete?\",\"type\":4,\"answer\":6}\n";

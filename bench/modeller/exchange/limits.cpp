@@ -1,8 +1,9 @@
 #include "modeller/exchange/limits.h"
 
-#include <signal.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+
+#include <csignal>
 
 namespace vanzet::modeller {
 namespace {

@@ -91,7 +91,8 @@ int main(int argc, char** argv) {
     if (argc != work.arguments + 1 || work.word != argv[1]) continue;
     const auto done = Done(work, argv + 1);
     if (!done) TellFault(done.fault().text);
-    return done ? EXIT_SUCCESS : EXIT_FAILURE;
+    // All is written and told; what the kernel keeps for the process goes with it.
+    std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);
   }
   TellFault("the workbench and its exchange program do not fit together");
   return EXIT_FAILURE;

@@ -3,12 +3,14 @@
 #include <exception>
 #include <optional>
 
+#include "dialog/dlg_main.h"
 #include "host/bridge.h"
 #include "host/door/module_state.h"
+#include "host/host_functions.h"
 #include "host/messages.h"
 #include "machine/pp_def_ini.h"
 #include "platform/message_box.h"
-#include "store/billet_vdm.h"
+#include "simulation/rebuild.h"
 
 namespace {
 
@@ -24,7 +26,7 @@ void AtTheDoor(Work work) {
   std::optional<ModuleStateGuard> guard;
   try {
     guard.emplace();
-    work();
+    work(*guard);
   } catch (const std::exception& error) {
     TellThrown(error.what());
   } catch (...) {
@@ -32,26 +34,51 @@ void AtTheDoor(Work work) {
   }
 }
 
-void UpgradeEverySpur() {
+void UpgradeEverySpur(ModuleStateGuard& /*guard*/) {
   PpDefIni machine;
   machine.LocateIni();
   const std::int32_t spurs = machine.GetSpindleSpurCount();
   for (std::int32_t spur = 0; spur < spurs; ++spur) {
     BilletVdm definition(BilletVdm::VdmNumber(spur));
-    definition.ReOrg([](BilletVdm&, bool) {});
+    definition.ReOrg(RebuildJawSimulation);
   }
 }
 
-void TellThatThereIsNoDialog() {
+/// What is read of a structure of the host's; the rest of it is the host's business.
+struct DLLVARSXX {
+  void* unused;
+  void* mainWindow;
+};
+
+/// The host's main window as it was at the first call; a later change is not seen.
+void* MainWindow(const void* variables) {
+  static void* const MainParentWindow =
+      variables == nullptr ? nullptr : static_cast<const DLLVARSXX*>(variables)->mainWindow;
+  return MainParentWindow;
+}
+
+void TellThatThereIsNoDisplay() {
   std::string caption;
   host::HostMessageBox(host::TextMessage(700, host::DefaultText(700), caption),
-                       "The dialog is not part of this build.", platform::box::kOk);
+                       "There is no display to show the dialog on.", platform::box::kOk);
+}
+
+/// The dialog needs no idle messages while it is up.
+constexpr std::int32_t kNoIdleMessages = 4;
+
+void RunDialog(ModuleStateGuard& guard) {
+  void* const parent = MainWindow(host::hostFunctions.OrvoGetStructPtr("DLLVARSXX"));
+  view::DialogView* const view = guard.ViewForDialog();
+  if (view == nullptr) return TellThatThereIsNoDisplay();
+  dialog::CDlgMain dialog(parent, *view);
+  dialog.EndModalLoop(dialog.RunModalLoop(kNoIdleMessages));
+  dialog.EndDialog(0);
 }
 
 }  // namespace
 
 void mstart() {
-  AtTheDoor(TellThatThereIsNoDialog);
+  AtTheDoor(RunDialog);
 }
 
 void ReOrgVdm() {

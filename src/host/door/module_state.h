@@ -1,6 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "geometry/host_matrix_vdm.h"
+#include "platform/file_dialog.h"
 #include "platform/message_box.h"
 #include "view/view_choice.h"
 
@@ -21,10 +24,15 @@ extern CvanzetApp theApp;
 /// The state of the module while one of its exports runs; the caller's comes back on every way out.
 class ModuleStateGuard {
  public:
-  ModuleStateGuard() : presenter_(theApp.views.Choose()) {}
+  ModuleStateGuard() : view_(theApp.views.Choose()), boxes_(view_->Boxes()), files_(view_->Files()) {}
+
+  /// Whoever shows a dialog now; null when nobody can.
+  view::DialogView* ViewForDialog() { return view_->ForDialog(); }
 
  private:
-  platform::PresenterScope presenter_;
+  std::unique_ptr<view::View> view_;
+  platform::PresenterScope boxes_;
+  platform::FilePresenterScope files_;
 };
 
 }  // namespace vanzet

@@ -20,16 +20,16 @@ class Words {
     return at_ == line_.size() || line_[at_] == '#';
   }
 
-  Result<std::string> Next() { return line_[at_] == '"' ? Quoted() : Plain(); }
+  Result<ScriptWord> Next() { return line_[at_] == '"' ? Quoted() : Plain(); }
 
  private:
-  Result<std::string> Plain() {
+  Result<ScriptWord> Plain() {
     const std::size_t start = at_;
     while (at_ < line_.size() && !IsBlank(line_[at_])) ++at_;
-    return std::string(line_.substr(start, at_ - start));
+    return ScriptWord{std::string(line_.substr(start, at_ - start))};
   }
 
-  Result<std::string> Quoted() {
+  Result<ScriptWord> Quoted() {
     const std::size_t start = at_++;
     std::string word;
     while (at_ < line_.size() && line_[at_] != '"') {
@@ -49,7 +49,7 @@ class Words {
     if (at_ < line_.size() && !IsBlank(line_[at_]) && line_[at_] != '#') {
       return FaultAt(at_, "a blank is missing behind the closing quote");
     }
-    return word;
+    return ScriptWord{word, true};
   }
 
   static Fault FaultAt(std::size_t position, const char* text) {
@@ -62,24 +62,24 @@ class Words {
 
 }  // namespace
 
-Result<std::vector<std::string>> ScriptWords(std::string_view line) {
-  std::vector<std::string> words;
+Result<ScriptLine> ScriptWords(std::string_view line) {
+  ScriptLine words;
   for (Words walk(line); !walk.AtEnd();) {
-    Result<std::string> word = walk.Next();
+    Result<ScriptWord> word = walk.Next();
     if (!word) return word.fault();
     words.push_back(std::move(*word));
   }
   return words;
 }
 
-Result<std::vector<std::string>> ScriptReader::Next() {
+Result<ScriptLine> ScriptReader::Next() {
   for (std::string line; std::getline(text_, line);) {
     ++lineNumber_;
     auto words = ScriptWords(line);
     if (!words) return Fault{words.fault().text, "", lineNumber_, words.fault().column};
     if (!words->empty()) return words;
   }
-  return std::vector<std::string>();
+  return ScriptLine();
 }
 
 }  // namespace vanzet::view

@@ -9,9 +9,15 @@
 
 namespace vanzet::view {
 
+struct ScriptWord {
+  std::string text;
+  bool isQuoted = false;  ///< stood in double quotes
+};
+using ScriptLine = std::vector<ScriptWord>;
+
 /// Reads the words of one line; none when it is blank or a comment. A word in double quotes may be empty and
 /// may hold blanks, '#', and the escapes \" \\ \n. A fault tells the column, from 1.
-Result<std::vector<std::string>> ScriptWords(std::string_view line);
+Result<ScriptLine> ScriptWords(std::string_view line);
 
 /// A walk over the lines of a script that say something.
 class ScriptReader {
@@ -21,7 +27,7 @@ class ScriptReader {
 
   /// The words of the next line, none at the end. A fault tells line and column, and the walk may go on
   /// behind it.
-  Result<std::vector<std::string>> Next();
+  Result<ScriptLine> Next();
 
   /// The number of the line read last, from 1.
   int LineNumber() const { return lineNumber_; }

@@ -2,16 +2,20 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "platform/file_dialog.h"
 #include "platform/message_box.h"
+#include "view/dialog_view.h"
 
 namespace vanzet::view {
 
 /// What happened while a script served, one JSON object a line, each line flushed: a program that dies
-/// leaves what it got to.
+/// leaves what it got to. The forms: docs/formats/script.md.
 class Transcript {
  public:
   /// Writes to the file, from its start; to standard output when the name is empty or the file cannot be
@@ -19,6 +23,12 @@ class Transcript {
   explicit Transcript(const std::string& file);
 
   void Box(const platform::MessageBox& message, std::int32_t answer);
+  void FileDialog(const platform::FileQuestion& question, const std::optional<std::string>& result);
+  void Popup(std::int32_t node, const std::vector<PopupEntry>& entries, std::optional<std::int32_t> chosen);
+  void Visible(bool isVisible);
+  void Focus(std::int32_t control, bool selectsAll);
+  void State(const DialogState& state);
+  void Closed(std::string_view by);
 
   /// `line` is that of the script, 0 when no line is to blame.
   void Error(int line, std::string_view text);
@@ -28,8 +38,5 @@ class Transcript {
 
   std::unique_ptr<std::ostream> file_;
 };
-
-/// The text as a JSON string, quotes included. Bytes from 0x80 up pass as they are.
-std::string JsonString(std::string_view text);
 
 }  // namespace vanzet::view

@@ -1,0 +1,36 @@
+#include "cli/contour_operations.h"
+#include "cli/output.h"
+#include "contour/json_form.h"
+#include "contour/library_text.h"
+#include "contour/xml_form.h"
+
+/// The operations that write contours in another form.
+namespace vanzet::cli {
+namespace {
+
+using contour::Contours;
+using contour::Drawing;
+
+Result<void> GiveForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &contours});
+  if (const auto written = WritePicture(arguments, std::move(drawing)); !written) return written;
+  return arguments.json ? PrintJson(JsonForm(contours)) : Print(form);
+}
+
+}  // namespace
+
+Result<void> ContourXml(const ContourArguments& arguments) {
+  const auto contours = ReadContours(arguments, 0);
+  if (!contours) return contours.fault();
+  return GiveForm(arguments, *contours, XmlForm(*contours, arguments.xmlKind));
+}
+
+Result<void> ContourText(const ContourArguments& arguments) {
+  const auto contours =
+      arguments.libraryReads ? contour::ReadLibraryText(arguments.files[0]) : ReadContours(arguments, 0);
+  if (!contours) return contours.fault();
+  return GiveForm(arguments, *contours, LibraryTextForm(*contours, arguments.textForm));
+}
+
+}  // namespace vanzet::cli

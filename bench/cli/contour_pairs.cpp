@@ -1,0 +1,87 @@
+#include <cmath>
+
+#include "cli/contour_operations.h"
+#include "cli/output.h"
+#include "contour/constructions.h"
+#include "contour/number_text.h"
+#include "geometry/numerics.h"
+
+/// The operations on two contours.
+namespace vanzet::cli {
+namespace {
+
+using contour::Contour;
+using contour::Contours;
+using contour::Drawing;
+using contour::Fixed;
+using geometry::Matrix;
+
+constexpr int kDecimals = 4;
+constexpr int kMostLinks = 400;
+
+/// What a motion does: mirror at the x axis, turn, then move.
+struct Motion {
+  bool mirrored;
+  double degrees;
+  double x, y;
+};
+
+Motion MotionOf(Matrix matrix) {
+  return {matrix.IsMirrored(), std::atan2(matrix.e[4], matrix.e[0]) * 180 / geometry::PI, matrix.e[3],
+          matrix.e[7]};
+}
+
+std::string MotionText(const Motion& motion) {
+  return std::string("the contours are one shape\n") + (motion.mirrored ? "  mirror  at the x axis\n" : "") +
+         "  turn    " + Fixed(motion.degrees, kDecimals) + " degrees\n  move    " +
+         Fixed(motion.x, kDecimals) + ", " + Fixed(motion.y, kDecimals) + "\n";
+}
+
+Json MotionJson(const std::optional<Matrix>& matrix) {
+  if (!matrix) return {{"unit", "mm"}, {"same", false}};
+  const Motion motion = MotionOf(*matrix);
+  return {{"unit", "mm"},
+          {"same", true},
+          {"mirrored", motion.mirrored},
+          {"turn", motion.degrees},
+          {"move", Json::array({motion.x, motion.y})}};
+}
+
+}  // namespace
+
+Result<void> ContourEqualise(const ContourArguments& arguments) {
+  const auto a = ReadOneContour(arguments, 0);
+  if (!a) return a.fault();
+  const auto b = ReadOneContour(arguments, 1);
+  if (!b) return b.fault();
+  const auto equalised = EqualisedOf(*a, *b, arguments.force);
+  if (!equalised) return equalised.fault();
+  const Contours first = {equalised->a}, second = {equalised->b};
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
+  drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
+  geometry::spVertex ofA, ofB;
+  for (int i = 0; i < kMostLinks && equalised->a.curve.Get(i, ofA) && equalised->b.curve.Get(i, ofB); ++i) {
+    drawing.links.push_back({ofA.p, ofB.p});
+  }
+  return GiveContours(arguments, drawing, {equalised->a, equalised->b});
+}
+
+Result<void> ContourSame(const ContourArguments& arguments) {
+  const auto a = ReadOneContour(arguments, 0);
+  if (!a) return a.fault();
+  const auto b = ReadOneContour(arguments, 1);
+  if (!b) return b.fault();
+  const auto motion = MotionOnto(*a, *b, arguments.mirror);
+  if (!motion) return motion.fault();
+  const Contours first = {*a}, second = {*b};
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
+  drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
+  if (*motion) drawing.links.push_back({a->curve.start, a->curve.start.Transform(**motion)});
+  if (const auto written = WritePicture(arguments, drawing); !written) return written;
+  if (arguments.json) return PrintJson(MotionJson(*motion));
+  return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours are not one shape\n");
+}
+
+}  // namespace vanzet::cli

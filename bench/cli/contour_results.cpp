@@ -1,0 +1,40 @@
+#include "base/path_map.h"
+#include "cli/contour_arguments.h"
+#include "cli/output.h"
+#include "contour/dxf_writer.h"
+#include "contour/json_form.h"
+#include "contour/text_form.h"
+#include "vdm/file_replacement.h"
+
+/// What operations on contours leave behind: pictures, drawings, text.
+namespace vanzet::cli {
+namespace {
+
+Result<void> WriteFile(const std::string& name, const std::string& bytes) {
+  auto file = vdm::FileReplacement::Begin(PathMap::OfProcess().Resolve(name));
+  if (!file) return file.fault();
+  if (const auto written = file->Write(bytes); !written) return written;
+  return file->Commit();
+}
+
+}  // namespace
+
+Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing) {
+  if (arguments.svg.empty()) return {};
+  drawing.numbers = arguments.vertexNumbers;
+  return WriteFile(arguments.svg, contour::Svg(drawing));
+}
+
+Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                          const contour::Contours& made) {
+  constexpr const char* kLayer = "CONTOURS";
+  if (const auto written = WritePicture(arguments, drawing); !written) return written;
+  if (!arguments.dxf.empty()) {
+    if (const auto written = WriteFile(arguments.dxf, contour::DxfForm(made, kLayer)); !written) {
+      return written;
+    }
+  }
+  return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,75 @@
+#include "language/commands.h"
+#include "modeller/export.h"
+#include "modeller/sweep.h"
+
+/// Bodies: sld spu kur k1 0 0 0 1 0 0 360 i_return, sld ext kur k1 12 i_return, sld tra 1 7 0 0 0 0 0 -6,
+/// sld rot 1 7 0 0 0 1 0 0 90, dll kelvane.dll exportVRML 'file' 1 7.
+namespace vanzet::language {
+namespace {
+
+constexpr std::int32_t kNoBody = 0;
+
+geometry::Point3d PointAt(const Operands& operands, std::size_t first) {
+  return {operands[first].real, operands[first + 1].real, operands[first + 2].real};
+}
+
+/// The axis of three coordinates and three components of a direction.
+modeller::Axis AxisAt(const Operands& operands, std::size_t first) {
+  return {PointAt(operands, first),
+          {operands[first + 3].real, operands[first + 4].real, operands[first + 5].real}};
+}
+
+/// Makes a body of a contour, and leaves its number in the variable; 0 when there is none.
+template <class Sweep>
+Result<void> MakeBody(const Operand& contour, const Operand& variable, Surroundings& surroundings,
+                      Sweep sweep) {
+  const geometry::Kurve* const curve = surroundings.board.FindContour(contour.number);
+  Result<std::int32_t> number = contour.At("there is no " + contour.Name());
+  if (curve != nullptr) {
+    const auto body = sweep(*curve);
+    number = body ? surroundings.bodies.Add(*body) : Result<std::int32_t>(contour.At(body.fault()));
+  }
+  if (const auto set = surroundings.variables.Set(variable.text, number ? *number : kNoBody); !set) {
+    return variable.At(set.fault());
+  }
+  return number ? Result<void>() : number.fault();
+}
+
+/// What a change of the body that an operand names has come to.
+Result<void> Changed(const Operand& body, const Result<void>& change) {
+  return change ? change : body.At(change.fault());
+}
+
+}  // namespace
+
+Result<void> SpinContour(const Operands& operands, Surroundings& surroundings) {
+  // The word, the contour, six numbers of the axis, the degrees, the variable.
+  return MakeBody(operands[1], operands[9], surroundings, [&](const geometry::Kurve& curve) {
+    return modeller::Spin(curve, AxisAt(operands, 2), operands[8].real);
+  });
+}
+
+Result<void> ExtrudeContour(const Operands& operands, Surroundings& surroundings) {
+  return MakeBody(operands[1], operands[3], surroundings,
+                  [&](const geometry::Kurve& curve) { return modeller::Extrude(curve, operands[2].real); });
+}
+
+Result<void> MoveBody(const Operands& operands, Surroundings& surroundings) {
+  const geometry::Vector3d way(PointAt(operands, 2), PointAt(operands, 5));
+  return Changed(operands[1], surroundings.bodies.Move(operands[1].number, way));
+}
+
+Result<void> TurnBody(const Operands& operands, Surroundings& surroundings) {
+  return Changed(operands[1],
+                 surroundings.bodies.Turn(operands[1].number, AxisAt(operands, 2), operands[8].real));
+}
+
+Result<void> ExportBody(const Operands& operands, Surroundings& surroundings) {
+  const auto file = surroundings.paths.Resolve(operands[1].text);
+  if (const auto target = surroundings.store.CheckTarget(file); !target)
+    return operands[1].At(target.fault());
+  return Changed(operands[3],
+                 modeller::ExportVrml(surroundings.bodies, operands[3].number, file, surroundings.mesh));
+}
+
+}  // namespace vanzet::language

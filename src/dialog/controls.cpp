@@ -1,0 +1,99 @@
+#include "dialog/controls.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+#include "base/numbers.h"
+
+namespace vanzet::dialog {
+namespace {
+
+view::Control Made(const ControlTemplate& row) {
+  view::Control control;
+  control.id = row.id;
+  control.kind = row.kind;
+  control.text = row.text;
+  control.caption = row.caption;
+  control.isVisible = row.isVisible;
+  control.isList = row.isList;
+  control.bitmap = row.bitmap;
+  control.value = control.least = row.least;
+  control.most = row.most;
+  return control;
+}
+
+}  // namespace
+
+Controls::Controls(std::span<const ControlTemplate> rows) : rows_(rows) {
+  for (const ControlTemplate& row : rows) controls_.push_back(Made(row));
+}
+
+bool Controls::Has(std::int32_t id) const {
+  return std::ranges::find(controls_, id, &view::Control::id) != controls_.end();
+}
+
+const view::Control& Controls::Of(std::int32_t id) const {
+  const auto control = std::ranges::find(controls_, id, &view::Control::id);
+  assert(control != controls_.end() && "a handler knows the controls of its window");
+  return *control;
+}
+
+view::Control& Controls::At(std::int32_t id) {
+  return const_cast<view::Control&>(std::as_const(*this).Of(id));
+}
+
+void Controls::SetText(std::int32_t id, std::string text) {
+  At(id).text = std::move(text);
+}
+
+void Controls::Enable(std::int32_t id, bool isEnabled) {
+  At(id).isEnabled = isEnabled;
+}
+
+void Controls::Show(std::int32_t id, bool isVisible) {
+  At(id).isVisible = isVisible;
+}
+
+void Controls::Check(std::int32_t id, bool isChecked) {
+  At(id).isChecked = isChecked;
+}
+
+void Controls::SetPicture(std::int32_t id, std::int32_t bitmap) {
+  At(id).bitmap = bitmap;
+}
+
+void Controls::Type(std::int32_t id, const std::string& text) {
+  At(id).text = text;
+  At(id).selected = -1;
+  const auto spin = std::ranges::find(rows_, id, &ControlTemplate::buddy);
+  if (spin == rows_.end()) return;
+  const std::optional<std::int32_t> value = WholeInteger(text);
+  if (value && *value >= spin->least && *value <= spin->most) At(spin->id).value = *value;
+}
+
+void Controls::SetSpin(std::int32_t id, std::int32_t value) {
+  view::Control& spin = At(id);
+  spin.value = std::clamp(value, spin.least, spin.most);
+  const auto row = std::ranges::find(rows_, id, &ControlTemplate::id);
+  SetText(row->buddy, std::to_string(spin.value));
+}
+
+void Controls::Empty(std::int32_t combo) {
+  At(combo).items.clear();
+  Select(combo, -1);
+}
+
+void Controls::AddEntries(std::int32_t combo, const std::vector<std::string>& entries) {
+  auto& items = At(combo).items;
+  items.insert(items.end(), entries.begin(), entries.end());
+}
+
+void Controls::Select(std::int32_t combo, std::int32_t index) {
+  view::Control& control = At(combo);
+  const bool isThere = index >= 0 && index < static_cast<std::int32_t>(control.items.size());
+  control.selected = isThere ? index : -1;
+  control.text = isThere ? control.items[static_cast<std::size_t>(index)] : std::string();
+}
+
+}  // namespace vanzet::dialog

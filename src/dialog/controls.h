@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "view/dialog_state.h"
+
+namespace vanzet::dialog {
+
+using view::ControlKind;
+
+/// A control as its window template has it, before anything is put into it. A text with a star in front is
+/// replaced when the window is made, or stays as it is.
+struct ControlTemplate {
+  std::int32_t id;
+  ControlKind kind;
+  std::string_view text = {};     ///< a caption
+  std::string_view caption = {};  ///< the letter beside an edit
+  bool isVisible = true;
+  bool isList = false;      ///< a combo that nobody types into
+  std::int32_t bitmap = 0;  ///< of a picture that is always the same
+  std::int32_t least = 0;   ///< spins
+  std::int32_t most = 0;
+  std::int32_t buddy = 0;  ///< the edit that shows a spin's value
+};
+
+/// The controls of one window.
+/// Requires: each id that is asked for is in the template, and its control is of the kind meant.
+class Controls {
+ public:
+  /// `rows` has to outlive the controls.
+  explicit Controls(std::span<const ControlTemplate> rows);
+
+  const std::vector<view::Control>& All() const { return controls_; }
+  bool Has(std::int32_t id) const;
+  const view::Control& Of(std::int32_t id) const;
+
+  void SetText(std::int32_t id, std::string text);
+  void Enable(std::int32_t id, bool isEnabled);
+  void Show(std::int32_t id, bool isVisible);
+  void Check(std::int32_t id, bool isChecked);
+  void SetPicture(std::int32_t id, std::int32_t bitmap);
+
+  /// What a person types: a combo has no entry selected then, and a spin follows its edit as long as that
+  /// holds a number in its range.
+  void Type(std::int32_t id, const std::string& text);
+
+  /// A value out of the spin's range becomes the nearest in it.
+  void SetSpin(std::int32_t id, std::int32_t value);
+
+  /// Leaves a combo without entries and without text.
+  void Empty(std::int32_t combo);
+  void AddEntries(std::int32_t combo, const std::vector<std::string>& entries);
+
+  /// Selects an entry, or none where there is no such index; the combo's text follows.
+  void Select(std::int32_t combo, std::int32_t index);
+
+ private:
+  view::Control& At(std::int32_t id);
+
+  std::span<const ControlTemplate> rows_;
+  std::vector<view::Control> controls_;
+};
+
+}  // namespace vanzet::dialog

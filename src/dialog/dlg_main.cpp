@@ -1,0 +1,192 @@
+#include "dialog/dlg_main.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "catalogue/catalogue_work.h"
+#include "dialog/dialog_controls.h"
+#include "dialog/texts.h"
+#include "host/bridge.h"
+#include "platform/message_box.h"
+
+namespace vanzet::dialog {
+namespace {
+
+constexpr StartText kStartTexts[] = {
+    {control::kOk, 5, "OK"},
+    {control::kHelp, 8, "Help"},
+    {control::kLoad, 701, "Load Configuration"},
+    {control::kSave, 702, "Save Configuration"},
+};
+
+}  // namespace
+
+CDlgMain::CDlgMain(void* parent, view::DialogView& view)
+    : parent_(parent), view_(view), controls_(DialogTemplate()), caption_("*Equipment Definition") {
+  OnInitDialog();
+}
+
+void CDlgMain::OnInitDialog() {
+  caption_ = Text(700);
+  for (const StartText& row : kStartTexts) controls_.SetText(row.control, Text(row.message, row.text));
+  ActivePage().Activate();
+  ReadCatalogueAtStart(catalogue_, Window());
+  machine_.ReadAll();
+  FillSpurs();
+  tree_.Fill(machine_);
+  RefreshTreeMarks();
+}
+
+void CDlgMain::FillSpurs() {
+  const std::int32_t spurs = machine_.GetSpindleSpurCount();
+  if (spurs < 2) return;
+  std::vector<std::string> entries;
+  const std::string spindle = Text(741);
+  for (std::int32_t spur = 1; spur <= spurs; ++spur) entries.push_back(spindle + " " + std::to_string(spur));
+  controls_.Show(control::kSpurs, true);
+  controls_.AddEntries(control::kSpurs, entries);
+  controls_.Select(control::kSpurs, 0);
+}
+
+std::int32_t CDlgMain::RunModalLoop(std::int32_t flags) {
+  view_.StateChanged(State());
+  return view_.Serve(*this, parent_, flags);
+}
+
+void CDlgMain::EndModalLoop(std::int32_t result) {
+  End(result);
+}
+
+void CDlgMain::EndDialog(std::int32_t result) {
+  End(result);
+}
+
+void CDlgMain::End(std::int32_t result) {
+  isOpen_ = false;
+  result_ = result;
+}
+
+const view::DialogState& CDlgMain::State() {
+  state_.caption = caption_;
+  state_.page = ActivePage().Name();
+  state_.spindle = currentSpindle_;
+  state_.deviceType = currentDeviceType_;
+  state_.spur = SelectedSpur();
+  state_.selectedNode = selectedNode_;
+  state_.tree = tree_.Nodes();
+  state_.dialog = controls_.All();
+  state_.controls = ActivePage().TheControls().All();
+  return state_;
+}
+
+void CDlgMain::SelectNode(std::int32_t node) {
+  Dispatch([&] {
+    if (!tree_.Has(node)) return;
+    selectedNode_ = node;
+    OnTreeSelection();
+  });
+}
+
+void CDlgMain::ContextAt(std::int32_t node) {
+  Dispatch([&] { OnContextMenu(node); });
+}
+
+void CDlgMain::SetText(std::int32_t control, const std::string& text) {
+  if (Controls* const controls = ControlsWith(control)) controls->Type(control, text);
+}
+
+void CDlgMain::SetChecked(std::int32_t control, bool isChecked) {
+  if (Controls* const controls = ControlsWith(control)) controls->Check(control, isChecked);
+}
+
+void CDlgMain::SetValue(std::int32_t control, std::int32_t value) {
+  if (Controls* const controls = ControlsWith(control)) controls->SetSpin(control, value);
+}
+
+void CDlgMain::Choose(std::int32_t control, std::int32_t index) {
+  Dispatch([&] {
+    Controls* const controls = ControlsWith(control);
+    if (controls == nullptr) return;
+    controls->Select(control, index);
+    if (control == control::kSpurs) {
+      OnSpurChange();
+    } else {
+      ActivePage().OnChoose(control);
+    }
+  });
+}
+
+void CDlgMain::Press(std::int32_t button) {
+  Dispatch([&] {
+    if (controls_.Has(button)) {
+      OnCommand(button);
+    } else {
+      ActivePage().OnPress(button);
+    }
+  });
+}
+
+void CDlgMain::Close() {
+  Dispatch([&] { End(view::kClosedByFrame); });
+}
+
+void CDlgMain::Dispatch(const std::function<void()>& handler) {
+  if (!isOpen_) return;
+  const auto run = [](const std::function<void()>& work) {
+    try {
+      work();
+    } catch (const std::out_of_range&) {
+      // A catalogue with a name and no values ends the look-up: the lists stay as far as they were filled.
+    }
+  };
+  run(handler);
+  while (isOpen_ && !posted_.empty()) {
+    const std::int32_t command = posted_.front();
+    posted_.pop_front();
+    run([&] { OnCommand(command); });
+  }
+  view_.StateChanged(State());
+}
+
+void CDlgMain::OnCommand(std::int32_t command) {
+  switch (command) {
+    case control::kDelete: return DeleteNodeRecord();
+    case control::kOk: return OnOK();
+    case control::kLoad: return LoadConfiguration();
+    case control::kSave: return SaveConfiguration();
+    case control::kHelp: return OnHelp();
+    default: return;
+  }
+}
+
+Controls* CDlgMain::ControlsWith(std::int32_t control) {
+  if (controls_.Has(control)) return &controls_;
+  Controls& ofPage = ActivePage().TheControls();
+  return ofPage.Has(control) ? &ofPage : nullptr;
+}
+
+std::int32_t CDlgMain::SelectedSpur() const {
+  return controls_.Of(control::kSpurs).selected;
+}
+
+void CDlgMain::OnHelp() {
+  host::SetHelpTopic();
+  host::RunMacro("loadhelp", "");
+}
+
+void CDlgMain::SetVisible(bool isVisible) {
+  view_.StateChanged(State());
+  view_.SetVisible(isVisible);
+}
+
+void CDlgMain::Focus(std::int32_t control, bool selectsAll) {
+  view_.StateChanged(State());
+  view_.Focus(control, selectsAll);
+}
+
+void CDlgMain::RefuseNumber(std::int32_t edit) {
+  host::HostMessageBox(caption_, "Please enter a number.", platform::box::kOk);
+  Focus(edit, false);
+}
+
+}  // namespace vanzet::dialog

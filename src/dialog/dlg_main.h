@@ -1,0 +1,155 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+
+#include "catalogue/device_catalogue.h"
+#include "dialog/controls.h"
+#include "dialog/equipment_tree.h"
+#include "dialog/page_bezel.h"
+#include "dialog/page_billet_cylindric.h"
+#include "dialog/page_billet_from_figure.h"
+#include "dialog/page_billet_from_solid.h"
+#include "dialog/page_clamp_elem.h"
+#include "dialog/page_clamp_elem_new.h"
+#include "dialog/page_empty.h"
+#include "dialog/page_finishpart_from_figure.h"
+#include "dialog/page_finishpart_from_solid.h"
+#include "dialog/page_zero_piont_shift.h"
+#include "dialog/tree_nodes.h"
+#include "machine/pp_def_ini.h"
+#include "view/dialog_view.h"
+
+namespace vanzet::dialog {
+
+/// The dialog "Equipment Definition": state, and events by the ids of its controls.
+///
+/// Story    construction starts it up: texts, catalogue, machine, tree, marks. RunModalLoop then has a view
+///          serve it until OK or its window frame ends it. The definitions' VDMs are the only copies: a page
+///          reads its record when it comes to the front and writes it when its Select button is pressed.
+///          Nothing is taken back however the dialog ends; OK adds the simulation data
+class CDlgMain final : public view::Dialog {
+ public:
+  /// `parent` is the host's main window; `view` has to outlive the dialog.
+  CDlgMain(void* parent, view::DialogView& view);
+  ~CDlgMain() override = default;
+  CDlgMain(const CDlgMain&) = delete;
+  CDlgMain& operator=(const CDlgMain&) = delete;
+
+  /// Has the view serve the dialog; the result that it was closed with.
+  std::int32_t RunModalLoop(std::int32_t flags);
+  void EndModalLoop(std::int32_t result);
+  void EndDialog(std::int32_t result);
+
+  // What a view sends.
+  const view::DialogState& State() override;
+  bool IsOpen() const override { return isOpen_; }
+  std::int32_t Result() const override { return result_; }
+  void SelectNode(std::int32_t node) override;
+  void ContextAt(std::int32_t node) override;
+  void SetText(std::int32_t control, const std::string& text) override;
+  void SetChecked(std::int32_t control, bool isChecked) override;
+  void SetValue(std::int32_t control, std::int32_t value) override;
+  void Choose(std::int32_t control, std::int32_t index) override;
+  void Press(std::int32_t button) override;
+  void Close() override;
+
+  // What the pages ask.
+  std::int32_t CurrentSpindle() const { return currentSpindle_; }
+  std::int32_t CurrentDeviceType() const { return currentDeviceType_; }
+
+  /// The index of the spur in the combo; -1 on a machine of one spur, which stands for spur 0.
+  std::int32_t SelectedSpur() const;
+
+  PpDefIni& Machine() { return machine_; }
+  CDevice& Catalogue() { return catalogue_; }
+  EquipmentTree& Tree() { return tree_; }
+
+  /// Reads all records of the spur and marks the nodes anew.
+  void RefreshTreeMarks();
+
+  void SetVisible(bool isVisible);
+  void Focus(std::int32_t control, bool selectsAll);
+
+  /// The dialog's own window, for what stands in front of it.
+  void* Window() { return view_.Window(); }
+
+  /// Tells that the edit of the page in front holds no number, and puts the focus on it.
+  void RefuseNumber(std::int32_t edit);
+
+ private:
+  friend struct Deletion;
+
+  void OnInitDialog();
+  void FillSpurs();
+
+  /// Runs a handler and the commands that were posted meanwhile, and tells the view.
+  void Dispatch(const std::function<void()>& handler);
+  void OnCommand(std::int32_t command);
+  void End(std::int32_t result);
+
+  void OnTreeSelection();
+  void OnContextMenu(std::int32_t node);
+  void OnSpurChange();
+  void OnOK();
+  void OnHelp();
+  void LoadConfiguration();
+  void SaveConfiguration();
+  void DeleteNodeRecord();
+
+  void RefreshSpindleMarks(std::int32_t spindle);
+
+  // What DeleteNodeRecord does at a node.
+  void DeleteClampDevice();
+  void DeleteBillet();
+  void DeleteFinishPart();
+  void DeleteDatum();
+
+  // What a loaded definition shows in the host's drawing.
+  void DrawLoadedBillets();
+
+  Page& ActivePage() { return *pages_[static_cast<std::size_t>(activePage_)]; }
+  Controls* ControlsWith(std::int32_t control);
+
+  void* const parent_;
+  view::DialogView& view_;
+
+  CPageEmpty empty_{*this};
+  CPageClampElem clampElem_{*this};
+  CPageBezel bezel_{*this};
+  CPageBilletCylindric billetCylindric_{*this};
+  CPageBilletFromFigure billetFromFigure_{*this};
+  CPageBilletFromSolid billetFromSolid_{*this};
+  CPageFinishpartFromFigure finishpartFromFigure_{*this};
+  CPageFinishpartFromSolid finishpartFromSolid_{*this};
+  CPageZeroPiontShift zeroPiontShift_{*this};
+  CPageClampElemNew clampElemNew_{*this};
+  Page* const pages_[kPages] = {&empty_,
+                                &clampElem_,
+                                &bezel_,
+                                &billetCylindric_,
+                                &billetFromFigure_,
+                                &billetFromSolid_,
+                                &finishpartFromFigure_,
+                                &finishpartFromSolid_,
+                                &zeroPiontShift_,
+                                &clampElemNew_};  ///< by PageId
+  PageId activePage_ = PageId::kEmpty;
+
+  PpDefIni machine_;
+  Controls controls_;
+  std::int32_t currentSpindle_ = 0;
+  std::int32_t currentDeviceType_ = 0;
+  CDevice catalogue_;
+  EquipmentTree tree_;
+  std::int32_t selectedNode_ = 0;  ///< 0: none
+
+  std::string caption_;
+  std::deque<std::int32_t> posted_;  ///< commands that wait for the handler's return
+  bool isOpen_ = true;
+  std::int32_t result_ = 0;
+  view::DialogState state_;
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,109 @@
+#include "dialog/equipment_tree.h"
+
+#include <algorithm>
+#include <string>
+
+#include "dialog/texts.h"
+#include "dialog/tree_nodes.h"
+
+namespace vanzet::dialog {
+namespace {
+
+constexpr std::int32_t kCreateNewBranch = 35;
+constexpr std::int32_t kCenterNode = 15;
+constexpr std::int32_t kBezelNode = 16;
+constexpr std::int32_t kDatumNode = 34;
+
+bool Has(PpDefIni& machine, NeedsOf needs) {
+  switch (needs) {
+    case NeedsOf::kSubSpindle: return machine.IsSubSpindleAvailable();
+    case NeedsOf::kTailStock: return machine.IsTailStockAvailable();
+    case NeedsOf::kLun: return machine.IsLunAvailable();
+    default: return true;
+  }
+}
+
+view::TreeNode NodeFrom(const TreeNodeRow& row) {
+  std::string text = Text(row.message, row.text);
+  if (row.number > 0) text += " " + std::to_string(row.number);
+  return {row.id, row.parent, text, false, false, row.bitmap, row.selectedBitmap};
+}
+
+/// True for a node whose branch stays closed.
+bool IsKeptClosed(std::int32_t id) {
+  return id == kCreateNewBranch || TreeNodeOf(id).parent == kCreateNewBranch;
+}
+
+/// A node that is bold when the device has one of two types: the parametric one and that from a VDM.
+struct DeviceNode {
+  std::int32_t main, sub;
+  std::int32_t type, ownType;
+};
+
+constexpr DeviceNode kDeviceNodes[] = {{3, 9, 1, 103}, {5, 11, 2, 105}, {6, 12, 3, 106}, {7, 13, 4, 107}};
+
+/// A node that is bold when a record has the type.
+struct TypeNode {
+  std::int32_t main, sub;
+  std::int32_t type;
+};
+
+constexpr TypeNode kBilletNodes[] = {{19, 23, 1}, {20, 24, 2}, {21, 25, 3}};
+constexpr TypeNode kFinishPartNodes[] = {{28, 31, 1}, {29, 32, 2}};
+constexpr TypeNode kJawNode = {4, 10, 0};
+
+template <class Node>
+std::int32_t NodeOf(const Node& node, std::int32_t spindle) {
+  return spindle == 1 ? node.sub : node.main;
+}
+
+}  // namespace
+
+void EquipmentTree::Fill(PpDefIni& machine) {
+  nodes_.clear();
+  for (const TreeNodeRow& row : TreeNodes()) {
+    if (!dialog::Has(machine, row.needs)) continue;
+    nodes_.push_back(NodeFrom(row));
+    const auto parent = std::ranges::find(nodes_, row.parent, &view::TreeNode::id);
+    if (parent != nodes_.end()) parent->isOpen = !IsKeptClosed(parent->id);
+  }
+}
+
+bool EquipmentTree::Has(std::int32_t id) const {
+  return std::ranges::find(nodes_, id, &view::TreeNode::id) != nodes_.end();
+}
+
+void EquipmentTree::MarkClampNodes(std::int32_t spindle, std::int32_t deviceType, std::int32_t jawType) {
+  for (const DeviceNode& node : kDeviceNodes) {
+    Mark(NodeOf(node, spindle), deviceType == node.type || deviceType == node.ownType);
+  }
+  Mark(NodeOf(kJawNode, spindle), jawType != 0);
+}
+
+void EquipmentTree::MarkCenterNode(std::int32_t deviceType) {
+  Mark(kCenterNode, deviceType == 13 || deviceType == 14 || deviceType == 115);
+}
+
+void EquipmentTree::MarkBilletNodes(std::int32_t spindle, std::int32_t billetType) {
+  for (const TypeNode& node : kBilletNodes) Mark(NodeOf(node, spindle), billetType == node.type);
+}
+
+void EquipmentTree::MarkFinishPartNodes(std::int32_t spindle, std::int32_t finishPartType) {
+  for (const TypeNode& node : kFinishPartNodes) Mark(NodeOf(node, spindle), finishPartType == node.type);
+}
+
+void EquipmentTree::MarkBezelNode(std::int32_t flag) {
+  Mark(kBezelNode, flag >= 1);
+}
+
+void EquipmentTree::MarkDatumNode(const DatumRecord& datum) {
+  Mark(kDatumNode, datum.clampingOutMain != 0 || datum.clampingOutSub != 0 || datum.originMain != 0 ||
+                       datum.originSub != 0);
+}
+
+void EquipmentTree::Mark(std::int32_t id, bool isBold) {
+  const auto node = std::ranges::find(nodes_, id, &view::TreeNode::id);
+  if (node != nodes_.end()) node->isBold = isBold;
+}
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "dialog/controls.h"
+
+namespace vanzet::dialog {
+
+class CDlgMain;
+
+/// A text that replaces that of the template when the window is made.
+struct StartText {
+  std::int32_t control;
+  std::int32_t message;
+  std::string_view text;
+};
+
+/// A property page as a table.
+struct PageTemplate {
+  std::string_view name;  ///< of its class
+  std::int32_t id;        ///< of its window's template
+  std::span<const ControlTemplate> controls;
+  std::span<const StartText> texts;
+};
+
+/// What a page does when one of its controls is used.
+template <class PageClass>
+struct Handler {
+  std::int32_t control;
+  void (PageClass::*run)();
+};
+
+/// Runs what a page's map binds to the control; nothing for one that is not in the map.
+template <class PageClass>
+void RunHandler(PageClass& page, std::span<const Handler<PageClass>> map, std::int32_t control) {
+  const auto row = std::ranges::find(map, control, &Handler<PageClass>::control);
+  if (row != map.end()) (page.*row->run)();
+}
+
+/// One page of the sheet.
+///
+/// Story    OnInitDialog once, before it is first shown; OnSetActive each time that it is, which reads its
+///          record. A page keeps a working copy; nothing is stored when it is left
+class Page {
+ public:
+  /// Both have to outlive the page.
+  Page(CDlgMain& dialog, const PageTemplate& page);
+  virtual ~Page() = default;
+  Page(const Page&) = delete;
+  Page& operator=(const Page&) = delete;
+
+  /// Makes the window if that has not been done, and activates the page.
+  void Activate();
+
+  virtual void OnSetActive() {}
+  virtual void OnPress(std::int32_t /*button*/) {}
+  virtual void OnChoose(std::int32_t /*combo*/) {}
+
+  std::string_view Name() const { return page_.name; }
+  Controls& TheControls() { return controls_; }
+
+ protected:
+  virtual void OnInitDialog();
+
+  /// The data exchange. TakeControls gives the edit that holds no number where one has to be; nothing has
+  /// changed then.
+  virtual std::optional<std::int32_t> TakeControls() { return std::nullopt; }
+  virtual void FillControls() {}
+
+  /// Takes the controls' values into the working copy. False, after a box, when an edit holds no number; the
+  /// handler stops then.
+  bool UpdateData();
+
+  /// The frame of all picks: the controls' values are taken, the dialog hides while a person works in the
+  /// host's window, and what came of it is shown.
+  void Pick(const std::function<void()>& interaction);
+
+  /// Shows `text` and puts the focus on `control`.
+  void Refuse(const std::string& text, std::int32_t control);
+
+  CDlgMain& dialog_;
+  Controls controls_;
+
+ private:
+  const PageTemplate& page_;
+  bool isMade_ = false;
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,55 @@
+#include "dialog/page_billet.h"
+
+#include "dialog/dlg_main.h"
+#include "dialog/picks.h"
+#include "dialog/spindle_header.h"
+#include "store/datum_records.h"
+
+namespace vanzet::dialog {
+
+BilletPage::BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind)
+    : Page(dialog, page), kind_(kind) {}
+
+void BilletPage::OnSetActive() {
+  const std::int32_t spindle = dialog_.CurrentSpindle();
+  controls_.SetText(kHeader, SpindleHeader(spindle, kind_.title, kind_.titleText));
+  ReadBillet(dialog_.SelectedSpur(), spindle, record_);
+  if (record_.type != kind_.billetType) ClearBilletRecord(record_);
+  FillControls();
+}
+
+std::optional<std::int32_t> BilletPage::TakeControls() {
+  return ReadRecord(controls_, kind_.fields, record_);
+}
+
+void BilletPage::FillControls() {
+  ShowRecord(controls_, kind_.fields, record_);
+}
+
+void BilletPage::Store() {
+  const std::int32_t spur = dialog_.SelectedSpur();
+  const std::int32_t spindle = dialog_.CurrentSpindle();
+  WriteBillet(spur, spindle, record_);
+  dialog_.Tree().MarkBilletNodes(spindle, record_.type);
+  DatumRecord datum;
+  ReadDatum(spur, datum);
+  DrawBillet(record_, spindle, spindle == 1 ? datum.originSub : datum.originMain);
+}
+
+void BilletPage::PickLength() {
+  Pick([this] {
+    if (!PickPosition()) return;
+    ReadPickedLength(record_.partLength);
+    record_.partLength = WithoutSign(record_.partLength);
+  });
+}
+
+void BilletPage::PickDiameter(double BilletRecord::*field) {
+  Pick([this, field] {
+    if (!PickPosition()) return;
+    ReadPickedRadius(record_.*field);
+    record_.*field *= 2;
+  });
+}
+
+}  // namespace vanzet::dialog

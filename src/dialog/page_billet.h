@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "dialog/data_exchange.h"
+#include "dialog/page.h"
+#include "store/billet_records.h"
+
+namespace vanzet::dialog {
+
+/// What the three billet pages have in common. All edit the same record; its type says whose it is.
+class BilletPage : public Page {
+ public:
+  void OnSetActive() override;
+
+ protected:
+  /// The title is a message with its default text.
+  struct Kind {
+    std::int32_t billetType;
+    std::int32_t title;
+    std::string_view titleText;
+    std::span<const Field<BilletRecord>> fields;
+  };
+  BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);
+
+  std::optional<std::int32_t> TakeControls() override;
+  void FillControls() override;
+
+  /// Writes the working copy, marks its node and has it drawn.
+  void Store();
+
+  void PickLength();
+  void PickDiameter(double BilletRecord::*field);
+
+  BilletRecord record_;
+
+ private:
+  const Kind kind_;
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "dialog/page_billet.h"
+
+namespace vanzet::dialog {
+
+/// A bar or a blank given by numbers.
+class CPageBilletCylindric final : public BilletPage {
+ public:
+  explicit CPageBilletCylindric(CDlgMain& dialog);
+
+  void OnSetActive() override;
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageBilletCylindric> kButtons[];
+
+  void PickOuterDiameter();
+  void PickPartLength();
+  void PickInnerDiameter();
+  void ValuesFromSolid();
+  void SelectCylindric();
+
+  /// Takes back what cannot be, and tells; the user is not stopped.
+  void CorrectBarLength();
+  void CorrectInnerDiameter();
+  void TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit);
+};
+
+}  // namespace vanzet::dialog

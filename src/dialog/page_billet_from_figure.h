@@ -1,0 +1,23 @@
+#pragma once
+
+#include "dialog/page_billet.h"
+
+namespace vanzet::dialog {
+
+/// A billet drawn as figures.
+class CPageBilletFromFigure final : public BilletPage {
+ public:
+  explicit CPageBilletFromFigure(CDlgMain& dialog);
+
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageBilletFromFigure> kButtons[];
+
+  void PickOutside();
+  void PickInside();
+  void PickPartLength();
+  void SelectFigure();
+};
+
+}  // namespace vanzet::dialog

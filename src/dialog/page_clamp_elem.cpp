@@ -1,0 +1,131 @@
+#include "dialog/page_clamp_elem.h"
+
+#include <algorithm>
+
+#include "base/letter_case.h"
+#include "dialog/catalogue_names.h"
+#include "dialog/device_kinds.h"
+#include "dialog/device_letters.h"
+#include "dialog/dlg_main.h"
+#include "dialog/page_clamp_elem_controls.h"
+#include "dialog/texts.h"
+#include "macro/device_record.h"
+#include "store/clamp_records.h"
+
+// The page's start, its list and what it shows. What it stores: page_clamp_elem_store.cpp.
+
+namespace vanzet::dialog {
+
+using namespace clamp_elem;
+
+const Handler<CPageClampElem> CPageClampElem::kButtons[] = {
+    {kSelectParametric, &CPageClampElem::OnSelectParametric},
+    {kBrowse, &CPageClampElem::OnBrowse},
+    {kSelectOwn, &CPageClampElem::OnSelectOwn},
+};
+
+CPageClampElem::CPageClampElem(CDlgMain& dialog) : Page(dialog, kClampElemTemplate) {}
+
+void CPageClampElem::OnPress(std::int32_t button) {
+  RunHandler<CPageClampElem>(*this, kButtons, button);
+}
+
+void CPageClampElem::OnChoose(std::int32_t combo) {
+  if (combo == kDeviceList) OnDeviceChange();
+}
+
+std::optional<std::int32_t> CPageClampElem::TakeControls() {
+  const auto refused = ReadRecord(controls_, DeviceFields(), params_);
+  if (!refused) pathText_ = controls_.Of(kPath).text;
+  return refused;
+}
+
+void CPageClampElem::FillControls() {
+  ShowRecord(controls_, DeviceFields(), params_);
+  controls_.SetText(kPath, pathText_);
+}
+
+void CPageClampElem::OnSetActive() {
+  deviceKind_ = dialog_.CurrentDeviceType();
+  const std::string name = ReadDevice();
+  EnterInCatalogue(name);
+  FillList();
+  ShowJawControls();
+  ShowName(name);
+  FillControls();
+  ShowDeviceState();
+}
+
+std::string CPageClampElem::ReadDevice() {
+  const std::int32_t spur = dialog_.SelectedSpur();
+  const std::int32_t spindle = dialog_.CurrentSpindle();
+  params_ = {};
+  std::string name;
+  switch (deviceKind_) {
+    case device_kind::kNone: break;
+    case device_kind::kJaw: ReadJaw(spur, spindle, name, params_); break;
+    case device_kind::kCenter:
+      ReadCenter(spur, dialog_.Machine().IsSubSpindleAvailable(), name, params_);
+      break;
+    default: ReadClampDevice(spur, spindle, name, params_); break;
+  }
+  // A spindle holds one device, but the tree offers four kinds.
+  if (!IsOfKind(deviceKind_, params_.type)) params_ = {};
+  return name;
+}
+
+void CPageClampElem::EnterInCatalogue(const std::string& name) {
+  // In memory only: a device that came with a definition can be chosen also where the shop does not know it.
+  if (params_.type == 0 || IsOwnVdmType(params_.type)) return;
+  std::string values;
+  PackDeviceParams(params_, values);
+  dialog_.Catalogue().PutDevice(name, values);
+}
+
+void CPageClampElem::FillList() {
+  controls_.Empty(kDeviceList);
+  const DeviceKind* const kind = FindDeviceKind(deviceKind_);
+  if (kind == nullptr) return;
+  for (std::int32_t type = kind->listed.first; type <= kind->listed.last; ++type) {
+    AddNamesOfType(dialog_.Catalogue(), type, controls_, kDeviceList);
+  }
+}
+
+void CPageClampElem::ShowJawControls() {
+  const bool isJaw = deviceKind_ == device_kind::kJaw;
+  if (isJaw) {
+    bool isInner = false;
+    std::int32_t jaws = 0;
+    ReadClampOptions(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), isInner, jaws);
+    controls_.Check(kInnerChucking, isInner);
+    controls_.SetSpin(kJawSpin, jaws);
+  }
+  for (const std::int32_t control : {kJawsLabel, kJawsEdit, kJawSpin, kInnerChucking}) {
+    controls_.Show(control, isJaw);
+  }
+}
+
+void CPageClampElem::ShowName(const std::string& name) {
+  const bool isOwn = IsOwnVdmType(params_.type);
+  pathText_ = isOwn ? name : "";
+  if (isOwn || params_.type == 0) return;
+  // The first that begins with the name, as a list finds its entries.
+  const auto& items = controls_.Of(kDeviceList).items;
+  const auto item = std::ranges::find_if(items, [&](const std::string& entry) {
+    return EqualWithoutCase(std::string_view(entry).substr(0, name.size()), name);
+  });
+  if (item != items.end()) controls_.Select(kDeviceList, static_cast<std::int32_t>(item - items.begin()));
+}
+
+void CPageClampElem::OnDeviceChange() {
+  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(kDeviceList), params_);
+  FillControls();
+  ShowDeviceState();
+}
+
+void CPageClampElem::ShowDeviceState() {
+  EnableLetters(controls_, &DeviceLetter::labelOnClampElem, params_.type);
+  controls_.SetPicture(kPicture, DevicePicture(params_.type));
+}
+
+}  // namespace vanzet::dialog

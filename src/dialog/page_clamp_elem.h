@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include "dialog/page.h"
+#include "macro/tables/device_params.h"
+
+namespace vanzet::dialog {
+
+/// What holds the work at one place: a device from the catalogue, its values edited if wished, or one that is
+/// kept in a VDM file of its own.
+class CPageClampElem final : public Page {
+ public:
+  explicit CPageClampElem(CDlgMain& dialog);
+
+  void OnSetActive() override;
+  void OnPress(std::int32_t button) override;
+  void OnChoose(std::int32_t combo) override;
+
+ private:
+  static const Handler<CPageClampElem> kButtons[];
+
+  std::optional<std::int32_t> TakeControls() override;
+  void FillControls() override;
+
+  /// The steps of OnSetActive. ReadDevice gives the record's name.
+  std::string ReadDevice();
+  void EnterInCatalogue(const std::string& name);
+  void FillList();
+  void ShowJawControls();
+  void ShowName(const std::string& name);
+
+  void OnDeviceChange();
+  void OnSelectParametric();
+  void OnBrowse();
+  void OnSelectOwn();
+
+  /// Writes the device under the name to store, what goes with it, and refreshes the marks.
+  void SaveDevice(const std::string& name);
+  void WriteByType(const std::string& name);
+  void WriteOptions();
+
+  void ShowDeviceState();
+
+  std::int32_t deviceKind_ = 0;
+  DeviceParams params_;
+  std::string pathText_;
+};
+
+}  // namespace vanzet::dialog

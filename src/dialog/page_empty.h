@@ -1,0 +1,15 @@
+#pragma once
+
+#include "dialog/page.h"
+
+namespace vanzet::dialog {
+
+/// The page of every node that has nothing to edit.
+class CPageEmpty final : public Page {
+ public:
+  explicit CPageEmpty(CDlgMain& dialog) : Page(dialog, kTemplate) {}
+
+  static constexpr PageTemplate kTemplate = {"CPageEmpty", 2168, {}, {}};
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,33 @@
+#include "dialog/page_finishpart.h"
+
+#include "dialog/dlg_main.h"
+#include "dialog/spindle_header.h"
+
+namespace vanzet::dialog {
+
+FinishpartPage::FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind)
+    : Page(dialog, page), kind_(kind) {}
+
+void FinishpartPage::OnSetActive() {
+  const std::int32_t spindle = dialog_.CurrentSpindle();
+  controls_.SetText(kHeader, SpindleHeader(spindle, kind_.title, kind_.titleText));
+  ReadFinishPart(dialog_.SelectedSpur(), spindle, record_);
+  if (record_.type != kind_.finishPartType) Clear();
+  FillControls();
+}
+
+std::optional<std::int32_t> FinishpartPage::TakeControls() {
+  return ReadRecord(controls_, kind_.fields, record_);
+}
+
+void FinishpartPage::FillControls() {
+  ShowRecord(controls_, kind_.fields, record_);
+}
+
+void FinishpartPage::Clear() {
+  record_.type = finish_part_type::kNone;
+  record_.figureInside.clear();
+  record_.solidName.clear();
+}
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "dialog/data_exchange.h"
+#include "dialog/page.h"
+#include "store/finish_part_records.h"
+
+namespace vanzet::dialog {
+
+/// What the two pages of the finished part have in common.
+class FinishpartPage : public Page {
+ public:
+  void OnSetActive() override;
+
+ protected:
+  /// The title is a message with its default text.
+  struct Kind {
+    std::int32_t finishPartType;
+    std::int32_t title;
+    std::string_view titleText;
+    std::span<const Field<FinishPartRecord>> fields;
+  };
+  FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);
+
+  std::optional<std::int32_t> TakeControls() override;
+  void FillControls() override;
+
+  /// Makes the working copy one of no type. `figureOutside` stays as it is, as with a billet.
+  void Clear();
+
+  FinishPartRecord record_;
+
+ private:
+  const Kind kind_;
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "dialog/page_finishpart.h"
+
+namespace vanzet::dialog {
+
+/// The finished part as figures. Figures can be picked, but the button that would store them has no handler:
+/// that is required so.
+class CPageFinishpartFromFigure final : public FinishpartPage {
+ public:
+  explicit CPageFinishpartFromFigure(CDlgMain& dialog);
+
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageFinishpartFromFigure> kButtons[];
+
+  void PickOutside();
+  void PickInside();
+};
+
+}  // namespace vanzet::dialog

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "dialog/page_finishpart.h"
+
+namespace vanzet::dialog {
+
+/// The finished part as a solid of the host.
+class CPageFinishpartFromSolid final : public FinishpartPage {
+ public:
+  explicit CPageFinishpartFromSolid(CDlgMain& dialog);
+
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageFinishpartFromSolid> kButtons[];
+
+  void PickFinishSolid();
+  void SelectFinishSolid();
+};
+
+}  // namespace vanzet::dialog

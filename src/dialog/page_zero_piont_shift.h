@@ -1,0 +1,35 @@
+#pragma once
+
+#include "dialog/page.h"
+#include "store/datum_records.h"
+
+namespace vanzet::dialog {
+
+/// Clamping out and origin translation of both spindles, on every machine.
+class CPageZeroPiontShift final : public Page {
+ public:
+  explicit CPageZeroPiontShift(CDlgMain& dialog);
+
+  void OnSetActive() override;
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageZeroPiontShift> kButtons[];
+
+  std::optional<std::int32_t> TakeControls() override;
+  void FillControls() override;
+
+  void PickClampingOutMain();
+  void PickClampingOutSub();
+  void PickOriginMain();
+  void PickOriginSub();
+  void SelectDatum();
+
+  /// How far behind the origin the picked position lies, without a sign.
+  void PickClampingOut(double DatumRecord::*clampingOut, double DatumRecord::*origin);
+  void PickOrigin(double DatumRecord::*origin);
+
+  DatumRecord record_;
+};
+
+}  // namespace vanzet::dialog

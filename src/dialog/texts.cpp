@@ -1,0 +1,34 @@
+#include "dialog/texts.h"
+
+#include "host/bridge.h"
+#include "host/host_functions.h"
+#include "host/messages.h"
+#include "platform/message_box.h"
+
+namespace vanzet::dialog {
+
+std::string Text(std::int32_t id, std::string_view defaultText) {
+  return host::hostFunctions.OrvoStrMessage(host::kMessageGroup, id, std::string(defaultText));
+}
+
+std::string Text(std::int32_t id) {
+  return Text(id, host::DefaultText(id));
+}
+
+std::string TextByMessage(std::int32_t id, std::string_view defaultText) {
+  std::string text;
+  return host::TextMessage(id, defaultText, text);
+}
+
+void Notice(const std::string& text) {
+  host::HostMessageBox("", text, platform::box::kOk);
+}
+
+std::string Replaced(std::string text, std::string_view mark, std::string_view by) {
+  for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + by.size())) {
+    text.replace(at, mark.size(), by);
+  }
+  return text;
+}
+
+}  // namespace vanzet::dialog

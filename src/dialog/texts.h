@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Texts and boxes of the dialog.
+namespace vanzet::dialog {
+
+/// The text of `id` in the user's language, asked of the host together with its default.
+std::string Text(std::int32_t id, std::string_view defaultText);
+
+/// The same with the plain default of the id.
+std::string Text(std::int32_t id);
+
+/// The same by host::TextMessage, which tells the host no default.
+std::string TextByMessage(std::int32_t id, std::string_view defaultText);
+
+/// A box with one button in front of the host's window.
+void Notice(const std::string& text);
+
+/// The text with every `mark` in it replaced.
+std::string Replaced(std::string text, std::string_view mark, std::string_view by);
+
+}  // namespace vanzet::dialog

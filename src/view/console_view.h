@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/console_boxes.h"
+#include "view/view.h"
+
+namespace vanzet::view {
+
+/// Nobody is there: boxes go to standard error and get the safe answer, file dialogs count as cancelled, and
+/// there is no dialog.
+class ConsoleView final : public View {
+ public:
+  platform::BoxPresenter& Boxes() override { return boxes_; }
+  platform::FilePresenter& Files() override { return files_; }
+  DialogView* ForDialog() override { return nullptr; }
+
+ private:
+  class NoFiles final : public platform::FilePresenter {
+   public:
+    std::optional<std::string> Choose(const platform::FileQuestion& /*question*/) override {
+      return std::nullopt;
+    }
+  };
+
+  platform::ConsoleBoxes boxes_;
+  NoFiles files_;
+};
+
+}  // namespace vanzet::view

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// What a dialog shows, as plain data. A view draws it and knows controls by their ids only.
+namespace vanzet::view {
+
+enum class ControlKind { kButton, kEdit, kCheck, kCombo, kSpin, kLabel, kPicture };
+
+/// One control. Which fields count depends on its kind; the others stay as they are here.
+struct Control {
+  std::int32_t id = 0;
+  ControlKind kind = ControlKind::kLabel;
+  std::string text = {};     ///< a caption; what stands in an edit or in the field of a combo
+  std::string caption = {};  ///< edits: a letter or a word that stands beside it for good
+  bool isEnabled = true;
+  bool isVisible = true;
+  bool isChecked = false;               ///< check boxes
+  std::vector<std::string> items = {};  ///< combos
+  std::int32_t selected = -1;           ///< combos: an index in the items, -1 for none
+  bool isList = false;                  ///< combos: a person selects only and does not type
+  std::int32_t value = 0;               ///< spins, within the next two
+  std::int32_t least = 0;
+  std::int32_t most = 0;
+  std::int32_t bitmap = 0;  ///< pictures: the id of what is shown, 0 for nothing
+};
+
+struct TreeNode {
+  std::int32_t id = 0;
+  std::int32_t parent = 0;  ///< 0: a root
+  std::string text = {};
+  bool isBold = false;
+  bool isOpen = false;
+  std::int32_t bitmap = 0;          ///< 16 by 16, white is transparent
+  std::int32_t selectedBitmap = 0;  ///< the same while the node is selected
+};
+
+struct DialogState {
+  std::string caption;
+  std::string page;  ///< the class of the page in front: "CPageBezel"
+  std::int32_t spindle = 0;
+  std::int32_t deviceType = 0;
+  std::int32_t spur = -1;
+  std::int32_t selectedNode = 0;  ///< 0: none
+  std::vector<TreeNode> tree;     ///< parents before their children, brothers in order
+  std::vector<Control> dialog;    ///< the dialog's own controls, without the tree
+  std::vector<Control> controls;  ///< those of the page in front
+};
+
+/// The tree's own id, for the focus.
+inline constexpr std::int32_t kTreeControl = 2158;
+
+}  // namespace vanzet::view

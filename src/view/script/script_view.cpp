@@ -1,0 +1,169 @@
+#include "view/script/script_view.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "base/numbers.h"
+#include "platform/files.h"
+#include "view/script/script_commands.h"
+
+namespace vanzet::view {
+namespace {
+
+struct AnswerWord {
+  std::string_view word;
+  std::int32_t answer;
+};
+
+constexpr AnswerWord kAnswerWords[] = {
+    {"yes", platform::answer::kYes},
+    {"no", platform::answer::kNo},
+    {"cancel", platform::answer::kCancel},
+};
+
+/// The front of a queue, taken off; nothing when it is empty.
+template <class T>
+std::optional<T> Take(std::deque<T>& queue) {
+  if (queue.empty()) return std::nullopt;
+  std::optional<T> front = std::move(queue.front());
+  queue.pop_front();
+  return front;
+}
+
+}  // namespace
+
+/// A command of the script that is not for the dialog alone.
+struct ScriptView::Command {
+  std::string_view word;
+  bool isLeading;  ///< may stand before the dialog starts; then there is none
+  Result<void> (ScriptView::*run)(Dialog*, const ScriptLine&);
+};
+
+const ScriptView::Command ScriptView::kCommands[] = {
+    {"answer", true, &ScriptView::Answer},
+    {"context", false, &ScriptView::Context},
+    {"file", true, &ScriptView::File},
+    {"state", false, &ScriptView::State},
+};
+
+ScriptView::ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript)
+    : transcript_(std::move(transcript)) {
+  if (platform::IsReadableFile(scriptFile)) {
+    text_.open(platform::FileOf(scriptFile), std::ios::binary);
+    QueueLeadingLines();
+  } else {
+    Refuse({scriptFile + ": cannot be read"});
+  }
+}
+
+std::int32_t ScriptView::Present(const platform::MessageBox& message) {
+  const std::int32_t given = platform::IsQuestion(message.type)
+                                 ? Take(answers_).value_or(platform::answer::kNo)
+                                 : platform::answer::kOk;
+  transcript_->Box(message, given);
+  return given;
+}
+
+std::optional<std::string> ScriptView::Choose(const platform::FileQuestion& question) {
+  std::optional<std::string> result = Take(files_).value_or(std::nullopt);
+  transcript_->FileDialog(question, result);
+  return result;
+}
+
+std::int32_t ScriptView::Serve(Dialog& dialog, void* /*parent*/, std::int32_t /*flags*/) {
+  while (dialog.IsOpen() && !isRefused_ && !line_.empty()) Step(dialog);
+  const bool isEnd = dialog.IsOpen() && !isRefused_;
+  if (dialog.IsOpen()) dialog.Close();
+  transcript_->Closed(dialog.Result() == kClosedByOk ? "ok" : isEnd ? "end-of-script" : "close");
+  return dialog.Result();
+}
+
+void ScriptView::Step(Dialog& dialog) {
+  if (const auto done = Run(dialog, line_); !done) return Refuse(done.fault());
+  if (!dialog.IsOpen()) return;
+  auto next = script_.Next();
+  if (!next) return Refuse(next.fault());
+  line_ = std::move(*next);
+}
+
+Result<void> ScriptView::Run(Dialog& dialog, const ScriptLine& line) {
+  const Command* const own = CommandOf(line);
+  return own == nullptr ? RunOnDialog(dialog, line) : (this->*own->run)(&dialog, line);
+}
+
+void ScriptView::SetVisible(bool isVisible) {
+  transcript_->Visible(isVisible);
+}
+
+void ScriptView::Focus(std::int32_t control, bool selectsAll) {
+  transcript_->Focus(control, selectsAll);
+}
+
+std::optional<std::int32_t> ScriptView::Popup(std::int32_t node, const std::vector<PopupEntry>& entries) {
+  const bool isThere = wanted_ && std::ranges::find(entries, *wanted_, &PopupEntry::command) != entries.end();
+  const std::optional<std::int32_t> chosen = isThere ? std::exchange(wanted_, std::nullopt) : std::nullopt;
+  transcript_->Popup(node, entries, chosen);
+  return chosen;
+}
+
+const ScriptView::Command* ScriptView::CommandOf(const ScriptLine& line) {
+  const Command* const command = std::ranges::find(kCommands, line.front().text, &Command::word);
+  return command == std::end(kCommands) ? nullptr : command;
+}
+
+void ScriptView::QueueLeadingLines() {
+  for (;;) {
+    auto line = script_.Next();
+    if (!line) return Refuse(line.fault());
+    const Command* const command = line->empty() ? nullptr : CommandOf(*line);
+    if (command == nullptr || !command->isLeading) {
+      line_ = std::move(*line);
+      return;
+    }
+    if (const auto done = (this->*command->run)(nullptr, *line); !done) return Refuse(done.fault());
+  }
+}
+
+void ScriptView::Refuse(const Fault& fault) {
+  isRefused_ = true;
+  transcript_->Error(script_.LineNumber(), fault.text);
+}
+
+Result<void> ScriptView::Answer(Dialog* /*dialog*/, const ScriptLine& line) {
+  const auto* const row = line.size() != 2 ? std::end(kAnswerWords)
+                                           : std::ranges::find(kAnswerWords, line[1].text, &AnswerWord::word);
+  if (row == std::end(kAnswerWords)) return Fault{"expected 'answer yes', 'answer no' or 'answer cancel'"};
+  answers_.push_back(row->answer);
+  return {};
+}
+
+Result<void> ScriptView::File(Dialog* /*dialog*/, const ScriptLine& line) {
+  if (line.size() != 2) return Fault{"expected 'file \"PATH\"' or 'file cancel'"};
+  const bool isCancelled = line[1].text == "cancel" && !line[1].isQuoted;
+  files_.push_back(isCancelled ? std::nullopt : std::optional(line[1].text));
+  return {};
+}
+
+Result<void> ScriptView::State(Dialog* dialog, const ScriptLine& line) {
+  if (line.size() != 1) return Fault{"'state' takes nothing behind it"};
+  transcript_->State(dialog->State());
+  return {};
+}
+
+Result<void> ScriptView::Context(Dialog* dialog, const ScriptLine& line) {
+  if (line.size() != 2 && line.size() != 3) return Fault{"'context' takes ID or ID COMMAND"};
+  const auto node = NodeIn(dialog->State(), line[1]);
+  if (!node) return node.fault();
+  if (line.size() == 3) {
+    wanted_ = WholeInteger(line[2].text);
+    if (!wanted_) return Fault{"'" + line[2].text + "' is no command"};
+  }
+  dialog->ContextAt(*node);
+  if (std::exchange(wanted_, std::nullopt)) {
+    return Fault{"node " + line[1].text + " offers no command " + line[2].text};
+  }
+  return {};
+}
+
+}  // namespace vanzet::view

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "view/script/script.h"
+#include "view/script/transcript.h"
+#include "view/view.h"
+
+namespace vanzet::view {
+
+/// Serves a person's part from a script, and writes what happens to a transcript: docs/formats/script.md.
+///
+/// Boxes    a question takes the next queued answer; without one it gets No. A box with one button is
+/// answered
+///          OK and uses up nothing
+/// Files    a file dialog takes the next queued result; without one it is cancelled
+/// Errors   a line that cannot be done is an event of the transcript, and closes the dialog
+class ScriptView final : public View,
+                         public platform::BoxPresenter,
+                         public platform::FilePresenter,
+                         public DialogView {
+ public:
+  /// Queues the answers and files that stand before all other commands of the script.
+  ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript);
+
+  platform::BoxPresenter& Boxes() override { return *this; }
+  platform::FilePresenter& Files() override { return *this; }
+  DialogView* ForDialog() override { return this; }
+
+  std::int32_t Present(const platform::MessageBox& message) override;
+  std::optional<std::string> Choose(const platform::FileQuestion& question) override;
+
+  /// Does the lines of the script that are left.
+  std::int32_t Serve(Dialog& dialog, void* parent, std::int32_t flags) override;
+  void StateChanged(const DialogState& /*state*/) override {}
+  void SetVisible(bool isVisible) override;
+  void Focus(std::int32_t control, bool selectsAll) override;
+  std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries) override;
+  void* Window() override { return nullptr; }
+
+ private:
+  struct Command;
+  static const Command kCommands[];
+  static const Command* CommandOf(const ScriptLine& line);
+
+  void QueueLeadingLines();
+  void Refuse(const Fault& fault);
+
+  /// Does the line that was read last, and reads the next one.
+  void Step(Dialog& dialog);
+  Result<void> Run(Dialog& dialog, const ScriptLine& line);
+
+  // The commands that are not for the dialog alone.
+  Result<void> Answer(Dialog* dialog, const ScriptLine& line);
+  Result<void> File(Dialog* dialog, const ScriptLine& line);
+  Result<void> State(Dialog* dialog, const ScriptLine& line);
+  Result<void> Context(Dialog* dialog, const ScriptLine& line);
+
+  std::shared_ptr<Transcript> transcript_;
+  std::ifstream text_;
+  ScriptReader script_{text_};
+  ScriptLine line_;         ///< the one read last, not done yet; without words at the end
+  bool isRefused_ = false;  ///< a line could not be read or done: the dialog closes
+  std::deque<std::int32_t> answers_;
+  std::deque<std::optional<std::string>> files_;
+  std::optional<std::int32_t> wanted_;  ///< the command to choose from the next popup
+};
+
+}  // namespace vanzet::view

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/file_dialog.h"
+#include "platform/message_box.h"
+#include "view/dialog_view.h"
+
+namespace vanzet::view {
+
+/// Whoever serves a person for the time of one call: boxes, file dialogs, the dialog.
+class View {
+ public:
+  virtual ~View() = default;
+
+  virtual platform::BoxPresenter& Boxes() = 0;
+  virtual platform::FilePresenter& Files() = 0;
+
+  /// Null: this view has no way to show a dialog.
+  virtual DialogView* ForDialog() = 0;
+};
+
+}  // namespace vanzet::view
