@@ -14,4 +14,4 @@ function(vanzet_opencascade name)
 endfunction()
 
 vanzet_opencascade(solids TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim TKMesh)
-vanzet_opencascade(exchange TKSTL TKXSBase TKSTEP TKLCAF TKCDF TKXCAF TKXDESTEP TKRWMesh)
+vanzet_opencascade(exchange TKSTL TKXSBase TKSTEP TKLCAF TKCDF TKXCAF TKXDESTEP TKRWMesh TKVRML)

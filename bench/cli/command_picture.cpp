@@ -4,9 +4,11 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/equipment.h"
 #include "cli/png.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
+#include "scene/picture.h"
 #include "vdm/file_replacement.h"
 
 namespace vanzet::cli {
@@ -17,6 +19,8 @@ struct Arguments {
   std::string out;
   std::string view = "drawing";
   drawing::PictureOptions options;
+  std::int32_t spur = 0;
+  scene::PictureOptions equipment;
 };
 
 /// Whether the file's name says PNG, or SVG; any other ending is wrong usage.
@@ -42,20 +46,50 @@ Result<std::string> Draw(const Arguments& arguments, const project::Project& pro
   return svg && IsPng(arguments.out) ? PngOf(*svg) : svg;
 }
 
+/// The equipment as PNG. A size that is left out is that of a picture 3 to 2.
+Result<std::string> DrawEquipment(const Arguments& arguments, const project::Project& project) {
+  if (!IsPng(arguments.out)) return Fault{"a picture of the equipment is a .png file", arguments.out};
+  scene::PictureOptions options = arguments.equipment;
+  const auto& [window, layers, width, height] = arguments.options;
+  if (height) options.width = *height * 3 / 2;
+  if (width) options.width = *width;
+  options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
+  const auto scene = EquipmentOf(project, arguments.spur);
+  if (!scene) return scene.fault();
+  const auto picture = scene::Draw(*scene, options);
+  if (!picture) return picture.fault();
+  return PngOf(*picture);
+}
+
 Result<void> Picture(const Arguments& arguments, const Context& context) {
-  if (arguments.view == "equipment") {
-    return Fault{"pictures of the equipment are not there yet; '--view drawing' shows the drawing"};
-  }
   const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
   if (const auto target = vdm::VdmStore(project->folder()).CheckTarget(file); !target) return target;
-  const auto bytes = Draw(arguments, *project);
+  const auto bytes =
+      arguments.view == "equipment" ? DrawEquipment(arguments, *project) : Draw(arguments, *project);
   if (!bytes) return bytes.fault();
   auto replacement = vdm::FileReplacement::Begin(file);
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write(*bytes); !done) return done;
   return replacement->Commit();
+}
+
+void AddEquipmentOptions(CLI::App& command, const std::shared_ptr<Arguments>& arguments) {
+  std::vector<std::string> words(scene::ViewWords().begin(), scene::ViewWords().end());
+  command
+      .add_option_function<std::string>(
+          "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
+          "equipment: of this spur, counted from 0; without it the first")
+      ->type_name("N");
+  command
+      .add_option_function<std::string>(
+          "--camera", [=](const std::string& word) { arguments->equipment.view = *scene::ViewNamed(word); },
+          "equipment: iso (the default), front, back, top, bottom, left or right")
+      ->check(CLI::IsMember(std::move(words)))
+      ->type_name("VIEW");
+  command.add_flag("--perspective", arguments->equipment.isPerspective, "equipment: as the eye sees it");
+  command.add_flag("--section", arguments->equipment.isSection, "equipment: cut open in the drawing's plane");
 }
 
 }  // namespace
@@ -98,7 +132,10 @@ void AddPicture(CLI::App& app, Context& context) {
             "of the picture, in pixels")
         ->type_name("N");
   }
-  command->footer("Example:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1");
+  AddEquipmentOptions(*command, arguments);
+  command->footer(
+      "Examples:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1\n"
+      "  vanzet picture lathe --view equipment --out equipment.png --section");
   command->callback([=, &context] { context.run = [=, &context] { return Picture(*arguments, context); }; });
 }
 

@@ -14,6 +14,8 @@ void AddItems(CLI::App& app, Context& context);
 void AddVdm(CLI::App& app, Context& context);
 void AddCommand(CLI::App& app, Context& context);
 void AddPicture(CLI::App& app, Context& context);
+void AddExport(CLI::App& app, Context& context);
+void AddDevice(CLI::App& app, Context& context);
 void AddContour(CLI::App& app, Context& context);
 void AddCompletion(CLI::App& app, Context& context);
 

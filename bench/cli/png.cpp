@@ -6,6 +6,16 @@
 #include <QSvgRenderer>
 
 namespace vanzet::cli {
+namespace {
+
+Result<std::string> BytesOf(const QImage& image) {
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  if (!image.save(&bytes, "PNG")) return Fault{"the picture cannot be drawn"};
+  return bytes.data().toStdString();
+}
+
+}  // namespace
 
 Result<std::string> PngOf(const std::string& svg) {
   QSvgRenderer renderer(QByteArray::fromStdString(svg));
@@ -16,10 +26,12 @@ Result<std::string> PngOf(const std::string& svg) {
   painter.setRenderHint(QPainter::Antialiasing);
   renderer.render(&painter);
   painter.end();
-  QBuffer bytes;
-  bytes.open(QIODevice::WriteOnly);
-  if (!image.save(&bytes, "PNG")) return Fault{"the picture cannot be drawn"};
-  return bytes.data().toStdString();
+  return BytesOf(image);
+}
+
+Result<std::string> PngOf(const scene::Picture& picture) {
+  return BytesOf(QImage(picture.bytes.data(), picture.width, picture.height,
+                        static_cast<qsizetype>(picture.width) * 3, QImage::Format_RGB888));
 }
 
 }  // namespace vanzet::cli

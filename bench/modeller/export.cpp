@@ -1,14 +1,11 @@
 #include "modeller/export.h"
 
-#include <BRep_Builder.hxx>
-#include <BinTools.hxx>
-#include <TopoDS_Compound.hxx>
 #include <fstream>
 
-#include "base/one_line.h"
 #include "modeller/exchange_process.h"
 #include "modeller/kernel.h"
 #include "modeller/number_text.h"
+#include "modeller/parcel.h"
 #include "modeller/placement.h"
 #include "modeller/shape.h"
 #include "modeller/stl_bytes.h"
@@ -70,20 +67,14 @@ std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes) {
   return text;
 }
 
-/// What exchange/parcel.cpp reads: the count, a line of colour and name for each body, then their shapes.
 Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
   return Guarded([&]() -> Result<void> {
-    std::ofstream bytes(parcel.Path(), std::ios::binary);
-    bytes << std::to_string(bodies.size()) + "\n";
-    const BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (const auto& [name, body, placement, colour] : bodies) {
-      bytes << NumberText(colour.red) + " " + NumberText(colour.green) + " " + NumberText(colour.blue) + " " +
-                   OneLine(name) + "\n";
-      builder.Add(compound, body.shape().shape);
+    std::vector<ParcelBody> packed;
+    for (const NamedBody& named : bodies) {
+      packed.push_back({named.name, named.colour, named.body.shape().shape});
     }
-    BinTools::Write(compound, bytes);
+    std::ofstream bytes(parcel.Path(), std::ios::binary);
+    PackParcel(packed, bytes);
     bytes.close();
     if (!bytes) return Fault{"there is not enough memory"};
     return {};

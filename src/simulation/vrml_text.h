@@ -1,9 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <string>
-#include <string_view>
-
+#include "base/device_vrml.h"
 #include "platform/line_reader.h"
 
 /// The VRML text of a device for the machine simulation: docs/formats/device-vrml.md.
@@ -13,8 +10,6 @@
 ///          marker bodies PLG_0 and SCK_0, by which the simulation places the device
 /// Items    one line each, its line end included
 namespace vanzet::simulation {
-
-using LineSink = std::function<void(const std::string& line)>;
 
 void GiveVrmlHead(const LineSink& sink);
 

@@ -32,8 +32,9 @@ const std::map<std::string, Folders> kModule = {
     {"geometry", {"base", "host"}},
 };
 
-/// The same of the workbench, which knows nothing of the module but its geometry.
+/// The same of the workbench, which knows nothing of the module but its geometry and its tables of devices.
 const std::map<std::string, Folders> kWorkbench = {
+    {"macro/tables", {}},
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
     {"modeller", {"base", "vdm", "geometry"}},
@@ -42,7 +43,8 @@ const std::map<std::string, Folders> kWorkbench = {
     {"drawing", {"base", "vdm", "contour", "geometry"}},
     {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
     {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
-    {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry"}},
+    {"scene", {"base", "vdm", "project", "modeller", "geometry", "macro/tables"}},
+    {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene"}},
 };
 
 struct Include {

@@ -1,9 +1,10 @@
-// The exchange program. Its arguments: what to do, the seconds and bytes it may take, the file, and for
-// writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells stands in
-// report.h.
+// The exchange program. Its arguments: what to do, the seconds and bytes it may take, the file if there is
+// one, and for writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells
+// stands in report.h.
 
 #include <Standard_OutOfMemory.hxx>
 #include <cstdlib>
+#include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 #include "modeller/exchange/limits.h"
 #include "modeller/exchange/parcel.h"
 #include "modeller/exchange/read_file.h"
+#include "modeller/exchange/read_vrml.h"
 #include "modeller/exchange/report.h"
 #include "modeller/exchange/write_file.h"
 #include "modeller/kernel.h"
@@ -28,6 +30,13 @@ Result<void> Read(const Order& order) {
   const auto shape = ReadFile(order.file);
   if (!shape) return shape.fault();
   return WriteParcel(*shape);
+}
+
+Result<void> ReadVrmlText(const Order&) {
+  std::ifstream text(kParcel, std::ios::binary);
+  const auto bodies = ReadVrml(text);
+  if (!bodies) return bodies.fault();
+  return WriteParcel(*bodies);
 }
 
 Result<void> StepFile(const Order& order) {
@@ -49,6 +58,7 @@ struct Work {
 };
 constexpr Work kWorks[] = {
     {"read", 4, Read},
+    {"read-vrml", 3, ReadVrmlText},
     {"write-step", 6, StepFile},
     {"write-gltf", 6, GltfFile},
 };
@@ -57,7 +67,7 @@ Result<void> Done(const Work& work, char** arguments) {
   KeepWithin(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
   CollectComplaints();
   Order order;
-  order.file = arguments[3];
+  if (work.arguments > 3) order.file = arguments[3];
   if (work.arguments > 4) order.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
   try {
     return work.work(order);

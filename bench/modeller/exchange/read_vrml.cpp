@@ -1,0 +1,94 @@
+#include "modeller/exchange/read_vrml.h"
+
+#include <VrmlData_Coordinate.hxx>
+#include <VrmlData_Group.hxx>
+#include <VrmlData_IndexedFaceSet.hxx>
+#include <VrmlData_Scene.hxx>
+#include <VrmlData_ShapeNode.hxx>
+
+#include "modeller/facets.h"
+#include "modeller/number_text.h"
+#include "modeller/outline.h"
+
+namespace vanzet::modeller {
+namespace {
+
+Result<void> AddPoints(const VrmlData_Coordinate& points, const gp_Trsf& place, Mesh& mesh) {
+  for (std::size_t i = 0; i < points.Length(); ++i) {
+    const gp_Pnt p = gp_Pnt(points.Coordinate(static_cast<int>(i))).Transformed(place);
+    for (const double value : {p.X(), p.Y(), p.Z()}) {
+      if (std::abs(value) <= kLargestCoordinate) continue;
+      return Fault{"has a point that is not within " + NumberText(kLargestCoordinate) + " mm"};
+    }
+    mesh.points.emplace_back(p.X(), p.Y(), p.Z());
+  }
+  return {};
+}
+
+/// A face with more corners becomes a fan of triangles.
+Result<void> AddFaces(VrmlData_IndexedFaceSet& facets, Mesh& mesh) {
+  const Standard_Integer** polygons = nullptr;
+  const std::size_t count = facets.Polygons(polygons);
+  for (std::size_t i = 0; i < count; ++i) {
+    const Standard_Integer* corners = nullptr;
+    const int length = facets.Polygon(static_cast<int>(i), corners);
+    for (int k = 0; k < length; ++k) {
+      const bool isThere = corners[k] >= 0 && static_cast<std::size_t>(corners[k]) < mesh.points.size();
+      if (!isThere) return Fault{"has a face with a point that is not there"};
+    }
+    for (int k = 2; k < length; ++k) {
+      const int second = facets.IsCCW() ? corners[k - 1] : corners[k];
+      const int third = facets.IsCCW() ? corners[k] : corners[k - 1];
+      mesh.triangles.push_back({corners[0], second, third});
+    }
+  }
+  return {};
+}
+
+class Collector {
+ public:
+  Result<void> Add(VrmlData_ListOfNode::Iterator nodes, const gp_Trsf& place, const std::string& name) {
+    for (; nodes.More(); nodes.Next()) {
+      const Handle(VrmlData_Node)& node = nodes.Value();
+      if (node.IsNull()) continue;
+      const std::string own = node->Name();
+      if (const auto added = AddNode(node, place, own.empty() ? name : own); !added) return added;
+    }
+    return {};
+  }
+
+  std::vector<ParcelBody> Take() { return std::move(bodies_); }
+
+ private:
+  Result<void> AddNode(const Handle(VrmlData_Node) & node, const gp_Trsf& place, const std::string& name) {
+    if (const auto group = Handle(VrmlData_Group)::DownCast(node)) {
+      return Add(group->NodeIterator(), place * group->GetTransform(), name);
+    }
+    const auto shape = Handle(VrmlData_ShapeNode)::DownCast(node);
+    if (shape.IsNull()) return {};
+    const auto facets = Handle(VrmlData_IndexedFaceSet)::DownCast(shape->Geometry());
+    if (facets.IsNull() || facets->Coordinates().IsNull()) return {};
+    Mesh mesh;
+    if (const auto added = AddPoints(*facets->Coordinates(), place, mesh); !added) return added;
+    if (const auto added = AddFaces(*facets, mesh); !added) return added;
+    if (!mesh.triangles.empty()) bodies_.push_back({name, {}, FaceOf(mesh)});
+    return {};
+  }
+
+  std::vector<ParcelBody> bodies_;
+};
+
+}  // namespace
+
+Result<std::vector<ParcelBody>> ReadVrml(std::istream& text) {
+  VrmlData_Scene scene;
+  scene << text;
+  if (scene.Status() != VrmlData_StatusOK) {
+    return Fault{"is no VRML text that can be read: line " + std::to_string(scene.GetLineError())};
+  }
+  Collector collector;
+  if (const auto added = collector.Add(scene.GetIterator(), gp_Trsf(), ""); !added) return added.fault();
+  return collector.Take();
+}
+
+}  // namespace vanzet::modeller

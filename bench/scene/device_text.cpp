@@ -1,0 +1,70 @@
+#include "scene/device_text.h"
+
+#include "modeller/joined.h"
+#include "modeller/mesh.h"
+#include "modeller/vrml_import.h"
+#include "scene/equipment.h"
+
+namespace vanzet::scene {
+namespace {
+
+using geometry::Point3d;
+
+constexpr std::string_view kPlug = "PLG_", kSocket = "SCK_";
+
+/// A marker is a tetrahedron; its first point is the place that it marks.
+Result<Point3d> PlaceOf(const modeller::Body& marker) {
+  const auto mesh = modeller::MeshOf(marker, {});
+  if (!mesh) return mesh.fault();
+  return mesh->points.front();
+}
+
+Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>& bodies) {
+  DeviceText device{modeller::Body(nullptr), {0, 0, 0}, {0, 0, 0}, 0};
+  std::vector<modeller::Body> own;
+  for (const modeller::VrmlBody& body : bodies) {
+    const bool isPlug = body.name.starts_with(kPlug);
+    if (!isPlug && !body.name.starts_with(kSocket)) {
+      own.push_back(body.body);
+      continue;
+    }
+    const auto place = PlaceOf(body.body);
+    if (!place) return place.fault();
+    (isPlug ? device.plug : device.socket) = *place;
+  }
+  if (own.empty()) return std::optional<DeviceText>();
+  const auto joined = modeller::Joined(own);
+  if (!joined) return joined.fault();
+  device.body = *joined;
+  return std::optional(device);
+}
+
+/// An imported device has its D2T text where others have the placement, which comes behind it.
+double ReachOf(const project::Definition& definition, std::size_t operation) {
+  for (const std::size_t section : {std::size_t{3}, std::size_t{2}}) {
+    const auto& items = ItemsOf(definition, operation, section);
+    if (!items.empty()) return ThreeReals(items.front())[2];
+  }
+  return 0;
+}
+
+}  // namespace
+
+Result<std::optional<DeviceText>> ReadDeviceText(const project::Definition& definition, std::size_t operation,
+                                                 const modeller::Exchange& exchange) {
+  std::string text;
+  for (const std::string& item : ItemsOf(definition, operation, 1)) {
+    text += item.ends_with('\n') ? item : item + "\n";
+  }
+  if (text.empty()) return std::optional<DeviceText>();
+  const auto bodies = modeller::ImportVrml(text, exchange);
+  auto device = bodies ? DeviceOf(*bodies) : Result<std::optional<DeviceText>>(bodies.fault());
+  if (!device) {
+    return Fault{"operation " + std::to_string(operation) + ", " + definition.operations[operation].Label() +
+                 ": " + device.fault().text};
+  }
+  if (*device) (*device)->reach = ReachOf(definition, operation);
+  return device;
+}
+
+}  // namespace vanzet::scene

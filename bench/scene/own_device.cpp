@@ -1,0 +1,127 @@
+#include "scene/own_device.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "base/device_vrml.h"
+#include "modeller/mesh.h"
+
+namespace vanzet::scene {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct ClassRow {
+  DeviceClass deviceClass;
+  std::string_view word;
+};
+constexpr ClassRow kClasses[] = {
+    {DeviceClass::kChuck, "chuck"},
+    {DeviceClass::kJaw, "jaw"},
+    {DeviceClass::kCenter, "center"},
+};
+
+constexpr std::string_view kGroup = "3";  // of all clamp devices, jaws and centers
+
+/// Six decimals.
+std::string RealText(double value) {
+  constexpr int kDecimals = 6;
+  std::array<char, 400> text;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, kDecimals);
+  return {text.data(), end.ptr};
+}
+
+void AddFacets(const modeller::Mesh& mesh, Lines& lines) {
+  const std::string indent(12, ' ');
+  lines.push_back(indent + "coord Coordinate { point [\n");
+  for (const geometry::Point3d& p : mesh.points) {
+    lines.push_back(indent + RealText(p.x) + " " + RealText(p.y) + " " + RealText(p.z) + ",\n");
+  }
+  lines.push_back(indent + "] }\n");
+  lines.push_back(indent + "coordIndex\n");
+  lines.push_back(indent + "[\n");
+  for (const auto& [a, b, c] : mesh.triangles) {
+    lines.push_back(indent + std::to_string(a) + " " + std::to_string(b) + " " + std::to_string(c) +
+                    " -1,\n");
+  }
+  lines.push_back(indent + "]\n");
+}
+
+double OffsetOf(const OwnDevice& device) {
+  switch (device.deviceClass) {
+    case DeviceClass::kChuck: return std::abs(device.first);
+    case DeviceClass::kJaw: return 0;
+    case DeviceClass::kCenter: return device.second;
+  }
+  return 0;
+}
+
+/// "G X Y 0 0 0 RADIUS": G is 1 straight, 2 clockwise, 3 anticlockwise.
+std::string ElementOf(const geometry::Kurve& outline, int vertex) {
+  geometry::Point end, centre;
+  const int direction = outline.Get(vertex, end, centre);
+  const bool isArc = vertex > 0 && direction != geometry::LINEAR;
+  const char* const code = !isArc ? "1" : direction == geometry::CW ? "2" : "3";
+  const double radius = isArc ? std::hypot(end.x - centre.x, end.y - centre.y) : 0;
+  return std::string(code) + " " + RealText(end.x) + " " + RealText(end.y) + " 0 0 0 " + RealText(radius);
+}
+
+/// An operation: its header, then the items of its sections.
+vdm::Record RecordOf(const std::string& kind, const std::vector<Lines>& sections) {
+  std::string header = kind + " 1 " + std::to_string(sections.size());
+  for (const Lines& section : sections) header += " " + std::to_string(section.size());
+  vdm::Record record;
+  record.Insert(0, header);
+  for (const Lines& section : sections) {
+    for (const std::string& item : section) record.Insert(record.Size(), item);
+  }
+  return record;
+}
+
+}  // namespace
+
+std::string_view WordOf(DeviceClass deviceClass) {
+  for (const ClassRow& row : kClasses) {
+    if (row.deviceClass == deviceClass) return row.word;
+  }
+  return "";
+}
+
+std::optional<DeviceClass> DeviceClassNamed(std::string_view word) {
+  for (const ClassRow& row : kClasses) {
+    if (row.word == word) return row.deviceClass;
+  }
+  return std::nullopt;
+}
+
+Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset) {
+  const auto mesh = modeller::MeshOf(body, {});
+  if (!mesh) return mesh.fault();
+  Lines lines;
+  const LineSink sink = [&](const std::string& line) { lines.push_back(line); };
+  GiveDeviceVrmlHead(sink);
+  AddFacets(*mesh, lines);
+  GiveDeviceVrmlTail(RealText(-offset), RealText(-offset - kVrmlMarkerLength), sink);
+  return lines;
+}
+
+Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
+  auto text = DeviceVrmlLines(device.body, OffsetOf(device));
+  if (!text) return text.fault();
+  const std::string word(WordOf(device.deviceClass));
+  const std::string values = std::string(kGroup) + " " +
+                             std::to_string(static_cast<int>(device.deviceClass)) + " " +
+                             RealText(device.first) + " " + RealText(device.second);
+  Lines outline;
+  for (int vertex = 0; vertex < device.outline.nVertices; ++vertex) {
+    outline.push_back(ElementOf(device.outline, vertex));
+  }
+  vdm::Vdm content;
+  content.Insert(0, RecordOf("1", {{"Own device"}}));
+  content.Insert(1, RecordOf("2", {{"Own " + word}, std::move(*text), {values}, std::move(outline)}));
+  return content;
+}
+
+}  // namespace vanzet::scene

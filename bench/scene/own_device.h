@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "geometry/kurve.h"
+#include "modeller/body.h"
+#include "vdm/vdm.h"
+
+/// Devices that a shop has made itself, each in a VDM of its own: docs/formats/definition.md, "Own devices".
+namespace vanzet::scene {
+
+/// The numbers are those of the file.
+enum class DeviceClass { kChuck = 0, kJaw = 1, kCenter = 3 };
+
+/// The words of the classes, and the class of a word.
+std::string_view WordOf(DeviceClass deviceClass);
+std::optional<DeviceClass> DeviceClassNamed(std::string_view word);
+
+/// What to make a device from.
+struct OwnDevice {
+  DeviceClass deviceClass = DeviceClass::kChuck;
+  double first = 0;   ///< how far behind its working face a clamp device is held; B of the record
+  double second = 0;  ///< the same of a center; A of the record
+  modeller::Body body;
+  geometry::Kurve outline;  ///< the contour that the simulation gets, as docs/formats/d2t.md has it
+};
+
+/// The VDM of the device. A fault when the body cannot be meshed.
+Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device);
+
+/// The lines of a device's VRML text, with their line ends: docs/formats/device-vrml.md. `offset` is how far
+/// behind the origin the plug begins.
+Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset);
+
+}  // namespace vanzet::scene

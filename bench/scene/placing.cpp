@@ -1,0 +1,177 @@
+#include "scene/placing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "geometry/numerics.h"
+#include "modeller/measures.h"
+#include "modeller/placement.h"
+#include "scene/exact_body.h"
+
+namespace vanzet::scene {
+namespace {
+
+using geometry::Box3d;
+using geometry::Matrix;
+using geometry::Point3d;
+
+constexpr int kX = 1, kY = 2;
+
+/// Of a body that has none, a point at the origin.
+Box3d BoxOf(const modeller::Body& body) {
+  const auto box = modeller::Extents(body);
+  return box ? *box : Box3d({0, 0, 0}, {0, 0, 0});
+}
+
+double RadiusOf(const modeller::Body& body) {
+  const Box3d box = BoxOf(body);
+  return std::max(box.max.y, -box.min.y);
+}
+
+Matrix MovedBy(double x, double y = 0, double z = 0) {
+  Matrix matrix;
+  matrix.Translate(x, y, z);
+  return matrix;
+}
+
+/// How far the jaws stand out from the face of their device.
+double JawReach(const SpindleThings& things) {
+  if (!things.jaw) return 0;
+  const double origin = things.jaw->reach - things.jaw->plug.x;
+  return std::max(0.0, origin + BoxOf(things.jaw->body).max.x);
+}
+
+/// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet,
+/// a third of the device.
+double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
+  constexpr double kOfDevice = 1.0 / 3;
+  const Billet& billet = spindle.billet;
+  const bool isCylinder = billet.type == 1;
+  if (spindle.clampsInside && isCylinder && billet.innerDiameter > 0) return billet.innerDiameter / 2;
+  if (billet.clampDiameter > 0) return billet.clampDiameter / 2;
+  if (things.billet) return RadiusOf(*things.billet);
+  return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
+}
+
+/// One jaw in the spindle's space: its foot on the face, its holding side on the held radius.
+Matrix JawPlacement(const Spindle& spindle, const SpindleThings& things, double face, int jaw) {
+  const DeviceText& text = *things.jaw;
+  const Box3d box = BoxOf(text.body);
+  const double holdingSide = spindle.clampsInside ? box.max.z : box.min.z;
+  Matrix matrix = MovedBy(face + text.reach - text.plug.x, 0, HeldRadius(spindle, things) - holdingSide);
+  // The text has the jaw's height along z; the first jaw stands upright.
+  matrix.Rotate(-1, 0, kX);
+  if (jaw > 0) matrix.Rotate(2 * std::numbers::pi * jaw / spindle.jaws, kX);
+  return matrix;
+}
+
+Mark Circle(double x, double radius) {
+  constexpr int kCorners = 72;
+  Mark mark;
+  for (int i = 0; i <= kCorners; ++i) {
+    const double angle = 2 * std::numbers::pi * i / kCorners;
+    mark.points.emplace_back(x, radius * std::cos(angle), radius * std::sin(angle));
+  }
+  return mark;
+}
+
+/// What the drawing shows in its plane: a cross in a small circle at the origin translation, and a line where
+/// the billet leaves what holds it; here a circle around the billet.
+std::vector<Mark> MarksOf(const Spindle& spindle, const SpindleThings& things) {
+  constexpr double kArm = 15, kSmallCircle = 6, kBeyond = 1.1;
+  std::vector<Mark> marks;
+  const double origin = spindle.origin;
+  if (origin != 0) {
+    marks.push_back({{{origin - kArm, 0, 0}, {origin + kArm, 0, 0}}});
+    marks.push_back({{{origin, -kArm, 0}, {origin, kArm, 0}}});
+    marks.push_back({{{origin, 0, -kArm}, {origin, 0, kArm}}});
+    marks.push_back(Circle(origin, kSmallCircle));
+  }
+  if (spindle.clampingOut > 0) {
+    const double radius = HeldRadius(spindle, things) * kBeyond;
+    marks.push_back(Circle(origin - spindle.clampingOut, radius));
+  }
+  return marks;
+}
+
+class Placer {
+ public:
+  Placer(const Spindle& spindle, const SpindleThings& things, std::string name)
+      : spindle_(spindle), things_(things), name_(std::move(name)), stations_(StationsOf(spindle, things)) {}
+
+  Scene Place() {
+    if (things_.clamp) AddClamp();
+    for (int jaw = 0; things_.jaw && jaw < spindle_.jaws; ++jaw) AddJaw(jaw);
+    if (things_.billet) AddBillet();
+    if (things_.finishPart) Add("finish part", Kind::kFinishPart, *things_.finishPart, AtFront());
+    scene_.marks = MarksOf(spindle_, things_);
+    return std::move(scene_);
+  }
+
+ private:
+  SceneBody& Add(const std::string& what, Kind kind, const modeller::Body& body, const Matrix& placement) {
+    return scene_.bodies.emplace_back(SceneBody{name_ + " " + what, kind, body, placement});
+  }
+
+  Matrix AtFront() const { return MovedBy(spindle_.origin); }
+
+  void AddClamp() {
+    const DeviceText& clamp = *things_.clamp;
+    SceneBody& body = Add("clamp", Kind::kClamp, clamp.body, MovedBy(stations_.face - clamp.socket.x));
+    body.exact = ExactBody(spindle_.clamp.params, clamp.body);
+  }
+
+  void AddJaw(int jaw) {
+    const DeviceText& text = *things_.jaw;
+    SceneBody& body = Add("jaw " + std::to_string(jaw + 1), Kind::kJaw, text.body,
+                          JawPlacement(spindle_, things_, stations_.face, jaw));
+    body.exact = ExactBody(spindle_.jaw.params, text.body);
+  }
+
+  void AddBillet() {
+    SceneBody& body = Add("billet", Kind::kBillet, *things_.billet, AtFront());
+    body.isShown = spindle_.billet.isShown;
+    body.isSeenThrough = things_.finishPart.has_value();
+  }
+
+  const Spindle& spindle_;
+  const SpindleThings& things_;
+  std::string name_;
+  Stations stations_;
+  Scene scene_;
+};
+
+}  // namespace
+
+Stations StationsOf(const Spindle& spindle, const SpindleThings& things) {
+  const double front = spindle.origin;
+  Stations stations{front, front};
+  if (spindle.clampingOut > 0) {
+    stations.face = front - spindle.clampingOut - JawReach(things);
+  } else {
+    const double allowance = spindle.billet.type == 1 ? spindle.billet.rearAllowance : 0;
+    stations.face = front - spindle.billet.partLength - allowance;
+  }
+  const double foremost = things.billet ? BoxOf(*things.billet).max.x : 0;
+  stations.stockFront = things.billet ? front + foremost : stations.face + JawReach(things);
+  return stations;
+}
+
+Scene Placed(const Spindle& spindle, const SpindleThings& things, const std::string& name) {
+  return Placer(spindle, things, name).Place();
+}
+
+Matrix FacingFrom(double x) {
+  Matrix matrix;
+  matrix.Rotate(0, -1, kY);
+  matrix.Translate(x, 0, 0);
+  return matrix;
+}
+
+Box3d ExtentsOf(const SceneBody& body) {
+  const auto placed = modeller::Placed(body.body, body.placement);
+  return placed ? BoxOf(*placed) : Box3d({0, 0, 0}, {0, 0, 0});
+}
+
+}  // namespace vanzet::scene

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "geometry/kurve.h"
+#include "modeller/exchange.h"
+#include "modeller/export.h"
+#include "project/definition.h"
+
+/// The equipment of a spur in space, made from what its definition holds. Where things stand and why:
+/// docs/scene.md.
+///
+/// Space    x along the main spindle's axis, away from the spindle; y up; millimetres
+namespace vanzet::scene {
+
+enum class Kind { kClamp, kJaw, kCenter, kBillet, kFinishPart };
+
+modeller::Colour ColourOf(Kind kind);
+
+struct SceneBody {
+  std::string name;  ///< "main clamp", "sub jaw 2", "center"
+  Kind kind = Kind::kClamp;
+  modeller::Body body;
+  geometry::Matrix placement;  ///< moves and turns
+  bool isShown = true;
+  bool isSeenThrough = false;
+  /// The body with its true surfaces, made anew from the values of a device. Nothing when the device has no
+  /// values, or when they do not agree with the body that the definition holds.
+  std::optional<modeller::Body> exact = {};
+};
+
+/// A line that marks a place, point by point.
+struct Mark {
+  std::vector<geometry::Point3d> points;
+};
+
+struct Scene {
+  std::vector<SceneBody> bodies;
+  std::vector<Mark> marks;
+};
+
+/// Where the things come from that a definition only names.
+struct Sources {
+  std::function<Result<std::vector<geometry::Kurve>>(const std::string& name)> figure;
+  std::function<Result<modeller::Body>(const std::string& name)> body;
+  modeller::Exchange exchange;
+};
+
+/// A fault when a 3D text cannot be read, or a billet or finish part cannot be made; it tells which.
+/// Requires: the geometry library works in millimetres
+Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources);
+
+}  // namespace vanzet::scene

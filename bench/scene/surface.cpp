@@ -1,0 +1,104 @@
+#include "scene/surface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <tuple>
+
+namespace vanzet::scene {
+namespace {
+
+using geometry::Point3d;
+using geometry::Vector3d;
+
+constexpr double kSmooth = 0.8660254037844386;  // cosine of 30 degrees: neighbours that turn less are smooth
+
+Vector3d Unit(const Vector3d& vector) {
+  const double length = vector.Magnitude();
+  return length > 0 ? vector * (1 / length) : vector;
+}
+
+class Maker {
+ public:
+  Maker(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
+    for (const auto& corners : mesh.triangles) {
+      std::array<int, 3> triangle{};
+      for (std::size_t i = 0; i < 3; ++i) {
+        triangle[i] = Number(placement.Transform(mesh.points[static_cast<std::size_t>(corners[i])]));
+      }
+      Add(triangle);
+    }
+  }
+
+  Surface Make() const {
+    Surface surface;
+    for (std::size_t t = 0; t < triangles_.size(); ++t) {
+      Facet facet;
+      for (std::size_t i = 0; i < 3; ++i) {
+        facet.corners[i] = At(triangles_[t][i]);
+        facet.normals[i] = Smoothed(triangles_[t][i], t);
+      }
+      surface.facets.push_back(facet);
+    }
+    for (const auto& [ends, sides] : edges_) surface.edges.push_back(EdgeOf(ends, sides));
+    return surface;
+  }
+
+ private:
+  using Ends = std::pair<int, int>;
+
+  const Point3d& At(int point) const { return points_[static_cast<std::size_t>(point)]; }
+
+  int Number(const Point3d& point) {
+    const auto [entry, isNew] =
+        numbers_.try_emplace({point.x, point.y, point.z}, static_cast<int>(points_.size()));
+    if (isNew) {
+      points_.push_back(point);
+      around_.emplace_back();
+    }
+    return entry->second;
+  }
+
+  void Add(const std::array<int, 3>& triangle) {
+    const Vector3d area =
+        Cross(Vector3d(At(triangle[0]), At(triangle[1])), Vector3d(At(triangle[0]), At(triangle[2])));
+    if (!(area.Magnitude() > 0)) return;
+    const std::size_t number = triangles_.size();
+    triangles_.push_back(triangle);
+    areas_.push_back(area);
+    for (std::size_t i = 0; i < 3; ++i) {
+      around_[static_cast<std::size_t>(triangle[i])].push_back(number);
+      edges_[std::minmax(triangle[i], triangle[(i + 1) % 3])].push_back(number);
+    }
+  }
+
+  /// The direction in which a triangle's corner faces: that of its smooth neighbours, by their areas.
+  Vector3d Smoothed(int point, std::size_t triangle) const {
+    const Vector3d own = Unit(areas_[triangle]);
+    Vector3d sum;
+    for (const std::size_t other : around_[static_cast<std::size_t>(point)]) {
+      if (Dot(own, Unit(areas_[other])) >= kSmooth) sum = sum + areas_[other];
+    }
+    return Unit(sum);
+  }
+
+  SurfaceEdge EdgeOf(const Ends& ends, const std::vector<std::size_t>& sides) const {
+    const Vector3d left = Unit(areas_[sides.front()]), right = Unit(areas_[sides.back()]);
+    return {At(ends.first), At(ends.second), left, right, sides.size() != 2 || Dot(left, right) < kSmooth};
+  }
+
+  std::map<std::tuple<double, double, double>, int> numbers_;
+  std::vector<Point3d> points_;
+  std::vector<std::vector<std::size_t>> around_;  ///< the triangles about each point
+  std::vector<std::array<int, 3>> triangles_;
+  std::vector<Vector3d> areas_;
+  std::map<Ends, std::vector<std::size_t>> edges_;
+};
+
+}  // namespace
+
+Surface SurfaceOf(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
+  return Maker(mesh, placement).Make();
+}
+
+}  // namespace vanzet::scene

@@ -1,0 +1,199 @@
+#include "scene/scene.h"
+
+#include "scene/scene_fixture.h"
+#include "store/billet_records.h"
+#include "store/clamp_records.h"
+#include "store/finish_part_records.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr double kNear = 0.06;  // millimetres: the facets of round things
+
+class Scenes : public SceneTest {
+ protected:
+  static const scene::SceneBody& Find(const scene::Scene& shown, const std::string& name) {
+    return *std::ranges::find(shown.bodies, name, &scene::SceneBody::name);
+  }
+
+  static geometry::Kurve Through(const std::vector<geometry::Point>& points) {
+    geometry::Kurve curve;
+    curve.Start(points.front());
+    for (std::size_t i = 1; i < points.size(); ++i) curve.Add(points[i]);
+    return curve;
+  }
+};
+
+TEST_F(Scenes, OfAnEmptyDefinitionAreEmpty) {
+  EXPECT_THAT(NamesOf(Shown()), IsEmpty());
+}
+
+TEST_F(Scenes, StandTheJawsOnTheFaceAroundTheBillet) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 120);
+  PutDatum({.outMain = 90, .originMain = 10});
+  const scene::Scene shown = Shown();
+  EXPECT_THAT(NamesOf(shown),
+              ElementsAre("main clamp", "main jaw 1", "main jaw 2", "main jaw 3", "main billet"));
+  // The billet's front is at the origin translation; it leaves the jaws, which are 50 long, 90 behind that.
+  const auto billet = BoxOf(shown, "main billet");
+  EXPECT_NEAR(billet.max.x, 10, 1e-3);
+  EXPECT_NEAR(billet.min.x, -110, 1e-3);
+  const auto jaw = BoxOf(shown, "main jaw 1");
+  EXPECT_NEAR(jaw.max.x, -80, 1e-3);
+  EXPECT_NEAR(jaw.min.x, -130, 1e-3);
+  EXPECT_NEAR(jaw.min.y, 30, 1e-3) << "the first jaw stands upright on the billet";
+  EXPECT_NEAR(jaw.max.y, 72, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "main clamp").max.x, -130, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "main clamp").min.x, -220, 1e-3);
+  // A third of a turn further on the next one: y is the cosine of that.
+  EXPECT_NEAR(BoxOf(shown, "main jaw 2").max.y, -15 + 12 * std::sqrt(0.75), 1e-3);
+}
+
+TEST_F(Scenes, HaveAsManyJawsAsTheOptionsSay) {
+  Clamp(0, kChuck, kHardJaw, 6);
+  EXPECT_EQ(Shown().bodies.size(), 7U);
+}
+
+TEST_F(Scenes, HoldABoreFromInside) {
+  Clamp(0, kChuck, kHardJaw);
+  WriteClampOptions(0, 0, true, 3);
+  PutBillet(0, 200, 100, 160);
+  EXPECT_NEAR(BoxOf(Shown(), "main jaw 1").max.y, 80, 1e-3);
+}
+
+TEST_F(Scenes, StandABilletWithoutClampingOutOnTheFace) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 120);
+  EXPECT_NEAR(BoxOf(Shown(), "main clamp").max.x, -120, 1e-3);
+}
+
+TEST_F(Scenes, HideABilletThatIsNotToBeDrawn) {
+  PutBillet(0, 60, 120);
+  EXPECT_TRUE(Shown().bodies.at(0).isShown);
+  BilletRecord billet;
+  billet.type = billet_type::kCylindric;
+  billet.outerDiameter = billet.partLength = 50;
+  billet.drawOnScreen = false;
+  WriteBillet(0, 0, billet);
+  EXPECT_FALSE(Shown().bodies.at(0).isShown);
+}
+
+TEST_F(Scenes, HaveABarWithItsBore) {
+  BilletRecord billet;
+  billet.type = billet_type::kCylindric;
+  billet.outerDiameter = 40;
+  billet.innerDiameter = 20;
+  billet.partLength = 50;
+  billet.frontAllowance = 2;
+  billet.barLength = 300;
+  billet.drawOnScreen = true;
+  WriteBillet(0, 0, billet);
+  const scene::Scene shown = Shown();
+  EXPECT_NEAR(BoxOf(shown, "main billet").max.x, 2, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "main billet").min.x, -298, 1e-3);
+  const double volume = std::numbers::pi * (400 - 100) * 300;
+  EXPECT_NEAR(modeller::MeasuresOf(shown.bodies[0].body)->volume, volume, volume * 1e-6);
+}
+
+TEST_F(Scenes, SpinFiguresAndShowTheFinishPartThroughTheBillet) {
+  figures["profile"] = {Through({{-100, 0}, {-100, 20}, {0, 20}, {0, 0}, {-100, 0}})};
+  figures["outside"] = {Through({{0, 18}, {-80, 18}})};
+  figures["bore"] = {Through({{-80, 5}, {0, 5}})};
+  BilletRecord billet;
+  billet.type = billet_type::kFromFigures;
+  billet.partLength = 100;
+  billet.figureOutside = "profile";
+  WriteBillet(0, 0, billet);
+  WriteFinishPart(0, 0, {finish_part_type::kFromFigures, "outside", "bore", ""});
+  panel.lines.clear();  // the drawing has no such figure
+  const scene::Scene shown = Shown();
+  ASSERT_THAT(NamesOf(shown), ElementsAre("main billet", "main finish part"));
+  EXPECT_TRUE(shown.bodies[0].isSeenThrough);
+  EXPECT_FALSE(shown.bodies[1].isSeenThrough);
+  EXPECT_NEAR(modeller::MeasuresOf(shown.bodies[0].body)->volume, std::numbers::pi * 400 * 100, 1);
+  EXPECT_NEAR(modeller::MeasuresOf(shown.bodies[1].body)->volume, std::numbers::pi * (324 - 25) * 80, 1);
+}
+
+TEST_F(Scenes, TellWhichBilletCannotBeMade) {
+  BilletRecord billet;
+  billet.type = billet_type::kFromSolid;
+  billet.solidName = "casting";
+  WriteBillet(0, 1, billet);
+  const auto shown = Try();
+  ASSERT_FALSE(shown);
+  EXPECT_EQ(shown.fault().text, "the billet of the sub spindle: there is no casting");
+}
+
+TEST_F(Scenes, FaceTheSpindlesAtTheDistanceOfTheirOrigins) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 120);
+  Clamp(1, kCollet, {});
+  PutBillet(1, 30, 60);
+  PutDatum({.outMain = 90, .outSub = 30, .originMain = 10, .originSub = 180});
+  const scene::Scene shown = Shown();
+  EXPECT_NEAR(BoxOf(shown, "main billet").max.x, 10, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "sub billet").min.x, 180, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "sub billet").max.x, 240, 1e-3);
+  EXPECT_GT(BoxOf(shown, "sub clamp").max.x, 240);
+  EXPECT_NEAR(BoxOf(shown, "sub clamp").min.x, 210, 1e-3) << "30 of the billet stand out of the collet";
+}
+
+TEST_F(Scenes, KeepSpindlesWithoutADistanceApart) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 120);
+  Clamp(1, kCollet, {});
+  PutBillet(1, 30, 60);
+  const scene::Scene shown = Shown();
+  EXPECT_NEAR(BoxOf(shown, "sub billet").min.x - BoxOf(shown, "main billet").max.x, 50, 1e-3);
+}
+
+TEST_F(Scenes, PutACenterAgainstTheBilletWithAndWithoutASubSpindle) {
+  for (const bool hasSubSpindle : {true, false}) {
+    MakeDefinition();
+    Clamp(0, kChuck, kHardJaw);
+    PutBillet(0, 50, 200);
+    PutCenter(kCenter, hasSubSpindle);
+    const auto box = BoxOf(Shown(), "center");
+    EXPECT_NEAR(box.min.x, 0, 1e-3);
+    EXPECT_NEAR(box.max.x, kCenter.A, 1e-3);
+  }
+}
+
+TEST_F(Scenes, MarkTheDatum) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 120);
+  EXPECT_THAT(Shown().marks, IsEmpty());
+  PutDatum({.outMain = 90, .originMain = 10});
+  const auto marks = Shown().marks;
+  ASSERT_EQ(marks.size(), 5U);
+  EXPECT_EQ(marks.front().points.front().x, -5) << "a cross at the origin translation";
+  EXPECT_EQ(marks.back().points.front().x, -80) << "a circle where the billet sticks out";
+}
+
+TEST_F(Scenes, MakeDevicesOfValuesAnewWithTheirTrueSurfaces) {
+  Clamp(0, kChuck, kHardJaw);
+  const scene::Scene shown = Shown();
+  for (const char* name : {"main clamp", "main jaw 3"}) {
+    const scene::SceneBody& body = Find(shown, name);
+    ASSERT_TRUE(body.exact) << name;
+    EXPECT_FALSE(body.exact->IsStl());
+    const double facets = modeller::MeasuresOf(body.body)->volume;
+    EXPECT_NEAR(modeller::MeasuresOf(*body.exact)->volume, facets, facets * 0.01) << name;
+  }
+}
+
+TEST_F(Scenes, TrustTheTextWhereTheValuesDoNotAgreeWithIt) {
+  Clamp(0, kChuck, kHardJaw);
+  DeviceParams other = kChuck;
+  other.B = 70;
+  WriteClampDevice(0, 0, "another", other);
+  EXPECT_FALSE(Find(Shown(), "main clamp").exact);
+}
+
+}  // namespace
+}  // namespace vanzet::test
