@@ -67,12 +67,12 @@ TEST_F(DrawingCommands, PicturesAreWholeAndLeaveNothingBeside) {
   EXPECT_FALSE(std::filesystem::exists(folder / "a.svg"));
 }
 
-TEST_F(DrawingCommands, TheEquipmentIsNotThereYet) {
+TEST_F(DrawingCommands, EquipmentThatIsNotThereIsTold) {
   MakeProject();
-  const Outcome pictured = Vanzet("picture lathe --view equipment --out a.svg");
+  const Outcome pictured = Vanzet("picture lathe --view equipment --out a.png");
   EXPECT_EQ(pictured.status, 1);
-  EXPECT_EQ(pictured.err,
-            "vanzet: pictures of the equipment are not there yet; '--view drawing' shows the drawing\n");
+  EXPECT_EQ(pictured.err, "vanzet: spur 0 has no definition yet; 'vanzet upgrade' makes it\n");
+  EXPECT_THAT(Vanzet("picture lathe --view equipment --out a.svg").err, HasSubstr("is a .png file"));
 }
 
 TEST_F(DrawingCommands, WrongUsageHasTheStatusTwo) {

@@ -14,21 +14,28 @@ class Maker : public vanzet::test::HostTest {
 
   bool Save(const std::filesystem::path& file) {
     const auto content = host->store.Snapshot(project->DefinitionOf(0));
-    return content && vanzet::vdm::WriteVdmFile(file, *content);
+    return panel.lines.empty() && content && vanzet::vdm::WriteVdmFile(file, *content);
   }
+};
+
+struct Example {
+  const char* file;
+  void (*define)();
+};
+constexpr Example kExamples[] = {
+    {"two_spindles.vdm", vanzet::test::DefineTwoSpindles},
+    {"with_center.vdm", vanzet::test::DefineWithCenter},
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
-  const std::filesystem::path folder = argv[1];
-  for (const auto& [name, define] : {std::pair{"two_spindles.vdm", vanzet::test::DefineTwoSpindles},
-                                     {"with_center.vdm", vanzet::test::DefineWithCenter}}) {
+  for (const auto& [file, define] : kExamples) {
     Maker maker;
     define();
-    if (maker.Save(folder / name) && maker.panel.lines.empty()) continue;
-    std::fprintf(stderr, "%s could not be made\n", name);
+    if (maker.Save(std::filesystem::path(argv[1]) / file)) continue;
+    std::fprintf(stderr, "%s could not be made\n", file);
     return 1;
   }
 }
