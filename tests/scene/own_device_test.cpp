@@ -68,7 +68,7 @@ TEST_F(OwnDevices, HaveTheirPlugWhereTheyAreHeld) {
 
 TEST_F(OwnDevices, HaveTheirOutlineAsD2t) {
   Import(scene::DeviceClass::kJaw, 0, 0);
-  const auto& d2t = Stored().operations[6].sections[2];
+  const std::vector<std::string> d2t = Stored().operations[6].sections[2];
   ASSERT_EQ(d2t.size(), 10U);
   EXPECT_EQ(d2t[5], "Contour=G0 X0.000000 Y20.000000 \\\n");
   EXPECT_EQ(d2t[7], "        G2 X-40.000000 Y60.000000 R20.000000 \\\n");
