@@ -134,7 +134,7 @@ void AddPicture(CLI::App& app, Context& context) {
   }
   AddEquipmentOptions(*command, arguments);
   command->footer(
-      "Examples:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1\n"
+      "Example:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1\n"
       "  vanzet picture lathe --view equipment --out equipment.png --section");
   command->callback([=, &context] { context.run = [=, &context] { return Picture(*arguments, context); }; });
 }

@@ -8,8 +8,9 @@ using testing::HasSubstr;
 class Help : public CommandLineTest {};
 
 TEST_F(Help, OfEveryCommandHasAnExample) {
-  for (const std::string command : {"", "new", "upgrade", "show", "items", "vdm", "vdm save", "vdm load",
-                                    "vdm check", "command", "script", "picture", "completion"}) {
+  for (const std::string command :
+       {"", "new", "upgrade", "show", "items", "vdm", "vdm save", "vdm load", "vdm check", "command",
+        "script", "picture", "export", "device make", "device show", "completion"}) {
     const Outcome help = Vanzet(command + " --help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.out, HasSubstr("Example:\n  ")) << command;
