@@ -1,4 +1,4 @@
-// Makes the definitions of examples/equipment: make_example_equipment DIR
+// Makes definitions with equipment to look at: make_example_equipment DIR
 
 #include <cstdio>
 
