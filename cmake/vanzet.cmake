@@ -34,12 +34,10 @@ function(vanzet_library folder)
   target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
 endfunction()
 
-# What tests are compiled with beside: little, for there are many of them. Undefined behaviour is looked for in
-# what they test, not in the tests.
+# What tests are compiled with: undefined behaviour is looked for in what they test, not in the tests, of which
+# there are many.
 add_library(vanzet_test_options INTERFACE)
 target_link_libraries(vanzet_test_options INTERFACE vanzet_options)
-# At this level the compiler sees uses of unset values that are not there.
-target_compile_options(vanzet_test_options INTERFACE -O1 -g1 $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 if(VANZET_SANITIZE)
   target_compile_options(vanzet_test_options INTERFACE -fno-sanitize=undefined)
 endif()
