@@ -51,7 +51,9 @@ function(vanzet_test name)
   list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name}_test PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_test_options vanzet_test_main)
-  target_precompile_headers(${name}_test REUSE_FROM vanzet_test_headers)
+  if(VANZET_SANITIZE)
+    target_precompile_headers(${name}_test REUSE_FROM vanzet_test_headers)
+  endif()
   target_compile_definitions(${name}_test PRIVATE
     VANZET_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANZET_BINARY_DIR="${PROJECT_BINARY_DIR}")
   gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
