@@ -13,5 +13,5 @@ function(vanzet_opencascade name)
   endforeach()
 endfunction()
 
-vanzet_opencascade(solids TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim TKMesh)
+vanzet_opencascade(solids TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim TKMesh TKBO)
 vanzet_opencascade(exchange TKSTL TKXSBase TKSTEP TKLCAF TKCDF TKXCAF TKXDESTEP TKRWMesh TKVRML)

@@ -2,16 +2,18 @@
 
 #include "base/numbers.h"
 #include "language/commands.h"
+#include "modeller/spun_part.h"
 #include "project/definition.h"
 
-/// The macro that makes the billet of the definition that was closed last from its two figures:
-/// crebilfromfig 1, crebilfromfig 2.
+/// The macro that makes the billet of the definition that was closed last from its two figures, as a drawing
+/// and as a solid: crebilfromfig 1, crebilfromfig 2.
 namespace vanzet::language {
 namespace {
 
 using drawing::Board;
+using Curves = std::vector<geometry::Kurve>;
 
-/// Where the billet of a spindle is kept, and how it is drawn.
+/// Where the billet of a spindle is kept, and how it is drawn. Its solid has the name of its figure.
 struct Spindle {
   std::string_view argument;
   std::size_t operation;
@@ -54,43 +56,54 @@ Result<std::vector<std::string>> FiguresOf(const Spindle& spindle, Surroundings&
 }
 
 /// The contours of a figure of the drawing or of the files. A text that names none has no contours.
-Result<std::vector<geometry::Kurve>> CurvesOf(const std::string& figure, Surroundings& surroundings) {
-  if (figure.empty() || figure == "0") return std::vector<geometry::Kurve>();
+Result<Curves> CurvesOf(const std::string& figure, Surroundings& surroundings) {
+  if (figure.empty() || figure == "0") return Curves();
   const auto& figures = surroundings.board.drawing().figures;
   const auto drawn = figures.find(figure);
   if (drawn == figures.end()) return surroundings.workplace.ReadFigureFile(figure);
-  std::vector<geometry::Kurve> curves;
+  Curves curves;
   for (const drawing::Stroke& stroke : drawn->second.strokes) curves.push_back(stroke.curve);
   return curves;
 }
 
-Result<std::vector<geometry::Kurve>> BilletCurves(const Spindle& spindle, Surroundings& surroundings) {
+/// What a billet is made from.
+struct Contours {
+  Curves outside, inside;
+};
+
+Result<Curves> SoundCurvesOf(const std::string& figure, Surroundings& surroundings) {
+  auto curves = CurvesOf(figure, surroundings);
+  if (!curves) return curves;
+  for (const geometry::Kurve& curve : *curves) {
+    if (const auto sound = drawing::CheckCurve(curve); !sound) {
+      return Fault{"the figure '" + figure + "': " + sound.fault().text};
+    }
+  }
+  return curves;
+}
+
+Result<Contours> ContoursOf(const Spindle& spindle, Surroundings& surroundings) {
   const auto names = FiguresOf(spindle, surroundings);
   if (!names) return names.fault();
-  std::vector<geometry::Kurve> all;
-  for (const std::string& name : *names) {
-    const auto curves = CurvesOf(name, surroundings);
-    if (!curves) return curves.fault();
-    for (const geometry::Kurve& curve : *curves) {
-      if (const auto sound = drawing::CheckCurve(curve); !sound) {
-        return Fault{"the figure '" + name + "': " + sound.fault().text};
-      }
-    }
-    all.insert(all.end(), curves->begin(), curves->end());
-  }
-  return all;
+  auto outside = SoundCurvesOf(names->front(), surroundings);
+  if (!outside) return outside.fault();
+  auto inside = SoundCurvesOf(names->back(), surroundings);
+  if (!inside) return inside.fault();
+  return Contours{std::move(*outside), std::move(*inside)};
 }
 
 /// Draws the contours as the billet's figure, in the place of the old one, in the billet's layer.
-Result<void> DrawBillet(const Spindle& spindle, const std::vector<geometry::Kurve>& curves, Board& board) {
+Result<void> DrawBillet(const Spindle& spindle, const Contours& contours, Board& board) {
   const std::string layer = board.layer();
   const drawing::Window window = board.window;
   board.DeleteFigure(spindle.figure);
   auto drawn =
       board.BeginLayer(spindle.layer, {drawing::FindColour("magenta"), drawing::FindLineStyle("solid")});
   if (drawn) drawn = board.CreateFigure(spindle.figure);
-  for (const geometry::Kurve& curve : curves) {
-    if (drawn) drawn = board.Append(spindle.figure, curve);
+  for (const Curves* const curves : {&contours.outside, &contours.inside}) {
+    for (const geometry::Kurve& curve : *curves) {
+      if (drawn) drawn = board.Append(spindle.figure, curve);
+    }
   }
   board.window = drawing::Window::kDisplay;
   if (drawn) drawn = board.Insert(spindle.figure, {});
@@ -99,19 +112,32 @@ Result<void> DrawBillet(const Spindle& spindle, const std::vector<geometry::Kurv
   return drawn;
 }
 
+/// Puts the solid in the place of the old one. Without a solid there is none any more: the old one would be
+/// that of another billet.
+Result<void> ModelBillet(const Spindle& spindle, const Contours& contours, modeller::BodyTable& bodies) {
+  if (const std::int32_t old = bodies.NumberOf(spindle.figure); old != 0) {
+    if (const auto deleted = bodies.Delete(old); !deleted) return deleted;
+  }
+  auto body = modeller::SpunPart(contours.outside, contours.inside);
+  if (!body) return Fault{std::string(spindle.figure) + " is drawn but has no solid: " + body.fault().text};
+  if (!*body) return {};
+  const auto added = bodies.Add(std::move(**body), spindle.figure);
+  return added ? Result<void>() : added.fault();
+}
+
 }  // namespace
 
 Result<void> BilletFromFigures(CommandLine& arguments, Surroundings& surroundings) {
   const auto spindle = ReadSpindle(arguments);
   if (!spindle) return spindle.fault();
   if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
-  const auto curves = BilletCurves(**spindle, surroundings);
-  if (!curves) return curves.fault();
+  const auto contours = ContoursOf(**spindle, surroundings);
+  if (!contours) return contours.fault();
   // On a board beside it, so that a drawing without room for the new billet keeps the old one.
   Board drawn = surroundings.board;
-  if (const auto done = DrawBillet(**spindle, *curves, drawn); !done) return done;
+  if (const auto done = DrawBillet(**spindle, *contours, drawn); !done) return done;
   surroundings.board = std::move(drawn);
-  return {};
+  return ModelBillet(**spindle, *contours, surroundings.bodies);
 }
 
 }  // namespace vanzet::language

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "modeller/joined.h"
 #include "modeller/placement.h"
+#include "modeller/spun_part.h"
 #include "modeller/sweep.h"
 
 namespace vanzet::scene {
@@ -36,55 +36,9 @@ Result<MaybeBody> Cylinder(const Billet& billet) {
   return MaybeBody(*body);
 }
 
-/// A profile with its points in the order of rising x.
-Kurve Rising(const Kurve& profile) {
-  Kurve rising(profile);
-  Point begin, end, centre;
-  rising.Get(0, begin, centre);
-  rising.Get(rising.nVertices - 1, end, centre);
-  if (end.x < begin.x) rising.Reverse();
-  return rising;
-}
-
-Point PointOf(const Kurve& curve, int vertex) {
-  Point point, centre;
-  curve.Get(vertex, point, centre);
-  return point;
-}
-
-/// The half section below an open profile, down to another one or to the axis.
-Kurve HalfSection(const Kurve& outside, const Kurve* inside) {
-  Kurve section = Rising(outside);
-  const Point begin = PointOf(section, 0), end = PointOf(section, section.nVertices - 1);
-  if (inside == nullptr) {
-    section.Add(Point(end.x, 0), false);
-    section.Add(Point(begin.x, 0), false);
-  } else {
-    Kurve back = Rising(*inside);
-    back.Reverse();
-    section.Add(PointOf(back, 0), false);
-    section.Add(back, false);
-  }
-  section.Add(begin, false);
-  return section;
-}
-
 Result<std::vector<Kurve>> CurvesOf(const std::string& name, const Sources& sources) {
   if (name.empty()) return std::vector<Kurve>();
   return sources.figure(name);
-}
-
-/// Closed contours are half sections by themselves; of open ones the first bounds the part.
-std::vector<Kurve> HalfSections(const std::vector<Kurve>& outside, const std::vector<Kurve>& inside) {
-  const auto isOpen = [](const Kurve& curve) { return !curve.Closed(); };
-  std::vector<Kurve> sections;
-  std::ranges::copy_if(outside, std::back_inserter(sections), &Kurve::Closed);
-  const auto profile = std::ranges::find_if(outside, isOpen);
-  const auto bore = std::ranges::find_if(inside, isOpen);
-  if (profile != outside.end()) {
-    sections.push_back(HalfSection(*profile, bore == inside.end() ? nullptr : &*bore));
-  }
-  return sections;
 }
 
 Result<MaybeBody> FromFigures(const std::string& outsideName, const std::string& insideName,
@@ -93,16 +47,9 @@ Result<MaybeBody> FromFigures(const std::string& outsideName, const std::string&
   if (!outside) return outside.fault();
   const auto inside = CurvesOf(insideName, sources);
   if (!inside) return inside.fault();
-  std::vector<Body> bodies;
-  for (const Kurve& section : HalfSections(*outside, *inside)) {
-    const auto body = modeller::Spin(section, kSpindle, 360);
-    if (!body) return Fault{"figure '" + outsideName + "': " + body.fault().text};
-    bodies.push_back(*body);
-  }
-  if (bodies.empty()) return MaybeBody();
-  const auto joined = modeller::Joined(bodies);
-  if (!joined) return joined.fault();
-  return MaybeBody(*joined);
+  auto body = modeller::SpunPart(*outside, *inside);
+  if (!body) return Fault{"figure '" + outsideName + "': " + body.fault().text};
+  return body;
 }
 
 Result<MaybeBody> FromSolid(const std::string& name, double angle, const Sources& sources) {

@@ -1,4 +1,7 @@
+#include <numbers>
+
 #include "language_fixture.h"
+#include "modeller/measures.h"
 
 /// The lines that draw billets and marks, as modules send them.
 namespace vanzet::language {
@@ -64,6 +67,13 @@ class Billets : public LanguageTest {
     DoAll({"win 1", "set m30000", "tra m30000 x20.000000", "fig ins " + figure + " m30000", "del m30000",
            "lay ch '0'", "red -1"});
   }
+  /// The half section of a cylinder, drawn, and that of a cavity in it, in a file.
+  void PutFigures() {
+    DoAll({"win 0", "k1 e X0 Y0 X0 Y40 X-50 Y40 X-50 Y0 X0 Y0 ek", "fig cre Outside x0y0z0",
+           "figure append Outside k1", "k2 e X-10 Y0 X-10 Y10 X-40 Y10 X-40 Y0 X-10 Y0 ek"});
+    workplace.figures["Inside"] = {*board.FindContour(2)};
+  }
+
   std::vector<std::vector<std::string>> Strokes(const std::string& figure) const {
     std::vector<std::vector<std::string>> strokes;
     for (const auto& stroke : board.drawing().figures.at(figure).strokes) {
@@ -74,6 +84,7 @@ class Billets : public LanguageTest {
 
   /// Keeps a definition whose main spindle has these billet items, as if it was closed last.
   void CloseDefinition(const std::vector<std::string>& items) {
+    if (*store.Exists(1000)) store.Delete(1000);
     const auto handle = store.Create(1000);
     ASSERT_TRUE(handle);
     vdm::OpenVdm& vdm = *store.Find(*handle);
@@ -147,8 +158,7 @@ TEST_F(Billets, MarksGoWithTheirLayer) {
 }
 
 TEST_F(Billets, FromFiguresTakeThemFromTheDrawingAndFromFiles) {
-  DoAll({"win 0", "k1 e X0 Y0 X-50 Y0 X-50 Y40 ek", "fig cre Outside x0y0z0", "figure append Outside k1"});
-  workplace.figures["Inside"] = {*board.FindContour(1)};
+  PutFigures();
   CloseDefinition({"MainBillet", "2 0 100.000000", "Outside", "Inside"});
   ASSERT_TRUE(RunMacro("crebilfromfig", "1", surroundings));
   EXPECT_EQ(Strokes("BilletM").size(), 2U);
@@ -162,9 +172,35 @@ TEST_F(Billets, FromFiguresTakeThemFromTheDrawingAndFromFiles) {
 
 TEST_F(Billets, FromFiguresReplaceTheBilletThatIsDrawn) {
   DrawBillet();
-  CloseDefinition({"MainBillet", "2 0 100.000000", "BilletM", ""});
+  PutFigures();
+  CloseDefinition({"MainBillet", "2 0 100.000000", "Outside", ""});
   DoAll({"call crebilfromfig 1"});
+  EXPECT_EQ(Strokes("BilletM").size(), 1U);
+}
+
+TEST_F(Billets, FromFiguresAreSolidsWithTheInsideTakenAway) {
+  PutFigures();
+  for (const auto& [inside, volume] :
+       {std::pair{"Inside", 50 * 40 * 40 - 30 * 10 * 10}, {"", 50 * 40 * 40}}) {
+    CloseDefinition({"MainBillet", "2 0 100.000000", "Outside", inside});
+    DoAll({"call crebilfromfig 1"});
+    const auto billet = bodies.Get(bodies.NumberOf("BilletM"));
+    ASSERT_TRUE(billet) << billet.fault().text;
+    EXPECT_NEAR(modeller::MeasuresOf(*billet)->volume, volume * std::numbers::pi, 1e-3) << inside;
+  }
+  EXPECT_EQ(bodies.Numbers().size(), 1U) << "the new one takes the old one's place";
+}
+
+TEST_F(Billets, FromFiguresThatCannotBeSpunAreDrawnAndHaveNoSolid) {
+  PutFigures();
+  CloseDefinition({"MainBillet", "2 0 100.000000", "Outside", ""});
+  DoAll({"call crebilfromfig 1"});
+  DrawBillet();
+  CloseDefinition({"MainBillet", "2 0 100.000000", "BilletM", ""});
+  EXPECT_THAT(Told("call crebilfromfig 1"),
+              testing::StartsWith("BilletM is drawn but has no solid: the contour crosses the axis"));
   EXPECT_EQ(Strokes("BilletM").size(), 9U);
+  EXPECT_EQ(bodies.NumberOf("BilletM"), 0);
 }
 
 TEST_F(Billets, FromFiguresThatAreMissingAreToldAndTheOldOneStays) {
