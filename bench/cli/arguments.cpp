@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "base/numbers.h"
+#include "cli/context.h"
 
 namespace vanzet::cli {
 
@@ -16,6 +17,10 @@ std::int32_t NumberOf(const std::string& name, const std::string& word) {
 std::string FileOf(const std::string& name, const std::string& word) {
   if (word.empty()) throw CLI::ValidationError(name, "expected the name of a file, found ''");
   return word;
+}
+
+void AddKeepTmp(CLI::App& command, Context& context) {
+  command.add_flag("--keep-tmp", context.keepsTmp, "leave the files of this run in the project's tmp folder");
 }
 
 }  // namespace vanzet::cli

@@ -64,6 +64,7 @@ void AddCommand(CLI::App& app, Context& context) {
           "--picks", [=](const std::string& word) { arguments->picks = FileOf("--picks", word); },
           "what the lines ask for with the mouse, a pick a line")
       ->type_name("FILE");
+  AddKeepTmp(*command, context);
   command->footer(
       "Example:\n  vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"\n"
       "  vanzet command lathe - <billet.txt");

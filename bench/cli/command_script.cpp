@@ -89,6 +89,7 @@ void AddScript(CLI::App& app, Context& context) {
   addFile("--picks", &Arguments::picks, "what the dialog asks for with the mouse, a pick a line");
   addFile("--transcript", &Arguments::transcript, "write what happens to this file, not to standard output");
   addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
+  AddKeepTmp(*command, context);
   command->footer("Example:\n  vanzet script lathe bar-job.txt --transcript bar-job.jsonl");
   command->callback([=, &context] { context.run = [=, &context] { return Script(*arguments, context); }; });
 }

@@ -70,6 +70,7 @@ void AddUpgrade(CLI::App& app, Context& context) {
           "--trace", [=](const std::string& word) { arguments->trace = FileOf("--trace", word); },
           "write each call of the module to this file, a JSON line each")
       ->type_name("FILE");
+  AddKeepTmp(*command, context);
   command->footer("Example:\n  vanzet upgrade lathe --trace calls.jsonl");
   command->callback([=, &context] { context.run = [=, &context] { return Upgrade(*arguments, context); }; });
 }

@@ -53,6 +53,11 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   }
   auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(*project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
+  if (!context.keepsTmp) return hosted;
+  const auto tmp = hosted->host->runFolder.Path();
+  if (!tmp) return tmp.fault();
+  hosted->host->runFolder.Keep();
+  std::cerr << "vanzet: the files of this run stay in " + tmp->string() + "\n";
   return hosted;
 }
 

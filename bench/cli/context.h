@@ -29,6 +29,8 @@ struct Context {
   std::filesystem::path share;    ///< the workbench's own files
   StandardErrorPanel panel;
 
+  bool keepsTmp = false;  ///< the folder for the files of this run stays when it ends
+
   /// What the chosen command does; set while the arguments are read, run afterwards.
   std::function<Result<void>()> run;
 };

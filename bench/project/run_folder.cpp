@@ -8,7 +8,7 @@ namespace vanzet::project {
 
 RunFolder::~RunFolder() {
   std::error_code ignored;
-  if (!made_.empty()) std::filesystem::remove_all(made_, ignored);
+  if (!made_.empty() && !isKept_) std::filesystem::remove_all(made_, ignored);
 }
 
 Result<std::filesystem::path> RunFolder::Path() {

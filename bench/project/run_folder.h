@@ -7,7 +7,7 @@
 namespace vanzet::project {
 
 /// A folder for the files of one run, tmp/PID in the project, so that two runs never meet. It is made when it
-/// is first asked for and removed with all that is in it when the run ends.
+/// is first asked for and removed with all that is in it when the run ends, unless it is kept.
 class RunFolder {
  public:
   explicit RunFolder(std::filesystem::path project) : project_(std::move(project)) {}
@@ -17,9 +17,12 @@ class RunFolder {
 
   Result<std::filesystem::path> Path();
 
+  void Keep() { isKept_ = true; }
+
  private:
   std::filesystem::path project_;
   std::filesystem::path made_;  ///< empty: not yet
+  bool isKept_ = false;
 };
 
 }  // namespace vanzet::project

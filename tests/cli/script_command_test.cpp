@@ -73,6 +73,20 @@ TEST_F(ScriptCommand, ServesPicksFromAFile) {
   EXPECT_THAT(played.out, HasSubstr("\"2022\":{\"kind\":\"edit\",\"text\":\"85\""));
 }
 
+TEST_F(ScriptCommand, LeavesItsTemporaryFilesOnlyWhenAskedTo) {
+  namespace fs = std::filesystem;
+  MakeUpgradedProject();
+  ASSERT_EQ(Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl").status, 0);
+  EXPECT_TRUE(!fs::exists(folder / "lathe/tmp") || fs::is_empty(folder / "lathe/tmp"));
+  const Outcome kept = Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl --keep-tmp");
+  ASSERT_EQ(kept.status, 0);
+  const std::string told = "vanzet: the files of this run stay in ";
+  ASSERT_THAT(kept.err, StartsWith(told));
+  const fs::path tmp = kept.err.substr(told.size(), kept.err.size() - told.size() - 1);
+  EXPECT_EQ(fs::absolute(tmp).parent_path(), fs::absolute(folder / "lathe/tmp"));
+  EXPECT_THAT(ReadBytes(tmp / "tmpclamp.wrl"), StartsWith("#VRML V2.0 utf8\n"));
+}
+
 TEST_F(ScriptCommand, NamesAScriptThatIsNotThere) {
   MakeUpgradedProject();
   const Outcome played = Vanzet("script lathe missing.txt");

@@ -84,7 +84,9 @@ class Billets : public LanguageTest {
 
   /// Keeps a definition whose main spindle has these billet items, as if it was closed last.
   void CloseDefinition(const std::vector<std::string>& items) {
-    if (*store.Exists(1000)) store.Delete(1000);
+    if (*store.Exists(1000)) {
+      ASSERT_TRUE(store.Delete(1000));
+    }
     const auto handle = store.Create(1000);
     ASSERT_TRUE(handle);
     vdm::OpenVdm& vdm = *store.Find(*handle);
