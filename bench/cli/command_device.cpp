@@ -7,7 +7,9 @@
 #include "cli/output.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
+#include "contour/number_text.h"
 #include "modeller/measures.h"
+#include "modeller/placement.h"
 #include "scene/device_text.h"
 #include "scene/equipment.h"
 #include "scene/own_device.h"
@@ -22,8 +24,47 @@ constexpr std::size_t kDeviceOperation = 1;
 
 struct MakeArguments {
   std::string deviceClass, body, outline, out;
+  std::string looking = "x";
   double first = 0, second = 0;
+  std::optional<double> face;
 };
+
+/// A direction of the model, and the turn about an axis that leads it to x.
+struct Looking {
+  std::string_view word;
+  geometry::Vector3d axis;
+  double degrees;
+};
+const Looking kLooking[] = {
+    {"x", {0, 0, 1}, 0},   {"-x", {0, 0, 1}, 180}, {"y", {0, 0, 1}, -90},
+    {"-y", {0, 0, 1}, 90}, {"z", {0, 1, 0}, 90},   {"-z", {0, 1, 0}, -90},
+};
+
+/// The model as a definition has it: its face looks along x and is at x = 0.
+Result<modeller::Body> Laid(const modeller::Body& model, const MakeArguments& arguments) {
+  const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
+  const auto turned = modeller::Turned(model, {{0, 0, 0}, looking.axis}, looking.degrees);
+  if (!turned) return turned;
+  return modeller::Moved(*turned, {-arguments.face.value_or(0), 0, 0});
+}
+
+/// A model that does not end where devices do most likely lies otherwise: what to do about it. Clamp devices
+/// and centers lie behind their face, jaws stand on their foot. Who tells where the face is knows better:
+/// pins may stand out of it.
+Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& arguments) {
+  constexpr double kNear = 0.05;  // millimetres
+  constexpr int kDigits = 6;
+  if (arguments.face) return {};
+  const auto box = modeller::Extents(body);
+  if (!box) return box.fault();
+  const bool isJaw = arguments.deviceClass == "jaw";
+  const double face = isJaw ? box->min.x : box->max.x;
+  if (std::abs(face) <= kNear) return {};
+  return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is not at 0 but at " +
+                   contour::Number(face, kDigits) + " mm; '--face' tells where it is, and " +
+                   "'--looking' where it looks to",
+               arguments.body};
+}
 
 double LengthOf(const std::string& name, const std::string& word) {
   const auto value = WholeReal(word);
@@ -49,8 +90,11 @@ Result<void> Make(const MakeArguments& arguments) {
   if (!body) return body.fault();
   const auto outline = OutlineOf(arguments.outline);
   if (!outline) return outline.fault();
+  const auto laid = Laid(*body, arguments);
+  if (!laid) return Fault{laid.fault().text, arguments.body};
+  if (const auto checked = CheckPlace(*laid, arguments); !checked) return checked;
   const auto content = scene::MakeOwnDevice(
-      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *body, *outline});
+      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *laid, *outline});
   if (!content) return Fault{content.fault().text, arguments.body};
   return vdm::WriteVdmFile(paths.Resolve(arguments.out), *content);
 }
@@ -139,7 +183,7 @@ void AddDeviceMake(CLI::App& device, Context& context) {
     const char* help;
   };
   for (const auto& [name, value, help] :
-       {File{"--body", &MakeArguments::body, "the model: .step, .stl or .brep; the spindle's axis is x"},
+       {File{"--body", &MakeArguments::body, "the model: .step, .stl or .brep"},
         File{"--outline", &MakeArguments::outline, "the outline for the simulation: a contour, or .dxf"},
         File{"-o,--out", &MakeArguments::out, "the device, .vdm"}}) {
     command
@@ -157,6 +201,18 @@ void AddDeviceMake(CLI::App& device, Context& context) {
             name, [=](const std::string& word) { (*arguments).*value = LengthOf(name, word); }, help)
         ->type_name("MM");
   }
+  command
+      ->add_option_function<std::string>(
+          "--face", [=](const std::string& word) { arguments->face = LengthOf("--face", word); },
+          "where the working face is in the model, or a jaw's foot, in the direction that it looks to; "
+          "without it "
+          "the model has to end at 0")
+      ->type_name("MM");
+  command
+      ->add_option("--looking", arguments->looking,
+                   "where the working face looks to in the model: x (the default), -x, y, -y, z or -z")
+      ->check(CLI::IsMember({"x", "-x", "y", "-y", "z", "-z"}))
+      ->type_name("AXIS");
   command->footer(
       "Example:\n  vanzet device make --class chuck --body maker.step --outline outline.txt --first 80 -o "
       "chuck.vdm");

@@ -1,0 +1,130 @@
+#include <gp_Ax1.hxx>
+
+#include <BRepBuilderAPI_Transform.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <nlohmann/json.hpp>
+#include <numbers>
+
+#include "cli/run_vanzet.h"
+#include "modeller/foreign_files.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+using Json = nlohmann::json;
+
+class DeviceCommands : public CommandLineTest {
+ protected:
+  DeviceCommands() {
+    std::filesystem::copy_file(VANZET_SOURCE_DIR "/examples/contours/rounded_square.txt",
+                               folder / "outline.txt");
+  }
+
+  /// A disk of radius 50 and thickness 30 along z, from z = `from` up.
+  void PutDisk(double from, const char* unit = "MM") {
+    gp_Trsf lift;
+    lift.SetTranslation(gp_Vec(0, 0, from));
+    WriteStep(BRepBuilderAPI_Transform(BRepPrimAPI_MakeCylinder(50, 30).Shape(), lift).Shape(),
+              folder / "disk.step", unit);
+  }
+
+  Outcome Make(const std::string& options) {
+    return Vanzet("device make --body disk.step --outline outline.txt -o own.vdm " + options);
+  }
+
+  Json Shown() {
+    const Outcome shown = Vanzet("device show own.vdm --json");
+    EXPECT_EQ(shown.status, 0) << shown.err;
+    return Json::parse(shown.out, nullptr, false);
+  }
+
+  static std::vector<double> Numbers(const Json& json) { return json.get<std::vector<double>>(); }
+};
+
+TEST_F(DeviceCommands, LayAMakersModelAsDevicesLie) {
+  PutDisk(100);
+  const Outcome made = Make("--class chuck --looking z --face 130 --first 30");
+  ASSERT_EQ(made.status, 0) << made.err;
+  const Json shown = Shown();
+  EXPECT_EQ(shown["class"], "chuck");
+  EXPECT_EQ(shown["first"], 30);
+  EXPECT_NEAR(Numbers(shown["from"])[0], -30, 1e-3);
+  EXPECT_NEAR(Numbers(shown["to"])[0], 0, 1e-3);
+  EXPECT_NEAR(Numbers(shown["to"])[2], 50, 0.06);
+  EXPECT_THAT(Numbers(shown["plug"]), ElementsAre(-30, 0, 0));
+  EXPECT_THAT(Numbers(shown["socket"]), ElementsAre(0, 0, 0));
+  EXPECT_EQ(shown["closed"], true);
+  const double volume = std::numbers::pi * 2500 * 30;
+  EXPECT_NEAR(shown["volume"].get<double>(), volume, volume * 0.01);
+}
+
+TEST_F(DeviceCommands, LayModelsThatLookAnyWay) {
+  PutDisk(-30);
+  struct Case {
+    const char* looking;
+    const char* face;
+    double from, to;
+  };
+  for (const auto& [looking, face, from, to] : {Case{"z", "0", -30, 0},
+                                                {"-z", "30", -30, 0},
+                                                {"x", "50", -100, 0},
+                                                {"-y", "50", -100, 0},
+                                                {"z", "-5", -25, 5}}) {
+    const Outcome made = Make(std::string("--class chuck --looking ") + looking + " --face " + face);
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_NEAR(Numbers(Shown()["from"])[0], from, 0.06) << looking;
+    EXPECT_NEAR(Numbers(Shown()["to"])[0], to, 0.06) << looking;
+  }
+}
+
+TEST_F(DeviceCommands, RefuseAModelThatDoesNotEndAtItsFace) {
+  PutDisk(100);
+  const Outcome chuck = Make("--class chuck --looking z");
+  EXPECT_EQ(chuck.status, 1);
+  EXPECT_EQ(chuck.err,
+            "vanzet: disk.step: its face is not at 0 but at 130 mm; '--face' tells where it is, and "
+            "'--looking' where "
+            "it looks to\n");
+  EXPECT_THAT(Make("--class jaw --looking z").err, HasSubstr("its foot is not at 0 but at 100 mm"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "own.vdm"));
+}
+
+TEST_F(DeviceCommands, TakeModelsInInches) {
+  PutDisk(0, "INCH");
+  ASSERT_EQ(Make("--class jaw --looking z").status, 0);
+  EXPECT_NEAR(Numbers(Shown()["to"])[0], 30, 1e-3)
+      << "the file's numbers are inches, the model is as large as before";
+}
+
+TEST_F(DeviceCommands, TellWhatIsBroken) {
+  WriteBytes(folder / "disk.step", "ISO-10303-21;\nnonsense");
+  const Outcome broken = Make("--class chuck");
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_THAT(broken.err, HasSubstr("disk.step: is no STEP file that can be read"));
+  PutDisk(-30);
+  EXPECT_EQ(Make("--class wheel").status, 2);
+  EXPECT_EQ(Make("--class chuck --looking up").status, 2);
+  EXPECT_EQ(Make("--class chuck --first far").status, 2);
+  WriteBytes(folder / "outline.txt", "");
+  EXPECT_EQ(Make("--class chuck --looking z").status, 1);
+  WriteBytes(folder / "own.vdm", "vdm 1\nend 0\n");
+  const Outcome empty = Vanzet("device show own.vdm");
+  EXPECT_EQ(empty.status, 1);
+  EXPECT_THAT(empty.err, StartsWith("vanzet: "));
+  EXPECT_THAT(empty.err, HasSubstr("own.vdm: holds no device"));
+}
+
+TEST_F(DeviceCommands, ShowPeopleALineAFact) {
+  PutDisk(-30);
+  ASSERT_EQ(Make("--class center --looking z --second 30").status, 0);
+  const Outcome shown = Vanzet("device show own.vdm");
+  EXPECT_EQ(shown.status, 0) << shown.err;
+  EXPECT_THAT(shown.out, StartsWith("class             center\n"));
+  EXPECT_THAT(shown.out, HasSubstr("second            30.0\n"));
+}
+
+}  // namespace
+}  // namespace vanzet::test
