@@ -27,15 +27,26 @@ std::string_view FirstPiece(std::string_view text) {
   return text.substr(0, blank);
 }
 
-/// A line too long for an item is broken at white space, where a list of numbers may be broken.
-void GiveFacetLine(std::string_view line, const LineSink& sink) {
-  std::string_view rest = WithoutIndent(line);
-  do {
-    const std::string_view piece = FirstPiece(rest);
-    sink(std::string(kFacetIndent).append(piece) + "\n");
-    rest = WithoutIndent(rest.substr(piece.size()));
-  } while (!rest.empty());
-}
+/// Gives the lines of facets, as items have them. It keeps room for one, of which a file may have millions.
+class FacetLines {
+ public:
+  explicit FacetLines(const LineSink& sink) : sink_(sink) {}
+
+  /// A line too long for an item is broken at white space, where a list of numbers may be broken.
+  void Give(std::string_view line) {
+    std::string_view rest = WithoutIndent(line);
+    do {
+      const std::string_view piece = FirstPiece(rest);
+      item_.assign(kFacetIndent).append(piece).push_back('\n');
+      sink_(item_);
+      rest = WithoutIndent(rest.substr(piece.size()));
+    } while (!rest.empty());
+  }
+
+ private:
+  const LineSink& sink_;
+  std::string item_;
+};
 
 }  // namespace
 
@@ -44,15 +55,16 @@ void GiveVrmlHead(const LineSink& sink) {
 }
 
 void GiveFacets(platform::LineReader& file, const LineSink& sink) {
+  FacetLines lines(sink);
   std::string_view line;
   do {
     if (!file.Next(line)) return;
   } while (line.find("coord Coordinate") == std::string_view::npos);
-  GiveFacetLine(line, sink);
+  lines.Give(line);
   for (const std::string_view lastOfStage : {"coordIndex", "]"}) {
     do {
       if (!file.Next(line)) return;
-      GiveFacetLine(line, sink);
+      lines.Give(line);
     } while (line.find(lastOfStage) == std::string_view::npos);
   }
 }
