@@ -210,7 +210,7 @@ void AddDeviceMake(CLI::App& device, Context& context) {
       ->type_name("MM");
   command
       ->add_option("--looking", arguments->looking,
-                   "where the working face looks to in the model: x (the default), -x, y, -y, z or -z")
+                   "where the working face looks to in the model; without it x")
       ->check(CLI::IsMember({"x", "-x", "y", "-y", "z", "-z"}))
       ->type_name("AXIS");
   command->footer(

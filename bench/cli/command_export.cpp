@@ -73,7 +73,7 @@ void AddExport(CLI::App& app, Context& context) {
           "the folder for the files; it is made when it is not there")
       ->required()
       ->type_name("DIR");
-  command->add_option("--format", arguments->format, "wrl, stl, step or gltf")
+  command->add_option("--format", arguments->format, "the files' format")
       ->required()
       ->check(CLI::IsMember({"wrl", "stl", "step", "gltf"}))
       ->type_name("FORMAT");

@@ -85,7 +85,7 @@ void AddEquipmentOptions(CLI::App& command, const std::shared_ptr<Arguments>& ar
   command
       .add_option_function<std::string>(
           "--camera", [=](const std::string& word) { arguments->equipment.view = *scene::ViewNamed(word); },
-          "equipment: iso (the default), front, back, top, bottom, left or right")
+          "equipment: seen from; without it iso")
       ->check(CLI::IsMember(std::move(words)))
       ->type_name("VIEW");
   command.add_flag("--perspective", arguments->equipment.isPerspective, "equipment: as the eye sees it");
@@ -108,7 +108,7 @@ void AddPicture(CLI::App& app, Context& context) {
           "the picture, .svg or .png")
       ->required()
       ->type_name("FILE");
-  command->add_option("--view", arguments->view, "drawing (the default) or equipment")
+  command->add_option("--view", arguments->view, "what is to be seen; without it drawing")
       ->check(CLI::IsMember({"drawing", "equipment"}))
       ->type_name("VIEW");
   command
@@ -118,7 +118,7 @@ void AddPicture(CLI::App& app, Context& context) {
             arguments->options.window =
                 word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
           },
-          "display (the default) or construction")
+          "drawing: which window; without it display")
       ->check(CLI::IsMember({"display", "construction"}))
       ->type_name("WINDOW");
   command->add_option("--layers", arguments->options.layers, "these layers alone, with commas between them")

@@ -18,5 +18,6 @@ void AddExport(CLI::App& app, Context& context);
 void AddDevice(CLI::App& app, Context& context);
 void AddContour(CLI::App& app, Context& context);
 void AddCompletion(CLI::App& app, Context& context);
+void AddManual(CLI::App& app, Context& context);
 
 }  // namespace vanzet::cli

@@ -10,7 +10,7 @@ class Help : public CommandLineTest {};
 TEST_F(Help, OfEveryCommandHasAnExample) {
   for (const std::string command :
        {"", "new", "upgrade", "show", "items", "vdm", "vdm save", "vdm load", "vdm check", "command",
-        "script", "picture", "export", "device make", "device show", "completion"}) {
+        "script", "picture", "export", "device make", "device show", "completion", "manual"}) {
     const Outcome help = Vanzet(command + " --help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.out, HasSubstr("Example:\n  ")) << command;
@@ -55,6 +55,20 @@ TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
   const Outcome asked = Vanzet("--version", "bash ask.bash &&");
   EXPECT_THAT(asked.out, HasSubstr("show\nsave load check --help\n--spur\n--json\n")) << asked.err;
   EXPECT_THAT(Vanzet("completion zsh").out, HasSubstr("#compdef vanzet\n"));
+}
+
+TEST_F(Help, IsWhatTheManualHolds) {
+  EXPECT_TRUE(Vanzet("manual").out == ReadBytes(VANZET_SOURCE_DIR "/docs/command-line.md"))
+      << "renew it: vanzet manual > docs/command-line.md";
+}
+
+TEST_F(Help, IsThereAsManPages) {
+  const std::string pages = VANZET_BINARY_DIR "/share/man/";
+  const std::string commands = ReadBytes(pages + "man1/vanzet.1");
+  EXPECT_THAT(commands, HasSubstr(".TH \"VANZET\" \"1\""));
+  EXPECT_THAT(commands, HasSubstr(".SH vanzet vdm save\n"));
+  EXPECT_THAT(ReadBytes(pages + "man5/vanzet-script.5"), HasSubstr(".TH \"VANZET-SCRIPT\" \"5\""));
+  EXPECT_THAT(ReadBytes(pages + "man7/vanzet-macro.7"), HasSubstr(".TH \"VANZET-MACRO\" \"7\""));
 }
 
 TEST_F(Help, AFullStandardOutputIsAFault) {
