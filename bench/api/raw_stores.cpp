@@ -1,9 +1,9 @@
 #include "api/raw_stores.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstring>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 
 namespace vanzet::api {
@@ -15,12 +15,6 @@ constexpr RawMatrix Identity() {
   RawMatrix matrix = {};
   for (std::size_t i = 0; i < 4; ++i) matrix[5 * i] = 1;
   return matrix;
-}
-
-/// The shortest text that reads back as the same number.
-std::string ExactText(double value) {
-  char text[32];
-  return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
 
 vdm::Record RecordOf(const RawMatrix& matrix) {

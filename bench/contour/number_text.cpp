@@ -1,14 +1,11 @@
 #include "contour/number_text.h"
 
-#include <charconv>
+#include "base/number_text.h"
 
 namespace vanzet::contour {
 namespace {
 
-std::string Written(double value, std::chars_format format, int precision) {
-  char buffer[400];  // a double has at most 309 digits before the point
-  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, value, format, precision).ptr;
-  std::string text(static_cast<const char*>(buffer), end);
+std::string WithoutSignOfZero(std::string text) {
   if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) text.erase(0, 1);
   return text;
 }
@@ -16,11 +13,11 @@ std::string Written(double value, std::chars_format format, int precision) {
 }  // namespace
 
 std::string Number(double value, int digits) {
-  return Written(value, std::chars_format::general, digits);
+  return WithoutSignOfZero(GeneralText(value, digits));
 }
 
 std::string Fixed(double value, int decimals) {
-  return Written(value, std::chars_format::fixed, decimals);
+  return WithoutSignOfZero(FixedText(value, decimals));
 }
 
 }  // namespace vanzet::contour

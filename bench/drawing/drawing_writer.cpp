@@ -1,15 +1,12 @@
-#include <charconv>
-
+#include "base/number_text.h"
 #include "drawing/drawing_text.h"
 
 namespace vanzet::drawing {
 namespace {
 
-/// The shortest text that reads back as the same number.
+/// No zero has a sign.
 std::string Text(double number) {
-  char buffer[40];
-  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, number + 0.0).ptr;
-  return {static_cast<const char*>(buffer), end};
+  return ExactText(number + 0.0);
 }
 
 std::string Text(const Pen& pen) {

@@ -1,10 +1,9 @@
 #include "scene/own_device.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 #include "base/device_vrml.h"
+#include "base/number_text.h"
 #include "modeller/mesh.h"
 
 namespace vanzet::scene {
@@ -24,13 +23,9 @@ constexpr ClassRow kClasses[] = {
 
 constexpr std::string_view kGroup = "3";  // of all clamp devices, jaws and centers
 
-/// Six decimals.
 std::string RealText(double value) {
   constexpr int kDecimals = 6;
-  std::array<char, 400> text;
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, kDecimals);
-  return {text.data(), end.ptr};
+  return FixedText(value, kDecimals);
 }
 
 void AddFacets(const modeller::Mesh& mesh, Lines& lines) {

@@ -1,14 +1,11 @@
 #include "geometry/number_form.h"
 
-#include <charconv>
+#include "base/number_text.h"
 
 namespace geometry {
 
 std::string General(double value, int digits) {
-  char buffer[64];  // 17 digits, a sign, a point and an exponent are all there is
-  const char* const end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits).ptr;
-  return {static_cast<const char*>(buffer), end};
+  return vanzet::GeneralText(value, digits);
 }
 
 std::string Short(double value) {

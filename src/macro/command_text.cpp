@@ -1,16 +1,12 @@
 #include "macro/command_text.h"
 
-#include <array>
-#include <charconv>
-#include <limits>
+#include "base/number_text.h"
 
 namespace vanzet::macro {
 
 std::string FormatReal(double value) {
-  // All digits of the largest double, its sign, a point and six decimals.
-  std::array<char, std::numeric_limits<double>::max_exponent10 + 10> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 6);
-  return {text.data(), end.ptr};
+  constexpr int kDecimals = 6;
+  return FixedText(value, kDecimals);
 }
 
 std::string FormatInt(std::int32_t value) {
