@@ -52,10 +52,6 @@ Device DeviceOf(const std::vector<std::string>& items) {
   return {ItemOf(items, 0), ParamsOf(ItemOf(items, 1))};
 }
 
-bool IsCenter(std::int32_t type) {
-  return type == 13 || type == 14 || type == 115;
-}
-
 void ReadCylinder(Fields& fields, Billet& billet) {
   for (double Billet::*const value : {&Billet::outerDiameter, &Billet::partLength, &Billet::frontAllowance,
                                       &Billet::rearAllowance, &Billet::innerDiameter}) {
@@ -150,7 +146,7 @@ Equipment ReadEquipment(const Definition& definition) {
   ReadDatum(ItemOf(ItemsOf(definition, kDatum, 1), 0), equipment);
   equipment.center = DeviceOf(ItemsOf(definition, kCenter, 1));
   Spindle& sub = equipment.spindles[1];
-  equipment.isCenterInSub = IsCenter(sub.clamp.params.type);
+  equipment.isCenterInSub = IsCenterType(sub.clamp.params.type);
   if (equipment.isCenterInSub) equipment.center = std::exchange(sub.clamp, {});
   return equipment;
 }

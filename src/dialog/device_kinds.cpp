@@ -5,8 +5,6 @@
 namespace vanzet::dialog {
 namespace {
 
-constexpr std::int32_t kChuck = 1;
-
 constexpr TypeRange kChucks[] = {{1, 1}, {103, 103}, {109, 109}};
 constexpr TypeRange kCollets[] = {{2, 2}, {105, 105}, {111, 111}};
 constexpr TypeRange kMandrels[] = {{3, 3}, {106, 106}, {112, 112}};
@@ -21,7 +19,7 @@ constexpr std::string_view kOnlyCenter = "Wrong clamp device! Only type Center i
 // clang-format off
 constexpr DeviceKind kKinds[] = {
     // kind                types         listed    class  message
-    { kChuck,               kChucks,      { 1,  1}, 0,     748, kOnlyChuck  },
+    { 1,                    kChucks,      { 1,  1}, 0,     748, kOnlyChuck  },
     { 2,                    kCollets,     { 2,  2}, 0,     748, kOnlyChuck  },
     { 3,                    kMandrels,    { 3,  3}, 0,     748, kOnlyChuck  },
     { 4,                    kFaceDrivers, { 4,  4}, 0,     748, kOnlyChuck  },
@@ -51,10 +49,6 @@ bool IsOfKind(std::int32_t kind, std::int32_t type) {
 const ClampOptions* FixedClampOptions(std::int32_t type) {
   const auto* const row = std::ranges::find(kOptions, type, &ClampOptions::type);
   return row == std::end(kOptions) ? nullptr : row;
-}
-
-bool IsChuckType(std::int32_t type) {
-  return IsOfKind(kChuck, type);
 }
 
 }  // namespace vanzet::dialog

@@ -49,7 +49,4 @@ const ClampOptions* FixedClampOptions(std::int32_t type);
 
 inline constexpr std::int32_t kFixedJaws = 3;
 
-/// Only these carry jaws.
-bool IsChuckType(std::int32_t type);
-
 }  // namespace vanzet::dialog

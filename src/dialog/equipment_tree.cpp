@@ -5,6 +5,7 @@
 
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
+#include "macro/tables/device_params.h"
 
 namespace vanzet::dialog {
 namespace {
@@ -81,7 +82,7 @@ void EquipmentTree::MarkClampNodes(std::int32_t spindle, std::int32_t deviceType
 }
 
 void EquipmentTree::MarkCenterNode(std::int32_t deviceType) {
-  Mark(kCenterNode, deviceType == 13 || deviceType == 14 || deviceType == 115);
+  Mark(kCenterNode, IsCenterType(deviceType));
 }
 
 void EquipmentTree::MarkBilletNodes(std::int32_t spindle, std::int32_t billetType) {

@@ -50,13 +50,9 @@ void ExportAndDelete(std::int32_t body, const std::string& path) {
   if (body > 0) hostFunctions.OrvoPsDeleteBody(body);
 }
 
-bool IsChuck(std::int32_t type) {
-  return type == 1 || type == 103 || type == 109;
-}
-
 /// How far behind its working face a device is clamped.
 double PlacementOf(const DeviceParams& device) {
-  return device.type == 13 || device.type == 14 || device.type == 115 ? device.A : device.B;
+  return IsCenterType(device.type) ? device.A : device.B;
 }
 
 /// The contour of a jaw and how thick it is to be made.
@@ -75,7 +71,7 @@ JawContour BuildOwnJaw(const DeviceParams& jaw) {
 /// Nothing for a device or a jaw that cannot be made here.
 std::optional<JawContour> BuildJawContour(BilletVdm& definition, std::int32_t spindle,
                                           const DeviceParams& device) {
-  if (IsChuck(device.type)) {
+  if (IsChuckType(device.type)) {
     std::string name;
     DeviceParams jaw;
     if (!definition.ReadJawItems(spindle, name, jaw)) jaw = {};

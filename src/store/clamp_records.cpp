@@ -21,10 +21,6 @@ std::int32_t ReadDevice(std::int32_t spur, DevicePlace place, std::string& name,
   return result;
 }
 
-bool IsCenter(const DeviceParams& params) {
-  return params.type == 13 || params.type == 14 || params.type == 115;
-}
-
 }  // namespace
 
 std::int32_t WriteClampDevice(std::int32_t spur, std::int32_t spindle, const std::string& name,
@@ -87,7 +83,7 @@ std::int32_t ReadCenter(std::int32_t spur, bool subSpindleAvailable, std::string
   return ReadRecord(spur, [&](BilletVdm& definition) {
     const DevicePlace place = CenterPlace(subSpindleAvailable);
     if (!definition.OperationExist(place.operation)) return false;
-    return definition.ReadDeviceAt(place, name, params) && IsCenter(params);
+    return definition.ReadDeviceAt(place, name, params) && IsCenterType(params.type);
   });
 }
 

@@ -34,4 +34,13 @@ constexpr bool IsOwnVdmType(std::int32_t type) {
   return bit < 13U && (kOwnTypes >> bit & 1U) != 0;
 }
 
+/// Whether jaws belong to a device of that type; 109 is an older code of 103.
+constexpr bool IsChuckType(std::int32_t type) {
+  return type == 1 || type == 103 || type == 109;
+}
+
+constexpr bool IsCenterType(std::int32_t type) {
+  return type == 13 || type == 14 || type == 115;
+}
+
 }  // namespace vanzet
