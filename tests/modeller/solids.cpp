@@ -1,19 +1,27 @@
 #include "modeller/solids.h"
 
+#include <BRepAdaptor_Curve.hxx>
 #include <BRepAlgoAPI_Common.hxx>
 #include <BRepAlgoAPI_Cut.hxx>
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_NurbsConvert.hxx>
 #include <BRepCheck_Analyzer.hxx>
+#include <BRepFilletAPI_MakeChamfer.hxx>
 #include <BRepFilletAPI_MakeFillet.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCone.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepPrimAPI_MakeHalfSpace.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepPrimAPI_MakeTorus.hxx>
+#include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
+#include <TopTools_ListOfShape.hxx>
 #include <TopoDS.hxx>
+#include <cmath>
 #include <gp_Pln.hxx>
+#include <numbers>
 
 #include "support/vdm_values.h"
 
@@ -52,6 +60,35 @@ TopoDS_Shape Casting() {
   }
   const gp_Ax2 middle(gp_Pnt(30, 20, -1), gp_Dir(0, 0, 1));
   return BRepAlgoAPI_Cut(rounding.Shape(), BRepPrimAPI_MakeCylinder(middle, 8, 40).Shape());
+}
+
+TopoDS_Shape ChuckBody() {
+  constexpr double kChamfer = 3, kBore = 40, kHole = 3, kHoleDepth = 20, kSink = 1;
+  constexpr int kRings = 4, kHolesInARing = 18;
+  const gp_Ax2 inwards(gp_Pnt(0, 0, 0), gp_Dir(-1, 0, 0));
+  const TopoDS_Shape disk = BRepPrimAPI_MakeCylinder(inwards, kChuckRadius, kChuckDepth);
+  BRepFilletAPI_MakeChamfer chamfer(disk);
+  TopTools_IndexedMapOfShape edges;
+  TopExp::MapShapes(disk, TopAbs_EDGE, edges);
+  for (int i = 1; i <= edges.Extent(); ++i) {
+    const TopoDS_Edge& edge = TopoDS::Edge(edges(i));
+    if (BRepAdaptor_Curve(edge).GetType() == GeomAbs_Circle) chamfer.Add(kChamfer, edge);
+  }
+  TopTools_ListOfShape body, holes;
+  body.Append(chamfer.Shape());
+  holes.Append(BRepPrimAPI_MakeCylinder(inwards, kBore, kChuckDepth).Shape());
+  for (int i = 0; i < kRings * kHolesInARing; ++i) {
+    const double radius = kBore + 10 + 9 * (i % kRings),
+                 angle = 2 * std::numbers::pi * (i / kRings) / kHolesInARing;
+    const gp_Ax2 place(gp_Pnt(0, radius * std::cos(angle), radius * std::sin(angle)), gp_Dir(-1, 0, 0));
+    holes.Append(BRepPrimAPI_MakeCylinder(place, kHole, kHoleDepth).Shape());
+    holes.Append(BRepPrimAPI_MakeCone(place, kHole + kSink, kHole, kSink).Shape());
+  }
+  BRepAlgoAPI_Cut cut;
+  cut.SetArguments(body);
+  cut.SetTools(holes);
+  cut.Build();
+  return cut.Shape();
 }
 
 TopoDS_Shape AsSplines(const TopoDS_Shape& shape) {

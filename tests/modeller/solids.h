@@ -24,6 +24,11 @@ TopoDS_Shape Brick(double x, double y, double z);
 /// A brick of 60 by 40 by 30 with all edges rounded and a bore of radius 8 through its middle, along z.
 TopoDS_Shape Casting();
 
+/// A chuck's body as a maker models one, some hundred faces: the axis is x, the face at x = 0 with chamfered
+/// edges, 90 deep, radius 100; a bore of 40, and 72 threaded holes in four rings, each countersunk.
+TopoDS_Shape ChuckBody();
+inline constexpr double kChuckRadius = 100, kChuckDepth = 90;
+
 /// The shape with all its surfaces and curves turned into splines.
 TopoDS_Shape AsSplines(const TopoDS_Shape& shape);
 
