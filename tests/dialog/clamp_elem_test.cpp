@@ -1,4 +1,4 @@
-#include "dialog/dialog_fixture.h"
+#include "dialog/clamp_elem_fixture.h"
 #include "support/golden.h"
 
 namespace vanzet::test {
@@ -10,42 +10,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr const char* kCatalogue =
-    "Chuck 1\n1 80 90 20\n"
-    "Collet 1\n2 1 2 3 4 5 6\n"
-    "Jaw A\n5 1 2 3 4 5 6 7 8\n"
-    "Chuck 2\n1 10 20 30\n"
-    "Jaw C\n12 1 2 3 4 5 6 7 8\n"
-    "Jaw B\n6 1 2 3 4 5 6 7 8\n"
-    "Center 2\n14 1 2 3 4 5 6 7 8 9\n"
-    "Center 1\n13 1 2 3 4 5 6 7\n"
-    "Own\n103 0 4\n"
-    "Mandrel 1\n3 1 2 3 4 5 6 7 8\n"
-    "Driver 1\n4 1 2 3 4 5 6 7 8 9\n";
-
-class ClampElem : public DialogTest {
- protected:
-  ClampElem() { WriteBytes(world.catalogue, kCatalogue); }
-
-  std::string& Item(std::size_t operation, std::size_t item) {
-    return host.vdms[1000].records[operation][item];
-  }
-
-  /// A prepared device's file with these facts.
-  void OwnFile(const std::string& path, const std::string& facts) {
-    world.files[path] = {{"2 1 0"}, {"2 1 4 1 2 1 0", "Label", "#VRML V2.0 utf8\n", "}\n", facts}};
-  }
-  void HoldsAChuckWithAJaw() {
-    Item(1, 2) = "Chuck 1";
-    Item(1, 3) = "1 80 90 20";
-    Item(1, 4) = "1 4";
-    Item(1, 5) = "Jaw A";
-    Item(1, 6) = "5 1 2 3";
-  }
-  const std::string empty =
-      "0 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000";
-};
-
 TEST_F(ClampElem, ShowsTheChuckOfTheDefinition) {
   Item(1, 2) = "Chuck 2";
   Item(1, 3) = "1 10.5 20 30";
@@ -55,17 +19,6 @@ TEST_F(ClampElem, ShowsTheChuckOfTheDefinition) {
 TEST_F(ClampElem, ShowsTheJawWithItsOptions) {
   HoldsAChuckWithAJaw();
   EXPECT_GOLDEN(Readable(Run("select 4\nstate\n")), "dialog/clamp_elem_jaw.transcript");
-}
-
-TEST_F(ClampElem, ShowsAnOwnDeviceByItsPath) {
-  Item(1, 2) = "C:\\shop\\chuck.vdm";
-  Item(1, 3) = "103 0 12";
-  const Ran ran = Run("select 3\nstate\n");
-  EXPECT_EQ(ran.TextOf(2021), "C:\\shop\\chuck.vdm");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.TextOf(2033), "12");
-  EXPECT_EQ(ran.Control(2033)["enabled"], false);
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 2055);
 }
 
 TEST_F(ClampElem, ListsTheDevicesOfItsKind) {
@@ -165,12 +118,6 @@ TEST_F(ClampElem, ADeviceOfTheCatalogueCarriesTheDefinitionsValuesUntilTheDialog
   EXPECT_EQ(ReadBytes(world.catalogue), kCatalogue);
   Item(1, 3) = "0";
   EXPECT_EQ(Run("select 3\nchoose 2124 1\nstate\n").TextOf(2031), "10");
-}
-
-TEST_F(ClampElem, AnOwnDeviceIsNotEnteredInTheCatalogue) {
-  Item(1, 2) = "/own.vdm";
-  Item(1, 3) = "103 7 8";
-  EXPECT_EQ(Run("select 3\nstate\n").Control(2124)["items"], json({"Chuck 1", "Chuck 2"}));
 }
 
 TEST_F(ClampElem, AChoiceTakesTheValuesOfTheCatalogue) {
@@ -284,128 +231,6 @@ TEST_F(ClampElem, StopsAtWhatIsNoNumberForBothButtons) {
                             "closed end-of-script"));
   }
   EXPECT_THAT(world.Stored(), IsEmpty());
-}
-
-TEST_F(ClampElem, BrowsingStoresNothing) {
-  HoldsAChuckWithAJaw();
-  Item(1, 2) = "Chuck 1";
-  const Ran ran = Run("select 3\nfile \"C:\\\\own.vdm\"\npress 2000\nstate\n");
-  EXPECT_EQ(ran.TextOf(2021), "C:\\own.vdm");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 2055);
-  EXPECT_EQ(ran.TextOf(2031), "0");
-  EXPECT_EQ(ran.Control(2031)["enabled"], false);
-  EXPECT_EQ(Item(1, 3), "1 80 90 20");
-  EXPECT_THAT(ran.transcript,
-              Contains(R"({"event":"file-dialog","kind":"open","filter":"","default_extension":"vdm",)"
-                       R"("start_folder":"","suggested":"*.vdm","result":"C:\\own.vdm"})"));
-}
-
-TEST_F(ClampElem, ACancelledBrowseChangesNothing) {
-  HoldsAChuckWithAJaw();
-  const Ran ran = Run("select 3\nset 2021 typed\npress 2000\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "open -", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2021), "typed");
-  EXPECT_EQ(ran.Control(2124)["selected"], 0);
-}
-
-TEST_F(ClampElem, StoresAnOwnChuckWithItsSimulationData) {
-  OwnFile("/own.vdm", "3 0 -12.5 7");
-  const Ran ran = Run("select 3\nset 2021 /own.vdm\npress 2155\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "closed end-of-script"));
-  EXPECT_EQ(Item(1, 2), "/own.vdm");
-  EXPECT_EQ(Item(1, 3), "103 0.000000 12.500000");
-  EXPECT_EQ(host.ItemsOf(1000, 5)[2], "#VRML V2.0 utf8\n");
-  EXPECT_THAT(ran.Bold(), ElementsAre(3));
-  EXPECT_EQ(ran.TextOf(2033), "12.5");
-  EXPECT_EQ(host.vdms[1900].handle, 0U) << "the collector is closed";
-}
-
-TEST_F(ClampElem, StoresEachKindOfOwnDevice) {
-  world.SetMachine({.sub = true, .tail = true});
-  OwnFile("/clamp.vdm", "3 0 5");
-  OwnFile("/jaw.vdm", "3 1 -6 7");
-  OwnFile("/center.vdm", "3 3 -8 9");
-  const auto stored = [&](int node, const char* path) {
-    Run("select " + std::to_string(node) + "\nset 2021 " + path + "\npress 2155\n");
-  };
-  stored(11, "/clamp.vdm");
-  EXPECT_EQ(Item(2, 3), "105 0.000000 5.000000");
-  EXPECT_EQ(Item(2, 4), "0 3");
-  stored(12, "/clamp.vdm");
-  EXPECT_EQ(Item(2, 3), "106 0.000000 5.000000");
-  EXPECT_EQ(Item(2, 4), "1 3");
-  stored(13, "/clamp.vdm");
-  EXPECT_EQ(Item(2, 3), "107 0.000000 5.000000");
-  stored(10, "/jaw.vdm");
-  EXPECT_EQ(Item(2, 6), "104 0.000000 6.000000");
-  stored(15, "/center.vdm");
-  EXPECT_EQ(Item(10, 3), "115 9.000000 8.000000");
-  EXPECT_EQ(host.ItemsOf(1000, 9)[2], "#VRML V2.0 utf8\n");
-}
-
-TEST_F(ClampElem, RefusesADeviceOfAnotherClass) {
-  world.SetMachine({.tail = true});
-  const auto boxFor = [&](int node, const char* facts) {
-    OwnFile("/own.vdm", facts);
-    return Run("select " + std::to_string(node) + "\nset 2021 /own.vdm\npress 2155\n").events.at(1);
-  };
-  for (const int node : {3, 5, 6, 7}) {
-    for (const char* facts : {"3 1 5", "3 3 5", "2 0 5", "3 2", ""}) {
-      EXPECT_EQ(boxFor(node, facts), "box 0 Wrong chuck device! Only type Chuck is allowed.")
-          << node << facts;
-    }
-  }
-  for (const char* facts : {"3 0 5", "3 3 5", "1 1 5"}) {
-    EXPECT_EQ(boxFor(4, facts), "box 0 Wrong jaw device! Only type Jaw is allowed.");
-  }
-  for (const char* facts : {"3 0 5", "3 1 5", "1 3 5"}) {
-    EXPECT_EQ(boxFor(15, facts), "box 0 Wrong clamp device! Only type Center is allowed.");
-  }
-  EXPECT_THAT(world.Stored(), IsEmpty());
-  EXPECT_EQ(host.vdms[1900].handle, 0U);
-}
-
-TEST_F(ClampElem, RefusesAPathThatIsNoVdmAndLosesTheCollector) {
-  world.NewDefinition(1900);
-  EXPECT_THAT(Run("select 3\nset 2021 /own.txt\npress 2155\n").events,
-              ElementsAre("focus 2158", "box 0 Invalid VDM-Name!",
-                          "box 0 Invalid 3D-Geometry for clampdevice!Clampdevice can't be used.",
-                          "closed end-of-script"));
-  EXPECT_FALSE(host.vdms.contains(1900));
-  EXPECT_THAT(world.Stored(), IsEmpty());
-}
-
-TEST_F(ClampElem, RefusesAFileThatDoesNotLoadAndACollectorThatDoesNotOpen) {
-  constexpr const char* kInvalid = "box 0 Invalid 3D-Geometry for clampdevice!Clampdevice can't be used.";
-  EXPECT_THAT(Run("select 3\nset 2021 /none.vdm\npress 2155\n").events,
-              ElementsAre("focus 2158", kInvalid, "closed end-of-script"));
-  OwnFile("/own.vdm", "3 0 5");
-  const auto onCommand = host.onCommand;
-  host.onCommand = [&](const std::string& line) {
-    onCommand(line);
-    if (line.starts_with("vdm load")) host.vdms[1900].openElsewhere = true;
-  };
-  EXPECT_THAT(Run("select 3\nset 2021 /own.vdm\npress 2155\n").events, Contains(kInvalid));
-  EXPECT_THAT(world.Stored(), IsEmpty());
-}
-
-TEST_F(ClampElem, GoesOnWithTheCollectorsNumberThatCannotBeRead) {
-  host.integers.erase("i_tool_collect_vdm");
-  OwnFile("/own.vdm", "3 0 5");
-  const Ran ran = Run("select 3\nset 2021 /own.vdm\npress 2155\n");
-  EXPECT_THAT(ran.events,
-              Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_tool_collect_vdm"));
-  EXPECT_EQ(Item(1, 3), "103 0.000000 5.000000");
-}
-
-TEST_F(ClampElem, ACentreFromAVdmCanBeStoredAgainWithOtherValues) {
-  world.SetMachine({.sub = true, .tail = true});
-  Item(10, 2) = "/center.vdm";
-  Item(10, 3) = "115 9 8";
-  Run("select 15\nset 2031 10\npress 2154\n");
-  EXPECT_EQ(Item(10, 2), "/center.vdm");
-  EXPECT_EQ(Item(10, 3), "115 10.000000 8.000000");
 }
 
 TEST_F(ClampElem, ACentreBesideASubSpindleLeavesTheSubSpindlesJawAlone) {

@@ -127,31 +127,5 @@ TEST_F(MenuTest, ADeleteWithoutADefinitionSaysSoAndChangesNothing) {
   EXPECT_TRUE(host.vdms.empty());
 }
 
-class SpurTest : public DialogTest {};
-
-TEST_F(SpurTest, AChangeRefreshesMarksAndPageAndKeepsTheSelection) {
-  world.SetMachine({.sub = true, .spurs = 2});
-  host.vdms[2000].records[2][8] = "1 55 100 0 0 0 0";
-  const Ran ran =
-      Run("select 23\nset 2022 7\nstate\nchoose 2020 1\nstate\nchoose 2020 \"Spindle 1\"\nstate\n");
-  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "closed end-of-script"));
-  EXPECT_EQ(ran.states[0]["controls"]["2022"]["text"], "7");
-  EXPECT_EQ(ran.states[1]["controls"]["2022"]["text"], "55");
-  EXPECT_EQ(ran.states[1]["spur"], 1);
-  EXPECT_EQ(ran.states[1]["selected"], 23);
-  EXPECT_EQ(ran.states[1]["spindle"], 1);
-  EXPECT_EQ(ran.states[2]["controls"]["2022"]["text"], "0");
-  EXPECT_THAT(ran.Bold(), IsEmpty());
-}
-
-TEST_F(SpurTest, WithoutASelectionItStandsForTheFirst) {
-  world.SetMachine({.spurs = 2});
-  host.vdms[1000].records[4][2] = "1";
-  host.vdms[1000].records[1][8] = "1 80 100";
-  const Ran ran = Run("choose 2020 1\nchoose 2020 -1\nstate\n");
-  EXPECT_EQ(ran.State()["spur"], -1);
-  EXPECT_THAT(ran.Bold(), ElementsAre(19));
-}
-
 }  // namespace
 }  // namespace vanzet::test

@@ -1,8 +1,11 @@
 #include "dialog/tree_nodes.h"
 
 #include <set>
+#include <utility>
 
 #include "dialog/dialog_fixture.h"
+#include "host/messages.h"
+#include "support/golden.h"
 
 namespace vanzet::test {
 namespace {
@@ -47,6 +50,20 @@ class TreeTest : public DialogTest {
     return ids;
   }
 
+  /// Where each record lies that the start of the dialog reads.
+  std::vector<int> OperationsRead(const DialogWorld::Machine& machine) {
+    world.SetMachine(machine);
+    Run("");
+    std::vector<int> operations;
+    bool isFirst = false;
+    for (const std::string& call : host.TakeCalls("OrvoMacroVdm")) {
+      if (call.starts_with("OrvoMacroVdmOpen")) isFirst = true;
+      if (!call.starts_with("OrvoMacroVdmSeek") || !std::exchange(isFirst, false)) continue;
+      operations.push_back(std::stoi(call.substr(call.find(',') + 1)));
+    }
+    return operations;
+  }
+
   /// The numbers of a list of ranges.
   static std::vector<int> Ranges(const std::vector<std::pair<int, int>>& ranges) {
     std::vector<int> ids;
@@ -75,24 +92,20 @@ TEST_F(TreeTest, DoesNotDependOnTheCountOfSpurs) {
   EXPECT_EQ(Ids({.spurs = 3}), Ids({}));
 }
 
-TEST_F(TreeTest, IsTheOneOfTheTable) {
+TEST_F(TreeTest, HasTheTextsParentsAndBitmapsOfItsNodes) {
   world.SetMachine({.sub = true, .tail = true, .lun = true});
+  const json plain = Run("state\n").State()["tree"];
+  for (const host::Message& message : host::Messages()) {
+    host.translations[message.id] = std::to_string(message.id);
+  }
+  const json translated = Run("state\n").State()["tree"];
   std::string lines;
-  const Ran ran = Run("state\n");
-  for (const json& node : ran.State()["tree"]) {
-    lines += node["id"].dump() + " " + node["parent"].dump() + " " + std::string(node["text"]) +
-             (node["bold"] ? " bold" : "") + (node["open"] ? " open " : " ") + node["bitmaps"].dump() + "\n";
+  for (std::size_t i = 0; i < plain.size(); ++i) {
+    lines += plain[i]["id"].dump() + " in " + plain[i]["parent"].dump() + ": " +
+             std::string(translated[i]["text"]) + " " + plain[i]["text"].dump() + " " +
+             plain[i]["bitmaps"].dump() + "\n";
   }
-  EXPECT_EQ(lines.substr(0, lines.find("\n3 ") + 1),
-            "1 0 Clampdevice open [2100,2100]\n2 1 Mainspindle open [2088,2089]\n");
-  for (const char* line :
-       {"\n10 9 Jaw [2104,2105]\n", "\n23 22 Billet cylindric Sub [2076,2077]\n",
-        "\n25 22 Billet from Solid [2084,2085]\n", "\n32 30 Finishpart from Solid [2082,2083]\n",
-        "\n33 0 Root Datum open [2100,2100]\n", "\n35 0 Create new Clampdevice [2100,2100]\n",
-        "\n40 35 Jaw [2102,2103]\n", "\n48 40 Jaw 8 [2102,2103]\n", "\n49 35 Center [2086,2087]\n",
-        "\n51 49 Center 2 [2086,2087]\n"}) {
-    EXPECT_NE(lines.find(line), std::string::npos) << line << lines;
-  }
+  EXPECT_GOLDEN(lines, "dialog/tree.txt");
 }
 
 TEST_F(TreeTest, OpensEveryBranchButTheOneOfNewDevices) {
@@ -177,19 +190,47 @@ struct Mark {
 
 TEST_F(TreeTest, BoldSaysWhatExists) {
   const std::vector<Mark> marks = {
-      {1, 3, "1 80 90", {3}},      {1, 3, "103 0 5", {3}},     {1, 3, "109 0 5", {3}},
-      {1, 3, "2 80 90", {5}},      {1, 3, "105 0 5", {5}},     {1, 3, "3 80 90", {6}},
-      {1, 3, "106 0 5", {6}},      {1, 3, "4 80 90", {7}},     {1, 3, "107 0 5", {7}},
-      {1, 3, "13 80 90", {}},      {1, 6, "5 80 90", {4}},     {1, 6, "104 0 5", {4}},
-      {2, 3, "1 80 90", {9}},      {2, 3, "105 0 5", {11}},    {2, 3, "106 0 5", {12}},
-      {2, 3, "4 1 1", {13}},       {2, 6, "12 80 90", {10}},   {10, 3, "13 80 90", {15}},
-      {10, 3, "14 80 90", {15}},   {10, 3, "115 80 90", {15}}, {10, 3, "1 80 90", {}},
-      {1, 8, "1 80 90", {19}},     {1, 8, "2 0 90", {20}},     {1, 8, "3 0 90", {21}},
-      {1, 8, "4 0 90", {}},        {2, 8, "1 80 90", {23}},    {2, 8, "2 0 90", {24}},
-      {2, 8, "3 0 90", {25}},      {16, 2, "1", {28}},         {16, 2, "2", {29}},
-      {17, 2, "1", {31}},          {17, 2, "2", {32}},         {4, 2, "1", {16}},
-      {4, 2, "2", {16}},           {4, 2, "-1", {}},           {3, 2, "1 0 0 0 0 5", {34}},
-      {3, 2, "1 0 5 5 5 5", {34}}, {3, 2, "1 0 0 0 0 0", {}},
+      {1, 3, "1 80 90", {3}},
+      {1, 3, "103 0 5", {3}},
+      {1, 3, "109 0 5", {3}},
+      {1, 3, "2 80 90", {5}},
+      {1, 3, "105 0 5", {5}},
+      {1, 3, "3 80 90", {6}},
+      {1, 3, "106 0 5", {6}},
+      {1, 3, "4 80 90", {7}},
+      {1, 3, "107 0 5", {7}},
+      {1, 3, "13 80 90", {}},
+      {1, 6, "5 80 90", {4}},
+      {1, 6, "104 0 5", {4}},
+      {2, 3, "1 80 90", {9}},
+      {2, 3, "105 0 5", {11}},
+      {2, 3, "106 0 5", {12}},
+      {2, 3, "4 1 1", {13}},
+      {2, 6, "12 80 90", {10}},
+      {10, 3, "13 80 90", {15}},
+      {10, 3, "14 80 90", {15}},
+      {10, 3, "115 80 90", {15}},
+      {10, 3, "1 80 90", {}},
+      {1, 8, "1 80 90", {19}},
+      {1, 8, "2 0 90", {20}},
+      {1, 8, "3 0 90", {21}},
+      {1, 8, "4 0 90", {}},
+      {2, 8, "1 80 90", {23}},
+      {2, 8, "2 0 90", {24}},
+      {2, 8, "3 0 90", {25}},
+      {16, 2, "1", {28}},
+      {16, 2, "2", {29}},
+      {17, 2, "1", {31}},
+      {17, 2, "2", {32}},
+      {4, 2, "1", {16}},
+      {4, 2, "2", {16}},
+      {4, 2, "-1", {}},
+      {3, 2, "1 0 0 0 0 5", {34}},
+      {3, 2, "1 0 5 5 5 5", {34}},
+      {3, 2, "1 0 0 0 0 0", {}},
+      {3, 2, "1 0 5 0 0 0", {34}},
+      {3, 2, "1 0 0 5 0 0", {34}},
+      {3, 2, "1 0 0 0 5 0", {34}},
   };
   for (const Mark& mark : marks) {
     world.SetMachine({.sub = true, .tail = true, .lun = true});
@@ -198,6 +239,13 @@ TEST_F(TreeTest, BoldSaysWhatExists) {
     record[mark.item] = mark.text;
     EXPECT_EQ(Run("state\n").Bold(), mark.bold) << mark.operation << ": " << mark.text;
   }
+}
+
+TEST_F(TreeTest, TheMarksComeOfOneRecordAfterTheOther) {
+  // Of each spindle device, jaw, billet and finished part; the centre, the datum, the steady rest.
+  EXPECT_THAT(OperationsRead({.sub = true, .tail = true, .lun = true}),
+              ElementsAre(1, 1, 1, 16, 2, 2, 2, 17, 10, 3, 4));
+  EXPECT_THAT(OperationsRead({.tail = true}), ElementsAre(1, 1, 1, 16, 2, 3, 4));
 }
 
 TEST_F(TreeTest, TheCentreOfAMachineWithoutASubSpindleIsInTheSubSpindlesPlace) {

@@ -38,6 +38,7 @@ TEST(ScriptWords, EndAtAComment) {
   EXPECT_THAT(Words("# all of it"), IsEmpty());
   EXPECT_THAT(Words("close # the rest"), ElementsAre("close"));
   EXPECT_THAT(Words("file \"a\"# the rest"), ElementsAre("file", "a"));
+  EXPECT_THAT(Words("press 2016# the rest"), ElementsAre("press", "2016"));
 }
 
 TEST(ScriptWords, InQuotesMayHoldBlanksHashesAndEscapes) {

@@ -25,7 +25,7 @@ class Words {
  private:
   Result<ScriptWord> Plain() {
     const std::size_t start = at_;
-    while (at_ < line_.size() && !IsBlank(line_[at_])) ++at_;
+    while (at_ < line_.size() && !IsBlank(line_[at_]) && line_[at_] != '#') ++at_;
     return ScriptWord{std::string(line_.substr(start, at_ - start))};
   }
 
