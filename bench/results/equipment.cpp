@@ -39,15 +39,20 @@ Result<modeller::Body> BodyOf(const project::Project& project, const std::string
 
 }  // namespace
 
-Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
-                                 const modeller::Exchange& exchange) {
+Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
+                             const modeller::Exchange& exchange) {
   const auto definition = DefinitionOf(project, spur);
   if (!definition) return definition.fault();
   contour::UseMillimetres();
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
                                   [&](const std::string& name) { return BodyOf(project, name, exchange); },
                                   exchange};
-  auto made = scene::MakeScene(*definition, sources);
+  return scene::MakeScene(*definition, sources);
+}
+
+Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
+                                 const modeller::Exchange& exchange) {
+  auto made = SceneOf(project, spur, exchange);
   if (made && made->bodies.empty()) {
     return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
   }
