@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <map>
 
 #include "window/icons.h"
@@ -122,6 +123,10 @@ void Actions::MakeAction(const ActionRow& row, QToolBar& bar) {
   if (row.isInToolBar) {
     if (row.beginsGroup || row.command == Command::kDefinition) bar.addSeparator();
     bar.addAction(action);
+    // What the program is for has its name beside it.
+    auto* const button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+    const bool isMain = row.command == Command::kDefinition;
+    button->setToolButtonStyle(isMain ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
   }
   if (row.form != 'm')
     connect(action, &QAction::triggered, this, [this, &row] { emit Triggered(row.command); });

@@ -49,7 +49,7 @@ DefinitionDock::DefinitionDock(const Words& words, QWidget* parent)
   tree_->setAlternatingRowColors(true);
   tree_->setUniformRowHeights(true);
   tree_->header()->setStretchLastSection(true);
-  tree_->header()->resizeSection(0, 210);
+  tree_->header()->resizeSection(0, 230);
   setWidget(tree_);
   connect(tree_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
     while (item->parent() != nullptr) item = item->parent();

@@ -62,6 +62,7 @@ void MainWindow::MakeViews() {
   drawingPane_ = new ViewPane(drawing_, this);
   equipmentPane_ = new ViewPane(equipment_, this);
   spurs_ = new QComboBox;
+  spurs_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   equipmentPane_->Add(spurs_);
   for (const Command command : {Command::kIso, Command::kFront, Command::kTop, Command::kRight,
                                 Command::kSection, Command::kPerspective}) {
@@ -96,7 +97,7 @@ void MainWindow::MakeDocks() {
   addDockWidget(Qt::BottomDockWidgetArea, messages_);
   addDockWidget(Qt::RightDockWidgetArea, choice_);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-  resizeDocks({definition_, layers_}, {340, 340}, Qt::Horizontal);
+  resizeDocks({definition_, layers_}, {370, 370}, Qt::Horizontal);
   resizeDocks({definition_, layers_}, {600, 180}, Qt::Vertical);
   resizeDocks({messages_}, {150}, Qt::Vertical);
 }

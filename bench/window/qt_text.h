@@ -13,8 +13,8 @@ inline QString Shown(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 template <class Path>
-  requires std::same_as<Path, std::filesystem::path>  // not what could be turned into one
-QString Shown(const Path& path) {
+requires std::same_as<Path, std::filesystem::path>  // not what could be turned into one
+    QString Shown(const Path& path) {
   return Shown(std::string_view(path.string()));
 }
 inline std::filesystem::path PathOf(const QString& text) {

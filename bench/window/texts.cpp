@@ -82,7 +82,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kTreeContent, "Content",                                  "Inhalt" },
     { Text::kSpur,        "Spur %1",                                  "Spindelstrang %1" },
     { Text::kNoDefinition,"no definition yet",                        "noch keine Definition" },
-    { Text::kVdmAndVersion,"VDM %1, version %2",                       "VDM %1, Version %2" },
+    { Text::kVdmAndVersion,"VDM %1, v%2",                       "VDM %1, v%2" },
     { Text::kDamaged,     "damaged: %1",                              "beschädigt: %1" },
     { Text::kSection,     "Section %1",                               "Abschnitt %1" },
     { Text::kItems,       "items: %1",                                "Einträge: %1" },
