@@ -12,12 +12,12 @@ namespace {
 constexpr std::int32_t kNoBody = 0;
 
 /// The body that is picked next. A pick that is cancelled or cannot be done gives none.
-std::int32_t PickBody(Host& host) {
-  const auto pick = host.picks.Next(drawing::Pick::Kind::kObject);
+std::int32_t PickBody(std::string_view prompt, Host& host) {
+  const auto pick = host.picks->Next({drawing::Pick::Kind::kObject, std::string(prompt)});
   if (!Told(host, pick) || pick->kind != drawing::Pick::Kind::kObject) return kNoBody;
   const auto body = host.BodyNamed(pick->name);
   if (body) return *body;
-  host.panel.Tell(host.picks.At(*pick, body.fault().Told()));
+  host.panel.Tell(host.picks->At(*pick, body.fault().Told()));
   return kNoBody;
 }
 
@@ -33,7 +33,7 @@ std::optional<modeller::Body> Find(Host& host, std::int32_t number) {
 extern "C" {
 
 void OrvoClearSelection() {
-  // Picks from a file mark nothing.
+  // Picks leave no marks.
   Answer("OrvoClearSelection", Json::array(), [](Host&, Json&) {});
 }
 
@@ -41,7 +41,7 @@ void OrvoSelectOneObject(std::int32_t zero, std::int32_t filterMask, const char*
                          std::int32_t* object) {
   // Objects are numbered as the bodies that they are.
   Answer("OrvoSelectOneObject", {zero, filterMask, TextOf(prompt)}, [&](Host& host, Json& out) {
-    const std::int32_t picked = PickBody(host);
+    const std::int32_t picked = PickBody(TextOf(prompt), host);
     Put(object, picked);
     out = {picked};
   });

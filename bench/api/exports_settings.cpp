@@ -31,9 +31,10 @@ const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defa
 }
 
 void* OrvoGetStructPtr(const char* name) {
-  // What modules know of the structure: its second member is the main window, of which there is none.
+  // What modules know of the structure: its second member is the main window.
   static void* dllVars[2] = {};
   return Answer("OrvoGetStructPtr", {TextOf(name)}, [&](Host& host, Json&) -> void* {
+    dllVars[1] = host.mainWindow;
     if (TextOf(name) == "DLLVARSXX") return static_cast<void*>(dllVars);
     host.panel.Tell(Fault{"there is no structure '" + std::string(TextOf(name)) + "'"});
     return nullptr;
@@ -41,7 +42,7 @@ void* OrvoGetStructPtr(const char* name) {
 }
 
 void* OrvoGetWnd(std::int32_t selector) {
-  // There is no window; boxes stand alone.
-  return Answer("OrvoGetWnd", {selector}, [](Host&, Json&) -> void* { return nullptr; });
+  // There is one window at most. Without it boxes stand alone.
+  return Answer("OrvoGetWnd", {selector}, [](Host& host, Json&) { return host.mainWindow; });
 }
 }

@@ -21,7 +21,7 @@ Result<void> Named(const Result<void>& run, const std::string& line) {
 }  // namespace
 
 Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
-           std::unique_ptr<Trace> theTrace)
+           std::unique_ptr<CallLog> theTrace)
     : project(theProject),
       panel(thePanel),
       trace(std::move(theTrace)),
@@ -49,7 +49,7 @@ Result<void> Host::Macro(std::string_view name, std::string_view arguments) {
 }
 
 Result<std::int32_t> Host::BodyNamed(std::string_view name) {
-  return modeller::NumberOfNamed(name, bodies, project.folder() / "bodies", modeller::Exchange::OfProcess());
+  return modeller::NumberOfNamed(name, bodies, project.folder() / "bodies", exchange);
 }
 
 std::string Host::Environment(std::string_view key) {

@@ -30,7 +30,7 @@ namespace vanzet::api {
 class Host final : public language::Workplace {
  public:
   /// `trace` may be null: calls are then not written down.
-  Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<Trace> trace);
+  Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<CallLog> trace);
 
   /// Keeps the drawing, and tells on the panel when it cannot be kept.
   ~Host() override;
@@ -60,22 +60,27 @@ class Host final : public language::Workplace {
 
   const project::Project& project;
   project::MessagePanel& panel;
-  const std::unique_ptr<Trace> trace;
+  const std::unique_ptr<CallLog> trace;
   project::Variables variables;
   vdm::VdmStore store;
   RawStores rawStores{store};
   project::RunFolder runFolder;
   drawing::Board board;
-  drawing::Picks picks;  ///< that serve instead of a mouse
+  /// Who answers picks: at first nobody, and each is cancelled. Never null.
+  std::unique_ptr<drawing::PickSource> picks = std::make_unique<drawing::Picks>();
   modeller::BodyTable bodies;
-  const modeller::MeshTolerance mesh;  ///< of exported bodies
+  const modeller::MeshTolerance mesh;                             ///< of exported bodies
+  modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder
+
+  /// What modules are told of the host's main window, which boxes stand in front of; null: there is none.
+  void* mainWindow = nullptr;
 
   /// The text that a function returned last. Callers copy it at once.
   std::string returnedText;
 
  private:
   language::Surroundings Surroundings() {
-    return {variables, store, project.paths(), board, picks, bodies, mesh, *this};
+    return {variables, store, project.paths(), board, *picks, bodies, mesh, *this};
   }
 
   project::SettingsFile settings_;

@@ -18,8 +18,8 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 constexpr void (*kCommands[])(CLI::App&, Context&) = {
-    AddNew,     AddUpgrade, AddScript, AddShow,    AddItems,      AddVdm,    AddCommand,
-    AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
+    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddItems,      AddVdm,
+    AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
 };
 
 /// Operands by their names alone: "[PROJECT]" where one may be left out.

@@ -44,7 +44,7 @@ Result<void> Command(const Arguments& arguments, Context& context) {
   if (!arguments.picks.empty()) {
     auto picks = drawing::Picks::ReadFile(arguments.picks);
     if (!picks) return picks.fault();
-    host.picks = std::move(*picks);
+    host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
   }
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
   const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);

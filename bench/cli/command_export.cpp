@@ -3,12 +3,11 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/equipment.h"
+#include "results/equipment.h"
+#include "results/equipment_files.h"
 
 namespace vanzet::cli {
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Arguments {
   std::string project = ".";
@@ -17,48 +16,14 @@ struct Arguments {
   std::int32_t spur = 0;
 };
 
-std::vector<modeller::NamedBody> NamedBodies(const scene::Scene& scene, modeller::ExportFormat format) {
-  std::vector<modeller::NamedBody> bodies;
-  for (const scene::SceneBody& body : scene.bodies) {
-    const bool isExact = format == modeller::ExportFormat::kStep && body.exact;
-    bodies.push_back(
-        {body.name, isExact ? *body.exact : body.body, body.placement, scene::ColourOf(body.kind)});
-  }
-  return bodies;
-}
-
-/// "main jaw 1": main-jaw-1.step
-fs::path FileNameOf(const std::string& name, modeller::ExportFormat format) {
-  std::string stem = name;
-  std::ranges::replace(stem, ' ', '-');
-  return stem + std::string(modeller::EndingOf(format));
-}
-
-/// A file with all bodies, and one for each.
-Result<void> ExportAll(const std::vector<modeller::NamedBody>& bodies, modeller::ExportFormat format,
-                       const fs::path& folder) {
-  const auto exchange = modeller::Exchange::OfProcess();
-  const auto done = modeller::Export(bodies, format, folder / FileNameOf("equipment", format), {}, exchange);
-  if (!done) return done;
-  for (const modeller::NamedBody& body : bodies) {
-    const auto written =
-        modeller::Export({body}, format, folder / FileNameOf(body.name, format), {}, exchange);
-    if (!written) return written;
-  }
-  return {};
-}
-
 Result<void> ExportEquipment(const Arguments& arguments, const Context& context) {
   const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
-  const auto scene = EquipmentOf(*project, arguments.spur);
+  const auto exchange = modeller::Exchange::OfProcess();
+  const auto scene = results::EquipmentOf(*project, arguments.spur, exchange);
   if (!scene) return scene.fault();
-  const fs::path folder = PathMap::OfProcess().Resolve(arguments.out);
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (!fs::is_directory(folder)) return Fault{"the folder cannot be made", folder.string()};
-  const modeller::ExportFormat format = *modeller::FormatNamed(arguments.format);
-  return ExportAll(NamedBodies(*scene, format), format, folder);
+  return results::WriteEquipment(*scene, *modeller::FormatNamed(arguments.format),
+                                 PathMap::OfProcess().Resolve(arguments.out), exchange);
 }
 
 }  // namespace

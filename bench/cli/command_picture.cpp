@@ -4,10 +4,10 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/equipment.h"
-#include "cli/png.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
+#include "results/equipment.h"
+#include "results/png.h"
 #include "scene/picture.h"
 #include "vdm/file_replacement.h"
 
@@ -43,7 +43,7 @@ Result<std::string> Draw(const Arguments& arguments, const project::Project& pro
   drawing::Board board(project.folder());
   if (const auto loaded = board.Load(); !loaded) return loaded.fault();
   auto svg = drawing::PictureSvg(board.drawing(), arguments.options);
-  return svg && IsPng(arguments.out) ? PngOf(*svg) : svg;
+  return svg && IsPng(arguments.out) ? results::PngOf(*svg) : svg;
 }
 
 /// The equipment as PNG. A size that is left out is that of a picture 3 to 2.
@@ -54,11 +54,11 @@ Result<std::string> DrawEquipment(const Arguments& arguments, const project::Pro
   if (height) options.width = *height * 3 / 2;
   if (width) options.width = *width;
   options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
-  const auto scene = EquipmentOf(project, arguments.spur);
+  const auto scene = results::EquipmentOf(project, arguments.spur, modeller::Exchange::OfProcess());
   if (!scene) return scene.fault();
   const auto picture = scene::Draw(*scene, options);
   if (!picture) return picture.fault();
-  return PngOf(*picture);
+  return results::PngOf(*picture);
 }
 
 Result<void> Picture(const Arguments& arguments, const Context& context) {

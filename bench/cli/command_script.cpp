@@ -44,7 +44,7 @@ Result<void> TakePicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
   auto picks = drawing::Picks::ReadFile(file);
   if (!picks) return picks.fault();
-  host.picks = std::move(*picks);
+  host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
   return {};
 }
 

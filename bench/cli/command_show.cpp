@@ -6,7 +6,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
-#include "project/definition.h"
+#include "results/definitions.h"
 
 namespace vanzet::cli {
 namespace {
@@ -17,42 +17,13 @@ struct Arguments {
   bool json = false;
 };
 
-/// One spur and its definition, when it has one.
-struct Spur {
-  std::int32_t index;
-  std::uint32_t vdm;
-  std::optional<project::Definition> definition;
-};
+using Spurs = std::vector<results::SpurDefinition>;
 
-Result<Spur> ReadSpur(std::int32_t index, const project::Project& project, const vdm::VdmStore& store) {
-  Spur spur{index, project.DefinitionOf(index), std::nullopt};
-  const auto numbers = store.Numbers();
-  if (!numbers) return numbers.fault();
-  if (std::ranges::find(*numbers, vdm::Number{spur.vdm}) == numbers->end()) return spur;
-  const auto content = store.Snapshot(spur.vdm);
-  if (!content) return content.fault();
-  auto definition = project::ReadDefinition(*content);
-  if (!definition) return definition.fault();
-  spur.definition = std::move(*definition);
-  return spur;
-}
-
-Result<std::vector<Spur>> ReadSpurs(const Arguments& arguments, const project::Project& project) {
-  const auto count = project.SpindleSpurs();
-  if (!count) return count.fault();
-  if (arguments.spur && *arguments.spur >= *count) {
-    return Fault{"there is no spur " + std::to_string(*arguments.spur) + "; the machine has " +
-                 Counted(static_cast<std::size_t>(*count), "spur") + ", counted from 0"};
-  }
-  const vdm::VdmStore store(project.folder());
-  std::vector<Spur> spurs;
-  for (std::int32_t index = 0; index < *count; ++index) {
-    if (arguments.spur && index != *arguments.spur) continue;
-    auto spur = ReadSpur(index, project, store);
-    if (!spur) return spur.fault();
-    spurs.push_back(std::move(*spur));
-  }
-  return spurs;
+Result<Spurs> ReadSpurs(const Arguments& arguments, const project::Project& project) {
+  if (!arguments.spur) return results::ReadDefinitions(project);
+  auto spur = results::ReadDefinition(project, *arguments.spur);
+  if (!spur) return spur.fault();
+  return Spurs{std::move(*spur)};
 }
 
 std::string ItemCounts(const project::Operation& operation) {
@@ -78,10 +49,10 @@ std::string Table(const project::Definition& definition) {
   return table;
 }
 
-std::string Text(const std::vector<Spur>& spurs) {
+std::string Text(const Spurs& spurs) {
   std::string text;
-  for (const Spur& spur : spurs) {
-    text += (text.empty() ? "Spur " : "\nSpur ") + std::to_string(spur.index) + ": VDM " +
+  for (const results::SpurDefinition& spur : spurs) {
+    text += (text.empty() ? "Spur " : "\nSpur ") + std::to_string(spur.spur) + ": VDM " +
             std::to_string(spur.vdm);
     if (!spur.definition) {
       text += ", no definition ('vanzet upgrade' makes it)\n";
@@ -102,11 +73,10 @@ Json ToJson(const project::Operation& operation) {
   return json;
 }
 
-Json ToJson(const std::vector<Spur>& spurs) {
+Json ToJson(const Spurs& spurs) {
   Json list = Json::array();
-  for (const Spur& spur : spurs) {
-    Json json = {
-        {"spur", spur.index}, {"vdm", spur.vdm}, {"version", nullptr}, {"operations", Json::array()}};
+  for (const results::SpurDefinition& spur : spurs) {
+    Json json = {{"spur", spur.spur}, {"vdm", spur.vdm}, {"version", nullptr}, {"operations", Json::array()}};
     if (spur.definition) {
       json["version"] = spur.definition->version;
       for (const auto& operation : spur.definition->operations)
@@ -124,12 +94,14 @@ Result<void> Show(const Arguments& arguments, const Context& context) {
   if (!spurs) return spurs.fault();
   const auto printed = arguments.json ? PrintJson(ToJson(*spurs)) : Print(Text(*spurs));
   if (!printed) return printed;
-  for (const Spur& spur : *spurs) {
+  for (const results::SpurDefinition& spur : *spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
-      return Fault{"the definition of spur " + std::to_string(spur.index) + " is damaged"};
+      return Fault{"the definition of spur " + std::to_string(spur.spur) + " is damaged"};
     }
   }
-  if (std::ranges::any_of(*spurs, [](const Spur& spur) { return spur.definition.has_value(); })) return {};
+  if (std::ranges::any_of(*spurs,
+                          [](const results::SpurDefinition& spur) { return spur.definition.has_value(); }))
+    return {};
   return Fault{"there is no definition yet"};
 }
 

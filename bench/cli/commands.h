@@ -7,6 +7,7 @@
 namespace vanzet::cli {
 
 void AddNew(CLI::App& app, Context& context);
+void AddOpen(CLI::App& app, Context& context);
 void AddUpgrade(CLI::App& app, Context& context);
 void AddScript(CLI::App& app, Context& context);
 void AddShow(CLI::App& app, Context& context);

@@ -105,12 +105,12 @@ Result<Picks> Picks::ReadFile(const std::string& file) {
   return Read(text, file);
 }
 
-Result<Pick> Picks::Next(Pick::Kind asked) {
+Result<Pick> Picks::Next(const PickQuestion& asked) {
   if (picks_.empty()) return Pick{};
   Pick pick = std::move(picks_.front());
   picks_.pop_front();
-  if (pick.kind == asked || pick.kind == Pick::Kind::kCancel) return pick;
-  return At(pick, "expected '" + std::string(WordOf(asked)) + "' or 'cancel', found '" +
+  if (pick.kind == asked.kind || pick.kind == Pick::Kind::kCancel) return pick;
+  return At(pick, "expected '" + std::string(WordOf(asked.kind)) + "' or 'cancel', found '" +
                       std::string(WordOf(pick.kind)) + "'");
 }
 

@@ -6,6 +6,7 @@
 
 #include "contour/sweep.h"
 #include "drawing/picture_view.h"
+#include "drawing/shown.h"
 
 namespace vanzet::drawing {
 namespace {
@@ -20,79 +21,6 @@ constexpr const char* kAxisColour = "#9aa3ab";
 constexpr double kAxisDashes[] = {14, 4, 3, 4};
 /// Closed contours are filled with a breath of their colour.
 constexpr const char* kFillOpacity = "0.08";
-
-/// All that is shown of one layer with one pen.
-struct Group {
-  Pen pen;
-  std::vector<Kurve> curves;
-  std::vector<geometry::CLine> lines;
-};
-
-/// By layer.
-using Groups = std::map<std::string, std::vector<Group>>;
-
-Group& GroupOf(Groups& groups, const std::string& layer, const Pen& pen) {
-  std::vector<Group>& ofLayer = groups[layer];
-  const auto found = std::ranges::find(ofLayer, pen, &Group::pen);
-  if (found != ofLayer.end()) return *found;
-  return ofLayer.emplace_back(Group{pen, {}, {}});
-}
-
-void AddFigure(const Figure& figure, Window window, Groups& groups) {
-  std::vector<Placement> placements;
-  if (window == Window::kConstruction) placements.emplace_back();
-  for (const Figure::Insertion& insertion : figure.insertions) {
-    if (insertion.window == window) placements.push_back(insertion.placement);
-  }
-  for (const Placement& placement : placements) {
-    for (const Stroke& stroke : figure.strokes) {
-      GroupOf(groups, stroke.layer, stroke.pen).curves.push_back(Placed(stroke.curve, placement));
-    }
-  }
-}
-
-Groups GroupsOf(const Drawing& drawing, const PictureOptions& options) {
-  Groups groups;
-  for (const auto& [name, figure] : drawing.figures) AddFigure(figure, options.window, groups);
-  for (const auto& [number, contour] : drawing.contours) {
-    if (contour.window != options.window) continue;
-    GroupOf(groups, contour.stroke.layer, contour.stroke.pen).curves.push_back(contour.stroke.curve);
-  }
-  if (options.window == Window::kDisplay) {
-    for (const auto& [key, line] : drawing.lines)
-      GroupOf(groups, key.layer, line.pen).lines.push_back(line.line);
-  }
-  if (options.layers.empty()) return groups;
-  std::erase_if(groups, [&](const auto& entry) {
-    return std::ranges::find(options.layers, entry.first) == options.layers.end();
-  });
-  return groups;
-}
-
-/// To a hundredth of a micrometre: the geometry's boxes are wider than what they hold by less.
-Point Rounded(const Point& point) {
-  constexpr double kSteps = 1e5;
-  return {std::round(point.x * kSteps) / kSteps, std::round(point.y * kSteps) / kSteps};
-}
-
-/// What has to be seen: curves, and of a line without ends the point next to the origin.
-geometry::Box BoxOf(const Groups& groups) {
-  geometry::Box box;
-  for (const auto& [layer, ofLayer] : groups) {
-    for (const Group& group : ofLayer) {
-      for (const Kurve& curve : group.curves) {
-        Point min, max;
-        curve.Minmax(min, max);
-        box.Insert(Rounded(min));
-        box.Insert(Rounded(max));
-      }
-      for (const geometry::CLine& line : group.lines) {
-        box.Insert(line.p - line.v * Dot(geometry::Vector2d(line.p.x, line.p.y), line.v));
-      }
-    }
-  }
-  return box;
-}
 
 std::string Text(const Point& point) {
   return NumberText(point.x) + " " + NumberText(point.y);
@@ -153,7 +81,7 @@ class Writer {
  public:
   explicit Writer(const PictureView& view) : view_(view) {}
 
-  std::string Write(const Groups& groups) {
+  std::string Write(const ShownLayers& groups) {
     const std::string width = std::to_string(view_.width()), height = std::to_string(view_.height());
     svg_ = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" + height +
            "\" viewBox=\"0 0 " + width + " " + height + "\">\n<rect width=\"" + width + "\" height=\"" +
@@ -175,21 +103,22 @@ class Writer {
             Text(seen->to) + "\"/>\n";
   }
 
-  void WriteLayer(const std::string& name, const std::vector<Group>& groups) {
+  void WriteLayer(const std::string& name, const std::vector<ShownGroup>& groups) {
     const std::string escaped = Escaped(name);
     svg_ += "<g class=\"layer\" data-layer=\"" + escaped + "\">\n<title>" + escaped + "</title>\n";
-    for (const Group& group : groups) WriteGroup(group);
+    for (const ShownGroup& group : groups) WriteGroup(group);
     svg_ += "</g>\n";
   }
 
-  void WriteGroup(const Group& group) {
+  void WriteGroup(const ShownGroup& group) {
     const std::string colour(group.pen.colour->svg);
     svg_ += "<g class=\"" + std::string(group.pen.colour->name) + " " + std::string(group.pen.style->name) +
             "\" stroke=\"" + colour + "\" stroke-width=\"" + view_.Pixels(kStrokeWidth) + "\"";
     if (group.pen.style->dashes[0] > 0) svg_ += Dashes(group.pen.style->dashes);
     svg_ += ">\n";
-    for (const Kurve& curve : group.curves) {
-      const bool isFilled = curve.Closed() && curve.SpanCount() > 2;
+    for (const ShownCurve& shown : group.curves) {
+      const Kurve& curve = shown.curve;
+      const bool isFilled = IsFilled(curve);
       svg_ += "<path " + (isFilled ? "fill=\"" + colour + "\" fill-opacity=\"" + kFillOpacity + "\" " : "") +
               "d=\"" + PathOf(curve) + "\"/>\n";
     }
@@ -224,7 +153,7 @@ Result<void> CheckLayers(const Drawing& drawing, const PictureOptions& options) 
 
 Result<std::string> PictureSvg(const Drawing& drawing, const PictureOptions& options) {
   if (const auto layers = CheckLayers(drawing, options); !layers) return layers.fault();
-  const Groups groups = GroupsOf(drawing, options);
+  const ShownLayers groups = ShownOf(drawing, options.window, options.layers);
   return Writer(PictureView(BoxOf(groups), options)).Write(groups);
 }
 

@@ -27,9 +27,9 @@ bool IsFigure(const std::string& name, Surroundings& surroundings) {
 }
 
 /// The number of the figure that is picked next, or nothing when the pick is cancelled.
-Result<std::optional<std::int32_t>> PickFigure(Surroundings& surroundings) {
+Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surroundings& surroundings) {
   if (const auto loaded = surroundings.board.Load(); !loaded) return loaded.fault();
-  const auto pick = surroundings.picks.Next(Pick::Kind::kFigure);
+  const auto pick = surroundings.picks.Next({Pick::Kind::kFigure, prompt});
   if (!pick) return pick.fault();
   if (pick->kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
   if (!IsFigure(pick->name, surroundings)) {
@@ -42,7 +42,7 @@ Result<std::optional<std::int32_t>> PickFigure(Surroundings& surroundings) {
 }  // namespace
 
 Result<void> PickObject(const Operands& operands, Surroundings& surroundings) {
-  const auto picked = PickFigure(surroundings);
+  const auto picked = PickFigure(operands[2].text, surroundings);
   // A pick that fails is a cancelled one: whoever reads another event would ask for ever.
   const auto object = picked ? *picked : std::nullopt;
   const std::pair<const Operand&, std::int32_t> results[] = {
@@ -61,7 +61,7 @@ Result<void> ObjectInformation(const Operands& operands, Surroundings& surroundi
 }
 
 Result<void> ClearMarks(const Operands&, Surroundings&) {
-  // Picks from a file mark nothing.
+  // Picks leave no marks.
   return {};
 }
 
@@ -69,7 +69,7 @@ Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings) {
   project::Variables& variables = surroundings.variables;
   if (!arguments.Take("POS")) return arguments.Expected("'POS'");
   if (const auto end = arguments.End(); !end) return end;
-  const auto pick = surroundings.picks.Next(Pick::Kind::kPosition);
+  const auto pick = surroundings.picks.Next({Pick::Kind::kPosition});
   const bool isPicked = pick && pick->kind == Pick::Kind::kPosition;
   if (const auto set = variables.Set("i_return", isPicked ? kPositionPicked : kCancelled); !set) return set;
   if (!isPicked) return pick ? Result<void>() : pick.fault();

@@ -5,7 +5,7 @@
 #include "base/path_map.h"
 #include "base/result.h"
 #include "drawing/board.h"
-#include "drawing/picks.h"
+#include "drawing/pick_source.h"
 #include "language/workplace.h"
 #include "modeller/body_table.h"
 #include "modeller/mesh.h"
@@ -20,7 +20,7 @@ struct Surroundings {
   vdm::VdmStore& store;
   const PathMap& paths;
   drawing::Board& board;
-  drawing::Picks& picks;
+  drawing::PickSource& picks;
   modeller::BodyTable& bodies;
   const modeller::MeshTolerance& mesh;
   Workplace& workplace;

@@ -48,11 +48,11 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
 }
 
 Result<std::int32_t> NumberOfNamed(std::string_view name, BodyTable& table, const fs::path& folder,
-                                   const Exchange& exchange, const Progress& progress) {
+                                   const Exchange& exchange) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
   for (const BodyFile& file : BodyFilesIn(folder)) {
     if (!EqualWithoutCase(file.name, name)) continue;
-    auto body = ImportBody(file.path, exchange, progress);
+    auto body = ImportBody(file.path, exchange);
     if (!body) return body.fault();
     return table.Add(std::move(*body), file.name);
   }

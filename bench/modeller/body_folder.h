@@ -28,7 +28,6 @@ std::vector<BodyFile> BodyFilesIn(const std::filesystem::path& folder);
 /// The number of the body with that name: of the table, or read from the folder, put into the table under its
 /// name, and kept. A fault when neither has it, or when its file cannot be read.
 Result<std::int32_t> NumberOfNamed(std::string_view name, BodyTable& table,
-                                   const std::filesystem::path& folder, const Exchange& exchange,
-                                   const Progress& progress = {});
+                                   const std::filesystem::path& folder, const Exchange& exchange);
 
 }  // namespace vanzet::modeller

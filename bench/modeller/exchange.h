@@ -19,24 +19,24 @@ struct ExchangeLimits {
   std::uint64_t bytes = std::uint64_t{4} << 30;
 };
 
-/// Where the program is, and what it may take.
+/// Told now and then with what is done, from 0 to 1. False ends the work, as Ctrl-C does meanwhile.
+using Progress = std::function<bool(double done)>;
+
+/// Where the program is, what it may take, and who waits for it.
 struct Exchange {
   std::filesystem::path program;
   ExchangeLimits limits;
+  Progress progress = {};  ///< empty: nobody is told
 
   /// Beside the running program, or where the environment variable VANZET_EXCHANGE says.
   static Exchange OfProcess();
 };
-
-/// Told now and then with what is done, from 0 to 1. False ends the work, as Ctrl-C does meanwhile.
-using Progress = std::function<bool(double done)>;
 
 /// The body of a file: `.step`, `.stp`, `.stl`, `.brep`, in any case; millimetres, whatever unit a STEP file
 /// is in. STL and BREP are taken to be in millimetres.
 ///
 /// Errors   a fault with the file's name and what Open CASCADE says of it: not there, another ending, broken,
 ///          without a body, too large for the limits, cancelled
-Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange,
-                        const Progress& progress = {});
+Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange);
 
 }  // namespace vanzet::modeller

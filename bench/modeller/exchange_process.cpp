@@ -107,26 +107,29 @@ int Process::End() {
 /// What the program tells, line by line: "progress 0.5", "fault TEXT".
 class Talk {
  public:
-  /// False when the one who listens wants no more.
-  bool Add(std::string_view words, const Progress& progress) {
-    bool goesOn = true;
+  explicit Talk(const Progress& progress) : progress_(progress) {}
+
+  /// Tells the one who listens how far the work is, also when there were no words. False when that one wants
+  /// no more.
+  bool Add(std::string_view words) {
     for (const char c : words) {
       if (c != '\n' && line_.size() < kLongestLine) line_ += c;
-      if (c == '\n') goesOn = Take(std::exchange(line_, {}), progress) && goesOn;
+      if (c == '\n') Take(std::exchange(line_, {}));
     }
-    return goesOn;
+    return !progress_ || progress_(done_);
   }
 
   const std::string& fault() const { return fault_; }
 
  private:
-  bool Take(const std::string& line, const Progress& progress) {
+  void Take(const std::string& line) {
     constexpr std::string_view kFault = "fault ", kProgress = "progress ";
     if (line.starts_with(kFault)) fault_ = line.substr(kFault.size());
-    if (!line.starts_with(kProgress) || !progress) return true;
-    return progress(RealOrZero(line.substr(kProgress.size())));
+    if (line.starts_with(kProgress)) done_ = RealOrZero(line.substr(kProgress.size()));
   }
 
+  const Progress& progress_;
+  double done_ = 0;
   std::string line_;
   std::string fault_;
 };
@@ -162,16 +165,16 @@ std::string MemoryFile::Path() const {
 }
 
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
-                         const MemoryFile& parcel, const Progress& progress) {
+                         const MemoryFile& parcel) {
   const InterruptWatch watch;
   auto process = Process::Start(exchange, arguments, parcel.descriptor());
   if (!process) return process.fault();
   const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
-  Talk talk;
+  Talk talk(exchange.progress);
   for (bool hasEnded = false; !hasEnded;) {
     const auto words = process->Glance();
     hasEnded = words && words->empty();
-    if ((words && !talk.Add(*words, progress)) || InterruptWatch::Came()) return Fault{"cancelled"};
+    if (!talk.Add(words.value_or("")) || InterruptWatch::Came()) return Fault{"cancelled"};
     if (Clock::now() > deadline) {
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }

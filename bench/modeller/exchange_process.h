@@ -26,10 +26,9 @@ class MemoryFile {
 /// Runs `vanzet-exchange` with these arguments; the file in memory is its descriptor 3. What it is to do and
 /// to tell stands in exchange/main.cpp.
 ///
-/// Errors   its fault, without a place; "cancelled" after Ctrl-C or when `progress` gives false. The program
-/// has
-///          ended in any case
+/// Errors   its fault, without a place; "cancelled" after Ctrl-C or when the exchange's progress gives false.
+///          The program has ended in any case
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
-                         const MemoryFile& parcel, const Progress& progress);
+                         const MemoryFile& parcel);
 
 }  // namespace vanzet::modeller

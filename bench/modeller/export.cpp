@@ -94,7 +94,7 @@ Result<std::string> WrittenByExchange(const Bodies& bodies, ExportFormat format,
                                               file->path().string(),
                                               NumberText(tolerance.chord),
                                               NumberText(tolerance.angle)};
-  if (const auto done = RunExchange(exchange, arguments, *parcel, {}); !done) return done.fault();
+  if (const auto done = RunExchange(exchange, arguments, *parcel); !done) return done.fault();
   return file->Content();
 }
 

@@ -29,12 +29,12 @@ Exchange Exchange::OfProcess() {
   return {fs::read_symlink("/proc/self/exe", unknown).parent_path() / "vanzet-exchange", {}};
 }
 
-Result<Body> ImportBody(const fs::path& file, const Exchange& exchange, const Progress& progress) {
+Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
   const auto parcel = MemoryFile::Make();
   if (!parcel) return parcel.fault();
   const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes), file.string()};
-  auto done = RunExchange(exchange, arguments, *parcel, progress);
+  auto done = RunExchange(exchange, arguments, *parcel);
   auto body = done ? Unpacked(*parcel) : Result<Body>(done.fault());
   if (body) return body;
   return Fault{body.fault().text, file.string()};

@@ -18,7 +18,7 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
   if (!bytes) return Fault{"there is not enough memory"};
   const std::vector<std::string> arguments = {"read-vrml", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes)};
-  if (const auto done = RunExchange(exchange, arguments, *parcel, {}); !done) return done.fault();
+  if (const auto done = RunExchange(exchange, arguments, *parcel); !done) return done.fault();
   return Guarded([&]() -> Result<std::vector<VrmlBody>> {
     std::ifstream answer(parcel->Path(), std::ios::binary);
     const auto read = UnpackParcel(answer);

@@ -1,20 +1,9 @@
 #pragma once
 
-#include <optional>
-#include <span>
-#include <string_view>
-#include <vector>
-
 #include "geometry/point.h"
+#include "scene/look.h"
 
 namespace vanzet::scene {
-
-/// Standard views. In the front view x is to the right and y up, as in the drawing.
-enum class View { kIso, kFront, kBack, kTop, kBottom, kLeft, kRight };
-
-/// The words of the views, "iso" first, and the view of a word.
-std::span<const std::string_view> ViewWords();
-std::optional<View> ViewNamed(std::string_view word);
 
 /// A point of a picture. What is nearer to the eye has a higher nearness, which is linear over the picture of
 /// a plane.
@@ -23,11 +12,10 @@ struct PicturePoint {
   double nearness;
 };
 
-/// Looks at a number of points so that all of them fit into a picture; pixels from the upper left corner.
+/// Says where the points of space are seen; pixels from the upper left corner.
 class Camera {
  public:
-  /// Requires: a size above 0
-  Camera(View view, bool isPerspective, const std::vector<geometry::Point3d>& points, int width, int height);
+  explicit Camera(const Look& look);
 
   PicturePoint Project(const geometry::Point3d& point) const;
 
@@ -43,17 +31,15 @@ class Camera {
   double NearnessOfPlane(double x, double y) const;
 
   /// How large the points' surroundings are: a length to measure small distances by.
-  double Reach() const { return reach_; }
+  double Reach() const { return look_.reach; }
 
  private:
   geometry::Vector3d Relative(const geometry::Point3d& point) const;
-  void Fit(const std::vector<geometry::Point3d>& points, int width, int height);
+  geometry::Point3d Eye() const;
 
-  geometry::Vector3d right_, up_, toward_;
-  geometry::Point3d middle_;
-  double reach_ = 1;
+  Look look_;
+  geometry::Vector3d right_;
   double eye_ = 0;  ///< how far the eye is from the middle; 0: parallel projection
-  double scale_ = 1, shiftX_ = 0, shiftY_ = 0;
 };
 
 }  // namespace vanzet::scene

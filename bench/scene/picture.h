@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "scene/camera.h"
-#include "scene/scene.h"
+#include "scene/model.h"
 
 namespace vanzet::scene {
 
@@ -24,5 +23,23 @@ struct Picture {
 /// What the scene looks like, the same on every machine: no window system takes part. Empty scenes give empty
 /// pictures. A fault when a body cannot be meshed.
 Result<Picture> Draw(const Scene& scene, const PictureOptions& options);
+
+/// What is drawn with.
+struct Style {
+  modeller::Colour background = {0.97, 0.975, 0.98};
+  modeller::Colour ink = {0.10, 0.12, 0.15};
+  modeller::Colour mark = {0.72, 0.10, 0.55};
+};
+
+struct DrawOptions {
+  int width, height;  ///< in pixels, above 0
+  int samples = 3;    ///< of a pixel in each direction: 1 is quick, 3 is smooth
+  double line = 1;    ///< how wide lines and hatches are, in pixels of a usual screen
+  Style style = {};
+};
+
+/// The picture of a model as a camera sees it. Touches nothing but its arguments, so that any thread may
+/// draw.
+Picture Draw(const Model& model, const Look& look, const DrawOptions& options);
 
 }  // namespace vanzet::scene

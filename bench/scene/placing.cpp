@@ -104,7 +104,7 @@ class Placer {
     if (things_.clamp) AddClamp();
     for (int jaw = 0; things_.jaw && jaw < spindle_.jaws; ++jaw) AddJaw(jaw);
     if (things_.billet) AddBillet();
-    if (things_.finishPart) Add("finish part", Kind::kFinishPart, *things_.finishPart, AtFront());
+    if (things_.finishPart) AddFinishPart();
     scene_.marks = MarksOf(spindle_, things_);
     return std::move(scene_);
   }
@@ -133,6 +133,12 @@ class Placer {
     SceneBody& body = Add("billet", Kind::kBillet, *things_.billet, AtFront());
     body.isShown = spindle_.billet.isShown;
     body.isSeenThrough = things_.finishPart.has_value();
+    if (spindle_.billet.type == 3) body.solid = spindle_.billet.solid;
+  }
+
+  void AddFinishPart() {
+    SceneBody& body = Add("finish part", Kind::kFinishPart, *things_.finishPart, AtFront());
+    if (spindle_.finishPart.type == 2) body.solid = spindle_.finishPart.solid;
   }
 
   const Spindle& spindle_;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <functional>
+#include <cmath>
 #include <vector>
 
 #include "modeller/export.h"
@@ -16,6 +16,22 @@ struct RasterCorner {
   geometry::Vector3d normal;
 };
 
+/// Samples from `left` and `top` up to, and not, `right` and `bottom`.
+struct SampleRange {
+  int left = 0, top = 0, right = 0, bottom = 0;
+
+  int Width() const { return std::max(0, right - left); }
+  int Height() const { return std::max(0, bottom - top); }
+  std::size_t Count() const { return static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()); }
+  std::size_t Index(int x, int y) const {
+    return static_cast<std::size_t>(y - top) * static_cast<std::size_t>(Width()) +
+           static_cast<std::size_t>(x - left);
+  }
+};
+
+/// The samples whose middles may lie within these coordinates, of those in `all`.
+SampleRange RangeOf(double left, double top, double right, double bottom, const SampleRange& all);
+
 /// A horizontal band of samples with colour and nearness. Coordinates are those of samples, from the upper
 /// left corner of the whole picture; a sample's place is its middle.
 class Raster {
@@ -27,34 +43,72 @@ class Raster {
     std::array<float, 3> colour;
   };
 
-  /// Called for a sample within the band that a shape covers.
-  using Cover = std::function<void(Sample& sample, int x, int y, double nearness)>;
-  using CoverLit =
-      std::function<void(Sample& sample, int x, int y, double nearness, const geometry::Vector3d& normal)>;
-
-  void Triangle(const std::array<RasterCorner, 3>& corners, const CoverLit& cover);
-
-  /// A line with round ends.
-  void Line(const PicturePoint& from, const PicturePoint& to, double width, const Cover& cover);
-
-  int Width() const { return width_; }
-  int Top() const { return top_; }
-  int Height() const { return height_; }
-  Sample& At(int x, int y) { return samples_[Index(x, y)]; }
-  std::size_t Index(int x, int y) const {
-    return static_cast<std::size_t>(y - top_) * static_cast<std::size_t>(width_) +
-           static_cast<std::size_t>(x);
-  }
+  const SampleRange& range() const { return range_; }
+  Sample& At(int x, int y) { return samples_[range_.Index(x, y)]; }
 
  private:
-  struct Range {
-    int from, to;
-  };
-  Range Columns(double low, double high) const;
-  Range Rows(double low, double high) const;
-
-  int width_, top_, height_;
+  SampleRange range_;
   std::vector<Sample> samples_;
 };
+
+/// A value that changes evenly along a row of samples.
+struct RowValue {
+  double start, step;
+  double At(int x) const { return start + step * (x + 0.5); }
+};
+
+/// Calls `cover(x, y, nearness, normal)` for each sample in the range that a triangle covers.
+template <class Cover>
+void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange& within, Cover cover) {
+  const PicturePoint &a = corners[0].at, &b = corners[1].at, &c = corners[2].at;
+  const double area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+  if (area == 0) return;
+  const SampleRange box = RangeOf(std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y}),
+                                  std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y}), within);
+  // The share of a corner at a sample: how far it is from the edge across.
+  const auto share = [&](const PicturePoint& p, const PicturePoint& q, int y) {
+    return RowValue{((q.x - p.x) * (y + 0.5 - p.y) + (q.y - p.y) * p.x) / area, -(q.y - p.y) / area};
+  };
+  for (int y = box.top; y < box.bottom; ++y) {
+    const RowValue wa = share(b, c, y), wb = share(c, a, y);
+    const RowValue wc = {1 - wa.start - wb.start, -wa.step - wb.step};
+    double from = box.left, to = box.right;
+    for (const RowValue& w : {wa, wb, wc}) {
+      const double zero = w.step == 0 ? 0 : -w.start / w.step;
+      if (w.step > 0) from = std::max(from, zero - 1);
+      if (w.step < 0) to = std::min(to, zero + 1);
+      if (w.step == 0 && w.start < 0) to = from;
+    }
+    for (int x = static_cast<int>(from); x < to; ++x) {
+      const double ua = wa.At(x), ub = wb.At(x), uc = wc.At(x);
+      if (ua < 0 || ub < 0 || uc < 0) continue;
+      cover(x, y, ua * a.nearness + ub * b.nearness + uc * c.nearness,
+            corners[0].normal * ua + corners[1].normal * ub + corners[2].normal * uc);
+    }
+  }
+}
+
+/// Calls `cover(x, y, nearness)` for each sample in the range that a line with round ends covers.
+template <class Cover>
+void CoverLine(const PicturePoint& from, const PicturePoint& to, double width, const SampleRange& within,
+               Cover cover) {
+  const double radius = width / 2;
+  const double dx = to.x - from.x, dy = to.y - from.y, square = dx * dx + dy * dy;
+  const SampleRange box = RangeOf(std::min(from.x, to.x) - radius, std::min(from.y, to.y) - radius,
+                                  std::max(from.x, to.x) + radius, std::max(from.y, to.y) + radius, within);
+  // How far a row reaches to either side of the line.
+  const double aside = dy == 0 ? 1e9 : radius * std::sqrt(square) / std::fabs(dy) + 2;
+  for (int y = box.top; y < box.bottom; ++y) {
+    const double middle = dy == 0 ? from.x : from.x + dx * (y + 0.5 - from.y) / dy;
+    const double last = std::min<double>(box.right, middle + aside);
+    for (int x = static_cast<int>(std::max<double>(box.left, middle - aside)); x < last; ++x) {
+      const double px = x + 0.5 - from.x, py = y + 0.5 - from.y;
+      const double along = square > 0 ? std::clamp((px * dx + py * dy) / square, 0.0, 1.0) : 0.0;
+      const double ex = px - along * dx, ey = py - along * dy;
+      if (ex * ex + ey * ey > radius * radius) continue;
+      cover(x, y, from.nearness + along * (to.nearness - from.nearness));
+    }
+  }
+}
 
 }  // namespace vanzet::scene

@@ -30,6 +30,7 @@ struct SceneBody {
   /// The body with its true surfaces, made anew from the values of a device. Nothing when the device has no
   /// values, or when they do not agree with the body that the definition holds.
   std::optional<modeller::Body> exact = {};
+  std::string solid = {};  ///< the named solid that the definition tells; empty: the body is made otherwise
 };
 
 /// A line that marks a place, point by point.

@@ -23,7 +23,7 @@ class BodyExports : public HostTest {
 
   void PickFrom(const std::string& text) {
     std::istringstream lines(text);
-    host->picks = *drawing::Picks::Read(lines, "picks.txt");
+    host->picks = std::make_unique<drawing::Picks>(*drawing::Picks::Read(lines, "picks.txt"));
   }
 
   static std::int32_t Select() {

@@ -93,7 +93,7 @@ TEST_F(DrawingExports, ADamagedDrawingIsToldAndTheFirstLayerIsCurrent) {
 TEST_F(DrawingExports, FiguresOfTheFolderCanBePicked) {
   WriteBytes(folder / "figures/ring.txt", "k1 e\nx0 y0\nx5 y0\nek\n");
   std::istringstream text("figure ring\n");
-  host->picks = *drawing::Picks::Read(text, "picks.txt");
+  host->picks = std::make_unique<drawing::Picks>(*drawing::Picks::Read(text, "picks.txt"));
   OrvoCommand("dfm pick i_return i_return2 'Select Figure' 20");
   EXPECT_EQ(host->variables.Integer("i_return"), 151);
   OrvoCommand("dfm inf i_return2");

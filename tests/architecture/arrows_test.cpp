@@ -44,7 +44,11 @@ const std::map<std::string, Folders> kWorkbench = {
     {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
     {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
     {"scene", {"base", "vdm", "project", "modeller", "geometry", "macro/tables"}},
-    {"cli", {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene"}},
+    {"results", {"base", "vdm", "project", "drawing", "contour", "geometry", "modeller", "scene"}},
+    {"cli",
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
+    {"window",
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
 };
 
 struct Include {

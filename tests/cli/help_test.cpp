@@ -9,7 +9,7 @@ class Help : public CommandLineTest {};
 
 TEST_F(Help, OfEveryCommandHasAnExample) {
   for (const std::string command :
-       {"", "new", "upgrade", "show", "items", "vdm", "vdm save", "vdm load", "vdm check", "command",
+       {"", "new", "open", "upgrade", "show", "items", "vdm", "vdm save", "vdm load", "vdm check", "command",
         "script", "picture", "export", "device make", "device show", "completion", "manual"}) {
     const Outcome help = Vanzet(command + " --help");
     EXPECT_EQ(help.status, 0) << command;

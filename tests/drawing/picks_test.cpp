@@ -13,21 +13,21 @@ Result<Picks> Read(const std::string& text) {
 TEST(Picks, AreUsedUpInOrder) {
   auto picks = Read("# a remark\n\nposition -1.5 2e1\r\n  figure Outer ring \nobject jaw\ncancel\n");
   ASSERT_TRUE(picks) << picks.fault().Told();
-  const auto position = picks->Next(Pick::Kind::kPosition);
+  const auto position = picks->Next({Pick::Kind::kPosition});
   ASSERT_TRUE(position);
   EXPECT_EQ(position->position.x, -1.5);
   EXPECT_EQ(position->position.y, 20);
-  EXPECT_EQ(picks->Next(Pick::Kind::kFigure)->name, "Outer ring");
-  EXPECT_EQ(picks->Next(Pick::Kind::kObject)->name, "jaw");
-  EXPECT_EQ(picks->Next(Pick::Kind::kFigure)->kind, Pick::Kind::kCancel);
-  EXPECT_EQ(picks->Next(Pick::Kind::kFigure)->kind, Pick::Kind::kCancel) << "none is left";
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->name, "Outer ring");
+  EXPECT_EQ(picks->Next({Pick::Kind::kObject})->name, "jaw");
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->kind, Pick::Kind::kCancel);
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->kind, Pick::Kind::kCancel) << "none is left";
 }
 
 TEST(Picks, OfAnotherKindAreUsedUpAndTold) {
   auto picks = Read("\nobject jaw\nfigure F\n");
-  EXPECT_EQ(picks->Next(Pick::Kind::kFigure).fault().Told(),
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure}).fault().Told(),
             "p.txt:2: expected 'figure' or 'cancel', found 'object'");
-  EXPECT_EQ(picks->Next(Pick::Kind::kFigure)->name, "F");
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->name, "F");
 }
 
 TEST(Picks, ThatAreWrongAreToldWithTheirLine) {

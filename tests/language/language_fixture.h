@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "drawing/picks.h"
 #include "language/interpreter.h"
 #include "support/temporary_folder.h"
 

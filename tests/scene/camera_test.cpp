@@ -10,10 +10,14 @@ using geometry::Point3d;
 const std::vector<Point3d> kBrick = {{0, 0, 0},  {40, 0, 0},  {0, 20, 0},  {40, 20, 0},
                                      {0, 0, 10}, {40, 0, 10}, {0, 20, 10}, {40, 20, 10}};
 
+Camera From(View view, bool isPerspective) {
+  return Camera(LookFrom(view, isPerspective, kBrick, 300, 200));
+}
+
 TEST(Cameras, ShowAllPointsWithinThePictureAndAboutItsMiddle) {
   for (const std::string_view word : ViewWords()) {
     for (const bool isPerspective : {false, true}) {
-      const Camera camera(*ViewNamed(word), isPerspective, kBrick, 300, 200);
+      const Camera camera = From(*ViewNamed(word), isPerspective);
       double left = 300, right = 0, top = 200, bottom = 0;
       for (const Point3d& point : kBrick) {
         const PicturePoint p = camera.Project(point);
@@ -30,7 +34,7 @@ TEST(Cameras, ShowAllPointsWithinThePictureAndAboutItsMiddle) {
 }
 
 TEST(Cameras, HaveXToTheRightAndYUpInTheFrontView) {
-  const Camera camera(View::kFront, false, kBrick, 300, 200);
+  const Camera camera = From(View::kFront, false);
   const auto at = [&](double x, double y, double z) { return camera.Project({x, y, z}); };
   EXPECT_GT(at(40, 0, 0).x, at(0, 0, 0).x);
   EXPECT_LT(at(0, 20, 0).y, at(0, 0, 0).y);
@@ -41,20 +45,47 @@ TEST(Cameras, MakeWhatIsFartherSmallerInPerspectiveAlone) {
   const auto length = [](const Camera& camera, double z) {
     return camera.Project({40, 0, z}).x - camera.Project({0, 0, z}).x;
   };
-  const Camera parallel(View::kFront, false, kBrick, 300, 200), eye(View::kFront, true, kBrick, 300, 200);
+  const Camera parallel = From(View::kFront, false), eye = From(View::kFront, true);
   EXPECT_NEAR(length(parallel, 10), length(parallel, 0), 1e-9);
   EXPECT_GT(length(eye, 10), length(eye, 0) * 1.01);
 }
 
 TEST(Cameras, KnowTheNearnessOfTheCuttingPlane) {
   for (const bool isPerspective : {false, true}) {
-    const Camera camera(View::kIso, isPerspective, kBrick, 300, 200);
+    const Camera camera = From(View::kIso, isPerspective);
     ASSERT_TRUE(camera.SeesTopOfPlane());
     const PicturePoint p = camera.Project({12, 7, 0});
     EXPECT_NEAR(camera.NearnessOfPlane(p.x, p.y), p.nearness, 1e-9);
   }
-  EXPECT_FALSE(Camera(View::kBack, false, kBrick, 300, 200).SeesTopOfPlane());
-  EXPECT_FALSE(Camera(View::kTop, false, kBrick, 300, 200).SeesTopOfPlane()) << "edge on";
+  EXPECT_FALSE(From(View::kBack, false).SeesTopOfPlane());
+  EXPECT_FALSE(From(View::kTop, false).SeesTopOfPlane()) << "edge on";
+}
+
+TEST(Looks, KeepThePlaceThatIsZoomedAt) {
+  const Look look = LookFrom(View::kIso, false, kBrick, 300, 200);
+  const PicturePoint before = Camera(look).Project({12, 7, 3});
+  const PicturePoint after = Camera(Zoomed(look, 2.5, before.x, before.y)).Project({12, 7, 3});
+  EXPECT_NEAR(before.x, after.x, 1e-9);
+  EXPECT_NEAR(before.y, after.y, 1e-9);
+}
+
+TEST(Looks, TurnAboutTheMiddleAndKeepUpUp) {
+  Look look = LookFrom(View::kFront, false, kBrick, 300, 200);
+  const PicturePoint middle = Camera(look).Project(look.middle);
+  for (int i = 0; i < 40; ++i) {
+    look = Turned(look, 0.2, 0.3);
+    EXPECT_GE(look.up.dy, -1e-9);
+    EXPECT_NEAR(look.up.Magnitude(), 1, 1e-9);
+    EXPECT_NEAR(Dot(look.up, look.toward), 0, 1e-9);
+  }
+  EXPECT_NEAR(Camera(look).Project(look.middle).x, middle.x, 1e-9);
+}
+
+TEST(Looks, ByAQuarterTurnFromTheFrontAreFromTheRight) {
+  const Look turned = Turned(LookFrom(View::kFront, false, kBrick, 300, 200), geometry::PI / 2, 0);
+  const Look right = LookFrom(View::kRight, false, kBrick, 300, 200);
+  EXPECT_NEAR(Dot(turned.toward, right.toward), 1, 1e-9);
+  EXPECT_NEAR(Dot(turned.up, right.up), 1, 1e-9);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
-#include "cli/png.h"
+#include "results/png.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
 
-namespace vanzet::cli {
+namespace vanzet::results {
 namespace {
 
 Result<std::string> BytesOf(const QImage& image) {
@@ -34,4 +34,4 @@ Result<std::string> PngOf(const scene::Picture& picture) {
                         static_cast<qsizetype>(picture.width) * 3, QImage::Format_RGB888));
 }
 
-}  // namespace vanzet::cli
+}  // namespace vanzet::results

@@ -1,0 +1,53 @@
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+
+#include "cli/commands.h"
+#include "vdm/system_reason.h"
+
+namespace vanzet::cli {
+namespace {
+
+struct Arguments {
+  std::string project = ".";
+  bool hasDialog = false;
+};
+
+/// What tells programs where windows can be opened.
+constexpr const char* kDisplays[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+
+bool HasDisplay() {
+  return std::ranges::any_of(kDisplays, [](const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  });
+}
+
+/// Goes on as the program of the window, which is beside this one; comes back only when it cannot be run.
+Result<void> Open(const Arguments& arguments, const Context& context) {
+  const auto project = project::Project::Open(arguments.project, context.share);
+  if (!project) return project.fault();
+  if (!HasDisplay()) return Fault{"there is no display to open a window on"};
+  const std::string program = (context.program.parent_path() / "vanzet-window").string();
+  const std::string folder = project->folder().string();
+  const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
+                               nullptr};
+  execv(program.c_str(), const_cast<char* const*>(words));
+  return Fault{program + " cannot be run: " + vdm::SystemReason(errno)};
+}
+
+}  // namespace
+
+void AddOpen(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand("open", "Opens the project in the workbench's window.");
+  command->add_option("PROJECT", arguments->project, "the project's folder");
+  command->add_flag("--dialog", arguments->hasDialog, "with the equipment dialog in front");
+  command->footer("Example:\n  vanzet open lathe --dialog");
+  command->callback([=, &context] { context.run = [=, &context] { return Open(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli

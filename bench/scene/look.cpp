@@ -1,0 +1,116 @@
+#include "scene/look.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "geometry/box.h"
+#include "scene/camera.h"
+
+namespace vanzet::scene {
+namespace {
+
+using geometry::Point3d;
+using geometry::Vector3d;
+
+/// Where the eye is, and what is up, as seen from the middle.
+struct ViewRow {
+  std::string_view word;
+  Vector3d toward, up;
+};
+const std::array<ViewRow, 7> kViews = {{
+    {"iso", {0.62, 0.48, 0.62}, {0, 1, 0}},
+    {"front", {0, 0, 1}, {0, 1, 0}},
+    {"back", {0, 0, -1}, {0, 1, 0}},
+    {"top", {0, 1, 0}, {0, 0, -1}},
+    {"bottom", {0, -1, 0}, {0, 0, 1}},
+    {"left", {-1, 0, 0}, {0, 1, 0}},
+    {"right", {1, 0, 0}, {0, 1, 0}},
+}};
+
+constexpr double kMargin = 0.06;              // of the picture, on each side
+constexpr double kLeast = 1e-4, kMost = 1e5;  // pixels a millimetre
+constexpr double kPole = -1e-9;               // how little up may point down
+
+Vector3d Unit(const Vector3d& vector) {
+  return vector * (1 / vector.Magnitude());
+}
+
+/// The vector turned about a unit vector.
+Vector3d Turned(const Vector3d& vector, const Vector3d& axis, double angle) {
+  const double c = std::cos(angle), s = std::sin(angle);
+  return vector * c + Cross(axis, vector) * s + axis * (Dot(axis, vector) * (1 - c));
+}
+
+}  // namespace
+
+std::span<const std::string_view> ViewWords() {
+  static const auto kWords = [] {
+    std::array<std::string_view, kViews.size()> words;
+    std::ranges::transform(kViews, words.begin(), &ViewRow::word);
+    return words;
+  }();
+  return kWords;
+}
+
+std::optional<View> ViewNamed(std::string_view word) {
+  const auto row = std::ranges::find(kViews, word, &ViewRow::word);
+  if (row == kViews.end()) return std::nullopt;
+  return static_cast<View>(row - kViews.begin());
+}
+
+Look LookFrom(View view, bool isPerspective, const std::vector<Point3d>& points, int width, int height) {
+  const ViewRow& row = kViews.at(static_cast<std::size_t>(view));
+  Look look;
+  look.toward = Unit(row.toward);
+  look.up = Cross(look.toward, Unit(Cross(row.up, look.toward)));
+  look.isPerspective = isPerspective;
+  return Fitted(look, points, width, height);
+}
+
+Look Fitted(Look look, const std::vector<Point3d>& points, int width, int height) {
+  geometry::Box3d box;
+  for (const Point3d& point : points) box.Insert(point);
+  if (points.empty()) box = geometry::Box3d({-1, -1, -1}, {1, 1, 1});
+  look.middle = box.Mid();
+  look.reach = std::max(Vector3d(look.middle, box.max).Magnitude(), 1e-3);
+  look.scale = 1;
+  look.shiftX = look.shiftY = 0;
+  PicturePoint low{1e30, 1e30, 0}, high{-1e30, -1e30, 0};
+  const Camera camera(look);
+  for (const Point3d& point : points) {
+    const PicturePoint p = camera.Project(point);
+    low = {std::min(low.x, p.x), std::min(low.y, p.y), 0};
+    high = {std::max(high.x, p.x), std::max(high.y, p.y), 0};
+  }
+  if (points.empty()) low = {-1, -1, 0}, high = {1, 1, 0};
+  const double room = 1 - 2 * kMargin, least = look.reach * 1e-6;
+  look.scale = std::min(width * room / std::max(high.x - low.x, least),
+                        height * room / std::max(high.y - low.y, least));
+  look.shiftX = width / 2.0 - look.scale * (low.x + high.x) / 2;
+  look.shiftY = height / 2.0 - look.scale * (low.y + high.y) / 2;
+  return look;
+}
+
+Look Turned(Look look, double aside, double over) {
+  const Vector3d upright(0, 1, 0);
+  look.toward = Turned(look.toward, upright, aside);
+  look.up = Turned(look.up, upright, aside);
+  const Vector3d right = Unit(Cross(look.up, look.toward));
+  const Vector3d up = Turned(look.up, right, over);
+  if (up.dy < kPole) return look;
+  look.toward = Unit(Turned(look.toward, right, over));
+  look.up = Unit(Cross(look.toward, right));
+  return look;
+}
+
+Look Zoomed(Look look, double factor, double x, double y) {
+  const double scale = std::clamp(look.scale * factor, kLeast, kMost);
+  const double applied = scale / look.scale;
+  look.scale = scale;
+  look.shiftX = x + (look.shiftX - x) * applied;
+  look.shiftY = y + (look.shiftY - y) * applied;
+  return look;
+}
+
+}  // namespace vanzet::scene

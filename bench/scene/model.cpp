@@ -1,0 +1,90 @@
+#include "scene/model.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vanzet::scene {
+namespace {
+
+using geometry::Point3d;
+
+ModelBody Begin(const SceneBody& body) {
+  return {body.name, body.solid, {}, {}, {}, ColourOf(body.kind), body.isSeenThrough};
+}
+
+ModelBody Whole(Surface surface, const SceneBody& body) {
+  ModelBody whole = Begin(body);
+  whole.facets = std::move(surface.facets);
+  whole.edges = std::move(surface.edges);
+  return whole;
+}
+
+ModelBody Cut(const Surface& surface, const SceneBody& body) {
+  ModelBody cut = Begin(body);
+  for (const Facet& facet : surface.facets) {
+    for (const Facet& left : Below(facet)) cut.facets.push_back(left);
+    if (const auto stroke = CutOf(facet)) cut.cuts.push_back(*stroke);
+  }
+  for (const SurfaceEdge& edge : surface.edges) {
+    const auto left = Below(Stroke{edge.from, edge.to});
+    if (left) cut.edges.push_back({left->from, left->to, edge.left, edge.right, edge.isSharp});
+  }
+  return cut;
+}
+
+/// The nearness of a facet at a place of the picture, when it covers the place.
+std::optional<double> NearnessAt(const Facet& facet, const Camera& camera, double x, double y) {
+  std::array<PicturePoint, 3> p;
+  std::ranges::transform(facet.corners, p.begin(),
+                         [&](const Point3d& corner) { return camera.Project(corner); });
+  const auto side = [](const PicturePoint& a, const PicturePoint& b, double px, double py) {
+    return (b.x - a.x) * (py - a.y) - (b.y - a.y) * (px - a.x);
+  };
+  const double area = side(p[0], p[1], p[2].x, p[2].y);
+  if (area == 0) return {};
+  const double a = side(p[1], p[2], x, y) / area, b = side(p[2], p[0], x, y) / area, c = 1 - a - b;
+  if (a < 0 || b < 0 || c < 0) return {};
+  return a * p[0].nearness + b * p[1].nearness + c * p[2].nearness;
+}
+
+}  // namespace
+
+Result<Model> ModelOf(const Scene& scene, bool isSection) {
+  Model model{{}, scene.marks, isSection};
+  for (const SceneBody& body : scene.bodies) {
+    if (!body.isShown) continue;
+    const auto mesh = modeller::MeshOf(body.body, {});
+    if (!mesh) return Fault{body.name + ": " + mesh.fault().text};
+    Surface surface = SurfaceOf(*mesh, body.placement);
+    model.bodies.push_back(isSection ? Cut(surface, body) : Whole(std::move(surface), body));
+  }
+  std::ranges::stable_partition(model.bodies, [](const ModelBody& body) { return !body.isSeenThrough; });
+  return model;
+}
+
+std::vector<Point3d> PointsOf(const Model& model) {
+  std::vector<Point3d> points;
+  for (const ModelBody& body : model.bodies) {
+    for (const Facet& facet : body.facets) {
+      points.insert(points.end(), facet.corners.begin(), facet.corners.end());
+    }
+  }
+  for (const Mark& mark : model.marks) points.insert(points.end(), mark.points.begin(), mark.points.end());
+  return points;
+}
+
+const ModelBody* BodyAt(const Model& model, const Camera& camera, double x, double y) {
+  const ModelBody* found = nullptr;
+  double nearest = 0;
+  for (const ModelBody& body : model.bodies) {
+    for (const Facet& facet : body.facets) {
+      const auto nearness = NearnessAt(facet, camera, x, y);
+      if (!nearness || (found != nullptr && *nearness <= nearest)) continue;
+      found = &body;
+      nearest = *nearness;
+    }
+  }
+  return found;
+}
+
+}  // namespace vanzet::scene

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QAction>
+#include <array>
+#include <span>
+
+#include "window/words.h"
+
+class QMainWindow;
+class QMenu;
+class QToolBar;
+
+namespace vanzet::window {
+
+// clang-format off
+/// All that can be done from menus, in their order.
+enum class Command {
+  kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit,
+  kDefinition, kUpgrade, kRefresh,
+  kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective,
+  kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kLayers, kMessages,
+  kEnglish, kGerman, kLight, kDark,
+  kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
+  kContents, kAbout,
+  kCount
+};
+// clang-format on
+
+/// The menus of the bar, and those within others.
+enum class Menu { kProject, kEquipment, kView, kExport, kHelp, kRecent, kLanguage, kAppearance, kCount };
+
+/// What has to be there for a command.
+enum class Needs {
+  kNothing,
+  kRest,     ///< the module is not at work
+  kProject,  ///< a project is open, and the module is not at work
+  kView,     ///< a project is open
+};
+
+struct ActionRow {
+  Command command;
+  Menu menu;
+  Text text;
+  const char* icon;      ///< empty: none
+  const char* shortcut;  ///< as Qt writes it; empty: none
+  Needs needs;
+  char form;  ///< ' ' a command, 'x' a switch, 'm' a menu, another letter: one of several that exclude each
+              ///< other
+  bool isInToolBar;
+  bool beginsGroup;
+};
+
+/// The rows of all commands, in their order.
+std::span<const ActionRow> ActionRows();
+
+/// The actions of a window, and the menus and the tool bar with them.
+class Actions final : public QObject {
+  Q_OBJECT
+ public:
+  Actions(QMainWindow& window, const Words& words);
+
+  QAction* operator[](Command command) const { return actions_[static_cast<std::size_t>(command)]; }
+  QMenu* MenuOf(Menu menu) const { return menus_[static_cast<std::size_t>(menu)]; }
+
+  /// Says what can be done now.
+  void Enable(bool hasProject, bool isAtWork);
+
+ signals:
+  void Triggered(Command command);
+
+ private:
+  void MakeMenus(QMainWindow& window);
+  void MakeAction(const ActionRow& row, QToolBar& bar);
+  void Retranslate();
+
+  const Words& words_;
+  std::array<QAction*, static_cast<std::size_t>(Command::kCount)> actions_ = {};
+  std::array<QMenu*, static_cast<std::size_t>(Menu::kCount)> menus_ = {};
+};
+
+}  // namespace vanzet::window

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QPainter>
+#include <QPalette>
+#include <string>
+
+#include "drawing/shown.h"
+#include "window/snap.h"
+#include "window/theme.h"
+#include "window/view_frame.h"
+
+namespace vanzet::window {
+
+/// Paints one picture of a drawing.
+class DrawingPainter {
+ public:
+  DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
+
+  /// The ground with its grid, and the spindle's axis.
+  void PaintGround();
+  /// The figure of the given name is marked.
+  void PaintLayers(const drawing::ShownLayers& layers, const std::string& marked);
+  /// A ruler in the corner.
+  void PaintScale();
+  /// Lines across the view through the place.
+  void PaintCross(const QPointF& place);
+  void PaintSnap(const Snap& snap);
+  void PaintHint(const QString& hint);
+
+ private:
+  void PaintGroup(const drawing::ShownGroup& group, const std::string& marked);
+  void PaintCurve(const drawing::ShownCurve& curve, const QPen& pen);
+  void PaintGrid(double step, const QColor& colour);
+
+  QPainter& painter_;
+  const ViewFrame& frame_;
+  QSizeF size_;
+  QRectF seen_;  ///< and a little more
+  const QPalette& palette_;
+  const ViewColours& colours_;
+};
+
+}  // namespace vanzet::window

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "drawing/shown.h"
+#include "window/snap.h"
+#include "window/view_frame.h"
+
+namespace vanzet::window {
+
+/// Shows the display window of a drawing: vectors at every scale, zoomed at the cursor by the wheel, moved by
+/// dragging, fitted by a double click. While it is asked for a pick, it answers with a click.
+class DrawingView final : public QWidget {
+  Q_OBJECT
+ public:
+  enum class Picking { kNone, kPosition, kFigure };
+
+  explicit DrawingView(QWidget* parent = nullptr);
+
+  /// What is to be seen. The first drawing with something in it is fitted.
+  void Show(const drawing::Drawing& drawing);
+  void Hide(const std::string& layer, bool isHidden);
+  void Fit();
+  void Ask(Picking picking);
+  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< told while nothing is to be seen
+
+  const ViewFrame& frame() const { return frame_; }
+  const std::optional<Snap>& snap() const { return snap_; }
+  QSize sizeHint() const override { return {640, 320}; }
+
+ signals:
+  /// The cursor is at that place; it was snapped to one when something is asked for.
+  void CursorMoved(double x, double y);
+  void CursorLeft();
+  void PositionPicked(double x, double y);
+  void FigurePicked(const QString& name);
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+  void resizeEvent(QResizeEvent*) override;
+  void wheelEvent(QWheelEvent*) override;
+  void mousePressEvent(QMouseEvent*) override;
+  void mouseMoveEvent(QMouseEvent*) override;
+  void mouseReleaseEvent(QMouseEvent*) override;
+  void mouseDoubleClickEvent(QMouseEvent*) override;
+  void leaveEvent(QEvent*) override;
+
+ private:
+  void SelectShown();
+  void Hover(const QPointF& place);
+  void Take();
+  std::string FigureAt(const QPointF& place) const;
+
+  drawing::ShownLayers all_, shown_;
+  std::set<std::string> hidden_;
+  SnapPlaces places_;
+  ViewFrame frame_;
+  bool isFitted_ = true;  ///< until the user moves or zooms
+  Picking picking_ = Picking::kNone;
+  std::optional<Snap> snap_;
+  std::string hovered_;  ///< figure
+  QPointF cursor_, pressed_;
+  bool hasMoved_ = false;
+  QString hint_;
+};
+
+}  // namespace vanzet::window

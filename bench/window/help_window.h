@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+#include <filesystem>
+
+#include "base/result.h"
+#include "window/words.h"
+
+class QTextBrowser;
+
+namespace vanzet::window {
+
+/// Shows the pages of the documentation.
+class HelpWindow final : public QWidget {
+  Q_OBJECT
+ public:
+  HelpWindow(const Words& words, QWidget* parent);
+
+  /// Refused when the page is not there.
+  Result<void> Open(const std::filesystem::path& page);
+
+ private:
+  QTextBrowser* browser_;
+};
+
+}  // namespace vanzet::window

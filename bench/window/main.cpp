@@ -1,0 +1,64 @@
+#include <QTimer>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "window/application.h"
+#include "window/main_window.h"
+
+/// vanzet-window [--dialog] [PROJECT]
+///
+/// The window with a project, and with the equipment dialog in front when it is asked for. `vanzet open`
+/// looks at the project and the display first.
+namespace {
+
+using namespace vanzet;
+
+struct Arguments {
+  std::string project;
+  bool hasDialog = false;
+};
+
+Arguments ReadArguments(int argc, char** argv) {
+  Arguments arguments;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view word = argv[i];
+    if (word == "--dialog") {
+      arguments.hasDialog = true;
+    } else if (!word.starts_with("-")) {
+      arguments.project = word;
+    }
+  }
+  return arguments;
+}
+
+/// Without a display the toolkit would end the process with a core dump.
+void EndOnFatalMessages(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) {
+    std::fprintf(stderr, "vanzet: there is no display to open a window on\n");
+    std::_Exit(1);
+  }
+  if (type == QtWarningMsg && text.contains("xcb")) return;
+  if (type != QtDebugMsg && type != QtInfoMsg) std::fprintf(stderr, "vanzet: %s\n", qPrintable(text));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qInstallMessageHandler(EndOnFatalMessages);
+  window::Application application(argc, argv);
+  // Numbers have a point whatever the toolkit's locale is.
+  std::setlocale(LC_NUMERIC, "C");
+  const Arguments arguments = ReadArguments(argc, argv);
+  window::MainWindow window(window::Places::OfProcess());
+  application.tell = [&](const Fault& fault) { window.Tell(fault); };
+  window.show();
+  QTimer::singleShot(0, &window, [&] {
+    if (arguments.project.empty()) return;
+    const auto opened = window.OpenProject(arguments.project);
+    if (!opened) return window.Tell(opened.fault());
+    if (arguments.hasDialog) window.ShowDefinition();
+  });
+  return window::Application::exec();
+}

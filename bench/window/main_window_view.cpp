@@ -1,0 +1,89 @@
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "window/help_window.h"
+#include "window/main_window.h"
+#include "window/qt_text.h"
+#include "window/theme.h"
+
+/// What is seen, and how.
+namespace vanzet::window {
+namespace {
+
+struct ViewRow {
+  Command command;
+  scene::View view;
+};
+constexpr ViewRow kViews[] = {
+    {Command::kIso, scene::View::kIso},     {Command::kFront, scene::View::kFront},
+    {Command::kBack, scene::View::kBack},   {Command::kTop, scene::View::kTop},
+    {Command::kLeft, scene::View::kLeft},   {Command::kBottom, scene::View::kBottom},
+    {Command::kRight, scene::View::kRight},
+};
+
+}  // namespace
+
+bool MainWindow::RunView(Command command) {
+  if (const auto* const row = std::ranges::find(kViews, command, &ViewRow::command);
+      row != std::end(kViews)) {
+    equipment_->LookFrom(row->view);
+    return true;
+  }
+  const bool isOn = (*actions_)[command]->isChecked();
+  switch (command) {
+    case Command::kFit:
+      drawing_->Fit();
+      equipment_->Fit();
+      return true;
+    case Command::kSection:
+      if (const auto cut = equipment_->SetSection(isOn); !cut) Tell(cut.fault());
+      return true;
+    case Command::kPerspective: equipment_->SetPerspective(isOn); return true;
+    case Command::kBothViews:
+    case Command::kDrawingOnly:
+    case Command::kEquipmentOnly: Arrange(command); return true;
+    case Command::kEnglish: Speak(Language::kEnglish); return true;
+    case Command::kGerman: Speak(Language::kGerman); return true;
+    case Command::kLight: Wear(Appearance::kLight); return true;
+    case Command::kDark: Wear(Appearance::kDark); return true;
+    default: return false;
+  }
+}
+
+void MainWindow::Arrange(Command command) {
+  drawingPane_->setVisible(command != Command::kEquipmentOnly);
+  equipmentPane_->setVisible(command != Command::kDrawingOnly);
+}
+
+void MainWindow::Speak(Language language) {
+  memory_.Choose(language);
+  words_.Speak(language);
+}
+
+void MainWindow::Wear(Appearance appearance) {
+  memory_.Choose(appearance);
+  Dress(*qApp, appearance);
+  if (session_) RefreshDrawing();
+}
+
+void MainWindow::ShowPosition(double x, double y) {
+  constexpr int kDecimals = 3;
+  position_->setText(QString("X %1   D %2   R %3 mm")
+                         .arg(x, 0, 'f', kDecimals)
+                         .arg(2 * std::abs(y), 0, 'f', kDecimals)
+                         .arg(y, 0, 'f', kDecimals));
+}
+
+void MainWindow::ShowHelp() {
+  if (help_ == nullptr) help_ = new HelpWindow(words_, this);
+  const auto page = places_.share.parent_path() / "doc" / "vanzet" / "window.md";
+  if (const auto opened = help_->Open(page); !opened) Tell(opened.fault());
+}
+
+void MainWindow::ShowAbout() {
+  QMessageBox::about(this, words_(Text::kAbout).remove('&'), words_(Text::kAboutText).arg(VANZET_VERSION));
+}
+
+}  // namespace vanzet::window

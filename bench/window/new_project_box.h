@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+
+#include "window/words.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace vanzet::window {
+
+/// Asks where a new project is to be made, and from which sample.
+class NewProjectBox final : public QDialog {
+  Q_OBJECT
+ public:
+  NewProjectBox(const Words& words, const QStringList& samples, const QString& place, QWidget* parent);
+
+  QString Folder() const;
+  QString Sample() const;
+
+ private:
+  void Browse();
+  void Check();
+
+  const Words& words_;
+  QLineEdit* name_;
+  QLineEdit* place_;
+  QComboBox* sample_;
+  QLabel* folder_;
+  QPushButton* make_ = nullptr;
+};
+
+}  // namespace vanzet::window

@@ -1,0 +1,44 @@
+#include <QTest>
+#include <cstdio>
+
+#include "window/application.h"
+#include "window/main_window.h"
+
+/// Pictures of the window with a project, in both languages, light and dark: make_window_pictures PROJECT
+/// OUT. QT_SCALE_FACTOR tells the scale.
+namespace {
+
+using namespace vanzet;
+using namespace vanzet::window;
+
+void Wait(MainWindow& window) {
+  QCoreApplication::processEvents();
+  static_cast<void>(QTest::qWaitFor([&] { return window.equipment().isSmooth(); }, 20'000));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Application application(argc, argv);
+  const QStringList words = QCoreApplication::arguments();
+  if (words.size() < 3) return std::fprintf(stderr, "make_window_pictures PROJECT OUT\n"), 2;
+  MainWindow window(Places::OfProcess());
+  window.resize(1400, 900);
+  window.show();
+  if (const auto opened = window.OpenProject(words[1].toStdString()); !opened) {
+    return std::fprintf(stderr, "%s\n", opened.fault().Told().c_str()), 1;
+  }
+  for (const Command appearance : {Command::kLight, Command::kDark}) {
+    for (const Command language : {Command::kEnglish, Command::kGerman}) {
+      window.actions()[appearance]->trigger();
+      window.actions()[language]->trigger();
+      Wait(window);
+      const QString name = QString("%1/window-%2-%3-%4.png")
+                               .arg(words[2], language == Command::kGerman ? "de" : "en",
+                                    appearance == Command::kDark ? "dark" : "light")
+                               .arg(window.devicePixelRatio());
+      if (!window.grab().save(name)) return 1;
+    }
+  }
+  return 0;
+}
