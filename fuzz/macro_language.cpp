@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "drawing/drawing_text.h"
+#include "drawing/picks.h"
 #include "drawing/picture.h"
 #include "fuzz/fuzz.h"
 #include "language/interpreter.h"
