@@ -67,6 +67,15 @@ TEST_F(ClampElemNew, AChoiceTakesTheValuesAndTheirTypeOfTheCatalogue) {
   EXPECT_EQ(ran.TextOf(2034), "0");
 }
 
+TEST_F(ClampElemNew, AChoiceIsOfTheTypeOfTheFirstDeviceOfItsName) {
+  WriteBytes(world.catalogue, "Twin\n2 1 2 3 4 5 6\nTwin\n1 80 90 20\n");
+  const Ran ran = Run("select 36\nchoose 2123 \"Twin\"\nset 2031 9\nanswer yes\nstate\npress 2152\n");
+  EXPECT_EQ(ran.TextOf(2038), "6");
+  EXPECT_EQ(ran.Control(2038)["enabled"], false) << "the page keeps to the type of its node";
+  EXPECT_EQ(ran.Control(2150)["bitmap"], 2056);
+  EXPECT_TRUE(File().starts_with("Twin\n2 9.000000 2.000000 3.000000 4.000000 5.000000 6.000000 ")) << File();
+}
+
 TEST_F(ClampElemNew, WithoutATypeNothingIsSaved) {
   const std::string before = File();
   for (const char* script : {"select 40\nset 2123 X\npress 2152\n", "select 49\npress 2152\n",
@@ -167,6 +176,17 @@ TEST_F(ClampElemNew, AMissingFileLeadsToASearch) {
               ElementsAre("focus 2158", searched + " -> 6", "open " + other, "closed end-of-script"));
   EXPECT_TRUE(ReadBytes(other).starts_with("Collet 9\n2 1 2 3\nX\n1 0.000000 5.000000 6.000000 "))
       << ReadBytes(other);
+}
+
+TEST_F(ClampElemNew, ADeleteThatDoesNotReachTheFileSaysNothing) {
+  // The file goes after the dialog has read it.
+  host.onCall = [&](const std::string& name) {
+    if (name == "OrvoMacroVdmExists") std::filesystem::remove(world.catalogue);
+  };
+  const Ran ran = Run("select 36\nchoose 2123 0\nanswer yes\npress 2127\nstate\n");
+  EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 4 Delete? -> 6", "closed end-of-script"));
+  EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 2"})) << "gone from memory";
+  EXPECT_FALSE(std::filesystem::exists(world.catalogue));
 }
 
 TEST_F(ClampElemNew, AnOddCatalogueFillsTheListAsFarAsItGoes) {

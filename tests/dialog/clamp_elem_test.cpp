@@ -243,8 +243,12 @@ TEST_F(ClampElem, ACentreBesideASubSpindleLeavesTheSubSpindlesJawAlone) {
 
 TEST_F(ClampElem, WithoutASubSpindleTheCentreTakesItsPlace) {
   world.SetMachine({.tail = true});
+  Item(2, 4) = "1 5";
+  Item(2, 6) = "5 1 2 3";
   const Ran ran = Run("select 15\nchoose 2124 1\npress 2154\nstate\n");
   EXPECT_EQ(Item(2, 2), "Center 2");
+  EXPECT_EQ(Item(2, 4), "1 5") << "a centre has no options";
+  EXPECT_EQ(Item(2, 6), "5 1 2 3") << "nor does it take the jaw away";
   EXPECT_THAT(ran.Bold(), ElementsAre(15));
 }
 

@@ -56,6 +56,15 @@ TEST_F(Ok, SpinsNoDeviceThatIsKeptInAVdm) {
   EXPECT_THAT(CallsOfOk(), IsEmpty());
 }
 
+TEST_F(Ok, MakesTheJawOfAChuckThatIsKeptInAVdm) {
+  Item(1, 3) = "103 0 5";
+  Item(1, 6) = "5 1 2 3 4 5 6 7 8";
+  host.integers["i_return"] = 17;
+  const auto calls = CallsOfOk();
+  EXPECT_THAT(calls, Contains("OrvoCommand('sld ext kur k30001 8.000000 i_return')"));
+  EXPECT_THAT(calls, Not(Contains(testing::HasSubstr("sld spu"))));
+}
+
 TEST_F(Ok, OfATailstockWithoutASubSpindleHandlesTheCentreInTheSecondPass) {
   world.SetMachine({.tail = true});
   Item(2, 3) = "13 40 20 10 5 60 10 60";
@@ -189,6 +198,33 @@ TEST_F(LoadedConfiguration, IsNotReadAfterANo) {
               ElementsAre("open /old.vdm", std::string(kQuestion) + " -> 7", "closed end-of-script"));
   EXPECT_THAT(world.Stored(), IsEmpty());
   EXPECT_THAT(host.TakeCalls("OrvoCommand('vdm"), IsEmpty());
+}
+
+TEST_F(LoadedConfiguration, IsNotReadAfterACancel) {
+  Given({});
+  Run("file \"/old.vdm\"\nanswer cancel\npress 2144\n");
+  EXPECT_TRUE(host.vdms.contains(1000));
+  EXPECT_THAT(host.TakeCalls("OrvoCommand('vdm"), IsEmpty());
+}
+
+TEST_F(LoadedConfiguration, ComesWhenTheOldOneIsGone) {
+  Given({});
+  Run("file \"/old.vdm\"\nanswer yes\npress 2144\n");
+  const auto calls = host.TakeCalls();
+  const auto gone = std::ranges::find(calls, "OrvoMacroVdmDelete(1000)");
+  ASSERT_NE(gone, calls.end());
+  EXPECT_EQ(*std::next(gone), "OrvoCommand('vdm load '/old.vdm' i_ret i_billet_vdm')");
+}
+
+TEST_F(LoadedConfiguration, LeavesTheShownSpursPicturesThoughItIsThatOfTheFirst) {
+  Given({.spurs = 2});
+  host.vdms[2000].records[1][8] = "1 55 100 0 0 0 0 0";
+  host.vdms[2000].records[3][2] = "1 0 0 0 7 0";
+  const auto calls = CallsOf("choose 2020 1\nfile \"/old.vdm\"\nanswer yes\npress 2144\n");
+  EXPECT_THAT(calls, Contains("OrvoCommand('s101=h 55.000000')"));
+  EXPECT_THAT(calls, Contains("OrvoCommand('s111=v 7.000000')"));
+  EXPECT_THAT(calls, Contains("OrvoCommand('tra m30000 x7.000000')"));
+  EXPECT_THAT(calls, Not(Contains("OrvoCommand('s101=h 80.000000')")));
 }
 
 TEST_F(LoadedConfiguration, IsNotReadWhenNoFileWasChosen) {

@@ -74,6 +74,16 @@ TEST_F(Datum, AnOriginIsThePickedPosition) {
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "hide", "show", "closed end-of-script"));
 }
 
+TEST_F(Datum, EachPickAsksForAPositionAndReadsItsAxialValue) {
+  for (const char* button : {"2201", "2209", "2206", "2213"}) {
+    world.positions = {{0, 1, 2}};
+    EXPECT_THAT(CallsOf(std::string("select 34\npress ") + button + "\n"),
+                ElementsAre("OrvoReadGlobalI('i_billet_vdm')", "OrvoMacroExec('vbpickel', 'POS')",
+                            "OrvoReadGlobalI('i_return')", "OrvoReadGlobalW('w_return')"))
+        << button;
+  }
+}
+
 TEST_F(Datum, ABrokenOffPickKeepsAllValues) {
   for (const char* button : {"2201", "2209", "2206", "2213"}) {
     const Ran ran = Run(std::string("select 34\nset 2203 -1\nset 2211 2\nset 2207 3\nset 2214 4\npress ") +

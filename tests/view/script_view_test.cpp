@@ -122,6 +122,14 @@ TEST_F(ScriptViewTest, ClosesADialogAtOnceWhenALeadingLineWasRefused) {
             "{\"event\":\"closed\",\"by\":\"close\"}\n");
 }
 
+TEST_F(ScriptViewTest, ClosesADialogAtOnceWithoutAScriptToRead) {
+  ScriptView view((folder / "none.txt").string(),
+                  std::make_shared<Transcript>((folder / "run.jsonl").string()));
+  NotingDialog dialog;
+  EXPECT_EQ(view.Serve(dialog, nullptr, 4), kClosedByFrame);
+  EXPECT_TRUE(Written().ends_with("\n{\"event\":\"closed\",\"by\":\"close\"}\n")) << Written();
+}
+
 TEST_F(ScriptViewTest, WritesTheStateOnOneLine) {
   Events("state\n");
   EXPECT_EQ(
