@@ -261,6 +261,7 @@ TEST_F(LoadedConfiguration, IsDrawnForTheSubSpindleWithoutADatumWhereTheSelectio
   EXPECT_THAT(onMain, Not(Contains("OrvoCommand('fig cre BilletS z0x0y0')")));
   const auto onSub = lines("select 22\n");
   EXPECT_THAT(onSub, Contains("OrvoCommand('fig cre BilletS z0x0y0')"));
+  EXPECT_EQ(std::ranges::count(onSub, "OrvoCommand('s101=h 60.000000')"), 1) << "the sub spindle's billet";
   EXPECT_THAT(onSub, Contains("OrvoCommand('s111=v 0.000000')"));
   EXPECT_THAT(onSub, Not(Contains("OrvoCommand('s111=v 40.000000')")));
   EXPECT_THAT(onSub, Contains("OrvoCommand('fig del ZOffsetSub yes')"));

@@ -102,13 +102,16 @@ TEST_F(MenuTest, DeletesAFinishPart) {
 
 TEST_F(MenuTest, DeletesTheDatumAndTheMarksOfBothSpindles) {
   Item(3, 2) = "1 0 1 2 3 4";
+  EXPECT_THAT(Run("state\n").Bold(), ElementsAre(34));
+  const auto before = host.vdms;
+  EXPECT_THAT(Run("context 33 51000\nstate\n").Bold(), IsEmpty());
+  host.vdms = before;
   const auto calls = CallsOf("context 33 51000\n");
   const auto main = std::ranges::find(calls, "OrvoCommand('fig del ZOffsetMain yes')");
   const auto sub = std::ranges::find(calls, "OrvoCommand('fig del ZOffsetSub yes')");
   EXPECT_LT(main, sub);
   EXPECT_NE(sub, calls.end());
   EXPECT_THAT(world.Stored(), ElementsAre("3.2 0 0.000000 0.000000 0.000000 0.000000 0.000000"));
-  EXPECT_THAT(Run("state\n").Bold(), IsEmpty());
 }
 
 TEST_F(MenuTest, DeletesInTheSpurThatIsShown) {

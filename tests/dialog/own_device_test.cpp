@@ -231,6 +231,16 @@ TEST_F(OwnDevice, OfAFileWithoutFactsIsRefusedAfterTheStoresBoxes) {
   EXPECT_EQ(host.vdms[1900].handle, 0U);
 }
 
+TEST_F(OwnDevice, FactsThatAreMissingAreZero) {
+  world.SetMachine({.sub = true, .tail = true});
+  OwnFile("/chuck.vdm", "3");
+  Run("select 3\nset 2021 /chuck.vdm\npress 2155\n");
+  EXPECT_EQ(Item(1, 3), "103 0.000000 0.000000");
+  OwnFile("/center.vdm", "3 3 8");
+  Run("select 15\nset 2021 /center.vdm\npress 2155\n");
+  EXPECT_EQ(Item(10, 3), "115 0.000000 8.000000");
+}
+
 TEST_F(OwnDevice, IsReadBeforeAnythingIsWritten) {
   OwnFile("/own.vdm", "3 0 5");
   std::vector<std::string> calls = CallsOf("select 3\nset 2021 /own.vdm\npress 2155\n");

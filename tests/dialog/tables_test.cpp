@@ -84,6 +84,14 @@ TEST_F(Tables, EveryTextIsThatOfItsMessage) {
   }
 }
 
+TEST_F(Tables, TextsArePutInOnceWhenThePageIsFirstShown) {
+  host.TakeCalls();
+  Run("");
+  EXPECT_THAT(host.TakeCalls("OrvoStrMessage(5, 725,"), testing::IsEmpty());
+  Run("select 19\nselect 20\nselect 19\n");
+  EXPECT_EQ(host.TakeCalls("OrvoStrMessage(5, 725,").size(), 1U);
+}
+
 TEST_F(Tables, HeadersNameTheSpindleAndThePage) {
   host.translations = {{704, "Haupt"}, {710, "Gegen"}, {715, "a"}, {717, "b"},
                        {1160, "c"},    {1172, "d"},    {1173, "e"}};
