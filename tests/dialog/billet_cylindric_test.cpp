@@ -222,6 +222,12 @@ TEST_F(ValuesFromSolid, AskTheHostInThisOrder) {
                           "OrvoPsGetExtents(7)"));
 }
 
+TEST_F(ValuesFromSolid, AreThoseOfABodyOfNumberOneToo) {
+  host.bodies.byNumber = {{1, {"First", false, {0, 0, 0, 0.2, 0.05, 1}}}};
+  host.bodies.picks = {1};
+  EXPECT_EQ(Run("select 19\npress 2018\nstate\n").TextOf(2023), "200");
+}
+
 TEST_F(ValuesFromSolid, StayWhenNoBodyWasPicked) {
   host.bodies.picks = {0};
   const Ran ran = Run("select 19\npress 2018\nstate\n");

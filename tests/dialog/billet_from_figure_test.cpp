@@ -74,6 +74,9 @@ TEST_F(BilletFromFigure, ABrokenOffPickIsUnmarkedAndKeepsTheName) {
     world.figures = {{status, 3}};
     const auto calls = CallsOf("select 20\nset 2039 old\npress 2010\n");
     EXPECT_EQ(calls.back(), "OrvoCommand('dfm umark -1')") << status;
+    EXPECT_EQ(
+        std::ranges::count_if(calls, [](const auto& call) { return call.find("dfm pick") != call.npos; }), 1)
+        << status;
     world.figures = {{status, 3}};
     EXPECT_EQ(Run("select 20\nset 2039 old\npress 2010\nstate\n").TextOf(2039), "old");
   }

@@ -51,6 +51,14 @@ TEST_F(BilletFromSolid, TakesNameAndExtentsOfThePickedSolid) {
   EXPECT_EQ(ran.TextOf(2032), "5") << "the angle stays";
 }
 
+TEST_F(BilletFromSolid, ABodyOfNumberOneIsOne) {
+  host.bodies.byNumber = {{1, {"First", false, {0, 0, 0, 0.1, 0.05, 1}}}};
+  host.bodies.picks = {1};
+  Run("select 21\npress 2018\npress 2015\n");
+  EXPECT_EQ(Stored(7), "First");
+  EXPECT_EQ(Stored(8), "3 0 100.000000 50.000000 0.000000");
+}
+
 TEST_F(BilletFromSolid, AMeshHasNoExtents) {
   host.bodies.picks = {8};
   const Ran ran = Run("select 21\nset 2045 5\nset 2035 5\npress 2018\nstate\n");

@@ -85,10 +85,19 @@ TEST_F(ClampElemNew, WithoutATypeNothingIsSaved) {
   EXPECT_EQ(File(), before);
 }
 
+TEST_F(ClampElemNew, ComesUpBlankEachTime) {
+  const Ran ran = Run("select 36\nchoose 2123 0\nselect 41\nselect 36\nstate\n");
+  EXPECT_EQ(ran.TextOf(2031), "0");
+  EXPECT_EQ(ran.TextOf(2123), "");
+  EXPECT_EQ(ran.Control(2123)["selected"], -1);
+}
+
 TEST_F(ClampElemNew, NeedsAName) {
+  const std::string before = File();
   EXPECT_THAT(Run("select 36\npress 2152\n").events,
               ElementsAre("focus 2158", "box 0 Name for clampdevice is missing!", "focus 2123",
                           "closed end-of-script"));
+  EXPECT_EQ(File(), before);
 }
 
 TEST_F(ClampElemNew, StopsAtWhatIsNoNumber) {

@@ -131,6 +131,20 @@ TEST_F(ClampElem, AChoiceTakesTheValuesOfTheCatalogue) {
   EXPECT_THAT(world.Stored(), IsEmpty());
 }
 
+TEST_F(ClampElem, ShowsAndStoresEachValueAtItsLetter) {
+  const Ran ran =
+      Run("select 7\nchoose 2124 0\nstate\nset 2031 11\nset 2033 12\nset 2034 13\nset 2036 14\nset 2037 15\n"
+          "set 2038 16\nset 2041 17\nset 2042 18\nset 2043 19\npress 2154\n");
+  int value = 0;
+  for (const int edit : {2031, 2033, 2034, 2036, 2037, 2038, 2041, 2042, 2043}) {
+    EXPECT_EQ(ran.TextOf(edit), std::to_string(++value));
+  }
+  EXPECT_EQ(ran.TextOf(2044), "0") << "no device has a J";
+  EXPECT_EQ(Item(1, 3),
+            "4 11.000000 12.000000 13.000000 14.000000 15.000000 16.000000 17.000000 18.000000 19.000000 "
+            "0.000000");
+}
+
 TEST_F(ClampElem, EnablesTheValuesOfEachType) {
   const std::map<char, int> edits = {{'A', 2031}, {'B', 2033}, {'C', 2034}, {'D', 2036}, {'E', 2037},
                                      {'F', 2038}, {'G', 2041}, {'H', 2042}, {'I', 2043}, {'J', 2044}};

@@ -77,6 +77,13 @@ TEST_F(Finishpart, TakesTheNameOfThePickedSolid) {
   EXPECT_EQ(Run("select 29\npress 2018\nstate\n").TextOf(2046), "Part");
 }
 
+TEST_F(Finishpart, ABodyOfNumberOneIsOne) {
+  host.bodies.byNumber = {{1, {"First"}}};
+  host.bodies.picks = {1};
+  Run("select 29\npress 2018\npress 2015\n");
+  EXPECT_THAT(Items(16), ElementsAre("2", "First"));
+}
+
 TEST_F(Finishpart, ABrokenOffPickOfASolidBlanksThePage) {
   StoredIs(16, {"2", "Part"});
   const Ran ran = Run("select 29\npress 2018\nstate\n");
