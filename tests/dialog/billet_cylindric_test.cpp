@@ -134,6 +134,13 @@ TEST_F(BilletCylindric, StopsAtWhatIsNoNumberAndChangesNothing) {
   }
 }
 
+TEST_F(BilletCylindric, AsksForTheFirstOfSeveralNumbersUnderTheDialogsCaption) {
+  host.translations = {{700, "Spannmittel"}};
+  EXPECT_THAT(Run("select 19\nset 2024 x\nset 2026 y\npress 2016\n").events,
+              ElementsAre("focus 2158", "box 0 [Spannmittel] Please enter a number.", "focus 2024",
+                          "closed end-of-script"));
+}
+
 TEST_F(BilletCylindric, APickStopsAtWhatIsNoNumberBeforeTheDialogHides) {
   world.positions = {{0, 1, 2}};
   EXPECT_THAT(Run("select 19\nset 2025 x\npress 2005\n").events, Not(Contains("hide")));
