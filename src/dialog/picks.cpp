@@ -64,11 +64,12 @@ void PickFigure(std::string& figure) {
     SendCommand("dfm pick i_return i_return2 '" + prompt + "' 20");
     bool isRead = false;
     const std::int32_t pick = OrvoApi::GetGlobalIntVar("i_return", isRead);
+    if (pick == status::kFigurePicked) {
+      const std::int32_t number = OrvoApi::GetGlobalIntVar("i_return2");
+      if (number >= 0) return ReadFigureName(number, figure);
+    }
     // Where nobody can know how a pick ended, asking again would have no end.
     if (IsFigurePickOver(pick) || !isRead) return SendCommand("dfm umark -1");
-    if (pick != status::kFigurePicked) continue;
-    const std::int32_t number = OrvoApi::GetGlobalIntVar("i_return2");
-    if (number >= 0) return ReadFigureName(number, figure);
   }
 }
 

@@ -1,4 +1,5 @@
 #include "dialog/dialog_fixture.h"
+#include "support/fake_host_functions.h"
 #include "support/golden.h"
 
 namespace vanzet::test {
@@ -106,6 +107,25 @@ TEST_F(BilletFromFigure, APickWhoseStatusCannotBeReadIsOver) {
   const Ran ran = Run("select 20\nset 2039 old\npress 2010\nstate\n");
   EXPECT_EQ(ran.TextOf(2039), "old");
   EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_return"));
+}
+
+/// A read of an integer that gives its value and says that it failed.
+std::int32_t ReadAndRefuse(const char* name, std::int32_t* ok) {
+  *ok = 0;
+  return FakeHost::Current().integers[name];
+}
+
+void* FindRefusingReads(void* /*module*/, const char* name) {
+  return std::string(name) == "OrvoReadGlobalI" ? reinterpret_cast<void*>(ReadAndRefuse) : FakeFunction(name);
+}
+
+TEST_F(BilletFromFigure, AStatusThatComesInSpiteOfARefusalCounts) {
+  host::symbolFinder = FindRefusingReads;
+  host::hostFunctions = {};
+  world.figures = {{151, 3}};
+  const Ran ran = Run("select 20\npress 2010\nstate\n");
+  EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_return"));
+  EXPECT_EQ(ran.TextOf(2039), "shaft");
 }
 
 TEST_F(BilletFromFigure, PicksItsLength) {
