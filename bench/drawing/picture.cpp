@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "base/utf8.h"
 #include "contour/sweep.h"
 #include "drawing/picture_view.h"
 #include "drawing/shown.h"
@@ -45,33 +46,25 @@ std::string PathOf(const Kurve& curve) {
   return curve.Closed() ? path + " Z" : path;
 }
 
+std::string Escaped(char c) {
+  switch (c) {
+    case '<': return "&lt;";
+    case '>': return "&gt;";
+    case '&': return "&amp;";
+    case '"': return "&quot;";
+    default: return {c};
+  }
+}
+
 /// A text in XML; bytes that are no UTF-8 become U+FFFD.
 std::string Escaped(std::string_view text) {
   std::string escaped;
-  for (std::size_t i = 0; i < text.size();) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    std::size_t length = byte < 0x80                   ? 1
-                         : byte >= 0xF0 && byte < 0xF5 ? 4
-                         : byte >= 0xE0                ? 3
-                         : byte >= 0xC2                ? 2
-                                                       : 0;
-    for (std::size_t k = 1; k < length; ++k) {
-      const bool goesOn = i + k < text.size() && (static_cast<unsigned char>(text[i + k]) & 0xC0U) == 0x80U;
-      if (!goesOn || byte >= 0xF5) length = 0;
-    }
-    if (length == 0) {
-      escaped += "\xEF\xBF\xBD";
-      ++i;
-      continue;
-    }
-    switch (byte) {
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      case '&': escaped += "&amp;"; break;
-      case '"': escaped += "&quot;"; break;
-      default: escaped += text.substr(i, length);
-    }
-    i += length;
+  while (!text.empty()) {
+    const std::size_t length = Utf8Length(text);
+    if (length == 0) escaped += kNoUtf8;
+    if (length == 1) escaped += Escaped(text.front());
+    if (length > 1) escaped += text.substr(0, length);
+    text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return escaped;
 }

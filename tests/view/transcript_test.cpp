@@ -17,6 +17,10 @@ TEST(JsonString, EscapesWhatJsonWantsEscaped) {
   EXPECT_EQ(JsonString("W\xC3\xA4hlen"), "\"W\xC3\xA4hlen\"");
 }
 
+TEST(JsonString, IsUtf8WhateverTheText) {
+  EXPECT_EQ(JsonString("W\xE4hlen\xC3"), "\"W\xEF\xBF\xBDhlen\xEF\xBF\xBD\"");
+}
+
 TEST(Transcript, WritesOneObjectALine) {
   const TemporaryFolder folder;
   const std::string file = (folder / "run.jsonl").string();

@@ -1,5 +1,9 @@
 #include "view/script/json.h"
 
+#include <algorithm>
+
+#include "base/utf8.h"
+
 namespace vanzet::view {
 namespace {
 
@@ -22,7 +26,13 @@ std::string Escaped(char c) {
 
 std::string JsonString(std::string_view text) {
   std::string json = "\"";
-  for (const char c : text) json += Escaped(c);
+  while (!text.empty()) {
+    const std::size_t length = Utf8Length(text);
+    if (length == 0) json += kNoUtf8;
+    if (length == 1) json += Escaped(text.front());
+    if (length > 1) json += text.substr(0, length);
+    text.remove_prefix(std::max<std::size_t>(length, 1));
+  }
   return json + '"';
 }
 

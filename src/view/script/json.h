@@ -7,7 +7,7 @@
 /// JSON on one line, keys in the order in which they are given.
 namespace vanzet::view {
 
-/// The text as a JSON string, quotes included. Bytes from 0x80 up pass as they are.
+/// The text as a JSON string, quotes included. Bytes that are no UTF-8 become U+FFFD.
 std::string JsonString(std::string_view text);
 
 /// The members of an object, or the elements of an array, as they come.

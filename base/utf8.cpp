@@ -1,0 +1,44 @@
+#include "base/utf8.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace vanzet {
+namespace {
+
+/// Characters of as many bytes: which bits of the first byte tell so, and from which to which character.
+struct Form {
+  std::uint8_t mask, lead;
+  std::size_t length;
+  std::uint32_t least, most;
+};
+constexpr Form kForms[] = {
+    {0x80, 0x00, 1, 0, 0x7F},
+    {0xE0, 0xC0, 2, 0x80, 0x7FF},
+    {0xF0, 0xE0, 3, 0x800, 0xFFFF},
+    {0xF8, 0xF0, 4, 0x10000, 0x10FFFF},
+};
+
+constexpr bool IsSurrogate(std::uint32_t character) {
+  return character >= 0xD800 && character <= 0xDFFF;
+}
+
+}  // namespace
+
+std::size_t Utf8Length(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto first = static_cast<std::uint8_t>(text.front());
+  const auto* const form =
+      std::ranges::find_if(kForms, [=](const Form& f) { return (first & f.mask) == f.lead; });
+  if (form == std::end(kForms) || text.size() < form->length) return 0;
+  std::uint32_t character = first & static_cast<std::uint8_t>(~form->mask);
+  for (const char c : text.substr(1, form->length - 1)) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    if ((byte & 0xC0U) != 0x80U) return 0;
+    character = character << 6U | (byte & 0x3FU);
+  }
+  const bool isInRange = character >= form->least && character <= form->most;
+  return isInRange && !IsSurrogate(character) ? form->length : 0;
+}
+
+}  // namespace vanzet
