@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ enum class ControlKind { kButton, kEdit, kCheck, kCombo, kSpin, kLabel, kPicture
 struct Control {
   std::int32_t id = 0;
   ControlKind kind = ControlKind::kLabel;
-  std::string text = {};     ///< a caption; what stands in an edit or in the field of a combo
-  std::string caption = {};  ///< edits: a letter or a word that stands beside it for good
+  std::string text = {};              ///< a caption; what stands in an edit or in the field of a combo
+  std::string caption = {};           ///< edits: a letter or a word that stands beside it for good
+  bool isReal = false;                ///< edits: a real has to stand in it
+  std::optional<double> number = {};  ///< of such an edit; nothing while its text is no number
   bool isEnabled = true;
   bool isVisible = true;
   bool isChecked = false;               ///< check boxes
@@ -35,6 +38,8 @@ struct TreeNode {
   bool isOpen = false;
   std::int32_t bitmap = 0;          ///< 16 by 16, white is transparent
   std::int32_t selectedBitmap = 0;  ///< the same while the node is selected
+
+  bool operator==(const TreeNode&) const = default;
 };
 
 struct DialogState {

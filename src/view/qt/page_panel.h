@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "view/qt/control_widget.h"
+#include "view/qt/page_layouts.h"
+
+class QLabel;
+class QScrollArea;
+
+namespace vanzet::view::qt {
+
+class PageForm;
+class PictureWidget;
+
+/// A page of the dialog: its title, the form of its controls with the picture beside it, and the buttons that
+/// take its values.
+class PagePanel final : public QWidget {
+ public:
+  PagePanel(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
+            QWidget* parent);
+
+  /// Takes over the state of the controls. `place` is where the page stands in the tree; the measure of the
+  /// edit `focused` stands out in the picture.
+  void Show(const std::vector<Control>& controls, const QString& place, std::int32_t focused);
+
+  /// `mnemonics` has the letters of values reserved.
+  void MarkMnemonics(Mnemonics& mnemonics);
+
+  /// The widget of a control, null for one that is not here.
+  QWidget* WidgetOf(std::int32_t control) const;
+
+ private:
+  QWidget* Title();
+  QWidget* Scrolled();
+
+  const PageLayout& layout_;
+  PageForm* form_;
+  QLabel* title_ = nullptr;  ///< of a page that has no label for it
+  QScrollArea* scroll_ = nullptr;
+  PictureWidget* picture_;
+};
+
+/// The letters that values may have.
+inline const QString kValueLetters = QStringLiteral("ABCDEFGHIJ");
+
+}  // namespace vanzet::view::qt
