@@ -146,6 +146,15 @@ bool RewriteForever(const std::filesystem::path& folder, const std::uint32_t (&f
   }
 }
 
+/// Returns when the first VDM was closed with that generation, however slow the machine is; gives up after a
+/// time in which any machine would have got there.
+void AwaitGeneration(const Progress& progress, std::uint32_t generation) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+  while (progress.closed[0] < generation && !progress.failed && std::chrono::steady_clock::now() < deadline) {
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+}
+
 /// Expects one whole generation of a VDM, `closed` or the one after it; gives it.
 std::uint32_t ExpectWhole(const VdmStore& store, std::size_t vdm, std::uint32_t closed) {
   EXPECT_FALSE(Get(store.IsOpen(kNumbers[vdm])));
@@ -172,7 +181,8 @@ TEST(KilledProcess, LeavesEachVdmWhollyOfOneGenerationAndTheLockFree) {
       return false;
     });
     ASSERT_TRUE(child.line().Await());
-    std::this_thread::sleep_for(std::chrono::microseconds(dice.UpTo(20000)));
+    AwaitGeneration(progress, found[0] + static_cast<std::uint32_t>(dice.UpTo(2)));
+    std::this_thread::sleep_for(std::chrono::microseconds(dice.UpTo(5000)));
     child.Kill();
     EXPECT_FALSE(progress.failed);
     const VdmStore store(folder.path());
