@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "dialog/number_text.h"
 
 namespace vanzet::dialog {
 namespace {
@@ -47,6 +48,13 @@ void Controls::SetText(std::int32_t id, std::string text) {
   At(id).text = std::move(text);
 }
 
+void Controls::SetReal(std::int32_t edit, double value) {
+  view::Control& control = At(edit);
+  control.isReal = true;
+  control.text = RealText(value);
+  control.number = RealOf(control.text);
+}
+
 void Controls::Enable(std::int32_t id, bool isEnabled) {
   At(id).isEnabled = isEnabled;
 }
@@ -64,8 +72,10 @@ void Controls::SetPicture(std::int32_t id, std::int32_t bitmap) {
 }
 
 void Controls::Type(std::int32_t id, const std::string& text) {
-  At(id).text = text;
-  At(id).selected = -1;
+  view::Control& control = At(id);
+  control.text = text;
+  control.selected = -1;
+  if (control.isReal) control.number = RealOf(text);
   const auto spin = std::ranges::find(rows_, id, &ControlTemplate::buddy);
   if (spin == rows_.end()) return;
   const std::optional<std::int32_t> value = WholeInteger(text);

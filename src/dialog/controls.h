@@ -39,6 +39,7 @@ class Controls {
   const view::Control& Of(std::int32_t id) const;
 
   void SetText(std::int32_t id, std::string text);
+  void SetReal(std::int32_t edit, double value);
   void Enable(std::int32_t id, bool isEnabled);
   void Show(std::int32_t id, bool isVisible);
   void Check(std::int32_t id, bool isChecked);

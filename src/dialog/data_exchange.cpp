@@ -3,7 +3,7 @@
 namespace vanzet::dialog {
 
 void Show(Controls& controls, std::int32_t edit, double value) {
-  controls.SetText(edit, RealText(value));
+  controls.SetReal(edit, value);
 }
 
 void Show(Controls& controls, std::int32_t edit, const std::string& value) {
@@ -19,7 +19,7 @@ void Show(Controls& controls, std::int32_t check, std::int32_t value) {
 }
 
 bool Read(const Controls& controls, std::int32_t edit, double& value) {
-  const std::optional<double> number = RealOf(controls.Of(edit).text);
+  const std::optional<double>& number = controls.Of(edit).number;
   if (number) value = *number;
   return number.has_value();
 }

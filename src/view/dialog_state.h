@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct Control {
   ControlKind kind = ControlKind::kLabel;
   std::string text = {};     ///< a caption; what stands in an edit or in the field of a combo
   std::string caption = {};  ///< edits: a letter or a word that stands beside it for good
+  bool isReal = false;       ///< edits: a real has to stand in it
+  std::optional<double> number = {};  ///< of such an edit; nothing while its text is no number
   bool isEnabled = true;
   bool isVisible = true;
   bool isChecked = false;               ///< check boxes

@@ -1,24 +1,56 @@
 #include "view/view_choice.h"
 
+#include <algorithm>
 #include <cstdlib>
 
+#include "platform/symbols.h"
 #include "view/console_view.h"
 #include "view/script/script_view.h"
+#include "view/view_library.h"
 
 namespace vanzet::view {
 namespace {
+
+#if defined(_WIN32)
+constexpr const char* kQtLibrary = "vanzet-view-qt.dll";
+#else
+constexpr const char* kQtLibrary = "libvanzet-view-qt.so";
+#endif
 
 std::string FromEnvironment(const char* name) {
   const char* value = std::getenv(name);
   return value == nullptr ? "" : value;
 }
 
+bool IsDisplayThere() {
+  constexpr const char* kTellers[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+  return std::ranges::any_of(kTellers, [](const char* name) { return !FromEnvironment(name).empty(); });
+}
+
+std::filesystem::path QtLibrary() {
+  const std::string named = FromEnvironment("VANZET_VIEW_QT");
+  return named.empty() ? platform::OwnFolder() / kQtLibrary : std::filesystem::path(named);
+}
+
 }  // namespace
 
 std::unique_ptr<View> ViewChoice::Choose() {
   const std::string script = FromEnvironment("VANZET_SCRIPT");
-  if (script.empty()) return std::make_unique<ConsoleView>();
-  return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
+  if (!script.empty()) {
+    return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
+  }
+  std::unique_ptr<View> onDisplay = IsDisplayThere() ? OnDisplay() : nullptr;
+  return onDisplay ? std::move(onDisplay) : std::make_unique<ConsoleView>();
+}
+
+std::unique_ptr<View> ViewChoice::OnDisplay() {
+  auto view = ViewFromLibrary(QtLibrary());
+  if (view) return std::move(*view);
+  if (view.fault().Told() != toldReason_) {
+    toldReason_ = view.fault().Told();
+    platform::ConsoleBoxes().Present({"vanzet", "The dialog cannot be shown on a display: " + toldReason_});
+  }
+  return nullptr;
 }
 
 std::shared_ptr<Transcript> ViewChoice::TranscriptTo(const std::string& file) {

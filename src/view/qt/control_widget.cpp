@@ -1,0 +1,220 @@
+#include "view/qt/control_widget.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+#include "view/qt/button_icons.h"
+#include "view/qt/icons.h"
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr Words kNoNumber = {"Not a number", "Keine Zahl"};
+
+class ButtonWidget final : public ControlWidget {
+ public:
+  ButtonWidget(const Control& control, const Send& send, QWidget* parent)
+      : ControlWidget(control.id, new QPushButton(parent)) {
+    const std::int32_t id = control.id;
+    QObject::connect(&Button(), &QPushButton::clicked, &Button(),
+                     [send, id] { send([id](Dialog& dialog) { dialog.Press(id); }); });
+  }
+
+  void ShowContent(const Control& control) override {
+    const ButtonIcon icon = IconOfButton(control.id, control.text);
+    if (icon.file != nullptr) Button().setIcon(IconOf(icon.file));
+    text_ = icon.replacesText ? QString() : QString::fromStdString(control.text);
+    if (Button().accessibleName().isEmpty()) Button().setAccessibleName(QString::fromStdString(control.text));
+  }
+
+  void MarkMnemonic(Mnemonics& mnemonics) override {
+    const QString marked = text_.isEmpty() ? text_ : mnemonics.Mark(text_);
+    if (Button().text() != marked) Button().setText(marked);
+  }
+
+ private:
+  QPushButton& Button() { return static_cast<QPushButton&>(*Widget()); }
+  QString text_;
+};
+
+class EditWidget final : public ControlWidget {
+ public:
+  EditWidget(const Control& control, const Send& send, QWidget* parent)
+      : ControlWidget(control.id, new QLineEdit(parent)) {
+    const std::int32_t id = control.id;
+    QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [send, id](const QString& text) {
+      send([&](Dialog& dialog) { dialog.SetText(id, text.toStdString()); });
+    });
+    hint_ = Edit().addAction(IconOf("warning"), QLineEdit::TrailingPosition);
+    hint_->setToolTip(Said(kNoNumber));
+    hint_->setVisible(false);
+  }
+
+  void ShowContent(const Control& control) override {
+    const QString text = QString::fromStdString(control.text);
+    if (Edit().text() != text) Edit().setText(text);
+    const bool isNoNumber = control.isReal && !control.number;
+    hint_->setVisible(isNoNumber);
+    Edit().setAccessibleDescription(isNoNumber ? Said(kNoNumber) : QString());
+    if (control.isReal) Edit().setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  }
+
+ private:
+  QLineEdit& Edit() { return static_cast<QLineEdit&>(*Widget()); }
+  QAction* hint_;
+};
+
+class CheckWidget final : public ControlWidget {
+ public:
+  CheckWidget(const Control& control, const Send& send, QWidget* parent)
+      : ControlWidget(control.id, new QCheckBox(parent)) {
+    const std::int32_t id = control.id;
+    QObject::connect(&Box(), &QCheckBox::clicked, &Box(), [send, id](bool isChecked) {
+      send([=](Dialog& dialog) { dialog.SetChecked(id, isChecked); });
+    });
+  }
+
+  void ShowContent(const Control& control) override {
+    text_ = QString::fromStdString(control.text);
+    Box().setAccessibleName(text_);
+    Box().setChecked(control.isChecked);
+  }
+
+  void MarkMnemonic(Mnemonics& mnemonics) override {
+    const QString marked = mnemonics.Mark(text_);
+    if (Box().text() != marked) Box().setText(marked);
+  }
+
+ private:
+  QCheckBox& Box() { return static_cast<QCheckBox&>(*Widget()); }
+  QString text_;
+};
+
+class ComboWidget final : public ControlWidget {
+ public:
+  ComboWidget(const Control& control, const Send& send, QWidget* parent)
+      : ControlWidget(control.id, new QComboBox(parent)) {
+    const std::int32_t id = control.id;
+    Combo().setEditable(!control.isList);
+    Combo().setInsertPolicy(QComboBox::NoInsert);
+    Combo().setMinimumContentsLength(12);
+    Combo().setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    QObject::connect(&Combo(), &QComboBox::activated, &Combo(),
+                     [send, id](int index) { send([=](Dialog& dialog) { dialog.Choose(id, index); }); });
+    if (!Combo().isEditable()) return;
+    // A name that begins like another one is to be typed in peace.
+    Combo().setCompleter(nullptr);
+    QObject::connect(Combo().lineEdit(), &QLineEdit::textEdited, &Combo(), [send, id](const QString& text) {
+      send([&](Dialog& dialog) { dialog.SetText(id, text.toStdString()); });
+    });
+  }
+
+  void ShowContent(const Control& control) override {
+    const QSignalBlocker quiet(&Combo());
+    if (items_ != control.items) {
+      items_ = control.items;
+      Combo().clear();
+      for (const std::string& item : items_) Combo().addItem(QString::fromStdString(item));
+    }
+    if (Combo().currentIndex() != control.selected) Combo().setCurrentIndex(control.selected);
+    const QString text = QString::fromStdString(control.text);
+    if (Combo().isEditable() && Combo().currentText() != text) Combo().setEditText(text);
+  }
+
+ private:
+  QComboBox& Combo() { return static_cast<QComboBox&>(*Widget()); }
+  std::vector<std::string> items_;
+};
+
+class SpinWidget final : public ControlWidget {
+ public:
+  SpinWidget(const Control& control, const Send& send, QWidget* parent)
+      : ControlWidget(control.id, new QSpinBox(parent)) {
+    const std::int32_t id = control.id;
+    Spin().setRange(control.least, control.most);
+    QObject::connect(&Spin(), &QSpinBox::valueChanged, &Spin(),
+                     [send, id](int value) { send([=](Dialog& dialog) { dialog.SetValue(id, value); }); });
+  }
+
+  void ShowContent(const Control& control) override {
+    const QSignalBlocker quiet(&Spin());
+    if (Spin().value() != control.value) Spin().setValue(control.value);
+  }
+
+ private:
+  QSpinBox& Spin() { return static_cast<QSpinBox&>(*Widget()); }
+};
+
+class LabelWidget final : public ControlWidget {
+ public:
+  LabelWidget(const Control& control, const Send& /*send*/, QWidget* parent)
+      : ControlWidget(control.id, new QLabel(parent)) {}
+
+  void ShowContent(const Control& control) override {
+    text_ = QString::fromStdString(control.text);
+    if (Label().buddy() == nullptr && Label().text() != text_) Label().setText(text_);
+  }
+
+  void MarkMnemonic(Mnemonics& mnemonics) override {
+    if (Label().buddy() == nullptr) return;
+    const QString marked = mnemonics.Mark(text_);
+    if (Label().text() != marked) Label().setText(marked);
+  }
+
+ private:
+  QLabel& Label() { return static_cast<QLabel&>(*Widget()); }
+  QString text_;
+};
+
+template <class Widget>
+std::unique_ptr<ControlWidget> Make(const Control& control, const Send& send, QWidget* parent) {
+  return std::make_unique<Widget>(control, send, parent);
+}
+
+struct KindMaker {
+  ControlKind kind;
+  std::unique_ptr<ControlWidget> (*make)(const Control&, const Send&, QWidget*);
+};
+
+constexpr KindMaker kMakers[] = {
+    {ControlKind::kButton, Make<ButtonWidget>}, {ControlKind::kEdit, Make<EditWidget>},
+    {ControlKind::kCheck, Make<CheckWidget>},   {ControlKind::kCombo, Make<ComboWidget>},
+    {ControlKind::kSpin, Make<SpinWidget>},     {ControlKind::kLabel, Make<LabelWidget>},
+};
+
+}  // namespace
+
+ControlWidget::ControlWidget(std::int32_t id, QWidget* widget) : id_(id), widget_(widget) {
+  widget_->setObjectName(QString::number(id));
+}
+
+void ControlWidget::Show(const Control& control) {
+  widget_->setEnabled(control.isEnabled);
+  widget_->setVisible(control.isVisible);
+  for (QWidget* const companion : companions_) {
+    companion->setEnabled(control.isEnabled);
+    companion->setVisible(control.isVisible);
+  }
+  ShowContent(control);
+}
+
+void ControlWidget::SetSpokenName(const QString& name) {
+  widget_->setAccessibleName(name);
+  widget_->setToolTip(name);
+}
+
+std::unique_ptr<ControlWidget> MakeControlWidget(const Control& control, const Send& send, QWidget* parent) {
+  for (const KindMaker& row : kMakers) {
+    if (row.kind == control.kind) return row.make(control, send, parent);
+  }
+  return nullptr;
+}
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+
+enum class Unit { kNone, kMillimetre, kDegree };
+
+/// "mm", "°", or nothing.
+QString UnitText(Unit unit);
+
+/// What a letter stands for.
+struct LetterWords {
+  std::int32_t type;
+  char letter;
+  Unit unit;
+  Words name;
+};
+
+/// The row of a type's letter; null for one that the type does not have.
+const LetterWords* FindLetterWords(std::int32_t type, char letter);
+
+/// The edits of the letters, on both pages of devices. Requires: 'A' to 'J'.
+std::int32_t EditOfLetter(char letter);
+
+}  // namespace vanzet::view::qt

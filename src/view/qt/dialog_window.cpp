@@ -1,0 +1,265 @@
+#include "view/qt/dialog_window.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSettings>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "view/qt/empty_panel.h"
+#include "view/qt/page_panel.h"
+#include "view/qt/tree_panel.h"
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+/// The dialog's own controls, by where they stand.
+constexpr std::int32_t kSpurs = 2020;
+constexpr std::int32_t kOk = 1;
+constexpr std::int32_t kLeftButtons[] = {2144, 2153};
+constexpr std::int32_t kRightButtons[] = {kOk, 2012};
+
+constexpr Words kSpurName = {"Spindle spur whose equipment is shown", "Spindelspur, deren Ausrüstung gezeigt wird"};
+
+constexpr int kMargin = 12;
+constexpr QSize kFirstSize = {1020, 720};
+
+QSettings Settings() {
+  return QSettings(QStringLiteral("vanzet"), QStringLiteral("equipment-definition"));
+}
+
+/// The texts of a node and of those above it, for a title.
+QString PlaceInTree(const DialogState& state) {
+  QString place;
+  std::int32_t id = state.selectedNode;
+  // Parents stand before their children.
+  for (auto node = state.tree.rbegin(); node != state.tree.rend(); ++node) {
+    if (node->id != id) continue;
+    const QString text = QString::fromStdString(node->text);
+    const bool isRoot = node->parent == 0;
+    if (place.isEmpty()) {
+      place = text;
+    } else if (!isRoot) {
+      place = text + QStringLiteral(": ") + place;
+    }
+    id = node->parent;
+  }
+  return place;
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(Dialog& dialog, QWidget* parent)
+    : QDialog(parent), dialog_(dialog), send_([this](const auto& event) { Perform(event); }) {
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
+  setSizeGripEnabled(true);
+  Build(dialog.State());
+  TakeUpSize();
+  Show(dialog.State());
+  connect(qApp, &QApplication::focusChanged, this, [this] { FocusMoved(); });
+}
+
+DialogWindow::~DialogWindow() {
+  RememberSize();
+}
+
+void DialogWindow::Build(const DialogState& state) {
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  rows->setSpacing(kMargin);
+  splitter_ = new QSplitter(this);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->setHandleWidth(kMargin);
+  splitter_->addWidget(BuildLeft(state));
+  stack_ = new QStackedWidget(splitter_);
+  empty_ = new EmptyPanel(send_, stack_);
+  stack_->addWidget(empty_);
+  splitter_->addWidget(stack_);
+  splitter_->setStretchFactor(1, 1);
+  rows->addWidget(splitter_, 1);
+  rows->addWidget(BuildButtons(state));
+  OrderTabs();
+}
+
+QWidget* DialogWindow::BuildLeft(const DialogState& state) {
+  auto* const left = new QWidget(splitter_);
+  auto* const rows = new QVBoxLayout(left);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(kMargin / 2);
+  tree_ = new TreePanel(send_, left);
+  rows->addWidget(tree_, 1);
+  QWidget* const spurs = Take(state, kSpurs, left);
+  spurs->setAccessibleName(Said(kSpurName));
+  spurs->setToolTip(Said(kSpurName));
+  rows->addWidget(spurs);
+  return left;
+}
+
+QWidget* DialogWindow::BuildButtons(const DialogState& state) {
+  auto* const bar = new QWidget(this);
+  auto* const line = new QHBoxLayout(bar);
+  line->setContentsMargins(0, 0, 0, 0);
+  for (const std::int32_t id : kLeftButtons) line->addWidget(Take(state, id, bar));
+  line->addStretch(1);
+  for (const std::int32_t id : kRightButtons) line->addWidget(Take(state, id, bar));
+  // What is never seen is there all the same.
+  for (const Control& control : state.dialog) {
+    if (WidgetOf(control.id) == nullptr) line->addWidget(Take(state, control.id, bar));
+  }
+  for (QPushButton* const button : bar->findChildren<QPushButton*>()) button->setAutoDefault(false);
+  static_cast<QPushButton*>(WidgetOf(kOk))->setDefault(true);
+  return bar;
+}
+
+QWidget* DialogWindow::Take(const DialogState& state, std::int32_t id, QWidget* parent) {
+  const auto control = std::ranges::find(state.dialog, id, &Control::id);
+  widgets_.push_back(MakeControlWidget(*control, send_, parent));
+  return widgets_.back()->Widget();
+}
+
+void DialogWindow::OrderTabs() {
+  QWidget* former = tree_;
+  const auto next = [&](QWidget* widget) {
+    setTabOrder(former, widget);
+    former = widget;
+  };
+  next(WidgetOf(kSpurs));
+  next(stack_);
+  for (const std::int32_t id : kLeftButtons) next(WidgetOf(id));
+  for (const std::int32_t id : kRightButtons) next(WidgetOf(id));
+}
+
+void DialogWindow::Run() {
+  QEventLoop loop;
+  leave_ = [&loop] { loop.quit(); };
+  connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+  const QPointer<DialogWindow> self(this);
+  show();
+  tree_->setFocus();
+  loop.exec();
+  if (self) leave_ = nullptr;
+}
+
+void DialogWindow::Perform(const std::function<void(Dialog&)>& event) {
+  const QPointer<DialogWindow> self(this);
+  event(dialog_);
+  if (!self) return;
+  if (dialog_.IsOpen()) {
+    Show(dialog_.State());
+  } else if (leave_) {
+    leave_();
+  }
+}
+
+void DialogWindow::Show(const DialogState& state) {
+  setWindowTitle(QString::fromStdString(state.caption));
+  tree_->Show(state);
+  for (const auto& widget : widgets_) {
+    const auto control = std::ranges::find(state.dialog, widget->Id(), &Control::id);
+    if (control != state.dialog.end()) widget->Show(*control);
+  }
+  ShowPage(state);
+  ShowMnemonics();
+}
+
+void DialogWindow::ShowPage(const DialogState& state) {
+  const PageLayout* const layout = FindPageLayout(state.page);
+  if (layout == nullptr) {
+    page_ = nullptr;
+    empty_->Show(state);
+    stack_->setCurrentWidget(empty_);
+    return;
+  }
+  PagePanel*& page = pages_[state.page];
+  if (page == nullptr) {
+    page = new PagePanel(*layout, state.controls, send_, stack_);
+    stack_->addWidget(page);
+  }
+  page_ = page;
+  page->Show(state.controls, PlaceInTree(state), FocusedControl());
+  stack_->setCurrentWidget(page);
+}
+
+void DialogWindow::ShowMnemonics() {
+  // The letters of values are left to the pages.
+  static const QString kLetters = QStringLiteral("ABCDEFGHIJ");
+  Mnemonics mnemonics;
+  mnemonics.Reserve(kLetters);
+  for (const auto& widget : widgets_) widget->MarkMnemonic(mnemonics);
+  mnemonics.Release(kLetters);
+  if (page_ != nullptr) page_->MarkMnemonics(mnemonics);
+}
+
+void DialogWindow::FocusMoved() {
+  if (page_ == nullptr || !dialog_.IsOpen()) return;
+  const DialogState& state = dialog_.State();
+  page_->Show(state.controls, PlaceInTree(state), FocusedControl());
+  ShowMnemonics();
+}
+
+std::int32_t DialogWindow::FocusedControl() const {
+  const QWidget* const widget = focusWidget();
+  return widget == nullptr ? 0 : widget->objectName().toInt();
+}
+
+void DialogWindow::Hide() {
+  hiddenAt_ = pos();
+  hide();
+  // The host may not run Qt's events while a person works in its window.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void DialogWindow::ShowAgain() {
+  show();
+  move(hiddenAt_);
+  raise();
+  activateWindow();
+}
+
+void DialogWindow::FocusOn(std::int32_t control, bool selectsAll) {
+  QWidget* const widget = control == kTreeControl ? tree_ : WidgetOf(control);
+  if (widget == nullptr) return;
+  widget->setFocus(Qt::OtherFocusReason);
+  auto* const edit = qobject_cast<QLineEdit*>(widget);
+  if (selectsAll && edit != nullptr) edit->selectAll();
+}
+
+std::optional<std::int32_t> DialogWindow::Popup(std::int32_t node, const std::vector<PopupEntry>& entries) {
+  return tree_->Popup(node, entries);
+}
+
+QWidget* DialogWindow::WidgetOf(std::int32_t control) const {
+  const auto own = std::ranges::find(widgets_, control, &ControlWidget::Id);
+  if (own != widgets_.end()) return (*own)->Widget();
+  return page_ == nullptr ? nullptr : page_->WidgetOf(control);
+}
+
+void DialogWindow::reject() {
+  Perform([](Dialog& dialog) { dialog.Close(); });
+}
+
+void DialogWindow::TakeUpSize() {
+  const QSettings settings = Settings();
+  resize(kFirstSize);
+  restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
+  splitter_->setSizes({270, kFirstSize.width() - 270});
+  splitter_->restoreState(settings.value(QStringLiteral("splitter")).toByteArray());
+}
+
+void DialogWindow::RememberSize() {
+  QSettings settings = Settings();
+  settings.setValue(QStringLiteral("geometry"), saveGeometry());
+  settings.setValue(QStringLiteral("splitter"), splitter_->saveState());
+}
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QDialog>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "view/dialog_view.h"
+#include "view/qt/control_widget.h"
+
+class QSplitter;
+class QStackedWidget;
+
+namespace vanzet::view::qt {
+
+class EmptyPanel;
+class PagePanel;
+class TreePanel;
+
+/// The window of the dialog: the tree, the page in front, and the dialog's own buttons. It remembers its size.
+class DialogWindow final : public QDialog {
+ public:
+  /// `dialog` has to outlive the window.
+  DialogWindow(Dialog& dialog, QWidget* parent);
+  ~DialogWindow() override;
+
+  /// Shows the window until the dialog is no longer open, or the application ends.
+  void Run();
+
+  void Show(const DialogState& state);
+  void Hide();
+  void ShowAgain();
+  void FocusOn(std::int32_t control, bool selectsAll);
+  std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries);
+
+  /// The widget of a control of the dialog or of the page in front; null where there is none.
+  QWidget* WidgetOf(std::int32_t control) const;
+
+  TreePanel& Tree() { return *tree_; }
+
+  /// The page in front; null for one without controls.
+  PagePanel* Page() const { return page_; }
+
+  /// The window frame or the Escape key.
+  void reject() override;
+
+ private:
+  void Build(const DialogState& state);
+  QWidget* BuildLeft(const DialogState& state);
+  QWidget* BuildButtons(const DialogState& state);
+  QWidget* Take(const DialogState& state, std::int32_t id, QWidget* parent);
+  void OrderTabs();
+
+  void Perform(const std::function<void(Dialog&)>& event);
+  void ShowPage(const DialogState& state);
+  void ShowMnemonics();
+  void FocusMoved();
+  std::int32_t FocusedControl() const;
+
+  void TakeUpSize();
+  void RememberSize();
+
+  Dialog& dialog_;
+  const Send send_;
+  std::vector<std::unique_ptr<ControlWidget>> widgets_;  ///< the dialog's own
+  std::map<std::string, PagePanel*> pages_;              ///< those that were shown, by their class
+  QSplitter* splitter_ = nullptr;
+  TreePanel* tree_ = nullptr;
+  QStackedWidget* stack_ = nullptr;
+  EmptyPanel* empty_ = nullptr;
+  PagePanel* page_ = nullptr;
+  QPoint hiddenAt_;
+  std::function<void()> leave_;  ///< ends Run
+};
+
+}  // namespace vanzet::view::qt

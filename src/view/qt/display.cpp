@@ -1,0 +1,88 @@
+#include "view/qt/display.h"
+
+#include <QLibrary>
+#include <QPluginLoader>
+#include <QStringList>
+
+namespace vanzet::view::qt {
+namespace {
+
+// The client libraries of the displays are looked up by name: Qt's plug-ins bring them along, and nothing here
+// has to be built with them.
+
+bool XAnswers() {
+  QLibrary xcb(QStringLiteral("xcb"), 1);
+  const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(xcb.resolve("xcb_connect"));
+  const auto hasError = reinterpret_cast<int (*)(void*)>(xcb.resolve("xcb_connection_has_error"));
+  const auto disconnect = reinterpret_cast<void (*)(void*)>(xcb.resolve("xcb_disconnect"));
+  if (connect == nullptr || hasError == nullptr || disconnect == nullptr) return false;
+  void* const connection = connect(nullptr, nullptr);
+  const bool answers = hasError(connection) == 0;
+  disconnect(connection);
+  return answers;
+}
+
+bool WaylandAnswers() {
+  QLibrary wayland(QStringLiteral("wayland-client"), 0);
+  const auto connect = reinterpret_cast<void* (*)(const char*)>(wayland.resolve("wl_display_connect"));
+  const auto disconnect = reinterpret_cast<void (*)(void*)>(wayland.resolve("wl_display_disconnect"));
+  if (connect == nullptr || disconnect == nullptr) return false;
+  void* const connection = connect(nullptr);
+  if (connection != nullptr) disconnect(connection);
+  return connection != nullptr;
+}
+
+/// A platform that shows its windows on a display elsewhere.
+struct Display {
+  const char* platform;  ///< the names of its plug-ins begin so
+  const char* variable;  ///< of the environment, names the display
+  bool (*answers)();
+};
+
+constexpr Display kDisplays[] = {
+    {"xcb", "DISPLAY", XAnswers},
+    {"wayland", "WAYLAND_DISPLAY", WaylandAnswers},
+};
+
+const Display* DisplayOf(const QString& platform) {
+  for (const Display& display : kDisplays) {
+    if (platform.startsWith(QLatin1String(display.platform))) return &display;
+  }
+  return nullptr;
+}
+
+/// The platforms to try. A name may have arguments behind a colon.
+QStringList Wanted() {
+  const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
+  if (!named.isEmpty()) return named.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+  QStringList wanted;
+  for (const Display& display : kDisplays) {
+    if (!qEnvironmentVariableIsEmpty(display.variable)) wanted.append(QLatin1String(display.platform));
+  }
+  return wanted;
+}
+
+Result<void> Try(const QString& platform) {
+  const Display* const display = DisplayOf(platform);
+  if (display != nullptr && !display->answers()) {
+    return Fault{"no answer from the display '" + qgetenv(display->variable).toStdString() + "' of " +
+                 display->variable};
+  }
+  QPluginLoader plugin(QStringLiteral("platforms/q") + platform.section(QLatin1Char(':'), 0, 0));
+  if (!plugin.load()) return Fault{plugin.errorString().toStdString()};
+  return {};
+}
+
+}  // namespace
+
+Result<std::string> StartablePlatform() {
+  Fault fault{"no display is named"};
+  for (const QString& platform : Wanted()) {
+    const auto tried = Try(platform);
+    if (tried) return platform.toStdString();
+    fault = tried.fault();
+  }
+  return fault;
+}
+
+}  // namespace vanzet::view::qt

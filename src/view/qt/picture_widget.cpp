@@ -1,0 +1,51 @@
+#include "view/qt/picture_widget.h"
+
+#include <QPainter>
+
+#include "view/qt/pictures/pictures.h"
+#include "view/qt/pictures/sketch_painter.h"
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr Words kPicture = {"Picture of what the values mean", "Bild zur Bedeutung der Werte"};
+constexpr Words kNothing = {"Choose a device, and its picture appears here.",
+                            "Nach der Wahl eines Spannmittels erscheint hier sein Bild."};
+
+constexpr double kMargin = 12;
+constexpr double kRounding = 6;
+
+}  // namespace
+
+PictureWidget::PictureWidget(QWidget* parent) : QFrame(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setAccessibleName(Said(kPicture));
+}
+
+void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused) {
+  bitmap_ = bitmap;
+  focused_ = focused;
+  value_ = values.TextOf(focused).trimmed();
+  sketch_ = SketchOf(bitmap, values);
+  setAccessibleDescription(sketch_.fault);
+  update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.setBrush(palette().color(QPalette::Base));
+  const QRectF card = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.drawRoundedRect(card, kRounding, kRounding);
+  const QRectF area = card.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  if (sketch_.shapes.empty()) {
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, Said(kNothing));
+    return;
+  }
+  Paint(painter, area, sketch_, {palette(), font(), focused_, value_});
+}
+
+}  // namespace vanzet::view::qt

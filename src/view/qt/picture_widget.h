@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFrame>
+#include <cstdint>
+
+#include "view/qt/page_values.h"
+#include "view/qt/pictures/sketch.h"
+
+namespace vanzet::view::qt {
+
+/// The picture of a page on a card. It follows what is typed.
+class PictureWidget final : public QFrame {
+ public:
+  explicit PictureWidget(QWidget* parent);
+
+  /// Draws anew: the picture of that id (0: none) with the values of the page. The measure of the edit
+  /// `focused` stands out.
+  void Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused);
+
+  std::int32_t Bitmap() const { return bitmap_; }
+  const Sketch& Shown() const { return sketch_; }
+
+  QSize sizeHint() const override { return {420, 340}; }
+  QSize minimumSizeHint() const override { return {260, 220}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  std::int32_t bitmap_ = 0;
+  std::int32_t focused_ = 0;
+  QString value_;
+  Sketch sketch_;
+};
+
+}  // namespace vanzet::view::qt

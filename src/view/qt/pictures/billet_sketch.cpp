@@ -1,0 +1,146 @@
+#include <algorithm>
+#include <cmath>
+
+#include "view/qt/pictures/pictures.h"
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+/// The edits of the page, in the order of their letters.
+namespace edit {
+constexpr std::int32_t kOuter = 2022;
+constexpr std::int32_t kLength = 2023;
+constexpr std::int32_t kFront = 2024;
+constexpr std::int32_t kRear = 2025;
+constexpr std::int32_t kInner = 2026;
+constexpr std::int32_t kBar = 2027;
+}  // namespace edit
+
+constexpr std::int32_t kSubBitmap = 2049;
+
+constexpr Words kExample = {"Example: a diameter and a part length are missing", "Beispiel: Durchmesser und Teilelänge fehlen"};
+constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
+constexpr Words kBarTooShort = {"F must be 0 or at least B + C + D = %1.", "F muss 0 oder mindestens B + C + D = %1 sein."};
+constexpr Words kBoreTooWide = {"E must not exceed A.", "E darf A nicht übersteigen."};
+
+struct Billet {
+  double outer = 0, length = 0, front = 0, rear = 0, inner = 0, bar = 0;
+};
+
+Billet Read(const PageValues& values) {
+  return {values.NumberOf(edit::kOuter), values.NumberOf(edit::kLength), values.NumberOf(edit::kFront),
+          values.NumberOf(edit::kRear),  values.NumberOf(edit::kInner),  values.NumberOf(edit::kBar)};
+}
+
+void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
+  char letter = 'A';
+  for (const std::int32_t id : {edit::kOuter, edit::kLength, edit::kFront, edit::kRear, edit::kInner, edit::kBar}) {
+    if (values.IsNoNumber(id)) {
+      sketch.fault = Said(kNoNumber, QString(QLatin1Char(letter)));
+      sketch.wrong = {id};
+      return;
+    }
+    ++letter;
+  }
+  const double least = billet.length + billet.front + billet.rear;
+  if (billet.inner > billet.outer && billet.outer > 0) {
+    sketch.fault = Said(kBoreTooWide);
+    sketch.wrong = {edit::kInner, edit::kOuter};
+  } else if (billet.bar > 0 && billet.bar < least) {
+    sketch.fault = Said(kBarTooShort, QString::number(least));
+    sketch.wrong = {edit::kBar};
+  }
+}
+
+/// Numbers that make a picture: what is missing or cannot be is left out.
+Billet Drawable(Billet billet) {
+  for (double* value : {&billet.front, &billet.rear, &billet.inner, &billet.bar}) {
+    if (!std::isfinite(*value) || *value < 0) *value = 0;
+  }
+  billet.inner = std::min(billet.inner, billet.outer);
+  if (billet.bar < billet.length + billet.front + billet.rear) billet.bar = 0;
+  return billet;
+}
+
+/// The part ends at its face, x = 0, and lies behind it; on the sub spindle all is mirrored by `side`.
+class Drawn {
+ public:
+  Drawn(const Billet& billet, double side) : billet_(billet), side_(side) {}
+
+  Sketch Make() {
+    AddBar();
+    AddRing(-billet_.length - billet_.rear, billet_.front, Ink::kBody);
+    AddRing(-billet_.length, 0, Ink::kMaterial);
+    const double left = -std::max(billet_.length + billet_.rear, BarInPicture());
+    const double beyond = billet_.length * 0.08;
+    Add(sketch_, Ink::kAxis, Stroke({side_ * (left - beyond), 0}, {side_ * (billet_.front + beyond), 0}));
+    AddMeasures();
+    return sketch_;
+  }
+
+ private:
+  /// A long bar is broken off in the picture.
+  double BarInPicture() const {
+    const double least = billet_.length + billet_.front + billet_.rear;
+    return billet_.bar <= 0 ? 0 : std::min(billet_.bar - billet_.front, least * 1.5);
+  }
+
+  void AddRing(double from, double to, Ink ink) {
+    const double r = billet_.outer / 2, bore = billet_.inner / 2;
+    for (const double half : {1.0, -1.0}) {
+      Add(sketch_, half > 0 ? ink : Ink::kBody, Rectangle(side_ * from, half * bore, side_ * to, half * r));
+    }
+  }
+
+  void AddBar() {
+    if (billet_.bar <= 0) return;
+    const double r = billet_.outer / 2;
+    Add(sketch_, Ink::kGhost, Rectangle(side_ * -BarInPicture(), -r, side_ * billet_.front, r));
+  }
+
+  void Along(char letter, std::int32_t control, double from, double to, Where where, int lane) {
+    if (from == to) return;
+    const double y = where == Where::kAbove ? billet_.outer / 2 : -billet_.outer / 2;
+    sketch_.measures.push_back({.kind = Measure::Kind::kAlong, .where = where, .lane = lane, .letter = QString(QLatin1Char(letter)),
+                                .control = control, .from = {side_ * from, y}, .to = {side_ * to, y}});
+  }
+
+  void Across(char letter, std::int32_t control, double diameter, double x) {
+    if (diameter <= 0) return;
+    sketch_.measures.push_back({.kind = Measure::Kind::kAcross, .letter = QString(QLatin1Char(letter)), .control = control,
+                                .from = {side_ * x, -diameter / 2}, .to = {side_ * x, diameter / 2}, .at = 0.75});
+  }
+
+  void AddMeasures() {
+    Along('B', edit::kLength, -billet_.length, 0, Where::kAbove, 0);
+    Along('C', edit::kFront, 0, billet_.front, Where::kAbove, 0);
+    Along('D', edit::kRear, -billet_.length - billet_.rear, -billet_.length, Where::kAbove, 0);
+    Along('F', edit::kBar, -BarInPicture(), billet_.bar > 0 ? billet_.front : 0, Where::kBelow, 0);
+    Across('A', edit::kOuter, billet_.outer, -billet_.length * 0.3);
+    Across('E', edit::kInner, billet_.inner, -billet_.length * 0.7);
+  }
+
+  const Billet billet_;
+  const double side_;
+  Sketch sketch_;
+};
+
+}  // namespace
+
+Sketch BilletSketch(std::int32_t bitmap, const PageValues& values) {
+  const bool isSub = bitmap == kSubBitmap;
+  Billet billet = Read(values);
+  Sketch check;
+  FindFault(check, billet, values);
+  const bool isExample = !(billet.outer > 0 && billet.length > 0);
+  if (isExample) billet = {60, 90, 8, 12, 20, isSub ? 0.0 : 200};
+  Sketch sketch = Drawn(Drawable(billet), isSub ? -1 : 1).Make();
+  sketch.fault = check.fault;
+  sketch.wrong = check.wrong;
+  sketch.isExample = isExample;
+  if (isExample && check.fault.isEmpty()) sketch.notes.push_back(Said(kExample));
+  return sketch;
+}
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,169 @@
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+
+#include "macro/tables/device_outlines.h"
+#include "macro/tables/device_types.h"
+#include "macro/tables/formula.h"
+#include "view/qt/device_words.h"
+#include "view/qt/pictures/device_measures.h"
+#include "view/qt/pictures/outline_check.h"
+#include "view/qt/pictures/pictures.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr Words kExample = {"Example: values are missing (%1)", "Beispiel: Werte fehlen (%1)"};
+constexpr Words kMustBeLess = {"%1 must be less than %2.", "%1 muss kleiner als %2 sein."};
+constexpr Words kMustBeAbove0 = {"%1 must be above 0.", "%1 muss größer als 0 sein."};
+constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
+constexpr Words kNoOutline = {"These values make no closed outline.", "Diese Werte ergeben keinen geschlossenen Umriss."};
+constexpr Words kFromVdm = {"The shape comes from the VDM file.", "Die Form kommt aus der VDM-Datei."};
+
+const DeviceType* TypeOf(std::int32_t bitmap) {
+  for (const DeviceType& type : DeviceTypes()) {
+    if (type.picture == bitmap) return &type;
+  }
+  return nullptr;
+}
+
+DeviceParams ParamsOf(const DeviceType& type, const PageValues& values) {
+  DeviceParams params;
+  params.type = type.code;
+  for (const char letter : type.outline) params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) = values.NumberOf(EditOfLetter(letter));
+  return params;
+}
+
+/// A formula as a person writes it.
+QString Readable(std::string_view formula) {
+  QString text = QString::fromUtf8(formula.data(), static_cast<qsizetype>(formula.size()));
+  text.replace(QStringLiteral("*0.5"), QStringLiteral("/2"));
+  text.replace(QLatin1Char('*'), QStringLiteral("\u00B7"));
+  text.replace(QLatin1Char('-'), QStringLiteral(" \u2212 "));
+  return text.trimmed();
+}
+
+void AddEditsIn(std::string_view formula, std::vector<std::int32_t>& edits) {
+  for (const char c : formula) {
+    if (c >= 'A' && c <= 'J') edits.push_back(EditOfLetter(c));
+  }
+}
+
+/// The letters of the outline whose edits are empty or 0. A chuck may do without its bore.
+QString MissingLetters(const DeviceType& type, const DeviceParams& params) {
+  QString missing;
+  for (const char letter : type.outline) {
+    const bool mayBe0 = (params.type == 1 && letter == 'C') || (params.type == 2 && letter == 'F');
+    if (ValueOf(params, letter) != 0 || mayBe0) continue;
+    missing += (missing.isEmpty() ? QString() : QStringLiteral(", ")) + QLatin1Char(letter);
+  }
+  return missing;
+}
+
+void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
+  sketch.fault = text;
+  AddEditsIn(letters, sketch.wrong);
+}
+
+void FindNoNumber(Sketch& sketch, const DeviceType& type, const PageValues& values) {
+  for (const char letter : type.keeps) {
+    if (!sketch.fault.isEmpty() || !values.IsNoNumber(EditOfLetter(letter))) continue;
+    TellFault(sketch, Said(kNoNumber, QString(QLatin1Char(letter))), std::string(1, letter));
+  }
+}
+
+void FindBrokenRule(Sketch& sketch, const DeviceParams& params) {
+  for (const char letter : FindDeviceType(params.type)->outline) {
+    // The length of a chuck may have either sign.
+    const bool mayBeBelow0 = params.type == 1 && letter != 'A';
+    if (ValueOf(params, letter) >= 0 || mayBeBelow0) continue;
+    return TellFault(sketch, Said(kMustBeAbove0, QString(QLatin1Char(letter))), std::string(1, letter));
+  }
+  for (const DeviceRule& rule : DeviceRules()) {
+    if (rule.type != params.type || Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
+    TellFault(sketch, Said(kMustBeLess, Readable(rule.less), Readable(rule.greater)), rule.less);
+    AddEditsIn(rule.greater, sketch.wrong);
+    return;
+  }
+  const auto outline = OutlineOf(params);
+  if (!IsSimple(outline)) TellFault(sketch, Said(kNoOutline), FindDeviceType(params.type)->outline);
+}
+
+QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
+  QPolygonF polygon;
+  for (const OutlineVertex& vertex : outline) polygon.append(QPointF(vertex.x, sign * vertex.y));
+  QPainterPath path;
+  path.addPolygon(polygon);
+  path.closeSubpath();
+  return path;
+}
+
+/// What is spun is cut above its axis and seen from outside below it.
+void AddShapes(Sketch& sketch, const DeviceParams& params) {
+  const auto outline = OutlineOf(params);
+  const bool isSpun = FindDeviceType(params.type)->thickness == ' ';
+  if (isSpun) Add(sketch, Ink::kBody, PathOf(outline, -1));
+  Add(sketch, Ink::kMaterial, PathOf(outline, 1));
+  if (!isSpun) return;
+  const QRectF box = sketch.shapes.front().path.boundingRect();
+  const double beyond = box.width() * 0.08;
+  Add(sketch, Ink::kAxis, Stroke({box.left() - beyond, 0}, {box.right() + beyond, 0}));
+}
+
+void AddMeasures(Sketch& sketch, const DeviceParams& params) {
+  for (const DeviceMeasure& row : DeviceMeasures()) {
+    if (row.type != params.type) continue;
+    Measure measure;
+    measure.kind = row.kind;
+    measure.where = row.where;
+    measure.lane = row.lane;
+    measure.letter = QLatin1Char(row.letter);
+    if (row.kind == Measure::Kind::kAngle && row.letter == 'E') measure.letter += QStringLiteral("/2");
+    measure.control = EditOfLetter(row.letter);
+    measure.from = {Evaluate(row.fromX, params), Evaluate(row.fromY, params)};
+    measure.to = {Evaluate(row.toX, params), Evaluate(row.toY, params)};
+    measure.at = row.at;
+    if (row.kind == Measure::Kind::kCorner || measure.from != measure.to) sketch.measures.push_back(measure);
+  }
+}
+
+/// What a side view cannot show.
+void NoteThickness(Sketch& sketch, const DeviceType& type) {
+  const LetterWords* const words = FindLetterWords(type.code, type.thickness);
+  if (words != nullptr) sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") + Said(words->name));
+}
+
+}  // namespace
+
+Sketch DeviceSketch(std::int32_t bitmap, const PageValues& values) {
+  const DeviceType& type = *TypeOf(bitmap);
+  DeviceParams params = ParamsOf(type, values);
+  Sketch sketch;
+  const QString missing = MissingLetters(type, params);
+  FindNoNumber(sketch, type, values);
+  if (sketch.fault.isEmpty() && missing.isEmpty()) FindBrokenRule(sketch, params);
+  sketch.isExample = !sketch.fault.isEmpty() || !missing.isEmpty();
+  if (sketch.isExample) params = ExampleOf(type.code);
+  AddShapes(sketch, params);
+  AddMeasures(sketch, params);
+  NoteThickness(sketch, type);
+  if (sketch.fault.isEmpty() && !missing.isEmpty()) sketch.notes.push_back(Said(kExample, missing));
+  return sketch;
+}
+
+Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values) {
+  // Shown by a device of the same kind.
+  struct Alike {
+    std::int32_t bitmap, type;
+  };
+  constexpr Alike kAlike[] = {{2055, 1}, {2057, 2}, {2070, 3}, {2059, 4}, {2061, 5}, {2052, 13}};
+  const auto* const row = std::ranges::find(kAlike, bitmap, &Alike::bitmap);
+  Sketch sketch;
+  AddShapes(sketch, ExampleOf(row->type));
+  sketch.isExample = true;
+  sketch.notes.push_back(Said(kFromVdm));
+  FindNoNumber(sketch, *TypeOf(bitmap), values);
+  return sketch;
+}
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,117 @@
+#include <cmath>
+#include <numbers>
+
+#include "view/qt/pictures/pictures.h"
+#include "view/qt/words.h"
+
+// Pictures of the machine around the part.
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr std::int32_t kUseBezel = 2019;
+
+constexpr Words kUsed = {"The steady rest supports the part.", "Die Lünette stützt das Teil."};
+constexpr Words kNotUsed = {"The steady rest is not used.", "Die Lünette wird nicht verwendet."};
+constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
+constexpr Words kScheme = {"W: origin of the part on each spindle", "W: Nullpunkt des Teils auf jeder Spindel"};
+
+QPainterPath Circle(double x, double y, double radius) {
+  QPainterPath path;
+  path.addEllipse(QPointF(x, y), radius, radius);
+  return path;
+}
+
+QPointF OnCircle(double degrees, double radius) {
+  const double angle = degrees * std::numbers::pi / 180;
+  return {radius * std::cos(angle), radius * std::sin(angle)};
+}
+
+/// The frame of a steady rest seen along the spindle.
+QPainterPath Frame() {
+  QPainterPath frame;
+  frame.addEllipse(QPointF(0, 0), 62, 62);
+  QPainterPath foot = Rectangle(-34, -84, 34, -30);
+  QPainterPath opening;
+  opening.addEllipse(QPointF(0, 0), 46, 46);
+  return frame.united(foot).subtracted(opening);
+}
+
+/// An edit of the datum page.
+struct DatumEdit {
+  std::int32_t edit;
+  const char* letter;
+  double from, to;
+  Where where;
+};
+
+// The main spindle's chuck ends at -100, the sub spindle's begins at 100; the parts stand out of them.
+constexpr double kChuckFace = 100;
+constexpr double kPartFace = 30;
+constexpr double kOrigin = 52;
+
+constexpr DatumEdit kDatumEdits[] = {
+    {2203, "A", -kChuckFace, -kPartFace, Where::kAbove},
+    {2207, "W", -kChuckFace, -kOrigin, Where::kBelow},
+    {2211, "B", kPartFace, kChuckFace, Where::kAbove},
+    {2214, "W", kOrigin, kChuckFace, Where::kBelow},
+};
+
+/// The letter with what stands in its edit.
+QString Labelled(const DatumEdit& row, const PageValues& values) {
+  const QString value = values.TextOf(row.edit).trimmed();
+  const QString letter = QLatin1String(row.letter);
+  return value.isEmpty() ? letter : letter + QLatin1Char(' ') + value;
+}
+
+/// A chuck with its jaws and the part in it; `side` is -1 for the main spindle.
+void AddSpindle(Sketch& sketch, double side) {
+  const auto block = [&](Ink ink, double from, double to, double low, double high) {
+    Add(sketch, ink, Rectangle(side * from, low, side * to, high));
+  };
+  block(Ink::kBody, kChuckFace + 16, kChuckFace + 62, -52, 52);
+  block(Ink::kPart, kPartFace, kChuckFace + 16, -20, 20);
+  for (const double half : {1.0, -1.0}) block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
+  // The mark of an origin: a ring with a cross.
+  Add(sketch, Ink::kGhost, Circle(side * kOrigin, 0, 6));
+  Add(sketch, Ink::kGhost, Stroke({side * kOrigin, -10}, {side * kOrigin, 10}));
+}
+
+}  // namespace
+
+Sketch BezelSketch(std::int32_t /*bitmap*/, const PageValues& values) {
+  const bool isUsed = values.IsChecked(kUseBezel);
+  Sketch sketch;
+  Add(sketch, isUsed ? Ink::kBody : Ink::kGhost, Frame());
+  Add(sketch, Ink::kMaterial, Circle(0, 0, 24));
+  for (const double degrees : {90.0, 210.0, 330.0}) {
+    const QPointF roller = OnCircle(degrees, 33);
+    Add(sketch, isUsed ? Ink::kPart : Ink::kGhost, Circle(roller.x(), roller.y(), 9));
+    Add(sketch, Ink::kGhost, Stroke(OnCircle(degrees, 42), OnCircle(degrees, 54)));
+  }
+  Add(sketch, Ink::kAxis, Stroke({-74, 0}, {74, 0}));
+  Add(sketch, Ink::kAxis, Stroke({0, -90}, {0, 74}));
+  sketch.isExample = !isUsed;
+  sketch.notes.push_back(Said(isUsed ? kUsed : kNotUsed));
+  return sketch;
+}
+
+Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
+  Sketch sketch;
+  AddSpindle(sketch, -1);
+  AddSpindle(sketch, 1);
+  Add(sketch, Ink::kAxis, Stroke({-176, 0}, {176, 0}));
+  for (const DatumEdit& row : kDatumEdits) {
+    const double y = row.where == Where::kAbove ? 20 : -20;
+    sketch.measures.push_back({.kind = Measure::Kind::kAlong, .where = row.where, .letter = Labelled(row, values),
+                               .control = row.edit, .from = {row.from, y}, .to = {row.to, y}});
+    if (sketch.fault.isEmpty() && values.IsNoNumber(row.edit)) {
+      sketch.fault = Said(kNoNumber, values.TextOf(row.edit));
+      sketch.wrong = {row.edit};
+    }
+  }
+  sketch.notes.push_back(Said(kScheme));
+  return sketch;
+}
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QRectF>
+#include <QTransform>
+
+#include "view/qt/pictures/sketch_painter.h"
+
+namespace vanzet::view::qt {
+
+/// Where a sketch has come to lie.
+struct Place {
+  QTransform transform;  ///< to the screen
+  QRectF bounds;         ///< of its shapes, on the screen
+  double lane;           ///< the width of a lane of measures
+};
+
+/// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the focus
+/// stands out with its value, those at fault are in the colour of faults.
+void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, const Drawing& drawing);
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <vector>
+
+#include "macro/tables/device_outlines.h"
+
+namespace vanzet::view::qt {
+
+/// True for a closed outline of finite vertices that encloses something and whose sides meet nowhere but at
+/// their common ends.
+bool IsSimple(const std::vector<OutlineVertex>& outline);
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,85 @@
+#include <QPolygonF>
+
+#include "view/qt/pictures/pictures.h"
+#include "view/qt/words.h"
+
+// Pictures of parts whose shape the host knows: they show what the fields mean, not the shape.
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr std::int32_t kFigureOutside = 2039;
+constexpr std::int32_t kFigureInside = 2040;
+constexpr std::int32_t kPartLength = 2045;
+constexpr std::int32_t kClampDiameter = 2035;
+constexpr std::int32_t kSolid = 2046;
+
+constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
+constexpr Words kOnAxis = {"Figures are spun about the spindle's axis.", "Figuren werden um die Spindelachse gedreht."};
+
+QPainterPath PathOf(std::initializer_list<QPointF> points, double sign) {
+  QPolygonF polygon;
+  for (const QPointF& point : points) polygon.append(QPointF(point.x(), sign * point.y()));
+  QPainterPath path;
+  path.addPolygon(polygon);
+  path.closeSubpath();
+  return path;
+}
+
+void FindNoNumber(Sketch& sketch, const PageValues& values, std::int32_t edit) {
+  if (!sketch.fault.isEmpty() || !values.IsNoNumber(edit)) return;
+  sketch.fault = Said(kNoNumber, values.TextOf(edit));
+  sketch.wrong = {edit};
+}
+
+QString Named(const QString& mark, const QString& name) {
+  return name.isEmpty() ? mark : mark + QStringLiteral("  ") + name;
+}
+
+void AddLength(Sketch& sketch, const PageValues& values, double length, double y) {
+  if (values.Find(kPartLength) == nullptr) return;
+  sketch.measures.push_back({.kind = Measure::Kind::kAlong, .where = Where::kBelow, .letter = QStringLiteral("L"),
+                             .control = kPartLength, .from = {-length, y}, .to = {0, y}});
+  FindNoNumber(sketch, values, kPartLength);
+}
+
+}  // namespace
+
+Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
+  Sketch sketch;
+  const auto outside = {QPointF(-100, 10), QPointF(-100, 34), QPointF(-62, 34), QPointF(-52, 26), QPointF(-30, 26),
+                        QPointF(-22, 18),  QPointF(0, 18),    QPointF(0, 10),   QPointF(-40, 10)};
+  Add(sketch, Ink::kBody, PathOf(outside, -1));
+  Add(sketch, Ink::kMaterial, PathOf(outside, 1));
+  Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kAbove,
+                             .letter = Named(QStringLiteral("F1"), values.TextOf(kFigureOutside)), .control = kFigureOutside,
+                             .from = {-41, 26}});
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kBelow,
+                             .letter = Named(QStringLiteral("F2"), values.TextOf(kFigureInside)), .control = kFigureInside,
+                             .from = {-76, 10}});
+  AddLength(sketch, values, 100, -34);
+  sketch.notes.push_back(Said(kOnAxis));
+  return sketch;
+}
+
+Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
+  Sketch sketch;
+  const auto body = {QPointF(-100, 0), QPointF(-100, 30), QPointF(-58, 30), QPointF(-58, 22), QPointF(0, 22), QPointF(0, 0)};
+  Add(sketch, Ink::kBody, PathOf(body, -1));
+  Add(sketch, Ink::kBody, PathOf(body, 1));
+  Add(sketch, Ink::kPart, Rectangle(-44, -9, -16, 9));
+  Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kAbove, .letter = values.TextOf(kSolid),
+                             .control = kSolid, .from = {-30, 22}});
+  if (sketch.measures.back().letter.isEmpty()) sketch.measures.clear();
+  AddLength(sketch, values, 100, -30);
+  if (values.Find(kClampDiameter) != nullptr) {
+    sketch.measures.push_back({.kind = Measure::Kind::kAcross, .where = Where::kLeft, .letter = QStringLiteral("\u2300"),
+                               .control = kClampDiameter, .from = {-100, -30}, .to = {-100, 30}});
+    FindNoNumber(sketch, values, kClampDiameter);
+  }
+  return sketch;
+}
+
+}  // namespace vanzet::view::qt

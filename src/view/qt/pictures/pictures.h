@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "view/qt/page_values.h"
+#include "view/qt/pictures/sketch.h"
+
+/// The pictures of the pages, made from what stands in their controls.
+namespace vanzet::view::qt {
+
+struct Picture {
+  std::int32_t bitmap;
+  Sketch (*make)(std::int32_t bitmap, const PageValues& values);
+};
+
+/// All pictures, by id.
+std::span<const Picture> Pictures();
+
+/// The picture of a bitmap's id with the values of a page; an empty one for an id that is not in the table.
+Sketch SketchOf(std::int32_t bitmap, const PageValues& values);
+
+// The families that the table is made of.
+Sketch DeviceSketch(std::int32_t bitmap, const PageValues& values);     ///< a device of the catalogue
+Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values);  ///< one from a VDM of its own
+Sketch BilletSketch(std::int32_t bitmap, const PageValues& values);     ///< by numbers, on either spindle
+Sketch FigureSketch(std::int32_t bitmap, const PageValues& values);     ///< turned from two figures
+Sketch SolidSketch(std::int32_t bitmap, const PageValues& values);
+Sketch BezelSketch(std::int32_t bitmap, const PageValues& values);
+Sketch DatumSketch(std::int32_t bitmap, const PageValues& values);
+
+}  // namespace vanzet::view::qt

@@ -1,0 +1,111 @@
+#include "view/qt/tree_panel.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QTreeWidgetItemIterator>
+
+#include "view/qt/icons.h"
+#include "view/qt/words.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr Words kEquipment = {"Equipment", "Ausrüstung"};
+constexpr Words kDefined = {"%1, defined", "%1, definiert"};
+
+constexpr int kIdRole = Qt::UserRole;
+
+std::int32_t IdOf(const QTreeWidgetItem* item) {
+  return item == nullptr ? 0 : item->data(0, kIdRole).toInt();
+}
+
+std::vector<std::int32_t> IdsOf(const std::vector<TreeNode>& nodes) {
+  std::vector<std::int32_t> ids;
+  for (const TreeNode& node : nodes) ids.push_back(node.id);
+  return ids;
+}
+
+void Fill(QTreeWidgetItem& item, const TreeNode& node) {
+  const QString text = QString::fromStdString(node.text);
+  item.setText(0, text);
+  item.setIcon(0, IconOfNode(node.bitmap, node.selectedBitmap));
+  item.setData(0, Qt::AccessibleTextRole, node.isBold ? Said(kDefined, text) : text);
+  QFont font = item.font(0);
+  font.setBold(node.isBold);
+  item.setFont(0, font);
+}
+
+}  // namespace
+
+TreePanel::TreePanel(const Send& send, QWidget* parent) : QTreeWidget(parent), send_(send) {
+  setObjectName(QString::number(kTreeControl));
+  setAccessibleName(Said(kEquipment));
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setIconSize({18, 18});
+  setAlternatingRowColors(false);
+  connect(this, &QTreeWidget::itemSelectionChanged, this, [this] {
+    const auto selected = selectedItems();
+    if (selected.isEmpty()) return;
+    const std::int32_t node = IdOf(selected.constFirst());
+    send_([=](Dialog& dialog) { dialog.SelectNode(node); });
+  });
+}
+
+void TreePanel::Show(const DialogState& state) {
+  const QSignalBlocker quiet(this);
+  if (ids_ != IdsOf(state.tree)) Build(state.tree);
+  for (const TreeNode& node : state.tree) Fill(*ItemOf(node.id), node);
+  Select(state.selectedNode);
+}
+
+void TreePanel::Build(const std::vector<TreeNode>& nodes) {
+  clear();
+  ids_.clear();
+  for (const TreeNode& node : nodes) {
+    QTreeWidgetItem* const parent = ItemOf(node.parent);
+    auto* const item = parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
+    item->setData(0, kIdRole, node.id);
+    ids_.push_back(node.id);
+  }
+  for (const TreeNode& node : nodes) ItemOf(node.id)->setExpanded(node.isOpen);
+}
+
+void TreePanel::Select(std::int32_t node) {
+  QTreeWidgetItem* const item = ItemOf(node);
+  if (item == nullptr) return clearSelection();
+  if (!item->isSelected()) setCurrentItem(item);
+}
+
+QTreeWidgetItem* TreePanel::ItemOf(std::int32_t node) const {
+  for (QTreeWidgetItemIterator item(const_cast<TreePanel*>(this)); *item != nullptr; ++item) {
+    if (IdOf(*item) == node) return *item;
+  }
+  return nullptr;
+}
+
+std::optional<std::int32_t> TreePanel::Popup(std::int32_t /*node*/, const std::vector<PopupEntry>& entries) {
+  QMenu menu(this);
+  for (const PopupEntry& entry : entries) {
+    menu.addAction(IconOf("delete"), QString::fromStdString(entry.text))->setData(entry.command);
+  }
+  const QAction* const chosen = menu.exec(menuPlace_);
+  if (chosen == nullptr) return std::nullopt;
+  return chosen->data().toInt();
+}
+
+void TreePanel::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::RightButton) QTreeWidget::mousePressEvent(event);
+}
+
+void TreePanel::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+  const QTreeWidgetItem* const item = isByMouse ? itemAt(event->pos()) : currentItem();
+  const std::int32_t node = IdOf(item);
+  if (node == 0) return;
+  menuPlace_ = isByMouse ? event->globalPos() : viewport()->mapToGlobal(visualItemRect(item).bottomLeft());
+  send_([=](Dialog& dialog) { dialog.ContextAt(node); });
+}
+
+}  // namespace vanzet::view::qt
