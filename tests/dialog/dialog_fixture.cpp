@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "dialog/dlg_main.h"
 #include "store/billet_vdm.h"
-#include "view/script/script_view.h"
 
 namespace vanzet::test {
 namespace {
@@ -92,14 +90,7 @@ void DialogWorld::NewDefinition(std::uint32_t vdm) {
 Ran DialogWorld::Run(const std::string& script) {
   WriteBytes(folder / "script.txt", script);
   const std::filesystem::path transcript = folder / "run.jsonl";
-  {
-    view::ScriptView view((folder / "script.txt").string(),
-                          std::make_shared<view::Transcript>(transcript.string()));
-    const platform::PresenterScope boxes(view.Boxes());
-    const platform::FilePresenterScope fileDialogs(view.Files());
-    dialog::CDlgMain dialog(&window, view);
-    dialog.RunModalLoop(4);
-  }
+  ServeDialog(folder / "script.txt", transcript, &window);
   Ran ran;
   std::istringstream lines(ReadBytes(transcript));
   for (std::string line; std::getline(lines, line);) {
