@@ -38,6 +38,8 @@ struct TreeNode {
   bool isOpen = false;
   std::int32_t bitmap = 0;          ///< 16 by 16, white is transparent
   std::int32_t selectedBitmap = 0;  ///< the same while the node is selected
+
+  bool operator==(const TreeNode&) const = default;
 };
 
 struct DialogState {

@@ -12,8 +12,7 @@ namespace {
 class ViewChoiceTest : public testing::Test {
  protected:
   ~ViewChoiceTest() override {
-    unsetenv("VANZET_SCRIPT");
-    unsetenv("VANZET_TRANSCRIPT");
+    for (const char* name : {"VANZET_SCRIPT", "VANZET_TRANSCRIPT", "VANZET_VIEW_QT", "DISPLAY"}) unsetenv(name);
   }
   void ScriptInForce(const std::string& text) {
     test::WriteBytes(folder / "script.txt", text);
@@ -30,6 +29,34 @@ TEST_F(ViewChoiceTest, IsTheConsoleWithoutAScript) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(choice.Choose()->Boxes().Present(question), platform::answer::kNo);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "Delete? [No]\n");
+}
+
+TEST_F(ViewChoiceTest, IsTheConsoleAfterOneLineWhereTheDisplayDoesNotAnswer) {
+  setenv("DISPLAY", ":4711", 1);
+  setenv("VANZET_VIEW_QT", VANZET_VIEW_QT_FILE, 1);
+  ViewChoice choice;
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
+  EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vanzet: The dialog cannot be shown on a display: no answer from the display ':4711' of DISPLAY\n");
+}
+
+TEST_F(ViewChoiceTest, IsTheConsoleAfterALineWhereTheViewsLibraryIsMissing) {
+  setenv("DISPLAY", ":4711", 1);
+  setenv("VANZET_VIEW_QT", (folder / "view.so").c_str(), 1);
+  ViewChoice choice;
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
+  const std::string told = testing::internal::GetCapturedStderr();
+  EXPECT_NE(told.find((folder / "view.so").string()), std::string::npos) << told;
+}
+
+TEST_F(ViewChoiceTest, IsTheScriptAlsoWhereADisplayIs) {
+  setenv("DISPLAY", ":4711", 1);
+  ScriptInForce("");
+  ViewChoice choice;
+  EXPECT_NE(choice.Choose()->ForDialog(), nullptr);
 }
 
 TEST_F(ViewChoiceTest, IsTheScriptWhereOneIsNamed) {

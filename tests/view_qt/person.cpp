@@ -17,6 +17,7 @@ namespace vanzet::test {
 using view::ScriptLine;
 
 void Type(QWidget& widget, const QString& text) {
+  QTest::mouseClick(&widget, Qt::LeftButton);
   QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&widget, Qt::Key_Delete);
   for (const QChar c : text) QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);

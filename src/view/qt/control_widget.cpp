@@ -16,6 +16,9 @@
 namespace vanzet::view::qt {
 namespace {
 
+/// How many letters of an entry a combo shows at least.
+constexpr int kNameLetters = 22;
+
 constexpr Words kNoNumber = {"Not a number", "Keine Zahl"};
 
 class ButtonWidget final : public ControlWidget {
@@ -104,7 +107,7 @@ class ComboWidget final : public ControlWidget {
     const std::int32_t id = control.id;
     Combo().setEditable(!control.isList);
     Combo().setInsertPolicy(QComboBox::NoInsert);
-    Combo().setMinimumContentsLength(12);
+    Combo().setMinimumContentsLength(kNameLetters);
     Combo().setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     QObject::connect(&Combo(), &QComboBox::activated, &Combo(),
                      [send, id](int index) { send([=](Dialog& dialog) { dialog.Choose(id, index); }); });

@@ -30,7 +30,8 @@ constexpr std::int32_t kRightButtons[] = {kOk, 2012};
 constexpr Words kSpurName = {"Spindle spur whose equipment is shown", "Spindelspur, deren Ausrüstung gezeigt wird"};
 
 constexpr int kMargin = 12;
-constexpr QSize kFirstSize = {1020, 720};
+constexpr int kTreeWidth = 300;
+constexpr QSize kFirstSize = {1180, 740};
 
 QSettings Settings() {
   return QSettings(QStringLiteral("vanzet"), QStringLiteral("equipment-definition"));
@@ -252,7 +253,7 @@ void DialogWindow::TakeUpSize() {
   const QSettings settings = Settings();
   resize(kFirstSize);
   restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
-  splitter_->setSizes({270, kFirstSize.width() - 270});
+  splitter_->setSizes({kTreeWidth, kFirstSize.width() - kTreeWidth});
   splitter_->restoreState(settings.value(QStringLiteral("splitter")).toByteArray());
 }
 

@@ -39,6 +39,7 @@ class DialogWindow final : public QDialog {
   QWidget* WidgetOf(std::int32_t control) const;
 
   TreePanel& Tree() { return *tree_; }
+  Dialog& TheDialog() { return dialog_; }
 
   /// The page in front; null for one without controls.
   PagePanel* Page() const { return page_; }

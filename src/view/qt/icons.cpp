@@ -76,7 +76,7 @@ class SvgIcon final : public QIconEngine {
     QSvgRenderer drawing(Coloured(isSelected ? selected_ : plain_, lines, mode != QIcon::Normal && mode != QIcon::Active));
     painter->save();
     if (isMirrored_) {
-      painter->translate(2 * rect.center().x() + 1, 0);
+      painter->translate(2 * rect.x() + rect.width(), 0);
       painter->scale(-1, 1);
     }
     drawing.render(painter, QRectF(rect));

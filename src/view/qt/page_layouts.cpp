@@ -107,8 +107,13 @@ constexpr FieldRow kNewRows[] = {
 constexpr FieldGroup kNew[] = {{.title = {"Device of the catalogue", "Spannmittel des Katalogs"}, .rows = kNewRows}};
 constexpr std::int32_t kNewActions[] = {2127, 2152};
 
+constexpr Words kNoDevice = {"Choose a device, and its picture appears here.",
+                             "Nach der Wahl eines Spannmittels erscheint hier sein Bild."};
+constexpr Words kNoKind = {"Choose a kind below this entry of the tree.",
+                           "Wählen Sie im Baum eine Art unter diesem Eintrag."};
+
 constexpr PageLayout kLayouts[] = {
-    {"CPageClampElem",        0,    2146, kClampElem,    {}},
+    {"CPageClampElem",        0,    2146, kClampElem,    {}, kNoDevice},
     {"CPageBezel",            0,    2147, kBezel,        kSelectAction},
     {"CPageBilletCylindric",  2171, 2147, kCylindric,    kCylindricActions},
     {"CPageBilletFromFigure", 2171, 2147, kBilletFigure, kSelectAction},
@@ -116,7 +121,7 @@ constexpr PageLayout kLayouts[] = {
     {"CPageFinishpartFromFigure", 2171, 2147, kFinishFigure, kSelectAction},
     {"CPageFinishpartFromSolid",  2171, 2147, kFinishSolid,  kSelectAction},
     {"CPageZeroPiontShift",   2171, 2147, kDatum,        kSelectAction},
-    {"CPageClampElemNew",     0,    2150, kNew,          kNewActions},
+    {"CPageClampElemNew",     0,    2150, kNew,          kNewActions, kNoKind},
 };
 // clang-format on
 

@@ -38,6 +38,7 @@ struct PageLayout {
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
   std::span<const std::int32_t> actions = {};  ///< buttons at the foot
+  Words noPicture = {"", ""};                  ///< stands on the card while there is no picture
 };
 
 /// The layouts of all pages that have controls.

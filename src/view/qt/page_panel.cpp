@@ -22,6 +22,7 @@ constexpr Words kNotUsed = {"Not used", "Nicht verwendet"};
 
 constexpr int kGap = 8;
 constexpr int kGroupGap = 16;
+constexpr int kLeastForm = 340;
 
 /// Columns of a form.
 enum Column { kLetterColumn, kNameColumn, kCellColumn, kColumns };
@@ -74,7 +75,7 @@ PagePanel::PagePanel(const PageLayout& layout, const std::vector<Control>& contr
   form->setAutoFillBackground(false);
   middle->addWidget(scroll_, 0);
   if (layout_.picture != 0) {
-    picture_ = new PictureWidget(this);
+    picture_ = new PictureWidget(Said(layout_.noPicture), this);
     picture_->setObjectName(QString::number(layout_.picture));
     middle->addWidget(picture_, 1);
   }
@@ -230,7 +231,8 @@ void PagePanel::Show(const std::vector<Control>& controls, const QString& place,
   ShowWords(values);
   const Control* const picture = values.Find(layout_.picture);
   if (picture != nullptr) picture_->Draw(picture->bitmap, values, focused);
-  scroll_->setFixedWidth(scroll_->widget()->minimumSizeHint().width() + scroll_->verticalScrollBar()->sizeHint().width());
+  const int form = std::max(scroll_->widget()->minimumSizeHint().width(), kLeastForm);
+  scroll_->setFixedWidth(form + scroll_->verticalScrollBar()->sizeHint().width());
 }
 
 void PagePanel::ShowWords(const PageValues& values) {

@@ -10,15 +10,13 @@ namespace vanzet::view::qt {
 namespace {
 
 constexpr Words kPicture = {"Picture of what the values mean", "Bild zur Bedeutung der Werte"};
-constexpr Words kNothing = {"Choose a device, and its picture appears here.",
-                            "Nach der Wahl eines Spannmittels erscheint hier sein Bild."};
 
 constexpr double kMargin = 12;
 constexpr double kRounding = 6;
 
 }  // namespace
 
-PictureWidget::PictureWidget(QWidget* parent) : QFrame(parent) {
+PictureWidget::PictureWidget(const QString& nothing, QWidget* parent) : QFrame(parent), nothing_(nothing) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAccessibleName(Said(kPicture));
 }
@@ -42,7 +40,7 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   const QRectF area = card.adjusted(kMargin, kMargin, -kMargin, -kMargin);
   if (sketch_.shapes.empty()) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, Said(kNothing));
+    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, nothing_);
     return;
   }
   Paint(painter, area, sketch_, {palette(), font(), focused_, value_});

@@ -11,7 +11,8 @@ namespace vanzet::view::qt {
 /// The picture of a page on a card. It follows what is typed.
 class PictureWidget final : public QFrame {
  public:
-  explicit PictureWidget(QWidget* parent);
+  /// `nothing` stands on the card while there is no picture.
+  PictureWidget(const QString& nothing, QWidget* parent);
 
   /// Draws anew: the picture of that id (0: none) with the values of the page. The measure of the edit
   /// `focused` stands out.
@@ -27,6 +28,7 @@ class PictureWidget final : public QFrame {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  const QString nothing_;
   std::int32_t bitmap_ = 0;
   std::int32_t focused_ = 0;
   QString value_;

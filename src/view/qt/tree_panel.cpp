@@ -1,6 +1,7 @@
 #include "view/qt/tree_panel.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
@@ -55,19 +56,24 @@ TreePanel::TreePanel(const Send& send, QWidget* parent) : QTreeWidget(parent), s
 
 void TreePanel::Show(const DialogState& state) {
   const QSignalBlocker quiet(this);
-  if (ids_ != IdsOf(state.tree)) Build(state.tree);
-  for (const TreeNode& node : state.tree) Fill(*ItemOf(node.id), node);
+  if (IdsOf(shown_) != IdsOf(state.tree)) Build(state.tree);
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    const TreeNode& node = state.tree[i];
+    if (shown_[i] == node) continue;
+    Fill(*ItemOf(node.id), node);
+    shown_[i] = node;
+  }
   Select(state.selectedNode);
 }
 
 void TreePanel::Build(const std::vector<TreeNode>& nodes) {
   clear();
-  ids_.clear();
+  shown_.clear();
   for (const TreeNode& node : nodes) {
     QTreeWidgetItem* const parent = ItemOf(node.parent);
     auto* const item = parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
     item->setData(0, kIdRole, node.id);
-    ids_.push_back(node.id);
+    shown_.push_back({.id = node.id});
   }
   for (const TreeNode& node : nodes) ItemOf(node.id)->setExpanded(node.isOpen);
 }
@@ -99,12 +105,22 @@ void TreePanel::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::RightButton) QTreeWidget::mousePressEvent(event);
 }
 
+void TreePanel::keyPressEvent(QKeyEvent* event) {
+  // Of the menu key Qt tells by a context menu event; of this one, for keyboards without it, it does not.
+  const bool isMenuKey = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+  if (!isMenuKey) return QTreeWidget::keyPressEvent(event);
+  AskForMenu(currentItem(), std::nullopt);
+}
+
 void TreePanel::contextMenuEvent(QContextMenuEvent* event) {
-  const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
-  const QTreeWidgetItem* const item = isByMouse ? itemAt(event->pos()) : currentItem();
+  if (event->reason() == QContextMenuEvent::Mouse) return AskForMenu(itemAt(event->pos()), event->globalPos());
+  AskForMenu(currentItem(), std::nullopt);
+}
+
+void TreePanel::AskForMenu(const QTreeWidgetItem* item, std::optional<QPoint> place) {
   const std::int32_t node = IdOf(item);
   if (node == 0) return;
-  menuPlace_ = isByMouse ? event->globalPos() : viewport()->mapToGlobal(visualItemRect(item).bottomLeft());
+  menuPlace_ = place.value_or(viewport()->mapToGlobal(visualItemRect(item).bottomLeft()));
   send_([=](Dialog& dialog) { dialog.ContextAt(node); });
 }
 

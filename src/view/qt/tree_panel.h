@@ -24,15 +24,18 @@ class TreePanel final : public QTreeWidget {
  protected:
   /// Right presses select nothing: whether a node is selected along with its menu is the dialog's decision.
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  /// Without a place the menu stands below the item.
+  void AskForMenu(const QTreeWidgetItem* item, std::optional<QPoint> place);
   void Build(const std::vector<TreeNode>& nodes);
   void Select(std::int32_t node);
   QTreeWidgetItem* ItemOf(std::int32_t node) const;
 
   const Send send_;
-  std::vector<std::int32_t> ids_;
+  std::vector<TreeNode> shown_;
   QPoint menuPlace_;  ///< on the screen
 };
 

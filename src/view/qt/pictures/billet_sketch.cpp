@@ -58,7 +58,7 @@ Billet Drawable(Billet billet) {
   for (double* value : {&billet.front, &billet.rear, &billet.inner, &billet.bar}) {
     if (!std::isfinite(*value) || *value < 0) *value = 0;
   }
-  billet.inner = std::min(billet.inner, billet.outer);
+  if (billet.inner >= billet.outer) billet.inner = 0;
   if (billet.bar < billet.length + billet.front + billet.rear) billet.bar = 0;
   return billet;
 }

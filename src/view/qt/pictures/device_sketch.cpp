@@ -1,6 +1,6 @@
 #include <QPolygonF>
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 #include "macro/tables/device_outlines.h"
 #include "macro/tables/device_types.h"
@@ -18,6 +18,7 @@ constexpr Words kMustBeLess = {"%1 must be less than %2.", "%1 muss kleiner als 
 constexpr Words kMustBeAbove0 = {"%1 must be above 0.", "%1 muss größer als 0 sein."};
 constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
 constexpr Words kNoOutline = {"These values make no closed outline.", "Diese Werte ergeben keinen geschlossenen Umriss."};
+constexpr Words kUnseen = {"%1, not seen from this side", "%1, von dieser Seite nicht zu sehen"};
 constexpr Words kFromVdm = {"The shape comes from the VDM file.", "Die Form kommt aus der VDM-Datei."};
 
 const DeviceType* TypeOf(std::int32_t bitmap) {
@@ -98,14 +99,27 @@ QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
   return path;
 }
 
+/// The ends of a bore, which are seen between the two halves.
+void AddBore(Sketch& sketch, const std::vector<OutlineVertex>& outline) {
+  const auto [low, high] = std::ranges::minmax(outline, {}, &OutlineVertex::x);
+  for (const double x : {low.x, high.x}) {
+    double bore = std::numeric_limits<double>::max();
+    for (const OutlineVertex& vertex : outline) {
+      if (vertex.x == x) bore = std::min(bore, vertex.y);
+    }
+    if (bore > 0) Add(sketch, Ink::kGhost, Stroke({x, -bore}, {x, bore}));
+  }
+}
+
 /// What is spun is cut above its axis and seen from outside below it.
 void AddShapes(Sketch& sketch, const DeviceParams& params) {
   const auto outline = OutlineOf(params);
   const bool isSpun = FindDeviceType(params.type)->thickness == ' ';
+  if (isSpun) AddBore(sketch, outline);
   if (isSpun) Add(sketch, Ink::kBody, PathOf(outline, -1));
   Add(sketch, Ink::kMaterial, PathOf(outline, 1));
   if (!isSpun) return;
-  const QRectF box = sketch.shapes.front().path.boundingRect();
+  const QRectF box = sketch.shapes.back().path.boundingRect();
   const double beyond = box.width() * 0.08;
   Add(sketch, Ink::kAxis, Stroke({box.left() - beyond, 0}, {box.right() + beyond, 0}));
 }
@@ -130,7 +144,7 @@ void AddMeasures(Sketch& sketch, const DeviceParams& params) {
 /// What a side view cannot show.
 void NoteThickness(Sketch& sketch, const DeviceType& type) {
   const LetterWords* const words = FindLetterWords(type.code, type.thickness);
-  if (words != nullptr) sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") + Said(words->name));
+  if (words != nullptr) sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") + Said(kUnseen, Said(words->name)));
 }
 
 }  // namespace

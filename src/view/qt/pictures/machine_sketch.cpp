@@ -89,8 +89,8 @@ Sketch BezelSketch(std::int32_t /*bitmap*/, const PageValues& values) {
     Add(sketch, isUsed ? Ink::kPart : Ink::kGhost, Circle(roller.x(), roller.y(), 9));
     Add(sketch, Ink::kGhost, Stroke(OnCircle(degrees, 42), OnCircle(degrees, 54)));
   }
-  Add(sketch, Ink::kAxis, Stroke({-74, 0}, {74, 0}));
-  Add(sketch, Ink::kAxis, Stroke({0, -90}, {0, 74}));
+  Add(sketch, Ink::kAxis, Stroke({-68, 0}, {68, 0}));
+  Add(sketch, Ink::kAxis, Stroke({0, -86}, {0, 66}));
   sketch.isExample = !isUsed;
   sketch.notes.push_back(Said(isUsed ? kUsed : kNotUsed));
   return sketch;

@@ -146,16 +146,20 @@ class MeasurePainter {
 
   void Corner(const Measure& measure) {
     const QPointF corner = OnScreen(measure.from);
-    const double down = measure.where == Where::kBelow ? 1 : -1;
-    const double reach = measure.where == Where::kRight ? place_.lane * 0.8 : place_.lane * 0.5;
-    const QPointF label(corner.x() + reach, measure.where == Where::kRight ? corner.y() + down * reach : EdgeOf(down));
+    const QPointF label = CornerLabel(corner, measure.where);
     painter_.drawLine(corner, label);
     painter_.drawEllipse(corner, 2.2, 2.2);
     Label(measure, label);
   }
 
-  double EdgeOf(double down) const {
-    return down > 0 ? place_.bounds.bottom() + place_.lane * 0.6 : place_.bounds.top() - place_.lane * 0.6;
+  QPointF CornerLabel(QPointF corner, Where where) const {
+    const double lane = place_.lane;
+    switch (where) {
+      case Where::kRight: return corner + QPointF(lane * 0.8, -lane * 0.8);
+      case Where::kAbove: return {corner.x() + lane * 0.5, place_.bounds.top() - lane * 0.6};
+      case Where::kBelow: return {corner.x() + lane * 0.5, place_.bounds.bottom() + lane * 0.6};
+      default: return corner + QPointF(lane * 0.6, lane * 0.7);
+    }
   }
 
   QPainter& painter_;

@@ -47,26 +47,26 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
 
 Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto outside = {QPointF(-100, 10), QPointF(-100, 34), QPointF(-62, 34), QPointF(-52, 26), QPointF(-30, 26),
-                        QPointF(-22, 18),  QPointF(0, 18),    QPointF(0, 10),   QPointF(-40, 10)};
+  const auto outside = {QPointF(-100, 14), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30), QPointF(-30, 30),
+                        QPointF(-22, 22),  QPointF(0, 22),    QPointF(0, 14)};
   Add(sketch, Ink::kBody, PathOf(outside, -1));
   Add(sketch, Ink::kMaterial, PathOf(outside, 1));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
   sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kAbove,
                              .letter = Named(QStringLiteral("F1"), values.TextOf(kFigureOutside)), .control = kFigureOutside,
-                             .from = {-41, 26}});
-  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kBelow,
+                             .from = {-41, 30}});
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kInside,
                              .letter = Named(QStringLiteral("F2"), values.TextOf(kFigureInside)), .control = kFigureInside,
-                             .from = {-76, 10}});
-  AddLength(sketch, values, 100, -34);
+                             .from = {-50, 14}});
+  AddLength(sketch, values, 100, -38);
   sketch.notes.push_back(Said(kOnAxis));
   return sketch;
 }
 
 Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto body = {QPointF(-100, 0), QPointF(-100, 30), QPointF(-58, 30), QPointF(-58, 22), QPointF(0, 22), QPointF(0, 0)};
-  Add(sketch, Ink::kBody, PathOf(body, -1));
+  const auto body = {QPointF(-100, -30), QPointF(-100, 30), QPointF(-58, 30), QPointF(-58, 22),
+                     QPointF(0, 22),     QPointF(0, -22),   QPointF(-58, -22), QPointF(-58, -30)};
   Add(sketch, Ink::kBody, PathOf(body, 1));
   Add(sketch, Ink::kPart, Rectangle(-44, -9, -16, 9));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));

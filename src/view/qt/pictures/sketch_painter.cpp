@@ -60,7 +60,7 @@ int Lanes(const Sketch& sketch, Where where) {
 
 /// The area that is left to the shapes.
 QRectF Inner(const QRectF& area, const Sketch& sketch, double lane) {
-  const double side = lane * 0.6;
+  const double side = lane * 1.1;
   return area.adjusted(side + Lanes(sketch, Where::kLeft) * lane, side + Lanes(sketch, Where::kAbove) * lane,
                        -side - Lanes(sketch, Where::kRight) * lane, -side - Lanes(sketch, Where::kBelow) * lane);
 }

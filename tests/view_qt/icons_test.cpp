@@ -1,0 +1,72 @@
+#include "view/qt/icons.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <set>
+
+#include "dialog/tree_nodes.h"
+#include "view/qt/button_icons.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+bool IsEmpty(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qAlpha(image.pixel(x, y)) != 0) return false;
+    }
+  }
+  return true;
+}
+
+QImage Drawn(const QIcon& icon, int size, QIcon::Mode mode = QIcon::Normal) {
+  return icon.pixmap(QSize(size, size), mode).toImage();
+}
+
+TEST(Icons, AreThereForEveryNodeOfTheTree) {
+  for (const dialog::TreeNodeRow& node : dialog::TreeNodes()) {
+    const QIcon icon = IconOfNode(node.bitmap, node.selectedBitmap);
+    for (const int size : {16, 20, 32, 64}) {
+      EXPECT_FALSE(IsEmpty(Drawn(icon, size))) << node.id << " " << size;
+      EXPECT_FALSE(IsEmpty(Drawn(icon, size, QIcon::Selected))) << node.id << " " << size;
+    }
+  }
+}
+
+TEST(Icons, AreThereForEveryIdFrom2072To2113) {
+  std::set<std::int32_t> ids;
+  for (const NodeIcon& row : NodeIcons()) {
+    EXPECT_TRUE(ids.insert(row.bitmap).second) << row.bitmap;
+    EXPECT_FALSE(IsEmpty(Drawn(IconOf(row.file), 16))) << row.file;
+  }
+  EXPECT_EQ(ids.size(), 42U);
+  EXPECT_EQ(*ids.begin(), 2072);
+  EXPECT_EQ(*ids.rbegin(), 2113);
+}
+
+TEST(Icons, OfTheSubSpindleLookTheOtherWay) {
+  const QImage main = Drawn(IconOfNode(2092, 2093), 32);
+  EXPECT_EQ(Drawn(IconOfNode(2094, 2095), 32), main.mirrored(true, false));
+  EXPECT_NE(main, main.mirrored(true, false));
+}
+
+TEST(Icons, StandOutFromTheGroundOfASelectedNode) {
+  EXPECT_NE(Drawn(IconOfNode(2088, 2089), 32), Drawn(IconOfNode(2088, 2089), 32, QIcon::Selected));
+}
+
+TEST(Icons, OfAnUnknownBitmapAreEmpty) {
+  EXPECT_TRUE(IconOfNode(2071, 2071).isNull());
+}
+
+TEST(Icons, OfButtonsAreThere) {
+  for (const std::int32_t id : {1, 2012, 2144, 2153, 2015, 2016, 2018, 2127, 2152, 2154, 2155}) {
+    EXPECT_FALSE(IsEmpty(Drawn(IconOf(IconOfButton(id, "Text").file), 16))) << id;
+  }
+  EXPECT_TRUE(IconOfButton(2005, ">>").replacesText);
+  EXPECT_TRUE(IconOfButton(2000, "...").replacesText);
+  EXPECT_EQ(IconOfButton(77, "Text").file, nullptr);
+}
+
+}  // namespace
+}  // namespace vanzet::view::qt

@@ -1,0 +1,108 @@
+#include "view/qt/page_layouts.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <algorithm>
+#include <map>
+
+#include "dialog/dlg_main.h"
+#include "dialog/tree_nodes.h"
+#include "view/qt/page_panel.h"
+#include "view/qt/tree_panel.h"
+#include "view_qt/window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using view::Control;
+using view::ControlKind;
+using view::qt::DialogWindow;
+
+class Layouts : public WindowTest {
+ protected:
+  /// Calls `look` with the state and the window of each page that has controls.
+  void OnEachPage(const std::function<void(const view::DialogState&, DialogWindow&)>& look) {
+    Serve([&](DialogWindow& window) {
+      for (const int node : kNodesOfPages) {
+        Do(window, "select " + std::to_string(node) + "\n");
+        look(window.TheDialog().State(), window);
+      }
+    });
+  }
+};
+
+TEST_F(Layouts, PlaceEveryControlOfEveryPageOnce) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& /*window*/) {
+    const view::qt::PageLayout* const layout = view::qt::FindPageLayout(state.page);
+    ASSERT_NE(layout, nullptr) << state.page;
+    std::vector<std::int32_t> placed = ControlsOf(*layout);
+    std::vector<std::int32_t> there;
+    for (const Control& control : state.controls) there.push_back(control.id);
+    EXPECT_THAT(placed, testing::UnorderedElementsAreArray(there)) << state.page;
+  });
+}
+
+TEST_F(Layouts, AreThereForEveryPageButTheEmptyOne) {
+  std::set<std::string> pages;
+  OnEachPage([&](const view::DialogState& state, DialogWindow&) { pages.insert(state.page); });
+  EXPECT_EQ(pages.size(), dialog::kPages - 1);
+  EXPECT_EQ(view::qt::PageLayouts().size(), pages.size());
+}
+
+TEST_F(Layouts, GiveEveryControlOneWidgetThatShowsItsState) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& window) {
+    for (const Control& control : state.controls) {
+      const QString name = QString::number(control.id);
+      ASSERT_EQ(window.Page()->findChildren<QWidget*>(name).size(), 1) << state.page << " " << control.id;
+      const QWidget* const widget = window.WidgetOf(control.id);
+      EXPECT_EQ(widget->isVisibleTo(&window), control.isVisible) << state.page << " " << control.id;
+      EXPECT_EQ(widget->isEnabled(), control.isEnabled) << state.page << " " << control.id;
+    }
+  });
+}
+
+TEST_F(Layouts, NameEveryControlThatIsUsed) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& window) {
+    for (const Control& control : state.controls) {
+      if (control.kind == ControlKind::kLabel) continue;
+      EXPECT_FALSE(window.WidgetOf(control.id)->accessibleName().isEmpty()) << state.page << " " << control.id;
+    }
+  });
+}
+
+TEST_F(Layouts, LetTheTabKeyReachEveryControlThatIsOpen) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& window) {
+    std::set<int> reached;
+    window.Tree().setFocus();
+    for (int step = 0; step < 60; ++step) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+      reached.insert(window.focusWidget()->objectName().toInt());
+    }
+    for (const auto* controls : {&state.controls, &state.dialog}) {
+      for (const Control& control : *controls) {
+        const bool isUsed = control.kind != ControlKind::kLabel && control.kind != ControlKind::kPicture;
+        // The edit of a spin is reached as the spin.
+        if (!isUsed || !control.isVisible || !control.isEnabled || control.id == 2180) continue;
+        EXPECT_TRUE(reached.contains(control.id)) << state.page << " " << control.id;
+      }
+    }
+    EXPECT_TRUE(reached.contains(view::kTreeControl)) << "and back to the tree";
+  });
+}
+
+TEST_F(Layouts, ReachTheValueOfALetterByThatLetter) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    const auto captions = window.Page()->findChildren<QLabel*>();
+    for (const char* caption : {"&A", "&B", "&C", "&D", "&E", "&F"}) {
+      EXPECT_TRUE(std::ranges::any_of(captions, [&](const QLabel* label) {
+        return label->text() == QLatin1String(caption) && label->buddy() != nullptr;
+      })) << caption;
+    }
+  });
+}
+
+}  // namespace
+}  // namespace vanzet::test

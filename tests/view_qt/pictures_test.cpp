@@ -1,0 +1,193 @@
+#include "view/qt/pictures/pictures.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+
+#include "dialog/device_letters.h"
+#include "macro/tables/device_outlines.h"
+#include "macro/tables/device_types.h"
+#include "macro/tables/formula.h"
+#include "view/qt/device_words.h"
+#include "view/qt/pictures/device_measures.h"
+#include "view/qt/pictures/outline_check.h"
+#include "view/qt/pictures/sketch_painter.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+/// The controls of a page of devices, with these values.
+std::vector<Control> PageWith(const DeviceParams& params) {
+  std::vector<Control> controls;
+  for (char letter = 'A'; letter <= 'J'; ++letter) {
+    const double value = ValueOf(params, letter);
+    controls.push_back({.id = EditOfLetter(letter), .kind = ControlKind::kEdit, .text = std::to_string(value),
+                        .isReal = true, .number = value});
+  }
+  return controls;
+}
+
+Sketch Drawn(const DeviceParams& params) {
+  return SketchOf(FindDeviceType(params.type)->picture, PageValues(PageWith(params)));
+}
+
+QRectF BoundsOf(const Sketch& sketch) {
+  QRectF bounds;
+  for (const Shape& shape : sketch.shapes) {
+    if (shape.ink == Ink::kMaterial) bounds = bounds.united(shape.path.boundingRect());
+  }
+  return bounds;
+}
+
+TEST(Pictures, AreThereForEveryTypeOfDevice) {
+  for (const DeviceType& type : DeviceTypes()) {
+    EXPECT_FALSE(SketchOf(type.picture, PageValues({})).shapes.empty()) << type.code;
+    EXPECT_EQ(dialog::DevicePicture(type.code), type.picture);
+  }
+}
+
+TEST(Pictures, AreThereForEveryOtherPage) {
+  for (const std::int32_t bitmap : {2047, 2048, 2049, 2050, 2051, 2114}) {
+    EXPECT_FALSE(SketchOf(bitmap, PageValues({})).shapes.empty()) << bitmap;
+  }
+  EXPECT_TRUE(SketchOf(0, PageValues({})).shapes.empty());
+}
+
+TEST(Pictures, AreSortedByIdAndUnique) {
+  EXPECT_TRUE(std::ranges::is_sorted(Pictures(), std::less_equal<>(), &Picture::bitmap));
+}
+
+TEST(Pictures, OfDevicesHaveAMeasureForEveryLetterOfTheOutline) {
+  for (const DeviceType& type : DeviceTypes()) {
+    std::string measured;
+    for (const DeviceMeasure& row : DeviceMeasures()) {
+      if (row.type == type.code) measured += row.letter;
+    }
+    EXPECT_EQ(measured, type.outline) << type.code;
+  }
+}
+
+TEST(Pictures, OfDevicesSayWhatEveryLetterIsThatATypeKeeps) {
+  for (const DeviceType& type : DeviceTypes()) {
+    for (const char letter : type.keeps) {
+      // Nobody can put in where a prepared device stands.
+      if (IsOwnVdmType(type.code) && letter == 'B') continue;
+      EXPECT_NE(FindLetterWords(type.code, letter), nullptr) << type.code << letter;
+    }
+  }
+}
+
+TEST(Pictures, HaveExamplesWithoutFault) {
+  for (const DeviceOutline& outline : DeviceOutlines()) {
+    const DeviceParams example = ExampleOf(outline.type);
+    EXPECT_TRUE(IsSimple(OutlineOf(example))) << outline.type;
+    const Sketch sketch = Drawn(example);
+    EXPECT_EQ(sketch.fault, QString()) << outline.type;
+    EXPECT_FALSE(sketch.isExample) << outline.type;
+  }
+}
+
+TEST(Pictures, FollowTheValues) {
+  EXPECT_EQ(BoundsOf(Drawn({.type = 1, .A = 80, .B = 90, .C = 20})), QRectF(-90, 20, 90, 60));
+  EXPECT_EQ(BoundsOf(Drawn({.type = 1, .A = 100, .B = 50, .C = 20})), QRectF(-50, 20, 50, 80));
+  EXPECT_EQ(BoundsOf(Drawn({.type = 9, .A = 38, .B = 62, .D = 24})), QRectF(0, 0, 62, 38));
+}
+
+TEST(Pictures, PutEveryMeasureOnTheOutline) {
+  for (const DeviceOutline& outline : DeviceOutlines()) {
+    const QRectF bounds = BoundsOf(Drawn(ExampleOf(outline.type))).adjusted(-1e-9, -200, 1e-9, 1e-9);
+    for (const Measure& measure : Drawn(ExampleOf(outline.type)).measures) {
+      EXPECT_TRUE(bounds.contains(measure.from)) << outline.type << measure.letter.toStdString();
+    }
+  }
+}
+
+TEST(Pictures, MeasureWhatTheLetterSays) {
+  for (const DeviceOutline& outline : DeviceOutlines()) {
+    const DeviceParams params = ExampleOf(outline.type);
+    for (const DeviceMeasure& row : DeviceMeasures()) {
+      if (row.type != outline.type || row.kind == Measure::Kind::kAngle || row.kind == Measure::Kind::kCorner) continue;
+      const bool isAlong = row.kind == Measure::Kind::kAlong;
+      const double from = Evaluate(isAlong ? row.fromX : row.fromY, params);
+      const double to = Evaluate(isAlong ? row.toX : row.toY, params);
+      EXPECT_DOUBLE_EQ(std::abs(to - from), ValueOf(params, row.letter)) << row.type << row.letter;
+    }
+  }
+}
+
+TEST(Pictures, TellWhichValuesCannotBe) {
+  const Sketch sketch = Drawn({.type = 2, .A = 30, .B = 80, .C = 90, .D = 16, .E = 42, .F = 4});
+  EXPECT_EQ(sketch.fault, QStringLiteral("C must be less than B."));
+  EXPECT_THAT(sketch.wrong, testing::ElementsAre(EditOfLetter('C'), EditOfLetter('B')));
+  EXPECT_TRUE(sketch.isExample);
+  EXPECT_EQ(Drawn({.type = 9, .A = -1, .B = 1, .D = 1}).fault, QStringLiteral("A must be above 0."));
+}
+
+TEST(Pictures, TellThatSomethingIsNoNumber) {
+  std::vector<Control> controls = PageWith(ExampleOf(1));
+  controls[1].number.reset();
+  const Sketch sketch = SketchOf(2056, PageValues(controls));
+  EXPECT_EQ(sketch.fault, QStringLiteral("B is no number."));
+  EXPECT_THAT(sketch.wrong, testing::ElementsAre(EditOfLetter('B')));
+}
+
+TEST(Pictures, OfMissingValuesAreExamples) {
+  const Sketch sketch = Drawn({.type = 9, .A = 10});
+  EXPECT_TRUE(sketch.isExample);
+  EXPECT_EQ(sketch.fault, QString());
+  EXPECT_THAT(sketch.notes.back().toStdString(), testing::HasSubstr("(B)"));
+}
+
+std::vector<Control> Billet(double outer, double length, double front, double rear, double inner, double bar) {
+  std::vector<Control> controls;
+  std::int32_t id = 2022;
+  for (const double value : {outer, length, front, rear, inner, bar}) {
+    controls.push_back({.id = id++, .kind = ControlKind::kEdit, .isReal = true, .number = value});
+  }
+  return controls;
+}
+
+TEST(Pictures, OfABilletFollowItAndLieMirroredOnTheSubSpindle) {
+  const auto controls = Billet(80, 100, 2, 5, 20, 0);
+  EXPECT_EQ(BoundsOf(SketchOf(2048, PageValues(controls))), QRectF(-100, 10, 100, 30));
+  EXPECT_EQ(BoundsOf(SketchOf(2049, PageValues(controls))).normalized(), QRectF(0, 10, 100, 30));
+}
+
+TEST(Pictures, OfABilletTellWhatTheDialogWouldTakeBack) {
+  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 81, 0))).fault, QStringLiteral("E must not exceed A."));
+  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 0, 106))).fault,
+            QStringLiteral("F must be 0 or at least B + C + D = 107."));
+  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 80, 107))).fault, QString());
+}
+
+TEST(Pictures, AreDrawnInAnySize) {
+  for (const Picture& picture : Pictures()) {
+    const Sketch sketch = SketchOf(picture.bitmap, PageValues({}));
+    for (const QSize size : {QSize(1, 1), QSize(40, 30), QSize(500, 400)}) {
+      QImage image(size, QImage::Format_RGB32);
+      image.fill(Qt::white);
+      const QImage blank = image;
+      QPainter painter(&image);
+      Paint(painter, QRectF(image.rect()), sketch, {QPalette(), QFont(), 0, {}});
+      EXPECT_TRUE(image != blank || size.width() < 500) << picture.bitmap;
+    }
+  }
+}
+
+TEST(Pictures, SurviveValuesOfEveryKind) {
+  for (const DeviceOutline& outline : DeviceOutlines()) {
+    for (const double value : {-1e300, -1.0, 0.0, 1e-300, 1.0, 90.0, 180.0, 1e300}) {
+      DeviceParams params = ExampleOf(outline.type);
+      for (const auto real : kDeviceReals) params.*real = value;
+      const Sketch sketch = Drawn(params);
+      QImage image(200, 200, QImage::Format_RGB32);
+      QPainter painter(&image);
+      Paint(painter, QRectF(image.rect()), sketch, {QPalette(), QFont(), EditOfLetter('A'), QStringLiteral("1")});
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vanzet::view::qt

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+#include "dialog/dialog_fixture.h"
+#include "view/qt/qt_view.h"
+#include "view_qt/person.h"
+
+namespace vanzet::test {
+
+/// A dialog of a machine that has everything, served on a display that nobody sees.
+class WindowTest : public testing::Test {
+ protected:
+  using Use = std::function<void(view::qt::DialogWindow&)>;
+
+  WindowTest() { world.SetMachine({.sub = true, .tail = true, .lun = true, .spurs = 2}); }
+
+  /// Shows the dialog and has it used; it is closed behind that if it is still open. The dialog's result.
+  std::int32_t Serve(const Use& use, QWidget* parent = nullptr);
+
+  /// Does the lines of a script with mouse and keyboard.
+  void Do(view::qt::DialogWindow& window, const std::string& script);
+
+  DialogWorld world;
+  FakeHost& host = world.host;
+  view::qt::QtView view;
+  Responder responder;
+};
+
+/// The nodes that lead to each page with controls.
+inline constexpr int kNodesOfPages[] = {3, 16, 19, 20, 21, 28, 29, 34, 36};
+
+}  // namespace vanzet::test

@@ -1,0 +1,199 @@
+#include <QCheckBox>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+#include "view/qt/page_panel.h"
+#include "view/qt/tree_panel.h"
+#include "view_qt/window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::Contains;
+using view::qt::DialogWindow;
+
+class Window : public WindowTest {
+ protected:
+  static QLineEdit& Edit(DialogWindow& window, int id) { return *qobject_cast<QLineEdit*>(window.WidgetOf(id)); }
+  static void Key(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window.focusWidget(), key, modifiers);
+  }
+};
+
+TEST_F(Window, IsClosedByItsFrameAndByTheEscapeKey) {
+  EXPECT_EQ(Serve([](DialogWindow& window) { window.close(); }), view::kClosedByFrame);
+  EXPECT_EQ(Serve([](DialogWindow& window) { QTest::keyClick(&window, Qt::Key_Escape); }), view::kClosedByFrame);
+}
+
+TEST_F(Window, TakesTheEnterKeyForOk) {
+  EXPECT_EQ(Serve([](DialogWindow& window) { Key(window, Qt::Key_Return); }), view::kClosedByOk) << "in the tree";
+  EXPECT_EQ(Serve([&](DialogWindow& window) {
+              Do(window, "select 19\n");
+              Edit(window, 2022).setFocus();
+              Key(window, Qt::Key_Return);
+            }),
+            view::kClosedByOk);
+}
+
+TEST_F(Window, PressesTheButtonThatHasTheFocus) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2022 50\nset 2023 60\n");
+    window.WidgetOf(2016)->setFocus();
+    Key(window, Qt::Key_Return);
+  });
+  EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 50.000000 60.000000")));
+}
+
+TEST_F(Window, WalksTheTreeByKeys) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 18\n");
+    Key(window, Qt::Key_Down);
+    EXPECT_EQ(window.TheDialog().State().selectedNode, 19);
+    EXPECT_NE(window.Page(), nullptr);
+    EXPECT_EQ(window.focusWidget(), &window.Tree());
+  });
+}
+
+TEST_F(Window, SelectsNothingAtItsStart) {
+  Serve([](DialogWindow& window) {
+    EXPECT_EQ(window.TheDialog().State().selectedNode, 0);
+    EXPECT_TRUE(window.Tree().selectedItems().isEmpty());
+    EXPECT_EQ(window.Page(), nullptr);
+  });
+}
+
+TEST_F(Window, OffersTheMenuOfANodeByKeysToo) {
+  for (const bool isByF10 : {false, true}) {
+    Serve([&](DialogWindow& window) {
+      Do(window, "select 18\n");
+      responder.entry = 51000;
+      if (isByF10) return Key(window, Qt::Key_F10, Qt::ShiftModifier);
+      // What a display makes of the menu key.
+      QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+      QApplication::sendEvent(&window.Tree(), &menu);
+    });
+    EXPECT_EQ(responder.entry, 0) << "chosen from the menu";
+  }
+}
+
+TEST_F(Window, ARightClickOnANodeWithoutAMenuSelectsNothing) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\ncontext 3\n");
+    EXPECT_EQ(window.TheDialog().State().selectedNode, 19);
+    EXPECT_TRUE(window.Tree().selectedItems().constFirst()->text(0).startsWith(QStringLiteral("Billet")));
+  });
+}
+
+TEST_F(Window, ShowsDefinedNodesInBold) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2022 50\nset 2023 60\n");
+    EXPECT_FALSE(window.Tree().currentItem()->font(0).bold());
+    Do(window, "press 2016\n");
+    EXPECT_TRUE(window.Tree().currentItem()->font(0).bold());
+  });
+}
+
+TEST_F(Window, HidesForAPickAndComesBackWhereItWas) {
+  bool wasHidden = false;
+  DialogWindow* shown = nullptr;
+  const auto pick = host.onMacro;
+  host.onMacro = [&](const std::string& name, const std::string& text) {
+    wasHidden = !shown->isVisible();
+    pick(name, text);
+  };
+  world.positions = {{0, 12, 20}};
+  Serve([&](DialogWindow& window) {
+    shown = &window;
+    const QPoint place = window.pos();
+    Do(window, "select 19\npress 2005\n");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.pos(), place);
+    EXPECT_EQ(Edit(window, 2022).text(), QStringLiteral("40"));
+  });
+  EXPECT_TRUE(wasHidden);
+}
+
+TEST_F(Window, LeavesTheHostsWindowUsable) {
+  QMainWindow main;
+  main.show();
+  Serve(
+      [&](DialogWindow& window) {
+        EXPECT_EQ(window.parentWidget(), &main);
+        EXPECT_TRUE(main.isEnabled());
+        EXPECT_FALSE(window.isModal());
+      },
+      &main);
+  EXPECT_TRUE(main.isVisible());
+}
+
+TEST_F(Window, IsClosedWhenItsParentGoes) {
+  auto* main = new QMainWindow;
+  EXPECT_EQ(Serve([&](DialogWindow&) { QTimer::singleShot(0, main, [main] { delete main; }); }, main),
+            view::kClosedByFrame);
+}
+
+TEST_F(Window, IsClosedWhenTheApplicationEnds) {
+  const auto end = [](DialogWindow& window) {
+    QCoreApplication::quit();
+    // What closes a dialog that is still open behind the use is not what is looked at.
+    EXPECT_TRUE(window.isVisible());
+  };
+  EXPECT_EQ(Serve(end), view::kClosedByFrame);
+}
+
+TEST_F(Window, TellsBesideTheEditThatSomethingIsNoNumberAndStopsNobody) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2024 1,5\n");
+    EXPECT_TRUE(Edit(window, 2024).accessibleDescription().isEmpty()) << "a comma is a point";
+    Do(window, "set 2024 1.5x\n");
+    EXPECT_EQ(Edit(window, 2024).accessibleDescription(), QStringLiteral("Not a number"));
+    EXPECT_TRUE(Edit(window, 2024).actions().constFirst()->isVisible());
+    EXPECT_EQ(Edit(window, 2024).text(), QStringLiteral("1.5x"));
+    Do(window, "set 2024 \"\"\n");
+    EXPECT_TRUE(Edit(window, 2024).accessibleDescription().isEmpty()) << "empty is 0";
+  });
+}
+
+TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
+    EXPECT_EQ(window.focusWidget(), window.WidgetOf(2027));
+    EXPECT_EQ(Edit(window, 2027).selectedText(), QStringLiteral("0"));
+  });
+}
+
+TEST_F(Window, ShowsBoxesInFrontOfItself) {
+  QWidget* owner = nullptr;
+  QString text;
+  responder.onBox = [&](QMessageBox& box) {
+    owner = box.parentWidget();
+    text = box.text();
+  };
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\npress 2016\n");
+    EXPECT_EQ(owner, &window);
+  });
+  EXPECT_EQ(text, QStringLiteral("Remove Billet!"));
+}
+
+TEST_F(Window, RemembersItsSize) {
+  Serve([](DialogWindow& window) { window.resize(1111, 777); });
+  Serve([](DialogWindow& window) { EXPECT_EQ(window.size(), QSize(1111, 777)); });
+}
+
+TEST_F(Window, ServesAgainAndAgain) {
+  for (int time = 0; time < 50; ++time) {
+    EXPECT_EQ(Serve([&](DialogWindow& window) { Do(window, "select 3\nselect 19\npress 1\n"); }), view::kClosedByOk);
+  }
+  EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+}
+
+}  // namespace
+}  // namespace vanzet::test
