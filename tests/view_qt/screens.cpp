@@ -6,7 +6,6 @@
 #include <QPixmap>
 #include <QStyle>
 #include <QStyleFactory>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <fstream>
 #include <iostream>
@@ -16,6 +15,7 @@
 #include "dialog/dlg_main.h"
 #include "view/qt/application.h"
 #include "view/qt/qt_view.h"
+#include "view_qt/memory_display.h"
 #include "view_qt/person.h"
 
 namespace {
@@ -158,9 +158,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: view_qt_screens FOLDER\n";
     return 2;
   }
-  const QTemporaryDir settings;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+  test::UseMemoryAsDisplay();
   const auto made = view::qt::EnsureApplication();
   if (!made) {
     std::cerr << made.fault().Told() << '\n';

@@ -69,8 +69,8 @@ Result<void> Try(const QString& platform) {
                  display->variable};
   }
   QPluginLoader plugin(QStringLiteral("platforms/q") + platform.section(QLatin1Char(':'), 0, 0));
-  if (!plugin.load()) return Fault{plugin.errorString().toStdString()};
-  return {};
+  if (plugin.load()) return {};
+  return Fault{"Qt's platform '" + platform.toStdString() + "' does not load: " + plugin.errorString().toStdString()};
 }
 
 }  // namespace
