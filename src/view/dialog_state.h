@@ -14,9 +14,9 @@ enum class ControlKind { kButton, kEdit, kCheck, kCombo, kSpin, kLabel, kPicture
 struct Control {
   std::int32_t id = 0;
   ControlKind kind = ControlKind::kLabel;
-  std::string text = {};     ///< a caption; what stands in an edit or in the field of a combo
-  std::string caption = {};  ///< edits: a letter or a word that stands beside it for good
-  bool isReal = false;       ///< edits: a real has to stand in it
+  std::string text = {};              ///< a caption; what stands in an edit or in the field of a combo
+  std::string caption = {};           ///< edits: a letter or a word that stands beside it for good
+  bool isReal = false;                ///< edits: a real has to stand in it
   std::optional<double> number = {};  ///< of such an edit; nothing while its text is no number
   bool isEnabled = true;
   bool isVisible = true;

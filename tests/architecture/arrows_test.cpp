@@ -109,9 +109,9 @@ TEST(Arrows, OfADialogAndItsViewsMeetInPlainHeaders) {
 
 TEST(Arrows, OfTheViewOnADisplayMeetTheModuleInPlainHeaders) {
   // Nothing of the module is linked into the view's library but the tables of devices.
-  const std::set<std::string> plain = {"view/dialog.h",      "view/dialog_state.h",     "view/dialog_view.h",
-                                       "view/view.h",        "view/view_entry.h",       "platform/file_dialog.h",
-                                       "platform/message_box.h", "base/result.h"};
+  const std::set<std::string> plain = {
+      "view/dialog.h",     "view/dialog_state.h",    "view/dialog_view.h",     "view/view.h",
+      "view/view_entry.h", "platform/file_dialog.h", "platform/message_box.h", "base/result.h"};
   for (const Include& include : IncludesBelow(VANZET_SOURCE_DIR "/src/view/qt")) {
     const bool isOwn = include.inBrackets || include.header.starts_with("view/qt/");
     if (isOwn || include.header.starts_with("macro/tables/")) continue;

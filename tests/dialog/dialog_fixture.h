@@ -28,8 +28,8 @@ struct Ran {
   std::vector<int> Bold() const;
 };
 
-/// Serves a dialog from a script, and writes the transcript. What serves is linked into the program: the view of
-/// scripts, or one on a display whose person does what the script says.
+/// Serves a dialog from a script, and writes the transcript. What serves is linked into the program: the view
+/// of scripts, or one on a display whose person does what the script says.
 void ServeDialog(const std::filesystem::path& script, const std::filesystem::path& transcript, void* parent);
 
 /// A host with a machine, a catalogue and a definition for each spur, for dialogs served by scripts.

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// The main program of every test: VANZET_TEST_LOCALE names the locale to run under. No test opens a window on
-/// the screen of whoever runs it.
+/// The main program of every test: VANZET_TEST_LOCALE names the locale to run under. No test opens a window
+/// on the screen of whoever runs it.
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(display);

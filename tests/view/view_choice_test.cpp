@@ -12,7 +12,8 @@ namespace {
 class ViewChoiceTest : public testing::Test {
  protected:
   ~ViewChoiceTest() override {
-    for (const char* name : {"VANZET_SCRIPT", "VANZET_TRANSCRIPT", "VANZET_VIEW_QT", "DISPLAY"}) unsetenv(name);
+    for (const char* name : {"VANZET_SCRIPT", "VANZET_TRANSCRIPT", "VANZET_VIEW_QT", "DISPLAY"})
+      unsetenv(name);
   }
   void ScriptInForce(const std::string& text) {
     test::WriteBytes(folder / "script.txt", text);
@@ -38,8 +39,9 @@ TEST_F(ViewChoiceTest, IsTheConsoleAfterOneLineWhereTheDisplayDoesNotAnswer) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
   EXPECT_EQ(choice.Choose()->ForDialog(), nullptr);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "vanzet: The dialog cannot be shown on a display: no answer from the display ':4711' of DISPLAY\n");
+  EXPECT_EQ(
+      testing::internal::GetCapturedStderr(),
+      "vanzet: The dialog cannot be shown on a display: no answer from the display ':4711' of DISPLAY\n");
 }
 
 TEST_F(ViewChoiceTest, IsTheConsoleAfterALineWhereTheViewsLibraryIsMissing) {

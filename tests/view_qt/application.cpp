@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include "view/qt/application.h"
 #include "view_qt/memory_display.h"

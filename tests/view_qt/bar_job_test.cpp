@@ -15,7 +15,8 @@ struct Job {
 
 using Server = void (*)(const std::filesystem::path&, const std::filesystem::path&, void*);
 
-void ServeByScript(const std::filesystem::path& script, const std::filesystem::path& transcript, void* parent) {
+void ServeByScript(const std::filesystem::path& script, const std::filesystem::path& transcript,
+                   void* parent) {
   view::ScriptView view(script.string(), std::make_shared<view::Transcript>(transcript.string()));
   const platform::PresenterScope boxes(view.Boxes());
   const platform::FilePresenterScope files(view.Files());

@@ -101,8 +101,8 @@ TEST_F(FileDialogTest, GivesNothingWhenItIsCancelled) {
 }
 
 TEST_F(FileDialogTest, PutsTheExtensionBehindANameWithoutOne) {
-  FileQuestion question{.kind = FileQuestion::Kind::kSave, .defaultExtension = "vdm",
-                        .startFolder = folder.path().string()};
+  FileQuestion question{
+      .kind = FileQuestion::Kind::kSave, .defaultExtension = "vdm", .startFolder = folder.path().string()};
   EXPECT_EQ(Choose(question, "new"), (folder / "new.vdm").string());
 }
 

@@ -67,7 +67,8 @@ TEST_F(Layouts, NameEveryControlThatIsUsed) {
   OnEachPage([](const view::DialogState& state, DialogWindow& window) {
     for (const Control& control : state.controls) {
       if (control.kind == ControlKind::kLabel) continue;
-      EXPECT_FALSE(window.WidgetOf(control.id)->accessibleName().isEmpty()) << state.page << " " << control.id;
+      EXPECT_FALSE(window.WidgetOf(control.id)->accessibleName().isEmpty())
+          << state.page << " " << control.id;
     }
   });
 }

@@ -8,7 +8,8 @@ namespace vanzet::test {
 namespace {
 
 void Tell(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
-  if (!text.startsWith(QStringLiteral("This plugin does not support"))) std::cerr << text.toStdString() << '\n';
+  if (!text.startsWith(QStringLiteral("This plugin does not support")))
+    std::cerr << text.toStdString() << '\n';
 }
 
 }  // namespace

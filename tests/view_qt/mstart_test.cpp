@@ -19,7 +19,7 @@ class ModuleInAHostOfQt : public WindowTest {
   ModuleInAHostOfQt() {
     qputenv("VANZET_VIEW_QT", VANZET_VIEW_QT_FILE);
     variables[1] = static_cast<QWidget*>(&main);
-    host.structures = {{"DLLVARSXX", variables}};
+    host.structure = variables;
     module = dlopen(VANZET_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
     EXPECT_NE(module, nullptr) << dlerror();
   }

@@ -20,7 +20,8 @@ void Type(QWidget& widget, const QString& text) {
   QTest::mouseClick(&widget, Qt::LeftButton);
   QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&widget, Qt::Key_Delete);
-  for (const QChar c : text) QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+  for (const QChar c : text)
+    QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
 void ChooseEntry(QComboBox& combo, int index) {
@@ -78,7 +79,8 @@ Result<void> Person::Set(const ScriptLine& line) {
   if (!widget) return widget.fault();
   const QString value = QString::fromStdString(line[2].text);
   if (auto* const check = qobject_cast<QCheckBox*>(*widget)) {
-    if (check->isChecked() != (value == QStringLiteral("1"))) QTest::mouseClick(check, Qt::LeftButton, {}, {5, check->height() / 2});
+    if (check->isChecked() != (value == QStringLiteral("1")))
+      QTest::mouseClick(check, Qt::LeftButton, {}, {5, check->height() / 2});
     return {};
   }
   auto* const combo = qobject_cast<QComboBox*>(*widget);

@@ -23,8 +23,11 @@ std::vector<Control> PageWith(const DeviceParams& params) {
   std::vector<Control> controls;
   for (char letter = 'A'; letter <= 'J'; ++letter) {
     const double value = ValueOf(params, letter);
-    controls.push_back({.id = EditOfLetter(letter), .kind = ControlKind::kEdit, .text = std::to_string(value),
-                        .isReal = true, .number = value});
+    controls.push_back({.id = EditOfLetter(letter),
+                        .kind = ControlKind::kEdit,
+                        .text = std::to_string(value),
+                        .isReal = true,
+                        .number = value});
   }
   return controls;
 }
@@ -108,7 +111,8 @@ TEST(Pictures, MeasureWhatTheLetterSays) {
   for (const DeviceOutline& outline : DeviceOutlines()) {
     const DeviceParams params = ExampleOf(outline.type);
     for (const DeviceMeasure& row : DeviceMeasures()) {
-      if (row.type != outline.type || row.kind == Measure::Kind::kAngle || row.kind == Measure::Kind::kCorner) continue;
+      if (row.type != outline.type || row.kind == Measure::Kind::kAngle || row.kind == Measure::Kind::kCorner)
+        continue;
       const bool isAlong = row.kind == Measure::Kind::kAlong;
       const double from = Evaluate(isAlong ? row.fromX : row.fromY, params);
       const double to = Evaluate(isAlong ? row.toX : row.toY, params);
@@ -140,7 +144,8 @@ TEST(Pictures, OfMissingValuesAreExamples) {
   EXPECT_THAT(sketch.notes.back().toStdString(), testing::HasSubstr("(B)"));
 }
 
-std::vector<Control> Billet(double outer, double length, double front, double rear, double inner, double bar) {
+std::vector<Control> Billet(double outer, double length, double front, double rear, double inner,
+                            double bar) {
   std::vector<Control> controls;
   std::int32_t id = 2022;
   for (const double value : {outer, length, front, rear, inner, bar}) {
@@ -156,7 +161,8 @@ TEST(Pictures, OfABilletFollowItAndLieMirroredOnTheSubSpindle) {
 }
 
 TEST(Pictures, OfABilletTellWhatTheDialogWouldTakeBack) {
-  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 81, 0))).fault, QStringLiteral("E must not exceed A."));
+  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 81, 0))).fault,
+            QStringLiteral("E must not exceed A."));
   EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 0, 106))).fault,
             QStringLiteral("F must be 0 or at least B + C + D = 107."));
   EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 80, 107))).fault, QString());
@@ -184,7 +190,8 @@ TEST(Pictures, SurviveValuesOfEveryKind) {
       const Sketch sketch = Drawn(params);
       QImage image(200, 200, QImage::Format_RGB32);
       QPainter painter(&image);
-      Paint(painter, QRectF(image.rect()), sketch, {QPalette(), QFont(), EditOfLetter('A'), QStringLiteral("1")});
+      Paint(painter, QRectF(image.rect()), sketch,
+            {QPalette(), QFont(), EditOfLetter('A'), QStringLiteral("1")});
     }
   }
 }

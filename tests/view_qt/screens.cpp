@@ -72,7 +72,8 @@ QPalette PaletteOf(bool isDark) {
   palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2c));
   palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xd6));
   palette.setColor(QPalette::HighlightedText, Qt::white);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
     palette.setColor(role, QColor(0xe6, 0xe6, 0xe6));
     palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x86));
   }

@@ -66,7 +66,8 @@ class PersonView final : public view::View,
     transcript_.Focus(control, selectsAll);
     qt_.Focus(control, selectsAll);
   }
-  std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<view::PopupEntry>& entries) override {
+  std::optional<std::int32_t> Popup(std::int32_t node,
+                                    const std::vector<view::PopupEntry>& entries) override {
     const auto chosen = qt_.Popup(node, entries);
     transcript_.Popup(node, entries, chosen);
     return chosen;
@@ -82,7 +83,8 @@ class PersonView final : public view::View,
   /// What is answered later; false for a line that says something else.
   bool TakeQueued() {
     const std::string& word = line_.front().text;
-    if (word == "answer") responder_.answers.push_back(line_[1].text == "yes" ? 6 : line_[1].text == "no" ? 7 : 2);
+    if (word == "answer")
+      responder_.answers.push_back(line_[1].text == "yes" ? 6 : line_[1].text == "no" ? 7 : 2);
     if (word == "file") {
       const bool isCancelled = line_[1].text == "cancel" && !line_[1].isQuoted;
       files_.push_back(isCancelled ? std::nullopt : std::optional(line_[1].text));

@@ -21,7 +21,9 @@ using view::qt::DialogWindow;
 
 class Window : public WindowTest {
  protected:
-  static QLineEdit& Edit(DialogWindow& window, int id) { return *qobject_cast<QLineEdit*>(window.WidgetOf(id)); }
+  static QLineEdit& Edit(DialogWindow& window, int id) {
+    return *qobject_cast<QLineEdit*>(window.WidgetOf(id));
+  }
   static void Key(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(window.focusWidget(), key, modifiers);
   }
@@ -29,11 +31,13 @@ class Window : public WindowTest {
 
 TEST_F(Window, IsClosedByItsFrameAndByTheEscapeKey) {
   EXPECT_EQ(Serve([](DialogWindow& window) { window.close(); }), view::kClosedByFrame);
-  EXPECT_EQ(Serve([](DialogWindow& window) { QTest::keyClick(&window, Qt::Key_Escape); }), view::kClosedByFrame);
+  EXPECT_EQ(Serve([](DialogWindow& window) { QTest::keyClick(&window, Qt::Key_Escape); }),
+            view::kClosedByFrame);
 }
 
 TEST_F(Window, TakesTheEnterKeyForOk) {
-  EXPECT_EQ(Serve([](DialogWindow& window) { Key(window, Qt::Key_Return); }), view::kClosedByOk) << "in the tree";
+  EXPECT_EQ(Serve([](DialogWindow& window) { Key(window, Qt::Key_Return); }), view::kClosedByOk)
+      << "in the tree";
   EXPECT_EQ(Serve([&](DialogWindow& window) {
               Do(window, "select 19\n");
               Edit(window, 2022).setFocus();
@@ -190,7 +194,8 @@ TEST_F(Window, RemembersItsSize) {
 
 TEST_F(Window, ServesAgainAndAgain) {
   for (int time = 0; time < 50; ++time) {
-    EXPECT_EQ(Serve([&](DialogWindow& window) { Do(window, "select 3\nselect 19\npress 1\n"); }), view::kClosedByOk);
+    EXPECT_EQ(Serve([&](DialogWindow& window) { Do(window, "select 3\nselect 19\npress 1\n"); }),
+              view::kClosedByOk);
   }
   EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
 }

@@ -27,7 +27,8 @@ constexpr std::int32_t kOk = 1;
 constexpr std::int32_t kLeftButtons[] = {2144, 2153};
 constexpr std::int32_t kRightButtons[] = {kOk, 2012};
 
-constexpr Words kSpurName = {"Spindle spur whose equipment is shown", "Spindelspur, deren Ausrüstung gezeigt wird"};
+constexpr Words kSpurName = {"Spindle spur whose equipment is shown",
+                             "Spindelspur, deren Ausrüstung gezeigt wird"};
 
 constexpr int kMargin = 12;
 constexpr int kTreeWidth = 300;

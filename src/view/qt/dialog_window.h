@@ -19,7 +19,8 @@ class EmptyPanel;
 class PagePanel;
 class TreePanel;
 
-/// The window of the dialog: the tree, the page in front, and the dialog's own buttons. It remembers its size.
+/// The window of the dialog: the tree, the page in front, and the dialog's own buttons. It remembers its
+/// size.
 class DialogWindow final : public QDialog {
  public:
   /// `dialog` has to outlive the window.

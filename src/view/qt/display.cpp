@@ -7,8 +7,8 @@
 namespace vanzet::view::qt {
 namespace {
 
-// The client libraries of the displays are looked up by name: Qt's plug-ins bring them along, and nothing here
-// has to be built with them.
+// The client libraries of the displays are looked up by name: Qt's plug-ins bring them along, and nothing
+// here has to be built with them.
 
 bool XAnswers() {
   QLibrary xcb(QStringLiteral("xcb"), 1);
@@ -70,7 +70,8 @@ Result<void> Try(const QString& platform) {
   }
   QPluginLoader plugin(QStringLiteral("platforms/q") + platform.section(QLatin1Char(':'), 0, 0));
   if (plugin.load()) return {};
-  return Fault{"Qt's platform '" + platform.toStdString() + "' does not load: " + plugin.errorString().toStdString()};
+  return Fault{"Qt's platform '" + platform.toStdString() +
+               "' does not load: " + plugin.errorString().toStdString()};
 }
 
 }  // namespace

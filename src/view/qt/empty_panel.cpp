@@ -52,8 +52,9 @@ void EmptyPanel::Show(const DialogState& state) {
 }
 
 void EmptyPanel::AddWay(const TreeNode& node) {
-  auto* const way = new QPushButton(IconOfNode(node.bitmap, node.selectedBitmap),
-                                    QString::fromStdString(node.text).replace(QLatin1Char('&'), QStringLiteral("&&")), this);
+  auto* const way = new QPushButton(
+      IconOfNode(node.bitmap, node.selectedBitmap),
+      QString::fromStdString(node.text).replace(QLatin1Char('&'), QStringLiteral("&&")), this);
   way->setIconSize({24, 24});
   way->setAutoDefault(false);
   way->setStyleSheet(QStringLiteral("text-align: left; padding: 8px 12px;"));
@@ -62,7 +63,8 @@ void EmptyPanel::AddWay(const TreeNode& node) {
   way->setFont(font);
   way->setMaximumWidth(420);
   const std::int32_t id = node.id;
-  connect(way, &QPushButton::clicked, this, [this, id] { send_([id](Dialog& dialog) { dialog.SelectNode(id); }); });
+  connect(way, &QPushButton::clicked, this,
+          [this, id] { send_([id](Dialog& dialog) { dialog.SelectNode(id); }); });
   ways_->addWidget(way);
 }
 

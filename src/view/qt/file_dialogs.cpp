@@ -21,13 +21,14 @@ bool IsPattern(const std::string& name) {
 
 /// "VDM Files (*.vdm)|*.vdm||" is one filter, of a name and a pattern.
 QStringList NameFilters(const FileQuestion& question) {
-  const QStringList parts = QString::fromStdString(question.filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  const QStringList parts =
+      QString::fromStdString(question.filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
   QStringList filters;
   if (IsPattern(question.suggested)) filters.append(QString::fromStdString(question.suggested));
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     const QString name = parts[i].section(QStringLiteral(" ("), 0, 0);
-    filters.append(name + QStringLiteral(" (") + parts[i + 1].simplified().replace(QLatin1Char(';'), QLatin1Char(' ')) +
-                   QLatin1Char(')'));
+    filters.append(name + QStringLiteral(" (") +
+                   parts[i + 1].simplified().replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')'));
   }
   filters.append(Said(kAllFiles));
   return filters;

@@ -73,7 +73,8 @@ class SvgIcon final : public QIconEngine {
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     const QColor lines =
         QApplication::palette().color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
-    QSvgRenderer drawing(Coloured(isSelected ? selected_ : plain_, lines, mode != QIcon::Normal && mode != QIcon::Active));
+    QSvgRenderer drawing(
+        Coloured(isSelected ? selected_ : plain_, lines, mode != QIcon::Normal && mode != QIcon::Active));
     painter->save();
     if (isMirrored_) {
       painter->translate(2 * rect.x() + rect.width(), 0);

@@ -140,7 +140,8 @@ std::vector<std::int32_t> ControlsOf(const PageLayout& layout) {
   std::vector<std::int32_t> ids = {layout.header, layout.picture};
   for (const FieldGroup& group : layout.groups) {
     ids.push_back(group.titleLabel);
-    for (const FieldRow& row : group.rows) ids.insert(ids.end(), {row.label, row.control, row.inner, row.button});
+    for (const FieldRow& row : group.rows)
+      ids.insert(ids.end(), {row.label, row.control, row.inner, row.button});
     ids.push_back(group.action);
   }
   ids.insert(ids.end(), layout.actions.begin(), layout.actions.end());

@@ -33,8 +33,8 @@ struct FieldGroup {
 };
 
 struct PageLayout {
-  std::string_view page;        ///< the class of the page
-  std::int32_t header = 0;      ///< a label that is the page's title; 0: its place in the tree is
+  std::string_view page;    ///< the class of the page
+  std::int32_t header = 0;  ///< a label that is the page's title; 0: its place in the tree is
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
   std::span<const std::int32_t> actions = {};  ///< buttons at the foot

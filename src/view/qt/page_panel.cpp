@@ -85,7 +85,8 @@ PagePanel::PagePanel(const PageLayout& layout, const std::vector<Control>& contr
 }
 
 void PagePanel::BuildTitle() {
-  auto* const title = layout_.header != 0 ? static_cast<QLabel*>(Take(layout_.header, this)) : new QLabel(this);
+  auto* const title =
+      layout_.header != 0 ? static_cast<QLabel*>(Take(layout_.header, this)) : new QLabel(this);
   if (layout_.header == 0) title_ = title;
   SetFont(*title, Type::kTitle);
   layout()->addWidget(title);
@@ -243,7 +244,8 @@ void PagePanel::ShowWords(const PageValues& values) {
     const LetterWords* const letter = row.letter == 0 ? nullptr : FindLetterWords(type, row.letter);
     const Words& name = row.letter == 0 ? row.name : letter != nullptr ? letter->name : kNotUsed;
     const Unit unit = letter != nullptr ? letter->unit : row.unit;
-    if (words.name != nullptr) words.name->setText(row.letter != 0 && letter == nullptr ? QString() : Said(name));
+    if (words.name != nullptr)
+      words.name->setText(row.letter != 0 && letter == nullptr ? QString() : Said(name));
     if (words.unit != nullptr) words.unit->setText(UnitText(unit));
     Speak(words, Said(name), unit, values);
   }
@@ -261,14 +263,16 @@ void PagePanel::Speak(const RowWords& words, const QString& name, Unit unit, con
   Find(row.control)->SetSpokenName(spoken);
   if (row.inner != 0) WidgetOf(row.control)->findChild<QLineEdit*>()->setAccessibleName(spoken);
   const Control* const button = values.Find(row.button);
-  if (button != nullptr) Find(row.button)->SetSpokenName(Said(button->text == "..." ? kBrowse : kPick, about));
+  if (button != nullptr)
+    Find(row.button)->SetSpokenName(Said(button->text == "..." ? kBrowse : kPick, about));
 }
 
 void PagePanel::MarkMnemonics(Mnemonics& mnemonics) {
   // The letters of values come first: what a drawing calls A is reached by A.
   for (const RowWords& words : words_) {
     QLabel* const own = words.letter != nullptr ? words.letter : words.row->label == 0 ? words.name : nullptr;
-    if (own != nullptr && own == words.letter) own->setText(mnemonics.Mark(own->text().remove(QLatin1Char('&'))));
+    if (own != nullptr && own == words.letter)
+      own->setText(mnemonics.Mark(own->text().remove(QLatin1Char('&'))));
     if (words.row->letter != 0) Find(words.row->label)->MarkMnemonic(mnemonics);
   }
   for (const RowWords& words : words_) {
@@ -276,7 +280,9 @@ void PagePanel::MarkMnemonics(Mnemonics& mnemonics) {
     if (isNamedHere) words.name->setText(mnemonics.Mark(words.name->text()));
   }
   for (const auto& widget : widgets_) {
-    const auto isOfTheWidget = [&](const RowWords& words) { return words.row->letter != 0 && words.row->label == widget->Id(); };
+    const auto isOfTheWidget = [&](const RowWords& words) {
+      return words.row->letter != 0 && words.row->label == widget->Id();
+    };
     if (std::ranges::none_of(words_, isOfTheWidget)) widget->MarkMnemonic(mnemonics);
   }
 }

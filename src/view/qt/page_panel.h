@@ -20,7 +20,8 @@ class PictureWidget;
 /// table does not know stand below all others.
 class PagePanel final : public QWidget {
  public:
-  PagePanel(const PageLayout& layout, const std::vector<Control>& controls, const Send& send, QWidget* parent);
+  PagePanel(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
+            QWidget* parent);
 
   /// Takes over the state of the controls. `place` is where the page stands in the tree; the measure of the
   /// edit `focused` stands out in the picture.

@@ -113,7 +113,8 @@ void TreePanel::keyPressEvent(QKeyEvent* event) {
 }
 
 void TreePanel::contextMenuEvent(QContextMenuEvent* event) {
-  if (event->reason() == QContextMenuEvent::Mouse) return AskForMenu(itemAt(event->pos()), event->globalPos());
+  if (event->reason() == QContextMenuEvent::Mouse)
+    return AskForMenu(itemAt(event->pos()), event->globalPos());
   AskForMenu(currentItem(), std::nullopt);
 }
 

@@ -19,9 +19,11 @@ constexpr std::int32_t kBar = 2027;
 
 constexpr std::int32_t kSubBitmap = 2049;
 
-constexpr Words kExample = {"Example: a diameter and a part length are missing", "Beispiel: Durchmesser und Teilelänge fehlen"};
+constexpr Words kExample = {"Example: a diameter and a part length are missing",
+                            "Beispiel: Durchmesser und Teilelänge fehlen"};
 constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
-constexpr Words kBarTooShort = {"F must be 0 or at least B + C + D = %1.", "F muss 0 oder mindestens B + C + D = %1 sein."};
+constexpr Words kBarTooShort = {"F must be 0 or at least B + C + D = %1.",
+                                "F muss 0 oder mindestens B + C + D = %1 sein."};
 constexpr Words kBoreTooWide = {"E must not exceed A.", "E darf A nicht übersteigen."};
 
 struct Billet {
@@ -35,7 +37,8 @@ Billet Read(const PageValues& values) {
 
 void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
   char letter = 'A';
-  for (const std::int32_t id : {edit::kOuter, edit::kLength, edit::kFront, edit::kRear, edit::kInner, edit::kBar}) {
+  for (const std::int32_t id :
+       {edit::kOuter, edit::kLength, edit::kFront, edit::kRear, edit::kInner, edit::kBar}) {
     if (values.IsNoNumber(id)) {
       sketch.fault = Said(kNoNumber, QString(QLatin1Char(letter)));
       sketch.wrong = {id};
@@ -102,14 +105,23 @@ class Drawn {
   void Along(char letter, std::int32_t control, double from, double to, Where where, int lane) {
     if (from == to) return;
     const double y = where == Where::kAbove ? billet_.outer / 2 : -billet_.outer / 2;
-    sketch_.measures.push_back({.kind = Measure::Kind::kAlong, .where = where, .lane = lane, .letter = QString(QLatin1Char(letter)),
-                                .control = control, .from = {side_ * from, y}, .to = {side_ * to, y}});
+    sketch_.measures.push_back({.kind = Measure::Kind::kAlong,
+                                .where = where,
+                                .lane = lane,
+                                .letter = QString(QLatin1Char(letter)),
+                                .control = control,
+                                .from = {side_ * from, y},
+                                .to = {side_ * to, y}});
   }
 
   void Across(char letter, std::int32_t control, double diameter, double x) {
     if (diameter <= 0) return;
-    sketch_.measures.push_back({.kind = Measure::Kind::kAcross, .letter = QString(QLatin1Char(letter)), .control = control,
-                                .from = {side_ * x, -diameter / 2}, .to = {side_ * x, diameter / 2}, .at = 0.75});
+    sketch_.measures.push_back({.kind = Measure::Kind::kAcross,
+                                .letter = QString(QLatin1Char(letter)),
+                                .control = control,
+                                .from = {side_ * x, -diameter / 2},
+                                .to = {side_ * x, diameter / 2},
+                                .at = 0.75});
   }
 
   void AddMeasures() {

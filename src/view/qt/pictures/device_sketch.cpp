@@ -17,7 +17,8 @@ constexpr Words kExample = {"Example: values are missing (%1)", "Beispiel: Werte
 constexpr Words kMustBeLess = {"%1 must be less than %2.", "%1 muss kleiner als %2 sein."};
 constexpr Words kMustBeAbove0 = {"%1 must be above 0.", "%1 muss größer als 0 sein."};
 constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
-constexpr Words kNoOutline = {"These values make no closed outline.", "Diese Werte ergeben keinen geschlossenen Umriss."};
+constexpr Words kNoOutline = {"These values make no closed outline.",
+                              "Diese Werte ergeben keinen geschlossenen Umriss."};
 constexpr Words kUnseen = {"%1, not seen from this side", "%1, von dieser Seite nicht zu sehen"};
 constexpr Words kFromVdm = {"The shape comes from the VDM file.", "Die Form kommt aus der VDM-Datei."};
 
@@ -31,7 +32,8 @@ const DeviceType* TypeOf(std::int32_t bitmap) {
 DeviceParams ParamsOf(const DeviceType& type, const PageValues& values) {
   DeviceParams params;
   params.type = type.code;
-  for (const char letter : type.outline) params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) = values.NumberOf(EditOfLetter(letter));
+  for (const char letter : type.outline)
+    params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) = values.NumberOf(EditOfLetter(letter));
   return params;
 }
 
@@ -144,7 +146,9 @@ void AddMeasures(Sketch& sketch, const DeviceParams& params) {
 /// What a side view cannot show.
 void NoteThickness(Sketch& sketch, const DeviceType& type) {
   const LetterWords* const words = FindLetterWords(type.code, type.thickness);
-  if (words != nullptr) sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") + Said(kUnseen, Said(words->name)));
+  if (words != nullptr)
+    sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") +
+                           Said(kUnseen, Said(words->name)));
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ constexpr std::int32_t kUseBezel = 2019;
 constexpr Words kUsed = {"The steady rest supports the part.", "Die Lünette stützt das Teil."};
 constexpr Words kNotUsed = {"The steady rest is not used.", "Die Lünette wird nicht verwendet."};
 constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
-constexpr Words kScheme = {"W: origin of the part on each spindle", "W: Nullpunkt des Teils auf jeder Spindel"};
+constexpr Words kScheme = {"W: origin of the part on each spindle",
+                           "W: Nullpunkt des Teils auf jeder Spindel"};
 
 QPainterPath Circle(double x, double y, double radius) {
   QPainterPath path;
@@ -71,7 +72,8 @@ void AddSpindle(Sketch& sketch, double side) {
   };
   block(Ink::kBody, kChuckFace + 16, kChuckFace + 62, -52, 52);
   block(Ink::kPart, kPartFace, kChuckFace + 16, -20, 20);
-  for (const double half : {1.0, -1.0}) block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
+  for (const double half : {1.0, -1.0})
+    block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
   // The mark of an origin: a ring with a cross.
   Add(sketch, Ink::kGhost, Circle(side * kOrigin, 0, 6));
   Add(sketch, Ink::kGhost, Stroke({side * kOrigin, -10}, {side * kOrigin, 10}));
@@ -103,8 +105,12 @@ Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Add(sketch, Ink::kAxis, Stroke({-176, 0}, {176, 0}));
   for (const DatumEdit& row : kDatumEdits) {
     const double y = row.where == Where::kAbove ? 20 : -20;
-    sketch.measures.push_back({.kind = Measure::Kind::kAlong, .where = row.where, .letter = Labelled(row, values),
-                               .control = row.edit, .from = {row.from, y}, .to = {row.to, y}});
+    sketch.measures.push_back({.kind = Measure::Kind::kAlong,
+                               .where = row.where,
+                               .letter = Labelled(row, values),
+                               .control = row.edit,
+                               .from = {row.from, y},
+                               .to = {row.to, y}});
     if (sketch.fault.isEmpty() && values.IsNoNumber(row.edit)) {
       sketch.fault = Said(kNoNumber, values.TextOf(row.edit));
       sketch.wrong = {row.edit};

@@ -33,7 +33,9 @@ class MeasurePainter {
 
  private:
   QPointF OnScreen(QPointF point) const { return place_.transform.map(point); }
-  bool IsFocused(const Measure& measure) const { return measure.control == drawing_.focused && measure.control != 0; }
+  bool IsFocused(const Measure& measure) const {
+    return measure.control == drawing_.focused && measure.control != 0;
+  }
   bool IsWrong(const Measure& measure) const {
     return std::ranges::find(sketch_.wrong, measure.control) != sketch_.wrong.end();
   }
@@ -59,7 +61,8 @@ class MeasurePainter {
     const QRectF plate = PlateOf(text, centre);
     const QPalette& palette = drawing_.palette;
     painter_.setPen(QPen(line_, 1));
-    painter_.setBrush(isFocused_ && !IsWrong(measure) ? palette.color(QPalette::Highlight) : palette.color(QPalette::Base));
+    painter_.setBrush(isFocused_ && !IsWrong(measure) ? palette.color(QPalette::Highlight)
+                                                      : palette.color(QPalette::Base));
     painter_.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
     painter_.setPen(isFocused_ && !IsWrong(measure) ? palette.color(QPalette::HighlightedText) : line_);
     painter_.drawText(plate, Qt::AlignCenter, text);
@@ -135,7 +138,8 @@ class MeasurePainter {
     const double radius = place_.lane * 1.7;
     painter_.setBrush(Qt::NoBrush);
     const QRectF circle(apex - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius));
-    painter_.drawArc(circle, static_cast<int>(std::lround(first * 16)), static_cast<int>(std::lround((second - first) * 16)));
+    painter_.drawArc(circle, static_cast<int>(std::lround(first * 16)),
+                     static_cast<int>(std::lround((second - first) * 16)));
     for (const double degrees : {first, second}) Extension(apex, OnArc(apex, degrees, radius + 6));
     Label(measure, OnArc(apex, (first + second) / 2, radius));
   }

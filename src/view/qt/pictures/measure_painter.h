@@ -14,8 +14,8 @@ struct Place {
   double lane;           ///< the width of a lane of measures
 };
 
-/// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the focus
-/// stands out with its value, those at fault are in the colour of faults.
+/// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the
+/// focus stands out with its value, those at fault are in the colour of faults.
 void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, const Drawing& drawing);
 
 }  // namespace vanzet::view::qt

@@ -15,7 +15,8 @@ constexpr std::int32_t kClampDiameter = 2035;
 constexpr std::int32_t kSolid = 2046;
 
 constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
-constexpr Words kOnAxis = {"Figures are spun about the spindle's axis.", "Figuren werden um die Spindelachse gedreht."};
+constexpr Words kOnAxis = {"Figures are spun about the spindle's axis.",
+                           "Figuren werden um die Spindelachse gedreht."};
 
 QPainterPath PathOf(std::initializer_list<QPointF> points, double sign) {
   QPolygonF polygon;
@@ -38,8 +39,12 @@ QString Named(const QString& mark, const QString& name) {
 
 void AddLength(Sketch& sketch, const PageValues& values, double length, double y) {
   if (values.Find(kPartLength) == nullptr) return;
-  sketch.measures.push_back({.kind = Measure::Kind::kAlong, .where = Where::kBelow, .letter = QStringLiteral("L"),
-                             .control = kPartLength, .from = {-length, y}, .to = {0, y}});
+  sketch.measures.push_back({.kind = Measure::Kind::kAlong,
+                             .where = Where::kBelow,
+                             .letter = QStringLiteral("L"),
+                             .control = kPartLength,
+                             .from = {-length, y},
+                             .to = {0, y}});
   FindNoNumber(sketch, values, kPartLength);
 }
 
@@ -47,16 +52,20 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
 
 Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto outside = {QPointF(-100, 14), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30), QPointF(-30, 30),
-                        QPointF(-22, 22),  QPointF(0, 22),    QPointF(0, 14)};
+  const auto outside = {QPointF(-100, 14), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30),
+                        QPointF(-30, 30),  QPointF(-22, 22),  QPointF(0, 22),   QPointF(0, 14)};
   Add(sketch, Ink::kBody, PathOf(outside, -1));
   Add(sketch, Ink::kMaterial, PathOf(outside, 1));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
-  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kAbove,
-                             .letter = Named(QStringLiteral("F1"), values.TextOf(kFigureOutside)), .control = kFigureOutside,
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner,
+                             .where = Where::kAbove,
+                             .letter = Named(QStringLiteral("F1"), values.TextOf(kFigureOutside)),
+                             .control = kFigureOutside,
                              .from = {-41, 30}});
-  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kInside,
-                             .letter = Named(QStringLiteral("F2"), values.TextOf(kFigureInside)), .control = kFigureInside,
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner,
+                             .where = Where::kInside,
+                             .letter = Named(QStringLiteral("F2"), values.TextOf(kFigureInside)),
+                             .control = kFigureInside,
                              .from = {-50, 14}});
   AddLength(sketch, values, 100, -38);
   sketch.notes.push_back(Said(kOnAxis));
@@ -65,18 +74,25 @@ Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
 
 Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto body = {QPointF(-100, -30), QPointF(-100, 30), QPointF(-58, 30), QPointF(-58, 22),
+  const auto body = {QPointF(-100, -30), QPointF(-100, 30), QPointF(-58, 30),  QPointF(-58, 22),
                      QPointF(0, 22),     QPointF(0, -22),   QPointF(-58, -22), QPointF(-58, -30)};
   Add(sketch, Ink::kBody, PathOf(body, 1));
   Add(sketch, Ink::kPart, Rectangle(-44, -9, -16, 9));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
-  sketch.measures.push_back({.kind = Measure::Kind::kCorner, .where = Where::kAbove, .letter = values.TextOf(kSolid),
-                             .control = kSolid, .from = {-30, 22}});
+  sketch.measures.push_back({.kind = Measure::Kind::kCorner,
+                             .where = Where::kAbove,
+                             .letter = values.TextOf(kSolid),
+                             .control = kSolid,
+                             .from = {-30, 22}});
   if (sketch.measures.back().letter.isEmpty()) sketch.measures.clear();
   AddLength(sketch, values, 100, -30);
   if (values.Find(kClampDiameter) != nullptr) {
-    sketch.measures.push_back({.kind = Measure::Kind::kAcross, .where = Where::kLeft, .letter = QStringLiteral("\u2300"),
-                               .control = kClampDiameter, .from = {-100, -30}, .to = {-100, 30}});
+    sketch.measures.push_back({.kind = Measure::Kind::kAcross,
+                               .where = Where::kLeft,
+                               .letter = QStringLiteral("\u2300"),
+                               .control = kClampDiameter,
+                               .from = {-100, -30},
+                               .to = {-100, 30}});
     FindNoNumber(sketch, values, kClampDiameter);
   }
   return sketch;

@@ -25,7 +25,8 @@ struct Shape {
   Ink ink;
 };
 
-/// Where the line of a measure runs. Those that lie outside of all shapes are put in lanes, the first nearest.
+/// Where the line of a measure runs. Those that lie outside of all shapes are put in lanes, the first
+/// nearest.
 enum class Where { kInside, kAbove, kBelow, kLeft, kRight };
 
 /// A distance, an angle or a corner that bears the letter of a value.
@@ -50,10 +51,10 @@ struct Measure {
 struct Sketch {
   std::vector<Shape> shapes = {};
   std::vector<Measure> measures = {};
-  std::vector<QString> notes = {};          ///< lines below the drawing
-  QString fault = {};                       ///< what is wrong with the values; empty: nothing
-  std::vector<std::int32_t> wrong = {};     ///< the edits of the values that are at fault
-  bool isExample = false;                   ///< shows what the letters mean, not the values of the page
+  std::vector<QString> notes = {};       ///< lines below the drawing
+  QString fault = {};                    ///< what is wrong with the values; empty: nothing
+  std::vector<std::int32_t> wrong = {};  ///< the edits of the values that are at fault
+  bool isExample = false;                ///< shows what the letters mean, not the values of the page
 };
 
 inline void Add(Sketch& sketch, Ink ink, const QPainterPath& path) {

@@ -14,7 +14,9 @@ namespace vanzet::view::qt {
 namespace {
 
 QColor Mixed(const QColor& a, const QColor& b, double partOfA) {
-  const auto mix = [&](int x, int y) { return static_cast<int>(std::lround(x * partOfA + y * (1 - partOfA))); };
+  const auto mix = [&](int x, int y) {
+    return static_cast<int>(std::lround(x * partOfA + y * (1 - partOfA)));
+  };
   return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
@@ -32,9 +34,11 @@ Look LookOf(Ink ink, const Sketch& sketch, const QPalette& palette) {
   const QPen line(Mixed(text, base, 0.85 * faint), 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
   switch (ink) {
     case Ink::kMaterial:
-      return {line, Mixed(accent, base, 0.22 * faint), QBrush(Mixed(text, base, 0.32 * faint), Qt::BDiagPattern)};
+      return {line, Mixed(accent, base, 0.22 * faint),
+              QBrush(Mixed(text, base, 0.32 * faint), Qt::BDiagPattern)};
     case Ink::kBody: return {line, Mixed(text, base, 0.10 * faint), Qt::NoBrush};
-    case Ink::kGhost: return {QPen(Mixed(text, base, 0.45 * faint), 1.1, Qt::DashLine), Qt::NoBrush, Qt::NoBrush};
+    case Ink::kGhost:
+      return {QPen(Mixed(text, base, 0.45 * faint), 1.1, Qt::DashLine), Qt::NoBrush, Qt::NoBrush};
     case Ink::kPart: return {line, Mixed(accent, base, 0.5 * faint), Qt::NoBrush};
     default: return {QPen(Mixed(text, base, 0.6), 1, Qt::DashDotLine), Qt::NoBrush, Qt::NoBrush};
   }
@@ -62,7 +66,8 @@ int Lanes(const Sketch& sketch, Where where) {
 QRectF Inner(const QRectF& area, const Sketch& sketch, double lane) {
   const double side = lane * 1.1;
   return area.adjusted(side + Lanes(sketch, Where::kLeft) * lane, side + Lanes(sketch, Where::kAbove) * lane,
-                       -side - Lanes(sketch, Where::kRight) * lane, -side - Lanes(sketch, Where::kBelow) * lane);
+                       -side - Lanes(sketch, Where::kRight) * lane,
+                       -side - Lanes(sketch, Where::kBelow) * lane);
 }
 
 /// From the units of the values to the screen, y turned over.
@@ -75,7 +80,8 @@ QTransform Fitted(const QRectF& bounds, const QRectF& area) {
   return transform;
 }
 
-void PaintShapes(QPainter& painter, const Sketch& sketch, const QTransform& transform, const QPalette& palette) {
+void PaintShapes(QPainter& painter, const Sketch& sketch, const QTransform& transform,
+                 const QPalette& palette) {
   for (const Shape& shape : sketch.shapes) {
     const Look look = LookOf(shape.ink, sketch, palette);
     const QPainterPath path = transform.map(shape.path);
@@ -98,7 +104,8 @@ QRectF PaintLines(QPainter& painter, QRectF area, const Sketch& sketch, const Dr
     area.setBottom(needed.top() - 4);
   };
   const QColor text = drawing.palette.color(QPalette::Text);
-  for (const QString& note : sketch.notes) line(note, Mixed(text, drawing.palette.color(QPalette::Base), 0.7));
+  for (const QString& note : sketch.notes)
+    line(note, Mixed(text, drawing.palette.color(QPalette::Base), 0.7));
   if (!sketch.fault.isEmpty()) line(sketch.fault, FaultColour(drawing.palette));
   return area;
 }
