@@ -25,7 +25,7 @@ TEST(MnemonicsTest, AreTheFirstFreeLetterThatBeginsAWord) {
   Mnemonics mnemonics;
   EXPECT_EQ(mnemonics.Mark(QStringLiteral("Load Configuration")), QStringLiteral("&Load Configuration"));
   EXPECT_EQ(mnemonics.Mark(QStringLiteral("Long Cut")), QStringLiteral("Long &Cut"));
-  EXPECT_EQ(mnemonics.Mark(QStringLiteral("LC")), QStringLiteral("LC")) << "none is free";
+  EXPECT_EQ(mnemonics.Mark(QStringLiteral("LLC")), QStringLiteral("LLC")) << "none is free";
   EXPECT_EQ(mnemonics.Mark(QStringLiteral("L&o")), QStringLiteral("L&&&o"));
 }
 
@@ -39,7 +39,13 @@ TEST(MnemonicsTest, LeaveReservedLettersAlone) {
   mnemonics.Reserve(QStringLiteral("AB"));
   EXPECT_EQ(mnemonics.Mark(QStringLiteral("abc")), QStringLiteral("ab&c"));
   mnemonics.Release(QStringLiteral("AB"));
-  EXPECT_EQ(mnemonics.Mark(QStringLiteral("a")), QStringLiteral("&a"));
+  EXPECT_EQ(mnemonics.Mark(QStringLiteral("ab")), QStringLiteral("&ab"));
+}
+
+TEST(MnemonicsTest, LeadToAValueByItsLetter) {
+  Mnemonics mnemonics;
+  mnemonics.Reserve(QStringLiteral("AB"));
+  EXPECT_EQ(mnemonics.Mark(QStringLiteral("A")), QStringLiteral("&A"));
 }
 
 }  // namespace

@@ -13,18 +13,15 @@
 namespace vanzet::view::qt {
 namespace {
 
-/// What an application of Qt keeps pointers to as long as it lives.
+/// An application with what it keeps pointers to as long as it lives.
 struct OwnApplication {
-  explicit OwnApplication(const std::string& platform) : words{"vanzet", "-platform", platform} {
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    application = new QApplication(count, arguments.data());
-  }
+  explicit OwnApplication(const std::string& platform)
+      : words{"vanzet", "-platform", platform}, application(count, arguments.data()) {}
 
   std::vector<std::string> words;
-  std::vector<char*> arguments;
+  std::vector<char*> arguments = {words[0].data(), words[1].data(), words[2].data(), nullptr};
   int count = 3;
-  QApplication* application = nullptr;
+  QApplication application;
 };
 
 /// Qt's own texts, of file dialogs, where the machine has them.
@@ -41,9 +38,9 @@ void MakeOwnApplication(const std::string& platform) {
   // An application of Qt takes up the locale of the environment, and the host's numbers would change with it.
   const std::string locale = std::setlocale(LC_ALL, nullptr);
   // Ended by nobody: when the process ends, other things of Qt may already be gone.
-  static const OwnApplication* const own = new OwnApplication(platform);
+  [[maybe_unused]] static const OwnApplication* const own = new OwnApplication(platform);
   std::setlocale(LC_ALL, locale.c_str());
-  own->application->setQuitOnLastWindowClosed(false);
+  QApplication::setQuitOnLastWindowClosed(false);
   TranslateQt();
 }
 

@@ -21,11 +21,10 @@
 namespace vanzet::view::qt {
 namespace {
 
-/// The dialog's own controls, by where they stand.
+/// Of the dialog's own controls one stands below the tree, and all others at the foot of the window: those
+/// from OK on at its right end.
 constexpr std::int32_t kSpurs = 2020;
 constexpr std::int32_t kOk = 1;
-constexpr std::int32_t kLeftButtons[] = {2144, 2153};
-constexpr std::int32_t kRightButtons[] = {kOk, 2012};
 
 constexpr Words kSpurName = {"Spindle spur whose equipment is shown",
                              "Spindelspur, deren Ausrüstung gezeigt wird"};
@@ -90,7 +89,6 @@ void DialogWindow::Build(const DialogState& state) {
   splitter_->setStretchFactor(1, 1);
   rows->addWidget(splitter_, 1);
   rows->addWidget(BuildButtons(state));
-  OrderTabs();
 }
 
 QWidget* DialogWindow::BuildLeft(const DialogState& state) {
@@ -100,10 +98,13 @@ QWidget* DialogWindow::BuildLeft(const DialogState& state) {
   rows->setSpacing(kMargin / 2);
   tree_ = new TreePanel(send_, left);
   rows->addWidget(tree_, 1);
-  QWidget* const spurs = Take(state, kSpurs, left);
-  spurs->setAccessibleName(Said(kSpurName));
-  spurs->setToolTip(Said(kSpurName));
-  rows->addWidget(spurs);
+  for (const Control& control : state.dialog) {
+    if (control.id != kSpurs) continue;
+    QWidget* const spurs = Take(control, left);
+    spurs->setAccessibleName(Said(kSpurName));
+    spurs->setToolTip(Said(kSpurName));
+    rows->addWidget(spurs);
+  }
   return left;
 }
 
@@ -111,34 +112,22 @@ QWidget* DialogWindow::BuildButtons(const DialogState& state) {
   auto* const bar = new QWidget(this);
   auto* const line = new QHBoxLayout(bar);
   line->setContentsMargins(0, 0, 0, 0);
-  for (const std::int32_t id : kLeftButtons) line->addWidget(Take(state, id, bar));
-  line->addStretch(1);
-  for (const std::int32_t id : kRightButtons) line->addWidget(Take(state, id, bar));
-  // What is never seen is there all the same.
+  // What the state has besides is never seen; it is there all the same.
   for (const Control& control : state.dialog) {
-    if (WidgetOf(control.id) == nullptr) line->addWidget(Take(state, control.id, bar));
+    if (control.id == kSpurs) continue;
+    if (control.id == kOk) line->addStretch(1);
+    line->addWidget(Take(control, bar));
   }
-  for (QPushButton* const button : bar->findChildren<QPushButton*>()) button->setAutoDefault(false);
-  static_cast<QPushButton*>(WidgetOf(kOk))->setDefault(true);
+  for (QPushButton* const button : bar->findChildren<QPushButton*>()) {
+    button->setAutoDefault(false);
+    button->setDefault(button == WidgetOf(kOk));
+  }
   return bar;
 }
 
-QWidget* DialogWindow::Take(const DialogState& state, std::int32_t id, QWidget* parent) {
-  const auto control = std::ranges::find(state.dialog, id, &Control::id);
-  widgets_.push_back(MakeControlWidget(*control, send_, parent));
+QWidget* DialogWindow::Take(const Control& control, QWidget* parent) {
+  widgets_.push_back(MakeControlWidget(control, send_, parent));
   return widgets_.back()->Widget();
-}
-
-void DialogWindow::OrderTabs() {
-  QWidget* former = tree_;
-  const auto next = [&](QWidget* widget) {
-    setTabOrder(former, widget);
-    former = widget;
-  };
-  next(WidgetOf(kSpurs));
-  next(stack_);
-  for (const std::int32_t id : kLeftButtons) next(WidgetOf(id));
-  for (const std::int32_t id : kRightButtons) next(WidgetOf(id));
 }
 
 void DialogWindow::Run() {
@@ -193,12 +182,9 @@ void DialogWindow::ShowPage(const DialogState& state) {
 }
 
 void DialogWindow::ShowMnemonics() {
-  // The letters of values are left to the pages.
-  static const QString kLetters = QStringLiteral("ABCDEFGHIJ");
   Mnemonics mnemonics;
-  mnemonics.Reserve(kLetters);
+  mnemonics.Reserve(kValueLetters);
   for (const auto& widget : widgets_) widget->MarkMnemonic(mnemonics);
-  mnemonics.Release(kLetters);
   if (page_ != nullptr) page_->MarkMnemonics(mnemonics);
 }
 

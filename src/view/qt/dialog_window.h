@@ -52,8 +52,7 @@ class DialogWindow final : public QDialog {
   void Build(const DialogState& state);
   QWidget* BuildLeft(const DialogState& state);
   QWidget* BuildButtons(const DialogState& state);
-  QWidget* Take(const DialogState& state, std::int32_t id, QWidget* parent);
-  void OrderTabs();
+  QWidget* Take(const Control& control, QWidget* parent);
 
   void Perform(const std::function<void(Dialog&)>& event);
   void ShowPage(const DialogState& state);

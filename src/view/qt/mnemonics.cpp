@@ -19,6 +19,7 @@ QString Escaped(QString text) {
 }  // namespace
 
 QString Mnemonics::Mark(const QString& text) {
+  if (text.size() == 1) return QLatin1Char('&') + text;
   const auto isFree = [&](qsizetype i) { return IsFree(text[i]); };
   const auto beginsAWord = [&](qsizetype i) { return isFree(i) && (i == 0 || !text[i - 1].isLetter()); };
   qsizetype at = FirstLetter(text, beginsAWord);

@@ -8,7 +8,7 @@ namespace vanzet::view::qt {
 class Mnemonics {
  public:
   /// The text with a '&' before a letter that no text before has taken: one that begins a word if possible.
-  /// Without a free letter only its own '&' are doubled.
+  /// Without a free letter only its own '&' are doubled. A text of one letter has that one, reserved or not.
   QString Mark(const QString& text);
 
   /// Keeps letters from being taken.

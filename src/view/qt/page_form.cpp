@@ -1,0 +1,256 @@
+#include "view/qt/page_form.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "macro/tables/device_types.h"
+#include "view/qt/fonts.h"
+
+namespace vanzet::view::qt {
+namespace {
+
+constexpr Words kPick = {"Pick in the drawing: %1", "In der Zeichnung wählen: %1"};
+constexpr Words kBrowse = {"Choose a file: %1", "Datei wählen: %1"};
+constexpr Words kNotUsed = {"Not used", "Nicht verwendet"};
+
+constexpr int kGap = 8;
+constexpr int kGroupGap = 16;
+
+/// Columns of a form.
+enum Column { kLetterColumn, kNameColumn, kCellColumn, kColumns };
+
+/// How wide an edit for a number is, in digits.
+constexpr int kDigits = 12;
+
+void NarrowForNumbers(QWidget* edit) {
+  edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDigits + 2 * kGap);
+}
+
+/// The type of device whose picture is shown, 0 for none.
+std::int32_t TypeOfPicture(std::int32_t bitmap) {
+  const auto type = std::ranges::find(DeviceTypes(), bitmap, &DeviceType::picture);
+  return type == DeviceTypes().end() ? 0 : type->code;
+}
+
+QFrame* Line(QWidget* parent) {
+  auto* const line = new QFrame(parent);
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Plain);
+  line->setForegroundRole(QPalette::Mid);
+  return line;
+}
+
+bool IsEmpty(const Words& words) {
+  return words.english[0] == '\0';
+}
+
+bool IsNumber(const FieldRow& field) {
+  return field.unit != Unit::kNone || field.letter != 0 || field.inner != 0;
+}
+
+}  // namespace
+
+PageForm::PageForm(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
+                   QWidget* parent)
+    : QWidget(parent), layout_(layout), send_(send), controls_(&controls) {
+  auto* const grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, kGap, 0);
+  grid->setHorizontalSpacing(kGap);
+  grid->setVerticalSpacing(kGap * 3 / 4);
+  grid->setColumnStretch(kCellColumn, 1);
+  for (const FieldGroup& group : layout_.groups) AddGroup(*grid, group);
+  AddLeftOvers(*grid);
+  grid->setRowStretch(grid->rowCount(), 1);
+}
+
+void PageForm::AddGroup(QGridLayout& grid, const FieldGroup& group) {
+  if (grid.count() > 0) grid.setRowMinimumHeight(grid.rowCount(), kGroupGap);
+  QWidget* const title =
+      group.titleLabel != 0 ? Take(group.titleLabel, this) : new QLabel(Said(group.title), this);
+  SetFont(*title, Type::kGroup);
+  grid.addWidget(title, grid.rowCount(), 0, 1, kColumns);
+  grid.addWidget(Line(this), grid.rowCount(), 0, 1, kColumns);
+  for (const FieldRow& field : group.rows) {
+    if (field.isWide) {
+      AddWideRow(grid, field);
+    } else {
+      AddRow(grid, field);
+    }
+  }
+  if (group.action == 0) return;
+  const std::int32_t ids[] = {group.action};
+  grid.addWidget(TakeActions(ids, this), grid.rowCount(), 0, 1, kColumns);
+}
+
+void PageForm::AddRow(QGridLayout& grid, const FieldRow& field) {
+  const int at = grid.rowCount();
+  Row row = {&field};
+  QWidget* const cell = Cell(row);
+  const bool hasNames = field.label != 0 || !IsEmpty(field.name);
+  if (hasNames) AddNames(grid, at, row);
+  grid.addWidget(cell, at, hasNames ? kCellColumn : 0, 1, hasNames ? 1 : kColumns);
+  rows_.push_back(row);
+}
+
+void PageForm::AddWideRow(QGridLayout& grid, const FieldRow& field) {
+  Row row = {&field};
+  QWidget* const cell = Cell(row);
+  auto* const label = qobject_cast<QLabel*>(Take(field.label, this));
+  label->setBuddy(WidgetOf(field.control));
+  grid.addWidget(label, grid.rowCount(), 0, 1, kColumns);
+  grid.addWidget(cell, grid.rowCount(), 0, 1, kColumns);
+  rows_.push_back(row);
+}
+
+void PageForm::AddNames(QGridLayout& grid, int at, Row& row) {
+  const FieldRow& field = *row.field;
+  const auto control = std::ranges::find(*controls_, field.control, &Control::id);
+  const bool hasCaption = control != controls_->end() && !control->caption.empty();
+  if (hasCaption) row.caption = new QLabel(QString::fromStdString(control->caption), this);
+  QLabel* const first = hasCaption         ? row.caption
+                        : field.label != 0 ? qobject_cast<QLabel*>(Take(field.label, this))
+                                           : nullptr;
+  if (first == nullptr) return AddName(grid, at, row, false);
+  first->setBuddy(WidgetOf(field.control));
+  const bool isLetter = hasCaption || field.letter != 0;
+  grid.addWidget(first, at, kLetterColumn, 1, isLetter ? 1 : kCellColumn);
+  if (!isLetter) return;
+  SetFont(*first, Type::kLetter);
+  if (hasCaption) Find(field.control)->Accompany(first);
+  AddName(grid, at, row, true);
+}
+
+void PageForm::AddName(QGridLayout& grid, int at, Row& row, bool isBehindLetter) {
+  row.name = new QLabel(this);
+  if (!isBehindLetter) row.name->setBuddy(WidgetOf(row.field->control));
+  grid.addWidget(row.name, at, isBehindLetter ? kNameColumn : 0, 1, isBehindLetter ? 1 : kCellColumn);
+  Find(row.field->control)->Accompany(row.name);
+}
+
+QWidget* PageForm::Cell(Row& row) {
+  const FieldRow& field = *row.field;
+  auto* const cell = new QWidget(this);
+  auto* const line = new QHBoxLayout(cell);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->setSpacing(kGap);
+  QWidget* const control = Take(field.control, cell);
+  if (IsNumber(field)) NarrowForNumbers(control);
+  const bool fills = !IsNumber(field) && control->sizePolicy().horizontalPolicy() != QSizePolicy::Minimum;
+  line->addWidget(control, fills ? 1 : 0);
+  // The edit of a spin is a part of its widget.
+  if (field.inner != 0) control->findChild<QLineEdit*>()->setObjectName(QString::number(field.inner));
+  AddUnit(row, cell);
+  if (field.button != 0) line->addWidget(Take(field.button, cell));
+  if (!fills) line->addStretch(1);
+  return cell;
+}
+
+void PageForm::AddUnit(Row& row, QWidget* cell) {
+  if (row.field->unit == Unit::kNone && row.field->letter == 0) return;
+  row.unit = new QLabel(UnitText(row.field->unit), cell);
+  row.unit->setFixedWidth(row.unit->fontMetrics().horizontalAdvance(UnitText(Unit::kMillimetre)) + 2);
+  Find(row.field->control)->Accompany(row.unit);
+  cell->layout()->addWidget(row.unit);
+}
+
+void PageForm::AddLeftOvers(QGridLayout& grid) {
+  const std::vector<std::int32_t> placed = ControlsOf(layout_);
+  for (const Control& control : *controls_) {
+    const bool isPlaced = std::ranges::find(placed, control.id) != placed.end();
+    if (isPlaced || control.kind == ControlKind::kPicture) continue;
+    grid.addWidget(Take(control.id, this), grid.rowCount(), 0, 1, kColumns);
+  }
+}
+
+QWidget* PageForm::Take(std::int32_t id, QWidget* parent) {
+  const auto control = std::ranges::find(*controls_, id, &Control::id);
+  if (control == controls_->end()) return new QLabel(parent);
+  widgets_.push_back(MakeControlWidget(*control, send_, parent));
+  return widgets_.back()->Widget();
+}
+
+QWidget* PageForm::TakeActions(std::span<const std::int32_t> ids, QWidget* parent) {
+  auto* const box = new QWidget(parent);
+  auto* const line = new QHBoxLayout(box);
+  line->setContentsMargins(0, kGap / 2, 0, 0);
+  line->addStretch(1);
+  for (const std::int32_t id : ids) line->addWidget(Take(id, box));
+  return box;
+}
+
+void PageForm::Finish() {
+  controls_ = nullptr;
+  QWidget* former = nullptr;
+  for (const std::int32_t id : ControlsOf(layout_)) {
+    QWidget* const widget = WidgetOf(id);
+    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (former != nullptr) setTabOrder(former, widget);
+    former = widget;
+  }
+}
+
+void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
+  for (const Control& control : controls) {
+    if (ControlWidget* const widget = Find(control.id)) widget->Show(control);
+  }
+  const PageValues values(controls);
+  for (const Row& row : rows_) ShowWords(row, TypeOfPicture(bitmap), values);
+}
+
+void PageForm::ShowWords(const Row& row, std::int32_t type, const PageValues& values) {
+  const FieldRow& field = *row.field;
+  const LetterWords* const letter = field.letter == 0 ? nullptr : FindLetterWords(type, field.letter);
+  const Unit unit = letter != nullptr ? letter->unit : field.unit;
+  const QString name = letter != nullptr ? Said(letter->name) : Said(field.name);
+  if (row.name != nullptr) row.name->setText(name);
+  if (row.unit != nullptr) row.unit->setText(UnitText(unit));
+  const bool isUnused = field.letter != 0 && letter == nullptr;
+  Speak(row, isUnused ? Said(kNotUsed) : name, unit, values);
+}
+
+void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageValues& values) {
+  const FieldRow& field = *row.field;
+  const Control* const control = values.Find(field.control);
+  if (control == nullptr) return;
+  QString about = field.label != 0 ? values.TextOf(field.label) : QString::fromStdString(control->caption);
+  if (!name.isEmpty()) about += (about.isEmpty() ? QString() : QStringLiteral(": ")) + name;
+  if (about.isEmpty()) return;
+  const QString spoken =
+      unit == Unit::kNone ? about : about + QStringLiteral(" (") + UnitText(unit) + QLatin1Char(')');
+  Find(field.control)->SetSpokenName(spoken);
+  if (field.inner != 0) WidgetOf(field.inner)->setAccessibleName(spoken);
+  const Control* const button = values.Find(field.button);
+  if (button != nullptr)
+    Find(field.button)->SetSpokenName(Said(button->text == "..." ? kBrowse : kPick, about));
+}
+
+void PageForm::MarkMnemonics(Mnemonics& mnemonics) {
+  for (const Row& row : rows_) {
+    // What a letter leads to is not led to by its name as well.
+    const bool isNameLeading = row.name != nullptr && row.name->buddy() != nullptr;
+    QLabel* const leading = row.caption != nullptr ? row.caption : isNameLeading ? row.name : nullptr;
+    if (leading != nullptr) leading->setText(mnemonics.Mark(leading->text().remove(QLatin1Char('&'))));
+  }
+  for (const auto& widget : widgets_) widget->MarkMnemonic(mnemonics);
+}
+
+bool PageForm::HasLetters() const {
+  return std::ranges::any_of(rows_,
+                             [](const Row& row) { return row.caption != nullptr || row.field->letter != 0; });
+}
+
+QWidget* PageForm::WidgetOf(std::int32_t control) const {
+  if (const ControlWidget* const widget = Find(control)) return widget->Widget();
+  return control == 0 ? nullptr : findChild<QWidget*>(QString::number(control));
+}
+
+ControlWidget* PageForm::Find(std::int32_t id) const {
+  const auto widget = std::ranges::find(widgets_, id, &ControlWidget::Id);
+  return widget == widgets_.end() ? nullptr : widget->get();
+}
+
+}  // namespace vanzet::view::qt
