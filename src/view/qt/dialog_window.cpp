@@ -12,6 +12,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <ranges>
 
 #include "view/qt/empty_panel.h"
 #include "view/qt/page_panel.h"
@@ -42,16 +43,16 @@ QString PlaceInTree(const DialogState& state) {
   QString place;
   std::int32_t id = state.selectedNode;
   // Parents stand before their children.
-  for (auto node = state.tree.rbegin(); node != state.tree.rend(); ++node) {
-    if (node->id != id) continue;
-    const QString text = QString::fromStdString(node->text);
-    const bool isRoot = node->parent == 0;
+  for (const TreeNode& node : std::views::reverse(state.tree)) {
+    if (node.id != id) continue;
+    const QString text = QString::fromStdString(node.text);
+    const bool isRoot = node.parent == 0;
     if (place.isEmpty()) {
       place = text;
     } else if (!isRoot) {
       place = text + QStringLiteral(": ") + place;
     }
-    id = node->parent;
+    id = node.parent;
   }
   return place;
 }

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "view/qt/fonts.h"
 #include "view/qt/icons.h"
@@ -23,8 +24,11 @@ QString TitleOf(const DialogState& state) {
 
 }  // namespace
 
-EmptyPanel::EmptyPanel(const Send& send, QWidget* parent)
-    : QWidget(parent), send_(send), title_(new QLabel(this)), hint_(new QLabel(Said(kHint), this)) {
+EmptyPanel::EmptyPanel(Send send, QWidget* parent)
+    : QWidget(parent),
+      send_(std::move(send)),
+      title_(new QLabel(this)),
+      hint_(new QLabel(Said(kHint), this)) {
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);

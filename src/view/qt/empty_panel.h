@@ -12,7 +12,7 @@ namespace vanzet::view::qt {
 /// What stands where a node has nothing to edit: the nodes below it, to go on to.
 class EmptyPanel final : public QWidget {
  public:
-  EmptyPanel(const Send& send, QWidget* parent);
+  EmptyPanel(Send send, QWidget* parent);
 
   /// The children of the selected node, the roots without one.
   void Show(const DialogState& state);

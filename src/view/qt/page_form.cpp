@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
+#include <utility>
 
 #include "macro/tables/device_types.h"
 #include "view/qt/fonts.h"
@@ -54,9 +55,8 @@ bool IsNumber(const FieldRow& field) {
 
 }  // namespace
 
-PageForm::PageForm(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
-                   QWidget* parent)
-    : QWidget(parent), layout_(layout), send_(send), controls_(&controls) {
+PageForm::PageForm(const PageLayout& layout, const std::vector<Control>& controls, Send send, QWidget* parent)
+    : QWidget(parent), layout_(layout), send_(std::move(send)), controls_(&controls) {
   auto* const grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, kGap, 0);
   grid->setHorizontalSpacing(kGap);

@@ -18,7 +18,7 @@ namespace vanzet::view::qt {
 /// stand below all others.
 class PageForm final : public QWidget {
  public:
-  PageForm(const PageLayout& layout, const std::vector<Control>& controls, const Send& send, QWidget* parent);
+  PageForm(const PageLayout& layout, const std::vector<Control>& controls, Send send, QWidget* parent);
 
   /// Makes the widget of a control that stands beside the form, on `parent`; in a row of their own at its
   /// foot those of several buttons. The form goes on to show them.

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
+#include <utility>
 
 #include "view/qt/icons.h"
 #include "view/qt/words.h"
@@ -39,7 +40,7 @@ void Fill(QTreeWidgetItem& item, const TreeNode& node) {
 
 }  // namespace
 
-TreePanel::TreePanel(const Send& send, QWidget* parent) : QTreeWidget(parent), send_(send) {
+TreePanel::TreePanel(Send send, QWidget* parent) : QTreeWidget(parent), send_(std::move(send)) {
   setObjectName(QString::number(kTreeControl));
   setAccessibleName(Said(kEquipment));
   setHeaderHidden(true);

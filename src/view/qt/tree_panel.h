@@ -12,7 +12,7 @@ namespace vanzet::view::qt {
 /// The tree of what can be defined.
 class TreePanel final : public QTreeWidget {
  public:
-  TreePanel(const Send& send, QWidget* parent);
+  TreePanel(Send send, QWidget* parent);
 
   /// Takes over the nodes and the selection. What a person opened or closed stays so as long as the nodes are
   /// the same.
