@@ -7,7 +7,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "view/qt/page_panel.h"
 #include "view/qt/tree_panel.h"
@@ -170,6 +172,27 @@ TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
     EXPECT_EQ(window.focusWidget(), window.WidgetOf(2027));
     EXPECT_EQ(Edit(window, 2027).selectedText(), QStringLiteral("0"));
+  });
+}
+
+TEST_F(Window, ScrollsToWhereTheFocusGoes) {
+  Serve([&](DialogWindow& window) {
+    window.resize(900, 320);
+    Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\n");
+    Edit(window, 2022).setFocus();
+    Do(window, "press 2016\n");
+    EXPECT_FALSE(Edit(window, 2027).visibleRegion().isEmpty());
+  });
+}
+
+TEST_F(Window, ChangesNothingByAWheelThatPassesOver) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 4\nset 2181 5\n");
+    window.Tree().setFocus();
+    QWheelEvent turn(QPointF(5, 5), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(window.WidgetOf(2181), &turn);
+    EXPECT_EQ(qobject_cast<QSpinBox*>(window.WidgetOf(2181))->value(), 5);
   });
 }
 

@@ -219,6 +219,7 @@ void DialogWindow::FocusOn(std::int32_t control, bool selectsAll) {
   QWidget* const widget = control == kTreeControl ? tree_ : WidgetOf(control);
   if (widget == nullptr) return;
   widget->setFocus(Qt::OtherFocusReason);
+  if (page_ != nullptr) page_->Reveal(control);
   auto* const edit = qobject_cast<QLineEdit*>(widget);
   if (selectsAll && edit != nullptr) edit->selectAll();
 }
