@@ -175,6 +175,41 @@ TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
   });
 }
 
+TEST_F(Window, GoesOnFromAnEmptyPageToTheNodesBelow) {
+  const auto go = [](DialogWindow& window, const char* text) {
+    QApplication::processEvents();
+    for (QPushButton* const way : window.findChildren<QPushButton*>()) {
+      if (way->isVisible() && way->text() == QLatin1String(text))
+        return QTest::mouseClick(way, Qt::LeftButton);
+    }
+    ADD_FAILURE() << text;
+  };
+  Serve([&](DialogWindow& window) {
+    for (const char* text : {"Billet", "Mainspindle", "Billet cylindrical"}) go(window, text);
+    EXPECT_EQ(window.TheDialog().State().selectedNode, 19);
+    EXPECT_NE(window.Page(), nullptr);
+  });
+}
+
+TEST_F(Window, SaysItsOwnWordsInGerman) {
+  qputenv("VANZET_LANGUAGE", "de");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    EXPECT_EQ(window.WidgetOf(2022)->accessibleName(), QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
+  });
+  qputenv("VANZET_LANGUAGE", "en");
+}
+
+TEST_F(Window, NamesTheValuesOfTheDeviceThatIsChosen) {
+  WriteBytes(world.catalogue, "Soft\n9 38 62 12 24 0 0 0 0 0 0\n");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 4\n");
+    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Not used"));
+    Do(window, "choose 2124 Soft\n");
+    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Thickness (mm)"));
+  });
+}
+
 TEST_F(Window, ScrollsToWhereTheFocusGoes) {
   Serve([&](DialogWindow& window) {
     window.resize(900, 320);
