@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -236,7 +237,7 @@ void DialogWindow::reject() {
 
 void DialogWindow::TakeUpSize() {
   const QSettings settings = Settings();
-  resize(kFirstSize);
+  resize(kFirstSize.boundedTo(screen()->availableSize()));
   restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
   splitter_->setSizes({kTreeWidth, kFirstSize.width() - kTreeWidth});
   splitter_->restoreState(settings.value(QStringLiteral("splitter")).toByteArray());
