@@ -34,6 +34,17 @@ TEST(Module, ExportsItsTwoFunctionsAndNothingElse) {
               testing::UnorderedElementsAre("ReOrgVdm", "mstart"));
 }
 
+TEST(ViewOnADisplay, ExportsItsEntryAndNothingElse) {
+  EXPECT_THAT(LastWords("nm -D --defined-only " VANZET_VIEW_QT_FILE, " "),
+              testing::ElementsAre("vanzetQtView"));
+}
+
+TEST(ViewOnADisplay, NeedsNothingOfTheModule) {
+  const std::set<std::string> needed = LastWords("objdump -p " VANZET_VIEW_QT_FILE, "NEEDED");
+  EXPECT_THAT(needed, testing::Contains("libQt6Widgets.so.6"));
+  EXPECT_FALSE(needed.contains("libvanzet.so"));
+}
+
 TEST(Module, NeedsTheRuntimeOfTheLanguageOnly) {
   std::set<std::string> allowed = {"libstdc++.so.6", "libgcc_s.so.1", "libm.so.6", "libc.so.6",
                                    "ld-linux-x86-64.so.2"};

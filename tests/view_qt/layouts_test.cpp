@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <algorithm>
 #include <map>
@@ -90,6 +91,15 @@ TEST_F(Layouts, LetTheTabKeyReachEveryControlThatIsOpen) {
       }
     }
     EXPECT_TRUE(reached.contains(view::kTreeControl)) << "and back to the tree";
+  });
+}
+
+TEST_F(Layouts, GiveTheButtonsOfEveryPageALetter) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& window) {
+    for (const std::int32_t id : ActionsOf(*view::qt::FindPageLayout(state.page))) {
+      const auto* const button = qobject_cast<QPushButton*>(window.WidgetOf(id));
+      EXPECT_TRUE(button->text().contains(QLatin1Char('&'))) << state.page << " " << id;
+    }
   });
 }
 

@@ -7,7 +7,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "view/qt/page_panel.h"
 #include "view/qt/tree_panel.h"
@@ -170,6 +172,62 @@ TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
     EXPECT_EQ(window.focusWidget(), window.WidgetOf(2027));
     EXPECT_EQ(Edit(window, 2027).selectedText(), QStringLiteral("0"));
+  });
+}
+
+TEST_F(Window, GoesOnFromAnEmptyPageToTheNodesBelow) {
+  const auto go = [](DialogWindow& window, const char* text) {
+    QApplication::processEvents();
+    for (QPushButton* const way : window.findChildren<QPushButton*>()) {
+      if (way->isVisible() && way->text() == QLatin1String(text))
+        return QTest::mouseClick(way, Qt::LeftButton);
+    }
+    ADD_FAILURE() << text;
+  };
+  Serve([&](DialogWindow& window) {
+    for (const char* text : {"Billet", "Mainspindle", "Billet cylindrical"}) go(window, text);
+    EXPECT_EQ(window.TheDialog().State().selectedNode, 19);
+    EXPECT_NE(window.Page(), nullptr);
+  });
+}
+
+TEST_F(Window, SaysItsOwnWordsInGerman) {
+  qputenv("VANZET_LANGUAGE", "de");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    EXPECT_EQ(window.WidgetOf(2022)->accessibleName(), QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
+  });
+  qputenv("VANZET_LANGUAGE", "en");
+}
+
+TEST_F(Window, NamesTheValuesOfTheDeviceThatIsChosen) {
+  WriteBytes(world.catalogue, "Soft\n9 38 62 12 24 0 0 0 0 0 0\n");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 4\n");
+    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Not used"));
+    Do(window, "choose 2124 Soft\n");
+    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Thickness (mm)"));
+  });
+}
+
+TEST_F(Window, ScrollsToWhereTheFocusGoes) {
+  Serve([&](DialogWindow& window) {
+    window.resize(900, 320);
+    Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\n");
+    Edit(window, 2022).setFocus();
+    Do(window, "press 2016\n");
+    EXPECT_FALSE(Edit(window, 2027).visibleRegion().isEmpty());
+  });
+}
+
+TEST_F(Window, ChangesNothingByAWheelThatPassesOver) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 4\nset 2181 5\n");
+    window.Tree().setFocus();
+    QWheelEvent turn(QPointF(5, 5), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(window.WidgetOf(2181), &turn);
+    EXPECT_EQ(qobject_cast<QSpinBox*>(window.WidgetOf(2181))->value(), 5);
   });
 }
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include "view/qt/button_icons.h"
 #include "view/qt/icons.h"
@@ -20,6 +21,20 @@ namespace {
 constexpr int kNameLetters = 22;
 
 constexpr Words kNoNumber = {"Not a number", "Keine Zahl"};
+
+/// A widget whose value the wheel changes only where a person is: it turns over many of them on its way down
+/// a page.
+template <class Widget>
+class Calm final : public Widget {
+ public:
+  using Widget::Widget;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override {
+    if (this->hasFocus()) return Widget::wheelEvent(event);
+    event->ignore();
+  }
+};
 
 class ButtonWidget final : public ControlWidget {
  public:
@@ -103,8 +118,9 @@ class CheckWidget final : public ControlWidget {
 class ComboWidget final : public ControlWidget {
  public:
   ComboWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new QComboBox(parent)) {
+      : ControlWidget(control.id, new Calm<QComboBox>(parent)) {
     const std::int32_t id = control.id;
+    Combo().setFocusPolicy(Qt::StrongFocus);
     Combo().setEditable(!control.isList);
     Combo().setInsertPolicy(QComboBox::NoInsert);
     Combo().setMinimumContentsLength(kNameLetters);
@@ -139,8 +155,9 @@ class ComboWidget final : public ControlWidget {
 class SpinWidget final : public ControlWidget {
  public:
   SpinWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new QSpinBox(parent)) {
+      : ControlWidget(control.id, new Calm<QSpinBox>(parent)) {
     const std::int32_t id = control.id;
+    Spin().setFocusPolicy(Qt::StrongFocus);
     Spin().setRange(control.least, control.most);
     QObject::connect(&Spin(), &QSpinBox::valueChanged, &Spin(),
                      [send, id](int value) { send([=](Dialog& dialog) { dialog.SetValue(id, value); }); });

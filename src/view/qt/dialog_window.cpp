@@ -7,12 +7,13 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStringList>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <ranges>
 
 #include "view/qt/empty_panel.h"
 #include "view/qt/page_panel.h"
@@ -38,23 +39,19 @@ QSettings Settings() {
   return QSettings(QStringLiteral("vanzet"), QStringLiteral("equipment-definition"));
 }
 
-/// The texts of a node and of those above it, for a title.
+const TreeNode* NodeOf(const DialogState& state, std::int32_t id) {
+  const auto node = std::ranges::find(state.tree, id, &TreeNode::id);
+  return node == state.tree.end() ? nullptr : &*node;
+}
+
+/// The texts of the selected node and of those above it but the root, for a title.
 QString PlaceInTree(const DialogState& state) {
-  QString place;
-  std::int32_t id = state.selectedNode;
-  // Parents stand before their children.
-  for (const TreeNode& node : std::views::reverse(state.tree)) {
-    if (node.id != id) continue;
-    const QString text = QString::fromStdString(node.text);
-    const bool isRoot = node.parent == 0;
-    if (place.isEmpty()) {
-      place = text;
-    } else if (!isRoot) {
-      place = text + QStringLiteral(": ") + place;
-    }
-    id = node.parent;
+  QStringList place;
+  for (const TreeNode* node = NodeOf(state, state.selectedNode); node != nullptr;
+       node = NodeOf(state, node->parent)) {
+    if (place.isEmpty() || node->parent != 0) place.prepend(QString::fromStdString(node->text));
   }
-  return place;
+  return place.join(QStringLiteral(": "));
 }
 
 }  // namespace
@@ -219,6 +216,7 @@ void DialogWindow::FocusOn(std::int32_t control, bool selectsAll) {
   QWidget* const widget = control == kTreeControl ? tree_ : WidgetOf(control);
   if (widget == nullptr) return;
   widget->setFocus(Qt::OtherFocusReason);
+  if (page_ != nullptr) page_->Reveal(control);
   auto* const edit = qobject_cast<QLineEdit*>(widget);
   if (selectsAll && edit != nullptr) edit->selectAll();
 }
@@ -239,7 +237,7 @@ void DialogWindow::reject() {
 
 void DialogWindow::TakeUpSize() {
   const QSettings settings = Settings();
-  resize(kFirstSize);
+  resize(kFirstSize.boundedTo(screen()->availableSize()));
   restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
   splitter_->setSizes({kTreeWidth, kFirstSize.width() - kTreeWidth});
   splitter_->restoreState(settings.value(QStringLiteral("splitter")).toByteArray());

@@ -42,7 +42,7 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.promptsOverwrite);
   dialog.setNameFilters(NameFilters(question));
   dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
-  dialog.setDirectory(QString::fromStdString(question.startFolder));
+  if (!question.startFolder.empty()) dialog.setDirectory(QString::fromStdString(question.startFolder));
   if (!IsPattern(question.suggested)) dialog.selectFile(QString::fromStdString(question.suggested));
   dialog.setAttribute(Qt::WA_QuitOnClose, false);
 }

@@ -229,13 +229,23 @@ void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageV
 }
 
 void PageForm::MarkMnemonics(Mnemonics& mnemonics) {
+  // What a page is for goes before what is on it.
+  const std::vector<std::int32_t> actions = ActionsOf(layout_);
+  const auto isAction = [&](const auto& widget) {
+    return std::ranges::find(actions, widget->Id()) != actions.end();
+  };
+  for (const auto& widget : widgets_) {
+    if (isAction(widget)) widget->MarkMnemonic(mnemonics);
+  }
   for (const Row& row : rows_) {
     // What a letter leads to is not led to by its name as well.
     const bool isNameLeading = row.name != nullptr && row.name->buddy() != nullptr;
     QLabel* const leading = row.caption != nullptr ? row.caption : isNameLeading ? row.name : nullptr;
     if (leading != nullptr) leading->setText(mnemonics.Mark(leading->text().remove(QLatin1Char('&'))));
   }
-  for (const auto& widget : widgets_) widget->MarkMnemonic(mnemonics);
+  for (const auto& widget : widgets_) {
+    if (!isAction(widget)) widget->MarkMnemonic(mnemonics);
+  }
 }
 
 bool PageForm::HasLetters() const {

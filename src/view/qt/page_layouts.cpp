@@ -136,6 +136,14 @@ const PageLayout* FindPageLayout(std::string_view page) {
   return layout == std::end(kLayouts) ? nullptr : layout;
 }
 
+std::vector<std::int32_t> ActionsOf(const PageLayout& layout) {
+  std::vector<std::int32_t> ids(layout.actions.begin(), layout.actions.end());
+  for (const FieldGroup& group : layout.groups) {
+    if (group.action != 0) ids.push_back(group.action);
+  }
+  return ids;
+}
+
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout) {
   std::vector<std::int32_t> ids = {layout.header, layout.picture};
   for (const FieldGroup& group : layout.groups) {

@@ -47,6 +47,9 @@ std::span<const PageLayout> PageLayouts();
 /// Null for a page that has none.
 const PageLayout* FindPageLayout(std::string_view page);
 
+/// The buttons that take what is on the page, or a part of it.
+std::vector<std::int32_t> ActionsOf(const PageLayout& layout);
+
 /// The ids of all controls that a layout places, in the order of the keyboard.
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout);
 

@@ -73,6 +73,11 @@ void PagePanel::MarkMnemonics(Mnemonics& mnemonics) {
   form_->MarkMnemonics(mnemonics);
 }
 
+void PagePanel::Reveal(std::int32_t control) {
+  QWidget* const widget = form_->WidgetOf(control);
+  if (widget != nullptr && form_->isAncestorOf(widget)) scroll_->ensureWidgetVisible(widget);
+}
+
 QWidget* PagePanel::WidgetOf(std::int32_t control) const {
   if (control == layout_.picture && control != 0) return picture_;
   return form_->WidgetOf(control);

@@ -28,6 +28,9 @@ class PagePanel final : public QWidget {
   /// `mnemonics` has the letters of values reserved.
   void MarkMnemonics(Mnemonics& mnemonics);
 
+  /// Scrolls to a control.
+  void Reveal(std::int32_t control);
+
   /// The widget of a control, null for one that is not here.
   QWidget* WidgetOf(std::int32_t control) const;
 

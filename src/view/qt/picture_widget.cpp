@@ -1,6 +1,7 @@
 #include "view/qt/picture_widget.h"
 
 #include <QPainter>
+#include <utility>
 
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch_painter.h"
@@ -16,7 +17,8 @@ constexpr double kRounding = 6;
 
 }  // namespace
 
-PictureWidget::PictureWidget(const QString& nothing, QWidget* parent) : QFrame(parent), nothing_(nothing) {
+PictureWidget::PictureWidget(QString nothing, QWidget* parent)
+    : QFrame(parent), nothing_(std::move(nothing)) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAccessibleName(Said(kPicture));
 }

@@ -12,7 +12,7 @@ namespace vanzet::view::qt {
 class PictureWidget final : public QFrame {
  public:
   /// `nothing` stands on the card while there is no picture.
-  PictureWidget(const QString& nothing, QWidget* parent);
+  PictureWidget(QString nothing, QWidget* parent);
 
   /// Draws anew: the picture of that id (0: none) with the values of the page. The measure of the edit
   /// `focused` stands out.

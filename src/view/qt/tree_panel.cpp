@@ -24,6 +24,7 @@ std::int32_t IdOf(const QTreeWidgetItem* item) {
 
 std::vector<std::int32_t> IdsOf(const std::vector<TreeNode>& nodes) {
   std::vector<std::int32_t> ids;
+  ids.reserve(nodes.size());
   for (const TreeNode& node : nodes) ids.push_back(node.id);
   return ids;
 }

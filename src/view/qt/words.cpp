@@ -7,7 +7,7 @@ namespace vanzet::view::qt {
 bool IsGerman() {
   const QString named = qEnvironmentVariable("VANZET_LANGUAGE");
   if (!named.isEmpty()) return named.startsWith(QStringLiteral("de"), Qt::CaseInsensitive);
-  return QLocale::system().language() == QLocale::German;
+  return QLocale().language() == QLocale::German;
 }
 
 QString Said(const Words& words) {

@@ -11,8 +11,8 @@ struct Words {
   const char* german;
 };
 
-/// In the language of the view: that of VANZET_LANGUAGE ("en", "de"), else that of the system; English for
-/// any other.
+/// In the language of the view: that of VANZET_LANGUAGE ("en", "de"), else that of the application's locale,
+/// which is the system's where a host has set no other; English for any other.
 QString Said(const Words& words);
 
 /// "%1" and "%2" replaced.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/words.h"
 
@@ -21,7 +22,6 @@ constexpr std::int32_t kSubBitmap = 2049;
 
 constexpr Words kExample = {"Example: a diameter and a part length are missing",
                             "Beispiel: Durchmesser und Teilelänge fehlen"};
-constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
 constexpr Words kBarTooShort = {"F must be 0 or at least B + C + D = %1.",
                                 "F muss 0 oder mindestens B + C + D = %1 sein."};
 constexpr Words kBoreTooWide = {"E must not exceed A.", "E darf A nicht übersteigen."};
@@ -39,13 +39,9 @@ void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
   char letter = 'A';
   for (const std::int32_t id :
        {edit::kOuter, edit::kLength, edit::kFront, edit::kRear, edit::kInner, edit::kBar}) {
-    if (values.IsNoNumber(id)) {
-      sketch.fault = Said(kNoNumber, QString(QLatin1Char(letter)));
-      sketch.wrong = {id};
-      return;
-    }
-    ++letter;
+    TellNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
   }
+  if (!sketch.fault.isEmpty()) return;
   const double least = billet.length + billet.front + billet.rear;
   if (billet.inner > billet.outer && billet.outer > 0) {
     sketch.fault = Said(kBoreTooWide);

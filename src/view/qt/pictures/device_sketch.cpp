@@ -7,6 +7,7 @@
 #include "macro/tables/formula.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/device_measures.h"
+#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/pictures.h"
 
@@ -16,7 +17,6 @@ namespace {
 constexpr Words kExample = {"Example: values are missing (%1)", "Beispiel: Werte fehlen (%1)"};
 constexpr Words kMustBeLess = {"%1 must be less than %2.", "%1 muss kleiner als %2 sein."};
 constexpr Words kMustBeAbove0 = {"%1 must be above 0.", "%1 muss größer als 0 sein."};
-constexpr Words kNoNumber = {"%1 is no number.", "%1 ist keine Zahl."};
 constexpr Words kNoOutline = {"These values make no closed outline.",
                               "Diese Werte ergeben keinen geschlossenen Umriss."};
 constexpr Words kUnseen = {"%1, not seen from this side", "%1, von dieser Seite nicht zu sehen"};
@@ -70,8 +70,7 @@ void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
 
 void FindNoNumber(Sketch& sketch, const DeviceType& type, const PageValues& values) {
   for (const char letter : type.keeps) {
-    if (!sketch.fault.isEmpty() || !values.IsNoNumber(EditOfLetter(letter))) continue;
-    TellFault(sketch, Said(kNoNumber, QString(QLatin1Char(letter))), std::string(1, letter));
+    TellNoNumber(sketch, values, EditOfLetter(letter), QString(QLatin1Char(letter)));
   }
 }
 

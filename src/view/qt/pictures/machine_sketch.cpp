@@ -1,6 +1,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/words.h"
 
@@ -13,7 +14,6 @@ constexpr std::int32_t kUseBezel = 2019;
 
 constexpr Words kUsed = {"The steady rest supports the part.", "Die Lünette stützt das Teil."};
 constexpr Words kNotUsed = {"The steady rest is not used.", "Die Lünette wird nicht verwendet."};
-constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
 constexpr Words kScheme = {"W: origin of the part on each spindle",
                            "W: Nullpunkt des Teils auf jeder Spindel"};
 
@@ -111,10 +111,7 @@ Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .control = row.edit,
                                .from = {row.from, y},
                                .to = {row.to, y}});
-    if (sketch.fault.isEmpty() && values.IsNoNumber(row.edit)) {
-      sketch.fault = Said(kNoNumber, values.TextOf(row.edit));
-      sketch.wrong = {row.edit};
-    }
+    TellNoNumber(sketch, values, row.edit);
   }
   sketch.notes.push_back(Said(kScheme));
   return sketch;

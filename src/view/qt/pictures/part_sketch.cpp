@@ -1,5 +1,6 @@
 #include <QPolygonF>
 
+#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/words.h"
 
@@ -14,7 +15,6 @@ constexpr std::int32_t kPartLength = 2045;
 constexpr std::int32_t kClampDiameter = 2035;
 constexpr std::int32_t kSolid = 2046;
 
-constexpr Words kNoNumber = {"\u201E%1\u201C is no number.", "\u201E%1\u201C ist keine Zahl."};
 constexpr Words kOnAxis = {"Figures are spun about the spindle's axis.",
                            "Figuren werden um die Spindelachse gedreht."};
 
@@ -25,12 +25,6 @@ QPainterPath PathOf(std::initializer_list<QPointF> points, double sign) {
   path.addPolygon(polygon);
   path.closeSubpath();
   return path;
-}
-
-void FindNoNumber(Sketch& sketch, const PageValues& values, std::int32_t edit) {
-  if (!sketch.fault.isEmpty() || !values.IsNoNumber(edit)) return;
-  sketch.fault = Said(kNoNumber, values.TextOf(edit));
-  sketch.wrong = {edit};
 }
 
 QString Named(const QString& mark, const QString& name) {
@@ -45,7 +39,7 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
                              .control = kPartLength,
                              .from = {-length, y},
                              .to = {0, y}});
-  FindNoNumber(sketch, values, kPartLength);
+  TellNoNumber(sketch, values, kPartLength);
 }
 
 }  // namespace
@@ -93,7 +87,7 @@ Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .control = kClampDiameter,
                                .from = {-100, -30},
                                .to = {-100, 30}});
-    FindNoNumber(sketch, values, kClampDiameter);
+    TellNoNumber(sketch, values, kClampDiameter);
   }
   return sketch;
 }
