@@ -48,10 +48,14 @@ struct Equipment {
   Device center;
   bool isCenterInSub =
       false;  ///< the machine has no sub spindle: its place in the definition is the center's
+  bool usesSteadyRest = false;
 };
 
 /// Whatever the definition lacks stays as it is in an empty one.
 Equipment ReadEquipment(const project::Definition& definition);
+
+/// The device that a value line tells, its type by its newer code.
+DeviceParams ReadDeviceParams(std::string_view valueLine);
 
 /// The items of a section; none when there is no such section.
 const std::vector<std::string>& ItemsOf(const project::Definition& definition, std::size_t operation,

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "vdm/store.h"
+
+namespace vanzet::cli {
+
+/// Definitions that are made anew, as one piece of work: unless they are kept, the destructor puts the former
+/// ones back, and takes away what was not there before.
+class NewDefinitions {
+ public:
+  /// Both have to outlive it; `blank` is what a new definition holds.
+  NewDefinitions(vdm::VdmStore& store, const vdm::Vdm& blank) : store_(store), blank_(blank) {}
+  ~NewDefinitions();
+  NewDefinitions(const NewDefinitions&) = delete;
+  NewDefinitions& operator=(const NewDefinitions&) = delete;
+
+  /// Puts a new definition in the place of what the number held. A fault when it is open, here or elsewhere.
+  Result<void> Make(std::uint32_t number);
+
+  void Keep() { formers_.clear(); }
+
+ private:
+  struct Former {
+    std::uint32_t number;
+    std::optional<vdm::Vdm> content;
+  };
+
+  vdm::VdmStore& store_;
+  const vdm::Vdm& blank_;
+  std::vector<Former> formers_;
+};
+
+}  // namespace vanzet::cli
