@@ -141,12 +141,12 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
     if (const auto made = definitions.Make(number); !made) return made.fault();
     lines += "spur " + std::to_string(index) + ": VDM " + std::to_string(number) + ", defined\n";
   }
+  job.host.board.isHeld = true;
   auto done = Play(*steps, job, transcript);
+  if (!done) job.host.board = drawing::Board(job.project.folder());
+  job.host.board.isHeld = false;
   if (done) done = job.host.board.Save();
-  if (!done) {
-    job.host.board = drawing::Board(job.project.folder());
-    return done.fault();
-  }
+  if (!done) return done.fault();
   definitions.Keep();
   return lines;
 }

@@ -38,7 +38,7 @@ Refusals CheckForm(Json& form, const Surroundings& surroundings) {
 
 void Checker::Form(const Place& form) {
   if (!IsObject(form, {"spurs"})) return;
-  if (!form.Has("spurs")) return void(Refuse(form["spurs"], kMissing));
+  if (!form.Has("spurs")) return void(Refuse(form.PathOf("spurs"), kMissing));
   const Place spurs = form["spurs"];
   if (!spurs.json.is_array()) return void(Refuse(spurs, "must be a list"));
   if (spurs.json.empty()) Refuse(spurs, "must name at least one spur");
@@ -57,7 +57,7 @@ void Checker::Spur(const Place& spur) {
 }
 
 void Checker::SpurNumber(const Place& spur) {
-  if (!spur.Has("spur")) return void(Refuse(spur["spur"], kMissing));
+  if (!spur.Has("spur")) return void(Refuse(spur.PathOf("spur"), kMissing));
   const Place number = spur["spur"];
   const double most = surroundings_.spurs - 1;
   if (!IsValue(number, std::int32_t(), {0, most})) return;
@@ -120,7 +120,7 @@ void Checker::OneOf(const Place& spindle, const Part<Record>& part, bool isSub) 
   if (!spindle.Has(part.key)) return;
   const Place record = spindle[part.key];
   if (!record.json.is_object()) return void(Refuse(record, "must be an object"));
-  if (!record.Has(kKind)) return void(Refuse(record[kKind], kMissing));
+  if (!record.Has(kKind)) return void(Refuse(record.PathOf(kKind), kMissing));
   const Place word = record[kKind];
   if (!IsText(word)) return;
   const Kind<Record>* const kind = FindKind(part, word.json.get<std::string>());
@@ -138,13 +138,13 @@ void Checker::OneOf(const Place& spindle, const Part<Record>& part, bool isSub) 
 void Checker::Cylinder(const Place& billet) {
   const Json& json = billet.json;
   if (NumberAt(json, "inner_diameter") > NumberAt(json, "outer_diameter")) {
-    Refuse(billet["inner_diameter"], "must not be above outer_diameter");
+    Refuse(billet.PathOf("inner_diameter"), "must not be above outer_diameter");
   }
   const double bar = NumberAt(json, "bar_length");
   const double least =
       NumberAt(json, "part_length") + NumberAt(json, "front_allowance") + NumberAt(json, "rear_allowance");
   if (bar > 0 && bar < least) {
-    Refuse(billet["bar_length"],
+    Refuse(billet.PathOf("bar_length"),
            "must be 0, or at least the length with its allowances: " + NumberText(least));
   }
 }
@@ -162,7 +162,7 @@ bool Checker::IsObject(const Place& place, const Keys& known) {
   if (!place.json.is_object()) return Refuse(place, "must be an object");
   for (const auto& [key, value] : place.json.items()) {
     if (std::ranges::find(known, key) != known.end()) continue;
-    Refuse({value, Below(place.path, key)}, UnknownReason("key", key, known));
+    Refuse(place.PathOf(key), UnknownReason("key", key, known));
   }
   return true;
 }
@@ -209,7 +209,7 @@ bool Checker::Fields(const Place& record, std::span<const Field<Record>> fields,
 template <class Record>
 bool Checker::Value(const Place& record, const Field<Record>& field, bool isSub) {
   if (!record.Has(field.key)) {
-    return field.need == Need::kNone || Refuse(record[field.key], kMissing);
+    return field.need == Need::kNone || Refuse(record.PathOf(field.key), kMissing);
   }
   const Place value = record[field.key];
   if (isSub && field.isOfMainAlone) return Refuse(value, "has no place on the sub spindle");

@@ -11,16 +11,15 @@
 
 namespace vanzet::define {
 
-/// A value of a form, and where it stands.
+/// A value of a form, and where it stands. Good until a key is put into the object that holds it.
 struct Place {
   Json& json;
   std::string path;
 
   bool Has(std::string_view key) const { return json.contains(std::string(key)); }
-  /// What stands under the key; made when it is not there.
-  Place operator[](std::string_view key) const {
-    return {json[std::string(key)], Below(path, std::string(key))};
-  }
+  std::string PathOf(std::string_view key) const { return Below(path, std::string(key)); }
+  /// Requires: it has the key.
+  Place operator[](std::string_view key) const { return {json.at(std::string(key)), PathOf(key)}; }
 };
 
 /// Goes through a form once and collects what is refused.
@@ -49,7 +48,7 @@ class Checker {
   void CatalogueDevice(const Place& device, const DeviceRow& row);
   std::int32_t TypeOf(const Place& device, const DeviceRow& row, const std::optional<DeviceParams>& known);
   void Letters(const Place& device, std::int32_t type, const DeviceParams* known);
-  void NameIsOfOneType(const Place& name, std::int32_t type);
+  void NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type);
 
   /// A record that is of one kind of several.
   template <class Record>
@@ -74,8 +73,9 @@ class Checker {
   template <class Record>
   bool Value(const Place& record, const Field<Record>& field, bool isSub);
 
-  bool Refuse(const Place& place, std::string reason) {
-    refusals_.push_back({place.path, std::move(reason)});
+  bool Refuse(const Place& place, std::string reason) { return Refuse(place.path, std::move(reason)); }
+  bool Refuse(const std::string& path, std::string reason) {
+    refusals_.push_back({path, std::move(reason)});
     return false;
   }
 

@@ -56,18 +56,18 @@ void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
 }
 
 void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
-  const Place name = device["name"];
-  if (!IsText(name)) return;
-  const auto known = surroundings_.catalogue(name.json.get<std::string>());
+  if (!IsText(device["name"])) return;
+  const auto name = device["name"].json.get<std::string>();
+  const auto known = surroundings_.catalogue(name);
   const std::int32_t type = TypeOf(device, row, known);
   if (type == 0) return;
   const bool isKnown = known && known->type == type;
   if (!isKnown && !device.Has("letters")) {
-    return void(Refuse(device["letters"], "is missing, and the catalogue has no " + WordsOf(row) + " " +
-                                              Quoted(name.json.get<std::string>())));
+    return void(Refuse(device.PathOf("letters"),
+                       "is missing, and the catalogue has no " + WordsOf(row) + " " + Quoted(name)));
   }
   Letters(device, type, isKnown ? &*known : nullptr);
-  NameIsOfOneType(name, type);
+  NameIsOfOneType(name, device.PathOf("name"), type);
 }
 
 /// 0 after a refusal.
@@ -75,14 +75,13 @@ std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row,
                              const std::optional<DeviceParams>& known) {
   if (!row.HasShapes()) return row.first;
   const bool isOfCatalogue = known && known->type >= row.first && known->type <= row.last;
-  const double most = row.last - row.first + 1;
-  const bool isGiven = device.Has("shape");
-  const Place shape = device["shape"];
-  if (!isGiven && !isOfCatalogue) {
-    Refuse(shape, "is missing, and the catalogue has no such " + WordsOf(row));
+  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = known->type - row.first + 1;
+  if (!device.Has("shape")) {
+    Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row));
     return 0;
   }
-  if (!isGiven) shape.json = known->type - row.first + 1;
+  const Place shape = device["shape"];
+  const double most = row.last - row.first + 1;
   return IsValue(shape, std::int32_t(), {1, most}) ? row.first + shape.json.get<std::int32_t>() - 1 : 0;
 }
 
@@ -98,15 +97,15 @@ void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams
     } else if (known != nullptr) {
       letters.json[key] = NumberJson(ValueOf(*known, key.front()));
     } else if (!device.Has("file")) {
-      Refuse(letters[key], "is missing");
+      Refuse(letters.PathOf(key), "is missing");
     }
   }
 }
 
-void Checker::NameIsOfOneType(const Place& name, std::int32_t type) {
-  const auto [named, isNew] = names_.try_emplace(name.json.get<std::string>(), Named{type, name.path});
+void Checker::NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type) {
+  const auto [named, isNew] = names_.try_emplace(name, Named{type, path});
   if (isNew || named->second.type == type) return;
-  Refuse(name, "is the name of a device of another kind at " + named->second.path +
+  Refuse(path, "is the name of a device of another kind at " + named->second.path +
                    "; the dialog tells devices apart by their names alone");
 }
 

@@ -68,9 +68,8 @@ Refusals RefusedBy(const std::string& transcript, const std::vector<Step>& steps
     if (!event.is_object()) continue;
     const std::string kind = event.value("event", "");
     if (IsSelection(event)) begun = std::min(begun + 1, steps.size());
-    if (kind == "box") {
-      refusals.push_back(
-          {begun == 0 ? "$" : steps[begun - 1].path, "the dialog says " + Quoted(event.value("text", ""))});
+    if (kind == "box" && begun > 0) {
+      refusals.push_back({steps[begun - 1].path, "the dialog says " + Quoted(event.value("text", ""))});
     }
     if (kind == "error") {
       const auto at = static_cast<std::size_t>(std::max(0, event.value("line", 0)));

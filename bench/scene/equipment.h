@@ -23,14 +23,14 @@ struct Billet {
   double frontAllowance = 0, rearAllowance = 0, barLength = 0;
   bool isShown = true;
   double clampDiameter = 0, angle = 0;
-  std::string outside, inside;  ///< figures; empty: none
-  std::string solid;
+  std::string outside = {}, inside = {};  ///< figures; empty: none
+  std::string solid = {};
 };
 
 struct FinishPart {
   std::int32_t type = 0;  ///< 1 from figures, 2 from a solid; others are none
-  std::string outside, inside;
-  std::string solid;
+  std::string outside = {}, inside = {};
+  std::string solid = {};
 };
 
 /// One spindle. Millimetres and degrees.
