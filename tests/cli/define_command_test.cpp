@@ -155,12 +155,22 @@ TEST_F(DefineCommand, TakesBilletsFromFiguresAndSolids) {
   const Json billet = Shown("lathe")["spurs"][0]["main"]["billet"];
   EXPECT_GT(billet["part_length"], 1) << "of the solid";
   EXPECT_GT(billet["clamp_diameter"], 1);
-  EXPECT_THAT(ReadBytes(folder / "lathe/drawing.txt"), HasSubstr("BilletS"));
+  EXPECT_EQ(Shown("lathe")["spurs"][0]["sub"]["billet"]["outside"], "shaft");
   MakeLathe("other");
   for (const char* const files : {"bodies", "figures"}) {
     std::filesystem::copy(folder / ("lathe/" + std::string(files)), folder / ("other/" + std::string(files)));
   }
   ExpectRoundTrip("lathe", "other");
+}
+
+TEST_F(DefineCommand, TakesTheExampleOfItsPage) {
+  const std::string page = ReadBytes(VANZET_SOURCE_DIR "/docs/formats/definition-json.md");
+  const std::size_t begin = page.find("```json\n") + 8;
+  WriteBytes(folder / "job.json", page.substr(begin, page.find("```", begin) - begin));
+  MakeProject();
+  const Outcome defined = Vanzet("define job.json lathe");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  EXPECT_EQ(Shown("lathe")["spurs"][0]["sub"]["collet"]["name"], "Collet D40 new");
 }
 
 TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
