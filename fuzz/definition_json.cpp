@@ -7,8 +7,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace vanzet;
   auto form = define::ReadJson(fuzz::TextOf(data, size), "fuzz");
   if (!form) return 0;
-  define::Surroundings surroundings{
-      .spurs = 3, .hasSubSpindle = true, .hasTailStock = true, .hasSteadyRest = true};
+  define::Surroundings surroundings;
+  surroundings.spurs = 3;
+  surroundings.hasSubSpindle = surroundings.hasTailStock = surroundings.hasSteadyRest = true;
   surroundings.catalogue = [](const std::string& name) {
     return name == "Chuck" ? std::optional(DeviceParams{.type = 1}) : std::nullopt;
   };
