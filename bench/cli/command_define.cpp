@@ -68,17 +68,20 @@ Result<void> WriteFile(const fs::path& file, const std::string& text) {
 }
 
 /// Plays the dialog through the steps. What it refuses is told; `transcript` goes on with what happened.
-Result<void> PlaySteps(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
+/// `name` is that of the script among the files of the run.
+Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, const Job& job,
+                       std::string& transcript) {
   const auto folder = job.host.runFolder.Path();
   if (!folder) return folder.fault();
   const Script script = define::ScriptOf(steps);
-  if (const auto written = WriteFile(*folder / "define.txt", script.text); !written) return written;
+  const fs::path file = *folder / (name + ".txt");
+  if (const auto written = WriteFile(file, script.text); !written) return written;
   std::istringstream pickLines(script.picks);
   auto picks = drawing::Picks::Read(pickLines, job.name);
   if (!picks) return picks.fault();
   job.host.picks = std::move(*picks);
   const int faultsBefore = job.context.panel.faults();
-  const auto played = PlayDialog(*folder / "define.txt", *folder / "define.jsonl", job.host, job.context);
+  const auto played = PlayDialog(file, *folder / (name + ".jsonl"), job.host, job.context);
   if (!played) return played.fault();
   transcript += *played;
   const auto done = NothingOf(define::RefusedBy(*played, steps, script), job.name, job.context);
@@ -109,8 +112,8 @@ Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings&
 
 /// Gives the values to the dialog, presses OK when it took them all, and looks at what became of them.
 Result<void> Play(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
-  if (const auto taken = PlaySteps(steps, job, transcript); !taken) return taken;
-  if (const auto done = PlaySteps({define::OkStep()}, job, transcript); !done) return done;
+  if (const auto taken = PlaySteps("values", steps, job, transcript); !taken) return taken;
+  if (const auto done = PlaySteps("ok", {define::OkStep()}, job, transcript); !done) return done;
   const auto stored = StoredForm(job);
   if (!stored) return stored.fault();
   return NothingOf(define::Differences(job.form, *stored), job.name, job.context);
