@@ -136,7 +136,7 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
   const auto steps = StepsOfJob(job, surroundings);
   if (!steps) return steps.fault();
   if (const auto put = PutCatalogue(job); !put) return put.fault();
-  NewDefinitions definitions(job.host.store, *blank);
+  NewDefinitions definitions(job.host.store, *blank, job.context.panel);
   std::string lines;
   for (const define::Json& spur : job.form["spurs"]) {
     const auto index = spur["spur"].get<std::int32_t>();

@@ -6,10 +6,9 @@ namespace vanzet::cli {
 
 NewDefinitions::~NewDefinitions() {
   for (const Former& former : formers_) {
-    // What cannot be put back now is in another process's hands; there is nobody left to tell.
     const auto done =
         former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
-    static_cast<void>(done);
+    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Told()});
   }
 }
 

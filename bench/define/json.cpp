@@ -53,10 +53,10 @@ class Keys {
 std::size_t Distance(const std::string& from, const std::string& to) {
   std::vector<std::size_t> row(to.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < from.size(); ++i) {
+  for (const char letter : from) {
     std::size_t diagonal = row[0]++;
     for (std::size_t j = 0; j < to.size(); ++j) {
-      const std::size_t change = diagonal + (from[i] == to[j] ? 0 : 1);
+      const std::size_t change = diagonal + (letter == to[j] ? 0 : 1);
       diagonal = row[j + 1];
       row[j + 1] = std::min({change, diagonal + 1, row[j] + 1});
     }
@@ -97,8 +97,8 @@ Json NumberJson(double value) {
 
 std::string NumberText(double value) {
   std::array<char, 32> text = {};
-  const auto end = std::to_chars(text.begin(), text.end(), value).ptr;
-  return {text.begin(), end};
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  return {text.data(), end};
 }
 
 std::string Quoted(const std::string& word) {

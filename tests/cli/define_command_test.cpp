@@ -142,6 +142,20 @@ TEST_F(DefineCommand, TakesDevicesFromTheirFiles) {
             "vanzet: standard input: $.spurs[0].main.chuck.letters.B: the definition has 60 instead of 61\n");
 }
 
+TEST_F(DefineCommand, PutsTheCenterInThePlaceOfASubSpindleThatTheMachineHasNot) {
+  for (const char* const name : {"one", "two"})
+    MakeLathe(name, "SubSpindleAvailable = 0\nTailStockAvailable = 1\n");
+  const Outcome defined =
+      Define(Json::parse(R"({"spurs": [{"spur": 0, "center": {"name": "Center 60 deg MT4"},
+      "main": {"face_driver": {"name": "Face driver D50"}}, "steady_rest": true}]})"),
+             "one", "--trace calls.jsonl");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  EXPECT_EQ(SectionsOf(1000, 2, "one")[1][0], "Center 60 deg MT4");
+  EXPECT_EQ(Shown("one")["spurs"][0]["center"]["shape"], 1);
+  EXPECT_THAT(ReadBytes(folder / "calls.jsonl"), HasSubstr("OrvoCommand"));
+  ExpectRoundTrip("one", "two");
+}
+
 TEST_F(DefineCommand, TakesBilletsFromFiguresAndSolids) {
   MakeProject();
   std::filesystem::copy(VANZET_SOURCE_DIR "/examples/bodies/casting.step", folder / "lathe/bodies");
