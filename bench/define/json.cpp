@@ -98,7 +98,11 @@ Json NumberJson(double value) {
 std::string NumberText(double value) {
   std::array<char, 32> text = {};
   const char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  return {text.data(), end};
+  return {text.data(), static_cast<std::size_t>(end - text.data())};
+}
+
+bool IsEmptyText(const Json& json) {
+  return json.is_string() && json.get_ref<const std::string&>().empty();
 }
 
 std::string Quoted(const std::string& word) {

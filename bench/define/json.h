@@ -33,6 +33,9 @@ std::string Below(const std::string& path, const std::string& key);
 Json NumberJson(double value);
 std::string NumberText(double value);
 
+/// True for a text without characters.
+bool IsEmptyText(const Json& json);
+
 /// A key or another word of the form, as a reason quotes it.
 std::string Quoted(const std::string& word);
 

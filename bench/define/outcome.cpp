@@ -20,7 +20,7 @@ double ToleranceOf(double value) {
 }
 
 bool IsNothing(const Json& value) {
-  return value.is_null() || value == false || value == 0 || value == "";
+  return value.is_null() || value == false || value == 0 || IsEmptyText(value);
 }
 
 class Comparison {

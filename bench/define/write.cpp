@@ -28,7 +28,7 @@ void AddFields(Json& json, std::span<const Field<Record>> fields, const Record& 
   for (const Field<Record>& field : fields) {
     if (field.isOfMainAlone && isSub) continue;
     Json value = std::visit([&](auto member) { return ValueJson(record.*member); }, field.member);
-    if (value != "") json[std::string(field.key)] = std::move(value);
+    if (!IsEmptyText(value)) json[std::string(field.key)] = std::move(value);
   }
 }
 
