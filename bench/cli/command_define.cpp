@@ -7,7 +7,6 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/define_surroundings.h"
-#include "cli/definitions.h"
 #include "cli/dialog_play.h"
 #include "cli/new_definitions.h"
 #include "cli/output.h"
@@ -15,6 +14,7 @@
 #include "define/outcome.h"
 #include "define/write.h"
 #include "project/text_file.h"
+#include "results/definitions.h"
 #include "scene/equipment.h"
 #include "vdm/vdm_file.h"
 
@@ -79,7 +79,7 @@ Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, 
   std::istringstream pickLines(script.picks);
   auto picks = drawing::Picks::Read(pickLines, job.name);
   if (!picks) return picks.fault();
-  job.host.picks = std::move(*picks);
+  job.host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
   const int faultsBefore = job.context.panel.faults();
   const auto played = PlayDialog(file, *folder / (name + ".jsonl"), job.host, job.context);
   if (!played) return played.fault();
@@ -95,9 +95,10 @@ Result<define::Json> StoredForm(const Job& job) {
   Refusals leftOut;
   for (const define::Json& spur : job.form["spurs"]) {
     const auto number = spur["spur"].get<std::int32_t>();
-    const auto definition = FindDefinition(number, job.project, job.host.store);
-    if (!definition) return definition.fault();
-    const scene::Equipment equipment = *definition ? scene::ReadEquipment(**definition) : scene::Equipment();
+    const auto read = results::ReadDefinition(job.project, number);
+    if (!read) return read.fault();
+    const scene::Equipment equipment =
+        read->definition ? scene::ReadEquipment(*read->definition) : scene::Equipment();
     stored["spurs"].push_back(define::SpurForm(number, equipment, "$", leftOut));
   }
   return stored;
@@ -204,6 +205,7 @@ void AddDefine(CLI::App& app, Context& context) {
   };
   addFile("--transcript", &Arguments::transcript, "write what happens in the dialog to this file");
   addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
+  AddKeepTmp(*command, context);
   command->footer(
       "Example:\n  vanzet define bar-job.json lathe\n  vanzet show lathe --json | vanzet define - other");
   command->callback([=, &context] { context.run = [=, &context] { return Define(*arguments, context); }; });

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/number_text.h"
+
 namespace vanzet::define {
 namespace {
 
@@ -145,7 +147,7 @@ void Checker::Cylinder(const Place& billet) {
       NumberAt(json, "part_length") + NumberAt(json, "front_allowance") + NumberAt(json, "rear_allowance");
   if (bar > 0 && bar < least) {
     Refuse(billet.PathOf("bar_length"),
-           "must be 0, or at least the length with its allowances: " + NumberText(least));
+           "must be 0, or at least the length with its allowances: " + ExactText(least));
   }
 }
 
@@ -183,7 +185,7 @@ bool Checker::IsNumber(const Place& place, const Range& range) {
   if (!place.json.is_number()) return Refuse(place, "must be a number");
   const double number = place.json.get<double>();
   if (number >= range.least && number <= range.most) return true;
-  return Refuse(place, "must be from " + NumberText(range.least) + " to " + NumberText(range.most));
+  return Refuse(place, "must be from " + ExactText(range.least) + " to " + ExactText(range.most));
 }
 
 bool Checker::IsValue(const Place& place, std::int32_t /*of*/, const Range& range) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "base/number_text.h"
 #include "define/tables.h"
 
 namespace vanzet::define {
@@ -40,7 +41,7 @@ std::string ScriptWord(const std::string& text) {
 std::string SetLine(std::int32_t control, const Json& value) {
   const std::string set = Line("set", control) + " ";
   if (value.is_boolean()) return set + (value.get<bool>() ? "1" : "0");
-  if (value.is_number()) return set + NumberText(value.get<double>());
+  if (value.is_number()) return set + ExactText(value.get<double>());
   return set + ScriptWord(value.get<std::string>());
 }
 
@@ -225,7 +226,7 @@ std::string CatalogueText(const Json& form) {
     text += device["name"].get<std::string>() + "\n" + std::to_string(row.first + shape - 1);
     // A type keeps letters from A on without a gap, as a value line has them.
     for (const char letter : LettersOf(row.first + shape - 1)) {
-      text += " " + NumberText(device["letters"][std::string(1, letter)].get<double>());
+      text += " " + ExactText(device["letters"][std::string(1, letter)].get<double>());
     }
     text += "\n";
   });

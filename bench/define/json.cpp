@@ -1,8 +1,6 @@
 #include "define/json.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <numeric>
 #include <optional>
@@ -93,12 +91,6 @@ Json NumberJson(double value) {
   constexpr double kExact = 9007199254740992;  // from here on not every whole number is a double
   if (value == std::floor(value) && std::abs(value) < kExact) return static_cast<std::int64_t>(value);
   return value;
-}
-
-std::string NumberText(double value) {
-  std::array<char, 32> text = {};
-  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  return {text.data(), static_cast<std::size_t>(end - text.data())};
 }
 
 bool IsEmptyText(const Json& json) {

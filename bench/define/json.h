@@ -28,10 +28,8 @@ Result<Json> ReadJson(const std::string& text, const std::string& name);
 /// The path of what stands in `path` under the key.
 std::string Below(const std::string& path, const std::string& key);
 
-/// A number as JSON and as the text of an edit has it: whole numbers without a point, else as many digits as
-/// tell it.
+/// A number as people write it: whole numbers without a point.
 Json NumberJson(double value);
-std::string NumberText(double value);
 
 /// True for a text without characters.
 bool IsEmptyText(const Json& json);

@@ -48,7 +48,8 @@ const std::map<std::string, Folders> kWorkbench = {
     {"results", {"base", "vdm", "project", "drawing", "contour", "geometry", "modeller", "scene"}},
     {"define", {"base", "macro/tables", "scene"}},
     {"cli",
-     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results", "define"}},
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
+      "define"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
 };
