@@ -52,6 +52,11 @@ Result<std::int32_t> Host::BodyNamed(std::string_view name) {
   return modeller::NumberOfNamed(name, bodies, project.folder() / "bodies", exchange);
 }
 
+Result<std::string> Host::Setting(std::string_view key) {
+  if (!catalogue.empty() && key == "CLAMP_DB_PATH") return catalogue.string();
+  return settings_.Value(key);
+}
+
 std::string Host::Environment(std::string_view key) {
   const std::string value = project.Environment(key);
   if (!value.empty() || key != "TMP") return value;

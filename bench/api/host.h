@@ -49,7 +49,7 @@ class Host final : public language::Workplace {
   /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.
   std::string Environment(std::string_view key) override;
 
-  Result<std::string> Setting(std::string_view key) override { return settings_.Value(key); }
+  Result<std::string> Setting(std::string_view key) override;
   Result<void> SetSetting(std::string_view key, std::string_view value) override {
     return settings_.Set(key, value);
   }
@@ -68,6 +68,7 @@ class Host final : public language::Workplace {
   drawing::Board board;
   /// Who answers picks: at first nobody, and each is cancelled. Never null.
   std::unique_ptr<drawing::PickSource> picks = std::make_unique<drawing::Picks>();
+  std::filesystem::path catalogue;  ///< stands in for the project's catalogue of devices unless it is empty
   modeller::BodyTable bodies;
   const modeller::MeshTolerance mesh;                             ///< of exported bodies
   modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder

@@ -18,7 +18,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 constexpr void (*kCommands[])(CLI::App&, Context&) = {
-    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddItems,      AddVdm,
+    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddDefine,     AddItems,  AddVdm,
     AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
 };
 

@@ -20,8 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kDeviceOperation = 1;
-
 struct MakeArguments {
   std::string deviceClass, body, outline, out;
   std::string looking = "x";
@@ -101,8 +99,7 @@ Result<void> Make(const MakeArguments& arguments) {
 
 /// What a file of an own device holds.
 struct Shown {
-  scene::DeviceClass deviceClass;
-  double first, second;
+  scene::OwnDeviceValues values;
   scene::DeviceText device;
   modeller::Measures measures;
   geometry::Box3d box;
@@ -110,33 +107,18 @@ struct Shown {
 };
 
 Result<Shown> ReadShown(const project::Definition& content) {
-  constexpr std::int32_t kGroup = 3;
-  const auto& values = scene::ItemsOf(content, kDeviceOperation, 2);
-  if (values.empty()) return Fault{"holds no device: operation 1 has no values"};
-  std::string_view rest = values.front();
-  const auto group = IntegerPrefix(rest);
-  rest.remove_prefix(group ? group->used : 0);
-  const auto number = IntegerPrefix(rest);
-  rest.remove_prefix(number ? number->used : 0);
-  const auto deviceClass = static_cast<scene::DeviceClass>(number ? number->value : -1);
-  if (!group || group->value != kGroup || scene::WordOf(deviceClass).empty()) {
-    return Fault{"holds no chuck, jaw or center"};
-  }
-  const auto [first, second, none] = scene::ThreeReals(rest);
-  const auto device = scene::ReadDeviceText(content, kDeviceOperation, modeller::Exchange::OfProcess());
+  const auto values = scene::ReadOwnDeviceValues(content);
+  if (!values) return values.fault();
+  const auto device =
+      scene::ReadDeviceText(content, scene::kOwnDeviceOperation, modeller::Exchange::OfProcess());
   if (!device) return device.fault();
   if (!*device) return Fault{"holds no body"};
   const auto measures = modeller::MeasuresOf((*device)->body);
   if (!measures) return measures.fault();
   const auto box = modeller::Extents((*device)->body);
   if (!box) return box.fault();
-  return Shown{deviceClass,
-               first,
-               second,
-               **device,
-               *measures,
-               *box,
-               scene::ItemsOf(content, kDeviceOperation, 3).size()};
+  return Shown{*values, **device, *measures, *box,
+               scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {
@@ -152,9 +134,9 @@ Result<void> Show(const std::string& file, bool isJson) {
   if (!definition) return definition.fault();
   const auto shown = ReadShown(*definition);
   if (!shown) return Fault{shown.fault().text, path.string()};
-  const Json json = {{"class", scene::WordOf(shown->deviceClass)},
-                     {"first", shown->first},
-                     {"second", shown->second},
+  const Json json = {{"class", scene::WordOf(shown->values.deviceClass)},
+                     {"first", shown->values.first},
+                     {"second", shown->values.second},
                      {"from", PointOf(shown->box.min)},
                      {"to", PointOf(shown->box.max)},
                      {"volume", shown->measures.volume},

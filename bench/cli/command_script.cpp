@@ -1,11 +1,10 @@
 #include <CLI/CLI.hpp>
-#include <cstdlib>
-#include <fstream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
-#include "api/module.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/dialog_play.h"
 #include "cli/output.h"
 #include "project/text_file.h"
 
@@ -30,16 +29,6 @@ Result<void> ErrorsIn(const std::string& transcript, const std::string& script) 
   return {};
 }
 
-/// Has the module serve its dialog from the script; the transcript goes to the file.
-Result<void> Play(const std::string& script, const std::filesystem::path& transcript, api::Host& host,
-                  Context& context) {
-  const auto module = api::FindModule(context.program);
-  if (!module) return module.fault();
-  setenv("VANZET_SCRIPT", script.c_str(), 1);
-  setenv("VANZET_TRANSCRIPT", transcript.c_str(), 1);
-  return api::CallModule(*module, "mstart", host);
-}
-
 Result<void> TakePicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
   auto picks = drawing::Picks::ReadFile(file);
@@ -62,8 +51,7 @@ Result<void> Script(const Arguments& arguments, Context& context) {
   const bool isPrinted = arguments.transcript.empty();
   const std::filesystem::path file =
       isPrinted ? *folder / "transcript.jsonl" : std::filesystem::path(arguments.transcript);
-  if (const auto played = Play(script, file, host, context); !played) return played;
-  const auto transcript = project::ReadTextFile(file, file.string());
+  const auto transcript = PlayDialog(script, file, host, context);
   if (!transcript) return transcript.fault();
   if (isPrinted) {
     if (const auto printed = Print(*transcript); !printed) return printed;

@@ -6,7 +6,9 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
+#include "define/write.h"
 #include "results/definitions.h"
+#include "scene/equipment.h"
 
 namespace vanzet::cli {
 namespace {
@@ -64,35 +66,25 @@ std::string Text(const Spurs& spurs) {
   return text;
 }
 
-Json ToJson(const project::Operation& operation) {
-  Json json = {{"label", operation.Label()},
-               {"kind", operation.kind},
-               {"flag", operation.flag},
-               {"sections", operation.sections}};
-  if (!operation.damage.empty()) json["damage"] = operation.damage;
-  return json;
-}
-
-Json ToJson(const Spurs& spurs) {
+/// The form that 'vanzet define' reads. What it has no place for is told.
+Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
   Json list = Json::array();
+  define::Refusals leftOut;
   for (const results::SpurDefinition& spur : spurs) {
-    Json json = {{"spur", spur.spur}, {"vdm", spur.vdm}, {"version", nullptr}, {"operations", Json::array()}};
-    if (spur.definition) {
-      json["version"] = spur.definition->version;
-      for (const auto& operation : spur.definition->operations)
-        json["operations"].push_back(ToJson(operation));
-    }
-    list.push_back(std::move(json));
+    if (!spur.definition) continue;
+    const std::string path = "$.spurs[" + std::to_string(list.size()) + "]";
+    list.push_back(define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), path, leftOut));
   }
+  for (const define::Refusal& each : leftOut) panel.Tell(Fault{each.path + ": " + each.reason});
   return {{"spurs", list}};
 }
 
-Result<void> Show(const Arguments& arguments, const Context& context) {
+Result<void> Show(const Arguments& arguments, Context& context) {
   const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
   const auto spurs = ReadSpurs(arguments, *project);
   if (!spurs) return spurs.fault();
-  const auto printed = arguments.json ? PrintJson(ToJson(*spurs)) : Print(Text(*spurs));
+  const auto printed = arguments.json ? PrintJson(ToJson(*spurs, context.panel)) : Print(Text(*spurs));
   if (!printed) return printed;
   for (const results::SpurDefinition& spur : *spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
@@ -116,7 +108,7 @@ void AddShow(CLI::App& app, Context& context) {
           "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
           "only this spur, counted from 0")
       ->type_name("N");
-  command->add_flag("--json", arguments->json, "for programs");
+  command->add_flag("--json", arguments->json, "the equipment in the form that 'vanzet define' reads");
   command->footer("Example:\n  vanzet show lathe --spur 1 --json");
   command->callback([=, &context] { context.run = [=, &context] { return Show(*arguments, context); }; });
 }

@@ -11,6 +11,7 @@ void AddOpen(CLI::App& app, Context& context);
 void AddUpgrade(CLI::App& app, Context& context);
 void AddScript(CLI::App& app, Context& context);
 void AddShow(CLI::App& app, Context& context);
+void AddDefine(CLI::App& app, Context& context);
 void AddItems(CLI::App& app, Context& context);
 void AddVdm(CLI::App& app, Context& context);
 void AddCommand(CLI::App& app, Context& context);

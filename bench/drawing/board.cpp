@@ -52,7 +52,7 @@ Result<void> Board::Load() {
 }
 
 Result<void> Board::Save() {
-  if (folder_.empty() || changes_.None()) return {};
+  if (folder_.empty() || isHeld || changes_.None()) return {};
   const auto lock = vdm::FolderLock::Take(folder_);
   if (!lock) return lock.fault();
   auto kept = ReadFile();

@@ -43,6 +43,9 @@ class Board {
   Window window = Window::kDisplay;
   Workpieces workpieces;
 
+  /// While true `Save` leaves the file alone, and all that was changed can still be given up.
+  bool isHeld = false;
+
   /// The current layer.
   const std::string& layer() const { return layer_; }
   /// Makes the layer current, and makes it when there is none. Refused: what is no name.

@@ -38,18 +38,8 @@ std::string FigureOf(const std::vector<std::string>& items, std::size_t item) {
   return name == "0" ? "" : name;
 }
 
-DeviceParams ParamsOf(std::string_view text) {
-  constexpr std::int32_t kFirstOld = 109, kLastOld = 113, kOldToNew = 6;
-  DeviceParams params;
-  Fields fields(text);
-  params.type = fields.Integer();
-  for (double DeviceParams::*const real : kDeviceReals) params.*real = fields.Real();
-  if (params.type >= kFirstOld && params.type <= kLastOld) params.type -= kOldToNew;
-  return params;
-}
-
 Device DeviceOf(const std::vector<std::string>& items) {
-  return {ItemOf(items, 0), ParamsOf(ItemOf(items, 1))};
+  return {ItemOf(items, 0), ReadDeviceParams(ItemOf(items, 1))};
 }
 
 void ReadCylinder(Fields& fields, Billet& billet) {
@@ -130,8 +120,18 @@ std::array<double, 3> ThreeReals(std::string_view text) {
   return reals;
 }
 
+DeviceParams ReadDeviceParams(std::string_view valueLine) {
+  constexpr std::int32_t kFirstOld = 109, kLastOld = 113, kOldToNew = 6;
+  DeviceParams params;
+  Fields fields(valueLine);
+  params.type = fields.Integer();
+  for (double DeviceParams::*const real : kDeviceReals) params.*real = fields.Real();
+  if (params.type >= kFirstOld && params.type <= kLastOld) params.type -= kOldToNew;
+  return params;
+}
+
 Equipment ReadEquipment(const Definition& definition) {
-  constexpr std::size_t kDatum = 3, kCenter = 10, kFirstFinishPart = 16;
+  constexpr std::size_t kDatum = 3, kSteadyRest = 4, kCenter = 10, kFirstFinishPart = 16;
   Equipment equipment;
   for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
     Spindle& spindle = equipment.spindles[i];
@@ -144,6 +144,7 @@ Equipment ReadEquipment(const Definition& definition) {
     spindle.finishPart = FinishPartOf(ItemsOf(definition, kFirstFinishPart + i, 1));
   }
   ReadDatum(ItemOf(ItemsOf(definition, kDatum, 1), 0), equipment);
+  equipment.usesSteadyRest = IntegerOrZero(ItemOf(ItemsOf(definition, kSteadyRest, 1), 0)) != 0;
   equipment.center = DeviceOf(ItemsOf(definition, kCenter, 1));
   Spindle& sub = equipment.spindles[1];
   equipment.isCenterInSub = IsCenterType(sub.clamp.params.type);

@@ -23,14 +23,14 @@ struct Billet {
   double frontAllowance = 0, rearAllowance = 0, barLength = 0;
   bool isShown = true;
   double clampDiameter = 0, angle = 0;
-  std::string outside, inside;  ///< figures; empty: none
-  std::string solid;
+  std::string outside = {}, inside = {};  ///< figures; empty: none
+  std::string solid = {};
 };
 
 struct FinishPart {
   std::int32_t type = 0;  ///< 1 from figures, 2 from a solid; others are none
-  std::string outside, inside;
-  std::string solid;
+  std::string outside = {}, inside = {};
+  std::string solid = {};
 };
 
 /// One spindle. Millimetres and degrees.
@@ -48,10 +48,14 @@ struct Equipment {
   Device center;
   bool isCenterInSub =
       false;  ///< the machine has no sub spindle: its place in the definition is the center's
+  bool usesSteadyRest = false;
 };
 
 /// Whatever the definition lacks stays as it is in an empty one.
 Equipment ReadEquipment(const project::Definition& definition);
+
+/// The device that a value line tells, its type by its newer code.
+DeviceParams ReadDeviceParams(std::string_view valueLine);
 
 /// The items of a section; none when there is no such section.
 const std::vector<std::string>& ItemsOf(const project::Definition& definition, std::size_t operation,

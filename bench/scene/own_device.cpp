@@ -4,7 +4,9 @@
 
 #include "base/device_vrml.h"
 #include "base/number_text.h"
+#include "base/numbers.h"
 #include "modeller/mesh.h"
+#include "scene/equipment.h"
 
 namespace vanzet::scene {
 namespace {
@@ -21,7 +23,7 @@ constexpr ClassRow kClasses[] = {
     {DeviceClass::kCenter, "center"},
 };
 
-constexpr std::string_view kGroup = "3";  // of all clamp devices, jaws and centers
+constexpr std::int32_t kGroup = 3;  // of all clamp devices, jaws and centers
 
 std::string RealText(double value) {
   constexpr int kDecimals = 6;
@@ -106,7 +108,7 @@ Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
   auto text = DeviceVrmlLines(device.body, OffsetOf(device));
   if (!text) return text.fault();
   const std::string word(WordOf(device.deviceClass));
-  const std::string values = std::string(kGroup) + " " +
+  const std::string values = std::to_string(kGroup) + " " +
                              std::to_string(static_cast<int>(device.deviceClass)) + " " +
                              RealText(device.first) + " " + RealText(device.second);
   Lines outline;
@@ -117,6 +119,22 @@ Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
   content.Insert(0, RecordOf("1", {{"Own device"}}));
   content.Insert(1, RecordOf("2", {{"Own " + word}, std::move(*text), {values}, std::move(outline)}));
   return content;
+}
+
+Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content) {
+  const auto& items = ItemsOf(content, kOwnDeviceOperation, 2);
+  if (items.empty()) return Fault{"holds no device: operation 1 has no values"};
+  std::string_view rest = items.front();
+  const auto group = IntegerPrefix(rest);
+  rest.remove_prefix(group ? group->used : 0);
+  const auto number = IntegerPrefix(rest);
+  rest.remove_prefix(number ? number->used : 0);
+  const auto deviceClass = static_cast<DeviceClass>(number ? number->value : -1);
+  if (!group || group->value != kGroup || WordOf(deviceClass).empty()) {
+    return Fault{"holds no chuck, jaw or center"};
+  }
+  const auto [first, second, none] = ThreeReals(rest);
+  return OwnDeviceValues{deviceClass, first, second};
 }
 
 }  // namespace vanzet::scene

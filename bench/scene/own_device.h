@@ -7,6 +7,7 @@
 
 #include "geometry/kurve.h"
 #include "modeller/body.h"
+#include "project/definition.h"
 #include "vdm/vdm.h"
 
 /// Devices that a shop has made itself, each in a VDM of its own: docs/formats/definition.md, "Own devices".
@@ -30,6 +31,18 @@ struct OwnDevice {
 
 /// The VDM of the device. A fault when the body cannot be meshed.
 Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device);
+
+/// What a device's VDM tells of it besides its body and its outline.
+struct OwnDeviceValues {
+  DeviceClass deviceClass;
+  double first, second;
+};
+
+/// Refused, without the file's name: a VDM that holds no device.
+Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content);
+
+/// The operation of the VDM that all of a device stands in.
+inline constexpr std::size_t kOwnDeviceOperation = 1;
 
 /// The lines of a device's VRML text, with their line ends: docs/formats/device-vrml.md. `offset` is how far
 /// behind the origin the plug begins.

@@ -46,8 +46,10 @@ const std::map<std::string, Folders> kWorkbench = {
     {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
     {"scene", {"base", "vdm", "project", "modeller", "geometry", "macro/tables"}},
     {"results", {"base", "vdm", "project", "drawing", "contour", "geometry", "modeller", "scene"}},
+    {"define", {"base", "macro/tables", "scene"}},
     {"cli",
-     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
+      "define"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
 };

@@ -10,7 +10,7 @@ class Help : public CommandLineTest {};
 TEST_F(Help, OfEveryCommandHasAnExample) {
   for (const std::string command :
        {"", "new", "open", "upgrade", "show", "items", "vdm", "vdm save", "vdm load", "vdm check", "command",
-        "script", "picture", "export", "device make", "device show", "completion", "manual"}) {
+        "script", "define", "picture", "export", "device make", "device show", "completion", "manual"}) {
     const Outcome help = Vanzet(command + " --help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.out, HasSubstr("Example:\n  ")) << command;

@@ -3,6 +3,8 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <sstream>
 
 namespace vanzet::test {
 
@@ -18,6 +20,22 @@ Outcome CommandLineTest::Vanzet(const std::string& arguments, const std::string&
   const int status = std::system(("exec bash " + (streams / "command").string()).c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadBytes(streams / "out"),
           ReadBytes(streams / "err")};
+}
+
+std::vector<std::vector<std::string>> CommandLineTest::SectionsOf(int vdm, std::size_t operation,
+                                                                  const std::string& project) {
+  const Outcome items = Vanzet("items " + project + " --json --vdm " + std::to_string(vdm));
+  const auto record = nlohmann::json::parse(items.out)["records"].at(operation);
+  std::istringstream header(record[0].get<std::string>());
+  std::size_t kind = 0, flag = 0, sections = 0, item = 1;
+  header >> kind >> flag >> sections;
+  std::vector<std::vector<std::string>> all;
+  for (std::size_t count = 0; header >> count;) {
+    auto& section = all.emplace_back();
+    while (section.size() < count) section.push_back(record.at(item++));
+  }
+  EXPECT_EQ(all.size(), sections);
+  return all;
 }
 
 void CommandLineTest::MakeProject() {

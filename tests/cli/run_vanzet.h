@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <string>
+#include <vector>
 
 #include "support/temporary_folder.h"
 
@@ -20,6 +21,10 @@ class CommandLineTest : public testing::Test {
  protected:
   /// Runs "vanzet ARGUMENTS"; `before` stands before it on the shell's line, as settings and limits do.
   Outcome Vanzet(const std::string& arguments, const std::string& before = "", const std::string& input = "");
+
+  /// The sections of an operation of a VDM of a project.
+  std::vector<std::vector<std::string>> SectionsOf(int vdm, std::size_t operation,
+                                                   const std::string& project = "lathe");
 
   /// Makes the sample project "lathe"; with its definitions when upgraded.
   void MakeProject();

@@ -1,5 +1,3 @@
-#include <nlohmann/json.hpp>
-
 #include "run_vanzet.h"
 
 namespace vanzet::test {
@@ -7,14 +5,12 @@ namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-using Json = nlohmann::json;
 
 class ScriptCommand : public CommandLineTest {
  protected:
   /// The sections of an operation of the first spur.
-  Json Sections(std::size_t operation) {
-    return Json::parse(
-        Vanzet("show lathe --spur 0 --json").out)["spurs"][0]["operations"][operation]["sections"];
+  std::vector<std::vector<std::string>> Sections(std::size_t operation) {
+    return SectionsOf(1000, operation);
   }
 
   const std::string kBarJob = VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt";

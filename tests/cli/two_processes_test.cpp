@@ -39,6 +39,20 @@ TEST_F(TwoProcesses, ShowWhatWasClosedLastWhileAnotherWorks) {
   EXPECT_EQ(Vanzet("show lathe").out, before);
 }
 
+TEST_F(TwoProcesses, DefineNothingWhileOneOfTheDefinitionsIsOpenElsewhere) {
+  MakeUpgradedProject();
+  vdm::VdmStore store(folder / "lathe");
+  const auto handle = store.Open(1001);
+  ASSERT_TRUE(handle);
+  const std::string before = Vanzet("items lathe").out;
+  const Outcome refused =
+      Vanzet("define - lathe", "",
+             R"({"spurs": [{"spur": 0, "main": {"chuck": {"name": "Chuck 160"}}}, {"spur": 1}]})");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.err, HasSubstr("1001"));
+  EXPECT_EQ(Vanzet("items lathe").out, before);
+}
+
 TEST_F(TwoProcesses, LeaveDefinitionsWholeWhenTheUpgradeIsKilled) {
   MakeProject();
   for (int milliseconds = 0; milliseconds < 40; ++milliseconds) {

@@ -81,7 +81,7 @@ struct DialogWorld {
   std::map<std::string, std::vector<FakeHost::Record>> files;
 
   FakeHost host;
-  TemporaryFolder folder;
+  TemporaryFolder folder{FolderInMemory()};
   std::filesystem::path catalogue = folder / "clampdevice.cld";
   int window = 0;  ///< its address stands for the host's main window
 

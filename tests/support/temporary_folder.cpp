@@ -1,13 +1,14 @@
 #include "support/temporary_folder.h"
 
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <stdexcept>
 
 namespace vanzet::test {
 
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "vanzet-test-XXXXXX").string();
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& below) {
+  std::string name = (below / "vanzet-test-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder could be made");
   path_ = name;
 }
@@ -15,6 +16,11 @@ TemporaryFolder::TemporaryFolder() {
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
+}
+
+std::filesystem::path FolderInMemory() {
+  const std::filesystem::path memory = "/dev/shm";
+  return access(memory.c_str(), W_OK | X_OK) == 0 ? memory : std::filesystem::temp_directory_path();
 }
 
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {

@@ -11,7 +11,7 @@ namespace vanzet::test {
 /// A folder of the test's own that goes with it.
 class TemporaryFolder {
  public:
-  TemporaryFolder();
+  explicit TemporaryFolder(const std::filesystem::path& below = std::filesystem::temp_directory_path());
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -22,6 +22,10 @@ class TemporaryFolder {
  private:
   std::filesystem::path path_;
 };
+
+/// Where folders of tests that make very many go, so that they need not wait for a disk: in memory if the
+/// system has such a place.
+std::filesystem::path FolderInMemory();
 
 /// Writes the bytes as they are, making the folders on the way.
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes);

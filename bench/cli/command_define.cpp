@@ -1,0 +1,214 @@
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/define_surroundings.h"
+#include "cli/dialog_play.h"
+#include "cli/new_definitions.h"
+#include "cli/output.h"
+#include "define/events.h"
+#include "define/outcome.h"
+#include "define/write.h"
+#include "project/text_file.h"
+#include "results/definitions.h"
+#include "scene/equipment.h"
+#include "vdm/vdm_file.h"
+
+namespace vanzet::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using define::Refusals;
+using define::Script;
+using define::Step;
+
+struct Arguments {
+  std::vector<std::string> words;
+  std::string transcript, trace;
+  bool isDryRun = false;
+};
+
+/// A form that was found sound, and where it goes.
+struct Job {
+  std::string name;  ///< of the form's file, as faults tell it
+  define::Json form;
+  const project::Project& project;
+  api::Host& host;
+  Context& context;
+};
+
+Result<define::Json> ReadForm(const std::string& file) {
+  if (file == "-") {
+    return define::ReadJson({std::istreambuf_iterator<char>(std::cin), {}}, "standard input");
+  }
+  const auto text = project::ReadTextFile(file, file);
+  if (!text) return text.fault();
+  return define::ReadJson(*text, file);
+}
+
+/// Done where nothing was refused; else each refusal is told, the last one as the command's own fault.
+Result<void> NothingOf(const Refusals& refusals, const std::string& name, Context& context) {
+  for (const define::Refusal& refusal : refusals) {
+    const Fault fault{refusal.path + ": " + refusal.reason, name};
+    if (&refusal == &refusals.back()) return fault;
+    context.panel.Tell(fault);
+  }
+  return {};
+}
+
+Result<void> WriteFile(const fs::path& file, const std::string& text) {
+  std::ofstream stream(file, std::ios::binary);
+  stream << text << std::flush;
+  if (stream.good()) return {};
+  return Fault{"cannot be written", file.string()};
+}
+
+/// Plays the dialog through the steps. What it refuses is told; `transcript` goes on with what happened.
+/// `name` is that of the script among the files of the run.
+Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, const Job& job,
+                       std::string& transcript) {
+  const auto folder = job.host.runFolder.Path();
+  if (!folder) return folder.fault();
+  const Script script = define::ScriptOf(steps);
+  const fs::path file = *folder / (name + ".txt");
+  if (const auto written = WriteFile(file, script.text); !written) return written;
+  std::istringstream pickLines(script.picks);
+  auto picks = drawing::Picks::Read(pickLines, job.name);
+  if (!picks) return picks.fault();
+  job.host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
+  const int faultsBefore = job.context.panel.faults();
+  const auto played = PlayDialog(file, *folder / (name + ".jsonl"), job.host, job.context);
+  if (!played) return played.fault();
+  transcript += *played;
+  const auto done = NothingOf(define::RefusedBy(*played, steps, script), job.name, job.context);
+  if (!done || job.context.panel.faults() == faultsBefore) return done;
+  return Fault{"the dialog met faults; see above", job.name};
+}
+
+/// The form of what the definitions of the form's spurs hold now; a spur without a definition has nothing.
+Result<define::Json> StoredForm(const Job& job) {
+  define::Json stored = {{"spurs", define::Json::array()}};
+  Refusals leftOut;
+  for (const define::Json& spur : job.form["spurs"]) {
+    const auto number = spur["spur"].get<std::int32_t>();
+    const auto read = results::ReadDefinition(job.project, number);
+    if (!read) return read.fault();
+    const scene::Equipment equipment =
+        read->definition ? scene::ReadEquipment(*read->definition) : scene::Equipment();
+    stored["spurs"].push_back(define::SpurForm(number, equipment, "$", leftOut));
+  }
+  return stored;
+}
+
+/// The steps up to OK, which is not among them.
+Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings& surroundings) {
+  const auto former = StoredForm(job);
+  if (!former) return former.fault();
+  return define::StepsOf(job.form, *former, surroundings.hasSubSpindle, surroundings.spurs > 1);
+}
+
+/// Gives the values to the dialog, presses OK when it took them all, and looks at what became of them.
+Result<void> Play(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
+  if (const auto taken = PlaySteps("values", steps, job, transcript); !taken) return taken;
+  if (const auto done = PlaySteps("ok", {define::OkStep()}, job, transcript); !done) return done;
+  const auto stored = StoredForm(job);
+  if (!stored) return stored.fault();
+  return NothingOf(define::Differences(job.form, *stored), job.name, job.context);
+}
+
+/// The dialog chooses among the form's own devices: the shop's catalogue need not have them, and stays.
+Result<void> PutCatalogue(const Job& job) {
+  const auto folder = job.host.runFolder.Path();
+  if (!folder) return folder.fault();
+  job.host.catalogue = *folder / "clampdevice.cld";
+  return WriteFile(job.host.catalogue, define::CatalogueText(job.form));
+}
+
+/// All or nothing: what was defined before stays unless everything went well.
+Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
+                              std::string& transcript) {
+  const auto blank =
+      vdm::ReadVdmFile(job.context.share / "support" / "Turn_Multiax" / "utils" / "template.vdm");
+  if (!blank) return blank.fault();
+  const auto steps = StepsOfJob(job, surroundings);
+  if (!steps) return steps.fault();
+  if (const auto put = PutCatalogue(job); !put) return put.fault();
+  NewDefinitions definitions(job.host.store, *blank, job.context.panel);
+  std::string lines;
+  for (const define::Json& spur : job.form["spurs"]) {
+    const auto index = spur["spur"].get<std::int32_t>();
+    const std::uint32_t number = job.project.DefinitionOf(index);
+    if (const auto made = definitions.Make(number); !made) return made.fault();
+    lines += "spur " + std::to_string(index) + ": VDM " + std::to_string(number) + ", defined\n";
+  }
+  job.host.board.isHeld = true;
+  auto done = Play(*steps, job, transcript);
+  if (!done) job.host.board = drawing::Board(job.project.folder());
+  job.host.board.isHeld = false;
+  if (done) done = job.host.board.Save();
+  if (!done) return done.fault();
+  definitions.Keep();
+  return lines;
+}
+
+Result<void> Run(const Job& job, const define::Surroundings& surroundings, const Arguments& arguments) {
+  if (const auto usable = job.host.store.Check(); !usable) return usable;
+  std::string transcript;
+  const auto lines = DefineAll(job, surroundings, transcript);
+  const auto written =
+      arguments.transcript.empty() ? Result<void>() : WriteFile(arguments.transcript, transcript);
+  if (!lines) return lines.fault();
+  if (!written) return written;
+  return Print(*lines);
+}
+
+Result<void> Define(const Arguments& arguments, Context& context) {
+  const SplitWords operands = SplitOperands(arguments.words, 1);
+  const std::string& file = operands.words.front();
+  auto form = ReadForm(file);
+  if (!form) return form.fault();
+  const auto hosted = HostProject(operands.project, arguments.trace, context);
+  if (!hosted) return hosted.fault();
+  const auto surroundings = SurroundingsOf((*hosted)->project, *(*hosted)->host);
+  if (!surroundings) return surroundings.fault();
+  const std::string name = file == "-" ? "standard input" : file;
+  if (const auto sound = NothingOf(define::CheckForm(*form, *surroundings), name, context); !sound)
+    return sound;
+  const Job job{name, std::move(*form), (*hosted)->project, *(*hosted)->host, context};
+  if (!arguments.isDryRun) return Run(job, *surroundings, arguments);
+  auto steps = StepsOfJob(job, *surroundings);
+  if (!steps) return steps.fault();
+  steps->push_back(define::OkStep());
+  return Print(define::ScriptOf(*steps).text);
+}
+
+}  // namespace
+
+void AddDefine(CLI::App& app, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command =
+      app.add_subcommand("define", "Defines equipment from a form of data, through the dialog.");
+  command->add_option("FILE [PROJECT]", arguments->words, "the form, .json; - is standard input")
+      ->required()
+      ->expected(1, 2);
+  command->add_flag("--dry-run", arguments->isDryRun,
+                    "only check, and print the script that would be played");
+  const auto addFile = [&](const char* name, std::string Arguments::*file, const char* help) {
+    command
+        ->add_option_function<std::string>(
+            name, [=](const std::string& word) { (*arguments).*file = FileOf(name, word); }, help)
+        ->type_name("FILE");
+  };
+  addFile("--transcript", &Arguments::transcript, "write what happens in the dialog to this file");
+  addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
+  AddKeepTmp(*command, context);
+  command->footer(
+      "Example:\n  vanzet define bar-job.json lathe\n  vanzet show lathe --json | vanzet define - other");
+  command->callback([=, &context] { context.run = [=, &context] { return Define(*arguments, context); }; });
+}
+
+}  // namespace vanzet::cli

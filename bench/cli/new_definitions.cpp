@@ -1,0 +1,29 @@
+#include "cli/new_definitions.h"
+
+#include <algorithm>
+
+namespace vanzet::cli {
+
+NewDefinitions::~NewDefinitions() {
+  for (const Former& former : formers_) {
+    const auto done =
+        former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
+    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Told()});
+  }
+}
+
+Result<void> NewDefinitions::Make(std::uint32_t number) {
+  Former former{number, std::nullopt};
+  const auto numbers = store_.Numbers();
+  if (!numbers) return numbers.fault();
+  if (std::ranges::find(*numbers, vdm::Number{number}) != numbers->end()) {
+    auto content = store_.Snapshot(number);
+    if (!content) return content.fault();
+    former.content = std::move(*content);
+  }
+  if (const auto made = store_.Replace(number, blank_); !made) return made;
+  formers_.push_back(std::move(former));
+  return {};
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "define/json.h"
+#include "macro/tables/device_params.h"
+#include "scene/own_device.h"
+
+namespace vanzet::define {
+
+/// What a form is checked against: the machine, the shop's catalogue and the project's files.
+struct Surroundings {
+  std::int32_t spurs = 1;
+  bool hasSubSpindle = false, hasTailStock = false, hasSteadyRest = false;
+  std::function<std::optional<DeviceParams>(const std::string& name)> catalogue;
+  std::function<Result<scene::DeviceClass>(const std::string& file)> ownDevice;
+  std::function<Result<void>(const std::string& name)> figure;
+  std::function<Result<void>(const std::string& name)> solid;
+};
+
+/// Checks a form, all of it, and completes it: devices get the shape and the letters that they leave to the
+/// catalogue, and what a page would show of the spindle's former jaws is told. Nothing is refused of what it
+/// gives when it gives no refusal; the form is then what `StepsOf` needs.
+Refusals CheckForm(Json& form, const Surroundings& surroundings);
+
+}  // namespace vanzet::define

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "define/check.h"
+#include "define/tables.h"
+
+namespace vanzet::define {
+
+/// A value of a form, and where it stands. Good until a key is put into the object that holds it.
+struct Place {
+  Json& json;
+  std::string path;
+
+  bool Has(std::string_view key) const { return json.contains(std::string(key)); }
+  std::string PathOf(std::string_view key) const { return Below(path, std::string(key)); }
+  /// Requires: it has the key.
+  Place operator[](std::string_view key) const { return {json.at(std::string(key)), PathOf(key)}; }
+};
+
+/// Goes through a form once and collects what is refused.
+class Checker {
+ public:
+  explicit Checker(const Surroundings& surroundings) : surroundings_(surroundings) {}
+
+  void Form(const Place& form);
+
+  const Refusals& refusals() const { return refusals_; }
+
+ private:
+  using Keys = std::vector<std::string>;
+
+  void Spur(const Place& spur);
+  void SpurNumber(const Place& spur);
+  void Center(const Place& spur);
+  void SteadyRest(const Place& spur);
+  void Datum(const Place& spur);
+  void Spindle(const Place& spur, std::size_t spindle);
+  void Clamp(const Place& spindle);
+
+  // Devices: checker_devices.cpp.
+  void Device(const Place& device, const DeviceRow& row);
+  void OwnDevice(const Place& device, const DeviceRow& row);
+  void CatalogueDevice(const Place& device, const DeviceRow& row);
+  std::int32_t TypeOf(const Place& device, const DeviceRow& row, const std::optional<DeviceParams>& known);
+  void Letters(const Place& device, std::int32_t type, const DeviceParams* known);
+  void NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type);
+
+  /// A record that is of one kind of several.
+  template <class Record>
+  void OneOf(const Place& spindle, const Part<Record>& part, bool isSub);
+  void Cylinder(const Place& billet);
+  void FilesOf(const Place& record);
+
+  /// Each gives false when it refuses the value; keys that an object should not have are refused one by one.
+  bool IsObject(const Place& place, const Keys& known);
+  bool IsText(const Place& place);
+  bool IsNumber(const Place& place, const Range& range);
+  bool IsValue(const Place& place, double /*of*/, const Range& range) { return IsNumber(place, range); }
+  bool IsValue(const Place& place, std::int32_t /*of*/, const Range& range);
+  bool IsValue(const Place& place, bool /*of*/, const Range& range);
+  bool IsValue(const Place& place, const std::string& /*of*/, const Range& /*range*/) {
+    return IsText(place);
+  }
+
+  /// The values of a record; `others` are keys that stand beside them.
+  template <class Record>
+  bool Fields(const Place& record, std::span<const Field<Record>> fields, bool isSub, Keys others = {});
+  template <class Record>
+  bool Value(const Place& record, const Field<Record>& field, bool isSub);
+
+  bool Refuse(const Place& place, std::string reason) { return Refuse(place.path, std::move(reason)); }
+  bool Refuse(const std::string& path, std::string reason) {
+    refusals_.push_back({path, std::move(reason)});
+    return false;
+  }
+
+  /// What a device with that name is: all that the dialog knows of a name is one device.
+  struct Named {
+    std::int32_t type;
+    std::string path;
+  };
+
+  const Surroundings& surroundings_;
+  Refusals refusals_;
+  std::set<std::int32_t> spurs_;
+  std::map<std::string, Named> names_;
+};
+
+}  // namespace vanzet::define

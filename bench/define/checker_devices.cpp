@@ -1,0 +1,112 @@
+#include "define/checker.h"
+
+#include <algorithm>
+
+// What holds the work: devices of the catalogue, and those that a shop keeps in files of their own.
+
+namespace vanzet::define {
+namespace {
+
+/// The words of a kind of device in a reason.
+std::string WordsOf(const DeviceRow& row) {
+  std::string words(row.key);
+  std::ranges::replace(words, '_', ' ');
+  return words;
+}
+
+}  // namespace
+
+void Checker::Device(const Place& device, const DeviceRow& row) {
+  if (!device.json.is_object()) return void(Refuse(device, "must be an object"));
+  const bool isJaw = row.key == JawRow().key;
+  Keys known = {"name", "file", "letters"};
+  if (row.HasShapes()) known.emplace_back("shape");
+  if (isJaw) {
+    Fields(device, JawFields(), false, known);
+    // The page would show how the spindle clamped before.
+    if (!device.Has("count")) device.json["count"] = scene::Spindle().jaws;
+    if (!device.Has("inside")) device.json["inside"] = scene::Spindle().clampsInside;
+  } else {
+    IsObject(device, known);
+  }
+  if (device.Has("file")) {
+    OwnDevice(device, row);
+  } else if (device.Has("name")) {
+    CatalogueDevice(device, row);
+  } else {
+    Refuse(device, "names neither a device by \"name\" nor a file by \"file\"");
+  }
+}
+
+void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
+  for (const char* const key : {"name", "shape"}) {
+    if (device.Has(key)) Refuse(device[key], "has no place beside \"file\"");
+  }
+  const Place file = device["file"];
+  if (!IsText(file)) return;
+  if (file.json.get<std::string>().find('\'') != std::string::npos) {
+    return void(Refuse(file, "must not hold an apostrophe: the host's commands end a name with it"));
+  }
+  const auto deviceClass = surroundings_.ownDevice(file.json.get<std::string>());
+  if (!deviceClass) return void(Refuse(file, deviceClass.fault().Told()));
+  if (*deviceClass != row.deviceClass) {
+    Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", which is no " + WordsOf(row));
+  }
+  if (device.Has("letters")) Letters(device, row.own, nullptr);
+}
+
+void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
+  if (!IsText(device["name"])) return;
+  const auto name = device["name"].json.get<std::string>();
+  const auto known = surroundings_.catalogue(name);
+  const std::int32_t type = TypeOf(device, row, known);
+  if (type == 0) return;
+  const bool isKnown = known && known->type == type;
+  if (!isKnown && !device.Has("letters")) {
+    return void(Refuse(device.PathOf("letters"),
+                       "is missing, and the catalogue has no " + WordsOf(row) + " " + Quoted(name)));
+  }
+  Letters(device, type, isKnown ? &*known : nullptr);
+  NameIsOfOneType(name, device.PathOf("name"), type);
+}
+
+/// 0 after a refusal.
+std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row,
+                             const std::optional<DeviceParams>& known) {
+  if (!row.HasShapes()) return row.first;
+  const bool isOfCatalogue = known && known->type >= row.first && known->type <= row.last;
+  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = known->type - row.first + 1;
+  if (!device.Has("shape")) {
+    Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row));
+    return 0;
+  }
+  const Place shape = device["shape"];
+  const double most = row.last - row.first + 1;
+  return IsValue(shape, std::int32_t(), {1, most}) ? row.first + shape.json.get<std::int32_t>() - 1 : 0;
+}
+
+void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {
+  if (!device.Has("letters")) device.json["letters"] = Json::object();
+  const Place letters = device["letters"];
+  Keys keys;
+  for (const char letter : LettersOf(type)) keys.emplace_back(1, letter);
+  if (!IsObject(letters, keys)) return;
+  for (const std::string& key : keys) {
+    if (letters.Has(key)) {
+      IsNumber(letters[key], {});
+    } else if (known != nullptr) {
+      letters.json[key] = NumberJson(ValueOf(*known, key.front()));
+    } else if (!device.Has("file")) {
+      Refuse(letters.PathOf(key), "is missing");
+    }
+  }
+}
+
+void Checker::NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type) {
+  const auto [named, isNew] = names_.try_emplace(name, Named{type, path});
+  if (isNew || named->second.type == type) return;
+  Refuse(path, "is the name of a device of another kind at " + named->second.path +
+                   "; the dialog tells devices apart by their names alone");
+}
+
+}  // namespace vanzet::define

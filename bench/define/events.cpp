@@ -1,0 +1,236 @@
+#include "define/events.h"
+
+#include <functional>
+
+#include "base/number_text.h"
+#include "define/tables.h"
+
+namespace vanzet::define {
+namespace {
+
+// What the steps need besides the controls of the tables.
+constexpr std::int32_t kRoot = 1;
+constexpr std::int32_t kOk = 1;
+constexpr std::int32_t kSpurs = 2020;
+constexpr std::int32_t kDelete = 51000;
+constexpr std::int32_t kDeviceList = 2124;
+constexpr std::int32_t kPath = 2021;
+constexpr std::int32_t kSelectParametric = 2154;
+constexpr std::int32_t kSelectOwn = 2155;
+constexpr std::int32_t kPickSolid = 2018;
+constexpr std::int32_t kSelect = 2015;
+constexpr std::int32_t kSteadyRest = 2019;
+constexpr std::int32_t kSteadyRestNode = 16;
+constexpr std::int32_t kDatumNode = 34;
+constexpr std::int32_t kDatumMenuNode = 33;
+
+std::string Line(const char* word, std::int32_t id) {
+  return std::string(word) + " " + std::to_string(id);
+}
+
+/// A word of a script in quotes.
+std::string ScriptWord(const std::string& text) {
+  std::string word = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') word += '\\';
+    word += c;
+  }
+  return word + '"';
+}
+
+std::string SetLine(std::int32_t control, const Json& value) {
+  const std::string set = Line("set", control) + " ";
+  if (value.is_boolean()) return set + (value.get<bool>() ? "1" : "0");
+  if (value.is_number()) return set + ExactText(value.get<double>());
+  return set + ScriptWord(value.get<std::string>());
+}
+
+template <class Record>
+void AddFields(const Json& record, std::span<const Field<Record>> fields, Step& step) {
+  for (const Field<Record>& field : fields) {
+    const std::string key(field.key);
+    if (record.contains(key)) step.lines.push_back(SetLine(field.control, record[key]));
+  }
+}
+
+void AddLetters(const Json& device, Step& step) {
+  for (const auto& [letter, value] : device["letters"].items()) {
+    step.lines.push_back(SetLine(EditOf(letter.front()), value));
+  }
+}
+
+/// What stands under a key, or an object without keys.
+const Json& At(const Json& place, const std::string& key) {
+  static const Json kNone = Json::object();
+  return place.contains(key) ? place[key] : kNone;
+}
+
+/// Makes the steps of one spur.
+class SpurSteps {
+ public:
+  SpurSteps(std::string path, const Json& former, std::vector<Step>& steps)
+      : path_(std::move(path)), former_(former), steps_(steps) {}
+
+  void Enter(std::int32_t spur, bool hasSpurs) {
+    Step& step = Begin(path_, kRoot);
+    if (hasSpurs) step.lines.push_back(Line("choose", kSpurs) + " " + std::to_string(spur));
+  }
+
+  void Spindle(const Json& spur, std::size_t number) {
+    const std::string key(kSpindleKeys[number]);
+    const Json& spindle = At(spur, key);
+    const std::string path = Below(path_, key);
+    for (const DeviceRow& row : ClampRows()) Device(spindle, row, row.nodes[number], path);
+    Device(spindle, JawRow(), JawRow().nodes[number], path);
+    OneOf(spindle, BilletPart(), number, path);
+    OneOf(spindle, FinishedPart(), number, path);
+    const std::string billet(BilletPart().key);
+    if (!spindle.contains(billet) && At(former_, key).contains(billet)) {
+      Delete(Below(path, billet), BilletPart().deleteNodes[number]);
+    }
+  }
+
+  void Center(const Json& spur) { Device(spur, CenterRow(), CenterRow().nodes[0], path_); }
+
+  void SteadyRest(const Json& spur) {
+    if (!spur.contains("steady_rest") || !spur["steady_rest"].get<bool>()) return;
+    Step& step = Begin(Below(path_, "steady_rest"), kSteadyRestNode);
+    step.lines.push_back(SetLine(kSteadyRest, true));
+    step.lines.push_back(Line("press", kSelect));
+  }
+
+  void Datum(const Json& spur) {
+    const std::string path = Below(path_, "datum");
+    if (!spur.contains("datum")) return former_.contains("datum") ? Delete(path, kDatumMenuNode) : void();
+    Step& step = Begin(path, kDatumNode);
+    for (std::size_t i = 0; i < std::size(kSpindleKeys); ++i) {
+      const std::string key(kSpindleKeys[i]);
+      if (spur["datum"].contains(key)) AddFields(spur["datum"][key], DatumFields(i), step);
+    }
+    step.lines.push_back(Line("press", kSelect));
+  }
+
+ private:
+  Step& Begin(const std::string& path, std::int32_t node) {
+    steps_.push_back({path, {Line("select", node)}});
+    return steps_.back();
+  }
+
+  /// What was drawn of a former record goes.
+  void Delete(const std::string& path, std::int32_t node) {
+    steps_.push_back({path, {Line("context", node) + " " + std::to_string(kDelete)}});
+  }
+
+  void Device(const Json& spindle, const DeviceRow& row, std::int32_t node, const std::string& path) {
+    const std::string key(row.key);
+    if (!spindle.contains(key)) return;
+    const Json& device = spindle[key];
+    Step& step = Begin(Below(path, key), node);
+    if (row.key == JawRow().key) AddFields(device, JawFields(), step);
+    if (device.contains("file")) {
+      OwnDevice(device, row, step);
+    } else {
+      step.lines.push_back(Line("choose", kDeviceList) + " " + ScriptWord(device["name"].get<std::string>()));
+      AddLetters(device, step);
+      step.lines.push_back(Line("press", kSelectParametric));
+    }
+  }
+
+  /// Its letters are those of its file, but for the first of a center, which can be changed when it is there.
+  static void OwnDevice(const Json& device, const DeviceRow& row, Step& step) {
+    constexpr const char* kChangeable = "A";
+    step.lines.push_back(SetLine(kPath, device["file"]));
+    step.lines.push_back(Line("press", kSelectOwn));
+    if (row.key != CenterRow().key || !device.contains("letters")) return;
+    if (!device["letters"].contains(kChangeable)) return;
+    step.lines.push_back(SetLine(EditOf('A'), device["letters"][kChangeable]));
+    step.lines.push_back(Line("press", kSelectParametric));
+  }
+
+  template <class Record>
+  void OneOf(const Json& spindle, const Part<Record>& part, std::size_t number, const std::string& path) {
+    const std::string key(part.key);
+    if (!spindle.contains(key)) return;
+    const Json& record = spindle[key];
+    const Kind<Record>& kind = *FindKind(part, record[kKind].get<std::string>());
+    Step& step = Begin(Below(path, key), kind.nodes[number]);
+    if (part.isPicked && record.contains("solid")) PickWhatIsLeftOut(record, step);
+    AddFields(record, kind.fields, step);
+    step.lines.push_back(Line("press", kind.select));
+  }
+
+  static void PickWhatIsLeftOut(const Json& billet, Step& step) {
+    if (billet.contains("part_length") && billet.contains("clamp_diameter")) return;
+    step.lines.push_back(Line("press", kPickSolid));
+    step.picks.push_back("object " + billet["solid"].get<std::string>());
+  }
+
+  const std::string path_;
+  const Json& former_;
+  std::vector<Step>& steps_;
+};
+
+/// Calls for every device of a form.
+void ForEachDevice(const Json& form, const std::function<void(const DeviceRow&, const Json&)>& call) {
+  const auto in = [&](const Json& place, const DeviceRow& row) {
+    if (place.contains(std::string(row.key))) call(row, place[std::string(row.key)]);
+  };
+  for (const Json& spur : form["spurs"]) {
+    for (const std::string_view key : kSpindleKeys) {
+      if (!spur.contains(std::string(key))) continue;
+      for (const DeviceRow& row : ClampRows()) in(spur[std::string(key)], row);
+      in(spur[std::string(key)], JawRow());
+    }
+    in(spur, CenterRow());
+  }
+}
+
+}  // namespace
+
+std::vector<Step> StepsOf(const Json& form, const Json& former, bool hasSubSpindle, bool hasSpurs) {
+  std::vector<Step> steps;
+  const Json& spurs = form["spurs"];
+  for (std::size_t i = spurs.size(); i-- > 0;) {
+    const Json& spur = spurs[i];
+    SpurSteps spurSteps("$.spurs[" + std::to_string(i) + "]", former["spurs"][i], steps);
+    spurSteps.Enter(spur["spur"].get<std::int32_t>(), hasSpurs);
+    for (std::size_t spindle = 0; spindle < (hasSubSpindle ? 2U : 1U); ++spindle)
+      spurSteps.Spindle(spur, spindle);
+    spurSteps.Center(spur);
+    spurSteps.SteadyRest(spur);
+    spurSteps.Datum(spur);
+  }
+  return steps;
+}
+
+Step OkStep() {
+  return {"$", {Line("select", kRoot), Line("press", kOk)}};
+}
+
+Script ScriptOf(const std::vector<Step>& steps) {
+  Script script{"", "", {0}};
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    script.text += "# " + steps[i].path + "\n";
+    for (const std::string& line : steps[i].lines) script.text += line + "\n";
+    for (const std::string& pick : steps[i].picks) script.picks += pick + "\n";
+    script.stepOfLine.insert(script.stepOfLine.end(), steps[i].lines.size() + 1, i);
+  }
+  return script;
+}
+
+std::string CatalogueText(const Json& form) {
+  std::string text;
+  ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {
+    if (!device.contains("name")) return;
+    const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
+    text += device["name"].get<std::string>() + "\n" + std::to_string(row.first + shape - 1);
+    // A type keeps letters from A on without a gap, as a value line has them.
+    for (const char letter : LettersOf(row.first + shape - 1)) {
+      text += " " + ExactText(device["letters"][std::string(1, letter)].get<double>());
+    }
+    text += "\n";
+  });
+  return text;
+}
+
+}  // namespace vanzet::define

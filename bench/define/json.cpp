@@ -1,0 +1,126 @@
+#include "define/json.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <optional>
+#include <set>
+
+namespace vanzet::define {
+namespace {
+
+/// The line and column of a byte of a text, all from 1.
+std::pair<int, int> PlaceOf(const std::string& text, std::size_t byte) {
+  const std::string_view before = std::string_view(text).substr(0, byte > 0 ? byte - 1 : 0);
+  const auto line = std::ranges::count(before, '\n');
+  const std::size_t lineStart = before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
+  return {static_cast<int>(line) + 1, static_cast<int>(before.size() - lineStart) + 1};
+}
+
+/// What the library's error says, without its own name and place.
+std::string ReasonOf(const nlohmann::json::parse_error& error) {
+  std::string text = error.what();
+  const std::size_t place = text.find("column ");
+  const std::size_t reason = place == std::string::npos ? text.find("] ") : text.find(": ", place);
+  return "no JSON: " + (reason == std::string::npos ? text : text.substr(reason + 2));
+}
+
+/// Sees the keys of each object that is open while a text is read.
+class Keys {
+ public:
+  bool See(int depth, Json::parse_event_t event, const Json& parsed) {
+    const auto level = static_cast<std::size_t>(depth);
+    if (event == Json::parse_event_t::object_start) {
+      open_.resize(std::max(open_.size(), level + 2));
+      open_[level + 1].clear();
+    }
+    if (event == Json::parse_event_t::key && !twice_ && !open_[level].insert(std::string(parsed)).second) {
+      twice_ = std::string(parsed);
+    }
+    return true;
+  }
+
+  const std::optional<std::string>& twice() const { return twice_; }
+
+ private:
+  std::vector<std::set<std::string>> open_;
+  std::optional<std::string> twice_;
+};
+
+/// How many letters have to be changed, put in or left out to come from one word to the other.
+std::size_t Distance(const std::string& from, const std::string& to) {
+  std::vector<std::size_t> row(to.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (const char letter : from) {
+    std::size_t diagonal = row[0]++;
+    for (std::size_t j = 0; j < to.size(); ++j) {
+      const std::size_t change = diagonal + (letter == to[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({change, diagonal + 1, row[j] + 1});
+    }
+  }
+  return row.back();
+}
+
+}  // namespace
+
+Result<Json> ReadJson(const std::string& text, const std::string& name) {
+  Keys keys;
+  try {
+    Json json = Json::parse(text, [&](int depth, Json::parse_event_t event, Json& parsed) {
+      return keys.See(depth, event, parsed);
+    });
+    if (keys.twice()) return Fault{"the key " + Quoted(*keys.twice()) + " stands twice in one object", name};
+    return json;
+  } catch (const nlohmann::json::parse_error& error) {
+    const auto [line, column] = PlaceOf(text, error.byte);
+    return Fault{ReasonOf(error), name, line, column};
+  } catch (const nlohmann::json::out_of_range& error) {
+    return Fault{"holds a number that is too large", name};
+  }
+}
+
+std::string Below(const std::string& path, const std::string& key) {
+  const bool isPlain = !key.empty() && std::ranges::all_of(key, [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+  });
+  return isPlain ? path + "." + key : path + "[" + Quoted(key) + "]";
+}
+
+Json NumberJson(double value) {
+  constexpr double kExact = 9007199254740992;  // from here on not every whole number is a double
+  if (value == std::floor(value) && std::abs(value) < kExact) return static_cast<std::int64_t>(value);
+  return value;
+}
+
+bool IsEmptyText(const Json& json) {
+  return json.is_string() && json.get_ref<const std::string&>().empty();
+}
+
+std::string Quoted(const std::string& word) {
+  return Json(word).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string Listed(const std::vector<std::string>& words) {
+  std::string list;
+  for (const std::string& word : words) list += (list.empty() ? "" : ", ") + word;
+  return list;
+}
+
+std::vector<std::string> NearWords(const std::string& word, const std::vector<std::string>& words) {
+  constexpr std::size_t kShortestPart = 3;   // shorter ones are part of anything
+  constexpr std::size_t kLongestWord = 100;  // longer ones are no misspelt keys
+  std::vector<std::string> near;
+  for (const std::string& candidate : words) {
+    const std::size_t allowed =
+        std::min(std::max<std::size_t>(2, candidate.size() / 3), candidate.size() - 1);
+    const auto& [part, whole] =
+        std::minmax(word, candidate, [](const auto& a, const auto& b) { return a.size() < b.size(); });
+    const bool isPart = part.size() >= kShortestPart && whole.find(part) != std::string::npos;
+    if (isPart || (word.size() < kLongestWord && Distance(word, candidate) <= allowed))
+      near.push_back(candidate);
+  }
+  return near;
+}
+
+}  // namespace vanzet::define

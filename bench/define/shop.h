@@ -1,0 +1,15 @@
+#pragma once
+
+#include <istream>
+#include <map>
+#include <string>
+
+#include "macro/tables/device_params.h"
+
+namespace vanzet::define {
+
+/// The devices of a catalogue by their names; of two with the same name the first counts.
+/// Source: docs/formats/catalogue.md
+std::map<std::string, DeviceParams> ReadShop(std::istream& catalogue);
+
+}  // namespace vanzet::define

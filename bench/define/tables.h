@@ -1,0 +1,109 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "scene/equipment.h"
+#include "scene/own_device.h"
+
+/// The JSON form of a definition: what keys there are, where their values lie in the records, and by which
+/// nodes and controls of the dialog they are given. Reader, writer and events all go by these tables.
+/// Source: docs/formats/definition-json.md
+namespace vanzet::define {
+
+enum class Need {
+  kNone,
+  kGiven,    ///< has to be there
+  kNonzero,  ///< has to be there, and not 0
+};
+
+/// The numbers that the dialog's edits and the host's lines carry without loss of their six decimals.
+inline constexpr double kLargest = 1e9;
+
+struct Range {
+  double least = -kLargest;
+  double most = kLargest;
+};
+
+/// One value of a record.
+template <class Record>
+struct Field {
+  std::string_view key;
+  std::variant<double Record::*, std::int32_t Record::*, bool Record::*, std::string Record::*> member;
+  std::int32_t control;
+  Need need = Need::kNone;
+  Range range = {};
+  bool isOfMainAlone = false;  ///< the sub spindle has no such value
+};
+
+/// One kind of a record: the word that the form has for it, and its page on each spindle.
+template <class Record>
+struct Kind {
+  std::string_view word;
+  std::int32_t type;
+  std::span<const Field<Record>> fields;
+  std::array<std::int32_t, 2> nodes;
+  std::int32_t select;  ///< the button that stores it; 0: the dialog has none that does
+};
+
+/// A record of a spindle that is of one kind of several.
+template <class Record>
+struct Part {
+  std::string_view key;
+  Record scene::Spindle::*member;
+  std::span<const Kind<Record>> kinds;
+  bool isPicked;                            ///< the lengths of a solid can be picked with it
+  std::array<std::int32_t, 2> deleteNodes;  ///< whose menus delete it
+};
+
+const Part<scene::Billet>& BilletPart();
+const Part<scene::FinishPart>& FinishedPart();
+
+/// What stands beside a jaw: how the spindle clamps with it.
+std::span<const Field<scene::Spindle>> JawFields();
+
+/// The datum of the main spindle, and of the sub spindle.
+std::span<const Field<scene::Spindle>> DatumFields(std::size_t spindle);
+
+/// What holds the work, by the key of its kind.
+struct DeviceRow {
+  std::string_view key;
+  std::int32_t first, last;  ///< the types of the catalogue; several are told apart by their shape, from 1
+  std::int32_t own;          ///< the type of one that is kept in a VDM of its own
+  scene::DeviceClass deviceClass;
+  std::array<std::int32_t, 2> nodes;
+
+  bool HasShapes() const { return last > first; }
+  bool Has(std::int32_t type) const { return type == own || (type >= first && type <= last); }
+};
+
+/// Of these a spindle holds one.
+std::span<const DeviceRow> ClampRows();
+const DeviceRow& JawRow();
+const DeviceRow& CenterRow();
+
+/// The letters of the values that a type keeps; none for a type that nobody knows.
+std::string_view LettersOf(std::int32_t type);
+
+/// The edit of a letter. Requires: 'A' to 'J'.
+std::int32_t EditOf(char letter);
+
+inline constexpr std::string_view kSpindleKeys[] = {"main", "sub"};
+
+/// The word of the kind that a record is of.
+inline constexpr const char* kKind = "kind";
+
+/// The kind with that word, or null.
+template <class Record>
+const Kind<Record>* FindKind(const Part<Record>& part, std::string_view word) {
+  for (const Kind<Record>& kind : part.kinds) {
+    if (kind.word == word) return &kind;
+  }
+  return nullptr;
+}
+
+}  // namespace vanzet::define

@@ -1,0 +1,129 @@
+#include "define/write.h"
+
+#include <algorithm>
+
+#include "define/tables.h"
+
+namespace vanzet::define {
+namespace {
+
+using scene::Spindle;
+
+Json ValueJson(double value) {
+  return NumberJson(value);
+}
+Json ValueJson(const std::string& value) {
+  return value;
+}
+Json ValueJson(std::int32_t value) {
+  return value;
+}
+Json ValueJson(bool value) {
+  return value;
+}
+
+/// Adds the values of a record; an empty text is none.
+template <class Record>
+void AddFields(Json& json, std::span<const Field<Record>> fields, const Record& record, bool isSub) {
+  for (const Field<Record>& field : fields) {
+    if (field.isOfMainAlone && isSub) continue;
+    Json value = std::visit([&](auto member) { return ValueJson(record.*member); }, field.member);
+    if (!IsEmptyText(value)) json[std::string(field.key)] = std::move(value);
+  }
+}
+
+/// Writes one spur.
+class Writer {
+ public:
+  Writer(std::string path, Refusals& leftOut) : path_(std::move(path)), leftOut_(leftOut) {}
+
+  Json Spur(std::int32_t spur, const scene::Equipment& equipment) {
+    Json json = {{"spur", spur}};
+    for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
+      const std::string key(kSpindleKeys[i]);
+      AddUnlessEmpty(json, key, SpindleJson(equipment.spindles[i], i == 1, Below(path_, key)));
+    }
+    AddDevice(json, {&CenterRow(), 1}, equipment.center, path_);
+    AddUnlessEmpty(json, "datum", DatumJson(equipment));
+    if (equipment.usesSteadyRest) json["steady_rest"] = true;
+    return json;
+  }
+
+ private:
+  static void AddUnlessEmpty(Json& json, const std::string& key, Json value) {
+    if (!value.empty()) json[key] = std::move(value);
+  }
+
+  Json SpindleJson(const Spindle& spindle, bool isSub, const std::string& path) {
+    Json json = Json::object();
+    AddDevice(json, ClampRows(), spindle.clamp, path);
+    if (Json* const jaw = AddDevice(json, {&JawRow(), 1}, spindle.jaw, path)) {
+      AddFields(*jaw, JawFields(), spindle, isSub);
+    }
+    AddPart(json, BilletPart(), spindle, isSub, path);
+    AddPart(json, FinishedPart(), spindle, isSub, path);
+    return json;
+  }
+
+  /// What was added under the key of the device's kind; null where there is no device, or no such kind.
+  Json* AddDevice(Json& json, std::span<const DeviceRow> rows, const scene::Device& device,
+                  const std::string& path) {
+    const std::int32_t type = device.params.type;
+    if (type == 0) return nullptr;
+    const auto row = std::ranges::find_if(rows, [&](const DeviceRow& each) { return each.Has(type); });
+    if (row == rows.end()) {
+      leftOut_.push_back({path, "the device " + Quoted(device.name) + " of type " + std::to_string(type) +
+                                    " has no place in the form"});
+      return nullptr;
+    }
+    return &(json[std::string(row->key)] = DeviceJson(*row, device));
+  }
+
+  static Json DeviceJson(const DeviceRow& row, const scene::Device& device) {
+    const std::int32_t type = device.params.type;
+    Json json = Json::object();
+    json[type == row.own ? "file" : "name"] = device.name;
+    if (type != row.own && row.HasShapes()) json["shape"] = type - row.first + 1;
+    for (const char letter : LettersOf(type)) {
+      json["letters"][std::string(1, letter)] = NumberJson(ValueOf(device.params, letter));
+    }
+    return json;
+  }
+
+  template <class Record>
+  void AddPart(Json& json, const Part<Record>& part, const Spindle& spindle, bool isSub,
+               const std::string& path) {
+    const Record& record = spindle.*part.member;
+    if (record.type == 0) return;
+    const auto kind = std::ranges::find(part.kinds, record.type, &Kind<Record>::type);
+    if (kind == part.kinds.end()) {
+      leftOut_.push_back({Below(path, std::string(part.key)),
+                          "type " + std::to_string(record.type) + " has no place in the form"});
+      return;
+    }
+    Json& added = json[std::string(part.key)] = {{kKind, kind->word}};
+    AddFields(added, kind->fields, record, isSub);
+  }
+
+  static Json DatumJson(const scene::Equipment& equipment) {
+    Json json = Json::object();
+    for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
+      const Spindle& spindle = equipment.spindles[i];
+      if (spindle.clampingOut == 0 && spindle.origin == 0) continue;
+      AddFields(json[std::string(kSpindleKeys[i])], DatumFields(i), spindle, i == 1);
+    }
+    return json;
+  }
+
+  const std::string path_;
+  Refusals& leftOut_;
+};
+
+}  // namespace
+
+Json SpurForm(std::int32_t spur, const scene::Equipment& equipment, const std::string& path,
+              Refusals& leftOut) {
+  return Writer(path, leftOut).Spur(spur, equipment);
+}
+
+}  // namespace vanzet::define

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+#include "define/json.h"
+#include "scene/equipment.h"
+
+namespace vanzet::define {
+
+/// The equipment of a spur in the JSON form: docs/formats/definition-json.md. What the form has no place for,
+/// such as a device of a type that nobody knows, is left out and told with its path below `path`.
+Json SpurForm(std::int32_t spur, const scene::Equipment& equipment, const std::string& path,
+              Refusals& leftOut);
+
+}  // namespace vanzet::define

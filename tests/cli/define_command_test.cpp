@@ -1,0 +1,274 @@
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "closed_loop/sensible_devices.h"
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kBarJob = VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt";
+
+class DefineCommand : public CommandLineTest {
+ protected:
+  /// Makes the sample project under that name, on a machine that has these facts besides.
+  void MakeLathe(const std::string& name, const std::string& facts = "") {
+    ASSERT_EQ(Vanzet("new " + name).status, 0);
+    const auto ini = folder / (name + "/bench.ini");
+    std::string text = ReadBytes(ini);
+    text.insert(text.find("[environment]\n") + 14, facts);
+    WriteBytes(ini, text);
+  }
+
+  /// A file of an own device: its class, and its two values.
+  void MakeOwnDevice(const std::string& name, const std::string& values) {
+    WriteBytes(
+        folder / name,
+        "vdm 1\nrecord\n.1 1 1 1\n.Own device\nrecord\n.2 1 4 1 1 1 1\n.Own\n.#VRML V2.0 utf8\\n\n.3 " +
+            values + "\n.1 0 0 0 0 0 0\nend 2\n");
+  }
+
+  Outcome Define(const Json& form, const std::string& project, const std::string& options = "") {
+    return Vanzet("define - " + project + " " + options, "", form.dump());
+  }
+
+  Json Shown(const std::string& project) { return Json::parse(Vanzet("show " + project + " --json").out); }
+
+  /// All that the definitions of both spurs hold.
+  std::string Items(const std::string& project) {
+    return Vanzet("items " + project + " --vdm 1000").out + Vanzet("items " + project + " --vdm 1001").out;
+  }
+
+  /// Defines in one project what another shows; both are the same then, item for item.
+  void ExpectRoundTrip(const std::string& project, const std::string& other) {
+    const Json shown = Shown(project);
+    const Outcome defined = Define(shown, other);
+    EXPECT_EQ(defined.status, 0) << defined.err;
+    EXPECT_EQ(defined.err, "");
+    EXPECT_EQ(Shown(other), shown);
+    EXPECT_TRUE(Items(other) == Items(project)) << "item for item";
+  }
+};
+
+TEST_F(DefineCommand, MakesWhatAScriptMadeElsewhereItemForItem) {
+  MakeUpgradedProject();
+  ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
+  MakeLathe("other");
+  ExpectRoundTrip("lathe", "other");
+  EXPECT_TRUE(ReadBytes(folder / "other/drawing.txt") == ReadBytes(folder / "lathe/drawing.txt"));
+  EXPECT_EQ(ReadBytes(folder / "other/clampdevice.cld"), ReadBytes(folder / "lathe/clampdevice.cld"));
+  ExpectRoundTrip("lathe", "other");
+}
+
+TEST_F(DefineCommand, TellsWhatItDefined) {
+  MakeProject();
+  const Outcome defined = Define({{"spurs", {{{"spur", 1}}}}}, "lathe", "--transcript run.jsonl");
+  EXPECT_EQ(defined.out, "spur 1: VDM 1001, defined\n");
+  EXPECT_EQ(defined.err, "");
+  const std::string transcript = ReadBytes(folder / "run.jsonl");
+  EXPECT_THAT(transcript, HasSubstr("{\"event\":\"closed\",\"by\":\"end-of-script\"}\n"));
+  EXPECT_THAT(transcript, EndsWith("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
+}
+
+Json DeviceOf(SensibleDevices& devices, std::int32_t type, std::int32_t first, const std::string& name) {
+  const DeviceParams params = devices.Next(type);
+  Json device = {{"name", name}};
+  if (first > 4) device["shape"] = type - first + 1;
+  // What a type does not keep is 0 in a sensible device, but for jaws of shapes with fewer letters.
+  static constexpr const char* kLetters[] = {"ABC",      "ABCDEF",   "ABCDEFGH", "ABCDEFGHI", "ABCDEFGH",
+                                             "ABCDEFGH", "ABCDEF",   "ABCDEF",   "ABCD",      "ABCDE",
+                                             "ABCDEFGH", "ABCDEFGH", "ABCDEFG",  "ABCDEFGHI"};
+  for (const char letter : std::string(kLetters[type - 1])) {
+    device["letters"][std::string(1, letter)] = ValueOf(params, letter);
+  }
+  return device;
+}
+
+TEST_F(DefineCommand, MakesDevicesThatNoCatalogueHasOnBothSpindles) {
+  constexpr const char* kClamps[] = {"chuck", "collet", "mandrel", "face_driver"};
+  SensibleDevices devices(20261122);
+  MakeLathe("one", "TailStockAvailable = 1\n");
+  MakeLathe("two", "TailStockAvailable = 1\n");
+  for (int round = 0; round < 8; ++round) {
+    Json spur = {{"spur", round % 2}};
+    int number = 0;
+    for (const char* const spindle : {"main", "sub"}) {
+      const std::int32_t type = 1 + (round + number) % 4;
+      Json& made = spur[spindle];
+      made[kClamps[type - 1]] =
+          DeviceOf(devices, type, type, "Clamp \"" + std::to_string(10 * round + ++number) + "\\ # ");
+      if (type == 1) {
+        made["jaw"] =
+            DeviceOf(devices, 5 + (round + number) % 8, 5, "Jaw " + std::to_string(10 * round + number));
+        made["jaw"]["count"] = 3 + round;
+        made["jaw"]["inside"] = round % 3 == 0;
+      }
+      made["billet"] = {{"kind", "cylinder"}, {"outer_diameter", 40.125 + round}, {"part_length", 100.0 / 3}};
+    }
+    spur["center"] = DeviceOf(devices, 13 + round % 2, 13, "Center " + std::to_string(round));
+    const Json form = {{"spurs", {spur}}};
+    const Outcome defined = Define(form, "one");
+    EXPECT_EQ(defined.status, 0) << defined.err << form.dump(2);
+    if (round % 2 == 1) ExpectRoundTrip("one", "two");
+  }
+}
+
+TEST_F(DefineCommand, TakesDevicesFromTheirFiles) {
+  MakeLathe("one", "TailStockAvailable = 1\n");
+  MakeLathe("two", "TailStockAvailable = 1\n");
+  MakeOwnDevice("chuck.vdm", "0 -60 0");
+  MakeOwnDevice("jaw.vdm", "1 7 0");
+  MakeOwnDevice("center.vdm", "3 4 41.5");
+  Json form = Json::parse(R"({"spurs": [{"spur": 0,
+    "main": {"chuck": {"file": "chuck.vdm"}, "jaw": {"file": "jaw.vdm", "count": 5, "inside": true}},
+    "sub": {"face_driver": {"file": "chuck.vdm", "letters": {"B": 60}}},
+    "center": {"file": "center.vdm", "letters": {"A": 42}}}]})");
+  const Outcome defined = Define(form, "one");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  const Json spur = Shown("one")["spurs"][0];
+  EXPECT_EQ(spur["main"]["chuck"], Json::parse(R"({"file": "chuck.vdm", "letters": {"B": 60}})"));
+  EXPECT_EQ(spur["main"]["jaw"]["count"], 5);
+  EXPECT_EQ(spur["center"], Json::parse(R"({"file": "center.vdm", "letters": {"A": 42, "B": 4}})"));
+  EXPECT_EQ(SectionsOf(1000, 5, "one")[1].front(), "#VRML V2.0 utf8\n");
+  ExpectRoundTrip("one", "two");
+
+  form["spurs"][0]["main"]["chuck"]["letters"]["B"] = 61;
+  EXPECT_EQ(Define(form, "one").err,
+            "vanzet: standard input: $.spurs[0].main.chuck.letters.B: the definition has 60 instead of 61\n");
+}
+
+TEST_F(DefineCommand, PutsTheCenterInThePlaceOfASubSpindleThatTheMachineHasNot) {
+  for (const char* const name : {"one", "two"})
+    MakeLathe(name, "SubSpindleAvailable = 0\nTailStockAvailable = 1\n");
+  const Outcome defined =
+      Define(Json::parse(R"({"spurs": [{"spur": 0, "center": {"name": "Center 60 deg MT4"},
+      "main": {"face_driver": {"name": "Face driver D50"}}, "steady_rest": true}]})"),
+             "one", "--trace calls.jsonl");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  EXPECT_EQ(SectionsOf(1000, 2, "one")[1][0], "Center 60 deg MT4");
+  EXPECT_EQ(Shown("one")["spurs"][0]["center"]["shape"], 1);
+  EXPECT_THAT(ReadBytes(folder / "calls.jsonl"), HasSubstr("OrvoCommand"));
+  ExpectRoundTrip("one", "two");
+}
+
+TEST_F(DefineCommand, TakesBilletsFromFiguresAndSolids) {
+  MakeProject();
+  std::filesystem::copy(VANZET_SOURCE_DIR "/examples/bodies/casting.step", folder / "lathe/bodies");
+  std::filesystem::copy(VANZET_SOURCE_DIR "/examples/contours/shaft.txt", folder / "lathe/figures");
+  const Outcome defined = Define(Json::parse(R"({"spurs": [{"spur": 0,
+    "main": {"billet": {"kind": "solid", "solid": "casting", "angle": 15},
+             "finished_part": {"kind": "solid", "solid": "casting"}},
+    "sub": {"billet": {"kind": "figures", "outside": "shaft", "part_length": 80}}}]})"),
+                                 "lathe");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  const Json billet = Shown("lathe")["spurs"][0]["main"]["billet"];
+  EXPECT_GT(billet["part_length"], 1) << "of the solid";
+  EXPECT_GT(billet["clamp_diameter"], 1);
+  EXPECT_EQ(Shown("lathe")["spurs"][0]["sub"]["billet"]["outside"], "shaft");
+  MakeLathe("other");
+  for (const char* const files : {"bodies", "figures"}) {
+    std::filesystem::copy(folder / ("lathe/" + std::string(files)), folder / ("other/" + std::string(files)));
+  }
+  ExpectRoundTrip("lathe", "other");
+}
+
+TEST_F(DefineCommand, TakesTheExampleOfItsPage) {
+  const std::string page = ReadBytes(VANZET_SOURCE_DIR "/docs/formats/definition-json.md");
+  const std::size_t begin = page.find("```json\n") + 8;
+  WriteBytes(folder / "job.json", page.substr(begin, page.find("```", begin) - begin));
+  MakeProject();
+  const Outcome defined = Vanzet("define job.json lathe");
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  EXPECT_EQ(Shown("lathe")["spurs"][0]["sub"]["collet"]["name"], "Collet D40 new");
+}
+
+TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
+  MakeUpgradedProject();
+  ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
+  EXPECT_EQ(Define({{"spurs", {{{"spur", 0}}}}}, "lathe").status, 0);
+  EXPECT_EQ(Shown("lathe"), Json::parse(R"({"spurs": [{"spur": 0}, {"spur": 1}]})"));
+  EXPECT_THAT(ReadBytes(folder / "lathe/drawing.txt"), testing::Not(HasSubstr("BilletM")));
+}
+
+class RefusedForm : public DefineCommand {
+ protected:
+  void SetUp() override {
+    MakeUpgradedProject();
+    ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
+    before = State();
+  }
+
+  /// The bytes of what a project keeps.
+  std::string State() {
+    std::string state = Items("lathe");
+    for (const char* const file : {"drawing.txt", "clampdevice.cld", "bench.ini", "machine.ini"}) {
+      state += ReadBytes(folder / ("lathe/" + std::string(file)));
+    }
+    return state;
+  }
+
+  /// A form of two spurs with that chuck on the first one.
+  static Json WithChuck(const Json& chuck) {
+    return {{"spurs", {{{"spur", 1}}, {{"spur", 0}, {"main", {{"chuck", chuck}}}}}}};
+  }
+
+  std::string before;
+};
+
+TEST_F(RefusedForm, NamesThePathAndChangesNothing) {
+  WriteBytes(folder / "job.json", WithChuck({{"name", "Chuck 160"}, {"letters", {{"B", "x"}}}}).dump());
+  const Outcome refused = Vanzet("define job.json lathe");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_EQ(refused.err, "vanzet: job.json: $.spurs[1].main.chuck.letters.B: must be a number\n");
+  EXPECT_TRUE(State() == before);
+}
+
+TEST_F(RefusedForm, IsTakenBackWhenTheHostCannotMakeTheSolid) {
+  const Outcome refused =
+      Define(WithChuck({{"name", "Nothing"}, {"letters", {{"A", 0}, {"B", 0}, {"C", 0}}}}), "lathe");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.err, EndsWith("vanzet: standard input: the dialog met faults; see above\n"));
+  EXPECT_TRUE(State() == before) << "the definitions, and what was drawn of them";
+}
+
+TEST_F(RefusedForm, IsTakenBackWithADefinitionThatWasNotThere) {
+  MakeLathe("empty");
+  EXPECT_EQ(
+      Define(WithChuck({{"name", "Nothing"}, {"letters", {{"A", 0}, {"B", 0}, {"C", 0}}}}), "empty").status,
+      1);
+  EXPECT_EQ(Vanzet("show empty").err, "vanzet: there is no definition yet\n");
+}
+
+TEST_F(RefusedForm, TellsEveryValue) {
+  const Outcome refused = Define({{"spurs", {{{"spur", 0}, {"mian", 1}}, 5}}}, "lathe");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.err,
+            "vanzet: standard input: $.spurs[0].mian: unknown key; did you mean \"main\"?\n"
+            "vanzet: standard input: $.spurs[1]: must be an object\n");
+}
+
+TEST_F(RefusedForm, IsOneThatCannotBeRead) {
+  EXPECT_THAT(Vanzet("define none.json lathe").err, StartsWith("vanzet: none.json: cannot be read"));
+  EXPECT_THAT(Vanzet("define - lathe", "", "{").err, StartsWith("vanzet: standard input:1:2: no JSON: "));
+  EXPECT_TRUE(State() == before);
+}
+
+TEST_F(RefusedForm, IsNotPlayedInADryRun) {
+  const std::string store = ReadBytes(folder / "lathe/store.db");
+  const Outcome dry = Define(WithChuck({{"name", "Chuck 210"}}), "lathe", "--dry-run");
+  EXPECT_EQ(dry.status, 0) << dry.err;
+  EXPECT_THAT(dry.out, HasSubstr("# $.spurs[1].main.chuck\nselect 3\nchoose 2124 \"Chuck 210\"\n"));
+  EXPECT_THAT(dry.out, EndsWith("# $\nselect 1\npress 1\n"));
+  EXPECT_TRUE(ReadBytes(folder / "lathe/store.db") == store);
+  EXPECT_TRUE(State() == before);
+  EXPECT_EQ(Define(WithChuck({}), "lathe", "--dry-run").status, 1);
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,149 @@
+#include "define/form_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using define::Json;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The keys of a spindle or a spur, and what is refused of them.
+struct Case {
+  const char* keys;
+  std::vector<std::string> refused;
+};
+
+class CheckedForm : public FormTest {};
+
+TEST_F(CheckedForm, NamesThePathAndTheReasonOfEachValue) {
+  EXPECT_THAT(RefusedOf("5"), ElementsAre("$: must be an object"));
+  EXPECT_THAT(RefusedOf("{}"), ElementsAre("$.spurs: is missing"));
+  EXPECT_THAT(RefusedOf(R"({"spurs": {}})"), ElementsAre("$.spurs: must be a list"));
+  EXPECT_THAT(RefusedOf(R"({"spurs": []})"), ElementsAre("$.spurs: must name at least one spur"));
+  EXPECT_THAT(RefusedOf(R"({"spurs": [{}, {"spur": 2}, {"spur": 0}, {"spur": 0}, {"spur": 0.5}, 7]})"),
+              ElementsAre("$.spurs[0].spur: is missing", "$.spurs[1].spur: must be from 0 to 1",
+                          "$.spurs[3].spur: stands twice in the form",
+                          "$.spurs[4].spur: must be a whole number", "$.spurs[5]: must be an object"));
+}
+
+TEST_F(CheckedForm, HintsAtTheKeyThatWasMeant) {
+  EXPECT_THAT(RefusedOfSpur(R"("mian": {}, "weight": 3)"),
+              ElementsAre("mian: unknown key; did you mean \"main\"?",
+                          "weight: unknown key; known are spur, main, sub, center, datum, steady_rest"));
+  EXPECT_THAT(RefusedOfMain(R"("billet": {"kind": "cilinder"}, "facedriver": {})"),
+              ElementsAre("facedriver: unknown key; did you mean \"face_driver\"?",
+                          "billet.kind: unknown kind; did you mean \"cylinder\"?"));
+}
+
+TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
+  const Case cases[] = {
+      {R"("chuck": 1)", {"chuck: must be an object"}},
+      {R"("chuck": {})", {R"(chuck: names neither a device by "name" nor a file by "file")"}},
+      {R"("chuck": {"name": 4})", {"chuck.name: must be a text"}},
+      {R"("chuck": {"name": ""})", {"chuck.name: must not be empty"}},
+      {R"("chuck": {"name": "a\nb"})", {"chuck.name: must not hold a control character"}},
+      {R"("chuck": {"name": "Chuck 160", "letters": {"B": "x"}})", {"chuck.letters.B: must be a number"}},
+      {R"("chuck": {"name": "Chuck 160", "letters": {"B": 1e300}})",
+       {"chuck.letters.B: must be from -1e+09 to 1e+09"}},
+      {R"("chuck": {"name": "Chuck 160", "letters": {"D": 1}})",
+       {"chuck.letters.D: unknown key; known are A, B, C"}},
+      {R"("chuck": {"name": "Chuck 160", "letters": []})", {"chuck.letters: must be an object"}},
+      {R"("chuck": {"name": "New"})", {R"(chuck.letters: is missing, and the catalogue has no chuck "New")"}},
+      {R"("chuck": {"name": "New", "letters": {"A": 1, "B": 2}})", {"chuck.letters.C: is missing"}},
+      {R"("chuck": {"name": "Chuck 160", "shape": 1})",
+       {"chuck.shape: unknown key; known are name, file, letters"}},
+      {R"("chuck": {"name": "Collet D42"})",
+       {R"(chuck.letters: is missing, and the catalogue has no chuck "Collet D42")"}},
+      {R"("chuck": {"name": "Chuck 160"}, "collet": {"name": "Collet D42"})",
+       {R"(collet: a spindle holds one device, and there is "chuck")"}},
+      {R"("jaw": {"name": "New"})", {"jaw.shape: is missing, and the catalogue has no such jaw"}},
+      {R"("jaw": {"name": "Soft jaw 160", "shape": 9})", {"jaw.shape: must be from 1 to 8"}},
+      {R"("jaw": {"name": "Soft jaw 160", "count": 2, "inside": 1})",
+       {"jaw.count: must be from 3 to 16", "jaw.inside: must be true or false"}},
+      {R"("jaw": {"name": "Chuck 160", "shape": 5, "letters": {"A": 1, "B": 2, "C": 3, "D": 4}},
+          "chuck": {"name": "Chuck 160"})",
+       {"jaw.name: is the name of a device of another kind at $.spurs[0].main.chuck.name; the dialog tells "
+        "devices apart by their names alone"}},
+  };
+  for (const Case& each : cases) EXPECT_EQ(RefusedOfMain(each.keys), each.refused) << each.keys;
+}
+
+TEST_F(CheckedForm, RefusesWhatIsWrongWithAnOwnDevice) {
+  const Case cases[] = {
+      {R"("chuck": {"file": "none.vdm"})", {"chuck.file: none.vdm: cannot be read"}},
+      {R"("chuck": {"file": "jaw.vdm"})", {"chuck.file: holds a jaw, which is no chuck"}},
+      {R"("jaw": {"file": "chuck.vdm", "shape": 2})",
+       {"jaw.shape: has no place beside \"file\"", "jaw.file: holds a chuck, which is no jaw"}},
+      {R"("face_driver": {"file": "it's.vdm"})",
+       {"face_driver.file: must not hold an apostrophe: the host's commands end a name with it"}},
+      {R"("mandrel": {"file": "chuck.vdm", "letters": {"A": 1}})",
+       {"mandrel.letters.A: unknown key; known are B"}},
+      {R"("mandrel": {"file": "chuck.vdm", "letters": {"B": 1}})", {}},
+      {R"("jaw": {"file": "jaw.vdm", "count": 4, "inside": true})", {}},
+  };
+  for (const Case& each : cases) EXPECT_EQ(RefusedOfMain(each.keys), each.refused) << each.keys;
+}
+
+TEST_F(CheckedForm, RefusesWhatIsWrongWithABilletOrAFinishedPart) {
+  const Case cases[] = {
+      {R"("billet": 1)", {"billet: must be an object"}},
+      {R"("billet": {})", {"billet.kind: is missing"}},
+      {R"("billet": {"kind": "cylinder"})",
+       {"billet.outer_diameter: is missing", "billet.part_length: is missing"}},
+      {R"("billet": {"kind": "cylinder", "outer_diameter": 0, "part_length": 5, "solid": "x"})",
+       {R"(billet.solid: unknown key; known are kind, outer_diameter, part_length, front_allowance, )"
+        "rear_allowance, inner_diameter, bar_length, shown",
+        "billet.outer_diameter: must not be 0"}},
+      {R"("billet": {"kind": "cylinder", "outer_diameter": 40, "part_length": 100, "front_allowance": 2,
+                     "inner_diameter": 40.5, "bar_length": 101})",
+       {"billet.inner_diameter: must not be above outer_diameter",
+        "billet.bar_length: must be 0, or at least the length with its allowances: 102"}},
+      {R"("billet": {"kind": "cylinder", "outer_diameter": 40, "part_length": 100, "inner_diameter": 40,
+                     "bar_length": 100, "shown": false})",
+       {}},
+      {R"("billet": {"kind": "figures"})", {"billet.outside: is missing"}},
+      {R"("billet": {"kind": "figures", "outside": "ok", "inside": "no"})",
+       {"billet.inside: no: is not there"}},
+      {R"("billet": {"kind": "solid", "solid": "no"})", {"billet.solid: no: is not there"}},
+      {R"("billet": {"kind": "solid", "solid": "ok"})", {}},
+      {R"("finished_part": {"kind": "figures", "outside": "ok"})",
+       {"finished_part.kind: the dialog cannot store a part that is drawn as figures"}},
+      {R"("finished_part": {"kind": "solid", "solid": "ok"})", {}},
+  };
+  for (const Case& each : cases) EXPECT_EQ(RefusedOfMain(each.keys), each.refused) << each.keys;
+}
+
+TEST_F(CheckedForm, RefusesABarOnTheSubSpindle) {
+  EXPECT_THAT(RefusedOfSpur(R"("sub": {"billet": {"kind": "cylinder", "outer_diameter": 4, "part_length": 5,
+                                                  "bar_length": 9}})"),
+              ElementsAre("sub.billet.bar_length: has no place on the sub spindle"));
+}
+
+TEST_F(CheckedForm, RefusesWhatTheMachineHasNot) {
+  surroundings.hasSubSpindle = surroundings.hasTailStock = surroundings.hasSteadyRest = false;
+  EXPECT_THAT(RefusedOfSpur(R"("sub": {}, "center": {}, "steady_rest": true)"),
+              ElementsAre("sub: the machine has no sub spindle", "center: the machine has no tailstock",
+                          "steady_rest: the machine has no steady rest"));
+  EXPECT_THAT(RefusedOfSpur(R"("steady_rest": false, "datum": {"sub": {"origin": 5}})"), IsEmpty())
+      << "the datum has both spindles on every machine";
+}
+
+TEST_F(CheckedForm, RefusesWhatIsWrongWithTheDatumAndTheSteadyRest) {
+  EXPECT_THAT(
+      RefusedOfSpur(R"("datum": {"main": 5, "sub": {"origin": true, "x": 1}, "y": 1}, "steady_rest": 1)"),
+      ElementsAre("datum.y: unknown key; known are main, sub", "datum.main: must be an object",
+                  "datum.sub.x: unknown key; known are clamping_out, origin",
+                  "datum.sub.origin: must be a number", "steady_rest: must be true or false"));
+}
+
+TEST_F(CheckedForm, GetsFromTheCatalogueWhatItLeavesOut) {
+  const Json form = Completed(R"({"spurs": [{"spur": 0, "main": {
+      "chuck": {"name": "Chuck 160", "letters": {"B": 95}}, "jaw": {"name": "Soft jaw 160"}}}]})");
+  const Json& main = form["spurs"][0]["main"];
+  EXPECT_EQ(main["chuck"]["letters"], Json::parse(R"({"B": 95, "A": 80, "C": 22.5})"));
+  EXPECT_EQ(main["jaw"], Json::parse(R"({"name": "Soft jaw 160", "count": 3, "inside": false, "shape": 5,
+                                         "letters": {"A": 38, "B": 62, "C": 12, "D": 24}})"));
+}
+
+}  // namespace
+}  // namespace vanzet::test

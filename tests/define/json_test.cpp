@@ -1,0 +1,53 @@
+#include "define/json.h"
+
+#include <gmock/gmock.h>
+
+namespace vanzet::define {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
+  const auto read = ReadJson("{\"spurs\": [\n  1,,\n]}", "job.json");
+  ASSERT_FALSE(read);
+  EXPECT_THAT(read.fault().Told(), testing::StartsWith("job.json:2:5: no JSON: "));
+  EXPECT_THAT(ReadJson("", "job.json").fault().Told(), HasSubstr("job.json:1:1: no JSON: "));
+  EXPECT_FALSE(ReadJson("{\"a\": \"\xff\"}", "job.json"));
+  EXPECT_THAT(ReadJson("[1e400]", "job.json").fault().Told(), HasSubstr("too large"));
+}
+
+TEST(FormJson, MayHaveAKeyInSeveralObjectsButNotTwiceInOne) {
+  EXPECT_TRUE(ReadJson(R"({"a": {"b": 1}, "b": [{"b": 1}, {"b": 1}]})", "job.json"));
+  EXPECT_EQ(ReadJson(R"({"a": {"b": 1, "c": {"b": 1}, "b": 2}})", "job.json").fault().Told(),
+            "job.json: the key \"b\" stands twice in one object");
+}
+
+TEST(FormJson, OfAnyDepthIsReadOrRefused) {
+  EXPECT_FALSE(ReadJson(std::string(100000, '['), "job.json"));
+  EXPECT_TRUE(ReadJson(std::string(10000, '[') + std::string(10000, ']'), "job.json"));
+}
+
+TEST(FormPaths, QuoteKeysThatAreNoWords) {
+  EXPECT_EQ(Below("$.spurs[0]", "main"), "$.spurs[0].main");
+  EXPECT_EQ(Below("$", "odd key"), "$[\"odd key\"]");
+  EXPECT_EQ(Below("$", ""), "$[\"\"]");
+}
+
+TEST(FormNumbers, AreWholeWhereTheyAre) {
+  EXPECT_EQ(NumberJson(80).dump(), "80");
+  EXPECT_EQ(NumberJson(-22.5).dump(), "-22.5");
+}
+
+TEST(NearWords, AreThoseOfNearSpellingAndParts) {
+  const std::vector<std::string> keys = {"spur", "main", "inner_diameter", "outer_diameter", "A", "B"};
+  EXPECT_THAT(NearWords("mian", keys), ElementsAre("main"));
+  EXPECT_THAT(NearWords("diameter", keys), ElementsAre("inner_diameter", "outer_diameter"));
+  EXPECT_THAT(NearWords("outer_diametre", keys), ElementsAre("outer_diameter"));
+  EXPECT_THAT(NearWords("Z", keys), IsEmpty());
+  EXPECT_THAT(NearWords(std::string(100000, 'x'), keys), IsEmpty());
+}
+
+}  // namespace
+}  // namespace vanzet::define
