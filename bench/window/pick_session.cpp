@@ -57,6 +57,7 @@ Pick PickSession::Ask(const drawing::PickQuestion& question) {
 }
 
 void PickSession::Begin(const drawing::PickQuestion& question) {
+  desk_.refresh();
   const KindRow& row = RowOf(question.kind);
   asked_ = question.kind;
   answer_ = {};

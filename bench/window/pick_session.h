@@ -23,6 +23,7 @@ class PickSession final : public QObject {
     DrawingView& drawing;
     EquipmentView& equipment;
     ChoiceDock& choice;
+    std::function<void()> refresh;                  ///< shows the drawing as it is now
     std::function<QStringList()> figures;           ///< names
     std::function<QStringList()> solids;            ///< names
     std::function<void(const QString&)> showSolid;  ///< in the place of the equipment
