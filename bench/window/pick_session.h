@@ -47,6 +47,7 @@ class PickSession final : public QObject {
   QEventLoop loop_;
   drawing::Pick::Kind asked_ = drawing::Pick::Kind::kCancel;
   drawing::Pick answer_;
+  QString marked_;  ///< the solid that is shown
 };
 
 /// The picks of a module's call, answered in the window.

@@ -85,7 +85,8 @@ TEST_F(WindowPicks, OfASolidAreShownAndTaken) {
   Play("select 21\npress 2018\npress 2015\n", {[&] {
          QListWidget& list = window->choice().list();
          ASSERT_EQ(list.count(), 1);
-         list.setCurrentRow(0);
+         QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                           list.visualItemRect(list.item(0)).center());
          ASSERT_TRUE(QTest::qWaitFor([&] { return window->equipment().isSmooth(); }, 5000)) << Messages();
          Click(window->equipment(), window->equipment().rect().center());
          if (window->picks().isAsking()) emit list.itemActivated(list.item(0));
