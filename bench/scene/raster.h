@@ -79,6 +79,8 @@ void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange
       if (w.step < 0) to = std::min(to, zero + 1);
       if (w.step == 0 && w.start < 0) to = from;
     }
+    // The edges of a sliver may meet far outside of the picture.
+    if (!(from < to)) continue;
     for (int x = static_cast<int>(from); x < to; ++x) {
       const double ua = wa.At(x), ub = wb.At(x), uc = wc.At(x);
       if (ua < 0 || ub < 0 || uc < 0) continue;
@@ -101,7 +103,9 @@ void CoverLine(const PicturePoint& from, const PicturePoint& to, double width, c
   for (int y = box.top; y < box.bottom; ++y) {
     const double middle = dy == 0 ? from.x : from.x + dx * (y + 0.5 - from.y) / dy;
     const double last = std::min<double>(box.right, middle + aside);
-    for (int x = static_cast<int>(std::max<double>(box.left, middle - aside)); x < last; ++x) {
+    const double first = std::max<double>(box.left, middle - aside);
+    if (!(first < last)) continue;
+    for (int x = static_cast<int>(first); x < last; ++x) {
       const double px = x + 0.5 - from.x, py = y + 0.5 - from.y;
       const double along = square > 0 ? std::clamp((px * dx + py * dy) / square, 0.0, 1.0) : 0.0;
       const double ex = px - along * dx, ey = py - along * dy;

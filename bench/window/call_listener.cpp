@@ -52,14 +52,12 @@ constexpr CallRow kCalls[] = {
 Result<void> CallListener::Write(const char* call, const Json& arguments, const Json& result,
                                  const Json& out) {
   const auto* const row = std::ranges::find(kCalls, std::string_view(call), &CallRow::call);
-  if (row == std::end(kCalls)) {
-    const std::string given = result.is_null() ? "" : " = " + TextOf(result);
-    messages_.Add(MessageDock::Kind::kCall,
-                  Shown(std::string(call) + "(" + Joined(arguments, ", ") + ")" + given));
-    return {};
-  }
-  messages_.Add(row->kind, Shown(row->text(arguments, result, out)));
-  if (row->kind == MessageDock::Kind::kLine) afterLine_();
+  const bool isTold = row != std::end(kCalls);
+  const std::string given = result.is_null() ? "" : " = " + TextOf(result);
+  messages_.Add(isTold ? row->kind : MessageDock::Kind::kCall,
+                Shown(isTold ? row->text(arguments, result, out)
+                             : std::string(call) + "(" + Joined(arguments, ", ") + ")" + given));
+  afterCall_(isTold && row->kind == MessageDock::Kind::kLine);
   return {};
 }
 

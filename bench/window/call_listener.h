@@ -11,16 +11,16 @@ namespace vanzet::window {
 /// rest.
 class CallListener final : public api::CallLog {
  public:
-  /// `afterLine` is called when a line has run, which may have changed the drawing.
-  CallListener(MessageDock& messages, std::function<void()> afterLine)
-      : messages_(messages), afterLine_(std::move(afterLine)) {}
+  /// `afterCall` is called behind each; a line that has run may have changed the drawing.
+  CallListener(MessageDock& messages, std::function<void(bool isLine)> afterCall)
+      : messages_(messages), afterCall_(std::move(afterCall)) {}
 
   Result<void> Write(const char* call, const api::Json& arguments, const api::Json& result,
                      const api::Json& out) override;
 
  private:
   MessageDock& messages_;
-  std::function<void()> afterLine_;
+  std::function<void(bool isLine)> afterCall_;
 };
 
 }  // namespace vanzet::window

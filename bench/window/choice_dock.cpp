@@ -9,6 +9,9 @@ ChoiceDock::ChoiceDock(QWidget* parent) : QDockWidget(parent), list_(new QListWi
   setFeatures(DockWidgetMovable);
   setWidget(list_);
   connect(list_, &QListWidget::currentTextChanged, this, &ChoiceDock::Marked);
+  // The list may have made its first name the current one by itself.
+  connect(list_, &QListWidget::itemClicked, this,
+          [this](const QListWidgetItem* item) { emit Marked(item->text()); });
   connect(list_, &QListWidget::itemActivated, this,
           [this](const QListWidgetItem* item) { emit Chosen(item->text()); });
   hide();

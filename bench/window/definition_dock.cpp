@@ -48,8 +48,9 @@ DefinitionDock::DefinitionDock(const Words& words, QWidget* parent)
   tree_->setColumnCount(2);
   tree_->setAlternatingRowColors(true);
   tree_->setUniformRowHeights(true);
+  tree_->setIndentation(14);
   tree_->header()->setStretchLastSection(true);
-  tree_->header()->resizeSection(0, 230);
+  tree_->header()->resizeSection(0, 256);
   setWidget(tree_);
   connect(tree_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
     while (item->parent() != nullptr) item = item->parent();

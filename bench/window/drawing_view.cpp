@@ -49,7 +49,7 @@ void DrawingView::SelectShown() {
 }
 
 void DrawingView::Fit() {
-  frame_.Fit(drawing::BoxOf(shown_), size());
+  frame_.Fit(drawing::BoxOf(all_), size());
   isFitted_ = true;
   update();
 }

@@ -64,6 +64,7 @@ void PaintAxes(QPainter& painter, const scene::Look& look, const QSize& size, co
 EquipmentView::EquipmentView(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 100);
+  LookFrom(scene::View::kIso);
   stillness_.setSingleShot(true);
   stillness_.setInterval(kStillness);
   connect(&stillness_, &QTimer::timeout, this, &EquipmentView::DrawSmoothly);
@@ -99,7 +100,6 @@ void EquipmentView::LookFrom(scene::View view) {
 }
 
 void EquipmentView::Fit() {
-  if (look_.scale == 1 && look_.shiftX == 0) return LookFrom(scene::View::kIso);
   const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
   look_ = scene::Fitted(look_, points, width(), height());
   isFitted_ = true;

@@ -39,7 +39,7 @@ void EndOnFatalMessages(QtMsgType type, const QMessageLogContext&, const QString
     std::fprintf(stderr, "vanzet: there is no display to open a window on\n");
     std::_Exit(1);
   }
-  if (type == QtWarningMsg && text.contains("xcb")) return;
+  if (type == QtWarningMsg && (text.contains("xcb") || text.contains("display"))) return;
   if (type != QtDebugMsg && type != QtInfoMsg) std::fprintf(stderr, "vanzet: %s\n", qPrintable(text));
 }
 

@@ -36,13 +36,14 @@ MainWindow::MainWindow(Places places) : places_(std::move(places)) {
   setWindowIcon(IconNamed("app"));
   setAcceptDrops(true);
   setDockNestingEnabled(true);
-  words_.Speak(memory_.ChosenLanguage());
+  Speak(memory_.ChosenLanguage());
   actions_ = new Actions(*this, words_);
   MakeViews();
   MakeDocks();
   MakeStatus();
-  picks_ = new PickSession({words_, *hint_, *drawing_, *equipment_, *choice_, [this] { return Figures(); },
-                            [this] { return Solids(); }, [this](const QString& name) { ShowSolid(name); },
+  picks_ = new PickSession({words_, *hint_, *drawing_, *equipment_, *choice_, [this] { RefreshDrawing(); },
+                            [this] { return Figures(); }, [this] { return Solids(); },
+                            [this](const QString& name) { ShowSolid(name); },
                             [this] { static_cast<void>(equipment_->Show(scene_)); }});
   picks_->setParent(this);
   Connect();
@@ -173,6 +174,7 @@ void MainWindow::Run(Command command) {
 
 void MainWindow::Tell(const Fault& fault) {
   static_cast<project::MessagePanel&>(*messages_).Tell(fault);
+  notice_->Tell(Shown(fault.Told()));
 }
 
 void MainWindow::Remember() {
@@ -188,7 +190,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   Remember();
   QMainWindow::closeEvent(event);
-  if (event->isAccepted()) QCoreApplication::quit();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -3,6 +3,7 @@
 #include <QLockFile>
 #include <QMainWindow>
 #include <QTimer>
+#include <QTranslator>
 #include <filesystem>
 #include <memory>
 
@@ -32,7 +33,8 @@ namespace vanzet::window {
 class HelpWindow;
 
 /// The workbench's window: the drawing and the equipment of a project, its definition, its layers and what is
-/// told, and the commands on them. A command that fails says so in the message panel and in the status bar.
+/// told, and the commands on them. A command that fails
+/// says why above the views and in the message panel.
 class MainWindow final : public QMainWindow {
   Q_OBJECT
  public:
@@ -70,7 +72,7 @@ class MainWindow final : public QMainWindow {
   PickSession& picks() { return *picks_; }
   const Session* session() const { return session_.get(); }
 
-  /// Shows a fault to the user, in the message panel and in the status bar.
+  /// Shows the user why something could not be done, above the views and in the message panel.
   void Tell(const Fault& fault);
 
  protected:
@@ -112,6 +114,7 @@ class MainWindow final : public QMainWindow {
   bool RunView(Command command);
   void LookFrom(scene::View view);
   void Arrange(Command command);
+  void Choose(Language language);
   void Speak(Language language);
   void Wear(Appearance appearance);
   void ShowPosition(double x, double y);
@@ -147,8 +150,9 @@ class MainWindow final : public QMainWindow {
   PickSession* picks_;
   HelpWindow* help_ = nullptr;
   QLabel* position_;
-  QTimer redraw_;  ///< draws once for many lines
-  QTimer glance_;  ///< looks whether another process changed the project
+  QTranslator toolkitWords_;  ///< of file dialogs and the like, where the machine has them
+  QTimer redraw_;             ///< draws once for many lines
+  QTimer glance_;             ///< looks whether another process changed the project
 };
 
 }  // namespace vanzet::window

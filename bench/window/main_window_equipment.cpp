@@ -33,19 +33,20 @@ void MainWindow::Call(const char* function, Text busy) {
   if (isBusy_ || session_->isAtWork()) return;
   if (const auto reloaded = session_->Reload(); !reloaded) return Tell(reloaded.fault());
   actions_->Enable(true, true);
-  // A body that a pick or a page asks for is read meanwhile.
+  // A body that a pick or a page asks for is read within one call.
   std::unique_ptr<Busy> box;
   const auto progress = [&](double done) {
     if (!box) box = std::make_unique<Busy>(words_, busy, this);
-    const bool goesOn = box->progress()(done);
-    if (!goesOn || done >= 1) box.reset();
-    return goesOn;
+    return box->progress()(done);
   };
-  const auto called = session_->Call(
-      function, {*messages_, std::make_unique<WindowPicks>(*picks_),
-                 std::make_unique<CallListener>(*messages_, [this] { redraw_.start(); }), this, progress});
+  const auto afterCall = [&](bool isLine) {
+    box.reset();
+    if (isLine) redraw_.start();
+  };
+  const auto called = session_->Call(function, {*messages_, std::make_unique<WindowPicks>(*picks_),
+                                                std::make_unique<CallListener>(*messages_, afterCall),
+                                                static_cast<QWidget*>(this), progress});
   actions_->Enable(true, false);
-  box.reset();
   if (!called) Tell(called.fault());
   Refresh();
 }

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <algorithm>
 
@@ -44,8 +45,8 @@ bool MainWindow::RunView(Command command) {
     case Command::kBothViews:
     case Command::kDrawingOnly:
     case Command::kEquipmentOnly: Arrange(command); return true;
-    case Command::kEnglish: Speak(Language::kEnglish); return true;
-    case Command::kGerman: Speak(Language::kGerman); return true;
+    case Command::kEnglish: Choose(Language::kEnglish); return true;
+    case Command::kGerman: Choose(Language::kGerman); return true;
     case Command::kLight: Wear(Appearance::kLight); return true;
     case Command::kDark: Wear(Appearance::kDark); return true;
     default: return false;
@@ -57,9 +58,18 @@ void MainWindow::Arrange(Command command) {
   equipmentPane_->setVisible(command != Command::kDrawingOnly);
 }
 
-void MainWindow::Speak(Language language) {
+void MainWindow::Choose(Language language) {
   memory_.Choose(language);
+  Speak(language);
+}
+
+void MainWindow::Speak(Language language) {
   words_.Speak(language);
+  const QLocale locale(language == Language::kGerman ? QLocale::German : QLocale::English);
+  QCoreApplication::removeTranslator(&toolkitWords_);
+  if (toolkitWords_.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&toolkitWords_);
+  }
 }
 
 void MainWindow::Wear(Appearance appearance) {
@@ -70,10 +80,7 @@ void MainWindow::Wear(Appearance appearance) {
 
 void MainWindow::ShowPosition(double x, double y) {
   constexpr int kDecimals = 3;
-  position_->setText(QString("X %1   D %2   R %3 mm")
-                         .arg(x, 0, 'f', kDecimals)
-                         .arg(2 * std::abs(y), 0, 'f', kDecimals)
-                         .arg(y, 0, 'f', kDecimals));
+  position_->setText(QString("X %1   Y %2 mm").arg(x, 0, 'f', kDecimals).arg(y, 0, 'f', kDecimals));
 }
 
 void MainWindow::ShowHelp() {

@@ -87,8 +87,8 @@ void MessageDock::Append(const Line& line) {
   for (const KindRow& row : kKinds) {
     if (row.kind != line.kind) continue;
     const QColor colour = ColoursFor(palette()).*row.colour;
-    text_->appendHtml("<pre style=\"margin:0; color:" + colour.name() + "\">" + QString::fromUtf8(row.mark) +
-                      " " + line.text.toHtmlEscaped() + "</pre>");
+    text_->appendHtml("<pre style=\"margin:0; color:" + colour.name() + "\">" +
+                      (QString::fromUtf8(row.mark) + " " + line.text).toHtmlEscaped() + "</pre>");
   }
 }
 

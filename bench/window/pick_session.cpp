@@ -44,7 +44,9 @@ PickSession::PickSession(Desk desk) : desk_(std::move(desk)) {
     Take({asked_, {}, name.toStdString()});
   });
   connect(&desk_.choice, &ChoiceDock::Marked, this, [this](const QString& name) {
-    if (isAsking() && asked_ == Pick::Kind::kObject && !name.isEmpty()) desk_.showSolid(name);
+    if (!isAsking() || asked_ != Pick::Kind::kObject || name.isEmpty() || name == marked_) return;
+    marked_ = name;
+    desk_.showSolid(name);
   });
 }
 
@@ -57,9 +59,11 @@ Pick PickSession::Ask(const drawing::PickQuestion& question) {
 }
 
 void PickSession::Begin(const drawing::PickQuestion& question) {
+  desk_.refresh();
   const KindRow& row = RowOf(question.kind);
   asked_ = question.kind;
   answer_ = {};
+  marked_.clear();
   const QString prompt = question.prompt.empty() ? desk_.words(row.prompt) : Shown(question.prompt);
   desk_.hint.Ask(desk_.words(Text::kPickHint).arg(prompt), desk_.words(Text::kCancel));
   desk_.drawing.Ask(row.picking);

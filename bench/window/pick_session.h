@@ -23,6 +23,7 @@ class PickSession final : public QObject {
     DrawingView& drawing;
     EquipmentView& equipment;
     ChoiceDock& choice;
+    std::function<void()> refresh;                  ///< shows the drawing as it is now
     std::function<QStringList()> figures;           ///< names
     std::function<QStringList()> solids;            ///< names
     std::function<void(const QString&)> showSolid;  ///< in the place of the equipment
@@ -46,6 +47,7 @@ class PickSession final : public QObject {
   QEventLoop loop_;
   drawing::Pick::Kind asked_ = drawing::Pick::Kind::kCancel;
   drawing::Pick answer_;
+  QString marked_;  ///< the solid that is shown
 };
 
 /// The picks of a module's call, answered in the window.

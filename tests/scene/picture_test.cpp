@@ -138,6 +138,25 @@ TEST_F(Pictures, OfAnySizeAreTheSameEachTime) {
   EXPECT_GT(SilhouetteOf(picture).pixels, 2000);
 }
 
+TEST_F(Pictures, OfSliversComeToAnEnd) {
+  // Three corners almost on one line: the edges meet far outside of the picture.
+  scene::Model model;
+  scene::ModelBody body;
+  for (const double lean : {1e-300, 1e-18, 1e-9, -1e-12}) {
+    scene::Facet facet;
+    facet.corners = {geometry::Point3d(0, 0, 0), geometry::Point3d(10, 1 + lean, 0),
+                     geometry::Point3d(20, 2, 0)};
+    body.facets.push_back(facet);
+    body.edges.push_back({{0, 0, 0}, {1e9, lean, 0}, {0, 0, 1}, {0, 0, 1}, true});
+  }
+  model.bodies.push_back(body);
+  const scene::Look look = scene::LookFrom(View::kFront, false, {{-5, -5, -5}, {5, 5, 5}}, 100, 80);
+  for (const double zoom : {1.0, 1e3, 1e6}) {
+    const Picture picture = scene::Draw(model, scene::Zoomed(look, zoom, 3, 3), {.width = 100, .height = 80});
+    EXPECT_EQ(picture.bytes.size(), 24000U);
+  }
+}
+
 TEST_F(Pictures, OfNothingAreEmpty) {
   EXPECT_EQ(SilhouetteOf(Drawn({}, {.width = 40, .height = 40})).pixels, 0);
 }

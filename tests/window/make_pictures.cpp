@@ -5,7 +5,7 @@
 #include "window/main_window.h"
 
 /// Pictures of the window with a project, in both languages, light and dark: make_window_pictures PROJECT
-/// OUT. QT_SCALE_FACTOR tells the scale.
+/// OUT. QT_SCALE_FACTOR tells the scale; where VANZET_SCRIPT names a script, it serves the dialog first.
 namespace {
 
 using namespace vanzet;
@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
   if (const auto opened = window.OpenProject(words[1].toStdString()); !opened) {
     return std::fprintf(stderr, "%s\n", opened.fault().Told().c_str()), 1;
   }
+  if (qEnvironmentVariableIsSet("VANZET_SCRIPT")) window.ShowDefinition();
   for (const Command appearance : {Command::kLight, Command::kDark}) {
     for (const Command language : {Command::kEnglish, Command::kGerman}) {
       window.actions()[appearance]->trigger();

@@ -1,0 +1,51 @@
+#include <QTreeWidget>
+
+#include "window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using window::Command;
+
+class Dialogs : public WindowTest {};
+
+TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {
+  OpenSample();
+  const QImage drawing = window->drawing().grab().toImage(), equipment = window->equipment().grab().toImage();
+  Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
+  EXPECT_NE(window->drawing().grab().toImage(), drawing);
+  EXPECT_NE(window->equipment().grab().toImage(), equipment);
+  QTreeWidgetItem* const chuck = window->definition().tree().topLevelItem(0)->child(1);
+  EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
+}
+
+TEST_F(Dialogs, TellTheLinesTheySendAndTheAnswersTheyRead) {
+  OpenSample(true);
+  EXPECT_THAT(Messages(), HasSubstr("> win 1"));
+  EXPECT_THAT(Messages(), HasSubstr("< $_return = '"));
+  EXPECT_THAT(Messages(), Not(HasSubstr("OrvoMacroVdmOpen(")));
+  window->messages().Clear();
+  EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
+  ASSERT_TRUE(window->MakeProject(folder / "lathe", "mill-turn"));
+  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(1), "no definition yet");
+  window->actions()[Command::kUpgrade]->trigger();
+  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
+}
+
+TEST_F(Dialogs, ThatFailTellItOnce) {
+  OpenSample();
+  setenv("VANZET_MODULE", "/no/such/module.so", 1);
+  window->ShowDefinition();
+  unsetenv("VANZET_MODULE");
+  EXPECT_THAT(window->notice().Told().toStdString(), HasSubstr("/no/such/module.so"));
+  EXPECT_THAT(Messages(), HasSubstr("/no/such/module.so"));
+  EXPECT_FALSE(window->session()->isAtWork());
+}
+
+}  // namespace
+}  // namespace vanzet::test

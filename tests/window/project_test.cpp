@@ -1,0 +1,172 @@
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTreeWidget>
+#include <QUrl>
+
+#include "vdm/store.h"
+#include "window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using window::Command;
+using window::Taken;
+
+class Projects : public WindowTest {
+ protected:
+  void Drop(const std::filesystem::path& file) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    isTaken = enter.isAccepted();
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    if (isTaken) QApplication::sendEvent(window.get(), &drop);
+  }
+
+  bool isTaken = false;
+};
+
+TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {
+  OpenSample(true);
+  EXPECT_EQ(window->windowTitle(), "lathe - vanzet workbench");
+  ASSERT_EQ(window->definition().tree().topLevelItemCount(), 2);
+  EXPECT_EQ(window->definition().tree().topLevelItem(0)->childCount(), 18);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window->equipment().isSmooth(); }, 20'000));
+  EXPECT_TRUE(window->actions()[Command::kDefinition]->isEnabled());
+}
+
+TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
+  OpenSample();
+  const auto opened = window->OpenProject(folder / "nothing");
+  ASSERT_FALSE(opened);
+  EXPECT_THAT(opened.fault().Told(), HasSubstr("is no folder"));
+  EXPECT_EQ(window->session()->project().folder().filename(), "lathe");
+}
+
+TEST_F(Projects, AreNotNeededForTheWindowToStand) {
+  EXPECT_FALSE(window->actions()[Command::kDefinition]->isEnabled());
+  EXPECT_FALSE(window->actions()[Command::kSaveVdm]->isEnabled());
+  EXPECT_TRUE(window->actions()[Command::kOpenProject]->isEnabled());
+  window->Refresh();
+}
+
+TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
+  OpenSample();
+  window->actions()[Command::kGerman]->trigger();
+  window->resize(1111, 777);
+  window->definition().hide();
+  window->close();
+  Restart();
+  window->resize(900, 600);
+  window::WindowMemory memory;
+  EXPECT_EQ(memory.Recent().front().toStdString(), (folder / "lathe").string());
+  EXPECT_TRUE(window->restoreGeometry(memory.Geometry()));
+  EXPECT_EQ(window->size(), QSize(1111, 777));
+  EXPECT_TRUE(window->definition().isHidden());
+  EXPECT_EQ(window->words().language(), window::Language::kGerman);
+}
+
+TEST_F(Projects, DefinitionsGoToFilesAndBack) {
+  OpenSample(true);
+  const auto file = folder / "job.vdm";
+  ASSERT_TRUE(window->SaveVdmTo(1000, file));
+  ASSERT_TRUE(window->LoadVdmFrom(file, 1001));
+  const auto definitions = window->session()->Definitions();
+  EXPECT_EQ(definitions->at(1).definition->operations.at(1).sections,
+            definitions->at(0).definition->operations.at(1).sections);
+  const auto refused = window->SaveVdmTo(1000, folder / "lathe" / "store.db");
+  EXPECT_FALSE(refused);
+}
+
+TEST_F(Projects, ThatAreOpenInAnotherProcessAreToldAndLeftAlone) {
+  OpenSample(true);
+  const auto before = Section(1, 3);
+  vdm::VdmStore other(folder / "lathe");
+  ASSERT_TRUE(other.Open(1000));
+  const auto said = AnswerBox("OK");
+  window->ShowDefinition();
+  EXPECT_THAT(said->toStdString(), HasSubstr("VDM 1000 of this project is open in another process"));
+  EXPECT_EQ(Section(1, 3), before);
+}
+
+TEST_F(Projects, ShownInTwoWindowsSaySo) {
+  OpenSample();
+  window::MainWindow second(
+      window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
+  second.show();
+  ASSERT_TRUE(second.OpenProject(folder / "lathe"));
+  EXPECT_THAT(second.notice().Told().toStdString(), HasSubstr("open in another workbench as well"));
+  EXPECT_EQ(window->notice().Told(), "");
+}
+
+TEST_F(Projects, ThatOthersChangeAreShownAsTheyAreThen) {
+  OpenSample();
+  vdm::VdmStore other(folder / "lathe");
+  ASSERT_TRUE(other.Delete(1001));
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return window->definition().tree().topLevelItem(1)->text(1) == "no definition yet"; }, 10'000));
+}
+
+TEST_F(Projects, TakeDroppedFilesIntoTheirFolders) {
+  OpenSample();
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
+  Drop(VANZET_SOURCE_DIR "/examples/contours/bracket.dxf");
+  EXPECT_TRUE(ReadBytes(folder / "lathe" / "bodies/scan.stl") ==
+              ReadBytes(VANZET_SOURCE_DIR "/examples/bodies/scan.stl"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "lathe" / "figures/bracket.dxf"));
+  EXPECT_THAT(Messages(), HasSubstr("bracket.dxf"));
+  WriteBytes(folder / "notes.txt", "x");
+  Drop(folder / "notes.txt");
+  EXPECT_FALSE(isTaken);
+}
+
+TEST_F(Projects, AskBeforeADroppedFileTakesTheNameOfAnother) {
+  OpenSample();
+  WriteBytes(folder / "lathe" / "bodies/scan.step", "mine");
+  const auto said = AnswerBox("Skip");
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
+  EXPECT_EQ(*said, "There is a scan.step already.");
+  EXPECT_EQ(ReadBytes(folder / "lathe" / "bodies/scan.step"), "mine");
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe" / "bodies/scan.stl"));
+  AnswerBox("Keep Both");
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
+  EXPECT_TRUE(std::filesystem::exists(folder / "lathe" / "bodies/scan-2.stl"));
+  AnswerBox("Replace");
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe" / "bodies/scan.step"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "lathe" / "bodies/scan.stl"));
+}
+
+TEST_F(Projects, GoOutAsPicturesAndBodies) {
+  OpenSample(true);
+  ASSERT_TRUE(window->WriteDrawing(folder / "drawing.svg"));
+  EXPECT_THAT(ReadBytes(folder / "drawing.svg"), HasSubstr("Billet_Spindel_1"));
+  ASSERT_TRUE(window->WriteDrawing(folder / "drawing.png"));
+  ASSERT_TRUE(window->WriteEquipmentPicture(folder / "equipment.png"));
+  for (const char* name : {"drawing.png", "equipment.png"}) {
+    EXPECT_FALSE(QImage(QString::fromStdString((folder / name).string())).isNull()) << name;
+  }
+  ASSERT_TRUE(window->WriteBodies(modeller::ExportFormat::kStl, folder / "bodies"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "bodies/equipment.stl"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "bodies/main-jaw-1.stl"));
+}
+
+TEST_F(Projects, WithoutEquipmentHaveNothingToExport) {
+  OpenSample();
+  EXPECT_FALSE(window->WriteEquipmentPicture(folder / "equipment.png"));
+  EXPECT_FALSE(window->WriteBodies(modeller::ExportFormat::kStep, folder / "bodies"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "equipment.png"));
+}
+
+TEST_F(Projects, OutliveWhatIsThrownInAnEvent) {
+  OpenSample(true);
+  QTimer::singleShot(0, window.get(), [] { throw std::runtime_error("the sky fell"); });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Messages().find("the sky fell") != std::string::npos; }));
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(Section(5, 1).empty());
+}
+
+}  // namespace
+}  // namespace vanzet::test

@@ -1,0 +1,190 @@
+#include <QListWidget>
+#include <QWheelEvent>
+
+#include "window/polyline.h"
+#include "window/snap.h"
+#include "window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::HasSubstr;
+using window::Command;
+using window::Snap;
+using window::ViewFrame;
+
+class Views : public WindowTest {
+ protected:
+  static void Wheel(QWidget& widget, const QPointF& place, int notches) {
+    QWheelEvent wheel(place, widget.mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &wheel);
+  }
+  static void Drag(QWidget& widget, Qt::MouseButton button, const QPoint& from, const QPoint& to) {
+    QTest::mousePress(&widget, button, Qt::NoModifier, from);
+    QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(QPointF(to)), Qt::NoButton, button,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+    QTest::mouseRelease(&widget, button, Qt::NoModifier, to);
+  }
+  static int Coloured(const QImage& image, const QColor& ground) {
+    int count = 0;
+    for (int y = 0; y < image.height(); y += 3) {
+      for (int x = 0; x < image.width(); x += 3) count += image.pixelColor(x, y) == ground ? 0 : 1;
+    }
+    return count;
+  }
+};
+
+TEST_F(Views, OfTheDrawingKeepWhatIsUnderTheWheel) {
+  OpenSample(true);
+  const QPointF place(100, 80);
+  const geometry::Point before = window->drawing().frame().ToPlane(place);
+  const double scale = window->drawing().frame().scale();
+  Wheel(window->drawing(), place, 3);
+  const geometry::Point after = window->drawing().frame().ToPlane(place);
+  EXPECT_GT(window->drawing().frame().scale(), scale * 1.5);
+  EXPECT_NEAR(before.x, after.x, 1e-9);
+  EXPECT_NEAR(before.y, after.y, 1e-9);
+  window->actions()[Command::kFit]->trigger();
+  EXPECT_NEAR(window->drawing().frame().scale(), scale, 1e-9);
+}
+
+TEST_F(Views, OfTheDrawingAreMovedByDragging) {
+  OpenSample(true);
+  const QPointF before = window->drawing().frame().ToScreen({0, 0});
+  Drag(window->drawing(), Qt::LeftButton, {100, 80}, {140, 60});
+  EXPECT_EQ(window->drawing().frame().ToScreen({0, 0}) - before, QPointF(40, -20));
+}
+
+TEST_F(Views, OfTheDrawingShowTheLayersThatAreOn) {
+  OpenSample(true);
+  const QImage before = window->drawing().grab().toImage();
+  QListWidget& layers = window->layers().list();
+  ASSERT_EQ(layers.count(), 2);
+  layers.item(1)->setCheckState(Qt::Unchecked);
+  EXPECT_NE(window->drawing().grab().toImage(), before);
+  window->Refresh();
+  EXPECT_EQ(layers.item(1)->checkState(), Qt::Unchecked);
+  layers.item(1)->setCheckState(Qt::Checked);
+  EXPECT_EQ(window->drawing().grab().toImage(), before);
+}
+
+TEST_F(Views, OfTheEquipmentTurnMoveAndZoom) {
+  OpenSample(true);
+  const scene::Look before = window->equipment().look();
+  Drag(window->equipment(), Qt::LeftButton, {100, 80}, {160, 80});
+  EXPECT_NE(window->equipment().look().toward.dx, before.toward.dx);
+  Drag(window->equipment(), Qt::RightButton, {100, 80}, {160, 80});
+  EXPECT_NEAR(window->equipment().look().shiftX, before.shiftX + 60, 1e-9);
+  Wheel(window->equipment(), {100, 80}, 2);
+  EXPECT_NEAR(window->equipment().look().scale, before.scale * 1.44, 1e-9);
+}
+
+TEST_F(Views, OfTheEquipmentHaveStandardSidesBySingleKeys) {
+  OpenSample(true);
+  window->equipment().setFocus();
+  QTest::keyClick(&window->equipment(), Qt::Key_2);
+  EXPECT_NEAR(window->equipment().look().toward.dz, 1, 1e-9);
+  QTest::keyClick(&window->equipment(), Qt::Key_7);
+  EXPECT_NEAR(window->equipment().look().toward.dx, 1, 1e-9);
+  QTest::keyClick(&window->equipment(), Qt::Key_6);
+  EXPECT_NEAR(window->equipment().look().toward.dx, -1, 1e-9);
+}
+
+TEST_F(Views, OfTheEquipmentAreCutAndBentByTheirSwitches) {
+  OpenSample(true);
+  window->actions()[Command::kFront]->trigger();
+  const QImage whole = window->equipment().grab().toImage();
+  window->actions()[Command::kSection]->trigger();
+  const QImage cut = window->equipment().grab().toImage();
+  EXPECT_NE(whole, cut);
+  window->actions()[Command::kPerspective]->trigger();
+  EXPECT_NE(window->equipment().grab().toImage(), cut);
+}
+
+TEST_F(Views, OfNothingSayWhatToDo) {
+  EXPECT_GT(Coloured(window->equipment().grab().toImage(), QColor("#fcfdfe")), 20);
+}
+
+TEST_F(Views, StandAloneOrTogether) {
+  window->actions()[Command::kDrawingOnly]->trigger();
+  EXPECT_FALSE(window->equipment().isVisible());
+  window->actions()[Command::kEquipmentOnly]->trigger();
+  EXPECT_TRUE(window->equipment().isVisible());
+  EXPECT_FALSE(window->drawing().isVisible());
+  window->actions()[Command::kBothViews]->trigger();
+  EXPECT_TRUE(window->drawing().isVisible());
+}
+
+geometry::Kurve Circle(double radius) {
+  return geometry::Kurve({0, 0}, radius, geometry::ACW);
+}
+
+TEST(Chords, StayBesideTheirArcAtEveryScale) {
+  for (const int notches : {0, 10, 40}) {
+    ViewFrame frame;
+    frame.Fit(geometry::Box({-50, -50}, {50, 50}), {800, 600});
+    for (int i = 0; i < notches; ++i) frame.ZoomAt({400, 300}, 1.2);
+    const double radius = 50 * frame.scale();
+    const QPointF middle = frame.ToScreen({0, 0});
+    const QPolygonF chords = window::ChordsOf(Circle(50), frame);
+    for (qsizetype i = 1; i < chords.size(); ++i) {
+      const QPointF way = (chords[i] + chords[i - 1]) / 2 - middle;
+      EXPECT_NEAR(std::hypot(way.x(), way.y()), radius, 0.3) << notches;
+    }
+  }
+}
+
+TEST(Chords, AreCutToWhatIsSeen) {
+  const QRectF seen(0, 0, 100, 100);
+  const QPolygonF across = {{{-1e7, 50}, {1e7, 50}, {1e7, 1e7}}};
+  const auto pieces = window::Within(across, seen);
+  ASSERT_EQ(pieces.size(), 1U);
+  EXPECT_NEAR(pieces[0].front().x(), 0, 1e-6);
+  EXPECT_NEAR(pieces[0].back().x(), 100, 1e-6);
+  const QPolygonF area = window::AreaWithin({{{-1e6, -1e6}, {1e6, -1e6}, {1e6, 1e6}, {-1e6, 1e6}}}, seen);
+  EXPECT_EQ(area.boundingRect(), seen);
+}
+
+class Snaps : public testing::Test {
+ protected:
+  Snaps() {
+    drawing::ShownGroup group;
+    group.curves.push_back({Circle(30), "ring"});
+    geometry::Kurve line;
+    line.Start({-50, 10});
+    line.Add(geometry::Point(50, 10));
+    group.curves.push_back({line, "line"});
+    places_ = window::SnapPlaces({{"0", {group}}});
+  }
+  window::SnapPlaces places_;
+};
+
+TEST_F(Snaps, GoToEndsIntersectionsAndCentres) {
+  const auto end = places_.Near({-49, 11}, 3);
+  ASSERT_TRUE(end);
+  EXPECT_EQ(end->kind, Snap::Kind::kEnd);
+  EXPECT_NEAR(end->point.x, -50, 1e-9);
+  const auto crossing = places_.Near({28, 10.5}, 3);
+  ASSERT_TRUE(crossing);
+  EXPECT_EQ(crossing->kind, Snap::Kind::kIntersection);
+  EXPECT_NEAR(crossing->point.x, std::sqrt(800), 1e-6);
+  const auto centre = places_.Near({1, 1}, 3);
+  ASSERT_TRUE(centre);
+  EXPECT_EQ(centre->kind, Snap::Kind::kCentre);
+}
+
+TEST_F(Snaps, MeetTheSpindlesAxis) {
+  const auto meeting = places_.Near({-29.5, 0.5}, 2);
+  ASSERT_TRUE(meeting);
+  EXPECT_NEAR(meeting->point.x, -30, 1e-6);
+  EXPECT_NEAR(meeting->point.y, 0, 1e-6);
+}
+
+TEST_F(Snaps, AreNoneWhereNothingIsNear) {
+  EXPECT_FALSE(places_.Near({10, 20}, 3));
+}
+
+}  // namespace
+}  // namespace vanzet::test

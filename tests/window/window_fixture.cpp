@@ -1,0 +1,133 @@
+#include "window_fixture.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTimer>
+#include <clocale>
+#include <cstdlib>
+
+namespace vanzet::test {
+namespace {
+
+constexpr int kLook = 20;        // milliseconds between looks for what is awaited
+constexpr int kPatience = 3000;  // milliseconds in which a pick has to be answered
+
+/// Calls `work` as soon as `isTime`, while `owner` lives.
+void When(QObject* owner, std::function<bool()> isTime, std::function<void()> work) {
+  auto* const timer = new QTimer(owner);
+  QObject::connect(timer, &QTimer::timeout, timer, [=] {
+    if (!isTime()) return;
+    timer->deleteLater();
+    timer->stop();
+    work();
+  });
+  timer->start(kLook);
+}
+
+}  // namespace
+
+window::Application& WindowTest::Program() {
+  static int count = 1;
+  static char name[] = "window_test";
+  static char* words[] = {name, nullptr};
+  static auto* const program = [] {
+    const std::string locale = std::setlocale(LC_ALL, nullptr);
+    auto* const made = new window::Application(count, words);
+    std::setlocale(LC_ALL, locale.c_str());
+    return made;
+  }();
+  return *program;
+}
+
+WindowTest::WindowTest() {
+  Program();
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString((folder / "settings").string()));
+  window::WindowMemory().Choose(window::Language::kEnglish);
+  Restart();
+}
+
+WindowTest::~WindowTest() {
+  window.reset();
+  unsetenv("VANZET_SCRIPT");
+  unsetenv("VANZET_TRANSCRIPT");
+}
+
+void WindowTest::Restart() {
+  window.reset();
+  window = std::make_unique<window::MainWindow>(
+      window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
+  Program().tell = [this](const Fault& fault) { window->Tell(fault); };
+  window->resize(1400, 900);
+  window->show();
+  QCoreApplication::processEvents();
+}
+
+void WindowTest::OpenSample(bool hasBarJob) {
+  ASSERT_TRUE(window->MakeProject(folder / "lathe", "mill-turn"));
+  window->Upgrade();
+  if (hasBarJob) Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
+  ASSERT_EQ(Messages().find("! "), std::string::npos) << Messages();
+  QCoreApplication::processEvents();
+}
+
+void WindowTest::Play(const std::string& script, std::vector<std::function<void()>> answers) {
+  WriteBytes(folder / "script.txt", script);
+  setenv("VANZET_SCRIPT", (folder / "script.txt").c_str(), 1);
+  setenv("VANZET_TRANSCRIPT", (folder / "transcript.jsonl").c_str(), 1);
+  std::function<void(std::size_t)> answer = [&](std::size_t i) {
+    if (i == answers.size()) return;
+    When(
+        window.get(), [this] { return window->picks().isAsking(); },
+        [&, i] {
+          answers[i]();
+          GiveUpLater();
+          answer(i + 1);
+        });
+  };
+  answer(0);
+  window->ShowDefinition();
+  unsetenv("VANZET_SCRIPT");
+  EXPECT_EQ(ReadBytes(folder / "transcript.jsonl").find("\"error\""), std::string::npos)
+      << ReadBytes(folder / "transcript.jsonl");
+}
+
+void WindowTest::GiveUpLater() {
+  QTimer::singleShot(kPatience, window.get(), [this] {
+    if (!window->picks().isAsking()) return;
+    ADD_FAILURE() << "the pick was not answered";
+    window->picks().Cancel();
+  });
+}
+
+std::vector<std::string> WindowTest::Section(std::size_t operation, std::size_t section) {
+  const auto definitions = window->session()->Definitions();
+  return definitions->at(0).definition->operations.at(operation).sections.at(section);
+}
+
+QPoint WindowTest::At(double x, double y) {
+  return window->drawing().frame().ToScreen({x, y}).toPoint();
+}
+
+void WindowTest::Click(QWidget& widget, const QPoint& place) {
+  QTest::mouseMove(&widget, place);
+  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+std::shared_ptr<QString> WindowTest::AnswerBox(const QString& button) {
+  auto said = std::make_shared<QString>();
+  When(
+      window.get(), [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+      [=] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        *said = box->text();
+        for (QAbstractButton* choice : box->buttons()) {
+          if (choice->text().remove('&') == button) return choice->click();
+        }
+        box->reject();
+      });
+  return said;
+}
+
+}  // namespace vanzet::test

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "support/temporary_folder.h"
+#include "window/application.h"
+#include "window/main_window.h"
+
+namespace vanzet::test {
+
+/// The window over the sample project, without a display, with settings of its own.
+class WindowTest : public testing::Test {
+ protected:
+  WindowTest();
+  ~WindowTest() override;
+
+  /// Makes the window anew, as the next start of the program does.
+  void Restart();
+
+  /// Opens the sample project, with a definition of the bar job when it is asked for.
+  void OpenSample(bool hasBarJob = false);
+
+  /// Plays a script through the dialog; each of `answers` is called when the next pick is asked for.
+  void Play(const std::string& script, std::vector<std::function<void()>> answers = {});
+
+  /// The items of a section of the first spur's definition.
+  std::vector<std::string> Section(std::size_t operation, std::size_t section);
+
+  /// The place on the screen of a place of the drawing.
+  QPoint At(double x, double y);
+  void Click(QWidget& widget, const QPoint& place);
+
+  /// Closes the box that comes up next by the button with that text, and gives what the box said.
+  std::shared_ptr<QString> AnswerBox(const QString& button);
+
+  std::string Messages() { return window->messages().Content().toStdString(); }
+
+  static window::Application& Program();
+
+  const TemporaryFolder folder;
+  std::unique_ptr<window::MainWindow> window;
+
+ private:
+  /// A pick that is not answered ends and is a failure.
+  void GiveUpLater();
+};
+
+}  // namespace vanzet::test
