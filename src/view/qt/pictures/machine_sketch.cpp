@@ -14,8 +14,8 @@ constexpr std::int32_t kUseBezel = 2019;
 
 constexpr Words kUsed = {"The steady rest supports the part.", "Die Lünette stützt das Teil."};
 constexpr Words kNotUsed = {"The steady rest is not used.", "Die Lünette wird nicht verwendet."};
-constexpr Words kScheme = {"W: origin of the part on each spindle",
-                           "W: Nullpunkt des Teils auf jeder Spindel"};
+constexpr Words kScheme = {"W: from the datum to the front of the part",
+                           "W: vom Nullpunkt zur Stirnseite des Teils"};
 
 QPainterPath Circle(double x, double y, double radius) {
   QPainterPath path;
@@ -49,13 +49,13 @@ struct DatumEdit {
 // The main spindle's chuck ends at -100, the sub spindle's begins at 100; the parts stand out of them.
 constexpr double kChuckFace = 100;
 constexpr double kPartFace = 30;
-constexpr double kOrigin = 52;
+constexpr double kChuckBack = 162;
 
 constexpr DatumEdit kDatumEdits[] = {
     {2203, "A", -kChuckFace, -kPartFace, Where::kAbove},
-    {2207, "W", -kChuckFace, -kOrigin, Where::kBelow},
+    {2207, "W", -kChuckBack, -kPartFace, Where::kBelow},
     {2211, "B", kPartFace, kChuckFace, Where::kAbove},
-    {2214, "W", kOrigin, kChuckFace, Where::kBelow},
+    {2214, "W", kPartFace, kChuckBack, Where::kBelow},
 };
 
 /// The letter with what stands in its edit.
@@ -70,13 +70,15 @@ void AddSpindle(Sketch& sketch, double side) {
   const auto block = [&](Ink ink, double from, double to, double low, double high) {
     Add(sketch, ink, Rectangle(side * from, low, side * to, high));
   };
-  block(Ink::kBody, kChuckFace + 16, kChuckFace + 62, -52, 52);
+  block(Ink::kBody, kChuckFace + 16, kChuckBack, -52, 52);
   block(Ink::kPart, kPartFace, kChuckFace + 16, -20, 20);
   for (const double half : {1.0, -1.0})
     block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
-  // The mark of an origin: a ring with a cross.
-  Add(sketch, Ink::kGhost, Circle(side * kOrigin, 0, 6));
-  Add(sketch, Ink::kGhost, Stroke({side * kOrigin, -10}, {side * kOrigin, 10}));
+  // A ring with a cross marks the datum, and the origin that is told from it.
+  for (const double x : {side * kChuckBack, side * kPartFace}) {
+    Add(sketch, Ink::kGhost, Circle(x, 0, 6));
+    Add(sketch, Ink::kGhost, Stroke({x, -10}, {x, 10}));
+  }
 }
 
 }  // namespace
