@@ -1,3 +1,6 @@
+#include <QAbstractButton>
+#include <QDialog>
+#include <QLineEdit>
 #include <QTreeWidget>
 
 #include "window_fixture.h"
@@ -9,7 +12,48 @@ using testing::HasSubstr;
 using testing::Not;
 using window::Command;
 
-class Dialogs : public WindowTest {};
+class Dialogs : public WindowTest {
+ protected:
+  /// The dialog on the screen, or null.
+  static QDialog* OnScreen() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* const dialog = qobject_cast<QDialog*>(widget);
+      if (dialog != nullptr && dialog->isVisible()) return dialog;
+    }
+    return nullptr;
+  }
+
+  static void SelectNode(const QDialog& dialog, const QString& text) {
+    auto* const tree = dialog.findChild<QTreeWidget*>();
+    tree->setCurrentItem(tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+  }
+};
+
+TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
+  OpenSample();
+  QString diameter;
+  When([] { return OnScreen() != nullptr; },
+       [] {
+         SelectNode(*OnScreen(), "Billet cylindrical");
+         OnScreen()->findChild<QAbstractButton*>("2005")->click();
+       });
+  When([this] { return window->picks().isAsking(); },
+       [&] {
+         EXPECT_EQ(OnScreen(), nullptr);
+         window->drawing().Fit();
+         Click(window->drawing(), At(10, 30));
+         When([] { return OnScreen() != nullptr; },
+              [&] {
+                diameter = OnScreen()->findChild<QLineEdit*>("2022")->text();
+                EXPECT_EQ(OnScreen()->parentWidget(), window.get());
+                OnScreen()->close();
+              });
+       });
+  window->ShowDefinition();
+  EXPECT_NEAR(diameter.toDouble(), 60, 2);
+  EXPECT_FALSE(window->session()->isAtWork());
+  EXPECT_TRUE(window->actions()[Command::kDefinition]->isEnabled());
+}
 
 TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {
   OpenSample();

@@ -83,6 +83,8 @@ TEST_F(Views, OfTheEquipmentTurnMoveAndZoom) {
 
 TEST_F(Views, OfTheEquipmentHaveStandardSidesBySingleKeys) {
   OpenSample(true);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   window->equipment().setFocus();
   QTest::keyClick(&window->equipment(), Qt::Key_2);
   EXPECT_NEAR(window->equipment().look().toward.dz, 1, 1e-9);

@@ -7,23 +7,13 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "view_qt/memory_display.h"
+
 namespace vanzet::test {
 namespace {
 
 constexpr int kLook = 20;        // milliseconds between looks for what is awaited
 constexpr int kPatience = 3000;  // milliseconds in which a pick has to be answered
-
-/// Calls `work` as soon as `isTime`, while `owner` lives.
-void When(QObject* owner, std::function<bool()> isTime, std::function<void()> work) {
-  auto* const timer = new QTimer(owner);
-  QObject::connect(timer, &QTimer::timeout, timer, [=] {
-    if (!isTime()) return;
-    timer->deleteLater();
-    timer->stop();
-    work();
-  });
-  timer->start(kLook);
-}
 
 }  // namespace
 
@@ -32,6 +22,7 @@ window::Application& WindowTest::Program() {
   static char name[] = "window_test";
   static char* words[] = {name, nullptr};
   static auto* const program = [] {
+    UseMemoryAsDisplay();
     const std::string locale = std::setlocale(LC_ALL, nullptr);
     auto* const made = new window::Application(count, words);
     std::setlocale(LC_ALL, locale.c_str());
@@ -78,13 +69,12 @@ void WindowTest::Play(const std::string& script, std::vector<std::function<void(
   setenv("VANZET_TRANSCRIPT", (folder / "transcript.jsonl").c_str(), 1);
   std::function<void(std::size_t)> answer = [&](std::size_t i) {
     if (i == answers.size()) return;
-    When(
-        window.get(), [this] { return window->picks().isAsking(); },
-        [&, i] {
-          answers[i]();
-          GiveUpLater();
-          answer(i + 1);
-        });
+    When([this] { return window->picks().isAsking(); },
+         [&, i] {
+           answers[i]();
+           GiveUpLater();
+           answer(i + 1);
+         });
   };
   answer(0);
   window->ShowDefinition();
@@ -115,18 +105,28 @@ void WindowTest::Click(QWidget& widget, const QPoint& place) {
   QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
 }
 
+void WindowTest::When(std::function<bool()> isTime, std::function<void()> work) {
+  auto* const timer = new QTimer(window.get());
+  QObject::connect(timer, &QTimer::timeout, timer, [=] {
+    if (!isTime()) return;
+    timer->deleteLater();
+    timer->stop();
+    work();
+  });
+  timer->start(kLook);
+}
+
 std::shared_ptr<QString> WindowTest::AnswerBox(const QString& button) {
   auto said = std::make_shared<QString>();
-  When(
-      window.get(), [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
-      [=] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        *said = box->text();
-        for (QAbstractButton* choice : box->buttons()) {
-          if (choice->text().remove('&') == button) return choice->click();
-        }
-        box->reject();
-      });
+  When([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+       [=] {
+         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+         *said = box->text();
+         for (QAbstractButton* choice : box->buttons()) {
+           if (choice->text().remove('&') == button) return choice->click();
+         }
+         box->reject();
+       });
   return said;
 }
 

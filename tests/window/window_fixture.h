@@ -35,6 +35,9 @@ class WindowTest : public testing::Test {
   QPoint At(double x, double y);
   void Click(QWidget& widget, const QPoint& place);
 
+  /// Calls `work` as soon as it is time, while the window lives.
+  void When(std::function<bool()> isTime, std::function<void()> work);
+
   /// Closes the box that comes up next by the button with that text, and gives what the box said.
   std::shared_ptr<QString> AnswerBox(const QString& button);
 

@@ -72,7 +72,7 @@ TEST_F(SpokenWindow, SpeaksTheOtherLanguageAtOnce) {
   EXPECT_EQ(window->actions()[Command::kDefinition]->text(), "Spannmittel &definieren...");
   EXPECT_EQ(window->menuBar()->actions().front()->text(), "&Projekt");
   EXPECT_EQ(window->messages().windowTitle(), "Meldungen");
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spindelstrang 0");
+  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spindelspur 0");
   Speak(Language::kEnglish);
   EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spur 0");
 }

@@ -1,0 +1,29 @@
+#include "run_vanzet.h"
+
+namespace vanzet::test {
+namespace {
+
+class OpenCommand : public CommandLineTest {};
+
+TEST_F(OpenCommand, WithoutADisplaySaysSoInOneLine) {
+  MakeUpgradedProject();
+  const Outcome opened = Vanzet("open lathe");
+  EXPECT_EQ(opened.status, 1);
+  EXPECT_EQ(opened.err, "vanzet: there is no display to open a window on\n");
+}
+
+TEST_F(OpenCommand, OfADisplayThatDoesNotAnswerSaysSoInOneLine) {
+  MakeUpgradedProject();
+  const Outcome opened = Vanzet("open lathe", "DISPLAY=:7654");
+  EXPECT_EQ(opened.status, 1);
+  EXPECT_EQ(opened.err, "vanzet: there is no display to open a window on\n");
+}
+
+TEST_F(OpenCommand, OfAMissingFolderSaysSoInOneLine) {
+  const Outcome opened = Vanzet("open nothing", "QT_QPA_PLATFORM=offscreen");
+  EXPECT_EQ(opened.status, 1);
+  EXPECT_EQ(opened.err, "vanzet: nothing: is no folder, so it is no project\n");
+}
+
+}  // namespace
+}  // namespace vanzet::test
