@@ -69,6 +69,8 @@ DialogWindow::DialogWindow(Dialog& dialog, QWidget* parent)
 }
 
 DialogWindow::~DialogWindow() {
+  // The focus moves on while the base goes, when there is nothing left to show it on.
+  disconnect(qApp, nullptr, this, nullptr);
   RememberSize();
 }
 
