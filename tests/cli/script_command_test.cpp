@@ -26,7 +26,7 @@ TEST_F(ScriptCommand, PlaysABarJobFromTheCatalogueToTheSimulationsData) {
   EXPECT_EQ(Sections(1)[1][0], "Chuck 160");
   EXPECT_EQ(Sections(1)[2][0], "Soft jaw 160");
   EXPECT_EQ(Sections(2)[1][0], "Collet D42");
-  EXPECT_EQ(Sections(1)[3][1], "1 80.000000 120.000000 2.000000 3.000000 0.000000 0 1000.000000");
+  EXPECT_EQ(Sections(1)[3][1], "1 42.000000 50.000000 2.000000 3.000000 0.000000 0 1000.000000");
   EXPECT_EQ(Sections(3)[1][0], "1 0.000000 60.000000 40.000000 20.000000 -15.000000");
   for (const std::size_t vrml : {5U, 6U, 7U, 8U}) {
     EXPECT_EQ(Sections(vrml)[1][0], "#VRML V2.0 utf8\n") << vrml;

@@ -59,9 +59,9 @@ TEST_F(ExportCommand, WritesAFileWithAllAndOneForEach) {
 }
 
 TEST_F(ExportCommand, HasTheBarAsLargeAsItWasDefinedInEveryFormat) {
-  // 80 across, 1000 long; its part's front at the origin translation of 20, 2 of allowance before it.
-  const std::array<double, 6> bar = {22 - 1000, -40, -40, 22, 40, 40};
-  const double volume = std::numbers::pi * 1600 * 1000;
+  // 42 across, 1000 long; its part's front at the origin translation of 20, 2 of allowance before it.
+  const std::array<double, 6> bar = {22 - 1000, -21, -21, 22, 21, 21};
+  const double volume = std::numbers::pi * 441 * 1000;
   Export("step");
   ExpectSame(Box(Read("main-billet.step")), bar, 1e-2);
   EXPECT_NEAR(Measured(Read("main-billet.step")).volume, volume, 1);
@@ -76,7 +76,7 @@ TEST_F(ExportCommand, HasTheBarAsLargeAsItWasDefinedInEveryFormat) {
   Export("gltf");
   const ReadBack glb = ReadGltfDocument(folder / "models/main-billet.glb");
   // Metres, y upwards.
-  ExpectSame(Box(modeller::BodyOf(glb.shape, true)), {-0.978, -0.04, -0.04, 0.022, 0.04, 0.04}, 1e-4);
+  ExpectSame(Box(modeller::BodyOf(glb.shape, true)), {-0.978, -0.021, -0.021, 0.022, 0.021, 0.021}, 1e-4);
 }
 
 TEST_F(ExportCommand, HasTheSameBodiesByNameInEveryFormatThatKnowsNames) {
