@@ -36,8 +36,9 @@ Result<fs::path> FindModule(const fs::path& program) {
 }
 
 Result<void> CallModule(const fs::path& module, const char* function, Host& host) {
-  // The module maps its paths as the project does.
+  // The module maps its paths as the project does, and its view has the words of the project's language.
   setenv("VANZET_DRIVES", DrivesText(host.project.paths().drives()).c_str(), 1);
+  setenv("VANZET_LANGUAGE", host.project.Language().c_str(), 1);
   const std::unique_ptr<void, int (*)(void*)> loaded(dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
   if (!loaded) return LoaderFault(module);
   auto* const entry = reinterpret_cast<void (*)()>(dlsym(loaded.get(), function));

@@ -15,6 +15,8 @@ namespace fs = std::filesystem;
 /// What shows that a folder is a project.
 constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", "store.db"};
 
+constexpr const char* kMessages = "messages";  // in [language]
+
 Result<void> CheckIsProject(const fs::path& folder) {
   std::error_code error;
   if (!fs::is_directory(folder, error)) return Fault{"is no folder, so it is no project", folder.string()};
@@ -74,7 +76,7 @@ Result<void> Project::ReadSettings(const fs::path& share) {
 }
 
 Result<void> Project::ReadMessages(const fs::path& share) {
-  const auto language = settings_.language.find("messages");
+  const auto language = settings_.language.find(kMessages);
   if (language == settings_.language.end() || language->second.value.empty()) return {};
   const fs::path file = share / "messages" / (language->second.value + ".txt");
   std::error_code error;
@@ -88,6 +90,12 @@ Result<void> Project::ReadMessages(const fs::path& share) {
   if (!messages) return messages.fault();
   messages_ = std::move(*messages);
   return {};
+}
+
+std::string Project::Language() const {
+  const auto language = settings_.language.find(kMessages);
+  const bool isSet = language != settings_.language.end() && !language->second.value.empty();
+  return isSet ? language->second.value : "en";
 }
 
 std::string Project::Environment(std::string_view key) const {

@@ -43,6 +43,9 @@ class Project {
   /// The user's text of a message, or nothing.
   std::optional<std::string> Message(std::int32_t id) const;
 
+  /// The name of the catalogue of texts; "en", which the module's own texts are in, when none is set.
+  std::string Language() const;
+
   /// How many spindle spurs the machine has.
   Result<std::int32_t> SpindleSpurs() const;
 

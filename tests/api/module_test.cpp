@@ -53,6 +53,16 @@ TEST_F(CallModule, LeadsTheModuleThroughTheProjectsDrives) {
   EXPECT_EQ(OrvoMacroVdmExists(1001), 1);
 }
 
+TEST_F(CallModule, TellsTheViewTheProjectsLanguage) {
+  ASSERT_TRUE(api::CallModule(VANZET_MODULE_FILE, "ReOrgVdm", *host));
+  EXPECT_STREQ(std::getenv("VANZET_LANGUAGE"), "en");
+  WriteBytes(folder / "bench.ini", "[language]\nmessages = de\n");
+  project = std::make_unique<project::Project>(*project::Project::Open(folder.path(), kShare));
+  Restart();
+  ASSERT_TRUE(api::CallModule(VANZET_MODULE_FILE, "ReOrgVdm", *host));
+  EXPECT_STREQ(std::getenv("VANZET_LANGUAGE"), "de");
+}
+
 TEST_F(CallModule, TellsAModuleThatCannotBeLoaded) {
   WriteBytes(folder / "no.so", "no module");
   const auto called = api::CallModule(folder / "no.so", "ReOrgVdm", *host);
