@@ -54,7 +54,7 @@ std::span<const std::string_view> ViewWords() {
 }
 
 std::optional<View> ViewNamed(std::string_view word) {
-  const auto row = std::ranges::find(kViews, word, &ViewRow::word);
+  const auto* const row = std::ranges::find(kViews, word, &ViewRow::word);
   if (row == kViews.end()) return std::nullopt;
   return static_cast<View>(row - kViews.begin());
 }

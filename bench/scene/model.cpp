@@ -58,7 +58,8 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
     Surface surface = SurfaceOf(*mesh, body.placement);
     model.bodies.push_back(isSection ? Cut(surface, body) : Whole(std::move(surface), body));
   }
-  std::ranges::stable_partition(model.bodies, [](const ModelBody& body) { return !body.isSeenThrough; });
+  std::stable_partition(model.bodies.begin(), model.bodies.end(),
+                        [](const ModelBody& body) { return !body.isSeenThrough; });
   return model;
 }
 

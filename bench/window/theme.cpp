@@ -77,8 +77,8 @@ void Dress(QApplication& application, Appearance appearance) {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, appearance == Appearance::kDark ? "#6b747c" : "#a2abb3");
   }
-  application.setStyle(QStyleFactory::create("Fusion"));
-  application.setPalette(palette);
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setPalette(palette);
   application.setStyleSheet(kStyleSheet);
 }
 
