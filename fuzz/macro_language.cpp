@@ -22,6 +22,7 @@ class Nowhere final : public language::Workplace {
   Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string&) override {
     return std::vector<geometry::Kurve>();
   }
+  Result<void> ShowHelp(const std::string&) override { return {}; }
 };
 
 /// Runs lines, of which no VDM comes to a file: none can be made where there is no folder for its lock.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -57,6 +58,7 @@ class Host final : public language::Workplace {
   Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) override {
     return figures_.Read(name);
   }
+  Result<void> ShowHelp(const std::string& topic) override { return help ? help(topic) : Result<void>(); }
 
   const project::Project& project;
   project::MessagePanel& panel;
@@ -72,6 +74,8 @@ class Host final : public language::Workplace {
   modeller::BodyTable bodies;
   const modeller::MeshTolerance mesh;                             ///< of exported bodies
   modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder
+
+  std::function<Result<void>(const std::string& topic)> help;  ///< shows help; empty: nobody can
 
   /// What modules are told of the host's main window, which boxes stand in front of; null: there is none.
   void* mainWindow = nullptr;

@@ -44,11 +44,9 @@ Result<void> RunMacro(const Operand& name, const Operand& arguments, Surrounding
 
 Result<void> LoadHelp(CommandLine& arguments, Surroundings& surroundings) {
   if (const auto end = arguments.End(); !end) return end;
-  // The topic stays in its variable for whoever shows help; without one there is nothing to show.
-  if (surroundings.variables.Text("$_helptopic").value_or("").empty()) {
-    return arguments.FaultHere("$_helptopic names no topic");
-  }
-  return {};
+  const std::string topic = surroundings.variables.Text("$_helptopic").value_or("");
+  if (topic.empty()) return arguments.FaultHere("$_helptopic names no topic");
+  return surroundings.workplace.ShowHelp(topic);
 }
 
 }  // namespace vanzet::language

@@ -26,6 +26,9 @@ class Workplace {
 
   /// The contours of one of them. A fault when there is none of that name.
   virtual Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) = 0;
+
+  /// Shows help on a topic; where nobody can, nothing happens.
+  virtual Result<void> ShowHelp(const std::string& topic) = 0;
 };
 
 }  // namespace vanzet::language

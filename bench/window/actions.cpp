@@ -84,7 +84,7 @@ std::span<const ActionRow> ActionRows() {
   return kRows;
 }
 
-Actions::Actions(QMainWindow& window, const Words& words) : words_(words) {
+Actions::Actions(QMainWindow& window, const Words& words) : QObject(&window), words_(words) {
   auto* const bar = window.addToolBar("");
   bar->setObjectName("tools");
   bar->setMovable(false);

@@ -166,7 +166,7 @@ void MainWindow::Run(Command command) {
     case Command::kDefinition: return ShowDefinition();
     case Command::kUpgrade: return Upgrade();
     case Command::kRefresh: return Refresh();
-    case Command::kContents: return ShowHelp();
+    case Command::kContents: return ShowContents();
     case Command::kAbout: return ShowAbout();
     default: static_cast<void>(RunView(command) || RunExport(command));
   }

@@ -118,7 +118,10 @@ class MainWindow final : public QMainWindow {
   void Speak(Language language);
   void Wear(Appearance appearance);
   void ShowPosition(double x, double y);
-  void ShowHelp();
+  void ShowContents();
+
+  /// Shows a page of the documentation: "window.md".
+  Result<void> ShowHelp(const char* page);
   void ShowAbout();
 
   // main_window_export.cpp

@@ -43,9 +43,11 @@ void MainWindow::Call(const char* function, Text busy) {
     box.reset();
     if (isLine) redraw_.start();
   };
+  // Modules know one topic, their dialog.
+  const auto help = [this](const std::string& /*topic*/) { return ShowHelp("guide/pages.md"); };
   const auto called = session_->Call(function, {*messages_, std::make_unique<WindowPicks>(*picks_),
                                                 std::make_unique<CallListener>(*messages_, afterCall),
-                                                static_cast<QWidget*>(this), progress});
+                                                static_cast<QWidget*>(this), progress, help});
   actions_->Enable(true, false);
   if (!called) Tell(called.fault());
   Refresh();

@@ -83,10 +83,13 @@ void MainWindow::ShowPosition(double x, double y) {
   position_->setText(QString("X %1   Y %2 mm").arg(x, 0, 'f', kDecimals).arg(y, 0, 'f', kDecimals));
 }
 
-void MainWindow::ShowHelp() {
+void MainWindow::ShowContents() {
+  if (const auto shown = ShowHelp("window.md"); !shown) Tell(shown.fault());
+}
+
+Result<void> MainWindow::ShowHelp(const char* page) {
   if (help_ == nullptr) help_ = new HelpWindow(words_, this);
-  const auto page = places_.share.parent_path() / "doc" / "vanzet" / "window.md";
-  if (const auto opened = help_->Open(page); !opened) Tell(opened.fault());
+  return help_->Open(places_.share.parent_path() / "doc" / "vanzet" / page);
 }
 
 void MainWindow::ShowAbout() {

@@ -92,6 +92,7 @@ Result<void> Session::Call(const char* function, Surroundings surroundings) {
   host_->picks = std::move(surroundings.picks);
   host_->mainWindow = surroundings.mainWindow;
   host_->exchange.progress = std::move(surroundings.progress);
+  host_->help = std::move(surroundings.help);
   const AtTheEnd rest{[this] { host_.reset(); }};
   if (const auto usable = host_->store.Check(); !usable) return usable;
   return api::CallModule(*module, function, *host_);

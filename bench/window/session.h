@@ -55,6 +55,7 @@ class Session {
     std::unique_ptr<api::CallLog> log;
     void* mainWindow;
     modeller::Progress progress;
+    std::function<Result<void>(const std::string& topic)> help;
   };
   /// Calls an export of the module, "mstart" or "ReOrgVdm". Refused while one is at work.
   Result<void> Call(const char* function, Surroundings surroundings);

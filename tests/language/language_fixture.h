@@ -39,6 +39,12 @@ class WorkplaceOfATest final : public Workplace {
     if (!figures.contains(name)) return Fault{"there is no figure '" + name + "'"};
     return figures.at(name);
   }
+  Result<void> ShowHelp(const std::string& topic) override {
+    helped.push_back(topic);
+    return {};
+  }
+
+  std::vector<std::string> helped;  ///< the topics on which help was shown
 };
 
 /// Lines against a board, a store and a project of the test's own.

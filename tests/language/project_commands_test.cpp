@@ -133,7 +133,9 @@ TEST_F(ProjectCommands, APositionIsPickedByTheMacro) {
 
 TEST_F(ProjectCommands, HelpNeedsATopic) {
   EXPECT_EQ(Told("call loadhelp"), "14: $_helptopic names no topic");
+  EXPECT_THAT(workplace.helped, testing::IsEmpty());
   DoAll({"$_helptopic='mat_vanzet53'", "call loadhelp"});
+  EXPECT_THAT(workplace.helped, testing::ElementsAre("mat_vanzet53"));
 }
 
 TEST_F(ProjectCommands, ADrawingThatCannotBeReadCancelsPicksAndStopsDrawing) {

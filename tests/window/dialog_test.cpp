@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QDialog>
 #include <QLineEdit>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include "window_fixture.h"
@@ -72,6 +73,16 @@ TEST_F(Dialogs, TellTheLinesTheySendAndTheAnswersTheyRead) {
   EXPECT_THAT(Messages(), Not(HasSubstr("OrvoMacroVdmOpen(")));
   window->messages().Clear();
   EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(Dialogs, ShowTheirPagesWhereTheyAskForHelp) {
+  OpenSample();
+  Play("press 2012\n");
+  auto* const help = window->findChild<QWidget*>("help");
+  ASSERT_NE(help, nullptr);
+  EXPECT_TRUE(help->isVisible());
+  EXPECT_TRUE(help->findChild<QTextBrowser*>()->source().path().endsWith("guide/pages.md"));
+  EXPECT_TRUE(help->findChild<QTextBrowser*>()->toPlainText().contains("Billet cylindrical"));
 }
 
 TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
