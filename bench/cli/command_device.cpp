@@ -5,6 +5,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
+#include "cli/progress_line.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
 #include "contour/number_text.h"
@@ -84,7 +85,7 @@ Result<geometry::Kurve> OutlineOf(const std::string& file) {
 Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
-  const auto body = modeller::ImportBody(paths.Resolve(arguments.body), modeller::Exchange::OfProcess());
+  const auto body = modeller::ImportBody(paths.Resolve(arguments.body), ToldExchange());
   if (!body) return body.fault();
   const auto outline = OutlineOf(arguments.outline);
   if (!outline) return outline.fault();
@@ -109,8 +110,7 @@ struct Shown {
 Result<Shown> ReadShown(const project::Definition& content) {
   const auto values = scene::ReadOwnDeviceValues(content);
   if (!values) return values.fault();
-  const auto device =
-      scene::ReadDeviceText(content, scene::kOwnDeviceOperation, modeller::Exchange::OfProcess());
+  const auto device = scene::ReadDeviceText(content, scene::kOwnDeviceOperation, ToldExchange());
   if (!device) return device.fault();
   if (!*device) return Fault{"holds no body"};
   const auto measures = modeller::MeasuresOf((*device)->body);

@@ -3,6 +3,7 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/progress_line.h"
 #include "results/equipment.h"
 #include "results/equipment_files.h"
 
@@ -19,7 +20,7 @@ struct Arguments {
 Result<void> ExportEquipment(const Arguments& arguments, const Context& context) {
   const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
-  const auto exchange = modeller::Exchange::OfProcess();
+  const auto exchange = ToldExchange();
   const auto scene = results::EquipmentOf(*project, arguments.spur, exchange);
   if (!scene) return scene.fault();
   return results::WriteEquipment(*scene, *modeller::FormatNamed(arguments.format),

@@ -4,6 +4,7 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/progress_line.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
 #include "results/equipment.h"
@@ -54,7 +55,7 @@ Result<std::string> DrawEquipment(const Arguments& arguments, const project::Pro
   if (height) options.width = *height * 3 / 2;
   if (width) options.width = *width;
   options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
-  const auto scene = results::EquipmentOf(project, arguments.spur, modeller::Exchange::OfProcess());
+  const auto scene = results::EquipmentOf(project, arguments.spur, ToldExchange());
   if (!scene) return scene.fault();
   const auto picture = scene::Draw(*scene, options);
   if (!picture) return picture.fault();

@@ -1,5 +1,7 @@
 #include "cli/context.h"
 
+#include "cli/progress_line.h"
+
 #include <cstdlib>
 #include <iostream>
 #include <system_error>
@@ -53,6 +55,7 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   }
   auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(*project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
+  hosted->host->exchange = ToldExchange();
   if (!context.keepsTmp) return hosted;
   const auto tmp = hosted->host->runFolder.Path();
   if (!tmp) return tmp.fault();

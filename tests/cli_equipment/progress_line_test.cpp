@@ -1,0 +1,33 @@
+#include "cli/progress_line.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace vanzet::cli {
+namespace {
+
+TEST(ProgressLine, TellsWorkThatTakesLongAndGoesWithoutATrace) {
+  std::ostringstream terminal;
+  std::chrono::steady_clock::time_point now;
+  {
+    ProgressLine line(terminal, [&] { return now; });
+    line.Tell(0.1);
+    EXPECT_EQ(terminal.str(), "") << "nobody has waited yet";
+    now += std::chrono::seconds(1);
+    line.Tell(0.25);
+    line.Tell(0.2599);
+    EXPECT_EQ(terminal.str(), "\r\x1b[K3D files: 25 %");
+    line.Tell(1);
+  }
+  EXPECT_EQ(terminal.str(), "\r\x1b[K3D files: 25 %\r\x1b[K3D files: 100 %\r\x1b[K");
+}
+
+TEST(ProgressLine, LeavesATerminalAloneThatWasToldNothing) {
+  std::ostringstream terminal;
+  { const ProgressLine line(terminal); }
+  EXPECT_EQ(terminal.str(), "");
+}
+
+}  // namespace
+}  // namespace vanzet::cli
