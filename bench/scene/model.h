@@ -20,7 +20,7 @@ struct ModelBody {
   std::vector<SurfaceEdge> edges;
   std::vector<Stroke> cuts;
   modeller::Colour colour;
-  bool isSeenThrough;
+  bool isSeenThrough = false;
 };
 
 /// What is seen through comes behind all else.
