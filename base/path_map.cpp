@@ -71,7 +71,9 @@ std::string_view DriveOf(std::string_view path) {
 std::string DrivesText(const PathMap::Drives& drives) {
   std::string text;
   for (const auto& [letter, root] : drives) {
-    text += (text.empty() ? "" : ";") + std::string(1, letter) + ":=" + root;
+    if (!text.empty()) text += ';';
+    text += letter;
+    text.append(":=").append(root);
   }
   return text;
 }
