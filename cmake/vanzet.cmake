@@ -6,7 +6,7 @@ target_compile_features(vanzet_options INTERFACE cxx_std_20)
 target_compile_options(vanzet_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
-  -Werror)
+  $<$<BOOL:${VANZET_WERROR}>:-Werror>)
 if(VANZET_SANITIZE)
   # The checks of the sanitizers make the compiler see uses of unset values that are not there.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -34,10 +34,11 @@ function(vanzet_library folder)
   target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
 endfunction()
 
-# What tests are compiled with: undefined behaviour is looked for in what they test, not in the tests, of which
-# there are many.
+# What tests are compiled with, of which there are many: little optimisation, and undefined behaviour is looked for
+# in what they test, not in the tests themselves.
 add_library(vanzet_test_options INTERFACE)
 target_link_libraries(vanzet_test_options INTERFACE vanzet_options)
+target_compile_options(vanzet_test_options INTERFACE -O1)
 if(VANZET_SANITIZE)
   target_compile_options(vanzet_test_options INTERFACE -fno-sanitize=undefined)
 endif()
@@ -51,12 +52,10 @@ function(vanzet_test name)
   list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name}_test PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_test_options vanzet_test_main)
-  # What is built with Qt has other flags than the headers were read with.
-  if(VANZET_SANITIZE AND NOT ARG_USES MATCHES "Qt6")
+  # A target that uses Qt is compiled with other flags than the headers were read with.
+  if(NOT ARG_USES MATCHES "Qt6")
     target_precompile_headers(${name}_test REUSE_FROM vanzet_test_headers)
   endif()
-  target_compile_definitions(${name}_test PRIVATE
-    VANZET_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANZET_BINARY_DIR="${PROJECT_BINARY_DIR}")
   gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 300 ENVIRONMENT "${ARG_ENVIRONMENT}")
   # The whole program once more under a locale with a decimal comma: no number may depend on it.
