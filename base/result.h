@@ -9,21 +9,32 @@
 
 namespace vanzet {
 
-/// Why something could not be done, told for the person who can mend it.
+/// The sort of a failure, for callers that act on it.
+enum class FaultKind {
+  kRefused,  ///< the input or the request is wrong
+  kMissing,  ///< what was asked for does not exist
+  kBusy,     ///< somebody else holds it now; later it may work
+  kDamaged,  ///< stored data cannot be trusted
+  kSystem,   ///< the operating system refused: no permission, no space, no descriptors
+};
+
+/// Why something could not be done, written for the person who can mend it.
 /// Parts that are not known stay empty or 0; lines and columns count from 1.
 struct Fault {
   std::string text;
   std::string file = {};
   int line = 0;
   int column = 0;
+  FaultKind kind = FaultKind::kRefused;
+  std::string source = {};  ///< the faulty line of a text file, without its line end
 
   /// One line, whatever it quotes: "machine.ini:14:3: expected a number, found 'x'".
-  std::string Told() const {
-    std::string told = file;
-    for (const int place : {line, column}) {
-      if (place > 0) told += (told.empty() ? "" : ":") + std::to_string(place);
+  std::string Message() const {
+    std::string place = file;
+    for (const int number : {line, column}) {
+      if (number > 0) place += (place.empty() ? "" : ":") + std::to_string(number);
     }
-    return OneLine(told.empty() ? text : told + ": " + text);
+    return OneLine(place.empty() ? text : place + ": " + text);
   }
 };
 
@@ -37,11 +48,12 @@ class [[nodiscard]] Result {
   explicit operator bool() const { return std::holds_alternative<T>(content_); }
 
   /// Requires: there is a value.
-  T& operator*() {
+  T& operator*() & {
     assert(*this && "a result without a value was read");
     return *std::get_if<T>(&content_);
   }
-  const T& operator*() const { return *const_cast<Result&>(*this); }
+  const T& operator*() const& { return *const_cast<Result&>(*this); }
+  T&& operator*() && { return std::move(**this); }
   T* operator->() { return &**this; }
   const T* operator->() const { return &**this; }
 
@@ -76,3 +88,22 @@ class [[nodiscard]] Result<void> {
 };
 
 }  // namespace vanzet
+
+#define VANZET_JOIN_WORDS(a, b) a##b
+#define VANZET_NAME_OF_LINE(name, line) VANZET_JOIN_WORDS(name, line)
+#define VANZET_TRY_INTO(result, declaration, ...) \
+  auto result = (__VA_ARGS__);                    \
+  if (!result) return result.fault();             \
+  declaration = *std::move(result)
+
+/// Returns the fault of the expression to the caller, or declares a variable with its value:
+///   VANZET_TRY(const Body body, ImportBody(path));
+/// Two statements: not for the branch of an `if` without braces.
+#define VANZET_TRY(declaration, ...) \
+  VANZET_TRY_INTO(VANZET_NAME_OF_LINE(resultOfLine, __LINE__), declaration, __VA_ARGS__)
+
+/// Returns the fault of an expression of type `Result<void>` to the caller, or goes on.
+#define VANZET_DO(...)                                         \
+  do {                                                         \
+    if (auto done = (__VA_ARGS__); !done) return done.fault(); \
+  } while (false)

@@ -28,12 +28,12 @@ constexpr modeller::MeshTolerance kFine = {0.01, 2};
 
 template <class T>
 T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Told());
+  if (!result) throw std::runtime_error(result.fault().Message());
   return std::move(*result);
 }
 
 void Check(const Result<void>& done) {
-  if (!done) throw std::runtime_error(done.fault().Told());
+  if (!done) throw std::runtime_error(done.fault().Message());
 }
 
 /// A folder that goes with its owner.

@@ -33,12 +33,12 @@ struct Folder {
 
 template <class T>
 T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Told());
+  if (!result) throw std::runtime_error(result.fault().Message());
   return std::move(*result);
 }
 
 void Check(const Result<void>& done) {
-  if (!done) throw std::runtime_error(done.fault().Told());
+  if (!done) throw std::runtime_error(done.fault().Message());
 }
 
 /// Lines like those of a body's points: some forty characters, no two alike.

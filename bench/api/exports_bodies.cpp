@@ -17,7 +17,7 @@ std::int32_t PickBody(std::string_view prompt, Host& host) {
   if (!Told(host, pick) || pick->kind != drawing::Pick::Kind::kObject) return kNoBody;
   const auto body = host.BodyNamed(pick->name);
   if (body) return *body;
-  host.panel.Tell(host.picks->At(*pick, body.fault().Told()));
+  host.panel.Tell(host.picks->At(*pick, body.fault().Message()));
   return kNoBody;
 }
 

@@ -14,7 +14,7 @@ Result<void> Named(const Result<void>& run, const std::string& line) {
   if (run) return run;
   const std::string quoted = "'" + line + "'";
   const Fault& fault = run.fault();
-  if (!fault.file.empty()) return Fault{fault.Told(), quoted};
+  if (!fault.file.empty()) return Fault{fault.Message(), quoted};
   return Fault{fault.text, quoted, fault.line, fault.column};
 }
 

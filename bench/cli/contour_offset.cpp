@@ -19,7 +19,7 @@ Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& argum
     auto offset = OffsetOf(contour, i * step, arguments.method);
     if (!offset && offsets.empty()) return offset.fault();
     if (!offset) {
-      std::cerr << "vanzet: " + offset.fault().Told() + "; there are " + std::to_string(i - 1) + " of " +
+      std::cerr << "vanzet: " + offset.fault().Message() + "; there are " + std::to_string(i - 1) + " of " +
                        std::to_string(arguments.steps) + " offsets\n";
       break;
     }

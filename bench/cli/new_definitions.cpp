@@ -8,7 +8,7 @@ NewDefinitions::~NewDefinitions() {
   for (const Former& former : formers_) {
     const auto done =
         former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
-    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Told()});
+    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Message()});
   }
 }
 

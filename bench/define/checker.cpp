@@ -156,7 +156,8 @@ void Checker::FilesOf(const Place& record) {
     if (!record.Has(key)) continue;
     const Place name = record[key];
     const auto& exists = std::string_view(key) == "solid" ? surroundings_.solid : surroundings_.figure;
-    if (const auto found = exists(name.json.get<std::string>()); !found) Refuse(name, found.fault().Told());
+    if (const auto found = exists(name.json.get<std::string>()); !found)
+      Refuse(name, found.fault().Message());
   }
 }
 

@@ -48,7 +48,7 @@ void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
     return void(Refuse(file, "must not hold an apostrophe: the host's commands end a name with it"));
   }
   const auto deviceClass = surroundings_.ownDevice(file.json.get<std::string>());
-  if (!deviceClass) return void(Refuse(file, deviceClass.fault().Told()));
+  if (!deviceClass) return void(Refuse(file, deviceClass.fault().Message()));
   if (*deviceClass != row.deviceClass) {
     Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", which is no " + WordsOf(row));
   }

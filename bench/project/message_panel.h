@@ -14,7 +14,7 @@ class MessagePanel {
 
   void Tell(const Fault& fault) {
     ++faults_;
-    Show(fault.Told());
+    Show(fault.Message());
   }
 
   /// How many faults were told.

@@ -174,7 +174,7 @@ void MainWindow::Run(Command command) {
 
 void MainWindow::Tell(const Fault& fault) {
   static_cast<project::MessagePanel&>(*messages_).Tell(fault);
-  notice_->Tell(Shown(fault.Told()));
+  notice_->Tell(Shown(fault.Message()));
 }
 
 void MainWindow::Remember() {

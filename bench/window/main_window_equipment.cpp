@@ -89,7 +89,7 @@ void MainWindow::RefreshEquipment() {
   auto shown = equipment_->Show(scene_);
   if (scene && shown) return;
   const Fault fault = scene ? shown.fault() : scene.fault();
-  equipment_->SetHint(Shown(fault.Told()));
+  equipment_->SetHint(Shown(fault.Message()));
   Tell(fault);
 }
 

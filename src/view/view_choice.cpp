@@ -46,8 +46,8 @@ std::unique_ptr<View> ViewChoice::Choose() {
 std::unique_ptr<View> ViewChoice::OnDisplay() {
   auto view = ViewFromLibrary(QtLibrary());
   if (view) return std::move(*view);
-  if (view.fault().Told() != toldReason_) {
-    toldReason_ = view.fault().Told();
+  if (view.fault().Message() != toldReason_) {
+    toldReason_ = view.fault().Message();
     platform::ConsoleBoxes().Present({"vanzet", "The dialog cannot be shown on a display: " + toldReason_});
   }
   return nullptr;

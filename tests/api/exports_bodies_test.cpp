@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "api/host_fixture.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

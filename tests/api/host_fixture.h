@@ -7,6 +7,7 @@
 
 #include "api/exports.h"
 #include "api/host.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::test {

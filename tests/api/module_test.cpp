@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "api/host_fixture.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

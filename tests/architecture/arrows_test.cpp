@@ -7,6 +7,8 @@
 #include <set>
 #include <string>
 
+#include "support/places.h"
+
 namespace vanzet {
 namespace {
 

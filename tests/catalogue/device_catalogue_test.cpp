@@ -7,6 +7,7 @@
 #include "catalogue_fixture.h"
 #include "macro/device_record.h"
 #include "support/child.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

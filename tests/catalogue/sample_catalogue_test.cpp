@@ -6,6 +6,7 @@
 #include "macro/device_record.h"
 #include "macro/tables/device_outlines.h"
 #include "macro/tables/device_types.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

@@ -3,6 +3,7 @@
 
 #include "closed_loop/sensible_devices.h"
 #include "run_vanzet.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "run_vanzet.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "run_vanzet.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

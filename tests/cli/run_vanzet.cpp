@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "support/places.h"
+
 namespace vanzet::test {
 
 Outcome CommandLineTest::Vanzet(const std::string& arguments, const std::string& before,

@@ -1,5 +1,7 @@
 #include "run_vanzet.h"
 
+#include "support/places.h"
+
 namespace vanzet::test {
 namespace {
 

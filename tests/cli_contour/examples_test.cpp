@@ -2,6 +2,8 @@
 
 #include "command_fixture.h"
 
+#include "support/places.h"
+
 namespace vanzet::test {
 namespace {
 

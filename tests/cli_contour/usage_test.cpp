@@ -1,5 +1,7 @@
 #include "command_fixture.h"
 
+#include "support/places.h"
+
 namespace vanzet::test {
 namespace {
 

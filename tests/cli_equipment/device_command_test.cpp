@@ -7,6 +7,7 @@
 
 #include "cli/run_vanzet.h"
 #include "modeller/foreign_files.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {

@@ -8,6 +8,7 @@
 #include "modeller/read_back.h"
 #include "modeller/solids.h"
 #include "modeller/vrml_import.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {
@@ -41,7 +42,7 @@ class ExportCommand : public CommandLineTest {
   modeller::Body Read(const std::string& name) const {
     const auto body = modeller::ImportBody(folder / "models" / name, TestExchange());
     if (body) return *body;
-    ADD_FAILURE() << body.fault().Told();
+    ADD_FAILURE() << body.fault().Message();
     return modeller::Body(nullptr);
   }
 
@@ -70,7 +71,7 @@ TEST_F(ExportCommand, HasTheBarAsLargeAsItWasDefinedInEveryFormat) {
   EXPECT_NEAR(Measured(Read("main-billet.stl")).volume, volume, volume * 0.01);
   Export("wrl");
   const auto wrl = modeller::ImportVrml(ReadBytes(folder / "models/main-billet.wrl"), TestExchange());
-  ASSERT_TRUE(wrl) << wrl.fault().Told();
+  ASSERT_TRUE(wrl) << wrl.fault().Message();
   ASSERT_EQ(wrl->size(), 1U);
   ExpectSame(Box(wrl->front().body), bar, 0.06);
   Export("gltf");
@@ -88,7 +89,7 @@ TEST_F(ExportCommand, HasTheSameBodiesByNameInEveryFormatThatKnowsNames) {
   EXPECT_EQ(ReadGltfDocument(folder / "models/equipment.glb").names, step.names);
   Export("wrl");
   const auto wrl = modeller::ImportVrml(ReadBytes(folder / "models/equipment.wrl"), TestExchange());
-  ASSERT_TRUE(wrl) << wrl.fault().Told();
+  ASSERT_TRUE(wrl) << wrl.fault().Message();
   EXPECT_EQ(wrl->size(), step.names.size());
 }
 

@@ -16,12 +16,12 @@ class ConstructionsTest : public ContourTest {
   template <class Value>
   static Value Made(Result<Value> made) {
     if (made) return *made;
-    ADD_FAILURE() << made.fault().Told();
+    ADD_FAILURE() << made.fault().Message();
     return {};
   }
   template <class Value>
   static std::string Refused(const Result<Value>& made) {
-    return made ? "made" : made.fault().Told();
+    return made ? "made" : made.fault().Message();
   }
 
   const Contour square = ReadOne(kRoundedSquare);

@@ -24,7 +24,7 @@ class ContourTest : public testing::Test {
     std::istringstream stream(text);
     const auto contours = ReadText(stream, "c.txt");
     if (contours) return *contours;
-    ADD_FAILURE() << contours.fault().Told();
+    ADD_FAILURE() << contours.fault().Message();
     return {};
   }
   static Contour ReadOne(const std::string& text) {
@@ -37,7 +37,7 @@ class ContourTest : public testing::Test {
   static std::string FaultOf(const std::string& text) {
     std::istringstream stream(text);
     const auto contours = ReadText(stream, "c.txt");
-    return contours ? "read" : contours.fault().Told();
+    return contours ? "read" : contours.fault().Message();
   }
 
  private:

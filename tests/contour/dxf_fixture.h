@@ -33,13 +33,13 @@ class DxfTest : public ContourTest {
   static Contours ContoursOf(const std::string& entities, const DxfOptions& options = {}) {
     const auto content = Dxf(Drawing(entities), options);
     if (content) return content->contours;
-    ADD_FAILURE() << content.fault().Told();
+    ADD_FAILURE() << content.fault().Message();
     return {};
   }
 
   static std::string Refused(const std::string& text, const DxfOptions& options = {}) {
     const auto content = Dxf(text, options);
-    return content ? "read" : content.fault().Told();
+    return content ? "read" : content.fault().Message();
   }
 };
 

@@ -18,7 +18,7 @@ class DxfWriterTest : public DxfTest {
   static Contours BackFromDxf(const Contours& contours) {
     const auto content = Dxf(DxfForm(contours, "L1"), {});
     if (content) return content->contours;
-    ADD_FAILURE() << content.fault().Told();
+    ADD_FAILURE() << content.fault().Message();
     return {};
   }
 };
@@ -63,13 +63,13 @@ class XmlFormTest : public ContourTest {
   static std::string Refused(const std::string& text) {
     std::istringstream stream(text);
     const auto contours = ReadXml(stream, "c.xml");
-    return contours ? "read" : contours.fault().Told();
+    return contours ? "read" : contours.fault().Message();
   }
   static Contours ReadBack(const std::string& text) {
     std::istringstream stream(text);
     const auto contours = ReadXml(stream, "c.xml");
     if (contours) return *contours;
-    ADD_FAILURE() << contours.fault().Told();
+    ADD_FAILURE() << contours.fault().Message();
     return {};
   }
 

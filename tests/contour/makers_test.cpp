@@ -10,10 +10,10 @@ class MakersTest : public ContourTest {
  protected:
   static Contour Made(Result<Contour> made) {
     if (made) return *made;
-    ADD_FAILURE() << made.fault().Told();
+    ADD_FAILURE() << made.fault().Message();
     return {};
   }
-  static std::string Refused(const Result<Contour>& made) { return made ? "made" : made.fault().Told(); }
+  static std::string Refused(const Result<Contour>& made) { return made ? "made" : made.fault().Message(); }
 
   const Contour square = ReadOne(kRoundedSquare);
   const Contour open = ReadOne("k1 e x0 y0\nx10 y0\nx10 y10\nek\n");

@@ -99,7 +99,7 @@ TEST_F(OperationsTest, TooManyCrossingsAreRefused) {
   }
   const auto crossings = Crossings(ReadOne(across + "ek\n"), ReadOne(up + "ek\n"));
   ASSERT_FALSE(crossings);
-  EXPECT_EQ(crossings.fault().Told(), "the contours meet in more than 1000000 points");
+  EXPECT_EQ(crossings.fault().Message(), "the contours meet in more than 1000000 points");
 }
 
 TEST_F(OperationsTest, ContoursApartDoNotMeet) {

@@ -109,7 +109,7 @@ TEST_F(TextReaderTest, AStreamThatCannotBeReadIsAFault) {
   stream.setstate(std::ios::badbit);
   const auto contours = ReadText(stream, "c.txt");
   ASSERT_FALSE(contours);
-  EXPECT_EQ(contours.fault().Told(), "c.txt: cannot be read");
+  EXPECT_EQ(contours.fault().Message(), "c.txt: cannot be read");
 }
 
 }  // namespace

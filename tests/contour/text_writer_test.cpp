@@ -2,6 +2,7 @@
 
 #include "contour/builder.h"
 #include "contour_fixture.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::contour {

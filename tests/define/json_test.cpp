@@ -12,15 +12,15 @@ using testing::IsEmpty;
 TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
   const auto read = ReadJson("{\"spurs\": [\n  1,,\n]}", "job.json");
   ASSERT_FALSE(read);
-  EXPECT_THAT(read.fault().Told(), testing::StartsWith("job.json:2:5: no JSON: "));
-  EXPECT_THAT(ReadJson("", "job.json").fault().Told(), HasSubstr("job.json:1:1: no JSON: "));
+  EXPECT_THAT(read.fault().Message(), testing::StartsWith("job.json:2:5: no JSON: "));
+  EXPECT_THAT(ReadJson("", "job.json").fault().Message(), HasSubstr("job.json:1:1: no JSON: "));
   EXPECT_FALSE(ReadJson("{\"a\": \"\xff\"}", "job.json"));
-  EXPECT_THAT(ReadJson("[1e400]", "job.json").fault().Told(), HasSubstr("too large"));
+  EXPECT_THAT(ReadJson("[1e400]", "job.json").fault().Message(), HasSubstr("too large"));
 }
 
 TEST(FormJson, MayHaveAKeyInSeveralObjectsButNotTwiceInOne) {
   EXPECT_TRUE(ReadJson(R"({"a": {"b": 1}, "b": [{"b": 1}, {"b": 1}]})", "job.json"));
-  EXPECT_EQ(ReadJson(R"({"a": {"b": 1, "c": {"b": 1}, "b": 2}})", "job.json").fault().Told(),
+  EXPECT_EQ(ReadJson(R"({"a": {"b": 1, "c": {"b": 1}, "b": 2}})", "job.json").fault().Message(),
             "job.json: the key \"b\" stands twice in one object");
 }
 

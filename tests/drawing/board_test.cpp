@@ -108,7 +108,7 @@ TEST_F(Boards, LeaveADamagedDrawingAlone) {
   test::WriteBytes(folder / "drawing.txt", "drawing 1\nrubbish\n");
   const auto saved = board.Save();
   ASSERT_FALSE(saved);
-  EXPECT_THAT(saved.fault().Told(), HasSubstr("drawing.txt:2: expected a layer"));
+  EXPECT_THAT(saved.fault().Message(), HasSubstr("drawing.txt:2: expected a layer"));
   EXPECT_EQ(Kept(), "drawing 1\nrubbish\n");
   std::filesystem::remove(folder / "drawing.txt");
   EXPECT_TRUE(board.Save()) << "nothing was lost";
@@ -118,7 +118,7 @@ TEST_F(Boards, LeaveADamagedDrawingAlone) {
 TEST_F(Boards, RefuseADrawingThatIsNoFile) {
   std::filesystem::create_directory(folder / "drawing.txt");
   Board board(folder.path());
-  EXPECT_THAT(board.Load().fault().Told(), HasSubstr("drawing.txt: is no regular file"));
+  EXPECT_THAT(board.Load().fault().Message(), HasSubstr("drawing.txt: is no regular file"));
 }
 
 TEST_F(Boards, OfManyProcessesAtOnceLoseNothing) {
@@ -155,7 +155,7 @@ TEST_F(Boards, AreWholeWhenAProcessIsKilled) {
     child.Kill();
     Board board(folder.path());
     const auto loaded = board.Load();
-    ASSERT_TRUE(loaded) << loaded.fault().Told();
+    ASSERT_TRUE(loaded) << loaded.fault().Message();
     ASSERT_TRUE(board.PutContour(-1, Square(1)));
     ASSERT_TRUE(board.Save()) << "no lock is left behind";
   }

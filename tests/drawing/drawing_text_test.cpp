@@ -8,7 +8,7 @@ constexpr const char* kHead = "drawing 1\nlayer black solid 0\n";
 
 std::string ToldOf(const std::string& text) {
   const auto read = ReadText(text);
-  return read ? "read" : read.fault().Told();
+  return read ? "read" : read.fault().Message();
 }
 
 /// A drawing with one of everything.
@@ -32,7 +32,7 @@ TEST(DrawingText, IsReadBackToTheLastBit) {
   const std::string text = DrawingText(Everything());
   EXPECT_GOLDEN(text, "drawing/everything.txt");
   const auto read = ReadText(text);
-  ASSERT_TRUE(read) << read.fault().Told();
+  ASSERT_TRUE(read) << read.fault().Message();
   EXPECT_EQ(DrawingText(*read), text);
 }
 

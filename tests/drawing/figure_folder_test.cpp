@@ -1,6 +1,7 @@
 #include "drawing/figure_folder.h"
 
 #include "drawing_fixture.h"
+#include "support/places.h"
 
 namespace vanzet::drawing {
 namespace {
@@ -29,7 +30,7 @@ TEST_F(FigureFiles, AreNamedByTheirStems) {
 TEST_F(FigureFiles, GiveTheirContours) {
   test::WriteBytes(project / "figures/ring.txt", kTwoContours);
   const auto curves = figures.Read("ring");
-  ASSERT_TRUE(curves) << curves.fault().Told();
+  ASSERT_TRUE(curves) << curves.fault().Message();
   ASSERT_EQ(curves->size(), 2U);
   EXPECT_EQ((*curves)[0].Perim(), 5);
   EXPECT_TRUE(CheckCurve((*curves)[1]));
@@ -39,14 +40,14 @@ TEST_F(FigureFiles, GiveTheContoursOfADrawing) {
   std::filesystem::create_directories(project / "figures");
   std::filesystem::copy(VANZET_SOURCE_DIR "/examples/contours/bracket.dxf", project / "figures/bracket.dxf");
   const auto curves = figures.Read("bracket");
-  ASSERT_TRUE(curves) << curves.fault().Told();
+  ASSERT_TRUE(curves) << curves.fault().Message();
   EXPECT_FALSE(curves->empty());
 }
 
 TEST_F(FigureFiles, ThatAreMissingOrWrongAreToldWithTheirPlace) {
-  EXPECT_EQ(figures.Read("ring").fault().Told(), "there is no figure 'ring'");
+  EXPECT_EQ(figures.Read("ring").fault().Message(), "there is no figure 'ring'");
   test::WriteBytes(project / "figures/ring.txt", "k1 e\nrubbish\n");
-  EXPECT_THAT(figures.Read("ring").fault().Told(), HasSubstr("figures/ring.txt:2"));
+  EXPECT_THAT(figures.Read("ring").fault().Message(), HasSubstr("figures/ring.txt:2"));
 }
 
 }  // namespace

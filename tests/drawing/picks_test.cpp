@@ -12,7 +12,7 @@ Result<Picks> Read(const std::string& text) {
 
 TEST(Picks, AreUsedUpInOrder) {
   auto picks = Read("# a remark\n\nposition -1.5 2e1\r\n  figure Outer ring \nobject jaw\ncancel\n");
-  ASSERT_TRUE(picks) << picks.fault().Told();
+  ASSERT_TRUE(picks) << picks.fault().Message();
   const auto position = picks->Next({Pick::Kind::kPosition});
   ASSERT_TRUE(position);
   EXPECT_EQ(position->position.x, -1.5);
@@ -25,7 +25,7 @@ TEST(Picks, AreUsedUpInOrder) {
 
 TEST(Picks, OfAnotherKindAreUsedUpAndTold) {
   auto picks = Read("\nobject jaw\nfigure F\n");
-  EXPECT_EQ(picks->Next({Pick::Kind::kFigure}).fault().Told(),
+  EXPECT_EQ(picks->Next({Pick::Kind::kFigure}).fault().Message(),
             "p.txt:2: expected 'figure' or 'cancel', found 'object'");
   EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->name, "F");
 }
@@ -53,13 +53,13 @@ TEST(Picks, ThatAreWrongAreToldWithTheirLine) {
        }) {
     const auto picks = Read(text);
     ASSERT_FALSE(picks) << text;
-    EXPECT_EQ(picks.fault().Told(), told);
+    EXPECT_EQ(picks.fault().Message(), told);
   }
 }
 
 TEST(Picks, OfAFileThatIsNotThereAreAFault) {
-  EXPECT_EQ(Picks::ReadFile("/no/such/picks").fault().Told(), "/no/such/picks: cannot be read");
-  EXPECT_EQ(Picks::ReadFile("/tmp").fault().Told(), "/tmp: is a folder");
+  EXPECT_EQ(Picks::ReadFile("/no/such/picks").fault().Message(), "/no/such/picks: cannot be read");
+  EXPECT_EQ(Picks::ReadFile("/tmp").fault().Message(), "/tmp: is a folder");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ class Pictures : public testing::Test {
   }
   std::string Svg(const PictureOptions& options = {}) const {
     const auto svg = PictureSvg(board.drawing(), options);
-    return svg ? *svg : svg.fault().Told();
+    return svg ? *svg : svg.fault().Message();
   }
   Board board;
 };

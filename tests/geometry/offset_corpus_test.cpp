@@ -9,6 +9,7 @@
 #include "geometry/loop_outcome.h"
 #include "geometry/offset.h"
 #include "geometry/support.h"
+#include "support/places.h"
 
 /// The hard cases of fuzz/corpus/offset, which also seed the fuzzer.
 namespace geometry {

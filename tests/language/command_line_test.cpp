@@ -36,16 +36,16 @@ TEST(CommandLine, ReadsIntegersAndIntegerVariables) {
 TEST(CommandLine, TellsTheColumnAndWhatWasExpected) {
   CommandLine missing("win ");
   ASSERT_TRUE(missing.Take("win"));
-  EXPECT_EQ(missing.Word("the number of a window").fault().Told(), "5: expected the number of a window");
+  EXPECT_EQ(missing.Word("the number of a window").fault().Message(), "5: expected the number of a window");
 
   CommandLine unquoted("file a");
   ASSERT_TRUE(unquoted.Take("file"));
-  EXPECT_EQ(unquoted.QuotedText("the file").fault().Told(), "6: expected the file in single quotes");
+  EXPECT_EQ(unquoted.QuotedText("the file").fault().Message(), "6: expected the file in single quotes");
 
-  EXPECT_EQ(CommandLine("'open").QuotedText("the file").fault().Told(), "1: the closing quote is missing");
-  EXPECT_EQ(CommandLine("x").Integer("a VDM", Variables()).fault().Told(),
+  EXPECT_EQ(CommandLine("'open").QuotedText("the file").fault().Message(), "1: the closing quote is missing");
+  EXPECT_EQ(CommandLine("x").Integer("a VDM", Variables()).fault().Message(),
             "1: expected a VDM or an integer variable that has a value, found 'x'");
-  EXPECT_EQ(CommandLine("  more").End().fault().Told(), "3: expected the end of the line, found 'more'");
+  EXPECT_EQ(CommandLine("  more").End().fault().Message(), "3: expected the end of the line, found 'more'");
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ class VdmCommands : public LanguageTest {
   }
   std::string Kept(const std::string& number) {
     const auto saved = Do(Line("save", "out.vdm", "i_ret " + number));
-    return saved ? test::ReadBytes(folder / "out.vdm") : saved.fault().Told();
+    return saved ? test::ReadBytes(folder / "out.vdm") : saved.fault().Message();
   }
 };
 

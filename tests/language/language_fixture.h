@@ -56,14 +56,14 @@ class LanguageTest : public testing::Test {
   void DoAll(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) {
       const auto run = Do(line);
-      ASSERT_TRUE(run) << line << ": " << run.fault().Told();
+      ASSERT_TRUE(run) << line << ": " << run.fault().Message();
     }
   }
 
   /// What a line that has to fail tells.
   std::string Told(const std::string& line) {
     const auto run = Do(line);
-    return run ? "done" : run.fault().Told();
+    return run ? "done" : run.fault().Message();
   }
 
   /// The vertices of a contour as "x y", an arc's with its direction and centre behind.

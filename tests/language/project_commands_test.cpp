@@ -144,7 +144,7 @@ TEST_F(ProjectCommands, ADrawingThatCannotBeReadCancelsPicksAndStopsDrawing) {
   Surroundings around{variables, store, paths, damaged, picks, bodies, mesh, workplace};
   const std::string fault = (folder / "drawing.txt").string() + ":1: is no drawing: 'drawing 1' is expected";
   for (const char* line : {"fig cre F x0y0z0", "s1=h 0", "red -1", "dfm pick i_return i_return2 'x' 20"}) {
-    EXPECT_EQ(language::Run(line, around).fault().Told(), fault) << line;
+    EXPECT_EQ(language::Run(line, around).fault().Message(), fault) << line;
   }
   EXPECT_EQ(variables.Integer("i_return"), 27);
   EXPECT_EQ(test::ReadBytes(folder / "drawing.txt"), "rubbish\n");

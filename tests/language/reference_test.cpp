@@ -2,6 +2,8 @@
 
 #include "language_fixture.h"
 
+#include "support/places.h"
+
 /// The page that people read has blocks of lines; they run as they stand.
 namespace vanzet::language {
 namespace {

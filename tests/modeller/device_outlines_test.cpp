@@ -72,7 +72,7 @@ TEST_P(DeviceBodies, AreSoundWithTheVolumeOfTheirOutline) {
   const bool isJaw = GetParam().type >= 5 && GetParam().type <= 12;
   const auto made =
       isJaw ? Extrude(ContourOf(outline), 30) : Spin(ContourOf(outline), {{0, 0, 0}, {1, 0, 0}}, 360);
-  ASSERT_TRUE(made) << made.fault().Told();
+  ASSERT_TRUE(made) << made.fault().Message();
   const double volume = isJaw ? std::abs(sums.area) * 30 : 2 * std::numbers::pi * std::abs(sums.moment);
   EXPECT_TRUE(IsSound(*made));
   EXPECT_TRUE(Measured(*made).closed);

@@ -5,6 +5,7 @@
 #include "modeller/foreign_files.h"
 #include "modeller/mesh.h"
 #include "modeller/solids.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
 

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <string>
 
+#include "support/places.h"
+
 namespace vanzet {
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include "host/door/exports.h"
 #include "support/fake_host.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::test {

@@ -7,7 +7,7 @@ namespace {
 
 std::string FaultOf(const std::string& text) {
   const auto ini = ReadBenchIni(text, "bench.ini");
-  return ini ? "" : ini.fault().Told();
+  return ini ? "" : ini.fault().Message();
 }
 
 TEST(BenchIni, KeepsEachSectionApart) {

@@ -6,6 +6,7 @@
 #include "host/messages.h"
 #include "project/message_catalogue.h"
 #include "project/text_file.h"
+#include "support/places.h"
 
 namespace vanzet::project {
 namespace {
@@ -28,7 +29,7 @@ class Catalogue : public testing::TestWithParam<const char*> {
     const auto text = ReadTextFile(file, file.string());
     EXPECT_TRUE(text);
     auto messages = ReadMessageCatalogue(*text, file.string());
-    EXPECT_TRUE(messages) << messages.fault().Told();
+    EXPECT_TRUE(messages) << messages.fault().Message();
     return *messages;
   }
 };

@@ -14,7 +14,7 @@ using testing::ElementsAre;
 Definition Read(const std::string& records, int count) {
   std::istringstream text("vdm 1\n" + records + "end " + std::to_string(count) + "\n");
   const auto content = vdm::ReadVdm(text, "test");
-  EXPECT_TRUE(content) << content.fault().Told();
+  EXPECT_TRUE(content) << content.fault().Message();
   const auto definition = ReadDefinition(*content);
   EXPECT_TRUE(definition);
   return *definition;

@@ -7,7 +7,7 @@ namespace {
 
 std::string FaultOf(const std::string& text) {
   const auto messages = ReadMessageCatalogue(text, "de.txt");
-  return messages ? "" : messages.fault().Told();
+  return messages ? "" : messages.fault().Message();
 }
 
 TEST(MessageCatalogue, HoldsTextsById) {

@@ -20,7 +20,7 @@ class ProjectTest : public testing::Test {
   }
   std::string FaultWith(const std::string& benchIni) const {
     const auto project = OpenWith(benchIni);
-    return project ? "" : project.fault().Told();
+    return project ? "" : project.fault().Message();
   }
   std::string Ini() const { return (folder / "p/bench.ini").string(); }
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "project/project.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::project {
@@ -14,7 +15,7 @@ TEST(MakeProject, MakesAProjectThatWorksAtOnce) {
   const test::TemporaryFolder folder;
   ASSERT_TRUE(MakeProject(folder / "a/lathe", "mill-turn", kShare));
   const auto project = Project::Open(folder / "a/lathe", kShare);
-  ASSERT_TRUE(project) << project.fault().Told();
+  ASSERT_TRUE(project) << project.fault().Message();
   EXPECT_EQ(*project->SpindleSpurs(), 2);
   EXPECT_EQ(project->Environment("SubSpindleAvailable"), "1");
   EXPECT_TRUE(std::filesystem::is_directory(folder / "a/lathe/bodies"));

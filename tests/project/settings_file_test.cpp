@@ -16,7 +16,7 @@ class SettingsFiles : public testing::Test {
   std::string Text() const { return test::ReadBytes(folder / "bench.ini"); }
   std::string Value(const std::string& key) const {
     const auto value = settings.Value(key);
-    return value ? *value : value.fault().Told();
+    return value ? *value : value.fault().Message();
   }
 
   const test::TemporaryFolder folder;

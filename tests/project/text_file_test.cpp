@@ -23,7 +23,7 @@ TEST_F(TextFile, IsReadWhole) {
 
 TEST_F(TextFile, ThatIsNotThereIsToldByName) {
   ASSERT_FALSE(Read());
-  EXPECT_TRUE(Read().fault().Told().starts_with("a.ini: cannot be read")) << Read().fault().Told();
+  EXPECT_TRUE(Read().fault().Message().starts_with("a.ini: cannot be read")) << Read().fault().Message();
 }
 
 TEST_F(TextFile, ThatIsAFolderIsRefused) {
@@ -42,7 +42,7 @@ TEST_F(TextFile, LargerThanItsLimitIsNotReadIntoMemory) {
   std::ofstream(folder / "a.ini") << "x";
   std::filesystem::resize_file(folder / "a.ini", kLargestTextFile + 1);
   ASSERT_FALSE(Read());
-  EXPECT_EQ(Read().fault().Told(), "a.ini: is larger than 16 MiB");
+  EXPECT_EQ(Read().fault().Message(), "a.ini: is larger than 16 MiB");
 }
 
 }  // namespace

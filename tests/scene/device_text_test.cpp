@@ -30,7 +30,7 @@ class DeviceTexts : public SceneTest {
   scene::DeviceText Read(std::size_t operation) {
     const auto text = scene::ReadDeviceText(Stored(), operation, Reader());
     if (text && *text) return **text;
-    ADD_FAILURE() << (text ? "nothing there" : text.fault().Told());
+    ADD_FAILURE() << (text ? "nothing there" : text.fault().Message());
     return {modeller::Body(nullptr), {}, {}, 0};
   }
 };

@@ -31,7 +31,7 @@ class OwnDevices : public SceneTest {
   /// Imports a device as the dialog does, into operation 5, 6 or 9.
   void Import(scene::DeviceClass deviceClass, double first, double second) {
     const auto content = scene::MakeOwnDevice({deviceClass, first, second, Ring(), Outline()});
-    ASSERT_TRUE(content) << content.fault().Told();
+    ASSERT_TRUE(content) << content.fault().Message();
     ASSERT_TRUE(host->store.Replace(kCollector, *content));
     ASSERT_EQ(ImportDevice(0, 0, true, kCollector), 0);
     ASSERT_THAT(panel.lines, testing::IsEmpty());

@@ -6,6 +6,7 @@
 #include "modeller/placement.h"
 #include "scene/defined_equipment.h"
 #include "scene/scene.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 
@@ -38,7 +39,7 @@ class SceneTest : public HostTest {
   scene::Scene Shown() {
     auto made = Try();
     if (made) return *made;
-    ADD_FAILURE() << made.fault().Told();
+    ADD_FAILURE() << made.fault().Message();
     return {};
   }
 

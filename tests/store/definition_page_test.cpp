@@ -4,6 +4,7 @@
 #include "store/device_import.h"
 #include "store/record_fixture.h"
 #include "support/golden.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::test {

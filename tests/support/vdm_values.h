@@ -31,7 +31,7 @@ inline Records RecordsOf(const vdm::Vdm& content) {
   for (std::size_t i = 0; i < content.Size(); ++i) {
     const auto record = content.Read(i);
     if (!record) {
-      ADD_FAILURE() << record.fault().Told();
+      ADD_FAILURE() << record.fault().Message();
       return records;
     }
     records.push_back(ItemsOf(**record));
@@ -42,14 +42,14 @@ inline Records RecordsOf(const vdm::Vdm& content) {
 /// The value of a result that must have one; the test ends here when it has none.
 template <class T>
 T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Told());
+  if (!result) throw std::runtime_error(result.fault().Message());
   return std::move(*result);
 }
 
 /// What went wrong, as it is told; empty when nothing did.
 template <class T>
 std::string Told(const Result<T>& result) {
-  return result ? std::string() : result.fault().Told();
+  return result ? std::string() : result.fault().Message();
 }
 
 /// Dice with a known seed.

@@ -41,7 +41,7 @@ TEST(FolderLock, GoesWithItsProcess) {
 }
 
 TEST(FolderLock, OfAFolderThatIsNotThereIsAFault) {
-  EXPECT_EQ(FolderLock::Take("/no/such").fault().Told(),
+  EXPECT_EQ(FolderLock::Take("/no/such").fault().Message(),
             "/no/such: cannot be locked: No such file or directory");
 }
 

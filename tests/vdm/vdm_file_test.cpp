@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "support/child.h"
+#include "support/places.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "support/places.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::view {

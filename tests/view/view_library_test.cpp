@@ -6,6 +6,7 @@
 
 #include "platform/symbols.h"
 #include "support/child.h"
+#include "support/places.h"
 #include "view/view_entry.h"
 
 namespace vanzet::view {
@@ -22,7 +23,7 @@ class ViewLibrary : public testing::Test {
 
   static std::string Refusal(const std::filesystem::path& file) {
     const auto view = ViewFromLibrary(file);
-    return view ? "" : view.fault().Told();
+    return view ? "" : view.fault().Message();
   }
 };
 
@@ -36,7 +37,7 @@ TEST_F(ViewLibrary, OfSomethingElseIsRefused) {
 
 TEST_F(ViewLibrary, OfAnotherVersionIsRefused) {
   const auto library = platform::LoadLibraryFile(VANZET_VIEW_QT_FILE);
-  ASSERT_TRUE(library) << library.fault().Told();
+  ASSERT_TRUE(library) << library.fault().Message();
   const auto entry = reinterpret_cast<ViewEntry>(platform::FindSymbol(*library, kViewEntryName));
   ASSERT_NE(entry, nullptr);
   const ViewAnswer answer = entry(kViewVersion + 1);

@@ -15,7 +15,7 @@ class ApplicationInMemory final : public testing::Environment {
     UseMemoryAsDisplay();
     qputenv("VANZET_LANGUAGE", "en");
     const auto made = view::qt::EnsureApplication();
-    ASSERT_TRUE(made) << made.fault().Told();
+    ASSERT_TRUE(made) << made.fault().Message();
   }
 };
 

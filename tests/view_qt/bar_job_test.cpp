@@ -2,6 +2,7 @@
 
 #include "dialog/dialog_fixture.h"
 #include "dialog/dlg_main.h"
+#include "support/places.h"
 #include "view/script/script_view.h"
 
 namespace vanzet::test {

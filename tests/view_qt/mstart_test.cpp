@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "support/places.h"
 #include "view_qt/window_fixture.h"
 
 namespace vanzet::test {

@@ -13,6 +13,7 @@
 
 #include "dialog/dialog_fixture.h"
 #include "dialog/dlg_main.h"
+#include "support/places.h"
 #include "view/qt/application.h"
 #include "view/qt/qt_view.h"
 #include "view_qt/memory_display.h"
@@ -115,7 +116,7 @@ void Take(const Screen& screen, const QString& file) {
     view::ScriptReader lines(script);
     for (auto line = lines.Next(); line && !line->empty(); line = lines.Next()) {
       const auto done = person.Do(*line);
-      if (!done) std::cerr << screen.name << ": " << done.fault().Told() << '\n';
+      if (!done) std::cerr << screen.name << ": " << done.fault().Message() << '\n';
     }
     QApplication::processEvents();
     window.grab().save(file);
@@ -162,7 +163,7 @@ int main(int argc, char** argv) {
   test::UseMemoryAsDisplay();
   const auto made = view::qt::EnsureApplication();
   if (!made) {
-    std::cerr << made.fault().Told() << '\n';
+    std::cerr << made.fault().Message() << '\n';
     return 1;
   }
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

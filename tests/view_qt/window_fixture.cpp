@@ -27,7 +27,7 @@ void WindowTest::Do(DialogWindow& window, const std::string& script) {
   Person person(window, responder);
   for (auto line = lines.Next(); line && !line->empty(); line = lines.Next()) {
     const auto done = person.Do(*line);
-    EXPECT_TRUE(done) << line->front().text << ": " << done.fault().Told();
+    EXPECT_TRUE(done) << line->front().text << ": " << done.fault().Message();
   }
 }
 

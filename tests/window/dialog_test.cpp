@@ -4,6 +4,7 @@
 #include <QTextBrowser>
 #include <QTreeWidget>
 
+#include "support/places.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -97,7 +98,7 @@ TEST_F(Dialogs, ThatFailTellItOnce) {
   setenv("VANZET_MODULE", "/no/such/module.so", 1);
   window->ShowDefinition();
   unsetenv("VANZET_MODULE");
-  EXPECT_THAT(window->notice().Told().toStdString(), HasSubstr("/no/such/module.so"));
+  EXPECT_THAT(window->notice().Message().toStdString(), HasSubstr("/no/such/module.so"));
   EXPECT_THAT(Messages(), HasSubstr("/no/such/module.so"));
   EXPECT_FALSE(window->session()->isAtWork());
 }

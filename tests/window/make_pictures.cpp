@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
   window.resize(1400, 900);
   window.show();
   if (const auto opened = window.OpenProject(words[1].toStdString()); !opened) {
-    return std::fprintf(stderr, "%s\n", opened.fault().Told().c_str()), 1;
+    return std::fprintf(stderr, "%s\n", opened.fault().Message().c_str()), 1;
   }
   if (qEnvironmentVariableIsSet("VANZET_SCRIPT")) window.ShowDefinition();
   for (const Command appearance : {Command::kLight, Command::kDark}) {

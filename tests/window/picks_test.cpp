@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include "support/places.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -92,7 +93,7 @@ TEST_F(WindowPicks, OfASolidAreShownAndTaken) {
          if (window->picks().isAsking()) emit list.itemActivated(list.item(0));
        }});
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("casting")));
-  EXPECT_EQ(window->notice().Told(), "");
+  EXPECT_EQ(window->notice().Message(), "");
 }
 
 TEST_F(WindowPicks, DoNotLetTheWindowCloseButEnd) {

@@ -3,6 +3,7 @@
 #include <QTreeWidget>
 #include <QUrl>
 
+#include "support/places.h"
 #include "vdm/store.h"
 #include "window_fixture.h"
 
@@ -41,7 +42,7 @@ TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
   OpenSample();
   const auto opened = window->OpenProject(folder / "nothing");
   ASSERT_FALSE(opened);
-  EXPECT_THAT(opened.fault().Told(), HasSubstr("is no folder"));
+  EXPECT_THAT(opened.fault().Message(), HasSubstr("is no folder"));
   EXPECT_EQ(window->session()->project().folder().filename(), "lathe");
 }
 
@@ -97,8 +98,8 @@ TEST_F(Projects, ShownInTwoWindowsSaySo) {
       window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
   second.show();
   ASSERT_TRUE(second.OpenProject(folder / "lathe"));
-  EXPECT_THAT(second.notice().Told().toStdString(), HasSubstr("open in another workbench as well"));
-  EXPECT_EQ(window->notice().Told(), "");
+  EXPECT_THAT(second.notice().Message().toStdString(), HasSubstr("open in another workbench as well"));
+  EXPECT_EQ(window->notice().Message(), "");
 }
 
 TEST_F(Projects, ThatOthersChangeAreShownAsTheyAreThen) {

@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "support/places.h"
 #include "view_qt/memory_display.h"
 
 namespace vanzet::test {

@@ -22,7 +22,7 @@ ViewAnswer Answer(std::int32_t version) {
                    std::to_string(vanzet::view::kViewVersion) + " and " + std::to_string(version));
   }
   const auto application = vanzet::view::qt::EnsureApplication();
-  if (!application) return Refused(application.fault().Told());
+  if (!application) return Refused(application.fault().Message());
   return {new vanzet::view::qt::QtView, nullptr};
 }
 
