@@ -6,6 +6,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include <nlohmann/json.hpp>
+
 #include "api/host.h"
 
 /// The frame of every exported function: it works on the host in force, throws nothing across, and is

@@ -1,5 +1,7 @@
 #include "api/trace.h"
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::api {
 
 Result<std::unique_ptr<Trace>> Trace::To(const std::filesystem::path& file) {

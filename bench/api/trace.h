@@ -4,7 +4,7 @@
 #include <fstream>
 #include <memory>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "base/result.h"
 

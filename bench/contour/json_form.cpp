@@ -1,5 +1,7 @@
 #include "contour/json_form.h"
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::contour {
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include <nlohmann/json.hpp>
+
 #include "base/number_text.h"
 #include "define/tables.h"
 

@@ -6,6 +6,8 @@
 #include <optional>
 #include <set>
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::define {
 namespace {
 

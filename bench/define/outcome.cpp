@@ -4,6 +4,8 @@
 #include <cmath>
 #include <sstream>
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::define {
 namespace {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include <nlohmann/json.hpp>
+
 #include "window/qt_text.h"
 
 namespace vanzet::window {

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <nlohmann/json.hpp>
+
 #include "api/host_fixture.h"
 
 namespace vanzet::test {

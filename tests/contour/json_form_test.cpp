@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "contour/json_form.h"
 
 #include "contour_fixture.h"
