@@ -16,6 +16,8 @@ struct Example {
   const char* name;
   const char* options = "";  ///< of the script
   bool needsTailstock = false;
+
+  friend void PrintTo(const Example& example, std::ostream* out) { *out << example.name; }
 };
 
 class Examples : public CommandLineTest, public testing::WithParamInterface<Example> {

@@ -11,6 +11,8 @@ namespace {
 struct Story {
   const char* name;
   const char* script;
+
+  friend void PrintTo(const Story& story, std::ostream* out) { *out << story.name; }
 };
 
 constexpr Story kStories[] = {

@@ -16,6 +16,8 @@ struct Device {
   std::vector<std::string> lines;  ///< between the head and the clean-up
   std::string cleanUp;
   std::vector<Vertex> vertices;  ///< without the first again
+
+  friend void PrintTo(const Device& device, std::ostream* out) { *out << device.name; }
 };
 
 double Tan(double degrees) {

@@ -12,6 +12,14 @@
 #include "modeller/sweep.h"
 #include "support/vdm_values.h"
 
+namespace vanzet {
+
+static void PrintTo(const DeviceParams& device, std::ostream* out) {
+  *out << "type " << device.type;
+}
+
+}  // namespace vanzet
+
 namespace vanzet::modeller {
 namespace {
 

@@ -20,6 +20,8 @@ using test::VdmOf;
 struct Kind {
   std::string name;
   std::unique_ptr<StoreEngine> (*make)(const std::filesystem::path& folder);
+
+  friend void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 };
 
 /// What every engine has to do.
