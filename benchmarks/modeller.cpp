@@ -12,9 +12,9 @@
 #include "geometry/units.h"
 #include "macro/tables/device_outlines.h"
 #include "modeller/export.h"
+#include "modeller/mesh_files.h"
 #include "modeller/stl_bytes.h"
 #include "modeller/sweep.h"
-#include "modeller/vrml_text.h"
 
 namespace {
 

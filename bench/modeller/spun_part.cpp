@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "modeller/cut.h"
+#include "modeller/booleans.h"
 #include "modeller/sweep.h"
 
 namespace vanzet::modeller {

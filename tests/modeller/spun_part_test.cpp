@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "modeller/booleans.h"
 #include "modeller/contours.h"
-#include "modeller/cut.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"
 

@@ -12,9 +12,9 @@
 #include "base/numbers.h"
 #include "modeller/exchange/limits.h"
 #include "modeller/exchange/parcel.h"
+#include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/read_vrml.h"
-#include "modeller/exchange/report.h"
 #include "modeller/exchange/write_file.h"
 #include "modeller/kernel.h"
 

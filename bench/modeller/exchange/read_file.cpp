@@ -18,7 +18,7 @@
 #include <string>
 
 #include "base/letter_case.h"
-#include "modeller/exchange/report.h"
+#include "modeller/exchange/process.h"
 #include "modeller/number_text.h"
 #include "modeller/outline.h"
 

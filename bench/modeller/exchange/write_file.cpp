@@ -8,7 +8,7 @@
 
 #include "modeller/exchange/document.h"
 #include "modeller/exchange/facet_shell.h"
-#include "modeller/exchange/report.h"
+#include "modeller/exchange/process.h"
 #include "modeller/facets.h"
 
 namespace vanzet::modeller {

@@ -1,4 +1,4 @@
-#include "modeller/vrml_text.h"
+#include "modeller/mesh_files.h"
 
 #include "modeller/number_text.h"
 

@@ -1,4 +1,4 @@
-#include "modeller/exchange/report.h"
+#include "modeller/exchange/process.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>

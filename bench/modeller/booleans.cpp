@@ -1,4 +1,4 @@
-#include "modeller/cut.h"
+#include "modeller/booleans.h"
 
 #include <BRepAlgoAPI_Cut.hxx>
 #include <TopExp_Explorer.hxx>
