@@ -13,7 +13,6 @@
 #include "macro/tables/device_outlines.h"
 #include "modeller/export.h"
 #include "modeller/mesh_files.h"
-#include "modeller/stl_bytes.h"
 #include "modeller/sweep.h"
 
 namespace {

@@ -1,11 +1,82 @@
 #include "modeller/body.h"
 
-#include "modeller/shape.h"
+#include <TopLoc_Location.hxx>
+#include <cmath>
+#include <gp_Trsf.hxx>
+
+#include "geometry/numerics.h"
+#include "modeller/kernel.h"
 
 namespace vanzet::modeller {
+namespace {
+
+using geometry::Matrix;
+
+constexpr double kRigid = 1e-9;  // how far scales may be from 1
+
+Body Under(const Body& body, const gp_Trsf& motion) {
+  return BodyOf(body.shape().shape.Moved(TopLoc_Location(motion)), body.shape().fromStl);
+}
+
+bool IsFinite(double a, double b, double c) {
+  return std::isfinite(a) && std::isfinite(b) && std::isfinite(c);
+}
+
+/// Sine and cosine, exact for quarter turns.
+struct Turn {
+  double sine, cosine;
+};
+Turn TurnOf(double degrees) {
+  constexpr Turn kQuarters[] = {{0, 1}, {1, 0}, {0, -1}, {-1, 0}};
+  const double quarters = std::fmod(degrees, 360.0) / 90;
+  if (quarters == std::floor(quarters)) return kQuarters[(static_cast<int>(quarters) + 4) % 4];
+  const double radians = degrees * geometry::RADIANS_PER_DEGREE;
+  return {std::sin(radians), std::cos(radians)};
+}
+
+}  // namespace
 
 bool Body::IsStl() const {
   return shape_->fromStl;
+}
+
+Result<Body> Moved(const Body& body, const geometry::Vector3d& by) {
+  if (!IsFinite(by.dx, by.dy, by.dz)) return Fault{"a body cannot be moved by what is no number"};
+  return Guarded([&]() -> Result<Body> {
+    gp_Trsf motion;
+    motion.SetTranslation(gp_Vec(by.dx, by.dy, by.dz));
+    return Under(body, motion);
+  });
+}
+
+Result<Body> Turned(const Body& body, const Axis& axis, double degrees) {
+  const double length = axis.direction.Magnitude();
+  if (!(length > 0) || !std::isfinite(length)) return Fault{"the axis has no direction"};
+  const geometry::Point3d& origin = axis.origin;
+  if (!IsFinite(origin.x, origin.y, origin.z) || !std::isfinite(degrees)) {
+    return Fault{"a body cannot be turned by what is no number"};
+  }
+  const Turn turn = TurnOf(degrees);
+  Matrix matrix;
+  matrix.Translate(-origin.x, -origin.y, -origin.z);
+  matrix.Rotate(turn.sine, turn.cosine, axis.direction * (1 / length));
+  matrix.Translate(origin.x, origin.y, origin.z);
+  return Placed(body, matrix);
+}
+
+Result<Body> Placed(const Body& body, const Matrix& matrix) {
+  return Guarded([&]() -> Result<Body> {
+    const double* e = matrix.e;
+    gp_Trsf motion;
+    // Refuses what is singular; the numbers of what is rigid are taken as they are but for their last digits.
+    motion.SetValues(e[0], e[1], e[2], e[3], e[4], e[5], e[6], e[7], e[8], e[9], e[10], e[11]);
+    double sx = 0, sy = 0, sz = 0;
+    matrix.GetScale(sx, sy, sz);
+    const bool isRigid = std::abs(sx - 1) < kRigid && std::abs(sy - 1) < kRigid && std::abs(sz - 1) < kRigid;
+    if (!isRigid || motion.IsNegative())
+      return Fault{"a body can be moved and turned, not scaled or mirrored"};
+    return Under(body, motion);
+  });
 }
 
 }  // namespace vanzet::modeller

@@ -3,12 +3,13 @@
 #include <memory>
 #include <utility>
 
+#include "base/result.h"
 #include "geometry/box.h"
 #include "geometry/matrix.h"
 
 namespace vanzet::modeller {
 
-/// What Open CASCADE knows of a body; shape.h is for this folder alone.
+/// What Open CASCADE knows of a body; kernel.h is for this folder alone.
 struct Shape;
 
 /// A body: a solid, or whatever else a file held. A value: copies share what is never changed.
@@ -32,5 +33,15 @@ struct Axis {
   geometry::Point3d origin;
   geometry::Vector3d direction;
 };
+
+/// The body elsewhere; millimetres. Refused when a number is not finite.
+Result<Body> Moved(const Body& body, const geometry::Vector3d& by);
+
+/// The body turned by the right hand's rule. Quarter turns about an axis of coordinates leave no dust in the
+/// numbers. Refused for an axis without direction and numbers that are not finite.
+Result<Body> Turned(const Body& body, const Axis& axis, double degrees);
+
+/// The body under a matrix that moves and turns. Refused when it scales or mirrors.
+Result<Body> Placed(const Body& body, const geometry::Matrix& matrix);
 
 }  // namespace vanzet::modeller

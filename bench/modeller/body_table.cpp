@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/letter_case.h"
-#include "modeller/placement.h"
+#include "modeller/body.h"
 
 namespace vanzet::modeller {
 

@@ -1,13 +1,13 @@
 #include "modeller/booleans.h"
 
 #include <BRepAlgoAPI_Cut.hxx>
+#include <BRep_Builder.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_ListOfShape.hxx>
+#include <TopoDS_Compound.hxx>
 #include <algorithm>
 
-#include "modeller/joined.h"
 #include "modeller/kernel.h"
-#include "modeller/shape.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -34,6 +34,18 @@ Result<Body> Cut(const std::vector<Body>& bodies, const std::vector<Body>& away)
     if (!cut.IsDone() || cut.HasErrors()) return Fault{"Open CASCADE cannot cut it"};
     if (!TopExp_Explorer(cut.Shape(), TopAbs_SOLID).More()) return Fault{"nothing is left of it"};
     return BodyOf(cut.Shape());
+  });
+}
+
+Result<Body> Joined(const std::vector<Body>& bodies) {
+  if (bodies.empty()) return Fault{"there is no body"};
+  if (bodies.size() == 1) return bodies.front();
+  return Guarded([&]() -> Result<Body> {
+    const BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (const Body& body : bodies) builder.Add(compound, body.shape().shape);
+    return BodyOf(compound, std::ranges::all_of(bodies, &Body::IsStl));
   });
 }
 

@@ -11,4 +11,7 @@ namespace vanzet::modeller {
 /// bodies of facets, and when nothing is left.
 Result<Body> Cut(const std::vector<Body>& bodies, const std::vector<Body>& away);
 
+/// Bodies as one, each where it is; one of facets when all are. Refused for none.
+Result<Body> Joined(const std::vector<Body>& bodies);
+
 }  // namespace vanzet::modeller

@@ -3,26 +3,28 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
+#include <stdlib.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
 
 #include "base/numbers.h"
-#include "modeller/interrupt_watch.h"
 #include "vdm/system_reason.h"
 
 namespace vanzet::modeller {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+namespace fs = std::filesystem;
 
 constexpr int kParcel = 3;   // its descriptor in the program
 constexpr int kGlance = 50;  // milliseconds between looks at Ctrl-C and the clock
@@ -146,6 +148,44 @@ Result<void> Verdict(int status, const std::string& fault) {
   return {};
 }
 
+volatile sig_atomic_t interrupted = 0;
+
+void Note(int) {
+  interrupted = 1;
+}
+
+/// While it lives, Ctrl-C does not end this process but is noted. Where it was ignored it stays so. The note
+/// belongs to the process: one watch at a time.
+class InterruptWatch {
+ public:
+  InterruptWatch();
+  ~InterruptWatch();
+  InterruptWatch(const InterruptWatch&) = delete;
+  InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  static bool Came();
+
+ private:
+  struct sigaction former_ = {};
+};
+
+InterruptWatch::InterruptWatch() {
+  interrupted = 0;
+  sigaction(SIGINT, nullptr, &former_);
+  if (former_.sa_handler == SIG_IGN) return;
+  struct sigaction noting = {};
+  noting.sa_handler = Note;
+  sigaction(SIGINT, &noting, nullptr);
+}
+
+InterruptWatch::~InterruptWatch() {
+  sigaction(SIGINT, &former_, nullptr);
+}
+
+bool InterruptWatch::Came() {
+  return interrupted != 0;
+}
+
 }  // namespace
 
 Result<MemoryFile> MemoryFile::Make() {
@@ -180,6 +220,27 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
     }
   }
   return Verdict(process->End(), talk.fault());
+}
+
+Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
+  std::error_code unknown;
+  std::string folder = (fs::temp_directory_path(unknown) / "vanzet-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    return Fault{"no temporary folder could be made: " + std::string(vdm::SystemReason(errno))};
+  }
+  return TemporaryFile(folder, fs::path(folder) / ("bodies" + std::string(ending)));
+}
+
+TemporaryFile::~TemporaryFile() {
+  std::error_code unknown;
+  if (!folder_.empty()) fs::remove_all(folder_, unknown);
+}
+
+Result<std::string> TemporaryFile::Content() const {
+  std::ifstream bytes(path_, std::ios::binary);
+  std::string content{std::istreambuf_iterator<char>(bytes), {}};
+  if (bytes.bad() || content.empty()) return Fault{"the exchange program wrote nothing"};
+  return content;
 }
 
 }  // namespace vanzet::modeller

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <filesystem>
+#include <string>
+
+#include "base/result.h"
 #include "modeller/exchange.h"
 
 namespace vanzet::modeller {
@@ -30,5 +34,28 @@ class MemoryFile {
 ///          The program has ended in any case
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel);
+
+/// The name of a file in a folder of its own among the system's temporary ones; the folder goes with it and
+/// with all that was written there.
+class TemporaryFile {
+ public:
+  static Result<TemporaryFile> Make(std::string_view ending);
+  ~TemporaryFile();
+  TemporaryFile(TemporaryFile&& other) noexcept
+      : folder_(std::move(other.folder_)), path_(std::move(other.path_)) {
+    other.folder_.clear();
+  }
+  TemporaryFile& operator=(TemporaryFile&&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  Result<std::string> Content() const;
+
+ private:
+  TemporaryFile(std::filesystem::path folder, std::filesystem::path path)
+      : folder_(std::move(folder)), path_(std::move(path)) {}
+
+  std::filesystem::path folder_;  ///< empty: moved away
+  std::filesystem::path path_;
+};
 
 }  // namespace vanzet::modeller

@@ -2,15 +2,12 @@
 
 #include <fstream>
 
+#include "modeller/body.h"
 #include "modeller/exchange_process.h"
 #include "modeller/kernel.h"
 #include "modeller/mesh_files.h"
 #include "modeller/number_text.h"
 #include "modeller/parcel.h"
-#include "modeller/placement.h"
-#include "modeller/shape.h"
-#include "modeller/stl_bytes.h"
-#include "modeller/temporary_file.h"
 #include "vdm/file_replacement.h"
 
 namespace vanzet::modeller {

@@ -2,8 +2,8 @@
 
 #include <TopoDS_Face.hxx>
 
+#include "modeller/kernel.h"
 #include "modeller/mesh.h"
-#include "modeller/shape.h"
 
 namespace vanzet::modeller {
 

@@ -4,6 +4,7 @@
 
 #include "base/result.h"
 #include "modeller/body.h"
+#include "modeller/mesh.h"
 
 namespace vanzet::modeller {
 
@@ -22,5 +23,12 @@ Result<geometry::Box3d> Extents(const Body& body);
 
 /// The box as the host tells it: minimum x, y, z, maximum x, y, z, in metres.
 std::array<double, 6> InMetres(const geometry::Box3d& box);
+
+/// What facets enclose: the volume between them and the origin, added up with its sign, if they are closed,
+/// and 0 if they are not.
+Measures MeasuresOf(const Mesh& mesh);
+
+/// Whether each edge belongs to two triangles, in opposite senses.
+bool IsClosed(const Mesh& mesh);
 
 }  // namespace vanzet::modeller

@@ -1,9 +1,25 @@
 #include "modeller/mesh.h"
 
+#include <BRepMesh_IncrementalMesh.hxx>
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <NCollection_DataMap.hxx>
+#include <Poly_PolygonOnTriangulation.hxx>
+#include <Poly_Triangulation.hxx>
+#include <TopExp.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Edge.hxx>
+#include <TopoDS_Face.hxx>
+#include <TopoDS_Vertex.hxx>
+#include <utility>
+
+#include "geometry/numerics.h"
 #include "modeller/facets.h"
 #include "modeller/kernel.h"
 #include "modeller/number_text.h"
-#include "modeller/shape.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -21,6 +37,130 @@ Result<void> Check(const MeshTolerance& tolerance) {
                " mm, " + NumberText(kFinestAngle) + " degrees"};
 }
 
+/// Points that are the same, as trees: each has a point that stands for it.
+class SamePoints {
+ public:
+  int Add() {
+    standIns_.push_back(static_cast<int>(standIns_.size()));
+    return standIns_.back();
+  }
+
+  int StandIn(int point) {
+    for (int next = At(point); next != point; next = At(point)) {
+      At(point) = At(next);
+      point = next;
+    }
+    return point;
+  }
+
+  void Join(int a, int b) { At(StandIn(a)) = StandIn(b); }
+
+ private:
+  int& At(int point) { return standIns_[static_cast<std::size_t>(point)]; }
+
+  std::vector<int> standIns_;
+};
+
+template <class Value>
+using ByShape = NCollection_DataMap<TopoDS_Shape, Value, TopTools_ShapeMapHasher>;
+
+class Collector {
+ public:
+  void Add(const TopoDS_Face& face) {
+    TopLoc_Location place;
+    const auto triangulation = BRep_Tool::Triangulation(face, place);
+    if (triangulation.IsNull()) return;
+    const int first = AddPoints(*triangulation, place);
+    AddTriangles(*triangulation, first, face.Orientation() == TopAbs_REVERSED);
+    for (TopExp_Explorer edges(face, TopAbs_EDGE); edges.More(); edges.Next()) {
+      const TopoDS_Edge edge = TopoDS::Edge(edges.Current());
+      const auto polygon = BRep_Tool::PolygonOnTriangulation(edge, triangulation, place);
+      if (!polygon.IsNull()) JoinAlong(edge, PointsOf(*polygon, first));
+    }
+  }
+
+  Mesh Take() {
+    Mesh joined;
+    std::vector<int> numbers(mesh_.points.size(), -1);
+    for (std::array<int, 3> triangle : mesh_.triangles) {
+      for (int& corner : triangle) corner = same_.StandIn(corner);
+      const auto [a, b, c] = triangle;
+      if (a == b || b == c || c == a) continue;
+      for (int& corner : triangle) corner = Number(corner, numbers, joined);
+      joined.triangles.push_back(triangle);
+    }
+    return joined;
+  }
+
+ private:
+  int AddPoints(const Poly_Triangulation& triangulation, const TopLoc_Location& place) {
+    const gp_Trsf motion = place.Transformation();
+    const int first = static_cast<int>(mesh_.points.size());
+    for (int i = 1; i <= triangulation.NbNodes(); ++i) {
+      const gp_Pnt p = triangulation.Node(i).Transformed(motion);
+      mesh_.points.emplace_back(p.X(), p.Y(), p.Z());
+      same_.Add();
+    }
+    return first;
+  }
+
+  void AddTriangles(const Poly_Triangulation& triangulation, int first, bool reversed) {
+    for (int i = 1; i <= triangulation.NbTriangles(); ++i) {
+      std::array<int, 3> corners{};
+      triangulation.Triangle(i).Get(corners[0], corners[1], corners[2]);
+      if (reversed) std::swap(corners[1], corners[2]);
+      for (int& corner : corners) corner += first - 1;
+      mesh_.triangles.push_back(corners);
+    }
+  }
+
+  /// The points along an edge, in the order of the edge's own parameter.
+  static std::vector<int> PointsOf(const Poly_PolygonOnTriangulation& polygon, int first) {
+    std::vector<int> points;
+    for (int i = 1; i <= polygon.NbNodes(); ++i) points.push_back(polygon.Node(i) + first - 1);
+    return points;
+  }
+
+  void JoinAlong(const TopoDS_Edge& edge, const std::vector<int>& points) {
+    if (BRep_Tool::Degenerated(edge)) {
+      for (const int point : points) same_.Join(point, points.front());
+    }
+    TopoDS_Vertex begin, end;
+    TopExp::Vertices(TopoDS::Edge(edge.Oriented(TopAbs_FORWARD)), begin, end);
+    if (!begin.IsNull()) JoinVertex(begin, points.front());
+    if (!end.IsNull()) JoinVertex(end, points.back());
+    if (!edges_.IsBound(edge)) {
+      edges_.Bind(edge, points);
+      return;
+    }
+    const std::vector<int>& others = edges_.Find(edge);
+    if (others.size() != points.size()) return;
+    for (std::size_t i = 0; i < points.size(); ++i) same_.Join(points[i], others[i]);
+  }
+
+  void JoinVertex(const TopoDS_Vertex& vertex, int point) {
+    if (vertices_.IsBound(vertex)) {
+      same_.Join(point, vertices_.Find(vertex));
+    } else {
+      vertices_.Bind(vertex, point);
+    }
+  }
+
+  int Number(int point, std::vector<int>& numbers, Mesh& joined) {
+    int& number = numbers[static_cast<std::size_t>(point)];
+    if (number < 0) {
+      number = static_cast<int>(joined.points.size());
+      joined.points.push_back(mesh_.points[static_cast<std::size_t>(point)]);
+    }
+    return number;
+  }
+
+  Mesh mesh_;
+  SamePoints same_;
+  ByShape<std::vector<int>> edges_;
+  ByShape<int> vertices_;
+};
+
 }  // namespace
 
 Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
@@ -32,6 +172,40 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
     if (mesh.triangles.empty()) return Fault{"the body has no faces"};
     return mesh;
   });
+}
+
+Mesh FacetsOf(const TopoDS_Shape& shape) {
+  Collector collector;
+  for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
+    collector.Add(TopoDS::Face(faces.Current()));
+  }
+  return collector.Take();
+}
+
+TopoDS_Face FaceOf(const Mesh& mesh) {
+  const Handle(Poly_Triangulation) triangulation = new Poly_Triangulation(
+      static_cast<int>(mesh.points.size()), static_cast<int>(mesh.triangles.size()), false);
+  int number = 0;
+  for (const auto& point : mesh.points) triangulation->SetNode(++number, {point.x, point.y, point.z});
+  number = 0;
+  for (const auto& [a, b, c] : mesh.triangles) triangulation->SetTriangle(++number, {a + 1, b + 1, c + 1});
+  TopoDS_Face face;
+  BRep_Builder().MakeFace(face, triangulation);
+  return face;
+}
+
+bool HasFacetsOnly(const TopoDS_Shape& shape) {
+  for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
+    if (!BRep_Tool::Surface(TopoDS::Face(faces.Current())).IsNull()) return false;
+  }
+  return true;
+}
+
+void Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
+  // Triangles of an earlier mesh would be kept if they are finer.
+  BRepTools::Clean(shape);
+  const double radians = tolerance.angle * geometry::RADIANS_PER_DEGREE;
+  const BRepMesh_IncrementalMesh made(shape, tolerance.chord, Standard_False, radians);
 }
 
 }  // namespace vanzet::modeller

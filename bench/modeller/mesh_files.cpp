@@ -1,9 +1,15 @@
 #include "modeller/mesh_files.h"
 
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
 #include "modeller/number_text.h"
 
 namespace vanzet::modeller {
 namespace {
+
+using geometry::Vector3d;
 
 bool IsNameCharacter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
@@ -21,6 +27,32 @@ std::string ColourText(const Colour& colour) {
   std::string text;
   AppendPoint(text, {colour.red, colour.green, colour.blue});
   return text;
+}
+
+static_assert(std::endian::native == std::endian::little, "numbers are copied as they stand in memory");
+
+constexpr std::size_t kHeadBytes = 80;
+constexpr std::size_t kTriangleBytes = 50;
+
+template <class Number>
+void AppendBytes(std::string& bytes, Number number) {
+  char copy[sizeof(Number)];
+  std::memcpy(copy, &number, sizeof(Number));
+  bytes.append(copy, sizeof(Number));
+}
+
+void AppendTriple(std::string& bytes, double x, double y, double z) {
+  for (const double number : {x, y, z}) AppendBytes(bytes, static_cast<float>(number));
+}
+
+void AppendTriangle(std::string& bytes, const geometry::Point3d& a, const geometry::Point3d& b,
+                    const geometry::Point3d& c) {
+  Vector3d normal = Cross(Vector3d(a, b), Vector3d(a, c));
+  const double length = normal.Magnitude();
+  if (length > 0) normal = normal * (1 / length);
+  AppendTriple(bytes, normal.dx, normal.dy, normal.dz);
+  for (const auto& corner : {a, b, c}) AppendTriple(bytes, corner.x, corner.y, corner.z);
+  AppendBytes(bytes, std::uint16_t{0});
 }
 
 }  // namespace
@@ -47,6 +79,22 @@ std::string VrmlNamed(const std::string& name, std::size_t number, const std::st
   std::string identifier = "Body" + std::to_string(number) + "_";
   for (const char c : name) identifier += IsNameCharacter(c) ? c : '_';
   return "DEF " + identifier + " Transform {\nchildren [\n" + shape + "]\n}\n";
+}
+
+std::string StlBytes(const std::vector<Mesh>& meshes) {
+  std::size_t count = 0;
+  for (const Mesh& mesh : meshes) count += mesh.triangles.size();
+  std::string bytes = "binary STL, millimetres";
+  bytes.resize(kHeadBytes, ' ');
+  bytes.reserve(kHeadBytes + sizeof(std::uint32_t) + kTriangleBytes * count);
+  AppendBytes(bytes, static_cast<std::uint32_t>(count));
+  for (const Mesh& mesh : meshes) {
+    for (const auto& triangle : mesh.triangles) {
+      const auto corner = [&](std::size_t i) { return mesh.points[static_cast<std::size_t>(triangle[i])]; };
+      AppendTriangle(bytes, corner(0), corner(1), corner(2));
+    }
+  }
+  return bytes;
 }
 
 }  // namespace vanzet::modeller

@@ -1,24 +1,167 @@
 #include "modeller/sweep.h"
 
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepLib.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeRevol.hxx>
+#include <BRep_Builder.hxx>
+#include <GC_MakeArcOfCircle.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Edge.hxx>
 #include <TopoDS_Solid.hxx>
+#include <TopoDS_Wire.hxx>
+#include <algorithm>
 #include <cmath>
 #include <gp_Ax1.hxx>
+#include <gp_Pln.hxx>
+#include <gp_Pnt.hxx>
 #include <numbers>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "modeller/axis_side.h"
-#include "modeller/face.h"
 #include "modeller/kernel.h"
 #include "modeller/measures.h"
 #include "modeller/number_text.h"
-#include "modeller/shape.h"
+#include "modeller/outline.h"
 
 namespace vanzet::modeller {
 namespace {
+
+using geometry::Point;
+using geometry::Span;
+
+/// An axis in the plane of a contour: a point and a direction of length 1.
+struct PlaneAxis {
+  Point origin;
+  geometry::Vector2d direction;
+
+  /// Above 0 on the left.
+  double Distance(const Point& p) const { return Cross(direction, geometry::Vector2d(origin, p)); }
+  Point Foot(const Point& p) const {
+    return origin + direction * Dot(direction, geometry::Vector2d(origin, p));
+  }
+};
+
+/// What is nearer to the axis lies on it, in millimetres.
+constexpr double kOnAxis = 1e-3;
+
+bool IsOn(const PlaneAxis& axis, const Point& p) {
+  return std::abs(axis.Distance(p)) < kOnAxis;
+}
+
+/// The points between the ends of an arc that are farthest to either side of the axis.
+std::vector<Point> Turnings(const Span& span, const PlaneAxis& axis) {
+  std::vector<Point> turnings;
+  if (span.dir == geometry::LINEAR) return turnings;
+  for (const double side : {1.0, -1.0}) {
+    const Point turning = span.pc + axis.direction.LeftNormal() * (side * span.radius);
+    if (span.OnSpan(turning)) turnings.push_back(turning);
+  }
+  return turnings;
+}
+
+/// Where an arc touches the axis away from its ends.
+std::optional<Point> Touching(const Span& span, const PlaneAxis& axis) {
+  if (IsOn(axis, span.p0) || IsOn(axis, span.p1)) return std::nullopt;
+  for (const Point& turning : Turnings(span, axis)) {
+    if (IsOn(axis, turning)) return axis.Foot(turning);
+  }
+  return std::nullopt;
+}
+
+struct Reach {
+  double left = 0;
+  double right = 0;
+  Point leftmost, rightmost;
+};
+
+void Extend(Reach& reach, const PlaneAxis& axis, const Point& p) {
+  const double distance = axis.Distance(p);
+  if (distance > reach.left) reach.left = distance, reach.leftmost = p;
+  if (distance < reach.right) reach.right = distance, reach.rightmost = p;
+}
+
+Reach ReachOf(const Outline& outline, const PlaneAxis& axis) {
+  Reach reach;
+  for (const Span& span : outline) {
+    Extend(reach, axis, span.p0);
+    for (const Point& turning : Turnings(span, axis)) Extend(reach, axis, turning);
+  }
+  return reach;
+}
+
+/// An arc whose ends were moved gets the centre that fits them.
+Span Moved(const Span& span, const Point& p0, const Point& p1) {
+  Span moved = span;
+  moved.p0 = p0;
+  moved.p1 = p1;
+  if (span.dir != geometry::LINEAR) {
+    const geometry::Vector2d chord(p0, p1);
+    const geometry::Vector2d half = chord * 0.5;
+    const geometry::Vector2d normal = chord.LeftNormal() * (1 / chord.Magnitude());
+    moved.pc = p0 + half + normal * Dot(normal, geometry::Vector2d(p0, span.pc));
+  }
+  moved.SetProperties();
+  return moved;
+}
+
+/// The outline with what touches the axis put exactly on it: vertices less than 0.001 mm away, and a new
+/// vertex where an arc touches it between its ends. Refused when the outline has points on both sides.
+Result<Outline> OnOneSide(const Outline& outline, const PlaneAxis& axis) {
+  const Reach reach = ReachOf(outline, axis);
+  if (reach.left >= kOnAxis && reach.right <= -kOnAxis) {
+    return Fault{"the contour crosses the axis: it reaches " + NumberText(reach.left) +
+                 " mm to its left and " + NumberText(-reach.right) + " mm to its right"};
+  }
+  const auto place = [&](const Point& p) { return IsOn(axis, p) ? axis.Foot(p) : p; };
+  Outline placed;
+  for (const Span& span : outline) {
+    Point from = place(span.p0);
+    if (const auto touching = Touching(span, axis)) {
+      placed.push_back(Moved(span, from, *touching));
+      from = *touching;
+    }
+    placed.push_back(Moved(span, from, place(span.p1)));
+  }
+  std::erase_if(placed, [](const Span& span) { return Dist(span.p0, span.p1) == 0; });
+  return placed;
+}
+
+gp_Pnt PointOf(const Point& p) {
+  return {p.x, p.y, 0};
+}
+
+TopoDS_Vertex VertexAt(const Point& p) {
+  TopoDS_Vertex vertex;
+  BRep_Builder().MakeVertex(vertex, PointOf(p), Precision::Confusion());
+  return vertex;
+}
+
+/// An arc through its ends and its middle: the ends are met exactly, whatever the centre's last digits.
+TopoDS_Edge EdgeOf(const Span& span, const TopoDS_Vertex& from, const TopoDS_Vertex& to) {
+  if (span.dir == geometry::LINEAR) return BRepBuilderAPI_MakeEdge(from, to);
+  const Handle(Geom_TrimmedCurve) arc =
+      GC_MakeArcOfCircle(PointOf(span.p0), PointOf(span.Mid()), PointOf(span.p1)).Value();
+  return BRepBuilderAPI_MakeEdge(arc, from, to);
+}
+
+/// The plane face that the outline bounds, its normal along z. Throws what the kernel throws.
+TopoDS_Face FaceOf(const Outline& outline) {
+  const BRep_Builder builder;
+  TopoDS_Wire wire;
+  builder.MakeWire(wire);
+  const TopoDS_Vertex first = VertexAt(outline.front().p0);
+  TopoDS_Vertex from = first;
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const TopoDS_Vertex to = i + 1 < outline.size() ? VertexAt(outline[i].p1) : first;
+    builder.Add(wire, EdgeOf(outline[i], from, to));
+    from = to;
+  }
+  wire.Closed(Standard_True);
+  return BRepBuilderAPI_MakeFace(gp_Pln(), wire, Standard_True);
+}
 
 constexpr double kFullTurn = 360;
 constexpr double kAngleTolerance = 1e-9;  // degrees

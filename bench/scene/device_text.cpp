@@ -1,8 +1,8 @@
 #include "scene/device_text.h"
 
-#include "modeller/joined.h"
+#include "modeller/booleans.h"
+#include "modeller/exchange.h"
 #include "modeller/mesh.h"
-#include "modeller/vrml_import.h"
 #include "scene/equipment.h"
 
 namespace vanzet::scene {

@@ -4,8 +4,8 @@
 
 #include "macro/tables/device_outlines.h"
 #include "macro/tables/device_types.h"
+#include "modeller/body.h"
 #include "modeller/measures.h"
-#include "modeller/placement.h"
 #include "modeller/sweep.h"
 
 namespace vanzet::scene {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "modeller/placement.h"
+#include "modeller/body.h"
 #include "modeller/spun_part.h"
 #include "modeller/sweep.h"
 

@@ -5,8 +5,8 @@
 #include <numbers>
 
 #include "geometry/numerics.h"
+#include "modeller/body.h"
 #include "modeller/measures.h"
-#include "modeller/placement.h"
 #include "scene/exact_body.h"
 
 namespace vanzet::scene {

@@ -3,11 +3,11 @@
 #include <set>
 
 #include "cli/run_vanzet.h"
+#include "modeller/exchange.h"
 #include "modeller/foreign_files.h"
 #include "modeller/measures.h"
 #include "modeller/read_back.h"
 #include "modeller/solids.h"
-#include "modeller/vrml_import.h"
 #include "support/places.h"
 
 namespace vanzet::test {

@@ -6,7 +6,7 @@
 
 #include "macro/tables/device_types.h"
 #include "modeller/contours.h"
-#include "modeller/facet_measures.h"
+#include "modeller/measures.h"
 #include "modeller/mesh.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "modeller/facet_measures.h"
+#include "modeller/body.h"
 #include "modeller/foreign_files.h"
-#include "modeller/placement.h"
+#include "modeller/measures.h"
 #include "modeller/read_back.h"
 #include "modeller/solids.h"
 #include "modeller/vrml_facets.h"

@@ -3,9 +3,9 @@
 
 #include <TopoDS_Iterator.hxx>
 
+#include "modeller/body.h"
 #include "modeller/contours.h"
 #include "modeller/mesh.h"
-#include "modeller/placement.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"
 #include "support/vdm_values.h"

@@ -9,10 +9,10 @@
 #include <cmath>
 #include <numbers>
 
+#include "modeller/body.h"
 #include "modeller/contours.h"
-#include "modeller/facet_measures.h"
 #include "modeller/kernel.h"
-#include "modeller/placement.h"
+#include "modeller/measures.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"
 #include "support/vdm_values.h"

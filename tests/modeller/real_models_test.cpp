@@ -6,11 +6,11 @@
 #include <fstream>
 #include <gp_Trsf.hxx>
 
+#include "modeller/exchange.h"
 #include "modeller/export.h"
 #include "modeller/foreign_files.h"
 #include "modeller/mesh.h"
 #include "modeller/solids.h"
-#include "modeller/vrml_import.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
 

@@ -2,8 +2,8 @@
 
 #include <TopoDS_Shape.hxx>
 
+#include "modeller/kernel.h"
 #include "modeller/measures.h"
-#include "modeller/shape.h"
 
 namespace vanzet::test {
 

@@ -8,7 +8,7 @@
 
 #include "modeller/contours.h"
 #include "modeller/export.h"
-#include "modeller/facet_measures.h"
+#include "modeller/measures.h"
 #include "modeller/solids.h"
 #include "modeller/sweep.h"
 #include "modeller/vrml_facets.h"

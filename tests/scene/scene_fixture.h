@@ -2,8 +2,8 @@
 
 #include "api/host_fixture.h"
 #include "contour/library.h"
+#include "modeller/body.h"
 #include "modeller/measures.h"
-#include "modeller/placement.h"
 #include "scene/defined_equipment.h"
 #include "scene/scene.h"
 #include "support/places.h"

@@ -1,7 +1,9 @@
 // The exchange program. Its arguments: what to do, the seconds and bytes it may take, the file if there is
 // one, and for writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells
-// stands in report.h.
+// is described in process.h.
 
+#include <BRepBuilderAPI_Transform.hxx>
+#include <BinTools.hxx>
 #include <Standard_OutOfMemory.hxx>
 #include <cstdlib>
 #include <fstream>
@@ -10,16 +12,54 @@
 #include <string_view>
 
 #include "base/numbers.h"
-#include "modeller/exchange/limits.h"
-#include "modeller/exchange/parcel.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/read_vrml.h"
 #include "modeller/exchange/write_file.h"
+#include "modeller/facets.h"
 #include "modeller/kernel.h"
+#include "modeller/parcel.h"
 
 namespace vanzet::modeller {
 namespace {
+
+/// The file in memory that this program was started with, under a name by which this process can open it.
+constexpr const char* kParcel = "/proc/self/fd/3";
+
+/// The shape with its place worked into its geometry: one that is elsewhere would become an assembly's part.
+TopoDS_Shape WithoutPlace(const TopoDS_Shape& shape) {
+  if (HasFacetsOnly(shape)) return FaceOf(FacetsOf(shape));
+  const gp_Trsf place = shape.Location().Transformation();
+  return BRepBuilderAPI_Transform(shape.Located(TopLoc_Location()), place, Standard_True).Shape();
+}
+
+template <class Write>
+Result<void> Leave(Write write) {
+  std::ofstream bytes(kParcel, std::ios::binary);
+  write(bytes);
+  bytes.close();
+  if (!bytes) return Fault{"needs more memory than it may take"};
+  return {};
+}
+
+/// The bodies that are to be written. The places of shapes are worked into their geometry.
+Result<std::vector<ParcelBody>> ReadParcel() {
+  std::ifstream bytes(kParcel, std::ios::binary);
+  auto bodies = UnpackParcel(bytes);
+  if (!bodies) return bodies;
+  for (ParcelBody& body : *bodies) body.shape = WithoutPlace(body.shape);
+  return bodies;
+}
+
+/// Leaves bodies for the one that started this program.
+Result<void> WriteParcel(const std::vector<ParcelBody>& bodies) {
+  return Leave([&](std::ostream& bytes) { PackParcel(bodies, bytes); });
+}
+
+/// Leaves a shape in Open CASCADE's binary form.
+Result<void> WriteParcel(const TopoDS_Shape& shape) {
+  return Leave([&](std::ostream& bytes) { BinTools::Write(shape, bytes); });
+}
 
 struct Order {
   std::string file;

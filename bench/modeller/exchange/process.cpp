@@ -1,8 +1,11 @@
 #include "modeller/exchange/process.h"
 
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
+#include <csignal>
 #include <cstdio>
 
 #include "base/one_line.h"
@@ -24,6 +27,21 @@ class Listener final : public Message_Printer {
 void Tell(const std::string& line) {
   std::fwrite(line.data(), 1, line.size(), stdout);
   std::fflush(stdout);
+}
+
+// The address sanitizer takes terabytes of addresses for its own bookkeeping.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kMemoryCanBeLimited = false;
+#else
+constexpr bool kMemoryCanBeLimited = true;
+#endif
+
+void Limit(__rlimit_resource resource, std::uint64_t most) {
+  rlimit limit = {};
+  if (getrlimit(resource, &limit) != 0) return;
+  if (limit.rlim_max == RLIM_INFINITY || limit.rlim_max > most) limit.rlim_max = most;
+  limit.rlim_cur = limit.rlim_max;
+  setrlimit(resource, &limit);
 }
 
 }  // namespace
@@ -50,6 +68,17 @@ void ProgressTeller::Show(const Message_ProgressScope&, const Standard_Boolean) 
   if (done < told_ + kStep) return;
   told_ = done;
   TellProgress(done);
+}
+
+void KeepWithin(int seconds, std::uint64_t bytes) {
+  signal(SIGINT, SIG_IGN);
+  // A write beyond the limit is then a fault to be told.
+  signal(SIGXFSZ, SIG_IGN);
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  Limit(RLIMIT_CORE, 0);
+  Limit(RLIMIT_CPU, static_cast<std::uint64_t>(seconds));
+  Limit(RLIMIT_FSIZE, bytes);
+  if (kMemoryCanBeLimited) Limit(RLIMIT_AS, bytes);
 }
 
 }  // namespace vanzet::modeller

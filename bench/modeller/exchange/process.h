@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Message_ProgressIndicator.hxx>
+#include <cstdint>
 #include <string>
 
 /// What this program tells the one that started it, line by line on standard output.
@@ -30,5 +31,9 @@ class ProgressTeller final : public Message_ProgressIndicator {
   double to_;
   double told_ = 0;
 };
+
+/// Keeps this process within its limits from now on: processor time, memory, the size of what it writes; no
+/// core is left behind. It ends when its parent ends, and Ctrl-C is its parent's matter.
+void KeepWithin(int seconds, std::uint64_t bytes);
 
 }  // namespace vanzet::modeller

@@ -1,15 +1,34 @@
 #include "modeller/exchange/write_file.h"
 
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakeVertex.hxx>
+#include <BRep_Builder.hxx>
 #include <Interface_Static.hxx>
+#include <Quantity_Color.hxx>
 #include <RWGltf_CafWriter.hxx>
 #include <STEPCAFControl_Writer.hxx>
 #include <STEPControl_Controller.hxx>
 #include <TColStd_IndexedDataMapOfStringString.hxx>
+#include <TDataStd_Name.hxx>
+#include <TDocStd_Document.hxx>
+#include <TopoDS_Edge.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
+#include <TopoDS_Vertex.hxx>
+#include <TopoDS_Wire.hxx>
+#include <XCAFApp_Application.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+#include <algorithm>
+#include <gp_Pln.hxx>
+#include <map>
+#include <utility>
 
-#include "modeller/exchange/document.h"
-#include "modeller/exchange/facet_shell.h"
 #include "modeller/exchange/process.h"
 #include "modeller/facets.h"
+#include "modeller/measures.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -17,6 +36,94 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double kMillimetre = 0.001;  // in metres
+
+Quantity_Color ColourOf(const Colour& colour) {
+  const auto part = [](double value) { return std::clamp(value, 0.0, 1.0); };
+  return {part(colour.red), part(colour.green), part(colour.blue), Quantity_TOC_sRGB};
+}
+
+/// The bodies as a document of Open CASCADE, each with its name and colour; millimetres.
+Handle(TDocStd_Document) DocumentOf(const std::vector<ParcelBody>& bodies) {
+  Handle(TDocStd_Document) document;
+  XCAFApp_Application::GetApplication()->NewDocument("BinXCAF", document);
+  XCAFDoc_DocumentTool::SetLengthUnit(document, kMillimetre);
+  const auto shapes = XCAFDoc_DocumentTool::ShapeTool(document->Main());
+  const auto colours = XCAFDoc_DocumentTool::ColorTool(document->Main());
+  for (const ParcelBody& body : bodies) {
+    const TDF_Label label = shapes->AddShape(body.shape, Standard_False);
+    TDataStd_Name::Set(label, TCollection_ExtendedString(body.name.c_str(), Standard_True));
+    colours->SetColor(label, ColourOf(body.colour), XCAFDoc_ColorGen);
+    colours->SetColor(label, ColourOf(body.colour), XCAFDoc_ColorSurf);
+  }
+  return document;
+}
+
+constexpr double kLeastHeight = 1e-6;  // millimetres; a flatter triangle has no plane
+
+gp_Pnt PointOf(const geometry::Point3d& p) {
+  return {p.x, p.y, p.z};
+}
+
+/// Makes faces that share their edges and vertices.
+class ShellMaker {
+ public:
+  explicit ShellMaker(const Mesh& mesh) : mesh_(mesh) {
+    builder_.MakeShell(shell_);
+    for (const auto& point : mesh.points) vertices_.push_back(BRepBuilderAPI_MakeVertex(PointOf(point)));
+  }
+
+  void Add(const std::array<int, 3>& corners) {
+    const auto [a, b, c] = corners;
+    const gp_Vec side(At(a), At(b)), other(At(a), At(c));
+    const gp_Vec normal = side.Crossed(other);
+    const double longest = std::max({side.Magnitude(), other.Magnitude(), At(b).Distance(At(c))});
+    if (normal.Magnitude() <= longest * kLeastHeight) return;
+    TopoDS_Wire wire;
+    builder_.MakeWire(wire);
+    for (const auto& [from, to] : {std::pair(a, b), std::pair(b, c), std::pair(c, a)}) {
+      builder_.Add(wire, EdgeBetween(from, to));
+    }
+    wire.Closed(Standard_True);
+    builder_.Add(shell_, BRepBuilderAPI_MakeFace(gp_Pln(At(a), gp_Dir(normal)), wire, Standard_True).Face());
+  }
+
+  TopoDS_Shape Take() {
+    if (!IsClosed(mesh_)) return shell_;
+    shell_.Closed(Standard_True);
+    TopoDS_Solid solid;
+    builder_.MakeSolid(solid);
+    builder_.Add(solid, shell_);
+    return solid;
+  }
+
+ private:
+  gp_Pnt At(int point) const { return PointOf(mesh_.points[static_cast<std::size_t>(point)]); }
+
+  TopoDS_Shape EdgeBetween(int from, int to) {
+    const auto key = std::minmax(from, to);
+    auto [edge, isNew] = edges_.try_emplace({key.first, key.second});
+    if (isNew) {
+      edge->second = BRepBuilderAPI_MakeEdge(vertices_[static_cast<std::size_t>(key.first)],
+                                             vertices_[static_cast<std::size_t>(key.second)]);
+    }
+    return edge->second.Oriented(from < to ? TopAbs_FORWARD : TopAbs_REVERSED);
+  }
+
+  const Mesh& mesh_;
+  BRep_Builder builder_;
+  TopoDS_Shell shell_;
+  std::vector<TopoDS_Vertex> vertices_;
+  std::map<std::pair<int, int>, TopoDS_Edge> edges_;
+};
+
+/// A body of facets with a plane face for each triangle, for formats that know no triangles: a solid when it
+/// is closed, else a shell. Triangles without area are left out.
+TopoDS_Shape FacetShell(const TopoDS_Shape& facets) {
+  const Mesh mesh = FacetsOf(facets);
+  ShellMaker maker(mesh);
+  for (const auto& triangle : mesh.triangles) maker.Add(triangle);
+  return maker.Take();
+}
 
 }  // namespace
 

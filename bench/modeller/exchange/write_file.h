@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "base/result.h"
-#include "modeller/exchange/parcel.h"
 #include "modeller/mesh.h"
+#include "modeller/parcel.h"
 
 namespace vanzet::modeller {
 
