@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "devices/device_outlines.h"
 #include "geometry/kurve.h"
 #include "geometry/units.h"
-#include "macro/tables/device_outlines.h"
 #include "modeller/export.h"
 #include "modeller/mesh_files.h"
 #include "modeller/sweep.h"

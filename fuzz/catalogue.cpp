@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "catalogue/catalogue_lines.h"
+#include "devices/device_outlines.h"
 #include "fuzz/fuzz.h"
 #include "macro/device_record.h"
-#include "macro/tables/device_outlines.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "define/json.h"
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "scene/own_device.h"
 
 namespace vanzet::define {

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 namespace vanzet::define {
 

@@ -1,6 +1,6 @@
 #include "define/tables.h"
 
-#include "macro/tables/device_types.h"
+#include "devices/device_types.h"
 
 namespace vanzet::define {
 namespace {

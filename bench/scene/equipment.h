@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "project/definition.h"
 
 /// What a definition tells of the equipment, apart from its 3D texts. Forms: docs/formats/definition.md.

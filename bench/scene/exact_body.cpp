@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "macro/tables/device_outlines.h"
-#include "macro/tables/device_types.h"
+#include "devices/device_outlines.h"
+#include "devices/device_types.h"
 #include "modeller/body.h"
 #include "modeller/measures.h"
 #include "modeller/sweep.h"

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "modeller/body.h"
 
 namespace vanzet::scene {

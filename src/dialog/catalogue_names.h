@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "catalogue/device_catalogue.h"
+#include "devices/device_params.h"
 #include "dialog/controls.h"
-#include "macro/tables/device_params.h"
 
 namespace vanzet::dialog {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <span>
 
+#include "devices/device_params.h"
 #include "dialog/controls.h"
 #include "dialog/data_exchange.h"
-#include "macro/tables/device_params.h"
 
 /// The values of a device on its pages: an edit and a label for each letter.
 namespace vanzet::dialog {

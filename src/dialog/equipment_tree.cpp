@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "devices/device_params.h"
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
-#include "macro/tables/device_params.h"
 
 namespace vanzet::dialog {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "devices/device_params.h"
 #include "dialog/page.h"
-#include "macro/tables/device_params.h"
 
 namespace vanzet::dialog {
 

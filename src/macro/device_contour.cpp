@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "devices/device_contour_lines.h"
+#include "devices/formula.h"
 #include "host/bridge.h"
 #include "macro/command_text.h"
-#include "macro/device_contour_lines.h"
-#include "macro/tables/formula.h"
 
 namespace vanzet {
 namespace {
@@ -29,8 +29,8 @@ std::string LineFrom(std::string_view lineTemplate, const DeviceParams& params, 
   return line += lineTemplate;
 }
 
-const macro::DeviceContourLines* FindLines(const DeviceParams& params) {
-  for (const macro::DeviceContourLines& row : macro::AllDeviceContourLines()) {
+const DeviceContourLines* FindLines(const DeviceParams& params) {
+  for (const DeviceContourLines& row : AllDeviceContourLines()) {
     if (row.type == params.type && Holds(row.bore, params)) return &row;
   }
   return nullptr;
@@ -55,7 +55,7 @@ constexpr double kPlaceholderHeight = 4.1;
 bool BuildDeviceContour(const DeviceParams& params, std::int32_t contour) {
   if (params.type == 0 || IsOwnVdmType(params.type)) return false;
   for (const char* line : {"win 0", "s100=h 0", "s101=v 0"}) host::SendCommand(line);
-  const macro::DeviceContourLines* const row = FindLines(params);
+  const DeviceContourLines* const row = FindLines(params);
   if (row == nullptr) {
     host::SendCommand("del s100>101");
   } else {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 /// Has the host make the outline of a clamp device.
 ///

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "devices/device_types.h"
 #include "host/fields.h"
 #include "macro/command_text.h"
-#include "macro/tables/device_types.h"
 
 namespace vanzet {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 /// A device as one line of text, in the catalogue and in a definition: docs/formats/catalogue.md.
 namespace vanzet {

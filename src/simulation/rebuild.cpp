@@ -3,12 +3,12 @@
 #include <optional>
 #include <string_view>
 
+#include "devices/device_types.h"
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
 #include "macro/command_text.h"
 #include "macro/device_contour.h"
-#include "macro/tables/device_types.h"
 #include "simulation/device_operations.h"
 #include "simulation/device_vrml.h"
 #include "simulation/jaw_d2t.h"

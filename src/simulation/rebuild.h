@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "store/billet_vdm.h"
 
 /// Makes simulation data anew: has the host build the solids, export them, and keeps what comes of it.

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "store/clamp_schema.h"
 #include "store/mill_turn_vdm.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 /// What holds the work: the clamp device and the jaw of each spindle, and the tailstock's centre.
 ///

@@ -18,18 +18,17 @@ using Folders = std::set<std::string>;
 /// What each folder of the module may include besides itself. docs/architecture.md draws these arrows.
 const std::map<std::string, Folders> kModule = {
     {"platform", {"base"}},
+    {"devices", {"base"}},
     {"host", {"base", "platform"}},
     {"machine", {"base", "platform", "host"}},
-    {"macro/tables", {"base"}},
-    {"macro", {"base", "host", "macro/tables"}},
-    {"store", {"base", "platform", "host", "macro", "macro/tables"}},
-    {"simulation", {"base", "platform", "host", "macro", "macro/tables", "store"}},
+    {"macro", {"base", "host", "devices"}},
+    {"store", {"base", "platform", "host", "macro", "devices"}},
+    {"simulation", {"base", "platform", "host", "macro", "devices", "store"}},
     {"catalogue", {"base", "platform", "host"}},
     {"view", {"base", "platform"}},
-    {"view/qt", {"base", "platform", "macro/tables", "view"}},
+    {"view/qt", {"base", "platform", "devices", "view"}},
     {"dialog",
-     {"base", "platform", "host", "macro", "macro/tables", "store", "simulation", "machine", "catalogue",
-      "view"}},
+     {"base", "platform", "host", "macro", "devices", "store", "simulation", "machine", "catalogue", "view"}},
     {"host/door",
      {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
     {"geometry", {"base", "host"}},
@@ -37,7 +36,7 @@ const std::map<std::string, Folders> kModule = {
 
 /// The same of the workbench, which knows nothing of the module but its geometry and its tables of devices.
 const std::map<std::string, Folders> kWorkbench = {
-    {"macro/tables", {}},
+    {"devices", {}},
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
     {"modeller", {"base", "vdm", "geometry"}},
@@ -46,9 +45,9 @@ const std::map<std::string, Folders> kWorkbench = {
     {"drawing", {"base", "vdm", "contour", "geometry"}},
     {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
     {"api", {"base", "vdm", "project", "drawing", "modeller", "language", "geometry"}},
-    {"scene", {"base", "vdm", "project", "modeller", "geometry", "macro/tables"}},
+    {"scene", {"base", "vdm", "project", "modeller", "geometry", "devices"}},
     {"results", {"base", "vdm", "project", "drawing", "contour", "geometry", "modeller", "scene"}},
-    {"define", {"base", "macro/tables", "scene"}},
+    {"define", {"base", "devices", "scene"}},
     {"cli",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
       "define"}},
@@ -118,7 +117,7 @@ TEST(Arrows, OfTheViewOnADisplayMeetTheModuleInPlainHeaders) {
       "view/view_entry.h", "platform/file_dialog.h", "platform/message_box.h", "base/result.h"};
   for (const Include& include : IncludesBelow(VANZET_SOURCE_DIR "/src/view/qt")) {
     const bool isOwn = include.inBrackets || include.header.starts_with("view/qt/");
-    if (isOwn || include.header.starts_with("macro/tables/")) continue;
+    if (isOwn || include.header.starts_with("devices/")) continue;
     EXPECT_TRUE(plain.contains(include.header)) << include.file << " includes " << include.header;
   }
 }

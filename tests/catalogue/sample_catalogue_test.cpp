@@ -3,9 +3,9 @@
 #include <set>
 
 #include "catalogue_fixture.h"
+#include "devices/device_outlines.h"
+#include "devices/device_types.h"
 #include "macro/device_record.h"
-#include "macro/tables/device_outlines.h"
-#include "macro/tables/device_types.h"
 #include "support/places.h"
 
 namespace vanzet::test {

@@ -2,9 +2,9 @@
 
 #include "api/host_fixture.h"
 #include "closed_loop/sensible_devices.h"
+#include "devices/device_outlines.h"
 #include "macro/device_contour.h"
 #include "macro/device_record.h"
-#include "macro/tables/device_outlines.h"
 
 namespace vanzet::test {
 namespace {

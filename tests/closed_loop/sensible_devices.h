@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 namespace vanzet::test {
 

@@ -1,10 +1,10 @@
 #include <set>
 
+#include "devices/device_types.h"
 #include "dialog/device_kinds.h"
 #include "dialog/device_letters.h"
 #include "dialog/dialog_fixture.h"
 #include "dialog/tree_nodes.h"
-#include "macro/tables/device_types.h"
 
 namespace vanzet::test {
 namespace {

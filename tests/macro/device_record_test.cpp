@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "macro/tables/device_types.h"
+#include "devices/device_types.h"
 
 namespace vanzet {
 namespace {

@@ -1,10 +1,10 @@
-#include "macro/tables/device_outlines.h"
+#include "devices/device_outlines.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "macro/tables/device_types.h"
+#include "devices/device_types.h"
 #include "modeller/contours.h"
 #include "modeller/measures.h"
 #include "modeller/mesh.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 /// Equipment as the module stores it in the definition of spur 0 of the host in force.
 namespace vanzet::test {

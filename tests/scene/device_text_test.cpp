@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "macro/tables/device_outlines.h"
+#include "devices/device_outlines.h"
 #include "scene/scene_fixture.h"
 
 namespace vanzet::test {

@@ -6,10 +6,10 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "devices/device_outlines.h"
+#include "devices/device_types.h"
+#include "devices/formula.h"
 #include "dialog/device_letters.h"
-#include "macro/tables/device_outlines.h"
-#include "macro/tables/device_types.h"
-#include "macro/tables/formula.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/device_measures.h"
 #include "view/qt/pictures/outline_check.h"

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "macro/tables/device_types.h"
+#include "devices/device_types.h"
 #include "view/qt/fonts.h"
 
 namespace vanzet::view::qt {

@@ -4,11 +4,11 @@
 #include <span>
 #include <string_view>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 #include "view/qt/pictures/sketch.h"
 
 /// What is drawn around the outline of a parametric device: where each letter stands, what its values have to
-/// keep to, and an example of each type. Formulas as in macro/tables/formula.h.
+/// keep to, and an example of each type. Formulas as in devices/formula.h.
 namespace vanzet::view::qt {
 
 struct DeviceMeasure {

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "macro/tables/device_outlines.h"
-#include "macro/tables/device_types.h"
-#include "macro/tables/formula.h"
+#include "devices/device_outlines.h"
+#include "devices/device_types.h"
+#include "devices/formula.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/device_measures.h"
 #include "view/qt/pictures/faults.h"

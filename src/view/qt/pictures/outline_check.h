@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "macro/tables/device_outlines.h"
+#include "devices/device_outlines.h"
 
 namespace vanzet::view::qt {
 

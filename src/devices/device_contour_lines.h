@@ -4,12 +4,12 @@
 #include <span>
 #include <string_view>
 
-#include "macro/tables/device_outlines.h"
+#include "devices/device_outlines.h"
 
-namespace vanzet::macro {
+namespace vanzet {
 
 /// The lines that make the contour of one type from the lines s100 (y = 0) and s101 (x = 0), and clean up.
-/// In braces: a formula (macro/tables/formula.h), sent by FormatReal, or n, the number of the contour.
+/// In braces: a formula (devices/formula.h), sent by FormatReal, or n, the number of the contour.
 struct DeviceContourLines {
   std::int32_t type;
   Bore bore;
@@ -18,4 +18,4 @@ struct DeviceContourLines {
 
 std::span<const DeviceContourLines> AllDeviceContourLines();
 
-}  // namespace vanzet::macro
+}  // namespace vanzet

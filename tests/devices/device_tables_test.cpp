@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "macro/device_contour_lines.h"
-#include "macro/tables/device_outlines.h"
-#include "macro/tables/device_types.h"
-#include "macro/tables/formula.h"
+#include "devices/device_contour_lines.h"
+#include "devices/device_outlines.h"
+#include "devices/device_types.h"
+#include "devices/formula.h"
 
 namespace vanzet {
 namespace {
@@ -83,7 +83,7 @@ TEST(DeviceOutlines, UseTheLettersThatTheirTypeNames) {
 }
 
 TEST(DeviceContourLines, UseTheLettersThatTheirTypeNames) {
-  for (const macro::DeviceContourLines& row : macro::AllDeviceContourLines()) {
+  for (const DeviceContourLines& row : AllDeviceContourLines()) {
     if (row.bore == Bore::kNone) continue;
     std::string formulas;
     for (const std::string_view line : row.lines) {
@@ -94,7 +94,7 @@ TEST(DeviceContourLines, UseTheLettersThatTheirTypeNames) {
 }
 
 TEST(DeviceContourLines, HaveARowForEachOutline) {
-  const auto lines = macro::AllDeviceContourLines();
+  const auto lines = AllDeviceContourLines();
   const auto outlines = DeviceOutlines();
   ASSERT_EQ(lines.size(), outlines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -104,7 +104,7 @@ TEST(DeviceContourLines, HaveARowForEachOutline) {
 }
 
 TEST(DeviceContourLines, HoldOnlyFormulasThatCanBeRead) {
-  for (const macro::DeviceContourLines& row : macro::AllDeviceContourLines()) {
+  for (const DeviceContourLines& row : AllDeviceContourLines()) {
     for (const std::string_view line : row.lines) {
       EXPECT_EQ(std::ranges::count(line, '{'), std::ranges::count(line, '}')) << line;
       for (const std::string& formula : InBraces(line)) {

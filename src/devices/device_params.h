@@ -8,7 +8,7 @@ namespace vanzet {
 /// A clamp device: what kind it is and the values behind the letters of its page.
 ///
 /// Units    lengths are the host's; I of a face driver, E and G of a center are degrees
-/// Which    letters a type has: macro/tables/device_types.h
+/// Which    letters a type has: devices/device_types.h
 struct DeviceParams {
   std::int32_t type = 0;  ///< 0: no device
   double A = 0, B = 0, C = 0, D = 0, E = 0, F = 0, G = 0, H = 0, I = 0, J = 0;

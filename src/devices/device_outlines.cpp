@@ -1,8 +1,8 @@
-#include "macro/tables/device_outlines.h"
+#include "devices/device_outlines.h"
 
 #include <cmath>
 
-#include "macro/tables/formula.h"
+#include "devices/formula.h"
 
 namespace vanzet {
 namespace {

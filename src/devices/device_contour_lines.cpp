@@ -1,6 +1,6 @@
-#include "macro/device_contour_lines.h"
+#include "devices/device_contour_lines.h"
 
-namespace vanzet::macro {
+namespace vanzet {
 namespace {
 
 // A number that is defined a second time replaces the first definition: s101 of the first two jaws, p100 of
@@ -103,4 +103,4 @@ std::span<const DeviceContourLines> AllDeviceContourLines() {
   return kDeviceContourLines;
 }
 
-}  // namespace vanzet::macro
+}  // namespace vanzet

@@ -1,4 +1,4 @@
-#include "macro/tables/formula.h"
+#include "devices/formula.h"
 
 #include <cassert>
 #include <cmath>

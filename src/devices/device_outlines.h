@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 /// The outlines of parametric devices as vertices: what the host's lines are to give, and what pictures show.
 ///
@@ -23,7 +23,7 @@ inline bool Holds(Bore bore, const DeviceParams& params) {
   return bore == Bore::kAny || (bore == Bore::kAbove0) == (params.C > 0);
 }
 
-/// A corner of an outline; formulas as in macro/tables/formula.h.
+/// A corner of an outline; formulas as in devices/formula.h.
 struct OutlineCorner {
   std::string_view x;
   std::string_view y;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "macro/tables/device_params.h"
+#include "devices/device_params.h"
 
 namespace vanzet {
 

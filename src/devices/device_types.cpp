@@ -1,4 +1,4 @@
-#include "macro/tables/device_types.h"
+#include "devices/device_types.h"
 
 #include <algorithm>
 
