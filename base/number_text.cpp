@@ -17,6 +17,11 @@ std::string Written(double value, Form... form) {
   return {text.data(), end.ptr};
 }
 
+std::string WithoutSignOfZero(std::string text) {
+  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) text.erase(0, 1);
+  return text;
+}
+
 }  // namespace
 
 std::string FixedText(double value, int decimals) {
@@ -29,6 +34,21 @@ std::string GeneralText(double value, int digits) {
 
 std::string ExactText(double value) {
   return Written(value);
+}
+
+std::string NumberText(double value, int digits) {
+  return WithoutSignOfZero(GeneralText(value, digits));
+}
+
+std::string DecimalText(double value, int decimals) {
+  return WithoutSignOfZero(FixedText(value, decimals));
+}
+
+std::string ShortDecimalText(double value, int decimals) {
+  std::string text = DecimalText(value, decimals);
+  text.resize(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
 }
 
 }  // namespace vanzet

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
@@ -8,7 +9,6 @@
 #include "cli/progress_line.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
-#include "contour/number_text.h"
 #include "modeller/body.h"
 #include "modeller/measures.h"
 #include "scene/device_text.h"
@@ -60,7 +60,7 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
   const double face = isJaw ? box->min.x : box->max.x;
   if (std::abs(face) <= kNear) return {};
   return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is not at 0 but at " +
-                   contour::Number(face, kDigits) + " mm; '--face' tells where it is, and " +
+                   NumberText(face, kDigits) + " mm; '--face' tells where it is, and " +
                    "'--looking' where it looks to",
                arguments.body};
 }

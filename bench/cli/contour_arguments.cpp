@@ -2,11 +2,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/path_map.h"
+#include "base/quote.h"
 #include "cli/output.h"
-#include "contour/lines.h"
-#include "contour/number_text.h"
 #include "vdm/file_replacement.h"
 
 namespace vanzet::cli {
@@ -47,7 +47,7 @@ Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, cons
 geometry::Point ReadPoint(const std::string& name, const std::string& text, double most) {
   const std::size_t comma = text.find(',');
   if (comma == std::string::npos) {
-    throw CLI::ValidationError(name, "expected X,Y, found " + contour::Quoted(text));
+    throw CLI::ValidationError(name, "expected X,Y, found " + Quoted(text));
   }
   const double x = ReadReal(name, text.substr(0, comma), -most, most);
   return {x, ReadReal(name, text.substr(comma + 1), -most, most)};
@@ -55,10 +55,10 @@ geometry::Point ReadPoint(const std::string& name, const std::string& text, doub
 
 double ReadReal(const std::string& name, const std::string& text, double least, double most) {
   const auto number = WholeReal(text);
-  if (!number) throw CLI::ValidationError(name, "expected a number, found " + contour::Quoted(text));
+  if (!number) throw CLI::ValidationError(name, "expected a number, found " + Quoted(text));
   if (*number >= least && *number <= most) return *number;
-  throw CLI::ValidationError(name, "expected a number from " + contour::Number(least, 6) + " to " +
-                                       contour::Number(most, 6) + ", found " + contour::Quoted(text));
+  throw CLI::ValidationError(name, "expected a number from " + NumberText(least) + " to " + NumberText(most) +
+                                       ", found " + Quoted(text));
 }
 
 void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned options) {

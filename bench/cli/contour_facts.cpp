@@ -1,7 +1,7 @@
+#include "base/number_text.h"
 #include "cli/contour_operations.h"
 #include "cli/output.h"
 #include "contour/json_form.h"
-#include "contour/number_text.h"
 #include "contour/operations.h"
 
 /// The operations that tell facts.
@@ -11,7 +11,6 @@ namespace {
 using contour::Contour;
 using contour::Contours;
 using contour::Drawing;
-using contour::Fixed;
 using contour::JsonForm;
 using Mark = Drawing::Mark;
 
@@ -35,7 +34,7 @@ std::string Table(const std::vector<std::vector<std::string>>& rows) {
 }
 
 std::string PointText(const geometry::Point& point) {
-  return Fixed(point.x, kDecimals) + ", " + Fixed(point.y, kDecimals);
+  return DecimalText(point.x, kDecimals) + ", " + DecimalText(point.y, kDecimals);
 }
 
 std::string FactsText(const contour::Facts& facts) {
@@ -46,12 +45,12 @@ std::string FactsText(const contour::Facts& facts) {
   line("spans",
        std::to_string(facts.spans) + " (" + Counted(static_cast<std::size_t>(facts.arcs), "arc") + ")");
   line("closed", facts.closed ? "yes" : "no");
-  line("perimeter", Fixed(facts.perimeter, kDecimals) + " mm");
-  if (facts.closed) line("area", Fixed(facts.area, kDecimals) + " mm2");
+  line("perimeter", DecimalText(facts.perimeter, kDecimals) + " mm");
+  if (facts.closed) line("area", DecimalText(facts.area, kDecimals) + " mm2");
   if (facts.closed) line("direction", contour::DirectionName(facts.direction));
   line("box", PointText(facts.low) + " to " + PointText(facts.high) + " (" +
-                  Fixed(facts.high.x - facts.low.x, kDecimals) + " x " +
-                  Fixed(facts.high.y - facts.low.y, kDecimals) + " mm)");
+                  DecimalText(facts.high.x - facts.low.x, kDecimals) + " x " +
+                  DecimalText(facts.high.y - facts.low.y, kDecimals) + " mm)");
   return text;
 }
 
@@ -117,7 +116,7 @@ Result<void> ContourNear(const ContourArguments& arguments) {
     drawing.marks.push_back({Mark::Kind::kFound, nearest.point});
     drawing.links.push_back({asked, nearest.point});
     rows.push_back({std::to_string(contour.number), std::to_string(nearest.span),
-                    Fixed(nearest.distance, kDecimals), PointText(nearest.point)});
+                    DecimalText(nearest.distance, kDecimals), PointText(nearest.point)});
     list.push_back({{"contour", contour.number},
                     {"span", nearest.span},
                     {"point", JsonForm(nearest.point)},

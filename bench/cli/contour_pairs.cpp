@@ -1,9 +1,9 @@
 #include <cmath>
 
+#include "base/number_text.h"
 #include "cli/contour_operations.h"
 #include "cli/output.h"
 #include "contour/constructions.h"
-#include "contour/number_text.h"
 #include "geometry/numerics.h"
 
 /// The operations on two contours.
@@ -13,7 +13,6 @@ namespace {
 using contour::Contour;
 using contour::Contours;
 using contour::Drawing;
-using contour::Fixed;
 using geometry::Matrix;
 
 constexpr int kDecimals = 4;
@@ -33,8 +32,8 @@ Motion MotionOf(Matrix matrix) {
 
 std::string MotionText(const Motion& motion) {
   return std::string("the contours are one shape\n") + (motion.mirrored ? "  mirror  at the x axis\n" : "") +
-         "  turn    " + Fixed(motion.degrees, kDecimals) + " degrees\n  move    " +
-         Fixed(motion.x, kDecimals) + ", " + Fixed(motion.y, kDecimals) + "\n";
+         "  turn    " + DecimalText(motion.degrees, kDecimals) + " degrees\n  move    " +
+         DecimalText(motion.x, kDecimals) + ", " + DecimalText(motion.y, kDecimals) + "\n";
 }
 
 Json MotionJson(const std::optional<Matrix>& matrix) {

@@ -2,8 +2,8 @@
 #include <cmath>
 #include <map>
 
+#include "base/quote.h"
 #include "cli/contour_arguments.h"
-#include "contour/lines.h"
 #include "geometry/numerics.h"
 
 /// The steps of `vanzet contour transform`.
@@ -31,7 +31,7 @@ void Turn(const std::string& name, const std::string& value, geometry::Matrix& m
 
 void Mirror(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
   if (value != "x" && value != "y") {
-    throw CLI::ValidationError(name, "expected x or y, found " + contour::Quoted(value));
+    throw CLI::ValidationError(name, "expected x or y, found " + Quoted(value));
   }
   matrix.Scale(value == "y" ? -1 : 1, value == "x" ? -1 : 1, 1);
 }

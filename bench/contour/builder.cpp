@@ -3,8 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/number_text.h"
 #include "contour/library.h"
-#include "contour/number_text.h"
 
 namespace vanzet::contour {
 namespace {
@@ -19,8 +19,8 @@ bool IsMoreThanHalf(int direction, const Point& start, const Point& end, const P
 Result<void> CheckArc(int direction, const Point& start, const Point& end, const Point& centre) {
   const double atStart = Dist(start, centre), atEnd = Dist(end, centre);
   if (std::fabs(atStart - atEnd) > kCentreTolerance) {
-    return Fault{"the arc's centre is " + Number(atStart, 6) + " mm from its start and " + Number(atEnd, 6) +
-                 " mm from its end"};
+    return Fault{"the arc's centre is " + NumberText(atStart) + " mm from its start and " +
+                 NumberText(atEnd) + " mm from its end"};
   }
   if (atStart <= geometry::TOLERANCE) return {};
   // The library knows no arc of a full turn: what closes to within an angle it cannot tell is a line there.
@@ -39,8 +39,8 @@ Result<void> CheckPoint(const Point& point) {
   for (const double coordinate : {point.x, point.y}) {
     if (std::isnan(coordinate)) return Fault{"a coordinate is no number"};
     if (!(std::fabs(coordinate) <= kLargestCoordinate)) {
-      return Fault{"the coordinate " + Number(coordinate, 6) + " mm is not within " +
-                   Number(kLargestCoordinate, 6) + " mm"};
+      return Fault{"the coordinate " + NumberText(coordinate) + " mm is not within " +
+                   NumberText(kLargestCoordinate) + " mm"};
     }
   }
   return {};

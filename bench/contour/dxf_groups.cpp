@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/quote.h"
 
 namespace vanzet::contour {
 namespace {
@@ -72,7 +73,7 @@ class VertexOrder {
   int vertices_ = 0;
 };
 
-Result<void> CheckVertices(const DxfEntity& entity, const LineReader& lines) {
+Result<void> CheckVertices(const DxfEntity& entity, const TextLineReader& lines) {
   VertexOrder order;
   int told = 0;
   for (const DxfGroup& group : entity.groups) {
@@ -117,7 +118,7 @@ bool IsUsed(int code) {
   return code == kLayer || Contains(kReals, code) || Contains(kIntegers, code);
 }
 
-Result<void> CheckValue(const DxfGroup& group, const LineReader& lines) {
+Result<void> CheckValue(const DxfGroup& group, const TextLineReader& lines) {
   constexpr std::size_t kLongestValue = 255;  // the DXF library stumbles over lines of more than 1000
   if (group.value.size() > kLongestValue) {
     return lines.AtLine(group.line, "the value is longer than " + std::to_string(kLongestValue) + " bytes");
@@ -129,7 +130,7 @@ Result<void> CheckValue(const DxfGroup& group, const LineReader& lines) {
   return lines.AtLine(group.line, "expected a number, found " + Quoted(group.value));
 }
 
-Result<void> CheckEntity(const DxfEntity& entity, const LineReader& lines) {
+Result<void> CheckEntity(const DxfEntity& entity, const TextLineReader& lines) {
   const Kind* const kind = KindOf(entity.kind);
   assert(kind != nullptr && "only entities that are taken are checked");
   for (const int code : kind->required) {

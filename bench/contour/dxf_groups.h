@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "contour/lines.h"
+#include "base/text_line_reader.h"
 
 namespace vanzet::contour {
 
@@ -30,20 +30,20 @@ class DxfGroupReader {
   /// Gives the next group. Refused at the end of the text: a drawing ends with its group "0 EOF".
   Result<DxfGroup> Next();
 
-  const LineReader& lines() const { return lines_; }
+  const TextLineReader& lines() const { return lines_; }
 
  private:
-  LineReader lines_;
+  TextLineReader lines_;
 };
 
 /// The layer, the flags and the coordinates: what is used of an entity.
 bool IsUsed(int code);
 
 /// Refuses a value that is no number where it should be one, or too long. Requires: the group is used.
-Result<void> CheckValue(const DxfGroup& group, const LineReader& lines);
+Result<void> CheckValue(const DxfGroup& group, const TextLineReader& lines);
 
 /// Refuses an entity that lacks a number, or tells another count of vertices than it has.
-Result<void> CheckEntity(const DxfEntity& entity, const LineReader& lines);
+Result<void> CheckEntity(const DxfEntity& entity, const TextLineReader& lines);
 
 /// Whether contours are made of entities of this kind, or of what belongs to them.
 bool IsTaken(std::string_view kind);

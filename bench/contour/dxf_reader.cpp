@@ -10,6 +10,7 @@
 
 #include "base/letter_case.h"
 #include "base/numbers.h"
+#include "base/quote.h"
 #include "contour/drawing_pieces.h"
 #include "contour/dxf_groups.h"
 #include "contour/join.h"
@@ -47,7 +48,7 @@ class DxfReader {
   int unit() const { return unit_; }
   std::vector<DrawingPieces::Entry>& entries() { return pieces_.entries(); }
   std::vector<std::string> Remarks() const;
-  const LineReader& lines() const { return groups_.lines(); }
+  const TextLineReader& lines() const { return groups_.lines(); }
 
  private:
   Result<void> CheckBeginning(const DxfGroup& group) const;
@@ -187,7 +188,7 @@ Result<double> Millimetres(int code, const std::string& wanted, const std::strin
 
 /// The pieces that are on the layer, in millimetres.
 Result<std::vector<Piece>> PiecesOn(const std::string& layer, std::vector<DrawingPieces::Entry>& entries,
-                                    double unit, const LineReader& lines) {
+                                    double unit, const TextLineReader& lines) {
   std::vector<Piece> pieces;
   for (DrawingPieces::Entry& entry : entries) {
     if (!layer.empty() && !EqualWithoutCase(entry.layer, layer)) continue;
@@ -212,7 +213,7 @@ Fault NothingFound(const std::string& layer, const std::vector<DrawingPieces::En
   return {text, name};
 }
 
-Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const LineReader& lines) {
+Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const TextLineReader& lines) {
   Contours contours;
   for (const Piece& piece : pieces) {
     const auto curve = CurveOf(piece);

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "contour/number_text.h"
+#include "base/number_text.h"
 #include "contour/sweep.h"
 
 namespace vanzet::contour {
@@ -19,7 +19,7 @@ class DxfText {
   explicit DxfText(std::string layer) : layer_(std::move(layer)) {}
 
   void Group(int code, const std::string& value) { text_ += std::to_string(code) + "\n" + value + "\n"; }
-  void Number(int code, double value) { Group(code, contour::Number(value, kDigits)); }
+  void Number(int code, double value) { Group(code, NumberText(value, kDigits)); }
   void Entity(const char* kind) {
     Group(0, kind);
     Group(8, layer_);

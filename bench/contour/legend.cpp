@@ -1,6 +1,6 @@
 #include "contour/legend.h"
 
-#include "contour/number_text.h"
+#include "base/number_text.h"
 
 namespace vanzet::contour {
 namespace {
@@ -27,10 +27,10 @@ std::vector<const Drawing::Layer*> Named(const Drawing& drawing) {
 
 std::string Row(const Drawing::Layer& layer, double middle) {
   const DrawingStyle& style = StyleOf(layer.role);
-  const std::string y = Number(middle, 6);
-  return "<path d=\"M" + Number(kLeft, 6) + " " + y + " h" + Number(kLine, 6) + "\" stroke=\"" +
-         style.colour + "\" stroke-width=\"" + Number(style.width, 6) + "\"/>\n<text x=\"" +
-         Number(kLeft + kLine + kGap, 6) + "\" y=\"" + Number(middle + 0.36 * kTextHeight, 6) + "\">" +
+  const std::string y = NumberText(middle);
+  return "<path d=\"M" + NumberText(kLeft) + " " + y + " h" + NumberText(kLine) + "\" stroke=\"" +
+         style.colour + "\" stroke-width=\"" + NumberText(style.width) + "\"/>\n<text x=\"" +
+         NumberText(kLeft + kLine + kGap) + "\" y=\"" + NumberText(middle + 0.36 * kTextHeight) + "\">" +
          layer.name + "</text>\n";
 }
 
@@ -48,7 +48,7 @@ double LegendHeight(const Drawing& drawing) {
 std::string Legend(const Drawing& drawing, double top) {
   const auto named = Named(drawing);
   if (named.empty()) return "";
-  std::string text = "<g class=\"legend\" font-family=\"sans-serif\" font-size=\"" + Number(kTextHeight, 6) +
+  std::string text = "<g class=\"legend\" font-family=\"sans-serif\" font-size=\"" + NumberText(kTextHeight) +
                      "\" fill=\"#333333\">\n";
   double middle = top + kRow / 2;
   for (const Drawing::Layer* const layer : named) {

@@ -1,8 +1,8 @@
 #include <cmath>
 
+#include "base/number_text.h"
 #include "contour/constructions.h"
 #include "contour/library.h"
-#include "contour/number_text.h"
 #include "contour/sound.h"
 #include "geometry/kurve.h"
 
@@ -45,7 +45,7 @@ Result<Contour> OffsetOf(const Contour& contour, double distance, OffsetMethod m
   if (!offset) return offset.fault();
   if (offset->code == kGood) return Sound(contour.number, offset->curve);
   return Fault{Named(contour) + (offset->code == kInsideOut ? " turns inside out" : " collapses") + " at " +
-               Number(std::fabs(distance), 6) + " mm to the " + (distance < 0 ? "right" : "left")};
+               NumberText(std::fabs(distance)) + " mm to the " + (distance < 0 ? "right" : "left")};
 }
 
 }  // namespace vanzet::contour

@@ -1,9 +1,9 @@
 #include <cmath>
 
+#include "base/number_text.h"
 #include "contour/builder.h"
 #include "contour/constructions.h"
 #include "contour/library.h"
-#include "contour/number_text.h"
 #include "contour/sound.h"
 #include "geometry/biarc.h"
 
@@ -34,7 +34,7 @@ std::string WhyNot(int code, double radius) {
   switch (code) {
     case geometry::BLEND_UNPREPARED: return "the neighbours of the arc make no corner";
     case geometry::BLEND_TOO_SHORT: return "the new arc would be shorter than 0.005 mm";
-    default: return "no arc of radius " + Number(radius, 6) + " mm fits between its neighbours";
+    default: return "no arc of radius " + NumberText(radius) + " mm fits between its neighbours";
   }
 }
 

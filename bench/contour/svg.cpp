@@ -1,9 +1,9 @@
 #include <cmath>
 
+#include "base/number_text.h"
 #include "contour/drawing.h"
 #include "contour/labels.h"
 #include "contour/legend.h"
-#include "contour/number_text.h"
 #include "contour/sweep.h"
 #include "contour/view.h"
 
@@ -23,7 +23,7 @@ constexpr std::size_t kMostDots = 400;
 constexpr int kDigits = 10;
 
 std::string Text(double number) {
-  return Number(number, kDigits);
+  return NumberText(number, kDigits);
 }
 
 std::string Text(const Point& point) {
@@ -174,8 +174,8 @@ void SvgWriter::WriteNumbers() {
   for (const Drawing::Layer& layer : drawing_.layers) {
     if (layer.role != Role::kMain) continue;
     for (const Label& label : VertexNumbers(*layer.contours, view_)) {
-      svg_ += "<text x=\"" + Fixed(label.middle.x, 2) + "\" y=\"" +
-              Fixed(label.middle.y + 0.36 * kLabelHeight, 2) + "\">" + label.text + "</text>\n";
+      svg_ += "<text x=\"" + DecimalText(label.middle.x, 2) + "\" y=\"" +
+              DecimalText(label.middle.y + 0.36 * kLabelHeight, 2) + "\">" + label.text + "</text>\n";
     }
   }
   svg_ += "</g>\n";

@@ -3,8 +3,9 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "base/quote.h"
+#include "base/text_line_reader.h"
 #include "contour/builder.h"
-#include "contour/lines.h"
 #include "contour/text_form.h"
 
 namespace vanzet::contour {
@@ -71,7 +72,7 @@ class TextReader {
   Result<std::vector<double>> TakeNumbers(Cursor& cursor, std::string_view letters) const;
   Result<void> Placed(const Result<void>& built) const;
 
-  LineReader lines_;
+  TextLineReader lines_;
   Contours contours_;
   Builder builder_;
   std::optional<int> number_;  ///< of the contour that is being read

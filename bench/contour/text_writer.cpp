@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "contour/number_text.h"
+#include "base/number_text.h"
 #include "contour/text_form.h"
 
 namespace vanzet::contour {
@@ -8,12 +8,12 @@ namespace {
 
 using geometry::KurveEx;
 
-constexpr int kHeadDigits = 6;
+constexpr int kDigits = 14, kHeadDigits = 6;
 
 /// What turning leaves of a zero is written as one.
 std::string Coordinate(double value) {
   constexpr double kNothing = 1e-12;
-  return Number(std::fabs(value) < kNothing ? 0 : value, kTextDigits);
+  return NumberText(std::fabs(value) < kNothing ? 0 : value, kDigits);
 }
 
 std::string PointText(const geometry::Point& point) {
@@ -30,9 +30,9 @@ std::string HeadText(const Contour& contour) {
   std::string text = "k" + std::to_string(contour.number) + " e\n";
   text += "rem Number of Spans = " + std::to_string(curve.SpanCount()) +
           (curve.Closed() ? " (Closed)\n" : " (Open)\n");
-  text += "rem Perim = " + Number(curve.perim, kHeadDigits) + " mm\n";
+  text += "rem Perim = " + NumberText(curve.perim, kHeadDigits) + " mm\n";
   if (!curve.Closed()) return text;
-  return text + "rem Area = " + Number(curve.area, kHeadDigits) + " sq.mm " +
+  return text + "rem Area = " + NumberText(curve.area, kHeadDigits) + " sq.mm " +
          (curve.Direction() == geometry::CW ? "(Clockwise)\n" : "(AntiClockwise)\n");
 }
 

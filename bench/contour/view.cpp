@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "contour/number_text.h"
+#include "base/number_text.h"
 
 namespace vanzet::contour {
 namespace {
@@ -42,9 +42,9 @@ Point View::ToScreen(const Point& point) const {
 
 std::string View::Transform() const {
   const Point origin = ToScreen({0, 0});
-  const std::string scale = Number(scale_, kDigits);
-  return "matrix(" + scale + " 0 0 -" + scale + " " + Number(origin.x, kDigits) + " " +
-         Number(origin.y, kDigits) + ")";
+  const std::string scale = NumberText(scale_, kDigits);
+  return "matrix(" + scale + " 0 0 -" + scale + " " + NumberText(origin.x, kDigits) + " " +
+         NumberText(origin.y, kDigits) + ")";
 }
 
 Point View::low() const {

@@ -2,8 +2,9 @@
 #include <cmath>
 
 #include "base/numbers.h"
+#include "base/quote.h"
+#include "base/text_line_reader.h"
 #include "contour/contour.h"
-#include "contour/lines.h"
 #include "drawing/drawing_text.h"
 
 namespace vanzet::drawing {
@@ -33,7 +34,7 @@ class Words {
     const double largest = contour::kLargestCoordinate;
     if (!number || !(std::fabs(*number) <= largest)) {
       return Fault{"expected " + (mark.empty() ? "a number" : "'" + std::string(mark) + "' and a number") +
-                   " within 1e+07, found " + contour::Quoted(word)};
+                   " within 1e+07, found " + Quoted(word)};
     }
     return *number;
   }
@@ -49,24 +50,24 @@ class Words {
   Result<std::int32_t> Integer() {
     const std::string_view word = Word();
     if (const auto number = WholeInteger(word)) return *number;
-    return Fault{"expected an integer, found " + contour::Quoted(word)};
+    return Fault{"expected an integer, found " + Quoted(word)};
   }
 
   Result<Window> WindowName() {
     const std::string_view word = Word();
     if (word == "display") return Window::kDisplay;
     if (word == "construction") return Window::kConstruction;
-    return Fault{"expected 'display' or 'construction', found " + contour::Quoted(word)};
+    return Fault{"expected 'display' or 'construction', found " + Quoted(word)};
   }
 
   Result<Pen> ReadPen() {
     const std::string_view colour = Word(), style = Word();
     const Pen pen{FindColour(colour), FindLineStyle(style)};
     if (pen.colour == nullptr) {
-      return Fault{"expected " + ColourNames() + ", found " + contour::Quoted(colour)};
+      return Fault{"expected " + ColourNames() + ", found " + Quoted(colour)};
     }
     if (pen.style == nullptr) {
-      return Fault{"expected " + LineStyleNames() + ", found " + contour::Quoted(style)};
+      return Fault{"expected " + LineStyleNames() + ", found " + Quoted(style)};
     }
     return pen;
   }
@@ -80,7 +81,7 @@ class Words {
 
   Result<void> End() const {
     if (rest_.empty()) return {};
-    return Fault{"expected the end of the line, found " + contour::Quoted(rest_)};
+    return Fault{"expected the end of the line, found " + Quoted(rest_)};
   }
 
  private:
@@ -135,7 +136,7 @@ class Reader {
     while (!part->word.empty() && part->word != word) ++part;
     if (part->word.empty()) {
       return lines_.At("expected a layer, figure, stroke, insert, contour, line or 'end', found " +
-                       contour::Quoted(line_));
+                       Quoted(line_));
     }
     const auto taken = (this->*part->take)(words);
     ++parts_;
@@ -149,7 +150,7 @@ class Reader {
     const auto name = words.Name("a layer");
     if (!name) return name.fault();
     if (drawing_.layers.emplace(*name, *pen).second) return {};
-    return Fault{"there are two layers " + contour::Quoted(*name)};
+    return Fault{"there are two layers " + Quoted(*name)};
   }
 
   Result<void> TakeFigure(Words& words) {
@@ -158,7 +159,7 @@ class Reader {
     const auto [place, isNew] = drawing_.figures.try_emplace(*name);
     figure_ = &place->second;
     if (isNew) return {};
-    return Fault{"there are two figures " + contour::Quoted(*name)};
+    return Fault{"there are two figures " + Quoted(*name)};
   }
 
   Result<void> TakeStroke(Words& words) {
@@ -214,8 +215,7 @@ class Reader {
     const auto layer = Layer(words);
     if (!layer) return layer.fault();
     if (drawing_.lines.emplace(LineKey{*layer, *number}, DrawnLine{line, *pen}).second) return {};
-    return Fault{"there are two lines " + std::to_string(*number) + " in the layer " +
-                 contour::Quoted(*layer)};
+    return Fault{"there are two lines " + std::to_string(*number) + " in the layer " + Quoted(*layer)};
   }
 
   Result<void> TakeEnd(Words& words) {
@@ -231,7 +231,7 @@ class Reader {
   Result<std::string> Layer(Words& words) const {
     auto layer = words.Name("a layer");
     if (layer && !drawing_.layers.contains(*layer)) {
-      return Fault{"there is no layer " + contour::Quoted(*layer)};
+      return Fault{"there is no layer " + Quoted(*layer)};
     }
     return layer;
   }
@@ -284,7 +284,7 @@ class Reader {
     return Fault{"the vertex is where the one before it is"};
   }
 
-  contour::LineReader lines_;
+  TextLineReader lines_;
   std::string line_;
   Drawing drawing_;
   Figure* figure_ = nullptr;  ///< that strokes and inserts belong to
@@ -316,7 +316,7 @@ Result<void> CheckName(std::string_view name, std::string_view what) {
   const bool fits = !name.empty() && name.size() <= kLongestName && name.front() != ' ' &&
                     name.back() != ' ' && std::ranges::none_of(name, isControl);
   if (fits) return {};
-  return Fault{std::string(what) + " cannot be called " + contour::Quoted(name) +
+  return Fault{std::string(what) + " cannot be called " + Quoted(name) +
                ": a name has 1 to 255 bytes, no control character, and no blank at its ends"};
 }
 

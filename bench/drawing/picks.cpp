@@ -5,8 +5,9 @@
 
 #include "base/numbers.h"
 #include "base/path_map.h"
+#include "base/quote.h"
+#include "base/text_line_reader.h"
 #include "contour/contour.h"
-#include "contour/lines.h"
 
 namespace vanzet::drawing {
 namespace {
@@ -64,17 +65,16 @@ Result<Pick> ReadPick(std::string_view text) {
     Pick pick{row.kind};
     if (row.kind == Pick::Kind::kPosition) {
       if (ReadPosition(rest, pick.position)) return pick;
-      return Fault{"expected 'position X Y' with numbers within 1e+07, found " + contour::Quoted(text)};
+      return Fault{"expected 'position X Y' with numbers within 1e+07, found " + Quoted(text)};
     }
     if (rest.empty() == (row.kind == Pick::Kind::kCancel)) {
       pick.name = rest;
       return pick;
     }
     return Fault{rest.empty() ? "expected a name behind '" + std::string(word) + "'"
-                              : "expected nothing behind 'cancel', found " + contour::Quoted(rest)};
+                              : "expected nothing behind 'cancel', found " + Quoted(rest)};
   }
-  return Fault{"expected 'position X Y', 'figure NAME', 'object NAME' or 'cancel', found " +
-               contour::Quoted(text)};
+  return Fault{"expected 'position X Y', 'figure NAME', 'object NAME' or 'cancel', found " + Quoted(text)};
 }
 
 }  // namespace
@@ -82,7 +82,7 @@ Result<Pick> ReadPick(std::string_view text) {
 Result<Picks> Picks::Read(std::istream& text, const std::string& name) {
   Picks picks;
   picks.name_ = name;
-  contour::LineReader lines(text, name);
+  TextLineReader lines(text, name);
   for (std::string line;;) {
     const auto next = lines.Next(line);
     if (!next) return next.fault();

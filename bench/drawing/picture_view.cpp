@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "contour/number_text.h"
+#include "base/number_text.h"
 
 namespace vanzet::drawing {
 namespace {
@@ -69,7 +69,7 @@ std::string PictureView::Transform() const {
 }
 
 std::string PictureView::Pixels(double pixels) const {
-  return contour::Number(pixels / scale_, kLengthDigits);
+  return vanzet::NumberText(pixels / scale_, kLengthDigits);
 }
 
 std::optional<PictureView::Segment> PictureView::SeenOf(const geometry::CLine& line) const {
@@ -92,7 +92,7 @@ std::optional<PictureView::Segment> PictureView::SeenOf(const geometry::CLine& l
 }
 
 std::string NumberText(double number) {
-  return contour::Number(number, kDigits);
+  return vanzet::NumberText(number, kDigits);
 }
 
 }  // namespace vanzet::drawing

@@ -2,11 +2,11 @@
 
 #include <fstream>
 
+#include "base/number_text.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
 #include "modeller/kernel.h"
 #include "modeller/mesh_files.h"
-#include "modeller/number_text.h"
 #include "modeller/parcel.h"
 #include "vdm/file_replacement.h"
 

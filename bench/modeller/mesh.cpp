@@ -16,10 +16,10 @@
 #include <TopoDS_Vertex.hxx>
 #include <utility>
 
+#include "base/number_text.h"
 #include "geometry/numerics.h"
 #include "modeller/facets.h"
 #include "modeller/kernel.h"
-#include "modeller/number_text.h"
 
 namespace vanzet::modeller {
 namespace {

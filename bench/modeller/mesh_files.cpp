@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "modeller/number_text.h"
+#include "base/number_text.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -16,11 +16,12 @@ bool IsNameCharacter(char c) {
 }
 
 void AppendPoint(std::string& text, const geometry::Point3d& p) {
-  AppendDecimals(text, p.x);
+  constexpr int kDecimals = 6;
+  text += ShortDecimalText(p.x, kDecimals);
   text += ' ';
-  AppendDecimals(text, p.y);
+  text += ShortDecimalText(p.y, kDecimals);
   text += ' ';
-  AppendDecimals(text, p.z);
+  text += ShortDecimalText(p.z, kDecimals);
 }
 
 std::string ColourText(const Colour& colour) {

@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
+#include "base/number_text.h"
 #include "geometry/intersect.h"
 #include "geometry/kurveex.h"
-#include "modeller/number_text.h"
 
 namespace vanzet::modeller {
 namespace {

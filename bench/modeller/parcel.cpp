@@ -7,9 +7,9 @@
 #include <istream>
 #include <ostream>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/one_line.h"
-#include "modeller/number_text.h"
 
 namespace vanzet::modeller {
 namespace {

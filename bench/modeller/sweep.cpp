@@ -21,9 +21,9 @@
 #include <string>
 #include <vector>
 
+#include "base/number_text.h"
 #include "modeller/kernel.h"
 #include "modeller/measures.h"
-#include "modeller/number_text.h"
 #include "modeller/outline.h"
 
 namespace vanzet::modeller {

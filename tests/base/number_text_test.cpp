@@ -30,6 +30,20 @@ TEST(NumberText, LeavesOutZerosAtTheEnd) {
   EXPECT_EQ(GeneralText(0.1, 17), "0.10000000000000001");
 }
 
+TEST(NumberText, HasNoSignBeforeAZeroForPeople) {
+  EXPECT_EQ(NumberText(-0.0), "0");
+  EXPECT_EQ(NumberText(-1e-9), "-1e-09");
+  EXPECT_EQ(DecimalText(-0.0004, 3), "0.000");
+  EXPECT_EQ(DecimalText(-0.0006, 3), "-0.001");
+}
+
+TEST(NumberText, LeavesOutZerosAfterThePointWhereItIsShort) {
+  EXPECT_EQ(ShortDecimalText(12.5, 6), "12.5");
+  EXPECT_EQ(ShortDecimalText(100, 6), "100");
+  EXPECT_EQ(ShortDecimalText(-0.0000001, 6), "0");
+  EXPECT_EQ(ShortDecimalText(-0.000001, 6), "-0.000001");
+}
+
 TEST(NumberText, ReadsBackAsTheSameNumber) {
   for (const double value : {0.1, 1.0 / 3, -std::nextafter(1.0, 2.0), 5e-324, 1.7976931348623157e308}) {
     EXPECT_EQ(WholeReal(ExactText(value)), value) << value;

@@ -66,7 +66,8 @@ TEST_F(ContourUsage, BadFilesAreOneLineWithTheirPlace) {
   EXPECT_EQ(Fault("info ."), "vanzet: .: is a folder\n");
   EXPECT_EQ(Fault("info", "hello\n"),
             "vanzet: standard input:1:1: expected the start of a contour like 'k1 e', found 'hello'\n");
-  EXPECT_EQ(Fault("info /dev/zero"), "vanzet: /dev/zero:1: is no text: the line has a control character\n");
+  EXPECT_EQ(Fault("info /dev/zero"),
+            "vanzet: /dev/zero:1: not a text file: the line has a control character\n");
 }
 
 TEST_F(ContourUsage, ResultsThatAreTooLargeAreRefused) {

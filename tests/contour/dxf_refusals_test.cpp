@@ -18,7 +18,8 @@ TEST_F(DxfRefusalsTest, WhatIsNoDrawing) {
   EXPECT_EQ(Refused(""), "d.dxf: the drawing is cut short: there is no group '0 EOF'");
   EXPECT_EQ(Refused("hello\nworld\n"), "d.dxf:1: expected a group code, found 'hello'");
   EXPECT_EQ(Refused("0\nLINE\n"), "d.dxf:2: is no drawing in DXF: it does not begin with a section");
-  EXPECT_EQ(Refused("AutoCAD Binary DXF\r\n\x1a\n"), "d.dxf:2: is no text: the line has a control character");
+  EXPECT_EQ(Refused("AutoCAD Binary DXF\r\n\x1a\n"),
+            "d.dxf:2: not a text file: the line has a control character");
   EXPECT_EQ(Refused("0\nSECTION\n2\nENTITIES\n0\n"),
             "d.dxf:5: the drawing is cut short: there is no group '0 EOF'");
 }

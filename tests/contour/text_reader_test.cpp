@@ -93,8 +93,9 @@ TEST_F(TextReaderTest, RefusesWithThePlace) {
 }
 
 TEST_F(TextReaderTest, RefusesWhatIsNoText) {
-  EXPECT_EQ(FaultOf(std::string("k1 e\0x1", 7)), "c.txt:1: is no text: the line has a control character");
-  EXPECT_EQ(FaultOf("k1 e\n\x1b[2J\n"), "c.txt:2: is no text: the line has a control character");
+  EXPECT_EQ(FaultOf(std::string("k1 e\0x1", 7)),
+            "c.txt:1: not a text file: the line has a control character");
+  EXPECT_EQ(FaultOf("k1 e\n\x1b[2J\n"), "c.txt:2: not a text file: the line has a control character");
   EXPECT_EQ(FaultOf("k1 e\nrem" + std::string(5000, '-')), "c.txt:2: the line is longer than 4096 bytes");
 }
 

@@ -34,8 +34,9 @@ TEST_F(TextWriterTest, ThePageOfTheFormShowsWhatIsReadAndWritten) {
 }
 
 TEST_F(TextWriterTest, WhatWasWrittenReadsBackTheSame) {
-  const std::string text =
-      TextForm(Read(std::string(kRoundedSquare) + "k2 e x0.1 y1e-7\nx0.1 y1e-7\ntx5.1 y0 x2.6 y0\nek\n"));
+  std::string contours = kRoundedSquare;
+  contours += "k2 e x0.1 y1e-7\nx0.1 y1e-7\ntx5.1 y0 x2.6 y0\nek\n";
+  const std::string text = TextForm(Read(contours));
   EXPECT_EQ(TextForm(Read(text)), text);
 }
 

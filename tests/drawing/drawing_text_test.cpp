@@ -37,7 +37,9 @@ TEST(DrawingText, IsReadBackToTheLastBit) {
 }
 
 TEST(DrawingText, OfAnEmptyDrawingHasTheFirstLayer) {
-  EXPECT_EQ(DrawingText(Drawing()), std::string(kHead) + "end 1\n");
+  std::string empty(kHead);
+  empty += "end 1\n";
+  EXPECT_EQ(DrawingText(Drawing()), empty);
   EXPECT_TRUE(ReadText(DrawingText(Drawing())));
 }
 
@@ -95,7 +97,7 @@ TEST(DrawingText, ThatIsWrongIsToldWithItsLine) {
            {head + "line 1 0 0 2 0 black solid 0\n", "d.txt:3: the direction's length is not 1"},
            {head + "line 1 0 0 1 0 black solid 0\nline 1 0 0 1 0 black solid 0\n",
             "d.txt:4: there are two lines 1 in the layer '0'"},
-           {head + "layer black solid \x01\n", "d.txt:3: is no text: the line has a control character"},
+           {head + "layer black solid \x01\n", "d.txt:3: not a text file: the line has a control character"},
        }) {
     EXPECT_EQ(ToldOf(text), told) << text;
   }

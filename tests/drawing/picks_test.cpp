@@ -49,7 +49,7 @@ TEST(Picks, ThatAreWrongAreToldWithTheirLine) {
             "2e9'"},
            {"figure\n", "p.txt:1: expected a name behind 'figure'"},
            {"cancel now\n", "p.txt:1: expected nothing behind 'cancel', found 'now'"},
-           {"figure a\x01\n", "p.txt:1: is no text: the line has a control character"},
+           {"figure a\x01\n", "p.txt:1: not a text file: the line has a control character"},
        }) {
     const auto picks = Read(text);
     ASSERT_FALSE(picks) << text;

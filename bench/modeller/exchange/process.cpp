@@ -8,8 +8,8 @@
 #include <csignal>
 #include <cstdio>
 
+#include "base/number_text.h"
 #include "base/one_line.h"
-#include "modeller/number_text.h"
 
 namespace vanzet::modeller {
 namespace {

@@ -18,8 +18,8 @@
 #include <string>
 
 #include "base/letter_case.h"
+#include "base/number_text.h"
 #include "modeller/exchange/process.h"
-#include "modeller/number_text.h"
 #include "modeller/outline.h"
 
 namespace vanzet::modeller {

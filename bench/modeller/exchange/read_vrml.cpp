@@ -6,8 +6,8 @@
 #include <VrmlData_Scene.hxx>
 #include <VrmlData_ShapeNode.hxx>
 
+#include "base/number_text.h"
 #include "modeller/facets.h"
-#include "modeller/number_text.h"
 #include "modeller/outline.h"
 
 namespace vanzet::modeller {
