@@ -27,12 +27,11 @@ vdm::Record RecordOf(const RawMatrix& matrix) {
 Result<RawMatrix> MatrixFrom(const vdm::Vdm& content, std::int32_t number) {
   const Fault noMatrix{"VDM " + std::to_string(number) + " holds no matrix"};
   if (content.Size() != 1) return noMatrix;
-  const auto record = content.Read(0);
-  if (!record) return record.fault();
+  VANZET_TRY(const auto record, content.Read(0));
   RawMatrix matrix;
-  if ((*record)->Size() != 1 + matrix.size() || (**record)[0] != kMatrixMark) return noMatrix;
+  if (record->Size() != 1 + matrix.size() || (*record)[0] != kMatrixMark) return noMatrix;
   for (std::size_t i = 0; i < matrix.size(); ++i) {
-    const auto element = WholeReal((**record)[1 + i]);
+    const auto element = WholeReal((*record)[1 + i]);
     if (!element) return noMatrix;
     matrix[i] = *element;
   }
@@ -79,24 +78,20 @@ std::optional<std::int32_t> RawStores::OpenContour(const geometry::Kurve* contou
 }
 
 Result<std::int32_t> RawStores::MakeMatrix(std::int32_t number) {
-  const auto exists = store_.Exists(number);
-  if (!exists) return exists.fault();
-  if (*exists) {
+  VANZET_TRY(const auto exists, store_.Exists(number));
+  if (exists) {
     // What is there may only be a matrix.
-    const auto content = store_.Snapshot(number);
-    if (!content) return content.fault();
-    if (const auto former = MatrixFrom(*content, number); !former) return former.fault();
+    VANZET_TRY(const auto content, store_.Snapshot(number));
+    VANZET_DO(MatrixFrom(content, number));
   }
-  if (const auto kept = Keep(number, Identity()); !kept) return kept.fault();
+  VANZET_DO(Keep(number, Identity()));
   return Enter(OpenedMatrix{number, Identity()});
 }
 
 Result<std::int32_t> RawStores::OpenMatrix(std::int32_t number) {
-  const auto content = store_.Snapshot(number);
-  if (!content) return content.fault();
-  const auto matrix = MatrixFrom(*content, number);
-  if (!matrix) return matrix.fault();
-  return Enter(OpenedMatrix{number, *matrix});
+  VANZET_TRY(const auto content, store_.Snapshot(number));
+  VANZET_TRY(const auto matrix, MatrixFrom(content, number));
+  return Enter(OpenedMatrix{number, matrix});
 }
 
 Result<void> RawStores::Keep(std::int32_t number, const RawMatrix& matrix) {
@@ -112,17 +107,15 @@ bool RawStores::IsAtEnd(std::int32_t handle) const {
 }
 
 Result<RawVertex> RawStores::NextVertex(std::int32_t handle) {
-  const auto bytes = Read(handle, sizeof(RawVertex));
-  if (!bytes) return bytes.fault();
+  VANZET_TRY(const auto bytes, Read(handle, sizeof(RawVertex)));
   RawVertex vertex;
-  std::memcpy(&vertex, bytes->data(), sizeof vertex);
+  std::memcpy(&vertex, bytes.data(), sizeof vertex);
   return vertex;
 }
 
 Result<std::vector<char>> RawStores::Read(std::int32_t handle, std::int32_t bytes) {
-  const auto reading = Find<Reading>(handle);
-  if (!reading) return reading.fault();
-  Reading& from = **reading;
+  VANZET_TRY(const auto reading, Find<Reading>(handle));
+  Reading& from = *reading;
   if (bytes < 0 || static_cast<std::size_t>(bytes) > from.bytes.size() - from.at) {
     return Fault{"a reading of " + std::to_string(bytes) + " bytes goes beyond the last vertex"};
   }
@@ -136,19 +129,17 @@ Result<RawMatrix> RawStores::ReadMatrix(std::int32_t handle) {
     (*reading)->at = 0;
     return Identity();
   }
-  const auto matrix = Find<OpenedMatrix>(handle);
-  if (!matrix) return matrix.fault();
-  return (*matrix)->matrix;
+  VANZET_TRY(const auto matrix, Find<OpenedMatrix>(handle));
+  return matrix->matrix;
 }
 
 Result<void> RawStores::WriteMatrix(std::int32_t handle, const RawMatrix& matrix) {
-  const auto opened = Find<OpenedMatrix>(handle);
-  if (!opened) return opened.fault();
+  VANZET_TRY(const auto opened, Find<OpenedMatrix>(handle));
   for (const double element : matrix) {
     if (!std::isfinite(element)) return Fault{"a matrix holds what is no number"};
   }
-  if (const auto kept = Keep((*opened)->number, matrix); !kept) return kept.fault();
-  (*opened)->matrix = matrix;
+  VANZET_DO(Keep(opened->number, matrix));
+  opened->matrix = matrix;
   return {};
 }
 

@@ -44,32 +44,28 @@ Result<Drawing> Board::ReadFile() const {
 
 Result<void> Board::Load() {
   if (isLoaded_) return {};
-  auto read = ReadFile();
-  if (!read) return read.fault();
-  drawing_ = std::move(*read);
+  VANZET_TRY(auto read, ReadFile());
+  drawing_ = std::move(read);
   isLoaded_ = true;
   return {};
 }
 
 Result<void> Board::Save() {
   if (folder_.empty() || isHeld || changes_.None()) return {};
-  const auto lock = vdm::FolderLock::Take(folder_);
-  if (!lock) return lock.fault();
-  auto kept = ReadFile();
-  if (!kept) return kept.fault();
-  Merge(drawing_, changes_, *kept);
-  auto replacement = vdm::FileReplacement::Begin(File());
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write(DrawingText(*kept)); !done) return done;
-  if (const auto done = replacement->Commit(); !done) return done;
-  drawing_ = std::move(*kept);
+  VANZET_TRY(const auto lock, vdm::FolderLock::Take(folder_));
+  VANZET_TRY(auto kept, ReadFile());
+  Merge(drawing_, changes_, kept);
+  VANZET_TRY(auto replacement, vdm::FileReplacement::Begin(File()));
+  VANZET_DO(replacement.Write(DrawingText(kept)));
+  VANZET_DO(replacement.Commit());
+  drawing_ = std::move(kept);
   drawing_.layers.try_emplace(layer_);
   changes_ = Changes();
   return {};
 }
 
 Result<void> Board::SelectLayer(const std::string& name) {
-  if (const auto fits = CheckName(name, "a layer"); !fits) return fits;
+  VANZET_DO(CheckName(name, "a layer"));
   if (drawing_.layers.try_emplace(name).second) changes_.layers.insert(name);
   layer_ = name;
   layerNumbers_.NumberOf(name);
@@ -82,7 +78,7 @@ const Pen& Board::pen() const {
 
 Result<void> Board::BeginLayer(const std::string& name, const Pen& pen) {
   const std::string former = layer_;
-  if (const auto selected = SelectLayer(name); !selected) return selected;
+  VANZET_DO(SelectLayer(name));
   formerLayer_ = former;
   drawing_.layers[layer_] = pen;
   changes_.layers.insert(layer_);
@@ -120,7 +116,7 @@ const geometry::CLine* Board::FindLine(int number) const {
 }
 
 Result<void> Board::PutLine(int number, const geometry::CLine& line) {
-  if (const auto near = CheckReach(line.p); !near) return near;
+  VANZET_DO(CheckReach(line.p));
   if (window == Window::kConstruction) {
     workpieces.lines.insert_or_assign(number, line);
     return {};
@@ -150,21 +146,21 @@ const geometry::Kurve* Board::FindContour(int number) const {
 }
 
 Result<void> Board::CheckRoom(const geometry::Kurve& curve) const {
-  if (const auto sound = CheckCurve(curve); !sound) return sound;
+  VANZET_DO(CheckCurve(curve));
   if (VerticesOf(drawing_) + static_cast<std::size_t>(curve.nVertices) <= contour::kMostVertices) return {};
   return Fault{"the drawing is full: it has no room for more than " + std::to_string(contour::kMostVertices) +
                " vertices"};
 }
 
 Result<void> Board::PutContour(int number, geometry::Kurve curve) {
-  if (const auto room = CheckRoom(curve); !room) return room;
+  VANZET_DO(CheckRoom(curve));
   drawing_.contours.insert_or_assign(number, Contour{{std::move(curve), layer_, pen()}, window});
   changes_.contours.insert(number);
   return {};
 }
 
 Result<void> Board::ReplaceContour(int number, geometry::Kurve curve) {
-  if (const auto sound = CheckCurve(curve); !sound) return sound;
+  VANZET_DO(CheckCurve(curve));
   drawing_.contours.at(number).stroke.curve = std::move(curve);
   changes_.contours.insert(number);
   return {};
@@ -177,14 +173,14 @@ void Board::DeleteContours(int first, int last) {
 }
 
 Result<void> Board::CreateFigure(const std::string& name) {
-  if (const auto fits = CheckName(name, "a figure"); !fits) return fits;
+  VANZET_DO(CheckName(name, "a figure"));
   if (!drawing_.figures.try_emplace(name).second) return Fault{"there is a figure " + name + " already"};
   changes_.figures.insert(name);
   return {};
 }
 
 Result<void> Board::Append(const std::string& figure, Stroke stroke) {
-  if (const auto room = CheckRoom(stroke.curve); !room) return room;
+  VANZET_DO(CheckRoom(stroke.curve));
   drawing_.figures.at(figure).strokes.push_back(std::move(stroke));
   changes_.figures.insert(figure);
   return {};
@@ -199,7 +195,7 @@ Result<void> Board::Append(const std::string& figure, geometry::Kurve curve) {
 }
 
 Result<void> Board::Insert(const std::string& figure, const Placement& placement) {
-  if (const auto near = CheckReach({placement.x, placement.y}); !near) return near;
+  VANZET_DO(CheckReach({placement.x, placement.y}));
   drawing_.figures.at(figure).insertions.push_back({window, placement});
   changes_.figures.insert(figure);
   return {};

@@ -89,20 +89,19 @@ Result<void> CheckCurve(const geometry::Kurve& curve) {
   for (int i = 0; i < curve.nVertices; ++i) {
     geometry::spVertex vertex;
     curve.Get(i, vertex);
-    if (const auto near = CheckReach(vertex.p); !near) return near;
+    VANZET_DO(CheckReach(vertex.p));
     if (vertex.type == geometry::LINEAR) continue;
-    if (const auto near = CheckReach(vertex.pc); !near) return near;
+    VANZET_DO(CheckReach(vertex.pc));
   }
-  const auto sound = contour::Guarded([&] {
-    geometry::Span span;
-    for (int i = 1; i <= curve.SpanCount(); ++i) {
-      curve.Get(i, span, true);
-      if (span.NullSpan) return false;
-    }
-    return true;
-  });
-  if (!sound) return sound.fault();
-  return *sound ? Result<void>() : Fault{"the contour has a span without length"};
+  VANZET_TRY(const auto sound, contour::Guarded([&] {
+               geometry::Span span;
+               for (int i = 1; i <= curve.SpanCount(); ++i) {
+                 curve.Get(i, span, true);
+                 if (span.NullSpan) return false;
+               }
+               return true;
+             }));
+  return sound ? Result<void>() : Fault{"the contour has a span without length"};
 }
 
 }  // namespace vanzet::drawing

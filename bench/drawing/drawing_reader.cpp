@@ -40,11 +40,9 @@ class Words {
   }
 
   Result<Point> Place() {
-    const auto x = Number("x");
-    if (!x) return x.fault();
-    const auto y = Number("y");
-    if (!y) return y.fault();
-    return Point(*x, *y);
+    VANZET_TRY(const auto x, Number("x"));
+    VANZET_TRY(const auto y, Number("y"));
+    return Point(x, y);
   }
 
   Result<std::int32_t> Integer() {
@@ -75,7 +73,7 @@ class Words {
   /// All that is left, as a name.
   Result<std::string> Name(std::string_view what) {
     std::string name(std::exchange(rest_, {}));
-    if (const auto fits = CheckName(name, what); !fits) return fits.fault();
+    VANZET_DO(CheckName(name, what));
     return name;
   }
 
@@ -94,12 +92,11 @@ class Reader {
   Reader(std::istream& text, const std::string& name) : lines_(text, name) {}
 
   Result<Drawing> Read() {
-    if (const auto begun = Begin(); !begun) return begun.fault();
+    VANZET_DO(Begin());
     while (!isEnded_) {
-      const auto next = Next();
-      if (!next) return next.fault();
-      if (!*next) return lines_.At("is cut short: 'end' is expected");
-      if (const auto taken = TakePart(); !taken) return taken.fault();
+      VANZET_TRY(const auto next, Next());
+      if (!next) return lines_.At("is cut short: 'end' is expected");
+      VANZET_DO(TakePart());
     }
     if (const auto next = Next(); !next || *next) {
       return next ? lines_.At("text stands behind the end") : next.fault();
@@ -117,10 +114,9 @@ class Reader {
 
   Result<void> Begin() {
     drawing_.layers.clear();
-    const auto next = Next();
-    if (!next) return next.fault();
-    if (*next && line_ == "drawing 1") return {};
-    if (*next && line_.starts_with("drawing ")) {
+    VANZET_TRY(const auto next, Next());
+    if (next && line_ == "drawing 1") return {};
+    if (next && line_.starts_with("drawing ")) {
       return lines_.At("belongs to another version: 'drawing 1' is expected");
     }
     return lines_.At("is no drawing: 'drawing 1' is expected");
@@ -145,84 +141,70 @@ class Reader {
   }
 
   Result<void> TakeLayer(Words& words) {
-    const auto pen = words.ReadPen();
-    if (!pen) return pen.fault();
-    const auto name = words.Name("a layer");
-    if (!name) return name.fault();
-    if (drawing_.layers.emplace(*name, *pen).second) return {};
-    return Fault{"there are two layers " + Quoted(*name)};
+    VANZET_TRY(const auto pen, words.ReadPen());
+    VANZET_TRY(const auto name, words.Name("a layer"));
+    if (drawing_.layers.emplace(name, pen).second) return {};
+    return Fault{"there are two layers " + Quoted(name)};
   }
 
   Result<void> TakeFigure(Words& words) {
-    const auto name = words.Name("a figure");
-    if (!name) return name.fault();
-    const auto [place, isNew] = drawing_.figures.try_emplace(*name);
+    VANZET_TRY(const auto name, words.Name("a figure"));
+    const auto [place, isNew] = drawing_.figures.try_emplace(name);
     figure_ = &place->second;
     if (isNew) return {};
-    return Fault{"there are two figures " + Quoted(*name)};
+    return Fault{"there are two figures " + Quoted(name)};
   }
 
   Result<void> TakeStroke(Words& words) {
     if (figure_ == nullptr) return Fault{"a stroke stands before the first figure"};
-    auto stroke = ReadStroke(words);
-    if (!stroke) return stroke.fault();
-    figure_->strokes.push_back(std::move(*stroke));
+    VANZET_TRY(auto stroke, ReadStroke(words));
+    figure_->strokes.push_back(std::move(stroke));
     return {};
   }
 
   Result<void> TakeInsertion(Words& words) {
     if (figure_ == nullptr) return Fault{"an insert stands before the first figure"};
-    const auto window = words.WindowName();
-    if (!window) return window.fault();
+    VANZET_TRY(const auto window, words.WindowName());
     Placement placement;
     for (double* number :
          {&placement.xx, &placement.xy, &placement.yx, &placement.yy, &placement.x, &placement.y}) {
-      const auto read = words.Number();
-      if (!read) return read.fault();
-      *number = *read;
+      VANZET_TRY(const auto read, words.Number());
+      *number = read;
     }
     if (!KeepsLengths(placement)) return Fault{"the placement does not keep lengths"};
-    figure_->insertions.push_back({*window, placement});
+    figure_->insertions.push_back({window, placement});
     return words.End();
   }
 
   Result<void> TakeContour(Words& words) {
-    const auto number = words.Integer();
-    if (!number) return number.fault();
-    const auto window = words.WindowName();
-    if (!window) return window.fault();
-    auto stroke = ReadStroke(words);
-    if (!stroke) return stroke.fault();
-    if (drawing_.contours.emplace(*number, Contour{std::move(*stroke), *window}).second) return {};
-    return Fault{"there are two contours " + std::to_string(*number)};
+    VANZET_TRY(const auto number, words.Integer());
+    VANZET_TRY(const auto window, words.WindowName());
+    VANZET_TRY(auto stroke, ReadStroke(words));
+    if (drawing_.contours.emplace(number, Contour{std::move(stroke), window}).second) return {};
+    return Fault{"there are two contours " + std::to_string(number)};
   }
 
   Result<void> TakeLine(Words& words) {
-    const auto number = words.Integer();
-    if (!number) return number.fault();
+    VANZET_TRY(const auto number, words.Integer());
     double place[4];
     for (double& coordinate : place) {
-      const auto read = words.Number();
-      if (!read) return read.fault();
-      coordinate = *read;
+      VANZET_TRY(const auto read, words.Number());
+      coordinate = read;
     }
     geometry::CLine line(Point(place[0], place[1]), place[2], place[3], false);
     line.ok = true;
     constexpr double kSameLength = 1e-9;
     if (std::fabs(line.v.Magnitude() - 1) > kSameLength) return Fault{"the direction's length is not 1"};
-    const auto pen = words.ReadPen();
-    if (!pen) return pen.fault();
-    const auto layer = Layer(words);
-    if (!layer) return layer.fault();
-    if (drawing_.lines.emplace(LineKey{*layer, *number}, DrawnLine{line, *pen}).second) return {};
-    return Fault{"there are two lines " + std::to_string(*number) + " in the layer " + Quoted(*layer)};
+    VANZET_TRY(const auto pen, words.ReadPen());
+    VANZET_TRY(const auto layer, Layer(words));
+    if (drawing_.lines.emplace(LineKey{layer, number}, DrawnLine{line, pen}).second) return {};
+    return Fault{"there are two lines " + std::to_string(number) + " in the layer " + Quoted(layer)};
   }
 
   Result<void> TakeEnd(Words& words) {
     isEnded_ = true;
-    const auto count = words.Integer();
-    if (!count) return count.fault();
-    if (*count != static_cast<std::int64_t>(parts_)) {
+    VANZET_TRY(const auto count, words.Integer());
+    if (count != static_cast<std::int64_t>(parts_)) {
       return Fault{"'end " + std::to_string(parts_) + "' is expected: so many parts were read"};
     }
     return words.End();
@@ -238,19 +220,16 @@ class Reader {
 
   /// The pen, the layer, and on the next lines the vertices.
   Result<Stroke> ReadStroke(Words& words) {
-    const auto pen = words.ReadPen();
-    if (!pen) return pen.fault();
-    const auto layer = Layer(words);
-    if (!layer) return layer.fault();
-    Stroke stroke{{}, *layer, *pen};
+    VANZET_TRY(const auto pen, words.ReadPen());
+    VANZET_TRY(const auto layer, Layer(words));
+    Stroke stroke{{}, layer, pen};
     for (;;) {
-      const auto next = Next();
-      if (!next) return next.fault();
-      if (!*next) return Fault{"is cut short: 'ek' is expected"};
+      VANZET_TRY(const auto next, Next());
+      if (!next) return Fault{"is cut short: 'ek' is expected"};
       if (line_ == "ek") break;
-      if (const auto taken = TakeVertex(stroke.curve); !taken) return taken.fault();
+      VANZET_DO(TakeVertex(stroke.curve));
     }
-    if (const auto sound = CheckCurve(stroke.curve); !sound) return sound.fault();
+    VANZET_DO(CheckCurve(stroke.curve));
     return stroke;
   }
 
@@ -264,15 +243,13 @@ class Reader {
     if (line.starts_with('t')) vertex.type = geometry::CW;
     if (vertex.type != geometry::LINEAR) line.remove_prefix(1);
     Words words(line);
-    const auto place = words.Place();
-    if (!place) return place.fault();
-    vertex.p = *place;
+    VANZET_TRY(const auto place, words.Place());
+    vertex.p = place;
     if (vertex.type != geometry::LINEAR) {
-      const auto centre = words.Place();
-      if (!centre) return centre.fault();
-      vertex.pc = *centre;
+      VANZET_TRY(const auto centre, words.Place());
+      vertex.pc = centre;
     }
-    if (const auto end = words.End(); !end) return end;
+    VANZET_DO(words.End());
     return Append(vertex, curve);
   }
 

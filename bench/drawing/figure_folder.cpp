@@ -34,10 +34,9 @@ Result<std::vector<geometry::Kurve>> FigureFolder::Read(const std::string& name)
   const auto file = std::ranges::find_if(files, [&](const auto& path) { return path.stem() == name; });
   if (file == files.end()) return Fault{"there is no figure '" + name + "'"};
   contour::UseMillimetres();
-  const auto content = contour::ReadContourFile(file->string(), {});
-  if (!content) return content.fault();
+  VANZET_TRY(const auto content, contour::ReadContourFile(file->string(), {}));
   std::vector<geometry::Kurve> curves;
-  for (const contour::Contour& contour : content->contours) {
+  for (const contour::Contour& contour : content.contours) {
     geometry::Kurve& curve = curves.emplace_back();
     for (const geometry::Span& span : contour.curve.spans) curve.Add(span, false);
   }

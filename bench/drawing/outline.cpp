@@ -71,13 +71,12 @@ class Walk {
   explicit Walk(const std::vector<Element>& elements) : elements_(elements) {}
 
   Result<Kurve> Go() {
-    auto corner = CornerOf(elements_[0], elements_[1]);
-    if (!corner) return corner.fault();
-    if (const auto near = CheckCorner(elements_[0], *corner); !near) return near.fault();
-    last_ = Plain(*corner);
+    VANZET_TRY(auto corner, CornerOf(elements_[0], elements_[1]));
+    VANZET_DO(CheckCorner(elements_[0], corner));
+    last_ = Plain(corner);
     curve_.Start(last_);
     for (std::size_t i = 1; i < elements_.size(); ++i) {
-      if (const auto gone = GoAlong(i); !gone) return gone.fault();
+      VANZET_DO(GoAlong(i));
     }
     if (curve_.SpanCount() == 0) return FaultAt(elements_.back(), "the contour has no length");
     return curve_;
@@ -102,31 +101,28 @@ class Walk {
     const Element& element = elements_[i];
     if (elements_[i - 1].kind == Kind::kPoint) Add(geometry::LINEAR, element.point, {0, 0});
     if (i + 1 == elements_.size() || elements_[i + 1].kind == Kind::kPoint) return {};
-    const auto begin = Projected(element, elements_[i + 1]);
-    if (!begin) return begin.fault();
-    if (geometry::Dist(*begin, last_) < geometry::TOLERANCE) return {};
+    VANZET_TRY(const auto begin, Projected(element, elements_[i + 1]));
+    if (geometry::Dist(begin, last_) < geometry::TOLERANCE) return {};
     return FaultAt(element,
                    element.name + " is not on " + elements_[i + 1].name + ", along which it goes on");
   }
 
   Result<void> GoAbout(const Element& circle, const Element& point) {
-    const auto end = Projected(point, circle);
-    if (!end) return end.fault();
-    if (geometry::Dist(last_, *end) < geometry::TOLERANCE) {
+    VANZET_TRY(const auto end, Projected(point, circle));
+    if (geometry::Dist(last_, end) < geometry::TOLERANCE) {
       return FaultAt(circle, "an arc from a point to itself is not told: the whole circle has two halves");
     }
-    Add(circle.direction, *end, circle.circle.pc);
+    Add(circle.direction, end, circle.circle.pc);
     return {};
   }
 
   Result<void> GoToCorner(std::size_t i) {
     const bool isCut = elements_[i + 1].kind == Kind::kChamfer;
     const std::size_t next = isCut ? i + 2 : i + 1;
-    const auto corner = CornerOf(elements_[i], elements_[next]);
-    if (!corner) return corner.fault();
-    if (const auto near = CheckCorner(elements_[next], *corner); !near) return near;
-    if (isCut) return Cut(*corner, elements_[i + 1].length, next);
-    Add(geometry::LINEAR, *corner, {0, 0});
+    VANZET_TRY(const auto corner, CornerOf(elements_[i], elements_[next]));
+    VANZET_DO(CheckCorner(elements_[next], corner));
+    if (isCut) return Cut(corner, elements_[i + 1].length, next);
+    Add(geometry::LINEAR, corner, {0, 0});
     return {};
   }
 
@@ -134,9 +130,8 @@ class Walk {
   Result<void> Cut(const Point& corner, double length, std::size_t next) {
     std::size_t behind = next + 1;
     if (elements_[behind].kind == Kind::kChamfer) ++behind;
-    const auto far = CornerOf(elements_[next], elements_[behind]);
-    if (!far) return far.fault();
-    geometry::Vector2d back(corner, last_), onward(corner, *far);
+    VANZET_TRY(const auto far, CornerOf(elements_[next], elements_[behind]));
+    geometry::Vector2d back(corner, last_), onward(corner, far);
     const double before = back.Normalise(), after = onward.Normalise();
     if (!(length > 0) || length > before || length > after) {
       Add(geometry::LINEAR, corner, {0, 0});
@@ -159,11 +154,10 @@ class Walk {
 }  // namespace
 
 Result<Kurve> OutlineOf(const std::vector<Element>& elements) {
-  if (const auto fits = CheckNeighbours(elements); !fits) return fits.fault();
+  VANZET_DO(CheckNeighbours(elements));
   if (elements.size() < 2) return FaultAt(elements.back(), "the contour has no length");
-  const auto walked = contour::Guarded([&] { return Walk(elements).Go(); });
-  if (!walked) return walked.fault();
-  return *walked;
+  VANZET_TRY(const auto walked, contour::Guarded([&] { return Walk(elements).Go(); }));
+  return walked;
 }
 
 Result<Kurve> ClosedThrough(const std::vector<Point>& corners) {

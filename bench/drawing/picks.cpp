@@ -84,9 +84,8 @@ Result<Picks> Picks::Read(std::istream& text, const std::string& name) {
   picks.name_ = name;
   TextLineReader lines(text, name);
   for (std::string line;;) {
-    const auto next = lines.Next(line);
-    if (!next) return next.fault();
-    if (!*next) return picks;
+    VANZET_TRY(const auto next, lines.Next(line));
+    if (!next) return picks;
     const std::string_view words = WithoutBlanks(line);
     if (words.empty() || words.starts_with('#')) continue;
     auto pick = ReadPick(words);

@@ -145,7 +145,7 @@ Result<void> CheckLayers(const Drawing& drawing, const PictureOptions& options) 
 }  // namespace
 
 Result<std::string> PictureSvg(const Drawing& drawing, const PictureOptions& options) {
-  if (const auto layers = CheckLayers(drawing, options); !layers) return layers.fault();
+  VANZET_DO(CheckLayers(drawing, options));
   const ShownLayers groups = ShownOf(drawing, options.window, options.layers);
   return Writer(PictureView(BoxOf(groups), options)).Write(groups);
 }

@@ -90,12 +90,11 @@ std::string_view CommandLine::Rest() {
 }
 
 Result<std::int32_t> CommandLine::Integer(std::string_view meaning, const project::Variables& variables) {
-  const auto word = Word(meaning);
-  if (!word) return word.fault();
-  if (const auto number = WholeInteger(*word)) return *number;
-  if (const auto value = variables.Integer(*word)) return *value;
+  VANZET_TRY(const auto word, Word(meaning));
+  if (const auto number = WholeInteger(word)) return *number;
+  if (const auto value = variables.Integer(word)) return *value;
   return FaultHere("expected " + std::string(meaning) + " or an integer variable that has a value, found '" +
-                   std::string(*word) + "'");
+                   std::string(word) + "'");
 }
 
 Result<double> CommandLine::Number(std::string_view meaning) {
@@ -107,9 +106,8 @@ Result<double> CommandLine::Number(std::string_view meaning) {
 }
 
 Result<double> CommandLine::WholeNumber(std::string_view meaning) {
-  const auto number = Number(meaning);
-  if (!number) return number;
-  if (const auto end = WordEnd(); !end) return end.fault();
+  VANZET_TRY(const auto number, Number(meaning));
+  VANZET_DO(WordEnd());
   return number;
 }
 

@@ -13,20 +13,17 @@ constexpr const char* kElements = "an element like p1, as1, ts1, ac1, tc1, ch5, 
 
 Result<Element> ReadPoint(CommandLine& line, Surroundings& surroundings) {
   Element element{.kind = Element::Kind::kPoint};
-  const auto entity = line.EntityOf('p', kElements);
-  if (!entity) return entity.fault();
-  const auto point = PointOf(*entity, line, surroundings);
-  if (!point) return point.fault();
-  element.point = *point;
-  element.name = entity->Name();
+  VANZET_TRY(const auto entity, line.EntityOf('p', kElements));
+  VANZET_TRY(const auto point, PointOf(entity, line, surroundings));
+  element.point = point;
+  element.name = entity.Name();
   return element;
 }
 
 Result<Element> ReadChamfer(CommandLine& line) {
   const int column = line.column();
-  const auto length = line.Number("the length of the chamfer");
-  if (!length) return length.fault();
-  return Element{.kind = Element::Kind::kChamfer, .length = *length, .name = "a chamfer", .column = column};
+  VANZET_TRY(const auto length, line.Number("the length of the chamfer"));
+  return Element{.kind = Element::Kind::kChamfer, .length = length, .name = "a chamfer", .column = column};
 }
 
 /// A line or a circle behind its prefix. Lines do not mind which it is.
@@ -35,15 +32,13 @@ Result<Element> ReadCarrier(int direction, CommandLine& line, Surroundings& surr
   if (!entity) return line.Expected("a line or a circle behind 'a' or 't'");
   Element element{.kind = Element::Kind::kLine, .direction = direction, .name = entity->Name()};
   if (entity->letter == 's') {
-    const auto found = LineOf(*entity, line, surroundings);
-    if (!found) return found.fault();
-    element.line = *found;
+    VANZET_TRY(const auto found, LineOf(*entity, line, surroundings));
+    element.line = found;
     return element;
   }
-  const auto found = CircleOf(*entity, line, surroundings);
-  if (!found) return found.fault();
+  VANZET_TRY(const auto found, CircleOf(*entity, line, surroundings));
   element.kind = Element::Kind::kCircle;
-  element.circle = *found;
+  element.circle = found;
   return element;
 }
 
@@ -61,10 +56,9 @@ Result<Element> ReadElement(CommandLine& line, Surroundings& surroundings) {
 Result<Kurve> ReadOutline(CommandLine& line, Surroundings& surroundings) {
   std::vector<Element> elements;
   while (!line.Take("ek")) {
-    auto element = ReadElement(line, surroundings);
-    if (!element) return element.fault();
-    if (const auto end = line.WordEnd(); !end) return end.fault();
-    elements.push_back(std::move(*element));
+    VANZET_TRY(auto element, ReadElement(line, surroundings));
+    VANZET_DO(line.WordEnd());
+    elements.push_back(std::move(element));
   }
   return drawing::OutlineOf(elements);
 }
@@ -73,9 +67,8 @@ Result<Kurve> ReadExplicit(CommandLine& line) {
   std::vector<geometry::Point> corners;
   while (!line.Take("ek")) {
     if (line.Peek() != 'X') return line.Expected("'X' and a number, or 'ek'");
-    const auto corner = ReadCoordinates(line);
-    if (!corner) return corner.fault();
-    corners.push_back(*corner);
+    VANZET_TRY(const auto corner, ReadCoordinates(line));
+    corners.push_back(corner);
   }
   return drawing::ClosedThrough(corners);
 }
@@ -83,10 +76,10 @@ Result<Kurve> ReadExplicit(CommandLine& line) {
 }  // namespace
 
 Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
-  if (const auto end = line.WordEnd(); !end) return end;
+  VANZET_DO(line.WordEnd());
   auto curve = line.Take("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
   if (!curve) return AtStart(line, curve.fault());
-  if (const auto end = line.End(); !end) return end;
+  VANZET_DO(line.End());
   return AtStart(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
 }
 
@@ -94,9 +87,8 @@ Result<void> CopyContour(const Operands& operands, Surroundings& surroundings) {
   const Operand &contour = operands[0], &transform = operands[1];
   const Kurve* const curve = surroundings.board.FindContour(contour.number);
   if (curve == nullptr) return contour.At("there is no " + contour.Name());
-  const auto placement = PlacementOf(transform, surroundings);
-  if (!placement) return placement.fault();
-  return contour.Told(surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, *placement)));
+  VANZET_TRY(const auto placement, PlacementOf(transform, surroundings));
+  return contour.Told(surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, placement)));
 }
 
 }  // namespace vanzet::language

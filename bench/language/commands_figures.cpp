@@ -23,7 +23,7 @@ Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) 
 
 Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) {
   const Operand &figure = operands[0], &contour = operands[1];
-  if (const auto there = CheckFigure(figure, surroundings); !there) return there;
+  VANZET_DO(CheckFigure(figure, surroundings));
   if (surroundings.board.FindContour(contour.number) == nullptr) {
     return contour.At("there is no " + contour.Name());
   }
@@ -31,10 +31,9 @@ Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) 
 }
 
 Result<void> FigureInsert(const Operands& operands, Surroundings& surroundings) {
-  if (const auto there = CheckFigure(operands[0], surroundings); !there) return there;
-  const auto placement = PlacementOf(operands[1], surroundings);
-  if (!placement) return placement.fault();
-  return operands[1].Told(surroundings.board.Insert(operands[0].text, *placement));
+  VANZET_DO(CheckFigure(operands[0], surroundings));
+  VANZET_TRY(const auto placement, PlacementOf(operands[1], surroundings));
+  return operands[1].Told(surroundings.board.Insert(operands[0].text, placement));
 }
 
 Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) {

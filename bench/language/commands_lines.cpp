@@ -15,44 +15,36 @@ Result<CLine> Directed(const Point& through, double degrees) {
 }
 
 Result<CLine> ReadHorizontal(CommandLine& line, Surroundings&) {
-  const auto height = line.WholeNumber("the height of the line");
-  if (!height) return height.fault();
-  return Directed({0, *height}, 0);
+  VANZET_TRY(const auto height, line.WholeNumber("the height of the line"));
+  return Directed({0, height}, 0);
 }
 
 Result<CLine> ReadVertical(CommandLine& line, Surroundings&) {
-  const auto abscissa = line.WholeNumber("the abscissa of the line");
-  if (!abscissa) return abscissa.fault();
-  return Directed({*abscissa, 0}, 90);
+  VANZET_TRY(const auto abscissa, line.WholeNumber("the abscissa of the line"));
+  return Directed({abscissa, 0}, 90);
 }
 
 Result<CLine> ReadAtAngle(CommandLine& line, Surroundings& surroundings) {
-  const auto angle = line.WholeNumber("the angle of the line");
-  if (!angle) return angle.fault();
-  const auto through = PointOf(line, surroundings);
-  if (!through) return through.fault();
-  return Directed(*through, *angle);
+  VANZET_TRY(const auto angle, line.WholeNumber("the angle of the line"));
+  VANZET_TRY(const auto through, PointOf(line, surroundings));
+  return Directed(through, angle);
 }
 
 Result<CLine> ReadThroughPoints(CommandLine& line, Surroundings& surroundings) {
-  const auto a = PointOf(line, surroundings);
-  if (!a) return a.fault();
-  const auto b = PointOf(line, surroundings);
-  if (!b) return b.fault();
-  const CLine through(*a, *b);
+  VANZET_TRY(const auto a, PointOf(line, surroundings));
+  VANZET_TRY(const auto b, PointOf(line, surroundings));
+  const CLine through(a, b);
   if (!through.ok) return line.FaultHere("the two points are one");
   return through;
 }
 
 Result<CLine> ReadParallel(CommandLine& line, Surroundings& surroundings) {
   constexpr const char* kExpected = "'l' or 'r' and a line behind the distance";
-  const auto distance = line.Number("h, v, b, two points, or a distance and a line");
-  if (!distance) return distance.fault();
+  VANZET_TRY(const auto distance, line.Number("h, v, b, two points, or a distance and a line"));
   const bool isLeft = line.TakeMark("l");
   if (!isLeft && !line.TakeMark("r")) return line.Expected(kExpected);
-  const auto other = LineOf(line, surroundings);
-  if (!other) return other.fault();
-  return other->Parallel(isLeft ? *distance : -*distance);
+  VANZET_TRY(const auto other, LineOf(line, surroundings));
+  return other.Parallel(isLeft ? distance : -distance);
 }
 
 struct Form {
@@ -71,10 +63,9 @@ Result<CLine> ReadLine(CommandLine& line, Surroundings& surroundings) {
 }  // namespace
 
 Result<void> DefineLine(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
-  const auto defined = ReadLine(line, surroundings);
-  if (!defined) return defined.fault();
-  if (const auto end = line.End(); !end) return end;
-  return AtStart(line, surroundings.board.PutLine(entity.number, *defined));
+  VANZET_TRY(const auto defined, ReadLine(line, surroundings));
+  VANZET_DO(line.End());
+  return AtStart(line, surroundings.board.PutLine(entity.number, defined));
 }
 
 }  // namespace vanzet::language

@@ -28,15 +28,14 @@ bool IsFigure(const std::string& name, Surroundings& surroundings) {
 
 /// The number of the figure that is picked next, or nothing when the pick is cancelled.
 Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surroundings& surroundings) {
-  if (const auto loaded = surroundings.board.Load(); !loaded) return loaded.fault();
-  const auto pick = surroundings.picks.Next({Pick::Kind::kFigure, prompt});
-  if (!pick) return pick.fault();
-  if (pick->kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
-  if (!IsFigure(pick->name, surroundings)) {
-    return surroundings.picks.At(*pick, "there is no figure '" + pick->name + "'");
+  VANZET_DO(surroundings.board.Load());
+  VANZET_TRY(const auto pick, surroundings.picks.Next({Pick::Kind::kFigure, prompt}));
+  if (pick.kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
+  if (!IsFigure(pick.name, surroundings)) {
+    return surroundings.picks.At(pick, "there is no figure '" + pick.name + "'");
   }
   NumberFigures(surroundings);
-  return std::optional(surroundings.board.objects.NumberOf(pick->name));
+  return std::optional(surroundings.board.objects.NumberOf(pick.name));
 }
 
 }  // namespace
@@ -68,12 +67,12 @@ Result<void> ClearMarks(const Operands&, Surroundings&) {
 Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings) {
   project::Variables& variables = surroundings.variables;
   if (!arguments.Take("POS")) return arguments.Expected("'POS'");
-  if (const auto end = arguments.End(); !end) return end;
+  VANZET_DO(arguments.End());
   const auto pick = surroundings.picks.Next({Pick::Kind::kPosition});
   const bool isPicked = pick && pick->kind == Pick::Kind::kPosition;
-  if (const auto set = variables.Set("i_return", isPicked ? kPositionPicked : kCancelled); !set) return set;
+  VANZET_DO(variables.Set("i_return", isPicked ? kPositionPicked : kCancelled));
   if (!isPicked) return pick ? Result<void>() : pick.fault();
-  if (const auto set = variables.Set("w_return", pick->position.x); !set) return set;
+  VANZET_DO(variables.Set("w_return", pick->position.x));
   return variables.Set("w_return2", pick->position.y);
 }
 

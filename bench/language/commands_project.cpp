@@ -18,14 +18,13 @@ Result<void> ReadEnvironment(const Operands& operands, Surroundings& surrounding
 }
 
 Result<void> FileRead(const Operands& operands, Surroundings& surroundings) {
-  if (const auto own = CheckProject(operands); !own) return own;
-  const auto value = surroundings.workplace.Setting(operands[2].text);
-  if (!value) return value.fault();
-  return surroundings.variables.Set(operands[3].text, *value);
+  VANZET_DO(CheckProject(operands));
+  VANZET_TRY(const auto value, surroundings.workplace.Setting(operands[2].text));
+  return surroundings.variables.Set(operands[3].text, value);
 }
 
 Result<void> FileStore(const Operands& operands, Surroundings& surroundings) {
-  if (const auto own = CheckProject(operands); !own) return own;
+  VANZET_DO(CheckProject(operands));
   return operands[2].Told(surroundings.workplace.SetSetting(operands[2].text, operands[3].text));
 }
 

@@ -82,25 +82,22 @@ Result<void> SetTransform(const Operands& operands, Surroundings& surroundings) 
 }
 
 Result<void> RotateTransform(const Operands& operands, Surroundings& surroundings) {
-  const auto transform = FindTransform(operands[0], surroundings);
-  if (!transform) return transform.fault();
-  drawing::TurnExactly(**transform, operands[1].real, AxisOf(operands[1]));
+  VANZET_TRY(const auto transform, FindTransform(operands[0], surroundings));
+  drawing::TurnExactly(*transform, operands[1].real, AxisOf(operands[1]));
   return {};
 }
 
 Result<void> TranslateTransform(const Operands& operands, Surroundings& surroundings) {
-  const auto transform = FindTransform(operands[0], surroundings);
-  if (!transform) return transform.fault();
+  VANZET_TRY(const auto transform, FindTransform(operands[0], surroundings));
   double move[3] = {0, 0, 0};
   move[AxisOf(operands[1]) - 1] = operands[1].real;
-  (*transform)->Translate(move[0], move[1], move[2]);
+  transform->Translate(move[0], move[1], move[2]);
   return {};
 }
 
 Result<drawing::Placement> PlacementOf(const Operand& operand, Surroundings& surroundings) {
-  const auto transform = FindTransform(operand, surroundings);
-  if (!transform) return transform.fault();
-  const auto placement = drawing::PlacementOf(**transform);
+  VANZET_TRY(const auto transform, FindTransform(operand, surroundings));
+  const auto placement = drawing::PlacementOf(*transform);
   if (placement) return *placement;
   return operand.At(operand.Name() + " tilts the plane of the drawing");
 }

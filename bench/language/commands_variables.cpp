@@ -5,31 +5,27 @@ namespace vanzet::language {
 namespace {
 
 Result<void> AssignInteger(const std::string& variable, CommandLine& line, project::Variables& variables) {
-  const auto value = line.Integer("an integer", variables);
-  if (!value) return value.fault();
-  if (const auto end = line.End(); !end) return end;
-  return variables.Set(variable, *value);
+  VANZET_TRY(const auto value, line.Integer("an integer", variables));
+  VANZET_DO(line.End());
+  return variables.Set(variable, value);
 }
 
 Result<void> AssignReal(const std::string& variable, CommandLine& line, project::Variables& variables) {
   CommandLine word = line;
-  const auto name = word.Word("a number or a real variable");
-  if (!name) return name.fault();
-  const auto known = variables.Real(*name);
-  const auto value = known ? Result<double>(*known) : line.Number("a number or a real variable");
-  if (!value) return value.fault();
+  VANZET_TRY(const auto name, word.Word("a number or a real variable"));
+  const auto known = variables.Real(name);
+  VANZET_TRY(const auto value, known ? Result<double>(*known) : line.Number("a number or a real variable"));
   if (known) line = word;
-  if (const auto end = line.End(); !end) return end;
-  return variables.Set(variable, *value);
+  VANZET_DO(line.End());
+  return variables.Set(variable, value);
 }
 
 Result<void> AssignText(const std::string& variable, CommandLine& line, project::Variables& variables) {
   const bool isQuoted = line.Peek() == '\'';
-  const auto text = isQuoted ? line.LongestQuotedText("a text") : std::string(line.Rest());
-  if (!text) return text.fault();
-  const auto value = isQuoted ? std::optional(*text) : variables.Text(*text);
+  VANZET_TRY(const auto text, isQuoted ? line.LongestQuotedText("a text") : std::string(line.Rest()));
+  const auto value = isQuoted ? std::optional(text) : variables.Text(text);
   if (!value) return line.Expected("a text in single quotes or a text variable that has a value");
-  if (const auto end = line.End(); !end) return end;
+  VANZET_DO(line.End());
   return variables.Set(variable, *value);
 }
 

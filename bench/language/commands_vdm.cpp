@@ -20,16 +20,15 @@ struct Request {
 
 /// Sets the status variable to what became of the work, and gives the work's fault on.
 Result<void> Report(const Result<void>& work, const std::string& status, project::Variables& variables) {
-  if (const auto set = variables.Set(status, work ? kDone : kFailed); !set) return set.fault();
+  VANZET_DO(variables.Set(status, work ? kDone : kFailed));
   return work;
 }
 
 Result<void> Save(const Request& request, Surroundings& surroundings) {
-  const auto content = surroundings.store.Snapshot(request.vdm);
-  if (!content) return content.fault();
+  VANZET_TRY(const auto content, surroundings.store.Snapshot(request.vdm));
   const auto file = surroundings.paths.Resolve(request.file);
-  if (const auto target = surroundings.store.CheckTarget(file); !target) return target;
-  return vdm::WriteVdmFile(file, *content);
+  VANZET_DO(surroundings.store.CheckTarget(file));
+  return vdm::WriteVdmFile(file, content);
 }
 
 Result<void> Load(const Request& request, Surroundings& surroundings) {

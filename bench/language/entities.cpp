@@ -17,11 +17,9 @@ Result<Value> Find(const std::map<int, Value>& values, const Entity& entity, con
 /// Reads the name of an entity of that letter and finds it by `find`, before the walk goes on.
 template <class Found, class Find>
 Result<Found> ReadAndFind(char letter, std::string_view meaning, CommandLine& line, Find find) {
-  const auto entity = line.EntityOf(letter, meaning);
-  if (!entity) return entity.fault();
-  const Result<Found> found = find(*entity);
-  if (!found) return found;
-  if (const auto end = line.WordEnd(); !end) return end.fault();
+  VANZET_TRY(const auto entity, line.EntityOf(letter, meaning));
+  VANZET_TRY(const Found found, find(entity));
+  VANZET_DO(line.WordEnd());
   return found;
 }
 

@@ -78,19 +78,18 @@ Result<void> RunDefinition(const Entity& entity, CommandLine& line, Surroundings
   for (const Definition& definition : kDefinitions) {
     if (definition.letter != entity.letter) continue;
     if (definition.hasEqualsSign && !line.TakeMark("=")) return line.Expected("'=' behind " + entity.Name());
-    if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+    VANZET_DO(surroundings.board.Load());
     return definition.run(entity, line, surroundings);
   }
   return line.FaultHere("no line begins with " + entity.Name());
 }
 
 Result<void> RunCommand(const Command& command, CommandLine& line, Surroundings& surroundings) {
-  const auto operands = ReadOperands(command.operands, line, surroundings.variables);
-  if (!operands) return operands.fault();
+  VANZET_TRY(const auto operands, ReadOperands(command.operands, line, surroundings.variables));
   if (command.draws) {
-    if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+    VANZET_DO(surroundings.board.Load());
   }
-  return command.run(*operands, surroundings);
+  return command.run(operands, surroundings);
 }
 
 /// Told behind a word that begins commands, none of which goes on like this.

@@ -28,7 +28,7 @@ constexpr Spindle kSpindles[] = {
 Result<const Spindle*> ReadSpindle(CommandLine& arguments) {
   for (const Spindle& spindle : kSpindles) {
     if (!arguments.Take(spindle.argument)) continue;
-    if (const auto end = arguments.End(); !end) return end.fault();
+    VANZET_DO(arguments.End());
     return &spindle;
   }
   return arguments.Expected("1 for the main spindle or 2 for the sub spindle");
@@ -40,11 +40,9 @@ Result<std::vector<std::string>> FiguresOf(const Spindle& spindle, Surroundings&
   constexpr std::int32_t kFromFigures = 2;
   const auto vdm = surroundings.store.LastClosed();
   if (!vdm) return Fault{"no definition was closed yet"};
-  const auto content = surroundings.store.Snapshot(static_cast<std::int64_t>(*vdm));
-  if (!content) return content.fault();
-  const auto definition = project::ReadDefinition(*content);
-  if (!definition) return definition.fault();
-  const auto& operations = definition->operations;
+  VANZET_TRY(const auto content, surroundings.store.Snapshot(static_cast<std::int64_t>(*vdm)));
+  VANZET_TRY(const auto definition, project::ReadDefinition(content));
+  const auto& operations = definition.operations;
   const auto* const sections =
       spindle.operation < operations.size() ? &operations[spindle.operation].sections : nullptr;
   if (sections == nullptr || sections->size() <= kBillet || (*sections)[kBillet].size() < kItems) {
@@ -72,9 +70,8 @@ struct Contours {
 };
 
 Result<Curves> SoundCurvesOf(const std::string& figure, Surroundings& surroundings) {
-  auto curves = CurvesOf(figure, surroundings);
-  if (!curves) return curves;
-  for (const geometry::Kurve& curve : *curves) {
+  VANZET_TRY(auto curves, CurvesOf(figure, surroundings));
+  for (const geometry::Kurve& curve : curves) {
     if (const auto sound = drawing::CheckCurve(curve); !sound) {
       return Fault{"the figure '" + figure + "': " + sound.fault().text};
     }
@@ -83,13 +80,10 @@ Result<Curves> SoundCurvesOf(const std::string& figure, Surroundings& surroundin
 }
 
 Result<Contours> ContoursOf(const Spindle& spindle, Surroundings& surroundings) {
-  const auto names = FiguresOf(spindle, surroundings);
-  if (!names) return names.fault();
-  auto outside = SoundCurvesOf(names->front(), surroundings);
-  if (!outside) return outside.fault();
-  auto inside = SoundCurvesOf(names->back(), surroundings);
-  if (!inside) return inside.fault();
-  return Contours{std::move(*outside), std::move(*inside)};
+  VANZET_TRY(const auto names, FiguresOf(spindle, surroundings));
+  VANZET_TRY(auto outside, SoundCurvesOf(names.front(), surroundings));
+  VANZET_TRY(auto inside, SoundCurvesOf(names.back(), surroundings));
+  return Contours{std::move(outside), std::move(inside)};
 }
 
 /// Draws the contours as the billet's figure, in the place of the old one, in the billet's layer.
@@ -116,7 +110,7 @@ Result<void> DrawBillet(const Spindle& spindle, const Contours& contours, Board&
 /// that of another billet.
 Result<void> ModelBillet(const Spindle& spindle, const Contours& contours, modeller::BodyTable& bodies) {
   if (const std::int32_t old = bodies.NumberOf(spindle.figure); old != 0) {
-    if (const auto deleted = bodies.Delete(old); !deleted) return deleted;
+    VANZET_DO(bodies.Delete(old));
   }
   auto body = modeller::SpunPart(contours.outside, contours.inside);
   if (!body) return Fault{std::string(spindle.figure) + " is drawn but has no solid: " + body.fault().text};
@@ -128,16 +122,14 @@ Result<void> ModelBillet(const Spindle& spindle, const Contours& contours, model
 }  // namespace
 
 Result<void> BilletFromFigures(CommandLine& arguments, Surroundings& surroundings) {
-  const auto spindle = ReadSpindle(arguments);
-  if (!spindle) return spindle.fault();
-  if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
-  const auto contours = ContoursOf(**spindle, surroundings);
-  if (!contours) return contours.fault();
+  VANZET_TRY(const auto spindle, ReadSpindle(arguments));
+  VANZET_DO(surroundings.board.Load());
+  VANZET_TRY(const auto contours, ContoursOf(*spindle, surroundings));
   // On a board beside it, so that a drawing without room for the new billet keeps the old one.
   Board drawn = surroundings.board;
-  if (const auto done = DrawBillet(**spindle, *contours, drawn); !done) return done;
+  VANZET_DO(DrawBillet(*spindle, contours, drawn));
   surroundings.board = std::move(drawn);
-  return ModelBillet(**spindle, *contours, surroundings.bodies);
+  return ModelBillet(*spindle, contours, surroundings.bodies);
 }
 
 }  // namespace vanzet::language

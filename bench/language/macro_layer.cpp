@@ -29,13 +29,12 @@ Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   read.layerColumn = column + static_cast<int>(begin);
   CommandLine fields(std::string_view(text).substr(0, begin), column);
   for (std::size_t i = 0; i < kFields && !fields.IsAtEnd(); ++i) {
-    const auto field = fields.QuotedText("a colour or a line style");
-    if (!field) return field.fault();
-    read.fields[i] = *field;
+    VANZET_TRY(const auto field, fields.QuotedText("a colour or a line style"));
+    read.fields[i] = field;
     read.columns[i] = fields.column();
   }
   fields.TakeMark("'");
-  if (const auto rest = fields.End(); !rest) return rest.fault();
+  VANZET_DO(fields.End());
   return read;
 }
 
@@ -54,25 +53,24 @@ Result<const Row*> Choose(const LayerArguments& arguments, std::size_t first, co
 Result<void> BeginLayer(const LayerArguments& arguments, drawing::Board& board) {
   const auto layer = board.drawing().layers.find(arguments.layer);
   const drawing::Pen old = layer == board.drawing().layers.end() ? drawing::Pen() : layer->second;
-  const auto colour = Choose(arguments, 0, old.colour, drawing::FindColour, drawing::ColourNames());
-  if (!colour) return colour.fault();
-  const auto style = Choose(arguments, 1, old.style, drawing::FindLineStyle, drawing::LineStyleNames());
-  if (!style) return style.fault();
-  const auto begun = board.BeginLayer(arguments.layer, {*colour, *style});
+  VANZET_TRY(const auto colour,
+             Choose(arguments, 0, old.colour, drawing::FindColour, drawing::ColourNames()));
+  VANZET_TRY(const auto style,
+             Choose(arguments, 1, old.style, drawing::FindLineStyle, drawing::LineStyleNames()));
+  const auto begun = board.BeginLayer(arguments.layer, {colour, style});
   return begun ? begun : Fault{begun.fault().text, "", 0, arguments.layerColumn};
 }
 
 }  // namespace
 
 Result<void> LayerMacro(CommandLine& arguments, Surroundings& surroundings) {
-  if (const auto loaded = surroundings.board.Load(); !loaded) return loaded;
+  VANZET_DO(surroundings.board.Load());
   if (arguments.IsAtEnd()) {
     surroundings.board.EndLayer();
     return {};
   }
-  const auto read = ReadArguments(arguments);
-  if (!read) return read.fault();
-  return BeginLayer(*read, surroundings.board);
+  VANZET_TRY(const auto read, ReadArguments(arguments));
+  return BeginLayer(read, surroundings.board);
 }
 
 }  // namespace vanzet::language

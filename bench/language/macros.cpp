@@ -43,7 +43,7 @@ Result<void> RunMacro(const Operand& name, const Operand& arguments, Surrounding
 }
 
 Result<void> LoadHelp(CommandLine& arguments, Surroundings& surroundings) {
-  if (const auto end = arguments.End(); !end) return end;
+  VANZET_DO(arguments.End());
   const std::string topic = surroundings.variables.Text("$_helptopic").value_or("");
   if (topic.empty()) return arguments.FaultHere("$_helptopic names no topic");
   return surroundings.workplace.ShowHelp(topic);

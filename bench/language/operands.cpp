@@ -58,23 +58,20 @@ Result<Operand> ReadLayer(const OperandForm& form, CommandLine& line, const Vari
 }
 
 Result<Operand> ReadInteger(const OperandForm& form, CommandLine& line, const Variables& variables) {
-  const auto number = line.Integer(form.meaning, variables);
-  if (!number) return number.fault();
-  return Operand{.column = line.column(), .number = *number, .last = *number};
+  VANZET_TRY(const auto number, line.Integer(form.meaning, variables));
+  return Operand{.column = line.column(), .number = number, .last = number};
 }
 
 Result<Operand> ReadReal(const OperandForm& form, CommandLine& line, const Variables&) {
-  const auto number = line.WholeNumber(form.meaning);
-  if (!number) return number.fault();
-  return Operand{.column = line.column(), .real = *number};
+  VANZET_TRY(const auto number, line.WholeNumber(form.meaning));
+  return Operand{.column = line.column(), .real = number};
 }
 
 template <bool (*IsOfType)(std::string_view name)>
 Result<Operand> ReadVariable(const OperandForm& form, CommandLine& line, const Variables&) {
-  const auto name = line.Word(form.meaning);
-  if (!name) return name.fault();
-  if (IsOfType(*name)) return Operand{.column = line.column(), .text = std::string(*name)};
-  return line.FaultHere("expected " + std::string(form.meaning) + ", found '" + std::string(*name) + "'");
+  VANZET_TRY(const auto name, line.Word(form.meaning));
+  if (IsOfType(name)) return Operand{.column = line.column(), .text = std::string(name)};
+  return line.FaultHere("expected " + std::string(form.meaning) + ", found '" + std::string(name) + "'");
 }
 
 bool IsText(std::string_view name) {
@@ -83,20 +80,18 @@ bool IsText(std::string_view name) {
 
 template <char letter>
 Result<Operand> ReadEntity(const OperandForm& form, CommandLine& line, const Variables&) {
-  const auto entity = line.EntityOf(letter, form.meaning);
-  if (!entity) return entity.fault();
+  VANZET_TRY(const auto entity, line.EntityOf(letter, form.meaning));
   const int column = line.column();
-  if (const auto end = line.WordEnd(); !end) return end.fault();
-  return Operand{.column = column, .number = entity->number, .last = entity->number, .letter = letter};
+  VANZET_DO(line.WordEnd());
+  return Operand{.column = column, .number = entity.number, .last = entity.number, .letter = letter};
 }
 
 Result<Operand> ReadAlongAxis(const OperandForm& form, CommandLine& line, const Variables&) {
   for (const char* axis : {"x", "y", "z"}) {
     if (!line.TakeMark(axis)) continue;
     const int column = line.column();
-    const auto number = line.WholeNumber("a number behind the axis");
-    if (!number) return number.fault();
-    return Operand{.column = column, .real = *number, .letter = *axis};
+    VANZET_TRY(const auto number, line.WholeNumber("a number behind the axis"));
+    return Operand{.column = column, .real = number, .letter = *axis};
   }
   return line.Expected(form.meaning);
 }
@@ -108,12 +103,11 @@ Result<Operand> ReadEntityRange(const OperandForm& form, CommandLine& line, cons
   Operand operand{
       .column = line.column(), .number = entity->number, .last = entity->number, .letter = entity->letter};
   if (line.TakeMark(">")) {
-    const auto last = line.Integer("the last number of the range", variables);
-    if (!last) return last.fault();
-    operand.last = *last;
+    VANZET_TRY(const auto last, line.Integer("the last number of the range", variables));
+    operand.last = last;
     if (operand.last < operand.number) return line.FaultHere("the range ends before it begins");
   }
-  if (const auto end = line.WordEnd(); !end) return end.fault();
+  VANZET_DO(line.WordEnd());
   return operand;
 }
 
@@ -145,13 +139,12 @@ Result<Operands> ReadOperands(const OperandForms& forms, CommandLine& line, cons
     if (form.kind == OperandKind::kNone) break;
     int left = form.count;
     do {
-      auto operand = kReaders[static_cast<std::size_t>(form.kind)](form, line, variables);
-      if (!operand) return operand.fault();
-      operands.push_back(std::move(*operand));
+      VANZET_TRY(auto operand, kReaders[static_cast<std::size_t>(form.kind)](form, line, variables));
+      operands.push_back(std::move(operand));
       --left;
     } while (left > 0 || (form.kind == OperandKind::kEntities && !line.IsAtEnd()));
   }
-  if (const auto end = line.End(); !end) return end.fault();
+  VANZET_DO(line.End());
   return operands;
 }
 

@@ -52,9 +52,8 @@ Result<std::int32_t> NumberOfNamed(std::string_view name, BodyTable& table, cons
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
   for (const BodyFile& file : BodyFilesIn(folder)) {
     if (!EqualWithoutCase(file.name, name)) continue;
-    auto body = ImportBody(file.path, exchange);
-    if (!body) return body.fault();
-    return table.Add(std::move(*body), file.name);
+    VANZET_TRY(auto body, ImportBody(file.path, exchange));
+    return table.Add(std::move(body), file.name);
   }
   return Fault{"there is no body '" + std::string(name) + "'", folder.string()};
 }

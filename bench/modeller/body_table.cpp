@@ -24,15 +24,13 @@ Result<Body> BodyTable::Get(std::int32_t number) const {
 }
 
 Result<void> BodyTable::Move(std::int32_t number, const geometry::Vector3d& by) {
-  const auto body = Get(number);
-  if (!body) return body.fault();
-  return Change(number, Moved(*body, by));
+  VANZET_TRY(const auto body, Get(number));
+  return Change(number, Moved(body, by));
 }
 
 Result<void> BodyTable::Turn(std::int32_t number, const Axis& axis, double degrees) {
-  const auto body = Get(number);
-  if (!body) return body.fault();
-  return Change(number, Turned(*body, axis, degrees));
+  VANZET_TRY(const auto body, Get(number));
+  return Change(number, Turned(body, axis, degrees));
 }
 
 Result<void> BodyTable::Change(std::int32_t number, Result<Body> changed) {
@@ -42,8 +40,7 @@ Result<void> BodyTable::Change(std::int32_t number, Result<Body> changed) {
 }
 
 Result<void> BodyTable::Delete(std::int32_t number) {
-  const auto body = Get(number);
-  if (!body) return body.fault();
+  VANZET_TRY(const auto body, Get(number));
   entries_.erase(number);
   return {};
 }

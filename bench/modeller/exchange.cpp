@@ -31,32 +31,29 @@ Exchange Exchange::OfProcess() {
 }
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
-  const auto parcel = MemoryFile::Make();
-  if (!parcel) return parcel.fault();
+  VANZET_TRY(const auto parcel, MemoryFile::Make());
   const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes), file.string()};
-  auto done = RunExchange(exchange, arguments, *parcel);
-  auto body = done ? Unpacked(*parcel) : Result<Body>(done.fault());
+  auto done = RunExchange(exchange, arguments, parcel);
+  auto body = done ? Unpacked(parcel) : Result<Body>(done.fault());
   if (body) return body;
   return Fault{body.fault().text, file.string()};
 }
 
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
-  const auto parcel = MemoryFile::Make();
-  if (!parcel) return parcel.fault();
-  std::ofstream bytes(parcel->Path(), std::ios::binary);
+  VANZET_TRY(const auto parcel, MemoryFile::Make());
+  std::ofstream bytes(parcel.Path(), std::ios::binary);
   bytes << text;
   bytes.close();
   if (!bytes) return Fault{"there is not enough memory"};
   const std::vector<std::string> arguments = {"read-vrml", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes)};
-  if (const auto done = RunExchange(exchange, arguments, *parcel); !done) return done.fault();
+  VANZET_DO(RunExchange(exchange, arguments, parcel));
   return Guarded([&]() -> Result<std::vector<VrmlBody>> {
-    std::ifstream answer(parcel->Path(), std::ios::binary);
-    const auto read = UnpackParcel(answer);
-    if (!read) return read.fault();
+    std::ifstream answer(parcel.Path(), std::ios::binary);
+    VANZET_TRY(const auto read, UnpackParcel(answer));
     std::vector<VrmlBody> bodies;
-    for (const ParcelBody& body : *read) bodies.push_back({body.name, BodyOf(body.shape, true)});
+    for (const ParcelBody& body : read) bodies.push_back({body.name, BodyOf(body.shape, true)});
     return bodies;
   });
 }

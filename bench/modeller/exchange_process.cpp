@@ -207,19 +207,18 @@ std::string MemoryFile::Path() const {
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel) {
   const InterruptWatch watch;
-  auto process = Process::Start(exchange, arguments, parcel.descriptor());
-  if (!process) return process.fault();
+  VANZET_TRY(auto process, Process::Start(exchange, arguments, parcel.descriptor()));
   const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
   Talk talk(exchange.progress);
   for (bool hasEnded = false; !hasEnded;) {
-    const auto words = process->Glance();
+    const auto words = process.Glance();
     hasEnded = words && words->empty();
     if (!talk.Add(words.value_or("")) || InterruptWatch::Came()) return Fault{"cancelled"};
     if (Clock::now() > deadline) {
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }
   }
-  return Verdict(process->End(), talk.fault());
+  return Verdict(process.End(), talk.fault());
 }
 
 Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {

@@ -29,19 +29,17 @@ constexpr FormatRow kFormats[] = {
 };
 
 Result<void> Replace(const fs::path& file, std::string_view bytes) {
-  auto replacement = vdm::FileReplacement::Begin(file);
-  if (!replacement) return replacement.fault();
-  if (const auto written = replacement->Write(bytes); !written) return written.fault();
-  return replacement->Commit();
+  VANZET_TRY(auto replacement, vdm::FileReplacement::Begin(file));
+  VANZET_DO(replacement.Write(bytes));
+  return replacement.Commit();
 }
 
 /// The bodies where they are to be, each still with its name and colour.
 Result<Bodies> InPlace(const Bodies& bodies) {
   Bodies placed;
   for (const NamedBody& named : bodies) {
-    auto body = Placed(named.body, named.placement);
-    if (!body) return body.fault();
-    placed.push_back({named.name, *body, {}, named.colour});
+    VANZET_TRY(auto body, Placed(named.body, named.placement));
+    placed.push_back({named.name, body, {}, named.colour});
   }
   return placed;
 }
@@ -80,31 +78,27 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
 
 Result<std::string> WrittenByExchange(const Bodies& bodies, ExportFormat format,
                                       const MeshTolerance& tolerance, const Exchange& exchange) {
-  const auto parcel = MemoryFile::Make();
-  if (!parcel) return parcel.fault();
-  if (const auto packed = Pack(bodies, *parcel); !packed) return packed.fault();
-  const auto file = TemporaryFile::Make(EndingOf(format));
-  if (!file) return file.fault();
+  VANZET_TRY(const auto parcel, MemoryFile::Make());
+  VANZET_DO(Pack(bodies, parcel));
+  VANZET_TRY(const auto file, TemporaryFile::Make(EndingOf(format)));
   const std::vector<std::string> arguments = {format == ExportFormat::kStep ? "write-step" : "write-gltf",
                                               std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes),
-                                              file->path().string(),
+                                              file.path().string(),
                                               NumberText(tolerance.chord),
                                               NumberText(tolerance.angle)};
-  if (const auto done = RunExchange(exchange, arguments, *parcel); !done) return done.fault();
-  return file->Content();
+  VANZET_DO(RunExchange(exchange, arguments, parcel));
+  return file.Content();
 }
 
 Result<std::string> BytesOf(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
                             const Exchange& exchange) {
-  const auto placed = InPlace(bodies);
-  if (!placed) return placed.fault();
+  VANZET_TRY(const auto placed, InPlace(bodies));
   if (format == ExportFormat::kStep || format == ExportFormat::kGltf) {
-    return WrittenByExchange(*placed, format, tolerance, exchange);
+    return WrittenByExchange(placed, format, tolerance, exchange);
   }
-  const auto meshes = MeshesOf(*placed, tolerance);
-  if (!meshes) return meshes.fault();
-  return format == ExportFormat::kStl ? StlBytes(*meshes) : WrlText(*placed, *meshes);
+  VANZET_TRY(const auto meshes, MeshesOf(placed, tolerance));
+  return format == ExportFormat::kStl ? StlBytes(meshes) : WrlText(placed, meshes);
 }
 
 }  // namespace

@@ -164,7 +164,7 @@ class Collector {
 }  // namespace
 
 Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
-  if (const auto checked = Check(tolerance); !checked) return checked.fault();
+  VANZET_DO(Check(tolerance));
   return Guarded([&]() -> Result<Mesh> {
     const Shape& shape = body.shape();
     if (!shape.fromStl) Triangulate(shape.shape, tolerance);

@@ -130,10 +130,9 @@ Result<KurveEx> Examined(const KurveEx& contour) {
 }
 
 Result<Outline> OutlineOf(const KurveEx& contour) {
-  auto joined = Examined(contour);
-  if (!joined) return joined.fault();
-  if (!(std::abs(joined->area) >= kLeastArea)) return Fault{"the contour has no area"};
-  Outline outline = joined->area > 0 ? joined->ReversedCopy().spans : joined->spans;
+  VANZET_TRY(auto joined, Examined(contour));
+  if (!(std::abs(joined.area) >= kLeastArea)) return Fault{"the contour has no area"};
+  Outline outline = joined.area > 0 ? joined.ReversedCopy().spans : joined.spans;
   for (Span& span : outline) span.SetProperties();
   if (const auto meeting = MeetingWithItself(outline)) {
     return Fault{"the contour crosses or touches itself" + At(*meeting)};

@@ -41,9 +41,8 @@ Result<std::vector<Body>> Spun(const std::vector<Kurve>& curves) {
   const Axis spindle = {{0, 0, 0}, {1, 0, 0}};
   std::vector<Body> bodies;
   for (const Kurve& section : HalfSections(curves)) {
-    const auto body = Spin(section, spindle, kFullTurn);
-    if (!body) return body.fault();
-    bodies.push_back(*body);
+    VANZET_TRY(const auto body, Spin(section, spindle, kFullTurn));
+    bodies.push_back(body);
   }
   return bodies;
 }
@@ -51,14 +50,11 @@ Result<std::vector<Body>> Spun(const std::vector<Kurve>& curves) {
 }  // namespace
 
 Result<std::optional<Body>> SpunPart(const std::vector<Kurve>& outside, const std::vector<Kurve>& inside) {
-  const auto part = Spun(outside);
-  if (!part) return part.fault();
-  if (part->empty()) return std::optional<Body>();
-  const auto bore = Spun(inside);
-  if (!bore) return bore.fault();
-  const auto left = Cut(*part, *bore);
-  if (!left) return left.fault();
-  return std::optional(*left);
+  VANZET_TRY(const auto part, Spun(outside));
+  if (part.empty()) return std::optional<Body>();
+  VANZET_TRY(const auto bore, Spun(inside));
+  VANZET_TRY(const auto left, Cut(part, bore));
+  return std::optional(left);
 }
 
 }  // namespace vanzet::modeller

@@ -173,9 +173,8 @@ Result<Body> Sound(const TopoDS_Shape& swept) {
   TopoDS_Solid solid = TopoDS::Solid(swept);
   BRepLib::OrientClosedSolid(solid);
   const Body body = BodyOf(solid);
-  const auto measures = MeasuresOf(body);
-  if (!measures) return measures.fault();
-  if (!measures->closed || !(measures->volume > 0)) return Fault{"Open CASCADE made no sound solid of it"};
+  VANZET_TRY(const auto measures, MeasuresOf(body));
+  if (!measures.closed || !(measures.volume > 0)) return Fault{"Open CASCADE made no sound solid of it"};
   return body;
 }
 
@@ -207,14 +206,11 @@ TopoDS_Shape Revolved(const TopoDS_Face& face, const PlaneAxis& axis, double deg
 }  // namespace
 
 Result<Body> Spin(const geometry::Kurve& contour, const Axis& axis, double degrees) {
-  const auto plane = InThePlane(axis);
-  if (!plane) return plane.fault();
-  if (const auto checked = CheckAngle(degrees); !checked) return checked.fault();
-  const auto outline = OutlineOf(contour);
-  if (!outline) return outline.fault();
-  const auto placed = OnOneSide(*outline, *plane);
-  if (!placed) return placed.fault();
-  return Guarded([&]() -> Result<Body> { return Sound(Revolved(FaceOf(*placed), *plane, degrees)); });
+  VANZET_TRY(const auto plane, InThePlane(axis));
+  VANZET_DO(CheckAngle(degrees));
+  VANZET_TRY(const auto outline, OutlineOf(contour));
+  VANZET_TRY(const auto placed, OnOneSide(outline, plane));
+  return Guarded([&]() -> Result<Body> { return Sound(Revolved(FaceOf(placed), plane, degrees)); });
 }
 
 Result<Body> Extrude(const geometry::Kurve& contour, double thickness) {
@@ -222,10 +218,9 @@ Result<Body> Extrude(const geometry::Kurve& contour, double thickness) {
     return Fault{"the thickness is " + NumberText(thickness) + " mm; it has to be up to " +
                  NumberText(kLargestCoordinate) + " and not 0"};
   }
-  const auto outline = OutlineOf(contour);
-  if (!outline) return outline.fault();
+  VANZET_TRY(const auto outline, OutlineOf(contour));
   return Guarded([&]() -> Result<Body> {
-    return Sound(BRepPrimAPI_MakePrism(FaceOf(*outline), gp_Vec(0, 0, thickness)));
+    return Sound(BRepPrimAPI_MakePrism(FaceOf(outline), gp_Vec(0, 0, thickness)));
   });
 }
 

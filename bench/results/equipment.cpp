@@ -10,17 +10,16 @@ namespace vanzet::results {
 namespace {
 
 Result<project::Definition> DefinitionOf(const project::Project& project, std::int32_t spur) {
-  auto read = ReadDefinition(project, spur);
-  if (!read) return read.fault();
+  VANZET_TRY(auto read, ReadDefinition(project, spur));
   const std::string of = "spur " + std::to_string(spur);
-  if (!read->definition) return Fault{of + " has no definition yet; 'vanzet upgrade' makes it"};
-  if (read->definition->IsDamaged()) return Fault{"the definition of " + of + " is damaged"};
-  return std::move(*read->definition);
+  if (!read.definition) return Fault{of + " has no definition yet; 'vanzet upgrade' makes it"};
+  if (read.definition->IsDamaged()) return Fault{"the definition of " + of + " is damaged"};
+  return std::move(*read.definition);
 }
 
 Result<std::vector<geometry::Kurve>> FigureOf(const project::Project& project, const std::string& name) {
   drawing::Board board(project.folder());
-  if (const auto loaded = board.Load(); !loaded) return loaded.fault();
+  VANZET_DO(board.Load());
   const auto& figures = board.drawing().figures;
   const auto drawn = figures.find(name);
   if (drawn == figures.end()) return drawing::FigureFolder(project.folder() / "figures").Read(name);
@@ -32,22 +31,20 @@ Result<std::vector<geometry::Kurve>> FigureOf(const project::Project& project, c
 Result<modeller::Body> BodyOf(const project::Project& project, const std::string& name,
                               const modeller::Exchange& exchange) {
   modeller::BodyTable table;
-  const auto number = modeller::NumberOfNamed(name, table, project.folder() / "bodies", exchange);
-  if (!number) return number.fault();
-  return table.Get(*number);
+  VANZET_TRY(const auto number, modeller::NumberOfNamed(name, table, project.folder() / "bodies", exchange));
+  return table.Get(number);
 }
 
 }  // namespace
 
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange) {
-  const auto definition = DefinitionOf(project, spur);
-  if (!definition) return definition.fault();
+  VANZET_TRY(const auto definition, DefinitionOf(project, spur));
   contour::UseMillimetres();
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
                                   [&](const std::string& name) { return BodyOf(project, name, exchange); },
                                   exchange};
-  return scene::MakeScene(*definition, sources);
+  return scene::MakeScene(definition, sources);
 }
 
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,

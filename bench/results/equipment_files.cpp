@@ -32,8 +32,7 @@ Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat fo
   fs::create_directories(folder, error);
   if (!fs::is_directory(folder, error)) return Fault{"the folder cannot be made", folder.string()};
   const auto bodies = NamedBodies(scene, format);
-  const auto done = modeller::Export(bodies, format, folder / FileNameOf("equipment", format), {}, exchange);
-  if (!done) return done;
+  VANZET_DO(modeller::Export(bodies, format, folder / FileNameOf("equipment", format), {}, exchange));
   for (const modeller::NamedBody& body : bodies) {
     const auto written =
         modeller::Export({body}, format, folder / FileNameOf(body.name, format), {}, exchange);

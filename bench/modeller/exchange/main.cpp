@@ -45,9 +45,8 @@ Result<void> Leave(Write write) {
 /// The bodies that are to be written. The places of shapes are worked into their geometry.
 Result<std::vector<ParcelBody>> ReadParcel() {
   std::ifstream bytes(kParcel, std::ios::binary);
-  auto bodies = UnpackParcel(bytes);
-  if (!bodies) return bodies;
-  for (ParcelBody& body : *bodies) body.shape = WithoutPlace(body.shape);
+  VANZET_TRY(auto bodies, UnpackParcel(bytes));
+  for (ParcelBody& body : bodies) body.shape = WithoutPlace(body.shape);
   return bodies;
 }
 
@@ -67,28 +66,24 @@ struct Order {
 };
 
 Result<void> Read(const Order& order) {
-  const auto shape = ReadFile(order.file);
-  if (!shape) return shape.fault();
-  return WriteParcel(*shape);
+  VANZET_TRY(const auto shape, ReadFile(order.file));
+  return WriteParcel(shape);
 }
 
 Result<void> ReadVrmlText(const Order&) {
   std::ifstream text(kParcel, std::ios::binary);
-  const auto bodies = ReadVrml(text);
-  if (!bodies) return bodies.fault();
-  return WriteParcel(*bodies);
+  VANZET_TRY(const auto bodies, ReadVrml(text));
+  return WriteParcel(bodies);
 }
 
 Result<void> StepFile(const Order& order) {
-  const auto bodies = ReadParcel();
-  if (!bodies) return bodies.fault();
-  return WriteStep(*bodies, order.file);
+  VANZET_TRY(const auto bodies, ReadParcel());
+  return WriteStep(bodies, order.file);
 }
 
 Result<void> GltfFile(const Order& order) {
-  const auto bodies = ReadParcel();
-  if (!bodies) return bodies.fault();
-  return WriteGltf(*bodies, order.file, order.tolerance);
+  VANZET_TRY(const auto bodies, ReadParcel());
+  return WriteGltf(bodies, order.file, order.tolerance);
 }
 
 struct Work {

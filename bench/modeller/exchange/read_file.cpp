@@ -81,7 +81,7 @@ Result<void> CheckStlEnd(const fs::path& file) {
 }
 
 Result<TopoDS_Shape> ReadStl(const fs::path& file) {
-  if (const auto checked = CheckStlEnd(file); !checked) return checked.fault();
+  VANZET_DO(CheckStlEnd(file));
   const Handle(Message_ProgressIndicator) teller = new ProgressTeller(0, 1);
   const auto triangulation = RWStl::ReadFile(file.c_str(), teller->Start());
   if (triangulation.IsNull()) return Fault{"is no STL file that can be read" + FirstComplaint()};
@@ -130,12 +130,11 @@ Result<TopoDS_Shape> ReadFile(const fs::path& file) {
   if (!std::ifstream(file)) return Fault{"cannot be read"};
   for (const Reader& reader : kReaders) {
     if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
-    auto shape = reader.read(file);
-    if (!shape) return shape;
-    if (shape->IsNull() || !TopExp_Explorer(*shape, TopAbs_FACE).More()) {
+    VANZET_TRY(auto shape, reader.read(file));
+    if (shape.IsNull() || !TopExp_Explorer(shape, TopAbs_FACE).More()) {
       return Fault{"holds no body" + FirstComplaint()};
     }
-    if (const auto checked = CheckReach(*shape); !checked) return checked.fault();
+    VANZET_DO(CheckReach(shape));
     return shape;
   }
   return Fault{"does not end with .step, .stp, .stl or .brep"};

@@ -52,7 +52,7 @@ class Collector {
       const Handle(VrmlData_Node)& node = nodes.Value();
       if (node.IsNull()) continue;
       const std::string own = node->Name();
-      if (const auto added = AddNode(node, place, own.empty() ? name : own); !added) return added;
+      VANZET_DO(AddNode(node, place, own.empty() ? name : own));
     }
     return {};
   }
@@ -69,8 +69,8 @@ class Collector {
     const auto facets = Handle(VrmlData_IndexedFaceSet)::DownCast(shape->Geometry());
     if (facets.IsNull() || facets->Coordinates().IsNull()) return {};
     Mesh mesh;
-    if (const auto added = AddPoints(*facets->Coordinates(), place, mesh); !added) return added;
-    if (const auto added = AddFaces(*facets, mesh); !added) return added;
+    VANZET_DO(AddPoints(*facets->Coordinates(), place, mesh));
+    VANZET_DO(AddFaces(*facets, mesh));
     if (!mesh.triangles.empty()) bodies_.push_back({name, {}, FaceOf(mesh)});
     return {};
   }
@@ -87,7 +87,7 @@ Result<std::vector<ParcelBody>> ReadVrml(std::istream& text) {
     return Fault{"is no VRML text that can be read: line " + std::to_string(scene.GetLineError())};
   }
   Collector collector;
-  if (const auto added = collector.Add(scene.GetIterator(), gp_Trsf(), ""); !added) return added.fault();
+  VANZET_DO(collector.Add(scene.GetIterator(), gp_Trsf(), ""));
   return collector.Take();
 }
 
