@@ -10,7 +10,6 @@
 #include "drawing/figure_folder.h"
 #include "drawing/picks.h"
 #include "language/interpreter.h"
-#include "language/workplace.h"
 #include "modeller/body_table.h"
 #include "modeller/exchange.h"
 #include "modeller/mesh.h"

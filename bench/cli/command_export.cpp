@@ -5,7 +5,6 @@
 #include "cli/commands.h"
 #include "cli/progress_line.h"
 #include "results/equipment.h"
-#include "results/equipment_files.h"
 
 namespace vanzet::cli {
 namespace {

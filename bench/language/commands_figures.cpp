@@ -1,7 +1,7 @@
 #include "language/commands.h"
 
-/// Figures and layers: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch 'L', lay del
-/// L.
+/// Figures, layers and windows: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch 'L',
+/// lay del L, win 0, ori, mct turning, red -1.
 namespace vanzet::language {
 namespace {
 
@@ -47,6 +47,24 @@ Result<void> LayerChange(const Operands& operands, Surroundings& surroundings) {
 
 Result<void> LayerDelete(const Operands& operands, Surroundings& surroundings) {
   return operands[0].Told(surroundings.board.DeleteLayer(operands[0].text));
+}
+
+Result<void> SelectWindow(const Operands& operands, Surroundings& surroundings) {
+  const std::int32_t number = operands[0].number;
+  if (number != 0 && number != 1) return operands[0].At("there are the windows 0 and 1 only");
+  surroundings.board.window = number == 0 ? drawing::Window::kConstruction : drawing::Window::kDisplay;
+  return {};
+}
+
+Result<void> BeginDrawing(const Operands&, Surroundings&) {
+  // Every drawing is one of turning, about the origin; diameters are drawn as they are sent.
+  return {};
+}
+
+Result<void> Refresh(const Operands& operands, Surroundings& surroundings) {
+  if (operands[0].number != -1) return operands[0].At("expected -1, for all that is shown");
+  // Whoever looks at the drawing looks at its file.
+  return surroundings.board.Save();
 }
 
 }  // namespace vanzet::language

@@ -1,7 +1,8 @@
 #include "language/commands.h"
+#include "vdm/vdm_file.h"
 
-/// The project's environment and settings: env 'KEY' $_x, file e '' $_project 'KEY' $_x,
-/// file a '' $_project 'KEY' 'value'.
+/// The project's environment, settings and VDMs: env 'KEY' $_x, file e '' $_project 'KEY' $_x,
+/// file a '' $_project 'KEY' 'value', vdm save 'file' i_ret i_billet_vdm, vdm load 'file' i_ret 1000.
 namespace vanzet::language {
 namespace {
 
@@ -9,6 +10,42 @@ namespace {
 Result<void> CheckProject(const Operands& operands) {
   if (operands[0].text.empty()) return {};
   return operands[0].At("expected an empty text: there is no file but the project's own");
+}
+
+constexpr std::int32_t kDone = 0;
+constexpr std::int32_t kFailed = -1;
+
+/// The operands of both `vdm` commands: '{file}' {status variable} {VDM}.
+struct Request {
+  const std::string& file;
+  const std::string& status;
+  std::int32_t vdm;
+
+  explicit Request(const Operands& operands)
+      : file(operands[0].text), status(operands[1].text), vdm(operands[2].number) {}
+};
+
+/// Sets the status variable to what became of the work, and gives the work's fault on.
+Result<void> Report(const Result<void>& work, const std::string& status, project::Variables& variables) {
+  VANZET_DO(variables.Set(status, work ? kDone : kFailed));
+  return work;
+}
+
+Result<void> Save(const Request& request, Surroundings& surroundings) {
+  VANZET_TRY(const auto content, surroundings.store.Snapshot(request.vdm));
+  const auto file = surroundings.paths.Resolve(request.file);
+  VANZET_DO(surroundings.store.CheckTarget(file));
+  return vdm::WriteVdmFile(file, content);
+}
+
+Result<void> Load(const Request& request, Surroundings& surroundings) {
+  const auto content = vdm::ReadVdmFile(surroundings.paths.Resolve(request.file));
+  const Result<void> kept =
+      content ? surroundings.store.Replace(request.vdm, *content) : Result<void>(content.fault());
+  if (kept) return kept;
+  // A load that fails leaves no VDM under the number: who loads has given the old content up.
+  const auto removed = surroundings.store.Delete(request.vdm);
+  return removed ? kept : removed;
 }
 
 }  // namespace
@@ -26,6 +63,16 @@ Result<void> FileRead(const Operands& operands, Surroundings& surroundings) {
 Result<void> FileStore(const Operands& operands, Surroundings& surroundings) {
   VANZET_DO(CheckProject(operands));
   return operands[2].Told(surroundings.workplace.SetSetting(operands[2].text, operands[3].text));
+}
+
+Result<void> VdmSave(const Operands& operands, Surroundings& surroundings) {
+  const Request request(operands);
+  return Report(Save(request, surroundings), request.status, surroundings.variables);
+}
+
+Result<void> VdmLoad(const Operands& operands, Surroundings& surroundings) {
+  const Request request(operands);
+  return Report(Load(request, surroundings), request.status, surroundings.variables);
 }
 
 }  // namespace vanzet::language

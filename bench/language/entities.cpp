@@ -50,6 +50,14 @@ Result<geometry::Point> PointOf(CommandLine& line, Surroundings& surroundings) {
   });
 }
 
+Result<geometry::Point> ReadCoordinates(CommandLine& line) {
+  if (!line.TakeMark("X")) return line.Expected("'X' and a number");
+  VANZET_TRY(const auto x, line.WholeNumber("a number behind 'X'"));
+  if (!line.TakeMark("Y")) return line.Expected("'Y' and a number");
+  VANZET_TRY(const auto y, line.WholeNumber("a number behind 'Y'"));
+  return geometry::Point(x, y);
+}
+
 Result<void> AtStart(const CommandLine& line, const Result<void>& done) {
   if (done || !done.fault().file.empty()) return done;
   return Fault{done.fault().text, "", 0, done.fault().column > 0 ? done.fault().column : line.firstColumn()};

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <filesystem>
+
+#include "modeller/export.h"
 #include "project/project.h"
 #include "scene/scene.h"
 
@@ -14,5 +17,10 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
 /// The same; a fault as well when the definition holds none.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange);
+
+/// Writes the equipment into a folder, which is made when it is not there: a file with all bodies, and one
+/// for each. Files of the same names are replaced.
+Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat format,
+                            const std::filesystem::path& folder, const modeller::Exchange& exchange);
 
 }  // namespace vanzet::results

@@ -4,7 +4,7 @@
 
 #include "base/letter_case.h"
 #include "drawing/picture.h"
-#include "results/equipment_files.h"
+#include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
 #include "vdm/file_replacement.h"

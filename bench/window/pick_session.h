@@ -3,7 +3,7 @@
 #include <QEventLoop>
 #include <functional>
 
-#include "drawing/pick_source.h"
+#include "drawing/picks.h"
 #include "window/choice_dock.h"
 #include "window/drawing_view.h"
 #include "window/equipment_view.h"
