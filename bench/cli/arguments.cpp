@@ -1,26 +1,56 @@
 #include "cli/arguments.h"
 
-#include <CLI/CLI.hpp>
-
+#include "base/number_text.h"
 #include "base/numbers.h"
+#include "base/quote.h"
 #include "cli/context.h"
 
 namespace vanzet::cli {
 
-std::int32_t NumberOf(const std::string& name, const std::string& word) {
+std::int32_t IntegerOf(const std::string& name, const std::string& word, std::int32_t least,
+                       std::int32_t most) {
   const auto number = WholeInteger(word);
-  if (!number || *number < 0)
-    throw CLI::ValidationError(name, "expected a number from 0 to 2147483647, found '" + word + "'");
-  return *number;
+  if (number && *number >= least && *number <= most) return *number;
+  throw WrongUsage{name, "expected a number from " + std::to_string(least) + " to " + std::to_string(most) +
+                             ", found '" + word + "'"};
+}
+
+std::int32_t NumberOf(const std::string& name, const std::string& word) {
+  return IntegerOf(name, word, 0, std::numeric_limits<std::int32_t>::max());
+}
+
+double RealOf(const std::string& name, const std::string& word, double least, double most) {
+  const auto number = WholeReal(word);
+  if (!number) throw WrongUsage{name, "expected a number, found " + Quoted(word)};
+  if (*number >= least && *number <= most) return *number;
+  throw WrongUsage{name, "expected a number from " + NumberText(least) + " to " + NumberText(most) +
+                             ", found " + Quoted(word)};
 }
 
 std::string FileOf(const std::string& name, const std::string& word) {
-  if (word.empty()) throw CLI::ValidationError(name, "expected the name of a file, found ''");
+  if (word.empty()) throw WrongUsage{name, "expected the name of a file, found ''"};
   return word;
 }
 
-void AddKeepTmp(CLI::App& command, Context& context) {
-  command.add_flag("--keep-tmp", context.keepsTmp, "leave the files of this run in the project's tmp folder");
+TakeWord StoreText(std::string& text) {
+  return [&text](const std::string&, const std::string& word) { text = word; };
+}
+
+TakeWord StoreFile(std::string& file) {
+  return [&file](const std::string& name, const std::string& word) { file = FileOf(name, word); };
+}
+
+void AddProject(Command& command, std::string& project) {
+  command.AddOperand("PROJECT", "the project's folder", StoreText(project));
+}
+
+void AddKeepTmp(Command& command, Context& context) {
+  command.AddFlag("--keep-tmp", "leave the files of this run in the project's tmp folder", context.keepsTmp);
+}
+
+void AddTrace(Command& command, std::string& file) {
+  command.AddOption("--trace", "FILE", "write each call of the module to this file, a JSON line each",
+                    StoreFile(file));
 }
 
 }  // namespace vanzet::cli

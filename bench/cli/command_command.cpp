@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <iostream>
 
 #include "cli/arguments.h"
@@ -36,7 +35,7 @@ Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Co
   return Fault{std::to_string(failed) + " of " + Counted(lines.size(), "line") + " failed"};
 }
 
-Result<void> Command(const Arguments& arguments, Context& context) {
+Result<void> RunCommand(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitProject(arguments.words);
   const auto hosted = HostProject(operands.project, "", context);
   if (!hosted) return hosted.fault();
@@ -54,21 +53,17 @@ Result<void> Command(const Arguments& arguments, Context& context) {
 
 }  // namespace
 
-void AddCommand(CLI::App& app, Context& context) {
+void AddCommand(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand(
+  Command& command = vanzet.AddCommand(
       "command", "Runs lines of the macro language, one an argument, or from standard input for '-'.");
-  command->add_option("[PROJECT] LINE...", arguments->words)->required();
-  command
-      ->add_option_function<std::string>(
-          "--picks", [=](const std::string& word) { arguments->picks = FileOf("--picks", word); },
-          "what the lines ask for with the mouse, a pick a line")
-      ->type_name("FILE");
-  AddKeepTmp(*command, context);
-  command->footer(
-      "Example:\n  vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"\n"
-      "  vanzet command lathe - <billet.txt");
-  command->callback([=, &context] { context.run = [=, &context] { return Command(*arguments, context); }; });
+  command.AddOperands("[PROJECT] LINE...", "", arguments->words).Required();
+  command.AddOption("--picks", "FILE", "what the lines ask for with the mouse, a pick a line",
+                    StoreFile(arguments->picks));
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"",
+                      "vanzet command lathe - <billet.txt"};
+  command.work = [=, &context] { return RunCommand(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

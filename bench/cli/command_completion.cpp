@@ -1,7 +1,7 @@
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <map>
 
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 
@@ -12,16 +12,18 @@ namespace {
 /// that a shell that takes the first that fits takes "vdm save" before "vdm".
 using Choices = std::map<std::string, std::string, std::greater<>>;
 
-void Collect(const CLI::App& app, const std::string& words, Choices& choices) {
-  std::string& here = choices[words];
-  for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
-    const std::string& name = command->get_name();
-    here.append(here.empty() ? "" : " ").append(name);
-    Collect(*command, words.empty() ? name : words + " " + name, choices);
+void Collect(const Command& command, const std::string& words, Choices& choices) {
+  std::string here;
+  for (const Command& each : command.commands) {
+    here += each.name + " ";
+    Collect(each, words.empty() ? each.name : words + " " + each.name, choices);
   }
-  for (const CLI::Option* const option : app.get_options()) {
-    for (const std::string& name : option->get_lnames()) here += (here.empty() ? "--" : " --") + name;
+  here += kHelpOption;
+  for (const Parameter& parameter : command.parameters) {
+    const std::size_t dashes = parameter.name.find("--");
+    if (dashes != std::string::npos) here += " " + parameter.name.substr(dashes);
   }
+  choices[words] = here;
 }
 
 /// The cases of a shell's `case` over the words before the one that is completed; each sets `variable`.
@@ -64,18 +66,17 @@ std::string Zsh(const Choices& choices) {
 
 }  // namespace
 
-void AddCompletion(CLI::App& app, Context& context) {
+void AddCompletion(Command& vanzet, Context&) {
   const auto shell = std::make_shared<std::string>();
-  CLI::App* const command = app.add_subcommand("completion", "Prints the completion of a shell.");
-  command->add_option("SHELL", *shell, "bash or zsh")->required()->check(CLI::IsMember({"bash", "zsh"}));
-  command->footer("Example:\n  source <(vanzet completion bash)");
-  command->callback([=, &app, &context] {
-    context.run = [=, &app] {
-      Choices choices;
-      Collect(app, "", choices);
-      return Print(*shell == "bash" ? Bash(choices) : Zsh(choices));
-    };
-  });
+  Command& command = vanzet.AddCommand("completion", "Prints the completion of a shell.");
+  command.AddOperand("SHELL", "bash or zsh", StoreText(*shell)).Required().OneOf({"bash", "zsh"});
+  command.examples = {"source <(vanzet completion bash)"};
+  command.work = [=, &vanzet] {
+    Choices choices;
+    Collect(vanzet, "", choices);
+    choices[""].append(" ").append(kVersionOption);
+    return Print(*shell == "bash" ? Bash(choices) : Zsh(choices));
+  };
 }
 
 }  // namespace vanzet::cli

@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "cli/commands.h"
 #include "cli/contour_operations.h"
 #include "contour/library.h"
@@ -64,43 +62,38 @@ constexpr Row kRows[] = {
 };
 // clang-format on
 
-constexpr const char* kFooter =
+constexpr const char* kNotes =
     "FILE holds contours in the text form, or is a drawing when its name ends with .dxf, or XML of the "
     "geometry\n"
     "library when it ends with .xml. Without FILE, or for '-', contour text is read from standard input. "
     "All\n"
     "lengths are millimetres, angles degrees.\n"
-    "A number that begins with a point and is negative is written with its zero: -0.5.\n\n"
-    "Example:\n  ";
+    "A number that begins with a point and is negative is written with its zero: -0.5.";
 
-void AddOperation(CLI::App& contour, const Row& row, Context& context) {
+void AddOperation(Command& contour, const Row& row) {
   const auto arguments = std::make_shared<ContourArguments>();
-  CLI::App* const command = contour.add_subcommand(row.name, row.help);
+  Command& command = contour.AddCommand(row.name, row.help);
   const std::size_t least = row.numbers + (row.files == 2 ? 2 : 0);
-  CLI::Option* const words = command->add_option(row.operands, arguments->words);
-  words->required(least > 0)->expected(static_cast<int>(least), static_cast<int>(row.numbers + row.files));
-  AddContourOptions(*command, *arguments, row.options);
-  if ((row.options & kSteps) != 0) AddContourSteps(*command);
-  command->footer(std::string(kFooter) + row.example);
-  command->callback([=, &row, &context] {
-    SplitContourWords(*arguments, row.files, row.numbers);
-    if ((row.options & kSteps) != 0) TakeContourSteps(*command, arguments->matrix);
-    context.run = [=, &row] {
-      contour::UseMillimetres();
-      const auto done = contour::Guarded([&] { return row.run(*arguments); });
-      return done ? *done : done.fault();
-    };
-  });
+  Parameter& words = command.AddOperands(row.operands, "", arguments->words);
+  words.Count(static_cast<int>(least), static_cast<int>(row.numbers + row.files)).isRequired = least > 0;
+  AddContourOptions(command, *arguments, row.options);
+  command.notes = kNotes;
+  command.examples = {row.example};
+  command.check = [=, &row] { SplitContourWords(*arguments, row.files, row.numbers); };
+  command.work = [=, &row]() -> Result<void> {
+    contour::UseMillimetres();
+    const auto done = contour::Guarded([&] { return row.run(*arguments); });
+    return done ? *done : done.fault();
+  };
 }
 
 }  // namespace
 
-void AddContour(CLI::App& app, Context& context) {
-  CLI::App* const contour =
-      app.add_subcommand("contour", "Asks, changes and draws contours of lines and arcs.");
-  contour->require_subcommand(1);
-  contour->footer(std::string(kFooter) + "vanzet contour info slot.txt --svg slot.svg --numbers");
-  for (const Row& row : kRows) AddOperation(*contour, row, context);
+void AddContour(Command& vanzet, Context&) {
+  Command& contour = vanzet.AddCommand("contour", "Asks, changes and draws contours of lines and arcs.");
+  contour.notes = kNotes;
+  contour.examples = {"vanzet contour info slot.txt --svg slot.svg --numbers"};
+  for (const Row& row : kRows) AddOperation(contour, row);
 }
 
 }  // namespace vanzet::cli

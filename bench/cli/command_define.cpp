@@ -1,8 +1,9 @@
-#include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <sstream>
+
+#include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -188,27 +189,20 @@ Result<void> Define(const Arguments& arguments, Context& context) {
 
 }  // namespace
 
-void AddDefine(CLI::App& app, Context& context) {
+void AddDefine(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("define", "Defines equipment from a form of data, through the dialog.");
-  command->add_option("FILE [PROJECT]", arguments->words, "the form, .json; - is standard input")
-      ->required()
-      ->expected(1, 2);
-  command->add_flag("--dry-run", arguments->isDryRun,
-                    "only check, and print the script that would be played");
-  const auto addFile = [&](const char* name, std::string Arguments::*file, const char* help) {
-    command
-        ->add_option_function<std::string>(
-            name, [=](const std::string& word) { (*arguments).*file = FileOf(name, word); }, help)
-        ->type_name("FILE");
-  };
-  addFile("--transcript", &Arguments::transcript, "write what happens in the dialog to this file");
-  addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
-  AddKeepTmp(*command, context);
-  command->footer(
-      "Example:\n  vanzet define bar-job.json lathe\n  vanzet show lathe --json | vanzet define - other");
-  command->callback([=, &context] { context.run = [=, &context] { return Define(*arguments, context); }; });
+  Command& command =
+      vanzet.AddCommand("define", "Defines equipment from a form of data, through the dialog.");
+  command.AddOperands("FILE [PROJECT]", "the form, .json; - is standard input", arguments->words)
+      .Required()
+      .Count(1, 2);
+  command.AddFlag("--dry-run", "only check, and print the script that would be played", arguments->isDryRun);
+  command.AddOption("--transcript", "FILE", "write what happens in the dialog to this file",
+                    StoreFile(arguments->transcript));
+  AddTrace(command, arguments->trace);
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other"};
+  command.work = [=, &context] { return Define(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,7 +1,6 @@
-#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
-#include "base/numbers.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -63,12 +62,6 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
                    NumberText(face, kDigits) + " mm; '--face' tells where it is, and " +
                    "'--looking' where it looks to",
                arguments.body};
-}
-
-double LengthOf(const std::string& name, const std::string& word) {
-  const auto value = WholeReal(word);
-  if (value) return *value;
-  throw CLI::ValidationError(name, "expected a number, found '" + word + "'");
 }
 
 /// The one contour of a file.
@@ -152,76 +145,56 @@ Result<void> Show(const std::string& file, bool isJson) {
   return Print(text);
 }
 
-void AddDeviceMake(CLI::App& device, Context& context) {
+void AddDeviceMake(Command& device) {
   const auto arguments = std::make_shared<MakeArguments>();
-  CLI::App* const command = device.add_subcommand("make", "Makes an own device of a model.");
-  command->add_option("--class", arguments->deviceClass, "chuck (all that a spindle holds), jaw or center")
-      ->required()
-      ->check(CLI::IsMember({"chuck", "jaw", "center"}))
-      ->type_name("CLASS");
-  struct File {
-    const char* name;
-    std::string MakeArguments::*value;
-    const char* help;
-  };
-  for (const auto& [name, value, help] :
-       {File{"--body", &MakeArguments::body, "the model: .step, .stl or .brep"},
-        File{"--outline", &MakeArguments::outline, "the outline for the simulation: a contour, or .dxf"},
-        File{"-o,--out", &MakeArguments::out, "the device, .vdm"}}) {
-    command
-        ->add_option_function<std::string>(
-            name, [=](const std::string& word) { (*arguments).*value = FileOf(name, word); }, help)
-        ->required()
-        ->type_name("FILE");
-  }
-  for (const auto& [name, value, help] :
-       {std::tuple{"--first", &MakeArguments::first,
-                   "how far behind its face a chuck is held, in millimetres"},
-        std::tuple{"--second", &MakeArguments::second, "the same of a center"}}) {
-    command
-        ->add_option_function<std::string>(
-            name, [=](const std::string& word) { (*arguments).*value = LengthOf(name, word); }, help)
-        ->type_name("MM");
-  }
+  Command& command = device.AddCommand("make", "Makes an own device of a model.");
   command
-      ->add_option_function<std::string>(
-          "--face", [=](const std::string& word) { arguments->face = LengthOf("--face", word); },
-          "where the working face is in the model, or a jaw's foot, in the direction that it looks to; "
-          "without it "
-          "the model has to end at 0")
-      ->type_name("MM");
+      .AddOption("--class", "CLASS", "chuck (all that a spindle holds), jaw or center",
+                 StoreText(arguments->deviceClass))
+      .Required()
+      .OneOf({"chuck", "jaw", "center"});
+  command.AddOption("--body", "FILE", "the model: .step, .stl or .brep", StoreFile(arguments->body))
+      .Required();
   command
-      ->add_option("--looking", arguments->looking,
-                   "where the working face looks to in the model; without it x")
-      ->check(CLI::IsMember({"x", "-x", "y", "-y", "z", "-z"}))
-      ->type_name("AXIS");
-  command->footer(
-      "Example:\n  vanzet device make --class chuck --body maker.step --outline outline.txt --first 80 -o "
-      "chuck.vdm");
-  command->callback([=, &context] { context.run = [=] { return Make(*arguments); }; });
+      .AddOption("--outline", "FILE", "the outline for the simulation: a contour, or .dxf",
+                 StoreFile(arguments->outline))
+      .Required();
+  command.AddOption("-o,--out", "FILE", "the device, .vdm", StoreFile(arguments->out)).Required();
+  command.AddOption("--first", "MM", "how far behind its face a chuck is held, in millimetres",
+                    StoreReal(arguments->first));
+  command.AddOption("--second", "MM", "the same of a center", StoreReal(arguments->second));
+  command.AddOption("--face", "MM",
+                    "where the working face is in the model, or a jaw's foot, in the direction that it looks "
+                    "to; without it the model has to end at 0",
+                    StoreReal(arguments->face));
+  command
+      .AddOption("--looking", "AXIS", "where the working face looks to in the model; without it x",
+                 StoreText(arguments->looking))
+      .OneOf({"x", "-x", "y", "-y", "z", "-z"});
+  command.examples = {
+      "vanzet device make --class chuck --body maker.step --outline outline.txt --first 80 -o chuck.vdm"};
+  command.work = [=] { return Make(*arguments); };
 }
 
-void AddDeviceShow(CLI::App& device, Context& context) {
+void AddDeviceShow(Command& device) {
   struct Arguments {
     std::string file;
     bool isJson = false;
   };
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = device.add_subcommand("show", "Shows what an own device holds.");
-  command->add_option("FILE", arguments->file, "the device, .vdm")->required();
-  command->add_flag("--json", arguments->isJson, "for programs");
-  command->footer("Example:\n  vanzet device show chuck.vdm");
-  command->callback(
-      [=, &context] { context.run = [=] { return Show(arguments->file, arguments->isJson); }; });
+  Command& command = device.AddCommand("show", "Shows what an own device holds.");
+  command.AddOperand("FILE", "the device, .vdm", StoreText(arguments->file)).Required();
+  command.AddFlag("--json", "for programs", arguments->isJson);
+  command.examples = {"vanzet device show chuck.vdm"};
+  command.work = [=] { return Show(arguments->file, arguments->isJson); };
 }
 
 }  // namespace
 
-void AddDevice(CLI::App& app, Context& context) {
-  CLI::App* const command = app.add_subcommand("device", "Own devices: models that the dialog can select.");
-  command->require_subcommand(1);
-  AddDeviceMake(*command, context);
-  AddDeviceShow(*command, context);
+void AddDevice(Command& vanzet, Context&) {
+  Command& device = vanzet.AddCommand("device", "Own devices: models that the dialog can select.");
+  AddDeviceMake(device);
+  AddDeviceShow(device);
 }
 
 }  // namespace vanzet::cli

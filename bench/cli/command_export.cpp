@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -28,28 +26,21 @@ Result<void> ExportEquipment(const Arguments& arguments, const Context& context)
 
 }  // namespace
 
-void AddExport(CLI::App& app, Context& context) {
+void AddExport(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("export", "Writes the equipment of a spur as 3D files.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
+  Command& command = vanzet.AddCommand("export", "Writes the equipment of a spur as 3D files.");
+  AddProject(command, arguments->project);
   command
-      ->add_option_function<std::string>(
-          "--out", [=](const std::string& word) { arguments->out = FileOf("--out", word); },
-          "the folder for the files; it is made when it is not there")
-      ->required()
-      ->type_name("DIR");
-  command->add_option("--format", arguments->format, "the files' format")
-      ->required()
-      ->check(CLI::IsMember({"wrl", "stl", "step", "gltf"}))
-      ->type_name("FORMAT");
-  command
-      ->add_option_function<std::string>(
-          "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
-          "of this spur, counted from 0; without it the first")
-      ->type_name("N");
-  command->footer("Example:\n  vanzet export lathe --out models --format step");
-  command->callback(
-      [=, &context] { context.run = [=, &context] { return ExportEquipment(*arguments, context); }; });
+      .AddOption("--out", "DIR", "the folder for the files; it is made when it is not there",
+                 StoreFile(arguments->out))
+      .Required();
+  command.AddOption("--format", "FORMAT", "the files' format", StoreText(arguments->format))
+      .Required()
+      .OneOf({"wrl", "stl", "step", "gltf"});
+  command.AddOption("--spur", "N", "of this spur, counted from 0; without it the first",
+                    StoreNumber(arguments->spur));
+  command.examples = {"vanzet export lathe --out models --format step"};
+  command.work = [=, &context] { return ExportEquipment(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,5 +1,6 @@
-#include <CLI/CLI.hpp>
 #include <optional>
+
+#include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -51,19 +52,16 @@ Result<void> Items(const Arguments& arguments, const Context& context) {
 
 }  // namespace
 
-void AddItems(CLI::App& app, Context& context) {
+void AddItems(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand(
+  Command& command = vanzet.AddCommand(
       "items", "Prints the raw records of a VDM: a line an item, record.item, a tab, and the text.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
-  command
-      ->add_option_function<std::string>(
-          "--vdm", [=](const std::string& word) { arguments->vdm = NumberOf("--vdm", word); },
-          "the VDM; without it the definition of spur 0")
-      ->type_name("N");
-  command->add_flag("--json", arguments->json, "for programs");
-  command->footer("Example:\n  vanzet items lathe --vdm 1001 | grep Billet");
-  command->callback([=, &context] { context.run = [=, &context] { return Items(*arguments, context); }; });
+  AddProject(command, arguments->project);
+  command.AddOption("--vdm", "N", "the VDM; without it the definition of spur 0",
+                    StoreNumber(arguments->vdm));
+  command.AddFlag("--json", "for programs", arguments->json);
+  command.examples = {"vanzet items lathe --vdm 1001 | grep Billet"};
+  command.work = [=, &context] { return Items(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,5 +1,4 @@
-#include <CLI/CLI.hpp>
-
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "project/sample.h"
@@ -20,15 +19,14 @@ Result<void> New(const Arguments& arguments, const Context& context) {
 
 }  // namespace
 
-void AddNew(CLI::App& app, Context& context) {
+void AddNew(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("new", "Makes a project folder that works at once.");
-  command->add_option("DIR", arguments->folder, "the folder to make")->required();
-  command->add_option("--sample", arguments->sample, "the sample to begin with")
-      ->type_name("NAME")
-      ->capture_default_str();
-  command->footer("Example:\n  vanzet new lathe --sample mill-turn");
-  command->callback([=, &context] { context.run = [=, &context] { return New(*arguments, context); }; });
+  Command& command = vanzet.AddCommand("new", "Makes a project folder that works at once.");
+  command.AddOperand("DIR", "the folder to make", StoreText(arguments->folder)).Required();
+  command.AddOption("--sample", "NAME", "the sample to begin with", StoreText(arguments->sample))
+      .Default(arguments->sample);
+  command.examples = {"vanzet new lathe --sample mill-turn"};
+  command.work = [=, &context] { return New(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

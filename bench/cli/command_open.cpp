@@ -1,10 +1,10 @@
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 
+#include "cli/arguments.h"
 #include "cli/commands.h"
 #include "vdm/system_reason.h"
 
@@ -41,13 +41,13 @@ Result<void> Open(const Arguments& arguments, const Context& context) {
 
 }  // namespace
 
-void AddOpen(CLI::App& app, Context& context) {
+void AddOpen(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("open", "Opens the project in the workbench's window.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
-  command->add_flag("--dialog", arguments->hasDialog, "with the equipment dialog in front");
-  command->footer("Example:\n  vanzet open lathe --dialog");
-  command->callback([=, &context] { context.run = [=, &context] { return Open(*arguments, context); }; });
+  Command& command = vanzet.AddCommand("open", "Opens the project in the workbench's window.");
+  AddProject(command, arguments->project);
+  command.AddFlag("--dialog", "with the equipment dialog in front", arguments->hasDialog);
+  command.examples = {"vanzet open lathe --dialog"};
+  command.work = [=, &context] { return Open(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

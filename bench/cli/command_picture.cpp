@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
@@ -29,15 +27,14 @@ bool IsPng(const std::string& file) {
   const std::string ending = std::filesystem::path(file).extension().string();
   if (EqualWithoutCase(ending, ".png")) return true;
   if (EqualWithoutCase(ending, ".svg")) return false;
-  throw CLI::ValidationError("--out", "expected a file that ends with .svg or .png, found '" + file + "'");
+  throw WrongUsage{"--out", "expected a file that ends with .svg or .png, found '" + file + "'"};
 }
 
 int SizeOf(const std::string& name, const std::string& word) {
   const std::int32_t size = NumberOf(name, word);
   if (size >= drawing::kSmallestPicture && size <= drawing::kLargestPicture) return size;
-  throw CLI::ValidationError(name, "expected a size from " + std::to_string(drawing::kSmallestPicture) +
-                                       " to " + std::to_string(drawing::kLargestPicture) + ", found '" +
-                                       word + "'");
+  throw WrongUsage{name, "expected a size from " + std::to_string(drawing::kSmallestPicture) + " to " +
+                             std::to_string(drawing::kLargestPicture) + ", found '" + word + "'"};
 }
 
 Result<std::string> Draw(const Arguments& arguments, const project::Project& project) {
@@ -76,68 +73,56 @@ Result<void> Picture(const Arguments& arguments, const Context& context) {
   return replacement->Commit();
 }
 
-void AddEquipmentOptions(CLI::App& command, const std::shared_ptr<Arguments>& arguments) {
-  std::vector<std::string> words(scene::ViewWords().begin(), scene::ViewWords().end());
+void AddDrawingOptions(Command& command, drawing::PictureOptions& options) {
   command
-      .add_option_function<std::string>(
-          "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
-          "equipment: of this spur, counted from 0; without it the first")
-      ->type_name("N");
+      .AddOption("--window", "WINDOW", "drawing: which window; without it display",
+                 [&](const std::string&, const std::string& word) {
+                   options.window =
+                       word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
+                 })
+      .OneOf({"display", "construction"});
+  command.AddOption("--layers", "NAME,...", "these layers alone, with commas between them", options.layers)
+      .SeparatedBy(',');
+  for (const auto& [name, size] : {std::pair{"--width", &options.width}, {"--height", &options.height}}) {
+    command.AddOption(
+        name, "N", "of the picture, in pixels",
+        [size = size](const std::string& option, const std::string& word) { *size = SizeOf(option, word); });
+  }
+}
+
+void AddEquipmentOptions(Command& command, Arguments& arguments) {
+  command.AddOption("--spur", "N", "equipment: of this spur, counted from 0; without it the first",
+                    StoreNumber(arguments.spur));
   command
-      .add_option_function<std::string>(
-          "--camera", [=](const std::string& word) { arguments->equipment.view = *scene::ViewNamed(word); },
-          "equipment: seen from; without it iso")
-      ->check(CLI::IsMember(std::move(words)))
-      ->type_name("VIEW");
-  command.add_flag("--perspective", arguments->equipment.isPerspective, "equipment: as the eye sees it");
-  command.add_flag("--section", arguments->equipment.isSection, "equipment: cut open in the drawing's plane");
+      .AddOption("--camera", "VIEW", "equipment: seen from; without it iso",
+                 [&](const std::string&, const std::string& word) {
+                   arguments.equipment.view = *scene::ViewNamed(word);
+                 })
+      .OneOf({scene::ViewWords().begin(), scene::ViewWords().end()});
+  command.AddFlag("--perspective", "equipment: as the eye sees it", arguments.equipment.isPerspective);
+  command.AddFlag("--section", "equipment: cut open in the drawing's plane", arguments.equipment.isSection);
 }
 
 }  // namespace
 
-void AddPicture(CLI::App& app, Context& context) {
+void AddPicture(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("picture", "Draws what the project's window would show.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
+  Command& command = vanzet.AddCommand("picture", "Draws what the project's window would show.");
+  AddProject(command, arguments->project);
   command
-      ->add_option_function<std::string>(
-          "--out",
-          [=](const std::string& word) {
-            arguments->out = FileOf("--out", word);
-            IsPng(word);
-          },
-          "the picture, .svg or .png")
-      ->required()
-      ->type_name("FILE");
-  command->add_option("--view", arguments->view, "what is to be seen; without it drawing")
-      ->check(CLI::IsMember({"drawing", "equipment"}))
-      ->type_name("VIEW");
-  command
-      ->add_option_function<std::string>(
-          "--window",
-          [=](const std::string& word) {
-            arguments->options.window =
-                word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
-          },
-          "drawing: which window; without it display")
-      ->check(CLI::IsMember({"display", "construction"}))
-      ->type_name("WINDOW");
-  command->add_option("--layers", arguments->options.layers, "these layers alone, with commas between them")
-      ->delimiter(',')
-      ->type_name("NAME,...");
-  for (const auto& [name, size] : {std::pair{"--width", &drawing::PictureOptions::width},
-                                   {"--height", &drawing::PictureOptions::height}}) {
-    command
-        ->add_option_function<std::string>(
-            name, [=](const std::string& word) { arguments->options.*size = SizeOf(name, word); },
-            "of the picture, in pixels")
-        ->type_name("N");
-  }
-  AddEquipmentOptions(*command, arguments);
-  command->footer(
-      "Example:\n  vanzet picture lathe --out billet.svg --layers Billet_Spindel_1\n"
-      "  vanzet picture lathe --view equipment --out equipment.png --section");
-  command->callback([=, &context] { context.run = [=, &context] { return Picture(*arguments, context); }; });
+      .AddOption("--out", "FILE", "the picture, .svg or .png",
+                 [=](const std::string& name, const std::string& word) {
+                   arguments->out = FileOf(name, word);
+                   IsPng(word);
+                 })
+      .Required();
+  command.AddOption("--view", "VIEW", "what is to be seen; without it drawing", StoreText(arguments->view))
+      .OneOf({"drawing", "equipment"});
+  AddDrawingOptions(command, arguments->options);
+  AddEquipmentOptions(command, *arguments);
+  command.examples = {"vanzet picture lathe --out billet.svg --layers Billet_Spindel_1",
+                      "vanzet picture lathe --view equipment --out equipment.png --section"};
+  command.work = [=, &context] { return Picture(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

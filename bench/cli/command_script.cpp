@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -63,23 +62,19 @@ Result<void> Script(const Arguments& arguments, Context& context) {
 
 }  // namespace
 
-void AddScript(CLI::App& app, Context& context) {
+void AddScript(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand(
+  Command& command = vanzet.AddCommand(
       "script", "Plays a script through the equipment dialog, without a display, and tells what happened.");
-  command->add_option("[PROJECT] FILE", arguments->words)->required()->expected(1, 2);
-  const auto addFile = [&](const char* name, std::string Arguments::*file, const char* help) {
-    command
-        ->add_option_function<std::string>(
-            name, [=](const std::string& word) { (*arguments).*file = FileOf(name, word); }, help)
-        ->type_name("FILE");
-  };
-  addFile("--picks", &Arguments::picks, "what the dialog asks for with the mouse, a pick a line");
-  addFile("--transcript", &Arguments::transcript, "write what happens to this file, not to standard output");
-  addFile("--trace", &Arguments::trace, "write each call of the module to this file, a JSON line each");
-  AddKeepTmp(*command, context);
-  command->footer("Example:\n  vanzet script lathe bar-job.txt --transcript bar-job.jsonl");
-  command->callback([=, &context] { context.run = [=, &context] { return Script(*arguments, context); }; });
+  command.AddOperands("[PROJECT] FILE", "", arguments->words).Required().Count(1, 2);
+  command.AddOption("--picks", "FILE", "what the dialog asks for with the mouse, a pick a line",
+                    StoreFile(arguments->picks));
+  command.AddOption("--transcript", "FILE", "write what happens to this file, not to standard output",
+                    StoreFile(arguments->transcript));
+  AddTrace(command, arguments->trace);
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl"};
+  command.work = [=, &context] { return Script(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,6 +1,7 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <optional>
+
+#include <nlohmann/json.hpp>
 
 #include "base/one_line.h"
 #include "cli/arguments.h"
@@ -99,18 +100,14 @@ Result<void> Show(const Arguments& arguments, Context& context) {
 
 }  // namespace
 
-void AddShow(CLI::App& app, Context& context) {
+void AddShow(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("show", "Shows the definition of every spindle spur.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
-  command
-      ->add_option_function<std::string>(
-          "--spur", [=](const std::string& word) { arguments->spur = NumberOf("--spur", word); },
-          "only this spur, counted from 0")
-      ->type_name("N");
-  command->add_flag("--json", arguments->json, "the equipment in the form that 'vanzet define' reads");
-  command->footer("Example:\n  vanzet show lathe --spur 1 --json");
-  command->callback([=, &context] { context.run = [=, &context] { return Show(*arguments, context); }; });
+  Command& command = vanzet.AddCommand("show", "Shows the definition of every spindle spur.");
+  AddProject(command, arguments->project);
+  command.AddOption("--spur", "N", "only this spur, counted from 0", StoreNumber(arguments->spur));
+  command.AddFlag("--json", "the equipment in the form that 'vanzet define' reads", arguments->json);
+  command.examples = {"vanzet show lathe --spur 1 --json"};
+  command.work = [=, &context] { return Show(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

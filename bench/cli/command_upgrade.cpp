@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "api/module.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -60,19 +58,15 @@ Result<void> Upgrade(const Arguments& arguments, Context& context) {
 
 }  // namespace
 
-void AddUpgrade(CLI::App& app, Context& context) {
+void AddUpgrade(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand(
+  Command& command = vanzet.AddCommand(
       "upgrade", "Makes the definition of every spindle spur, or brings it to the current version.");
-  command->add_option("PROJECT", arguments->project, "the project's folder");
-  command
-      ->add_option_function<std::string>(
-          "--trace", [=](const std::string& word) { arguments->trace = FileOf("--trace", word); },
-          "write each call of the module to this file, a JSON line each")
-      ->type_name("FILE");
-  AddKeepTmp(*command, context);
-  command->footer("Example:\n  vanzet upgrade lathe --trace calls.jsonl");
-  command->callback([=, &context] { context.run = [=, &context] { return Upgrade(*arguments, context); }; });
+  AddProject(command, arguments->project);
+  AddTrace(command, arguments->trace);
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet upgrade lathe --trace calls.jsonl"};
+  command.work = [=, &context] { return Upgrade(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,6 +1,6 @@
-#include <CLI/CLI.hpp>
 #include <filesystem>
-#include <functional>
+
+#include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -11,46 +11,44 @@
 namespace vanzet::cli {
 namespace {
 
+/// A VDM and a file, with the project among them.
 struct Arguments {
   std::vector<std::string> words;
-  bool json = false;
-};
-
-/// A VDM and a file, in the order of the command, with the project among them.
-struct Operands {
   std::filesystem::path project;
-  std::int32_t number;
+  std::int32_t number = 0;
   std::string file;
 };
 
-Operands ReadOperands(const Arguments& arguments, std::size_t numberAt) {
+/// Finds out which word is which: the number is the word at 0 or 1 when the project is left out.
+void SplitWordsOf(Arguments& arguments, std::size_t numberAt) {
   const SplitWords split = SplitOperands(arguments.words, 2);
-  return {split.project, NumberOf("NUMBER", split.words[numberAt]),
-          FileOf("FILE", split.words[1 - numberAt])};
+  arguments.project = split.project;
+  arguments.number = NumberOf("NUMBER", split.words[numberAt]);
+  arguments.file = FileOf("FILE", split.words[1 - numberAt]);
 }
 
-Result<void> Save(const Operands& operands, const Context& context) {
-  const auto project = project::Project::Open(operands.project, context.share);
+Result<void> Save(const Arguments& arguments, const Context& context) {
+  const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
   const vdm::VdmStore store(project->folder());
-  const auto content = store.Snapshot(operands.number);
+  const auto content = store.Snapshot(arguments.number);
   if (!content) return content.fault();
-  const auto file = project->paths().Resolve(operands.file);
+  const auto file = project->paths().Resolve(arguments.file);
   if (const auto target = store.CheckTarget(file); !target) return target;
   if (const auto written = vdm::WriteVdmFile(file, *content); !written) return written;
-  return Print("saved VDM " + std::to_string(operands.number) + ", " + Counted(content->Size(), "record") +
+  return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content->Size(), "record") +
                ", to " + file.string() + "\n");
 }
 
-Result<void> Load(const Operands& operands, const Context& context) {
-  const auto project = project::Project::Open(operands.project, context.share);
+Result<void> Load(const Arguments& arguments, const Context& context) {
+  const auto project = project::Project::Open(arguments.project, context.share);
   if (!project) return project.fault();
-  const auto file = project->paths().Resolve(operands.file);
+  const auto file = project->paths().Resolve(arguments.file);
   const auto content = vdm::ReadVdmFile(file);
   if (!content) return content.fault();
   vdm::VdmStore store(project->folder());
-  if (const auto kept = store.Replace(operands.number, *content); !kept) return kept;
-  return Print("loaded VDM " + std::to_string(operands.number) + ", " + Counted(content->Size(), "record") +
+  if (const auto kept = store.Replace(arguments.number, *content); !kept) return kept;
+  return Print("loaded VDM " + std::to_string(arguments.number) + ", " + Counted(content->Size(), "record") +
                ", from " + file.string() + "\n");
 }
 
@@ -67,52 +65,46 @@ Result<void> Check(const std::string& file, bool json) {
   return Print(file + ": " + Counted(content->Size(), "record") + ", " + Counted(items, "item") + "\n");
 }
 
-using Work = std::function<Result<void>()>;
+void AddSave(Command& vdm, const Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  Command& command = vdm.AddCommand("save", "Saves a VDM to a .vdm file.");
+  command.AddOperands("[PROJECT] NUMBER FILE", "", arguments->words).Required().Count(2, 3);
+  command.examples = {"vanzet vdm save lathe 1000 job.vdm"};
+  command.check = [=] { SplitWordsOf(*arguments, 0); };
+  command.work = [=, &context] { return Save(*arguments, context); };
+}
 
-struct Row {
-  const char* name;
-  const char* help;
-  const char* operands;
-  int least;
-  int most;
-  Work (*prepare)(const Arguments&, const Context&);  ///< wrong operands are thrown to the parser
-  const char* example;
-};
+void AddLoad(Command& vdm, const Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  Command& command = vdm.AddCommand(
+      "load", "Puts a .vdm file in the place of a VDM. A file that is refused leaves the VDM as it was.");
+  command.AddOperands("[PROJECT] FILE NUMBER", "", arguments->words).Required().Count(2, 3);
+  command.examples = {"vanzet vdm load lathe job.vdm 1000"};
+  command.check = [=] { SplitWordsOf(*arguments, 1); };
+  command.work = [=, &context] { return Load(*arguments, context); };
+}
 
-constexpr Row kRows[] = {
-    {"save", "Saves a VDM to a .vdm file.", "[PROJECT] NUMBER FILE", 2, 3,
-     [](const Arguments& arguments, const Context& context) -> Work {
-       return [&context, operands = ReadOperands(arguments, 0)] { return Save(operands, context); };
-     },
-     "vanzet vdm save lathe 1000 job.vdm"},
-    {"load", "Puts a .vdm file in the place of a VDM. A file that is refused leaves the VDM as it was.",
-     "[PROJECT] FILE NUMBER", 2, 3,
-     [](const Arguments& arguments, const Context& context) -> Work {
-       return [&context, operands = ReadOperands(arguments, 1)] { return Load(operands, context); };
-     },
-     "vanzet vdm load lathe job.vdm 1000"},
-    {"check", "Reads a .vdm file and counts what is in it.", "FILE", 1, 1,
-     [](const Arguments& arguments, const Context&) -> Work {
-       return
-           [file = FileOf("FILE", arguments.words[0]), json = arguments.json] { return Check(file, json); };
-     },
-     "vanzet vdm check job.vdm"},
-};
+void AddCheck(Command& vdm) {
+  struct CheckArguments {
+    std::string file;
+    bool json = false;
+  };
+  const auto arguments = std::make_shared<CheckArguments>();
+  Command& command = vdm.AddCommand("check", "Reads a .vdm file and counts what is in it.");
+  command.AddOperand("FILE", "", StoreFile(arguments->file)).Required();
+  command.AddFlag("--json", "for programs", arguments->json);
+  command.examples = {"vanzet vdm check job.vdm"};
+  command.work = [=] { return Check(arguments->file, arguments->json); };
+}
 
 }  // namespace
 
-void AddVdm(CLI::App& app, Context& context) {
-  CLI::App* const vdm = app.add_subcommand("vdm", "Stores to and from .vdm files.");
-  vdm->require_subcommand(1);
-  vdm->footer("Example:\n  vanzet vdm save lathe 1000 job.vdm");
-  for (const Row& row : kRows) {
-    const auto arguments = std::make_shared<Arguments>();
-    CLI::App* const command = vdm->add_subcommand(row.name, row.help);
-    command->add_option(row.operands, arguments->words)->required()->expected(row.least, row.most);
-    if (row.least == 1) command->add_flag("--json", arguments->json, "for programs");
-    command->footer(std::string("Example:\n  ") + row.example);
-    command->callback([=, &context] { context.run = row.prepare(*arguments, context); });
-  }
+void AddVdm(Command& vanzet, Context& context) {
+  Command& vdm = vanzet.AddCommand("vdm", "Stores to and from .vdm files.");
+  vdm.examples = {"vanzet vdm save lathe 1000 job.vdm"};
+  AddSave(vdm, context);
+  AddLoad(vdm, context);
+  AddCheck(vdm);
 }
 
 }  // namespace vanzet::cli

@@ -1,25 +1,26 @@
 #pragma once
 
+#include "cli/command.h"
 #include "cli/context.h"
 
-/// The commands. Each adds itself with its arguments and its help, and puts its work into the context when it
-/// was chosen.
+/// The commands. Each adds itself with its parameters, its help and its work to the program. The program and
+/// the context have to outlive the work.
 namespace vanzet::cli {
 
-void AddNew(CLI::App& app, Context& context);
-void AddOpen(CLI::App& app, Context& context);
-void AddUpgrade(CLI::App& app, Context& context);
-void AddScript(CLI::App& app, Context& context);
-void AddShow(CLI::App& app, Context& context);
-void AddDefine(CLI::App& app, Context& context);
-void AddItems(CLI::App& app, Context& context);
-void AddVdm(CLI::App& app, Context& context);
-void AddCommand(CLI::App& app, Context& context);
-void AddPicture(CLI::App& app, Context& context);
-void AddExport(CLI::App& app, Context& context);
-void AddDevice(CLI::App& app, Context& context);
-void AddContour(CLI::App& app, Context& context);
-void AddCompletion(CLI::App& app, Context& context);
-void AddManual(CLI::App& app, Context& context);
+void AddNew(Command& vanzet, Context& context);
+void AddOpen(Command& vanzet, Context& context);
+void AddUpgrade(Command& vanzet, Context& context);
+void AddScript(Command& vanzet, Context& context);
+void AddShow(Command& vanzet, Context& context);
+void AddDefine(Command& vanzet, Context& context);
+void AddItems(Command& vanzet, Context& context);
+void AddVdm(Command& vanzet, Context& context);
+void AddCommand(Command& vanzet, Context& context);
+void AddPicture(Command& vanzet, Context& context);
+void AddExport(Command& vanzet, Context& context);
+void AddDevice(Command& vanzet, Context& context);
+void AddContour(Command& vanzet, Context& context);
+void AddCompletion(Command& vanzet, Context& context);
+void AddManual(Command& vanzet, Context& context);
 
 }  // namespace vanzet::cli

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,10 +9,6 @@
 #include "base/result.h"
 #include "project/message_panel.h"
 #include "project/project.h"
-
-namespace CLI {
-class App;
-}
 
 namespace vanzet::cli {
 
@@ -30,9 +25,6 @@ struct Context {
   StandardErrorPanel panel;
 
   bool keepsTmp = false;  ///< the folder for the files of this run stays when it ends
-
-  /// What the chosen command does; set while the arguments are read, run afterwards.
-  std::function<Result<void>()> run;
 };
 
 /// The context of this process: share is ../share/vanzet beside the executable's folder, or where the

@@ -1,13 +1,11 @@
 #include "cli/contour_arguments.h"
 
-#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
 
-#include "base/number_text.h"
-#include "base/numbers.h"
-#include "base/path_map.h"
 #include "base/quote.h"
+#include "cli/arguments.h"
 #include "cli/output.h"
-#include "vdm/file_replacement.h"
 
 namespace vanzet::cli {
 namespace {
@@ -15,22 +13,15 @@ namespace {
 /// In millimetres.
 constexpr double kSmallestTolerance = 1e-6, kLargestTolerance = 1000, kLargestJoin = 10;
 
-using StoreReal = std::function<void(double)>;
-
-CLI::Option* AddReal(CLI::App& command, const std::string& name, double least, double most,
-                     const std::string& help, const StoreReal& store) {
-  const auto take = [=](const std::string& text) { store(ReadReal(name, text, least, most)); };
-  return command.add_option_function<std::string>(name, take, help)->type_name("MM");
-}
-
-void AddFileOptions(CLI::App& command, ContourArguments& arguments) {
-  command.add_option("--layer", arguments.drawing.layer, "of a drawing only this layer")->type_name("NAME");
-  AddReal(command, "--join", 0, kLargestJoin,
-          "join pieces of a drawing whose ends are not farther apart; without it 0.001",
-          [&](double value) { arguments.drawing.join = value; });
+void AddFileOptions(Command& command, ContourArguments& arguments) {
+  command.AddOption("--layer", "NAME", "of a drawing only this layer", StoreText(arguments.drawing.layer));
+  command.AddOption("--join", "MM",
+                    "join pieces of a drawing whose ends are not farther apart; without it 0.001",
+                    StoreReal(arguments.drawing.join, 0, kLargestJoin));
   command
-      .add_option("--unit", arguments.drawing.unit, "the drawing's unit; without it what the drawing tells")
-      ->check(CLI::IsMember({"mm", "inch", "m"}));
+      .AddOption("--unit", "TEXT", "the drawing's unit; without it what the drawing tells",
+                 StoreText(arguments.drawing.unit))
+      .OneOf({"mm", "inch", "m"});
 }
 
 Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, const std::string& file) {
@@ -44,41 +35,31 @@ Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, cons
 
 }  // namespace
 
-geometry::Point ReadPoint(const std::string& name, const std::string& text, double most) {
-  const std::size_t comma = text.find(',');
-  if (comma == std::string::npos) {
-    throw CLI::ValidationError(name, "expected X,Y, found " + Quoted(text));
-  }
-  const double x = ReadReal(name, text.substr(0, comma), -most, most);
-  return {x, ReadReal(name, text.substr(comma + 1), -most, most)};
+geometry::Point PointOf(const std::string& name, const std::string& word, double most) {
+  const std::size_t comma = word.find(',');
+  if (comma == std::string::npos) throw WrongUsage{name, "expected X,Y, found " + Quoted(word)};
+  const double x = RealOf(name, word.substr(0, comma), -most, most);
+  return {x, RealOf(name, word.substr(comma + 1), -most, most)};
 }
 
-double ReadReal(const std::string& name, const std::string& text, double least, double most) {
-  const auto number = WholeReal(text);
-  if (!number) throw CLI::ValidationError(name, "expected a number, found " + Quoted(text));
-  if (*number >= least && *number <= most) return *number;
-  throw CLI::ValidationError(name, "expected a number from " + NumberText(least) + " to " + NumberText(most) +
-                                       ", found " + Quoted(text));
-}
-
-void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned options) {
+void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options) {
   if ((options & kTolerance) != 0) {
-    AddReal(command, "--tolerance", kSmallestTolerance, kLargestTolerance,
-            "how far the result may be from the contour; without it 0.01",
-            [&](double value) { arguments.tolerance = value; });
+    command.AddOption("--tolerance", "MM", "how far the result may be from the contour; without it 0.01",
+                      StoreReal(arguments.tolerance, kSmallestTolerance, kLargestTolerance));
   }
   if ((options & kSelect) != 0) {
-    command.add_option("--contour", arguments.contour, "only the contour of this number")->type_name("N");
+    command.AddOption("--contour", "N", "only the contour of this number", StoreInteger(arguments.contour));
   }
   if ((options & kFile) != 0) AddFileOptions(command, arguments);
   if ((options & kDxf) != 0) {
-    command.add_option("--dxf", arguments.dxf, "write what was made as a drawing to this file")
-        ->type_name("FILE");
+    command.AddOption("--dxf", "FILE", "write what was made as a drawing to this file",
+                      StoreText(arguments.dxf));
   }
   AddOperationOptions(command, arguments, options);
-  command.add_option("--svg", arguments.svg, "write a picture to this file")->type_name("FILE");
-  command.add_flag("--numbers", arguments.vertexNumbers, "with the numbers of the vertices in the picture");
-  command.add_flag("--json", arguments.json, "for programs");
+  command.AddOption("--svg", "FILE", "write a picture to this file", StoreText(arguments.svg));
+  command.AddFlag("--numbers", "with the numbers of the vertices in the picture", arguments.vertexNumbers);
+  command.AddFlag("--json", "for programs", arguments.json);
+  if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
 }
 
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers) {
@@ -86,11 +67,11 @@ void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size
   arguments.files.assign(arguments.words.begin(), firstNumber);
   if (arguments.files.empty() && files > 0) arguments.files.emplace_back("-");
   if (std::ranges::count(arguments.files, "-") > 1) {
-    throw CLI::ValidationError("FILE", "standard input can be read once only");
+    throw WrongUsage{"FILE", "standard input can be read once only"};
   }
   for (auto word = firstNumber; word != arguments.words.end(); ++word) {
     arguments.numbers.push_back(
-        ReadReal("coordinate", *word, -contour::kLargestCoordinate, contour::kLargestCoordinate));
+        RealOf("coordinate", *word, -contour::kLargestCoordinate, contour::kLargestCoordinate));
   }
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/result.h"
-#include "cli/context.h"
+#include "cli/command.h"
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/drawing.h"
@@ -58,25 +58,20 @@ enum ContourOption : unsigned {
   kTextForm = 2048,
 };
 
-/// Adds the options but for the steps.
-void AddContourOptions(CLI::App& command, ContourArguments& arguments, unsigned options);
+/// Adds the options of an operation, which stores what they are given in `arguments`.
+void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
 /// Adds those of the options that belong to one operation or two.
-void AddOperationOptions(CLI::App& command, ContourArguments& arguments, unsigned options);
+void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Adds --move, --turn, --mirror and --scale; `TakeContourSteps` makes the matrix of them, in the order
-/// given, when the command line was read.
-void AddContourSteps(CLI::App& command);
-void TakeContourSteps(const CLI::App& command, geometry::Matrix& matrix);
+/// Adds --move, --turn, --mirror and --scale, which change the matrix in the order given.
+void AddContourSteps(Command& command, geometry::Matrix& matrix);
 
 /// Parts the words into files, at most `files`, and exactly `numbers` numbers behind them.
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers);
 
-/// The number of an argument. All of these throw CLI::ValidationError for what is none or out of range.
-double ReadReal(const std::string& name, const std::string& text, double least, double most);
-
-/// The point of "X,Y".
-geometry::Point ReadPoint(const std::string& name, const std::string& text, double most);
+/// The point of "X,Y". Throws `WrongUsage`.
+geometry::Point PointOf(const std::string& name, const std::string& word, double most);
 
 /// The contours of a file, counted from 0; those that were chosen. What was left out of a drawing is told on
 /// standard error.

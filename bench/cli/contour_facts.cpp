@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "base/number_text.h"
 #include "cli/contour_operations.h"
 #include "cli/output.h"

@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "cli/contour_operations.h"
 #include "cli/output.h"
 #include "contour/json_form.h"

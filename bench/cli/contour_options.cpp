@@ -1,6 +1,6 @@
-#include <CLI/CLI.hpp>
 #include <map>
 
+#include "cli/arguments.h"
 #include "cli/contour_arguments.h"
 
 /// The options that belong to one operation or two.
@@ -11,47 +11,42 @@ constexpr int kMostSteps = 1000;
 
 /// An option that is one of some words.
 template <class Value>
-void AddChoice(CLI::App& command, const std::string& name, Value& value, const std::string& help,
+void AddChoice(Command& command, const std::string& name, Value& value, const std::string& help,
                const std::map<std::string, Value>& words) {
   std::vector<std::string> names;
   for (const auto& [word, meaning] : words) names.push_back(word);
-  const auto take = [&value, words](const std::string& word) { value = words.at(word); };
-  command.add_option_function<std::string>(name, take, help)->check(CLI::IsMember(names));
+  const auto take = [&value, words](const std::string&, const std::string& word) { value = words.at(word); };
+  command.AddOption(name, "TEXT", help, take).OneOf(std::move(names));
 }
 
-void AddOffsetOptions(CLI::App& command, ContourArguments& arguments) {
+void AddOffsetOptions(Command& command, ContourArguments& arguments) {
   using contour::OffsetMethod;
-  const std::string leftHelp = "to its left; so without either";
-  CLI::Option* const right = command.add_flag("--right", arguments.toTheRight, "to the right of the contour");
-  command.add_flag("--left", leftHelp)->excludes(right);
+  command.AddFlag("--right", "to the right of the contour", arguments.toTheRight);
+  command.AddFlag("--left", "to its left; so without either").Excludes("--right");
   AddChoice<OffsetMethod>(command, "--method", arguments.method,
                           "how it is made; spans leaves loops and rounds nothing. Without it kurveex",
                           {{"kurve", OffsetMethod::kKurve},
                            {"kurveex", OffsetMethod::kKurveEx},
                            {"spans", OffsetMethod::kSpans}});
-  command.add_option("--steps", arguments.steps, "so many, each farther by the distance")
-      ->check(CLI::Range(1, kMostSteps));
+  command.AddOption("--steps", "INT", "so many, each farther by the distance",
+                    StoreInteger(arguments.steps, 1, kMostSteps));
 }
 
-void AddEndOption(CLI::App& command, ContourArguments& arguments) {
+void AddEndOption(Command& command, ContourArguments& arguments) {
   using contour::End;
   AddChoice<End>(command, "--at", arguments.end, "at which end; without it end",
                  {{"start", End::kStart}, {"end", End::kEnd}, {"both", End::kBoth}});
 }
 
-void AddOpeningOption(CLI::App& command, ContourArguments& arguments) {
-  const auto take = [&arguments](const std::string& text) {
-    arguments.opening = ReadPoint("--from", text, contour::kLargestCoordinate);
-  };
-  command
-      .add_option_function<std::string>(
-          "--from", take,
-          "open a closed contour here: cut off behind it with --at start, before "
-          "it with --at end")
-      ->type_name("X,Y");
+void AddOpeningOption(Command& command, ContourArguments& arguments) {
+  command.AddOption("--from", "X,Y",
+                    "open a closed contour here: cut off behind it with --at start, before it with --at end",
+                    [&](const std::string& name, const std::string& word) {
+                      arguments.opening = PointOf(name, word, contour::kLargestCoordinate);
+                    });
 }
 
-void AddTextOptions(CLI::App& command, ContourArguments& arguments) {
+void AddTextOptions(Command& command, ContourArguments& arguments) {
   using contour::LibraryText;
   AddChoice<LibraryText>(command, "--form", arguments.textForm, "which form; without it contour",
                          {{"contour", LibraryText::kContour},
@@ -67,14 +62,14 @@ void AddTextOptions(CLI::App& command, ContourArguments& arguments) {
 
 }  // namespace
 
-void AddOperationOptions(CLI::App& command, ContourArguments& arguments, unsigned options) {
+void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned options) {
   if ((options & kOffset) != 0) AddOffsetOptions(command, arguments);
   if ((options & kEnd) != 0) AddEndOption(command, arguments);
   if ((options & kOpening) != 0) AddOpeningOption(command, arguments);
   if ((options & kForce) != 0) {
-    command.add_flag("--force", arguments.force, "also when both have as many spans already");
+    command.AddFlag("--force", "also when both have as many spans already", arguments.force);
   }
-  if ((options & kMirror) != 0) command.add_flag("--mirror", arguments.mirror, "also as a mirror image");
+  if ((options & kMirror) != 0) command.AddFlag("--mirror", "also as a mirror image", arguments.mirror);
   if ((options & kXmlKind) != 0) {
     AddChoice<contour::XmlKind>(
         command, "--form", arguments.xmlKind, "which element; only kurve can be read back. Without it kurve",

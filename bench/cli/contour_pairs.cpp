@@ -1,5 +1,7 @@
 #include <cmath>
 
+#include <nlohmann/json.hpp>
+
 #include "base/number_text.h"
 #include "cli/contour_operations.h"
 #include "cli/output.h"

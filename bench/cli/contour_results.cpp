@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "base/path_map.h"
 #include "cli/contour_arguments.h"
 #include "cli/output.h"

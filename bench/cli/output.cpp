@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::cli {
 namespace {
 

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <functional>
+#include <list>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "base/result.h"
+
+/// The commands of the command line as data: names, operands, options, help. The parser, the help, the manual
+/// and the shells' completion all read the same tree.
+namespace vanzet::cli {
+
+/// Thrown while words are read: the word that was given for `name`, an option or operand, is not acceptable.
+/// The parser prints both and exits with the status of wrong usage.
+struct WrongUsage {
+  std::string name;
+  std::string reason;  ///< "expected a number, found 'x'"
+};
+
+/// Takes the word that was given for the option or operand `name`. Throws `WrongUsage`.
+using TakeWord = std::function<void(const std::string& name, const std::string& word)>;
+
+/// The work of a command, done after all words were read.
+using Work = std::function<Result<void>()>;
+
+/// A flag, option or operand of a command.
+struct Parameter {
+  enum class Kind {
+    kFlag,     ///< "--json"
+    kOption,   ///< "--spur N"
+    kOperand,  ///< "PROJECT"
+  };
+
+  Kind kind;
+  std::string name;  ///< "--spur", "PROJECT"; several names of an option with commas: "-o,--out"
+  std::string type;  ///< of an option: what its word is called in the help, "FILE"
+  std::string help;
+  /// Where the words go: a flag that is set, a list that grows, or a function for each word.
+  std::variant<std::monostate, bool*, std::vector<std::string>*, TakeWord> target;
+
+  bool isRequired = false;
+  bool isRepeatable = false;
+  std::vector<std::string> choices;  ///< the words that are allowed; empty: all
+  int least = 0, most = 0;           ///< of a list: how many words; both 0: any number
+  char separator = '\0';             ///< of a list: between entries of one word
+  std::string defaultWord;           ///< as the help shows it
+  std::string rival;                 ///< the flag that cannot be given together with this one
+
+  Parameter& Required();
+  Parameter& OneOf(std::vector<std::string> words);
+  Parameter& Count(int fewest, int largest);
+  Parameter& SeparatedBy(char character);
+  Parameter& Default(std::string word);
+  Parameter& Excludes(std::string flag);
+
+  /// The option may be given several times. Words of such options are taken after all others, in the order of
+  /// the command line.
+  Parameter& Repeatable();
+};
+
+/// A command, or a group of commands.
+///
+/// Owns     its parameters and sub-commands. The variables that words are stored in are the caller's, and have
+///          to live until the work is done; the work usually holds them.
+/// Story    the functions below describe the command; `ReadCommandLine` fills the variables, calls `check`,
+///          and returns `work`
+struct Command {
+  std::string name;
+  std::string help;                   ///< a sentence
+  std::string notes;                  ///< paragraphs of the help after the options
+  std::vector<std::string> examples;  ///< command lines
+  std::list<Parameter> parameters;
+  std::list<Command> commands;  ///< not empty: one of them has to be given
+  std::function<void()> check;  ///< called when all words were read; throws `WrongUsage`
+  Work work;
+
+  Command& AddCommand(const std::string& word, const std::string& sentence);
+
+  /// The references stay valid.
+  Parameter& AddFlag(const std::string& flag, const std::string& text, bool& isGiven);
+  Parameter& AddFlag(const std::string& flag, const std::string& text);
+  Parameter& AddOption(const std::string& option, const std::string& type, const std::string& text,
+                       TakeWord take);
+  /// An option with several words: "--layers a,b".
+  Parameter& AddOption(const std::string& option, const std::string& type, const std::string& text,
+                       std::vector<std::string>& words);
+  /// An operand without text has no row in the table of the help.
+  Parameter& AddOperand(const std::string& operand, const std::string& text, TakeWord take);
+  /// Several operands, of which a command finds out itself which is which: "[PROJECT] FILE".
+  Parameter& AddOperands(const std::string& operands, const std::string& text,
+                         std::vector<std::string>& words);
+
+  /// What the help shows after the options: notes, and examples under a heading.
+  std::string Footer() const;
+};
+
+/// The command's own options, which every command has.
+inline constexpr const char* kHelpOption = "--help";
+inline constexpr const char* kVersionOption = "--version";  ///< of the first command only
+
+/// What a command line asks for.
+struct Request {
+  Work work;       ///< empty when there is nothing left to do: help was printed, or the usage was wrong
+  int status = 0;  ///< the exit status without work
+};
+
+inline constexpr int kWrongUsageStatus = 2;
+
+/// Reads a command line. Help and version are printed on standard output, wrong usage on standard error.
+/// `version` is the program's name and version.
+Request ReadCommandLine(const Command& program, const std::string& version, int argc,
+                        const char* const* argv);
+
+}  // namespace vanzet::cli
