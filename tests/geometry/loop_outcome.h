@@ -3,7 +3,7 @@
 #include <cwchar>
 #include <string>
 
-#include "geometry/loop_removal.h"
+#include "geometry/offset/loop_removal.h"
 
 /// What the removal of loops makes of a contour, so that two ways of doing it can be compared to the last
 /// bit.

@@ -1,13 +1,13 @@
-#include "geometry/loop_removal.h"
+#include "geometry/offset/loop_removal.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "geometry/box_levels.h"
 #include "geometry/contour_text.h"
 #include "geometry/loop_outcome.h"
+#include "geometry/offset/box_levels.h"
 #include "geometry/random_contour.h"
 
 namespace geometry {

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "geometry/contour_text.h"
-#include "geometry/offset_sense.h"
+#include "geometry/offset/offset_sense.h"
 #include "geometry/support.h"
 
 namespace geometry {

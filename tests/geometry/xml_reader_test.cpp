@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "geometry/forms/wide_text.h"
 #include "geometry/support.h"
 #include "geometry/text_support.h"
-#include "geometry/wide_text.h"
 #include "geometry/xml.h"
 
 namespace geometry {

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "geometry/intersect.h"
-#include "geometry/loop_removal.h"
-#include "geometry/offset_sense.h"
+#include "geometry/offset/loop_removal.h"
+#include "geometry/offset/offset_sense.h"
 
 /// Offsets of working contours.
 namespace geometry {

@@ -1,4 +1,4 @@
-#include "geometry/offset_sense.h"
+#include "geometry/offset/offset_sense.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
+#include "geometry/forms/wide_text.h"
 #include "geometry/state.h"
-#include "geometry/wide_text.h"
 #include "geometry/xml.h"
 
 namespace geometry {

@@ -2,8 +2,8 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "geometry/forms/number_form.h"
 #include "geometry/kurveex.h"
-#include "geometry/number_form.h"
 
 /// The contour text form, docs/formats/geometry-text.md. Its writer and its reader differ in the first
 /// vertex, and in the unit: the writer takes the library's unit for metres, the reader asks for it.

@@ -1,4 +1,4 @@
-#include "geometry/contour_place.h"
+#include "geometry/kurveex/contour_place.h"
 #include "geometry/trim.h"
 
 namespace geometry {

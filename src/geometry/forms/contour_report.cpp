@@ -1,5 +1,5 @@
+#include "geometry/forms/number_form.h"
 #include "geometry/kurveex.h"
-#include "geometry/number_form.h"
 
 /// The report form: contours, vertices and spans for people, in millimetres.
 namespace geometry {

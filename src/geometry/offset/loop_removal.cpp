@@ -1,12 +1,12 @@
-#include "geometry/loop_removal.h"
+#include "geometry/offset/loop_removal.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
 
-#include "geometry/box_levels.h"
 #include "geometry/intersect.h"
+#include "geometry/offset/box_levels.h"
 
 namespace geometry {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "geometry/intersect.h"
 #include "geometry/kurveex.h"
-#include "geometry/offset_sense.h"
+#include "geometry/offset/offset_sense.h"
 
 /// Removal of roll arcs.
 namespace geometry {

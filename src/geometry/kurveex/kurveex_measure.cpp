@@ -1,7 +1,7 @@
 #include <cstdlib>
 
 #include "geometry/kurveex.h"
-#include "geometry/winding.h"
+#include "geometry/kurveex/winding.h"
 
 namespace geometry {
 

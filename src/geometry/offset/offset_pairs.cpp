@@ -4,7 +4,7 @@
 #include "geometry/construct.h"
 #include "geometry/intersect.h"
 #include "geometry/kurve.h"
-#include "geometry/offset_sense.h"
+#include "geometry/offset/offset_sense.h"
 #include "geometry/state.h"
 
 /// The offset that keeps the spans of a contour and extends them to each other.

@@ -1,8 +1,8 @@
 #include <cmath>
 #include <utility>
 
-#include "geometry/loop_removal.h"
-#include "geometry/offset_sense.h"
+#include "geometry/offset/loop_removal.h"
+#include "geometry/offset/offset_sense.h"
 
 /// Offsets of compact contours.
 namespace geometry {

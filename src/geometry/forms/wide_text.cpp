@@ -1,4 +1,4 @@
-#include "geometry/wide_text.h"
+#include "geometry/forms/wide_text.h"
 
 #include <cstdint>
 

@@ -4,7 +4,7 @@
 
 #include "base/numbers.h"
 #include "base/path_map.h"
-#include "geometry/wide_text.h"
+#include "geometry/forms/wide_text.h"
 #include "geometry/xml.h"
 
 /// Scanning. What is read out of the elements stands in xml_read_forms.cpp.

@@ -1,5 +1,5 @@
+#include "geometry/forms/number_form.h"
 #include "geometry/kurveex.h"
-#include "geometry/number_form.h"
 
 /// The source-code form: a contour spelled out as the calls that build it, in millimetres.
 namespace geometry {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "geometry/contour_place.h"
+#include "geometry/kurveex/contour_place.h"
 
 namespace geometry {
 namespace {

@@ -1,7 +1,7 @@
 #include <ostream>
 
-#include "geometry/number_form.h"
-#include "geometry/wide_text.h"
+#include "geometry/forms/number_form.h"
+#include "geometry/forms/wide_text.h"
 #include "geometry/xml.h"
 
 /// What each kind of geometry looks like as an element.

@@ -1,4 +1,4 @@
-#include "geometry/box_levels.h"
+#include "geometry/offset/box_levels.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 #include <fstream>
 
 #include "base/path_map.h"
-#include "geometry/number_form.h"
-#include "geometry/wide_text.h"
+#include "geometry/forms/number_form.h"
+#include "geometry/forms/wide_text.h"
 #include "geometry/xml.h"
 
 /// Tags, attributes and text. What the geometry looks like stands in xml_forms.cpp.

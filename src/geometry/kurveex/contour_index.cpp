@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "geometry/winding.h"
+#include "geometry/kurveex/winding.h"
 
 namespace geometry {
 namespace {

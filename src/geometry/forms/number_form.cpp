@@ -1,4 +1,4 @@
-#include "geometry/number_form.h"
+#include "geometry/forms/number_form.h"
 
 #include "base/number_text.h"
 
