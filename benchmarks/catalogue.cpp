@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "base/files/whole_file.h"
 #include "catalogue/catalogue_lines.h"
 #include "catalogue/device_catalogue.h"
 #include "host/host_function.h"
 #include "macro/device_record.h"
 #include "platform/message_box.h"
-#include "platform/whole_file.h"
 
 namespace {
 
@@ -55,7 +55,7 @@ class LargeCatalogue {
       lines.push_back(NameOf(i));
       PackDeviceParams(params, lines.emplace_back());
     }
-    platform::WriteWholeFile(file_, CatalogueText(lines));
+    files::WriteWholeFile(file_, CatalogueText(lines));
     device.SetPath(file_.string());
   }
   ~LargeCatalogue() { std::filesystem::remove(file_); }

@@ -4,9 +4,9 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "base/files/system_reason.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "vdm/system_reason.h"
 
 namespace vanzet::cli {
 namespace {
@@ -36,7 +36,7 @@ Result<void> Open(const Arguments& arguments, const Context& context) {
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
                                nullptr};
   execv(program.c_str(), const_cast<char* const*>(words));
-  return Fault{program + " cannot be run: " + vdm::SystemReason(errno)};
+  return Fault{program + " cannot be run: " + files::SystemReason(errno)};
 }
 
 }  // namespace

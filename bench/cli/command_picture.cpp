@@ -1,3 +1,4 @@
+#include "base/files/file_replacement.h"
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
@@ -8,7 +9,6 @@
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
-#include "vdm/file_replacement.h"
 
 namespace vanzet::cli {
 namespace {
@@ -67,7 +67,7 @@ Result<void> Picture(const Arguments& arguments, const Context& context) {
   const auto bytes =
       arguments.view == "equipment" ? DrawEquipment(arguments, *project) : Draw(arguments, *project);
   if (!bytes) return bytes.fault();
-  auto replacement = vdm::FileReplacement::Begin(file);
+  auto replacement = files::FileReplacement::Begin(file);
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write(*bytes); !done) return done;
   return replacement->Commit();

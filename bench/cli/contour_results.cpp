@@ -1,19 +1,19 @@
 #include <nlohmann/json.hpp>
 
+#include "base/files/file_replacement.h"
 #include "base/path_map.h"
 #include "cli/contour_arguments.h"
 #include "cli/output.h"
 #include "contour/dxf_writer.h"
 #include "contour/json_form.h"
 #include "contour/text_form.h"
-#include "vdm/file_replacement.h"
 
 /// What operations on contours leave behind: pictures, drawings, text.
 namespace vanzet::cli {
 namespace {
 
 Result<void> WriteFile(const std::string& name, const std::string& bytes) {
-  auto file = vdm::FileReplacement::Begin(PathMap::OfProcess().Resolve(name));
+  auto file = files::FileReplacement::Begin(PathMap::OfProcess().Resolve(name));
   if (!file) return file.fault();
   if (const auto written = file->Write(bytes); !written) return written;
   return file->Commit();

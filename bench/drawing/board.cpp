@@ -4,11 +4,11 @@
 #include <system_error>
 #include <utility>
 
+#include "base/files/file_replacement.h"
+#include "base/files/folder_lock.h"
 #include "contour/contour.h"
 #include "contour/library.h"
 #include "drawing/drawing_text.h"
-#include "vdm/file_replacement.h"
-#include "vdm/folder_lock.h"
 
 namespace vanzet::drawing {
 namespace {
@@ -52,10 +52,10 @@ Result<void> Board::Load() {
 
 Result<void> Board::Save() {
   if (folder_.empty() || isHeld || changes_.None()) return {};
-  VANZET_TRY(const auto lock, vdm::FolderLock::Take(folder_));
+  VANZET_TRY(const auto lock, files::FolderLock::Take(folder_));
   VANZET_TRY(auto kept, ReadFile());
   Merge(drawing_, changes_, kept);
-  VANZET_TRY(auto replacement, vdm::FileReplacement::Begin(File()));
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(File()));
   VANZET_DO(replacement.Write(DrawingText(kept)));
   VANZET_DO(replacement.Commit());
   drawing_ = std::move(kept);

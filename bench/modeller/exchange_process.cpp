@@ -17,8 +17,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/files/system_reason.h"
 #include "base/numbers.h"
-#include "vdm/system_reason.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -31,7 +31,7 @@ constexpr int kGlance = 50;  // milliseconds between looks at Ctrl-C and the clo
 constexpr std::size_t kLongestLine = 4096;
 
 Fault SystemFault(const std::string& what, int error) {
-  return {what + ": " + vdm::SystemReason(error)};
+  return {what + ": " + files::SystemReason(error)};
 }
 
 /// The program while it runs, and the reading end of its standard output.
@@ -225,7 +225,7 @@ Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
   std::error_code unknown;
   std::string folder = (fs::temp_directory_path(unknown) / "vanzet-XXXXXX").string();
   if (mkdtemp(folder.data()) == nullptr) {
-    return Fault{"no temporary folder could be made: " + std::string(vdm::SystemReason(errno))};
+    return Fault{"no temporary folder could be made: " + std::string(files::SystemReason(errno))};
   }
   return TemporaryFile(folder, fs::path(folder) / ("bodies" + std::string(ending)));
 }

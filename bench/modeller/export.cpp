@@ -2,13 +2,13 @@
 
 #include <fstream>
 
+#include "base/files/file_replacement.h"
 #include "base/number_text.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
 #include "modeller/kernel.h"
 #include "modeller/mesh_files.h"
 #include "modeller/parcel.h"
-#include "vdm/file_replacement.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -29,7 +29,7 @@ constexpr FormatRow kFormats[] = {
 };
 
 Result<void> Replace(const fs::path& file, std::string_view bytes) {
-  VANZET_TRY(auto replacement, vdm::FileReplacement::Begin(file));
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(file));
   VANZET_DO(replacement.Write(bytes));
   return replacement.Commit();
 }

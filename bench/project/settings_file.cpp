@@ -5,12 +5,12 @@
 #include <system_error>
 #include <vector>
 
+#include "base/files/file_replacement.h"
+#include "base/files/folder_lock.h"
 #include "base/ini.h"
 #include "base/letter_case.h"
 #include "project/bench_ini.h"
 #include "project/text_file.h"
-#include "vdm/file_replacement.h"
-#include "vdm/folder_lock.h"
 
 namespace vanzet::project {
 namespace {
@@ -121,13 +121,13 @@ Result<void> SettingsFile::Set(std::string_view key, std::string_view value) con
   if (const auto fits = CheckKey(key); !fits) return fits;
   const auto written = Written(value);
   if (!written) return written.fault();
-  const auto lock = vdm::FolderLock::Take(folder_);
+  const auto lock = files::FolderLock::Take(folder_);
   if (!lock) return lock.fault();
   const auto text = Text();
   if (!text) return text.fault();
   // Settings that cannot be read are for people to mend, not to be built upon.
   if (const auto read = ReadBenchIni(*text, File().string()); !read) return read.fault();
-  auto replacement = vdm::FileReplacement::Begin(File());
+  auto replacement = files::FileReplacement::Begin(File());
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write(WithEntry(*text, key, *written)); !done) return done;
   return replacement->Commit();

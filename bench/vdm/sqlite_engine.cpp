@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "vdm/read_only.h"
+#include "base/files/read_only.h"
 #include "vdm/sqlite_schema.h"
 
 namespace vanzet::vdm {
@@ -158,7 +158,7 @@ Result<std::optional<SqliteTransaction>> SqliteEngine::BeginReading() {
 }
 
 Result<SqliteTransaction> SqliteEngine::BeginWriting() {
-  if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  if (files::IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
   if (const auto connected = Connect(IfMissing::kMake); !connected) return connected.fault();
   auto transaction = SqliteTransaction::Begin(*connection_, Kind::kWrite);
   if (!transaction) return transaction.fault();

@@ -6,8 +6,8 @@
 
 #include <cerrno>
 
-#include "vdm/read_only.h"
-#include "vdm/system_reason.h"
+#include "base/files/read_only.h"
+#include "base/files/system_reason.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -66,7 +66,7 @@ Result<bool> VdmLocks::HeldElsewhere(Number number) const {
 
 Result<void> VdmLocks::OpenForTaking() {
   if (descriptor_ >= 0) return {};
-  if (IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  if (files::IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
   descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT);
   if (descriptor_ < 0) return FaultOf(errno);
   return {};
@@ -79,7 +79,7 @@ void VdmLocks::Release(Number number) {
 }
 
 Fault VdmLocks::FaultOf(int error) const {
-  return {"cannot be locked: " + SystemReason(error), file_.string()};
+  return {"cannot be locked: " + files::SystemReason(error), file_.string()};
 }
 
 }  // namespace vanzet::vdm

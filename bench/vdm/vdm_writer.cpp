@@ -1,4 +1,4 @@
-#include "vdm/file_replacement.h"
+#include "base/files/file_replacement.h"
 #include "vdm/vdm_file.h"
 
 namespace vanzet::vdm {
@@ -19,7 +19,7 @@ std::string LineOf(std::string_view item) {
   return line;
 }
 
-Result<void> WriteRecord(FileReplacement& file, const Record& record) {
+Result<void> WriteRecord(files::FileReplacement& file, const Record& record) {
   if (const auto done = file.Write("record\n"); !done) return done.fault();
   for (std::size_t i = 0; i < record.Size(); ++i) {
     if (const auto done = file.Write(LineOf(record[i])); !done) return done.fault();
@@ -30,7 +30,7 @@ Result<void> WriteRecord(FileReplacement& file, const Record& record) {
 }  // namespace
 
 Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content) {
-  auto replacement = FileReplacement::Begin(file);
+  auto replacement = files::FileReplacement::Begin(file);
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write("vdm 1\n"); !done) return done.fault();
   for (std::size_t i = 0; i < content.Size(); ++i) {

@@ -3,8 +3,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/files/file_replacement.h"
 #include "base/letter_case.h"
-#include "vdm/file_replacement.h"
 
 namespace vanzet::window {
 namespace {
@@ -42,7 +42,7 @@ Result<void> Copy(const fs::path& from, const fs::path& to) {
   std::ostringstream bytes;
   bytes << in.rdbuf();
   if (!in || !bytes) return Fault{"cannot be read", from.string()};
-  auto replacement = vdm::FileReplacement::Begin(to);
+  auto replacement = files::FileReplacement::Begin(to);
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write(bytes.str()); !done) return done;
   return replacement->Commit();

@@ -2,12 +2,12 @@
 #include <QStatusBar>
 #include <algorithm>
 
+#include "base/files/file_replacement.h"
 #include "base/letter_case.h"
 #include "drawing/picture.h"
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
-#include "vdm/file_replacement.h"
 #include "window/busy.h"
 #include "window/main_window.h"
 #include "window/qt_text.h"
@@ -48,7 +48,7 @@ constexpr PictureRow kPictures[] = {
 Result<void> Write(const project::Project& project, const fs::path& file, const Result<std::string>& bytes) {
   if (!bytes) return bytes.fault();
   if (const auto target = vdm::VdmStore(project.folder()).CheckTarget(file); !target) return target;
-  auto replacement = vdm::FileReplacement::Begin(file);
+  auto replacement = files::FileReplacement::Begin(file);
   if (!replacement) return replacement.fault();
   if (const auto done = replacement->Write(*bytes); !done) return done;
   return replacement->Commit();

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "base/files/whole_file.h"
 #include "catalogue/catalogue_lines.h"
 #include "host/bridge.h"
 #include "host/fields.h"
@@ -11,7 +12,6 @@
 #include "host/macro_variables.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
-#include "platform/whole_file.h"
 
 namespace vanzet {
 namespace {
@@ -60,7 +60,7 @@ bool CDevice::SelectFile(bool forReading, void* owner) {
 bool CDevice::ReadFile() {
   lines_.clear();
   const std::filesystem::path file = platform::FileOf(path_);
-  if (!platform::IsChangeableFile(file)) return false;
+  if (!files::IsChangeableFile(file)) return false;
   std::ifstream text(file);
   if (!text.is_open()) return false;
   ReadCatalogueLines(text, lines_);
@@ -70,7 +70,7 @@ bool CDevice::ReadFile() {
 }
 
 bool CDevice::WriteFile() const {
-  return platform::WriteWholeFile(platform::FileOf(path_), CatalogueText(lines_));
+  return files::WriteWholeFile(platform::FileOf(path_), CatalogueText(lines_));
 }
 
 void CDevice::PutDevice(const std::string& name, const std::string& valueLine) {

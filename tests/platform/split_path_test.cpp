@@ -31,8 +31,10 @@ TEST(SplitPath, KnowsPathsWithoutDriveDirectoryOrExtension) {
 }
 
 TEST(SplitPath, CutsWhatDoesNotFitTheBuffersOfAHost) {
-  const PathParts parts =
-      SplitPath(std::string(300, 'd') + "/" + std::string(300, 'n') + "." + std::string(300, 'e'));
+  std::string path(902, 'd');
+  path[300] = '/';
+  path[601] = '.';
+  const PathParts parts = SplitPath(path);
   EXPECT_EQ(parts.directory.size(), 255U);
   EXPECT_EQ(parts.name.size(), 255U);
   EXPECT_EQ(parts.extension.size(), 255U);

@@ -7,9 +7,9 @@
 #include <string>
 #include <system_error>
 
-#include "platform/whole_file.h"
+#include "base/files/whole_file.h"
 
-namespace vanzet::platform {
+namespace vanzet::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -161,4 +161,4 @@ bool WriteWholeFile(const fs::path& file, std::string_view bytes) {
   return errno == ENOENT && WriteMissing(file, bytes);
 }
 
-}  // namespace vanzet::platform
+}  // namespace vanzet::files

@@ -6,7 +6,7 @@
 
 #include "base/result.h"
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 
 /// Writes a file anew without ever showing half of it: the bytes go to a file beside it, which takes its name
 /// when all of them are on the disk. What is not committed is removed, and the old file stays.
@@ -35,4 +35,4 @@ class FileReplacement {
   std::string pending_;           ///< not yet given to the system
 };
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

@@ -1,4 +1,4 @@
-#include "vdm/folder_lock.h"
+#include "base/files/folder_lock.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -9,9 +9,9 @@
 #include <thread>
 #include <utility>
 
-#include "vdm/system_reason.h"
+#include "base/files/system_reason.h"
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 namespace {
 
 constexpr std::chrono::milliseconds kStep{5};
@@ -42,4 +42,4 @@ FolderLock::~FolderLock() {
 
 FolderLock::FolderLock(FolderLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

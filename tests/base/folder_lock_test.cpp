@@ -1,4 +1,4 @@
-#include "vdm/folder_lock.h"
+#include "base/files/folder_lock.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include "support/child.h"
 #include "support/temporary_folder.h"
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 namespace {
 
 TEST(FolderLock, IsWaitedFor) {
@@ -46,4 +46,4 @@ TEST(FolderLock, OfAFolderThatIsNotThereIsAFault) {
 }
 
 }  // namespace
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string_view>
 
-namespace vanzet::platform {
+namespace vanzet::files {
 
 /// True for a regular file that can be opened for reading and for writing. One without any write permission
 /// bit cannot, not even by the superuser: whoever took the bits away did not want that.
@@ -21,4 +21,4 @@ bool IsChangeableFile(const std::filesystem::path& file);
 ///          do not fit on the disk
 bool WriteWholeFile(const std::filesystem::path& file, std::string_view bytes);
 
-}  // namespace vanzet::platform
+}  // namespace vanzet::files

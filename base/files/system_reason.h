@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 
 /// Why the system refused, by its error number; in English whatever the locale, as all faults are.
 inline std::string SystemReason(int error) {
@@ -11,4 +11,4 @@ inline std::string SystemReason(int error) {
   return reason != nullptr ? reason : "error " + std::to_string(error);
 }
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

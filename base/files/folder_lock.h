@@ -4,7 +4,7 @@
 
 #include "base/result.h"
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 
 /// Keeps other processes from changing the text files of a folder while this one reads one, changes it and
 /// writes it anew. The kernel keeps the lock and drops it with the process, so nothing is left to clean up.
@@ -25,4 +25,4 @@ class FolderLock {
   int descriptor_;  ///< below 0: moved away
 };
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

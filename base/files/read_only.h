@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 
 /// True when the file, or the folder it is in, has no write permission bit at all. The kernel lets the
 /// superuser write nevertheless; whoever took the bits away did not want that.
@@ -18,4 +18,4 @@ inline bool IsReadOnly(const std::filesystem::path& file) {
   return false;
 }
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

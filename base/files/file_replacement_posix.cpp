@@ -1,4 +1,4 @@
-#include "vdm/file_replacement.h"
+#include "base/files/file_replacement.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,10 +8,10 @@
 #include <system_error>
 #include <utility>
 
-#include "vdm/read_only.h"
-#include "vdm/system_reason.h"
+#include "base/files/read_only.h"
+#include "base/files/system_reason.h"
 
-namespace vanzet::vdm {
+namespace vanzet::files {
 namespace {
 
 constexpr std::size_t kPendingLimit = 1 << 16;
@@ -86,4 +86,4 @@ Result<void> FileReplacement::Flush() {
   return {};
 }
 
-}  // namespace vanzet::vdm
+}  // namespace vanzet::files

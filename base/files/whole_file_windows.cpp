@@ -1,9 +1,9 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/whole_file.h"
+#include "base/files/whole_file.h"
 
-namespace vanzet::platform {
+namespace vanzet::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,4 +35,4 @@ bool WriteWholeFile(const fs::path& file, std::string_view bytes) {
   return done;
 }
 
-}  // namespace vanzet::platform
+}  // namespace vanzet::files

@@ -1,4 +1,4 @@
-#include "platform/whole_file.h"
+#include "base/files/whole_file.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
-namespace vanzet::platform {
+namespace vanzet::files {
 namespace {
 
 namespace fs = std::filesystem;
@@ -167,4 +167,4 @@ TEST_F(WholeFile, IsNeverHalfWrittenByAWriterThatIsKilled) {
 }
 
 }  // namespace
-}  // namespace vanzet::platform
+}  // namespace vanzet::files
