@@ -9,6 +9,7 @@
 #include <map>
 
 #include "window/icons.h"
+#include "window/qt_text.h"
 
 namespace vanzet::window {
 namespace {
@@ -41,8 +42,6 @@ constexpr ActionRow kRows[] = {
     { Command::kDefinitionTree,Menu::kView,       Text::kDefinitionTree, "",            "",             Needs::kNothing, 'd',   false, true  },
     { Command::kLayers,        Menu::kView,       Text::kLayers,         "layers",      "",             Needs::kNothing, 'd',   false, false },
     { Command::kMessages,      Menu::kView,       Text::kMessages,       "",            "",             Needs::kNothing, 'd',   false, false },
-    { Command::kEnglish,       Menu::kLanguage,   Text::kEnglish,        "",            "",             Needs::kNothing, 'l',   false, false },
-    { Command::kGerman,        Menu::kLanguage,   Text::kGerman,         "",            "",             Needs::kNothing, 'l',   false, false },
     { Command::kLight,         Menu::kAppearance, Text::kLight,          "",            "",             Needs::kNothing, 'a',   false, false },
     { Command::kDark,          Menu::kAppearance, Text::kDark,           "",            "",             Needs::kNothing, 'a',   false, false },
     { Command::kDrawingSvg,    Menu::kExport,     Text::kDrawingSvg,     "drawing",     "",             Needs::kProject, ' ',   false, false },
@@ -84,15 +83,16 @@ std::span<const ActionRow> ActionRows() {
   return kRows;
 }
 
-Actions::Actions(QMainWindow& window, const Words& words) : QObject(&window), words_(words) {
+Actions::Actions(QMainWindow& window, const Texts& texts) : QObject(&window), texts_(texts) {
   auto* const bar = window.addToolBar("");
   bar->setObjectName("tools");
   bar->setMovable(false);
   bar->setIconSize(QSize(22, 22));
   MakeMenus(window);
   for (const ActionRow& row : kRows) MakeAction(row, *bar);
+  MakeLanguages();
   for (const Menu menu : {Menu::kLanguage, Menu::kAppearance}) MenuOf(Menu::kView)->addMenu(MenuOf(menu));
-  connect(&words_, &Words::Changed, this, &Actions::Retranslate);
+  connect(&texts_, &Texts::Changed, this, &Actions::Retranslate);
   Retranslate();
   Enable(false, false);
 }
@@ -132,15 +132,30 @@ void Actions::MakeAction(const ActionRow& row, QToolBar& bar) {
     connect(action, &QAction::triggered, this, [this, &row] { emit Triggered(row.command); });
 }
 
+void Actions::MakeLanguages() {
+  auto* const group = new QActionGroup(this);
+  for (const Language& language : texts_.languages()) {
+    QAction* const action = MenuOf(Menu::kLanguage)->addAction(Shown(language.name));
+    action->setObjectName(Shown(language.code));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, code = language.code] { emit LanguageChosen(code); });
+  }
+}
+
+QAction* Actions::ActionOf(const std::string& language) const {
+  return MenuOf(Menu::kLanguage)->findChild<QAction*>(Shown(language));
+}
+
 void Actions::Retranslate() {
   for (const ActionRow& row : kRows) {
     QAction* const action = (*this)[row.command];
-    action->setText(words_(row.text));
+    action->setText(texts_(row.text));
     const QString keys = action->shortcut().toString(QKeySequence::NativeText);
-    const QString name = words_(row.text).remove('&').remove("...");
+    const QString name = texts_(row.text).remove('&').remove("...");
     action->setToolTip(keys.isEmpty() ? name : name + " (" + keys + ")");
   }
-  for (const MenuRow& row : kMenus) MenuOf(row.menu)->setTitle(words_(row.text));
+  for (const MenuRow& row : kMenus) MenuOf(row.menu)->setTitle(texts_(row.text));
 }
 
 void Actions::Enable(bool hasProject, bool isAtWork) {

@@ -3,8 +3,9 @@
 #include <QAction>
 #include <array>
 #include <span>
+#include <string>
 
-#include "window/words.h"
+#include "window/texts.h"
 
 class QMainWindow;
 class QMenu;
@@ -19,7 +20,7 @@ enum class Command {
   kDefinition, kUpgrade, kRefresh,
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kLayers, kMessages,
-  kEnglish, kGerman, kLight, kDark,
+  kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
   kContents, kAbout,
   kCount
@@ -57,9 +58,11 @@ std::span<const ActionRow> ActionRows();
 class Actions final : public QObject {
   Q_OBJECT
  public:
-  Actions(QMainWindow& window, const Words& words);
+  Actions(QMainWindow& window, const Texts& texts);
 
   QAction* operator[](Command command) const { return actions_[static_cast<std::size_t>(command)]; }
+  /// The action that chooses a language; null for one without texts.
+  QAction* ActionOf(const std::string& language) const;
   QMenu* MenuOf(Menu menu) const { return menus_[static_cast<std::size_t>(menu)]; }
 
   /// Says what can be done now.
@@ -67,13 +70,15 @@ class Actions final : public QObject {
 
  signals:
   void Triggered(Command command);
+  void LanguageChosen(const std::string& language);
 
  private:
   void MakeMenus(QMainWindow& window);
   void MakeAction(const ActionRow& row, QToolBar& bar);
+  void MakeLanguages();
   void Retranslate();
 
-  const Words& words_;
+  const Texts& texts_;
   std::array<QAction*, static_cast<std::size_t>(Command::kCount)> actions_ = {};
   std::array<QMenu*, static_cast<std::size_t>(Menu::kCount)> menus_ = {};
 };

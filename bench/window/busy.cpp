@@ -11,10 +11,10 @@ constexpr int kSteps = 1000;
 
 }  // namespace
 
-Busy::Busy(const Words& words, Text what, QWidget* window)
-    : box_(words(what), words(Text::kCancel), 0, 0, window) {
+Busy::Busy(const Texts& texts, Text what, QWidget* window)
+    : box_(texts(what), texts(Text::kCancel), 0, 0, window) {
   box_.setWindowModality(Qt::WindowModal);
-  box_.setWindowTitle(words(Text::kWindowTitle));
+  box_.setWindowTitle(texts(Text::kWindowTitle));
   box_.setMinimumDuration(1 << 30);  // it is shown from here
   box_.setAutoReset(false);
   box_.setAutoClose(false);

@@ -4,7 +4,7 @@
 #include <QProgressDialog>
 
 #include "modeller/exchange.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 namespace vanzet::window {
 
@@ -12,7 +12,7 @@ namespace vanzet::window {
 /// and a button that ends the work. Meanwhile the window is drawn but takes no other input.
 class Busy {
  public:
-  Busy(const Words& words, Text what, QWidget* window);
+  Busy(const Texts& texts, Text what, QWidget* window);
   ~Busy();
   Busy(const Busy&) = delete;
   Busy& operator=(const Busy&) = delete;

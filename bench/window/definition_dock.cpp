@@ -42,8 +42,8 @@ bool IsUsed(const project::Operation& operation) {
 
 }  // namespace
 
-DefinitionDock::DefinitionDock(const Words& words, QWidget* parent)
-    : QDockWidget(parent), words_(words), tree_(new QTreeWidget) {
+DefinitionDock::DefinitionDock(const Texts& texts, QWidget* parent)
+    : QDockWidget(parent), texts_(texts), tree_(new QTreeWidget) {
   setObjectName("definition");
   tree_->setColumnCount(2);
   tree_->setAlternatingRowColors(true);
@@ -56,13 +56,13 @@ DefinitionDock::DefinitionDock(const Words& words, QWidget* parent)
     while (item->parent() != nullptr) item = item->parent();
     emit SpurActivated(item->data(0, kSpurRole).toInt());
   });
-  connect(&words_, &Words::Changed, this, &DefinitionDock::Retranslate);
+  connect(&texts_, &Texts::Changed, this, &DefinitionDock::Retranslate);
   Retranslate();
 }
 
 void DefinitionDock::Retranslate() {
-  setWindowTitle(words_(Text::kDefinitionTree));
-  tree_->setHeaderLabels({words_(Text::kTreeName), words_(Text::kTreeContent)});
+  setWindowTitle(texts_(Text::kDefinitionTree));
+  tree_->setHeaderLabels({texts_(Text::kTreeName), texts_(Text::kTreeContent)});
   Refill();
 }
 
@@ -90,16 +90,16 @@ void DefinitionDock::Refill() {
 
 QTreeWidgetItem* DefinitionDock::AddSpur(const results::SpurDefinition& spur) {
   auto* const item = new QTreeWidgetItem(tree_);
-  item->setText(0, words_(Text::kSpur).arg(spur.spur));
+  item->setText(0, texts_(Text::kSpur).arg(spur.spur));
   item->setData(0, kSpurRole, spur.spur);
   QFont bold = item->font(0);
   bold.setBold(true);
   item->setFont(0, bold);
   if (!spur.definition) {
-    item->setText(1, words_(Text::kNoDefinition));
+    item->setText(1, texts_(Text::kNoDefinition));
     return item;
   }
-  item->setText(1, words_(Text::kVdmAndVersion).arg(spur.vdm).arg(spur.definition->version));
+  item->setText(1, texts_(Text::kVdmAndVersion).arg(spur.vdm).arg(spur.definition->version));
   std::size_t number = 0;
   for (const project::Operation& operation : spur.definition->operations)
     AddOperation(item, number++, operation);
@@ -113,7 +113,7 @@ void DefinitionDock::AddOperation(QTreeWidgetItem* parent, std::size_t number,
   std::size_t section = 0;
   for (const auto& items : operation.sections) AddSection(item, section++, items);
   if (!operation.damage.empty()) {
-    item->setText(1, words_(Text::kDamaged).arg(Shown(OneLine(operation.damage))));
+    item->setText(1, texts_(Text::kDamaged).arg(Shown(OneLine(operation.damage))));
     item->setForeground(1, ColoursFor(palette()).warning);
   } else if (!IsUsed(operation)) {
     item->setForeground(0, ColoursFor(palette()).faint);
@@ -123,15 +123,15 @@ void DefinitionDock::AddOperation(QTreeWidgetItem* parent, std::size_t number,
 void DefinitionDock::AddSection(QTreeWidgetItem* parent, std::size_t number,
                                 const std::vector<std::string>& items) {
   auto* const item = new QTreeWidgetItem(parent);
-  item->setText(0, words_(Text::kSection).arg(number));
-  item->setText(1, words_(Text::kItems).arg(items.size()));
+  item->setText(0, texts_(Text::kSection).arg(number));
+  item->setText(1, texts_(Text::kItems).arg(items.size()));
   for (std::size_t i = 0; i < std::min(items.size(), kMostItems); ++i) {
     auto* const leaf = new QTreeWidgetItem(item);
     leaf->setText(0, QString::number(i));
     leaf->setText(1, Shown(OneLine(items[i])));
   }
   if (items.size() <= kMostItems) return;
-  (new QTreeWidgetItem(item))->setText(1, words_(Text::kMoreItems).arg(items.size() - kMostItems));
+  (new QTreeWidgetItem(item))->setText(1, texts_(Text::kMoreItems).arg(items.size() - kMostItems));
 }
 
 }  // namespace vanzet::window

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "results/definitions.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -15,7 +15,7 @@ namespace vanzet::window {
 class DefinitionDock final : public QDockWidget {
   Q_OBJECT
  public:
-  explicit DefinitionDock(const Words& words, QWidget* parent = nullptr);
+  explicit DefinitionDock(const Texts& texts, QWidget* parent = nullptr);
 
   void Show(std::vector<results::SpurDefinition> spurs);
   QTreeWidget& tree() { return *tree_; }
@@ -30,7 +30,7 @@ class DefinitionDock final : public QDockWidget {
   void AddOperation(QTreeWidgetItem* parent, std::size_t number, const project::Operation& operation);
   void AddSection(QTreeWidgetItem* parent, std::size_t number, const std::vector<std::string>& items);
 
-  const Words& words_;
+  const Texts& texts_;
   std::vector<results::SpurDefinition> spurs_;
   QTreeWidget* tree_;
 };

@@ -8,7 +8,7 @@
 
 namespace vanzet::window {
 
-HelpWindow::HelpWindow(const Words& words, QWidget* parent)
+HelpWindow::HelpWindow(const Texts& texts, QWidget* parent)
     : QWidget(parent, Qt::Window), browser_(new QTextBrowser) {
   setObjectName("help");
   resize(860, 720);
@@ -17,8 +17,8 @@ HelpWindow::HelpWindow(const Words& words, QWidget* parent)
   layout->addWidget(browser_);
   browser_->setOpenExternalLinks(true);
   browser_->document()->setDocumentMargin(20);
-  setWindowTitle(words(Text::kHelpTitle));
-  connect(&words, &Words::Changed, this, [this, &words] { setWindowTitle(words(Text::kHelpTitle)); });
+  setWindowTitle(texts(Text::kHelpTitle));
+  connect(&texts, &Texts::Changed, this, [this, &texts] { setWindowTitle(texts(Text::kHelpTitle)); });
 }
 
 Result<void> HelpWindow::Open(const std::filesystem::path& page) {

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "base/result.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 class QTextBrowser;
 
@@ -14,7 +14,7 @@ namespace vanzet::window {
 class HelpWindow final : public QWidget {
   Q_OBJECT
  public:
-  HelpWindow(const Words& words, QWidget* parent);
+  HelpWindow(const Texts& texts, QWidget* parent);
 
   /// Refused when the page is not there.
   Result<void> Open(const std::filesystem::path& page);

@@ -24,14 +24,14 @@ QIcon SwatchOf(const QColor& colour) {
 
 }  // namespace
 
-LayerDock::LayerDock(const Words& words, QWidget* parent) : QDockWidget(parent), list_(new QListWidget) {
+LayerDock::LayerDock(const Texts& texts, QWidget* parent) : QDockWidget(parent), list_(new QListWidget) {
   setObjectName("layers");
   setWidget(list_);
   connect(list_, &QListWidget::itemChanged, this, [this](const QListWidgetItem* item) {
     emit LayerSwitched(item->text(), item->checkState() == Qt::Checked);
   });
-  const auto retranslate = [this, &words] { setWindowTitle(words(Text::kLayers)); };
-  connect(&words, &Words::Changed, this, retranslate);
+  const auto retranslate = [this, &texts] { setWindowTitle(texts(Text::kLayers)); };
+  connect(&texts, &Texts::Changed, this, retranslate);
   retranslate();
 }
 

@@ -3,7 +3,7 @@
 #include <QDockWidget>
 
 #include "drawing/drawing.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 class QListWidget;
 
@@ -13,7 +13,7 @@ namespace vanzet::window {
 class LayerDock final : public QDockWidget {
   Q_OBJECT
  public:
-  explicit LayerDock(const Words& words, QWidget* parent = nullptr);
+  explicit LayerDock(const Texts& texts, QWidget* parent = nullptr);
 
   /// Layers that were switched off stay so.
   void Show(const drawing::Drawing& drawing);

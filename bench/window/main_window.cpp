@@ -31,22 +31,23 @@ std::vector<std::filesystem::path> FilesOf(const QMimeData& data) {
 
 }  // namespace
 
-MainWindow::MainWindow(Places places) : places_(std::move(places)) {
+MainWindow::MainWindow(Places places) : places_(std::move(places)), texts_(places_.share) {
   setObjectName("workbench");
   setWindowIcon(IconNamed("app"));
   setAcceptDrops(true);
   setDockNestingEnabled(true);
-  Speak(memory_.ChosenLanguage());
-  actions_ = new Actions(*this, words_);
+  actions_ = new Actions(*this, texts_);
   MakeViews();
   MakeDocks();
   MakeStatus();
-  picks_ = new PickSession({words_, *hint_, *drawing_, *equipment_, *choice_, [this] { RefreshDrawing(); },
+  picks_ = new PickSession({texts_, *hint_, *drawing_, *equipment_, *choice_, [this] { RefreshDrawing(); },
                             [this] { return Figures(); }, [this] { return Solids(); },
                             [this](const QString& name) { ShowSolid(name); },
                             [this] { static_cast<void>(equipment_->Show(scene_)); }});
   picks_->setParent(this);
   Connect();
+  const std::string language = memory_.ChosenLanguage();
+  ApplyLanguage(texts_.Has(language) ? language : texts_.language());
   Retranslate();
   resize(1400, 900);
   restoreGeometry(memory_.Geometry());
@@ -89,9 +90,9 @@ void MainWindow::MakeViews() {
 }
 
 void MainWindow::MakeDocks() {
-  definition_ = new DefinitionDock(words_, this);
-  layers_ = new LayerDock(words_, this);
-  messages_ = new MessageDock(words_, this);
+  definition_ = new DefinitionDock(texts_, this);
+  layers_ = new LayerDock(texts_, this);
+  messages_ = new MessageDock(texts_, this);
   choice_ = new ChoiceDock(this);
   addDockWidget(Qt::LeftDockWidgetArea, definition_);
   addDockWidget(Qt::LeftDockWidgetArea, layers_);
@@ -112,8 +113,9 @@ void MainWindow::MakeStatus() {
 
 void MainWindow::Connect() {
   connect(actions_, &Actions::Triggered, this, &MainWindow::Run);
+  connect(actions_, &Actions::LanguageChosen, this, &MainWindow::ChooseLanguage);
   connect(actions_->MenuOf(Menu::kRecent), &QMenu::aboutToShow, this, &MainWindow::FillRecent);
-  connect(&words_, &Words::Changed, this, &MainWindow::Retranslate);
+  connect(&texts_, &Texts::Changed, this, &MainWindow::Retranslate);
   connect(messages_, &MessageDock::FaultAdded, this,
           [this](const QString& text) { statusBar()->showMessage(text, kTelling); });
   connect(layers_, &LayerDock::LayerSwitched, this,
@@ -143,15 +145,14 @@ void MainWindow::Connect() {
 }
 
 void MainWindow::Retranslate() {
-  const QString title = words_(Text::kWindowTitle);
+  const QString title = texts_(Text::kWindowTitle);
   setWindowTitle(session_ ? Shown(session_->project().folder().filename()) + " - " + title : title);
-  drawingPane_->SetTitle(words_(Text::kDrawing));
-  equipmentPane_->SetTitle(words_(Text::kEquipment));
-  drawing_->SetHint(words_(session_ ? Text::kNothingDrawn : Text::kNoProject));
-  equipment_->SetHint(words_(session_ ? Text::kNoEquipment : Text::kNoProject));
-  for (int spur = 0; spur < spurs_->count(); ++spur) spurs_->setItemText(spur, words_(Text::kSpur).arg(spur));
-  const bool isGerman = words_.language() == Language::kGerman;
-  (*actions_)[isGerman ? Command::kGerman : Command::kEnglish]->setChecked(true);
+  drawingPane_->SetTitle(texts_(Text::kDrawing));
+  equipmentPane_->SetTitle(texts_(Text::kEquipment));
+  drawing_->SetHint(texts_(session_ ? Text::kNothingDrawn : Text::kNoProject));
+  equipment_->SetHint(texts_(session_ ? Text::kNoEquipment : Text::kNoProject));
+  for (int spur = 0; spur < spurs_->count(); ++spur) spurs_->setItemText(spur, texts_(Text::kSpur).arg(spur));
+  actions_->ActionOf(texts_.language())->setChecked(true);
   const bool isDark = AppearanceOf(palette()) == Appearance::kDark;
   (*actions_)[isDark ? Command::kDark : Command::kLight]->setChecked(true);
 }
@@ -185,7 +186,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   // The module's call stands on this window: it ends first, and so does a pick.
   if (picks_->isAsking()) picks_->Cancel();
   if (isBusy_ || (session_ && session_->isAtWork())) {
-    statusBar()->showMessage(words_(Text::kAtWork), kTelling);
+    statusBar()->showMessage(texts_(Text::kAtWork), kTelling);
     return event->ignore();
   }
   Remember();

@@ -59,7 +59,7 @@ class MainWindow final : public QMainWindow {
   Result<void> WriteEquipmentPicture(const std::filesystem::path& file);
   Result<void> WriteBodies(modeller::ExportFormat format, const std::filesystem::path& folder);
 
-  Words& words() { return words_; }
+  const Texts& texts() const { return texts_; }
   Actions& actions() { return *actions_; }
   DrawingView& drawing() { return *drawing_; }
   EquipmentView& equipment() { return *equipment_; }
@@ -114,8 +114,8 @@ class MainWindow final : public QMainWindow {
   bool RunView(Command command);
   void LookFrom(scene::View view);
   void Arrange(Command command);
-  void Choose(Language language);
-  void Speak(Language language);
+  void ChooseLanguage(const std::string& language);
+  void ApplyLanguage(const std::string& language);
   void Wear(Appearance appearance);
   void ShowPosition(double x, double y);
   void ShowContents();
@@ -128,7 +128,7 @@ class MainWindow final : public QMainWindow {
   bool RunExport(Command command);
 
   Places places_;
-  Words words_;
+  Texts texts_;
   WindowMemory memory_;
   std::unique_ptr<Session> session_;
   std::unique_ptr<QLockFile> lock_;  ///< tells others that the project is shown here
@@ -153,7 +153,7 @@ class MainWindow final : public QMainWindow {
   PickSession* picks_;
   HelpWindow* help_ = nullptr;
   QLabel* position_;
-  QTranslator toolkitWords_;  ///< of file dialogs and the like, where the machine has them
+  QTranslator toolkitTexts_;  ///< of file dialogs and the like, where the machine has them
   QTimer redraw_;             ///< draws once for many lines
   QTimer glance_;             ///< looks whether another process changed the project
 };

@@ -25,7 +25,7 @@ bool MainWindow::IsFreeElsewhere() {
   const auto open = session_->OpenElsewhere();
   if (!open) return Tell(open.fault()), false;
   if (open->empty()) return true;
-  QMessageBox::information(this, words_(Text::kWindowTitle), words_(Text::kOpenElsewhere).arg(open->front()));
+  QMessageBox::information(this, texts_(Text::kWindowTitle), texts_(Text::kOpenElsewhere).arg(open->front()));
   return false;
 }
 
@@ -36,7 +36,7 @@ void MainWindow::Call(const char* function, Text busy) {
   // A body that a pick or a page asks for is read within one call.
   std::unique_ptr<Busy> box;
   const auto progress = [&](double done) {
-    if (!box) box = std::make_unique<Busy>(words_, busy, this);
+    if (!box) box = std::make_unique<Busy>(texts_, busy, this);
     return box->progress()(done);
   };
   const auto afterCall = [&](bool isLine) {
@@ -81,11 +81,11 @@ void MainWindow::RefreshDrawing() {
 void MainWindow::RefreshEquipment() {
   if (isBusy_) return;
   isBusy_ = true;
-  Busy busy(words_, Text::kMakingScene, this);
+  Busy busy(texts_, Text::kMakingScene, this);
   auto scene = session_->Equipment(spur_, busy.progress());
   isBusy_ = false;
   scene_ = scene ? *scene : nullptr;
-  equipment_->SetHint(words_(Text::kNoEquipment));
+  equipment_->SetHint(texts_(Text::kNoEquipment));
   auto shown = equipment_->Show(scene_);
   if (scene && shown) return;
   const Fault fault = scene ? shown.fault() : scene.fault();
@@ -102,7 +102,7 @@ void MainWindow::LookForChanges() {
 void MainWindow::ShowSolid(const QString& name) {
   if (isBusy_) return;
   isBusy_ = true;
-  Busy busy(words_, Text::kImporting, this);
+  Busy busy(texts_, Text::kImporting, this);
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = busy.progress();
   modeller::BodyTable table;

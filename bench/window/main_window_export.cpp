@@ -62,17 +62,17 @@ bool MainWindow::RunExport(Command command) {
   if (const auto* const row = std::ranges::find(kPictures, command, &PictureRow::command);
       row != std::end(kPictures)) {
     const QString suggested = Shown(session_->project().folder() / row->name);
-    place = QFileDialog::getSaveFileName(this, words_(Text::kExportMenu).remove('&'), suggested, row->filter);
+    place = QFileDialog::getSaveFileName(this, texts_(Text::kExportMenu).remove('&'), suggested, row->filter);
     if (!place.isEmpty()) done = (this->*row->write)(PathOf(place));
   } else if (const auto* const bodies = std::ranges::find(kBodies, command, &BodiesRow::command);
              bodies != std::end(kBodies)) {
-    place = QFileDialog::getExistingDirectory(this, words_(Text::kChooseFolder));
+    place = QFileDialog::getExistingDirectory(this, texts_(Text::kChooseFolder));
     if (!place.isEmpty()) done = WriteBodies(bodies->format, PathOf(place));
   } else {
     return false;
   }
   if (!done) Tell(done.fault());
-  if (done && !place.isEmpty()) statusBar()->showMessage(words_(Text::kWritten).arg(place), kTelling);
+  if (done && !place.isEmpty()) statusBar()->showMessage(texts_(Text::kWritten).arg(place), kTelling);
   return true;
 }
 
@@ -85,7 +85,7 @@ Result<void> MainWindow::WriteDrawing(const fs::path& file) {
 }
 
 Result<void> MainWindow::WriteEquipmentPicture(const fs::path& file) {
-  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{words_(Text::kNoEquipment).toStdString()};
+  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{texts_(Text::kNoEquipment).toStdString()};
   const auto model = scene::ModelOf(*scene_, (*actions_)[Command::kSection]->isChecked());
   if (!model) return model.fault();
   const double factor = double{kLargestSide} / std::max(equipment_->width(), equipment_->height());
@@ -99,9 +99,9 @@ Result<void> MainWindow::WriteEquipmentPicture(const fs::path& file) {
 }
 
 Result<void> MainWindow::WriteBodies(modeller::ExportFormat format, const fs::path& folder) {
-  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{words_(Text::kNoEquipment).toStdString()};
+  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{texts_(Text::kNoEquipment).toStdString()};
   isBusy_ = true;
-  Busy busy(words_, Text::kExporting, this);
+  Busy busy(texts_, Text::kExporting, this);
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = busy.progress();
   const auto done = results::WriteEquipment(*scene_, format, folder, exchange);

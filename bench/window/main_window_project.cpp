@@ -58,7 +58,7 @@ void MainWindow::LockProject() {
   qint64 process = 0;
   QString host, program;
   lock_->getLockInfo(&process, &host, &program);
-  notice_->Tell(words_(Text::kShownElsewhere).arg(process));
+  notice_->Tell(texts_(Text::kShownElsewhere).arg(process));
 }
 
 Result<void> MainWindow::MakeProject(const fs::path& folder, const std::string& sample) {
@@ -70,14 +70,14 @@ void MainWindow::NewProject() {
   QStringList samples;
   for (const std::string& sample : project::SampleNames(places_.share)) samples << Shown(sample);
   const QString place = session_ ? Shown(session_->project().folder().parent_path()) : QDir::homePath();
-  NewProjectBox box(words_, samples, place, this);
+  NewProjectBox box(texts_, samples, place, this);
   if (box.exec() != QDialog::Accepted) return;
   const auto made = MakeProject(PathOf(box.Folder()), box.Sample().toStdString());
   if (!made) Tell(made.fault());
 }
 
 void MainWindow::AskForProject() {
-  const QString folder = QFileDialog::getExistingDirectory(this, words_(Text::kChooseProject));
+  const QString folder = QFileDialog::getExistingDirectory(this, texts_(Text::kChooseProject));
   if (folder.isEmpty()) return;
   if (const auto opened = OpenProject(PathOf(folder)); !opened) Tell(opened.fault());
 }
@@ -90,13 +90,13 @@ void MainWindow::FillRecent() {
       if (const auto opened = OpenProject(PathOf(folder)); !opened) Tell(opened.fault());
     });
   }
-  if (menu->isEmpty()) menu->addAction(words_(Text::kNone))->setEnabled(false);
+  if (menu->isEmpty()) menu->addAction(texts_(Text::kNone))->setEnabled(false);
 }
 
 void MainWindow::SaveVdm() {
   const std::uint32_t vdm = session_->project().DefinitionOf(spur_);
   const QString suggested = Shown(session_->project().folder() / ("spur-" + std::to_string(spur_) + ".vdm"));
-  const QString file = QFileDialog::getSaveFileName(this, words_(Text::kSaveVdm), suggested, kVdmFiles);
+  const QString file = QFileDialog::getSaveFileName(this, texts_(Text::kSaveVdm), suggested, kVdmFiles);
   if (file.isEmpty()) return;
   if (const auto saved = SaveVdmTo(vdm, PathOf(file)); !saved) Tell(saved.fault());
 }
@@ -107,12 +107,12 @@ Result<void> MainWindow::SaveVdmTo(std::uint32_t vdm, const fs::path& file) {
   if (!content) return content.fault();
   if (const auto target = store.CheckTarget(file); !target) return target;
   if (const auto written = vdm::WriteVdmFile(file, *content); !written) return written;
-  statusBar()->showMessage(words_(Text::kWritten).arg(Shown(file)), kTelling);
+  statusBar()->showMessage(texts_(Text::kWritten).arg(Shown(file)), kTelling);
   return {};
 }
 
 void MainWindow::LoadVdm() {
-  const QString file = QFileDialog::getOpenFileName(this, words_(Text::kLoadVdm),
+  const QString file = QFileDialog::getOpenFileName(this, texts_(Text::kLoadVdm),
                                                     Shown(session_->project().folder()), kVdmFiles);
   if (file.isEmpty()) return;
   const auto loaded = LoadVdmFrom(PathOf(file), session_->project().DefinitionOf(spur_));
@@ -124,7 +124,7 @@ Result<void> MainWindow::LoadVdmFrom(const fs::path& file, std::uint32_t vdm) {
   if (!content) return content.fault();
   if (const auto kept = vdm::VdmStore(session_->project().folder()).Replace(vdm, *content); !kept)
     return kept;
-  statusBar()->showMessage(words_(Text::kLoaded).arg(Shown(file)), kTelling);
+  statusBar()->showMessage(texts_(Text::kLoaded).arg(Shown(file)), kTelling);
   Refresh();
   return {};
 }
@@ -134,18 +134,18 @@ Result<void> MainWindow::Import(const std::vector<fs::path>& files,
   const auto copied = ImportFiles(files, session_->project().folder(), ask);
   if (!copied) return copied.fault();
   for (const fs::path& file : *copied) {
-    messages_->Add(MessageDock::Kind::kNote, words_(Text::kImported).arg(Shown(file)));
+    messages_->Add(MessageDock::Kind::kNote, texts_(Text::kImported).arg(Shown(file)));
   }
   if (!copied->empty()) Refresh();
   return {};
 }
 
 Taken MainWindow::AskAboutTaken(const fs::path& existing) {
-  QMessageBox box(QMessageBox::Question, words_(Text::kWindowTitle),
-                  words_(Text::kNameTaken).arg(Shown(existing.filename())), QMessageBox::NoButton, this);
-  const auto* const both = box.addButton(words_(Text::kKeepBoth), QMessageBox::AcceptRole);
-  const auto* const replace = box.addButton(words_(Text::kReplace), QMessageBox::DestructiveRole);
-  box.setEscapeButton(box.addButton(words_(Text::kSkip), QMessageBox::RejectRole));
+  QMessageBox box(QMessageBox::Question, texts_(Text::kWindowTitle),
+                  texts_(Text::kNameTaken).arg(Shown(existing.filename())), QMessageBox::NoButton, this);
+  const auto* const both = box.addButton(texts_(Text::kKeepBoth), QMessageBox::AcceptRole);
+  const auto* const replace = box.addButton(texts_(Text::kReplace), QMessageBox::DestructiveRole);
+  box.setEscapeButton(box.addButton(texts_(Text::kSkip), QMessageBox::RejectRole));
   box.exec();
   if (box.clickedButton() == replace) return Taken::kReplace;
   return box.clickedButton() == both ? Taken::kKeepBoth : Taken::kSkip;

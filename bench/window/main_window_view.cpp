@@ -45,8 +45,6 @@ bool MainWindow::RunView(Command command) {
     case Command::kBothViews:
     case Command::kDrawingOnly:
     case Command::kEquipmentOnly: Arrange(command); return true;
-    case Command::kEnglish: Choose(Language::kEnglish); return true;
-    case Command::kGerman: Choose(Language::kGerman); return true;
     case Command::kLight: Wear(Appearance::kLight); return true;
     case Command::kDark: Wear(Appearance::kDark); return true;
     default: return false;
@@ -58,17 +56,17 @@ void MainWindow::Arrange(Command command) {
   equipmentPane_->setVisible(command != Command::kDrawingOnly);
 }
 
-void MainWindow::Choose(Language language) {
+void MainWindow::ChooseLanguage(const std::string& language) {
   memory_.Choose(language);
-  Speak(language);
+  ApplyLanguage(language);
 }
 
-void MainWindow::Speak(Language language) {
-  words_.Speak(language);
-  const QLocale locale(language == Language::kGerman ? QLocale::German : QLocale::English);
-  QCoreApplication::removeTranslator(&toolkitWords_);
-  if (toolkitWords_.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QCoreApplication::installTranslator(&toolkitWords_);
+void MainWindow::ApplyLanguage(const std::string& language) {
+  if (const auto set = texts_.SetLanguage(language); !set) return Tell(set.fault());
+  const QLocale locale(Shown(language));
+  QCoreApplication::removeTranslator(&toolkitTexts_);
+  if (toolkitTexts_.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&toolkitTexts_);
   }
 }
 
@@ -88,12 +86,12 @@ void MainWindow::ShowContents() {
 }
 
 Result<void> MainWindow::ShowHelp(const char* page) {
-  if (help_ == nullptr) help_ = new HelpWindow(words_, this);
+  if (help_ == nullptr) help_ = new HelpWindow(texts_, this);
   return help_->Open(places_.share.parent_path() / "doc" / "vanzet" / page);
 }
 
 void MainWindow::ShowAbout() {
-  QMessageBox::about(this, words_(Text::kAbout).remove('&'), words_(Text::kAboutText).arg(VANZET_VERSION));
+  QMessageBox::about(this, texts_(Text::kAbout).remove('&'), texts_(Text::kAboutText).arg(VANZET_VERSION));
 }
 
 }  // namespace vanzet::window

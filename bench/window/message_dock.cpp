@@ -39,9 +39,9 @@ QToolButton* Button(const char* icon) {
 
 }  // namespace
 
-MessageDock::MessageDock(const Words& words, QWidget* parent)
+MessageDock::MessageDock(const Texts& texts, QWidget* parent)
     : QDockWidget(parent),
-      words_(words),
+      texts_(texts),
       text_(new QPlainTextEdit),
       calls_(Button("calls")),
       copy_(Button("copy")),
@@ -64,15 +64,15 @@ MessageDock::MessageDock(const Words& words, QWidget* parent)
   connect(calls_, &QToolButton::toggled, this, &MessageDock::Refill);
   connect(copy_, &QToolButton::clicked, this, [this] { QApplication::clipboard()->setText(Content()); });
   connect(clear_, &QToolButton::clicked, this, &MessageDock::Clear);
-  connect(&words_, &Words::Changed, this, &MessageDock::Retranslate);
+  connect(&texts_, &Texts::Changed, this, &MessageDock::Retranslate);
   Retranslate();
 }
 
 void MessageDock::Retranslate() {
-  setWindowTitle(words_(Text::kMessages));
-  calls_->setToolTip(words_(Text::kAllCalls));
-  copy_->setToolTip(words_(Text::kCopyAll));
-  clear_->setToolTip(words_(Text::kClear));
+  setWindowTitle(texts_(Text::kMessages));
+  calls_->setToolTip(texts_(Text::kAllCalls));
+  copy_->setToolTip(texts_(Text::kCopyAll));
+  clear_->setToolTip(texts_(Text::kClear));
 }
 
 void MessageDock::Add(Kind kind, const QString& text) {

@@ -4,7 +4,7 @@
 #include <deque>
 
 #include "project/message_panel.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 class QPlainTextEdit;
 class QToolButton;
@@ -18,7 +18,7 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
  public:
   enum class Kind { kFault, kNote, kLine, kAnswer, kCall };
 
-  explicit MessageDock(const Words& words, QWidget* parent = nullptr);
+  explicit MessageDock(const Texts& texts, QWidget* parent = nullptr);
 
   void Add(Kind kind, const QString& text);
   void Clear();
@@ -41,7 +41,7 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
   void Refill();
   void changeEvent(QEvent* event) override;
 
-  const Words& words_;
+  const Texts& texts_;
   std::deque<Line> lines_;
   QPlainTextEdit* text_;
   QToolButton* calls_;

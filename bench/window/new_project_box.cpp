@@ -13,29 +13,29 @@
 
 namespace vanzet::window {
 
-NewProjectBox::NewProjectBox(const Words& words, const QStringList& samples, const QString& place,
+NewProjectBox::NewProjectBox(const Texts& texts, const QStringList& samples, const QString& place,
                              QWidget* parent)
     : QDialog(parent),
-      words_(words),
+      texts_(texts),
       name_(new QLineEdit),
       place_(new QLineEdit(place)),
       sample_(new QComboBox),
       folder_(new QLabel) {
-  setWindowTitle(words(Text::kNewProject).remove('&').remove("..."));
+  setWindowTitle(texts(Text::kNewProject).remove('&').remove("..."));
   setMinimumWidth(480);
   sample_->addItems(samples);
-  auto* const browse = new QPushButton(words(Text::kBrowse));
+  auto* const browse = new QPushButton(texts(Text::kBrowse));
   auto* const row = new QHBoxLayout;
   row->addWidget(place_, 1);
   row->addWidget(browse);
   auto* const buttons = new QDialogButtonBox;
-  make_ = buttons->addButton(words(Text::kMake), QDialogButtonBox::AcceptRole);
-  buttons->addButton(words(Text::kCancel), QDialogButtonBox::RejectRole);
+  make_ = buttons->addButton(texts(Text::kMake), QDialogButtonBox::AcceptRole);
+  buttons->addButton(texts(Text::kCancel), QDialogButtonBox::RejectRole);
   auto* const form = new QFormLayout(this);
   form->setVerticalSpacing(10);
-  form->addRow(words(Text::kProjectName), name_);
-  form->addRow(words(Text::kPlace), row);
-  form->addRow(words(Text::kSample), sample_);
+  form->addRow(texts(Text::kProjectName), name_);
+  form->addRow(texts(Text::kPlace), row);
+  form->addRow(texts(Text::kSample), sample_);
   form->addRow(folder_);
   form->addRow(buttons);
   connect(browse, &QPushButton::clicked, this, &NewProjectBox::Browse);
@@ -54,7 +54,7 @@ QString NewProjectBox::Sample() const {
 }
 
 void NewProjectBox::Browse() {
-  const QString folder = QFileDialog::getExistingDirectory(this, words_(Text::kPlace), place_->text());
+  const QString folder = QFileDialog::getExistingDirectory(this, texts_(Text::kPlace), place_->text());
   if (!folder.isEmpty()) place_->setText(folder);
 }
 
@@ -63,7 +63,7 @@ void NewProjectBox::Check() {
   const bool isNamed = !name_->text().trimmed().isEmpty() && !place_->text().isEmpty();
   const bool isTaken = isNamed && QFileInfo::exists(Folder());
   make_->setEnabled(isNamed && !isTaken);
-  folder_->setText(isTaken ? words_(Text::kTaken).arg(Folder()) : isNamed ? Folder() : QString(" "));
+  folder_->setText(isTaken ? texts_(Text::kTaken).arg(Folder()) : isNamed ? Folder() : QString(" "));
 }
 
 }  // namespace vanzet::window

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "window/words.h"
+#include "window/texts.h"
 
 class QComboBox;
 class QLabel;
@@ -15,7 +15,7 @@ namespace vanzet::window {
 class NewProjectBox final : public QDialog {
   Q_OBJECT
  public:
-  NewProjectBox(const Words& words, const QStringList& samples, const QString& place, QWidget* parent);
+  NewProjectBox(const Texts& texts, const QStringList& samples, const QString& place, QWidget* parent);
 
   QString Folder() const;
   QString Sample() const;
@@ -24,7 +24,7 @@ class NewProjectBox final : public QDialog {
   void Browse();
   void Check();
 
-  const Words& words_;
+  const Texts& texts_;
   QLineEdit* name_;
   QLineEdit* place_;
   QComboBox* sample_;

@@ -26,7 +26,7 @@ void NoticeBar::Tell(const QString& text) {
   setVisible(!text.isEmpty());
 }
 
-QString NoticeBar::Told() const {
+QString NoticeBar::Message() const {
   return isHidden() ? QString() : text_->text();
 }
 

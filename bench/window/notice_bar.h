@@ -14,7 +14,7 @@ class NoticeBar final : public QFrame {
   explicit NoticeBar(QWidget* parent = nullptr);
 
   void Tell(const QString& text);
-  QString Told() const;
+  QString Message() const;
 
  private:
   QLabel* text_;

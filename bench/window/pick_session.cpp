@@ -64,12 +64,12 @@ void PickSession::Begin(const drawing::PickQuestion& question) {
   asked_ = question.kind;
   answer_ = {};
   marked_.clear();
-  const QString prompt = question.prompt.empty() ? desk_.words(row.prompt) : Shown(question.prompt);
-  desk_.hint.Ask(desk_.words(Text::kPickHint).arg(prompt), desk_.words(Text::kCancel));
+  const QString prompt = question.prompt.empty() ? desk_.texts(row.prompt) : Shown(question.prompt);
+  desk_.hint.Ask(desk_.texts(Text::kPickHint).arg(prompt), desk_.texts(Text::kCancel));
   desk_.drawing.Ask(row.picking);
   desk_.equipment.AskForSolid(asked_ == Pick::Kind::kObject);
-  if (asked_ == Pick::Kind::kFigure) desk_.choice.Offer(desk_.words(row.list), desk_.figures());
-  if (asked_ == Pick::Kind::kObject) desk_.choice.Offer(desk_.words(row.list), desk_.solids());
+  if (asked_ == Pick::Kind::kFigure) desk_.choice.Offer(desk_.texts(row.list), desk_.figures());
+  if (asked_ == Pick::Kind::kObject) desk_.choice.Offer(desk_.texts(row.list), desk_.solids());
   QWidget* const window = desk_.hint.window();
   window->raise();
   window->activateWindow();

@@ -8,7 +8,7 @@
 #include "window/drawing_view.h"
 #include "window/equipment_view.h"
 #include "window/hint_bar.h"
-#include "window/words.h"
+#include "window/texts.h"
 
 namespace vanzet::window {
 
@@ -18,7 +18,7 @@ class PickSession final : public QObject {
   Q_OBJECT
  public:
   struct Desk {
-    const Words& words;
+    const Texts& texts;
     HintBar& hint;
     DrawingView& drawing;
     EquipmentView& equipment;

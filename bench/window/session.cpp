@@ -1,8 +1,7 @@
 #include "window/session.h"
 
-#include <cstdlib>
-
 #include "api/module.h"
+#include "base/translations.h"
 #include "results/equipment.h"
 
 namespace vanzet::window {
@@ -26,10 +25,7 @@ Places Places::OfProcess() {
   std::error_code error;
   Places places;
   places.program = fs::read_symlink("/proc/self/exe", error);
-  const char* const share = std::getenv("VANZET_SHARE");
-  places.share = share != nullptr && *share != '\0'
-                     ? fs::path(share)
-                     : places.program.parent_path().parent_path() / "share" / "vanzet";
+  places.share = ShareFolder(places.program.parent_path());
   return places;
 }
 

@@ -17,8 +17,7 @@ struct Places {
   std::filesystem::path program;  ///< the executable
   std::filesystem::path share;    ///< the workbench's own files
 
-  /// Of this process: share is ../share/vanzet beside the executable's folder, or where the environment
-  /// variable VANZET_SHARE says.
+  /// The places of this process.
   static Places OfProcess();
 };
 

@@ -1,130 +1,121 @@
 #include "window/texts.h"
 
+#include <algorithm>
 #include <array>
+
+#include "window/qt_text.h"
 
 namespace vanzet::window {
 namespace {
 
+/// The part of the catalogues in share/messages.
+constexpr const char* kSection = "window";
+
 struct TextRow {
   Text text;
   const char* english;
-  const char* german;
 };
 
 // clang-format off
 constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {{
-    { Text::kProjectMenu, "&Project",                                 "&Projekt" },
-    { Text::kEquipmentMenu,"&Equipment",                               "&Spannmittel" },
-    { Text::kViewMenu,    "&View",                                    "&Ansicht" },
-    { Text::kExportMenu,  "E&xport",                                  "E&xport" },
-    { Text::kHelpMenu,    "&Help",                                    "&Hilfe" },
-    { Text::kLanguageMenu,"Lang&uage",                                "Spr&ache" },
-    { Text::kAppearanceMenu,"Appeara&nce",                              "&Darstellung" },
+    { Text::kProjectMenu,      "&Project" },
+    { Text::kEquipmentMenu,    "&Equipment" },
+    { Text::kViewMenu,         "&View" },
+    { Text::kExportMenu,       "E&xport" },
+    { Text::kHelpMenu,         "&Help" },
+    { Text::kLanguageMenu,     "Lang&uage" },
+    { Text::kAppearanceMenu,   "Appeara&nce" },
 
-    { Text::kNewProject,  "&New Project...",                          "&Neues Projekt..." },
-    { Text::kOpenProject, "&Open Project...",                         "Projekt ö&ffnen..." },
-    { Text::kRecent,      "&Recent Projects",                         "&Zuletzt geöffnet" },
-    { Text::kSaveVdm,     "&Save Definition...",                      "Definition &speichern..." },
-    { Text::kLoadVdm,     "&Load Definition...",                      "Definition &laden..." },
-    { Text::kQuit,        "&Quit",                                    "&Beenden" },
-    { Text::kDefinition,  "&Define Equipment...",                     "Spannmittel &definieren..." },
-    { Text::kUpgrade,     "&Upgrade Definitions",                     "Definitionen &aktualisieren" },
-    { Text::kRefresh,     "&Refresh",                                 "&Neu einlesen" },
-    { Text::kFit,         "&Fit",                                     "&Einpassen" },
-    { Text::kIso,         "&Isometric",                               "&Isometrisch" },
-    { Text::kFront,       "F&ront",                                   "&Vorn" },
-    { Text::kBack,        "&Back",                                    "&Hinten" },
-    { Text::kTop,         "&Top",                                     "&Oben" },
-    { Text::kBottom,      "B&ottom",                                  "&Unten" },
-    { Text::kLeft,        "&Left (Back Side of the Main Spindle)",    "&Links (Rückseite der Hauptspindel)" },
-    { Text::kRight,       "Rig&ht (Front Side of the Main Spindle)",  "&Rechts (Vorderseite der Hauptspindel)" },
-    { Text::kSectionView, "&Section",                                 "S&chnitt" },
-    { Text::kPerspective, "&Perspective",                             "&Perspektive" },
-    { Text::kBothViews,   "Drawing &and Equipment",                   "Zeichnung und &Spannmittel" },
-    { Text::kDrawingOnly, "&Drawing Only",                            "Nur &Zeichnung" },
-    { Text::kEquipmentOnly,"&Equipment Only",                          "Nur Spann&mittel" },
-    { Text::kDefinitionTree,"Definition",                               "Definition" },
-    { Text::kLayers,      "Layers",                                   "Ebenen" },
-    { Text::kMessages,    "Messages",                                 "Meldungen" },
-    { Text::kEnglish,     "English",                                  "English" },
-    { Text::kGerman,      "Deutsch",                                  "Deutsch" },
-    { Text::kLight,       "&Light",                                   "&Hell" },
-    { Text::kDark,        "&Dark",                                    "&Dunkel" },
-    { Text::kDrawingSvg,  "Drawing as &SVG...",                       "Zeichnung als &SVG..." },
-    { Text::kDrawingPng,  "Drawing as &PNG...",                       "Zeichnung als &PNG..." },
-    { Text::kEquipmentPng,"&Equipment as PNG...",                     "Spann&mittel als PNG..." },
-    { Text::kBodiesStep,  "Bodies as S&TEP...",                       "Körper als S&TEP..." },
-    { Text::kBodiesStl,   "Bodies as ST&L...",                        "Körper als ST&L..." },
-    { Text::kBodiesWrl,   "Bodies as &VRML...",                       "Körper als &VRML..." },
-    { Text::kBodiesGltf,  "Bodies as &glTF...",                       "Körper als &glTF..." },
-    { Text::kContents,    "&Contents",                                "&Inhalt" },
-    { Text::kAbout,       "&About the Workbench",                     "Ü&ber die Werkbank" },
+    { Text::kNewProject,       "&New Project..." },
+    { Text::kOpenProject,      "&Open Project..." },
+    { Text::kRecent,           "&Recent Projects" },
+    { Text::kSaveVdm,          "&Save Definition..." },
+    { Text::kLoadVdm,          "&Load Definition..." },
+    { Text::kQuit,             "&Quit" },
+    { Text::kDefinition,       "&Define Equipment..." },
+    { Text::kUpgrade,          "&Upgrade Definitions" },
+    { Text::kRefresh,          "&Refresh" },
+    { Text::kFit,              "&Fit" },
+    { Text::kIso,              "&Isometric" },
+    { Text::kFront,            "F&ront" },
+    { Text::kBack,             "&Back" },
+    { Text::kTop,              "&Top" },
+    { Text::kBottom,           "B&ottom" },
+    { Text::kLeft,             "&Left (Back Side of the Main Spindle)" },
+    { Text::kRight,            "Rig&ht (Front Side of the Main Spindle)" },
+    { Text::kSectionView,      "&Section" },
+    { Text::kPerspective,      "&Perspective" },
+    { Text::kBothViews,        "Drawing &and Equipment" },
+    { Text::kDrawingOnly,      "&Drawing Only" },
+    { Text::kEquipmentOnly,    "&Equipment Only" },
+    { Text::kDefinitionTree,   "Definition" },
+    { Text::kLayers,           "Layers" },
+    { Text::kMessages,         "Messages" },
+    { Text::kLight,            "&Light" },
+    { Text::kDark,             "&Dark" },
+    { Text::kDrawingSvg,       "Drawing as &SVG..." },
+    { Text::kDrawingPng,       "Drawing as &PNG..." },
+    { Text::kEquipmentPng,     "&Equipment as PNG..." },
+    { Text::kBodiesStep,       "Bodies as S&TEP..." },
+    { Text::kBodiesStl,        "Bodies as ST&L..." },
+    { Text::kBodiesWrl,        "Bodies as &VRML..." },
+    { Text::kBodiesGltf,       "Bodies as &glTF..." },
+    { Text::kContents,         "&Contents" },
+    { Text::kAbout,            "&About the Workbench" },
 
-    { Text::kWindowTitle, "vanzet workbench",                         "vanzet-Werkbank" },
-    { Text::kHelpTitle,   "vanzet help",                              "vanzet-Hilfe" },
-    { Text::kAboutText,
-      "<h3>vanzet workbench %1</h3><p>Defines what holds the work on a turning or mill-turn machine.</p>",
-      "<h3>vanzet-Werkbank %1</h3><p>Legt fest, was auf einer Dreh- oder Drehfräsmaschine das Werkstück spannt.</p>" },
-    { Text::kDrawing,     "Drawing",                                  "Zeichnung" },
-    { Text::kEquipment,   "Equipment",                                "Spannmittel" },
-    { Text::kNoProject,
-      "No project is open. Open one, or make a new one, in the Project menu.",
-      "Es ist kein Projekt geöffnet. Das Menü Projekt öffnet eines oder legt ein neues an." },
-    { Text::kNothingDrawn,"Nothing is drawn yet.",                    "Es ist noch nichts gezeichnet." },
-    { Text::kNoEquipment,
-      "This spur has no equipment yet. Define Equipment (Ctrl+D) begins.",
-      "Diese Spindelspur hat noch keine Spannmittel. Mit Spannmittel definieren (Strg+D) geht es los." },
-    { Text::kAllCalls,    "Show every call of the module",            "Jeden Aufruf des Moduls zeigen" },
-    { Text::kCopyAll,     "Copy all messages",                        "Alle Meldungen kopieren" },
-    { Text::kClear,       "Clear",                                    "Leeren" },
+    { Text::kWindowTitle,      "vanzet workbench" },
+    { Text::kHelpTitle,        "vanzet help" },
+    { Text::kAboutText,        "<h3>vanzet workbench %1</h3><p>Defines what holds the work on a turning or mill-turn machine.</p>" },
+    { Text::kDrawing,          "Drawing" },
+    { Text::kEquipment,        "Equipment" },
+    { Text::kNoProject,        "No project is open. Open one, or make a new one, in the Project menu." },
+    { Text::kNothingDrawn,     "Nothing is drawn yet." },
+    { Text::kNoEquipment,      "This spur has no equipment yet. Define Equipment (Ctrl+D) begins." },
+    { Text::kAllCalls,         "Show every call of the module" },
+    { Text::kCopyAll,          "Copy all messages" },
+    { Text::kClear,            "Clear" },
 
-    { Text::kTreeName,    "Operation",                                "Operation" },
-    { Text::kTreeContent, "Content",                                  "Inhalt" },
-    { Text::kSpur,        "Spur %1",                                  "Spindelspur %1" },
-    { Text::kNoDefinition,"no definition yet",                        "noch keine Definition" },
-    { Text::kVdmAndVersion,"VDM %1, v%2",                       "VDM %1, v%2" },
-    { Text::kDamaged,     "damaged: %1",                              "beschädigt: %1" },
-    { Text::kSection,     "Section %1",                               "Abschnitt %1" },
-    { Text::kItems,       "items: %1",                                "Einträge: %1" },
-    { Text::kMoreItems,   "and %1 more",                              "und %1 weitere" },
+    { Text::kTreeName,         "Operation" },
+    { Text::kTreeContent,      "Content" },
+    { Text::kSpur,             "Spur %1" },
+    { Text::kNoDefinition,     "no definition yet" },
+    { Text::kVdmAndVersion,    "VDM %1, v%2" },
+    { Text::kDamaged,          "damaged: %1" },
+    { Text::kSection,          "Section %1" },
+    { Text::kItems,            "items: %1" },
+    { Text::kMoreItems,        "and %1 more" },
 
-    { Text::kPickHint,    "%1  (Esc breaks it off)",                  "%1  (Esc bricht ab)" },
-    { Text::kPickPosition,"Pick a position in the drawing",           "Position in der Zeichnung wählen" },
-    { Text::kPickFigure,  "Pick a figure",                            "Figur wählen" },
-    { Text::kPickSolid,   "Pick a solid",                             "Körper wählen" },
-    { Text::kFigures,     "Figures",                                  "Figuren" },
-    { Text::kSolids,      "Solids",                                   "Körper" },
-    { Text::kCancel,      "Cancel",                                   "Abbrechen" },
+    { Text::kPickHint,         "%1  (Esc breaks it off)" },
+    { Text::kPickPosition,     "Pick a position in the drawing" },
+    { Text::kPickFigure,       "Pick a figure" },
+    { Text::kPickSolid,        "Pick a solid" },
+    { Text::kFigures,          "Figures" },
+    { Text::kSolids,           "Solids" },
+    { Text::kCancel,           "Cancel" },
 
-    { Text::kImporting,   "Reading a solid...",                       "Ein Körper wird eingelesen..." },
-    { Text::kMakingScene, "Building the picture of the equipment...", "Das Bild der Spannmittel entsteht..." },
-    { Text::kExporting,   "Writing the bodies...",                    "Die Körper werden geschrieben..." },
-    { Text::kAtWork,
-      "The dialog or another work is still open.",
-      "Der Dialog oder eine andere Arbeit ist noch offen." },
-    { Text::kOpenElsewhere,
-      "VDM %1 of this project is open in another process. Nothing was changed here; try again when the other one has closed it.",
-      "VDM %1 dieses Projekts ist in einem anderen Prozess geöffnet. Hier wurde nichts geändert; ein neuer Versuch lohnt, wenn der andere sie geschlossen hat." },
-    { Text::kShownElsewhere,
-      "This project is open in another workbench as well (process %1). Nothing is lost: each shows what the other has stored.",
-      "Dieses Projekt ist auch in einer anderen Werkbank geöffnet (Prozess %1). Nichts geht verloren: jede zeigt, was die andere gespeichert hat." },
+    { Text::kImporting,        "Reading a solid..." },
+    { Text::kMakingScene,      "Building the picture of the equipment..." },
+    { Text::kExporting,        "Writing the bodies..." },
+    { Text::kAtWork,           "The dialog or another work is still open." },
+    { Text::kOpenElsewhere,    "VDM %1 of this project is open in another process. Nothing was changed here; try again when the other one has closed it." },
+    { Text::kShownElsewhere,   "This project is open in another workbench as well (process %1). Nothing is lost: each shows what the other has stored." },
 
-    { Text::kProjectName, "Name",                                     "Name" },
-    { Text::kPlace,       "Folder",                                   "Ordner" },
-    { Text::kSample,      "Sample",                                   "Muster" },
-    { Text::kBrowse,      "Browse...",                                "Durchsuchen..." },
-    { Text::kMake,        "Make",                                     "Anlegen" },
-    { Text::kTaken,       "%1 is there already.",                     "%1 ist schon vorhanden." },
-    { Text::kChooseProject,"Choose a project folder",                  "Projektordner wählen" },
-    { Text::kChooseFolder,"Choose a folder for the files",            "Ordner für die Dateien wählen" },
-    { Text::kNone,        "none",                                     "keine" },
-    { Text::kWritten,     "Written: %1",                              "Geschrieben: %1" },
-    { Text::kLoaded,      "Loaded: %1",                               "Geladen: %1" },
-    { Text::kImported,    "Taken into the project: %1",               "In das Projekt übernommen: %1" },
-    { Text::kNameTaken,   "There is a %1 already.",                   "Es gibt %1 schon." },
-    { Text::kKeepBoth,    "Keep Both",                                "Beide behalten" },
-    { Text::kReplace,     "Replace",                                  "Ersetzen" },
-    { Text::kSkip,        "Skip",                                     "Auslassen" },
+    { Text::kProjectName,      "Name" },
+    { Text::kPlace,            "Folder" },
+    { Text::kSample,           "Sample" },
+    { Text::kBrowse,           "Browse..." },
+    { Text::kMake,             "Make" },
+    { Text::kTaken,            "%1 is there already." },
+    { Text::kChooseProject,    "Choose a project folder" },
+    { Text::kChooseFolder,     "Choose a folder for the files" },
+    { Text::kNone,             "none" },
+    { Text::kWritten,          "Written: %1" },
+    { Text::kLoaded,           "Loaded: %1" },
+    { Text::kImported,         "Taken into the project: %1" },
+    { Text::kNameTaken,        "There is a %1 already." },
+    { Text::kKeepBoth,         "Keep Both" },
+    { Text::kReplace,          "Replace" },
+    { Text::kSkip,             "Skip" },
 }};
 // clang-format on
 
@@ -138,9 +129,27 @@ static_assert(AreInOrder(), "every text has its row");
 
 }  // namespace
 
-QString TextIn(Language language, Text text) {
-  const TextRow& row = kTexts[static_cast<std::size_t>(text)];
-  return QString::fromUtf8(language == Language::kGerman ? row.german : row.english);
+const char* EnglishOf(Text text) {
+  return kTexts[static_cast<std::size_t>(text)].english;
+}
+
+Texts::Texts(std::filesystem::path share)
+    : share_(std::move(share)), languages_(AvailableLanguages(share_)), language_(languages_.front().code) {}
+
+bool Texts::Has(const std::string& code) const {
+  return std::ranges::find(languages_, code, &Language::code) != languages_.end();
+}
+
+Result<void> Texts::SetLanguage(const std::string& code) {
+  if (code == language_) return {};
+  VANZET_TRY(translations_, LoadTranslations(share_, code));
+  language_ = code;
+  emit Changed();
+  return {};
+}
+
+QString Texts::operator()(Text text) const {
+  return Shown(translations_.Translate(kSection, EnglishOf(text)));
 }
 
 }  // namespace vanzet::window

@@ -1,19 +1,23 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "base/translations.h"
 
 namespace vanzet::window {
 
-enum class Language { kEnglish, kGerman };
-
 // clang-format off
-/// The texts of the window, in the order of their table. A '&' stands before the letter of a menu's key, "%1"
-/// and "%2" for what is put in.
+/// The texts of the window, in the order of their table. A '&' precedes the letter of a menu's key; "%1" and
+/// "%2" are the places of what is put in.
 enum class Text {
   kProjectMenu, kEquipmentMenu, kViewMenu, kExportMenu, kHelpMenu, kLanguageMenu, kAppearanceMenu,
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit, kDefinition, kUpgrade, kRefresh, kFit,
   kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSectionView, kPerspective, kBothViews, kDrawingOnly,
-  kEquipmentOnly, kDefinitionTree, kLayers, kMessages, kEnglish, kGerman, kLight, kDark, kDrawingSvg,
+  kEquipmentOnly, kDefinitionTree, kLayers, kMessages, kLight, kDark, kDrawingSvg,
   kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf, kContents, kAbout,
   kWindowTitle, kHelpTitle, kAboutText, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
   kAllCalls, kCopyAll, kClear,
@@ -26,7 +30,35 @@ enum class Text {
 };
 // clang-format on
 
-/// The text in that language.
-QString TextIn(Language language, Text text);
+/// The text in English, by which catalogues translate it.
+const char* EnglishOf(Text text);
+
+/// The texts of the window in the language of the moment. What shows texts sets them again at `Changed`.
+class Texts final : public QObject {
+  Q_OBJECT
+ public:
+  /// English. `share` is the folder of the workbench's own files.
+  explicit Texts(std::filesystem::path share);
+
+  /// The languages to choose from: English, and those that have a catalogue.
+  const std::vector<Language>& languages() const { return languages_; }
+  const std::string& language() const { return language_; }  ///< its code
+
+  bool Has(const std::string& code) const;
+
+  /// Fails when the language has no catalogue or a broken one; the language stays as it was.
+  Result<void> SetLanguage(const std::string& code);
+
+  QString operator()(Text text) const;
+
+ signals:
+  void Changed();
+
+ private:
+  const std::filesystem::path share_;
+  const std::vector<Language> languages_;
+  std::string language_;
+  Translations translations_;
+};
 
 }  // namespace vanzet::window

@@ -3,6 +3,9 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include "base/translations.h"
+#include "window/qt_text.h"
+
 namespace vanzet::window {
 namespace {
 
@@ -29,13 +32,12 @@ void WindowMemory::AddRecent(const QString& folder) {
   settings_.setValue("recent", QStringList(recent.mid(0, kMostRecent)));
 }
 
-Language WindowMemory::ChosenLanguage() const {
-  const QString chosen = settings_.value("language", QLocale::system().name()).toString();
-  return chosen.startsWith("de") ? Language::kGerman : Language::kEnglish;
+std::string WindowMemory::ChosenLanguage() const {
+  return LanguageOfLocale(settings_.value("language", QLocale::system().name()).toString().toStdString());
 }
 
-void WindowMemory::Choose(Language language) {
-  settings_.setValue("language", language == Language::kGerman ? "de" : "en");
+void WindowMemory::Choose(const std::string& language) {
+  settings_.setValue("language", Shown(language));
 }
 
 std::optional<Appearance> WindowMemory::ChosenAppearance() const {

@@ -4,8 +4,8 @@
 #include <QSettings>
 #include <QStringList>
 #include <optional>
+#include <string>
 
-#include "window/texts.h"
 #include "window/theme.h"
 
 namespace vanzet::window {
@@ -22,9 +22,9 @@ class WindowMemory {
   QStringList Recent() const;
   void AddRecent(const QString& folder);
 
-  /// As it was chosen; else that of the system.
-  Language ChosenLanguage() const;
-  void Choose(Language language);
+  /// The code of the language that was chosen; else that of the system.
+  std::string ChosenLanguage() const;
+  void Choose(const std::string& language);
   std::optional<Appearance> ChosenAppearance() const;
   void Choose(Appearance appearance);
 

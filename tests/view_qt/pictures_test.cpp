@@ -133,7 +133,7 @@ TEST(Pictures, TellThatSomethingIsNoNumber) {
   std::vector<Control> controls = PageWith(ExampleOf(1));
   controls[1].number.reset();
   const Sketch sketch = SketchOf(2056, PageValues(controls));
-  EXPECT_EQ(sketch.fault, QStringLiteral("B is no number."));
+  EXPECT_EQ(sketch.fault, QStringLiteral("B is not a number."));
   EXPECT_THAT(sketch.wrong, testing::ElementsAre(EditOfLetter('B')));
 }
 

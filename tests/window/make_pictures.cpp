@@ -30,13 +30,12 @@ int main(int argc, char** argv) {
   }
   if (qEnvironmentVariableIsSet("VANZET_SCRIPT")) window.ShowDefinition();
   for (const Command appearance : {Command::kLight, Command::kDark}) {
-    for (const Command language : {Command::kEnglish, Command::kGerman}) {
+    for (const char* language : {"en", "de"}) {
       window.actions()[appearance]->trigger();
-      window.actions()[language]->trigger();
+      window.actions().ActionOf(language)->trigger();
       Wait(window);
       const QString name = QString("%1/window-%2-%3-%4.png")
-                               .arg(words[2], language == Command::kGerman ? "de" : "en",
-                                    appearance == Command::kDark ? "dark" : "light")
+                               .arg(words[2], language, appearance == Command::kDark ? "dark" : "light")
                                .arg(window.devicePixelRatio());
       if (!window.grab().save(name)) return 1;
     }

@@ -55,7 +55,7 @@ TEST_F(Projects, AreNotNeededForTheWindowToStand) {
 
 TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
   OpenSample();
-  window->actions()[Command::kGerman]->trigger();
+  window->actions().ActionOf("de")->trigger();
   window->resize(1111, 777);
   window->definition().hide();
   window->close();
@@ -66,7 +66,7 @@ TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
   EXPECT_TRUE(window->restoreGeometry(memory.Geometry()));
   EXPECT_EQ(window->size(), QSize(1111, 777));
   EXPECT_TRUE(window->definition().isHidden());
-  EXPECT_EQ(window->words().language(), window::Language::kGerman);
+  EXPECT_EQ(window->texts().language(), "de");
 }
 
 TEST_F(Projects, DefinitionsGoToFilesAndBack) {

@@ -36,7 +36,7 @@ WindowTest::WindowTest() {
   Program();
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString((folder / "settings").string()));
-  window::WindowMemory().Choose(window::Language::kEnglish);
+  window::WindowMemory().Choose("en");
   Restart();
 }
 

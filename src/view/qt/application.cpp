@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "view/qt/display.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -27,7 +27,7 @@ struct OwnApplication {
 /// Qt's own texts, of file dialogs, where the machine has them.
 void TranslateQt() {
   auto* const translator = new QTranslator(qApp);
-  const QLocale locale(IsGerman() ? QLocale::German : QLocale::English);
+  const QLocale locale(LanguageOfTexts());
   if (translator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(translator);

@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "view/qt/owner.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -28,14 +28,14 @@ QMessageBox::Icon IconOf(std::int32_t type) {
   return (type & kButtonBits) == platform::box::kYesNo ? QMessageBox::Question : QMessageBox::Information;
 }
 
-constexpr Words kYes = {"&Yes", "&Ja"};
-constexpr Words kNo = {"&No", "&Nein"};
+constexpr const char* kYes = Translatable("&Yes");
+constexpr const char* kNo = Translatable("&No");
 
 void AddYesAndNo(QMessageBox& box) {
   QPushButton* const yes = box.addButton(QMessageBox::Yes);
   QPushButton* const no = box.addButton(QMessageBox::No);
-  yes->setText(Said(kYes));
-  no->setText(Said(kNo));
+  yes->setText(Translate(kYes));
+  no->setText(Translate(kNo));
   box.setDefaultButton(no);
   box.setEscapeButton(no);
 }

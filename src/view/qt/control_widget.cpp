@@ -12,7 +12,7 @@
 
 #include "view/qt/button_icons.h"
 #include "view/qt/icons.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -20,7 +20,7 @@ namespace {
 /// How many letters of an entry a combo shows at least.
 constexpr int kNameLetters = 22;
 
-constexpr Words kNoNumber = {"Not a number", "Keine Zahl"};
+constexpr const char* kNoNumber = Translatable("Not a number");
 
 /// A widget whose value the wheel changes only where a person is: it turns over many of them on its way down
 /// a page.
@@ -71,7 +71,7 @@ class EditWidget final : public ControlWidget {
       send([&](Dialog& dialog) { dialog.SetText(id, text.toStdString()); });
     });
     hint_ = Edit().addAction(IconOf("warning"), QLineEdit::TrailingPosition);
-    hint_->setToolTip(Said(kNoNumber));
+    hint_->setToolTip(Translate(kNoNumber));
     hint_->setVisible(false);
   }
 
@@ -80,7 +80,7 @@ class EditWidget final : public ControlWidget {
     if (Edit().text() != text) Edit().setText(text);
     const bool isNoNumber = control.isReal && !control.number;
     hint_->setVisible(isNoNumber);
-    Edit().setAccessibleDescription(isNoNumber ? Said(kNoNumber) : QString());
+    Edit().setAccessibleDescription(isNoNumber ? Translate(kNoNumber) : QString());
     if (control.isReal) Edit().setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
 

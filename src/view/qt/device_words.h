@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 
@@ -16,7 +16,7 @@ struct LetterWords {
   std::int32_t type;
   char letter;
   Unit unit;
-  Words name;
+  const char* name;
 };
 
 /// The row of a type's letter; null for one that the type does not have.

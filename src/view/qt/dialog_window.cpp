@@ -17,8 +17,8 @@
 
 #include "view/qt/empty_panel.h"
 #include "view/qt/page_panel.h"
+#include "view/qt/texts.h"
 #include "view/qt/tree_panel.h"
-#include "view/qt/words.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -28,8 +28,7 @@ namespace {
 constexpr std::int32_t kSpurs = 2020;
 constexpr std::int32_t kOk = 1;
 
-constexpr Words kSpurName = {"Spindle spur whose equipment is shown",
-                             "Spindelspur, deren Ausrüstung gezeigt wird"};
+constexpr const char* kSpurName = Translatable("Spindle spur whose equipment is shown");
 
 constexpr int kMargin = 12;
 constexpr int kTreeWidth = 300;
@@ -101,8 +100,8 @@ QWidget* DialogWindow::BuildLeft(const DialogState& state) {
   for (const Control& control : state.dialog) {
     if (control.id != kSpurs) continue;
     QWidget* const spurs = Take(control, left);
-    spurs->setAccessibleName(Said(kSpurName));
-    spurs->setToolTip(Said(kSpurName));
+    spurs->setAccessibleName(Translate(kSpurName));
+    spurs->setToolTip(Translate(kSpurName));
     rows->addWidget(spurs);
   }
   return left;

@@ -7,13 +7,12 @@
 
 #include "view/qt/fonts.h"
 #include "view/qt/icons.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
 
-constexpr Words kHint = {"Choose what to define. Bold entries are defined already.",
-                         "Wählen Sie, was definiert werden soll. Fette Einträge sind schon definiert."};
+constexpr const char* kHint = Translatable("Choose what to define. Bold entries are defined already.");
 
 QString TitleOf(const DialogState& state) {
   for (const TreeNode& node : state.tree) {
@@ -28,7 +27,7 @@ EmptyPanel::EmptyPanel(Send send, QWidget* parent)
     : QWidget(parent),
       send_(std::move(send)),
       title_(new QLabel(this)),
-      hint_(new QLabel(Said(kHint), this)) {
+      hint_(new QLabel(Translate(kHint), this)) {
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);

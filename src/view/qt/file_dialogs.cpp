@@ -3,16 +3,16 @@
 #include <QFileDialog>
 
 #include "view/qt/owner.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
 
 using platform::FileQuestion;
 
-constexpr Words kOpen = {"Open File", "Datei öffnen"};
-constexpr Words kSave = {"Save File", "Datei speichern"};
-constexpr Words kAllFiles = {"All Files (*)", "Alle Dateien (*)"};
+constexpr const char* kOpen = Translatable("Open File");
+constexpr const char* kSave = Translatable("Save File");
+constexpr const char* kAllFiles = Translatable("All Files (*)");
 
 /// A suggested name that stands for many: it says what is listed.
 bool IsPattern(const std::string& name) {
@@ -30,13 +30,13 @@ QStringList NameFilters(const FileQuestion& question) {
     filters.append(name + QStringLiteral(" (") +
                    parts[i + 1].simplified().replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')'));
   }
-  filters.append(Said(kAllFiles));
+  filters.append(Translate(kAllFiles));
   return filters;
 }
 
 void SetUp(QFileDialog& dialog, const FileQuestion& question) {
   const bool isSave = question.kind == FileQuestion::Kind::kSave;
-  dialog.setWindowTitle(Said(isSave ? kSave : kOpen));
+  dialog.setWindowTitle(Translate(isSave ? kSave : kOpen));
   dialog.setAcceptMode(isSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.promptsOverwrite);

@@ -14,9 +14,9 @@
 namespace vanzet::view::qt {
 namespace {
 
-constexpr Words kPick = {"Pick in the drawing: %1", "In der Zeichnung wählen: %1"};
-constexpr Words kBrowse = {"Choose a file: %1", "Datei wählen: %1"};
-constexpr Words kNotUsed = {"Not used", "Nicht verwendet"};
+constexpr const char* kPick = Translatable("Pick in the drawing: %1");
+constexpr const char* kBrowse = Translatable("Choose a file: %1");
+constexpr const char* kNotUsed = Translatable("Not used");
 
 constexpr int kGap = 8;
 constexpr int kGroupGap = 16;
@@ -45,10 +45,6 @@ QFrame* Line(QWidget* parent) {
   return line;
 }
 
-bool IsEmpty(const Words& words) {
-  return words.english[0] == '\0';
-}
-
 bool IsNumber(const FieldRow& field) {
   return field.unit != Unit::kNone || field.letter != 0 || field.inner != 0;
 }
@@ -70,7 +66,7 @@ PageForm::PageForm(const PageLayout& layout, const std::vector<Control>& control
 void PageForm::AddGroup(QGridLayout& grid, const FieldGroup& group) {
   if (grid.count() > 0) grid.setRowMinimumHeight(grid.rowCount(), kGroupGap);
   QWidget* const title =
-      group.titleLabel != 0 ? Take(group.titleLabel, this) : new QLabel(Said(group.title), this);
+      group.titleLabel != 0 ? Take(group.titleLabel, this) : new QLabel(Translate(group.title), this);
   SetFont(*title, Type::kGroup);
   grid.addWidget(title, grid.rowCount(), 0, 1, kColumns);
   grid.addWidget(Line(this), grid.rowCount(), 0, 1, kColumns);
@@ -90,7 +86,7 @@ void PageForm::AddRow(QGridLayout& grid, const FieldRow& field) {
   const int at = grid.rowCount();
   Row row = {&field};
   QWidget* const cell = Cell(row);
-  const bool hasNames = field.label != 0 || !IsEmpty(field.name);
+  const bool hasNames = field.label != 0 || field.name[0] != '\0';
   if (hasNames) AddNames(grid, at, row);
   grid.addWidget(cell, at, hasNames ? kCellColumn : 0, 1, hasNames ? 1 : kColumns);
   rows_.push_back(row);
@@ -205,11 +201,11 @@ void PageForm::ShowWords(const Row& row, std::int32_t type, const PageValues& va
   const FieldRow& field = *row.field;
   const LetterWords* const letter = field.letter == 0 ? nullptr : FindLetterWords(type, field.letter);
   const Unit unit = letter != nullptr ? letter->unit : field.unit;
-  const QString name = letter != nullptr ? Said(letter->name) : Said(field.name);
+  const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
   if (row.name != nullptr) row.name->setText(name);
   if (row.unit != nullptr) row.unit->setText(UnitText(unit));
   const bool isUnused = field.letter != 0 && letter == nullptr;
-  Speak(row, isUnused ? Said(kNotUsed) : name, unit, values);
+  Speak(row, isUnused ? Translate(kNotUsed) : name, unit, values);
 }
 
 void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageValues& values) {
@@ -225,7 +221,7 @@ void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageV
   if (field.inner != 0) WidgetOf(field.inner)->setAccessibleName(spoken);
   const Control* const button = values.Find(field.button);
   if (button != nullptr)
-    Find(field.button)->SetSpokenName(Said(button->text == "..." ? kBrowse : kPick, about));
+    Find(field.button)->SetSpokenName(Translate(button->text == "..." ? kBrowse : kPick).arg(about));
 }
 
 void PageForm::MarkMnemonics(Mnemonics& mnemonics) {

@@ -8,25 +8,25 @@ namespace {
 constexpr Unit kMm = Unit::kMillimetre;
 constexpr Unit kDeg = Unit::kDegree;
 
-constexpr Words kPartLength = {"Part length", "Teilelänge"};
-constexpr Words kValues = {"Values", "Werte"};
-constexpr Words kFigures = {"Figures", "Figuren"};
-constexpr Words kSolid = {"Solid", "Volumenkörper"};
+constexpr const char* kPartLength = "Part length";
+constexpr const char* kValues = "Values";
+constexpr const char* kFigures = "Figures";
+constexpr const char* kSolid = "Solid";
 
 // clang-format off
 constexpr FieldRow kCylindricSize[] = {
-    {.control = 2022, .button = 2005, .unit = kMm, .name = {"Outer diameter", "Außendurchmesser"}},
+    {.control = 2022, .button = 2005, .unit = kMm, .name = "Outer diameter"},
     {.control = 2023, .button = 2006, .unit = kMm, .name = kPartLength},
-    {.control = 2024,                 .unit = kMm, .name = {"Allowance in front", "Aufmaß vorn"}},
-    {.control = 2025,                 .unit = kMm, .name = {"Allowance behind", "Aufmaß hinten"}},
-    {.control = 2026, .button = 2009, .unit = kMm, .name = {"Inner diameter", "Innendurchmesser"}},
-    {.control = 2027,                 .unit = kMm, .name = {"Bar length, 0: no bar", "Stangenlänge, 0: keine Stange"}},
+    {.control = 2024,                 .unit = kMm, .name = "Allowance in front"},
+    {.control = 2025,                 .unit = kMm, .name = "Allowance behind"},
+    {.control = 2026, .button = 2009, .unit = kMm, .name = "Inner diameter"},
+    {.control = 2027,                 .unit = kMm, .name = "Bar length, 0: no bar"},
     {.control = 2018},
 };
 constexpr FieldRow kCylindricShow[] = {{.control = 2138}};
 constexpr FieldGroup kCylindric[] = {
-    {.title = {"Dimensions", "Maße"}, .rows = kCylindricSize},
-    {.title = {"Drawing", "Zeichnung"}, .rows = kCylindricShow},
+    {.title = "Dimensions", .rows = kCylindricSize},
+    {.title = "Drawing", .rows = kCylindricShow},
 };
 constexpr std::int32_t kCylindricActions[] = {2016};
 
@@ -68,10 +68,10 @@ constexpr FieldGroup kDatum[] = {
 };
 
 constexpr FieldRow kBezelRows[] = {{.control = 2019}};
-constexpr FieldGroup kBezel[] = {{.title = {"Steady rest", "Lünette"}, .rows = kBezelRows}};
+constexpr FieldGroup kBezel[] = {{.title = "Steady rest", .rows = kBezelRows}};
 
 constexpr FieldRow kClampElemRows[] = {
-    {.control = 2124, .name = {"Device", "Spannmittel"}},
+    {.control = 2124, .name = "Device"},
     {.label = 2116, .control = 2031, .letter = 'A'},
     {.label = 2119, .control = 2033, .letter = 'B'},
     {.label = 2121, .control = 2034, .letter = 'C'},
@@ -87,12 +87,12 @@ constexpr FieldRow kClampElemRows[] = {
 };
 constexpr FieldRow kOwnRows[] = {{.label = 2159, .control = 2021, .button = 2000, .isWide = true}};
 constexpr FieldGroup kClampElem[] = {
-    {.title = {"From the catalogue", "Aus dem Katalog"}, .rows = kClampElemRows, .action = 2154},
-    {.title = {"From a file", "Aus einer Datei"}, .rows = kOwnRows, .action = 2155},
+    {.title = "From the catalogue", .rows = kClampElemRows, .action = 2154},
+    {.title = "From a file", .rows = kOwnRows, .action = 2155},
 };
 
 constexpr FieldRow kNewRows[] = {
-    {.control = 2123, .name = {"Name", "Name"}},
+    {.control = 2123, .name = "Name"},
     {.label = 2115, .control = 2031, .letter = 'A'},
     {.label = 2118, .control = 2033, .letter = 'B'},
     {.label = 2120, .control = 2034, .letter = 'C'},
@@ -104,13 +104,11 @@ constexpr FieldRow kNewRows[] = {
     {.label = 2139, .control = 2043, .letter = 'I'},
     {.label = 2142, .control = 2044, .letter = 'J'},
 };
-constexpr FieldGroup kNew[] = {{.title = {"Device of the catalogue", "Spannmittel des Katalogs"}, .rows = kNewRows}};
+constexpr FieldGroup kNew[] = {{.title = "Device of the catalogue", .rows = kNewRows}};
 constexpr std::int32_t kNewActions[] = {2127, 2152};
 
-constexpr Words kNoDevice = {"Choose a device, and its picture appears here.",
-                             "Nach der Wahl eines Spannmittels erscheint hier sein Bild."};
-constexpr Words kNoKind = {"Choose a kind below this entry of the tree.",
-                           "Wählen Sie im Baum eine Art unter diesem Eintrag."};
+constexpr const char* kNoDevice = "Choose a device, and its picture appears here.";
+constexpr const char* kNoKind = "Choose a kind below this entry of the tree.";
 
 constexpr PageLayout kLayouts[] = {
     {"CPageClampElem",        0,    2146, kClampElem,    {}, kNoDevice},

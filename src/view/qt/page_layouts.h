@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "view/qt/device_words.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 /// Where the controls of each page stand, by their ids. What they show and whether they can be used is the
 /// state's business.
@@ -21,13 +21,13 @@ struct FieldRow {
   bool isWide = false;       ///< the label stands above the control, which takes the whole width
   char letter = 0;           ///< of a device's value: name and unit follow the type of the picture
   Unit unit = Unit::kNone;
-  Words name = {"", ""};  ///< in full, behind a letter or where there is no label
+  const char* name = "";  ///< in full, behind a letter or where there is no label
 };
 
 /// Rows under a title.
 struct FieldGroup {
   std::int32_t titleLabel = 0;  ///< a label that is the title; 0: the view's own, or none where that is empty
-  Words title = {"", ""};
+  const char* title = "";
   std::span<const FieldRow> rows = {};
   std::int32_t action = 0;  ///< the button that takes the group's values
 };
@@ -38,7 +38,7 @@ struct PageLayout {
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
   std::span<const std::int32_t> actions = {};  ///< buttons at the foot
-  Words noPicture = {"", ""};                  ///< stands on the card while there is no picture
+  const char* noPicture = "";                  ///< stands on the card while there is no picture
 };
 
 /// The layouts of all pages that have controls.

@@ -23,7 +23,7 @@ PagePanel::PagePanel(const PageLayout& layout, const std::vector<Control>& contr
     : QWidget(parent),
       layout_(layout),
       form_(new PageForm(layout, controls, send, this)),
-      picture_(new PictureWidget(Said(layout.noPicture), this)) {
+      picture_(new PictureWidget(Translate(layout.noPicture), this)) {
   picture_->setObjectName(QString::number(layout.picture));
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);

@@ -5,12 +5,12 @@
 
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch_painter.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
 
-constexpr Words kPicture = {"Picture of what the values mean", "Bild zur Bedeutung der Werte"};
+constexpr const char* kPicture = Translatable("Picture of what the values mean");
 
 constexpr double kMargin = 12;
 constexpr double kRounding = 6;
@@ -20,7 +20,7 @@ constexpr double kRounding = 6;
 PictureWidget::PictureWidget(QString nothing, QWidget* parent)
     : QFrame(parent), nothing_(std::move(nothing)) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setAccessibleName(Said(kPicture));
+  setAccessibleName(Translate(kPicture));
 }
 
 void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused) {

@@ -8,13 +8,13 @@
 #include <utility>
 
 #include "view/qt/icons.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
 
-constexpr Words kEquipment = {"Equipment", "Ausrüstung"};
-constexpr Words kDefined = {"%1, defined", "%1, definiert"};
+constexpr const char* kEquipment = Translatable("Equipment");
+constexpr const char* kDefined = Translatable("%1, defined");
 
 constexpr int kIdRole = Qt::UserRole;
 
@@ -33,7 +33,7 @@ void Fill(QTreeWidgetItem& item, const TreeNode& node) {
   const QString text = QString::fromStdString(node.text);
   item.setText(0, text);
   item.setIcon(0, IconOfNode(node.bitmap, node.selectedBitmap));
-  item.setData(0, Qt::AccessibleTextRole, node.isBold ? Said(kDefined, text) : text);
+  item.setData(0, Qt::AccessibleTextRole, node.isBold ? Translate(kDefined).arg(text) : text);
   QFont font = item.font(0);
   font.setBold(node.isBold);
   item.setFont(0, font);
@@ -43,7 +43,7 @@ void Fill(QTreeWidgetItem& item, const TreeNode& node) {
 
 TreePanel::TreePanel(Send send, QWidget* parent) : QTreeWidget(parent), send_(std::move(send)) {
   setObjectName(QString::number(kTreeControl));
-  setAccessibleName(Said(kEquipment));
+  setAccessibleName(Translate(kEquipment));
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setIconSize({18, 18});

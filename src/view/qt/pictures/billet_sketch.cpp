@@ -3,7 +3,7 @@
 
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -20,11 +20,9 @@ constexpr std::int32_t kBar = 2027;
 
 constexpr std::int32_t kSubBitmap = 2049;
 
-constexpr Words kExample = {"Example: a diameter and a part length are missing",
-                            "Beispiel: Durchmesser und Teilelänge fehlen"};
-constexpr Words kBarTooShort = {"F must be 0 or at least B + C + D = %1.",
-                                "F muss 0 oder mindestens B + C + D = %1 sein."};
-constexpr Words kBoreTooWide = {"E must not exceed A.", "E darf A nicht übersteigen."};
+constexpr const char* kExample = Translatable("Example: a diameter and a part length are missing");
+constexpr const char* kBarTooShort = Translatable("F must be 0 or at least B + C + D = %1.");
+constexpr const char* kBoreTooWide = Translatable("E must not exceed A.");
 
 struct Billet {
   double outer = 0, length = 0, front = 0, rear = 0, inner = 0, bar = 0;
@@ -44,10 +42,10 @@ void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
   if (!sketch.fault.isEmpty()) return;
   const double least = billet.length + billet.front + billet.rear;
   if (billet.inner > billet.outer && billet.outer > 0) {
-    sketch.fault = Said(kBoreTooWide);
+    sketch.fault = Translate(kBoreTooWide);
     sketch.wrong = {edit::kInner, edit::kOuter};
   } else if (billet.bar > 0 && billet.bar < least) {
-    sketch.fault = Said(kBarTooShort, QString::number(least));
+    sketch.fault = Translate(kBarTooShort).arg(QString::number(least));
     sketch.wrong = {edit::kBar};
   }
 }
@@ -147,7 +145,7 @@ Sketch BilletSketch(std::int32_t bitmap, const PageValues& values) {
   sketch.fault = check.fault;
   sketch.wrong = check.wrong;
   sketch.isExample = isExample;
-  if (isExample && check.fault.isEmpty()) sketch.notes.push_back(Said(kExample));
+  if (isExample && check.fault.isEmpty()) sketch.notes.push_back(Translate(kExample));
   return sketch;
 }
 

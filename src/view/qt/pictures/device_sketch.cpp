@@ -14,13 +14,12 @@
 namespace vanzet::view::qt {
 namespace {
 
-constexpr Words kExample = {"Example: values are missing (%1)", "Beispiel: Werte fehlen (%1)"};
-constexpr Words kMustBeLess = {"%1 must be less than %2.", "%1 muss kleiner als %2 sein."};
-constexpr Words kMustBeAbove0 = {"%1 must be above 0.", "%1 muss größer als 0 sein."};
-constexpr Words kNoOutline = {"These values make no closed outline.",
-                              "Diese Werte ergeben keinen geschlossenen Umriss."};
-constexpr Words kUnseen = {"%1, not seen from this side", "%1, von dieser Seite nicht zu sehen"};
-constexpr Words kFromVdm = {"The shape comes from the VDM file.", "Die Form kommt aus der VDM-Datei."};
+constexpr const char* kExample = Translatable("Example: values are missing (%1)");
+constexpr const char* kMustBeLess = Translatable("%1 must be less than %2.");
+constexpr const char* kMustBeAbove0 = Translatable("%1 must be above 0.");
+constexpr const char* kNoOutline = Translatable("These values make no closed outline.");
+constexpr const char* kUnseen = Translatable("%1, not seen from this side");
+constexpr const char* kFromVdm = Translatable("The shape comes from the VDM file.");
 
 const DeviceType* TypeOf(std::int32_t bitmap) {
   for (const DeviceType& type : DeviceTypes()) {
@@ -79,16 +78,16 @@ void FindBrokenRule(Sketch& sketch, const DeviceParams& params) {
     // The length of a chuck may have either sign.
     const bool mayBeBelow0 = params.type == 1 && letter != 'A';
     if (ValueOf(params, letter) >= 0 || mayBeBelow0) continue;
-    return TellFault(sketch, Said(kMustBeAbove0, QString(QLatin1Char(letter))), std::string(1, letter));
+    return TellFault(sketch, Translate(kMustBeAbove0).arg(QLatin1Char(letter)), std::string(1, letter));
   }
   for (const DeviceRule& rule : DeviceRules()) {
     if (rule.type != params.type || Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
-    TellFault(sketch, Said(kMustBeLess, Readable(rule.less), Readable(rule.greater)), rule.less);
+    TellFault(sketch, Translate(kMustBeLess).arg(Readable(rule.less), Readable(rule.greater)), rule.less);
     AddEditsIn(rule.greater, sketch.wrong);
     return;
   }
   const auto outline = OutlineOf(params);
-  if (!IsSimple(outline)) TellFault(sketch, Said(kNoOutline), FindDeviceType(params.type)->outline);
+  if (!IsSimple(outline)) TellFault(sketch, Translate(kNoOutline), FindDeviceType(params.type)->outline);
 }
 
 QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
@@ -147,7 +146,7 @@ void NoteThickness(Sketch& sketch, const DeviceType& type) {
   const LetterWords* const words = FindLetterWords(type.code, type.thickness);
   if (words != nullptr)
     sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") +
-                           Said(kUnseen, Said(words->name)));
+                           Translate(kUnseen).arg(Translate(words->name)));
 }
 
 }  // namespace
@@ -164,7 +163,7 @@ Sketch DeviceSketch(std::int32_t bitmap, const PageValues& values) {
   AddShapes(sketch, params);
   AddMeasures(sketch, params);
   NoteThickness(sketch, type);
-  if (sketch.fault.isEmpty() && !missing.isEmpty()) sketch.notes.push_back(Said(kExample, missing));
+  if (sketch.fault.isEmpty() && !missing.isEmpty()) sketch.notes.push_back(Translate(kExample).arg(missing));
   return sketch;
 }
 
@@ -178,7 +177,7 @@ Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values) {
   Sketch sketch;
   AddShapes(sketch, ExampleOf(row->type));
   sketch.isExample = true;
-  sketch.notes.push_back(Said(kFromVdm));
+  sketch.notes.push_back(Translate(kFromVdm));
   FindNoNumber(sketch, *TypeOf(bitmap), values);
   return sketch;
 }

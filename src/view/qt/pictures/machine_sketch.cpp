@@ -3,7 +3,7 @@
 
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 // Pictures of the machine around the part.
 
@@ -12,10 +12,9 @@ namespace {
 
 constexpr std::int32_t kUseBezel = 2019;
 
-constexpr Words kUsed = {"The steady rest supports the part.", "Die Lünette stützt das Teil."};
-constexpr Words kNotUsed = {"The steady rest is not used.", "Die Lünette wird nicht verwendet."};
-constexpr Words kScheme = {"W: from the datum to the front of the part",
-                           "W: vom Nullpunkt zur Stirnseite des Teils"};
+constexpr const char* kUsed = Translatable("The steady rest supports the part.");
+constexpr const char* kNotUsed = Translatable("The steady rest is not used.");
+constexpr const char* kScheme = Translatable("W: from the datum to the front of the part");
 
 QPainterPath Circle(double x, double y, double radius) {
   QPainterPath path;
@@ -96,7 +95,7 @@ Sketch BezelSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Add(sketch, Ink::kAxis, Stroke({-68, 0}, {68, 0}));
   Add(sketch, Ink::kAxis, Stroke({0, -86}, {0, 66}));
   sketch.isExample = !isUsed;
-  sketch.notes.push_back(Said(isUsed ? kUsed : kNotUsed));
+  sketch.notes.push_back(Translate(isUsed ? kUsed : kNotUsed));
   return sketch;
 }
 
@@ -115,7 +114,7 @@ Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .to = {row.to, y}});
     TellNoNumber(sketch, values, row.edit);
   }
-  sketch.notes.push_back(Said(kScheme));
+  sketch.notes.push_back(Translate(kScheme));
   return sketch;
 }
 

@@ -2,7 +2,7 @@
 
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
-#include "view/qt/words.h"
+#include "view/qt/texts.h"
 
 // Pictures of parts whose shape the host knows: they show what the fields mean, not the shape.
 
@@ -15,8 +15,7 @@ constexpr std::int32_t kPartLength = 2045;
 constexpr std::int32_t kClampDiameter = 2035;
 constexpr std::int32_t kSolid = 2046;
 
-constexpr Words kOnAxis = {"Figures are spun about the spindle's axis.",
-                           "Figuren werden um die Spindelachse gedreht."};
+constexpr const char* kOnAxis = Translatable("Figures are spun about the spindle's axis.");
 
 QPainterPath PathOf(std::initializer_list<QPointF> points, double sign) {
   QPolygonF polygon;
@@ -62,7 +61,7 @@ Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                              .control = kFigureInside,
                              .from = {-50, 14}});
   AddLength(sketch, values, 100, -38);
-  sketch.notes.push_back(Said(kOnAxis));
+  sketch.notes.push_back(Translate(kOnAxis));
   return sketch;
 }
 

@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 #include <set>
 
+#include "support/catalogues.h"
 #include "window/new_project_box.h"
 #include "window_fixture.h"
 
@@ -12,34 +13,30 @@ namespace vanzet::test {
 namespace {
 
 using window::Command;
-using window::Language;
 using window::Text;
 
-std::multiset<QString> PlacesOf(const QString& text) {
-  std::multiset<QString> places;
-  for (const char* place : {"%1", "%2", "..."}) {
-    if (text.contains(place)) places.insert(place);
-  }
-  return places;
+TEST(Texts, AreTranslatedIntoEveryLanguage) {
+  std::set<std::string> texts;
+  for (int i = 0; i < static_cast<int>(Text::kCount); ++i) texts.insert(EnglishOf(static_cast<Text>(i)));
+  ExpectTranslated("window", texts);
 }
 
-TEST(Texts, AreThereInBothLanguagesWithTheSamePlaces) {
-  for (int i = 0; i < static_cast<int>(Text::kCount); ++i) {
-    const QString english = TextIn(Language::kEnglish, static_cast<Text>(i));
-    const QString german = TextIn(Language::kGerman, static_cast<Text>(i));
-    EXPECT_FALSE(english.isEmpty()) << i;
-    EXPECT_FALSE(german.isEmpty()) << i;
-    EXPECT_EQ(PlacesOf(english), PlacesOf(german)) << english.toStdString();
-    EXPECT_EQ(english.contains('&'), german.contains('&')) << english.toStdString();
+TEST(Texts, HaveAMenuKeyInEveryLanguageOrInNone) {
+  for (const auto& [code, translations] : Catalogues()) {
+    for (const auto& [english, translation] : translations.Sections().at("window"))
+      EXPECT_EQ((english.find('&') == std::string::npos), (translation.find('&') == std::string::npos))
+          << english;
   }
 }
 
-class SpokenWindow : public WindowTest {
+class TranslatedWindow : public WindowTest {
  protected:
-  void Speak(Language language) {
-    window->actions()[language == Language::kGerman ? Command::kGerman : Command::kEnglish]->trigger();
+  void SetLanguage(const Language& language) {
+    window->actions().ActionOf(language.code)->trigger();
     QCoreApplication::processEvents();
   }
+
+  const std::vector<Language>& Languages() const { return window->texts().languages(); }
 
   /// The texts of a menu have keys of their own.
   static void ExpectKeysOf(const QList<QAction*>& actions, const QString& where) {
@@ -65,36 +62,36 @@ class SpokenWindow : public WindowTest {
   }
 };
 
-TEST_F(SpokenWindow, SpeaksTheOtherLanguageAtOnce) {
+TEST_F(TranslatedWindow, ShowsTheOtherLanguageAtOnce) {
   OpenSample();
-  Speak(Language::kGerman);
+  window->actions().ActionOf("de")->trigger();
   EXPECT_EQ(window->windowTitle(), "lathe - vanzet-Werkbank");
   EXPECT_EQ(window->actions()[Command::kDefinition]->text(), "Spannmittel &definieren...");
   EXPECT_EQ(window->menuBar()->actions().front()->text(), "&Projekt");
   EXPECT_EQ(window->messages().windowTitle(), "Meldungen");
   EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spindelspur 0");
-  Speak(Language::kEnglish);
+  window->actions().ActionOf("en")->trigger();
   EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spur 0");
 }
 
-TEST_F(SpokenWindow, HasATextForEveryActionInBothLanguages) {
-  for (const Language language : {Language::kEnglish, Language::kGerman}) {
-    Speak(language);
+TEST_F(TranslatedWindow, HasATextForEveryActionInEveryLanguage) {
+  for (const Language& language : Languages()) {
+    SetLanguage(language);
     for (const window::ActionRow& row : window::ActionRows()) {
-      EXPECT_EQ(window->actions()[row.command]->text(), TextIn(language, row.text));
+      EXPECT_EQ(window->actions()[row.command]->text(), window->texts()(row.text));
     }
   }
 }
 
-TEST_F(SpokenWindow, HasOneKeyForEachEntryOfAMenu) {
-  for (const Language language : {Language::kEnglish, Language::kGerman}) {
-    Speak(language);
+TEST_F(TranslatedWindow, HasOneKeyForEachEntryOfAMenu) {
+  for (const Language& language : Languages()) {
+    SetLanguage(language);
     ExpectKeysOf(window->menuBar()->actions(), "the bar");
     for (const QMenu* menu : window->findChildren<QMenu*>()) ExpectKeysOf(menu->actions(), menu->title());
   }
 }
 
-TEST_F(SpokenWindow, HasEachShortcutOnce) {
+TEST_F(TranslatedWindow, HasEachShortcutOnce) {
   std::set<QString> keys;
   for (const window::ActionRow& row : window::ActionRows()) {
     const QString key = row.shortcut;
@@ -102,19 +99,19 @@ TEST_F(SpokenWindow, HasEachShortcutOnce) {
   }
 }
 
-TEST_F(SpokenWindow, CutsNoTextOff) {
+TEST_F(TranslatedWindow, CutsNoTextOff) {
   OpenSample(true);
-  for (const Language language : {Language::kEnglish, Language::kGerman}) {
-    Speak(language);
+  for (const Language& language : Languages()) {
+    SetLanguage(language);
     ExpectNothingIsCut(*window);
-    window::NewProjectBox box(window->words(), {"mill-turn"}, "/tmp", window.get());
+    window::NewProjectBox box(window->texts(), {"mill-turn"}, "/tmp", window.get());
     box.show();
     QCoreApplication::processEvents();
     ExpectNothingIsCut(box);
   }
 }
 
-TEST_F(SpokenWindow, WearsLightAndDark) {
+TEST_F(TranslatedWindow, IsLightAndDark) {
   OpenSample(true);
   window->actions()[Command::kDark]->trigger();
   QCoreApplication::processEvents();
