@@ -1,64 +1,48 @@
-#include "base/files/file_replacement.h"
-
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
 #include <utility>
 
-#include "base/files/read_only.h"
-#include "base/files/system_reason.h"
+#include "base/files/neighbour_posix.h"
+#include "base/files/system_fault.h"
+#include "base/files/whole_file.h"
 
 namespace vanzet::files {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t kPendingLimit = 1 << 16;
+constexpr mode_t kPermissions = 07777;
 
-Fault CannotBeWritten(const std::filesystem::path& file, int error) {
-  return {"cannot be written: " + SystemReason(error), file.string()};
-}
-
-/// Puts the folder's entries on the disk: until then a rename can be undone by a power failure.
-bool SyncFolder(const std::filesystem::path& folder) {
-  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return false;
-  const bool done = fsync(descriptor) == 0;
-  close(descriptor);
-  return done;
+Fault CannotBeWritten(const fs::path& file, int error) {
+  return SystemFault("cannot be written", error, file);
 }
 
 }  // namespace
 
-Result<FileReplacement> FileReplacement::Begin(const std::filesystem::path& file) {
+Result<FileReplacement> FileReplacement::Begin(const fs::path& file) {
   struct stat old = {};
-  const bool isThere = stat(file.c_str(), &old) == 0;
-  if (isThere && !S_ISREG(old.st_mode)) return Fault{"is no regular file", file.string()};
-  // A link stays one: what it leads to is replaced.
+  const bool exists = stat(file.c_str(), &old) == 0;
+  if (exists && !S_ISREG(old.st_mode)) return Fault{"is not a regular file", file.string()};
   std::error_code failure;
-  std::filesystem::path target = isThere ? std::filesystem::canonical(file, failure) : file;
+  fs::path target = exists ? fs::canonical(file, failure) : file;
   if (failure) return CannotBeWritten(file, failure.value());
-  if (IsReadOnly(target)) return Fault{"is read-only", file.string()};
-  std::filesystem::path beside = target;
-  beside += ".new-" + std::to_string(getpid());
-  const int descriptor = open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (descriptor < 0) return CannotBeWritten(file, errno);
-  FileReplacement replacement(std::move(target), std::move(beside), descriptor);
-  if (isThere && fchmod(descriptor, old.st_mode & 07777) != 0) return CannotBeWritten(file, errno);
-  return replacement;
+  if (IsReadOnly(target)) {
+    return Fault{.text = "is read-only", .file = file.string(), .kind = FaultKind::kSystem};
+  }
+  auto content = std::make_unique<Neighbour>(Neighbour::OfThisProcess(std::move(target)));
+  if (!*content) return CannotBeWritten(file, errno);
+  if (exists && fchmod(content->descriptor().number(), old.st_mode & kPermissions) != 0) {
+    return CannotBeWritten(file, errno);
+  }
+  return FileReplacement(std::move(content));
 }
 
-FileReplacement::FileReplacement(FileReplacement&& other) noexcept
-    : file_(std::move(other.file_)),
-      beside_(std::exchange(other.beside_, {})),
-      descriptor_(std::exchange(other.descriptor_, -1)),
-      pending_(std::move(other.pending_)) {}
-
-FileReplacement::~FileReplacement() {
-  if (descriptor_ >= 0) close(descriptor_);
-  if (!beside_.empty()) unlink(beside_.c_str());
-}
+FileReplacement::FileReplacement(std::unique_ptr<Neighbour> content) : content_(std::move(content)) {}
+FileReplacement::FileReplacement(FileReplacement&& other) noexcept = default;
+FileReplacement::~FileReplacement() = default;
 
 Result<void> FileReplacement::Write(std::string_view bytes) {
   pending_.append(bytes);
@@ -67,23 +51,22 @@ Result<void> FileReplacement::Write(std::string_view bytes) {
 }
 
 Result<void> FileReplacement::Commit() {
-  if (const auto flushed = Flush(); !flushed) return flushed.fault();
-  if (fsync(descriptor_) != 0) return CannotBeWritten(file_, errno);
-  if (rename(beside_.c_str(), file_.c_str()) != 0) return CannotBeWritten(file_, errno);
-  beside_.clear();
-  if (!SyncFolder(file_.parent_path())) return CannotBeWritten(file_, errno);
+  VANZET_DO(Flush());
+  const fs::path& file = content_->target();
+  if (!content_->TakeNameOfTarget() || !SyncFolder(file.parent_path())) return CannotBeWritten(file, errno);
   return {};
 }
 
 Result<void> FileReplacement::Flush() {
-  for (std::string_view rest = pending_; !rest.empty();) {
-    const ssize_t written = write(descriptor_, rest.data(), rest.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return CannotBeWritten(file_, errno);
-    rest.remove_prefix(static_cast<std::size_t>(written));
-  }
+  if (!content_->descriptor().Write(pending_)) return CannotBeWritten(content_->target(), errno);
   pending_.clear();
   return {};
+}
+
+Result<void> ReplaceFile(const fs::path& file, std::string_view bytes) {
+  VANZET_TRY(auto replacement, FileReplacement::Begin(file));
+  VANZET_DO(replacement.Write(bytes));
+  return replacement.Commit();
 }
 
 }  // namespace vanzet::files

@@ -6,15 +6,16 @@
 
 namespace vanzet::files {
 
-/// Keeps other processes from changing the text files of a folder while this one reads one, changes it and
-/// writes it anew. The kernel keeps the lock and drops it with the process, so nothing is left to clean up.
+/// Keeps other processes from changing the text files of a folder while this one reads a file, changes it and
+/// writes it back. The kernel holds the lock and releases it with the process, so nothing is left to clean up.
 ///
-/// Errors   a fault with the folder's name: it cannot be locked, or others kept it for 10 seconds
-/// Threads  one; a process that takes a lock twice waits for itself
+/// Errors   a fault with the folder's name: the folder cannot be locked, or another process held the lock for
+///          10 seconds (`FaultKind::kBusy`)
+/// Threads  one; a process that acquires a lock twice waits for itself
 class FolderLock {
  public:
-  /// Waits until nobody else has the lock.
-  static Result<FolderLock> Take(const std::filesystem::path& folder);
+  /// Waits until no other process has the lock.
+  static Result<FolderLock> Acquire(const std::filesystem::path& folder);
   ~FolderLock();
   FolderLock(FolderLock&& other) noexcept;
   FolderLock& operator=(FolderLock&&) = delete;

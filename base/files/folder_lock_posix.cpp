@@ -9,7 +9,7 @@
 #include <thread>
 #include <utility>
 
-#include "base/files/system_reason.h"
+#include "base/files/system_fault.h"
 
 namespace vanzet::files {
 namespace {
@@ -19,17 +19,19 @@ constexpr std::chrono::seconds kLongestWait{10};
 
 }  // namespace
 
-Result<FolderLock> FolderLock::Take(const std::filesystem::path& folder) {
+Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return Fault{"cannot be locked: " + SystemReason(errno), folder.string()};
+  if (descriptor < 0) return SystemFault("cannot be locked", errno, folder);
   FolderLock lock(descriptor);
   const auto end = std::chrono::steady_clock::now() + kLongestWait;
   while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
     if (errno != EWOULDBLOCK && errno != EINTR) {
-      return Fault{"cannot be locked: " + SystemReason(errno), folder.string()};
+      return SystemFault("cannot be locked", errno, folder);
     }
     if (std::chrono::steady_clock::now() > end) {
-      return Fault{"another process keeps its files locked", folder.string()};
+      return Fault{.text = "another process keeps its files locked",
+                   .file = folder.string(),
+                   .kind = FaultKind::kBusy};
     }
     std::this_thread::sleep_for(kStep);
   }

@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "base/files/system_reason.h"
+#include "base/files/system_fault.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 
@@ -36,7 +36,7 @@ Result<void> Open(const Arguments& arguments, const Context& context) {
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
                                nullptr};
   execv(program.c_str(), const_cast<char* const*>(words));
-  return Fault{program + " cannot be run: " + files::SystemReason(errno)};
+  return files::SystemFault(program + " cannot be run", errno);
 }
 
 }  // namespace

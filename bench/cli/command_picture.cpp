@@ -1,4 +1,4 @@
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
@@ -67,10 +67,7 @@ Result<void> Picture(const Arguments& arguments, const Context& context) {
   const auto bytes =
       arguments.view == "equipment" ? DrawEquipment(arguments, *project) : Draw(arguments, *project);
   if (!bytes) return bytes.fault();
-  auto replacement = files::FileReplacement::Begin(file);
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write(*bytes); !done) return done;
-  return replacement->Commit();
+  return files::ReplaceFile(file, *bytes);
 }
 
 void AddDrawingOptions(Command& command, drawing::PictureOptions& options) {

@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "base/path_map.h"
 #include "cli/contour_arguments.h"
 #include "cli/output.h"
@@ -13,10 +13,7 @@ namespace vanzet::cli {
 namespace {
 
 Result<void> WriteFile(const std::string& name, const std::string& bytes) {
-  auto file = files::FileReplacement::Begin(PathMap::OfProcess().Resolve(name));
-  if (!file) return file.fault();
-  if (const auto written = file->Write(bytes); !written) return written;
-  return file->Commit();
+  return files::ReplaceFile(PathMap::OfProcess().Resolve(name), bytes);
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <system_error>
 #include <utility>
 
-#include "base/files/file_replacement.h"
 #include "base/files/folder_lock.h"
+#include "base/files/whole_file.h"
 #include "contour/contour.h"
 #include "contour/library.h"
 #include "drawing/drawing_text.h"
@@ -52,12 +52,10 @@ Result<void> Board::Load() {
 
 Result<void> Board::Save() {
   if (folder_.empty() || isHeld || changes_.None()) return {};
-  VANZET_TRY(const auto lock, files::FolderLock::Take(folder_));
+  VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder_));
   VANZET_TRY(auto kept, ReadFile());
   Merge(drawing_, changes_, kept);
-  VANZET_TRY(auto replacement, files::FileReplacement::Begin(File()));
-  VANZET_DO(replacement.Write(DrawingText(kept)));
-  VANZET_DO(replacement.Commit());
+  VANZET_DO(files::ReplaceFile(File(), DrawingText(kept)));
   drawing_ = std::move(kept);
   drawing_.layers.try_emplace(layer_);
   changes_ = Changes();

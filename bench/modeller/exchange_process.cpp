@@ -17,7 +17,7 @@
 #include <string_view>
 #include <utility>
 
-#include "base/files/system_reason.h"
+#include "base/files/system_fault.h"
 #include "base/numbers.h"
 
 namespace vanzet::modeller {
@@ -29,10 +29,6 @@ namespace fs = std::filesystem;
 constexpr int kParcel = 3;   // its descriptor in the program
 constexpr int kGlance = 50;  // milliseconds between looks at Ctrl-C and the clock
 constexpr std::size_t kLongestLine = 4096;
-
-Fault SystemFault(const std::string& what, int error) {
-  return {what + ": " + files::SystemReason(error)};
-}
 
 /// The program while it runs, and the reading end of its standard output.
 class Process {
@@ -60,7 +56,7 @@ class Process {
 Result<Process> Process::Start(const Exchange& exchange, const std::vector<std::string>& arguments,
                                int parcel) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return SystemFault("no pipe could be made", errno);
+  if (pipe2(ends, O_CLOEXEC) != 0) return files::SystemFault("no pipe could be made", errno);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -78,7 +74,7 @@ Result<Process> Process::Start(const Exchange& exchange, const std::vector<std::
   close(ends[1]);
   if (error == 0) return Process(process, ends[0]);
   close(ends[0]);
-  return SystemFault(program + " cannot be run", error);
+  return files::SystemFault(program + " cannot be run", error);
 }
 
 Process::~Process() {
@@ -190,7 +186,7 @@ bool InterruptWatch::Came() {
 
 Result<MemoryFile> MemoryFile::Make() {
   const int descriptor = memfd_create("vanzet-exchange", MFD_CLOEXEC);
-  if (descriptor < 0) return SystemFault("no file in memory could be made", errno);
+  if (descriptor < 0) return files::SystemFault("no file in memory could be made", errno);
   return MemoryFile(descriptor);
 }
 
@@ -225,7 +221,7 @@ Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
   std::error_code unknown;
   std::string folder = (fs::temp_directory_path(unknown) / "vanzet-XXXXXX").string();
   if (mkdtemp(folder.data()) == nullptr) {
-    return Fault{"no temporary folder could be made: " + std::string(files::SystemReason(errno))};
+    return files::SystemFault("no temporary folder could be made", errno);
   }
   return TemporaryFile(folder, fs::path(folder) / ("bodies" + std::string(ending)));
 }

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "base/number_text.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
@@ -29,9 +29,7 @@ constexpr FormatRow kFormats[] = {
 };
 
 Result<void> Replace(const fs::path& file, std::string_view bytes) {
-  VANZET_TRY(auto replacement, files::FileReplacement::Begin(file));
-  VANZET_DO(replacement.Write(bytes));
-  return replacement.Commit();
+  return files::ReplaceFile(file, bytes);
 }
 
 /// The bodies where they are to be, each still with its name and colour.

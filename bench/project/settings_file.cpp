@@ -5,8 +5,8 @@
 #include <system_error>
 #include <vector>
 
-#include "base/files/file_replacement.h"
 #include "base/files/folder_lock.h"
+#include "base/files/whole_file.h"
 #include "base/ini.h"
 #include "base/letter_case.h"
 #include "project/bench_ini.h"
@@ -121,16 +121,13 @@ Result<void> SettingsFile::Set(std::string_view key, std::string_view value) con
   if (const auto fits = CheckKey(key); !fits) return fits;
   const auto written = Written(value);
   if (!written) return written.fault();
-  const auto lock = files::FolderLock::Take(folder_);
+  const auto lock = files::FolderLock::Acquire(folder_);
   if (!lock) return lock.fault();
   const auto text = Text();
   if (!text) return text.fault();
   // Settings that cannot be read are for people to mend, not to be built upon.
   if (const auto read = ReadBenchIni(*text, File().string()); !read) return read.fault();
-  auto replacement = files::FileReplacement::Begin(File());
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write(WithEntry(*text, key, *written)); !done) return done;
-  return replacement->Commit();
+  return files::ReplaceFile(File(), WithEntry(*text, key, *written));
 }
 
 Result<std::string> SettingsFile::Text() const {

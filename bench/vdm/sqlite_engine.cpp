@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "base/files/read_only.h"
+#include "base/files/whole_file.h"
 #include "vdm/sqlite_schema.h"
 
 namespace vanzet::vdm {

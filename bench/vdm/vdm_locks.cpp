@@ -6,8 +6,8 @@
 
 #include <cerrno>
 
-#include "base/files/read_only.h"
-#include "base/files/system_reason.h"
+#include "base/files/system_fault.h"
+#include "base/files/whole_file.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -79,7 +79,7 @@ void VdmLocks::Release(Number number) {
 }
 
 Fault VdmLocks::FaultOf(int error) const {
-  return {"cannot be locked: " + files::SystemReason(error), file_.string()};
+  return files::SystemFault("cannot be locked", error, file_);
 }
 
 }  // namespace vanzet::vdm

@@ -149,7 +149,7 @@ Result<Vdm> ReadVdmFile(const std::filesystem::path& file) {
   std::error_code unknown;
   // A pipe or a device would keep us waiting.
   if (std::filesystem::exists(file, unknown) && !std::filesystem::is_regular_file(file, unknown)) {
-    return Fault{"is no regular file", file.string()};
+    return Fault{"is not a regular file", file.string()};
   }
   std::ifstream text(file, std::ios::binary);
   if (!text) return Fault{"cannot be read", file.string()};

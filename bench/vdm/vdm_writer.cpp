@@ -1,4 +1,4 @@
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "vdm/vdm_file.h"
 
 namespace vanzet::vdm {

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "base/letter_case.h"
 
 namespace vanzet::window {
@@ -42,10 +42,7 @@ Result<void> Copy(const fs::path& from, const fs::path& to) {
   std::ostringstream bytes;
   bytes << in.rdbuf();
   if (!in || !bytes) return Fault{"cannot be read", from.string()};
-  auto replacement = files::FileReplacement::Begin(to);
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write(bytes.str()); !done) return done;
-  return replacement->Commit();
+  return files::ReplaceFile(to, bytes.str());
 }
 
 }  // namespace

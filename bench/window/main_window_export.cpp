@@ -2,7 +2,7 @@
 #include <QStatusBar>
 #include <algorithm>
 
-#include "base/files/file_replacement.h"
+#include "base/files/whole_file.h"
 #include "base/letter_case.h"
 #include "drawing/picture.h"
 #include "results/equipment.h"
@@ -48,10 +48,7 @@ constexpr PictureRow kPictures[] = {
 Result<void> Write(const project::Project& project, const fs::path& file, const Result<std::string>& bytes) {
   if (!bytes) return bytes.fault();
   if (const auto target = vdm::VdmStore(project.folder()).CheckTarget(file); !target) return target;
-  auto replacement = files::FileReplacement::Begin(file);
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write(*bytes); !done) return done;
-  return replacement->Commit();
+  return files::ReplaceFile(file, *bytes);
 }
 
 }  // namespace

@@ -14,14 +14,14 @@ namespace {
 TEST(FolderLock, IsWaitedFor) {
   const test::TemporaryFolder folder;
   test::Child other([&](test::Child::Line& line) {
-    const auto lock = FolderLock::Take(folder.path());
+    const auto lock = FolderLock::Acquire(folder.path());
     line.Tell();
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     test::WriteBytes(folder / "done", "");
     return static_cast<bool>(lock);
   });
   ASSERT_TRUE(other.line().Await());
-  const auto lock = FolderLock::Take(folder.path());
+  const auto lock = FolderLock::Acquire(folder.path());
   ASSERT_TRUE(lock);
   EXPECT_TRUE(std::filesystem::exists(folder / "done"));
   EXPECT_TRUE(other.End());
@@ -30,18 +30,18 @@ TEST(FolderLock, IsWaitedFor) {
 TEST(FolderLock, GoesWithItsProcess) {
   const test::TemporaryFolder folder;
   test::Child other([&](test::Child::Line& line) {
-    const auto lock = FolderLock::Take(folder.path());
+    const auto lock = FolderLock::Acquire(folder.path());
     line.Tell();
     line.Await();
     return static_cast<bool>(lock);
   });
   ASSERT_TRUE(other.line().Await());
   other.Kill();
-  EXPECT_TRUE(FolderLock::Take(folder.path()));
+  EXPECT_TRUE(FolderLock::Acquire(folder.path()));
 }
 
 TEST(FolderLock, OfAFolderThatIsNotThereIsAFault) {
-  EXPECT_EQ(FolderLock::Take("/no/such").fault().Message(),
+  EXPECT_EQ(FolderLock::Acquire("/no/such").fault().Message(),
             "/no/such: cannot be locked: No such file or directory");
 }
 

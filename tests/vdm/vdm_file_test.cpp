@@ -184,9 +184,9 @@ TEST(VdmText, IsNotReadFurtherThanItsLongestLine) {
 
 TEST_F(VdmFile, ThatIsNotThereOrNoRegularFileIsToldByName) {
   EXPECT_EQ(Told(ReadVdmFile(file)), file.string() + ": cannot be read");
-  EXPECT_EQ(Told(ReadVdmFile(folder.path())), folder.path().string() + ": is no regular file");
+  EXPECT_EQ(Told(ReadVdmFile(folder.path())), folder.path().string() + ": is not a regular file");
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-  EXPECT_EQ(Told(ReadVdmFile(folder / "pipe")), (folder / "pipe").string() + ": is no regular file");
+  EXPECT_EQ(Told(ReadVdmFile(folder / "pipe")), (folder / "pipe").string() + ": is not a regular file");
 }
 
 TEST_F(VdmFile, IsReplacedWithItsPermissionsAndNothingIsLeftBesideIt) {
@@ -236,8 +236,8 @@ TEST_F(VdmFile, StaysAsItWasWhenTheDiskTakesNoMore) {
 }
 
 TEST_F(VdmFile, IsNotWrittenInThePlaceOfAFolderOrADevice) {
-  EXPECT_EQ(Told(WriteVdmFile(folder.path(), Vdm())), folder.path().string() + ": is no regular file");
-  EXPECT_EQ(Told(WriteVdmFile("/dev/full", Vdm())), "/dev/full: is no regular file");
+  EXPECT_EQ(Told(WriteVdmFile(folder.path(), Vdm())), folder.path().string() + ": is not a regular file");
+  EXPECT_EQ(Told(WriteVdmFile("/dev/full", Vdm())), "/dev/full: is not a regular file");
 }
 
 TEST_F(VdmFile, CannotBeWrittenInAFolderThatIsNotThere) {
