@@ -9,6 +9,9 @@
 
 /// The offset that keeps the spans of a contour and extends them to each other.
 namespace geometry {
+
+constinit SpanPair scratchSpanPair;
+
 namespace {
 
 /// Directions that differ by less are tangent.
