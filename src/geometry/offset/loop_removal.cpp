@@ -8,6 +8,16 @@
 #include "geometry/intersect.h"
 #include "geometry/offset/box_levels.h"
 
+/// Removal of the loops of a raw offset. docs/contours/offset.md explains it with a picture.
+///
+/// Notation
+///   raw       the spans of the raw offset, by index from 0; span i is the one under judgement
+///   source    the spans of the contour that was offset
+///   crossing  the first point where span i meets a later span j; the loop lies between the two
+///   too near  nearer to the source than |off| less `TOLERANCE`: such a crossing is inside of another loop
+///   scan      how many spans span i is compared with before it has a crossing
+///   verdict   what becomes of span i: it stays, it ends at a crossing and span j follows, or it is stuck,
+///             because all its crossings are too near
 namespace geometry {
 namespace {
 
@@ -19,7 +29,7 @@ double SizeOf(const Point& p) {
   return std::fabs(p.x) + std::fabs(p.y);
 }
 
-/// Every span may cross, every source span may be too near.
+/// The plain search: every span may cross, and every source span may be too near.
 class PlainSearch {
  public:
   PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
@@ -37,8 +47,8 @@ class PlainSearch {
   const std::vector<Span>& source_;
 };
 
-/// Boxes decide which spans are asked. The source gets its boxes with the first crossing; clean contours have
-/// none.
+/// The search by boxes, which decide which spans are compared. The source gets its boxes with the first
+/// crossing, and a contour without loops needs none.
 class IndexedSearch {
  public:
   IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source)
@@ -92,7 +102,7 @@ double LengthTo(const Span& span, const Point& end) {
   return part.length;
 }
 
-/// The first crossing of `span` with a later one, unless that is where `span` begins.
+/// Finds the first crossing of `span` with a later one, unless it is the start of `span`.
 bool Crossing(const Span& span, const Span& later, Point& p) {
   Point second;
   const int count = Intof(span, later, p, second);
@@ -101,7 +111,7 @@ bool Crossing(const Span& span, const Span& later, Point& p) {
   return true;
 }
 
-/// What becomes of a span: it stays, perhaps with a new end, and span `next` follows; or nothing can.
+/// The verdict on a span: it stays, perhaps with a new end, and span `next` follows; or it is stuck.
 struct Verdict {
   std::size_t next;
   bool trimmed = false;
@@ -130,7 +140,7 @@ Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, dou
   return verdict;
 }
 
-/// Calls `keep(i, verdict)` for the spans that stay and returns the code.
+/// Calls `keep(i, verdict)` for the spans that stay and returns the code of geometry/offset.h.
 template <class SearchForm, class Keep>
 int Walk(const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off, Keep&& keep) {
   SearchForm search(raw, source);
@@ -151,7 +161,7 @@ int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, s
   return Walk<IndexedSearch>(raw, source, scan, off, keep);
 }
 
-/// Writes the spans that stay over those that were before them, and counts the totals anew.
+/// Moves the spans that stay to the front of the contour's storage, and sums the totals up again.
 class Compaction {
  public:
   explicit Compaction(KurveEx& k) : k_(k) {
@@ -182,7 +192,7 @@ class Compaction {
     span.SetProperties();
   }
 
-  /// As if the span were added to the contour so far.
+  /// Changes the span as `KurveEx::Add` would when adding it to the spans kept so far.
   void Attach(Span& span) const {
     if (kept_ > 0) {
       const Point& end = k_.spans[kept_ - 1].p1;

@@ -4,11 +4,12 @@
 #include "geometry/offset/loop_removal.h"
 #include "geometry/offset/offset_sense.h"
 
-/// Offsets of compact contours.
+/// Offsets of compact contours. The words source, target, previous, current, crossing and roll arc mean what they
+/// mean in offset_kurveex.cpp; here a target without a length is simply passed over.
 namespace geometry {
 namespace {
 
-/// Moves the spans of a contour, in the order of storage and untransformed, and joins them.
+/// Moves the sources, in the order of storage and untransformed, and joins the targets.
 class RawOffset {
  public:
   RawOffset(const Kurve& source, const OffsetSense& sense) : source_(source), sense_(sense) {
@@ -28,7 +29,7 @@ class RawOffset {
   }
 
  private:
-  /// Spans that have no length, or lose it, are passed over.
+  /// Passes over sources and targets without a length.
   void Step(int number, bool closing) {
     const Span source = ReadMoved(number);
     if (current_.NullSpan) {
@@ -41,7 +42,7 @@ class RawOffset {
       if (crossed) result_.Replace(0, LINEAR, current_.p0, Point(0, 0), 0);
       return;
     }
-    // A crossing may have left nothing of it.
+    // A crossing may have left nothing of the target.
     passedOver_ = current_.NullSpan;
     if (passedOver_) return;
     current_.ID = static_cast<std::uint32_t>(number);
@@ -49,7 +50,7 @@ class RawOffset {
     previous_ = current_;
   }
 
-  /// Returns the source span and has its offset in `current_`.
+  /// Returns the source and puts its target into `current_`.
   Span ReadMoved(int number) {
     Span source;
     source_.GetStored(number, source);
@@ -58,7 +59,7 @@ class RawOffset {
     return source;
   }
 
-  /// Closes the gap before `current_`; whether by a crossing.
+  /// Closes the gap between previous and current. Returns true when they cross.
   bool Join(const Point& vertex) {
     if (previous_.NullSpan || !(Dist(previous_.p1, current_.p0) > TOLERANCE)) return false;
     Point crossing;
@@ -70,7 +71,7 @@ class RawOffset {
     }
     Span arc = RollArc(sense_.rollDir, current_.p0, vertex, ROLL_AROUND);
     if (passedOver_) {
-      // Where a span has gone, the vertex is not as far from both ends.
+      // Next to a span that has gone, the vertex is not equally far from both ends.
       Point unusedCentre;
       result_.Get(result_.nVertices - 1, arc.p0, unusedCentre);
       arc.pc = arc.CentreOnBisector();
@@ -105,7 +106,7 @@ int Kurve::OffsetMethod1(Kurve& kOffset, double offset, int direction, int metho
   if (this == &kOffset) throw L"Illegal Call - 'this' must not be kOffset";
   double scale = 1.0;
   if (!GetUniformScale(scale)) return 1;
-  // Under a mirror what is left for the reader is right in storage.
+  // Under a mirror, the reader's left is the right in storage.
   const OffsetSense sense((mirrored ? -offset : offset) / scale, direction, reversed);
   if (std::fabs(sense.off) < TOLERANCE || nVertices < 2) {
     kOffset = *this;

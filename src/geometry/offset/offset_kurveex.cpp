@@ -5,21 +5,31 @@
 #include "geometry/offset/loop_removal.h"
 #include "geometry/offset/offset_sense.h"
 
-/// Offsets of working contours.
+/// Offsets of working contours. docs/contours/offset.md explains the steps with pictures.
+///
+/// Notation of the raw offset, by `number` of spans from 1 in the order of storage:
+///   source    a span of the contour that is offset
+///   target    the source, moved sideways by `off`. A target is live when it has a length, and null when its
+///             source has none or when an arc has shrunk away
+///   current   the target under work
+///   previous  the last live target before it; at the seam of a closed contour that of the last span
+///   crossing  the point where previous and current meet at an inward corner: both end there
+///   roll arc  the arc about the source's vertex that closes the gap between previous and current elsewhere
+///   result    the raw offset so far: live targets and roll arcs, with the loops that they make
 namespace geometry {
 namespace {
 
-/// Next to this, the turn at a seam counts as none.
+/// A turn at the seam up to this one counts as none.
 constexpr double kNoTurn = 1e-4;
 
 std::uint32_t NumberAsID(int number) {
   return static_cast<std::uint32_t>(number);
 }
 
-/// Moves the spans of a contour, in the order of storage, and joins them. The result has no totals yet.
+/// Moves the sources in the order of storage and joins the targets. The result has no totals yet.
 ///
-/// What is added to it begins where it ends, as `KurveEx::Add` has it, but properties are not made again
-/// where they hold.
+/// An added span begins where the result ends, as in `KurveEx::Add`, but properties that still hold are not
+/// computed again.
 class RawOffset {
  public:
   RawOffset(const KurveEx& source, const OffsetSense& sense)
@@ -38,7 +48,7 @@ class RawOffset {
   }
 
  private:
-  /// Room for all spans and for the roll arcs of gaping corners.
+  /// Reserves room for all targets and for the roll arcs of gaping corners.
   void ReserveSpans() {
     std::size_t arcs = 2;
     for (std::size_t i = 1; i < spans_.size(); ++i) {
@@ -48,8 +58,8 @@ class RawOffset {
     result_.spans.reserve(spans_.size() + arcs);
   }
 
-  /// The span before the first one is the last. A null span at the seam gets its roll arc here, but only in
-  /// a corner to the right; the other one is left open.
+  /// The span before the first one is the last. A null source at the seam gets its roll arc here, but only
+  /// in a corner to the right; a corner to the left stays open.
   void BeginAtSeam() {
     *previous_ = spans_.back().Offset(sense_.off);
     if (spans_.size() <= 3 || !spans_.front().NullSpan) return;
@@ -62,14 +72,14 @@ class RawOffset {
     const Span& source = spans_[static_cast<std::size_t>(number) - 1];
     lastSourceWasNull_ = source.NullSpan;
     if (source.NullSpan) {
-      sourceWasNull_ = true;
+      passedNullSource_ = true;
     } else {
-      // The one in hand is kept as the previous one unless it is null; its place is used anew.
+      // A live target becomes the previous one, and its buffer takes the next; a null one is overwritten.
       if (!current_->NullSpan) std::swap(current_, previous_);
       Place(source, number, closing);
-      sourceWasNull_ = false;
+      passedNullSource_ = false;
     }
-    previousWasNull_ = current_->NullSpan;
+    stepBeforeLeftNull_ = current_->NullSpan;
   }
 
   void Place(const Span& source, int number, bool closing) {
@@ -78,7 +88,7 @@ class RawOffset {
     current_->ID = 0;
     if (!result_.start.ok) BeginAt(current_->p0);
     const bool crossed = (number > 1 || closing) && Join(source, number);
-    if (current_->NullSpan && previousWasNull_) {
+    if (current_->NullSpan && stepBeforeLeftNull_) {
       AddRollArc(current_->p0, source.p0, NumberAsID(number) | ROLL_AROUND);
       DropNull();
     }
@@ -87,7 +97,8 @@ class RawOffset {
       return;
     }
     current_->ID = NumberAsID(number);
-    // Its flag counts: adding would make the properties anew, and a line of an arc that has shrunk away.
+    // The flag decides: adding would compute the properties again and make a line of an arc that has shrunk
+    // away.
     if (current_->NullSpan) return;
     Append(*current_);
     DropNull();
@@ -95,10 +106,10 @@ class RawOffset {
 
   void BeginAt(const Point& p) {
     result_.Start(p);
-    if (sourceWasNull_) result_.Add(spVertex(LINEAR, p, Point(0, 0), 1), true);
+    if (passedNullSource_) result_.Add(spVertex(LINEAR, p, Point(0, 0), 1), true);
   }
 
-  /// Closes the gap before the current span; whether by a crossing.
+  /// Closes the gap between previous and current. Returns true when they cross.
   bool Join(const Span& source, int number) {
     const double gap = Dist(previous_->p1, current_->p0);
     if (!(gap > TOLERANCE) || previous_->NullSpan || current_->NullSpan) return false;
@@ -109,10 +120,10 @@ class RawOffset {
       current_->SetProperties();
       return true;
     }
-    // A smaller gap is left to the next span, which begins where the contour ends.
+    // A smaller gap stays: current begins where the result ends.
     if (gap >= 5 * TOLERANCE) {
       AddRollArc(current_->p0, source.p0,
-                 sourceWasNull_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
+                 passedNullSource_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
       DropNull();
     }
     return false;
@@ -142,7 +153,7 @@ class RawOffset {
     if (result_.spans.back().NullSpan) result_.spans.pop_back();
   }
 
-  /// The previous span ends at `p`.
+  /// Lets the previous target end at `p`.
   void MoveEnd(const Point& p) {
     if (result_.spans.empty()) return MoveStart(p);
     Span& last = result_.spans.back();
@@ -167,9 +178,9 @@ class RawOffset {
   Span buffers_[2];
   Span* previous_ = &buffers_[0];
   Span* current_ = &buffers_[1];
-  bool sourceWasNull_ = false;    ///< since the last live span
-  bool previousWasNull_ = false;  ///< what the step before had in hand
-  bool lastSourceWasNull_ = false;
+  bool passedNullSource_ = false;    ///< since the last source with a length
+  bool stepBeforeLeftNull_ = false;  ///< the step before ended with a null target as current
+  bool lastSourceWasNull_ = false;   ///< of the sources looked at so far
 };
 
 void CountTotals(KurveEx& k) {
@@ -180,7 +191,7 @@ void CountTotals(KurveEx& k) {
   }
 }
 
-/// Closes an offset whose ends cross; the code otherwise.
+/// Closes an offset whose ends cross. Returns the code 2 when they don't.
 int TrimEnds(KurveEx& k) {
   Point crossing;
   if (k.spans.empty() || !OnlyCrossing(k.spans.front(), k.spans.back(), crossing)) return 2;
