@@ -6,25 +6,10 @@
 
 #include "base/number_text.h"
 #include "define/tables.h"
+#include "view/ids.h"
 
 namespace vanzet::define {
 namespace {
-
-// What the steps need besides the controls of the tables.
-constexpr std::int32_t kRoot = 1;
-constexpr std::int32_t kOk = 1;
-constexpr std::int32_t kSpurs = 2020;
-constexpr std::int32_t kDelete = 51000;
-constexpr std::int32_t kDeviceList = 2124;
-constexpr std::int32_t kPath = 2021;
-constexpr std::int32_t kSelectParametric = 2154;
-constexpr std::int32_t kSelectOwn = 2155;
-constexpr std::int32_t kPickSolid = 2018;
-constexpr std::int32_t kSelect = 2015;
-constexpr std::int32_t kSteadyRest = 2019;
-constexpr std::int32_t kSteadyRestNode = 16;
-constexpr std::int32_t kDatumNode = 34;
-constexpr std::int32_t kDatumMenuNode = 33;
 
 std::string Line(const char* word, std::int32_t id) {
   return std::string(word) + " " + std::to_string(id);
@@ -57,7 +42,7 @@ void AddFields(const Json& record, std::span<const Field<Record>> fields, Step& 
 
 void AddLetters(const Json& device, Step& step) {
   for (const auto& [letter, value] : device["letters"].items()) {
-    step.lines.push_back(SetLine(EditOf(letter.front()), value));
+    step.lines.push_back(SetLine(control::EditOfLetter(letter.front()), value));
   }
 }
 
@@ -74,8 +59,8 @@ class SpurSteps {
       : path_(std::move(path)), former_(former), steps_(steps) {}
 
   void Enter(std::int32_t spur, bool hasSpurs) {
-    Step& step = Begin(path_, kRoot);
-    if (hasSpurs) step.lines.push_back(Line("choose", kSpurs) + " " + std::to_string(spur));
+    Step& step = Begin(path_, node::kClampDevices);
+    if (hasSpurs) step.lines.push_back(Line("choose", control::kSpurs) + " " + std::to_string(spur));
   }
 
   void Spindle(const Json& spur, std::size_t number) {
@@ -96,20 +81,20 @@ class SpurSteps {
 
   void SteadyRest(const Json& spur) {
     if (!spur.contains("steady_rest") || !spur["steady_rest"].get<bool>()) return;
-    Step& step = Begin(Below(path_, "steady_rest"), kSteadyRestNode);
-    step.lines.push_back(SetLine(kSteadyRest, true));
-    step.lines.push_back(Line("press", kSelect));
+    Step& step = Begin(Below(path_, "steady_rest"), node::kBezel);
+    step.lines.push_back(SetLine(control::kUseBezel, true));
+    step.lines.push_back(Line("press", control::kSelect));
   }
 
   void Datum(const Json& spur) {
     const std::string path = Below(path_, "datum");
-    if (!spur.contains("datum")) return former_.contains("datum") ? Delete(path, kDatumMenuNode) : void();
-    Step& step = Begin(path, kDatumNode);
+    if (!spur.contains("datum")) return former_.contains("datum") ? Delete(path, node::kRootDatum) : void();
+    Step& step = Begin(path, node::kDatum);
     for (std::size_t i = 0; i < std::size(kSpindleKeys); ++i) {
       const std::string key(kSpindleKeys[i]);
       if (spur["datum"].contains(key)) AddFields(spur["datum"][key], DatumFields(i), step);
     }
-    step.lines.push_back(Line("press", kSelect));
+    step.lines.push_back(Line("press", control::kSelect));
   }
 
  private:
@@ -120,7 +105,7 @@ class SpurSteps {
 
   /// What was drawn of a former record goes.
   void Delete(const std::string& path, std::int32_t node) {
-    steps_.push_back({path, {Line("context", node) + " " + std::to_string(kDelete)}});
+    steps_.push_back({path, {Line("context", node) + " " + std::to_string(command::kDeleteRecord)}});
   }
 
   void Device(const Json& spindle, const DeviceRow& row, std::int32_t node, const std::string& path) {
@@ -132,21 +117,22 @@ class SpurSteps {
     if (device.contains("file")) {
       OwnDevice(device, row, step);
     } else {
-      step.lines.push_back(Line("choose", kDeviceList) + " " + ScriptWord(device["name"].get<std::string>()));
+      step.lines.push_back(Line("choose", control::kDeviceList) + " " +
+                           ScriptWord(device["name"].get<std::string>()));
       AddLetters(device, step);
-      step.lines.push_back(Line("press", kSelectParametric));
+      step.lines.push_back(Line("press", control::kSelectParametric));
     }
   }
 
   /// Its letters are those of its file, but for the first of a center, which can be changed when it is there.
   static void OwnDevice(const Json& device, const DeviceRow& row, Step& step) {
     constexpr const char* kChangeable = "A";
-    step.lines.push_back(SetLine(kPath, device["file"]));
-    step.lines.push_back(Line("press", kSelectOwn));
+    step.lines.push_back(SetLine(control::kPath, device["file"]));
+    step.lines.push_back(Line("press", control::kSelectOwn));
     if (row.key != CenterRow().key || !device.contains("letters")) return;
     if (!device["letters"].contains(kChangeable)) return;
-    step.lines.push_back(SetLine(EditOf('A'), device["letters"][kChangeable]));
-    step.lines.push_back(Line("press", kSelectParametric));
+    step.lines.push_back(SetLine(control::EditOfLetter('A'), device["letters"][kChangeable]));
+    step.lines.push_back(Line("press", control::kSelectParametric));
   }
 
   template <class Record>
@@ -163,7 +149,7 @@ class SpurSteps {
 
   static void PickWhatIsLeftOut(const Json& billet, Step& step) {
     if (billet.contains("part_length") && billet.contains("clamp_diameter")) return;
-    step.lines.push_back(Line("press", kPickSolid));
+    step.lines.push_back(Line("press", control::kPickSolid));
     step.picks.push_back("object " + billet["solid"].get<std::string>());
   }
 
@@ -206,7 +192,7 @@ std::vector<Step> StepsOf(const Json& form, const Json& former, bool hasSubSpind
 }
 
 Step OkStep() {
-  return {"$", {Line("select", kRoot), Line("press", kOk)}};
+  return {"$", {Line("select", node::kClampDevices), Line("press", control::kOk)}};
 }
 
 Script ScriptOf(const std::vector<Step>& steps) {

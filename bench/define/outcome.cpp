@@ -2,18 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
-#include <nlohmann/json.hpp>
+#include "view/ids.h"
 
 namespace vanzet::define {
 namespace {
 
 /// The tree gets the focus whenever a node was selected, and each step begins with a node.
-constexpr std::int32_t kTree = 2158;
-
 bool IsSelection(const Json& event) {
-  return event.value("event", "") == "focus" && event.value("control", 0) == kTree;
+  return event.value("event", "") == "focus" && event.value("control", 0) == control::kTree;
 }
 
 /// Half of the last decimal, and what doubles of that size cannot tell.

@@ -1,6 +1,7 @@
 #include "define/tables.h"
 
 #include "devices/device_types.h"
+#include "view/ids.h"
 
 namespace vanzet::define {
 namespace {
@@ -15,82 +16,85 @@ constexpr Range kJaws = {3, 16};
 // clang-format off
 constexpr Field<Billet> kCylinder[] = {
     // key               member                   control
-    {"outer_diameter",  &Billet::outerDiameter,  2022, Need::kNonzero},
-    {"part_length",     &Billet::partLength,     2023, Need::kNonzero},
-    {"front_allowance", &Billet::frontAllowance, 2024},
-    {"rear_allowance",  &Billet::rearAllowance,  2025},
-    {"inner_diameter",  &Billet::innerDiameter,  2026},
-    {"bar_length",      &Billet::barLength,      2027, Need::kNone, {}, true},
-    {"shown",           &Billet::isShown,        2138},
+    {"outer_diameter",  &Billet::outerDiameter,  control::kOuterDiameter,  Need::kNonzero},
+    {"part_length",     &Billet::partLength,     control::kCylinderLength, Need::kNonzero},
+    {"front_allowance", &Billet::frontAllowance, control::kFrontAllowance},
+    {"rear_allowance",  &Billet::rearAllowance,  control::kRearAllowance},
+    {"inner_diameter",  &Billet::innerDiameter,  control::kInnerDiameter},
+    {"bar_length",      &Billet::barLength,      control::kBarLength,      Need::kNone, {}, true},
+    {"shown",           &Billet::isShown,        control::kHideBillet},
 };
 
 constexpr Field<Billet> kBilletFigures[] = {
-    {"outside",     &Billet::outside,    2039, Need::kGiven},
-    {"inside",      &Billet::inside,     2040},
-    {"part_length", &Billet::partLength, 2045},
+    {"outside",     &Billet::outside,    control::kFigureOutside, Need::kGiven},
+    {"inside",      &Billet::inside,     control::kFigureInside},
+    {"part_length", &Billet::partLength, control::kPartLength},
 };
 
 // Lengths that are left out are those of the solid.
 constexpr Field<Billet> kBilletSolid[] = {
-    {"solid",          &Billet::solid,         2046, Need::kGiven},
-    {"part_length",    &Billet::partLength,    2045},
-    {"clamp_diameter", &Billet::clampDiameter, 2035},
-    {"angle",          &Billet::angle,         2032},
+    {"solid",          &Billet::solid,         control::kSolid, Need::kGiven},
+    {"part_length",    &Billet::partLength,    control::kPartLength},
+    {"clamp_diameter", &Billet::clampDiameter, control::kClampDiameter},
+    {"angle",          &Billet::angle,         control::kAngle},
 };
 
 constexpr Kind<Billet> kBillets[] = {
     // word       type                 nodes     button
-    {"cylinder", 1, kCylinder,      {19, 23}, 2016},
-    {"figures",  2, kBilletFigures, {20, 24}, 2015},
-    {"solid",    3, kBilletSolid,   {21, 25}, 2015},
+    {"cylinder", 1, kCylinder,      {node::kBilletCylindricMain, node::kBilletCylindricSub},   control::kSelectCylinder},
+    {"figures",  2, kBilletFigures, {node::kBilletFromFigureMain, node::kBilletFromFigureSub}, control::kSelect},
+    {"solid",    3, kBilletSolid,   {node::kBilletFromSolidMain, node::kBilletFromSolidSub},   control::kSelect},
 };
 
 constexpr Field<FinishPart> kFinishFigures[] = {
-    {"outside", &FinishPart::outside, 2039, Need::kGiven},
-    {"inside",  &FinishPart::inside,  2040},
+    {"outside", &FinishPart::outside, control::kFigureOutside, Need::kGiven},
+    {"inside",  &FinishPart::inside,  control::kFigureInside},
 };
 
 constexpr Field<FinishPart> kFinishSolid[] = {
-    {"solid", &FinishPart::solid, 2046, Need::kGiven},
+    {"solid", &FinishPart::solid, control::kSolid, Need::kGiven},
 };
 
 // The button of the page with figures stores nothing.
 constexpr Kind<FinishPart> kFinishParts[] = {
-    {"figures", 1, kFinishFigures, {28, 31}, 0},
-    {"solid",   2, kFinishSolid,   {29, 32}, 2015},
+    {"figures", 1, kFinishFigures, {node::kFinishPartFromFigureMain, node::kFinishPartFromFigureSub}, 0},
+    {"solid",   2, kFinishSolid,   {node::kFinishPartFromSolidMain, node::kFinishPartFromSolidSub},   control::kSelect},
 };
 
 constexpr Field<Spindle> kJawFields[] = {
-    {"count",  &Spindle::jaws,         2181, Need::kNone, kJaws},
-    {"inside", &Spindle::clampsInside, 2141},
+    {"count",  &Spindle::jaws,         control::kJawSpin, Need::kNone, kJaws},
+    {"inside", &Spindle::clampsInside, control::kInnerChucking},
 };
 
 constexpr Field<Spindle> kMainDatum[] = {
-    {"clamping_out", &Spindle::clampingOut, 2203},
-    {"origin",       &Spindle::origin,      2207},
+    {"clamping_out", &Spindle::clampingOut, control::kClampingOutMain},
+    {"origin",       &Spindle::origin,      control::kOriginMain},
 };
 
 constexpr Field<Spindle> kSubDatum[] = {
-    {"clamping_out", &Spindle::clampingOut, 2211},
-    {"origin",       &Spindle::origin,      2214},
+    {"clamping_out", &Spindle::clampingOut, control::kClampingOutSub},
+    {"origin",       &Spindle::origin,      control::kOriginSub},
 };
 
 constexpr DeviceRow kClamps[] = {
     // key           types   own  class                nodes
-    {"chuck",        1,  1,  103, DeviceClass::kChuck, {3,  9}},
-    {"collet",       2,  2,  105, DeviceClass::kChuck, {5, 11}},
-    {"mandrel",      3,  3,  106, DeviceClass::kChuck, {6, 12}},
-    {"face_driver",  4,  4,  107, DeviceClass::kChuck, {7, 13}},
+    {"chuck",       1, 1, 103, DeviceClass::kChuck, {node::kChuckMain, node::kChuckSub}},
+    {"collet",      2, 2, 105, DeviceClass::kChuck, {node::kColletMain, node::kColletSub}},
+    {"mandrel",     3, 3, 106, DeviceClass::kChuck, {node::kMandrelMain, node::kMandrelSub}},
+    {"face_driver", 4, 4, 107, DeviceClass::kChuck, {node::kFaceDriverMain, node::kFaceDriverSub}},
 };
-constexpr DeviceRow kJaw =    {"jaw",     5, 12, 104, DeviceClass::kJaw,    { 4, 10}};
-constexpr DeviceRow kCenter = {"center", 13, 14, 115, DeviceClass::kCenter, {15, 15}};
+constexpr DeviceRow kJaw =    {"jaw",     5, 12, 104, DeviceClass::kJaw,    {node::kJawMain, node::kJawSub}};
+constexpr DeviceRow kCenter = {"center", 13, 14, 115, DeviceClass::kCenter, {node::kCenter, node::kCenter}};
 
-constexpr std::int32_t kEdits[] = {2031, 2033, 2034, 2036, 2037, 2038, 2041, 2042, 2043, 2044};  // A to J
 // clang-format on
 
-constexpr Part<Billet> kBilletPart = {"billet", &Spindle::billet, kBillets, true, {18, 22}};
-constexpr Part<FinishPart> kFinishedPart = {
-    "finished_part", &Spindle::finishPart, kFinishParts, false, {27, 30}};
+constexpr Part<Billet> kBilletPart = {
+    "billet", &Spindle::billet, kBillets, true, {node::kBilletMain, node::kBilletSub}};
+constexpr Part<FinishPart> kFinishedPart = {"finished_part",
+                                            &Spindle::finishPart,
+                                            kFinishParts,
+                                            false,
+                                            {node::kFinishPartMain, node::kFinishPartSub}};
 
 }  // namespace
 
@@ -125,10 +129,6 @@ const DeviceRow& CenterRow() {
 std::string_view LettersOf(std::int32_t type) {
   const DeviceType* const row = FindDeviceType(type);
   return row == nullptr ? std::string_view() : row->keeps;
-}
-
-std::int32_t EditOf(char letter) {
-  return kEdits[static_cast<std::size_t>(letter - 'A')];
 }
 
 }  // namespace vanzet::define

@@ -89,9 +89,6 @@ const DeviceRow& CenterRow();
 /// The letters of the values that a type keeps; none for a type that nobody knows.
 std::string_view LettersOf(std::int32_t type);
 
-/// The edit of a letter. Requires: 'A' to 'J'.
-std::int32_t EditOf(char letter);
-
 inline constexpr std::string_view kSpindleKeys[] = {"main", "sub"};
 
 /// The word of the kind that a record is of.

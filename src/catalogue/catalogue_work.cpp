@@ -4,6 +4,7 @@
 
 #include "catalogue/catalogue_lines.h"
 #include "host/bridge.h"
+#include "host/message_ids.h"
 #include "host/messages.h"
 #include "platform/message_box.h"
 
@@ -39,7 +40,7 @@ std::string WithPath(std::string_view text, const std::string& path) {
 
 /// Asks about the file that could not be used; true when the user has chosen another one.
 bool SearchesFile(CDevice& catalogue, bool forReading, void* owner) {
-  return SaysYes(WithPath(Text(1170), catalogue.path()), kYesNo + kQuestionIcon) &&
+  return SaysYes(WithPath(Text(message::kNoCatalogue), catalogue.path()), kYesNo + kQuestionIcon) &&
          catalogue.SelectFile(forReading, owner);
 }
 
@@ -66,7 +67,7 @@ void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const
   CDevice fresh = FreshCatalogue(dialogs);
   while (!fresh.ReadFile() && SearchesFile(fresh, true, owner)) {
   }
-  if (fresh.HasDevice(name) && !SaysYes(Text(723))) return;
+  if (fresh.HasDevice(name) && !SaysYes(Text(message::kOverwriteDevice))) return;
   fresh.PutDevice(name, valueLine);
   while (!fresh.WriteFile() && SearchesFile(fresh, false, owner)) {
   }
@@ -76,7 +77,7 @@ void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
                                const std::function<void()>& refill) {
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the refill empties what was typed
   const std::string name = typedName;
-  if (!SaysYes(Text(733))) return;
+  if (!SaysYes(Text(message::kDeleteDevice))) return;
   dialogs.RemoveDevice(name);
   refill();
   CDevice fresh = FreshCatalogue(dialogs);

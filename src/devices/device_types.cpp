@@ -2,32 +2,34 @@
 
 #include <algorithm>
 
+#include "view/ids.h"
+
 namespace vanzet {
 namespace {
 
 // clang-format off
 constexpr DeviceType kDeviceTypes[] = {
-    // code  name                      keeps        outline   thickness picture
-    {    1, "Chuck",                   "ABC",       "ABC",       ' ',   2056 },
-    {    2, "Collet",                  "ABCDEF",    "ABCDEF",    ' ',   2058 },
-    {    3, "Mandrel",                 "ABCDEFGH",  "ABCDEFGH",  ' ',   2071 },
-    {    4, "Face Driver",             "ABCDEFGHI", "ABCDFI",    ' ',   2060 },
-    {    5, "Jaw",                     "ABCDEFGH",  "ABCDEF",    'H',   2062 },
-    {    6, "Jaw",                     "ABCDEFGH",  "ABCDEF",    'H',   2063 },
-    {    7, "Jaw",                     "ABCDEF",    "ABCD",      'F',   2064 },
-    {    8, "Jaw",                     "ABCDEF",    "ABCD",      'F',   2065 },
-    {    9, "Jaw",                     "ABCD",      "AB",        'D',   2066 },
-    {   10, "Jaw",                     "ABCDE",     "ABCD",      'E',   2067 },
-    {   11, "Jaw",                     "ABCDEFGH",  "ABCDEF",    'H',   2068 },
-    {   12, "Jaw",                     "ABCDEFGH",  "ABCDEF",    'H',   2069 },
-    {   13, "Center",                  "ABCDEFG",   "ABCDEFG",   ' ',   2053 },
-    {   14, "Center",                  "ABCDEFGHI", "ABCDEFGHI", ' ',   2054 },
-    {  103, "Chuck from a VDM",        "B",         "",          ' ',   2055 },
-    {  104, "Jaw from a VDM",          "B",         "",          ' ',   2061 },
-    {  105, "Collet from a VDM",       "B",         "",          ' ',   2057 },
-    {  106, "Mandrel from a VDM",      "B",         "",          ' ',   2070 },
-    {  107, "Face Driver from a VDM",  "B",         "",          ' ',   2059 },
-    {  115, "Center from a VDM",       "AB",        "",          ' ',   2052 },
+    // code, name, keeps, outline, thickness, picture
+    {  1, "Chuck",                  "ABC",       "ABC",       ' ', picture::kChuck},
+    {  2, "Collet",                 "ABCDEF",    "ABCDEF",    ' ', picture::kCollet},
+    {  3, "Mandrel",                "ABCDEFGH",  "ABCDEFGH",  ' ', picture::kMandrel},
+    {  4, "Face Driver",            "ABCDEFGHI", "ABCDFI",    ' ', picture::kFaceDriver},
+    {  5, "Jaw",                    "ABCDEFGH",  "ABCDEF",    'H', picture::kJaw1},
+    {  6, "Jaw",                    "ABCDEFGH",  "ABCDEF",    'H', picture::kJaw2},
+    {  7, "Jaw",                    "ABCDEF",    "ABCD",      'F', picture::kJaw3},
+    {  8, "Jaw",                    "ABCDEF",    "ABCD",      'F', picture::kJaw4},
+    {  9, "Jaw",                    "ABCD",      "AB",        'D', picture::kJaw5},
+    { 10, "Jaw",                    "ABCDE",     "ABCD",      'E', picture::kJaw6},
+    { 11, "Jaw",                    "ABCDEFGH",  "ABCDEF",    'H', picture::kJaw7},
+    { 12, "Jaw",                    "ABCDEFGH",  "ABCDEF",    'H', picture::kJaw8},
+    { 13, "Center",                 "ABCDEFG",   "ABCDEFG",   ' ', picture::kCenter1},
+    { 14, "Center",                 "ABCDEFGHI", "ABCDEFGHI", ' ', picture::kCenter2},
+    {103, "Chuck from a VDM",       "B",         "",          ' ', picture::kOwnChuck},
+    {104, "Jaw from a VDM",         "B",         "",          ' ', picture::kOwnJaw},
+    {105, "Collet from a VDM",      "B",         "",          ' ', picture::kOwnCollet},
+    {106, "Mandrel from a VDM",     "B",         "",          ' ', picture::kOwnMandrel},
+    {107, "Face Driver from a VDM", "B",         "",          ' ', picture::kOwnFaceDriver},
+    {115, "Center from a VDM",      "AB",        "",          ' ', picture::kOwnCenter},
 };
 // clang-format on
 

@@ -12,15 +12,15 @@ namespace vanzet::dialog {
 
 using view::ControlKind;
 
-/// A control as its window template has it, before anything is put into it. A text with a star in front is
-/// replaced when the window is made, or stays as it is.
+/// A control as its window template has it, before anything is put into it. The texts that come from messages
+/// are not here: a page sets them when its window is made.
 struct ControlTemplate {
   std::int32_t id;
   ControlKind kind;
-  std::string_view text = {};     ///< a caption
+  std::string_view text = {};     ///< the same in every language
   std::string_view caption = {};  ///< the letter beside an edit
   bool isVisible = true;
-  bool isList = false;      ///< a combo that nobody types into
+  bool isList = false;      ///< a combo without an edit
   std::int32_t bitmap = 0;  ///< of a picture that is always the same
   std::int32_t least = 0;   ///< spins
   std::int32_t most = 0;

@@ -12,19 +12,15 @@ constexpr TypeRange kFaceDrivers[] = {{4, 4}, {107, 107}, {113, 113}};
 constexpr TypeRange kJaws[] = {{5, 12}, {104, 104}, {110, 110}};
 constexpr TypeRange kCenters[] = {{13, 14}, {115, 115}};
 
-constexpr std::string_view kOnlyChuck = "Wrong chuck device! Only type Chuck is allowed.";
-constexpr std::string_view kOnlyJaw = "Wrong jaw device! Only type Jaw is allowed.";
-constexpr std::string_view kOnlyCenter = "Wrong clamp device! Only type Center is allowed.";
-
 // clang-format off
 constexpr DeviceKind kKinds[] = {
-    // kind                types         listed    class  message
-    { 1,                    kChucks,      { 1,  1}, 0,     748, kOnlyChuck  },
-    { 2,                    kCollets,     { 2,  2}, 0,     748, kOnlyChuck  },
-    { 3,                    kMandrels,    { 3,  3}, 0,     748, kOnlyChuck  },
-    { 4,                    kFaceDrivers, { 4,  4}, 0,     748, kOnlyChuck  },
-    { device_kind::kJaw,    kJaws,        { 5, 12}, 1,     749, kOnlyJaw    },
-    { device_kind::kCenter, kCenters,     {13, 14}, 3,     699, kOnlyCenter },
+    // kind                types         listed    class
+    { 1,                    kChucks,      { 1,  1}, 0 },
+    { 2,                    kCollets,     { 2,  2}, 0 },
+    { 3,                    kMandrels,    { 3,  3}, 0 },
+    { 4,                    kFaceDrivers, { 4,  4}, 0 },
+    { device_kind::kJaw,    kJaws,        { 5, 12}, 1 },
+    { device_kind::kCenter, kCenters,     {13, 14}, 3 },
 };
 
 // A mandrel clamps from inside.

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 #include "dialog/device_letters.h"
 
@@ -21,8 +20,6 @@ struct DeviceKind {
   std::span<const TypeRange> types;  ///< those that a record of this kind has
   TypeRange listed;                  ///< those that the catalogue offers
   std::int32_t deviceClass;          ///< what a prepared device's file says of itself
-  std::int32_t wrongClass;           ///< the message for a file of another class
-  std::string_view wrongClassText;
 };
 
 /// The row of a kind, or null.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "view/ids.h"
+
 namespace vanzet::dialog {
 namespace {
 
@@ -20,23 +22,30 @@ constexpr TypeRange kWithI[] = {{4, 4}, {14, 14}};
 // 0.
 // clang-format off
 constexpr DeviceLetter kLetters[] = {
-    //     edit  labels      open          needed
-    {'A', 2031, 2116, 2115, k1To14And115, k2To14},
-    {'B', 2033, 2119, 2118, k1To14,       k1To14},
-    {'C', 2034, 2121, 2120, k1To14,       k1To14},
-    {'D', 2036, 2126, 2125, k2To14,       k2To14},
-    {'E', 2037, 2129, 2128, kWithE,       kWithE},
-    {'F', 2038, 2131, 2130, kWithF,       kNeedingF},
-    {'G', 2041, 2135, 2134, kWithG,       kWithG},
-    {'H', 2042, 2137, 2136, kWithH,       kNeedingH},
-    {'I', 2043, 2140, 2139, kWithI,       kWithI},
-    {'J', 2044, 2143, 2142, {},           {}},
+    // letter, edit, labels on either page, open, needed
+    {'A', control::kEditA, control::kLabelA, control::kNewLabelA, k1To14And115, k2To14},
+    {'B', control::kEditB, control::kLabelB, control::kNewLabelB, k1To14,       k1To14},
+    {'C', control::kEditC, control::kLabelC, control::kNewLabelC, k1To14,       k1To14},
+    {'D', control::kEditD, control::kLabelD, control::kNewLabelD, k2To14,       k2To14},
+    {'E', control::kEditE, control::kLabelE, control::kNewLabelE, kWithE,       kWithE},
+    {'F', control::kEditF, control::kLabelF, control::kNewLabelF, kWithF,       kNeedingF},
+    {'G', control::kEditG, control::kLabelG, control::kNewLabelG, kWithG,       kWithG},
+    {'H', control::kEditH, control::kLabelH, control::kNewLabelH, kWithH,       kNeedingH},
+    {'I', control::kEditI, control::kLabelI, control::kNewLabelI, kWithI,       kWithI},
+    {'J', control::kEditJ, control::kLabelJ, control::kNewLabelJ, {},           {}},
 };
 
 constexpr Field<DeviceParams> kFields[] = {
-    {2031, &DeviceParams::A}, {2033, &DeviceParams::B}, {2034, &DeviceParams::C}, {2036, &DeviceParams::D},
-    {2037, &DeviceParams::E}, {2038, &DeviceParams::F}, {2041, &DeviceParams::G}, {2042, &DeviceParams::H},
-    {2043, &DeviceParams::I}, {2044, &DeviceParams::J},
+    {control::kEditA, &DeviceParams::A},
+    {control::kEditB, &DeviceParams::B},
+    {control::kEditC, &DeviceParams::C},
+    {control::kEditD, &DeviceParams::D},
+    {control::kEditE, &DeviceParams::E},
+    {control::kEditF, &DeviceParams::F},
+    {control::kEditG, &DeviceParams::G},
+    {control::kEditH, &DeviceParams::H},
+    {control::kEditI, &DeviceParams::I},
+    {control::kEditJ, &DeviceParams::J},
 };
 
 struct TypePicture {
@@ -45,10 +54,31 @@ struct TypePicture {
 };
 
 constexpr TypePicture kPictures[] = {
-    {  1, 2056}, {  2, 2058}, {  3, 2071}, {  4, 2060}, {  5, 2062}, {  6, 2063}, {  7, 2064}, {  8, 2065},
-    {  9, 2066}, { 10, 2067}, { 11, 2068}, { 12, 2069}, { 13, 2053}, { 14, 2054}, {103, 2055}, {104, 2061},
-    {105, 2057}, {106, 2070}, {107, 2059}, {109, 2055}, {110, 2061}, {111, 2057}, {112, 2070}, {113, 2059},
-    {115, 2052},
+    {  1, picture::kChuck},
+    {  2, picture::kCollet},
+    {  3, picture::kMandrel},
+    {  4, picture::kFaceDriver},
+    {  5, picture::kJaw1},
+    {  6, picture::kJaw2},
+    {  7, picture::kJaw3},
+    {  8, picture::kJaw4},
+    {  9, picture::kJaw5},
+    { 10, picture::kJaw6},
+    { 11, picture::kJaw7},
+    { 12, picture::kJaw8},
+    { 13, picture::kCenter1},
+    { 14, picture::kCenter2},
+    {103, picture::kOwnChuck},
+    {104, picture::kOwnJaw},
+    {105, picture::kOwnCollet},
+    {106, picture::kOwnMandrel},
+    {107, picture::kOwnFaceDriver},
+    {109, picture::kOwnChuck},
+    {110, picture::kOwnJaw},
+    {111, picture::kOwnCollet},
+    {112, picture::kOwnMandrel},
+    {113, picture::kOwnFaceDriver},
+    {115, picture::kOwnCenter},
 };
 // clang-format on
 

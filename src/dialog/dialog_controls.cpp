@@ -1,5 +1,7 @@
 #include "dialog/dialog_controls.h"
 
+#include "view/ids.h"
+
 namespace vanzet::dialog {
 namespace {
 
@@ -8,11 +10,11 @@ namespace {
 constexpr ControlTemplate kControls[] = {
     {.id = control::kSpurs, .kind = ControlKind::kCombo, .isVisible = false, .isList = true},
     {.id = control::kPageArea, .kind = ControlKind::kLabel, .isVisible = false},
-    {.id = control::kLoad, .kind = ControlKind::kButton, .text = "*Load Configuration"},
-    {.id = control::kSave, .kind = ControlKind::kButton, .text = "*Save Configuration"},
-    {.id = control::kOk, .kind = ControlKind::kButton, .text = "OK"},
+    {.id = control::kLoad, .kind = ControlKind::kButton},
+    {.id = control::kSave, .kind = ControlKind::kButton},
+    {.id = control::kOk, .kind = ControlKind::kButton},
     {.id = control::kCancel, .kind = ControlKind::kButton, .text = "Cancel", .isVisible = false},
-    {.id = control::kHelp, .kind = ControlKind::kButton, .text = "Help"},
+    {.id = control::kHelp, .kind = ControlKind::kButton},
 };
 
 }  // namespace

@@ -7,28 +7,30 @@
 #include "dialog/dialog_controls.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"
+#include "host/message_ids.h"
 #include "platform/message_box.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
 constexpr StartText kStartTexts[] = {
-    {control::kOk, 5, "OK"},
-    {control::kHelp, 8, "Help"},
-    {control::kLoad, 701, "Load Configuration"},
-    {control::kSave, 702, "Save Configuration"},
+    {control::kOk, message::kOk},
+    {control::kHelp, message::kHelp},
+    {control::kLoad, message::kLoadConfiguration},
+    {control::kSave, message::kSaveConfiguration},
 };
 
 }  // namespace
 
 CDlgMain::CDlgMain(void* parent, view::DialogView& view)
-    : parent_(parent), view_(view), controls_(DialogTemplate()), caption_("*Equipment Definition") {
+    : parent_(parent), view_(view), controls_(DialogTemplate()) {
   OnInitDialog();
 }
 
 void CDlgMain::OnInitDialog() {
-  caption_ = Text(700);
-  for (const StartText& row : kStartTexts) controls_.SetText(row.control, Text(row.message, row.text));
+  caption_ = Text(message::kEquipmentDefinition);
+  for (const StartText& row : kStartTexts) controls_.SetText(row.control, Text(row.message, row.defaultText));
   ActivePage().Activate();
   ReadCatalogueAtStart(catalogue_, Window());
   machine_.ReadAll();
@@ -41,7 +43,7 @@ void CDlgMain::FillSpurs() {
   const std::int32_t spurs = machine_.GetSpindleSpurCount();
   if (spurs < 2) return;
   std::vector<std::string> entries;
-  const std::string spindle = Text(741);
+  const std::string spindle = Text(message::kSpindle);
   for (std::int32_t spur = 1; spur <= spurs; ++spur) entries.push_back(spindle + " " + std::to_string(spur));
   controls_.Show(control::kSpurs, true);
   controls_.AddEntries(control::kSpurs, entries);
@@ -150,7 +152,7 @@ void CDlgMain::Dispatch(const std::function<void()>& handler) {
 
 void CDlgMain::OnCommand(std::int32_t command) {
   switch (command) {
-    case control::kDelete: return DeleteNodeRecord();
+    case command::kDeleteRecord: return DeleteNodeRecord();
     case control::kOk: return OnOK();
     case control::kLoad: return LoadConfiguration();
     case control::kSave: return SaveConfiguration();

@@ -4,6 +4,7 @@
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
+#include "host/message_ids.h"
 #include "macro/billet_drawing.h"
 #include "macro/billet_out_marks.h"
 #include "platform/file_dialog.h"
@@ -56,7 +57,8 @@ void CDlgMain::LoadConfiguration() {
   if (!path) return;
   const auto vdm = static_cast<std::uint32_t>(OrvoApi::GetGlobalIntVar("i_billet_vdm"));
   if (hostFunctions.OrvoMacroVdmExists(vdm) != 0 &&
-      platform::Show({"", Text(732), platform::box::kYesNo, Window()}) != platform::answer::kYes) {
+      platform::Show({"", Text(message::kOverwriteDefinition), platform::box::kYesNo, Window()}) !=
+          platform::answer::kYes) {
     return;
   }
   hostFunctions.OrvoMacroVdmDelete(vdm);

@@ -3,11 +3,13 @@
 #include "dialog/dialog_controls.h"
 #include "dialog/dlg_main.h"
 #include "dialog/texts.h"
+#include "host/message_ids.h"
 #include "macro/billet_drawing.h"
 #include "store/billet_records.h"
 #include "store/clamp_records.h"
 #include "store/datum_records.h"
 #include "store/finish_part_records.h"
+#include "view/ids.h"
 
 // What the dialog does with its tree: selections, the menu with its one command, and the marks.
 
@@ -23,9 +25,13 @@ struct Deletion {
 
 const Deletion* Deletion::Of(std::int32_t node) {
   static constexpr Deletion kDeletions[] = {
-      {2, &CDlgMain::DeleteClampDevice}, {8, &CDlgMain::DeleteClampDevice}, {18, &CDlgMain::DeleteBillet},
-      {22, &CDlgMain::DeleteBillet},     {27, &CDlgMain::DeleteFinishPart}, {30, &CDlgMain::DeleteFinishPart},
-      {33, &CDlgMain::DeleteDatum},
+      {node::kClampMain, &CDlgMain::DeleteClampDevice},
+      {node::kClampSub, &CDlgMain::DeleteClampDevice},
+      {node::kBilletMain, &CDlgMain::DeleteBillet},
+      {node::kBilletSub, &CDlgMain::DeleteBillet},
+      {node::kFinishPartMain, &CDlgMain::DeleteFinishPart},
+      {node::kFinishPartSub, &CDlgMain::DeleteFinishPart},
+      {node::kRootDatum, &CDlgMain::DeleteDatum},
   };
   const auto* const row = std::ranges::find(kDeletions, node, &Deletion::node);
   return row == std::end(kDeletions) ? nullptr : row;
@@ -38,12 +44,12 @@ void CDlgMain::OnTreeSelection() {
   currentDeviceType_ = row.deviceType;
   activePage_ = row.page;
   ActivePage().Activate();
-  Focus(view::kTreeControl, false);
+  Focus(control::kTree, false);
 }
 
 void CDlgMain::OnContextMenu(std::int32_t node) {
   if (!tree_.Has(node) || Deletion::Of(node) == nullptr) return;
-  const auto chosen = view_.Popup(node, {{control::kDelete, Text(1174)}});
+  const auto chosen = view_.Popup(node, {{command::kDeleteRecord, Text(message::kDeleteRecord)}});
   if (chosen) posted_.push_back(*chosen);
   selectedNode_ = node;
   OnTreeSelection();

@@ -6,14 +6,12 @@
 #include "devices/device_params.h"
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
+#include "store/billet_records.h"
+#include "store/finish_part_records.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
-
-constexpr std::int32_t kCreateNewBranch = 35;
-constexpr std::int32_t kCenterNode = 15;
-constexpr std::int32_t kBezelNode = 16;
-constexpr std::int32_t kDatumNode = 34;
 
 bool Has(PpDefIni& machine, NeedsOf needs) {
   switch (needs) {
@@ -25,14 +23,14 @@ bool Has(PpDefIni& machine, NeedsOf needs) {
 }
 
 view::TreeNode NodeFrom(const TreeNodeRow& row) {
-  std::string text = Text(row.message, row.text);
+  std::string text = Text(row.message, row.defaultText);
   if (row.number > 0) text += " " + std::to_string(row.number);
-  return {row.id, row.parent, text, false, false, row.bitmap, row.selectedBitmap};
+  return {row.id, row.parent, text, false, false, row.bitmap, row.SelectedBitmap()};
 }
 
 /// True for a node whose branch stays closed.
 bool IsKeptClosed(std::int32_t id) {
-  return id == kCreateNewBranch || TreeNodeOf(id).parent == kCreateNewBranch;
+  return id == node::kNewDevices || TreeNodeOf(id).parent == node::kNewDevices;
 }
 
 /// A node that is bold when the device has one of two types: the parametric one and that from a VDM.
@@ -41,7 +39,12 @@ struct DeviceNode {
   std::int32_t type, ownType;
 };
 
-constexpr DeviceNode kDeviceNodes[] = {{3, 9, 1, 103}, {5, 11, 2, 105}, {6, 12, 3, 106}, {7, 13, 4, 107}};
+constexpr DeviceNode kDeviceNodes[] = {
+    {node::kChuckMain, node::kChuckSub, 1, 103},
+    {node::kColletMain, node::kColletSub, 2, 105},
+    {node::kMandrelMain, node::kMandrelSub, 3, 106},
+    {node::kFaceDriverMain, node::kFaceDriverSub, 4, 107},
+};
 
 /// A node that is bold when a record has the type.
 struct TypeNode {
@@ -49,9 +52,16 @@ struct TypeNode {
   std::int32_t type;
 };
 
-constexpr TypeNode kBilletNodes[] = {{19, 23, 1}, {20, 24, 2}, {21, 25, 3}};
-constexpr TypeNode kFinishPartNodes[] = {{28, 31, 1}, {29, 32, 2}};
-constexpr TypeNode kJawNode = {4, 10, 0};
+constexpr TypeNode kBilletNodes[] = {
+    {node::kBilletCylindricMain, node::kBilletCylindricSub, billet_type::kCylindric},
+    {node::kBilletFromFigureMain, node::kBilletFromFigureSub, billet_type::kFromFigures},
+    {node::kBilletFromSolidMain, node::kBilletFromSolidSub, billet_type::kFromSolid},
+};
+constexpr TypeNode kFinishPartNodes[] = {
+    {node::kFinishPartFromFigureMain, node::kFinishPartFromFigureSub, finish_part_type::kFromFigures},
+    {node::kFinishPartFromSolidMain, node::kFinishPartFromSolidSub, finish_part_type::kFromSolid},
+};
+constexpr TypeNode kJawNode = {node::kJawMain, node::kJawSub, 0};
 
 template <class Node>
 std::int32_t NodeOf(const Node& node, std::int32_t spindle) {
@@ -82,7 +92,7 @@ void EquipmentTree::MarkClampNodes(std::int32_t spindle, std::int32_t deviceType
 }
 
 void EquipmentTree::MarkCenterNode(std::int32_t deviceType) {
-  Mark(kCenterNode, IsCenterType(deviceType));
+  Mark(node::kCenter, IsCenterType(deviceType));
 }
 
 void EquipmentTree::MarkBilletNodes(std::int32_t spindle, std::int32_t billetType) {
@@ -94,12 +104,12 @@ void EquipmentTree::MarkFinishPartNodes(std::int32_t spindle, std::int32_t finis
 }
 
 void EquipmentTree::MarkBezelNode(std::int32_t flag) {
-  Mark(kBezelNode, flag >= 1);
+  Mark(node::kBezel, flag >= 1);
 }
 
 void EquipmentTree::MarkDatumNode(const DatumRecord& datum) {
-  Mark(kDatumNode, datum.clampingOutMain != 0 || datum.clampingOutSub != 0 || datum.originMain != 0 ||
-                       datum.originSub != 0);
+  Mark(node::kDatum, datum.clampingOutMain != 0 || datum.clampingOutSub != 0 || datum.originMain != 0 ||
+                         datum.originSub != 0);
 }
 
 void EquipmentTree::Mark(std::int32_t id, bool isBold) {

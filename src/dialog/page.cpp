@@ -15,7 +15,7 @@ void Page::Activate() {
 }
 
 void Page::OnInitDialog() {
-  for (const StartText& row : page_.texts) controls_.SetText(row.control, Text(row.message, row.text));
+  for (const StartText& row : page_.texts) controls_.SetText(row.control, Text(row.message, row.defaultText));
 }
 
 bool Page::UpdateData() {

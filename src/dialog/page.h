@@ -14,11 +14,11 @@ namespace vanzet::dialog {
 
 class CDlgMain;
 
-/// A text that replaces that of the template when the window is made.
+/// A text that a control gets when the window is made.
 struct StartText {
   std::int32_t control;
   std::int32_t message;
-  std::string_view text;
+  std::string_view defaultText = {};  ///< empty: the plain one of the message
 };
 
 /// A property page as a table.

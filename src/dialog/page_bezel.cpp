@@ -2,28 +2,28 @@
 
 #include "dialog/data_exchange.h"
 #include "dialog/dlg_main.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
-constexpr std::int32_t kSelect = 2015;
-
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = 2147,    .kind = ControlKind::kPicture, .bitmap = 2047},
-    {.id = 2019,    .kind = ControlKind::kCheck,   .text = "*L\xC3\xBCnette verwenden"},
-    {.id = kSelect, .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kPicture,  .kind = ControlKind::kPicture, .bitmap = picture::kBezel},
+    {.id = control::kUseBezel, .kind = ControlKind::kCheck},
+    {.id = control::kSelect,   .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {2019,    742, "Use bezel"},
-    {kSelect, 724, "Select"},
+    {control::kUseBezel, message::kUseBezel},
+    {control::kSelect,   message::kSelect},
 };
 
-constexpr Field<BezelRecord> kFields[] = {{2019, &BezelRecord::isUsed}};
+constexpr Field<BezelRecord> kFields[] = {{control::kUseBezel, &BezelRecord::isUsed}};
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageBezel", 2161, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageBezel", page_template::kBezel, kControls, kTexts};
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void CPageBezel::OnSetActive() {
 }
 
 void CPageBezel::OnPress(std::int32_t button) {
-  if (button == kSelect) SelectBezel();
+  if (button == control::kSelect) SelectBezel();
 }
 
 std::optional<std::int32_t> CPageBezel::TakeControls() {

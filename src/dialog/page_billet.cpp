@@ -4,6 +4,7 @@
 #include "dialog/picks.h"
 #include "dialog/spindle_header.h"
 #include "store/datum_records.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 
@@ -12,7 +13,7 @@ BilletPage::BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& k
 
 void BilletPage::OnSetActive() {
   const std::int32_t spindle = dialog_.CurrentSpindle();
-  controls_.SetText(kHeader, SpindleHeader(spindle, kind_.title, kind_.titleText));
+  controls_.SetText(control::kHeader, SpindleHeader(spindle, kind_.title));
   ReadBillet(dialog_.SelectedSpur(), spindle, record_);
   if (record_.type != kind_.billetType) ClearBilletRecord(record_);
   FillControls();

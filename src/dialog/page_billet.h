@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 #include "dialog/data_exchange.h"
 #include "dialog/page.h"
@@ -16,11 +15,9 @@ class BilletPage : public Page {
   void OnSetActive() override;
 
  protected:
-  /// The title is a message with its default text.
   struct Kind {
     std::int32_t billetType;
-    std::int32_t title;
-    std::string_view titleText;
+    std::int32_t title;  ///< a message
     std::span<const Field<BilletRecord>> fields;
   };
   BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);

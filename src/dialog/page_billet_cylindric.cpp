@@ -10,51 +10,50 @@
 #include "dialog/texts.h"
 #include "host/bridge.h"
 #include "host/macro_variables.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
-constexpr std::int32_t kPicture = 2147;
-constexpr std::int32_t kInnerDiameter = 2026;
-constexpr std::int32_t kBarLength = 2027;
-
-// What the box 2138 says is the opposite of what its tick does; it is kept so.
+// The text of kHideBillet says the opposite of what its tick does; that is required.
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader,        .kind = ControlKind::kLabel},
-    {.id = kPicture,       .kind = ControlKind::kPicture},
-    {.id = 2022,           .kind = ControlKind::kEdit,   .caption = "A"},
-    {.id = 2005,           .kind = ControlKind::kButton, .text = ">>"},
-    {.id = 2023,           .kind = ControlKind::kEdit,   .caption = "B"},
-    {.id = 2006,           .kind = ControlKind::kButton, .text = ">>"},
-    {.id = 2024,           .kind = ControlKind::kEdit,   .caption = "C"},
-    {.id = 2025,           .kind = ControlKind::kEdit,   .caption = "D"},
-    {.id = kInnerDiameter, .kind = ControlKind::kEdit,   .caption = "E"},
-    {.id = 2009,           .kind = ControlKind::kButton, .text = ">>"},
-    {.id = kBarLength,     .kind = ControlKind::kEdit,   .caption = "F"},
-    {.id = 2018,           .kind = ControlKind::kButton, .text = "*Values from Solid >>"},
-    {.id = 2138,           .kind = ControlKind::kCheck,  .text = "*Hide 2D-Billet in screen"},
-    {.id = 2016,           .kind = ControlKind::kButton, .text = "*Select"},
+    {.id = control::kHeader,             .kind = ControlKind::kLabel},
+    {.id = control::kPicture,            .kind = ControlKind::kPicture},
+    {.id = control::kOuterDiameter,      .kind = ControlKind::kEdit,   .caption = "A"},
+    {.id = control::kPickOuterDiameter,  .kind = ControlKind::kButton, .text = ">>"},
+    {.id = control::kCylinderLength,     .kind = ControlKind::kEdit,   .caption = "B"},
+    {.id = control::kPickCylinderLength, .kind = ControlKind::kButton, .text = ">>"},
+    {.id = control::kFrontAllowance,     .kind = ControlKind::kEdit,   .caption = "C"},
+    {.id = control::kRearAllowance,      .kind = ControlKind::kEdit,   .caption = "D"},
+    {.id = control::kInnerDiameter,      .kind = ControlKind::kEdit,   .caption = "E"},
+    {.id = control::kPickInnerDiameter,  .kind = ControlKind::kButton, .text = ">>"},
+    {.id = control::kBarLength,          .kind = ControlKind::kEdit,   .caption = "F"},
+    {.id = control::kPickSolid,          .kind = ControlKind::kButton},
+    {.id = control::kHideBillet,         .kind = ControlKind::kCheck},
+    {.id = control::kSelectCylinder,     .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {2018, 725, "Values from Solid >>"},
-    {2138, 739, "Hide 2D-Billet in screen"},
-    {2016, 724, "Select"},
+    {control::kPickSolid,      message::kValuesFromSolid},
+    {control::kHideBillet,     message::kHideBillet},
+    {control::kSelectCylinder, message::kSelect},
 };
 
 constexpr Field<BilletRecord> kFields[] = {
-    {2022,           &BilletRecord::outerDiameter},
-    {2023,           &BilletRecord::partLength},
-    {2024,           &BilletRecord::frontAllowance},
-    {2025,           &BilletRecord::rearAllowance},
-    {kInnerDiameter, &BilletRecord::innerDiameter},
-    {kBarLength,     &BilletRecord::barLength},
-    {2138,           &BilletRecord::drawOnScreen},
+    {control::kOuterDiameter,  &BilletRecord::outerDiameter},
+    {control::kCylinderLength, &BilletRecord::partLength},
+    {control::kFrontAllowance, &BilletRecord::frontAllowance},
+    {control::kRearAllowance,  &BilletRecord::rearAllowance},
+    {control::kInnerDiameter,  &BilletRecord::innerDiameter},
+    {control::kBarLength,      &BilletRecord::barLength},
+    {control::kHideBillet,     &BilletRecord::drawOnScreen},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageBilletCylindric", 2162, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageBilletCylindric", page_template::kBilletCylindric, kControls,
+                                    kTexts};
 
 /// How many decimals a billet's values have, as the host's setting says; 0 without one.
 std::int32_t BilletDecimalPlaces() {
@@ -72,18 +71,20 @@ double Rounded(double value, double factor) {
 }  // namespace
 
 const Handler<CPageBilletCylindric> CPageBilletCylindric::kButtons[] = {
-    {2005, &CPageBilletCylindric::PickOuterDiameter}, {2006, &CPageBilletCylindric::PickPartLength},
-    {2009, &CPageBilletCylindric::PickInnerDiameter}, {2018, &CPageBilletCylindric::ValuesFromSolid},
-    {2016, &CPageBilletCylindric::SelectCylindric},
+    {control::kPickOuterDiameter, &CPageBilletCylindric::PickOuterDiameter},
+    {control::kPickCylinderLength, &CPageBilletCylindric::PickPartLength},
+    {control::kPickInnerDiameter, &CPageBilletCylindric::PickInnerDiameter},
+    {control::kPickSolid, &CPageBilletCylindric::ValuesFromSolid},
+    {control::kSelectCylinder, &CPageBilletCylindric::SelectCylindric},
 };
 
 CPageBilletCylindric::CPageBilletCylindric(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kCylindric, 715, "Billet cylindrical", kFields}) {}
+    : BilletPage(dialog, kTemplate, {billet_type::kCylindric, message::kBilletCylindric, kFields}) {}
 
 void CPageBilletCylindric::OnSetActive() {
   const bool isSub = dialog_.CurrentSpindle() == 1;
-  controls_.SetPicture(kPicture, isSub ? 2049 : 2048);
-  controls_.Enable(kBarLength, !isSub);
+  controls_.SetPicture(control::kPicture, isSub ? picture::kBilletSub : picture::kBilletMain);
+  controls_.Enable(control::kBarLength, !isSub);
   BilletPage::OnSetActive();
 }
 
@@ -118,7 +119,7 @@ void CPageBilletCylindric::SelectCylindric() {
   if (!UpdateData()) return;
   if (record_.partLength == 0 || record_.outerDiameter == 0) {
     record_.type = billet_type::kNone;
-    Notice(Text(729));
+    Notice(Text(message::kRemoveBillet));
   } else {
     record_.type = billet_type::kCylindric;
     CorrectBarLength();
@@ -130,12 +131,13 @@ void CPageBilletCylindric::SelectCylindric() {
 void CPageBilletCylindric::CorrectBarLength() {
   const double least = record_.partLength + record_.frontAllowance + record_.rearAllowance;
   if (record_.barLength <= 0 || record_.barLength >= least) return;
-  TakeBack(&BilletRecord::barLength, Replaced(Text(1168), "%g", ShortRealText(least)), kBarLength);
+  TakeBack(&BilletRecord::barLength, Replaced(Text(message::kBarTooShort), "%g", ShortRealText(least)),
+           control::kBarLength);
 }
 
 void CPageBilletCylindric::CorrectInnerDiameter() {
   if (record_.innerDiameter <= record_.outerDiameter) return;
-  TakeBack(&BilletRecord::innerDiameter, Text(1169), kInnerDiameter);
+  TakeBack(&BilletRecord::innerDiameter, Text(message::kBoreTooWide), control::kInnerDiameter);
 }
 
 void CPageBilletCylindric::TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit) {

@@ -3,55 +3,56 @@
 #include "dialog/picks.h"
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
-constexpr std::int32_t kOutside = 2039;
-
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader,  .kind = ControlKind::kLabel},
-    {.id = 2147,     .kind = ControlKind::kPicture, .bitmap = 2050},
-    {.id = 2132,     .kind = ControlKind::kLabel,   .text = "*Figure Outside F1"},
-    {.id = kOutside, .kind = ControlKind::kEdit},
-    {.id = 2010,     .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2133,     .kind = ControlKind::kLabel,   .text = "*Figure Inside F2"},
-    {.id = 2040,     .kind = ControlKind::kEdit},
-    {.id = 2011,     .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2145,     .kind = ControlKind::kLabel,   .text = "*Partlength"},
-    {.id = 2045,     .kind = ControlKind::kEdit},
-    {.id = 2013,     .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2015,     .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kHeader,             .kind = ControlKind::kLabel},
+    {.id = control::kPicture,            .kind = ControlKind::kPicture, .bitmap = picture::kFigure},
+    {.id = control::kFigureOutsideLabel, .kind = ControlKind::kLabel},
+    {.id = control::kFigureOutside,      .kind = ControlKind::kEdit},
+    {.id = control::kPickFigureOutside,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kFigureInsideLabel,  .kind = ControlKind::kLabel},
+    {.id = control::kFigureInside,       .kind = ControlKind::kEdit},
+    {.id = control::kPickFigureInside,   .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kPartLengthLabel,    .kind = ControlKind::kLabel},
+    {.id = control::kPartLength,         .kind = ControlKind::kEdit},
+    {.id = control::kPickLengthOfFigure, .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kSelect,             .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {2132,  726, "Figure outside F1"},
-    {2133,  727, "Figure inside F2"},
-    {2015,  724, "Select"},
-    {2145, 1164, "Partlength"},
+    {control::kFigureOutsideLabel, message::kFigureOutside},
+    {control::kFigureInsideLabel,  message::kFigureInside},
+    {control::kSelect,             message::kSelect},
+    {control::kPartLengthLabel,    message::kPartLength},
 };
 
 constexpr Field<BilletRecord> kFields[] = {
-    {kOutside, &BilletRecord::figureOutside},
-    {2040,     &BilletRecord::figureInside},
-    {2045,     &BilletRecord::partLength},
+    {control::kFigureOutside, &BilletRecord::figureOutside},
+    {control::kFigureInside,  &BilletRecord::figureInside},
+    {control::kPartLength,    &BilletRecord::partLength},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageBilletFromFigure", 2163, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageBilletFromFigure", page_template::kBilletFromFigure, kControls,
+                                    kTexts};
 
 }  // namespace
 
 const Handler<CPageBilletFromFigure> CPageBilletFromFigure::kButtons[] = {
-    {2010, &CPageBilletFromFigure::PickOutside},
-    {2011, &CPageBilletFromFigure::PickInside},
-    {2013, &CPageBilletFromFigure::PickPartLength},
-    {2015, &CPageBilletFromFigure::SelectFigure},
+    {control::kPickFigureOutside, &CPageBilletFromFigure::PickOutside},
+    {control::kPickFigureInside, &CPageBilletFromFigure::PickInside},
+    {control::kPickLengthOfFigure, &CPageBilletFromFigure::PickPartLength},
+    {control::kSelect, &CPageBilletFromFigure::SelectFigure},
 };
 
 CPageBilletFromFigure::CPageBilletFromFigure(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kFromFigures, 717, "Billet from Geometry", kFields}) {}
+    : BilletPage(dialog, kTemplate, {billet_type::kFromFigures, message::kBilletFromGeometry, kFields}) {}
 
 void CPageBilletFromFigure::OnPress(std::int32_t button) {
   RunHandler<CPageBilletFromFigure>(*this, kButtons, button);
@@ -71,7 +72,7 @@ void CPageBilletFromFigure::PickPartLength() {
 
 void CPageBilletFromFigure::SelectFigure() {
   if (!UpdateData()) return;
-  if (record_.figureOutside.empty()) return Refuse(Text(731), kOutside);
+  if (record_.figureOutside.empty()) return Refuse(Text(message::kNoFigure), control::kFigureOutside);
   record_.type = billet_type::kFromFigures;
   Store();
 }

@@ -4,61 +4,62 @@
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/host_functions.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
 using host::hostFunctions;
 
-constexpr std::int32_t kSolid = 2046;
-
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader, .kind = ControlKind::kLabel},
-    {.id = 2147,    .kind = ControlKind::kPicture, .bitmap = 2051},
-    {.id = 2156,    .kind = ControlKind::kLabel,   .text = "*Solid"},
-    {.id = kSolid,  .kind = ControlKind::kEdit},
-    {.id = 2018,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2145,    .kind = ControlKind::kLabel,   .text = "*Partlength"},
-    {.id = 2045,    .kind = ControlKind::kEdit},
-    {.id = 2014,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2122,    .kind = ControlKind::kLabel,   .text = "*Clampdiameter"},
-    {.id = 2035,    .kind = ControlKind::kEdit},
-    {.id = 2008,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2117,    .kind = ControlKind::kLabel,   .text = "*Angle"},
-    {.id = 2032,    .kind = ControlKind::kEdit},
-    {.id = 2015,    .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kHeader,             .kind = ControlKind::kLabel},
+    {.id = control::kPicture,            .kind = ControlKind::kPicture, .bitmap = picture::kSolid},
+    {.id = control::kSolidLabel,         .kind = ControlKind::kLabel},
+    {.id = control::kSolid,              .kind = ControlKind::kEdit},
+    {.id = control::kPickSolid,          .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kPartLengthLabel,    .kind = ControlKind::kLabel},
+    {.id = control::kPartLength,         .kind = ControlKind::kEdit},
+    {.id = control::kPickLengthOfSolid,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kClampDiameterLabel, .kind = ControlKind::kLabel},
+    {.id = control::kClampDiameter,      .kind = ControlKind::kEdit},
+    {.id = control::kPickClampDiameter,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kAngleLabel,         .kind = ControlKind::kLabel},
+    {.id = control::kAngle,              .kind = ControlKind::kEdit},
+    {.id = control::kSelect,             .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {2156,  406, "Solid"},
-    {2145, 1164, "Partlength"},
-    {2122, 1166, "Clamp diameter"},
-    {2117, 1167, "Angle"},
-    {2015,  724, "Select"},
+    {control::kSolidLabel,         message::kSolid},
+    {control::kPartLengthLabel,    message::kPartLength},
+    {control::kClampDiameterLabel, message::kClampDiameter},
+    {control::kAngleLabel,         message::kAngle},
+    {control::kSelect,             message::kSelect},
 };
 
 constexpr Field<BilletRecord> kFields[] = {
-    {kSolid, &BilletRecord::solidName},
-    {2045,   &BilletRecord::partLength},
-    {2035,   &BilletRecord::clampDiameter},
-    {2032,   &BilletRecord::angle},
+    {control::kSolid,         &BilletRecord::solidName},
+    {control::kPartLength,    &BilletRecord::partLength},
+    {control::kClampDiameter, &BilletRecord::clampDiameter},
+    {control::kAngle,         &BilletRecord::angle},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageBilletFromSolid", 2164, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageBilletFromSolid", page_template::kBilletFromSolid, kControls,
+                                    kTexts};
 
 }  // namespace
 
 const Handler<CPageBilletFromSolid> CPageBilletFromSolid::kButtons[] = {
-    {2018, &CPageBilletFromSolid::PickTheSolid},
-    {2014, &CPageBilletFromSolid::PickPartLength},
-    {2008, &CPageBilletFromSolid::PickClampDiameter},
-    {2015, &CPageBilletFromSolid::SelectSolid},
+    {control::kPickSolid, &CPageBilletFromSolid::PickTheSolid},
+    {control::kPickLengthOfSolid, &CPageBilletFromSolid::PickPartLength},
+    {control::kPickClampDiameter, &CPageBilletFromSolid::PickClampDiameter},
+    {control::kSelect, &CPageBilletFromSolid::SelectSolid},
 };
 
 CPageBilletFromSolid::CPageBilletFromSolid(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kFromSolid, 1160, "Billet from Solid", kFields}) {}
+    : BilletPage(dialog, kTemplate, {billet_type::kFromSolid, message::kBilletFromSolid, kFields}) {}
 
 void CPageBilletFromSolid::OnPress(std::int32_t button) {
   RunHandler<CPageBilletFromSolid>(*this, kButtons, button);
@@ -96,7 +97,7 @@ void CPageBilletFromSolid::PickClampDiameter() {
 void CPageBilletFromSolid::SelectSolid() {
   if (!UpdateData()) return;
   if (hostFunctions.OrvoPsGetBodyNumberFromName(record_.solidName) < 1) {
-    return Refuse(record_.solidName + ": " + Text(1162), kSolid);
+    return Refuse(record_.solidName + ": " + Text(message::kInvalidSolid), control::kSolid);
   }
   record_.type = billet_type::kFromSolid;
   Store();

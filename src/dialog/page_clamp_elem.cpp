@@ -11,17 +11,16 @@
 #include "dialog/texts.h"
 #include "macro/device_record.h"
 #include "store/clamp_records.h"
+#include "view/ids.h"
 
 // The page's start, its list and what it shows. What it stores: page_clamp_elem_store.cpp.
 
 namespace vanzet::dialog {
 
-using namespace clamp_elem;
-
 const Handler<CPageClampElem> CPageClampElem::kButtons[] = {
-    {kSelectParametric, &CPageClampElem::OnSelectParametric},
-    {kBrowse, &CPageClampElem::OnBrowse},
-    {kSelectOwn, &CPageClampElem::OnSelectOwn},
+    {control::kSelectParametric, &CPageClampElem::OnSelectParametric},
+    {control::kBrowse, &CPageClampElem::OnBrowse},
+    {control::kSelectOwn, &CPageClampElem::OnSelectOwn},
 };
 
 CPageClampElem::CPageClampElem(CDlgMain& dialog) : Page(dialog, kClampElemTemplate) {}
@@ -31,18 +30,18 @@ void CPageClampElem::OnPress(std::int32_t button) {
 }
 
 void CPageClampElem::OnChoose(std::int32_t combo) {
-  if (combo == kDeviceList) OnDeviceChange();
+  if (combo == control::kDeviceList) OnDeviceChange();
 }
 
 std::optional<std::int32_t> CPageClampElem::TakeControls() {
   const auto refused = ReadRecord(controls_, DeviceFields(), params_);
-  if (!refused) pathText_ = controls_.Of(kPath).text;
+  if (!refused) pathText_ = controls_.Of(control::kPath).text;
   return refused;
 }
 
 void CPageClampElem::FillControls() {
   ShowRecord(controls_, DeviceFields(), params_);
-  controls_.SetText(kPath, pathText_);
+  controls_.SetText(control::kPath, pathText_);
 }
 
 void CPageClampElem::OnSetActive() {
@@ -83,11 +82,11 @@ void CPageClampElem::EnterInCatalogue(const std::string& name) {
 }
 
 void CPageClampElem::FillList() {
-  controls_.Empty(kDeviceList);
+  controls_.Empty(control::kDeviceList);
   const DeviceKind* const kind = FindDeviceKind(deviceKind_);
   if (kind == nullptr) return;
   for (std::int32_t type = kind->listed.first; type <= kind->listed.last; ++type) {
-    AddNamesOfType(dialog_.Catalogue(), type, controls_, kDeviceList);
+    AddNamesOfType(dialog_.Catalogue(), type, controls_, control::kDeviceList);
   }
 }
 
@@ -97,10 +96,11 @@ void CPageClampElem::ShowJawControls() {
     bool isInner = false;
     std::int32_t jaws = 0;
     ReadClampOptions(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), isInner, jaws);
-    controls_.Check(kInnerChucking, isInner);
-    controls_.SetSpin(kJawSpin, jaws);
+    controls_.Check(control::kInnerChucking, isInner);
+    controls_.SetSpin(control::kJawSpin, jaws);
   }
-  for (const std::int32_t control : {kJawsLabel, kJawsEdit, kJawSpin, kInnerChucking}) {
+  for (const std::int32_t control :
+       {control::kJawsLabel, control::kJawsEdit, control::kJawSpin, control::kInnerChucking}) {
     controls_.Show(control, isJaw);
   }
 }
@@ -110,22 +110,23 @@ void CPageClampElem::ShowName(const std::string& name) {
   pathText_ = isOwn ? name : "";
   if (isOwn || params_.type == 0) return;
   // The first that begins with the name, as a list finds its entries.
-  const auto& items = controls_.Of(kDeviceList).items;
+  const auto& items = controls_.Of(control::kDeviceList).items;
   const auto item = std::ranges::find_if(items, [&](const std::string& entry) {
     return EqualWithoutCase(std::string_view(entry).substr(0, name.size()), name);
   });
-  if (item != items.end()) controls_.Select(kDeviceList, static_cast<std::int32_t>(item - items.begin()));
+  if (item != items.end())
+    controls_.Select(control::kDeviceList, static_cast<std::int32_t>(item - items.begin()));
 }
 
 void CPageClampElem::OnDeviceChange() {
-  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(kDeviceList), params_);
+  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(control::kDeviceList), params_);
   FillControls();
   ShowDeviceState();
 }
 
 void CPageClampElem::ShowDeviceState() {
   EnableLetters(controls_, &DeviceLetter::labelOnClampElem, params_.type);
-  controls_.SetPicture(kPicture, DevicePicture(params_.type));
+  controls_.SetPicture(control::kDevicePicture, DevicePicture(params_.type));
 }
 
 }  // namespace vanzet::dialog

@@ -1,56 +1,57 @@
 #include "dialog/page_clamp_elem_controls.h"
 
+#include "host/message_ids.h"
+#include "view/ids.h"
+
 namespace vanzet::dialog {
 namespace {
 
-using namespace clamp_elem;
-
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kPicture,    .kind = ControlKind::kPicture},
-    {.id = kDeviceList, .kind = ControlKind::kCombo, .isList = true},
-    {.id = 2116,        .kind = ControlKind::kLabel, .text = "A"},
-    {.id = 2031,        .kind = ControlKind::kEdit},
-    {.id = 2119,        .kind = ControlKind::kLabel, .text = "B"},
-    {.id = 2033,        .kind = ControlKind::kEdit},
-    {.id = 2121,        .kind = ControlKind::kLabel, .text = "C"},
-    {.id = 2034,        .kind = ControlKind::kEdit},
-    {.id = 2126,        .kind = ControlKind::kLabel, .text = "D"},
-    {.id = 2036,        .kind = ControlKind::kEdit},
-    {.id = 2129,        .kind = ControlKind::kLabel, .text = "E"},
-    {.id = 2037,        .kind = ControlKind::kEdit},
-    {.id = 2131,        .kind = ControlKind::kLabel, .text = "F"},
-    {.id = 2038,        .kind = ControlKind::kEdit},
-    {.id = 2135,        .kind = ControlKind::kLabel, .text = "G"},
-    {.id = 2041,        .kind = ControlKind::kEdit},
-    {.id = 2137,        .kind = ControlKind::kLabel, .text = "H"},
-    {.id = 2042,        .kind = ControlKind::kEdit},
-    {.id = 2140,        .kind = ControlKind::kLabel, .text = "I"},
-    {.id = 2043,        .kind = ControlKind::kEdit},
-    {.id = 2143,        .kind = ControlKind::kLabel, .text = "J"},
-    {.id = 2044,        .kind = ControlKind::kEdit},
-    {.id = kJawsLabel,  .kind = ControlKind::kLabel, .text = "*Count of Jaws"},
-    {.id = kJawsEdit,   .kind = ControlKind::kEdit,  .text = "3"},
-    {.id = kJawSpin,    .kind = ControlKind::kSpin,  .least = 3, .most = 16, .buddy = kJawsEdit},
-    {.id = kInnerChucking,    .kind = ControlKind::kCheck,  .text = "*Inner chucking"},
-    {.id = kSelectParametric, .kind = ControlKind::kButton, .text = "*Select parametric clamp device"},
-    {.id = 2159,              .kind = ControlKind::kLabel,  .text = "*VDM-Path for own clamp device"},
-    {.id = kPath,             .kind = ControlKind::kEdit},
-    {.id = kBrowse,           .kind = ControlKind::kButton, .text = "..."},
-    {.id = kSelectOwn,        .kind = ControlKind::kButton, .text = "*Select own clamp device"},
+    {.id = control::kDevicePicture,            .kind = ControlKind::kPicture},
+    {.id = control::kDeviceList,         .kind = ControlKind::kCombo,  .isList = true},
+    {.id = control::kLabelA,    .kind = ControlKind::kLabel,  .text = "A"},
+    {.id = control::kEditA,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelB,    .kind = ControlKind::kLabel,  .text = "B"},
+    {.id = control::kEditB,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelC,    .kind = ControlKind::kLabel,  .text = "C"},
+    {.id = control::kEditC,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelD,    .kind = ControlKind::kLabel,  .text = "D"},
+    {.id = control::kEditD,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelE,    .kind = ControlKind::kLabel,  .text = "E"},
+    {.id = control::kEditE,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelF,    .kind = ControlKind::kLabel,  .text = "F"},
+    {.id = control::kEditF,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelG,    .kind = ControlKind::kLabel,  .text = "G"},
+    {.id = control::kEditG,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelH,    .kind = ControlKind::kLabel,  .text = "H"},
+    {.id = control::kEditH,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelI,    .kind = ControlKind::kLabel,  .text = "I"},
+    {.id = control::kEditI,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelJ,    .kind = ControlKind::kLabel,  .text = "J"},
+    {.id = control::kEditJ,     .kind = ControlKind::kEdit},
+    {.id = control::kJawsLabel,          .kind = ControlKind::kLabel},
+    {.id = control::kJawsEdit,           .kind = ControlKind::kEdit,   .text = "3"},
+    {.id = control::kJawSpin,            .kind = ControlKind::kSpin,   .least = 3, .most = 16, .buddy = control::kJawsEdit},
+    {.id = control::kInnerChucking,      .kind = ControlKind::kCheck},
+    {.id = control::kSelectParametric,   .kind = ControlKind::kButton},
+    {.id = control::kPathLabel, .kind = ControlKind::kLabel},
+    {.id = control::kPath,               .kind = ControlKind::kEdit},
+    {.id = control::kBrowse,             .kind = ControlKind::kButton, .text = "..."},
+    {.id = control::kSelectOwn,          .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {kJawsLabel,        1178, "Count of Jaws"},
-    {kInnerChucking,    1165, "Inner chucking"},
-    {kSelectParametric,  743, "Select parametric clamp device"},
-    {2159,               745, "VDM-Path for own clamp device"},
-    {kSelectOwn,         744, "Select own clamp device"},
+    {control::kJawsLabel,          message::kJawCount},
+    {control::kInnerChucking,      message::kInnerChucking},
+    {control::kSelectParametric,   message::kSelectParametric},
+    {control::kPathLabel, message::kOwnPath},
+    {control::kSelectOwn,          message::kSelectOwn},
 };
 // clang-format on
 
 }  // namespace
 
-const PageTemplate kClampElemTemplate = {"CPageClampElem", 2165, kControls, kTexts};
+const PageTemplate kClampElemTemplate = {"CPageClampElem", page_template::kClampElem, kControls, kTexts};
 
 }  // namespace vanzet::dialog

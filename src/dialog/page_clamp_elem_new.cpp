@@ -7,60 +7,57 @@
 #include "dialog/device_letters.h"
 #include "dialog/dlg_main.h"
 #include "dialog/texts.h"
+#include "host/message_ids.h"
 #include "macro/device_record.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
-
-constexpr std::int32_t kPicture = 2150;
-constexpr std::int32_t kNameList = 2123;
-constexpr std::int32_t kSave = 2152;
-constexpr std::int32_t kDelete = 2127;
 
 /// The last type that has a picture here: devices from a VDM are not made on this page.
 constexpr std::int32_t kLastParametricType = 14;
 
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kPicture,  .kind = ControlKind::kPicture},
-    {.id = kNameList, .kind = ControlKind::kCombo},
-    {.id = 2115,      .kind = ControlKind::kLabel, .text = "A"},
-    {.id = 2031,      .kind = ControlKind::kEdit},
-    {.id = 2118,      .kind = ControlKind::kLabel, .text = "B"},
-    {.id = 2033,      .kind = ControlKind::kEdit},
-    {.id = 2120,      .kind = ControlKind::kLabel, .text = "C"},
-    {.id = 2034,      .kind = ControlKind::kEdit},
-    {.id = 2125,      .kind = ControlKind::kLabel, .text = "D"},
-    {.id = 2036,      .kind = ControlKind::kEdit},
-    {.id = 2128,      .kind = ControlKind::kLabel, .text = "E"},
-    {.id = 2037,      .kind = ControlKind::kEdit},
-    {.id = 2130,      .kind = ControlKind::kLabel, .text = "F"},
-    {.id = 2038,      .kind = ControlKind::kEdit},
-    {.id = 2134,      .kind = ControlKind::kLabel, .text = "G"},
-    {.id = 2041,      .kind = ControlKind::kEdit},
-    {.id = 2136,      .kind = ControlKind::kLabel, .text = "H"},
-    {.id = 2042,      .kind = ControlKind::kEdit},
-    {.id = 2139,      .kind = ControlKind::kLabel, .text = "I"},
-    {.id = 2043,      .kind = ControlKind::kEdit},
-    {.id = 2142,      .kind = ControlKind::kLabel, .text = "J"},
-    {.id = 2044,      .kind = ControlKind::kEdit},
-    {.id = kSave,     .kind = ControlKind::kButton, .text = "*Save"},
-    {.id = kDelete,   .kind = ControlKind::kButton, .text = "*Delete"},
+    {.id = control::kNewPicture,   .kind = ControlKind::kPicture},
+    {.id = control::kNameList,     .kind = ControlKind::kCombo},
+    {.id = control::kNewLabelA,    .kind = ControlKind::kLabel, .text = "A"},
+    {.id = control::kEditA,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelB,    .kind = ControlKind::kLabel, .text = "B"},
+    {.id = control::kEditB,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelC,    .kind = ControlKind::kLabel, .text = "C"},
+    {.id = control::kEditC,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelD,    .kind = ControlKind::kLabel, .text = "D"},
+    {.id = control::kEditD,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelE,    .kind = ControlKind::kLabel, .text = "E"},
+    {.id = control::kEditE,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelF,    .kind = ControlKind::kLabel, .text = "F"},
+    {.id = control::kEditF,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelG,    .kind = ControlKind::kLabel, .text = "G"},
+    {.id = control::kEditG,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelH,    .kind = ControlKind::kLabel, .text = "H"},
+    {.id = control::kEditH,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelI,    .kind = ControlKind::kLabel, .text = "I"},
+    {.id = control::kEditI,        .kind = ControlKind::kEdit},
+    {.id = control::kNewLabelJ,    .kind = ControlKind::kLabel, .text = "J"},
+    {.id = control::kEditJ,        .kind = ControlKind::kEdit},
+    {.id = control::kSaveDevice,   .kind = ControlKind::kButton},
+    {.id = control::kDeleteDevice, .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {kSave,   734, "Save"},
-    {kDelete, 735, "Delete"},
+    {control::kSaveDevice,   message::kSave},
+    {control::kDeleteDevice, message::kDelete},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageClampElemNew", 2166, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageClampElemNew", page_template::kClampElemNew, kControls, kTexts};
 
 }  // namespace
 
 const Handler<CPageClampElemNew> CPageClampElemNew::kButtons[] = {
-    {kSave, &CPageClampElemNew::OnSave},
-    {kDelete, &CPageClampElemNew::OnDelete},
+    {control::kSaveDevice, &CPageClampElemNew::OnSave},
+    {control::kDeleteDevice, &CPageClampElemNew::OnDelete},
 };
 
 CPageClampElemNew::CPageClampElemNew(CDlgMain& dialog) : Page(dialog, kTemplate) {}
@@ -70,38 +67,39 @@ void CPageClampElemNew::OnPress(std::int32_t button) {
 }
 
 void CPageClampElemNew::OnChoose(std::int32_t combo) {
-  if (combo == kNameList) OnNameChange();
+  if (combo == control::kNameList) OnNameChange();
 }
 
 std::optional<std::int32_t> CPageClampElemNew::TakeControls() {
   const auto refused = ReadRecord(controls_, DeviceFields(), params_);
-  if (!refused) deviceName_ = controls_.Of(kNameList).text;
+  if (!refused) deviceName_ = controls_.Of(control::kNameList).text;
   return refused;
 }
 
 void CPageClampElemNew::FillControls() {
   ShowRecord(controls_, DeviceFields(), params_);
-  controls_.SetText(kNameList, deviceName_);
+  controls_.SetText(control::kNameList, deviceName_);
 }
 
 void CPageClampElemNew::OnSetActive() {
   params_ = {};
   params_.type = dialog_.CurrentDeviceType();
-  controls_.SetPicture(kPicture, params_.type <= kLastParametricType ? DevicePicture(params_.type) : 0);
+  controls_.SetPicture(control::kNewPicture,
+                       params_.type <= kLastParametricType ? DevicePicture(params_.type) : 0);
   Refill();
   EnableLetters(controls_, &DeviceLetter::labelOnNew, params_.type);
 }
 
 void CPageClampElemNew::Refill() {
-  controls_.Empty(kNameList);
+  controls_.Empty(control::kNameList);
   deviceName_.clear();
   FillControls();
-  AddNamesOfType(dialog_.Catalogue(), params_.type, controls_, kNameList);
+  AddNamesOfType(dialog_.Catalogue(), params_.type, controls_, control::kNameList);
 }
 
 void CPageClampElemNew::OnNameChange() {
-  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(kNameList), params_);
-  deviceName_ = controls_.Of(kNameList).text;
+  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(control::kNameList), params_);
+  deviceName_ = controls_.Of(control::kNameList).text;
   FillControls();
 }
 
@@ -114,7 +112,7 @@ void CPageClampElemNew::OnSave() {
 
 bool CPageClampElemNew::IsIncomplete() {
   if (deviceName_.empty()) {
-    Refuse(Text(721), kNameList);
+    Refuse(Text(message::kNoDeviceName), control::kNameList);
     return true;
   }
   const auto letters = DeviceLetters();
@@ -122,7 +120,7 @@ bool CPageClampElemNew::IsIncomplete() {
     return HasType(letter.needed, params_.type) && ValueOf(params_, letter.letter) == 0;
   });
   if (missing == letters.end()) return false;
-  Refuse(Replaced(Text(722), "#", std::string(1, missing->letter)), missing->edit);
+  Refuse(Replaced(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)), missing->edit);
   return true;
 }
 

@@ -6,42 +6,51 @@
 #include "dialog/picks.h"
 #include "dialog/texts.h"
 #include "host/macro_variables.h"
+#include "host/message_ids.h"
 #include "macro/device_record.h"
 #include "platform/file_dialog.h"
 #include "store/clamp_records.h"
 #include "store/device_import.h"
+#include "view/ids.h"
 
 // What the page of what holds the work takes from a person and stores.
 
 namespace vanzet::dialog {
-
-using namespace clamp_elem;
 
 namespace {
 
 /// A center from a VDM: the one own type with a second value.
 constexpr std::int32_t kOwnCenter = 115;
 
+/// The message for a file of another class.
+std::int32_t WrongClassMessage(std::int32_t deviceKind) {
+  switch (deviceKind) {
+    case device_kind::kJaw: return message::kWrongJaw;
+    case device_kind::kCenter: return message::kWrongCenter;
+    default: return message::kWrongChuck;
+  }
+}
+
 /// Why a device's file cannot serve for the kind; nothing when it can.
 std::optional<std::string> Objection(std::int32_t deviceKind, const OwnDeviceFacts& facts) {
   const DeviceKind* const kind = FindDeviceKind(deviceKind);
-  if (kind == nullptr) return Text(747);
+  if (kind == nullptr) return Text(message::kInvalidDevice);
   if (facts.groupCode == kClampDeviceGroup && facts.deviceClass == kind->deviceClass) return std::nullopt;
-  return Text(kind->wrongClass, kind->wrongClassText);
+  return Text(WrongClassMessage(deviceKind));
 }
 
 }  // namespace
 
 void CPageClampElem::OnSelectParametric() {
   if (!UpdateData()) return;
-  const view::Control& list = controls_.Of(kDeviceList);
+  const view::Control& list = controls_.Of(control::kDeviceList);
   if (list.selected >= 0) {
     NormaliseDeviceParams(params_);
     SaveDevice(list.text);
   } else if (params_.type == kOwnCenter) {
     SaveDevice(pathText_);
   } else {
-    Notice(Text(728));
+    Notice(Text(message::kNoDeviceSelected));
   }
 }
 
@@ -54,7 +63,7 @@ void CPageClampElem::OnBrowse() {
   if (!path) return;
   params_.type = deviceKind_;
   NormaliseDeviceType(params_);
-  controls_.Select(kDeviceList, -1);
+  controls_.Select(control::kDeviceList, -1);
   pathText_ = *path;
   FillControls();
   ShowDeviceState();
@@ -64,7 +73,8 @@ void CPageClampElem::OnSelectOwn() {
   if (!UpdateData()) return;
   const auto collector = static_cast<std::uint32_t>(OrvoApi::GetGlobalIntVar("i_tool_collect_vdm"));
   const std::optional<OwnDeviceFacts> facts = LoadOwnDevice(collector, pathText_);
-  const std::optional<std::string> objection = facts ? Objection(deviceKind_, *facts) : Text(747);
+  const std::optional<std::string> objection =
+      facts ? Objection(deviceKind_, *facts) : Text(message::kInvalidDevice);
   if (objection) return Notice(*objection);
   params_.type = deviceKind_;
   NormaliseDeviceType(params_);
@@ -73,7 +83,7 @@ void CPageClampElem::OnSelectOwn() {
   SaveDevice(pathText_);
   ImportDevice(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), dialog_.Machine().IsSubSpindleAvailable(),
                collector);
-  controls_.Select(kDeviceList, -1);
+  controls_.Select(control::kDeviceList, -1);
   FillControls();
   ShowDeviceState();
 }
@@ -104,7 +114,8 @@ void CPageClampElem::WriteOptions() {
   const std::int32_t spur = dialog_.SelectedSpur();
   const std::int32_t spindle = dialog_.CurrentSpindle();
   if (IsJawType(params_.type)) {
-    WriteClampOptions(spur, spindle, controls_.Of(kInnerChucking).isChecked, controls_.Of(kJawSpin).value);
+    WriteClampOptions(spur, spindle, controls_.Of(control::kInnerChucking).isChecked,
+                      controls_.Of(control::kJawSpin).value);
   } else if (const ClampOptions* const options = FixedClampOptions(params_.type)) {
     WriteClampOptions(spur, spindle, options->isInner, kFixedJaws);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog/page.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 
@@ -9,7 +10,7 @@ class CPageEmpty final : public Page {
  public:
   explicit CPageEmpty(CDlgMain& dialog) : Page(dialog, kTemplate) {}
 
-  static constexpr PageTemplate kTemplate = {"CPageEmpty", 2168, {}, {}};
+  static constexpr PageTemplate kTemplate = {"CPageEmpty", page_template::kEmpty, {}, {}};
 };
 
 }  // namespace vanzet::dialog

@@ -2,6 +2,7 @@
 
 #include "dialog/dlg_main.h"
 #include "dialog/spindle_header.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 
@@ -10,7 +11,7 @@ FinishpartPage::FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const
 
 void FinishpartPage::OnSetActive() {
   const std::int32_t spindle = dialog_.CurrentSpindle();
-  controls_.SetText(kHeader, SpindleHeader(spindle, kind_.title, kind_.titleText));
+  controls_.SetText(control::kHeader, SpindleHeader(spindle, kind_.title));
   ReadFinishPart(dialog_.SelectedSpur(), spindle, record_);
   if (record_.type != kind_.finishPartType) Clear();
   FillControls();

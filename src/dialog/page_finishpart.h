@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 #include "dialog/data_exchange.h"
 #include "dialog/page.h"
@@ -16,11 +15,9 @@ class FinishpartPage : public Page {
   void OnSetActive() override;
 
  protected:
-  /// The title is a message with its default text.
   struct Kind {
     std::int32_t finishPartType;
-    std::int32_t title;
-    std::string_view titleText;
+    std::int32_t title;  ///< a message
     std::span<const Field<FinishPartRecord>> fields;
   };
   FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);

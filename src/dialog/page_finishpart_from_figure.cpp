@@ -2,47 +2,50 @@
 
 #include "dialog/picks.h"
 #include "dialog/spindle_header.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader, .kind = ControlKind::kLabel},
-    {.id = 2147,    .kind = ControlKind::kPicture, .bitmap = 2050},
-    {.id = 2132,    .kind = ControlKind::kLabel,   .text = "*Figure Outside F1"},
-    {.id = 2039,    .kind = ControlKind::kEdit},
-    {.id = 2010,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2133,    .kind = ControlKind::kLabel,   .text = "*Figure Inside F2"},
-    {.id = 2040,    .kind = ControlKind::kEdit},
-    {.id = 2011,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2015,    .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kHeader,             .kind = ControlKind::kLabel},
+    {.id = control::kPicture,            .kind = ControlKind::kPicture, .bitmap = picture::kFigure},
+    {.id = control::kFigureOutsideLabel, .kind = ControlKind::kLabel},
+    {.id = control::kFigureOutside,      .kind = ControlKind::kEdit},
+    {.id = control::kPickFigureOutside,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kFigureInsideLabel,  .kind = ControlKind::kLabel},
+    {.id = control::kFigureInside,       .kind = ControlKind::kEdit},
+    {.id = control::kPickFigureInside,   .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kSelect,             .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {2132, 726, "Figure outside F1"},
-    {2133, 727, "Figure inside F2"},
-    {2015, 724, "Select"},
+    {control::kFigureOutsideLabel, message::kFigureOutside},
+    {control::kFigureInsideLabel,  message::kFigureInside},
+    {control::kSelect,             message::kSelect},
 };
 
 constexpr Field<FinishPartRecord> kFields[] = {
-    {2039, &FinishPartRecord::figureOutside},
-    {2040, &FinishPartRecord::figureInside},
+    {control::kFigureOutside, &FinishPartRecord::figureOutside},
+    {control::kFigureInside,  &FinishPartRecord::figureInside},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageFinishpartFromFigure", 2169, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageFinishpartFromFigure", page_template::kFinishpartFromFigure,
+                                    kControls, kTexts};
 
 }  // namespace
 
 const Handler<CPageFinishpartFromFigure> CPageFinishpartFromFigure::kButtons[] = {
-    {2010, &CPageFinishpartFromFigure::PickOutside},
-    {2011, &CPageFinishpartFromFigure::PickInside},
+    {control::kPickFigureOutside, &CPageFinishpartFromFigure::PickOutside},
+    {control::kPickFigureInside, &CPageFinishpartFromFigure::PickInside},
 };
 
 CPageFinishpartFromFigure::CPageFinishpartFromFigure(CDlgMain& dialog)
     : FinishpartPage(dialog, kTemplate,
-                     {finish_part_type::kFromFigures, 1172, "Finishpart from Geometry", kFields}) {}
+                     {finish_part_type::kFromFigures, message::kFinishPartFromGeometry, kFields}) {}
 
 void CPageFinishpartFromFigure::OnPress(std::int32_t button) {
   RunHandler<CPageFinishpartFromFigure>(*this, kButtons, button);

@@ -5,45 +5,46 @@
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/host_functions.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
 using host::hostFunctions;
 
-constexpr std::int32_t kSolid = 2046;
-
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader, .kind = ControlKind::kLabel,   .text = "*Finishpart from solid"},
-    {.id = 2147,    .kind = ControlKind::kPicture, .bitmap = 2051},
-    {.id = 2156,    .kind = ControlKind::kLabel,   .text = "*Solid"},
-    {.id = kSolid,  .kind = ControlKind::kEdit},
-    {.id = 2018,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2015,    .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kHeader,     .kind = ControlKind::kLabel},
+    {.id = control::kPicture,    .kind = ControlKind::kPicture, .bitmap = picture::kSolid},
+    {.id = control::kSolidLabel, .kind = ControlKind::kLabel},
+    {.id = control::kSolid,      .kind = ControlKind::kEdit},
+    {.id = control::kPickSolid,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kSelect,     .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {kHeader, 1173, "Finishpart from solid"},
-    {2156,     406, "Solid"},
-    {2015,     724, "Select"},
+    {control::kHeader,     message::kFinishPartFromSolid, "Finishpart from solid"},
+    {control::kSolidLabel, message::kSolid},
+    {control::kSelect,     message::kSelect},
 };
 // clang-format on
 
-constexpr Field<FinishPartRecord> kFields[] = {{kSolid, &FinishPartRecord::solidName}};
+constexpr Field<FinishPartRecord> kFields[] = {{control::kSolid, &FinishPartRecord::solidName}};
 
-constexpr PageTemplate kTemplate = {"CPageFinishpartFromSolid", 2170, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageFinishpartFromSolid", page_template::kFinishpartFromSolid,
+                                    kControls, kTexts};
 
 }  // namespace
 
 const Handler<CPageFinishpartFromSolid> CPageFinishpartFromSolid::kButtons[] = {
-    {2018, &CPageFinishpartFromSolid::PickFinishSolid},
-    {2015, &CPageFinishpartFromSolid::SelectFinishSolid},
+    {control::kPickSolid, &CPageFinishpartFromSolid::PickFinishSolid},
+    {control::kSelect, &CPageFinishpartFromSolid::SelectFinishSolid},
 };
 
 CPageFinishpartFromSolid::CPageFinishpartFromSolid(CDlgMain& dialog)
     : FinishpartPage(dialog, kTemplate,
-                     {finish_part_type::kFromSolid, 1173, "Finishpart from Solid", kFields}) {}
+                     {finish_part_type::kFromSolid, message::kFinishPartFromSolid, kFields}) {}
 
 void CPageFinishpartFromSolid::OnPress(std::int32_t button) {
   RunHandler<CPageFinishpartFromSolid>(*this, kButtons, button);
@@ -61,7 +62,8 @@ void CPageFinishpartFromSolid::PickFinishSolid() {
 void CPageFinishpartFromSolid::SelectFinishSolid() {
   if (!UpdateData()) return;
   // Without the name that the page of the billet puts in front.
-  if (hostFunctions.OrvoPsGetBodyNumberFromName(record_.solidName) < 1) return Refuse(Text(1162), kSolid);
+  if (hostFunctions.OrvoPsGetBodyNumberFromName(record_.solidName) < 1)
+    return Refuse(Text(message::kInvalidSolid), control::kSolid);
   record_.type = finish_part_type::kFromSolid;
   WriteFinishPart(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), record_);
   dialog_.Tree().MarkFinishPartNodes(dialog_.CurrentSpindle(), record_.type);

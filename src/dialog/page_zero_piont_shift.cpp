@@ -4,59 +4,63 @@
 #include "dialog/dlg_main.h"
 #include "dialog/picks.h"
 #include "dialog/spindle_header.h"
+#include "host/message_ids.h"
 #include "store/billet_records.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 namespace {
 
 // clang-format off
 constexpr ControlTemplate kControls[] = {
-    {.id = kHeader, .kind = ControlKind::kLabel,   .text = "*Root Datum"},
-    {.id = 2147,    .kind = ControlKind::kPicture, .bitmap = 2114},
-    {.id = 2204,    .kind = ControlKind::kLabel,   .text = "*Mainspindle"},
-    {.id = 2202,    .kind = ControlKind::kLabel,   .text = "*Ausspannmass"},
-    {.id = 2203,    .kind = ControlKind::kEdit},
-    {.id = 2201,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2205,    .kind = ControlKind::kLabel,   .text = "*Nullpunktverschiebung"},
-    {.id = 2207,    .kind = ControlKind::kEdit},
-    {.id = 2206,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2208,    .kind = ControlKind::kLabel,   .text = "*Subspindle"},
-    {.id = 2210,    .kind = ControlKind::kLabel,   .text = "*Ausspannmass"},
-    {.id = 2211,    .kind = ControlKind::kEdit},
-    {.id = 2209,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2212,    .kind = ControlKind::kLabel,   .text = "*Nullpunktverschiebung"},
-    {.id = 2214,    .kind = ControlKind::kEdit},
-    {.id = 2213,    .kind = ControlKind::kButton,  .text = ">>"},
-    {.id = 2015,    .kind = ControlKind::kButton,  .text = "*Select"},
+    {.id = control::kHeader,               .kind = ControlKind::kLabel},
+    {.id = control::kPicture,              .kind = ControlKind::kPicture, .bitmap = picture::kDatum},
+    {.id = control::kMainTitle,            .kind = ControlKind::kLabel},
+    {.id = control::kClampingOutMainLabel, .kind = ControlKind::kLabel},
+    {.id = control::kClampingOutMain,      .kind = ControlKind::kEdit},
+    {.id = control::kPickClampingOutMain,  .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kOriginMainLabel,      .kind = ControlKind::kLabel},
+    {.id = control::kOriginMain,           .kind = ControlKind::kEdit},
+    {.id = control::kPickOriginMain,       .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kSubTitle,             .kind = ControlKind::kLabel},
+    {.id = control::kClampingOutSubLabel,  .kind = ControlKind::kLabel},
+    {.id = control::kClampingOutSub,       .kind = ControlKind::kEdit},
+    {.id = control::kPickClampingOutSub,   .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kOriginSubLabel,       .kind = ControlKind::kLabel},
+    {.id = control::kOriginSub,            .kind = ControlKind::kEdit},
+    {.id = control::kPickOriginSub,        .kind = ControlKind::kButton,  .text = ">>"},
+    {.id = control::kSelect,               .kind = ControlKind::kButton},
 };
 
 constexpr StartText kTexts[] = {
-    {kHeader,  718, "Root Datum"},
-    {2204,     704, "*Mainspindle"},
-    {2202,    1175, "*(A) Clamping out"},
-    {2205,    1177, "*Origin Translation"},
-    {2208,     710, "*Subspindle"},
-    {2210,    1176, "*(B) Clamping out"},
-    {2212,    1177, "*Origin Translation"},
-    {2015,     724, "Select"},
+    {control::kHeader,               message::kRootDatum},
+    {control::kMainTitle,            message::kMainSpindle, "*Mainspindle"},
+    {control::kClampingOutMainLabel, message::kClampingOutMain},
+    {control::kOriginMainLabel,      message::kOrigin},
+    {control::kSubTitle,             message::kSubSpindle,  "*Subspindle"},
+    {control::kClampingOutSubLabel,  message::kClampingOutSub},
+    {control::kOriginSubLabel,       message::kOrigin},
+    {control::kSelect,               message::kSelect},
 };
 
 constexpr Field<DatumRecord> kFields[] = {
-    {2203, &DatumRecord::clampingOutMain},
-    {2211, &DatumRecord::clampingOutSub},
-    {2207, &DatumRecord::originMain},
-    {2214, &DatumRecord::originSub},
+    {control::kClampingOutMain, &DatumRecord::clampingOutMain},
+    {control::kClampingOutSub,  &DatumRecord::clampingOutSub},
+    {control::kOriginMain,      &DatumRecord::originMain},
+    {control::kOriginSub,       &DatumRecord::originSub},
 };
 // clang-format on
 
-constexpr PageTemplate kTemplate = {"CPageZeroPiontShift", 2200, kControls, kTexts};
+constexpr PageTemplate kTemplate = {"CPageZeroPiontShift", page_template::kZeroPiontShift, kControls, kTexts};
 
 }  // namespace
 
 const Handler<CPageZeroPiontShift> CPageZeroPiontShift::kButtons[] = {
-    {2201, &CPageZeroPiontShift::PickClampingOutMain}, {2209, &CPageZeroPiontShift::PickClampingOutSub},
-    {2206, &CPageZeroPiontShift::PickOriginMain},      {2213, &CPageZeroPiontShift::PickOriginSub},
-    {2015, &CPageZeroPiontShift::SelectDatum},
+    {control::kPickClampingOutMain, &CPageZeroPiontShift::PickClampingOutMain},
+    {control::kPickClampingOutSub, &CPageZeroPiontShift::PickClampingOutSub},
+    {control::kPickOriginMain, &CPageZeroPiontShift::PickOriginMain},
+    {control::kPickOriginSub, &CPageZeroPiontShift::PickOriginSub},
+    {control::kSelect, &CPageZeroPiontShift::SelectDatum},
 };
 
 CPageZeroPiontShift::CPageZeroPiontShift(CDlgMain& dialog) : Page(dialog, kTemplate) {}

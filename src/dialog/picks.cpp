@@ -6,6 +6,7 @@
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
+#include "host/message_ids.h"
 
 namespace vanzet::dialog {
 namespace {
@@ -59,7 +60,7 @@ void ReadPickedRadius(double& radius) {
 }
 
 void PickFigure(std::string& figure) {
-  const std::string prompt = TextByMessage(26, "Select Figure");
+  const std::string prompt = TextByMessage(message::kSelectFigure);
   for (;;) {
     SendCommand("dfm pick i_return i_return2 '" + prompt + "' 20");
     bool isRead = false;
@@ -81,7 +82,7 @@ std::int32_t PickBody() {
 }
 
 std::int32_t PickSolid() {
-  const std::int32_t object = SelectObject(kSolids, Text(1163));
+  const std::int32_t object = SelectObject(kSolids, Text(message::kSelectSolid));
   hostFunctions.OrvoClearSelection();
   return hostFunctions.OrvoGetObjectParasolidEntityNumber(object);
 }

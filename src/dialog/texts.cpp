@@ -7,17 +7,21 @@
 
 namespace vanzet::dialog {
 
-std::string Text(std::int32_t id, std::string_view defaultText) {
-  return host::hostFunctions.OrvoStrMessage(host::kMessageGroup, id, std::string(defaultText));
+namespace {
+
+std::string_view DefaultOf(std::int32_t id, std::string_view given) {
+  return given.empty() ? host::DefaultText(id) : given;
 }
 
-std::string Text(std::int32_t id) {
-  return Text(id, host::DefaultText(id));
+}  // namespace
+
+std::string Text(std::int32_t id, std::string_view defaultText) {
+  return host::hostFunctions.OrvoStrMessage(host::kMessageGroup, id, std::string(DefaultOf(id, defaultText)));
 }
 
 std::string TextByMessage(std::int32_t id, std::string_view defaultText) {
   std::string text;
-  return host::TextMessage(id, defaultText, text);
+  return host::TextMessage(id, DefaultOf(id, defaultText), text);
 }
 
 void Notice(const std::string& text) {

@@ -7,14 +7,12 @@
 /// Texts and boxes of the dialog.
 namespace vanzet::dialog {
 
-/// The text of `id` in the user's language, asked of the host together with its default.
-std::string Text(std::int32_t id, std::string_view defaultText);
+/// The text of message `id` in the user's language. The host is asked with a default of the id: the one
+/// given, or the plain one.
+std::string Text(std::int32_t id, std::string_view defaultText = {});
 
-/// The same with the plain default of the id.
-std::string Text(std::int32_t id);
-
-/// The same by host::TextMessage, which tells the host no default.
-std::string TextByMessage(std::int32_t id, std::string_view defaultText);
+/// The same by host::TextMessage, which passes no default to the host.
+std::string TextByMessage(std::int32_t id, std::string_view defaultText = {});
 
 /// A box with one button in front of the host's window.
 void Notice(const std::string& text);

@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+#include "view/ids.h"
+
 namespace vanzet::dialog {
 
 /// The pages in the order of the sheet.
@@ -27,16 +29,18 @@ enum class NeedsOf { kNothing, kSubSpindle, kTailStock, kLun };
 /// A node of the equipment tree, and what its selection means.
 struct TreeNodeRow {
   std::int32_t id;
+  std::int32_t parent;  ///< node::kNone: the node is a root
   std::int32_t message;
-  std::string_view text;
-  std::int32_t number;  ///< stands behind the text; 0: none
-  std::int32_t parent;  ///< 0: a root
   NeedsOf needs;
   std::int32_t bitmap;
-  std::int32_t selectedBitmap;
   PageId page;
   std::int32_t spindle;
   std::int32_t deviceType;
+  std::int32_t number = 0;            ///< follows the text; 0: none
+  std::string_view defaultText = {};  ///< of the message; empty: the plain one
+
+  /// The bitmap of the node while it is selected. A root keeps its own.
+  std::int32_t SelectedBitmap() const { return parent == node::kNone ? bitmap : icon::Selected(bitmap); }
 };
 
 /// All nodes, by id; parents stand before their children.

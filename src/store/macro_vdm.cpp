@@ -6,6 +6,7 @@
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
+#include "host/message_ids.h"
 #include "host/messages.h"
 #include "platform/message_box.h"
 #include "platform/split_path.h"
@@ -91,7 +92,9 @@ bool MacroVdm::LoadFromFile(const std::string& path) {
   }
   if (!EqualWithoutCase(platform::SplitPath(path).extension, ".vdm")) {
     std::string text;
-    host::HostMessageBox("", host::TextMessage(746, "Invalid VDM-Name!", text), platform::box::kOk);
+    host::HostMessageBox(
+        "", host::TextMessage(message::kInvalidVdmName, host::DefaultText(message::kInvalidVdmName), text),
+        platform::box::kOk);
     return false;
   }
   host::SendCommand("vdm load '" + path + "' i_ret " + std::to_string(vdmNumber));

@@ -54,7 +54,4 @@ struct DialogState {
   std::vector<Control> controls;  ///< those of the page in front
 };
 
-/// The tree's own id, for the focus.
-inline constexpr std::int32_t kTreeControl = 2158;
-
 }  // namespace vanzet::view

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <nlohmann/json.hpp>
+
 namespace vanzet::define {
 namespace {
 

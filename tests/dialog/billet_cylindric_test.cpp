@@ -1,5 +1,7 @@
 #include "dialog/dialog_fixture.h"
+#include "host/message_ids.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -41,8 +43,8 @@ TEST_F(BilletCylindric, IsDrawnAtTheOriginOfItsSpindle) {
 }
 
 TEST_F(BilletCylindric, ATickHidesNothingWhateverItsTextSays) {
-  EXPECT_EQ(Run("select 19\nstate\n").Control(2138)["checked"], true) << "drawn";
-  EXPECT_EQ(Run("select 23\nstate\n").Control(2138)["checked"], false) << "stored as hidden";
+  EXPECT_EQ(Run("select 19\nstate\n").Control(control::kHideBillet)["checked"], true) << "drawn";
+  EXPECT_EQ(Run("select 23\nstate\n").Control(control::kHideBillet)["checked"], false) << "stored as hidden";
   EXPECT_THAT(CallsOf("select 19\nset 2138 0\npress 2016\n"),
               Not(Contains("OrvoCommand('fig cre BilletM z0x0y0')")));
   EXPECT_EQ(Stored(1), "1 80.000000 100.500000 2.000000 5.000000 30.000000 1 300.000000");
@@ -50,12 +52,12 @@ TEST_F(BilletCylindric, ATickHidesNothingWhateverItsTextSays) {
 
 TEST_F(BilletCylindric, OfANewDefinitionIsDrawn) {
   host.vdms[1000].records[1][8] = "0";
-  EXPECT_EQ(Run("select 19\nstate\n").Control(2138)["checked"], true);
+  EXPECT_EQ(Run("select 19\nstate\n").Control(control::kHideBillet)["checked"], true);
 }
 
 TEST_F(BilletCylindric, HasABarOnTheMainSpindleOnly) {
-  EXPECT_EQ(Run("select 23\nstate\n").Control(2027)["enabled"], false);
-  EXPECT_EQ(Run("select 23\nselect 19\nstate\n").Control(2027)["enabled"], true);
+  EXPECT_EQ(Run("select 23\nstate\n").Control(control::kBarLength)["enabled"], false);
+  EXPECT_EQ(Run("select 23\nselect 19\nstate\n").Control(control::kBarLength)["enabled"], true);
   EXPECT_THAT(Run("select 23\nset 2027 5\n").events, Contains("error 2 control 2027 is disabled"));
   Run("select 23\npress 2016\n");
   EXPECT_EQ(Stored(2), "1 60.000000 50.000000 1.000000 2.000000 0.000000 1");
@@ -80,7 +82,7 @@ TEST_F(BilletCylindric, ABarShorterThanThePartIsTakenBackAndStoredSo) {
   const Ran ran = Run("select 19\nset 2027 107.4\npress 2016\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 0 *Barlength to short, min. 107.5 or 0 for none bar",
                                       "focus 2027 all", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2027), "0");
+  EXPECT_EQ(ran.TextOf(control::kBarLength), "0");
   EXPECT_EQ(Stored(1), "1 80.000000 100.500000 2.000000 5.000000 30.000000 0 0.000000");
 }
 
@@ -96,7 +98,7 @@ TEST_F(BilletCylindric, ABoreWiderThanTheBarIsTakenBack) {
   const Ran ran = Run("select 19\nset 2026 80.1\npress 2016\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 0 *outside diameter is short then inside diameter",
                                       "focus 2026 all", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2026), "0");
+  EXPECT_EQ(ran.TextOf(control::kInnerDiameter), "0");
   EXPECT_EQ(Stored(1), "1 80.000000 100.500000 2.000000 5.000000 0.000000 0 300.000000");
   EXPECT_THAT(Run("select 19\nset 2026 80\npress 2016\n").events,
               ElementsAre("focus 2158", "closed end-of-script"))
@@ -112,7 +114,7 @@ TEST_F(BilletCylindric, BothCorrectionsCanComeAtOnce) {
 }
 
 TEST_F(BilletCylindric, TellsTheLeastBarInTheWordsOfTheHost) {
-  host.translations = {{1168, "mindestens %g, wirklich %g (%s%n)"}};
+  host.translations = {{message::kBarTooShort, "mindestens %g, wirklich %g (%s%n)"}};
   EXPECT_THAT(Run("select 19\nset 2027 1\npress 2016\n").events,
               Contains("box 0 mindestens 107.5, wirklich 107.5 (%s%n)"));
 }
@@ -129,13 +131,13 @@ TEST_F(BilletCylindric, StopsAtWhatIsNoNumberAndChangesNothing) {
     EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 0 [Equipment Definition] Please enter a number.",
                                         "focus 2025", "closed end-of-script"))
         << text;
-    EXPECT_EQ(ran.TextOf(2025), text);
+    EXPECT_EQ(ran.TextOf(control::kRearAllowance), text);
     EXPECT_EQ(Stored(1), "1 80 100.5 2 5 30 0 300") << text;
   }
 }
 
 TEST_F(BilletCylindric, AsksForTheFirstOfSeveralNumbersUnderTheDialogsCaption) {
-  host.translations = {{700, "Spannmittel"}};
+  host.translations = {{message::kEquipmentDefinition, "Spannmittel"}};
   EXPECT_THAT(Run("select 19\nset 2024 x\nset 2026 y\npress 2016\n").events,
               ElementsAre("focus 2158", "box 0 [Spannmittel] Please enter a number.", "focus 2024",
                           "closed end-of-script"));
@@ -151,15 +153,15 @@ TEST_F(BilletCylindric, PicksDiametersFromRadii) {
   world.positions = {{0, 7, 12.5}, {1, 7, -3}};
   const Ran ran = Run("select 19\npress 2005\nstate\npress 2009\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "hide", "show", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2022), "25");
-  EXPECT_EQ(ran.TextOf(2026), "-6") << "the sign stays";
+  EXPECT_EQ(ran.TextOf(control::kOuterDiameter), "25");
+  EXPECT_EQ(ran.TextOf(control::kInnerDiameter), "-6") << "the sign stays";
 }
 
 TEST_F(BilletCylindric, PicksItsLengthWithoutASign) {
   world.positions = {{0, -33.25, 5}};
-  EXPECT_EQ(Run("select 19\npress 2006\nstate\n").TextOf(2023), "33.25");
+  EXPECT_EQ(Run("select 19\npress 2006\nstate\n").TextOf(control::kCylinderLength), "33.25");
   world.positions = {{0, 12, 5}};
-  EXPECT_EQ(Run("select 19\npress 2006\nstate\n").TextOf(2023), "12");
+  EXPECT_EQ(Run("select 19\npress 2006\nstate\n").TextOf(control::kCylinderLength), "12");
 }
 
 TEST_F(BilletCylindric, APickAsksTheHostsMacro) {
@@ -175,9 +177,9 @@ TEST_F(BilletCylindric, ABrokenOffPickKeepsWhatWasTyped) {
   for (const char* button : {"2005", "2006", "2009", "2018"}) {
     const Ran ran = Run(std::string("select 19\nset 2022 \"7,5\"\npress ") + button + "\nstate\n");
     EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "closed end-of-script")) << button;
-    EXPECT_EQ(ran.TextOf(2022), "7.5") << button << ": taken and shown again";
-    EXPECT_EQ(ran.TextOf(2023), "100.5");
-    EXPECT_EQ(ran.TextOf(2026), "30");
+    EXPECT_EQ(ran.TextOf(control::kOuterDiameter), "7.5") << button << ": taken and shown again";
+    EXPECT_EQ(ran.TextOf(control::kCylinderLength), "100.5");
+    EXPECT_EQ(ran.TextOf(control::kInnerDiameter), "30");
   }
 }
 
@@ -194,7 +196,7 @@ TEST_F(BilletCylindric, AVariableThatCannotBeReadIsToldAndTheWorkGoesOn) {
   host.integers["i_return"] = 0;
   const Ran ran = Run("select 19\npress 2006\nstate\n");
   EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] w_return"));
-  EXPECT_EQ(ran.TextOf(2023), "0") << "what the host returned";
+  EXPECT_EQ(ran.TextOf(control::kCylinderLength), "0") << "what the host returned";
 }
 
 class ValuesFromSolid : public BilletCylindric {
@@ -211,12 +213,12 @@ class ValuesFromSolid : public BilletCylindric {
 };
 
 TEST_F(ValuesFromSolid, AreItsExtentsRoundedToTheDecimalsOfTheHost) {
-  EXPECT_EQ(Pick("2").TextOf(2022), "98.77");
-  EXPECT_EQ(Pick("2").TextOf(2023), "123.46");
-  EXPECT_EQ(Pick("").TextOf(2022), "99");
-  EXPECT_EQ(Pick("0").TextOf(2023), "123");
-  EXPECT_EQ(Pick("-1").TextOf(2023), "120");
-  EXPECT_EQ(Pick("many").TextOf(2023), "123");
+  EXPECT_EQ(Pick("2").TextOf(control::kOuterDiameter), "98.77");
+  EXPECT_EQ(Pick("2").TextOf(control::kCylinderLength), "123.46");
+  EXPECT_EQ(Pick("").TextOf(control::kOuterDiameter), "99");
+  EXPECT_EQ(Pick("0").TextOf(control::kCylinderLength), "123");
+  EXPECT_EQ(Pick("-1").TextOf(control::kCylinderLength), "120");
+  EXPECT_EQ(Pick("many").TextOf(control::kCylinderLength), "123");
 }
 
 TEST_F(ValuesFromSolid, AskTheHostInThisOrder) {
@@ -232,18 +234,18 @@ TEST_F(ValuesFromSolid, AskTheHostInThisOrder) {
 TEST_F(ValuesFromSolid, AreThoseOfABodyOfNumberOneToo) {
   host.bodies.byNumber = {{1, {"First", false, {0, 0, 0, 0.2, 0.05, 1}}}};
   host.bodies.picks = {1};
-  EXPECT_EQ(Run("select 19\npress 2018\nstate\n").TextOf(2023), "200");
+  EXPECT_EQ(Run("select 19\npress 2018\nstate\n").TextOf(control::kCylinderLength), "200");
 }
 
 TEST_F(ValuesFromSolid, StayWhenNoBodyWasPicked) {
   host.bodies.picks = {0};
   const Ran ran = Run("select 19\npress 2018\nstate\n");
-  EXPECT_EQ(ran.TextOf(2022), "80");
+  EXPECT_EQ(ran.TextOf(control::kOuterDiameter), "80");
   EXPECT_THAT(host.TakeCalls("OrvoPsGetExtents"), IsEmpty());
 }
 
 TEST_F(ValuesFromSolid, SurviveDecimalsThatNoNumberHas) {
-  EXPECT_THAT(Pick("400").TextOf(2022), testing::AnyOf("nan", "-nan"));
+  EXPECT_THAT(Pick("400").TextOf(control::kOuterDiameter), testing::AnyOf("nan", "-nan"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "dialog/dialog_fixture.h"
 #include "support/fake_host_functions.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -54,8 +55,8 @@ TEST_F(BilletFromFigure, PicksFiguresByName) {
   world.figures = {{151, 3}, {151, 4}};
   const Ran ran = Run("select 20\npress 2010\npress 2011\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "hide", "show", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2039), "shaft");
-  EXPECT_EQ(ran.TextOf(2040), "bore");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "shaft");
+  EXPECT_EQ(ran.TextOf(control::kFigureInside), "bore");
   EXPECT_THAT(world.Stored(), testing::IsEmpty()) << "a pick stores nothing";
 }
 
@@ -79,13 +80,13 @@ TEST_F(BilletFromFigure, ABrokenOffPickIsUnmarkedAndKeepsTheName) {
         std::ranges::count_if(calls, [](const auto& call) { return call.find("dfm pick") != call.npos; }), 1)
         << status;
     world.figures = {{status, 3}};
-    EXPECT_EQ(Run("select 20\nset 2039 old\npress 2010\nstate\n").TextOf(2039), "old");
+    EXPECT_EQ(Run("select 20\nset 2039 old\npress 2010\nstate\n").TextOf(control::kFigureOutside), "old");
   }
 }
 
 TEST_F(BilletFromFigure, APickOfSomethingElseBeginsAnew) {
   world.figures = {{151, -1}, {0, 3}, {150, 3}, {151, 4}};
-  EXPECT_EQ(Run("select 20\npress 2010\nstate\n").TextOf(2039), "bore");
+  EXPECT_EQ(Run("select 20\npress 2010\nstate\n").TextOf(control::kFigureOutside), "bore");
   EXPECT_TRUE(world.figures.empty());
 }
 
@@ -98,14 +99,14 @@ TEST_F(BilletFromFigure, ANameThatCannotBeReadIsToldAndTheOldOneStays) {
   };
   const Ran ran = Run("select 20\nset 2039 old\npress 2010\nstate\n");
   EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalStrVar Failed] $_return"));
-  EXPECT_EQ(ran.TextOf(2039), "old");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "old");
 }
 
 TEST_F(BilletFromFigure, APickWhoseStatusCannotBeReadIsOver) {
   host.onCommand = nullptr;
   host.integers.erase("i_return");
   const Ran ran = Run("select 20\nset 2039 old\npress 2010\nstate\n");
-  EXPECT_EQ(ran.TextOf(2039), "old");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "old");
   EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_return"));
 }
 
@@ -125,19 +126,19 @@ TEST_F(BilletFromFigure, AStatusThatComesInSpiteOfARefusalCounts) {
   world.figures = {{151, 3}};
   const Ran ran = Run("select 20\npress 2010\nstate\n");
   EXPECT_THAT(ran.events, Contains("box 0 [OrvoApi::MacroExport::GetGlobalIntVar Failed] i_return"));
-  EXPECT_EQ(ran.TextOf(2039), "shaft");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "shaft");
 }
 
 TEST_F(BilletFromFigure, PicksItsLength) {
   world.positions = {{0, -12, 3}};
-  EXPECT_EQ(Run("select 20\npress 2013\nstate\n").TextOf(2045), "12");
+  EXPECT_EQ(Run("select 20\npress 2013\nstate\n").TextOf(control::kPartLength), "12");
 }
 
 TEST_F(BilletFromFigure, ComesUpBlankForARecordOfAnotherPage) {
   host.vdms[1000].records[1][8] = "1 80 100 0 0 0 0 0";
   const Ran ran = Run("select 20\nstate\n");
-  EXPECT_EQ(ran.TextOf(2045), "0");
-  EXPECT_EQ(ran.TextOf(2039), "");
+  EXPECT_EQ(ran.TextOf(control::kPartLength), "0");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "");
 }
 
 TEST_F(BilletFromFigure, KeepsAnEarlierFirstFigureThatTheReadDoesNotReplace) {
@@ -147,18 +148,18 @@ TEST_F(BilletFromFigure, KeepsAnEarlierFirstFigureThatTheReadDoesNotReplace) {
   EXPECT_EQ(ran.states[0]["controls"]["2039"]["text"], "shaft");
   EXPECT_EQ(ran.states[0]["controls"]["2040"]["text"], "");
   EXPECT_EQ(ran.states[1]["controls"]["2040"]["text"], "bore");
-  EXPECT_EQ(Run("select 24\nstate\n").TextOf(2039), "");
+  EXPECT_EQ(Run("select 24\nstate\n").TextOf(control::kFigureOutside), "");
 }
 
 TEST_F(BilletFromFigure, KeepsItAcrossSpursToo) {
   world.SetMachine({.spurs = 2});
   Run("select 20\nset 2039 shaft\npress 2015\n");
-  EXPECT_EQ(Run("select 20\nchoose 2020 1\nstate\n").TextOf(2039), "shaft");
+  EXPECT_EQ(Run("select 20\nchoose 2020 1\nstate\n").TextOf(control::kFigureOutside), "shaft");
 }
 
 TEST_F(BilletFromFigure, LosesWhatWasNotSelectedWithTheNextNode) {
   const Ran ran = Run("select 20\nset 2040 typed\nselect 19\nselect 20\nstate\n");
-  EXPECT_EQ(ran.TextOf(2040), "");
+  EXPECT_EQ(ran.TextOf(control::kFigureInside), "");
   EXPECT_THAT(ran.events, Not(Contains(testing::HasSubstr("box"))));
 }
 

@@ -1,5 +1,6 @@
 #include "dialog/dialog_fixture.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -45,10 +46,10 @@ TEST_F(BilletFromSolid, TakesNameAndExtentsOfThePickedSolid) {
   host.bodies.picks = {7};
   const Ran ran = Run("select 21\nset 2032 5\npress 2018\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2046), "Part");
-  EXPECT_EQ(ran.TextOf(2045), "123.4567") << "not rounded";
-  EXPECT_EQ(ran.TextOf(2035), "100");
-  EXPECT_EQ(ran.TextOf(2032), "5") << "the angle stays";
+  EXPECT_EQ(ran.TextOf(control::kSolid), "Part");
+  EXPECT_EQ(ran.TextOf(control::kPartLength), "123.4567") << "not rounded";
+  EXPECT_EQ(ran.TextOf(control::kClampDiameter), "100");
+  EXPECT_EQ(ran.TextOf(control::kAngle), "5") << "the angle stays";
 }
 
 TEST_F(BilletFromSolid, ABodyOfNumberOneIsOne) {
@@ -62,9 +63,9 @@ TEST_F(BilletFromSolid, ABodyOfNumberOneIsOne) {
 TEST_F(BilletFromSolid, AMeshHasNoExtents) {
   host.bodies.picks = {8};
   const Ran ran = Run("select 21\nset 2045 5\nset 2035 5\npress 2018\nstate\n");
-  EXPECT_EQ(ran.TextOf(2046), "Mesh");
-  EXPECT_EQ(ran.TextOf(2045), "0");
-  EXPECT_EQ(ran.TextOf(2035), "0");
+  EXPECT_EQ(ran.TextOf(control::kSolid), "Mesh");
+  EXPECT_EQ(ran.TextOf(control::kPartLength), "0");
+  EXPECT_EQ(ran.TextOf(control::kClampDiameter), "0");
   EXPECT_THAT(host.TakeCalls("OrvoPsGetExtents"), IsEmpty());
 }
 
@@ -81,16 +82,17 @@ TEST_F(BilletFromSolid, ABrokenOffPickBlanksThePage) {
   host.vdms[1000].records[1][7] = "Part";
   host.vdms[1000].records[1][8] = "3 0 120 60 12.5";
   const Ran ran = Run("select 21\npress 2018\nstate\n");
-  for (const int edit : {2045, 2035, 2032}) EXPECT_EQ(ran.TextOf(edit), "0");
-  EXPECT_EQ(ran.TextOf(2046), "");
+  for (const int edit : {control::kPartLength, control::kClampDiameter, control::kAngle})
+    EXPECT_EQ(ran.TextOf(edit), "0");
+  EXPECT_EQ(ran.TextOf(control::kSolid), "");
   EXPECT_EQ(Stored(8), "3 0 120 60 12.5");
 }
 
 TEST_F(BilletFromSolid, PicksLengthAndDiameter) {
   world.positions = {{0, -12, 3}, {0, 1, 4.5}};
   const Ran ran = Run("select 21\npress 2014\npress 2008\nstate\n");
-  EXPECT_EQ(ran.TextOf(2045), "12");
-  EXPECT_EQ(ran.TextOf(2035), "9");
+  EXPECT_EQ(ran.TextOf(control::kPartLength), "12");
+  EXPECT_EQ(ran.TextOf(control::kClampDiameter), "9");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "dialog/dialog_fixture.h"
+#include "host/message_ids.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -20,8 +22,10 @@ class ClampElemNew : public DialogTest {
   /// Types all values but those left out, each 1, and a name, and saves.
   Ran SaveWithout(int node, const std::string& leftOut) {
     WriteBytes(world.catalogue, "");
-    const std::map<char, int> edits = {{'A', 2031}, {'B', 2033}, {'C', 2034}, {'D', 2036}, {'E', 2037},
-                                       {'F', 2038}, {'G', 2041}, {'H', 2042}, {'I', 2043}};
+    const std::map<char, int> edits = {
+        {'A', control::kEditA}, {'B', control::kEditB}, {'C', control::kEditC},
+        {'D', control::kEditD}, {'E', control::kEditE}, {'F', control::kEditF},
+        {'G', control::kEditG}, {'H', control::kEditH}, {'I', control::kEditI}};
     const Ran page = Run("select " + std::to_string(node) + "\nstate\n");
     std::string script = "select " + std::to_string(node) + "\nset 2123 New\n";
     for (const auto& [letter, edit] : edits) {
@@ -38,12 +42,25 @@ TEST_F(ClampElemNew, ShowsTheNamesAndThePictureOfItsType) {
 }
 
 TEST_F(ClampElemNew, HasAPictureForEachTypeAndNoneForTheBranches) {
-  const std::map<int, int> pictures = {{36, 2056}, {37, 2058}, {38, 2071}, {39, 2060}, {40, 0},    {41, 2062},
-                                       {42, 2063}, {43, 2064}, {44, 2065}, {45, 2066}, {46, 2067}, {47, 2068},
-                                       {48, 2069}, {49, 0},    {50, 2053}, {51, 2054}};
+  const std::map<int, int> pictures = {{36, picture::kChuck},
+                                       {37, picture::kCollet},
+                                       {38, picture::kMandrel},
+                                       {39, picture::kFaceDriver},
+                                       {40, 0},
+                                       {41, picture::kJaw1},
+                                       {42, picture::kJaw2},
+                                       {43, picture::kJaw3},
+                                       {44, picture::kJaw4},
+                                       {45, picture::kJaw5},
+                                       {46, picture::kJaw6},
+                                       {47, picture::kJaw7},
+                                       {48, picture::kJaw8},
+                                       {49, 0},
+                                       {50, picture::kCenter1},
+                                       {51, picture::kCenter2}};
   for (const auto& [node, picture] : pictures) {
     const Ran ran = Run("select " + std::to_string(node) + "\nstate\n");
-    EXPECT_EQ(ran.Control(2150)["bitmap"], picture) << node;
+    EXPECT_EQ(ran.Control(control::kNewPicture)["bitmap"], picture) << node;
   }
 }
 
@@ -54,9 +71,9 @@ TEST_F(ClampElemNew, SavesANewDeviceAndEmptiesTheName) {
       File().ends_with("Chuck 2\n1 1 2 3\nChuck 3\n1 0.000000 5.000000 6.500000 0.000000 0.000000 0.000000 "
                        "0.000000 0.000000 0.000000 0.000000\n"))
       << File() << "A may stay 0";
-  EXPECT_EQ(ran.TextOf(2123), "");
-  EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 1", "Chuck 2", "Chuck 3"}));
-  EXPECT_EQ(ran.TextOf(2033), "5") << "the values stay";
+  EXPECT_EQ(ran.TextOf(control::kNameList), "");
+  EXPECT_EQ(ran.Control(control::kNameList)["items"], json({"Chuck 1", "Chuck 2", "Chuck 3"}));
+  EXPECT_EQ(ran.TextOf(control::kEditB), "5") << "the values stay";
   EXPECT_THAT(world.Stored(), IsEmpty()) << "no definition is touched";
 }
 
@@ -64,15 +81,15 @@ TEST_F(ClampElemNew, AChoiceTakesTheValuesAndTheirTypeOfTheCatalogue) {
   const Ran ran = Run("select 36\nchoose 2123 1\nstate\nchoose 2123 -1\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2123"]["text"], "Chuck 2");
   EXPECT_EQ(ran.states[0]["controls"]["2034"]["text"], "3");
-  EXPECT_EQ(ran.TextOf(2034), "0");
+  EXPECT_EQ(ran.TextOf(control::kEditC), "0");
 }
 
 TEST_F(ClampElemNew, AChoiceIsOfTheTypeOfTheFirstDeviceOfItsName) {
   WriteBytes(world.catalogue, "Twin\n2 1 2 3 4 5 6\nTwin\n1 80 90 20\n");
   const Ran ran = Run("select 36\nchoose 2123 \"Twin\"\nset 2031 9\nanswer yes\nstate\npress 2152\n");
-  EXPECT_EQ(ran.TextOf(2038), "6");
-  EXPECT_EQ(ran.Control(2038)["enabled"], false) << "the page keeps to the type of its node";
-  EXPECT_EQ(ran.Control(2150)["bitmap"], 2056);
+  EXPECT_EQ(ran.TextOf(control::kEditF), "6");
+  EXPECT_EQ(ran.Control(control::kEditF)["enabled"], false) << "the page keeps to the type of its node";
+  EXPECT_EQ(ran.Control(control::kNewPicture)["bitmap"], picture::kChuck);
   EXPECT_TRUE(File().starts_with("Twin\n2 9.000000 2.000000 3.000000 4.000000 5.000000 6.000000 ")) << File();
 }
 
@@ -87,9 +104,9 @@ TEST_F(ClampElemNew, WithoutATypeNothingIsSaved) {
 
 TEST_F(ClampElemNew, ComesUpBlankEachTime) {
   const Ran ran = Run("select 36\nchoose 2123 0\nselect 41\nselect 36\nstate\n");
-  EXPECT_EQ(ran.TextOf(2031), "0");
-  EXPECT_EQ(ran.TextOf(2123), "");
-  EXPECT_EQ(ran.Control(2123)["selected"], -1);
+  EXPECT_EQ(ran.TextOf(control::kEditA), "0");
+  EXPECT_EQ(ran.TextOf(control::kNameList), "");
+  EXPECT_EQ(ran.Control(control::kNameList)["selected"], -1);
 }
 
 TEST_F(ClampElemNew, NeedsAName) {
@@ -110,8 +127,9 @@ TEST_F(ClampElemNew, StopsAtWhatIsNoNumber) {
 }
 
 TEST_F(ClampElemNew, NeedsTheValuesOfEachType) {
-  const std::map<char, int> edits = {{'A', 2031}, {'B', 2033}, {'C', 2034}, {'D', 2036}, {'E', 2037},
-                                     {'F', 2038}, {'G', 2041}, {'H', 2042}, {'I', 2043}};
+  const std::map<char, int> edits = {{'A', control::kEditA}, {'B', control::kEditB}, {'C', control::kEditC},
+                                     {'D', control::kEditD}, {'E', control::kEditE}, {'F', control::kEditF},
+                                     {'G', control::kEditG}, {'H', control::kEditH}, {'I', control::kEditI}};
   const std::map<int, std::string> needed = {
       {36, "BC"},       {37, "ABCDE"},    {38, "ABCDEFGH"}, {39, "ABCDEFGI"}, {41, "ABCDEFGH"},
       {42, "ABCDEFGH"}, {43, "ABCDEF"},   {44, "ABCDEF"},   {45, "ABCD"},     {46, "ABCDE"},
@@ -130,7 +148,7 @@ TEST_F(ClampElemNew, NeedsTheValuesOfEachType) {
 
 TEST_F(ClampElemNew, AsksForTheFirstMissingValue) {
   EXPECT_EQ(SaveWithout(38, "CF").events.at(1), "box 0 Value C is missing!");
-  host.translations = {{722, "# fehlt, ja #"}};
+  host.translations = {{message::kNoDeviceValue, "# fehlt, ja #"}};
   EXPECT_EQ(SaveWithout(38, "F").events.at(1), "box 0 F fehlt, ja F");
 }
 
@@ -146,13 +164,14 @@ TEST_F(ClampElemNew, ANoLeavesTheFileAndKeepsTheValuesUntilTheDialogIsClosed) {
   const Ran ran =
       Run("select 36\nchoose 2123 0\nset 2031 81\nanswer no\npress 2152\nselect 36\nchoose 2123 0\nstate\n");
   EXPECT_EQ(File(), before);
-  EXPECT_EQ(ran.TextOf(2031), "81");
-  EXPECT_EQ(Run("select 36\nchoose 2123 0\nstate\n").TextOf(2031), "80");
+  EXPECT_EQ(ran.TextOf(control::kEditA), "81");
+  EXPECT_EQ(Run("select 36\nchoose 2123 0\nstate\n").TextOf(control::kEditA), "80");
 }
 
 TEST_F(ClampElemNew, TellsNamesApartByCase) {
   Run("select 36\nset 2123 \"chuck 1\"\nset 2033 5\nset 2034 6\npress 2152\n");
-  EXPECT_THAT(Run("select 36\nstate\n").Control(2123)["items"], json({"Chuck 1", "Chuck 2", "chuck 1"}));
+  EXPECT_THAT(Run("select 36\nstate\n").Control(control::kNameList)["items"],
+              json({"Chuck 1", "Chuck 2", "chuck 1"}));
 }
 
 TEST_F(ClampElemNew, DeletesADeviceAfterAQuestion) {
@@ -160,8 +179,8 @@ TEST_F(ClampElemNew, DeletesADeviceAfterAQuestion) {
   EXPECT_THAT(ran.events,
               ElementsAre("focus 2158", "box 4 Delete? -> 7", "box 4 Delete? -> 6", "closed end-of-script"));
   EXPECT_EQ(File(), "Jaw 1\n5 1 2 3 4 5 6 7 8\nChuck 2\n1 1 2 3\n");
-  EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 2"}));
-  EXPECT_EQ(ran.TextOf(2123), "");
+  EXPECT_EQ(ran.Control(control::kNameList)["items"], json({"Chuck 2"}));
+  EXPECT_EQ(ran.TextOf(control::kNameList), "");
 }
 
 TEST_F(ClampElemNew, DeletesByATypedNameAndNothingWithoutOne) {
@@ -194,14 +213,14 @@ TEST_F(ClampElemNew, ADeleteThatDoesNotReachTheFileSaysNothing) {
   };
   const Ran ran = Run("select 36\nchoose 2123 0\nanswer yes\npress 2127\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "box 4 Delete? -> 6", "closed end-of-script"));
-  EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 2"})) << "gone from memory";
+  EXPECT_EQ(ran.Control(control::kNameList)["items"], json({"Chuck 2"})) << "gone from memory";
   EXPECT_FALSE(std::filesystem::exists(world.catalogue));
 }
 
 TEST_F(ClampElemNew, AnOddCatalogueFillsTheListAsFarAsItGoes) {
   WriteBytes(world.catalogue, "Chuck 1\n1 80 90 20\nLeft over\n");
   const Ran ran = Run("select 36\nstate\n");
-  EXPECT_EQ(ran.Control(2123)["items"], json({"Chuck 1"}));
+  EXPECT_EQ(ran.Control(control::kNameList)["items"], json({"Chuck 1"}));
 }
 
 }  // namespace

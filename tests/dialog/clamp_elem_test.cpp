@@ -1,5 +1,6 @@
 #include "dialog/clamp_elem_fixture.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -24,7 +25,7 @@ TEST_F(ClampElem, ShowsTheJawWithItsOptions) {
 TEST_F(ClampElem, ListsTheDevicesOfItsKind) {
   world.SetMachine({.sub = true, .tail = true});
   const auto listed = [&](int node) {
-    return Run("select " + std::to_string(node) + "\nstate\n").Control(2124)["items"];
+    return Run("select " + std::to_string(node) + "\nstate\n").Control(control::kDeviceList)["items"];
   };
   EXPECT_EQ(listed(3), json({"Chuck 1", "Chuck 2"}));
   EXPECT_EQ(listed(9), json({"Chuck 1", "Chuck 2"}));
@@ -38,10 +39,10 @@ TEST_F(ClampElem, ListsTheDevicesOfItsKind) {
 TEST_F(ClampElem, ShowsTheJawsControlsForJawsOnly) {
   const auto isShown = [&](const char* script) {
     const Ran ran = Run(std::string(script) + "state\n");
-    for (const int control : {2180, 2181, 2141}) {
-      EXPECT_EQ(ran.Control(control)["visible"], ran.Control(2179)["visible"]);
+    for (const int control : {control::kJawsEdit, control::kJawSpin, control::kInnerChucking}) {
+      EXPECT_EQ(ran.Control(control)["visible"], ran.Control(control::kJawsLabel)["visible"]);
     }
-    return ran.Control(2179)["visible"] == true;
+    return ran.Control(control::kJawsLabel)["visible"] == true;
   };
   EXPECT_TRUE(isShown("select 4\n"));
   EXPECT_FALSE(isShown("select 3\n"));
@@ -52,10 +53,10 @@ TEST_F(ClampElem, ShowsTheJawsControlsForJawsOnly) {
 TEST_F(ClampElem, ComesUpEmptyForADeviceOfAnotherKind) {
   HoldsAChuckWithAJaw();
   const Ran ran = Run("select 5\nstate\n");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.TextOf(2031), "0");
-  EXPECT_EQ(ran.TextOf(2021), "");
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 0);
+  EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
+  EXPECT_EQ(ran.TextOf(control::kEditA), "0");
+  EXPECT_EQ(ran.TextOf(control::kPath), "");
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 0);
 }
 
 TEST_F(ClampElem, EachTypeSuitsOneKind) {
@@ -66,7 +67,8 @@ TEST_F(ClampElem, EachTypeSuitsOneKind) {
     Item(1, 3) = std::to_string(type) + " 1 7";
     for (const auto& [node, types] : suiting) {
       const Ran ran = Run("select " + std::to_string(node) + "\nstate\n");
-      EXPECT_EQ(ran.TextOf(2033), testing::Value(types, Contains(type)) ? "7" : "0") << node << " " << type;
+      EXPECT_EQ(ran.TextOf(control::kEditB), testing::Value(types, Contains(type)) ? "7" : "0")
+          << node << " " << type;
     }
     if (type == 16) type = 100;
   }
@@ -91,7 +93,7 @@ TEST_F(ClampElem, SelectsTheFirstEntryThatBeginsWithTheNameInAnyCase) {
   const auto selected = [&](const char* name) {
     Item(1, 2) = name;
     Item(1, 3) = "1 1 2 3";
-    return Run("select 3\nstate\n").TextOf(2124);
+    return Run("select 3\nstate\n").TextOf(control::kDeviceList);
   };
   EXPECT_EQ(selected("Chuck 2"), "Chuck 2");
   EXPECT_EQ(selected("chuck 2"), "Chuck 2") << "though the definition's own stands behind it";
@@ -103,8 +105,8 @@ TEST_F(ClampElem, ADeviceThatTheShopDoesNotKnowCanBeChosen) {
   Item(1, 2) = "From afar";
   Item(1, 3) = "1 7 8 9";
   const Ran ran = Run("select 3\nchoose 2124 0\nchoose 2124 \"From afar\"\nstate\n");
-  EXPECT_EQ(ran.Control(2124)["items"], json({"Chuck 1", "Chuck 2", "From afar"}));
-  EXPECT_EQ(ran.TextOf(2031), "7");
+  EXPECT_EQ(ran.Control(control::kDeviceList)["items"], json({"Chuck 1", "Chuck 2", "From afar"}));
+  EXPECT_EQ(ran.TextOf(control::kEditA), "7");
   EXPECT_EQ(ReadBytes(world.catalogue), kCatalogue);
 }
 
@@ -114,20 +116,20 @@ TEST_F(ClampElem, ADeviceOfTheCatalogueCarriesTheDefinitionsValuesUntilTheDialog
   const Ran ran =
       Run("select 3\nchoose 2124 0\nchoose 2124 1\nstate\nselect 36\nchoose 2123 \"Chuck 2\"\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2031"]["text"], "7");
-  EXPECT_EQ(ran.TextOf(2031), "7");
+  EXPECT_EQ(ran.TextOf(control::kEditA), "7");
   EXPECT_EQ(ReadBytes(world.catalogue), kCatalogue);
   Item(1, 3) = "0";
-  EXPECT_EQ(Run("select 3\nchoose 2124 1\nstate\n").TextOf(2031), "10");
+  EXPECT_EQ(Run("select 3\nchoose 2124 1\nstate\n").TextOf(control::kEditA), "10");
 }
 
 TEST_F(ClampElem, AChoiceTakesTheValuesOfTheCatalogue) {
   const Ran ran = Run("select 5\nchoose 2124 0\nstate\nchoose 2124 -1\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2038"]["text"], "6");
   EXPECT_EQ(ran.states[0]["controls"]["2038"]["enabled"], true);
-  EXPECT_EQ(ran.states[0]["controls"]["2146"]["bitmap"], 2058);
-  EXPECT_EQ(ran.TextOf(2038), "0");
-  EXPECT_EQ(ran.Control(2038)["enabled"], false);
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 0);
+  EXPECT_EQ(ran.states[0]["controls"]["2146"]["bitmap"], picture::kCollet);
+  EXPECT_EQ(ran.TextOf(control::kEditF), "0");
+  EXPECT_EQ(ran.Control(control::kEditF)["enabled"], false);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 0);
   EXPECT_THAT(world.Stored(), IsEmpty());
 }
 
@@ -136,20 +138,25 @@ TEST_F(ClampElem, ShowsAndStoresEachValueAtItsLetter) {
       Run("select 7\nchoose 2124 0\nstate\nset 2031 11\nset 2033 12\nset 2034 13\nset 2036 14\nset 2037 15\n"
           "set 2038 16\nset 2041 17\nset 2042 18\nset 2043 19\npress 2154\n");
   int value = 0;
-  for (const int edit : {2031, 2033, 2034, 2036, 2037, 2038, 2041, 2042, 2043}) {
+  for (const int edit : {control::kEditA, control::kEditB, control::kEditC, control::kEditD, control::kEditE,
+                         control::kEditF, control::kEditG, control::kEditH, control::kEditI}) {
     EXPECT_EQ(ran.TextOf(edit), std::to_string(++value));
   }
-  EXPECT_EQ(ran.TextOf(2044), "0") << "no device has a J";
+  EXPECT_EQ(ran.TextOf(control::kEditJ), "0") << "no device has a J";
   EXPECT_EQ(Item(1, 3),
             "4 11.000000 12.000000 13.000000 14.000000 15.000000 16.000000 17.000000 18.000000 19.000000 "
             "0.000000");
 }
 
 TEST_F(ClampElem, EnablesTheValuesOfEachType) {
-  const std::map<char, int> edits = {{'A', 2031}, {'B', 2033}, {'C', 2034}, {'D', 2036}, {'E', 2037},
-                                     {'F', 2038}, {'G', 2041}, {'H', 2042}, {'I', 2043}, {'J', 2044}};
-  const std::map<char, int> labels = {{'A', 2116}, {'B', 2119}, {'C', 2121}, {'D', 2126}, {'E', 2129},
-                                      {'F', 2131}, {'G', 2135}, {'H', 2137}, {'I', 2140}, {'J', 2143}};
+  const std::map<char, int> edits = {{'A', control::kEditA}, {'B', control::kEditB}, {'C', control::kEditC},
+                                     {'D', control::kEditD}, {'E', control::kEditE}, {'F', control::kEditF},
+                                     {'G', control::kEditG}, {'H', control::kEditH}, {'I', control::kEditI},
+                                     {'J', control::kEditJ}};
+  const std::map<char, int> labels = {
+      {'A', control::kLabelA}, {'B', control::kLabelB}, {'C', control::kLabelC}, {'D', control::kLabelD},
+      {'E', control::kLabelE}, {'F', control::kLabelF}, {'G', control::kLabelG}, {'H', control::kLabelH},
+      {'I', control::kLabelI}, {'J', control::kLabelJ}};
   const std::map<int, std::string> open = {
       {1, "ABC"},       {2, "ABCDEF"},    {3, "ABCDEFGH"}, {4, "ABCDEFGHI"}, {5, "ABCDEFGH"},
       {6, "ABCDEFGH"},  {7, "ABCDEF"},    {8, "ABCDEF"},   {9, "ABCD"},      {10, "ABCDE"},
@@ -215,11 +222,11 @@ TEST_F(ClampElem, TheSpinFollowsItsEditAsLongAsItHoldsACountOfJaws) {
   EXPECT_EQ(ran.states[0]["controls"]["2181"]["value"], 7);
   EXPECT_EQ(ran.states[1]["controls"]["2181"]["value"], 7);
   EXPECT_EQ(ran.states[2]["controls"]["2181"]["value"], 16);
-  EXPECT_EQ(ran.TextOf(2180), "4");
+  EXPECT_EQ(ran.TextOf(control::kJawsEdit), "4");
   Item(1, 4) = "1 99";
-  EXPECT_EQ(Run("select 4\nstate\n").Control(2181)["value"], 16);
+  EXPECT_EQ(Run("select 4\nstate\n").Control(control::kJawSpin)["value"], 16);
   Item(1, 4) = "1 -5";
-  EXPECT_EQ(Run("select 4\nstate\n").Control(2181)["value"], 3);
+  EXPECT_EQ(Run("select 4\nstate\n").Control(control::kJawSpin)["value"], 3);
 }
 
 TEST_F(ClampElem, StoresWhatTheTypeKeepsOnly) {
@@ -268,7 +275,7 @@ TEST_F(ClampElem, WithoutASubSpindleTheCentreTakesItsPlace) {
 
 TEST_F(ClampElem, LosesEditsThatWereNotSelected) {
   HoldsAChuckWithAJaw();
-  EXPECT_EQ(Run("select 3\nset 2031 5\nselect 3\nstate\n").TextOf(2031), "80");
+  EXPECT_EQ(Run("select 3\nset 2031 5\nselect 3\nstate\n").TextOf(control::kEditA), "80");
 }
 
 TEST_F(ClampElem, WritesToTheSpurThatIsShown) {

@@ -1,5 +1,7 @@
 #include "dialog/dialog_fixture.h"
+#include "host/message_ids.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -19,10 +21,10 @@ TEST_F(Datum, ShowsBothSpindlesOnEveryMachine) {
 }
 
 TEST_F(Datum, ShowsTheStarsThatTheHostHasNoWordsFor) {
-  host.translations = {{1175, "Ausspannl\xC3\xA4nge"}};
+  host.translations = {{message::kClampingOutMain, "Ausspannl\xC3\xA4nge"}};
   const Ran ran = Run("select 34\nstate\n");
-  EXPECT_EQ(ran.TextOf(2202), "Ausspannl\xC3\xA4nge");
-  EXPECT_EQ(ran.TextOf(2210), "*(B) Clamping out");
+  EXPECT_EQ(ran.TextOf(control::kClampingOutMainLabel), "Ausspannl\xC3\xA4nge");
+  EXPECT_EQ(ran.TextOf(control::kClampingOutSubLabel), "*(B) Clamping out");
 }
 
 TEST_F(Datum, IsStoredMarkedAndDrawnForBothSpindles) {
@@ -55,8 +57,8 @@ TEST_F(Datum, ClampingOutIsTheDistanceFromTheOrigin) {
     world.positions = {{0, position, 1}, {0, position, 1}};
     const Ran ran = Run(std::string("select 34\nset 2207 ") + origin + "\nset 2214 " + origin +
                         "\npress 2201\npress 2209\nstate\n");
-    EXPECT_EQ(ran.TextOf(2203), ran.TextOf(2211));
-    return ran.TextOf(2203);
+    EXPECT_EQ(ran.TextOf(control::kClampingOutMain), ran.TextOf(control::kClampingOutSub));
+    return ran.TextOf(control::kClampingOutMain);
   };
   EXPECT_EQ(picked("0", 10), "10");
   EXPECT_EQ(picked("0", -10), "10");
@@ -68,9 +70,9 @@ TEST_F(Datum, ClampingOutIsTheDistanceFromTheOrigin) {
 TEST_F(Datum, AnOriginIsThePickedPosition) {
   world.positions = {{0, -10.5, 1}, {0, 7, 1}};
   const Ran ran = Run("select 34\nset 2203 5\npress 2206\npress 2213\nstate\n");
-  EXPECT_EQ(ran.TextOf(2207), "-10.5");
-  EXPECT_EQ(ran.TextOf(2214), "7");
-  EXPECT_EQ(ran.TextOf(2203), "5");
+  EXPECT_EQ(ran.TextOf(control::kOriginMain), "-10.5");
+  EXPECT_EQ(ran.TextOf(control::kOriginSub), "7");
+  EXPECT_EQ(ran.TextOf(control::kClampingOutMain), "5");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "hide", "show", "closed end-of-script"));
 }
 
@@ -88,10 +90,10 @@ TEST_F(Datum, ABrokenOffPickKeepsAllValues) {
   for (const char* button : {"2201", "2209", "2206", "2213"}) {
     const Ran ran = Run(std::string("select 34\nset 2203 -1\nset 2211 2\nset 2207 3\nset 2214 4\npress ") +
                         button + "\nstate\n");
-    EXPECT_EQ(ran.TextOf(2203), "-1");
-    EXPECT_EQ(ran.TextOf(2211), "2");
-    EXPECT_EQ(ran.TextOf(2207), "3");
-    EXPECT_EQ(ran.TextOf(2214), "4");
+    EXPECT_EQ(ran.TextOf(control::kClampingOutMain), "-1");
+    EXPECT_EQ(ran.TextOf(control::kClampingOutSub), "2");
+    EXPECT_EQ(ran.TextOf(control::kOriginMain), "3");
+    EXPECT_EQ(ran.TextOf(control::kOriginSub), "4");
   }
   EXPECT_EQ(Stored(), "0");
 }
@@ -110,7 +112,7 @@ TEST_F(Bezel, IsTickedForAllButZero) {
   for (const auto& [stored, isTicked] :
        std::map<std::string, bool>{{"0", false}, {"1", true}, {"2", true}, {"-1", true}}) {
     host.vdms[1000].records[4][2] = stored;
-    EXPECT_EQ(Run("select 16\nstate\n").Control(2019)["checked"], isTicked) << stored;
+    EXPECT_EQ(Run("select 16\nstate\n").Control(control::kUseBezel)["checked"], isTicked) << stored;
   }
 }
 

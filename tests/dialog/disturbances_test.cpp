@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "dialog/dialog_fixture.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -69,7 +70,8 @@ TEST_F(Disturbed, ACatalogueThatVanishesBetweenTwoClicksIsSearchedAndBegunAnew) 
       Run("select 36\nset 2123 New\nset 2033 1\nset 2034 2\npress 2012\npress 2152\nselect 3\nstate\n");
   EXPECT_THAT(ran.events,
               Contains(AllOf(StartsWith("box 36 "), HasSubstr(world.catalogue.string()), EndsWith(" -> 7"))));
-  EXPECT_THAT(ran.Control(2124)["items"], ElementsAre("Chuck 1", "New")) << "in memory the devices stay";
+  EXPECT_THAT(ran.Control(control::kDeviceList)["items"], ElementsAre("Chuck 1", "New"))
+      << "in memory the devices stay";
   EXPECT_THAT(ReadBytes(world.catalogue), StartsWith("New\n1 "))
       << "what was read before is not written back";
 }

@@ -1,5 +1,6 @@
 #include "dialog/dialog_fixture.h"
 #include "support/golden.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -37,9 +38,9 @@ TEST_F(Finishpart, FiguresCanBePickedButTheirButtonDoesNothing) {
   world.figures = {{151, 3}, {151, 4}};
   const Ran ran = Run("select 28\npress 2010\npress 2011\npress 2015\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "hide", "show", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2039), "shaft");
-  EXPECT_EQ(ran.TextOf(2040), "bore");
-  EXPECT_EQ(ran.TextOf(2015), "Select");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "shaft");
+  EXPECT_EQ(ran.TextOf(control::kFigureInside), "bore");
+  EXPECT_EQ(ran.TextOf(control::kSelect), "Select");
   EXPECT_THAT(world.Stored(), IsEmpty());
   EXPECT_THAT(ran.Bold(), IsEmpty());
 }
@@ -47,8 +48,8 @@ TEST_F(Finishpart, FiguresCanBePickedButTheirButtonDoesNothing) {
 TEST_F(Finishpart, KeepsAnEarlierFirstFigure) {
   StoredIs(16, {"1", "F1", "F2"});
   const Ran ran = Run("select 28\nselect 31\nstate\n");
-  EXPECT_EQ(ran.TextOf(2039), "F1");
-  EXPECT_EQ(ran.TextOf(2040), "");
+  EXPECT_EQ(ran.TextOf(control::kFigureOutside), "F1");
+  EXPECT_EQ(ran.TextOf(control::kFigureInside), "");
 }
 
 TEST_F(Finishpart, StoresASolidAndDrawsNothing) {
@@ -74,7 +75,7 @@ TEST_F(Finishpart, TakesTheNameOfThePickedSolid) {
                           "OrvoSelectOneObject(0, 18432, 'Select Solid!')", "OrvoClearSelection()",
                           "OrvoGetObjectParasolidEntityNumber(101)", "OrvoPsGetBodyNameFromNumber(7)"));
   host.bodies.picks = {7};
-  EXPECT_EQ(Run("select 29\npress 2018\nstate\n").TextOf(2046), "Part");
+  EXPECT_EQ(Run("select 29\npress 2018\nstate\n").TextOf(control::kSolid), "Part");
 }
 
 TEST_F(Finishpart, ABodyOfNumberOneIsOne) {
@@ -88,7 +89,7 @@ TEST_F(Finishpart, ABrokenOffPickOfASolidBlanksThePage) {
   StoredIs(16, {"2", "Part"});
   const Ran ran = Run("select 29\npress 2018\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "hide", "show", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2046), "");
+  EXPECT_EQ(ran.TextOf(control::kSolid), "");
   EXPECT_THAT(Items(16), ElementsAre("2", "Part"));
 }
 

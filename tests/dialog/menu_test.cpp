@@ -1,4 +1,5 @@
 #include "dialog/dialog_fixture.h"
+#include "host/message_ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -53,7 +54,7 @@ TEST_F(MenuTest, ItsCommandRunsWhenTheNodeIsSelected) {
 }
 
 TEST_F(MenuTest, SpeaksTheLanguageOfTheHost) {
-  host.translations = {{1174, "L\xC3\xB6schen"}};
+  host.translations = {{message::kDeleteRecord, "L\xC3\xB6schen"}};
   EXPECT_THAT(Run("context 2\n").events, Contains("popup 2 51000 L\xC3\xB6schen -> null"));
 }
 

@@ -1,4 +1,5 @@
 #include "dialog/clamp_elem_fixture.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -24,22 +25,22 @@ TEST_F(OwnDevice, IsShownByItsPath) {
   Item(1, 2) = "C:\\shop\\chuck.vdm";
   Item(1, 3) = "103 0 12";
   const Ran ran = Run("select 3\nstate\n");
-  EXPECT_EQ(ran.TextOf(2021), "C:\\shop\\chuck.vdm");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.TextOf(2033), "12");
-  EXPECT_EQ(ran.Control(2033)["enabled"], false);
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 2055);
+  EXPECT_EQ(ran.TextOf(control::kPath), "C:\\shop\\chuck.vdm");
+  EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
+  EXPECT_EQ(ran.TextOf(control::kEditB), "12");
+  EXPECT_EQ(ran.Control(control::kEditB)["enabled"], false);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
 }
 
 TEST_F(OwnDevice, BrowsingStoresNothing) {
   HoldsAChuckWithAJaw();
   Item(1, 2) = "Chuck 1";
   const Ran ran = Run("select 3\nfile \"C:\\\\own.vdm\"\npress 2000\nstate\n");
-  EXPECT_EQ(ran.TextOf(2021), "C:\\own.vdm");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 2055);
-  EXPECT_EQ(ran.TextOf(2031), "0");
-  EXPECT_EQ(ran.Control(2031)["enabled"], false);
+  EXPECT_EQ(ran.TextOf(control::kPath), "C:\\own.vdm");
+  EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
+  EXPECT_EQ(ran.TextOf(control::kEditA), "0");
+  EXPECT_EQ(ran.Control(control::kEditA)["enabled"], false);
   EXPECT_EQ(Item(1, 3), "1 80 90 20");
   EXPECT_THAT(ran.transcript,
               Contains(R"({"event":"file-dialog","kind":"open","filter":"","default_extension":"vdm",)"
@@ -50,8 +51,8 @@ TEST_F(OwnDevice, ACancelledBrowseChangesNothing) {
   HoldsAChuckWithAJaw();
   const Ran ran = Run("select 3\nset 2021 typed\npress 2000\nstate\n");
   EXPECT_THAT(ran.events, ElementsAre("focus 2158", "open -", "closed end-of-script"));
-  EXPECT_EQ(ran.TextOf(2021), "typed");
-  EXPECT_EQ(ran.Control(2124)["selected"], 0);
+  EXPECT_EQ(ran.TextOf(control::kPath), "typed");
+  EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], 0);
 }
 
 TEST_F(OwnDevice, IsStoredWithItsSimulationData) {
@@ -62,7 +63,7 @@ TEST_F(OwnDevice, IsStoredWithItsSimulationData) {
   EXPECT_EQ(Item(1, 3), "103 0.000000 12.500000");
   EXPECT_EQ(host.ItemsOf(1000, 5)[2], "#VRML V2.0 utf8\n");
   EXPECT_THAT(ran.Bold(), ElementsAre(3));
-  EXPECT_EQ(ran.TextOf(2033), "12.5");
+  EXPECT_EQ(ran.TextOf(control::kEditB), "12.5");
   EXPECT_EQ(host.vdms[1900].handle, 0U) << "the collector is closed";
 }
 
@@ -155,16 +156,18 @@ TEST_F(OwnDevice, ACentreFromAVdmCanBeStoredAgainWithOtherValues) {
 TEST_F(OwnDevice, IsNotEnteredInTheCatalogue) {
   Item(1, 2) = "/own.vdm";
   Item(1, 3) = "103 7 8";
-  EXPECT_EQ(Run("select 3\nstate\n").Control(2124)["items"], json({"Chuck 1", "Chuck 2"}));
+  EXPECT_EQ(Run("select 3\nstate\n").Control(control::kDeviceList)["items"], json({"Chuck 1", "Chuck 2"}));
 }
 
 TEST_F(OwnDevice, BrowsingShowsTheKindThatThePageIsOn) {
   world.SetMachine({.tail = true});
-  const std::map<int, int> pictures = {{3, 2055}, {4, 2061}, {5, 2057}, {6, 2070}, {7, 2059}, {15, 2052}};
+  const std::map<int, int> pictures = {{3, picture::kOwnChuck},      {4, picture::kOwnJaw},
+                                       {5, picture::kOwnCollet},     {6, picture::kOwnMandrel},
+                                       {7, picture::kOwnFaceDriver}, {15, picture::kOwnCenter}};
   for (const auto& [node, picture] : pictures) {
     const Ran ran = Run("select " + std::to_string(node) + "\nfile /own.vdm\npress 2000\nstate\n");
-    EXPECT_EQ(ran.Control(2146)["bitmap"], picture) << node;
-    EXPECT_EQ(ran.Control(2031)["enabled"], node == 15) << node;
+    EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture) << node;
+    EXPECT_EQ(ran.Control(control::kEditA)["enabled"], node == 15) << node;
   }
 }
 
@@ -178,11 +181,11 @@ TEST_F(OwnDevice, ThatWasOnlyBrowsedForIsNoChoiceFromTheList) {
 TEST_F(OwnDevice, IsShownInPlaceOfTheChoiceFromTheList) {
   OwnFile("/own.vdm", "3 0 5");
   const Ran ran = Run("select 3\nchoose 2124 0\nset 2021 /own.vdm\npress 2155\nstate\n");
-  EXPECT_EQ(ran.Control(2124)["selected"], -1);
-  EXPECT_EQ(ran.TextOf(2021), "/own.vdm");
-  EXPECT_EQ(ran.Control(2146)["bitmap"], 2055);
-  EXPECT_EQ(ran.TextOf(2031), "0");
-  EXPECT_EQ(ran.Control(2031)["enabled"], false);
+  EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
+  EXPECT_EQ(ran.TextOf(control::kPath), "/own.vdm");
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
+  EXPECT_EQ(ran.TextOf(control::kEditA), "0");
+  EXPECT_EQ(ran.Control(control::kEditA)["enabled"], false);
 }
 
 TEST_F(OwnDevice, AChuckLeavesJawAndOptionsAlone) {

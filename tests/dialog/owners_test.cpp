@@ -1,6 +1,7 @@
 #include "dialog/dialog_fixture.h"
 #include "dialog/dlg_main.h"
 #include "support/file_choices.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -34,10 +35,10 @@ class Owners : public DialogTest {
 
 TEST_F(Owners, BoxesOfThePagesStandInFrontOfTheHostsWindow) {
   dialog::CDlgMain dialog(&world.window, view);
-  dialog.SelectNode(20);
-  dialog.Press(2015);
-  dialog.SetText(2045, "x");
-  dialog.Press(2015);
+  dialog.SelectNode(node::kBilletFromFigureMain);
+  dialog.Press(control::kSelect);
+  dialog.SetText(control::kPartLength, "x");
+  dialog.Press(control::kSelect);
   ASSERT_EQ(host.boxes.size(), 2U);
   for (const platform::MessageBox& box : host.boxes) EXPECT_EQ(box.owner, FakeHost::WindowOf(2)) << box.text;
 }
@@ -45,7 +46,7 @@ TEST_F(Owners, BoxesOfThePagesStandInFrontOfTheHostsWindow) {
 TEST_F(Owners, TheQuestionBeforeALoadStandsInFrontOfTheDialog) {
   dialog::CDlgMain dialog(&world.window, view);
   files.choices = {"/old.vdm"};
-  dialog.Press(2144);
+  dialog.Press(control::kLoad);
   ASSERT_EQ(host.boxes.size(), 1U);
   EXPECT_EQ(host.boxes[0].owner, &view);
   EXPECT_EQ(host.boxes[0].caption, "");
@@ -53,8 +54,8 @@ TEST_F(Owners, TheQuestionBeforeALoadStandsInFrontOfTheDialog) {
 
 TEST_F(Owners, ConfigurationsAreChosenInFrontOfTheDialogAndConfirmedBeforeTheyAreOverwritten) {
   dialog::CDlgMain dialog(&world.window, view);
-  dialog.Press(2153);
-  dialog.Press(2144);
+  dialog.Press(control::kSave);
+  dialog.Press(control::kLoad);
   ASSERT_EQ(files.asked.size(), 2U);
   EXPECT_EQ(files.asked[0].kind, FileQuestion::Kind::kSave);
   EXPECT_EQ(files.asked[1].kind, FileQuestion::Kind::kOpen);
@@ -66,8 +67,8 @@ TEST_F(Owners, ConfigurationsAreChosenInFrontOfTheDialogAndConfirmedBeforeTheyAr
 
 TEST_F(Owners, OwnDevicesAreChosenInFrontOfTheDialog) {
   dialog::CDlgMain dialog(&world.window, view);
-  dialog.SelectNode(3);
-  dialog.Press(2000);
+  dialog.SelectNode(node::kChuckMain);
+  dialog.Press(control::kBrowse);
   ASSERT_EQ(files.asked.size(), 1U);
   EXPECT_EQ(files.asked[0].owner, &view);
 }
@@ -76,10 +77,10 @@ TEST_F(Owners, CataloguesAreChosenInFrontOfTheDialog) {
   host.environment["clampmdb"] = "/no/such.cld";
   host.answers = {platform::answer::kYes, platform::answer::kYes};
   dialog::CDlgMain dialog(&world.window, view);
-  dialog.SelectNode(36);
-  dialog.SetText(2123, "New");
-  for (const int edit : {2033, 2034}) dialog.SetText(edit, "1");
-  dialog.Press(2152);
+  dialog.SelectNode(node::kNewChuck);
+  dialog.SetText(control::kNameList, "New");
+  for (const int edit : {control::kEditB, control::kEditC}) dialog.SetText(edit, "1");
+  dialog.Press(control::kSaveDevice);
   ASSERT_EQ(files.asked.size(), 2U) << "at the start, and before the write";
   for (const FileQuestion& question : files.asked) EXPECT_EQ(question.owner, &view);
 }

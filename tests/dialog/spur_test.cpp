@@ -1,4 +1,5 @@
 #include "dialog/dialog_fixture.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -46,7 +47,7 @@ TEST_F(SpurTest, AChangeKeepsThePagesKindOfDevice) {
   host.vdms[2000].records[1][6] = "104 0 7";
   const Ran ran = Run("select 4\nchoose 2020 1\nstate\n");
   EXPECT_EQ(ran.State()["device_type"], 5);
-  EXPECT_EQ(ran.TextOf(2021), "/jaw.vdm");
+  EXPECT_EQ(ran.TextOf(control::kPath), "/jaw.vdm");
 }
 
 /// What a page stores, and where it shows it again.
@@ -62,13 +63,13 @@ struct Stored {
 TEST_F(SpurTest, EachPageWritesAndReadsTheSpurThatIsShown) {
   const Stored kStored[] = {
       {"select 19\nset 2022 80\nset 2023 9\npress 2016\n", 1, 8,
-       "1 80.000000 9.000000 0.000000 0.000000 0.000000 0 0.000000", 19, 2022, "80"},
-      {"select 20\nset 2039 F1\npress 2015\n", 1, 9, "F1", 20, 2039, "F1"},
-      {"select 21\nset 2046 Part\npress 2015\n", 1, 7, "Part", 21, 2046, "Part"},
-      {"select 29\nset 2046 Part\npress 2015\n", 16, 3, "Part", 29, 2046, "Part"},
+       "1 80.000000 9.000000 0.000000 0.000000 0.000000 0 0.000000", 19, control::kOuterDiameter, "80"},
+      {"select 20\nset 2039 F1\npress 2015\n", 1, 9, "F1", 20, control::kFigureOutside, "F1"},
+      {"select 21\nset 2046 Part\npress 2015\n", 1, 7, "Part", 21, control::kSolid, "Part"},
+      {"select 29\nset 2046 Part\npress 2015\n", 16, 3, "Part", 29, control::kSolid, "Part"},
       {"select 34\nset 2214 4\npress 2015\n", 3, 2, "1 0.000000 0.000000 0.000000 0.000000 4.000000", 34,
-       2214, "4"},
-      {"select 3\nchoose 2124 0\npress 2154\n", 1, 2, "Chuck 1", 3, 2124, "Chuck 1"},
+       control::kOriginSub, "4"},
+      {"select 3\nchoose 2124 0\npress 2154\n", 1, 2, "Chuck 1", 3, control::kDeviceList, "Chuck 1"},
   };
   WriteBytes(world.catalogue, "Chuck 1\n1 80 90 20\n");
   host.bodies.byNumber = {{7, {"Part"}}};
@@ -88,7 +89,7 @@ TEST_F(SpurTest, TheSteadyRestIsThatOfTheSpurThatIsShown) {
   const Ran ran = Run("choose 2020 1\nselect 16\nset 2019 1\npress 2015\nstate\nchoose 2020 0\nstate\n");
   EXPECT_THAT(world.Stored(1000), IsEmpty());
   EXPECT_EQ(host.ItemsOf(2000, 4)[2], "1");
-  EXPECT_EQ(ran.Control(2019)["checked"], false);
+  EXPECT_EQ(ran.Control(control::kUseBezel)["checked"], false);
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 #include "dialog/dlg_main.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 #include "dialog/dialog_fixture.h"
 #include "support/golden.h"
@@ -24,7 +26,11 @@ TEST_F(StartTest, ShowsTheEmptyPageAndNoSelection) {
 }
 
 TEST_F(StartTest, GivesTheDialogTheTextsOfTheHost) {
-  host.translations = {{700, "Ausr\xC3\xBCstung"}, {5, "Ja"}, {8, "Hilfe"}, {701, "Laden"}, {702, "Sichern"}};
+  host.translations = {{message::kEquipmentDefinition, "Ausr\xC3\xBCstung"},
+                       {message::kOk, "Ja"},
+                       {message::kHelp, "Hilfe"},
+                       {message::kLoadConfiguration, "Laden"},
+                       {message::kSaveConfiguration, "Sichern"}};
   const Ran ran = Run("state\n");
   const json& controls = ran.State()["dialog"];
   EXPECT_EQ(ran.State()["caption"], "Ausr\xC3\xBCstung");
@@ -58,7 +64,7 @@ TEST_F(StartTest, OffersTheSpursOfTheMachineWithTheFirstSelected) {
   EXPECT_EQ(combo["text"], "Spindle 1");
   EXPECT_EQ(combo["visible"], true);
   EXPECT_EQ(ran.State()["spur"], 0);
-  host.translations = {{741, "Spindel"}};
+  host.translations = {{message::kSpindle, "Spindel"}};
   world.SetMachine({.spurs = 50});
   ran = Run("choose 2020 49\nstate\n");
   EXPECT_EQ(ran.State()["dialog"]["2020"]["items"].size(), 50U);
@@ -89,7 +95,7 @@ TEST_F(StartTest, SearchesTheCatalogueByTheLeadingLinesOfTheScript) {
   const std::string other = (world.folder / "other.cld").string();
   const Ran ran = Run("answer yes\nfile \"" + other + "\"\nselect 3\nstate\n");
   EXPECT_THAT(ran.events, Contains("open " + other));
-  EXPECT_EQ(ran.Control(2124)["items"], json({"Chuck 1"}));
+  EXPECT_EQ(ran.Control(control::kDeviceList)["items"], json({"Chuck 1"}));
   EXPECT_THAT(host.TakeCalls(),
               Contains("OrvoCommand('file a '' $_project 'CLAMP_DB_PATH' '" + other + "'')"));
 }
@@ -97,7 +103,7 @@ TEST_F(StartTest, SearchesTheCatalogueByTheLeadingLinesOfTheScript) {
 TEST_F(StartTest, GoesOnWithAnEmptyCatalogue) {
   host.environment["clampmdb"] = "/no/such.cld";
   for (const char* script : {"select 3\nstate\n", "answer yes\nfile cancel\nselect 3\nstate\n"}) {
-    EXPECT_EQ(Run(script).Control(2124)["items"], json::array()) << script;
+    EXPECT_EQ(Run(script).Control(control::kDeviceList)["items"], json::array()) << script;
   }
 }
 
@@ -130,7 +136,7 @@ TEST_F(StartTest, HandsTheHostsWindowAndItsFlagToTheView) {
   EXPECT_EQ(dialog.Result(), view::kClosedByOk);
   dialog.EndDialog(0);
   EXPECT_EQ(dialog.Result(), 0);
-  dialog.SelectNode(19);
+  dialog.SelectNode(node::kBilletCylindricMain);
   EXPECT_EQ(dialog.State().selectedNode, 0) << "a closed dialog takes no events";
 }
 

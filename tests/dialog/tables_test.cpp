@@ -5,6 +5,8 @@
 #include "dialog/device_letters.h"
 #include "dialog/dialog_fixture.h"
 #include "dialog/tree_nodes.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -66,13 +68,40 @@ TEST_F(Tables, EveryTextThatIsToBeReplacedIsReplaced) {
 
 TEST_F(Tables, EveryTextIsThatOfItsMessage) {
   constexpr Shown kShown[] = {
-      {3, 2154, 743},   {3, 2159, 745},   {3, 2155, 744},   {4, 2179, 1178},  {4, 2141, 1165},
-      {16, 2019, 742},  {16, 2015, 724},  {19, 2018, 725},  {19, 2138, 739},  {19, 2016, 724},
-      {20, 2132, 726},  {20, 2133, 727},  {20, 2015, 724},  {20, 2145, 1164}, {21, 2156, 406},
-      {21, 2145, 1164}, {21, 2122, 1166}, {21, 2117, 1167}, {21, 2015, 724},  {28, 2132, 726},
-      {28, 2133, 727},  {28, 2015, 724},  {29, 2156, 406},  {29, 2015, 724},  {34, 2171, 718},
-      {34, 2204, 704},  {34, 2202, 1175}, {34, 2205, 1177}, {34, 2208, 710},  {34, 2210, 1176},
-      {34, 2212, 1177}, {34, 2015, 724},  {36, 2152, 734},  {36, 2127, 735},
+      {node::kChuckMain, control::kSelectParametric, message::kSelectParametric},
+      {node::kChuckMain, control::kPathLabel, message::kOwnPath},
+      {node::kChuckMain, control::kSelectOwn, message::kSelectOwn},
+      {node::kJawMain, control::kJawsLabel, message::kJawCount},
+      {node::kJawMain, control::kInnerChucking, message::kInnerChucking},
+      {node::kBezel, control::kUseBezel, message::kUseBezel},
+      {node::kBezel, control::kSelect, message::kSelect},
+      {node::kBilletCylindricMain, control::kPickSolid, message::kValuesFromSolid},
+      {node::kBilletCylindricMain, control::kHideBillet, message::kHideBillet},
+      {node::kBilletCylindricMain, control::kSelectCylinder, message::kSelect},
+      {node::kBilletFromFigureMain, control::kFigureOutsideLabel, message::kFigureOutside},
+      {node::kBilletFromFigureMain, control::kFigureInsideLabel, message::kFigureInside},
+      {node::kBilletFromFigureMain, control::kSelect, message::kSelect},
+      {node::kBilletFromFigureMain, control::kPartLengthLabel, message::kPartLength},
+      {node::kBilletFromSolidMain, control::kSolidLabel, message::kSolid},
+      {node::kBilletFromSolidMain, control::kPartLengthLabel, message::kPartLength},
+      {node::kBilletFromSolidMain, control::kClampDiameterLabel, message::kClampDiameter},
+      {node::kBilletFromSolidMain, control::kAngleLabel, message::kAngle},
+      {node::kBilletFromSolidMain, control::kSelect, message::kSelect},
+      {node::kFinishPartFromFigureMain, control::kFigureOutsideLabel, message::kFigureOutside},
+      {node::kFinishPartFromFigureMain, control::kFigureInsideLabel, message::kFigureInside},
+      {node::kFinishPartFromFigureMain, control::kSelect, message::kSelect},
+      {node::kFinishPartFromSolidMain, control::kSolidLabel, message::kSolid},
+      {node::kFinishPartFromSolidMain, control::kSelect, message::kSelect},
+      {node::kDatum, control::kHeader, message::kRootDatum},
+      {node::kDatum, control::kMainTitle, message::kMainSpindle},
+      {node::kDatum, control::kClampingOutMainLabel, message::kClampingOutMain},
+      {node::kDatum, control::kOriginMainLabel, message::kOrigin},
+      {node::kDatum, control::kSubTitle, message::kSubSpindle},
+      {node::kDatum, control::kClampingOutSubLabel, message::kClampingOutSub},
+      {node::kDatum, control::kOriginSubLabel, message::kOrigin},
+      {node::kDatum, control::kSelect, message::kSelect},
+      {node::kNewChuck, control::kSaveDevice, message::kSave},
+      {node::kNewChuck, control::kDeleteDevice, message::kDelete},
   };
   for (const Shown& shown : kShown) {
     host.translations[shown.message] = "T" + std::to_string(shown.message);
@@ -93,10 +122,12 @@ TEST_F(Tables, TextsArePutInOnceWhenThePageIsFirstShown) {
 }
 
 TEST_F(Tables, HeadersNameTheSpindleAndThePage) {
-  host.translations = {{704, "Haupt"}, {710, "Gegen"}, {715, "a"}, {717, "b"},
-                       {1160, "c"},    {1172, "d"},    {1173, "e"}};
+  host.translations = {{message::kMainSpindle, "Haupt"},    {message::kSubSpindle, "Gegen"},
+                       {message::kBilletCylindric, "a"},    {message::kBilletFromGeometry, "b"},
+                       {message::kBilletFromSolid, "c"},    {message::kFinishPartFromGeometry, "d"},
+                       {message::kFinishPartFromSolid, "e"}};
   const auto header = [&](int node) {
-    return Run("select " + std::to_string(node) + "\nstate\n").TextOf(2171);
+    return Run("select " + std::to_string(node) + "\nstate\n").TextOf(control::kHeader);
   };
   const std::map<int, const char*> headers = {
       {19, "Haupt: a"}, {20, "Haupt: b"}, {21, "Haupt: c"}, {23, "Gegen: a"}, {24, "Gegen: b"},

@@ -1,5 +1,6 @@
 #include "dialog/dialog_fixture.h"
 #include "dialog/dlg_main.h"
+#include "view/ids.h"
 
 namespace vanzet::test {
 namespace {
@@ -16,7 +17,8 @@ class NotingView final : public view::DialogView {
   void StateChanged(const view::DialogState& state) override {
     std::string line = state.page;
     for (const view::Control& control : state.controls) {
-      if (control.id == 2022 || control.id == 2023) line += " " + control.text;
+      if (control.id == control::kOuterDiameter || control.id == control::kCylinderLength)
+        line += " " + control.text;
     }
     told.push_back(line);
   }
@@ -47,17 +49,17 @@ TEST_F(Telling, AViewKnowsTheStateBeforeItServes) {
 
 TEST_F(Telling, AViewKnowsThePageBeforeTheFocusMovesAndTheStateWhenAnEventIsOver) {
   dialog::CDlgMain dialog(nullptr, view);
-  dialog.SelectNode(19);
+  dialog.SelectNode(node::kBilletCylindricMain);
   EXPECT_THAT(view.told, ElementsAre("CPageBilletCylindric 0 0", "focus 2158", "CPageBilletCylindric 0 0"));
 }
 
 TEST_F(Telling, AViewShowsWhatWasPickedAsSoonAsItIsBack) {
   dialog::CDlgMain dialog(nullptr, view);
-  dialog.SelectNode(19);
-  dialog.SetText(2022, "5,5");
+  dialog.SelectNode(node::kBilletCylindricMain);
+  dialog.SetText(control::kOuterDiameter, "5,5");
   world.positions = {{0, 7, 1}};
   view.told.clear();
-  dialog.Press(2006);
+  dialog.Press(control::kPickCylinderLength);
   EXPECT_THAT(view.told, ElementsAre("CPageBilletCylindric 5,5 0", "hide", "CPageBilletCylindric 5.5 7",
                                      "show", "CPageBilletCylindric 5.5 7"));
 }
@@ -67,11 +69,11 @@ TEST_F(Telling, CombosForChoicesTakeNoTyping) {
   const auto isList = [&](const std::vector<view::Control>& controls, std::int32_t id) {
     return std::ranges::find(controls, id, &view::Control::id)->isList;
   };
-  EXPECT_TRUE(isList(dialog.State().dialog, 2020));
-  dialog.SelectNode(3);
-  EXPECT_TRUE(isList(dialog.State().controls, 2124));
-  dialog.SelectNode(36);
-  EXPECT_FALSE(isList(dialog.State().controls, 2123)) << "the name of a new device is typed";
+  EXPECT_TRUE(isList(dialog.State().dialog, control::kSpurs));
+  dialog.SelectNode(node::kChuckMain);
+  EXPECT_TRUE(isList(dialog.State().controls, control::kDeviceList));
+  dialog.SelectNode(node::kNewChuck);
+  EXPECT_FALSE(isList(dialog.State().controls, control::kNameList)) << "the name of a new device is typed";
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 #include "dialog/tree_nodes.h"
+#include "host/message_ids.h"
+#include "view/ids.h"
 
 #include <set>
 #include <utility>
@@ -35,9 +37,9 @@ TEST(TreeTable, NeedsOfANodeAreThoseOfItsParentOrMore) {
 
 TEST(TreeTable, HasTheBitmapsOfTheModule) {
   std::set<std::int32_t> bitmaps;
-  for (const dialog::TreeNodeRow& row : TreeNodes()) bitmaps.insert({row.bitmap, row.selectedBitmap});
-  EXPECT_EQ(*bitmaps.begin(), 2072);
-  EXPECT_EQ(*bitmaps.rbegin(), 2113);
+  for (const dialog::TreeNodeRow& row : TreeNodes()) bitmaps.insert({row.bitmap, row.SelectedBitmap()});
+  EXPECT_EQ(*bitmaps.begin(), icon::kBezel);
+  EXPECT_EQ(*bitmaps.rbegin(), icon::Selected(icon::kDatum));
 }
 
 class TreeTest : public DialogTest {
@@ -119,7 +121,7 @@ TEST_F(TreeTest, OpensEveryBranchButTheOneOfNewDevices) {
 }
 
 TEST_F(TreeTest, SpeaksTheLanguageOfTheHost) {
-  host.translations = {{706, "Backe"}, {703, "Spannmittel"}};
+  host.translations = {{message::kJaw, "Backe"}, {message::kClampDevice, "Spannmittel"}};
   const Ran ran = Run("state\n");
   const json& tree = ran.State()["tree"];
   EXPECT_EQ(tree[0]["text"], "Spannmittel");

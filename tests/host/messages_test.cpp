@@ -1,4 +1,5 @@
 #include "host/messages.h"
+#include "host/message_ids.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +24,7 @@ TEST(TextMessage, IsTheDefaultWhereTheHostHasNone) {
 
 TEST(TextMessage, IsTheTranslationWhereTheHostHasOne) {
   FakeHost host;
-  host.translations[704] = "Hauptspindel";
+  host.translations[message::kMainSpindle] = "Hauptspindel";
   std::string out;
   EXPECT_STREQ(TextMessage(704, "*Mainspindle", out), "Hauptspindel");
   EXPECT_EQ(out, "Hauptspindel");

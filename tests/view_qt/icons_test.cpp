@@ -1,4 +1,5 @@
 #include "view/qt/icons.h"
+#include "view/ids.h"
 
 #include <gmock/gmock.h>
 
@@ -37,7 +38,7 @@ QImage Drawn(const QIcon& icon, int size, QIcon::Mode mode = QIcon::Normal) {
 
 TEST(Icons, AreThereForEveryNodeOfTheTree) {
   for (const dialog::TreeNodeRow& node : dialog::TreeNodes()) {
-    const QIcon icon = IconOfNode(node.bitmap, node.selectedBitmap);
+    const QIcon icon = IconOfNode(node.bitmap, node.SelectedBitmap());
     for (const int size : {16, 20, 32, 64}) {
       EXPECT_FALSE(IsEmpty(Drawn(icon, size))) << node.id << " " << size;
       EXPECT_FALSE(IsEmpty(Drawn(icon, size, QIcon::Selected))) << node.id << " " << size;
@@ -49,33 +50,39 @@ TEST(Icons, AreThereForEveryIdFrom2072To2113) {
   std::set<std::int32_t> ids;
   for (const NodeIcon& row : NodeIcons()) {
     EXPECT_TRUE(ids.insert(row.bitmap).second) << row.bitmap;
+    EXPECT_TRUE(ids.insert(icon::Selected(row.bitmap)).second) << row.bitmap;
     EXPECT_FALSE(IsEmpty(Drawn(IconOf(row.file), 16))) << row.file;
   }
   EXPECT_EQ(ids.size(), 42U);
-  EXPECT_EQ(*ids.begin(), 2072);
-  EXPECT_EQ(*ids.rbegin(), 2113);
+  EXPECT_EQ(*ids.begin(), icon::kBezel);
+  EXPECT_EQ(*ids.rbegin(), icon::Selected(icon::kDatum));
 }
 
 TEST(Icons, OfTheSubSpindleLookTheOtherWay) {
-  const QImage main = Drawn(IconOfNode(2092, 2093), 32);
-  EXPECT_TRUE(AreAlike(Drawn(IconOfNode(2094, 2095), 32), main.mirrored(true, false)));
+  const QImage main = Drawn(IconOfNode(icon::kCollet, icon::Selected(icon::kCollet)), 32);
+  EXPECT_TRUE(AreAlike(Drawn(IconOfNode(icon::kColletSub, icon::Selected(icon::kColletSub)), 32),
+                       main.mirrored(true, false)));
   EXPECT_FALSE(AreAlike(main, main.mirrored(true, false)));
 }
 
 TEST(Icons, StandOutFromTheGroundOfASelectedNode) {
-  EXPECT_NE(Drawn(IconOfNode(2088, 2089), 32), Drawn(IconOfNode(2088, 2089), 32, QIcon::Selected));
+  EXPECT_NE(Drawn(IconOfNode(icon::kChuck, icon::Selected(icon::kChuck)), 32),
+            Drawn(IconOfNode(icon::kChuck, icon::Selected(icon::kChuck)), 32, QIcon::Selected));
 }
 
 TEST(Icons, OfAnUnknownBitmapAreEmpty) {
-  EXPECT_TRUE(IconOfNode(2071, 2071).isNull());
+  EXPECT_TRUE(IconOfNode(picture::kMandrel, picture::kMandrel).isNull());
 }
 
 TEST(Icons, OfButtonsAreThere) {
-  for (const std::int32_t id : {1, 2012, 2144, 2153, 2015, 2016, 2018, 2127, 2152, 2154, 2155}) {
+  for (const std::int32_t id :
+       {control::kOk, control::kHelp, control::kLoad, control::kSave, control::kSelect,
+        control::kSelectCylinder, control::kPickSolid, control::kDeleteDevice, control::kSaveDevice,
+        control::kSelectParametric, control::kSelectOwn}) {
     EXPECT_FALSE(IsEmpty(Drawn(IconOf(IconOfButton(id, "Text").file), 16))) << id;
   }
-  EXPECT_TRUE(IconOfButton(2005, ">>").replacesText);
-  EXPECT_TRUE(IconOfButton(2000, "...").replacesText);
+  EXPECT_TRUE(IconOfButton(control::kPickOuterDiameter, ">>").replacesText);
+  EXPECT_TRUE(IconOfButton(control::kBrowse, "...").replacesText);
   EXPECT_EQ(IconOfButton(77, "Text").file, nullptr);
 }
 

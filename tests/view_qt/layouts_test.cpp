@@ -1,3 +1,4 @@
+#include "view/ids.h"
 #include "view/qt/page_layouts.h"
 
 #include <QComboBox>
@@ -86,11 +87,11 @@ TEST_F(Layouts, LetTheTabKeyReachEveryControlThatIsOpen) {
       for (const Control& control : *controls) {
         const bool isUsed = control.kind != ControlKind::kLabel && control.kind != ControlKind::kPicture;
         // The edit of a spin is reached as the spin.
-        if (!isUsed || !control.isVisible || !control.isEnabled || control.id == 2180) continue;
+        if (!isUsed || !control.isVisible || !control.isEnabled || control.id == control::kJawsEdit) continue;
         EXPECT_TRUE(reached.contains(control.id)) << state.page << " " << control.id;
       }
     }
-    EXPECT_TRUE(reached.contains(view::kTreeControl)) << "and back to the tree";
+    EXPECT_TRUE(reached.contains(control::kTree)) << "and back to the tree";
   });
 }
 

@@ -1,4 +1,5 @@
 #include "view/qt/pictures/pictures.h"
+#include "view/ids.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +24,7 @@ std::vector<Control> PageWith(const DeviceParams& params) {
   std::vector<Control> controls;
   for (char letter = 'A'; letter <= 'J'; ++letter) {
     const double value = ValueOf(params, letter);
-    controls.push_back({.id = EditOfLetter(letter),
+    controls.push_back({.id = control::EditOfLetter(letter),
                         .kind = ControlKind::kEdit,
                         .text = std::to_string(value),
                         .isReal = true,
@@ -52,7 +53,8 @@ TEST(Pictures, AreThereForEveryTypeOfDevice) {
 }
 
 TEST(Pictures, AreThereForEveryOtherPage) {
-  for (const std::int32_t bitmap : {2047, 2048, 2049, 2050, 2051, 2114}) {
+  for (const std::int32_t bitmap : {picture::kBezel, picture::kBilletMain, picture::kBilletSub,
+                                    picture::kFigure, picture::kSolid, picture::kDatum}) {
     EXPECT_FALSE(SketchOf(bitmap, PageValues({})).shapes.empty()) << bitmap;
   }
   EXPECT_TRUE(SketchOf(0, PageValues({})).shapes.empty());
@@ -124,7 +126,7 @@ TEST(Pictures, MeasureWhatTheLetterSays) {
 TEST(Pictures, TellWhichValuesCannotBe) {
   const Sketch sketch = Drawn({.type = 2, .A = 30, .B = 80, .C = 90, .D = 16, .E = 42, .F = 4});
   EXPECT_EQ(sketch.fault, QStringLiteral("C must be less than B."));
-  EXPECT_THAT(sketch.wrong, testing::ElementsAre(EditOfLetter('C'), EditOfLetter('B')));
+  EXPECT_THAT(sketch.wrong, testing::ElementsAre(control::EditOfLetter('C'), control::EditOfLetter('B')));
   EXPECT_TRUE(sketch.isExample);
   EXPECT_EQ(Drawn({.type = 9, .A = -1, .B = 1, .D = 1}).fault, QStringLiteral("A must be above 0."));
 }
@@ -132,9 +134,9 @@ TEST(Pictures, TellWhichValuesCannotBe) {
 TEST(Pictures, TellThatSomethingIsNoNumber) {
   std::vector<Control> controls = PageWith(ExampleOf(1));
   controls[1].number.reset();
-  const Sketch sketch = SketchOf(2056, PageValues(controls));
+  const Sketch sketch = SketchOf(picture::kChuck, PageValues(controls));
   EXPECT_EQ(sketch.fault, QStringLiteral("B is not a number."));
-  EXPECT_THAT(sketch.wrong, testing::ElementsAre(EditOfLetter('B')));
+  EXPECT_THAT(sketch.wrong, testing::ElementsAre(control::EditOfLetter('B')));
 }
 
 TEST(Pictures, OfMissingValuesAreExamples) {
@@ -147,7 +149,7 @@ TEST(Pictures, OfMissingValuesAreExamples) {
 std::vector<Control> Billet(double outer, double length, double front, double rear, double inner,
                             double bar) {
   std::vector<Control> controls;
-  std::int32_t id = 2022;
+  std::int32_t id = control::kOuterDiameter;
   for (const double value : {outer, length, front, rear, inner, bar}) {
     controls.push_back({.id = id++, .kind = ControlKind::kEdit, .isReal = true, .number = value});
   }
@@ -156,16 +158,17 @@ std::vector<Control> Billet(double outer, double length, double front, double re
 
 TEST(Pictures, OfABilletFollowItAndLieMirroredOnTheSubSpindle) {
   const auto controls = Billet(80, 100, 2, 5, 20, 0);
-  EXPECT_EQ(BoundsOf(SketchOf(2048, PageValues(controls))), QRectF(-100, 10, 100, 30));
-  EXPECT_EQ(BoundsOf(SketchOf(2049, PageValues(controls))).normalized(), QRectF(0, 10, 100, 30));
+  EXPECT_EQ(BoundsOf(SketchOf(picture::kBilletMain, PageValues(controls))), QRectF(-100, 10, 100, 30));
+  EXPECT_EQ(BoundsOf(SketchOf(picture::kBilletSub, PageValues(controls))).normalized(),
+            QRectF(0, 10, 100, 30));
 }
 
 TEST(Pictures, OfABilletTellWhatTheDialogWouldTakeBack) {
-  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 81, 0))).fault,
+  EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(80, 100, 2, 5, 81, 0))).fault,
             QStringLiteral("E must not exceed A."));
-  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 0, 106))).fault,
+  EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(80, 100, 2, 5, 0, 106))).fault,
             QStringLiteral("F must be 0 or at least B + C + D = 107."));
-  EXPECT_EQ(SketchOf(2048, PageValues(Billet(80, 100, 2, 5, 80, 107))).fault, QString());
+  EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(80, 100, 2, 5, 80, 107))).fault, QString());
 }
 
 TEST(Pictures, AreDrawnInAnySize) {
@@ -191,7 +194,7 @@ TEST(Pictures, SurviveValuesOfEveryKind) {
       QImage image(200, 200, QImage::Format_RGB32);
       QPainter painter(&image);
       Paint(painter, QRectF(image.rect()), sketch,
-            {QPalette(), QFont(), EditOfLetter('A'), QStringLiteral("1")});
+            {QPalette(), QFont(), control::EditOfLetter('A'), QStringLiteral("1")});
     }
   }
 }

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include "view/ids.h"
 #include "view/qt/page_panel.h"
 #include "view/qt/tree_panel.h"
 #include "view_qt/window_fixture.h"
@@ -42,7 +43,7 @@ TEST_F(Window, TakesTheEnterKeyForOk) {
       << "in the tree";
   EXPECT_EQ(Serve([&](DialogWindow& window) {
               Do(window, "select 19\n");
-              Edit(window, 2022).setFocus();
+              Edit(window, control::kOuterDiameter).setFocus();
               Key(window, Qt::Key_Return);
             }),
             view::kClosedByOk);
@@ -51,7 +52,7 @@ TEST_F(Window, TakesTheEnterKeyForOk) {
 TEST_F(Window, PressesTheButtonThatHasTheFocus) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\n");
-    window.WidgetOf(2016)->setFocus();
+    window.WidgetOf(control::kSelectCylinder)->setFocus();
     Key(window, Qt::Key_Return);
   });
   EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 50.000000 60.000000")));
@@ -79,7 +80,7 @@ TEST_F(Window, OffersTheMenuOfANodeByKeysToo) {
   for (const bool isByF10 : {false, true}) {
     Serve([&](DialogWindow& window) {
       Do(window, "select 18\n");
-      responder.entry = 51000;
+      responder.entry = command::kDeleteRecord;
       if (isByF10) return Key(window, Qt::Key_F10, Qt::ShiftModifier);
       // What a display makes of the menu key.
       QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
@@ -121,7 +122,7 @@ TEST_F(Window, HidesForAPickAndComesBackWhereItWas) {
     Do(window, "select 19\npress 2005\n");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.pos(), place);
-    EXPECT_EQ(Edit(window, 2022).text(), QStringLiteral("40"));
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), QStringLiteral("40"));
   });
   EXPECT_TRUE(wasHidden);
 }
@@ -157,21 +158,22 @@ TEST_F(Window, IsClosedWhenTheApplicationEnds) {
 TEST_F(Window, TellsBesideTheEditThatSomethingIsNoNumberAndStopsNobody) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\nset 2024 1,5\n");
-    EXPECT_TRUE(Edit(window, 2024).accessibleDescription().isEmpty()) << "a comma is a point";
+    EXPECT_TRUE(Edit(window, control::kFrontAllowance).accessibleDescription().isEmpty())
+        << "a comma is a point";
     Do(window, "set 2024 1.5x\n");
-    EXPECT_EQ(Edit(window, 2024).accessibleDescription(), QStringLiteral("Not a number"));
-    EXPECT_TRUE(Edit(window, 2024).actions().constFirst()->isVisible());
-    EXPECT_EQ(Edit(window, 2024).text(), QStringLiteral("1.5x"));
+    EXPECT_EQ(Edit(window, control::kFrontAllowance).accessibleDescription(), QStringLiteral("Not a number"));
+    EXPECT_TRUE(Edit(window, control::kFrontAllowance).actions().constFirst()->isVisible());
+    EXPECT_EQ(Edit(window, control::kFrontAllowance).text(), QStringLiteral("1.5x"));
     Do(window, "set 2024 \"\"\n");
-    EXPECT_TRUE(Edit(window, 2024).accessibleDescription().isEmpty()) << "empty is 0";
+    EXPECT_TRUE(Edit(window, control::kFrontAllowance).accessibleDescription().isEmpty()) << "empty is 0";
   });
 }
 
 TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
-    EXPECT_EQ(window.focusWidget(), window.WidgetOf(2027));
-    EXPECT_EQ(Edit(window, 2027).selectedText(), QStringLiteral("0"));
+    EXPECT_EQ(window.focusWidget(), window.WidgetOf(control::kBarLength));
+    EXPECT_EQ(Edit(window, control::kBarLength).selectedText(), QStringLiteral("0"));
   });
 }
 
@@ -195,7 +197,8 @@ TEST_F(Window, SaysItsOwnWordsInGerman) {
   qputenv("VANZET_LANGUAGE", "de");
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\n");
-    EXPECT_EQ(window.WidgetOf(2022)->accessibleName(), QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
+    EXPECT_EQ(window.WidgetOf(control::kOuterDiameter)->accessibleName(),
+              QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
   });
   qputenv("VANZET_LANGUAGE", "en");
 }
@@ -204,9 +207,9 @@ TEST_F(Window, NamesTheValuesOfTheDeviceThatIsChosen) {
   WriteBytes(world.catalogue, "Soft\n9 38 62 12 24 0 0 0 0 0 0\n");
   Serve([&](DialogWindow& window) {
     Do(window, "select 4\n");
-    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Not used"));
+    EXPECT_EQ(window.WidgetOf(control::kEditD)->accessibleName(), QStringLiteral("D: Not used"));
     Do(window, "choose 2124 Soft\n");
-    EXPECT_EQ(window.WidgetOf(2036)->accessibleName(), QStringLiteral("D: Thickness (mm)"));
+    EXPECT_EQ(window.WidgetOf(control::kEditD)->accessibleName(), QStringLiteral("D: Thickness (mm)"));
   });
 }
 
@@ -214,9 +217,9 @@ TEST_F(Window, ScrollsToWhereTheFocusGoes) {
   Serve([&](DialogWindow& window) {
     window.resize(900, 320);
     Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\n");
-    Edit(window, 2022).setFocus();
+    Edit(window, control::kOuterDiameter).setFocus();
     Do(window, "press 2016\n");
-    EXPECT_FALSE(Edit(window, 2027).visibleRegion().isEmpty());
+    EXPECT_FALSE(Edit(window, control::kBarLength).visibleRegion().isEmpty());
   });
 }
 
@@ -226,8 +229,8 @@ TEST_F(Window, ChangesNothingByAWheelThatPassesOver) {
     window.Tree().setFocus();
     QWheelEvent turn(QPointF(5, 5), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(window.WidgetOf(2181), &turn);
-    EXPECT_EQ(qobject_cast<QSpinBox*>(window.WidgetOf(2181))->value(), 5);
+    QApplication::sendEvent(window.WidgetOf(control::kJawSpin), &turn);
+    EXPECT_EQ(qobject_cast<QSpinBox*>(window.WidgetOf(control::kJawSpin))->value(), 5);
   });
 }
 

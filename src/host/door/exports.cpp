@@ -7,6 +7,7 @@
 #include "host/bridge.h"
 #include "host/door/module_state.h"
 #include "host/host_functions.h"
+#include "host/message_ids.h"
 #include "host/messages.h"
 #include "machine/pp_def_ini.h"
 #include "platform/message_box.h"
@@ -59,7 +60,8 @@ void* MainWindow(const void* variables) {
 
 void TellThatThereIsNoDisplay() {
   std::string caption;
-  host::HostMessageBox(host::TextMessage(700, host::DefaultText(700), caption),
+  host::HostMessageBox(host::TextMessage(message::kEquipmentDefinition,
+                                         host::DefaultText(message::kEquipmentDefinition), caption),
                        "There is no display to show the dialog on.", platform::box::kOk);
 }
 

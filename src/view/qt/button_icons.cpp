@@ -1,5 +1,7 @@
 #include "view/qt/button_icons.h"
 
+#include "view/ids.h"
+
 namespace vanzet::view::qt {
 namespace {
 
@@ -15,9 +17,17 @@ struct IdIcon {
 };
 // clang-format off
 constexpr IdIcon kIds[] = {
-    {   1, "ok"    }, {2012, "help"  }, {2144, "load"  }, {2153, "save"  },
-    {2015, "select"}, {2016, "select"}, {2154, "select"}, {2155, "select"},
-    {2018, "solid" }, {2127, "delete"}, {2152, "save"  },
+    {control::kOk,               "ok"    },
+    {control::kHelp,             "help"  },
+    {control::kLoad,             "load"  },
+    {control::kSave,             "save"  },
+    {control::kSelect,           "select"},
+    {control::kSelectCylinder,   "select"},
+    {control::kSelectParametric, "select"},
+    {control::kSelectOwn,        "select"},
+    {control::kPickSolid,        "solid" },
+    {control::kDeleteDevice,     "delete"},
+    {control::kSaveDevice,       "save"  },
 };
 // clang-format on
 

@@ -132,8 +132,6 @@ constexpr LetterWords kLetters[] = {
 
     { 115, 'A', kMm,  "Distance of the point"},
 };
-
-constexpr std::int32_t kEdits[] = {2031, 2033, 2034, 2036, 2037, 2038, 2041, 2042, 2043, 2044};
 // clang-format on
 
 }  // namespace
@@ -150,10 +148,6 @@ const LetterWords* FindLetterWords(std::int32_t type, char letter) {
   const auto* const row = std::ranges::find_if(
       kLetters, [&](const LetterWords& words) { return words.type == type && words.letter == letter; });
   return row == std::end(kLetters) ? nullptr : row;
-}
-
-std::int32_t EditOfLetter(char letter) {
-  return kEdits[letter - 'A'];
 }
 
 }  // namespace vanzet::view::qt

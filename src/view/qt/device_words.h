@@ -22,7 +22,4 @@ struct LetterWords {
 /// The row of a type's letter; null for one that the type does not have.
 const LetterWords* FindLetterWords(std::int32_t type, char letter);
 
-/// The edits of the letters, on both pages of devices. Requires: 'A' to 'J'.
-std::int32_t EditOfLetter(char letter);
-
 }  // namespace vanzet::view::qt

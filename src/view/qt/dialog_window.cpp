@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "view/ids.h"
 #include "view/qt/empty_panel.h"
 #include "view/qt/page_panel.h"
 #include "view/qt/texts.h"
@@ -22,11 +23,6 @@
 
 namespace vanzet::view::qt {
 namespace {
-
-/// Of the dialog's own controls one stands below the tree, and all others at the foot of the window: those
-/// from OK on at its right end.
-constexpr std::int32_t kSpurs = 2020;
-constexpr std::int32_t kOk = 1;
 
 constexpr const char* kSpurName = Translatable("Spindle spur whose equipment is shown");
 
@@ -98,7 +94,7 @@ QWidget* DialogWindow::BuildLeft(const DialogState& state) {
   tree_ = new TreePanel(send_, left);
   rows->addWidget(tree_, 1);
   for (const Control& control : state.dialog) {
-    if (control.id != kSpurs) continue;
+    if (control.id != control::kSpurs) continue;
     QWidget* const spurs = Take(control, left);
     spurs->setAccessibleName(Translate(kSpurName));
     spurs->setToolTip(Translate(kSpurName));
@@ -113,13 +109,14 @@ QWidget* DialogWindow::BuildButtons(const DialogState& state) {
   line->setContentsMargins(0, 0, 0, 0);
   // What the state has besides is never seen; it is there all the same.
   for (const Control& control : state.dialog) {
-    if (control.id == kSpurs) continue;
-    if (control.id == kOk) line->addStretch(1);
+    if (control.id == control::kSpurs) continue;
+    // OK and the buttons after it are at the right end.
+    if (control.id == control::kOk) line->addStretch(1);
     line->addWidget(Take(control, bar));
   }
   for (QPushButton* const button : bar->findChildren<QPushButton*>()) {
     button->setAutoDefault(false);
-    button->setDefault(button == WidgetOf(kOk));
+    button->setDefault(button == WidgetOf(control::kOk));
   }
   return bar;
 }
@@ -214,7 +211,7 @@ void DialogWindow::ShowAgain() {
 }
 
 void DialogWindow::FocusOn(std::int32_t control, bool selectsAll) {
-  QWidget* const widget = control == kTreeControl ? tree_ : WidgetOf(control);
+  QWidget* const widget = control == control::kTree ? tree_ : WidgetOf(control);
   if (widget == nullptr) return;
   widget->setFocus(Qt::OtherFocusReason);
   if (page_ != nullptr) page_->Reveal(control);

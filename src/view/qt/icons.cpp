@@ -8,6 +8,8 @@
 #include <QSvgRenderer>
 #include <algorithm>
 
+#include "view/ids.h"
+
 // Resources of a static library are not registered by themselves. The function must stand outside of any
 // name space.
 static void RegisterIcons() {
@@ -17,35 +19,37 @@ static void RegisterIcons() {
 namespace vanzet::view::qt {
 namespace {
 
-// An even number is the plain bitmap, the odd one behind it that of a selected node.
+/// A selected node has the same picture in other colours, and so the same row.
 // clang-format off
 constexpr NodeIcon kNodeIcons[] = {
-    {2072, "bezel",       false}, {2073, "bezel",       false},
-    {2074, "billet",      false}, {2075, "billet",      false},
-    {2076, "billet",      true }, {2077, "billet",      true },
-    {2078, "figure",      false}, {2079, "figure",      false},
-    {2080, "figure",      true }, {2081, "figure",      true },
-    {2082, "solid",       false}, {2083, "solid",       false},
-    {2084, "solid",       true }, {2085, "solid",       true },
-    {2086, "center",      false}, {2087, "center",      false},
-    {2088, "chuck",       false}, {2089, "chuck",       false},
-    {2090, "chuck",       true }, {2091, "chuck",       true },
-    {2092, "collet",      false}, {2093, "collet",      false},
-    {2094, "collet",      true }, {2095, "collet",      true },
-    {2096, "face-driver", false}, {2097, "face-driver", false},
-    {2098, "face-driver", true }, {2099, "face-driver", true },
-    {2100, "group",       false}, {2101, "group",       false},
-    {2102, "jaw",         false}, {2103, "jaw",         false},
-    {2104, "jaw",         true }, {2105, "jaw",         true },
-    {2106, "mandrel",     false}, {2107, "mandrel",     false},
-    {2108, "mandrel",     true }, {2109, "mandrel",     true },
-    {2110, "tailstock",   false}, {2111, "tailstock",   false},
-    {2112, "datum",       false}, {2113, "datum",       false},
+    {icon::kBezel,          "bezel",       false},
+    {icon::kBillet,         "billet",      false},
+    {icon::kBilletSub,      "billet",      true},
+    {icon::kFigure,         "figure",      false},
+    {icon::kFigureSub,      "figure",      true},
+    {icon::kSolid,          "solid",       false},
+    {icon::kSolidSub,       "solid",       true},
+    {icon::kCenter,         "center",      false},
+    {icon::kChuck,          "chuck",       false},
+    {icon::kChuckSub,       "chuck",       true},
+    {icon::kCollet,         "collet",      false},
+    {icon::kColletSub,      "collet",      true},
+    {icon::kFaceDriver,     "face-driver", false},
+    {icon::kFaceDriverSub,  "face-driver", true},
+    {icon::kGroup,          "group",       false},
+    {icon::kJaw,            "jaw",         false},
+    {icon::kJawSub,         "jaw",         true},
+    {icon::kMandrel,        "mandrel",     false},
+    {icon::kMandrelSub,     "mandrel",     true},
+    {icon::kTailstock,      "tailstock",   false},
+    {icon::kDatum,          "datum",       false},
 };
 // clang-format on
 
 const NodeIcon* FindNodeIcon(std::int32_t bitmap) {
-  const auto* const row = std::ranges::find(kNodeIcons, bitmap, &NodeIcon::bitmap);
+  const auto* const row = std::ranges::find_if(kNodeIcons, [&](const NodeIcon& icon) {
+    return icon.bitmap == bitmap || icon::Selected(icon.bitmap) == bitmap;
+  });
   return row == std::end(kNodeIcons) ? nullptr : row;
 }
 

@@ -12,12 +12,12 @@ namespace vanzet::view::qt {
 
 /// What a bitmap of the tree is drawn as.
 struct NodeIcon {
-  std::int32_t bitmap;
-  const char* file;  ///< its name in share/icons, without the ending
-  bool isMirrored;   ///< the sub spindle looks the other way
+  std::int32_t bitmap;  ///< of a plain node; the next id is that of a selected one
+  const char* file;     ///< its name in share/icons, without the ending
+  bool isMirrored;      ///< the sub spindle looks the other way
 };
 
-/// All bitmaps of the tree, by id.
+/// The icons of the tree, by id.
 std::span<const NodeIcon> NodeIcons();
 
 /// The icon of a node, from its two bitmaps: the second shows while it is selected.

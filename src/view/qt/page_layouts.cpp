@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "view/ids.h"
+
 namespace vanzet::view::qt {
 namespace {
 
@@ -15,111 +17,113 @@ constexpr const char* kSolid = "Solid";
 
 // clang-format off
 constexpr FieldRow kCylindricSize[] = {
-    {.control = 2022, .button = 2005, .unit = kMm, .name = "Outer diameter"},
-    {.control = 2023, .button = 2006, .unit = kMm, .name = kPartLength},
-    {.control = 2024,                 .unit = kMm, .name = "Allowance in front"},
-    {.control = 2025,                 .unit = kMm, .name = "Allowance behind"},
-    {.control = 2026, .button = 2009, .unit = kMm, .name = "Inner diameter"},
-    {.control = 2027,                 .unit = kMm, .name = "Bar length, 0: no bar"},
-    {.control = 2018},
+    {.control = control::kOuterDiameter,  .button = control::kPickOuterDiameter,  .unit = kMm, .name = "Outer diameter"},
+    {.control = control::kCylinderLength, .button = control::kPickCylinderLength, .unit = kMm, .name = kPartLength},
+    {.control = control::kFrontAllowance,                                         .unit = kMm, .name = "Allowance in front"},
+    {.control = control::kRearAllowance,                                          .unit = kMm, .name = "Allowance behind"},
+    {.control = control::kInnerDiameter,  .button = control::kPickInnerDiameter,  .unit = kMm, .name = "Inner diameter"},
+    {.control = control::kBarLength,                                              .unit = kMm, .name = "Bar length, 0: no bar"},
+    {.control = control::kPickSolid},
 };
-constexpr FieldRow kCylindricShow[] = {{.control = 2138}};
+constexpr FieldRow kCylindricShow[] = {{.control = control::kHideBillet}};
 constexpr FieldGroup kCylindric[] = {
     {.title = "Dimensions", .rows = kCylindricSize},
-    {.title = "Drawing", .rows = kCylindricShow},
+    {.title = "Drawing",    .rows = kCylindricShow},
 };
-constexpr std::int32_t kCylindricActions[] = {2016};
+constexpr std::int32_t kCylindricActions[] = {control::kSelectCylinder};
 
 constexpr FieldRow kFigureRows[] = {
-    {.label = 2132, .control = 2039, .button = 2010},
-    {.label = 2133, .control = 2040, .button = 2011},
+    {.label = control::kFigureOutsideLabel, .control = control::kFigureOutside, .button = control::kPickFigureOutside},
+    {.label = control::kFigureInsideLabel,  .control = control::kFigureInside,  .button = control::kPickFigureInside},
 };
-constexpr FieldRow kFigureLength[] = {{.label = 2145, .control = 2045, .button = 2013, .unit = kMm, .name = kPartLength}};
+constexpr FieldRow kFigureLength[] = {
+    {.label = control::kPartLengthLabel, .control = control::kPartLength, .button = control::kPickLengthOfFigure, .unit = kMm, .name = kPartLength},
+};
 constexpr FieldGroup kBilletFigure[] = {
     {.title = kFigures, .rows = kFigureRows},
-    {.title = kValues, .rows = kFigureLength},
+    {.title = kValues,  .rows = kFigureLength},
 };
 constexpr FieldGroup kFinishFigure[] = {{.title = kFigures, .rows = kFigureRows}};
-constexpr std::int32_t kSelectAction[] = {2015};
+constexpr std::int32_t kSelectAction[] = {control::kSelect};
 
-constexpr FieldRow kSolidName[] = {{.label = 2156, .control = 2046, .button = 2018}};
+constexpr FieldRow kSolidName[] = {{.label = control::kSolidLabel, .control = control::kSolid, .button = control::kPickSolid}};
 constexpr FieldRow kSolidRows[] = {
-    {.label = 2145, .control = 2045, .button = 2014, .unit = kMm},
-    {.label = 2122, .control = 2035, .button = 2008, .unit = kMm},
-    {.label = 2117, .control = 2032,                 .unit = kDeg},
+    {.label = control::kPartLengthLabel,    .control = control::kPartLength,    .button = control::kPickLengthOfSolid, .unit = kMm},
+    {.label = control::kClampDiameterLabel, .control = control::kClampDiameter, .button = control::kPickClampDiameter, .unit = kMm},
+    {.label = control::kAngleLabel,         .control = control::kAngle,                                                .unit = kDeg},
 };
 constexpr FieldGroup kBilletSolid[] = {
-    {.title = kSolid, .rows = kSolidName},
+    {.title = kSolid,  .rows = kSolidName},
     {.title = kValues, .rows = kSolidRows},
 };
 constexpr FieldGroup kFinishSolid[] = {{.title = kSolid, .rows = kSolidName}};
 
 constexpr FieldRow kDatumMain[] = {
-    {.label = 2202, .control = 2203, .button = 2201, .unit = kMm},
-    {.label = 2205, .control = 2207, .button = 2206, .unit = kMm},
+    {.label = control::kClampingOutMainLabel, .control = control::kClampingOutMain, .button = control::kPickClampingOutMain, .unit = kMm},
+    {.label = control::kOriginMainLabel,      .control = control::kOriginMain,      .button = control::kPickOriginMain,      .unit = kMm},
 };
 constexpr FieldRow kDatumSub[] = {
-    {.label = 2210, .control = 2211, .button = 2209, .unit = kMm},
-    {.label = 2212, .control = 2214, .button = 2213, .unit = kMm},
+    {.label = control::kClampingOutSubLabel, .control = control::kClampingOutSub, .button = control::kPickClampingOutSub, .unit = kMm},
+    {.label = control::kOriginSubLabel,      .control = control::kOriginSub,      .button = control::kPickOriginSub,      .unit = kMm},
 };
 constexpr FieldGroup kDatum[] = {
-    {.titleLabel = 2204, .rows = kDatumMain},
-    {.titleLabel = 2208, .rows = kDatumSub},
+    {.titleLabel = control::kMainTitle, .rows = kDatumMain},
+    {.titleLabel = control::kSubTitle,  .rows = kDatumSub},
 };
 
-constexpr FieldRow kBezelRows[] = {{.control = 2019}};
+constexpr FieldRow kBezelRows[] = {{.control = control::kUseBezel}};
 constexpr FieldGroup kBezel[] = {{.title = "Steady rest", .rows = kBezelRows}};
 
 constexpr FieldRow kClampElemRows[] = {
-    {.control = 2124, .name = "Device"},
-    {.label = 2116, .control = 2031, .letter = 'A'},
-    {.label = 2119, .control = 2033, .letter = 'B'},
-    {.label = 2121, .control = 2034, .letter = 'C'},
-    {.label = 2126, .control = 2036, .letter = 'D'},
-    {.label = 2129, .control = 2037, .letter = 'E'},
-    {.label = 2131, .control = 2038, .letter = 'F'},
-    {.label = 2135, .control = 2041, .letter = 'G'},
-    {.label = 2137, .control = 2042, .letter = 'H'},
-    {.label = 2140, .control = 2043, .letter = 'I'},
-    {.label = 2143, .control = 2044, .letter = 'J'},
-    {.label = 2179, .control = 2181, .inner = 2180},
-    {.control = 2141},
+    {.control = control::kDeviceList, .name = "Device"},
+    {.label = control::kLabelA,       .control = control::kEditA,   .letter = 'A'},
+    {.label = control::kLabelB,       .control = control::kEditB,   .letter = 'B'},
+    {.label = control::kLabelC,       .control = control::kEditC,   .letter = 'C'},
+    {.label = control::kLabelD,       .control = control::kEditD,   .letter = 'D'},
+    {.label = control::kLabelE,       .control = control::kEditE,   .letter = 'E'},
+    {.label = control::kLabelF,       .control = control::kEditF,   .letter = 'F'},
+    {.label = control::kLabelG,       .control = control::kEditG,   .letter = 'G'},
+    {.label = control::kLabelH,       .control = control::kEditH,   .letter = 'H'},
+    {.label = control::kLabelI,       .control = control::kEditI,   .letter = 'I'},
+    {.label = control::kLabelJ,       .control = control::kEditJ,   .letter = 'J'},
+    {.label = control::kJawsLabel,    .control = control::kJawSpin, .inner = control::kJawsEdit},
+    {.control = control::kInnerChucking},
 };
-constexpr FieldRow kOwnRows[] = {{.label = 2159, .control = 2021, .button = 2000, .isWide = true}};
+constexpr FieldRow kOwnRows[] = {{.label = control::kPathLabel, .control = control::kPath, .button = control::kBrowse, .isWide = true}};
 constexpr FieldGroup kClampElem[] = {
-    {.title = "From the catalogue", .rows = kClampElemRows, .action = 2154},
-    {.title = "From a file", .rows = kOwnRows, .action = 2155},
+    {.title = "From the catalogue", .rows = kClampElemRows, .action = control::kSelectParametric},
+    {.title = "From a file",        .rows = kOwnRows,       .action = control::kSelectOwn},
 };
 
 constexpr FieldRow kNewRows[] = {
-    {.control = 2123, .name = "Name"},
-    {.label = 2115, .control = 2031, .letter = 'A'},
-    {.label = 2118, .control = 2033, .letter = 'B'},
-    {.label = 2120, .control = 2034, .letter = 'C'},
-    {.label = 2125, .control = 2036, .letter = 'D'},
-    {.label = 2128, .control = 2037, .letter = 'E'},
-    {.label = 2130, .control = 2038, .letter = 'F'},
-    {.label = 2134, .control = 2041, .letter = 'G'},
-    {.label = 2136, .control = 2042, .letter = 'H'},
-    {.label = 2139, .control = 2043, .letter = 'I'},
-    {.label = 2142, .control = 2044, .letter = 'J'},
+    {.control = control::kNameList, .name = "Name"},
+    {.label = control::kNewLabelA,  .control = control::kEditA, .letter = 'A'},
+    {.label = control::kNewLabelB,  .control = control::kEditB, .letter = 'B'},
+    {.label = control::kNewLabelC,  .control = control::kEditC, .letter = 'C'},
+    {.label = control::kNewLabelD,  .control = control::kEditD, .letter = 'D'},
+    {.label = control::kNewLabelE,  .control = control::kEditE, .letter = 'E'},
+    {.label = control::kNewLabelF,  .control = control::kEditF, .letter = 'F'},
+    {.label = control::kNewLabelG,  .control = control::kEditG, .letter = 'G'},
+    {.label = control::kNewLabelH,  .control = control::kEditH, .letter = 'H'},
+    {.label = control::kNewLabelI,  .control = control::kEditI, .letter = 'I'},
+    {.label = control::kNewLabelJ,  .control = control::kEditJ, .letter = 'J'},
 };
 constexpr FieldGroup kNew[] = {{.title = "Device of the catalogue", .rows = kNewRows}};
-constexpr std::int32_t kNewActions[] = {2127, 2152};
+constexpr std::int32_t kNewActions[] = {control::kDeleteDevice, control::kSaveDevice};
 
 constexpr const char* kNoDevice = "Choose a device, and its picture appears here.";
 constexpr const char* kNoKind = "Choose a kind below this entry of the tree.";
 
 constexpr PageLayout kLayouts[] = {
-    {"CPageClampElem",        0,    2146, kClampElem,    {}, kNoDevice},
-    {"CPageBezel",            0,    2147, kBezel,        kSelectAction},
-    {"CPageBilletCylindric",  2171, 2147, kCylindric,    kCylindricActions},
-    {"CPageBilletFromFigure", 2171, 2147, kBilletFigure, kSelectAction},
-    {"CPageBilletFromSolid",  2171, 2147, kBilletSolid,  kSelectAction},
-    {"CPageFinishpartFromFigure", 2171, 2147, kFinishFigure, kSelectAction},
-    {"CPageFinishpartFromSolid",  2171, 2147, kFinishSolid,  kSelectAction},
-    {"CPageZeroPiontShift",   2171, 2147, kDatum,        kSelectAction},
-    {"CPageClampElemNew",     0,    2150, kNew,          kNewActions, kNoKind},
+    {"CPageClampElem",            0,                control::kDevicePicture, kClampElem,    {},          kNoDevice},
+    {"CPageBezel",                0,                control::kPicture,       kBezel,        kSelectAction},
+    {"CPageBilletCylindric",      control::kHeader, control::kPicture,       kCylindric,    kCylindricActions},
+    {"CPageBilletFromFigure",     control::kHeader, control::kPicture,       kBilletFigure, kSelectAction},
+    {"CPageBilletFromSolid",      control::kHeader, control::kPicture,       kBilletSolid,  kSelectAction},
+    {"CPageFinishpartFromFigure", control::kHeader, control::kPicture,       kFinishFigure, kSelectAction},
+    {"CPageFinishpartFromSolid",  control::kHeader, control::kPicture,       kFinishSolid,  kSelectAction},
+    {"CPageZeroPiontShift",       control::kHeader, control::kPicture,       kDatum,        kSelectAction},
+    {"CPageClampElemNew",         0,                control::kNewPicture,    kNew,          kNewActions, kNoKind},
 };
 // clang-format on
 

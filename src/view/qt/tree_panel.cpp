@@ -7,6 +7,7 @@
 #include <QTreeWidgetItemIterator>
 #include <utility>
 
+#include "view/ids.h"
 #include "view/qt/icons.h"
 #include "view/qt/texts.h"
 
@@ -42,7 +43,7 @@ void Fill(QTreeWidgetItem& item, const TreeNode& node) {
 }  // namespace
 
 TreePanel::TreePanel(Send send, QWidget* parent) : QTreeWidget(parent), send_(std::move(send)) {
-  setObjectName(QString::number(kTreeControl));
+  setObjectName(QString::number(control::kTree));
   setAccessibleName(Translate(kEquipment));
   setHeaderHidden(true);
   setUniformRowHeights(true);

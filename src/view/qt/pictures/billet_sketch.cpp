@@ -1,24 +1,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "view/ids.h"
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
-
-/// The edits of the page, in the order of their letters.
-namespace edit {
-constexpr std::int32_t kOuter = 2022;
-constexpr std::int32_t kLength = 2023;
-constexpr std::int32_t kFront = 2024;
-constexpr std::int32_t kRear = 2025;
-constexpr std::int32_t kInner = 2026;
-constexpr std::int32_t kBar = 2027;
-}  // namespace edit
-
-constexpr std::int32_t kSubBitmap = 2049;
 
 constexpr const char* kExample = Translatable("Example: a diameter and a part length are missing");
 constexpr const char* kBarTooShort = Translatable("F must be 0 or at least B + C + D = %1.");
@@ -29,24 +18,25 @@ struct Billet {
 };
 
 Billet Read(const PageValues& values) {
-  return {values.NumberOf(edit::kOuter), values.NumberOf(edit::kLength), values.NumberOf(edit::kFront),
-          values.NumberOf(edit::kRear),  values.NumberOf(edit::kInner),  values.NumberOf(edit::kBar)};
+  return {values.NumberOf(control::kOuterDiameter),  values.NumberOf(control::kCylinderLength),
+          values.NumberOf(control::kFrontAllowance), values.NumberOf(control::kRearAllowance),
+          values.NumberOf(control::kInnerDiameter),  values.NumberOf(control::kBarLength)};
 }
 
 void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
   char letter = 'A';
-  for (const std::int32_t id :
-       {edit::kOuter, edit::kLength, edit::kFront, edit::kRear, edit::kInner, edit::kBar}) {
+  for (const std::int32_t id : {control::kOuterDiameter, control::kCylinderLength, control::kFrontAllowance,
+                                control::kRearAllowance, control::kInnerDiameter, control::kBarLength}) {
     TellNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
   }
   if (!sketch.fault.isEmpty()) return;
   const double least = billet.length + billet.front + billet.rear;
   if (billet.inner > billet.outer && billet.outer > 0) {
     sketch.fault = Translate(kBoreTooWide);
-    sketch.wrong = {edit::kInner, edit::kOuter};
+    sketch.wrong = {control::kInnerDiameter, control::kOuterDiameter};
   } else if (billet.bar > 0 && billet.bar < least) {
     sketch.fault = Translate(kBarTooShort).arg(QString::number(least));
-    sketch.wrong = {edit::kBar};
+    sketch.wrong = {control::kBarLength};
   }
 }
 
@@ -119,12 +109,12 @@ class Drawn {
   }
 
   void AddMeasures() {
-    Along('B', edit::kLength, -billet_.length, 0, Where::kAbove, 0);
-    Along('C', edit::kFront, 0, billet_.front, Where::kAbove, 0);
-    Along('D', edit::kRear, -billet_.length - billet_.rear, -billet_.length, Where::kAbove, 0);
-    Along('F', edit::kBar, -BarInPicture(), billet_.bar > 0 ? billet_.front : 0, Where::kBelow, 0);
-    Across('A', edit::kOuter, billet_.outer, -billet_.length * 0.3);
-    Across('E', edit::kInner, billet_.inner, -billet_.length * 0.7);
+    Along('B', control::kCylinderLength, -billet_.length, 0, Where::kAbove, 0);
+    Along('C', control::kFrontAllowance, 0, billet_.front, Where::kAbove, 0);
+    Along('D', control::kRearAllowance, -billet_.length - billet_.rear, -billet_.length, Where::kAbove, 0);
+    Along('F', control::kBarLength, -BarInPicture(), billet_.bar > 0 ? billet_.front : 0, Where::kBelow, 0);
+    Across('A', control::kOuterDiameter, billet_.outer, -billet_.length * 0.3);
+    Across('E', control::kInnerDiameter, billet_.inner, -billet_.length * 0.7);
   }
 
   const Billet billet_;
@@ -135,7 +125,7 @@ class Drawn {
 }  // namespace
 
 Sketch BilletSketch(std::int32_t bitmap, const PageValues& values) {
-  const bool isSub = bitmap == kSubBitmap;
+  const bool isSub = bitmap == picture::kBilletSub;
   Billet billet = Read(values);
   Sketch check;
   FindFault(check, billet, values);

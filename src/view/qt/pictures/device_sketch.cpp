@@ -5,6 +5,7 @@
 #include "devices/device_outlines.h"
 #include "devices/device_types.h"
 #include "devices/formula.h"
+#include "view/ids.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/device_measures.h"
 #include "view/qt/pictures/faults.h"
@@ -32,7 +33,8 @@ DeviceParams ParamsOf(const DeviceType& type, const PageValues& values) {
   DeviceParams params;
   params.type = type.code;
   for (const char letter : type.outline)
-    params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) = values.NumberOf(EditOfLetter(letter));
+    params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) =
+        values.NumberOf(control::EditOfLetter(letter));
   return params;
 }
 
@@ -47,7 +49,7 @@ QString Readable(std::string_view formula) {
 
 void AddEditsIn(std::string_view formula, std::vector<std::int32_t>& edits) {
   for (const char c : formula) {
-    if (c >= 'A' && c <= 'J') edits.push_back(EditOfLetter(c));
+    if (c >= 'A' && c <= 'J') edits.push_back(control::EditOfLetter(c));
   }
 }
 
@@ -69,7 +71,7 @@ void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
 
 void FindNoNumber(Sketch& sketch, const DeviceType& type, const PageValues& values) {
   for (const char letter : type.keeps) {
-    TellNoNumber(sketch, values, EditOfLetter(letter), QString(QLatin1Char(letter)));
+    TellNoNumber(sketch, values, control::EditOfLetter(letter), QString(QLatin1Char(letter)));
   }
 }
 
@@ -133,7 +135,7 @@ void AddMeasures(Sketch& sketch, const DeviceParams& params) {
     measure.lane = row.lane;
     measure.letter = QLatin1Char(row.letter);
     if (row.kind == Measure::Kind::kAngle && row.letter == 'E') measure.letter += QStringLiteral("/2");
-    measure.control = EditOfLetter(row.letter);
+    measure.control = control::EditOfLetter(row.letter);
     measure.from = {Evaluate(row.fromX, params), Evaluate(row.fromY, params)};
     measure.to = {Evaluate(row.toX, params), Evaluate(row.toY, params)};
     measure.at = row.at;
@@ -172,7 +174,9 @@ Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values) {
   struct Alike {
     std::int32_t bitmap, type;
   };
-  constexpr Alike kAlike[] = {{2055, 1}, {2057, 2}, {2070, 3}, {2059, 4}, {2061, 5}, {2052, 13}};
+  constexpr Alike kAlike[] = {{picture::kOwnChuck, 1},   {picture::kOwnCollet, 2},
+                              {picture::kOwnMandrel, 3}, {picture::kOwnFaceDriver, 4},
+                              {picture::kOwnJaw, 5},     {picture::kOwnCenter, 13}};
   const auto* const row = std::ranges::find(kAlike, bitmap, &Alike::bitmap);
   Sketch sketch;
   AddShapes(sketch, ExampleOf(row->type));

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "view/ids.h"
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/texts.h"
@@ -9,8 +10,6 @@
 
 namespace vanzet::view::qt {
 namespace {
-
-constexpr std::int32_t kUseBezel = 2019;
 
 constexpr const char* kUsed = Translatable("The steady rest supports the part.");
 constexpr const char* kNotUsed = Translatable("The steady rest is not used.");
@@ -51,10 +50,10 @@ constexpr double kPartFace = 30;
 constexpr double kChuckBack = 162;
 
 constexpr DatumEdit kDatumEdits[] = {
-    {2203, "A", -kChuckFace, -kPartFace, Where::kAbove},
-    {2207, "W", -kChuckBack, -kPartFace, Where::kBelow},
-    {2211, "B", kPartFace, kChuckFace, Where::kAbove},
-    {2214, "W", kPartFace, kChuckBack, Where::kBelow},
+    {control::kClampingOutMain, "A", -kChuckFace, -kPartFace, Where::kAbove},
+    {control::kOriginMain, "W", -kChuckBack, -kPartFace, Where::kBelow},
+    {control::kClampingOutSub, "B", kPartFace, kChuckFace, Where::kAbove},
+    {control::kOriginSub, "W", kPartFace, kChuckBack, Where::kBelow},
 };
 
 /// The letter with what stands in its edit.
@@ -83,7 +82,7 @@ void AddSpindle(Sketch& sketch, double side) {
 }  // namespace
 
 Sketch BezelSketch(std::int32_t /*bitmap*/, const PageValues& values) {
-  const bool isUsed = values.IsChecked(kUseBezel);
+  const bool isUsed = values.IsChecked(control::kUseBezel);
   Sketch sketch;
   Add(sketch, isUsed ? Ink::kBody : Ink::kGhost, Frame());
   Add(sketch, Ink::kMaterial, Circle(0, 0, 24));

@@ -1,5 +1,6 @@
 #include <QPolygonF>
 
+#include "view/ids.h"
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/texts.h"
@@ -8,12 +9,6 @@
 
 namespace vanzet::view::qt {
 namespace {
-
-constexpr std::int32_t kFigureOutside = 2039;
-constexpr std::int32_t kFigureInside = 2040;
-constexpr std::int32_t kPartLength = 2045;
-constexpr std::int32_t kClampDiameter = 2035;
-constexpr std::int32_t kSolid = 2046;
 
 constexpr const char* kOnAxis = Translatable("Figures are spun about the spindle's axis.");
 
@@ -31,14 +26,14 @@ QString Named(const QString& mark, const QString& name) {
 }
 
 void AddLength(Sketch& sketch, const PageValues& values, double length, double y) {
-  if (values.Find(kPartLength) == nullptr) return;
+  if (values.Find(control::kPartLength) == nullptr) return;
   sketch.measures.push_back({.kind = Measure::Kind::kAlong,
                              .where = Where::kBelow,
                              .letter = QStringLiteral("L"),
-                             .control = kPartLength,
+                             .control = control::kPartLength,
                              .from = {-length, y},
                              .to = {0, y}});
-  TellNoNumber(sketch, values, kPartLength);
+  TellNoNumber(sketch, values, control::kPartLength);
 }
 
 }  // namespace
@@ -52,13 +47,13 @@ Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kAbove,
-                             .letter = Named(QStringLiteral("F1"), values.TextOf(kFigureOutside)),
-                             .control = kFigureOutside,
+                             .letter = Named(QStringLiteral("F1"), values.TextOf(control::kFigureOutside)),
+                             .control = control::kFigureOutside,
                              .from = {-41, 30}});
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kInside,
-                             .letter = Named(QStringLiteral("F2"), values.TextOf(kFigureInside)),
-                             .control = kFigureInside,
+                             .letter = Named(QStringLiteral("F2"), values.TextOf(control::kFigureInside)),
+                             .control = control::kFigureInside,
                              .from = {-50, 14}});
   AddLength(sketch, values, 100, -38);
   sketch.notes.push_back(Translate(kOnAxis));
@@ -74,19 +69,19 @@ Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kAbove,
-                             .letter = values.TextOf(kSolid),
-                             .control = kSolid,
+                             .letter = values.TextOf(control::kSolid),
+                             .control = control::kSolid,
                              .from = {-30, 22}});
   if (sketch.measures.back().letter.isEmpty()) sketch.measures.clear();
   AddLength(sketch, values, 100, -30);
-  if (values.Find(kClampDiameter) != nullptr) {
+  if (values.Find(control::kClampDiameter) != nullptr) {
     sketch.measures.push_back({.kind = Measure::Kind::kAcross,
                                .where = Where::kLeft,
                                .letter = QStringLiteral("\u2300"),
-                               .control = kClampDiameter,
+                               .control = control::kClampDiameter,
                                .from = {-100, -30},
                                .to = {-100, 30}});
-    TellNoNumber(sketch, values, kClampDiameter);
+    TellNoNumber(sketch, values, control::kClampDiameter);
   }
   return sketch;
 }

@@ -2,29 +2,39 @@
 
 #include <algorithm>
 
+#include "view/ids.h"
+
 namespace vanzet::view::qt {
 namespace {
 
 // clang-format off
 constexpr Picture kPictures[] = {
-    {2047, BezelSketch},
-    {2048, BilletSketch},    {2049, BilletSketch},
-    {2050, FigureSketch},
-    {2051, SolidSketch},
-    {2052, OwnDeviceSketch},
-    {2053, DeviceSketch},    {2054, DeviceSketch},
-    {2055, OwnDeviceSketch},
-    {2056, DeviceSketch},
-    {2057, OwnDeviceSketch},
-    {2058, DeviceSketch},
-    {2059, OwnDeviceSketch},
-    {2060, DeviceSketch},
-    {2061, OwnDeviceSketch},
-    {2062, DeviceSketch},    {2063, DeviceSketch},    {2064, DeviceSketch},    {2065, DeviceSketch},
-    {2066, DeviceSketch},    {2067, DeviceSketch},    {2068, DeviceSketch},    {2069, DeviceSketch},
-    {2070, OwnDeviceSketch},
-    {2071, DeviceSketch},
-    {2114, DatumSketch},
+    {picture::kBezel,         BezelSketch},
+    {picture::kBilletMain,    BilletSketch},
+    {picture::kBilletSub,     BilletSketch},
+    {picture::kFigure,        FigureSketch},
+    {picture::kSolid,         SolidSketch},
+    {picture::kOwnCenter,     OwnDeviceSketch},
+    {picture::kCenter1,       DeviceSketch},
+    {picture::kCenter2,       DeviceSketch},
+    {picture::kOwnChuck,      OwnDeviceSketch},
+    {picture::kChuck,         DeviceSketch},
+    {picture::kOwnCollet,     OwnDeviceSketch},
+    {picture::kCollet,        DeviceSketch},
+    {picture::kOwnFaceDriver, OwnDeviceSketch},
+    {picture::kFaceDriver,    DeviceSketch},
+    {picture::kOwnJaw,        OwnDeviceSketch},
+    {picture::kJaw1,          DeviceSketch},
+    {picture::kJaw2,          DeviceSketch},
+    {picture::kJaw3,          DeviceSketch},
+    {picture::kJaw4,          DeviceSketch},
+    {picture::kJaw5,          DeviceSketch},
+    {picture::kJaw6,          DeviceSketch},
+    {picture::kJaw7,          DeviceSketch},
+    {picture::kJaw8,          DeviceSketch},
+    {picture::kOwnMandrel,    OwnDeviceSketch},
+    {picture::kMandrel,       DeviceSketch},
+    {picture::kDatum,         DatumSketch},
 };
 // clang-format on
 
