@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <ostream>
 #include <string>
 
 #include "support/fake_host.h"
@@ -12,6 +13,10 @@ enum class Failure {
   kRefused,  ///< the host says no, where the function has a way to say so
   kMissing,  ///< the host has no such function at that moment: the fallback answers
 };
+
+inline void PrintTo(Failure failure, std::ostream* out) {
+  *out << (failure == Failure::kRefused ? "refused" : "missing");
+}
 
 /// Has one call of a host in memory go wrong while it lives, for a test to try every call of an operation in
 /// turn. Calls count from 1, from its beginning on.
