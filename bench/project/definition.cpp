@@ -69,9 +69,8 @@ bool Definition::IsDamaged() const {
 Result<Definition> ReadDefinition(const vdm::Vdm& content) {
   Definition definition;
   for (std::size_t record = 0; record < content.Size(); ++record) {
-    const auto read = content.Read(record);
-    if (!read) return read.fault();
-    definition.operations.push_back(ReadOperation(**read));
+    VANZET_TRY(const auto read, content.Read(record));
+    definition.operations.push_back(ReadOperation(*read));
   }
   if (!definition.operations.empty()) {
     const auto& sections = definition.operations[0].sections;

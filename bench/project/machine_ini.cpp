@@ -16,9 +16,8 @@ constexpr std::int32_t kMostSpurs = 50;
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error)) return 1;
-  const auto text = ReadTextFile(file, name);
-  if (!text) return text.fault();
-  std::istringstream stream(*text);
+  VANZET_TRY(const auto text, ReadTextFile(file, name));
+  std::istringstream stream(text);
   const std::int32_t stated = IntegerOrZero(FindIniValue(stream, "COMMON", "NR_SPINDEL_SPUR").value_or(""));
   return stated < 1 || stated > kMostSpurs ? 1 : stated;
 }

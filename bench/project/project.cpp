@@ -41,15 +41,15 @@ Result<void> CheckFolderName(const fs::path& folder) {
 }
 
 Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {
-  if (const auto name = CheckFolderName(folder); !name) return name.fault();
-  if (const auto check = CheckIsProject(folder); !check) return check.fault();
+  VANZET_DO(CheckFolderName(folder));
+  VANZET_DO(CheckIsProject(folder));
   Project project;
   std::error_code error;
   project.folder_ = fs::canonical(folder, error);
   if (error) return Fault{"cannot be read: " + error.message(), folder.string()};
-  if (const auto name = CheckFolderName(project.folder_); !name) return name.fault();
-  if (const auto read = project.ReadSettings(share); !read) return read.fault();
-  if (const auto read = project.ReadMessages(share); !read) return read.fault();
+  VANZET_DO(CheckFolderName(project.folder_));
+  VANZET_DO(project.ReadSettings(share));
+  VANZET_DO(project.ReadMessages(share));
   return project;
 }
 
@@ -57,16 +57,14 @@ Result<void> Project::ReadSettings(const fs::path& share) {
   const fs::path file = folder_ / "bench.ini";
   std::error_code error;
   if (fs::exists(file, error)) {
-    const auto text = ReadTextFile(file, file.string());
-    if (!text) return text.fault();
-    auto settings = ReadBenchIni(*text, file.string());
-    if (!settings) return settings.fault();
-    settings_ = std::move(*settings);
+    VANZET_TRY(const auto text, ReadTextFile(file, file.string()));
+    VANZET_TRY(auto settings, ReadBenchIni(text, file.string()));
+    settings_ = std::move(settings);
   }
   paths_ = PathMap(settings_.drives);
   startVariables_ = Variables();
   for (const auto& [name, value] : {std::pair{"$_root_dir", share}, {"$_USER_DATA_SETTINGS", folder_}}) {
-    if (const auto set = startVariables_.Set(name, value.string() + "/"); !set) return set.fault();
+    VANZET_DO(startVariables_.Set(name, value.string() + "/"));
   }
   for (const auto& [name, setting] : settings_.variables) {
     const auto set = startVariables_.SetFromText(name, setting.value);
@@ -84,11 +82,9 @@ Result<void> Project::ReadMessages(const fs::path& share) {
     return Fault{"there is no catalogue of texts '" + language->second.value + "'",
                  (folder_ / "bench.ini").string(), language->second.line};
   }
-  const auto text = ReadTextFile(file, file.string());
-  if (!text) return text.fault();
-  auto messages = ReadMessageCatalogue(*text, file.string());
-  if (!messages) return messages.fault();
-  messages_ = std::move(*messages);
+  VANZET_TRY(const auto text, ReadTextFile(file, file.string()));
+  VANZET_TRY(auto messages, ReadMessageCatalogue(text, file.string()));
+  messages_ = std::move(messages);
   return {};
 }
 

@@ -47,7 +47,7 @@ Result<void> MakeProject(const fs::path& folder, const std::string& sample, cons
   if (std::ranges::find(known, sample) == known.end()) {
     return Fault{"there is no sample '" + sample + "'; there are: " + Joined(known)};
   }
-  if (const auto name = CheckFolderName(folder); !name) return name;
+  VANZET_DO(CheckFolderName(folder));
   std::error_code error;
   if (fs::exists(folder, error) && (!fs::is_directory(folder, error) || !fs::is_empty(folder, error))) {
     return Fault{"is there already and not an empty folder", folder.string()};

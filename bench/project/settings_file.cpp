@@ -109,25 +109,20 @@ std::string WithEntry(const std::string& text, std::string_view key, const std::
 }  // namespace
 
 Result<std::string> SettingsFile::Value(std::string_view key) const {
-  const auto text = Text();
-  if (!text) return text.fault();
-  const auto settings = ReadBenchIni(*text, File().string());
-  if (!settings) return settings.fault();
-  const auto entry = settings->project.find(key);
-  return entry == settings->project.end() ? std::string() : entry->second.value;
+  VANZET_TRY(const auto text, Text());
+  VANZET_TRY(const auto settings, ReadBenchIni(text, File().string()));
+  const auto entry = settings.project.find(key);
+  return entry == settings.project.end() ? std::string() : entry->second.value;
 }
 
 Result<void> SettingsFile::Set(std::string_view key, std::string_view value) const {
-  if (const auto fits = CheckKey(key); !fits) return fits;
-  const auto written = Written(value);
-  if (!written) return written.fault();
-  const auto lock = files::FolderLock::Acquire(folder_);
-  if (!lock) return lock.fault();
-  const auto text = Text();
-  if (!text) return text.fault();
+  VANZET_DO(CheckKey(key));
+  VANZET_TRY(const auto written, Written(value));
+  VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder_));
+  VANZET_TRY(const auto text, Text());
   // Settings that cannot be read are for people to mend, not to be built upon.
-  if (const auto read = ReadBenchIni(*text, File().string()); !read) return read.fault();
-  return files::ReplaceFile(File(), WithEntry(*text, key, *written));
+  VANZET_DO(ReadBenchIni(text, File().string()));
+  return files::ReplaceFile(File(), WithEntry(text, key, written));
 }
 
 Result<std::string> SettingsFile::Text() const {

@@ -23,7 +23,7 @@ void OpenVdm::Seek(std::int64_t record) {
 }
 
 Result<void> OpenVdm::Insert(std::string_view text) {
-  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  VANZET_DO(CheckItem(text));
   if (record_ < 0) return {};
   Seek(static_cast<std::int64_t>(Within(record_, Size())));
   content_.Insert(Current(), Record({std::string(text)}));
@@ -38,51 +38,44 @@ void OpenVdm::Remove(std::int64_t count) {
 
 Result<void> OpenVdm::SingleSeek(std::int64_t count) {
   if (!HasRecord()) return {};
-  const auto record = content_.Read(Current());
-  if (!record) return record.fault();
-  item_ += Within(count, (*record)->Size() - item_);
+  VANZET_TRY(const auto record, content_.Read(Current()));
+  item_ += Within(count, record->Size() - item_);
   return {};
 }
 
 Result<std::string_view> OpenVdm::SingleGet() {
   if (!HasRecord()) return std::string_view();
-  const auto record = content_.Read(Current());
-  if (!record) return record.fault();
-  if (item_ == (*record)->Size()) return std::string_view();
-  return std::string_view((**record)[item_++]);
+  VANZET_TRY(const auto record, content_.Read(Current()));
+  if (item_ == record->Size()) return std::string_view();
+  return std::string_view((*record)[item_++]);
 }
 
 Result<void> OpenVdm::SingleAdd(std::string_view text) {
-  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  VANZET_DO(CheckItem(text));
   if (!HasRecord()) return {};
-  const auto record = content_.Edit(Current());
-  if (!record) return record.fault();
-  (*record)->Insert(item_++, std::string(text));
+  VANZET_TRY(const auto record, content_.Edit(Current()));
+  record->Insert(item_++, std::string(text));
   return {};
 }
 
 Result<void> OpenVdm::SingleReplace(std::string_view text) {
-  if (const auto fits = CheckItem(text); !fits) return fits.fault();
+  VANZET_DO(CheckItem(text));
   if (!HasRecord()) return {};
-  const auto before = content_.Read(Current());
-  if (!before) return before.fault();
+  VANZET_TRY(const auto before, content_.Read(Current()));
   // Writing what stands there already is common, and no reason to write the record anew.
-  if (item_ == (*before)->Size() || (**before)[item_] == text) return {};
-  const auto record = content_.Edit(Current());
-  if (!record) return record.fault();
-  (**record)[item_] = text;
+  if (item_ == before->Size() || (*before)[item_] == text) return {};
+  VANZET_TRY(const auto record, content_.Edit(Current()));
+  (*record)[item_] = text;
   return {};
 }
 
 Result<void> OpenVdm::SingleDelete(std::int64_t count) {
   if (!HasRecord()) return {};
-  const auto before = content_.Read(Current());
-  if (!before) return before.fault();
-  const std::size_t removed = Within(count, (*before)->Size() - item_);
+  VANZET_TRY(const auto before, content_.Read(Current()));
+  const std::size_t removed = Within(count, before->Size() - item_);
   if (removed == 0) return {};
-  const auto record = content_.Edit(Current());
-  if (!record) return record.fault();
-  (*record)->Remove(item_, removed);
+  VANZET_TRY(const auto record, content_.Edit(Current()));
+  record->Remove(item_, removed);
   return {};
 }
 

@@ -34,7 +34,7 @@ Result<Record> RecordFrom(std::string_view bytes, std::int64_t count) {
     const std::size_t end = bytes.find('\0');
     if (end == std::string_view::npos) return Fault{"its last item has no end"};
     const std::string_view item = bytes.substr(0, end);
-    if (const auto fits = CheckItem(item); !fits) return fits.fault();
+    VANZET_DO(CheckItem(item));
     items.emplace_back(item);
     bytes.remove_prefix(end + 1);
   }

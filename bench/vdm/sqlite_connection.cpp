@@ -77,9 +77,8 @@ SqliteConnection::~SqliteConnection() {
 
 Result<void> SqliteConnection::Run(std::string_view sql, std::initializer_list<Value> values,
                                    const RowReader& read) {
-  const auto prepared = Prepared(sql);
-  if (!prepared) return prepared.fault();
-  const std::unique_ptr<sqlite3_stmt, Reset> statement(*prepared);
+  VANZET_TRY(const auto prepared, Prepared(sql));
+  const std::unique_ptr<sqlite3_stmt, Reset> statement(prepared);
   int index = 0;
   for (const Value& value : values) {
     if (const int code = Bind(statement.get(), ++index, value); code != SQLITE_OK) return FaultOfCode(code);
@@ -87,7 +86,7 @@ Result<void> SqliteConnection::Run(std::string_view sql, std::initializer_list<V
   int code = sqlite3_step(statement.get());
   for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
     if (!read) continue;
-    if (const auto done = read(SqliteRow(statement.get())); !done) return done.fault();
+    VANZET_DO(read(SqliteRow(statement.get())));
   }
   if (code != SQLITE_DONE) return FaultOfCode(code);
   return {};
@@ -131,8 +130,7 @@ Fault SqliteConnection::FaultOfCode(int code) const {
 
 Result<SqliteTransaction> SqliteTransaction::Begin(SqliteConnection& connection, Kind kind) {
   // A write takes its lock at once: a read that grew into one could meet another doing the same.
-  const auto begun = connection.Run(kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN");
-  if (!begun) return begun.fault();
+  VANZET_DO(connection.Run(kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN"));
   return SqliteTransaction(connection);
 }
 

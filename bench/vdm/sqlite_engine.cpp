@@ -63,10 +63,9 @@ bool IsOpenedFrom(const std::vector<RecordKey>& keys, const Vdm& content) {
 }  // namespace
 
 Result<std::vector<Number>> SqliteEngine::Numbers() {
-  const auto reading = BeginReading();
-  if (!reading) return reading.fault();
+  VANZET_TRY(const auto reading, BeginReading());
   std::vector<Number> numbers;
-  if (!*reading) return numbers;
+  if (!reading) return numbers;
   const auto done = connection_->Run(kNumbers, {}, [&](const SqliteRow& row) -> Result<void> {
     const auto number = NumberFrom(row.Integer(0));
     if (!number) return connection_->FaultOf("is damaged: " + number.fault().text);
@@ -78,60 +77,48 @@ Result<std::vector<Number>> SqliteEngine::Numbers() {
 }
 
 Result<bool> SqliteEngine::Exists(Number number) {
-  const auto reading = BeginReading();
-  if (!reading) return reading.fault();
-  if (!*reading) return false;
-  const auto found = connection_->Integer(kExists, {Bound(number)});
-  if (!found) return found.fault();
-  return *found != 0;
+  VANZET_TRY(const auto reading, BeginReading());
+  if (!reading) return false;
+  VANZET_TRY(const auto found, connection_->Integer(kExists, {Bound(number)}));
+  return found != 0;
 }
 
 Result<std::optional<Vdm>> SqliteEngine::Open(Number number) {
-  const auto reading = BeginReading();
-  if (!reading) return reading.fault();
-  if (!*reading) return std::optional<Vdm>();
+  VANZET_TRY(const auto reading, BeginReading());
+  if (!reading) return std::optional<Vdm>();
   return Stored(number);
 }
 
 Result<std::optional<Vdm>> SqliteEngine::Read(Number number) {
   // One transaction around the order and all records, so that nobody writes between them.
-  const auto reading = BeginReading();
-  if (!reading) return reading.fault();
-  if (!*reading) return std::optional<Vdm>();
-  const auto stored = Stored(number);
-  if (!stored) return stored.fault();
-  if (!*stored) return std::optional<Vdm>();
-  auto copy = (*stored)->Copy();
-  if (!copy) return copy.fault();
-  return std::optional<Vdm>(std::move(*copy));
+  VANZET_TRY(const auto reading, BeginReading());
+  if (!reading) return std::optional<Vdm>();
+  VANZET_TRY(const auto stored, Stored(number));
+  if (!stored) return std::optional<Vdm>();
+  VANZET_TRY(auto copy, stored->Copy());
+  return std::optional<Vdm>(std::move(copy));
 }
 
 Result<void> SqliteEngine::Write(Number number, const Vdm& content) {
-  auto writing = BeginWriting();
-  if (!writing) return writing.fault();
-  const auto before = KeysOf(number);
-  if (!before) return before.fault();
-  if (!IsOpenedFrom(*before, content)) {
+  VANZET_TRY(auto writing, BeginWriting());
+  VANZET_TRY(const auto before, KeysOf(number));
+  if (!IsOpenedFrom(before, content)) {
     return connection_->FaultOf(NameOf(number) + " was changed by others while it was open");
   }
-  const auto after = WriteRecords(content);
-  if (!after) return after.fault();
-  if (const auto done = connection_->Run(kAddVdm, {Bound(number)}); !done) return done.fault();
-  if (const auto done = ChangeOrder(number, *before, *after); !done) return done.fault();
-  return writing->Commit();
+  VANZET_TRY(const auto after, WriteRecords(content));
+  VANZET_DO(connection_->Run(kAddVdm, {Bound(number)}));
+  VANZET_DO(ChangeOrder(number, before, after));
+  return writing.Commit();
 }
 
 Result<void> SqliteEngine::Remove(Number number) {
-  const auto there = Exists(number);
-  if (!there) return there.fault();
-  if (!*there) return {};
-  auto writing = BeginWriting();
-  if (!writing) return writing.fault();
-  const auto keys = KeysOf(number);
-  if (!keys) return keys.fault();
-  if (const auto done = ChangeOrder(number, *keys, {}); !done) return done.fault();
-  if (const auto done = connection_->Run(kRemoveVdm, {Bound(number)}); !done) return done.fault();
-  return writing->Commit();
+  VANZET_TRY(const auto there, Exists(number));
+  if (!there) return {};
+  VANZET_TRY(auto writing, BeginWriting());
+  VANZET_TRY(const auto keys, KeysOf(number));
+  VANZET_DO(ChangeOrder(number, keys, {}));
+  VANZET_DO(connection_->Run(kRemoveVdm, {Bound(number)}));
+  return writing.Commit();
 }
 
 Result<bool> SqliteEngine::Connect(IfMissing ifMissing) {
@@ -139,44 +126,36 @@ Result<bool> SqliteEngine::Connect(IfMissing ifMissing) {
   if (connection_ != nullptr) return true;
   std::error_code unknown;
   if (ifMissing == IfMissing::kFail && !std::filesystem::exists(file_, unknown)) return false;
-  const auto opened = SqliteConnection::Open(file_, ifMissing, options_);
-  if (!opened) return opened.fault();
-  connection_ = *opened;
+  VANZET_TRY(const auto opened, SqliteConnection::Open(file_, ifMissing, options_));
+  connection_ = opened;
   return true;
 }
 
 Result<std::optional<SqliteTransaction>> SqliteEngine::BeginReading() {
-  const auto connected = Connect(IfMissing::kFail);
-  if (!connected) return connected.fault();
-  if (!*connected) return std::optional<SqliteTransaction>();
-  auto transaction = SqliteTransaction::Begin(*connection_, Kind::kRead);
-  if (!transaction) return transaction.fault();
-  const auto made = HasTables(*connection_);
-  if (!made) return made.fault();
-  if (!*made) return std::optional<SqliteTransaction>();
-  return std::optional<SqliteTransaction>(std::move(*transaction));
+  VANZET_TRY(const auto connected, Connect(IfMissing::kFail));
+  if (!connected) return std::optional<SqliteTransaction>();
+  VANZET_TRY(auto transaction, SqliteTransaction::Begin(*connection_, Kind::kRead));
+  VANZET_TRY(const auto made, HasTables(*connection_));
+  if (!made) return std::optional<SqliteTransaction>();
+  return std::optional<SqliteTransaction>(std::move(transaction));
 }
 
 Result<SqliteTransaction> SqliteEngine::BeginWriting() {
   if (files::IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
-  if (const auto connected = Connect(IfMissing::kMake); !connected) return connected.fault();
-  auto transaction = SqliteTransaction::Begin(*connection_, Kind::kWrite);
-  if (!transaction) return transaction.fault();
-  const auto made = HasTables(*connection_);
-  if (!made) return made.fault();
-  if (!*made) {
-    if (const auto done = MakeTables(*connection_); !done) return done.fault();
+  VANZET_DO(Connect(IfMissing::kMake));
+  VANZET_TRY(auto transaction, SqliteTransaction::Begin(*connection_, Kind::kWrite));
+  VANZET_TRY(const auto made, HasTables(*connection_));
+  if (!made) {
+    VANZET_DO(MakeTables(*connection_));
   }
   return transaction;
 }
 
 Result<std::optional<Vdm>> SqliteEngine::Stored(Number number) {
-  const auto found = connection_->Integer(kExists, {Bound(number)});
-  if (!found) return found.fault();
-  if (*found == 0) return std::optional<Vdm>();
-  const auto keys = KeysOf(number);
-  if (!keys) return keys.fault();
-  return std::optional<Vdm>(Vdm(*keys, [connection = connection_, number](RecordKey key) {
+  VANZET_TRY(const auto found, connection_->Integer(kExists, {Bound(number)}));
+  if (found == 0) return std::optional<Vdm>();
+  VANZET_TRY(const auto keys, KeysOf(number));
+  return std::optional<Vdm>(Vdm(keys, [connection = connection_, number](RecordKey key) {
     return LoadRecord(*connection, number, key);
   }));
 }
@@ -203,9 +182,8 @@ Result<std::vector<RecordKey>> SqliteEngine::WriteRecords(const Vdm& content) {
     if (entry.MustBeWritten()) {
       const std::string bytes = BytesOf(*entry.content);
       const auto items = static_cast<std::int64_t>(entry.content->Size());
-      const auto done = entry.key ? connection_->Run(kChangeRecord, {Bound(*entry.key), items, bytes})
-                                  : connection_->Run(kAddRecord, {items, bytes});
-      if (!done) return done.fault();
+      VANZET_DO(entry.key ? connection_->Run(kChangeRecord, {Bound(*entry.key), items, bytes})
+                          : connection_->Run(kAddRecord, {items, bytes}));
     }
     keys.push_back(entry.key.value_or(RecordKey{connection_->LastKey()}));
   }
@@ -218,17 +196,16 @@ Result<void> SqliteEngine::ChangeOrder(Number number, const std::vector<RecordKe
   const auto [oldRest, newRest] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
   if (oldRest != before.end()) {
     const std::int64_t first = oldRest - before.begin();
-    if (const auto done = connection_->Run(kRemovePlaces, {Bound(number), first}); !done) return done.fault();
+    VANZET_DO(connection_->Run(kRemovePlaces, {Bound(number), first}));
   }
   for (auto key = newRest; key != after.end(); ++key) {
     const std::int64_t position = key - after.begin();
-    const auto done = connection_->Run(kAddPlace, {Bound(number), position, Bound(*key)});
-    if (!done) return done.fault();
+    VANZET_DO(connection_->Run(kAddPlace, {Bound(number), position, Bound(*key)}));
   }
   const std::unordered_set<RecordKey> kept(newRest, after.end());
   for (auto key = oldRest; key != before.end(); ++key) {
     if (kept.contains(*key)) continue;
-    if (const auto done = connection_->Run(kRemoveRecord, {Bound(*key)}); !done) return done.fault();
+    VANZET_DO(connection_->Run(kRemoveRecord, {Bound(*key)}));
   }
   return {};
 }

@@ -18,27 +18,24 @@ constexpr std::string_view kMakeTables[] = {
 }  // namespace
 
 Result<bool> HasTables(SqliteConnection& connection) {
-  const auto application = connection.Integer("PRAGMA application_id");
-  if (!application) return application.fault();
-  const auto schema = connection.Integer("PRAGMA user_version");
-  if (!schema) return schema.fault();
-  const auto tables = connection.Integer("SELECT count(*) FROM sqlite_schema");
-  if (!tables) return tables.fault();
-  if (*application == 0 && *schema == 0 && *tables == 0) return false;
-  if (*application != kApplication) return connection.FaultOf("is a database of another program");
-  if (*schema > kStoreSchema) {
-    return connection.FaultOf("belongs to a newer version: it has schema " + std::to_string(*schema) +
+  VANZET_TRY(const auto application, connection.Integer("PRAGMA application_id"));
+  VANZET_TRY(const auto schema, connection.Integer("PRAGMA user_version"));
+  VANZET_TRY(const auto tables, connection.Integer("SELECT count(*) FROM sqlite_schema"));
+  if (application == 0 && schema == 0 && tables == 0) return false;
+  if (application != kApplication) return connection.FaultOf("is a database of another program");
+  if (schema > kStoreSchema) {
+    return connection.FaultOf("belongs to a newer version: it has schema " + std::to_string(schema) +
                               ", this version knows " + std::to_string(kStoreSchema));
   }
-  if (*schema < kStoreSchema) {
-    return connection.FaultOf("is damaged: there is no schema " + std::to_string(*schema));
+  if (schema < kStoreSchema) {
+    return connection.FaultOf("is damaged: there is no schema " + std::to_string(schema));
   }
   return true;
 }
 
 Result<void> MakeTables(SqliteConnection& connection) {
   for (const std::string_view sql : kMakeTables) {
-    if (const auto done = connection.Run(sql); !done) return done.fault();
+    VANZET_DO(connection.Run(sql));
   }
   return {};
 }

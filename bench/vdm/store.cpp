@@ -16,8 +16,7 @@ VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lo
     : engine_(std::move(engine)), locks_(std::move(lockFile)) {}
 
 Result<void> VdmStore::Check() {
-  const auto numbers = engine_->Numbers();
-  if (!numbers) return numbers.fault();
+  VANZET_DO(engine_->Numbers());
   return locks_.Check();
 }
 
@@ -34,9 +33,8 @@ Result<void> VdmStore::CheckTarget(const std::filesystem::path& file) const {
 Result<bool> VdmStore::Exists(std::int64_t number) const {
   const auto known = NumberFrom(number);
   if (!known) return false;
-  const auto open = IsOpen(number);
-  if (!open) return open.fault();
-  if (*open) return true;
+  VANZET_TRY(const auto open, IsOpen(number));
+  if (open) return true;
   return engine_->Exists(*known);
 }
 
@@ -48,22 +46,18 @@ Result<bool> VdmStore::IsOpen(std::int64_t number) const {
 }
 
 Result<Handle> VdmStore::Create(std::int64_t number) {
-  auto taken = Take(number);
-  if (!taken) return taken.fault();
-  const auto exists = engine_->Exists(taken->number());
-  if (!exists) return exists.fault();
-  if (*exists) return Fault{NameOf(taken->number()) + " exists already"};
-  return Enter(std::move(*taken), Vdm());
+  VANZET_TRY(auto taken, Take(number));
+  VANZET_TRY(const auto exists, engine_->Exists(taken.number()));
+  if (exists) return Fault{NameOf(taken.number()) + " exists already"};
+  return Enter(std::move(taken), Vdm());
 }
 
 Result<Handle> VdmStore::Open(std::int64_t number) {
-  auto taken = Take(number);
-  if (!taken) return taken.fault();
+  VANZET_TRY(auto taken, Take(number));
   // Read only now: before the lock was taken somebody else could still have been writing.
-  auto content = engine_->Open(taken->number());
-  if (!content) return content.fault();
-  if (!*content) return Fault{NameOf(taken->number()) + " does not exist"};
-  return Enter(std::move(*taken), std::move(**content));
+  VANZET_TRY(auto content, engine_->Open(taken.number()));
+  if (!content) return Fault{NameOf(taken.number()) + " does not exist"};
+  return Enter(std::move(taken), std::move(*content));
 }
 
 Result<void> VdmStore::Close(Handle handle) {
@@ -78,12 +72,10 @@ Result<void> VdmStore::Close(Handle handle) {
 }
 
 Result<void> VdmStore::Delete(std::int64_t number) {
-  const auto exists = Exists(number);
-  if (!exists) return exists.fault();
-  if (!*exists) return {};
-  const auto taken = Take(number);
-  if (!taken) return taken.fault();
-  return engine_->Remove(taken->number());
+  VANZET_TRY(const auto exists, Exists(number));
+  if (!exists) return {};
+  VANZET_TRY(const auto taken, Take(number));
+  return engine_->Remove(taken.number());
 }
 
 std::size_t VdmStore::Size(Handle handle) const {
@@ -97,21 +89,18 @@ OpenVdm* VdmStore::Find(Handle handle) {
 }
 
 Result<Vdm> VdmStore::Snapshot(std::int64_t number) const {
-  const auto known = NumberFrom(number);
-  if (!known) return known.fault();
-  if (const auto handle = handles_.find(*known); handle != handles_.end()) {
+  VANZET_TRY(const auto known, NumberFrom(number));
+  if (const auto handle = handles_.find(known); handle != handles_.end()) {
     return opened_.at(handle->second).vdm.content().Copy();
   }
-  auto content = engine_->Read(*known);
-  if (!content) return content.fault();
-  if (!*content) return Fault{NameOf(*known) + " does not exist"};
-  return std::move(**content);
+  VANZET_TRY(auto content, engine_->Read(known));
+  if (!content) return Fault{NameOf(known) + " does not exist"};
+  return std::move(*content);
 }
 
 Result<void> VdmStore::Replace(std::int64_t number, const Vdm& content) {
-  const auto taken = Take(number);
-  if (!taken) return taken.fault();
-  return engine_->Write(taken->number(), content);
+  VANZET_TRY(const auto taken, Take(number));
+  return engine_->Write(taken.number(), content);
 }
 
 Result<std::vector<Number>> VdmStore::Numbers() const {
@@ -125,10 +114,9 @@ std::vector<Number> VdmStore::LeftOpen() const {
 }
 
 Result<VdmLocks::Held> VdmStore::Take(std::int64_t number) {
-  const auto known = NumberFrom(number);
-  if (!known) return known.fault();
-  if (handles_.contains(*known)) return Fault{NameOf(*known) + " is open already"};
-  return locks_.Take(*known);
+  VANZET_TRY(const auto known, NumberFrom(number));
+  if (handles_.contains(known)) return Fault{NameOf(known) + " is open already"};
+  return locks_.Take(known);
 }
 
 Result<Handle> VdmStore::Enter(VdmLocks::Held lock, Vdm content) {

@@ -11,15 +11,14 @@ Vdm::Vdm(const std::vector<RecordKey>& keys, RecordLoader load) : load_(std::mov
 Result<const Record*> Vdm::Read(std::size_t record) const {
   const Entry& entry = entries_[record];
   if (entry.content == nullptr) {
-    auto content = load_(*entry.key);
-    if (!content) return content.fault();
-    entry.content = std::make_unique<Record>(std::move(*content));
+    VANZET_TRY(auto content, load_(*entry.key));
+    entry.content = std::make_unique<Record>(std::move(content));
   }
   return entry.content.get();
 }
 
 Result<Record*> Vdm::Edit(std::size_t record) {
-  if (const auto read = Read(record); !read) return read.fault();
+  VANZET_DO(Read(record));
   Entry& entry = entries_[record];
   entry.isChanged = isChanged_ = true;
   return entry.content.get();
@@ -40,9 +39,8 @@ void Vdm::Remove(std::size_t at, std::size_t count) {
 Result<Vdm> Vdm::Copy() const {
   Vdm copy;
   for (std::size_t i = 0; i < Size(); ++i) {
-    const auto content = Read(i);
-    if (!content) return content.fault();
-    copy.Insert(i, **content);
+    VANZET_TRY(const auto content, Read(i));
+    copy.Insert(i, *content);
   }
   return copy;
 }

@@ -47,7 +47,7 @@ VdmLocks::~VdmLocks() {
 }
 
 Result<VdmLocks::Held> VdmLocks::Take(Number number) {
-  if (const auto opened = OpenForTaking(); !opened) return opened.fault();
+  VANZET_DO(OpenForTaking());
   struct flock byte = ByteOf(number, F_WRLCK);
   if (fcntl(descriptor_, F_OFD_SETLK, &byte) == 0) return Held(*this, number);
   if (errno == EAGAIN || errno == EACCES) return Fault{NameOf(number) + " is open elsewhere"};

@@ -62,7 +62,7 @@ Result<std::string> Unescaped(std::string_view text) {
       default: return Fault{"a backslash stands before neither \\, n nor r"};
     }
   }
-  if (const auto fits = CheckItem(item); !fits) return fits.fault();
+  VANZET_DO(CheckItem(item));
   return item;
 }
 
@@ -73,10 +73,10 @@ class Reader {
 
   /// The faults lack the file and the line.
   Result<Vdm> Read() {
-    if (const auto begun = Begin(); !begun) return begun.fault();
+    VANZET_DO(Begin());
     while (!isEnded_) {
-      if (const auto next = NextLine(); !next) return next.fault();
-      if (const auto taken = TakeLine(lines_.Line()); !taken) return taken.fault();
+      VANZET_DO(NextLine());
+      VANZET_DO(TakeLine(lines_.Line()));
     }
     const auto more = lines_.Next();
     if (!more || *more) return Fault{"text stands behind the end"};
@@ -87,7 +87,7 @@ class Reader {
 
  private:
   Result<void> Begin() {
-    if (const auto next = NextLine(); !next) return next.fault();
+    VANZET_DO(NextLine());
     std::string_view first = lines_.Line();
     if (first.starts_with(kByteOrderMark)) first.remove_prefix(kByteOrderMark.size());
     if (first == "vdm 1") return {};
@@ -96,9 +96,8 @@ class Reader {
   }
 
   Result<void> NextLine() {
-    const auto next = lines_.Next();
-    if (!next) return next.fault();
-    if (!*next || !lines_.IsClosed()) return Fault{"is cut short"};
+    VANZET_TRY(const auto next, lines_.Next());
+    if (!next || !lines_.IsClosed()) return Fault{"is cut short"};
     return {};
   }
 
@@ -112,11 +111,9 @@ class Reader {
 
   Result<void> TakeItem(std::string_view text) {
     if (vdm_.Size() == 0) return Fault{"an item stands before the first record"};
-    auto item = Unescaped(text);
-    if (!item) return item.fault();
-    const auto record = vdm_.Edit(vdm_.Size() - 1);
-    if (!record) return record.fault();
-    (*record)->Insert((*record)->Size(), std::move(*item));
+    VANZET_TRY(auto item, Unescaped(text));
+    VANZET_TRY(const auto record, vdm_.Edit(vdm_.Size() - 1));
+    record->Insert(record->Size(), std::move(item));
     return {};
   }
 

@@ -20,9 +20,9 @@ std::string LineOf(std::string_view item) {
 }
 
 Result<void> WriteRecord(files::FileReplacement& file, const Record& record) {
-  if (const auto done = file.Write("record\n"); !done) return done.fault();
+  VANZET_DO(file.Write("record\n"));
   for (std::size_t i = 0; i < record.Size(); ++i) {
-    if (const auto done = file.Write(LineOf(record[i])); !done) return done.fault();
+    VANZET_DO(file.Write(LineOf(record[i])));
   }
   return {};
 }
@@ -30,17 +30,15 @@ Result<void> WriteRecord(files::FileReplacement& file, const Record& record) {
 }  // namespace
 
 Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content) {
-  auto replacement = files::FileReplacement::Begin(file);
-  if (!replacement) return replacement.fault();
-  if (const auto done = replacement->Write("vdm 1\n"); !done) return done.fault();
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(file));
+  VANZET_DO(replacement.Write("vdm 1\n"));
   for (std::size_t i = 0; i < content.Size(); ++i) {
-    const auto record = content.Read(i);
-    if (!record) return record.fault();
-    if (const auto done = WriteRecord(*replacement, **record); !done) return done.fault();
+    VANZET_TRY(const auto record, content.Read(i));
+    VANZET_DO(WriteRecord(replacement, *record));
   }
   const std::string end = "end " + std::to_string(content.Size()) + "\n";
-  if (const auto done = replacement->Write(end); !done) return done.fault();
-  return replacement->Commit();
+  VANZET_DO(replacement.Write(end));
+  return replacement.Commit();
 }
 
 }  // namespace vanzet::vdm
