@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "vdm/number.h"
 #include "vdm/vdm.h"
 
 namespace vanzet::vdm {

@@ -2,6 +2,17 @@
 
 namespace vanzet::vdm {
 
+Result<Number> NumberFrom(std::int64_t value) {
+  if (value < 0 || value > std::int64_t{INT32_MAX}) {
+    return Fault{"there is no VDM number " + std::to_string(value)};
+  }
+  return Number{static_cast<std::uint32_t>(value)};
+}
+
+std::string NameOf(Number number) {
+  return "VDM " + std::to_string(static_cast<std::uint32_t>(number));
+}
+
 Vdm::Vdm(const std::vector<RecordKey>& keys, RecordLoader load) : load_(std::move(load)), isChanged_(false) {
   std::vector<Entry> entries(keys.size());
   for (std::size_t i = 0; i < keys.size(); ++i) entries[i].key = keys[i];

@@ -9,6 +9,15 @@
 
 namespace vanzet::vdm {
 
+/// The number that a VDM is known by.
+enum class Number : std::uint32_t {};
+
+/// The number that a caller gave; a fault when it is below 0 or no integer variable of a host could hold it.
+Result<Number> NumberFrom(std::int64_t value);
+
+/// "VDM 1000", as faults name it.
+std::string NameOf(Number number);
+
 /// Where a store keeps a record; only the store that gave it knows what it means.
 enum class RecordKey : std::int64_t {};
 

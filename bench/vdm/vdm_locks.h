@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "vdm/number.h"
+#include "vdm/vdm.h"
 
 namespace vanzet::vdm {
 
