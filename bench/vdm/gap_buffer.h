@@ -8,8 +8,8 @@
 
 namespace vanzet::vdm {
 
-/// A list that keeps its free places together where it was changed last: adding one element after the other
-/// anywhere in it is amortised constant, and so is removing them one after the other.
+/// A list that keeps its free places together at the position of the last change: inserting elements one
+/// after the other at any position takes amortised constant time each, and so does removing them.
 template <class T>
 class GapBuffer {
  public:
@@ -21,24 +21,24 @@ class GapBuffer {
 
   /// Requires: `at` is below the size.
   T& operator[](std::size_t at) {
-    assert(at < Size() && "an element behind the last was asked for");
+    assert(at < Size() && "an index after the last element");
     return places_[at < gapBegin_ ? at : at + (gapEnd_ - gapBegin_)];
   }
   const T& operator[](std::size_t at) const { return const_cast<GapBuffer&>(*this)[at]; }
 
-  /// Puts `element` before the one at `at`. Requires: `at` is at most the size.
+  /// Inserts `element` before the one at `at`. Requires: `at` is at most the size.
   void Insert(std::size_t at, T element) {
-    assert(at <= Size() && "an element can be put behind the last at most");
+    assert(at <= Size() && "an element can be inserted after the last one at most");
     if (gapBegin_ == gapEnd_) OpenGap();
     MoveGap(at);
     places_[gapBegin_++] = std::move(element);
   }
 
-  /// Removes `count` elements from `at` on. Requires: there are as many.
+  /// Removes `count` elements from `at` on. Requires: that many exist.
   void Remove(std::size_t at, std::size_t count) {
-    assert(at <= Size() && count <= Size() - at && "more elements were to be removed than there are");
+    assert(at <= Size() && count <= Size() - at && "more elements to remove than exist");
     MoveGap(at);
-    // What the elements hold is given back now, not when their places are used again.
+    // The memory of the elements is released now, not when their places are used again.
     for (const std::size_t end = gapEnd_ + count; gapEnd_ < end; ++gapEnd_) places_[gapEnd_] = T{};
   }
 
@@ -61,7 +61,7 @@ class GapBuffer {
     }
   }
 
-  /// Doubles the places; the new ones stand at the end.
+  /// Doubles the places; the new ones are at the end.
   void OpenGap() {
     gapBegin_ = places_.size();
     places_.resize(std::max<std::size_t>(4, 2 * gapBegin_));

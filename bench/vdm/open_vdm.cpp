@@ -5,7 +5,7 @@
 namespace vanzet::vdm {
 namespace {
 
-/// How far `count` steps lead when there is `room`.
+/// The number of steps that `count` steps take within `room`.
 std::size_t Within(std::int64_t count, std::size_t room) {
   if (count <= 0) return 0;
   return static_cast<std::size_t>(std::min<std::uint64_t>(static_cast<std::uint64_t>(count), room));
@@ -62,7 +62,7 @@ Result<void> OpenVdm::SingleReplace(std::string_view text) {
   VANZET_DO(CheckItem(text));
   if (!HasRecord()) return {};
   VANZET_TRY(const auto before, content_.Read(Current()));
-  // Writing what stands there already is common, and no reason to write the record anew.
+  // Callers often write the text that the item already has; the record then needs no writing.
   if (item_ == before->Size() || (*before)[item_] == text) return {};
   VANZET_TRY(const auto record, content_.Edit(Current()));
   (*record)[item_] = text;

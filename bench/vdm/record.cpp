@@ -1,9 +1,17 @@
 #include "vdm/record.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace vanzet::vdm {
+namespace {
+
+Fault Damage(std::string text) {
+  return {.text = std::move(text), .kind = FaultKind::kDamaged};
+}
+
+}  // namespace
 
 Result<void> CheckItem(std::string_view text) {
   if (text.size() > kLongestItem) {
@@ -26,13 +34,13 @@ std::string BytesOf(const Record& record) {
 Result<Record> RecordFrom(std::string_view bytes, std::int64_t count) {
   const auto closed = std::count(bytes.begin(), bytes.end(), '\0');
   if (closed != count) {
-    return Fault{"it holds " + std::to_string(closed) + " items and not " + std::to_string(count)};
+    return Damage("it holds " + std::to_string(closed) + " items and not " + std::to_string(count));
   }
   std::vector<std::string> items;
   items.reserve(static_cast<std::size_t>(closed));
   while (!bytes.empty()) {
     const std::size_t end = bytes.find('\0');
-    if (end == std::string_view::npos) return Fault{"its last item has no end"};
+    if (end == std::string_view::npos) return Damage("its last item has no end");
     const std::string_view item = bytes.substr(0, end);
     VANZET_DO(CheckItem(item));
     items.emplace_back(item);

@@ -9,21 +9,21 @@
 
 namespace vanzet::vdm {
 
-/// A record: its items, each a text that `CheckItem` lets pass.
+/// A record: its items, each a text that `CheckItem` accepts.
 using Record = GapBuffer<std::string>;
 
-/// Bytes of the longest item: those who read one have room for 5000, the closing NUL included.
+/// Bytes of the longest item: its readers have room for 5000, with the closing NUL.
 constexpr std::size_t kLongestItem = 4999;
 
-/// Refuses a text that is too long for an item or holds a NUL.
+/// Fails for a text that is too long for an item or holds a NUL.
 Result<void> CheckItem(std::string_view text);
 
-/// The form in which stores keep a record: its items one after the other, each closed by a NUL.
+/// The bytes that stores keep of a record: its items one after the other, each closed by a NUL.
 /// Source: docs/formats/store.md
 std::string BytesOf(const Record& record);
 
-/// The record that such bytes hold. A fault tells what is wrong with bytes that hold no record of `count`
-/// items.
+/// Reads those bytes back. Fails, with what is wrong, when they do not hold a record of `count` items
+/// (`FaultKind::kDamaged`).
 Result<Record> RecordFrom(std::string_view bytes, std::int64_t count);
 
 }  // namespace vanzet::vdm

@@ -9,17 +9,18 @@ namespace {
 
 struct Failure {
   int code;
+  FaultKind kind;
   std::string_view text;
 };
 
-// What a person can do something about; SQLite's own words serve for the rest.
+// The failures that a person can do something about; for the rest SQLite's own words serve.
 constexpr Failure kFailures[] = {
-    {SQLITE_BUSY, "another process is writing it"},
-    {SQLITE_CANTOPEN, "cannot be opened"},
-    {SQLITE_CORRUPT, "is damaged"},
-    {SQLITE_FULL, "the disk is full"},
-    {SQLITE_NOTADB, "is not a database"},
-    {SQLITE_READONLY, "is read-only"},
+    {SQLITE_BUSY, FaultKind::kBusy, "another process is writing it"},
+    {SQLITE_CANTOPEN, FaultKind::kSystem, "cannot be opened"},
+    {SQLITE_CORRUPT, FaultKind::kDamaged, "is damaged"},
+    {SQLITE_FULL, FaultKind::kSystem, "the disk is full"},
+    {SQLITE_NOTADB, FaultKind::kDamaged, "is not a database"},
+    {SQLITE_READONLY, FaultKind::kSystem, "is read-only"},
 };
 
 /// Resets a prepared statement after use, so that it neither holds a lock nor points to bytes that are gone.
@@ -61,7 +62,7 @@ Result<std::shared_ptr<SqliteConnection>> SqliteConnection::Open(const std::file
   std::shared_ptr<SqliteConnection> connection(new SqliteConnection(database, file));
   if (code != SQLITE_OK) return connection->FaultOfCode(code);
   sqlite3_busy_timeout(database, options.busyTimeout);
-  // What was removed is no secret, and overwriting it would write every page twice.
+  // Removed content is not secret, and overwriting it would write every page twice.
   const std::string settings =
       "PRAGMA synchronous=FULL; PRAGMA secure_delete=OFF;" +
       (options.maxPages > 0 ? "PRAGMA max_page_count=" + std::to_string(options.maxPages) : std::string());
@@ -123,9 +124,9 @@ Result<sqlite3_stmt*> SqliteConnection::Prepared(std::string_view sql) {
 
 Fault SqliteConnection::FaultOfCode(int code) const {
   for (const Failure& failure : kFailures) {
-    if (failure.code == (code & 0xFF)) return {std::string(failure.text), file_.string()};
+    if (failure.code == (code & 0xFF)) return FaultOf(std::string(failure.text), failure.kind);
   }
-  return {sqlite3_errmsg(database_), file_.string()};
+  return FaultOf(sqlite3_errmsg(database_), FaultKind::kSystem);
 }
 
 Result<SqliteTransaction> SqliteTransaction::Begin(SqliteConnection& connection, Kind kind) {

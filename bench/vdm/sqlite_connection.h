@@ -17,7 +17,7 @@ struct sqlite3_stmt;
 
 namespace vanzet::vdm {
 
-/// One row that a statement found. Columns count from 0; views are valid until the next row.
+/// One row of a statement's result. Columns count from 0; views are valid until the next row.
 class SqliteRow {
  public:
   explicit SqliteRow(sqlite3_stmt* statement) : statement_(statement) {}
@@ -28,7 +28,7 @@ class SqliteRow {
   sqlite3_stmt* statement_;
 };
 
-/// A connection to one SQLite file; its statements are prepared once.
+/// A connection to one SQLite file. Each statement is prepared once.
 ///
 /// Errors   a fault with the file's name
 /// Threads  one; a connection must not be carried over a fork
@@ -37,7 +37,7 @@ class SqliteConnection {
   enum class IfMissing { kFail, kMake };
   struct Options {
     int busyTimeout = 5000;  ///< milliseconds to wait for another process that is writing
-    int maxPages = 0;        ///< of the file; 0: as many as the disk holds
+    int maxPages = 0;        ///< the largest size of the file; 0: unlimited
   };
 
   static Result<std::shared_ptr<SqliteConnection>> Open(const std::filesystem::path& file,
@@ -49,21 +49,28 @@ class SqliteConnection {
   using Value = std::variant<std::int64_t, std::string_view>;  ///< a number, or bytes
   using RowReader = std::function<Result<void>(const SqliteRow&)>;
 
-  /// Runs a statement to its end and shows `read` each row; a fault of `read` ends it.
-  /// Requires: `sql` stays as it is as long as the connection, for it names the prepared statement.
+  /// Runs a statement to its end and passes each row to `read`; a fault of `read` ends it.
+  /// Requires: `sql` does not change while the connection lives; it identifies the prepared statement.
   Result<void> Run(std::string_view sql, std::initializer_list<Value> values = {},
                    const RowReader& read = {});
 
-  /// The first column of the one row that a statement finds; 0 without a row.
+  /// Returns the first column of the one row of the result; 0 without a row.
   Result<std::int64_t> Integer(std::string_view sql, std::initializer_list<Value> values = {});
 
   /// The key of the row that was inserted last.
   std::int64_t LastKey() const;
 
-  /// A fault of the caller's wording that names the file.
-  Fault FaultOf(std::string text) const { return {std::move(text), file_.string()}; }
+  /// A fault with the caller's text and the file's name.
+  Fault FaultOf(std::string text, FaultKind kind = FaultKind::kRefused) const {
+    return {.text = std::move(text), .file = file_.string(), .kind = kind};
+  }
 
-  /// True when another file, or none, stands where this one was opened.
+  /// A fault of the kind `kDamaged`: "is damaged: " and the text.
+  Fault DamageOf(const std::string& text) const {
+    return FaultOf("is damaged: " + text, FaultKind::kDamaged);
+  }
+
+  /// True when the path of this file now names another file, or none.
   bool HasMoved() const;
 
  private:
@@ -79,7 +86,7 @@ class SqliteConnection {
   std::map<std::string_view, sqlite3_stmt*> statements_;
 };
 
-/// A transaction on a connection; what is not committed is undone when it goes.
+/// A transaction on a connection. Its destructor rolls back what was not committed.
 class SqliteTransaction {
  public:
   enum class Kind { kRead, kWrite };

@@ -46,8 +46,8 @@ std::int64_t Bound(RecordKey key) {
   return static_cast<std::int64_t>(key);
 }
 
-/// True when the file holds our tables, false when it is empty; a fault when it is of another program or of a
-/// newer version of this one. Requires: a transaction, so that the answer stays true.
+/// True when the file holds our tables, false when it is empty. Fails when another program or a newer version
+/// of this one made it. Requires: a transaction, so that the answer stays true.
 Result<bool> HasTables(SqliteConnection& connection) {
   VANZET_TRY(const auto application, connection.Integer("PRAGMA application_id"));
   VANZET_TRY(const auto schema, connection.Integer("PRAGMA user_version"));
@@ -59,12 +59,12 @@ Result<bool> HasTables(SqliteConnection& connection) {
                               ", this version knows " + std::to_string(kStoreSchema));
   }
   if (schema < kStoreSchema) {
-    return connection.FaultOf("is damaged: there is no schema " + std::to_string(schema));
+    return connection.DamageOf("unknown schema " + std::to_string(schema));
   }
   return true;
 }
 
-/// Makes our tables in an empty file. Requires: a transaction for writing.
+/// Creates our tables in an empty file. Requires: a transaction for writing.
 Result<void> MakeTables(SqliteConnection& connection) {
   for (const std::string_view sql : kMakeTables) {
     VANZET_DO(connection.Run(sql));
@@ -75,8 +75,8 @@ Result<void> MakeTables(SqliteConnection& connection) {
 /// The one record with that key.
 Result<Record> LoadRecord(SqliteConnection& connection, Number number, RecordKey key) {
   const auto damage = [&](const std::string& what) {
-    return connection.FaultOf("is damaged: record " + std::to_string(Bound(key)) + ", of " + NameOf(number) +
-                              ": " + what);
+    return connection.DamageOf("record " + std::to_string(Bound(key)) + ", of " + NameOf(number) + ": " +
+                               what);
   };
   std::optional<Record> record;
   const auto done = connection.Run(kRecord, {Bound(key)}, [&](const SqliteRow& row) -> Result<void> {
@@ -108,7 +108,7 @@ Result<std::vector<Number>> SqliteEngine::Numbers() {
   if (!reading) return numbers;
   const auto done = connection_->Run(kNumbers, {}, [&](const SqliteRow& row) -> Result<void> {
     const auto number = NumberFrom(row.Integer(0));
-    if (!number) return connection_->FaultOf("is damaged: " + number.fault().text);
+    if (!number) return connection_->DamageOf(number.fault().text);
     numbers.push_back(*number);
     return {};
   });
@@ -181,7 +181,8 @@ Result<std::optional<SqliteTransaction>> SqliteEngine::BeginReading() {
 }
 
 Result<SqliteTransaction> SqliteEngine::BeginWriting() {
-  if (files::IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  if (files::IsReadOnly(file_))
+    return Fault{.text = "is read-only", .file = file_.string(), .kind = FaultKind::kSystem};
   VANZET_DO(Connect(IfMissing::kMake));
   VANZET_TRY(auto transaction, SqliteTransaction::Begin(*connection_, Kind::kWrite));
   VANZET_TRY(const auto made, HasTables(*connection_));
@@ -204,8 +205,7 @@ Result<std::vector<RecordKey>> SqliteEngine::KeysOf(Number number) {
   std::vector<RecordKey> keys;
   const auto done = connection_->Run(kPlaces, {Bound(number)}, [&](const SqliteRow& row) -> Result<void> {
     if (row.Integer(0) != static_cast<std::int64_t>(keys.size())) {
-      return connection_->FaultOf("is damaged: " + NameOf(number) + " has no record " +
-                                  std::to_string(keys.size()));
+      return connection_->DamageOf(NameOf(number) + " has no record " + std::to_string(keys.size()));
     }
     keys.push_back(RecordKey{row.Integer(1)});
     return {};
@@ -232,7 +232,7 @@ Result<std::vector<RecordKey>> SqliteEngine::WriteRecords(const Vdm& content) {
 
 Result<void> SqliteEngine::ChangeOrder(Number number, const std::vector<RecordKey>& before,
                                        const std::vector<RecordKey>& after) {
-  // Rows are touched from the first difference on only: to add at the end of many records is cheap.
+  // Only the rows from the first difference on are touched: adding at the end of many records is cheap.
   const auto [oldRest, newRest] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
   if (oldRest != before.end()) {
     const std::int64_t first = oldRest - before.begin();

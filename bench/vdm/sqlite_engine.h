@@ -7,8 +7,8 @@
 
 namespace vanzet::vdm {
 
-/// Keeps VDMs in one SQLite file. A missing or empty file is an empty store; the first write makes it.
-/// A file or folder without any write permission bit is read-only, for the superuser too.
+/// Keeps VDMs in one SQLite file. A missing or empty file is an empty store; the first write creates it.
+/// A file or folder without any write permission bit is read-only, even for the superuser.
 ///
 /// Threads  one; not to be carried over a fork once it was used
 /// Source   docs/formats/store.md
@@ -28,10 +28,10 @@ class SqliteEngine : public StoreEngine {
   Result<void> Remove(Number number) override;
 
  private:
-  /// False when there is no file and none is to be made.
+  /// Returns false when the file does not exist and must not be created.
   Result<bool> Connect(SqliteConnection::IfMissing ifMissing);
 
-  /// Nothing when the store is empty.
+  /// Returns nothing when the store is empty.
   Result<std::optional<SqliteTransaction>> BeginReading();
   Result<SqliteTransaction> BeginWriting();
 

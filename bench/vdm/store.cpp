@@ -6,6 +6,13 @@
 #include "vdm/sqlite_engine.h"
 
 namespace vanzet::vdm {
+namespace {
+
+Fault MissingFault(Number number) {
+  return {.text = NameOf(number) + " does not exist", .kind = FaultKind::kMissing};
+}
+
+}  // namespace
 
 VdmStore::VdmStore(const std::filesystem::path& folder)
     : VdmStore(std::make_unique<SqliteEngine>(folder / "store.db"), folder / "store.lock") {
@@ -42,22 +49,22 @@ Result<bool> VdmStore::IsOpen(std::int64_t number) const {
   const auto known = NumberFrom(number);
   if (!known) return false;
   if (handles_.contains(*known)) return true;
-  return locks_.HeldElsewhere(*known);
+  return locks_.IsHeldElsewhere(*known);
 }
 
 Result<Handle> VdmStore::Create(std::int64_t number) {
-  VANZET_TRY(auto taken, Take(number));
-  VANZET_TRY(const auto exists, engine_->Exists(taken.number()));
-  if (exists) return Fault{NameOf(taken.number()) + " exists already"};
-  return Enter(std::move(taken), Vdm());
+  VANZET_TRY(auto lock, Lock(number));
+  VANZET_TRY(const auto exists, engine_->Exists(lock.number()));
+  if (exists) return Fault{NameOf(lock.number()) + " already exists"};
+  return AddOpen(std::move(lock), Vdm());
 }
 
 Result<Handle> VdmStore::Open(std::int64_t number) {
-  VANZET_TRY(auto taken, Take(number));
-  // Read only now: before the lock was taken somebody else could still have been writing.
-  VANZET_TRY(auto content, engine_->Open(taken.number()));
-  if (!content) return Fault{NameOf(taken.number()) + " does not exist"};
-  return Enter(std::move(taken), std::move(*content));
+  VANZET_TRY(auto lock, Lock(number));
+  // Read only now: before this process had the lock, another one could still have been writing.
+  VANZET_TRY(auto content, engine_->Open(lock.number()));
+  if (!content) return MissingFault(lock.number());
+  return AddOpen(std::move(lock), std::move(*content));
 }
 
 Result<void> VdmStore::Close(Handle handle) {
@@ -66,7 +73,7 @@ Result<void> VdmStore::Close(Handle handle) {
   const auto& [lock, vdm] = closing.mapped();
   handles_.erase(lock.number());
   lastClosed_ = lock.number();
-  // The lock is held until the content is written: it goes with `closing`.
+  // `closing` owns the lock, which is thus held until the content is written.
   if (!vdm.content().IsChanged()) return {};
   return engine_->Write(lock.number(), vdm.content());
 }
@@ -74,8 +81,8 @@ Result<void> VdmStore::Close(Handle handle) {
 Result<void> VdmStore::Delete(std::int64_t number) {
   VANZET_TRY(const auto exists, Exists(number));
   if (!exists) return {};
-  VANZET_TRY(const auto taken, Take(number));
-  return engine_->Remove(taken.number());
+  VANZET_TRY(const auto lock, Lock(number));
+  return engine_->Remove(lock.number());
 }
 
 std::size_t VdmStore::Size(Handle handle) const {
@@ -94,13 +101,13 @@ Result<Vdm> VdmStore::Snapshot(std::int64_t number) const {
     return opened_.at(handle->second).vdm.content().Copy();
   }
   VANZET_TRY(auto content, engine_->Read(known));
-  if (!content) return Fault{NameOf(known) + " does not exist"};
+  if (!content) return MissingFault(known);
   return std::move(*content);
 }
 
 Result<void> VdmStore::Replace(std::int64_t number, const Vdm& content) {
-  VANZET_TRY(const auto taken, Take(number));
-  return engine_->Write(taken.number(), content);
+  VANZET_TRY(const auto lock, Lock(number));
+  return engine_->Write(lock.number(), content);
 }
 
 Result<std::vector<Number>> VdmStore::Numbers() const {
@@ -113,14 +120,16 @@ std::vector<Number> VdmStore::LeftOpen() const {
   return numbers;
 }
 
-Result<VdmLocks::Held> VdmStore::Take(std::int64_t number) {
+Result<VdmLocks::Held> VdmStore::Lock(std::int64_t number) {
   VANZET_TRY(const auto known, NumberFrom(number));
-  if (handles_.contains(known)) return Fault{NameOf(known) + " is open already"};
-  return locks_.Take(known);
+  if (handles_.contains(known)) {
+    return Fault{.text = NameOf(known) + " is already open", .kind = FaultKind::kBusy};
+  }
+  return locks_.Acquire(known);
 }
 
-Result<Handle> VdmStore::Enter(VdmLocks::Held lock, Vdm content) {
-  if (lastHandle_ == kLastHandle) return Fault{"no handle is left to open a VDM with"};
+Result<Handle> VdmStore::AddOpen(VdmLocks::Held lock, Vdm content) {
+  if (lastHandle_ == kLastHandle) return Fault{"all handles are used up"};
   const Handle handle{++lastHandle_};
   handles_.emplace(lock.number(), handle);
   opened_.emplace(handle, Opened{std::move(lock), OpenVdm(std::move(content))});

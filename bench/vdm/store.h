@@ -9,20 +9,22 @@
 
 namespace vanzet::vdm {
 
-/// An open VDM, as callers name it: never 0, never 0xFFFFFFFF, never given twice.
+/// The number by which callers refer to an open VDM: never 0, never 0xFFFFFFFF, never used twice.
 enum class Handle : std::uint32_t {};
 
 /// The VDMs of a project, as one process sees them.
 ///
-/// A VDM is created or opened, worked on in memory through its handle, and closed; closing writes it in one
-/// transaction. What is never closed never happened: a process that dies leaves the state of the last close.
-/// From opening to closing the VDM is locked against every other process.
+/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; closing writes it
+/// in one transaction. Work that is never closed is lost: a process that dies leaves the state of the last
+/// close. From opening to closing the VDM is locked against every other process.
 ///
-/// Owns     the engine, the locks and the open VDMs; the destructor drops what is still open
-/// Numbers  any: those that no VDM can have do not exist, and are refused where one is to be made or opened
-/// Handles  any: one that is not open, or not any more, has no records and closes without a fault
-/// Errors   a fault, and everything is as it was (but see `Close`)
-/// Threads  one; not to be carried over a fork
+/// Owns     the engine, the locks and the open VDMs; the destructor discards what is still open
+/// Numbers  any: a number that no VDM can have does not exist, and `Create` and `Open` fail for it
+/// Handles  any: a handle that is not open, or no longer open, has no records and closes without a fault
+/// Errors   a fault, and nothing has changed (but see `Close`): `kMissing` for a VDM that does not exist,
+///          `kBusy` for one that is open, here or in another process, `kDamaged` for a store that cannot be
+///          trusted, `kSystem` for reasons of the system
+/// Threads  one; it must not be used after a fork
 /// Source   docs/formats/store.md
 class VdmStore {
  public:
@@ -30,29 +32,29 @@ class VdmStore {
   explicit VdmStore(const std::filesystem::path& folder);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
-  /// Whether the store can be read and VDMs can be taken, for callers who want to hear it once and first.
+  /// Checks up front that the store can be read and VDMs can be locked.
   Result<void> Check();
 
-  /// Refuses a file that the store itself lives in, so that nobody writes over it.
+  /// Fails for a file that belongs to the store itself, so that no caller overwrites it.
   Result<void> CheckTarget(const std::filesystem::path& file) const;
 
-  /// True when it is kept, or open anywhere.
+  /// True when the VDM is stored, or open here or in another process.
   Result<bool> Exists(std::int64_t number) const;
 
-  /// True when it is open, here or elsewhere.
+  /// True when the VDM is open, here or in another process.
   Result<bool> IsOpen(std::int64_t number) const;
 
-  /// Makes an empty VDM and opens it. Refused when the number is taken.
+  /// Creates an empty VDM and opens it. Fails when a VDM of this number exists or is open.
   Result<Handle> Create(std::int64_t number);
 
-  /// Refused when there is none or it is open, here or elsewhere.
+  /// Fails when the VDM does not exist or is already open, here or in another process.
   Result<Handle> Open(std::int64_t number);
 
-  /// Writes what was changed. On a fault the last closed state stays, and the work since is lost: the handle
-  /// and the lock are gone all the same.
+  /// Writes the changes. After a fault the store keeps the state of the last close, and the work since is lost:
+  /// the handle and the lock are released all the same.
   Result<void> Close(Handle handle);
 
-  /// Refused when it is open, here or elsewhere; silent when there is none.
+  /// Fails when the VDM is open, here or in another process; does nothing when it does not exist.
   Result<void> Delete(std::int64_t number);
 
   /// The number of records.
@@ -61,21 +63,20 @@ class VdmStore {
   /// The open VDM, valid until it is closed; null when the handle is not open.
   OpenVdm* Find(Handle handle);
 
-  /// A copy of what the VDM holds now: as it is in memory when open here, else as it was closed last.
+  /// A copy of the current content: as in memory when the VDM is open here, else as at the last close.
   Result<Vdm> Snapshot(std::int64_t number) const;
 
-  /// Puts `content` in the place of what the number held, or makes it. Refused when it is open, here or
-  /// elsewhere.
-  /// Requires: `content` is tied to no store, as `Snapshot` and the readers of files give it.
+  /// Replaces the content of the VDM, or creates it. Fails when it is open, here or in another process.
+  /// Requires: `content` is independent of any store, as `Snapshot` and the readers of files return it.
   Result<void> Replace(std::int64_t number, const Vdm& content);
 
-  /// What is kept, rising. A VDM that was created and not closed is not among them.
+  /// The numbers of the stored VDMs, ascending. A VDM that was created and not yet closed is not among them.
   Result<std::vector<Number>> Numbers() const;
 
-  /// What is open here, rising: work that is lost unless it is closed.
+  /// The numbers of the VDMs that are open here, ascending: work that is lost unless they are closed.
   std::vector<Number> LeftOpen() const;
 
-  /// What was closed last through a handle of this store, if anything was.
+  /// The VDM that was closed last through a handle of this store.
   std::optional<Number> LastClosed() const { return lastClosed_; }
 
  private:
@@ -86,9 +87,9 @@ class VdmStore {
     OpenVdm vdm;
   };
 
-  /// Takes a VDM that is not open anywhere.
-  Result<VdmLocks::Held> Take(std::int64_t number);
-  Result<Handle> Enter(VdmLocks::Held lock, Vdm content);
+  /// Locks a VDM that is not open anywhere.
+  Result<VdmLocks::Held> Lock(std::int64_t number);
+  Result<Handle> AddOpen(VdmLocks::Held lock, Vdm content);
 
   std::unique_ptr<StoreEngine> engine_;
   std::vector<std::filesystem::path> ownFiles_;

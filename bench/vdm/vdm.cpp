@@ -4,7 +4,7 @@ namespace vanzet::vdm {
 
 Result<Number> NumberFrom(std::int64_t value) {
   if (value < 0 || value > std::int64_t{INT32_MAX}) {
-    return Fault{"there is no VDM number " + std::to_string(value)};
+    return Fault{.text = "no such VDM number: " + std::to_string(value), .kind = FaultKind::kMissing};
   }
   return Number{static_cast<std::uint32_t>(value)};
 }

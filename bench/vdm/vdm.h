@@ -12,13 +12,13 @@ namespace vanzet::vdm {
 /// The number that a VDM is known by.
 enum class Number : std::uint32_t {};
 
-/// The number that a caller gave; a fault when it is below 0 or no integer variable of a host could hold it.
+/// Converts the number of a caller. Fails when it is below 0 or larger than an integer variable of a host.
 Result<Number> NumberFrom(std::int64_t value);
 
 /// "VDM 1000", as faults name it.
 std::string NameOf(Number number);
 
-/// Where a store keeps a record; only the store that gave it knows what it means.
+/// The place of a record in a store; only the store that issued it knows what it means.
 enum class RecordKey : std::int64_t {};
 
 /// Fetches a record from the store that keeps it.
@@ -27,23 +27,23 @@ using RecordLoader = std::function<Result<Record>(RecordKey)>;
 /// A VDM in memory: an ordered list of records.
 ///
 /// Shape    records from 0, each a list of items from 0
-/// Owns     the records it has touched; others stay in their store until they are read or edited
-/// Errors   a record that cannot be fetched is a fault each time it is asked for; the store keeps it as it is
+/// Owns     the records that were read or edited; others stay in their store until then
+/// Errors   a record that cannot be fetched is a fault on each request; the store keeps it unchanged
 class Vdm {
  public:
-  /// One record and what a store must know to keep it.
+  /// One record and the facts that a store needs to keep it.
   struct Entry {
-    std::optional<RecordKey> key;             ///< nothing: no store keeps it yet
+    std::optional<RecordKey> key;             ///< nothing: not in a store yet
     bool isChanged = false;                   ///< it differs from what the store keeps under the key
     mutable std::unique_ptr<Record> content;  ///< null until it is fetched
 
     bool MustBeWritten() const { return isChanged || !key; }
   };
 
-  /// An empty VDM that no store keeps yet.
+  /// An empty VDM that is not in a store yet.
   Vdm() = default;
 
-  /// A VDM whose records a store keeps under `keys`. It can be used as long as `load` can.
+  /// A VDM whose records a store keeps under `keys`. It can be used as long as `load` can be called.
   Vdm(const std::vector<RecordKey>& keys, RecordLoader load);
 
   std::size_t Size() const { return entries_.Size(); }
@@ -51,16 +51,16 @@ class Vdm {
   /// The record's content, valid until the record is removed. Requires: `record` is below the size.
   Result<const Record*> Read(std::size_t record) const;
 
-  /// The same, to be changed.
+  /// The same, to be edited.
   Result<Record*> Edit(std::size_t record);
 
-  /// Puts a record before the one at `at`. Requires: `at` is at most the size.
+  /// Inserts a record before the one at `at`. Requires: `at` is at most the size.
   void Insert(std::size_t at, Record content);
 
-  /// Removes `count` records from `at` on. Requires: there are as many.
+  /// Removes `count` records from `at` on. Requires: that many exist.
   void Remove(std::size_t at, std::size_t count);
 
-  /// The same content, wholly in memory and kept by no store.
+  /// The same content, wholly in memory and independent of any store.
   Result<Vdm> Copy() const;
 
   /// True when a store would have something to write.

@@ -10,12 +10,13 @@ namespace vanzet::vdm {
 
 // VDMs as text files, fit for a diff: see docs/formats/vdm.md.
 
-/// Reads the text of a VDM, whole or not at all; `name` stands for the file in faults, which tell the line.
+/// Reads the text of a VDM, whole or not at all. `name` is the name of the file in faults, which have the line
+/// and its text; a text that is cut short or has another count of records is `kDamaged`.
 Result<Vdm> ReadVdm(std::istream& text, std::string_view name);
 Result<Vdm> ReadVdmFile(const std::filesystem::path& file);
 
-/// Writes a VDM in the place of what the file held; it is on the disk when this returns. On a fault the old
-/// file stays as it was.
+/// Replaces the content of the file by the VDM; it is on the disk when the function returns. On a fault the
+/// old file is unchanged.
 Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content);
 
 }  // namespace vanzet::vdm

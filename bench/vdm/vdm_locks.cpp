@@ -12,7 +12,7 @@
 namespace vanzet::vdm {
 namespace {
 
-/// The byte that stands for a VDM.
+/// The byte of the lock file that represents a VDM.
 struct flock ByteOf(Number number, short type) {
   struct flock byte = {};
   byte.l_type = type;
@@ -22,15 +22,14 @@ struct flock ByteOf(Number number, short type) {
   return byte;
 }
 
-/// Asks the kernel whether another open of the lock file holds the byte; below 0 when it cannot tell.
+/// Asks the kernel whether another open file holds the byte: 0 or 1, and below 0 when the call fails.
 int HeldByOthers(int descriptor, Number number) {
   struct flock byte = ByteOf(number, F_WRLCK);
   if (fcntl(descriptor, F_OFD_GETLK, &byte) != 0) return -1;
   return byte.l_type == F_UNLCK ? 0 : 1;
 }
 
-/// Opens the file as `open` does, but nothing that would keep one waiting: a pipe, a folder, a device is
-/// EINVAL.
+/// Opens the file as `open` does. A pipe, a folder and a device, which could block, fail with EINVAL.
 int OpenRegular(const std::filesystem::path& file, int flags) {
   const int descriptor = open(file.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
   struct stat status = {};
@@ -46,15 +45,17 @@ VdmLocks::~VdmLocks() {
   if (descriptor_ >= 0) close(descriptor_);
 }
 
-Result<VdmLocks::Held> VdmLocks::Take(Number number) {
-  VANZET_DO(OpenForTaking());
+Result<VdmLocks::Held> VdmLocks::Acquire(Number number) {
+  VANZET_DO(OpenForLocking());
   struct flock byte = ByteOf(number, F_WRLCK);
   if (fcntl(descriptor_, F_OFD_SETLK, &byte) == 0) return Held(*this, number);
-  if (errno == EAGAIN || errno == EACCES) return Fault{NameOf(number) + " is open elsewhere"};
+  if (errno == EAGAIN || errno == EACCES) {
+    return Fault{.text = NameOf(number) + " is open elsewhere", .kind = FaultKind::kBusy};
+  }
   return FaultOf(errno);
 }
 
-Result<bool> VdmLocks::HeldElsewhere(Number number) const {
+Result<bool> VdmLocks::IsHeldElsewhere(Number number) const {
   const int asked = descriptor_ >= 0 ? descriptor_ : OpenRegular(file_, O_RDONLY);
   if (asked < 0 && errno == ENOENT) return false;
   const int held = asked < 0 ? -1 : HeldByOthers(asked, number);
@@ -64,9 +65,10 @@ Result<bool> VdmLocks::HeldElsewhere(Number number) const {
   return held == 1;
 }
 
-Result<void> VdmLocks::OpenForTaking() {
+Result<void> VdmLocks::OpenForLocking() {
   if (descriptor_ >= 0) return {};
-  if (files::IsReadOnly(file_)) return Fault{"is read-only", file_.string()};
+  if (files::IsReadOnly(file_))
+    return Fault{.text = "is read-only", .file = file_.string(), .kind = FaultKind::kSystem};
   descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT);
   if (descriptor_ < 0) return FaultOf(errno);
   return {};
@@ -74,7 +76,7 @@ Result<void> VdmLocks::OpenForTaking() {
 
 void VdmLocks::Release(Number number) {
   struct flock byte = ByteOf(number, F_UNLCK);
-  // It fails on a descriptor that is not open only, and then there is nothing to release.
+  // It fails only on a descriptor that is not open, and then nothing is locked.
   fcntl(descriptor_, F_OFD_SETLK, &byte);
 }
 

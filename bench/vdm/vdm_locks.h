@@ -7,13 +7,13 @@
 
 namespace vanzet::vdm {
 
-/// Tells every process who has which VDM open: one lock file, one byte a number.
+/// Locks VDMs for this process against every other: one lock file, one byte for each number.
 ///
-/// The kernel keeps the locks and drops them with the process, however it ends, so nothing is left to clean
-/// up. The file itself says nothing; it must stay where it is while any process has a VDM open.
+/// The kernel holds the locks and releases them with the process, however it ends, so nothing is left to clean
+/// up. The file has no content; it must not be moved while any process has a VDM open.
 ///
-/// Errors   a fault that names the lock file, or the VDM when somebody else has it
-/// Threads  one; a child made by a fork shares the locks that its parent held
+/// Errors   a fault with the name of the lock file, or of the VDM when it is open elsewhere (`kBusy`)
+/// Threads  one; a child process made by a fork shares the locks of its parent
 /// Source   docs/formats/store.md
 class VdmLocks {
  public:
@@ -22,7 +22,7 @@ class VdmLocks {
   VdmLocks(const VdmLocks&) = delete;
   VdmLocks& operator=(const VdmLocks&) = delete;
 
-  /// A VDM that is held; it is free again when this goes. The locks have to outlive it.
+  /// The lock of one VDM; the destructor releases it. `VdmLocks` must outlive it.
   class Held {
    public:
     Held(Held&& other) noexcept : locks_(std::exchange(other.locks_, nullptr)), number_(other.number_) {}
@@ -40,24 +40,24 @@ class VdmLocks {
     Number number_;
   };
 
-  /// Takes the VDM, making the lock file when there is none. A fault when somebody else has it.
-  /// Requires: it is not held by these locks.
-  Result<Held> Take(Number number);
+  /// Locks the VDM; creates the lock file when it does not exist. Fails when the VDM is open elsewhere.
+  /// Requires: this object does not hold its lock.
+  Result<Held> Acquire(Number number);
 
-  /// Whether VDMs can be taken at all; makes the lock file when there is none.
-  Result<void> Check() { return OpenForTaking(); }
+  /// Fails when no VDM can be locked; creates the lock file when it does not exist.
+  Result<void> Check() { return OpenForLocking(); }
 
-  /// True when another process, or another store of this one, holds the VDM. Never makes the lock file, so
-  /// that a folder that cannot be written can still be asked.
-  Result<bool> HeldElsewhere(Number number) const;
+  /// True when another process, or another store of this one, holds the lock. Never creates the lock file, so
+  /// that it also answers in a folder that cannot be written.
+  Result<bool> IsHeldElsewhere(Number number) const;
 
  private:
-  Result<void> OpenForTaking();
+  Result<void> OpenForLocking();
   void Release(Number number);
   Fault FaultOf(int error) const;
 
   std::filesystem::path file_;
-  int descriptor_ = -1;  ///< what the locks hang on; below 0 until the first is taken
+  int descriptor_ = -1;  ///< of the lock file, which holds the locks; below 0 until the first lock
 };
 
 }  // namespace vanzet::vdm

@@ -105,7 +105,7 @@ TEST_F(SqliteStore, RefusesTheSchemaOfANewerVersion) {
 TEST_F(SqliteStore, RefusesASchemaThatNoVersionWrote) {
   Write(1, {{"a"}});
   Sql("PRAGMA user_version=0");
-  ExpectRefusal("is damaged: there is no schema 0");
+  ExpectRefusal("is damaged: unknown schema 0");
 }
 
 TEST_F(SqliteStore, RefusesAFolderInThePlaceOfTheFile) {
@@ -203,7 +203,7 @@ TEST_F(SqliteStore, TellsOfAMissingPlace) {
 TEST_F(SqliteStore, TellsOfANumberThatNoVdmCanHave) {
   Write(1, {});
   Sql("INSERT INTO vdm VALUES(-1)");
-  EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": is damaged: there is no VDM number -1");
+  EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": is damaged: no such VDM number: -1");
 }
 
 TEST_F(SqliteStore, SurvivesBytesThatWereChangedAnywhere) {

@@ -51,10 +51,10 @@ TEST_F(Store, AVdmThatWasCreatedAndNeverClosedNeverExisted) {
 
 TEST_F(Store, CreateIsRefusedWhenTheNumberIsTaken) {
   Keep(1, {{"a"}});
-  EXPECT_EQ(Told(store.Create(1)), "VDM 1 exists already");
+  EXPECT_EQ(Told(store.Create(1)), "VDM 1 already exists");
   EXPECT_FALSE(Get(store.IsOpen(1)));
   Get(store.Create(2));
-  EXPECT_EQ(Told(store.Create(2)), "VDM 2 is open already");
+  EXPECT_EQ(Told(store.Create(2)), "VDM 2 is already open");
   EXPECT_EQ(Told(elsewhere.Create(2)), "VDM 2 is open elsewhere");
 }
 
@@ -63,7 +63,7 @@ TEST_F(Store, OpenIsRefusedWhenThereIsNoneOrItIsOpen) {
   EXPECT_FALSE(Get(elsewhere.IsOpen(1)));
   Keep(1, {{"a"}});
   Get(store.Open(1));
-  EXPECT_EQ(Told(store.Open(1)), "VDM 1 is open already");
+  EXPECT_EQ(Told(store.Open(1)), "VDM 1 is already open");
   EXPECT_EQ(Told(elsewhere.Open(1)), "VDM 1 is open elsewhere");
 }
 
@@ -119,7 +119,7 @@ TEST_F(Store, HandlesThatAreNotOpenAreTolerated) {
 
 TEST_F(Store, NumbersThatNoVdmCanHaveDoNotExistAndAreRefused) {
   for (const std::int64_t number : {std::int64_t{-1}, std::int64_t{0x100000000}, INT64_MIN, INT64_MAX}) {
-    const std::string told = "there is no VDM number " + std::to_string(number);
+    const std::string told = "no such VDM number: " + std::to_string(number);
     EXPECT_FALSE(Get(store.Exists(number)));
     EXPECT_FALSE(Get(store.IsOpen(number)));
     EXPECT_EQ(Told(store.Delete(number)), "");
@@ -142,7 +142,7 @@ TEST_F(Store, DeleteIsRefusedWhileOpenAndSilentWhenThereIsNone) {
   EXPECT_EQ(Told(store.Delete(1)), "");
   Keep(1, {{"a"}});
   const Handle handle = Get(store.Open(1));
-  EXPECT_EQ(Told(store.Delete(1)), "VDM 1 is open already");
+  EXPECT_EQ(Told(store.Delete(1)), "VDM 1 is already open");
   EXPECT_EQ(Told(elsewhere.Delete(1)), "VDM 1 is open elsewhere");
   EXPECT_EQ(Told(store.Close(handle)), "");
   EXPECT_EQ(Told(store.Delete(1)), "");
@@ -152,7 +152,7 @@ TEST_F(Store, DeleteIsRefusedWhileOpenAndSilentWhenThereIsNone) {
 TEST_F(Store, ReplaceIsRefusedWhileOpen) {
   Keep(1, {{"a"}});
   Get(store.Open(1));
-  EXPECT_EQ(Told(store.Replace(1, Vdm())), "VDM 1 is open already");
+  EXPECT_EQ(Told(store.Replace(1, Vdm())), "VDM 1 is already open");
   EXPECT_EQ(Told(elsewhere.Replace(1, Vdm())), "VDM 1 is open elsewhere");
   EXPECT_EQ(Content(1), Records{{"a"}});
 }
@@ -199,15 +199,15 @@ class WatchingEngine : public test::MemoryEngine {
       : locks_(lockFile), locked_(locked) {}
 
   Result<std::optional<Vdm>> Open(Number number) override {
-    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
     return MemoryEngine::Open(number);
   }
   Result<void> Write(Number number, const Vdm& content) override {
-    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
     return MemoryEngine::Write(number, content);
   }
   Result<void> Remove(Number number) override {
-    locked_.push_back(Get(locks_.HeldElsewhere(number)));
+    locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
     return MemoryEngine::Remove(number);
   }
 
@@ -292,7 +292,7 @@ TEST(StoreWithFaults, LeavesNothingOpenOrLockedWhicheverCallFails) {
     const VdmLocks elsewhere(folder / "store.lock");
     EXPECT_TRUE(store.LeftOpen().empty());
     for (const std::uint32_t number : {1u, 2u, 3u})
-      EXPECT_FALSE(Get(elsewhere.HeldElsewhere(Number{number})));
+      EXPECT_FALSE(Get(elsewhere.IsHeldElsewhere(Number{number})));
     EXPECT_EQ(RecordsOf(Get(store.Snapshot(1))), (Records{{failing > 4 ? "new" : "old"}})) << failing;
     EXPECT_EQ(Get(store.Exists(3)), !done);
   }

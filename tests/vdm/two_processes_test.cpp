@@ -71,7 +71,7 @@ bool CountUp(const std::filesystem::path& folder, int times) {
   VdmStore store(folder);
   while (times > 0) {
     const auto handle = store.Open(1);
-    if (!handle && handle.fault().text != "VDM 1 is open elsewhere") return false;
+    if (!handle && handle.fault().kind != FaultKind::kBusy) return false;
     if (!handle) continue;
     OpenVdm& vdm = *store.Find(*handle);
     const int count = std::stoi(std::string(Get(vdm.SingleGet())));

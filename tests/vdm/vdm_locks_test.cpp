@@ -23,65 +23,65 @@ struct Locks : testing::Test {
 TEST_F(Locks, HoldOneVdmAgainstAllOthersUntilTheyLetGo) {
   VdmLocks ours(file), theirs(file);
   {
-    const auto held = Get(ours.Take(kNumber));
-    EXPECT_TRUE(Get(theirs.HeldElsewhere(kNumber)));
-    EXPECT_EQ(Told(theirs.Take(kNumber)), "VDM 1000 is open elsewhere");
+    const auto held = Get(ours.Acquire(kNumber));
+    EXPECT_TRUE(Get(theirs.IsHeldElsewhere(kNumber)));
+    EXPECT_EQ(Told(theirs.Acquire(kNumber)), "VDM 1000 is open elsewhere");
   }
-  EXPECT_FALSE(Get(theirs.HeldElsewhere(kNumber)));
-  EXPECT_EQ(Told(theirs.Take(kNumber)), "");
+  EXPECT_FALSE(Get(theirs.IsHeldElsewhere(kNumber)));
+  EXPECT_EQ(Told(theirs.Acquire(kNumber)), "");
 }
 
 TEST_F(Locks, DoNotCallTheirOwnElsewhere) {
   VdmLocks ours(file);
-  const auto held = Get(ours.Take(kNumber));
-  EXPECT_FALSE(Get(ours.HeldElsewhere(kNumber)));
+  const auto held = Get(ours.Acquire(kNumber));
+  EXPECT_FALSE(Get(ours.IsHeldElsewhere(kNumber)));
 }
 
 TEST_F(Locks, KeepNumbersApartOverTheirWholeRange) {
   VdmLocks ours(file), theirs(file);
-  const auto last = Get(ours.Take(Number{0xFFFFFFFF}));
+  const auto last = Get(ours.Acquire(Number{0xFFFFFFFF}));
   for (const std::uint32_t number : {0u, 1u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFEu}) {
-    EXPECT_EQ(Told(theirs.Take(Number{number})), "") << number;
+    EXPECT_EQ(Told(theirs.Acquire(Number{number})), "") << number;
   }
-  EXPECT_TRUE(Get(theirs.HeldElsewhere(Number{0xFFFFFFFF})));
+  EXPECT_TRUE(Get(theirs.IsHeldElsewhere(Number{0xFFFFFFFF})));
 }
 
 TEST_F(Locks, AreSeenByOtherProcessesAndDieWithTheirOwn) {
   Child child([&](Child::Line& parent) {
     VdmLocks locks(file);
-    const auto held = locks.Take(kNumber);
+    const auto held = locks.Acquire(kNumber);
     parent.Tell();
     return parent.Await();
   });
   ASSERT_TRUE(child.line().Await());
   VdmLocks locks(file);
-  EXPECT_TRUE(Get(locks.HeldElsewhere(kNumber)));
-  EXPECT_EQ(Told(locks.Take(kNumber)), "VDM 1000 is open elsewhere");
+  EXPECT_TRUE(Get(locks.IsHeldElsewhere(kNumber)));
+  EXPECT_EQ(Told(locks.Acquire(kNumber)), "VDM 1000 is open elsewhere");
   child.Kill();
-  EXPECT_FALSE(Get(locks.HeldElsewhere(kNumber)));
-  EXPECT_EQ(Told(locks.Take(kNumber)), "");
+  EXPECT_FALSE(Get(locks.IsHeldElsewhere(kNumber)));
+  EXPECT_EQ(Told(locks.Acquire(kNumber)), "");
 }
 
 TEST_F(Locks, AreAskedWithoutMakingTheFile) {
   const VdmLocks locks(file);
-  EXPECT_FALSE(Get(locks.HeldElsewhere(kNumber)));
+  EXPECT_FALSE(Get(locks.IsHeldElsewhere(kNumber)));
   EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(Locks, AreAskedAndNotTakenInAReadOnlyFolder) {
   VdmLocks before(file);
-  const auto held = Get(before.Take(kNumber));
+  const auto held = Get(before.Acquire(kNumber));
   std::filesystem::permissions(file, std::filesystem::perms::owner_read);
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0500));
   VdmLocks locks(file);
-  EXPECT_TRUE(Get(locks.HeldElsewhere(kNumber)));
-  EXPECT_EQ(Told(locks.Take(Number{1})), file.string() + ": is read-only");
+  EXPECT_TRUE(Get(locks.IsHeldElsewhere(kNumber)));
+  EXPECT_EQ(Told(locks.Acquire(Number{1})), file.string() + ": is read-only");
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0700));
 }
 
 TEST_F(Locks, TellWhyTheFileCannotBeUsed) {
   std::filesystem::create_directory(file);
-  EXPECT_EQ(Told(VdmLocks(file).Take(kNumber)), file.string() + ": cannot be locked: Is a directory");
+  EXPECT_EQ(Told(VdmLocks(file).Acquire(kNumber)), file.string() + ": cannot be locked: Is a directory");
 }
 
 }  // namespace
