@@ -6,7 +6,7 @@
 #include <set>
 
 #include "support/catalogues.h"
-#include "window/new_project_box.h"
+#include "window/commands/boxes.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {

@@ -1,8 +1,8 @@
 #include <QListWidget>
 #include <QWheelEvent>
 
-#include "window/polyline.h"
-#include "window/snap.h"
+#include "window/views/polyline.h"
+#include "window/views/snap.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {

@@ -1,4 +1,4 @@
-#include "window/drop_import.h"
+#include "window/commands/dropped_files.h"
 
 #include <fstream>
 #include <sstream>

@@ -8,7 +8,7 @@
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
-#include "window/busy.h"
+#include "window/commands/busy.h"
 #include "window/main_window.h"
 #include "window/qt_text.h"
 

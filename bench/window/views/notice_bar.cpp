@@ -1,4 +1,4 @@
-#include "window/notice_bar.h"
+#include "window/views/notice_bar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -4,10 +4,10 @@
 #include <functional>
 
 #include "drawing/picks.h"
-#include "window/choice_dock.h"
-#include "window/drawing_view.h"
-#include "window/equipment_view.h"
-#include "window/hint_bar.h"
+#include "window/docks/choice_dock.h"
+#include "window/views/drawing_view.h"
+#include "window/views/equipment_view.h"
+#include "window/views/hint_bar.h"
 #include "window/texts.h"
 
 namespace vanzet::window {

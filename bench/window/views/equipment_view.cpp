@@ -1,4 +1,4 @@
-#include "window/equipment_view.h"
+#include "window/views/equipment_view.h"
 
 #include <QElapsedTimer>
 #include <QMouseEvent>

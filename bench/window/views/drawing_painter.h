@@ -5,9 +5,9 @@
 #include <string>
 
 #include "drawing/shown.h"
-#include "window/snap.h"
+#include "window/views/snap.h"
 #include "window/theme.h"
-#include "window/view_frame.h"
+#include "window/views/view_frame.h"
 
 namespace vanzet::window {
 

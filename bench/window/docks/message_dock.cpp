@@ -1,4 +1,4 @@
-#include "window/message_dock.h"
+#include "window/docks/message_dock.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "window/view_pane.h"
+#include "window/views/bars.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "window/snap.h"
+#include "window/views/snap.h"
 
 #include <cmath>
 

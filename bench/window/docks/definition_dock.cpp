@@ -1,4 +1,4 @@
-#include "window/definition_dock.h"
+#include "window/docks/definition_dock.h"
 
 #include <QHeaderView>
 #include <QTreeWidget>

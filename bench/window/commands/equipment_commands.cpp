@@ -4,8 +4,8 @@
 
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
-#include "window/busy.h"
-#include "window/call_listener.h"
+#include "window/commands/busy.h"
+#include "window/docks/call_listener.h"
 #include "window/main_window.h"
 #include "window/qt_text.h"
 

@@ -1,10 +1,10 @@
-#include "window/drawing_view.h"
+#include "window/views/drawing_view.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
 
-#include "window/drawing_painter.h"
+#include "window/views/drawing_painter.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "api/trace.h"
-#include "window/message_dock.h"
+#include "window/docks/message_dock.h"
 
 namespace vanzet::window {
 

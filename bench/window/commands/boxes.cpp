@@ -1,4 +1,4 @@
-#include "window/new_project_box.h"
+#include "window/commands/boxes.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

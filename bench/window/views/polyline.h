@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "geometry/kurve.h"
-#include "window/view_frame.h"
+#include "window/views/view_frame.h"
 
 /// Contours as chords on the screen. Chords are nowhere farther from an arc than a fraction of a pixel at any
 /// scale, and nothing is drawn far outside of what is seen, where coordinates would lose their digits.

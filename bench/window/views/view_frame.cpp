@@ -1,4 +1,4 @@
-#include "window/view_frame.h"
+#include "window/views/view_frame.h"
 
 #include <algorithm>
 

@@ -10,7 +10,7 @@
 #include "project/sample.h"
 #include "vdm/vdm_file.h"
 #include "window/main_window.h"
-#include "window/new_project_box.h"
+#include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
 /// Opening and making projects, their stores to and from files, and files dropped into them.

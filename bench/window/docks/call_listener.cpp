@@ -1,4 +1,4 @@
-#include "window/call_listener.h"
+#include "window/docks/call_listener.h"
 
 #include <algorithm>
 #include <string_view>

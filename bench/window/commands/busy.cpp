@@ -1,4 +1,4 @@
-#include "window/busy.h"
+#include "window/commands/busy.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,10 +1,10 @@
-#include "window/drawing_painter.h"
+#include "window/views/drawing_painter.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "contour/contour.h"
-#include "window/polyline.h"
+#include "window/views/polyline.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {

@@ -1,4 +1,4 @@
-#include "window/pick_session.h"
+#include "window/commands/pick_session.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "window/hint_bar.h"
+#include "window/views/hint_bar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "window/choice_dock.h"
+#include "window/docks/choice_dock.h"
 
 #include <QListWidget>
 

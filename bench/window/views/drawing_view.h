@@ -7,8 +7,8 @@
 #include <string>
 
 #include "drawing/shown.h"
-#include "window/snap.h"
-#include "window/view_frame.h"
+#include "window/views/snap.h"
+#include "window/views/view_frame.h"
 
 namespace vanzet::window {
 

@@ -1,4 +1,4 @@
-#include "window/layer_dock.h"
+#include "window/docks/list_docks.h"
 
 #include <QListWidget>
 #include <QPainter>

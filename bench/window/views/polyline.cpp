@@ -1,4 +1,4 @@
-#include "window/polyline.h"
+#include "window/views/polyline.h"
 
 #include <QLineF>
 #include <algorithm>
