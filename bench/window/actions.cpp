@@ -8,8 +8,8 @@
 #include <QToolButton>
 #include <map>
 
-#include "window/icons.h"
 #include "window/qt_text.h"
+#include "window/theme.h"
 
 namespace vanzet::window {
 namespace {
@@ -72,7 +72,7 @@ constexpr MenuRow kMenus[] = {
 };
 // clang-format on
 
-/// The forms whose rows are switched on and off each by itself.
+/// The forms whose rows are switched on and off independently.
 bool IsSwitch(char form) {
   return form == 'x' || form == 'd';
 }
@@ -109,7 +109,7 @@ void Actions::MakeAction(const ActionRow& row, QToolBar& bar) {
   QMenu* const menu = MenuOf(row.menu);
   QAction* const action = row.form == 'm' ? MenuOf(Menu::kRecent)->menuAction() : new QAction(menu);
   actions_[static_cast<std::size_t>(row.command)] = action;
-  if (row.icon[0] != '\0') action->setIcon(IconNamed(row.icon));
+  if (row.icon[0] != '\0') action->setIcon(MakeIcon(row.icon));
   action->setShortcut(QKeySequence(row.shortcut));
   action->setCheckable(row.form != ' ' && row.form != 'm');
   if (action->isCheckable() && !IsSwitch(row.form)) {
@@ -123,20 +123,21 @@ void Actions::MakeAction(const ActionRow& row, QToolBar& bar) {
   if (row.isInToolBar) {
     if (row.beginsGroup || row.command == Command::kDefinition) bar.addSeparator();
     bar.addAction(action);
-    // What the program is for has its name beside it.
+    // The command that the program is for has its name beside its icon.
     auto* const button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
     const bool isMain = row.command == Command::kDefinition;
     button->setToolButtonStyle(isMain ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
   }
   if (row.form != 'm')
-    connect(action, &QAction::triggered, this, [this, &row] { emit Triggered(row.command); });
+    connect(action, &QAction::triggered, this,
+            [this, &row](bool isOn) { emit Triggered(row.command, isOn); });
 }
 
 void Actions::MakeLanguages() {
   auto* const group = new QActionGroup(this);
   for (const Language& language : texts_.languages()) {
-    QAction* const action = MenuOf(Menu::kLanguage)->addAction(Shown(language.name));
-    action->setObjectName(Shown(language.code));
+    QAction* const action = MenuOf(Menu::kLanguage)->addAction(ToQString(language.name));
+    action->setObjectName(ToQString(language.code));
     action->setCheckable(true);
     group->addAction(action);
     connect(action, &QAction::triggered, this, [this, code = language.code] { emit LanguageChosen(code); });
@@ -144,7 +145,7 @@ void Actions::MakeLanguages() {
 }
 
 QAction* Actions::ActionOf(const std::string& language) const {
-  return MenuOf(Menu::kLanguage)->findChild<QAction*>(Shown(language));
+  return MenuOf(Menu::kLanguage)->findChild<QAction*>(ToQString(language));
 }
 
 void Actions::Retranslate() {

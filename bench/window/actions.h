@@ -14,7 +14,7 @@ class QToolBar;
 namespace vanzet::window {
 
 // clang-format off
-/// All that can be done from menus, in their order.
+/// The commands of the menus, in their order.
 enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit,
   kDefinition, kUpgrade, kRefresh,
@@ -30,7 +30,7 @@ enum class Command {
 /// The menus of the bar, and those within others.
 enum class Menu { kProject, kEquipment, kView, kExport, kHelp, kRecent, kLanguage, kAppearance, kCount };
 
-/// What has to be there for a command.
+/// The conditions of commands.
 enum class Needs {
   kNothing,
   kRest,     ///< the module is not at work
@@ -65,11 +65,12 @@ class Actions final : public QObject {
   QAction* ActionOf(const std::string& language) const;
   QMenu* MenuOf(Menu menu) const { return menus_[static_cast<std::size_t>(menu)]; }
 
-  /// Says what can be done now.
+  /// Enables the commands whose conditions are fulfilled.
   void Enable(bool hasProject, bool isAtWork);
 
  signals:
-  void Triggered(Command command);
+  /// `isOn` is the state of a switch.
+  void Triggered(Command command, bool isOn);
   void LanguageChosen(const std::string& language);
 
  private:

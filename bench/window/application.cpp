@@ -10,16 +10,16 @@ namespace vanzet::window {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName("vanzet");
   setApplicationDisplayName("");
-  Dress(*this, WindowMemory().ChosenAppearance().value_or(AppearanceOf(palette())));
+  ApplyAppearance(*this, WindowMemory().ChosenAppearance().value_or(AppearanceOf(palette())));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const std::exception& error) {
-    if (tell) tell(Fault{error.what()});
+    if (reportFault) reportFault(Fault{error.what()});
   } catch (...) {
-    if (tell) tell(Fault{"something unexpected was thrown"});
+    if (reportFault) reportFault(Fault{"internal error: unknown exception"});
   }
   return true;
 }

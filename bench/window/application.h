@@ -7,8 +7,8 @@
 
 namespace vanzet::window {
 
-/// The program's event loop. Whatever is thrown while an event is served is told, and the loop goes on: what
-/// was closed before is kept, since the store knows nothing but whole transactions.
+/// The program's event loop. What is thrown while an event is served is reported, and the loop goes on: what
+/// was closed before is kept, since the store works with whole transactions.
 class Application final : public QApplication {
   Q_OBJECT
  public:
@@ -16,8 +16,8 @@ class Application final : public QApplication {
 
   bool notify(QObject* receiver, QEvent* event) override;
 
-  /// Told of what was thrown.
-  std::function<void(const Fault&)> tell;
+  /// Reports what was thrown.
+  std::function<void(const Fault&)> reportFault;
 };
 
 }  // namespace vanzet::window

@@ -14,12 +14,17 @@ namespace vanzet::window {
 class HelpWindow final : public QWidget {
   Q_OBJECT
  public:
-  HelpWindow(const Texts& texts, QWidget* parent);
+  HelpWindow(const Texts& texts, std::filesystem::path pages, QWidget* parent);
 
-  /// Refused when the page is not there.
-  Result<void> Open(const std::filesystem::path& page);
+  /// Shows a page of the folder: "window.md". Fails when the page does not exist.
+  Result<void> Open(const char* page);
+
+  /// Shows the box with the program's name and version.
+  void ShowAbout();
 
  private:
+  const Texts& texts_;
+  const std::filesystem::path pages_;
   QTextBrowser* browser_;
 };
 

@@ -1,4 +1,4 @@
-#include "window/icons.h"
+#include "window/theme.h"
 
 #include <QApplication>
 #include <QIconEngine>
@@ -88,7 +88,7 @@ class LineIcon final : public QIconEngine {
 
 }  // namespace
 
-QIcon IconNamed(const char* name) {
+QIcon MakeIcon(const char* name) {
   for (const IconRow& row : kIcons) {
     if (row.name == name) return QIcon(new LineIcon(row.shapes));
   }

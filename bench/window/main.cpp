@@ -52,13 +52,13 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   const Arguments arguments = ReadArguments(argc, argv);
   window::MainWindow window(window::Places::OfProcess());
-  application.tell = [&](const Fault& fault) { window.Tell(fault); };
+  application.reportFault = [&](const Fault& fault) { window.ReportFault(fault); };
   window.show();
   QTimer::singleShot(0, &window, [&] {
     if (arguments.project.empty()) return;
-    const auto opened = window.OpenProject(arguments.project);
-    if (!opened) return window.Tell(opened.fault());
-    if (arguments.hasDialog) window.ShowDefinition();
+    const auto opened = window.projectCommands().Open(arguments.project);
+    if (!opened) return window.ReportFault(opened.fault());
+    if (arguments.hasDialog) window.equipmentCommands().Define();
   });
   return window::Application::exec();
 }

@@ -3,62 +3,80 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "window/icons.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
 namespace {
 
-constexpr int kRedraw = 60;       // milliseconds that lines are gathered
-constexpr int kGlance = 1000;     // milliseconds between looks at the files
-constexpr int kTelling = 15'000;  // milliseconds that the status bar shows a fault
+// Milliseconds that the status bar shows a text.
+constexpr int kNoteTime = 8000;
+constexpr int kFaultTime = 15'000;
 
 std::vector<std::filesystem::path> FilesOf(const QMimeData& data) {
   std::vector<std::filesystem::path> files;
   for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile()) files.push_back(PathOf(url.toLocalFile()));
+    if (url.isLocalFile()) files.push_back(ToPath(url.toLocalFile()));
   }
   return files;
 }
 
 }  // namespace
 
-MainWindow::MainWindow(Places places) : places_(std::move(places)), texts_(places_.share) {
+MainWindow::MainWindow(Places places)
+    : texts_(places.share),
+      workplace_{.window = this,
+                 .texts = texts_,
+                 .places = std::move(places),
+                 .reportFault = [this](const Fault& fault) { ReportFault(fault); },
+                 .reportDone = [this](const QString& text) { statusBar()->showMessage(text, kNoteTime); },
+                 .showHelp = [this](const char* page) { return help_->Open(page); }} {
   setObjectName("workbench");
-  setWindowIcon(IconNamed("app"));
+  setWindowIcon(MakeIcon("app"));
   setAcceptDrops(true);
   setDockNestingEnabled(true);
   actions_ = new Actions(*this, texts_);
-  MakeViews();
+  MakeCentre();
   MakeDocks();
-  MakeStatus();
-  picks_ = new PickSession({texts_, *hint_, *drawing_, *equipment_, *choice_, [this] { RefreshDrawing(); },
-                            [this] { return Figures(); }, [this] { return Solids(); },
-                            [this](const QString& name) { ShowSolid(name); },
-                            [this] { static_cast<void>(equipment_->Show(scene_)); }});
-  picks_->setParent(this);
-  Connect();
-  const std::string language = memory_.ChosenLanguage();
-  ApplyLanguage(texts_.Has(language) ? language : texts_.language());
+  MakeStatusBar();
+  help_ = new HelpWindow(texts_, workplace_.places.share.parent_path() / "doc" / "vanzet", this);
+  projectCommands_ = new ProjectCommands(workplace_, memory_, this);
+  equipmentCommands_ = new EquipmentCommands(
+      workplace_, {*drawing_, *equipment_, *hint_, *definition_, *layers_, *messages_, *choice_}, this);
+  viewCommands_ = new ViewCommands(workplace_, texts_, memory_,
+                                   {*drawing_, *equipment_, *drawingPane_, *equipmentPane_}, this);
+  exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
+  ConnectCommands();
+  ConnectParts();
+  ConnectDockSwitches();
+  viewCommands_->ApplyRememberedLanguage();
   Retranslate();
-  resize(1400, 900);
-  restoreGeometry(memory_.Geometry());
-  restoreState(memory_.State());
-  split_->restoreState(memory_.Split());
-  choice_->hide();
+  RestoreLayout();
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::MakeViews() {
+void MainWindow::MakeCentre() {
+  hint_ = new HintBar;
+  notice_ = new NoticeBar;
+  auto* const centre = new QWidget;
+  auto* const layout = new QVBoxLayout(centre);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(4);
+  layout->addWidget(notice_);
+  layout->addWidget(hint_);
+  layout->addWidget(MakeViews(), 1);
+  setCentralWidget(centre);
+}
+
+QWidget* MainWindow::MakeViews() {
   drawing_ = new DrawingView;
   equipment_ = new EquipmentView;
   drawingPane_ = new ViewPane(drawing_, this);
@@ -77,16 +95,7 @@ void MainWindow::MakeViews() {
   split_->setStretchFactor(0, 2);
   split_->setStretchFactor(1, 3);
   split_->setChildrenCollapsible(false);
-  hint_ = new HintBar;
-  notice_ = new NoticeBar;
-  auto* const centre = new QWidget;
-  auto* const layout = new QVBoxLayout(centre);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(4);
-  layout->addWidget(notice_);
-  layout->addWidget(hint_);
-  layout->addWidget(split_, 1);
-  setCentralWidget(centre);
+  return split_;
 }
 
 void MainWindow::MakeDocks() {
@@ -104,31 +113,49 @@ void MainWindow::MakeDocks() {
   resizeDocks({messages_}, {150}, Qt::Vertical);
 }
 
-void MainWindow::MakeStatus() {
+void MainWindow::MakeStatusBar() {
   position_ = new QLabel;
   position_->setMinimumWidth(260);
   position_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   statusBar()->addPermanentWidget(position_);
 }
 
-void MainWindow::Connect() {
+void MainWindow::RestoreLayout() {
+  resize(1400, 900);
+  restoreGeometry(memory_.Geometry());
+  restoreState(memory_.State());
+  split_->restoreState(memory_.Split());
+  choice_->hide();
+}
+
+void MainWindow::ConnectCommands() {
   connect(actions_, &Actions::Triggered, this, &MainWindow::Run);
-  connect(actions_, &Actions::LanguageChosen, this, &MainWindow::ChooseLanguage);
-  connect(actions_->MenuOf(Menu::kRecent), &QMenu::aboutToShow, this, &MainWindow::FillRecent);
+  connect(actions_, &Actions::LanguageChosen, viewCommands_, &ViewCommands::ChooseLanguage);
+  QMenu* const recent = actions_->MenuOf(Menu::kRecent);
+  connect(recent, &QMenu::aboutToShow, this, [this, recent] { projectCommands_->FillRecent(*recent); });
+  connect(projectCommands_, &ProjectCommands::Opened, this, &MainWindow::ShowProject);
+  connect(projectCommands_, &ProjectCommands::Changed, equipmentCommands_, &EquipmentCommands::Refresh);
+  connect(projectCommands_, &ProjectCommands::FileImported, this, [this](const QString& file) {
+    messages_->Add(MessageDock::Kind::kNote, texts_(Text::kImported).arg(file));
+  });
+  connect(equipmentCommands_, &EquipmentCommands::AtWork, this,
+          [this](bool isAtWork) { actions_->Enable(true, isAtWork); });
+}
+
+void MainWindow::ConnectParts() {
   connect(&texts_, &Texts::Changed, this, &MainWindow::Retranslate);
   connect(messages_, &MessageDock::FaultAdded, this,
-          [this](const QString& text) { statusBar()->showMessage(text, kTelling); });
+          [this](const QString& text) { statusBar()->showMessage(text, kFaultTime); });
   connect(layers_, &LayerDock::LayerSwitched, this,
           [this](const QString& name, bool isOn) { drawing_->Hide(name.toStdString(), !isOn); });
   connect(drawing_, &DrawingView::CursorMoved, this, &MainWindow::ShowPosition);
   connect(drawing_, &DrawingView::CursorLeft, position_, &QLabel::clear);
-  connect(spurs_, &QComboBox::activated, this, [this](int spur) { spur_ = spur, RefreshEquipment(); });
-  connect(definition_, &DefinitionDock::SpurActivated, this, [this](int spur) {
-    if (spur == spur_ || isBusy_) return;
-    spur_ = spur;
-    spurs_->setCurrentIndex(spur);
-    RefreshEquipment();
-  });
+  connect(spurs_, &QComboBox::activated, equipmentCommands_, &EquipmentCommands::ShowSpur);
+  connect(definition_, &DefinitionDock::SpurActivated, this, &MainWindow::ActivateSpur);
+}
+
+/// A dock and the switch in its menu follow each other.
+void MainWindow::ConnectDockSwitches() {
   for (const auto& [command, dock] : {std::pair<Command, QDockWidget*>{Command::kDefinitionTree, definition_},
                                       {Command::kLayers, layers_},
                                       {Command::kMessages, messages_}}) {
@@ -137,75 +164,86 @@ void MainWindow::Connect() {
     connect(dock, &QDockWidget::visibilityChanged, action,
             [action, shown = dock] { action->setChecked(!shown->isHidden()); });
   }
-  redraw_.setSingleShot(true);
-  redraw_.setInterval(kRedraw);
-  connect(&redraw_, &QTimer::timeout, this, &MainWindow::RefreshDrawing);
-  glance_.setInterval(kGlance);
-  connect(&glance_, &QTimer::timeout, this, &MainWindow::LookForChanges);
 }
 
 void MainWindow::Retranslate() {
+  const Session* const open = session();
   const QString title = texts_(Text::kWindowTitle);
-  setWindowTitle(session_ ? Shown(session_->project().folder().filename()) + " - " + title : title);
+  setWindowTitle(open != nullptr ? ToQString(open->project().folder().filename()) + " - " + title : title);
   drawingPane_->SetTitle(texts_(Text::kDrawing));
   equipmentPane_->SetTitle(texts_(Text::kEquipment));
-  drawing_->SetHint(texts_(session_ ? Text::kNothingDrawn : Text::kNoProject));
-  equipment_->SetHint(texts_(session_ ? Text::kNoEquipment : Text::kNoProject));
+  drawing_->SetHint(texts_(open != nullptr ? Text::kNothingDrawn : Text::kNoProject));
+  equipment_->SetHint(texts_(open != nullptr ? Text::kNoEquipment : Text::kNoProject));
   for (int spur = 0; spur < spurs_->count(); ++spur) spurs_->setItemText(spur, texts_(Text::kSpur).arg(spur));
   actions_->ActionOf(texts_.language())->setChecked(true);
   const bool isDark = AppearanceOf(palette()) == Appearance::kDark;
   (*actions_)[isDark ? Command::kDark : Command::kLight]->setChecked(true);
 }
 
-void MainWindow::Run(Command command) {
+void MainWindow::Run(Command command, bool isOn) {
   switch (command) {
-    case Command::kNewProject: return NewProject();
-    case Command::kOpenProject: return AskForProject();
-    case Command::kSaveVdm: return SaveVdm();
-    case Command::kLoadVdm: return LoadVdm();
     case Command::kQuit: close(); return;
-    case Command::kDefinition: return ShowDefinition();
-    case Command::kUpgrade: return Upgrade();
-    case Command::kRefresh: return Refresh();
-    case Command::kContents: return ShowContents();
-    case Command::kAbout: return ShowAbout();
-    default: static_cast<void>(RunView(command) || RunExport(command));
+    case Command::kContents: return workplace_.Report(help_->Open("window.md"));
+    case Command::kAbout: return help_->ShowAbout();
+    default:
+      // A dock's switch has no family: it acts by itself.
+      static_cast<void>(projectCommands_->Run(command) || equipmentCommands_->Run(command) ||
+                        viewCommands_->Run(command, isOn) || exportCommands_->Run(command));
   }
 }
 
-void MainWindow::Tell(const Fault& fault) {
-  static_cast<project::MessagePanel&>(*messages_).Tell(fault);
-  notice_->Tell(Shown(fault.Message()));
+void MainWindow::ShowProject(int spurs, qint64 otherProcess) {
+  spurs_->clear();
+  for (int spur = 0; spur < spurs; ++spur) spurs_->addItem(QString());
+  spurs_->setVisible(spurs > 1);
+  actions_->Enable(true, false);
+  Retranslate();
+  notice_->SetMessage(otherProcess == 0 ? QString() : texts_(Text::kShownElsewhere).arg(otherProcess));
+  equipmentCommands_->Refresh();
+  drawing_->Fit();
+  equipment_->LookFrom(scene::View::kIso);
+  equipmentCommands_->WatchProject();
 }
 
-void MainWindow::Remember() {
-  memory_.Keep(saveGeometry(), saveState(), split_->saveState());
+/// Shows the spur that was chosen in the definition.
+void MainWindow::ActivateSpur(int spur) {
+  if (spur == workplace_.spur || workplace_.isBusy) return;
+  spurs_->setCurrentIndex(spur);
+  equipmentCommands_->ShowSpur(spur);
+}
+
+void MainWindow::ShowPosition(double x, double y) {
+  constexpr int kDecimals = 3;
+  position_->setText(QString("X %1   Y %2 mm").arg(x, 0, 'f', kDecimals).arg(y, 0, 'f', kDecimals));
+}
+
+void MainWindow::ReportFault(const Fault& fault) {
+  messages_->Tell(fault);
+  notice_->SetMessage(ToQString(fault.Message()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  // The module's call stands on this window: it ends first, and so does a pick.
-  if (picks_->isAsking()) picks_->Cancel();
-  if (isBusy_ || (session_ && session_->isAtWork())) {
-    statusBar()->showMessage(texts_(Text::kAtWork), kTelling);
+  // The call of the module uses this window: it has to end first, and so does a pick.
+  if (equipmentCommands_->IsPicking()) equipmentCommands_->CancelPick();
+  if (workplace_.isBusy || (session() != nullptr && session()->isAtWork())) {
+    statusBar()->showMessage(texts_(Text::kAtWork), kFaultTime);
     return event->ignore();
   }
-  Remember();
+  memory_.KeepLayout(saveGeometry(), saveState(), split_->saveState());
   QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const auto files = FilesOf(*event->mimeData());
-  const bool isTaken =
-      session_ && !session_->isAtWork() && !files.empty() &&
+  const bool isWelcome =
+      session() != nullptr && !session()->isAtWork() && !files.empty() &&
       std::ranges::all_of(files, [](const auto& file) { return FolderFor(file).has_value(); });
-  if (isTaken) event->acceptProposedAction();
+  if (isWelcome) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  const auto done =
-      Import(FilesOf(*event->mimeData()), [this](const auto& existing) { return AskAboutTaken(existing); });
-  if (!done) Tell(done.fault());
+  projectCommands_->ImportDropped(FilesOf(*event->mimeData()));
 }
 
 }  // namespace vanzet::window

@@ -9,14 +9,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What tells by its time and size that the project was changed.
-constexpr const char* kSigns[] = {"bench.ini",   "machine.ini", "clampdevice.cld", "store.db",
-                                  "drawing.txt", "bodies",      "figures"};
+/// The files and folders whose times and sizes show that the project was changed.
+constexpr const char* kWatchedFiles[] = {"bench.ini",   "machine.ini", "clampdevice.cld", "store.db",
+                                         "drawing.txt", "bodies",      "figures"};
 
-/// Is done whichever way a function is left.
-struct AtTheEnd {
+/// Runs its work whichever way a function is left.
+struct AtExit {
   std::function<void()> work;
-  ~AtTheEnd() { work(); }
+  ~AtExit() { work(); }
 };
 
 }  // namespace
@@ -30,17 +30,13 @@ Places Places::OfProcess() {
 }
 
 Result<std::unique_ptr<Session>> Session::Open(const fs::path& folder, const Places& places) {
-  auto project = project::Project::Open(folder, places.share);
-  if (!project) return project.fault();
-  const auto usable = vdm::VdmStore(project->folder()).Check();
-  if (!usable) return usable.fault();
-  return std::unique_ptr<Session>(new Session(std::move(*project), places));
+  VANZET_TRY(auto project, project::Project::Open(folder, places.share));
+  VANZET_DO(vdm::VdmStore(project.folder()).Check());
+  return std::unique_ptr<Session>(new Session(std::move(project), places));
 }
 
 Result<void> Session::Reload() {
-  auto project = project::Project::Open(project_.folder(), places_.share);
-  if (!project) return project.fault();
-  project_ = std::move(*project);
+  VANZET_TRY(project_, project::Project::Open(project_.folder(), places_.share));
   return {};
 }
 
@@ -51,60 +47,55 @@ Result<std::vector<results::SpurDefinition>> Session::Definitions() const {
 Result<drawing::Drawing> Session::Drawing() const {
   if (host_ != nullptr) return host_->board.drawing();
   drawing::Board board(project_.folder());
-  if (const auto loaded = board.Load(); !loaded) return loaded.fault();
+  VANZET_DO(board.Load());
   return board.drawing();
 }
 
 Result<std::shared_ptr<const scene::Scene>> Session::Equipment(std::int32_t spur,
                                                                const modeller::Progress& progress) const {
-  const auto definition = results::ReadDefinition(project_, spur);
-  if (!definition) return definition.fault();
-  if (!definition->definition) return std::shared_ptr<const scene::Scene>();
+  VANZET_TRY(const results::SpurDefinition definition, results::ReadDefinition(project_, spur));
+  if (!definition.definition) return std::shared_ptr<const scene::Scene>();
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = progress;
-  auto scene = results::SceneOf(project_, spur, exchange);
-  if (!scene) return scene.fault();
-  return std::shared_ptr<const scene::Scene>(std::make_shared<scene::Scene>(std::move(*scene)));
+  VANZET_TRY(auto scene, results::SceneOf(project_, spur, exchange));
+  return std::shared_ptr<const scene::Scene>(std::make_shared<scene::Scene>(std::move(scene)));
 }
 
 Result<std::vector<std::uint32_t>> Session::OpenElsewhere() const {
-  const auto spurs = project_.SpindleSpurs();
-  if (!spurs) return spurs.fault();
+  VANZET_TRY(const std::int32_t spurs, project_.SpindleSpurs());
   const vdm::VdmStore store(project_.folder());
   std::vector<std::uint32_t> open;
-  for (std::int32_t spur = 0; spur < *spurs; ++spur) {
-    const auto isOpen = store.IsOpen(project_.DefinitionOf(spur));
-    if (!isOpen) return isOpen.fault();
-    if (*isOpen) open.push_back(project_.DefinitionOf(spur));
+  for (std::int32_t spur = 0; spur < spurs; ++spur) {
+    VANZET_TRY(const bool isOpen, store.IsOpen(project_.DefinitionOf(spur)));
+    if (isOpen) open.push_back(project_.DefinitionOf(spur));
   }
   return open;
 }
 
 Result<void> Session::Call(const char* function, Surroundings surroundings) {
-  if (isAtWork()) return Fault{"the module is at work already"};
-  const auto module = api::FindModule(places_.program);
-  if (!module) return module.fault();
+  if (isAtWork()) return Fault{.text = "the module is already at work", .kind = FaultKind::kBusy};
+  VANZET_TRY(const auto module, api::FindModule(places_.program));
   host_ = std::make_unique<api::Host>(project_, surroundings.panel, std::move(surroundings.log));
   host_->picks = std::move(surroundings.picks);
   host_->mainWindow = surroundings.mainWindow;
   host_->exchange.progress = std::move(surroundings.progress);
   host_->help = std::move(surroundings.help);
-  const AtTheEnd rest{[this] { host_.reset(); }};
-  if (const auto usable = host_->store.Check(); !usable) return usable;
-  return api::CallModule(*module, function, *host_);
+  const AtExit end{[this] { host_.reset(); }};
+  VANZET_DO(host_->store.Check());
+  return api::CallModule(module, function, *host_);
 }
 
-std::string Session::Signs() const {
-  std::string signs;
-  for (const char* name : kSigns) {
+std::string Session::FileStamps() const {
+  std::string stamps;
+  for (const char* name : kWatchedFiles) {
     std::error_code error;
     const fs::path file = project_.folder() / name;
     const auto time = fs::last_write_time(file, error).time_since_epoch().count();
-    signs += error ? "-" : std::to_string(time);
+    stamps += error ? "-" : std::to_string(time);
     const auto size = fs::is_regular_file(file, error) ? fs::file_size(file, error) : 0;
-    signs += ":" + std::to_string(size) + ";";
+    stamps += ":" + std::to_string(size) + ";";
   }
-  return signs;
+  return stamps;
 }
 
 }  // namespace vanzet::window

@@ -23,31 +23,31 @@ struct Places {
 
 /// The project that the window shows, without any widget.
 ///
-/// Runs    each call of the module has a host of its own, so that variables begin anew and nothing of a call
-///         that broke down is left
-/// Errors  a fault, and the project is as it was
+/// Runs    each call of the module has a host of its own, so that variables start again and nothing of a call
+///         that failed is left
+/// Errors  a fault, and the project stays as it was
 class Session {
  public:
   static Result<std::unique_ptr<Session>> Open(const std::filesystem::path& folder, const Places& places);
 
   const project::Project& project() const { return project_; }
 
-  /// Reads the settings again, which may have been changed. Requires: no call is at work.
+  /// Reads the settings again, which can have changed. Requires: no call is at work.
   Result<void> Reload();
 
   Result<std::vector<results::SpurDefinition>> Definitions() const;
 
-  /// What is drawn: while the module is at work its own drawing, else what the file holds.
+  /// The drawing: that of the module while it is at work, else that of the file.
   Result<drawing::Drawing> Drawing() const;
 
-  /// The equipment of a spur; none without a definition, an empty scene when it holds nothing.
+  /// The equipment of a spur: null without a definition, an empty scene for a definition that holds nothing.
   Result<std::shared_ptr<const scene::Scene>> Equipment(std::int32_t spur,
                                                         const modeller::Progress& progress) const;
 
   /// The numbers of the definitions that another process has open.
   Result<std::vector<std::uint32_t>> OpenElsewhere() const;
 
-  /// What a call is given.
+  /// What a call works with.
   struct Surroundings {
     project::MessagePanel& panel;
     std::unique_ptr<drawing::PickSource> picks;
@@ -56,12 +56,12 @@ class Session {
     modeller::Progress progress;
     std::function<Result<void>(const std::string& topic)> help;
   };
-  /// Calls an export of the module, "mstart" or "ReOrgVdm". Refused while one is at work.
+  /// Calls an export of the module, "mstart" or "ReOrgVdm". Fails while another call is at work.
   Result<void> Call(const char* function, Surroundings surroundings);
   bool isAtWork() const { return host_ != nullptr; }
 
-  /// Tells the files of the project as they are now; another text: one of them was changed.
-  std::string Signs() const;
+  /// The times and sizes of the project's files: another text means that one of them was changed.
+  std::string FileStamps() const;
 
  private:
   Session(project::Project project, Places places)

@@ -149,7 +149,7 @@ Result<void> Texts::SetLanguage(const std::string& code) {
 }
 
 QString Texts::operator()(Text text) const {
-  return Shown(translations_.Translate(kSection, EnglishOf(text)));
+  return ToQString(translations_.Translate(kSection, EnglishOf(text)));
 }
 
 }  // namespace vanzet::window

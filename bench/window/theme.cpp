@@ -69,7 +69,7 @@ const ViewColours kDarkView = {"#1b1e22", "#262a2f", "#32373d", "#7d8790",
 
 }  // namespace
 
-void Dress(QApplication& application, Appearance appearance) {
+void ApplyAppearance(QApplication& application, Appearance appearance) {
   QPalette palette;
   for (const PaletteRow& row : kPalette) {
     palette.setColor(row.role, appearance == Appearance::kDark ? row.dark : row.light);

@@ -13,7 +13,7 @@ constexpr qsizetype kMostRecent = 8;
 
 }  // namespace
 
-void WindowMemory::Keep(const QByteArray& geometry, const QByteArray& state, const QByteArray& split) {
+void WindowMemory::KeepLayout(const QByteArray& geometry, const QByteArray& state, const QByteArray& split) {
   settings_.setValue("geometry", geometry);
   settings_.setValue("state", state);
   settings_.setValue("split", split);
@@ -32,12 +32,12 @@ void WindowMemory::AddRecent(const QString& folder) {
   settings_.setValue("recent", QStringList(recent.mid(0, kMostRecent)));
 }
 
-std::string WindowMemory::ChosenLanguage() const {
+std::string WindowMemory::Language() const {
   return LanguageOfLocale(settings_.value("language", QLocale::system().name()).toString().toStdString());
 }
 
-void WindowMemory::Choose(const std::string& language) {
-  settings_.setValue("language", Shown(language));
+void WindowMemory::SetLanguage(const std::string& language) {
+  settings_.setValue("language", ToQString(language));
 }
 
 std::optional<Appearance> WindowMemory::ChosenAppearance() const {
@@ -47,7 +47,7 @@ std::optional<Appearance> WindowMemory::ChosenAppearance() const {
   return std::nullopt;
 }
 
-void WindowMemory::Choose(Appearance appearance) {
+void WindowMemory::SetAppearance(Appearance appearance) {
   settings_.setValue("appearance", appearance == Appearance::kDark ? "dark" : "light");
 }
 

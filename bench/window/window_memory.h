@@ -10,23 +10,25 @@
 
 namespace vanzet::window {
 
-/// What the window remembers from one time to the next, in the user's settings.
+/// Keeps the state of the window from one start to the next, in the settings of the user.
 class WindowMemory {
  public:
   QByteArray Geometry() const { return settings_.value("geometry").toByteArray(); }
   QByteArray State() const { return settings_.value("state").toByteArray(); }
   QByteArray Split() const { return settings_.value("split").toByteArray(); }
-  void Keep(const QByteArray& geometry, const QByteArray& state, const QByteArray& split);
+  void KeepLayout(const QByteArray& geometry, const QByteArray& state, const QByteArray& split);
 
-  /// The projects that were open, the latest first, as far as they are still there.
+  /// The projects that were open, the latest first, without those that no longer exist.
   QStringList Recent() const;
   void AddRecent(const QString& folder);
 
   /// The code of the language that was chosen; else that of the system.
-  std::string ChosenLanguage() const;
-  void Choose(const std::string& language);
+  std::string Language() const;
+  void SetLanguage(const std::string& language);
+
+  /// The appearance that was chosen; nothing while none was.
   std::optional<Appearance> ChosenAppearance() const;
-  void Choose(Appearance appearance);
+  void SetAppearance(Appearance appearance);
 
  private:
   QSettings settings_{"vanzet", "workbench"};

@@ -39,11 +39,11 @@ TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
          SelectNode(*OnScreen(), "Billet cylindrical");
          OnScreen()->findChild<QAbstractButton*>("2005")->click();
        });
-  When([this] { return window->picks().isAsking(); },
+  When([this] { return IsPicking(); },
        [&] {
          EXPECT_EQ(OnScreen(), nullptr);
-         window->drawing().Fit();
-         Click(window->drawing(), At(10, 30));
+         drawing().Fit();
+         Click(drawing(), At(10, 30));
          When([] { return OnScreen() != nullptr; },
               [&] {
                 diameter = OnScreen()->findChild<QLineEdit*>("2022")->text();
@@ -51,19 +51,19 @@ TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
                 OnScreen()->close();
               });
        });
-  window->ShowDefinition();
+  window->equipmentCommands().Define();
   EXPECT_NEAR(diameter.toDouble(), 60, 2);
   EXPECT_FALSE(window->session()->isAtWork());
-  EXPECT_TRUE(window->actions()[Command::kDefinition]->isEnabled());
+  EXPECT_TRUE(actions()[Command::kDefinition]->isEnabled());
 }
 
 TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {
   OpenSample();
-  const QImage drawing = window->drawing().grab().toImage(), equipment = window->equipment().grab().toImage();
+  const QImage drawn = drawing().grab().toImage(), seen = equipment().grab().toImage();
   Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
-  EXPECT_NE(window->drawing().grab().toImage(), drawing);
-  EXPECT_NE(window->equipment().grab().toImage(), equipment);
-  QTreeWidgetItem* const chuck = window->definition().tree().topLevelItem(0)->child(1);
+  EXPECT_NE(drawing().grab().toImage(), drawn);
+  EXPECT_NE(equipment().grab().toImage(), seen);
+  QTreeWidgetItem* const chuck = definition().tree().topLevelItem(0)->child(1);
   EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
 }
 
@@ -72,7 +72,7 @@ TEST_F(Dialogs, TellTheLinesTheySendAndTheAnswersTheyRead) {
   EXPECT_THAT(Messages(), HasSubstr("> win 1"));
   EXPECT_THAT(Messages(), HasSubstr("< $_return = '"));
   EXPECT_THAT(Messages(), Not(HasSubstr("OrvoMacroVdmOpen(")));
-  window->messages().Clear();
+  messages().Clear();
   EXPECT_EQ(Messages(), "");
 }
 
@@ -87,18 +87,18 @@ TEST_F(Dialogs, ShowTheirPagesWhereTheyAskForHelp) {
 }
 
 TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
-  ASSERT_TRUE(window->MakeProject(folder / "lathe", "mill-turn"));
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(1), "no definition yet");
-  window->actions()[Command::kUpgrade]->trigger();
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
+  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "no definition yet");
+  actions()[Command::kUpgrade]->trigger();
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
 }
 
 TEST_F(Dialogs, ThatFailTellItOnce) {
   OpenSample();
   setenv("VANZET_MODULE", "/no/such/module.so", 1);
-  window->ShowDefinition();
+  window->equipmentCommands().Define();
   unsetenv("VANZET_MODULE");
-  EXPECT_THAT(window->notice().Message().toStdString(), HasSubstr("/no/such/module.so"));
+  EXPECT_THAT(notice().Message().toStdString(), HasSubstr("/no/such/module.so"));
   EXPECT_THAT(Messages(), HasSubstr("/no/such/module.so"));
   EXPECT_FALSE(window->session()->isAtWork());
 }

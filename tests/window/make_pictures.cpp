@@ -13,7 +13,7 @@ using namespace vanzet::window;
 
 void Wait(MainWindow& window) {
   QCoreApplication::processEvents();
-  static_cast<void>(QTest::qWaitFor([&] { return window.equipment().isSmooth(); }, 20'000));
+  static_cast<void>(QTest::qWaitFor([&] { return window.findChild<EquipmentView*>()->isSmooth(); }, 20'000));
 }
 
 }  // namespace
@@ -25,14 +25,15 @@ int main(int argc, char** argv) {
   MainWindow window(Places::OfProcess());
   window.resize(1400, 900);
   window.show();
-  if (const auto opened = window.OpenProject(words[1].toStdString()); !opened) {
+  if (const auto opened = window.projectCommands().Open(words[1].toStdString()); !opened) {
     return std::fprintf(stderr, "%s\n", opened.fault().Message().c_str()), 1;
   }
-  if (qEnvironmentVariableIsSet("VANZET_SCRIPT")) window.ShowDefinition();
+  if (qEnvironmentVariableIsSet("VANZET_SCRIPT")) window.equipmentCommands().Define();
+  const Actions& actions = *window.findChild<Actions*>();
   for (const Command appearance : {Command::kLight, Command::kDark}) {
     for (const char* language : {"en", "de"}) {
-      window.actions()[appearance]->trigger();
-      window.actions().ActionOf(language)->trigger();
+      actions[appearance]->trigger();
+      actions.ActionOf(language)->trigger();
       Wait(window);
       const QString name = QString("%1/window-%2-%3-%4.png")
                                .arg(words[2], language, appearance == Command::kDark ? "dark" : "light")

@@ -16,21 +16,21 @@ constexpr const char* kBar = "select 19\nset 2022 80\nset 2023 120\npress 2016\n
 
 class WindowPicks : public WindowTest {
  protected:
-  std::string Hint() { return window->hint().findChild<QLabel*>()->text().toStdString(); }
+  std::string Hint() { return hint().findChild<QLabel*>()->text().toStdString(); }
   void Escape() { QTest::keyClick(window.get(), Qt::Key_Escape); }
 };
 
 TEST_F(WindowPicks, OfAPositionAreThePlaceThatIsClicked) {
   OpenSample();
-  std::string hint;
+  std::string prompt;
   Play(std::string(kBar) + "press 2006\npress 2016\n", {[&] {
-         hint = Hint();
-         EXPECT_TRUE(window->hint().isVisible());
-         window->drawing().Fit();
-         Click(window->drawing(), At(-70, 31));
+         prompt = Hint();
+         EXPECT_TRUE(hint().isVisible());
+         drawing().Fit();
+         Click(drawing(), At(-70, 31));
        }});
-  EXPECT_THAT(hint, HasSubstr("Pick a position in the drawing"));
-  EXPECT_FALSE(window->hint().isVisible());
+  EXPECT_THAT(prompt, HasSubstr("Pick a position in the drawing"));
+  EXPECT_FALSE(hint().isVisible());
   const std::string billet = Section(1, 3)[1];
   const double length = std::stod(billet.substr(billet.find(' ', 3)));
   EXPECT_NEAR(length, 70, 1) << billet;
@@ -39,8 +39,8 @@ TEST_F(WindowPicks, OfAPositionAreThePlaceThatIsClicked) {
 TEST_F(WindowPicks, OfAPositionJumpToTheCornerBeside) {
   OpenSample();
   Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
-         window->drawing().Fit();
-         Click(window->drawing(), At(-120, 80) + QPoint(5, -4));
+         drawing().Fit();
+         Click(drawing(), At(-120, 80) + QPoint(5, -4));
        }});
   // The pick is a radius, and the drawing shows a bar as wide as its lines say.
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 160.000000 120.000000"));
@@ -55,16 +55,16 @@ TEST_F(WindowPicks, AreBrokenOffByEscape) {
 
 TEST_F(WindowPicks, OfAFigureAreTheOneThatIsClicked) {
   OpenSample();
-  std::string hint;
+  std::string prompt;
   Play(std::string(kBar) + "select 20\npress 2010\npress 2015\n", {[&] {
-         hint = Hint();
-         EXPECT_TRUE(window->choice().isVisible());
-         window->drawing().Fit();
-         Click(window->drawing(), At(-60, 80));
+         prompt = Hint();
+         EXPECT_TRUE(choice().isVisible());
+         drawing().Fit();
+         Click(drawing(), At(-60, 80));
        }});
-  EXPECT_THAT(hint, HasSubstr("Select Figure"));
+  EXPECT_THAT(prompt, HasSubstr("Select Figure"));
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("BilletM")));
-  EXPECT_FALSE(window->choice().isVisible());
+  EXPECT_FALSE(choice().isVisible());
 }
 
 TEST_F(WindowPicks, OfAFigureCanBeChosenFromTheList) {
@@ -72,7 +72,7 @@ TEST_F(WindowPicks, OfAFigureCanBeChosenFromTheList) {
   std::filesystem::copy(VANZET_SOURCE_DIR "/examples/contours/bracket.dxf",
                         folder / "lathe" / "figures/bracket.dxf");
   Play("select 20\npress 2010\npress 2015\n", {[&] {
-         QListWidget& list = window->choice().list();
+         QListWidget& list = choice().list();
          ASSERT_EQ(list.count(), 1);
          emit list.itemActivated(list.item(0));
        }});
@@ -84,26 +84,26 @@ TEST_F(WindowPicks, OfASolidAreShownAndTaken) {
   std::filesystem::copy(VANZET_SOURCE_DIR "/examples/bodies/casting.step",
                         folder / "lathe" / "bodies/casting.step");
   Play("select 21\npress 2018\npress 2015\n", {[&] {
-         QListWidget& list = window->choice().list();
+         QListWidget& list = choice().list();
          ASSERT_EQ(list.count(), 1);
          QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
                            list.visualItemRect(list.item(0)).center());
-         ASSERT_TRUE(QTest::qWaitFor([&] { return window->equipment().isSmooth(); }, 5000)) << Messages();
-         Click(window->equipment(), window->equipment().rect().center());
-         if (window->picks().isAsking()) emit list.itemActivated(list.item(0));
+         ASSERT_TRUE(QTest::qWaitFor([&] { return equipment().isSmooth(); }, 5000)) << Messages();
+         Click(equipment(), equipment().rect().center());
+         if (IsPicking()) emit list.itemActivated(list.item(0));
        }});
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("casting")));
-  EXPECT_EQ(window->notice().Message(), "");
+  EXPECT_EQ(notice().Message(), "");
 }
 
 TEST_F(WindowPicks, DoNotLetTheWindowCloseButEnd) {
   OpenSample();
   Play(std::string(kBar) + "press 2005\n", {[&] {
          EXPECT_FALSE(window->close());
-         EXPECT_FALSE(window->actions()[window::Command::kOpenProject]->isEnabled());
+         EXPECT_FALSE(actions()[window::Command::kOpenProject]->isEnabled());
        }});
   EXPECT_TRUE(window->isVisible());
-  EXPECT_TRUE(window->actions()[window::Command::kOpenProject]->isEnabled());
+  EXPECT_TRUE(actions()[window::Command::kOpenProject]->isEnabled());
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace {
 
 using testing::HasSubstr;
 using window::Command;
-using window::Taken;
 
 class Projects : public WindowTest {
  protected:
@@ -32,32 +31,32 @@ class Projects : public WindowTest {
 TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {
   OpenSample(true);
   EXPECT_EQ(window->windowTitle(), "lathe - vanzet workbench");
-  ASSERT_EQ(window->definition().tree().topLevelItemCount(), 2);
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->childCount(), 18);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window->equipment().isSmooth(); }, 20'000));
-  EXPECT_TRUE(window->actions()[Command::kDefinition]->isEnabled());
+  ASSERT_EQ(definition().tree().topLevelItemCount(), 2);
+  EXPECT_EQ(definition().tree().topLevelItem(0)->childCount(), 18);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return equipment().isSmooth(); }, 20'000));
+  EXPECT_TRUE(actions()[Command::kDefinition]->isEnabled());
 }
 
 TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
   OpenSample();
-  const auto opened = window->OpenProject(folder / "nothing");
+  const auto opened = window->projectCommands().Open(folder / "nothing");
   ASSERT_FALSE(opened);
   EXPECT_THAT(opened.fault().Message(), HasSubstr("is no folder"));
   EXPECT_EQ(window->session()->project().folder().filename(), "lathe");
 }
 
 TEST_F(Projects, AreNotNeededForTheWindowToStand) {
-  EXPECT_FALSE(window->actions()[Command::kDefinition]->isEnabled());
-  EXPECT_FALSE(window->actions()[Command::kSaveVdm]->isEnabled());
-  EXPECT_TRUE(window->actions()[Command::kOpenProject]->isEnabled());
-  window->Refresh();
+  EXPECT_FALSE(actions()[Command::kDefinition]->isEnabled());
+  EXPECT_FALSE(actions()[Command::kSaveVdm]->isEnabled());
+  EXPECT_TRUE(actions()[Command::kOpenProject]->isEnabled());
+  window->equipmentCommands().Refresh();
 }
 
 TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
   OpenSample();
-  window->actions().ActionOf("de")->trigger();
+  actions().ActionOf("de")->trigger();
   window->resize(1111, 777);
-  window->definition().hide();
+  definition().hide();
   window->close();
   Restart();
   window->resize(900, 600);
@@ -65,19 +64,19 @@ TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
   EXPECT_EQ(memory.Recent().front().toStdString(), (folder / "lathe").string());
   EXPECT_TRUE(window->restoreGeometry(memory.Geometry()));
   EXPECT_EQ(window->size(), QSize(1111, 777));
-  EXPECT_TRUE(window->definition().isHidden());
-  EXPECT_EQ(window->texts().language(), "de");
+  EXPECT_TRUE(definition().isHidden());
+  EXPECT_TRUE(actions().ActionOf("de")->isChecked());
 }
 
 TEST_F(Projects, DefinitionsGoToFilesAndBack) {
   OpenSample(true);
   const auto file = folder / "job.vdm";
-  ASSERT_TRUE(window->SaveVdmTo(1000, file));
-  ASSERT_TRUE(window->LoadVdmFrom(file, 1001));
+  ASSERT_TRUE(window->projectCommands().SaveVdm(1000, file));
+  ASSERT_TRUE(window->projectCommands().LoadVdm(file, 1001));
   const auto definitions = window->session()->Definitions();
   EXPECT_EQ(definitions->at(1).definition->operations.at(1).sections,
             definitions->at(0).definition->operations.at(1).sections);
-  const auto refused = window->SaveVdmTo(1000, folder / "lathe" / "store.db");
+  const auto refused = window->projectCommands().SaveVdm(1000, folder / "lathe" / "store.db");
   EXPECT_FALSE(refused);
 }
 
@@ -87,7 +86,7 @@ TEST_F(Projects, ThatAreOpenInAnotherProcessAreToldAndLeftAlone) {
   vdm::VdmStore other(folder / "lathe");
   ASSERT_TRUE(other.Open(1000));
   const auto said = AnswerBox("OK");
-  window->ShowDefinition();
+  window->equipmentCommands().Define();
   EXPECT_THAT(said->toStdString(), HasSubstr("VDM 1000 of this project is open in another process"));
   EXPECT_EQ(Section(1, 3), before);
 }
@@ -97,9 +96,10 @@ TEST_F(Projects, ShownInTwoWindowsSaySo) {
   window::MainWindow second(
       window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
   second.show();
-  ASSERT_TRUE(second.OpenProject(folder / "lathe"));
-  EXPECT_THAT(second.notice().Message().toStdString(), HasSubstr("open in another workbench as well"));
-  EXPECT_EQ(window->notice().Message(), "");
+  ASSERT_TRUE(second.projectCommands().Open(folder / "lathe"));
+  EXPECT_THAT(second.findChild<window::NoticeBar*>()->Message().toStdString(),
+              HasSubstr("open in another workbench as well"));
+  EXPECT_EQ(notice().Message(), "");
 }
 
 TEST_F(Projects, ThatOthersChangeAreShownAsTheyAreThen) {
@@ -107,7 +107,7 @@ TEST_F(Projects, ThatOthersChangeAreShownAsTheyAreThen) {
   vdm::VdmStore other(folder / "lathe");
   ASSERT_TRUE(other.Delete(1001));
   EXPECT_TRUE(QTest::qWaitFor(
-      [&] { return window->definition().tree().topLevelItem(1)->text(1) == "no definition yet"; }, 10'000));
+      [&] { return definition().tree().topLevelItem(1)->text(1) == "no definition yet"; }, 10'000));
 }
 
 TEST_F(Projects, TakeDroppedFilesIntoTheirFolders) {
@@ -142,22 +142,22 @@ TEST_F(Projects, AskBeforeADroppedFileTakesTheNameOfAnother) {
 
 TEST_F(Projects, GoOutAsPicturesAndBodies) {
   OpenSample(true);
-  ASSERT_TRUE(window->WriteDrawing(folder / "drawing.svg"));
+  ASSERT_TRUE(exports().WriteDrawing(folder / "drawing.svg"));
   EXPECT_THAT(ReadBytes(folder / "drawing.svg"), HasSubstr("Billet_Spindel_1"));
-  ASSERT_TRUE(window->WriteDrawing(folder / "drawing.png"));
-  ASSERT_TRUE(window->WriteEquipmentPicture(folder / "equipment.png"));
+  ASSERT_TRUE(exports().WriteDrawing(folder / "drawing.png"));
+  ASSERT_TRUE(exports().WriteEquipmentPicture(folder / "equipment.png"));
   for (const char* name : {"drawing.png", "equipment.png"}) {
     EXPECT_FALSE(QImage(QString::fromStdString((folder / name).string())).isNull()) << name;
   }
-  ASSERT_TRUE(window->WriteBodies(modeller::ExportFormat::kStl, folder / "bodies"));
+  ASSERT_TRUE(exports().WriteBodies(modeller::ExportFormat::kStl, folder / "bodies"));
   EXPECT_TRUE(std::filesystem::exists(folder / "bodies/equipment.stl"));
   EXPECT_TRUE(std::filesystem::exists(folder / "bodies/main-jaw-1.stl"));
 }
 
 TEST_F(Projects, WithoutEquipmentHaveNothingToExport) {
   OpenSample();
-  EXPECT_FALSE(window->WriteEquipmentPicture(folder / "equipment.png"));
-  EXPECT_FALSE(window->WriteBodies(modeller::ExportFormat::kStep, folder / "bodies"));
+  EXPECT_FALSE(exports().WriteEquipmentPicture(folder / "equipment.png"));
+  EXPECT_FALSE(exports().WriteBodies(modeller::ExportFormat::kStep, folder / "bodies"));
   EXPECT_FALSE(std::filesystem::exists(folder / "equipment.png"));
 }
 

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "support/catalogues.h"
+#include "support/places.h"
 #include "window/commands/boxes.h"
 #include "window_fixture.h"
 
@@ -32,11 +33,19 @@ TEST(Texts, HaveAMenuKeyInEveryLanguageOrInNone) {
 class TranslatedWindow : public WindowTest {
  protected:
   void SetLanguage(const Language& language) {
-    window->actions().ActionOf(language.code)->trigger();
+    actions().ActionOf(language.code)->trigger();
     QCoreApplication::processEvents();
   }
 
-  const std::vector<Language>& Languages() const { return window->texts().languages(); }
+  static constexpr const char* kShare = VANZET_SOURCE_DIR "/share";
+
+  static std::unique_ptr<window::Texts> TextsIn(const Language& language) {
+    auto texts = std::make_unique<window::Texts>(kShare);
+    EXPECT_TRUE(texts->SetLanguage(language.code));
+    return texts;
+  }
+
+  static std::vector<Language> Languages() { return AvailableLanguages(kShare); }
 
   /// The texts of a menu have keys of their own.
   static void ExpectKeysOf(const QList<QAction*>& actions, const QString& where) {
@@ -64,22 +73,22 @@ class TranslatedWindow : public WindowTest {
 
 TEST_F(TranslatedWindow, ShowsTheOtherLanguageAtOnce) {
   OpenSample();
-  window->actions().ActionOf("de")->trigger();
+  actions().ActionOf("de")->trigger();
   EXPECT_EQ(window->windowTitle(), "lathe - vanzet-Werkbank");
-  EXPECT_EQ(window->actions()[Command::kDefinition]->text(), "Spannmittel &definieren...");
+  EXPECT_EQ(actions()[Command::kDefinition]->text(), "Spannmittel &definieren...");
   EXPECT_EQ(window->menuBar()->actions().front()->text(), "&Projekt");
-  EXPECT_EQ(window->messages().windowTitle(), "Meldungen");
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spindelspur 0");
-  window->actions().ActionOf("en")->trigger();
-  EXPECT_EQ(window->definition().tree().topLevelItem(0)->text(0), "Spur 0");
+  EXPECT_EQ(messages().windowTitle(), "Meldungen");
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindelspur 0");
+  actions().ActionOf("en")->trigger();
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spur 0");
 }
 
 TEST_F(TranslatedWindow, HasATextForEveryActionInEveryLanguage) {
   for (const Language& language : Languages()) {
     SetLanguage(language);
-    for (const window::ActionRow& row : window::ActionRows()) {
-      EXPECT_EQ(window->actions()[row.command]->text(), window->texts()(row.text));
-    }
+    const auto texts = TextsIn(language);
+    for (const window::ActionRow& row : window::ActionRows())
+      EXPECT_EQ(actions()[row.command]->text(), (*texts)(row.text));
   }
 }
 
@@ -104,7 +113,8 @@ TEST_F(TranslatedWindow, CutsNoTextOff) {
   for (const Language& language : Languages()) {
     SetLanguage(language);
     ExpectNothingIsCut(*window);
-    window::NewProjectBox box(window->texts(), {"mill-turn"}, "/tmp", window.get());
+    const auto texts = TextsIn(language);
+    window::NewProjectBox box(*texts, {"mill-turn"}, "/tmp", window.get());
     box.show();
     QCoreApplication::processEvents();
     ExpectNothingIsCut(box);
@@ -113,10 +123,10 @@ TEST_F(TranslatedWindow, CutsNoTextOff) {
 
 TEST_F(TranslatedWindow, IsLightAndDark) {
   OpenSample(true);
-  window->actions()[Command::kDark]->trigger();
+  actions()[Command::kDark]->trigger();
   QCoreApplication::processEvents();
   EXPECT_LT(window->grab().toImage().pixelColor(5, 5).lightness(), 80);
-  window->actions()[Command::kLight]->trigger();
+  actions()[Command::kLight]->trigger();
   QCoreApplication::processEvents();
   EXPECT_GT(window->grab().toImage().pixelColor(5, 5).lightness(), 180);
 }

@@ -1,8 +1,8 @@
 #include <QListWidget>
 #include <QWheelEvent>
 
-#include "window/views/polyline.h"
 #include "window/views/snap.h"
+#include "window/views/view_frame.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -39,84 +39,84 @@ class Views : public WindowTest {
 TEST_F(Views, OfTheDrawingKeepWhatIsUnderTheWheel) {
   OpenSample(true);
   const QPointF place(100, 80);
-  const geometry::Point before = window->drawing().frame().ToPlane(place);
-  const double scale = window->drawing().frame().scale();
-  Wheel(window->drawing(), place, 3);
-  const geometry::Point after = window->drawing().frame().ToPlane(place);
-  EXPECT_GT(window->drawing().frame().scale(), scale * 1.5);
+  const geometry::Point before = drawing().frame().ToPlane(place);
+  const double scale = drawing().frame().scale();
+  Wheel(drawing(), place, 3);
+  const geometry::Point after = drawing().frame().ToPlane(place);
+  EXPECT_GT(drawing().frame().scale(), scale * 1.5);
   EXPECT_NEAR(before.x, after.x, 1e-9);
   EXPECT_NEAR(before.y, after.y, 1e-9);
-  window->actions()[Command::kFit]->trigger();
-  EXPECT_NEAR(window->drawing().frame().scale(), scale, 1e-9);
+  actions()[Command::kFit]->trigger();
+  EXPECT_NEAR(drawing().frame().scale(), scale, 1e-9);
 }
 
 TEST_F(Views, OfTheDrawingAreMovedByDragging) {
   OpenSample(true);
-  const QPointF before = window->drawing().frame().ToScreen({0, 0});
-  Drag(window->drawing(), Qt::LeftButton, {100, 80}, {140, 60});
-  EXPECT_EQ(window->drawing().frame().ToScreen({0, 0}) - before, QPointF(40, -20));
+  const QPointF before = drawing().frame().ToScreen({0, 0});
+  Drag(drawing(), Qt::LeftButton, {100, 80}, {140, 60});
+  EXPECT_EQ(drawing().frame().ToScreen({0, 0}) - before, QPointF(40, -20));
 }
 
 TEST_F(Views, OfTheDrawingShowTheLayersThatAreOn) {
   OpenSample(true);
-  const QImage before = window->drawing().grab().toImage();
-  QListWidget& layers = window->layers().list();
-  ASSERT_EQ(layers.count(), 2);
-  layers.item(1)->setCheckState(Qt::Unchecked);
-  EXPECT_NE(window->drawing().grab().toImage(), before);
-  window->Refresh();
-  EXPECT_EQ(layers.item(1)->checkState(), Qt::Unchecked);
-  layers.item(1)->setCheckState(Qt::Checked);
-  EXPECT_EQ(window->drawing().grab().toImage(), before);
+  const QImage before = drawing().grab().toImage();
+  QListWidget& list = layers().list();
+  ASSERT_EQ(list.count(), 2);
+  list.item(1)->setCheckState(Qt::Unchecked);
+  EXPECT_NE(drawing().grab().toImage(), before);
+  window->equipmentCommands().Refresh();
+  EXPECT_EQ(list.item(1)->checkState(), Qt::Unchecked);
+  list.item(1)->setCheckState(Qt::Checked);
+  EXPECT_EQ(drawing().grab().toImage(), before);
 }
 
 TEST_F(Views, OfTheEquipmentTurnMoveAndZoom) {
   OpenSample(true);
-  const scene::Look before = window->equipment().look();
-  Drag(window->equipment(), Qt::LeftButton, {100, 80}, {160, 80});
-  EXPECT_NE(window->equipment().look().toward.dx, before.toward.dx);
-  Drag(window->equipment(), Qt::RightButton, {100, 80}, {160, 80});
-  EXPECT_NEAR(window->equipment().look().shiftX, before.shiftX + 60, 1e-9);
-  Wheel(window->equipment(), {100, 80}, 2);
-  EXPECT_NEAR(window->equipment().look().scale, before.scale * 1.44, 1e-9);
+  const scene::Look before = equipment().look();
+  Drag(equipment(), Qt::LeftButton, {100, 80}, {160, 80});
+  EXPECT_NE(equipment().look().toward.dx, before.toward.dx);
+  Drag(equipment(), Qt::RightButton, {100, 80}, {160, 80});
+  EXPECT_NEAR(equipment().look().shiftX, before.shiftX + 60, 1e-9);
+  Wheel(equipment(), {100, 80}, 2);
+  EXPECT_NEAR(equipment().look().scale, before.scale * 1.44, 1e-9);
 }
 
 TEST_F(Views, OfTheEquipmentHaveStandardSidesBySingleKeys) {
   OpenSample(true);
   window->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  window->equipment().setFocus();
-  QTest::keyClick(&window->equipment(), Qt::Key_2);
-  EXPECT_NEAR(window->equipment().look().toward.dz, 1, 1e-9);
-  QTest::keyClick(&window->equipment(), Qt::Key_7);
-  EXPECT_NEAR(window->equipment().look().toward.dx, 1, 1e-9);
-  QTest::keyClick(&window->equipment(), Qt::Key_6);
-  EXPECT_NEAR(window->equipment().look().toward.dx, -1, 1e-9);
+  equipment().setFocus();
+  QTest::keyClick(&equipment(), Qt::Key_2);
+  EXPECT_NEAR(equipment().look().toward.dz, 1, 1e-9);
+  QTest::keyClick(&equipment(), Qt::Key_7);
+  EXPECT_NEAR(equipment().look().toward.dx, 1, 1e-9);
+  QTest::keyClick(&equipment(), Qt::Key_6);
+  EXPECT_NEAR(equipment().look().toward.dx, -1, 1e-9);
 }
 
 TEST_F(Views, OfTheEquipmentAreCutAndBentByTheirSwitches) {
   OpenSample(true);
-  window->actions()[Command::kFront]->trigger();
-  const QImage whole = window->equipment().grab().toImage();
-  window->actions()[Command::kSection]->trigger();
-  const QImage cut = window->equipment().grab().toImage();
+  actions()[Command::kFront]->trigger();
+  const QImage whole = equipment().grab().toImage();
+  actions()[Command::kSection]->trigger();
+  const QImage cut = equipment().grab().toImage();
   EXPECT_NE(whole, cut);
-  window->actions()[Command::kPerspective]->trigger();
-  EXPECT_NE(window->equipment().grab().toImage(), cut);
+  actions()[Command::kPerspective]->trigger();
+  EXPECT_NE(equipment().grab().toImage(), cut);
 }
 
 TEST_F(Views, OfNothingSayWhatToDo) {
-  EXPECT_GT(Coloured(window->equipment().grab().toImage(), QColor("#fcfdfe")), 20);
+  EXPECT_GT(Coloured(equipment().grab().toImage(), QColor("#fcfdfe")), 20);
 }
 
 TEST_F(Views, StandAloneOrTogether) {
-  window->actions()[Command::kDrawingOnly]->trigger();
-  EXPECT_FALSE(window->equipment().isVisible());
-  window->actions()[Command::kEquipmentOnly]->trigger();
-  EXPECT_TRUE(window->equipment().isVisible());
-  EXPECT_FALSE(window->drawing().isVisible());
-  window->actions()[Command::kBothViews]->trigger();
-  EXPECT_TRUE(window->drawing().isVisible());
+  actions()[Command::kDrawingOnly]->trigger();
+  EXPECT_FALSE(equipment().isVisible());
+  actions()[Command::kEquipmentOnly]->trigger();
+  EXPECT_TRUE(equipment().isVisible());
+  EXPECT_FALSE(drawing().isVisible());
+  actions()[Command::kBothViews]->trigger();
+  EXPECT_TRUE(drawing().isVisible());
 }
 
 geometry::Kurve Circle(double radius) {
@@ -141,11 +141,11 @@ TEST(Chords, StayBesideTheirArcAtEveryScale) {
 TEST(Chords, AreCutToWhatIsSeen) {
   const QRectF seen(0, 0, 100, 100);
   const QPolygonF across = {{{-1e7, 50}, {1e7, 50}, {1e7, 1e7}}};
-  const auto pieces = window::Within(across, seen);
+  const auto pieces = window::ClipChain(across, seen);
   ASSERT_EQ(pieces.size(), 1U);
   EXPECT_NEAR(pieces[0].front().x(), 0, 1e-6);
   EXPECT_NEAR(pieces[0].back().x(), 100, 1e-6);
-  const QPolygonF area = window::AreaWithin({{{-1e6, -1e6}, {1e6, -1e6}, {1e6, 1e6}, {-1e6, 1e6}}}, seen);
+  const QPolygonF area = window::ClipArea({{{-1e6, -1e6}, {1e6, -1e6}, {1e6, 1e6}, {-1e6, 1e6}}}, seen);
   EXPECT_EQ(area.boundingRect(), seen);
 }
 

@@ -36,7 +36,7 @@ WindowTest::WindowTest() {
   Program();
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString((folder / "settings").string()));
-  window::WindowMemory().Choose("en");
+  window::WindowMemory().SetLanguage("en");
   Restart();
 }
 
@@ -50,15 +50,15 @@ void WindowTest::Restart() {
   window.reset();
   window = std::make_unique<window::MainWindow>(
       window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
-  Program().tell = [this](const Fault& fault) { window->Tell(fault); };
+  Program().reportFault = [this](const Fault& fault) { window->ReportFault(fault); };
   window->resize(1400, 900);
   window->show();
   QCoreApplication::processEvents();
 }
 
 void WindowTest::OpenSample(bool hasBarJob) {
-  ASSERT_TRUE(window->MakeProject(folder / "lathe", "mill-turn"));
-  window->Upgrade();
+  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  window->equipmentCommands().Upgrade();
   if (hasBarJob) Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
   ASSERT_EQ(Messages().find("! "), std::string::npos) << Messages();
   QCoreApplication::processEvents();
@@ -70,7 +70,7 @@ void WindowTest::Play(const std::string& script, std::vector<std::function<void(
   setenv("VANZET_TRANSCRIPT", (folder / "transcript.jsonl").c_str(), 1);
   std::function<void(std::size_t)> answer = [&](std::size_t i) {
     if (i == answers.size()) return;
-    When([this] { return window->picks().isAsking(); },
+    When([this] { return IsPicking(); },
          [&, i] {
            answers[i]();
            GiveUpLater();
@@ -78,7 +78,7 @@ void WindowTest::Play(const std::string& script, std::vector<std::function<void(
          });
   };
   answer(0);
-  window->ShowDefinition();
+  window->equipmentCommands().Define();
   unsetenv("VANZET_SCRIPT");
   EXPECT_EQ(ReadBytes(folder / "transcript.jsonl").find("\"error\""), std::string::npos)
       << ReadBytes(folder / "transcript.jsonl");
@@ -86,9 +86,9 @@ void WindowTest::Play(const std::string& script, std::vector<std::function<void(
 
 void WindowTest::GiveUpLater() {
   QTimer::singleShot(kPatience, window.get(), [this] {
-    if (!window->picks().isAsking()) return;
+    if (!IsPicking()) return;
     ADD_FAILURE() << "the pick was not answered";
-    window->picks().Cancel();
+    window->equipmentCommands().CancelPick();
   });
 }
 
@@ -98,7 +98,7 @@ std::vector<std::string> WindowTest::Section(std::size_t operation, std::size_t 
 }
 
 QPoint WindowTest::At(double x, double y) {
-  return window->drawing().frame().ToScreen({x, y}).toPoint();
+  return drawing().frame().ToScreen({x, y}).toPoint();
 }
 
 void WindowTest::Click(QWidget& widget, const QPoint& place) {

@@ -19,7 +19,7 @@ class WindowTest : public testing::Test {
   WindowTest();
   ~WindowTest() override;
 
-  /// Makes the window anew, as the next start of the program does.
+  /// Makes a new window, as the next start of the program does.
   void Restart();
 
   /// Opens the sample project, with a definition of the bar job when it is asked for.
@@ -27,6 +27,19 @@ class WindowTest : public testing::Test {
 
   /// Plays a script through the dialog; each of `answers` is called when the next pick is asked for.
   void Play(const std::string& script, std::vector<std::function<void()>> answers = {});
+
+  // The parts of the window, and the commands that no other program calls.
+  window::Actions& actions() { return Part<window::Actions>(); }
+  window::DrawingView& drawing() { return Part<window::DrawingView>(); }
+  window::EquipmentView& equipment() { return Part<window::EquipmentView>(); }
+  window::MessageDock& messages() { return Part<window::MessageDock>(); }
+  window::DefinitionDock& definition() { return Part<window::DefinitionDock>(); }
+  window::LayerDock& layers() { return Part<window::LayerDock>(); }
+  window::ChoiceDock& choice() { return Part<window::ChoiceDock>(); }
+  window::HintBar& hint() { return Part<window::HintBar>(); }
+  window::NoticeBar& notice() { return Part<window::NoticeBar>(); }
+  window::ExportCommands& exports() { return Part<window::ExportCommands>(); }
+  bool IsPicking() const { return window->equipmentCommands().IsPicking(); }
 
   /// The items of a section of the first spur's definition.
   std::vector<std::string> Section(std::size_t operation, std::size_t section);
@@ -41,7 +54,7 @@ class WindowTest : public testing::Test {
   /// Closes the box that comes up next by the button with that text, and gives what the box said.
   std::shared_ptr<QString> AnswerBox(const QString& button);
 
-  std::string Messages() { return window->messages().Content().toStdString(); }
+  std::string Messages() { return messages().Content().toStdString(); }
 
   static window::Application& Program();
 
@@ -49,6 +62,11 @@ class WindowTest : public testing::Test {
   std::unique_ptr<window::MainWindow> window;
 
  private:
+  template <class Type>
+  Type& Part() {
+    return *window->findChild<Type*>();
+  }
+
   /// A pick that is not answered ends and is a failure.
   void GiveUpLater();
 };

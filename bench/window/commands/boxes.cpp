@@ -1,5 +1,6 @@
 #include "window/commands/boxes.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -9,9 +10,45 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "window/theme.h"
-
 namespace vanzet::window {
+namespace {
+
+constexpr int kMoment = 400;  // milliseconds before the box of a work is shown
+constexpr int kSteps = 1000;
+
+}  // namespace
+
+BusyBox::BusyBox(const Texts& texts, Text work, QWidget* window)
+    : box_(texts(work), texts(Text::kCancel), 0, 0, window) {
+  box_.setWindowModality(Qt::WindowModal);
+  box_.setWindowTitle(texts(Text::kWindowTitle));
+  box_.setMinimumDuration(1 << 30);  // it is shown by ShowProgress
+  box_.setAutoReset(false);
+  box_.setAutoClose(false);
+  box_.setMinimumWidth(360);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  clock_.start();
+}
+
+BusyBox::~BusyBox() {
+  QApplication::restoreOverrideCursor();
+}
+
+modeller::Progress BusyBox::Progress() {
+  return [this](double done) { return ShowProgress(done); };
+}
+
+/// False when the work is to end.
+bool BusyBox::ShowProgress(double done) {
+  if (!box_.isVisible() && clock_.elapsed() > kMoment) box_.show();
+  if (done > 0) {
+    box_.setMaximum(kSteps);
+    box_.setValue(static_cast<int>(done * kSteps));
+  }
+  QCoreApplication::processEvents(box_.isVisible() ? QEventLoop::AllEvents
+                                                   : QEventLoop::ExcludeUserInputEvents);
+  return !box_.wasCanceled();
+}
 
 NewProjectBox::NewProjectBox(const Texts& texts, const QStringList& samples, const QString& place,
                              QWidget* parent)
@@ -58,12 +95,12 @@ void NewProjectBox::Browse() {
   if (!folder.isEmpty()) place_->setText(folder);
 }
 
-/// A name is wanted that nothing has yet.
+/// The project can be made under a name that no file has.
 void NewProjectBox::Check() {
   const bool isNamed = !name_->text().trimmed().isEmpty() && !place_->text().isEmpty();
-  const bool isTaken = isNamed && QFileInfo::exists(Folder());
-  make_->setEnabled(isNamed && !isTaken);
-  folder_->setText(isTaken ? texts_(Text::kTaken).arg(Folder()) : isNamed ? Folder() : QString(" "));
+  const bool isInUse = isNamed && QFileInfo::exists(Folder());
+  make_->setEnabled(isNamed && !isInUse);
+  folder_->setText(isInUse ? texts_(Text::kTaken).arg(Folder()) : isNamed ? Folder() : QString(" "));
 }
 
 }  // namespace vanzet::window

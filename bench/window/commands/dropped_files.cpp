@@ -19,8 +19,8 @@ constexpr EndingRow kEndings[] = {
     {".step", "bodies"}, {".stp", "bodies"}, {".stl", "bodies"}, {".brep", "bodies"}, {".dxf", "figures"},
 };
 
-/// A file of the folder with the same stem: a name stands for one body or figure.
-std::optional<fs::path> NameTaken(const fs::path& folder, const fs::path& file) {
+/// The file of the folder with the same stem, if there is one: each name is that of one body or figure.
+std::optional<fs::path> FindName(const fs::path& folder, const fs::path& file) {
   std::error_code error;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
     if (!EqualWithoutCase(entry.path().stem().string(), file.stem().string())) continue;
@@ -33,7 +33,7 @@ std::optional<fs::path> NameTaken(const fs::path& folder, const fs::path& file) 
 fs::path FreeName(const fs::path& folder, const fs::path& file) {
   for (int number = 2;; ++number) {
     const fs::path name = file.stem().string() + "-" + std::to_string(number) + file.extension().string();
-    if (!NameTaken(folder, name)) return folder / name;
+    if (!FindName(folder, name)) return folder / name;
   }
 }
 
@@ -55,21 +55,22 @@ std::optional<std::string> FolderFor(const fs::path& file) {
 }
 
 Result<std::vector<fs::path>> ImportFiles(const std::vector<fs::path>& files, const fs::path& project,
-                                          const std::function<Taken(const fs::path&)>& ask) {
+                                          const NameQuestion& ask) {
   std::vector<fs::path> copied;
   for (const fs::path& file : files) {
     const auto name = FolderFor(file);
-    if (!name) return Fault{"is neither STEP, STL, BREP nor DXF", file.string()};
+    if (!name) return Fault{"not a STEP, STL, BREP or DXF file", file.string()};
     const fs::path folder = project / *name;
     std::error_code error;
     fs::create_directories(folder, error);
-    const auto taken = NameTaken(folder, file);
-    if (taken && fs::equivalent(*taken, file, error)) continue;
-    const Taken answer = taken ? ask(*taken) : Taken::kReplace;
-    if (answer == Taken::kSkip) continue;
-    const fs::path place = answer == Taken::kKeepBoth ? FreeName(folder, file) : folder / file.filename();
-    if (const auto done = Copy(file, place); !done) return done.fault();
-    if (taken && answer == Taken::kReplace && *taken != place) fs::remove(*taken, error);
+    const auto existing = FindName(folder, file);
+    if (existing && fs::equivalent(*existing, file, error)) continue;
+    const NameAnswer answer = existing ? ask(*existing) : NameAnswer::kReplace;
+    if (answer == NameAnswer::kSkip) continue;
+    const fs::path place =
+        answer == NameAnswer::kKeepBoth ? FreeName(folder, file) : folder / file.filename();
+    VANZET_DO(Copy(file, place));
+    if (existing && answer == NameAnswer::kReplace && *existing != place) fs::remove(*existing, error);
     copied.push_back(place);
   }
   return copied;

@@ -8,19 +8,22 @@
 
 #include "base/result.h"
 
-/// Files of other programs that are taken into a project.
+/// Files of other programs that are copied into a project.
 namespace vanzet::window {
 
-/// The folder of a project that takes such a file, "bodies" or "figures", by its ending.
+/// The folder of a project for such a file, "bodies" or "figures", by the ending of its name.
 std::optional<std::string> FolderFor(const std::filesystem::path& file);
 
-/// What is to be done with a file whose name is taken.
-enum class Taken { kReplace, kKeepBoth, kSkip };
+/// The ways to copy a file whose name is in use.
+enum class NameAnswer { kReplace, kKeepBoth, kSkip };
 
-/// Copies the files into the project. `ask` is asked for each name that is taken already, as another file's
-/// stem counts too. Gives the places of what was copied; a fault at the first file that could not be.
-Result<std::vector<std::filesystem::path>> ImportFiles(
-    const std::vector<std::filesystem::path>& files, const std::filesystem::path& project,
-    const std::function<Taken(const std::filesystem::path& existing)>& ask);
+/// Decides about the file `existing`, whose name, or that name with another ending, is wanted again.
+using NameQuestion = std::function<NameAnswer(const std::filesystem::path& existing)>;
+
+/// Copies the files into the project, and returns the places of the copies. `ask` is called for each name that
+/// is in use. Ends with a fault at the first file that cannot be copied.
+Result<std::vector<std::filesystem::path>> ImportFiles(const std::vector<std::filesystem::path>& files,
+                                                       const std::filesystem::path& project,
+                                                       const NameQuestion& ask);
 
 }  // namespace vanzet::window

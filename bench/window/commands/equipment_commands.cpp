@@ -1,138 +1,186 @@
-#include <QComboBox>
+#include "window/commands/equipment_commands.h"
+
 #include <QMessageBox>
-#include <algorithm>
 
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
-#include "window/commands/busy.h"
-#include "window/docks/call_listener.h"
-#include "window/main_window.h"
+#include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
-/// The calls of the module, and what is shown of their results.
 namespace vanzet::window {
+namespace {
 
-void MainWindow::ShowDefinition() {
-  if (IsFreeElsewhere()) Call("mstart", Text::kImporting);
+constexpr int kRedrawDelay = 60;   // milliseconds in which the lines of a call are gathered
+constexpr int kChangePoll = 1000;  // milliseconds between looks at the files
+
+}  // namespace
+
+EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject* parent)
+    : QObject(parent),
+      workplace_(workplace),
+      parts_(parts),
+      picks_({workplace.texts, parts.hint, parts.drawing, parts.equipment, parts.choice,
+              [this] { RefreshDrawing(); }, [this] { return Figures(); }, [this] { return Solids(); },
+              [this](const QString& name) { ShowSolid(name); },
+              [this] { static_cast<void>(parts_.equipment.Show(workplace_.scene)); }}) {
+  redraw_.setSingleShot(true);
+  redraw_.setInterval(kRedrawDelay);
+  connect(&redraw_, &QTimer::timeout, this, &EquipmentCommands::RefreshDrawing);
+  changePoll_.setInterval(kChangePoll);
+  connect(&changePoll_, &QTimer::timeout, this, &EquipmentCommands::RefreshIfChanged);
 }
 
-void MainWindow::Upgrade() {
-  if (IsFreeElsewhere()) Call("ReOrgVdm", Text::kImporting);
+bool EquipmentCommands::Run(Command command) {
+  struct Row {
+    Command command;
+    void (EquipmentCommands::*run)();
+  };
+  constexpr Row kRows[] = {
+      {Command::kDefinition, &EquipmentCommands::Define},
+      {Command::kUpgrade, &EquipmentCommands::Upgrade},
+      {Command::kRefresh, &EquipmentCommands::Refresh},
+  };
+  return RunFromTable(*this, kRows, command);
+}
+
+void EquipmentCommands::Define() {
+  if (IsFreeElsewhere()) Call("mstart");
+}
+
+void EquipmentCommands::Upgrade() {
+  if (IsFreeElsewhere()) Call("ReOrgVdm");
 }
 
 /// False, after a box, while another process has a definition open: the module would lose its work on it.
-bool MainWindow::IsFreeElsewhere() {
-  const auto open = session_->OpenElsewhere();
-  if (!open) return Tell(open.fault()), false;
+bool EquipmentCommands::IsFreeElsewhere() {
+  const auto open = workplace_.session->OpenElsewhere();
+  if (!open) return workplace_.reportFault(open.fault()), false;
   if (open->empty()) return true;
-  QMessageBox::information(this, texts_(Text::kWindowTitle), texts_(Text::kOpenElsewhere).arg(open->front()));
+  QMessageBox::information(workplace_.window, workplace_.texts(Text::kWindowTitle),
+                           workplace_.texts(Text::kOpenElsewhere).arg(open->front()));
   return false;
 }
 
-void MainWindow::Call(const char* function, Text busy) {
-  if (isBusy_ || session_->isAtWork()) return;
-  if (const auto reloaded = session_->Reload(); !reloaded) return Tell(reloaded.fault());
-  actions_->Enable(true, true);
+void EquipmentCommands::Call(const char* function) {
+  if (workplace_.isBusy || workplace_.session->isAtWork()) return;
+  if (const auto reloaded = workplace_.session->Reload(); !reloaded)
+    return workplace_.reportFault(reloaded.fault());
+  emit AtWork(true);
   // A body that a pick or a page asks for is read within one call.
-  std::unique_ptr<Busy> box;
+  std::unique_ptr<BusyBox> box;
   const auto progress = [&](double done) {
-    if (!box) box = std::make_unique<Busy>(texts_, busy, this);
-    return box->progress()(done);
+    if (!box) box = std::make_unique<BusyBox>(workplace_.texts, Text::kImporting, workplace_.window);
+    return box->Progress()(done);
   };
   const auto afterCall = [&](bool isLine) {
     box.reset();
     if (isLine) redraw_.start();
   };
   // Modules know one topic, their dialog.
-  const auto help = [this](const std::string& /*topic*/) { return ShowHelp("guide/pages.md"); };
-  const auto called = session_->Call(function, {*messages_, std::make_unique<WindowPicks>(*picks_),
-                                                std::make_unique<CallListener>(*messages_, afterCall),
-                                                static_cast<QWidget*>(this), progress, help});
-  actions_->Enable(true, false);
-  if (!called) Tell(called.fault());
+  const auto help = [this](const std::string& /*topic*/) { return workplace_.showHelp("guide/pages.md"); };
+  const auto called =
+      workplace_.session->Call(function, {parts_.messages, std::make_unique<WindowPicks>(picks_),
+                                          std::make_unique<CallListener>(parts_.messages, afterCall),
+                                          workplace_.window, progress, help});
+  emit AtWork(false);
+  workplace_.Report(called);
   Refresh();
 }
 
-void MainWindow::Refresh() {
-  if (!session_ || isBusy_) return;
-  if (!session_->isAtWork()) {
-    if (const auto reloaded = session_->Reload(); !reloaded) Tell(reloaded.fault());
-  }
-  signs_ = session_->Signs();
+void EquipmentCommands::Refresh() {
+  if (!workplace_.session || workplace_.isBusy) return;
+  if (!workplace_.session->isAtWork()) workplace_.Report(workplace_.session->Reload());
+  fileStamps_ = workplace_.session->FileStamps();
   RefreshDefinition();
   RefreshDrawing();
   RefreshEquipment();
 }
 
-void MainWindow::RefreshDefinition() {
-  auto definitions = session_->Definitions();
-  if (!definitions) return Tell(definitions.fault());
-  definition_->Show(std::move(*definitions));
+void EquipmentCommands::RefreshDefinition() {
+  auto definitions = workplace_.session->Definitions();
+  if (!definitions) return workplace_.reportFault(definitions.fault());
+  parts_.definition.Show(std::move(*definitions));
 }
 
-void MainWindow::RefreshDrawing() {
-  if (!session_) return;
-  const auto drawing = session_->Drawing();
-  if (!drawing) return Tell(drawing.fault());
-  drawing_->Show(*drawing);
-  layers_->Show(*drawing);
+void EquipmentCommands::RefreshDrawing() {
+  if (!workplace_.session) return;
+  const auto drawing = workplace_.session->Drawing();
+  if (!drawing) return workplace_.reportFault(drawing.fault());
+  parts_.drawing.Show(*drawing);
+  parts_.layers.Show(*drawing);
 }
 
-void MainWindow::RefreshEquipment() {
-  if (isBusy_) return;
-  isBusy_ = true;
-  Busy busy(texts_, Text::kMakingScene, this);
-  auto scene = session_->Equipment(spur_, busy.progress());
-  isBusy_ = false;
-  scene_ = scene ? *scene : nullptr;
-  equipment_->SetHint(texts_(Text::kNoEquipment));
-  auto shown = equipment_->Show(scene_);
-  if (scene && shown) return;
-  const Fault fault = scene ? shown.fault() : scene.fault();
-  equipment_->SetHint(Shown(fault.Message()));
-  Tell(fault);
+void EquipmentCommands::ShowSpur(int spur) {
+  workplace_.spur = spur;
+  RefreshEquipment();
 }
 
-/// What another process did to the project is shown as soon as nothing is at work here.
-void MainWindow::LookForChanges() {
-  if (!session_ || isBusy_ || session_->isAtWork() || session_->Signs() == signs_) return;
-  Refresh();
+void EquipmentCommands::RefreshEquipment() {
+  if (workplace_.isBusy) return;
+  const auto made = MakeScene();
+  parts_.equipment.SetHint(workplace_.texts(Text::kNoEquipment));
+  const auto shown = parts_.equipment.Show(workplace_.scene);
+  if (made && shown) return;
+  const Fault& fault = made ? shown.fault() : made.fault();
+  parts_.equipment.SetHint(ToQString(fault.Message()));
+  workplace_.reportFault(fault);
 }
 
-void MainWindow::ShowSolid(const QString& name) {
-  if (isBusy_) return;
-  isBusy_ = true;
-  Busy busy(texts_, Text::kImporting, this);
-  modeller::Exchange exchange = modeller::Exchange::OfProcess();
-  exchange.progress = busy.progress();
-  modeller::BodyTable table;
-  const auto number =
-      modeller::NumberOfNamed(name.toStdString(), table, session_->project().folder() / "bodies", exchange);
-  isBusy_ = false;
-  if (!number) return Tell(number.fault());
+/// Without a scene after a fault.
+Result<void> EquipmentCommands::MakeScene() {
+  const BusyMark mark(workplace_);
+  BusyBox box(workplace_.texts, Text::kMakingScene, workplace_.window);
+  auto scene = workplace_.session->Equipment(workplace_.spur, box.Progress());
+  workplace_.scene = scene ? *scene : nullptr;
+  if (!scene) return scene.fault();
+  return {};
+}
+
+/// Shows what another process did to the project as soon as nothing is at work here.
+void EquipmentCommands::RefreshIfChanged() {
+  const Session* const session = workplace_.session.get();
+  if (session == nullptr || workplace_.isBusy || session->isAtWork()) return;
+  if (session->FileStamps() != fileStamps_) Refresh();
+}
+
+void EquipmentCommands::ShowSolid(const QString& name) {
+  if (!workplace_.isBusy) workplace_.Report(ShowSolidAlone(name.toStdString()));
+}
+
+/// Shows a solid in the place of the equipment.
+Result<void> EquipmentCommands::ShowSolidAlone(const std::string& name) {
   auto scene = std::make_shared<scene::Scene>();
-  scene->bodies.push_back(
-      {name.toStdString(), scene::Kind::kBillet, *table.Get(*number), geometry::Matrix()});
-  scene->bodies.back().solid = name.toStdString();
-  if (const auto shown = equipment_->Show(std::move(scene)); !shown) Tell(shown.fault());
+  {
+    const BusyMark mark(workplace_);
+    BusyBox box(workplace_.texts, Text::kImporting, workplace_.window);
+    modeller::Exchange exchange = modeller::Exchange::OfProcess();
+    exchange.progress = box.Progress();
+    modeller::BodyTable table;
+    const auto folder = workplace_.session->project().folder() / "bodies";
+    VANZET_TRY(const auto number, modeller::NumberOfNamed(name, table, folder, exchange));
+    scene->bodies.push_back({name, scene::Kind::kBillet, *table.Get(number), geometry::Matrix()});
+    scene->bodies.back().solid = name;
+  }
+  return parts_.equipment.Show(std::move(scene));
 }
 
-QStringList MainWindow::Figures() const {
+QStringList EquipmentCommands::Figures() const {
   QStringList names;
-  const auto drawing = session_->Drawing();
+  const auto drawing = workplace_.session->Drawing();
   if (drawing) {
-    for (const auto& [name, figure] : drawing->figures) names << Shown(name);
+    for (const auto& [name, figure] : drawing->figures) names << ToQString(name);
   }
-  for (const std::string& name : drawing::FigureFolder(session_->project().folder() / "figures").Names()) {
-    if (!names.contains(Shown(name))) names << Shown(name);
+  const drawing::FigureFolder folder(workplace_.session->project().folder() / "figures");
+  for (const std::string& name : folder.Names()) {
+    if (!names.contains(ToQString(name))) names << ToQString(name);
   }
   return names;
 }
 
-QStringList MainWindow::Solids() const {
+QStringList EquipmentCommands::Solids() const {
   QStringList names;
-  for (const auto& file : modeller::BodyFilesIn(session_->project().folder() / "bodies"))
-    names << Shown(file.name);
+  for (const auto& file : modeller::BodyFilesIn(workplace_.session->project().folder() / "bodies"))
+    names << ToQString(file.name);
   return names;
 }
 

@@ -1,5 +1,6 @@
+#include "window/commands/export_commands.h"
+
 #include <QFileDialog>
-#include <QStatusBar>
 #include <algorithm>
 
 #include "base/files/whole_file.h"
@@ -8,17 +9,14 @@
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
-#include "window/commands/busy.h"
-#include "window/main_window.h"
+#include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
-/// What is seen, as files for others.
 namespace vanzet::window {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kTelling = 8000;      // milliseconds that the status bar tells what was done
 constexpr int kLargestSide = 1600;  // pixels of a picture of the equipment
 
 struct BodiesRow {
@@ -36,74 +34,74 @@ struct PictureRow {
   Command command;
   const char* name;  ///< that is suggested
   const char* filter;
-  Result<void> (MainWindow::*write)(const fs::path& file);
+  Result<void> (ExportCommands::*write)(const fs::path& file) const;
 };
 constexpr PictureRow kPictures[] = {
-    {Command::kDrawingSvg, "drawing.svg", "SVG (*.svg)", &MainWindow::WriteDrawing},
-    {Command::kDrawingPng, "drawing.png", "PNG (*.png)", &MainWindow::WriteDrawing},
-    {Command::kEquipmentPng, "equipment.png", "PNG (*.png)", &MainWindow::WriteEquipmentPicture},
+    {Command::kDrawingSvg, "drawing.svg", "SVG (*.svg)", &ExportCommands::WriteDrawing},
+    {Command::kDrawingPng, "drawing.png", "PNG (*.png)", &ExportCommands::WriteDrawing},
+    {Command::kEquipmentPng, "equipment.png", "PNG (*.png)", &ExportCommands::WriteEquipmentPicture},
 };
-
-/// A file that the project's store lives in is refused.
-Result<void> Write(const project::Project& project, const fs::path& file, const Result<std::string>& bytes) {
-  if (!bytes) return bytes.fault();
-  if (const auto target = vdm::VdmStore(project.folder()).CheckTarget(file); !target) return target;
-  return files::ReplaceFile(file, *bytes);
-}
 
 }  // namespace
 
-bool MainWindow::RunExport(Command command) {
+bool ExportCommands::Run(Command command) {
+  const Texts& texts = workplace_.texts;
   Result<void> done;
   QString place;
   if (const auto* const row = std::ranges::find(kPictures, command, &PictureRow::command);
       row != std::end(kPictures)) {
-    const QString suggested = Shown(session_->project().folder() / row->name);
-    place = QFileDialog::getSaveFileName(this, texts_(Text::kExportMenu).remove('&'), suggested, row->filter);
-    if (!place.isEmpty()) done = (this->*row->write)(PathOf(place));
+    const QString suggested = ToQString(workplace_.session->project().folder() / row->name);
+    place = QFileDialog::getSaveFileName(workplace_.window, texts(Text::kExportMenu).remove('&'), suggested,
+                                         row->filter);
+    if (!place.isEmpty()) done = (this->*row->write)(ToPath(place));
   } else if (const auto* const bodies = std::ranges::find(kBodies, command, &BodiesRow::command);
              bodies != std::end(kBodies)) {
-    place = QFileDialog::getExistingDirectory(this, texts_(Text::kChooseFolder));
-    if (!place.isEmpty()) done = WriteBodies(bodies->format, PathOf(place));
+    place = QFileDialog::getExistingDirectory(workplace_.window, texts(Text::kChooseFolder));
+    if (!place.isEmpty()) done = WriteBodies(bodies->format, ToPath(place));
   } else {
     return false;
   }
-  if (!done) Tell(done.fault());
-  if (done && !place.isEmpty()) statusBar()->showMessage(texts_(Text::kWritten).arg(place), kTelling);
+  workplace_.Report(done);
+  if (done && !place.isEmpty()) workplace_.reportDone(texts(Text::kWritten).arg(place));
   return true;
 }
 
-Result<void> MainWindow::WriteDrawing(const fs::path& file) {
-  const auto drawing = session_->Drawing();
-  if (!drawing) return drawing.fault();
-  const auto svg = drawing::PictureSvg(*drawing, {});
-  const bool isPng = EqualWithoutCase(file.extension().string(), ".png");
-  return Write(session_->project(), file, svg && isPng ? results::PngOf(*svg) : svg);
+Result<void> ExportCommands::WriteDrawing(const fs::path& file) const {
+  VANZET_TRY(const drawing::Drawing drawing, workplace_.session->Drawing());
+  VANZET_TRY(const std::string svg, drawing::PictureSvg(drawing, {}));
+  if (!EqualWithoutCase(file.extension().string(), ".png")) return WriteFile(file, svg);
+  VANZET_TRY(const std::string png, results::PngOf(svg));
+  return WriteFile(file, png);
 }
 
-Result<void> MainWindow::WriteEquipmentPicture(const fs::path& file) {
-  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{texts_(Text::kNoEquipment).toStdString()};
-  const auto model = scene::ModelOf(*scene_, (*actions_)[Command::kSection]->isChecked());
-  if (!model) return model.fault();
-  const double factor = double{kLargestSide} / std::max(equipment_->width(), equipment_->height());
-  scene::Look look = equipment_->look();
-  look.scale *= factor;
-  look.shiftX *= factor;
-  look.shiftY *= factor;
-  const scene::DrawOptions options = {.width = static_cast<int>(equipment_->width() * factor),
-                                      .height = static_cast<int>(equipment_->height() * factor)};
-  return Write(session_->project(), file, results::PngOf(scene::Draw(*model, look, options)));
+Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) const {
+  VANZET_DO(CheckEquipment());
+  VANZET_TRY(const scene::Model model, scene::ModelOf(*workplace_.scene, equipment_.isSection()));
+  const double factor = double{kLargestSide} / std::max(equipment_.width(), equipment_.height());
+  const scene::DrawOptions options = {.width = static_cast<int>(equipment_.width() * factor),
+                                      .height = static_cast<int>(equipment_.height() * factor)};
+  VANZET_TRY(const std::string png,
+             results::PngOf(scene::Draw(model, ScaleLook(equipment_.look(), factor), options)));
+  return WriteFile(file, png);
 }
 
-Result<void> MainWindow::WriteBodies(modeller::ExportFormat format, const fs::path& folder) {
-  if (scene_ == nullptr || scene_->bodies.empty()) return Fault{texts_(Text::kNoEquipment).toStdString()};
-  isBusy_ = true;
-  Busy busy(texts_, Text::kExporting, this);
+Result<void> ExportCommands::WriteBodies(modeller::ExportFormat format, const fs::path& folder) {
+  VANZET_DO(CheckEquipment());
+  const BusyMark mark(workplace_);
+  BusyBox box(workplace_.texts, Text::kExporting, workplace_.window);
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
-  exchange.progress = busy.progress();
-  const auto done = results::WriteEquipment(*scene_, format, folder, exchange);
-  isBusy_ = false;
-  return done;
+  exchange.progress = box.Progress();
+  return results::WriteEquipment(*workplace_.scene, format, folder, exchange);
+}
+
+Result<void> ExportCommands::CheckEquipment() const {
+  if (workplace_.scene != nullptr && !workplace_.scene->bodies.empty()) return {};
+  return Fault{workplace_.texts(Text::kNoEquipment).toStdString()};
+}
+
+Result<void> ExportCommands::WriteFile(const fs::path& file, const std::string& bytes) const {
+  VANZET_DO(vdm::VdmStore(workplace_.session->project().folder()).CheckTarget(file));
+  return files::ReplaceFile(file, bytes);
 }
 
 }  // namespace vanzet::window

@@ -10,7 +10,7 @@ namespace {
 
 using drawing::Pick;
 
-/// What a kind of pick says, and what the drawing then answers.
+/// The texts of a kind of pick, and the picks that the drawing then answers.
 struct KindRow {
   Pick::Kind kind;
   Text prompt;
@@ -32,26 +32,26 @@ const KindRow& RowOf(Pick::Kind kind) {
 PickSession::PickSession(Desk desk) : desk_(std::move(desk)) {
   connect(&desk_.hint, &HintBar::Cancelled, this, &PickSession::Cancel);
   connect(&desk_.drawing, &DrawingView::PositionPicked, this, [this](double x, double y) {
-    Take({Pick::Kind::kPosition, {x, y}});
+    Answer({Pick::Kind::kPosition, {x, y}});
   });
   connect(&desk_.drawing, &DrawingView::FigurePicked, this, [this](const QString& name) {
-    Take({Pick::Kind::kFigure, {}, name.toStdString()});
+    Answer({Pick::Kind::kFigure, {}, name.toStdString()});
   });
   connect(&desk_.equipment, &EquipmentView::SolidPicked, this, [this](const QString& name) {
-    Take({Pick::Kind::kObject, {}, name.toStdString()});
+    Answer({Pick::Kind::kObject, {}, name.toStdString()});
   });
   connect(&desk_.choice, &ChoiceDock::Chosen, this, [this](const QString& name) {
-    Take({asked_, {}, name.toStdString()});
+    Answer({asked_, {}, name.toStdString()});
   });
   connect(&desk_.choice, &ChoiceDock::Marked, this, [this](const QString& name) {
-    if (!isAsking() || asked_ != Pick::Kind::kObject || name.isEmpty() || name == marked_) return;
+    if (!IsAsking() || asked_ != Pick::Kind::kObject || name.isEmpty() || name == marked_) return;
     marked_ = name;
     desk_.showSolid(name);
   });
 }
 
 Pick PickSession::Ask(const drawing::PickQuestion& question) {
-  if (isAsking()) return {};
+  if (IsAsking()) return {};
   Begin(question);
   loop_.exec();
   End();
@@ -64,7 +64,7 @@ void PickSession::Begin(const drawing::PickQuestion& question) {
   asked_ = question.kind;
   answer_ = {};
   marked_.clear();
-  const QString prompt = question.prompt.empty() ? desk_.texts(row.prompt) : Shown(question.prompt);
+  const QString prompt = question.prompt.empty() ? desk_.texts(row.prompt) : ToQString(question.prompt);
   desk_.hint.Ask(desk_.texts(Text::kPickHint).arg(prompt), desk_.texts(Text::kCancel));
   desk_.drawing.Ask(row.picking);
   desk_.equipment.AskForSolid(asked_ == Pick::Kind::kObject);
@@ -85,8 +85,8 @@ void PickSession::End() {
   if (asked_ == Pick::Kind::kObject) desk_.showEquipment();
 }
 
-void PickSession::Take(Pick pick) {
-  if (!isAsking() || pick.kind != asked_) return;
+void PickSession::Answer(Pick pick) {
+  if (!IsAsking() || pick.kind != asked_) return;
   answer_ = std::move(pick);
   loop_.quit();
 }

@@ -4,16 +4,16 @@
 #include <functional>
 
 #include "drawing/picks.h"
-#include "window/docks/choice_dock.h"
+#include "window/docks/list_docks.h"
+#include "window/texts.h"
+#include "window/views/bars.h"
 #include "window/views/drawing_view.h"
 #include "window/views/equipment_view.h"
-#include "window/views/hint_bar.h"
-#include "window/texts.h"
 
 namespace vanzet::window {
 
-/// Lets a person answer a pick in the window: a position in the drawing, a figure there or from a list, a
-/// solid in space or from a list. Escape, and the button of the hint, break it off.
+/// Lets the user answer a pick in the window: a position in the drawing, a figure in the drawing or from a
+/// list, a solid in the equipment view or from a list. Escape and the button of the hint cancel it.
 class PickSession final : public QObject {
   Q_OBJECT
  public:
@@ -23,7 +23,7 @@ class PickSession final : public QObject {
     DrawingView& drawing;
     EquipmentView& equipment;
     ChoiceDock& choice;
-    std::function<void()> refresh;                  ///< shows the drawing as it is now
+    std::function<void()> refresh;                  ///< shows the current drawing
     std::function<QStringList()> figures;           ///< names
     std::function<QStringList()> solids;            ///< names
     std::function<void(const QString&)> showSolid;  ///< in the place of the equipment
@@ -31,16 +31,16 @@ class PickSession final : public QObject {
   };
   explicit PickSession(Desk desk);
 
-  /// Returns when it is answered.
+  /// Returns when the user has answered or cancelled.
   drawing::Pick Ask(const drawing::PickQuestion& question);
 
-  bool isAsking() const { return loop_.isRunning(); }
+  bool IsAsking() const { return loop_.isRunning(); }
   void Cancel() { loop_.quit(); }
 
  private:
   void Begin(const drawing::PickQuestion& question);
   void End();
-  void Take(drawing::Pick pick);
+  void Answer(drawing::Pick pick);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   Desk desk_;

@@ -1,154 +1,153 @@
-#include <QApplication>
-#include <QComboBox>
+#include "window/commands/project_commands.h"
+
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStatusBar>
 
 #include "project/sample.h"
 #include "vdm/vdm_file.h"
-#include "window/main_window.h"
 #include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
-/// Opening and making projects, their stores to and from files, and files dropped into them.
 namespace vanzet::window {
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr const char* kVdmFiles = "(*.vdm)";
-constexpr int kTelling = 8000;  // milliseconds that the status bar tells what was done
 
 }  // namespace
 
-Result<void> MainWindow::OpenProject(const fs::path& folder) {
-  auto session = Session::Open(folder, places_);
-  if (!session) return session.fault();
-  const auto spurs = (*session)->project().SpindleSpurs();
-  if (!spurs) return spurs.fault();
-  session_ = std::move(*session);
-  spur_ = 0;
-  spurs_->clear();
-  for (int spur = 0; spur < *spurs; ++spur) spurs_->addItem(QString());
-  spurs_->setVisible(*spurs > 1);
-  memory_.AddRecent(Shown(session_->project().folder()));
-  actions_->Enable(true, false);
-  Retranslate();
-  LockProject();
-  Refresh();
-  drawing_->Fit();
-  equipment_->LookFrom(scene::View::kIso);
-  glance_.start();
+ProjectCommands::ProjectCommands(Workplace& workplace, WindowMemory& memory, QObject* parent)
+    : QObject(parent), workplace_(workplace), memory_(memory) {}
+
+bool ProjectCommands::Run(Command command) {
+  struct Row {
+    Command command;
+    void (ProjectCommands::*run)();
+  };
+  constexpr Row kRows[] = {
+      {Command::kNewProject, &ProjectCommands::AskToMake},
+      {Command::kOpenProject, &ProjectCommands::AskToOpen},
+      {Command::kSaveVdm, &ProjectCommands::AskToSaveVdm},
+      {Command::kLoadVdm, &ProjectCommands::AskToLoadVdm},
+  };
+  return RunFromTable(*this, kRows, command);
+}
+
+Result<void> ProjectCommands::Open(const fs::path& folder) {
+  VANZET_TRY(auto session, Session::Open(folder, workplace_.places));
+  VANZET_TRY(const int spurs, session->project().SpindleSpurs());
+  workplace_.session = std::move(session);
+  workplace_.spur = 0;
+  memory_.AddRecent(ToQString(workplace_.session->project().folder()));
+  emit Opened(spurs, LockProject());
   return {};
 }
 
-/// Others see by the lock that the project is shown here; it keeps nobody from anything.
-void MainWindow::LockProject() {
+/// Other processes see by the lock that the project is shown here; it keeps them from nothing. Returns the
+/// process that had it locked, or 0.
+qint64 ProjectCommands::LockProject() {
   lock_.reset();
-  notice_->hide();
-  const fs::path folder = session_->project().folder() / "tmp";
+  const fs::path folder = workplace_.session->project().folder() / "tmp";
   std::error_code error;
   fs::create_directory(folder, error);
-  lock_ = std::make_unique<QLockFile>(Shown(folder / "window.lock"));
+  lock_ = std::make_unique<QLockFile>(ToQString(folder / "window.lock"));
   lock_->setStaleLockTime(0);
-  if (lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError) return;
+  if (lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError) return 0;
   qint64 process = 0;
   QString host, program;
   lock_->getLockInfo(&process, &host, &program);
-  notice_->Tell(texts_(Text::kShownElsewhere).arg(process));
+  return process;
 }
 
-Result<void> MainWindow::MakeProject(const fs::path& folder, const std::string& sample) {
-  if (const auto made = project::MakeProject(folder, sample, places_.share); !made) return made;
-  return OpenProject(folder);
+Result<void> ProjectCommands::Make(const fs::path& folder, const std::string& sample) {
+  VANZET_DO(project::MakeProject(folder, sample, workplace_.places.share));
+  return Open(folder);
 }
 
-void MainWindow::NewProject() {
+void ProjectCommands::AskToMake() {
   QStringList samples;
-  for (const std::string& sample : project::SampleNames(places_.share)) samples << Shown(sample);
-  const QString place = session_ ? Shown(session_->project().folder().parent_path()) : QDir::homePath();
-  NewProjectBox box(texts_, samples, place, this);
+  for (const std::string& sample : project::SampleNames(workplace_.places.share))
+    samples << ToQString(sample);
+  const QString place =
+      workplace_.session ? ToQString(workplace_.session->project().folder().parent_path()) : QDir::homePath();
+  NewProjectBox box(workplace_.texts, samples, place, workplace_.window);
   if (box.exec() != QDialog::Accepted) return;
-  const auto made = MakeProject(PathOf(box.Folder()), box.Sample().toStdString());
-  if (!made) Tell(made.fault());
+  workplace_.Report(Make(ToPath(box.Folder()), box.Sample().toStdString()));
 }
 
-void MainWindow::AskForProject() {
-  const QString folder = QFileDialog::getExistingDirectory(this, texts_(Text::kChooseProject));
-  if (folder.isEmpty()) return;
-  if (const auto opened = OpenProject(PathOf(folder)); !opened) Tell(opened.fault());
+void ProjectCommands::AskToOpen() {
+  const QString folder =
+      QFileDialog::getExistingDirectory(workplace_.window, workplace_.texts(Text::kChooseProject));
+  if (!folder.isEmpty()) workplace_.Report(Open(ToPath(folder)));
 }
 
-void MainWindow::FillRecent() {
-  QMenu* const menu = actions_->MenuOf(Menu::kRecent);
-  menu->clear();
+void ProjectCommands::FillRecent(QMenu& menu) {
+  menu.clear();
   for (const QString& folder : memory_.Recent()) {
-    connect(menu->addAction(folder), &QAction::triggered, this, [this, folder] {
-      if (const auto opened = OpenProject(PathOf(folder)); !opened) Tell(opened.fault());
-    });
+    connect(menu.addAction(folder), &QAction::triggered, this,
+            [this, folder] { workplace_.Report(Open(ToPath(folder))); });
   }
-  if (menu->isEmpty()) menu->addAction(texts_(Text::kNone))->setEnabled(false);
+  if (menu.isEmpty()) menu.addAction(workplace_.texts(Text::kNone))->setEnabled(false);
 }
 
-void MainWindow::SaveVdm() {
-  const std::uint32_t vdm = session_->project().DefinitionOf(spur_);
-  const QString suggested = Shown(session_->project().folder() / ("spur-" + std::to_string(spur_) + ".vdm"));
-  const QString file = QFileDialog::getSaveFileName(this, texts_(Text::kSaveVdm), suggested, kVdmFiles);
-  if (file.isEmpty()) return;
-  if (const auto saved = SaveVdmTo(vdm, PathOf(file)); !saved) Tell(saved.fault());
+void ProjectCommands::AskToSaveVdm() {
+  const project::Project& project = workplace_.session->project();
+  const QString suggested =
+      ToQString(project.folder() / ("spur-" + std::to_string(workplace_.spur) + ".vdm"));
+  const QString file =
+      QFileDialog::getSaveFileName(workplace_.window, workplace_.texts(Text::kSaveVdm), suggested, kVdmFiles);
+  if (!file.isEmpty()) workplace_.Report(SaveVdm(project.DefinitionOf(workplace_.spur), ToPath(file)));
 }
 
-Result<void> MainWindow::SaveVdmTo(std::uint32_t vdm, const fs::path& file) {
-  const vdm::VdmStore store(session_->project().folder());
-  const auto content = store.Snapshot(vdm);
-  if (!content) return content.fault();
-  if (const auto target = store.CheckTarget(file); !target) return target;
-  if (const auto written = vdm::WriteVdmFile(file, *content); !written) return written;
-  statusBar()->showMessage(texts_(Text::kWritten).arg(Shown(file)), kTelling);
+Result<void> ProjectCommands::SaveVdm(std::uint32_t vdm, const fs::path& file) const {
+  const vdm::VdmStore store(workplace_.session->project().folder());
+  VANZET_TRY(const vdm::Vdm content, store.Snapshot(vdm));
+  VANZET_DO(store.CheckTarget(file));
+  VANZET_DO(vdm::WriteVdmFile(file, content));
+  workplace_.reportDone(workplace_.texts(Text::kWritten).arg(ToQString(file)));
   return {};
 }
 
-void MainWindow::LoadVdm() {
-  const QString file = QFileDialog::getOpenFileName(this, texts_(Text::kLoadVdm),
-                                                    Shown(session_->project().folder()), kVdmFiles);
-  if (file.isEmpty()) return;
-  const auto loaded = LoadVdmFrom(PathOf(file), session_->project().DefinitionOf(spur_));
-  if (!loaded) Tell(loaded.fault());
+void ProjectCommands::AskToLoadVdm() {
+  const project::Project& project = workplace_.session->project();
+  const QString file = QFileDialog::getOpenFileName(workplace_.window, workplace_.texts(Text::kLoadVdm),
+                                                    ToQString(project.folder()), kVdmFiles);
+  if (!file.isEmpty()) workplace_.Report(LoadVdm(ToPath(file), project.DefinitionOf(workplace_.spur)));
 }
 
-Result<void> MainWindow::LoadVdmFrom(const fs::path& file, std::uint32_t vdm) {
-  const auto content = vdm::ReadVdmFile(file);
-  if (!content) return content.fault();
-  if (const auto kept = vdm::VdmStore(session_->project().folder()).Replace(vdm, *content); !kept)
-    return kept;
-  statusBar()->showMessage(texts_(Text::kLoaded).arg(Shown(file)), kTelling);
-  Refresh();
+Result<void> ProjectCommands::LoadVdm(const fs::path& file, std::uint32_t vdm) {
+  VANZET_TRY(const vdm::Vdm content, vdm::ReadVdmFile(file));
+  VANZET_DO(vdm::VdmStore(workplace_.session->project().folder()).Replace(vdm, content));
+  workplace_.reportDone(workplace_.texts(Text::kLoaded).arg(ToQString(file)));
+  emit Changed();
   return {};
 }
 
-Result<void> MainWindow::Import(const std::vector<fs::path>& files,
-                                const std::function<Taken(const fs::path&)>& ask) {
-  const auto copied = ImportFiles(files, session_->project().folder(), ask);
-  if (!copied) return copied.fault();
-  for (const fs::path& file : *copied) {
-    messages_->Add(MessageDock::Kind::kNote, texts_(Text::kImported).arg(Shown(file)));
-  }
-  if (!copied->empty()) Refresh();
+Result<void> ProjectCommands::Import(const std::vector<fs::path>& files, const NameQuestion& ask) {
+  VANZET_TRY(const auto copied, ImportFiles(files, workplace_.session->project().folder(), ask));
+  for (const fs::path& file : copied) emit FileImported(ToQString(file));
+  if (!copied.empty()) emit Changed();
   return {};
 }
 
-Taken MainWindow::AskAboutTaken(const fs::path& existing) {
-  QMessageBox box(QMessageBox::Question, texts_(Text::kWindowTitle),
-                  texts_(Text::kNameTaken).arg(Shown(existing.filename())), QMessageBox::NoButton, this);
-  const auto* const both = box.addButton(texts_(Text::kKeepBoth), QMessageBox::AcceptRole);
-  const auto* const replace = box.addButton(texts_(Text::kReplace), QMessageBox::DestructiveRole);
-  box.setEscapeButton(box.addButton(texts_(Text::kSkip), QMessageBox::RejectRole));
+void ProjectCommands::ImportDropped(const std::vector<fs::path>& files) {
+  workplace_.Report(Import(files, [this](const fs::path& existing) { return AskAboutName(existing); }));
+}
+
+NameAnswer ProjectCommands::AskAboutName(const fs::path& existing) {
+  const Texts& texts = workplace_.texts;
+  QMessageBox box(QMessageBox::Question, texts(Text::kWindowTitle),
+                  texts(Text::kNameTaken).arg(ToQString(existing.filename())), QMessageBox::NoButton,
+                  workplace_.window);
+  const auto* const both = box.addButton(texts(Text::kKeepBoth), QMessageBox::AcceptRole);
+  const auto* const replace = box.addButton(texts(Text::kReplace), QMessageBox::DestructiveRole);
+  box.setEscapeButton(box.addButton(texts(Text::kSkip), QMessageBox::RejectRole));
   box.exec();
-  if (box.clickedButton() == replace) return Taken::kReplace;
-  return box.clickedButton() == both ? Taken::kKeepBoth : Taken::kSkip;
+  if (box.clickedButton() == replace) return NameAnswer::kReplace;
+  return box.clickedButton() == both ? NameAnswer::kKeepBoth : NameAnswer::kSkip;
 }
 
 }  // namespace vanzet::window

@@ -1,23 +1,20 @@
+#include "window/commands/view_commands.h"
+
 #include <QApplication>
-#include <QLabel>
 #include <QLibraryInfo>
-#include <QMessageBox>
+#include <QLocale>
 #include <algorithm>
 
-#include "window/help_window.h"
-#include "window/main_window.h"
 #include "window/qt_text.h"
-#include "window/theme.h"
 
-/// What is seen, and how.
 namespace vanzet::window {
 namespace {
 
-struct ViewRow {
+struct SideRow {
   Command command;
   scene::View view;
 };
-constexpr ViewRow kViews[] = {
+constexpr SideRow kSides[] = {
     {Command::kIso, scene::View::kIso},     {Command::kFront, scene::View::kFront},
     {Command::kBack, scene::View::kBack},   {Command::kTop, scene::View::kTop},
     {Command::kLeft, scene::View::kLeft},   {Command::kBottom, scene::View::kBottom},
@@ -26,72 +23,59 @@ constexpr ViewRow kViews[] = {
 
 }  // namespace
 
-bool MainWindow::RunView(Command command) {
-  if (const auto* const row = std::ranges::find(kViews, command, &ViewRow::command);
-      row != std::end(kViews)) {
-    equipment_->LookFrom(row->view);
+ViewCommands::ViewCommands(Workplace& workplace, Texts& texts, WindowMemory& memory, Parts parts,
+                           QObject* parent)
+    : QObject(parent), workplace_(workplace), texts_(texts), memory_(memory), parts_(parts) {}
+
+bool ViewCommands::Run(Command command, bool isOn) {
+  if (const auto* const row = std::ranges::find(kSides, command, &SideRow::command);
+      row != std::end(kSides)) {
+    parts_.equipment.LookFrom(row->view);
     return true;
   }
-  const bool isOn = (*actions_)[command]->isChecked();
   switch (command) {
     case Command::kFit:
-      drawing_->Fit();
-      equipment_->Fit();
+      parts_.drawing.Fit();
+      parts_.equipment.Fit();
       return true;
-    case Command::kSection:
-      if (const auto cut = equipment_->SetSection(isOn); !cut) Tell(cut.fault());
-      return true;
-    case Command::kPerspective: equipment_->SetPerspective(isOn); return true;
+    case Command::kSection: workplace_.Report(parts_.equipment.SetSection(isOn)); return true;
+    case Command::kPerspective: parts_.equipment.SetPerspective(isOn); return true;
     case Command::kBothViews:
     case Command::kDrawingOnly:
     case Command::kEquipmentOnly: Arrange(command); return true;
-    case Command::kLight: Wear(Appearance::kLight); return true;
-    case Command::kDark: Wear(Appearance::kDark); return true;
+    case Command::kLight: ApplyAppearance(Appearance::kLight); return true;
+    case Command::kDark: ApplyAppearance(Appearance::kDark); return true;
     default: return false;
   }
 }
 
-void MainWindow::Arrange(Command command) {
-  drawingPane_->setVisible(command != Command::kEquipmentOnly);
-  equipmentPane_->setVisible(command != Command::kDrawingOnly);
+void ViewCommands::Arrange(Command command) {
+  parts_.drawingPane.setVisible(command != Command::kEquipmentOnly);
+  parts_.equipmentPane.setVisible(command != Command::kDrawingOnly);
 }
 
-void MainWindow::ChooseLanguage(const std::string& language) {
-  memory_.Choose(language);
-  ApplyLanguage(language);
+void ViewCommands::ChooseLanguage(const std::string& language) {
+  memory_.SetLanguage(language);
+  workplace_.Report(ApplyLanguage(language));
 }
 
-void MainWindow::ApplyLanguage(const std::string& language) {
-  if (const auto set = texts_.SetLanguage(language); !set) return Tell(set.fault());
-  const QLocale locale(Shown(language));
+void ViewCommands::ApplyRememberedLanguage() {
+  const std::string language = memory_.Language();
+  workplace_.Report(ApplyLanguage(texts_.Has(language) ? language : texts_.language()));
+}
+
+Result<void> ViewCommands::ApplyLanguage(const std::string& language) {
+  VANZET_DO(texts_.SetLanguage(language));
   QCoreApplication::removeTranslator(&toolkitTexts_);
-  if (toolkitTexts_.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (toolkitTexts_.load(QLocale(ToQString(language)), "qtbase", "_", folder))
     QCoreApplication::installTranslator(&toolkitTexts_);
-  }
+  return {};
 }
 
-void MainWindow::Wear(Appearance appearance) {
-  memory_.Choose(appearance);
-  Dress(*qApp, appearance);
-  if (session_) RefreshDrawing();
-}
-
-void MainWindow::ShowPosition(double x, double y) {
-  constexpr int kDecimals = 3;
-  position_->setText(QString("X %1   Y %2 mm").arg(x, 0, 'f', kDecimals).arg(y, 0, 'f', kDecimals));
-}
-
-void MainWindow::ShowContents() {
-  if (const auto shown = ShowHelp("window.md"); !shown) Tell(shown.fault());
-}
-
-Result<void> MainWindow::ShowHelp(const char* page) {
-  if (help_ == nullptr) help_ = new HelpWindow(texts_, this);
-  return help_->Open(places_.share.parent_path() / "doc" / "vanzet" / page);
-}
-
-void MainWindow::ShowAbout() {
-  QMessageBox::about(this, texts_(Text::kAbout).remove('&'), texts_(Text::kAboutText).arg(VANZET_VERSION));
+void ViewCommands::ApplyAppearance(Appearance appearance) {
+  memory_.SetAppearance(appearance);
+  window::ApplyAppearance(*qApp, appearance);
 }
 
 }  // namespace vanzet::window

@@ -15,7 +15,7 @@ namespace {
 constexpr int kSpurRole = Qt::UserRole;
 constexpr std::size_t kMostItems = 200;  // of a section; 3D texts have thousands
 
-/// Where an item stands, as text that stays the same when the tree is filled anew.
+/// The place of an item, as text that is the same after the tree was filled again.
 QString PlaceOf(const QTreeWidgetItem* item) {
   const QTreeWidgetItem* const parent = item->parent();
   const int index = parent == nullptr
@@ -29,7 +29,7 @@ void ForEach(QTreeWidgetItem* item, const std::function<void(QTreeWidgetItem*)>&
   for (int i = 0; i < item->childCount(); ++i) ForEach(item->child(i), visit);
 }
 
-/// An operation is in use when a section behind its head holds something.
+/// An operation is in use when a section after its head holds something.
 bool IsUsed(const project::Operation& operation) {
   return std::ranges::any_of(
       operation.sections.begin() + std::min<std::ptrdiff_t>(1, std::ssize(operation.sections)),
@@ -109,11 +109,11 @@ QTreeWidgetItem* DefinitionDock::AddSpur(const results::SpurDefinition& spur) {
 void DefinitionDock::AddOperation(QTreeWidgetItem* parent, std::size_t number,
                                   const project::Operation& operation) {
   auto* const item = new QTreeWidgetItem(parent);
-  item->setText(0, QString::number(number) + "  " + Shown(OneLine(operation.Label())));
+  item->setText(0, QString::number(number) + "  " + ToQString(OneLine(operation.Label())));
   std::size_t section = 0;
   for (const auto& items : operation.sections) AddSection(item, section++, items);
   if (!operation.damage.empty()) {
-    item->setText(1, texts_(Text::kDamaged).arg(Shown(OneLine(operation.damage))));
+    item->setText(1, texts_(Text::kDamaged).arg(ToQString(OneLine(operation.damage))));
     item->setForeground(1, ColoursFor(palette()).warning);
   } else if (!IsUsed(operation)) {
     item->setForeground(0, ColoursFor(palette()).faint);
@@ -128,7 +128,7 @@ void DefinitionDock::AddSection(QTreeWidgetItem* parent, std::size_t number,
   for (std::size_t i = 0; i < std::min(items.size(), kMostItems); ++i) {
     auto* const leaf = new QTreeWidgetItem(item);
     leaf->setText(0, QString::number(i));
-    leaf->setText(1, Shown(OneLine(items[i])));
+    leaf->setText(1, ToQString(OneLine(items[i])));
   }
   if (items.size() <= kMostItems) return;
   (new QTreeWidgetItem(item))->setText(1, texts_(Text::kMoreItems).arg(items.size() - kMostItems));

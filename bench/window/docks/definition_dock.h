@@ -11,7 +11,7 @@ class QTreeWidgetItem;
 
 namespace vanzet::window {
 
-/// The definition of every spur as a tree: spurs, operations, sections, items. What was open stays open.
+/// The definition of every spur as a tree: spurs, operations, sections, items. Open branches stay open.
 class DefinitionDock final : public QDockWidget {
   Q_OBJECT
  public:

@@ -43,11 +43,32 @@ void LayerDock::Show(const drawing::Drawing& drawing) {
   const QSignalBlocker quiet(list_);
   list_->clear();
   for (const auto& [name, pen] : drawing.layers) {
-    auto* const item = new QListWidgetItem(SwatchOf(OnGround(QColor(Shown(pen.colour->svg)), palette())),
-                                           Shown(name), list_);
+    auto* const item = new QListWidgetItem(SwatchOf(OnGround(QColor(ToQString(pen.colour->svg)), palette())),
+                                           ToQString(name), list_);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsSelectable);
     item->setCheckState(off.contains(item->text()) ? Qt::Unchecked : Qt::Checked);
   }
+}
+
+ChoiceDock::ChoiceDock(QWidget* parent) : QDockWidget(parent), list_(new QListWidget) {
+  setObjectName("choice");
+  setFeatures(DockWidgetMovable);
+  setWidget(list_);
+  connect(list_, &QListWidget::currentTextChanged, this, &ChoiceDock::Marked);
+  // The first name can be the current one already, and then a click changes nothing.
+  connect(list_, &QListWidget::itemClicked, this,
+          [this](const QListWidgetItem* item) { emit Marked(item->text()); });
+  connect(list_, &QListWidget::itemActivated, this,
+          [this](const QListWidgetItem* item) { emit Chosen(item->text()); });
+  hide();
+}
+
+void ChoiceDock::Offer(const QString& title, const QStringList& names) {
+  setWindowTitle(title);
+  list_->clear();
+  list_->addItems(names);
+  list_->setCurrentRow(-1);
+  show();
 }
 
 }  // namespace vanzet::window

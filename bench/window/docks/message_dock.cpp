@@ -7,16 +7,22 @@
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QToolButton>
+#include <algorithm>
+#include <string_view>
 
-#include "window/icons.h"
+#include <nlohmann/json.hpp>
+
+#include "window/qt_text.h"
 #include "window/theme.h"
 
 namespace vanzet::window {
 namespace {
 
+using api::Json;
+
 constexpr std::size_t kMostLines = 5000;
 
-/// How a kind is shown: before the text, and in which of the view's colours.
+/// The mark before the text of a kind, and its colour.
 struct KindRow {
   MessageDock::Kind kind;
   const char* mark;
@@ -32,10 +38,47 @@ constexpr KindRow kKinds[] = {
 
 QToolButton* Button(const char* icon) {
   auto* const button = new QToolButton;
-  button->setIcon(IconNamed(icon));
+  button->setIcon(MakeIcon(icon));
   button->setAutoRaise(true);
   return button;
 }
+
+std::string TextOf(const Json& value) {
+  return value.is_string() ? value.get<std::string>()
+                           : value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string Join(const Json& values, const char* between) {
+  std::string text;
+  for (const Json& value : values) text += (text.empty() ? "" : between) + TextOf(value);
+  return text;
+}
+
+std::string LineText(const Json& arguments, const Json&, const Json&) {
+  return Join(arguments, " ");
+}
+
+std::string NumberText(const Json& arguments, const Json& result, const Json&) {
+  return TextOf(arguments.at(0)) + " = " + TextOf(result);
+}
+
+std::string FirstOutText(const Json& arguments, const Json&, const Json& out) {
+  return TextOf(arguments.at(0)) + " = '" + (out.empty() ? "" : TextOf(out.at(0))) + "'";
+}
+
+/// The calls that have a form of their own in the panel.
+struct CallRow {
+  std::string_view call;
+  MessageDock::Kind kind;
+  std::string (*text)(const Json& arguments, const Json& result, const Json& out);
+};
+constexpr CallRow kCalls[] = {
+    {"OrvoCommand", MessageDock::Kind::kLine, LineText},
+    {"OrvoMacroExec", MessageDock::Kind::kLine, LineText},
+    {"OrvoReadGlobalI", MessageDock::Kind::kAnswer, NumberText},
+    {"OrvoReadGlobalW", MessageDock::Kind::kAnswer, NumberText},
+    {"OrvoReadGlobal$", MessageDock::Kind::kAnswer, FirstOutText},
+};
 
 }  // namespace
 
@@ -109,6 +152,18 @@ QString MessageDock::Content() const {
 void MessageDock::changeEvent(QEvent* event) {
   QDockWidget::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) Refill();
+}
+
+Result<void> CallListener::Write(const char* call, const Json& arguments, const Json& result,
+                                 const Json& out) {
+  const auto* const row = std::ranges::find(kCalls, std::string_view(call), &CallRow::call);
+  const bool hasForm = row != std::end(kCalls);
+  const std::string answer = result.is_null() ? "" : " = " + TextOf(result);
+  messages_.Add(hasForm ? row->kind : MessageDock::Kind::kCall,
+                ToQString(hasForm ? row->text(arguments, result, out)
+                                  : std::string(call) + "(" + Join(arguments, ", ") + ")" + answer));
+  afterCall_(hasForm && row->kind == MessageDock::Kind::kLine);
+  return {};
 }
 
 }  // namespace vanzet::window

@@ -2,7 +2,9 @@
 
 #include <QDockWidget>
 #include <deque>
+#include <functional>
 
+#include "api/trace.h"
 #include "project/message_panel.h"
 #include "window/texts.h"
 
@@ -11,8 +13,8 @@ class QToolButton;
 
 namespace vanzet::window {
 
-/// The message panel of the window: faults, the lines that a module sends and the answers that it reads, and,
-/// when it is asked for, every other call. The latest lines stay; they can be selected, copied and cleared.
+/// The message panel of the window: faults, the lines that a module sends, the answers that it reads and, if
+/// switched on, every other call. It keeps the latest lines, which can be selected, copied and cleared.
 class MessageDock final : public QDockWidget, public project::MessagePanel {
   Q_OBJECT
  public:
@@ -23,7 +25,7 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
   void Add(Kind kind, const QString& text);
   void Clear();
 
-  /// All that is shown, a line each.
+  /// The lines that are shown.
   QString Content() const;
 
  signals:
@@ -47,6 +49,21 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
   QToolButton* calls_;
   QToolButton* copy_;
   QToolButton* clear_;
+};
+
+/// Writes the calls of a module to the message panel as they come.
+class CallListener final : public api::CallLog {
+ public:
+  /// `afterCall` is called after each call; one with a line can have changed the drawing.
+  CallListener(MessageDock& messages, std::function<void(bool isLine)> afterCall)
+      : messages_(messages), afterCall_(std::move(afterCall)) {}
+
+  Result<void> Write(const char* call, const api::Json& arguments, const api::Json& result,
+                     const api::Json& out) override;
+
+ private:
+  MessageDock& messages_;
+  std::function<void(bool isLine)> afterCall_;
 };
 
 }  // namespace vanzet::window

@@ -2,9 +2,20 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QToolButton>
 
 namespace vanzet::window {
+namespace {
+
+/// The layout of a line across the window.
+QHBoxLayout* LayOutBar(QFrame& bar) {
+  auto* const layout = new QHBoxLayout(&bar);
+  layout->setContentsMargins(12, 4, 6, 4);
+  return layout;
+}
+
+}  // namespace
 
 ViewPane::ViewPane(QWidget* view, QWidget* parent) : QFrame(parent), title_(new QLabel) {
   setObjectName("viewPane");
@@ -35,6 +46,45 @@ void ViewPane::Add(QAction* action) {
   button->setDefaultAction(action);
   button->setAutoRaise(true);
   header_->addWidget(button);
+}
+
+HintBar::HintBar(QWidget* parent) : QFrame(parent), text_(new QLabel), cancel_(new QPushButton) {
+  setObjectName("hintBar");
+  auto* const layout = LayOutBar(*this);
+  text_->setTextFormat(Qt::PlainText);
+  layout->addWidget(text_, 1);
+  layout->addWidget(cancel_);
+  connect(cancel_, &QPushButton::clicked, this, &HintBar::Cancelled);
+  hide();
+}
+
+void HintBar::Ask(const QString& text, const QString& button) {
+  text_->setText(text);
+  cancel_->setText(button);
+  show();
+}
+
+NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), text_(new QLabel) {
+  setObjectName("noticeBar");
+  auto* const layout = LayOutBar(*this);
+  text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
+  auto* const close = new QToolButton;
+  close->setText(QString::fromUtf8("\u2715"));
+  close->setAutoRaise(true);
+  layout->addWidget(text_, 1);
+  layout->addWidget(close);
+  connect(close, &QToolButton::clicked, this, &QWidget::hide);
+  hide();
+}
+
+void NoticeBar::SetMessage(const QString& text) {
+  text_->setText(text);
+  setVisible(!text.isEmpty());
+}
+
+QString NoticeBar::Message() const {
+  return isHidden() ? QString() : text_->text();
 }
 
 }  // namespace vanzet::window

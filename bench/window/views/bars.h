@@ -4,10 +4,12 @@
 
 class QHBoxLayout;
 class QLabel;
+class QPushButton;
 
+/// The frames and lines about the views.
 namespace vanzet::window {
 
-/// A view with a header: its name, and what can be done in it.
+/// A view with a header: its name, and controls for it.
 class ViewPane final : public QFrame {
   Q_OBJECT
  public:
@@ -15,13 +17,45 @@ class ViewPane final : public QFrame {
 
   void SetTitle(const QString& title);
 
-  /// Behind what the header has already.
+  /// Adds to the right end of the header.
   void Add(QWidget* control);
   void Add(QAction* action);
 
  private:
   QLabel* title_;
   QHBoxLayout* header_;
+};
+
+/// A line across the window that says what the user is asked for, with a button to cancel.
+class HintBar final : public QFrame {
+  Q_OBJECT
+ public:
+  explicit HintBar(QWidget* parent = nullptr);
+
+  void Ask(const QString& text, const QString& button);
+
+ signals:
+  void Cancelled();
+
+ private:
+  QLabel* text_;
+  QPushButton* cancel_;
+};
+
+/// A line across the window with a fault or a notice, until the user closes it.
+class NoticeBar final : public QFrame {
+  Q_OBJECT
+ public:
+  explicit NoticeBar(QWidget* parent = nullptr);
+
+  /// Shows the text; hides the line when it is empty.
+  void SetMessage(const QString& text);
+
+  /// The text that is shown; empty while the line is hidden.
+  QString Message() const;
+
+ private:
+  QLabel* text_;
 };
 
 }  // namespace vanzet::window

@@ -4,15 +4,15 @@
 #include <cmath>
 
 #include "contour/contour.h"
-#include "window/views/polyline.h"
 #include "window/qt_text.h"
+#include "window/views/view_frame.h"
 
 namespace vanzet::window {
 namespace {
 
 constexpr double kLine = 1.6, kMarkedLine = 3;  // pixels
-constexpr double kAround = 64;                  // pixels about the view in which lines are still drawn
-constexpr int kFill = 20;                       // of 255: closed contours have a breath of their colour
+constexpr double kAround = 64;                  // pixels around the view in which lines are still drawn
+constexpr int kFill = 20;                       // of 255: how much closed contours are filled
 constexpr double kCell = 14;                    // pixels that a cell of the grid has at least
 constexpr double kRuler = 130;                  // pixels that the ruler has at most
 
@@ -26,7 +26,7 @@ double RoundStep(double most) {
 }
 
 QPen PenOf(const drawing::Pen& pen, const QPalette& palette, bool isMarked) {
-  QPen drawn(OnGround(QColor(Shown(pen.colour->svg)), palette), isMarked ? kMarkedLine : kLine);
+  QPen drawn(OnGround(QColor(ToQString(pen.colour->svg)), palette), isMarked ? kMarkedLine : kLine);
   drawn.setCapStyle(Qt::RoundCap);
   drawn.setJoinStyle(Qt::RoundJoin);
   if (pen.style->dashes[0] <= 0) return drawn;
@@ -93,7 +93,7 @@ void DrawingPainter::PaintGroup(const drawing::ShownGroup& group, const std::str
   for (const geometry::CLine& line : group.lines) {
     const QPolygonF chain = {{frame_.ToScreen(line.At(-contour::kLargestCoordinate)),
                               frame_.ToScreen(line.At(contour::kLargestCoordinate))}};
-    for (const QPolygonF& piece : Within(chain, seen_)) painter_.drawPolyline(piece);
+    for (const QPolygonF& piece : ClipChain(chain, seen_)) painter_.drawPolyline(piece);
   }
 }
 
@@ -105,11 +105,11 @@ void DrawingPainter::PaintCurve(const drawing::ShownCurve& curve, const QPen& pe
     fill.setAlpha(kFill);
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(fill);
-    painter_.drawPolygon(AreaWithin(chain, seen_));
+    painter_.drawPolygon(ClipArea(chain, seen_));
   }
   painter_.setPen(pen);
   painter_.setBrush(Qt::NoBrush);
-  for (const QPolygonF& piece : Within(chain, seen_)) painter_.drawPolyline(piece);
+  for (const QPolygonF& piece : ClipChain(chain, seen_)) painter_.drawPolyline(piece);
 }
 
 void DrawingPainter::PaintScale() {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "drawing/shown.h"
-#include "window/views/snap.h"
 #include "window/theme.h"
+#include "window/views/snap.h"
 #include "window/views/view_frame.h"
 
 namespace vanzet::window {
@@ -16,9 +16,9 @@ class DrawingPainter {
  public:
   DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
 
-  /// The ground with its grid, and the spindle's axis.
+  /// The background with its grid, and the axis of the spindle.
   void PaintGround();
-  /// The figure of the given name is marked.
+  /// Marks the figure of that name.
   void PaintLayers(const drawing::ShownLayers& layers, const std::string& marked);
   /// A ruler in the corner.
   void PaintScale();
@@ -35,7 +35,7 @@ class DrawingPainter {
   QPainter& painter_;
   const ViewFrame& frame_;
   QSizeF size_;
-  QRectF seen_;  ///< and a little more
+  QRectF seen_;  ///< the view and a margin
   const QPalette& palette_;
   const ViewColours& colours_;
 };

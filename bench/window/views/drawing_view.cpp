@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <cmath>
 
-#include "window/views/drawing_painter.h"
 #include "window/qt_text.h"
+#include "window/views/drawing_painter.h"
 
 namespace vanzet::window {
 namespace {
@@ -111,7 +111,7 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
   setCursor(picking_ == Picking::kNone ? Qt::ArrowCursor : Qt::CrossCursor);
   if (hasMoved_ || event->button() != Qt::LeftButton) return;
   Hover(event->position());
-  Take();
+  AnswerPick();
 }
 
 void DrawingView::mouseDoubleClickEvent(QMouseEvent*) {
@@ -125,7 +125,7 @@ void DrawingView::leaveEvent(QEvent*) {
   emit CursorLeft();
 }
 
-/// What a click at the place would take.
+/// Finds the pick that a click at the place would answer.
 void DrawingView::Hover(const QPointF& place) {
   cursor_ = place;
   geometry::Point point = frame_.ToPlane(place);
@@ -136,16 +136,16 @@ void DrawingView::Hover(const QPointF& place) {
   update();
 }
 
-void DrawingView::Take() {
+void DrawingView::AnswerPick() {
   if (picking_ == Picking::kPosition) {
     const geometry::Point point = snap_ ? snap_->point : frame_.ToPlane(cursor_);
     emit PositionPicked(point.x, point.y);
   } else if (picking_ == Picking::kFigure && !hovered_.empty()) {
-    emit FigurePicked(Shown(hovered_));
+    emit FigurePicked(ToQString(hovered_));
   }
 }
 
-/// The figure whose line is nearest to the place, if one is near.
+/// The figure with the line nearest to the place; empty when none is near.
 std::string DrawingView::FigureAt(const QPointF& place) const {
   const geometry::Point point = frame_.ToPlane(place);
   double nearest = kFigureReach / frame_.scale();

@@ -13,7 +13,7 @@
 namespace vanzet::window {
 
 /// Shows the display window of a drawing: vectors at every scale, zoomed at the cursor by the wheel, moved by
-/// dragging, fitted by a double click. While it is asked for a pick, it answers with a click.
+/// dragging, fitted by a double click. While a pick is asked for, a click answers.
 class DrawingView final : public QWidget {
   Q_OBJECT
  public:
@@ -21,19 +21,19 @@ class DrawingView final : public QWidget {
 
   explicit DrawingView(QWidget* parent = nullptr);
 
-  /// What is to be seen. The first drawing with something in it is fitted.
+  /// Shows a drawing. The first one that is not empty is fitted.
   void Show(const drawing::Drawing& drawing);
   void Hide(const std::string& layer, bool isHidden);
   void Fit();
   void Ask(Picking picking);
-  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< told while nothing is to be seen
+  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< shown while there is nothing to see
 
   const ViewFrame& frame() const { return frame_; }
   const std::optional<Snap>& snap() const { return snap_; }
   QSize sizeHint() const override { return {640, 320}; }
 
  signals:
-  /// The cursor is at that place; it was snapped to one when something is asked for.
+  /// The cursor is at that place, or at the place that it snaps to while a pick is asked for.
   void CursorMoved(double x, double y);
   void CursorLeft();
   void PositionPicked(double x, double y);
@@ -52,7 +52,7 @@ class DrawingView final : public QWidget {
  private:
   void SelectShown();
   void Hover(const QPointF& place);
-  void Take();
+  void AnswerPick();
   std::string FigureAt(const QPointF& place) const;
 
   drawing::ShownLayers all_, shown_;

@@ -31,14 +31,6 @@ QImage ImageOf(const scene::Picture& picture) {
       .copy();
 }
 
-/// The look at a picture that is so many times as large.
-scene::Look Scaled(scene::Look look, double factor) {
-  look.scale *= factor;
-  look.shiftX *= factor;
-  look.shiftY *= factor;
-  return look;
-}
-
 /// The three axes in a corner.
 void PaintAxes(QPainter& painter, const scene::Look& look, const QSize& size, const QPalette& palette) {
   struct Axis {
@@ -71,7 +63,7 @@ EquipmentView::EquipmentView(QWidget* parent) : QWidget(parent) {
 }
 
 EquipmentView::~EquipmentView() {
-  // A picture that is being made speaks to this view when it is done.
+  // A picture that is being made calls this view when it is done.
   QThreadPool::globalInstance()->waitForDone();
 }
 
@@ -84,11 +76,10 @@ Result<void> EquipmentView::Show(std::shared_ptr<const scene::Scene> scene) {
 
 Result<void> EquipmentView::MakeModel() {
   model_.reset();
-  Changed();
+  Invalidate();
   if (scene_ == nullptr) return {};
-  auto model = scene::ModelOf(*scene_, isSection_);
-  if (!model) return model.fault();
-  model_ = std::make_shared<scene::Model>(std::move(*model));
+  VANZET_TRY(auto model, scene::ModelOf(*scene_, isSection_));
+  model_ = std::make_shared<scene::Model>(std::move(model));
   return {};
 }
 
@@ -96,20 +87,20 @@ void EquipmentView::LookFrom(scene::View view) {
   const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
   look_ = scene::LookFrom(view, look_.isPerspective, points, width(), height());
   isFitted_ = true;
-  Changed();
+  Invalidate();
 }
 
 void EquipmentView::Fit() {
   const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
   look_ = scene::Fitted(look_, points, width(), height());
   isFitted_ = true;
-  Changed();
+  Invalidate();
 }
 
 void EquipmentView::SetPerspective(bool isPerspective) {
   look_.isPerspective = isPerspective;
   if (isFitted_) return Fit();
-  Changed();
+  Invalidate();
 }
 
 Result<void> EquipmentView::SetSection(bool isSection) {
@@ -122,7 +113,7 @@ void EquipmentView::AskForSolid(bool isAsked) {
   setCursor(isAsked ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
-void EquipmentView::Changed() {
+void EquipmentView::Invalidate() {
   ++generation_;
   isDue_ = true;
   isSmooth_ = false;
@@ -154,23 +145,23 @@ void EquipmentView::DrawQuickly() {
   options.samples = 1;
   QElapsedTimer clock;
   clock.start();
-  picture_ = ImageOf(scene::Draw(*model_, Scaled(look_, factor), options));
+  picture_ = ImageOf(scene::Draw(*model_, ScaleLook(look_, factor), options));
   pixelMillis_ = double(clock.nsecsElapsed()) / 1e6 / (double{1} * options.width * options.height / kPixels);
   isDue_ = false;
 }
 
 void EquipmentView::DrawSmoothly() {
   if (model_ == nullptr) return;
-  const auto draw = [this, model = model_, look = Scaled(look_, devicePixelRatioF()), options = Options(),
+  const auto draw = [this, model = model_, look = ScaleLook(look_, devicePixelRatioF()), options = Options(),
                      generation = generation_] {
     const QImage picture = ImageOf(scene::Draw(*model, look, options));
     QMetaObject::invokeMethod(
-        this, [=, this] { TakeSmooth(generation, picture); }, Qt::QueuedConnection);
+        this, [=, this] { ShowSmooth(generation, picture); }, Qt::QueuedConnection);
   };
   QThreadPool::globalInstance()->start(draw);
 }
 
-void EquipmentView::TakeSmooth(int generation, const QImage& picture) {
+void EquipmentView::ShowSmooth(int generation, const QImage& picture) {
   if (generation != generation_) return;
   picture_ = picture;
   isDue_ = false;
@@ -196,7 +187,7 @@ void EquipmentView::resizeEvent(QResizeEvent* event) {
   if (isFitted_) return Fit();
   look_.shiftX += (event->size().width() - event->oldSize().width()) / 2.0;
   look_.shiftY += (event->size().height() - event->oldSize().height()) / 2.0;
-  Changed();
+  Invalidate();
 }
 
 void EquipmentView::wheelEvent(QWheelEvent* event) {
@@ -204,7 +195,7 @@ void EquipmentView::wheelEvent(QWheelEvent* event) {
   if (notches == 0) return;
   look_ = scene::Zoomed(look_, std::pow(kStep, notches), event->position().x(), event->position().y());
   isFitted_ = false;
-  Changed();
+  Invalidate();
 }
 
 void EquipmentView::mousePressEvent(QMouseEvent* event) {
@@ -225,7 +216,7 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
     look_.shiftY += by.y();
   }
   isFitted_ = false;
-  Changed();
+  Invalidate();
 }
 
 void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
@@ -237,7 +228,7 @@ void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
 QString EquipmentView::SolidAt(const QPointF& place) const {
   if (model_ == nullptr) return {};
   const scene::ModelBody* const body = scene::BodyAt(*model_, scene::Camera(look_), place.x(), place.y());
-  return body == nullptr ? QString() : window::Shown(body->solid);
+  return body == nullptr ? QString() : ToQString(body->solid);
 }
 
 void EquipmentView::mouseDoubleClickEvent(QMouseEvent*) {
@@ -245,7 +236,14 @@ void EquipmentView::mouseDoubleClickEvent(QMouseEvent*) {
 }
 
 void EquipmentView::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange) Changed();
+  if (event->type() == QEvent::PaletteChange) Invalidate();
+}
+
+scene::Look ScaleLook(scene::Look look, double factor) {
+  look.scale *= factor;
+  look.shiftX *= factor;
+  look.shiftY *= factor;
+  return look;
 }
 
 }  // namespace vanzet::window

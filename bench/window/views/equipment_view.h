@@ -20,19 +20,20 @@ class EquipmentView final : public QWidget {
   explicit EquipmentView(QWidget* parent = nullptr);
   ~EquipmentView() override;
 
-  /// What is to be seen; the first equipment is fitted. A fault when a body cannot be meshed.
+  /// Shows a scene, null for none; the first one is fitted. Fails when a body cannot be meshed.
   Result<void> Show(std::shared_ptr<const scene::Scene> scene);
-  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< told while nothing is to be seen
+  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< shown while there is nothing to see
 
   void LookFrom(scene::View view);
   void Fit();
   void SetPerspective(bool isPerspective);
   Result<void> SetSection(bool isSection);
 
-  /// While solids are asked for a click takes one.
+  /// While solids are asked for, a click picks one.
   void AskForSolid(bool isAsked);
 
   const scene::Look& look() const { return look_; }
+  bool isSection() const { return isSection_; }
   bool isSmooth() const { return isSmooth_; }
   QSize sizeHint() const override { return {640, 360}; }
 
@@ -51,10 +52,10 @@ class EquipmentView final : public QWidget {
 
  private:
   Result<void> MakeModel();
-  void Changed();  ///< what is seen is another
+  void Invalidate();  ///< the picture has to be drawn again
   void DrawQuickly();
   void DrawSmoothly();
-  void TakeSmooth(int generation, const QImage& picture);
+  void ShowSmooth(int generation, const QImage& picture);
   scene::DrawOptions Options() const;
   QString SolidAt(const QPointF& place) const;
 
@@ -64,9 +65,9 @@ class EquipmentView final : public QWidget {
   scene::Look look_;
   bool isFitted_ = true;  ///< until the user moves or zooms
   QImage picture_;
-  bool isDue_ = false;  ///< the picture is not of what is to be seen
+  bool isDue_ = false;  ///< the picture is out of date
   bool isSmooth_ = false;
-  int generation_ = 0;      ///< counts what was seen, so that a smooth picture of the past is let go
+  int generation_ = 0;      ///< counts changes, so that a smooth picture that is out of date is dropped
   double pixelMillis_ = 0;  ///< how long a million pixels took
   QTimer stillness_;
   bool isAsked_ = false;
@@ -74,5 +75,8 @@ class EquipmentView final : public QWidget {
   bool hasMoved_ = false;
   QString hint_;
 };
+
+/// The same look at a picture that is `factor` times as large.
+scene::Look ScaleLook(scene::Look look, double factor);
 
 }  // namespace vanzet::window

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
 #include <QSizeF>
+#include <vector>
 
 #include "geometry/box.h"
+#include "geometry/kurve.h"
 
 namespace vanzet::window {
 
-/// How the plane of the drawing lies on the screen: millimetres with y up to pixels with y down.
+/// Maps the plane of the drawing, in millimetres with y up, to the screen, in pixels with y down.
 class ViewFrame {
  public:
   /// Shows the box with a margin; a cleared box shows the surroundings of the origin.
@@ -25,7 +29,18 @@ class ViewFrame {
 
  private:
   double scale_ = 1;
-  QPointF origin_;  ///< where (0, 0) is seen
+  QPointF origin_;  ///< the place of (0, 0)
 };
+
+// Contours as chords on the screen. Chords are nowhere farther from an arc than a fraction of a pixel at any
+// scale, and nothing is drawn far outside of the view, where coordinates would lose their digits.
+
+QPolygonF ChordsOf(const geometry::Kurve& curve, const ViewFrame& frame);
+
+/// The pieces of a chain of lines that pass through a rectangle.
+std::vector<QPolygonF> ClipChain(const QPolygonF& chain, const QRectF& rectangle);
+
+/// The part of an area within a rectangle.
+QPolygonF ClipArea(const QPolygonF& area, const QRectF& rectangle);
 
 }  // namespace vanzet::window

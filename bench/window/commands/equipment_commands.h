@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <string>
+
+#include "window/actions.h"
+#include "window/commands/pick_session.h"
+#include "window/commands/workplace.h"
+#include "window/docks/definition_dock.h"
+#include "window/docks/list_docks.h"
+#include "window/docks/message_dock.h"
+
+namespace vanzet::window {
+
+/// The commands of the menu Equipment: the calls of the module, and showing what they leave in the project.
+class EquipmentCommands final : public QObject {
+  Q_OBJECT
+ public:
+  /// The parts of the window that show a project.
+  struct Parts {
+    DrawingView& drawing;
+    EquipmentView& equipment;
+    HintBar& hint;
+    DefinitionDock& definition;
+    LayerDock& layers;
+    MessageDock& messages;
+    ChoiceDock& choice;
+  };
+
+  EquipmentCommands(Workplace& workplace, Parts parts, QObject* parent);
+
+  /// False for a command of another menu.
+  bool Run(Command command);
+
+  // Requires of both: a project is open.
+  void Define();  ///< shows the dialog
+  void Upgrade();
+
+  /// Shows the project as its files are now. Nothing is done while no project is open or other work goes on.
+  void Refresh();
+  void RefreshDrawing();
+
+  /// Shows the equipment of a spur. Requires: a project is open.
+  void ShowSpur(int spur);
+
+  /// Refreshes from now on when another process changes the project.
+  void WatchProject() { changePoll_.start(); }
+
+  bool IsPicking() const { return picks_.IsAsking(); }
+  void CancelPick() { picks_.Cancel(); }
+
+ signals:
+  /// A call of the module begins or ends.
+  void AtWork(bool isAtWork);
+
+ private:
+  bool IsFreeElsewhere();
+  void Call(const char* function);
+  void RefreshDefinition();
+  void RefreshEquipment();
+  void RefreshIfChanged();
+  Result<void> MakeScene();
+
+  void ShowSolid(const QString& name);
+  Result<void> ShowSolidAlone(const std::string& name);
+  QStringList Figures() const;
+  QStringList Solids() const;
+
+  Workplace& workplace_;
+  Parts parts_;
+  PickSession picks_;
+  QTimer redraw_;           ///< draws once for many lines
+  QTimer changePoll_;       ///< looks whether another process changed the project
+  std::string fileStamps_;  ///< of the files that are shown
+};
+
+}  // namespace vanzet::window

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "scene/scene.h"
+#include "window/session.h"
+#include "window/texts.h"
+
+class QWidget;
+
+namespace vanzet::window {
+
+/// What the commands of the window share: the open project, what is going on in it, and where they report.
+/// Only the commands change it.
+struct Workplace {
+  QWidget* window;  ///< the parent of boxes
+  const Texts& texts;
+  Places places;
+
+  /// Shows why something could not be done.
+  std::function<void(const Fault&)> reportFault;
+  /// Shows for a moment what was done.
+  std::function<void(const QString&)> reportDone;
+  /// Shows a page of the documentation: "window.md".
+  std::function<Result<void>(const char* page)> showHelp;
+
+  std::unique_ptr<Session> session = {};           ///< null while no project is open
+  int spur = 0;                                    ///< its equipment is shown
+  std::shared_ptr<const scene::Scene> scene = {};  ///< that equipment; null without a definition
+  bool isBusy = false;  ///< bodies are being read, made or written: no other work can begin
+
+  void Report(const Result<void>& done) const {
+    if (!done) reportFault(done.fault());
+  }
+};
+
+/// Keeps other work from beginning while it lives.
+class BusyMark {
+ public:
+  explicit BusyMark(Workplace& workplace) : workplace_(workplace) { workplace_.isBusy = true; }
+  ~BusyMark() { workplace_.isBusy = false; }
+  BusyMark(const BusyMark&) = delete;
+  BusyMark& operator=(const BusyMark&) = delete;
+
+ private:
+  Workplace& workplace_;
+};
+
+/// Runs the command by the row of a family's table. False when the family does not have it.
+template <class Family, class Rows>
+bool RunFromTable(Family& family, const Rows& rows, Command command) {
+  for (const auto& row : rows) {
+    if (row.command != command) continue;
+    (family.*row.run)();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace vanzet::window
