@@ -10,37 +10,43 @@
 
 #include "api/host.h"
 
-/// The frame of every exported function: it works on the host in force, throws nothing across, and is
-/// written to the trace.
+/// The frame of every exported function: it works on the current host, catches all exceptions, and writes
+/// the call to the trace.
 namespace vanzet::api {
 
-/// A text that a module gave; null is the empty text.
+/// A text argument of a module; null is the empty text.
 inline std::string_view TextOf(const char* text) {
   return text == nullptr ? std::string_view() : text;
 }
 
-/// Writes through a pointer that a module gave, when it gave one.
+/// Writes through a pointer argument of a module unless it is null.
 template <class T>
 void Put(T* place, T value) {
   if (place != nullptr) *place = value;
 }
 
-/// The text as the host keeps it for the caller to copy.
-inline const char* Returned(Host& host, std::string text) {
+/// Stores the text in the host, from which the caller copies it, and returns its address.
+inline const char* ReturnText(Host& host, std::string text) {
   host.returnedText = std::move(text);
   return host.returnedText.c_str();
 }
 
-/// Tells a fault on the panel; true when there is none.
+/// Reports the fault of a failed result on the message panel.
 template <class T>
-bool Told(Host& host, const Result<T>& result) {
+void ReportFault(Host& host, const Result<T>& result) {
   if (!result) host.panel.Tell(result.fault());
+}
+
+/// The same; returns whether the result is a success.
+template <class T>
+bool Succeeded(Host& host, const Result<T>& result) {
+  ReportFault(host, result);
   return static_cast<bool>(result);
 }
 
-/// How a result stands in the trace: addresses and nothing are null.
+/// A result in the trace: addresses are null, so that traces can be compared.
 template <class R>
-Json Traced(const R& result) {
+Json TraceValue(const R& result) {
   if constexpr (std::is_same_v<R, const char*>) {
     return TextOf(result);
   } else if constexpr (std::is_pointer_v<R>) {
@@ -50,20 +56,20 @@ Json Traced(const R& result) {
   }
 }
 
-/// Runs `work(host, out)` for the function `name`; what the call writes through pointers it puts into `out`.
-/// Without a host, or when something is thrown, the result is zero.
+/// Runs `work(host, out)` for the function `name`; `work` puts into `out` what the call writes through
+/// pointers. Returns zero without a host and after an exception.
 template <class Work>
 auto Answer(const char* name, const Json& arguments, Work work) {
   using R = std::invoke_result_t<Work, Host&, Json&>;
   if constexpr (std::is_void_v<R>) {
-    // The same with an address for a result, which nobody is given.
+    // The same with an address as the result, which is dropped.
     static_cast<void>(Answer(name, arguments, [&](Host& host, Json& out) -> void* {
       work(host, out);
       return nullptr;
     }));
   } else {
     R result{};
-    Host* const host = HostInForce();
+    Host* const host = CurrentHost();
     if (host == nullptr) return result;
     Json out = Json::array();
     try {
@@ -71,7 +77,7 @@ auto Answer(const char* name, const Json& arguments, Work work) {
     } catch (const std::exception& error) {
       host->panel.Tell(Fault{error.what(), name});
     }
-    if (host->trace) Told(*host, host->trace->Write(name, arguments, Traced(result), out));
+    if (host->trace) ReportFault(*host, host->trace->Write(name, arguments, TraceValue(result), out));
     return result;
   }
 }

@@ -2,26 +2,27 @@
 
 #include <cstdint>
 
-/// The host functions that a module looks up by name in the running program. What they promise:
+/// The host functions that a module looks up by name in the running program. Their contract:
 ///
-/// Text     NUL-terminated bytes; null is the empty text. A returned text is the host's and holds until the
-///          next call
-/// Handles  any: one that is not open is passed over
-/// Numbers  any: positions past the end, negative counts and numbers of no VDM do nothing or read as nothing
-/// Errors   told on the message panel; nothing is thrown
+/// Text     NUL-terminated bytes; null is the empty text. A returned text belongs to the host and is valid
+///          until the next call
+/// Handles  any value: a handle that is not open is ignored
+/// Numbers  any value: positions past the end, negative counts and numbers without a VDM do nothing or read
+///          as nothing
+/// Errors   reported on the message panel; nothing is thrown
 ///
 /// Names with a '$', which an identifier cannot have, are given to the assembler.
 extern "C" {
 
-/// What a call of a function that is not there gives: zero where an integer, an address or a real is
-/// expected. On x86-64 the two members are returned in the two registers that one of these would come in; a
-/// port to another machine has to look at this.
+/// The result of a function that does not exist: zero, whether an integer, an address or a real is expected.
+/// On x86-64 the two members are returned in the two registers that such a result uses; a port to another
+/// machine must check this.
 struct OrvoNothing {
   std::int64_t integer;
   double real;
 };
 
-/// Stands in for every function that this host does not have, whatever its arguments; tells it each time.
+/// Replaces every function that this host does not have, whatever its arguments; reports each call.
 OrvoNothing OrvoMissingAPI();
 
 // Settings, texts, windows.
@@ -30,7 +31,7 @@ const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defa
 void* OrvoGetWnd(std::int32_t selector);
 void* OrvoGetStructPtr(const char* name);
 
-// The macro language and its variables. A text is given at most 4095 bytes; what is longer is cut.
+// The macro language and its variables. A text is given at most 4095 bytes; longer texts are cut.
 void OrvoCommand(const char* line);
 void OrvoMacroExec(const char* name, const char* arguments);
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok);
@@ -39,7 +40,8 @@ void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) __asm_
 void OrvoWriteGlobalI(const char* name, std::int32_t value, std::int32_t* ok);
 void OrvoWriteGlobalText(const char* name, const char* value, std::int32_t* ok) __asm__("OrvoWriteGlobal$");
 
-// The layers of the drawing, by numbers that are good for the run. A number of no layer has the empty name.
+// The layers of the drawing, by numbers that are valid for the run. A number without a layer has the empty
+// name.
 std::int32_t OrvoGetCurrentLayer();
 const char* OrvoGetLayerName(std::int32_t number);
 
@@ -57,8 +59,8 @@ std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes);
 std::int32_t OrvoVdmReadTmx(std::int32_t handle, void* matrix);
 std::int32_t OrvoVdmWriteTmx(std::int32_t handle, const void* matrix);
 
-// Bodies, by number from 1; 0 is none. The bodies of the project's folder are picked and found by name, and
-// read when they are first asked for. Extents are minimum X, Y, Z, maximum X, Y, Z, in metres.
+// Bodies, by number from 1; 0 stands for no body. The bodies of the project's folder are picked and found by name,
+// and read at their first use. Extents are minimum X, Y, Z, maximum X, Y, Z, in metres.
 void OrvoClearSelection();
 void OrvoSelectOneObject(std::int32_t zero, std::int32_t filterMask, const char* prompt,
                          std::int32_t* object);
@@ -69,7 +71,7 @@ std::int32_t OrvoIsBodyAnSTLObject(std::int32_t body);
 void OrvoPsGetExtents(std::int32_t body, double* extents);
 void OrvoPsDeleteBody(std::int32_t body);
 
-// The stores of text items; what a position is and how calls move it: vdm/open_vdm.h.
+// The stores of text items; vdm/open_vdm.h describes the position and how calls move it.
 std::int32_t OrvoMacroVdmExists(std::uint32_t vdm);
 std::uint32_t OrvoMacroVdmCreate(std::uint32_t vdm, std::int32_t zero);
 std::uint32_t OrvoMacroVdmOpen(std::uint32_t vdm, std::int32_t one);

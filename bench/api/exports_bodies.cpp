@@ -11,20 +11,20 @@ namespace {
 
 constexpr std::int32_t kNoBody = 0;
 
-/// The body that is picked next. A pick that is cancelled or cannot be done gives none.
+/// Asks for a body and returns its number, or 0 for a pick that is cancelled or fails.
 std::int32_t PickBody(std::string_view prompt, Host& host) {
   const auto pick = host.picks->Next({drawing::Pick::Kind::kObject, std::string(prompt)});
-  if (!Told(host, pick) || pick->kind != drawing::Pick::Kind::kObject) return kNoBody;
-  const auto body = host.BodyNamed(pick->name);
+  if (!Succeeded(host, pick) || pick->kind != drawing::Pick::Kind::kObject) return kNoBody;
+  const auto body = host.FindBody(pick->name);
   if (body) return *body;
   host.panel.Tell(host.picks->At(*pick, body.fault().Message()));
   return kNoBody;
 }
 
-/// The body, told on the panel when there is none.
+/// Returns the body, or reports that it does not exist.
 std::optional<modeller::Body> Find(Host& host, std::int32_t number) {
   const auto body = host.bodies.Get(number);
-  if (!Told(host, body)) return std::nullopt;
+  if (!Succeeded(host, body)) return std::nullopt;
   return *body;
 }
 
@@ -54,15 +54,15 @@ std::int32_t OrvoGetObjectParasolidEntityNumber(std::int32_t object) {
 
 const char* OrvoPsGetBodyNameFromNumber(std::int32_t body) {
   const char* text = Answer("OrvoPsGetBodyNameFromNumber", {body},
-                            [&](Host& host, Json&) { return Returned(host, host.bodies.NameOf(body)); });
+                            [&](Host& host, Json&) { return ReturnText(host, host.bodies.NameOf(body)); });
   return text == nullptr ? "" : text;
 }
 
 std::int32_t OrvoPsGetBodyNumberFromName(const char* name) {
   return Answer("OrvoPsGetBodyNumberFromName", {TextOf(name)}, [&](Host& host, Json&) {
     if (TextOf(name).empty()) return kNoBody;
-    const auto body = host.BodyNamed(TextOf(name));
-    return Told(host, body) ? *body : kNoBody;
+    const auto body = host.FindBody(TextOf(name));
+    return Succeeded(host, body) ? *body : kNoBody;
   });
 }
 
@@ -78,7 +78,7 @@ void OrvoPsGetExtents(std::int32_t body, double* extents) {
     const auto found = Find(host, body);
     if (!found || extents == nullptr) return;
     const auto box = modeller::Extents(*found);
-    if (!Told(host, box)) return;
+    if (!Succeeded(host, box)) return;
     const auto metres = modeller::InMetres(*box);
     std::ranges::copy(metres, extents);
     out = metres;
@@ -86,6 +86,6 @@ void OrvoPsGetExtents(std::int32_t body, double* extents) {
 }
 
 void OrvoPsDeleteBody(std::int32_t body) {
-  Answer("OrvoPsDeleteBody", {body}, [&](Host& host, Json&) { Told(host, host.bodies.Delete(body)); });
+  Answer("OrvoPsDeleteBody", {body}, [&](Host& host, Json&) { ReportFault(host, host.bodies.Delete(body)); });
 }
 }

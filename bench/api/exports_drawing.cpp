@@ -8,20 +8,20 @@ using namespace vanzet::api;
 
 namespace {
 
-/// What a call gives that has no handle to give.
+/// The result of a call that cannot return a handle.
 constexpr std::int32_t kNoHandle = -1;
 
-/// The kinds of store that are told by the mode of opening.
+/// The mode of opening that selects matrices.
 constexpr std::int32_t kMatrixMode = 2;
 
 /// The contour of that number in the drawing, or null.
 const geometry::Kurve* FindContour(Host& host, std::int32_t number) {
-  Told(host, host.board.Load());
+  ReportFault(host, host.board.Load());
   return host.board.FindContour(number);
 }
 
 std::int32_t HandleOrNone(Host& host, const Result<std::int32_t>& handle) {
-  return Told(host, handle) ? *handle : kNoHandle;
+  return Succeeded(host, handle) ? *handle : kNoHandle;
 }
 
 std::int32_t OpenContour(Host& host, std::int32_t number) {
@@ -34,14 +34,14 @@ extern "C" {
 
 std::int32_t OrvoGetCurrentLayer() {
   return Answer("OrvoGetCurrentLayer", Json::array(), [](Host& host, Json&) {
-    Told(host, host.board.Load());
+    ReportFault(host, host.board.Load());
     return host.board.LayerNumber(host.board.layer());
   });
 }
 
 const char* OrvoGetLayerName(std::int32_t number) {
   const char* text = Answer("OrvoGetLayerName", {number}, [&](Host& host, Json&) {
-    return Returned(host, host.board.LayerName(number).value_or(""));
+    return ReturnText(host, host.board.LayerName(number).value_or(""));
   });
   return text == nullptr ? "" : text;
 }
@@ -71,8 +71,9 @@ std::int32_t OrvoVdmOpen(std::int32_t number, std::int32_t mode, std::int32_t tw
 }
 
 std::int32_t OrvoVdmClose(std::int32_t handle) {
-  return Answer("OrvoVdmClose", {handle},
-                [&](Host& host, Json&) { return Told(host, host.rawStores.Close(handle)) ? 0 : kNoHandle; });
+  return Answer("OrvoVdmClose", {handle}, [&](Host& host, Json&) {
+    return Succeeded(host, host.rawStores.Close(handle)) ? 0 : kNoHandle;
+  });
 }
 
 std::int32_t OrvoVdmEoi(std::int32_t handle) {
@@ -83,7 +84,7 @@ std::int32_t OrvoVdmEoi(std::int32_t handle) {
 std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes) {
   return Answer("OrvoVdmRead", {handle, bytes}, [&](Host& host, Json&) {
     const auto read = host.rawStores.Read(handle, bytes);
-    if (!Told(host, read) || buffer == nullptr) return 0;
+    if (!Succeeded(host, read) || buffer == nullptr) return 0;
     std::memcpy(buffer, read->data(), read->size());
     return bytes;
   });
@@ -92,7 +93,7 @@ std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes) 
 std::int32_t OrvoVdmReadTmx(std::int32_t handle, void* matrix) {
   return Answer("OrvoVdmReadTmx", {handle}, [&](Host& host, Json& out) {
     const auto read = host.rawStores.ReadMatrix(handle);
-    if (!Told(host, read) || matrix == nullptr) return kNoHandle;
+    if (!Succeeded(host, read) || matrix == nullptr) return kNoHandle;
     std::memcpy(matrix, read->data(), sizeof *read);
     out = *read;
     return 0;
@@ -103,7 +104,7 @@ std::int32_t OrvoVdmWriteTmx(std::int32_t handle, const void* matrix) {
   RawMatrix elements = {};
   if (matrix != nullptr) std::memcpy(elements.data(), matrix, sizeof elements);
   return Answer("OrvoVdmWriteTmx", {handle, elements}, [&](Host& host, Json&) {
-    return matrix != nullptr && Told(host, host.rawStores.WriteMatrix(handle, elements)) ? 0 : kNoHandle;
+    return matrix != nullptr && Succeeded(host, host.rawStores.WriteMatrix(handle, elements)) ? 0 : kNoHandle;
   });
 }
 
@@ -111,7 +112,7 @@ void OrvoGetSpn(double* x, double* y, double* z, double* cx, double* cy, std::in
                 std::int32_t handle) {
   Answer("OrvoGetSpn", {handle}, [&](Host& host, Json& out) {
     const auto vertex = host.rawStores.NextVertex(handle);
-    if (!Told(host, vertex)) return;
+    if (!Succeeded(host, vertex)) return;
     Put(x, vertex->x), Put(y, vertex->y), Put(z, 0.0);
     Put(cx, vertex->centreX), Put(cy, vertex->centreY);
     Put(direction, vertex->direction);

@@ -11,18 +11,18 @@ namespace {
 /// Modules reserve this many bytes for the text of a variable.
 constexpr std::size_t kTextBytes = 4096;
 
-/// Gives a value and the flag of success through pointers, and to the trace.
+/// Returns a value or zero, and sets the flag of success, also in the trace.
 template <class T>
-T Give(const std::optional<T>& value, std::int32_t* ok, Json& out) {
+T ValueOrZero(const std::optional<T>& value, std::int32_t* ok, Json& out) {
   Put(ok, value ? 1 : 0);
   out = {value ? 1 : 0};
   return value.value_or(T{});
 }
 
-/// Sets a variable; a refusal is told by the flag, and on the panel with its reason.
+/// Sets a variable; a failure clears the flag and is reported on the panel.
 template <class T>
-void Write(Host& host, std::string_view name, T value, std::int32_t* ok, Json& out) {
-  const bool written = Told(host, host.variables.Set(name, std::move(value)));
+void SetVariable(Host& host, std::string_view name, T value, std::int32_t* ok, Json& out) {
+  const bool written = Succeeded(host, host.variables.Set(name, std::move(value)));
   Put(ok, written ? 1 : 0);
   out = {written ? 1 : 0};
 }
@@ -32,28 +32,32 @@ void Write(Host& host, std::string_view name, T value, std::int32_t* ok, Json& o
 extern "C" {
 
 void OrvoCommand(const char* line) {
-  // A module never learns what became of a line; the panel does.
-  Answer("OrvoCommand", {TextOf(line)}, [&](Host& host, Json&) { Told(host, host.Command(TextOf(line))); });
+  // A module gets no result of a line; faults are reported on the panel.
+  Answer("OrvoCommand", {TextOf(line)},
+         [&](Host& host, Json&) { ReportFault(host, host.Command(TextOf(line))); });
 }
 
 void OrvoMacroExec(const char* name, const char* arguments) {
   Answer("OrvoMacroExec", {TextOf(name), TextOf(arguments)},
-         [&](Host& host, Json&) { Told(host, host.Macro(TextOf(name), TextOf(arguments))); });
+         [&](Host& host, Json&) { ReportFault(host, host.Macro(TextOf(name), TextOf(arguments))); });
 }
 
 std::int32_t OrvoReadGlobalI(const char* name, std::int32_t* ok) {
-  return Answer("OrvoReadGlobalI", {TextOf(name)},
-                [&](Host& host, Json& out) { return Give(host.variables.Integer(TextOf(name)), ok, out); });
+  return Answer("OrvoReadGlobalI", {TextOf(name)}, [&](Host& host, Json& out) {
+    return ValueOrZero(host.variables.Integer(TextOf(name)), ok, out);
+  });
 }
 
 double OrvoReadGlobalW(const char* name, std::int32_t* ok) {
-  return Answer("OrvoReadGlobalW", {TextOf(name)},
-                [&](Host& host, Json& out) { return Give(host.variables.Real(TextOf(name)), ok, out); });
+  return Answer("OrvoReadGlobalW", {TextOf(name)}, [&](Host& host, Json& out) {
+    return ValueOrZero(host.variables.Real(TextOf(name)), ok, out);
+  });
 }
 
 void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) {
   Answer("OrvoReadGlobal$", {TextOf(name)}, [&](Host& host, Json& out) {
-    const std::string text = Give(host.variables.Text(TextOf(name)), ok, out).substr(0, kTextBytes - 1);
+    const std::string text =
+        ValueOrZero(host.variables.Text(TextOf(name)), ok, out).substr(0, kTextBytes - 1);
     if (buffer != nullptr) *std::ranges::copy(text, buffer).out = '\0';
     out.insert(out.begin(), text);
   });
@@ -61,11 +65,12 @@ void OrvoReadGlobalText(const char* name, char* buffer, std::int32_t* ok) {
 
 void OrvoWriteGlobalI(const char* name, std::int32_t value, std::int32_t* ok) {
   Answer("OrvoWriteGlobalI", {TextOf(name), value},
-         [&](Host& host, Json& out) { Write(host, TextOf(name), value, ok, out); });
+         [&](Host& host, Json& out) { SetVariable(host, TextOf(name), value, ok, out); });
 }
 
 void OrvoWriteGlobalText(const char* name, const char* value, std::int32_t* ok) {
-  Answer("OrvoWriteGlobal$", {TextOf(name), TextOf(value)},
-         [&](Host& host, Json& out) { Write(host, TextOf(name), std::string(TextOf(value)), ok, out); });
+  Answer("OrvoWriteGlobal$", {TextOf(name), TextOf(value)}, [&](Host& host, Json& out) {
+    SetVariable(host, TextOf(name), std::string(TextOf(value)), ok, out);
+  });
 }
 }

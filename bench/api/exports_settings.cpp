@@ -15,34 +15,36 @@ OrvoNothing OrvoMissingAPI() {
 }
 
 const char* OrvoEnvironment(const char* key) {
-  const char* text = Answer("OrvoEnvironment", {TextOf(key)},
-                            [&](Host& host, Json&) { return Returned(host, host.Environment(TextOf(key))); });
+  const char* text = Answer("OrvoEnvironment", {TextOf(key)}, [&](Host& host, Json&) {
+    return ReturnText(host, host.Environment(TextOf(key)));
+  });
   return text == nullptr ? "" : text;
 }
 
 const char* OrvoStrMessage(std::int32_t group, std::int32_t id, const char* defaultText) {
-  // The one group of texts that there is.
+  // The only group of texts.
   constexpr std::int32_t kGroup = 5;
   const char* text = Answer("OrvoStrMessage", {group, id, TextOf(defaultText)}, [&](Host& host, Json&) {
     const auto message = group == kGroup ? host.project.Message(id) : std::nullopt;
-    return Returned(host, message.value_or(std::string(TextOf(defaultText))));
+    return ReturnText(host, message.value_or(std::string(TextOf(defaultText))));
   });
   return text == nullptr ? "" : text;
 }
 
 void* OrvoGetStructPtr(const char* name) {
-  // What modules know of the structure: its second member is the main window.
+  // The part of the structure that modules use: its second member is the main window.
   static void* dllVars[2] = {};
   return Answer("OrvoGetStructPtr", {TextOf(name)}, [&](Host& host, Json&) -> void* {
     dllVars[1] = host.mainWindow;
     if (TextOf(name) == "DLLVARSXX") return static_cast<void*>(dllVars);
-    host.panel.Tell(Fault{"there is no structure '" + std::string(TextOf(name)) + "'"});
+    host.panel.Tell(Fault{.text = "structure '" + std::string(TextOf(name)) + "' does not exist",
+                          .kind = FaultKind::kMissing});
     return nullptr;
   });
 }
 
 void* OrvoGetWnd(std::int32_t selector) {
-  // There is one window at most. Without it boxes stand alone.
+  // The host has at most one window; without it boxes have no parent.
   return Answer("OrvoGetWnd", {selector}, [](Host& host, Json&) { return host.mainWindow; });
 }
 }

@@ -8,18 +8,18 @@ using namespace vanzet::api;
 
 namespace {
 
-/// What is returned for a handle that cannot be given.
+/// The result of a call that cannot return a handle.
 constexpr std::uint32_t kNoHandle = 0xFFFFFFFF;
 
 std::int32_t FlagOf(Host& host, const Result<bool>& state) {
-  return Told(host, state) && *state ? 1 : 0;
+  return Succeeded(host, state) && *state ? 1 : 0;
 }
 
 std::uint32_t HandleOrNone(Host& host, const Result<vdm::Handle>& handle) {
-  return Told(host, handle) ? static_cast<std::uint32_t>(*handle) : kNoHandle;
+  return Succeeded(host, handle) ? static_cast<std::uint32_t>(*handle) : kNoHandle;
 }
 
-/// Runs `work` on the open VDM behind a handle; a handle that is not open is passed over.
+/// Runs `work` on the open VDM of a handle; a handle that is not open is ignored.
 template <class Work>
 void OnOpen(const char* name, const Json& arguments, std::uint32_t handle, Work work) {
   Answer(name, arguments, [&](Host& host, Json&) {
@@ -53,11 +53,11 @@ std::int32_t OrvoMacroVdmCheckOpen(std::uint32_t vdm) {
 
 void OrvoMacroVdmClose(std::uint32_t handle) {
   Answer("OrvoMacroVdmClose", {handle},
-         [&](Host& host, Json&) { Told(host, host.store.Close(vdm::Handle{handle})); });
+         [&](Host& host, Json&) { ReportFault(host, host.store.Close(vdm::Handle{handle})); });
 }
 
 void OrvoMacroVdmDelete(std::uint32_t vdm) {
-  Answer("OrvoMacroVdmDelete", {vdm}, [&](Host& host, Json&) { Told(host, host.store.Delete(vdm)); });
+  Answer("OrvoMacroVdmDelete", {vdm}, [&](Host& host, Json&) { ReportFault(host, host.store.Delete(vdm)); });
 }
 
 std::int32_t OrvoMacroVdmSize(std::uint32_t handle) {
@@ -73,7 +73,7 @@ void OrvoMacroVdmSeek(std::uint32_t handle, std::int32_t record, std::int32_t or
 
 void OrvoMacroVdmInsertText(std::uint32_t handle, const char* text, std::int32_t count) {
   OnOpen("OrvoMacroVdmInsert$", {handle, TextOf(text), count}, handle,
-         [&](Host& host, vdm::OpenVdm& open) { Told(host, open.Insert(TextOf(text))); });
+         [&](Host& host, vdm::OpenVdm& open) { ReportFault(host, open.Insert(TextOf(text))); });
 }
 
 void OrvoMacroVdmRemove(std::uint32_t handle, std::int32_t count) {
@@ -83,7 +83,7 @@ void OrvoMacroVdmRemove(std::uint32_t handle, std::int32_t count) {
 
 void OrvoMacroVdmSingleSeek(std::uint32_t handle, std::int32_t count) {
   OnOpen("OrvoMacroVdmSingleSeek", {handle, count}, handle,
-         [&](Host& host, vdm::OpenVdm& open) { Told(host, open.SingleSeek(count)); });
+         [&](Host& host, vdm::OpenVdm& open) { ReportFault(host, open.SingleSeek(count)); });
 }
 
 void OrvoMacroVdmSingleGetText(std::uint32_t handle, char* buffer, std::int32_t count) {
@@ -91,7 +91,7 @@ void OrvoMacroVdmSingleGetText(std::uint32_t handle, char* buffer, std::int32_t 
   Answer("OrvoMacroVdmSingleGet$", {handle, count}, [&](Host& host, Json& out) {
     vdm::OpenVdm* const open = host.store.Find(vdm::Handle{handle});
     const auto item = open == nullptr ? Result<std::string_view>(std::string_view()) : open->SingleGet();
-    if (!Told(host, item)) return;
+    if (!Succeeded(host, item)) return;
     if (buffer != nullptr) *std::ranges::copy(*item, buffer).out = '\0';
     out = {*item};
   });
@@ -99,16 +99,16 @@ void OrvoMacroVdmSingleGetText(std::uint32_t handle, char* buffer, std::int32_t 
 
 void OrvoMacroVdmSingleAddText(std::uint32_t handle, const char* text, std::int32_t count) {
   OnOpen("OrvoMacroVdmSingleAdd$", {handle, TextOf(text), count}, handle,
-         [&](Host& host, vdm::OpenVdm& open) { Told(host, open.SingleAdd(TextOf(text))); });
+         [&](Host& host, vdm::OpenVdm& open) { ReportFault(host, open.SingleAdd(TextOf(text))); });
 }
 
 void OrvoMacroVdmSingleReplaceText(std::uint32_t handle, const char* text, std::int32_t count) {
   OnOpen("OrvoMacroVdmSingleReplace$", {handle, TextOf(text), count}, handle,
-         [&](Host& host, vdm::OpenVdm& open) { Told(host, open.SingleReplace(TextOf(text))); });
+         [&](Host& host, vdm::OpenVdm& open) { ReportFault(host, open.SingleReplace(TextOf(text))); });
 }
 
 void OrvoMacroVdmSingleDelete(std::uint32_t handle, std::int32_t count) {
   OnOpen("OrvoMacroVdmSingleDelete", {handle, count}, handle,
-         [&](Host& host, vdm::OpenVdm& open) { Told(host, open.SingleDelete(count)); });
+         [&](Host& host, vdm::OpenVdm& open) { ReportFault(host, open.SingleDelete(count)); });
 }
 }

@@ -7,15 +7,17 @@
 namespace vanzet::api {
 namespace {
 
-Host* hostInForce = nullptr;
+Host* currentHost = nullptr;
 
-/// The fault of a line, under the line's own name.
-Result<void> Named(const Result<void>& run, const std::string& line) {
+/// Adds the name of a line to a fault. Its column counts in `source`, unless it has a place in another file.
+Result<void> WithLine(const Result<void>& run, const std::string& line, std::string_view source) {
   if (run) return run;
-  const std::string quoted = "'" + line + "'";
-  const Fault& fault = run.fault();
-  if (!fault.file.empty()) return Fault{fault.Message(), quoted};
-  return Fault{fault.text, quoted, fault.line, fault.column};
+  Fault fault = run.fault();
+  const std::string name = "'" + line + "'";
+  if (!fault.file.empty()) return Fault{.text = fault.Message(), .file = name, .kind = fault.kind};
+  fault.file = name;
+  fault.source = source;
+  return fault;
 }
 
 }  // namespace
@@ -39,17 +41,17 @@ Host::~Host() {
 
 Result<void> Host::Command(std::string_view line) {
   language::Surroundings surroundings = Surroundings();
-  return Named(language::Run(line, surroundings), std::string(line));
+  return WithLine(language::Run(line, surroundings), std::string(line), line);
 }
 
 Result<void> Host::Macro(std::string_view name, std::string_view arguments) {
   language::Surroundings surroundings = Surroundings();
   const std::string line = std::string(name) + (arguments.empty() ? "" : " ") + std::string(arguments);
-  return Named(language::RunMacro(name, arguments, surroundings), line);
+  return WithLine(language::RunMacro(name, arguments, surroundings), line, arguments);
 }
 
-Result<std::int32_t> Host::BodyNamed(std::string_view name) {
-  return modeller::NumberOfNamed(name, bodies, project.folder() / "bodies", exchange);
+Result<std::int32_t> Host::FindBody(std::string_view name) {
+  return modeller::FindOrImportBody(name, bodies, project.folder() / "bodies", exchange);
 }
 
 Result<std::string> Host::Setting(std::string_view key) {
@@ -65,14 +67,14 @@ std::string Host::Environment(std::string_view key) {
   return folder ? folder->string() : "";
 }
 
-HostScope::HostScope(Host& host) : former_(std::exchange(hostInForce, &host)) {}
+HostScope::HostScope(Host& host) : former_(std::exchange(currentHost, &host)) {}
 
 HostScope::~HostScope() {
-  hostInForce = former_;
+  currentHost = former_;
 }
 
-Host* HostInForce() {
-  return hostInForce;
+Host* CurrentHost() {
+  return currentHost;
 }
 
 }  // namespace vanzet::api

@@ -22,31 +22,31 @@
 
 namespace vanzet::api {
 
-/// All that the exported host functions work on: one project as a module sees it.
+/// The state that the exported host functions work on: one project as a module sees it.
 ///
 /// Owns     the store, the variables, the drawing board and the bodies of this run; the project and the panel
 ///          belong to the caller
 /// Threads  one, the thread that calls the module
 class Host final : public language::Workplace {
  public:
-  /// `trace` may be null: calls are then not written down.
+  /// `trace` may be null: calls are then not recorded.
   Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<CallLog> trace);
 
-  /// Keeps the drawing, and tells on the panel when it cannot be kept.
+  /// Saves the drawing, and reports a failure on the panel.
   ~Host() override;
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 
-  /// Runs a line of the macro language. A fault names the line, and what it is about.
+  /// Runs a line of the macro language. The fault names the line as its file, and quotes it as its source.
   Result<void> Command(std::string_view line);
 
-  /// Runs a macro by its name. A fault names it with its arguments.
+  /// Runs a macro by its name. The fault names it with its arguments, which are also its source.
   Result<void> Macro(std::string_view name, std::string_view arguments);
 
-  /// The number of the body with that name; one of the project's folder is read when it is first asked for.
-  Result<std::int32_t> BodyNamed(std::string_view name);
+  /// Returns the number of the body with that name; a body of the project's folder is read at its first use.
+  Result<std::int32_t> FindBody(std::string_view name);
 
-  /// A value of the environment; "TMP" leads to the folder of this run when the settings name none.
+  /// A value of the environment; "TMP" is the folder of this run unless the settings name another one.
   std::string Environment(std::string_view key) override;
 
   Result<std::string> Setting(std::string_view key) override;
@@ -67,19 +67,19 @@ class Host final : public language::Workplace {
   RawStores rawStores{store};
   project::RunFolder runFolder;
   drawing::Board board;
-  /// Who answers picks: at first nobody, and each is cancelled. Never null.
+  /// The source of picks; at first every pick is cancelled. Never null.
   std::unique_ptr<drawing::PickSource> picks = std::make_unique<drawing::Picks>();
-  std::filesystem::path catalogue;  ///< stands in for the project's catalogue of devices unless it is empty
+  std::filesystem::path catalogue;  ///< replaces the project's catalogue of devices unless it is empty
   modeller::BodyTable bodies;
   const modeller::MeshTolerance mesh;                             ///< of exported bodies
   modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder
 
-  std::function<Result<void>(const std::string& topic)> help;  ///< shows help; empty: nobody can
+  std::function<Result<void>(const std::string& topic)> help;  ///< shows help; empty: help cannot be shown
 
-  /// What modules are told of the host's main window, which boxes stand in front of; null: there is none.
+  /// The main window of the host for modules, the parent of their boxes; null without a window.
   void* mainWindow = nullptr;
 
-  /// The text that a function returned last. Callers copy it at once.
+  /// The text that a function returned last. The caller copies it at once.
   std::string returnedText;
 
  private:
@@ -91,8 +91,8 @@ class Host final : public language::Workplace {
   drawing::FigureFolder figures_;
 };
 
-/// Makes `host` the one that the exported functions work on while the scope lives. Without one they do
-/// nothing.
+/// Makes `host` the current one, which the exported functions work on, while the scope exists. Without a
+/// current host they do nothing.
 class HostScope {
  public:
   explicit HostScope(Host& host);
@@ -104,7 +104,7 @@ class HostScope {
   Host* former_;
 };
 
-/// The host in force, or null.
-Host* HostInForce();
+/// The current host, or null.
+Host* CurrentHost();
 
 }  // namespace vanzet::api

@@ -17,7 +17,9 @@ constexpr const char* kModuleFile = "libvanzet.so";
 
 Fault LoaderFault(const fs::path& module) {
   const char* const reason = dlerror();
-  return Fault{reason == nullptr ? "cannot be loaded" : reason, module.string()};
+  return Fault{.text = reason == nullptr ? "cannot be loaded" : reason,
+               .file = module.string(),
+               .kind = FaultKind::kSystem};
 }
 
 }  // namespace
@@ -31,12 +33,13 @@ Result<fs::path> FindModule(const fs::path& program) {
   for (const fs::path& place : {beside, inLib}) {
     if (fs::exists(place, error)) return place;
   }
-  return Fault{std::string(kModuleFile) + " is neither at " + beside.string() + " nor at " + inLib.string() +
-               "; VANZET_MODULE can say where it is"};
+  return Fault{.text = std::string(kModuleFile) + " is neither at " + beside.string() + " nor at " +
+                       inLib.string() + "; VANZET_MODULE can name its place",
+               .kind = FaultKind::kMissing};
 }
 
 Result<void> CallModule(const fs::path& module, const char* function, Host& host) {
-  // The module maps its paths as the project does, and its view has the words of the project's language.
+  // The module maps paths as the project does, and its view uses the language of the project.
   setenv("VANZET_DRIVES", DrivesText(host.project.paths().drives()).c_str(), 1);
   setenv("VANZET_LANGUAGE", host.project.Language().c_str(), 1);
   const std::unique_ptr<void, int (*)(void*)> loaded(dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);

@@ -25,7 +25,7 @@ vdm::Record RecordOf(const RawMatrix& matrix) {
 }
 
 Result<RawMatrix> MatrixFrom(const vdm::Vdm& content, std::int32_t number) {
-  const Fault noMatrix{"VDM " + std::to_string(number) + " holds no matrix"};
+  const Fault noMatrix{"VDM " + std::to_string(number) + " does not hold a matrix"};
   if (content.Size() != 1) return noMatrix;
   VANZET_TRY(const auto record, content.Read(0));
   RawMatrix matrix;
@@ -80,7 +80,7 @@ std::optional<std::int32_t> RawStores::OpenContour(const geometry::Kurve* contou
 Result<std::int32_t> RawStores::MakeMatrix(std::int32_t number) {
   VANZET_TRY(const auto exists, store_.Exists(number));
   if (exists) {
-    // What is there may only be a matrix.
+    // Only a matrix may be replaced.
     VANZET_TRY(const auto content, store_.Snapshot(number));
     VANZET_DO(MatrixFrom(content, number));
   }
@@ -117,7 +117,7 @@ Result<std::vector<char>> RawStores::Read(std::int32_t handle, std::int32_t byte
   VANZET_TRY(const auto reading, Find<Reading>(handle));
   Reading& from = *reading;
   if (bytes < 0 || static_cast<std::size_t>(bytes) > from.bytes.size() - from.at) {
-    return Fault{"a reading of " + std::to_string(bytes) + " bytes goes beyond the last vertex"};
+    return Fault{"reading " + std::to_string(bytes) + " bytes goes beyond the last vertex"};
   }
   const auto first = from.bytes.begin() + static_cast<std::ptrdiff_t>(from.at);
   from.at += static_cast<std::size_t>(bytes);
@@ -136,7 +136,7 @@ Result<RawMatrix> RawStores::ReadMatrix(std::int32_t handle) {
 Result<void> RawStores::WriteMatrix(std::int32_t handle, const RawMatrix& matrix) {
   VANZET_TRY(const auto opened, Find<OpenedMatrix>(handle));
   for (const double element : matrix) {
-    if (!std::isfinite(element)) return Fault{"a matrix holds what is no number"};
+    if (!std::isfinite(element)) return Fault{"a matrix element is not a finite number"};
   }
   VANZET_DO(Keep(opened->number, matrix));
   opened->matrix = matrix;

@@ -14,7 +14,7 @@
 
 namespace vanzet::api {
 
-/// A vertex as raw readers get it, in two reads of 8 and 32 bytes.
+/// A vertex in the layout for raw readers, who read it in two parts of 8 and 32 bytes.
 struct RawVertex {
   std::int32_t unused = 0;
   std::int32_t direction = 0;  ///< of the span that ends here: -1 clockwise, 0 straight, 1 anticlockwise
@@ -26,32 +26,31 @@ using RawMatrix = std::array<double, 16>;
 
 /// Contours and matrices as stores of bytes, for callers that know their layout.
 ///
-/// Contours   a reading keeps the vertices as they were when it was opened, in millimetres
-/// Matrices   each is a VDM of the project's store (docs/formats/store.md); a matrix that is not finite is
-///            refused
-/// Handles    from 1, never given twice; anything done to one that is not open is a fault and gives nothing
+/// Contours   an open contour keeps the vertices of the time when it was opened, in millimetres
+/// Matrices   each is a VDM of the project's store (docs/formats/store.md); a matrix must be finite
+/// Handles    from 1, never used twice; work on a handle that is not open fails
 class RawStores {
  public:
   explicit RawStores(vdm::VdmStore& store) : store_(store) {}
 
-  /// Begins to read a contour; no handle when there is none.
+  /// Opens a contour for reading; returns no handle for null.
   std::optional<std::int32_t> OpenContour(const geometry::Kurve* contour);
 
-  /// Makes a matrix, the identity, in the place of the one under that number. Refused: a VDM of that number
-  /// that is no matrix, or is open.
+  /// Makes an identity matrix, which replaces a matrix of that number. Fails when the VDM of that number is
+  /// not a matrix or is open.
   Result<std::int32_t> MakeMatrix(std::int32_t number);
   Result<std::int32_t> OpenMatrix(std::int32_t number);
 
-  /// Whether all vertices are read; true as well behind a handle that reads no contour.
+  /// Whether all vertices have been read; also true for a handle that is not one of a contour.
   bool IsAtEnd(std::int32_t handle) const;
 
-  /// The next vertex, and steps behind it; a fault at the end.
+  /// Reads the next vertex. Fails at the end.
   Result<RawVertex> NextVertex(std::int32_t handle);
 
-  /// The next `bytes` of the records; fewer are left: a fault, and nothing is read.
+  /// Reads the next `bytes` of the records. Fails without reading when fewer are left.
   Result<std::vector<char>> Read(std::int32_t handle, std::int32_t bytes);
 
-  /// The matrix; of a contour the identity, and the reading begins again.
+  /// Reads the matrix. For a contour returns the identity and goes back to its first vertex.
   Result<RawMatrix> ReadMatrix(std::int32_t handle);
   Result<void> WriteMatrix(std::int32_t handle, const RawMatrix& matrix);
 

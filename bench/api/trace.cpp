@@ -7,9 +7,10 @@ namespace vanzet::api {
 Result<std::unique_ptr<Trace>> Trace::To(const std::filesystem::path& file) {
   std::error_code unknown;
   if (std::filesystem::is_fifo(file, unknown))
-    return Fault{"is a pipe, and no trace can go there", file.string()};
+    return Fault{"is a pipe; a trace cannot be written to it", file.string()};
   std::ofstream stream(file, std::ios::binary);
-  if (!stream.is_open()) return Fault{"the trace cannot be written there", file.string()};
+  if (!stream.is_open())
+    return Fault{.text = "the trace cannot be written", .file = file.string(), .kind = FaultKind::kSystem};
   return std::unique_ptr<Trace>(new Trace(file.string(), std::move(stream)));
 }
 
@@ -19,7 +20,7 @@ Result<void> Trace::Write(const char* call, const Json& arguments, const Json& r
   if (!out.empty()) line["out"] = out;
   stream_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
   if (stream_) return {};
-  return Fault{"the trace cannot be written any further", file_};
+  return Fault{.text = "the trace cannot be continued", .file = file_, .kind = FaultKind::kSystem};
 }
 
 }  // namespace vanzet::api

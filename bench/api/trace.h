@@ -12,26 +12,26 @@ namespace vanzet::api {
 
 using Json = nlohmann::ordered_json;
 
-/// Whoever is told each host call when it has been made.
+/// The receiver of each host call after it was made.
 class CallLog {
  public:
   virtual ~CallLog() = default;
 
-  /// What the call wrote through pointers is in `out`, in the order of the pointers. A fault once when no
-  /// more can be written down.
+  /// `out` is what the call wrote through pointers, in the order of the pointers. Fails once when calls can
+  /// no longer be recorded.
   virtual Result<void> Write(const char* call, const Json& arguments, const Json& result,
                              const Json& out) = 0;
 };
 
-/// Writes each host call as one JSON line, in order, on disk as soon as it is made:
-/// {"call":"OrvoCommand","args":["win 0"],"result":null}. What a call wrote through pointers stands behind
-/// the result under "out", in the order of the pointers. Bytes that are no UTF-8 become U+FFFD.
+/// Writes each host call to a file as one JSON line, as soon as it is made:
+/// {"call":"OrvoCommand","args":["win 0"],"result":null}. What a call wrote through pointers follows as
+/// "out", in the order of the pointers. Bytes that are not UTF-8 become U+FFFD.
 class Trace final : public CallLog {
  public:
-  /// Refused for what would keep a writer waiting, as a pipe does.
+  /// Opens the file. Fails for a pipe, which could block the writer.
   static Result<std::unique_ptr<Trace>> To(const std::filesystem::path& file);
 
-  /// A fault the first time that a line cannot be written; what follows is not written any more.
+  /// Fails the first time that a line cannot be written; later lines are dropped.
   Result<void> Write(const char* call, const Json& arguments, const Json& result, const Json& out) override;
 
  private:

@@ -41,9 +41,9 @@ const Looking kLooking[] = {
 /// The model as a definition has it: its face looks along x and is at x = 0.
 Result<modeller::Body> Laid(const modeller::Body& model, const MakeArguments& arguments) {
   const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
-  const auto turned = modeller::Turned(model, {{0, 0, 0}, looking.axis}, looking.degrees);
+  const auto turned = modeller::TurnBody(model, {{0, 0, 0}, looking.axis}, looking.degrees);
   if (!turned) return turned;
-  return modeller::Moved(*turned, {-arguments.face.value_or(0), 0, 0});
+  return modeller::MoveBody(*turned, {-arguments.face.value_or(0), 0, 0});
 }
 
 /// A model that does not end where devices do most likely lies otherwise: what to do about it. Clamp devices

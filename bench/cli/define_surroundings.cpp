@@ -41,7 +41,7 @@ Result<void> CheckFigure(const std::string& name, api::Host& host) {
 }
 
 Result<void> CheckSolid(const std::string& name, api::Host& host) {
-  const auto body = host.BodyNamed(name);
+  const auto body = host.FindBody(name);
   return body ? Result<void>() : body.fault();
 }
 

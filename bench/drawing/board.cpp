@@ -35,10 +35,10 @@ Result<Drawing> Board::ReadFile() const {
   std::error_code error;
   const auto status = std::filesystem::status(File(), error);
   if (status.type() == std::filesystem::file_type::not_found) return Drawing();
-  // A pipe or a device would keep us waiting.
-  if (!std::filesystem::is_regular_file(status)) return Fault{"is no regular file", File().string()};
+  // Opening a pipe or a device could block.
+  if (!std::filesystem::is_regular_file(status)) return Fault{"not a regular file", File().string()};
   std::ifstream text(File(), std::ios::binary);
-  if (!text) return Fault{"cannot be read", File().string()};
+  if (!text) return Fault{.text = "cannot be read", .file = File().string(), .kind = FaultKind::kSystem};
   return ReadDrawing(text, File().string());
 }
 
@@ -51,7 +51,7 @@ Result<void> Board::Load() {
 }
 
 Result<void> Board::Save() {
-  if (folder_.empty() || isHeld || changes_.None()) return {};
+  if (folder_.empty() || isHeld || changes_.IsEmpty()) return {};
   VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder_));
   VANZET_TRY(auto kept, ReadFile());
   Merge(drawing_, changes_, kept);
@@ -85,12 +85,12 @@ Result<void> Board::BeginLayer(const std::string& name, const Pen& pen) {
 
 void Board::EndLayer() {
   const auto former = std::exchange(formerLayer_, std::nullopt);
-  // It may have been deleted meanwhile.
+  // The former layer may have been deleted.
   if (former) layer_ = drawing_.layers.contains(*former) ? *former : kFirstLayer;
 }
 
 Result<void> Board::DeleteLayer(const std::string& name) {
-  if (name == kFirstLayer) return Fault{"the layer " + name + " is always there"};
+  if (name == kFirstLayer) return Fault{"layer " + name + " cannot be deleted"};
   RemoveLayer(drawing_, name, changes_);
   if (layer_ == name) layer_ = kFirstLayer;
   return {};
@@ -146,7 +146,7 @@ const geometry::Kurve* Board::FindContour(int number) const {
 Result<void> Board::CheckRoom(const geometry::Kurve& curve) const {
   VANZET_DO(CheckCurve(curve));
   if (VerticesOf(drawing_) + static_cast<std::size_t>(curve.nVertices) <= contour::kMostVertices) return {};
-  return Fault{"the drawing is full: it has no room for more than " + std::to_string(contour::kMostVertices) +
+  return Fault{"the drawing is full: it cannot have more than " + std::to_string(contour::kMostVertices) +
                " vertices"};
 }
 
@@ -172,7 +172,7 @@ void Board::DeleteContours(int first, int last) {
 
 Result<void> Board::CreateFigure(const std::string& name) {
   VANZET_DO(CheckName(name, "a figure"));
-  if (!drawing_.figures.try_emplace(name).second) return Fault{"there is a figure " + name + " already"};
+  if (!drawing_.figures.try_emplace(name).second) return Fault{"figure " + name + " already exists"};
   changes_.figures.insert(name);
   return {};
 }

@@ -14,8 +14,8 @@
 
 namespace vanzet::drawing {
 
-/// Numbers for names, given in the order of asking and good for the whole run: a name that goes and comes
-/// again has its number back.
+/// Numbers for names, in the order in which they are asked for and valid for the whole run: a name that is
+/// deleted and made again gets its old number.
 class NameNumbers {
  public:
   explicit NameNumbers(std::int32_t first) : first_(first) {}
@@ -37,7 +37,7 @@ class NameNumbers {
   std::vector<std::string> names_;
 };
 
-/// What is drawn with and goes with the run, by number: lines, points, circles and transforms.
+/// The elements of construction that last for one run, by number: lines, points, circles and transforms.
 struct Workpieces {
   std::map<int, geometry::CLine> lines;
   std::map<int, geometry::Point> points;
@@ -45,17 +45,17 @@ struct Workpieces {
   std::map<int, geometry::Matrix> transforms;
 };
 
-/// The drawing board of one run: the project's drawing, the window and the layer that are current, and the
+/// The drawing board of one run: the drawing of the project, the current window and layer, and the
 /// workpieces.
 ///
 /// Units    millimetres; making a board sets the geometry library to them for the process
-/// Order    `Load` before all else; it reads the file at its first call
-/// Keeping  `Save` brings what was changed here into the file, which other processes may have changed
-///          meanwhile: nothing of theirs is lost, and where both changed the same part ours stays
-/// Errors   a fault, and everything is as it was
+/// Order    call `Load` first; only the first call reads the file
+/// Saving   `Save` merges the changes of this board into the file, which other processes may have changed:
+///          their changes stay, except where both changed the same part
+/// Errors   a fault; the board is unchanged
 class Board {
  public:
-  /// A board whose drawing goes with it.
+  /// A board whose drawing is never saved.
   Board();
   /// The board of a project: drawing.txt in its folder.
   explicit Board(std::filesystem::path folder);
@@ -68,49 +68,50 @@ class Board {
   Window window = Window::kDisplay;
   Workpieces workpieces;
 
-  /// While true `Save` leaves the file alone, and all that was changed can still be given up.
+  /// While true, `Save` does not touch the file, so that all changes can still be given up.
   bool isHeld = false;
 
   /// The current layer.
   const std::string& layer() const { return layer_; }
-  /// Makes the layer current, and makes it when there is none. Refused: what is no name.
+  /// Makes the layer current and creates it if it does not exist. Fails for an invalid name.
   Result<void> SelectLayer(const std::string& name);
-  /// What is made in the current layer is drawn with.
+  /// The pen of the current layer.
   const Pen& pen() const;
-  /// Makes the layer current with that pen, until `EndLayer` makes the one current again that was it before.
+  /// Makes the layer current with that pen; `EndLayer` returns to the layer that was current before.
   Result<void> BeginLayer(const std::string& name, const Pen& pen);
   void EndLayer();
-  /// Removes a layer with all that lies in it; silent when there is none, refused for the first one. When it
-  /// was current the first one becomes it.
+  /// Deletes a layer with its contents; does nothing if it does not exist. Fails for the first layer, which
+  /// becomes current if the deleted one was.
   Result<void> DeleteLayer(const std::string& name);
-  /// Numbers of layers are good for the run.
+  /// The numbers of layers are valid for the run.
   std::int32_t LayerNumber(const std::string& name) { return layerNumbers_.NumberOf(name); }
   std::optional<std::string> LayerName(std::int32_t number) const { return layerNumbers_.NameOf(number); }
 
-  /// A line of the workpieces, else a line drawn in the current layer, else in another one; null when there
-  /// is none. Valid until the next change.
+  /// A line of the workpieces, else a line drawn in the current layer, else in another one, else null. Valid
+  /// until the next change.
   const geometry::CLine* FindLine(int number) const;
-  /// Draws in the display window, elsewhere makes a workpiece.
+  /// Draws the line in the display window; in the construction window makes a workpiece.
   Result<void> PutLine(int number, const geometry::CLine& line);
-  /// All that `FindLine` would find under the numbers; in other layers only when it is the one number.
+  /// Deletes the lines that `FindLine` would find under the numbers; in other layers only for a single
+  /// number.
   void DeleteLines(int first, int last);
 
   /// The contour of that number, untransformed and never reversed, or null. Valid until the next change.
   const geometry::Kurve* FindContour(int number) const;
-  /// Refused when the drawing would have too many vertices.
+  /// Fails when the drawing would have too many vertices.
   Result<void> PutContour(int number, geometry::Kurve curve);
-  /// The same in the layer, pen and window that the contour has. Requires: there is one.
+  /// Replaces the curve of a contour, whose layer, pen and window stay. Requires: the contour exists.
   Result<void> ReplaceContour(int number, geometry::Kurve curve);
   void DeleteContours(int first, int last);
 
-  /// Refused when there is one of that name, or it is no name.
+  /// Fails when the figure exists or the name is invalid.
   Result<void> CreateFigure(const std::string& name);
-  /// Requires of these: there is such a figure, and such a contour.
+  /// Requires for these: the figure exists, and so does the contour.
   Result<void> Append(const std::string& figure, int contour);
   Result<void> Insert(const std::string& figure, const Placement& placement);
   /// Adds a contour in the current layer.
   Result<void> Append(const std::string& figure, geometry::Kurve curve);
-  /// With its insertions; silent when there is none.
+  /// Deletes a figure with its insertions; does nothing if it does not exist.
   void DeleteFigure(const std::string& name);
 
   /// Numbers that picks give for objects, from 1.
@@ -123,7 +124,7 @@ class Board {
   std::filesystem::path File() const { return folder_ / "drawing.txt"; }
   const LineKey* FindDrawn(int number) const;
 
-  std::filesystem::path folder_;  ///< empty: nothing is kept
+  std::filesystem::path folder_;  ///< empty: nothing is saved
   bool isLoaded_;
   Drawing drawing_;
   Changes changes_;

@@ -9,9 +9,9 @@
 namespace vanzet::drawing {
 namespace {
 
-/// Makes the part of that key in `theirs` what it is in `ours`, where it may be missing.
+/// Copies the part of that key from `ours` to `theirs`, or removes it if `ours` does not have it.
 template <class Key, class Part>
-void Take(const Key& key, const std::map<Key, Part>& ours, std::map<Key, Part>& theirs) {
+void CopyPart(const Key& key, const std::map<Key, Part>& ours, std::map<Key, Part>& theirs) {
   const auto part = ours.find(key);
   if (part == ours.end()) {
     theirs.erase(key);
@@ -20,7 +20,7 @@ void Take(const Key& key, const std::map<Key, Part>& ours, std::map<Key, Part>& 
   }
 }
 
-/// Every layer that something lies in; `visit(name, pen)`.
+/// Calls `visit(name, pen)` for the layer of every part.
 template <class Visit>
 void ForEachLayerInUse(const Drawing& drawing, Visit visit) {
   for (const auto& [name, figure] : drawing.figures) {
@@ -53,14 +53,14 @@ void RemoveLayer(Drawing& drawing, const std::string& name, Changes& changes) {
 void Merge(const Drawing& ours, const Changes& changes, Drawing& theirs) {
   Changes ignored;
   for (const std::string& name : changes.layers) {
-    // A layer that was removed takes along what others have drawn in it meanwhile.
+    // With a removed layer goes everything that others have drawn in it.
     if (!ours.layers.contains(name)) RemoveLayer(theirs, name, ignored);
-    Take(name, ours.layers, theirs.layers);
+    CopyPart(name, ours.layers, theirs.layers);
   }
-  for (const std::string& name : changes.figures) Take(name, ours.figures, theirs.figures);
-  for (const int number : changes.contours) Take(number, ours.contours, theirs.contours);
-  for (const LineKey& key : changes.lines) Take(key, ours.lines, theirs.lines);
-  // Others may have removed a layer that ours goes on drawing in.
+  for (const std::string& name : changes.figures) CopyPart(name, ours.figures, theirs.figures);
+  for (const int number : changes.contours) CopyPart(number, ours.contours, theirs.contours);
+  for (const LineKey& key : changes.lines) CopyPart(key, ours.lines, theirs.lines);
+  // Others may have removed a layer that is still used here.
   std::map<std::string, Pen> missing;
   ForEachLayerInUse(theirs, [&](const std::string& name, const Pen& pen) { missing.emplace(name, pen); });
   theirs.layers.merge(missing);
@@ -81,7 +81,7 @@ std::size_t VerticesOf(const Drawing& drawing) {
 Result<void> CheckReach(const geometry::Point& point) {
   const double farther = std::fmax(std::fabs(point.x), std::fabs(point.y));
   if (farther <= contour::kLargestCoordinate) return {};
-  return Fault{"that is more than 10 km away"};
+  return Fault{"a coordinate is beyond 10 km"};
 }
 
 Result<void> CheckCurve(const geometry::Kurve& curve) {

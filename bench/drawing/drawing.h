@@ -13,26 +13,26 @@
 
 namespace vanzet::drawing {
 
-/// Where things are made, and where they are shown. The numbers are those of macro lines.
+/// The window in which figures are made, and the window in which they are shown. Macro lines use the numbers.
 enum class Window { kConstruction = 0, kDisplay = 1 };
 
-/// The layer that is always there.
+/// The layer that always exists.
 inline constexpr const char* kFirstLayer = "0";
 
-/// A contour as it is drawn. It keeps the pen that its layer had when it was made.
+/// A contour as it is drawn. It keeps the pen of its layer at the time when it was made.
 struct Stroke {
   geometry::Kurve curve;
   std::string layer = kFirstLayer;
   Pen pen;
 };
 
-/// A contour that stands by itself, under a number.
+/// A contour outside of figures, with a number.
 struct Contour {
   Stroke stroke;
   Window window = Window::kConstruction;
 };
 
-/// Contours under one name, in their own coordinates, and where they are shown.
+/// Named contours in coordinates of their own, and the placements in which they are shown.
 struct Figure {
   struct Insertion {
     Window window = Window::kDisplay;
@@ -42,8 +42,8 @@ struct Figure {
   std::vector<Insertion> insertions;
 };
 
-/// A line that was made in the display window. It has no ends and belongs to its layer: each layer has its
-/// own numbers.
+/// A line that was made in the display window. It has no ends and belongs to its layer: each layer has
+/// numbers of its own.
 struct LineKey {
   std::string layer;
   int number = 0;
@@ -54,9 +54,9 @@ struct DrawnLine {
   Pen pen;
 };
 
-/// All that a project keeps of its drawing, in millimetres; x runs along the spindle.
+/// The drawing of a project, in millimetres; x runs along the spindle.
 ///
-/// Shape    every layer that something lies in is in `layers`, and so is `kFirstLayer`
+/// Shape    `layers` has every layer that is used, and `kFirstLayer`
 /// Source   docs/formats/drawing.md
 struct Drawing {
   std::map<std::string, Pen> layers = {{kFirstLayer, Pen()}};
@@ -67,28 +67,30 @@ struct Drawing {
   bool HasFigure(const std::string& name) const { return figures.contains(name); }
 };
 
-/// Which parts of a drawing differ from the one that it was made from.
+/// The parts of a drawing that differ from the drawing that it started from.
 struct Changes {
   std::set<std::string> layers, figures;
   std::set<int> contours;
   std::set<LineKey> lines;
 
-  bool None() const { return layers.empty() && figures.empty() && contours.empty() && lines.empty(); }
+  bool IsEmpty() const { return layers.empty() && figures.empty() && contours.empty() && lines.empty(); }
 };
 
-/// Removes a layer and all that lies in it, and adds what that changes. The first layer is only emptied.
+/// Removes a layer with its contents, and adds what changes to `changes`. The first layer is only emptied.
 void RemoveLayer(Drawing& drawing, const std::string& name, Changes& changes);
 
-/// Brings the changed parts of `ours` into `theirs`, which others may have changed meanwhile: where both
-/// changed the same part, ours stays.
+/// Merges the changed parts of `ours` into `theirs`, which others may have changed; where both changed the
+/// same part, ours stays.
 void Merge(const Drawing& ours, const Changes& changes, Drawing& theirs);
 
 /// The number of vertices of all contours.
 std::size_t VerticesOf(const Drawing& drawing);
 
-/// What a drawing can hold: a contour with a span at least, none of them without length, its arcs arcs; and
-/// nothing more than 10 km away.
+/// Checks that a drawing can hold the contour: at least one span, no span without length, valid arcs, and no
+/// coordinate beyond 10 km.
 Result<void> CheckCurve(const geometry::Kurve& curve);
+
+/// Checks that the coordinates of the point are within 10 km.
 Result<void> CheckReach(const geometry::Point& point);
 
 }  // namespace vanzet::drawing

@@ -12,12 +12,12 @@ namespace {
 
 using geometry::Point;
 
-/// The words of one line, taken one after the other. Faults lack the file and the line.
+/// Reads the words of one line one after the other. Faults have no file and no line yet.
 class Words {
  public:
   explicit Words(std::string_view line) : rest_(line) {}
 
-  /// Up to the next blank.
+  /// Reads up to the next blank.
   std::string_view Word() {
     const std::size_t end = std::min(rest_.find(' '), rest_.size());
     const std::string_view word = rest_.substr(0, end);
@@ -27,7 +27,7 @@ class Words {
 
   Result<double> Number() { return Number(""); }
 
-  /// A number behind `mark`, which belongs to its word.
+  /// Reads a number after `mark` in the same word.
   Result<double> Number(std::string_view mark) {
     const std::string_view word = Word();
     const auto number = word.starts_with(mark) ? WholeReal(word.substr(mark.size())) : std::nullopt;
@@ -70,7 +70,7 @@ class Words {
     return pen;
   }
 
-  /// All that is left, as a name.
+  /// Reads the rest of the line as a name.
   Result<std::string> Name(std::string_view what) {
     std::string name(std::exchange(rest_, {}));
     VANZET_DO(CheckName(name, what));
@@ -86,7 +86,7 @@ class Words {
   std::string_view rest_;
 };
 
-/// Reads one text, line by line. The faults of its parts lack the file and the line.
+/// Reads a drawing line by line. The faults of its parts have no file and no line yet.
 class Reader {
  public:
   Reader(std::istream& text, const std::string& name) : lines_(text, name) {}
@@ -95,20 +95,20 @@ class Reader {
     VANZET_DO(Begin());
     while (!isEnded_) {
       VANZET_TRY(const auto next, Next());
-      if (!next) return lines_.At("is cut short: 'end' is expected");
-      VANZET_DO(TakePart());
+      if (!next) return lines_.At("is cut short: expected 'end'");
+      VANZET_DO(ReadPart());
     }
     if (const auto next = Next(); !next || *next) {
-      return next ? lines_.At("text stands behind the end") : next.fault();
+      return next ? lines_.At("unexpected text after 'end'") : next.fault();
     }
     if (drawing_.layers.contains(kFirstLayer)) return std::move(drawing_);
-    return lines_.At("the layer " + std::string(kFirstLayer) + " is missing");
+    return lines_.At("layer " + std::string(kFirstLayer) + " is missing");
   }
 
  private:
   struct Part {
     std::string_view word;
-    Result<void> (Reader::*take)(Words& words);
+    Result<void> (Reader::*read)(Words& words);
   };
   static const Part kParts[];
 
@@ -117,15 +117,15 @@ class Reader {
     VANZET_TRY(const auto next, Next());
     if (next && line_ == "drawing 1") return {};
     if (next && line_.starts_with("drawing ")) {
-      return lines_.At("belongs to another version: 'drawing 1' is expected");
+      return lines_.At("belongs to another version: expected 'drawing 1'");
     }
-    return lines_.At("is no drawing: 'drawing 1' is expected");
+    return lines_.At("not a drawing: expected 'drawing 1'");
   }
 
   Result<bool> Next() { return lines_.Next(line_); }
 
-  /// Takes the part that begins on this line, and adds file and line to its fault.
-  Result<void> TakePart() {
+  /// Reads the part that begins on this line, and adds file and line to its fault.
+  Result<void> ReadPart() {
     Words words(line_);
     const std::string_view word = words.Word();
     const Part* part = kParts;
@@ -134,36 +134,36 @@ class Reader {
       return lines_.At("expected a layer, figure, stroke, insert, contour, line or 'end', found " +
                        Quoted(line_));
     }
-    const auto taken = (this->*part->take)(words);
+    const auto taken = (this->*part->read)(words);
     ++parts_;
     if (taken || !taken.fault().file.empty()) return taken;
-    return lines_.At(taken.fault().text);
+    return lines_.At(taken.fault());
   }
 
-  Result<void> TakeLayer(Words& words) {
+  Result<void> AddLayer(Words& words) {
     VANZET_TRY(const auto pen, words.ReadPen());
     VANZET_TRY(const auto name, words.Name("a layer"));
     if (drawing_.layers.emplace(name, pen).second) return {};
-    return Fault{"there are two layers " + Quoted(name)};
+    return Fault{"layer " + Quoted(name) + " is listed twice"};
   }
 
-  Result<void> TakeFigure(Words& words) {
+  Result<void> AddFigure(Words& words) {
     VANZET_TRY(const auto name, words.Name("a figure"));
     const auto [place, isNew] = drawing_.figures.try_emplace(name);
     figure_ = &place->second;
     if (isNew) return {};
-    return Fault{"there are two figures " + Quoted(name)};
+    return Fault{"figure " + Quoted(name) + " is listed twice"};
   }
 
-  Result<void> TakeStroke(Words& words) {
-    if (figure_ == nullptr) return Fault{"a stroke stands before the first figure"};
+  Result<void> AddStroke(Words& words) {
+    if (figure_ == nullptr) return Fault{"a stroke must follow a figure"};
     VANZET_TRY(auto stroke, ReadStroke(words));
     figure_->strokes.push_back(std::move(stroke));
     return {};
   }
 
-  Result<void> TakeInsertion(Words& words) {
-    if (figure_ == nullptr) return Fault{"an insert stands before the first figure"};
+  Result<void> AddInsertion(Words& words) {
+    if (figure_ == nullptr) return Fault{"an insert must follow a figure"};
     VANZET_TRY(const auto window, words.WindowName());
     Placement placement;
     for (double* number :
@@ -176,15 +176,15 @@ class Reader {
     return words.End();
   }
 
-  Result<void> TakeContour(Words& words) {
+  Result<void> AddContour(Words& words) {
     VANZET_TRY(const auto number, words.Integer());
     VANZET_TRY(const auto window, words.WindowName());
     VANZET_TRY(auto stroke, ReadStroke(words));
     if (drawing_.contours.emplace(number, Contour{std::move(stroke), window}).second) return {};
-    return Fault{"there are two contours " + std::to_string(number)};
+    return Fault{"contour " + std::to_string(number) + " is listed twice"};
   }
 
-  Result<void> TakeLine(Words& words) {
+  Result<void> AddLine(Words& words) {
     VANZET_TRY(const auto number, words.Integer());
     double place[4];
     for (double& coordinate : place) {
@@ -198,14 +198,14 @@ class Reader {
     VANZET_TRY(const auto pen, words.ReadPen());
     VANZET_TRY(const auto layer, Layer(words));
     if (drawing_.lines.emplace(LineKey{layer, number}, DrawnLine{line, pen}).second) return {};
-    return Fault{"there are two lines " + std::to_string(number) + " in the layer " + Quoted(layer)};
+    return Fault{"line " + std::to_string(number) + " in layer " + Quoted(layer) + " is listed twice"};
   }
 
-  Result<void> TakeEnd(Words& words) {
+  Result<void> ReadEnd(Words& words) {
     isEnded_ = true;
     VANZET_TRY(const auto count, words.Integer());
     if (count != static_cast<std::int64_t>(parts_)) {
-      return Fault{"'end " + std::to_string(parts_) + "' is expected: so many parts were read"};
+      return Fault{"expected 'end " + std::to_string(parts_) + "', the number of parts"};
     }
     return words.End();
   }
@@ -213,29 +213,29 @@ class Reader {
   Result<std::string> Layer(Words& words) const {
     auto layer = words.Name("a layer");
     if (layer && !drawing_.layers.contains(*layer)) {
-      return Fault{"there is no layer " + Quoted(*layer)};
+      return Fault{"layer " + Quoted(*layer) + " does not exist"};
     }
     return layer;
   }
 
-  /// The pen, the layer, and on the next lines the vertices.
+  /// Reads the pen, the layer, and on the next lines the vertices.
   Result<Stroke> ReadStroke(Words& words) {
     VANZET_TRY(const auto pen, words.ReadPen());
     VANZET_TRY(const auto layer, Layer(words));
     Stroke stroke{{}, layer, pen};
     for (;;) {
       VANZET_TRY(const auto next, Next());
-      if (!next) return Fault{"is cut short: 'ek' is expected"};
+      if (!next) return Fault{"is cut short: expected 'ek'"};
       if (line_ == "ek") break;
-      VANZET_DO(TakeVertex(stroke.curve));
+      VANZET_DO(ReadVertex(stroke.curve));
     }
     VANZET_DO(CheckCurve(stroke.curve));
     return stroke;
   }
 
-  Result<void> TakeVertex(geometry::Kurve& curve) {
+  Result<void> ReadVertex(geometry::Kurve& curve) {
     if (++vertices_ > contour::kMostVertices) {
-      return Fault{"there are more than " + std::to_string(contour::kMostVertices) + " vertices"};
+      return Fault{"more than " + std::to_string(contour::kMostVertices) + " vertices"};
     }
     std::string_view line = line_;
     geometry::spVertex vertex;
@@ -255,16 +255,16 @@ class Reader {
 
   static Result<void> Append(const geometry::spVertex& vertex, geometry::Kurve& curve) {
     if (!curve.started && vertex.type != geometry::LINEAR) {
-      return Fault{"the first vertex of a contour is no arc"};
+      return Fault{"a contour cannot start with an arc"};
     }
     if (curve.Add(vertex, false)) return {};
-    return Fault{"the vertex is where the one before it is"};
+    return Fault{"the vertex is at the place of the one before it"};
   }
 
   TextLineReader lines_;
   std::string line_;
   Drawing drawing_;
-  Figure* figure_ = nullptr;  ///< that strokes and inserts belong to
+  Figure* figure_ = nullptr;  ///< the figure of strokes and inserts
   std::size_t parts_ = 0;
   std::size_t vertices_ = 0;
   bool isEnded_ = false;
@@ -272,13 +272,13 @@ class Reader {
 
 // clang-format off
 const Reader::Part Reader::kParts[] = {
-    { "layer",   &Reader::TakeLayer },
-    { "figure",  &Reader::TakeFigure },
-    { "stroke",  &Reader::TakeStroke },
-    { "insert",  &Reader::TakeInsertion },
-    { "contour", &Reader::TakeContour },
-    { "line",    &Reader::TakeLine },
-    { "end",     &Reader::TakeEnd },
+    { "layer",   &Reader::AddLayer },
+    { "figure",  &Reader::AddFigure },
+    { "stroke",  &Reader::AddStroke },
+    { "insert",  &Reader::AddInsertion },
+    { "contour", &Reader::AddContour },
+    { "line",    &Reader::AddLine },
+    { "end",     &Reader::ReadEnd },
     { "",        nullptr },
 };
 // clang-format on
@@ -298,7 +298,11 @@ Result<void> CheckName(std::string_view name, std::string_view what) {
 }
 
 Result<Drawing> ReadDrawing(std::istream& text, const std::string& name) {
-  return Reader(text, name).Read();
+  auto drawing = Reader(text, name).Read();
+  if (drawing || drawing.fault().kind == FaultKind::kSystem) return drawing;
+  Fault fault = drawing.fault();
+  fault.kind = FaultKind::kDamaged;
+  return fault;
 }
 
 }  // namespace vanzet::drawing

@@ -24,7 +24,7 @@ std::string VertexText(const geometry::spVertex& vertex) {
   return (vertex.type == geometry::ACW ? "a" : "t") + text;
 }
 
-/// Counts its parts while it writes them.
+/// Writes the parts and counts them.
 class Writer {
  public:
   std::string Write(const Drawing& drawing) {

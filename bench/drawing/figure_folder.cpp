@@ -32,7 +32,9 @@ std::vector<std::string> FigureFolder::Names() const {
 Result<std::vector<geometry::Kurve>> FigureFolder::Read(const std::string& name) const {
   const std::vector<std::filesystem::path> files = Files();
   const auto file = std::ranges::find_if(files, [&](const auto& path) { return path.stem() == name; });
-  if (file == files.end()) return Fault{"there is no figure '" + name + "'"};
+  if (file == files.end()) {
+    return Fault{.text = "figure '" + name + "' does not exist", .kind = FaultKind::kMissing};
+  }
   contour::UseMillimetres();
   VANZET_TRY(const auto content, contour::ReadContourFile(file->string(), {}));
   std::vector<geometry::Kurve> curves;

@@ -9,16 +9,17 @@
 
 namespace vanzet::drawing {
 
-/// The files of a project's folder of figures: drawings (.dxf) and contours as text. A file's stem is the
-/// figure's name; of several files with one stem the first in the order of bytes counts.
+/// The folder of figures of a project: drawings (.dxf) and contours as text. The stem of a file is the name
+/// of the figure; of several files with one stem, the first in the order of bytes counts.
 class FigureFolder {
  public:
   explicit FigureFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// Rising in the order of bytes; none when there is no folder.
+  /// The names in the order of bytes; none if the folder does not exist.
   std::vector<std::string> Names() const;
 
-  /// The contours of a figure. A fault with the file: there is none of that name, or it cannot be read.
+  /// Reads the contours of a figure. Fails with `kMissing` for an unknown name, and when the file cannot be
+  /// read.
   Result<std::vector<geometry::Kurve>> Read(const std::string& name) const;
 
  private:

@@ -7,19 +7,19 @@
 
 namespace vanzet::drawing {
 
-/// A colour by the name that macro lines and drawings use, and as pictures have it.
+/// A colour: its name in macro lines and drawings, and its value in pictures.
 struct Colour {
   std::string_view name;
   std::string_view svg;
 };
 
-/// A line style by its name, and its strokes and gaps in pixels; all 0: unbroken.
+/// A line style: its name, and the lengths of its strokes and gaps in pixels; all 0 for an unbroken line.
 struct LineStyle {
   std::string_view name;
   std::array<double, 4> dashes;
 };
 
-/// All there are; the first of each is what is drawn with when nothing else is said.
+/// All colours and line styles; the first of each is the default.
 std::span<const Colour> Colours();
 std::span<const LineStyle> LineStyles();
 
@@ -31,7 +31,7 @@ const LineStyle* FindLineStyle(std::string_view name);
 std::string ColourNames();
 std::string LineStyleNames();
 
-/// What something is drawn with. Points into the tables.
+/// A colour and a line style, which point into the tables.
 struct Pen {
   const Colour* colour = Colours().data();
   const LineStyle* style = LineStyles().data();

@@ -38,8 +38,8 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Cuts the first word off.
-std::string_view TakeWord(std::string_view& rest) {
+/// Removes the first word and returns it.
+std::string_view RemoveWord(std::string_view& rest) {
   const std::size_t end = std::min(rest.find_first_of(kBlanks), rest.size());
   const std::string_view word = rest.substr(0, end);
   rest = WithoutBlanks(rest.substr(end));
@@ -47,7 +47,7 @@ std::string_view TakeWord(std::string_view& rest) {
 }
 
 bool ReadPosition(std::string_view rest, geometry::Point& position) {
-  const auto x = WholeReal(TakeWord(rest)), y = WholeReal(rest);
+  const auto x = WholeReal(RemoveWord(rest)), y = WholeReal(rest);
   const auto isNear = [](double v) {
     return v >= -contour::kLargestCoordinate && v <= contour::kLargestCoordinate;
   };
@@ -56,10 +56,10 @@ bool ReadPosition(std::string_view rest, geometry::Point& position) {
   return true;
 }
 
-/// The fault lacks the file and the line.
+/// The fault has no file and no line yet.
 Result<Pick> ReadPick(std::string_view text) {
   std::string_view rest = text;
-  const std::string_view word = TakeWord(rest);
+  const std::string_view word = RemoveWord(rest);
   for (const Row& row : kRows) {
     if (row.word != word) continue;
     Pick pick{row.kind};
@@ -71,8 +71,8 @@ Result<Pick> ReadPick(std::string_view text) {
       pick.name = rest;
       return pick;
     }
-    return Fault{rest.empty() ? "expected a name behind '" + std::string(word) + "'"
-                              : "expected nothing behind 'cancel', found " + Quoted(rest)};
+    return Fault{rest.empty() ? "expected a name after '" + std::string(word) + "'"
+                              : "expected nothing after 'cancel', found " + Quoted(rest)};
   }
   return Fault{"expected 'position X Y', 'figure NAME', 'object NAME' or 'cancel', found " + Quoted(text)};
 }
@@ -89,8 +89,9 @@ Result<Picks> Picks::Read(std::istream& text, const std::string& name) {
     const std::string_view words = WithoutBlanks(line);
     if (words.empty() || words.starts_with('#')) continue;
     auto pick = ReadPick(words);
-    if (!pick) return lines.At(pick.fault().text);
+    if (!pick) return lines.At(pick.fault());
     pick->line = lines.LineNumber();
+    pick->source = line;
     picks.picks_.push_back(std::move(*pick));
   }
 }
@@ -100,7 +101,7 @@ Result<Picks> Picks::ReadFile(const std::string& file) {
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) return Fault{"is a folder", file};
   std::ifstream text(path, std::ios::binary);
-  if (!text) return Fault{"cannot be read", file};
+  if (!text) return Fault{.text = "cannot be read", .file = file, .kind = FaultKind::kSystem};
   return Read(text, file);
 }
 

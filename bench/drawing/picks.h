@@ -9,46 +9,50 @@
 
 namespace vanzet::drawing {
 
-/// What a user picks with the mouse.
+/// The answer of a user who picks with the mouse.
 struct Pick {
   enum class Kind { kCancel, kPosition, kFigure, kObject };
   Kind kind = Kind::kCancel;
   geometry::Point position = {};  ///< of a position
   std::string name = {};          ///< of a figure or an object
-  int line = 0;                   ///< of the file that it stands in; 0: none
+  int line = 0;                   ///< of the file of picks; 0: none
+  std::string source = {};        ///< that line of the file
 };
 
-/// What is asked for; never `kCancel`.
+/// The question for a pick; its kind is never `kCancel`.
 struct PickQuestion {
   Pick::Kind kind = Pick::Kind::kPosition;
-  std::string prompt = {};  ///< empty: the one who asks tells nothing
+  std::string prompt = {};  ///< empty: no prompt
 };
 
-/// Whoever answers picks: a file, or a person in front of a window.
+/// The source of picks: a file, or a person at a window.
 class PickSource {
  public:
   virtual ~PickSource() = default;
 
-  /// Returns when it is answered: a pick of the kind that is asked for, or a cancelling. A fault when there
-  /// is an answer of another kind; it is used up.
+  /// Waits for the answer and returns it: a pick of the kind that is asked for, or one that cancels. Fails
+  /// for an answer of another kind, which is used up.
   virtual Result<Pick> Next(const PickQuestion& asked) = 0;
 
-  /// A fault at a pick that cannot be done.
+  /// A fault at the place of a pick.
   virtual Fault At(const Pick& pick, std::string text) const = 0;
 };
 
-/// Picks from a file instead of a window, used up in order; when none is left a pick is cancelled.
-/// Source: docs/formats/picks.md
+/// Picks from a file, used up in order; after the last one, picks are cancelled.
+///
+/// Source   docs/formats/picks.md
 class Picks final : public PickSource {
  public:
   Picks() = default;
 
-  /// Refused with file and line: what is no pick.
+  /// Fails with file and line for a line that is not a pick.
   static Result<Picks> Read(std::istream& text, const std::string& name);
   static Result<Picks> ReadFile(const std::string& file);
 
   Result<Pick> Next(const PickQuestion& asked) override;
-  Fault At(const Pick& pick, std::string text) const override { return {std::move(text), name_, pick.line}; }
+  Fault At(const Pick& pick, std::string text) const override {
+    return {.text = std::move(text), .file = name_, .line = pick.line, .source = pick.source};
+  }
 
  private:
   std::string name_;

@@ -20,7 +20,7 @@ using geometry::Span;
 constexpr double kStrokeWidth = 1.6, kAxisWidth = 1;
 constexpr const char* kAxisColour = "#9aa3ab";
 constexpr double kAxisDashes[] = {14, 4, 3, 4};
-/// Closed contours are filled with a breath of their colour.
+/// Closed contours are filled with a light tint of their colour.
 constexpr const char* kFillOpacity = "0.08";
 
 std::string Text(const Point& point) {
@@ -56,7 +56,7 @@ std::string Escaped(char c) {
   }
 }
 
-/// A text in XML; bytes that are no UTF-8 become U+FFFD.
+/// A text in XML; bytes that are not UTF-8 become U+FFFD.
 std::string Escaped(std::string_view text) {
   std::string escaped;
   while (!text.empty()) {
@@ -89,11 +89,11 @@ class Writer {
   /// The spindle's axis, dash-dotted, where it is seen.
   void WriteAxis() {
     geometry::CLine axis(Point(0, 0), 1, 0, true);
-    const auto seen = view_.SeenOf(axis);
-    if (!seen) return;
+    const auto part = view_.VisiblePartOf(axis);
+    if (!part) return;
     svg_ += std::string("<path class=\"axis\" stroke=\"") + kAxisColour + "\" stroke-width=\"" +
-            view_.Pixels(kAxisWidth) + "\"" + Dashes(kAxisDashes) + " d=\"M" + Text(seen->from) + " L" +
-            Text(seen->to) + "\"/>\n";
+            view_.Pixels(kAxisWidth) + "\"" + Dashes(kAxisDashes) + " d=\"M" + Text(part->from) + " L" +
+            Text(part->to) + "\"/>\n";
   }
 
   void WriteLayer(const std::string& name, const std::vector<ShownGroup>& groups) {
@@ -116,8 +116,8 @@ class Writer {
               "d=\"" + PathOf(curve) + "\"/>\n";
     }
     for (const geometry::CLine& line : group.lines) {
-      const auto seen = view_.SeenOf(line);
-      if (seen) svg_ += "<path d=\"M" + Text(seen->from) + " L" + Text(seen->to) + "\"/>\n";
+      const auto part = view_.VisiblePartOf(line);
+      if (part) svg_ += "<path d=\"M" + Text(part->from) + " L" + Text(part->to) + "\"/>\n";
     }
     svg_ += "</g>\n";
   }
@@ -137,7 +137,8 @@ Result<void> CheckLayers(const Drawing& drawing, const PictureOptions& options) 
     if (drawing.layers.contains(layer)) continue;
     std::string names;
     for (const auto& [name, pen] : drawing.layers) names += (names.empty() ? "" : ", ") + name;
-    return Fault{"there is no layer '" + layer + "'; there are: " + names};
+    return Fault{.text = "layer '" + layer + "' does not exist; the layers are: " + names,
+                 .kind = FaultKind::kMissing};
   }
   return {};
 }

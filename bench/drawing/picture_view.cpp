@@ -14,9 +14,9 @@ using geometry::Point;
 
 /// In pixels.
 constexpr double kMargin = 32, kUsualWidth = 800, kUsualHeight = 560;
-/// The share of a picture that its margin takes at most.
+/// The largest share of a picture that its margin takes.
 constexpr double kLargestMargin = 0.1;
-/// What a drawing without extent is taken for, in millimetres.
+/// The extent that is assumed for a drawing without one, in millimetres.
 constexpr double kUsualExtent = 100;
 constexpr int kDigits = 10, kLengthDigits = 5;
 
@@ -32,7 +32,7 @@ double MarginOf(double size) {
   return std::min(kMargin, size * kLargestMargin);
 }
 
-/// How many pixels a millimetre may have so that the extent fits, with margins.
+/// The number of pixels per millimetre at which the extent fits, with margins.
 double ScaleFor(double extent, double size) {
   return extent > 0 ? (size - 2 * MarginOf(size)) / extent : std::numeric_limits<double>::infinity();
 }
@@ -47,8 +47,8 @@ int SizeFor(double extent, double scale) {
 
 PictureView::PictureView(const Box& content, const PictureOptions& options) {
   const Box box = Usable(content);
-  // A size that was not asked for is the usual one, and shrinks to what the drawing needs of it. When one was
-  // asked for, the other gives as much room as it takes.
+  // A size that was not given is the usual one and shrinks to the size that the drawing needs. When only one
+  // was given, the other becomes as large as necessary.
   const double largestWidth = options.width ? *options.width : options.height ? kLargestPicture : kUsualWidth;
   const double largestHeight = options.height  ? *options.height
                                : options.width ? kLargestPicture
@@ -72,7 +72,7 @@ std::string PictureView::Pixels(double pixels) const {
   return vanzet::NumberText(pixels / scale_, kLengthDigits);
 }
 
-std::optional<PictureView::Segment> PictureView::SeenOf(const geometry::CLine& line) const {
+std::optional<PictureView::Segment> PictureView::VisiblePartOf(const geometry::CLine& line) const {
   double from = -std::numeric_limits<double>::infinity(), to = -from;
   struct Slab {
     double start, direction, low, high;

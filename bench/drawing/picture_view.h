@@ -8,29 +8,29 @@
 
 namespace vanzet::drawing {
 
-/// How a picture lies on the screen: pixels from the upper left corner, y down.
+/// The mapping from the drawing to the pixels of a picture, which count from the upper left corner, y down.
 class PictureView {
  public:
-  /// `content` is what has to be seen; a cleared box is a drawing without anything.
+  /// `content` is the box that must be visible; a cleared box stands for an empty drawing.
   PictureView(const geometry::Box& content, const PictureOptions& options);
 
   int width() const { return width_; }
   int height() const { return height_; }
 
-  /// As a transform of SVG: millimetres with y up to pixels.
+  /// The transform of SVG from millimetres with y up to pixels.
   std::string Transform() const;
 
-  /// A length of the screen in millimetres, as text.
+  /// A length in pixels as text in millimetres.
   std::string Pixels(double pixels) const;
 
-  /// What is seen, in millimetres.
+  /// The visible box, in millimetres.
   const geometry::Box& seen() const { return seen_; }
 
-  /// The part of a line that is seen, or nothing.
+  /// The visible part of a line, or nothing.
   struct Segment {
     geometry::Point from, to;
   };
-  std::optional<Segment> SeenOf(const geometry::CLine& line) const;
+  std::optional<Segment> VisiblePartOf(const geometry::CLine& line) const;
 
  private:
   double scale_ = 1;  ///< pixels a millimetre

@@ -8,7 +8,7 @@ namespace {
 
 constexpr double kSameLength = 1e-9;
 
-/// Adding it takes the sign from a zero.
+/// Adding it removes the sign of a zero.
 constexpr double kPlainZero = 0.0;
 
 }  // namespace
@@ -42,19 +42,19 @@ void TurnExactly(geometry::Matrix& matrix, double degrees, int axis) {
   matrix.Rotate(direction.dy, direction.dx, axis);
 }
 
-geometry::Point Placed(const geometry::Point& point, const Placement& p) {
+geometry::Point PlacePoint(const geometry::Point& point, const Placement& p) {
   return {p.xx * point.x + p.xy * point.y + p.x + kPlainZero,
           p.yx * point.x + p.yy * point.y + p.y + kPlainZero};
 }
 
-geometry::Kurve Placed(const geometry::Kurve& curve, const Placement& placement) {
+geometry::Kurve PlaceCurve(const geometry::Kurve& curve, const Placement& placement) {
   geometry::Kurve placed;
   const int sense = placement.IsMirrored() ? -1 : 1;
   for (int i = 0; i < curve.nVertices; ++i) {
     geometry::spVertex vertex;
     curve.Get(i, vertex);
-    vertex.p = Placed(vertex.p, placement);
-    if (vertex.type != geometry::LINEAR) vertex.pc = Placed(vertex.pc, placement);
+    vertex.p = PlacePoint(vertex.p, placement);
+    if (vertex.type != geometry::LINEAR) vertex.pc = PlacePoint(vertex.pc, placement);
     vertex.type *= sense;
     placed.Add(vertex);
   }

@@ -24,13 +24,14 @@ void AddFigure(const std::string& name, const Figure& figure, Window window, Sho
   }
   for (const Placement& placement : placements) {
     for (const Stroke& stroke : figure.strokes) {
-      GroupOf(layers, stroke.layer, stroke.pen).curves.push_back({Placed(stroke.curve, placement), name});
+      GroupOf(layers, stroke.layer, stroke.pen).curves.push_back({PlaceCurve(stroke.curve, placement), name});
     }
   }
 }
 
-/// To a hundredth of a micrometre: the geometry's boxes are wider than what they hold by less.
-Point Rounded(const Point& point) {
+/// Rounds to a hundredth of a micrometre: the boxes of the geometry library are larger than their contents
+/// by less.
+Point RoundPoint(const Point& point) {
   constexpr double kSteps = 1e5;
   return {std::round(point.x * kSteps) / kSteps, std::round(point.y * kSteps) / kSteps};
 }
@@ -61,8 +62,8 @@ geometry::Box BoxOf(const ShownLayers& layers) {
       for (const ShownCurve& shown : group.curves) {
         Point min, max;
         shown.curve.Minmax(min, max);
-        box.Insert(Rounded(min));
-        box.Insert(Rounded(max));
+        box.Insert(RoundPoint(min));
+        box.Insert(RoundPoint(max));
       }
       for (const geometry::CLine& line : group.lines) {
         box.Insert(line.p - line.v * Dot(geometry::Vector2d(line.p.x, line.p.y), line.v));

@@ -7,16 +7,16 @@
 #include "drawing/drawing.h"
 #include "geometry/box.h"
 
-/// What is seen of a drawing, for whoever draws it.
+/// The visible contents of a drawing, for pictures and views.
 namespace vanzet::drawing {
 
-/// A contour where it is shown.
+/// A contour at the place where it is shown.
 struct ShownCurve {
   geometry::Kurve curve;
-  std::string figure = {};  ///< that it belongs to; empty: none
+  std::string figure = {};  ///< the figure of the contour; empty: none
 };
 
-/// All that is shown of one layer with one pen.
+/// The visible contents of one layer with one pen.
 struct ShownGroup {
   Pen pen;
   std::vector<ShownCurve> curves;
@@ -26,15 +26,16 @@ struct ShownGroup {
 /// By layer.
 using ShownLayers = std::map<std::string, std::vector<ShownGroup>>;
 
-/// The display window has what was inserted there, its lines and its contours; the construction window the
-/// figures as they were made and its contours. `layers` are the names of those that are shown; none: all.
+/// The contents of a window. The display window has the figures that were inserted there, its lines and its
+/// contours; the construction window the figures as they were made and its contours. `layers` are the names
+/// of the layers to show; all when it is empty.
 ShownLayers ShownOf(const Drawing& drawing, Window window, const std::vector<std::string>& layers = {});
 
-/// What has to be seen: curves, and of a line without ends the point next to the origin. Cleared when there
-/// is nothing.
+/// The box of the curves and, for each line without ends, of its point closest to the origin. It is cleared
+/// when there are neither.
 geometry::Box BoxOf(const ShownLayers& layers);
 
-/// Whether the inside of a contour is filled with a breath of its colour.
+/// Whether the inside of a contour is filled with a light tint of its colour.
 bool IsFilled(const geometry::Kurve& curve);
 
 }  // namespace vanzet::drawing

@@ -18,7 +18,7 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// A decimal number that `text` begins with, and where it ends. No sign of plus, no hexadecimal form.
+/// The decimal number at the start of `text`, and its length. No plus sign and no hexadecimal form.
 std::optional<std::pair<double, std::size_t>> DecimalPrefix(std::string_view text) {
   const std::size_t sign = text.starts_with('-') ? 1 : 0;
   const bool begins =
@@ -33,24 +33,24 @@ std::optional<std::pair<double, std::size_t>> DecimalPrefix(std::string_view tex
 
 }  // namespace
 
-bool CommandLine::Take(std::string_view word) {
-  PassBlanks();
+bool CommandLine::SkipWord(std::string_view word) {
+  SkipBlanks();
   const std::string_view rest = line_.substr(at_);
   if (!rest.starts_with(word) || (rest.size() > word.size() && !IsBlank(rest[word.size()]))) return false;
   at_ += word.size();
   return true;
 }
 
-bool CommandLine::TakeMark(std::string_view mark) {
+bool CommandLine::SkipMark(std::string_view mark) {
   const std::size_t before = at_;
-  PassBlanks();
+  SkipBlanks();
   const bool isThere = line_.substr(at_).starts_with(mark);
   at_ = isThere ? at_ + mark.size() : before;
   return isThere;
 }
 
 char CommandLine::Peek() {
-  PassBlanks();
+  SkipBlanks();
   return at_ < line_.size() ? line_[at_] : '\0';
 }
 
@@ -75,7 +75,7 @@ Result<std::string> CommandLine::Quoted(std::string_view meaning, bool toTheLast
 }
 
 Result<std::string_view> CommandLine::Word(std::string_view meaning) {
-  PassBlanks();
+  SkipBlanks();
   const std::size_t length = std::min(line_.find_first_of(" \t", at_), line_.size()) - at_;
   if (length == 0) return FaultHere("expected " + std::string(meaning));
   at_ += length;
@@ -83,7 +83,7 @@ Result<std::string_view> CommandLine::Word(std::string_view meaning) {
 }
 
 std::string_view CommandLine::Rest() {
-  PassBlanks();
+  SkipBlanks();
   const std::string_view rest = line_.substr(at_);
   at_ = line_.size();
   return rest.substr(0, rest.find_last_not_of(" \t") + 1);
@@ -98,7 +98,7 @@ Result<std::int32_t> CommandLine::Integer(std::string_view meaning, const projec
 }
 
 Result<double> CommandLine::Number(std::string_view meaning) {
-  PassBlanks();
+  SkipBlanks();
   const auto number = DecimalPrefix(line_.substr(at_));
   if (!number) return Expected(meaning);
   at_ += number->second;
@@ -111,7 +111,7 @@ Result<double> CommandLine::WholeNumber(std::string_view meaning) {
   return number;
 }
 
-std::optional<std::int32_t> CommandLine::TakeDigits(std::size_t& at) const {
+std::optional<std::int32_t> CommandLine::ReadDigits(std::size_t& at) const {
   std::int32_t number = 0;
   const auto [end, error] = std::from_chars(line_.data() + at, line_.data() + line_.size(), number);
   if (error != std::errc()) return std::nullopt;
@@ -119,23 +119,23 @@ std::optional<std::int32_t> CommandLine::TakeDigits(std::size_t& at) const {
   return number;
 }
 
-std::optional<Entity> CommandLine::TakeEntity(std::string_view letters) {
+std::optional<Entity> CommandLine::ReadEntity(std::string_view letters) {
   const char letter = Peek();
   if (letter == '\0' || letters.find(letter) == std::string_view::npos) return std::nullopt;
   std::size_t end = at_ + 1;
-  const auto number = TakeDigits(end);
+  const auto number = ReadDigits(end);
   if (!number) return std::nullopt;
   at_ = end;
   return Entity{letter, *number};
 }
 
 Result<Entity> CommandLine::EntityOf(char letter, std::string_view meaning) {
-  if (const auto entity = TakeEntity(std::string_view(&letter, 1))) return *entity;
+  if (const auto entity = ReadEntity(std::string_view(&letter, 1))) return *entity;
   return Expected(meaning);
 }
 
-std::optional<std::string> CommandLine::TakeAssignment() {
-  PassBlanks();
+std::optional<std::string> CommandLine::ReadAssignment() {
+  SkipBlanks();
   const std::size_t nameEnd = std::min(line_.find_first_of(" \t=", at_), line_.size());
   const std::size_t mark = std::min(line_.find_first_not_of(" \t", nameEnd), line_.size());
   if (nameEnd == at_ || mark == line_.size() || line_[mark] != '=') return std::nullopt;
@@ -151,7 +151,7 @@ Result<void> CommandLine::WordEnd() {
 }
 
 Result<void> CommandLine::End() {
-  PassBlanks();
+  SkipBlanks();
   if (at_ == line_.size()) return {};
   return Expected("the end of the line");
 }
@@ -162,7 +162,7 @@ Fault CommandLine::Expected(std::string_view meaning) const {
   return FaultHere(rest.empty() ? expected : expected + ", found '" + std::string(rest) + "'");
 }
 
-void CommandLine::PassBlanks() {
+void CommandLine::SkipBlanks() {
   while (at_ < line_.size() && IsBlank(line_[at_])) ++at_;
   start_ = at_;
 }

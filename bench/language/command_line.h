@@ -18,91 +18,93 @@ struct Entity {
   std::string Name() const { return letter + std::to_string(number); }
 };
 
-/// A walk over one line of the macro language. Every fault tells the column, from 1, and what was expected.
+/// Reads one line of the macro language from left to right. Every fault has a column, from 1, and says what
+/// was expected.
 class CommandLine {
  public:
-  /// `column` is where the text stands in the line that it is a part of.
+  /// `column` is the place of the text in the line that it is a part of.
   explicit CommandLine(std::string_view line, int column = 1) : line_(line), firstColumn_(column) {}
 
-  /// Passes over blanks and then `word`, when it stands there and a blank or the end follows.
-  bool Take(std::string_view word);
+  /// Skips blanks, and `word` when it is next and a blank or the end follows. Returns whether it was there.
+  bool SkipWord(std::string_view word);
 
-  /// Passes over blanks and then `mark`, whatever follows; the walk stays where it was when it is not there.
-  bool TakeMark(std::string_view mark);
+  /// Skips blanks and `mark`, whatever follows it. Without the mark the position does not change.
+  bool SkipMark(std::string_view mark);
 
-  /// The next character behind blanks, or NUL at the end.
+  /// The next character after blanks, or NUL at the end.
   char Peek();
 
-  /// A text in single quotes. It ends at the first quote before a blank or the end of the line, so that names
-  /// of files may hold others.
+  /// Reads a text in single quotes. It ends at the first quote that a blank or the end of the line follows,
+  /// so that the names of files may contain others.
   Result<std::string> QuotedText(std::string_view meaning);
 
-  /// A text in single quotes that ends at the last quote of the line.
+  /// Reads a text in single quotes that ends at the last quote of the line.
   Result<std::string> LongestQuotedText(std::string_view meaning);
 
-  /// A word up to the next blank.
+  /// Reads a word up to the next blank.
   Result<std::string_view> Word(std::string_view meaning);
 
-  /// All that is left, without blanks around it; may be empty.
+  /// Reads the rest of the line, without blanks around it; it may be empty.
   std::string_view Rest();
 
-  /// An integer, or the name of an integer variable, whose value is taken.
+  /// Reads an integer, or the name of an integer variable and returns its value.
   Result<std::int32_t> Integer(std::string_view meaning, const project::Variables& variables);
 
-  /// A decimal number, whatever follows. No zero has a sign.
+  /// Reads a decimal number, whatever follows it. No zero has a sign.
   Result<double> Number(std::string_view meaning);
 
-  /// The same where a blank or the end follows.
+  /// The same; a blank or the end must follow.
   Result<double> WholeNumber(std::string_view meaning);
 
-  /// An entity of that letter, behind blanks; whatever follows.
+  /// Reads an entity of that letter, after blanks; whatever follows it.
   Result<Entity> EntityOf(char letter, std::string_view meaning);
 
-  /// An entity of one of the letters where one stands, else nothing and the walk stays.
-  std::optional<Entity> TakeEntity(std::string_view letters);
+  /// Reads an entity of one of the letters if one is next, else returns nothing and stays.
+  std::optional<Entity> ReadEntity(std::string_view letters);
 
-  /// The name of a variable where '=' follows, behind which the walk then is; else nothing and the walk
-  /// stays.
-  std::optional<std::string> TakeAssignment();
+  /// Reads the name of a variable and the '=' after it; returns nothing and stays when they are not next.
+  std::optional<std::string> ReadAssignment();
 
-  /// Requires a blank or the end here.
+  /// Fails unless a blank or the end is next.
   Result<void> WordEnd();
 
-  /// Nothing more but blanks.
+  /// Fails unless only blanks are left.
   Result<void> End();
 
   bool IsAtEnd() { return Peek() == '\0'; }
 
-  /// What the line says, as messages quote it.
+  /// The line as messages quote it.
   std::string_view text() const { return line_; }
 
-  /// Where the next word begins.
+  /// The column of the next word.
   int NextColumn() {
-    PassBlanks();
+    SkipBlanks();
     return column();
   }
 
-  /// Where the text begins.
+  /// The column of the text.
   int firstColumn() const { return firstColumn_; }
 
-  /// Where the word that was taken last begins, or where the next one was expected.
+  /// The column of the word that was read last, or where the next one was expected.
   int column() const { return static_cast<int>(start_) + firstColumn_; }
 
   /// A fault at that place.
-  Fault FaultHere(std::string text) const { return Fault{std::move(text), "", 0, column()}; }
+  Fault FaultHere(std::string text, FaultKind kind = FaultKind::kRefused) const {
+    return {.text = std::move(text), .column = column(), .kind = kind};
+  }
 
   /// A fault at that place: something else was expected.
   Fault Expected(std::string_view meaning) const;
 
  private:
-  void PassBlanks();
+  void SkipBlanks();
   Result<std::string> Quoted(std::string_view meaning, bool toTheLast);
-  std::optional<std::int32_t> TakeDigits(std::size_t& at) const;
+  std::optional<std::int32_t> ReadDigits(std::size_t& at) const;
 
   std::string_view line_;
   int firstColumn_;
-  std::size_t at_ = 0;     ///< where the next word is looked for
-  std::size_t start_ = 0;  ///< where the last one began
+  std::size_t at_ = 0;     ///< the position of the next character to read
+  std::size_t start_ = 0;  ///< the position of the last word
 };
 
 }  // namespace vanzet::language

@@ -3,17 +3,17 @@
 #include "language/interpreter.h"
 #include "language/operands.h"
 
-/// The commands, one function for each. Those that begin with words get their operands read; definitions of
-/// entities read theirs. The tables that find them are in interpreter.cpp and macros.cpp.
+/// The commands, one function for each. Commands that begin with words are given their operands; definitions
+/// of entities read their own. The tables of them are in interpreter.cpp and macros.cpp.
 namespace vanzet::language {
 
-// Definitions: the line stands behind the entity and, but for contours, the equals sign.
+// Definitions: the entity has been read and, except for contours, the equals sign.
 Result<void> DefineLine(const Entity& entity, CommandLine& line, Surroundings& surroundings);
 Result<void> DefinePoint(const Entity& entity, CommandLine& line, Surroundings& surroundings);
 Result<void> DefineCircle(const Entity& entity, CommandLine& line, Surroundings& surroundings);
 Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings);
 
-/// The line stands behind the equals sign.
+/// The equals sign has been read.
 Result<void> Assign(const std::string& variable, CommandLine& line, Surroundings& surroundings);
 
 // Deleting and transforms.
@@ -23,7 +23,7 @@ Result<void> RotateTransform(const Operands& operands, Surroundings& surrounding
 Result<void> TranslateTransform(const Operands& operands, Surroundings& surroundings);
 Result<void> CopyContour(const Operands& operands, Surroundings& surroundings);
 
-/// What the transform that an operand names does to the plane.
+/// The placement in the plane of the transform that an operand names.
 Result<drawing::Placement> PlacementOf(const Operand& operand, Surroundings& surroundings);
 
 // Figures and layers.
@@ -59,10 +59,10 @@ Result<void> PickObject(const Operands& operands, Surroundings& surroundings);
 Result<void> ObjectInformation(const Operands& operands, Surroundings& surroundings);
 Result<void> ClearMarks(const Operands& operands, Surroundings& surroundings);
 
-/// Runs a macro with the faults' columns as they count in the line.
+/// Runs a macro; the columns of faults count in the line.
 Result<void> RunMacro(const Operand& name, const Operand& arguments, Surroundings& surroundings);
 
-// Macros: the walk is over their arguments.
+// Macros: `arguments` reads their arguments.
 Result<void> LayerMacro(CommandLine& arguments, Surroundings& surroundings);
 Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings);
 Result<void> LoadHelp(CommandLine& arguments, Surroundings& surroundings);

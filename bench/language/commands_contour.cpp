@@ -26,10 +26,10 @@ Result<Element> ReadChamfer(CommandLine& line) {
   return Element{.kind = Element::Kind::kChamfer, .length = length, .name = "a chamfer", .column = column};
 }
 
-/// A line or a circle behind its prefix. Lines do not mind which it is.
+/// Reads a line or a circle after its prefix. For a line the prefix has no meaning.
 Result<Element> ReadCarrier(int direction, CommandLine& line, Surroundings& surroundings) {
-  const auto entity = line.TakeEntity("sc");
-  if (!entity) return line.Expected("a line or a circle behind 'a' or 't'");
+  const auto entity = line.ReadEntity("sc");
+  if (!entity) return line.Expected("a line or a circle after 'a' or 't'");
   Element element{.kind = Element::Kind::kLine, .direction = direction, .name = entity->Name()};
   if (entity->letter == 's') {
     VANZET_TRY(const auto found, LineOf(*entity, line, surroundings));
@@ -43,10 +43,10 @@ Result<Element> ReadCarrier(int direction, CommandLine& line, Surroundings& surr
 }
 
 Result<Element> ReadElement(CommandLine& line, Surroundings& surroundings) {
-  if (line.TakeMark("ch")) return ReadChamfer(line);
+  if (line.SkipMark("ch")) return ReadChamfer(line);
   const int column = line.NextColumn();
-  const bool isAnticlockwise = line.TakeMark("a");
-  const bool isCarrier = isAnticlockwise || line.TakeMark("t");
+  const bool isAnticlockwise = line.SkipMark("a");
+  const bool isCarrier = isAnticlockwise || line.SkipMark("t");
   auto element = isCarrier ? ReadCarrier(isAnticlockwise ? geometry::ACW : geometry::CW, line, surroundings)
                            : ReadPoint(line, surroundings);
   if (element) element->column = column;
@@ -55,7 +55,7 @@ Result<Element> ReadElement(CommandLine& line, Surroundings& surroundings) {
 
 Result<Kurve> ReadOutline(CommandLine& line, Surroundings& surroundings) {
   std::vector<Element> elements;
-  while (!line.Take("ek")) {
+  while (!line.SkipWord("ek")) {
     VANZET_TRY(auto element, ReadElement(line, surroundings));
     VANZET_DO(line.WordEnd());
     elements.push_back(std::move(element));
@@ -65,7 +65,7 @@ Result<Kurve> ReadOutline(CommandLine& line, Surroundings& surroundings) {
 
 Result<Kurve> ReadExplicit(CommandLine& line) {
   std::vector<geometry::Point> corners;
-  while (!line.Take("ek")) {
+  while (!line.SkipWord("ek")) {
     if (line.Peek() != 'X') return line.Expected("'X' and a number, or 'ek'");
     VANZET_TRY(const auto corner, ReadCoordinates(line));
     corners.push_back(corner);
@@ -77,7 +77,7 @@ Result<Kurve> ReadExplicit(CommandLine& line) {
 
 Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   VANZET_DO(line.WordEnd());
-  auto curve = line.Take("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
+  auto curve = line.SkipWord("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
   if (!curve) return AtStart(line, curve.fault());
   VANZET_DO(line.End());
   return AtStart(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
@@ -86,9 +86,10 @@ Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings
 Result<void> CopyContour(const Operands& operands, Surroundings& surroundings) {
   const Operand &contour = operands[0], &transform = operands[1];
   const Kurve* const curve = surroundings.board.FindContour(contour.number);
-  if (curve == nullptr) return contour.At("there is no " + contour.Name());
+  if (curve == nullptr) return contour.Missing();
   VANZET_TRY(const auto placement, PlacementOf(transform, surroundings));
-  return contour.Told(surroundings.board.ReplaceContour(contour.number, drawing::Placed(*curve, placement)));
+  return contour.WithPlace(
+      surroundings.board.ReplaceContour(contour.number, drawing::PlaceCurve(*curve, placement)));
 }
 
 }  // namespace vanzet::language

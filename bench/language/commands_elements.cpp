@@ -10,7 +10,7 @@ namespace {
 using geometry::CLine;
 using geometry::Point;
 
-Result<CLine> Directed(const Point& through, double degrees) {
+Result<CLine> LineThrough(const Point& through, double degrees) {
   CLine line(through, drawing::DirectionOf(degrees), false);
   line.ok = true;
   return line;
@@ -18,46 +18,46 @@ Result<CLine> Directed(const Point& through, double degrees) {
 
 Result<CLine> ReadHorizontal(CommandLine& line, Surroundings&) {
   VANZET_TRY(const auto height, line.WholeNumber("the height of the line"));
-  return Directed({0, height}, 0);
+  return LineThrough({0, height}, 0);
 }
 
 Result<CLine> ReadVertical(CommandLine& line, Surroundings&) {
   VANZET_TRY(const auto abscissa, line.WholeNumber("the abscissa of the line"));
-  return Directed({abscissa, 0}, 90);
+  return LineThrough({abscissa, 0}, 90);
 }
 
 Result<CLine> ReadAtAngle(CommandLine& line, Surroundings& surroundings) {
   VANZET_TRY(const auto angle, line.WholeNumber("the angle of the line"));
   VANZET_TRY(const auto through, PointOf(line, surroundings));
-  return Directed(through, angle);
+  return LineThrough(through, angle);
 }
 
 Result<CLine> ReadThroughPoints(CommandLine& line, Surroundings& surroundings) {
   VANZET_TRY(const auto a, PointOf(line, surroundings));
   VANZET_TRY(const auto b, PointOf(line, surroundings));
   const CLine through(a, b);
-  if (!through.ok) return line.FaultHere("the two points are one");
+  if (!through.ok) return line.FaultHere("the two points are the same");
   return through;
 }
 
 Result<CLine> ReadParallel(CommandLine& line, Surroundings& surroundings) {
-  constexpr const char* kExpected = "'l' or 'r' and a line behind the distance";
+  constexpr const char* kExpected = "'l' or 'r' and a line after the distance";
   VANZET_TRY(const auto distance, line.Number("h, v, b, two points, or a distance and a line"));
-  const bool isLeft = line.TakeMark("l");
-  if (!isLeft && !line.TakeMark("r")) return line.Expected(kExpected);
+  const bool isLeft = line.SkipMark("l");
+  if (!isLeft && !line.SkipMark("r")) return line.Expected(kExpected);
   VANZET_TRY(const auto other, LineOf(line, surroundings));
   return other.Parallel(isLeft ? distance : -distance);
 }
 
 struct Form {
-  std::string_view mark;  ///< that it begins with
+  std::string_view mark;  ///< the start of the form
   Result<CLine> (*read)(CommandLine& line, Surroundings& surroundings);
 };
 constexpr Form kForms[] = {{"h", ReadHorizontal}, {"v", ReadVertical}, {"b", ReadAtAngle}};
 
 Result<CLine> ReadLine(CommandLine& line, Surroundings& surroundings) {
   for (const Form& form : kForms) {
-    if (line.TakeMark(form.mark)) return form.read(line, surroundings);
+    if (line.SkipMark(form.mark)) return form.read(line, surroundings);
   }
   return line.Peek() == 'p' ? ReadThroughPoints(line, surroundings) : ReadParallel(line, surroundings);
 }

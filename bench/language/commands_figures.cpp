@@ -1,39 +1,39 @@
 #include "language/commands.h"
 
-/// Figures, layers and windows: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch 'L',
-/// lay del L, win 0, ori, mct turning, red -1.
+/// Figures, layers and windows: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch
+/// 'L', lay del L, win 0, ori, mct turning, red -1.
 namespace vanzet::language {
 namespace {
 
 Result<void> CheckFigure(const Operand& operand, const Surroundings& surroundings) {
   if (surroundings.board.drawing().HasFigure(operand.text)) return {};
-  return operand.At("there is no figure '" + operand.text + "'");
+  return operand.At("figure '" + operand.text + "' does not exist", FaultKind::kMissing);
 }
 
 }  // namespace
 
 Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) {
-  // All figures have the drawing's own axes, in whatever order these are told.
+  // All figures have the axes of the drawing, in either order.
   const std::string& axes = operands[1].text;
   if (axes != "z0x0y0" && axes != "x0y0z0") {
     return operands[1].At("expected the axes z0x0y0 or x0y0z0, found '" + axes + "'");
   }
-  return operands[0].Told(surroundings.board.CreateFigure(operands[0].text));
+  return operands[0].WithPlace(surroundings.board.CreateFigure(operands[0].text));
 }
 
 Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) {
   const Operand &figure = operands[0], &contour = operands[1];
   VANZET_DO(CheckFigure(figure, surroundings));
   if (surroundings.board.FindContour(contour.number) == nullptr) {
-    return contour.At("there is no " + contour.Name());
+    return contour.Missing();
   }
-  return contour.Told(surroundings.board.Append(figure.text, contour.number));
+  return contour.WithPlace(surroundings.board.Append(figure.text, contour.number));
 }
 
 Result<void> FigureInsert(const Operands& operands, Surroundings& surroundings) {
   VANZET_DO(CheckFigure(operands[0], surroundings));
   VANZET_TRY(const auto placement, PlacementOf(operands[1], surroundings));
-  return operands[1].Told(surroundings.board.Insert(operands[0].text, placement));
+  return operands[1].WithPlace(surroundings.board.Insert(operands[0].text, placement));
 }
 
 Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) {
@@ -42,16 +42,16 @@ Result<void> FigureDelete(const Operands& operands, Surroundings& surroundings) 
 }
 
 Result<void> LayerChange(const Operands& operands, Surroundings& surroundings) {
-  return operands[0].Told(surroundings.board.SelectLayer(operands[0].text));
+  return operands[0].WithPlace(surroundings.board.SelectLayer(operands[0].text));
 }
 
 Result<void> LayerDelete(const Operands& operands, Surroundings& surroundings) {
-  return operands[0].Told(surroundings.board.DeleteLayer(operands[0].text));
+  return operands[0].WithPlace(surroundings.board.DeleteLayer(operands[0].text));
 }
 
 Result<void> SelectWindow(const Operands& operands, Surroundings& surroundings) {
   const std::int32_t number = operands[0].number;
-  if (number != 0 && number != 1) return operands[0].At("there are the windows 0 and 1 only");
+  if (number != 0 && number != 1) return operands[0].At("expected window 0 or 1");
   surroundings.board.window = number == 0 ? drawing::Window::kConstruction : drawing::Window::kDisplay;
   return {};
 }
@@ -63,7 +63,7 @@ Result<void> BeginDrawing(const Operands&, Surroundings&) {
 
 Result<void> Refresh(const Operands& operands, Surroundings& surroundings) {
   if (operands[0].number != -1) return operands[0].At("expected -1, for all that is shown");
-  // Whoever looks at the drawing looks at its file.
+  // Viewers of the drawing read its file.
   return surroundings.board.Save();
 }
 

@@ -13,7 +13,7 @@ constexpr std::int32_t kCancelled = 27;
 constexpr std::int32_t kObjectPicked = 151;
 constexpr std::int32_t kPositionPicked = 1;
 
-/// Gives every figure its number: those of the drawing, then those of the files, each in the order of bytes.
+/// Gives every figure a number: those of the drawing, then those of the files, each in the order of bytes.
 void NumberFigures(Surroundings& surroundings) {
   drawing::NameNumbers& objects = surroundings.board.objects;
   for (const auto& [name, figure] : surroundings.board.drawing().figures) objects.NumberOf(name);
@@ -26,13 +26,15 @@ bool IsFigure(const std::string& name, Surroundings& surroundings) {
   return std::ranges::find(files, name) != files.end();
 }
 
-/// The number of the figure that is picked next, or nothing when the pick is cancelled.
+/// Asks for a figure and returns its number, or nothing when the pick is cancelled.
 Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surroundings& surroundings) {
   VANZET_DO(surroundings.board.Load());
   VANZET_TRY(const auto pick, surroundings.picks.Next({Pick::Kind::kFigure, prompt}));
   if (pick.kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
   if (!IsFigure(pick.name, surroundings)) {
-    return surroundings.picks.At(pick, "there is no figure '" + pick.name + "'");
+    Fault fault = surroundings.picks.At(pick, "figure '" + pick.name + "' does not exist");
+    fault.kind = FaultKind::kMissing;
+    return fault;
   }
   NumberFigures(surroundings);
   return std::optional(surroundings.board.objects.NumberOf(pick.name));
@@ -42,7 +44,7 @@ Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surrou
 
 Result<void> PickObject(const Operands& operands, Surroundings& surroundings) {
   const auto picked = PickFigure(operands[2].text, surroundings);
-  // A pick that fails is a cancelled one: whoever reads another event would ask for ever.
+  // A failed pick counts as cancelled: a caller that got another event would ask for ever.
   const auto object = picked ? *picked : std::nullopt;
   const std::pair<const Operand&, std::int32_t> results[] = {
       {operands[0], object ? kObjectPicked : kCancelled}, {operands[1], object.value_or(0)}};
@@ -56,7 +58,8 @@ Result<void> PickObject(const Operands& operands, Surroundings& surroundings) {
 Result<void> ObjectInformation(const Operands& operands, Surroundings& surroundings) {
   const auto name = surroundings.board.objects.NameOf(operands[0].number);
   if (name) return surroundings.variables.Set("$_misc", *name);
-  return operands[0].At("there is no object " + std::to_string(operands[0].number));
+  return operands[0].At("object " + std::to_string(operands[0].number) + " does not exist",
+                        FaultKind::kMissing);
 }
 
 Result<void> ClearMarks(const Operands&, Surroundings&) {
@@ -66,7 +69,7 @@ Result<void> ClearMarks(const Operands&, Surroundings&) {
 
 Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings) {
   project::Variables& variables = surroundings.variables;
-  if (!arguments.Take("POS")) return arguments.Expected("'POS'");
+  if (!arguments.SkipWord("POS")) return arguments.Expected("'POS'");
   VANZET_DO(arguments.End());
   const auto pick = surroundings.picks.Next({Pick::Kind::kPosition});
   const bool isPicked = pick && pick->kind == Pick::Kind::kPosition;

@@ -9,7 +9,7 @@ namespace {
 /// The operands of both `file` commands begin alike: '' $_project 'KEY'.
 Result<void> CheckProject(const Operands& operands) {
   if (operands[0].text.empty()) return {};
-  return operands[0].At("expected an empty text: there is no file but the project's own");
+  return operands[0].At("expected an empty text: the project's own file is the only one");
 }
 
 constexpr std::int32_t kDone = 0;
@@ -25,8 +25,8 @@ struct Request {
       : file(operands[0].text), status(operands[1].text), vdm(operands[2].number) {}
 };
 
-/// Sets the status variable to what became of the work, and gives the work's fault on.
-Result<void> Report(const Result<void>& work, const std::string& status, project::Variables& variables) {
+/// Sets the status variable to the outcome of the work, and returns the fault of the work.
+Result<void> SetStatus(const Result<void>& work, const std::string& status, project::Variables& variables) {
   VANZET_DO(variables.Set(status, work ? kDone : kFailed));
   return work;
 }
@@ -43,7 +43,7 @@ Result<void> Load(const Request& request, Surroundings& surroundings) {
   const Result<void> kept =
       content ? surroundings.store.Replace(request.vdm, *content) : Result<void>(content.fault());
   if (kept) return kept;
-  // A load that fails leaves no VDM under the number: who loads has given the old content up.
+  // A failed load leaves no VDM under the number: the caller has given up the old content.
   const auto removed = surroundings.store.Delete(request.vdm);
   return removed ? kept : removed;
 }
@@ -62,17 +62,17 @@ Result<void> FileRead(const Operands& operands, Surroundings& surroundings) {
 
 Result<void> FileStore(const Operands& operands, Surroundings& surroundings) {
   VANZET_DO(CheckProject(operands));
-  return operands[2].Told(surroundings.workplace.SetSetting(operands[2].text, operands[3].text));
+  return operands[2].WithPlace(surroundings.workplace.SetSetting(operands[2].text, operands[3].text));
 }
 
 Result<void> VdmSave(const Operands& operands, Surroundings& surroundings) {
   const Request request(operands);
-  return Report(Save(request, surroundings), request.status, surroundings.variables);
+  return SetStatus(Save(request, surroundings), request.status, surroundings.variables);
 }
 
 Result<void> VdmLoad(const Operands& operands, Surroundings& surroundings) {
   const Request request(operands);
-  return Report(Load(request, surroundings), request.status, surroundings.variables);
+  return SetStatus(Load(request, surroundings), request.status, surroundings.variables);
 }
 
 }  // namespace vanzet::language

@@ -19,12 +19,12 @@ modeller::Axis AxisAt(const Operands& operands, std::size_t first) {
           {operands[first + 3].real, operands[first + 4].real, operands[first + 5].real}};
 }
 
-/// Makes a body of a contour, and leaves its number in the variable; 0 when there is none.
+/// Makes a body of a contour, and sets the variable to its number, or to 0 when it fails.
 template <class Sweep>
 Result<void> MakeBody(const Operand& contour, const Operand& variable, Surroundings& surroundings,
                       Sweep sweep) {
   const geometry::Kurve* const curve = surroundings.board.FindContour(contour.number);
-  Result<std::int32_t> number = contour.At("there is no " + contour.Name());
+  Result<std::int32_t> number = contour.Missing();
   if (curve != nullptr) {
     const auto body = sweep(*curve);
     number = body ? surroundings.bodies.Add(*body) : Result<std::int32_t>(contour.At(body.fault()));
@@ -33,11 +33,6 @@ Result<void> MakeBody(const Operand& contour, const Operand& variable, Surroundi
     return variable.At(set.fault());
   }
   return number ? Result<void>() : number.fault();
-}
-
-/// What a change of the body that an operand names has come to.
-Result<void> Changed(const Operand& body, const Result<void>& change) {
-  return change ? change : body.At(change.fault());
 }
 
 }  // namespace
@@ -56,20 +51,19 @@ Result<void> ExtrudeContour(const Operands& operands, Surroundings& surroundings
 
 Result<void> MoveBody(const Operands& operands, Surroundings& surroundings) {
   const geometry::Vector3d way(PointAt(operands, 2), PointAt(operands, 5));
-  return Changed(operands[1], surroundings.bodies.Move(operands[1].number, way));
+  return operands[1].WithPlace(surroundings.bodies.Move(operands[1].number, way));
 }
 
 Result<void> TurnBody(const Operands& operands, Surroundings& surroundings) {
-  return Changed(operands[1],
-                 surroundings.bodies.Turn(operands[1].number, AxisAt(operands, 2), operands[8].real));
+  return operands[1].WithPlace(
+      surroundings.bodies.Turn(operands[1].number, AxisAt(operands, 2), operands[8].real));
 }
 
 Result<void> ExportBody(const Operands& operands, Surroundings& surroundings) {
   const auto file = surroundings.paths.Resolve(operands[1].text);
-  if (const auto target = surroundings.store.CheckTarget(file); !target)
-    return operands[1].At(target.fault());
-  return Changed(operands[3],
-                 modeller::ExportVrml(surroundings.bodies, operands[3].number, file, surroundings.mesh));
+  VANZET_DO(operands[1].WithPlace(surroundings.store.CheckTarget(file)));
+  return operands[3].WithPlace(
+      modeller::ExportVrml(surroundings.bodies, operands[3].number, file, surroundings.mesh));
 }
 
 }  // namespace vanzet::language

@@ -6,15 +6,15 @@ namespace {
 
 using drawing::Board;
 
-/// What `del` knows of the entities of one letter.
+/// How `del` finds and removes the entities of one letter.
 struct Deletion {
   char letter;
-  bool (*isThere)(const Board& board, int number);
+  bool (*exists)(const Board& board, int number);
   void (*remove)(Board& board, int first, int last);
 };
 
 template <auto Entities>
-bool IsThere(const Board& board, int number) {
+bool Exists(const Board& board, int number) {
   return (board.workpieces.*Entities).contains(number);
 }
 
@@ -24,22 +24,22 @@ void Remove(Board& board, int first, int last) {
   entities.erase(entities.lower_bound(first), entities.upper_bound(last));
 }
 
-bool IsContourThere(const Board& board, int number) {
+bool ContourExists(const Board& board, int number) {
   return board.FindContour(number) != nullptr;
 }
 
-bool IsLineThere(const Board& board, int number) {
+bool LineExists(const Board& board, int number) {
   return board.FindLine(number) != nullptr;
 }
 
 using drawing::Workpieces;
 // clang-format off
 constexpr Deletion kDeletions[] = {
-    { 'c', IsThere<&Workpieces::circles>,    Remove<&Workpieces::circles>    },
-    { 'k', IsContourThere, [](Board& board, int first, int last) { board.DeleteContours(first, last); } },
-    { 'm', IsThere<&Workpieces::transforms>, Remove<&Workpieces::transforms> },
-    { 'p', IsThere<&Workpieces::points>,     Remove<&Workpieces::points>     },
-    { 's', IsLineThere,    [](Board& board, int first, int last) { board.DeleteLines(first, last); } },
+    { 'c', Exists<&Workpieces::circles>,    Remove<&Workpieces::circles>    },
+    { 'k', ContourExists, [](Board& board, int first, int last) { board.DeleteContours(first, last); } },
+    { 'm', Exists<&Workpieces::transforms>, Remove<&Workpieces::transforms> },
+    { 'p', Exists<&Workpieces::points>,     Remove<&Workpieces::points>     },
+    { 's', LineExists,    [](Board& board, int first, int last) { board.DeleteLines(first, last); } },
 };
 // clang-format on
 
@@ -49,7 +49,7 @@ const Deletion& DeletionOf(char letter) {
   return *row;
 }
 
-/// As the geometry numbers them, from 1.
+/// The number of the axis in the geometry library, from 1.
 int AxisOf(const Operand& operand) {
   return operand.letter - 'x' + 1;
 }
@@ -57,7 +57,7 @@ int AxisOf(const Operand& operand) {
 Result<geometry::Matrix*> FindTransform(const Operand& operand, Surroundings& surroundings) {
   auto& transforms = surroundings.board.workpieces.transforms;
   const auto transform = transforms.find(operand.number);
-  if (transform == transforms.end()) return operand.At("there is no " + operand.Name());
+  if (transform == transforms.end()) return operand.Missing();
   return &transform->second;
 }
 
@@ -65,10 +65,10 @@ Result<geometry::Matrix*> FindTransform(const Operand& operand, Surroundings& su
 
 Result<void> DeleteEntities(const Operands& operands, Surroundings& surroundings) {
   for (const Operand& operand : operands) {
-    // What is missing in a range is no fault; what is named alone has to be there.
+    // A range may have gaps; an entity that is named alone must exist.
     const bool isRange = operand.last != operand.number;
-    if (isRange || DeletionOf(operand.letter).isThere(surroundings.board, operand.number)) continue;
-    return operand.At("there is no " + operand.Name());
+    if (isRange || DeletionOf(operand.letter).exists(surroundings.board, operand.number)) continue;
+    return operand.Missing();
   }
   for (const Operand& operand : operands) {
     DeletionOf(operand.letter).remove(surroundings.board, operand.number, operand.last);

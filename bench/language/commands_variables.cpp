@@ -32,15 +32,16 @@ Result<void> AssignText(const std::string& variable, CommandLine& line, project:
 }  // namespace
 
 Result<void> Assign(const std::string& variable, CommandLine& line, Surroundings& surroundings) {
-  // A name of one letter is told by the variables themselves, as one of no type is.
+  // The variables refuse a name of one letter themselves.
   switch (variable.front()) {
     case 'i': return AssignInteger(variable, line, surroundings.variables);
     case 'w': return AssignReal(variable, line, surroundings.variables);
     case '$': return AssignText(variable, line, surroundings.variables);
     default: break;
   }
-  return Fault{"expected a command or a variable that begins with i, w or $, found '" + variable + "'", "", 0,
-               line.firstColumn()};
+  return Fault{
+      .text = "expected a command or a variable that begins with i, w or $, found '" + variable + "'",
+      .column = line.firstColumn()};
 }
 
 }  // namespace vanzet::language

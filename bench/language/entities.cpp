@@ -4,7 +4,7 @@ namespace vanzet::language {
 namespace {
 
 Fault Missing(const Entity& entity, const CommandLine& line) {
-  return line.FaultHere("there is no " + entity.Name());
+  return line.FaultHere(entity.Name() + " does not exist", FaultKind::kMissing);
 }
 
 template <class Value>
@@ -14,7 +14,7 @@ Result<Value> Find(const std::map<int, Value>& values, const Entity& entity, con
   return value->second;
 }
 
-/// Reads the name of an entity of that letter and finds it by `find`, before the walk goes on.
+/// Reads the name of an entity of that letter and finds it by `find`.
 template <class Found, class Find>
 Result<Found> ReadAndFind(char letter, std::string_view meaning, CommandLine& line, Find find) {
   VANZET_TRY(const auto entity, line.EntityOf(letter, meaning));
@@ -51,16 +51,18 @@ Result<geometry::Point> PointOf(CommandLine& line, Surroundings& surroundings) {
 }
 
 Result<geometry::Point> ReadCoordinates(CommandLine& line) {
-  if (!line.TakeMark("X")) return line.Expected("'X' and a number");
-  VANZET_TRY(const auto x, line.WholeNumber("a number behind 'X'"));
-  if (!line.TakeMark("Y")) return line.Expected("'Y' and a number");
-  VANZET_TRY(const auto y, line.WholeNumber("a number behind 'Y'"));
+  if (!line.SkipMark("X")) return line.Expected("'X' and a number");
+  VANZET_TRY(const auto x, line.WholeNumber("a number after 'X'"));
+  if (!line.SkipMark("Y")) return line.Expected("'Y' and a number");
+  VANZET_TRY(const auto y, line.WholeNumber("a number after 'Y'"));
   return geometry::Point(x, y);
 }
 
 Result<void> AtStart(const CommandLine& line, const Result<void>& done) {
   if (done || !done.fault().file.empty()) return done;
-  return Fault{done.fault().text, "", 0, done.fault().column > 0 ? done.fault().column : line.firstColumn()};
+  Fault fault = done.fault();
+  if (fault.column == 0) fault.column = line.firstColumn();
+  return fault;
 }
 
 }  // namespace vanzet::language

@@ -12,7 +12,7 @@ struct Command {
   std::string_view words[2];
   OperandForms operands;
   Result<void> (*run)(const Operands& operands, Surroundings& surroundings);
-  bool draws;  ///< works on the drawing, which has to be read first
+  bool draws;  ///< uses the drawing, which must be loaded first
 };
 
 // clang-format off
@@ -77,11 +77,11 @@ constexpr Definition kDefinitions[] = {
 Result<void> RunDefinition(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   for (const Definition& definition : kDefinitions) {
     if (definition.letter != entity.letter) continue;
-    if (definition.hasEqualsSign && !line.TakeMark("=")) return line.Expected("'=' behind " + entity.Name());
+    if (definition.hasEqualsSign && !line.SkipMark("=")) return line.Expected("'=' after " + entity.Name());
     VANZET_DO(surroundings.board.Load());
     return definition.run(entity, line, surroundings);
   }
-  return line.FaultHere("no line begins with " + entity.Name());
+  return line.FaultHere("a line cannot begin with " + entity.Name());
 }
 
 Result<void> RunCommand(const Command& command, CommandLine& line, Surroundings& surroundings) {
@@ -92,33 +92,33 @@ Result<void> RunCommand(const Command& command, CommandLine& line, Surroundings&
   return command.run(operands, surroundings);
 }
 
-/// Told behind a word that begins commands, none of which goes on like this.
+/// The fault after a first word of commands whose second word is not one of theirs.
 Fault UnknownSecondWord(std::string_view first, const CommandLine& line) {
   std::string words;
   for (const Command& command : kCommands) {
     if (command.words[0] == first)
       words += (words.empty() ? "'" : ", '") + std::string(command.words[1]) + "'";
   }
-  return line.Expected("one of " + words + " behind '" + std::string(first) + "'");
+  return line.Expected("one of " + words + " after '" + std::string(first) + "'");
 }
 
 }  // namespace
 
 Result<void> Run(std::string_view text, Surroundings& surroundings) {
   CommandLine line(text);
-  if (const auto entity = line.TakeEntity("ckps")) return RunDefinition(*entity, line, surroundings);
-  if (const auto variable = line.TakeAssignment()) return Assign(*variable, line, surroundings);
+  if (const auto entity = line.ReadEntity("ckps")) return RunDefinition(*entity, line, surroundings);
+  if (const auto variable = line.ReadAssignment()) return Assign(*variable, line, surroundings);
   std::string_view first;
   for (const Command& command : kCommands) {
     CommandLine words(text);
-    if (!words.Take(command.words[0])) continue;
-    if (command.words[1].empty() || words.Take(command.words[1]))
+    if (!words.SkipWord(command.words[0])) continue;
+    if (command.words[1].empty() || words.SkipWord(command.words[1]))
       return RunCommand(command, words, surroundings);
     first = command.words[0];
     line = words;
   }
   if (!first.empty()) return UnknownSecondWord(first, line);
-  return Fault{"unknown command '" + std::string(text) + "'", "", 0, 1};
+  return Fault{.text = "unknown command '" + std::string(text) + "'", .column = 1};
 }
 
 }  // namespace vanzet::language

@@ -16,29 +16,29 @@
 
 namespace vanzet::language {
 
-/// What lines ask of the project that they run in, beyond its variables, VDMs and drawing.
+/// The services of the project that macro lines use, beyond its variables, VDMs and drawing.
 class Workplace {
  public:
   virtual ~Workplace() = default;
 
-  /// A value of the host's environment, empty when there is none.
+  /// A value of the host's environment, empty for an unknown key.
   virtual std::string Environment(std::string_view key) = 0;
 
-  /// The project's own settings; one that is not there is empty.
+  /// The project's own settings; a setting without a value is empty.
   virtual Result<std::string> Setting(std::string_view key) = 0;
   virtual Result<void> SetSetting(std::string_view key, std::string_view value) = 0;
 
-  /// The figures that stand as files beside the drawing, rising in the order of bytes.
+  /// The names of the figures that are files next to the drawing, in the order of bytes.
   virtual std::vector<std::string> FigureFiles() = 0;
 
-  /// The contours of one of them. A fault when there is none of that name.
+  /// Reads the contours of one of them. Fails with `kMissing` for an unknown name.
   virtual Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) = 0;
 
-  /// Shows help on a topic; where nobody can, nothing happens.
+  /// Shows help on a topic, if help can be shown.
   virtual Result<void> ShowHelp(const std::string& topic) = 0;
 };
 
-/// What the lines of the macro language work on. It belongs to whoever made it.
+/// The objects that macro lines work on. All of them belong to the caller.
 struct Surroundings {
   project::Variables& variables;
   vdm::VdmStore& store;
@@ -50,11 +50,11 @@ struct Surroundings {
   Workplace& workplace;
 };
 
-/// Runs one line. An unknown or wrong line changes nothing; its fault tells the column, from 1, and what was
-/// expected. The commands: docs/formats/macro-language.md.
+/// Runs one line. An unknown or wrong line changes nothing; its fault has a column, from 1, and says what was
+/// expected. The commands: docs/macro-language.md.
 Result<void> Run(std::string_view line, Surroundings& surroundings);
 
-/// Runs a macro that the host has by name. Columns of faults count in the arguments.
+/// Runs a macro of the host by its name. The columns of faults count in the arguments.
 Result<void> RunMacro(std::string_view name, std::string_view arguments, Surroundings& surroundings);
 
 }  // namespace vanzet::language

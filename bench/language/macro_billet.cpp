@@ -5,15 +5,16 @@
 #include "modeller/spun_part.h"
 #include "project/definition.h"
 
-/// The macro that makes the billet of the definition that was closed last from its two figures, as a drawing
-/// and as a solid: crebilfromfig 1, crebilfromfig 2.
+/// The macro that makes the billet of the definition that was closed last, from its two figures, as a
+/// drawing and as a solid: crebilfromfig 1, crebilfromfig 2.
 namespace vanzet::language {
 namespace {
 
 using drawing::Board;
 using Curves = std::vector<geometry::Kurve>;
 
-/// Where the billet of a spindle is kept, and how it is drawn. Its solid has the name of its figure.
+/// The operation with the billet of a spindle, and its figure and layer. Its solid has the name of its
+/// figure.
 struct Spindle {
   std::string_view argument;
   std::size_t operation;
@@ -27,19 +28,19 @@ constexpr Spindle kSpindles[] = {
 
 Result<const Spindle*> ReadSpindle(CommandLine& arguments) {
   for (const Spindle& spindle : kSpindles) {
-    if (!arguments.Take(spindle.argument)) continue;
+    if (!arguments.SkipWord(spindle.argument)) continue;
     VANZET_DO(arguments.End());
     return &spindle;
   }
   return arguments.Expected("1 for the main spindle or 2 for the sub spindle");
 }
 
-/// The names of the figures, outside and inside, that a billet of the kind 2 has in its section.
+/// The names of the figures, outside and inside, in the section of a billet of the kind 2.
 Result<std::vector<std::string>> FiguresOf(const Spindle& spindle, Surroundings& surroundings) {
   constexpr std::size_t kBillet = 3, kItems = 4;
   constexpr std::int32_t kFromFigures = 2;
   const auto vdm = surroundings.store.LastClosed();
-  if (!vdm) return Fault{"no definition was closed yet"};
+  if (!vdm) return Fault{.text = "no definition was closed yet", .kind = FaultKind::kMissing};
   VANZET_TRY(const auto content, surroundings.store.Snapshot(static_cast<std::int64_t>(*vdm)));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
   const auto& operations = definition.operations;
@@ -53,7 +54,7 @@ Result<std::vector<std::string>> FiguresOf(const Spindle& spindle, Surroundings&
   return std::vector<std::string>{items[2], items[3]};
 }
 
-/// The contours of a figure of the drawing or of the files. A text that names none has no contours.
+/// The contours of a figure of the drawing or of the files. An empty text or "0" stands for no figure.
 Result<Curves> CurvesOf(const std::string& figure, Surroundings& surroundings) {
   if (figure.empty() || figure == "0") return Curves();
   const auto& figures = surroundings.board.drawing().figures;
@@ -64,16 +65,16 @@ Result<Curves> CurvesOf(const std::string& figure, Surroundings& surroundings) {
   return curves;
 }
 
-/// What a billet is made from.
+/// The contours that a billet is made from.
 struct Contours {
   Curves outside, inside;
 };
 
-Result<Curves> SoundCurvesOf(const std::string& figure, Surroundings& surroundings) {
+Result<Curves> CheckedCurvesOf(const std::string& figure, Surroundings& surroundings) {
   VANZET_TRY(auto curves, CurvesOf(figure, surroundings));
   for (const geometry::Kurve& curve : curves) {
-    if (const auto sound = drawing::CheckCurve(curve); !sound) {
-      return Fault{"the figure '" + figure + "': " + sound.fault().text};
+    if (const auto valid = drawing::CheckCurve(curve); !valid) {
+      return Fault{"the figure '" + figure + "': " + valid.fault().text};
     }
   }
   return curves;
@@ -81,12 +82,12 @@ Result<Curves> SoundCurvesOf(const std::string& figure, Surroundings& surroundin
 
 Result<Contours> ContoursOf(const Spindle& spindle, Surroundings& surroundings) {
   VANZET_TRY(const auto names, FiguresOf(spindle, surroundings));
-  VANZET_TRY(auto outside, SoundCurvesOf(names.front(), surroundings));
-  VANZET_TRY(auto inside, SoundCurvesOf(names.back(), surroundings));
+  VANZET_TRY(auto outside, CheckedCurvesOf(names.front(), surroundings));
+  VANZET_TRY(auto inside, CheckedCurvesOf(names.back(), surroundings));
   return Contours{std::move(outside), std::move(inside)};
 }
 
-/// Draws the contours as the billet's figure, in the place of the old one, in the billet's layer.
+/// Draws the contours as the figure of the billet, in the layer of the billet, and replaces the old figure.
 Result<void> DrawBillet(const Spindle& spindle, const Contours& contours, Board& board) {
   const std::string layer = board.layer();
   const drawing::Window window = board.window;
@@ -106,13 +107,12 @@ Result<void> DrawBillet(const Spindle& spindle, const Contours& contours, Board&
   return drawn;
 }
 
-/// Puts the solid in the place of the old one. Without a solid there is none any more: the old one would be
-/// that of another billet.
+/// Replaces the solid of the billet. The old solid goes in any case: it would be that of another billet.
 Result<void> ModelBillet(const Spindle& spindle, const Contours& contours, modeller::BodyTable& bodies) {
   if (const std::int32_t old = bodies.NumberOf(spindle.figure); old != 0) {
     VANZET_DO(bodies.Delete(old));
   }
-  auto body = modeller::SpunPart(contours.outside, contours.inside);
+  auto body = modeller::SpinPart(contours.outside, contours.inside);
   if (!body) return Fault{std::string(spindle.figure) + " is drawn but has no solid: " + body.fault().text};
   if (!*body) return {};
   const auto added = bodies.Add(std::move(**body), spindle.figure);
@@ -125,7 +125,7 @@ Result<void> BilletFromFigures(CommandLine& arguments, Surroundings& surrounding
   VANZET_TRY(const auto spindle, ReadSpindle(arguments));
   VANZET_DO(surroundings.board.Load());
   VANZET_TRY(const auto contours, ContoursOf(*spindle, surroundings));
-  // On a board beside it, so that a drawing without room for the new billet keeps the old one.
+  // On a copy of the board, so that a drawing without room for the new billet keeps the old one.
   Board drawn = surroundings.board;
   VANZET_DO(DrawBillet(*spindle, contours, drawn));
   surroundings.board = std::move(drawn);

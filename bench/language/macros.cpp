@@ -23,13 +23,13 @@ const Macro* FindMacro(std::string_view name) {
   return nullptr;
 }
 
-Fault Unknown(std::string_view name) {
-  return Fault{"there is no macro '" + std::string(name) + "'"};
+Fault MissingMacro(std::string_view name) {
+  return Fault{.text = "macro '" + std::string(name) + "' does not exist", .kind = FaultKind::kMissing};
 }
 
 constexpr std::size_t kFields = 4;
 
-/// What the macro's arguments say; a field that is empty says nothing.
+/// The arguments of the macro; an empty field has no effect.
 struct LayerArguments {
   std::string fields[kFields];  ///< colour and style, twice
   int columns[kFields] = {};
@@ -37,8 +37,8 @@ struct LayerArguments {
   int layerColumn = 0;
 };
 
-/// The layer's name stands between the last two quotes; one quote may be left over before them, since the
-/// name's first quote is sometimes doubled.
+/// The name of the layer is between the last two quotes; one quote may be left over before them, since the
+/// first quote of the name is sometimes doubled.
 Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   LayerArguments read;
   const int column = arguments.NextColumn();
@@ -46,7 +46,7 @@ Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   const std::size_t end = text.rfind('\''),
                     begin = end == 0 || end == std::string::npos ? end : text.rfind('\'', end - 1);
   if (end == std::string::npos || end == 0 || begin == std::string::npos || end + 1 != text.size()) {
-    return Fault{"expected the layer in single quotes at the end", "", 0, column};
+    return Fault{.text = "expected the layer in single quotes at the end", .column = column};
   }
   read.layer = text.substr(begin + 1, end - begin - 1);
   read.layerColumn = column + static_cast<int>(begin);
@@ -56,12 +56,12 @@ Result<LayerArguments> ReadArguments(CommandLine& arguments) {
     read.fields[i] = field;
     read.columns[i] = fields.column();
   }
-  fields.TakeMark("'");
+  fields.SkipMark("'");
   VANZET_DO(fields.End());
   return read;
 }
 
-/// The first of two fields that says something, found in a table; `kept` when neither does.
+/// The table row that the first non-empty of two fields names; `kept` when both are empty.
 template <class Row>
 Result<const Row*> Choose(const LayerArguments& arguments, std::size_t first, const Row* kept,
                           const Row* (*find)(std::string_view), const std::string& names) {
@@ -69,10 +69,10 @@ Result<const Row*> Choose(const LayerArguments& arguments, std::size_t first, co
   const std::string& name = arguments.fields[field];
   const Row* const row = name.empty() ? kept : find(name);
   if (row != nullptr) return row;
-  return Fault{"expected " + names + ", found '" + name + "'", "", 0, arguments.columns[field]};
+  return Fault{.text = "expected " + names + ", found '" + name + "'", .column = arguments.columns[field]};
 }
 
-/// Draws in the layer from now on, with the pen that the arguments tell.
+/// Makes the layer current, with the pen of the arguments.
 Result<void> BeginLayer(const LayerArguments& arguments, drawing::Board& board) {
   const auto layer = board.drawing().layers.find(arguments.layer);
   const drawing::Pen old = layer == board.drawing().layers.end() ? drawing::Pen() : layer->second;
@@ -81,21 +81,21 @@ Result<void> BeginLayer(const LayerArguments& arguments, drawing::Board& board) 
   VANZET_TRY(const auto style,
              Choose(arguments, 1, old.style, drawing::FindLineStyle, drawing::LineStyleNames()));
   const auto begun = board.BeginLayer(arguments.layer, {colour, style});
-  return begun ? begun : Fault{begun.fault().text, "", 0, arguments.layerColumn};
+  return begun ? begun : Fault{.text = begun.fault().text, .column = arguments.layerColumn};
 }
 
 }  // namespace
 
 Result<void> RunMacro(std::string_view name, std::string_view arguments, Surroundings& surroundings) {
   const Macro* const macro = FindMacro(name);
-  if (macro == nullptr) return Unknown(name);
+  if (macro == nullptr) return MissingMacro(name);
   CommandLine line(arguments);
   return macro->run(line, surroundings);
 }
 
 Result<void> RunMacro(const Operand& name, const Operand& arguments, Surroundings& surroundings) {
   const Macro* const macro = FindMacro(name.text);
-  if (macro == nullptr) return name.At(Unknown(name.text));
+  if (macro == nullptr) return name.At(MissingMacro(name.text));
   CommandLine line(arguments.text, arguments.column);
   return macro->run(line, surroundings);
 }

@@ -5,7 +5,7 @@ namespace {
 
 using project::Variables;
 
-/// Every reader gives one operand; its column is where the line's last word began.
+/// A reader returns one operand; its column is that of the word that was read last.
 using Reader = Result<Operand> (*)(const OperandForm& form, CommandLine& line, const Variables& variables);
 
 template <class Text>
@@ -15,7 +15,7 @@ Result<Operand> TextOperand(const CommandLine& line, const Result<Text>& text) {
 }
 
 Result<Operand> ReadWord(const OperandForm& form, CommandLine& line, const Variables&) {
-  if (line.Take(form.meaning)) return Operand{.column = line.column()};
+  if (line.SkipWord(form.meaning)) return Operand{.column = line.column()};
   return line.Expected("'" + std::string(form.meaning) + "'");
 }
 
@@ -38,7 +38,7 @@ Result<Operand> ReadQuoted(const OperandForm& form, CommandLine& line, const Var
 }
 
 Result<Operand> ReadLongText(const OperandForm& form, CommandLine& line, const Variables&) {
-  // A translated text may hold quotes before blanks; the operand behind it holds none.
+  // A translated text may contain quotes before blanks; the operand after it contains none.
   return TextOperand(line, line.LongestQuotedText(form.meaning));
 }
 
@@ -47,11 +47,11 @@ Result<Operand> ReadLayer(const OperandForm& form, CommandLine& line, const Vari
   const int column = line.column();
   const std::string_view rest = line.Rest();
   const std::size_t end = rest.rfind('\''), begin = end == 0 ? 0 : rest.rfind('\'', end - 1);
-  if (end == 0) return Fault{"the closing quote is missing", "", 0, column};
+  if (end == 0) return Fault{.text = "the closing quote is missing", .column = column};
   if (end + 1 != rest.size()) {
-    return Fault{
-        "expected the end of the line behind the layer, found '" + std::string(rest.substr(end + 1)) + "'",
-        "", 0, column + static_cast<int>(end) + 1};
+    return Fault{.text = "expected the end of the line after the layer, found '" +
+                         std::string(rest.substr(end + 1)) + "'",
+                 .column = column + static_cast<int>(end) + 1};
   }
   return Operand{.column = column + static_cast<int>(begin),
                  .text = std::string(rest.substr(begin + 1, end - begin - 1))};
@@ -88,9 +88,9 @@ Result<Operand> ReadEntity(const OperandForm& form, CommandLine& line, const Var
 
 Result<Operand> ReadAlongAxis(const OperandForm& form, CommandLine& line, const Variables&) {
   for (const char* axis : {"x", "y", "z"}) {
-    if (!line.TakeMark(axis)) continue;
+    if (!line.SkipMark(axis)) continue;
     const int column = line.column();
-    VANZET_TRY(const auto number, line.WholeNumber("a number behind the axis"));
+    VANZET_TRY(const auto number, line.WholeNumber("a number after the axis"));
     return Operand{.column = column, .real = number, .letter = *axis};
   }
   return line.Expected(form.meaning);
@@ -98,11 +98,11 @@ Result<Operand> ReadAlongAxis(const OperandForm& form, CommandLine& line, const 
 
 /// One entity or a range of them.
 Result<Operand> ReadEntityRange(const OperandForm& form, CommandLine& line, const Variables& variables) {
-  const auto entity = line.TakeEntity("spckm");
+  const auto entity = line.ReadEntity("spckm");
   if (!entity) return line.Expected(form.meaning);
   Operand operand{
       .column = line.column(), .number = entity->number, .last = entity->number, .letter = entity->letter};
-  if (line.TakeMark(">")) {
+  if (line.SkipMark(">")) {
     VANZET_TRY(const auto last, line.Integer("the last number of the range", variables));
     operand.last = last;
     if (operand.last < operand.number) return line.FaultHere("the range ends before it begins");

@@ -14,7 +14,7 @@ using geometry::Matrix;
 
 constexpr double kRigid = 1e-9;  // how far scales may be from 1
 
-Body Under(const Body& body, const gp_Trsf& motion) {
+Body Apply(const gp_Trsf& motion, const Body& body) {
   return BodyOf(body.shape().shape.Moved(TopLoc_Location(motion)), body.shape().fromStl);
 }
 
@@ -40,42 +40,42 @@ bool Body::IsStl() const {
   return shape_->fromStl;
 }
 
-Result<Body> Moved(const Body& body, const geometry::Vector3d& by) {
-  if (!IsFinite(by.dx, by.dy, by.dz)) return Fault{"a body cannot be moved by what is no number"};
+Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by) {
+  if (!IsFinite(by.dx, by.dy, by.dz)) return Fault{"the displacement is not a finite number"};
   return Guarded([&]() -> Result<Body> {
     gp_Trsf motion;
     motion.SetTranslation(gp_Vec(by.dx, by.dy, by.dz));
-    return Under(body, motion);
+    return Apply(motion, body);
   });
 }
 
-Result<Body> Turned(const Body& body, const Axis& axis, double degrees) {
+Result<Body> TurnBody(const Body& body, const Axis& axis, double degrees) {
   const double length = axis.direction.Magnitude();
   if (!(length > 0) || !std::isfinite(length)) return Fault{"the axis has no direction"};
   const geometry::Point3d& origin = axis.origin;
   if (!IsFinite(origin.x, origin.y, origin.z) || !std::isfinite(degrees)) {
-    return Fault{"a body cannot be turned by what is no number"};
+    return Fault{"the axis or the angle is not a finite number"};
   }
   const Turn turn = TurnOf(degrees);
   Matrix matrix;
   matrix.Translate(-origin.x, -origin.y, -origin.z);
   matrix.Rotate(turn.sine, turn.cosine, axis.direction * (1 / length));
   matrix.Translate(origin.x, origin.y, origin.z);
-  return Placed(body, matrix);
+  return PlaceBody(body, matrix);
 }
 
-Result<Body> Placed(const Body& body, const Matrix& matrix) {
+Result<Body> PlaceBody(const Body& body, const Matrix& matrix) {
   return Guarded([&]() -> Result<Body> {
     const double* e = matrix.e;
     gp_Trsf motion;
-    // Refuses what is singular; the numbers of what is rigid are taken as they are but for their last digits.
+    // Throws for a singular matrix; a rigid one keeps its numbers but for their last digits.
     motion.SetValues(e[0], e[1], e[2], e[3], e[4], e[5], e[6], e[7], e[8], e[9], e[10], e[11]);
     double sx = 0, sy = 0, sz = 0;
     matrix.GetScale(sx, sy, sz);
     const bool isRigid = std::abs(sx - 1) < kRigid && std::abs(sy - 1) < kRigid && std::abs(sz - 1) < kRigid;
     if (!isRigid || motion.IsNegative())
       return Fault{"a body can be moved and turned, not scaled or mirrored"};
-    return Under(body, motion);
+    return Apply(motion, body);
   });
 }
 

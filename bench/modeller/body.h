@@ -9,17 +9,17 @@
 
 namespace vanzet::modeller {
 
-/// What Open CASCADE knows of a body; kernel.h is for this folder alone.
+/// The representation of a body in Open CASCADE; its definition is in kernel.h, for this folder alone.
 struct Shape;
 
-/// A body: a solid, or whatever else a file held. A value: copies share what is never changed.
+/// A body: a solid, or whatever else was in a file. A value: copies share what never changes.
 ///
 /// Units   millimetres
 class Body {
  public:
   explicit Body(std::shared_ptr<const Shape> shape) : shape_(std::move(shape)) {}
 
-  /// True for a body of facets alone, which came from an STL file. It has no surfaces, only triangles.
+  /// True for a body of facets, which comes from an STL file: it has triangles and no surfaces.
   bool IsStl() const;
 
   const Shape& shape() const { return *shape_; }
@@ -28,20 +28,20 @@ class Body {
   std::shared_ptr<const Shape> shape_;
 };
 
-/// A straight line in space with a direction, which need not have the length 1.
+/// A straight line in space with a direction of any length but 0.
 struct Axis {
   geometry::Point3d origin;
   geometry::Vector3d direction;
 };
 
-/// The body elsewhere; millimetres. Refused when a number is not finite.
-Result<Body> Moved(const Body& body, const geometry::Vector3d& by);
+/// Returns the body moved by a distance, in millimetres. Fails when a number is not finite.
+Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by);
 
-/// The body turned by the right hand's rule. Quarter turns about an axis of coordinates leave no dust in the
-/// numbers. Refused for an axis without direction and numbers that are not finite.
-Result<Body> Turned(const Body& body, const Axis& axis, double degrees);
+/// Returns the body turned by the right-hand rule. Quarter turns about a coordinate axis are exact. Fails
+/// for an axis without direction and for numbers that are not finite.
+Result<Body> TurnBody(const Body& body, const Axis& axis, double degrees);
 
-/// The body under a matrix that moves and turns. Refused when it scales or mirrors.
-Result<Body> Placed(const Body& body, const geometry::Matrix& matrix);
+/// Returns the body under a matrix that moves and turns. Fails when the matrix scales or mirrors.
+Result<Body> PlaceBody(const Body& body, const geometry::Matrix& matrix);
 
 }  // namespace vanzet::modeller

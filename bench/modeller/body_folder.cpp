@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// In the order in which they count.
+/// In order of precedence.
 constexpr std::array<std::string_view, 4> kEndings = {".step", ".stp", ".brep", ".stl"};
 
 std::size_t RankOf(const fs::path& path) {
@@ -47,15 +47,17 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
   return files;
 }
 
-Result<std::int32_t> NumberOfNamed(std::string_view name, BodyTable& table, const fs::path& folder,
-                                   const Exchange& exchange) {
+Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table, const fs::path& folder,
+                                      const Exchange& exchange) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
   for (const BodyFile& file : BodyFilesIn(folder)) {
     if (!EqualWithoutCase(file.name, name)) continue;
     VANZET_TRY(auto body, ImportBody(file.path, exchange));
     return table.Add(std::move(body), file.name);
   }
-  return Fault{"there is no body '" + std::string(name) + "'", folder.string()};
+  return Fault{.text = "body '" + std::string(name) + "' does not exist",
+               .file = folder.string(),
+               .kind = FaultKind::kMissing};
 }
 
 }  // namespace vanzet::modeller

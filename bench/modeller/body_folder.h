@@ -11,23 +11,23 @@
 
 namespace vanzet::modeller {
 
-/// A file that holds a body. Its stem is the body's name.
+/// A file with a body. Its stem is the name of the body.
 struct BodyFile {
   std::string name;
   std::filesystem::path path;
 };
 
-/// Whether a body can be read from a file of that name, by its ending.
+/// Whether the ending of the file name is that of a format for bodies.
 bool IsBodyFile(const std::filesystem::path& path);
 
-/// The named bodies of a folder, in the order of their names, without reading any. Of files whose names
-/// differ by case or ending alone, one counts: `.step` before `.stp`, `.brep` and `.stl`, then the order of
-/// bytes. A folder that is not there has none.
+/// Returns the named bodies of a folder in the order of their names, without reading any file. Of files whose
+/// names differ only in case or ending, one counts: `.step` before `.stp`, `.brep` and `.stl`, then the order
+/// of bytes. A folder that does not exist has none.
 std::vector<BodyFile> BodyFilesIn(const std::filesystem::path& folder);
 
-/// The number of the body with that name: of the table, or read from the folder, put into the table under its
-/// name, and kept. A fault when neither has it, or when its file cannot be read.
-Result<std::int32_t> NumberOfNamed(std::string_view name, BodyTable& table,
-                                   const std::filesystem::path& folder, const Exchange& exchange);
+/// Returns the number of the body with that name. A body that is not in the table yet is read from the folder
+/// and added under its name. Fails with `kMissing` when neither has it, and when its file cannot be read.
+Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table,
+                                      const std::filesystem::path& folder, const Exchange& exchange);
 
 }  // namespace vanzet::modeller

@@ -10,27 +10,29 @@ namespace vanzet::modeller {
 
 Result<std::int32_t> BodyTable::Add(Body body, std::string name) {
   if (const std::int32_t other = NumberOf(name); other != 0) {
-    return Fault{"body " + std::to_string(other) + " has the name '" + name + "' already"};
+    return Fault{"body " + std::to_string(other) + " already has the name '" + name + "'"};
   }
-  if (last_ == std::numeric_limits<std::int32_t>::max()) return Fault{"there are no more numbers for bodies"};
+  if (last_ == std::numeric_limits<std::int32_t>::max()) return Fault{"all body numbers are used up"};
   entries_.emplace(++last_, Entry{std::move(body), std::move(name)});
   return last_;
 }
 
 Result<Body> BodyTable::Get(std::int32_t number) const {
   const auto entry = entries_.find(number);
-  if (entry == entries_.end()) return Fault{"there is no body " + std::to_string(number)};
+  if (entry == entries_.end()) {
+    return Fault{.text = "body " + std::to_string(number) + " does not exist", .kind = FaultKind::kMissing};
+  }
   return entry->second.body;
 }
 
 Result<void> BodyTable::Move(std::int32_t number, const geometry::Vector3d& by) {
   VANZET_TRY(const auto body, Get(number));
-  return Change(number, Moved(body, by));
+  return Change(number, MoveBody(body, by));
 }
 
 Result<void> BodyTable::Turn(std::int32_t number, const Axis& axis, double degrees) {
   VANZET_TRY(const auto body, Get(number));
-  return Change(number, Turned(body, axis, degrees));
+  return Change(number, TurnBody(body, axis, degrees));
 }
 
 Result<void> BodyTable::Change(std::int32_t number, Result<Body> changed) {

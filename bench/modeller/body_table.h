@@ -11,18 +11,18 @@
 
 namespace vanzet::modeller {
 
-/// The bodies of a process, by number and perhaps by name.
+/// The bodies of a process, by number and optionally by name.
 ///
-/// Shape   numbers from 1; one that was given is never given again, also when its body is gone. 0 is no body.
-///         A name belongs to one body at most; names that differ in the case of their letters are the same
+/// Shape   numbers from 1; a number is never used again, even after its body was deleted. 0 stands for no
+///         body. A name belongs to one body at most; names that differ only in case are the same
 /// Owns    the bodies
-/// Errors  a fault without a place; the table then is as it was
+/// Errors  a fault without a place, `kMissing` for a number without a body; the table stays unchanged
 class BodyTable {
  public:
-  /// Takes a body in and gives its number. Refused when another body has the name; the empty name is none.
+  /// Adds a body and returns its number. Fails when another body has the name. An empty name means no name.
   Result<std::int32_t> Add(Body body, std::string name = {});
 
-  /// Refused, here and below, when no body has the number.
+  /// These fail when no body has the number.
   Result<Body> Get(std::int32_t number) const;
   Result<void> Move(std::int32_t number, const geometry::Vector3d& by);
   Result<void> Turn(std::int32_t number, const Axis& axis, double degrees);
@@ -34,7 +34,7 @@ class BodyTable {
   /// 0 when no body has that name.
   std::int32_t NumberOf(std::string_view name) const;
 
-  /// In the order of their making.
+  /// In the order in which the bodies were added.
   std::vector<std::int32_t> Numbers() const;
 
  private:

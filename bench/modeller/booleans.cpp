@@ -20,25 +20,25 @@ TopTools_ListOfShape ShapesOf(const std::vector<Body>& bodies) {
 
 }  // namespace
 
-Result<Body> Cut(const std::vector<Body>& bodies, const std::vector<Body>& away) {
-  if (away.empty()) return Joined(bodies);
-  if (bodies.empty()) return Fault{"there is no body"};
-  if (std::ranges::any_of(bodies, &Body::IsStl) || std::ranges::any_of(away, &Body::IsStl)) {
+Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>& tools) {
+  if (tools.empty()) return JoinBodies(bodies);
+  if (bodies.empty()) return Fault{"no body was given"};
+  if (std::ranges::any_of(bodies, &Body::IsStl) || std::ranges::any_of(tools, &Body::IsStl)) {
     return Fault{"a body of facets cannot be cut"};
   }
   return Guarded([&]() -> Result<Body> {
     BRepAlgoAPI_Cut cut;
     cut.SetArguments(ShapesOf(bodies));
-    cut.SetTools(ShapesOf(away));
+    cut.SetTools(ShapesOf(tools));
     cut.Build();
     if (!cut.IsDone() || cut.HasErrors()) return Fault{"Open CASCADE cannot cut it"};
-    if (!TopExp_Explorer(cut.Shape(), TopAbs_SOLID).More()) return Fault{"nothing is left of it"};
+    if (!TopExp_Explorer(cut.Shape(), TopAbs_SOLID).More()) return Fault{"the cut leaves nothing"};
     return BodyOf(cut.Shape());
   });
 }
 
-Result<Body> Joined(const std::vector<Body>& bodies) {
-  if (bodies.empty()) return Fault{"there is no body"};
+Result<Body> JoinBodies(const std::vector<Body>& bodies) {
+  if (bodies.empty()) return Fault{"no body was given"};
   if (bodies.size() == 1) return bodies.front();
   return Guarded([&]() -> Result<Body> {
     const BRep_Builder builder;

@@ -7,11 +7,12 @@
 
 namespace vanzet::modeller {
 
-/// What is left of bodies, joined to one, when others are taken away from them. Refused for no bodies, for
-/// bodies of facets, and when nothing is left.
-Result<Body> Cut(const std::vector<Body>& bodies, const std::vector<Body>& away);
+/// Returns `bodies` as one body without the material of `tools`. Fails for no bodies, for bodies of facets,
+/// and when nothing is left.
+Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>& tools);
 
-/// Bodies as one, each where it is; one of facets when all are. Refused for none.
-Result<Body> Joined(const std::vector<Body>& bodies);
+/// Returns the bodies as one, each where it is; it is a body of facets when all of them are. Fails for no
+/// bodies.
+Result<Body> JoinBodies(const std::vector<Body>& bodies);
 
 }  // namespace vanzet::modeller

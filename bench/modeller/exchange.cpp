@@ -12,12 +12,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<Body> Unpacked(const MemoryFile& parcel) {
+Result<Body> Unpack(const MemoryFile& parcel) {
   return Guarded([&]() -> Result<Body> {
     std::ifstream bytes(parcel.Path(), std::ios::binary);
     TopoDS_Shape shape;
     BinTools::Read(shape, bytes);
-    if (shape.IsNull()) return Fault{"the exchange program gave no body"};
+    if (shape.IsNull()) return Fault{"the exchange program returned no body"};
     return BodyOf(shape, HasFacetsOnly(shape));
   });
 }
@@ -25,19 +25,24 @@ Result<Body> Unpacked(const MemoryFile& parcel) {
 }  // namespace
 
 Exchange Exchange::OfProcess() {
-  if (const char* told = std::getenv("VANZET_EXCHANGE"); told != nullptr && *told != '\0') return {told, {}};
+  if (const char* named = std::getenv("VANZET_EXCHANGE"); named != nullptr && *named != '\0')
+    return {named, {}};
   std::error_code unknown;
   return {fs::read_symlink("/proc/self/exe", unknown).parent_path() / "vanzet-exchange", {}};
 }
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
+  std::error_code unknown;
+  if (fs::status(file, unknown).type() == fs::file_type::not_found) {
+    return Fault{.text = "does not exist", .file = file.string(), .kind = FaultKind::kMissing};
+  }
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes), file.string()};
   auto done = RunExchange(exchange, arguments, parcel);
-  auto body = done ? Unpacked(parcel) : Result<Body>(done.fault());
+  auto body = done ? Unpack(parcel) : Result<Body>(done.fault());
   if (body) return body;
-  return Fault{body.fault().text, file.string()};
+  return WithFile(body.fault(), file);
 }
 
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
@@ -45,7 +50,7 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
   std::ofstream bytes(parcel.Path(), std::ios::binary);
   bytes << text;
   bytes.close();
-  if (!bytes) return Fault{"there is not enough memory"};
+  if (!bytes) return Fault{.text = "out of memory", .kind = FaultKind::kSystem};
   const std::vector<std::string> arguments = {"read-vrml", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes)};
   VANZET_DO(RunExchange(exchange, arguments, parcel));

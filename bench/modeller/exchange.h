@@ -9,46 +9,48 @@
 #include "base/result.h"
 #include "modeller/body.h"
 
-/// Files of other programs are read, and STEP and glTF written, by a program of its own, `vanzet-exchange`: a
-/// file that is broken or made to do harm ends that program and nothing else.
+/// Files of other programs are read, and STEP and glTF files written, by a separate program,
+/// `vanzet-exchange`: a broken or malicious file ends that program and nothing else.
 namespace vanzet::modeller {
 
-/// What that program may take before it is ended.
+/// The limits of that program; when it exceeds one it is ended.
 struct ExchangeLimits {
   int seconds = 120;
   std::uint64_t bytes = std::uint64_t{4} << 30;
 };
 
-/// Told now and then with what is done, from 0 to 1. False ends the work, as Ctrl-C does meanwhile.
+/// Called now and then with the fraction that is done, from 0 to 1. Returning false cancels the work, as
+/// Ctrl-C does.
 using Progress = std::function<bool(double done)>;
 
-/// Where the program is, what it may take, and who waits for it.
+/// The location of the program, its limits, and the receiver of its progress.
 struct Exchange {
   std::filesystem::path program;
   ExchangeLimits limits;
-  Progress progress = {};  ///< empty: nobody is told
+  Progress progress = {};  ///< empty: progress is not reported
 
-  /// Beside the running program, or where the environment variable VANZET_EXCHANGE says.
+  /// The program next to the running one, or the one that the environment variable VANZET_EXCHANGE names.
   static Exchange OfProcess();
 };
 
-/// The body of a file: `.step`, `.stp`, `.stl`, `.brep`, in any case; millimetres, whatever unit a STEP file
-/// is in. STL and BREP are taken to be in millimetres.
+/// Reads the body of a file: `.step`, `.stp`, `.stl` or `.brep`, in upper or lower case. The result is in
+/// millimetres, whatever the unit of a STEP file; STL and BREP files are taken to be in millimetres.
 ///
-/// Errors   a fault with the file's name and what Open CASCADE says of it: not there, another ending, broken,
-///          without a body, too large for the limits, cancelled
+/// Errors   a fault with the name of the file and the message of Open CASCADE: `kMissing` when it does not
+///          exist; another ending, broken, without a body, beyond the limits, cancelled
 Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange);
 
 /// A face set of a VRML text, as a body of facets.
 struct VrmlBody {
-  std::string name;  ///< of the nearest named node that it stands in
+  std::string name;  ///< of the nearest named node around it
   Body body;
 };
 
-/// The face sets of a VRML 2.0 text, in its order, where its transforms put them; millimetres. Read by the
-/// exchange program. A text without any has no bodies.
+/// Reads the face sets of a VRML 2.0 text, in its order, placed by its transforms; millimetres. The exchange
+/// program does the work. A text without face sets has no bodies.
 ///
-/// Errors   a fault without a place: what is no VRML, faces and points that cannot be, the limits
+/// Errors   a fault without a place: not a VRML text, a face with a point that does not exist, beyond the
+///          limits
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange);
 
 }  // namespace vanzet::modeller

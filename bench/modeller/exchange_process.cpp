@@ -26,8 +26,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
 
-constexpr int kParcel = 3;   // its descriptor in the program
-constexpr int kGlance = 50;  // milliseconds between looks at Ctrl-C and the clock
+constexpr int kParcel = 3;  // the descriptor of the parcel in the program
+constexpr int kPoll = 50;   // milliseconds between looks at Ctrl-C and the clock
 constexpr std::size_t kLongestLine = 4096;
 
 /// The program while it runs, and the reading end of its standard output.
@@ -40,11 +40,11 @@ class Process {
       : process_(std::exchange(other.process_, 0)), output_(std::exchange(other.output_, -1)) {}
   Process& operator=(Process&&) = delete;
 
-  /// Its next words, "" at their end, nothing when there were none for a moment.
-  std::optional<std::string> Glance();
+  /// Waits a moment for output and returns it: "" at its end, nothing when none came.
+  std::optional<std::string> PollOutput();
 
-  /// Waits for the end; 0 when it was a good one.
-  int End();
+  /// Waits for the end of the program and returns its status, 0 for success.
+  int Wait();
 
  private:
   Process(pid_t process, int output) : process_(process), output_(output) {}
@@ -56,7 +56,7 @@ class Process {
 Result<Process> Process::Start(const Exchange& exchange, const std::vector<std::string>& arguments,
                                int parcel) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return files::SystemFault("no pipe could be made", errno);
+  if (pipe2(ends, O_CLOEXEC) != 0) return files::SystemFault("cannot make a pipe", errno);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -80,21 +80,21 @@ Result<Process> Process::Start(const Exchange& exchange, const std::vector<std::
 Process::~Process() {
   if (process_ != 0) {
     kill(process_, SIGKILL);
-    End();
+    Wait();
   }
   if (output_ >= 0) close(output_);
 }
 
-std::optional<std::string> Process::Glance() {
+std::optional<std::string> Process::PollOutput() {
   pollfd watched = {output_, POLLIN, 0};
-  if (poll(&watched, 1, kGlance) <= 0) return std::nullopt;
+  if (poll(&watched, 1, kPoll) <= 0) return std::nullopt;
   std::array<char, 512> bytes;
   const ssize_t count = read(output_, bytes.data(), bytes.size());
   if (count < 0) return std::nullopt;
   return std::string(bytes.data(), static_cast<std::size_t>(count));
 }
 
-int Process::End() {
+int Process::Wait() {
   int status = 0;
   while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
   }
@@ -102,17 +102,17 @@ int Process::End() {
   return status;
 }
 
-/// What the program tells, line by line: "progress 0.5", "fault TEXT".
-class Talk {
+/// Reads the reports of the program, one a line: "progress 0.5", "fault TEXT".
+class ReportReader {
  public:
-  explicit Talk(const Progress& progress) : progress_(progress) {}
+  explicit ReportReader(const Progress& progress) : progress_(progress) {}
 
-  /// Tells the one who listens how far the work is, also when there were no words. False when that one wants
-  /// no more.
-  bool Add(std::string_view words) {
-    for (const char c : words) {
+  /// Adds output, which may be empty, and reports the progress to its receiver. Returns false when the
+  /// receiver cancels the work.
+  bool Add(std::string_view output) {
+    for (const char c : output) {
       if (c != '\n' && line_.size() < kLongestLine) line_ += c;
-      if (c == '\n') Take(std::exchange(line_, {}));
+      if (c == '\n') ReadLine(std::exchange(line_, {}));
     }
     return !progress_ || progress_(done_);
   }
@@ -120,7 +120,7 @@ class Talk {
   const std::string& fault() const { return fault_; }
 
  private:
-  void Take(const std::string& line) {
+  void ReadLine(const std::string& line) {
     constexpr std::string_view kFault = "fault ", kProgress = "progress ";
     if (line.starts_with(kFault)) fault_ = line.substr(kFault.size());
     if (line.starts_with(kProgress)) done_ = RealOrZero(line.substr(kProgress.size()));
@@ -132,11 +132,11 @@ class Talk {
   std::string fault_;
 };
 
-Result<void> Verdict(int status, const std::string& fault) {
+Result<void> OutcomeOf(int status, const std::string& fault) {
   if (!fault.empty()) return Fault{fault};
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return Fault{"takes too long"};
   if (WIFSIGNALED(status)) {
-    return Fault{"Open CASCADE broke down over it (signal " + std::to_string(WTERMSIG(status)) + ")"};
+    return Fault{"Open CASCADE crashed (signal " + std::to_string(WTERMSIG(status)) + ")"};
   }
   if (WEXITSTATUS(status) != 0) {
     return Fault{"the exchange program failed (status " + std::to_string(WEXITSTATUS(status)) + ")"};
@@ -146,12 +146,12 @@ Result<void> Verdict(int status, const std::string& fault) {
 
 volatile sig_atomic_t interrupted = 0;
 
-void Note(int) {
+void RecordInterrupt(int) {
   interrupted = 1;
 }
 
-/// While it lives, Ctrl-C does not end this process but is noted. Where it was ignored it stays so. The note
-/// belongs to the process: one watch at a time.
+/// While it exists, Ctrl-C does not end this process but is recorded. Where Ctrl-C was ignored it stays
+/// ignored. The record is one for the process: only one watch at a time.
 class InterruptWatch {
  public:
   InterruptWatch();
@@ -170,7 +170,7 @@ InterruptWatch::InterruptWatch() {
   sigaction(SIGINT, nullptr, &former_);
   if (former_.sa_handler == SIG_IGN) return;
   struct sigaction noting = {};
-  noting.sa_handler = Note;
+  noting.sa_handler = RecordInterrupt;
   sigaction(SIGINT, &noting, nullptr);
 }
 
@@ -186,7 +186,7 @@ bool InterruptWatch::Came() {
 
 Result<MemoryFile> MemoryFile::Make() {
   const int descriptor = memfd_create("vanzet-exchange", MFD_CLOEXEC);
-  if (descriptor < 0) return files::SystemFault("no file in memory could be made", errno);
+  if (descriptor < 0) return files::SystemFault("cannot make a file in memory", errno);
   return MemoryFile(descriptor);
 }
 
@@ -205,23 +205,23 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
   const InterruptWatch watch;
   VANZET_TRY(auto process, Process::Start(exchange, arguments, parcel.descriptor()));
   const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
-  Talk talk(exchange.progress);
+  ReportReader reports(exchange.progress);
   for (bool hasEnded = false; !hasEnded;) {
-    const auto words = process.Glance();
-    hasEnded = words && words->empty();
-    if (!talk.Add(words.value_or("")) || InterruptWatch::Came()) return Fault{"cancelled"};
+    const auto output = process.PollOutput();
+    hasEnded = output && output->empty();
+    if (!reports.Add(output.value_or("")) || InterruptWatch::Came()) return Fault{"cancelled"};
     if (Clock::now() > deadline) {
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }
   }
-  return Verdict(process.End(), talk.fault());
+  return OutcomeOf(process.Wait(), reports.fault());
 }
 
 Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
   std::error_code unknown;
   std::string folder = (fs::temp_directory_path(unknown) / "vanzet-XXXXXX").string();
   if (mkdtemp(folder.data()) == nullptr) {
-    return files::SystemFault("no temporary folder could be made", errno);
+    return files::SystemFault("cannot make a temporary folder", errno);
   }
   return TemporaryFile(folder, fs::path(folder) / ("bodies" + std::string(ending)));
 }

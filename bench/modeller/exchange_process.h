@@ -8,7 +8,13 @@
 
 namespace vanzet::modeller {
 
-/// A file in memory that goes with its owner.
+/// The fault with the name of a file.
+inline Fault WithFile(Fault fault, const std::filesystem::path& file) {
+  fault.file = file.string();
+  return fault;
+}
+
+/// A file in memory that is freed with its owner.
 class MemoryFile {
  public:
   static Result<MemoryFile> Make();
@@ -18,7 +24,7 @@ class MemoryFile {
 
   int descriptor() const { return descriptor_; }
 
-  /// A name under which this process can open it.
+  /// The name by which this process can open it.
   std::string Path() const;
 
  private:
@@ -27,16 +33,17 @@ class MemoryFile {
   int descriptor_;  ///< below 0: moved away
 };
 
-/// Runs `vanzet-exchange` with these arguments; the file in memory is its descriptor 3. What it is to do and
-/// to tell stands in exchange/main.cpp.
+/// Runs `vanzet-exchange` with these arguments; the file in memory becomes its descriptor 3.
+/// exchange/main.cpp lists its orders, exchange/process.h its reports. The program has ended when the
+/// function returns.
 ///
-/// Errors   its fault, without a place; "cancelled" after Ctrl-C or when the exchange's progress gives false.
-///          The program has ended in any case
+/// Errors   the fault that the program reports, without a place; "cancelled" after Ctrl-C and when the
+///          receiver of the progress returns false
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel);
 
-/// The name of a file in a folder of its own among the system's temporary ones; the folder goes with it and
-/// with all that was written there.
+/// The name of a file in a temporary folder of its own; the folder is removed with all its files when the
+/// object is destroyed.
 class TemporaryFile {
  public:
   static Result<TemporaryFile> Make(std::string_view ending);

@@ -28,15 +28,11 @@ constexpr FormatRow kFormats[] = {
     {"gltf", ExportFormat::kGltf, ".glb"},
 };
 
-Result<void> Replace(const fs::path& file, std::string_view bytes) {
-  return files::ReplaceFile(file, bytes);
-}
-
-/// The bodies where they are to be, each still with its name and colour.
-Result<Bodies> InPlace(const Bodies& bodies) {
+/// Moves each body to its placement; names and colours stay.
+Result<Bodies> PlaceBodies(const Bodies& bodies) {
   Bodies placed;
   for (const NamedBody& named : bodies) {
-    VANZET_TRY(auto body, Placed(named.body, named.placement));
+    VANZET_TRY(auto body, PlaceBody(named.body, named.placement));
     placed.push_back({named.name, body, {}, named.colour});
   }
   return placed;
@@ -55,7 +51,7 @@ Result<std::vector<Mesh>> MeshesOf(const Bodies& bodies, const MeshTolerance& to
 std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes) {
   std::string text(kVrmlHead);
   for (std::size_t i = 0; i < bodies.size(); ++i) {
-    text += VrmlNamed(bodies[i].name, i + 1, VrmlShape(meshes[i], bodies[i].colour));
+    text += NamedVrmlNode(bodies[i].name, i + 1, VrmlShape(meshes[i], bodies[i].colour));
   }
   return text;
 }
@@ -69,13 +65,13 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
     std::ofstream bytes(parcel.Path(), std::ios::binary);
     PackParcel(packed, bytes);
     bytes.close();
-    if (!bytes) return Fault{"there is not enough memory"};
+    if (!bytes) return Fault{.text = "out of memory", .kind = FaultKind::kSystem};
     return {};
   });
 }
 
-Result<std::string> WrittenByExchange(const Bodies& bodies, ExportFormat format,
-                                      const MeshTolerance& tolerance, const Exchange& exchange) {
+Result<std::string> WriteByExchange(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
+                                    const Exchange& exchange) {
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   VANZET_DO(Pack(bodies, parcel));
   VANZET_TRY(const auto file, TemporaryFile::Make(EndingOf(format)));
@@ -91,9 +87,9 @@ Result<std::string> WrittenByExchange(const Bodies& bodies, ExportFormat format,
 
 Result<std::string> BytesOf(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
                             const Exchange& exchange) {
-  VANZET_TRY(const auto placed, InPlace(bodies));
+  VANZET_TRY(const auto placed, PlaceBodies(bodies));
   if (format == ExportFormat::kStep || format == ExportFormat::kGltf) {
-    return WrittenByExchange(placed, format, tolerance, exchange);
+    return WriteByExchange(placed, format, tolerance, exchange);
   }
   VANZET_TRY(const auto meshes, MeshesOf(placed, tolerance));
   return format == ExportFormat::kStl ? StlBytes(meshes) : WrlText(placed, meshes);
@@ -117,22 +113,22 @@ std::string_view EndingOf(ExportFormat format) {
 
 Result<void> Export(const Bodies& bodies, ExportFormat format, const fs::path& file,
                     const MeshTolerance& tolerance, const Exchange& exchange) {
-  if (bodies.empty()) return Fault{"there is no body to be written", file.string()};
+  if (bodies.empty()) return Fault{"no body to write", file.string()};
   const auto bytes = BytesOf(bodies, format, tolerance, exchange);
-  if (!bytes) return Fault{bytes.fault().text, file.string()};
-  return Replace(file, *bytes);
+  if (!bytes) return WithFile(bytes.fault(), file);
+  return files::ReplaceFile(file, *bytes);
 }
 
 Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolerance& tolerance) {
   const auto mesh = MeshOf(body, tolerance);
-  if (!mesh) return Fault{mesh.fault().text, file.string()};
-  return Replace(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
+  if (!mesh) return WithFile(mesh.fault(), file);
+  return files::ReplaceFile(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
 }
 
 Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const fs::path& file,
                         const MeshTolerance& tolerance) {
   const auto body = table.Get(number);
-  if (!body) return Fault{body.fault().text, file.string()};
+  if (!body) return WithFile(body.fault(), file);
   return ExportVrml(*body, file, tolerance);
 }
 

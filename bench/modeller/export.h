@@ -12,8 +12,8 @@
 #include "modeller/exchange.h"
 #include "modeller/mesh.h"
 
-/// Bodies to files. Each file is written whole or not at all: a fault, with the file's name, leaves an old
-/// file as it was and nothing else behind. Numbers have a point whatever the locale.
+/// Writing bodies to files. A file is written completely or not at all: after a fault, which names the file,
+/// an old file is unchanged and no other file remains. Numbers have a decimal point in every locale.
 namespace vanzet::modeller {
 
 /// Red, green and blue as a screen shows them, each from 0 to 1.
@@ -28,23 +28,23 @@ struct NamedBody {
   Colour colour;
 };
 
-/// What a file holds of bodies, and in which unit: docs/formats/bodies.md.
+/// The contents and units of the formats: docs/formats/bodies.md.
 enum class ExportFormat { kStep, kStl, kWrl, kGltf };
 
-/// The format of a word of the command line, "step", "stl", "wrl" or "gltf", and the ending of its files.
+/// The format by its word on the command line, "step", "stl", "wrl" or "gltf", and the ending of its files.
 std::optional<ExportFormat> FormatNamed(std::string_view word);
 std::string_view EndingOf(ExportFormat format);
 
-/// Writes the bodies to one file. Refused for no body at all.
+/// Writes the bodies to one file. Fails for no bodies.
 Result<void> Export(const std::vector<NamedBody>& bodies, ExportFormat format,
                     const std::filesystem::path& file, const MeshTolerance& tolerance,
                     const Exchange& exchange);
 
-/// Writes a body's facets alone as VRML 2.0: one IndexedFaceSet, a point and a face a line. The word
-/// "coordIndex" stands on a line of its own before the faces, and a line with "]" ends them.
+/// Writes the facets of a body as VRML 2.0: one IndexedFaceSet, each point and each face on a line of its
+/// own. The word "coordIndex" is alone on the line before the faces, and a line with "]" ends them.
 Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance);
 
-/// The same for a body of the table. A number without a body writes nothing, and an old file stays.
+/// The same for a body of the table. Fails with `kMissing` for a number without a body; an old file stays.
 Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const std::filesystem::path& file,
                         const MeshTolerance& tolerance);
 

@@ -7,18 +7,18 @@
 
 namespace vanzet::modeller {
 
-/// The triangles that the faces of a shape carry, as one mesh. Faces share the points of the edges and
-/// vertices between them, and a pole or the tip of a cone is one point; which points are the same is known
-/// from the shape, not by their distance. Triangles without area that arise are dropped.
+/// The triangles of the faces of a shape as one mesh. Faces share the points of the edges and vertices
+/// between them, and a pole or the tip of a cone is one point; the shape, not the distance, decides which
+/// points are the same. Triangles that lose their area that way are dropped.
 Mesh FacetsOf(const TopoDS_Shape& shape);
 
-/// The mesh as a face that has no surface and carries the triangles.
+/// The mesh as a face that has the triangles and no surface.
 TopoDS_Face FaceOf(const Mesh& mesh);
 
-/// Whether no face has a surface, as in what an STL file becomes.
+/// Whether no face has a surface, as in a shape that was read from an STL file.
 bool HasFacetsOnly(const TopoDS_Shape& shape);
 
-/// Gives the faces of a shape new triangles.
+/// Replaces the triangles of the faces of a shape.
 void Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
 
 }  // namespace vanzet::modeller

@@ -7,14 +7,14 @@
 
 namespace vanzet::modeller {
 
-void QuietKernel() {
+void SilenceKernel() {
   Message::DefaultMessenger()->RemovePrinters(STANDARD_TYPE(Message_PrinterOStream));
 }
 
 Fault KernelFault(const Standard_Failure& failure) {
   const char* message = failure.GetMessageString();
-  const bool isTold = message != nullptr && *message != '\0';
-  return {std::string("Open CASCADE: ") + (isTold ? message : failure.DynamicType()->Name())};
+  const bool hasMessage = message != nullptr && *message != '\0';
+  return {std::string("Open CASCADE: ") + (hasMessage ? message : failure.DynamicType()->Name())};
 }
 
 }  // namespace vanzet::modeller

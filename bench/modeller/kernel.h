@@ -8,31 +8,31 @@
 #include "base/result.h"
 #include "modeller/body.h"
 
-/// The adapter to Open CASCADE: its view of a body, its exceptions as faults, and no output of its own. For this
-/// folder and for tests alone.
+/// The adapter to Open CASCADE: its view of a body, its exceptions as faults, and no output of its own. For
+/// this folder and for tests alone.
 namespace vanzet::modeller {
 
-/// Takes away the printer that writes the kernel's messages to standard output. The messages belong to the
-/// process; called before all work, any number of times.
-void QuietKernel();
+/// Removes the printer that writes the kernel's messages to standard output. The messages are one for the
+/// process; may be called any number of times.
+void SilenceKernel();
 
-/// The kernel's failure as a fault: "Open CASCADE: ...".
+/// An exception of the kernel as a fault: "Open CASCADE: ...".
 Fault KernelFault(const Standard_Failure& failure);
 
-/// What `work` gives, a `Result`; what the kernel throws meanwhile becomes a fault.
+/// Runs `work`, which returns a `Result`; an exception of the kernel becomes a fault.
 template <class Work>
 auto Guarded(Work work) -> decltype(work()) {
-  QuietKernel();
+  SilenceKernel();
   try {
     return work();
   } catch (const Standard_Failure& failure) {
     return KernelFault(failure);
   } catch (const std::bad_alloc&) {
-    return Fault{"there is not enough memory"};
+    return Fault{.text = "out of memory", .kind = FaultKind::kSystem};
   }
 }
 
-/// A body of facets is a face without a surface that carries its triangles, or several of them.
+/// A body of facets is one or more faces with triangles and without a surface.
 struct Shape {
   TopoDS_Shape shape;
   bool fromStl = false;

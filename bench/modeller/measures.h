@@ -8,24 +8,24 @@
 
 namespace vanzet::modeller {
 
-/// What a body is in numbers: mm, mm^2, mm^3. Of facets alone when the body is one of an STL file.
+/// The measures of a body, in mm, mm^2 and mm^3; those of its facets when it comes from an STL file.
 struct Measures {
-  double volume = 0;  ///< of its solids and closed shells; 0 when it has none
+  double volume = 0;  ///< of its solids and closed shells, else 0
   double area = 0;
-  geometry::Point3d centroid;  ///< of the volume; of the area when there is none
+  geometry::Point3d centroid;  ///< of the volume, or of the area when the volume is 0
   bool closed = false;         ///< each edge has faces on both sides
 };
 Result<Measures> MeasuresOf(const Body& body);
 
-/// The box that the body just fits in, of its surfaces and not of what controls them; of its triangles when
-/// it came from an STL file. Within 0.001 mm. Refused for a body without extent.
+/// The smallest box around the body: of its surfaces, not of their control points, and of its triangles when
+/// it comes from an STL file. Exact to 0.001 mm. Fails for a body without extent.
 Result<geometry::Box3d> Extents(const Body& body);
 
-/// The box as the host tells it: minimum x, y, z, maximum x, y, z, in metres.
+/// The box in the form of the host function: minimum x, y, z, maximum x, y, z, in metres.
 std::array<double, 6> InMetres(const geometry::Box3d& box);
 
-/// What facets enclose: the volume between them and the origin, added up with its sign, if they are closed,
-/// and 0 if they are not.
+/// The measures of facets. The volume is the signed sum of the volumes between facets and origin when the
+/// mesh is closed, else 0.
 Measures MeasuresOf(const Mesh& mesh);
 
 /// Whether each edge belongs to two triangles, in opposite senses.

@@ -33,11 +33,11 @@ Result<void> Check(const MeshTolerance& tolerance) {
                       tolerance.angle >= kFinestAngle && tolerance.angle <= 90;
   if (isGood) return {};
   return Fault{"a mesh cannot have the tolerances " + NumberText(tolerance.chord) + " mm, " +
-               NumberText(tolerance.angle) + " degrees; they are at least " + NumberText(kFinestChord) +
+               NumberText(tolerance.angle) + " degrees; they must be at least " + NumberText(kFinestChord) +
                " mm, " + NumberText(kFinestAngle) + " degrees"};
 }
 
-/// Points that are the same, as trees: each has a point that stands for it.
+/// Classes of equal points, kept as trees: the root of a tree represents its points.
 class SamePoints {
  public:
   int Add() {
@@ -79,7 +79,7 @@ class Collector {
     }
   }
 
-  Mesh Take() {
+  Mesh JoinedMesh() {
     Mesh joined;
     std::vector<int> numbers(mesh_.points.size(), -1);
     for (std::array<int, 3> triangle : mesh_.triangles) {
@@ -179,7 +179,7 @@ Mesh FacetsOf(const TopoDS_Shape& shape) {
   for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
     collector.Add(TopoDS::Face(faces.Current()));
   }
-  return collector.Take();
+  return collector.JoinedMesh();
 }
 
 TopoDS_Face FaceOf(const Mesh& mesh) {

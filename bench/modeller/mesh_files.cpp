@@ -30,7 +30,7 @@ std::string ColourText(const Colour& colour) {
   return text;
 }
 
-static_assert(std::endian::native == std::endian::little, "numbers are copied as they stand in memory");
+static_assert(std::endian::native == std::endian::little, "numbers are copied as they are in memory");
 
 constexpr std::size_t kHeadBytes = 80;
 constexpr std::size_t kTriangleBytes = 50;
@@ -59,7 +59,7 @@ void AppendTriangle(std::string& bytes, const geometry::Point3d& a, const geomet
 }  // namespace
 
 // Readers of these texts go by lines: the one with "coord Coordinate", the one with "coordIndex", and the
-// first behind it with a closing bracket.
+// first after it with a closing bracket.
 std::string VrmlShape(const Mesh& mesh, const Colour& colour) {
   std::string text =
       "Shape {\nappearance Appearance {\nmaterial Material {\ndiffuseColor " + ColourText(colour) +
@@ -76,7 +76,7 @@ std::string VrmlShape(const Mesh& mesh, const Colour& colour) {
   return text + "]\n}\n}\n";
 }
 
-std::string VrmlNamed(const std::string& name, std::size_t number, const std::string& shape) {
+std::string NamedVrmlNode(const std::string& name, std::size_t number, const std::string& shape) {
   std::string identifier = "Body" + std::to_string(number) + "_";
   for (const char c : name) identifier += IsNameCharacter(c) ? c : '_';
   return "DEF " + identifier + " Transform {\nchildren [\n" + shape + "]\n}\n";

@@ -13,11 +13,12 @@ inline constexpr std::string_view kVrmlHead = "#VRML V2.0 utf8\n";
 /// A mesh as a node "Shape" with one IndexedFaceSet, in millimetres with up to six decimals.
 std::string VrmlShape(const Mesh& mesh, const Colour& colour);
 
-/// The node under a name. What a name of VRML cannot hold becomes '_'; the number makes it a name of its own.
-std::string VrmlNamed(const std::string& name, std::size_t number, const std::string& shape);
+/// Wraps the node under a name. Characters that a VRML name cannot have become '_'; the number makes the name
+/// unique.
+std::string NamedVrmlNode(const std::string& name, std::size_t number, const std::string& shape);
 
-/// The triangles in the binary form of STL: a head of 80 bytes, the count, then 50 bytes a triangle, all
-/// numbers with their lowest byte first. Coordinates are singles.
+/// The triangles as a binary STL file: a head of 80 bytes, the count, then 50 bytes a triangle, all numbers
+/// little-endian and coordinates in single precision.
 std::string StlBytes(const std::vector<Mesh>& meshes);
 
 }  // namespace vanzet::modeller

@@ -17,10 +17,10 @@ using geometry::KurveEx;
 using geometry::Point;
 using geometry::Span;
 
-/// Spans nearer to each other than this touch, in millimetres.
+/// Spans closer to each other than this touch, in millimetres.
 constexpr double kTouch = 1e-3;
 
-/// Around the vertex between two neighbours nothing counts, in millimetres.
+/// Contacts closer than this to the vertex between two neighbours do not count, in millimetres.
 constexpr double kJoint = 5e-3;
 
 bool IsOn(const Span& span, const Point& p) {
@@ -28,7 +28,7 @@ bool IsOn(const Span& span, const Point& p) {
   return span.Dist(p, nearest) < kTouch;
 }
 
-/// A pair of spans and the vertices that they have in common because they are neighbours.
+/// Two spans, and the vertices that they share as neighbours.
 class Pair {
  public:
   Pair(const Outline& outline, std::size_t i, std::size_t j) : a_(outline[i]), b_(outline[j]) {
@@ -38,7 +38,7 @@ class Pair {
   }
 
   std::optional<Point> Meeting() const {
-    // Spans that lie on each other have no crossing, but an end of one lies on the other.
+    // Spans along each other have no crossing, but an end of one is on the other.
     for (const Point& p : {a_.p0, a_.p1, b_.p0, b_.p1}) {
       if (Counts(p)) return p;
     }
@@ -72,7 +72,7 @@ bool Overlap(const geometry::Box& a, const geometry::Box& b) {
 /// Where two spans of a closed contour cross or touch, other than at the vertex between neighbours; nothing
 /// when no two do.
 std::optional<Point> MeetingWithItself(const Outline& outline) {
-  // By their left ends, so that only those that overlap in x are looked at.
+  // Sorted by their left ends, so that only spans that overlap in x are compared.
   std::vector<std::size_t> order(outline.size());
   for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
   std::ranges::sort(order, {}, [&](std::size_t i) { return outline[i].box.min.x; });
@@ -87,7 +87,7 @@ std::optional<Point> MeetingWithItself(const Outline& outline) {
   return std::nullopt;
 }
 
-/// What is smaller bounds nothing, in square millimetres.
+/// The smallest area of a contour, in square millimetres.
 constexpr double kLeastArea = 1e-4;
 
 std::string At(const Point& p) {
@@ -99,7 +99,7 @@ bool IsInReach(const Point& p) {
 }
 
 /// The contour without spans that are no longer than a point, its last end put on its start.
-KurveEx Joined(const KurveEx& contour) {
+KurveEx JoinSpans(const KurveEx& contour) {
   KurveEx joined;
   joined.Start(contour.Start());
   for (const Span& span : contour.spans) {
@@ -113,7 +113,7 @@ KurveEx Joined(const KurveEx& contour) {
   return joined;
 }
 
-Result<KurveEx> Examined(const KurveEx& contour) {
+Result<KurveEx> CheckAndJoin(const KurveEx& contour) {
   if (contour.spans.empty()) return Fault{"the contour has no spans"};
   if (contour.spans.size() > kMostSpans) {
     return Fault{"the contour has more than " + std::to_string(kMostSpans) + " spans"};
@@ -126,11 +126,11 @@ Result<KurveEx> Examined(const KurveEx& contour) {
   if (!contour.Closed()) {
     return Fault{"the contour is open: it begins" + At(contour.Start()) + " and ends" + At(contour.End())};
   }
-  return Joined(contour);
+  return JoinSpans(contour);
 }
 
 Result<Outline> OutlineOf(const KurveEx& contour) {
-  VANZET_TRY(auto joined, Examined(contour));
+  VANZET_TRY(auto joined, CheckAndJoin(contour));
   if (!(std::abs(joined.area) >= kLeastArea)) return Fault{"the contour has no area"};
   Outline outline = joined.area > 0 ? joined.ReversedCopy().spans : joined.spans;
   for (Span& span : outline) span.SetProperties();
@@ -146,7 +146,7 @@ Result<Outline> OutlineOf(const geometry::Kurve& contour) {
   try {
     return OutlineOf(KurveEx(contour));
   } catch (const wchar_t*) {
-    return Fault{"the contour is torn: an arc's ends are not equally far from its centre"};
+    return Fault{"the contour is invalid: the ends of an arc are not equally far from its centre"};
   }
 }
 

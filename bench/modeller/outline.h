@@ -7,20 +7,21 @@
 
 namespace vanzet::modeller {
 
-/// No contour of more spans becomes a body.
+/// The largest number of spans of a contour that becomes a body.
 inline constexpr std::size_t kMostSpans = 5'000;
 
-/// No coordinate of a contour or a body is larger: 10 km, in millimetres.
+/// The largest coordinate of a contour or a body: 10 km, in millimetres.
 inline constexpr double kLargestCoordinate = 1e7;
 
-/// A contour that bounds an area: closed without a gap, anticlockwise, nowhere touching itself, its spans
+/// A contour that bounds an area: closed without a gap, anticlockwise, without contact with itself, its spans
 /// with all their properties.
 using Outline = std::vector<geometry::Span>;
 
-/// The outline that a contour is. Ends less than the library's `CLOSED_TOLERANCE` apart are joined.
+/// Makes an outline of a contour. Ends less than the library's `CLOSED_TOLERANCE` apart are joined.
 ///
-/// Errors    a reason without a place: the contour is open, has no area, crosses or touches itself, has more
-///           than `kMostSpans` spans, a coordinate that is no number or too large, or is torn
+/// Errors    a fault without a place: the contour is open, has no area, crosses or touches itself, has more
+///           than `kMostSpans` spans, a coordinate that is not a number or too large, or an arc that cannot
+///           exist
 /// Requires  the geometry library works in millimetres
 Result<Outline> OutlineOf(const geometry::Kurve& contour);
 

@@ -57,7 +57,7 @@ Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
   TopoDS_Shape compound;
   BinTools::Read(compound, bytes);
   if (compound.IsNull() || compound.NbChildren() != static_cast<int>(bodies.size())) {
-    return Fault{"the bodies did not reach their program"};
+    return Fault{"the bodies were not transferred completely"};
   }
   TopoDS_Iterator child(compound);
   for (ParcelBody& body : bodies) {

@@ -8,7 +8,7 @@
 #include "base/result.h"
 #include "modeller/export.h"
 
-/// Bodies on their way between the workbench and its exchange program.
+/// The form in which bodies travel between the workbench and its exchange program.
 namespace vanzet::modeller {
 
 struct ParcelBody {
@@ -21,7 +21,7 @@ struct ParcelBody {
 /// Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 
-/// The other way. Refused when the parcel is not whole.
+/// Reads what `PackParcel` wrote. Fails when the parcel is incomplete.
 Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes);
 
 }  // namespace vanzet::modeller

@@ -36,7 +36,7 @@ std::vector<Kurve> HalfSections(const std::vector<Kurve>& curves) {
   return sections;
 }
 
-Result<std::vector<Body>> Spun(const std::vector<Kurve>& curves) {
+Result<std::vector<Body>> SpinSections(const std::vector<Kurve>& curves) {
   constexpr double kFullTurn = 360;
   const Axis spindle = {{0, 0, 0}, {1, 0, 0}};
   std::vector<Body> bodies;
@@ -49,11 +49,11 @@ Result<std::vector<Body>> Spun(const std::vector<Kurve>& curves) {
 
 }  // namespace
 
-Result<std::optional<Body>> SpunPart(const std::vector<Kurve>& outside, const std::vector<Kurve>& inside) {
-  VANZET_TRY(const auto part, Spun(outside));
+Result<std::optional<Body>> SpinPart(const std::vector<Kurve>& outside, const std::vector<Kurve>& inside) {
+  VANZET_TRY(const auto part, SpinSections(outside));
   if (part.empty()) return std::optional<Body>();
-  VANZET_TRY(const auto bore, Spun(inside));
-  VANZET_TRY(const auto left, Cut(part, bore));
+  VANZET_TRY(const auto bore, SpinSections(inside));
+  VANZET_TRY(const auto left, CutBodies(part, bore));
   return std::optional(left);
 }
 

@@ -9,13 +9,14 @@
 
 namespace vanzet::modeller {
 
-/// The solid of a turned part from the curves of two figures: the outside spun about the x axis, the inside
-/// spun too and taken away.
+/// Makes the solid of a turned part from the curves of two figures: the outside is spun about the x axis,
+/// and the spun inside is cut away.
 ///
-/// Closed curves are half sections as they are; the first open one of a figure is closed down to the axis.
-/// Nothing when the outside has no such curve. A fault when one cannot be spun, or when nothing is left.
-/// Requires: the geometry library works in millimetres
-Result<std::optional<Body>> SpunPart(const std::vector<geometry::Kurve>& outside,
+/// A closed curve is a half section; the first open curve of a figure is closed down to the axis. Returns
+/// nothing when the outside has no such curve. Fails when a curve cannot be spun, and when nothing is left.
+///
+/// Requires  the geometry library works in millimetres
+Result<std::optional<Body>> SpinPart(const std::vector<geometry::Kurve>& outside,
                                      const std::vector<geometry::Kurve>& inside);
 
 }  // namespace vanzet::modeller

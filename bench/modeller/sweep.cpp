@@ -44,7 +44,7 @@ struct PlaneAxis {
   }
 };
 
-/// What is nearer to the axis lies on it, in millimetres.
+/// Points closer to the axis than this are on it, in millimetres.
 constexpr double kOnAxis = 1e-3;
 
 bool IsOn(const PlaneAxis& axis, const Point& p) {
@@ -52,21 +52,21 @@ bool IsOn(const PlaneAxis& axis, const Point& p) {
 }
 
 /// The points between the ends of an arc that are farthest to either side of the axis.
-std::vector<Point> Turnings(const Span& span, const PlaneAxis& axis) {
-  std::vector<Point> turnings;
-  if (span.dir == geometry::LINEAR) return turnings;
+std::vector<Point> ExtremesOf(const Span& span, const PlaneAxis& axis) {
+  std::vector<Point> extremes;
+  if (span.dir == geometry::LINEAR) return extremes;
   for (const double side : {1.0, -1.0}) {
-    const Point turning = span.pc + axis.direction.LeftNormal() * (side * span.radius);
-    if (span.OnSpan(turning)) turnings.push_back(turning);
+    const Point extreme = span.pc + axis.direction.LeftNormal() * (side * span.radius);
+    if (span.OnSpan(extreme)) extremes.push_back(extreme);
   }
-  return turnings;
+  return extremes;
 }
 
 /// Where an arc touches the axis away from its ends.
-std::optional<Point> Touching(const Span& span, const PlaneAxis& axis) {
+std::optional<Point> ContactOf(const Span& span, const PlaneAxis& axis) {
   if (IsOn(axis, span.p0) || IsOn(axis, span.p1)) return std::nullopt;
-  for (const Point& turning : Turnings(span, axis)) {
-    if (IsOn(axis, turning)) return axis.Foot(turning);
+  for (const Point& extreme : ExtremesOf(span, axis)) {
+    if (IsOn(axis, extreme)) return axis.Foot(extreme);
   }
   return std::nullopt;
 }
@@ -87,13 +87,13 @@ Reach ReachOf(const Outline& outline, const PlaneAxis& axis) {
   Reach reach;
   for (const Span& span : outline) {
     Extend(reach, axis, span.p0);
-    for (const Point& turning : Turnings(span, axis)) Extend(reach, axis, turning);
+    for (const Point& extreme : ExtremesOf(span, axis)) Extend(reach, axis, extreme);
   }
   return reach;
 }
 
-/// An arc whose ends were moved gets the centre that fits them.
-Span Moved(const Span& span, const Point& p0, const Point& p1) {
+/// Moves the ends of a span; an arc gets the centre that fits them.
+Span MoveEnds(const Span& span, const Point& p0, const Point& p1) {
   Span moved = span;
   moved.p0 = p0;
   moved.p1 = p1;
@@ -107,9 +107,9 @@ Span Moved(const Span& span, const Point& p0, const Point& p1) {
   return moved;
 }
 
-/// The outline with what touches the axis put exactly on it: vertices less than 0.001 mm away, and a new
-/// vertex where an arc touches it between its ends. Refused when the outline has points on both sides.
-Result<Outline> OnOneSide(const Outline& outline, const PlaneAxis& axis) {
+/// Puts the contacts of the outline with the axis exactly on the axis: vertices less than 0.001 mm away, and
+/// a new vertex where an arc touches it between its ends. Fails when the outline has points on both sides.
+Result<Outline> AlignWithAxis(const Outline& outline, const PlaneAxis& axis) {
   const Reach reach = ReachOf(outline, axis);
   if (reach.left >= kOnAxis && reach.right <= -kOnAxis) {
     return Fault{"the contour crosses the axis: it reaches " + NumberText(reach.left) +
@@ -119,11 +119,11 @@ Result<Outline> OnOneSide(const Outline& outline, const PlaneAxis& axis) {
   Outline placed;
   for (const Span& span : outline) {
     Point from = place(span.p0);
-    if (const auto touching = Touching(span, axis)) {
-      placed.push_back(Moved(span, from, *touching));
-      from = *touching;
+    if (const auto contact = ContactOf(span, axis)) {
+      placed.push_back(MoveEnds(span, from, *contact));
+      from = *contact;
     }
-    placed.push_back(Moved(span, from, place(span.p1)));
+    placed.push_back(MoveEnds(span, from, place(span.p1)));
   }
   std::erase_if(placed, [](const Span& span) { return Dist(span.p0, span.p1) == 0; });
   return placed;
@@ -147,7 +147,7 @@ TopoDS_Edge EdgeOf(const Span& span, const TopoDS_Vertex& from, const TopoDS_Ver
   return BRepBuilderAPI_MakeEdge(arc, from, to);
 }
 
-/// The plane face that the outline bounds, its normal along z. Throws what the kernel throws.
+/// The plane face that the outline bounds, with its normal along z. Throws the exceptions of the kernel.
 TopoDS_Face FaceOf(const Outline& outline) {
   const BRep_Builder builder;
   TopoDS_Wire wire;
@@ -166,36 +166,37 @@ TopoDS_Face FaceOf(const Outline& outline) {
 constexpr double kFullTurn = 360;
 constexpr double kAngleTolerance = 1e-9;  // degrees
 
-/// A swept solid, turned right side out. The kernel's own check of soundness takes minutes over some thousand
-/// spans; what it would find comes of contours that `OutlineOf` refuses.
-Result<Body> Sound(const TopoDS_Shape& swept) {
-  if (swept.IsNull() || swept.ShapeType() != TopAbs_SOLID) return Fault{"Open CASCADE made no solid of it"};
+/// Makes a body of a swept solid, with its outside outwards. The kernel's own validity check takes minutes
+/// for some thousand spans; the defects that it would find come from contours that `OutlineOf` refuses.
+Result<Body> ValidBody(const TopoDS_Shape& swept) {
+  if (swept.IsNull() || swept.ShapeType() != TopAbs_SOLID) return Fault{"Open CASCADE did not make a solid"};
   TopoDS_Solid solid = TopoDS::Solid(swept);
   BRepLib::OrientClosedSolid(solid);
   const Body body = BodyOf(solid);
   VANZET_TRY(const auto measures, MeasuresOf(body));
-  if (!measures.closed || !(measures.volume > 0)) return Fault{"Open CASCADE made no sound solid of it"};
+  if (!measures.closed || !(measures.volume > 0)) return Fault{"Open CASCADE did not make a valid solid"};
   return body;
 }
 
-Result<PlaneAxis> InThePlane(const Axis& axis) {
+Result<PlaneAxis> PlaneAxisOf(const Axis& axis) {
   const double length = axis.direction.Magnitude();
   if (!(length > 0) || !std::isfinite(length)) return Fault{"the axis has no direction"};
   if (axis.origin.z != 0 || axis.direction.dz != 0) {
     return Fault{"the axis is not in the plane of the contour"};
   }
   const geometry::Point origin(axis.origin.x, axis.origin.y);
-  if (!std::isfinite(origin.x) || !std::isfinite(origin.y)) return Fault{"the axis has no place"};
+  if (!std::isfinite(origin.x) || !std::isfinite(origin.y))
+    return Fault{"the origin of the axis is not a finite number"};
   return PlaneAxis{origin, {axis.direction.dx / length, axis.direction.dy / length}};
 }
 
 Result<void> CheckAngle(double degrees) {
   const double turn = std::abs(degrees);
   if (turn >= kAngleTolerance && turn <= kFullTurn + kAngleTolerance) return {};
-  return Fault{"the angle is " + NumberText(degrees) + " degrees; it has to be up to 360 and not 0"};
+  return Fault{"the angle is " + NumberText(degrees) + " degrees; it must be at most 360 and not 0"};
 }
 
-TopoDS_Shape Revolved(const TopoDS_Face& face, const PlaneAxis& axis, double degrees) {
+TopoDS_Shape Revolve(const TopoDS_Face& face, const PlaneAxis& axis, double degrees) {
   const double sense = degrees < 0 ? -1 : 1;
   const gp_Ax1 line(gp_Pnt(axis.origin.x, axis.origin.y, 0),
                     gp_Dir(sense * axis.direction.dx, sense * axis.direction.dy, 0));
@@ -206,21 +207,21 @@ TopoDS_Shape Revolved(const TopoDS_Face& face, const PlaneAxis& axis, double deg
 }  // namespace
 
 Result<Body> Spin(const geometry::Kurve& contour, const Axis& axis, double degrees) {
-  VANZET_TRY(const auto plane, InThePlane(axis));
+  VANZET_TRY(const auto plane, PlaneAxisOf(axis));
   VANZET_DO(CheckAngle(degrees));
   VANZET_TRY(const auto outline, OutlineOf(contour));
-  VANZET_TRY(const auto placed, OnOneSide(outline, plane));
-  return Guarded([&]() -> Result<Body> { return Sound(Revolved(FaceOf(placed), plane, degrees)); });
+  VANZET_TRY(const auto placed, AlignWithAxis(outline, plane));
+  return Guarded([&]() -> Result<Body> { return ValidBody(Revolve(FaceOf(placed), plane, degrees)); });
 }
 
 Result<Body> Extrude(const geometry::Kurve& contour, double thickness) {
   if (thickness == 0 || !(std::abs(thickness) <= kLargestCoordinate)) {
-    return Fault{"the thickness is " + NumberText(thickness) + " mm; it has to be up to " +
+    return Fault{"the thickness is " + NumberText(thickness) + " mm; it must be at most " +
                  NumberText(kLargestCoordinate) + " and not 0"};
   }
   VANZET_TRY(const auto outline, OutlineOf(contour));
   return Guarded([&]() -> Result<Body> {
-    return Sound(BRepPrimAPI_MakePrism(FaceOf(outline), gp_Vec(0, 0, thickness)));
+    return ValidBody(BRepPrimAPI_MakePrism(FaceOf(outline), gp_Vec(0, 0, thickness)));
   });
 }
 

@@ -4,23 +4,23 @@
 #include "geometry/kurve.h"
 #include "modeller/body.h"
 
-/// Bodies out of contours. A contour lies in the plane z = 0, in millimetres; its direction does not matter.
+/// Making bodies from contours. A contour is in the plane z = 0, in millimetres; its direction does not
+/// matter.
 ///
-/// Errors    what `OutlineOf` refuses, and what is told below; the fault has no place
+/// Errors    those of `OutlineOf`, and those listed below; the fault has no place
 /// Requires  the geometry library works in millimetres
 namespace vanzet::modeller {
 
-/// The solid that the contour's area passes when it turns about an axis, beginning in the contour's plane. A
-/// negative angle turns the other way (the right hand's rule tells which is the positive one); 360 and -360
-/// are a full turn. The contour may touch the axis, at points and along spans.
+/// Makes the solid that the area of the contour sweeps when it turns about an axis, starting in its plane.
+/// Positive angles follow the right-hand rule; 360 and -360 are a full turn. The contour may touch the axis,
+/// at points and along spans.
 ///
-/// Refused: a contour that crosses the axis; an axis without direction or not in the contour's plane; an
-/// angle of 0 or of more than a full turn.
+/// Fails for a contour that crosses the axis, an axis without direction or outside the plane, and an angle
+/// of 0 or of more than a full turn.
 Result<Body> Spin(const geometry::Kurve& contour, const Axis& axis, double degrees);
 
-/// The solid over the contour's area from z = 0 to z = thickness; below the plane when that is negative.
-///
-/// Refused: a thickness of 0.
+/// Makes the solid over the area of the contour from z = 0 to z = thickness, below the plane when that is
+/// negative. Fails for a thickness of 0.
 Result<Body> Extrude(const geometry::Kurve& contour, double thickness);
 
 }  // namespace vanzet::modeller

@@ -34,8 +34,9 @@ Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& proj
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur) {
   VANZET_TRY(const auto count, project.SpindleSpurs());
   if (spur >= count) {
-    return Fault{"there is no spur " + std::to_string(spur) + "; the machine has " + std::to_string(count) +
-                 (count == 1 ? " spur" : " spurs") + ", counted from 0"};
+    return Fault{.text = "spur " + std::to_string(spur) + " does not exist; the machine has " +
+                         std::to_string(count) + (count == 1 ? " spur" : " spurs") + ", counted from 0",
+                 .kind = FaultKind::kMissing};
   }
   return Read(spur, project, vdm::VdmStore(project.folder()));
 }

@@ -7,20 +7,20 @@
 #include "project/definition.h"
 #include "project/project.h"
 
-/// What is made of a project for people and for other programs.
+/// The results of a project for people and for other programs.
 namespace vanzet::results {
 
-/// A spindle spur and its definition, when it has one.
+/// A spindle spur and its definition, if it has one.
 struct SpurDefinition {
   std::int32_t spur;
   std::uint32_t vdm;
   std::optional<project::Definition> definition = {};
 };
 
-/// The definitions of all spurs of the machine, as they were closed last. A damaged one is no fault.
+/// Reads the definitions of all spurs of the machine, as they were closed last. A damaged one is not a fault.
 Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project);
 
-/// The same of one spur; a fault when the machine has none of that number.
+/// Reads the definition of one spur. Fails with `kMissing` when the machine does not have the spur.
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur);
 
 }  // namespace vanzet::results

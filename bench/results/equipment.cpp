@@ -16,8 +16,13 @@ namespace fs = std::filesystem;
 Result<project::Definition> DefinitionOf(const project::Project& project, std::int32_t spur) {
   VANZET_TRY(auto read, ReadDefinition(project, spur));
   const std::string of = "spur " + std::to_string(spur);
-  if (!read.definition) return Fault{of + " has no definition yet; 'vanzet upgrade' makes it"};
-  if (read.definition->IsDamaged()) return Fault{"the definition of " + of + " is damaged"};
+  if (!read.definition) {
+    return Fault{.text = of + " has no definition yet; 'vanzet upgrade' creates it",
+                 .kind = FaultKind::kMissing};
+  }
+  if (read.definition->IsDamaged()) {
+    return Fault{.text = "the definition of " + of + " is damaged", .kind = FaultKind::kDamaged};
+  }
   return std::move(*read.definition);
 }
 
@@ -35,7 +40,8 @@ Result<std::vector<geometry::Kurve>> FigureOf(const project::Project& project, c
 Result<modeller::Body> BodyOf(const project::Project& project, const std::string& name,
                               const modeller::Exchange& exchange) {
   modeller::BodyTable table;
-  VANZET_TRY(const auto number, modeller::NumberOfNamed(name, table, project.folder() / "bodies", exchange));
+  VANZET_TRY(const auto number,
+             modeller::FindOrImportBody(name, table, project.folder() / "bodies", exchange));
   return table.Get(number);
 }
 
@@ -81,7 +87,9 @@ Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat fo
                             const modeller::Exchange& exchange) {
   std::error_code error;
   fs::create_directories(folder, error);
-  if (!fs::is_directory(folder, error)) return Fault{"the folder cannot be made", folder.string()};
+  if (!fs::is_directory(folder, error)) {
+    return Fault{.text = "the folder cannot be created", .file = folder.string(), .kind = FaultKind::kSystem};
+  }
   const auto bodies = NamedBodies(scene, format);
   VANZET_DO(modeller::Export(bodies, format, folder / FileNameOf("equipment", format), {}, exchange));
   for (const modeller::NamedBody& body : bodies) {

@@ -8,18 +8,18 @@
 
 namespace vanzet::results {
 
-/// The equipment of a spur in space; its figures are those of the project's drawing and its folder of
-/// figures, its solids those of the folder of bodies. A fault when there is no such spur or no definition,
-/// when the definition is damaged, and when something in it cannot be made.
+/// Makes the equipment of a spur in space, with the figures of the project's drawing and folder of figures
+/// and the solids of the folder of bodies. Fails with `kMissing` without such a spur or definition, with
+/// `kDamaged` for a damaged definition, and when a part of the equipment cannot be made.
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange);
 
-/// The same; a fault as well when the definition holds none.
+/// The same; fails also when the definition has no equipment.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange);
 
-/// Writes the equipment into a folder, which is made when it is not there: a file with all bodies, and one
-/// for each. Files of the same names are replaced.
+/// Writes the equipment to a folder, which is created if it does not exist: a file with all bodies, and a
+/// file for each. Files of the same names are replaced.
 Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat format,
                             const std::filesystem::path& folder, const modeller::Exchange& exchange);
 

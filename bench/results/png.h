@@ -7,10 +7,10 @@
 
 namespace vanzet::results {
 
-/// The bytes of a PNG file with what an SVG picture shows, as large as the picture says.
+/// The bytes of a PNG file with an SVG picture, in the size of the picture.
 Result<std::string> PngOf(const std::string& svg);
 
-/// The same of a picture of the equipment.
+/// The same for a picture of the equipment.
 Result<std::string> PngOf(const scene::Picture& picture);
 
 }  // namespace vanzet::results

@@ -33,7 +33,7 @@ Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>
     (isPlug ? device.plug : device.socket) = *place;
   }
   if (own.empty()) return std::optional<DeviceText>();
-  const auto joined = modeller::Joined(own);
+  const auto joined = modeller::JoinBodies(own);
   if (!joined) return joined.fault();
   device.body = *joined;
   return std::optional(device);

@@ -32,9 +32,9 @@ geometry::Kurve ContourOf(const std::vector<OutlineVertex>& outline) {
 Result<Body> JawOf(const geometry::Kurve& contour, double thickness) {
   const auto block = modeller::Extrude(contour, thickness);
   if (!block) return block;
-  const auto centred = modeller::Moved(*block, {0, 0, -thickness / 2});
+  const auto centred = modeller::MoveBody(*block, {0, 0, -thickness / 2});
   if (!centred) return centred;
-  return modeller::Turned(*centred, kSpindle, 90);
+  return modeller::TurnBody(*centred, kSpindle, 90);
 }
 
 bool AreAlike(const geometry::Point3d& a, const geometry::Point3d& b) {

@@ -47,7 +47,7 @@ Result<MaybeBody> FromFigures(const std::string& outsideName, const std::string&
   if (!outside) return outside.fault();
   const auto inside = CurvesOf(insideName, sources);
   if (!inside) return inside.fault();
-  auto body = modeller::SpunPart(*outside, *inside);
+  auto body = modeller::SpinPart(*outside, *inside);
   if (!body) return Fault{"figure '" + outsideName + "': " + body.fault().text};
   return body;
 }
@@ -55,7 +55,7 @@ Result<MaybeBody> FromFigures(const std::string& outsideName, const std::string&
 Result<MaybeBody> FromSolid(const std::string& name, double angle, const Sources& sources) {
   const auto solid = sources.body(name);
   if (!solid) return solid.fault();
-  const auto turned = modeller::Turned(*solid, kSpindle, angle);
+  const auto turned = modeller::TurnBody(*solid, kSpindle, angle);
   if (!turned) return turned.fault();
   return MaybeBody(*turned);
 }

@@ -176,7 +176,7 @@ Matrix FacingFrom(double x) {
 }
 
 Box3d ExtentsOf(const SceneBody& body) {
-  const auto placed = modeller::Placed(body.body, body.placement);
+  const auto placed = modeller::PlaceBody(body.body, body.placement);
   return placed ? BoxOf(*placed) : Box3d({0, 0, 0}, {0, 0, 0});
 }
 

@@ -52,7 +52,7 @@ TEST_F(BodyExports, HaveNoNumberForANameThatNobodyHas) {
   EXPECT_STREQ(OrvoPsGetBodyNameFromNumber(99), "");
 }
 
-TEST_F(BodyExports, TellExtentsInMetres) {
+TEST_F(BodyExports, ReturnExtentsInMetres) {
   for (const char* line :
        {"win 0", "s100=h 10", "s101=v 0", "s102=h 30", "s103=v -20", "p100=s101 s100",
         "k1 p100 as100 ts103 ts102 as101 p100 ek", "sld spu kur k1 0 0 0 1 0 0 360 i_return"}) {

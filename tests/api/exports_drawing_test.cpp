@@ -44,13 +44,24 @@ TEST_F(DrawingExports, RunMacrosByTheirNames) {
   EXPECT_THAT(panel.lines, IsEmpty());
 }
 
-TEST_F(DrawingExports, TellAMacroThatCannotBeRun) {
+TEST_F(DrawingExports, ReportAMacroThatCannotBeRun) {
   OrvoMacroExec("nothing", "x");
   OrvoMacroExec("vbpickel", "ALL");
   OrvoMacroExec(nullptr, nullptr);
-  EXPECT_THAT(panel.lines,
-              ElementsAre("'nothing x': there is no macro 'nothing'",
-                          "'vbpickel ALL':1: expected 'POS', found 'ALL'", HasSubstr("no macro ''")));
+  EXPECT_THAT(panel.lines, ElementsAre("'nothing x': macro 'nothing' does not exist",
+                                       "'vbpickel ALL':1: expected 'POS', found 'ALL'",
+                                       HasSubstr("macro '' does not exist")));
+}
+
+TEST_F(DrawingExports, TheFaultOfALineQuotesIt) {
+  const auto line = host->Command("vdm load job.vdm i_ret 1000");
+  ASSERT_FALSE(line);
+  EXPECT_EQ(line.fault().source, "vdm load job.vdm i_ret 1000");
+  EXPECT_EQ(line.fault().column, 10);
+  const auto macro = host->Macro("vbpickel", "ALL");
+  ASSERT_FALSE(macro);
+  EXPECT_EQ(macro.fault().source, "ALL");
+  EXPECT_EQ(macro.fault().column, 1);
 }
 
 TEST_F(DrawingExports, LinesReachTheProject) {
@@ -77,17 +88,17 @@ TEST_F(DrawingExports, TheDrawingIsKeptAtARefreshAndAtTheEnd) {
   EXPECT_TRUE(host->board.drawing().HasFigure("G"));
 }
 
-TEST_F(DrawingExports, ADrawingThatCannotBeKeptIsTold) {
+TEST_F(DrawingExports, ADrawingThatCannotBeSavedIsReported) {
   OrvoCommand("fig cre F x0y0z0");
   std::filesystem::create_directory(folder / "drawing.txt");
   Restart();
-  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt: is no regular file")));
+  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt: not a regular file")));
 }
 
-TEST_F(DrawingExports, ADamagedDrawingIsToldAndTheFirstLayerIsCurrent) {
+TEST_F(DrawingExports, ADamagedDrawingIsReportedAndTheFirstLayerIsCurrent) {
   WriteBytes(folder / "drawing.txt", "rubbish\n");
   EXPECT_STREQ(OrvoGetLayerName(OrvoGetCurrentLayer()), "0");
-  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt:1: is no drawing")));
+  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("drawing.txt:1: not a drawing")));
 }
 
 TEST_F(DrawingExports, FiguresOfTheFolderCanBePicked) {

@@ -64,7 +64,7 @@ TEST_F(RawExports, GiveAContourVertexByVertexFromItsStart) {
   EXPECT_EQ(OrvoVdmClose(handle), 0);
 }
 
-TEST_F(RawExports, TellTheSenseAndTheCentreOfAnArc) {
+TEST_F(RawExports, ReturnTheSenseAndTheCentreOfAnArc) {
   for (const char* line :
        {"p101=X2 Y0", "p102=X-2 Y0", "p100=X0 Y0", "c100=p100 2", "k30002 p101 ac100 p102 ac100 p101 ek"}) {
     OrvoCommand(line);
@@ -86,7 +86,7 @@ TEST_F(RawExports, ReadRecordsOfFortyBytesUpToTheEnd) {
   EXPECT_EQ(records, 5);
 }
 
-TEST_F(RawExports, BeginAnewWithTheMatrix) {
+TEST_F(RawExports, StartAgainWithTheMatrix) {
   const std::int32_t handle = OrvoVdmOpen(30001, 1, 2);
   std::array<double, 16> matrix = {};
   for (int pass = 0; pass < 2; ++pass) {
@@ -113,7 +113,7 @@ TEST_F(RawExports, GiveNoHandleWithoutAContour) {
   EXPECT_THAT(panel.lines, IsEmpty());
 }
 
-TEST_F(RawExports, DoNothingBehindAHandleThatIsNotOpen) {
+TEST_F(RawExports, DoNothingForAHandleThatIsNotOpen) {
   const std::int32_t closed = OrvoVdmOpen(30001, 1, 2);
   OrvoVdmClose(closed);
   for (const std::int32_t handle : {closed, 0, -1, 99}) {
@@ -152,7 +152,7 @@ TEST_F(RawExports, KeepAMatrixInTheStore) {
   EXPECT_EQ(read, record) << "to the last bit";
 }
 
-TEST_F(RawExports, MakeAMatrixAnew) {
+TEST_F(RawExports, MakeAMatrixAgain) {
   const std::int32_t made = OrvoVdmMake(77, 2, 0);
   std::array<double, 18> record = {3};
   OrvoVdmWriteTmx(made, record.data());
@@ -168,8 +168,8 @@ TEST_F(RawExports, LeaveAVdmAloneThatIsNoMatrix) {
   OrvoMacroVdmClose(definition);
   EXPECT_EQ(OrvoVdmMake(1000, 2, 0), -1);
   EXPECT_EQ(OrvoVdmOpen(1000, 2, 2), -1);
-  EXPECT_THAT(panel.lines,
-              ElementsAre(HasSubstr("VDM 1000 holds no matrix"), HasSubstr("VDM 1000 holds no matrix")));
+  EXPECT_THAT(panel.lines, ElementsAre(HasSubstr("VDM 1000 does not hold a matrix"),
+                                       HasSubstr("VDM 1000 does not hold a matrix")));
   EXPECT_EQ(OrvoMacroVdmExists(1000), 1);
 }
 

@@ -74,7 +74,7 @@ TEST_F(Exports, GiveEachRunAFolderForItsFilesAndRemoveIt) {
   EXPECT_FALSE(std::filesystem::exists(run));
 }
 
-TEST_F(Exports, TellARunWithoutAFolder) {
+TEST_F(Exports, ReportARunWithoutAFolder) {
   WriteBytes(folder / "tmp", "no folder");
   EXPECT_STREQ(OrvoEnvironment("TMP"), "");
   EXPECT_EQ(panel.lines.size(), 1U);
@@ -96,7 +96,7 @@ TEST_F(Exports, HaveAStructureWhoseSecondMemberIsTheMissingWindow) {
   ASSERT_NE(structure, nullptr);
   EXPECT_EQ(structure[1], nullptr);
   EXPECT_EQ(OrvoGetStructPtr("OTHER"), nullptr);
-  EXPECT_THAT(panel.lines, ElementsAre("there is no structure 'OTHER'"));
+  EXPECT_THAT(panel.lines, ElementsAre("structure 'OTHER' does not exist"));
 }
 
 TEST_F(Exports, ReadVariablesByTheirType) {
@@ -155,12 +155,12 @@ TEST_F(Exports, TolerateNullPointers) {
   EXPECT_EQ(host->variables.Text("$_x"), "");
 }
 
-TEST_F(Exports, TellALineThatCannotBeRunWithItsColumn) {
+TEST_F(Exports, ReportALineThatCannotBeRunWithItsColumn) {
   OrvoCommand("vdm load x");
   EXPECT_THAT(panel.lines, ElementsAre("'vdm load x':10: expected the file in single quotes"));
 }
 
-TEST_F(Exports, TellALineWhoseFileIsWrongWithTheLine) {
+TEST_F(Exports, ReportALineWhoseFileIsWrongWithTheLine) {
   OrvoCommand("vdm load '/no/such.vdm' i_ret 7");
   EXPECT_THAT(panel.lines, ElementsAre("'vdm load '/no/such.vdm' i_ret 7': /no/such.vdm: cannot be read"));
 }
@@ -173,12 +173,12 @@ TEST_F(Exports, RunLinesOfTheMacroLanguage) {
   EXPECT_THAT(panel.lines, IsEmpty());
 }
 
-TEST_F(Exports, StandInForMissingFunctionsWithZeroOfEveryKind) {
+TEST_F(Exports, ReplaceMissingFunctionsWithZeroOfEveryKind) {
   void* const missing = reinterpret_cast<void*>(OrvoMissingAPI);
   EXPECT_EQ(reinterpret_cast<std::int32_t (*)(const char*, int)>(missing)("x", 1), 0);
   EXPECT_EQ(reinterpret_cast<double (*)(double)>(missing)(3.5), 0.0);
   EXPECT_EQ(reinterpret_cast<const char* (*)()>(missing)(), nullptr);
-  EXPECT_EQ(panel.lines.size(), 3U) << "told once for each call";
+  EXPECT_EQ(panel.lines.size(), 3U) << "reported once for each call";
 }
 
 TEST(ExportsWithoutAHost, DoNothing) {

@@ -62,7 +62,7 @@ TEST_F(VdmExports, RefuseWhatCannotBeMadeOrOpened) {
   EXPECT_EQ(panel.lines.size(), 3U);
 }
 
-TEST_F(VdmExports, StandAtRecordZeroItemZeroAfterOpening) {
+TEST_F(VdmExports, StartAtRecordZeroItemZeroAfterOpening) {
   OrvoMacroVdmClose(Make(7, {"a", "b"}));
   const std::uint32_t handle = OrvoMacroVdmOpen(7, 1);
   EXPECT_EQ(Get(handle), "a");
@@ -70,7 +70,7 @@ TEST_F(VdmExports, StandAtRecordZeroItemZeroAfterOpening) {
   EXPECT_EQ(Get(handle), "");
 }
 
-TEST_F(VdmExports, StepForwardFromWhereThePositionStands) {
+TEST_F(VdmExports, StepForwardFromThePosition) {
   const std::uint32_t handle = Make(7, {"a", "b", "c", "d"});
   OrvoMacroVdmSingleSeek(handle, 1);
   OrvoMacroVdmSingleSeek(handle, 2);
@@ -80,7 +80,7 @@ TEST_F(VdmExports, StepForwardFromWhereThePositionStands) {
   EXPECT_EQ(Get(handle), "a");
 }
 
-TEST_F(VdmExports, AddBeforeThePositionAndStandBehind) {
+TEST_F(VdmExports, AddBeforeThePositionAndMoveAfter) {
   const std::uint32_t handle = Make(7, {"a", "d"});
   OrvoMacroVdmSingleSeek(handle, 1);
   OrvoMacroVdmSingleAddText(handle, "b", 1);

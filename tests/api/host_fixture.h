@@ -12,7 +12,7 @@
 
 namespace vanzet::test {
 
-/// Keeps the lines that it is told.
+/// Keeps the lines that are reported.
 class PanelOfATest final : public project::MessagePanel {
  public:
   std::vector<std::string> lines;

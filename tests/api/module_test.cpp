@@ -54,7 +54,7 @@ TEST_F(CallModule, LeadsTheModuleThroughTheProjectsDrives) {
   EXPECT_EQ(OrvoMacroVdmExists(1001), 1);
 }
 
-TEST_F(CallModule, TellsTheViewTheProjectsLanguage) {
+TEST_F(CallModule, GivesTheViewTheProjectsLanguage) {
   ASSERT_TRUE(api::CallModule(VANZET_MODULE_FILE, "ReOrgVdm", *host));
   EXPECT_STREQ(std::getenv("VANZET_LANGUAGE"), "en");
   WriteBytes(folder / "bench.ini", "[language]\nmessages = de\n");
@@ -64,20 +64,20 @@ TEST_F(CallModule, TellsTheViewTheProjectsLanguage) {
   EXPECT_STREQ(std::getenv("VANZET_LANGUAGE"), "de");
 }
 
-TEST_F(CallModule, TellsAModuleThatCannotBeLoaded) {
+TEST_F(CallModule, ReportsAModuleThatCannotBeLoaded) {
   WriteBytes(folder / "no.so", "no module");
   const auto called = api::CallModule(folder / "no.so", "ReOrgVdm", *host);
   ASSERT_FALSE(called);
   EXPECT_EQ(called.fault().file, (folder / "no.so").string());
 }
 
-TEST_F(CallModule, TellsAnExportThatIsNotThere) {
+TEST_F(CallModule, ReportsAMissingExport) {
   const auto called = api::CallModule(VANZET_MODULE_FILE, "NoSuchExport", *host);
   ASSERT_FALSE(called);
   EXPECT_THAT(called.fault().text, HasSubstr("NoSuchExport"));
 }
 
-TEST_F(CallModule, TellsAVdmThatIsLeftOpen) {
+TEST_F(CallModule, ReportsAVdmThatIsLeftOpen) {
   OrvoMacroVdmCreate(7, 0);
   ASSERT_TRUE(api::CallModule(VANZET_MODULE_FILE, "ReOrgVdm", *host));
   EXPECT_THAT(panel.lines, testing::Contains(HasSubstr("VDM 7 was left open")));

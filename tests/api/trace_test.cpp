@@ -53,10 +53,10 @@ TEST_F(TraceTest, TakesBytesThatAreNoUtf8) {
   EXPECT_TRUE(api::Json::accept(Written()));
 }
 
-TEST_F(TraceTest, ThatCannotBeWrittenIsToldOnce) {
+TEST_F(TraceTest, ThatCannotBeWrittenIsReportedOnce) {
   Restart(std::move(*api::Trace::To("/dev/full")));
   for (int i = 0; i < 3; ++i) OrvoGetWnd(2);
-  EXPECT_THAT(panel.lines, testing::ElementsAre("/dev/full: the trace cannot be written any further"));
+  EXPECT_THAT(panel.lines, testing::ElementsAre("/dev/full: the trace cannot be continued"));
 }
 
 TEST(Trace, ToAPipeIsAFaultAndWaitsForNobody) {

@@ -50,7 +50,7 @@ TEST_F(DefinitionCommands, ShowOneSpur) {
   EXPECT_EQ(json["spurs"][0]["spur"], 1);
   const Outcome none = Vanzet("show lathe --spur 2");
   EXPECT_EQ(none.status, 1);
-  EXPECT_EQ(none.err, "vanzet: there is no spur 2; the machine has 2 spurs, counted from 0\n");
+  EXPECT_EQ(none.err, "vanzet: spur 2 does not exist; the machine has 2 spurs, counted from 0\n");
 }
 
 TEST_F(DefinitionCommands, SayWhatToDoWhereThereIsNoDefinition) {

@@ -65,7 +65,7 @@ TEST_F(DrawingCommands, PicturesAreWholeAndLeaveNothingBeside) {
   EXPECT_EQ(ReadBytes(folder / "old.svg"), "old");
   EXPECT_EQ(Vanzet("picture lathe --out no/such/a.svg").status, 1);
   EXPECT_THAT(Vanzet("picture lathe --out a.svg --layers 0,None").err,
-              HasSubstr("there is no layer 'None'; there are: 0"));
+              HasSubstr("layer 'None' does not exist; the layers are: 0"));
   EXPECT_FALSE(std::filesystem::exists(folder / "a.svg"));
 }
 
@@ -73,7 +73,7 @@ TEST_F(DrawingCommands, EquipmentThatIsNotThereIsTold) {
   MakeProject();
   const Outcome pictured = Vanzet("picture lathe --view equipment --out a.png");
   EXPECT_EQ(pictured.status, 1);
-  EXPECT_EQ(pictured.err, "vanzet: spur 0 has no definition yet; 'vanzet upgrade' makes it\n");
+  EXPECT_EQ(pictured.err, "vanzet: spur 0 has no definition yet; 'vanzet upgrade' creates it\n");
   EXPECT_THAT(Vanzet("picture lathe --view equipment --out a.svg").err, HasSubstr("is a .png file"));
 }
 
@@ -105,7 +105,7 @@ TEST_F(DrawingCommands, PicksComeFromAFile) {
       "dfm pick i_return i_return2 'Select Figure' 20\ndfm inf i_return2\n"
       "$_return=$_misc\nfig del Chuck yes\ndfm pick i_return i_return2 'Select Figure' 20\n";
   const Outcome run = Vanzet("command lathe - --picks picks.txt", "", lines);
-  EXPECT_THAT(run.err, HasSubstr("picks.txt:2: there is no figure 'None'"));
+  EXPECT_THAT(run.err, HasSubstr("picks.txt:2: figure 'None' does not exist"));
   EXPECT_THAT(run.err, HasSubstr("1 of 5 lines failed"));
   EXPECT_THAT(Vanzet("command lathe 'ori' --picks none.txt").err, HasSubstr("none.txt: cannot be read"));
 }
@@ -127,7 +127,7 @@ TEST_F(DrawingCommands, ADrawingThatCannotBeKeptIsAFault) {
   std::filesystem::create_directory(folder / "lathe/drawing.txt");
   const Outcome run = Vanzet("command lathe 'ori' 'fig cre F x0y0z0'");
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr("drawing.txt: is no regular file"));
+  EXPECT_THAT(run.err, HasSubstr("drawing.txt: not a regular file"));
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ TEST_F(DeviceCommands, TellWhatIsBroken) {
   WriteBytes(folder / "disk.step", "ISO-10303-21;\nnonsense");
   const Outcome broken = Make("--class chuck");
   EXPECT_EQ(broken.status, 1);
-  EXPECT_THAT(broken.err, HasSubstr("disk.step: is no STEP file that can be read"));
+  EXPECT_THAT(broken.err, HasSubstr("disk.step: not a readable STEP file"));
   PutDisk(-30);
   EXPECT_EQ(Make("--class wheel").status, 2);
   EXPECT_EQ(Make("--class chuck --looking up").status, 2);

@@ -103,11 +103,11 @@ TEST_F(ExportCommand, TellsWhatItCannotDo) {
   EXPECT_EQ(Vanzet("export lathe --out models --format dwg").status, 2);
   const Outcome noSpur = Vanzet("export lathe --out models --format step --spur 7");
   EXPECT_EQ(noSpur.status, 1);
-  EXPECT_THAT(noSpur.err, HasSubstr("there is no spur 7"));
+  EXPECT_THAT(noSpur.err, HasSubstr("spur 7 does not exist"));
   WriteBytes(folder / "taken", "a file");
   const Outcome taken = Vanzet("export lathe --out taken --format step");
   EXPECT_EQ(taken.status, 1);
-  EXPECT_THAT(taken.err, HasSubstr("taken: the folder cannot be made"));
+  EXPECT_THAT(taken.err, HasSubstr("taken: the folder cannot be created"));
   EXPECT_EQ(ReadBytes(folder / "taken"), "a file");
   const Outcome nothing = Vanzet("export lathe --out models --format step --spur 1");
   EXPECT_EQ(nothing.status, 1);

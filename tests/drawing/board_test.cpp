@@ -118,7 +118,7 @@ TEST_F(Boards, LeaveADamagedDrawingAlone) {
 TEST_F(Boards, RefuseADrawingThatIsNoFile) {
   std::filesystem::create_directory(folder / "drawing.txt");
   Board board(folder.path());
-  EXPECT_THAT(board.Load().fault().Message(), HasSubstr("drawing.txt: is no regular file"));
+  EXPECT_THAT(board.Load().fault().Message(), HasSubstr("drawing.txt: not a regular file"));
 }
 
 TEST_F(Boards, OfManyProcessesAtOnceLoseNothing) {
@@ -182,7 +182,7 @@ TEST_F(Boards, HaveRoomForAMillionVertices) {
   ASSERT_TRUE(board.CreateFigure("F"));
   ASSERT_TRUE(board.Append("F", 1));
   EXPECT_EQ(board.Append("F", 1).fault().text,
-            "the drawing is full: it has no room for more than 1000000 vertices");
+            "the drawing is full: it cannot have more than 1000000 vertices");
 }
 
 }  // namespace

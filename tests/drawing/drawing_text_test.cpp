@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* kHead = "drawing 1\nlayer black solid 0\n";
 
-std::string ToldOf(const std::string& text) {
+std::string MessageOf(const std::string& text) {
   const auto read = ReadText(text);
   return read ? "read" : read.fault().Message();
 }
@@ -50,20 +50,20 @@ TEST(DrawingText, CutShortAnywhereIsRefused) {
   }
 }
 
-TEST(DrawingText, ThatIsWrongIsToldWithItsLine) {
+TEST(DrawingText, ThatIsWrongIsReportedWithItsLine) {
   struct Case {
     std::string text;
-    const char* told;
+    const char* message;
   };
   const std::string head = kHead;
-  for (const auto& [text, told] : std::initializer_list<Case>{
-           {"", "d.txt: is no drawing: 'drawing 1' is expected"},
-           {"drawing 2\n", "d.txt:1: belongs to another version: 'drawing 1' is expected"},
-           {"k1 e\n", "d.txt:1: is no drawing: 'drawing 1' is expected"},
-           {"drawing 1\nend 0\n", "d.txt:2: the layer 0 is missing"},
-           {head, "d.txt:2: is cut short: 'end' is expected"},
-           {head + "end 5\n", "d.txt:3: 'end 1' is expected: so many parts were read"},
-           {head + "end 1\nx\n", "d.txt:4: text stands behind the end"},
+  for (const auto& [text, message] : std::initializer_list<Case>{
+           {"", "d.txt: not a drawing: expected 'drawing 1'"},
+           {"drawing 2\n", "d.txt:1: belongs to another version: expected 'drawing 1'"},
+           {"k1 e\n", "d.txt:1: not a drawing: expected 'drawing 1'"},
+           {"drawing 1\nend 0\n", "d.txt:2: layer 0 is missing"},
+           {head, "d.txt:2: is cut short: expected 'end'"},
+           {head + "end 5\n", "d.txt:3: expected 'end 1', the number of parts"},
+           {head + "end 1\nx\n", "d.txt:4: unexpected text after 'end'"},
            {head + "rubbish\n",
             "d.txt:3: expected a layer, figure, stroke, insert, contour, line or 'end', found 'rubbish'"},
            {head + "layer pink solid L\n",
@@ -71,17 +71,17 @@ TEST(DrawingText, ThatIsWrongIsToldWithItsLine) {
             "yellow, "
             "found 'pink'"},
            {head + "layer red wavy L\n", "d.txt:3: expected solid, dash, dashdot or dot, found 'wavy'"},
-           {head + "layer black solid 0\n", "d.txt:3: there are two layers '0'"},
-           {head + "figure F\nfigure F\n", "d.txt:4: there are two figures 'F'"},
-           {head + "stroke black solid 0\n", "d.txt:3: a stroke stands before the first figure"},
-           {head + "insert display 1 0 0 1 0 0\n", "d.txt:3: an insert stands before the first figure"},
-           {head + "figure F\nstroke black solid L\n", "d.txt:4: there is no layer 'L'"},
-           {head + "figure F\nstroke black solid 0\nx1 y1\n", "d.txt:5: is cut short: 'ek' is expected"},
+           {head + "layer black solid 0\n", "d.txt:3: layer '0' is listed twice"},
+           {head + "figure F\nfigure F\n", "d.txt:4: figure 'F' is listed twice"},
+           {head + "stroke black solid 0\n", "d.txt:3: a stroke must follow a figure"},
+           {head + "insert display 1 0 0 1 0 0\n", "d.txt:3: an insert must follow a figure"},
+           {head + "figure F\nstroke black solid L\n", "d.txt:4: layer 'L' does not exist"},
+           {head + "figure F\nstroke black solid 0\nx1 y1\n", "d.txt:5: is cut short: expected 'ek'"},
            {head + "figure F\nstroke black solid 0\nx1 y1\nek\n", "d.txt:6: the contour has no length"},
            {head + "figure F\nstroke black solid 0\nax1 y1 x0 y0\n",
-            "d.txt:5: the first vertex of a contour is no arc"},
+            "d.txt:5: a contour cannot start with an arc"},
            {head + "figure F\nstroke black solid 0\nx1 y1\nx1 y1\n",
-            "d.txt:6: the vertex is where the one before it is"},
+            "d.txt:6: the vertex is at the place of the one before it"},
            {head + "figure F\nstroke black solid 0\nx1 yz\n",
             "d.txt:5: expected 'y' and a number within 1e+07, found 'yz'"},
            {head + "figure F\nstroke black solid 0\nx1 y2e7\n",
@@ -96,16 +96,16 @@ TEST(DrawingText, ThatIsWrongIsToldWithItsLine) {
            {head + "contour x display black solid 0\n", "d.txt:3: expected an integer, found 'x'"},
            {head + "line 1 0 0 2 0 black solid 0\n", "d.txt:3: the direction's length is not 1"},
            {head + "line 1 0 0 1 0 black solid 0\nline 1 0 0 1 0 black solid 0\n",
-            "d.txt:4: there are two lines 1 in the layer '0'"},
+            "d.txt:4: line 1 in layer '0' is listed twice"},
            {head + "layer black solid \x01\n", "d.txt:3: not a text file: the line has a control character"},
        }) {
-    EXPECT_EQ(ToldOf(text), told) << text;
+    EXPECT_EQ(MessageOf(text), message) << text;
   }
 }
 
 TEST(DrawingText, ContoursOfOneNumberAreRefused) {
   const std::string contour = "contour 1 display black solid 0\nx0 y0\nx1 y0\nek\n";
-  EXPECT_EQ(ToldOf(kHead + contour + contour), "d.txt:10: there are two contours 1");
+  EXPECT_EQ(MessageOf(kHead + contour + contour), "d.txt:10: contour 1 is listed twice");
 }
 
 }  // namespace

@@ -44,8 +44,8 @@ TEST_F(FigureFiles, GiveTheContoursOfADrawing) {
   EXPECT_FALSE(curves->empty());
 }
 
-TEST_F(FigureFiles, ThatAreMissingOrWrongAreToldWithTheirPlace) {
-  EXPECT_EQ(figures.Read("ring").fault().Message(), "there is no figure 'ring'");
+TEST_F(FigureFiles, ThatAreMissingOrWrongAreReportedWithTheirPlace) {
+  EXPECT_EQ(figures.Read("ring").fault().kind, FaultKind::kMissing);
   test::WriteBytes(project / "figures/ring.txt", "k1 e\nrubbish\n");
   EXPECT_THAT(figures.Read("ring").fault().Message(), HasSubstr("figures/ring.txt:2"));
 }

@@ -23,19 +23,19 @@ TEST(Picks, AreUsedUpInOrder) {
   EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->kind, Pick::Kind::kCancel) << "none is left";
 }
 
-TEST(Picks, OfAnotherKindAreUsedUpAndTold) {
+TEST(Picks, OfAnotherKindAreUsedUpAndReported) {
   auto picks = Read("\nobject jaw\nfigure F\n");
   EXPECT_EQ(picks->Next({Pick::Kind::kFigure}).fault().Message(),
             "p.txt:2: expected 'figure' or 'cancel', found 'object'");
   EXPECT_EQ(picks->Next({Pick::Kind::kFigure})->name, "F");
 }
 
-TEST(Picks, ThatAreWrongAreToldWithTheirLine) {
+TEST(Picks, ThatAreWrongAreReportedWithTheirLine) {
   struct Case {
     const char* text;
-    const char* told;
+    const char* message;
   };
-  for (const auto& [text, told] : std::initializer_list<Case>{
+  for (const auto& [text, message] : std::initializer_list<Case>{
            {"point 1 2\n",
             "p.txt:1: expected 'position X Y', 'figure NAME', 'object NAME' or 'cancel', found "
             "'point 1 2'"},
@@ -47,17 +47,24 @@ TEST(Picks, ThatAreWrongAreToldWithTheirLine) {
            {"position 1 2e9\n",
             "p.txt:1: expected 'position X Y' with numbers within 1e+07, found 'position 1 "
             "2e9'"},
-           {"figure\n", "p.txt:1: expected a name behind 'figure'"},
-           {"cancel now\n", "p.txt:1: expected nothing behind 'cancel', found 'now'"},
+           {"figure\n", "p.txt:1: expected a name after 'figure'"},
+           {"cancel now\n", "p.txt:1: expected nothing after 'cancel', found 'now'"},
            {"figure a\x01\n", "p.txt:1: not a text file: the line has a control character"},
        }) {
     const auto picks = Read(text);
     ASSERT_FALSE(picks) << text;
-    EXPECT_EQ(picks.fault().Message(), told);
+    EXPECT_EQ(picks.fault().Message(), message);
   }
 }
 
-TEST(Picks, OfAFileThatIsNotThereAreAFault) {
+TEST(Picks, FaultsQuoteTheirLine) {
+  EXPECT_EQ(Read("cancel\npoint 1 2\n").fault().source, "point 1 2");
+  auto picks = Read(" figure Outside\n");
+  ASSERT_TRUE(picks);
+  EXPECT_EQ(picks->Next({Pick::Kind::kPosition}).fault().source, " figure Outside");
+}
+
+TEST(Picks, OfAMissingFileAreAFault) {
   EXPECT_EQ(Picks::ReadFile("/no/such/picks").fault().Message(), "/no/such/picks: cannot be read");
   EXPECT_EQ(Picks::ReadFile("/tmp").fault().Message(), "/tmp: is a folder");
 }

@@ -44,7 +44,8 @@ TEST_F(Pictures, OfSomeLayersHaveNoOthers) {
   const std::string svg = Svg({.layers = {"Billet"}});
   EXPECT_THAT(svg, HasSubstr("data-layer=\"Billet\""));
   EXPECT_THAT(svg, Not(HasSubstr("Marks")));
-  EXPECT_EQ(Svg({.layers = {"Nowhere"}}).substr(0, 46), "there is no layer 'Nowhere'; there are: 0, <Ma");
+  EXPECT_EQ(Svg({.layers = {"Nowhere"}}).substr(0, 54),
+            "layer 'Nowhere' does not exist; the layers are: 0, <Ma");
 }
 
 TEST_F(Pictures, NamesAreSafeInXml) {

@@ -26,7 +26,7 @@ TEST(Placement, FollowsTurnsInSpace) {
   const auto placement = PlacementOf(matrix);
   ASSERT_TRUE(placement);
   EXPECT_TRUE(placement->IsMirrored());
-  const geometry::Point image = Placed(geometry::Point(3, 7), *placement);
+  const geometry::Point image = PlacePoint(geometry::Point(3, 7), *placement);
   EXPECT_EQ(image.x, 7);
   EXPECT_EQ(image.y, 3);
 }
@@ -37,12 +37,12 @@ TEST(Placement, TiltsNothing) {
   EXPECT_FALSE(PlacementOf(matrix));
 }
 
-TEST(Placement, KeepsArcsSound) {
+TEST(Placement, KeepsArcsValid) {
   const geometry::Kurve circle(geometry::Point(5, 1), 2, geometry::ACW);
   geometry::Matrix matrix;
   TurnExactly(matrix, 33.3, 3);
   matrix.Translate(1, 2);
-  const geometry::Kurve placed = Placed(circle, *PlacementOf(matrix));
+  const geometry::Kurve placed = PlaceCurve(circle, *PlacementOf(matrix));
   EXPECT_TRUE(CheckCurve(placed));
   EXPECT_NEAR(placed.Perim(), circle.Perim(), 1e-9);
   EXPECT_NEAR(placed.Area(), circle.Area(), 1e-9);

@@ -117,14 +117,14 @@ TEST_F(Billets, WithBarAndBoreHaveNineStrokes) {
   EXPECT_TRUE(board.workpieces.lines.empty());
 }
 
-TEST_F(Billets, AreDrawnAnew) {
+TEST_F(Billets, AreDrawnAgain) {
   DrawBillet();
   DrawBillet();
   EXPECT_EQ(Strokes("BilletM").size(), 9U);
   EXPECT_EQ(board.drawing().figures.at("BilletM").insertions.size(), 1U);
 }
 
-TEST_F(Billets, WithoutBoreLeaveNothingBehindEither) {
+TEST_F(Billets, WithoutBoreLeaveNothingElse) {
   DoAll({"win 0", "s100=h 0", "s101=h 80", "s102=h -80", "s110=v 0", "s113=v -100", "fig cre BilletM z0x0y0",
          "p100=s100 s110", "k30000 p100 ts110 as101 as113 ts102 ts110 p100 ek",
          "figure append BilletM k30000", "del s100>121 p100>110"});
@@ -146,7 +146,7 @@ TEST_F(Billets, MarksAreADottedLineAndACrossInACircle) {
   EXPECT_EQ(board.layer(), "0");
 }
 
-TEST_F(Billets, MarksOfBothSpindlesStand) {
+TEST_F(Billets, MarksOfBothSpindlesRemain) {
   DrawMarks("ZOffsetMain", "Billet_out_HS", "-40.000000");
   DrawMarks("ZOffsetSub", "Billet_out_GS", "260.000000");
   EXPECT_EQ(board.drawing().lines.size(), 2U);
@@ -199,27 +199,27 @@ TEST_F(Billets, FromFiguresThatCannotBeSpunAreDrawnAndHaveNoSolid) {
   DoAll({"call crebilfromfig 1"});
   DrawBillet();
   CloseDefinition({"MainBillet", "2 0 100.000000", "BilletM", ""});
-  EXPECT_THAT(Told("call crebilfromfig 1"),
+  EXPECT_THAT(Outcome("call crebilfromfig 1"),
               testing::StartsWith("BilletM is drawn but has no solid: the contour crosses the axis"));
   EXPECT_EQ(Strokes("BilletM").size(), 9U);
   EXPECT_EQ(bodies.NumberOf("BilletM"), 0);
 }
 
-TEST_F(Billets, FromFiguresThatAreMissingAreToldAndTheOldOneStays) {
+TEST_F(Billets, FromMissingFiguresAreReportedAndTheOldOneStays) {
   DrawBillet();
-  EXPECT_EQ(Told("call crebilfromfig 1"), "no definition was closed yet");
+  EXPECT_EQ(Outcome("call crebilfromfig 1"), "no definition was closed yet");
   CloseDefinition({"MainBillet", "2 0 100.000000", "Nowhere", "0"});
-  EXPECT_EQ(Told("call crebilfromfig 1"), "there is no figure 'Nowhere'");
-  EXPECT_EQ(Told("call crebilfromfig 2"),
+  EXPECT_EQ(Outcome("call crebilfromfig 1"), "figure 'Nowhere' does not exist");
+  EXPECT_EQ(Outcome("call crebilfromfig 2"),
             "the definition that was closed last has no billet of that spindle");
-  EXPECT_EQ(Told("call crebilfromfig 3"),
+  EXPECT_EQ(Outcome("call crebilfromfig 3"),
             "20: expected 1 for the main spindle or 2 for the sub spindle, found '3'");
   EXPECT_EQ(Strokes("BilletM").size(), 9U);
 }
 
 TEST_F(Billets, OfAnotherKindAreNotFromFigures) {
   CloseDefinition({"MainBillet", "1 80 100 0 0 0 0 0", "", ""});
-  EXPECT_EQ(Told("call crebilfromfig 1"), "the billet of that spindle is not from figures");
+  EXPECT_EQ(Outcome("call crebilfromfig 1"), "the billet of that spindle is not from figures");
 }
 
 }  // namespace

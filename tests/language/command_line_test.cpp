@@ -7,12 +7,12 @@ namespace {
 
 using project::Variables;
 
-TEST(CommandLine, TakesWholeWordsOnly) {
+TEST(CommandLine, SkipsWholeWordsOnly) {
   CommandLine line("  vdm\tload x");
-  EXPECT_FALSE(line.Take("vd"));
-  EXPECT_TRUE(line.Take("vdm"));
-  EXPECT_FALSE(line.Take("save"));
-  EXPECT_TRUE(line.Take("load"));
+  EXPECT_FALSE(line.SkipWord("vd"));
+  EXPECT_TRUE(line.SkipWord("vdm"));
+  EXPECT_FALSE(line.SkipWord("save"));
+  EXPECT_TRUE(line.SkipWord("load"));
   EXPECT_EQ(*line.Word("a word"), "x");
   EXPECT_TRUE(line.End());
 }
@@ -33,13 +33,13 @@ TEST(CommandLine, ReadsIntegersAndIntegerVariables) {
   EXPECT_EQ(*line.Integer("a number", variables), 1000);
 }
 
-TEST(CommandLine, TellsTheColumnAndWhatWasExpected) {
+TEST(CommandLine, ReportsTheColumnAndWhatWasExpected) {
   CommandLine missing("win ");
-  ASSERT_TRUE(missing.Take("win"));
+  ASSERT_TRUE(missing.SkipWord("win"));
   EXPECT_EQ(missing.Word("the number of a window").fault().Message(), "5: expected the number of a window");
 
   CommandLine unquoted("file a");
-  ASSERT_TRUE(unquoted.Take("file"));
+  ASSERT_TRUE(unquoted.SkipWord("file"));
   EXPECT_EQ(unquoted.QuotedText("the file").fault().Message(), "6: expected the file in single quotes");
 
   EXPECT_EQ(CommandLine("'open").QuotedText("the file").fault().Message(), "1: the closing quote is missing");

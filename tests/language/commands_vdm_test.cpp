@@ -91,8 +91,8 @@ TEST_F(VdmCommands, ALineThatIsWrongChangesNothing) {
 
 TEST_F(VdmCommands, AreKnownByTheirWholeWordsOnly) {
   EXPECT_EQ(Do("vdmload 'x' i_ret 7").fault().text, "unknown command 'vdmload 'x' i_ret 7'");
-  EXPECT_EQ(Told("vdm loads 'x' i_ret 7"),
-            "5: expected one of 'load', 'save' behind 'vdm', found 'loads 'x' i_ret 7'");
+  EXPECT_EQ(Outcome("vdm loads 'x' i_ret 7"),
+            "5: expected one of 'load', 'save' after 'vdm', found 'loads 'x' i_ret 7'");
 }
 
 TEST_F(VdmCommands, RefuseNumbersThatNoVdmCanHave) {

@@ -142,14 +142,14 @@ TEST_F(Construction, NoZeroOfAContourHasASign) {
   }
 }
 
-TEST_F(Construction, AWrongLineTellsItsColumnAndChangesNothing) {
+TEST_F(Construction, AWrongLineReportsItsColumnAndChangesNothing) {
   DoAll({"s3=h 10", "p2=X5 Y0", "c1=p1 2", "k1 p1 as1 p2 ek"});
   struct Case {
     const char* line;
-    const char* told;
+    const char* message;
   };
-  for (const auto& [line, told] : std::initializer_list<Case>{
-           {"s9", "3: expected '=' behind s9"},
+  for (const auto& [line, message] : std::initializer_list<Case>{
+           {"s9", "3: expected '=' after s9"},
            {"s9=", "4: expected h, v, b, two points, or a distance and a line"},
            {"s9=x", "4: expected h, v, b, two points, or a distance and a line, found 'x'"},
            {"s9=h", "5: expected the height of the line"},
@@ -158,14 +158,14 @@ TEST_F(Construction, AWrongLineTellsItsColumnAndChangesNothing) {
            {"s9=h 0x10", "7: expected a blank, found 'x10'"},
            {"s9=h nan", "6: expected the height of the line, found 'nan'"},
            {"s9=h 1e999", "6: expected the height of the line, found '1e999'"},
-           {"s9=h 2e7", "1: that is more than 10 km away"},
+           {"s9=h 2e7", "1: a coordinate is beyond 10 km"},
            {"s9=h 5 6", "8: expected the end of the line, found '6'"},
-           {"s9=5 s1", "6: expected 'l' or 'r' and a line behind the distance, found 's1'"},
-           {"s9=5 ls77", "7: there is no s77"},
+           {"s9=5 s1", "6: expected 'l' or 'r' and a line after the distance, found 's1'"},
+           {"s9=5 ls77", "7: s77 does not exist"},
            {"s9=5 lp1", "7: expected a line like s1, found 'p1'"},
            {"s9=b45", "7: expected a point like p1"},
-           {"s9=p1 p77", "7: there is no p77"},
-           {"s9=p1 p1", "7: the two points are one"},
+           {"s9=p1 p77", "7: p77 does not exist"},
+           {"s9=p1 p1", "7: the two points are the same"},
            {"p9=s1 s3", "7: the two lines do not meet: they are parallel"},
            {"p9=Y0", "4: expected two lines, or 'X' and a number, found 'Y0'"},
            {"p9=X5", "6: expected 'Y' and a number"},
@@ -177,26 +177,25 @@ TEST_F(Construction, AWrongLineTellsItsColumnAndChangesNothing) {
            {"k9 p1 as1 p2", "13: expected an element like p1, as1, ts1, ac1, tc1, ch5, or 'ek'"},
            {"k9 p1 s1 p2 ek",
             "7: expected an element like p1, as1, ts1, ac1, tc1, ch5, or 'ek', found 's1 p2 ek'"},
-           {"k9 p1 ax p2 ek", "8: expected a line or a circle behind 'a' or 't', found 'x p2 ek'"},
-           {"k9 p1 as77 p2 ek", "8: there is no s77"},
+           {"k9 p1 ax p2 ek", "8: expected a line or a circle after 'a' or 't', found 'x p2 ek'"},
+           {"k9 p1 as77 p2 ek", "8: s77 does not exist"},
            {"k9 p1 as1 ts3 p2 ek", "11: s3 does not meet s1: they are parallel"},
-           {"k9 as1 p1 ek", "4: a contour begins with a point"},
-           {"k9 p1 as1 ek", "7: a contour ends with a point, not with s1"},
-           {"k9 ek", "1: a contour begins with a point"},
+           {"k9 as1 p1 ek", "4: a contour must begin with a point"},
+           {"k9 p1 as1 ek", "7: a contour must end with a point, not with s1"},
+           {"k9 ek", "1: a contour must begin with a point"},
            {"k9 p1 ek", "4: the contour has no length"},
            {"k9 p1 as1 p1 ek", "11: the contour has no length"},
-           {"k9 p1 as1 ch5 p2 ek", "11: a chamfer stands between two lines"},
-           {"k9 p1 as1 ac1 p2 ek", "11: c1 does not stand between two points"},
-           {"k9 p2 ac1 p2 ek",
-            "7: an arc from a point to itself is not told: the whole circle has two halves"},
-           {"k9 p1 ac1 p2 ek", "4: p1 is the centre of c1: it lies nowhere on it"},
-           {"k9 p1 as1 p2 as3 p1 ek", "11: p2 is not on s3, along which it goes on"},
+           {"k9 p1 as1 ch5 p2 ek", "11: a chamfer must be between two lines"},
+           {"k9 p1 as1 ac1 p2 ek", "11: c1 is not between two points"},
+           {"k9 p2 ac1 p2 ek", "7: an arc cannot lead from a point to itself: a whole circle has two halves"},
+           {"k9 p1 ac1 p2 ek", "4: p1 is the centre of c1: it has no projection on the circle"},
+           {"k9 p1 as1 p2 as3 p1 ek", "11: p2 is not on s3, which follows it"},
            {"k9 p1 as1 p2 ek x", "17: expected the end of the line, found 'x'"},
            {"k9 e ek", "1: the contour has no length"},
            {"k9 e X5 Y0 p1 ek", "12: expected 'X' and a number, or 'ek', found 'p1 ek'"},
            {"k9 e X5 Y0", "11: expected 'X' and a number, or 'ek'"},
        }) {
-    EXPECT_EQ(Told(line), told) << line;
+    EXPECT_EQ(Outcome(line), message) << line;
   }
   EXPECT_EQ(board.workpieces.lines.size(), 3U);
   EXPECT_EQ(board.workpieces.points.size(), 2U);
@@ -206,13 +205,14 @@ TEST_F(Construction, AWrongLineTellsItsColumnAndChangesNothing) {
 
 TEST_F(Construction, CornersThatAreTooFarAwayAreRefused) {
   DoAll({"p2=X1000 Y0.01", "s3=p1 p2", "s4=h 500", "s5=v 5"});
-  EXPECT_EQ(Told("p3=s3 s4"), "1: that is more than 10 km away");
-  EXPECT_THAT(Told("k1 p1 as3 ts4 as5 p1 ek"), StartsWith("11: s4 meets its neighbour more than 10 km away"));
+  EXPECT_EQ(Outcome("p3=s3 s4"), "1: a coordinate is beyond 10 km");
+  EXPECT_THAT(Outcome("k1 p1 as3 ts4 as5 p1 ek"),
+              StartsWith("11: s4 meets its neighbour more than 10 km away"));
 }
 
 TEST_F(Construction, AContourNeedsThePointsOfTheLinesBeforeIt) {
   DoAll({"del s1>2 p1"});
-  EXPECT_EQ(Told("k1 p1 as1 p1 ek"), "4: there is no p1");
+  EXPECT_EQ(Outcome("k1 p1 as1 p1 ek"), "4: p1 does not exist");
 }
 
 }  // namespace

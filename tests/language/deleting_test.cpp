@@ -32,19 +32,20 @@ TEST_F(Entities, ThatAreMissingInARangeAreNoFault) {
 }
 
 TEST_F(Entities, ThatAreMissingAloneAreAFaultAndNothingIsDeleted) {
-  EXPECT_EQ(Told("del s100 p77"), "10: there is no p77");
-  EXPECT_EQ(Told("del k77"), "5: there is no k77");
+  EXPECT_EQ(Outcome("del s100 p77"), "10: p77 does not exist");
+  EXPECT_EQ(Outcome("del k77"), "5: k77 does not exist");
+  EXPECT_EQ(Do("del k77").fault().kind, FaultKind::kMissing);
   EXPECT_EQ(board.workpieces.lines.size(), 3U);
 }
 
 TEST_F(Entities, AreDeletedByLinesThatAreRightOnly) {
-  EXPECT_EQ(Told("del"), "4: expected an entity like s1, p1, c1, k1 or m1");
-  EXPECT_EQ(Told("del s100 x5"), "10: expected an entity like s1, p1, c1, k1 or m1, found 'x5'");
-  EXPECT_EQ(Told("del s103>100"), "10: the range ends before it begins");
+  EXPECT_EQ(Outcome("del"), "4: expected an entity like s1, p1, c1, k1 or m1");
+  EXPECT_EQ(Outcome("del s100 x5"), "10: expected an entity like s1, p1, c1, k1 or m1, found 'x5'");
+  EXPECT_EQ(Outcome("del s103>100"), "10: the range ends before it begins");
   EXPECT_EQ(
-      Told("del s100>p101"),
+      Outcome("del s100>p101"),
       "10: expected the last number of the range or an integer variable that has a value, found 'p101'");
-  EXPECT_EQ(Told("del s100,s101"), "9: expected a blank, found ',s101'");
+  EXPECT_EQ(Outcome("del s100,s101"), "9: expected a blank, found ',s101'");
   EXPECT_EQ(board.workpieces.lines.size(), 3U);
 }
 
@@ -81,26 +82,26 @@ TEST_F(Entities, AHalfTurnInTwoQuartersAboutX) {
 
 TEST_F(Entities, AContourIsNotTiltedOutOfItsPlane) {
   DoAll({"rot m1 x90"});
-  EXPECT_EQ(Told("copy k1 m1"), "9: m1 tilts the plane of the drawing");
+  EXPECT_EQ(Outcome("copy k1 m1"), "9: m1 tilts the plane of the drawing");
   EXPECT_THAT(Vertices(1), ElementsAre("0 0", "5 0"));
 }
 
-TEST_F(Entities, TransformsBeginAnewWhenTheyAreSet) {
+TEST_F(Entities, TransformsStartAgainWhenTheyAreSet) {
   DoAll({"tra m1 x10", "set m1", "tra m1 y1", "tra m1 z7", "copy k1 m1"});
   EXPECT_THAT(Vertices(1), ElementsAre("0 1", "5 1"));
 }
 
-TEST_F(Entities, AWrongTransformIsToldAndChangesNothing) {
-  EXPECT_EQ(Told("set k1"), "5: expected a transform like m1, found 'k1'");
-  EXPECT_EQ(Told("set m1 x"), "8: expected the end of the line, found 'x'");
-  EXPECT_EQ(Told("rot m1"), "7: expected an axis and degrees like x180");
-  EXPECT_EQ(Told("rot m1 a5"), "8: expected an axis and degrees like x180, found 'a5'");
-  EXPECT_EQ(Told("tra m1 x"), "9: expected a number behind the axis");
-  EXPECT_EQ(Told("tra m7 x5"), "5: there is no m7");
-  EXPECT_EQ(Told("copy k7 m1"), "6: there is no k7");
-  EXPECT_EQ(Told("copy k1 m7"), "9: there is no m7");
+TEST_F(Entities, AWrongTransformIsReportedAndChangesNothing) {
+  EXPECT_EQ(Outcome("set k1"), "5: expected a transform like m1, found 'k1'");
+  EXPECT_EQ(Outcome("set m1 x"), "8: expected the end of the line, found 'x'");
+  EXPECT_EQ(Outcome("rot m1"), "7: expected an axis and degrees like x180");
+  EXPECT_EQ(Outcome("rot m1 a5"), "8: expected an axis and degrees like x180, found 'a5'");
+  EXPECT_EQ(Outcome("tra m1 x"), "9: expected a number after the axis");
+  EXPECT_EQ(Outcome("tra m7 x5"), "5: m7 does not exist");
+  EXPECT_EQ(Outcome("copy k7 m1"), "6: k7 does not exist");
+  EXPECT_EQ(Outcome("copy k1 m7"), "9: m7 does not exist");
   DoAll({"tra m1 x9999999"});
-  EXPECT_EQ(Told("copy k1 m1"), "6: that is more than 10 km away");
+  EXPECT_EQ(Outcome("copy k1 m1"), "6: a coordinate is beyond 10 km");
   EXPECT_THAT(Vertices(1), ElementsAre("0 0", "5 0"));
 }
 

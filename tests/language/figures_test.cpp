@@ -34,8 +34,8 @@ TEST_F(Figures, TakeCopiesOfContours) {
 
 TEST_F(Figures, AreMadeWithEitherAxisText) {
   DoAll({"fig cre A z0x0y0", "fig cre B x0y0z0"});
-  EXPECT_EQ(Told("fig cre C y0"), "11: expected the axes z0x0y0 or x0y0z0, found 'y0'");
-  EXPECT_EQ(Told("fig cre C"), "10: expected the axes");
+  EXPECT_EQ(Outcome("fig cre C y0"), "11: expected the axes z0x0y0 or x0y0z0, found 'y0'");
+  EXPECT_EQ(Outcome("fig cre C"), "10: expected the axes");
 }
 
 TEST_F(Figures, AreInsertedIntoTheCurrentWindowUnderATransform) {
@@ -50,18 +50,18 @@ TEST_F(Figures, AreDeletedWithTheirInsertionsAndMayBeMissing) {
   EXPECT_THAT(Figure("F").insertions, IsEmpty());
 }
 
-TEST_F(Figures, ThatAreWrongAreToldAndNothingChanges) {
+TEST_F(Figures, ThatAreWrongAreReportedAndNothingChanges) {
   DoAll({"fig cre F x0y0z0"});
-  EXPECT_EQ(Told("fig cre F x0y0z0"), "9: there is a figure F already");
-  EXPECT_EQ(Told("fig del F"), "10: expected 'yes'");
-  EXPECT_EQ(Told("fig del F no"), "11: expected 'yes', found 'no'");
-  EXPECT_EQ(Told("figure append G k1"), "15: there is no figure 'G'");
-  EXPECT_EQ(Told("figure append F k7"), "17: there is no k7");
-  EXPECT_EQ(Told("figure append F p1"), "17: expected a contour like k1, found 'p1'");
-  EXPECT_EQ(Told("fig ins G m1"), "9: there is no figure 'G'");
-  EXPECT_EQ(Told("fig ins F m7"), "11: there is no m7");
-  EXPECT_EQ(Told("fig rub"), "5: expected one of 'cre', 'del', 'ins' behind 'fig', found 'rub'");
-  EXPECT_EQ(Told("fig cre bad\x01name x0y0z0").substr(0, 3), "9: ");
+  EXPECT_EQ(Outcome("fig cre F x0y0z0"), "9: figure F already exists");
+  EXPECT_EQ(Outcome("fig del F"), "10: expected 'yes'");
+  EXPECT_EQ(Outcome("fig del F no"), "11: expected 'yes', found 'no'");
+  EXPECT_EQ(Outcome("figure append G k1"), "15: figure 'G' does not exist");
+  EXPECT_EQ(Outcome("figure append F k7"), "17: k7 does not exist");
+  EXPECT_EQ(Outcome("figure append F p1"), "17: expected a contour like k1, found 'p1'");
+  EXPECT_EQ(Outcome("fig ins G m1"), "9: figure 'G' does not exist");
+  EXPECT_EQ(Outcome("fig ins F m7"), "11: m7 does not exist");
+  EXPECT_EQ(Outcome("fig rub"), "5: expected one of 'cre', 'del', 'ins' after 'fig', found 'rub'");
+  EXPECT_EQ(Outcome("fig cre bad\x01name x0y0z0").substr(0, 3), "9: ");
   EXPECT_THAT(Figure("F").strokes, IsEmpty());
   EXPECT_EQ(board.drawing().figures.size(), 1U);
 }
@@ -76,20 +76,20 @@ TEST_F(Figures, LayersBecomeCurrentByTheNameBetweenTheLastTwoQuotes) {
   EXPECT_THAT(Layers(), UnorderedElementsAre("0", "Billet_Spindel_1", "Billet_out_HS", "with blanks"));
 }
 
-TEST_F(Figures, LayersThatAreWrongAreTold) {
-  EXPECT_EQ(Told("lay ch X"), "8: expected a layer in single quotes, found 'X'");
-  EXPECT_EQ(Told("lay ch 'X"), "8: the closing quote is missing");
-  EXPECT_EQ(Told("lay ch 'X' more"), "11: expected the end of the line behind the layer, found ' more'");
+TEST_F(Figures, LayersThatAreWrongAreReported) {
+  EXPECT_EQ(Outcome("lay ch X"), "8: expected a layer in single quotes, found 'X'");
+  EXPECT_EQ(Outcome("lay ch 'X"), "8: the closing quote is missing");
+  EXPECT_EQ(Outcome("lay ch 'X' more"), "11: expected the end of the line after the layer, found ' more'");
   EXPECT_EQ(
-      Told("lay ch ''"),
+      Outcome("lay ch ''"),
       "8: a layer cannot be called '': a name has 1 to 255 bytes, no control character, and no blank at "
       "its ends");
-  EXPECT_EQ(Told("lay del"), "8: expected the name of a layer");
-  EXPECT_EQ(Told("lay del 0"), "9: the layer 0 is always there");
+  EXPECT_EQ(Outcome("lay del"), "8: expected the name of a layer");
+  EXPECT_EQ(Outcome("lay del 0"), "9: layer 0 cannot be deleted");
   EXPECT_EQ(board.layer(), "0");
 }
 
-TEST_F(Figures, ALayerIsDeletedWithAllThatLiesInIt) {
+TEST_F(Figures, ALayerIsDeletedWithItsContents) {
   DoAll({"fig cre F x0y0z0", "figure append F k1", "lay ch 'L'", "k2 e X1 Y0 X5 Y0 ek", "figure append F k2",
          "win 1", "s-100 = v5", "lay ch '0'", "lay del L"});
   EXPECT_EQ(Figure("F").strokes.size(), 1U);
@@ -139,18 +139,18 @@ TEST_F(Figures, WhatIsDrawnKeepsThePenOfItsTime) {
   EXPECT_EQ(board.drawing().contours.at(2).stroke.pen.colour->name, "red");
 }
 
-TEST_F(Figures, TheLayerMacroTellsWhatIsWrongWithItsColumn) {
+TEST_F(Figures, TheLayerMacroReportsErrorsWithTheirColumn) {
   EXPECT_EQ(
-      Told("call @@lay 'pink' 'solid' '' '' 'L'"),
+      Outcome("call @@lay 'pink' 'solid' '' '' 'L'"),
       "12: expected black, blue, brown, cyan, green, grey, magenta, orange, red, violet or yellow, found "
       "'pink'");
-  EXPECT_EQ(Told("call @@lay 'red' 'wavy' '' '' 'L'"),
+  EXPECT_EQ(Outcome("call @@lay 'red' 'wavy' '' '' 'L'"),
             "18: expected solid, dash, dashdot or dot, found 'wavy'");
-  EXPECT_EQ(Told("call @@lay red"), "12: expected the layer in single quotes at the end");
-  EXPECT_EQ(Told("call @@lay 'red' x 'L'"), "18: expected a colour or a line style in single quotes");
-  EXPECT_EQ(Told("call @@lay '' '' '' '' '' '' 'L'"), "25: expected the end of the line, found '' '' '");
-  EXPECT_EQ(Told("call @@nothing"), "6: there is no macro '@@nothing'");
-  EXPECT_EQ(Told("call"), "5: expected the name of a macro");
+  EXPECT_EQ(Outcome("call @@lay red"), "12: expected the layer in single quotes at the end");
+  EXPECT_EQ(Outcome("call @@lay 'red' x 'L'"), "18: expected a colour or a line style in single quotes");
+  EXPECT_EQ(Outcome("call @@lay '' '' '' '' '' '' 'L'"), "25: expected the end of the line, found '' '' '");
+  EXPECT_EQ(Outcome("call @@nothing"), "6: macro '@@nothing' does not exist");
+  EXPECT_EQ(Outcome("call"), "5: expected the name of a macro");
   EXPECT_EQ(board.layer(), "0");
 }
 
@@ -167,16 +167,16 @@ TEST_F(Figures, WindowsAreTwo) {
   EXPECT_EQ(board.window, Window::kDisplay);
   DoAll({"win 0"});
   EXPECT_EQ(board.window, Window::kConstruction);
-  EXPECT_EQ(Told("win 2"), "5: there are the windows 0 and 1 only");
-  EXPECT_EQ(Told("win"), "4: expected 0 or 1");
+  EXPECT_EQ(Outcome("win 2"), "5: expected window 0 or 1");
+  EXPECT_EQ(Outcome("win"), "4: expected 0 or 1");
   EXPECT_EQ(board.window, Window::kConstruction);
 }
 
 TEST_F(Figures, StateCommandsAreTaken) {
   DoAll({"ori", "mct turning", "red -1"});
-  EXPECT_EQ(Told("mct milling"), "5: expected 'turning', found 'milling'");
-  EXPECT_EQ(Told("ori x"), "5: expected the end of the line, found 'x'");
-  EXPECT_EQ(Told("red 5"), "5: expected -1, for all that is shown");
+  EXPECT_EQ(Outcome("mct milling"), "5: expected 'turning', found 'milling'");
+  EXPECT_EQ(Outcome("ori x"), "5: expected the end of the line, found 'x'");
+  EXPECT_EQ(Outcome("red 5"), "5: expected -1, for all that is shown");
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ class WorkplaceOfATest final : public Workplace {
     return names;
   }
   Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) override {
-    if (!figures.contains(name)) return Fault{"there is no figure '" + name + "'"};
+    if (!figures.contains(name)) return Fault{"figure '" + name + "' does not exist"};
     return figures.at(name);
   }
   Result<void> ShowHelp(const std::string& topic) override {
@@ -52,7 +52,7 @@ class LanguageTest : public testing::Test {
  protected:
   Result<void> Do(const std::string& line) { return language::Run(line, surroundings); }
 
-  /// Runs lines that have to go well.
+  /// Runs lines that must succeed.
   void DoAll(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) {
       const auto run = Do(line);
@@ -60,13 +60,13 @@ class LanguageTest : public testing::Test {
     }
   }
 
-  /// What a line that has to fail tells.
-  std::string Told(const std::string& line) {
+  /// The message of a line that must fail, or "done".
+  std::string Outcome(const std::string& line) {
     const auto run = Do(line);
     return run ? "done" : run.fault().Message();
   }
 
-  /// The vertices of a contour as "x y", an arc's with its direction and centre behind.
+  /// The vertices of a contour as "x y", followed by direction and centre for an arc.
   std::vector<std::string> Vertices(int number) const {
     const geometry::Kurve* const curve = board.FindContour(number);
     return curve == nullptr ? std::vector<std::string>{"no contour"} : VerticesOf(*curve);

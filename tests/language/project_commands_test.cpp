@@ -14,10 +14,10 @@ class ProjectCommands : public LanguageTest {
   }
   /// The event and the object of a pick.
   std::string PickedObject() {
-    const std::string told = Told("dfm pick i_return i_return2 'Select Figure' 20");
+    const std::string message = Outcome("dfm pick i_return i_return2 'Select Figure' 20");
     const std::string values = std::to_string(*variables.Integer("i_return")) + " " +
                                std::to_string(*variables.Integer("i_return2"));
-    return told == "done" ? values : values + " " + told;
+    return message == "done" ? values : values + " " + message;
   }
 };
 
@@ -27,8 +27,8 @@ TEST_F(ProjectCommands, TheEnvironmentIsFetchedIntoAText) {
   EXPECT_EQ(Value("$_return"), "1");
   DoAll({"env 'BilletDecimalPlaces' $_return"});
   EXPECT_EQ(Value("$_return"), "");
-  EXPECT_EQ(Told("env HideBilletOut $_return"), "5: expected the key in single quotes");
-  EXPECT_EQ(Told("env 'HideBilletOut' i_return"), "21: expected a text variable, found 'i_return'");
+  EXPECT_EQ(Outcome("env HideBilletOut $_return"), "5: expected the key in single quotes");
+  EXPECT_EQ(Outcome("env 'HideBilletOut' i_return"), "21: expected a text variable, found 'i_return'");
 }
 
 TEST_F(ProjectCommands, SettingsAreReadAndStored) {
@@ -37,10 +37,10 @@ TEST_F(ProjectCommands, SettingsAreReadAndStored) {
   EXPECT_EQ(Value("$_return"), "D:\\it's here\\clamp.cld");
   DoAll({"file e '' $_project 'NONE' $_return"});
   EXPECT_EQ(Value("$_return"), "");
-  EXPECT_EQ(Told("file a 'x' $_project 'K' 'v'"),
-            "8: expected an empty text: there is no file but the project's own");
-  EXPECT_EQ(Told("file a '' $_other 'K' 'v'"), "11: expected '$_project', found '$_other 'K' 'v''");
-  EXPECT_EQ(Told("file x"), "6: expected one of 'a', 'e' behind 'file', found 'x'");
+  EXPECT_EQ(Outcome("file a 'x' $_project 'K' 'v'"),
+            "8: expected an empty text: the project's own file is the only one");
+  EXPECT_EQ(Outcome("file a '' $_other 'K' 'v'"), "11: expected '$_project', found '$_other 'K' 'v''");
+  EXPECT_EQ(Outcome("file x"), "6: expected one of 'a', 'e' after 'file', found 'x'");
 }
 
 TEST_F(ProjectCommands, VariablesAreAssigned) {
@@ -55,16 +55,17 @@ TEST_F(ProjectCommands, VariablesAreAssigned) {
 
 TEST_F(ProjectCommands, AWrongAssignmentChangesNothing) {
   DoAll({"i_n=1", "$_x='x'", "w_x=1"});
-  EXPECT_EQ(Told("i_n="), "5: expected an integer");
-  EXPECT_EQ(Told("i_n=2.5"), "5: expected an integer or an integer variable that has a value, found '2.5'");
-  EXPECT_EQ(Told("i_n=i_none"),
+  EXPECT_EQ(Outcome("i_n="), "5: expected an integer");
+  EXPECT_EQ(Outcome("i_n=2.5"),
+            "5: expected an integer or an integer variable that has a value, found '2.5'");
+  EXPECT_EQ(Outcome("i_n=i_none"),
             "5: expected an integer or an integer variable that has a value, found 'i_none'");
-  EXPECT_EQ(Told("i_n=2 3"), "7: expected the end of the line, found '3'");
-  EXPECT_EQ(Told("$_x=$_none"),
+  EXPECT_EQ(Outcome("i_n=2 3"), "7: expected the end of the line, found '3'");
+  EXPECT_EQ(Outcome("$_x=$_none"),
             "5: expected a text in single quotes or a text variable that has a value, found '$_none'");
-  EXPECT_EQ(Told("$_x='open"), "5: the closing quote is missing");
-  EXPECT_EQ(Told("w_x=y"), "5: expected a number or a real variable, found 'y'");
-  EXPECT_EQ(Told("x=5"), "1: expected a command or a variable that begins with i, w or $, found 'x'");
+  EXPECT_EQ(Outcome("$_x='open"), "5: the closing quote is missing");
+  EXPECT_EQ(Outcome("w_x=y"), "5: expected a number or a real variable, found 'y'");
+  EXPECT_EQ(Outcome("x=5"), "1: expected a command or a variable that begins with i, w or $, found 'x'");
   EXPECT_EQ(variables.Integer("i_n"), 1);
   EXPECT_EQ(Value("$_x"), "x");
   EXPECT_EQ(variables.Real("w_x"), 1);
@@ -98,20 +99,20 @@ TEST_F(ProjectCommands, APickThatIsCancelledOrMissingIsCancelled) {
   DoAll({"dfm umark -1"});
 }
 
-TEST_F(ProjectCommands, APickThatFailsIsToldAndCancelledLestItIsAskedForEver) {
+TEST_F(ProjectCommands, APickThatFailsIsReportedAndCancelledLestItIsAskedForEver) {
   Pick("figure None\nposition 1 2\n");
-  EXPECT_EQ(PickedObject(), "27 0 picks.txt:1: there is no figure 'None'");
+  EXPECT_EQ(PickedObject(), "27 0 picks.txt:1: figure 'None' does not exist");
   EXPECT_EQ(PickedObject(), "27 0 picks.txt:2: expected 'figure' or 'cancel', found 'position'");
 }
 
 TEST_F(ProjectCommands, PromptsMayHoldQuotes) {
-  EXPECT_EQ(Told("dfm pick i_return i_return2 'Pick 'em' all' 20"), "done");
+  EXPECT_EQ(Outcome("dfm pick i_return i_return2 'Pick 'em' all' 20"), "done");
   EXPECT_EQ(variables.Integer("i_return"), 27);
 }
 
-TEST_F(ProjectCommands, AnObjectThatIsNotThereHasNoInformation) {
-  EXPECT_EQ(Told("dfm inf 7"), "9: there is no object 7");
-  EXPECT_EQ(Told("dfm inf i_none"),
+TEST_F(ProjectCommands, AMissingObjectHasNoInformation) {
+  EXPECT_EQ(Outcome("dfm inf 7"), "9: object 7 does not exist");
+  EXPECT_EQ(Outcome("dfm inf i_none"),
             "9: expected the number of an object or an integer variable that has a value, found 'i_none'");
   EXPECT_EQ(Value("$_misc"), "");
 }
@@ -126,13 +127,13 @@ TEST_F(ProjectCommands, APositionIsPickedByTheMacro) {
   EXPECT_EQ(variables.Integer("i_return"), 27);
   EXPECT_EQ(variables.Real("w_return"), -12.5) << "as it was";
   ASSERT_TRUE(variables.Set("i_return", 5));
-  EXPECT_EQ(Told("call vbpickel POS"), "picks.txt:3: expected 'position' or 'cancel', found 'figure'");
+  EXPECT_EQ(Outcome("call vbpickel POS"), "picks.txt:3: expected 'position' or 'cancel', found 'figure'");
   EXPECT_EQ(variables.Integer("i_return"), 27);
-  EXPECT_EQ(Told("call vbpickel ALL"), "15: expected 'POS', found 'ALL'");
+  EXPECT_EQ(Outcome("call vbpickel ALL"), "15: expected 'POS', found 'ALL'");
 }
 
 TEST_F(ProjectCommands, HelpNeedsATopic) {
-  EXPECT_EQ(Told("call loadhelp"), "14: $_helptopic names no topic");
+  EXPECT_EQ(Outcome("call loadhelp"), "14: $_helptopic names no topic");
   EXPECT_THAT(workplace.helped, testing::IsEmpty());
   DoAll({"$_helptopic='mat_vanzet53'", "call loadhelp"});
   EXPECT_THAT(workplace.helped, testing::ElementsAre("mat_vanzet53"));
@@ -142,7 +143,7 @@ TEST_F(ProjectCommands, ADrawingThatCannotBeReadCancelsPicksAndStopsDrawing) {
   test::WriteBytes(folder / "drawing.txt", "rubbish\n");
   drawing::Board damaged(folder.path());
   Surroundings around{variables, store, paths, damaged, picks, bodies, mesh, workplace};
-  const std::string fault = (folder / "drawing.txt").string() + ":1: is no drawing: 'drawing 1' is expected";
+  const std::string fault = (folder / "drawing.txt").string() + ":1: not a drawing: expected 'drawing 1'";
   for (const char* line : {"fig cre F x0y0z0", "s1=h 0", "red -1", "dfm pick i_return i_return2 'x' 20"}) {
     EXPECT_EQ(language::Run(line, around).fault().Message(), fault) << line;
   }

@@ -22,7 +22,7 @@ std::vector<Block> BlocksOfThePage() {
   return blocks;
 }
 
-TEST_F(LanguageTest, TheBlocksOfTheReferencePageRunAsTheyStand) {
+TEST_F(LanguageTest, TheBlocksOfTheReferencePageRunUnchanged) {
   const std::vector<Block> blocks = BlocksOfThePage();
   EXPECT_GE(blocks.size(), 10U);
   for (const Block& block : blocks) {

@@ -52,16 +52,16 @@ TEST_F(Solids, HaveNumbersThatAreNeverUsedTwice) {
 
 TEST_F(Solids, ThatCannotBeMadeHaveTheNumberZeroAndAReason) {
   DoAll({"i_return=9", "s104=h -5", "k2 p100 as100 ts103 ts104 as101 p100 ek"});
-  EXPECT_THAT(Told("sld spu kur k2 0 0 0 1 0 0 360 i_return"), HasSubstr("13: "));
+  EXPECT_THAT(Outcome("sld spu kur k2 0 0 0 1 0 0 360 i_return"), HasSubstr("13: "));
   EXPECT_EQ(Body(), 0);
   DoAll({"i_return=9", "p101=s103 s100", "k3 p100 as100 p101 ek"});
-  EXPECT_THAT(Told("sld ext kur k3 5 i_return"), HasSubstr("open"));
+  EXPECT_THAT(Outcome("sld ext kur k3 5 i_return"), HasSubstr("open"));
   EXPECT_EQ(Body(), 0);
   DoAll({"i_return=9"});
-  EXPECT_THAT(Told("sld ext kur k4 5 i_return"), HasSubstr("there is no k4"));
+  EXPECT_THAT(Outcome("sld ext kur k4 5 i_return"), HasSubstr("k4 does not exist"));
   EXPECT_EQ(Body(), 0);
   DoAll({"i_return=9"});
-  EXPECT_NE(Told("sld ext kur k30000 0 i_return"), "done");
+  EXPECT_NE(Outcome("sld ext kur k30000 0 i_return"), "done");
   EXPECT_EQ(Body(), 0);
 }
 
@@ -80,23 +80,24 @@ TEST_F(Solids, TakeABackslashInTheFilesPathForASeparator) {
   EXPECT_TRUE(std::filesystem::exists(folder / "tmpclamp.wrl"));
 }
 
-TEST_F(Solids, ThatAreNotThereLeaveAnOldFile) {
+TEST_F(Solids, ThatDoNotExistLeaveAnOldFile) {
   test::WriteBytes(folder / "old.wrl", "old");
-  EXPECT_NE(Told("dll kelvane.dll exportVRML '" + (folder / "old.wrl").string() + "' 1 0"), "done");
+  EXPECT_NE(Outcome("dll kelvane.dll exportVRML '" + (folder / "old.wrl").string() + "' 1 0"), "done");
   EXPECT_EQ(test::ReadBytes(folder / "old.wrl"), "old");
 }
 
 TEST_F(Solids, AreNotWrittenOverTheStore) {
   DoAll({"sld ext kur k30000 1 i_return"});
-  EXPECT_NE(Told("dll kelvane.dll exportVRML '" + (folder / "store.db").string() + "' 1 1"), "done");
+  EXPECT_NE(Outcome("dll kelvane.dll exportVRML '" + (folder / "store.db").string() + "' 1 1"), "done");
 }
 
 TEST_F(Solids, AreRefusedWithColumnAndWhatWasExpected) {
-  EXPECT_EQ(Told("sld spu k1 0 0 0 1 0 0 360 i_return"), "9: expected 'kur', found 'k1'");
-  EXPECT_THAT(Told("sld spu kur k1 0 0 0 1 0 0 i_return"), HasSubstr("expected the point and the direction"));
-  EXPECT_THAT(Told("sld cut 1 2"), HasSubstr("expected one of 'ext', 'rot', 'spu', 'tra'"));
-  EXPECT_THAT(Told("sld tra 1 99 0 0 0 0 0 1"), HasSubstr("11: "));
-  EXPECT_THAT(Told("dll other.dll exportVRML 'a' 1 1"), HasSubstr("kelvane.dll"));
+  EXPECT_EQ(Outcome("sld spu k1 0 0 0 1 0 0 360 i_return"), "9: expected 'kur', found 'k1'");
+  EXPECT_THAT(Outcome("sld spu kur k1 0 0 0 1 0 0 i_return"),
+              HasSubstr("expected the point and the direction"));
+  EXPECT_THAT(Outcome("sld cut 1 2"), HasSubstr("expected one of 'ext', 'rot', 'spu', 'tra'"));
+  EXPECT_THAT(Outcome("sld tra 1 99 0 0 0 0 0 1"), HasSubstr("11: "));
+  EXPECT_THAT(Outcome("dll other.dll exportVRML 'a' 1 1"), HasSubstr("kelvane.dll"));
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST_F(BodyTables, KnowNamesWhateverTheirCase) {
   EXPECT_EQ(table_.NumberOf(""), 0);
   EXPECT_EQ(table_.NameOf(1), "");
   EXPECT_EQ(table_.NameOf(77), "");
-  EXPECT_EQ(Told(table_.Add(BodyOf(Brick(1, 1, 1)), "CASTING")), "body 2 has the name 'CASTING' already");
+  EXPECT_EQ(Told(table_.Add(BodyOf(Brick(1, 1, 1)), "CASTING")), "body 2 already has the name 'CASTING'");
   EXPECT_EQ(Add(), 3) << "a refused body takes no number";
 }
 
@@ -82,21 +82,22 @@ TEST_F(BodyTables, KeepVolumeAndSoundnessWhenMoved) {
   EXPECT_TRUE(IsSound(Get(table_.Get(1))));
 }
 
-TEST_F(BodyTables, TellABodyThatIsNotThere) {
-  const std::string missing = "there is no body 7";
+TEST_F(BodyTables, ReportAMissingBody) {
+  const std::string missing = "body 7 does not exist";
   EXPECT_EQ(Told(table_.Get(7)), missing);
   EXPECT_EQ(Told(table_.Move(7, {1, 0, 0})), missing);
   EXPECT_EQ(Told(table_.Turn(7, {{0, 0, 0}, {1, 0, 0}}, 90)), missing);
   EXPECT_EQ(Told(table_.Delete(7)), missing);
-  EXPECT_EQ(Told(table_.Delete(0)), "there is no body 0");
-  EXPECT_EQ(Told(table_.Delete(-1)), "there is no body -1");
+  EXPECT_EQ(table_.Delete(7).fault().kind, FaultKind::kMissing);
+  EXPECT_EQ(Told(table_.Delete(0)), "body 0 does not exist");
+  EXPECT_EQ(Told(table_.Delete(-1)), "body -1 does not exist");
 }
 
 TEST_F(BodyTables, LeaveABodyWhereItIsWhenNumbersAreNone) {
   Add();
-  EXPECT_EQ(Told(table_.Move(1, {std::nan(""), 0, 0})), "a body cannot be moved by what is no number");
+  EXPECT_EQ(Told(table_.Move(1, {std::nan(""), 0, 0})), "the displacement is not a finite number");
   EXPECT_EQ(Told(table_.Turn(1, {{0, 0, 0}, {1, 0, 0}}, std::nan(""))),
-            "a body cannot be turned by what is no number");
+            "the axis or the angle is not a finite number");
   EXPECT_EQ(Told(table_.Turn(1, {{0, 0, 0}, {0, 0, 0}}, 90)), "the axis has no direction");
   ExpectBox(1, {0, 0, 0, 10, 20, 30});
 }

@@ -27,7 +27,7 @@ class Exports : public testing::Test {
     geometry::Matrix aside;
     aside.Rotate(1, 0, 3);
     aside.Translate(100, 0, 0);
-    bodies_.push_back({"ball 2", Get(Moved(BodyOf(Sphere(10)), {0, 50, 0})), aside, {0, 0.5, 1}});
+    bodies_.push_back({"ball 2", Get(MoveBody(BodyOf(Sphere(10)), {0, 50, 0})), aside, {0, 0.5, 1}});
   }
 
   fs::path Exported(ExportFormat format) {
@@ -111,7 +111,7 @@ TEST_F(Exports, NothingWithoutABody) {
   const fs::path file = folder_ / "out.step";
   WriteBytes(file, "old");
   EXPECT_EQ(Told(Export(bodies_, ExportFormat::kStep, file, {}, TestExchange())),
-            file.string() + ": there is no body to be written");
+            file.string() + ": no body to write");
   EXPECT_EQ(ReadBytes(file), "old");
 }
 

@@ -41,21 +41,21 @@ TEST(Extents, OfABrick) {
 TEST(Extents, OfASphereHoweverTurned) {
   const Body sphere = BodyOf(Sphere(10));
   ExpectBox(sphere, {-10, -10, -10, 10, 10, 10});
-  ExpectBox(Get(Turned(sphere, kOblique, 40)), {-10, -10, -10, 10, 10, 10});
+  ExpectBox(Get(TurnBody(sphere, kOblique, 40)), {-10, -10, -10, 10, 10, 10});
 }
 
 TEST(Extents, OfATorusHoweverTurned) {
   const Body torus = BodyOf(Torus(20, 5));
   ExpectBox(torus, {-25, -25, -5, 25, 25, 5});
   // Across an axis at an angle to the torus's own, its circle reaches R times the sine of that angle.
-  const Body tilted = Get(Turned(torus, {{0, 0, 0}, {1, 0, 0}}, 30));
+  const Body tilted = Get(TurnBody(torus, {{0, 0, 0}, {1, 0, 0}}, 30));
   const double y = 20 * std::sqrt(3.0) / 2 + 5, z = 20 * 0.5 + 5;
   ExpectBox(tilted, {-25, -y, -z, 25, y, z});
 }
 
 TEST(Extents, OfSplinesAreNotThoseOfTheirPoles) {
   ExpectBox(BodyOf(AsSplines(Sphere(10))), {-10, -10, -10, 10, 10, 10});
-  ExpectBox(Get(Turned(BodyOf(AsSplines(Sphere(10))), kOblique, 40)), {-10, -10, -10, 10, 10, 10});
+  ExpectBox(Get(TurnBody(BodyOf(AsSplines(Sphere(10))), kOblique, 40)), {-10, -10, -10, 10, 10, 10});
   ExpectBox(BodyOf(AsSplines(Torus(20, 5))), {-25, -25, -5, 25, 25, 5});
 }
 
@@ -68,7 +68,7 @@ TEST(Extents, OfWhatIsLeftOfACutBody) {
 TEST(Extents, OfRoundedEdges) {
   const Body casting = BodyOf(Casting());
   ExpectBox(casting, {0, 0, 0, 60, 40, 30});
-  ExpectBoxOfItsMesh(Get(Turned(casting, kOblique, 40)));
+  ExpectBoxOfItsMesh(Get(TurnBody(casting, kOblique, 40)));
 }
 
 TEST(Extents, OfWhatWasSpun) {
@@ -83,13 +83,13 @@ TEST(Extents, DoNotChangeWhenABodyWasMeshed) {
   ExpectBox(sphere, {-10, -10, -10, 10, 10, 10});
 }
 
-TEST(Extents, AreToldInMetres) {
+TEST(Extents, AreReturnedInMetres) {
   const auto metres = InMetres(Get(Extents(BodyOf(Brick(10, 20, 30)))));
   EXPECT_THAT(metres, Pointwise(DoubleNear(1e-9), {0.0, 0.0, 0.0, 0.01, 0.02, 0.03}));
 }
 
 TEST(Measures, OfASphere) {
-  const Measures measures = Measured(Get(Moved(BodyOf(Sphere(10)), {5, 0, 0})));
+  const Measures measures = Measured(Get(MoveBody(BodyOf(Sphere(10)), {5, 0, 0})));
   EXPECT_NEAR(measures.volume, 4000 * std::numbers::pi / 3, 1e-6);
   EXPECT_NEAR(measures.area, 400 * std::numbers::pi, 1e-6);
   EXPECT_NEAR(measures.centroid.x, 5, 1e-9);

@@ -44,9 +44,9 @@ TEST_F(Extrudes, DownwardsWhenNegative) {
 }
 
 TEST_F(Extrudes, NotByNothing) {
-  EXPECT_EQ(Told(Extrude(Tongue(0), 0)), "the thickness is 0 mm; it has to be up to 1e+07 and not 0");
+  EXPECT_EQ(Told(Extrude(Tongue(0), 0)), "the thickness is 0 mm; it must be at most 1e+07 and not 0");
   EXPECT_EQ(Told(Extrude(Tongue(0), std::nan(""))),
-            "the thickness is nan mm; it has to be up to 1e+07 and not 0");
+            "the thickness is nan mm; it must be at most 1e+07 and not 0");
 }
 
 TEST_F(Extrudes, NotWhatIsOpen) {

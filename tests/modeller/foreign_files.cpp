@@ -22,7 +22,7 @@ void Expect(bool written) {
 }  // namespace
 
 void WriteStep(const TopoDS_Shape& shape, const std::filesystem::path& file, const char* unit) {
-  modeller::QuietKernel();
+  modeller::SilenceKernel();
   const Standard_CLocaleSentry point;
   // A writer takes the unit that is set when it is made.
   STEPControl_Controller::Init();

@@ -25,11 +25,11 @@ class HostileFiles : public testing::Test {
  protected:
   /// One clear line that begins with the file's name.
   std::string Fault(const std::string& name) {
-    const std::string told = ImportFault(folder_ / name);
+    const std::string message = ImportFault(folder_ / name);
     const std::string file = (folder_ / name).string() + ": ";
-    EXPECT_THAT(told, StartsWith(file));
-    EXPECT_EQ(told.find('\n'), std::string::npos);
-    return told.substr(std::min(file.size(), told.size()));
+    EXPECT_THAT(message, StartsWith(file));
+    EXPECT_EQ(message.find('\n'), std::string::npos);
+    return message.substr(std::min(file.size(), message.size()));
   }
 
   std::string FaultOf(const std::string& name, std::string_view bytes) {
@@ -45,33 +45,33 @@ class HostileFiles : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(HostileFiles, ThatAreNotThereAreToldSo) {
-  EXPECT_EQ(Fault("none.step"), "is not there");
+TEST_F(HostileFiles, ThatDoNotExistAreReported) {
+  EXPECT_EQ(Fault("none.step"), "does not exist");
 }
 
-TEST_F(HostileFiles, ThatAreFoldersAreToldSo) {
+TEST_F(HostileFiles, ThatAreFoldersAreReported) {
   fs::create_directory(folder_ / "folder.step");
-  EXPECT_EQ(Fault("folder.step"), "is no regular file");
+  EXPECT_EQ(Fault("folder.step"), "not a regular file");
 }
 
-TEST_F(HostileFiles, OfAnotherKindAreToldSo) {
+TEST_F(HostileFiles, OfAnotherKindAreReported) {
   EXPECT_EQ(FaultOf("brick.igs", "x"), "does not end with .step, .stp, .stl or .brep");
 }
 
-TEST_F(HostileFiles, WithoutContentAreToldSo) {
-  EXPECT_THAT(FaultOf("empty.step", ""), StartsWith("is no STEP file that can be read"));
+TEST_F(HostileFiles, WithoutContentAreReported) {
+  EXPECT_THAT(FaultOf("empty.step", ""), StartsWith("not a readable STEP file"));
   EXPECT_NE(FaultOf("empty.stl", ""), "");
-  EXPECT_THAT(FaultOf("empty.brep", ""), StartsWith("is no BREP file that can be read"));
+  EXPECT_THAT(FaultOf("empty.brep", ""), StartsWith("not a readable BREP file"));
 }
 
-TEST_F(HostileFiles, OfNoiseAreToldSo) {
+TEST_F(HostileFiles, OfNoiseAreReported) {
   Dice dice(7);
   for (const char* name : {"noise.step", "noise.stl", "noise.brep"}) {
     for (int i = 0; i < 5; ++i) EXPECT_NE(FaultOf(name, dice.Text(2000)), "");
   }
 }
 
-TEST_F(HostileFiles, ThatAreCutShortAreToldSo) {
+TEST_F(HostileFiles, ThatAreCutShortAreReported) {
   const std::string whole = StepOfABrick();
   for (const double part : {0.1, 0.5, 0.9}) {
     EXPECT_NE(FaultOf("cut.step", whole.substr(0, static_cast<std::size_t>(part * double(whole.size())))),
@@ -82,7 +82,7 @@ TEST_F(HostileFiles, ThatAreCutShortAreToldSo) {
   EXPECT_NE(FaultOf("cut.brep", brep.substr(0, brep.size() / 2)), "");
   WriteStl(Sphere(10), folder_ / "ball.stl", StlForm::kBinary);
   const std::string stl = ReadBytes(folder_ / "ball.stl");
-  EXPECT_THAT(FaultOf("cut.stl", stl.substr(0, stl.size() / 2)), StartsWith("is cut short: it tells "));
+  EXPECT_THAT(FaultOf("cut.stl", stl.substr(0, stl.size() / 2)), StartsWith("is cut short: it announces "));
   WriteStl(Sphere(10), folder_ / "text.stl", StlForm::kText);
   const std::string text = ReadBytes(folder_ / "text.stl");
   EXPECT_EQ(FaultOf("cut-text.stl", text.substr(0, text.size() / 2)), "is cut short: it has no 'endsolid'");
@@ -100,17 +100,17 @@ TEST_F(HostileFiles, WithBytesChangedNeverEndThisProcess) {
   }
 }
 
-TEST_F(HostileFiles, WithoutABodyAreToldSo) {
+TEST_F(HostileFiles, WithoutABodyAreReported) {
   EXPECT_THAT(FaultOf("nothing.stl", "solid nothing\nendsolid nothing\n"),
-              testing::AnyOf(StartsWith("holds no body"), StartsWith("is no STL file that can be read")));
+              testing::AnyOf(StartsWith("holds no body"), StartsWith("not a readable STL file")));
 }
 
-TEST_F(HostileFiles, OutOfReachAreToldSo) {
+TEST_F(HostileFiles, OutOfReachAreReported) {
   WriteStep(Brick(1, 1, 2e7), folder_ / "tower.step");
   EXPECT_EQ(Fault("tower.step"), "has a point that is not within 1e+07 mm");
 }
 
-TEST_F(HostileFiles, WithNoNumbersAreToldSo) {
+TEST_F(HostileFiles, WithInvalidNumbersAreReported) {
   WriteStl(Brick(1, 1, 1), folder_ / "brick.stl", StlForm::kBinary);
   std::string bytes = ReadBytes(folder_ / "brick.stl");
   const float none = std::numeric_limits<float>::quiet_NaN();
@@ -118,7 +118,7 @@ TEST_F(HostileFiles, WithNoNumbersAreToldSo) {
   EXPECT_EQ(FaultOf("nan.stl", bytes), "has a point that is not within 1e+07 mm");
 }
 
-TEST_F(HostileFiles, ThatClaimTooManyTrianglesAreToldSo) {
+TEST_F(HostileFiles, ThatClaimTooManyTrianglesAreReported) {
   std::string bytes(84 + 50, '\0');
   const std::uint32_t claimed = 0xFFFFFFFF;
   std::memcpy(bytes.data() + 80, &claimed, sizeof(claimed));
@@ -137,11 +137,11 @@ TEST_F(HostileFiles, ThatTakeTooLongAreGivenUp) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
 }
 
-TEST_F(HostileFiles, ThatEndTheExchangeProgramAreToldSo) {
+TEST_F(HostileFiles, ThatEndTheExchangeProgramAreReported) {
   WriteBytes(folder_ / "crash", "#!/bin/sh\nkill -SEGV $$\n");
   fs::permissions(folder_ / "crash", fs::perms::owner_all);
   EXPECT_EQ(Told(ImportBody(folder_ / "x.step", Exchange{folder_ / "crash", {}})),
-            (folder_ / "x.step").string() + ": Open CASCADE broke down over it (signal 11)");
+            (folder_ / "x.step").string() + ": Open CASCADE crashed (signal 11)");
 }
 
 TEST_F(HostileFiles, AreNotReadWithoutTheExchangeProgram) {
@@ -156,7 +156,7 @@ TEST_F(HostileFiles, ThatNeedTooMuchMemoryAreGivenUp) {
   Exchange exchange = TestExchange();
   exchange.limits.bytes = 64 << 20;
   EXPECT_EQ(Told(ImportBody(folder_ / "casting.step", exchange)),
-            (folder_ / "casting.step").string() + ": needs more memory than it may take");
+            (folder_ / "casting.step").string() + ": exceeds the memory limit");
 }
 #endif
 

@@ -73,19 +73,19 @@ TEST_F(Imports, KeepWhatWasRound) {
   EXPECT_NEAR(Measured(Import("casting.step")).volume, Measured(BodyOf(Casting())).volume, 1e-3);
 }
 
-TEST_F(Imports, TellTheirProgress) {
+TEST_F(Imports, ReportTheirProgress) {
   WriteStep(Casting(), folder_ / "casting.step");
-  std::vector<double> told;
+  std::vector<double> reported;
   Exchange exchange = TestExchange();
-  exchange.progress = [&](double done) { return told.push_back(done), true; };
+  exchange.progress = [&](double done) { return reported.push_back(done), true; };
   EXPECT_TRUE(ImportBody(folder_ / "casting.step", exchange));
-  ASSERT_FALSE(told.empty());
-  EXPECT_TRUE(std::ranges::is_sorted(told));
-  EXPECT_GT(told.back(), 0);
-  EXPECT_LE(told.back(), 1);
+  ASSERT_FALSE(reported.empty());
+  EXPECT_TRUE(std::ranges::is_sorted(reported));
+  EXPECT_GT(reported.back(), 0);
+  EXPECT_LE(reported.back(), 1);
 }
 
-TEST_F(Imports, StopWhenToldTo) {
+TEST_F(Imports, StopWhenTheyAreCancelled) {
   WriteStep(Casting(), folder_ / "casting.step");
   Exchange exchange = TestExchange();
   exchange.progress = [](double) { return false; };
@@ -105,25 +105,25 @@ TEST_F(Imports, ListAFolderWithoutReadingIt) {
   EXPECT_THAT(names, ElementsAre("a a.STP", "b b.step", "c c.stl"));
 }
 
-TEST_F(Imports, FindNothingInAFolderThatIsNotThere) {
+TEST_F(Imports, FindNothingInAMissingFolder) {
   EXPECT_TRUE(BodyFilesIn(folder_ / "none").empty());
 }
 
 TEST_F(Imports, ReadANamedBodyOnceAndKeepItsNumber) {
   WriteStep(Brick(10, 20, 30), folder_ / "Brick.step");
   BodyTable table;
-  const auto number = Get(NumberOfNamed("brick", table, folder_.path(), TestExchange()));
+  const auto number = Get(FindOrImportBody("brick", table, folder_.path(), TestExchange()));
   EXPECT_EQ(number, 1);
   EXPECT_EQ(table.NameOf(1), "Brick");
   fs::remove(folder_ / "Brick.step");
-  EXPECT_EQ(Get(NumberOfNamed("BRICK", table, folder_.path(), TestExchange())), 1);
+  EXPECT_EQ(Get(FindOrImportBody("BRICK", table, folder_.path(), TestExchange())), 1);
   ExpectTheBrick(Get(table.Get(1)));
 }
 
-TEST_F(Imports, TellANameThatIsNotThere) {
+TEST_F(Imports, ReportAnUnknownName) {
   BodyTable table;
-  EXPECT_EQ(Told(NumberOfNamed("brick", table, folder_.path(), TestExchange())),
-            folder_.path().string() + ": there is no body 'brick'");
+  EXPECT_EQ(Told(FindOrImportBody("brick", table, folder_.path(), TestExchange())),
+            folder_.path().string() + ": body 'brick' does not exist");
   EXPECT_TRUE(table.Numbers().empty());
 }
 

@@ -58,7 +58,7 @@ TEST(Meshes, OfSpunBodiesAreClosed) {
 
 TEST(Meshes, OfMovedBodiesAreMoved) {
   const Body brick =
-      Get(Turned(Get(Moved(BodyOf(Brick(10, 20, 30)), {1, 2, 3})), {{0, 0, 0}, {0, 0, 1}}, 90));
+      Get(TurnBody(Get(MoveBody(BodyOf(Brick(10, 20, 30)), {1, 2, 3})), {{0, 0, 0}, {0, 0, 1}}, 90));
   geometry::Box3d box;
   for (const auto& point : Expect(brick, {}, 1e-12).points) box.Insert(point);
   EXPECT_EQ(box.min, geometry::Point3d(-22, 1, 3));
@@ -113,7 +113,7 @@ TEST(Kernel, FailuresBecomeFaults) {
   const auto nameless = Guarded([]() -> Result<void> { throw Standard_NullObject(); });
   EXPECT_EQ(Told(nameless), "Open CASCADE: Standard_NullObject");
   const auto memory = Guarded([]() -> Result<void> { throw std::bad_alloc(); });
-  EXPECT_EQ(Told(memory), "there is not enough memory");
+  EXPECT_EQ(Told(memory), "out of memory");
 }
 
 TEST(MeasuresOfMeshes, KnowAnOpenOne) {

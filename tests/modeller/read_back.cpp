@@ -26,7 +26,7 @@ namespace vanzet::test {
 namespace {
 
 Handle(TDocStd_Document) NewDocument() {
-  modeller::QuietKernel();
+  modeller::SilenceKernel();
   Handle(TDocStd_Document) document;
   XCAFApp_Application::GetApplication()->NewDocument("BinXCAF", document);
   return document;

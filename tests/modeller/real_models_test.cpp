@@ -73,7 +73,7 @@ TEST_F(RealModels, AnAssemblyHasItsPartsWhereTheyAre) {
   EXPECT_NEAR(Box(AsVrml(read))[3], 110, 0.06);
 }
 
-TEST_F(RealModels, AnStlWithHolesIsTakenAsItIsAndToldToBeOpen) {
+TEST_F(RealModels, AnStlWithHolesIsReadAsItIsAndIsOpen) {
   WriteStl(Sphere(20), folder_ / "whole.stl", StlForm::kText);
   std::ifstream whole(folder_ / "whole.stl");
   std::string text;
@@ -95,7 +95,7 @@ TEST_F(RealModels, AnStlWithHolesIsTakenAsItIsAndToldToBeOpen) {
   EXPECT_NEAR(Box(AsVrml(read))[3], 20, 0.1) << "it can be shown and exported all the same";
 }
 
-TEST_F(RealModels, ABrokenStepTellsWhereItIsNoStep) {
+TEST_F(RealModels, ABrokenStepReportsThePlace) {
   WriteStep(Casting(), folder_ / "whole.step");
   std::string bytes = ReadBytes(folder_ / "whole.step");
   bytes.resize(bytes.size() / 2);

@@ -166,10 +166,10 @@ TEST_F(Spins, NothingAboutAnAxisElsewhere) {
 
 TEST_F(Spins, NothingByAnAngleThatIsNone) {
   const Kurve square = Rectangle(0, 20, 30, 50);
-  EXPECT_EQ(Refusal(square, 0), "the angle is 0 degrees; it has to be up to 360 and not 0");
-  EXPECT_EQ(Refusal(square, 361), "the angle is 361 degrees; it has to be up to 360 and not 0");
-  EXPECT_EQ(Refusal(square, -400), "the angle is -400 degrees; it has to be up to 360 and not 0");
-  EXPECT_EQ(Refusal(square, std::nan("")), "the angle is nan degrees; it has to be up to 360 and not 0");
+  EXPECT_EQ(Refusal(square, 0), "the angle is 0 degrees; it must be at most 360 and not 0");
+  EXPECT_EQ(Refusal(square, 361), "the angle is 361 degrees; it must be at most 360 and not 0");
+  EXPECT_EQ(Refusal(square, -400), "the angle is -400 degrees; it must be at most 360 and not 0");
+  EXPECT_EQ(Refusal(square, std::nan("")), "the angle is nan degrees; it must be at most 360 and not 0");
 }
 
 TEST_F(Spins, NothingOutOfReach) {

@@ -17,7 +17,7 @@ class SpunParts : public testing::Test {
   /// The volume of the part in units of pi.
   static double Volume(const std::vector<geometry::Kurve>& outside,
                        const std::vector<geometry::Kurve>& inside) {
-    const auto part = SpunPart(outside, inside);
+    const auto part = SpinPart(outside, inside);
     if (!part || !*part) {
       ADD_FAILURE() << (part ? "there is none" : part.fault().text);
       return 0;
@@ -59,19 +59,19 @@ TEST_F(SpunParts, OfSeveralHalfSectionsAreTogether) {
 }
 
 TEST_F(SpunParts, OfNothingAreNothing) {
-  const auto part = SpunPart({}, {Block(-50, 0, 20)});
+  const auto part = SpinPart({}, {Block(-50, 0, 20)});
   ASSERT_TRUE(part);
   EXPECT_FALSE(*part);
 }
 
 TEST_F(SpunParts, AreRefusedWhenNothingIsLeft) {
-  const auto part = SpunPart({Block(-50, 0, 20)}, {Block(-60, 10, 30)});
+  const auto part = SpinPart({Block(-50, 0, 20)}, {Block(-60, 10, 30)});
   ASSERT_FALSE(part);
-  EXPECT_EQ(part.fault().text, "nothing is left of it");
+  EXPECT_EQ(part.fault().text, "the cut leaves nothing");
 }
 
 TEST_F(SpunParts, AreRefusedAcrossTheAxis) {
-  const auto part = SpunPart({Through({{-50, -20}, {-50, 20}, {0, 20}, {0, -20}, {-50, -20}})}, {});
+  const auto part = SpinPart({Through({{-50, -20}, {-50, 20}, {0, 20}, {0, -20}, {-50, -20}})}, {});
   ASSERT_FALSE(part);
   EXPECT_THAT(part.fault().text, testing::StartsWith("the contour crosses the axis"));
 }
@@ -79,7 +79,7 @@ TEST_F(SpunParts, AreRefusedAcrossTheAxis) {
 TEST_F(SpunParts, AreNotCutOfFacets) {
   const auto solid = Spin(Block(-50, 0, 20), {{0, 0, 0}, {1, 0, 0}}, 360);
   ASSERT_TRUE(solid);
-  const auto cut = Cut({BodyOf(solid->shape().shape, true)}, {*solid});
+  const auto cut = CutBodies({BodyOf(solid->shape().shape, true)}, {*solid});
   ASSERT_FALSE(cut);
   EXPECT_EQ(cut.fault().text, "a body of facets cannot be cut");
 }

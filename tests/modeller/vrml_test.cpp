@@ -134,7 +134,7 @@ TEST_F(VrmlFiles, LeaveTheOldFileWhenThereIsNoSuchBody) {
   EXPECT_EQ(FilesInTheFolder(), 1U);
 }
 
-TEST_F(VrmlFiles, TellAFolderThatIsNotThere) {
+TEST_F(VrmlFiles, ReportAMissingFolder) {
   const fs::path elsewhere = folder_ / "none" / "x.wrl";
   EXPECT_EQ(Told(ExportVrml(BodyOf(Brick(1, 1, 1)), elsewhere, {})),
             elsewhere.string() + ": cannot be written: No such file or directory");

@@ -102,7 +102,8 @@ TEST_F(DeviceTexts, ThatAreNoVrmlAreToldWithTheirOperation) {
                                           "geometry IndexedFaceSet { nonsense }\n"};
   const auto text = scene::ReadDeviceText(definition, 5, Reader());
   ASSERT_FALSE(text);
-  EXPECT_THAT(text.fault().text, testing::StartsWith("operation 5, VRML Main Clampdevice: is no VRML text"));
+  EXPECT_THAT(text.fault().text,
+              testing::StartsWith("operation 5, VRML Main Clampdevice: not a readable VRML text"));
 }
 
 TEST_F(DeviceTexts, WithAFaceWithoutItsPointAreRefused) {
@@ -113,7 +114,7 @@ TEST_F(DeviceTexts, WithAFaceWithoutItsPointAreRefused) {
       "coordIndex [ 0 1 7 -1 ] } }\n"};
   const auto text = scene::ReadDeviceText(definition, 5, Reader());
   ASSERT_FALSE(text);
-  EXPECT_THAT(text.fault().text, testing::HasSubstr("a point that is not there"));
+  EXPECT_THAT(text.fault().text, testing::HasSubstr("a point that does not exist"));
 }
 
 }  // namespace

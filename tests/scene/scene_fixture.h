@@ -29,7 +29,7 @@ class SceneTest : public HostTest {
     const scene::Sources sources = {
         [this](const std::string& name) -> Result<std::vector<geometry::Kurve>> {
           if (const auto found = figures.find(name); found != figures.end()) return found->second;
-          return Fault{"there is no figure '" + name + "'"};
+          return Fault{"figure '" + name + "' does not exist"};
         },
         [](const std::string& name) -> Result<modeller::Body> { return Fault{"there is no " + name}; },
         Reader()};
@@ -52,7 +52,7 @@ class SceneTest : public HostTest {
   /// The extents of a body of the scene, which must be there.
   static geometry::Box3d BoxOf(const scene::Scene& shown, const std::string& name) {
     for (const auto& body : shown.bodies) {
-      if (body.name == name) return *modeller::Extents(*modeller::Placed(body.body, body.placement));
+      if (body.name == name) return *modeller::Extents(*modeller::PlaceBody(body.body, body.placement));
     }
     ADD_FAILURE() << "there is no " << name;
     return {};

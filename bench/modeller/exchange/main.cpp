@@ -1,6 +1,6 @@
-// The exchange program. Its arguments: what to do, the seconds and bytes it may take, the file if there is
-// one, and for writing the tolerances of a mesh. Bodies come and go through descriptor 3; what it tells
-// is described in process.h.
+// The exchange program. Its arguments: the order, the limits in seconds and bytes, the file if the order has
+// one, and for writing the tolerances of the mesh. Bodies come and go through descriptor 3; process.h
+// describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BinTools.hxx>
@@ -23,95 +23,96 @@
 namespace vanzet::modeller {
 namespace {
 
-/// The file in memory that this program was started with, under a name by which this process can open it.
+/// The name by which this process can open the file in memory that it was started with.
 constexpr const char* kParcel = "/proc/self/fd/3";
 
-/// The shape with its place worked into its geometry: one that is elsewhere would become an assembly's part.
-TopoDS_Shape WithoutPlace(const TopoDS_Shape& shape) {
+/// Applies the placement of the shape to its geometry: a placed shape would be written as part of an
+/// assembly.
+TopoDS_Shape ApplyPlacement(const TopoDS_Shape& shape) {
   if (HasFacetsOnly(shape)) return FaceOf(FacetsOf(shape));
   const gp_Trsf place = shape.Location().Transformation();
   return BRepBuilderAPI_Transform(shape.Located(TopLoc_Location()), place, Standard_True).Shape();
 }
 
 template <class Write>
-Result<void> Leave(Write write) {
+Result<void> WriteParcelBy(Write write) {
   std::ofstream bytes(kParcel, std::ios::binary);
   write(bytes);
   bytes.close();
-  if (!bytes) return Fault{"needs more memory than it may take"};
+  if (!bytes) return Fault{"exceeds the memory limit"};
   return {};
 }
 
-/// The bodies that are to be written. The places of shapes are worked into their geometry.
+/// Reads the bodies that are to be written, with their placements applied to their geometry.
 Result<std::vector<ParcelBody>> ReadParcel() {
   std::ifstream bytes(kParcel, std::ios::binary);
   VANZET_TRY(auto bodies, UnpackParcel(bytes));
-  for (ParcelBody& body : bodies) body.shape = WithoutPlace(body.shape);
+  for (ParcelBody& body : bodies) body.shape = ApplyPlacement(body.shape);
   return bodies;
 }
 
-/// Leaves bodies for the one that started this program.
+/// Returns bodies to the program that started this one.
 Result<void> WriteParcel(const std::vector<ParcelBody>& bodies) {
-  return Leave([&](std::ostream& bytes) { PackParcel(bodies, bytes); });
+  return WriteParcelBy([&](std::ostream& bytes) { PackParcel(bodies, bytes); });
 }
 
-/// Leaves a shape in Open CASCADE's binary form.
+/// Returns a shape in the binary form of Open CASCADE.
 Result<void> WriteParcel(const TopoDS_Shape& shape) {
-  return Leave([&](std::ostream& bytes) { BinTools::Write(shape, bytes); });
+  return WriteParcelBy([&](std::ostream& bytes) { BinTools::Write(shape, bytes); });
 }
 
-struct Order {
+struct Arguments {
   std::string file;
   MeshTolerance tolerance;
 };
 
-Result<void> Read(const Order& order) {
-  VANZET_TRY(const auto shape, ReadFile(order.file));
+Result<void> Read(const Arguments& given) {
+  VANZET_TRY(const auto shape, ReadFile(given.file));
   return WriteParcel(shape);
 }
 
-Result<void> ReadVrmlText(const Order&) {
+Result<void> ReadVrmlText(const Arguments&) {
   std::ifstream text(kParcel, std::ios::binary);
   VANZET_TRY(const auto bodies, ReadVrml(text));
   return WriteParcel(bodies);
 }
 
-Result<void> StepFile(const Order& order) {
+Result<void> StepFile(const Arguments& given) {
   VANZET_TRY(const auto bodies, ReadParcel());
-  return WriteStep(bodies, order.file);
+  return WriteStep(bodies, given.file);
 }
 
-Result<void> GltfFile(const Order& order) {
+Result<void> GltfFile(const Arguments& given) {
   VANZET_TRY(const auto bodies, ReadParcel());
-  return WriteGltf(bodies, order.file, order.tolerance);
+  return WriteGltf(bodies, given.file, given.tolerance);
 }
 
-struct Work {
+struct Order {
   std::string_view word;
   int arguments;
-  Result<void> (*work)(const Order& order);
+  Result<void> (*run)(const Arguments& given);
 };
-constexpr Work kWorks[] = {
+constexpr Order kOrders[] = {
     {"read", 4, Read},
     {"read-vrml", 3, ReadVrmlText},
     {"write-step", 6, StepFile},
     {"write-gltf", 6, GltfFile},
 };
 
-Result<void> Done(const Work& work, char** arguments) {
-  KeepWithin(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
-  CollectComplaints();
-  Order order;
-  if (work.arguments > 3) order.file = arguments[3];
-  if (work.arguments > 4) order.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
+Result<void> RunOrder(const Order& order, char** arguments) {
+  LimitProcess(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
+  CollectKernelMessages();
+  Arguments given;
+  if (order.arguments > 3) given.file = arguments[3];
+  if (order.arguments > 4) given.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
   try {
-    return work.work(order);
+    return order.run(given);
   } catch (const Standard_OutOfMemory&) {
-    return Fault{"needs more memory than it may take"};
+    return Fault{"exceeds the memory limit"};
   } catch (const Standard_Failure& failure) {
     return KernelFault(failure);
   } catch (const std::bad_alloc&) {
-    return Fault{"needs more memory than it may take"};
+    return Fault{"exceeds the memory limit"};
   } catch (const std::exception& error) {
     return Fault{error.what()};
   }
@@ -122,13 +123,13 @@ Result<void> Done(const Work& work, char** arguments) {
 
 int main(int argc, char** argv) {
   using namespace vanzet::modeller;
-  for (const Work& work : kWorks) {
-    if (argc != work.arguments + 1 || work.word != argv[1]) continue;
-    const auto done = Done(work, argv + 1);
-    if (!done) TellFault(done.fault().text);
-    // All is written and told; what the kernel keeps for the process goes with it.
+  for (const Order& order : kOrders) {
+    if (argc != order.arguments + 1 || order.word != argv[1]) continue;
+    const auto done = RunOrder(order, argv + 1);
+    if (!done) ReportFault(done.fault().text);
+    // Everything is written and reported; the state of the kernel ends with the process.
     std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);
   }
-  TellFault("the workbench and its exchange program do not fit together");
+  ReportFault("the workbench and its exchange program are of different versions");
   return EXIT_FAILURE;
 }

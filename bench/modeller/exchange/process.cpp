@@ -14,17 +14,17 @@
 namespace vanzet::modeller {
 namespace {
 
-constexpr double kStep = 0.01;  // progress is told in hundredths
+constexpr double kStep = 0.01;  // progress is reported in hundredths
 
-std::string firstComplaint;
+std::string firstMessage;
 
 class Listener final : public Message_Printer {
   void send(const TCollection_AsciiString& text, const Message_Gravity gravity) const override {
-    if (gravity >= Message_Fail && firstComplaint.empty()) firstComplaint = text.ToCString();
+    if (gravity >= Message_Fail && firstMessage.empty()) firstMessage = text.ToCString();
   }
 };
 
-void Tell(const std::string& line) {
+void PrintLine(const std::string& line) {
   std::fwrite(line.data(), 1, line.size(), stdout);
   std::fflush(stdout);
 }
@@ -46,33 +46,33 @@ void Limit(__rlimit_resource resource, std::uint64_t most) {
 
 }  // namespace
 
-void TellProgress(double done) {
-  Tell("progress " + NumberText(done) + "\n");
+void ReportProgress(double done) {
+  PrintLine("progress " + NumberText(done) + "\n");
 }
 
-void TellFault(const std::string& text) {
-  Tell("fault " + OneLine(text) + "\n");
+void ReportFault(const std::string& text) {
+  PrintLine("fault " + OneLine(text) + "\n");
 }
 
-void CollectComplaints() {
+void CollectKernelMessages() {
   Message::DefaultMessenger()->ChangePrinters().Clear();
   Message::DefaultMessenger()->AddPrinter(new Listener());
 }
 
-std::string FirstComplaint() {
-  return firstComplaint.empty() ? "" : ": " + firstComplaint;
+std::string FirstKernelMessage() {
+  return firstMessage.empty() ? "" : ": " + firstMessage;
 }
 
-void ProgressTeller::Show(const Message_ProgressScope&, const Standard_Boolean) {
+void ProgressReporter::Show(const Message_ProgressScope&, const Standard_Boolean) {
   const double done = from_ + (to_ - from_) * GetPosition();
-  if (done < told_ + kStep) return;
-  told_ = done;
-  TellProgress(done);
+  if (done < reported_ + kStep) return;
+  reported_ = done;
+  ReportProgress(done);
 }
 
-void KeepWithin(int seconds, std::uint64_t bytes) {
+void LimitProcess(int seconds, std::uint64_t bytes) {
   signal(SIGINT, SIG_IGN);
-  // A write beyond the limit is then a fault to be told.
+  // A write beyond the limit then fails and can be reported.
   signal(SIGXFSZ, SIG_IGN);
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   Limit(RLIMIT_CORE, 0);

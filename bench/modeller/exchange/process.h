@@ -4,36 +4,38 @@
 #include <cstdint>
 #include <string>
 
-/// What this program tells the one that started it, line by line on standard output.
+/// This program as a process: its limits, and its reports to the program that started it, one a line on
+/// standard output.
 namespace vanzet::modeller {
 
 /// "progress 0.25"
-void TellProgress(double done);
+void ReportProgress(double done);
 
 /// "fault TEXT"
-void TellFault(const std::string& text);
+void ReportFault(const std::string& text);
 
-/// Collects what Open CASCADE complains about from now on, instead of printing it.
-void CollectComplaints();
+/// Collects the failure messages of Open CASCADE from now on, instead of printing them.
+void CollectKernelMessages();
 
-/// The first complaint as ": what it says", or nothing.
-std::string FirstComplaint();
+/// The first failure message as ": MESSAGE", or nothing.
+std::string FirstKernelMessage();
 
-/// Tells a work's progress between two fractions of the whole.
-class ProgressTeller final : public Message_ProgressIndicator {
+/// Reports the progress of a piece of work, which is done between two fractions of the whole.
+class ProgressReporter final : public Message_ProgressIndicator {
  public:
-  ProgressTeller(double from, double to) : from_(from), to_(to) {}
+  ProgressReporter(double from, double to) : from_(from), to_(to) {}
 
  private:
   void Show(const Message_ProgressScope& scope, const Standard_Boolean isForced) override;
 
   double from_;
   double to_;
-  double told_ = 0;
+  double reported_ = 0;
 };
 
-/// Keeps this process within its limits from now on: processor time, memory, the size of what it writes; no
-/// core is left behind. It ends when its parent ends, and Ctrl-C is its parent's matter.
-void KeepWithin(int seconds, std::uint64_t bytes);
+/// Limits this process from now on: its processor time, its memory, and the size of the files that it
+/// writes; it leaves no core file. It ends when its parent ends and ignores Ctrl-C, which its parent
+/// handles.
+void LimitProcess(int seconds, std::uint64_t bytes);
 
 }  // namespace vanzet::modeller

@@ -34,15 +34,15 @@ Result<TopoDS_Shape> ReadStep(const fs::path& file) {
   Interface_Static::SetCVal("xstep.cascade.unit", "MM");
   STEPControl_Reader reader;
   if (reader.ReadFile(file.c_str()) != IFSelect_RetDone) {
-    return Fault{"is no STEP file that can be read" + FirstComplaint()};
+    return Fault{"not a readable STEP file" + FirstKernelMessage()};
   }
-  TellProgress(kTransferBegins);
-  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(kTransferBegins, 1);
-  reader.TransferRoots(teller->Start());
+  ReportProgress(kTransferBegins);
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
+  reader.TransferRoots(reporter->Start());
   return reader.OneShape();
 }
 
-/// Tells the text form of STL from the binary one, by Open CASCADE's own rule.
+/// Distinguishes text from binary STL files by the rule of Open CASCADE.
 class StlForm final : public RWStl_Reader {
  public:
   bool IsText(std::ifstream& bytes) { return IsAscii(bytes, true); }
@@ -52,7 +52,7 @@ class StlForm final : public RWStl_Reader {
   void AddTriangle(Standard_Integer, Standard_Integer, Standard_Integer) override {}
 };
 
-/// Whether a text has its last line, "endsolid" with perhaps a name, in small letters or capitals.
+/// Whether a text has its last line, "endsolid" and an optional name, in small letters or capitals.
 bool HasItsEnd(std::ifstream& bytes, std::uintmax_t size) {
   constexpr std::uintmax_t kLongestEnd = 4096;
   bytes.clear();
@@ -62,7 +62,7 @@ bool HasItsEnd(std::ifstream& bytes, std::uintmax_t size) {
   return end.find("endsolid") != std::string::npos;
 }
 
-/// Open CASCADE passes over the end of a file that is cut short.
+/// Open CASCADE ignores that a file is cut short.
 Result<void> CheckStlEnd(const fs::path& file) {
   constexpr std::uintmax_t kCountAt = 80, kHeadBytes = 84, kTriangleBytes = 50;
   const std::uintmax_t size = fs::file_size(file);
@@ -74,17 +74,17 @@ Result<void> CheckStlEnd(const fs::path& file) {
   std::uint32_t count = 0;
   bytes.clear();
   bytes.seekg(kCountAt);
-  if (!bytes.read(reinterpret_cast<char*>(&count), sizeof(count)))
-    return Fault{"is no STL file that can be read"};
+  if (!bytes.read(reinterpret_cast<char*>(&count), sizeof(count))) return Fault{"not a readable STL file"};
   if (size >= kHeadBytes + kTriangleBytes * count) return {};
-  return Fault{"is cut short: it tells " + std::to_string(count) + " triangles and does not hold them"};
+  return Fault{"is cut short: it announces " + std::to_string(count) +
+               " triangles but does not contain them"};
 }
 
 Result<TopoDS_Shape> ReadStl(const fs::path& file) {
   VANZET_DO(CheckStlEnd(file));
-  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(0, 1);
-  const auto triangulation = RWStl::ReadFile(file.c_str(), teller->Start());
-  if (triangulation.IsNull()) return Fault{"is no STL file that can be read" + FirstComplaint()};
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(0, 1);
+  const auto triangulation = RWStl::ReadFile(file.c_str(), reporter->Start());
+  if (triangulation.IsNull()) return Fault{"not a readable STL file" + FirstKernelMessage()};
   TopoDS_Face face;
   if (triangulation->NbTriangles() > 0) BRep_Builder().MakeFace(face, triangulation);
   return face;
@@ -92,9 +92,9 @@ Result<TopoDS_Shape> ReadStl(const fs::path& file) {
 
 Result<TopoDS_Shape> ReadBrep(const fs::path& file) {
   TopoDS_Shape shape;
-  const Handle(Message_ProgressIndicator) teller = new ProgressTeller(0, 1);
-  if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), teller->Start())) {
-    return Fault{"is no BREP file that can be read" + FirstComplaint()};
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(0, 1);
+  if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), reporter->Start())) {
+    return Fault{"not a readable BREP file" + FirstKernelMessage()};
   }
   return shape;
 }
@@ -126,13 +126,13 @@ Result<void> CheckReach(const TopoDS_Shape& shape) {
 }  // namespace
 
 Result<TopoDS_Shape> ReadFile(const fs::path& file) {
-  if (!fs::is_regular_file(file)) return Fault{fs::exists(file) ? "is no regular file" : "is not there"};
+  if (!fs::is_regular_file(file)) return Fault{"not a regular file"};
   if (!std::ifstream(file)) return Fault{"cannot be read"};
   for (const Reader& reader : kReaders) {
     if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
     VANZET_TRY(auto shape, reader.read(file));
     if (shape.IsNull() || !TopExp_Explorer(shape, TopAbs_FACE).More()) {
-      return Fault{"holds no body" + FirstComplaint()};
+      return Fault{"holds no body" + FirstKernelMessage()};
     }
     VANZET_DO(CheckReach(shape));
     return shape;

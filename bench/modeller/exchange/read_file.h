@@ -7,8 +7,8 @@
 
 namespace vanzet::modeller {
 
-/// What a file of another program holds, by the file's ending, in millimetres. Several bodies come as one
-/// compound. Refused when it has no faces, or a point that is not within `kLargestCoordinate`.
+/// Reads the shape of a file by the file's ending, in millimetres; several bodies become one compound. Fails
+/// when it has no faces, or a point that is not within `kLargestCoordinate`.
 Result<TopoDS_Shape> ReadFile(const std::filesystem::path& file);
 
 }  // namespace vanzet::modeller

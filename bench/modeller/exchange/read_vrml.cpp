@@ -34,7 +34,7 @@ Result<void> AddFaces(VrmlData_IndexedFaceSet& facets, Mesh& mesh) {
     const int length = facets.Polygon(static_cast<int>(i), corners);
     for (int k = 0; k < length; ++k) {
       const bool isThere = corners[k] >= 0 && static_cast<std::size_t>(corners[k]) < mesh.points.size();
-      if (!isThere) return Fault{"has a face with a point that is not there"};
+      if (!isThere) return Fault{"has a face with a point that does not exist"};
     }
     for (int k = 2; k < length; ++k) {
       const int second = facets.IsCCW() ? corners[k - 1] : corners[k];
@@ -57,7 +57,7 @@ class Collector {
     return {};
   }
 
-  std::vector<ParcelBody> Take() { return std::move(bodies_); }
+  std::vector<ParcelBody> TakeBodies() { return std::move(bodies_); }
 
  private:
   Result<void> AddNode(const Handle(VrmlData_Node) & node, const gp_Trsf& place, const std::string& name) {
@@ -84,11 +84,11 @@ Result<std::vector<ParcelBody>> ReadVrml(std::istream& text) {
   VrmlData_Scene scene;
   scene << text;
   if (scene.Status() != VrmlData_StatusOK) {
-    return Fault{"is no VRML text that can be read: line " + std::to_string(scene.GetLineError())};
+    return Fault{"not a readable VRML text: line " + std::to_string(scene.GetLineError())};
   }
   Collector collector;
   VANZET_DO(collector.Add(scene.GetIterator(), gp_Trsf(), ""));
-  return collector.Take();
+  return collector.TakeBodies();
 }
 
 }  // namespace vanzet::modeller

@@ -6,10 +6,10 @@
 
 namespace vanzet::modeller {
 
-/// The face sets of a VRML 2.0 text as bodies of facets, in the order of the text, where its transforms put
-/// them; each has the name of the nearest named node that it stands in. Other geometry is passed over.
-/// Refused when the text is no VRML, when a face has a point that is not there, and when a point is not
-/// within `kLargestCoordinate`.
+/// Reads the face sets of a VRML 2.0 text as bodies of facets, in the order of the text, placed by its
+/// transforms; each has the name of the nearest named node around it. Other geometry is skipped. Fails when
+/// the text is not VRML, when a face has a point that does not exist, and when a point is not within
+/// `kLargestCoordinate`.
 Result<std::vector<ParcelBody>> ReadVrml(std::istream& text);
 
 }  // namespace vanzet::modeller

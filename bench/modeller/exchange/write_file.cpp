@@ -64,7 +64,7 @@ gp_Pnt PointOf(const geometry::Point3d& p) {
   return {p.x, p.y, p.z};
 }
 
-/// Makes faces that share their edges and vertices.
+/// Makes a shell of faces that share their edges and vertices.
 class ShellMaker {
  public:
   explicit ShellMaker(const Mesh& mesh) : mesh_(mesh) {
@@ -87,7 +87,7 @@ class ShellMaker {
     builder_.Add(shell_, BRepBuilderAPI_MakeFace(gp_Pln(At(a), gp_Dir(normal)), wire, Standard_True).Face());
   }
 
-  TopoDS_Shape Take() {
+  TopoDS_Shape Finish() {
     if (!IsClosed(mesh_)) return shell_;
     shell_.Closed(Standard_True);
     TopoDS_Solid solid;
@@ -116,13 +116,13 @@ class ShellMaker {
   std::map<std::pair<int, int>, TopoDS_Edge> edges_;
 };
 
-/// A body of facets with a plane face for each triangle, for formats that know no triangles: a solid when it
-/// is closed, else a shell. Triangles without area are left out.
+/// Makes a shape with a plane face for each triangle of a body of facets, for formats without triangles: a
+/// solid when the mesh is closed, else a shell. Triangles without area are left out.
 TopoDS_Shape FacetShell(const TopoDS_Shape& facets) {
   const Mesh mesh = FacetsOf(facets);
   ShellMaker maker(mesh);
   for (const auto& triangle : mesh.triangles) maker.Add(triangle);
-  return maker.Take();
+  return maker.Finish();
 }
 
 }  // namespace
@@ -131,7 +131,7 @@ Result<void> WriteStep(std::vector<ParcelBody> bodies, const fs::path& file) {
   for (ParcelBody& body : bodies) {
     if (HasFacetsOnly(body.shape)) body.shape = FacetShell(body.shape);
   }
-  // A writer takes what is set when it is made.
+  // A writer reads the settings when it is made.
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("write.step.unit", "MM");
   STEPCAFControl_Writer writer;
@@ -139,7 +139,7 @@ Result<void> WriteStep(std::vector<ParcelBody> bodies, const fs::path& file) {
   writer.SetColorMode(Standard_True);
   const bool isDone = writer.Transfer(DocumentOf(bodies), STEPControl_AsIs) == Standard_True &&
                       writer.Write(file.c_str()) == IFSelect_RetDone;
-  if (!isDone) return Fault{"Open CASCADE could not write it" + FirstComplaint()};
+  if (!isDone) return Fault{"Open CASCADE could not write it" + FirstKernelMessage()};
   return {};
 }
 
@@ -152,7 +152,7 @@ Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const fs::path& fi
   writer.ChangeCoordinateSystemConverter().SetInputLengthUnit(kMillimetre);
   writer.ChangeCoordinateSystemConverter().SetInputCoordinateSystem(RWMesh_CoordinateSystem_Zup);
   if (!writer.Perform(DocumentOf(bodies), {}, Message_ProgressRange())) {
-    return Fault{"Open CASCADE could not write it" + FirstComplaint()};
+    return Fault{"Open CASCADE could not write it" + FirstKernelMessage()};
   }
   return {};
 }

@@ -9,10 +9,10 @@
 
 namespace vanzet::modeller {
 
-/// Named and coloured solids, in millimetres. Bodies of facets get a face for each triangle.
+/// Writes named and coloured solids, in millimetres. A body of facets gets a face for each triangle.
 Result<void> WriteStep(std::vector<ParcelBody> bodies, const std::filesystem::path& file);
 
-/// Named and coloured meshes in one binary file, in metres with y upwards, as the format wants it.
+/// Writes named and coloured meshes to one binary file, in metres with y upwards, as the format requires.
 Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file,
                        const MeshTolerance& tolerance);
 
