@@ -66,6 +66,12 @@ void Merge(const Drawing& ours, const Changes& changes, Drawing& theirs) {
   theirs.layers.merge(missing);
 }
 
+std::vector<geometry::Kurve> CurvesOf(const Figure& figure) {
+  std::vector<geometry::Kurve> curves;
+  for (const Stroke& stroke : figure.strokes) curves.push_back(stroke.curve);
+  return curves;
+}
+
 std::size_t VerticesOf(const Drawing& drawing) {
   std::size_t vertices = 0;
   const auto count = [&](const Stroke& stroke) {

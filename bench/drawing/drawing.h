@@ -83,6 +83,9 @@ void RemoveLayer(Drawing& drawing, const std::string& name, Changes& changes);
 /// same part, ours stays.
 void Merge(const Drawing& ours, const Changes& changes, Drawing& theirs);
 
+/// The curves of a figure, in its own coordinates.
+std::vector<geometry::Kurve> CurvesOf(const Figure& figure);
+
 /// The number of vertices of all contours.
 std::size_t VerticesOf(const Drawing& drawing);
 

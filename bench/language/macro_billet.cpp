@@ -60,9 +60,7 @@ Result<Curves> CurvesOf(const std::string& figure, Surroundings& surroundings) {
   const auto& figures = surroundings.board.drawing().figures;
   const auto drawn = figures.find(figure);
   if (drawn == figures.end()) return surroundings.workplace.ReadFigureFile(figure);
-  Curves curves;
-  for (const drawing::Stroke& stroke : drawn->second.strokes) curves.push_back(stroke.curve);
-  return curves;
+  return drawing::CurvesOf(drawn->second);
 }
 
 /// The contours that a billet is made from.

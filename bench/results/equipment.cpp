@@ -32,9 +32,7 @@ Result<std::vector<geometry::Kurve>> FigureOf(const project::Project& project, c
   const auto& figures = board.drawing().figures;
   const auto drawn = figures.find(name);
   if (drawn == figures.end()) return drawing::FigureFolder(project.folder() / "figures").Read(name);
-  std::vector<geometry::Kurve> curves;
-  for (const drawing::Stroke& stroke : drawn->second.strokes) curves.push_back(stroke.curve);
-  return curves;
+  return drawing::CurvesOf(drawn->second);
 }
 
 Result<modeller::Body> BodyOf(const project::Project& project, const std::string& name,
