@@ -54,15 +54,15 @@ char CommandLine::Peek() {
   return at_ < line_.size() ? line_[at_] : '\0';
 }
 
-Result<std::string> CommandLine::QuotedText(std::string_view meaning) {
-  return Quoted(meaning, false);
+Result<std::string> CommandLine::ReadQuotedText(std::string_view meaning) {
+  return ReadQuotes(meaning, false);
 }
 
-Result<std::string> CommandLine::LongestQuotedText(std::string_view meaning) {
-  return Quoted(meaning, true);
+Result<std::string> CommandLine::ReadLongestQuotedText(std::string_view meaning) {
+  return ReadQuotes(meaning, true);
 }
 
-Result<std::string> CommandLine::Quoted(std::string_view meaning, bool toTheLast) {
+Result<std::string> CommandLine::ReadQuotes(std::string_view meaning, bool toTheLast) {
   if (Peek() != '\'') return FaultHere("expected " + std::string(meaning) + " in single quotes");
   std::size_t end = toTheLast ? line_.rfind('\'') : line_.find('\'', at_ + 1);
   while (!toTheLast && end < line_.size() && end + 1 < line_.size() && !IsBlank(line_[end + 1])) {
@@ -74,7 +74,7 @@ Result<std::string> CommandLine::Quoted(std::string_view meaning, bool toTheLast
   return text;
 }
 
-Result<std::string_view> CommandLine::Word(std::string_view meaning) {
+Result<std::string_view> CommandLine::ReadWord(std::string_view meaning) {
   SkipBlanks();
   const std::size_t length = std::min(line_.find_first_of(" \t", at_), line_.size()) - at_;
   if (length == 0) return FaultHere("expected " + std::string(meaning));
@@ -82,22 +82,22 @@ Result<std::string_view> CommandLine::Word(std::string_view meaning) {
   return line_.substr(start_, length);
 }
 
-std::string_view CommandLine::Rest() {
+std::string_view CommandLine::ReadRest() {
   SkipBlanks();
   const std::string_view rest = line_.substr(at_);
   at_ = line_.size();
   return rest.substr(0, rest.find_last_not_of(" \t") + 1);
 }
 
-Result<std::int32_t> CommandLine::Integer(std::string_view meaning, const project::Variables& variables) {
-  VANZET_TRY(const auto word, Word(meaning));
+Result<std::int32_t> CommandLine::ReadInteger(std::string_view meaning, const project::Variables& variables) {
+  VANZET_TRY(const auto word, ReadWord(meaning));
   if (const auto number = WholeInteger(word)) return *number;
   if (const auto value = variables.Integer(word)) return *value;
   return FaultHere("expected " + std::string(meaning) + " or an integer variable that has a value, found '" +
                    std::string(word) + "'");
 }
 
-Result<double> CommandLine::Number(std::string_view meaning) {
+Result<double> CommandLine::ReadNumber(std::string_view meaning) {
   SkipBlanks();
   const auto number = DecimalPrefix(line_.substr(at_));
   if (!number) return Expected(meaning);
@@ -105,9 +105,9 @@ Result<double> CommandLine::Number(std::string_view meaning) {
   return number->first;
 }
 
-Result<double> CommandLine::WholeNumber(std::string_view meaning) {
-  VANZET_TRY(const auto number, Number(meaning));
-  VANZET_DO(WordEnd());
+Result<double> CommandLine::ReadWholeNumber(std::string_view meaning) {
+  VANZET_TRY(const auto number, ReadNumber(meaning));
+  VANZET_DO(ExpectWordEnd());
   return number;
 }
 
@@ -129,7 +129,7 @@ std::optional<Entity> CommandLine::ReadEntity(std::string_view letters) {
   return Entity{letter, *number};
 }
 
-Result<Entity> CommandLine::EntityOf(char letter, std::string_view meaning) {
+Result<Entity> CommandLine::ReadEntity(char letter, std::string_view meaning) {
   if (const auto entity = ReadEntity(std::string_view(&letter, 1))) return *entity;
   return Expected(meaning);
 }
@@ -144,13 +144,13 @@ std::optional<std::string> CommandLine::ReadAssignment() {
   return name;
 }
 
-Result<void> CommandLine::WordEnd() {
+Result<void> CommandLine::ExpectWordEnd() {
   if (at_ == line_.size() || IsBlank(line_[at_])) return {};
   start_ = at_;
   return Expected("a blank");
 }
 
-Result<void> CommandLine::End() {
+Result<void> CommandLine::ExpectEnd() {
   SkipBlanks();
   if (at_ == line_.size()) return {};
   return Expected("the end of the line");

@@ -36,28 +36,28 @@ class CommandLine {
 
   /// Reads a text in single quotes. It ends at the first quote that a blank or the end of the line follows,
   /// so that the names of files may contain others.
-  Result<std::string> QuotedText(std::string_view meaning);
+  Result<std::string> ReadQuotedText(std::string_view meaning);
 
   /// Reads a text in single quotes that ends at the last quote of the line.
-  Result<std::string> LongestQuotedText(std::string_view meaning);
+  Result<std::string> ReadLongestQuotedText(std::string_view meaning);
 
   /// Reads a word up to the next blank.
-  Result<std::string_view> Word(std::string_view meaning);
+  Result<std::string_view> ReadWord(std::string_view meaning);
 
   /// Reads the rest of the line, without blanks around it; it may be empty.
-  std::string_view Rest();
+  std::string_view ReadRest();
 
   /// Reads an integer, or the name of an integer variable and returns its value.
-  Result<std::int32_t> Integer(std::string_view meaning, const project::Variables& variables);
+  Result<std::int32_t> ReadInteger(std::string_view meaning, const project::Variables& variables);
 
   /// Reads a decimal number, whatever follows it. No zero has a sign.
-  Result<double> Number(std::string_view meaning);
+  Result<double> ReadNumber(std::string_view meaning);
 
   /// The same; a blank or the end must follow.
-  Result<double> WholeNumber(std::string_view meaning);
+  Result<double> ReadWholeNumber(std::string_view meaning);
 
   /// Reads an entity of that letter, after blanks; whatever follows it.
-  Result<Entity> EntityOf(char letter, std::string_view meaning);
+  Result<Entity> ReadEntity(char letter, std::string_view meaning);
 
   /// Reads an entity of one of the letters if one is next, else returns nothing and stays.
   std::optional<Entity> ReadEntity(std::string_view letters);
@@ -66,10 +66,10 @@ class CommandLine {
   std::optional<std::string> ReadAssignment();
 
   /// Fails unless a blank or the end is next.
-  Result<void> WordEnd();
+  Result<void> ExpectWordEnd();
 
   /// Fails unless only blanks are left.
-  Result<void> End();
+  Result<void> ExpectEnd();
 
   bool IsAtEnd() { return Peek() == '\0'; }
 
@@ -98,7 +98,7 @@ class CommandLine {
 
  private:
   void SkipBlanks();
-  Result<std::string> Quoted(std::string_view meaning, bool toTheLast);
+  Result<std::string> ReadQuotes(std::string_view meaning, bool toTheLast);
   std::optional<std::int32_t> ReadDigits(std::size_t& at) const;
 
   std::string_view line_;

@@ -13,7 +13,7 @@ constexpr const char* kElements = "an element like p1, as1, ts1, ac1, tc1, ch5, 
 
 Result<Element> ReadPoint(CommandLine& line, Surroundings& surroundings) {
   Element element{.kind = Element::Kind::kPoint};
-  VANZET_TRY(const auto entity, line.EntityOf('p', kElements));
+  VANZET_TRY(const auto entity, line.ReadEntity('p', kElements));
   VANZET_TRY(const auto point, PointOf(entity, line, surroundings));
   element.point = point;
   element.name = entity.Name();
@@ -22,7 +22,7 @@ Result<Element> ReadPoint(CommandLine& line, Surroundings& surroundings) {
 
 Result<Element> ReadChamfer(CommandLine& line) {
   const int column = line.column();
-  VANZET_TRY(const auto length, line.Number("the length of the chamfer"));
+  VANZET_TRY(const auto length, line.ReadNumber("the length of the chamfer"));
   return Element{.kind = Element::Kind::kChamfer, .length = length, .name = "a chamfer", .column = column};
 }
 
@@ -57,7 +57,7 @@ Result<Kurve> ReadOutline(CommandLine& line, Surroundings& surroundings) {
   std::vector<Element> elements;
   while (!line.SkipWord("ek")) {
     VANZET_TRY(auto element, ReadElement(line, surroundings));
-    VANZET_DO(line.WordEnd());
+    VANZET_DO(line.ExpectWordEnd());
     elements.push_back(std::move(element));
   }
   return drawing::OutlineOf(elements);
@@ -76,10 +76,10 @@ Result<Kurve> ReadExplicit(CommandLine& line) {
 }  // namespace
 
 Result<void> DefineContour(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
-  VANZET_DO(line.WordEnd());
+  VANZET_DO(line.ExpectWordEnd());
   auto curve = line.SkipWord("e") ? ReadExplicit(line) : ReadOutline(line, surroundings);
   if (!curve) return AtStart(line, curve.fault());
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   return AtStart(line, surroundings.board.PutContour(entity.number, std::move(*curve)));
 }
 

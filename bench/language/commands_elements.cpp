@@ -17,17 +17,17 @@ Result<CLine> LineThrough(const Point& through, double degrees) {
 }
 
 Result<CLine> ReadHorizontal(CommandLine& line, Surroundings&) {
-  VANZET_TRY(const auto height, line.WholeNumber("the height of the line"));
+  VANZET_TRY(const auto height, line.ReadWholeNumber("the height of the line"));
   return LineThrough({0, height}, 0);
 }
 
 Result<CLine> ReadVertical(CommandLine& line, Surroundings&) {
-  VANZET_TRY(const auto abscissa, line.WholeNumber("the abscissa of the line"));
+  VANZET_TRY(const auto abscissa, line.ReadWholeNumber("the abscissa of the line"));
   return LineThrough({abscissa, 0}, 90);
 }
 
 Result<CLine> ReadAtAngle(CommandLine& line, Surroundings& surroundings) {
-  VANZET_TRY(const auto angle, line.WholeNumber("the angle of the line"));
+  VANZET_TRY(const auto angle, line.ReadWholeNumber("the angle of the line"));
   VANZET_TRY(const auto through, PointOf(line, surroundings));
   return LineThrough(through, angle);
 }
@@ -42,7 +42,7 @@ Result<CLine> ReadThroughPoints(CommandLine& line, Surroundings& surroundings) {
 
 Result<CLine> ReadParallel(CommandLine& line, Surroundings& surroundings) {
   constexpr const char* kExpected = "'l' or 'r' and a line after the distance";
-  VANZET_TRY(const auto distance, line.Number("h, v, b, two points, or a distance and a line"));
+  VANZET_TRY(const auto distance, line.ReadNumber("h, v, b, two points, or a distance and a line"));
   const bool isLeft = line.SkipMark("l");
   if (!isLeft && !line.SkipMark("r")) return line.Expected(kExpected);
   VANZET_TRY(const auto other, LineOf(line, surroundings));
@@ -74,14 +74,14 @@ Result<Point> ReadCrossing(CommandLine& line, Surroundings& surroundings) {
 
 Result<void> DefineLine(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   VANZET_TRY(const auto defined, ReadLine(line, surroundings));
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   return AtStart(line, surroundings.board.PutLine(entity.number, defined));
 }
 
 Result<void> DefinePoint(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   if (line.Peek() != 's' && line.Peek() != 'X') return line.Expected("two lines, or 'X' and a number");
   VANZET_TRY(const auto point, line.Peek() == 's' ? ReadCrossing(line, surroundings) : ReadCoordinates(line));
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   if (const auto near = drawing::CheckReach(point); !near) return AtStart(line, near);
   surroundings.board.workpieces.points.insert_or_assign(entity.number, point);
   return {};
@@ -89,11 +89,11 @@ Result<void> DefinePoint(const Entity& entity, CommandLine& line, Surroundings& 
 
 Result<void> DefineCircle(const Entity& entity, CommandLine& line, Surroundings& surroundings) {
   VANZET_TRY(const auto centre, PointOf(line, surroundings));
-  VANZET_TRY(const auto radius, line.WholeNumber("the radius"));
+  VANZET_TRY(const auto radius, line.ReadWholeNumber("the radius"));
   const geometry::Circle circle(centre, radius);
   if (!circle.ValidRadius()) return line.FaultHere("the radius is not above 0");
   if (const auto near = drawing::CheckReach({radius, 0}); !near) return line.FaultHere(near.fault().text);
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   surroundings.board.workpieces.circles.insert_or_assign(entity.number, circle);
   return {};
 }

@@ -70,7 +70,7 @@ Result<void> ClearMarks(const Operands&, Surroundings&) {
 Result<void> PickPosition(CommandLine& arguments, Surroundings& surroundings) {
   project::Variables& variables = surroundings.variables;
   if (!arguments.SkipWord("POS")) return arguments.Expected("'POS'");
-  VANZET_DO(arguments.End());
+  VANZET_DO(arguments.ExpectEnd());
   const auto pick = surroundings.picks.Next({Pick::Kind::kPosition});
   const bool isPicked = pick && pick->kind == Pick::Kind::kPosition;
   VANZET_DO(variables.Set("i_return", isPicked ? kPositionPicked : kCancelled));

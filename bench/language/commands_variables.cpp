@@ -5,27 +5,28 @@ namespace vanzet::language {
 namespace {
 
 Result<void> AssignInteger(const std::string& variable, CommandLine& line, project::Variables& variables) {
-  VANZET_TRY(const auto value, line.Integer("an integer", variables));
-  VANZET_DO(line.End());
+  VANZET_TRY(const auto value, line.ReadInteger("an integer", variables));
+  VANZET_DO(line.ExpectEnd());
   return variables.Set(variable, value);
 }
 
 Result<void> AssignReal(const std::string& variable, CommandLine& line, project::Variables& variables) {
   CommandLine word = line;
-  VANZET_TRY(const auto name, word.Word("a number or a real variable"));
+  VANZET_TRY(const auto name, word.ReadWord("a number or a real variable"));
   const auto known = variables.Real(name);
-  VANZET_TRY(const auto value, known ? Result<double>(*known) : line.Number("a number or a real variable"));
+  VANZET_TRY(const auto value,
+             known ? Result<double>(*known) : line.ReadNumber("a number or a real variable"));
   if (known) line = word;
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   return variables.Set(variable, value);
 }
 
 Result<void> AssignText(const std::string& variable, CommandLine& line, project::Variables& variables) {
   const bool isQuoted = line.Peek() == '\'';
-  VANZET_TRY(const auto text, isQuoted ? line.LongestQuotedText("a text") : std::string(line.Rest()));
+  VANZET_TRY(const auto text, isQuoted ? line.ReadLongestQuotedText("a text") : std::string(line.ReadRest()));
   const auto value = isQuoted ? std::optional(text) : variables.Text(text);
   if (!value) return line.Expected("a text in single quotes or a text variable that has a value");
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   return variables.Set(variable, *value);
 }
 

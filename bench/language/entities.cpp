@@ -17,9 +17,9 @@ Result<Value> Find(const std::map<int, Value>& values, const Entity& entity, con
 /// Reads the name of an entity of that letter and finds it by `find`.
 template <class Found, class Find>
 Result<Found> ReadAndFind(char letter, std::string_view meaning, CommandLine& line, Find find) {
-  VANZET_TRY(const auto entity, line.EntityOf(letter, meaning));
+  VANZET_TRY(const auto entity, line.ReadEntity(letter, meaning));
   VANZET_TRY(const Found found, find(entity));
-  VANZET_DO(line.WordEnd());
+  VANZET_DO(line.ExpectWordEnd());
   return found;
 }
 
@@ -52,9 +52,9 @@ Result<geometry::Point> PointOf(CommandLine& line, Surroundings& surroundings) {
 
 Result<geometry::Point> ReadCoordinates(CommandLine& line) {
   if (!line.SkipMark("X")) return line.Expected("'X' and a number");
-  VANZET_TRY(const auto x, line.WholeNumber("a number after 'X'"));
+  VANZET_TRY(const auto x, line.ReadWholeNumber("a number after 'X'"));
   if (!line.SkipMark("Y")) return line.Expected("'Y' and a number");
-  VANZET_TRY(const auto y, line.WholeNumber("a number after 'Y'"));
+  VANZET_TRY(const auto y, line.ReadWholeNumber("a number after 'Y'"));
   return geometry::Point(x, y);
 }
 

@@ -29,7 +29,7 @@ constexpr Spindle kSpindles[] = {
 Result<const Spindle*> ReadSpindle(CommandLine& arguments) {
   for (const Spindle& spindle : kSpindles) {
     if (!arguments.SkipWord(spindle.argument)) continue;
-    VANZET_DO(arguments.End());
+    VANZET_DO(arguments.ExpectEnd());
     return &spindle;
   }
   return arguments.Expected("1 for the main spindle or 2 for the sub spindle");

@@ -42,7 +42,7 @@ struct LayerArguments {
 Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   LayerArguments read;
   const int column = arguments.NextColumn();
-  const std::string text(arguments.Rest());
+  const std::string text(arguments.ReadRest());
   const std::size_t end = text.rfind('\''),
                     begin = end == 0 || end == std::string::npos ? end : text.rfind('\'', end - 1);
   if (end == std::string::npos || end == 0 || begin == std::string::npos || end + 1 != text.size()) {
@@ -52,12 +52,12 @@ Result<LayerArguments> ReadArguments(CommandLine& arguments) {
   read.layerColumn = column + static_cast<int>(begin);
   CommandLine fields(std::string_view(text).substr(0, begin), column);
   for (std::size_t i = 0; i < kFields && !fields.IsAtEnd(); ++i) {
-    VANZET_TRY(const auto field, fields.QuotedText("a colour or a line style"));
+    VANZET_TRY(const auto field, fields.ReadQuotedText("a colour or a line style"));
     read.fields[i] = field;
     read.columns[i] = fields.column();
   }
   fields.SkipMark("'");
-  VANZET_DO(fields.End());
+  VANZET_DO(fields.ExpectEnd());
   return read;
 }
 
@@ -105,7 +105,7 @@ Result<void> CallMacro(const Operands& operands, Surroundings& surroundings) {
 }
 
 Result<void> LoadHelp(CommandLine& arguments, Surroundings& surroundings) {
-  VANZET_DO(arguments.End());
+  VANZET_DO(arguments.ExpectEnd());
   const std::string topic = surroundings.variables.Text("$_helptopic").value_or("");
   if (topic.empty()) return arguments.FaultHere("$_helptopic names no topic");
   return surroundings.workplace.ShowHelp(topic);

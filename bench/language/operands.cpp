@@ -20,11 +20,11 @@ Result<Operand> ReadWord(const OperandForm& form, CommandLine& line, const Varia
 }
 
 Result<Operand> ReadName(const OperandForm& form, CommandLine& line, const Variables&) {
-  return TextOperand(line, line.Word(form.meaning));
+  return TextOperand(line, line.ReadWord(form.meaning));
 }
 
 Result<Operand> ReadRest(const OperandForm&, CommandLine& line, const Variables&) {
-  const std::string rest(line.Rest());
+  const std::string rest(line.ReadRest());
   return Operand{.column = line.column(), .text = rest};
 }
 
@@ -34,18 +34,18 @@ Result<Operand> ReadTitle(const OperandForm& form, CommandLine& line, const Vari
 }
 
 Result<Operand> ReadQuoted(const OperandForm& form, CommandLine& line, const Variables&) {
-  return TextOperand(line, line.QuotedText(form.meaning));
+  return TextOperand(line, line.ReadQuotedText(form.meaning));
 }
 
 Result<Operand> ReadLongText(const OperandForm& form, CommandLine& line, const Variables&) {
   // A translated text may contain quotes before blanks; the operand after it contains none.
-  return TextOperand(line, line.LongestQuotedText(form.meaning));
+  return TextOperand(line, line.ReadLongestQuotedText(form.meaning));
 }
 
 Result<Operand> ReadLayer(const OperandForm& form, CommandLine& line, const Variables&) {
   if (line.Peek() != '\'') return line.Expected(std::string(form.meaning) + " in single quotes");
   const int column = line.column();
-  const std::string_view rest = line.Rest();
+  const std::string_view rest = line.ReadRest();
   const std::size_t end = rest.rfind('\''), begin = end == 0 ? 0 : rest.rfind('\'', end - 1);
   if (end == 0) return Fault{.text = "the closing quote is missing", .column = column};
   if (end + 1 != rest.size()) {
@@ -58,18 +58,18 @@ Result<Operand> ReadLayer(const OperandForm& form, CommandLine& line, const Vari
 }
 
 Result<Operand> ReadInteger(const OperandForm& form, CommandLine& line, const Variables& variables) {
-  VANZET_TRY(const auto number, line.Integer(form.meaning, variables));
+  VANZET_TRY(const auto number, line.ReadInteger(form.meaning, variables));
   return Operand{.column = line.column(), .number = number, .last = number};
 }
 
 Result<Operand> ReadReal(const OperandForm& form, CommandLine& line, const Variables&) {
-  VANZET_TRY(const auto number, line.WholeNumber(form.meaning));
+  VANZET_TRY(const auto number, line.ReadWholeNumber(form.meaning));
   return Operand{.column = line.column(), .real = number};
 }
 
 template <bool (*IsOfType)(std::string_view name)>
 Result<Operand> ReadVariable(const OperandForm& form, CommandLine& line, const Variables&) {
-  VANZET_TRY(const auto name, line.Word(form.meaning));
+  VANZET_TRY(const auto name, line.ReadWord(form.meaning));
   if (IsOfType(name)) return Operand{.column = line.column(), .text = std::string(name)};
   return line.FaultHere("expected " + std::string(form.meaning) + ", found '" + std::string(name) + "'");
 }
@@ -80,9 +80,9 @@ bool IsText(std::string_view name) {
 
 template <char letter>
 Result<Operand> ReadEntity(const OperandForm& form, CommandLine& line, const Variables&) {
-  VANZET_TRY(const auto entity, line.EntityOf(letter, form.meaning));
+  VANZET_TRY(const auto entity, line.ReadEntity(letter, form.meaning));
   const int column = line.column();
-  VANZET_DO(line.WordEnd());
+  VANZET_DO(line.ExpectWordEnd());
   return Operand{.column = column, .number = entity.number, .last = entity.number, .letter = letter};
 }
 
@@ -90,7 +90,7 @@ Result<Operand> ReadAlongAxis(const OperandForm& form, CommandLine& line, const 
   for (const char* axis : {"x", "y", "z"}) {
     if (!line.SkipMark(axis)) continue;
     const int column = line.column();
-    VANZET_TRY(const auto number, line.WholeNumber("a number after the axis"));
+    VANZET_TRY(const auto number, line.ReadWholeNumber("a number after the axis"));
     return Operand{.column = column, .real = number, .letter = *axis};
   }
   return line.Expected(form.meaning);
@@ -103,11 +103,11 @@ Result<Operand> ReadEntityRange(const OperandForm& form, CommandLine& line, cons
   Operand operand{
       .column = line.column(), .number = entity->number, .last = entity->number, .letter = entity->letter};
   if (line.SkipMark(">")) {
-    VANZET_TRY(const auto last, line.Integer("the last number of the range", variables));
+    VANZET_TRY(const auto last, line.ReadInteger("the last number of the range", variables));
     operand.last = last;
     if (operand.last < operand.number) return line.FaultHere("the range ends before it begins");
   }
-  VANZET_DO(line.WordEnd());
+  VANZET_DO(line.ExpectWordEnd());
   return operand;
 }
 
@@ -144,7 +144,7 @@ Result<Operands> ReadOperands(const OperandForms& forms, CommandLine& line, cons
       --left;
     } while (left > 0 || (form.kind == OperandKind::kEntities && !line.IsAtEnd()));
   }
-  VANZET_DO(line.End());
+  VANZET_DO(line.ExpectEnd());
   return operands;
 }
 
