@@ -46,7 +46,7 @@ std::string PathOf(const Kurve& curve) {
   return curve.Closed() ? path + " Z" : path;
 }
 
-std::string Escaped(char c) {
+std::string EscapeXml(char c) {
   switch (c) {
     case '<': return "&lt;";
     case '>': return "&gt;";
@@ -56,13 +56,13 @@ std::string Escaped(char c) {
   }
 }
 
-/// A text in XML; bytes that are not UTF-8 become U+FFFD.
-std::string Escaped(std::string_view text) {
+/// Escapes a text for XML; bytes that are not UTF-8 become U+FFFD.
+std::string EscapeXml(std::string_view text) {
   std::string escaped;
   while (!text.empty()) {
     const std::size_t length = Utf8Length(text);
     if (length == 0) escaped += kNoUtf8;
-    if (length == 1) escaped += Escaped(text.front());
+    if (length == 1) escaped += EscapeXml(text.front());
     if (length > 1) escaped += text.substr(0, length);
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }
@@ -97,7 +97,7 @@ class Writer {
   }
 
   void WriteLayer(const std::string& name, const std::vector<ShownGroup>& groups) {
-    const std::string escaped = Escaped(name);
+    const std::string escaped = EscapeXml(name);
     svg_ += "<g class=\"layer\" data-layer=\"" + escaped + "\">\n<title>" + escaped + "</title>\n";
     for (const ShownGroup& group : groups) WriteGroup(group);
     svg_ += "</g>\n";

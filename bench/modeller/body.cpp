@@ -42,7 +42,7 @@ bool Body::IsStl() const {
 
 Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by) {
   if (!IsFinite(by.dx, by.dy, by.dz)) return Fault{"the displacement is not a finite number"};
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     gp_Trsf motion;
     motion.SetTranslation(gp_Vec(by.dx, by.dy, by.dz));
     return Apply(motion, body);
@@ -65,7 +65,7 @@ Result<Body> TurnBody(const Body& body, const Axis& axis, double degrees) {
 }
 
 Result<Body> PlaceBody(const Body& body, const Matrix& matrix) {
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     const double* e = matrix.e;
     gp_Trsf motion;
     // Throws for a singular matrix; a rigid one keeps its numbers but for their last digits.

@@ -26,7 +26,7 @@ Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>&
   if (std::ranges::any_of(bodies, &Body::IsStl) || std::ranges::any_of(tools, &Body::IsStl)) {
     return Fault{"a body of facets cannot be cut"};
   }
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     BRepAlgoAPI_Cut cut;
     cut.SetArguments(ShapesOf(bodies));
     cut.SetTools(ShapesOf(tools));
@@ -40,7 +40,7 @@ Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>&
 Result<Body> JoinBodies(const std::vector<Body>& bodies) {
   if (bodies.empty()) return Fault{"no body was given"};
   if (bodies.size() == 1) return bodies.front();
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     const BRep_Builder builder;
     TopoDS_Compound compound;
     builder.MakeCompound(compound);

@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 Result<Body> Unpack(const MemoryFile& parcel) {
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     std::ifstream bytes(parcel.Path(), std::ios::binary);
     TopoDS_Shape shape;
     BinTools::Read(shape, bytes);
@@ -32,10 +32,6 @@ Exchange Exchange::OfProcess() {
 }
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
-  std::error_code unknown;
-  if (fs::status(file, unknown).type() == fs::file_type::not_found) {
-    return Fault{.text = "does not exist", .file = file.string(), .kind = FaultKind::kMissing};
-  }
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes), file.string()};
@@ -54,7 +50,7 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
   const std::vector<std::string> arguments = {"read-vrml", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes)};
   VANZET_DO(RunExchange(exchange, arguments, parcel));
-  return Guarded([&]() -> Result<std::vector<VrmlBody>> {
+  return CatchKernelFailures([&]() -> Result<std::vector<VrmlBody>> {
     std::ifstream answer(parcel.Path(), std::ios::binary);
     VANZET_TRY(const auto read, UnpackParcel(answer));
     std::vector<VrmlBody> bodies;

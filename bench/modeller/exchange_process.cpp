@@ -102,7 +102,7 @@ int Process::Wait() {
   return status;
 }
 
-/// Reads the reports of the program, one a line: "progress 0.5", "fault TEXT".
+/// Reads the reports of the program, one a line: "progress 0.5", "fault TEXT", "missing TEXT".
 class ReportReader {
  public:
   explicit ReportReader(const Progress& progress) : progress_(progress) {}
@@ -117,23 +117,26 @@ class ReportReader {
     return !progress_ || progress_(done_);
   }
 
-  const std::string& fault() const { return fault_; }
+  const std::optional<Fault>& fault() const { return fault_; }
 
  private:
   void ReadLine(const std::string& line) {
-    constexpr std::string_view kFault = "fault ", kProgress = "progress ";
-    if (line.starts_with(kFault)) fault_ = line.substr(kFault.size());
+    constexpr std::string_view kFault = "fault ", kMissing = "missing ", kProgress = "progress ";
+    if (line.starts_with(kFault)) fault_ = Fault{line.substr(kFault.size())};
+    if (line.starts_with(kMissing)) {
+      fault_ = Fault{.text = line.substr(kMissing.size()), .kind = FaultKind::kMissing};
+    }
     if (line.starts_with(kProgress)) done_ = RealOrZero(line.substr(kProgress.size()));
   }
 
   const Progress& progress_;
   double done_ = 0;
   std::string line_;
-  std::string fault_;
+  std::optional<Fault> fault_;
 };
 
-Result<void> OutcomeOf(int status, const std::string& fault) {
-  if (!fault.empty()) return Fault{fault};
+Result<void> OutcomeOf(int status, const std::optional<Fault>& fault) {
+  if (fault) return *fault;
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return Fault{"takes too long"};
   if (WIFSIGNALED(status)) {
     return Fault{"Open CASCADE crashed (signal " + std::to_string(WTERMSIG(status)) + ")"};

@@ -8,7 +8,7 @@
 
 namespace vanzet::modeller {
 
-/// The fault with the name of a file.
+/// Returns the fault with the name of a file.
 inline Fault WithFile(Fault fault, const std::filesystem::path& file) {
   fault.file = file.string();
   return fault;

@@ -57,7 +57,7 @@ std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes) {
 }
 
 Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
-  return Guarded([&]() -> Result<void> {
+  return CatchKernelFailures([&]() -> Result<void> {
     std::vector<ParcelBody> packed;
     for (const NamedBody& named : bodies) {
       packed.push_back({named.name, named.colour, named.body.shape().shape});

@@ -21,7 +21,7 @@ Fault KernelFault(const Standard_Failure& failure);
 
 /// Runs `work`, which returns a `Result`; an exception of the kernel becomes a fault.
 template <class Work>
-auto Guarded(Work work) -> decltype(work()) {
+auto CatchKernelFailures(Work work) -> decltype(work()) {
   SilenceKernel();
   try {
     return work();

@@ -98,7 +98,7 @@ struct Weighted {
 }  // namespace
 
 Result<Measures> MeasuresOf(const Body& body) {
-  return Guarded([&]() -> Result<Measures> {
+  return CatchKernelFailures([&]() -> Result<Measures> {
     const Shape& shape = body.shape();
     return shape.fromStl ? MeasuresOf(FacetsOf(shape.shape)) : MeasuresOf(shape.shape);
   });
@@ -111,7 +111,7 @@ std::array<double, 6> InMetres(const geometry::Box3d& box) {
 }
 
 Result<Box3d> Extents(const Body& body) {
-  return Guarded([&]() -> Result<Box3d> {
+  return CatchKernelFailures([&]() -> Result<Box3d> {
     const Shape& shape = body.shape();
     return shape.fromStl ? ExtentsOf(FacetsOf(shape.shape)) : ExtentsOf(shape.shape);
   });

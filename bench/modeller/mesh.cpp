@@ -165,7 +165,7 @@ class Collector {
 
 Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   VANZET_DO(Check(tolerance));
-  return Guarded([&]() -> Result<Mesh> {
+  return CatchKernelFailures([&]() -> Result<Mesh> {
     const Shape& shape = body.shape();
     if (!shape.fromStl) Triangulate(shape.shape, tolerance);
     Mesh mesh = FacetsOf(shape.shape);

@@ -211,7 +211,8 @@ Result<Body> Spin(const geometry::Kurve& contour, const Axis& axis, double degre
   VANZET_DO(CheckAngle(degrees));
   VANZET_TRY(const auto outline, OutlineOf(contour));
   VANZET_TRY(const auto placed, AlignWithAxis(outline, plane));
-  return Guarded([&]() -> Result<Body> { return ValidBody(Revolve(FaceOf(placed), plane, degrees)); });
+  return CatchKernelFailures(
+      [&]() -> Result<Body> { return ValidBody(Revolve(FaceOf(placed), plane, degrees)); });
 }
 
 Result<Body> Extrude(const geometry::Kurve& contour, double thickness) {
@@ -220,7 +221,7 @@ Result<Body> Extrude(const geometry::Kurve& contour, double thickness) {
                  NumberText(kLargestCoordinate) + " and not 0"};
   }
   VANZET_TRY(const auto outline, OutlineOf(contour));
-  return Guarded([&]() -> Result<Body> {
+  return CatchKernelFailures([&]() -> Result<Body> {
     return ValidBody(BRepPrimAPI_MakePrism(FaceOf(outline), gp_Vec(0, 0, thickness)));
   });
 }

@@ -47,6 +47,7 @@ class HostileFiles : public testing::Test {
 
 TEST_F(HostileFiles, ThatDoNotExistAreReported) {
   EXPECT_EQ(Fault("none.step"), "does not exist");
+  EXPECT_EQ(ImportBody(folder_ / "none.step", TestExchange()).fault().kind, FaultKind::kMissing);
 }
 
 TEST_F(HostileFiles, ThatAreFoldersAreReported) {

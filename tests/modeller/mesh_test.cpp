@@ -108,11 +108,11 @@ TEST(Kernel, SaysNothingOnStandardOutput) {
 }
 
 TEST(Kernel, FailuresBecomeFaults) {
-  const auto failed = Guarded([]() -> Result<void> { throw Standard_Failure("the reason"); });
+  const auto failed = CatchKernelFailures([]() -> Result<void> { throw Standard_Failure("the reason"); });
   EXPECT_EQ(Told(failed), "Open CASCADE: the reason");
-  const auto nameless = Guarded([]() -> Result<void> { throw Standard_NullObject(); });
+  const auto nameless = CatchKernelFailures([]() -> Result<void> { throw Standard_NullObject(); });
   EXPECT_EQ(Told(nameless), "Open CASCADE: Standard_NullObject");
-  const auto memory = Guarded([]() -> Result<void> { throw std::bad_alloc(); });
+  const auto memory = CatchKernelFailures([]() -> Result<void> { throw std::bad_alloc(); });
   EXPECT_EQ(Told(memory), "out of memory");
 }
 

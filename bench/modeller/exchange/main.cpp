@@ -126,10 +126,10 @@ int main(int argc, char** argv) {
   for (const Order& order : kOrders) {
     if (argc != order.arguments + 1 || order.word != argv[1]) continue;
     const auto done = RunOrder(order, argv + 1);
-    if (!done) ReportFault(done.fault().text);
+    if (!done) ReportFault(done.fault());
     // Everything is written and reported; the state of the kernel ends with the process.
     std::_Exit(done ? EXIT_SUCCESS : EXIT_FAILURE);
   }
-  ReportFault("the workbench and its exchange program are of different versions");
+  ReportFault({"the workbench and its exchange program are of different versions"});
   return EXIT_FAILURE;
 }

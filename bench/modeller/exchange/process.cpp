@@ -50,8 +50,9 @@ void ReportProgress(double done) {
   PrintLine("progress " + NumberText(done) + "\n");
 }
 
-void ReportFault(const std::string& text) {
-  PrintLine("fault " + OneLine(text) + "\n");
+void ReportFault(const Fault& fault) {
+  const char* const word = fault.kind == FaultKind::kMissing ? "missing " : "fault ";
+  PrintLine(word + OneLine(fault.text) + "\n");
 }
 
 void CollectKernelMessages() {

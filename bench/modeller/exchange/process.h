@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/result.h"
+
 /// This program as a process: its limits, and its reports to the program that started it, one a line on
 /// standard output.
 namespace vanzet::modeller {
@@ -11,8 +13,8 @@ namespace vanzet::modeller {
 /// "progress 0.25"
 void ReportProgress(double done);
 
-/// "fault TEXT"
-void ReportFault(const std::string& text);
+/// "fault TEXT", or "missing TEXT" for a fault of the kind `kMissing`.
+void ReportFault(const Fault& fault);
 
 /// Collects the failure messages of Open CASCADE from now on, instead of printing them.
 void CollectKernelMessages();

@@ -126,7 +126,10 @@ Result<void> CheckReach(const TopoDS_Shape& shape) {
 }  // namespace
 
 Result<TopoDS_Shape> ReadFile(const fs::path& file) {
-  if (!fs::is_regular_file(file)) return Fault{"not a regular file"};
+  if (!fs::is_regular_file(file)) {
+    if (fs::exists(file)) return Fault{"not a regular file"};
+    return Fault{.text = "does not exist", .kind = FaultKind::kMissing};
+  }
   if (!std::ifstream(file)) return Fault{"cannot be read"};
   for (const Reader& reader : kReaders) {
     if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
