@@ -59,8 +59,8 @@ std::int32_t OrvoVdmRead(std::int32_t handle, void* buffer, std::int32_t bytes);
 std::int32_t OrvoVdmReadTmx(std::int32_t handle, void* matrix);
 std::int32_t OrvoVdmWriteTmx(std::int32_t handle, const void* matrix);
 
-// Bodies, by number from 1; 0 stands for no body. The bodies of the project's folder are picked and found by name,
-// and read at their first use. Extents are minimum X, Y, Z, maximum X, Y, Z, in metres.
+// Bodies, by number from 1; 0 stands for no body. The bodies of the project's folder are picked and found by
+// name, and read at their first use. Extents are minimum X, Y, Z, maximum X, Y, Z, in metres.
 void OrvoClearSelection();
 void OrvoSelectOneObject(std::int32_t zero, std::int32_t filterMask, const char* prompt,
                          std::int32_t* object);
