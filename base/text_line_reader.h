@@ -7,12 +7,12 @@
 
 namespace vanzet {
 
-/// Reads a foreign text line by line and keeps the place, for faults. Lines end with LF or CR LF; a byte order
-/// mark before the first line is skipped.
+/// Reads a foreign text line by line and keeps the place, for faults. Lines end with LF or CR LF; a byte
+/// order mark before the first line is skipped.
 ///
 /// Errors   a fault with file and line: a control character other than the tab (the file is not a text file),
-///          a line of more than `kLongestLine` bytes, more than `kMostLines` lines, or a stream that cannot be
-///          read (`FaultKind::kSystem`)
+///          a line of more than `kLongestLine` bytes, more than `kMostLines` lines, or a stream that cannot
+///          be read (`FaultKind::kSystem`)
 class TextLineReader {
  public:
   static constexpr std::size_t kLongestLine = 4096;

@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "contour/dxf_reader.h"
+#include "contour/contour_file.h"
 #include "fuzz/fuzz.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

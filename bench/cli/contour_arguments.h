@@ -10,8 +10,6 @@
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/drawing.h"
-#include "contour/library_text.h"
-#include "contour/xml_form.h"
 
 namespace vanzet::cli {
 

@@ -2,9 +2,8 @@
 
 #include "cli/contour_operations.h"
 #include "cli/output.h"
+#include "contour/contour_file.h"
 #include "contour/json_form.h"
-#include "contour/library_text.h"
-#include "contour/xml_form.h"
 
 /// The operations that write contours in another form.
 namespace vanzet::cli {

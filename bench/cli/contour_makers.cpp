@@ -48,15 +48,15 @@ Result<void> GiveChanged(const ContourArguments& arguments, const Change& change
 }  // namespace
 
 Result<void> ContourSplit(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return Chorded(c, arguments.tolerance); });
+  return GiveChanged(arguments, [&](const Contour& c) { return SplitArcs(c, arguments.tolerance); });
 }
 
 Result<void> ContourReduce(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return Reduced(c, arguments.tolerance); });
+  return GiveChanged(arguments, [&](const Contour& c) { return Reduce(c, arguments.tolerance); });
 }
 
 Result<void> ContourTransform(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return Transformed(c, arguments.matrix); });
+  return GiveChanged(arguments, [&](const Contour& c) { return Transform(c, arguments.matrix); });
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
@@ -74,14 +74,14 @@ Result<void> ContourSection(const ContourArguments& arguments) {
 
 Result<void> ContourTrim(const ContourArguments& arguments) {
   return GiveChanged(arguments, [&](const Contour& c) {
-    return Trimmed(c, arguments.numbers[0], arguments.end, arguments.opening);
+    return Trim(c, arguments.numbers[0], arguments.end, arguments.opening);
   });
 }
 
 // In the picture the longer contour is seen where it leaves the one that lies on it.
 Result<void> ContourExtend(const ContourArguments& arguments) {
-  const auto changed = ChangedBy(
-      arguments, [&](const Contour& c) { return Extended(c, arguments.numbers[0], arguments.end); });
+  const auto changed =
+      ChangedBy(arguments, [&](const Contour& c) { return Extend(c, arguments.numbers[0], arguments.end); });
   if (!changed) return changed.fault();
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kOther, &changed->made, "extended"});
@@ -92,7 +92,7 @@ Result<void> ContourExtend(const ContourArguments& arguments) {
 Result<void> ContourBlend(const ContourArguments& arguments) {
   const auto contour = ReadOneContour(arguments, 0);
   if (!contour) return contour.fault();
-  const auto blended = Blended(*contour, arguments.PointAt(0), arguments.numbers[2]);
+  const auto blended = ChangeBlend(*contour, arguments.PointAt(0), arguments.numbers[2]);
   if (!blended) return blended.fault();
   const Contours source = {*contour}, made = {*blended};
   Drawing drawing;

@@ -55,7 +55,7 @@ Result<void> ContourEqualise(const ContourArguments& arguments) {
   if (!a) return a.fault();
   const auto b = ReadOneContour(arguments, 1);
   if (!b) return b.fault();
-  const auto equalised = EqualisedOf(*a, *b, arguments.force);
+  const auto equalised = Equalise(*a, *b, arguments.force);
   if (!equalised) return equalised.fault();
   const Contours first = {equalised->a}, second = {equalised->b};
   Drawing drawing;

@@ -4,9 +4,8 @@
 #include "base/path_map.h"
 #include "cli/contour_arguments.h"
 #include "cli/output.h"
-#include "contour/dxf_writer.h"
+#include "contour/contour_file.h"
 #include "contour/json_form.h"
-#include "contour/text_form.h"
 
 /// What operations on contours leave behind: pictures, drawings, text.
 namespace vanzet::cli {

@@ -11,7 +11,7 @@ namespace {
 
 using geometry::Point;
 
-/// An arc of more than half a turn has its centre on the other side of its chord.
+/// The centre of an arc of more than half a turn is on the other side of its chord.
 bool IsMoreThanHalf(int direction, const Point& start, const Point& end, const Point& centre) {
   return direction * Cross(geometry::Vector2d(start, end), geometry::Vector2d(start, centre)) < 0;
 }
@@ -23,7 +23,7 @@ Result<void> CheckArc(int direction, const Point& start, const Point& end, const
                  NumberText(atEnd) + " mm from its end"};
   }
   if (atStart <= geometry::TOLERANCE) return {};
-  // The library knows no arc of a full turn: what closes to within an angle it cannot tell is a line there.
+  // The library has no arc of a full turn: one that closes within its angular tolerance becomes a line.
   const double cosine = Dot(geometry::Vector2d(centre, start), geometry::Vector2d(centre, end));
   const bool closes = start == end || cosine > atStart * atEnd * (1 - geometry::VECTOR_TOLERANCE);
   const bool isWhole = start.x == end.x && start.y == end.y;
@@ -37,7 +37,7 @@ Result<void> CheckArc(int direction, const Point& start, const Point& end, const
 
 Result<void> CheckPoint(const Point& point) {
   for (const double coordinate : {point.x, point.y}) {
-    if (std::isnan(coordinate)) return Fault{"a coordinate is no number"};
+    if (std::isnan(coordinate)) return Fault{"a coordinate is not a number"};
     if (!(std::fabs(coordinate) <= kLargestCoordinate)) {
       return Fault{"the coordinate " + NumberText(coordinate) + " mm is not within " +
                    NumberText(kLargestCoordinate) + " mm"};
@@ -47,33 +47,49 @@ Result<void> CheckPoint(const Point& point) {
 }
 
 Result<void> Builder::Start(const Point& point) {
-  if (const auto checked = CheckPoint(point); !checked) return checked;
+  VANZET_DO(CheckPoint(point));
   curve_.Start(point);
   return {};
 }
 
 Result<void> Builder::LineTo(const Point& end) {
-  if (const auto checked = CheckPoint(end); !checked) return checked;
+  VANZET_DO(CheckPoint(end));
   return Add(geometry::LINEAR, end, Point(0, 0));
 }
 
 Result<void> Builder::ArcTo(int direction, const Point& end, const Point& centre) {
   for (const Point& point : {end, centre}) {
-    if (const auto checked = CheckPoint(point); !checked) return checked;
+    VANZET_DO(CheckPoint(point));
   }
   const Point start = HasSpans() ? curve_.spans.back().p1 : curve_.start;
-  if (const auto checked = CheckArc(direction, start, end, centre); !checked) return checked;
+  VANZET_DO(CheckArc(direction, start, end, centre));
   return Add(direction, end, centre);
 }
 
 Result<void> Builder::Add(int type, const Point& end, const Point& centre) {
-  const auto added = Guarded([&] { return curve_.Add(type, end, centre, true); });
-  if (!added) return added.fault();
+  VANZET_DO(Guarded([&] { return curve_.Add(type, end, centre, true); }));
   return {};
 }
 
 geometry::KurveEx Builder::Take() {
   return std::exchange(curve_, geometry::KurveEx());
+}
+
+Result<Contour> ContourOf(int number, const geometry::KurveEx& curve) {
+  Contour contour{number, {}};
+  geometry::Span span;
+  for (int i = 1; curve.Get(i, span); ++i) {
+    for (const geometry::Point& point : {span.p0, span.p1}) {
+      VANZET_DO(CheckPoint(point));
+    }
+    contour.curve.Add(span, false);
+  }
+  if (contour.curve.spans.empty()) return Fault{"nothing is left of contour " + std::to_string(number)};
+  return contour;
+}
+
+std::string NameOf(const Contour& contour) {
+  return "contour " + std::to_string(contour.number);
 }
 
 }  // namespace vanzet::contour

@@ -1,30 +1,32 @@
 #pragma once
 
+#include <string>
+
 #include "base/result.h"
 #include "contour/contour.h"
 
 namespace vanzet::contour {
 
-/// How far an arc's centre may be from being equally far from both ends, in millimetres. Within it the centre
-/// is moved onto the bisector of the chord.
+/// The largest difference between the distances of an arc's centre from both ends, in millimetres. Up to it
+/// the centre is moved onto the bisector of the chord.
 inline constexpr double kCentreTolerance = 0.01;
 
-/// Makes a contour vertex by vertex and refuses what the library would bend into something else.
+/// Builds a contour vertex by vertex and refuses what the library would bend into something else.
 ///
-/// Errors   a fault without a place, and the contour is as it was before
+/// Errors   a fault without a place, and the contour stays as it was
 class Builder {
  public:
   bool IsStarted() const { return curve_.start.ok; }
   bool HasSpans() const { return !curve_.spans.empty(); }
 
-  /// Drops what there is. Refused for a coordinate that is too large.
+  /// Drops the contour so far. Fails when a coordinate is too large.
   Result<void> Start(const geometry::Point& point);
 
   /// Requires for both: started.
   Result<void> LineTo(const geometry::Point& end);
   Result<void> ArcTo(int direction, const geometry::Point& end, const geometry::Point& centre);
 
-  /// The contour; the builder is as new.
+  /// Returns the contour and starts with an empty one.
   geometry::KurveEx Take();
 
  private:
@@ -33,7 +35,14 @@ class Builder {
   geometry::KurveEx curve_;
 };
 
-/// A fault when a coordinate is no number or larger than `kLargestCoordinate`.
+/// Fails when a coordinate is not a number or larger than `kLargestCoordinate`.
 Result<void> CheckPoint(const geometry::Point& point);
+
+/// A contour from a result of the library: in reading order and without spans that have no length. Fails when
+/// nothing is left or a coordinate is too large.
+Result<Contour> ContourOf(int number, const geometry::KurveEx& curve);
+
+/// "contour 3", for faults.
+std::string NameOf(const Contour& contour);
 
 }  // namespace vanzet::contour

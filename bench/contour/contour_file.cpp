@@ -6,15 +6,13 @@
 
 #include "base/letter_case.h"
 #include "base/path_map.h"
-#include "contour/text_form.h"
-#include "contour/xml_form.h"
 
 namespace vanzet::contour {
 namespace {
 
 Result<DxfContent> WithoutRemarks(Result<Contours> contours) {
-  if (!contours) return contours.fault();
-  return DxfContent{std::move(*contours), {}};
+  VANZET_TRY(Contours read, std::move(contours));
+  return DxfContent{std::move(read), {}};
 }
 
 }  // namespace
@@ -25,7 +23,7 @@ Result<DxfContent> ReadContourFile(const std::string& file, const DxfOptions& op
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) return Fault{"is a folder", file};
   std::ifstream stream(path, std::ios::binary);
-  if (!stream) return Fault{"cannot be read", file};
+  if (!stream) return Fault{.text = "cannot be read", .file = file, .kind = FaultKind::kMissing};
   if (EqualWithoutCase(path.extension().string(), ".dxf")) return ReadDxf(stream, file, options);
   if (EqualWithoutCase(path.extension().string(), ".xml")) return WithoutRemarks(ReadXml(stream, file));
   return WithoutRemarks(ReadText(stream, file));

@@ -10,11 +10,11 @@ namespace {
 using geometry::PI;
 using geometry::Point;
 
-/// A larger turn is two arcs: the library knows no full one.
+/// A larger turn becomes two arcs, since the library has no full circle.
 constexpr double kLargestSweep = 2 * PI - 0.02;
 
 constexpr int kClosedPolyline = 1;
-/// Splines, polygons in space and meshes: their vertices are not the contour's.
+/// Splines, polygons in space and meshes, whose vertices are not those of a contour.
 constexpr int kOtherPolylines = 4 | 8 | 16 | 64;
 
 double Radians(double degrees) {
@@ -27,7 +27,7 @@ Point OnCircle(const Point& centre, double radius, double angle, int side) {
 
 }  // namespace
 
-/// What is drawn on a plane is seen from above, or mirrored when the plane's normal points down.
+/// An entity in a plane is seen from above, or mirrored when the normal of the plane points down.
 bool DrawingPieces::IsSeen(const std::string& kind, int& side) {
   constexpr double kTilt = 1e-6;
   const double* const normal = getExtrusion()->getDirection();
@@ -44,7 +44,7 @@ bool DrawingPieces::IsSeen(const std::string& kind, int& side) {
 }
 
 void DrawingPieces::addLine(const DL_LineData& line) {
-  // Unlike the others, a line tells its ends in the coordinates of the world.
+  // Unlike those of the others, the ends of a line are given in the coordinates of the world.
   if (getAttributes().isInPaperSpace()) {
     leftOut_.emplace_back("LINE on paper");
     return;

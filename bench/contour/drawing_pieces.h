@@ -10,7 +10,7 @@
 
 namespace vanzet::contour {
 
-/// The pieces of a drawing as its entities bring them, in the drawing's unit.
+/// Collects the pieces of a drawing from the DXF library's calls, in the drawing's unit.
 class DrawingPieces : public DL_CreationAdapter {
  public:
   struct Entry {
@@ -18,12 +18,12 @@ class DrawingPieces : public DL_CreationAdapter {
     Piece piece;
   };
 
-  /// The line of the entity that the next calls are about.
+  /// Sets the line of the entity that the next calls are about.
   void SetLine(int line) { line_ = line; }
 
   std::vector<Entry>& entries() { return entries_; }
 
-  /// What was left out and why, one text an entity: "MESH" for example.
+  /// The entities that were left out and why, one text each: "ARC in a tilted plane".
   const std::vector<std::string>& leftOut() const { return leftOut_; }
 
   void addLine(const DL_LineData& line) override;
@@ -44,14 +44,14 @@ class DrawingPieces : public DL_CreationAdapter {
     std::vector<double> bulges;  ///< of the segment that begins at the point
   };
 
-  /// False, and noted, when what is being added is left out. `side` is -1 for what is seen from behind.
+  /// Returns false, and notes it, when the entity is left out. `side` is -1 for one that is seen from below.
   bool IsSeen(const std::string& kind, int& side);
   void AddTurn(const geometry::Point& centre, double radius, double from, double sweep, int side);
   void EndPolyline();
 
   std::vector<Entry> entries_;
   std::vector<std::string> leftOut_;
-  std::unique_ptr<Polyline> polyline_;  ///< null: none is open, or it is left out
+  std::unique_ptr<Polyline> polyline_;  ///< null when none is open or it is left out
   int line_ = 0;
 };
 

@@ -17,7 +17,7 @@ constexpr int kNone = 0;
 constexpr int kReals[] = {kX, 11, kY, 21, 30, 31, 38, 40, kBulge, 50, 51, 210, 220, 230};
 constexpr int kIntegers[] = {66, 67, kFlags, kVertexCount};
 
-/// The kinds that contours are made of, with the groups that each must have.
+/// The kinds of entity that contours are made of, with the groups that each must have.
 struct Kind {
   std::string_view name;
   std::array<int, 5> required;  ///< the rest is `kNone`
@@ -47,10 +47,11 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text;
 }
 
-/// The vertices of an LWPOLYLINE: behind their count, each an x and then a y and at most one bulge.
+/// The order of groups in an LWPOLYLINE: the count of vertices, then for each an x, a y and at most one
+/// bulge.
 class VertexOrder {
  public:
-  /// False when the group is out of order.
+  /// Returns false when the group is out of order.
   bool Take(const DxfGroup& group) {
     switch (group.code) {
       case kVertexCount: return !std::exchange(hasCount_, true);
@@ -65,7 +66,7 @@ class VertexOrder {
     }
   }
 
-  /// How many whole vertices there were.
+  /// The number of complete vertices.
   int Whole() const { return hasY_ ? vertices_ : vertices_ - 1; }
 
  private:
@@ -75,17 +76,17 @@ class VertexOrder {
 
 Result<void> CheckVertices(const DxfEntity& entity, const TextLineReader& lines) {
   VertexOrder order;
-  int told = 0;
+  int declared = 0;
   for (const DxfGroup& group : entity.groups) {
     if (!order.Take(group)) {
       return lines.AtLine(group.line,
                           "group " + std::to_string(group.code) + " is out of order in LWPOLYLINE");
     }
-    if (group.code == kVertexCount) told = IntegerOrZero(group.value);
+    if (group.code == kVertexCount) declared = IntegerOrZero(group.value);
   }
-  if (order.Whole() == told) return {};
-  return lines.AtLine(entity.line, "the LWPOLYLINE tells of " + std::to_string(told) + " vertices and has " +
-                                       std::to_string(order.Whole()));
+  if (order.Whole() == declared) return {};
+  return lines.AtLine(entity.line, "the LWPOLYLINE declares " + std::to_string(declared) +
+                                       " vertices and has " + std::to_string(order.Whole()));
 }
 
 }  // namespace
@@ -98,9 +99,8 @@ Result<DxfGroup> DxfGroupReader::Next() {
   DxfGroup group;
   std::string code;
   for (std::string* const text : {&code, &group.value}) {
-    const auto more = lines_.Next(*text);
-    if (!more) return more.fault();
-    if (!*more) return lines_.At("the drawing is cut short: there is no group '0 EOF'");
+    VANZET_TRY(const bool more, lines_.Next(*text));
+    if (!more) return lines_.At("the drawing is cut short: it does not end with the group '0 EOF'");
   }
   group.line = lines_.LineNumber();
   group.value = WithoutBlanks(group.value);

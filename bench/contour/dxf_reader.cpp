@@ -1,7 +1,4 @@
-#include "contour/dxf_reader.h"
-
 #include <dl_dxf.h>
-
 #include <algorithm>
 #include <map>
 #include <set>
@@ -11,9 +8,10 @@
 #include "base/letter_case.h"
 #include "base/numbers.h"
 #include "base/quote.h"
+#include "contour/contour_file.h"
 #include "contour/drawing_pieces.h"
 #include "contour/dxf_groups.h"
-#include "contour/join.h"
+#include "contour/piece.h"
 
 namespace vanzet::contour {
 namespace {
@@ -24,7 +22,7 @@ struct Unit {
   double millimetres;
 };
 constexpr Unit kUnits[] = {
-    {0, "", 1},  // a drawing without a unit is taken for one in millimetres
+    {0, "", 1},  // a drawing without a unit is in millimetres
     {1, "inch", 25.4}, {2, "", 304.8},  {4, "mm", 1},    {5, "", 10},
     {6, "m", 1000},    {9, "", 0.0254}, {13, "", 0.001}, {14, "", 100},
 };
@@ -32,12 +30,12 @@ constexpr Unit kUnits[] = {
 constexpr int kName = 2, kVariable = 9, kFlags = 70, kComment = 999;
 constexpr std::size_t kMostGroups = 8 * kMostVertices;
 
-/// Goes through the groups of a drawing and gives to the DXF library what contours are made of. The library
-/// trusts counts and the order of groups, so both are checked before.
+/// Reads the groups of a drawing and passes those that contours are made of to the DXF library. The library
+/// trusts counts and the order of groups, so both are checked first.
 class DxfReader {
  public:
   DxfReader(std::istream& text, const std::string& name) : groups_(text, name), name_(name) {
-    // Without this the library does not know that it has read nothing yet.
+    // Initialises the library's state before the first group.
     std::istringstream nothing;
     dxf_.in(nothing, &pieces_);
   }
@@ -62,10 +60,10 @@ class DxfReader {
 
   DxfGroupReader groups_;
   std::string name_;
-  std::string section_;   ///< empty: none, or its name is still to come
-  std::string variable_;  ///< of the header, being told
+  std::string section_;   ///< empty: outside of sections, or the name is still to come
+  std::string variable_;  ///< the variable of the header that is being read
   int unit_ = 0;
-  DxfEntity entity_;  ///< being read; without a kind it is none that is taken
+  DxfEntity entity_;  ///< the entity that is being read; its kind is empty when it is left out
   bool inPolyline_ = false;
   std::size_t groupCount_ = 0;
   std::map<std::string, int> leftOut_;
@@ -75,29 +73,25 @@ class DxfReader {
 
 Result<void> DxfReader::Read() {
   for (bool begun = false;;) {
-    const auto group = groups_.Next();
-    if (!group) return group.fault();
-    if (group->code == kComment) continue;
-    if (!begun) {
-      if (const auto checked = CheckBeginning(*group); !checked) return checked;
-    }
+    VANZET_TRY(const DxfGroup group, groups_.Next());
+    if (group.code == kComment) continue;
+    if (!begun) VANZET_DO(CheckBeginning(group));
     begun = true;
-    const auto taken = group->code == 0 ? TakeMark(*group) : TakeGroup(*group);
-    if (!taken) return taken;
-    if (group->code == 0 && group->value == "EOF") return {};
+    VANZET_DO(group.code == 0 ? TakeMark(group) : TakeGroup(group));
+    if (group.code == 0 && group.value == "EOF") return {};
   }
 }
 
 Result<void> DxfReader::CheckBeginning(const DxfGroup& group) const {
   if (group.code == 0 && group.value == "SECTION") return {};
-  return groups_.lines().AtLine(group.line, "is no drawing in DXF: it does not begin with a section");
+  return groups_.lines().AtLine(group.line, "not a DXF drawing: it does not begin with a section");
 }
 
 Result<void> DxfReader::TakeMark(const DxfGroup& group) {
-  if (const auto ended = EndEntity(); !ended) return ended;
+  VANZET_DO(EndEntity());
   const bool isOfSections = group.value == "SECTION" || group.value == "ENDSEC" || group.value == "EOF";
   if (section_ == "ENTITIES") {
-    if (const auto checked = CheckSequence(group); !checked) return checked;
+    VANZET_DO(CheckSequence(group));
     if (!isOfSections) BeginEntity(group);
   }
   if (!isOfSections) return {};
@@ -129,12 +123,12 @@ void DxfReader::BeginEntity(const DxfGroup& group) {
 Result<void> DxfReader::EndEntity() {
   if (entity_.kind.empty()) return {};
   const DxfEntity entity = std::exchange(entity_, {});
-  if (const auto checked = CheckEntity(entity, groups_.lines()); !checked) return checked;
+  VANZET_DO(CheckEntity(entity, groups_.lines()));
   Feed(entity);
   return {};
 }
 
-/// The library adds an entity when the next one begins.
+/// Passes an entity to the library, which adds it when the next one begins.
 void DxfReader::Feed(const DxfEntity& entity) {
   std::string text = "0\n" + entity.kind + "\n";
   for (const DxfGroup& group : entity.groups) text += std::to_string(group.code) + "\n" + group.value + "\n";
@@ -151,7 +145,7 @@ Result<void> DxfReader::TakeGroup(const DxfGroup& group) {
   }
   if (section_ == "HEADER") return TakeHeaderGroup(group);
   if (entity_.kind.empty() || !IsUsed(group.code)) return {};
-  if (const auto checked = CheckValue(group, groups_.lines()); !checked) return checked;
+  VANZET_DO(CheckValue(group, groups_.lines()));
   if (++groupCount_ > kMostGroups) return groups_.lines().At("the drawing is too large");
   entity_.groups.push_back(group);
   return {};
@@ -177,13 +171,13 @@ std::vector<std::string> DxfReader::Remarks() const {
   return remarks;
 }
 
-/// How many millimetres a unit of the drawing has.
+/// The length of the drawing's unit in millimetres.
 Result<double> Millimetres(int code, const std::string& wanted, const std::string& name) {
   const auto* const unit = wanted.empty() ? std::ranges::find(kUnits, code, &Unit::code)
                                           : std::ranges::find(kUnits, std::string_view(wanted), &Unit::name);
   if (unit != std::end(kUnits)) return unit->millimetres;
   if (!wanted.empty()) return Fault{"expected the unit mm, inch or m, found " + Quoted(wanted)};
-  return Fault{"the drawing's unit, $INSUNITS " + std::to_string(code) + ", is not known; tell it", name};
+  return Fault{"the drawing's unit, $INSUNITS " + std::to_string(code) + ", is unknown; give the unit", name};
 }
 
 /// The pieces that are on the layer, in millimetres.
@@ -194,21 +188,22 @@ Result<std::vector<Piece>> PiecesOn(const std::string& layer, std::vector<Drawin
     if (!layer.empty() && !EqualWithoutCase(entry.layer, layer)) continue;
     Piece& piece = entry.piece;
     piece.Scale(unit);
-    if (const auto checked = CheckPiece(piece); !checked)
+    if (const auto checked = CheckPiece(piece); !checked) {
       return lines.AtLine(piece.line, checked.fault().text);
+    }
     pieces.push_back(std::move(piece));
   }
   return pieces;
 }
 
-/// "there is nothing to make a contour of on the layer 'X'; it is on 'A', 'B'"
+/// "has no lines or arcs on the layer 'X', but on 'A', 'B'"
 Fault NothingFound(const std::string& layer, const std::vector<DrawingPieces::Entry>& entries,
                    const std::string& name) {
-  const std::string nothing = "there is nothing to make a contour of";
+  const std::string nothing = "has no lines or arcs";
   if (layer.empty() || entries.empty()) return {nothing, name};
   std::set<std::string> layers;
   for (const DrawingPieces::Entry& entry : entries) layers.insert(Quoted(entry.layer));
-  std::string text = nothing + " on the layer " + Quoted(layer) + "; there is on ";
+  std::string text = nothing + " on the layer " + Quoted(layer) + ", but on ";
   for (const std::string& other : layers) text += (other == *layers.begin() ? "" : ", ") + other;
   return {text, name};
 }
@@ -227,15 +222,13 @@ Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const TextLineRead
 
 Result<DxfContent> ReadDxf(std::istream& text, const std::string& name, const DxfOptions& options) {
   DxfReader reader(text, name);
-  if (const auto read = reader.Read(); !read) return read.fault();
-  const auto unit = Millimetres(reader.unit(), options.unit, name);
-  if (!unit) return unit.fault();
-  const auto pieces = PiecesOn(options.layer, reader.entries(), *unit, reader.lines());
-  if (!pieces) return pieces.fault();
-  if (pieces->empty()) return NothingFound(options.layer, reader.entries(), name);
-  auto contours = ContoursOf(Joined(*pieces, options.join), reader.lines());
-  if (!contours) return contours.fault();
-  return DxfContent{std::move(*contours), reader.Remarks()};
+  VANZET_DO(reader.Read());
+  VANZET_TRY(const double unit, Millimetres(reader.unit(), options.unit, name));
+  VANZET_TRY(const std::vector<Piece> pieces,
+             PiecesOn(options.layer, reader.entries(), unit, reader.lines()));
+  if (pieces.empty()) return NothingFound(options.layer, reader.entries(), name);
+  VANZET_TRY(Contours contours, ContoursOf(Join(pieces, options.join), reader.lines()));
+  return DxfContent{std::move(contours), reader.Remarks()};
 }
 
 }  // namespace vanzet::contour

@@ -1,9 +1,7 @@
-#include "contour/dxf_writer.h"
-
 #include <cmath>
 
 #include "base/number_text.h"
-#include "contour/sweep.h"
+#include "contour/contour_file.h"
 
 namespace vanzet::contour {
 namespace {

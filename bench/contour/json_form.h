@@ -6,7 +6,7 @@
 
 namespace vanzet::contour {
 
-/// Contours for programs, docs/formats/contour.md.
+/// Contours for other programs, docs/formats/contour.md.
 nlohmann::ordered_json JsonForm(const Contours& contours);
 
 /// A point as a list of its two coordinates.

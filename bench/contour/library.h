@@ -1,21 +1,20 @@
 #pragma once
 
 #include <stdexcept>
-#include <string>
 #include <utility>
 
 #include "base/result.h"
 
 namespace vanzet::contour {
 
-/// The geometry library keeps units and tolerances for the process. Requires: called before any other work on
-/// contours.
+/// Sets the unit of the geometry library, which keeps units and tolerances for the process, to millimetres.
+/// Requires: called before any other work on contours.
 void UseMillimetres();
 
-/// The library's message as a fault.
+/// A message of the library as a fault.
 Fault LibraryFault(const wchar_t* message);
 
-/// What `work` gives; what the library throws meanwhile becomes a fault.
+/// Returns the value of `work()`, or a fault for what the library throws meanwhile.
 template <class Work>
 auto Guarded(Work work) -> Result<decltype(work())> {
   try {

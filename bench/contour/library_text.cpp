@@ -1,21 +1,21 @@
-#include "contour/library_text.h"
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 
 #include "base/path_map.h"
+#include "contour/builder.h"
+#include "contour/contour_file.h"
 #include "contour/library.h"
-#include "contour/sound.h"
 #include "geometry/units.h"
 
+/// Reader and writer of the text forms of the geometry library itself.
 namespace vanzet::contour {
 namespace {
 
 using geometry::KurveEx;
 
-/// The forms presume metres, wherever they tell an area and in the contour text everywhere.
+/// Sets the unit to metres, which the contour text presumes everywhere and the other forms presume for areas.
 class InMetres {
  public:
   InMetres() { geometry::SetUnits(2); }
@@ -67,18 +67,18 @@ Result<Contours> ReadLibraryText(const std::string& file) {
   std::error_code error;
   const bool isFile = std::filesystem::is_regular_file(path, error);  // others may have no end
   const File stream(isFile ? std::fopen(path.c_str(), "r") : nullptr);
-  if (!stream) return Fault{"cannot be read", file};
+  if (!stream) return Fault{.text = "cannot be read", .file = file, .kind = FaultKind::kMissing};
   Contours contours;
   KurveEx curve;
   while (true) {
     const auto read = Guarded([&] { return curve.Read(stream.get()); });
     if (!read) return Fault{read.fault().text, file};
     if (!*read) break;
-    auto contour = Sound(static_cast<int>(contours.size()) + 1, curve);
+    auto contour = ContourOf(static_cast<int>(contours.size()) + 1, curve);
     if (!contour) return Fault{contour.fault().text, file};
     contours.push_back(std::move(*contour));
   }
-  if (contours.empty()) return Fault{"there is no contour", file};
+  if (contours.empty()) return Fault{"has no contour", file};
   return contours;
 }
 

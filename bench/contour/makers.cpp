@@ -4,7 +4,6 @@
 #include "contour/builder.h"
 #include "contour/library.h"
 #include "contour/operations.h"
-#include "contour/sweep.h"
 #include "geometry/kurve.h"
 
 namespace vanzet::contour {
@@ -15,14 +14,14 @@ using geometry::KurveEx;
 using geometry::Point;
 using geometry::Span;
 
-/// An arc of the radius r rises s over a chord of the angle sqrt(8 s / r), near enough to tell what is too
-/// much.
+/// An estimate, good enough for the limit: an arc of radius r rises s over a chord of the angle sqrt(8 s /
+/// r).
 double ExpectedChords(const Span& arc, double tolerance) {
   return std::fabs(arc.angle) / std::sqrt(8 * tolerance / arc.radius);
 }
 
 void AddChords(const Span& arc, double tolerance, KurveEx& chords) {
-  // Half the radius, lest a chord of more than half a turn be taken for a near one.
+  // At most half the radius, so that no chord spans more than half a turn.
   const int count = std::max(1, arc.ChordCount(std::min(tolerance, arc.radius / 2)));
   const double sweep = SweepOf(arc);
   for (int i = 1; i < count; ++i) {
@@ -34,7 +33,7 @@ void AddChords(const Span& arc, double tolerance, KurveEx& chords) {
   chords.Add(arc.p1.x, arc.p1.y);
 }
 
-/// The part of a closed contour that comes back to the span on which it begins.
+/// The part of a closed contour that returns to the span where it begins.
 Kurve PartAround(const Kurve& curve, int span, const Point& from, const Point& to) {
   Span first, second;
   const int following = span % curve.SpanCount() + 1;
@@ -45,7 +44,7 @@ Kurve PartAround(const Kurve& curve, int span, const Point& from, const Point& t
   return part;
 }
 
-/// How far along its span a point of it is.
+/// The distance of a point along its span.
 double Along(const Contour& contour, const Nearest& place) {
   double along = 0;
   contour.curve.spans[static_cast<std::size_t>(place.span) - 1].Near(place.point, along);
@@ -54,7 +53,7 @@ double Along(const Contour& contour, const Nearest& place) {
 
 }  // namespace
 
-Result<Contour> Chorded(const Contour& contour, double tolerance) {
+Result<Contour> SplitArcs(const Contour& contour, double tolerance) {
   double expected = 0;
   for (const Span& span : contour.curve.spans) {
     expected += span.dir == geometry::LINEAR ? 1 : 1 + ExpectedChords(span, tolerance);
@@ -75,9 +74,9 @@ Result<Contour> Chorded(const Contour& contour, double tolerance) {
   return chorded;
 }
 
-// The compact contour measures every vertex that it drops; the working one only the last, so that its errors
-// add up.
-Result<Contour> Reduced(const Contour& contour, double tolerance) {
+// The compact contour measures every vertex that it drops; the working one measures only the last, so that
+// its errors add up.
+Result<Contour> Reduce(const Contour& contour, double tolerance) {
   return Guarded([&]() -> Contour {
     Kurve reduced(contour.curve);
     reduced.Reduce(tolerance);
@@ -85,18 +84,14 @@ Result<Contour> Reduced(const Contour& contour, double tolerance) {
   });
 }
 
-Result<Contour> Transformed(const Contour& contour, const geometry::Matrix& matrix) {
+Result<Contour> Transform(const Contour& contour, const geometry::Matrix& matrix) {
   Builder builder;
-  if (const auto started = builder.Start(contour.curve.start.Transform(matrix)); !started) {
-    return started.fault();
-  }
+  VANZET_DO(builder.Start(contour.curve.start.Transform(matrix)));
   for (const Span& span : contour.curve.spans) {
     const int direction = matrix.mirrored ? -span.dir : span.dir;
     const Point end = span.p1.Transform(matrix);
-    const auto added = direction == geometry::LINEAR
-                           ? builder.LineTo(end)
-                           : builder.ArcTo(direction, end, span.pc.Transform(matrix));
-    if (!added) return added.fault();
+    VANZET_DO(direction == geometry::LINEAR ? builder.LineTo(end)
+                                            : builder.ArcTo(direction, end, span.pc.Transform(matrix)));
   }
   return Contour{contour.number, builder.Take()};
 }
@@ -123,7 +118,7 @@ Result<Contour> PartOf(const Contour& contour, const Point& from, const Point& t
 Result<Contour> CircleOf(const Point& centre, double radius) {
   if (!(radius > geometry::TOLERANCE)) return Fault{"the radius has to be more than 0.005 mm"};
   for (const double side : {-radius, radius}) {
-    if (const auto checked = CheckPoint({centre.x + side, centre.y + side}); !checked) return checked.fault();
+    VANZET_DO(CheckPoint({centre.x + side, centre.y + side}));
   }
   return Guarded([&]() -> Contour { return {1, KurveEx(centre, radius, geometry::ACW)}; });
 }

@@ -1,9 +1,9 @@
 #include <cmath>
 #include <memory>
 
+#include "contour/builder.h"
 #include "contour/constructions.h"
 #include "contour/library.h"
-#include "contour/sound.h"
 #include "geometry/contour_index.h"
 #include "geometry/equalise.h"
 
@@ -15,10 +15,10 @@ using geometry::Matrix;
 using geometry::Point;
 using geometry::Span;
 
-/// How far a vertex may lie beside the other contour for one to be the other, in millimetres.
+/// A vertex may be this far from the other contour for both to count as the same, in millimetres.
 constexpr double kSameTolerance = 0.02;
 
-KurveEx Moved(const KurveEx& curve, const Matrix& motion) {
+KurveEx TransformCurve(const KurveEx& curve, const Matrix& motion) {
   KurveEx moved;
   for (Span span : curve.spans) {
     span.Transform(motion);
@@ -32,8 +32,8 @@ Matrix Product(Matrix first, const Matrix& then) {
   return first;
 }
 
-/// Takes the start of an open contour to the origin and its end onto the x axis: only there do the library's
-/// running areas of two open contours compare.
+/// Moves the start of an open contour to the origin and its end onto the x axis: only there can the running
+/// areas of two open contours, which the library compares, be equal.
 Matrix ToOrigin(const KurveEx& curve) {
   Matrix m;
   if (curve.Closed()) return m;
@@ -57,11 +57,13 @@ bool Takes(const KurveEx& a, const KurveEx& b, const Matrix& motion) {
   return true;
 }
 
-/// The motion that the library finds, if it is one: lengths and angles alone may deceive it.
+/// The motion that the library finds, unless it is a wrong one: the library compares lengths and angles
+/// alone.
 std::optional<Matrix> Motion(const KurveEx& a, const KurveEx& b, bool mayMirror) {
   const Matrix homeOfA = ToOrigin(a), homeOfB = ToOrigin(b);
   Matrix* found = nullptr;
-  const bool same = SameShape(Moved(a, homeOfA), Moved(b, homeOfB), found, false, 0, false, 0, mayMirror);
+  const bool same =
+      SameShape(TransformCurve(a, homeOfA), TransformCurve(b, homeOfB), found, false, 0, false, 0, mayMirror);
   const std::unique_ptr<Matrix> owner(found);
   if (!same) return {};
   const Matrix motion = Product(Product(homeOfA, *found), homeOfB.Inverse());
@@ -69,23 +71,23 @@ std::optional<Matrix> Motion(const KurveEx& a, const KurveEx& b, bool mayMirror)
   return motion;
 }
 
-/// A contour that is mirrored in the order of its vertices the library does not know for a mirror image.
+/// The library does not recognise a mirror image whose vertices come in mirrored order, so the mirror is
+/// tried here.
 std::optional<Matrix> MirroredMotion(const KurveEx& a, const KurveEx& b) {
   if (const auto motion = Motion(a, b, true)) return motion;
   Matrix mirror;
   mirror.Scale(1, -1, 1);
-  const auto motion = Motion(Moved(a, mirror), b, false);
+  const auto motion = Motion(TransformCurve(a, mirror), b, false);
   if (!motion) return {};
   return Product(mirror, *motion);
 }
 
 }  // namespace
 
-Result<Equalised> EqualisedOf(const Contour& a, const Contour& b, bool force) {
-  Equalised equalised{{1, {}}, {2, {}}};
-  const auto count = Guarded(
-      [&] { return EqualiseSpanCount(a.curve, b.curve, equalised.a.curve, equalised.b.curve, force); });
-  if (!count) return count.fault();
+Result<EqualPair> Equalise(const Contour& a, const Contour& b, bool force) {
+  EqualPair equalised{{1, {}}, {2, {}}};
+  VANZET_DO(Guarded(
+      [&] { return EqualiseSpanCount(a.curve, b.curve, equalised.a.curve, equalised.b.curve, force); }));
   return equalised;
 }
 

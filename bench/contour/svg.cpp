@@ -2,9 +2,6 @@
 
 #include "base/number_text.h"
 #include "contour/drawing.h"
-#include "contour/labels.h"
-#include "contour/legend.h"
-#include "contour/sweep.h"
 #include "contour/view.h"
 
 namespace vanzet::contour {

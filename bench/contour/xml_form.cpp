@@ -1,13 +1,13 @@
-#include "contour/xml_form.h"
-
 #include <sstream>
 
 #include "base/numbers.h"
 #include "contour/builder.h"
+#include "contour/contour_file.h"
 #include "contour/library.h"
 #include "geometry/kurve.h"
 #include "geometry/xml.h"
 
+/// Reader and writer of the library's XML as files of contours.
 namespace vanzet::contour {
 namespace {
 
@@ -23,16 +23,15 @@ int NumberOf(const std::wstring& name, std::size_t before) {
   return number ? *number : static_cast<int>(before) + 1;
 }
 
-/// The vertices of a compact contour, checked as those of other files are.
+/// Builds the contour from its vertices, so that they are checked like those of other files.
 Result<geometry::KurveEx> CurveOf(const Kurve& kurve) {
   Builder builder;
   geometry::spVertex v;
   for (int i = 0; i < kurve.nVertices; ++i) {
     kurve.Get(i, v);
-    const auto added = i == 0                       ? builder.Start(v.p)
-                       : v.type == geometry::LINEAR ? builder.LineTo(v.p)
-                                                    : builder.ArcTo(v.type, v.p, v.pc);
-    if (!added) return added.fault();
+    VANZET_DO(i == 0                       ? builder.Start(v.p)
+              : v.type == geometry::LINEAR ? builder.LineTo(v.p)
+                                           : builder.ArcTo(v.type, v.p, v.pc));
   }
   if (!builder.HasSpans()) return Fault{"the contour has no span"};
   return builder.Take();
@@ -55,20 +54,20 @@ class XmlContours {
 };
 
 Result<Contours> XmlContours::Read() {
-  if (!xml_.IsOpen()) return Fault{"cannot be read", name_};
+  if (!xml_.IsOpen()) return Fault{.text = "cannot be read", .file = name_, .kind = FaultKind::kSystem};
   const bool hasRoot = xml_.FindTag(kRoot);
   const bool hasSystem = xml_.NextTagIs(L"SYSTEM");
   const int systemLine = xml_.Line();
   if (hasSystem && !xml_.ReadSystem()) {
-    return At(systemLine, "the SYSTEM tells no unit that is known, or no tolerance above 0");
+    return At(systemLine, "the SYSTEM has an unknown unit, or a tolerance that is not above 0");
   }
-  // The file's tolerance is its writer's affair.
+  // The file's own tolerance has been checked and is not used.
   UseMillimetres();
   while (!xml_.NextTagIs(kRootEnd) && !xml_.AtEnd()) {
-    if (const auto read = ReadContour(); !read) return read.fault();
+    VANZET_DO(ReadContour());
   }
-  if (hasRoot && xml_.AtEnd()) return At(xml_.Line(), "the file is cut short: CONTOURS has no end");
-  if (contours_.empty()) return Fault{"there is no contour", name_};
+  if (hasRoot && xml_.AtEnd()) return At(xml_.Line(), "the file is cut short: CONTOURS has no end tag");
+  if (contours_.empty()) return Fault{"has no contour", name_};
   return std::move(contours_);
 }
 

@@ -5,7 +5,6 @@
 #include <map>
 
 #include "base/utf8.h"
-#include "contour/sweep.h"
 #include "drawing/picture_view.h"
 #include "drawing/shown.h"
 
@@ -39,7 +38,7 @@ std::string PathOf(const Kurve& curve) {
       continue;
     }
     const std::string radius = NumberText(span.radius);
-    const bool isLong = std::fabs(contour::SweepOf(span)) > geometry::PI;
+    const bool isLong = std::fabs(SweepOf(span)) > geometry::PI;
     path += " A" + radius + " " + radius + " 0 " + (isLong ? "1 " : "0 ") +
             (span.dir == geometry::ACW ? "1 " : "0 ") + Text(span.p1);
   }

@@ -2,10 +2,11 @@
 
 #include "geometry/point.h"
 
-/// Boxes along the axes. A cleared box is inside out, from 1e61 to -1e61, so that the first insertion sets
-/// both corners.
+/// Boxes whose sides are parallel to the axes. A cleared box is inside out, from 1e61 to -1e61, so that the
+/// first insertion sets both corners.
 namespace geometry {
 
+/// A box of the plane.
 struct Box {
   Point min{1e61, 1e61}, max{-1e61, -1e61};
 
@@ -13,7 +14,7 @@ struct Box {
   constexpr Box(const Point& mn, const Point& mx) : min(mn), max(mx) {}
 
   void Clear() { *this = Box(); }
-  // The corners take what is beyond them, so a coordinate that is not a number changes nothing.
+  /// Grows the box to contain a point or a box. A coordinate that is not a number changes nothing.
   void Insert(const Point& p) {
     if (min.x > p.x) min.x = p.x;
     if (min.y > p.y) min.y = p.y;
@@ -26,16 +27,17 @@ struct Box {
     if (b.max.x > max.x) max.x = b.max.x;
     if (b.max.y > max.y) max.y = b.max.y;
   }
+  /// Moves every side outwards by the margin.
   void Grow(double margin) {
     min.x -= margin;
     min.y -= margin;
     max.x += margin;
     max.y += margin;
   }
-  bool Outside(const Point& p) const {  ///< the border is inside
-    return min.x > p.x || min.y > p.y || p.x > max.x || p.y > max.y;
-  }
-  bool Outside(const Box& b) const {  ///< disjoint; touching boxes are not
+  /// Whether the point is outside; the border is inside.
+  bool Outside(const Point& p) const { return min.x > p.x || min.y > p.y || p.x > max.x || p.y > max.y; }
+  /// Whether the boxes are disjoint; touching boxes are not.
+  bool Outside(const Box& b) const {
     return b.min.x > max.x || b.min.y > max.y || min.x > b.max.x || min.y > b.max.y;
   }
   Point Mid() const;
@@ -43,6 +45,7 @@ struct Box {
   double Height() const { return max.y - min.y; }
 };
 
+/// A box of space, with the same operations.
 struct Box3d {
   Point3d min{1e61, 1e61, 1e61}, max{-1e61, -1e61, -1e61};
 

@@ -4,15 +4,14 @@
 
 namespace geometry {
 
-/// Answers many queries about one contour: built once in time proportional to its spans, then each answer
-/// takes about the logarithm of their number.
+/// An index for many queries about one contour. Building it takes time proportional to the number of spans,
+/// and each query about the logarithm of that number.
 ///
-/// Shape    boxes around runs of neighbouring spans, in pairs up to one around all;
-///          a copy of the contour in reading order, so the contour may change or
-///          go afterwards
-/// Results  those of `KurveEx::windingNumber`, `Inside` and `Near`, to the last bit,
-///          throws included. Only where products of coordinate differences leave
-///          the range of a double may the winding differ
+/// Shape    a tree of boxes around runs of neighbouring spans, with pairs up to one box around all, and a
+///          copy of the contour in reading order, so that the contour may change or go afterwards
+/// Results  those of `KurveEx::windingNumber`, `Inside` and `Near` to the last bit, including what they
+///          throw. The winding may differ only where products of coordinate differences exceed the range of a
+///          double
 class ContourIndex {
  public:
   explicit ContourIndex(const KurveEx& contour);

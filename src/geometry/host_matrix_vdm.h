@@ -2,8 +2,8 @@
 
 namespace geometry {
 
-/// Lets `Matrix::ToVdm` and `Matrix::FromVdm` work on the VDMs of the host that loaded the module. The only
-/// tie of the library to the host; who does not call it needs none.
+/// Connects `Matrix::ToVdm` and `Matrix::FromVdm` to the VDMs of the host that loaded the module. This is the
+/// only use of the host in the library; a program that does not call it needs no host.
 void UseHostForMatrixVdm();
 
 }  // namespace geometry

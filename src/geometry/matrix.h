@@ -6,10 +6,11 @@ namespace geometry {
 
 /// A transformation of space: sixteen elements by rows, points being columns.
 ///
-/// Flags   `unit` lets transforms skip all arithmetic, `mirrored` tells that the sense of arcs changes. Each
-///         operation says what it does to them; whoever writes elements directly calls `IsUnit` and
-///         `IsMirrored` afterwards.
-/// Order   operations apply after those that are already in the matrix.
+/// Flags   `unit` lets transforms skip all arithmetic; `mirrored` says that arcs change their direction. Each
+///         operation says what it does to them. Code that writes elements directly calls `IsUnit` and
+///         `IsMirrored` afterwards
+/// Order   an operation applies after those that are already in the matrix
+/// Units   translations in the current unit, angles in radians
 class Matrix {
  public:
   double e[16];
@@ -21,18 +22,19 @@ class Matrix {
   Matrix(const Matrix&) = default;                ///< takes the flags as they are
   Matrix& operator=(const Matrix&) = default;
 
-  void Unit();
+  void Unit();                     ///< becomes the identity
   void Multiply(const Matrix& m);  ///< this becomes m times this
-  /// Clears `unit`, also for a move by nothing.
+  /// Adds a translation. Clears `unit`, also for a translation by 0.
   void Translate(double dx, double dy, double dz = 0);
-  /// About axis 1 (X), 2 (Y) or 3 (Z); another number turns nothing.
+  /// Adds a rotation about axis 1 (X), 2 (Y) or 3 (Z); another number adds nothing.
   void Rotate(double sina, double cosa, int axis);
   void Rotate(double angle, int axis);
   void Rotate(double sina, double cosa, const Vector3d& axisVector);  ///< Requires: a unit vector
   void Rotate(double angle, const Vector3d& axisVector);
+  /// Adds a scale, the same in all directions or one for each axis.
   void Scale(double s);
   void Scale(double sx, double sy, double sz);
-  void ScaleTranslation(double f);
+  void ScaleTranslation(double f);  ///< multiplies the translation alone
 
   /// Sets `unit`: all elements within 1e-12 of the identity. A unit matrix also loses `mirrored`.
   bool IsUnit();
@@ -44,19 +46,21 @@ class Matrix {
   void Transform2d(double x, double y, double& xo, double& yo) const;
 
   Vector3d GetTranslation() const;
-  /// Column 0 to 3, without the last row; null for another number.
+  /// The column 0 to 3, without the last row; the null vector for another number.
   Vector3d GetColumn(int i) const;
-  /// Only column 3, the translation, recomputes `unit`; 0 to 2 leave both flags. Another number is ignored.
+  /// Column 3, the translation, recomputes `unit`; columns 0 to 2 leave both flags. Another number is
+  /// ignored.
   void SetColumn(int i, const Vector3d& v);
   void SetAxes(const Vector3d& x, const Vector3d& y, const Vector3d& z);
   void SetAxes(const Vector3d& x, const Vector3d& y, const Vector3d& z, const Vector3d& t);
 
   void GetScale(double& sx, double& sy, double& sz) const;
-  /// The scale in x, and whether that in y is the same (1e-6). The scale in z is not looked at.
+  /// Gives the scale in x and returns whether the scale in y is the same within 1e-6. The scale in z does not
+  /// count.
   bool GetUniformScale(double& s) const;
   /// The angles about X, Y and Z of a matrix without shear, in radians. Sets `mirrored`.
   void GetRotation(double& ax, double& ay, double& az);
-  /// Throws L"Singular Matrix - Inversion failure".
+  /// The inverse, by elimination with full pivoting. Throws L"Singular Matrix - Inversion failure".
   Matrix Inverse() const;
   void Transposed(double (&out)[16]) const;
   /// Equal flags, and elements within `TIGHT_TOLERANCE`.
@@ -66,15 +70,15 @@ class Matrix {
 
   /// Stores the elements in the host's VDM of that number. Throws L"Failed to create Matrix VDM".
   void ToVdm(int vdmNumber) const;
-  /// Reads them back; `unit` then is the exact identity. Throws L"Failed to open Matrix VDM".
+  /// Reads them back; `unit` then means the exact identity. Throws L"Failed to open Matrix VDM".
   void FromVdm(int vdmNumber);
 
  private:
   double Determinant3() const;
 };
 
-/// The host's operations behind `ToVdm` and `FromVdm`. A handle below 0 is a failure. Records have 144 bytes:
-/// the sixteen elements and sixteen bytes of zero.
+/// The host's operations that `ToVdm` and `FromVdm` use. A handle below 0 is a failure. A record has 144
+/// bytes: the sixteen elements, then sixteen bytes of zero.
 struct MatrixVdmHost {
   int (*Make)(int vdmNumber, int a, int b);
   int (*Open)(int vdmNumber, int a, int b);
@@ -83,7 +87,8 @@ struct MatrixVdmHost {
   int (*Close)(int handle);
 };
 
-/// Without a host, at start and after an empty one was set, nothing can be created or opened.
+/// Sets the host for the process. Without one, at start and after an empty one, nothing can be created or
+/// opened.
 void SetMatrixVdmHost(const MatrixVdmHost& host);
 
 }  // namespace geometry

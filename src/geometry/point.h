@@ -19,6 +19,7 @@ struct Point;
 struct Point3d;
 struct Vector3d;
 
+/// A vector of the plane.
 struct Vector2d {
   double dx = 0, dy = 0;
 
@@ -29,8 +30,8 @@ struct Vector2d {
   explicit Vector2d(const Vector3d& v);
 
   double Magnitude() const { return std::sqrt(dx * dx + dy * dy); }
-  /// Makes the length 1 and returns the former one; shorter than `TIGHT_TOLERANCE` becomes null, and 0
-  /// returned.
+  /// Makes the length 1 and returns the former length. A vector shorter than `TIGHT_TOLERANCE` becomes null
+  /// and returns 0.
   double Normalise() {
     const double length = Magnitude();
     if (length < TIGHT_TOLERANCE) {
@@ -41,19 +42,22 @@ struct Vector2d {
     dy /= length;
     return length;
   }
-  /// Then also makes components next to 0 (`TIGHT_TOLERANCE`), 1 and -1 (`TOLERANCE`) exact.
+  /// Normalises, then makes components near 0 (`TIGHT_TOLERANCE`), 1 and -1 (`TOLERANCE`) exact.
   double NormaliseClean();
+  /// The vector turned by a quarter of a turn anticlockwise.
   Vector2d LeftNormal() const { return {-dy, dx}; }
   Vector2d operator-() const { return {-dx, -dy}; }
+  /// Turns the vector by an angle, given by its cosine and sine or in radians.
   void Rotate(double cosa, double sina);
   /// Does nothing for an angle within `TIGHT_TOLERANCE` of zero.
   void Rotate(double angle);
   /// Transforms, then normalises; returns the length before that.
   double Transform(const Matrix& m);
-  /// Component by component within `VECTOR_TOLERANCE`.
+  /// Each component within `VECTOR_TOLERANCE`.
   bool operator==(const Vector2d& v) const;
 };
 
+/// Arithmetic by components.
 constexpr Vector2d operator*(const Vector2d& v, double f) {
   return {v.dx * f, v.dy * f};
 }
@@ -63,6 +67,7 @@ constexpr Vector2d operator+(const Vector2d& a, const Vector2d& b) {
 constexpr Vector2d operator-(const Vector2d& a, const Vector2d& b) {
   return {a.dx - b.dx, a.dy - b.dy};
 }
+/// The z component of the cross product: above 0 when b is on the left of a.
 constexpr double Cross(const Vector2d& a, const Vector2d& b) {
   return a.dx * b.dy - a.dy * b.dx;
 }
@@ -73,20 +78,21 @@ constexpr double Dot(const Vector2d& a, const Vector2d& b) {
 /// The angle between two vectors in [0, pi). Exact opposition gives 0: a result not below pi loses pi.
 /// Throws std::runtime_error "Not possible to compute a finite angle value.", for a null vector among others.
 double Angle(const Vector2d& a, const Vector2d& b);
-/// That angle when b lies left of a, else 2 pi less it; so parallel vectors give 2 pi.
+/// That angle when b is on the left of a, otherwise 2 pi minus it; so parallel vectors give 2 pi.
 double SignedAngle(const Vector2d& a, const Vector2d& b);
-/// The angle swept from unit vector a to unit vector b in direction `dir` (1, -1), with the sign of `dir`.
-/// Next to no angle is exactly 0, next to half a turn exactly pi (cosine within `VECTOR_TOLERANCE`).
+/// The angle swept from unit vector a to unit vector b in direction `dir` (1, -1), with the sign of `dir`. An
+/// angle near 0 is exactly 0 and one near half a turn exactly pi (cosine within `VECTOR_TOLERANCE`).
 double IncludedAngle(const Vector2d& a, const Vector2d& b, int dir);
 
-/// `Angle` near pi/2; near 0 or pi; near 0; near pi. As exact opposition gives 0, the last one holds only for
-/// angles just below pi.
+/// Whether `Angle` is within `t` of pi/2, of 0 or pi, of 0, and of pi. As exact opposition gives 0, the last
+/// one holds only for angles just below pi.
 bool IsPerpendicular(const Vector2d& a, const Vector2d& b, double t);
 bool IsParallel(const Vector2d& a, const Vector2d& b, double t);
 bool IsSameDirection(const Vector2d& a, const Vector2d& b, double t);
 bool IsOpposite(const Vector2d& a, const Vector2d& b, double t);
 bool IsOpposite(const Vector2d& a, const Vector2d& b, double t, double lengthTolerance);  ///< and as long
 
+/// A vector of space.
 struct Vector3d {
   double dx = 0, dy = 0, dz = 0;
 
@@ -95,7 +101,7 @@ struct Vector3d {
   constexpr Vector3d(const Point3d& a, const Point3d& b);  ///< b - a
   constexpr Vector3d(const Vector2d& v) : dx(v.dx), dy(v.dy) {}
 
-  /// As those of `Vector2d`.
+  /// These do the same as the members of `Vector2d`.
   double Magnitude() const;
   double Normalise();
   double NormaliseClean();
@@ -104,6 +110,7 @@ struct Vector3d {
   bool operator==(const Vector3d& v) const;
 };
 
+/// Arithmetic by components.
 constexpr Vector3d operator*(const Vector3d& v, double f) {
   return {v.dx * f, v.dy * f, v.dz * f};
 }
@@ -119,15 +126,15 @@ constexpr Vector3d Cross(const Vector3d& a, const Vector3d& b) {
 constexpr double Dot(const Vector3d& a, const Vector3d& b) {
   return a.dx * b.dx + a.dy * b.dy + a.dz * b.dz;
 }
-/// As that of the plane, the throw included.
+/// The angle between two vectors of space; it throws as that of the plane does.
 double Angle(const Vector3d& a, const Vector3d& b);
 
-/// Completes a pair of axes perpendicular to `normal`. 1: one given axis was perpendicular and made the
-/// other. 2: both were replaced by unit vectors of this function's choice. Right-handed in either case.
-/// Throws L"SetAxes given a NULL Vector" for a null normal.
+/// Completes a right-handed pair of axes perpendicular to `normal`. Returns 1 when a given axis was
+/// perpendicular and determined the other, and 2 when both were replaced by unit vectors of this function's
+/// choice. Throws L"SetAxes given a NULL Vector" for a null normal.
 int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis);
 
-/// A point of the plane. A failed construction is a point whose `ok` is false; callers ask `ok`, never the
+/// A point of the plane. A failed construction is a point whose `ok` is false; callers check `ok`, never the
 /// coordinates.
 struct Point {
   bool ok = false;
@@ -147,11 +154,12 @@ struct Point {
   bool Equal(const Point& p, double t) const;
 };
 
-/// What every failed construction returns: (9.9999999e50, 0), `ok` false.
+/// The result of every failed construction: (9.9999999e50, 0), `ok` false.
 extern const Point INVALID_POINT;
 
 constexpr Vector2d::Vector2d(const Point& a, const Point& b) : dx(b.x - a.x), dy(b.y - a.y) {}
 
+/// Arithmetic by coordinates. The results are `ok`, whatever the arguments are.
 constexpr Point operator+(const Point& p, const Vector2d& v) {
   return {p.x + v.dx, p.y + v.dy};
 }
@@ -169,6 +177,7 @@ inline double Dist(const Point& a, const Point& b) {
   return Vector2d(a, b).Magnitude();
 }
 
+/// A point of space. It has no `ok`: a function that may find no point returns a truth value.
 struct Point3d {
   double x = 0, y = 0, z = 0;
 

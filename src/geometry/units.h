@@ -25,7 +25,7 @@ extern double TIGHT_TOLERANCE;     ///< vectors without length, equality of matr
 extern double VECTOR_TOLERANCE;    ///< equality of vectors, determinants next to zero
 extern double RELATIVE_TOLERANCE;  ///< read by `TightRelative` only
 
-/// Set with the others and read by nobody; callers of old know them.
+/// These are set with the others, and nothing in the library reads them; older callers may.
 extern double UNUSED_TOLERANCE_1, UNUSED_TOLERANCE_2, UNUSED_TOLERANCE_3, UNUSED_TOLERANCE_4;
 
 extern const double ANGLE_TOLERANCE;      ///< 0.015 degrees, in radians
@@ -33,7 +33,7 @@ extern const double COS_ANGLE_TOLERANCE;  ///< its cosine
 extern const double SIN_ANGLE_TOLERANCE;  ///< its sine
 extern const double COS_15;               ///< cosine of 15 degrees
 
-/// Takes the tolerances of that unit. Throws L"INVALID UNITS" for a selector it does not know, which is kept
+/// Sets the unit and its tolerances. Throws L"INVALID UNITS" for an unknown selector, which is stored
 /// nevertheless; the tolerances then stay as they were.
 void SetUnits(std::int32_t units);
 std::int32_t GetUnits();
@@ -45,8 +45,8 @@ double MmFromMetres(double v);  ///< metres to millimetres if metres are the uni
 double Inch(double v);          ///< inches to the current unit
 double ToInch(double v);        ///< the current unit to inches
 
-/// Throws `text` by value; a handler of `const wchar_t*` gets it. Severity and code document the place of the
-/// throw and go no further.
+/// Throws `text` by value, for handlers of `const wchar_t*`. Severity and code document the place of the
+/// throw and are not passed on.
 [[noreturn]] void ThrowError(const wchar_t* text, int severity, int code);
 
 /// Shows a message to the user, with a title and perhaps the stop icon.

@@ -3,21 +3,21 @@
 #include "geometry/kurveex.h"
 
 /// Geometry in a small dialect of XML, docs/formats/geometry-xml.md. Writer and reader are not symmetric:
-/// several things that can be written cannot be read back, and tools rely on what they are.
+/// several things that can be written cannot be read back. Tools rely on both as they are.
 namespace geometry {
 
 /// Writes elements, attributes and geometry to a file.
 ///
 /// Order   `startElement`, its attributes, its children or text, `endElement`
 /// Units   coordinates and lengths are multiplied by `scale`; directions and counts are not
-/// Text    goes to the file as it is: quotes and angle brackets in it are the caller's affair
-/// Errors  a file that cannot be opened is told by a message; the writer then writes nowhere.
-///         Unbalanced elements throw
+/// Text    is written as it is; the caller escapes quotes and angle brackets
+/// Errors  a message reports a file that cannot be opened; the writer then writes nothing. Unbalanced
+///         elements throw
 class XmlWriter {
  public:
   /// With `toMillimetres` the scale is 1000 while metres are the unit.
   explicit XmlWriter(const std::wstring& path, bool toMillimetres = false);
-  /// The same to a stream of bytes, which has to outlive the writer.
+  /// Writes to a stream of bytes, which has to outlive the writer.
   explicit XmlWriter(std::ostream& bytes, bool toMillimetres = false);
   /// Closes the file, then throws L"Unmatched startElement/endElement - data still in list" if an element is
   /// open. It does not throw while another exception is on its way.
@@ -26,11 +26,11 @@ class XmlWriter {
   XmlWriter& operator=(const XmlWriter&) = delete;
 
   bool IsOpen() const;
-  /// Whether all that was written so far has reached the file. False when none is open.
+  /// Whether everything written so far has reached the file. False when no file is open.
   bool Flush();
 
   double scale = 1.0;
-  bool tagClosed = true;  ///< the last start tag has its ">"
+  bool tagClosed = true;  ///< whether the last start tag has its ">"
 
   void startElement(const std::wstring& name);
   /// Throws L"Element not started or unmatched startElement/endElement".
@@ -42,7 +42,7 @@ class XmlWriter {
   void Comment(const std::wstring& text);
   void Raw(const std::wstring& text);
 
-  /// Tells inches also for metres, and the tolerance as it is.
+  /// Writes the unit, inches also for metres, and the tolerance without a scale.
   void WriteSystem();
   void Write(const wchar_t* name, const Point& p);
   void Write(const wchar_t* name, const Point3d& p);
@@ -54,7 +54,7 @@ class XmlWriter {
   void Write(const wchar_t* name, const Kurve& k);
   void Write(const wchar_t* name, const KurveEx& k);
   void Write(const wchar_t* name, const spVertex& v);
-  /// Radius and length stand behind the children, outside of any tag.
+  /// Radius and length come after the children, outside of any tag.
   void Write(const wchar_t* name, const Span& s);
 
  private:
@@ -65,19 +65,19 @@ class XmlWriter {
   std::unique_ptr<State> state;
 };
 
-/// Finds tags and attributes by scanning forwards; it is no parser.
+/// Finds tags and attributes by scanning forwards; it does not parse.
 ///
-/// Scanning  a name is looked for from the position on, up to the end of the line; what is in between is
-///           passed over. When it is not there, the position goes back to one character before where the
-///           search began
+/// Scanning  a name is searched from the position on, up to the end of the line, and what is in between is
+///           skipped. When it is not found, the position goes back to one character before where the search
+///           began
 /// Units     values that are scaled are multiplied by `scale`, which `ReadSystem` sets
-/// Errors    a file that cannot be opened, or has more than 256 MB, is told by a message; every reading then
-///           is false. A reading is false at the first element that is not there; nothing throws. Text
-///           that is no number is 0
+/// Errors    a message reports a file that cannot be opened or has more than 256 MB; every reading then
+///           returns false. A reading returns false at the first element that is missing, and never throws.
+///           Text that is not a number is 0
 class XmlReader {
  public:
   explicit XmlReader(const std::wstring& path);
-  /// From bytes. What a stream holds is read at once.
+  /// Reads from bytes; the whole stream is read at once.
   explicit XmlReader(std::istream& bytes);
   ~XmlReader();
   XmlReader(const XmlReader&) = delete;
@@ -87,28 +87,29 @@ class XmlReader {
   bool AtEnd() const;
   /// The line of the position, from 1.
   int Line() const;
-  /// Goes before the next tag, or to the end when there is none; whether it has that whole name.
+  /// Moves before the next tag, or to the end, and returns whether the tag has exactly that name.
   bool NextTagIs(std::wstring_view name);
 
   double scale = 1.0;
 
-  /// Whether the next tag has that name. "KURVE" is found in "KURVEEX" too, and "POINT" in "MIDPOINT".
+  /// Moves after the next tag and returns whether it has that name. "KURVE" is also found in "KURVEEX", and
+  /// "POINT" in "MIDPOINT".
   bool FindTag(const wchar_t* name);
-  /// Goes behind the next ">" that follows a "/".
+  /// Moves after the next ">" that follows a "/".
   bool EndElement();
   bool Attribute(const wchar_t* name, std::wstring& v);
   bool Attribute(const wchar_t* name, int& v);
   bool Attribute(const wchar_t* name, bool& v);  ///< true for "TRUE" only
   bool Attribute(const wchar_t* name, double& v, bool scaled);
 
-  /// Sets `scale`, `TOLERANCE` and `CLOSED_TOLERANCE`. False, with all of them as they were, when the element
-  /// is not there, its unit is not known, or its tolerance is not a number above 0.
+  /// Sets `scale`, `TOLERANCE` and `CLOSED_TOLERANCE`. Returns false, with all of them as they were, when the
+  /// element is missing, its unit is unknown, or its tolerance is not a number above 0.
   bool ReadSystem();
   bool Read(std::wstring& name, Point& p);
-  /// A matrix in the form of the writer is passed over: the contour then has the identity.
+  /// A matrix in the form of the writer is skipped; the contour then has the identity.
   bool Read(std::wstring& name, Kurve& k);
   bool Read(std::wstring& name, spVertex& v);  ///< its ID is 0
-  /// Gives an empty contour: spans are not looked for.
+  /// Reads an empty contour: its spans are not read.
   bool Read(std::wstring& name, KurveEx& k);
   bool Read(std::wstring& name, Span& s);  ///< its ID is 0
 
@@ -122,8 +123,8 @@ class XmlReader {
   std::unique_ptr<State> state;
 };
 
-/// The direct form of single elements, for debugging: `x`, `y` and, when valid, what else there is; otherwise
-/// ok="false". Numbers have the digits of the stream's precision.
+/// Writes a single element for debugging: all its members as attributes, or ok="false". Numbers have the
+/// digits of the stream's precision.
 std::wostream& WriteDebug(std::wostream& os, const wchar_t* name, const Circle& c);
 std::wostream& WriteDebug(std::wostream& os, const wchar_t* name, const CLine& s);
 

@@ -60,7 +60,7 @@ TEST_F(ContourConstructions, TrimsAndExtends) {
   EXPECT_NEAR(FactsOf("trim hook.txt 2.5 --at both")["perimeter"], 15, 1e-9);
   EXPECT_NEAR(FactsOf("trim slot.txt 5 --from 0,12 --at start")["perimeter"], 75 + 20 * kPi, 1e-9);
   EXPECT_NEAR(FactsOf("extend hook.txt 2.5 --at start")["box"]["low"][0], -2.5, 1e-9);
-  EXPECT_EQ(Fault("trim slot.txt 5"), "vanzet: contour 1 is closed: tell by --from where it is opened\n");
+  EXPECT_EQ(Fault("trim slot.txt 5"), "vanzet: contour 1 is closed: give the place where to open it with --from\n");
   EXPECT_EQ(Fault("extend slot.txt 5"), "vanzet: contour 1 is closed: it has no ends\n");
   EXPECT_NEAR(FactsOf("trim two.txt 2", 1)["perimeter"], 7, 1e-9) << "of each contour";
 }
@@ -104,7 +104,7 @@ TEST_F(ContourConstructions, TellsTheMotionBetweenEqualShapes) {
 TEST_F(ContourConstructions, MakesEllipsesAndBiarcs) {
   EXPECT_NEAR(FactsOf("ellipse 1 2 30 20 --turn 90 --scale 2")["area"], 2400 * kPi, 2);
   EXPECT_EQ(FactsOf("biarc 0 0 90 40 0 -60 --svg biarc.svg")["arcs"], 2);
-  EXPECT_EQ(Fault("biarc 6 0 0 0 0 0"), "vanzet: no two arcs lead from the one to the other\n");
+  EXPECT_EQ(Fault("biarc 6 0 0 0 0 0"), "vanzet: no biarc joins these two directions\n");
   EXPECT_EQ(Fault("ellipse 0 0 1 0"), "vanzet: both radii have to be more than 0.005 mm\n");
 }
 

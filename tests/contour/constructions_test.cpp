@@ -61,33 +61,33 @@ TEST_F(ConstructionsTest, AnOffsetThatLeavesNothingIsRefused) {
 TEST_F(ConstructionsTest, TrimsAndExtensionsChangeTheLengthByWhatWasAsked) {
   for (const End end : {End::kStart, End::kEnd, End::kBoth}) {
     const double ends = end == End::kBoth ? 2 : 1;
-    EXPECT_NEAR(FactsOf(Made(Trimmed(hook, 2.5, end, {}))).perimeter, 20 - 2.5 * ends, 1e-9);
-    EXPECT_NEAR(FactsOf(Made(Extended(hook, 2.5, end))).perimeter, 20 + 2.5 * ends, 1e-9);
+    EXPECT_NEAR(FactsOf(Made(Trim(hook, 2.5, end, {}))).perimeter, 20 - 2.5 * ends, 1e-9);
+    EXPECT_NEAR(FactsOf(Made(Extend(hook, 2.5, end))).perimeter, 20 + 2.5 * ends, 1e-9);
   }
-  EXPECT_THAT(Made(Trimmed(hook, 2, End::kStart, {})).curve.start, IsAt(2, 0, 1e-9));
-  EXPECT_THAT(Made(Extended(hook, 5, End::kEnd)).curve.End(), IsAt(4, 13, 1e-9));
+  EXPECT_THAT(Made(Trim(hook, 2, End::kStart, {})).curve.start, IsAt(2, 0, 1e-9));
+  EXPECT_THAT(Made(Extend(hook, 5, End::kEnd)).curve.End(), IsAt(4, 13, 1e-9));
 }
 
 TEST_F(ConstructionsTest, AClosedContourIsOpenedToBeTrimmed) {
-  const Contour behind = Made(Trimmed(slot, 5, End::kStart, Point(0, 12)));
+  const Contour behind = Made(Trim(slot, 5, End::kStart, Point(0, 12)));
   EXPECT_THAT(behind.curve.start, IsAt(5, 10, 1e-9));
   EXPECT_THAT(behind.curve.End(), IsAt(0, 10, 1e-9));
-  EXPECT_THAT(Made(Trimmed(slot, 5, End::kEnd, Point(0, 12))).curve.End(), IsAt(-5, 10, 1e-9));
-  EXPECT_EQ(Refused(Trimmed(slot, 5, End::kBoth, Point(0, 12))),
+  EXPECT_THAT(Made(Trim(slot, 5, End::kEnd, Point(0, 12))).curve.End(), IsAt(-5, 10, 1e-9));
+  EXPECT_EQ(Refused(Trim(slot, 5, End::kBoth, Point(0, 12))),
             "contour 3 is closed: it is trimmed at one end");
-  EXPECT_EQ(Refused(Trimmed(slot, 5, End::kEnd, {})),
-            "contour 3 is closed: tell by --from where it is opened");
-  EXPECT_EQ(Refused(Trimmed(hook, 5, End::kEnd, Point(0, 0))),
-            "contour 2 is open already: --from is for closed ones");
+  EXPECT_EQ(Refused(Trim(slot, 5, End::kEnd, {})),
+            "contour 3 is closed: give the place where to open it with --from");
+  EXPECT_EQ(Refused(Trim(hook, 5, End::kEnd, Point(0, 0))),
+            "contour 2 is open already: --from is for closed contours");
 }
 
 TEST_F(ConstructionsTest, WhatCannotBeTrimmedOrExtendedIsRefused) {
-  EXPECT_EQ(Refused(Trimmed(hook, 21, End::kEnd, {})), "nothing is left of contour 2");
-  EXPECT_EQ(Refused(Trimmed(hook, 20, End::kEnd, {})), "nothing is left of contour 2");
-  EXPECT_EQ(Refused(Trimmed(hook, -1, End::kEnd, {})), "nothing is left of contour 2");
-  EXPECT_EQ(Refused(Trimmed(slot, 500, End::kEnd, Point(0, 10))), "nothing is left of contour 3");
-  EXPECT_EQ(Refused(Extended(slot, 5, End::kEnd)), "contour 3 is closed: it has no ends");
-  EXPECT_THAT(Refused(Extended(hook, 2e7, End::kEnd)), testing::HasSubstr("is not within"));
+  EXPECT_EQ(Refused(Trim(hook, 21, End::kEnd, {})), "nothing is left of contour 2");
+  EXPECT_EQ(Refused(Trim(hook, 20, End::kEnd, {})), "nothing is left of contour 2");
+  EXPECT_EQ(Refused(Trim(hook, -1, End::kEnd, {})), "nothing is left of contour 2");
+  EXPECT_EQ(Refused(Trim(slot, 500, End::kEnd, Point(0, 10))), "nothing is left of contour 3");
+  EXPECT_EQ(Refused(Extend(slot, 5, End::kEnd)), "contour 3 is closed: it has no ends");
+  EXPECT_THAT(Refused(Extend(hook, 2e7, End::kEnd)), testing::HasSubstr("is not within"));
 }
 
 TEST_F(ConstructionsTest, ASectionRunsOverTheStartOfAClosedContour) {
@@ -99,7 +99,7 @@ TEST_F(ConstructionsTest, ASectionRunsOverTheStartOfAClosedContour) {
 }
 
 TEST_F(ConstructionsTest, EqualisedContoursHaveEqualShares) {
-  const Equalised equalised = Made(EqualisedOf(slot, hook, false));
+  const EqualPair equalised = Made(Equalise(slot, hook, false));
   ASSERT_EQ(equalised.a.curve.SpanCount(), equalised.b.curve.SpanCount());
   const double ratio = slot.curve.perim / hook.curve.perim;
   for (std::size_t i = 0; i < equalised.a.curve.spans.size(); ++i) {
@@ -114,7 +114,7 @@ TEST_F(ConstructionsTest, AMotionIsFoundForOpenAndClosedContours) {
   motion.Rotate(0.5, 3);
   motion.Translate(30, -4);
   for (const Contour& contour : {square, slot, hook}) {
-    const auto found = Made(MotionOnto(contour, Made(Transformed(contour, motion)), false));
+    const auto found = Made(MotionOnto(contour, Made(Transform(contour, motion)), false));
     ASSERT_TRUE(found);
     EXPECT_THAT(contour.curve.start.Transform(*found),
                 IsAt(contour.curve.start.Transform(motion).x, contour.curve.start.Transform(motion).y, 1e-6));
@@ -129,7 +129,7 @@ TEST_F(ConstructionsTest, AMirrorImageIsFoundOnlyWhenAskedFor) {
   const Contour flag = ReadOne("k1 e x0 y0\nx0 y30\nx20 y30\ntx20 y10 x20 y20\nx5 y10\nx5 y0\nx0 y0\nek\n");
   const Contour sevenths = ReadOne("k1 e x0 y0\nx7 y0\nx7 y3\nx2 y9\nx0 y0\nek\n");
   for (const Contour& contour : {flag, hook, sevenths}) {
-    const Contour image = Made(Transformed(contour, mirror));
+    const Contour image = Made(Transform(contour, mirror));
     const Contour back{1, image.curve.ReversedCopy()};
     EXPECT_FALSE(*MotionOnto(contour, image, false));
     for (const bool isBack : {false, true}) {
@@ -148,23 +148,23 @@ TEST_F(ConstructionsTest, PolygonsOfEqualCornersAreNotTakenForMirrorImages) {
 }
 
 TEST_F(ConstructionsTest, TheArcNearThePointGetsTheNewRadius) {
-  const Contour blended = Made(Blended(square, {20, 20}, 3));
+  const Contour blended = Made(ChangeBlend(square, {20, 20}, 3));
   const Facts facts = FactsOf(blended);
   EXPECT_EQ(facts.spans, 8);
   EXPECT_NEAR(facts.area, 1600 - (4 - kPi) * (3 * 64 + 9) / 4, 1e-6);
   // The last arc ends at the start, which moves with it.
-  EXPECT_THAT(Made(Blended(square, {-20, -20}, 3)).curve.start, IsAt(-17, -20, 1e-9));
+  EXPECT_THAT(Made(ChangeBlend(square, {-20, -20}, 3)).curve.start, IsAt(-17, -20, 1e-9));
 }
 
 TEST_F(ConstructionsTest, ABlendMayUseUpItsNeighbours) {
-  const Contour all = Made(Blended(square, {20, 20}, 32));
+  const Contour all = Made(ChangeBlend(square, {20, 20}, 32));
   EXPECT_EQ(FactsOf(all).spans, 6) << "both lines beside it are gone";
-  EXPECT_THAT(Refused(Blended(square, {20, 20}, 33)), testing::HasSubstr("no arc of radius 33 mm fits"));
+  EXPECT_THAT(Refused(ChangeBlend(square, {20, 20}, 33)), testing::HasSubstr("no arc of radius 33 mm fits"));
 }
 
 TEST_F(ConstructionsTest, AtTheEndsOfAnOpenContourLinesReachTheOldEnds) {
   const Contour arc = ReadOne("k1 e x10 y0\nax0 y10 x0 y0\nek\n");
-  const Contour blended = Made(Blended(arc, {10, 10}, 4));
+  const Contour blended = Made(ChangeBlend(arc, {10, 10}, 4));
   EXPECT_EQ(blended.curve.SpanCount(), 3);
   EXPECT_THAT(blended.curve.start, IsAt(10, 0, 1e-9));
   EXPECT_THAT(blended.curve.End(), IsAt(0, 10, 1e-9));
@@ -172,11 +172,11 @@ TEST_F(ConstructionsTest, AtTheEndsOfAnOpenContourLinesReachTheOldEnds) {
 }
 
 TEST_F(ConstructionsTest, BlendsThatCannotBeMadeAreRefused) {
-  EXPECT_EQ(Refused(Blended(hook, {0, 0}, 3)), "contour 2 has no arc");
-  EXPECT_EQ(Refused(Blended(slot, {30, 0}, 3)), "the neighbours of the arc make no corner");
-  EXPECT_EQ(Refused(Blended(square, {20, 20}, 0.001)), "the new arc would be shorter than 0.005 mm");
-  EXPECT_EQ(Refused(Blended(ReadOne("k1 e x0 y0\nx20 y0\nax0 y0 x10 y0\nek\n"), {10, 10}, 3)),
-            "the neighbours of the arc make no corner")
+  EXPECT_EQ(Refused(ChangeBlend(hook, {0, 0}, 3)), "contour 2 has no arc");
+  EXPECT_EQ(Refused(ChangeBlend(slot, {30, 0}, 3)), "the neighbours of the arc do not form a corner");
+  EXPECT_EQ(Refused(ChangeBlend(square, {20, 20}, 0.001)), "the new arc would be shorter than 0.005 mm");
+  EXPECT_EQ(Refused(ChangeBlend(ReadOne("k1 e x0 y0\nx20 y0\nax0 y0 x10 y0\nek\n"), {10, 10}, 3)),
+            "the neighbours of the arc do not form a corner")
       << "both are one line";
 }
 
@@ -188,7 +188,7 @@ TEST_F(ConstructionsTest, ABiarcLeavesAndArrivesInItsDirections) {
   EXPECT_NEAR((biarc.curve.spans[0].ve - biarc.curve.spans[1].vs).Magnitude(), 0, 1e-6);
   EXPECT_EQ(Made(BiarcOf({{0, 0}, 0}, {{0, 2}, 180})).curve.SpanCount(), 1) << "a half turn";
   EXPECT_EQ(Made(BiarcOf({{0, 0}, 0}, {{9, 0}, 0})).curve.spans[0].dir, 0) << "a line";
-  EXPECT_EQ(Refused(BiarcOf({{6, 0}, 0}, {{0, 0}, 0})), "no two arcs lead from the one to the other");
+  EXPECT_EQ(Refused(BiarcOf({{6, 0}, 0}, {{0, 0}, 0})), "no biarc joins these two directions");
 }
 
 TEST_F(ConstructionsTest, AnEllipseHasItsArea) {

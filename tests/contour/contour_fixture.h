@@ -5,10 +5,9 @@
 #include <sstream>
 #include <string>
 
-#include "contour/dxf_reader.h"
+#include "contour/contour_file.h"
 #include "contour/library.h"
 #include "contour/operations.h"
-#include "contour/text_form.h"
 #include "geometry/units.h"
 
 namespace vanzet::contour {

@@ -105,7 +105,7 @@ TEST_F(DxfPiecesTest, ALayerIsChosenByNameInAnyCase) {
   ASSERT_EQ(bore.size(), 1U);
   EXPECT_NEAR(bore[0].curve.perim, 9, 1e-12);
   EXPECT_EQ(Refused(Drawing(two), {.layer = "Lid"}),
-            "d.dxf: there is nothing to make a contour of on the layer 'Lid'; there is on '0', 'Bore'");
+            "d.dxf: has no lines or arcs on the layer 'Lid', but on '0', 'Bore'");
 }
 
 TEST_F(DxfPiecesTest, TellsWhatItLeavesOut) {
@@ -126,7 +126,7 @@ TEST_F(DxfPiecesTest, TellsWhatItLeavesOut) {
 TEST_F(DxfPiecesTest, WhatIsInABlockIsNoContour) {
   EXPECT_EQ(
       Refused(Groups(std::string("0 SECTION|2 BLOCKS|0 BLOCK|2 part|") + kLine + "|0 ENDBLK|0 ENDSEC|0 EOF")),
-      "d.dxf: there is nothing to make a contour of");
+      "d.dxf: has no lines or arcs");
 }
 
 }  // namespace

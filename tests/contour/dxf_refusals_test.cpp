@@ -15,13 +15,13 @@ class DxfRefusalsTest : public DxfTest {
 };
 
 TEST_F(DxfRefusalsTest, WhatIsNoDrawing) {
-  EXPECT_EQ(Refused(""), "d.dxf: the drawing is cut short: there is no group '0 EOF'");
+  EXPECT_EQ(Refused(""), "d.dxf: the drawing is cut short: it does not end with the group '0 EOF'");
   EXPECT_EQ(Refused("hello\nworld\n"), "d.dxf:1: expected a group code, found 'hello'");
-  EXPECT_EQ(Refused("0\nLINE\n"), "d.dxf:2: is no drawing in DXF: it does not begin with a section");
+  EXPECT_EQ(Refused("0\nLINE\n"), "d.dxf:2: not a DXF drawing: it does not begin with a section");
   EXPECT_EQ(Refused("AutoCAD Binary DXF\r\n\x1a\n"),
             "d.dxf:2: not a text file: the line has a control character");
   EXPECT_EQ(Refused("0\nSECTION\n2\nENTITIES\n0\n"),
-            "d.dxf:5: the drawing is cut short: there is no group '0 EOF'");
+            "d.dxf:5: the drawing is cut short: it does not end with the group '0 EOF'");
 }
 
 TEST_F(DxfRefusalsTest, EntitiesWithoutTheirNumbers) {
@@ -50,12 +50,12 @@ TEST_F(DxfRefusalsTest, ValuesThatAreTooLong) {
 
 TEST_F(DxfRefusalsTest, PolylinesOutOfOrder) {
   ExpectRefused({
-      {"0 LWPOLYLINE|90 3|10 0|20 0|10 1|20 0", "d.dxf:16: the LWPOLYLINE tells of 3 vertices and has 2"},
-      {"0 LWPOLYLINE|90 1|10 0|20 0|10 1|20 0", "d.dxf:16: the LWPOLYLINE tells of 1 vertices and has 2"},
-      {"0 LWPOLYLINE|90 2|10 0|20 0|10 1", "d.dxf:16: the LWPOLYLINE tells of 2 vertices and has 1"},
+      {"0 LWPOLYLINE|90 3|10 0|20 0|10 1|20 0", "d.dxf:16: the LWPOLYLINE declares 3 vertices and has 2"},
+      {"0 LWPOLYLINE|90 1|10 0|20 0|10 1|20 0", "d.dxf:16: the LWPOLYLINE declares 1 vertices and has 2"},
+      {"0 LWPOLYLINE|90 2|10 0|20 0|10 1", "d.dxf:16: the LWPOLYLINE declares 2 vertices and has 1"},
       {"0 LWPOLYLINE|90 2147483647|10 0|20 0",
-       "d.dxf:16: the LWPOLYLINE tells of 2147483647 vertices and has 1"},
-      {"0 LWPOLYLINE|90 -5|10 0|20 0", "d.dxf:16: the LWPOLYLINE tells of -5 vertices and has 1"},
+       "d.dxf:16: the LWPOLYLINE declares 2147483647 vertices and has 1"},
+      {"0 LWPOLYLINE|90 -5|10 0|20 0", "d.dxf:16: the LWPOLYLINE declares -5 vertices and has 1"},
       {"0 LWPOLYLINE|10 0|20 0|90 1", "d.dxf:18: group 10 is out of order in LWPOLYLINE"},
       {"0 LWPOLYLINE|90 1|42 1|10 0|20 0", "d.dxf:20: group 42 is out of order in LWPOLYLINE"},
       {"0 LWPOLYLINE|90 1|20 0|10 0", "d.dxf:20: group 20 is out of order in LWPOLYLINE"},
@@ -73,16 +73,17 @@ TEST_F(DxfRefusalsTest, ShapesThatAreNone) {
   ExpectRefused({
       {"0 LINE|10 0|20 0|11 2e7|21 0", "d.dxf:16: the coordinate 2e+07 mm is not within 1e+07 mm"},
       {"0 CIRCLE|10 0|20 0|40 1e300", "d.dxf:16: the coordinate 1e+300 mm is not within 1e+07 mm"},
-      {"0 LWPOLYLINE|90 2|10 0|20 0|42 1e300|10 1|20 0", "d.dxf:16: a coordinate is no number"},
+      {"0 LWPOLYLINE|90 2|10 0|20 0|42 1e300|10 1|20 0", "d.dxf:16: a coordinate is not a number"},
       {"0 LWPOLYLINE|90 2|10 0|20 0|42 1e5|10 1|20 0",
        "d.dxf:16: the arc is a full turn, which has to be two arcs"},
-      {"0 TEXT|1 only a text", "d.dxf: there is nothing to make a contour of"},
-      {"0 LINE|10 1|20 1|11 1|21 1", "d.dxf: there is nothing to make a contour of"},
+      {"0 TEXT|1 only a text", "d.dxf: has no lines or arcs"},
+      {"0 LINE|10 1|20 1|11 1|21 1", "d.dxf: has no lines or arcs"},
   });
 }
 
 TEST_F(DxfRefusalsTest, AUnitThatIsNotKnown) {
-  EXPECT_EQ(Refused(Drawing(kLine, "12")), "d.dxf: the drawing's unit, $INSUNITS 12, is not known; tell it");
+  EXPECT_EQ(Refused(Drawing(kLine, "12")),
+            "d.dxf: the drawing's unit, $INSUNITS 12, is unknown; give the unit");
   EXPECT_EQ(Refused(Drawing(kLine, "mm")), "d.dxf:8: expected a number, found 'mm'");
   EXPECT_EQ(Refused(Drawing(kLine, "12"), {.unit = "mm"}), "read");
 }

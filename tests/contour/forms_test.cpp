@@ -1,7 +1,5 @@
-#include "contour/dxf_writer.h"
-#include "contour/legend.h"
-#include "contour/library_text.h"
-#include "contour/xml_form.h"
+#include "contour/contour_file.h"
+#include "contour/view.h"
 #include "dxf_fixture.h"
 #include "support/temporary_folder.h"
 
@@ -102,12 +100,12 @@ TEST_F(XmlFormTest, ContoursWithoutARootOrASystemAreRead) {
 }
 
 TEST_F(XmlFormTest, WhatIsNoContourIsToldWithItsLine) {
-  EXPECT_EQ(Refused(""), "c.xml: there is no contour");
-  EXPECT_EQ(Refused("<CONTOURS>\n</CONTOURS>\n"), "c.xml: there is no contour");
-  EXPECT_EQ(Refused("<CONTOURS>\n"), "c.xml:2: the file is cut short: CONTOURS has no end");
+  EXPECT_EQ(Refused(""), "c.xml: has no contour");
+  EXPECT_EQ(Refused("<CONTOURS>\n</CONTOURS>\n"), "c.xml: has no contour");
+  EXPECT_EQ(Refused("<CONTOURS>\n"), "c.xml:2: the file is cut short: CONTOURS has no end tag");
   EXPECT_EQ(Refused("\n<DRAWING>\n"), "c.xml:2: expected a KURVE, found another element");
   EXPECT_EQ(Refused("<CONTOURS>\n<SYSTEM UNITS=\"feet\" TOLERANCE=\"1\"/>\n"),
-            "c.xml:2: the SYSTEM tells no unit that is known, or no tolerance above 0");
+            "c.xml:2: the SYSTEM has an unknown unit, or a tolerance that is not above 0");
   EXPECT_EQ(Refused(XmlForm(two, XmlKind::kKurveEx)),
             "c.xml:3: a KURVEEX cannot be read back; only a KURVE can");
   EXPECT_EQ(
@@ -185,7 +183,7 @@ TEST_F(LibraryTextTest, FilesThatAreNoneAreRefused) {
   EXPECT_EQ(Refused("missing.txt"), "cannot be read");
   EXPECT_EQ(Refused("."), "cannot be read");
   test::WriteBytes(folder / "empty.txt", "\n\n");
-  EXPECT_EQ(Refused("empty.txt"), "there is no contour");
+  EXPECT_EQ(Refused("empty.txt"), "has no contour");
   test::WriteBytes(folder / "point.txt", "k1 e x1 y1\nek\n");
   EXPECT_EQ(Refused("point.txt"), "nothing is left of contour 1");
   test::WriteBytes(folder / "arc.txt", "k1 e x0 y0\nax10 y0 x3 y0\nek\n");

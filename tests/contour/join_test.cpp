@@ -1,6 +1,6 @@
 #include <random>
 
-#include "contour/join.h"
+#include "contour/piece.h"
 #include "dxf_fixture.h"
 
 namespace vanzet::contour {
@@ -14,7 +14,7 @@ class JoinTest : public DxfTest {
 TEST_F(JoinTest, LoosePiecesBecomeAClosedContour) {
   // The four sides of a square in no order; two run against the others.
   const std::vector<Piece> joined =
-      Joined({Line(0, 0, 10, 0), Line(0, 10, 10, 10), Line(0, 10, 0, 0), Line(10, 0, 10, 10)}, 0.001);
+      Join({Line(0, 0, 10, 0), Line(0, 10, 10, 10), Line(0, 10, 0, 0), Line(10, 0, 10, 10)}, 0.001);
   ASSERT_EQ(joined.size(), 1U);
   const Facts facts = FactsOf({1, *CurveOf(joined[0])});
   EXPECT_TRUE(facts.closed);
@@ -23,7 +23,7 @@ TEST_F(JoinTest, LoosePiecesBecomeAClosedContour) {
 }
 
 TEST_F(JoinTest, GrowsAtItsStartToo) {
-  const std::vector<Piece> joined = Joined({Line(5, 0, 9, 0), Line(9, 0, 9, 3), Line(0, 0, 5, 0)}, 0.001);
+  const std::vector<Piece> joined = Join({Line(5, 0, 9, 0), Line(9, 0, 9, 3), Line(0, 0, 5, 0)}, 0.001);
   ASSERT_EQ(joined.size(), 1U);
   EXPECT_THAT(joined[0].start, IsAt(0, 0, 0));
   EXPECT_THAT(joined[0].End(), IsAt(9, 3, 0));
@@ -32,8 +32,8 @@ TEST_F(JoinTest, GrowsAtItsStartToo) {
 TEST_F(JoinTest, GapsUpToTheToleranceAreClosed) {
   for (const double tolerance : {0.0, 0.001, 0.1, 2.0}) {
     const double gap = tolerance * 0.999;
-    EXPECT_EQ(Joined({Line(0, 0, 5, 0), Line(5 + gap, 0, 9, 0)}, tolerance).size(), 1U) << tolerance;
-    EXPECT_EQ(Joined({Line(0, 0, 5, 0), Line(5 + tolerance * 1.01 + 1e-9, 0, 9, 0)}, tolerance).size(), 2U)
+    EXPECT_EQ(Join({Line(0, 0, 5, 0), Line(5 + gap, 0, 9, 0)}, tolerance).size(), 1U) << tolerance;
+    EXPECT_EQ(Join({Line(0, 0, 5, 0), Line(5 + tolerance * 1.01 + 1e-9, 0, 9, 0)}, tolerance).size(), 2U)
         << tolerance;
   }
 }
@@ -44,21 +44,20 @@ TEST_F(JoinTest, GapsAreFoundAcrossTheCellsOfTheIndex) {
   for (int i = 0; i < 2000; ++i) {
     const double x = place(random), y = place(random), angle = turn(random), gap = 0.0999;
     const Piece near = Line(x + gap * std::cos(angle), y + gap * std::sin(angle), 500, 500);
-    EXPECT_EQ(Joined({Line(-500, 0, x, y), near}, 0.1).size(), 1U);
+    EXPECT_EQ(Join({Line(-500, 0, x, y), near}, 0.1).size(), 1U);
   }
 }
 
 TEST_F(JoinTest, TheNearestEndIsTakenAndThenTheFirst) {
-  const std::vector<Piece> nearest =
-      Joined({Line(0, 0, 5, 0), Line(5.05, 0, 9, 9), Line(5.01, 0, 7, 7)}, 0.1);
+  const std::vector<Piece> nearest = Join({Line(0, 0, 5, 0), Line(5.05, 0, 9, 9), Line(5.01, 0, 7, 7)}, 0.1);
   ASSERT_EQ(nearest.size(), 2U);
   EXPECT_THAT(nearest[0].End(), IsAt(7, 7, 0));
-  const std::vector<Piece> first = Joined({Line(0, 0, 5, 0), Line(5, 0, 9, 9), Line(5, 0, 7, 7)}, 0.1);
+  const std::vector<Piece> first = Join({Line(0, 0, 5, 0), Line(5, 0, 9, 9), Line(5, 0, 7, 7)}, 0.1);
   EXPECT_THAT(first[0].End(), IsAt(9, 9, 0));
 }
 
 TEST_F(JoinTest, AnArcKeepsItsAngleWhenItsEndIsMoved) {
-  const std::vector<Piece> joined = Joined({Line(0, 0, 10, 0), {{10.05, 0}, {{{10.05, 10}, 1}}, 0}}, 0.1);
+  const std::vector<Piece> joined = Join({Line(0, 0, 10, 0), {{10.05, 0}, {{{10.05, 10}, 1}}, 0}}, 0.1);
   ASSERT_EQ(joined.size(), 1U);
   const auto curve = CurveOf(joined[0]);
   ASSERT_TRUE(curve);
@@ -90,7 +89,7 @@ TEST_F(JoinTest, ManyPiecesJoinInAMoment) {
   std::vector<Piece> pieces;
   for (int i = 0; i < 100000; ++i) pieces.push_back(Line(i, i % 7, i + 1, (i + 1) % 7));
   std::shuffle(pieces.begin(), pieces.end(), std::mt19937(1));
-  EXPECT_EQ(Joined(std::move(pieces), 0.001).size(), 1U);
+  EXPECT_EQ(Join(std::move(pieces), 0.001).size(), 1U);
 }
 
 }  // namespace

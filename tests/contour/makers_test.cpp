@@ -21,7 +21,7 @@ class MakersTest : public ContourTest {
 
 TEST_F(MakersTest, ChordsStayWithinTheToleranceAndTouchTheArc) {
   for (const double tolerance : {1.0, 0.1, 0.003, 20.0}) {
-    const Contour chorded = Made(Chorded(square, tolerance));
+    const Contour chorded = Made(SplitArcs(square, tolerance));
     double worst = 0;
     for (const geometry::Span& span : chorded.curve.spans) {
       EXPECT_EQ(span.dir, 0);
@@ -39,30 +39,30 @@ TEST_F(MakersTest, ChordsOfAlmostHalfATurnEndWithTheArc) {
     Piece piece{{100, 0}, {}, 0};
     piece.segments.push_back({{100 * std::cos(degrees * kPi / 180), 100 * std::sin(degrees * kPi / 180)},
                               std::tan(degrees * kPi / 720)});
-    const Contour chorded = Made(Chorded({1, *CurveOf(piece)}, 1e-6));
+    const Contour chorded = Made(SplitArcs({1, *CurveOf(piece)}, 1e-6));
     EXPECT_NEAR(chorded.curve.perim, 100 * degrees * kPi / 180, 1e-5);
   }
 }
 
 TEST_F(MakersTest, TheAreaOfFineChordsIsThatOfTheContour) {
-  const double chorded = FactsOf(Made(Chorded(square, 1e-5))).area;
+  const double chorded = FactsOf(Made(SplitArcs(square, 1e-5))).area;
   EXPECT_NEAR(chorded, 40 * 40 - (4 - kPi) * 64, 2 * kPi * 8 * 1e-5);
 }
 
 TEST_F(MakersTest, TooManyChordsAreRefused) {
   const Contour large = ReadOne("k4 e x9000000 y0\nax-9000000 y0 x0 y0\nek\n");
-  EXPECT_EQ(Refused(Chorded(large, 1e-6)), "contour 4 would have more than 1000000 chords");
+  EXPECT_EQ(Refused(SplitArcs(large, 1e-6)), "contour 4 would have more than 1000000 chords");
 }
 
 TEST_F(MakersTest, ReducingDropsWhatIsNearlyStraight) {
   const Contour noisy = ReadOne("k1 e x0 y0\nx5 y0.01\nx10 y0\nx10 y10\nek\n");
-  EXPECT_EQ(Made(Reduced(noisy, 0.05)).curve.SpanCount(), 2);
-  EXPECT_EQ(Made(Reduced(noisy, 0.001)).curve.SpanCount(), 3);
+  EXPECT_EQ(Made(Reduce(noisy, 0.05)).curve.SpanCount(), 2);
+  EXPECT_EQ(Made(Reduce(noisy, 0.001)).curve.SpanCount(), 3);
 }
 
 TEST_F(MakersTest, EveryDroppedVertexStaysWithinTheTolerance) {
-  const Contour fine = Made(Chorded(Made(CircleOf({0, 0}, 10)), 1e-4));
-  const Contour reduced = Made(Reduced(fine, 0.05));
+  const Contour fine = Made(SplitArcs(Made(CircleOf({0, 0}, 10)), 1e-4));
+  const Contour reduced = Made(Reduce(fine, 0.05));
   EXPECT_LT(reduced.curve.SpanCount() * 5, fine.curve.SpanCount());
   for (const geometry::Span& span : fine.curve.spans) {
     EXPECT_LE(NearestOn(reduced, span.p1).distance, 0.05 + 1e-9);
@@ -73,7 +73,7 @@ TEST_F(MakersTest, TransformingKeepsTheShape) {
   Matrix matrix;
   matrix.Rotate(0.6, 0.8, 3);
   matrix.Translate(100, -7);
-  const Facts before = FactsOf(square), after = FactsOf(Made(Transformed(square, matrix)));
+  const Facts before = FactsOf(square), after = FactsOf(Made(Transform(square, matrix)));
   EXPECT_NEAR(after.perimeter, before.perimeter, 1e-9);
   EXPECT_NEAR(after.area, before.area, 1e-9);
   EXPECT_EQ(after.direction, before.direction);
@@ -82,7 +82,7 @@ TEST_F(MakersTest, TransformingKeepsTheShape) {
 TEST_F(MakersTest, MirroringTurnsTheDirectionAndScalingTheTotals) {
   Matrix matrix;
   matrix.Scale(-3, 3, 1);
-  const Facts before = FactsOf(square), after = FactsOf(Made(Transformed(square, matrix)));
+  const Facts before = FactsOf(square), after = FactsOf(Made(Transform(square, matrix)));
   EXPECT_EQ(after.direction, -before.direction);
   EXPECT_NEAR(after.perimeter, 3 * before.perimeter, 1e-9);
   EXPECT_NEAR(after.area, 9 * before.area, 1e-9);
@@ -91,7 +91,7 @@ TEST_F(MakersTest, MirroringTurnsTheDirectionAndScalingTheTotals) {
 TEST_F(MakersTest, WhatBecomesTooLargeIsRefused) {
   Matrix matrix;
   matrix.Scale(1e6, 1e6, 1);
-  EXPECT_EQ(Refused(Transformed(square, matrix)), "the coordinate -1.2e+07 mm is not within 1e+07 mm");
+  EXPECT_EQ(Refused(Transform(square, matrix)), "the coordinate -1.2e+07 mm is not within 1e+07 mm");
 }
 
 TEST_F(MakersTest, PartsOfASpanAndOverSpans) {

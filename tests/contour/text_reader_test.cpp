@@ -63,8 +63,8 @@ struct Refusal {
 
 TEST_F(TextReaderTest, RefusesWithThePlace) {
   const Refusal refusals[] = {
-      {"", "c.txt: there is no contour"},
-      {"rem nothing\n\n", "c.txt: there is no contour"},
+      {"", "c.txt: has no contour"},
+      {"rem nothing\n\n", "c.txt: has no contour"},
       {"x1 y2\n", "c.txt:1:1: expected the start of a contour like 'k1 e', found 'x1 y2'"},
       {"ke\n", "c.txt:1:2: expected the start of a contour like 'k1 e', found 'e'"},
       {"k1\n", "c.txt:1:3: expected the start of a contour like 'k1 e', found ''"},
@@ -77,7 +77,7 @@ TEST_F(TextReaderTest, RefusesWithThePlace) {
       {"k1 e x1 y2\nx1e999 y1\nek\n", "c.txt:2:2: expected a number, found '1e999 y1'"},
       {"k1 e x1 y2\nx1 y1 z1\nek\n", "c.txt:2:7: expected the end of the line, found 'z1'"},
       {"k1 e x1 y2\nax1 y1 x2\nek\n", "c.txt:2:10: expected 'y' and a number, found ''"},
-      {"k1 e\nax1 y1 x2 y2\nek\n", "c.txt:2: the first vertex of a contour is no arc"},
+      {"k1 e\nax1 y1 x2 y2\nek\n", "c.txt:2: a contour cannot start with an arc"},
       {"k1 e x1 y2\nend\n", "c.txt:2:1: expected 'ek', found 'end'"},
       {"k1 e\nek\n", "c.txt:2: contour 1 has no span"},
       {"k1 e x1 y1\nek\n", "c.txt:2: contour 1 has no span"},

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <optional>
 
-#include "contour/sweep.h"
 
 namespace vanzet::window {
 namespace {
@@ -20,7 +19,7 @@ constexpr double kAside = 0.15;      // pixels that a chord may be beside its ar
 constexpr int kMostChords = 20'000;  // of one arc
 
 void AddArc(const Span& arc, const ViewFrame& frame, QPolygonF& chain) {
-  const double sweep = contour::SweepOf(arc);
+  const double sweep = SweepOf(arc);
   const double pixels = std::max(arc.radius * frame.scale(), 1e-3);
   const double step = 2 * std::acos(std::max(0.0, 1 - kAside / pixels));
   const int chords = std::clamp(static_cast<int>(std::ceil(std::fabs(sweep) / step)), 4, kMostChords);

@@ -200,7 +200,7 @@ int Tanto(int side1, const Circle& c1, int side2, const Circle& c2, int side3, c
 }
 
 int Touching(const Point& onLine, const CLine& s, int side, const Circle& c, Circle out[2]) {
-  // The centre stands across the line at the point. Left and right of the line have one circle each.
+  // The centre is on the normal of the line through the point. Each side of the line has one circle.
   const Condition across = {s.v.dx, s.v.dy, 0.0, s.v.dx * onLine.x + s.v.dy * onLine.y};
   int count = 0;
   for (const int sideOfLine : {1, -1}) {

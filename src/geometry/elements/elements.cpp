@@ -150,7 +150,7 @@ bool Plane::Intof(const Line& l, Point3d& p, double& t) const {
 bool Plane::Intof(const Plane& b, Line& l) const {
   Vector3d direction = Cross(normal, b.normal);
   if (direction.Normalise() == 0.0) return false;
-  // The origin as a combination of both normals that lies on both planes.
+  // The origin is the combination of both normals that is on both planes.
   const double dot = Dot(normal, b.normal);
   const double den = dot * dot - 1.0;
   const Vector3d origin = b.normal * ((b.d - d * dot) / den) + normal * ((d - b.d * dot) / den);

@@ -5,7 +5,7 @@
 namespace geometry {
 namespace {
 
-/// Cosine and sine of the three angles; not scaled, as only their directions are asked for.
+/// Cosine and sine of the three angles, not scaled, since only their directions matter.
 struct EulerTerms {
   double cosX = 1, sinX = 0, cosY = 0, sinY = 0, cosZ = 1, sinZ = 0;
 };

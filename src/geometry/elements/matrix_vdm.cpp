@@ -6,7 +6,7 @@
 namespace geometry {
 namespace {
 
-/// What the host stores: the elements, then two words of zero.
+/// The record that the host stores: the elements, then two words of zero.
 struct TmxRecord {
   double e[16] = {};
   double rest[2] = {};

@@ -5,8 +5,8 @@
 #include "base/numbers.h"
 #include "geometry/kurveex.h"
 
-/// The text forms of a contour, docs/formats/geometry-text.md: the contour text, which can be read back, the report
-/// for people, and the source code that builds the contour.
+/// The text forms of a contour, docs/formats/geometry-text.md: the contour text, which can be read back, the
+/// report for people, and the source code that builds the contour.
 namespace geometry {
 namespace {
 
@@ -41,7 +41,7 @@ constexpr VertexLine kVertexLines[] = {
     {'a', ACW, "ax# y# x# y#"},
 };
 
-/// Takes a line, without its end and the blanks and tabs before that; a longer one comes in pieces. False at
+/// Reads a line, without its end and the blanks and tabs before it; a longer line comes in pieces. False at
 /// the end of the stream.
 bool TakeLine(std::FILE* stream, std::string& line) {
   line.clear();
@@ -60,9 +60,9 @@ bool TakeNonEmptyLine(std::FILE* stream, std::string& line) {
   return false;
 }
 
-/// Takes numbers out of a line as scanf does, up to the first character that does not fit; the rest of the
-/// numbers stay as they were. In the pattern '#' is a real, '%' an integer that is passed over, a blank any
-/// white space; all else stands for itself.
+/// Reads numbers from a line as scanf does, up to the first character that does not fit; the rest of the
+/// numbers stay as they were. In the pattern '#' is a real, '%' an integer that is skipped, a blank any white
+/// space; every other character matches itself.
 void Scan(std::string_view line, std::string_view pattern, std::initializer_list<double*> numbers) {
   const auto* number = numbers.begin();
   for (const char expected : pattern) {
@@ -85,7 +85,7 @@ void Scan(std::string_view line, std::string_view pattern, std::initializer_list
   }
 }
 
-/// The first that is set tells.
+/// The words of the marks of an ID; only the first one that is set is written.
 constexpr struct {
   std::uint32_t bit;
   const char* text;
@@ -121,7 +121,7 @@ const char* ArcWord(int dir) {
   return dir == ACW ? "   ACW" : "    CW";
 }
 
-/// What lines have where arcs have their centre.
+/// The blanks that lines have in the place of the centre of arcs.
 constexpr const char* kVertexFill = "                          ";
 constexpr const char* kSpanFill = "                       ";
 
@@ -182,7 +182,7 @@ void KurveEx::Write(std::FILE* stream, int number) const {
 bool KurveEx::Read(std::FILE* stream) {
   std::string line;
   if (!TakeNonEmptyLine(stream, line)) return false;
-  // What a line does not tell is as the line before left it.
+  // Numbers that are missing keep the values of the line before.
   double x = 0;
   double y = 0;
   double xc = 0;
@@ -241,8 +241,8 @@ void KurveEx::WriteSourceVertices(std::FILE* stream, const char* name) const {
   Put(stream, "\n\n");
 }
 
-// Spans are numbered from 1 but fetched from 0: the first is never written, and the last line is a span that
-// is none. Tools that compare such listings count on it.
+// Spans are numbered from 1 but read from index 0: the first is never written, and the last line is a default
+// span. Tools that compare such listings rely on it.
 void KurveEx::WriteSourceSpans(std::FILE* stream, const char* name) const {
   Put(stream, "// KurveEx output - span format\n");
   for (int i = 1; i <= SpanCount(); ++i) {

@@ -8,14 +8,14 @@
 #include "geometry/forms/wide_text.h"
 #include "geometry/xml.h"
 
-/// Reading: scanning first, then each kind of geometry. Writer and reader disagree in places, see xml.h; that is the
-/// format.
+/// Reading: scanning first, then each kind of geometry. Writer and reader disagree in places, see xml.h; that
+/// is the format.
 namespace geometry {
 namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 
-/// All of a stream; nothing when it cannot be read or has too much.
+/// The whole content of a stream, unless it cannot be read or is too large.
 std::optional<std::string> AllOf(std::istream& stream) {
   std::string bytes;
   char block[1 << 16];
@@ -70,7 +70,7 @@ struct XmlReader::State {
   void Skip(wchar_t c) {
     while (!AtEnd() && text[at] == c) ++at;
   }
-  /// Goes behind the next such character, or to the end.
+  /// Moves after the next such character, or to the end.
   bool Pass(wchar_t c) {
     at = std::min(text.find(c, at), text.size());
     if (AtEnd()) return false;
@@ -118,8 +118,8 @@ int XmlReader::Line() const {
   return s.counted + 1;
 }
 
-/// Looks for the text on this line. The ends of lines before it are passed over, since attributes may stand
-/// behind a child.
+/// Searches the text on this line. Ends of lines before it are skipped, since attributes may come after a
+/// child.
 bool XmlReader::Match(std::wstring_view wanted) {
   State& s = *state;
   const std::size_t back = s.at > 0 ? s.at - 1 : 0;
@@ -224,7 +224,7 @@ bool XmlReader::Read(std::wstring& name, Kurve& k) {
 }
 
 /// The elements "M0" to "M11", as an older writer named them. What the present one writes begins with
-/// "UnitMatrix" and is passed over, so that a contour loses its matrix on the way through a file.
+/// "UnitMatrix" and is skipped, so that a contour that is written and read back loses its matrix.
 void XmlReader::ReadMatrix(Matrix& m) {
   constexpr int kElements = 12;
   std::wstring unitMatrix;
@@ -235,7 +235,7 @@ void XmlReader::ReadMatrix(Matrix& m) {
   m.IsMirrored();
 }
 
-/// What vertices and spans begin with. The ID has to be there and is not used.
+/// Reads the attributes that vertices and spans begin with. The ID is required and not used.
 bool XmlReader::ReadVertexHead(std::wstring& name, const wchar_t* tag, std::int32_t& type) {
   std::wstring ID;
   std::wstring typeText;
@@ -260,7 +260,8 @@ bool XmlReader::Read(std::wstring& name, KurveEx& k) {
   k.Clear();
   int vertices = 0;
   if (!FindTag(L"KURVEEX") || !Attribute(L"name", name) || !Attribute(L"nVertices", vertices)) return false;
-  // As many spans are read as the contour has already, and that is none: this ends in the first child.
+  // The format reads as many spans as the contour already has, which is none; so this ends in the first
+  // child.
   EndElement();
   return true;
 }
@@ -270,17 +271,17 @@ bool XmlReader::Read(std::wstring& name, Span& s) {
   s.ID = 0;
   std::wstring pointName;
   if (!ReadVertexHead(name, L"SPAN", s.dir) || !Read(pointName, s.p0) || !Read(pointName, s.p1)) return false;
-  double told = 0;  // they follow from the points
+  double unused = 0;  // radius and length follow from the points
   if (s.dir != LINEAR) {
     if (!Read(pointName, s.pc)) return false;
-    Attribute(L"radius", told, true);
+    Attribute(L"radius", unused, true);
   }
-  Attribute(L"length", told, true);
+  Attribute(L"length", unused, true);
   EndElement();
   try {
     s.SetProperties();
   } catch (const wchar_t*) {
-    return false;  // an arc with its centre amiss
+    return false;  // an arc with a wrong centre
   }
   return true;
 }

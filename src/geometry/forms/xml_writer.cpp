@@ -12,9 +12,9 @@ namespace geometry {
 
 struct XmlWriter::State {
   std::ofstream file;
-  std::ostream* bytes = nullptr;  ///< null: there is no file
+  std::ostream* bytes = nullptr;  ///< null when no file is open
   std::vector<std::wstring> elements;
-  int exceptions = std::uncaught_exceptions();  ///< on their way when the writer was made
+  int exceptions = std::uncaught_exceptions();  ///< in flight when the writer was constructed
 
   void Put(const std::wstring& text) const {
     if (bytes != nullptr) *bytes << Narrow(text);
@@ -30,7 +30,7 @@ double ScaleFor(bool toMillimetres) {
   return toMillimetres && Units == kMetres ? kMillimetresInMetre : 1.0;
 }
 
-/// The only IDs that have words are these exact values; a mark with a number is a number.
+/// Only these exact values have words; the ID of a mark with a number is written as a number.
 std::wstring IdText(std::uint32_t ID) {
   switch (ID) {
     case UNMARKED: return L"UNMARKED";
@@ -60,7 +60,7 @@ constexpr MatrixAttribute kMatrixAttributes[] = {
 };
 // clang-format on
 
-/// A number of the debug form, which goes to a stream that has its own precision but no locale here.
+/// An attribute of the debug form: the number has the precision of the stream, but not its locale.
 std::wstring DebugNumber(const std::wostream& os, const wchar_t* name, double value) {
   return std::wstring(L" ") + name + L"=\"" +
          Widen(vanzet::GeneralText(value, static_cast<int>(os.precision()))) + L"\"";
@@ -99,7 +99,7 @@ bool XmlWriter::Flush() {
   return IsOpen() && state->bytes->flush().good();
 }
 
-/// Ends a start tag before what stands between its element's tags.
+/// Ends a start tag before the content of its element.
 void XmlWriter::CloseTag() {
   if (!tagClosed) state->Put(L">\n");
   tagClosed = true;
@@ -213,8 +213,8 @@ void XmlWriter::Write(const wchar_t* elementName, const Matrix& m) {
   startElement(elementName);
   Attribute(L"UnitMatrix", m.unit);
   if (!m.unit) {
-    Matrix anew = m;
-    Attribute(L"Mirrored", anew.IsMirrored());
+    Matrix checked = m;
+    Attribute(L"Mirrored", checked.IsMirrored());
     for (const MatrixAttribute& row : kMatrixAttributes) Attribute(row.name, m.e[row.element], row.scaled);
   }
   endElement();
@@ -223,7 +223,7 @@ void XmlWriter::Write(const wchar_t* elementName, const Matrix& m) {
 void XmlWriter::Write(const wchar_t* name, const Kurve& k) {
   startElement(L"KURVE");
   Attribute(L"name", name);
-  // A contour without a vertex tells of one.
+  // A contour without vertices counts as one with a single vertex.
   Attribute(L"nVertices", k.SpanCount() + 1);
   Write(L"MATRIX", static_cast<const Matrix&>(k));
   spVertex v;

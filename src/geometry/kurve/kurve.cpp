@@ -170,7 +170,7 @@ void Kurve::Replace(int vertexNumber, int type, const Point& p, const Point& pc,
   if (vertexNumber < 0 || vertexNumber > nVertices) {
     ThrowError(L"Kurve::Replace - vertexNumber out of range", 0, 1007);
   }
-  // The number behind the last vertex has a slot unless the last block is full.
+  // The number after the last vertex has a slot unless the last block is full.
   if (vertexNumber / SPANSTORAGE < static_cast<int>(blocks.size())) Store(vertexNumber, type, p, pc, ID);
 }
 

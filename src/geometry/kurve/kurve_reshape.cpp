@@ -62,17 +62,17 @@ class PartOfContour {
     for (int i = from; i <= to; ++i) part_.Add(Read(i), true);
   }
 
-  /// What remains of span `i` behind the start.
+  /// Adds the rest of span `i` after the start.
   void AddRest(int i) { part_.Add(Read(i), false); }
 
-  /// Span `i` as far as `end`.
+  /// Adds span `i` as far as `end`.
   void AddUpTo(int i, const Point& end, bool addNullSpan) {
     Span span = Read(i);
     span.p1 = end;
     part_.Add(span, addNullSpan);
   }
 
-  /// A line over the gap of an open contour.
+  /// Adds a line over the gap of an open contour.
   void BridgeToStart() {
     if (!source_.Closed()) part_.Add(Read(1).p0, false);
   }

@@ -12,10 +12,10 @@ constinit std::unique_ptr<const std::wstring> diagnosticPath;
 
 namespace {
 
-/// Spans that are not longer are passed over, and lines and radii that are not longer are not cut.
+/// Spans that are not longer are skipped, and lines and radii that are not longer are not cut.
 constexpr double kNoLength = 1e-8;
 
-/// One contour on the way through, with what is left of the span that is being looked at.
+/// One of the two contours during the walk, with the rest of its current span.
 class Strand {
  public:
   explicit Strand(const KurveEx& source) : source_(source) {
@@ -24,7 +24,7 @@ class Strand {
     out_.Start(first.p);
   }
 
-  /// Sees to a span with a length; false when there is none left.
+  /// Advances to a span with a length. Returns false when none is left.
   bool Fetch() {
     while (!(length_ > kNoLength)) {
       if (!source_.Get(next_, rest_)) return false;
@@ -43,8 +43,8 @@ class Strand {
     length_ = 0;
   }
 
-  /// Takes the first part of the span. What remains is counted and not measured anew: near a half turn the
-  /// angles of parts do not add up.
+  /// Takes the first part of the span. The length of the rest is calculated and not measured again: near half
+  /// a turn the angles of the parts do not add up.
   void Cut(double d) {
     if (rest_.dir == LINEAR) {
       if (length_ > kNoLength) rest_.p0 = rest_.p0 + rest_.vs * d;
@@ -57,7 +57,7 @@ class Strand {
     length_ -= d;
   }
 
-  /// Takes all that is left, alone. What rounding left of the last span moves the end of its last piece.
+  /// Takes all remaining spans. A rest of the last span that rounding left moves the end of its last piece.
   void TakeRest() {
     if (!out_.spans.empty() && length_ <= TOLERANCE) {
       Span last = out_.spans.back();
@@ -79,7 +79,7 @@ class Strand {
   int next_ = 1;
 };
 
-/// The spans of `k` against a contour without length.
+/// Pairs the spans of `k` with null spans for a contour without length.
 int AgainstPoint(const KurveEx& point, const KurveEx& k, KurveEx& outPoint, KurveEx& outK) {
   spVertex first;
   point.Get(0, first);
@@ -110,7 +110,7 @@ std::wstring DiagnosticPath() {
   ThrowError(L"EqualiseSpanCount - failed to equalise spans", 0, kCode);
 }
 
-/// Goes along both, by equal shares; `ratio` is the length of the first over that of the second.
+/// Walks along both by equal shares; `ratio` is the length of the first divided by that of the second.
 void Pair(Strand& a, Strand& b, double ratio) {
   while (true) {
     const bool hasA = a.Fetch();
@@ -161,8 +161,8 @@ class IdStrand {
   std::size_t next_ = 0;
 };
 
-/// The smallest number from `running` on that one of them waits for; below 0 when none does. IDs that fall
-/// along a contour are waited for in vain.
+/// The smallest number from `running` on that comes next in one of them; below 0 when neither has one. IDs
+/// that descend along a contour are never found.
 std::int32_t NextNumber(const IdStrand& a, const IdStrand& b, std::int32_t running) {
   std::int32_t next = std::numeric_limits<std::int32_t>::max();
   bool found = false;

@@ -15,7 +15,7 @@ void AddKeepingKind(KurveEx& out, const Span& span) {
   added.pc = span.pc;
 }
 
-/// One contour on the way through, span by span.
+/// The copy of one contour, made span by span.
 class Copy {
  public:
   explicit Copy(const KurveEx& source) : source_(source) {
@@ -140,7 +140,7 @@ int KurveEx::FindAlong(int spanNumber, const Point& p, double d, double& fractio
   double rest = 0;
   span.NearClamped(p, rest);
   rest += d;
-  // From here on `rest` counts from the start of the span that is looked at.
+  // From here on `rest` is the distance from the start of the current span.
   bool mayWrap = Closed();
   while (!(0 <= rest && rest <= span.length)) {
     const bool forwards = rest > span.length;

@@ -10,7 +10,7 @@ using Infos = std::vector<SpanInfo>;
 /// How two spans, or two lists of them, compare.
 enum Comparison { kEqual = 0, kMirrored = 1, kDifferent = 2 };
 
-/// Sets what the neighbours in the list tell.
+/// Sets the members that depend on the neighbours in the list.
 void Connect(Infos& infos, bool closed) {
   const std::size_t n = infos.size();
   for (std::size_t i = 0; i < n; ++i) {
@@ -144,7 +144,7 @@ bool TotalsAgree(const KurveEx& a, const KurveEx& b, bool allowMirror) {
   return NearEqual(a.perim, b.perim, TOLERANCE) && NearEqual(areaA, areaB, TOLERANCE);
 }
 
-/// The first span with a chord, from which directions can be told; the first of all when there is none.
+/// The first span with a chord, which gives the direction; the first of all when no span has one.
 std::size_t Guide(const Infos& infos) {
   std::size_t i = 0;
   while (i < infos.size() && infos[i].span.NullSpan) ++i;

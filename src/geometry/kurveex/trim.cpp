@@ -13,8 +13,8 @@ struct ContourPlace {
   Point point;
 };
 
-/// The contour, to be read in that sense.
-KurveEx Turned(KurveEx k, bool reversed) {
+/// The contour, read forwards or reversed.
+KurveEx ReadAs(KurveEx k, bool reversed) {
   k.Reverse(reversed);
   return k;
 }
@@ -24,7 +24,7 @@ bool IsTrimmable(double d, const KurveEx& k) {
          LessOrNear(d, k.perim, TIGHT_TOLERANCE) && !LessOrNear(k.perim, 0.0, TIGHT_TOLERANCE);
 }
 
-/// The contour up to a fraction of its length; all of it when rounding puts that behind the end.
+/// The contour up to a fraction of its length; the whole contour when rounding puts that after the end.
 KurveEx UpTo(double fraction, const KurveEx& k) {
   KurveEx cut;
   KurveEx partner;
@@ -60,11 +60,11 @@ bool IsBackwards(const ContourPlace& from, const ContourPlace& to) {
   return from.span > to.span || (from.span == to.span && from.along > to.along);
 }
 
-bool AreSound(const std::vector<ExtensionRecord>& records, const KurveEx& k) {
-  const auto isSound = [&](const ExtensionRecord& r) {
+bool AreValid(const std::vector<ExtensionRecord>& records, const KurveEx& k) {
+  const auto isValid = [&](const ExtensionRecord& r) {
     return r.firstVertex < r.lastVertex && r.lastVertex <= k.spans.size();
   };
-  return !records.empty() && !k.spans.empty() && std::all_of(records.begin(), records.end(), isSound);
+  return !records.empty() && !k.spans.empty() && std::all_of(records.begin(), records.end(), isValid);
 }
 
 /// The spans between two vertices in reading order.
@@ -84,8 +84,8 @@ KurveEx Stretch(const KurveEx& k, std::uint64_t first, std::uint64_t last) {
 
 using Change = KurveEx (*)(double, const KurveEx&);
 
-/// Lengthens one end, or trims it; trims refuse what is negative, so nothing is left then.
-KurveEx Changed(const KurveEx& stretch, double d, Change extend, Change trim) {
+/// Lengthens one end. A negative length goes to the trim, which refuses it, so that nothing is left.
+KurveEx ChangeEnd(const KurveEx& stretch, double d, Change extend, Change trim) {
   if (!NonZero(d, TIGHT_TOLERANCE)) return stretch;
   return LessOrNear(0.0, d, TIGHT_TOLERANCE) ? extend(d, stretch) : trim(d, stretch);
 }
@@ -95,7 +95,7 @@ void AddPiece(std::vector<KurveEx>& pieces, const KurveEx& piece) {
   if (piece.FirstNonNull(span)) pieces.push_back(piece);
 }
 
-KurveEx Joined(const std::vector<KurveEx>& pieces) {
+KurveEx JoinPieces(const std::vector<KurveEx>& pieces) {
   KurveEx joined;
   for (const KurveEx& piece : pieces) {
     if (!joined.start.ok) {
@@ -110,10 +110,9 @@ KurveEx Joined(const std::vector<KurveEx>& pieces) {
   return joined;
 }
 
-/// The stretch between two places: over the seam of a closed contour when the second comes first. Two places of
-/// one span otherwise give that span with these ends, whatever their order. Parts of spans that are null are
-/// left out.
-/// Requires: the spans exist, and do not run backwards on an open contour.
+/// The stretch between two places: over the seam of a closed contour when the second comes first. Two places
+/// of one span otherwise give that span with these ends, whatever their order. Parts of spans that are null
+/// are left out. Requires: the spans exist, and do not run backwards on an open contour.
 KurveEx SectionBetween(const KurveEx& k, const ContourPlace& from, const ContourPlace& to) {
   const Span first = SpanOf(k, from.span);
   const Span last = SpanOf(k, to.span);
@@ -134,43 +133,43 @@ KurveEx SectionBetween(const KurveEx& k, const ContourPlace& from, const Contour
 }  // namespace
 
 KurveEx ExtendStart(double d, const KurveEx& k) {
-  KurveEx extended = Turned(k, false);
+  KurveEx extended = ReadAs(k, false);
   Span first;
   if (extended.spans.empty()) return extended;
   extended.FirstNonNull(first);
   const Point start = extended.Start();
   extended.AddAtStart(Span(start - first.vs * d, start, UNMARKED), true);
-  return Turned(extended, k.reversed);
+  return ReadAs(extended, k.reversed);
 }
 
 KurveEx ExtendEnd(double d, const KurveEx& k) {
-  KurveEx extended = Turned(k, false);
+  KurveEx extended = ReadAs(k, false);
   Span last;
   if (extended.spans.empty()) return extended;
   extended.LastNonNull(last);
   const Point end = extended.End();
   extended.Add(Span(end, end + last.ve * d), true);
-  return Turned(extended, k.reversed);
+  return ReadAs(extended, k.reversed);
 }
 
 KurveEx TrimStart(double d, const KurveEx& k) {
-  if (!IsTrimmable(d, k)) return Turned(KurveEx(), k.reversed);
-  const KurveEx stored = Turned(k, false);
+  if (!IsTrimmable(d, k)) return ReadAs(KurveEx(), k.reversed);
+  const KurveEx stored = ReadAs(k, false);
   ContourPlace from;
   from.point = stored.AtFraction(d / stored.perim, from.span, from.along);
   from.along *= stored.spans[static_cast<std::size_t>(from.span) - 1].length;
   const ContourPlace to{stored.SpanCount(), stored.spans.back().length, stored.End()};
-  return Turned(SectionBetween(stored, from, to), k.reversed);
+  return ReadAs(SectionBetween(stored, from, to), k.reversed);
 }
 
 KurveEx TrimEnd(double d, const KurveEx& k) {
-  if (!IsTrimmable(d, k)) return Turned(KurveEx(), k.reversed);
-  return Turned(UpTo(1.0 - d / k.perim, Turned(k, false)), k.reversed);
+  if (!IsTrimmable(d, k)) return ReadAs(KurveEx(), k.reversed);
+  return ReadAs(UpTo(1.0 - d / k.perim, ReadAs(k, false)), k.reversed);
 }
 
 KurveEx TrimTo(double d, const KurveEx& k) {
   const double kept = k.perim - std::fabs(d);
-  if (LessOrNear(kept, 0.0, TIGHT_TOLERANCE)) return Turned(KurveEx(), k.reversed);
+  if (LessOrNear(kept, 0.0, TIGHT_TOLERANCE)) return ReadAs(KurveEx(), k.reversed);
   KurveEx trimmed;
   double before = 0;
   for (Span span : k.spans) {
@@ -180,7 +179,7 @@ KurveEx TrimTo(double d, const KurveEx& k) {
     if (isLast) break;
     before += span.length;
   }
-  return Turned(trimmed, k.reversed);
+  return ReadAs(trimmed, k.reversed);
 }
 
 KurveEx TrimEndMirrored(double d, const KurveEx& k) {
@@ -189,7 +188,7 @@ KurveEx TrimEndMirrored(double d, const KurveEx& k) {
 
 bool ExtendAt(const KurveEx& k, const Point& point, double d, int direction, KurveEx& out) {
   if (k.spans.empty() || !LessOrNear(d, k.perim, TIGHT_TOLERANCE)) return false;
-  const KurveEx stored = Turned(k, false);
+  const KurveEx stored = ReadAs(k, false);
   if (!k.Closed()) {
     const bool atStart = point == stored.Start();
     if (!atStart && !(point == stored.End())) return false;
@@ -203,7 +202,7 @@ bool ExtendAt(const KurveEx& k, const Point& point, double d, int direction, Kur
   KurveEx opened;
   if (!stored.ReplaceStart(span, seam, opened)) return false;
   const KurveEx trimmed = direction > 0 ? TrimTo(d, opened.ReversedCopy()).ReversedCopy() : TrimTo(d, opened);
-  out = Turned(trimmed, k.reversed);
+  out = ReadAs(trimmed, k.reversed);
   return true;
 }
 
@@ -217,7 +216,7 @@ bool Section(const KurveEx& k, const Point& p, const Point& q, KurveEx& out) {
 }
 
 bool Extend(const std::vector<ExtensionRecord>& records, const KurveEx& k, KurveEx& out) {
-  if (!AreSound(records, k)) {
+  if (!AreValid(records, k)) {
     out = KurveEx(k);
     return false;
   }
@@ -230,12 +229,12 @@ bool Extend(const std::vector<ExtensionRecord>& records, const KurveEx& k, Kurve
   for (const ExtensionRecord& record : sorted) {
     AddPiece(pieces, Stretch(k, reached, record.firstVertex));
     const KurveEx stretch = Stretch(k, record.firstVertex, record.lastVertex);
-    const KurveEx longer = Changed(stretch, record.atStart, ExtendStart, TrimStart);
-    AddPiece(pieces, Changed(longer, record.atEnd, ExtendEnd, TrimEnd));
+    const KurveEx longer = ChangeEnd(stretch, record.atStart, ExtendStart, TrimStart);
+    AddPiece(pieces, ChangeEnd(longer, record.atEnd, ExtendEnd, TrimEnd));
     reached = record.lastVertex;
   }
   AddPiece(pieces, Stretch(k, reached, k.spans.size()));
-  out = Joined(pieces);
+  out = JoinPieces(pieces);
   return true;
 }
 

@@ -9,18 +9,18 @@ namespace geometry {
 
 /// Boxes around runs of neighbouring spans: of 8, of 64, of 512 and so on.
 ///
-/// They serve walks over spans in their order that pass over those whose box is of no interest. What is
-/// skipped is only what the boxes of the spans themselves exclude, so a walk sees the same spans as one
-/// without it. Boxes are made when a walk comes to them; those of long runs with the first long walk.
+/// They serve walks over spans in their order that skip spans by their boxes. Only spans that their own boxes
+/// exclude are skipped, so a walk sees the same spans as one without the runs. The box of a run is computed
+/// when a walk reaches it; those of long runs with the first long walk.
 ///
-/// Owns     nothing of the spans; they have to stay, and walks that begin before `from` are over once spans
-///          before it have changed
+/// Owns     nothing; the spans have to outlive it. Once spans before `from` have changed, no walk may begin
+///          before `from`
 class BoxLevels {
  public:
   explicit BoxLevels(const std::vector<Span>& spans) : spans_(spans) {}
 
-  /// The first span from `from` on, and before `end`, whose box is not missed; `end` when there is none.
-  /// `misses(box)` has to hold for every box within a box that it holds for.
+  /// The first span from `from` on, and before `end`, whose box is not missed; `end` if all are.
+  /// Requires: `misses(box)` holds for every box inside of a box that it holds for.
   template <class Misses>
   std::size_t Next(std::size_t from, std::size_t end, const Misses& misses) {
     Reach(from, end);
@@ -32,9 +32,9 @@ class BoxLevels {
     return end;
   }
 
-  /// The first span from `from` on, and before `end`, whose box meets that of span `i`, which lies before
-  /// them. For walks of up to 64 spans, asked for span after span: what the run of `i` as a whole does not
-  /// meet is found out once for all its spans.
+  /// The first span from `from` on, and before `end`, whose box meets that of span `i`, which is before them.
+  /// For walks of up to 64 spans, with `i` ascending: the runs that the whole run of `i` does not meet are
+  /// determined once for all its spans.
   std::size_t NextMeeting(std::size_t i, std::size_t from, std::size_t end) {
     if (i >> kFanBits != home_) Enter(i >> kFanBits);
     const Box& box = spans_[i].box;
@@ -57,7 +57,8 @@ class BoxLevels {
   static constexpr std::size_t kFan = std::size_t{1} << kFanBits;
   static constexpr std::size_t kLongest = 10 * kFan;  ///< of a short walk
 
-  /// How many spans from `k` on can be passed over at once: the longest run that begins there and is missed.
+  /// The number of spans from `k` on that can be skipped at once: the longest run that begins there and is
+  /// missed.
   template <class Misses>
   std::size_t SkipAt(std::size_t k, const Misses& misses) const {
     const auto aligned = static_cast<std::size_t>(std::countr_zero(k)) / kFanBits;
@@ -68,19 +69,19 @@ class BoxLevels {
     return misses(spans_[k].box) ? 1 : 0;
   }
 
-  /// Makes the boxes that a walk needs.
+  /// Computes the boxes that a walk needs.
   void Reach(std::size_t from, std::size_t end) {
     if (end > reached_ || (end > from + kLongest && levels_.size() == 1)) Extend(from, end);
   }
   void Extend(std::size_t from, std::size_t end);
-  /// Finds which of the next runs meet that one.
+  /// Determines which of the next runs meet that one.
   void Enter(std::size_t run);
 
   const std::vector<Span>& spans_;
   std::vector<std::vector<Box>> levels_;
   std::size_t reached_ = 0;  ///< the spans that have their runs of 8
   std::size_t home_ = static_cast<std::size_t>(-1);
-  std::uint32_t met_ = 0;  ///< bit r: the run r behind `home_`
+  std::uint32_t met_ = 0;  ///< bit r: run `home_` + r
 };
 
 }  // namespace geometry

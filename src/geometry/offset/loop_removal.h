@@ -4,20 +4,20 @@
 
 #include "geometry/offset.h"
 
-/// The removal of loops, with a choice of how spans are looked for.
+/// The removal of loops, with a choice of the search for crossings.
 namespace geometry {
 
-/// `Indexed` passes over spans whose boxes exclude them; `Plain` asks every span and is what the index is
-/// measured by. The results are the same to the last bit, as long as the boxes of all spans are what
-/// `SetProperties` made them.
+/// `Indexed` skips spans that are excluded by their boxes; `Plain` compares every span, and tests compare the
+/// index with it. The results are the same to the last bit, as long as the boxes of all spans are those of
+/// `SetProperties`.
 enum class Search { Indexed, Plain };
 
-/// Reads the spans of a source. It is asked once, and not at all for a contour without crossings.
+/// Reads the spans of a source. It is called once, and not at all for a contour without crossings.
 using SourceSpans = std::function<const std::vector<Span>&()>;
 
-/// As `EliminateLoops`. The contour is worked on in its own storage; its totals are made anew.
+/// `EliminateLoops` of a working contour, in its own storage; its totals are summed up again.
 KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search);
-/// Of a compact contour; its spans and those of the source untransformed.
+/// `EliminateLoops` of a compact contour; its spans and those of the source are untransformed.
 Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search);
 
 /// The spans of a compact contour with their properties, untransformed, in reading order.

@@ -4,8 +4,8 @@
 #include "geometry/offset/loop_removal.h"
 #include "geometry/offset/offset_sense.h"
 
-/// Offsets of compact contours. The words source, target, previous, current, crossing and roll arc mean what they
-/// mean in offset_kurveex.cpp; here a target without a length is simply passed over.
+/// Offsets of compact contours. The words source, target, previous, current, crossing and roll arc mean what
+/// they mean in offset_kurveex.cpp; here a target without a length is simply skipped.
 namespace geometry {
 namespace {
 
@@ -33,7 +33,7 @@ class RawOffset {
   void Step(int number, bool closing) {
     const Span source = ReadMoved(number);
     if (current_.NullSpan) {
-      passedOver_ = true;
+      skipped_ = true;
       return;
     }
     if (!result_.started) result_.Add(spVertex(LINEAR, current_.p0, Point(0, 0), 0));
@@ -43,8 +43,8 @@ class RawOffset {
       return;
     }
     // A crossing may have left nothing of the target.
-    passedOver_ = current_.NullSpan;
-    if (passedOver_) return;
+    skipped_ = current_.NullSpan;
+    if (skipped_) return;
     current_.ID = static_cast<std::uint32_t>(number);
     result_.Add(current_, false);
     previous_ = current_;
@@ -70,7 +70,7 @@ class RawOffset {
       return true;
     }
     Span arc = RollArc(sense_.rollDir, current_.p0, vertex, ROLL_AROUND);
-    if (passedOver_) {
+    if (skipped_) {
       // Next to a span that has gone, the vertex is not equally far from both ends.
       Point unusedCentre;
       result_.Get(result_.nVertices - 1, arc.p0, unusedCentre);
@@ -84,7 +84,7 @@ class RawOffset {
   const OffsetSense& sense_;
   Kurve result_;
   Span previous_, current_;
-  bool passedOver_ = false;
+  bool skipped_ = false;
 };
 
 int CheckClosed(const Kurve& source, const Kurve& made, double off) {

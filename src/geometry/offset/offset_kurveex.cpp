@@ -180,7 +180,7 @@ class RawOffset {
   Span* current_ = &buffers_[1];
   bool passedNullSource_ = false;    ///< since the last source with a length
   bool stepBeforeLeftNull_ = false;  ///< the step before ended with a null target as current
-  bool lastSourceWasNull_ = false;   ///< of the sources looked at so far
+  bool lastSourceWasNull_ = false;   ///< of the sources so far
 };
 
 void CountTotals(KurveEx& k) {

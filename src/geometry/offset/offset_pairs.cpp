@@ -58,7 +58,7 @@ class PairOffset {
     after.SetProperties();
   }
 
-  /// Whether pair `i` is an arc tangent to neighbours that it may be fitted to.
+  /// Whether pair `i` is an arc that is tangent to its neighbours and may be fitted to them again.
   bool IsFillet(std::size_t i, bool byRadius) const {
     const SpanPair& pair = pairs_[i];
     if (pair.offset.dir == LINEAR) return false;
@@ -84,7 +84,8 @@ class PairOffset {
     for (Span* span : {&before, &arc, &after}) span->SetProperties();
   }
 
-  /// Where the neighbours, moved to the arc's side by its radius, cross, nearest to where the centre was.
+  /// The crossing of the neighbours, moved to the side of the arc by its radius; of two the one nearer to the
+  /// former centre.
   static Point FilletCentre(const Span& before, const Span& after, const Span& arc) {
     const double d = arc.dir * arc.radius;
     if (before.dir == LINEAR && after.dir == LINEAR) {

@@ -4,9 +4,9 @@
 
 namespace geometry {
 
-/// Which way an offset goes, and what follows for its corners.
+/// The side to which an offset goes, and its consequences for corners.
 ///
-/// A contour under `reversed` is offset as it is stored, to the other side. Its corners are still told by
+/// A contour under `reversed` is offset as it is stored, to the other side. Its corners are still judged by
 /// `offset` and `direction`, so those that are inward for its reader count as outward and get roll arcs; the
 /// removal of loops trims these, except where the contour closes.
 struct OffsetSense {
@@ -21,17 +21,17 @@ struct OffsetSense {
   bool Inward(const Span& previous, const Span& current) const;
 };
 
-/// The crossing of two spans if they have exactly one.
+/// Finds the crossing of two spans; false unless they have exactly one.
 bool OnlyCrossing(const Span& a, const Span& b, Point& crossing);
 
-/// A span about `centre`; its properties are not set.
+/// An arc about `centre` without its start; its properties are not set.
 Span RollArc(int dir, const Point& end, const Point& centre, std::uint32_t ID);
 
-/// Where the lines or circles of two neighbours cross, on the side of the corner between them. INVALID_POINT
-/// when they don't.
+/// The crossing of the lines or circles of two neighbours, on the side of the corner between them.
+/// INVALID_POINT when they do not cross.
 Point CarrierCrossing(const Span& before, const Span& after);
 
-/// What the areas say about a closed offset: 0, 2 or 3.
+/// The code of a closed offset by the areas before and after: 0, 2 or 3.
 int CodeOfAreas(double sourceArea, double offsetArea, double off);
 
 }  // namespace geometry

@@ -17,14 +17,14 @@ bool SameDirection(const Vector2d& a, const Vector2d& b) {
   return NearEqual(a.dx, b.dx, TOLERANCE) && NearEqual(a.dy, b.dy, TOLERANCE);
 }
 
-/// Where the neighbours of a roll arc meet without it. INVALID_POINT when the arc has to stay.
+/// The point where the neighbours of a roll arc meet without it. INVALID_POINT when the arc has to stay.
 Point JoiningPoint(const Span& before, const Span& roll, const Span& after, double limit) {
   if (std::fabs(roll.angle) > limit || IsRollArc(before) || IsRollArc(after)) return INVALID_POINT;
   if (SameDirection(before.ve, roll.vs) || SameDirection(roll.ve, after.vs)) return INVALID_POINT;
   return CarrierCrossing(before, after);
 }
 
-/// Copies a contour and leaves out what can go.
+/// Copies a contour without the roll arcs that can be removed.
 class RollArcRemoval {
  public:
   RollArcRemoval(const KurveEx& source, double rollAngle)
@@ -56,14 +56,15 @@ class RollArcRemoval {
     out_.Add(span, true);
   }
 
-  /// A roll arc that begins the contour has no neighbour yet, one that ends an open contour has none.
+  /// INVALID_POINT for a roll arc that begins the contour, whose neighbour is not known yet, and for one that
+  /// ends an open contour.
   Point Joining(std::size_t i, const Span& roll) const {
     if (i == 0 || (i + 1 == count_ && !source_.Closed())) return INVALID_POINT;
     return JoiningPoint(Read(i - 1), roll, Read(i + 1 == count_ ? 0 : i + 1), limit_);
   }
 
-  /// Moves the end so far; returns where it is then. An end that had left the arc's start keeps that
-  /// distance, towards the arc's centre.
+  /// Moves the end of the result and returns its new place. An end that was away from the start of the arc
+  /// keeps that distance, towards the centre of the arc.
   Point MoveEndTo(const Point& joining, const Span& roll) {
     Point moved = joining;
     const Point end = out_.End();

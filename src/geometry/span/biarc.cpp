@@ -11,12 +11,12 @@ Point Middle(const Point& a, const Point& b) {
   return {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
 }
 
-/// The arc that has `line` as its tangent: anticlockwise when its centre lies on the left.
-Span ArcBeside(const CLine& line, const Point& from, const Point& to, const Point& centre) {
+/// The arc that has `line` as its tangent: anticlockwise when its centre is on the left.
+Span TangentArc(const CLine& line, const Point& from, const Point& to, const Point& centre) {
   return {line.Dist(centre) > 0 ? ACW : CW, from, to, centre};
 }
 
-/// Where both arcs meet, and their centres.
+/// The point where both arcs meet, and their centres.
 struct Joint {
   Point at, centre1, centre2;
 };
@@ -65,15 +65,15 @@ int Biarc(const CLine& lineA, const CLine& lineB, Span& span1, Span& span2) {
   if (NearEqual(std::fabs(c), 1.0, VECTOR_TOLERANCE) && NearZero(w, TIGHT_TOLERANCE)) {
     const Point middle = Middle(a, b);
     if (c < 0) {
-      span1 = ArcBeside(lineA, a, b, middle);
+      span1 = TangentArc(lineA, a, b, middle);
       return span1.NullSpan ? 0 : 1;
     }
     joint = {middle, Middle(a, middle), Middle(middle, b)};
   } else if (!FindJoint(lineA, lineB, v, c, w, joint)) {
     return 0;
   }
-  span1 = ArcBeside(lineA, a, joint.at, joint.centre1);
-  span2 = ArcBeside(lineB, joint.at, b, joint.centre2);
+  span1 = TangentArc(lineA, a, joint.at, joint.centre1);
+  span2 = TangentArc(lineB, joint.at, b, joint.centre2);
   Merge(span1, span2);
   return (span1.NullSpan ? 0 : 1) + (span2.NullSpan ? 0 : 1);
 }

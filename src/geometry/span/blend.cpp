@@ -11,7 +11,7 @@ namespace {
 /// The blend with both neighbours, given or made up.
 struct Corner {
   Span previous, blend, next;
-  Point at;      ///< where the carriers of the neighbours meet
+  Point at;      ///< the crossing of the carriers of the neighbours
   int side = 0;  ///< 1 when the way turns left there, -1 right
 };
 
@@ -20,8 +20,8 @@ bool IsLong(const Span* neighbour) {
 }
 
 /// The neighbours of the corner, those that are missing as the lines from the ends of the blend to where its
-/// tangents meet. False when one is missing and the blend is no arc below half a turn that is tangent to the
-/// other.
+/// tangents meet. False when one is missing and the blend is not an arc below half a turn that is tangent to
+/// the other.
 bool Prepare(const Span* previous, const Span& blend, const Span* next, Corner& corner) {
   const bool hasPrevious = IsLong(previous);
   const bool hasNext = IsLong(next);
@@ -42,7 +42,8 @@ bool Prepare(const Span* previous, const Span& blend, const Span* next, Corner& 
   return true;
 }
 
-/// Where the carriers of the neighbours meet; of two points the one nearer to the middle of their gap.
+/// The point where the carriers of the neighbours meet; of two points the one nearer to the middle of their
+/// gap.
 Point CarrierCrossing(const Span& previous, const Span& next) {
   Point first = INVALID_POINT;
   Point second = INVALID_POINT;
@@ -82,7 +83,8 @@ bool FindCorner(Corner& corner) {
   return true;
 }
 
-/// The side of a circle on which the blend's centre lies: -1 inside for an arc that turns as the corner does.
+/// The side of a circle that the centre of the blend is on: -1, inside, for an arc that turns as the corner
+/// does.
 int CircleSide(const Span& arc, int side) {
   return -arc.dir * side;
 }
@@ -109,7 +111,7 @@ Point TouchPoint(const Span& span, const Point& centre, double radius, int side)
 }
 
 /// How long a span is from `from` to `to`, one of which is a new end on its carrier; below 0 when the new end
-/// lies beyond the far end.
+/// is beyond the far end.
 double LengthBetween(const Span& span, const Point& from, const Point& to) {
   if (span.dir == LINEAR) return Dot(Vector2d(from, to), span.vs);
   const Vector2d a(span.pc, from);

@@ -8,7 +8,7 @@
 namespace geometry {
 namespace {
 
-/// Whether fraction `t` of a line lies between its ends, or beyond them by `TOLERANCE` at most.
+/// Whether fraction `t` of a line is between its ends, or beyond them by at most `TOLERANCE`.
 bool BetweenEnds(double t, const Span& line) {
   const double reach = TOLERANCE / line.length;
   return -reach <= t && t <= 1.0 + reach;
@@ -139,7 +139,7 @@ int Intof(const Circle& a, const Circle& b, Point& p1, Point& p2) {
   }
   p1 = p2 = middle;
   if (!Different(Dist(middle, b.pc), rb, TOLERANCE)) return 1;
-  // Touching from within, a lies on the far side of its centre.
+  // When they touch from within, the point of `a` is on the far side of its centre.
   p1 = p2 = a.pc - u * x;
   const bool onBoth = NearEqual(Dist(p1, a.pc), ra, TOLERANCE) && NearEqual(Dist(p1, b.pc), rb, TOLERANCE);
   if (onBoth) return 1;
@@ -228,8 +228,8 @@ bool Hits(const BoxRay& r, const Box3d& b) {
   const Interval x = slab(b.min.x, b.max.x, r.origin.x, r.inverse.dx, r.sign[0]);
   const Interval y = slab(b.min.y, b.max.y, r.origin.y, r.inverse.dy, r.sign[1]);
   if (x.enter > y.leave || y.enter > x.leave) return false;
-  // A direction along a face gives a bound that is no number, and that bounds nothing: fmax and fmin leave
-  // it out, the comparisons find nothing amiss.
+  // A direction along a face gives a bound that is not a number and sets no limit: fmax and fmin leave it
+  // out, and comparisons with it are false.
   const Interval both = {std::fmax(x.enter, y.enter), std::fmin(x.leave, y.leave)};
   const Interval z = slab(b.min.z, b.max.z, r.origin.z, r.inverse.dz, r.sign[2]);
   return !(both.enter > z.leave || z.enter > both.leave);

@@ -45,7 +45,7 @@ Point Span::Mid() const {
   Vector2d chord(p0, p1);
   if (chord.Normalise() == 0.0) return p0;
   const Point middle((p0.x + p1.x) * 0.5, (p0.y + p1.y) * 0.5);
-  // An anticlockwise arc lies right of its chord, which the chord's left normal meets first.
+  // An anticlockwise arc is on the right of its chord, so the chord's left normal meets it first.
   return Intof(dir == CW ? -1 : 1, CLine(middle, chord.LeftNormal(), true), Circle(pc, radius));
 }
 
@@ -107,6 +107,12 @@ double Span::FindTangent(const Vector2d& v) const {
 
 double Span::FindPoint(const Point& p) const {
   return SearchFraction([&](double f) { return geometry::Dist(AlongFraction(f), p); });
+}
+
+double SweepOf(const Span& arc) {
+  const Vector2d start(arc.pc, arc.p0), end(arc.pc, arc.p1);
+  const double angle = std::atan2(Cross(start, end), Dot(start, end));
+  return angle * arc.dir < 0 ? angle + 2 * PI * arc.dir : angle;
 }
 
 int Span::ChordCount(double chordTolerance) const {

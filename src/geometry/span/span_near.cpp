@@ -3,7 +3,7 @@
 #include "geometry/elements.h"
 #include "geometry/span.h"
 
-/// Whether points lie on a span, and which of its points is nearest.
+/// Points on a span and points near to it.
 namespace geometry {
 
 bool Span::OnSpan(const Point& p) const {

@@ -2,18 +2,20 @@
 #include <cmath>
 #include <optional>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/quote.h"
 #include "base/text_line_reader.h"
 #include "contour/builder.h"
-#include "contour/text_form.h"
+#include "contour/contour_file.h"
 
+/// Reader and writer of the contour text form.
 namespace vanzet::contour {
 namespace {
 
 using geometry::Point;
 
-/// What a vertex line begins with, and the letters before its numbers.
+/// The beginning of a vertex line, and the letters before its numbers.
 struct VertexLine {
   char letter;
   std::string_view mark;
@@ -26,7 +28,7 @@ constexpr VertexLine kVertexLines[] = {
     {'t', "t", geometry::CW, "xyxy"},
 };
 
-/// Walks along one line, so that a fault can name the column.
+/// A position on one line, so that a fault can name the column.
 class Cursor {
  public:
   explicit Cursor(std::string_view line) : line_(line) {}
@@ -42,7 +44,7 @@ class Cursor {
     return true;
   }
 
-  /// The decimal number here, which ends with a blank or the line.
+  /// Reads the decimal number at the position, which ends at a blank or with the line.
   std::optional<double> TakeNumber() {
     SkipBlanks();
     const std::string_view word = Rest().substr(0, Rest().find_first_of(" \t"));
@@ -70,7 +72,6 @@ class TextReader {
   Result<void> TakeVertex(Cursor cursor, const VertexLine& kind);
   Result<void> TakeEnd();
   Result<std::vector<double>> TakeNumbers(Cursor& cursor, std::string_view letters) const;
-  Result<void> Placed(const Result<void>& built) const;
 
   TextLineReader lines_;
   Contours contours_;
@@ -82,15 +83,14 @@ class TextReader {
 
 Result<Contours> TextReader::Read() {
   for (std::string line;;) {
-    const auto more = lines_.Next(line);
-    if (!more) return more.fault();
-    if (!*more) break;
-    if (const auto taken = TakeLine(line); !taken) return taken.fault();
+    VANZET_TRY(const bool more, lines_.Next(line));
+    if (!more) break;
+    VANZET_DO(TakeLine(line));
   }
   if (number_) {
     return lines_.At("the contour that begins on line " + std::to_string(headLine_) + " has no end 'ek'");
   }
-  if (contours_.empty()) return lines_.AtLine(0, "there is no contour");
+  if (contours_.empty()) return lines_.AtLine(0, "has no contour");
   return std::move(contours_);
 }
 
@@ -134,16 +134,15 @@ Result<void> TextReader::TakeVertex(Cursor cursor, const VertexLine& kind) {
     return lines_.At("there are more than " + std::to_string(kMostVertices) + " vertices");
   }
   cursor.Take(kind.mark);
-  const auto numbers = TakeNumbers(cursor, kind.numbers);
-  if (!numbers) return numbers.fault();
-  const std::vector<double>& n = *numbers;
+  VANZET_TRY(const std::vector<double> n, TakeNumbers(cursor, kind.numbers));
   const bool isArc = kind.direction != geometry::LINEAR;
-  if (!builder_.IsStarted()) {
-    if (isArc) return lines_.At("the first vertex of a contour is no arc");
-    return Placed(builder_.Start(Point(n[0], n[1])));
-  }
-  if (!isArc) return Placed(builder_.LineTo(Point(n[0], n[1])));
-  return Placed(builder_.ArcTo(kind.direction, Point(n[0], n[1]), Point(n[2], n[3])));
+  if (!builder_.IsStarted() && isArc) return lines_.At("a contour cannot start with an arc");
+  const Point end(n[0], n[1]);
+  const Result<void> added = !builder_.IsStarted() ? builder_.Start(end)
+                             : isArc               ? builder_.ArcTo(kind.direction, end, Point(n[2], n[3]))
+                                                   : builder_.LineTo(end);
+  if (!added) return lines_.At(added.fault());
+  return {};
 }
 
 Result<std::vector<double>> TextReader::TakeNumbers(Cursor& cursor, std::string_view letters) const {
@@ -170,14 +169,51 @@ Result<void> TextReader::TakeEnd() {
   return {};
 }
 
-Result<void> TextReader::Placed(const Result<void>& built) const {
-  return built ? built : lines_.At(built.fault().text);
+using geometry::KurveEx;
+
+constexpr int kDigits = 14, kHeadDigits = 6;
+
+/// Writes as 0 what rounding has left of a zero.
+std::string Coordinate(double value) {
+  constexpr double kNothing = 1e-12;
+  return NumberText(std::fabs(value) < kNothing ? 0 : value, kDigits);
+}
+
+std::string PointText(const geometry::Point& point) {
+  return "x" + Coordinate(point.x) + " y" + Coordinate(point.y);
+}
+
+std::string VertexText(const geometry::spVertex& vertex) {
+  if (vertex.type == geometry::LINEAR) return PointText(vertex.p) + "\n";
+  return (vertex.type == geometry::ACW ? "a" : "t") + PointText(vertex.p) + " " + PointText(vertex.pc) + "\n";
+}
+
+std::string HeadText(const Contour& contour) {
+  const KurveEx& curve = contour.curve;
+  std::string text = "k" + std::to_string(contour.number) + " e\n";
+  text += "rem Number of Spans = " + std::to_string(curve.SpanCount()) +
+          (curve.Closed() ? " (Closed)\n" : " (Open)\n");
+  text += "rem Perim = " + NumberText(curve.perim, kHeadDigits) + " mm\n";
+  if (!curve.Closed()) return text;
+  return text + "rem Area = " + NumberText(curve.area, kHeadDigits) + " sq.mm " +
+         (curve.Direction() == geometry::CW ? "(Clockwise)\n" : "(AntiClockwise)\n");
 }
 
 }  // namespace
 
 Result<Contours> ReadText(std::istream& text, const std::string& name) {
   return TextReader(text, name).Read();
+}
+
+std::string TextForm(const Contours& contours) {
+  std::string text;
+  for (const Contour& contour : contours) {
+    text += HeadText(contour);
+    geometry::spVertex vertex;
+    for (int v = 0; contour.curve.Get(v, vertex); ++v) text += VertexText(vertex);
+    text += "ek\n\n";
+  }
+  return text;
 }
 
 }  // namespace vanzet::contour

@@ -4,6 +4,7 @@
 #include <map>
 #include <utility>
 
+#include "contour/library.h"
 #include "contour/operations.h"
 #include "geometry/intersect.h"
 
@@ -13,9 +14,19 @@ namespace {
 using geometry::Point;
 using geometry::Span;
 
+/// `Span::Dist`, also for spans without a length.
+double DistanceTo(const Span& span, const Point& point, Point& nearest) {
+  if (!span.NullSpan) return span.Dist(point, nearest);
+  nearest = span.p0;
+  return Dist(point, nearest);
+}
+
+using geometry::Point;
+using geometry::Span;
+
 constexpr std::size_t kMostCrossings = 1'000'000;
 
-/// The spans of a contour in the order of their left ends, so that most of them need not be looked at.
+/// The spans of a contour in the order of their left ends, so that most of them can be skipped.
 class SpansFromLeft {
  public:
   explicit SpansFromLeft(const std::vector<Span>& spans) {
@@ -44,10 +55,10 @@ class SpansFromLeft {
   double widest_ = 0;
 };
 
-/// The places of crossings that were told; what is nearer than this to one of them is the same point.
+/// The places of the crossings so far. A point within `CLOSED_TOLERANCE` of one of them is the same point.
 class Places {
  public:
-  /// False when the point was there already.
+  /// Returns false when the point was there already.
   bool Add(const Point& point) {
     const Cell cell = {CellOf(point.x), CellOf(point.y)};
     for (std::int64_t x = cell.first - 1; x <= cell.first + 1; ++x) {
@@ -83,6 +94,44 @@ std::vector<Crossing> WithoutRepeats(std::vector<Crossing> found) {
 }
 
 }  // namespace
+
+Facts FactsOf(const Contour& contour) {
+  const geometry::KurveEx& curve = contour.curve;
+  Facts facts;
+  facts.number = contour.number;
+  facts.spans = curve.SpanCount();
+  facts.arcs = static_cast<int>(std::ranges::count_if(curve.spans, [](const Span& s) { return s.dir != 0; }));
+  facts.closed = curve.Closed();
+  facts.perimeter = curve.perim;
+  facts.area = facts.closed ? std::fabs(curve.area) : 0;
+  facts.direction = curve.Direction();
+  // The library's boxes are a little larger than what is in them.
+  geometry::Box box = curve.Box();
+  box.Grow(-geometry::TIGHT_TOLERANCE);
+  facts.low = box.min;
+  facts.high = box.max;
+  return facts;
+}
+
+Nearest NearestOn(const Contour& contour, const Point& point) {
+  Nearest nearest;
+  for (int i = 0; i < contour.curve.SpanCount(); ++i) {
+    Point candidate;
+    const double distance = DistanceTo(contour.curve.spans[static_cast<std::size_t>(i)], point, candidate);
+    if (i == 0 || distance < nearest.distance) nearest = {i + 1, candidate, distance};
+  }
+  return nearest;
+}
+
+Result<Side> SideOf(const Contour& contour, const Point& point) {
+  if (!contour.curve.Closed()) return Side::kOpen;
+  const double distance = NearestOn(contour, point).distance;
+  if (distance <= geometry::TOLERANCE) return Side::kOn;
+  // The point is on the same side of chords that stay nearer to the contour than the point is.
+  VANZET_TRY(const Contour chords, SplitArcs(contour, distance / 2));
+  VANZET_TRY(const int outside, Guarded([&] { return chords.curve.Inside(point); }));
+  return outside == 0 ? Side::kInside : Side::kOutside;
+}
 
 Result<std::vector<Crossing>> Crossings(const Contour& a, const Contour& b) {
   const SpansFromLeft others(b.curve.spans);
