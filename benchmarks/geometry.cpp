@@ -6,7 +6,7 @@
 #include "geometry/contour_index.h"
 #include "geometry/intersect.h"
 
-/// What a span costs in each query, beside a loop of the bare arithmetic, and what an index gains.
+/// The time per span of each query, next to a loop of the bare arithmetic, and the gain of an index.
 /// Every time is for all spans of the contour; items per second count spans, or queries for the indexed
 /// forms.
 namespace {

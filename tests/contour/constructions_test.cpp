@@ -1,6 +1,8 @@
 #include "contour/constructions.h"
 
 #include "contour_fixture.h"
+#include "support/places.h"
+#include "support/temporary_folder.h"
 
 namespace vanzet::contour {
 namespace {
@@ -29,7 +31,7 @@ class ConstructionsTest : public ContourTest {
   const Contour hook = ReadOne(kHook);
 };
 
-TEST_F(ConstructionsTest, OffsetsLieAtTheirDistance) {
+TEST_F(ConstructionsTest, OffsetsAreAtTheirDistance) {
   for (const double distance : {-3.0, 2.0, 5.0}) {
     for (const OffsetMethod method : {OffsetMethod::kKurve, OffsetMethod::kKurveEx, OffsetMethod::kSpans}) {
       const Contour offset = Made(OffsetOf(slot, distance, method));
@@ -48,6 +50,16 @@ TEST_F(ConstructionsTest, OnlySpanBySpanCornersStaySharp) {
   EXPECT_EQ(FactsOf(Made(OffsetOf(corner, -2, OffsetMethod::kKurveEx))).arcs, 1);
   EXPECT_EQ(FactsOf(Made(OffsetOf(corner, -2, OffsetMethod::kKurve))).arcs, 1);
   EXPECT_EQ(FactsOf(Made(OffsetOf(corner, -2, OffsetMethod::kSpans))).arcs, 0);
+}
+
+TEST_F(ConstructionsTest, TheExampleOfARawOffsetIsThatOfTheNotch) {
+  const std::string examples = VANZET_SOURCE_DIR "/examples/contours/";
+  const Contour notch = ReadOne(test::ReadBytes(examples + "notch.txt"));
+  const Contour raw = ReadOne(test::ReadBytes(examples + "notch_raw.txt"));
+  geometry::KurveEx made;
+  EXPECT_EQ(notch.curve.Offset(made, 3, -1, 0, 0), 0);
+  EXPECT_TRUE(made == raw.curve);
+  EXPECT_EQ(Made(OffsetOf(notch, -3, OffsetMethod::kKurveEx)).curve.SpanCount(), 13);
 }
 
 TEST_F(ConstructionsTest, AnOffsetThatLeavesNothingIsRefused) {
@@ -69,9 +81,9 @@ TEST_F(ConstructionsTest, TrimsAndExtensionsChangeTheLengthByWhatWasAsked) {
 }
 
 TEST_F(ConstructionsTest, AClosedContourIsOpenedToBeTrimmed) {
-  const Contour behind = Made(Trim(slot, 5, End::kStart, Point(0, 12)));
-  EXPECT_THAT(behind.curve.start, IsAt(5, 10, 1e-9));
-  EXPECT_THAT(behind.curve.End(), IsAt(0, 10, 1e-9));
+  const Contour after = Made(Trim(slot, 5, End::kStart, Point(0, 12)));
+  EXPECT_THAT(after.curve.start, IsAt(5, 10, 1e-9));
+  EXPECT_THAT(after.curve.End(), IsAt(0, 10, 1e-9));
   EXPECT_THAT(Made(Trim(slot, 5, End::kEnd, Point(0, 12))).curve.End(), IsAt(-5, 10, 1e-9));
   EXPECT_EQ(Refused(Trim(slot, 5, End::kBoth, Point(0, 12))),
             "contour 3 is closed: it is trimmed at one end");
@@ -141,7 +153,7 @@ TEST_F(ConstructionsTest, AMirrorImageIsFoundOnlyWhenAskedFor) {
   }
 }
 
-TEST_F(ConstructionsTest, PolygonsOfEqualCornersAreNotTakenForMirrorImages) {
+TEST_F(ConstructionsTest, PolygonsOfEqualCornersAreNotMirrorImages) {
   const Contour z = ReadOne("k1 e x0 y0\nx10 y0\nx10 y5\nx15 y5\nek\n");
   const Contour u = ReadOne("k1 e x0 y0\nx10 y0\nx10 y5\nx5 y5\nek\n");
   EXPECT_FALSE(*MotionOnto(z, u, true));
@@ -158,7 +170,7 @@ TEST_F(ConstructionsTest, TheArcNearThePointGetsTheNewRadius) {
 
 TEST_F(ConstructionsTest, ABlendMayUseUpItsNeighbours) {
   const Contour all = Made(ChangeBlend(square, {20, 20}, 32));
-  EXPECT_EQ(FactsOf(all).spans, 6) << "both lines beside it are gone";
+  EXPECT_EQ(FactsOf(all).spans, 6) << "both neighbours are gone";
   EXPECT_THAT(Refused(ChangeBlend(square, {20, 20}, 33)), testing::HasSubstr("no arc of radius 33 mm fits"));
 }
 

@@ -32,7 +32,7 @@ class ContourTest : public testing::Test {
     return contours.empty() ? Contour() : contours.front();
   }
 
-  /// What is told of a text that is wrong.
+  /// The fault of a wrong text.
   static std::string FaultOf(const std::string& text) {
     std::istringstream stream(text);
     const auto contours = ReadText(stream, "c.txt");

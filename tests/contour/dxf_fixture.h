@@ -4,13 +4,13 @@
 
 namespace vanzet::contour {
 
-/// Drawings, told by their groups: "0 LINE|10 0|20 0" and so on.
+/// Drawings by their groups: "0 LINE|10 0|20 0" and so on.
 class DxfTest : public ContourTest {
  protected:
   /// The lines of groups that are parted by bars.
-  static std::string Groups(const std::string& told) {
+  static std::string Groups(const std::string& groups) {
     std::string lines;
-    std::istringstream stream(told);
+    std::istringstream stream(groups);
     for (std::string group; std::getline(stream, group, '|');) {
       const std::size_t blank = group.find(' ');
       lines +=

@@ -72,7 +72,7 @@ TEST_F(DxfPiecesTest, VerticesThatRepeatAreDropped) {
   EXPECT_EQ(One("0 LWPOLYLINE|90 4|70 0|10 0|20 0|10 0|20 0|10 4|20 0|10 4|20 0").curve.SpanCount(), 1);
 }
 
-TEST_F(DxfPiecesTest, WhatIsSeenFromBehindIsMirrored) {
+TEST_F(DxfPiecesTest, PlanesSeenFromBelowAreMirrored) {
   const Contour arc = One("0 ARC|8 0|10 5|20 0|40 1|50 0|51 90|210 0|220 0|230 -1");
   EXPECT_EQ(arc.curve.spans[0].dir, -1);
   EXPECT_THAT(arc.curve.spans[0].pc, IsAt(-5, 0, 1e-9));
@@ -108,7 +108,7 @@ TEST_F(DxfPiecesTest, ALayerIsChosenByNameInAnyCase) {
             "d.dxf: has no lines or arcs on the layer 'Lid', but on '0', 'Bore'");
 }
 
-TEST_F(DxfPiecesTest, TellsWhatItLeavesOut) {
+TEST_F(DxfPiecesTest, ReportsTheEntitiesThatItLeavesOut) {
   const auto content = Dxf(Drawing(
       std::string(kLine) +
       "|0 TEXT|8 0|1 hello|0 SPLINE|8 0|0 TEXT|1 x|0 ARC|8 0|10 0|20 0|40 1|50 0|51 9|210 1|220 0|230 0"
@@ -123,7 +123,7 @@ TEST_F(DxfPiecesTest, TellsWhatItLeavesOut) {
                                                      "d.dxf: left out 1 SPLINE", "d.dxf: left out 2 TEXT"));
 }
 
-TEST_F(DxfPiecesTest, WhatIsInABlockIsNoContour) {
+TEST_F(DxfPiecesTest, BlocksAreNotRead) {
   EXPECT_EQ(
       Refused(Groups(std::string("0 SECTION|2 BLOCKS|0 BLOCK|2 part|") + kLine + "|0 ENDBLK|0 ENDSEC|0 EOF")),
       "d.dxf: has no lines or arcs");

@@ -7,14 +7,14 @@ class DxfRefusalsTest : public DxfTest {
  protected:
   struct Case {
     const char* entities;
-    const char* told;
+    const char* fault;
   };
   static void ExpectRefused(const std::vector<Case>& cases) {
-    for (const Case& c : cases) EXPECT_EQ(Refused(Drawing(c.entities)), c.told) << c.entities;
+    for (const Case& c : cases) EXPECT_EQ(Refused(Drawing(c.entities)), c.fault) << c.entities;
   }
 };
 
-TEST_F(DxfRefusalsTest, WhatIsNoDrawing) {
+TEST_F(DxfRefusalsTest, FilesThatAreNotDrawings) {
   EXPECT_EQ(Refused(""), "d.dxf: the drawing is cut short: it does not end with the group '0 EOF'");
   EXPECT_EQ(Refused("hello\nworld\n"), "d.dxf:1: expected a group code, found 'hello'");
   EXPECT_EQ(Refused("0\nLINE\n"), "d.dxf:2: not a DXF drawing: it does not begin with a section");
@@ -69,7 +69,7 @@ TEST_F(DxfRefusalsTest, PolylinesOutOfOrder) {
   });
 }
 
-TEST_F(DxfRefusalsTest, ShapesThatAreNone) {
+TEST_F(DxfRefusalsTest, InvalidShapes) {
   ExpectRefused({
       {"0 LINE|10 0|20 0|11 2e7|21 0", "d.dxf:16: the coordinate 2e+07 mm is not within 1e+07 mm"},
       {"0 CIRCLE|10 0|20 0|40 1e300", "d.dxf:16: the coordinate 1e+300 mm is not within 1e+07 mm"},

@@ -99,7 +99,7 @@ TEST_F(XmlFormTest, ContoursWithoutARootOrASystemAreRead) {
   EXPECT_EQ(ReadBack(nameless)[0].number, 1);
 }
 
-TEST_F(XmlFormTest, WhatIsNoContourIsToldWithItsLine) {
+TEST_F(XmlFormTest, ElementsThatAreNotContoursAreRefusedWithTheirLine) {
   EXPECT_EQ(Refused(""), "c.xml: has no contour");
   EXPECT_EQ(Refused("<CONTOURS>\n</CONTOURS>\n"), "c.xml: has no contour");
   EXPECT_EQ(Refused("<CONTOURS>\n"), "c.xml:2: the file is cut short: CONTOURS has no end tag");
@@ -114,7 +114,7 @@ TEST_F(XmlFormTest, WhatIsNoContourIsToldWithItsLine) {
       "c.xml:1: the contour has no span");
 }
 
-TEST_F(XmlFormTest, AContourThatIsCutShortIsToldWithItsLine) {
+TEST_F(XmlFormTest, AContourThatIsCutShortIsRefusedWithItsLine) {
   const std::size_t second = whole.find("<KURVE name=\"5\"");
   const auto line = 1 + std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(second), '\n');
   EXPECT_EQ(
@@ -123,9 +123,9 @@ TEST_F(XmlFormTest, AContourThatIsCutShortIsToldWithItsLine) {
 }
 
 TEST_F(XmlFormTest, ArcsAndCoordinatesAreChecked) {
-  std::string amiss = whole;
-  amiss.replace(amiss.find("centre\" x=\"20\" y=\"0\""), 20, "centre\" x=\"20\" y=\"5\"");
-  EXPECT_THAT(Refused(amiss), testing::HasSubstr("c.xml:3: the arc's centre is"));
+  std::string wrong = whole;
+  wrong.replace(wrong.find("centre\" x=\"20\" y=\"0\""), 20, "centre\" x=\"20\" y=\"5\"");
+  EXPECT_THAT(Refused(wrong), testing::HasSubstr("c.xml:3: the arc's centre is"));
   std::string large = whole;
   large.replace(large.find("x=\"-20\""), 7, "x=\"1e9\"");
   EXPECT_THAT(Refused(large), testing::HasSubstr("c.xml:3: the coordinate 1e+09 mm is not within"));
@@ -160,7 +160,7 @@ TEST_F(LibraryTextTest, TheContourFormIsTheSameAsTheStrictOne) {
   EXPECT_EQ(geometry::GetUnits(), 0) << "millimetres again";
 }
 
-TEST_F(LibraryTextTest, TheOtherFormsTellMillimetres) {
+TEST_F(LibraryTextTest, TheOtherFormsAreInMillimetres) {
   EXPECT_THAT(LibraryTextForm(two, LibraryText::kReport),
               testing::AllOf(testing::HasSubstr("# Area = 1114.16 sq.mm (Clockwise)"),
                              testing::HasSubstr("    CW x20     y-10    xc20     yc0      r10")));
@@ -179,7 +179,7 @@ TEST_F(LibraryTextTest, TheLibraryReadsOverWhatItDoesNotKnow) {
   EXPECT_EQ((*contours)[1].number, 2);
 }
 
-TEST_F(LibraryTextTest, FilesThatAreNoneAreRefused) {
+TEST_F(LibraryTextTest, InvalidFilesAreRefused) {
   EXPECT_EQ(Refused("missing.txt"), "cannot be read");
   EXPECT_EQ(Refused("."), "cannot be read");
   test::WriteBytes(folder / "empty.txt", "\n\n");

@@ -136,7 +136,7 @@ TEST_F(MakersTest, PartsOfAnArcStayOnIt) {
   EXPECT_NEAR(Made(PartOf(circle, {-10, 10}, {10, 10})).curve.perim, 15 * kPi, 1e-9);
 }
 
-TEST_F(MakersTest, PartsThatAreNoneAreRefused) {
+TEST_F(MakersTest, InvalidPartsAreRefused) {
   EXPECT_EQ(Refused(PartOf(open, {5, 0}, {5, -3})), "the two points are the same point of the contour");
   EXPECT_EQ(Refused(PartOf(open, {7, 0}, {2, 0})),
             "the second point comes before the first, and the contour is open");

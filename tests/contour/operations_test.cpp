@@ -34,7 +34,7 @@ TEST_F(OperationsTest, TheNearestPointOfAnArcIsOnItsSpokeOrAnEnd) {
   const Nearest onSpoke = NearestOn(quarter, {3, 4});
   EXPECT_THAT(onSpoke.point, IsAt(6, 8, 1e-9));
   EXPECT_NEAR(onSpoke.distance, 5, 1e-9);
-  // Behind the arc both ends are candidates; the nearer one wins on either side of the symmetry.
+  // Beyond the arc both ends are candidates; the nearer one wins on either side of the symmetry.
   EXPECT_THAT(NearestOn(quarter, {-6, -5}).point, IsAt(0, 10, 1e-9));
   EXPECT_THAT(NearestOn(quarter, {-5, -6}).point, IsAt(10, 0, 1e-9));
 }
@@ -45,7 +45,7 @@ TEST_F(OperationsTest, TheNearestPointTakesTheFirstOfEqualSpans) {
   EXPECT_NEAR(nearest.distance, 20, 1e-9);
 }
 
-TEST_F(OperationsTest, InsideIsToldByTheTrueArcsHoweverNear) {
+TEST_F(OperationsTest, InsideIsDecidedByTheTrueArcsHoweverNear) {
   const Contour slot = ReadOne(kSlot);
   for (const double angle : {-80.0, -33.3, 0.0, 45.0, 89.0}) {
     const double x = std::cos(angle * kPi / 180), y = std::sin(angle * kPi / 180);
@@ -56,7 +56,7 @@ TEST_F(OperationsTest, InsideIsToldByTheTrueArcsHoweverNear) {
   EXPECT_EQ(*SideOf(ReadOne(kQuarter), {1, 1}), Side::kOpen);
 }
 
-TEST_F(OperationsTest, CrossingsAreToldOnceThoughSpansMeetThere) {
+TEST_F(OperationsTest, CrossingsAreListedOnceAlsoAtVertices) {
   const Contour square = ReadOne("k1 e x0 y0\nx10 y0\nx10 y10\nx0 y10\nx0 y0\nek\n");
   const Contour diagonal = ReadOne("k1 e x-5 y-5\nx10 y10\nx15 y15\nek\n");
   const std::vector<Crossing> crossings = *Crossings(square, diagonal);

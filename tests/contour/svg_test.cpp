@@ -97,7 +97,7 @@ TEST_F(SvgTest, EveryContourHasAStartAndAnArrowAlongItsWay) {
   EXPECT_NEAR(n[3], -n[5], 1e-6);
 }
 
-TEST_F(SvgTest, NumbersStandBesideTheirVerticesAndApart) {
+TEST_F(SvgTest, NumbersAreNextToTheirVerticesAndApart) {
   const Contours contours = Read(kRoundedSquare);
   const std::string svg = Picture(contours, true);
   EXPECT_THAT(All(svg, ">([0-9]+)</text>"), testing::ElementsAre("0", "1", "2", "3", "4", "5", "6", "7"));

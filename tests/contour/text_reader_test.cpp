@@ -19,7 +19,7 @@ TEST_F(TextReaderTest, ReadsLinesAndArcsOfBothSenses) {
   EXPECT_THAT(contour.curve.spans[2].p1, IsAt(0, 10, 0));
 }
 
-TEST_F(TextReaderTest, TheStartStandsOnTheHeadOrOnTheFirstVertexLine) {
+TEST_F(TextReaderTest, TheStartIsOnTheHeadOrOnTheFirstVertexLine) {
   const Contour onHead = ReadOne("k1 e x3 y4\nx5 y6\nek\n");
   const Contour onLine = ReadOne("k1 e\nx3 y4\nx5 y6\nek\n");
   EXPECT_THAT(onHead.curve.start, IsAt(3, 4, 0));
@@ -58,7 +58,7 @@ TEST_F(TextReaderTest, ACentreThatIsALittleOffIsMovedOntoTheBisector) {
 
 struct Refusal {
   const char* text;
-  const char* told;
+  const char* fault;
 };
 
 TEST_F(TextReaderTest, RefusesWithThePlace) {
@@ -89,10 +89,10 @@ TEST_F(TextReaderTest, RefusesWithThePlace) {
       {"k1 e x10 y0\nax10 y0 x0 y0\nek\n", "c.txt:2: the arc is a full turn, which has to be two arcs"},
       {"k1 e x10 y0\nax10 y-0.01 x0 y0\nek\n", "c.txt:2: the arc is a full turn, which has to be two arcs"},
   };
-  for (const Refusal& refusal : refusals) EXPECT_EQ(FaultOf(refusal.text), refusal.told) << refusal.text;
+  for (const Refusal& refusal : refusals) EXPECT_EQ(FaultOf(refusal.text), refusal.fault) << refusal.text;
 }
 
-TEST_F(TextReaderTest, RefusesWhatIsNoText) {
+TEST_F(TextReaderTest, RefusesFilesThatAreNotText) {
   EXPECT_EQ(FaultOf(std::string("k1 e\0x1", 7)),
             "c.txt:1: not a text file: the line has a control character");
   EXPECT_EQ(FaultOf("k1 e\n\x1b[2J\n"), "c.txt:2: not a text file: the line has a control character");

@@ -16,7 +16,7 @@ TEST_F(TextWriterTest, WritesTheFormWithItsHead) {
             "x0 y0\nx10 y0\nax10 y10 x10 y5\nx0 y10\nek\n\n");
 }
 
-TEST_F(TextWriterTest, TellsAreaAndSenseOfClosedContours) {
+TEST_F(TextWriterTest, WritesAreaAndDirectionOfClosedContours) {
   // The sign of the area is the library's: clockwise is positive.
   EXPECT_THAT(TextForm(Read("k1 e x0 y0\nx0 y4\nx3 y4\nx3 y0\nx0 y0\nek\n")),
               testing::HasSubstr("(Closed)\nrem Perim = 14 mm\nrem Area = 12 sq.mm (Clockwise)\n"));

@@ -372,7 +372,7 @@ TEST(Apollonius, ASingularPairHasNoSolution) {
   EXPECT_EQ(Apollonius(1, 0, 0, 0, 0, 0.9e-8, 0, 0, Circle(Point(0, 0), 1), 1, out), 0);
 }
 
-TEST(Construct, TakesWhatIsNotANumberWithoutHarm) {
+TEST(Construct, AcceptsNumbersThatAreNotFinite) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
     const CLine line(Point(bad, 0), 1, bad, true);
     const CLine x(Point(0, 0), Point(1, 0));

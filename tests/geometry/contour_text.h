@@ -9,7 +9,7 @@
 #include "geometry/kurveex.h"
 
 /// Contours as texts, for tests: vertices in the lines of docs/formats/contour.md, `xX yY` a line, `axX yY xU
-/// yV` an arc anticlockwise, `txX yY xU yV` clockwise. Other lines are passed over, and so is a vertex that
+/// yV` an arc anticlockwise, `txX yY xU yV` clockwise. Other lines are skipped, and so is a vertex that
 /// lacks a number.
 namespace geometry::testing {
 
@@ -19,7 +19,7 @@ inline std::string Text(double number) {
   return {text, std::to_chars(text, text + sizeof text, number).ptr};
 }
 
-/// The numbers behind the letters x and y of a line.
+/// The numbers after the letters x and y of a line.
 inline std::vector<double> NumbersOf(std::string_view line) {
   std::vector<double> numbers;
   for (std::size_t i = 0; i < line.size(); ++i) {
@@ -50,7 +50,7 @@ inline std::vector<spVertex> VerticesOf(std::string_view text) {
   return vertices;
 }
 
-/// What remarks of the form `rem offset 2 code 0 spans 4` say: a distance to the left, and what comes of it;
+/// The content of remarks of the form `rem offset 2 code 0 spans 4`: a distance to the left, and its result;
 /// -1 where nothing is said.
 struct Expectation {
   double offset = 0;

@@ -17,7 +17,7 @@ std::string Written(const KurveEx& k, int number = 1) {
   return Streamed([&](std::FILE* stream) { k.Write(stream, number); });
 }
 
-/// What the text is read as; the contour held something else before.
+/// The contour that the text is read as; it had another content before.
 KurveEx Read(const std::string& text) {
   KurveEx k;
   k.Start(Point(5, 5));
@@ -38,7 +38,7 @@ KurveEx Plate() {
   return k;
 }
 
-TEST(ContourText, TellsVerticesInMillimetres) {
+TEST(ContourText, WritesVerticesInMillimetres) {
   EXPECT_EQ(Written(Plate(), 7),
             "k7 e\nrem Number of Spans = 4 (Closed)\nrem Perim = 151.416 mm\n"
             "rem Area = 1157.08 sq.mm (Clockwise)\n"
@@ -54,7 +54,7 @@ TEST(ContourText, AnOpenContourHasNoArea) {
             "x333.33333333333 y-1000\nax335.33333333333 y-1000 x334.33333333333 y-1000\nek\n\n");
 }
 
-TEST(ContourText, AReversedContourIsToldAsItReads) {
+TEST(ContourText, AReversedContourIsWrittenInReadingOrder) {
   KurveEx k = Plate();
   k.Reverse(true);
   EXPECT_EQ(Written(k),
@@ -157,7 +157,7 @@ TEST(ContourText, WithoutALineNothingIsRead) {
   }
 }
 
-TEST(ContourText, AnArcThatIsNoneLeavesTheContour) {
+TEST(ContourText, AnInvalidArcLeavesTheContour) {
   const UnitsGuard units(0);
   KurveEx k = Plate();
   EXPECT_EQ(FromStream("k1 e x0 y0\nax10 y0 x3 y0\nek\n",
@@ -166,7 +166,7 @@ TEST(ContourText, AnArcThatIsNoneLeavesTheContour) {
   EXPECT_TRUE(k == Plate());
 }
 
-TEST(ContourReport, TellsVerticesInColumns) {
+TEST(ContourReport, WritesVerticesInColumns) {
   const UnitsGuard units(0);
   KurveEx k;
   k.Start(Point(0, 0));
@@ -201,7 +201,7 @@ TEST(ContourReport, TheAreaPresumesMetres) {
               ::testing::HasSubstr("# Perim = 6.28319 mm\n# Area = 3.14159e+06 sq.mm (Clockwise)\n"));
 }
 
-TEST(ContourReport, SpansTellBothEnds) {
+TEST(ContourReport, SpansAreWrittenWithBothEnds) {
   const UnitsGuard units(1);
   const auto print = [](const Span& s) { return Streamed([&](std::FILE* stream) { Print(stream, s); }); };
   EXPECT_EQ(print(Span(Point(0, 0), Point(1, 0.125))),
@@ -242,7 +242,7 @@ TEST(ContourSource, SpellsOutVertices) {
             "// KurveEx output - vertex format\n\n\n");
 }
 
-TEST(ContourSource, TheFirstSpanIsLeftOutAndTheLastIsNone) {
+TEST(ContourSource, TheFirstSpanIsLeftOutAndTheLastIsADefaultSpan) {
   KurveEx k;
   k.Start(Point(0, 0));
   k.Add(0.01, 0);
@@ -266,7 +266,7 @@ TEST(ContourText, AFullDiskDoesNoHarm) {
   ASSERT_NE(full, nullptr);
   Plate().Write(full, 1);
   Plate().Print(full);
-  EXPECT_NE(std::fflush(full), 0) << "the stream tells its caller";
+  EXPECT_NE(std::fflush(full), 0) << "the stream reports it to its caller";
   std::fclose(full);
 }
 

@@ -152,7 +152,7 @@ TEST_F(EqualiseTest, ResultsMayTakeThePlaceOfTheirSources) {
   EXPECT_TRUE(b.Start() == Point(0, 1));
 }
 
-TEST_F(EqualiseTest, SoundContoursOfAnyKindNeverFail) {
+TEST_F(EqualiseTest, ValidContoursOfAnyKindNeverFail) {
   Random random(8);
   for (int round = 0; round < 300; ++round) {
     KurveEx pair[2];
@@ -206,7 +206,7 @@ TEST_F(EqualiseTest, TheDiagnosticFileIsInMillimetres) {
   EXPECT_THAT(ReadBytes(folder / "failed.xml"), ::testing::HasSubstr("x=\"250\" y=\"0\""));
 }
 
-TEST_F(EqualiseTest, ADiagnosticFileThatCannotBeWrittenIsToldBeforeTheFailure) {
+TEST_F(EqualiseTest, ADiagnosticFileThatCannotBeWrittenIsReportedBeforeTheFailure) {
   static std::wstring shown;
   const MessageSink former =
       SetMessageSink([](const std::wstring& text, const std::wstring&, bool) { shown = text; });
@@ -232,7 +232,7 @@ TEST_F(EqualiseTest, WithoutAPathTheDiagnosticFileIsAmongTheTemporaryOnes) {
   EXPECT_THAT(ReadBytes(folder / "failedEqualiseSpanCount.xml"), ::testing::HasSubstr("second"));
 }
 
-TEST_F(EqualiseTest, NumbersThatAreNoneDoNotHang) {
+TEST_F(EqualiseTest, NumbersThatAreNotFiniteDoNotHang) {
   KurveEx a = Polyline({{0, 0}, {1, 0}, {2, 0}});
   for (const double perim : {kNaN, 1e300, testing::kInfinity}) {
     a.perim = perim;

@@ -6,9 +6,9 @@
 #include "geometry/geometry.h"
 #include "geometry/state.h"
 
-/// What other programs are compiled against. Most of it is checked by the compiler: a function taken by a
-/// pointer of that type, a member of that kind. That each header stands alone is checked by the files made
-/// beside this one, which include nothing else.
+/// The interface that other programs are compiled against. Most of it is checked by the compiler: a function taken by a
+/// pointer of that type, a member of that kind. That each header is complete is checked by the
+/// generated files, which include nothing else.
 namespace geometry {
 namespace {
 
@@ -38,7 +38,7 @@ static_assert(!is_convertible_v<KurveEx, Kurve> && is_constructible_v<Kurve, Kur
 static_assert(!is_convertible_v<const double (&)[16], Matrix> &&
               is_constructible_v<Matrix, const double (&)[16]>);
 
-// Members stand in their order, as records are read member by member.
+// Members have their order, since records are read member by member.
 static_assert(offsetof(spVertex, type) < offsetof(spVertex, ID) &&
               offsetof(spVertex, ID) < offsetof(spVertex, p) &&
               offsetof(spVertex, p) < offsetof(spVertex, pc));

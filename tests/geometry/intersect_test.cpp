@@ -54,7 +54,8 @@ TEST(IntofLineAndCircle, OrderChoosesAlongTheLine) {
   EXPECT_TRUE(Intof(-1, s, c, other) == Point(4, 3));
   EXPECT_TRUE(other == Point(-4, 3));
   EXPECT_TRUE(Intof(1, -s, c) == Point(4, 3));
-  EXPECT_TRUE(Intof(1, CLine(Point(20, 3), Point(30, 3)), c) == Point(-4, 3)) << "behind its point too";
+  EXPECT_TRUE(Intof(1, CLine(Point(20, 3), Point(30, 3)), c) == Point(-4, 3))
+      << "also behind the point of the line";
 }
 
 TEST(IntofLineAndCircle, ATangentTouchesOnce) {
@@ -99,7 +100,7 @@ TEST(IntofCircles, TouchingOnesMeetOnce) {
 
 TEST(IntofCircles, ASmallOneTouchesFromWithinOnItsFarSide) {
   const UnitsGuard guard(0);
-  // A little off, the radical line lies just outside the small circle, which is then tried behind its centre.
+  // A little off, the radical line is just outside of the small circle, whose far side is then tried.
   Point p1;
   Point p2;
   const Circle small(Point(1.998, 0), 3);
@@ -487,7 +488,7 @@ TEST(BoxRay, AgreesWithWalkingAlongTheLine) {
   }
 }
 
-TEST(Intof, TakesWhatIsNotANumberWithoutHarm) {
+TEST(Intof, AcceptsNumbersThatAreNotFinite) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
     const CLine line(Point(bad, 0), bad, 1, true);
     const CLine good(Point(0, 0), 1, 1, true);

@@ -361,7 +361,7 @@ TEST(Kurve, IndexWordsFollowTheReading) {
   EXPECT_EQ(ThrownText([&] { k.ModifyIndex(-1, 1); }), kModifyIndex);
 }
 
-TEST(Kurve, TheNumberBehindTheLastVertexPassesTheTest) {
+TEST(Kurve, TheNumberAfterTheLastVertexIsAccepted) {
   Kurve k = Square(1);
   EXPECT_NO_THROW(k.Replace(5, LINEAR, Point(9, 9), Point(0, 0)));
   EXPECT_NO_THROW(k.ModifyIndex(5, 3));
@@ -820,7 +820,7 @@ TEST(Kurve, FromAWorkingContourTakesTheStoredSpans) {
   EXPECT_FALSE(Kurve(KurveEx()).started);
 }
 
-TEST(Kurve, TakesWhatIsNotANumberWithoutHarm) {
+TEST(Kurve, AcceptsNumbersThatAreNotFinite) {
   for (const double bad : {kNaN, kInfinity, 1e300, -1e-320}) {
     Kurve k = Square(1);
     k.Add(Point(bad, 0.5));

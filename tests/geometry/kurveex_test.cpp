@@ -250,7 +250,7 @@ TEST(KurveEx, ASpanAtTheStartMovesTheFormerStartToItsEnd) {
   ExpectTrueTotals(k);
 }
 
-TEST(KurveEx, ASpanAtTheStartLeavesTheNullSpansBehindIt) {
+TEST(KurveEx, ASpanAtTheStartLeavesTheNullSpansAfterIt) {
   KurveEx k = Square(1);
   k.AddNullSpan();
   EXPECT_TRUE(k.AddAtStart(Span(Point(-5, 0), Point(0, 0)), false));
@@ -795,7 +795,7 @@ TEST(KurveEx, ReduceMakesAFullCircleOfTwoHalves) {
   EXPECT_NEAR(k.area, 4 * kPi, 1e-9) << "read reversed, it is clockwise";
 }
 
-TEST(KurveEx, TakesWhatIsNotANumberWithoutHarm) {
+TEST(KurveEx, AcceptsNumbersThatAreNotFinite) {
   for (const double bad : {kNaN, testing::kInfinity, 1e300, 1e-320}) {
     KurveEx k = Square(1);
     k.Add(bad, 3);

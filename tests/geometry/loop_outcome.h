@@ -5,11 +5,11 @@
 
 #include "geometry/offset/loop_removal.h"
 
-/// What the removal of loops makes of a contour, so that two ways of doing it can be compared to the last
+/// The result of the removal of loops, so that two ways of doing it can be compared to the last
 /// bit.
 namespace geometry::testing {
 
-/// All of a contour that can be told apart, as bytes.
+/// The complete state of a contour, as bytes.
 inline std::string BytesOf(const KurveEx& k) {
   std::string bytes;
   const auto put = [&bytes](const auto&... values) {
@@ -24,7 +24,7 @@ inline std::string BytesOf(const KurveEx& k) {
   return bytes;
 }
 
-/// What comes out, or what is thrown.
+/// The result, or the exception.
 inline std::string Outcome(const KurveEx& raw, const KurveEx& source, double off, Search search) {
   int code = -1;
   try {

@@ -72,7 +72,7 @@ TEST_F(LoopTest, EndsASpanWhereALaterOneCrosses) {
 }
 
 TEST_F(LoopTest, LooksAtFiftyOneSpans) {
-  // The neighbour of the first span and 50 more lie before the last one that is looked at.
+  // The neighbour of the first span and 50 more come before the last one that is compared.
   EXPECT_EQ(Cut(LoopOver(51), kFar, 1).SpanCount(), 3);
   EXPECT_EQ(Cut(LoopOver(52), kFar, 1).SpanCount(), 55);
 }
@@ -83,7 +83,7 @@ TEST_F(LoopTest, LooksAtTwentySixSpansOfACompactContour) {
 }
 
 TEST_F(LoopTest, LooksAtAllOnceACrossingWasSeen) {
-  // The source lies by the first crossing, at (8, 0), and far from the one at (5, 0).
+  // The source is near the first crossing, at (8, 0), and far from the one at (5, 0).
   std::string raw = "x0 y0; x10 y0; x10 y3; x8 y3; x8 y-1; x8.1 y3;";
   for (int i = 0; i < 80; ++i) raw += "x" + Text(8.2 + 0.1 * i) + " y" + Text(3 + i % 2) + ";";
   raw += "x20 y9; x5 y9; x5 y-5; x-9 y-5";
@@ -121,7 +121,7 @@ TEST_F(LoopTest, TooNearIsNearerThanTheOffsetLessTheTolerance) {
   }
 }
 
-TEST_F(LoopTest, ACrossingAtTheStartOfTheSpanIsNone) {
+TEST_F(LoopTest, ACrossingAtTheStartOfTheSpanDoesNotCount) {
   for (const double x : {0.004, 0.006}) {
     const std::string at = "x" + Text(x);
     const KurveEx k = Cut("x0 y0; x10 y0; x10 y4;" + at + " y4;" + at + " y-5", kFar, 1);

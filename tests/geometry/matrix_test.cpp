@@ -163,7 +163,7 @@ TEST(Matrix, IsUnitClearsMirroredOnlyOnSuccess) {
 TEST(Matrix, IsMirroredIsTheSignOfTheDeterminant) {
   Matrix m;
   m.e[0] = -1;
-  EXPECT_FALSE(m.IsMirrored()) << "the flag unit still stands";
+  EXPECT_FALSE(m.IsMirrored()) << "the flag unit is still set";
   m.unit = false;
   EXPECT_TRUE(m.IsMirrored());
   const double swap[16] = {0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
@@ -567,7 +567,7 @@ TEST(MatrixVdm, StoresTheElementsAndSixteenBytesOfZero) {
   EXPECT_TRUE(back == m);
 }
 
-TEST(MatrixVdm, ReadsUnitExactlyAndMirroredAnew) {
+TEST(MatrixVdm, ReadsUnitExactlyAndComputesMirroredAgain) {
   SetMatrixVdmHost(kFakeHost);
   vdm = {.calls = "", .record = {}, .handle = 0};
   Matrix m;

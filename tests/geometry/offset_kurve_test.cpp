@@ -98,7 +98,7 @@ TEST_F(KurveOffsetTest, OfASquareOutwardHasFourRollArcs) {
   EXPECT_NEAR(out_.Area(), -(100 + 80 + kPi * 4), 1e-9);
 }
 
-TEST_F(KurveOffsetTest, RollArcsLieAboutTheirVertices) {
+TEST_F(KurveOffsetTest, RollArcsHaveTheirVerticesAsCentres) {
   CompactOf(kSquare).OffsetMethod1(out_, -2, 1, 0);
   Point p;
   Point centre;
@@ -323,7 +323,7 @@ TEST_F(PairOffsetTest, LeavesALargeArcBetweenSmallerOnes) {
 }
 
 TEST_F(PairOffsetTest, ParallelNeighboursLeaveTheArcAsItIs) {
-  // The lines before and behind a half circle, moved by its radius, are one line.
+  // The lines before and after a half circle, moved by its radius, are one line.
   EXPECT_EQ(CompactOf("x-9 y0; x0 y0; ax0 y6 x0 y3; x-9 y6").OffsetMethod2(out_, 1, 1, false), 1);
   EXPECT_TRUE(out_ == CompactOf("x-9 y1; x0 y1; ax0 y5 x0 y3; x-9 y5"));
 }

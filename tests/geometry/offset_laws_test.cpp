@@ -7,7 +7,7 @@
 #include "geometry/offset.h"
 #include "geometry/random_contour.h"
 
-/// What holds for offsets of contours that do not cross themselves, asked of many drawn by lot. The seeds are
+/// Laws of the offsets of contours that do not cross themselves, tested with many random ones. The seeds are
 /// fixed. Where the steps break a law now and then, the law says how often; offset_limits_test.cpp has small
 /// contours of that kind.
 namespace geometry {
@@ -46,7 +46,7 @@ struct Case {
   double off;
 };
 
-/// What `Offset` made of a contour; the code is -1 when it threw.
+/// The result of `Offset`; the code is -1 when it threw.
 struct Made {
   int code;
   KurveEx contour;

@@ -7,7 +7,7 @@
 #include "geometry/support.h"
 
 /// Where the steps of an offset end: small contours that break a law, and what happens then.
-/// geometry/README.md tells them to callers.
+/// geometry/README.md lists them for callers.
 namespace geometry {
 namespace {
 
@@ -71,7 +71,7 @@ TEST_F(OffsetLimits, ANullSpanAtTheStartOfALeftTurnAfterAnArcIsRefused) {
             L"Invalid Geometry - Radii mismatch - SetProperties");
 }
 
-TEST_F(OffsetLimits, ALoopLongerThanTheScanIsNotSeen) {
+TEST_F(OffsetLimits, ALoopLongerThanTheScanIsNotFound) {
   // The walls of a slot, in pieces of 1 mm or as they are.
   std::string pieces = "x0 y0; x60 y0; x60 y28;";
   for (int x = 59; x >= 30; --x) pieces += "x" + std::to_string(x) + " y28;";

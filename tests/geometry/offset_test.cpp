@@ -174,7 +174,7 @@ TEST_F(OffsetTest, OfACircleKeepsItsHalves) {
   EXPECT_NEAR(out_.area, kPi * 144, 1e-9);
 }
 
-TEST_F(OffsetTest, SignsOfAreasTellTheCode) {
+TEST_F(OffsetTest, SignsOfAreasDecideTheCode) {
   EXPECT_EQ(CodeOfAreas(-100, -36, 2), 0);
   EXPECT_EQ(CodeOfAreas(-100, 36, 2), 3);
   EXPECT_EQ(CodeOfAreas(-100, 0, 2), 3);
@@ -256,7 +256,7 @@ TEST_F(OffsetTest, ANullSpanAtTheSeamOfALeftTurnLeavesItOpen) {
   EXPECT_FALSE(out_.Closed());
 }
 
-TEST_F(OffsetTest, ANullSpanAtTheSeamOfThreeSpansIsNotLookedAt) {
+TEST_F(OffsetTest, ANullSpanAtTheSeamOfThreeSpansGetsNoRollArc) {
   EXPECT_EQ(ContourOf("x0 y0; x0 y0; x0 y10; x0 y0").Offset(out_, 2, 1, 0, 0), 0);
   EXPECT_EQ(out_.Start(), Point(-2, 0));
   EXPECT_EQ(ContourOf("x0 y0; x0 y0; x0 y10; x5 y10; x0 y0").Offset(out_, 2, 1, 0, 0), 0);

@@ -8,7 +8,7 @@
 /// Contours drawn by lot, for laws that hold for all.
 namespace geometry::testing {
 
-/// A vertex behind the end of the contour: a line, or an arc whose chord bulges by up to about a half circle.
+/// A vertex after the end of the contour: a line, or an arc whose chord bulges by up to about a half circle.
 inline spVertex LineOrArc(const Point& from, const Point& to, bool arc, Random& random) {
   if (!arc || Dist(from, to) < 0.1) return {LINEAR, to, Point(0, 0)};
   const int dir = random.Below(2) == 0 ? ACW : CW;

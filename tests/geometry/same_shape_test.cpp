@@ -86,7 +86,7 @@ TEST_F(SameShapeTest, AMovedCopyIsFoundWithItsMotion) {
   }
 }
 
-TEST_F(SameShapeTest, TheRunningAreaOfAnOpenContourTellsItsPlace) {
+TEST_F(SameShapeTest, TheRunningAreaOfAnOpenContourDependsOnItsPlace) {
   EXPECT_FALSE(Same(hook, Moved(hook, Motion(0, 0, 50))));
   ASSERT_TRUE(Same(hook, Moved(hook, Motion(0, 50, 0))));
 }
@@ -263,7 +263,7 @@ TEST_F(SameShapeTest, ArcsNeedTheirSenseAndRadius) {
   EXPECT_FALSE(Same(a, c)) << "radius";
 }
 
-TEST_F(SameShapeTest, ANullSpanInFrontTellsNoDirection) {
+TEST_F(SameShapeTest, ANullSpanInFrontGivesNoDirection) {
   KurveEx a;
   a.Start(Point(0, 0));
   a.AddNullSpan();

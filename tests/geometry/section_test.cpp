@@ -82,7 +82,7 @@ TEST(Section, GivesBothContoursAVertexAtTheSamePlace) {
   EXPECT_TRUE(outB.spans[0].p1 == Point(0, 40 / (2 + kPi))) << "as far along the perimeter";
 }
 
-TEST(Section, CutsGoAsFarAsToldBeyondThePartnersSpan) {
+TEST(Section, CutsGoBeyondThePartnersSpan) {
   const KurveEx a = Polyline({Point(0, 0), Point(9, 0), Point(10, 0)});
   const KurveEx b = Polyline({Point(0, 0), Point(1, 0), Point(10, 0)});
   KurveEx outA;
@@ -318,7 +318,7 @@ std::vector<SpanReplacement> Replacing(int vertexNumber, const KurveEx& with) {
   return list;
 }
 
-TEST(ReplaceSpans, KeepsTheEndBeforeOrTheStartBehind) {
+TEST(ReplaceSpans, KeepsTheEndBeforeOrTheStartAfter) {
   const KurveEx k = Polyline({Point(0, 0), Point(1, 0), Point(2, 0), Point(3, 0)});
   const KurveEx arch = Polyline({Point(1.1, 0), Point(1.5, 1), Point(1.9, 0)});
   KurveEx out;

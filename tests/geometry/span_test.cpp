@@ -574,7 +574,7 @@ TEST(Span, OffsetBeyondTheCentreIsNullBetweenTheMovedEnds) {
   EXPECT_FALSE(arc.Offset(9.9).NullSpan);
 }
 
-TEST(Span, TakesWhatIsNotANumberWithoutHarm) {
+TEST(Span, AcceptsNumbersThatAreNotFinite) {
   for (const double bad : {kNaN, kInfinity, -kInfinity, 1e300, 1e-320}) {
     for (const int dir : {LINEAR, ACW, CW}) {
       for (int place = 0; place < 6; ++place) {

@@ -11,7 +11,7 @@ namespace geometry::testing {
 using Folder = vanzet::test::TemporaryFolder;
 using vanzet::test::ReadBytes;
 
-/// What `write` puts into a stream.
+/// The text that `write` puts into a stream.
 template <class WriteTo>
 std::string Streamed(WriteTo&& write) {
   std::FILE* const stream = std::tmpfile();
@@ -23,7 +23,7 @@ std::string Streamed(WriteTo&& write) {
   return text;
 }
 
-/// What `read` gives from a stream that holds the text.
+/// The result of `read` from a stream with that text.
 template <class ReadFrom>
 auto FromStream(const std::string& text, ReadFrom&& read) {
   std::FILE* const stream = std::tmpfile();

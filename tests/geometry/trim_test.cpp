@@ -59,7 +59,7 @@ TEST_F(TrimTest, ALineInFrontLeadsAlongTheStartTangent) {
   ExpectSound(longer);
 }
 
-TEST_F(TrimTest, ALineBehindLeadsAlongTheEndTangent) {
+TEST_F(TrimTest, ALineAfterTheEndFollowsTheEndTangent) {
   KurveEx arc;
   arc.Start(Point(20, 0));
   arc.Add(ACW, Point(20, 20), Point(20, 10));
@@ -168,7 +168,7 @@ TEST_F(TrimTest, NoLengthLeavesAll) {
 }
 
 TEST_F(TrimTest, AContourThatCrossesItselfIsTrimmedAtTheRightPlace) {
-  // The end lies on the first span, and the way goes over (5, 0) twice.
+  // The end is on the first span, and the way passes (5, 0) twice.
   const KurveEx loop = Polyline({{0, 0}, {10, 0}, {10, 5}, {5, 5}, {5, 0}});
   const KurveEx trimmed = TrimStart(2, loop);
   EXPECT_NEAR(trimmed.perim, 23, 1e-9);

@@ -12,7 +12,7 @@ namespace {
 using testing::ThrownText;
 using testing::UnitsGuard;
 
-/// What an object built at start-up saw, before main and whatever the order of the files.
+/// The values that an object constructed at start-up found, before main and in any order of the files.
 struct SeenAtStart {
   std::int32_t units = Units;
   double tolerance = TOLERANCE, closed = CLOSED_TOLERANCE, cosine = COS_ANGLE_TOLERANCE;

@@ -57,7 +57,7 @@ TEST(XmlReader, ANameIsLookedForUpToTheEndOfTheLine) {
   EXPECT_TRUE(Reading("<KURVEEX/>").xml.FindTag(L"KURVE"));
   EXPECT_FALSE(Reading("<PX POINT/>").xml.FindTag(L"POINT")) << "a false start ends the search";
   EXPECT_FALSE(Reading("<A\nPOINT/>").xml.FindTag(L"POINT"));
-  EXPECT_TRUE(Reading("<\"\" POINT/>").xml.FindTag(L"POINT")) << "quotes and blanks are passed over";
+  EXPECT_TRUE(Reading("<\"\" POINT/>").xml.FindTag(L"POINT")) << "quotes and blanks are skipped";
   EXPECT_FALSE(Reading("<POIN").xml.FindTag(L"POINT"));
 }
 
@@ -96,7 +96,7 @@ TEST(XmlReader, AnAttributeThatIsNotThereLeavesThePlace) {
   EXPECT_EQ(y, 2);
 }
 
-TEST(XmlReader, TextThatIsNoNumberIsZero) {
+TEST(XmlReader, TextThatIsNotANumberIsZero) {
   Reading r("<A i=\"ten\" d=\"\" e=\"1e999\"/>\n");
   int i = 5;
   double d = 5;
@@ -110,7 +110,7 @@ TEST(XmlReader, TextThatIsNoNumberIsZero) {
   EXPECT_EQ(e, 0);
 }
 
-TEST(XmlReader, AValueWithoutAnEndIsNone) {
+TEST(XmlReader, AValueWithoutAnEndIsNotRead) {
   Reading r("<A s=\"cut short");
   std::wstring s;
   ASSERT_TRUE(r.xml.FindTag(L"A"));
@@ -232,7 +232,7 @@ TEST(XmlReader, AContourNeedsItsHeadAndAllItsVertices) {
   EXPECT_FALSE(endless.xml.Read(endless.name, k));
 }
 
-TEST(XmlReader, TheWriterOfAnEmptyContourPromisesAVertexThatIsNotThere) {
+TEST(XmlReader, TheWriterDeclaresOneVertexForAnEmptyContour) {
   Reading r(Written(Kurve()));
   Kurve k;
   EXPECT_FALSE(r.xml.Read(r.name, k));
@@ -279,7 +279,7 @@ TEST(XmlReader, SpansComeBackWithTheirPropertiesAndWithoutIds) {
   }
 }
 
-TEST(XmlReader, RadiusAndLengthAreFoundBehindTheChildren) {
+TEST(XmlReader, RadiusAndLengthAreFoundAfterTheChildren) {
   Reading r(Written(Span(CW, Point(0, 5), Point(5, 0), Point(0, 0))));
   Point p;
   EXPECT_TRUE(r.xml.FindTag(L"SPAN"));
@@ -292,7 +292,7 @@ TEST(XmlReader, RadiusAndLengthAreFoundBehindTheChildren) {
   EXPECT_NEAR(length, 2.5 * testing::kPi, 1e-12);
 }
 
-TEST(XmlReader, ASpanThatLacksAPartIsNone) {
+TEST(XmlReader, ASpanThatLacksAPartIsNotRead) {
   const std::string whole = Written(Span(CW, Point(0, 5), Point(5, 0), Point(0, 0)));
   const auto isRead = [](const std::string& text) {
     Reading r(text);
@@ -309,8 +309,8 @@ TEST(XmlReader, ASpanThatLacksAPartIsNone) {
   }
   EXPECT_FALSE(isRead(without("<POINT name=\"centre\" x=\"0\" y=\"0\"/>\n")));
   EXPECT_TRUE(isRead(without(" radius=\"5\""))) << "it follows from the points";
-  std::string amiss = whole;
-  EXPECT_FALSE(isRead(amiss.replace(amiss.find("x=\"5\""), 5, "x=\"9\""))) << "no arc has this centre";
+  std::string wrong = whole;
+  EXPECT_FALSE(isRead(wrong.replace(wrong.find("x=\"5\""), 5, "x=\"9\""))) << "no arc has this centre";
 }
 
 TEST(XmlReader, UnknownTypesAreAnticlockwise) {
@@ -334,7 +334,7 @@ TEST(XmlReader, AVertexNeedsItsPoints) {
   }
 }
 
-TEST(XmlReader, TellsWhichTagComesNextAndWhere) {
+TEST(XmlReader, ReportsTheNextTagAndItsLine) {
   Reading r("\n<KURVEEX name=\"\"/>\n\n<A>\n</A>\n");
   EXPECT_FALSE(r.xml.NextTagIs(L"KURVE")) << "the whole name counts";
   EXPECT_TRUE(r.xml.NextTagIs(L"KURVEEX"));
@@ -356,7 +356,7 @@ TEST(XmlReader, TellsWhichTagComesNextAndWhere) {
   EXPECT_EQ(back.xml.Line(), 3);
 }
 
-TEST(XmlReader, TheLineIsCountedAnewAfterGoingBack) {
+TEST(XmlReader, TheLineIsCountedAgainAfterGoingBack) {
   Reading r("<A\n");
   EXPECT_TRUE(r.xml.FindTag(L"A"));
   EXPECT_FALSE(r.xml.EndElement());
@@ -474,7 +474,7 @@ class XmlReaderMessages : public ::testing::Test {
   MessageSink former_;
 };
 
-TEST_F(XmlReaderMessages, AFileThatCannotBeReadIsTold) {
+TEST_F(XmlReaderMessages, AFileThatCannotBeReadIsReported) {
   const Folder folder;
   int count = 0;
   for (const std::filesystem::path& path :

@@ -14,7 +14,7 @@ using testing::ThrownText;
 using testing::UnitsGuard;
 using testing::Wide;
 
-/// What the actions on a writer put into its file.
+/// The text that the actions on a writer put into its file.
 template <class Action>
 std::string Written(Action&& action, bool toMillimetres = false) {
   std::ostringstream bytes;
@@ -110,13 +110,13 @@ TEST(XmlWriter, WritesEachKindWithItsAttributesInOrder) {
             "<CIRCLE name=\"c\" xc=\"10\" yc=\"12\" radius=\"14\"/>\n");
 }
 
-TEST(XmlWriter, AMatrixTellsItsColumnsAndScalesItsTranslation) {
+TEST(XmlWriter, AMatrixIsWrittenByColumnsWithAScaledTranslation) {
   Matrix m;
   EXPECT_EQ(Written([&](XmlWriter& xml) { xml.Write(L"M", m); }), "<M UnitMatrix=\"TRUE\"/>\n");
   for (int i = 0; i < 12; ++i) m.e[i] = i + 1;
   m.e[0] = -1;
   m.unit = false;
-  m.mirrored = true;  // which it is not; it is told anew
+  m.mirrored = true;  // which is wrong and computed again
   const auto text = Written([&](XmlWriter& xml) {
     xml.scale = 100;
     xml.Write(L"MATRIX", m);
@@ -155,7 +155,7 @@ TEST(XmlWriter, OnlyBareMarksHaveWords) {
   EXPECT_EQ(ID(FULL_CIRCLE_KURVE), "-2147483648");
 }
 
-TEST(XmlWriter, RadiusAndLengthOfASpanStandBehindItsChildren) {
+TEST(XmlWriter, RadiusAndLengthOfASpanComeAfterItsChildren) {
   EXPECT_EQ(Written([](XmlWriter& xml) {
               xml.scale = 10;
               xml.Write(L"", Span(Point(0, 0), Point(3, 4), 5));
@@ -197,7 +197,7 @@ TEST(XmlWriter, AReversedContourIsWrittenAsItReads) {
                                     "ID=\"UNMARKED\" type=\"CW\">\n<POINT name=\"\" x=\"1\" y=\"2\"/>"));
 }
 
-TEST(XmlWriter, TheSystemTellsInchesForMetresToo) {
+TEST(XmlWriter, TheSystemWritesInchesForMetresToo) {
   const auto system = [](bool toMillimetres) {
     return Written([](XmlWriter& xml) { xml.WriteSystem(); }, toMillimetres);
   };
@@ -256,7 +256,7 @@ TEST(XmlWriter, DoesNotThrowOnTopOfAnotherException) {
             L"first");
 }
 
-TEST_F(XmlMessages, AFileThatCannotBeOpenedIsToldAndNothingIsWritten) {
+TEST_F(XmlMessages, AFileThatCannotBeOpenedIsReportedAndNothingIsWritten) {
   const Folder folder;
   const std::wstring path = Wide(folder / "missing/file.xml");
   {
@@ -283,7 +283,7 @@ TEST_F(XmlMessages, AFullDiskIsNoticed) {
   EXPECT_EQ(shown.count, 0);
 }
 
-TEST(XmlWriter, AFileThatIsThereIsWrittenAnew) {
+TEST(XmlWriter, AnExistingFileIsReplaced) {
   const Folder folder;
   const std::filesystem::path path = folder / "ä.xml";
   std::ofstream(path) << "what was there before, which is longer";
@@ -322,7 +322,7 @@ TEST(WideText, ComesBack) {
   EXPECT_EQ(Widen("\xf0\x9f\x98\x80"), L"\U0001F600") << "of other writers";
 }
 
-TEST(WideText, BytesThatAreNoneStandForThemselves) {
+TEST(WideText, InvalidBytesBecomeTheCharactersOfTheirNumbers) {
   EXPECT_EQ(Widen("\x80z"), L"\u0080z");
   EXPECT_EQ(Widen("\xe4ra"), L"\u00e4ra");
   EXPECT_EQ(Widen("\xe2\x82"), L"\u00e2\u0082");
