@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 #include "geometry/kurve.h"
 #include "geometry/units.h"
 #include "modeller/export.h"

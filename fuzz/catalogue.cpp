@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_lines.h"
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 #include "fuzz/fuzz.h"
 #include "macro/device_record.h"
 

@@ -89,7 +89,7 @@ void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams
   if (!device.Has("letters")) device.json["letters"] = Json::object();
   const Place letters = device["letters"];
   Keys keys;
-  for (const char letter : LettersOf(type)) keys.emplace_back(1, letter);
+  for (const devices::Letter& each : devices::LettersOf(type)) keys.emplace_back(1, each.letter);
   if (!IsObject(letters, keys)) return;
   for (const std::string& key : keys) {
     if (letters.Has(key)) {

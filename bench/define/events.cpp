@@ -212,9 +212,9 @@ std::string CatalogueText(const Json& form) {
     if (!device.contains("name")) return;
     const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
     text += device["name"].get<std::string>() + "\n" + std::to_string(row.first + shape - 1);
-    // A type keeps letters from A on without a gap, as a value line has them.
-    for (const char letter : LettersOf(row.first + shape - 1)) {
-      text += " " + ExactText(device["letters"][std::string(1, letter)].get<double>());
+    // A type of the catalogue has letters from A on without a gap, as a value line has them.
+    for (const devices::Letter& each : devices::LettersOf(row.first + shape - 1)) {
+      text += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
     }
     text += "\n";
   });

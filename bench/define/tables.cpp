@@ -1,6 +1,5 @@
 #include "define/tables.h"
 
-#include "devices/device_types.h"
 #include "view/ids.h"
 
 namespace vanzet::define {
@@ -124,11 +123,6 @@ const DeviceRow& JawRow() {
 
 const DeviceRow& CenterRow() {
   return kCenter;
-}
-
-std::string_view LettersOf(std::int32_t type) {
-  const DeviceType* const row = FindDeviceType(type);
-  return row == nullptr ? std::string_view() : row->keeps;
 }
 
 }  // namespace vanzet::define

@@ -86,9 +86,6 @@ std::span<const DeviceRow> ClampRows();
 const DeviceRow& JawRow();
 const DeviceRow& CenterRow();
 
-/// The letters of the values that a type keeps; none for a type that nobody knows.
-std::string_view LettersOf(std::int32_t type);
-
 inline constexpr std::string_view kSpindleKeys[] = {"main", "sub"};
 
 /// The word of the kind that a record is of.

@@ -86,8 +86,8 @@ class Writer {
     Json json = Json::object();
     json[type == row.own ? "file" : "name"] = device.name;
     if (type != row.own && row.HasShapes()) json["shape"] = type - row.first + 1;
-    for (const char letter : LettersOf(type)) {
-      json["letters"][std::string(1, letter)] = NumberJson(ValueOf(device.params, letter));
+    for (const devices::Letter& each : devices::LettersOf(type)) {
+      json["letters"][std::string(1, each.letter)] = NumberJson(ValueOf(device.params, each.letter));
     }
     return json;
   }

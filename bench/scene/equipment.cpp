@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
+#include "devices/kinds.h"
 
 namespace vanzet::scene {
 namespace {
@@ -121,12 +122,10 @@ std::array<double, 3> ThreeReals(std::string_view text) {
 }
 
 DeviceParams ReadDeviceParams(std::string_view valueLine) {
-  constexpr std::int32_t kFirstOld = 109, kLastOld = 113, kOldToNew = 6;
   DeviceParams params;
   Fields fields(valueLine);
-  params.type = fields.Integer();
+  params.type = devices::NewerCode(fields.Integer());
   for (double DeviceParams::*const real : kDeviceReals) params.*real = fields.Real();
-  if (params.type >= kFirstOld && params.type <= kLastOld) params.type -= kOldToNew;
   return params;
 }
 
@@ -147,7 +146,7 @@ Equipment ReadEquipment(const Definition& definition) {
   equipment.usesSteadyRest = IntegerOrZero(ItemOf(ItemsOf(definition, kSteadyRest, 1), 0)) != 0;
   equipment.center = DeviceOf(ItemsOf(definition, kCenter, 1));
   Spindle& sub = equipment.spindles[1];
-  equipment.isCenterInSub = IsCenterType(sub.clamp.params.type);
+  equipment.isCenterInSub = devices::IsCenter(sub.clamp.params.type);
   if (equipment.isCenterInSub) equipment.center = std::exchange(sub.clamp, {});
   return equipment;
 }

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "devices/device_outlines.h"
-#include "devices/device_types.h"
+#include "devices/kinds.h"
+#include "devices/outline.h"
 #include "modeller/body.h"
 #include "modeller/measures.h"
 #include "modeller/sweep.h"
@@ -14,8 +14,7 @@ namespace {
 using geometry::Box3d;
 using modeller::Body;
 
-constexpr double kThicknessUntold = 2.05;  // of a jaw whose type tells none
-constexpr double kSameSize = 0.2;          // millimetres: what facets leave out, and the decimals of a text
+constexpr double kSameSize = 0.2;  // millimetres: what facets leave out, and the decimals of a text
 
 const modeller::Axis kSpindle = {{0, 0, 0}, {1, 0, 0}};
 
@@ -46,12 +45,10 @@ bool AreAlike(const geometry::Point3d& a, const geometry::Point3d& b) {
 
 std::optional<Body> ExactBody(const DeviceParams& params, const Body& facets) {
   const std::vector<OutlineVertex> outline = OutlineOf(params);
-  const DeviceType* const type = FindDeviceType(params.type);
-  if (outline.empty() || type == nullptr) return std::nullopt;
-  const bool isJaw = params.type >= 5 && params.type <= 12;
-  const double thickness = type->thickness == ' ' ? kThicknessUntold : ValueOf(params, type->thickness);
+  if (outline.empty()) return std::nullopt;
   const geometry::Kurve contour = ContourOf(outline);
-  const auto body = isJaw ? JawOf(contour, thickness) : modeller::Spin(contour, kSpindle, 360);
+  const auto body = devices::IsJaw(params.type) ? JawOf(contour, devices::ThicknessOf(params))
+                                                : modeller::Spin(contour, kSpindle, 360);
   if (!body) return std::nullopt;
   const auto box = modeller::Extents(*body), shown = modeller::Extents(facets);
   if (!box || !shown || !AreAlike(box->min, shown->min) || !AreAlike(box->max, shown->max)) {

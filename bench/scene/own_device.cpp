@@ -13,18 +13,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-struct ClassRow {
-  DeviceClass deviceClass;
-  std::string_view word;
-};
-constexpr ClassRow kClasses[] = {
-    {DeviceClass::kChuck, "chuck"},
-    {DeviceClass::kJaw, "jaw"},
-    {DeviceClass::kCenter, "center"},
-};
-
-constexpr std::int32_t kGroup = 3;  // of all clamp devices, jaws and centers
-
 std::string RealText(double value) {
   constexpr int kDecimals = 6;
   return FixedText(value, kDecimals);
@@ -79,20 +67,6 @@ vdm::Record RecordOf(const std::string& kind, const std::vector<Lines>& sections
 
 }  // namespace
 
-std::string_view WordOf(DeviceClass deviceClass) {
-  for (const ClassRow& row : kClasses) {
-    if (row.deviceClass == deviceClass) return row.word;
-  }
-  return "";
-}
-
-std::optional<DeviceClass> DeviceClassNamed(std::string_view word) {
-  for (const ClassRow& row : kClasses) {
-    if (row.word == word) return row.deviceClass;
-  }
-  return std::nullopt;
-}
-
 Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset) {
   const auto mesh = modeller::MeshOf(body, {});
   if (!mesh) return mesh.fault();
@@ -107,8 +81,8 @@ Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, dou
 Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
   auto text = DeviceVrmlLines(device.body, OffsetOf(device));
   if (!text) return text.fault();
-  const std::string word(WordOf(device.deviceClass));
-  const std::string values = std::to_string(kGroup) + " " +
+  const std::string word(devices::WordOf(device.deviceClass));
+  const std::string values = std::to_string(devices::kClampDeviceGroup) + " " +
                              std::to_string(static_cast<int>(device.deviceClass)) + " " +
                              RealText(device.first) + " " + RealText(device.second);
   Lines outline;
@@ -130,7 +104,7 @@ Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content) 
   const auto number = IntegerPrefix(rest);
   rest.remove_prefix(number ? number->used : 0);
   const auto deviceClass = static_cast<DeviceClass>(number ? number->value : -1);
-  if (!group || group->value != kGroup || WordOf(deviceClass).empty()) {
+  if (!group || group->value != devices::kClampDeviceGroup || devices::WordOf(deviceClass).empty()) {
     return Fault{"holds no chuck, jaw or center"};
   }
   const auto [first, second, none] = ThreeReals(rest);

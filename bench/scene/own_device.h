@@ -1,10 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "devices/kinds.h"
 #include "geometry/kurve.h"
 #include "modeller/body.h"
 #include "project/definition.h"
@@ -13,12 +12,9 @@
 /// Devices that a shop has made itself, each in a VDM of its own: docs/formats/definition.md, "Own devices".
 namespace vanzet::scene {
 
-/// The numbers are those of the file.
-enum class DeviceClass { kChuck = 0, kJaw = 1, kCenter = 3 };
-
-/// The words of the classes, and the class of a word.
-std::string_view WordOf(DeviceClass deviceClass);
-std::optional<DeviceClass> DeviceClassNamed(std::string_view word);
+using devices::DeviceClass;
+using devices::DeviceClassNamed;
+using devices::WordOf;
 
 /// What to make a device from.
 struct OwnDevice {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "devices/kinds.h"
 #include "simulation/rebuild.h"
 #include "store/clamp_records.h"
 
@@ -30,7 +31,7 @@ void CommitSpur(std::int32_t spur, PpDefIni& machine) {
     const std::int32_t spindle = pass == 0 ? 0 : 1;
     const DeviceParams device = DeviceOfPass(pass, spur, isSubAvailable);
     // One from a VDM has brought its data with it.
-    if (device.type != 0 && !IsOwnVdmType(device.type)) {
+    if (device.type != 0 && !devices::IsOwn(device.type)) {
       BuildSpunDevice(spur, spindle, isSubAvailable, device);
     }
     RebuildSimulation(spur, spindle);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "devices/device_params.h"
+#include "devices/kinds.h"
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
 #include "store/billet_records.h"
@@ -92,7 +92,7 @@ void EquipmentTree::MarkClampNodes(std::int32_t spindle, std::int32_t deviceType
 }
 
 void EquipmentTree::MarkCenterNode(std::int32_t deviceType) {
-  Mark(node::kCenter, IsCenterType(deviceType));
+  Mark(node::kCenter, devices::IsCenter(deviceType));
 }
 
 void EquipmentTree::MarkBilletNodes(std::int32_t spindle, std::int32_t billetType) {

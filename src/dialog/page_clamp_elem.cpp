@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/letter_case.h"
+#include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_kinds.h"
 #include "dialog/device_letters.h"
@@ -75,7 +76,7 @@ std::string CPageClampElem::ReadDevice() {
 
 void CPageClampElem::EnterInCatalogue(const std::string& name) {
   // In memory only: a device that came with a definition can be chosen also where the shop does not know it.
-  if (params_.type == 0 || IsOwnVdmType(params_.type)) return;
+  if (params_.type == 0 || devices::IsOwn(params_.type)) return;
   std::string values;
   PackDeviceParams(params_, values);
   dialog_.Catalogue().PutDevice(name, values);
@@ -106,7 +107,7 @@ void CPageClampElem::ShowJawControls() {
 }
 
 void CPageClampElem::ShowName(const std::string& name) {
-  const bool isOwn = IsOwnVdmType(params_.type);
+  const bool isOwn = devices::IsOwn(params_.type);
   pathText_ = isOwn ? name : "";
   if (isOwn || params_.type == 0) return;
   // The first that begins with the name, as a list finds its entries.

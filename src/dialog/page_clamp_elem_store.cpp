@@ -1,3 +1,4 @@
+#include "devices/kinds.h"
 #include "dialog/device_kinds.h"
 #include "dialog/dlg_main.h"
 #include "dialog/own_device.h"
@@ -106,7 +107,7 @@ void CPageClampElem::WriteByType(const std::string& name) {
     if (spindle == 1 && isSubAvailable && !machine.IsTailStockAvailable()) ClearJaw(spur, spindle);
   } else {
     WriteClampDevice(spur, spindle, name, params_);
-    if (!IsChuckType(params_.type)) ClearJaw(spur, spindle);
+    if (!devices::IsChuck(params_.type)) ClearJaw(spur, spindle);
   }
 }
 

@@ -10,13 +10,14 @@ namespace vanzet {
 /// Appends the type and the reals, separated by one blank; of a type that is kept in a VDM only A and B.
 void PackDeviceParams(const DeviceParams& params, std::string& text);
 
-/// The other way, whatever the text: what is missing is 0. The record ends normalised.
+/// Reads a device from any text: what is missing is 0. The result is normalised.
 void UnpackDeviceParams(DeviceParams& params, const std::string& text);
 
-/// Folds the older codes of own devices to those in use, and clears every value that the type does not keep.
+/// Replaces an older code of an own device by the one in use, and clears every value that the type does not
+/// have.
 void NormaliseDeviceParams(DeviceParams& params);
 
-/// Turns a parametric type into that of the same device kept in a VDM, and clears all values.
+/// Replaces a parametric type by the type of the same kind that is kept in a VDM, and clears all values.
 void NormaliseDeviceType(DeviceParams& params);
 
 }  // namespace vanzet

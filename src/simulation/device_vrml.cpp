@@ -1,5 +1,6 @@
 #include "simulation/device_vrml.h"
 
+#include "devices/kinds.h"
 #include "macro/command_text.h"
 #include "platform/line_reader.h"
 #include "simulation/device_operations.h"
@@ -12,7 +13,7 @@ constexpr std::int32_t kVrmlSection = 1;
 
 /// A jaw keeps its description as a tool holder where other devices keep their placement.
 std::int32_t PlacementSection(std::int32_t type) {
-  return simulation::IsJaw(type) ? 3 : 2;
+  return devices::IsJaw(type) ? 3 : 2;
 }
 
 void StoreText(BilletVdm& definition, const std::string& path, double offset) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "devices/kinds.h"
 #include "host/host_functions.h"
 #include "macro/device_contour.h"
 #include "simulation/device_operations.h"
@@ -70,7 +71,7 @@ void StoreContour(BilletVdm& definition) {
 }  // namespace
 
 bool StoreJawD2t(BilletVdm& definition, bool isSub) {
-  const auto* const operations = simulation::OperationsOf(simulation::kAnyJaw, true);
+  const auto* const operations = simulation::OperationsOf(devices::kJaw.First(), true);
   if (!definition.OperationSelect(operations->Vrml(isSub))) return false;
   definition.SectionRewrite(kD2tSection);
   StoreContour(definition);

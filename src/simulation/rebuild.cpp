@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "devices/device_types.h"
+#include "devices/kinds.h"
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
@@ -23,7 +23,7 @@ using host::SendCommand;
 using macro::FormatInt;
 using macro::FormatReal;
 
-/// The thickness of a stand-in, and of a jaw that tells none.
+/// The thickness of a stand-in.
 constexpr double kPlaceholderThickness = 2.05;
 
 /// The file that the host exports a solid to. Its name is part of the conversation; texts of commands keep
@@ -52,7 +52,7 @@ void ExportAndDelete(std::int32_t body, const std::string& path) {
 
 /// How far behind its working face a device is clamped.
 double PlacementOf(const DeviceParams& device) {
-  return IsCenterType(device.type) ? device.A : device.B;
+  return devices::IsCenter(device.type) ? device.A : device.B;
 }
 
 /// The contour of a jaw and how thick it is to be made.
@@ -61,23 +61,21 @@ struct JawContour {
   double thickness;
 };
 
-JawContour BuildOwnJaw(const DeviceParams& jaw) {
-  const DeviceType* const type = FindDeviceType(jaw.type);
-  const double thickness =
-      type != nullptr && type->thickness != ' ' ? ValueOf(jaw, type->thickness) : kPlaceholderThickness;
-  return {BuildDeviceContour(jaw, kJawContour), thickness};
+bool HasStandIn(std::int32_t type) {
+  const devices::Device* const device = devices::Find(type);
+  return device != nullptr && !device->standIn.empty();
 }
 
 /// Nothing for a device or a jaw that cannot be made here.
 std::optional<JawContour> BuildJawContour(BilletVdm& definition, std::int32_t spindle,
                                           const DeviceParams& device) {
-  if (IsChuckType(device.type)) {
+  if (devices::IsChuck(device.type)) {
     std::string name;
     DeviceParams jaw;
     if (!definition.ReadJawItems(spindle, name, jaw)) jaw = {};
-    if (IsOwnVdmType(jaw.type)) return std::nullopt;
-    if (jaw.type != 0) return BuildOwnJaw(jaw);
-  } else if (device.type < 2 || device.type > 4) {
+    if (devices::IsOwn(jaw.type)) return std::nullopt;
+    if (jaw.type != 0) return JawContour{BuildDeviceContour(jaw, kJawContour), devices::ThicknessOf(jaw)};
+  } else if (!HasStandIn(device.type)) {
     return std::nullopt;
   }
   return JawContour{BuildPlaceholderJaw(device), kPlaceholderThickness};
@@ -114,10 +112,10 @@ bool RebuildJawSimulation(BilletVdm& definition, bool isSub) {
   if (!contour->isMade) return true;
   const std::string path = TemporaryFile();
   ExportJaw(contour->thickness, path);
-  StoreDeviceVrml(definition, isSub, true, simulation::kAnyJaw, path, 0);
+  StoreDeviceVrml(definition, isSub, true, devices::kJaw.First(), path, 0);
   TurnJawContour();
   StoreJawD2t(definition, isSub);
-  StoreKurveGeometry(definition, isSub, simulation::kAnyJaw, kJawContour);
+  StoreKurveGeometry(definition, isSub, devices::kJaw.First(), kJawContour);
   SendCommand("del k30001");
   SendCommand("win 1");
   return true;

@@ -1,5 +1,6 @@
 #include "store/clamp_records.h"
 
+#include "devices/kinds.h"
 #include "host/fields.h"
 #include "store/record_frame.h"
 
@@ -83,7 +84,7 @@ std::int32_t ReadCenter(std::int32_t spur, bool subSpindleAvailable, std::string
   return ReadRecord(spur, [&](BilletVdm& definition) {
     const DevicePlace place = CenterPlace(subSpindleAvailable);
     if (!definition.OperationExist(place.operation)) return false;
-    return definition.ReadDeviceAt(place, name, params) && IsCenterType(params.type);
+    return definition.ReadDeviceAt(place, name, params) && devices::IsCenter(params.type);
   });
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "devices/kinds.h"
 #include "host/fields.h"
 #include "store/d2t_text.h"
 #include "store/record_frame.h"
@@ -13,22 +14,23 @@
 namespace vanzet {
 namespace {
 
+using devices::DeviceClass;
 using OrvoApi::MillTurnVdm;
 
-/// Where a source has what: all of it in one operation.
+/// The sections of a source, all in one operation.
 constexpr std::int32_t kSourceOperation = 1;
 constexpr std::int32_t kLabels = 0;
 constexpr std::int32_t kVrml = 1;
 constexpr std::int32_t kFacts = 2;
 constexpr std::int32_t kOutline = 3;
 
-/// Where it goes, besides labels and VRML.
+/// The sections of the target besides labels and VRML.
 constexpr std::int32_t kD2t = 2;
 constexpr std::int32_t kPlacement = 3;
 
 /// The operations that take devices of one class.
 struct ImportTarget {
-  std::int32_t deviceClass;
+  DeviceClass deviceClass;
   enum class By { kSpindle, kSubSpindleAvailable } by;  ///< what decides between the two
   std::int32_t otherwise;                               ///< the main spindle, or no sub spindle
   std::int32_t sub;
@@ -36,17 +38,17 @@ struct ImportTarget {
 
 // clang-format off
 constexpr ImportTarget kTargets[] = {
-    { 0, ImportTarget::By::kSpindle,             clamp_operation::kMainClampDevice, clamp_operation::kSubClampDevice },
-    { 1, ImportTarget::By::kSpindle,             clamp_operation::kMainJaw,         clamp_operation::kSubJaw         },
-    { 3, ImportTarget::By::kSubSpindleAvailable, clamp_operation::kSubClampDevice,  clamp_operation::kCenter         },
+    { DeviceClass::kChuck,  ImportTarget::By::kSpindle,             clamp_operation::kMainClampDevice, clamp_operation::kSubClampDevice },
+    { DeviceClass::kJaw,    ImportTarget::By::kSpindle,             clamp_operation::kMainJaw,         clamp_operation::kSubJaw         },
+    { DeviceClass::kCenter, ImportTarget::By::kSubSpindleAvailable, clamp_operation::kSubClampDevice,  clamp_operation::kCenter         },
 };
 // clang-format on
 
-/// A header may count far more items than there are. Behind the last one the host gives empty texts without
-/// an end; so many of them in a row are no device's.
+/// A header may count far more items than there are. After the last one the host returns empty texts without
+/// end; so many of them in a row are not a device's.
 constexpr std::int32_t kEmptyItemsInARow = 1000;
 
-std::optional<std::int32_t> TargetOperation(std::int32_t deviceClass, std::int32_t spindle,
+std::optional<std::int32_t> TargetOperation(DeviceClass deviceClass, std::int32_t spindle,
                                             bool subSpindleAvailable) {
   const auto* const row = std::ranges::find(kTargets, deviceClass, &ImportTarget::deviceClass);
   if (row == std::end(kTargets)) return std::nullopt;
@@ -54,8 +56,8 @@ std::optional<std::int32_t> TargetOperation(std::int32_t deviceClass, std::int32
   return isSub ? row->sub : row->otherwise;
 }
 
-/// The second field of the facts of a device; the others are of no use here.
-std::int32_t ReadDeviceClass(MillTurnVdm& source) {
+/// The second field of the facts of a device; the others are not used here.
+DeviceClass ReadDeviceClass(MillTurnVdm& source) {
   source.ItemSeek(kFacts, 0);
   std::string text;
   source.SingleGet(text);
@@ -64,7 +66,7 @@ std::int32_t ReadDeviceClass(MillTurnVdm& source) {
   std::int32_t deviceClass = 0;
   host::ReadIntField(text, position, groupCode, 0);
   host::ReadIntField(text, position, deviceClass, 0);
-  return deviceClass;
+  return static_cast<DeviceClass>(deviceClass);
 }
 
 /// Calls `use(item, isFirst, isLast)` for `count` items from the position on.
@@ -124,7 +126,7 @@ std::int32_t ImportDevice(std::int32_t spur, std::int32_t spindle, bool subSpind
   MillTurnVdm source(sourceNumber);
   if (!source.Open()) return kRecordFailed;
   source.OperationSelect(kSourceOperation);
-  const std::int32_t deviceClass = ReadDeviceClass(source);
+  const DeviceClass deviceClass = ReadDeviceClass(source);
   const std::int32_t result = InsideDefinition(BilletVdm::VdmNumber(spur), [&](BilletVdm& definition) {
     const auto operation = TargetOperation(deviceClass, spindle, subSpindleAvailable);
     if (!operation) return false;

@@ -3,8 +3,8 @@
 #include <set>
 
 #include "catalogue_fixture.h"
-#include "devices/device_outlines.h"
-#include "devices/device_types.h"
+#include "devices/kinds.h"
+#include "devices/outline.h"
 #include "macro/device_record.h"
 #include "support/places.h"
 
@@ -97,8 +97,8 @@ TEST_F(SampleCatalogue, IsTextAsTheCatalogueWritesIt) {
 
 TEST_F(SampleCatalogue, GivesEveryValueThatATypeHas) {
   ForEachDevice([](const std::string&, const DeviceParams& params) {
-    for (const char letter : FindDeviceType(params.type)->keeps) {
-      EXPECT_GT(ValueOf(params, letter), 0) << letter;
+    for (const devices::Letter& each : devices::LettersOf(params.type)) {
+      EXPECT_GT(ValueOf(params, each.letter), 0) << each.letter;
     }
   });
 }
@@ -110,7 +110,7 @@ TEST_F(SampleCatalogue, HasOutlinesThatDoNotCrossThemselves) {
 
 TEST_F(SampleCatalogue, HasOutlinesOnTheSideOfTheirWorkingFace) {
   ForEachDevice([](const std::string&, const DeviceParams& params) {
-    const bool isJaw = FindDeviceType(params.type)->thickness != ' ';
+    const bool isJaw = devices::IsJaw(params.type);
     double reach = 0;
     for (const auto& [x, y] : OutlineOf(params)) {
       EXPECT_GE(isJaw ? x : -x, 0);

@@ -2,7 +2,7 @@
 
 #include "api/host_fixture.h"
 #include "closed_loop/sensible_devices.h"
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 #include "macro/device_contour.h"
 #include "macro/device_record.h"
 

@@ -1,6 +1,6 @@
 #include <set>
 
-#include "devices/device_types.h"
+#include "devices/kinds.h"
 #include "dialog/device_kinds.h"
 #include "dialog/device_letters.h"
 #include "dialog/dialog_fixture.h"
@@ -161,11 +161,10 @@ TEST(DeviceLetterTable, NeedsNoValueThatCannotBeGiven) {
 }
 
 TEST(DeviceLetterTable, OpensWhatTheTypeKeeps) {
-  for (const DeviceType& type : DeviceTypes()) {
-    if (type.code > 14) continue;
+  for (std::int32_t type = 1; type <= 14; ++type) {
     for (const dialog::DeviceLetter& letter : dialog::DeviceLetters()) {
-      EXPECT_EQ(HasType(letter.open, type.code), type.keeps.find(letter.letter) != std::string_view::npos)
-          << type.code << letter.letter;
+      EXPECT_EQ(HasType(letter.open, type), devices::FindLetter(type, letter.letter) != nullptr)
+          << type << letter.letter;
     }
   }
 }
@@ -179,8 +178,8 @@ TEST(DeviceLetterTable, OpensOneValueOfOneOwnDevice) {
 }
 
 TEST(DevicePictures, AreThoseOfTheTypes) {
-  for (const DeviceType& type : DeviceTypes())
-    EXPECT_EQ(dialog::DevicePicture(type.code), type.picture) << type.code;
+  for (const devices::Device* const device : devices::Devices())
+    EXPECT_EQ(dialog::DevicePicture(device->code), device->picture) << device->code;
   for (const std::int32_t older : {109, 110, 111, 112, 113}) {
     EXPECT_EQ(dialog::DevicePicture(older), dialog::DevicePicture(older - 6));
   }
@@ -191,7 +190,7 @@ TEST(DeviceKindTable, ComprisesEachTypeOnce) {
   for (std::int32_t type = 1; type <= 115; ++type) {
     int kinds = 0;
     for (const std::int32_t kind : {1, 2, 3, 4, 5, 13}) kinds += dialog::IsOfKind(kind, type) ? 1 : 0;
-    const bool isDevice = type <= 14 || IsOwnVdmType(type);
+    const bool isDevice = type <= 14 || devices::IsOwn(type);
     EXPECT_EQ(kinds, isDevice ? 1 : 0) << type;
   }
 }

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 #include <string>
 
-#include "devices/device_types.h"
+#include "devices/kinds.h"
 
 namespace vanzet {
 namespace {
@@ -37,14 +36,6 @@ std::string Letters(const DeviceParams& params) {
   return letters;
 }
 
-TEST(OwnVdmTypes, AreTheseAndNoOther) {
-  const std::set<std::int32_t> own = {103, 104, 105, 106, 107, 109, 110, 111, 112, 113, 115};
-  for (std::int32_t type = -300; type <= 300; ++type)
-    EXPECT_EQ(IsOwnVdmType(type), own.contains(type)) << type;
-  EXPECT_FALSE(IsOwnVdmType(INT32_MIN));
-  EXPECT_FALSE(IsOwnVdmType(INT32_MAX));
-}
-
 TEST(PackDeviceParams, WritesElevenFieldsOfAParametricDevice) {
   EXPECT_EQ(Packed(Full(2)),
             "2 1.000000 2.000000 3.000000 4.000000 5.000000 6.000000 7.000000 8.000000 9.000000 10.000000");
@@ -64,10 +55,10 @@ TEST(PackDeviceParams, AppendsToTheText) {
 }
 
 TEST(UnpackDeviceParams, ReadsBackWhatWasPacked) {
-  for (const DeviceType& type : DeviceTypes()) {
-    DeviceParams params = Full(type.code);
+  for (const devices::Device* const device : devices::Devices()) {
+    DeviceParams params = Full(device->code);
     NormaliseDeviceParams(params);
-    EXPECT_EQ(Unpacked(Packed(params)), params) << type.code;
+    EXPECT_EQ(Unpacked(Packed(params)), params) << device->code;
   }
 }
 

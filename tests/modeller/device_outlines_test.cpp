@@ -1,10 +1,10 @@
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "devices/device_types.h"
+#include "devices/kinds.h"
 #include "modeller/contours.h"
 #include "modeller/measures.h"
 #include "modeller/mesh.h"
@@ -95,10 +95,12 @@ INSTANTIATE_TEST_SUITE_P(OfTheTables, DeviceBodies, testing::ValuesIn(kDevices),
 });
 
 TEST(DeviceBodies, CoverEveryOutlineOfTheTables) {
-  for (const DeviceOutline& row : DeviceOutlines()) {
-    EXPECT_TRUE(std::ranges::any_of(kDevices, [&](const DeviceParams& device) {
-      return device.type == row.type && Holds(row.bore, device);
-    })) << row.type;
+  for (const devices::Device* const type : devices::Devices()) {
+    for (const devices::Outline& outline : type->outlines) {
+      EXPECT_TRUE(std::ranges::any_of(kDevices, [&](const DeviceParams& device) {
+        return device.type == type->code && Holds(outline.bore, device);
+      })) << type->code;
+    }
   }
 }
 

@@ -1,5 +1,6 @@
 #include "scene/defined_equipment.h"
 
+#include "devices/kinds.h"
 #include "simulation/rebuild.h"
 #include "store/billet_records.h"
 #include "store/billet_vdm.h"
@@ -22,7 +23,7 @@ void Clamp(std::int32_t spindle, const DeviceParams& device, const DeviceParams&
   WriteClampDevice(kSpur, spindle, "device", device);
   WriteJaw(kSpur, spindle, "jaw", jaw);
   WriteClampOptions(kSpur, spindle, false, jaws);
-  if (!IsOwnVdmType(device.type)) BuildSpunDevice(kSpur, spindle, true, device);
+  if (!devices::IsOwn(device.type)) BuildSpunDevice(kSpur, spindle, true, device);
   RebuildSimulation(kSpur, spindle);
 }
 

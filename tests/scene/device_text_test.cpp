@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 #include "scene/scene_fixture.h"
 
 namespace vanzet::test {

@@ -7,17 +7,18 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "devices/device_outlines.h"
-#include "devices/device_types.h"
-#include "devices/formula.h"
+#include "devices/kinds.h"
+#include "devices/outline.h"
 #include "dialog/device_letters.h"
 #include "view/qt/device_words.h"
-#include "view/qt/pictures/device_measures.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/sketch_painter.h"
 
 namespace vanzet::view::qt {
 namespace {
+
+using devices::Device;
+using devices::Devices;
 
 /// The controls of a page of devices, with these values.
 std::vector<Control> PageWith(const DeviceParams& params) {
@@ -34,7 +35,16 @@ std::vector<Control> PageWith(const DeviceParams& params) {
 }
 
 Sketch Drawn(const DeviceParams& params) {
-  return SketchOf(FindDeviceType(params.type)->picture, PageValues(PageWith(params)));
+  return SketchOf(devices::Find(params.type)->picture, PageValues(PageWith(params)));
+}
+
+/// An example of every device of the catalogue.
+std::vector<DeviceParams> Examples() {
+  std::vector<DeviceParams> examples;
+  for (const devices::Kind* const kind : devices::Kinds()) {
+    for (const Device& device : kind->devices) examples.push_back(device.example);
+  }
+  return examples;
 }
 
 QRectF BoundsOf(const Sketch& sketch) {
@@ -46,9 +56,9 @@ QRectF BoundsOf(const Sketch& sketch) {
 }
 
 TEST(Pictures, AreThereForEveryTypeOfDevice) {
-  for (const DeviceType& type : DeviceTypes()) {
-    EXPECT_FALSE(SketchOf(type.picture, PageValues({})).shapes.empty()) << type.code;
-    EXPECT_EQ(dialog::DevicePicture(type.code), type.picture);
+  for (const Device* const device : Devices()) {
+    EXPECT_FALSE(SketchOf(device->picture, PageValues({})).shapes.empty()) << device->code;
+    EXPECT_EQ(dialog::DevicePicture(device->code), device->picture);
   }
 }
 
@@ -64,33 +74,21 @@ TEST(Pictures, AreSortedByIdAndUnique) {
   EXPECT_TRUE(std::ranges::is_sorted(Pictures(), std::less_equal<>(), &Picture::bitmap));
 }
 
-TEST(Pictures, OfDevicesHaveAMeasureForEveryLetterOfTheOutline) {
-  for (const DeviceType& type : DeviceTypes()) {
-    std::string measured;
-    for (const DeviceMeasure& row : DeviceMeasures()) {
-      if (row.type == type.code) measured += row.letter;
-    }
-    EXPECT_EQ(measured, type.outline) << type.code;
-  }
-}
-
 TEST(Pictures, OfDevicesSayWhatEveryLetterIsThatATypeKeeps) {
-  for (const DeviceType& type : DeviceTypes()) {
-    for (const char letter : type.keeps) {
-      // Nobody can put in where a prepared device stands.
-      if (IsOwnVdmType(type.code) && letter == 'B') continue;
-      EXPECT_NE(FindLetterWords(type.code, letter), nullptr) << type.code << letter;
+  for (const Device* const device : Devices()) {
+    for (const devices::Letter& each : device->letters) {
+      if (each.name[0] == '\0') continue;
+      EXPECT_NE(FindLetterWords(device->code, each.letter), nullptr) << device->code << each.letter;
     }
   }
 }
 
 TEST(Pictures, HaveExamplesWithoutFault) {
-  for (const DeviceOutline& outline : DeviceOutlines()) {
-    const DeviceParams example = ExampleOf(outline.type);
-    EXPECT_TRUE(IsSimple(OutlineOf(example))) << outline.type;
+  for (const DeviceParams& example : Examples()) {
+    EXPECT_TRUE(IsSimple(OutlineOf(example))) << example.type;
     const Sketch sketch = Drawn(example);
-    EXPECT_EQ(sketch.fault, QString()) << outline.type;
-    EXPECT_FALSE(sketch.isExample) << outline.type;
+    EXPECT_EQ(sketch.fault, QString()) << example.type;
+    EXPECT_FALSE(sketch.isExample) << example.type;
   }
 }
 
@@ -101,24 +99,10 @@ TEST(Pictures, FollowTheValues) {
 }
 
 TEST(Pictures, PutEveryMeasureOnTheOutline) {
-  for (const DeviceOutline& outline : DeviceOutlines()) {
-    const QRectF bounds = BoundsOf(Drawn(ExampleOf(outline.type))).adjusted(-1e-9, -200, 1e-9, 1e-9);
-    for (const Measure& measure : Drawn(ExampleOf(outline.type)).measures) {
-      EXPECT_TRUE(bounds.contains(measure.from)) << outline.type << measure.letter.toStdString();
-    }
-  }
-}
-
-TEST(Pictures, MeasureWhatTheLetterSays) {
-  for (const DeviceOutline& outline : DeviceOutlines()) {
-    const DeviceParams params = ExampleOf(outline.type);
-    for (const DeviceMeasure& row : DeviceMeasures()) {
-      if (row.type != outline.type || row.kind == Measure::Kind::kAngle || row.kind == Measure::Kind::kCorner)
-        continue;
-      const bool isAlong = row.kind == Measure::Kind::kAlong;
-      const double from = Evaluate(isAlong ? row.fromX : row.fromY, params);
-      const double to = Evaluate(isAlong ? row.toX : row.toY, params);
-      EXPECT_DOUBLE_EQ(std::abs(to - from), ValueOf(params, row.letter)) << row.type << row.letter;
+  for (const DeviceParams& example : Examples()) {
+    const QRectF bounds = BoundsOf(Drawn(example)).adjusted(-1e-9, -200, 1e-9, 1e-9);
+    for (const Measure& measure : Drawn(example).measures) {
+      EXPECT_TRUE(bounds.contains(measure.from)) << example.type << measure.letter.toStdString();
     }
   }
 }
@@ -132,7 +116,7 @@ TEST(Pictures, TellWhichValuesCannotBe) {
 }
 
 TEST(Pictures, TellThatSomethingIsNoNumber) {
-  std::vector<Control> controls = PageWith(ExampleOf(1));
+  std::vector<Control> controls = PageWith(devices::Find(1)->example);
   controls[1].number.reset();
   const Sketch sketch = SketchOf(picture::kChuck, PageValues(controls));
   EXPECT_EQ(sketch.fault, QStringLiteral("B is not a number."));
@@ -172,23 +156,26 @@ TEST(Pictures, OfABilletTellWhatTheDialogWouldTakeBack) {
 }
 
 TEST(Pictures, AreDrawnInAnySize) {
-  for (const Picture& picture : Pictures()) {
-    const Sketch sketch = SketchOf(picture.bitmap, PageValues({}));
+  std::vector<std::int32_t> bitmaps;
+  for (const Picture& picture : Pictures()) bitmaps.push_back(picture.bitmap);
+  for (const Device* const device : Devices()) bitmaps.push_back(device->picture);
+  for (const std::int32_t bitmap : bitmaps) {
+    const Sketch sketch = SketchOf(bitmap, PageValues({}));
     for (const QSize size : {QSize(1, 1), QSize(40, 30), QSize(500, 400)}) {
       QImage image(size, QImage::Format_RGB32);
       image.fill(Qt::white);
       const QImage blank = image;
       QPainter painter(&image);
       Paint(painter, QRectF(image.rect()), sketch, {QPalette(), QFont(), 0, {}});
-      EXPECT_TRUE(image != blank || size.width() < 500) << picture.bitmap;
+      EXPECT_TRUE(image != blank || size.width() < 500) << bitmap;
     }
   }
 }
 
 TEST(Pictures, SurviveValuesOfEveryKind) {
-  for (const DeviceOutline& outline : DeviceOutlines()) {
+  for (const DeviceParams& example : Examples()) {
     for (const double value : {-1e300, -1.0, 0.0, 1e-300, 1.0, 90.0, 180.0, 1e300}) {
-      DeviceParams params = ExampleOf(outline.type);
+      DeviceParams params = example;
       for (const auto real : kDeviceReals) params.*real = value;
       const Sketch sketch = Drawn(params);
       QImage image(200, 200, QImage::Format_RGB32);

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "devices/device_types.h"
+#include "devices/kinds.h"
 #include "view/qt/fonts.h"
 
 namespace vanzet::view::qt {
@@ -33,8 +33,8 @@ void NarrowForNumbers(QWidget* edit) {
 
 /// The type of device whose picture is shown, 0 for none.
 std::int32_t TypeOfPicture(std::int32_t bitmap) {
-  const auto type = std::ranges::find(DeviceTypes(), bitmap, &DeviceType::picture);
-  return type == DeviceTypes().end() ? 0 : type->code;
+  const devices::Device* const device = devices::FindByPicture(bitmap);
+  return device == nullptr ? 0 : device->code;
 }
 
 QFrame* Line(QWidget* parent) {

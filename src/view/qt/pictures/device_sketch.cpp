@@ -2,18 +2,21 @@
 #include <algorithm>
 #include <limits>
 
-#include "devices/device_outlines.h"
-#include "devices/device_types.h"
 #include "devices/formula.h"
+#include "devices/kinds.h"
+#include "devices/outline.h"
 #include "view/ids.h"
 #include "view/qt/device_words.h"
-#include "view/qt/pictures/device_measures.h"
 #include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/pictures.h"
 
 namespace vanzet::view::qt {
 namespace {
+
+using devices::Device;
+using devices::Drawn;
+using devices::Letter;
 
 constexpr const char* kExample = Translatable("Example: values are missing (%1)");
 constexpr const char* kMustBeLess = Translatable("%1 must be less than %2.");
@@ -22,19 +25,15 @@ constexpr const char* kNoOutline = Translatable("These values make no closed out
 constexpr const char* kUnseen = Translatable("%1, not seen from this side");
 constexpr const char* kFromVdm = Translatable("The shape comes from the VDM file.");
 
-const DeviceType* TypeOf(std::int32_t bitmap) {
-  for (const DeviceType& type : DeviceTypes()) {
-    if (type.picture == bitmap) return &type;
-  }
-  return nullptr;
-}
-
-DeviceParams ParamsOf(const DeviceType& type, const PageValues& values) {
+/// A device with those values of a page that its outline is made from.
+DeviceParams ParamsOf(const Device& device, const PageValues& values) {
   DeviceParams params;
-  params.type = type.code;
-  for (const char letter : type.outline)
-    params.*kDeviceReals.at(static_cast<std::size_t>(letter - 'A')) =
-        values.NumberOf(control::EditOfLetter(letter));
+  params.type = device.code;
+  for (const Letter& each : device.letters) {
+    if (!each.IsOfOutline()) continue;
+    params.*kDeviceReals.at(static_cast<std::size_t>(each.letter - 'A')) =
+        values.NumberOf(control::EditOfLetter(each.letter));
+  }
   return params;
 }
 
@@ -53,15 +52,23 @@ void AddEditsIn(std::string_view formula, std::vector<std::int32_t>& edits) {
   }
 }
 
-/// The letters of the outline whose edits are empty or 0. A chuck may do without its bore.
-QString MissingLetters(const DeviceType& type, const DeviceParams& params) {
+/// The letters of the outline whose edits are empty or 0 and must not be.
+QString MissingLetters(const Device& device, const DeviceParams& params) {
   QString missing;
-  for (const char letter : type.outline) {
-    const bool mayBe0 = (params.type == 1 && letter == 'C') || (params.type == 2 && letter == 'F');
-    if (ValueOf(params, letter) != 0 || mayBe0) continue;
-    missing += (missing.isEmpty() ? QString() : QStringLiteral(", ")) + QLatin1Char(letter);
+  for (const Letter& each : device.letters) {
+    const bool mayBe0 = each.drawn != Drawn::kAbove0 && each.drawn != Drawn::kNot0;
+    if (ValueOf(params, each.letter) != 0 || mayBe0) continue;
+    missing += (missing.isEmpty() ? QString() : QStringLiteral(", ")) + QLatin1Char(each.letter);
   }
   return missing;
+}
+
+std::string OutlineLetters(const Device& device) {
+  std::string letters;
+  for (const Letter& each : device.letters) {
+    if (each.IsOfOutline()) letters += each.letter;
+  }
+  return letters;
 }
 
 void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
@@ -69,27 +76,27 @@ void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
   AddEditsIn(letters, sketch.wrong);
 }
 
-void FindNoNumber(Sketch& sketch, const DeviceType& type, const PageValues& values) {
-  for (const char letter : type.keeps) {
-    TellNoNumber(sketch, values, control::EditOfLetter(letter), QString(QLatin1Char(letter)));
+void FindNoNumber(Sketch& sketch, const Device& device, const PageValues& values) {
+  for (const Letter& each : device.letters) {
+    TellNoNumber(sketch, values, control::EditOfLetter(each.letter), QString(QLatin1Char(each.letter)));
   }
 }
 
-void FindBrokenRule(Sketch& sketch, const DeviceParams& params) {
-  for (const char letter : FindDeviceType(params.type)->outline) {
-    // The length of a chuck may have either sign.
-    const bool mayBeBelow0 = params.type == 1 && letter != 'A';
-    if (ValueOf(params, letter) >= 0 || mayBeBelow0) continue;
-    return TellFault(sketch, Translate(kMustBeAbove0).arg(QLatin1Char(letter)), std::string(1, letter));
+void FindBrokenRule(Sketch& sketch, const Device& device, const DeviceParams& params) {
+  for (const Letter& each : device.letters) {
+    const bool mayBeBelow0 = each.drawn != Drawn::kAbove0 && each.drawn != Drawn::kFrom0;
+    if (ValueOf(params, each.letter) >= 0 || mayBeBelow0) continue;
+    const QString letter(QLatin1Char(each.letter));
+    return TellFault(sketch, Translate(kMustBeAbove0).arg(letter), std::string(1, each.letter));
   }
-  for (const DeviceRule& rule : DeviceRules()) {
-    if (rule.type != params.type || Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
+  for (const devices::Rule& rule : device.rules) {
+    if (Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
     TellFault(sketch, Translate(kMustBeLess).arg(Readable(rule.less), Readable(rule.greater)), rule.less);
     AddEditsIn(rule.greater, sketch.wrong);
     return;
   }
   const auto outline = OutlineOf(params);
-  if (!IsSimple(outline)) TellFault(sketch, Translate(kNoOutline), FindDeviceType(params.type)->outline);
+  if (!IsSimple(outline)) TellFault(sketch, Translate(kNoOutline), OutlineLetters(device));
 }
 
 QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
@@ -116,7 +123,7 @@ void AddBore(Sketch& sketch, const std::vector<OutlineVertex>& outline) {
 /// What is spun is cut above its axis and seen from outside below it.
 void AddShapes(Sketch& sketch, const DeviceParams& params) {
   const auto outline = OutlineOf(params);
-  const bool isSpun = FindDeviceType(params.type)->thickness == ' ';
+  const bool isSpun = !devices::IsJaw(params.type);
   if (isSpun) AddBore(sketch, outline);
   if (isSpun) Add(sketch, Ink::kBody, PathOf(outline, -1));
   Add(sketch, Ink::kMaterial, PathOf(outline, 1));
@@ -126,9 +133,8 @@ void AddShapes(Sketch& sketch, const DeviceParams& params) {
   Add(sketch, Ink::kAxis, Stroke({box.left() - beyond, 0}, {box.right() + beyond, 0}));
 }
 
-void AddMeasures(Sketch& sketch, const DeviceParams& params) {
-  for (const DeviceMeasure& row : DeviceMeasures()) {
-    if (row.type != params.type) continue;
+void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& params) {
+  for (const devices::Measure& row : device.measures) {
     Measure measure;
     measure.kind = row.kind;
     measure.where = row.where;
@@ -144,45 +150,39 @@ void AddMeasures(Sketch& sketch, const DeviceParams& params) {
 }
 
 /// What a side view cannot show.
-void NoteThickness(Sketch& sketch, const DeviceType& type) {
-  const LetterWords* const words = FindLetterWords(type.code, type.thickness);
-  if (words != nullptr)
-    sketch.notes.push_back(QLatin1Char(type.thickness) + QStringLiteral("  ") +
+void NoteThickness(Sketch& sketch, const Device& device) {
+  for (const Letter& each : device.letters) {
+    if (each.drawn != Drawn::kThickness) continue;
+    const LetterWords* const words = FindLetterWords(device.code, each.letter);
+    sketch.notes.push_back(QLatin1Char(each.letter) + QStringLiteral("  ") +
                            Translate(kUnseen).arg(Translate(words->name)));
+  }
 }
 
 }  // namespace
 
-Sketch DeviceSketch(std::int32_t bitmap, const PageValues& values) {
-  const DeviceType& type = *TypeOf(bitmap);
-  DeviceParams params = ParamsOf(type, values);
+Sketch DeviceSketch(const Device& device, const PageValues& values) {
+  DeviceParams params = ParamsOf(device, values);
   Sketch sketch;
-  const QString missing = MissingLetters(type, params);
-  FindNoNumber(sketch, type, values);
-  if (sketch.fault.isEmpty() && missing.isEmpty()) FindBrokenRule(sketch, params);
+  const QString missing = MissingLetters(device, params);
+  FindNoNumber(sketch, device, values);
+  if (sketch.fault.isEmpty() && missing.isEmpty()) FindBrokenRule(sketch, device, params);
   sketch.isExample = !sketch.fault.isEmpty() || !missing.isEmpty();
-  if (sketch.isExample) params = ExampleOf(type.code);
+  if (sketch.isExample) params = device.example;
   AddShapes(sketch, params);
-  AddMeasures(sketch, params);
-  NoteThickness(sketch, type);
+  AddMeasures(sketch, device, params);
+  NoteThickness(sketch, device);
   if (sketch.fault.isEmpty() && !missing.isEmpty()) sketch.notes.push_back(Translate(kExample).arg(missing));
   return sketch;
 }
 
-Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values) {
-  // Shown by a device of the same kind.
-  struct Alike {
-    std::int32_t bitmap, type;
-  };
-  constexpr Alike kAlike[] = {{picture::kOwnChuck, 1},   {picture::kOwnCollet, 2},
-                              {picture::kOwnMandrel, 3}, {picture::kOwnFaceDriver, 4},
-                              {picture::kOwnJaw, 5},     {picture::kOwnCenter, 13}};
-  const auto* const row = std::ranges::find(kAlike, bitmap, &Alike::bitmap);
+Sketch OwnDeviceSketch(const Device& device, const PageValues& values) {
   Sketch sketch;
-  AddShapes(sketch, ExampleOf(row->type));
+  // A device of the same kind shows what it is.
+  AddShapes(sketch, devices::KindOf(device.code)->devices.front().example);
   sketch.isExample = true;
   sketch.notes.push_back(Translate(kFromVdm));
-  FindNoNumber(sketch, *TypeOf(bitmap), values);
+  FindNoNumber(sketch, device, values);
   return sketch;
 }
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "devices/device_outlines.h"
+#include "devices/outline.h"
 
 namespace vanzet::view::qt {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "devices/kinds.h"
 #include "view/ids.h"
 
 namespace vanzet::view::qt {
@@ -14,26 +15,6 @@ constexpr Picture kPictures[] = {
     {picture::kBilletSub,     BilletSketch},
     {picture::kFigure,        FigureSketch},
     {picture::kSolid,         SolidSketch},
-    {picture::kOwnCenter,     OwnDeviceSketch},
-    {picture::kCenter1,       DeviceSketch},
-    {picture::kCenter2,       DeviceSketch},
-    {picture::kOwnChuck,      OwnDeviceSketch},
-    {picture::kChuck,         DeviceSketch},
-    {picture::kOwnCollet,     OwnDeviceSketch},
-    {picture::kCollet,        DeviceSketch},
-    {picture::kOwnFaceDriver, OwnDeviceSketch},
-    {picture::kFaceDriver,    DeviceSketch},
-    {picture::kOwnJaw,        OwnDeviceSketch},
-    {picture::kJaw1,          DeviceSketch},
-    {picture::kJaw2,          DeviceSketch},
-    {picture::kJaw3,          DeviceSketch},
-    {picture::kJaw4,          DeviceSketch},
-    {picture::kJaw5,          DeviceSketch},
-    {picture::kJaw6,          DeviceSketch},
-    {picture::kJaw7,          DeviceSketch},
-    {picture::kJaw8,          DeviceSketch},
-    {picture::kOwnMandrel,    OwnDeviceSketch},
-    {picture::kMandrel,       DeviceSketch},
     {picture::kDatum,         DatumSketch},
 };
 // clang-format on
@@ -45,6 +26,9 @@ std::span<const Picture> Pictures() {
 }
 
 Sketch SketchOf(std::int32_t bitmap, const PageValues& values) {
+  if (const devices::Device* const device = devices::FindByPicture(bitmap)) {
+    return devices::IsOwn(device->code) ? OwnDeviceSketch(*device, values) : DeviceSketch(*device, values);
+  }
   const auto* const row = std::ranges::find(kPictures, bitmap, &Picture::bitmap);
   return row == std::end(kPictures) ? Sketch() : row->make(bitmap, values);
 }

@@ -14,17 +14,17 @@ struct Picture {
   Sketch (*make)(std::int32_t bitmap, const PageValues& values);
 };
 
-/// All pictures, by id.
+/// The pictures of the pages without devices, by id.
 std::span<const Picture> Pictures();
 
-/// The picture of a bitmap's id with the values of a page; an empty one for an id that is not in the table.
+/// The picture of a bitmap's id with the values of a page; an empty one for an unknown id.
 Sketch SketchOf(std::int32_t bitmap, const PageValues& values);
 
 // The families that the table is made of.
-Sketch DeviceSketch(std::int32_t bitmap, const PageValues& values);     ///< a device of the catalogue
-Sketch OwnDeviceSketch(std::int32_t bitmap, const PageValues& values);  ///< one from a VDM of its own
-Sketch BilletSketch(std::int32_t bitmap, const PageValues& values);     ///< by numbers, on either spindle
-Sketch FigureSketch(std::int32_t bitmap, const PageValues& values);     ///< turned from two figures
+Sketch DeviceSketch(const devices::Device& device, const PageValues& values);  ///< one of the catalogue
+Sketch OwnDeviceSketch(const devices::Device& device, const PageValues& values);
+Sketch BilletSketch(std::int32_t bitmap, const PageValues& values);  ///< by numbers, on either spindle
+Sketch FigureSketch(std::int32_t bitmap, const PageValues& values);  ///< turned from two figures
 Sketch SolidSketch(std::int32_t bitmap, const PageValues& values);
 Sketch BezelSketch(std::int32_t bitmap, const PageValues& values);
 Sketch DatumSketch(std::int32_t bitmap, const PageValues& values);

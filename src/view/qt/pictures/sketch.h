@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "devices/device.h"
+
 /// A dimensioned drawing as plain data, before it has a size and colours.
 ///
 /// Units    those of the values; x to the right, y up
@@ -25,18 +27,11 @@ struct Shape {
   Ink ink;
 };
 
-/// Where the line of a measure runs. Those that lie outside of all shapes are put in lanes, the first
-/// nearest.
-enum class Where { kInside, kAbove, kBelow, kLeft, kRight };
+using devices::Where;
 
 /// A distance, an angle or a corner that bears the letter of a value.
 struct Measure {
-  enum class Kind {
-    kAlong,   ///< a distance in x, from point to point
-    kAcross,  ///< a distance in y
-    kAngle,   ///< at the point `from`, between two directions in degrees, from +x against the clock: `to`
-    kCorner,  ///< something at the point `from`
-  };
+  using Kind = devices::MeasureKind;
 
   Kind kind = Kind::kAlong;
   Where where = Where::kInside;
