@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "scene/camera.h"
-#include "scene/clip.h"
 #include "scene/scene.h"
 #include "scene/surface.h"
 

@@ -7,7 +7,7 @@
 #include "geometry/numerics.h"
 #include "modeller/body.h"
 #include "modeller/measures.h"
-#include "scene/exact_body.h"
+#include "scene/bodies.h"
 
 namespace vanzet::scene {
 namespace {

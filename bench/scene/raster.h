@@ -30,13 +30,26 @@ struct SampleRange {
 };
 
 /// The samples whose middles may lie within these coordinates, of those in `all`.
-SampleRange RangeOf(double left, double top, double right, double bottom, const SampleRange& all);
+inline SampleRange RangeOf(double left, double top, double right, double bottom, const SampleRange& all) {
+  const auto clamped = [](double value, int low, int high) {
+    return static_cast<int>(std::clamp(value, static_cast<double>(low), static_cast<double>(high)));
+  };
+  return {clamped(std::floor(left), all.left, all.right), clamped(std::floor(top), all.top, all.bottom),
+          clamped(std::ceil(right) + 1, all.left, all.right),
+          clamped(std::ceil(bottom) + 1, all.top, all.bottom)};
+}
 
 /// A horizontal band of samples with colour and nearness. Coordinates are those of samples, from the upper
 /// left corner of the whole picture; a sample's place is its middle.
 class Raster {
  public:
-  Raster(int width, int top, int height, const modeller::Colour& background);
+  Raster(int width, int top, int height, const modeller::Colour& background)
+      : range_{0, top, width, top + height} {
+    const Sample empty{kFarthest,
+                       {static_cast<float>(background.red), static_cast<float>(background.green),
+                        static_cast<float>(background.blue)}};
+    samples_.assign(range_.Count(), empty);
+  }
 
   struct Sample {
     double nearness;
@@ -47,6 +60,8 @@ class Raster {
   Sample& At(int x, int y) { return samples_[range_.Index(x, y)]; }
 
  private:
+  static constexpr double kFarthest = -1e30;
+
   SampleRange range_;
   std::vector<Sample> samples_;
 };

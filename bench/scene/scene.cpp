@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/bodies.h"
 #include "scene/device_text.h"
 #include "scene/equipment.h"
-#include "scene/exact_body.h"
-#include "scene/part_body.h"
 #include "scene/placing.h"
 
 namespace vanzet::scene {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "geometry/matrix.h"
@@ -29,5 +30,20 @@ struct Surface {
 
 /// The surface of a mesh where a placement puts it. Points at the same place are one point.
 Surface SurfaceOf(const modeller::Mesh& mesh, const geometry::Matrix& placement);
+
+// The section by the plane z = 0: what is above the plane is taken away.
+
+/// What is left of a facet: none, one or two.
+std::vector<Facet> Below(const Facet& facet);
+
+struct Stroke {
+  geometry::Point3d from, to;
+};
+
+/// What is left of a line.
+std::optional<Stroke> Below(const Stroke& stroke);
+
+/// Where the plane cuts a facet.
+std::optional<Stroke> CutOf(const Facet& facet);
 
 }  // namespace vanzet::scene

@@ -1,4 +1,4 @@
-#include "scene/clip.h"
+#include "scene/surface.h"
 
 #include <gtest/gtest.h>
 
