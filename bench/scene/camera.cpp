@@ -1,17 +1,15 @@
 #include "scene/camera.h"
 
+#include "scene/vectors.h"
+
 namespace vanzet::scene {
 namespace {
 
 using geometry::Point3d;
 using geometry::Vector3d;
 
-constexpr double kEyeDistance = 3.2;  // of the reach: a lens that hardly bends
-constexpr double kEdgeOn = 1e-3;      // a plane that is seen under a smaller sine has no picture
-
-Vector3d Unit(const Vector3d& vector) {
-  return vector * (1 / vector.Magnitude());
-}
+constexpr double kEyeDistance = 3.2;  // in units of the reach: a weak perspective
+constexpr double kEdgeOn = 1e-3;      // a plane seen under a smaller sine is not drawn
 
 }  // namespace
 
@@ -41,7 +39,7 @@ PicturePoint Camera::Project(const Point3d& point) const {
 
 Vector3d Camera::ToEye(const Point3d& point) const {
   if (eye_ == 0) return look_.toward;
-  return Unit(Vector3d(point, Eye()));
+  return UnitVector(Vector3d(point, Eye()));
 }
 
 bool Camera::SeesTopOfPlane() const {

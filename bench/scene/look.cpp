@@ -6,6 +6,7 @@
 
 #include "geometry/box.h"
 #include "scene/camera.h"
+#include "scene/vectors.h"
 
 namespace vanzet::scene {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 using geometry::Point3d;
 using geometry::Vector3d;
 
-/// Where the eye is, and what is up, as seen from the middle.
+/// The directions to the eye and up, from the middle.
 struct ViewRow {
   std::string_view word;
   Vector3d toward, up;
@@ -30,14 +31,10 @@ const std::array<ViewRow, 7> kViews = {{
 
 constexpr double kMargin = 0.06;              // of the picture, on each side
 constexpr double kLeast = 1e-4, kMost = 1e5;  // pixels a millimetre
-constexpr double kPole = -1e-9;               // how little up may point down
+constexpr double kPole = -1e-9;               // the most that up may point down
 
-Vector3d Unit(const Vector3d& vector) {
-  return vector * (1 / vector.Magnitude());
-}
-
-/// The vector turned about a unit vector.
-Vector3d Turned(const Vector3d& vector, const Vector3d& axis, double angle) {
+/// Turns a vector about a unit vector.
+Vector3d TurnAbout(const Vector3d& vector, const Vector3d& axis, double angle) {
   const double c = std::cos(angle), s = std::sin(angle);
   return vector * c + Cross(axis, vector) * s + axis * (Dot(axis, vector) * (1 - c));
 }
@@ -62,8 +59,8 @@ std::optional<View> ViewNamed(std::string_view word) {
 Look LookFrom(View view, bool isPerspective, const std::vector<Point3d>& points, int width, int height) {
   const ViewRow& row = kViews.at(static_cast<std::size_t>(view));
   Look look;
-  look.toward = Unit(row.toward);
-  look.up = Cross(look.toward, Unit(Cross(row.up, look.toward)));
+  look.toward = UnitVector(row.toward);
+  look.up = Cross(look.toward, UnitVector(Cross(row.up, look.toward)));
   look.isPerspective = isPerspective;
   return Fitted(look, points, width, height);
 }
@@ -94,13 +91,13 @@ Look Fitted(Look look, const std::vector<Point3d>& points, int width, int height
 
 Look Turned(Look look, double aside, double over) {
   const Vector3d upright(0, 1, 0);
-  look.toward = Turned(look.toward, upright, aside);
-  look.up = Turned(look.up, upright, aside);
-  const Vector3d right = Unit(Cross(look.up, look.toward));
-  const Vector3d up = Turned(look.up, right, over);
+  look.toward = TurnAbout(look.toward, upright, aside);
+  look.up = TurnAbout(look.up, upright, aside);
+  const Vector3d right = UnitVector(Cross(look.up, look.toward));
+  const Vector3d up = TurnAbout(look.up, right, over);
   if (up.dy < kPole) return look;
-  look.toward = Unit(Turned(look.toward, right, over));
-  look.up = Unit(Cross(look.toward, right));
+  look.toward = UnitVector(TurnAbout(look.toward, right, over));
+  look.up = UnitVector(Cross(look.toward, right));
   return look;
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "scene/raster.h"
+#include "scene/vectors.h"
 
 namespace vanzet::scene {
 namespace {
@@ -153,9 +154,7 @@ class Painter {
   }
 
   static Colour Surface(const Colour& colour, const std::array<float, 3>& facing) {
-    const Vector3d normal(facing[0], facing[1], facing[2]);
-    const double length = normal.Magnitude();
-    return Lit(colour, length > 0 ? normal * (1 / length) : normal);
+    return Lit(colour, UnitVector({facing[0], facing[1], facing[2]}));
   }
 
   /// Sharp edges are, and those behind which the surface turns away.

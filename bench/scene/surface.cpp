@@ -5,6 +5,8 @@
 #include <map>
 #include <tuple>
 
+#include "scene/vectors.h"
+
 namespace vanzet::scene {
 namespace {
 
@@ -12,11 +14,6 @@ using geometry::Point3d;
 using geometry::Vector3d;
 
 constexpr double kSmooth = 0.8660254037844386;  // cosine of 30 degrees: neighbours that turn less are smooth
-
-Vector3d Unit(const Vector3d& vector) {
-  const double length = vector.Magnitude();
-  return length > 0 ? vector * (1 / length) : vector;
-}
 
 class Maker {
  public:
@@ -74,16 +71,16 @@ class Maker {
 
   /// The direction in which a triangle's corner faces: that of its smooth neighbours, by their areas.
   Vector3d Smoothed(int point, std::size_t triangle) const {
-    const Vector3d own = Unit(areas_[triangle]);
+    const Vector3d own = UnitVector(areas_[triangle]);
     Vector3d sum;
     for (const std::size_t other : around_[static_cast<std::size_t>(point)]) {
-      if (Dot(own, Unit(areas_[other])) >= kSmooth) sum = sum + areas_[other];
+      if (Dot(own, UnitVector(areas_[other])) >= kSmooth) sum = sum + areas_[other];
     }
-    return Unit(sum);
+    return UnitVector(sum);
   }
 
   SurfaceEdge EdgeOf(const Ends& ends, const std::vector<std::size_t>& sides) const {
-    const Vector3d left = Unit(areas_[sides.front()]), right = Unit(areas_[sides.back()]);
+    const Vector3d left = UnitVector(areas_[sides.front()]), right = UnitVector(areas_[sides.back()]);
     return {At(ends.first), At(ends.second), left, right, sides.size() != 2 || Dot(left, right) < kSmooth};
   }
 
