@@ -13,7 +13,7 @@
 #include <string>
 
 #include "platform/line_reader.h"
-#include "simulation/vrml_text.h"
+#include "simulation/device_vrml.h"
 
 namespace {
 

@@ -9,10 +9,8 @@
 #include "host/macro_variables.h"
 #include "macro/command_text.h"
 #include "macro/device_contour.h"
-#include "simulation/device_operations.h"
+#include "simulation/device_contours.h"
 #include "simulation/device_vrml.h"
-#include "simulation/jaw_d2t.h"
-#include "simulation/kurve_geometry.h"
 #include "store/record_frame.h"
 
 namespace vanzet {

@@ -7,7 +7,6 @@
 #include "host/bridge.h"
 #include "host/fields.h"
 #include "macro/command_text.h"
-#include "store/read_figures.h"
 #include "store/record_frame.h"
 
 namespace vanzet {

@@ -7,7 +7,6 @@
 #include "macro/device_record.h"
 #include "platform/message_box.h"
 #include "store/clamp_schema.h"
-#include "store/clamp_version.h"
 
 namespace vanzet {
 namespace {

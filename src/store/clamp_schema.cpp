@@ -1,7 +1,5 @@
 #include "store/clamp_schema.h"
 
-#include "store/clamp_version.h"
-
 namespace vanzet {
 namespace {
 

@@ -11,6 +11,11 @@ namespace vanzet {
 
 inline constexpr std::int32_t kClampOperations = 18;
 
+/// The version of the schema, as a number and as the text of its item. Definitions without a version item have
+/// the version 0.
+inline constexpr std::int32_t kClampVersion = 100;
+inline constexpr std::string_view kClampVersionText = "100";
+
 /// The operations by number. Those that hold simulation data: docs/formats/definition.md.
 namespace clamp_operation {
 inline constexpr std::int32_t kMainSpindle = 1;

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-/// How the simulation is told of a jaw as a tool holder: docs/formats/d2t.md.
+/// The description of a jaw as a tool holder for the simulation: docs/formats/d2t.md.
 ///
-/// Shape    head lines, then the one value "Contour", an element of the outline a line
+/// Shape    head lines, then the value "Contour" with a line for each element of the outline
 /// Items    one line each, its line feed included
 namespace vanzet {
 
@@ -16,13 +16,13 @@ std::span<const std::string_view> D2tHead();
 
 /// A step along the outline.
 struct D2tElement {
-  std::int32_t
-      gCode;    ///< 1 straight, 2 a clockwise arc, 3 an anticlockwise one; the first is a move whatever it is
-  double x, y;  ///< where it ends, in the units of the host
+  /// 1 straight, 2 a clockwise arc, 3 an anticlockwise one; the first element is a move in any case.
+  std::int32_t gCode;
+  double x, y;    ///< the end, in the units of the host
   double radius;  ///< of an arc
 };
 
-/// The line of an element; all but the last say that the value goes on.
+/// The line of an element; all but the last one say that the value continues.
 std::string D2tLine(const D2tElement& element, bool isFirst, bool isLast);
 
 }  // namespace vanzet

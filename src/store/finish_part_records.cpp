@@ -1,7 +1,6 @@
 #include "store/finish_part_records.h"
 
 #include "host/fields.h"
-#include "store/read_figures.h"
 #include "store/record_frame.h"
 
 namespace vanzet {

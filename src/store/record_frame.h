@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "host/host_functions.h"
 #include "store/billet_vdm.h"
@@ -40,6 +41,15 @@ std::int32_t ReadRecord(std::int32_t spur, const Work& work) {
   const std::uint32_t vdm = BilletVdm::VdmNumber(spur);
   if (host::hostFunctions.OrvoMacroVdmExists(vdm) == 0) return kRecordFailed;
   return InsideDefinition(vdm, work);
+}
+
+/// Reads the names of two figures from the position of an open VDM on. The item "0", as a definition has it
+/// where no figure is given, reads as the empty name.
+inline void ReadFigures(OrvoApi::MillTurnVdm& vdm, std::string& outside, std::string& inside) {
+  for (std::string* const figure : {&outside, &inside}) {
+    vdm.SingleGet(*figure);
+    if (*figure == "0") figure->clear();
+  }
 }
 
 }  // namespace vanzet

@@ -1,4 +1,4 @@
-#include "simulation/jaw_d2t.h"
+#include "simulation/device_contours.h"
 
 #include "simulation/simulation_fixture.h"
 #include "store/d2t_text.h"

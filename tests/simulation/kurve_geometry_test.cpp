@@ -1,4 +1,4 @@
-#include "simulation/kurve_geometry.h"
+#include "simulation/device_contours.h"
 
 #include "simulation/simulation_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "simulation/vrml_text.h"
+#include "simulation/device_vrml.h"
 
 #include <gmock/gmock.h>
 
