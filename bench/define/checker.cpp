@@ -63,7 +63,7 @@ void Checker::SpurNumber(const Place& spur) {
   const Place number = spur["spur"];
   const double most = surroundings_.spurs - 1;
   if (!IsValue(number, std::int32_t(), {0, most})) return;
-  if (!spurs_.insert(number.json.get<std::int32_t>()).second) Refuse(number, "stands twice in the form");
+  if (!spurs_.insert(number.json.get<std::int32_t>()).second) Refuse(number, "is listed twice");
 }
 
 void Checker::Spindle(const Place& spur, std::size_t spindle) {
@@ -87,7 +87,7 @@ void Checker::Clamp(const Place& spindle) {
     if (!spindle.Has(row.key)) continue;
     const Place device = spindle[row.key];
     if (given != nullptr) {
-      Refuse(device, "a spindle holds one device, and there is " + Quoted(std::string(given->key)));
+      Refuse(device, "a spindle holds one device, but it also has " + Quoted(std::string(given->key)));
     }
     given = &row;
     Device(device, row);
@@ -172,13 +172,13 @@ bool Checker::IsObject(const Place& place, const Keys& known) {
 
 bool Checker::IsText(const Place& place) {
   constexpr std::size_t kLongest = 1000;  // a line of the catalogue and an item of a definition hold it
-  if (!place.json.is_string()) return Refuse(place, "must be a text");
+  if (!place.json.is_string()) return Refuse(place, "must be a string");
   const auto text = place.json.get<std::string>();
   if (text.empty()) return Refuse(place, "must not be empty");
   if (text.size() > kLongest)
     return Refuse(place, "must not be longer than " + std::to_string(kLongest) + " bytes");
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20U || c == 0x7f; };
-  if (std::ranges::any_of(text, isControl)) return Refuse(place, "must not hold a control character");
+  if (std::ranges::any_of(text, isControl)) return Refuse(place, "must not contain a control character");
   return true;
 }
 
@@ -215,7 +215,7 @@ bool Checker::Value(const Place& record, const Field<Record>& field, bool isSub)
     return field.need == Need::kNone || Refuse(record.PathOf(field.key), kMissing);
   }
   const Place value = record[field.key];
-  if (isSub && field.isOfMainAlone) return Refuse(value, "has no place on the sub spindle");
+  if (isSub && field.isOfMainAlone) return Refuse(value, "cannot be given for the sub spindle");
   const Record blank{};
   const bool isSound =
       std::visit([&](auto member) { return IsValue(value, blank.*member, field.range); }, field.member);

@@ -34,23 +34,23 @@ void Checker::Device(const Place& device, const DeviceRow& row) {
   } else if (device.Has("name")) {
     CatalogueDevice(device, row);
   } else {
-    Refuse(device, "names neither a device by \"name\" nor a file by \"file\"");
+    Refuse(device, "needs \"name\" or \"file\"");
   }
 }
 
 void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
   for (const char* const key : {"name", "shape"}) {
-    if (device.Has(key)) Refuse(device[key], "has no place beside \"file\"");
+    if (device.Has(key)) Refuse(device[key], "cannot be combined with \"file\"");
   }
   const Place file = device["file"];
   if (!IsText(file)) return;
   if (file.json.get<std::string>().find('\'') != std::string::npos) {
-    return void(Refuse(file, "must not hold an apostrophe: the host's commands end a name with it"));
+    return void(Refuse(file, "must not contain an apostrophe, which ends a name in the host's commands"));
   }
   const auto deviceClass = surroundings_.ownDevice(file.json.get<std::string>());
   if (!deviceClass) return void(Refuse(file, deviceClass.fault().Message()));
   if (*deviceClass != row.deviceClass) {
-    Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", which is no " + WordsOf(row));
+    Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", not a " + WordsOf(row));
   }
   if (device.Has("letters")) Letters(device, row.own, nullptr);
 }
@@ -105,8 +105,8 @@ void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams
 void Checker::NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type) {
   const auto [named, isNew] = names_.try_emplace(name, Named{type, path});
   if (isNew || named->second.type == type) return;
-  Refuse(path, "is the name of a device of another kind at " + named->second.path +
-                   "; the dialog tells devices apart by their names alone");
+  Refuse(path, "is also the name of another type of device at " + named->second.path +
+                   "; the dialog knows devices only by their names");
 }
 
 }  // namespace vanzet::define

@@ -24,7 +24,7 @@ std::string ReasonOf(const nlohmann::json::parse_error& error) {
   std::string text = error.what();
   const std::size_t place = text.find("column ");
   const std::size_t reason = place == std::string::npos ? text.find("] ") : text.find(": ", place);
-  return "no JSON: " + (reason == std::string::npos ? text : text.substr(reason + 2));
+  return "not JSON: " + (reason == std::string::npos ? text : text.substr(reason + 2));
 }
 
 /// Sees the keys of each object that is open while a text is read.
@@ -72,13 +72,13 @@ Result<Json> ReadJson(const std::string& text, const std::string& name) {
     Json json = Json::parse(text, [&](int depth, Json::parse_event_t event, Json& parsed) {
       return keys.See(depth, event, parsed);
     });
-    if (keys.twice()) return Fault{"the key " + Quoted(*keys.twice()) + " stands twice in one object", name};
+    if (keys.twice()) return Fault{"the key " + Quoted(*keys.twice()) + " occurs twice in one object", name};
     return json;
   } catch (const nlohmann::json::parse_error& error) {
     const auto [line, column] = PlaceOf(text, error.byte);
     return Fault{ReasonOf(error), name, line, column};
   } catch (const nlohmann::json::out_of_range& error) {
-    return Fault{"holds a number that is too large", name};
+    return Fault{"contains a number that is too large", name};
   }
 }
 

@@ -74,8 +74,8 @@ class Writer {
     if (type == 0) return nullptr;
     const auto row = std::ranges::find_if(rows, [&](const DeviceRow& each) { return each.Has(type); });
     if (row == rows.end()) {
-      leftOut_.push_back({path, "the device " + Quoted(device.name) + " of type " + std::to_string(type) +
-                                    " has no place in the form"});
+      leftOut_.push_back({path, "the form cannot express the device " + Quoted(device.name) + " of type " +
+                                    std::to_string(type)});
       return nullptr;
     }
     return &(json[std::string(row->key)] = DeviceJson(*row, device));
@@ -100,7 +100,7 @@ class Writer {
     const auto kind = std::ranges::find(part.kinds, record.type, &Kind<Record>::type);
     if (kind == part.kinds.end()) {
       leftOut_.push_back({Below(path, std::string(part.key)),
-                          "type " + std::to_string(record.type) + " has no place in the form"});
+                          "the form cannot express type " + std::to_string(record.type)});
       return;
     }
     Json& added = json[std::string(part.key)] = {{kKind, kind->word}};

@@ -97,7 +97,7 @@ Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
 
 Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content) {
   const auto& items = ItemsOf(content, kOwnDeviceOperation, 2);
-  if (items.empty()) return Fault{"holds no device: operation 1 has no values"};
+  if (items.empty()) return Fault{"is not a device: operation 1 has no values"};
   std::string_view rest = items.front();
   const auto group = IntegerPrefix(rest);
   rest.remove_prefix(group ? group->used : 0);
@@ -105,7 +105,7 @@ Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content) 
   rest.remove_prefix(number ? number->used : 0);
   const auto deviceClass = static_cast<DeviceClass>(number ? number->value : -1);
   if (!group || group->value != devices::kClampDeviceGroup || devices::WordOf(deviceClass).empty()) {
-    return Fault{"holds no chuck, jaw or center"};
+    return Fault{"is not a chuck, jaw or center"};
   }
   const auto [first, second, none] = ThreeReals(rest);
   return OwnDeviceValues{deviceClass, first, second};

@@ -256,7 +256,7 @@ TEST_F(RefusedForm, TellsEveryValue) {
 
 TEST_F(RefusedForm, IsOneThatCannotBeRead) {
   EXPECT_THAT(Vanzet("define none.json lathe").err, StartsWith("vanzet: none.json: cannot be read"));
-  EXPECT_THAT(Vanzet("define - lathe", "", "{").err, StartsWith("vanzet: standard input:1:2: no JSON: "));
+  EXPECT_THAT(Vanzet("define - lathe", "", "{").err, StartsWith("vanzet: standard input:1:2: not JSON: "));
   EXPECT_TRUE(State() == before);
 }
 

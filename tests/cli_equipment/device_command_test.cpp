@@ -115,7 +115,7 @@ TEST_F(DeviceCommands, TellWhatIsBroken) {
   const Outcome empty = Vanzet("device show own.vdm");
   EXPECT_EQ(empty.status, 1);
   EXPECT_THAT(empty.err, StartsWith("vanzet: "));
-  EXPECT_THAT(empty.err, HasSubstr("own.vdm: holds no device"));
+  EXPECT_THAT(empty.err, HasSubstr("own.vdm: is not a device"));
 }
 
 TEST_F(DeviceCommands, ShowPeopleALineAFact) {

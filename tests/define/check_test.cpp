@@ -22,8 +22,8 @@ TEST_F(CheckedForm, NamesThePathAndTheReasonOfEachValue) {
   EXPECT_THAT(RefusedOf(R"({"spurs": []})"), ElementsAre("$.spurs: must name at least one spur"));
   EXPECT_THAT(RefusedOf(R"({"spurs": [{}, {"spur": 2}, {"spur": 0}, {"spur": 0}, {"spur": 0.5}, 7]})"),
               ElementsAre("$.spurs[0].spur: is missing", "$.spurs[1].spur: must be from 0 to 1",
-                          "$.spurs[3].spur: stands twice in the form",
-                          "$.spurs[4].spur: must be a whole number", "$.spurs[5]: must be an object"));
+                          "$.spurs[3].spur: is listed twice", "$.spurs[4].spur: must be a whole number",
+                          "$.spurs[5]: must be an object"));
 }
 
 TEST_F(CheckedForm, HintsAtTheKeyThatWasMeant) {
@@ -38,10 +38,10 @@ TEST_F(CheckedForm, HintsAtTheKeyThatWasMeant) {
 TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
   const Case cases[] = {
       {R"("chuck": 1)", {"chuck: must be an object"}},
-      {R"("chuck": {})", {R"(chuck: names neither a device by "name" nor a file by "file")"}},
-      {R"("chuck": {"name": 4})", {"chuck.name: must be a text"}},
+      {R"("chuck": {})", {R"(chuck: needs "name" or "file")"}},
+      {R"("chuck": {"name": 4})", {"chuck.name: must be a string"}},
       {R"("chuck": {"name": ""})", {"chuck.name: must not be empty"}},
-      {R"("chuck": {"name": "a\nb"})", {"chuck.name: must not hold a control character"}},
+      {R"("chuck": {"name": "a\nb"})", {"chuck.name: must not contain a control character"}},
       {R"("chuck": {"name": "Chuck 160", "letters": {"B": "x"}})", {"chuck.letters.B: must be a number"}},
       {R"("chuck": {"name": "Chuck 160", "letters": {"B": 1e300}})",
        {"chuck.letters.B: must be from -1e+09 to 1e+09"}},
@@ -55,15 +55,16 @@ TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
       {R"("chuck": {"name": "Collet D42"})",
        {R"(chuck.letters: is missing, and the catalogue has no chuck "Collet D42")"}},
       {R"("chuck": {"name": "Chuck 160"}, "collet": {"name": "Collet D42"})",
-       {R"(collet: a spindle holds one device, and there is "chuck")"}},
+       {R"(collet: a spindle holds one device, but it also has "chuck")"}},
       {R"("jaw": {"name": "New"})", {"jaw.shape: is missing, and the catalogue has no such jaw"}},
       {R"("jaw": {"name": "Soft jaw 160", "shape": 9})", {"jaw.shape: must be from 1 to 8"}},
       {R"("jaw": {"name": "Soft jaw 160", "count": 2, "inside": 1})",
        {"jaw.count: must be from 3 to 16", "jaw.inside: must be true or false"}},
       {R"("jaw": {"name": "Chuck 160", "shape": 5, "letters": {"A": 1, "B": 2, "C": 3, "D": 4}},
           "chuck": {"name": "Chuck 160"})",
-       {"jaw.name: is the name of a device of another kind at $.spurs[0].main.chuck.name; the dialog tells "
-        "devices apart by their names alone"}},
+       {"jaw.name: is also the name of another type of device at $.spurs[0].main.chuck.name; the dialog "
+        "knows "
+        "devices only by their names"}},
   };
   for (const Case& each : cases) EXPECT_EQ(RefusedOfMain(each.keys), each.refused) << each.keys;
 }
@@ -71,11 +72,11 @@ TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
 TEST_F(CheckedForm, RefusesWhatIsWrongWithAnOwnDevice) {
   const Case cases[] = {
       {R"("chuck": {"file": "none.vdm"})", {"chuck.file: none.vdm: cannot be read"}},
-      {R"("chuck": {"file": "jaw.vdm"})", {"chuck.file: holds a jaw, which is no chuck"}},
+      {R"("chuck": {"file": "jaw.vdm"})", {"chuck.file: holds a jaw, not a chuck"}},
       {R"("jaw": {"file": "chuck.vdm", "shape": 2})",
-       {"jaw.shape: has no place beside \"file\"", "jaw.file: holds a chuck, which is no jaw"}},
+       {"jaw.shape: cannot be combined with \"file\"", "jaw.file: holds a chuck, not a jaw"}},
       {R"("face_driver": {"file": "it's.vdm"})",
-       {"face_driver.file: must not hold an apostrophe: the host's commands end a name with it"}},
+       {"face_driver.file: must not contain an apostrophe, which ends a name in the host's commands"}},
       {R"("mandrel": {"file": "chuck.vdm", "letters": {"A": 1}})",
        {"mandrel.letters.A: unknown key; known are B"}},
       {R"("mandrel": {"file": "chuck.vdm", "letters": {"B": 1}})", {}},
@@ -116,7 +117,7 @@ TEST_F(CheckedForm, RefusesWhatIsWrongWithABilletOrAFinishedPart) {
 TEST_F(CheckedForm, RefusesABarOnTheSubSpindle) {
   EXPECT_THAT(RefusedOfSpur(R"("sub": {"billet": {"kind": "cylinder", "outer_diameter": 4, "part_length": 5,
                                                   "bar_length": 9}})"),
-              ElementsAre("sub.billet.bar_length: has no place on the sub spindle"));
+              ElementsAre("sub.billet.bar_length: cannot be given for the sub spindle"));
 }
 
 TEST_F(CheckedForm, RefusesWhatTheMachineHasNot) {

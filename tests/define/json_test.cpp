@@ -14,8 +14,8 @@ using testing::IsEmpty;
 TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
   const auto read = ReadJson("{\"spurs\": [\n  1,,\n]}", "job.json");
   ASSERT_FALSE(read);
-  EXPECT_THAT(read.fault().Message(), testing::StartsWith("job.json:2:5: no JSON: "));
-  EXPECT_THAT(ReadJson("", "job.json").fault().Message(), HasSubstr("job.json:1:1: no JSON: "));
+  EXPECT_THAT(read.fault().Message(), testing::StartsWith("job.json:2:5: not JSON: "));
+  EXPECT_THAT(ReadJson("", "job.json").fault().Message(), HasSubstr("job.json:1:1: not JSON: "));
   EXPECT_FALSE(ReadJson("{\"a\": \"\xff\"}", "job.json"));
   EXPECT_THAT(ReadJson("[1e400]", "job.json").fault().Message(), HasSubstr("too large"));
 }
@@ -23,7 +23,7 @@ TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
 TEST(FormJson, MayHaveAKeyInSeveralObjectsButNotTwiceInOne) {
   EXPECT_TRUE(ReadJson(R"({"a": {"b": 1}, "b": [{"b": 1}, {"b": 1}]})", "job.json"));
   EXPECT_EQ(ReadJson(R"({"a": {"b": 1, "c": {"b": 1}, "b": 2}})", "job.json").fault().Message(),
-            "job.json: the key \"b\" stands twice in one object");
+            "job.json: the key \"b\" occurs twice in one object");
 }
 
 TEST(FormJson, OfAnyDepthIsReadOrRefused) {

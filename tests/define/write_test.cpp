@@ -61,12 +61,11 @@ TEST_F(WrittenForm, TellsWhatItHasNoPlaceFor) {
   main.billet.type = 7;
   sub.clamp = {"Soft jaw 160", {.type = 9}};
   EXPECT_EQ(Written(), Json::parse(R"({"spur": 0})"));
-  EXPECT_THAT(
-      leftOut,
-      ElementsAre(
-          Refusal{"$.spurs[0].main", "the device \"odd\" of type 42 has no place in the form"},
-          Refusal{"$.spurs[0].main.billet", "type 7 has no place in the form"},
-          Refusal{"$.spurs[0].sub", "the device \"Soft jaw 160\" of type 9 has no place in the form"}));
+  EXPECT_THAT(leftOut,
+              ElementsAre(Refusal{"$.spurs[0].main", "the form cannot express the device \"odd\" of type 42"},
+                          Refusal{"$.spurs[0].main.billet", "the form cannot express type 7"},
+                          Refusal{"$.spurs[0].sub",
+                                  "the form cannot express the device \"Soft jaw 160\" of type 9"}));
 }
 
 TEST_F(WrittenForm, IsSoundAndCompleteInItself) {
