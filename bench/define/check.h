@@ -11,7 +11,8 @@
 
 namespace vanzet::define {
 
-/// What a form is checked against: the machine, the shop's catalogue and the project's files.
+/// The surroundings that a form is checked against: the machine, the shop's catalogue and the project's
+/// files.
 struct Surroundings {
   std::int32_t spurs = 1;
   bool hasSubSpindle = false, hasTailStock = false, hasSteadyRest = false;
@@ -21,9 +22,9 @@ struct Surroundings {
   std::function<Result<void>(const std::string& name)> solid;
 };
 
-/// Checks a form, all of it, and completes it: devices get the shape and the letters that they leave to the
-/// catalogue, and what a page would show of the spindle's former jaws is told. Nothing is refused of what it
-/// gives when it gives no refusal; the form is then what `StepsOf` needs.
+/// Checks a whole form and completes it: devices get the shape and the letters that they leave to the
+/// catalogue, and jaws get the usual count and side, so that the page's former values do not remain. When
+/// nothing is refused, the form is what `StepsOf` needs.
 Refusals CheckForm(Json& form, const Surroundings& surroundings);
 
 }  // namespace vanzet::define

@@ -16,7 +16,7 @@ std::vector<std::string> KeysOf(std::span<const DeviceRow> rows) {
   return keys;
 }
 
-/// What to say of a word that is none of the known ones.
+/// The reason for refusing an unknown word.
 std::string UnknownReason(const std::string& what, const std::string& word,
                           const std::vector<std::string>& known) {
   const std::vector<std::string> near = NearWords(word, known);

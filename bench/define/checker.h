@@ -13,7 +13,7 @@
 
 namespace vanzet::define {
 
-/// A value of a form, and where it stands. Good until a key is put into the object that holds it.
+/// A value of a form with its path. It is valid until a key is added to the object that contains it.
 struct Place {
   Json& json;
   std::string path;
@@ -24,7 +24,7 @@ struct Place {
   Place operator[](std::string_view key) const { return {json.at(std::string(key)), PathOf(key)}; }
 };
 
-/// Goes through a form once and collects what is refused.
+/// Goes through a form once and collects the refusals.
 class Checker {
  public:
   explicit Checker(const Surroundings& surroundings) : surroundings_(surroundings) {}
@@ -52,13 +52,13 @@ class Checker {
   void Letters(const Place& device, std::int32_t type, const DeviceParams* known);
   void NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type);
 
-  /// A record that is of one kind of several.
+  /// Checks a record that is of one kind of several.
   template <class Record>
   void OneOf(const Place& spindle, const Part<Record>& part, bool isSub);
   void Cylinder(const Place& billet);
   void FilesOf(const Place& record);
 
-  /// Each gives false when it refuses the value; keys that an object should not have are refused one by one.
+  /// Each returns false when it refuses the value; unknown keys of an object are refused one by one.
   bool IsObject(const Place& place, const Keys& known);
   bool IsText(const Place& place);
   bool IsNumber(const Place& place, const Range& range);
@@ -69,7 +69,7 @@ class Checker {
     return IsText(place);
   }
 
-  /// The values of a record; `others` are keys that stand beside them.
+  /// Checks the values of a record; `others` are further keys that it may have.
   template <class Record>
   bool Fields(const Place& record, std::span<const Field<Record>> fields, bool isSub, Keys others = {});
   template <class Record>
@@ -81,7 +81,7 @@ class Checker {
     return false;
   }
 
-  /// What a device with that name is: all that the dialog knows of a name is one device.
+  /// The type of the device with a name, and its first place: the dialog knows one device for each name.
   struct Named {
     std::int32_t type;
     std::string path;

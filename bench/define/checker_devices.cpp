@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-// What holds the work: devices of the catalogue, and those that a shop keeps in files of their own.
+// Devices: those of the catalogue, and those that a shop keeps in files of their own.
 
 namespace vanzet::define {
 namespace {

@@ -46,7 +46,7 @@ void AddLetters(const Json& device, Step& step) {
   }
 }
 
-/// What stands under a key, or an object without keys.
+/// The value of a key, or an object without keys.
 const Json& At(const Json& place, const std::string& key) {
   static const Json kNone = Json::object();
   return place.contains(key) ? place[key] : kNone;
@@ -103,7 +103,7 @@ class SpurSteps {
     return steps_.back();
   }
 
-  /// What was drawn of a former record goes.
+  /// Deletes what was drawn of a former record.
   void Delete(const std::string& path, std::int32_t node) {
     steps_.push_back({path, {Line("context", node) + " " + std::to_string(command::kDeleteRecord)}});
   }
@@ -124,7 +124,7 @@ class SpurSteps {
     }
   }
 
-  /// Its letters are those of its file, but for the first of a center, which can be changed when it is there.
+  /// The letters come from the file; only the first one of a center can be changed, after it was read.
   static void OwnDevice(const Json& device, const DeviceRow& row, Step& step) {
     constexpr const char* kChangeable = "A";
     step.lines.push_back(SetLine(control::kPath, device["file"]));

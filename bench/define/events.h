@@ -8,7 +8,7 @@
 
 namespace vanzet::define {
 
-/// What a person would do for one record of a form: lines of a script, the first of which selects a node,
+/// The actions in the dialog for one record of a form: lines of a script, the first of which selects a node,
 /// and the picks that they ask for.
 struct Step {
   std::string path;
@@ -16,24 +16,24 @@ struct Step {
   std::vector<std::string> picks = {};
 };
 
-/// The steps that give the form's values to a dialog over new definitions. Spurs are done from the last to
-/// the first, so that what the first one's billets draw is what stays in the drawing; what a spur had drawn
-/// before, as its place in the form `former` tells, and has no more, is deleted. OK is not pressed.
+/// The steps that enter the form's values into a dialog on new definitions. Spurs are done from the last to
+/// the first, so that the drawing ends with the billets of the first one. A billet or datum that a spur has
+/// in the form `former` but no longer has is deleted, so that its drawing goes. OK is not pressed.
 /// Requires: `CheckForm` refused nothing.
 std::vector<Step> StepsOf(const Json& form, const Json& former, bool hasSubSpindle, bool hasSpurs);
 
-/// The step behind them: OK.
+/// The step after them: OK.
 Step OkStep();
 
-/// A script with the lines of steps behind comments that name their paths, and whose each line is.
+/// A script with the lines of steps, each step after a comment with its path.
 struct Script {
   std::string text;
   std::string picks;
-  std::vector<std::size_t> stepOfLine;  ///< of the lines from 1; entry 0 is nobody's
+  std::vector<std::size_t> stepOfLine;  ///< by line, from 1; entry 0 is not used
 };
 Script ScriptOf(const std::vector<Step>& steps);
 
-/// The catalogue that the dialog is to be played with: the form's own devices, and nothing else.
+/// The catalogue for playing the dialog: only the devices of the form.
 std::string CatalogueText(const Json& form);
 
 }  // namespace vanzet::define

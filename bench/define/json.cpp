@@ -19,7 +19,7 @@ std::pair<int, int> PlaceOf(const std::string& text, std::size_t byte) {
   return {static_cast<int>(line) + 1, static_cast<int>(before.size() - lineStart) + 1};
 }
 
-/// What the library's error says, without its own name and place.
+/// The text of the library's error, without its own name and place.
 std::string ReasonOf(const nlohmann::json::parse_error& error) {
   std::string text = error.what();
   const std::size_t place = text.find("column ");
@@ -49,7 +49,7 @@ class Keys {
   std::optional<std::string> twice_;
 };
 
-/// How many letters have to be changed, put in or left out to come from one word to the other.
+/// The number of letters that must be changed, added or removed to turn one word into the other.
 std::size_t Distance(const std::string& from, const std::string& to) {
   std::vector<std::size_t> row(to.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -111,7 +111,7 @@ std::string Listed(const std::vector<std::string>& words) {
 
 std::vector<std::string> NearWords(const std::string& word, const std::vector<std::string>& words) {
   constexpr std::size_t kShortestPart = 3;   // shorter ones are part of anything
-  constexpr std::size_t kLongestWord = 100;  // longer ones are no misspelt keys
+  constexpr std::size_t kLongestWord = 100;  // longer ones are not misspelt keys
   std::vector<std::string> near;
   for (const std::string& candidate : words) {
     const std::size_t allowed =

@@ -9,10 +9,10 @@
 
 namespace vanzet::define {
 
-/// Keys keep the order in which a person wrote them.
+/// JSON whose keys keep their order.
 using Json = nlohmann::ordered_json;
 
-/// A value that is refused: where it stands, "$.spurs[0].main.chuck.letters.B", and why.
+/// A value that is refused: its path, "$.spurs[0].main.chuck.letters.B", and the reason.
 struct Refusal {
   std::string path;
   std::string reason;
@@ -21,17 +21,18 @@ struct Refusal {
 };
 using Refusals = std::vector<Refusal>;
 
-/// Reads JSON of one value. A fault names the file as `name`, and the line and column where the text is no
-/// JSON; a key that stands twice in an object is one too, since only one of the two could count.
+/// Reads JSON of one value; `name` is the name of the file in faults.
+/// Errors   the line and column where the text is not JSON; a key that occurs twice in an object, since only
+///          one of the two could count
 Result<Json> ReadJson(const std::string& text, const std::string& name);
 
-/// The path of what stands in `path` under the key.
+/// The path of the value of a key in the object at `path`.
 std::string Below(const std::string& path, const std::string& key);
 
 /// A number as people write it: whole numbers without a point.
 Json NumberJson(double value);
 
-/// True for a text without characters.
+/// True for an empty string.
 bool IsEmptyText(const Json& json);
 
 /// A key or another word of the form, as a reason quotes it.
@@ -40,7 +41,7 @@ std::string Quoted(const std::string& word);
 /// "chuck, collet, jaw".
 std::string Listed(const std::vector<std::string>& words);
 
-/// Those of `words` that somebody may have meant by `word`: of near spelling, or one part of the other.
+/// The words that may have been meant by `word`: similar spelling, or one is part of the other.
 std::vector<std::string> NearWords(const std::string& word, const std::vector<std::string>& words);
 
 }  // namespace vanzet::define

@@ -10,12 +10,12 @@
 namespace vanzet::define {
 namespace {
 
-/// The tree gets the focus whenever a node was selected, and each step begins with a node.
+/// The tree gets the focus when a node was selected, and each step begins with a node.
 bool IsSelection(const Json& event) {
   return event.value("event", "") == "focus" && event.value("control", 0) == control::kTree;
 }
 
-/// Half of the last decimal, and what doubles of that size cannot tell.
+/// Half of the last decimal, plus the precision of doubles of that size.
 double ToleranceOf(double value) {
   return 0.5000001e-6 + std::abs(value) * 1e-15;
 }

@@ -8,13 +8,13 @@
 
 namespace vanzet::define {
 
-/// What the dialog refused of a script that was played, as its transcript tells it: boxes that came up and
-/// lines that could not be done, each with the path of the step that it belongs to; "$" where there is none.
-/// Boxes before the first step are about the machine or the project, and no refusals.
+/// The refusals of the dialog that a script's transcript reports: boxes that were shown and lines that could
+/// not be done, each with the path of its step, or "$". Boxes before the first step are about the machine or
+/// the project; they are not refusals.
 Refusals RefusedBy(const std::string& transcript, const std::vector<Step>& steps, const Script& script);
 
-/// What a form asks for and `stored`, the form of what became of it, has otherwise. Numbers are compared by
-/// the six decimals that a definition keeps. What is stored besides is not looked at.
+/// The differences between a form and `stored`, the form of the definition that was made from it. Numbers are
+/// compared by the six decimals that a definition keeps. Further stored values do not count.
 Refusals Differences(const Json& form, const Json& stored);
 
 }  // namespace vanzet::define

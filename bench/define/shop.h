@@ -8,7 +8,7 @@
 
 namespace vanzet::define {
 
-/// The devices of a catalogue by their names; of two with the same name the first counts.
+/// The devices of a catalogue by their names; of two with the same name the first one counts.
 /// Source: docs/formats/catalogue.md
 std::map<std::string, DeviceParams> ReadShop(std::istream& catalogue);
 

@@ -10,15 +10,15 @@
 #include "scene/equipment.h"
 #include "scene/own_device.h"
 
-/// The JSON form of a definition: what keys there are, where their values lie in the records, and by which
-/// nodes and controls of the dialog they are given. Reader, writer and events all go by these tables.
+/// The JSON form of a definition: its keys, the values of the records that they stand for, and the nodes and
+/// controls of the dialog by which they are entered. Reader, writer and events all use these tables.
 /// Source: docs/formats/definition-json.md
 namespace vanzet::define {
 
 enum class Need {
   kNone,
-  kGiven,    ///< has to be there
-  kNonzero,  ///< has to be there, and not 0
+  kGiven,    ///< must be given
+  kNonzero,  ///< must be given, and not 0
 };
 
 /// The numbers that the dialog's edits and the host's lines carry without loss of their six decimals.
@@ -40,14 +40,14 @@ struct Field {
   bool isOfMainAlone = false;  ///< the sub spindle has no such value
 };
 
-/// One kind of a record: the word that the form has for it, and its page on each spindle.
+/// One kind of a record: its word in the form, and its page for each spindle.
 template <class Record>
 struct Kind {
   std::string_view word;
   std::int32_t type;
   std::span<const Field<Record>> fields;
   std::array<std::int32_t, 2> nodes;
-  std::int32_t select;  ///< the button that stores it; 0: the dialog has none that does
+  std::int32_t select;  ///< the button that stores it; 0: no button does
 };
 
 /// A record of a spindle that is of one kind of several.
@@ -56,20 +56,20 @@ struct Part {
   std::string_view key;
   Record scene::Spindle::*member;
   std::span<const Kind<Record>> kinds;
-  bool isPicked;                            ///< the lengths of a solid can be picked with it
+  bool isPicked;                            ///< the page can pick the lengths of a solid
   std::array<std::int32_t, 2> deleteNodes;  ///< whose menus delete it
 };
 
 const Part<scene::Billet>& BilletPart();
 const Part<scene::FinishPart>& FinishedPart();
 
-/// What stands beside a jaw: how the spindle clamps with it.
+/// The values of a jaw that say how the spindle clamps with it.
 std::span<const Field<scene::Spindle>> JawFields();
 
 /// The datum of the main spindle, and of the sub spindle.
 std::span<const Field<scene::Spindle>> DatumFields(std::size_t spindle);
 
-/// What holds the work, by the key of its kind.
+/// A kind of device in the form.
 struct DeviceRow {
   std::string_view key;
   std::int32_t first, last;  ///< the types of the catalogue; several are told apart by their shape, from 1
@@ -81,14 +81,14 @@ struct DeviceRow {
   bool Has(std::int32_t type) const { return type == own || (type >= first && type <= last); }
 };
 
-/// Of these a spindle holds one.
+/// The kinds of which a spindle holds one.
 std::span<const DeviceRow> ClampRows();
 const DeviceRow& JawRow();
 const DeviceRow& CenterRow();
 
 inline constexpr std::string_view kSpindleKeys[] = {"main", "sub"};
 
-/// The word of the kind that a record is of.
+/// The key of the kind of a record.
 inline constexpr const char* kKind = "kind";
 
 /// The kind with that word, or null.

@@ -24,7 +24,7 @@ Json ValueJson(bool value) {
   return value;
 }
 
-/// Adds the values of a record; an empty text is none.
+/// Adds the values of a record, except empty strings.
 template <class Record>
 void AddFields(Json& json, std::span<const Field<Record>> fields, const Record& record, bool isSub) {
   for (const Field<Record>& field : fields) {
@@ -67,7 +67,7 @@ class Writer {
     return json;
   }
 
-  /// What was added under the key of the device's kind; null where there is no device, or no such kind.
+  /// Adds a device under the key of its kind and returns what was added; null without a device or a kind.
   Json* AddDevice(Json& json, std::span<const DeviceRow> rows, const scene::Device& device,
                   const std::string& path) {
     const std::int32_t type = device.params.type;

@@ -37,9 +37,9 @@ Result<MaybeBody> Cylinder(const Billet& billet) {
       billet.barLength > 0 ? front - billet.barLength : -billet.partLength - billet.rearAllowance;
   const double bore = std::max(billet.innerDiameter, 0.0);
   if (!(front > rear) || !(billet.outerDiameter > bore)) return MaybeBody();
-  const auto body = modeller::Spin(Rectangle(rear, front, bore / 2, billet.outerDiameter / 2), kSpindle, 360);
-  if (!body) return body.fault();
-  return MaybeBody(*body);
+  VANZET_TRY(const Body body,
+             modeller::Spin(Rectangle(rear, front, bore / 2, billet.outerDiameter / 2), kSpindle, 360));
+  return MaybeBody(body);
 }
 
 Result<std::vector<Kurve>> CurvesOf(const std::string& name, const Sources& sources) {
@@ -49,21 +49,17 @@ Result<std::vector<Kurve>> CurvesOf(const std::string& name, const Sources& sour
 
 Result<MaybeBody> FromFigures(const std::string& outsideName, const std::string& insideName,
                               const Sources& sources) {
-  const auto outside = CurvesOf(outsideName, sources);
-  if (!outside) return outside.fault();
-  const auto inside = CurvesOf(insideName, sources);
-  if (!inside) return inside.fault();
-  auto body = modeller::SpinPart(*outside, *inside);
+  VANZET_TRY(const std::vector<Kurve> outside, CurvesOf(outsideName, sources));
+  VANZET_TRY(const std::vector<Kurve> inside, CurvesOf(insideName, sources));
+  auto body = modeller::SpinPart(outside, inside);
   if (!body) return Fault{"figure '" + outsideName + "': " + body.fault().text};
   return body;
 }
 
 Result<MaybeBody> FromSolid(const std::string& name, double angle, const Sources& sources) {
-  const auto solid = sources.body(name);
-  if (!solid) return solid.fault();
-  const auto turned = modeller::TurnBody(*solid, kSpindle, angle);
-  if (!turned) return turned.fault();
-  return MaybeBody(*turned);
+  VANZET_TRY(const Body solid, sources.body(name));
+  VANZET_TRY(const Body turned, modeller::TurnBody(solid, kSpindle, angle));
+  return MaybeBody(turned);
 }
 
 Kurve ContourOf(const std::vector<OutlineVertex>& outline) {
@@ -77,11 +73,9 @@ Kurve ContourOf(const std::vector<OutlineVertex>& outline) {
 }
 
 Result<Body> JawOf(const Kurve& contour, double thickness) {
-  const auto block = modeller::Extrude(contour, thickness);
-  if (!block) return block;
-  const auto centred = modeller::MoveBody(*block, {0, 0, -thickness / 2});
-  if (!centred) return centred;
-  return modeller::TurnBody(*centred, kSpindle, 90);
+  VANZET_TRY(const Body block, modeller::Extrude(contour, thickness));
+  VANZET_TRY(const Body centred, modeller::MoveBody(block, {0, 0, -thickness / 2}));
+  return modeller::TurnBody(centred, kSpindle, 90);
 }
 
 bool AreAlike(const geometry::Point3d& a, const geometry::Point3d& b) {

@@ -16,8 +16,8 @@ namespace vanzet::scene {
 Result<std::optional<modeller::Body>> BodyOf(const Billet& billet, const Sources& sources);
 Result<std::optional<modeller::Body>> BodyOf(const FinishPart& part, const Sources& sources);
 
-/// The body of a parametric device with its true surfaces, where the definition's 3D text has it: a device that
-/// is spun is about the x axis; a jaw has its thickness along y and its height along z.
+/// The body of a parametric device with its true surfaces, where the definition's 3D text has it: a device
+/// that is spun is about the x axis; a jaw has its thickness along y and its height along z.
 ///
 /// Nothing when the device has no outline, when its values give no body, and when that body is not as large
 /// as `facets`, by which the definition shows the device.

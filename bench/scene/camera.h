@@ -5,14 +5,14 @@
 
 namespace vanzet::scene {
 
-/// A point of a picture. What is nearer to the eye has a higher nearness, which is linear over the picture of
-/// a plane.
+/// A point of a picture. A point nearer to the eye has a higher nearness, which is linear over the picture
+/// of a plane.
 struct PicturePoint {
   double x, y;
   double nearness;
 };
 
-/// Says where the points of space are seen; pixels from the upper left corner.
+/// Maps points of space to points of the picture; pixels count from the upper left corner.
 class Camera {
  public:
   explicit Camera(const Look& look);
@@ -25,12 +25,11 @@ class Camera {
   /// The direction of a vector in the picture: x to the right, y up, z towards the eye.
   geometry::Vector3d Seen(const geometry::Vector3d& vector) const;
 
-  /// Whether a plane z = 0 is seen from the side of the positive z, and the nearness that it has at a place
-  /// of the picture.
+  /// Whether the plane z = 0 is seen from the side of positive z, and its nearness at a place of the picture.
   bool SeesTopOfPlane() const;
   double NearnessOfPlane(double x, double y) const;
 
-  /// How large the points' surroundings are: a length to measure small distances by.
+  /// The size of the scene: a length to measure small distances by.
   double Reach() const { return look_.reach; }
 
  private:
@@ -39,7 +38,7 @@ class Camera {
 
   Look look_;
   geometry::Vector3d right_;
-  double eye_ = 0;  ///< how far the eye is from the middle; 0: parallel projection
+  double eye_ = 0;  ///< the distance of the eye from the middle; 0: parallel projection
 };
 
 }  // namespace vanzet::scene

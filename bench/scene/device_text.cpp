@@ -14,9 +14,8 @@ constexpr std::string_view kPlug = "PLG_", kSocket = "SCK_";
 
 /// A marker is a tetrahedron; its first point is the place that it marks.
 Result<Point3d> PlaceOf(const modeller::Body& marker) {
-  const auto mesh = modeller::MeshOf(marker, {});
-  if (!mesh) return mesh.fault();
-  return mesh->points.front();
+  VANZET_TRY(const modeller::Mesh mesh, modeller::MeshOf(marker, {}));
+  return mesh.points.front();
 }
 
 Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>& bodies) {
@@ -28,18 +27,16 @@ Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>
       own.push_back(body.body);
       continue;
     }
-    const auto place = PlaceOf(body.body);
-    if (!place) return place.fault();
-    (isPlug ? device.plug : device.socket) = *place;
+    VANZET_TRY(const Point3d place, PlaceOf(body.body));
+    (isPlug ? device.plug : device.socket) = place;
   }
   if (own.empty()) return std::optional<DeviceText>();
-  const auto joined = modeller::JoinBodies(own);
-  if (!joined) return joined.fault();
-  device.body = *joined;
+  VANZET_TRY(device.body, modeller::JoinBodies(own));
   return std::optional(device);
 }
 
-/// An imported device has its D2T text where others have the placement, which comes behind it.
+/// The reach that the placement says. An imported device has its D2T text in the section of the placement,
+/// and the placement in the next one.
 double ReachOf(const project::Definition& definition, std::size_t operation) {
   for (const std::size_t section : {std::size_t{3}, std::size_t{2}}) {
     const auto& items = ItemsOf(definition, operation, section);

@@ -8,16 +8,17 @@
 
 namespace vanzet::scene {
 
-/// A device as the simulation finds it in a definition.
+/// A device as the definition has it for the simulation.
 struct DeviceText {
   modeller::Body body;
-  geometry::Point3d plug;    ///< where it is put on what holds it; the origin when no marker tells it
-  geometry::Point3d socket;  ///< where it holds what comes next
-  double reach;  ///< along the axis, how far its foot is behind its origin: the third number of its placement
+  geometry::Point3d plug;    ///< the point that is put on its holder; the origin where no marker is
+  geometry::Point3d socket;  ///< the point where it holds the next body
+  double
+      reach;  ///< the distance along the axis from its foot to its origin: the third number of its placement
 };
 
-/// The device of an operation from 5 to 9: the face sets of its VRML text, but for the markers. Nothing when
-/// the text is empty or has no facets. Refused, with the operation's label, when it is no VRML.
+/// The device of an operation from 5 to 9: the face sets of its VRML text without the markers. Nothing when
+/// the text is empty or has no facets. Fails when the text is not VRML; the fault has the operation's label.
 Result<std::optional<DeviceText>> ReadDeviceText(const project::Definition& definition, std::size_t operation,
                                                  const modeller::Exchange& exchange);
 

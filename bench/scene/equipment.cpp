@@ -10,7 +10,7 @@ namespace {
 
 using project::Definition;
 
-/// The numbers of an item, one after the other; the default where none stands.
+/// Reads the numbers of an item one after the other; a missing one has the default.
 class Fields {
  public:
   explicit Fields(std::string_view text) : rest_(text) {}
@@ -33,7 +33,7 @@ std::string ItemOf(const std::vector<std::string>& items, std::size_t item) {
   return item < items.size() ? items[item] : "";
 }
 
-/// A figure "0" is none.
+/// The name of a figure; "0" is the empty name.
 std::string FigureOf(const std::vector<std::string>& items, std::size_t item) {
   const std::string name = ItemOf(items, item);
   return name == "0" ? "" : name;

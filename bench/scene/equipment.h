@@ -7,10 +7,14 @@
 #include "devices/device_params.h"
 #include "project/definition.h"
 
-/// What a definition tells of the equipment, apart from its 3D texts. Forms: docs/formats/definition.md.
+/// The equipment that a definition describes, without its 3D texts. Source: docs/formats/definition.md.
+///
+/// The module writes these records in src/store (BilletRecord and its neighbours). That is the other side of
+/// a contract between two programs: the records are parsed here on purpose once more, from the page alone,
+/// so that a mistake on either side shows.
 namespace vanzet::scene {
 
-/// Clamp devices, jaws and centers. Type 0: there is none.
+/// A clamp device, a jaw or a center. Type 0: no device.
 struct Device {
   std::string name;
   DeviceParams params;
@@ -46,22 +50,21 @@ struct Spindle {
 struct Equipment {
   std::array<Spindle, 2> spindles;  ///< main, sub
   Device center;
-  bool isCenterInSub =
-      false;  ///< the machine has no sub spindle: its place in the definition is the center's
+  bool isCenterInSub = false;  ///< no sub spindle: the center takes its place in the definition
   bool usesSteadyRest = false;
 };
 
-/// Whatever the definition lacks stays as it is in an empty one.
+/// A value that the definition does not have is that of an empty `Equipment`.
 Equipment ReadEquipment(const project::Definition& definition);
 
-/// The device that a value line tells, its type by its newer code.
+/// The device of a value line; an older code of its type becomes the newer one.
 DeviceParams ReadDeviceParams(std::string_view valueLine);
 
-/// The items of a section; none when there is no such section.
+/// The items of a section; empty when the section does not exist.
 const std::vector<std::string>& ItemsOf(const project::Definition& definition, std::size_t operation,
                                         std::size_t section);
 
-/// The three reals that a text begins with; missing ones are 0.
+/// The first three reals of a text; missing ones are 0.
 std::array<double, 3> ThreeReals(std::string_view text);
 
 }  // namespace vanzet::scene

@@ -62,10 +62,10 @@ Look LookFrom(View view, bool isPerspective, const std::vector<Point3d>& points,
   look.toward = UnitVector(row.toward);
   look.up = Cross(look.toward, UnitVector(Cross(row.up, look.toward)));
   look.isPerspective = isPerspective;
-  return Fitted(look, points, width, height);
+  return FitPoints(look, points, width, height);
 }
 
-Look Fitted(Look look, const std::vector<Point3d>& points, int width, int height) {
+Look FitPoints(Look look, const std::vector<Point3d>& points, int width, int height) {
   geometry::Box3d box;
   for (const Point3d& point : points) box.Insert(point);
   if (points.empty()) box = geometry::Box3d({-1, -1, -1}, {1, 1, 1});
@@ -89,7 +89,7 @@ Look Fitted(Look look, const std::vector<Point3d>& points, int width, int height
   return look;
 }
 
-Look Turned(Look look, double aside, double over) {
+Look TurnEye(Look look, double aside, double over) {
   const Vector3d upright(0, 1, 0);
   look.toward = TurnAbout(look.toward, upright, aside);
   look.up = TurnAbout(look.up, upright, aside);
@@ -101,7 +101,7 @@ Look Turned(Look look, double aside, double over) {
   return look;
 }
 
-Look Zoomed(Look look, double factor, double x, double y) {
+Look ZoomAt(Look look, double factor, double x, double y) {
   const double scale = std::clamp(look.scale * factor, kLeast, kMost);
   const double applied = scale / look.scale;
   look.scale = scale;

@@ -16,14 +16,14 @@ enum class View { kIso, kFront, kBack, kTop, kBottom, kLeft, kRight };
 std::span<const std::string_view> ViewWords();
 std::optional<View> ViewNamed(std::string_view word);
 
-/// How something is looked at. Pixels count from the upper left corner of the picture.
+/// The position of the eye and the scale of the picture. Pixels count from the upper left corner.
 struct Look {
   geometry::Vector3d toward{0, 0, 1}, up{0, 1, 0};  ///< unit vectors, to the eye and up, at right angles
-  geometry::Point3d middle{0, 0, 0};                ///< turning goes about it
-  double reach = 1;                                 ///< how far from the middle things are, in millimetres
+  geometry::Point3d middle{0, 0, 0};                ///< turns are about this point
+  double reach = 1;  ///< the distance of the farthest point from the middle, in millimetres
   bool isPerspective = false;
   double scale = 1;               ///< pixels a millimetre, at the middle
-  double shiftX = 0, shiftY = 0;  ///< where the middle is seen
+  double shiftX = 0, shiftY = 0;  ///< the place of the middle in the picture
 };
 
 /// Looks from one of the standard sides at points, so that all of them fit into the picture.
@@ -31,14 +31,14 @@ struct Look {
 Look LookFrom(View view, bool isPerspective, const std::vector<geometry::Point3d>& points, int width,
               int height);
 
-/// From the same side, moved and scaled so that all points fit.
-Look Fitted(Look look, const std::vector<geometry::Point3d>& points, int width, int height);
+/// Moves and scales a look so that all points fit; the side stays the same.
+Look FitPoints(Look look, const std::vector<geometry::Point3d>& points, int width, int height);
 
-/// Walks around the middle: `aside` about the upright axis of the scene, `over` about the horizontal of the
-/// picture, in radians. Never past the poles, so that up stays up.
-Look Turned(Look look, double aside, double over);
+/// Moves the eye around the middle: `aside` about the upright axis of the scene, `over` about the horizontal
+/// of the picture, in radians. It stops at the poles, so that up stays up.
+Look TurnEye(Look look, double aside, double over);
 
-/// What is seen at the place stays there.
-Look Zoomed(Look look, double factor, double x, double y);
+/// Changes the scale by the factor; the point that is seen at the place stays there.
+Look ZoomAt(Look look, double factor, double x, double y);
 
 }  // namespace vanzet::scene

@@ -8,10 +8,10 @@
 #include "scene/scene.h"
 #include "scene/surface.h"
 
-/// A scene made ready to be drawn many times.
+/// A scene prepared for drawing it many times.
 namespace vanzet::scene {
 
-/// What is drawn of a body, already cut.
+/// The facets and lines of a body that are drawn; a section is already made.
 struct ModelBody {
   std::string name;
   std::string solid;  ///< the named solid that it is; empty: made otherwise
@@ -22,20 +22,20 @@ struct ModelBody {
   bool isSeenThrough = false;
 };
 
-/// What is seen through comes behind all else.
+/// A scene as it is drawn: see-through bodies follow all others.
 struct Model {
   std::vector<ModelBody> bodies;
   std::vector<Mark> marks;
-  bool isSection = false;  ///< what lies in front of the plane z = 0 is cut away
+  bool isSection = false;  ///< everything in front of the plane z = 0 is cut away
 };
 
-/// A fault when a body cannot be meshed.
+/// Fails when a body cannot be meshed.
 Result<Model> ModelOf(const Scene& scene, bool isSection);
 
-/// All points that have to be seen.
+/// All points that the picture must show.
 std::vector<geometry::Point3d> PointsOf(const Model& model);
 
-/// The nearest body at a place of the picture, seen through or not; null when there is none.
+/// The nearest body at a place of the picture, see-through or not; null when no body is there.
 const ModelBody* BodyAt(const Model& model, const Camera& camera, double x, double y);
 
 }  // namespace vanzet::scene

@@ -68,19 +68,17 @@ vdm::Record RecordOf(const std::string& kind, const std::vector<Lines>& sections
 }  // namespace
 
 Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset) {
-  const auto mesh = modeller::MeshOf(body, {});
-  if (!mesh) return mesh.fault();
+  VANZET_TRY(const modeller::Mesh mesh, modeller::MeshOf(body, {}));
   Lines lines;
   const LineSink sink = [&](const std::string& line) { lines.push_back(line); };
   GiveDeviceVrmlHead(sink);
-  AddFacets(*mesh, lines);
+  AddFacets(mesh, lines);
   GiveDeviceVrmlTail(RealText(-offset), RealText(-offset - kVrmlMarkerLength), sink);
   return lines;
 }
 
 Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
-  auto text = DeviceVrmlLines(device.body, OffsetOf(device));
-  if (!text) return text.fault();
+  VANZET_TRY(Lines text, DeviceVrmlLines(device.body, OffsetOf(device)));
   const std::string word(devices::WordOf(device.deviceClass));
   const std::string values = std::to_string(devices::kClampDeviceGroup) + " " +
                              std::to_string(static_cast<int>(device.deviceClass)) + " " +
@@ -91,7 +89,7 @@ Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
   }
   vdm::Vdm content;
   content.Insert(0, RecordOf("1", {{"Own device"}}));
-  content.Insert(1, RecordOf("2", {{"Own " + word}, std::move(*text), {values}, std::move(outline)}));
+  content.Insert(1, RecordOf("2", {{"Own " + word}, std::move(text), {values}, std::move(outline)}));
   return content;
 }
 

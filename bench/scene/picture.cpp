@@ -14,14 +14,14 @@ using geometry::Vector3d;
 using modeller::Colour;
 
 constexpr int kMostSamples = 4'000'000;               // in memory at once
-constexpr double kThrough = 0.38;                     // the share of a body that is seen through
+constexpr double kThrough = 0.38;                     // the share of the colour of a see-through body
 constexpr double kEdgeShare = 0.55;                   // of an edge's colour over the surface
 constexpr double kEdgeWidth = 1.1, kMarkWidth = 2.0;  // pixels
-constexpr double kLift = 2e-3;                        // of the scene's reach: edges lie before their surfaces
-constexpr double kHatch = 9;                          // pixels between the lines of a cut face
+constexpr double kLift = 2e-3;  // in units of the reach: edges are drawn before their surfaces
+constexpr double kHatch = 9;    // pixels between the lines of a cut face
 constexpr double kHatchLine = 1.2;
 
-// Unit vectors, near enough.
+// Unit vectors, nearly.
 const Vector3d kKey = {-0.45, 0.65, 0.61}, kFill = {0.70, 0.10, 0.71};
 const Vector3d kShine = {-0.25, 0.36, 0.90};  // halfway between the key light and the eye
 
@@ -34,7 +34,7 @@ double Part(double value) {
 
 /// The colour of a surface that faces in a direction as the picture has it (x to the right, y up, z towards
 /// the eye), under two fixed lights. The back of a surface looks like its front.
-Colour Lit(const Colour& colour, const Vector3d& normal) {
+Colour LightSurface(const Colour& colour, const Vector3d& normal) {
   const Vector3d n = normal.dz < 0 ? -normal : normal;
   const double light =
       kAmbient + kKeyShare * std::max(0.0, Dot(n, kKey)) + kFillShare * std::max(0.0, Dot(n, kFill));
@@ -44,14 +44,14 @@ Colour Lit(const Colour& colour, const Vector3d& normal) {
 }
 
 /// `share` of one colour over another.
-Colour Mixed(const Colour& over, const Colour& under, double share) {
+Colour MixColours(const Colour& over, const Colour& under, double share) {
   const auto part = [&](double a, double b) { return a * share + b * (1 - share); };
   return {part(over.red, under.red), part(over.green, under.green), part(over.blue, under.blue)};
 }
 
 void Paint(Raster::Sample& sample, const Colour& colour, double share) {
   const Colour under{sample.colour[0], sample.colour[1], sample.colour[2]};
-  const Colour mixed = Mixed(colour, under, share);
+  const Colour mixed = MixColours(colour, under, share);
   sample.colour = {static_cast<float>(mixed.red), static_cast<float>(mixed.green),
                    static_cast<float>(mixed.blue)};
 }
@@ -92,7 +92,7 @@ class Painter {
  private:
   static constexpr double kNothing = -2e30;
 
-  /// The nearest of the body that is being added, and where it faces.
+  /// The nearest point of the body that is being added, and its direction.
   struct Own {
     double nearness;
     std::array<float, 3> normal;
@@ -120,7 +120,7 @@ class Painter {
     for (std::size_t i = 0; i < 3; ++i) {
       corners[i] = {At(facet.corners[i]), camera_.Seen(facet.normals[i])};
     }
-    // In a picture y runs down, so what faces the eye runs clockwise.
+    // In a picture y runs down, so a facet that faces the eye runs clockwise.
     const auto& [a, b, c] = corners;
     const double area = (b.at.x - a.at.x) * (c.at.y - a.at.y) - (b.at.y - a.at.y) * (c.at.x - a.at.x);
     const int side = area < 0 ? -1 : 1;
@@ -134,7 +134,7 @@ class Painter {
     });
   }
 
-  /// Where more surfaces are left than entered, the eye looks into the body through its cut face.
+  /// Where the eye leaves more surfaces than it enters, it looks into the body through its cut face.
   void Merge(const ModelBody& body, int x, int y) {
     const std::size_t index = range_.Index(x, y);
     const bool isCutFace = hasCutFaces_ && depth_[index] > 0;
@@ -150,14 +150,14 @@ class Painter {
 
   Colour Hatched(const Colour& colour, double across) const {
     const bool isLine = std::fmod(across, kHatch * options_.line) < kHatchLine * options_.line;
-    return isLine ? Mixed(colour, {0, 0, 0}, 0.75) : Mixed(colour, {1, 1, 1}, 0.8);
+    return isLine ? MixColours(colour, {0, 0, 0}, 0.75) : MixColours(colour, {1, 1, 1}, 0.8);
   }
 
   static Colour Surface(const Colour& colour, const std::array<float, 3>& facing) {
-    return Lit(colour, UnitVector({facing[0], facing[1], facing[2]}));
+    return LightSurface(colour, UnitVector({facing[0], facing[1], facing[2]}));
   }
 
-  /// Sharp edges are, and those behind which the surface turns away.
+  /// Sharp edges are drawn, and those where the surface turns away from the eye.
   bool IsDrawn(const SurfaceEdge& edge) const {
     const Vector3d eye = camera_.ToEye(edge.from);
     return edge.isSharp || (Dot(edge.left, eye) > 0) != (Dot(edge.right, eye) > 0);
@@ -183,7 +183,7 @@ class Painter {
   std::vector<int> depth_;  ///< surfaces of the body that the eye leaves by, less those that it enters by
 };
 
-/// Edges come over all surfaces that they could lie on; what is seen through comes over all else.
+/// Paints edges over all surfaces that they could be on, and see-through bodies over everything else.
 void PaintAll(const Model& model, Painter& painter) {
   const auto& all = model.bodies;
   const auto seenThrough = std::ranges::find(all, true, &ModelBody::isSeenThrough);
@@ -196,7 +196,7 @@ void PaintAll(const Model& model, Painter& painter) {
   for (const Mark& mark : model.marks) painter.AddMark(mark);
 }
 
-/// The mean of the samples of each pixel.
+/// Makes each pixel the mean of its samples.
 void Reduce(Raster& raster, int samples, Picture& picture) {
   const int rows = raster.range().Height() / samples, first = raster.range().top / samples;
   const int ofPixel = samples * samples;
@@ -221,11 +221,10 @@ void Reduce(Raster& raster, int samples, Picture& picture) {
 }  // namespace
 
 Result<Picture> Draw(const Scene& scene, const PictureOptions& options) {
-  const auto model = ModelOf(scene, options.isSection);
-  if (!model) return model.fault();
+  VANZET_TRY(const Model model, ModelOf(scene, options.isSection));
   const Look look =
-      LookFrom(options.view, options.isPerspective, PointsOf(*model), options.width, options.height);
-  return Draw(*model, look, {.width = options.width, .height = options.height});
+      LookFrom(options.view, options.isPerspective, PointsOf(model), options.width, options.height);
+  return Draw(model, look, {.width = options.width, .height = options.height});
 }
 
 Picture Draw(const Model& model, const Look& look, const DrawOptions& options) {

@@ -11,7 +11,7 @@ struct PictureOptions {
   int width = 1200, height = 800;  ///< in pixels, above 0
   View view = View::kIso;
   bool isPerspective = false;
-  bool isSection = false;  ///< what lies in front of the plane z = 0 is cut away
+  bool isSection = false;  ///< everything in front of the plane z = 0 is cut away
 };
 
 /// A picture, row by row from above; three bytes a pixel: red, green, blue.
@@ -20,11 +20,11 @@ struct Picture {
   std::vector<std::uint8_t> bytes;
 };
 
-/// What the scene looks like, the same on every machine: no window system takes part. Empty scenes give empty
-/// pictures. A fault when a body cannot be meshed.
+/// The picture of a scene, the same on every machine: no window system takes part. An empty scene gives an
+/// empty picture. Fails when a body cannot be meshed.
 Result<Picture> Draw(const Scene& scene, const PictureOptions& options);
 
-/// What is drawn with.
+/// The colours of a picture.
 struct Style {
   modeller::Colour background = {0.97, 0.975, 0.98};
   modeller::Colour ink = {0.10, 0.12, 0.15};
@@ -38,8 +38,7 @@ struct DrawOptions {
   Style style = {};
 };
 
-/// The picture of a model as a camera sees it. Touches nothing but its arguments, so that any thread may
-/// draw.
+/// The picture of a model as a camera sees it. Any thread may draw: nothing but the arguments is used.
 Picture Draw(const Model& model, const Look& look, const DrawOptions& options);
 
 }  // namespace vanzet::scene

@@ -18,7 +18,7 @@ using geometry::Point3d;
 
 constexpr int kX = 1, kY = 2;
 
-/// Of a body that has none, a point at the origin.
+/// The extents of a body; a point at the origin for a body without any.
 Box3d BoxOf(const modeller::Body& body) {
   const auto box = modeller::Extents(body);
   return box ? *box : Box3d({0, 0, 0}, {0, 0, 0});
@@ -35,15 +35,15 @@ Matrix MovedBy(double x, double y = 0, double z = 0) {
   return matrix;
 }
 
-/// How far the jaws stand out from the face of their device.
+/// How far the jaws reach out from the face of their device.
 double JawReach(const SpindleThings& things) {
   if (!things.jaw) return 0;
   const double origin = things.jaw->reach - things.jaw->plug.x;
   return std::max(0.0, origin + BoxOf(things.jaw->body).max.x);
 }
 
-/// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet,
-/// a third of the device.
+/// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet
+/// it is a third of the device.
 double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
   constexpr double kOfDevice = 1.0 / 3;
   const Billet& billet = spindle.billet;
@@ -54,13 +54,14 @@ double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
   return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
 }
 
-/// One jaw in the spindle's space: its foot on the face, its holding side on the held radius.
+/// The placement of a jaw in the spindle's space: its foot is on the face, its holding side on the held
+/// radius.
 Matrix JawPlacement(const Spindle& spindle, const SpindleThings& things, double face, int jaw) {
   const DeviceText& text = *things.jaw;
   const Box3d box = BoxOf(text.body);
   const double holdingSide = spindle.clampsInside ? box.max.z : box.min.z;
   Matrix matrix = MovedBy(face + text.reach - text.plug.x, 0, HeldRadius(spindle, things) - holdingSide);
-  // The text has the jaw's height along z; the first jaw stands upright.
+  // The text has the jaw's height along z; the first jaw points up.
   matrix.Rotate(-1, 0, kX);
   if (jaw > 0) matrix.Rotate(2 * std::numbers::pi * jaw / spindle.jaws, kX);
   return matrix;
@@ -76,8 +77,8 @@ Mark Circle(double x, double radius) {
   return mark;
 }
 
-/// What the drawing shows in its plane: a cross in a small circle at the origin translation, and a line where
-/// the billet leaves what holds it; here a circle around the billet.
+/// The marks of the drawing: a cross in a small circle at the origin translation, and a circle around the
+/// billet where it leaves the device that holds it, for which the drawing has a line.
 std::vector<Mark> MarksOf(const Spindle& spindle, const SpindleThings& things) {
   constexpr double kArm = 15, kSmallCircle = 6, kBeyond = 1.1;
   std::vector<Mark> marks;
@@ -164,7 +165,7 @@ Stations StationsOf(const Spindle& spindle, const SpindleThings& things) {
   return stations;
 }
 
-Scene Placed(const Spindle& spindle, const SpindleThings& things, const std::string& name) {
+Scene PlaceSpindle(const Spindle& spindle, const SpindleThings& things, const std::string& name) {
   return Placer(spindle, things, name).Place();
 }
 

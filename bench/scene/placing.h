@@ -9,14 +9,14 @@
 
 namespace vanzet::scene {
 
-/// The things of one spindle, made but not yet placed.
+/// The bodies of one spindle before they are placed.
 struct SpindleThings {
   std::optional<DeviceText> clamp, jaw;
   std::optional<modeller::Body> billet, finishPart;
 };
 
-/// Where a spindle's things stand, in its own space: x along its axis, away from the spindle, the machine's
-/// datum at 0.
+/// Places along the axis of a spindle, in its own space: x along its axis, away from the spindle, the
+/// machine's datum at 0.
 struct Stations {
   double face;        ///< the working face of the clamp device
   double stockFront;  ///< the foremost point of the billet
@@ -24,9 +24,10 @@ struct Stations {
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things);
 
 /// The bodies and marks of a spindle in its own space; `name` is "main" or "sub".
-Scene Placed(const Spindle& spindle, const SpindleThings& things, const std::string& name);
+Scene PlaceSpindle(const Spindle& spindle, const SpindleThings& things, const std::string& name);
 
-/// Turns a thing about the vertical, so that it faces the main spindle, and puts its origin at `x`.
+/// The placement that turns a body about the vertical, so that it faces the main spindle, with its origin at
+/// `x`.
 geometry::Matrix FacingFrom(double x);
 
 /// The extents of a body where it is placed, along the axis and across it.

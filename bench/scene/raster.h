@@ -10,7 +10,7 @@
 
 namespace vanzet::scene {
 
-/// A corner of a triangle in the picture, with what varies over it.
+/// A corner of a triangle in the picture, with its normal, which varies over the triangle.
 struct RasterCorner {
   PicturePoint at;
   geometry::Vector3d normal;
@@ -29,7 +29,7 @@ struct SampleRange {
   }
 };
 
-/// The samples whose middles may lie within these coordinates, of those in `all`.
+/// The samples of `all` whose middles can be within these coordinates.
 inline SampleRange RangeOf(double left, double top, double right, double bottom, const SampleRange& all) {
   const auto clamped = [](double value, int low, int high) {
     return static_cast<int>(std::clamp(value, static_cast<double>(low), static_cast<double>(high)));
@@ -80,7 +80,7 @@ void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange
   if (area == 0) return;
   const SampleRange box = RangeOf(std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y}),
                                   std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y}), within);
-  // The share of a corner at a sample: how far it is from the edge across.
+  // The share of a corner at a sample: the distance from the opposite edge.
   const auto share = [&](const PicturePoint& p, const PicturePoint& q, int y) {
     return RowValue{((q.x - p.x) * (y + 0.5 - p.y) + (q.y - p.y) * p.x) / area, -(q.y - p.y) / area};
   };
@@ -94,7 +94,7 @@ void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange
       if (w.step < 0) to = std::min(to, zero + 1);
       if (w.step == 0 && w.start < 0) to = from;
     }
-    // The edges of a sliver may meet far outside of the picture.
+    // The edges of a sliver can meet far outside of the picture.
     if (!(from < to)) continue;
     for (int x = static_cast<int>(from); x < to; ++x) {
       const double ua = wa.At(x), ub = wb.At(x), uc = wc.At(x);
@@ -113,7 +113,7 @@ void CoverLine(const PicturePoint& from, const PicturePoint& to, double width, c
   const double dx = to.x - from.x, dy = to.y - from.y, square = dx * dx + dy * dy;
   const SampleRange box = RangeOf(std::min(from.x, to.x) - radius, std::min(from.y, to.y) - radius,
                                   std::max(from.x, to.x) + radius, std::max(from.y, to.y) + radius, within);
-  // How far a row reaches to either side of the line.
+  // The reach of a row to either side of the line.
   const double aside = dy == 0 ? 1e9 : radius * std::sqrt(square) / std::fabs(dy) + 2;
   for (int y = box.top; y < box.bottom; ++y) {
     const double middle = dy == 0 ? from.x : from.x + dx * (y + 0.5 - from.y) / dy;

@@ -11,11 +11,11 @@
 namespace vanzet::scene {
 namespace {
 
-constexpr double kGap = 50;  // millimetres between spindles whose distance is not told
+constexpr double kGap = 50;  // millimetres between spindles whose distance is not known
 
 constexpr const char* kNames[] = {"main", "sub"};
 
-/// What a fault is about goes before it.
+/// Puts the name of a thing before the fault about it.
 template <class Value>
 Result<Value> About(const std::string& what, Result<Value> result) {
   if (result) return result;
@@ -30,9 +30,9 @@ class Maker {
       : definition_(definition), sources_(sources), equipment_(ReadEquipment(definition)) {}
 
   Result<Scene> Make() {
-    if (const auto added = AddMain(); !added) return added.fault();
-    if (const auto added = AddCenter(); !added) return added.fault();
-    if (const auto added = AddSub(); !added) return added.fault();
+    VANZET_DO(AddMain());
+    VANZET_DO(AddCenter());
+    VANZET_DO(AddSub());
     return std::move(scene_);
   }
 
@@ -43,45 +43,36 @@ class Maker {
     const bool hasCenter = spindle == 1 && equipment_.isCenterInSub;
     SpindleThings things;
     if (!hasCenter) {
-      auto text = ReadDeviceText(definition_, clamp, sources_.exchange);
-      if (!text) return text.fault();
-      things.clamp = *text;
+      VANZET_TRY(things.clamp, ReadDeviceText(definition_, clamp, sources_.exchange));
     }
-    auto jaw = ReadDeviceText(definition_, clamp + 1, sources_.exchange);
-    if (!jaw) return jaw.fault();
-    if (things.clamp) things.jaw = *jaw;
-    const Spindle& told = equipment_.spindles[spindle];
-    auto billet = About("the billet" + of, BodyOf(told.billet, sources_));
-    if (!billet) return billet.fault();
-    things.billet = *billet;
-    auto part = About("the finish part" + of, BodyOf(told.finishPart, sources_));
-    if (!part) return part.fault();
-    things.finishPart = *part;
+    VANZET_TRY(auto jaw, ReadDeviceText(definition_, clamp + 1, sources_.exchange));
+    if (things.clamp) things.jaw = std::move(jaw);
+    const Spindle& defined = equipment_.spindles[spindle];
+    VANZET_TRY(things.billet, About("the billet" + of, BodyOf(defined.billet, sources_)));
+    VANZET_TRY(things.finishPart, About("the finish part" + of, BodyOf(defined.finishPart, sources_)));
     return things;
   }
 
   Result<void> AddMain() {
-    const auto things = ThingsOf(0);
-    if (!things) return things.fault();
-    scene_ = Placed(equipment_.spindles[0], *things, kNames[0]);
-    stockFront_ = StationsOf(equipment_.spindles[0], *things).stockFront;
+    VANZET_TRY(const SpindleThings things, ThingsOf(0));
+    scene_ = PlaceSpindle(equipment_.spindles[0], things, kNames[0]);
+    stockFront_ = StationsOf(equipment_.spindles[0], things).stockFront;
     return {};
   }
 
   Result<void> AddCenter() {
-    const auto text = ReadDeviceText(definition_, equipment_.isCenterInSub ? 7 : 9, sources_.exchange);
-    if (!text) return text.fault();
-    if (!*text) return {};
-    SceneBody center{"center", Kind::kCenter, (*text)->body, FacingFrom(stockFront_ + (*text)->socket.x)};
+    VANZET_TRY(const auto text,
+               ReadDeviceText(definition_, equipment_.isCenterInSub ? 7 : 9, sources_.exchange));
+    if (!text) return {};
+    SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(stockFront_ + text->socket.x)};
     center.exact = ExactBody(equipment_.center.params, center.body);
     scene_.bodies.push_back(std::move(center));
     return {};
   }
 
   Result<void> AddSub() {
-    const auto things = ThingsOf(1);
-    if (!things) return things.fault();
-    Scene sub = Placed(equipment_.spindles[1], *things, kNames[1]);
+    VANZET_TRY(const SpindleThings things, ThingsOf(1));
+    Scene sub = PlaceSpindle(equipment_.spindles[1], things, kNames[1]);
     if (sub.bodies.empty()) return {};
     const geometry::Matrix facing = FacingFrom(SubDatum(sub));
     for (SceneBody& body : sub.bodies) {
@@ -95,8 +86,8 @@ class Maker {
     return {};
   }
 
-  /// Where the datum of the sub spindle is. The fronts of the two billets are as far apart as the origins;
-  /// when that is no distance the sub spindle stands off.
+  /// The datum of the sub spindle. The fronts of the two billets are as far apart as the origins; when that
+  /// distance is 0 the sub spindle keeps a gap.
   double SubDatum(const Scene& sub) const {
     const double main = equipment_.spindles[0].origin, own = equipment_.spindles[1].origin;
     if (main != own) return main + std::abs(own - main) + own;

@@ -10,8 +10,8 @@
 #include "modeller/export.h"
 #include "project/definition.h"
 
-/// The equipment of a spur in space, made from what its definition holds. Where things stand and why:
-/// docs/scene.md.
+/// The equipment of a spur in space, made from its definition. docs/scene.md says how the bodies are placed,
+/// and why.
 ///
 /// Space    x along the main spindle's axis, away from the spindle; y up; millimetres
 namespace vanzet::scene {
@@ -27,10 +27,10 @@ struct SceneBody {
   geometry::Matrix placement;  ///< moves and turns
   bool isShown = true;
   bool isSeenThrough = false;
-  /// The body with its true surfaces, made anew from the values of a device. Nothing when the device has no
-  /// values, or when they do not agree with the body that the definition holds.
+  /// The body with its true surfaces, made from the values of a device. Nothing when the device has no
+  /// values, or when they do not agree with the body in the definition.
   std::optional<modeller::Body> exact = {};
-  std::string solid = {};  ///< the named solid that the definition tells; empty: the body is made otherwise
+  std::string solid = {};  ///< the named solid that it is; empty: the body is made otherwise
 };
 
 /// A line that marks a place, point by point.
@@ -43,14 +43,14 @@ struct Scene {
   std::vector<Mark> marks;
 };
 
-/// Where the things come from that a definition only names.
+/// The sources of what a definition only names.
 struct Sources {
   std::function<Result<std::vector<geometry::Kurve>>(const std::string& name)> figure;
   std::function<Result<modeller::Body>(const std::string& name)> body;
   modeller::Exchange exchange;
 };
 
-/// A fault when a 3D text cannot be read, or a billet or finish part cannot be made; it tells which.
+/// Fails when a 3D text cannot be read, or a billet or finish part cannot be made; the fault says which.
 /// Requires: the geometry library works in millimetres
 Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources);
 

@@ -13,7 +13,7 @@ namespace {
 using geometry::Point3d;
 using geometry::Vector3d;
 
-constexpr double kSmooth = 0.8660254037844386;  // cosine of 30 degrees: neighbours that turn less are smooth
+constexpr double kSmooth = 0.8660254037844386;  // cosine of 30 degrees: an edge that turns less is smooth
 
 class Maker {
  public:
@@ -69,7 +69,7 @@ class Maker {
     }
   }
 
-  /// The direction in which a triangle's corner faces: that of its smooth neighbours, by their areas.
+  /// The normal of a triangle's corner: that of its smooth neighbours, weighted by their areas.
   Vector3d Smoothed(int point, std::size_t triangle) const {
     const Vector3d own = UnitVector(areas_[triangle]);
     Vector3d sum;
@@ -101,7 +101,7 @@ bool IsBelow(const Point3d& point) {
   return point.z <= 0;
 }
 
-/// The point of a line on the plane. Requires: its ends are on either side.
+/// The fraction of the way from `a` to `b` at which the plane is. Requires: they are on different sides.
 double FractionOnPlane(const Point3d& a, const Point3d& b) {
   return a.z / (a.z - b.z);
 }

@@ -6,8 +6,8 @@
 
 /// The outlines of parametric devices as vertices: what the host's lines must give, and what pictures show.
 ///
-/// Shape    closed; x along the spindle, y away from its axis. The outline of a device that is spun is the half
-///          section: the X axis is the spindle's, the working face is at x = 0 and the device is on its
+/// Shape    closed; x along the spindle, y away from its axis. The outline of a device that is spun is the
+///          half section: the X axis is the spindle's, the working face is at x = 0 and the device is on its
 ///          negative side. A jaw is seen from the side; it rests on y = 0 and is to the right of x = 0
 /// Units    those of the device's values
 namespace vanzet {

@@ -15,7 +15,8 @@
 namespace vanzet {
 
 /// Stores the solid of a device, which the host has exported to the file `path`, in an open definition: its
-/// VRML text and its placement. Where the file does not exist, the text is empty and the placement is written.
+/// VRML text and its placement. Where the file does not exist, the text is empty and the placement is
+/// written.
 ///
 ///   offset   how far behind its working face the device is clamped; 0 for a jaw
 ///
@@ -27,9 +28,9 @@ namespace simulation {
 
 void GiveVrmlHead(const LineSink& sink);
 
-/// Copies the point list and the index list of the first face set in `file`: the line with "coord Coordinate"
-/// and what follows up to "coordIndex", then up to "]" on a later line. A file that ends early ends the lists.
-/// The white space at the start of a line becomes twelve blanks.
+/// Copies the point list and the index list of the first face set in `file`: the line with "coord
+/// Coordinate" and what follows up to "coordIndex", then up to "]" on a later line. A file that ends early
+/// ends the lists. The white space at the start of a line becomes twelve blanks.
 void GiveFacets(platform::LineReader& file, const LineSink& sink);
 
 /// `offset` is how far behind the origin the marker PLG_0 begins.

@@ -11,8 +11,8 @@ namespace vanzet {
 
 inline constexpr std::int32_t kClampOperations = 18;
 
-/// The version of the schema, as a number and as the text of its item. Definitions without a version item have
-/// the version 0.
+/// The version of the schema, as a number and as the text of its item. Definitions without a version item
+/// have the version 0.
 inline constexpr std::int32_t kClampVersion = 100;
 inline constexpr std::string_view kClampVersionText = "100";
 

@@ -64,7 +64,7 @@ TEST(Cameras, KnowTheNearnessOfTheCuttingPlane) {
 TEST(Looks, KeepThePlaceThatIsZoomedAt) {
   const Look look = LookFrom(View::kIso, false, kBrick, 300, 200);
   const PicturePoint before = Camera(look).Project({12, 7, 3});
-  const PicturePoint after = Camera(Zoomed(look, 2.5, before.x, before.y)).Project({12, 7, 3});
+  const PicturePoint after = Camera(ZoomAt(look, 2.5, before.x, before.y)).Project({12, 7, 3});
   EXPECT_NEAR(before.x, after.x, 1e-9);
   EXPECT_NEAR(before.y, after.y, 1e-9);
 }
@@ -73,7 +73,7 @@ TEST(Looks, TurnAboutTheMiddleAndKeepUpUp) {
   Look look = LookFrom(View::kFront, false, kBrick, 300, 200);
   const PicturePoint middle = Camera(look).Project(look.middle);
   for (int i = 0; i < 40; ++i) {
-    look = Turned(look, 0.2, 0.3);
+    look = TurnEye(look, 0.2, 0.3);
     EXPECT_GE(look.up.dy, -1e-9);
     EXPECT_NEAR(look.up.Magnitude(), 1, 1e-9);
     EXPECT_NEAR(Dot(look.up, look.toward), 0, 1e-9);
@@ -82,7 +82,7 @@ TEST(Looks, TurnAboutTheMiddleAndKeepUpUp) {
 }
 
 TEST(Looks, ByAQuarterTurnFromTheFrontAreFromTheRight) {
-  const Look turned = Turned(LookFrom(View::kFront, false, kBrick, 300, 200), geometry::PI / 2, 0);
+  const Look turned = TurnEye(LookFrom(View::kFront, false, kBrick, 300, 200), geometry::PI / 2, 0);
   const Look right = LookFrom(View::kRight, false, kBrick, 300, 200);
   EXPECT_NEAR(Dot(turned.toward, right.toward), 1, 1e-9);
   EXPECT_NEAR(Dot(turned.up, right.up), 1, 1e-9);

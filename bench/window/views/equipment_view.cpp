@@ -92,7 +92,7 @@ void EquipmentView::LookFrom(scene::View view) {
 
 void EquipmentView::Fit() {
   const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
-  look_ = scene::Fitted(look_, points, width(), height());
+  look_ = scene::FitPoints(look_, points, width(), height());
   isFitted_ = true;
   Invalidate();
 }
@@ -193,7 +193,7 @@ void EquipmentView::resizeEvent(QResizeEvent* event) {
 void EquipmentView::wheelEvent(QWheelEvent* event) {
   const double notches = event->angleDelta().y() / kNotch;
   if (notches == 0) return;
-  look_ = scene::Zoomed(look_, std::pow(kStep, notches), event->position().x(), event->position().y());
+  look_ = scene::ZoomAt(look_, std::pow(kStep, notches), event->position().x(), event->position().y());
   isFitted_ = false;
   Invalidate();
 }
@@ -210,7 +210,7 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
   if (!hasMoved_) return;
   const bool isTurn = event->buttons() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier);
   if (isTurn) {
-    look_ = scene::Turned(look_, -by.x() * kTurn, -by.y() * kTurn);
+    look_ = scene::TurnEye(look_, -by.x() * kTurn, -by.y() * kTurn);
   } else {
     look_.shiftX += by.x();
     look_.shiftY += by.y();
