@@ -15,10 +15,10 @@ inline constexpr std::size_t kLongestCatalogueLine = 1023;
 /// carriage return stays at the end of one.
 void ReadCatalogueLines(std::istream& text, std::vector<std::string>& lines);
 
-/// The text of the lines, a line feed behind each.
+/// The text of the lines, with a line feed after each.
 std::string CatalogueText(const std::vector<std::string>& lines);
 
-/// As much of the text as is read back as one line.
+/// The part of the text that is read back as one line.
 std::string OneCatalogueLine(std::string_view text);
 
 }  // namespace vanzet

@@ -5,14 +5,14 @@
 
 #include "catalogue/device_catalogue.h"
 
-/// What the dialog does with the catalogue, with the questions that it asks on the way.
+/// The actions of the dialog on the catalogue, with the questions that they ask.
 ///
 ///   dialogs  the dialog's catalogue, in memory as it was read at its start
 ///   owner    the window in front of which files are chosen
-///   refill   shows the names of `dialogs` anew; it may change texts of the page
+///   refill   shows the names of `dialogs` again; it may change texts of the page
 ///
-/// The file is read afresh into a catalogue of its own before each write, so that what another user saved
-/// meanwhile is not lost. A file that cannot be used leads to the question whether to search for another; the
+/// The file is read again into a catalogue of its own before each write, so that changes by another user
+/// are not lost. A file that cannot be used leads to the question whether to search for another; the
 /// choice is kept only at the start of the dialog.
 namespace vanzet {
 
@@ -27,7 +27,7 @@ void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const
                            void* owner, const std::function<void()>& refill);
 
 /// Asks, and removes a device from the dialog's catalogue and from the file. A file that cannot be read or
-/// written is left alone, and nothing is told.
+/// written is left alone, without a report.
 void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
                                const std::function<void()>& refill);
 

@@ -11,7 +11,7 @@ namespace vanzet {
 ///
 /// Shape    pairs of lines, a device's name and its value line (macro/device_record.h); in file order. A last
 ///          name may lack its value line
-/// Errors   false; what the user is told about it: catalogue/catalogue_work.h
+/// Errors   false; catalogue/catalogue_work.h reports them to the user
 /// Source   docs/formats/catalogue.md
 ///
 /// Names are compared exactly. A name or a value line that is put in is cut where a line of the file ends: at
@@ -43,7 +43,7 @@ class CDevice {
 
   bool HasDevice(const std::string& name) const;
 
-  /// The value line of the name; empty when there is none.
+  /// The value line of the name; empty for an unknown name.
   std::string ValueLineOf(const std::string& name) const;
 
   /// Puts the names of the devices of that type into `names`, in file order.

@@ -6,7 +6,7 @@
 
 #include "devices/device_params.h"
 
-/// What a device is, as data: every fact of a type, one file for each kind of device.
+/// A device as data: every fact of a type, in one file for each kind of device.
 ///
 /// Shape    a kind (chuck, jaw, ...) has devices of the catalogue, whose types follow each other without a
 ///          gap, and one type for devices whose solid is kept in a VDM of their own. Formulas are those of
@@ -17,7 +17,7 @@ namespace vanzet::devices {
 
 enum class Unit { kNone, kMillimetre, kDegree };
 
-/// What the pages ask of a letter.
+/// The demand of the pages for a letter.
 enum class Entry {
   kNeeded,    ///< a new device of the catalogue must have a value that is not 0
   kOptional,  ///< the value can be given
@@ -64,7 +64,7 @@ struct Outline {
   std::span<const std::string_view> lines;
 };
 
-/// What a measure of a picture shows.
+/// The kinds of measure in a picture.
 enum class MeasureKind {
   kAlong,   ///< a distance in x, from point to point
   kAcross,  ///< a distance in y
@@ -104,7 +104,7 @@ struct Device {
   std::string_view standIn = {};  ///< the width in x of the block that replaces a missing jaw; empty: none
 };
 
-/// What the VDM of an own device says that it holds. The numbers are those of the file.
+/// The class that the VDM of an own device names. The numbers are those of the file.
 enum class DeviceClass : std::int32_t { kChuck = 0, kJaw = 1, kCenter = 3 };
 
 /// How a spindle clamps that holds a device.
@@ -119,7 +119,7 @@ struct Kind {
   std::string_view word;            ///< in the JSON form of definitions
   std::span<const Device> devices;  ///< those of the catalogue, by code without a gap
   Device own;                       ///< the one that is kept in a VDM of its own
-  std::int32_t ownOlder;            ///< an older code of `own`; 0: there is none
+  std::int32_t ownOlder;            ///< an older code of `own`; 0: none
   DeviceClass ownClass;
   Clamping clamping;
 

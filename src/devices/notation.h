@@ -15,7 +15,7 @@ using enum Where;
 
 inline constexpr const char* kStored = "Stored, not drawn";
 
-/// The stand-in for a jaw before a chuck and a face driver: a thin plate.
+/// The width of the block that replaces a missing jaw before a chuck and a face driver: a thin plate.
 inline constexpr std::string_view kThinPlate = "2.05";
 
 /// The value of an own device: how far it is held behind its working face.

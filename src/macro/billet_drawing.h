@@ -4,12 +4,13 @@
 
 namespace vanzet {
 
-/// What the picture of a billet is made from; the first fields of its record (store/billet_records.h).
+/// The values that the picture of a billet is made from: the first fields of its record
+/// (store/billet_records.h).
 /// Units    those of the host
 struct BilletDrawing {
   std::int32_t type = 0;          ///< 1: cylindrical; nothing else is drawn
   double partLength = 0;          ///< of the part behind its front face
-  double outerDiameter = 0;       ///< sent as it stands: it is not halved
+  double outerDiameter = 0;       ///< sent as it is, not halved
   double innerDiameter = 0;       ///< of the bore; 0: none
   double barLength = 0;           ///< of the bar that the part is cut from; 0: none
   double frontAllowance = 0;      ///< ahead of the front face
@@ -23,7 +24,7 @@ struct BilletDrawing {
 /// part is cut off.
 ///
 ///   spindle  1 is the sub spindle, all else the main spindle
-///   z        where the front face lies along the spindle
+///   z        the position of the front face along the spindle
 void DrawBillet(const BilletDrawing& billet, std::int32_t spindle, double z);
 
 }  // namespace vanzet

@@ -21,7 +21,7 @@ struct Names {
 constexpr Names kMain = {"ZOffsetMain", "Billet_out_HS"};
 constexpr Names kSub = {"ZOffsetSub", "Billet_out_GS"};
 
-/// Begins the work in a layer, or ends it with an empty text.
+/// Begins the work in a layer; an empty text ends it.
 void RunLayerMacro(const std::string& arguments) {
   host::RunMacro("@@lay", arguments);
 }
@@ -72,7 +72,7 @@ void InsertFigureAt(std::string_view figure, double position) {
 
 void DrawOrigin(const Names& names, double position) {
   SendLine("win 0");
-  // Two quotes in front of a name are no slip here and in the next text: the host takes what stands last.
+  // The two quotes before a name are on purpose, here and in the next text: the host takes the last text.
   SendLine("lay ch ''", names.layer, "'");
   RunLayerMacro(Quoted(names.layer, "'grey' 'solid' '' '' ''"));
   DrawOriginFigure(names);

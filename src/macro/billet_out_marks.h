@@ -15,7 +15,7 @@ struct DatumRecord {
 
 /// Has the host renew the two marks of a spindle's datum: a grey dotted line across the spindle where the
 /// clamping ends, and a small grey cross in a ring at the origin. The old ones go in any case; new ones come
-/// only when the host's setting "HideBilletOut" is a number other than 0, whatever its name says.
+/// only when the host's setting "HideBilletOut" is a number other than 0, against the sense of its name.
 ///
 ///   spindle  1 is the sub spindle, all else the main spindle
 void DrawBilletOutMarks(const DatumRecord& datum, std::int32_t spindle);

@@ -15,7 +15,7 @@ std::string FormatReal(double value);
 /// Plain decimal.
 std::string FormatInt(std::int32_t value);
 
-/// A part of a line: texts as they stand, reals by FormatReal, integers by FormatInt.
+/// A part of a line: texts as they are, reals by FormatReal, integers by FormatInt.
 inline std::string_view LinePart(std::string_view text) {
   return text;
 }

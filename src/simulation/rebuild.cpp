@@ -36,7 +36,7 @@ void SendSolidCommand(const std::string& line) {
   SendCommand(line.substr(0, kCommandBytes - 1));
 }
 
-/// Has a solid made and returns its number, 0 or less when there is none.
+/// Has the host make a solid and returns its number; 0 or less when it could not.
 std::int32_t MakeBody(const std::string& line) {
   SendSolidCommand(line);
   return OrvoApi::GetGlobalIntVar("i_return");

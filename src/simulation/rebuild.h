@@ -6,7 +6,7 @@
 #include "devices/device_params.h"
 #include "store/billet_vdm.h"
 
-/// Makes simulation data anew: has the host build the solids, export them, and keeps what comes of it.
+/// Makes simulation data again: has the host build and export the solids, and stores the results.
 ///
 /// Story    BuildSpunDevice for each device made from values, then RebuildSimulation for the spindle's jaw;
 ///          BilletVdm::ReOrg is handed RebuildJawSimulation for definitions of old
@@ -14,7 +14,7 @@
 namespace vanzet {
 
 /// Makes the jaw's simulation data of one spindle of an open definition. A device without a jaw of its own
-/// gets a stand-in. False for a device or a jaw that cannot be made here: one that is kept in a VDM, or none.
+/// gets a stand-in. False for a device or a jaw that cannot be made here: none, or one that is kept in a VDM.
 /// A contour that was not made leaves the old data, and the result is true.
 bool RebuildJawSimulation(BilletVdm& definition, bool isSub);
 

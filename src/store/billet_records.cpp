@@ -15,10 +15,10 @@ namespace {
 using spindle_section::kBillet;
 using Real = double BilletRecord::*;
 
-/// How the item of one type goes on behind the type and the field of the outer diameter.
+/// The fields of a type's item that follow the type and the outer diameter.
 struct BilletLayout {
   std::int32_t type;
-  bool hasOuterDiameter;  ///< else a constant 0 stands in its place
+  bool hasOuterDiameter;  ///< else its field is a constant 0
   std::span<const Real> reals;
 };
 
@@ -45,8 +45,8 @@ bool IsMain(std::int32_t spindle) {
   return spindle == 0;
 }
 
-/// The text of item 1. Behind a cylinder's reals stand whether it is hidden, the inverse of the record's
-/// flag, and on the main spindle the length of the bar.
+/// The text of item 1. The reals of a cylinder are followed by a flag that hides it, the inverse of the
+/// record's flag, and on the main spindle by the length of the bar.
 std::string ValuesText(std::int32_t spindle, const BilletRecord& record) {
   std::string text = macro::FormatInt(record.type);
   const BilletLayout* const layout = LayoutOf(record.type);
@@ -59,7 +59,7 @@ std::string ValuesText(std::int32_t spindle, const BilletRecord& record) {
   return text;
 }
 
-/// The other way. Fields that are missing are 0; a type that is not known has none.
+/// Reads the text of item 1. Missing fields are 0; an unknown type has no fields.
 void ReadValues(const std::string& text, std::int32_t spindle, BilletRecord& record) {
   std::size_t position = 0;
   host::ReadIntField(text, position, record.type, billet_type::kNone);
@@ -95,7 +95,7 @@ bool ReadItems(BilletVdm& definition, std::int32_t spindle, BilletRecord& record
   std::string text;
   definition.SingleGet(text);
   ReadValues(text, spindle, record);
-  // The figures are the items behind the values, where the position stands.
+  // The figures are the items after the values, where the position is now.
   if (record.type == billet_type::kFromFigures) {
     ReadFigures(definition, record.figureOutside, record.figureInside);
   }

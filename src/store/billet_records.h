@@ -22,12 +22,15 @@ inline constexpr std::int32_t kFromSolid = 3;
 }  // namespace billet_type
 
 /// A billet. Each type has its own fields: docs/formats/definition.md.
+///
+/// The workbench parses the same records for itself (bench/scene/equipment.h). The two are sides of a
+/// contract between two programs: each follows the page, and neither includes the other.
 /// Units    those of the host; `angle` in degrees
 struct BilletRecord : BilletDrawing {
   std::string figureOutside;  ///< its name
   std::string figureInside;
   std::string solidName;
-  double clampDiameter = 0;  ///< read as the outer diameter where there is no solid
+  double clampDiameter = 0;  ///< read as the outer diameter for a billet without a solid
   double angle = 0;
 };
 

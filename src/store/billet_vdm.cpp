@@ -85,7 +85,7 @@ bool BilletVdm::ReadJawItems(std::int32_t spindle, std::string& name, DevicePara
 bool BilletVdm::ReadDeviceAt(DevicePlace place, std::string& name, DeviceParams& params) {
   if (!OperationSelect(place.operation) || !ItemSeek(place.section, 0)) return false;
   SingleGet(name);
-  // Without a check of its own: a section without values gives what stands behind it.
+  // There is no check here: a section without values gives the items after it.
   std::string text;
   SingleGet(text);
   UnpackDeviceParams(params, text);
@@ -113,7 +113,7 @@ BilletVdm::Found BilletVdm::OpenOrCreate() {
   const std::int32_t operations = Size();
   const std::int32_t version = ReadVersion();
   // The count of the old definition holds on, so that one of 18 operations or more leaves an empty VDM: a
-  // definition too new for this program is given up, not made anew.
+  // definition too new for this program is given up, not made again.
   if (version > kClampVersion) GiveUpNewerVersion();
   return {version, operations};
 }

@@ -11,8 +11,8 @@ namespace vanzet {
 
 class BilletVdm;
 
-/// Makes the jaw's simulation data of one spindle of an open definition anew.
-/// Handed in from above: the store knows nothing of solids.
+/// Makes the simulation data of a jaw again, for one spindle of an open definition. The caller provides it,
+/// because the store knows nothing of solids.
 using SimulationRebuild = std::function<void(BilletVdm& definition, bool isSub)>;
 
 /// The clamp definition of one spindle spur (store/clamp_schema.h).
@@ -25,15 +25,15 @@ class BilletVdm : public OrvoApi::MillTurnVdm {
   /// from `i_billet_vdm_spispur` on.
   static std::uint32_t VdmNumber(std::int32_t spur);
 
-  /// The version of the definition, 0 when it has none. Selects operation 0.
+  /// The version of the definition; 0 for one without a version. Selects operation 0.
   /// Requires: open.
   std::int32_t ReadVersion();
 
-  /// Makes the operation of that number as the schema has it, in the place of the one that is there. A
-  /// number above the schema costs the operation that is there and shows a box.
+  /// Replaces the operation of that number by a new one from the schema. For a number above the schema the
+  /// old operation is deleted, and a box is shown.
   bool OperationInit(std::int32_t operation);
 
-  /// Brings the definition to the current version, making it when there is none; a newer one is given up.
+  /// Upgrades the definition to the current version, or makes a missing one; a newer one is given up.
   /// The object ends closed. Always true: faults are reported, and the work goes on.
   /// Requires: constructed and closed.
   bool ReOrg(const SimulationRebuild& rebuildSimulation);
@@ -50,7 +50,7 @@ class BilletVdm : public OrvoApi::MillTurnVdm {
   void WriteDeviceAt(DevicePlace place, const std::string& name, const DeviceParams& params);
 
  private:
-  /// What was there: also for a definition that was then given up.
+  /// The state that was found, also of a definition that was then given up.
   struct Found {
     std::int32_t version;
     std::int32_t operations;

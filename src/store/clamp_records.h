@@ -5,10 +5,10 @@
 
 #include "devices/device_params.h"
 
-/// What holds the work: the clamp device and the jaw of each spindle, and the tailstock's centre.
+/// The devices of a spur: the clamp device and the jaw of each spindle, and the tailstock's centre.
 ///
 /// Shape    each is a name and its values. The name is the catalogue's, or for a device kept in a VDM the
-///          path of its file. What is not given yet has the name "0" and the type 0
+///          path of its file. One that is not given yet has the name "0" and the type 0
 ///   spur     whose definition: BilletVdm::VdmNumber
 ///   spindle  0 is the main spindle, all else the sub spindle
 /// Result   0, or -1 (store/record_frame.h)
@@ -22,11 +22,11 @@ std::int32_t WriteClampDevice(std::int32_t spur, std::int32_t spindle, const std
 std::int32_t ReadClampDevice(std::int32_t spur, std::int32_t spindle, std::string& name,
                              DeviceParams& params);
 
-/// How the clamp device holds the work.
+/// Writes how the clamp device holds the work.
 std::int32_t WriteClampOptions(std::int32_t spur, std::int32_t spindle, bool innerChucking,
                                std::int32_t jaws);
 
-/// What is not there reads as clamped from outside by 3 jaws, also on failure.
+/// Missing values, and a failure, read as clamped from outside by 3 jaws.
 std::int32_t ReadClampOptions(std::int32_t spur, std::int32_t spindle, bool& innerChucking,
                               std::int32_t& jaws);
 

@@ -43,7 +43,7 @@ inline std::int32_t SpindleOperation(std::int32_t spindle) {
   return spindle == 0 ? clamp_operation::kMainSpindle : clamp_operation::kSubSpindle;
 }
 
-/// Where a device stands in a definition: its name is item 0 of the section, its values are item 1.
+/// The place of a device in a definition: its name is item 0 of the section, its values are item 1.
 struct DevicePlace {
   std::int32_t operation;
   std::int32_t section;
@@ -60,7 +60,7 @@ inline DevicePlace CenterPlace(bool subSpindleAvailable) {
   return {(subSpindleAvailable ? 8 : 0) + 2, 1};
 }
 
-/// The items that a section gets when it is made; "0" stands for a value not yet given.
+/// The first items of a new section; "0" means a value that is not given yet.
 using SectionItems = std::span<const std::string_view>;
 
 /// One operation as it is made. Section 0 always exists and names the operation.

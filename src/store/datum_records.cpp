@@ -22,7 +22,7 @@ std::int32_t WriteOnlyItem(std::int32_t spur, std::int32_t operation, const std:
   });
 }
 
-/// Reads it. Where it is missing, `text` is what stands there.
+/// Reads it. Where it is missing, `text` is the text that is there.
 std::int32_t ReadOnlyItem(std::int32_t spur, std::int32_t operation, std::string& text) {
   return ReadRecord(spur, [&](BilletVdm& definition) {
     definition.OperationSelect(operation);

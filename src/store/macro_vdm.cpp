@@ -16,13 +16,13 @@ namespace {
 
 using host::hostFunctions;
 
-/// What the host returns for a handle that it could not give.
+/// The return value of the host when it could not open a handle.
 constexpr std::uint32_t kNoHandle = 0xFFFFFFFF;
 
 constexpr std::int32_t kFromStart = 0;
 constexpr std::int32_t kOnce = 1;
 
-/// A host refuses a longer text, and says so; whoever counts items must not count it.
+/// A host refuses a longer text and reports it; a caller that counts items must not count it.
 bool FitsAnItem(const std::string& text) {
   return text.size() < kItemBytes;
 }

@@ -18,8 +18,8 @@ inline constexpr std::size_t kItemBytes = 5000;
 /// Story    Create or Open, seek, read and write, Close. What is done to a closed VDM is reported and has no
 ///          effect
 ///
-/// A seek puts the position on item 0 of a record. A step counts forward from where the position stands. A
-/// read stands behind the item that it read, an added item stands before the position.
+/// A seek puts the position on item 0 of a record. A step counts forward from the position. After a
+/// read the position follows the item that was read; an added item precedes the position.
 class MacroVdm {
  public:
   explicit MacroVdm(std::uint32_t number) : vdmNumber(number) {}
@@ -27,17 +27,17 @@ class MacroVdm {
   MacroVdm(const MacroVdm&) = delete;
   MacroVdm& operator=(const MacroVdm&) = delete;
 
-  /// Makes the VDM and opens it. Refused when the number is taken.
+  /// Makes the VDM and opens it. Fails when the number is taken.
   bool Create();
 
-  /// Opens the VDM. Refused when it is missing, or open here or elsewhere.
+  /// Opens the VDM. Fails when it does not exist or is already open, here or elsewhere.
   bool Open();
 
   /// The object ends closed, also when somebody else has closed the VDM meanwhile, which is reported.
   bool Close();
 
-  /// Replaces the VDM by the content of a ".vdm" file; the object ends closed. The old content goes first:
-  /// a path that is refused has cost it all the same.
+  /// Replaces the VDM by the content of a ".vdm" file; the object ends closed. The old content is
+  /// deleted first, also when the path is then refused.
   bool LoadFromFile(const std::string& path);
 
   /// Leaves `text` as it is when closed.
@@ -54,7 +54,7 @@ class MacroVdm {
 
   bool IsOpen() const { return handle != 0; }
 
-  /// Shows `message` behind the VDM's number under this class's name.
+  /// Shows `message` after the VDM's number under this class's name.
   void ReportError(const std::string& message);
 
  protected:

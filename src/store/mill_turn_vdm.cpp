@@ -147,7 +147,7 @@ bool MillTurnVdm::SectionEnter(std::int32_t section) {
 
 void MillTurnVdm::SectionSeek(std::int32_t section) {
   SeekFromStart(currentOperation);
-  std::int64_t first = 1;  // behind the header
+  std::int64_t first = 1;  // after the header
   for (std::int32_t before = 0; before < std::min(section, SectionCount()); ++before)
     first += ItemsOf(before);
   SingleSeek(Within32Bits(first));
@@ -156,7 +156,7 @@ void MillTurnVdm::SectionSeek(std::int32_t section) {
 bool MillTurnVdm::ItemSeek(std::int32_t section, std::int32_t item) {
   if (currentOperation < 0 || !IsItemValid(section, item)) return false;
   SectionSeek(section);
-  // A step counts from where the position stands, which is the section's first item.
+  // A step counts from the position, which is at the section's first item.
   if (item >= 1) SingleSeek(item);
   return true;
 }

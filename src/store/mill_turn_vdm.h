@@ -14,9 +14,8 @@ namespace vanzet::OrvoApi {
 ///          section 0> <items of section 1> ..."; the sections' items follow one after the other
 /// Story    OperationSelect or OperationCreate; then for each section to be written SectionRewrite (or
 ///          SectionAppend), any number of ItemAdd, SectionCommit. Without the commit the header does not
-///          count the items, and every later section lies off by their number
-/// Errors   as MacroVdm; reports of this class stand under its own name, what its base reports under that
-///          one's
+///          count the items, and every later section is found off by their number
+/// Errors   as MacroVdm; reports of this class are under its own name, those of its base under the base's
 ///
 /// The header of the selected operation is kept in memory; selecting another one discards it. Positions are
 /// found by adding up its counts at every access.
@@ -28,7 +27,7 @@ class MillTurnVdm : public MacroVdm {
   /// True when the number is below the count of operations.
   bool OperationExist(std::int32_t operation);
 
-  /// True when there is an operation of that number; else reports.
+  /// True when the operation exists; else reports.
   bool IsOpValid(std::int32_t operation);
 
   /// Makes the operation current and reads its header. None is current when the number is not valid.
@@ -37,10 +36,10 @@ class MillTurnVdm : public MacroVdm {
   /// Inserts a new operation without sections before the record of that number and selects it.
   bool OperationCreate(std::int32_t operation, std::int32_t kind);
 
-  /// Removes the operation, so that later ones move down by one. True also when there is none.
+  /// Removes the operation, so that later ones move down by one. True also when it does not exist.
   bool OperationDelete(std::int32_t operation);
 
-  /// Reads the header of the current operation. False when there is no kind in it; a count of sections that
+  /// Reads the header of the current operation. False when it has no kind; a count of sections that
   /// is not that of the list is reported, and the list holds.
   /// Requires: `sectionItems` is empty, the read appends.
   bool ReadHeader();
@@ -61,23 +60,23 @@ class MillTurnVdm : public MacroVdm {
   /// The items of a section by the header, 0 for one that is not there. Reports nothing.
   std::int32_t ItemCount(std::int32_t section) const;
 
-  /// Stands at the start of the section, after a check, and makes it the one under writing.
+  /// Goes to the start of the section, after a check, and makes it the one under writing.
   bool SectionEnter(std::int32_t section);
 
-  /// Stands on the first item of the section, or where it would be. The section is not checked.
+  /// Goes to the first item of the section, or to its place. The section is not checked.
   void SectionSeek(std::int32_t section);
 
-  /// Stands on the item, after a check.
+  /// Goes to the item, after a check.
   bool ItemSeek(std::int32_t section, std::int32_t item);
 
-  /// Extends the sections in memory up to this one and stands at its start. False, after a report, when it
+  /// Extends the sections in memory up to this one and goes to its start. False, after a report, when it
   /// exists. The new sections reach the VDM with the next WriteHeader.
   bool SectionCreate(std::int32_t section);
 
   /// Empties the section in the VDM and in the header.
   bool DeleteItems(std::int32_t section);
 
-  /// Prepares to write the section anew: it is empty, and the position is at its start.
+  /// Prepares to rewrite the section: it is empty, and the position is at its start.
   bool SectionRewrite(std::int32_t section);
 
   /// Prepares to add at the end of the section, which is made when it is missing.
@@ -93,7 +92,7 @@ class MillTurnVdm : public MacroVdm {
   bool ItemPut(std::int32_t section, std::int32_t item, const std::string& text);
 
   /// Puts the version 100 in front of item 1 of section 0 of the current operation, in the place of the
-  /// first field there; what stands behind that survives.
+  /// first field there; the rest of the item stays.
   bool WriteVersion();
 
   void ReportError(const std::string& message);

@@ -6,11 +6,11 @@
 #include "host/host_functions.h"
 #include "store/billet_vdm.h"
 
-/// What all operations on records have in common.
+/// The frame of all operations on records.
 ///
 /// Story    the definition of the spur is opened, the work is done on it, and it is closed; nothing outlives
-///          the call. How the work went plays no part in the result unless it says so
-/// Errors   kRecordFailed. A writer shows the box of Open where there is no definition, a reader does not
+///          the call. The outcome of the work is not part of the result unless a function says so
+/// Errors   kRecordFailed. A writer shows the box of Open for a missing definition, a reader does not
 namespace vanzet {
 
 inline constexpr std::int32_t kRecordDone = 0;
@@ -35,7 +35,7 @@ std::int32_t WriteRecord(std::int32_t spur, const Work& work) {
   });
 }
 
-/// The frame of a reader, whose work tells whether there was something to read.
+/// The frame of a reader, whose work returns whether it had something to read.
 template <class Work>
 std::int32_t ReadRecord(std::int32_t spur, const Work& work) {
   const std::uint32_t vdm = BilletVdm::VdmNumber(spur);
