@@ -74,15 +74,6 @@ TEST(Pictures, AreSortedByIdAndUnique) {
   EXPECT_TRUE(std::ranges::is_sorted(Pictures(), std::less_equal<>(), &Picture::bitmap));
 }
 
-TEST(Pictures, OfDevicesSayWhatEveryLetterIsThatATypeKeeps) {
-  for (const Device* const device : Devices()) {
-    for (const devices::Letter& each : device->letters) {
-      if (each.name[0] == '\0') continue;
-      EXPECT_NE(FindLetterWords(device->code, each.letter), nullptr) << device->code << each.letter;
-    }
-  }
-}
-
 TEST(Pictures, HaveExamplesWithoutFault) {
   for (const DeviceParams& example : Examples()) {
     EXPECT_TRUE(IsSimple(OutlineOf(example))) << example.type;

@@ -39,7 +39,7 @@ std::set<std::string> TextsOfTables() {
   }
   for (std::int32_t type = 0; type < 200; ++type) {
     for (char letter = 'A'; letter <= 'J'; ++letter) {
-      if (const LetterWords* const words = FindLetterWords(type, letter)) texts.insert(words->name);
+      if (const devices::Letter* const named = FindNamedLetter(type, letter)) texts.insert(named->name);
     }
   }
   texts.erase("");

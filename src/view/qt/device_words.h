@@ -2,24 +2,18 @@
 
 #include <cstdint>
 
+#include "devices/kinds.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 
-enum class Unit { kNone, kMillimetre, kDegree };
+using devices::Unit;
 
 /// "mm", "°", or nothing.
 QString UnitText(Unit unit);
 
-/// What a letter stands for.
-struct LetterWords {
-  std::int32_t type;
-  char letter;
-  Unit unit;
-  const char* name;
-};
-
-/// The row of a type's letter; null for one that the type does not have.
-const LetterWords* FindLetterWords(std::int32_t type, char letter);
+/// The letter of a type with its name, an English text; null for a letter that the type does not have, or that
+/// the pages do not name.
+const devices::Letter* FindNamedLetter(std::int32_t type, char letter);
 
 }  // namespace vanzet::view::qt

@@ -199,7 +199,7 @@ void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
 
 void PageForm::ShowWords(const Row& row, std::int32_t type, const PageValues& values) {
   const FieldRow& field = *row.field;
-  const LetterWords* const letter = field.letter == 0 ? nullptr : FindLetterWords(type, field.letter);
+  const devices::Letter* const letter = field.letter == 0 ? nullptr : FindNamedLetter(type, field.letter);
   const Unit unit = letter != nullptr ? letter->unit : field.unit;
   const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
   if (row.name != nullptr) row.name->setText(name);

@@ -153,9 +153,8 @@ void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& param
 void NoteThickness(Sketch& sketch, const Device& device) {
   for (const Letter& each : device.letters) {
     if (each.drawn != Drawn::kThickness) continue;
-    const LetterWords* const words = FindLetterWords(device.code, each.letter);
     sketch.notes.push_back(QLatin1Char(each.letter) + QStringLiteral("  ") +
-                           Translate(kUnseen).arg(Translate(words->name)));
+                           Translate(kUnseen).arg(Translate(each.name)));
   }
 }
 
