@@ -110,8 +110,7 @@ Result<Shown> ReadShown(const project::Definition& content) {
   if (!measures) return measures.fault();
   const auto box = modeller::Extents((*device)->body);
   if (!box) return box.fault();
-  return Shown{*values, **device, *measures, *box,
-               scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
+  return Shown{*values, **device, *measures, *box, content.Items(scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {

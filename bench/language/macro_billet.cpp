@@ -43,13 +43,10 @@ Result<std::vector<std::string>> FiguresOf(const Spindle& spindle, Surroundings&
   if (!vdm) return Fault{.text = "no definition was closed yet", .kind = FaultKind::kMissing};
   VANZET_TRY(const auto content, surroundings.store.Snapshot(static_cast<std::int64_t>(*vdm)));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
-  const auto& operations = definition.operations;
-  const auto* const sections =
-      spindle.operation < operations.size() ? &operations[spindle.operation].sections : nullptr;
-  if (sections == nullptr || sections->size() <= kBillet || (*sections)[kBillet].size() < kItems) {
+  const std::vector<std::string>& items = definition.Items(spindle.operation, kBillet);
+  if (items.size() < kItems) {
     return Fault{"the definition that was closed last has no billet of that spindle"};
   }
-  const std::vector<std::string>& items = (*sections)[kBillet];
   if (IntegerOrZero(items[1]) != kFromFigures) return Fault{"the billet of that spindle is not from figures"};
   return std::vector<std::string>{items[2], items[3]};
 }

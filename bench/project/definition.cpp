@@ -61,6 +61,13 @@ std::string Operation::Label() const {
   return sections.empty() || sections[0].empty() ? std::string() : sections[0][0];
 }
 
+const std::vector<std::string>& Definition::Items(std::size_t operation, std::size_t section) const {
+  static const std::vector<std::string> kNone;
+  if (operation >= operations.size()) return kNone;
+  const auto& sections = operations[operation].sections;
+  return section < sections.size() ? sections[section] : kNone;
+}
+
 bool Definition::IsDamaged() const {
   return std::ranges::any_of(operations,
                              [](const Operation& operation) { return !operation.damage.empty(); });

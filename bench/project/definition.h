@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -27,6 +28,9 @@ struct Definition {
   std::vector<Operation> operations;
 
   bool IsDamaged() const;
+
+  /// The items of a section; empty when the section does not exist.
+  const std::vector<std::string>& Items(std::size_t operation, std::size_t section) const;
 };
 
 /// Reads the operations of a VDM. A fault only when the store cannot give a record: a record that is no

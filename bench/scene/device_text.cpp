@@ -39,7 +39,7 @@ Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>
 /// and the placement in the next one.
 double ReachOf(const project::Definition& definition, std::size_t operation) {
   for (const std::size_t section : {std::size_t{3}, std::size_t{2}}) {
-    const auto& items = ItemsOf(definition, operation, section);
+    const auto& items = definition.Items(operation, section);
     if (!items.empty()) return ThreeReals(items.front())[2];
   }
   return 0;
@@ -50,7 +50,7 @@ double ReachOf(const project::Definition& definition, std::size_t operation) {
 Result<std::optional<DeviceText>> ReadDeviceText(const project::Definition& definition, std::size_t operation,
                                                  const modeller::Exchange& exchange) {
   std::string text;
-  for (const std::string& item : ItemsOf(definition, operation, 1)) {
+  for (const std::string& item : definition.Items(operation, 1)) {
     text += item.ends_with('\n') ? item : item + "\n";
   }
   if (text.empty()) return std::optional<DeviceText>();

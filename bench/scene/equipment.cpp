@@ -106,14 +106,6 @@ void ReadDatum(const std::string& text, Equipment& equipment) {
 
 }  // namespace
 
-const std::vector<std::string>& ItemsOf(const Definition& definition, std::size_t operation,
-                                        std::size_t section) {
-  static const std::vector<std::string> kNone;
-  if (operation >= definition.operations.size()) return kNone;
-  const auto& sections = definition.operations[operation].sections;
-  return section < sections.size() ? sections[section] : kNone;
-}
-
 std::array<double, 3> ThreeReals(std::string_view text) {
   Fields fields(text);
   std::array<double, 3> reals{};
@@ -135,16 +127,16 @@ Equipment ReadEquipment(const Definition& definition) {
   for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
     Spindle& spindle = equipment.spindles[i];
     const std::size_t operation = i + 1;
-    const auto& clamp = ItemsOf(definition, operation, 1);
+    const auto& clamp = definition.Items(operation, 1);
     spindle.clamp = DeviceOf(clamp);
-    spindle.jaw = DeviceOf(ItemsOf(definition, operation, 2));
+    spindle.jaw = DeviceOf(definition.Items(operation, 2));
     ReadOptions(ItemOf(clamp, 2), spindle);
-    spindle.billet = BilletOf(ItemsOf(definition, operation, 3));
-    spindle.finishPart = FinishPartOf(ItemsOf(definition, kFirstFinishPart + i, 1));
+    spindle.billet = BilletOf(definition.Items(operation, 3));
+    spindle.finishPart = FinishPartOf(definition.Items(kFirstFinishPart + i, 1));
   }
-  ReadDatum(ItemOf(ItemsOf(definition, kDatum, 1), 0), equipment);
-  equipment.usesSteadyRest = IntegerOrZero(ItemOf(ItemsOf(definition, kSteadyRest, 1), 0)) != 0;
-  equipment.center = DeviceOf(ItemsOf(definition, kCenter, 1));
+  ReadDatum(ItemOf(definition.Items(kDatum, 1), 0), equipment);
+  equipment.usesSteadyRest = IntegerOrZero(ItemOf(definition.Items(kSteadyRest, 1), 0)) != 0;
+  equipment.center = DeviceOf(definition.Items(kCenter, 1));
   Spindle& sub = equipment.spindles[1];
   equipment.isCenterInSub = devices::IsCenter(sub.clamp.params.type);
   if (equipment.isCenterInSub) equipment.center = std::exchange(sub.clamp, {});

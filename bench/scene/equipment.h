@@ -60,10 +60,6 @@ Equipment ReadEquipment(const project::Definition& definition);
 /// The device of a value line; an older code of its type becomes the newer one.
 DeviceParams ReadDeviceParams(std::string_view valueLine);
 
-/// The items of a section; empty when the section does not exist.
-const std::vector<std::string>& ItemsOf(const project::Definition& definition, std::size_t operation,
-                                        std::size_t section);
-
 /// The first three reals of a text; missing ones are 0.
 std::array<double, 3> ThreeReals(std::string_view text);
 

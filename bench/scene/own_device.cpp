@@ -94,7 +94,7 @@ Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
 }
 
 Result<OwnDeviceValues> ReadOwnDeviceValues(const project::Definition& content) {
-  const auto& items = ItemsOf(content, kOwnDeviceOperation, 2);
+  const auto& items = content.Items(kOwnDeviceOperation, 2);
   if (items.empty()) return Fault{"is not a device: operation 1 has no values"};
   std::string_view rest = items.front();
   const auto group = IntegerPrefix(rest);
