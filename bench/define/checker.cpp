@@ -12,7 +12,7 @@ constexpr const char* kMissing = "is missing";
 
 std::vector<std::string> KeysOf(std::span<const DeviceRow> rows) {
   std::vector<std::string> keys;
-  for (const DeviceRow& row : rows) keys.emplace_back(row.key);
+  for (const DeviceRow& row : rows) keys.emplace_back(row.Key());
   return keys;
 }
 
@@ -72,11 +72,11 @@ void Checker::Spindle(const Place& spur, std::size_t spindle) {
   const bool isSub = spindle == 1;
   if (isSub && !surroundings_.hasSubSpindle) return void(Refuse(place, "the machine has no sub spindle"));
   Keys known = KeysOf(ClampRows());
-  for (const std::string_view key : {JawRow().key, BilletPart().key, FinishedPart().key})
+  for (const std::string_view key : {JawRow().Key(), BilletPart().key, FinishedPart().key})
     known.emplace_back(key);
   if (!IsObject(place, known)) return;
   Clamp(place);
-  if (place.Has(JawRow().key)) Device(place[JawRow().key], JawRow());
+  if (place.Has(JawRow().Key())) Device(place[JawRow().Key()], JawRow());
   OneOf(place, BilletPart(), isSub);
   OneOf(place, FinishedPart(), isSub);
 }
@@ -84,10 +84,10 @@ void Checker::Spindle(const Place& spur, std::size_t spindle) {
 void Checker::Clamp(const Place& spindle) {
   const DeviceRow* given = nullptr;
   for (const DeviceRow& row : ClampRows()) {
-    if (!spindle.Has(row.key)) continue;
-    const Place device = spindle[row.key];
+    if (!spindle.Has(row.Key())) continue;
+    const Place device = spindle[row.Key()];
     if (given != nullptr) {
-      Refuse(device, "a spindle holds one device, but it also has " + Quoted(std::string(given->key)));
+      Refuse(device, "a spindle holds one device, but it also has " + Quoted(std::string(given->Key())));
     }
     given = &row;
     Device(device, row);
@@ -95,8 +95,8 @@ void Checker::Clamp(const Place& spindle) {
 }
 
 void Checker::Center(const Place& spur) {
-  if (!spur.Has(CenterRow().key)) return;
-  const Place center = spur[CenterRow().key];
+  if (!spur.Has(CenterRow().Key())) return;
+  const Place center = spur[CenterRow().Key()];
   if (!surroundings_.hasTailStock) return void(Refuse(center, "the machine has no tailstock"));
   Device(center, CenterRow());
 }

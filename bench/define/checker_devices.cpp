@@ -9,7 +9,7 @@ namespace {
 
 /// The words of a kind of device in a reason.
 std::string WordsOf(const DeviceRow& row) {
-  std::string words(row.key);
+  std::string words(row.Key());
   std::ranges::replace(words, '_', ' ');
   return words;
 }
@@ -18,7 +18,7 @@ std::string WordsOf(const DeviceRow& row) {
 
 void Checker::Device(const Place& device, const DeviceRow& row) {
   if (!device.json.is_object()) return void(Refuse(device, "must be an object"));
-  const bool isJaw = row.key == JawRow().key;
+  const bool isJaw = row.Key() == JawRow().Key();
   Keys known = {"name", "file", "letters"};
   if (row.HasShapes()) known.emplace_back("shape");
   if (isJaw) {
@@ -49,10 +49,10 @@ void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
   }
   const auto deviceClass = surroundings_.ownDevice(file.json.get<std::string>());
   if (!deviceClass) return void(Refuse(file, deviceClass.fault().Message()));
-  if (*deviceClass != row.deviceClass) {
+  if (*deviceClass != row.kind->ownClass) {
     Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", not a " + WordsOf(row));
   }
-  if (device.Has("letters")) Letters(device, row.own, nullptr);
+  if (device.Has("letters")) Letters(device, row.kind->own.code, nullptr);
 }
 
 void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
@@ -73,16 +73,17 @@ void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
 /// 0 after a refusal.
 std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row,
                              const std::optional<DeviceParams>& known) {
-  if (!row.HasShapes()) return row.first;
-  const bool isOfCatalogue = known && known->type >= row.first && known->type <= row.last;
-  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = known->type - row.first + 1;
+  if (!row.HasShapes()) return row.kind->First();
+  const bool isOfCatalogue = known && row.kind->HasParametric(known->type);
+  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = known->type - row.kind->First() + 1;
   if (!device.Has("shape")) {
     Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row));
     return 0;
   }
   const Place shape = device["shape"];
-  const double most = row.last - row.first + 1;
-  return IsValue(shape, std::int32_t(), {1, most}) ? row.first + shape.json.get<std::int32_t>() - 1 : 0;
+  const auto most = static_cast<double>(row.kind->devices.size());
+  return IsValue(shape, std::int32_t(), {1, most}) ? row.kind->First() + shape.json.get<std::int32_t>() - 1
+                                                   : 0;
 }
 
 void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {

@@ -109,11 +109,11 @@ class SpurSteps {
   }
 
   void Device(const Json& spindle, const DeviceRow& row, std::int32_t node, const std::string& path) {
-    const std::string key(row.key);
+    const std::string key(row.Key());
     if (!spindle.contains(key)) return;
     const Json& device = spindle[key];
     Step& step = Begin(Below(path, key), node);
-    if (row.key == JawRow().key) AddFields(device, JawFields(), step);
+    if (row.Key() == JawRow().Key()) AddFields(device, JawFields(), step);
     if (device.contains("file")) {
       OwnDevice(device, row, step);
     } else {
@@ -129,7 +129,7 @@ class SpurSteps {
     constexpr const char* kChangeable = "A";
     step.lines.push_back(SetLine(control::kPath, device["file"]));
     step.lines.push_back(Line("press", control::kSelectOwn));
-    if (row.key != CenterRow().key || !device.contains("letters")) return;
+    if (row.Key() != CenterRow().Key() || !device.contains("letters")) return;
     if (!device["letters"].contains(kChangeable)) return;
     step.lines.push_back(SetLine(control::EditOfLetter('A'), device["letters"][kChangeable]));
     step.lines.push_back(Line("press", control::kSelectParametric));
@@ -161,7 +161,7 @@ class SpurSteps {
 /// Calls for every device of a form.
 void ForEachDevice(const Json& form, const std::function<void(const DeviceRow&, const Json&)>& call) {
   const auto in = [&](const Json& place, const DeviceRow& row) {
-    if (place.contains(std::string(row.key))) call(row, place[std::string(row.key)]);
+    if (place.contains(std::string(row.Key()))) call(row, place[std::string(row.Key())]);
   };
   for (const Json& spur : form["spurs"]) {
     for (const std::string_view key : kSpindleKeys) {
@@ -211,9 +211,9 @@ std::string CatalogueText(const Json& form) {
   ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {
     if (!device.contains("name")) return;
     const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
-    text += device["name"].get<std::string>() + "\n" + std::to_string(row.first + shape - 1);
+    text += device["name"].get<std::string>() + "\n" + std::to_string(row.kind->First() + shape - 1);
     // A type of the catalogue has letters from A on without a gap, as a value line has them.
-    for (const devices::Letter& each : devices::LettersOf(row.first + shape - 1)) {
+    for (const devices::Letter& each : devices::LettersOf(row.kind->First() + shape - 1)) {
       text += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
     }
     text += "\n";

@@ -6,7 +6,6 @@ namespace vanzet::define {
 namespace {
 
 using scene::Billet;
-using scene::DeviceClass;
 using scene::FinishPart;
 using scene::Spindle;
 
@@ -76,15 +75,13 @@ constexpr Field<Spindle> kSubDatum[] = {
 };
 
 constexpr DeviceRow kClamps[] = {
-    // key           types   own  class                nodes
-    {"chuck",       1, 1, 103, DeviceClass::kChuck, {node::kChuckMain, node::kChuckSub}},
-    {"collet",      2, 2, 105, DeviceClass::kChuck, {node::kColletMain, node::kColletSub}},
-    {"mandrel",     3, 3, 106, DeviceClass::kChuck, {node::kMandrelMain, node::kMandrelSub}},
-    {"face_driver", 4, 4, 107, DeviceClass::kChuck, {node::kFaceDriverMain, node::kFaceDriverSub}},
+    {&devices::kChuck,      {node::kChuckMain, node::kChuckSub}},
+    {&devices::kCollet,     {node::kColletMain, node::kColletSub}},
+    {&devices::kMandrel,    {node::kMandrelMain, node::kMandrelSub}},
+    {&devices::kFaceDriver, {node::kFaceDriverMain, node::kFaceDriverSub}},
 };
-constexpr DeviceRow kJaw =    {"jaw",     5, 12, 104, DeviceClass::kJaw,    {node::kJawMain, node::kJawSub}};
-constexpr DeviceRow kCenter = {"center", 13, 14, 115, DeviceClass::kCenter, {node::kCenter, node::kCenter}};
-
+constexpr DeviceRow kJaw =    {&devices::kJaw,    {node::kJawMain, node::kJawSub}};
+constexpr DeviceRow kCenter = {&devices::kCenter, {node::kCenter, node::kCenter}};
 // clang-format on
 
 constexpr Part<Billet> kBilletPart = {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <variant>
 
+#include "devices/kinds.h"
 #include "scene/equipment.h"
 #include "scene/own_device.h"
 
@@ -71,14 +72,13 @@ std::span<const Field<scene::Spindle>> DatumFields(std::size_t spindle);
 
 /// A kind of device in the form.
 struct DeviceRow {
-  std::string_view key;
-  std::int32_t first, last;  ///< the types of the catalogue; several are told apart by their shape, from 1
-  std::int32_t own;          ///< the type of one that is kept in a VDM of its own
-  scene::DeviceClass deviceClass;
+  const devices::Kind* kind;
   std::array<std::int32_t, 2> nodes;
 
-  bool HasShapes() const { return last > first; }
-  bool Has(std::int32_t type) const { return type == own || (type >= first && type <= last); }
+  std::string_view Key() const { return kind->word; }
+
+  /// Several types of the catalogue are distinguished by their shape, from 1.
+  bool HasShapes() const { return kind->devices.size() > 1; }
 };
 
 /// The kinds of which a spindle holds one.

@@ -72,20 +72,20 @@ class Writer {
                   const std::string& path) {
     const std::int32_t type = device.params.type;
     if (type == 0) return nullptr;
-    const auto row = std::ranges::find_if(rows, [&](const DeviceRow& each) { return each.Has(type); });
+    const auto row = std::ranges::find_if(rows, [&](const DeviceRow& each) { return each.kind->Has(type); });
     if (row == rows.end()) {
       leftOut_.push_back({path, "the form cannot express the device " + Quoted(device.name) + " of type " +
                                     std::to_string(type)});
       return nullptr;
     }
-    return &(json[std::string(row->key)] = DeviceJson(*row, device));
+    return &(json[std::string(row->Key())] = DeviceJson(*row, device));
   }
 
   static Json DeviceJson(const DeviceRow& row, const scene::Device& device) {
     const std::int32_t type = device.params.type;
     Json json = Json::object();
-    json[type == row.own ? "file" : "name"] = device.name;
-    if (type != row.own && row.HasShapes()) json["shape"] = type - row.first + 1;
+    json[type == row.kind->own.code ? "file" : "name"] = device.name;
+    if (type != row.kind->own.code && row.HasShapes()) json["shape"] = type - row.kind->First() + 1;
     for (const devices::Letter& each : devices::LettersOf(type)) {
       json["letters"][std::string(1, each.letter)] = NumberJson(ValueOf(device.params, each.letter));
     }

@@ -59,6 +59,11 @@ const Device* Find(std::int32_t type) {
   return type == kind->own.code ? &kind->own : nullptr;
 }
 
+std::int32_t PictureOf(std::int32_t type) {
+  const Device* const device = Find(NewerCode(type));
+  return device == nullptr ? 0 : device->picture;
+}
+
 const Device* FindByPicture(std::int32_t picture) {
   const auto found = std::ranges::find(Devices(), picture, &Device::picture);
   return found == Devices().end() ? nullptr : *found;

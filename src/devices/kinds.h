@@ -32,6 +32,9 @@ std::span<const Device* const> Devices();
 /// The facts of a type, or null. An older code has none: see NewerCode.
 const Device* Find(std::int32_t type);
 
+/// The picture of a type, also by its older code; 0 for a type without facts.
+std::int32_t PictureOf(std::int32_t type);
+
 /// The type that a picture explains, or null.
 const Device* FindByPicture(std::int32_t picture);
 

@@ -10,32 +10,21 @@
 /// The values of a device on its pages: an edit and a label for each letter.
 namespace vanzet::dialog {
 
-struct TypeRange {
-  std::int32_t first, last;
-};
-
-/// One letter. What a page does not list of it has no types.
-struct DeviceLetter {
+/// The controls of a letter.
+struct LetterControls {
   char letter;
   std::int32_t edit;
   std::int32_t labelOnClampElem;
   std::int32_t labelOnNew;
-  std::span<const TypeRange> open;    ///< the types for which it can be given
-  std::span<const TypeRange> needed;  ///< those for which it must not be 0
 };
 
-/// A to J.
-std::span<const DeviceLetter> DeviceLetters();
+/// The letters A to J.
+std::span<const LetterControls> AllLetterControls();
 
-bool HasType(std::span<const TypeRange> types, std::int32_t type);
-
-/// The edits and the values behind them.
+/// The edits with the values that they show.
 std::span<const Field<DeviceParams>> DeviceFields();
 
-/// Enables what can be given for the type, on either page.
-void EnableLetters(Controls& controls, std::int32_t DeviceLetter::*label, std::int32_t type);
-
-/// The picture that explains the letters of a type, 0 for none.
-std::int32_t DevicePicture(std::int32_t type);
+/// Enables the letters that can be given for the type, on either page.
+void EnableLetters(Controls& controls, std::int32_t LetterControls::*label, std::int32_t type);
 
 }  // namespace vanzet::dialog

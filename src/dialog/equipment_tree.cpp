@@ -33,17 +33,17 @@ bool IsKeptClosed(std::int32_t id) {
   return id == node::kNewDevices || TreeNodeOf(id).parent == node::kNewDevices;
 }
 
-/// A node that is bold when the device has one of two types: the parametric one and that from a VDM.
+/// A node that is bold when the device is of the kind.
 struct DeviceNode {
   std::int32_t main, sub;
-  std::int32_t type, ownType;
+  const devices::Kind* kind;
 };
 
 constexpr DeviceNode kDeviceNodes[] = {
-    {node::kChuckMain, node::kChuckSub, 1, 103},
-    {node::kColletMain, node::kColletSub, 2, 105},
-    {node::kMandrelMain, node::kMandrelSub, 3, 106},
-    {node::kFaceDriverMain, node::kFaceDriverSub, 4, 107},
+    {node::kChuckMain, node::kChuckSub, &devices::kChuck},
+    {node::kColletMain, node::kColletSub, &devices::kCollet},
+    {node::kMandrelMain, node::kMandrelSub, &devices::kMandrel},
+    {node::kFaceDriverMain, node::kFaceDriverSub, &devices::kFaceDriver},
 };
 
 /// A node that is bold when a record has the type.
@@ -86,7 +86,7 @@ bool EquipmentTree::Has(std::int32_t id) const {
 
 void EquipmentTree::MarkClampNodes(std::int32_t spindle, std::int32_t deviceType, std::int32_t jawType) {
   for (const DeviceNode& node : kDeviceNodes) {
-    Mark(NodeOf(node, spindle), deviceType == node.type || deviceType == node.ownType);
+    Mark(NodeOf(node, spindle), node.kind->Has(deviceType));
   }
   Mark(NodeOf(kJawNode, spindle), jawType != 0);
 }

@@ -14,9 +14,6 @@ struct OwnDeviceFacts {
   double secondValue = 0;
 };
 
-/// The group of clamp devices.
-inline constexpr std::int32_t kClampDeviceGroup = 3;
-
 /// Loads the file into the VDM of that number, the collector, and reads the facts. Nothing when it is no
 /// device's file, or the collector cannot be opened. The collector is closed afterwards, with the file in it.
 std::optional<OwnDeviceFacts> LoadOwnDevice(std::uint32_t collector, const std::string& path);

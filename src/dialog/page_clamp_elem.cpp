@@ -5,7 +5,6 @@
 #include "base/letter_case.h"
 #include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
-#include "dialog/device_kinds.h"
 #include "dialog/device_letters.h"
 #include "dialog/dlg_main.h"
 #include "dialog/page_clamp_elem_controls.h"
@@ -61,16 +60,16 @@ std::string CPageClampElem::ReadDevice() {
   const std::int32_t spindle = dialog_.CurrentSpindle();
   params_ = {};
   std::string name;
-  switch (deviceKind_) {
-    case device_kind::kNone: break;
-    case device_kind::kJaw: ReadJaw(spur, spindle, name, params_); break;
-    case device_kind::kCenter:
-      ReadCenter(spur, dialog_.Machine().IsSubSpindleAvailable(), name, params_);
-      break;
-    default: ReadClampDevice(spur, spindle, name, params_); break;
+  const devices::Kind* const kind = devices::FindKind(deviceKind_);
+  if (kind == &devices::kJaw) {
+    ReadJaw(spur, spindle, name, params_);
+  } else if (kind == &devices::kCenter) {
+    ReadCenter(spur, dialog_.Machine().IsSubSpindleAvailable(), name, params_);
+  } else if (kind != nullptr) {
+    ReadClampDevice(spur, spindle, name, params_);
   }
   // A spindle holds one device, but the tree offers four kinds.
-  if (!IsOfKind(deviceKind_, params_.type)) params_ = {};
+  if (kind == nullptr || !kind->Has(params_.type)) params_ = {};
   return name;
 }
 
@@ -84,15 +83,15 @@ void CPageClampElem::EnterInCatalogue(const std::string& name) {
 
 void CPageClampElem::FillList() {
   controls_.Empty(control::kDeviceList);
-  const DeviceKind* const kind = FindDeviceKind(deviceKind_);
+  const devices::Kind* const kind = devices::FindKind(deviceKind_);
   if (kind == nullptr) return;
-  for (std::int32_t type = kind->listed.first; type <= kind->listed.last; ++type) {
-    AddNamesOfType(dialog_.Catalogue(), type, controls_, control::kDeviceList);
+  for (const devices::Device& device : kind->devices) {
+    AddNamesOfType(dialog_.Catalogue(), device.code, controls_, control::kDeviceList);
   }
 }
 
 void CPageClampElem::ShowJawControls() {
-  const bool isJaw = deviceKind_ == device_kind::kJaw;
+  const bool isJaw = devices::FindKind(deviceKind_) == &devices::kJaw;
   if (isJaw) {
     bool isInner = false;
     std::int32_t jaws = 0;
@@ -126,8 +125,8 @@ void CPageClampElem::OnDeviceChange() {
 }
 
 void CPageClampElem::ShowDeviceState() {
-  EnableLetters(controls_, &DeviceLetter::labelOnClampElem, params_.type);
-  controls_.SetPicture(control::kDevicePicture, DevicePicture(params_.type));
+  EnableLetters(controls_, &LetterControls::labelOnClampElem, params_.type);
+  controls_.SetPicture(control::kDevicePicture, devices::PictureOf(params_.type));
 }
 
 }  // namespace vanzet::dialog

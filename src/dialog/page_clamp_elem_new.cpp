@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/catalogue_work.h"
+#include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
 #include "dialog/dlg_main.h"
@@ -13,9 +14,6 @@
 
 namespace vanzet::dialog {
 namespace {
-
-/// The last type that has a picture here: devices from a VDM are not made on this page.
-constexpr std::int32_t kLastParametricType = 14;
 
 // clang-format off
 constexpr ControlTemplate kControls[] = {
@@ -84,10 +82,11 @@ void CPageClampElemNew::FillControls() {
 void CPageClampElemNew::OnSetActive() {
   params_ = {};
   params_.type = dialog_.CurrentDeviceType();
+  // Devices from a VDM are not made on this page.
   controls_.SetPicture(control::kNewPicture,
-                       params_.type <= kLastParametricType ? DevicePicture(params_.type) : 0);
+                       devices::IsOwn(params_.type) ? picture::kNone : devices::PictureOf(params_.type));
   Refill();
-  EnableLetters(controls_, &DeviceLetter::labelOnNew, params_.type);
+  EnableLetters(controls_, &LetterControls::labelOnNew, params_.type);
 }
 
 void CPageClampElemNew::Refill() {
@@ -115,12 +114,13 @@ bool CPageClampElemNew::IsIncomplete() {
     Refuse(Text(message::kNoDeviceName), control::kNameList);
     return true;
   }
-  const auto letters = DeviceLetters();
-  const auto missing = std::ranges::find_if(letters, [&](const DeviceLetter& letter) {
-    return HasType(letter.needed, params_.type) && ValueOf(params_, letter.letter) == 0;
+  const auto letters = devices::LettersOf(params_.type);
+  const auto missing = std::ranges::find_if(letters, [&](const devices::Letter& letter) {
+    return letter.entry == devices::Entry::kNeeded && ValueOf(params_, letter.letter) == 0;
   });
   if (missing == letters.end()) return false;
-  Refuse(Replaced(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)), missing->edit);
+  Refuse(Replaced(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)),
+         control::EditOfLetter(missing->letter));
   return true;
 }
 

@@ -1,5 +1,4 @@
 #include "devices/kinds.h"
-#include "dialog/device_kinds.h"
 #include "dialog/dlg_main.h"
 #include "dialog/own_device.h"
 #include "dialog/page_clamp_elem.h"
@@ -20,24 +19,25 @@ namespace vanzet::dialog {
 
 namespace {
 
-/// A center from a VDM: the one own type with a second value.
-constexpr std::int32_t kOwnCenter = 115;
+/// The jaws that are stored with a device that fixes how the spindle clamps.
+constexpr std::int32_t kFixedJaws = 3;
 
-/// The message for a file of another class.
-std::int32_t WrongClassMessage(std::int32_t deviceKind) {
-  switch (deviceKind) {
-    case device_kind::kJaw: return message::kWrongJaw;
-    case device_kind::kCenter: return message::kWrongCenter;
+/// The message for a file of a class other than the expected one.
+std::int32_t WrongClassMessage(devices::DeviceClass expected) {
+  switch (expected) {
+    case devices::DeviceClass::kJaw: return message::kWrongJaw;
+    case devices::DeviceClass::kCenter: return message::kWrongCenter;
     default: return message::kWrongChuck;
   }
 }
 
 /// Why a device's file cannot serve for the kind; nothing when it can.
 std::optional<std::string> Objection(std::int32_t deviceKind, const OwnDeviceFacts& facts) {
-  const DeviceKind* const kind = FindDeviceKind(deviceKind);
+  const devices::Kind* const kind = devices::FindKind(deviceKind);
   if (kind == nullptr) return Text(message::kInvalidDevice);
-  if (facts.groupCode == kClampDeviceGroup && facts.deviceClass == kind->deviceClass) return std::nullopt;
-  return Text(WrongClassMessage(deviceKind));
+  const bool isOfGroup = facts.groupCode == devices::kClampDeviceGroup;
+  if (isOfGroup && facts.deviceClass == static_cast<std::int32_t>(kind->ownClass)) return std::nullopt;
+  return Text(WrongClassMessage(kind->ownClass));
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ void CPageClampElem::OnSelectParametric() {
   if (list.selected >= 0) {
     NormaliseDeviceParams(params_);
     SaveDevice(list.text);
-  } else if (params_.type == kOwnCenter) {
+  } else if (devices::kCenter.HasOwn(params_.type)) {
     SaveDevice(pathText_);
   } else {
     Notice(Text(message::kNoDeviceSelected));
@@ -79,7 +79,7 @@ void CPageClampElem::OnSelectOwn() {
   if (objection) return Notice(*objection);
   params_.type = deviceKind_;
   NormaliseDeviceType(params_);
-  if (params_.type == kOwnCenter) params_.A = facts->secondValue;
+  if (devices::kCenter.HasOwn(params_.type)) params_.A = facts->secondValue;
   params_.B = WithoutSign(facts->firstValue);
   SaveDevice(pathText_);
   ImportDevice(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), dialog_.Machine().IsSubSpindleAvailable(),
@@ -99,9 +99,9 @@ void CPageClampElem::WriteByType(const std::string& name) {
   const std::int32_t spur = dialog_.SelectedSpur();
   const std::int32_t spindle = dialog_.CurrentSpindle();
   PpDefIni& machine = dialog_.Machine();
-  if (IsJawType(params_.type)) {
+  if (devices::IsJaw(params_.type)) {
     WriteJaw(spur, spindle, name, params_);
-  } else if (IsCenterType(params_.type)) {
+  } else if (devices::IsCenter(params_.type)) {
     const bool isSubAvailable = machine.IsSubSpindleAvailable();
     WriteCenter(spur, isSubAvailable, name, params_);
     if (spindle == 1 && isSubAvailable && !machine.IsTailStockAvailable()) ClearJaw(spur, spindle);
@@ -114,12 +114,14 @@ void CPageClampElem::WriteByType(const std::string& name) {
 void CPageClampElem::WriteOptions() {
   const std::int32_t spur = dialog_.SelectedSpur();
   const std::int32_t spindle = dialog_.CurrentSpindle();
-  if (IsJawType(params_.type)) {
+  if (devices::IsJaw(params_.type)) {
     WriteClampOptions(spur, spindle, controls_.Of(control::kInnerChucking).isChecked,
                       controls_.Of(control::kJawSpin).value);
-  } else if (const ClampOptions* const options = FixedClampOptions(params_.type)) {
-    WriteClampOptions(spur, spindle, options->isInner, kFixedJaws);
+    return;
   }
+  const devices::Kind* const kind = devices::KindOf(params_.type);
+  if (kind == nullptr || kind->clamping == devices::Clamping::kNotFixed) return;
+  WriteClampOptions(spur, spindle, kind->clamping == devices::Clamping::kInside, kFixedJaws);
 }
 
 }  // namespace vanzet::dialog

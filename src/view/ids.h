@@ -252,7 +252,7 @@ constexpr std::int32_t Selected(std::int32_t plain) {
 
 }  // namespace icon
 
-/// The pictures of the pages.
+/// The pictures of the pages. Those of devices are in the rows of src/devices.
 namespace picture {
 
 inline constexpr std::int32_t kNone = 0;
@@ -263,28 +263,6 @@ inline constexpr std::int32_t kBilletSub = 2049;
 inline constexpr std::int32_t kFigure = 2050;
 inline constexpr std::int32_t kSolid = 2051;
 inline constexpr std::int32_t kDatum = 2114;
-
-// Devices; those from a VDM have one picture a kind.
-inline constexpr std::int32_t kOwnCenter = 2052;
-inline constexpr std::int32_t kCenter1 = 2053;
-inline constexpr std::int32_t kCenter2 = 2054;
-inline constexpr std::int32_t kOwnChuck = 2055;
-inline constexpr std::int32_t kChuck = 2056;
-inline constexpr std::int32_t kOwnCollet = 2057;
-inline constexpr std::int32_t kCollet = 2058;
-inline constexpr std::int32_t kOwnFaceDriver = 2059;
-inline constexpr std::int32_t kFaceDriver = 2060;
-inline constexpr std::int32_t kOwnJaw = 2061;
-inline constexpr std::int32_t kJaw1 = 2062;
-inline constexpr std::int32_t kJaw2 = 2063;
-inline constexpr std::int32_t kJaw3 = 2064;
-inline constexpr std::int32_t kJaw4 = 2065;
-inline constexpr std::int32_t kJaw5 = 2066;
-inline constexpr std::int32_t kJaw6 = 2067;
-inline constexpr std::int32_t kJaw7 = 2068;
-inline constexpr std::int32_t kJaw8 = 2069;
-inline constexpr std::int32_t kOwnMandrel = 2070;
-inline constexpr std::int32_t kMandrel = 2071;
 
 }  // namespace picture
 

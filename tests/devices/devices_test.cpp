@@ -144,6 +144,9 @@ TEST(Devices, HaveAPictureEach) {
   EXPECT_EQ(*pictures.begin(), 2052);
   EXPECT_EQ(*pictures.rbegin(), 2071);
   EXPECT_EQ(FindByPicture(0), nullptr);
+  for (const std::int32_t older : {109, 110, 111, 112, 113})
+    EXPECT_EQ(PictureOf(older), PictureOf(older - 6));
+  for (const std::int32_t none : {0, 15, 102, 108, 114, 116}) EXPECT_EQ(PictureOf(none), 0);
 }
 
 TEST(Devices, HaveEveryColumnOfTheCatalogue) {

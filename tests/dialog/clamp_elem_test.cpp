@@ -126,7 +126,7 @@ TEST_F(ClampElem, AChoiceTakesTheValuesOfTheCatalogue) {
   const Ran ran = Run("select 5\nchoose 2124 0\nstate\nchoose 2124 -1\nstate\n");
   EXPECT_EQ(ran.states[0]["controls"]["2038"]["text"], "6");
   EXPECT_EQ(ran.states[0]["controls"]["2038"]["enabled"], true);
-  EXPECT_EQ(ran.states[0]["controls"]["2146"]["bitmap"], picture::kCollet);
+  EXPECT_EQ(ran.states[0]["controls"]["2146"]["bitmap"], 2058);
   EXPECT_EQ(ran.TextOf(control::kEditF), "0");
   EXPECT_EQ(ran.Control(control::kEditF)["enabled"], false);
   EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 0);

@@ -29,7 +29,7 @@ TEST_F(OwnDevice, IsShownByItsPath) {
   EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
   EXPECT_EQ(ran.TextOf(control::kEditB), "12");
   EXPECT_EQ(ran.Control(control::kEditB)["enabled"], false);
-  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 2055);
 }
 
 TEST_F(OwnDevice, BrowsingStoresNothing) {
@@ -38,7 +38,7 @@ TEST_F(OwnDevice, BrowsingStoresNothing) {
   const Ran ran = Run("select 3\nfile \"C:\\\\own.vdm\"\npress 2000\nstate\n");
   EXPECT_EQ(ran.TextOf(control::kPath), "C:\\own.vdm");
   EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
-  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 2055);
   EXPECT_EQ(ran.TextOf(control::kEditA), "0");
   EXPECT_EQ(ran.Control(control::kEditA)["enabled"], false);
   EXPECT_EQ(Item(1, 3), "1 80 90 20");
@@ -161,9 +161,7 @@ TEST_F(OwnDevice, IsNotEnteredInTheCatalogue) {
 
 TEST_F(OwnDevice, BrowsingShowsTheKindThatThePageIsOn) {
   world.SetMachine({.tail = true});
-  const std::map<int, int> pictures = {{3, picture::kOwnChuck},      {4, picture::kOwnJaw},
-                                       {5, picture::kOwnCollet},     {6, picture::kOwnMandrel},
-                                       {7, picture::kOwnFaceDriver}, {15, picture::kOwnCenter}};
+  const std::map<int, int> pictures = {{3, 2055}, {4, 2061}, {5, 2057}, {6, 2070}, {7, 2059}, {15, 2052}};
   for (const auto& [node, picture] : pictures) {
     const Ran ran = Run("select " + std::to_string(node) + "\nfile /own.vdm\npress 2000\nstate\n");
     EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture) << node;
@@ -183,7 +181,7 @@ TEST_F(OwnDevice, IsShownInPlaceOfTheChoiceFromTheList) {
   const Ran ran = Run("select 3\nchoose 2124 0\nset 2021 /own.vdm\npress 2155\nstate\n");
   EXPECT_EQ(ran.Control(control::kDeviceList)["selected"], -1);
   EXPECT_EQ(ran.TextOf(control::kPath), "/own.vdm");
-  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], picture::kOwnChuck);
+  EXPECT_EQ(ran.Control(control::kDevicePicture)["bitmap"], 2055);
   EXPECT_EQ(ran.TextOf(control::kEditA), "0");
   EXPECT_EQ(ran.Control(control::kEditA)["enabled"], false);
 }

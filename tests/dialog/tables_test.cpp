@@ -1,7 +1,6 @@
 #include <set>
 
 #include "devices/kinds.h"
-#include "dialog/device_kinds.h"
 #include "dialog/device_letters.h"
 #include "dialog/dialog_fixture.h"
 #include "dialog/tree_nodes.h"
@@ -140,7 +139,7 @@ TEST(DeviceLetterTable, HasTheTenLettersWithControlsOfTheirOwn) {
   std::set<std::int32_t> edits;
   std::set<std::int32_t> labels;
   std::size_t fields = 0;
-  for (const dialog::DeviceLetter& letter : dialog::DeviceLetters()) {
+  for (const dialog::LetterControls& letter : dialog::AllLetterControls()) {
     letters += letter.letter;
     edits.insert(letter.edit);
     labels.insert({letter.labelOnClampElem, letter.labelOnNew});
@@ -152,60 +151,21 @@ TEST(DeviceLetterTable, HasTheTenLettersWithControlsOfTheirOwn) {
   EXPECT_EQ(dialog::DeviceFields().size(), 10U);
 }
 
-TEST(DeviceLetterTable, NeedsNoValueThatCannotBeGiven) {
-  for (const dialog::DeviceLetter& letter : dialog::DeviceLetters()) {
-    for (std::int32_t type = 0; type < 120; ++type) {
-      EXPECT_TRUE(!HasType(letter.needed, type) || HasType(letter.open, type)) << letter.letter << type;
+TEST(DeviceLetterTable, EnablesTheOpenLettersOfAType) {
+  for (const devices::Device* const device : devices::Devices()) {
+    std::vector<dialog::ControlTemplate> rows;
+    for (const dialog::LetterControls& letter : dialog::AllLetterControls()) {
+      rows.push_back({.id = letter.edit, .kind = view::ControlKind::kEdit});
+      rows.push_back({.id = letter.labelOnNew, .kind = view::ControlKind::kLabel});
     }
-  }
-}
-
-TEST(DeviceLetterTable, OpensWhatTheTypeKeeps) {
-  for (std::int32_t type = 1; type <= 14; ++type) {
-    for (const dialog::DeviceLetter& letter : dialog::DeviceLetters()) {
-      EXPECT_EQ(HasType(letter.open, type), devices::FindLetter(type, letter.letter) != nullptr)
-          << type << letter.letter;
+    dialog::Controls controls(rows);
+    EnableLetters(controls, &dialog::LetterControls::labelOnNew, device->code);
+    for (const dialog::LetterControls& letter : dialog::AllLetterControls()) {
+      const devices::Letter* const found = devices::FindLetter(device->code, letter.letter);
+      const bool isOpen = found != nullptr && found->entry != devices::Entry::kClosed;
+      EXPECT_EQ(controls.Of(letter.edit).isEnabled, isOpen) << device->code << letter.letter;
+      EXPECT_EQ(controls.Of(letter.labelOnNew).isEnabled, isOpen) << device->code << letter.letter;
     }
-  }
-}
-
-TEST(DeviceLetterTable, OpensOneValueOfOneOwnDevice) {
-  for (const std::int32_t type : {103, 104, 105, 106, 107, 109, 110, 111, 112, 113, 115}) {
-    for (const dialog::DeviceLetter& letter : dialog::DeviceLetters()) {
-      EXPECT_EQ(HasType(letter.open, type), type == 115 && letter.letter == 'A') << type << letter.letter;
-    }
-  }
-}
-
-TEST(DevicePictures, AreThoseOfTheTypes) {
-  for (const devices::Device* const device : devices::Devices())
-    EXPECT_EQ(dialog::DevicePicture(device->code), device->picture) << device->code;
-  for (const std::int32_t older : {109, 110, 111, 112, 113}) {
-    EXPECT_EQ(dialog::DevicePicture(older), dialog::DevicePicture(older - 6));
-  }
-  for (const std::int32_t none : {0, 15, 102, 108, 114, 116}) EXPECT_EQ(dialog::DevicePicture(none), 0);
-}
-
-TEST(DeviceKindTable, ComprisesEachTypeOnce) {
-  for (std::int32_t type = 1; type <= 115; ++type) {
-    int kinds = 0;
-    for (const std::int32_t kind : {1, 2, 3, 4, 5, 13}) kinds += dialog::IsOfKind(kind, type) ? 1 : 0;
-    const bool isDevice = type <= 14 || devices::IsOwn(type);
-    EXPECT_EQ(kinds, isDevice ? 1 : 0) << type;
-  }
-}
-
-TEST(DeviceKindTable, SetsOptionsForAllThatCarryNoJawOfTheirOwn) {
-  for (const std::int32_t kind : {2, 3, 4}) {
-    for (std::int32_t type = 1; type <= 115; ++type) {
-      if (!dialog::IsOfKind(kind, type)) continue;
-      const dialog::ClampOptions* const options = dialog::FixedClampOptions(type);
-      ASSERT_NE(options, nullptr) << type;
-      EXPECT_EQ(options->isInner, kind == 3) << type;
-    }
-  }
-  for (const std::int32_t type : {1, 5, 12, 13, 14, 103, 104, 109, 110, 115}) {
-    EXPECT_EQ(dialog::FixedClampOptions(type), nullptr) << type;
   }
 }
 

@@ -71,7 +71,7 @@ TEST(Icons, StandOutFromTheGroundOfASelectedNode) {
 }
 
 TEST(Icons, OfAnUnknownBitmapAreEmpty) {
-  EXPECT_TRUE(IconOfNode(picture::kMandrel, picture::kMandrel).isNull());
+  EXPECT_TRUE(IconOfNode(2071, 2071).isNull());
 }
 
 TEST(Icons, OfButtonsAreThere) {

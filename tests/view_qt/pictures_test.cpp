@@ -9,7 +9,6 @@
 
 #include "devices/kinds.h"
 #include "devices/outline.h"
-#include "dialog/device_letters.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/sketch_painter.h"
@@ -58,7 +57,6 @@ QRectF BoundsOf(const Sketch& sketch) {
 TEST(Pictures, AreThereForEveryTypeOfDevice) {
   for (const Device* const device : Devices()) {
     EXPECT_FALSE(SketchOf(device->picture, PageValues({})).shapes.empty()) << device->code;
-    EXPECT_EQ(dialog::DevicePicture(device->code), device->picture);
   }
 }
 
@@ -109,7 +107,7 @@ TEST(Pictures, TellWhichValuesCannotBe) {
 TEST(Pictures, TellThatSomethingIsNoNumber) {
   std::vector<Control> controls = PageWith(devices::Find(1)->example);
   controls[1].number.reset();
-  const Sketch sketch = SketchOf(picture::kChuck, PageValues(controls));
+  const Sketch sketch = SketchOf(2056, PageValues(controls));
   EXPECT_EQ(sketch.fault, QStringLiteral("B is not a number."));
   EXPECT_THAT(sketch.wrong, testing::ElementsAre(control::EditOfLetter('B')));
 }
