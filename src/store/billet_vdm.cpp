@@ -85,7 +85,7 @@ bool BilletVdm::ReadJawItems(std::int32_t spindle, std::string& name, DevicePara
 bool BilletVdm::ReadDeviceAt(DevicePlace place, std::string& name, DeviceParams& params) {
   if (!OperationSelect(place.operation) || !ItemSeek(place.section, 0)) return false;
   SingleGet(name);
-  // There is no check here: a section without values gives the items after it.
+  // The section is not checked: one without values gives the items after it.
   std::string text;
   SingleGet(text);
   UnpackDeviceParams(params, text);
