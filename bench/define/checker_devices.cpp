@@ -75,15 +75,14 @@ std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row,
                              const std::optional<DeviceParams>& known) {
   if (!row.HasShapes()) return row.kind->First();
   const bool isOfCatalogue = known && row.kind->HasParametric(known->type);
-  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = known->type - row.kind->First() + 1;
+  if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = row.kind->ShapeOf(known->type);
   if (!device.Has("shape")) {
     Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row));
     return 0;
   }
   const Place shape = device["shape"];
   const auto most = static_cast<double>(row.kind->devices.size());
-  return IsValue(shape, std::int32_t(), {1, most}) ? row.kind->First() + shape.json.get<std::int32_t>() - 1
-                                                   : 0;
+  return IsValue(shape, std::int32_t(), {1, most}) ? row.TypeOf(shape.json.get<std::int32_t>()) : 0;
 }
 
 void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {

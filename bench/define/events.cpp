@@ -211,9 +211,10 @@ std::string CatalogueText(const Json& form) {
   ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {
     if (!device.contains("name")) return;
     const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
-    text += device["name"].get<std::string>() + "\n" + std::to_string(row.kind->First() + shape - 1);
+    const std::int32_t type = row.TypeOf(shape);
+    text += device["name"].get<std::string>() + "\n" + std::to_string(type);
     // A type of the catalogue has letters from A on without a gap, as a value line has them.
-    for (const devices::Letter& each : devices::LettersOf(row.kind->First() + shape - 1)) {
+    for (const devices::Letter& each : devices::LettersOf(type)) {
       text += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
     }
     text += "\n";

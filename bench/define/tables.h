@@ -79,6 +79,11 @@ struct DeviceRow {
 
   /// Several types of the catalogue are distinguished by their shape, from 1.
   bool HasShapes() const { return kind->devices.size() > 1; }
+
+  /// The type of a shape. Requires: from 1 to the number of types.
+  std::int32_t TypeOf(std::int32_t shape) const {
+    return kind->devices[static_cast<std::size_t>(shape) - 1].code;
+  }
 };
 
 /// The kinds of which a spindle holds one.

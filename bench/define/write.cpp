@@ -85,7 +85,7 @@ class Writer {
     const std::int32_t type = device.params.type;
     Json json = Json::object();
     json[type == row.kind->own.code ? "file" : "name"] = device.name;
-    if (type != row.kind->own.code && row.HasShapes()) json["shape"] = type - row.kind->First() + 1;
+    if (type != row.kind->own.code && row.HasShapes()) json["shape"] = row.kind->ShapeOf(type);
     for (const devices::Letter& each : devices::LettersOf(type)) {
       json["letters"][std::string(1, each.letter)] = NumberJson(ValueOf(device.params, each.letter));
     }

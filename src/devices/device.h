@@ -8,8 +8,8 @@
 
 /// A device as data: every fact of a type, in one file for each kind of device.
 ///
-/// Shape    a kind (chuck, jaw, ...) has devices of the catalogue, whose types follow each other without a
-///          gap, and one type for devices whose solid is kept in a VDM of their own. Formulas are those of
+/// Shape    a kind (chuck, jaw, ...) has types for devices of the catalogue, and one type for devices whose
+///          solid is kept in a VDM of their own. Formulas are those of
 ///          devices/formula.h, over the letters of the device
 /// Units    lengths are the host's, angles are degrees
 /// Owns     nothing: all facts are constants of the program
@@ -117,17 +117,19 @@ enum class Clamping {
 /// Devices that serve the same purpose.
 struct Kind {
   std::string_view word;            ///< in the JSON form of definitions
-  std::span<const Device> devices;  ///< those of the catalogue, by code without a gap
+  std::span<const Device> devices;  ///< those of the catalogue, by code
   Device own;                       ///< the one that is kept in a VDM of its own
   std::int32_t ownOlder;            ///< an older code of `own`; 0: none
   DeviceClass ownClass;
   Clamping clamping;
 
-  /// The first and the last type of the catalogue. The first one is also the number of the kind.
+  /// The first type of the catalogue, which is also the number of the kind.
   std::int32_t First() const { return devices.front().code; }
-  std::int32_t Last() const { return devices.back().code; }
 
-  bool HasParametric(std::int32_t type) const { return type >= First() && type <= Last(); }
+  /// The position of a type among those of the catalogue, from 1; 0 for any other type.
+  std::int32_t ShapeOf(std::int32_t type) const;
+
+  bool HasParametric(std::int32_t type) const { return ShapeOf(type) > 0; }
   bool HasOwn(std::int32_t type) const { return type != 0 && (type == own.code || type == ownOlder); }
   bool Has(std::int32_t type) const { return HasParametric(type) || HasOwn(type); }
 };

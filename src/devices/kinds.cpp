@@ -33,6 +33,11 @@ std::vector<const Device*> AllDevices() {
 
 }  // namespace
 
+std::int32_t Kind::ShapeOf(std::int32_t type) const {
+  const auto found = std::ranges::find(devices, type, &Device::code);
+  return found == devices.end() ? 0 : static_cast<std::int32_t>(found - devices.begin()) + 1;
+}
+
 std::span<const Kind* const> Kinds() {
   return kKinds;
 }
@@ -53,10 +58,8 @@ std::span<const Device* const> Devices() {
 }
 
 const Device* Find(std::int32_t type) {
-  const Kind* const kind = KindOf(type);
-  if (kind == nullptr) return nullptr;
-  if (kind->HasParametric(type)) return &kind->devices[static_cast<std::size_t>(type - kind->First())];
-  return type == kind->own.code ? &kind->own : nullptr;
+  const auto found = std::ranges::lower_bound(Devices(), type, {}, &Device::code);
+  return found != Devices().end() && (*found)->code == type ? *found : nullptr;
 }
 
 std::int32_t PictureOf(std::int32_t type) {

@@ -67,7 +67,7 @@ TEST(Kinds, AreInTheOrderOfTheirNumbersWithWordsOfTheirOwn) {
   std::int32_t last = 0;
   for (const Kind* const kind : Kinds()) {
     EXPECT_GT(kind->First(), last);
-    last = kind->Last();
+    last = kind->First();
     EXPECT_TRUE(words.insert(kind->word).second && !kind->word.empty()) << kind->word;
     EXPECT_EQ(FindKind(kind->First()), kind);
     EXPECT_FALSE(WordOf(kind->ownClass).empty());
@@ -76,10 +76,12 @@ TEST(Kinds, AreInTheOrderOfTheirNumbersWithWordsOfTheirOwn) {
   EXPECT_EQ(FindKind(6), nullptr) << "a jaw, but not the number of its kind";
 }
 
-TEST(Kinds, HaveTypesWithoutAGap) {
+TEST(Kinds, NumberTheShapesOfTheirTypesInTheOrderOfTheirCodes) {
   for (const Kind* const kind : Kinds()) {
-    std::int32_t code = kind->First();
-    for (const Device& device : kind->devices) EXPECT_EQ(device.code, code++) << kind->word;
+    EXPECT_TRUE(std::ranges::is_sorted(kind->devices, std::less_equal{}, &Device::code)) << kind->word;
+    std::int32_t shape = 0;
+    for (const Device& device : kind->devices) EXPECT_EQ(kind->ShapeOf(device.code), ++shape) << device.code;
+    EXPECT_EQ(kind->ShapeOf(kind->own.code), 0);
   }
 }
 
