@@ -1,3 +1,6 @@
+#include <nlohmann/json.hpp>
+
+#include "define/catalogue.h"
 #include "define/check.h"
 #include "define/events.h"
 #include "fuzz.h"

@@ -11,6 +11,7 @@
 #include "cli/dialog_play.h"
 #include "cli/new_definitions.h"
 #include "cli/output.h"
+#include "define/catalogue.h"
 #include "define/events.h"
 #include "define/outcome.h"
 #include "define/write.h"

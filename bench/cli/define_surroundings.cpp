@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "base/numbers.h"
-#include "define/shop.h"
+#include "define/catalogue.h"
 #include "project/definition.h"
 #include "vdm/vdm_file.h"
 

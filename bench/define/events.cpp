@@ -1,7 +1,5 @@
 #include "define/events.h"
 
-#include <functional>
-
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
@@ -158,21 +156,6 @@ class SpurSteps {
   std::vector<Step>& steps_;
 };
 
-/// Calls for every device of a form.
-void ForEachDevice(const Json& form, const std::function<void(const DeviceRow&, const Json&)>& call) {
-  const auto in = [&](const Json& place, const DeviceRow& row) {
-    if (place.contains(std::string(row.Key()))) call(row, place[std::string(row.Key())]);
-  };
-  for (const Json& spur : form["spurs"]) {
-    for (const std::string_view key : kSpindleKeys) {
-      if (!spur.contains(std::string(key))) continue;
-      for (const DeviceRow& row : ClampRows()) in(spur[std::string(key)], row);
-      in(spur[std::string(key)], JawRow());
-    }
-    in(spur, CenterRow());
-  }
-}
-
 }  // namespace
 
 std::vector<Step> StepsOf(const Json& form, const Json& former, bool hasSubSpindle, bool hasSpurs) {
@@ -204,22 +187,6 @@ Script ScriptOf(const std::vector<Step>& steps) {
     script.stepOfLine.insert(script.stepOfLine.end(), steps[i].lines.size() + 1, i);
   }
   return script;
-}
-
-std::string CatalogueText(const Json& form) {
-  std::string text;
-  ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {
-    if (!device.contains("name")) return;
-    const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
-    const std::int32_t type = row.TypeOf(shape);
-    text += device["name"].get<std::string>() + "\n" + std::to_string(type);
-    // A type of the catalogue has letters from A on without a gap, as a value line has them.
-    for (const devices::Letter& each : devices::LettersOf(type)) {
-      text += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
-    }
-    text += "\n";
-  });
-  return text;
 }
 
 }  // namespace vanzet::define

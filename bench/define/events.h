@@ -33,7 +33,4 @@ struct Script {
 };
 Script ScriptOf(const std::vector<Step>& steps);
 
-/// The catalogue for playing the dialog: only the devices of the form.
-std::string CatalogueText(const Json& form);
-
 }  // namespace vanzet::define

@@ -6,7 +6,6 @@
 #include "host/macro_variables.h"
 #include "host/message_ids.h"
 #include "macro/billet_drawing.h"
-#include "macro/billet_out_marks.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/message_box.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "machine/pp_def_ini.h"
-#include "macro/billet_out_marks.h"
+#include "macro/billet_drawing.h"
 #include "view/dialog_state.h"
 
 namespace vanzet::dialog {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "macro/billet_out_marks.h"
+#include "macro/billet_drawing.h"
 
 /// The datum and the steady rest ("bezel") of a spur, one of each for both spindles.
 ///

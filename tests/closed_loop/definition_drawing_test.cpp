@@ -1,6 +1,6 @@
 #include "api/host_fixture.h"
 #include "drawing/picture.h"
-#include "macro/billet_out_marks.h"
+#include "macro/billet_drawing.h"
 #include "store/billet_records.h"
 #include "store/billet_vdm.h"
 #include "store/clamp_records.h"

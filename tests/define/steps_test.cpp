@@ -1,3 +1,4 @@
+#include "define/catalogue.h"
 #include "define/events.h"
 #include "define/form_fixture.h"
 #include "support/golden.h"

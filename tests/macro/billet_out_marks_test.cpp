@@ -1,4 +1,4 @@
-#include "macro/billet_out_marks.h"
+#include "macro/billet_drawing.h"
 
 #include <string_view>
 

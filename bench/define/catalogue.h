@@ -4,12 +4,17 @@
 #include <map>
 #include <string>
 
+#include "define/json.h"
 #include "devices/device_params.h"
 
+/// The catalogue of clamp devices, as the workbench reads and writes it: docs/formats/catalogue.md.
 namespace vanzet::define {
 
 /// The devices of a catalogue by their names; of two with the same name the first one counts.
-/// Source: docs/formats/catalogue.md
 std::map<std::string, DeviceParams> ReadShop(std::istream& catalogue);
+
+/// A catalogue with only the devices of a form, for playing the dialog.
+/// Requires: `CheckForm` refused nothing.
+std::string CatalogueText(const Json& form);
 
 }  // namespace vanzet::define
