@@ -39,9 +39,9 @@ constexpr Field<Billet> kBilletSolid[] = {
 
 constexpr Kind<Billet> kBillets[] = {
     // word       type                 nodes     button
-    {"cylinder", 1, kCylinder,      {node::kBilletCylindricMain, node::kBilletCylindricSub},   control::kSelectCylinder},
-    {"figures",  2, kBilletFigures, {node::kBilletFromFigureMain, node::kBilletFromFigureSub}, control::kSelect},
-    {"solid",    3, kBilletSolid,   {node::kBilletFromSolidMain, node::kBilletFromSolidSub},   control::kSelect},
+    {"cylinder", scene::billet_type::kCylinder, kCylinder,      {node::kBilletCylindricMain, node::kBilletCylindricSub},   control::kSelectCylinder},
+    {"figures",  scene::billet_type::kFigures,  kBilletFigures, {node::kBilletFromFigureMain, node::kBilletFromFigureSub}, control::kSelect},
+    {"solid",    scene::billet_type::kSolid,    kBilletSolid,   {node::kBilletFromSolidMain, node::kBilletFromSolidSub},   control::kSelect},
 };
 
 constexpr Field<FinishPart> kFinishFigures[] = {
@@ -55,8 +55,8 @@ constexpr Field<FinishPart> kFinishSolid[] = {
 
 // The button of the page with figures stores nothing.
 constexpr Kind<FinishPart> kFinishParts[] = {
-    {"figures", 1, kFinishFigures, {node::kFinishPartFromFigureMain, node::kFinishPartFromFigureSub}, 0},
-    {"solid",   2, kFinishSolid,   {node::kFinishPartFromSolidMain, node::kFinishPartFromSolidSub},   control::kSelect},
+    {"figures", scene::finish_part_type::kFigures, kFinishFigures, {node::kFinishPartFromFigureMain, node::kFinishPartFromFigureSub}, 0},
+    {"solid",   scene::finish_part_type::kSolid,   kFinishSolid,   {node::kFinishPartFromSolidMain, node::kFinishPartFromSolidSub},   control::kSelect},
 };
 
 constexpr Field<Spindle> kJawFields[] = {

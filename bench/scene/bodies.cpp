@@ -87,17 +87,17 @@ bool AreAlike(const geometry::Point3d& a, const geometry::Point3d& b) {
 
 Result<MaybeBody> BodyOf(const Billet& billet, const Sources& sources) {
   switch (billet.type) {
-    case 1: return Cylinder(billet);
-    case 2: return FromFigures(billet.outside, billet.inside, sources);
-    case 3: return FromSolid(billet.solid, billet.angle, sources);
+    case billet_type::kCylinder: return Cylinder(billet);
+    case billet_type::kFigures: return FromFigures(billet.outside, billet.inside, sources);
+    case billet_type::kSolid: return FromSolid(billet.solid, billet.angle, sources);
     default: return MaybeBody();
   }
 }
 
 Result<MaybeBody> BodyOf(const FinishPart& part, const Sources& sources) {
   switch (part.type) {
-    case 1: return FromFigures(part.outside, part.inside, sources);
-    case 2: return FromSolid(part.solid, 0, sources);
+    case finish_part_type::kFigures: return FromFigures(part.outside, part.inside, sources);
+    case finish_part_type::kSolid: return FromSolid(part.solid, 0, sources);
     default: return MaybeBody();
   }
 }

@@ -54,7 +54,7 @@ void ReadCylinder(Fields& fields, Billet& billet) {
 }
 
 Billet BilletOf(const std::vector<std::string>& items) {
-  constexpr std::int32_t kCylinder = 1, kFigures = 2, kSolid = 3;
+  using namespace billet_type;
   Billet billet;
   const std::string text = ItemOf(items, 1);
   Fields fields(text);
@@ -75,7 +75,7 @@ Billet BilletOf(const std::vector<std::string>& items) {
 }
 
 FinishPart FinishPartOf(const std::vector<std::string>& items) {
-  constexpr std::int32_t kFigures = 1, kSolid = 2;
+  using namespace finish_part_type;
   FinishPart part;
   part.type = IntegerOrZero(ItemOf(items, 0));
   if (part.type == kFigures) {

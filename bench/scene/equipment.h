@@ -20,8 +20,19 @@ struct Device {
   DeviceParams params;
 };
 
+namespace billet_type {
+inline constexpr std::int32_t kCylinder = 1;
+inline constexpr std::int32_t kFigures = 2;
+inline constexpr std::int32_t kSolid = 3;
+}  // namespace billet_type
+
+namespace finish_part_type {
+inline constexpr std::int32_t kFigures = 1;
+inline constexpr std::int32_t kSolid = 2;
+}  // namespace finish_part_type
+
 struct Billet {
-  std::int32_t type = 0;  ///< 1 cylindrical, 2 from figures, 3 from a solid; others are none
+  std::int32_t type = 0;  ///< of billet_type; any other number is no billet
   double partLength = 0;
   double outerDiameter = 0, innerDiameter = 0;
   double frontAllowance = 0, rearAllowance = 0, barLength = 0;
@@ -32,7 +43,7 @@ struct Billet {
 };
 
 struct FinishPart {
-  std::int32_t type = 0;  ///< 1 from figures, 2 from a solid; others are none
+  std::int32_t type = 0;  ///< of finish_part_type; any other number is no part
   std::string outside = {}, inside = {};
   std::string solid = {};
 };

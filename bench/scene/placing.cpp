@@ -47,7 +47,7 @@ double JawReach(const SpindleThings& things) {
 double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
   constexpr double kOfDevice = 1.0 / 3;
   const Billet& billet = spindle.billet;
-  const bool isCylinder = billet.type == 1;
+  const bool isCylinder = billet.type == billet_type::kCylinder;
   if (spindle.clampsInside && isCylinder && billet.innerDiameter > 0) return billet.innerDiameter / 2;
   if (billet.clampDiameter > 0) return billet.clampDiameter / 2;
   if (things.billet) return RadiusOf(*things.billet);
@@ -134,12 +134,12 @@ class Placer {
     SceneBody& body = Add("billet", Kind::kBillet, *things_.billet, AtFront());
     body.isShown = spindle_.billet.isShown;
     body.isSeenThrough = things_.finishPart.has_value();
-    if (spindle_.billet.type == 3) body.solid = spindle_.billet.solid;
+    if (spindle_.billet.type == billet_type::kSolid) body.solid = spindle_.billet.solid;
   }
 
   void AddFinishPart() {
     SceneBody& body = Add("finish part", Kind::kFinishPart, *things_.finishPart, AtFront());
-    if (spindle_.finishPart.type == 2) body.solid = spindle_.finishPart.solid;
+    if (spindle_.finishPart.type == finish_part_type::kSolid) body.solid = spindle_.finishPart.solid;
   }
 
   const Spindle& spindle_;
@@ -157,7 +157,7 @@ Stations StationsOf(const Spindle& spindle, const SpindleThings& things) {
   if (spindle.clampingOut > 0) {
     stations.face = front - spindle.clampingOut - JawReach(things);
   } else {
-    const double allowance = spindle.billet.type == 1 ? spindle.billet.rearAllowance : 0;
+    const double allowance = spindle.billet.type == billet_type::kCylinder ? spindle.billet.rearAllowance : 0;
     stations.face = front - spindle.billet.partLength - allowance;
   }
   const double foremost = things.billet ? BoxOf(*things.billet).max.x : 0;
