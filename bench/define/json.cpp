@@ -11,12 +11,16 @@
 namespace vanzet::define {
 namespace {
 
-/// The line and column of a byte of a text, all from 1.
-std::pair<int, int> PlaceOf(const std::string& text, std::size_t byte) {
-  const std::string_view before = std::string_view(text).substr(0, byte > 0 ? byte - 1 : 0);
-  const auto line = std::ranges::count(before, '\n');
+/// A fault at a byte of a text, which counts from 1.
+Fault FaultAt(const std::string& text, std::size_t byte, const std::string& name, std::string reason) {
+  const std::size_t at = std::min(byte > 0 ? byte - 1 : 0, text.size());
+  const std::string_view before = std::string_view(text).substr(0, at);
   const std::size_t lineStart = before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
-  return {static_cast<int>(line) + 1, static_cast<int>(before.size() - lineStart) + 1};
+  Fault fault{std::move(reason), name};
+  fault.line = static_cast<int>(std::ranges::count(before, '\n')) + 1;
+  fault.column = static_cast<int>(at - lineStart) + 1;
+  fault.source = text.substr(lineStart, text.find_first_of("\r\n", lineStart) - lineStart);
+  return fault;
 }
 
 /// The text of the library's error, without its own name and place.
@@ -75,8 +79,7 @@ Result<Json> ReadJson(const std::string& text, const std::string& name) {
     if (keys.twice()) return Fault{"the key " + Quoted(*keys.twice()) + " occurs twice in one object", name};
     return json;
   } catch (const nlohmann::json::parse_error& error) {
-    const auto [line, column] = PlaceOf(text, error.byte);
-    return Fault{ReasonOf(error), name, line, column};
+    return FaultAt(text, error.byte, name, ReasonOf(error));
   } catch (const nlohmann::json::out_of_range& error) {
     return Fault{"contains a number that is too large", name};
   }

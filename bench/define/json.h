@@ -22,8 +22,8 @@ struct Refusal {
 using Refusals = std::vector<Refusal>;
 
 /// Reads JSON of one value; `name` is the name of the file in faults.
-/// Errors   the line and column where the text is not JSON; a key that occurs twice in an object, since only
-///          one of the two could count
+/// Errors   the place where the text is not JSON, with its line; a key that occurs twice in an object, since
+///          only one of the two could count
 Result<Json> ReadJson(const std::string& text, const std::string& name);
 
 /// The path of the value of a key in the object at `path`.

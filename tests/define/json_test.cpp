@@ -15,6 +15,7 @@ TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
   const auto read = ReadJson("{\"spurs\": [\n  1,,\n]}", "job.json");
   ASSERT_FALSE(read);
   EXPECT_THAT(read.fault().Message(), testing::StartsWith("job.json:2:5: not JSON: "));
+  EXPECT_EQ(read.fault().source, "  1,,");
   EXPECT_THAT(ReadJson("", "job.json").fault().Message(), HasSubstr("job.json:1:1: not JSON: "));
   EXPECT_FALSE(ReadJson("{\"a\": \"\xff\"}", "job.json"));
   EXPECT_THAT(ReadJson("[1e400]", "job.json").fault().Message(), HasSubstr("too large"));
