@@ -8,19 +8,19 @@ namespace {
 
 using geometry::Point3d;
 
-ModelBody Begin(const SceneBody& body) {
+ModelBody BeginBody(const SceneBody& body) {
   return {body.name, body.solid, {}, {}, {}, ColourOf(body.kind), body.isSeenThrough};
 }
 
-ModelBody Whole(Surface surface, const SceneBody& body) {
-  ModelBody whole = Begin(body);
+ModelBody MakeWhole(Surface surface, const SceneBody& body) {
+  ModelBody whole = BeginBody(body);
   whole.facets = std::move(surface.facets);
   whole.edges = std::move(surface.edges);
   return whole;
 }
 
-ModelBody Cut(const Surface& surface, const SceneBody& body) {
-  ModelBody cut = Begin(body);
+ModelBody MakeSection(const Surface& surface, const SceneBody& body) {
+  ModelBody cut = BeginBody(body);
   for (const Facet& facet : surface.facets) {
     for (const Facet& left : Below(facet)) cut.facets.push_back(left);
     if (const auto stroke = CutOf(facet)) cut.cuts.push_back(*stroke);
@@ -56,7 +56,7 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
     const auto mesh = modeller::MeshOf(body.body, {});
     if (!mesh) return Fault{body.name + ": " + mesh.fault().text};
     Surface surface = SurfaceOf(*mesh, body.placement);
-    model.bodies.push_back(isSection ? Cut(surface, body) : Whole(std::move(surface), body));
+    model.bodies.push_back(isSection ? MakeSection(surface, body) : MakeWhole(std::move(surface), body));
   }
   std::stable_partition(model.bodies.begin(), model.bodies.end(),
                         [](const ModelBody& body) { return !body.isSeenThrough; });

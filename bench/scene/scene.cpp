@@ -17,7 +17,7 @@ constexpr const char* kNames[] = {"main", "sub"};
 
 /// Puts the name of a thing before the fault about it.
 template <class Value>
-Result<Value> About(const std::string& what, Result<Value> result) {
+Result<Value> PrefixFault(const std::string& what, Result<Value> result) {
   if (result) return result;
   Fault fault = result.fault();
   fault.text = what + ": " + fault.text;
@@ -48,8 +48,8 @@ class Maker {
     VANZET_TRY(auto jaw, ReadDeviceText(definition_, clamp + 1, sources_.exchange));
     if (things.clamp) things.jaw = std::move(jaw);
     const Spindle& defined = equipment_.spindles[spindle];
-    VANZET_TRY(things.billet, About("the billet" + of, BodyOf(defined.billet, sources_)));
-    VANZET_TRY(things.finishPart, About("the finish part" + of, BodyOf(defined.finishPart, sources_)));
+    VANZET_TRY(things.billet, PrefixFault("the billet" + of, BodyOf(defined.billet, sources_)));
+    VANZET_TRY(things.finishPart, PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)));
     return things;
   }
 

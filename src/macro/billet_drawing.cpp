@@ -133,7 +133,7 @@ void RunLayerMacro(const std::string& arguments) {
   host::RunMacro("@@lay", arguments);
 }
 
-std::string Quoted(std::string_view layer, std::string_view before) {
+std::string LayerArguments(std::string_view layer, std::string_view before) {
   return std::string(before).append(layer) + "'";
 }
 
@@ -147,7 +147,7 @@ bool AreMarksWanted() {
 
 /// The line keeps its number and goes with its layer.
 void DrawClampingOut(const Names& names, double position) {
-  RunLayerMacro(Quoted(names.layer, "'' '' 'grey' 'dot' '"));
+  RunLayerMacro(LayerArguments(names.layer, "'' '' 'grey' 'dot' '"));
   SendLine("s-100 = v", position);
   RunLayerMacro("");
 }
@@ -181,7 +181,7 @@ void DrawOrigin(const Names& names, double position) {
   SendLine("win 0");
   // The two quotes before a name are on purpose, here and in the next text: the host takes the last text.
   SendLine("lay ch ''", names.layer, "'");
-  RunLayerMacro(Quoted(names.layer, "'grey' 'solid' '' '' ''"));
+  RunLayerMacro(LayerArguments(names.layer, "'grey' 'solid' '' '' ''"));
   DrawOriginFigure(names);
   RunLayerMacro("");
   InsertFigureAt(names.figure, position);

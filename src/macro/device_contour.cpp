@@ -12,8 +12,8 @@
 namespace vanzet {
 namespace {
 
-/// The text for what is in a template's braces.
-std::string Expanded(std::string_view expression, const DeviceParams& params, std::int32_t contour) {
+/// The text that replaces an expression in braces.
+std::string ExpandBraces(std::string_view expression, const DeviceParams& params, std::int32_t contour) {
   if (expression == "n") return macro::FormatInt(contour);
   return macro::FormatReal(Evaluate(expression, params));
 }
@@ -23,7 +23,7 @@ std::string LineFrom(std::string_view lineTemplate, const DeviceParams& params, 
   for (std::size_t open; (open = lineTemplate.find('{')) != std::string_view::npos;) {
     const std::size_t close = lineTemplate.find('}', open);
     line += lineTemplate.substr(0, open);
-    line += Expanded(lineTemplate.substr(open + 1, close - open - 1), params, contour);
+    line += ExpandBraces(lineTemplate.substr(open + 1, close - open - 1), params, contour);
     lineTemplate.remove_prefix(close + 1);
   }
   return line += lineTemplate;
