@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "devices/kinds.h"
@@ -132,6 +133,25 @@ TEST_F(Tables, HeadersNameTheSpindleAndThePage) {
       {19, "Haupt: a"}, {20, "Haupt: b"}, {21, "Haupt: c"}, {23, "Gegen: a"}, {24, "Gegen: b"},
       {25, "Gegen: c"}, {28, "Haupt: d"}, {29, "Haupt: e"}, {31, "Gegen: d"}, {32, "Gegen: e"}};
   for (const auto& [node, text] : headers) EXPECT_EQ(header(node), text) << node;
+}
+
+TEST(TreeNodeTable, OffersEachTypeOfTheCatalogueAsANewDeviceOnce) {
+  for (const devices::Kind* const kind : devices::Kinds()) {
+    for (const devices::Device& device : kind->devices) {
+      const auto nodes = std::ranges::count_if(dialog::TreeNodes(), [&](const dialog::TreeNodeRow& row) {
+        return row.page == dialog::PageId::kClampElemNew && row.deviceType == device.code;
+      });
+      EXPECT_EQ(nodes, 1) << device.code;
+    }
+  }
+}
+
+TEST(TreeNodeTable, HasANodeOfADeviceForEachKind) {
+  for (const devices::Kind* const kind : devices::Kinds()) {
+    EXPECT_TRUE(std::ranges::any_of(dialog::TreeNodes(), [&](const dialog::TreeNodeRow& row) {
+      return row.page == dialog::PageId::kClampElem && row.deviceType == kind->First();
+    })) << kind->word;
+  }
 }
 
 TEST(DeviceLetterTable, HasTheTenLettersWithControlsOfTheirOwn) {
