@@ -196,7 +196,7 @@ IndexWord GetIndex1(const KurveEx* k, int vertexNumber);
 /// Place   fraction `f` of the first contour's perimeter. The partner is cut at the same fraction of its
 ///         span, at the same distance along it, or at fraction `f` of its own perimeter. A place beyond the
 ///         partner's span is on the line or circle of that span
-/// Errors  the result is the number of the new vertex, or 0, with copies, when there is no such place.
+/// Errors  the result is the number of the new vertex, or 0, with copies, when that place does not exist.
 ///         Contours of unequal counts give 0 and empty results
 int SectionByFraction(const KurveEx& a, const KurveEx& b, double f, KurveEx& outA, KurveEx& outB);
 int SectionByDistance(const KurveEx& a, const KurveEx& b, double f, KurveEx& outA, KurveEx& outB);

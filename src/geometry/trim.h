@@ -40,7 +40,7 @@ bool Section(const KurveEx& k, const Point& p, const Point& q, KurveEx& out);
 
 /// Lengthens stretches of a contour, in reading order, by their records, and joins all pieces again, with
 /// UNMARKED lines where they have come apart. A negative length leaves nothing of its stretch. Returns false
-/// and a copy when there are no records or spans, when the vertices of a record are not in ascending order,
+/// and a copy when records or spans are missing, when the vertices of a record are not in ascending order,
 /// or when one of them does not exist.
 bool Extend(const std::vector<ExtensionRecord>& records, const KurveEx& k, KurveEx& out);
 

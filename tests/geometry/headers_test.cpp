@@ -6,8 +6,8 @@
 #include "geometry/geometry.h"
 #include "geometry/state.h"
 
-/// The interface that other programs are compiled against. Most of it is checked by the compiler: a function taken by a
-/// pointer of that type, a member of that kind. That each header is complete is checked by the
+/// The interface that other programs are compiled against. Most of it is checked by the compiler: a function
+/// taken by a pointer of that type, a member of that kind. That each header is complete is checked by the
 /// generated files, which include nothing else.
 namespace geometry {
 namespace {
