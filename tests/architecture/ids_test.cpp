@@ -72,7 +72,7 @@ TEST(Ids, HaveHeadersThatIncludeTheStandardLibraryOnly) {
 
 TEST(Ids, AreWrittenByTheirNamesOutsideTheirHeaders) {
   const std::set<int> ids = NamedIds();
-  ASSERT_GT(ids.size(), 200U);
+  ASSERT_GE(ids.size(), 200U);
   for (const char* root : {"/src", "/bench/define"}) {
     const fs::path folder = std::string(VANZET_SOURCE_DIR) + root;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {

@@ -12,8 +12,8 @@ using devices::Unit;
 /// "mm", "°", or nothing.
 QString UnitText(Unit unit);
 
-/// The letter of a type with its name, an English text; null for a letter that the type does not have, or that
-/// the pages do not name.
+/// The letter of a type with its name, an English text; null for a letter that the type does not have, or
+/// that the pages do not name.
 const devices::Letter* FindNamedLetter(std::int32_t type, char letter);
 
 }  // namespace vanzet::view::qt
