@@ -12,9 +12,9 @@ class Nobody final : public FilePresenter {
 };
 
 Nobody nobody;
-FilePresenter* presenterOfTheMoment = &nobody;
+FilePresenter* currentPresenter = &nobody;
 
-/// Puts the current directory back: dialogs of some platforms leave it where the person went.
+/// Restores the working directory: dialogs of some platforms change it to the folder that the person opened.
 class CurrentFolderGuard {
  public:
   CurrentFolderGuard() : folder_(std::filesystem::current_path(unknown_)) {}
@@ -25,7 +25,7 @@ class CurrentFolderGuard {
   CurrentFolderGuard& operator=(const CurrentFolderGuard&) = delete;
 
  private:
-  std::error_code unknown_;  ///< set when the current directory is gone; then there is none to go back to
+  std::error_code unknown_;  ///< set when the working directory no longer exists; then it cannot be restored
   std::filesystem::path folder_;
 };
 
@@ -33,17 +33,17 @@ class CurrentFolderGuard {
 
 std::optional<std::string> AskForFile(const FileQuestion& question) {
   const CurrentFolderGuard guard;
-  std::optional<std::string> chosen = presenterOfTheMoment->Choose(question);
+  std::optional<std::string> chosen = currentPresenter->Choose(question);
   if (chosen && chosen->size() > question.longestPath) return std::nullopt;
   return chosen;
 }
 
-FilePresenterScope::FilePresenterScope(FilePresenter& presenter) : former_(presenterOfTheMoment) {
-  presenterOfTheMoment = &presenter;
+FilePresenterScope::FilePresenterScope(FilePresenter& presenter) : former_(currentPresenter) {
+  currentPresenter = &presenter;
 }
 
 FilePresenterScope::~FilePresenterScope() {
-  presenterOfTheMoment = former_;
+  currentPresenter = former_;
 }
 
 }  // namespace vanzet::platform

@@ -9,18 +9,18 @@ namespace vanzet::platform {
 
 /// Reads a file of any size line by line, in memory that does not grow with it.
 ///
-/// Shape    lines end with LF or CR LF, which is not part of them; the last one may lack it. Of a line longer
-///          than `kLongestLine` bytes only these are given
+/// Shape    lines end with LF or CR LF, which is not part of them; the last one may lack it. A line longer
+///          than `kLongestLine` bytes is cut to that length
 class LineReader {
  public:
   static constexpr std::size_t kLongestLine = 1 << 20;
 
-  /// `path` is a text as the host gives it (platform/files.h).
+  /// `path` is a path text of the host (platform/files.h).
   explicit LineReader(std::string_view path);
 
   bool IsOpen() const { return file_.is_open(); }
 
-  /// The next line; false at the end. The view lives until the next call.
+  /// Reads the next line; returns false at the end. The view is valid until the next call.
   bool Next(std::string_view& line);
 
  private:
@@ -30,7 +30,7 @@ class LineReader {
   std::ifstream file_;
   std::vector<char> buffer_;
   std::string_view unread_;  ///< of the buffer
-  std::string kept_;         ///< of a line that goes on beyond the buffer
+  std::string kept_;         ///< the part of a line that was read before the buffer
 };
 
 }  // namespace vanzet::platform

@@ -1,15 +1,17 @@
 #include "platform/message_box.h"
 
-#include "platform/console_boxes.h"
+#include <iostream>
+
+#include "base/one_line.h"
 
 namespace vanzet::platform {
 namespace {
 
-/// The buttons of a box type; what stands above these bits is the icon.
+/// The bits of a box type for its buttons; the bits above are the icon.
 constexpr std::int32_t kButtons = 0xF;
 
 ConsoleBoxes consoleBoxes;
-BoxPresenter* presenterOfTheMoment = &consoleBoxes;
+BoxPresenter* currentPresenter = &consoleBoxes;
 
 }  // namespace
 
@@ -23,15 +25,23 @@ std::int32_t SafeAnswer(std::int32_t type) {
 }
 
 std::int32_t Show(const MessageBox& message) {
-  return presenterOfTheMoment->Present(message);
+  return currentPresenter->Present(message);
 }
 
-PresenterScope::PresenterScope(BoxPresenter& presenter) : former_(presenterOfTheMoment) {
-  presenterOfTheMoment = &presenter;
+std::int32_t ConsoleBoxes::Present(const MessageBox& message) {
+  const std::int32_t given = SafeAnswer(message.type);
+  std::string line = message.caption.empty() ? message.text : message.caption + ": " + message.text;
+  if (IsQuestion(message.type)) line += given == answer::kNo ? " [No]" : " [Cancel]";
+  std::cerr << OneLine(line) + "\n" << std::flush;
+  return given;
+}
+
+PresenterScope::PresenterScope(BoxPresenter& presenter) : former_(currentPresenter) {
+  currentPresenter = &presenter;
 }
 
 PresenterScope::~PresenterScope() {
-  presenterOfTheMoment = former_;
+  currentPresenter = former_;
 }
 
 }  // namespace vanzet::platform

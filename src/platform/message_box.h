@@ -5,8 +5,8 @@
 
 namespace vanzet::platform {
 
-/// What a box looks like: its buttons plus its icon. The numbers are the platform's and reach scripts and
-/// transcripts as they stand.
+/// The types of a box: its buttons plus its icon. The numbers are the platform's; scripts and transcripts
+/// have the same ones.
 namespace box {
 inline constexpr std::int32_t kOk = 0;
 inline constexpr std::int32_t kYesNo = 4;
@@ -14,7 +14,7 @@ inline constexpr std::int32_t kQuestionIcon = 32;
 inline constexpr std::int32_t kExclamationIcon = 48;
 }  // namespace box
 
-/// What a box answers, in the platform's numbers.
+/// The answers of a box, in the platform's numbers.
 namespace answer {
 inline constexpr std::int32_t kOk = 1;
 inline constexpr std::int32_t kCancel = 2;
@@ -22,37 +22,44 @@ inline constexpr std::int32_t kYes = 6;
 inline constexpr std::int32_t kNo = 7;
 }  // namespace answer
 
-/// A message that stays until it is answered.
+/// A message that is shown until it is answered.
 struct MessageBox {
   std::string caption;
   std::string text;
   std::int32_t type = box::kOk;
-  void* owner = nullptr;  ///< the window in front of which it stands; null: none
+  void* owner = nullptr;  ///< the window in front of which it is shown; null: none
 };
 
-/// True when there is something to decide; a box with one button is answered by itself.
+/// True when the answer matters; a box with one button has no other answer.
 bool IsQuestion(std::int32_t type);
 
 /// The answer that changes nothing: Cancel where the box offers it, else No; OK for one button.
 std::int32_t SafeAnswer(std::int32_t type);
 
-/// Whoever shows boxes: a person's screen, a script, the console.
+/// Shows boxes: on a screen, to a script, on the console.
 class BoxPresenter {
  public:
   virtual ~BoxPresenter() = default;
 
-  /// Returns when it is answered.
+  /// Returns when the box is answered.
   virtual std::int32_t Present(const MessageBox& message) = 0;
 };
 
-/// Shows the box through the presenter of the moment and returns its answer.
+/// Shows the box through the current presenter and returns its answer.
 std::int32_t Show(const MessageBox& message);
 
-/// Makes `presenter` the one of the moment while it lives, and then puts the former one back.
-/// At first boxes go to standard error.
+/// Boxes without a person to answer: each is a line on standard error, "caption: text", and gets the safe
+/// answer, which the line of a question ends with.
+class ConsoleBoxes final : public BoxPresenter {
+ public:
+  std::int32_t Present(const MessageBox& message) override;
+};
+
+/// Makes `presenter` the current one until the destructor restores the former one. Without any scope boxes go
+/// to standard error.
 class PresenterScope {
  public:
-  /// `presenter` has to outlive the scope.
+  /// `presenter` must outlive the scope.
   explicit PresenterScope(BoxPresenter& presenter);
   ~PresenterScope();
   PresenterScope(const PresenterScope&) = delete;

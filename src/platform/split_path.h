@@ -13,11 +13,11 @@ struct PathParts {
   std::string extension;  ///< with its point
 };
 
-/// Splits at the last separator ('/' or '\') and at the last point behind it. What does not fit the fixed
-/// buffers that hosts reserve (3 bytes for the drive, 256 for each other part, with their ends) is cut.
+/// Splits at the last separator ('/' or '\') and at the last point after it. Parts are cut to the fixed
+/// buffers of hosts (3 bytes for the drive, 256 for each other part, with the closing NUL).
 PathParts SplitPath(std::string_view path);
 
-/// The parts as one text; a separator is put behind a directory that has none.
+/// The parts as one text, with a separator after a directory that has none.
 std::string JoinPath(const PathParts& parts);
 
 }  // namespace vanzet::platform

@@ -11,11 +11,11 @@ namespace vanzet::platform {
 /// A null `module` is the running program, the host.
 void* FindSymbol(void* module, const char* name);
 
-/// Loads a library; it stays as long as the process lives.
-/// Errors   the file is missing, or something that it needs is; the fault tells which, as the loader does
+/// Loads a library, which stays loaded until the process ends.
+/// Errors   the file, or a library that it needs, does not exist; the fault has the loader's text
 Result<void*> LoadLibraryFile(const std::filesystem::path& file);
 
-/// The folder of the file that this code was loaded from: the module, or a program that it is linked into.
+/// The folder of the file that contains this code: the module, or a program that links it.
 std::filesystem::path OwnFolder();
 
 }  // namespace vanzet::platform

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/console_boxes.h"
+#include "platform/message_box.h"
 #include "view/view.h"
 
 namespace vanzet::view {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/console_boxes.h"
-
 namespace vanzet::platform {
 namespace {
 
