@@ -3,7 +3,7 @@
 namespace vanzet {
 namespace {
 
-// The indents are part of the text. Not all of them are even: they are what the simulation has always got.
+// The indents are part of the text. Not all of them are even: the simulation has always received these.
 // clang-format off
 constexpr std::string_view kHead[] = {
     "#VRML V2.0 utf8\n",
@@ -69,7 +69,7 @@ void Give(const std::string_view (&lines)[N], const LineSink& sink) {
   for (const std::string_view line : lines) sink(std::string(line));
 }
 
-/// The plug behind the device.
+/// The points of the plug, which follows the device.
 void GivePlugPoints(std::string_view plug, std::string_view tip, const LineSink& sink) {
   const std::string indent(14, ' ');
   const std::string base = indent + std::string(plug);

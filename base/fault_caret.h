@@ -14,8 +14,8 @@ namespace vanzet {
 ///           ^
 ///
 /// Units    `Fault::column` counts bytes, from 1; a column after the end of the line is allowed
-/// Shape    tabs are kept in both lines, other control characters are escaped as `OneLine` escapes them, bytes
-///          that are not UTF-8 become U+FFFD; of a long line only the part around the column is shown
+/// Shape    tabs are kept in both lines, other control characters are escaped as `OneLine` escapes them,
+///          bytes that are not UTF-8 become U+FFFD; of a long line only the part around the column is shown
 std::string CaretText(const Fault& fault);
 
 }  // namespace vanzet

@@ -2,11 +2,11 @@
 
 #include <string_view>
 
-/// Names that are the same but for the case of their letters, as sections and keys of an ini, drives, and
-/// files of a shop are. Only A to Z have a case, whatever the locale.
+/// Comparison of names without regard to case, for sections and keys of an ini, drives, and files of a shop.
+/// Only A to Z have a case, whatever the locale.
 namespace vanzet {
 
-/// The small letter of a capital; every other character as it is.
+/// The small letter of a capital; every other character is returned unchanged.
 char SmallLetter(char c);
 
 bool EqualWithoutCase(std::string_view a, std::string_view b);

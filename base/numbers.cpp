@@ -18,7 +18,7 @@ bool OnlyWhiteSpaceFrom(std::string_view text, std::size_t position) {
   return position + WhiteSpaceBefore(text.substr(position)) == text.size();
 }
 
-/// What stands before the digits: white space and a sign.
+/// The characters before the digits: white space and a sign.
 struct Lead {
   std::size_t length;
   bool negative;
@@ -64,7 +64,7 @@ std::optional<Prefix<std::int32_t>> IntegerPrefix(std::string_view text) {
 std::optional<Prefix<double>> RealPrefix(std::string_view text) {
   const Lead lead = LeadOf(text);
   std::string_view digits = text.substr(lead.length);
-  // A second sign would be taken by from_chars, but is none of ours.
+  // from_chars would accept a second sign, which this format does not have.
   if (digits.empty() || digits.front() == '-') return std::nullopt;
   double value = 0;
   std::from_chars_result read{digits.data(), std::errc::invalid_argument};

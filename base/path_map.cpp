@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Below a file that is no folder nothing is, and nothing can be made.
+/// Below a file that is not a folder no file exists, and none can be created.
 constexpr std::string_view kNowhere = "/dev/null/";
 
 std::optional<char> DriveLetter(std::string_view text) {

@@ -6,7 +6,7 @@
 namespace vanzet {
 namespace {
 
-/// Characters of as many bytes: which bits of the first byte tell so, and from which to which character.
+/// The characters of one length: the bits of the first byte that mark it, and their range.
 struct Form {
   std::uint8_t mask, lead;
   std::size_t length;

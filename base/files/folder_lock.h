@@ -7,7 +7,8 @@
 namespace vanzet::files {
 
 /// Keeps other processes from changing the text files of a folder while this one reads a file, changes it and
-/// writes it back. The kernel holds the lock and releases it with the process, so nothing is left to clean up.
+/// writes it back. The kernel holds the lock and releases it with the process, so nothing is left to clean
+/// up.
 ///
 /// Errors   a fault with the folder's name: the folder cannot be locked, or another process held the lock for
 ///          10 seconds (`FaultKind::kBusy`)

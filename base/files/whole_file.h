@@ -12,9 +12,9 @@
 /// or finds the disk full leaves the old content. A link stays a link: the file that it leads to is replaced.
 /// The permissions of the old file stay.
 ///
-/// `FileReplacement` and `ReplaceFile` refuse what they cannot write in this way and say why. `WriteWholeFile`
-/// is for the files of a shop, whose owner, other names and access lists must also stay: where a new file
-/// could not keep them, it writes in place.
+/// `FileReplacement` and `ReplaceFile` refuse what they cannot write in this way and say why.
+/// `WriteWholeFile` is for the files of a shop, whose owner, other names and access lists must also stay:
+/// where a new file could not keep them, it writes in place.
 namespace vanzet::files {
 
 /// True when the file, or the folder it is in, has no write permission bit at all. The kernel lets the

@@ -7,7 +7,8 @@ namespace vanzet::vdm {
 /// An open VDM with the one position at which it is read and written.
 ///
 /// Shape    a current record and an item position in it; 0 and 0 at first
-/// Errors   a text that is not an item, or a record that cannot be fetched: nothing changes, the position stays
+/// Errors   a text that is not an item, or a record that cannot be fetched: nothing changes, the position
+///          stays
 ///
 /// At a position without a record, such as one past the last, no record is current: reads return the empty
 /// text, changes of items and removals do nothing.
@@ -21,8 +22,8 @@ class OpenVdm {
   /// Makes `record` current and its item 0 the position.
   void Seek(std::int64_t record);
 
-  /// Inserts a new record with the one item `text` before the current one, or after the last when the position
-  /// is beyond the end, and makes it current. At a position below 0 it does nothing.
+  /// Inserts a new record with the one item `text` before the current one, or after the last when the
+  /// position is beyond the end, and makes it current. At a position below 0 it does nothing.
   Result<void> Insert(std::string_view text);
 
   /// Removes `count` records from the current one on, or as many as exist. The position is then item 0 of the

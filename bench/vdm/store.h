@@ -14,8 +14,8 @@ enum class Handle : std::uint32_t {};
 
 /// The VDMs of a project, as one process sees them.
 ///
-/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; closing writes it
-/// in one transaction. Work that is never closed is lost: a process that dies leaves the state of the last
+/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; closing writes
+/// it in one transaction. Work that is never closed is lost: a process that dies leaves the state of the last
 /// close. From opening to closing the VDM is locked against every other process.
 ///
 /// Owns     the engine, the locks and the open VDMs; the destructor discards what is still open
@@ -50,8 +50,8 @@ class VdmStore {
   /// Fails when the VDM does not exist or is already open, here or in another process.
   Result<Handle> Open(std::int64_t number);
 
-  /// Writes the changes. After a fault the store keeps the state of the last close, and the work since is lost:
-  /// the handle and the lock are released all the same.
+  /// Writes the changes. After a fault the store keeps the state of the last close, and the work since is
+  /// lost: the handle and the lock are released all the same.
   Result<void> Close(Handle handle);
 
   /// Fails when the VDM is open, here or in another process; does nothing when it does not exist.

@@ -10,8 +10,8 @@ namespace vanzet::vdm {
 
 // VDMs as text files, fit for a diff: see docs/formats/vdm.md.
 
-/// Reads the text of a VDM, whole or not at all. `name` is the name of the file in faults, which have the line
-/// and its text; a text that is cut short or has another count of records is `kDamaged`.
+/// Reads the text of a VDM, whole or not at all. `name` is the name of the file in faults, which have the
+/// line and its text; a text that is cut short or has another count of records is `kDamaged`.
 Result<Vdm> ReadVdm(std::istream& text, std::string_view name);
 Result<Vdm> ReadVdmFile(const std::filesystem::path& file);
 

@@ -9,8 +9,8 @@ namespace vanzet::vdm {
 
 /// Locks VDMs for this process against every other: one lock file, one byte for each number.
 ///
-/// The kernel holds the locks and releases them with the process, however it ends, so nothing is left to clean
-/// up. The file has no content; it must not be moved while any process has a VDM open.
+/// The kernel holds the locks and releases them with the process, however it ends, so nothing is left to
+/// clean up. The file has no content; it must not be moved while any process has a VDM open.
 ///
 /// Errors   a fault with the name of the lock file, or of the VDM when it is open elsewhere (`kBusy`)
 /// Threads  one; a child process made by a fork shares the locks of its parent

@@ -136,7 +136,7 @@ TEST_F(WholeFile, StaysAsItWasWhenItsDiskIsFull) {
     EXPECT_FALSE(WriteWholeFile(folder / "missing", tooMuch));
   }
   EXPECT_EQ(ReadBytes(file), "old");
-  EXPECT_THAT(Names(), ElementsAre("a.cld")) << "nothing is left beside it";
+  EXPECT_THAT(Names(), ElementsAre("a.cld")) << "nothing is left next to it";
 }
 
 TEST_F(WholeFile, StaysAsItWasWhenItIsWrittenInPlaceAndItsDiskIsFull) {

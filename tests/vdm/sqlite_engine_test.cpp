@@ -40,7 +40,7 @@ class SqliteStore : public testing::Test {
     return found;
   }
 
-  /// Expects that all operations tell of the same fault, and that the file stays as it is.
+  /// Expects the same fault of all operations, and that the file is unchanged.
   void ExpectRefusal(const std::string& what) {
     const std::string before = test::ReadBytes(file);
     const std::string told = file.string() + ": " + what;

@@ -109,7 +109,7 @@ Records Generation(std::size_t vdm, std::uint32_t generation) {
   return records;
 }
 
-/// What the child tells, also when it was killed.
+/// The lines of the child, also when it was killed.
 struct Progress {
   std::atomic<std::uint32_t> closed[kVdms] = {};  ///< the generation that was closed last; 0: none yet
   std::atomic<bool> failed = false;               ///< an operation was refused
