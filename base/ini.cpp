@@ -11,7 +11,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) return text.substr(text.size());
   return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
@@ -50,8 +50,19 @@ bool IniReader::Next(IniLine& line) {
   if (!std::getline(text_, buffer_)) return false;
   std::string_view text = buffer_;
   if (++lineNumber_ == 1 && text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  if (text.ends_with('\r')) text.remove_suffix(1);
+  line_ = text;
   line = Read(text);
   return true;
+}
+
+Fault IniReader::At(std::string text, std::string_view part) const {
+  if (part.data() == nullptr) part = WithoutBlanks(line_);
+  return {.text = std::move(text),
+          .file = name_,
+          .line = lineNumber_,
+          .column = static_cast<int>(part.data() - line_.data()) + 1,
+          .source = std::string(line_)};
 }
 
 std::optional<std::string> FindIniValue(std::istream& text, std::string_view section, std::string_view key) {

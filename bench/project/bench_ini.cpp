@@ -1,29 +1,40 @@
 #include "project/bench_ini.h"
 
 #include <algorithm>
-#include <optional>
 #include <sstream>
 
 #include "base/ini.h"
 #include "base/numbers.h"
+#include "base/quote.h"
 
 namespace vanzet::project {
 namespace {
 
-using Problem = std::optional<std::string>;
+/// An entry of the text, and the reader that is at its line.
+struct Entry {
+  const IniReader& reader;
+  std::string_view key;
+  std::string_view value;
 
-Problem AddDrive(BenchIni& ini, std::string key, const Setting& setting) {
-  if (key.ends_with(':')) key.pop_back();
+  Setting AsSetting() const { return {std::string(value), reader.At({}, value)}; }
+};
+
+Result<void> AddDrive(BenchIni& ini, const Entry& entry) {
+  std::string_view key = entry.key;
+  if (key.ends_with(':')) key.remove_suffix(1);
   const char letter = key.size() == 1 ? SmallLetter(key[0]) : '\0';
-  if (letter < 'a' || letter > 'z') return "a drive is a letter from A to Z, not '" + key + "'";
-  if (setting.value.empty() || setting.value.find(';') != std::string::npos) {
-    return "the root of a drive is a path without ';', not '" + setting.value + "'";
+  if (letter < 'a' || letter > 'z') {
+    return entry.reader.At("a drive is a letter from A to Z, not " + Quoted(key), entry.key);
   }
-  ini.drives.try_emplace(static_cast<char>(letter - 'a' + 'A'), setting.value);
-  return std::nullopt;
+  if (entry.value.empty() || entry.value.find(';') != std::string_view::npos) {
+    return entry.reader.At("the root of a drive is a path without ';', not " + Quoted(entry.value),
+                           entry.value);
+  }
+  ini.drives.try_emplace(static_cast<char>(letter - 'a' + 'A'), entry.value);
+  return {};
 }
 
-Problem SetMesh(BenchIni& ini, std::string key, const Setting& setting) {
+Result<void> SetMesh(BenchIni& ini, const Entry& entry) {
   struct Limit {
     std::string_view key;
     double BenchIni::Mesh::*value;
@@ -33,26 +44,29 @@ Problem SetMesh(BenchIni& ini, std::string key, const Setting& setting) {
   static constexpr Limit kLimits[] = {{"chord", &BenchIni::Mesh::chord, 0.0001, 100, "0.0001 to 100"},
                                       {"angle", &BenchIni::Mesh::angle, 0.1, 90, "0.1 to 90"}};
   for (const Limit& limit : kLimits) {
-    if (!EqualWithoutCase(limit.key, key)) continue;
-    const auto number = WholeReal(setting.value);
+    if (!EqualWithoutCase(limit.key, entry.key)) continue;
+    const auto number = WholeReal(entry.value);
     if (!number || *number < limit.least || *number > limit.most) {
-      return "'" + key + "' is a number from " + std::string(limit.range) + ", not '" + setting.value + "'";
+      return entry.reader.At(Quoted(entry.key) + " is a number from " + std::string(limit.range) + ", not " +
+                                 Quoted(entry.value),
+                             entry.value);
     }
     ini.mesh.*limit.value = *number;
-    return std::nullopt;
+    return {};
   }
-  return "there is no setting '" + key + "' in [mesh]: 'chord' and 'angle' are";
+  return entry.reader.At("unknown setting " + Quoted(entry.key) + " in [mesh]: expected 'chord' or 'angle'",
+                         entry.key);
 }
 
 template <auto Section>
-Problem AddTo(BenchIni& ini, std::string key, const Setting& setting) {
-  (ini.*Section).try_emplace(std::move(key), setting);
-  return std::nullopt;
+Result<void> AddTo(BenchIni& ini, const Entry& entry) {
+  (ini.*Section).try_emplace(std::string(entry.key), entry.AsSetting());
+  return {};
 }
 
 struct SectionRow {
   std::string_view name;
-  Problem (*add)(BenchIni& ini, std::string key, const Setting& setting);
+  Result<void> (*add)(BenchIni& ini, const Entry& entry);
 };
 
 constexpr SectionRow kSections[] = {
@@ -72,25 +86,29 @@ const SectionRow* FindSection(std::string_view name) {
 
 }  // namespace
 
+Fault Setting::At(std::string text) const {
+  Fault fault = place;
+  fault.text = std::move(text);
+  return fault;
+}
+
 Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name) {
   std::istringstream stream(text);
-  IniReader reader(stream);
+  IniReader reader(stream, name);
   IniLine line;
   BenchIni ini;
   const SectionRow* section = nullptr;
-  const auto fault = [&](std::string problem) {
-    return Fault{std::move(problem), name, reader.LineNumber()};
-  };
   while (reader.Next(line)) {
-    if (line.kind == IniLine::Kind::kOther) return fault("expected '[section]' or 'key = value'");
+    if (line.kind == IniLine::Kind::kOther) return reader.At("expected '[section]' or 'key = value'");
     if (line.kind == IniLine::Kind::kSection) {
       section = FindSection(line.name);
-      if (section == nullptr) return fault("there is no section [" + std::string(line.name) + "]");
+      if (section == nullptr) {
+        return reader.At("unknown section [" + std::string(line.name) + "]", line.name);
+      }
     }
     if (line.kind != IniLine::Kind::kEntry) continue;
-    if (section == nullptr) return fault("an entry stands before the first section");
-    const Setting setting{std::string(line.value), reader.LineNumber()};
-    if (const Problem problem = section->add(ini, std::string(line.name), setting)) return fault(*problem);
+    if (section == nullptr) return reader.At("expected '[section]' before the first entry");
+    VANZET_DO(section->add(ini, {reader, line.name, line.value}));
   }
   return ini;
 }

@@ -10,31 +10,35 @@
 
 namespace vanzet::project {
 
-/// A value of an ini and the line where it stands, for whoever finds it wrong.
+/// A value of a settings file and its place in the file, for callers that refuse the value.
 struct Setting {
   std::string value;
-  int line;
+  Fault place;  ///< without a text
+
+  /// A fault at the value.
+  Fault At(std::string text) const;
 };
 
-/// The settings of a project; docs/formats/bench-ini.md tells their meaning.
+/// The settings of a project, described in docs/formats/bench-ini.md.
 struct BenchIni {
-  /// Keys that differ in the case of their letters alone are the same.
+  /// Keys that differ only in the case of their letters are equal.
   using Section = std::map<std::string, Setting, LessWithoutCase>;
   Section environment;
-  std::map<std::string, Setting> variables;  ///< names of variables mind their case
+  std::map<std::string, Setting> variables;  ///< by name, with regard to case
   Section project;
   Section language;
-  /// How finely bodies are exported as facets.
+  /// The fineness of bodies that are exported as facets.
   struct Mesh {
-    double chord = 0.05;  ///< how far a facet may be from the surface, in millimetres
-    double angle = 10;    ///< how much neighbours may turn, in degrees
+    double chord = 0.05;  ///< largest distance of a facet from the surface, in millimetres
+    double angle = 10;    ///< largest angle between neighbours, in degrees
   };
   Mesh mesh;
   PathMap::Drives drives;
 };
 
-/// Reads the text of a bench.ini. The first of equal keys counts. A fault tells the line: of something that
-/// is neither section nor entry, of an unknown section, of a drive that is no letter.
+/// Reads the text of a bench.ini. The first of equal keys counts.
+/// Errors   a fault with line, column and source: a line that is neither a section nor an entry, an unknown
+///          section, a drive that is not a letter, a value out of its range
 Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name);
 
 }  // namespace vanzet::project

@@ -10,15 +10,15 @@
 
 namespace vanzet::project {
 
-/// One operation of a definition: a record whose item 0 says how the others fall into sections.
+/// One operation of a definition: a record whose item 0 divides the others into sections.
 struct Operation {
   std::int32_t kind = 0;
   bool flag = false;
   std::vector<std::vector<std::string>> sections;
-  /// What is wrong with the record, empty when nothing is; the rest is then as far as it could be read.
+  /// The damage of the record, or the empty text; the other fields hold as much as could be read.
   std::string damage;
 
-  /// What people call it: the first item of section 0.
+  /// Its name for people: the first item of section 0.
   std::string Label() const;
 };
 
@@ -33,8 +33,8 @@ struct Definition {
   const std::vector<std::string>& Items(std::size_t operation, std::size_t section) const;
 };
 
-/// Reads the operations of a VDM. A fault only when the store cannot give a record: a record that is no
-/// operation is told as damage. The form of a header: docs/formats/definition.md.
+/// Reads the operations of a VDM. Fails only when the store cannot read a record: a record that is not an
+/// operation is reported as damage. The form of a header: docs/formats/definition.md.
 Result<Definition> ReadDefinition(const vdm::Vdm& content);
 
 }  // namespace vanzet::project

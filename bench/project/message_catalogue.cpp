@@ -4,25 +4,24 @@
 
 #include "base/ini.h"
 #include "base/numbers.h"
+#include "base/quote.h"
 
 namespace vanzet::project {
 
 Result<MessageCatalogue> ReadMessageCatalogue(const std::string& text, const std::string& name) {
   std::istringstream stream(text);
-  IniReader reader(stream);
+  IniReader reader(stream, name);
   IniLine line;
   MessageCatalogue messages;
-  const auto fault = [&](std::string problem) {
-    return Fault{std::move(problem), name, reader.LineNumber()};
-  };
   while (reader.Next(line)) {
     if (line.kind == IniLine::Kind::kNothing) continue;
-    if (line.kind != IniLine::Kind::kEntry) return fault("expected 'id = text'");
+    if (line.kind != IniLine::Kind::kEntry) return reader.At("expected 'id = text'");
     const auto id = WholeInteger(line.name);
-    if (!id || *id < 0)
-      return fault("expected the number of a message, found '" + std::string(line.name) + "'");
-    if (line.value.empty()) return fault("the text is missing");
-    if (!messages.emplace(*id, line.value).second) return fault("this message has a text already");
+    if (!id || *id < 0) {
+      return reader.At("expected the number of a message, found " + Quoted(line.name), line.name);
+    }
+    if (line.value.empty()) return reader.At("the text is missing", line.value);
+    if (!messages.emplace(*id, line.value).second) return reader.At("this message already has a text");
   }
   return messages;
 }

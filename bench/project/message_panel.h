@@ -6,8 +6,8 @@
 
 namespace vanzet::project {
 
-/// Where the workbench tells what went wrong while a module or a macro line was at work; the work goes on.
-/// On the command line it is standard error, in the window a panel.
+/// Receives the faults that happen while a module or a macro line is running, which continues. On the command
+/// line it is standard error, in the window a panel.
 class MessagePanel {
  public:
   virtual ~MessagePanel() = default;
@@ -17,7 +17,7 @@ class MessagePanel {
     Show(fault.Message());
   }
 
-  /// How many faults were told.
+  /// The number of faults that were reported.
   int faults() const { return faults_; }
 
  protected:

@@ -4,6 +4,8 @@
 #include <array>
 #include <system_error>
 
+#include "base/files/system_fault.h"
+#include "base/quote.h"
 #include "project/machine_ini.h"
 #include "project/text_file.h"
 
@@ -12,22 +14,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What shows that a folder is a project.
+/// The files that mark a folder as a project.
 constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", "store.db"};
 
 constexpr const char* kMessages = "messages";  // in [language]
 
 Result<void> CheckIsProject(const fs::path& folder) {
   std::error_code error;
-  if (!fs::is_directory(folder, error)) return Fault{"is no folder, so it is no project", folder.string()};
+  if (!fs::is_directory(folder, error)) {
+    return Fault{.text = "is not a folder, so it is not a project",
+                 .file = folder.string(),
+                 .kind = fs::exists(folder, error) ? FaultKind::kRefused : FaultKind::kMissing};
+  }
   const bool marked =
       std::ranges::any_of(kMarks, [&](const char* mark) { return fs::exists(folder / mark, error); });
   const bool empty = fs::directory_iterator(folder, error) == fs::directory_iterator();
-  if (error) return Fault{"cannot be read: " + error.message(), folder.string()};
+  if (error) return files::SystemFault("cannot be read", error, folder);
   if (marked || empty) return {};
   return Fault{
-      "is no project: it has neither bench.ini, machine.ini, clampdevice.cld nor store.db ('vanzet new' "
-      "makes one)",
+      "is not a project: it has neither bench.ini, machine.ini, clampdevice.cld nor store.db ('vanzet new' "
+      "creates one)",
       folder.string()};
 }
 
@@ -46,7 +52,7 @@ Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {
   Project project;
   std::error_code error;
   project.folder_ = fs::canonical(folder, error);
-  if (error) return Fault{"cannot be read: " + error.message(), folder.string()};
+  if (error) return files::SystemFault("cannot be read", error, folder);
   VANZET_DO(CheckFolderName(project.folder_));
   VANZET_DO(project.ReadSettings(share));
   VANZET_DO(project.ReadMessages(share));
@@ -68,7 +74,7 @@ Result<void> Project::ReadSettings(const fs::path& share) {
   }
   for (const auto& [name, setting] : settings_.variables) {
     const auto set = startVariables_.SetFromText(name, setting.value);
-    if (!set) return Fault{set.fault().text, file.string(), setting.line};
+    if (!set) return setting.At(set.fault().text);
   }
   return {};
 }
@@ -79,8 +85,9 @@ Result<void> Project::ReadMessages(const fs::path& share) {
   const fs::path file = share / "messages" / (language->second.value + ".txt");
   std::error_code error;
   if (!fs::is_regular_file(file, error)) {
-    return Fault{"there is no catalogue of texts '" + language->second.value + "'",
-                 (folder_ / "bench.ini").string(), language->second.line};
+    Fault fault = language->second.At("no such catalogue of texts: " + Quoted(language->second.value));
+    fault.kind = FaultKind::kMissing;
+    return fault;
   }
   VANZET_TRY(const auto text, ReadTextFile(file, file.string()));
   VANZET_TRY(auto messages, ReadMessageCatalogue(text, file.string()));

@@ -14,14 +14,14 @@
 
 namespace vanzet::project {
 
-/// Whether a folder may hold a project by its name: it is not empty and has no backslash, which every path
-/// that a module builds would take for a separator.
+/// Fails when the name of a folder is not fit for a project: an empty one, and one with a backslash, which
+/// every path that a module builds would take for a separator.
 Result<void> CheckFolderName(const std::filesystem::path& folder);
 
-/// A project folder and what its settings say; docs/formats/project.md lists its files.
+/// A project folder and its settings; docs/formats/project.md lists its files.
 ///
-/// An empty folder is a project with nothing but defaults; a folder that holds other things, and none of a
-/// project's own files, is none.
+/// An empty folder is a project with defaults only; a folder that has files, but none of a project's own, is
+/// not a project.
 class Project {
  public:
   /// Opens the project in `folder`; `share` is the folder of the workbench's own files. Reads and checks all
@@ -35,7 +35,7 @@ class Project {
   /// The macro variables at their start values.
   const Variables& startVariables() const { return startVariables_; }
 
-  /// A value of the host's environment, empty when there is none. What the settings leave out has a default:
+  /// A value of the host's environment, or the empty text. Keys that the settings leave out have defaults:
   /// "-d" the project's folder, "ppdefini" its machine.ini, "clampmdb" its clampdevice.cld. The default of
   /// "TMP" belongs to a run, not to the project.
   std::string Environment(std::string_view key) const;
@@ -43,10 +43,10 @@ class Project {
   /// The user's text of a message, or nothing.
   std::optional<std::string> Message(std::int32_t id) const;
 
-  /// The name of the catalogue of texts; "en", which the module's own texts are in, when none is set.
+  /// The name of the catalogue of texts; without a setting "en", the language of the module's own texts.
   std::string Language() const;
 
-  /// How many spindle spurs the machine has.
+  /// The number of spindle spurs of the machine.
   Result<std::int32_t> SpindleSpurs() const;
 
   /// The number of the VDM that holds the definition of a spur.

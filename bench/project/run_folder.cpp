@@ -4,6 +4,8 @@
 
 #include <system_error>
 
+#include "base/files/system_fault.h"
+
 namespace vanzet::project {
 
 RunFolder::~RunFolder() {
@@ -15,10 +17,10 @@ Result<std::filesystem::path> RunFolder::Path() {
   if (!made_.empty()) return made_;
   const std::filesystem::path folder = project_ / "tmp" / std::to_string(getpid());
   std::error_code error;
-  // What a process of the same number left behind when it died is nobody's any more.
+  // A killed process of the same number may have left its folder.
   std::filesystem::remove_all(folder, error);
   if (!error) std::filesystem::create_directories(folder, error);
-  if (error) return Fault{"cannot be made: " + error.message(), folder.string()};
+  if (error) return files::SystemFault("cannot be created", error, folder);
   made_ = folder;
   return made_;
 }

@@ -6,8 +6,8 @@
 
 namespace vanzet::project {
 
-/// A folder for the files of one run, tmp/PID in the project, so that two runs never meet. It is made when it
-/// is first asked for and removed with all that is in it when the run ends, unless it is kept.
+/// A folder for the files of one run, tmp/PID in the project, so that two runs never share one. The first
+/// call of `Path` creates it; the destructor removes it with its content, unless it is kept.
 class RunFolder {
  public:
   explicit RunFolder(std::filesystem::path project) : project_(std::move(project)) {}

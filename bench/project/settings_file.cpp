@@ -9,6 +9,7 @@
 #include "base/files/whole_file.h"
 #include "base/ini.h"
 #include "base/letter_case.h"
+#include "base/quote.h"
 #include "project/bench_ini.h"
 #include "project/text_file.h"
 
@@ -31,11 +32,11 @@ Result<void> CheckKey(std::string_view key) {
                     std::ranges::none_of(key, IsControl) && key.find('=') == std::string_view::npos &&
                     std::string_view(";#[").find(key.front()) == std::string_view::npos;
   if (fits) return {};
-  return Fault{"the settings cannot hold a key '" + std::string(key) + "'"};
+  return Fault{"the settings cannot hold a key " + Quoted(key)};
 }
 
-/// The value as a line holds it: in quotes when reading it back would take something away.
-Result<std::string> Written(std::string_view value) {
+/// The value as it is written to a line: in quotes when reading it back would lose something.
+Result<std::string> ValueText(std::string_view value) {
   if (std::ranges::any_of(value, IsControl)) {
     return Fault{"the settings cannot hold a value with control characters"};
   }
@@ -56,10 +57,10 @@ std::vector<std::string> LinesOf(const std::string& text) {
   return lines;
 }
 
-/// Where an entry stands, or where a new one would.
+/// The place of an entry, or of a new one.
 struct Place {
-  std::size_t entry = 0;   ///< the number of its line from 1; 0: there is none
-  std::size_t behind = 0;  ///< the last line of the section's first part that says something; 0: no section
+  std::size_t entry = 0;  ///< the number of its line from 1; 0: not found
+  std::size_t after = 0;  ///< the last line with content in the section's first part; 0: no section
 };
 
 Place FindPlace(const std::string& text, std::string_view key) {
@@ -74,7 +75,7 @@ Place FindPlace(const std::string& text, std::string_view key) {
       if (isInside) isFirst = false;
       isInside = EqualWithoutCase(line.name, kSection);
     }
-    if (isInside && isFirst && line.kind != IniLine::Kind::kNothing) place.behind = number;
+    if (isInside && isFirst && line.kind != IniLine::Kind::kNothing) place.after = number;
     if (!isInside || line.kind != IniLine::Kind::kEntry || !EqualWithoutCase(line.name, key)) continue;
     place.entry = number;
     break;
@@ -93,12 +94,11 @@ std::string WithEntry(const std::string& text, std::string_view key, const std::
     line = line.substr(0, line.find('=') + 1) + " " + value + line.substr(lineEnd);
   } else {
     if (!lines.empty() && !lines.back().ends_with('\n')) lines.back() += end;
-    if (place.behind == 0) {
+    if (place.after == 0) {
       if (!lines.empty()) lines.push_back(end);
       lines.push_back("[" + std::string(kSection) + "]" + end);
     }
-    const auto at =
-        place.behind == 0 ? lines.end() : lines.begin() + static_cast<std::ptrdiff_t>(place.behind);
+    const auto at = place.after == 0 ? lines.end() : lines.begin() + static_cast<std::ptrdiff_t>(place.after);
     lines.insert(at, std::string(key) + " = " + value + end);
   }
   std::string joined;
@@ -117,10 +117,10 @@ Result<std::string> SettingsFile::Value(std::string_view key) const {
 
 Result<void> SettingsFile::Set(std::string_view key, std::string_view value) const {
   VANZET_DO(CheckKey(key));
-  VANZET_TRY(const auto written, Written(value));
+  VANZET_TRY(const auto written, ValueText(value));
   VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder_));
   VANZET_TRY(const auto text, Text());
-  // Settings that cannot be read are for people to mend, not to be built upon.
+  // Settings that cannot be read are not changed: a person has to correct them first.
   VANZET_DO(ReadBenchIni(text, File().string()));
   return files::ReplaceFile(File(), WithEntry(text, key, written));
 }

@@ -8,20 +8,20 @@
 
 namespace vanzet::project {
 
-/// The entries of [project] in a project's bench.ini, read anew at each call and changed while the project is
-/// in use. A missing file has no entries.
+/// The entries of [project] in a project's bench.ini, read again at each call and changed while the project
+/// is in use. A missing file has no entries.
 ///
-/// Errors   a fault with the file and the line; the file is then as it was
+/// Errors   a fault with the file and the line; the file is then unchanged
 /// Source   docs/formats/bench-ini.md
 class SettingsFile {
  public:
   explicit SettingsFile(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// The value, empty when there is none.
+  /// The value, or the empty text.
   Result<std::string> Value(std::string_view key) const;
 
-  /// Puts the value in the place of the one that counts, or adds it to the section; every other byte stays.
-  /// Refused: a key or value that no line can hold.
+  /// Replaces the value that counts, or adds an entry to the section; every other byte stays. Fails for a key
+  /// or value that a line cannot hold.
   Result<void> Set(std::string_view key, std::string_view value) const;
 
  private:

@@ -1,6 +1,7 @@
 #include "project/variables.h"
 
 #include "base/numbers.h"
+#include "base/quote.h"
 
 namespace vanzet::project {
 namespace {
@@ -42,12 +43,12 @@ Type TypeOf(std::string_view name) {
 }
 
 Fault NotOfType(std::string_view name, std::string_view what) {
-  return Fault{"the variable " + std::string(name) + " holds no " + std::string(what) +
+  return Fault{"the variable " + std::string(name) + " cannot hold " + std::string(what) +
                ": the name of an integer begins with i, of a real with w, of a text with $"};
 }
 
 Fault NotANumber(std::string_view name, std::string_view what, std::string_view text) {
-  return Fault{std::string(name) + ": expected " + std::string(what) + ", found '" + std::string(text) + "'"};
+  return Fault{std::string(name) + ": expected " + std::string(what) + ", found " + Quoted(text)};
 }
 
 }  // namespace
@@ -64,19 +65,19 @@ Variables::Variables() {
 }
 
 Result<void> Variables::Set(std::string_view name, std::int32_t value) {
-  if (TypeOf(name) != Type::kInteger) return NotOfType(name, "integer");
+  if (TypeOf(name) != Type::kInteger) return NotOfType(name, "an integer");
   values_.insert_or_assign(std::string(name), value);
   return {};
 }
 
 Result<void> Variables::Set(std::string_view name, double value) {
-  if (TypeOf(name) != Type::kReal) return NotOfType(name, "real");
+  if (TypeOf(name) != Type::kReal) return NotOfType(name, "a real");
   values_.insert_or_assign(std::string(name), value);
   return {};
 }
 
 Result<void> Variables::Set(std::string_view name, std::string value) {
-  if (TypeOf(name) != Type::kText) return NotOfType(name, "text");
+  if (TypeOf(name) != Type::kText) return NotOfType(name, "a text");
   values_.insert_or_assign(std::string(name), std::move(value));
   return {};
 }
@@ -92,7 +93,7 @@ Result<void> Variables::SetFromText(std::string_view name, std::string_view text
     case Type::kText: return Set(name, std::string(text));
     case Type::kNone: break;
   }
-  return NotOfType(name, "value");
+  return NotOfType(name, "a value");
 }
 
 }  // namespace vanzet::project

@@ -11,26 +11,26 @@
 
 namespace vanzet::project {
 
-/// The macro variables of the host. The first character of a name tells the type: 'i' an integer, 'w' a
-/// real, '$' a text. A variable exists from its first value on.
+/// The macro variables of the host. The first character of a name is its type: 'i' an integer, 'w' a real,
+/// '$' a text. A variable exists from its first value on.
 class Variables {
  public:
   /// True when a variable of that name holds an integer.
   static bool IsInteger(std::string_view name);
 
-  /// With the variables that every project has, at their start values.
+  /// The variables that every project has, at their start values.
   Variables();
 
   std::optional<std::int32_t> Integer(std::string_view name) const { return Value<std::int32_t>(name); }
   std::optional<double> Real(std::string_view name) const { return Value<double>(name); }
   std::optional<std::string> Text(std::string_view name) const { return Value<std::string>(name); }
 
-  /// Refused when the name is of another type.
+  /// Fails when the name is of another type.
   Result<void> Set(std::string_view name, std::int32_t value);
   Result<void> Set(std::string_view name, double value);
   Result<void> Set(std::string_view name, std::string value);
 
-  /// Reads the value as the name's type has it. Refused when it is no such number, or the name is of no type.
+  /// Reads the value by the type of the name. Fails when it is not such a number, or the name has no type.
   Result<void> SetFromText(std::string_view name, std::string_view text);
 
  private:

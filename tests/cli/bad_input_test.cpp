@@ -170,7 +170,7 @@ TEST_F(BadInput, AMachineThatIsNoTextOrTooLarge) {
 TEST_F(BadInput, VariablesThatNameNoNumber) {
   MakeUpgradedProject();
   WriteBytes(folder / "lathe/bench.ini", "[variables]\ni_billet_vdm = first\n");
-  ExpectRefused("show lathe", "bench.ini:2: i_billet_vdm: expected an integer, found 'first'");
+  ExpectRefused("show lathe", "bench.ini:2:14: i_billet_vdm: expected an integer, found 'first'");
 }
 
 TEST_F(BadInput, AModuleThatIsNotThere) {

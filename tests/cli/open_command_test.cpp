@@ -22,7 +22,7 @@ TEST_F(OpenCommand, OfADisplayThatDoesNotAnswerSaysSoInOneLine) {
 TEST_F(OpenCommand, OfAMissingFolderSaysSoInOneLine) {
   const Outcome opened = Vanzet("open nothing", "QT_QPA_PLATFORM=offscreen");
   EXPECT_EQ(opened.status, 1);
-  EXPECT_EQ(opened.err, "vanzet: nothing: is no folder, so it is no project\n");
+  EXPECT_EQ(opened.err, "vanzet: nothing: is not a folder, so it is not a project\n");
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ TEST(BenchIni, KeepsEachSectionApart) {
   ASSERT_TRUE(ini);
   EXPECT_EQ(ini->environment.at("TMP").value, "/x");
   EXPECT_EQ(ini->variables.at("i_a").value, "1");
-  EXPECT_EQ(ini->variables.at("i_a").line, 4);
+  EXPECT_EQ(ini->variables.at("i_a").place.line, 4);
   EXPECT_EQ(ini->project.at("clamp_db_path").value, "c.cld");
   EXPECT_EQ(ini->language.at("messages").value, "de");
   EXPECT_EQ(ini->drives, (PathMap::Drives{{'D', "/data"}, {'E', "/mnt"}}));
@@ -37,15 +37,15 @@ TEST(BenchIni, MayBeEmpty) {
 }
 
 TEST(BenchIni, TellsTheLineOfWhatItDoesNotUnderstand) {
-  EXPECT_EQ(FaultOf("\nrubbish\n"), "bench.ini:2: expected '[section]' or 'key = value'");
-  EXPECT_EQ(FaultOf("[environment\n"), "bench.ini:1: expected '[section]' or 'key = value'");
-  EXPECT_EQ(FaultOf("[variabels]\ni_a=1\n"), "bench.ini:1: there is no section [variabels]");
-  EXPECT_EQ(FaultOf("i_a=1\n"), "bench.ini:1: an entry stands before the first section");
-  EXPECT_EQ(FaultOf("[drives]\nDATA=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not 'DATA'");
+  EXPECT_EQ(FaultOf("\nrubbish\n"), "bench.ini:2:1: expected '[section]' or 'key = value'");
+  EXPECT_EQ(FaultOf("[environment\n"), "bench.ini:1:1: expected '[section]' or 'key = value'");
+  EXPECT_EQ(FaultOf("[variabels]\ni_a=1\n"), "bench.ini:1:2: unknown section [variabels]");
+  EXPECT_EQ(FaultOf("i_a=1\n"), "bench.ini:1:1: expected '[section]' before the first entry");
+  EXPECT_EQ(FaultOf("[drives]\nDATA=/x\n"), "bench.ini:2:1: a drive is a letter from A to Z, not 'DATA'");
   EXPECT_EQ(FaultOf("[drives]\nD=/a;b\n"),
-            "bench.ini:2: the root of a drive is a path without ';', not '/a;b'");
-  EXPECT_EQ(FaultOf("[drives]\nD=\n"), "bench.ini:2: the root of a drive is a path without ';', not ''");
-  EXPECT_EQ(FaultOf("[drives]\n1=/x\n"), "bench.ini:2: a drive is a letter from A to Z, not '1'");
+            "bench.ini:2:3: the root of a drive is a path without ';', not '/a;b'");
+  EXPECT_EQ(FaultOf("[drives]\nD=\n"), "bench.ini:2:3: the root of a drive is a path without ';', not ''");
+  EXPECT_EQ(FaultOf("[drives]\n1=/x\n"), "bench.ini:2:1: a drive is a letter from A to Z, not '1'");
 }
 
 }  // namespace

@@ -17,12 +17,12 @@ TEST(MessageCatalogue, HoldsTextsById) {
 }
 
 TEST(MessageCatalogue, TellsTheLineOfWhatItRefuses) {
-  EXPECT_EQ(FaultOf("5 = OK\nHauptspindel\n"), "de.txt:2: expected 'id = text'");
-  EXPECT_EQ(FaultOf("[texts]\n"), "de.txt:1: expected 'id = text'");
-  EXPECT_EQ(FaultOf("x = OK\n"), "de.txt:1: expected the number of a message, found 'x'");
-  EXPECT_EQ(FaultOf("-5 = OK\n"), "de.txt:1: expected the number of a message, found '-5'");
-  EXPECT_EQ(FaultOf("5 =\n"), "de.txt:1: the text is missing");
-  EXPECT_EQ(FaultOf("5 = OK\n5 = Gut\n"), "de.txt:2: this message has a text already");
+  EXPECT_EQ(FaultOf("5 = OK\nHauptspindel\n"), "de.txt:2:1: expected 'id = text'");
+  EXPECT_EQ(FaultOf("[texts]\n"), "de.txt:1:1: expected 'id = text'");
+  EXPECT_EQ(FaultOf("x = OK\n"), "de.txt:1:1: expected the number of a message, found 'x'");
+  EXPECT_EQ(FaultOf("-5 = OK\n"), "de.txt:1:1: expected the number of a message, found '-5'");
+  EXPECT_EQ(FaultOf("5 =\n"), "de.txt:1:4: the text is missing");
+  EXPECT_EQ(FaultOf("5 = OK\n5 = Gut\n"), "de.txt:2:1: this message already has a text");
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ TEST_F(ProjectTest, IsNoFolderThatHoldsOtherThings) {
   const auto project = Open();
   ASSERT_FALSE(project);
   EXPECT_EQ(project.fault().file, (folder / "p").string());
-  EXPECT_NE(project.fault().text.find("is no project"), std::string::npos);
+  EXPECT_NE(project.fault().text.find("is not a project"), std::string::npos);
 }
 
 TEST_F(ProjectTest, IsNoFolderThatOnlyHasFoldersOfItsNames) {
@@ -102,17 +102,17 @@ TEST_F(ProjectTest, FindsItsMachineWhereTheSettingsSay) {
 
 TEST_F(ProjectTest, TellsFileAndLineOfAWrongSetting) {
   EXPECT_EQ(FaultWith("[variables]\n\ni_billet_vdm=many\n"),
-            Ini() + ":3: i_billet_vdm: expected an integer, found 'many'");
+            Ini() + ":3:14: i_billet_vdm: expected an integer, found 'many'");
   EXPECT_EQ(FaultWith("[variables]\nx=1\n").substr(0, Ini().size() + 3), Ini() + ":2:");
-  EXPECT_EQ(FaultWith("[language]\nmessages=fr\n"), Ini() + ":2: there is no catalogue of texts 'fr'");
+  EXPECT_EQ(FaultWith("[language]\nmessages=fr\n"), Ini() + ":2:10: no such catalogue of texts: 'fr'");
   EXPECT_EQ(FaultWith(std::string("[project]\n\x01\x02", 12)),
-            Ini() + ":2: is no text: there is a control character in this line");
+            Ini() + ":2:1: not a text file: the line has a control character");
 }
 
 TEST_F(ProjectTest, TellsFileAndLineOfAWrongText) {
   test::WriteBytes(folder / "share/messages/de.txt", "704 Hauptspindel\n");
   EXPECT_EQ(FaultWith("[language]\nmessages=de\n"),
-            (folder / "share/messages/de.txt").string() + ":1: expected 'id = text'");
+            (folder / "share/messages/de.txt").string() + ":1:1: expected 'id = text'");
 }
 
 }  // namespace

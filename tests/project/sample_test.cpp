@@ -44,7 +44,7 @@ TEST(MakeProject, LeavesAFolderThatWasThereWhenItFails) {
   EXPECT_FALSE(MakeProject(folder / "lathe", "broken", folder / "share"));
   EXPECT_TRUE(std::filesystem::is_empty(folder / "lathe"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2)
-      << "nothing is left beside it";
+      << "nothing is left next to it";
 }
 
 TEST(MakeProject, RefusesANameThatWouldBeTakenApart) {
@@ -63,7 +63,7 @@ TEST(MakeProject, NamesTheSamplesWhenThereIsNoneOfThatName) {
   const test::TemporaryFolder folder;
   const auto made = MakeProject(folder / "lathe", "swiss", kShare);
   ASSERT_FALSE(made);
-  EXPECT_EQ(made.fault().text, "there is no sample 'swiss'; there are: mill-turn");
+  EXPECT_EQ(made.fault().text, "no such sample: 'swiss'; the samples are: mill-turn");
   EXPECT_FALSE(std::filesystem::exists(folder / "lathe"));
 }
 

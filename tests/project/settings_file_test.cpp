@@ -73,7 +73,7 @@ TEST_F(SettingsFiles, RefuseWhatNoLineCanHoldAndLeaveTheFile) {
 
 TEST_F(SettingsFiles, LeaveADamagedFileAlone) {
   Write("[project]\nrubbish\n");
-  EXPECT_THAT(Value("a"), HasSubstr("bench.ini:2: expected '[section]' or 'key = value'"));
+  EXPECT_THAT(Value("a"), HasSubstr("bench.ini:2:1: expected '[section]' or 'key = value'"));
   EXPECT_FALSE(settings.Set("a", "1"));
   EXPECT_EQ(Text(), "[project]\nrubbish\n");
 }

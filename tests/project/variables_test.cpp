@@ -22,7 +22,7 @@ TEST(Variables, HaveTheTypeOfTheirNamesFirstCharacter) {
   EXPECT_EQ(variables.Integer("i1215"), 7);
   EXPECT_EQ(variables.Real("w_x"), 1.5);
   EXPECT_EQ(variables.Text("$_x"), "text");
-  EXPECT_EQ(variables.Text("i1215"), std::nullopt) << "an integer is no text";
+  EXPECT_EQ(variables.Text("i1215"), std::nullopt) << "an integer is not a text";
 }
 
 TEST(Variables, RefuseValuesOfAnotherType) {

@@ -41,7 +41,7 @@ TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
   OpenSample();
   const auto opened = window->projectCommands().Open(folder / "nothing");
   ASSERT_FALSE(opened);
-  EXPECT_THAT(opened.fault().Message(), HasSubstr("is no folder"));
+  EXPECT_THAT(opened.fault().Message(), HasSubstr("is not a folder"));
   EXPECT_EQ(window->session()->project().folder().filename(), "lathe");
 }
 
