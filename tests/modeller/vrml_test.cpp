@@ -128,7 +128,7 @@ TEST_F(VrmlFiles, LeaveTheOldFileWhenThereIsNoSuchBody) {
   WriteBytes(file_, "old");
   for (const std::int32_t number : {0, 7, -1}) {
     EXPECT_EQ(Told(ExportVrml(BodyTable(), number, file_, {})),
-              file_.string() + ": there is no body " + std::to_string(number));
+              file_.string() + ": body " + std::to_string(number) + " does not exist");
   }
   EXPECT_EQ(ReadBytes(file_), "old");
   EXPECT_EQ(FilesInTheFolder(), 1U);
