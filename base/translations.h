@@ -70,7 +70,7 @@ struct Language {
 std::vector<Language> AvailableLanguages(const std::filesystem::path& share);
 
 /// The texts of a language; English needs no catalogue.
-/// Errors   kMissing when there is no catalogue; its faults
+/// Errors   kMissing for a language without a catalogue; its faults
 Result<Translations> LoadTranslations(const std::filesystem::path& share, std::string_view code);
 
 /// The folder of the workbench's own files: that of the environment variable VANZET_SHARE, else

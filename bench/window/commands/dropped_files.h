@@ -20,8 +20,8 @@ enum class NameAnswer { kReplace, kKeepBoth, kSkip };
 /// Decides about the file `existing`, whose name, or that name with another ending, is wanted again.
 using NameQuestion = std::function<NameAnswer(const std::filesystem::path& existing)>;
 
-/// Copies the files into the project, and returns the places of the copies. `ask` is called for each name that
-/// is in use. Ends with a fault at the first file that cannot be copied.
+/// Copies the files into the project, and returns the places of the copies. `ask` is called for each name
+/// that is in use. Ends with a fault at the first file that cannot be copied.
 Result<std::vector<std::filesystem::path>> ImportFiles(const std::vector<std::filesystem::path>& files,
                                                        const std::filesystem::path& project,
                                                        const NameQuestion& ask);
