@@ -30,8 +30,7 @@ const std::map<std::string, Folders> kModule = {
     {"view/qt", {"base", "platform", "devices", "view"}},
     {"dialog",
      {"base", "platform", "host", "macro", "devices", "store", "simulation", "machine", "catalogue", "view"}},
-    {"host/door",
-     {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
+    {"door", {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
     {"geometry", {"base", "host"}},
 };
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "host/door/exports.h"
+#include "door/exports.h"
 #include "support/fake_host.h"
 #include "support/places.h"
 #include "support/temporary_folder.h"

@@ -1,4 +1,4 @@
-#include "host/door/module_state.h"
+#include "door/module_state.h"
 
 #include <string>
 

@@ -1,11 +1,11 @@
-#include "host/door/exports.h"
+#include "door/exports.h"
 
 #include <exception>
 #include <optional>
 
 #include "dialog/dlg_main.h"
+#include "door/module_state.h"
 #include "host/bridge.h"
-#include "host/door/module_state.h"
 #include "host/host_functions.h"
 #include "host/message_ids.h"
 #include "host/messages.h"
