@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <optional>
+#include <string>
 
 #include "dialog/dlg_main.h"
 #include "door/module_state.h"
@@ -13,25 +14,35 @@
 #include "platform/message_box.h"
 #include "simulation/rebuild.h"
 
+namespace vanzet {
+
+// These two are set up in this order when the module is loaded.
+CvanzetApp theApp;
+extern const std::string attributeMark;
+/// Part of the module's start-up values; unused.
+const std::string attributeMark = "#ATTRIB#";
+
+}  // namespace vanzet
+
 namespace {
 
 using namespace vanzet;
 
-void TellThrown(const char* what) {
+void ReportException(const char* what) {
   platform::Show({"vanzet", what, platform::box::kOk + platform::box::kExclamationIcon});
 }
 
-/// Runs an export's work inside the module's state. Nothing is thrown across to the host.
+/// Runs the work of an export inside the module's state. No exception reaches the host.
 template <class Work>
-void AtTheDoor(Work work) {
+void RunExport(Work work) {
   std::optional<ModuleStateGuard> guard;
   try {
     guard.emplace();
     work(*guard);
   } catch (const std::exception& error) {
-    TellThrown(error.what());
+    ReportException(error.what());
   } catch (...) {
-    TellThrown("something unexpected was thrown");
+    ReportException("internal error (unknown exception)");
   }
 }
 
@@ -45,20 +56,20 @@ void UpgradeEverySpur(ModuleStateGuard& /*guard*/) {
   }
 }
 
-/// What is read of a structure of the host's; the rest of it is the host's business.
+/// The beginning of a structure of the host's, as far as it is read here.
 struct DLLVARSXX {
   void* unused;
   void* mainWindow;
 };
 
-/// The host's main window as it was at the first call; a later change is not seen.
+/// The host's main window at the first call. A later change has no effect.
 void* MainWindow(const void* variables) {
   static void* const MainParentWindow =
       variables == nullptr ? nullptr : static_cast<const DLLVARSXX*>(variables)->mainWindow;
   return MainParentWindow;
 }
 
-void TellThatThereIsNoDisplay() {
+void ReportMissingDisplay() {
   std::string caption;
   host::HostMessageBox(host::TextMessage(message::kEquipmentDefinition,
                                          host::DefaultText(message::kEquipmentDefinition), caption),
@@ -71,7 +82,7 @@ constexpr std::int32_t kNoIdleMessages = 4;
 void RunDialog(ModuleStateGuard& guard) {
   void* const parent = MainWindow(host::hostFunctions.OrvoGetStructPtr("DLLVARSXX"));
   view::DialogView* const view = guard.ViewForDialog();
-  if (view == nullptr) return TellThatThereIsNoDisplay();
+  if (view == nullptr) return ReportMissingDisplay();
   dialog::CDlgMain dialog(parent, *view);
   dialog.EndModalLoop(dialog.RunModalLoop(kNoIdleMessages));
   dialog.EndDialog(0);
@@ -80,9 +91,9 @@ void RunDialog(ModuleStateGuard& guard) {
 }  // namespace
 
 void mstart() {
-  AtTheDoor(RunDialog);
+  RunExport(RunDialog);
 }
 
 void ReOrgVdm() {
-  AtTheDoor(UpgradeEverySpur);
+  RunExport(UpgradeEverySpur);
 }

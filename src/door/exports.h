@@ -13,6 +13,6 @@ extern "C" {
 VANZET_EXPORT void mstart();
 
 /// Brings the stored definition of every spindle spur up to the current version.
-/// Faults are shown in message boxes; nothing is reported to the caller.
+/// Faults are shown in message boxes; the caller gets no report.
 VANZET_EXPORT void ReOrgVdm();
 }

@@ -9,24 +9,24 @@
 
 namespace vanzet {
 
-/// The module as an object of the process: what survives between two calls of its exports.
+/// The module as an object of the process: the state that survives from one call of its exports to the next.
 class CvanzetApp {
  public:
-  /// Made once, when the module is loaded: from then on matrices of the geometry go to the host's VDMs.
+  /// From now on the geometry keeps matrices in the host's VDMs.
   CvanzetApp() { geometry::UseHostForMatrixVdm(); }
 
   view::ViewChoice views;
 };
 
-/// The one instance, made when the module is loaded.
+/// The only instance, made when the module is loaded, before any export runs.
 extern CvanzetApp theApp;
 
-/// The state of the module while one of its exports runs; the caller's comes back on every way out.
+/// The state of the module while one of its exports runs. The destructor restores the caller's.
 class ModuleStateGuard {
  public:
   ModuleStateGuard() : view_(theApp.views.Choose()), boxes_(view_->Boxes()), files_(view_->Files()) {}
 
-  /// Whoever shows a dialog now; null when nobody can.
+  /// The view that can show a dialog now, or null.
   view::DialogView* ViewForDialog() { return view_->ForDialog(); }
 
  private:

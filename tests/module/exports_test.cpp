@@ -188,7 +188,7 @@ TEST_F(ModuleInAHost, LetsNothingThrownCrossItsDoor) {
               HasSubstr("\"caption\":\"vanzet\",\"text\":\"the host is out of order\",\"type\":48"));
   host.onCall = [](const std::string&) { throw L"of another kind"; };
   Call("ReOrgVdm");
-  EXPECT_THAT(Transcript(), HasSubstr("\"text\":\"something unexpected was thrown\""));
+  EXPECT_THAT(Transcript(), HasSubstr("\"text\":\"internal error (unknown exception)\""));
 }
 
 TEST_F(ModuleInAHost, ClosesTheDefinitionWhenSomethingIsThrownMeanwhile) {
