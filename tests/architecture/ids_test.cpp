@@ -18,7 +18,7 @@ const std::set<std::string> kHeaders = {"view/ids.h", "host/message_ids.h"};
 
 /// Numbers that mean something else than the id of the same value.
 const std::map<std::string, std::set<int>> kOtherMeanings = {
-    {"dialog/picks.cpp", {2048}},  // the host's filter mask of bodies
+    {"dialog/pages/picks.cpp", {2048}},  // the host's filter mask of bodies
 };
 
 /// Shorter numbers are too common to be told apart from ids.

@@ -1,4 +1,4 @@
-#include "dialog/page_clamp_elem_controls.h"
+#include "dialog/pages/clamp_elem_controls.h"
 
 #include "host/message_ids.h"
 #include "view/ids.h"

@@ -1,4 +1,4 @@
-#include "dialog/page_clamp_elem_new.h"
+#include "dialog/pages/clamp_elem_new.h"
 
 #include <algorithm>
 

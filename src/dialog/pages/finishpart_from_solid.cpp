@@ -1,7 +1,7 @@
-#include "dialog/page_finishpart_from_solid.h"
+#include "dialog/pages/finishpart_from_solid.h"
 
 #include "dialog/dlg_main.h"
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/host_functions.h"

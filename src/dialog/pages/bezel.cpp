@@ -1,4 +1,4 @@
-#include "dialog/page_bezel.h"
+#include "dialog/pages/bezel.h"
 
 #include "dialog/data_exchange.h"
 #include "dialog/dlg_main.h"

@@ -1,4 +1,4 @@
-#include "dialog/own_device.h"
+#include "dialog/pages/own_device.h"
 
 #include "host/fields.h"
 #include "store/mill_turn_vdm.h"

@@ -1,11 +1,11 @@
-#include "dialog/page_billet_cylindric.h"
+#include "dialog/pages/billet_cylindric.h"
 
 #include <cmath>
 
 #include "base/numbers.h"
 #include "dialog/dlg_main.h"
 #include "dialog/number_text.h"
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"

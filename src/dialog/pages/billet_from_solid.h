@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/page_billet.h"
+#include "dialog/pages/billet.h"
 
 namespace vanzet::dialog {
 

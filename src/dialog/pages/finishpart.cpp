@@ -1,4 +1,4 @@
-#include "dialog/page_finishpart.h"
+#include "dialog/pages/finishpart.h"
 
 #include "dialog/dlg_main.h"
 #include "dialog/spindle_header.h"

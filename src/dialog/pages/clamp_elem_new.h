@@ -3,7 +3,7 @@
 #include <string>
 
 #include "devices/device_params.h"
-#include "dialog/page.h"
+#include "dialog/pages/page.h"
 
 namespace vanzet::dialog {
 

@@ -1,4 +1,4 @@
-#include "dialog/page_clamp_elem.h"
+#include "dialog/pages/clamp_elem.h"
 
 #include <algorithm>
 
@@ -7,13 +7,13 @@
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
 #include "dialog/dlg_main.h"
-#include "dialog/page_clamp_elem_controls.h"
+#include "dialog/pages/clamp_elem_controls.h"
 #include "dialog/texts.h"
 #include "macro/device_record.h"
 #include "store/clamp_records.h"
 #include "view/ids.h"
 
-// The page's start, its list and what it shows. What it stores: page_clamp_elem_store.cpp.
+// The page's start, its list and what it shows. What it stores: clamp_elem_store.cpp.
 
 namespace vanzet::dialog {
 

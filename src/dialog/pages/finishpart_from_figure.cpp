@@ -1,6 +1,6 @@
-#include "dialog/page_finishpart_from_figure.h"
+#include "dialog/pages/finishpart_from_figure.h"
 
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "host/message_ids.h"
 #include "view/ids.h"

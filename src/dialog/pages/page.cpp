@@ -1,4 +1,4 @@
-#include "dialog/page.h"
+#include "dialog/pages/page.h"
 
 #include "dialog/dlg_main.h"
 #include "dialog/texts.h"

@@ -1,4 +1,4 @@
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 
 #include <array>
 

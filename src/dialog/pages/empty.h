@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/page.h"
+#include "dialog/pages/page.h"
 #include "view/ids.h"
 
 namespace vanzet::dialog {

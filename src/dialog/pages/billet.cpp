@@ -1,7 +1,7 @@
-#include "dialog/page_billet.h"
+#include "dialog/pages/billet.h"
 
 #include "dialog/dlg_main.h"
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "store/datum_records.h"
 #include "view/ids.h"

@@ -1,8 +1,8 @@
-#include "dialog/page_zero_piont_shift.h"
+#include "dialog/pages/zero_piont_shift.h"
 
 #include "dialog/data_exchange.h"
 #include "dialog/dlg_main.h"
-#include "dialog/picks.h"
+#include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "host/message_ids.h"
 #include "store/billet_records.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialog/page_finishpart.h"
+#include "dialog/pages/finishpart.h"
 
 namespace vanzet::dialog {
 

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "dialog/data_exchange.h"
-#include "dialog/page.h"
+#include "dialog/pages/page.h"
 #include "store/finish_part_records.h"
 
 namespace vanzet::dialog {
