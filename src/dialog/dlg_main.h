@@ -29,7 +29,7 @@ namespace vanzet::dialog {
 ///          serve it until OK or its window frame ends it. The definitions' VDMs are the only copies: a page
 ///          reads its record when it comes to the front and writes it when its Select button is pressed.
 ///          Nothing is taken back however the dialog ends; OK adds the simulation data
-class CDlgMain final : public view::Dialog {
+class CDlgMain final : public view::Dialog, public PageOwner {
  public:
   /// `parent` is the host's main window; `view` has to outlive the dialog.
   CDlgMain(void* parent, view::DialogView& view);
@@ -56,27 +56,17 @@ class CDlgMain final : public view::Dialog {
   void Close() override;
 
   // What the pages ask.
-  std::int32_t CurrentSpindle() const { return currentSpindle_; }
-  std::int32_t CurrentDeviceType() const { return currentDeviceType_; }
-
-  /// The index of the spur in the combo; -1 on a machine of one spur, which stands for spur 0.
-  std::int32_t SelectedSpur() const;
-
-  PpDefIni& Machine() { return machine_; }
-  CDevice& Catalogue() { return catalogue_; }
-  EquipmentTree& Tree() { return tree_; }
-
-  /// Reads all records of the spur and marks the nodes anew.
-  void RefreshTreeMarks();
-
-  void SetVisible(bool isVisible);
-  void Focus(std::int32_t control, bool selectsAll);
-
-  /// The dialog's own window, for what stands in front of it.
-  void* Window() { return view_.Window(); }
-
-  /// Tells that the edit of the page in front holds no number, and puts the focus on it.
-  void RefuseNumber(std::int32_t edit);
+  std::int32_t CurrentSpindle() const override { return currentSpindle_; }
+  std::int32_t CurrentDeviceType() const override { return currentDeviceType_; }
+  std::int32_t SelectedSpur() const override;
+  PpDefIni& Machine() override { return machine_; }
+  CDevice& Catalogue() override { return catalogue_; }
+  EquipmentTree& Tree() override { return tree_; }
+  void RefreshTreeMarks() override;
+  void SetVisible(bool isVisible) override;
+  void Focus(std::int32_t control, bool selectsAll) override;
+  void RefuseNumber(std::int32_t edit) override;
+  void* Window() override { return view_.Window(); }
 
  private:
   friend struct Deletion;

@@ -113,6 +113,12 @@ TEST(Arrows, OfADialogAndItsViewsMeetInPlainHeaders) {
   }
 }
 
+TEST(Arrows, OfThePagesDoNotLeadBackToTheDialogAroundThem) {
+  for (const Include& include : IncludesBelow(VANZET_SOURCE_DIR "/src/dialog/pages")) {
+    EXPECT_NE(include.header, "dialog/dlg_main.h") << include.file;
+  }
+}
+
 TEST(Arrows, OfTheViewOnADisplayMeetTheModuleInPlainHeaders) {
   // Of the module the tables of devices are linked into the view's library, and what finds its own folder.
   const std::set<std::string> plain = {

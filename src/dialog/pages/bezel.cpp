@@ -1,7 +1,6 @@
 #include "dialog/pages/bezel.h"
 
 #include "dialog/data_exchange.h"
-#include "dialog/dlg_main.h"
 #include "host/message_ids.h"
 #include "view/ids.h"
 
@@ -27,10 +26,10 @@ constexpr PageTemplate kTemplate = {"CPageBezel", page_template::kBezel, kContro
 
 }  // namespace
 
-CPageBezel::CPageBezel(CDlgMain& dialog) : Page(dialog, kTemplate) {}
+CPageBezel::CPageBezel(PageOwner& owner) : Page(owner, kTemplate) {}
 
 void CPageBezel::OnSetActive() {
-  ReadBezel(dialog_.SelectedSpur(), record_);
+  ReadBezel(owner_.SelectedSpur(), record_);
   FillControls();
 }
 
@@ -48,8 +47,8 @@ void CPageBezel::FillControls() {
 
 void CPageBezel::SelectBezel() {
   if (!UpdateData()) return;
-  WriteBezel(dialog_.SelectedSpur(), record_);
-  dialog_.Tree().MarkBezelNode(record_.isUsed);
+  WriteBezel(owner_.SelectedSpur(), record_);
+  owner_.Tree().MarkBezelNode(record_.isUsed);
 }
 
 }  // namespace vanzet::dialog

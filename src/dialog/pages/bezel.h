@@ -8,7 +8,7 @@ namespace vanzet::dialog {
 /// Whether the steady rest is used.
 class CPageBezel final : public Page {
  public:
-  explicit CPageBezel(CDlgMain& dialog);
+  explicit CPageBezel(PageOwner& owner);
 
   void OnSetActive() override;
   void OnPress(std::int32_t button) override;

@@ -1,6 +1,5 @@
 #include "dialog/pages/billet.h"
 
-#include "dialog/dlg_main.h"
 #include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "store/datum_records.h"
@@ -8,13 +7,13 @@
 
 namespace vanzet::dialog {
 
-BilletPage::BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind)
-    : Page(dialog, page), kind_(kind) {}
+BilletPage::BilletPage(PageOwner& owner, const PageTemplate& page, const Kind& kind)
+    : Page(owner, page), kind_(kind) {}
 
 void BilletPage::OnSetActive() {
-  const std::int32_t spindle = dialog_.CurrentSpindle();
+  const std::int32_t spindle = owner_.CurrentSpindle();
   controls_.SetText(control::kHeader, SpindleHeader(spindle, kind_.title));
-  ReadBillet(dialog_.SelectedSpur(), spindle, record_);
+  ReadBillet(owner_.SelectedSpur(), spindle, record_);
   if (record_.type != kind_.billetType) ClearBilletRecord(record_);
   FillControls();
 }
@@ -28,10 +27,10 @@ void BilletPage::FillControls() {
 }
 
 void BilletPage::Store() {
-  const std::int32_t spur = dialog_.SelectedSpur();
-  const std::int32_t spindle = dialog_.CurrentSpindle();
+  const std::int32_t spur = owner_.SelectedSpur();
+  const std::int32_t spindle = owner_.CurrentSpindle();
   WriteBillet(spur, spindle, record_);
-  dialog_.Tree().MarkBilletNodes(spindle, record_.type);
+  owner_.Tree().MarkBilletNodes(spindle, record_.type);
   DatumRecord datum;
   ReadDatum(spur, datum);
   DrawBillet(record_, spindle, spindle == 1 ? datum.originSub : datum.originMain);

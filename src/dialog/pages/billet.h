@@ -20,7 +20,7 @@ class BilletPage : public Page {
     std::int32_t title;  ///< a message
     std::span<const Field<BilletRecord>> fields;
   };
-  BilletPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);
+  BilletPage(PageOwner& owner, const PageTemplate& page, const Kind& kind);
 
   std::optional<std::int32_t> TakeControls() override;
   void FillControls() override;

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "dialog/dlg_main.h"
 #include "dialog/number_text.h"
 #include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
@@ -78,11 +77,11 @@ const Handler<CPageBilletCylindric> CPageBilletCylindric::kButtons[] = {
     {control::kSelectCylinder, &CPageBilletCylindric::SelectCylindric},
 };
 
-CPageBilletCylindric::CPageBilletCylindric(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kCylindric, message::kBilletCylindric, kFields}) {}
+CPageBilletCylindric::CPageBilletCylindric(PageOwner& owner)
+    : BilletPage(owner, kTemplate, {billet_type::kCylindric, message::kBilletCylindric, kFields}) {}
 
 void CPageBilletCylindric::OnSetActive() {
-  const bool isSub = dialog_.CurrentSpindle() == 1;
+  const bool isSub = owner_.CurrentSpindle() == 1;
   controls_.SetPicture(control::kPicture, isSub ? picture::kBilletSub : picture::kBilletMain);
   controls_.Enable(control::kBarLength, !isSub);
   BilletPage::OnSetActive();
@@ -144,7 +143,7 @@ void CPageBilletCylindric::TakeBack(double BilletRecord::*field, const std::stri
   Notice(text);
   record_.*field = 0;
   FillControls();
-  dialog_.Focus(edit, true);
+  owner_.Focus(edit, true);
 }
 
 }  // namespace vanzet::dialog

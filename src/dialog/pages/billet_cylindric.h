@@ -7,7 +7,7 @@ namespace vanzet::dialog {
 /// A bar or a blank given by numbers.
 class CPageBilletCylindric final : public BilletPage {
  public:
-  explicit CPageBilletCylindric(CDlgMain& dialog);
+  explicit CPageBilletCylindric(PageOwner& owner);
 
   void OnSetActive() override;
   void OnPress(std::int32_t button) override;

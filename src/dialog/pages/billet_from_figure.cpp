@@ -51,8 +51,8 @@ const Handler<CPageBilletFromFigure> CPageBilletFromFigure::kButtons[] = {
     {control::kSelect, &CPageBilletFromFigure::SelectFigure},
 };
 
-CPageBilletFromFigure::CPageBilletFromFigure(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kFromFigures, message::kBilletFromGeometry, kFields}) {}
+CPageBilletFromFigure::CPageBilletFromFigure(PageOwner& owner)
+    : BilletPage(owner, kTemplate, {billet_type::kFromFigures, message::kBilletFromGeometry, kFields}) {}
 
 void CPageBilletFromFigure::OnPress(std::int32_t button) {
   RunHandler<CPageBilletFromFigure>(*this, kButtons, button);

@@ -7,7 +7,7 @@ namespace vanzet::dialog {
 /// A billet drawn as figures.
 class CPageBilletFromFigure final : public BilletPage {
  public:
-  explicit CPageBilletFromFigure(CDlgMain& dialog);
+  explicit CPageBilletFromFigure(PageOwner& owner);
 
   void OnPress(std::int32_t button) override;
 

@@ -58,8 +58,8 @@ const Handler<CPageBilletFromSolid> CPageBilletFromSolid::kButtons[] = {
     {control::kSelect, &CPageBilletFromSolid::SelectSolid},
 };
 
-CPageBilletFromSolid::CPageBilletFromSolid(CDlgMain& dialog)
-    : BilletPage(dialog, kTemplate, {billet_type::kFromSolid, message::kBilletFromSolid, kFields}) {}
+CPageBilletFromSolid::CPageBilletFromSolid(PageOwner& owner)
+    : BilletPage(owner, kTemplate, {billet_type::kFromSolid, message::kBilletFromSolid, kFields}) {}
 
 void CPageBilletFromSolid::OnPress(std::int32_t button) {
   RunHandler<CPageBilletFromSolid>(*this, kButtons, button);

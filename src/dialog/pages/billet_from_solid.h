@@ -7,7 +7,7 @@ namespace vanzet::dialog {
 /// A billet that is a solid of the host.
 class CPageBilletFromSolid final : public BilletPage {
  public:
-  explicit CPageBilletFromSolid(CDlgMain& dialog);
+  explicit CPageBilletFromSolid(PageOwner& owner);
 
   void OnPress(std::int32_t button) override;
 

@@ -6,7 +6,6 @@
 #include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
-#include "dialog/dlg_main.h"
 #include "dialog/pages/clamp_elem_controls.h"
 #include "dialog/texts.h"
 #include "macro/device_record.h"
@@ -23,7 +22,7 @@ const Handler<CPageClampElem> CPageClampElem::kButtons[] = {
     {control::kSelectOwn, &CPageClampElem::OnSelectOwn},
 };
 
-CPageClampElem::CPageClampElem(CDlgMain& dialog) : Page(dialog, kClampElemTemplate) {}
+CPageClampElem::CPageClampElem(PageOwner& owner) : Page(owner, kClampElemTemplate) {}
 
 void CPageClampElem::OnPress(std::int32_t button) {
   RunHandler<CPageClampElem>(*this, kButtons, button);
@@ -45,7 +44,7 @@ void CPageClampElem::FillControls() {
 }
 
 void CPageClampElem::OnSetActive() {
-  deviceKind_ = dialog_.CurrentDeviceType();
+  deviceKind_ = owner_.CurrentDeviceType();
   const std::string name = ReadDevice();
   EnterInCatalogue(name);
   FillList();
@@ -56,15 +55,15 @@ void CPageClampElem::OnSetActive() {
 }
 
 std::string CPageClampElem::ReadDevice() {
-  const std::int32_t spur = dialog_.SelectedSpur();
-  const std::int32_t spindle = dialog_.CurrentSpindle();
+  const std::int32_t spur = owner_.SelectedSpur();
+  const std::int32_t spindle = owner_.CurrentSpindle();
   params_ = {};
   std::string name;
   const devices::Kind* const kind = devices::FindKind(deviceKind_);
   if (kind == &devices::kJaw) {
     ReadJaw(spur, spindle, name, params_);
   } else if (kind == &devices::kCenter) {
-    ReadCenter(spur, dialog_.Machine().IsSubSpindleAvailable(), name, params_);
+    ReadCenter(spur, owner_.Machine().IsSubSpindleAvailable(), name, params_);
   } else if (kind != nullptr) {
     ReadClampDevice(spur, spindle, name, params_);
   }
@@ -78,7 +77,7 @@ void CPageClampElem::EnterInCatalogue(const std::string& name) {
   if (params_.type == 0 || devices::IsOwn(params_.type)) return;
   std::string values;
   PackDeviceParams(params_, values);
-  dialog_.Catalogue().PutDevice(name, values);
+  owner_.Catalogue().PutDevice(name, values);
 }
 
 void CPageClampElem::FillList() {
@@ -86,7 +85,7 @@ void CPageClampElem::FillList() {
   const devices::Kind* const kind = devices::FindKind(deviceKind_);
   if (kind == nullptr) return;
   for (const devices::Device& device : kind->devices) {
-    AddNamesOfType(dialog_.Catalogue(), device.code, controls_, control::kDeviceList);
+    AddNamesOfType(owner_.Catalogue(), device.code, controls_, control::kDeviceList);
   }
 }
 
@@ -95,7 +94,7 @@ void CPageClampElem::ShowJawControls() {
   if (isJaw) {
     bool isInner = false;
     std::int32_t jaws = 0;
-    ReadClampOptions(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), isInner, jaws);
+    ReadClampOptions(owner_.SelectedSpur(), owner_.CurrentSpindle(), isInner, jaws);
     controls_.Check(control::kInnerChucking, isInner);
     controls_.SetSpin(control::kJawSpin, jaws);
   }
@@ -119,7 +118,7 @@ void CPageClampElem::ShowName(const std::string& name) {
 }
 
 void CPageClampElem::OnDeviceChange() {
-  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(control::kDeviceList), params_);
+  TakeCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kDeviceList), params_);
   FillControls();
   ShowDeviceState();
 }

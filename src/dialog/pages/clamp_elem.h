@@ -11,7 +11,7 @@ namespace vanzet::dialog {
 /// kept in a VDM file of its own.
 class CPageClampElem final : public Page {
  public:
-  explicit CPageClampElem(CDlgMain& dialog);
+  explicit CPageClampElem(PageOwner& owner);
 
   void OnSetActive() override;
   void OnPress(std::int32_t button) override;

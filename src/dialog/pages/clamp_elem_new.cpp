@@ -6,7 +6,6 @@
 #include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
-#include "dialog/dlg_main.h"
 #include "dialog/texts.h"
 #include "host/message_ids.h"
 #include "macro/device_record.h"
@@ -58,7 +57,7 @@ const Handler<CPageClampElemNew> CPageClampElemNew::kButtons[] = {
     {control::kDeleteDevice, &CPageClampElemNew::OnDelete},
 };
 
-CPageClampElemNew::CPageClampElemNew(CDlgMain& dialog) : Page(dialog, kTemplate) {}
+CPageClampElemNew::CPageClampElemNew(PageOwner& owner) : Page(owner, kTemplate) {}
 
 void CPageClampElemNew::OnPress(std::int32_t button) {
   RunHandler<CPageClampElemNew>(*this, kButtons, button);
@@ -81,7 +80,7 @@ void CPageClampElemNew::FillControls() {
 
 void CPageClampElemNew::OnSetActive() {
   params_ = {};
-  params_.type = dialog_.CurrentDeviceType();
+  params_.type = owner_.CurrentDeviceType();
   // Devices from a VDM are not made on this page.
   controls_.SetPicture(control::kNewPicture,
                        devices::IsOwn(params_.type) ? picture::kNone : devices::PictureOf(params_.type));
@@ -93,11 +92,11 @@ void CPageClampElemNew::Refill() {
   controls_.Empty(control::kNameList);
   deviceName_.clear();
   FillControls();
-  AddNamesOfType(dialog_.Catalogue(), params_.type, controls_, control::kNameList);
+  AddNamesOfType(owner_.Catalogue(), params_.type, controls_, control::kNameList);
 }
 
 void CPageClampElemNew::OnNameChange() {
-  TakeCatalogueDevice(dialog_.Catalogue(), controls_.Of(control::kNameList), params_);
+  TakeCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kNameList), params_);
   deviceName_ = controls_.Of(control::kNameList).text;
   FillControls();
 }
@@ -106,7 +105,7 @@ void CPageClampElemNew::OnSave() {
   if (!UpdateData() || params_.type == 0 || IsIncomplete()) return;
   std::string values;
   PackDeviceParams(params_, values);
-  SaveDeviceToCatalogue(dialog_.Catalogue(), deviceName_, values, dialog_.Window(), [this] { Refill(); });
+  SaveDeviceToCatalogue(owner_.Catalogue(), deviceName_, values, owner_.Window(), [this] { Refill(); });
 }
 
 bool CPageClampElemNew::IsIncomplete() {
@@ -126,7 +125,7 @@ bool CPageClampElemNew::IsIncomplete() {
 
 void CPageClampElemNew::OnDelete() {
   if (!UpdateData() || deviceName_.empty()) return;
-  DeleteDeviceFromCatalogue(dialog_.Catalogue(), deviceName_, [this] { Refill(); });
+  DeleteDeviceFromCatalogue(owner_.Catalogue(), deviceName_, [this] { Refill(); });
 }
 
 }  // namespace vanzet::dialog

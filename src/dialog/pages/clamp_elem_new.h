@@ -10,7 +10,7 @@ namespace vanzet::dialog {
 /// The shop's catalogue: devices of one type are saved and deleted. No definition is touched.
 class CPageClampElemNew final : public Page {
  public:
-  explicit CPageClampElemNew(CDlgMain& dialog);
+  explicit CPageClampElemNew(PageOwner& owner);
 
   void OnSetActive() override;
   void OnPress(std::int32_t button) override;

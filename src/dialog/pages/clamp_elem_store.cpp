@@ -1,5 +1,4 @@
 #include "devices/kinds.h"
-#include "dialog/dlg_main.h"
 #include "dialog/pages/clamp_elem.h"
 #include "dialog/pages/clamp_elem_controls.h"
 #include "dialog/pages/own_device.h"
@@ -59,7 +58,7 @@ void CPageClampElem::OnBrowse() {
   platform::FileQuestion question;
   question.defaultExtension = "vdm";
   question.suggested = "*.vdm";
-  question.owner = dialog_.Window();
+  question.owner = owner_.Window();
   const auto path = platform::AskForFile(question);
   if (!path) return;
   params_.type = deviceKind_;
@@ -82,7 +81,7 @@ void CPageClampElem::OnSelectOwn() {
   if (devices::kCenter.HasOwn(params_.type)) params_.A = facts->secondValue;
   params_.B = WithoutSign(facts->firstValue);
   SaveDevice(pathText_);
-  ImportDevice(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), dialog_.Machine().IsSubSpindleAvailable(),
+  ImportDevice(owner_.SelectedSpur(), owner_.CurrentSpindle(), owner_.Machine().IsSubSpindleAvailable(),
                collector);
   controls_.Select(control::kDeviceList, -1);
   FillControls();
@@ -92,13 +91,13 @@ void CPageClampElem::OnSelectOwn() {
 void CPageClampElem::SaveDevice(const std::string& name) {
   WriteByType(name);
   WriteOptions();
-  dialog_.RefreshTreeMarks();
+  owner_.RefreshTreeMarks();
 }
 
 void CPageClampElem::WriteByType(const std::string& name) {
-  const std::int32_t spur = dialog_.SelectedSpur();
-  const std::int32_t spindle = dialog_.CurrentSpindle();
-  PpDefIni& machine = dialog_.Machine();
+  const std::int32_t spur = owner_.SelectedSpur();
+  const std::int32_t spindle = owner_.CurrentSpindle();
+  PpDefIni& machine = owner_.Machine();
   if (devices::IsJaw(params_.type)) {
     WriteJaw(spur, spindle, name, params_);
   } else if (devices::IsCenter(params_.type)) {
@@ -112,8 +111,8 @@ void CPageClampElem::WriteByType(const std::string& name) {
 }
 
 void CPageClampElem::WriteOptions() {
-  const std::int32_t spur = dialog_.SelectedSpur();
-  const std::int32_t spindle = dialog_.CurrentSpindle();
+  const std::int32_t spur = owner_.SelectedSpur();
+  const std::int32_t spindle = owner_.CurrentSpindle();
   if (devices::IsJaw(params_.type)) {
     WriteClampOptions(spur, spindle, controls_.Of(control::kInnerChucking).isChecked,
                       controls_.Of(control::kJawSpin).value);

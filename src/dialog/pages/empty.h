@@ -8,7 +8,7 @@ namespace vanzet::dialog {
 /// The page of every node that has nothing to edit.
 class CPageEmpty final : public Page {
  public:
-  explicit CPageEmpty(CDlgMain& dialog) : Page(dialog, kTemplate) {}
+  explicit CPageEmpty(PageOwner& owner) : Page(owner, kTemplate) {}
 
   static constexpr PageTemplate kTemplate = {"CPageEmpty", page_template::kEmpty, {}, {}};
 };

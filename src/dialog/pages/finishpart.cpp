@@ -1,18 +1,17 @@
 #include "dialog/pages/finishpart.h"
 
-#include "dialog/dlg_main.h"
 #include "dialog/spindle_header.h"
 #include "view/ids.h"
 
 namespace vanzet::dialog {
 
-FinishpartPage::FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind)
-    : Page(dialog, page), kind_(kind) {}
+FinishpartPage::FinishpartPage(PageOwner& owner, const PageTemplate& page, const Kind& kind)
+    : Page(owner, page), kind_(kind) {}
 
 void FinishpartPage::OnSetActive() {
-  const std::int32_t spindle = dialog_.CurrentSpindle();
+  const std::int32_t spindle = owner_.CurrentSpindle();
   controls_.SetText(control::kHeader, SpindleHeader(spindle, kind_.title));
-  ReadFinishPart(dialog_.SelectedSpur(), spindle, record_);
+  ReadFinishPart(owner_.SelectedSpur(), spindle, record_);
   if (record_.type != kind_.finishPartType) Clear();
   FillControls();
 }

@@ -20,7 +20,7 @@ class FinishpartPage : public Page {
     std::int32_t title;  ///< a message
     std::span<const Field<FinishPartRecord>> fields;
   };
-  FinishpartPage(CDlgMain& dialog, const PageTemplate& page, const Kind& kind);
+  FinishpartPage(PageOwner& owner, const PageTemplate& page, const Kind& kind);
 
   std::optional<std::int32_t> TakeControls() override;
   void FillControls() override;

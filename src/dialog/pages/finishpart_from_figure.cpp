@@ -43,8 +43,8 @@ const Handler<CPageFinishpartFromFigure> CPageFinishpartFromFigure::kButtons[] =
     {control::kPickFigureInside, &CPageFinishpartFromFigure::PickInside},
 };
 
-CPageFinishpartFromFigure::CPageFinishpartFromFigure(CDlgMain& dialog)
-    : FinishpartPage(dialog, kTemplate,
+CPageFinishpartFromFigure::CPageFinishpartFromFigure(PageOwner& owner)
+    : FinishpartPage(owner, kTemplate,
                      {finish_part_type::kFromFigures, message::kFinishPartFromGeometry, kFields}) {}
 
 void CPageFinishpartFromFigure::OnPress(std::int32_t button) {

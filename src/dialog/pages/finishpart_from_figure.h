@@ -8,7 +8,7 @@ namespace vanzet::dialog {
 /// that is required so.
 class CPageFinishpartFromFigure final : public FinishpartPage {
  public:
-  explicit CPageFinishpartFromFigure(CDlgMain& dialog);
+  explicit CPageFinishpartFromFigure(PageOwner& owner);
 
   void OnPress(std::int32_t button) override;
 

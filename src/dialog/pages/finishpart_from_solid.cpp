@@ -1,6 +1,5 @@
 #include "dialog/pages/finishpart_from_solid.h"
 
-#include "dialog/dlg_main.h"
 #include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "dialog/texts.h"
@@ -42,8 +41,8 @@ const Handler<CPageFinishpartFromSolid> CPageFinishpartFromSolid::kButtons[] = {
     {control::kSelect, &CPageFinishpartFromSolid::SelectFinishSolid},
 };
 
-CPageFinishpartFromSolid::CPageFinishpartFromSolid(CDlgMain& dialog)
-    : FinishpartPage(dialog, kTemplate,
+CPageFinishpartFromSolid::CPageFinishpartFromSolid(PageOwner& owner)
+    : FinishpartPage(owner, kTemplate,
                      {finish_part_type::kFromSolid, message::kFinishPartFromSolid, kFields}) {}
 
 void CPageFinishpartFromSolid::OnPress(std::int32_t button) {
@@ -65,8 +64,8 @@ void CPageFinishpartFromSolid::SelectFinishSolid() {
   if (hostFunctions.OrvoPsGetBodyNumberFromName(record_.solidName) < 1)
     return Refuse(Text(message::kInvalidSolid), control::kSolid);
   record_.type = finish_part_type::kFromSolid;
-  WriteFinishPart(dialog_.SelectedSpur(), dialog_.CurrentSpindle(), record_);
-  dialog_.Tree().MarkFinishPartNodes(dialog_.CurrentSpindle(), record_.type);
+  WriteFinishPart(owner_.SelectedSpur(), owner_.CurrentSpindle(), record_);
+  owner_.Tree().MarkFinishPartNodes(owner_.CurrentSpindle(), record_.type);
 }
 
 }  // namespace vanzet::dialog

@@ -7,7 +7,7 @@ namespace vanzet::dialog {
 /// The finished part as a solid of the host.
 class CPageFinishpartFromSolid final : public FinishpartPage {
  public:
-  explicit CPageFinishpartFromSolid(CDlgMain& dialog);
+  explicit CPageFinishpartFromSolid(PageOwner& owner);
 
   void OnPress(std::int32_t button) override;
 

@@ -1,12 +1,11 @@
 #include "dialog/pages/page.h"
 
-#include "dialog/dlg_main.h"
 #include "dialog/texts.h"
 
 namespace vanzet::dialog {
 
-Page::Page(CDlgMain& dialog, const PageTemplate& page)
-    : dialog_(dialog), controls_(page.controls), page_(page) {}
+Page::Page(PageOwner& owner, const PageTemplate& page)
+    : owner_(owner), controls_(page.controls), page_(page) {}
 
 void Page::Activate() {
   if (!isMade_) OnInitDialog();
@@ -21,21 +20,21 @@ void Page::OnInitDialog() {
 bool Page::UpdateData() {
   const std::optional<std::int32_t> refused = TakeControls();
   if (!refused) return true;
-  dialog_.RefuseNumber(*refused);
+  owner_.RefuseNumber(*refused);
   return false;
 }
 
 void Page::Pick(const std::function<void()>& interaction) {
   if (!UpdateData()) return;
-  dialog_.SetVisible(false);
+  owner_.SetVisible(false);
   interaction();
   FillControls();
-  dialog_.SetVisible(true);
+  owner_.SetVisible(true);
 }
 
 void Page::Refuse(const std::string& text, std::int32_t control) {
   Notice(text);
-  dialog_.Focus(control, false);
+  owner_.Focus(control, false);
 }
 
 }  // namespace vanzet::dialog

@@ -9,10 +9,9 @@
 #include <string_view>
 
 #include "dialog/controls.h"
+#include "dialog/pages/page_owner.h"
 
 namespace vanzet::dialog {
-
-class CDlgMain;
 
 /// A text that a control gets when the window is made.
 struct StartText {
@@ -50,7 +49,7 @@ void RunHandler(PageClass& page, std::span<const Handler<PageClass>> map, std::i
 class Page {
  public:
   /// Both have to outlive the page.
-  Page(CDlgMain& dialog, const PageTemplate& page);
+  Page(PageOwner& owner, const PageTemplate& page);
   virtual ~Page() = default;
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
@@ -84,7 +83,7 @@ class Page {
   /// Shows `text` and puts the focus on `control`.
   void Refuse(const std::string& text, std::int32_t control);
 
-  CDlgMain& dialog_;
+  PageOwner& owner_;
   Controls controls_;
 
  private:

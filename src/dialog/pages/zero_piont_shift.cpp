@@ -1,7 +1,6 @@
 #include "dialog/pages/zero_piont_shift.h"
 
 #include "dialog/data_exchange.h"
-#include "dialog/dlg_main.h"
 #include "dialog/pages/picks.h"
 #include "dialog/spindle_header.h"
 #include "host/message_ids.h"
@@ -63,10 +62,10 @@ const Handler<CPageZeroPiontShift> CPageZeroPiontShift::kButtons[] = {
     {control::kSelect, &CPageZeroPiontShift::SelectDatum},
 };
 
-CPageZeroPiontShift::CPageZeroPiontShift(CDlgMain& dialog) : Page(dialog, kTemplate) {}
+CPageZeroPiontShift::CPageZeroPiontShift(PageOwner& owner) : Page(owner, kTemplate) {}
 
 void CPageZeroPiontShift::OnSetActive() {
-  ReadDatum(dialog_.SelectedSpur(), record_);
+  ReadDatum(owner_.SelectedSpur(), record_);
   FillControls();
 }
 
@@ -114,9 +113,9 @@ void CPageZeroPiontShift::PickOrigin(double DatumRecord::*origin) {
 
 void CPageZeroPiontShift::SelectDatum() {
   if (!UpdateData()) return;
-  const std::int32_t spur = dialog_.SelectedSpur();
+  const std::int32_t spur = owner_.SelectedSpur();
   WriteDatum(spur, record_);
-  dialog_.Tree().MarkDatumNode(record_);
+  owner_.Tree().MarkDatumNode(record_);
   // Both spindles, whatever the machine has.
   BilletRecord billet;
   ReadBillet(spur, 0, billet);

@@ -8,7 +8,7 @@ namespace vanzet::dialog {
 /// Clamping out and origin translation of both spindles, on every machine.
 class CPageZeroPiontShift final : public Page {
  public:
-  explicit CPageZeroPiontShift(CDlgMain& dialog);
+  explicit CPageZeroPiontShift(PageOwner& owner);
 
   void OnSetActive() override;
   void OnPress(std::int32_t button) override;
