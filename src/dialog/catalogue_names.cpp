@@ -11,14 +11,14 @@ void AddNamesOfType(const CDevice& catalogue, std::int32_t type, Controls& contr
   std::vector<std::string> names;
   try {
     catalogue.NamesOfType(type, names);
-  } catch (...) {
+  } catch (const std::out_of_range& error) {
     controls.AddEntries(combo, names);
-    throw;
+    throw OddCatalogue(error.what());
   }
   controls.AddEntries(combo, names);
 }
 
-void TakeCatalogueDevice(const CDevice& catalogue, const view::Control& combo, DeviceParams& params) {
+void ReadCatalogueDevice(const CDevice& catalogue, const view::Control& combo, DeviceParams& params) {
   params = {};
   if (combo.selected < 0) return;
   const std::string& name = combo.items[static_cast<std::size_t>(combo.selected)];

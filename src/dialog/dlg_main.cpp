@@ -1,9 +1,9 @@
 #include "dialog/dlg_main.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "catalogue/catalogue_work.h"
+#include "dialog/catalogue_names.h"
 #include "dialog/dialog_controls.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"
@@ -137,8 +137,8 @@ void CDlgMain::Dispatch(const std::function<void()>& handler) {
   const auto run = [](const std::function<void()>& work) {
     try {
       work();
-    } catch (const std::out_of_range&) {
-      // A catalogue with a name and no values ends the look-up: the lists stay as far as they were filled.
+    } catch (const OddCatalogue&) {
+      // The lists stay as far as they were filled.
     }
   };
   run(handler);

@@ -73,6 +73,12 @@ TEST_F(Owners, OwnDevicesAreChosenInFrontOfTheDialog) {
   EXPECT_EQ(files.asked[0].owner, &view);
 }
 
+TEST_F(Owners, MistakesInAHandlerReachTheCallerOfTheDialog) {
+  dialog::CDlgMain dialog(&world.window, view);
+  host.onMacro = [](const std::string&, const std::string&) { throw std::out_of_range("a mistake"); };
+  EXPECT_THROW(dialog.Press(control::kHelp), std::out_of_range) << "only odd catalogues are expected";
+}
+
 TEST_F(Owners, CataloguesAreChosenInFrontOfTheDialog) {
   host.environment["clampmdb"] = "/no/such.cld";
   host.answers = {platform::answer::kYes, platform::answer::kYes};

@@ -118,7 +118,7 @@ void CPageClampElem::ShowName(const std::string& name) {
 }
 
 void CPageClampElem::OnDeviceChange() {
-  TakeCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kDeviceList), params_);
+  ReadCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kDeviceList), params_);
   FillControls();
   ShowDeviceState();
 }

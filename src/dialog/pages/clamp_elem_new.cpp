@@ -96,7 +96,7 @@ void CPageClampElemNew::Refill() {
 }
 
 void CPageClampElemNew::OnNameChange() {
-  TakeCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kNameList), params_);
+  ReadCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kNameList), params_);
   deviceName_ = controls_.Of(control::kNameList).text;
   FillControls();
 }
