@@ -4,13 +4,13 @@
 #include <cassert>
 #include <utility>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
-#include "dialog/number_text.h"
 
 namespace vanzet::dialog {
 namespace {
 
-view::Control Made(const ControlTemplate& row) {
+view::Control ControlFrom(const ControlTemplate& row) {
   view::Control control;
   control.id = row.id;
   control.kind = row.kind;
@@ -26,8 +26,20 @@ view::Control Made(const ControlTemplate& row) {
 
 }  // namespace
 
+std::string RealText(double value) {
+  constexpr int kDigits = 15;
+  return GeneralText(value, kDigits);
+}
+
+std::optional<double> RealOf(std::string_view text) {
+  if (std::ranges::all_of(text, IsWhiteSpace)) return 0.0;
+  std::string withPoint(text);
+  std::ranges::replace(withPoint, ',', '.');
+  return WholeReal(withPoint);
+}
+
 Controls::Controls(std::span<const ControlTemplate> rows) : rows_(rows) {
-  for (const ControlTemplate& row : rows) controls_.push_back(Made(row));
+  for (const ControlTemplate& row : rows) controls_.push_back(ControlFrom(row));
 }
 
 bool Controls::Has(std::int32_t id) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,6 +28,13 @@ struct ControlTemplate {
   std::int32_t buddy = 0;  ///< the edit that shows a spin's value
 };
 
+/// The text of a real in an edit: "%.15g", with a point under every locale.
+std::string RealText(double value);
+
+/// The real in the text of an edit. An empty text is 0, a decimal comma counts as a point, and blanks around the
+/// number are ignored. Empty when the text is not a finite number.
+std::optional<double> RealOf(std::string_view text);
+
 /// The controls of one window.
 /// Requires: each id that is asked for is in the template, and its control is of the kind meant.
 class Controls {
@@ -45,14 +53,14 @@ class Controls {
   void Check(std::int32_t id, bool isChecked);
   void SetPicture(std::int32_t id, std::int32_t bitmap);
 
-  /// What a person types: a combo has no entry selected then, and a spin follows its edit as long as that
-  /// holds a number in its range.
+  /// Sets a text as if it was typed: a combo has no entry selected then, and a spin follows its edit as long
+  /// as that holds a number in its range.
   void Type(std::int32_t id, const std::string& text);
 
   /// A value out of the spin's range becomes the nearest in it.
   void SetSpin(std::int32_t id, std::int32_t value);
 
-  /// Leaves a combo without entries and without text.
+  /// Removes the entries and the text of a combo.
   void Empty(std::int32_t combo);
   void AddEntries(std::int32_t combo, const std::vector<std::string>& entries);
 

@@ -7,7 +7,6 @@
 #include <variant>
 
 #include "dialog/controls.h"
-#include "dialog/number_text.h"
 
 /// The exchange between the controls of a page and the record it works on, by a table of what is bound to
 /// what.

@@ -4,7 +4,8 @@
 
 #include "catalogue/catalogue_work.h"
 #include "dialog/catalogue_names.h"
-#include "dialog/dialog_controls.h"
+#include "dialog/configuration.h"
+#include "dialog/record_deletion.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"
 #include "host/message_ids.h"
@@ -13,6 +14,18 @@
 
 namespace vanzet::dialog {
 namespace {
+
+// The combo is visible when there are spurs to choose from. The label marks the place of the pages. Cancel is
+// never visible: the window frame cancels.
+constexpr ControlTemplate kControls[] = {
+    {.id = control::kSpurs, .kind = ControlKind::kCombo, .isVisible = false, .isList = true},
+    {.id = control::kPageArea, .kind = ControlKind::kLabel, .isVisible = false},
+    {.id = control::kLoad, .kind = ControlKind::kButton},
+    {.id = control::kSave, .kind = ControlKind::kButton},
+    {.id = control::kOk, .kind = ControlKind::kButton},
+    {.id = control::kCancel, .kind = ControlKind::kButton, .text = "Cancel", .isVisible = false},
+    {.id = control::kHelp, .kind = ControlKind::kButton},
+};
 
 constexpr StartText kStartTexts[] = {
     {control::kOk, message::kOk},
@@ -24,7 +37,7 @@ constexpr StartText kStartTexts[] = {
 }  // namespace
 
 CDlgMain::CDlgMain(void* parent, view::DialogView& view)
-    : parent_(parent), view_(view), controls_(DialogTemplate()) {
+    : parent_(parent), view_(view), controls_(kControls) {
   OnInitDialog();
 }
 
@@ -150,12 +163,39 @@ void CDlgMain::Dispatch(const std::function<void()>& handler) {
   view_.StateChanged(State());
 }
 
+void CDlgMain::OnTreeSelection() {
+  if (selectedNode_ == 0) return;
+  const TreeNodeRow& row = TreeNodeOf(selectedNode_);
+  currentSpindle_ = row.spindle;
+  currentDeviceType_ = row.deviceType;
+  activePage_ = row.page;
+  ActivePage().Activate();
+  Focus(control::kTree, false);
+}
+
+void CDlgMain::OnContextMenu(std::int32_t node) {
+  if (!tree_.Has(node) || !CanDeleteAt(node)) return;
+  const auto chosen = view_.Popup(node, {{command::kDeleteRecord, Text(message::kDeleteRecord)}});
+  if (chosen) posted_.push_back(*chosen);
+  selectedNode_ = node;
+  OnTreeSelection();
+}
+
+void CDlgMain::OnSpurChange() {
+  RefreshTreeMarks();
+  ActivePage().OnSetActive();
+}
+
+void CDlgMain::RefreshTreeMarks() {
+  tree_.MarkRecords(SelectedSpur(), machine_);
+}
+
 void CDlgMain::OnCommand(std::int32_t command) {
   switch (command) {
-    case command::kDeleteRecord: return DeleteNodeRecord();
+    case command::kDeleteRecord: return DeleteRecordAt(selectedNode_, SelectedSpur(), currentSpindle_, tree_);
     case control::kOk: return OnOK();
-    case control::kLoad: return LoadConfiguration();
-    case control::kSave: return SaveConfiguration();
+    case control::kLoad: return OnLoad();
+    case control::kSave: return SaveConfiguration(Window());
     case control::kHelp: return OnHelp();
     default: return;
   }
@@ -169,6 +209,17 @@ Controls* CDlgMain::ControlsWith(std::int32_t control) {
 
 std::int32_t CDlgMain::SelectedSpur() const {
   return controls_.Of(control::kSpurs).selected;
+}
+
+void CDlgMain::OnOK() {
+  CommitDefinitions(machine_);
+  End(view::kClosedByOk);
+}
+
+void CDlgMain::OnLoad() {
+  if (!LoadConfiguration(Window())) return;
+  RefreshTreeMarks();
+  DrawLoadedBillets(SelectedSpur(), currentSpindle_, machine_);
 }
 
 void CDlgMain::OnHelp() {

@@ -13,9 +13,7 @@
 #include "dialog/pages/billet_from_solid.h"
 #include "dialog/pages/clamp_elem.h"
 #include "dialog/pages/clamp_elem_new.h"
-#include "dialog/pages/empty.h"
-#include "dialog/pages/finishpart_from_figure.h"
-#include "dialog/pages/finishpart_from_solid.h"
+#include "dialog/pages/finishpart.h"
 #include "dialog/pages/zero_piont_shift.h"
 #include "dialog/tree_nodes.h"
 #include "machine/pp_def_ini.h"
@@ -69,12 +67,10 @@ class CDlgMain final : public view::Dialog, public PageOwner {
   void* Window() override { return view_.Window(); }
 
  private:
-  friend struct Deletion;
-
   void OnInitDialog();
   void FillSpurs();
 
-  /// Runs a handler and the commands that were posted meanwhile, and tells the view.
+  /// Runs a handler and the commands that were posted meanwhile, and informs the view.
   void Dispatch(const std::function<void()>& handler);
   void OnCommand(std::int32_t command);
   void End(std::int32_t result);
@@ -83,21 +79,8 @@ class CDlgMain final : public view::Dialog, public PageOwner {
   void OnContextMenu(std::int32_t node);
   void OnSpurChange();
   void OnOK();
+  void OnLoad();
   void OnHelp();
-  void LoadConfiguration();
-  void SaveConfiguration();
-  void DeleteNodeRecord();
-
-  void RefreshSpindleMarks(std::int32_t spindle);
-
-  // What DeleteNodeRecord does at a node.
-  void DeleteClampDevice();
-  void DeleteBillet();
-  void DeleteFinishPart();
-  void DeleteDatum();
-
-  // What a loaded definition shows in the host's drawing.
-  void DrawLoadedBillets();
 
   Page& ActivePage() { return *pages_[static_cast<std::size_t>(activePage_)]; }
   Controls* ControlsWith(std::int32_t control);

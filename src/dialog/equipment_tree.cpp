@@ -7,6 +7,8 @@
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
 #include "store/billet_records.h"
+#include "store/clamp_records.h"
+#include "store/datum_records.h"
 #include "store/finish_part_records.h"
 #include "view/ids.h"
 
@@ -110,6 +112,37 @@ void EquipmentTree::MarkBezelNode(std::int32_t flag) {
 void EquipmentTree::MarkDatumNode(const DatumRecord& datum) {
   Mark(node::kDatum, datum.clampingOutMain != 0 || datum.clampingOutSub != 0 || datum.originMain != 0 ||
                          datum.originSub != 0);
+}
+
+void EquipmentTree::MarkRecords(std::int32_t spur, PpDefIni& machine) {
+  MarkSpindle(spur, 0);
+  const bool isSubAvailable = machine.IsSubSpindleAvailable();
+  if (isSubAvailable) MarkSpindle(spur, 1);
+  std::string name;
+  DeviceParams center;
+  DatumRecord datum;
+  BezelRecord bezel;
+  ReadCenter(spur, isSubAvailable, name, center);
+  ReadDatum(spur, datum);
+  ReadBezel(spur, bezel);
+  MarkCenterNode(center.type);
+  MarkBezelNode(bezel.isUsed);
+  MarkDatumNode(datum);
+}
+
+void EquipmentTree::MarkSpindle(std::int32_t spur, std::int32_t spindle) {
+  std::string name;
+  DeviceParams device;
+  DeviceParams jaw;
+  ReadClampDevice(spur, spindle, name, device);
+  ReadJaw(spur, spindle, name, jaw);
+  MarkClampNodes(spindle, device.type, jaw.type);
+  BilletRecord billet;
+  ReadBillet(spur, spindle, billet);
+  MarkBilletNodes(spindle, billet.type);
+  FinishPartRecord finishPart;
+  ReadFinishPart(spur, spindle, finishPart);
+  MarkFinishPartNodes(spindle, finishPart.type);
 }
 
 void EquipmentTree::Mark(std::int32_t id, bool isBold) {

@@ -11,15 +11,19 @@ namespace vanzet::dialog {
 
 /// The tree of what can be defined. A node in bold says that a record of its kind exists.
 ///
-/// A mark of a node that this machine has not does nothing. `spindle` is 1 for the sub spindle, all else is
-/// the main spindle.
+/// Marking a node that this machine does not have does nothing. `spindle` is 1 for the sub spindle; any other
+/// value is the main spindle.
 class EquipmentTree {
  public:
-  /// Puts in what the machine can have. Branches are open, but those below "Create new Clampdevice".
+  /// Adds the nodes of what the machine can have. Branches are open, except those below "Create new
+  /// Clampdevice".
   void Fill(PpDefIni& machine);
 
   const std::vector<view::TreeNode>& Nodes() const { return nodes_; }
   bool Has(std::int32_t id) const;
+
+  /// Reads all records of a spur and marks their nodes.
+  void MarkRecords(std::int32_t spur, PpDefIni& machine);
 
   void MarkClampNodes(std::int32_t spindle, std::int32_t deviceType, std::int32_t jawType);
   void MarkCenterNode(std::int32_t deviceType);
@@ -29,6 +33,7 @@ class EquipmentTree {
   void MarkDatumNode(const DatumRecord& datum);
 
  private:
+  void MarkSpindle(std::int32_t spur, std::int32_t spindle);
   void Mark(std::int32_t id, bool isBold);
 
   std::vector<view::TreeNode> nodes_;

@@ -2,11 +2,11 @@
 
 #include "host/bridge.h"
 #include "host/host_functions.h"
+#include "host/message_ids.h"
 #include "host/messages.h"
 #include "platform/message_box.h"
 
 namespace vanzet::dialog {
-
 namespace {
 
 std::string_view DefaultOf(std::int32_t id, std::string_view given) {
@@ -22,6 +22,12 @@ std::string Text(std::int32_t id, std::string_view defaultText) {
 std::string TextByMessage(std::int32_t id, std::string_view defaultText) {
   std::string text;
   return host::TextMessage(id, DefaultOf(id, defaultText), text);
+}
+
+std::string SpindleHeader(std::int32_t spindle, std::int32_t title) {
+  const std::string name = spindle == 1 ? TextByMessage(message::kSubSpindle, "Sub Spindle")
+                                        : TextByMessage(message::kMainSpindle, "Main Spindle");
+  return name + ": " + TextByMessage(title);
 }
 
 void Notice(const std::string& text) {

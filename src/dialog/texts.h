@@ -14,10 +14,14 @@ std::string Text(std::int32_t id, std::string_view defaultText = {});
 /// The same by host::TextMessage, which passes no default to the host.
 std::string TextByMessage(std::int32_t id, std::string_view defaultText = {});
 
-/// A box with one button in front of the host's window.
+/// The header of a page, such as "Main Spindle: Billet from Solid": the spindle whose record it shows, and the
+/// message of its title.
+std::string SpindleHeader(std::int32_t spindle, std::int32_t title);
+
+/// Shows a box with one button in front of the host's window.
 void Notice(const std::string& text);
 
-/// The text with every `mark` in it replaced.
+/// The text with every occurrence of `mark` replaced.
 std::string Replaced(std::string text, std::string_view mark, std::string_view by);
 
 }  // namespace vanzet::dialog

@@ -1,7 +1,7 @@
 #include "dialog/pages/billet.h"
 
 #include "dialog/pages/picks.h"
-#include "dialog/spindle_header.h"
+#include "dialog/texts.h"
 #include "store/datum_records.h"
 #include "view/ids.h"
 

@@ -2,10 +2,9 @@
 
 #include <cmath>
 
+#include "base/number_text.h"
 #include "base/numbers.h"
-#include "dialog/number_text.h"
 #include "dialog/pages/picks.h"
-#include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"
 #include "host/macro_variables.h"
@@ -53,6 +52,9 @@ constexpr Field<BilletRecord> kFields[] = {
 
 constexpr PageTemplate kTemplate = {"CPageBilletCylindric", page_template::kBilletCylindric, kControls,
                                     kTexts};
+
+/// The digits of a number that replaces "%g" in a text.
+constexpr int kShortDigits = 6;
 
 /// How many decimals a billet's values have, as the host's setting says; 0 without one.
 std::int32_t BilletDecimalPlaces() {
@@ -130,7 +132,8 @@ void CPageBilletCylindric::SelectCylindric() {
 void CPageBilletCylindric::CorrectBarLength() {
   const double least = record_.partLength + record_.frontAllowance + record_.rearAllowance;
   if (record_.barLength <= 0 || record_.barLength >= least) return;
-  TakeBack(&BilletRecord::barLength, Replaced(Text(message::kBarTooShort), "%g", ShortRealText(least)),
+  TakeBack(&BilletRecord::barLength,
+           Replaced(Text(message::kBarTooShort), "%g", GeneralText(least, kShortDigits)),
            control::kBarLength);
 }
 

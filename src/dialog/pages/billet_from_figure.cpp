@@ -1,7 +1,6 @@
 #include "dialog/pages/billet_from_figure.h"
 
 #include "dialog/pages/picks.h"
-#include "dialog/spindle_header.h"
 #include "dialog/texts.h"
 #include "host/message_ids.h"
 #include "view/ids.h"

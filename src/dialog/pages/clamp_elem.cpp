@@ -6,8 +6,8 @@
 #include "devices/kinds.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
-#include "dialog/pages/clamp_elem_controls.h"
 #include "dialog/texts.h"
+#include "host/message_ids.h"
 #include "macro/device_record.h"
 #include "store/clamp_records.h"
 #include "view/ids.h"
@@ -15,6 +15,55 @@
 // The page's start, its list and what it shows. What it stores: clamp_elem_store.cpp.
 
 namespace vanzet::dialog {
+namespace {
+
+// clang-format off
+constexpr ControlTemplate kControls[] = {
+    {.id = control::kDevicePicture,            .kind = ControlKind::kPicture},
+    {.id = control::kDeviceList,         .kind = ControlKind::kCombo,  .isList = true},
+    {.id = control::kLabelA,    .kind = ControlKind::kLabel,  .text = "A"},
+    {.id = control::kEditA,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelB,    .kind = ControlKind::kLabel,  .text = "B"},
+    {.id = control::kEditB,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelC,    .kind = ControlKind::kLabel,  .text = "C"},
+    {.id = control::kEditC,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelD,    .kind = ControlKind::kLabel,  .text = "D"},
+    {.id = control::kEditD,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelE,    .kind = ControlKind::kLabel,  .text = "E"},
+    {.id = control::kEditE,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelF,    .kind = ControlKind::kLabel,  .text = "F"},
+    {.id = control::kEditF,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelG,    .kind = ControlKind::kLabel,  .text = "G"},
+    {.id = control::kEditG,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelH,    .kind = ControlKind::kLabel,  .text = "H"},
+    {.id = control::kEditH,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelI,    .kind = ControlKind::kLabel,  .text = "I"},
+    {.id = control::kEditI,     .kind = ControlKind::kEdit},
+    {.id = control::kLabelJ,    .kind = ControlKind::kLabel,  .text = "J"},
+    {.id = control::kEditJ,     .kind = ControlKind::kEdit},
+    {.id = control::kJawsLabel,          .kind = ControlKind::kLabel},
+    {.id = control::kJawsEdit,           .kind = ControlKind::kEdit,   .text = "3"},
+    {.id = control::kJawSpin,            .kind = ControlKind::kSpin,   .least = 3, .most = 16, .buddy = control::kJawsEdit},
+    {.id = control::kInnerChucking,      .kind = ControlKind::kCheck},
+    {.id = control::kSelectParametric,   .kind = ControlKind::kButton},
+    {.id = control::kPathLabel, .kind = ControlKind::kLabel},
+    {.id = control::kPath,               .kind = ControlKind::kEdit},
+    {.id = control::kBrowse,             .kind = ControlKind::kButton, .text = "..."},
+    {.id = control::kSelectOwn,          .kind = ControlKind::kButton},
+};
+
+constexpr StartText kTexts[] = {
+    {control::kJawsLabel,          message::kJawCount},
+    {control::kInnerChucking,      message::kInnerChucking},
+    {control::kSelectParametric,   message::kSelectParametric},
+    {control::kPathLabel, message::kOwnPath},
+    {control::kSelectOwn,          message::kSelectOwn},
+};
+// clang-format on
+
+constexpr PageTemplate kTemplate = {"CPageClampElem", page_template::kClampElem, kControls, kTexts};
+
+}  // namespace
 
 const Handler<CPageClampElem> CPageClampElem::kButtons[] = {
     {control::kSelectParametric, &CPageClampElem::OnSelectParametric},
@@ -22,7 +71,7 @@ const Handler<CPageClampElem> CPageClampElem::kButtons[] = {
     {control::kSelectOwn, &CPageClampElem::OnSelectOwn},
 };
 
-CPageClampElem::CPageClampElem(PageOwner& owner) : Page(owner, kClampElemTemplate) {}
+CPageClampElem::CPageClampElem(PageOwner& owner) : Page(owner, kTemplate) {}
 
 void CPageClampElem::OnPress(std::int32_t button) {
   RunHandler<CPageClampElem>(*this, kButtons, button);

@@ -1,15 +1,15 @@
 #include "devices/kinds.h"
 #include "dialog/pages/clamp_elem.h"
-#include "dialog/pages/clamp_elem_controls.h"
-#include "dialog/pages/own_device.h"
 #include "dialog/pages/picks.h"
 #include "dialog/texts.h"
+#include "host/fields.h"
 #include "host/macro_variables.h"
 #include "host/message_ids.h"
 #include "macro/device_record.h"
 #include "platform/file_dialog.h"
 #include "store/clamp_records.h"
 #include "store/device_import.h"
+#include "store/mill_turn_vdm.h"
 #include "view/ids.h"
 
 // What the page of what holds the work takes from a person and stores.
@@ -17,6 +17,41 @@
 namespace vanzet::dialog {
 
 namespace {
+
+/// The facts that the file of a prepared device holds.
+struct OwnDeviceFacts {
+  std::int32_t groupCode = 0;
+  std::int32_t deviceClass = 0;
+  double firstValue = 0;
+  double secondValue = 0;
+};
+
+/// Where a device's file keeps its facts.
+constexpr std::int32_t kOperation = 1;
+constexpr std::int32_t kSection = 2;
+
+OwnDeviceFacts FactsFrom(const std::string& item) {
+  OwnDeviceFacts facts;
+  std::size_t position = 0;
+  host::ReadIntField(item, position, facts.groupCode, 0);
+  host::ReadIntField(item, position, facts.deviceClass, 0);
+  host::ReadRealField(item, position, facts.firstValue, 0);
+  host::ReadRealField(item, position, facts.secondValue, 0);
+  return facts;
+}
+
+/// Loads the file into the VDM of that number, the collector, and reads the facts. Empty when it is not a
+/// device's file or the collector cannot be opened. The collector is closed afterwards, with the file in it.
+std::optional<OwnDeviceFacts> LoadOwnDevice(std::uint32_t collector, const std::string& path) {
+  OrvoApi::MillTurnVdm device(collector);
+  if (!device.LoadFromFile(path) || !device.Open()) return std::nullopt;
+  device.OperationSelect(kOperation);
+  device.ItemSeek(kSection, 0);
+  std::string item;
+  device.SingleGet(item);
+  device.Close();
+  return FactsFrom(item);
+}
 
 /// The jaws that are stored with a device that fixes how the spindle clamps.
 constexpr std::int32_t kFixedJaws = 3;

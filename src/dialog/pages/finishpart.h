@@ -34,4 +34,33 @@ class FinishpartPage : public Page {
   const Kind kind_;
 };
 
+/// The finished part as figures. Figures can be picked, but the button that would store them has no handler:
+/// that is required so.
+class CPageFinishpartFromFigure final : public FinishpartPage {
+ public:
+  explicit CPageFinishpartFromFigure(PageOwner& owner);
+
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageFinishpartFromFigure> kButtons[];
+
+  void PickOutside();
+  void PickInside();
+};
+
+/// The finished part as a solid of the host.
+class CPageFinishpartFromSolid final : public FinishpartPage {
+ public:
+  explicit CPageFinishpartFromSolid(PageOwner& owner);
+
+  void OnPress(std::int32_t button) override;
+
+ private:
+  static const Handler<CPageFinishpartFromSolid> kButtons[];
+
+  void PickFinishSolid();
+  void SelectFinishSolid();
+};
+
 }  // namespace vanzet::dialog

@@ -10,6 +10,7 @@
 
 #include "dialog/controls.h"
 #include "dialog/pages/page_owner.h"
+#include "view/ids.h"
 
 namespace vanzet::dialog {
 
@@ -89,6 +90,15 @@ class Page {
  private:
   const PageTemplate& page_;
   bool isMade_ = false;
+};
+
+/// The page of every node that has nothing to edit.
+class CPageEmpty final : public Page {
+ public:
+  explicit CPageEmpty(PageOwner& owner) : Page(owner, kTemplate) {}
+
+ private:
+  static constexpr PageTemplate kTemplate = {"CPageEmpty", page_template::kEmpty, {}, {}};
 };
 
 }  // namespace vanzet::dialog

@@ -2,7 +2,6 @@
 
 #include "dialog/data_exchange.h"
 #include "dialog/pages/picks.h"
-#include "dialog/spindle_header.h"
 #include "host/message_ids.h"
 #include "store/billet_records.h"
 #include "view/ids.h"
