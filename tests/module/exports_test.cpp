@@ -123,7 +123,7 @@ TEST_F(ModuleInAHost, ServesTheDialogFromTheScript) {
   host.structure = variables;
   WriteBytes(folder / "script.txt", "select 8\n");
   Call("mstart");
-  EXPECT_THAT(Transcript(), HasSubstr("there is no node '8' in the tree"));
+  EXPECT_THAT(Transcript(), HasSubstr("node '8' is not in the tree"));
   EXPECT_THAT(Transcript(), testing::EndsWith("{\"event\":\"closed\",\"by\":\"close\"}\n"));
   WriteBytes(folder / "script.txt", "select 19\nset 2022 80\nset 2023 100\npress 2016\npress 1\n");
   Call("ReOrgVdm");

@@ -32,7 +32,7 @@ TEST_F(ViewLibrary, ThatIsMissingIsToldByItsName) {
 }
 
 TEST_F(ViewLibrary, OfSomethingElseIsRefused) {
-  EXPECT_EQ(Refusal("libm.so.6"), "libm.so.6: it is no library of a view");
+  EXPECT_EQ(Refusal("libm.so.6"), "libm.so.6: not a library of a view");
 }
 
 TEST_F(ViewLibrary, OfAnotherVersionIsRefused) {

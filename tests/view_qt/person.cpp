@@ -53,7 +53,7 @@ Result<void> Person::Do(const ScriptLine& line) {
 
 Result<void> Person::Select(const ScriptLine& line) {
   const QRect place = Place(line[1].text);
-  if (place.isNull()) return Fault{"there is no node '" + line[1].text + "' in the tree"};
+  if (place.isNull()) return Fault{"node '" + line[1].text + "' is not in the tree"};
   view::qt::TreePanel& tree = window_.Tree();
   // A node that is selected has to be left to be selected again.
   const QTreeWidgetItem* const item = tree.itemAt(place.center());
@@ -64,14 +64,14 @@ Result<void> Person::Select(const ScriptLine& line) {
 
 Result<void> Person::Context(const ScriptLine& line) {
   const QRect place = Place(line[1].text);
-  if (place.isNull()) return Fault{"there is no node '" + line[1].text + "' in the tree"};
+  if (place.isNull()) return Fault{"node '" + line[1].text + "' is not in the tree"};
   responder_.entry = line.size() == 3 ? std::stoi(line[2].text) : 0;
   QWidget& viewport = *window_.Tree().viewport();
   QTest::mouseClick(window_.windowHandle(), Qt::RightButton, Qt::NoModifier,
                     viewport.mapTo(&window_, place.center()));
   if (responder_.entry == 0) return {};
   responder_.entry = 0;
-  return Fault{"node " + line[1].text + " offers no command " + line[2].text};
+  return Fault{"node " + line[1].text + " does not offer command " + line[2].text};
 }
 
 Result<void> Person::Set(const ScriptLine& line) {
@@ -97,14 +97,14 @@ Result<void> Person::Choose(const ScriptLine& line) {
   const auto widget = Reach(line[1].text);
   if (!widget) return widget.fault();
   auto* const combo = qobject_cast<QComboBox*>(*widget);
-  if (combo == nullptr) return Fault{"control " + line[1].text + " is no combo"};
+  if (combo == nullptr) return Fault{"control " + line[1].text + " is not a combo"};
   const QString text = QString::fromStdString(line[2].text);
   bool isNumber = false;
   int index = text.toInt(&isNumber);
   if (line[2].isQuoted || !isNumber) index = combo->findText(text);
   const bool isThere = index >= -1 && index < combo->count() && (index >= 0 || !line[2].isQuoted);
   if (!isThere) {
-    return Fault{"there is no entry '" + line[2].text + "' among the " + std::to_string(combo->count())};
+    return Fault{"'" + line[2].text + "' is not one of the " + std::to_string(combo->count()) + " entries"};
   }
   ChooseEntry(*combo, index);
   return {};
@@ -114,14 +114,14 @@ Result<void> Person::Press(const ScriptLine& line) {
   const auto widget = Reach(line[1].text);
   if (!widget) return widget.fault();
   auto* const button = qobject_cast<QPushButton*>(*widget);
-  if (button == nullptr) return Fault{"control " + line[1].text + " is no button"};
+  if (button == nullptr) return Fault{"control " + line[1].text + " is not a button"};
   QTest::mouseClick(button, Qt::LeftButton);
   return {};
 }
 
 Result<QWidget*> Person::Reach(const std::string& id) const {
   QWidget* const widget = window_.WidgetOf(std::stoi(id));
-  if (widget == nullptr) return Fault{"there is no control '" + id + "'"};
+  if (widget == nullptr) return Fault{"unknown control '" + id + "'"};
   if (!widget->isVisibleTo(&window_)) return Fault{"control " + id + " is hidden"};
   if (!widget->isEnabled()) return Fault{"control " + id + " is disabled"};
   return widget;

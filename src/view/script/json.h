@@ -7,10 +7,10 @@
 /// JSON on one line, keys in the order in which they are given.
 namespace vanzet::view {
 
-/// The text as a JSON string, quotes included. Bytes that are no UTF-8 become U+FFFD.
+/// The text as a JSON string, quotes included. Bytes that are not UTF-8 become U+FFFD.
 std::string JsonString(std::string_view text);
 
-/// The members of an object, or the elements of an array, as they come.
+/// Builds the members of an object or the elements of an array.
 class JsonList {
  public:
   /// A member whose value is JSON already.

@@ -39,7 +39,7 @@ class Words {
       }
       const char escaped = at_ + 1 < line_.size() ? line_[at_ + 1] : '\0';
       if (escaped != '"' && escaped != '\\' && escaped != 'n') {
-        return FaultAt(at_, "a backslash in quotes stands before \", \\ or n");
+        return FaultAt(at_, "unknown escape in quotes: expected \\\", \\\\ or \\n");
       }
       word += escaped == 'n' ? '\n' : escaped;
       at_ += 2;
@@ -47,7 +47,7 @@ class Words {
     if (at_ == line_.size()) return FaultAt(start, "the closing quote is missing");
     ++at_;
     if (at_ < line_.size() && !IsBlank(line_[at_]) && line_[at_] != '#') {
-      return FaultAt(at_, "a blank is missing behind the closing quote");
+      return FaultAt(at_, "expected a blank after the closing quote");
     }
     return ScriptWord{word, true};
   }
@@ -65,9 +65,8 @@ class Words {
 Result<ScriptLine> ScriptWords(std::string_view line) {
   ScriptLine words;
   for (Words walk(line); !walk.AtEnd();) {
-    Result<ScriptWord> word = walk.Next();
-    if (!word) return word.fault();
-    words.push_back(std::move(*word));
+    VANZET_TRY(ScriptWord word, walk.Next());
+    words.push_back(std::move(word));
   }
   return words;
 }
@@ -76,7 +75,12 @@ Result<ScriptLine> ScriptReader::Next() {
   for (std::string line; std::getline(text_, line);) {
     ++lineNumber_;
     auto words = ScriptWords(line);
-    if (!words) return Fault{words.fault().text, "", lineNumber_, words.fault().column};
+    if (!words) {
+      Fault fault = words.fault();
+      fault.line = lineNumber_;
+      fault.source = line;
+      return fault;
+    }
     if (!words->empty()) return words;
   }
   return ScriptLine();

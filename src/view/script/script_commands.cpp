@@ -9,7 +9,7 @@
 namespace vanzet::view {
 namespace {
 
-/// The control of a word, if a person could reach it now.
+/// The control of a word. Fails when it does not exist or cannot be used now.
 Result<const Control*> ControlIn(const DialogState& state, const ScriptWord& word) {
   const std::optional<std::int32_t> id = WholeInteger(word.text);
   const Control* found = nullptr;
@@ -18,16 +18,15 @@ Result<const Control*> ControlIn(const DialogState& state, const ScriptWord& wor
       if (id && control.id == *id) found = &control;
     }
   }
-  if (found == nullptr) return Fault{"there is no control '" + word.text + "'"};
+  if (found == nullptr) return Fault{"unknown control '" + word.text + "'"};
   if (!found->isVisible) return Fault{"control " + word.text + " is hidden"};
   if (!found->isEnabled) return Fault{"control " + word.text + " is disabled"};
   return found;
 }
 
 Result<void> Select(Dialog& dialog, const ScriptLine& line) {
-  const auto node = NodeIn(dialog.State(), line[1]);
-  if (!node) return node.fault();
-  dialog.SelectNode(*node);
+  VANZET_TRY(const std::int32_t node, NodeIn(dialog.State(), line[1]));
+  dialog.SelectNode(node);
   return {};
 }
 
@@ -48,43 +47,39 @@ Result<void> SetSpin(Dialog& dialog, const Control& control, const std::string& 
 }
 
 Result<void> Set(Dialog& dialog, const ScriptLine& line) {
-  const auto control = ControlIn(dialog.State(), line[1]);
-  if (!control) return control.fault();
+  VANZET_TRY(const Control* const control, ControlIn(dialog.State(), line[1]));
   const std::string& value = line[2].text;
-  switch ((*control)->kind) {
+  switch (control->kind) {
     case ControlKind::kEdit:
-    case ControlKind::kCombo: dialog.SetText((*control)->id, value); return {};
-    case ControlKind::kCheck: return SetCheck(dialog, **control, value);
-    case ControlKind::kSpin: return SetSpin(dialog, **control, value);
+    case ControlKind::kCombo: dialog.SetText(control->id, value); return {};
+    case ControlKind::kCheck: return SetCheck(dialog, *control, value);
+    case ControlKind::kSpin: return SetSpin(dialog, *control, value);
     default: return Fault{"control " + line[1].text + " takes no value"};
   }
 }
 
-/// The index of an entry: a number that stands without quotes, or the entry's exact text.
+/// The index of an entry: a number without quotes, or the entry's exact text.
 Result<std::int32_t> EntryOf(const Control& combo, const ScriptWord& word) {
   const auto count = static_cast<std::int32_t>(combo.items.size());
   const std::optional<std::int32_t> index = word.isQuoted ? std::nullopt : WholeInteger(word.text);
   if (index && *index >= -1 && *index < count) return *index;
   const auto entry = std::ranges::find(combo.items, word.text);
   if (!index && entry != combo.items.end()) return static_cast<std::int32_t>(entry - combo.items.begin());
-  return Fault{"there is no entry '" + word.text + "' among the " + std::to_string(count)};
+  return Fault{"'" + word.text + "' is not one of the " + std::to_string(count) + " entries"};
 }
 
 Result<void> Choose(Dialog& dialog, const ScriptLine& line) {
-  const auto control = ControlIn(dialog.State(), line[1]);
-  if (!control) return control.fault();
-  if ((*control)->kind != ControlKind::kCombo) return Fault{"control " + line[1].text + " is no combo"};
-  const auto entry = EntryOf(**control, line[2]);
-  if (!entry) return entry.fault();
-  dialog.Choose((*control)->id, *entry);
+  VANZET_TRY(const Control* const control, ControlIn(dialog.State(), line[1]));
+  if (control->kind != ControlKind::kCombo) return Fault{"control " + line[1].text + " is not a combo"};
+  VANZET_TRY(const std::int32_t entry, EntryOf(*control, line[2]));
+  dialog.Choose(control->id, entry);
   return {};
 }
 
 Result<void> Press(Dialog& dialog, const ScriptLine& line) {
-  const auto control = ControlIn(dialog.State(), line[1]);
-  if (!control) return control.fault();
-  if ((*control)->kind != ControlKind::kButton) return Fault{"control " + line[1].text + " is no button"};
-  dialog.Press((*control)->id);
+  VANZET_TRY(const Control* const control, ControlIn(dialog.State(), line[1]));
+  if (control->kind != ControlKind::kButton) return Fault{"control " + line[1].text + " is not a button"};
+  dialog.Press(control->id);
   return {};
 }
 
@@ -95,15 +90,15 @@ Result<void> Close(Dialog& dialog, const ScriptLine& /*line*/) {
 
 struct Command {
   std::string_view word;
-  std::string_view arguments;  ///< as a fault tells them
-  std::size_t words;           ///< with its own
+  std::string_view arguments;  ///< for faults
+  std::size_t words;           ///< with the command itself
   Result<void> (*run)(Dialog&, const ScriptLine&);
 };
 
 // clang-format off
 constexpr Command kCommands[] = {
     {"choose", "CONTROL N or CONTROL \"TEXT\"", 3, Choose},
-    {"close",  "nothing behind it",             1, Close},
+    {"close",  "no arguments",                  1, Close},
     {"press",  "CONTROL",                       2, Press},
     {"select", "ID",                            2, Select},
     {"set",    "CONTROL VALUE",                 3, Set},
@@ -115,7 +110,7 @@ constexpr Command kCommands[] = {
 Result<std::int32_t> NodeIn(const DialogState& state, const ScriptWord& word) {
   const std::optional<std::int32_t> id = WholeInteger(word.text);
   if (!id || std::ranges::find(state.tree, *id, &TreeNode::id) == state.tree.end()) {
-    return Fault{"there is no node '" + word.text + "' in the tree"};
+    return Fault{"node '" + word.text + "' is not in the tree"};
   }
   return *id;
 }

@@ -6,11 +6,10 @@
 
 namespace vanzet::view {
 
-/// Does one line on an open dialog: select, set, choose, press, close. A line that cannot be done does
-/// nothing, and the fault tells why.
+/// Runs one line on an open dialog: select, set, choose, press or close. A line that fails changes nothing.
 Result<void> RunOnDialog(Dialog& dialog, const ScriptLine& line);
 
-/// The id of a node that is in the tree, from a word of a script.
+/// The id in a word of a script. Fails when the tree does not have that node.
 Result<std::int32_t> NodeIn(const DialogState& state, const ScriptWord& word);
 
 }  // namespace vanzet::view

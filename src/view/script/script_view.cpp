@@ -22,7 +22,7 @@ constexpr AnswerWord kAnswerWords[] = {
     {"cancel", platform::answer::kCancel},
 };
 
-/// The front of a queue, taken off; nothing when it is empty.
+/// Removes the front of a queue and returns it; empty when the queue is.
 template <class T>
 std::optional<T> Take(std::deque<T>& queue) {
   if (queue.empty()) return std::nullopt;
@@ -36,7 +36,7 @@ std::optional<T> Take(std::deque<T>& queue) {
 /// A command of the script that is not for the dialog alone.
 struct ScriptView::Command {
   std::string_view word;
-  bool isLeading;  ///< may stand before the dialog starts; then there is none
+  bool isLeading;  ///< also allowed before the dialog starts
   Result<void> (ScriptView::*run)(Dialog*, const ScriptLine&);
 };
 
@@ -146,22 +146,21 @@ Result<void> ScriptView::File(Dialog* /*dialog*/, const ScriptLine& line) {
 }
 
 Result<void> ScriptView::State(Dialog* dialog, const ScriptLine& line) {
-  if (line.size() != 1) return Fault{"'state' takes nothing behind it"};
+  if (line.size() != 1) return Fault{"'state' takes no arguments"};
   transcript_->State(dialog->State());
   return {};
 }
 
 Result<void> ScriptView::Context(Dialog* dialog, const ScriptLine& line) {
   if (line.size() != 2 && line.size() != 3) return Fault{"'context' takes ID or ID COMMAND"};
-  const auto node = NodeIn(dialog->State(), line[1]);
-  if (!node) return node.fault();
+  VANZET_TRY(const std::int32_t node, NodeIn(dialog->State(), line[1]));
   if (line.size() == 3) {
     wanted_ = WholeInteger(line[2].text);
-    if (!wanted_) return Fault{"'" + line[2].text + "' is no command"};
+    if (!wanted_) return Fault{"'" + line[2].text + "' is not a command"};
   }
-  dialog->ContextAt(*node);
+  dialog->ContextAt(node);
   if (std::exchange(wanted_, std::nullopt)) {
-    return Fault{"node " + line[1].text + " offers no command " + line[2].text};
+    return Fault{"node " + line[1].text + " does not offer command " + line[2].text};
   }
   return {};
 }

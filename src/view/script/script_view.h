@@ -13,19 +13,18 @@
 
 namespace vanzet::view {
 
-/// Serves a person's part from a script, and writes what happens to a transcript: docs/formats/script.md.
+/// Plays the user from a script, and writes what happens to a transcript: docs/formats/script.md.
 ///
-/// Boxes    a question takes the next queued answer; without one it gets No. A box with one button is
-/// answered
-///          OK and uses up nothing
-/// Files    a file dialog takes the next queued result; without one it is cancelled
-/// Errors   a line that cannot be done is an event of the transcript, and closes the dialog
+/// Boxes    a question takes the next queued answer, or gets No without one. A box with one button is answered
+///          OK and takes none
+/// Files    a file dialog takes the next queued result, or is cancelled without one
+/// Errors   a line that fails is an event of the transcript, and closes the dialog
 class ScriptView final : public View,
                          public platform::BoxPresenter,
                          public platform::FilePresenter,
                          public DialogView {
  public:
-  /// Queues the answers and files that stand before all other commands of the script.
+  /// Queues the answers and files at the head of the script, before all other commands.
   ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript);
 
   platform::BoxPresenter& Boxes() override { return *this; }
@@ -35,7 +34,7 @@ class ScriptView final : public View,
   std::int32_t Present(const platform::MessageBox& message) override;
   std::optional<std::string> Choose(const platform::FileQuestion& question) override;
 
-  /// Does the lines of the script that are left.
+  /// Runs the remaining lines of the script.
   std::int32_t Serve(Dialog& dialog, void* parent, std::int32_t flags) override;
   void StateChanged(const DialogState& /*state*/) override {}
   void SetVisible(bool isVisible) override;
@@ -51,7 +50,7 @@ class ScriptView final : public View,
   void QueueLeadingLines();
   void Refuse(const Fault& fault);
 
-  /// Does the line that was read last, and reads the next one.
+  /// Runs the line that was read last, and reads the next one.
   void Step(Dialog& dialog);
   Result<void> Run(Dialog& dialog, const ScriptLine& line);
 
@@ -64,8 +63,8 @@ class ScriptView final : public View,
   std::shared_ptr<Transcript> transcript_;
   std::ifstream text_;
   ScriptReader script_{text_};
-  ScriptLine line_;         ///< the one read last, not done yet; without words at the end
-  bool isRefused_ = false;  ///< a line could not be read or done: the dialog closes
+  ScriptLine line_;         ///< the line read last, not run yet; without words at the end
+  bool isRefused_ = false;  ///< a line failed: the dialog closes
   std::deque<std::int32_t> answers_;
   std::deque<std::optional<std::string>> files_;
   std::optional<std::int32_t> wanted_;  ///< the command to choose from the next popup

@@ -14,12 +14,12 @@
 
 namespace vanzet::view {
 
-/// What happened while a script served, one JSON object a line, each line flushed: a program that dies
-/// leaves what it got to. The forms: docs/formats/script.md.
+/// The events of a script, one JSON object a line. Each line is flushed, so that a crash keeps the lines before
+/// it. The forms: docs/formats/script.md.
 class Transcript {
  public:
-  /// Writes to the file, from its start; to standard output when the name is empty or the file cannot be
-  /// written, which standard error then tells.
+  /// Writes to the file, from its start. Writes to standard output when the name is empty, or when the file
+  /// cannot be written, which is reported on standard error.
   explicit Transcript(const std::string& file);
 
   void Box(const platform::MessageBox& message, std::int32_t answer);
@@ -30,7 +30,7 @@ class Transcript {
   void State(const DialogState& state);
   void Closed(std::string_view by);
 
-  /// `line` is that of the script, 0 when no line is to blame.
+  /// `line` is that of the script; 0 when the failure belongs to no line.
   void Error(int line, std::string_view text);
 
  private:
