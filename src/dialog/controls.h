@@ -19,7 +19,7 @@ struct ControlTemplate {
   std::int32_t id;
   ControlKind kind;
   std::string_view text = {};     ///< the same in every language
-  std::string_view caption = {};  ///< the letter beside an edit
+  std::string_view caption = {};  ///< the letter next to an edit
   bool isVisible = true;
   bool isList = false;      ///< a combo without an edit
   std::int32_t bitmap = 0;  ///< of a picture that is always the same
@@ -31,8 +31,8 @@ struct ControlTemplate {
 /// The text of a real in an edit: "%.15g", with a point under every locale.
 std::string RealText(double value);
 
-/// The real in the text of an edit. An empty text is 0, a decimal comma counts as a point, and blanks around the
-/// number are ignored. Empty when the text is not a finite number.
+/// The real in the text of an edit. An empty text is 0, a decimal comma counts as a point, and blanks around
+/// the number are ignored. Empty when the text is not a finite number.
 std::optional<double> RealOf(std::string_view text);
 
 /// The controls of one window.
@@ -64,7 +64,7 @@ class Controls {
   void Empty(std::int32_t combo);
   void AddEntries(std::int32_t combo, const std::vector<std::string>& entries);
 
-  /// Selects an entry, or none where there is no such index; the combo's text follows.
+  /// Selects an entry, or none when the index does not exist. The combo's text follows.
   void Select(std::int32_t combo, std::int32_t index);
 
  private:

@@ -8,8 +8,7 @@
 
 #include "dialog/controls.h"
 
-/// The exchange between the controls of a page and the record it works on, by a table of what is bound to
-/// what.
+/// The exchange between the controls of a page and the record that it works on, by a table of fields.
 namespace vanzet::dialog {
 
 /// A control and the field that it is bound to: edits to reals and texts, check boxes to flags.
@@ -20,7 +19,7 @@ struct Field {
       member;
 };
 
-/// How one control takes up a value, and how the value is read from it; false when it holds none.
+/// Puts a value into a control, and reads it from there. Read returns false when the control holds none.
 void Show(Controls& controls, std::int32_t edit, double value);
 void Show(Controls& controls, std::int32_t edit, const std::string& value);
 void Show(Controls& controls, std::int32_t check, std::uint8_t value);  ///< ticked for exactly 1
@@ -37,8 +36,8 @@ void ShowRecord(Controls& controls, std::span<const Field<Record>> fields, const
   }
 }
 
-/// Reads all fields into the record. The edit that holds no number where one has to be, else nothing; the
-/// record changes only when all could be read.
+/// Reads all fields into the record. Returns the edit that does not hold a number where one is required, and
+/// leaves the record as it is then.
 template <class Record>
 std::optional<std::int32_t> ReadRecord(const Controls& controls, std::span<const Field<Record>> fields,
                                        Record& record) {

@@ -23,10 +23,10 @@ namespace vanzet::dialog {
 
 /// The dialog "Equipment Definition": state, and events by the ids of its controls.
 ///
-/// Story    construction starts it up: texts, catalogue, machine, tree, marks. RunModalLoop then has a view
-///          serve it until OK or its window frame ends it. The definitions' VDMs are the only copies: a page
-///          reads its record when it comes to the front and writes it when its Select button is pressed.
-///          Nothing is taken back however the dialog ends; OK adds the simulation data
+/// Story    The constructor starts it: texts, catalogue, machine, tree, marks. RunModalLoop then has a view
+///          serve it until OK or the window frame ends it. The definitions' VDMs are the only copies: a page
+///          reads its record when it becomes active and writes it when its Select button is pressed. Nothing
+///          is undone, however the dialog ends; OK adds the simulation data
 class CDlgMain final : public view::Dialog, public PageOwner {
  public:
   /// `parent` is the host's main window; `view` has to outlive the dialog.
@@ -35,12 +35,12 @@ class CDlgMain final : public view::Dialog, public PageOwner {
   CDlgMain(const CDlgMain&) = delete;
   CDlgMain& operator=(const CDlgMain&) = delete;
 
-  /// Has the view serve the dialog; the result that it was closed with.
+  /// Has the view serve the dialog. Returns the result that it was closed with.
   std::int32_t RunModalLoop(std::int32_t flags);
   void EndModalLoop(std::int32_t result);
   void EndDialog(std::int32_t result);
 
-  // What a view sends.
+  // The events of a view.
   const view::DialogState& State() override;
   bool IsOpen() const override { return isOpen_; }
   std::int32_t Result() const override { return result_; }
@@ -53,7 +53,7 @@ class CDlgMain final : public view::Dialog, public PageOwner {
   void Press(std::int32_t button) override;
   void Close() override;
 
-  // What the pages ask.
+  // The questions and requests of the pages.
   std::int32_t CurrentSpindle() const override { return currentSpindle_; }
   std::int32_t CurrentDeviceType() const override { return currentDeviceType_; }
   std::int32_t SelectedSpur() const override;

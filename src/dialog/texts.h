@@ -14,8 +14,8 @@ std::string Text(std::int32_t id, std::string_view defaultText = {});
 /// The same by host::TextMessage, which passes no default to the host.
 std::string TextByMessage(std::int32_t id, std::string_view defaultText = {});
 
-/// The header of a page, such as "Main Spindle: Billet from Solid": the spindle whose record it shows, and the
-/// message of its title.
+/// The header of a page, such as "Main Spindle: Billet from Solid": the spindle whose record it shows, and
+/// the message of its title.
 std::string SpindleHeader(std::int32_t spindle, std::int32_t title);
 
 /// Shows a box with one button in front of the host's window.

@@ -23,7 +23,7 @@ enum class PageId {
 };
 inline constexpr std::size_t kPages = 10;
 
-/// What a machine has to have for a node to be there.
+/// The equipment that a machine needs for a node to be in the tree.
 enum class NeedsOf { kNothing, kSubSpindle, kTailStock, kLun };
 
 /// A node of the equipment tree, and what its selection means.
@@ -43,10 +43,10 @@ struct TreeNodeRow {
   std::int32_t SelectedBitmap() const { return parent == node::kNone ? bitmap : icon::Selected(bitmap); }
 };
 
-/// All nodes, by id; parents stand before their children.
+/// All nodes, by id; parents precede their children.
 std::span<const TreeNodeRow> TreeNodes();
 
-/// The row of a node. Requires: there is one.
+/// The row of a node. Requires: the node exists.
 const TreeNodeRow& TreeNodeOf(std::int32_t id);
 
 }  // namespace vanzet::dialog

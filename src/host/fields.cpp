@@ -9,14 +9,14 @@
 namespace vanzet::host {
 namespace {
 
-std::size_t BehindWhiteSpace(const std::string& text, std::size_t position) {
+std::size_t AfterWhiteSpace(const std::string& text, std::size_t position) {
   position = std::min(position, text.size());
   while (position < text.size() && IsWhiteSpace(text[position])) ++position;
   return position;
 }
 
 template <class Number, class Out>
-std::size_t Take(const std::optional<Prefix<Number>>& number, Out& out) {
+std::size_t Assign(const std::optional<Prefix<Number>>& number, Out& out) {
   if (!number) return 0;
   out = static_cast<Out>(number->value);
   return number->used;
@@ -26,7 +26,7 @@ std::size_t Take(const std::optional<Prefix<Number>>& number, Out& out) {
 template <class Out>
 std::size_t ReadField(std::size_t (*parse)(const std::string&, Out&), const std::string& text,
                       std::size_t& position, Out& out, Out defaultValue) {
-  position = BehindWhiteSpace(text, position);
+  position = AfterWhiteSpace(text, position);
   const std::size_t used = parse(text.substr(position), out);
   if (used == 0) out = defaultValue;
   position += used;
@@ -36,15 +36,15 @@ std::size_t ReadField(std::size_t (*parse)(const std::string&, Out&), const std:
 }  // namespace
 
 std::size_t ParseIntPrefix(const std::string& text, std::int32_t& out) {
-  return Take(IntegerPrefix(text), out);
+  return Assign(IntegerPrefix(text), out);
 }
 
 std::size_t ParseBoolPrefix(const std::string& text, bool& out) {
-  return Take(IntegerPrefix(text), out);
+  return Assign(IntegerPrefix(text), out);
 }
 
 std::size_t ParseRealPrefix(const std::string& text, double& out) {
-  return Take(RealPrefix(text), out);
+  return Assign(RealPrefix(text), out);
 }
 
 std::size_t ReadIntField(const std::string& text, std::size_t& position, std::int32_t& out,
@@ -61,7 +61,7 @@ std::size_t ReadRealField(const std::string& text, std::size_t& position, double
 }
 
 std::size_t FindFirstToken(const std::string& text, std::size_t /*position*/, std::size_t& length) {
-  const std::size_t start = BehindWhiteSpace(text, 0);
+  const std::size_t start = AfterWhiteSpace(text, 0);
   std::size_t end = start;
   if (start < text.size() && text[start] != '\'') {
     while (end < text.size() && !IsWhiteSpace(text[end])) ++end;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-/// Readers of value lines, whose fields stand apart by white space. None throws.
+/// Readers of value lines, whose fields are separated by white space. None throws.
 namespace vanzet::host {
 
 /// Reads the number that the text begins with, white space before it passed over, and returns the characters
@@ -14,9 +14,9 @@ std::size_t ParseIntPrefix(const std::string& text, std::int32_t& out);
 std::size_t ParseBoolPrefix(const std::string& text, bool& out);
 std::size_t ParseRealPrefix(const std::string& text, double& out);
 
-/// Reads the field at `position` and returns the characters of the number alone; `position` moves behind it.
-/// White space before it is passed over first, up to a NUL or a byte with its high bit set. Where no number
-/// stands: 0, `out` becomes `defaultValue`, and `position` stays behind the white space.
+/// Reads the field at `position` and returns the characters of the number alone; `position` moves after it.
+/// White space before it is passed over first, up to a NUL or a byte with its high bit set. Without a number:
+/// 0, `out` becomes `defaultValue`, and `position` stays after the white space.
 std::size_t ReadIntField(const std::string& text, std::size_t& position, std::int32_t& out,
                          std::int32_t defaultValue);
 std::size_t ReadBoolField(const std::string& text, std::size_t& position, bool& out, bool defaultValue);
@@ -24,7 +24,7 @@ std::size_t ReadRealField(const std::string& text, std::size_t& position, double
 
 /// Where the first token of the text starts, and its length. It ends at the next white space. The position
 /// plays no part: the search is from the beginning. A token that opens with a single quote has the length 0,
-/// which the upgrade of a version item relies on: such an item keeps its old text behind the new version.
+/// which the upgrade of a version item relies on: such an item keeps its old text after the new version.
 std::size_t FindFirstToken(const std::string& text, std::size_t position, std::size_t& length);
 
 }  // namespace vanzet::host

@@ -16,7 +16,7 @@ inline void* HostModuleHandle = nullptr;
 using SymbolFinder = void* (*)(void* module, const char* name);
 inline SymbolFinder symbolFinder = platform::FindSymbol;
 
-/// The address behind `name`, from `slot` when it has been found before. A name that the host lacks leads to
+/// The address of `name`, from `slot` when it has been found before. A name that the host lacks leads to
 /// the host's "OrvoMissingAPI" and leaves the slot empty, so that both names are looked up again at the next
 /// call. That the host has the fallback is a condition of the contract and is not tested.
 inline void* ResolveHostFunction(const char* name, void*& slot) {

@@ -28,7 +28,7 @@ struct HostFunctionCache {
   using Int = std::int32_t;
   using Word = std::uint32_t;
 
-  // The macro language and its variables. Results of a command lie in variables when it returns.
+  // The macro language and its variables. Results of a command are in variables when it returns.
   Function<void(Text line)> OrvoCommand{"OrvoCommand"};
   Function<void(Text macro, Text arguments)> OrvoMacroExec{"OrvoMacroExec"};
   Function<Int(Text name, Flag* ok)> OrvoReadGlobalI{"OrvoReadGlobalI"};
@@ -91,7 +91,7 @@ struct HostFunctionCache {
   Function<void(Word handle, Int count)> OrvoMacroVdmSingleDelete{"OrvoMacroVdmSingleDelete"};
 };
 
-/// All that the binding keeps for the process, with the module handle and the finder beside it.
+/// All that the binding keeps for the process, with the module handle and the finder.
 /// One thread uses it, the host's user-interface thread.
 inline HostFunctionCache hostFunctions;
 

@@ -12,7 +12,7 @@ namespace {
 using host::Flag;
 using host::hostFunctions;
 
-/// Tells a refusal; returns whether it was none.
+/// Reports a refusal. Returns whether the host accepted the call.
 bool Accepted(Flag ok, const std::string& name, const char* caption) {
   if (ok == 0) host::HostMessageBox(caption, name, platform::box::kOk);
   return ok != 0;
@@ -35,7 +35,7 @@ std::int32_t GetGlobalIntVar(const std::string& name) {
 bool GetGlobalRealVar(const std::string& name, double& value) {
   Flag flag = 0;
   value = hostFunctions.OrvoReadGlobalW(name, &flag);
-  // The caption of the integer read, on purpose: there is no other for reals.
+  // The caption of the integer read, on purpose: reals do not have their own.
   return Accepted(flag, name, "OrvoApi::MacroExport::GetGlobalIntVar Failed");
 }
 

@@ -5,13 +5,13 @@
 #include <string>
 #include <string_view>
 
-/// Every text that a person sees has an id; the host may have it in the user's language.
+/// Every text that the user sees has an id; the host may have it in the user's language.
 namespace vanzet::host {
 
 /// The group of our texts in the host's catalogue.
 inline constexpr std::int32_t kMessageGroup = 5;
 
-/// A text as it stands where the host has no translation. A star in front marks a text that is replaced
+/// A text for a host that has no translation of it. A star in front marks a text that is replaced
 /// while the program runs; it is shown when nothing replaces it.
 struct Message {
   std::int32_t id;

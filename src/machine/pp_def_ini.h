@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-/// What the machine has, out of the post-processor ini and the host's environment keys.
+/// The equipment of the machine, from the post-processor ini and the host's environment keys.
 namespace vanzet {
 
 /// One steady rest. The numbers come from keys without an index, so those of one machine are all the same.
@@ -21,7 +21,7 @@ struct LunRecord {
 /// The machine definition.
 ///
 /// Source   docs/formats/machine-ini.md
-/// Errors   an ini that cannot be read is told by one box when it is looked for; every read then gives its
+/// Errors   an ini that cannot be read is reported by one box when it is located; every read then gives its
 ///          default, and nothing else is reported
 /// Story    without ReadMachineFacts every accessor asks the file or the host at each call; after it they
 ///          answer from what was read then
@@ -49,7 +49,7 @@ class PpDefIni {
   /// True when the channel (from 1) has an axis for rapid moves. Never answered from what was read before.
   bool HasRapidAxis(std::int32_t channel);
 
-  // What was read last, without asking again.
+  // The facts that were read last, without asking again.
   const std::string& iniPath() const { return iniPath_; }
   std::int32_t generationVersion() const { return generationVersion_; }
   const std::string& machineName() const { return machineName_; }

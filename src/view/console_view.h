@@ -8,8 +8,8 @@
 
 namespace vanzet::view {
 
-/// Nobody is there: boxes go to standard error and get the safe answer, file dialogs count as cancelled, and
-/// there is no dialog.
+/// The view without a user: boxes go to standard error and get the safe answer, file dialogs are cancelled,
+/// and the dialog cannot be shown.
 class ConsoleView final : public View {
  public:
   platform::BoxPresenter& Boxes() override { return boxes_; }

@@ -7,15 +7,15 @@
 
 namespace vanzet::view {
 
-/// What a dialog was closed by.
+/// The results of a dialog: how it was closed.
 inline constexpr std::int32_t kClosedByOk = 1;
 inline constexpr std::int32_t kClosedByFrame = 2;
 
-/// A dialog as a view meets it: its state, and the events that a person can cause.
+/// A dialog as a view sees it: its state, and the events that a user can cause.
 ///
 /// Story    a view shows the state and sends events until the dialog is no longer open. An event returns when
-///          all that it led to is done, commands posted meanwhile included
-/// Errors   an event for a control or node that is not there, or that nothing listens to, does nothing
+///          all its effects are done, posted commands included
+/// Errors   an event for a control or node that does not exist or has no handler does nothing
 class Dialog {
  public:
   virtual ~Dialog() = default;
@@ -25,7 +25,7 @@ class Dialog {
 
   virtual bool IsOpen() const = 0;
 
-  /// What it was closed by; 0 while it is open.
+  /// How it was closed; 0 while it is open.
   virtual std::int32_t Result() const = 0;
 
   virtual void SelectNode(std::int32_t node) = 0;
@@ -33,7 +33,7 @@ class Dialog {
   /// The context menu was asked for at that node.
   virtual void ContextAt(std::int32_t node) = 0;
 
-  // What a person puts into a control; no handler runs.
+  // Input into a control; no handler runs.
   virtual void SetText(std::int32_t control, const std::string& text) = 0;  ///< edits; combos select none
   virtual void SetChecked(std::int32_t control, bool isChecked) = 0;
   virtual void SetValue(std::int32_t control, std::int32_t value) = 0;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What a dialog shows, as plain data. A view draws it and knows controls by their ids only.
+/// The contents of a dialog, as plain data. A view draws it and knows controls by their ids only.
 namespace vanzet::view {
 
 enum class ControlKind { kButton, kEdit, kCheck, kCombo, kSpin, kLabel, kPicture };
@@ -14,16 +14,16 @@ enum class ControlKind { kButton, kEdit, kCheck, kCombo, kSpin, kLabel, kPicture
 struct Control {
   std::int32_t id = 0;
   ControlKind kind = ControlKind::kLabel;
-  std::string text = {};              ///< a caption; what stands in an edit or in the field of a combo
-  std::string caption = {};           ///< edits: a letter or a word that stands beside it for good
-  bool isReal = false;                ///< edits: a real has to stand in it
-  std::optional<double> number = {};  ///< of such an edit; nothing while its text is no number
+  std::string text = {};              ///< a caption, or the content of an edit or of a combo's field
+  std::string caption = {};           ///< edits: a fixed letter or word next to it
+  bool isReal = false;                ///< edits: the content has to be a real
+  std::optional<double> number = {};  ///< of such an edit; empty while its text is not a number
   bool isEnabled = true;
   bool isVisible = true;
   bool isChecked = false;               ///< check boxes
   std::vector<std::string> items = {};  ///< combos
   std::int32_t selected = -1;           ///< combos: an index in the items, -1 for none
-  bool isList = false;                  ///< combos: a person selects only and does not type
+  bool isList = false;                  ///< combos: the user can select, but not type
   std::int32_t value = 0;               ///< spins, within the next two
   std::int32_t least = 0;
   std::int32_t most = 0;
@@ -51,7 +51,7 @@ struct DialogState {
   std::int32_t selectedNode = 0;  ///< 0: none
   std::vector<TreeNode> tree;     ///< parents before their children, brothers in order
   std::vector<Control> dialog;    ///< the dialog's own controls, without the tree
-  std::vector<Control> controls;  ///< those of the page in front
+  std::vector<Control> controls;  ///< the controls of the page in front
 };
 
 }  // namespace vanzet::view

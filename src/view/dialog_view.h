@@ -14,7 +14,7 @@ struct PopupEntry {
   std::string text;
 };
 
-/// What a dialog asks of whoever shows it.
+/// The requests of a dialog to the view that shows it.
 class DialogView {
  public:
   virtual ~DialogView() = default;
@@ -25,18 +25,18 @@ class DialogView {
   ///   flags   4: the dialog wants no idle messages
   virtual std::int32_t Serve(Dialog& dialog, void* parent, std::int32_t flags) = 0;
 
-  /// The state is another one now; the view finds what has changed.
+  /// The state has changed; the view finds the differences.
   virtual void StateChanged(const DialogState& state) = 0;
 
-  /// Hides the whole dialog while a person works in the host's window, and shows it again.
+  /// Hides the whole dialog while the user works in the host's window, and shows it again.
   virtual void SetVisible(bool isVisible) = 0;
 
   virtual void Focus(std::int32_t control, bool selectsAll) = 0;
 
-  /// A menu at a node. The command that was chosen, or nothing when it was dismissed.
+  /// Shows a menu at a node. Returns the chosen command, or nothing when the menu was dismissed.
   virtual std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries) = 0;
 
-  /// The dialog's window, for boxes that stand in front of it; null where there is none.
+  /// The dialog's window, which owns boxes; null when the view has none.
   virtual void* Window() = 0;
 };
 

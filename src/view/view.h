@@ -6,7 +6,7 @@
 
 namespace vanzet::view {
 
-/// Whoever serves a person for the time of one call: boxes, file dialogs, the dialog.
+/// The user interface of one call: boxes, file dialogs, the dialog.
 class View {
  public:
   virtual ~View() = default;
@@ -14,7 +14,7 @@ class View {
   virtual platform::BoxPresenter& Boxes() = 0;
   virtual platform::FilePresenter& Files() = 0;
 
-  /// Null: this view has no way to show a dialog.
+  /// Null when this view cannot show a dialog.
   virtual DialogView* ForDialog() = 0;
 };
 

@@ -22,9 +22,9 @@ std::string FromEnvironment(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-bool IsDisplayThere() {
-  constexpr const char* kTellers[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
-  return std::ranges::any_of(kTellers, [](const char* name) { return !FromEnvironment(name).empty(); });
+bool HasDisplay() {
+  constexpr const char* kVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+  return std::ranges::any_of(kVariables, [](const char* name) { return !FromEnvironment(name).empty(); });
 }
 
 std::filesystem::path QtLibrary() {
@@ -39,16 +39,17 @@ std::unique_ptr<View> ViewChoice::Choose() {
   if (!script.empty()) {
     return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
   }
-  std::unique_ptr<View> onDisplay = IsDisplayThere() ? OnDisplay() : nullptr;
+  std::unique_ptr<View> onDisplay = HasDisplay() ? OnDisplay() : nullptr;
   return onDisplay ? std::move(onDisplay) : std::make_unique<ConsoleView>();
 }
 
 std::unique_ptr<View> ViewChoice::OnDisplay() {
   auto view = ViewFromLibrary(QtLibrary());
   if (view) return std::move(*view);
-  if (view.fault().Message() != toldReason_) {
-    toldReason_ = view.fault().Message();
-    platform::ConsoleBoxes().Present({"vanzet", "The dialog cannot be shown on a display: " + toldReason_});
+  if (view.fault().Message() != reportedReason_) {
+    reportedReason_ = view.fault().Message();
+    platform::ConsoleBoxes().Present(
+        {"vanzet", "The dialog cannot be shown on a display: " + reportedReason_});
   }
   return nullptr;
 }

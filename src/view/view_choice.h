@@ -8,29 +8,30 @@
 
 namespace vanzet::view {
 
-/// Decides who shows what a person has to see. The one place where that is decided.
+/// Decides which view serves the user. Nothing else decides it.
 ///
 /// VANZET_SCRIPT names a file      the script serves; VANZET_TRANSCRIPT names the file of the transcript
-/// a display is there              the Qt view, from its library beside the module or where VANZET_VIEW_QT
-///                                 says. DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM tell that one is there
-/// otherwise                       the console; also, after a line that says why, where that library or the
-///                                 display does not answer
+/// a display exists                the Qt view, from its library next to the module or from the file that
+///                                 VANZET_VIEW_QT names. DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM say that
+///                                 a display exists
+/// otherwise                       the console; also, after a line with the reason, when that library or the
+///                                 display does not work
 ///
-/// The transcript is begun once for each name and goes on over later choices of the same process.
+/// A transcript is begun once for each name, and later choices of the same process continue it.
 class ViewChoice {
  public:
-  /// Looks at the environment anew. The view serves one call.
+  /// Reads the environment again. The view serves one call.
   std::unique_ptr<View> Choose();
 
  private:
   std::shared_ptr<Transcript> TranscriptTo(const std::string& file);
 
-  /// The view on the display; null, after a line the first time, where it cannot be had.
+  /// The view on the display; null, after a line the first time, when it does not work.
   std::unique_ptr<View> OnDisplay();
 
   std::string transcriptFile_;
   std::shared_ptr<Transcript> transcript_;
-  std::string toldReason_;  ///< why there was no view on the display, as it was told last
+  std::string reportedReason_;  ///< why the display did not work, as it was reported last
 };
 
 }  // namespace vanzet::view

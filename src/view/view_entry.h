@@ -4,14 +4,14 @@
 
 #include "view/view.h"
 
-/// What the module and a view in a library of its own agree upon. Both are built together from the headers of
-/// src/view; the number tells apart those that were not.
+/// The contract between the module and a view in a library of its own. Both are built together from the
+/// headers of src/view; the version detects those that were not.
 namespace vanzet::view {
 
-/// Goes up with every change of what these headers promise.
+/// Increases with every change of what these headers promise.
 inline constexpr std::int32_t kViewVersion = 1;
 
-/// Either a view, which belongs to the caller and ends with `delete`, or why there is none.
+/// Either a view, which the caller owns and deletes, or the reason for its absence.
 struct ViewAnswer {
   View* view;
   const char* reason;  ///< null with a view; lives until the next call

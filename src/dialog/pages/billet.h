@@ -9,7 +9,7 @@
 
 namespace vanzet::dialog {
 
-/// What the three billet pages have in common. All edit the same record; its type says whose it is.
+/// The base of the three billet pages. All edit the same record; its type says to which page it belongs.
 class BilletPage : public Page {
  public:
   void OnSetActive() override;

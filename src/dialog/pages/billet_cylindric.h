@@ -21,7 +21,7 @@ class CPageBilletCylindric final : public BilletPage {
   void ValuesFromSolid();
   void SelectCylindric();
 
-  /// Takes back what cannot be, and tells; the user is not stopped.
+  /// Resets a value that is impossible, and says so. The record is stored all the same.
   void CorrectBarLength();
   void CorrectInnerDiameter();
   void TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit);

@@ -12,7 +12,7 @@
 #include "store/clamp_records.h"
 #include "view/ids.h"
 
-// The page's start, its list and what it shows. What it stores: clamp_elem_store.cpp.
+// The page's start, its list and its state. Its buttons: clamp_elem_store.cpp.
 
 namespace vanzet::dialog {
 namespace {

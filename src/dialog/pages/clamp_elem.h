@@ -7,8 +7,8 @@
 
 namespace vanzet::dialog {
 
-/// What holds the work at one place: a device from the catalogue, its values edited if wished, or one that is
-/// kept in a VDM file of its own.
+/// The device that holds the work at one place: one of the catalogue, with its values edited if wished, or
+/// one from a VDM file of its own.
 class CPageClampElem final : public Page {
  public:
   explicit CPageClampElem(PageOwner& owner);

@@ -12,7 +12,7 @@
 #include "store/mill_turn_vdm.h"
 #include "view/ids.h"
 
-// What the page of what holds the work takes from a person and stores.
+// The handlers of the page's buttons, and the records that they write.
 
 namespace vanzet::dialog {
 
@@ -65,7 +65,7 @@ std::int32_t WrongClassMessage(devices::DeviceClass expected) {
   }
 }
 
-/// Why a device's file cannot serve for the kind; nothing when it can.
+/// The reason why a device's file does not fit the kind; empty when it fits.
 std::optional<std::string> Objection(std::int32_t deviceKind, const OwnDeviceFacts& facts) {
   const devices::Kind* const kind = devices::FindKind(deviceKind);
   if (kind == nullptr) return Text(message::kInvalidDevice);

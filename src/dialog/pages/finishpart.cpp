@@ -134,7 +134,7 @@ void CPageFinishpartFromSolid::PickFinishSolid() {
 
 void CPageFinishpartFromSolid::SelectFinishSolid() {
   if (!UpdateData()) return;
-  // Without the name that the page of the billet puts in front.
+  // The page of the billet puts the name in front; this one does not.
   if (hostFunctions.OrvoPsGetBodyNumberFromName(record_.solidName) < 1) {
     return Refuse(Text(message::kInvalidSolid), control::kSolid);
   }

@@ -9,7 +9,7 @@
 
 namespace vanzet::dialog {
 
-/// What the two pages of the finished part have in common.
+/// The base of the two pages of the finished part.
 class FinishpartPage : public Page {
  public:
   void OnSetActive() override;

@@ -29,14 +29,14 @@ struct PageTemplate {
   std::span<const StartText> texts;
 };
 
-/// What a page does when one of its controls is used.
+/// The handler of a control.
 template <class PageClass>
 struct Handler {
   std::int32_t control;
   void (PageClass::*run)();
 };
 
-/// Runs what a page's map binds to the control; nothing for one that is not in the map.
+/// Runs the handler of the control. Does nothing for a control without one.
 template <class PageClass>
 void RunHandler(PageClass& page, std::span<const Handler<PageClass>> map, std::int32_t control) {
   const auto row = std::ranges::find(map, control, &Handler<PageClass>::control);
@@ -55,7 +55,7 @@ class Page {
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
-  /// Makes the window if that has not been done, and activates the page.
+  /// Makes the window if it does not exist yet, and activates the page.
   void Activate();
 
   virtual void OnSetActive() {}
@@ -68,17 +68,17 @@ class Page {
  protected:
   virtual void OnInitDialog();
 
-  /// The data exchange. TakeControls gives the edit that holds no number where one has to be; nothing has
-  /// changed then.
+  /// The data exchange. TakeControls returns the edit that does not hold a number where one is required, and
+  /// changes nothing then.
   virtual std::optional<std::int32_t> TakeControls() { return std::nullopt; }
   virtual void FillControls() {}
 
-  /// Takes the controls' values into the working copy. False, after a box, when an edit holds no number; the
-  /// handler stops then.
+  /// Takes the controls' values into the working copy. False, after a box, when an edit does not hold a
+  /// number: the handler has to stop.
   bool UpdateData();
 
-  /// The frame of all picks: the controls' values are taken, the dialog hides while a person works in the
-  /// host's window, and what came of it is shown.
+  /// The frame of all picks: takes the controls' values, hides the dialog while the user works in the host's
+  /// window, and shows the result.
   void Pick(const std::function<void()>& interaction);
 
   /// Shows `text` and puts the focus on `control`.

@@ -14,13 +14,13 @@ namespace {
 using host::hostFunctions;
 using host::SendCommand;
 
-/// What the host tells of a pick.
+/// The status of a pick, from the host.
 namespace status {
 constexpr std::int32_t kBrokenOff = 27;
 constexpr std::int32_t kFigurePicked = 151;
 }  // namespace status
 
-/// What the host selects by: bodies; solids and meshes.
+/// The host's filter masks: bodies; solids and meshes.
 constexpr std::int32_t kBodies = 2048;
 constexpr std::int32_t kSolids = 18432;
 
@@ -69,7 +69,7 @@ void PickFigure(std::string& figure) {
       const std::int32_t number = OrvoApi::GetGlobalIntVar("i_return2");
       if (number >= 0) return ReadFigureName(number, figure);
     }
-    // Where nobody can know how a pick ended, asking again would have no end.
+    // When the status cannot be read, asking again would never end.
     if (IsFigurePickOver(pick) || !isRead) return SendCommand("dfm umark -1");
   }
 }

@@ -25,7 +25,7 @@ class CPageZeroPiontShift final : public Page {
   void PickOriginSub();
   void SelectDatum();
 
-  /// How far behind the origin the picked position lies, without a sign.
+  /// Picks the distance of a position from the origin, without a sign.
   void PickClampingOut(double DatumRecord::*clampingOut, double DatumRecord::*origin);
   void PickOrigin(double DatumRecord::*origin);
 

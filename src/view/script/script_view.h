@@ -15,8 +15,8 @@ namespace vanzet::view {
 
 /// Plays the user from a script, and writes what happens to a transcript: docs/formats/script.md.
 ///
-/// Boxes    a question takes the next queued answer, or gets No without one. A box with one button is answered
-///          OK and takes none
+/// Boxes    a question takes the next queued answer, or gets No without one. A box with one button is
+///          answered OK and takes none
 /// Files    a file dialog takes the next queued result, or is cancelled without one
 /// Errors   a line that fails is an event of the transcript, and closes the dialog
 class ScriptView final : public View,

@@ -14,8 +14,8 @@
 
 namespace vanzet::view {
 
-/// The events of a script, one JSON object a line. Each line is flushed, so that a crash keeps the lines before
-/// it. The forms: docs/formats/script.md.
+/// The events of a script, one JSON object a line. Each line is flushed, so that a crash keeps the lines
+/// before it. The forms: docs/formats/script.md.
 class Transcript {
  public:
   /// Writes to the file, from its start. Writes to standard output when the name is empty, or when the file
