@@ -34,7 +34,7 @@ void Notice(const std::string& text) {
   host::HostMessageBox("", text, platform::box::kOk);
 }
 
-std::string Replaced(std::string text, std::string_view mark, std::string_view by) {
+std::string ReplaceAll(std::string text, std::string_view mark, std::string_view by) {
   for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + by.size())) {
     text.replace(at, mark.size(), by);
   }

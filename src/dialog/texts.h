@@ -22,6 +22,6 @@ std::string SpindleHeader(std::int32_t spindle, std::int32_t title);
 void Notice(const std::string& text);
 
 /// The text with every occurrence of `mark` replaced.
-std::string Replaced(std::string text, std::string_view mark, std::string_view by);
+std::string ReplaceAll(std::string text, std::string_view mark, std::string_view by);
 
 }  // namespace vanzet::dialog

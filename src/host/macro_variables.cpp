@@ -12,8 +12,8 @@ namespace {
 using host::Flag;
 using host::hostFunctions;
 
-/// Reports a refusal. Returns whether the host accepted the call.
-bool Accepted(Flag ok, const std::string& name, const char* caption) {
+/// Shows a box for a refusal. Returns whether the host accepted the call.
+bool ReportIfRefused(Flag ok, const std::string& name, const char* caption) {
   if (ok == 0) host::HostMessageBox(caption, name, platform::box::kOk);
   return ok != 0;
 }
@@ -23,7 +23,7 @@ bool Accepted(Flag ok, const std::string& name, const char* caption) {
 std::int32_t GetGlobalIntVar(const std::string& name, bool& ok) {
   Flag flag = 0;
   const std::int32_t value = hostFunctions.OrvoReadGlobalI(name, &flag);
-  ok = Accepted(flag, name, "OrvoApi::MacroExport::GetGlobalIntVar Failed");
+  ok = ReportIfRefused(flag, name, "OrvoApi::MacroExport::GetGlobalIntVar Failed");
   return value;
 }
 
@@ -36,14 +36,14 @@ bool GetGlobalRealVar(const std::string& name, double& value) {
   Flag flag = 0;
   value = hostFunctions.OrvoReadGlobalW(name, &flag);
   // The caption of the integer read, on purpose: reals do not have their own.
-  return Accepted(flag, name, "OrvoApi::MacroExport::GetGlobalIntVar Failed");
+  return ReportIfRefused(flag, name, "OrvoApi::MacroExport::GetGlobalIntVar Failed");
 }
 
 bool GetGlobalStrVar(const std::string& name, std::string& text) {
   std::vector<char> buffer(host::kStringVariableBytes, '\0');
   Flag flag = 0;
   hostFunctions.OrvoReadGlobalStr(name, buffer.data(), &flag);
-  if (!Accepted(flag, name, "OrvoApi::MacroExport::GetGlobalStrVar Failed")) return false;
+  if (!ReportIfRefused(flag, name, "OrvoApi::MacroExport::GetGlobalStrVar Failed")) return false;
   buffer.back() = '\0';
   text = buffer.data();
   return true;
@@ -52,7 +52,7 @@ bool GetGlobalStrVar(const std::string& name, std::string& text) {
 bool SetGlobalStrVar(const std::string& name, const std::string& value) {
   Flag flag = 0;
   hostFunctions.OrvoWriteGlobalStr(name, value, &flag);
-  return Accepted(flag, name, "OrvoApi::MacroExport::SetGlobalStrVar Failed");
+  return ReportIfRefused(flag, name, "OrvoApi::MacroExport::SetGlobalStrVar Failed");
 }
 
 }  // namespace vanzet::OrvoApi

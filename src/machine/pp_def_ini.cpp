@@ -21,7 +21,7 @@ constexpr std::int32_t kMostSpurs = 50;
 }  // namespace
 
 int PpDefIni::LocateIni() {
-  TakeFromHost("ppdefini");
+  ReadFromHost("ppdefini");
   platform::PathParts ini = platform::SplitPath(scratch_);
   if (ini.drive.empty()) {
     const platform::PathParts home = platform::SplitPath(hostFunctions.OrvoEnvironment("-d") + "\\");
@@ -114,13 +114,13 @@ double PpDefIni::ReadReal(std::string_view key) {
   return RealOrZero(scratch_);
 }
 
-void PpDefIni::TakeFromHost(const std::string& key) {
+void PpDefIni::ReadFromHost(const std::string& key) {
   scratch_ = hostFunctions.OrvoEnvironment(key).substr(0, platform::kLongestProfileValue);
 }
 
 std::int32_t PpDefIni::HostInteger(const std::string& key) {
   if (iniPath_.empty()) LocateIni();
-  TakeFromHost(key);
+  ReadFromHost(key);
   return IntegerOrZero(scratch_);
 }
 

@@ -72,7 +72,7 @@ class PpDefIni {
   double ReadReal(std::string_view key);
 
   /// Puts a key of the host's environment into the scratch text.
-  void TakeFromHost(const std::string& key);
+  void ReadFromHost(const std::string& key);
 
   /// The same as a number; the ini is located before it, as before a read from the ini.
   std::int32_t HostInteger(const std::string& key);

@@ -37,7 +37,7 @@ void CPageBezel::OnPress(std::int32_t button) {
   if (button == control::kSelect) SelectBezel();
 }
 
-std::optional<std::int32_t> CPageBezel::TakeControls() {
+std::optional<std::int32_t> CPageBezel::ReadControls() {
   return ReadRecord<BezelRecord>(controls_, kFields, record_);
 }
 

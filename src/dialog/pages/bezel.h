@@ -14,7 +14,7 @@ class CPageBezel final : public Page {
   void OnPress(std::int32_t button) override;
 
  private:
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
   void SelectBezel();
 

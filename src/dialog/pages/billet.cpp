@@ -18,7 +18,7 @@ void BilletPage::OnSetActive() {
   FillControls();
 }
 
-std::optional<std::int32_t> BilletPage::TakeControls() {
+std::optional<std::int32_t> BilletPage::ReadControls() {
   return ReadRecord(controls_, kind_.fields, record_);
 }
 

@@ -22,7 +22,7 @@ class BilletPage : public Page {
   };
   BilletPage(PageOwner& owner, const PageTemplate& page, const Kind& kind);
 
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
 
   /// Writes the working copy, marks its node and has it drawn.

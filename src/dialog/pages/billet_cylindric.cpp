@@ -64,8 +64,8 @@ std::int32_t BilletDecimalPlaces() {
   return IntegerOrZero(places);
 }
 
-/// Rounded half up to decimals by their factor, a power of ten.
-double Rounded(double value, double factor) {
+/// Rounds to the decimals of `factor`, a power of ten.
+double RoundHalfUp(double value, double factor) {
   return std::floor(value * factor + 0.5) / factor;
 }
 
@@ -111,8 +111,8 @@ void CPageBilletCylindric::ValuesFromSolid() {
     if (body <= 0) return;
     const double factor = std::pow(10.0, BilletDecimalPlaces());
     const BodyExtents extents = ExtentsOf(body);
-    record_.outerDiameter = Rounded(extents.y, factor);
-    record_.partLength = Rounded(extents.x, factor);
+    record_.outerDiameter = RoundHalfUp(extents.y, factor);
+    record_.partLength = RoundHalfUp(extents.x, factor);
   });
 }
 
@@ -132,17 +132,18 @@ void CPageBilletCylindric::SelectCylindric() {
 void CPageBilletCylindric::CorrectBarLength() {
   const double least = record_.partLength + record_.frontAllowance + record_.rearAllowance;
   if (record_.barLength <= 0 || record_.barLength >= least) return;
-  TakeBack(&BilletRecord::barLength,
-           Replaced(Text(message::kBarTooShort), "%g", GeneralText(least, kShortDigits)),
-           control::kBarLength);
+  ResetValue(&BilletRecord::barLength,
+             ReplaceAll(Text(message::kBarTooShort), "%g", GeneralText(least, kShortDigits)),
+             control::kBarLength);
 }
 
 void CPageBilletCylindric::CorrectInnerDiameter() {
   if (record_.innerDiameter <= record_.outerDiameter) return;
-  TakeBack(&BilletRecord::innerDiameter, Text(message::kBoreTooWide), control::kInnerDiameter);
+  ResetValue(&BilletRecord::innerDiameter, Text(message::kBoreTooWide), control::kInnerDiameter);
 }
 
-void CPageBilletCylindric::TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit) {
+void CPageBilletCylindric::ResetValue(double BilletRecord::*field, const std::string& text,
+                                      std::int32_t edit) {
   Notice(text);
   record_.*field = 0;
   FillControls();

@@ -24,7 +24,7 @@ class CPageBilletCylindric final : public BilletPage {
   /// Resets a value that is impossible, and says so. The record is stored all the same.
   void CorrectBarLength();
   void CorrectInnerDiameter();
-  void TakeBack(double BilletRecord::*field, const std::string& text, std::int32_t edit);
+  void ResetValue(double BilletRecord::*field, const std::string& text, std::int32_t edit);
 };
 
 }  // namespace vanzet::dialog

@@ -70,12 +70,12 @@ void CPageBilletFromSolid::PickTheSolid() {
     if (body < 1) {
       ClearBilletRecord(record_);
     } else {
-      TakeBody(body);
+      ReadBody(body);
     }
   });
 }
 
-void CPageBilletFromSolid::TakeBody(std::int32_t body) {
+void CPageBilletFromSolid::ReadBody(std::int32_t body) {
   record_.type = billet_type::kFromSolid;
   record_.solidName = hostFunctions.OrvoPsGetBodyNameFromNumber(body);
   // A mesh has no extents.

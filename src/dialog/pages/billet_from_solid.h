@@ -19,7 +19,7 @@ class CPageBilletFromSolid final : public BilletPage {
   void PickClampDiameter();
   void SelectSolid();
 
-  void TakeBody(std::int32_t body);
+  void ReadBody(std::int32_t body);
 };
 
 }  // namespace vanzet::dialog

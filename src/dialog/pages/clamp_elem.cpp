@@ -81,7 +81,7 @@ void CPageClampElem::OnChoose(std::int32_t combo) {
   if (combo == control::kDeviceList) OnDeviceChange();
 }
 
-std::optional<std::int32_t> CPageClampElem::TakeControls() {
+std::optional<std::int32_t> CPageClampElem::ReadControls() {
   const auto refused = ReadRecord(controls_, DeviceFields(), params_);
   if (!refused) pathText_ = controls_.Of(control::kPath).text;
   return refused;

@@ -20,7 +20,7 @@ class CPageClampElem final : public Page {
  private:
   static const Handler<CPageClampElem> kButtons[];
 
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
 
   /// The steps of OnSetActive. ReadDevice gives the record's name.

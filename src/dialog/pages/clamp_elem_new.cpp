@@ -67,7 +67,7 @@ void CPageClampElemNew::OnChoose(std::int32_t combo) {
   if (combo == control::kNameList) OnNameChange();
 }
 
-std::optional<std::int32_t> CPageClampElemNew::TakeControls() {
+std::optional<std::int32_t> CPageClampElemNew::ReadControls() {
   const auto refused = ReadRecord(controls_, DeviceFields(), params_);
   if (!refused) deviceName_ = controls_.Of(control::kNameList).text;
   return refused;
@@ -118,7 +118,7 @@ bool CPageClampElemNew::IsIncomplete() {
     return letter.entry == devices::Entry::kNeeded && ValueOf(params_, letter.letter) == 0;
   });
   if (missing == letters.end()) return false;
-  Refuse(Replaced(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)),
+  Refuse(ReplaceAll(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)),
          control::EditOfLetter(missing->letter));
   return true;
 }

@@ -19,7 +19,7 @@ class CPageClampElemNew final : public Page {
  private:
   static const Handler<CPageClampElemNew> kButtons[];
 
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
 
   void OnNameChange();

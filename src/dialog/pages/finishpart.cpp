@@ -75,7 +75,7 @@ void FinishpartPage::OnSetActive() {
   FillControls();
 }
 
-std::optional<std::int32_t> FinishpartPage::TakeControls() {
+std::optional<std::int32_t> FinishpartPage::ReadControls() {
   return ReadRecord(controls_, kind_.fields, record_);
 }
 

@@ -22,7 +22,7 @@ class FinishpartPage : public Page {
   };
   FinishpartPage(PageOwner& owner, const PageTemplate& page, const Kind& kind);
 
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
 
   /// Makes the working copy one of no type. `figureOutside` stays as it is, as with a billet.

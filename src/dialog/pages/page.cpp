@@ -18,7 +18,7 @@ void Page::OnInitDialog() {
 }
 
 bool Page::UpdateData() {
-  const std::optional<std::int32_t> refused = TakeControls();
+  const std::optional<std::int32_t> refused = ReadControls();
   if (!refused) return true;
   owner_.RefuseNumber(*refused);
   return false;

@@ -68,9 +68,9 @@ class Page {
  protected:
   virtual void OnInitDialog();
 
-  /// The data exchange. TakeControls returns the edit that does not hold a number where one is required, and
+  /// The data exchange. ReadControls returns the edit that does not hold a number where one is required, and
   /// changes nothing then.
-  virtual std::optional<std::int32_t> TakeControls() { return std::nullopt; }
+  virtual std::optional<std::int32_t> ReadControls() { return std::nullopt; }
   virtual void FillControls() {}
 
   /// Takes the controls' values into the working copy. False, after a box, when an edit does not hold a

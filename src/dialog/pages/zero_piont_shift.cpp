@@ -72,7 +72,7 @@ void CPageZeroPiontShift::OnPress(std::int32_t button) {
   RunHandler<CPageZeroPiontShift>(*this, kButtons, button);
 }
 
-std::optional<std::int32_t> CPageZeroPiontShift::TakeControls() {
+std::optional<std::int32_t> CPageZeroPiontShift::ReadControls() {
   return ReadRecord<DatumRecord>(controls_, kFields, record_);
 }
 

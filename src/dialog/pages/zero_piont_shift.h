@@ -16,7 +16,7 @@ class CPageZeroPiontShift final : public Page {
  private:
   static const Handler<CPageZeroPiontShift> kButtons[];
 
-  std::optional<std::int32_t> TakeControls() override;
+  std::optional<std::int32_t> ReadControls() override;
   void FillControls() override;
 
   void PickClampingOutMain();

@@ -7,7 +7,7 @@
 namespace vanzet::view {
 namespace {
 
-std::string Escaped(char c) {
+std::string EscapeCharacter(char c) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   switch (c) {
     case '"': return "\\\"";
@@ -29,7 +29,7 @@ std::string JsonString(std::string_view text) {
   while (!text.empty()) {
     const std::size_t length = Utf8Length(text);
     if (length == 0) json += kNoUtf8;
-    if (length == 1) json += Escaped(text.front());
+    if (length == 1) json += EscapeCharacter(text.front());
     if (length > 1) json += text.substr(0, length);
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }

@@ -24,7 +24,7 @@ constexpr AnswerWord kAnswerWords[] = {
 
 /// Removes the front of a queue and returns it; empty when the queue is.
 template <class T>
-std::optional<T> Take(std::deque<T>& queue) {
+std::optional<T> PopFront(std::deque<T>& queue) {
   if (queue.empty()) return std::nullopt;
   std::optional<T> front = std::move(queue.front());
   queue.pop_front();
@@ -59,14 +59,14 @@ ScriptView::ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript
 
 std::int32_t ScriptView::Present(const platform::MessageBox& message) {
   const std::int32_t given = platform::IsQuestion(message.type)
-                                 ? Take(answers_).value_or(platform::answer::kNo)
+                                 ? PopFront(answers_).value_or(platform::answer::kNo)
                                  : platform::answer::kOk;
   transcript_->Box(message, given);
   return given;
 }
 
 std::optional<std::string> ScriptView::Choose(const platform::FileQuestion& question) {
-  std::optional<std::string> result = Take(files_).value_or(std::nullopt);
+  std::optional<std::string> result = PopFront(files_).value_or(std::nullopt);
   transcript_->FileDialog(question, result);
   return result;
 }
