@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "cli/contour_operations.h"
+#include "cli/contour/operations.h"
 #include "cli/output.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"

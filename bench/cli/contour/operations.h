@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/contour_arguments.h"
+#include "cli/contour/arguments.h"
 
 /// The operations of `vanzet contour`, each from its arguments to its printed result.
 namespace vanzet::cli {

@@ -1,7 +1,7 @@
 #include <map>
 
 #include "cli/arguments.h"
-#include "cli/contour_arguments.h"
+#include "cli/contour/arguments.h"
 
 /// The options that belong to one operation or two.
 namespace vanzet::cli {

@@ -1,6 +1,6 @@
 #include <functional>
 
-#include "cli/contour_operations.h"
+#include "cli/contour/operations.h"
 #include "contour/constructions.h"
 #include "contour/operations.h"
 

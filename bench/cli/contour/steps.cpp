@@ -2,7 +2,7 @@
 
 #include "base/quote.h"
 #include "cli/arguments.h"
-#include "cli/contour_arguments.h"
+#include "cli/contour/arguments.h"
 #include "geometry/numerics.h"
 
 /// The steps of `vanzet contour transform`.

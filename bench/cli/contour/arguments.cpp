@@ -1,4 +1,4 @@
-#include "cli/contour_arguments.h"
+#include "cli/contour/arguments.h"
 
 #include <algorithm>
 #include <iostream>

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "cli/contour_operations.h"
+#include "cli/contour/operations.h"
 #include "contour/constructions.h"
 
 /// Offsets, which lie beside what they were made of, and biarcs, with the directions between which they lead.

@@ -2,7 +2,7 @@
 
 #include "base/files/whole_file.h"
 #include "base/path_map.h"
-#include "cli/contour_arguments.h"
+#include "cli/contour/arguments.h"
 #include "cli/output.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"

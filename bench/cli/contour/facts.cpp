@@ -1,7 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
-#include "cli/contour_operations.h"
+#include "cli/contour/operations.h"
 #include "cli/output.h"
 #include "contour/json_form.h"
 #include "contour/operations.h"

@@ -1,5 +1,5 @@
 #include "cli/commands.h"
-#include "cli/contour_operations.h"
+#include "cli/contour/operations.h"
 #include "contour/library.h"
 
 namespace vanzet::cli {
