@@ -37,13 +37,11 @@ Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Co
 
 Result<void> RunCommand(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitProject(arguments.words);
-  const auto hosted = HostProject(operands.project, "", context);
-  if (!hosted) return hosted.fault();
-  api::Host& host = *(*hosted)->host;
+  VANZET_TRY(const auto hosted, HostProject(operands.project, "", context));
+  api::Host& host = *hosted->host;
   if (!arguments.picks.empty()) {
-    auto picks = drawing::Picks::ReadFile(arguments.picks);
-    if (!picks) return picks.fault();
-    host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
+    VANZET_TRY(auto picks, drawing::Picks::ReadFile(arguments.picks));
+    host.picks = std::make_unique<drawing::Picks>(std::move(picks));
   }
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
   const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);

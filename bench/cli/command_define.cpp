@@ -47,9 +47,8 @@ Result<define::Json> ReadForm(const std::string& file) {
   if (file == "-") {
     return define::ReadJson({std::istreambuf_iterator<char>(std::cin), {}}, "standard input");
   }
-  const auto text = project::ReadTextFile(file, file);
-  if (!text) return text.fault();
-  return define::ReadJson(*text, file);
+  VANZET_TRY(const auto text, project::ReadTextFile(file, file));
+  return define::ReadJson(text, file);
 }
 
 /// Done where nothing was refused; else each refusal is told, the last one as the command's own fault.
@@ -73,20 +72,17 @@ Result<void> WriteFile(const fs::path& file, const std::string& text) {
 /// `name` is that of the script among the files of the run.
 Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, const Job& job,
                        std::string& transcript) {
-  const auto folder = job.host.runFolder.Path();
-  if (!folder) return folder.fault();
+  VANZET_TRY(const auto folder, job.host.runFolder.Path());
   const Script script = define::ScriptOf(steps);
-  const fs::path file = *folder / (name + ".txt");
-  if (const auto written = WriteFile(file, script.text); !written) return written;
+  const fs::path file = folder / (name + ".txt");
+  VANZET_DO(WriteFile(file, script.text));
   std::istringstream pickLines(script.picks);
-  auto picks = drawing::Picks::Read(pickLines, job.name);
-  if (!picks) return picks.fault();
-  job.host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
+  VANZET_TRY(auto picks, drawing::Picks::Read(pickLines, job.name));
+  job.host.picks = std::make_unique<drawing::Picks>(std::move(picks));
   const int faultsBefore = job.context.panel.faults();
-  const auto played = PlayDialog(file, *folder / (name + ".jsonl"), job.host, job.context);
-  if (!played) return played.fault();
-  transcript += *played;
-  const auto done = NothingOf(define::RefusedBy(*played, steps, script), job.name, job.context);
+  VANZET_TRY(const auto played, PlayDialog(file, folder / (name + ".jsonl"), job.host, job.context));
+  transcript += played;
+  const auto done = NothingOf(define::RefusedBy(played, steps, script), job.name, job.context);
   if (!done || job.context.panel.faults() == faultsBefore) return done;
   return Fault{"the dialog met faults; see above", job.name};
 }
@@ -97,10 +93,9 @@ Result<define::Json> StoredForm(const Job& job) {
   Refusals leftOut;
   for (const define::Json& spur : job.form["spurs"]) {
     const auto number = spur["spur"].get<std::int32_t>();
-    const auto read = results::ReadDefinition(job.project, number);
-    if (!read) return read.fault();
+    VANZET_TRY(const auto read, results::ReadDefinition(job.project, number));
     const scene::Equipment equipment =
-        read->definition ? scene::ReadEquipment(*read->definition) : scene::Equipment();
+        read.definition ? scene::ReadEquipment(*read.definition) : scene::Equipment();
     stored["spurs"].push_back(define::SpurForm(number, equipment, "$", leftOut));
   }
   return stored;
@@ -108,47 +103,42 @@ Result<define::Json> StoredForm(const Job& job) {
 
 /// The steps up to OK, which is not among them.
 Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings& surroundings) {
-  const auto former = StoredForm(job);
-  if (!former) return former.fault();
-  return define::StepsOf(job.form, *former, surroundings.hasSubSpindle, surroundings.spurs > 1);
+  VANZET_TRY(const auto former, StoredForm(job));
+  return define::StepsOf(job.form, former, surroundings.hasSubSpindle, surroundings.spurs > 1);
 }
 
 /// Gives the values to the dialog, presses OK when it took them all, and looks at what became of them.
 Result<void> Play(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
-  if (const auto taken = PlaySteps("values", steps, job, transcript); !taken) return taken;
+  VANZET_DO(PlaySteps("values", steps, job, transcript));
   if (const auto done = PlaySteps("ok", {define::OkStep()}, job, transcript); !done) return done;
-  const auto stored = StoredForm(job);
-  if (!stored) return stored.fault();
-  return NothingOf(define::Differences(job.form, *stored), job.name, job.context);
+  VANZET_TRY(const auto stored, StoredForm(job));
+  return NothingOf(define::Differences(job.form, stored), job.name, job.context);
 }
 
 /// The dialog chooses among the form's own devices: the shop's catalogue need not have them, and stays.
 Result<void> PutCatalogue(const Job& job) {
-  const auto folder = job.host.runFolder.Path();
-  if (!folder) return folder.fault();
-  job.host.catalogue = *folder / "clampdevice.cld";
+  VANZET_TRY(const auto folder, job.host.runFolder.Path());
+  job.host.catalogue = folder / "clampdevice.cld";
   return WriteFile(job.host.catalogue, define::CatalogueText(job.form));
 }
 
 /// All or nothing: what was defined before stays unless everything went well.
 Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
                               std::string& transcript) {
-  const auto blank =
-      vdm::ReadVdmFile(job.context.share / "support" / "Turn_Multiax" / "utils" / "template.vdm");
-  if (!blank) return blank.fault();
-  const auto steps = StepsOfJob(job, surroundings);
-  if (!steps) return steps.fault();
-  if (const auto put = PutCatalogue(job); !put) return put.fault();
-  NewDefinitions definitions(job.host.store, *blank, job.context.panel);
+  VANZET_TRY(const auto blank,
+             vdm::ReadVdmFile(job.context.share / "support" / "Turn_Multiax" / "utils" / "template.vdm"));
+  VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
+  VANZET_DO(PutCatalogue(job));
+  NewDefinitions definitions(job.host.store, blank, job.context.panel);
   std::string lines;
   for (const define::Json& spur : job.form["spurs"]) {
     const auto index = spur["spur"].get<std::int32_t>();
     const std::uint32_t number = job.project.DefinitionOf(index);
-    if (const auto made = definitions.Make(number); !made) return made.fault();
+    VANZET_DO(definitions.Make(number));
     lines += "spur " + std::to_string(index) + ": VDM " + std::to_string(number) + ", defined\n";
   }
   job.host.board.isHeld = true;
-  auto done = Play(*steps, job, transcript);
+  auto done = Play(steps, job, transcript);
   if (!done) job.host.board = drawing::Board(job.project.folder());
   job.host.board.isHeld = false;
   if (done) done = job.host.board.Save();
@@ -158,7 +148,7 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
 }
 
 Result<void> Run(const Job& job, const define::Surroundings& surroundings, const Arguments& arguments) {
-  if (const auto usable = job.host.store.Check(); !usable) return usable;
+  VANZET_DO(job.host.store.Check());
   std::string transcript;
   const auto lines = DefineAll(job, surroundings, transcript);
   const auto written =
@@ -171,21 +161,16 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
 Result<void> Define(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& file = operands.words.front();
-  auto form = ReadForm(file);
-  if (!form) return form.fault();
-  const auto hosted = HostProject(operands.project, arguments.trace, context);
-  if (!hosted) return hosted.fault();
-  const auto surroundings = SurroundingsOf((*hosted)->project, *(*hosted)->host);
-  if (!surroundings) return surroundings.fault();
+  VANZET_TRY(auto form, ReadForm(file));
+  VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   const std::string name = file == "-" ? "standard input" : file;
-  if (const auto sound = NothingOf(define::CheckForm(*form, *surroundings), name, context); !sound)
-    return sound;
-  const Job job{name, std::move(*form), (*hosted)->project, *(*hosted)->host, context};
-  if (!arguments.isDryRun) return Run(job, *surroundings, arguments);
-  auto steps = StepsOfJob(job, *surroundings);
-  if (!steps) return steps.fault();
-  steps->push_back(define::OkStep());
-  return Print(define::ScriptOf(*steps).text);
+  VANZET_DO(NothingOf(define::CheckForm(form, surroundings), name, context));
+  const Job job{name, std::move(form), hosted->project, *hosted->host, context};
+  if (!arguments.isDryRun) return Run(job, surroundings, arguments);
+  VANZET_TRY(auto steps, StepsOfJob(job, surroundings));
+  steps.push_back(define::OkStep());
+  return Print(define::ScriptOf(steps).text);
 }
 
 }  // namespace

@@ -41,9 +41,8 @@ const Looking kLooking[] = {
 /// The model as a definition has it: its face looks along x and is at x = 0.
 Result<modeller::Body> Laid(const modeller::Body& model, const MakeArguments& arguments) {
   const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
-  const auto turned = modeller::TurnBody(model, {{0, 0, 0}, looking.axis}, looking.degrees);
-  if (!turned) return turned;
-  return modeller::MoveBody(*turned, {-arguments.face.value_or(0), 0, 0});
+  VANZET_TRY(const auto turned, modeller::Turned(model, {{0, 0, 0}, looking.axis}, looking.degrees));
+  return modeller::Moved(turned, {-arguments.face.value_or(0), 0, 0});
 }
 
 /// A model that does not end where devices do most likely lies otherwise: what to do about it. Clamp devices
@@ -53,10 +52,9 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
   constexpr double kNear = 0.05;  // millimetres
   constexpr int kDigits = 6;
   if (arguments.face) return {};
-  const auto box = modeller::Extents(body);
-  if (!box) return box.fault();
+  VANZET_TRY(const auto box, modeller::Extents(body));
   const bool isJaw = arguments.deviceClass == "jaw";
-  const double face = isJaw ? box->min.x : box->max.x;
+  const double face = isJaw ? box.min.x : box.max.x;
   if (std::abs(face) <= kNear) return {};
   return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is not at 0 but at " +
                    NumberText(face, kDigits) + " mm; '--face' tells where it is, and " +
@@ -66,27 +64,23 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
 
 /// The one contour of a file.
 Result<geometry::Kurve> OutlineOf(const std::string& file) {
-  const auto content = contour::ReadContourFile(file, {});
-  if (!content) return content.fault();
-  if (content->contours.size() != 1) {
-    return Fault{"an outline is one contour; this file has " + std::to_string(content->contours.size()),
-                 file};
+  VANZET_TRY(const auto content, contour::ReadContourFile(file, {}));
+  if (content.contours.size() != 1) {
+    return Fault{"an outline is one contour; this file has " + std::to_string(content.contours.size()), file};
   }
-  return geometry::Kurve(content->contours.front().curve);
+  return geometry::Kurve(content.contours.front().curve);
 }
 
 Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
-  const auto body = modeller::ImportBody(paths.Resolve(arguments.body), ToldExchange());
-  if (!body) return body.fault();
-  const auto outline = OutlineOf(arguments.outline);
-  if (!outline) return outline.fault();
-  const auto laid = Laid(*body, arguments);
+  VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body), ToldExchange()));
+  VANZET_TRY(const auto outline, OutlineOf(arguments.outline));
+  const auto laid = Laid(body, arguments);
   if (!laid) return Fault{laid.fault().text, arguments.body};
-  if (const auto checked = CheckPlace(*laid, arguments); !checked) return checked;
+  VANZET_DO(CheckPlace(*laid, arguments));
   const auto content = scene::MakeOwnDevice(
-      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *laid, *outline});
+      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *laid, outline});
   if (!content) return Fault{content.fault().text, arguments.body};
   return vdm::WriteVdmFile(paths.Resolve(arguments.out), *content);
 }
@@ -101,16 +95,12 @@ struct Shown {
 };
 
 Result<Shown> ReadShown(const project::Definition& content) {
-  const auto values = scene::ReadOwnDeviceValues(content);
-  if (!values) return values.fault();
-  const auto device = scene::ReadDeviceText(content, scene::kOwnDeviceOperation, ToldExchange());
-  if (!device) return device.fault();
-  if (!*device) return Fault{"holds no body"};
-  const auto measures = modeller::MeasuresOf((*device)->body);
-  if (!measures) return measures.fault();
-  const auto box = modeller::Extents((*device)->body);
-  if (!box) return box.fault();
-  return Shown{*values, **device, *measures, *box, content.Items(scene::kOwnDeviceOperation, 3).size()};
+  VANZET_TRY(const auto values, scene::ReadOwnDeviceValues(content));
+  VANZET_TRY(const auto device, scene::ReadDeviceText(content, scene::kOwnDeviceOperation, ToldExchange()));
+  if (!device) return Fault{"holds no body"};
+  VANZET_TRY(const auto measures, modeller::MeasuresOf(device->body));
+  VANZET_TRY(const auto box, modeller::Extents(device->body));
+  return Shown{values, *device, measures, box, scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {
@@ -120,11 +110,9 @@ Json PointOf(const geometry::Point3d& point) {
 Result<void> Show(const std::string& file, bool isJson) {
   contour::UseMillimetres();
   const fs::path path = PathMap::OfProcess().Resolve(file);
-  const auto content = vdm::ReadVdmFile(path);
-  if (!content) return content.fault();
-  const auto definition = project::ReadDefinition(*content);
-  if (!definition) return definition.fault();
-  const auto shown = ReadShown(*definition);
+  VANZET_TRY(const auto content, vdm::ReadVdmFile(path));
+  VANZET_TRY(const auto definition, project::ReadDefinition(content));
+  const auto shown = ReadShown(definition);
   if (!shown) return Fault{shown.fault().text, path.string()};
   const Json json = {{"class", scene::WordOf(shown->values.deviceClass)},
                      {"first", shown->values.first},

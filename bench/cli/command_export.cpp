@@ -15,12 +15,10 @@ struct Arguments {
 };
 
 Result<void> ExportEquipment(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
   const auto exchange = ToldExchange();
-  const auto scene = results::EquipmentOf(*project, arguments.spur, exchange);
-  if (!scene) return scene.fault();
-  return results::WriteEquipment(*scene, *modeller::FormatNamed(arguments.format),
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
+  return results::WriteEquipment(scene, *modeller::FormatNamed(arguments.format),
                                  PathMap::OfProcess().Resolve(arguments.out), exchange);
 }
 

@@ -18,13 +18,12 @@ struct Arguments {
 
 Result<void> PrintLines(const vdm::Vdm& content) {
   for (std::size_t i = 0; i < content.Size(); ++i) {
-    const auto record = content.Read(i);
-    if (!record) return record.fault();
+    VANZET_TRY(const auto record, content.Read(i));
     std::string lines;
-    for (std::size_t item = 0; item < (*record)->Size(); ++item) {
-      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + EscapedItem((**record)[item]) + "\n";
+    for (std::size_t item = 0; item < record->Size(); ++item) {
+      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + EscapedItem((*record)[item]) + "\n";
     }
-    if (const auto printed = Print(lines); !printed) return printed;
+    VANZET_DO(Print(lines));
   }
   return {};
 }
@@ -32,22 +31,19 @@ Result<void> PrintLines(const vdm::Vdm& content) {
 Result<void> PrintAsJson(std::int64_t number, const vdm::Vdm& content) {
   Json records = Json::array();
   for (std::size_t i = 0; i < content.Size(); ++i) {
-    const auto record = content.Read(i);
-    if (!record) return record.fault();
+    VANZET_TRY(const auto record, content.Read(i));
     Json items = Json::array();
-    for (std::size_t item = 0; item < (*record)->Size(); ++item) items.push_back((**record)[item]);
+    for (std::size_t item = 0; item < record->Size(); ++item) items.push_back((*record)[item]);
     records.push_back(std::move(items));
   }
   return PrintJson({{"vdm", number}, {"records", records}});
 }
 
 Result<void> Items(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
-  const std::int64_t number = arguments.vdm.value_or(project->DefinitionOf(0));
-  const auto content = vdm::VdmStore(project->folder()).Snapshot(number);
-  if (!content) return content.fault();
-  return arguments.json ? PrintAsJson(number, *content) : PrintLines(*content);
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+  const std::int64_t number = arguments.vdm.value_or(project.DefinitionOf(0));
+  VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(number));
+  return arguments.json ? PrintAsJson(number, content) : PrintLines(content);
 }
 
 }  // namespace

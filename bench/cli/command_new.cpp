@@ -12,8 +12,7 @@ struct Arguments {
 };
 
 Result<void> New(const Arguments& arguments, const Context& context) {
-  const auto made = project::MakeProject(arguments.folder, arguments.sample, context.share);
-  if (!made) return made;
+  VANZET_DO(project::MakeProject(arguments.folder, arguments.sample, context.share));
   return Print("made the project " + arguments.folder + " from the sample " + arguments.sample + "\n");
 }
 

@@ -28,11 +28,10 @@ bool HasDisplay() {
 
 /// Goes on as the program of the window, which is beside this one; comes back only when it cannot be run.
 Result<void> Open(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
   if (!HasDisplay()) return Fault{"there is no display to open a window on"};
   const std::string program = (context.program.parent_path() / "vanzet-window").string();
-  const std::string folder = project->folder().string();
+  const std::string folder = project.folder().string();
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
                                nullptr};
   execv(program.c_str(), const_cast<char* const*>(words));

@@ -39,7 +39,7 @@ int SizeOf(const std::string& name, const std::string& word) {
 
 Result<std::string> Draw(const Arguments& arguments, const project::Project& project) {
   drawing::Board board(project.folder());
-  if (const auto loaded = board.Load(); !loaded) return loaded.fault();
+  VANZET_DO(board.Load());
   auto svg = drawing::PictureSvg(board.drawing(), arguments.options);
   return svg && IsPng(arguments.out) ? results::PngOf(*svg) : svg;
 }
@@ -52,22 +52,18 @@ Result<std::string> DrawEquipment(const Arguments& arguments, const project::Pro
   if (height) options.width = *height * 3 / 2;
   if (width) options.width = *width;
   options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
-  const auto scene = results::EquipmentOf(project, arguments.spur, ToldExchange());
-  if (!scene) return scene.fault();
-  const auto picture = scene::Draw(*scene, options);
-  if (!picture) return picture.fault();
-  return results::PngOf(*picture);
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, ToldExchange()));
+  VANZET_TRY(const auto picture, scene::Draw(scene, options));
+  return results::PngOf(picture);
 }
 
 Result<void> Picture(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
-  if (const auto target = vdm::VdmStore(project->folder()).CheckTarget(file); !target) return target;
-  const auto bytes =
-      arguments.view == "equipment" ? DrawEquipment(arguments, *project) : Draw(arguments, *project);
-  if (!bytes) return bytes.fault();
-  return files::ReplaceFile(file, *bytes);
+  VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(file));
+  VANZET_TRY(const auto bytes,
+             arguments.view == "equipment" ? DrawEquipment(arguments, project) : Draw(arguments, project));
+  return files::ReplaceFile(file, bytes);
 }
 
 void AddDrawingOptions(Command& command, drawing::PictureOptions& options) {

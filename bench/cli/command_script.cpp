@@ -30,33 +30,29 @@ Result<void> ErrorsIn(const std::string& transcript, const std::string& script) 
 
 Result<void> TakePicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
-  auto picks = drawing::Picks::ReadFile(file);
-  if (!picks) return picks.fault();
-  host.picks = std::make_unique<drawing::Picks>(std::move(*picks));
+  VANZET_TRY(auto picks, drawing::Picks::ReadFile(file));
+  host.picks = std::make_unique<drawing::Picks>(std::move(picks));
   return {};
 }
 
 Result<void> Script(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& script = operands.words.front();
-  if (const auto text = project::ReadTextFile(script, script); !text) return text.fault();
-  const auto hosted = HostProject(operands.project, arguments.trace, context);
-  if (!hosted) return hosted.fault();
-  api::Host& host = *(*hosted)->host;
-  if (const auto usable = host.store.Check(); !usable) return usable;
-  if (const auto picks = TakePicks(arguments.picks, host); !picks) return picks;
-  const auto folder = host.runFolder.Path();
-  if (!folder) return folder.fault();
+  VANZET_DO(project::ReadTextFile(script, script));
+  VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  api::Host& host = *hosted->host;
+  VANZET_DO(host.store.Check());
+  VANZET_DO(TakePicks(arguments.picks, host));
+  VANZET_TRY(const auto folder, host.runFolder.Path());
   const bool isPrinted = arguments.transcript.empty();
   const std::filesystem::path file =
-      isPrinted ? *folder / "transcript.jsonl" : std::filesystem::path(arguments.transcript);
-  const auto transcript = PlayDialog(script, file, host, context);
-  if (!transcript) return transcript.fault();
+      isPrinted ? folder / "transcript.jsonl" : std::filesystem::path(arguments.transcript);
+  VANZET_TRY(const auto transcript, PlayDialog(script, file, host, context));
   if (isPrinted) {
-    if (const auto printed = Print(*transcript); !printed) return printed;
+    VANZET_DO(Print(transcript));
   }
-  if (const auto done = ErrorsIn(*transcript, script); !done) return done;
-  if (const auto kept = host.board.Save(); !kept) return kept;
+  VANZET_DO(ErrorsIn(transcript, script));
+  VANZET_DO(host.board.Save());
   return context.panel.faults() == 0 ? Result<void>() : Fault{"the script went on after faults; see above"};
 }
 

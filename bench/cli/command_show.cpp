@@ -24,9 +24,8 @@ using Spurs = std::vector<results::SpurDefinition>;
 
 Result<Spurs> ReadSpurs(const Arguments& arguments, const project::Project& project) {
   if (!arguments.spur) return results::ReadDefinitions(project);
-  auto spur = results::ReadDefinition(project, *arguments.spur);
-  if (!spur) return spur.fault();
-  return Spurs{std::move(*spur)};
+  VANZET_TRY(auto spur, results::ReadDefinition(project, *arguments.spur));
+  return Spurs{std::move(spur)};
 }
 
 std::string ItemCounts(const project::Operation& operation) {
@@ -81,18 +80,15 @@ Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
 }
 
 Result<void> Show(const Arguments& arguments, Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
-  const auto spurs = ReadSpurs(arguments, *project);
-  if (!spurs) return spurs.fault();
-  const auto printed = arguments.json ? PrintJson(ToJson(*spurs, context.panel)) : Print(Text(*spurs));
-  if (!printed) return printed;
-  for (const results::SpurDefinition& spur : *spurs) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+  VANZET_TRY(const auto spurs, ReadSpurs(arguments, project));
+  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs)));
+  for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
       return Fault{"the definition of spur " + std::to_string(spur.spur) + " is damaged"};
     }
   }
-  if (std::ranges::any_of(*spurs,
+  if (std::ranges::any_of(spurs,
                           [](const results::SpurDefinition& spur) { return spur.definition.has_value(); }))
     return {};
   return Fault{"there is no definition yet"};

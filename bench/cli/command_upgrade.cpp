@@ -20,37 +20,30 @@ struct Arguments {
 Result<std::string> Check(std::int32_t spur, const HostedProject& hosted) {
   const std::uint32_t number = hosted.project.DefinitionOf(spur);
   const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
-  const auto open = hosted.host->store.IsOpen(number);
-  if (!open) return open.fault();
-  if (*open) return Fault{name + " is open in another process and was not upgraded"};
-  const auto content = hosted.host->store.Snapshot(number);
-  if (!content) return content.fault();
-  const auto definition = project::ReadDefinition(*content);
-  if (!definition) return definition.fault();
-  if (definition->version != kVersion || definition->operations.size() < kOperations) {
+  VANZET_TRY(const auto open, hosted.host->store.IsOpen(number));
+  if (open) return Fault{name + " is open in another process and was not upgraded"};
+  VANZET_TRY(const auto content, hosted.host->store.Snapshot(number));
+  VANZET_TRY(const auto definition, project::ReadDefinition(content));
+  if (definition.version != kVersion || definition.operations.size() < kOperations) {
     return Fault{name + " is no definition of version " + std::to_string(kVersion) + " after the upgrade"};
   }
-  return name + ", version " + std::to_string(definition->version) + ", " +
-         Counted(definition->operations.size(), "operation") + "\n";
+  return name + ", version " + std::to_string(definition.version) + ", " +
+         Counted(definition.operations.size(), "operation") + "\n";
 }
 
 Result<void> Upgrade(const Arguments& arguments, Context& context) {
-  const auto hosted = HostProject(arguments.project, arguments.trace, context);
-  if (!hosted) return hosted.fault();
-  api::Host& host = *(*hosted)->host;
-  const auto spurs = (*hosted)->project.SpindleSpurs();
-  if (!spurs) return spurs.fault();
+  VANZET_TRY(const auto hosted, HostProject(arguments.project, arguments.trace, context));
+  api::Host& host = *hosted->host;
+  VANZET_TRY(const auto spurs, hosted->project.SpindleSpurs());
   // The module would tell a store that cannot be used once for each of its calls.
-  if (const auto usable = host.store.Check(); !usable) return usable;
-  const auto module = api::FindModule(context.program);
-  if (!module) return module.fault();
-  if (const auto called = api::CallModule(*module, "ReOrgVdm", host); !called) return called;
+  VANZET_DO(host.store.Check());
+  VANZET_TRY(const auto module, api::FindModule(context.program));
+  VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
 
   std::string lines;
-  for (std::int32_t spur = 0; spur < *spurs; ++spur) {
-    const auto line = Check(spur, **hosted);
-    if (!line) return line.fault();
-    lines += *line;
+  for (std::int32_t spur = 0; spur < spurs; ++spur) {
+    VANZET_TRY(const auto line, Check(spur, *hosted));
+    lines += line;
   }
   if (context.panel.faults() > 0) return Fault{"the upgrade did not go through; see above"};
   return Print(lines);

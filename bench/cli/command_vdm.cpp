@@ -28,41 +28,35 @@ void SplitWordsOf(Arguments& arguments, std::size_t numberAt) {
 }
 
 Result<void> Save(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
-  const vdm::VdmStore store(project->folder());
-  const auto content = store.Snapshot(arguments.number);
-  if (!content) return content.fault();
-  const auto file = project->paths().Resolve(arguments.file);
-  if (const auto target = store.CheckTarget(file); !target) return target;
-  if (const auto written = vdm::WriteVdmFile(file, *content); !written) return written;
-  return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content->Size(), "record") +
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+  const vdm::VdmStore store(project.folder());
+  VANZET_TRY(const auto content, store.Snapshot(arguments.number));
+  const auto file = project.paths().Resolve(arguments.file);
+  VANZET_DO(store.CheckTarget(file));
+  VANZET_DO(vdm::WriteVdmFile(file, content));
+  return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
                ", to " + file.string() + "\n");
 }
 
 Result<void> Load(const Arguments& arguments, const Context& context) {
-  const auto project = project::Project::Open(arguments.project, context.share);
-  if (!project) return project.fault();
-  const auto file = project->paths().Resolve(arguments.file);
-  const auto content = vdm::ReadVdmFile(file);
-  if (!content) return content.fault();
-  vdm::VdmStore store(project->folder());
-  if (const auto kept = store.Replace(arguments.number, *content); !kept) return kept;
-  return Print("loaded VDM " + std::to_string(arguments.number) + ", " + Counted(content->Size(), "record") +
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+  const auto file = project.paths().Resolve(arguments.file);
+  VANZET_TRY(const auto content, vdm::ReadVdmFile(file));
+  vdm::VdmStore store(project.folder());
+  VANZET_DO(store.Replace(arguments.number, content));
+  return Print("loaded VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
                ", from " + file.string() + "\n");
 }
 
 Result<void> Check(const std::string& file, bool json) {
-  const auto content = vdm::ReadVdmFile(PathMap::OfProcess().Resolve(file));
-  if (!content) return content.fault();
+  VANZET_TRY(const auto content, vdm::ReadVdmFile(PathMap::OfProcess().Resolve(file)));
   std::size_t items = 0;
-  for (std::size_t i = 0; i < content->Size(); ++i) {
-    const auto record = content->Read(i);
-    if (!record) return record.fault();
-    items += (*record)->Size();
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    VANZET_TRY(const auto record, content.Read(i));
+    items += record->Size();
   }
-  if (json) return PrintJson({{"file", file}, {"records", content->Size()}, {"items", items}});
-  return Print(file + ": " + Counted(content->Size(), "record") + ", " + Counted(items, "item") + "\n");
+  if (json) return PrintJson({{"file", file}, {"records", content.Size()}, {"items", items}});
+  return Print(file + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") + "\n");
 }
 
 void AddSave(Command& vdm, const Context& context) {

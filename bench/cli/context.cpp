@@ -43,24 +43,20 @@ SplitWords SplitProject(const std::vector<std::string>& words) {
 
 Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
                                                    const std::string& traceFile, Context& context) {
-  auto project = project::Project::Open(folder, context.share);
-  if (!project) return project.fault();
+  VANZET_TRY(auto project, project::Project::Open(folder, context.share));
   std::unique_ptr<api::Trace> trace;
   if (!traceFile.empty()) {
-    const auto target = vdm::VdmStore(project->folder()).CheckTarget(traceFile);
-    if (!target) return target.fault();
-    auto opened = api::Trace::To(traceFile);
-    if (!opened) return opened.fault();
-    trace = std::move(*opened);
+    VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(traceFile));
+    VANZET_TRY(auto opened, api::Trace::To(traceFile));
+    trace = std::move(opened);
   }
-  auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(*project), nullptr});
+  auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
   hosted->host->exchange = ToldExchange();
   if (!context.keepsTmp) return hosted;
-  const auto tmp = hosted->host->runFolder.Path();
-  if (!tmp) return tmp.fault();
+  VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
   hosted->host->runFolder.Keep();
-  std::cerr << "vanzet: the files of this run stay in " + tmp->string() + "\n";
+  std::cerr << "vanzet: the files of this run stay in " + tmp.string() + "\n";
   return hosted;
 }
 

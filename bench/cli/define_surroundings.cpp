@@ -16,25 +16,21 @@ bool Has(const project::Project& project, const char* fact) {
 
 Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& project, api::Host& host) {
   constexpr std::size_t kShortestPath = 3;  // a shorter setting names no file
-  const auto setting = host.Setting("CLAMP_DB_PATH");
-  if (!setting) return setting.fault();
-  const std::string path = setting->size() < kShortestPath ? host.Environment("clampmdb") : *setting;
+  VANZET_TRY(const auto setting, host.Setting("CLAMP_DB_PATH"));
+  const std::string path = setting.size() < kShortestPath ? host.Environment("clampmdb") : setting;
   std::ifstream catalogue(project.paths().Resolve(path), std::ios::binary);
   return define::ReadShop(catalogue);
 }
 
 Result<scene::DeviceClass> OwnDeviceOf(const std::string& file, const project::Project& project) {
-  const auto content = vdm::ReadVdmFile(project.paths().Resolve(file));
-  if (!content) return content.fault();
-  const auto definition = project::ReadDefinition(*content);
-  if (!definition) return definition.fault();
-  const auto values = scene::ReadOwnDeviceValues(*definition);
-  if (!values) return values.fault();
-  return values->deviceClass;
+  VANZET_TRY(const auto content, vdm::ReadVdmFile(project.paths().Resolve(file)));
+  VANZET_TRY(const auto definition, project::ReadDefinition(content));
+  VANZET_TRY(const auto values, scene::ReadOwnDeviceValues(definition));
+  return values.deviceClass;
 }
 
 Result<void> CheckFigure(const std::string& name, api::Host& host) {
-  if (const auto loaded = host.board.Load(); !loaded) return loaded;
+  VANZET_DO(host.board.Load());
   if (host.board.drawing().HasFigure(name)) return {};
   const auto read = host.ReadFigureFile(name);
   return read ? Result<void>() : read.fault();
@@ -48,16 +44,14 @@ Result<void> CheckSolid(const std::string& name, api::Host& host) {
 }  // namespace
 
 Result<define::Surroundings> SurroundingsOf(const project::Project& project, api::Host& host) {
-  const auto spurs = project.SpindleSpurs();
-  if (!spurs) return spurs.fault();
-  const auto shop = ShopOf(project, host);
-  if (!shop) return shop.fault();
+  VANZET_TRY(const auto spurs, project.SpindleSpurs());
+  VANZET_TRY(const auto shop, ShopOf(project, host));
   define::Surroundings surroundings;
-  surroundings.spurs = *spurs;
+  surroundings.spurs = spurs;
   surroundings.hasSubSpindle = Has(project, "SubSpindleAvailable");
   surroundings.hasTailStock = Has(project, "TailStockAvailable");
   surroundings.hasSteadyRest = Has(project, "LunAvailable");
-  surroundings.catalogue = [shop = *shop](const std::string& name) {
+  surroundings.catalogue = [shop](const std::string& name) {
     const auto device = shop.find(name);
     return device == shop.end() ? std::nullopt : std::optional(device->second);
   };

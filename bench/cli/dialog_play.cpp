@@ -9,11 +9,10 @@ namespace vanzet::cli {
 
 Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
                                api::Host& host, const Context& context) {
-  const auto module = api::FindModule(context.program);
-  if (!module) return module.fault();
+  VANZET_TRY(const auto module, api::FindModule(context.program));
   setenv("VANZET_SCRIPT", script.c_str(), 1);
   setenv("VANZET_TRANSCRIPT", transcript.c_str(), 1);
-  if (const auto called = api::CallModule(*module, "mstart", host); !called) return called.fault();
+  VANZET_DO(api::CallModule(module, "mstart", host));
   return project::ReadTextFile(transcript, transcript.string());
 }
 

@@ -14,14 +14,12 @@ NewDefinitions::~NewDefinitions() {
 
 Result<void> NewDefinitions::Make(std::uint32_t number) {
   Former former{number, std::nullopt};
-  const auto numbers = store_.Numbers();
-  if (!numbers) return numbers.fault();
-  if (std::ranges::find(*numbers, vdm::Number{number}) != numbers->end()) {
-    auto content = store_.Snapshot(number);
-    if (!content) return content.fault();
-    former.content = std::move(*content);
+  VANZET_TRY(const auto numbers, store_.Numbers());
+  if (std::ranges::find(numbers, vdm::Number{number}) != numbers.end()) {
+    VANZET_TRY(auto content, store_.Snapshot(number));
+    former.content = std::move(content);
   }
-  if (const auto made = store_.Replace(number, blank_); !made) return made;
+  VANZET_DO(store_.Replace(number, blank_));
   formers_.push_back(std::move(former));
   return {};
 }

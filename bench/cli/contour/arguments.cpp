@@ -77,23 +77,21 @@ void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size
 
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
   const std::string& name = arguments.files[file];
-  auto content = contour::ReadContourFile(name, arguments.drawing);
-  if (!content) return content.fault();
-  for (const std::string& remark : content->remarks) std::cerr << "vanzet: " + remark + "\n";
-  if (!arguments.contour) return std::move(content->contours);
+  VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
+  for (const std::string& remark : content.remarks) std::cerr << "vanzet: " + remark + "\n";
+  if (!arguments.contour) return std::move(content.contours);
   contour::Contours chosen;
-  for (const contour::Contour& contour : content->contours) {
+  for (const contour::Contour& contour : content.contours) {
     if (contour.number == *arguments.contour) chosen.push_back(contour);
   }
-  if (chosen.empty()) return NoSuchContour(*arguments.contour, content->contours, name);
+  if (chosen.empty()) return NoSuchContour(*arguments.contour, content.contours, name);
   return chosen;
 }
 
 Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file) {
-  auto contours = ReadContours(arguments, file);
-  if (!contours) return contours.fault();
-  if (contours->size() == 1) return std::move(contours->front());
-  return Fault{"there are " + Counted(contours->size(), "contour") + "; choose one with --contour",
+  VANZET_TRY(auto contours, ReadContours(arguments, file));
+  if (contours.size() == 1) return std::move(contours.front());
+  return Fault{"there are " + Counted(contours.size(), "contour") + "; choose one with --contour",
                arguments.files[file]};
 }
 

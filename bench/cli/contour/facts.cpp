@@ -76,7 +76,7 @@ Drawing DrawingOf(const Contours& contours) {
 /// Writes the picture and prints the table or the list.
 Result<void> Tell(const ContourArguments& arguments, const Drawing& drawing, const std::string& text,
                   const char* name, const Json& list) {
-  if (const auto written = WritePicture(arguments, drawing); !written) return written;
+  VANZET_DO(WritePicture(arguments, drawing));
   return arguments.json ? PrintJson({{"unit", "mm"}, {name, list}}) : Print(text);
 }
 
@@ -93,27 +93,25 @@ const char* SideName(contour::Side side) {
 }  // namespace
 
 Result<void> ContourInfo(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   std::string text;
   Json list = Json::array();
-  for (const Contour& contour : *contours) {
+  for (const Contour& contour : contours) {
     const contour::Facts facts = FactsOf(contour);
     text += (text.empty() ? "" : "\n") + FactsText(facts);
     list.push_back(FactsJson(facts));
   }
-  return Tell(arguments, DrawingOf(*contours), text, "contours", list);
+  return Tell(arguments, DrawingOf(contours), text, "contours", list);
 }
 
 Result<void> ContourNear(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Drawing drawing = DrawingOf(*contours);
+  Drawing drawing = DrawingOf(contours);
   drawing.marks.push_back({Mark::Kind::kAsked, asked});
   std::vector<std::vector<std::string>> rows = {{"contour", "span", "distance", "nearest point"}};
   Json list = Json::array();
-  for (const Contour& contour : *contours) {
+  for (const Contour& contour : contours) {
     const contour::Nearest nearest = NearestOn(contour, asked);
     drawing.marks.push_back({Mark::Kind::kFound, nearest.point});
     drawing.links.push_back({asked, nearest.point});
@@ -128,39 +126,34 @@ Result<void> ContourNear(const ContourArguments& arguments) {
 }
 
 Result<void> ContourInside(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Drawing drawing = DrawingOf(*contours);
+  Drawing drawing = DrawingOf(contours);
   drawing.marks.push_back({Mark::Kind::kAsked, asked});
   std::vector<std::vector<std::string>> rows = {{"contour", "the point is"}};
   Json list = Json::array();
-  for (const Contour& contour : *contours) {
-    const auto side = SideOf(contour, asked);
-    if (!side) return side.fault();
-    const bool isOpen = *side == contour::Side::kOpen;
+  for (const Contour& contour : contours) {
+    VANZET_TRY(const auto side, SideOf(contour, asked));
+    const bool isOpen = side == contour::Side::kOpen;
     rows.push_back(
-        {std::to_string(contour.number), isOpen ? "nowhere: the contour is open" : SideName(*side)});
-    list.push_back({{"contour", contour.number}, {"side", SideName(*side)}});
+        {std::to_string(contour.number), isOpen ? "nowhere: the contour is open" : SideName(side)});
+    list.push_back({{"contour", contour.number}, {"side", SideName(side)}});
   }
   return Tell(arguments, drawing, Table(rows), "sides", list);
 }
 
 Result<void> ContourIntersect(const ContourArguments& arguments) {
-  const auto first = ReadContours(arguments, 0);
-  if (!first) return first.fault();
-  const auto second = ReadContours(arguments, 1);
-  if (!second) return second.fault();
-  Drawing drawing = DrawingOf(*first);
+  VANZET_TRY(const auto first, ReadContours(arguments, 0));
+  VANZET_TRY(const auto second, ReadContours(arguments, 1));
+  Drawing drawing = DrawingOf(first);
   drawing.layers.front().name = "A";
-  drawing.layers.push_back({Drawing::Role::kOther, &*second, "B"});
+  drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
   std::vector<std::vector<std::string>> rows = {{"contour A", "span", "contour B", "span", "point"}};
   Json list = Json::array();
-  for (const Contour& a : *first) {
-    for (const Contour& b : *second) {
-      const auto crossings = Crossings(a, b);
-      if (!crossings) return crossings.fault();
-      for (const contour::Crossing& crossing : *crossings) {
+  for (const Contour& a : first) {
+    for (const Contour& b : second) {
+      VANZET_TRY(const auto crossings, Crossings(a, b));
+      for (const contour::Crossing& crossing : crossings) {
         drawing.marks.push_back({Mark::Kind::kFound, crossing.point});
         rows.push_back({std::to_string(a.number), std::to_string(crossing.spanA), std::to_string(b.number),
                         std::to_string(crossing.spanB), PointText(crossing.point)});

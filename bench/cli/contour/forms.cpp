@@ -15,23 +15,21 @@ using contour::Drawing;
 Result<void> GiveForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &contours});
-  if (const auto written = WritePicture(arguments, std::move(drawing)); !written) return written;
+  VANZET_DO(WritePicture(arguments, std::move(drawing)));
   return arguments.json ? PrintJson(JsonForm(contours)) : Print(form);
 }
 
 }  // namespace
 
 Result<void> ContourXml(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
-  return GiveForm(arguments, *contours, XmlForm(*contours, arguments.xmlKind));
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
+  return GiveForm(arguments, contours, XmlForm(contours, arguments.xmlKind));
 }
 
 Result<void> ContourText(const ContourArguments& arguments) {
-  const auto contours =
-      arguments.libraryReads ? contour::ReadLibraryText(arguments.files[0]) : ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
-  return GiveForm(arguments, *contours, LibraryTextForm(*contours, arguments.textForm));
+  VANZET_TRY(const auto contours, arguments.libraryReads ? contour::ReadLibraryText(arguments.files[0])
+                                                         : ReadContours(arguments, 0));
+  return GiveForm(arguments, contours, LibraryTextForm(contours, arguments.textForm));
 }
 
 }  // namespace vanzet::cli

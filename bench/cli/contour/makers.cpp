@@ -28,13 +28,11 @@ struct Changed {
 };
 
 Result<Changed> ChangedBy(const ContourArguments& arguments, const Change& change) {
-  auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
-  Changed changed{std::move(*contours), {}};
+  VANZET_TRY(auto contours, ReadContours(arguments, 0));
+  Changed changed{std::move(contours), {}};
   for (const Contour& contour : changed.source) {
-    auto result = change(contour);
-    if (!result) return result.fault();
-    changed.made.push_back(std::move(*result));
+    VANZET_TRY(auto result, change(contour));
+    changed.made.push_back(std::move(result));
   }
   return changed;
 }
@@ -60,11 +58,9 @@ Result<void> ContourTransform(const ContourArguments& arguments) {
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
-  const auto contour = ReadOneContour(arguments, 0);
-  if (!contour) return contour.fault();
-  const auto part = PartOf(*contour, arguments.PointAt(0), arguments.PointAt(2));
-  if (!part) return part.fault();
-  return Give(arguments, {*contour}, {*part});
+  VANZET_TRY(const auto contour, ReadOneContour(arguments, 0));
+  VANZET_TRY(const auto part, PartOf(contour, arguments.PointAt(0), arguments.PointAt(2)));
+  return Give(arguments, {contour}, {part});
 }
 
 Result<void> ContourSection(const ContourArguments& arguments) {
@@ -90,11 +86,9 @@ Result<void> ContourExtend(const ContourArguments& arguments) {
 }
 
 Result<void> ContourBlend(const ContourArguments& arguments) {
-  const auto contour = ReadOneContour(arguments, 0);
-  if (!contour) return contour.fault();
-  const auto blended = ChangeBlend(*contour, arguments.PointAt(0), arguments.numbers[2]);
-  if (!blended) return blended.fault();
-  const Contours source = {*contour}, made = {*blended};
+  VANZET_TRY(const auto contour, ReadOneContour(arguments, 0));
+  VANZET_TRY(const auto blended, Blended(contour, arguments.PointAt(0), arguments.numbers[2]));
+  const Contours source = {contour}, made = {blended};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &source, "contour"});
   drawing.layers.push_back({Drawing::Role::kOther, &made, "with the new radius"});
@@ -102,16 +96,14 @@ Result<void> ContourBlend(const ContourArguments& arguments) {
 }
 
 Result<void> ContourCircle(const ContourArguments& arguments) {
-  const auto circle = contour::CircleOf(arguments.PointAt(0), arguments.numbers[2]);
-  if (!circle) return circle.fault();
-  return Give(arguments, {}, {*circle});
+  VANZET_TRY(const auto circle, contour::CircleOf(arguments.PointAt(0), arguments.numbers[2]));
+  return Give(arguments, {}, {circle});
 }
 
 Result<void> ContourEllipse(const ContourArguments& arguments) {
-  const auto ellipse =
-      contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2], arguments.numbers[3], arguments.matrix);
-  if (!ellipse) return ellipse.fault();
-  return Give(arguments, {}, {*ellipse});
+  VANZET_TRY(const auto ellipse, contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2],
+                                                    arguments.numbers[3], arguments.matrix));
+  return Give(arguments, {}, {ellipse});
 }
 
 }  // namespace vanzet::cli

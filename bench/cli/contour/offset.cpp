@@ -31,19 +31,17 @@ Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& argum
 }  // namespace
 
 Result<void> ContourOffset(const ContourArguments& arguments) {
-  const auto contours = ReadContours(arguments, 0);
-  if (!contours) return contours.fault();
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   Contours made;
-  for (const Contour& contour : *contours) {
-    const auto offsets = OffsetsOf(contour, arguments);
-    if (!offsets) return offsets.fault();
-    made.insert(made.end(), offsets->begin(), offsets->end());
+  for (const Contour& contour : contours) {
+    VANZET_TRY(const auto offsets, OffsetsOf(contour, arguments));
+    made.insert(made.end(), offsets.begin(), offsets.end());
   }
   if (arguments.steps > 1) {
     for (std::size_t i = 0; i < made.size(); ++i) made[i].number = static_cast<int>(i) + 1;
   }
   Drawing drawing;
-  drawing.layers.push_back({Drawing::Role::kMain, &*contours, "contour"});
+  drawing.layers.push_back({Drawing::Role::kMain, &contours, "contour"});
   drawing.layers.push_back({Drawing::Role::kOther, &made, made.size() > 1 ? "offsets" : "offset"});
   return GiveContours(arguments, drawing, made);
 }
@@ -51,9 +49,8 @@ Result<void> ContourOffset(const ContourArguments& arguments) {
 Result<void> ContourBiarc(const ContourArguments& arguments) {
   const contour::Heading from{arguments.PointAt(0), arguments.numbers[2]};
   const contour::Heading to{arguments.PointAt(3), arguments.numbers[5]};
-  const auto biarc = BiarcOf(from, to);
-  if (!biarc) return biarc.fault();
-  const Contours made = {*biarc};
+  VANZET_TRY(const auto biarc, BiarcOf(from, to));
+  const Contours made = {biarc};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &made});
   const double reach = Dist(from.point, to.point) / 3;

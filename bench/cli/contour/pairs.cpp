@@ -51,36 +51,31 @@ Json MotionJson(const std::optional<Matrix>& matrix) {
 }  // namespace
 
 Result<void> ContourEqualise(const ContourArguments& arguments) {
-  const auto a = ReadOneContour(arguments, 0);
-  if (!a) return a.fault();
-  const auto b = ReadOneContour(arguments, 1);
-  if (!b) return b.fault();
-  const auto equalised = Equalise(*a, *b, arguments.force);
-  if (!equalised) return equalised.fault();
-  const Contours first = {equalised->a}, second = {equalised->b};
+  VANZET_TRY(const auto a, ReadOneContour(arguments, 0));
+  VANZET_TRY(const auto b, ReadOneContour(arguments, 1));
+  VANZET_TRY(const auto equalised, EqualisedOf(a, b, arguments.force));
+  const Contours first = {equalised.a}, second = {equalised.b};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
   drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
   geometry::spVertex ofA, ofB;
-  for (int i = 0; i < kMostLinks && equalised->a.curve.Get(i, ofA) && equalised->b.curve.Get(i, ofB); ++i) {
+  for (int i = 0; i < kMostLinks && equalised.a.curve.Get(i, ofA) && equalised.b.curve.Get(i, ofB); ++i) {
     drawing.links.push_back({ofA.p, ofB.p});
   }
-  return GiveContours(arguments, drawing, {equalised->a, equalised->b});
+  return GiveContours(arguments, drawing, {equalised.a, equalised.b});
 }
 
 Result<void> ContourSame(const ContourArguments& arguments) {
-  const auto a = ReadOneContour(arguments, 0);
-  if (!a) return a.fault();
-  const auto b = ReadOneContour(arguments, 1);
-  if (!b) return b.fault();
-  const auto motion = MotionOnto(*a, *b, arguments.mirror);
+  VANZET_TRY(const auto a, ReadOneContour(arguments, 0));
+  VANZET_TRY(const auto b, ReadOneContour(arguments, 1));
+  const auto motion = MotionOnto(a, b, arguments.mirror);
   if (!motion) return motion.fault();
-  const Contours first = {*a}, second = {*b};
+  const Contours first = {a}, second = {b};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
   drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
-  if (*motion) drawing.links.push_back({a->curve.start, a->curve.start.Transform(**motion)});
-  if (const auto written = WritePicture(arguments, drawing); !written) return written;
+  if (*motion) drawing.links.push_back({a.curve.start, a.curve.start.Transform(**motion)});
+  VANZET_DO(WritePicture(arguments, drawing));
   if (arguments.json) return PrintJson(MotionJson(*motion));
   return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours are not one shape\n");
 }

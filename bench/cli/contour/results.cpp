@@ -26,11 +26,9 @@ Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing dr
 Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
                           const contour::Contours& made) {
   constexpr const char* kLayer = "CONTOURS";
-  if (const auto written = WritePicture(arguments, drawing); !written) return written;
+  VANZET_DO(WritePicture(arguments, drawing));
   if (!arguments.dxf.empty()) {
-    if (const auto written = WriteFile(arguments.dxf, contour::DxfForm(made, kLayer)); !written) {
-      return written;
-    }
+    VANZET_DO(WriteFile(arguments.dxf, contour::DxfForm(made, kLayer)));
   }
   return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
 }
