@@ -1,7 +1,6 @@
 #include "base/translations.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -222,12 +221,6 @@ Result<Translations> LoadTranslations(const fs::path& share, std::string_view co
     return Fault{.text = "no texts in the language '" + std::string(code) + "'", .kind = FaultKind::kMissing};
   const std::string text(std::istreambuf_iterator<char>(stream), {});
   return Translations::Read(text, file.string());
-}
-
-fs::path ShareFolder(const fs::path& programFolder) {
-  const char* const named = std::getenv("VANZET_SHARE");
-  if (named != nullptr && *named != '\0') return named;
-  return programFolder.parent_path() / "share" / "vanzet";
 }
 
 }  // namespace vanzet

@@ -73,8 +73,4 @@ std::vector<Language> AvailableLanguages(const std::filesystem::path& share);
 /// Errors   kMissing for a language without a catalogue; its faults
 Result<Translations> LoadTranslations(const std::filesystem::path& share, std::string_view code);
 
-/// The folder of the workbench's own files: that of the environment variable VANZET_SHARE, else
-/// ../share/vanzet beside the folder of a program or library.
-std::filesystem::path ShareFolder(const std::filesystem::path& programFolder);
-
 }  // namespace vanzet

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "base/places.h"
 #include "modeller/exchange_process.h"
 #include "modeller/facets.h"
 #include "modeller/kernel.h"
@@ -25,10 +26,8 @@ Result<Body> Unpack(const MemoryFile& parcel) {
 }  // namespace
 
 Exchange Exchange::OfProcess() {
-  if (const char* named = std::getenv("VANZET_EXCHANGE"); named != nullptr && *named != '\0')
-    return {named, {}};
-  std::error_code unknown;
-  return {fs::read_symlink("/proc/self/exe", unknown).parent_path() / "vanzet-exchange", {}};
+  if (const char* told = std::getenv("VANZET_EXCHANGE"); told != nullptr && *told != '\0') return {told, {}};
+  return {ProgramFile().parent_path() / "vanzet-exchange", {}};
 }
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {

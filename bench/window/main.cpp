@@ -51,8 +51,8 @@ int main(int argc, char** argv) {
   // Numbers have a point whatever the toolkit's locale is.
   std::setlocale(LC_NUMERIC, "C");
   const Arguments arguments = ReadArguments(argc, argv);
-  window::MainWindow window(window::Places::OfProcess());
-  application.reportFault = [&](const Fault& fault) { window.ReportFault(fault); };
+  window::MainWindow window(Places::OfProcess());
+  application.tell = [&](const Fault& fault) { window.Tell(fault); };
   window.show();
   QTimer::singleShot(0, &window, [&] {
     if (arguments.project.empty()) return;

@@ -1,7 +1,6 @@
 #include "window/session.h"
 
 #include "api/module.h"
-#include "base/translations.h"
 #include "results/equipment.h"
 
 namespace vanzet::window {
@@ -20,14 +19,6 @@ struct AtExit {
 };
 
 }  // namespace
-
-Places Places::OfProcess() {
-  std::error_code error;
-  Places places;
-  places.program = fs::read_symlink("/proc/self/exe", error);
-  places.share = ShareFolder(places.program.parent_path());
-  return places;
-}
 
 Result<std::unique_ptr<Session>> Session::Open(const fs::path& folder, const Places& places) {
   VANZET_TRY(auto project, project::Project::Open(folder, places.share));

@@ -7,19 +7,11 @@
 #include <vector>
 
 #include "api/host.h"
+#include "base/places.h"
 #include "results/definitions.h"
 #include "scene/scene.h"
 
 namespace vanzet::window {
-
-/// Where the program finds its own files.
-struct Places {
-  std::filesystem::path program;  ///< the executable
-  std::filesystem::path share;    ///< the workbench's own files
-
-  /// The places of this process.
-  static Places OfProcess();
-};
 
 /// The project that the window shows, without any widget.
 ///

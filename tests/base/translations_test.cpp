@@ -132,13 +132,6 @@ TEST_F(LanguagesTest, WithoutACatalogueAreMissing) {
   EXPECT_TRUE(LoadTranslations(share.path(), "en"));
 }
 
-TEST(ShareFolderTest, IsBesideTheProgramsUnlessItIsNamed) {
-  EXPECT_EQ(ShareFolder("/usr/bin"), "/usr/share/vanzet");
-  setenv("VANZET_SHARE", "/srv/vanzet", 1);
-  EXPECT_EQ(ShareFolder("/usr/bin"), "/srv/vanzet");
-  unsetenv("VANZET_SHARE");
-}
-
 TEST(Catalogues, HoldTheSectionsOfOurProgramsOnly) {
   for (const auto& [code, catalogue] : test::Catalogues())
     EXPECT_THAT(catalogue.Sections(), testing::Each(Key(testing::AnyOf("cli", "view", "window")))) << code;

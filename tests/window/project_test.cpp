@@ -94,7 +94,7 @@ TEST_F(Projects, ThatAreOpenInAnotherProcessAreToldAndLeftAlone) {
 TEST_F(Projects, ShownInTwoWindowsSaySo) {
   OpenSample();
   window::MainWindow second(
-      window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
+      Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
   second.show();
   ASSERT_TRUE(second.projectCommands().Open(folder / "lathe"));
   EXPECT_THAT(second.findChild<window::NoticeBar*>()->Message().toStdString(),

@@ -49,8 +49,8 @@ WindowTest::~WindowTest() {
 void WindowTest::Restart() {
   window.reset();
   window = std::make_unique<window::MainWindow>(
-      window::Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
-  Program().reportFault = [this](const Fault& fault) { window->ReportFault(fault); };
+      Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
+  Program().tell = [this](const Fault& fault) { window->Tell(fault); };
   window->resize(1400, 900);
   window->show();
   QCoreApplication::processEvents();

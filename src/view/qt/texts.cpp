@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "base/places.h"
 #include "platform/symbols.h"
 
 namespace vanzet::view::qt {
