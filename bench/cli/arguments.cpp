@@ -1,9 +1,11 @@
 #include "cli/arguments.h"
 
+#include <system_error>
+
 #include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/quote.h"
-#include "cli/context.h"
+#include "cli/commands.h"
 
 namespace vanzet::cli {
 
@@ -38,6 +40,24 @@ TakeWord StoreText(std::string& text) {
 
 TakeWord StoreFile(std::string& file) {
   return [&file](const std::string& name, const std::string& word) { file = FileOf(name, word); };
+}
+
+SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count) {
+  SplitWords operands{".", words};
+  if (words.size() != count + 1) return operands;
+  std::error_code error;
+  const auto project =
+      std::filesystem::is_directory(words.front(), error) ? operands.words.begin() : operands.words.end() - 1;
+  operands.project = *project;
+  operands.words.erase(project);
+  return operands;
+}
+
+SplitWords SplitProject(const std::vector<std::string>& words) {
+  std::error_code error;
+  const bool named = words.size() > 1 && std::filesystem::is_directory(words.front(), error);
+  if (!named) return {".", words};
+  return {words.front(), {words.begin() + 1, words.end()}};
 }
 
 void AddProject(Command& command, std::string& project) {

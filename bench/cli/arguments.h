@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "cli/command.h"
 
@@ -50,6 +51,19 @@ TakeWord StoreReal(Real& real, double least = std::numeric_limits<double>::lowes
     real = RealOf(name, word, least, most);
   };
 }
+
+/// The words of a command that takes a project among other operands.
+struct SplitWords {
+  std::filesystem::path project = ".";
+  std::vector<std::string> words;
+};
+
+/// Splits words of which one may be the project: with one word more than `count`, the project is the first if
+/// it names a folder, else the last.
+SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count);
+
+/// Splits any number of words: the project is the first if it names a folder and others follow.
+SplitWords SplitProject(const std::vector<std::string>& words);
 
 struct Context;
 

@@ -1,15 +1,15 @@
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <optional>
 #include <sstream>
 
 #include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/define_surroundings.h"
-#include "cli/dialog_play.h"
-#include "cli/new_definitions.h"
+#include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "define/catalogue.h"
 #include "define/events.h"
@@ -18,6 +18,7 @@
 #include "project/text_file.h"
 #include "results/definitions.h"
 #include "scene/equipment.h"
+#include "vdm/store.h"
 #include "vdm/vdm_file.h"
 
 namespace vanzet::cli {
@@ -27,6 +28,55 @@ namespace fs = std::filesystem;
 using define::Refusals;
 using define::Script;
 using define::Step;
+
+/// Definitions that are made anew, as one piece of work: unless they are kept, the destructor puts the former
+/// ones back, and takes away what was not there before. What another process holds by then is told on the
+/// panel.
+class NewDefinitions {
+ public:
+  /// All have to outlive it; `blank` is what a new definition holds.
+  NewDefinitions(vdm::VdmStore& store, const vdm::Vdm& blank, project::MessagePanel& panel)
+      : store_(store), blank_(blank), panel_(panel) {}
+  ~NewDefinitions();
+  NewDefinitions(const NewDefinitions&) = delete;
+  NewDefinitions& operator=(const NewDefinitions&) = delete;
+
+  /// Puts a new definition in the place of what the number held. A fault when it is open, here or elsewhere.
+  Result<void> Make(std::uint32_t number);
+
+  void Keep() { formers_.clear(); }
+
+ private:
+  struct Former {
+    std::uint32_t number;
+    std::optional<vdm::Vdm> content;
+  };
+
+  vdm::VdmStore& store_;
+  const vdm::Vdm& blank_;
+  project::MessagePanel& panel_;
+  std::vector<Former> formers_;
+};
+
+NewDefinitions::~NewDefinitions() {
+  for (const Former& former : formers_) {
+    const auto done =
+        former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
+    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Message()});
+  }
+}
+
+Result<void> NewDefinitions::Make(std::uint32_t number) {
+  Former former{number, std::nullopt};
+  VANZET_TRY(const auto numbers, store_.Numbers());
+  if (std::ranges::find(numbers, vdm::Number{number}) != numbers.end()) {
+    VANZET_TRY(auto content, store_.Snapshot(number));
+    former.content = std::move(content);
+  }
+  VANZET_DO(store_.Replace(number, blank_));
+  formers_.push_back(std::move(former));
+  return {};
+}
 
 struct Arguments {
   std::vector<std::string> words;
@@ -125,8 +175,8 @@ Result<void> PutCatalogue(const Job& job) {
 /// All or nothing: what was defined before stays unless everything went well.
 Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
                               std::string& transcript) {
-  VANZET_TRY(const auto blank,
-             vdm::ReadVdmFile(job.context.share / "support" / "Turn_Multiax" / "utils" / "template.vdm"));
+  VANZET_TRY(const auto blank, vdm::ReadVdmFile(job.context.places.share / "support" / "Turn_Multiax" /
+                                                "utils" / "template.vdm"));
   VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
   VANZET_DO(PutCatalogue(job));
   NewDefinitions definitions(job.host.store, blank, job.context.panel);

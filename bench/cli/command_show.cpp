@@ -8,6 +8,7 @@
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "define/write.h"
+#include "project/project.h"
 #include "results/definitions.h"
 #include "scene/equipment.h"
 
@@ -80,7 +81,7 @@ Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
 }
 
 Result<void> Show(const Arguments& arguments, Context& context) {
-  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   VANZET_TRY(const auto spurs, ReadSpurs(arguments, project));
   VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs)));
   for (const results::SpurDefinition& spur : spurs) {

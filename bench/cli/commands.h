@@ -1,11 +1,19 @@
 #pragma once
 
+#include "base/places.h"
 #include "cli/command.h"
-#include "cli/context.h"
+#include "project/message_panel.h"
 
-/// The commands. Each adds itself with its parameters, its help and its work to the program. The program and
-/// the context have to outlive the work.
+/// The commands. Each function adds a command, or a group, with its parameters, help and work to the program.
+/// The program and the context have to outlive the work.
 namespace vanzet::cli {
+
+/// What all commands share.
+struct Context {
+  Places places;
+  project::MessagePanel& panel;  ///< standard error
+  bool keepsTmp = false;         ///< the folder for the files of this run stays when it ends
+};
 
 void AddNew(Command& vanzet, Context& context);
 void AddOpen(Command& vanzet, Context& context);

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
+#include "cli/contour/files.h"
 #include "cli/contour/operations.h"
 #include "cli/output.h"
 #include "contour/json_form.h"
@@ -67,18 +68,46 @@ Json FactsJson(const contour::Facts& facts) {
           {"box", {{"low", JsonForm(facts.low)}, {"high", JsonForm(facts.high)}}}};
 }
 
-Drawing DrawingOf(const Contours& contours) {
-  Drawing drawing;
-  drawing.layers.push_back({Drawing::Role::kMain, &contours, ""});
-  return drawing;
-}
+/// The facts that an operation found: a table for people, a list for programs, and a picture of the contours.
+class Report {
+ public:
+  /// `list` is the name of the list in JSON, `head` are the headings of the columns.
+  Report(const char* list, const Contours& contours, std::vector<std::string> head = {}) : list_(list) {
+    drawing.layers.push_back({Drawing::Role::kMain, &contours, ""});
+    if (!head.empty()) rows_.push_back(std::move(head));
+  }
 
-/// Writes the picture and prints the table or the list.
-Result<void> Tell(const ContourArguments& arguments, const Drawing& drawing, const std::string& text,
-                  const char* name, const Json& list) {
-  VANZET_DO(WritePicture(arguments, drawing));
-  return arguments.json ? PrintJson({{"unit", "mm"}, {name, list}}) : Print(text);
-}
+  /// Marks the point that was asked for.
+  void MarkQuestion(const geometry::Point& point) { drawing.marks.push_back({Mark::Kind::kAsked, point}); }
+  void MarkAnswer(const geometry::Point& point) { drawing.marks.push_back({Mark::Kind::kFound, point}); }
+
+  void AddRow(std::vector<std::string> row, Json entry) {
+    rows_.push_back(std::move(row));
+    entries_.push_back(std::move(entry));
+  }
+
+  /// A fact of several lines, in a report without columns.
+  void AddText(const std::string& lines, Json entry) {
+    text_ += (text_.empty() ? "" : "\n") + lines;
+    entries_.push_back(std::move(entry));
+  }
+
+  /// Writes the picture, and prints the table or the list; `whenEmpty` is printed instead of an empty table.
+  Result<void> Finish(const ContourArguments& arguments, const char* whenEmpty = "") const {
+    VANZET_DO(WritePicture(arguments, drawing));
+    if (arguments.json) return PrintJson({{"unit", "mm"}, {list_, entries_}});
+    if (rows_.empty()) return Print(text_);
+    return Print(entries_.empty() ? whenEmpty : Table(rows_));
+  }
+
+  Drawing drawing;
+
+ private:
+  const char* list_;
+  std::vector<std::vector<std::string>> rows_;
+  std::string text_;
+  Json entries_ = Json::array();
+};
 
 const char* SideName(contour::Side side) {
   switch (side) {
@@ -90,80 +119,74 @@ const char* SideName(contour::Side side) {
   return "";
 }
 
+Result<void> AddCrossings(const Contour& a, const Contour& b, Report& report) {
+  VANZET_TRY(const auto crossings, Crossings(a, b));
+  for (const contour::Crossing& crossing : crossings) {
+    report.MarkAnswer(crossing.point);
+    report.AddRow({std::to_string(a.number), std::to_string(crossing.spanA), std::to_string(b.number),
+                   std::to_string(crossing.spanB), PointText(crossing.point)},
+                  {{"a", {{"contour", a.number}, {"span", crossing.spanA}}},
+                   {"b", {{"contour", b.number}, {"span", crossing.spanB}}},
+                   {"point", JsonForm(crossing.point)}});
+  }
+  return {};
+}
+
 }  // namespace
 
 Result<void> ContourInfo(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
-  std::string text;
-  Json list = Json::array();
+  Report report("contours", contours);
   for (const Contour& contour : contours) {
     const contour::Facts facts = FactsOf(contour);
-    text += (text.empty() ? "" : "\n") + FactsText(facts);
-    list.push_back(FactsJson(facts));
+    report.AddText(FactsText(facts), FactsJson(facts));
   }
-  return Tell(arguments, DrawingOf(contours), text, "contours", list);
+  return report.Finish(arguments);
 }
 
 Result<void> ContourNear(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Drawing drawing = DrawingOf(contours);
-  drawing.marks.push_back({Mark::Kind::kAsked, asked});
-  std::vector<std::vector<std::string>> rows = {{"contour", "span", "distance", "nearest point"}};
-  Json list = Json::array();
+  Report report("nearest", contours, {"contour", "span", "distance", "nearest point"});
+  report.MarkQuestion(asked);
   for (const Contour& contour : contours) {
     const contour::Nearest nearest = NearestOn(contour, asked);
-    drawing.marks.push_back({Mark::Kind::kFound, nearest.point});
-    drawing.links.push_back({asked, nearest.point});
-    rows.push_back({std::to_string(contour.number), std::to_string(nearest.span),
-                    DecimalText(nearest.distance, kDecimals), PointText(nearest.point)});
-    list.push_back({{"contour", contour.number},
-                    {"span", nearest.span},
-                    {"point", JsonForm(nearest.point)},
-                    {"distance", nearest.distance}});
+    report.MarkAnswer(nearest.point);
+    report.drawing.links.push_back({asked, nearest.point});
+    report.AddRow({std::to_string(contour.number), std::to_string(nearest.span),
+                   DecimalText(nearest.distance, kDecimals), PointText(nearest.point)},
+                  {{"contour", contour.number},
+                   {"span", nearest.span},
+                   {"point", JsonForm(nearest.point)},
+                   {"distance", nearest.distance}});
   }
-  return Tell(arguments, drawing, Table(rows), "nearest", list);
+  return report.Finish(arguments);
 }
 
 Result<void> ContourInside(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Drawing drawing = DrawingOf(contours);
-  drawing.marks.push_back({Mark::Kind::kAsked, asked});
-  std::vector<std::vector<std::string>> rows = {{"contour", "the point is"}};
-  Json list = Json::array();
+  Report report("sides", contours, {"contour", "the point is"});
+  report.MarkQuestion(asked);
   for (const Contour& contour : contours) {
     VANZET_TRY(const auto side, SideOf(contour, asked));
     const bool isOpen = side == contour::Side::kOpen;
-    rows.push_back(
-        {std::to_string(contour.number), isOpen ? "nowhere: the contour is open" : SideName(side)});
-    list.push_back({{"contour", contour.number}, {"side", SideName(side)}});
+    report.AddRow({std::to_string(contour.number), isOpen ? "nowhere: the contour is open" : SideName(side)},
+                  {{"contour", contour.number}, {"side", SideName(side)}});
   }
-  return Tell(arguments, drawing, Table(rows), "sides", list);
+  return report.Finish(arguments);
 }
 
 Result<void> ContourIntersect(const ContourArguments& arguments) {
   VANZET_TRY(const auto first, ReadContours(arguments, 0));
   VANZET_TRY(const auto second, ReadContours(arguments, 1));
-  Drawing drawing = DrawingOf(first);
-  drawing.layers.front().name = "A";
-  drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
-  std::vector<std::vector<std::string>> rows = {{"contour A", "span", "contour B", "span", "point"}};
-  Json list = Json::array();
+  Report report("points", first, {"contour A", "span", "contour B", "span", "point"});
+  report.drawing.layers.front().name = "A";
+  report.drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
   for (const Contour& a : first) {
-    for (const Contour& b : second) {
-      VANZET_TRY(const auto crossings, Crossings(a, b));
-      for (const contour::Crossing& crossing : crossings) {
-        drawing.marks.push_back({Mark::Kind::kFound, crossing.point});
-        rows.push_back({std::to_string(a.number), std::to_string(crossing.spanA), std::to_string(b.number),
-                        std::to_string(crossing.spanB), PointText(crossing.point)});
-        list.push_back({{"a", {{"contour", a.number}, {"span", crossing.spanA}}},
-                        {"b", {{"contour", b.number}, {"span", crossing.spanB}}},
-                        {"point", JsonForm(crossing.point)}});
-      }
-    }
+    for (const Contour& b : second) VANZET_DO(AddCrossings(a, b, report));
   }
-  return Tell(arguments, drawing, list.empty() ? "the contours do not meet\n" : Table(rows), "points", list);
+  return report.Finish(arguments, "the contours do not meet\n");
 }
 
 }  // namespace vanzet::cli

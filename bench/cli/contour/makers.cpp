@@ -1,10 +1,18 @@
 #include <functional>
+#include <iostream>
 
+#include <nlohmann/json.hpp>
+
+#include "cli/contour/files.h"
 #include "cli/contour/operations.h"
+#include "cli/output.h"
 #include "contour/constructions.h"
+#include "contour/json_form.h"
+#include "contour/library_text.h"
 #include "contour/operations.h"
+#include "contour/xml_form.h"
 
-/// The operations that make contours.
+/// The operations that make contours, or write them in another form.
 namespace vanzet::cli {
 namespace {
 
@@ -41,6 +49,30 @@ Result<Changed> ChangedBy(const ContourArguments& arguments, const Change& chang
 Result<void> GiveChanged(const ContourArguments& arguments, const Change& change) {
   const auto changed = ChangedBy(arguments, change);
   return changed ? Give(arguments, changed->source, changed->made) : changed.fault();
+}
+
+/// The offsets of a contour, one beside the other, until none is left. That the first is left is a condition.
+Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& arguments) {
+  const double step = arguments.numbers[0] * (arguments.toTheRight ? -1 : 1);
+  Contours offsets;
+  for (int i = 1; i <= arguments.steps; ++i) {
+    auto offset = OffsetOf(contour, i * step, arguments.method);
+    if (!offset && offsets.empty()) return offset.fault();
+    if (!offset) {
+      std::cerr << "vanzet: " + offset.fault().Message() + "; there are " + std::to_string(i - 1) + " of " +
+                       std::to_string(arguments.steps) + " offsets\n";
+      break;
+    }
+    offsets.push_back(std::move(*offset));
+  }
+  return offsets;
+}
+
+Result<void> GiveForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &contours});
+  VANZET_DO(WritePicture(arguments, std::move(drawing)));
+  return arguments.json ? PrintJson(JsonForm(contours)) : Print(form);
 }
 
 }  // namespace
@@ -104,6 +136,50 @@ Result<void> ContourEllipse(const ContourArguments& arguments) {
   VANZET_TRY(const auto ellipse, contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2],
                                                     arguments.numbers[3], arguments.matrix));
   return Give(arguments, {}, {ellipse});
+}
+
+Result<void> ContourOffset(const ContourArguments& arguments) {
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
+  Contours made;
+  for (const Contour& contour : contours) {
+    VANZET_TRY(const auto offsets, OffsetsOf(contour, arguments));
+    made.insert(made.end(), offsets.begin(), offsets.end());
+  }
+  if (arguments.steps > 1) {
+    for (std::size_t i = 0; i < made.size(); ++i) made[i].number = static_cast<int>(i) + 1;
+  }
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &contours, "contour"});
+  drawing.layers.push_back({Drawing::Role::kOther, &made, made.size() > 1 ? "offsets" : "offset"});
+  return GiveContours(arguments, drawing, made);
+}
+
+Result<void> ContourBiarc(const ContourArguments& arguments) {
+  const contour::Heading from{arguments.PointAt(0), arguments.numbers[2]};
+  const contour::Heading to{arguments.PointAt(3), arguments.numbers[5]};
+  VANZET_TRY(const auto biarc, BiarcOf(from, to));
+  const Contours made = {biarc};
+  Drawing drawing;
+  drawing.layers.push_back({Drawing::Role::kMain, &made});
+  const double reach = Dist(from.point, to.point) / 3;
+  const auto show = [&](const contour::Heading& heading, double length) {
+    drawing.marks.push_back({Drawing::Mark::Kind::kFound, heading.point});
+    drawing.links.push_back({heading.point, geometry::Point(heading.point, length, heading.degrees)});
+  };
+  show(from, reach);
+  show(to, -reach);
+  return GiveContours(arguments, drawing, made);
+}
+
+Result<void> ContourXml(const ContourArguments& arguments) {
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
+  return GiveForm(arguments, contours, XmlForm(contours, arguments.xmlKind));
+}
+
+Result<void> ContourText(const ContourArguments& arguments) {
+  VANZET_TRY(const auto contours, arguments.libraryReads ? contour::ReadLibraryText(arguments.files[0])
+                                                         : ReadContours(arguments, 0));
+  return GiveForm(arguments, contours, LibraryTextForm(contours, arguments.textForm));
 }
 
 }  // namespace vanzet::cli

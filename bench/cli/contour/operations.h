@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/contour/arguments.h"
+#include "base/result.h"
+#include "cli/contour/options.h"
 
 /// The operations of `vanzet contour`, each from its arguments to its printed result.
 namespace vanzet::cli {

@@ -1,11 +1,37 @@
+#include "cli/contour/options.h"
+
+#include <algorithm>
+#include <cmath>
 #include <map>
 
+#include "base/quote.h"
 #include "cli/arguments.h"
-#include "cli/contour/arguments.h"
+#include "geometry/numerics.h"
 
-/// The options that belong to one operation or two.
 namespace vanzet::cli {
 namespace {
+
+/// In millimetres.
+constexpr double kSmallestTolerance = 1e-6, kLargestTolerance = 1000, kLargestJoin = 10;
+
+/// The point of "X,Y". Throws `WrongUsage`.
+geometry::Point PointOf(const std::string& name, const std::string& word, double most) {
+  const std::size_t comma = word.find(',');
+  if (comma == std::string::npos) throw WrongUsage{name, "expected X,Y, found " + Quoted(word)};
+  const double x = RealOf(name, word.substr(0, comma), -most, most);
+  return {x, RealOf(name, word.substr(comma + 1), -most, most)};
+}
+
+void AddFileOptions(Command& command, ContourArguments& arguments) {
+  command.AddOption("--layer", "NAME", "of a drawing only this layer", StoreText(arguments.drawing.layer));
+  command.AddOption("--join", "MM",
+                    "join pieces of a drawing whose ends are not farther apart; without it 0.001",
+                    StoreReal(arguments.drawing.join, 0, kLargestJoin));
+  command
+      .AddOption("--unit", "TEXT", "the drawing's unit; without it what the drawing tells",
+                 StoreText(arguments.drawing.unit))
+      .OneOf({"mm", "inch", "m"});
+}
 
 constexpr int kMostSteps = 1000;
 
@@ -60,8 +86,7 @@ void AddTextOptions(Command& command, ContourArguments& arguments) {
       {{"strict", false}, {"library", true}});
 }
 
-}  // namespace
-
+/// Adds the options that belong to one operation or two.
 void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned options) {
   if ((options & kOffset) != 0) AddOffsetOptions(command, arguments);
   if ((options & kEnd) != 0) AddEndOption(command, arguments);
@@ -76,6 +101,94 @@ void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned
         {{"kurve", contour::XmlKind::kKurve}, {"kurveex", contour::XmlKind::kKurveEx}});
   }
   if ((options & kTextForm) != 0) AddTextOptions(command, arguments);
+}
+
+constexpr double kLargestMove = contour::kLargestCoordinate, kLargestTurn = 1e6, kLargestScale = 1e6;
+
+void Move(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
+  const geometry::Point move = PointOf(name, value, kLargestMove);
+  matrix.Translate(move.x, move.y);
+}
+
+/// Quarter turns are exact, so that what lies on an axis stays on one.
+void Turn(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
+  const double degrees = std::remainder(RealOf(name, value, -kLargestTurn, kLargestTurn), 360);
+  const double quarters = degrees / 90;
+  double sine = std::sin(degrees * geometry::PI / 180), cosine = std::cos(degrees * geometry::PI / 180);
+  if (quarters == std::round(quarters)) {
+    sine = std::round(sine);
+    cosine = std::round(cosine);
+  }
+  matrix.Rotate(sine, cosine, 3);
+}
+
+void Mirror(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
+  if (value != "x" && value != "y") {
+    throw WrongUsage{name, "expected x or y, found " + Quoted(value)};
+  }
+  matrix.Scale(value == "y" ? -1 : 1, value == "x" ? -1 : 1, 1);
+}
+
+void Scale(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
+  const double factor = RealOf(name, value, 1 / kLargestScale, kLargestScale);
+  matrix.Scale(factor, factor, 1);
+}
+
+constexpr struct Step {
+  const char* name;
+  const char* value;
+  const char* help;
+  void (*apply)(const std::string& name, const std::string& value, geometry::Matrix& matrix);
+} kStepRows[] = {
+    {"--move", "X,Y", "move by X and Y", Move},
+    {"--turn", "DEGREES", "turn anticlockwise about the origin", Turn},
+    {"--mirror", "x|y", "mirror at this axis", Mirror},
+    {"--scale", "F", "multiply all lengths", Scale},
+};
+
+/// Adds the steps of a transformation, which change the matrix in the order given.
+void AddContourSteps(Command& command, geometry::Matrix& matrix) {
+  for (const Step& step : kStepRows) {
+    const auto take = [&](const std::string& name, const std::string& word) {
+      step.apply(name, word, matrix);
+    };
+    command.AddOption(step.name, step.value, step.help, take).Repeatable();
+  }
+}
+
+}  // namespace
+
+void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options) {
+  if ((options & kTolerance) != 0) {
+    command.AddOption("--tolerance", "MM", "how far the result may be from the contour; without it 0.01",
+                      StoreReal(arguments.tolerance, kSmallestTolerance, kLargestTolerance));
+  }
+  if ((options & kSelect) != 0) {
+    command.AddOption("--contour", "N", "only the contour of this number", StoreInteger(arguments.contour));
+  }
+  if ((options & kFile) != 0) AddFileOptions(command, arguments);
+  if ((options & kDxf) != 0) {
+    command.AddOption("--dxf", "FILE", "write what was made as a drawing to this file",
+                      StoreText(arguments.dxf));
+  }
+  AddOperationOptions(command, arguments, options);
+  command.AddOption("--svg", "FILE", "write a picture to this file", StoreText(arguments.svg));
+  command.AddFlag("--numbers", "with the numbers of the vertices in the picture", arguments.vertexNumbers);
+  command.AddFlag("--json", "for programs", arguments.json);
+  if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
+}
+
+void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers) {
+  const auto firstNumber = arguments.words.end() - static_cast<std::ptrdiff_t>(numbers);
+  arguments.files.assign(arguments.words.begin(), firstNumber);
+  if (arguments.files.empty() && files > 0) arguments.files.emplace_back("-");
+  if (std::ranges::count(arguments.files, "-") > 1) {
+    throw WrongUsage{"FILE", "standard input can be read once only"};
+  }
+  for (auto word = firstNumber; word != arguments.words.end(); ++word) {
+    arguments.numbers.push_back(
+        RealOf("coordinate", *word, -contour::kLargestCoordinate, contour::kLargestCoordinate));
+  }
 }
 
 }  // namespace vanzet::cli

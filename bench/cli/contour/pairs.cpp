@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
+#include "cli/contour/files.h"
 #include "cli/contour/operations.h"
 #include "cli/output.h"
 #include "contour/constructions.h"

@@ -1,16 +1,19 @@
-#include <nlohmann/json.hpp>
+#include <iostream>
 #include <sstream>
+
+#include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
-#include "cli/dialog_play.h"
+#include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "project/text_file.h"
 
+/// The commands that run what a person wrote: scripts of the dialog and lines of the macro language.
 namespace vanzet::cli {
 namespace {
 
-struct Arguments {
+struct ScriptArguments {
   std::vector<std::string> words;
   std::string picks;
   std::string transcript;
@@ -35,7 +38,7 @@ Result<void> TakePicks(const std::string& file, api::Host& host) {
   return {};
 }
 
-Result<void> Script(const Arguments& arguments, Context& context) {
+Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& script = operands.words.front();
   VANZET_DO(project::ReadTextFile(script, script));
@@ -56,10 +59,49 @@ Result<void> Script(const Arguments& arguments, Context& context) {
   return context.panel.faults() == 0 ? Result<void>() : Fault{"the script went on after faults; see above"};
 }
 
+struct LineArguments {
+  std::vector<std::string> words;
+  std::string picks;
+};
+
+std::vector<std::string> LinesOf(std::istream& input) {
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(input, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    if (line.find_first_not_of(" \t") != std::string::npos) lines.push_back(line);
+  }
+  return lines;
+}
+
+/// Runs all lines, whatever becomes of each.
+Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Context& context) {
+  if (lines.size() == 1) return host.Command(lines.front());
+  std::size_t failed = 0;
+  for (const std::string& line : lines) {
+    const auto run = host.Command(line);
+    if (run) continue;
+    context.panel.Tell(run.fault());
+    ++failed;
+  }
+  if (failed == 0) return {};
+  return Fault{std::to_string(failed) + " of " + Counted(lines.size(), "line") + " failed"};
+}
+
+Result<void> RunCommand(const LineArguments& arguments, Context& context) {
+  const SplitWords operands = SplitProject(arguments.words);
+  VANZET_TRY(const auto hosted, HostProject(operands.project, "", context));
+  api::Host& host = *hosted->host;
+  VANZET_DO(TakePicks(arguments.picks, host));
+  const bool fromInput = operands.words == std::vector<std::string>{"-"};
+  const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);
+  const auto kept = host.board.Save();
+  return run ? kept : run;
+}
+
 }  // namespace
 
 void AddScript(Command& vanzet, Context& context) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<ScriptArguments>();
   Command& command = vanzet.AddCommand(
       "script", "Plays a script through the equipment dialog, without a display, and tells what happened.");
   command.AddOperands("[PROJECT] FILE", "", arguments->words).Required().Count(1, 2);
@@ -71,6 +113,19 @@ void AddScript(Command& vanzet, Context& context) {
   AddKeepTmp(command, context);
   command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl"};
   command.work = [=, &context] { return Script(*arguments, context); };
+}
+
+void AddCommand(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<LineArguments>();
+  Command& command = vanzet.AddCommand(
+      "command", "Runs lines of the macro language, one an argument, or from standard input for '-'.");
+  command.AddOperands("[PROJECT] LINE...", "", arguments->words).Required();
+  command.AddOption("--picks", "FILE", "what the lines ask for with the mouse, a pick a line",
+                    StoreFile(arguments->picks));
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"",
+                      "vanzet command lathe - <billet.txt"};
+  command.work = [=, &context] { return RunCommand(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

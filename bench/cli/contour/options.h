@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "base/result.h"
 #include "cli/command.h"
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
@@ -59,30 +58,7 @@ enum ContourOption : unsigned {
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Adds those of the options that belong to one operation or two.
-void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned options);
-
-/// Adds --move, --turn, --mirror and --scale, which change the matrix in the order given.
-void AddContourSteps(Command& command, geometry::Matrix& matrix);
-
 /// Parts the words into files, at most `files`, and exactly `numbers` numbers behind them.
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers);
-
-/// The point of "X,Y". Throws `WrongUsage`.
-geometry::Point PointOf(const std::string& name, const std::string& word, double most);
-
-/// The contours of a file, counted from 0; those that were chosen. What was left out of a drawing is told on
-/// standard error.
-Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file);
-
-/// The same; refused when there are several.
-Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file);
-
-/// Writes the picture, when one is wanted.
-Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing);
-
-/// Writes the picture and the drawing, when they are wanted, and prints what was made.
-Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
-                          const contour::Contours& made);
 
 }  // namespace vanzet::cli

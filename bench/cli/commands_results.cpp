@@ -6,14 +6,17 @@
 #include "cli/progress_line.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
+#include "project/project.h"
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
+#include "vdm/store.h"
 
+/// The commands that make pictures and 3D files of a project.
 namespace vanzet::cli {
 namespace {
 
-struct Arguments {
+struct PictureArguments {
   std::string project = ".";
   std::string out;
   std::string view = "drawing";
@@ -37,7 +40,7 @@ int SizeOf(const std::string& name, const std::string& word) {
                              std::to_string(drawing::kLargestPicture) + ", found '" + word + "'"};
 }
 
-Result<std::string> Draw(const Arguments& arguments, const project::Project& project) {
+Result<std::string> Draw(const PictureArguments& arguments, const project::Project& project) {
   drawing::Board board(project.folder());
   VANZET_DO(board.Load());
   auto svg = drawing::PictureSvg(board.drawing(), arguments.options);
@@ -45,7 +48,7 @@ Result<std::string> Draw(const Arguments& arguments, const project::Project& pro
 }
 
 /// The equipment as PNG. A size that is left out is that of a picture 3 to 2.
-Result<std::string> DrawEquipment(const Arguments& arguments, const project::Project& project) {
+Result<std::string> DrawEquipment(const PictureArguments& arguments, const project::Project& project) {
   if (!IsPng(arguments.out)) return Fault{"a picture of the equipment is a .png file", arguments.out};
   scene::PictureOptions options = arguments.equipment;
   const auto& [window, layers, width, height] = arguments.options;
@@ -57,8 +60,8 @@ Result<std::string> DrawEquipment(const Arguments& arguments, const project::Pro
   return results::PngOf(picture);
 }
 
-Result<void> Picture(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+Result<void> Picture(const PictureArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(file));
   VANZET_TRY(const auto bytes,
@@ -83,7 +86,7 @@ void AddDrawingOptions(Command& command, drawing::PictureOptions& options) {
   }
 }
 
-void AddEquipmentOptions(Command& command, Arguments& arguments) {
+void AddEquipmentOptions(Command& command, PictureArguments& arguments) {
   command.AddOption("--spur", "N", "equipment: of this spur, counted from 0; without it the first",
                     StoreNumber(arguments.spur));
   command
@@ -96,10 +99,25 @@ void AddEquipmentOptions(Command& command, Arguments& arguments) {
   command.AddFlag("--section", "equipment: cut open in the drawing's plane", arguments.equipment.isSection);
 }
 
+struct ExportArguments {
+  std::string project = ".";
+  std::string out;
+  std::string format;
+  std::int32_t spur = 0;
+};
+
+Result<void> ExportEquipment(const ExportArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
+  const auto exchange = ToldExchange();
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
+  return results::WriteEquipment(scene, *modeller::FormatNamed(arguments.format),
+                                 PathMap::OfProcess().Resolve(arguments.out), exchange);
+}
+
 }  // namespace
 
 void AddPicture(Command& vanzet, Context& context) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<PictureArguments>();
   Command& command = vanzet.AddCommand("picture", "Draws what the project's window would show.");
   AddProject(command, arguments->project);
   command
@@ -116,6 +134,23 @@ void AddPicture(Command& vanzet, Context& context) {
   command.examples = {"vanzet picture lathe --out billet.svg --layers Billet_Spindel_1",
                       "vanzet picture lathe --view equipment --out equipment.png --section"};
   command.work = [=, &context] { return Picture(*arguments, context); };
+}
+
+void AddExport(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<ExportArguments>();
+  Command& command = vanzet.AddCommand("export", "Writes the equipment of a spur as 3D files.");
+  AddProject(command, arguments->project);
+  command
+      .AddOption("--out", "DIR", "the folder for the files; it is made when it is not there",
+                 StoreFile(arguments->out))
+      .Required();
+  command.AddOption("--format", "FORMAT", "the files' format", StoreText(arguments->format))
+      .Required()
+      .OneOf({"wrl", "stl", "step", "gltf"});
+  command.AddOption("--spur", "N", "of this spur, counted from 0; without it the first",
+                    StoreNumber(arguments->spur));
+  command.examples = {"vanzet export lathe --out models --format step"};
+  command.work = [=, &context] { return ExportEquipment(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,18 +1,21 @@
 #include <filesystem>
+#include <optional>
 
 #include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
+#include "project/project.h"
 #include "vdm/store.h"
 #include "vdm/vdm_file.h"
 
+/// The commands on single VDMs and on .vdm files.
 namespace vanzet::cli {
 namespace {
 
 /// A VDM and a file, with the project among them.
-struct Arguments {
+struct VdmArguments {
   std::vector<std::string> words;
   std::filesystem::path project;
   std::int32_t number = 0;
@@ -20,15 +23,15 @@ struct Arguments {
 };
 
 /// Finds out which word is which: the number is the word at 0 or 1 when the project is left out.
-void SplitWordsOf(Arguments& arguments, std::size_t numberAt) {
+void SplitWordsOf(VdmArguments& arguments, std::size_t numberAt) {
   const SplitWords split = SplitOperands(arguments.words, 2);
   arguments.project = split.project;
   arguments.number = NumberOf("NUMBER", split.words[numberAt]);
   arguments.file = FileOf("FILE", split.words[1 - numberAt]);
 }
 
-Result<void> Save(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+Result<void> Save(const VdmArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const vdm::VdmStore store(project.folder());
   VANZET_TRY(const auto content, store.Snapshot(arguments.number));
   const auto file = project.paths().Resolve(arguments.file);
@@ -38,8 +41,8 @@ Result<void> Save(const Arguments& arguments, const Context& context) {
                ", to " + file.string() + "\n");
 }
 
-Result<void> Load(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.share));
+Result<void> Load(const VdmArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(file));
   vdm::VdmStore store(project.folder());
@@ -60,7 +63,7 @@ Result<void> Check(const std::string& file, bool json) {
 }
 
 void AddSave(Command& vdm, const Context& context) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<VdmArguments>();
   Command& command = vdm.AddCommand("save", "Saves a VDM to a .vdm file.");
   command.AddOperands("[PROJECT] NUMBER FILE", "", arguments->words).Required().Count(2, 3);
   command.examples = {"vanzet vdm save lathe 1000 job.vdm"};
@@ -69,7 +72,7 @@ void AddSave(Command& vdm, const Context& context) {
 }
 
 void AddLoad(Command& vdm, const Context& context) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<VdmArguments>();
   Command& command = vdm.AddCommand(
       "load", "Puts a .vdm file in the place of a VDM. A file that is refused leaves the VDM as it was.");
   command.AddOperands("[PROJECT] FILE NUMBER", "", arguments->words).Required().Count(2, 3);
@@ -91,6 +94,42 @@ void AddCheck(Command& vdm) {
   command.work = [=] { return Check(arguments->file, arguments->json); };
 }
 
+struct ItemsArguments {
+  std::string project = ".";
+  std::optional<std::int32_t> vdm;
+  bool json = false;
+};
+
+Result<void> PrintLines(const vdm::Vdm& content) {
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    VANZET_TRY(const auto record, content.Read(i));
+    std::string lines;
+    for (std::size_t item = 0; item < record->Size(); ++item) {
+      lines += std::to_string(i) + "." + std::to_string(item) + "\t" + EscapedItem((*record)[item]) + "\n";
+    }
+    VANZET_DO(Print(lines));
+  }
+  return {};
+}
+
+Result<void> PrintAsJson(std::int64_t number, const vdm::Vdm& content) {
+  Json records = Json::array();
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    VANZET_TRY(const auto record, content.Read(i));
+    Json items = Json::array();
+    for (std::size_t item = 0; item < record->Size(); ++item) items.push_back((*record)[item]);
+    records.push_back(std::move(items));
+  }
+  return PrintJson({{"vdm", number}, {"records", records}});
+}
+
+Result<void> Items(const ItemsArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
+  const std::int64_t number = arguments.vdm.value_or(project.DefinitionOf(0));
+  VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(number));
+  return arguments.json ? PrintAsJson(number, content) : PrintLines(content);
+}
+
 }  // namespace
 
 void AddVdm(Command& vanzet, Context& context) {
@@ -99,6 +138,18 @@ void AddVdm(Command& vanzet, Context& context) {
   AddSave(vdm, context);
   AddLoad(vdm, context);
   AddCheck(vdm);
+}
+
+void AddItems(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<ItemsArguments>();
+  Command& command = vanzet.AddCommand(
+      "items", "Prints the raw records of a VDM: a line an item, record.item, a tab, and the text.");
+  AddProject(command, arguments->project);
+  command.AddOption("--vdm", "N", "the VDM; without it the definition of spur 0",
+                    StoreNumber(arguments->vdm));
+  command.AddFlag("--json", "for programs", arguments->json);
+  command.examples = {"vanzet items lathe --vdm 1001 | grep Billet"};
+  command.work = [=, &context] { return Items(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,10 +1,15 @@
-#include "cli/define_surroundings.h"
+#include "cli/hosted_project.h"
 
+#include <cstdlib>
 #include <fstream>
+#include <iostream>
 
+#include "api/module.h"
 #include "base/numbers.h"
-#include "define/catalogue.h"
+#include "cli/progress_line.h"
+#include "define/shop.h"
 #include "project/definition.h"
+#include "project/text_file.h"
 #include "vdm/vdm_file.h"
 
 namespace vanzet::cli {
@@ -43,6 +48,25 @@ Result<void> CheckSolid(const std::string& name, api::Host& host) {
 
 }  // namespace
 
+Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
+                                                   const std::string& traceFile, Context& context) {
+  VANZET_TRY(auto project, project::Project::Open(folder, context.places.share));
+  std::unique_ptr<api::Trace> trace;
+  if (!traceFile.empty()) {
+    VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(traceFile));
+    VANZET_TRY(auto opened, api::Trace::To(traceFile));
+    trace = std::move(opened);
+  }
+  auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(project), nullptr});
+  hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
+  hosted->host->exchange = ToldExchange();
+  if (!context.keepsTmp) return hosted;
+  VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
+  hosted->host->runFolder.Keep();
+  std::cerr << "vanzet: the files of this run stay in " + tmp.string() + "\n";
+  return hosted;
+}
+
 Result<define::Surroundings> SurroundingsOf(const project::Project& project, api::Host& host) {
   VANZET_TRY(const auto spurs, project.SpindleSpurs());
   VANZET_TRY(const auto shop, ShopOf(project, host));
@@ -59,6 +83,15 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   surroundings.figure = [&host](const std::string& name) { return CheckFigure(name, host); };
   surroundings.solid = [&host](const std::string& name) { return CheckSolid(name, host); };
   return surroundings;
+}
+
+Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
+                               api::Host& host, const Context& context) {
+  VANZET_TRY(const auto module, api::FindModule(context.places.program));
+  setenv("VANZET_SCRIPT", script.c_str(), 1);
+  setenv("VANZET_TRANSCRIPT", transcript.c_str(), 1);
+  VANZET_DO(api::CallModule(module, "mstart", host));
+  return project::ReadTextFile(transcript, transcript.string());
 }
 
 }  // namespace vanzet::cli

@@ -1,0 +1,131 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+
+#include "api/module.h"
+#include "base/files/system_fault.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/hosted_project.h"
+#include "cli/output.h"
+#include "project/definition.h"
+#include "project/sample.h"
+
+/// The commands that make, upgrade and open projects.
+namespace vanzet::cli {
+namespace {
+
+/// What an upgraded definition has.
+constexpr std::int32_t kVersion = 100;
+constexpr std::size_t kLeastOperations = 18;
+
+struct UpgradeArguments {
+  std::string project = ".";
+  std::string trace;
+};
+
+/// Looks at the definition of one spur after the call: what is wrong with it, or a line about it.
+Result<std::string> CheckDefinition(std::int32_t spur, const HostedProject& hosted) {
+  const std::uint32_t number = hosted.project.DefinitionOf(spur);
+  const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
+  VANZET_TRY(const auto open, hosted.host->store.IsOpen(number));
+  if (open) return Fault{name + " is open in another process and was not upgraded"};
+  VANZET_TRY(const auto content, hosted.host->store.Snapshot(number));
+  VANZET_TRY(const auto definition, project::ReadDefinition(content));
+  if (definition.version != kVersion || definition.operations.size() < kLeastOperations) {
+    return Fault{name + " is no definition of version " + std::to_string(kVersion) + " after the upgrade"};
+  }
+  return name + ", version " + std::to_string(definition.version) + ", " +
+         Counted(definition.operations.size(), "operation") + "\n";
+}
+
+Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
+  VANZET_TRY(const auto hosted, HostProject(arguments.project, arguments.trace, context));
+  api::Host& host = *hosted->host;
+  VANZET_TRY(const auto spurs, hosted->project.SpindleSpurs());
+  // The module would tell a store that cannot be used once for each of its calls.
+  VANZET_DO(host.store.Check());
+  VANZET_TRY(const auto module, api::FindModule(context.places.program));
+  VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
+
+  std::string lines;
+  for (std::int32_t spur = 0; spur < spurs; ++spur) {
+    VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
+    lines += line;
+  }
+  if (context.panel.faults() > 0) return Fault{"the upgrade did not go through; see above"};
+  return Print(lines);
+}
+
+struct NewArguments {
+  std::string folder;
+  std::string sample = "mill-turn";
+};
+
+Result<void> New(const NewArguments& arguments, const Context& context) {
+  VANZET_DO(project::MakeProject(arguments.folder, arguments.sample, context.places.share));
+  return Print("made the project " + arguments.folder + " from the sample " + arguments.sample + "\n");
+}
+
+struct OpenArguments {
+  std::string project = ".";
+  bool hasDialog = false;
+};
+
+/// What tells programs where windows can be opened.
+constexpr const char* kDisplays[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+
+bool HasDisplay() {
+  return std::ranges::any_of(kDisplays, [](const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  });
+}
+
+/// Goes on as the program of the window, which is beside this one; comes back only when it cannot be run.
+Result<void> Open(const OpenArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
+  if (!HasDisplay()) return Fault{"there is no display to open a window on"};
+  const std::string program = (context.places.Sibling("vanzet-window")).string();
+  const std::string folder = project.folder().string();
+  const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
+                               nullptr};
+  execv(program.c_str(), const_cast<char* const*>(words));
+  return files::SystemFault(program + " cannot be run", errno);
+}
+
+}  // namespace
+
+void AddUpgrade(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<UpgradeArguments>();
+  Command& command = vanzet.AddCommand(
+      "upgrade", "Makes the definition of every spindle spur, or brings it to the current version.");
+  AddProject(command, arguments->project);
+  AddTrace(command, arguments->trace);
+  AddKeepTmp(command, context);
+  command.examples = {"vanzet upgrade lathe --trace calls.jsonl"};
+  command.work = [=, &context] { return Upgrade(*arguments, context); };
+}
+
+void AddNew(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<NewArguments>();
+  Command& command = vanzet.AddCommand("new", "Makes a project folder that works at once.");
+  command.AddOperand("DIR", "the folder to make", StoreText(arguments->folder)).Required();
+  command.AddOption("--sample", "NAME", "the sample to begin with", StoreText(arguments->sample))
+      .Default(arguments->sample);
+  command.examples = {"vanzet new lathe --sample mill-turn"};
+  command.work = [=, &context] { return New(*arguments, context); };
+}
+
+void AddOpen(Command& vanzet, Context& context) {
+  const auto arguments = std::make_shared<OpenArguments>();
+  Command& command = vanzet.AddCommand("open", "Opens the project in the workbench's window.");
+  AddProject(command, arguments->project);
+  command.AddFlag("--dialog", "with the equipment dialog in front", arguments->hasDialog);
+  command.examples = {"vanzet open lathe --dialog"};
+  command.work = [=, &context] { return Open(*arguments, context); };
+}
+
+}  // namespace vanzet::cli

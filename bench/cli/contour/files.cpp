@@ -1,0 +1,69 @@
+#include "cli/contour/files.h"
+
+#include <iostream>
+
+#include <nlohmann/json.hpp>
+
+#include "base/files/whole_file.h"
+#include "base/path_map.h"
+#include "cli/output.h"
+#include "contour/contour_file.h"
+#include "contour/dxf_writer.h"
+#include "contour/json_form.h"
+#include "contour/text_form.h"
+
+namespace vanzet::cli {
+namespace {
+
+Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, const std::string& file) {
+  constexpr std::size_t kMostTold = 10;
+  std::string text = "there is no contour " + std::to_string(number) + "; there is";
+  for (std::size_t i = 0; i < contours.size() && i < kMostTold; ++i) {
+    text += (i == 0 ? " " : ", ") + std::to_string(contours[i].number);
+  }
+  return {text + (contours.size() > kMostTold ? " and more" : ""), file};
+}
+
+Result<void> WriteFile(const std::string& name, const std::string& bytes) {
+  return files::ReplaceFile(PathMap::OfProcess().Resolve(name), bytes);
+}
+
+}  // namespace
+
+Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
+  const std::string& name = arguments.files[file];
+  VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
+  for (const std::string& remark : content.remarks) std::cerr << "vanzet: " + remark + "\n";
+  if (!arguments.contour) return std::move(content.contours);
+  contour::Contours chosen;
+  for (const contour::Contour& contour : content.contours) {
+    if (contour.number == *arguments.contour) chosen.push_back(contour);
+  }
+  if (chosen.empty()) return NoSuchContour(*arguments.contour, content.contours, name);
+  return chosen;
+}
+
+Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file) {
+  VANZET_TRY(auto contours, ReadContours(arguments, file));
+  if (contours.size() == 1) return std::move(contours.front());
+  return Fault{"there are " + Counted(contours.size(), "contour") + "; choose one with --contour",
+               arguments.files[file]};
+}
+
+Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing) {
+  if (arguments.svg.empty()) return {};
+  drawing.numbers = arguments.vertexNumbers;
+  return WriteFile(arguments.svg, contour::Svg(drawing));
+}
+
+Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                          const contour::Contours& made) {
+  constexpr const char* kLayer = "CONTOURS";
+  VANZET_DO(WritePicture(arguments, drawing));
+  if (!arguments.dxf.empty()) {
+    VANZET_DO(WriteFile(arguments.dxf, contour::DxfForm(made, kLayer)));
+  }
+  return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
+}
+
+}  // namespace vanzet::cli

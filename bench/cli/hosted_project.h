@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "api/host.h"
+#include "cli/commands.h"
+#include "define/check.h"
+#include "project/project.h"
+
+namespace vanzet::cli {
+
+/// A project and the host that a module meets in it.
+struct HostedProject {
+  project::Project project;
+  std::unique_ptr<api::Host> host;
+};
+
+/// Opens a project and makes its host. The calls of the module are written to `traceFile`, unless its name is
+/// empty.
+Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
+                                                   const std::string& traceFile, Context& context);
+
+/// Has the module play its dialog from a script. The transcript is written to the file and returned.
+/// Formats: docs/formats/script.md
+Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
+                               api::Host& host, const Context& context);
+
+/// What a form is checked against in a project: its machine, its catalogue, its figures and bodies, and the
+/// files of own devices, as a module would find them through the host. Project and host have to outlive the
+/// result. A catalogue that does not exist has no devices.
+Result<define::Surroundings> SurroundingsOf(const project::Project& project, api::Host& host);
+
+}  // namespace vanzet::cli
