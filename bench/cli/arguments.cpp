@@ -30,7 +30,7 @@ double RealOf(const std::string& name, const std::string& word, double least, do
 }
 
 std::string FileOf(const std::string& name, const std::string& word) {
-  if (word.empty()) throw WrongUsage{name, "expected the name of a file, found ''"};
+  if (word.empty()) throw WrongUsage{name, "expected a file name, found ''"};
   return word;
 }
 
@@ -65,11 +65,11 @@ void AddProject(Command& command, std::string& project) {
 }
 
 void AddKeepTmp(Command& command, Context& context) {
-  command.AddFlag("--keep-tmp", "leave the files of this run in the project's tmp folder", context.keepsTmp);
+  command.AddFlag("--keep-tmp", "keep the files of this run in the project's tmp folder", context.keepsTmp);
 }
 
 void AddTrace(Command& command, std::string& file) {
-  command.AddOption("--trace", "FILE", "write each call of the module to this file, a JSON line each",
+  command.AddOption("--trace", "FILE", "write each call of the module to this file, one JSON line per call",
                     StoreFile(file));
 }
 

@@ -62,8 +62,8 @@ struct Parameter {
 
 /// A command, or a group of commands.
 ///
-/// Owns     its parameters and sub-commands. The variables that words are stored in are the caller's, and
-///          have to live until the work is done; the work usually holds them.
+/// Owns     its parameters and sub-commands. The variables that words are stored in are the caller's and have
+///          to live until the work is done; usually the work holds them.
 /// Story    the functions below describe the command; `ReadCommandLine` fills the variables, calls `check`,
 ///          and returns `work`
 struct Command {

@@ -29,19 +29,19 @@ using define::Refusals;
 using define::Script;
 using define::Step;
 
-/// Definitions that are made anew, as one piece of work: unless they are kept, the destructor puts the former
-/// ones back, and takes away what was not there before. What another process holds by then is told on the
-/// panel.
+/// Replaces definitions by new ones, all or none: unless `Keep` is called, the destructor restores the former
+/// ones and deletes those that did not exist before. It reports on the panel what it cannot restore, because
+/// another process has opened it.
 class NewDefinitions {
  public:
-  /// All have to outlive it; `blank` is what a new definition holds.
+  /// All of them have to outlive this object; `blank` is the content of a new definition.
   NewDefinitions(vdm::VdmStore& store, const vdm::Vdm& blank, project::MessagePanel& panel)
       : store_(store), blank_(blank), panel_(panel) {}
   ~NewDefinitions();
   NewDefinitions(const NewDefinitions&) = delete;
   NewDefinitions& operator=(const NewDefinitions&) = delete;
 
-  /// Puts a new definition in the place of what the number held. A fault when it is open, here or elsewhere.
+  /// Replaces the VDM with this number by a new definition. Fails when it is open, here or elsewhere.
   Result<void> Make(std::uint32_t number);
 
   void Keep() { formers_.clear(); }
@@ -62,7 +62,7 @@ NewDefinitions::~NewDefinitions() {
   for (const Former& former : formers_) {
     const auto done =
         former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
-    if (!done) panel_.Tell(Fault{"what was there before could not be put back: " + done.fault().Message()});
+    if (!done) panel_.Tell(Fault{"the former definition could not be restored: " + done.fault().Message()});
   }
 }
 
@@ -84,9 +84,9 @@ struct Arguments {
   bool isDryRun = false;
 };
 
-/// A form that was found sound, and where it goes.
+/// A form that passed its check, and the project that it is for.
 struct Job {
-  std::string name;  ///< of the form's file, as faults tell it
+  std::string name;  ///< of the form's file, for faults
   define::Json form;
   const project::Project& project;
   api::Host& host;
@@ -101,8 +101,8 @@ Result<define::Json> ReadForm(const std::string& file) {
   return define::ReadJson(text, file);
 }
 
-/// Done where nothing was refused; else each refusal is told, the last one as the command's own fault.
-Result<void> NothingOf(const Refusals& refusals, const std::string& name, Context& context) {
+/// Reports all refusals but the last on the panel, and returns the last one as a fault.
+Result<void> ReportRefusals(const Refusals& refusals, const std::string& name, Context& context) {
   for (const define::Refusal& refusal : refusals) {
     const Fault fault{refusal.path + ": " + refusal.reason, name};
     if (&refusal == &refusals.back()) return fault;
@@ -118,8 +118,8 @@ Result<void> WriteFile(const fs::path& file, const std::string& text) {
   return Fault{"cannot be written", file.string()};
 }
 
-/// Plays the dialog through the steps. What it refuses is told; `transcript` goes on with what happened.
-/// `name` is that of the script among the files of the run.
+/// Plays the steps in the dialog, reports what it refuses, and appends to the transcript. `name` is the name
+/// of the script among the files of the run.
 Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, const Job& job,
                        std::string& transcript) {
   VANZET_TRY(const auto folder, job.host.runFolder.Path());
@@ -132,12 +132,12 @@ Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, 
   const int faultsBefore = job.context.panel.faults();
   VANZET_TRY(const auto played, PlayDialog(file, folder / (name + ".jsonl"), job.host, job.context));
   transcript += played;
-  const auto done = NothingOf(define::RefusedBy(played, steps, script), job.name, job.context);
+  const auto done = ReportRefusals(define::RefusedBy(played, steps, script), job.name, job.context);
   if (!done || job.context.panel.faults() == faultsBefore) return done;
-  return Fault{"the dialog met faults; see above", job.name};
+  return Fault{"the dialog reported errors; see the messages above", job.name};
 }
 
-/// The form of what the definitions of the form's spurs hold now; a spur without a definition has nothing.
+/// The equipment that is defined now for the spurs of the form, as a form; without a definition it is empty.
 Result<define::Json> StoredForm(const Job& job) {
   define::Json stored = {{"spurs", define::Json::array()}};
   Refusals leftOut;
@@ -151,34 +151,36 @@ Result<define::Json> StoredForm(const Job& job) {
   return stored;
 }
 
-/// The steps up to OK, which is not among them.
+/// The steps of the dialog before OK.
 Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings& surroundings) {
   VANZET_TRY(const auto former, StoredForm(job));
   return define::StepsOf(job.form, former, surroundings.hasSubSpindle, surroundings.spurs > 1);
 }
 
-/// Gives the values to the dialog, presses OK when it took them all, and looks at what became of them.
+/// Enters the values in the dialog, presses OK if it accepted all of them, and compares the definitions with
+/// the form.
 Result<void> Play(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
   VANZET_DO(PlaySteps("values", steps, job, transcript));
   if (const auto done = PlaySteps("ok", {define::OkStep()}, job, transcript); !done) return done;
   VANZET_TRY(const auto stored, StoredForm(job));
-  return NothingOf(define::Differences(job.form, stored), job.name, job.context);
+  return ReportRefusals(define::Differences(job.form, stored), job.name, job.context);
 }
 
-/// The dialog chooses among the form's own devices: the shop's catalogue need not have them, and stays.
-Result<void> PutCatalogue(const Job& job) {
+/// Writes a catalogue of the devices in the form, from which the dialog chooses. The catalogue of the shop is
+/// not changed and need not contain them.
+Result<void> WriteCatalogue(const Job& job) {
   VANZET_TRY(const auto folder, job.host.runFolder.Path());
   job.host.catalogue = folder / "clampdevice.cld";
   return WriteFile(job.host.catalogue, define::CatalogueText(job.form));
 }
 
-/// All or nothing: what was defined before stays unless everything went well.
+/// Defines all spurs or none: after a failure the former definitions and the drawing are unchanged.
 Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
                               std::string& transcript) {
   VANZET_TRY(const auto blank, vdm::ReadVdmFile(job.context.places.share / "support" / "Turn_Multiax" /
                                                 "utils" / "template.vdm"));
   VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
-  VANZET_DO(PutCatalogue(job));
+  VANZET_DO(WriteCatalogue(job));
   NewDefinitions definitions(job.host.store, blank, job.context.panel);
   std::string lines;
   for (const define::Json& spur : job.form["spurs"]) {
@@ -215,7 +217,7 @@ Result<void> Define(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   const std::string name = file == "-" ? "standard input" : file;
-  VANZET_DO(NothingOf(define::CheckForm(form, surroundings), name, context));
+  VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
   const Job job{name, std::move(form), hosted->project, *hosted->host, context};
   if (!arguments.isDryRun) return Run(job, surroundings, arguments);
   VANZET_TRY(auto steps, StepsOfJob(job, surroundings));
@@ -227,13 +229,13 @@ Result<void> Define(const Arguments& arguments, Context& context) {
 
 void AddDefine(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  Command& command =
-      vanzet.AddCommand("define", "Defines equipment from a form of data, through the dialog.");
-  command.AddOperands("FILE [PROJECT]", "the form, .json; - is standard input", arguments->words)
+  Command& command = vanzet.AddCommand("define", "Defines equipment from a JSON form, through the dialog.");
+  command.AddOperands("FILE [PROJECT]", "the form, a .json file; '-' is standard input", arguments->words)
       .Required()
       .Count(1, 2);
-  command.AddFlag("--dry-run", "only check, and print the script that would be played", arguments->isDryRun);
-  command.AddOption("--transcript", "FILE", "write what happens in the dialog to this file",
+  command.AddFlag("--dry-run", "only check the form, and print the script that would be run",
+                  arguments->isDryRun);
+  command.AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);

@@ -27,7 +27,7 @@ struct MakeArguments {
   std::optional<double> face;
 };
 
-/// A direction of the model, and the turn about an axis that leads it to x.
+/// A direction of the model, and the rotation about an axis that turns it to x.
 struct Looking {
   std::string_view word;
   geometry::Vector3d axis;
@@ -38,16 +38,16 @@ const Looking kLooking[] = {
     {"-y", {0, 0, 1}, 90}, {"z", {0, 1, 0}, 90},   {"-z", {0, 1, 0}, -90},
 };
 
-/// The model as a definition has it: its face looks along x and is at x = 0.
-Result<modeller::Body> Laid(const modeller::Body& model, const MakeArguments& arguments) {
+/// Places the model as definitions need it: its face points along x and is at x = 0.
+Result<modeller::Body> PlaceModel(const modeller::Body& model, const MakeArguments& arguments) {
   const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
   VANZET_TRY(const auto turned, modeller::Turned(model, {{0, 0, 0}, looking.axis}, looking.degrees));
   return modeller::Moved(turned, {-arguments.face.value_or(0), 0, 0});
 }
 
-/// A model that does not end where devices do most likely lies otherwise: what to do about it. Clamp devices
-/// and centers lie behind their face, jaws stand on their foot. Who tells where the face is knows better:
-/// pins may stand out of it.
+/// Fails when the model does not end at 0, where the face of a clamp device or center and the foot of a jaw
+/// have to be: most likely it has another position or direction. An explicit --face wins, because pins may
+/// protrude from a face.
 Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& arguments) {
   constexpr double kNear = 0.05;  // millimetres
   constexpr int kDigits = 6;
@@ -56,17 +56,17 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
   const bool isJaw = arguments.deviceClass == "jaw";
   const double face = isJaw ? box.min.x : box.max.x;
   if (std::abs(face) <= kNear) return {};
-  return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is not at 0 but at " +
-                   NumberText(face, kDigits) + " mm; '--face' tells where it is, and " +
-                   "'--looking' where it looks to",
+  return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is at " + NumberText(face, kDigits) +
+                   " mm, not at 0; give its position with '--face' and its direction with '--looking'",
                arguments.body};
 }
 
-/// The one contour of a file.
+/// Reads the only contour of a file.
 Result<geometry::Kurve> OutlineOf(const std::string& file) {
   VANZET_TRY(const auto content, contour::ReadContourFile(file, {}));
   if (content.contours.size() != 1) {
-    return Fault{"an outline is one contour; this file has " + std::to_string(content.contours.size()), file};
+    return Fault{"expected one contour for the outline, found " + std::to_string(content.contours.size()),
+                 file};
   }
   return geometry::Kurve(content.contours.front().curve);
 }
@@ -74,19 +74,19 @@ Result<geometry::Kurve> OutlineOf(const std::string& file) {
 Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
-  VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body), ToldExchange()));
+  VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body), ExchangeWithProgress()));
   VANZET_TRY(const auto outline, OutlineOf(arguments.outline));
-  const auto laid = Laid(body, arguments);
-  if (!laid) return Fault{laid.fault().text, arguments.body};
-  VANZET_DO(CheckPlace(*laid, arguments));
+  const auto placed = PlaceModel(body, arguments);
+  if (!placed) return Fault{placed.fault().text, arguments.body};
+  VANZET_DO(CheckPlace(*placed, arguments));
   const auto content = scene::MakeOwnDevice(
-      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *laid, outline});
+      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *placed, outline});
   if (!content) return Fault{content.fault().text, arguments.body};
   return vdm::WriteVdmFile(paths.Resolve(arguments.out), *content);
 }
 
-/// What a file of an own device holds.
-struct Shown {
+/// The content of an own device.
+struct DeviceFacts {
   scene::OwnDeviceValues values;
   scene::DeviceText device;
   modeller::Measures measures;
@@ -94,13 +94,15 @@ struct Shown {
   std::size_t elements;  ///< of the outline
 };
 
-Result<Shown> ReadShown(const project::Definition& content) {
+Result<DeviceFacts> ReadDeviceFacts(const project::Definition& content) {
   VANZET_TRY(const auto values, scene::ReadOwnDeviceValues(content));
-  VANZET_TRY(const auto device, scene::ReadDeviceText(content, scene::kOwnDeviceOperation, ToldExchange()));
-  if (!device) return Fault{"holds no body"};
+  VANZET_TRY(const auto device,
+             scene::ReadDeviceText(content, scene::kOwnDeviceOperation, ExchangeWithProgress()));
+  if (!device) return Fault{"contains no body"};
   VANZET_TRY(const auto measures, modeller::MeasuresOf(device->body));
   VANZET_TRY(const auto box, modeller::Extents(device->body));
-  return Shown{values, *device, measures, box, scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
+  return DeviceFacts{values, *device, measures, box,
+                     scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {
@@ -112,18 +114,18 @@ Result<void> Show(const std::string& file, bool isJson) {
   const fs::path path = PathMap::OfProcess().Resolve(file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(path));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
-  const auto shown = ReadShown(definition);
-  if (!shown) return Fault{shown.fault().text, path.string()};
-  const Json json = {{"class", scene::WordOf(shown->values.deviceClass)},
-                     {"first", shown->values.first},
-                     {"second", shown->values.second},
-                     {"from", PointOf(shown->box.min)},
-                     {"to", PointOf(shown->box.max)},
-                     {"volume", shown->measures.volume},
-                     {"closed", shown->measures.closed},
-                     {"plug", PointOf(shown->device.plug)},
-                     {"socket", PointOf(shown->device.socket)},
-                     {"outline elements", shown->elements}};
+  const auto facts = ReadDeviceFacts(definition);
+  if (!facts) return Fault{facts.fault().text, path.string()};
+  const Json json = {{"class", scene::WordOf(facts->values.deviceClass)},
+                     {"first", facts->values.first},
+                     {"second", facts->values.second},
+                     {"from", PointOf(facts->box.min)},
+                     {"to", PointOf(facts->box.max)},
+                     {"volume", facts->measures.volume},
+                     {"closed", facts->measures.closed},
+                     {"plug", PointOf(facts->device.plug)},
+                     {"socket", PointOf(facts->device.socket)},
+                     {"outline elements", facts->elements}};
   if (isJson) return PrintJson(json);
   std::string text;
   for (const auto& [key, value] : json.items()) {
@@ -134,28 +136,33 @@ Result<void> Show(const std::string& file, bool isJson) {
 
 void AddDeviceMake(Command& device) {
   const auto arguments = std::make_shared<MakeArguments>();
-  Command& command = device.AddCommand("make", "Makes an own device of a model.");
+  Command& command = device.AddCommand("make", "Makes an own device from a model.");
   command
-      .AddOption("--class", "CLASS", "chuck (all that a spindle holds), jaw or center",
+      .AddOption("--class", "CLASS",
+                 "the kind of device: chuck (anything that a spindle holds), jaw or center",
                  StoreText(arguments->deviceClass))
       .Required()
       .OneOf({"chuck", "jaw", "center"});
-  command.AddOption("--body", "FILE", "the model: .step, .stl or .brep", StoreFile(arguments->body))
+  command.AddOption("--body", "FILE", "the model, a .step, .stl or .brep file", StoreFile(arguments->body))
       .Required();
   command
-      .AddOption("--outline", "FILE", "the outline for the simulation: a contour, or .dxf",
+      .AddOption("--outline", "FILE", "the outline for the simulation, a contour file or a .dxf drawing",
                  StoreFile(arguments->outline))
       .Required();
-  command.AddOption("-o,--out", "FILE", "the device, .vdm", StoreFile(arguments->out)).Required();
-  command.AddOption("--first", "MM", "how far behind its face a chuck is held, in millimetres",
+  command.AddOption("-o,--out", "FILE", "the device to write, a .vdm file", StoreFile(arguments->out))
+      .Required();
+  command.AddOption("--first", "MM", "distance from the face of a chuck to where it is held, in millimetres",
                     StoreReal(arguments->first));
-  command.AddOption("--second", "MM", "the same of a center", StoreReal(arguments->second));
+  command.AddOption("--second", "MM",
+                    "distance from the face of a center to where it is held, in millimetres",
+                    StoreReal(arguments->second));
   command.AddOption("--face", "MM",
-                    "where the working face is in the model, or a jaw's foot, in the direction that it looks "
-                    "to; without it the model has to end at 0",
+                    "position of the working face, or of the foot of a jaw, along the direction of "
+                    "--looking; without this option the model has to end at 0",
                     StoreReal(arguments->face));
   command
-      .AddOption("--looking", "AXIS", "where the working face looks to in the model; without it x",
+      .AddOption("--looking", "AXIS",
+                 "the direction in which the working face points in the model; default: x",
                  StoreText(arguments->looking))
       .OneOf({"x", "-x", "y", "-y", "z", "-z"});
   command.examples = {
@@ -169,9 +176,9 @@ void AddDeviceShow(Command& device) {
     bool isJson = false;
   };
   const auto arguments = std::make_shared<Arguments>();
-  Command& command = device.AddCommand("show", "Shows what an own device holds.");
-  command.AddOperand("FILE", "the device, .vdm", StoreText(arguments->file)).Required();
-  command.AddFlag("--json", "for programs", arguments->isJson);
+  Command& command = device.AddCommand("show", "Prints the content of an own device.");
+  command.AddOperand("FILE", "the device, a .vdm file", StoreText(arguments->file)).Required();
+  command.AddFlag("--json", "print JSON", arguments->isJson);
   command.examples = {"vanzet device show chuck.vdm"};
   command.work = [=] { return Show(arguments->file, arguments->isJson); };
 }
@@ -179,7 +186,9 @@ void AddDeviceShow(Command& device) {
 }  // namespace
 
 void AddDevice(Command& vanzet, Context&) {
-  Command& device = vanzet.AddCommand("device", "Own devices: models that the dialog can select.");
+  Command& device =
+      vanzet.AddCommand("device", "Makes and shows own devices: models that the dialog can select.");
+  device.examples = {"vanzet device show chuck.vdm"};
   AddDeviceMake(device);
   AddDeviceShow(device);
 }

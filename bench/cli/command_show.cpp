@@ -58,7 +58,7 @@ std::string Text(const Spurs& spurs) {
     text += (text.empty() ? "Spur " : "\nSpur ") + std::to_string(spur.spur) + ": VDM " +
             std::to_string(spur.vdm);
     if (!spur.definition) {
-      text += ", no definition ('vanzet upgrade' makes it)\n";
+      text += ", no definition ('vanzet upgrade' creates it)\n";
       continue;
     }
     text += ", version " + std::to_string(spur.definition->version) + ", " +
@@ -67,7 +67,7 @@ std::string Text(const Spurs& spurs) {
   return text;
 }
 
-/// The form that 'vanzet define' reads. What it has no place for is told.
+/// The form that 'vanzet define' reads. What the form cannot express is reported on the panel.
 Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
   Json list = Json::array();
   define::Refusals leftOut;
@@ -86,23 +86,25 @@ Result<void> Show(const Arguments& arguments, Context& context) {
   VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs)));
   for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
-      return Fault{"the definition of spur " + std::to_string(spur.spur) + " is damaged"};
+      return Fault{.text = "the definition of spur " + std::to_string(spur.spur) + " is damaged",
+                   .kind = FaultKind::kDamaged};
     }
   }
   if (std::ranges::any_of(spurs,
                           [](const results::SpurDefinition& spur) { return spur.definition.has_value(); }))
     return {};
-  return Fault{"there is no definition yet"};
+  return Fault{.text = "the project has no definition yet; 'vanzet upgrade' creates it",
+               .kind = FaultKind::kMissing};
 }
 
 }  // namespace
 
 void AddShow(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  Command& command = vanzet.AddCommand("show", "Shows the definition of every spindle spur.");
+  Command& command = vanzet.AddCommand("show", "Prints the definition of every spindle spur.");
   AddProject(command, arguments->project);
-  command.AddOption("--spur", "N", "only this spur, counted from 0", StoreNumber(arguments->spur));
-  command.AddFlag("--json", "the equipment in the form that 'vanzet define' reads", arguments->json);
+  command.AddOption("--spur", "N", "only this spur; the first is 0", StoreNumber(arguments->spur));
+  command.AddFlag("--json", "print the equipment as JSON that 'vanzet define' can read", arguments->json);
   command.examples = {"vanzet show lathe --spur 1 --json"};
   command.work = [=, &context] { return Show(*arguments, context); };
 }

@@ -141,15 +141,14 @@ std::string Zsh(const Choices& choices) {
 }  // namespace
 
 void AddManual(Command& vanzet, Context&) {
-  Command& command =
-      vanzet.AddCommand("manual", "Prints all that the helps of the commands tell, as Markdown.");
+  Command& command = vanzet.AddCommand("manual", "Prints the help of all commands as Markdown.");
   command.examples = {"vanzet manual > command-line.md"};
   command.work = [&] { return Print(ManualOf(vanzet)); };
 }
 
 void AddCompletion(Command& vanzet, Context&) {
   const auto shell = std::make_shared<std::string>();
-  Command& command = vanzet.AddCommand("completion", "Prints the completion of a shell.");
+  Command& command = vanzet.AddCommand("completion", "Prints the completion script for a shell.");
   command.AddOperand("SHELL", "bash or zsh", StoreText(*shell)).Required().OneOf({"bash", "zsh"});
   command.examples = {"source <(vanzet completion bash)"};
   command.work = [=, &vanzet] {

@@ -13,11 +13,11 @@
 #include "project/definition.h"
 #include "project/sample.h"
 
-/// The commands that make, upgrade and open projects.
+/// The commands that create, upgrade and open projects.
 namespace vanzet::cli {
 namespace {
 
-/// What an upgraded definition has.
+/// An upgraded definition.
 constexpr std::int32_t kVersion = 100;
 constexpr std::size_t kLeastOperations = 18;
 
@@ -26,7 +26,7 @@ struct UpgradeArguments {
   std::string trace;
 };
 
-/// Looks at the definition of one spur after the call: what is wrong with it, or a line about it.
+/// Checks the definition of one spur after the upgrade, and returns a line about it.
 Result<std::string> CheckDefinition(std::int32_t spur, const HostedProject& hosted) {
   const std::uint32_t number = hosted.project.DefinitionOf(spur);
   const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
@@ -35,7 +35,7 @@ Result<std::string> CheckDefinition(std::int32_t spur, const HostedProject& host
   VANZET_TRY(const auto content, hosted.host->store.Snapshot(number));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
   if (definition.version != kVersion || definition.operations.size() < kLeastOperations) {
-    return Fault{name + " is no definition of version " + std::to_string(kVersion) + " after the upgrade"};
+    return Fault{name + " is not a definition of version " + std::to_string(kVersion) + " after the upgrade"};
   }
   return name + ", version " + std::to_string(definition.version) + ", " +
          Counted(definition.operations.size(), "operation") + "\n";
@@ -45,7 +45,7 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(arguments.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_TRY(const auto spurs, hosted->project.SpindleSpurs());
-  // The module would tell a store that cannot be used once for each of its calls.
+  // The module would report a store that cannot be used once for each of its calls.
   VANZET_DO(host.store.Check());
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
@@ -55,7 +55,7 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
     VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
     lines += line;
   }
-  if (context.panel.faults() > 0) return Fault{"the upgrade did not go through; see above"};
+  if (context.panel.faults() > 0) return Fault{"the upgrade failed; see the messages above"};
   return Print(lines);
 }
 
@@ -66,7 +66,7 @@ struct NewArguments {
 
 Result<void> New(const NewArguments& arguments, const Context& context) {
   VANZET_DO(project::MakeProject(arguments.folder, arguments.sample, context.places.share));
-  return Print("made the project " + arguments.folder + " from the sample " + arguments.sample + "\n");
+  return Print("created project " + arguments.folder + " from sample " + arguments.sample + "\n");
 }
 
 struct OpenArguments {
@@ -74,7 +74,7 @@ struct OpenArguments {
   bool hasDialog = false;
 };
 
-/// What tells programs where windows can be opened.
+/// The environment variables that say where windows can be opened.
 constexpr const char* kDisplays[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
 bool HasDisplay() {
@@ -84,10 +84,10 @@ bool HasDisplay() {
   });
 }
 
-/// Goes on as the program of the window, which is beside this one; comes back only when it cannot be run.
+/// Replaces this process by the program of the window, and returns only when that fails.
 Result<void> Open(const OpenArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
-  if (!HasDisplay()) return Fault{"there is no display to open a window on"};
+  if (!HasDisplay()) return Fault{"no display is available to open a window"};
   const std::string program = (context.places.Sibling("vanzet-window")).string();
   const std::string folder = project.folder().string();
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
@@ -101,7 +101,7 @@ Result<void> Open(const OpenArguments& arguments, const Context& context) {
 void AddUpgrade(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<UpgradeArguments>();
   Command& command = vanzet.AddCommand(
-      "upgrade", "Makes the definition of every spindle spur, or brings it to the current version.");
+      "upgrade", "Creates the definition of every spindle spur, or upgrades it to the current version.");
   AddProject(command, arguments->project);
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
@@ -111,9 +111,9 @@ void AddUpgrade(Command& vanzet, Context& context) {
 
 void AddNew(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<NewArguments>();
-  Command& command = vanzet.AddCommand("new", "Makes a project folder that works at once.");
-  command.AddOperand("DIR", "the folder to make", StoreText(arguments->folder)).Required();
-  command.AddOption("--sample", "NAME", "the sample to begin with", StoreText(arguments->sample))
+  Command& command = vanzet.AddCommand("new", "Creates a project folder from a sample.");
+  command.AddOperand("DIR", "the folder to create", StoreText(arguments->folder)).Required();
+  command.AddOption("--sample", "NAME", "the sample to start from", StoreText(arguments->sample))
       .Default(arguments->sample);
   command.examples = {"vanzet new lathe --sample mill-turn"};
   command.work = [=, &context] { return New(*arguments, context); };
@@ -123,7 +123,7 @@ void AddOpen(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<OpenArguments>();
   Command& command = vanzet.AddCommand("open", "Opens the project in the workbench's window.");
   AddProject(command, arguments->project);
-  command.AddFlag("--dialog", "with the equipment dialog in front", arguments->hasDialog);
+  command.AddFlag("--dialog", "open the equipment dialog as well", arguments->hasDialog);
   command.examples = {"vanzet open lathe --dialog"};
   command.work = [=, &context] { return Open(*arguments, context); };
 }

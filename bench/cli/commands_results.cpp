@@ -25,7 +25,7 @@ struct PictureArguments {
   scene::PictureOptions equipment;
 };
 
-/// Whether the file's name says PNG, or SVG; any other ending is wrong usage.
+/// True for the name of a PNG file, false for one of an SVG file; any other ending is wrong usage.
 bool IsPng(const std::string& file) {
   const std::string ending = std::filesystem::path(file).extension().string();
   if (EqualWithoutCase(ending, ".png")) return true;
@@ -33,11 +33,8 @@ bool IsPng(const std::string& file) {
   throw WrongUsage{"--out", "expected a file that ends with .svg or .png, found '" + file + "'"};
 }
 
-int SizeOf(const std::string& name, const std::string& word) {
-  const std::int32_t size = NumberOf(name, word);
-  if (size >= drawing::kSmallestPicture && size <= drawing::kLargestPicture) return size;
-  throw WrongUsage{name, "expected a size from " + std::to_string(drawing::kSmallestPicture) + " to " +
-                             std::to_string(drawing::kLargestPicture) + ", found '" + word + "'"};
+TakeWord StoreSize(std::optional<int>& size) {
+  return StoreInteger(size, drawing::kSmallestPicture, drawing::kLargestPicture);
 }
 
 Result<std::string> Draw(const PictureArguments& arguments, const project::Project& project) {
@@ -47,15 +44,16 @@ Result<std::string> Draw(const PictureArguments& arguments, const project::Proje
   return svg && IsPng(arguments.out) ? results::PngOf(*svg) : svg;
 }
 
-/// The equipment as PNG. A size that is left out is that of a picture 3 to 2.
+/// Draws the equipment as PNG. A width or height that is not given follows from the ratio 3 to 2.
 Result<std::string> DrawEquipment(const PictureArguments& arguments, const project::Project& project) {
-  if (!IsPng(arguments.out)) return Fault{"a picture of the equipment is a .png file", arguments.out};
+  if (!IsPng(arguments.out))
+    return Fault{"a picture of the equipment can only be a .png file", arguments.out};
   scene::PictureOptions options = arguments.equipment;
   const auto& [window, layers, width, height] = arguments.options;
   if (height) options.width = *height * 3 / 2;
   if (width) options.width = *width;
   options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
-  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, ToldExchange()));
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, ExchangeWithProgress()));
   VANZET_TRY(const auto picture, scene::Draw(scene, options));
   return results::PngOf(picture);
 }
@@ -71,32 +69,29 @@ Result<void> Picture(const PictureArguments& arguments, const Context& context) 
 
 void AddDrawingOptions(Command& command, drawing::PictureOptions& options) {
   command
-      .AddOption("--window", "WINDOW", "drawing: which window; without it display",
+      .AddOption("--window", "WINDOW", "drawing: the window; default: display",
                  [&](const std::string&, const std::string& word) {
                    options.window =
                        word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
                  })
       .OneOf({"display", "construction"});
-  command.AddOption("--layers", "NAME,...", "these layers alone, with commas between them", options.layers)
+  command.AddOption("--layers", "NAME,...", "drawing: only these layers, separated by commas", options.layers)
       .SeparatedBy(',');
-  for (const auto& [name, size] : {std::pair{"--width", &options.width}, {"--height", &options.height}}) {
-    command.AddOption(
-        name, "N", "of the picture, in pixels",
-        [size = size](const std::string& option, const std::string& word) { *size = SizeOf(option, word); });
-  }
+  command.AddOption("--width", "N", "width of the picture, in pixels", StoreSize(options.width));
+  command.AddOption("--height", "N", "height of the picture, in pixels", StoreSize(options.height));
 }
 
 void AddEquipmentOptions(Command& command, PictureArguments& arguments) {
-  command.AddOption("--spur", "N", "equipment: of this spur, counted from 0; without it the first",
-                    StoreNumber(arguments.spur));
+  command.AddOption("--spur", "N", "equipment: the spur; default: 0, the first", StoreNumber(arguments.spur));
   command
-      .AddOption("--camera", "VIEW", "equipment: seen from; without it iso",
+      .AddOption("--camera", "VIEW", "equipment: the direction of view; default: iso",
                  [&](const std::string&, const std::string& word) {
                    arguments.equipment.view = *scene::ViewNamed(word);
                  })
       .OneOf({scene::ViewWords().begin(), scene::ViewWords().end()});
-  command.AddFlag("--perspective", "equipment: as the eye sees it", arguments.equipment.isPerspective);
-  command.AddFlag("--section", "equipment: cut open in the drawing's plane", arguments.equipment.isSection);
+  command.AddFlag("--perspective", "equipment: draw in perspective", arguments.equipment.isPerspective);
+  command.AddFlag("--section", "equipment: cut open along the plane of the drawing",
+                  arguments.equipment.isSection);
 }
 
 struct ExportArguments {
@@ -108,7 +103,7 @@ struct ExportArguments {
 
 Result<void> ExportEquipment(const ExportArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
-  const auto exchange = ToldExchange();
+  const auto exchange = ExchangeWithProgress();
   VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
   return results::WriteEquipment(scene, *modeller::FormatNamed(arguments.format),
                                  PathMap::OfProcess().Resolve(arguments.out), exchange);
@@ -118,16 +113,16 @@ Result<void> ExportEquipment(const ExportArguments& arguments, const Context& co
 
 void AddPicture(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<PictureArguments>();
-  Command& command = vanzet.AddCommand("picture", "Draws what the project's window would show.");
+  Command& command = vanzet.AddCommand("picture", "Draws the project as its window shows it.");
   AddProject(command, arguments->project);
   command
-      .AddOption("--out", "FILE", "the picture, .svg or .png",
+      .AddOption("--out", "FILE", "the picture, a .svg or .png file",
                  [=](const std::string& name, const std::string& word) {
                    arguments->out = FileOf(name, word);
                    IsPng(word);
                  })
       .Required();
-  command.AddOption("--view", "VIEW", "what is to be seen; without it drawing", StoreText(arguments->view))
+  command.AddOption("--view", "VIEW", "what to draw; default: drawing", StoreText(arguments->view))
       .OneOf({"drawing", "equipment"});
   AddDrawingOptions(command, arguments->options);
   AddEquipmentOptions(command, *arguments);
@@ -141,14 +136,13 @@ void AddExport(Command& vanzet, Context& context) {
   Command& command = vanzet.AddCommand("export", "Writes the equipment of a spur as 3D files.");
   AddProject(command, arguments->project);
   command
-      .AddOption("--out", "DIR", "the folder for the files; it is made when it is not there",
+      .AddOption("--out", "DIR", "the folder for the files; it is created if it does not exist",
                  StoreFile(arguments->out))
       .Required();
-  command.AddOption("--format", "FORMAT", "the files' format", StoreText(arguments->format))
+  command.AddOption("--format", "FORMAT", "the format of the files", StoreText(arguments->format))
       .Required()
       .OneOf({"wrl", "stl", "step", "gltf"});
-  command.AddOption("--spur", "N", "of this spur, counted from 0; without it the first",
-                    StoreNumber(arguments->spur));
+  command.AddOption("--spur", "N", "the spur; default: 0, the first", StoreNumber(arguments->spur));
   command.examples = {"vanzet export lathe --out models --format step"};
   command.work = [=, &context] { return ExportEquipment(*arguments, context); };
 }

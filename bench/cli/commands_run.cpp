@@ -9,7 +9,7 @@
 #include "cli/output.h"
 #include "project/text_file.h"
 
-/// The commands that run what a person wrote: scripts of the dialog and lines of the macro language.
+/// The commands that run scripts of the dialog and lines of the macro language.
 namespace vanzet::cli {
 namespace {
 
@@ -20,8 +20,8 @@ struct ScriptArguments {
   std::string trace;
 };
 
-/// What a script could not do, as its transcript tells it: the line and the reason.
-Result<void> ErrorsIn(const std::string& transcript, const std::string& script) {
+/// Returns the first error in the transcript of a script, with the line of the script.
+Result<void> CheckTranscript(const std::string& transcript, const std::string& script) {
   std::istringstream lines(transcript);
   for (std::string line; std::getline(lines, line);) {
     const auto event = nlohmann::json::parse(line, nullptr, false);
@@ -31,7 +31,7 @@ Result<void> ErrorsIn(const std::string& transcript, const std::string& script) 
   return {};
 }
 
-Result<void> TakePicks(const std::string& file, api::Host& host) {
+Result<void> LoadPicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
   VANZET_TRY(auto picks, drawing::Picks::ReadFile(file));
   host.picks = std::make_unique<drawing::Picks>(std::move(picks));
@@ -45,7 +45,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_DO(host.store.Check());
-  VANZET_DO(TakePicks(arguments.picks, host));
+  VANZET_DO(LoadPicks(arguments.picks, host));
   VANZET_TRY(const auto folder, host.runFolder.Path());
   const bool isPrinted = arguments.transcript.empty();
   const std::filesystem::path file =
@@ -54,9 +54,10 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   if (isPrinted) {
     VANZET_DO(Print(transcript));
   }
-  VANZET_DO(ErrorsIn(transcript, script));
+  VANZET_DO(CheckTranscript(transcript, script));
   VANZET_DO(host.board.Save());
-  return context.panel.faults() == 0 ? Result<void>() : Fault{"the script went on after faults; see above"};
+  return context.panel.faults() == 0 ? Result<void>()
+                                     : Fault{"the script ran with errors; see the messages above"};
 }
 
 struct LineArguments {
@@ -73,7 +74,7 @@ std::vector<std::string> LinesOf(std::istream& input) {
   return lines;
 }
 
-/// Runs all lines, whatever becomes of each.
+/// Runs all lines, also after one of them failed.
 Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Context& context) {
   if (lines.size() == 1) return host.Command(lines.front());
   std::size_t failed = 0;
@@ -91,7 +92,7 @@ Result<void> RunCommand(const LineArguments& arguments, Context& context) {
   const SplitWords operands = SplitProject(arguments.words);
   VANZET_TRY(const auto hosted, HostProject(operands.project, "", context));
   api::Host& host = *hosted->host;
-  VANZET_DO(TakePicks(arguments.picks, host));
+  VANZET_DO(LoadPicks(arguments.picks, host));
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
   const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);
   const auto kept = host.board.Save();
@@ -103,11 +104,11 @@ Result<void> RunCommand(const LineArguments& arguments, Context& context) {
 void AddScript(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<ScriptArguments>();
   Command& command = vanzet.AddCommand(
-      "script", "Plays a script through the equipment dialog, without a display, and tells what happened.");
+      "script", "Runs a script of the equipment dialog, without a display, and prints a transcript.");
   command.AddOperands("[PROJECT] FILE", "", arguments->words).Required().Count(1, 2);
-  command.AddOption("--picks", "FILE", "what the dialog asks for with the mouse, a pick a line",
+  command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
-  command.AddOption("--transcript", "FILE", "write what happens to this file, not to standard output",
+  command.AddOption("--transcript", "FILE", "write the transcript to this file instead of standard output",
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
@@ -118,9 +119,9 @@ void AddScript(Command& vanzet, Context& context) {
 void AddCommand(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<LineArguments>();
   Command& command = vanzet.AddCommand(
-      "command", "Runs lines of the macro language, one an argument, or from standard input for '-'.");
+      "command", "Runs lines of the macro language: one per argument, or, for '-', those on standard input.");
   command.AddOperands("[PROJECT] LINE...", "", arguments->words).Required();
-  command.AddOption("--picks", "FILE", "what the lines ask for with the mouse, a pick a line",
+  command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   AddKeepTmp(command, context);
   command.examples = {"vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"",

@@ -14,7 +14,7 @@
 namespace vanzet::cli {
 namespace {
 
-/// A VDM and a file, with the project among them.
+/// The operands of save and load.
 struct VdmArguments {
   std::vector<std::string> words;
   std::filesystem::path project;
@@ -22,8 +22,8 @@ struct VdmArguments {
   std::string file;
 };
 
-/// Finds out which word is which: the number is the word at 0 or 1 when the project is left out.
-void SplitWordsOf(VdmArguments& arguments, std::size_t numberAt) {
+/// Assigns the words. Without the project, the number is the word at `numberAt`, 0 or 1.
+void AssignOperands(VdmArguments& arguments, std::size_t numberAt) {
   const SplitWords split = SplitOperands(arguments.words, 2);
   arguments.project = split.project;
   arguments.number = NumberOf("NUMBER", split.words[numberAt]);
@@ -67,17 +67,18 @@ void AddSave(Command& vdm, const Context& context) {
   Command& command = vdm.AddCommand("save", "Saves a VDM to a .vdm file.");
   command.AddOperands("[PROJECT] NUMBER FILE", "", arguments->words).Required().Count(2, 3);
   command.examples = {"vanzet vdm save lathe 1000 job.vdm"};
-  command.check = [=] { SplitWordsOf(*arguments, 0); };
+  command.check = [=] { AssignOperands(*arguments, 0); };
   command.work = [=, &context] { return Save(*arguments, context); };
 }
 
 void AddLoad(Command& vdm, const Context& context) {
   const auto arguments = std::make_shared<VdmArguments>();
   Command& command = vdm.AddCommand(
-      "load", "Puts a .vdm file in the place of a VDM. A file that is refused leaves the VDM as it was.");
+      "load",
+      "Replaces a VDM with the content of a .vdm file. When the file is rejected, the VDM is unchanged.");
   command.AddOperands("[PROJECT] FILE NUMBER", "", arguments->words).Required().Count(2, 3);
   command.examples = {"vanzet vdm load lathe job.vdm 1000"};
-  command.check = [=] { SplitWordsOf(*arguments, 1); };
+  command.check = [=] { AssignOperands(*arguments, 1); };
   command.work = [=, &context] { return Load(*arguments, context); };
 }
 
@@ -87,9 +88,9 @@ void AddCheck(Command& vdm) {
     bool json = false;
   };
   const auto arguments = std::make_shared<CheckArguments>();
-  Command& command = vdm.AddCommand("check", "Reads a .vdm file and counts what is in it.");
+  Command& command = vdm.AddCommand("check", "Checks a .vdm file, and counts its records and items.");
   command.AddOperand("FILE", "", StoreFile(arguments->file)).Required();
-  command.AddFlag("--json", "for programs", arguments->json);
+  command.AddFlag("--json", "print JSON", arguments->json);
   command.examples = {"vanzet vdm check job.vdm"};
   command.work = [=] { return Check(arguments->file, arguments->json); };
 }
@@ -133,7 +134,7 @@ Result<void> Items(const ItemsArguments& arguments, const Context& context) {
 }  // namespace
 
 void AddVdm(Command& vanzet, Context& context) {
-  Command& vdm = vanzet.AddCommand("vdm", "Stores to and from .vdm files.");
+  Command& vdm = vanzet.AddCommand("vdm", "Saves VDMs to .vdm files, and loads them.");
   vdm.examples = {"vanzet vdm save lathe 1000 job.vdm"};
   AddSave(vdm, context);
   AddLoad(vdm, context);
@@ -143,11 +144,10 @@ void AddVdm(Command& vanzet, Context& context) {
 void AddItems(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<ItemsArguments>();
   Command& command = vanzet.AddCommand(
-      "items", "Prints the raw records of a VDM: a line an item, record.item, a tab, and the text.");
+      "items", "Prints the raw records of a VDM: one line per item, with record.item, a tab, and the text.");
   AddProject(command, arguments->project);
-  command.AddOption("--vdm", "N", "the VDM; without it the definition of spur 0",
-                    StoreNumber(arguments->vdm));
-  command.AddFlag("--json", "for programs", arguments->json);
+  command.AddOption("--vdm", "N", "the VDM; default: the definition of spur 0", StoreNumber(arguments->vdm));
+  command.AddFlag("--json", "print JSON", arguments->json);
   command.examples = {"vanzet items lathe --vdm 1001 | grep Billet"};
   command.work = [=, &context] { return Items(*arguments, context); };
 }

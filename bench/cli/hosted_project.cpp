@@ -15,12 +15,12 @@
 namespace vanzet::cli {
 namespace {
 
-bool Has(const project::Project& project, const char* fact) {
+bool HasFact(const project::Project& project, const char* fact) {
   return IntegerOrZero(project.Environment(fact)) == 1;
 }
 
 Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& project, api::Host& host) {
-  constexpr std::size_t kShortestPath = 3;  // a shorter setting names no file
+  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
   VANZET_TRY(const auto setting, host.Setting("CLAMP_DB_PATH"));
   const std::string path = setting.size() < kShortestPath ? host.Environment("clampmdb") : setting;
   std::ifstream catalogue(project.paths().Resolve(path), std::ios::binary);
@@ -59,11 +59,11 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   }
   auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
-  hosted->host->exchange = ToldExchange();
+  hosted->host->exchange = ExchangeWithProgress();
   if (!context.keepsTmp) return hosted;
   VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
   hosted->host->runFolder.Keep();
-  std::cerr << "vanzet: the files of this run stay in " + tmp.string() + "\n";
+  std::cerr << "vanzet: the files of this run are kept in " + tmp.string() + "\n";
   return hosted;
 }
 
@@ -72,9 +72,9 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   VANZET_TRY(const auto shop, ShopOf(project, host));
   define::Surroundings surroundings;
   surroundings.spurs = spurs;
-  surroundings.hasSubSpindle = Has(project, "SubSpindleAvailable");
-  surroundings.hasTailStock = Has(project, "TailStockAvailable");
-  surroundings.hasSteadyRest = Has(project, "LunAvailable");
+  surroundings.hasSubSpindle = HasFact(project, "SubSpindleAvailable");
+  surroundings.hasTailStock = HasFact(project, "TailStockAvailable");
+  surroundings.hasSteadyRest = HasFact(project, "LunAvailable");
   surroundings.catalogue = [shop](const std::string& name) {
     const auto device = shop.find(name);
     return device == shop.end() ? std::nullopt : std::optional(device->second);

@@ -25,8 +25,8 @@ constexpr void (*kCommands[])(Command&, Context&) = {
     AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
 };
 
-/// A stream that the caller has closed is taken up by nothing else: what is written there fails, as it
-/// should.
+/// Occupies standard streams that the caller has closed, so that no other file gets their numbers and
+/// writing to them fails.
 void KeepStandardStreams() {
   for (int descriptor = 0; descriptor < 3; ++descriptor) {
     if (fcntl(descriptor, F_GETFD) < 0 && errno == EBADF) open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -36,15 +36,16 @@ void KeepStandardStreams() {
 /// Describes the program and its commands. They keep references to `program`.
 void Describe(Command& program, Context& context) {
   program.name = "vanzet";
-  program.help = "Defines, checks and exports what holds the work on a turning or mill-turn machine.";
+  program.help =
+      "Defines, checks and exports the equipment that holds the work on a turning or mill-turn machine.";
   program.notes =
-      "PROJECT is the current folder when it is left out. Results go to standard output, everything else to\n"
-      "standard error. Exit status: 0 done, 1 the work failed, 2 wrong usage.";
+      "Without PROJECT the current folder is used. Results go to standard output, everything else to "
+      "standard\nerror. Exit status: 0 success, 1 the work failed, 2 wrong usage.";
   program.examples = {"vanzet new lathe && vanzet upgrade lathe && vanzet show lathe"};
   for (const auto add : kCommands) add(program, context);
 }
 
-/// True for a first word that is meant to be a command, and is not one.
+/// True when the first word is meant to be a command, but no command has this name.
 bool IsUnknownCommand(const std::string& word, const Command& program) {
   return !word.starts_with('-') &&
          std::ranges::find(program.commands, word, &Command::name) == program.commands.end();
@@ -71,7 +72,7 @@ int Run(int argc, const char* const* argv) {
   Command program;
   Describe(program, context);
   if (argc > 1 && IsUnknownCommand(argv[1], program)) {
-    panel.Tell(Fault{"there is no command '" + std::string(argv[1]) + "'; 'vanzet --help' lists them"});
+    panel.Tell(Fault{"no such command: '" + std::string(argv[1]) + "'; 'vanzet --help' lists the commands"});
     return kWrongUsageStatus;
   }
   const Request request = ReadCommandLine(program, "vanzet " VANZET_VERSION, argc, argv);

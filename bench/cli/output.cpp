@@ -8,7 +8,7 @@
 namespace vanzet::cli {
 namespace {
 
-/// The blanks that are missing to `width`.
+/// The blanks that fill the text up to `width`.
 std::string Padding(const std::string& text, std::size_t width) {
   const std::size_t length = Width(text);
   return std::string(width > length ? width - length : 0, ' ');

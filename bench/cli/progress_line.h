@@ -8,8 +8,8 @@
 
 namespace vanzet::cli {
 
-/// A line on a terminal that tells how far a file is read or written, for work that a person would wait for.
-/// It is wiped when it goes.
+/// A line on a terminal that shows how much of a file has been read or written. It appears only when the work
+/// takes longer than half a second, and the destructor erases it.
 class ProgressLine {
  public:
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
@@ -19,17 +19,17 @@ class ProgressLine {
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
 
-  /// `done` is from 0 to 1.
-  void Tell(double done);
+  /// `done` is the share that is finished, from 0 to 1.
+  void Report(double done);
 
  private:
   std::ostream& terminal_;
   Clock clock_;
-  std::chrono::steady_clock::time_point begun_;
-  int told_ = -1;  ///< per cent; below 0: nothing yet
+  std::chrono::steady_clock::time_point start_;
+  int percent_ = -1;  ///< as shown; below 0: nothing is shown
 };
 
-/// The exchange program, whose progress is told where standard error is a terminal.
-modeller::Exchange ToldExchange();
+/// The exchange program; its progress is shown if standard error is a terminal.
+modeller::Exchange ExchangeWithProgress();
 
 }  // namespace vanzet::cli

@@ -36,7 +36,7 @@ Arguments ReadArguments(int argc, char** argv) {
 /// Without a display the toolkit would end the process with a core dump.
 void EndOnFatalMessages(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtFatalMsg) {
-    std::fprintf(stderr, "vanzet: there is no display to open a window on\n");
+    std::fprintf(stderr, "vanzet: no display is available to open a window\n");
     std::_Exit(1);
   }
   if (type == QtWarningMsg && (text.contains("xcb") || text.contains("display"))) return;

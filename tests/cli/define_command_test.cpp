@@ -234,7 +234,8 @@ TEST_F(RefusedForm, IsTakenBackWhenTheHostCannotMakeTheSolid) {
   const Outcome refused =
       Define(WithChuck({{"name", "Nothing"}, {"letters", {{"A", 0}, {"B", 0}, {"C", 0}}}}), "lathe");
   EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err, EndsWith("vanzet: standard input: the dialog met faults; see above\n"));
+  EXPECT_THAT(refused.err,
+              EndsWith("vanzet: standard input: the dialog reported errors; see the messages above\n"));
   EXPECT_TRUE(State() == before) << "the definitions, and what was drawn of them";
 }
 
@@ -243,7 +244,8 @@ TEST_F(RefusedForm, IsTakenBackWithADefinitionThatWasNotThere) {
   EXPECT_EQ(
       Define(WithChuck({{"name", "Nothing"}, {"letters", {{"A", 0}, {"B", 0}, {"C", 0}}}}), "empty").status,
       1);
-  EXPECT_EQ(Vanzet("show empty").err, "vanzet: there is no definition yet\n");
+  EXPECT_EQ(Vanzet("show empty").err,
+            "vanzet: the project has no definition yet; 'vanzet upgrade' creates it\n");
 }
 
 TEST_F(RefusedForm, TellsEveryValue) {

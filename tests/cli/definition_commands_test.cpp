@@ -58,9 +58,9 @@ TEST_F(DefinitionCommands, SayWhatToDoWhereThereIsNoDefinition) {
   const Outcome shown = Vanzet("show lathe");
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out,
-            "Spur 0: VDM 1000, no definition ('vanzet upgrade' makes it)\n"
-            "\nSpur 1: VDM 1001, no definition ('vanzet upgrade' makes it)\n");
-  EXPECT_EQ(shown.err, "vanzet: there is no definition yet\n");
+            "Spur 0: VDM 1000, no definition ('vanzet upgrade' creates it)\n"
+            "\nSpur 1: VDM 1001, no definition ('vanzet upgrade' creates it)\n");
+  EXPECT_EQ(shown.err, "vanzet: the project has no definition yet; 'vanzet upgrade' creates it\n");
 }
 
 TEST_F(DefinitionCommands, ShowADamagedDefinitionAsFarAsItGoes) {

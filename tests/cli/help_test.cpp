@@ -38,7 +38,7 @@ TEST_F(Help, WrongUsageHasTheStatusTwo) {
 }
 
 TEST_F(Help, NamesAWordThatIsNoCommand) {
-  EXPECT_EQ(Vanzet("dance").err, "vanzet: there is no command 'dance'; 'vanzet --help' lists them\n");
+  EXPECT_EQ(Vanzet("dance").err, "vanzet: no such command: 'dance'; 'vanzet --help' lists the commands\n");
 }
 
 TEST_F(Help, ReadsNumbersAsDecimal) {

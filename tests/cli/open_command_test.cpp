@@ -9,14 +9,14 @@ TEST_F(OpenCommand, WithoutADisplaySaysSoInOneLine) {
   MakeUpgradedProject();
   const Outcome opened = Vanzet("open lathe");
   EXPECT_EQ(opened.status, 1);
-  EXPECT_EQ(opened.err, "vanzet: there is no display to open a window on\n");
+  EXPECT_EQ(opened.err, "vanzet: no display is available to open a window\n");
 }
 
 TEST_F(OpenCommand, OfADisplayThatDoesNotAnswerSaysSoInOneLine) {
   MakeUpgradedProject();
   const Outcome opened = Vanzet("open lathe", "DISPLAY=:7654");
   EXPECT_EQ(opened.status, 1);
-  EXPECT_EQ(opened.err, "vanzet: there is no display to open a window on\n");
+  EXPECT_EQ(opened.err, "vanzet: no display is available to open a window\n");
 }
 
 TEST_F(OpenCommand, OfAMissingFolderSaysSoInOneLine) {

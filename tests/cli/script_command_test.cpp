@@ -78,7 +78,7 @@ TEST_F(ScriptCommand, LeavesItsTemporaryFilesOnlyWhenAskedTo) {
   EXPECT_TRUE(!fs::exists(folder / "lathe/tmp") || fs::is_empty(folder / "lathe/tmp"));
   const Outcome kept = Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl --keep-tmp");
   ASSERT_EQ(kept.status, 0);
-  const std::string told = "vanzet: the files of this run stay in ";
+  const std::string told = "vanzet: the files of this run are kept in ";
   ASSERT_THAT(kept.err, StartsWith(told));
   const fs::path tmp = kept.err.substr(told.size(), kept.err.size() - told.size() - 1);
   EXPECT_EQ(fs::absolute(tmp).parent_path(), fs::absolute(folder / "lathe/tmp"));

@@ -51,7 +51,7 @@ TEST_F(ContourConstructions, StepsEndWhereNothingIsLeft) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(Json("info", run.out)["contours"].size(), 2U);
   EXPECT_THAT(run.err, testing::MatchesRegex("vanzet: contour 1 (collapses|turns inside out) at 12 mm to the "
-                                             "right; there are 2 of 9 offsets\n"));
+                                             "right; only 2 of 9 offsets were made\n"));
   EXPECT_THAT(Fault("offset slot.txt 12 --right"), HasSubstr("at 12 mm to the right"));
 }
 
@@ -71,7 +71,7 @@ TEST_F(ContourConstructions, SectionsAndBlends) {
   EXPECT_EQ(Fault("blend square.txt 20 20 300"),
             "vanzet: no arc of radius 300 mm fits between its neighbours\n");
   EXPECT_EQ(Fault("blend two.txt 0 0 3"),
-            "vanzet: two.txt: there are 2 contours; choose one with --contour\n");
+            "vanzet: two.txt: the file has 2 contours; choose one with --contour\n");
 }
 
 TEST_F(ContourConstructions, EqualisesTwoContours) {
@@ -83,15 +83,15 @@ TEST_F(ContourConstructions, EqualisesTwoContours) {
   EXPECT_EQ(Json("equalise hook.txt three.txt")["contours"][0]["spans"].size(), 3U) << "copies";
   EXPECT_GT(Json("equalise hook.txt three.txt --force")["contours"][0]["spans"].size(), 3U);
   EXPECT_EQ(Fault("equalise slot.txt two.txt"),
-            "vanzet: two.txt: there are 2 contours; choose one with --contour\n");
+            "vanzet: two.txt: the file has 2 contours; choose one with --contour\n");
 }
 
 TEST_F(ContourConstructions, TellsTheMotionBetweenEqualShapes) {
   WriteBytes(folder / "moved.txt", Vanzet("contour transform slot.txt --turn 30 --move 5,-7").out);
   EXPECT_EQ(Vanzet("contour same slot.txt moved.txt").out,
-            "the contours are one shape\n  turn    30.0000 degrees\n  move    5.0000, -7.0000\n");
+            "the contours have the same shape\n  turn    30.0000 degrees\n  move    5.0000, -7.0000\n");
   WriteBytes(folder / "mirrored.txt", Vanzet("contour transform hook.txt --mirror x --turn 90").out);
-  EXPECT_EQ(Vanzet("contour same hook.txt mirrored.txt").out, "the contours are not one shape\n");
+  EXPECT_EQ(Vanzet("contour same hook.txt mirrored.txt").out, "the contours do not have the same shape\n");
   EXPECT_EQ(Json("same hook.txt mirrored.txt")["same"], false);
   const auto motion = Json("same hook.txt mirrored.txt --mirror --svg same.svg");
   EXPECT_EQ(motion["mirrored"], true);

@@ -84,7 +84,7 @@ TEST_F(ContourFacts, OneContourOfSeveralIsChosenByItsNumber) {
   const auto contours = Json("info two.txt --contour 4")["contours"];
   ASSERT_EQ(contours.size(), 1U);
   EXPECT_NEAR(contours[0]["perimeter"], 3, 1e-12);
-  EXPECT_EQ(Fault("info two.txt --contour 2"), "vanzet: two.txt: there is no contour 2; there is 1, 4\n");
+  EXPECT_EQ(Fault("info two.txt --contour 2"), "vanzet: two.txt: no such contour: 2; the file has 1, 4\n");
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ TEST_F(ContourMakers, APartRunsAlongTheContour) {
   EXPECT_EQ(Fault("part slot.txt 0 10 0 12"), "vanzet: the two points are the same point of the contour\n");
   WriteBytes(folder / "two.txt", "k1 e x0 y0\nx1 y0\nek\nk4 e x0 y0\nx3 y0\nek\n");
   EXPECT_EQ(Fault("part two.txt 0 0 1 0"),
-            "vanzet: two.txt: there are 2 contours; choose one with --contour\n");
+            "vanzet: two.txt: the file has 2 contours; choose one with --contour\n");
   EXPECT_NEAR(FactsOf("part two.txt --contour 4 1 0 3 0")["perimeter"], 2, 1e-12);
 }
 

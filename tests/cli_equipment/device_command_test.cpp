@@ -86,10 +86,9 @@ TEST_F(DeviceCommands, RefuseAModelThatDoesNotEndAtItsFace) {
   const Outcome chuck = Make("--class chuck --looking z");
   EXPECT_EQ(chuck.status, 1);
   EXPECT_EQ(chuck.err,
-            "vanzet: disk.step: its face is not at 0 but at 130 mm; '--face' tells where it is, and "
-            "'--looking' where "
-            "it looks to\n");
-  EXPECT_THAT(Make("--class jaw --looking z").err, HasSubstr("its foot is not at 0 but at 100 mm"));
+            "vanzet: disk.step: its face is at 130 mm, not at 0; give its position with '--face' and its "
+            "direction with '--looking'\n");
+  EXPECT_THAT(Make("--class jaw --looking z").err, HasSubstr("its foot is at 100 mm, not at 0"));
   EXPECT_FALSE(std::filesystem::exists(folder / "own.vdm"));
 }
 

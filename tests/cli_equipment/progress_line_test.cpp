@@ -7,23 +7,23 @@
 namespace vanzet::cli {
 namespace {
 
-TEST(ProgressLine, TellsWorkThatTakesLongAndGoesWithoutATrace) {
+TEST(ProgressLine, ShowsWorkThatTakesLongAndErasesItself) {
   std::ostringstream terminal;
   std::chrono::steady_clock::time_point now;
   {
     ProgressLine line(terminal, [&] { return now; });
-    line.Tell(0.1);
+    line.Report(0.1);
     EXPECT_EQ(terminal.str(), "") << "nobody has waited yet";
     now += std::chrono::seconds(1);
-    line.Tell(0.25);
-    line.Tell(0.2599);
+    line.Report(0.25);
+    line.Report(0.2599);
     EXPECT_EQ(terminal.str(), "\r\x1b[K3D files: 25 %");
-    line.Tell(1);
+    line.Report(1);
   }
   EXPECT_EQ(terminal.str(), "\r\x1b[K3D files: 25 %\r\x1b[K3D files: 100 %\r\x1b[K");
 }
 
-TEST(ProgressLine, LeavesATerminalAloneThatWasToldNothing) {
+TEST(ProgressLine, WritesNothingWithoutAReport) {
   std::ostringstream terminal;
   { const ProgressLine line(terminal); }
   EXPECT_EQ(terminal.str(), "");

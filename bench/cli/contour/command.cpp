@@ -9,8 +9,8 @@ struct Row {
   const char* name;
   const char* help;
   const char* operands;
-  std::size_t files;    ///< at most; the first of them may be left out when there is one
-  std::size_t numbers;  ///< behind the files
+  std::size_t files;    ///< at most; a single one may be left out
+  std::size_t numbers;  ///< after the files
   unsigned options;     ///< of `ContourOption`
   Result<void> (*run)(const ContourArguments&);
   const char* example;
@@ -18,22 +18,23 @@ struct Row {
 
 // clang-format off
 constexpr Row kRows[] = {
-    {"info", "Tells spans, length, area, direction and box of each contour.", "[FILE]", 1, 0,
+    {"info", "Prints the spans, length, area, direction and box of each contour.", "[FILE]", 1, 0,
      kFile | kSelect, ContourInfo, "vanzet contour info slot.txt"},
     {"near", "Finds the point of each contour that is nearest to a point.", "[FILE] X Y", 1, 2,
      kFile | kSelect, ContourNear, "vanzet contour near slot.txt 12.5 -3"},
-    {"inside", "Tells on which side of each contour a point is.", "[FILE] X Y", 1, 2,
+    {"inside", "Finds out on which side of each contour a point is.", "[FILE] X Y", 1, 2,
      kFile | kSelect, ContourInside, "vanzet contour inside slot.txt 0 0 --json"},
     {"intersect", "Finds where the contours of one file meet those of another.", "A B", 2, 0,
      kFile, ContourIntersect, "vanzet contour intersect slot.txt shaft.dxf --svg both.svg"},
-    {"split", "Makes chords of all arcs.", "[FILE]", 1, 0,
+    {"split", "Replaces all arcs by chords.", "[FILE]", 1, 0,
      kFile | kSelect | kTolerance | kDxf, ContourSplit, "vanzet contour split slot.txt --tolerance 0.1"},
-    {"reduce", "Drops vertices that the contour can do without.", "[FILE]", 1, 0,
+    {"reduce", "Removes vertices that the contour does not need.", "[FILE]", 1, 0,
      kFile | kSelect | kTolerance | kDxf, ContourReduce, "vanzet contour reduce scan.dxf --tolerance 0.05"},
     {"transform", "Moves, turns, mirrors and scales contours, in the order given.", "[FILE]", 1, 0,
      kFile | kSelect | kSteps | kDxf, ContourTransform,
      "vanzet contour transform slot.txt --turn 90 --move 20,0 --mirror x"},
-    {"part", "Cuts a contour from a point to another, along its direction.", "[FILE] X1 Y1 X2 Y2", 1, 4,
+    {"part", "Cuts out the part of a contour from one point to another, along its direction.",
+     "[FILE] X1 Y1 X2 Y2", 1, 4,
      kFile | kSelect | kDxf, ContourPart, "vanzet contour part slot.txt 0 10 30 10"},
     {"section", "Cuts a contour between two points with the working contour.", "[FILE] X1 Y1 X2 Y2", 1, 4,
      kFile | kSelect | kDxf, ContourSection, "vanzet contour section slot.txt 25 10 -25 -10"},
@@ -43,17 +44,18 @@ constexpr Row kRows[] = {
      kFile | kSelect | kEnd | kDxf, ContourExtend, "vanzet contour extend shaft.txt 5 --at both"},
     {"offset", "Makes contours at a distance from others.", "[FILE] DISTANCE", 1, 1,
      kFile | kSelect | kOffset | kDxf, ContourOffset, "vanzet contour offset slot.txt 2 --right --steps 4"},
-    {"blend", "Gives the arc that is nearest to a point another radius.", "[FILE] X Y R", 1, 3,
+    {"blend", "Changes the radius of the arc that is nearest to a point.", "[FILE] X Y R", 1, 3,
      kFile | kSelect | kDxf, ContourBlend, "vanzet contour blend bracket.dxf 20 20 4 --contour 1"},
-    {"equalise", "Cuts two contours into as many spans, each of equal shares.", "A B", 2, 0,
+    {"equalise", "Cuts two contours into the same number of spans, in equal shares.", "A B", 2, 0,
      kFile | kSelect | kForce | kDxf, ContourEqualise, "vanzet contour equalise slot.txt lens.txt"},
-    {"same", "Tells whether two contours are one shape, and the motion between them.", "A B", 2, 0,
+    {"same", "Finds out whether two contours have the same shape, and the motion between them.", "A B", 2, 0,
      kFile | kSelect | kMirror, ContourSame, "vanzet contour same slot.txt moved.txt --mirror"},
     {"circle", "Makes a circle of two half turns, anticlockwise.", "X Y R", 0, 3,
      kDxf, ContourCircle, "vanzet contour circle 0 0 25 | vanzet contour split"},
-    {"ellipse", "Makes an ellipse of arcs about a point, anticlockwise, and moves it.", "X Y RX RY", 0, 4,
+    {"ellipse", "Makes an ellipse of arcs around a point, anticlockwise, and transforms it.",
+     "X Y RX RY", 0, 4,
      kSteps | kDxf, ContourEllipse, "vanzet contour ellipse 0 0 30 20 --turn 30"},
-    {"biarc", "Makes two tangent arcs from a point and direction to another.", "X1 Y1 A1 X2 Y2 A2", 0, 6,
+    {"biarc", "Makes two tangent arcs from one point and direction to another.", "X1 Y1 A1 X2 Y2 A2", 0, 6,
      kDxf, ContourBiarc, "vanzet contour biarc 0 0 90 40 0 -60"},
     {"xml", "Writes contours as XML of the geometry library.", "[FILE]", 1, 0,
      kFile | kSelect | kXmlKind, ContourXml, "vanzet contour xml slot.txt > slot.xml"},
@@ -63,12 +65,10 @@ constexpr Row kRows[] = {
 // clang-format on
 
 constexpr const char* kNotes =
-    "FILE holds contours in the text form, or is a drawing when its name ends with .dxf, or XML of the "
-    "geometry\n"
-    "library when it ends with .xml. Without FILE, or for '-', contour text is read from standard input. "
-    "All\n"
-    "lengths are millimetres, angles degrees.\n"
-    "A number that begins with a point and is negative is written with its zero: -0.5.";
+    "FILE contains contours in the text form; a name that ends with .dxf is read as a drawing, one that ends "
+    "with\n.xml as XML of the geometry library. Without FILE, or for '-', contour text is read from standard "
+    "input.\nLengths are in millimetres, angles in degrees. Write a negative number with its leading zero: "
+    "-0.5, not -.5.";
 
 void AddOperation(Command& contour, const Row& row) {
   const auto arguments = std::make_shared<ContourArguments>();
@@ -90,7 +90,7 @@ void AddOperation(Command& contour, const Row& row) {
 }  // namespace
 
 void AddContour(Command& vanzet, Context&) {
-  Command& contour = vanzet.AddCommand("contour", "Asks, changes and draws contours of lines and arcs.");
+  Command& contour = vanzet.AddCommand("contour", "Measures, changes and draws contours of lines and arcs.");
   contour.notes = kNotes;
   contour.examples = {"vanzet contour info slot.txt --svg slot.svg --numbers"};
   for (const Row& row : kRows) AddOperation(contour, row);

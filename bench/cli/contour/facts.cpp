@@ -7,7 +7,7 @@
 #include "contour/json_form.h"
 #include "contour/operations.h"
 
-/// The operations that tell facts.
+/// The operations that report facts.
 namespace vanzet::cli {
 namespace {
 
@@ -19,7 +19,7 @@ using Mark = Drawing::Mark;
 
 constexpr int kDecimals = 4;
 
-/// Columns of text, to the right but for the last one; the first row is the head.
+/// Columns of text, aligned to the right except the last one; the first row is the head.
 std::string Table(const std::vector<std::vector<std::string>>& rows) {
   std::vector<std::size_t> widths(rows.front().size());
   for (const auto& row : rows) {
@@ -171,8 +171,9 @@ Result<void> ContourInside(const ContourArguments& arguments) {
   for (const Contour& contour : contours) {
     VANZET_TRY(const auto side, SideOf(contour, asked));
     const bool isOpen = side == contour::Side::kOpen;
-    report.AddRow({std::to_string(contour.number), isOpen ? "nowhere: the contour is open" : SideName(side)},
-                  {{"contour", contour.number}, {"side", SideName(side)}});
+    report.AddRow(
+        {std::to_string(contour.number), isOpen ? "undefined: the contour is open" : SideName(side)},
+        {{"contour", contour.number}, {"side", SideName(side)}});
   }
   return report.Finish(arguments);
 }

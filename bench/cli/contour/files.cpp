@@ -16,12 +16,12 @@ namespace vanzet::cli {
 namespace {
 
 Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, const std::string& file) {
-  constexpr std::size_t kMostTold = 10;
-  std::string text = "there is no contour " + std::to_string(number) + "; there is";
-  for (std::size_t i = 0; i < contours.size() && i < kMostTold; ++i) {
+  constexpr std::size_t kMostListed = 10;
+  std::string text = "no such contour: " + std::to_string(number) + "; the file has";
+  for (std::size_t i = 0; i < contours.size() && i < kMostListed; ++i) {
     text += (i == 0 ? " " : ", ") + std::to_string(contours[i].number);
   }
-  return {text + (contours.size() > kMostTold ? " and more" : ""), file};
+  return {text + (contours.size() > kMostListed ? " and more" : ""), file};
 }
 
 Result<void> WriteFile(const std::string& name, const std::string& bytes) {
@@ -46,7 +46,7 @@ Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::s
 Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file) {
   VANZET_TRY(auto contours, ReadContours(arguments, file));
   if (contours.size() == 1) return std::move(contours.front());
-  return Fault{"there are " + Counted(contours.size(), "contour") + "; choose one with --contour",
+  return Fault{"the file has " + Counted(contours.size(), "contour") + "; choose one with --contour",
                arguments.files[file]};
 }
 
@@ -56,8 +56,8 @@ Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing dr
   return WriteFile(arguments.svg, contour::Svg(drawing));
 }
 
-Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
-                          const contour::Contours& made) {
+Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                           const contour::Contours& made) {
   constexpr const char* kLayer = "CONTOURS";
   VANZET_DO(WritePicture(arguments, drawing));
   if (!arguments.dxf.empty()) {

@@ -5,21 +5,21 @@
 #include "contour/contour.h"
 #include "contour/drawing.h"
 
-/// What operations on contours read, and what they write and print.
+/// The input and output of operations on contours.
 namespace vanzet::cli {
 
-/// The contours of a file, counted from 0; those that were chosen. What was left out of a drawing is told on
-/// standard error.
+/// Reads the chosen contours of a file; `file` counts the files of the command from 0. What is left out of a
+/// drawing is reported on standard error.
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file);
 
-/// The same; refused when there are several.
+/// Reads the only contour of a file. Fails when there are several.
 Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file);
 
-/// Writes the picture, when one is wanted.
+/// Writes the picture if the command asks for one.
 Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing);
 
-/// Writes the picture and the drawing, when they are wanted, and prints what was made.
-Result<void> GiveContours(const ContourArguments& arguments, const contour::Drawing& drawing,
-                          const contour::Contours& made);
+/// Writes the picture and the drawing if the command asks for them, and prints the contours.
+Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                           const contour::Contours& made);
 
 }  // namespace vanzet::cli

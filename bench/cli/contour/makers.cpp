@@ -20,22 +20,22 @@ using contour::Contour;
 using contour::Contours;
 using contour::Drawing;
 
-/// In the picture what was made lies on what it was made of.
-Result<void> Give(const ContourArguments& arguments, const Contours& source, const Contours& made) {
+/// Writes contours that were made from others. The picture shows them on top of their source.
+Result<void> WriteMade(const ContourArguments& arguments, const Contours& source, const Contours& made) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kUnderlay, &source, "before"});
   drawing.layers.push_back({Drawing::Role::kMain, &made, "after"});
-  return GiveContours(arguments, drawing, made);
+  return WriteContours(arguments, drawing, made);
 }
 
 using Change = std::function<Result<Contour>(const Contour&)>;
 
-/// A source with what was made of it.
+/// Contours and what they were changed to.
 struct Changed {
   Contours source, made;
 };
 
-Result<Changed> ChangedBy(const ContourArguments& arguments, const Change& change) {
+Result<Changed> ChangeContours(const ContourArguments& arguments, const Change& change) {
   VANZET_TRY(auto contours, ReadContours(arguments, 0));
   Changed changed{std::move(contours), {}};
   for (const Contour& contour : changed.source) {
@@ -45,13 +45,13 @@ Result<Changed> ChangedBy(const ContourArguments& arguments, const Change& chang
   return changed;
 }
 
-/// Reads the contours and gives each of them changed.
-Result<void> GiveChanged(const ContourArguments& arguments, const Change& change) {
-  const auto changed = ChangedBy(arguments, change);
-  return changed ? Give(arguments, changed->source, changed->made) : changed.fault();
+/// Reads the contours, changes each of them, and writes the result.
+Result<void> WriteChanged(const ContourArguments& arguments, const Change& change) {
+  const auto changed = ChangeContours(arguments, change);
+  return changed ? WriteMade(arguments, changed->source, changed->made) : changed.fault();
 }
 
-/// The offsets of a contour, one beside the other, until none is left. That the first is left is a condition.
+/// The offsets of a contour, each further out, until nothing is left. Fails when the first offset is empty.
 Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& arguments) {
   const double step = arguments.numbers[0] * (arguments.toTheRight ? -1 : 1);
   Contours offsets;
@@ -59,8 +59,8 @@ Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& argum
     auto offset = OffsetOf(contour, i * step, arguments.method);
     if (!offset && offsets.empty()) return offset.fault();
     if (!offset) {
-      std::cerr << "vanzet: " + offset.fault().Message() + "; there are " + std::to_string(i - 1) + " of " +
-                       std::to_string(arguments.steps) + " offsets\n";
+      std::cerr << "vanzet: " + offset.fault().Message() + "; only " + std::to_string(i - 1) + " of " +
+                       std::to_string(arguments.steps) + " offsets were made\n";
       break;
     }
     offsets.push_back(std::move(*offset));
@@ -68,7 +68,7 @@ Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& argum
   return offsets;
 }
 
-Result<void> GiveForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
+Result<void> PrintForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &contours});
   VANZET_DO(WritePicture(arguments, std::move(drawing)));
@@ -78,43 +78,43 @@ Result<void> GiveForm(const ContourArguments& arguments, const Contours& contour
 }  // namespace
 
 Result<void> ContourSplit(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return SplitArcs(c, arguments.tolerance); });
+  return WriteChanged(arguments, [&](const Contour& c) { return Chorded(c, arguments.tolerance); });
 }
 
 Result<void> ContourReduce(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return Reduce(c, arguments.tolerance); });
+  return WriteChanged(arguments, [&](const Contour& c) { return Reduced(c, arguments.tolerance); });
 }
 
 Result<void> ContourTransform(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) { return Transform(c, arguments.matrix); });
+  return WriteChanged(arguments, [&](const Contour& c) { return Transformed(c, arguments.matrix); });
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
   VANZET_TRY(const auto contour, ReadOneContour(arguments, 0));
   VANZET_TRY(const auto part, PartOf(contour, arguments.PointAt(0), arguments.PointAt(2)));
-  return Give(arguments, {contour}, {part});
+  return WriteMade(arguments, {contour}, {part});
 }
 
 Result<void> ContourSection(const ContourArguments& arguments) {
-  return GiveChanged(
+  return WriteChanged(
       arguments, [&](const Contour& c) { return SectionOf(c, arguments.PointAt(0), arguments.PointAt(2)); });
 }
 
 Result<void> ContourTrim(const ContourArguments& arguments) {
-  return GiveChanged(arguments, [&](const Contour& c) {
-    return Trim(c, arguments.numbers[0], arguments.end, arguments.opening);
+  return WriteChanged(arguments, [&](const Contour& c) {
+    return Trimmed(c, arguments.numbers[0], arguments.end, arguments.opening);
   });
 }
 
-// In the picture the longer contour is seen where it leaves the one that lies on it.
+// The original is drawn on top, so that the picture shows where the longer contour extends it.
 Result<void> ContourExtend(const ContourArguments& arguments) {
-  const auto changed =
-      ChangedBy(arguments, [&](const Contour& c) { return Extend(c, arguments.numbers[0], arguments.end); });
+  const auto changed = ChangeContours(
+      arguments, [&](const Contour& c) { return Extended(c, arguments.numbers[0], arguments.end); });
   if (!changed) return changed.fault();
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kOther, &changed->made, "extended"});
   drawing.layers.push_back({Drawing::Role::kMain, &changed->source, "contour"});
-  return GiveContours(arguments, drawing, changed->made);
+  return WriteContours(arguments, drawing, changed->made);
 }
 
 Result<void> ContourBlend(const ContourArguments& arguments) {
@@ -124,18 +124,18 @@ Result<void> ContourBlend(const ContourArguments& arguments) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &source, "contour"});
   drawing.layers.push_back({Drawing::Role::kOther, &made, "with the new radius"});
-  return GiveContours(arguments, drawing, made);
+  return WriteContours(arguments, drawing, made);
 }
 
 Result<void> ContourCircle(const ContourArguments& arguments) {
   VANZET_TRY(const auto circle, contour::CircleOf(arguments.PointAt(0), arguments.numbers[2]));
-  return Give(arguments, {}, {circle});
+  return WriteMade(arguments, {}, {circle});
 }
 
 Result<void> ContourEllipse(const ContourArguments& arguments) {
   VANZET_TRY(const auto ellipse, contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2],
                                                     arguments.numbers[3], arguments.matrix));
-  return Give(arguments, {}, {ellipse});
+  return WriteMade(arguments, {}, {ellipse});
 }
 
 Result<void> ContourOffset(const ContourArguments& arguments) {
@@ -151,7 +151,7 @@ Result<void> ContourOffset(const ContourArguments& arguments) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &contours, "contour"});
   drawing.layers.push_back({Drawing::Role::kOther, &made, made.size() > 1 ? "offsets" : "offset"});
-  return GiveContours(arguments, drawing, made);
+  return WriteContours(arguments, drawing, made);
 }
 
 Result<void> ContourBiarc(const ContourArguments& arguments) {
@@ -168,18 +168,18 @@ Result<void> ContourBiarc(const ContourArguments& arguments) {
   };
   show(from, reach);
   show(to, -reach);
-  return GiveContours(arguments, drawing, made);
+  return WriteContours(arguments, drawing, made);
 }
 
 Result<void> ContourXml(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
-  return GiveForm(arguments, contours, XmlForm(contours, arguments.xmlKind));
+  return PrintForm(arguments, contours, XmlForm(contours, arguments.xmlKind));
 }
 
 Result<void> ContourText(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, arguments.libraryReads ? contour::ReadLibraryText(arguments.files[0])
                                                          : ReadContours(arguments, 0));
-  return GiveForm(arguments, contours, LibraryTextForm(contours, arguments.textForm));
+  return PrintForm(arguments, contours, LibraryTextForm(contours, arguments.textForm));
 }
 
 }  // namespace vanzet::cli

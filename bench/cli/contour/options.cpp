@@ -23,67 +23,67 @@ geometry::Point PointOf(const std::string& name, const std::string& word, double
 }
 
 void AddFileOptions(Command& command, ContourArguments& arguments) {
-  command.AddOption("--layer", "NAME", "of a drawing only this layer", StoreText(arguments.drawing.layer));
+  command.AddOption("--layer", "NAME", "drawings: only this layer", StoreText(arguments.drawing.layer));
   command.AddOption("--join", "MM",
-                    "join pieces of a drawing whose ends are not farther apart; without it 0.001",
+                    "drawings: join pieces whose ends are no farther apart than this; default: 0.001",
                     StoreReal(arguments.drawing.join, 0, kLargestJoin));
   command
-      .AddOption("--unit", "TEXT", "the drawing's unit; without it what the drawing tells",
+      .AddOption("--unit", "UNIT", "drawings: the unit; default: the unit that the drawing states",
                  StoreText(arguments.drawing.unit))
       .OneOf({"mm", "inch", "m"});
 }
 
 constexpr int kMostSteps = 1000;
 
-/// An option that is one of some words.
+/// Adds an option that takes one of a few words.
 template <class Value>
-void AddChoice(Command& command, const std::string& name, Value& value, const std::string& help,
-               const std::map<std::string, Value>& words) {
+void AddChoice(Command& command, const std::string& name, const std::string& type, Value& value,
+               const std::string& help, const std::map<std::string, Value>& words) {
   std::vector<std::string> names;
   for (const auto& [word, meaning] : words) names.push_back(word);
   const auto take = [&value, words](const std::string&, const std::string& word) { value = words.at(word); };
-  command.AddOption(name, "TEXT", help, take).OneOf(std::move(names));
+  command.AddOption(name, type, help, take).OneOf(std::move(names));
 }
 
 void AddOffsetOptions(Command& command, ContourArguments& arguments) {
   using contour::OffsetMethod;
-  command.AddFlag("--right", "to the right of the contour", arguments.toTheRight);
-  command.AddFlag("--left", "to its left; so without either").Excludes("--right");
-  AddChoice<OffsetMethod>(command, "--method", arguments.method,
-                          "how it is made; spans leaves loops and rounds nothing. Without it kurveex",
+  command.AddFlag("--right", "make the offset to the right of the contour", arguments.toTheRight);
+  command.AddFlag("--left", "make the offset to the left, the default").Excludes("--right");
+  AddChoice<OffsetMethod>(command, "--method", "METHOD", arguments.method,
+                          "the method; spans keeps loops and rounds no corners; default: kurveex",
                           {{"kurve", OffsetMethod::kKurve},
                            {"kurveex", OffsetMethod::kKurveEx},
                            {"spans", OffsetMethod::kSpans}});
-  command.AddOption("--steps", "INT", "so many, each farther by the distance",
+  command.AddOption("--steps", "N", "number of offsets, each one distance further out",
                     StoreInteger(arguments.steps, 1, kMostSteps));
 }
 
 void AddEndOption(Command& command, ContourArguments& arguments) {
   using contour::End;
-  AddChoice<End>(command, "--at", arguments.end, "at which end; without it end",
+  AddChoice<End>(command, "--at", "END", arguments.end, "the ends to change; default: end",
                  {{"start", End::kStart}, {"end", End::kEnd}, {"both", End::kBoth}});
 }
 
 void AddOpeningOption(Command& command, ContourArguments& arguments) {
-  command.AddOption("--from", "X,Y",
-                    "open a closed contour here: cut off behind it with --at start, before it with --at end",
-                    [&](const std::string& name, const std::string& word) {
-                      arguments.opening = PointOf(name, word, contour::kLargestCoordinate);
-                    });
+  command.AddOption(
+      "--from", "X,Y",
+      "open a closed contour at this point; --at start cuts after the point, --at end before it",
+      [&](const std::string& name, const std::string& word) {
+        arguments.opening = PointOf(name, word, contour::kLargestCoordinate);
+      });
 }
 
 void AddTextOptions(Command& command, ContourArguments& arguments) {
   using contour::LibraryText;
-  AddChoice<LibraryText>(command, "--form", arguments.textForm, "which form; without it contour",
+  AddChoice<LibraryText>(command, "--form", "FORM", arguments.textForm, "the form; default: contour",
                          {{"contour", LibraryText::kContour},
                           {"report", LibraryText::kReport},
                           {"vertices", LibraryText::kVertices},
                           {"spans", LibraryText::kSpans}});
-  AddChoice<bool>(
-      command, "--reader", arguments.libraryReads,
-      "who reads FILE: the strict reader, or the library, which passes over what it does not know. "
-      "Without it strict",
-      {{"strict", false}, {"library", true}});
+  AddChoice<bool>(command, "--reader", "READER", arguments.libraryReads,
+                  "the reader of FILE: the strict one, or that of the library, which skips what it does not "
+                  "know; default: strict",
+                  {{"strict", false}, {"library", true}});
 }
 
 /// Adds the options that belong to one operation or two.
@@ -92,12 +92,14 @@ void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned
   if ((options & kEnd) != 0) AddEndOption(command, arguments);
   if ((options & kOpening) != 0) AddOpeningOption(command, arguments);
   if ((options & kForce) != 0) {
-    command.AddFlag("--force", "also when both have as many spans already", arguments.force);
+    command.AddFlag("--force", "even if both have the same number of spans already", arguments.force);
   }
-  if ((options & kMirror) != 0) command.AddFlag("--mirror", "also as a mirror image", arguments.mirror);
+  if ((options & kMirror) != 0)
+    command.AddFlag("--mirror", "accept a mirror image as well", arguments.mirror);
   if ((options & kXmlKind) != 0) {
     AddChoice<contour::XmlKind>(
-        command, "--form", arguments.xmlKind, "which element; only kurve can be read back. Without it kurve",
+        command, "--form", "FORM", arguments.xmlKind,
+        "the element; only kurve can be read back; default: kurve",
         {{"kurve", contour::XmlKind::kKurve}, {"kurveex", contour::XmlKind::kKurveEx}});
   }
   if ((options & kTextForm) != 0) AddTextOptions(command, arguments);
@@ -110,7 +112,7 @@ void Move(const std::string& name, const std::string& value, geometry::Matrix& m
   matrix.Translate(move.x, move.y);
 }
 
-/// Quarter turns are exact, so that what lies on an axis stays on one.
+/// Quarter turns are exact, so that what is on an axis stays on an axis.
 void Turn(const std::string& name, const std::string& value, geometry::Matrix& matrix) {
   const double degrees = std::remainder(RealOf(name, value, -kLargestTurn, kLargestTurn), 360);
   const double quarters = degrees / 90;
@@ -141,9 +143,9 @@ constexpr struct Step {
   void (*apply)(const std::string& name, const std::string& value, geometry::Matrix& matrix);
 } kStepRows[] = {
     {"--move", "X,Y", "move by X and Y", Move},
-    {"--turn", "DEGREES", "turn anticlockwise about the origin", Turn},
+    {"--turn", "DEGREES", "turn anticlockwise around the origin", Turn},
     {"--mirror", "x|y", "mirror at this axis", Mirror},
-    {"--scale", "F", "multiply all lengths", Scale},
+    {"--scale", "F", "multiply all lengths by F", Scale},
 };
 
 /// Adds the steps of a transformation, which change the matrix in the order given.
@@ -160,21 +162,22 @@ void AddContourSteps(Command& command, geometry::Matrix& matrix) {
 
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options) {
   if ((options & kTolerance) != 0) {
-    command.AddOption("--tolerance", "MM", "how far the result may be from the contour; without it 0.01",
+    command.AddOption("--tolerance", "MM",
+                      "the largest distance of the result from the contour; default: 0.01",
                       StoreReal(arguments.tolerance, kSmallestTolerance, kLargestTolerance));
   }
   if ((options & kSelect) != 0) {
-    command.AddOption("--contour", "N", "only the contour of this number", StoreInteger(arguments.contour));
+    command.AddOption("--contour", "N", "only the contour with this number", StoreInteger(arguments.contour));
   }
   if ((options & kFile) != 0) AddFileOptions(command, arguments);
   if ((options & kDxf) != 0) {
-    command.AddOption("--dxf", "FILE", "write what was made as a drawing to this file",
+    command.AddOption("--dxf", "FILE", "write the result as a drawing to this file",
                       StoreText(arguments.dxf));
   }
   AddOperationOptions(command, arguments, options);
   command.AddOption("--svg", "FILE", "write a picture to this file", StoreText(arguments.svg));
-  command.AddFlag("--numbers", "with the numbers of the vertices in the picture", arguments.vertexNumbers);
-  command.AddFlag("--json", "for programs", arguments.json);
+  command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers);
+  command.AddFlag("--json", "print JSON", arguments.json);
   if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
 }
 
@@ -183,7 +186,7 @@ void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size
   arguments.files.assign(arguments.words.begin(), firstNumber);
   if (arguments.files.empty() && files > 0) arguments.files.emplace_back("-");
   if (std::ranges::count(arguments.files, "-") > 1) {
-    throw WrongUsage{"FILE", "standard input can be read once only"};
+    throw WrongUsage{"FILE", "standard input can be read only once"};
   }
   for (auto word = firstNumber; word != arguments.words.end(); ++word) {
     arguments.numbers.push_back(

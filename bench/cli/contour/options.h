@@ -12,13 +12,13 @@
 
 namespace vanzet::cli {
 
-/// What stands behind `vanzet contour OPERATION`.
+/// The operands and options of `vanzet contour OPERATION`.
 struct ContourArguments {
   std::vector<std::string> words;
-  std::vector<std::string> files;  ///< the words before the numbers; "-" when there is none
+  std::vector<std::string> files;  ///< the words before the numbers, or else "-"
   std::vector<double> numbers;     ///< coordinates and radii, in millimetres
   contour::DxfOptions drawing;
-  std::optional<std::int32_t> contour;  ///< only contours of this number
+  std::optional<std::int32_t> contour;  ///< only contours with this number
   double tolerance = 0.01;              ///< in millimetres
   geometry::Matrix matrix;
   bool toTheRight = false;
@@ -31,15 +31,15 @@ struct ContourArguments {
   contour::XmlKind xmlKind = contour::XmlKind::kKurve;
   contour::LibraryText textForm = contour::LibraryText::kContour;
   bool libraryReads = false;  ///< not the strict reader
-  std::string dxf;            ///< a drawing of what was made goes to this file
-  std::string svg;            ///< a picture goes to this file
+  std::string dxf;            ///< the file for a drawing of the result
+  std::string svg;            ///< the file for a picture
   bool vertexNumbers = false;
   bool json = false;
 
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };
 
-/// Which options an operation has besides those of its results.
+/// The options of an operation besides those of its output.
 enum ContourOption : unsigned {
   kFile = 1,  ///< how drawings are read
   kSelect = 2,
@@ -58,7 +58,8 @@ enum ContourOption : unsigned {
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Parts the words into files, at most `files`, and exactly `numbers` numbers behind them.
+/// Splits the words into files, at most `files`, and exactly `numbers` numbers after them.
+/// Throws `WrongUsage`.
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers);
 
 }  // namespace vanzet::cli

@@ -21,7 +21,7 @@ using geometry::Matrix;
 constexpr int kDecimals = 4;
 constexpr int kMostLinks = 400;
 
-/// What a motion does: mirror at the x axis, turn, then move.
+/// A motion: mirror at the x axis, turn, then move.
 struct Motion {
   bool mirrored;
   double degrees;
@@ -34,9 +34,10 @@ Motion MotionOf(Matrix matrix) {
 }
 
 std::string MotionText(const Motion& motion) {
-  return std::string("the contours are one shape\n") + (motion.mirrored ? "  mirror  at the x axis\n" : "") +
-         "  turn    " + DecimalText(motion.degrees, kDecimals) + " degrees\n  move    " +
-         DecimalText(motion.x, kDecimals) + ", " + DecimalText(motion.y, kDecimals) + "\n";
+  return std::string("the contours have the same shape\n") +
+         (motion.mirrored ? "  mirror  at the x axis\n" : "") + "  turn    " +
+         DecimalText(motion.degrees, kDecimals) + " degrees\n  move    " + DecimalText(motion.x, kDecimals) +
+         ", " + DecimalText(motion.y, kDecimals) + "\n";
 }
 
 Json MotionJson(const std::optional<Matrix>& matrix) {
@@ -63,7 +64,7 @@ Result<void> ContourEqualise(const ContourArguments& arguments) {
   for (int i = 0; i < kMostLinks && equalised.a.curve.Get(i, ofA) && equalised.b.curve.Get(i, ofB); ++i) {
     drawing.links.push_back({ofA.p, ofB.p});
   }
-  return GiveContours(arguments, drawing, {equalised.a, equalised.b});
+  return WriteContours(arguments, drawing, {equalised.a, equalised.b});
 }
 
 Result<void> ContourSame(const ContourArguments& arguments) {
@@ -78,7 +79,7 @@ Result<void> ContourSame(const ContourArguments& arguments) {
   if (*motion) drawing.links.push_back({a.curve.start, a.curve.start.Transform(**motion)});
   VANZET_DO(WritePicture(arguments, drawing));
   if (arguments.json) return PrintJson(MotionJson(*motion));
-  return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours are not one shape\n");
+  return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours do not have the same shape\n");
 }
 
 }  // namespace vanzet::cli
