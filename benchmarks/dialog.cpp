@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 class SilentPanel final : public project::MessagePanel {
  private:
-  void Show(const std::string& /*line*/) override {}
+  void Show(const Fault& /*fault*/) override {}
 };
 
 /// A project of that many spurs, each with a chuck, a jaw and a collet, and a host in force on it.

@@ -1,11 +1,26 @@
 #include "cli/command.h"
 
 #include <CLI/CLI.hpp>
+#include <string_view>
 
 namespace vanzet::cli {
 namespace {
 
 constexpr int kMostRepetitions = 1000;
+
+/// The headings of the help, as the parsing library names them.
+constexpr const char* kLabels[] = {Translatable("Usage"),       Translatable("OPTIONS"),
+                                   Translatable("Positionals"), Translatable("SUBCOMMAND"),
+                                   Translatable("REQUIRED"),    Translatable("Excludes")};
+constexpr const char* kOptions = Translatable("Options");
+constexpr const char* kCommands = Translatable("Subcommands");
+constexpr const char* kExample = Translatable("Example:");
+constexpr const char* kHelpOfHelp = Translatable("Print this help message and exit");
+constexpr const char* kHelpOfVersion = Translatable("Display program version information and exit");
+
+std::string InLanguage(const Translations& texts, std::string_view english) {
+  return std::string(texts.Translate(kTextSection, english));
+}
 
 /// Shows operands by their names alone: "[PROJECT]" where one may be left out.
 class HelpFormat : public CLI::Formatter {
@@ -80,12 +95,34 @@ void TakeRepeated(const CLI::App& app, const Command& command) {
   }
 }
 
+/// The end of the help: notes, and examples under a heading.
+std::string FooterOf(const Command& command, const Translations& texts) {
+  std::string footer = command.notes;
+  if (command.examples.empty()) return footer;
+  footer += (command.notes.empty() ? "" : "\n\n") + InLanguage(texts, kExample);
+  for (const std::string& example : command.examples) footer += "\n  " + example;
+  return footer;
+}
+
+/// Describes the program's own options and the headings to the parser; commands inherit them.
+void AddHeadings(CLI::App& app, const std::string& version, const Translations& texts) {
+  const auto format = std::make_shared<HelpFormat>();
+  for (const char* const label : kLabels) format->label(label, InLanguage(texts, label));
+  app.formatter(format);
+  app.option_defaults()->group(InLanguage(texts, kOptions));
+  app.set_help_flag("-h,--help", InLanguage(texts, kHelpOfHelp));
+  app.set_version_flag(kVersionOption, version, InLanguage(texts, kHelpOfVersion));
+}
+
 /// Describes the command to the parser, which sets `chosen` to the one that was given.
-void AddToParser(CLI::App& app, const Command& command, const Command*& chosen) {
-  if (const std::string footer = command.Footer(); !footer.empty()) app.footer(footer);
+void AddToParser(CLI::App& app, const Command& command, const Translations& texts, const Command*& chosen) {
+  app.footer(FooterOf(command, texts));
   for (const Parameter& parameter : command.parameters) AddToParser(app, parameter);
-  for (const Command& each : command.commands)
-    AddToParser(*app.add_subcommand(each.name, each.help), each, chosen);
+  for (const Command& each : command.commands) {
+    CLI::App* const sub = app.add_subcommand(each.name, each.help);
+    sub->get_help_ptr()->group(InLanguage(texts, kOptions));
+    AddToParser(*sub->group(InLanguage(texts, kCommands)), each, texts, chosen);
+  }
   if (!command.commands.empty()) {
     app.require_subcommand(1);
     return;
@@ -185,21 +222,19 @@ Parameter& Command::AddOperands(const std::string& operands, const std::string& 
   return AddParameter(parameters, Parameter::Kind::kOperand, operands, text, &words);
 }
 
-std::string Command::Footer() const {
-  std::string footer = notes;
-  if (examples.empty()) return footer;
-  footer += (notes.empty() ? "" : "\n\n") + std::string("Example:");
-  for (const std::string& example : examples) footer += "\n  " + example;
-  return footer;
+void TranslateHelp(Command& command, const Translations& texts) {
+  command.help = InLanguage(texts, command.help);
+  command.notes = InLanguage(texts, command.notes);
+  for (Parameter& parameter : command.parameters) parameter.help = InLanguage(texts, parameter.help);
+  for (Command& each : command.commands) TranslateHelp(each, texts);
 }
 
-Request ReadCommandLine(const Command& program, const std::string& version, int argc,
-                        const char* const* argv) {
+Request ReadCommandLine(const Command& program, const std::string& version, const Translations& texts,
+                        int argc, const char* const* argv) {
   CLI::App app(program.help, program.name);
-  app.formatter(std::make_shared<HelpFormat>());
-  app.set_version_flag(kVersionOption, version);
+  AddHeadings(app, version, texts);
   const Command* chosen = nullptr;
-  AddToParser(app, program, chosen);
+  AddToParser(app, program, texts, chosen);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

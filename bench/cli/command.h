@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "base/translations.h"
 
 /// The commands of the command line as data: names, operands, options, help. The parser, the help, the manual
 /// and the shells' completion all read the same tree.
@@ -91,10 +92,13 @@ struct Command {
   /// Several operands, of which a command finds out itself which is which: "[PROJECT] FILE".
   Parameter& AddOperands(const std::string& operands, const std::string& text,
                          std::vector<std::string>& words);
-
-  /// What the help shows after the options: notes, and examples under a heading.
-  std::string Footer() const;
 };
+
+/// The section of the translations that holds the texts of the command line.
+inline constexpr const char* kTextSection = "cli";
+
+/// Translates the sentences of the help. Names, types and examples stay as they are.
+void TranslateHelp(Command& command, const Translations& texts);
 
 /// The command's own options, which every command has.
 inline constexpr const char* kHelpOption = "--help";
@@ -109,8 +113,8 @@ struct Request {
 inline constexpr int kWrongUsageStatus = 2;
 
 /// Reads a command line. Help and version are printed on standard output, wrong usage on standard error.
-/// `version` is the program's name and version.
-Request ReadCommandLine(const Command& program, const std::string& version, int argc,
-                        const char* const* argv);
+/// `version` is the program's name and version; the headings of the help are translated by `texts`.
+Request ReadCommandLine(const Command& program, const std::string& version, const Translations& texts,
+                        int argc, const char* const* argv);
 
 }  // namespace vanzet::cli

@@ -109,27 +109,28 @@ Json PointOf(const geometry::Point3d& point) {
   return Json::array({point.x, point.y, point.z});
 }
 
-Result<void> Show(const std::string& file, bool isJson) {
+Result<void> Show(const std::string& file, bool isJson, const Context& context) {
   contour::UseMillimetres();
   const fs::path path = PathMap::OfProcess().Resolve(file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(path));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
   const auto facts = ReadDeviceFacts(definition);
   if (!facts) return Fault{facts.fault().text, path.string()};
-  const Json json = {{"class", scene::WordOf(facts->values.deviceClass)},
-                     {"first", facts->values.first},
-                     {"second", facts->values.second},
-                     {"from", PointOf(facts->box.min)},
-                     {"to", PointOf(facts->box.max)},
-                     {"volume", facts->measures.volume},
-                     {"closed", facts->measures.closed},
-                     {"plug", PointOf(facts->device.plug)},
-                     {"socket", PointOf(facts->device.socket)},
-                     {"outline elements", facts->elements}};
+  const Json json = {{Translatable("class"), scene::WordOf(facts->values.deviceClass)},
+                     {Translatable("first"), facts->values.first},
+                     {Translatable("second"), facts->values.second},
+                     {Translatable("from"), PointOf(facts->box.min)},
+                     {Translatable("to"), PointOf(facts->box.max)},
+                     {Translatable("volume"), facts->measures.volume},
+                     {Translatable("closed"), facts->measures.closed},
+                     {Translatable("plug"), PointOf(facts->device.plug)},
+                     {Translatable("socket"), PointOf(facts->device.socket)},
+                     {Translatable("outline elements"), facts->elements}};
   if (isJson) return PrintJson(json);
   std::string text;
   for (const auto& [key, value] : json.items()) {
-    text += Left(key, 18) + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
+    text +=
+        Left(context.Heading(key), 18) + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
   }
   return Print(text);
 }
@@ -170,7 +171,7 @@ void AddDeviceMake(Command& device) {
   command.work = [=] { return Make(*arguments); };
 }
 
-void AddDeviceShow(Command& device) {
+void AddDeviceShow(Command& device, const Context& context) {
   struct Arguments {
     std::string file;
     bool isJson = false;
@@ -180,17 +181,17 @@ void AddDeviceShow(Command& device) {
   command.AddOperand("FILE", "the device, a .vdm file", StoreText(arguments->file)).Required();
   command.AddFlag("--json", "print JSON", arguments->isJson);
   command.examples = {"vanzet device show chuck.vdm"};
-  command.work = [=] { return Show(arguments->file, arguments->isJson); };
+  command.work = [=, &context] { return Show(arguments->file, arguments->isJson, context); };
 }
 
 }  // namespace
 
-void AddDevice(Command& vanzet, Context&) {
+void AddDevice(Command& vanzet, Context& context) {
   Command& device =
       vanzet.AddCommand("device", "Makes and shows own devices: models that the dialog can select.");
   device.examples = {"vanzet device show chuck.vdm"};
   AddDeviceMake(device);
-  AddDeviceShow(device);
+  AddDeviceShow(device, context);
 }
 
 }  // namespace vanzet::cli

@@ -37,32 +37,32 @@ std::string ItemCounts(const project::Operation& operation) {
   return counts;
 }
 
-std::string Table(const project::Definition& definition) {
-  std::size_t width = 5;
-  for (const auto& operation : definition.operations)
-    width = std::max(width, Width(OneLine(operation.Label())));
-  std::string table = "  op  " + Left("label", width) + "  kind  sections  items of each\n";
+std::string Table(const project::Definition& definition, const Context& context) {
+  std::vector<std::vector<std::string>> rows = {
+      {context.Heading(Translatable("op")), context.Heading(Translatable("label")),
+       context.Heading(Translatable("kind")), context.Heading(Translatable("sections")),
+       context.Heading(Translatable("items of each"))}};
   for (std::size_t i = 0; i < definition.operations.size(); ++i) {
     const project::Operation& operation = definition.operations[i];
-    table += Right(std::to_string(i), 4) + "  " + Left(OneLine(operation.Label()), width) + "  " +
-             Right(std::to_string(operation.kind), 4) + "  " +
-             Right(std::to_string(operation.sections.size()), 8) + "  " + ItemCounts(operation) +
-             (operation.damage.empty() ? "" : "  damaged: " + OneLine(operation.damage)) + "\n";
+    const std::string damage = operation.damage.empty() ? "" : "  damaged: " + OneLine(operation.damage);
+    rows.push_back({std::to_string(i), OneLine(operation.Label()), std::to_string(operation.kind),
+                    std::to_string(operation.sections.size()), ItemCounts(operation) + damage});
   }
-  return table;
+  return Columns(rows, "rlrrl", "  ");
 }
 
-std::string Text(const Spurs& spurs) {
+std::string Text(const Spurs& spurs, const Context& context) {
   std::string text;
   for (const results::SpurDefinition& spur : spurs) {
-    text += (text.empty() ? "Spur " : "\nSpur ") + std::to_string(spur.spur) + ": VDM " +
-            std::to_string(spur.vdm);
+    text += (text.empty() ? "" : "\n") + context.Heading(Translatable("Spur")) + " " +
+            std::to_string(spur.spur) + ": VDM " + std::to_string(spur.vdm);
     if (!spur.definition) {
       text += ", no definition ('vanzet upgrade' creates it)\n";
       continue;
     }
     text += ", version " + std::to_string(spur.definition->version) + ", " +
-            Counted(spur.definition->operations.size(), "operation") + "\n" + Table(*spur.definition);
+            Counted(spur.definition->operations.size(), "operation") + "\n" +
+            Table(*spur.definition, context);
   }
   return text;
 }
@@ -83,7 +83,7 @@ Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
 Result<void> Show(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   VANZET_TRY(const auto spurs, ReadSpurs(arguments, project));
-  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs)));
+  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs, context)));
   for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
       return Fault{.text = "the definition of spur " + std::to_string(spur.spur) + " is damaged",

@@ -1,20 +1,31 @@
 #pragma once
 
 #include "base/places.h"
+#include "base/translations.h"
 #include "cli/command.h"
 #include "project/message_panel.h"
 
-/// The commands. Each function adds a command, or a group, with its parameters, help and work to the program.
-/// The program and the context have to outlive the work.
+/// The commands of the program.
 namespace vanzet::cli {
 
 /// What all commands share.
 struct Context {
   Places places;
   project::MessagePanel& panel;  ///< standard error
-  bool keepsTmp = false;         ///< the folder for the files of this run stays when it ends
+  Translations texts = {};       ///< of the help and of the headings of tables
+
+  /// A heading of a table in the language of the help.
+  std::string Heading(std::string_view english) const {
+    return std::string(texts.Translate(kTextSection, english));
+  }
+  bool keepsTmp = false;  ///< the folder for the files of this run stays when it ends
 };
 
+/// Adds the help of the program and all commands, in English. Requires: the program and the context outlive
+/// the work of the commands.
+void DescribeProgram(Command& program, Context& context);
+
+/// Each function adds a command, or a group of commands, with its parameters, help and work.
 void AddNew(Command& vanzet, Context& context);
 void AddOpen(Command& vanzet, Context& context);
 void AddUpgrade(Command& vanzet, Context& context);

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 
+#include "base/fault_caret.h"
 #include "cli/commands.h"
 
 namespace vanzet::cli {
@@ -14,15 +16,12 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
 
-/// Writes each fault to standard error.
+/// Writes each fault to standard error: a line, and the faulty line of a text file with a caret.
 class StandardErrorPanel final : public project::MessagePanel {
  private:
-  void Show(const std::string& line) override { std::cerr << "vanzet: " + line + "\n" << std::flush; }
-};
-
-constexpr void (*kCommands[])(Command&, Context&) = {
-    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddDefine,     AddItems,  AddVdm,
-    AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
+  void Show(const Fault& fault) override {
+    std::cerr << "vanzet: " + fault.Message() + "\n" + CaretText(fault) << std::flush;
+  }
 };
 
 /// Occupies standard streams that the caller has closed, so that no other file gets their numbers and
@@ -33,16 +32,12 @@ void KeepStandardStreams() {
   }
 }
 
-/// Describes the program and its commands. They keep references to `program`.
-void Describe(Command& program, Context& context) {
-  program.name = "vanzet";
-  program.help =
-      "Defines, checks and exports the equipment that holds the work on a turning or mill-turn machine.";
-  program.notes =
-      "Without PROJECT the current folder is used. Results go to standard output, everything else to "
-      "standard\nerror. Exit status: 0 success, 1 the work failed, 2 wrong usage.";
-  program.examples = {"vanzet new lathe && vanzet upgrade lathe && vanzet show lathe"};
-  for (const auto add : kCommands) add(program, context);
+/// The texts of the language in the environment variable VANZET_LANGUAGE, or English. Other variables do not
+/// count, so that scripts read the same output everywhere.
+Translations WantedTexts(const std::filesystem::path& share) {
+  const char* const language = std::getenv("VANZET_LANGUAGE");
+  auto texts = LoadTranslations(share, language == nullptr ? "" : language);
+  return texts ? std::move(*texts) : Translations();
 }
 
 /// True when the first word is meant to be a command, but no command has this name.
@@ -69,13 +64,15 @@ int Run(int argc, const char* const* argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   StandardErrorPanel panel;
   Context context{Places::OfProcess(), panel};
+  context.texts = WantedTexts(context.places.share);
   Command program;
-  Describe(program, context);
+  DescribeProgram(program, context);
+  TranslateHelp(program, context.texts);
   if (argc > 1 && IsUnknownCommand(argv[1], program)) {
     panel.Tell(Fault{"no such command: '" + std::string(argv[1]) + "'; 'vanzet --help' lists the commands"});
     return kWrongUsageStatus;
   }
-  const Request request = ReadCommandLine(program, "vanzet " VANZET_VERSION, argc, argv);
+  const Request request = ReadCommandLine(program, "vanzet " VANZET_VERSION, context.texts, argc, argv);
   return request.work ? DoWork(request.work, context) : request.status;
 }
 

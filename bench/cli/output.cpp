@@ -57,4 +57,22 @@ std::string Left(const std::string& text, std::size_t width) {
   return text + Padding(text, width);
 }
 
+std::string Columns(const std::vector<std::vector<std::string>>& rows, std::string_view alignment,
+                    const std::string& indent) {
+  const std::size_t last = alignment.size() - 1;
+  std::vector<std::size_t> widths(alignment.size());
+  for (const auto& row : rows) {
+    for (std::size_t i = 0; i <= last; ++i) widths[i] = std::max(widths[i], Width(row[i]));
+  }
+  std::string text;
+  for (const auto& row : rows) {
+    text += indent;
+    for (std::size_t i = 0; i < last; ++i) {
+      text += (alignment[i] == 'r' ? Right(row[i], widths[i]) : Left(row[i], widths[i])) + "  ";
+    }
+    text += (alignment[last] == 'r' ? Right(row[last], widths[last]) : row[last]) + "\n";
+  }
+  return text;
+}
+
 }  // namespace vanzet::cli

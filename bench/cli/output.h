@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -30,5 +31,11 @@ std::size_t Width(std::string_view text);
 /// The text, filled with blanks up to `width` characters of UTF-8; `Right` puts the blanks before the text.
 std::string Right(const std::string& text, std::size_t width);
 std::string Left(const std::string& text, std::size_t width);
+
+/// Rows in columns as wide as their widest cell. `alignment` has a letter for each column, 'r' for right or
+/// 'l' for left; no blanks follow the last cell of a row.
+/// Requires: all rows have as many cells as `alignment` has letters.
+std::string Columns(const std::vector<std::vector<std::string>>& rows, std::string_view alignment,
+                    const std::string& indent = "");
 
 }  // namespace vanzet::cli

@@ -14,14 +14,14 @@ class MessagePanel {
 
   void Tell(const Fault& fault) {
     ++faults_;
-    Show(fault.Message());
+    Show(fault);
   }
 
   /// The number of faults that were reported.
   int faults() const { return faults_; }
 
  protected:
-  virtual void Show(const std::string& line) = 0;
+  virtual void Show(const Fault& fault) = 0;
 
  private:
   int faults_ = 0;

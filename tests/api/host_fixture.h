@@ -18,7 +18,7 @@ class PanelOfATest final : public project::MessagePanel {
   std::vector<std::string> lines;
 
  private:
-  void Show(const std::string& line) override { lines.push_back(line); }
+  void Show(const Fault& fault) override { lines.push_back(fault.Message()); }
 };
 
 /// A host over a project in a folder of the test's own, in force.

@@ -46,6 +46,24 @@ TEST_F(Help, ReadsNumbersAsDecimal) {
   EXPECT_EQ(Vanzet("items lathe --vdm 01000").out, Vanzet("items lathe --vdm 1000").out);
 }
 
+TEST_F(Help, IsInTheLanguageOfOneVariableOnly) {
+  const std::string english = Vanzet("show --help").out;
+  EXPECT_EQ(Vanzet("show --help", "LANG=de_DE.UTF-8 LANGUAGE=de").out, english);
+  EXPECT_EQ(Vanzet("show --help", "VANZET_LANGUAGE=xx").out, english);
+  const std::string german = Vanzet("show --help", "VANZET_LANGUAGE=de").out;
+  EXPECT_THAT(german,
+              HasSubstr("Gibt die Definition jeder Spindelspur aus.\nAufruf: vanzet show [OPTIONEN]"));
+  EXPECT_THAT(german, HasSubstr("Beispiel:\n  vanzet show lathe"));
+}
+
+TEST_F(Help, AGermanTableHasGermanHeadingsAndJsonHasNone) {
+  MakeUpgradedProject();
+  const std::string de = "VANZET_LANGUAGE=de";
+  EXPECT_THAT(Vanzet("show lathe", de).out, HasSubstr("  Op  Bezeichnung"));
+  EXPECT_EQ(Vanzet("show lathe --json", de).out, Vanzet("show lathe --json").out);
+  EXPECT_EQ(Vanzet("show nothing", de).err, Vanzet("show nothing").err);
+}
+
 TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
   WriteBytes(folder / "completion.bash", Vanzet("completion bash").out);
   WriteBytes(

@@ -57,15 +57,16 @@ TEST_F(ContourUsage, WrongUsageHasTheStatusTwo) {
   }
 }
 
-TEST_F(ContourUsage, BadFilesAreOneLineWithTheirPlace) {
+TEST_F(ContourUsage, BadFilesAreOneLineWithTheirPlaceAndASourceLineWithACaret) {
   WriteBytes(folder / "bad.txt", "k1 e x0 y0\nx1 yy\nek\n");
-  EXPECT_EQ(Fault("info bad.txt"), "vanzet: bad.txt:2:5: expected a number, found 'y'\n");
+  EXPECT_EQ(Fault("info bad.txt"), "vanzet: bad.txt:2:5: expected a number, found 'y'\n  x1 yy\n      ^\n");
   WriteBytes(folder / "bad.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n10\nzero\n");
   EXPECT_EQ(Fault("info bad.dxf"), "vanzet: bad.dxf:8: expected a number, found 'zero'\n");
   EXPECT_EQ(Fault("info none.txt"), "vanzet: none.txt: cannot be read\n");
   EXPECT_EQ(Fault("info ."), "vanzet: .: is a folder\n");
   EXPECT_EQ(Fault("info", "hello\n"),
-            "vanzet: standard input:1:1: expected the start of a contour like 'k1 e', found 'hello'\n");
+            "vanzet: standard input:1:1: expected the start of a contour like 'k1 e', found 'hello'\n"
+            "  hello\n  ^\n");
   EXPECT_EQ(Fault("info /dev/zero"),
             "vanzet: /dev/zero:1: not a text file: the line has a control character\n");
 }

@@ -70,8 +70,9 @@ constexpr const char* kNotes =
     "input.\nLengths are in millimetres, angles in degrees. Write a negative number with its leading zero: "
     "-0.5, not -.5.";
 
-void AddOperation(Command& contour, const Row& row) {
+void AddOperation(Command& contour, const Row& row, const Context& context) {
   const auto arguments = std::make_shared<ContourArguments>();
+  arguments->texts = &context.texts;
   Command& command = contour.AddCommand(row.name, row.help);
   const std::size_t least = row.numbers + (row.files == 2 ? 2 : 0);
   Parameter& words = command.AddOperands(row.operands, "", arguments->words);
@@ -89,11 +90,11 @@ void AddOperation(Command& contour, const Row& row) {
 
 }  // namespace
 
-void AddContour(Command& vanzet, Context&) {
+void AddContour(Command& vanzet, Context& context) {
   Command& contour = vanzet.AddCommand("contour", "Measures, changes and draws contours of lines and arcs.");
   contour.notes = kNotes;
   contour.examples = {"vanzet contour info slot.txt --svg slot.svg --numbers"};
-  for (const Row& row : kRows) AddOperation(contour, row);
+  for (const Row& row : kRows) AddOperation(contour, row, context);
 }
 
 }  // namespace vanzet::cli

@@ -19,42 +19,30 @@ using Mark = Drawing::Mark;
 
 constexpr int kDecimals = 4;
 
-/// Columns of text, aligned to the right except the last one; the first row is the head.
-std::string Table(const std::vector<std::vector<std::string>>& rows) {
-  std::vector<std::size_t> widths(rows.front().size());
-  for (const auto& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
-  }
-  std::string text;
-  for (const auto& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      const bool isLast = i + 1 == row.size();
-      text += (i == 0 ? "" : "  ") + (isLast ? row[i] : Right(row[i], widths[i]));
-    }
-    text += '\n';
-  }
-  return text;
+std::string Heading(const ContourArguments& arguments, std::string_view english) {
+  return std::string(arguments.texts->Translate(kTextSection, english));
 }
 
 std::string PointText(const geometry::Point& point) {
   return DecimalText(point.x, kDecimals) + ", " + DecimalText(point.y, kDecimals);
 }
 
-std::string FactsText(const contour::Facts& facts) {
-  std::string text = "contour " + std::to_string(facts.number) + "\n";
-  const auto line = [&](const char* name, const std::string& value) {
-    text += "  " + Left(name, 11) + value + "\n";
+std::string FactsText(const contour::Facts& facts, const ContourArguments& arguments) {
+  std::vector<std::vector<std::string>> rows;
+  const auto add = [&](const char* name, const std::string& value) {
+    rows.push_back({Heading(arguments, name), value});
   };
-  line("spans",
-       std::to_string(facts.spans) + " (" + Counted(static_cast<std::size_t>(facts.arcs), "arc") + ")");
-  line("closed", facts.closed ? "yes" : "no");
-  line("perimeter", DecimalText(facts.perimeter, kDecimals) + " mm");
-  if (facts.closed) line("area", DecimalText(facts.area, kDecimals) + " mm2");
-  if (facts.closed) line("direction", contour::DirectionName(facts.direction));
-  line("box", PointText(facts.low) + " to " + PointText(facts.high) + " (" +
-                  DecimalText(facts.high.x - facts.low.x, kDecimals) + " x " +
-                  DecimalText(facts.high.y - facts.low.y, kDecimals) + " mm)");
-  return text;
+  add(Translatable("spans"),
+      std::to_string(facts.spans) + " (" + Counted(static_cast<std::size_t>(facts.arcs), "arc") + ")");
+  add(Translatable("closed"), facts.closed ? "yes" : "no");
+  add(Translatable("perimeter"), DecimalText(facts.perimeter, kDecimals) + " mm");
+  if (facts.closed) add(Translatable("area"), DecimalText(facts.area, kDecimals) + " mm2");
+  if (facts.closed) add(Translatable("direction"), contour::DirectionName(facts.direction));
+  add(Translatable("box"), PointText(facts.low) + " to " + PointText(facts.high) + " (" +
+                               DecimalText(facts.high.x - facts.low.x, kDecimals) + " x " +
+                               DecimalText(facts.high.y - facts.low.y, kDecimals) + " mm)");
+  return Heading(arguments, Translatable("contour")) + " " + std::to_string(facts.number) + "\n" +
+         Columns(rows, "ll", "  ");
 }
 
 Json FactsJson(const contour::Facts& facts) {
@@ -71,10 +59,15 @@ Json FactsJson(const contour::Facts& facts) {
 /// The facts that an operation found: a table for people, a list for programs, and a picture of the contours.
 class Report {
  public:
-  /// `list` is the name of the list in JSON, `head` are the headings of the columns.
-  Report(const char* list, const Contours& contours, std::vector<std::string> head = {}) : list_(list) {
+  /// `list` is the name of the list in JSON, `head` are the English headings of the columns. The arguments
+  /// and the contours have to outlive the report.
+  Report(const ContourArguments& arguments, const char* list, const Contours& contours,
+         const std::vector<const char*>& head = {})
+      : arguments_(arguments), list_(list) {
     drawing.layers.push_back({Drawing::Role::kMain, &contours, ""});
-    if (!head.empty()) rows_.push_back(std::move(head));
+    if (head.empty()) return;
+    rows_.emplace_back();
+    for (const char* const english : head) rows_.front().push_back(Heading(arguments, english));
   }
 
   /// Marks the point that was asked for.
@@ -93,16 +86,18 @@ class Report {
   }
 
   /// Writes the picture, and prints the table or the list; `whenEmpty` is printed instead of an empty table.
-  Result<void> Finish(const ContourArguments& arguments, const char* whenEmpty = "") const {
-    VANZET_DO(WritePicture(arguments, drawing));
-    if (arguments.json) return PrintJson({{"unit", "mm"}, {list_, entries_}});
+  Result<void> Finish(const char* whenEmpty = "") const {
+    VANZET_DO(WritePicture(arguments_, drawing));
+    if (arguments_.json) return PrintJson({{"unit", "mm"}, {list_, entries_}});
     if (rows_.empty()) return Print(text_);
-    return Print(entries_.empty() ? whenEmpty : Table(rows_));
+    if (entries_.empty()) return Print(whenEmpty);
+    return Print(Columns(rows_, std::string(rows_.front().size() - 1, 'r') + "l"));
   }
 
   Drawing drawing;
 
  private:
+  const ContourArguments& arguments_;
   const char* list_;
   std::vector<std::vector<std::string>> rows_;
   std::string text_;
@@ -136,18 +131,20 @@ Result<void> AddCrossings(const Contour& a, const Contour& b, Report& report) {
 
 Result<void> ContourInfo(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
-  Report report("contours", contours);
+  Report report(arguments, "contours", contours);
   for (const Contour& contour : contours) {
     const contour::Facts facts = FactsOf(contour);
-    report.AddText(FactsText(facts), FactsJson(facts));
+    report.AddText(FactsText(facts, arguments), FactsJson(facts));
   }
-  return report.Finish(arguments);
+  return report.Finish();
 }
 
 Result<void> ContourNear(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Report report("nearest", contours, {"contour", "span", "distance", "nearest point"});
+  Report report(arguments, "nearest", contours,
+                {Translatable("contour"), Translatable("span"), Translatable("distance"),
+                 Translatable("nearest point")});
   report.MarkQuestion(asked);
   for (const Contour& contour : contours) {
     const contour::Nearest nearest = NearestOn(contour, asked);
@@ -160,13 +157,13 @@ Result<void> ContourNear(const ContourArguments& arguments) {
                    {"point", JsonForm(nearest.point)},
                    {"distance", nearest.distance}});
   }
-  return report.Finish(arguments);
+  return report.Finish();
 }
 
 Result<void> ContourInside(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
-  Report report("sides", contours, {"contour", "the point is"});
+  Report report(arguments, "sides", contours, {Translatable("contour"), Translatable("the point is")});
   report.MarkQuestion(asked);
   for (const Contour& contour : contours) {
     VANZET_TRY(const auto side, SideOf(contour, asked));
@@ -175,19 +172,21 @@ Result<void> ContourInside(const ContourArguments& arguments) {
         {std::to_string(contour.number), isOpen ? "undefined: the contour is open" : SideName(side)},
         {{"contour", contour.number}, {"side", SideName(side)}});
   }
-  return report.Finish(arguments);
+  return report.Finish();
 }
 
 Result<void> ContourIntersect(const ContourArguments& arguments) {
   VANZET_TRY(const auto first, ReadContours(arguments, 0));
   VANZET_TRY(const auto second, ReadContours(arguments, 1));
-  Report report("points", first, {"contour A", "span", "contour B", "span", "point"});
+  Report report(arguments, "points", first,
+                {Translatable("contour A"), Translatable("span"), Translatable("contour B"),
+                 Translatable("span"), Translatable("point")});
   report.drawing.layers.front().name = "A";
   report.drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
   for (const Contour& a : first) {
     for (const Contour& b : second) VANZET_DO(AddCrossings(a, b, report));
   }
-  return report.Finish(arguments, "the contours do not meet\n");
+  return report.Finish("the contours do not meet\n");
 }
 
 }  // namespace vanzet::cli

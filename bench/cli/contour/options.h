@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/translations.h"
 #include "cli/command.h"
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
@@ -35,6 +36,7 @@ struct ContourArguments {
   std::string svg;            ///< the file for a picture
   bool vertexNumbers = false;
   bool json = false;
+  const Translations* texts = nullptr;  ///< of headings; never null while an operation runs
 
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };

@@ -37,7 +37,7 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
     QString text;
   };
 
-  void Show(const std::string& line) override { Add(Kind::kFault, QString::fromStdString(line)); }
+  void Show(const Fault& fault) override { Add(Kind::kFault, QString::fromStdString(fault.Message())); }
   void Retranslate();
   void Append(const Line& line);
   void Refill();

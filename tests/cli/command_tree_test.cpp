@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "support/catalogues.h"
+
+namespace vanzet::cli {
+namespace {
+
+class NoPanel final : public project::MessagePanel {
+ private:
+  void Show(const Fault& /*fault*/) override {}
+};
+
+/// Reads the words as a command line of the program.
+Request Read(const Command& program, std::vector<const char*> words) {
+  words.insert(words.begin(), "program");
+  testing::internal::CaptureStderr();
+  Request request = ReadCommandLine(program, "program 1.0", {}, static_cast<int>(words.size()), words.data());
+  request.status += testing::internal::GetCapturedStderr().empty() ? 0 : 100;
+  return request;
+}
+constexpr int kReportedWrongUsage = kWrongUsageStatus + 100;
+
+/// A program with one command, which stores what it is given.
+struct Cutter {
+  Cutter() {
+    Command& cut = program.AddCommand("cut", "Cuts.");
+    cut.AddOperands("[FILE] LENGTH", "", words).Required().Count(1, 2);
+    cut.AddOption("--depth", "MM", "depth", StoreReal(depth, 0, 10));
+    cut.AddOption("--tool", "TOOL", "tool", StoreText(tool)).OneOf({"saw", "mill"});
+    const auto append = [this](const std::string& name, const std::string& word) { steps += name + word; };
+    cut.AddOption("--move", "X", "move", append).Repeatable();
+    cut.AddOption("--turn", "A", "turn", append).Repeatable();
+    cut.AddFlag("--left", "left", isLeft);
+    cut.AddFlag("--right", "right").Excludes("--left");
+    cut.work = [] { return Result<void>(); };
+  }
+
+  Command program;
+  std::vector<std::string> words;
+  double depth = 1;
+  std::string tool, steps;
+  bool isLeft = false;
+};
+
+TEST(CommandTree, FillsTheVariablesAndReturnsTheWork) {
+  Cutter cutter;
+  EXPECT_TRUE(Read(cutter.program, {"cut", "a.txt", "5", "--depth", "2.5", "--tool", "saw", "--left"}).work);
+  EXPECT_THAT(cutter.words, testing::ElementsAre("a.txt", "5"));
+  EXPECT_EQ(cutter.depth, 2.5);
+  EXPECT_EQ(cutter.tool, "saw");
+  EXPECT_TRUE(cutter.isLeft);
+}
+
+TEST(CommandTree, TakesRepeatableOptionsInTheOrderOfTheCommandLine) {
+  Cutter cutter;
+  EXPECT_TRUE(Read(cutter.program, {"cut", "5", "--move", "1", "--turn", "2", "--move", "3"}).work);
+  EXPECT_EQ(cutter.steps, "--move1--turn2--move3");
+}
+
+TEST(CommandTree, ReportsWrongUsage) {
+  const std::vector<std::vector<const char*>> lines = {
+      {},
+      {"saw"},
+      {"cut"},
+      {"cut", "a", "b", "c"},
+      {"cut", "5", "--depth", "11"},
+      {"cut", "5", "--depth", "deep"},
+      {"cut", "5", "--tool", "axe"},
+      {"cut", "5", "--left", "--right"},
+  };
+  for (const auto& words : lines) {
+    Cutter cutter;
+    const Request request = Read(cutter.program, words);
+    EXPECT_FALSE(request.work);
+    EXPECT_EQ(request.status, kReportedWrongUsage) << testing::PrintToString(words);
+  }
+}
+
+TEST(CommandTree, ChecksAllWordsTogether) {
+  Cutter cutter;
+  cutter.program.commands.front().check = [&] {
+    if (cutter.words.size() == 1) throw WrongUsage{"FILE", "is missing"};
+  };
+  EXPECT_EQ(Read(cutter.program, {"cut", "5"}).status, kReportedWrongUsage);
+  EXPECT_TRUE(Read(cutter.program, {"cut", "a", "5"}).work);
+}
+
+void Collect(const Command& command, std::set<std::string>& texts) {
+  texts.insert({command.help, command.notes});
+  for (const Parameter& parameter : command.parameters) texts.insert(parameter.help);
+  for (const Command& each : command.commands) Collect(each, texts);
+}
+
+TEST(CommandTree, IsTranslatedIntoEveryLanguage) {
+  NoPanel panel;
+  Context context{{}, panel};
+  Command program;
+  DescribeProgram(program, context);
+  std::set<std::string> texts = test::MarkedTexts("bench/cli");
+  Collect(program, texts);
+  texts.erase("");
+  test::ExpectTranslated(kTextSection, texts);
+}
+
+TEST(Columns, AreAsWideAsTheirWidestCell) {
+  EXPECT_EQ(Columns({{"n", "name", "of"}, {"10", "ü", "x y"}}, "rll", " "),
+            "  n  name  of\n 10  ü     x y\n");
+}
+
+}  // namespace
+}  // namespace vanzet::cli
