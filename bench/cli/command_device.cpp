@@ -41,8 +41,8 @@ const Looking kLooking[] = {
 /// Places the model as definitions need it: its face points along x and is at x = 0.
 Result<modeller::Body> PlaceModel(const modeller::Body& model, const MakeArguments& arguments) {
   const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
-  VANZET_TRY(const auto turned, modeller::Turned(model, {{0, 0, 0}, looking.axis}, looking.degrees));
-  return modeller::Moved(turned, {-arguments.face.value_or(0), 0, 0});
+  VANZET_TRY(const auto turned, modeller::TurnBody(model, {{0, 0, 0}, looking.axis}, looking.degrees));
+  return modeller::MoveBody(turned, {-arguments.face.value_or(0), 0, 0});
 }
 
 /// Fails when the model does not end at 0, where the face of a clamp device or center and the foot of a jaw
@@ -102,7 +102,7 @@ Result<DeviceFacts> ReadDeviceFacts(const project::Definition& content) {
   VANZET_TRY(const auto measures, modeller::MeasuresOf(device->body));
   VANZET_TRY(const auto box, modeller::Extents(device->body));
   return DeviceFacts{values, *device, measures, box,
-                     scene::ItemsOf(content, scene::kOwnDeviceOperation, 3).size()};
+                     content.Items(scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {

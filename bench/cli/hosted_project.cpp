@@ -7,7 +7,7 @@
 #include "api/module.h"
 #include "base/numbers.h"
 #include "cli/progress_line.h"
-#include "define/shop.h"
+#include "define/catalogue.h"
 #include "project/definition.h"
 #include "project/text_file.h"
 #include "vdm/vdm_file.h"

@@ -26,7 +26,8 @@ Result<Body> Unpack(const MemoryFile& parcel) {
 }  // namespace
 
 Exchange Exchange::OfProcess() {
-  if (const char* told = std::getenv("VANZET_EXCHANGE"); told != nullptr && *told != '\0') return {told, {}};
+  if (const char* named = std::getenv("VANZET_EXCHANGE"); named != nullptr && *named != '\0')
+    return {named, {}};
   return {ProgramFile().parent_path() / "vanzet-exchange", {}};
 }
 

@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   const Arguments arguments = ReadArguments(argc, argv);
   window::MainWindow window(Places::OfProcess());
-  application.tell = [&](const Fault& fault) { window.Tell(fault); };
+  application.reportFault = [&](const Fault& fault) { window.ReportFault(fault); };
   window.show();
   QTimer::singleShot(0, &window, [&] {
     if (arguments.project.empty()) return;

@@ -50,7 +50,7 @@ void WindowTest::Restart() {
   window.reset();
   window = std::make_unique<window::MainWindow>(
       Places{VANZET_BINARY_DIR "/bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
-  Program().tell = [this](const Fault& fault) { window->Tell(fault); };
+  Program().reportFault = [this](const Fault& fault) { window->ReportFault(fault); };
   window->resize(1400, 900);
   window->show();
   QCoreApplication::processEvents();

@@ -8,9 +8,7 @@
 #include "base/path_map.h"
 #include "cli/output.h"
 #include "contour/contour_file.h"
-#include "contour/dxf_writer.h"
 #include "contour/json_form.h"
-#include "contour/text_form.h"
 
 namespace vanzet::cli {
 namespace {

@@ -8,9 +8,8 @@
 #include "cli/output.h"
 #include "contour/constructions.h"
 #include "contour/json_form.h"
-#include "contour/library_text.h"
+#include "contour/contour_file.h"
 #include "contour/operations.h"
-#include "contour/xml_form.h"
 
 /// The operations that make contours, or write them in another form.
 namespace vanzet::cli {
@@ -78,15 +77,15 @@ Result<void> PrintForm(const ContourArguments& arguments, const Contours& contou
 }  // namespace
 
 Result<void> ContourSplit(const ContourArguments& arguments) {
-  return WriteChanged(arguments, [&](const Contour& c) { return Chorded(c, arguments.tolerance); });
+  return WriteChanged(arguments, [&](const Contour& c) { return SplitArcs(c, arguments.tolerance); });
 }
 
 Result<void> ContourReduce(const ContourArguments& arguments) {
-  return WriteChanged(arguments, [&](const Contour& c) { return Reduced(c, arguments.tolerance); });
+  return WriteChanged(arguments, [&](const Contour& c) { return Reduce(c, arguments.tolerance); });
 }
 
 Result<void> ContourTransform(const ContourArguments& arguments) {
-  return WriteChanged(arguments, [&](const Contour& c) { return Transformed(c, arguments.matrix); });
+  return WriteChanged(arguments, [&](const Contour& c) { return Transform(c, arguments.matrix); });
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
@@ -102,14 +101,14 @@ Result<void> ContourSection(const ContourArguments& arguments) {
 
 Result<void> ContourTrim(const ContourArguments& arguments) {
   return WriteChanged(arguments, [&](const Contour& c) {
-    return Trimmed(c, arguments.numbers[0], arguments.end, arguments.opening);
+    return Trim(c, arguments.numbers[0], arguments.end, arguments.opening);
   });
 }
 
 // The original is drawn on top, so that the picture shows where the longer contour extends it.
 Result<void> ContourExtend(const ContourArguments& arguments) {
   const auto changed = ChangeContours(
-      arguments, [&](const Contour& c) { return Extended(c, arguments.numbers[0], arguments.end); });
+      arguments, [&](const Contour& c) { return Extend(c, arguments.numbers[0], arguments.end); });
   if (!changed) return changed.fault();
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kOther, &changed->made, "extended"});
@@ -119,7 +118,7 @@ Result<void> ContourExtend(const ContourArguments& arguments) {
 
 Result<void> ContourBlend(const ContourArguments& arguments) {
   VANZET_TRY(const auto contour, ReadOneContour(arguments, 0));
-  VANZET_TRY(const auto blended, Blended(contour, arguments.PointAt(0), arguments.numbers[2]));
+  VANZET_TRY(const auto blended, ChangeBlend(contour, arguments.PointAt(0), arguments.numbers[2]));
   const Contours source = {contour}, made = {blended};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &source, "contour"});

@@ -55,7 +55,7 @@ Json MotionJson(const std::optional<Matrix>& matrix) {
 Result<void> ContourEqualise(const ContourArguments& arguments) {
   VANZET_TRY(const auto a, ReadOneContour(arguments, 0));
   VANZET_TRY(const auto b, ReadOneContour(arguments, 1));
-  VANZET_TRY(const auto equalised, EqualisedOf(a, b, arguments.force));
+  VANZET_TRY(const auto equalised, Equalise(a, b, arguments.force));
   const Contours first = {equalised.a}, second = {equalised.b};
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
