@@ -101,8 +101,7 @@ Result<DeviceFacts> ReadDeviceFacts(const project::Definition& content) {
   if (!device) return Fault{"contains no body"};
   VANZET_TRY(const auto measures, modeller::MeasuresOf(device->body));
   VANZET_TRY(const auto box, modeller::Extents(device->body));
-  return DeviceFacts{values, *device, measures, box,
-                     content.Items(scene::kOwnDeviceOperation, 3).size()};
+  return DeviceFacts{values, *device, measures, box, content.Items(scene::kOwnDeviceOperation, 3).size()};
 }
 
 Json PointOf(const geometry::Point3d& point) {

@@ -13,13 +13,15 @@ using testing::StartsWith;
 
 class BadInput : public CommandLineTest {
  protected:
-  /// One line on standard error that names the file, exit status 1, and nothing on standard output.
+  /// One message on standard error that names the file, exit status 1, and nothing on standard output. The
+  /// line of a text file, with a caret, may follow the message; it is indented.
   void ExpectRefused(const std::string& arguments, const std::string& file) {
     const Outcome run = Vanzet(arguments);
     EXPECT_EQ(run.status, 1) << arguments;
     EXPECT_THAT(run.err, StartsWith("vanzet: ")) << arguments;
     EXPECT_THAT(run.err, HasSubstr(file)) << arguments;
-    EXPECT_EQ(std::ranges::count(run.err, '\n'), 1) << run.err;
+    const std::string rest = run.err.substr(run.err.find('\n') + 1);
+    EXPECT_THAT(rest, testing::AnyOf("", testing::MatchesRegex("  .*\n[ \t]+\\^\n"))) << run.err;
     EXPECT_EQ(run.out, "") << arguments;
   }
 

@@ -60,7 +60,8 @@ TEST_F(ContourConstructions, TrimsAndExtends) {
   EXPECT_NEAR(FactsOf("trim hook.txt 2.5 --at both")["perimeter"], 15, 1e-9);
   EXPECT_NEAR(FactsOf("trim slot.txt 5 --from 0,12 --at start")["perimeter"], 75 + 20 * kPi, 1e-9);
   EXPECT_NEAR(FactsOf("extend hook.txt 2.5 --at start")["box"]["low"][0], -2.5, 1e-9);
-  EXPECT_EQ(Fault("trim slot.txt 5"), "vanzet: contour 1 is closed: give the place where to open it with --from\n");
+  EXPECT_EQ(Fault("trim slot.txt 5"),
+            "vanzet: contour 1 is closed: give the place where to open it with --from\n");
   EXPECT_EQ(Fault("extend slot.txt 5"), "vanzet: contour 1 is closed: it has no ends\n");
   EXPECT_NEAR(FactsOf("trim two.txt 2", 1)["perimeter"], 7, 1e-9) << "of each contour";
 }

@@ -76,7 +76,7 @@ TEST_F(ContourFacts, ADrawingIsReadByItsEnding) {
   EXPECT_NEAR(Json("info D.DXF")["contours"][0]["perimeter"], 2 * kPi * 25.4, 1e-9);
   EXPECT_NEAR(Json("info D.DXF --unit mm")["contours"][0]["perimeter"], 2 * kPi, 1e-9);
   EXPECT_EQ(Vanzet("contour info D.DXF").err, "vanzet: D.DXF: left out 1 TEXT\n");
-  EXPECT_THAT(Fault("info D.DXF --layer B"), HasSubstr("on the layer 'B'; there is on 'A'\n"));
+  EXPECT_THAT(Fault("info D.DXF --layer B"), HasSubstr("no lines or arcs on the layer 'B', but on 'A'\n"));
 }
 
 TEST_F(ContourFacts, OneContourOfSeveralIsChosenByItsNumber) {

@@ -7,8 +7,8 @@
 #include "cli/contour/operations.h"
 #include "cli/output.h"
 #include "contour/constructions.h"
-#include "contour/json_form.h"
 #include "contour/contour_file.h"
+#include "contour/json_form.h"
 #include "contour/operations.h"
 
 /// The operations that make contours, or write them in another form.
