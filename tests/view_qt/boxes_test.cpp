@@ -10,7 +10,6 @@
 #include <QTest>
 
 #include "support/temporary_folder.h"
-#include "view/qt/file_dialogs.h"
 #include "view_qt/responder.h"
 
 namespace vanzet::view::qt {

@@ -7,7 +7,6 @@
 #include <set>
 
 #include "dialog/tree_nodes.h"
-#include "view/qt/button_icons.h"
 
 namespace vanzet::view::qt {
 namespace {

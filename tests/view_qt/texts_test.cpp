@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/catalogues.h"
-#include "view/qt/mnemonics.h"
+#include "view/qt/labels.h"
 #include "view/qt/page_layouts.h"
 
 namespace vanzet::view::qt {

@@ -4,7 +4,7 @@
 
 namespace vanzet::view::qt {
 
-/// Sees to it that the process has a QApplication: the host's where it has one, else one of the view's own,
+/// Makes sure that the process has a QApplication: that of the host if it has one, else one of the view,
 /// made at the first call and kept until the process ends.
 ///
 /// Errors   no display answers; the host has an application of Qt that knows no windows

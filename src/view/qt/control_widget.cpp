@@ -10,7 +10,6 @@
 #include <QSpinBox>
 #include <QWheelEvent>
 
-#include "view/qt/button_icons.h"
 #include "view/qt/icons.h"
 #include "view/qt/texts.h"
 
@@ -22,10 +21,10 @@ constexpr int kNameLetters = 22;
 
 constexpr const char* kNoNumber = Translatable("Not a number");
 
-/// A widget whose value the wheel changes only where a person is: it turns over many of them on its way down
-/// a page.
+/// A widget whose value the wheel changes only while it has the focus. Otherwise a user who scrolls a page
+/// would change the values under the cursor.
 template <class Widget>
-class Calm final : public Widget {
+class NoAccidentalWheel final : public Widget {
  public:
   using Widget::Widget;
 
@@ -118,7 +117,7 @@ class CheckWidget final : public ControlWidget {
 class ComboWidget final : public ControlWidget {
  public:
   ComboWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new Calm<QComboBox>(parent)) {
+      : ControlWidget(control.id, new NoAccidentalWheel<QComboBox>(parent)) {
     const std::int32_t id = control.id;
     Combo().setFocusPolicy(Qt::StrongFocus);
     Combo().setEditable(!control.isList);
@@ -128,7 +127,7 @@ class ComboWidget final : public ControlWidget {
     QObject::connect(&Combo(), &QComboBox::activated, &Combo(),
                      [send, id](int index) { send([=](Dialog& dialog) { dialog.Choose(id, index); }); });
     if (!Combo().isEditable()) return;
-    // A name that begins like another one is to be typed in peace.
+    // No completer: it would overwrite a name that is the beginning of another.
     Combo().setCompleter(nullptr);
     QObject::connect(Combo().lineEdit(), &QLineEdit::textEdited, &Combo(), [send, id](const QString& text) {
       send([&](Dialog& dialog) { dialog.SetText(id, text.toStdString()); });
@@ -155,7 +154,7 @@ class ComboWidget final : public ControlWidget {
 class SpinWidget final : public ControlWidget {
  public:
   SpinWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new Calm<QSpinBox>(parent)) {
+      : ControlWidget(control.id, new NoAccidentalWheel<QSpinBox>(parent)) {
     const std::int32_t id = control.id;
     Spin().setFocusPolicy(Qt::StrongFocus);
     Spin().setRange(control.least, control.most);

@@ -7,32 +7,32 @@
 #include <vector>
 
 #include "view/dialog.h"
-#include "view/qt/mnemonics.h"
+#include "view/qt/labels.h"
 
 namespace vanzet::view::qt {
 
-/// Sends an event to the dialog; when it returns, the window shows what came of it.
+/// Sends an event to the dialog; when it returns, the window shows the result.
 using Send = std::function<void(const std::function<void(Dialog&)>&)>;
 
-/// The widget that shows one control, and sends what a person does to it. Its object name is the id.
+/// The widget that shows one control and sends the user's changes. Its object name is the id.
 class ControlWidget {
  public:
   virtual ~ControlWidget() = default;
 
-  /// Belongs to its parent widget.
+  /// Owned by its parent widget.
   QWidget* Widget() const { return widget_; }
   std::int32_t Id() const { return id_; }
 
-  /// Takes over the state of the control. Sends nothing.
+  /// Shows the state of the control. Sends nothing.
   void Show(const Control& control);
 
-  /// A widget that is seen and enabled together with this one: its unit, its name.
+  /// Adds a widget that is visible and enabled together with this one: its unit, its name.
   void Accompany(QWidget* companion) { companions_.push_back(companion); }
 
-  /// Gives the text of the widget, if it has one that is pressed or that leads to another widget, a letter.
+  /// Marks a letter in the text of the widget, if the text can be pressed or leads to another widget.
   virtual void MarkMnemonic(Mnemonics& /*mnemonics*/) {}
 
-  /// Names the widget for whoever cannot see where it stands.
+  /// Sets the name of the widget for readers of the screen, and its tool tip.
   void SetSpokenName(const QString& name);
 
  protected:
@@ -45,7 +45,7 @@ class ControlWidget {
   std::vector<QWidget*> companions_;
 };
 
-/// The widget for a control of that kind, not for pictures.
+/// The widget for a control of that kind; null for a picture.
 std::unique_ptr<ControlWidget> MakeControlWidget(const Control& control, const Send& send, QWidget* parent);
 
 }  // namespace vanzet::view::qt

@@ -58,13 +58,13 @@ DialogWindow::DialogWindow(Dialog& dialog, QWidget* parent)
   setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
   setSizeGripEnabled(true);
   Build(dialog.State());
-  TakeUpSize();
+  RestoreSize();
   Show(dialog.State());
   connect(qApp, &QApplication::focusChanged, this, [this] { FocusMoved(); });
 }
 
 DialogWindow::~DialogWindow() {
-  // The focus moves on while the base goes, when there is nothing left to show it on.
+  // While the base class is destroyed the focus moves, and there is nothing left to show it on.
   disconnect(qApp, nullptr, this, nullptr);
   RememberSize();
 }
@@ -95,7 +95,7 @@ QWidget* DialogWindow::BuildLeft(const DialogState& state) {
   rows->addWidget(tree_, 1);
   for (const Control& control : state.dialog) {
     if (control.id != control::kSpurs) continue;
-    QWidget* const spurs = Take(control, left);
+    QWidget* const spurs = MakeWidget(control, left);
     spurs->setAccessibleName(Translate(kSpurName));
     spurs->setToolTip(Translate(kSpurName));
     rows->addWidget(spurs);
@@ -107,12 +107,12 @@ QWidget* DialogWindow::BuildButtons(const DialogState& state) {
   auto* const bar = new QWidget(this);
   auto* const line = new QHBoxLayout(bar);
   line->setContentsMargins(0, 0, 0, 0);
-  // What the state has besides is never seen; it is there all the same.
+  // The other controls of the state are never visible, but they have widgets.
   for (const Control& control : state.dialog) {
     if (control.id == control::kSpurs) continue;
     // OK and the buttons after it are at the right end.
     if (control.id == control::kOk) line->addStretch(1);
-    line->addWidget(Take(control, bar));
+    line->addWidget(MakeWidget(control, bar));
   }
   for (QPushButton* const button : bar->findChildren<QPushButton*>()) {
     button->setAutoDefault(false);
@@ -121,7 +121,7 @@ QWidget* DialogWindow::BuildButtons(const DialogState& state) {
   return bar;
 }
 
-QWidget* DialogWindow::Take(const Control& control, QWidget* parent) {
+QWidget* DialogWindow::MakeWidget(const Control& control, QWidget* parent) {
   widgets_.push_back(MakeControlWidget(control, send_, parent));
   return widgets_.back()->Widget();
 }
@@ -199,7 +199,7 @@ std::int32_t DialogWindow::FocusedControl() const {
 void DialogWindow::Hide() {
   hiddenAt_ = pos();
   hide();
-  // The host may not run Qt's events while a person works in its window.
+  // The host may not run Qt's events while the user works in its window.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
@@ -233,7 +233,7 @@ void DialogWindow::reject() {
   Perform([](Dialog& dialog) { dialog.Close(); });
 }
 
-void DialogWindow::TakeUpSize() {
+void DialogWindow::RestoreSize() {
   const QSettings settings = Settings();
   resize(kFirstSize.boundedTo(screen()->availableSize()));
   restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());

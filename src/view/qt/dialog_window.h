@@ -19,11 +19,11 @@ class EmptyPanel;
 class PagePanel;
 class TreePanel;
 
-/// The window of the dialog: the tree, the page in front, and the dialog's own buttons. It remembers its
-/// size.
+/// The window of the dialog: the tree, the current page, and the dialog's own buttons. It keeps its size from
+/// one start to the next.
 class DialogWindow final : public QDialog {
  public:
-  /// `dialog` has to outlive the window.
+  /// `dialog` must outlive the window.
   DialogWindow(Dialog& dialog, QWidget* parent);
   ~DialogWindow() override;
 
@@ -36,23 +36,23 @@ class DialogWindow final : public QDialog {
   void FocusOn(std::int32_t control, bool selectsAll);
   std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries);
 
-  /// The widget of a control of the dialog or of the page in front; null where there is none.
+  /// The widget of a control of the dialog or of the current page; null for an unknown one.
   QWidget* WidgetOf(std::int32_t control) const;
 
   TreePanel& Tree() { return *tree_; }
   Dialog& TheDialog() { return dialog_; }
 
-  /// The page in front; null for one without controls.
+  /// The current page; null for one without controls.
   PagePanel* Page() const { return page_; }
 
-  /// The window frame or the Escape key.
+  /// Called for the window's frame and the Escape key.
   void reject() override;
 
  private:
   void Build(const DialogState& state);
   QWidget* BuildLeft(const DialogState& state);
   QWidget* BuildButtons(const DialogState& state);
-  QWidget* Take(const Control& control, QWidget* parent);
+  QWidget* MakeWidget(const Control& control, QWidget* parent);
 
   void Perform(const std::function<void(Dialog&)>& event);
   void ShowPage(const DialogState& state);
@@ -60,7 +60,7 @@ class DialogWindow final : public QDialog {
   void FocusMoved();
   std::int32_t FocusedControl() const;
 
-  void TakeUpSize();
+  void RestoreSize();
   void RememberSize();
 
   Dialog& dialog_;

@@ -5,8 +5,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "view/qt/fonts.h"
 #include "view/qt/icons.h"
+#include "view/qt/labels.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
@@ -31,44 +31,44 @@ EmptyPanel::EmptyPanel(Send send, QWidget* parent)
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
-  SetFont(*title_, Type::kTitle);
+  SetFont(*title_, TextRank::kTitle);
   hint_->setWordWrap(true);
   rows->addWidget(title_);
   rows->addWidget(hint_);
-  ways_ = new QVBoxLayout;
-  ways_->setSpacing(6);
-  rows->addLayout(ways_);
+  buttons_ = new QVBoxLayout;
+  buttons_->setSpacing(6);
+  rows->addLayout(buttons_);
   rows->addStretch(1);
 }
 
 void EmptyPanel::Show(const DialogState& state) {
   title_->setText(TitleOf(state));
-  while (QLayoutItem* const item = ways_->takeAt(0)) {
-    // A way may be what was just pressed.
+  while (QLayoutItem* const item = buttons_->takeAt(0)) {
+    // The button may be the one that was just pressed.
     item->widget()->hide();
     item->widget()->deleteLater();
     delete item;
   }
   for (const TreeNode& node : state.tree) {
-    if (node.parent == state.selectedNode) AddWay(node);
+    if (node.parent == state.selectedNode) AddButton(node);
   }
 }
 
-void EmptyPanel::AddWay(const TreeNode& node) {
-  auto* const way = new QPushButton(
+void EmptyPanel::AddButton(const TreeNode& node) {
+  auto* const button = new QPushButton(
       IconOfNode(node.bitmap, node.selectedBitmap),
       QString::fromStdString(node.text).replace(QLatin1Char('&'), QStringLiteral("&&")), this);
-  way->setIconSize({24, 24});
-  way->setAutoDefault(false);
-  way->setStyleSheet(QStringLiteral("text-align: left; padding: 8px 12px;"));
-  QFont font = way->font();
+  button->setIconSize({24, 24});
+  button->setAutoDefault(false);
+  button->setStyleSheet(QStringLiteral("text-align: left; padding: 8px 12px;"));
+  QFont font = button->font();
   font.setBold(node.isBold);
-  way->setFont(font);
-  way->setMaximumWidth(420);
+  button->setFont(font);
+  button->setMaximumWidth(420);
   const std::int32_t id = node.id;
-  connect(way, &QPushButton::clicked, this,
+  connect(button, &QPushButton::clicked, this,
           [this, id] { send_([id](Dialog& dialog) { dialog.SelectNode(id); }); });
-  ways_->addWidget(way);
+  buttons_->addWidget(button);
 }
 
 }  // namespace vanzet::view::qt

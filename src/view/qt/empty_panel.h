@@ -9,21 +9,21 @@ class QVBoxLayout;
 
 namespace vanzet::view::qt {
 
-/// What stands where a node has nothing to edit: the nodes below it, to go on to.
+/// The panel of a node that has nothing to edit: buttons that lead to the nodes below it.
 class EmptyPanel final : public QWidget {
  public:
   EmptyPanel(Send send, QWidget* parent);
 
-  /// The children of the selected node, the roots without one.
+  /// Shows the children of the selected node; the roots while none is selected.
   void Show(const DialogState& state);
 
  private:
-  void AddWay(const TreeNode& node);
+  void AddButton(const TreeNode& node);
 
   const Send send_;
   QLabel* title_;
   QLabel* hint_;
-  QVBoxLayout* ways_;
+  QVBoxLayout* buttons_;
 };
 
 }  // namespace vanzet::view::qt

@@ -1,16 +1,27 @@
-#include "view/qt/entry.h"
-
 #include <exception>
 #include <string>
 
 #include "view/qt/application.h"
 #include "view/qt/qt_view.h"
+#include "view/view_entry.h"
+
+#if defined(_WIN32)
+#define VANZET_VIEW_EXPORT __declspec(dllexport)
+#else
+#define VANZET_VIEW_EXPORT __attribute__((visibility("default")))
+#endif
+
+extern "C" {
+
+/// The entry of view/view_entry.h: a view with windows of Qt.
+VANZET_VIEW_EXPORT vanzet::view::ViewAnswer vanzetQtView(std::int32_t version);
+}
 
 using vanzet::view::ViewAnswer;
 
 namespace {
 
-ViewAnswer Refused(const std::string& why) {
+ViewAnswer Refuse(const std::string& why) {
   static std::string reason;
   reason = why;
   return {nullptr, reason.c_str()};
@@ -18,11 +29,11 @@ ViewAnswer Refused(const std::string& why) {
 
 ViewAnswer Answer(std::int32_t version) {
   if (version != vanzet::view::kViewVersion) {
-    return Refused("the Qt view and the module are of different versions, " +
-                   std::to_string(vanzet::view::kViewVersion) + " and " + std::to_string(version));
+    return Refuse("the versions of the Qt view and of the module differ: " +
+                  std::to_string(vanzet::view::kViewVersion) + " and " + std::to_string(version));
   }
   const auto application = vanzet::view::qt::EnsureApplication();
-  if (!application) return Refused(application.fault().Message());
+  if (!application) return Refuse(application.fault().Message());
   return {new vanzet::view::qt::QtView, nullptr};
 }
 
@@ -32,6 +43,6 @@ ViewAnswer vanzetQtView(std::int32_t version) {
   try {
     return Answer(version);
   } catch (const std::exception& error) {
-    return Refused(error.what());
+    return Refuse(error.what());
   }
 }

@@ -10,8 +10,8 @@
 
 #include "view/ids.h"
 
-// Resources of a static library are not registered by themselves. The function must stand outside of any
-// name space.
+// Resources of a static library are not registered by themselves. The function must be outside of any
+// namespace.
 static void RegisterIcons() {
   Q_INIT_RESOURCE(icons);
 }
@@ -55,7 +55,7 @@ const NodeIcon* FindNodeIcon(std::int32_t bitmap) {
 
 constexpr const char* kAccent = "#3584e4";
 
-/// The drawing of a file with its lines in `lines`; in one colour alone where the accent would not be seen.
+/// The drawing of a file with its lines in `lines`; in one colour where the accent would not be seen.
 QByteArray Coloured(const char* file, const QColor& lines, bool isOneColour) {
   RegisterIcons();
   QFile source(QStringLiteral(":/vanzet/icons/%1.svg").arg(QLatin1String(file)));
@@ -104,6 +104,34 @@ class SvgIcon final : public QIconEngine {
   bool isMirrored_;
 };
 
+// Icons of buttons, by a text that is a mere sign, and by their ids.
+
+struct SignIcon {
+  std::string_view text;
+  const char* file;
+};
+constexpr SignIcon kSigns[] = {{">>", "pick"}, {"...", "browse"}};
+
+struct IdIcon {
+  std::int32_t id;
+  const char* file;
+};
+// clang-format off
+constexpr IdIcon kIds[] = {
+    {control::kOk,               "ok"    },
+    {control::kHelp,             "help"  },
+    {control::kLoad,             "load"  },
+    {control::kSave,             "save"  },
+    {control::kSelect,           "select"},
+    {control::kSelectCylinder,   "select"},
+    {control::kSelectParametric, "select"},
+    {control::kSelectOwn,        "select"},
+    {control::kPickSolid,        "solid" },
+    {control::kDeleteDevice,     "delete"},
+    {control::kSaveDevice,       "save"  },
+};
+// clang-format on
+
 }  // namespace
 
 std::span<const NodeIcon> NodeIcons() {
@@ -119,6 +147,16 @@ QIcon IconOfNode(std::int32_t bitmap, std::int32_t selectedBitmap) {
 
 QIcon IconOf(const char* file) {
   return QIcon(new SvgIcon(file, file, false));
+}
+
+ButtonIcon IconOfButton(std::int32_t id, std::string_view text) {
+  for (const SignIcon& row : kSigns) {
+    if (row.text == text) return {row.file, true};
+  }
+  for (const IdIcon& row : kIds) {
+    if (row.id == id) return {row.file, false};
+  }
+  return {nullptr, false};
 }
 
 }  // namespace vanzet::view::qt

@@ -4,13 +4,15 @@
 #include <QString>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
-/// The pictures of 16 by 16 that nodes of the tree and buttons bear, drawn at whatever size is asked for.
+/// The icons of nodes and buttons: pictures of 16 by 16, drawn at any size.
 ///
-/// Source   share/icons: lines are of the colour of the text around them, so they are read on dark and light
+/// Source   share/icons: lines have the colour of the text around them, so that they are seen on dark and
+///          light backgrounds
 namespace vanzet::view::qt {
 
-/// What a bitmap of the tree is drawn as.
+/// The drawing of a bitmap of the tree.
 struct NodeIcon {
   std::int32_t bitmap;  ///< of a plain node; the next id is that of a selected one
   const char* file;     ///< its name in share/icons, without the ending
@@ -26,5 +28,13 @@ QIcon IconOfNode(std::int32_t bitmap, std::int32_t selectedBitmap);
 
 /// The icon of a file of share/icons.
 QIcon IconOf(const char* file);
+
+struct ButtonIcon {
+  const char* file;   ///< of share/icons; null: the button has none
+  bool replacesText;  ///< the text is a sign that the icon says better
+};
+
+/// The icon of a button, by its text where that is a mere sign, else by its id.
+ButtonIcon IconOfButton(std::int32_t id, std::string_view text);
 
 }  // namespace vanzet::view::qt

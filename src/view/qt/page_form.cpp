@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "devices/kinds.h"
-#include "view/qt/fonts.h"
+#include "view/qt/labels.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -66,8 +66,8 @@ PageForm::PageForm(const PageLayout& layout, const std::vector<Control>& control
 void PageForm::AddGroup(QGridLayout& grid, const FieldGroup& group) {
   if (grid.count() > 0) grid.setRowMinimumHeight(grid.rowCount(), kGroupGap);
   QWidget* const title =
-      group.titleLabel != 0 ? Take(group.titleLabel, this) : new QLabel(Translate(group.title), this);
-  SetFont(*title, Type::kGroup);
+      group.titleLabel != 0 ? MakeWidget(group.titleLabel, this) : new QLabel(Translate(group.title), this);
+  SetFont(*title, TextRank::kGroup);
   grid.addWidget(title, grid.rowCount(), 0, 1, kColumns);
   grid.addWidget(Line(this), grid.rowCount(), 0, 1, kColumns);
   for (const FieldRow& field : group.rows) {
@@ -79,7 +79,7 @@ void PageForm::AddGroup(QGridLayout& grid, const FieldGroup& group) {
   }
   if (group.action == 0) return;
   const std::int32_t ids[] = {group.action};
-  grid.addWidget(TakeActions(ids, this), grid.rowCount(), 0, 1, kColumns);
+  grid.addWidget(MakeActions(ids, this), grid.rowCount(), 0, 1, kColumns);
 }
 
 void PageForm::AddRow(QGridLayout& grid, const FieldRow& field) {
@@ -95,7 +95,7 @@ void PageForm::AddRow(QGridLayout& grid, const FieldRow& field) {
 void PageForm::AddWideRow(QGridLayout& grid, const FieldRow& field) {
   Row row = {&field};
   QWidget* const cell = Cell(row);
-  auto* const label = qobject_cast<QLabel*>(Take(field.label, this));
+  auto* const label = qobject_cast<QLabel*>(MakeWidget(field.label, this));
   label->setBuddy(WidgetOf(field.control));
   grid.addWidget(label, grid.rowCount(), 0, 1, kColumns);
   grid.addWidget(cell, grid.rowCount(), 0, 1, kColumns);
@@ -108,22 +108,22 @@ void PageForm::AddNames(QGridLayout& grid, int at, Row& row) {
   const bool hasCaption = control != controls_->end() && !control->caption.empty();
   if (hasCaption) row.caption = new QLabel(QString::fromStdString(control->caption), this);
   QLabel* const first = hasCaption         ? row.caption
-                        : field.label != 0 ? qobject_cast<QLabel*>(Take(field.label, this))
+                        : field.label != 0 ? qobject_cast<QLabel*>(MakeWidget(field.label, this))
                                            : nullptr;
   if (first == nullptr) return AddName(grid, at, row, false);
   first->setBuddy(WidgetOf(field.control));
   const bool isLetter = hasCaption || field.letter != 0;
   grid.addWidget(first, at, kLetterColumn, 1, isLetter ? 1 : kCellColumn);
   if (!isLetter) return;
-  SetFont(*first, Type::kLetter);
+  SetFont(*first, TextRank::kLetter);
   if (hasCaption) Find(field.control)->Accompany(first);
   AddName(grid, at, row, true);
 }
 
-void PageForm::AddName(QGridLayout& grid, int at, Row& row, bool isBehindLetter) {
+void PageForm::AddName(QGridLayout& grid, int at, Row& row, bool isAfterLetter) {
   row.name = new QLabel(this);
-  if (!isBehindLetter) row.name->setBuddy(WidgetOf(row.field->control));
-  grid.addWidget(row.name, at, isBehindLetter ? kNameColumn : 0, 1, isBehindLetter ? 1 : kCellColumn);
+  if (!isAfterLetter) row.name->setBuddy(WidgetOf(row.field->control));
+  grid.addWidget(row.name, at, isAfterLetter ? kNameColumn : 0, 1, isAfterLetter ? 1 : kCellColumn);
   Find(row.field->control)->Accompany(row.name);
 }
 
@@ -133,14 +133,14 @@ QWidget* PageForm::Cell(Row& row) {
   auto* const line = new QHBoxLayout(cell);
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(kGap);
-  QWidget* const control = Take(field.control, cell);
+  QWidget* const control = MakeWidget(field.control, cell);
   if (IsNumber(field)) NarrowForNumbers(control);
   const bool fills = !IsNumber(field) && control->sizePolicy().horizontalPolicy() != QSizePolicy::Minimum;
   line->addWidget(control, fills ? 1 : 0);
   // The edit of a spin is a part of its widget.
   if (field.inner != 0) control->findChild<QLineEdit*>()->setObjectName(QString::number(field.inner));
   AddUnit(row, cell);
-  if (field.button != 0) line->addWidget(Take(field.button, cell));
+  if (field.button != 0) line->addWidget(MakeWidget(field.button, cell));
   if (!fills) line->addStretch(1);
   return cell;
 }
@@ -158,23 +158,23 @@ void PageForm::AddLeftOvers(QGridLayout& grid) {
   for (const Control& control : *controls_) {
     const bool isPlaced = std::ranges::find(placed, control.id) != placed.end();
     if (isPlaced || control.kind == ControlKind::kPicture) continue;
-    grid.addWidget(Take(control.id, this), grid.rowCount(), 0, 1, kColumns);
+    grid.addWidget(MakeWidget(control.id, this), grid.rowCount(), 0, 1, kColumns);
   }
 }
 
-QWidget* PageForm::Take(std::int32_t id, QWidget* parent) {
+QWidget* PageForm::MakeWidget(std::int32_t id, QWidget* parent) {
   const auto control = std::ranges::find(*controls_, id, &Control::id);
   if (control == controls_->end()) return new QLabel(parent);
   widgets_.push_back(MakeControlWidget(*control, send_, parent));
   return widgets_.back()->Widget();
 }
 
-QWidget* PageForm::TakeActions(std::span<const std::int32_t> ids, QWidget* parent) {
+QWidget* PageForm::MakeActions(std::span<const std::int32_t> ids, QWidget* parent) {
   auto* const box = new QWidget(parent);
   auto* const line = new QHBoxLayout(box);
   line->setContentsMargins(0, kGap / 2, 0, 0);
   line->addStretch(1);
-  for (const std::int32_t id : ids) line->addWidget(Take(id, box));
+  for (const std::int32_t id : ids) line->addWidget(MakeWidget(id, box));
   return box;
 }
 
@@ -194,10 +194,10 @@ void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
     if (ControlWidget* const widget = Find(control.id)) widget->Show(control);
   }
   const PageValues values(controls);
-  for (const Row& row : rows_) ShowWords(row, TypeOfPicture(bitmap), values);
+  for (const Row& row : rows_) ShowNames(row, TypeOfPicture(bitmap), values);
 }
 
-void PageForm::ShowWords(const Row& row, std::int32_t type, const PageValues& values) {
+void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& values) {
   const FieldRow& field = *row.field;
   const devices::Letter* const letter = field.letter == 0 ? nullptr : FindNamedLetter(type, field.letter);
   const Unit unit = letter != nullptr ? letter->unit : field.unit;
@@ -205,10 +205,10 @@ void PageForm::ShowWords(const Row& row, std::int32_t type, const PageValues& va
   if (row.name != nullptr) row.name->setText(name);
   if (row.unit != nullptr) row.unit->setText(UnitText(unit));
   const bool isUnused = field.letter != 0 && letter == nullptr;
-  Speak(row, isUnused ? Translate(kNotUsed) : name, unit, values);
+  SetSpokenNames(row, isUnused ? Translate(kNotUsed) : name, unit, values);
 }
 
-void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageValues& values) {
+void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values) {
   const FieldRow& field = *row.field;
   const Control* const control = values.Find(field.control);
   if (control == nullptr) return;
@@ -225,7 +225,7 @@ void PageForm::Speak(const Row& row, const QString& name, Unit unit, const PageV
 }
 
 void PageForm::MarkMnemonics(Mnemonics& mnemonics) {
-  // What a page is for goes before what is on it.
+  // The buttons of a page get their letters before its values.
   const std::vector<std::int32_t> actions = ActionsOf(layout_);
   const auto isAction = [&](const auto& widget) {
     return std::ranges::find(actions, widget->Id()) != actions.end();
@@ -234,7 +234,7 @@ void PageForm::MarkMnemonics(Mnemonics& mnemonics) {
     if (isAction(widget)) widget->MarkMnemonic(mnemonics);
   }
   for (const Row& row : rows_) {
-    // What a letter leads to is not led to by its name as well.
+    // A value that has a letter needs no letter in its name.
     const bool isNameLeading = row.name != nullptr && row.name->buddy() != nullptr;
     QLabel* const leading = row.caption != nullptr ? row.caption : isNameLeading ? row.name : nullptr;
     if (leading != nullptr) leading->setText(mnemonics.Mark(leading->text().remove(QLatin1Char('&'))));

@@ -8,20 +8,20 @@
 #include "view/qt/device_words.h"
 #include "view/qt/texts.h"
 
-/// Where the controls of each page stand, by their ids. What they show and whether they can be used is the
-/// state's business.
+/// The places of the controls of each page, by their ids. What they show and whether they can be used is
+/// decided by the state.
 namespace vanzet::view::qt {
 
-/// A row of a form: what it is about, the control, and what stands beside it.
+/// A row of a form: its name, its control, and what is beside that.
 struct FieldRow {
   std::int32_t label = 0;    ///< the label that names it; 0: the row has a name of the view's own
-  std::int32_t control = 0;  ///< what is typed into, ticked or chosen; a button that has a row of its own
+  std::int32_t control = 0;  ///< the edit, check box, combo or spin; a button that has a row of its own
   std::int32_t inner = 0;    ///< the edit that is part of a spin
   std::int32_t button = 0;   ///< fills the control
-  bool isWide = false;       ///< the label stands above the control, which takes the whole width
+  bool isWide = false;       ///< the label is above the control, which takes the whole width
   char letter = 0;           ///< of a device's value: name and unit follow the type of the picture
   Unit unit = Unit::kNone;
-  const char* name = "";  ///< in full, behind a letter or where there is no label
+  const char* name = "";  ///< in full, after a letter or where there is no label
 };
 
 /// Rows under a title.
@@ -29,7 +29,7 @@ struct FieldGroup {
   std::int32_t titleLabel = 0;  ///< a label that is the title; 0: the view's own, or none where that is empty
   const char* title = "";
   std::span<const FieldRow> rows = {};
-  std::int32_t action = 0;  ///< the button that takes the group's values
+  std::int32_t action = 0;  ///< the button that applies the group's values
 };
 
 struct PageLayout {
@@ -38,7 +38,7 @@ struct PageLayout {
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
   std::span<const std::int32_t> actions = {};  ///< buttons at the foot
-  const char* noPicture = "";                  ///< stands on the card while there is no picture
+  const char* noPicture = "";                  ///< shown on the card while there is no picture
 };
 
 /// The layouts of all pages that have controls.
@@ -47,7 +47,7 @@ std::span<const PageLayout> PageLayouts();
 /// Null for a page that has none.
 const PageLayout* FindPageLayout(std::string_view page);
 
-/// The buttons that take what is on the page, or a part of it.
+/// The buttons that apply the values of the page, or of a part of it.
 std::vector<std::int32_t> ActionsOf(const PageLayout& layout);
 
 /// The ids of all controls that a layout places, in the order of the keyboard.

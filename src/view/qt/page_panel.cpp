@@ -6,7 +6,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "view/qt/fonts.h"
+#include "view/qt/labels.h"
 #include "view/qt/page_form.h"
 #include "view/qt/picture_widget.h"
 
@@ -28,30 +28,31 @@ PagePanel::PagePanel(const PageLayout& layout, const std::vector<Control>& contr
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(kGap);
-  rows->addWidget(Title());
+  rows->addWidget(MakeTitle());
   auto* const middle = new QHBoxLayout;
   middle->setSpacing(2 * kGap);
-  middle->addWidget(Scrolled());
+  middle->addWidget(MakeScrollArea());
   middle->addWidget(picture_, 1);
   rows->addLayout(middle, 1);
-  if (!layout.actions.empty()) rows->addWidget(form_->TakeActions(layout.actions, this));
+  if (!layout.actions.empty()) rows->addWidget(form_->MakeActions(layout.actions, this));
   form_->Finish();
 }
 
-QWidget* PagePanel::Title() {
-  QWidget* const title = layout_.header != 0 ? form_->Take(layout_.header, this) : title_ = new QLabel(this);
-  SetFont(*title, Type::kTitle);
+QWidget* PagePanel::MakeTitle() {
+  QWidget* const title =
+      layout_.header != 0 ? form_->MakeWidget(layout_.header, this) : title_ = new QLabel(this);
+  SetFont(*title, TextRank::kTitle);
   return title;
 }
 
-QWidget* PagePanel::Scrolled() {
+QWidget* PagePanel::MakeScrollArea() {
   scroll_ = new QScrollArea(this);
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setWidgetResizable(true);
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->setWidget(form_);
-  // A form has the ground of a window, not that of a list.
+  // A form has the background of a window, not that of a list.
   scroll_->viewport()->setAutoFillBackground(false);
   form_->setAutoFillBackground(false);
   return scroll_;

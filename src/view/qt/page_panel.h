@@ -14,33 +14,33 @@ namespace vanzet::view::qt {
 class PageForm;
 class PictureWidget;
 
-/// A page of the dialog: its title, the form of its controls with the picture beside it, and the buttons that
-/// take its values.
+/// A page of the dialog: its title, the form of its controls beside the picture, and the buttons that apply
+/// its values.
 class PagePanel final : public QWidget {
  public:
   PagePanel(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
             QWidget* parent);
 
-  /// Takes over the state of the controls. `place` is where the page stands in the tree; the measure of the
-  /// edit `focused` stands out in the picture.
+  /// Shows the state of the controls. `place` is the place of the page in the tree; the measure of the edit
+  /// `focused` is emphasised in the picture.
   void Show(const std::vector<Control>& controls, const QString& place, std::int32_t focused);
 
-  /// `mnemonics` has the letters of values reserved.
+  /// Requires: the letters of values are reserved in `mnemonics`.
   void MarkMnemonics(Mnemonics& mnemonics);
 
   /// Scrolls to a control.
   void Reveal(std::int32_t control);
 
-  /// The widget of a control, null for one that is not here.
+  /// The widget of a control; null for one of another page.
   QWidget* WidgetOf(std::int32_t control) const;
 
  private:
-  QWidget* Title();
-  QWidget* Scrolled();
+  QWidget* MakeTitle();
+  QWidget* MakeScrollArea();
 
   const PageLayout& layout_;
   PageForm* form_;
-  QLabel* title_ = nullptr;  ///< of a page that has no label for it
+  QLabel* title_ = nullptr;  ///< of a page without a label for it
   QScrollArea* scroll_ = nullptr;
   PictureWidget* picture_;
 };

@@ -9,21 +9,21 @@
 
 namespace vanzet::view::qt {
 
-/// The controls of the page in front, to be read by id.
+/// The controls of the current page, to be read by id.
 class PageValues {
  public:
-  /// `controls` has to outlive this.
+  /// `controls` must outlive this.
   explicit PageValues(const std::vector<Control>& controls) : controls_(controls) {}
 
-  /// Null for one that is not on the page.
+  /// Null for a control that is not on the page.
   const Control* Find(std::int32_t id) const;
 
-  /// What stands in an edit that a real is bound to; 0 where none stands, or no such edit.
+  /// The number in an edit that is bound to a real; 0 for an edit without a number or an unknown one.
   double NumberOf(std::int32_t id) const;
   QString TextOf(std::int32_t id) const;
   bool IsChecked(std::int32_t id) const;
 
-  /// True for an edit that wants a number and holds none.
+  /// True for an edit that wants a number and does not hold one.
   bool IsNoNumber(std::int32_t id) const;
 
  private:

@@ -8,18 +8,18 @@
 
 namespace vanzet::view::qt {
 
-/// The picture of a page on a card. It follows what is typed.
+/// The picture of a page on a card. It follows the values while they are typed.
 class PictureWidget final : public QFrame {
  public:
-  /// `nothing` stands on the card while there is no picture.
+  /// `nothing` is shown on the card while there is no picture.
   PictureWidget(QString nothing, QWidget* parent);
 
-  /// Draws anew: the picture of that id (0: none) with the values of the page. The measure of the edit
-  /// `focused` stands out.
+  /// Draws the picture of that id (0: none) with the values of the page. The measure of the edit `focused` is
+  /// emphasised.
   void Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused);
 
   std::int32_t Bitmap() const { return bitmap_; }
-  const Sketch& Shown() const { return sketch_; }
+  const Sketch& ShownSketch() const { return sketch_; }
 
   QSize sizeHint() const override { return {420, 340}; }
   QSize minimumSizeHint() const override { return {260, 220}; }

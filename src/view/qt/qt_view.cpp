@@ -1,6 +1,6 @@
 #include "view/qt/qt_view.h"
 
-#include "view/qt/owner.h"
+#include "view/qt/boxes.h"
 
 namespace vanzet::view::qt {
 

@@ -4,13 +4,12 @@
 
 #include "view/qt/boxes.h"
 #include "view/qt/dialog_window.h"
-#include "view/qt/file_dialogs.h"
 #include "view/view.h"
 
 namespace vanzet::view::qt {
 
-/// Serves a person on a display.
-/// Requires: the process has a QApplication, and all is done on its thread.
+/// Shows the dialog to a user on a display.
+/// Requires: the process has a QApplication, and all calls come on its thread.
 class QtView final : public View, public DialogView {
  public:
   ~QtView() override;
@@ -31,7 +30,7 @@ class QtView final : public View, public DialogView {
  private:
   qt::Boxes boxes_;
   FileDialogs files_;
-  QPointer<DialogWindow> window_;  ///< while a dialog is served; a parent that goes takes it along
+  QPointer<DialogWindow> window_;  ///< while a dialog is served; a parent that is destroyed destroys it too
 };
 
 }  // namespace vanzet::view::qt

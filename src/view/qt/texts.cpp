@@ -23,7 +23,7 @@ std::string WantedLanguage() {
   return LanguageOfLocale(named.empty() ? QLocale().name().toStdString() : named);
 }
 
-/// A language without a catalogue, or with a broken one, is no reason to show nothing: English is shown.
+/// English for a language without a catalogue or with a broken one.
 const LoadedTexts& TextsOfTheMoment() {
   const std::string wanted = WantedLanguage();
   if (wanted == loadedTexts.wanted) return loadedTexts;

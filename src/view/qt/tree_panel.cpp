@@ -109,7 +109,7 @@ void TreePanel::mousePressEvent(QMouseEvent* event) {
 }
 
 void TreePanel::keyPressEvent(QKeyEvent* event) {
-  // Of the menu key Qt tells by a context menu event; of this one, for keyboards without it, it does not.
+  // Qt sends a context menu event for the menu key, but not for this one, of keyboards without that key.
   const bool isMenuKey = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
   if (!isMenuKey) return QTreeWidget::keyPressEvent(event);
   AskForMenu(currentItem(), std::nullopt);

@@ -9,26 +9,25 @@
 
 namespace vanzet::view::qt {
 
-/// The tree of what can be defined.
+/// The tree of the equipment that can be defined.
 class TreePanel final : public QTreeWidget {
  public:
   TreePanel(Send send, QWidget* parent);
 
-  /// Takes over the nodes and the selection. What a person opened or closed stays so as long as the nodes are
-  /// the same.
+  /// Shows the nodes and the selection. Branches stay open or closed as long as the nodes are the same.
   void Show(const DialogState& state);
 
-  /// A menu where the context menu was asked for.
+  /// Shows a menu at the place that the context menu was asked for.
   std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries);
 
  protected:
-  /// Right presses select nothing: whether a node is selected along with its menu is the dialog's decision.
+  /// A right press selects nothing: the dialog decides whether a node is selected with its menu.
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  /// Without a place the menu stands below the item.
+  /// Without a place the menu is below the item.
   void AskForMenu(const QTreeWidgetItem* item, std::optional<QPoint> place);
   void Build(const std::vector<TreeNode>& nodes);
   void Select(std::int32_t node);

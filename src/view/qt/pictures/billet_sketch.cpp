@@ -2,8 +2,8 @@
 #include <cmath>
 
 #include "view/ids.h"
-#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
+#include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
@@ -27,7 +27,7 @@ void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
   char letter = 'A';
   for (const std::int32_t id : {control::kOuterDiameter, control::kCylinderLength, control::kFrontAllowance,
                                 control::kRearAllowance, control::kInnerDiameter, control::kBarLength}) {
-    TellNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
+    FindNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
   }
   if (!sketch.fault.isEmpty()) return;
   const double least = billet.length + billet.front + billet.rear;
@@ -50,7 +50,7 @@ Billet Drawable(Billet billet) {
   return billet;
 }
 
-/// The part ends at its face, x = 0, and lies behind it; on the sub spindle all is mirrored by `side`.
+/// The part ends at its face, x = 0, and extends to its left; on the sub spindle `side` mirrors all.
 class Drawn {
  public:
   Drawn(const Billet& billet, double side) : billet_(billet), side_(side) {}

@@ -7,9 +7,9 @@
 #include "devices/outline.h"
 #include "view/ids.h"
 #include "view/qt/device_words.h"
-#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/pictures.h"
+#include "view/qt/pictures/sketch.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -37,7 +37,7 @@ DeviceParams ParamsOf(const Device& device, const PageValues& values) {
   return params;
 }
 
-/// A formula as a person writes it.
+/// A formula in the usual notation.
 QString Readable(std::string_view formula) {
   QString text = QString::fromUtf8(formula.data(), static_cast<qsizetype>(formula.size()));
   text.replace(QStringLiteral("*0.5"), QStringLiteral("/2"));
@@ -71,14 +71,14 @@ std::string OutlineLetters(const Device& device) {
   return letters;
 }
 
-void TellFault(Sketch& sketch, const QString& text, std::string_view letters) {
+void SetFault(Sketch& sketch, const QString& text, std::string_view letters) {
   sketch.fault = text;
   AddEditsIn(letters, sketch.wrong);
 }
 
-void FindNoNumber(Sketch& sketch, const Device& device, const PageValues& values) {
+void FindNoNumbers(Sketch& sketch, const Device& device, const PageValues& values) {
   for (const Letter& each : device.letters) {
-    TellNoNumber(sketch, values, control::EditOfLetter(each.letter), QString(QLatin1Char(each.letter)));
+    FindNoNumber(sketch, values, control::EditOfLetter(each.letter), QString(QLatin1Char(each.letter)));
   }
 }
 
@@ -87,16 +87,16 @@ void FindBrokenRule(Sketch& sketch, const Device& device, const DeviceParams& pa
     const bool mayBeBelow0 = each.drawn != Drawn::kAbove0 && each.drawn != Drawn::kFrom0;
     if (ValueOf(params, each.letter) >= 0 || mayBeBelow0) continue;
     const QString letter(QLatin1Char(each.letter));
-    return TellFault(sketch, Translate(kMustBeAbove0).arg(letter), std::string(1, each.letter));
+    return SetFault(sketch, Translate(kMustBeAbove0).arg(letter), std::string(1, each.letter));
   }
   for (const devices::Rule& rule : device.rules) {
     if (Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
-    TellFault(sketch, Translate(kMustBeLess).arg(Readable(rule.less), Readable(rule.greater)), rule.less);
+    SetFault(sketch, Translate(kMustBeLess).arg(Readable(rule.less), Readable(rule.greater)), rule.less);
     AddEditsIn(rule.greater, sketch.wrong);
     return;
   }
   const auto outline = OutlineOf(params);
-  if (!IsSimple(outline)) TellFault(sketch, Translate(kNoOutline), OutlineLetters(device));
+  if (!IsSimple(outline)) SetFault(sketch, Translate(kNoOutline), OutlineLetters(device));
 }
 
 QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
@@ -108,7 +108,7 @@ QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
   return path;
 }
 
-/// The ends of a bore, which are seen between the two halves.
+/// Adds the ends of a bore, which are seen between the two halves.
 void AddBore(Sketch& sketch, const std::vector<OutlineVertex>& outline) {
   const auto [low, high] = std::ranges::minmax(outline, {}, &OutlineVertex::x);
   for (const double x : {low.x, high.x}) {
@@ -120,7 +120,7 @@ void AddBore(Sketch& sketch, const std::vector<OutlineVertex>& outline) {
   }
 }
 
-/// What is spun is cut above its axis and seen from outside below it.
+/// A body of revolution is cut above its axis and seen from outside below it.
 void AddShapes(Sketch& sketch, const DeviceParams& params) {
   const auto outline = OutlineOf(params);
   const bool isSpun = !devices::IsJaw(params.type);
@@ -149,7 +149,7 @@ void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& param
   }
 }
 
-/// What a side view cannot show.
+/// Adds a note on the thickness, which a side view cannot show.
 void NoteThickness(Sketch& sketch, const Device& device) {
   for (const Letter& each : device.letters) {
     if (each.drawn != Drawn::kThickness) continue;
@@ -164,7 +164,7 @@ Sketch DeviceSketch(const Device& device, const PageValues& values) {
   DeviceParams params = ParamsOf(device, values);
   Sketch sketch;
   const QString missing = MissingLetters(device, params);
-  FindNoNumber(sketch, device, values);
+  FindNoNumbers(sketch, device, values);
   if (sketch.fault.isEmpty() && missing.isEmpty()) FindBrokenRule(sketch, device, params);
   sketch.isExample = !sketch.fault.isEmpty() || !missing.isEmpty();
   if (sketch.isExample) params = device.example;
@@ -181,7 +181,7 @@ Sketch OwnDeviceSketch(const Device& device, const PageValues& values) {
   AddShapes(sketch, devices::KindOf(device.code)->devices.front().example);
   sketch.isExample = true;
   sketch.notes.push_back(Translate(kFromVdm));
-  FindNoNumber(sketch, device, values);
+  FindNoNumbers(sketch, device, values);
   return sketch;
 }
 

@@ -2,8 +2,8 @@
 #include <numbers>
 
 #include "view/ids.h"
-#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
+#include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
 
 // Pictures of the machine around the part.
@@ -44,7 +44,7 @@ struct DatumEdit {
   Where where;
 };
 
-// The main spindle's chuck ends at -100, the sub spindle's begins at 100; the parts stand out of them.
+// The main spindle's chuck ends at -100, the sub spindle's begins at 100; the parts protrude.
 constexpr double kChuckFace = 100;
 constexpr double kPartFace = 30;
 constexpr double kChuckBack = 162;
@@ -56,7 +56,7 @@ constexpr DatumEdit kDatumEdits[] = {
     {control::kOriginSub, "W", kPartFace, kChuckBack, Where::kBelow},
 };
 
-/// The letter with what stands in its edit.
+/// The letter with the text of its edit.
 QString Labelled(const DatumEdit& row, const PageValues& values) {
   const QString value = values.TextOf(row.edit).trimmed();
   const QString letter = QLatin1String(row.letter);
@@ -72,7 +72,7 @@ void AddSpindle(Sketch& sketch, double side) {
   block(Ink::kPart, kPartFace, kChuckFace + 16, -20, 20);
   for (const double half : {1.0, -1.0})
     block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
-  // A ring with a cross marks the datum, and the origin that is told from it.
+  // A ring with a cross marks the datum, and the origin that is measured from it.
   for (const double x : {side * kChuckBack, side * kPartFace}) {
     Add(sketch, Ink::kGhost, Circle(x, 0, 6));
     Add(sketch, Ink::kGhost, Stroke({x, -10}, {x, 10}));
@@ -111,7 +111,7 @@ Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .control = row.edit,
                                .from = {row.from, y},
                                .to = {row.to, y}});
-    TellNoNumber(sketch, values, row.edit);
+    FindNoNumber(sketch, values, row.edit);
   }
   sketch.notes.push_back(Translate(kScheme));
   return sketch;

@@ -109,7 +109,7 @@ class MeasurePainter {
     ArrowedLine(left, right);
     const double plate = PlateOf(LabelOf(measure), {}).width();
     const bool fits = right.x() - left.x() > plate + 2 * kArrow;
-    // Where there is no room on the line, the letter stands beyond its outer end.
+    // Where the line has no room, the letter is beyond its outer end.
     Label(measure, fits ? (left + right) / 2 : BeyondEnd(left, right, plate));
   }
 
@@ -181,7 +181,7 @@ void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, 
   for (const Measure& measure : sketch.measures) {
     if (measure.control != drawing.focused) measures.Paint(measure);
   }
-  // What stands out lies on top.
+  // The emphasised measure is on top.
   for (const Measure& measure : sketch.measures) {
     if (measure.control == drawing.focused) measures.Paint(measure);
   }

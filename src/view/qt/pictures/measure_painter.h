@@ -7,7 +7,7 @@
 
 namespace vanzet::view::qt {
 
-/// Where a sketch has come to lie.
+/// The placement of a sketch on screen.
 struct Place {
   QTransform transform;  ///< to the screen
   QRectF bounds;         ///< of its shapes, on the screen
@@ -15,7 +15,7 @@ struct Place {
 };
 
 /// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the
-/// focus stands out with its value, those at fault are in the colour of faults.
+/// focus is emphasised with its value, those at fault are in the colour of faults.
 void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, const Drawing& drawing);
 
 }  // namespace vanzet::view::qt

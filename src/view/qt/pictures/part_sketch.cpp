@@ -1,8 +1,8 @@
 #include <QPolygonF>
 
 #include "view/ids.h"
-#include "view/qt/pictures/faults.h"
 #include "view/qt/pictures/pictures.h"
+#include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
 
 // Pictures of parts whose shape the host knows: they show what the fields mean, not the shape.
@@ -33,7 +33,7 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
                              .control = control::kPartLength,
                              .from = {-length, y},
                              .to = {0, y}});
-  TellNoNumber(sketch, values, control::kPartLength);
+  FindNoNumber(sketch, values, control::kPartLength);
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .control = control::kClampDiameter,
                                .from = {-100, -30},
                                .to = {-100, 30}});
-    TellNoNumber(sketch, values, control::kClampDiameter);
+    FindNoNumber(sketch, values, control::kClampDiameter);
   }
   return sketch;
 }

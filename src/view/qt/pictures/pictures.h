@@ -6,7 +6,7 @@
 #include "view/qt/page_values.h"
 #include "view/qt/pictures/sketch.h"
 
-/// The pictures of the pages, made from what stands in their controls.
+/// The pictures of the pages, made from the values of their controls.
 namespace vanzet::view::qt {
 
 struct Picture {

@@ -7,18 +7,19 @@
 #include <vector>
 
 #include "devices/device.h"
+#include "view/qt/page_values.h"
 
 /// A dimensioned drawing as plain data, before it has a size and colours.
 ///
 /// Units    those of the values; x to the right, y up
 namespace vanzet::view::qt {
 
-/// What a shape is drawn as. The painter takes the colours from the palette of the moment.
+/// The kinds of shape. The painter takes their colours from the palette of the moment.
 enum class Ink {
   kMaterial,  ///< cut: filled and hatched
   kBody,      ///< seen from outside: filled
   kGhost,     ///< there for orientation: an outline, faint
-  kPart,      ///< what stands out: filled in the colour of selections
+  kPart,      ///< emphasised: filled in the colour of selections
   kAxis,      ///< a centre line
 };
 
@@ -29,7 +30,7 @@ struct Shape {
 
 using devices::Where;
 
-/// A distance, an angle or a corner that bears the letter of a value.
+/// A distance, an angle or a corner with the letter of a value.
 struct Measure {
   using Kind = devices::MeasureKind;
 
@@ -37,10 +38,10 @@ struct Measure {
   Where where = Where::kInside;
   int lane = 0;
   QString letter = {};
-  std::int32_t control = 0;  ///< the edit of its value: while that has the focus, the measure stands out
+  std::int32_t control = 0;  ///< the edit of its value: while that has the focus, the measure is emphasised
   QPointF from = {};
   QPointF to = {};
-  double at = 0.5;  ///< where on its line the letter stands, from 0 to 1
+  double at = 0.5;  ///< the place of the letter on its line, from 0 to 1
 };
 
 struct Sketch {
@@ -58,5 +59,9 @@ inline void Add(Sketch& sketch, Ink ink, const QPainterPath& path) {
 
 QPainterPath Rectangle(double left, double bottom, double right, double top);
 QPainterPath Stroke(QPointF from, QPointF to);
+
+/// Sets the fault of a sketch that has none yet, if an edit wants a number and does not hold one. `name` is
+/// the name of the edit; without one the text of the edit is quoted.
+void FindNoNumber(Sketch& sketch, const PageValues& values, std::int32_t edit, const QString& name = {});
 
 }  // namespace vanzet::view::qt

@@ -52,7 +52,7 @@ QRectF BoundsOf(const Sketch& sketch) {
   return bounds;
 }
 
-/// How many lanes of measures lie on a side.
+/// The number of lanes of measures on a side.
 int Lanes(const Sketch& sketch, Where where) {
   int lanes = 0;
   for (const Measure& measure : sketch.measures) {

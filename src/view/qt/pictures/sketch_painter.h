@@ -11,18 +11,18 @@ class QPainter;
 
 namespace vanzet::view::qt {
 
-/// What a sketch is drawn with.
+/// The style of a sketch on screen, and the value to emphasise.
 struct Drawing {
   QPalette palette;
   QFont font;
   std::int32_t focused = 0;  ///< the edit that has the focus
-  QString value = {};        ///< what stands in it
+  QString value = {};        ///< the text of that edit
 };
 
 /// Draws the sketch as large as it fits into `area`, with its measures around it and its lines of text below.
 void Paint(QPainter& painter, const QRectF& area, const Sketch& sketch, const Drawing& drawing);
 
-/// The colour in which a fault is told, readable on the palette's base.
+/// The colour of faults, readable on the palette's base.
 QColor FaultColour(const QPalette& palette);
 
 }  // namespace vanzet::view::qt

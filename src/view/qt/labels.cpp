@@ -1,4 +1,7 @@
-#include "view/qt/mnemonics.h"
+#include "view/qt/labels.h"
+
+#include <QApplication>
+#include <QWidget>
 
 namespace vanzet::view::qt {
 namespace {
@@ -15,6 +18,18 @@ qsizetype FirstLetter(const QString& text, Predicate isWanted) {
 QString Escaped(QString text) {
   return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
+
+struct Face {
+  TextRank rank;
+  double size;  ///< times that of the system
+  QFont::Weight weight;
+};
+
+constexpr Face kFaces[] = {
+    {TextRank::kTitle, 1.35, QFont::DemiBold},
+    {TextRank::kGroup, 1.0, QFont::DemiBold},
+    {TextRank::kLetter, 1.0, QFont::Bold},
+};
 
 }  // namespace
 
@@ -37,6 +52,16 @@ bool Mnemonics::IsFree(QChar letter) const {
   // Letters beyond these are not on every keyboard.
   const QChar upper = letter.toUpper();
   return upper >= QLatin1Char('A') && upper <= QLatin1Char('Z') && !taken_.contains(upper);
+}
+
+void SetFont(QWidget& widget, TextRank rank) {
+  for (const Face& face : kFaces) {
+    if (face.rank != rank) continue;
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * face.size);
+    font.setWeight(face.weight);
+    widget.setFont(font);
+  }
 }
 
 }  // namespace vanzet::view::qt

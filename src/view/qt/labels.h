@@ -2,9 +2,12 @@
 
 #include <QString>
 
+class QWidget;
+
+/// The texts of widgets: their fonts, and the letters of the keyboard that lead to them.
 namespace vanzet::view::qt {
 
-/// Gives each text of a window a letter of its own to be reached by with the Alt key.
+/// Finds a letter for each text of a window that leads to it together with the Alt key.
 class Mnemonics {
  public:
   /// The text with a '&' before a letter that no text before has taken: one that begins a word if possible.
@@ -20,5 +23,10 @@ class Mnemonics {
 
   QString taken_;  ///< in upper case
 };
+
+/// The ranks of texts, each with a size and a weight relative to the font of the system.
+enum class TextRank { kTitle, kGroup, kLetter };
+
+void SetFont(QWidget& widget, TextRank rank);
 
 }  // namespace vanzet::view::qt
