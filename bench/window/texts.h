@@ -24,8 +24,8 @@ enum class Text {
   kTreeName, kTreeContent, kSpur, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems,
   kPickHint, kPickPosition, kPickFigure, kPickSolid, kFigures, kSolids, kCancel,
   kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere,
-  kProjectName, kPlace, kSample, kBrowse, kMake, kTaken, kChooseProject, kChooseFolder, kNone, kWritten,
-  kLoaded, kImported, kNameTaken, kKeepBoth, kReplace, kSkip,
+  kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kChooseFolder, kNone, kWritten,
+  kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kCount
 };
 // clang-format on

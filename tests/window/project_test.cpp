@@ -128,7 +128,7 @@ TEST_F(Projects, AskBeforeADroppedFileTakesTheNameOfAnother) {
   WriteBytes(folder / "lathe" / "bodies/scan.step", "mine");
   const auto said = AnswerBox("Skip");
   Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
-  EXPECT_EQ(*said, "There is a scan.step already.");
+  EXPECT_EQ(*said, "scan.step already exists.");
   EXPECT_EQ(ReadBytes(folder / "lathe" / "bodies/scan.step"), "mine");
   EXPECT_FALSE(std::filesystem::exists(folder / "lathe" / "bodies/scan.stl"));
   AnswerBox("Keep Both");

@@ -100,7 +100,7 @@ void NewProjectBox::Check() {
   const bool isNamed = !name_->text().trimmed().isEmpty() && !place_->text().isEmpty();
   const bool isInUse = isNamed && QFileInfo::exists(Folder());
   make_->setEnabled(isNamed && !isInUse);
-  folder_->setText(isInUse ? texts_(Text::kTaken).arg(Folder()) : isNamed ? Folder() : QString(" "));
+  folder_->setText(isInUse ? texts_(Text::kAlreadyExists).arg(Folder()) : isNamed ? Folder() : QString(" "));
 }
 
 }  // namespace vanzet::window

@@ -140,7 +140,7 @@ void ProjectCommands::ImportDropped(const std::vector<fs::path>& files) {
 NameAnswer ProjectCommands::AskAboutName(const fs::path& existing) {
   const Texts& texts = workplace_.texts;
   QMessageBox box(QMessageBox::Question, texts(Text::kWindowTitle),
-                  texts(Text::kNameTaken).arg(ToQString(existing.filename())), QMessageBox::NoButton,
+                  texts(Text::kAlreadyExists).arg(ToQString(existing.filename())), QMessageBox::NoButton,
                   workplace_.window);
   const auto* const both = box.addButton(texts(Text::kKeepBoth), QMessageBox::AcceptRole);
   const auto* const replace = box.addButton(texts(Text::kReplace), QMessageBox::DestructiveRole);

@@ -21,7 +21,7 @@ using devices::Letter;
 constexpr const char* kExample = Translatable("Example: values are missing (%1)");
 constexpr const char* kMustBeLess = Translatable("%1 must be less than %2.");
 constexpr const char* kMustBeAbove0 = Translatable("%1 must be above 0.");
-constexpr const char* kNoOutline = Translatable("These values make no closed outline.");
+constexpr const char* kNoOutline = Translatable("These values do not make a closed outline.");
 constexpr const char* kUnseen = Translatable("%1, not seen from this side");
 constexpr const char* kFromVdm = Translatable("The shape comes from the VDM file.");
 
