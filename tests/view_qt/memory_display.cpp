@@ -7,7 +7,7 @@
 namespace vanzet::test {
 namespace {
 
-void Tell(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+void PrintMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
   if (!text.startsWith(QStringLiteral("This plugin does not support")))
     std::cerr << text.toStdString() << '\n';
 }
@@ -16,7 +16,7 @@ void Tell(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QStri
 
 void UseMemoryAsDisplay() {
   static const QTemporaryDir home;
-  qInstallMessageHandler(Tell);
+  qInstallMessageHandler(PrintMessage);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
   qputenv("XDG_RUNTIME_DIR", home.path().toUtf8());

@@ -36,7 +36,7 @@ class Person {
   Responder& responder_;
 };
 
-/// Replaces what stands in the widget, key by key.
+/// Replaces the text of the widget, key by key.
 void Type(QWidget& widget, const QString& text);
 
 /// Opens the list of a combo and takes an entry.

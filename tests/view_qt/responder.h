@@ -10,7 +10,7 @@ class QMessageBox;
 
 namespace vanzet::test {
 
-/// Answers what stands in front of everything else: boxes and menus, by their buttons and entries.
+/// Answers the boxes and menus in front of the dialog, by their buttons and entries.
 class Responder {
  public:
   Responder();

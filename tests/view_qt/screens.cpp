@@ -104,7 +104,7 @@ void Define(test::DialogWorld& world, const std::string& language) {
 }
 
 /// Shows one dialog, does what the script says, and keeps what is seen then.
-void Take(const Screen& screen, const QString& file) {
+void SavePicture(const Screen& screen, const QString& file) {
   view::qt::QtView qt;
   const platform::PresenterScope boxes(qt.Boxes());
   dialog::CDlgMain dialog(nullptr, qt);
@@ -141,12 +141,12 @@ int TakeAll(const QDir& folder) {
       qputenv("VANZET_LANGUAGE", language);
       test::DialogWorld world;
       Define(world, language);
-      Take({"definition", kDefinition}, folder.filePath(QStringLiteral("definition.png")));
+      SavePicture({"definition", kDefinition}, folder.filePath(QStringLiteral("definition.png")));
       for (const Screen& screen : kScreens) {
         const QString name = QStringLiteral("%1_%2_%3_x%4.png")
                                  .arg(QLatin1String(screen.name), QLatin1String(language),
                                       QLatin1String(isDark ? "dark" : "light"), scale);
-        Take(screen, folder.filePath(name));
+        SavePicture(screen, folder.filePath(name));
       }
     }
   }

@@ -17,7 +17,7 @@ class WindowTest : public testing::Test {
 
   WindowTest() { world.SetMachine({.sub = true, .tail = true, .lun = true, .spurs = 2}); }
 
-  /// Shows the dialog and has it used; it is closed behind that if it is still open. The dialog's result.
+  /// Shows the dialog while `use` uses it, and closes it if it is still open then. Returns its result.
   std::int32_t Serve(const Use& use, QWidget* parent = nullptr);
 
   /// Does the lines of a script with mouse and keyboard.

@@ -149,7 +149,7 @@ TEST_F(Window, IsClosedWhenItsParentGoes) {
 TEST_F(Window, IsClosedWhenTheApplicationEnds) {
   const auto end = [](DialogWindow& window) {
     QCoreApplication::quit();
-    // What closes a dialog that is still open behind the use is not what is looked at.
+    // The fixture closes a dialog that is still open after its use; that is not tested here.
     EXPECT_TRUE(window.isVisible());
   };
   EXPECT_EQ(Serve(end), view::kClosedByFrame);

@@ -67,7 +67,7 @@ TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {
   EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
 }
 
-TEST_F(Dialogs, TellTheLinesTheySendAndTheAnswersTheyRead) {
+TEST_F(Dialogs, ReportTheLinesTheySendAndTheAnswersTheyRead) {
   OpenSample(true);
   EXPECT_THAT(Messages(), HasSubstr("> win 1"));
   EXPECT_THAT(Messages(), HasSubstr("< $_return = '"));
@@ -93,7 +93,7 @@ TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
   EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
 }
 
-TEST_F(Dialogs, ThatFailTellItOnce) {
+TEST_F(Dialogs, ThatFailAreReportedOnce) {
   OpenSample();
   setenv("VANZET_MODULE", "/no/such/module.so", 1);
   window->equipmentCommands().Define();

@@ -46,7 +46,7 @@ TEST_F(WindowPicks, OfAPositionJumpToTheCornerBeside) {
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 160.000000 120.000000"));
 }
 
-TEST_F(WindowPicks, AreBrokenOffByEscape) {
+TEST_F(WindowPicks, AreCancelledByEscape) {
   OpenSample();
   Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] { Escape(); }});
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 80.000000 120.000000"));

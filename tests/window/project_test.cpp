@@ -45,7 +45,7 @@ TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
   EXPECT_EQ(window->session()->project().folder().filename(), "lathe");
 }
 
-TEST_F(Projects, AreNotNeededForTheWindowToStand) {
+TEST_F(Projects, AreNotNeededToOpenTheWindow) {
   EXPECT_FALSE(actions()[Command::kDefinition]->isEnabled());
   EXPECT_FALSE(actions()[Command::kSaveVdm]->isEnabled());
   EXPECT_TRUE(actions()[Command::kOpenProject]->isEnabled());
@@ -80,7 +80,7 @@ TEST_F(Projects, DefinitionsGoToFilesAndBack) {
   EXPECT_FALSE(refused);
 }
 
-TEST_F(Projects, ThatAreOpenInAnotherProcessAreToldAndLeftAlone) {
+TEST_F(Projects, ThatAreOpenInAnotherProcessAreNotChanged) {
   OpenSample(true);
   const auto before = Section(1, 3);
   vdm::VdmStore other(folder / "lathe");

@@ -18,12 +18,12 @@ Span LongSpan(const Point& on, const geometry::Vector2d& direction) {
   return span;
 }
 
-/// The nearest of the places that were told.
+/// Finds the nearest of several places.
 class Search {
  public:
   Search(const Point& place, double reach) : place_(place), distance_(reach) {}
 
-  void Tell(Snap::Kind kind, const Point& point) {
+  void Consider(Snap::Kind kind, const Point& point) {
     const double distance = Dist(place_, point);
     const bool isBetter = found_ ? distance < distance_ - 1e-9 : distance <= distance_;
     if (!isBetter) return;
@@ -67,18 +67,18 @@ std::optional<Snap> SnapPlaces::Near(const Point& place, double reach) const {
     if (IsAbout(span, place, reach)) about.push_back(&span);
   }
   for (const Span* span : about) {
-    search.Tell(Snap::Kind::kEnd, span->p0);
-    search.Tell(Snap::Kind::kEnd, span->p1);
+    search.Consider(Snap::Kind::kEnd, span->p0);
+    search.Consider(Snap::Kind::kEnd, span->p1);
   }
   for (std::size_t i = 0; i < about.size(); ++i) {
     for (std::size_t k = i + 1; k < about.size(); ++k) {
       Point points[2];
       const int count = geometry::Intof(*about[i], *about[k], points[0], points[1]);
-      for (int n = 0; n < count; ++n) search.Tell(Snap::Kind::kIntersection, points[n]);
+      for (int n = 0; n < count; ++n) search.Consider(Snap::Kind::kIntersection, points[n]);
     }
   }
   for (const Span& span : spans_) {
-    if (span.dir != geometry::LINEAR) search.Tell(Snap::Kind::kCentre, span.pc);
+    if (span.dir != geometry::LINEAR) search.Consider(Snap::Kind::kCentre, span.pc);
   }
   return search.found();
 }

@@ -60,7 +60,7 @@ const Display* DisplayOf(const QString& platform) {
 }
 
 /// The platforms to try. A name may have arguments after a colon.
-QStringList Wanted() {
+QStringList WantedPlatforms() {
   const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
   if (!named.isEmpty()) return named.split(QLatin1Char(';'), Qt::SkipEmptyParts);
   QStringList wanted;
@@ -88,7 +88,7 @@ Result<void> Try(const QString& platform) {
 /// is set, then Wayland.
 Result<std::string> StartablePlatform() {
   Fault fault{"no display is named"};
-  for (const QString& platform : Wanted()) {
+  for (const QString& platform : WantedPlatforms()) {
     const auto tried = Try(platform);
     if (tried) return platform.toStdString();
     fault = tried.fault();

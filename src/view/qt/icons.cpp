@@ -56,7 +56,7 @@ const NodeIcon* FindNodeIcon(std::int32_t bitmap) {
 constexpr const char* kAccent = "#3584e4";
 
 /// The drawing of a file with its lines in `lines`; in one colour where the accent would not be seen.
-QByteArray Coloured(const char* file, const QColor& lines, bool isOneColour) {
+QByteArray ReadDrawing(const char* file, const QColor& lines, bool isOneColour) {
   RegisterIcons();
   QFile source(QStringLiteral(":/vanzet/icons/%1.svg").arg(QLatin1String(file)));
   if (!source.open(QIODevice::ReadOnly)) return {};
@@ -78,7 +78,7 @@ class SvgIcon final : public QIconEngine {
     const QColor lines =
         QApplication::palette().color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
     QSvgRenderer drawing(
-        Coloured(isSelected ? selected_ : plain_, lines, mode != QIcon::Normal && mode != QIcon::Active));
+        ReadDrawing(isSelected ? selected_ : plain_, lines, mode != QIcon::Normal && mode != QIcon::Active));
     painter->save();
     if (isMirrored_) {
       painter->translate(2 * rect.x() + rect.width(), 0);

@@ -15,7 +15,7 @@ qsizetype FirstLetter(const QString& text, Predicate isWanted) {
   return -1;
 }
 
-QString Escaped(QString text) {
+QString EscapeSigns(QString text) {
   return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
@@ -39,9 +39,9 @@ QString Mnemonics::Mark(const QString& text) {
   const auto beginsAWord = [&](qsizetype i) { return isFree(i) && (i == 0 || !text[i - 1].isLetter()); };
   qsizetype at = FirstLetter(text, beginsAWord);
   if (at < 0) at = FirstLetter(text, isFree);
-  if (at < 0) return Escaped(text);
+  if (at < 0) return EscapeSigns(text);
   taken_ += text[at].toUpper();
-  return Escaped(text.left(at)) + QLatin1Char('&') + Escaped(text.mid(at));
+  return EscapeSigns(text.left(at)) + QLatin1Char('&') + EscapeSigns(text.mid(at));
 }
 
 void Mnemonics::Release(const QString& letters) {
