@@ -138,6 +138,8 @@ void MainWindow::ConnectCommands() {
   connect(projectCommands_, &ProjectCommands::FileImported, this, [this](const QString& file) {
     messages_->Add(MessageDock::Kind::kNote, texts_(Text::kImported).arg(file));
   });
+  connect(viewCommands_, &ViewCommands::AppearanceChanged, equipmentCommands_,
+          &EquipmentCommands::RefreshDrawing);
   connect(equipmentCommands_, &EquipmentCommands::AtWork, this,
           [this](bool isAtWork) { actions_->Enable(true, isAtWork); });
 }

@@ -70,6 +70,16 @@ TEST_F(Views, OfTheDrawingShowTheLayersThatAreOn) {
   EXPECT_EQ(drawing().grab().toImage(), before);
 }
 
+TEST_F(Views, OfLayersHaveColoursForTheAppearance) {
+  OpenSample(true);
+  const auto swatch = [this] { return layers().list().item(0)->icon().pixmap(24).toImage(); };
+  const QImage light = swatch();
+  actions()[Command::kDark]->trigger();
+  EXPECT_NE(swatch(), light);
+  actions()[Command::kLight]->trigger();
+  EXPECT_EQ(swatch(), light);
+}
+
 TEST_F(Views, OfTheEquipmentTurnMoveAndZoom) {
   OpenSample(true);
   const scene::Look before = equipment().look();

@@ -39,7 +39,7 @@ class EquipmentCommands final : public QObject {
 
   /// Shows the project as its files are now. Nothing is done while no project is open or other work goes on.
   void Refresh();
-  void RefreshDrawing();
+  void RefreshDrawing();  ///< and its layers
 
   /// Shows the equipment of a spur. Requires: a project is open.
   void ShowSpur(int spur);

@@ -76,6 +76,7 @@ Result<void> ViewCommands::ApplyLanguage(const std::string& language) {
 void ViewCommands::ApplyAppearance(Appearance appearance) {
   memory_.SetAppearance(appearance);
   window::ApplyAppearance(*qApp, appearance);
+  emit AppearanceChanged();
 }
 
 }  // namespace vanzet::window

@@ -36,6 +36,9 @@ class ViewCommands final : public QObject {
   /// Shows all texts in the language of the last start; in English where it has no texts.
   void ApplyRememberedLanguage();
 
+ signals:
+  void AppearanceChanged();
+
  private:
   Result<void> ApplyLanguage(const std::string& language);
   void ApplyAppearance(Appearance appearance);
