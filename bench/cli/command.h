@@ -104,7 +104,7 @@ void TranslateHelp(Command& command, const Translations& texts);
 inline constexpr const char* kHelpOption = "--help";
 inline constexpr const char* kVersionOption = "--version";  ///< of the first command only
 
-/// What a command line asks for.
+/// The request of a command line.
 struct Request {
   Work work;       ///< empty when there is nothing left to do: help was printed, or the usage was wrong
   int status = 0;  ///< the exit status without work

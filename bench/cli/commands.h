@@ -8,7 +8,7 @@
 /// The commands of the program.
 namespace vanzet::cli {
 
-/// What all commands share.
+/// The surroundings that all commands share.
 struct Context {
   Places places;
   project::MessagePanel& panel;  ///< standard error

@@ -82,7 +82,7 @@ std::string ManualOf(const Command& program) {
   return text;
 }
 
-/// What may stand behind some words of the command line: commands and options. Longer words come first, so
+/// The words that may follow some words of the command line: commands and options. Longer words come first, so
 /// that a shell that takes the first that fits takes "vdm save" before "vdm".
 using Choices = std::map<std::string, std::string, std::greater<>>;
 

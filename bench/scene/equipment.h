@@ -32,7 +32,7 @@ inline constexpr std::int32_t kSolid = 2;
 }  // namespace finish_part_type
 
 struct Billet {
-  std::int32_t type = 0;  ///< of billet_type; any other number is no billet
+  std::int32_t type = 0;  ///< of billet_type; any other number means none
   double partLength = 0;
   double outerDiameter = 0, innerDiameter = 0;
   double frontAllowance = 0, rearAllowance = 0, barLength = 0;
@@ -43,7 +43,7 @@ struct Billet {
 };
 
 struct FinishPart {
-  std::int32_t type = 0;  ///< of finish_part_type; any other number is no part
+  std::int32_t type = 0;  ///< of finish_part_type; any other number means none
   std::string outside = {}, inside = {};
   std::string solid = {};
 };

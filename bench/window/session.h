@@ -39,7 +39,7 @@ class Session {
   /// The numbers of the definitions that another process has open.
   Result<std::vector<std::uint32_t>> OpenElsewhere() const;
 
-  /// What a call works with.
+  /// The things that a call works with.
   struct Surroundings {
     project::MessagePanel& panel;
     std::unique_ptr<drawing::PickSource> picks;

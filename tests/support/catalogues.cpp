@@ -41,7 +41,7 @@ std::string LiteralAt(std::string_view source) {
   return text;
 }
 
-/// What is put into a text while a program runs.
+/// The places for values that a program fills in.
 std::multiset<std::string> PlacesOf(const std::string& text) {
   static const std::regex kPlace("%[1-9]");
   std::multiset<std::string> places;

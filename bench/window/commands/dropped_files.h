@@ -17,7 +17,7 @@ std::optional<std::string> FolderFor(const std::filesystem::path& file);
 /// The ways to copy a file whose name is in use.
 enum class NameAnswer { kReplace, kKeepBoth, kSkip };
 
-/// Decides about the file `existing`, whose name, or that name with another ending, is wanted again.
+/// Decides about the file `existing`, whose name, or that name with another ending, is taken again.
 using NameQuestion = std::function<NameAnswer(const std::filesystem::path& existing)>;
 
 /// Copies the files into the project, and returns the places of the copies. `ask` is called for each name

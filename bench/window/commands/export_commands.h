@@ -25,7 +25,7 @@ class ExportCommands final : public QObject {
   /// As SVG, or as PNG when the file's name ends so.
   Result<void> WriteDrawing(const std::filesystem::path& file) const;
 
-  // Both fail when there is no equipment.
+  // Both fail when the project has no equipment.
   Result<void> WriteEquipmentPicture(const std::filesystem::path& file) const;
   Result<void> WriteBodies(modeller::ExportFormat format, const std::filesystem::path& folder);
 

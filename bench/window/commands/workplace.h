@@ -12,7 +12,7 @@ class QWidget;
 
 namespace vanzet::window {
 
-/// What the commands of the window share: the open project, what is going on in it, and where they report.
+/// The state that the commands of the window share: the open project, what is going on in it, and where they report.
 /// Only the commands change it.
 struct Workplace {
   QWidget* window;  ///< the parent of boxes

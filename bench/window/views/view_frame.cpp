@@ -5,7 +5,6 @@
 #include <cmath>
 #include <optional>
 
-
 namespace vanzet::window {
 namespace {
 

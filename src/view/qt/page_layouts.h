@@ -21,7 +21,7 @@ struct FieldRow {
   bool isWide = false;       ///< the label is above the control, which takes the whole width
   char letter = 0;           ///< of a device's value: name and unit follow the type of the picture
   Unit unit = Unit::kNone;
-  const char* name = "";  ///< in full, after a letter or where there is no label
+  const char* name = "";  ///< in full, after a letter or without a label
 };
 
 /// Rows under a title.
@@ -38,7 +38,7 @@ struct PageLayout {
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
   std::span<const std::int32_t> actions = {};  ///< buttons at the foot
-  const char* noPicture = "";                  ///< shown on the card while there is no picture
+  const char* noPicture = "";                  ///< shown on the card without a picture
 };
 
 /// The layouts of all pages that have controls.

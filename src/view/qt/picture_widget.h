@@ -11,7 +11,7 @@ namespace vanzet::view::qt {
 /// The picture of a page on a card. It follows the values while they are typed.
 class PictureWidget final : public QFrame {
  public:
-  /// `nothing` is shown on the card while there is no picture.
+  /// `nothing` is shown on the card without a picture.
   PictureWidget(QString nothing, QWidget* parent);
 
   /// Draws the picture of that id (0: none) with the values of the page. The measure of the edit `focused` is

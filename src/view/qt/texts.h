@@ -10,7 +10,7 @@ namespace vanzet::view::qt {
 /// variable VANZET_LANGUAGE, else that of the application's locale, which is the system's where the host has
 /// set no other.
 ///
-/// Source   the section "view" of the catalogues in share/messages; English where there is no translation
+/// Source   the section "view" of the catalogues in share/messages; English without a translation
 QString Translate(const char* english);
 
 /// The code of the language that texts are shown in: "en", "de".
