@@ -82,8 +82,8 @@ std::string ManualOf(const Command& program) {
   return text;
 }
 
-/// The words that may follow some words of the command line: commands and options. Longer words come first, so
-/// that a shell that takes the first that fits takes "vdm save" before "vdm".
+/// The words that may follow some words of the command line: commands and options. Longer words come first,
+/// so that a shell that takes the first that fits takes "vdm save" before "vdm".
 using Choices = std::map<std::string, std::string, std::greater<>>;
 
 void Collect(const Command& command, const std::string& words, Choices& choices) {

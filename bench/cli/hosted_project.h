@@ -27,9 +27,9 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
 Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
                                api::Host& host, const Context& context);
 
-/// The facts of a project that a form is checked against: its machine, its catalogue, its figures and bodies, and the
-/// files of own devices, as a module would find them through the host. Project and host have to outlive the
-/// result. A catalogue that does not exist has no devices.
+/// The facts of a project that a form is checked against: its machine, its catalogue, its figures and bodies,
+/// and the files of own devices, as a module would find them through the host. Project and host have to
+/// outlive the result. A catalogue that does not exist has no devices.
 Result<define::Surroundings> SurroundingsOf(const project::Project& project, api::Host& host);
 
 }  // namespace vanzet::cli

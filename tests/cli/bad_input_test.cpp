@@ -92,7 +92,7 @@ TEST_F(BadInput, ATraceThatFillsTheDisk) {
   MakeProject();
   const Outcome upgraded = Vanzet("upgrade lathe --trace /dev/full");
   EXPECT_EQ(upgraded.status, 1);
-  EXPECT_THAT(upgraded.err, HasSubstr("/dev/full: the trace cannot be written"));
+  EXPECT_THAT(upgraded.err, HasSubstr("/dev/full: the trace cannot be continued"));
 }
 
 TEST_F(BadInput, ANameOverTwoLinesIsToldOnOne) {
@@ -172,7 +172,7 @@ TEST_F(BadInput, AMachineThatIsNoTextOrTooLarge) {
 TEST_F(BadInput, VariablesThatNameNoNumber) {
   MakeUpgradedProject();
   WriteBytes(folder / "lathe/bench.ini", "[variables]\ni_billet_vdm = first\n");
-  ExpectRefused("show lathe", "bench.ini:2:14: i_billet_vdm: expected an integer, found 'first'");
+  ExpectRefused("show lathe", "bench.ini:2:16: i_billet_vdm: expected an integer, found 'first'");
 }
 
 TEST_F(BadInput, AModuleThatIsNotThere) {

@@ -25,15 +25,17 @@ TEST_F(MacroLines, ThatAreWrongAreToldAndTheOthersRun) {
   MakeUpgradedProject();
   const Outcome run = Vanzet("command lathe rubbish \"vdm save 'job.vdm' i_ret 1000\"");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "vanzet: 'rubbish':1: unknown command 'rubbish'\nvanzet: 1 of 2 lines failed\n");
+  EXPECT_EQ(run.err,
+            "vanzet: 'rubbish':1: unknown command 'rubbish'\n  rubbish\n  ^\nvanzet: 1 of 2 lines failed\n");
   EXPECT_TRUE(std::filesystem::exists(folder / "job.vdm"));
 }
 
-TEST_F(MacroLines, ThatAreWrongAloneAreOneLineOfError) {
+TEST_F(MacroLines, ThatAreWrongAloneAreOneMessageWithItsPlace) {
   MakeUpgradedProject();
-  EXPECT_EQ(Vanzet("command lathe rubbish").err, "vanzet: 'rubbish':1: unknown command 'rubbish'\n");
+  EXPECT_EQ(Vanzet("command lathe rubbish").err,
+            "vanzet: 'rubbish':1: unknown command 'rubbish'\n  rubbish\n  ^\n");
   EXPECT_EQ(Vanzet("command lathe $'foo\\nbar'", "", "").err,
-            "vanzet: 'foo\\nbar':1: unknown command 'foo\\nbar'\n");
+            "vanzet: 'foo\\nbar':1: unknown command 'foo\\nbar'\n  foo\\nbar\n  ^\n");
 }
 
 TEST_F(MacroLines, DoNotWriteOverTheStore) {

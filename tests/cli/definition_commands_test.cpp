@@ -114,7 +114,7 @@ TEST_F(DefinitionCommands, GiveUpANewerDefinitionAndSaySo) {
   const Outcome upgraded = Vanzet("upgrade lathe");
   EXPECT_EQ(upgraded.status, 1);
   EXPECT_THAT(upgraded.err, StartsWith("Clamp definition: Newer version can not read\n"));
-  EXPECT_THAT(upgraded.err, HasSubstr("vanzet: spur 1: VDM 1001 is no definition of version 100"));
+  EXPECT_THAT(upgraded.err, HasSubstr("vanzet: spur 1: VDM 1001 is not a definition of version 100"));
 }
 
 TEST_F(DefinitionCommands, UpgradeFiftySpurs) {

@@ -74,7 +74,7 @@ TEST_F(DrawingCommands, EquipmentThatIsNotThereIsTold) {
   const Outcome pictured = Vanzet("picture lathe --view equipment --out a.png");
   EXPECT_EQ(pictured.status, 1);
   EXPECT_EQ(pictured.err, "vanzet: spur 0 has no definition yet; 'vanzet upgrade' creates it\n");
-  EXPECT_THAT(Vanzet("picture lathe --view equipment --out a.svg").err, HasSubstr("is a .png file"));
+  EXPECT_THAT(Vanzet("picture lathe --view equipment --out a.svg").err, HasSubstr("can only be a .png file"));
 }
 
 TEST_F(DrawingCommands, WrongUsageHasTheStatusTwo) {

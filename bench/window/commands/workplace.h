@@ -12,8 +12,8 @@ class QWidget;
 
 namespace vanzet::window {
 
-/// The state that the commands of the window share: the open project, what is going on in it, and where they report.
-/// Only the commands change it.
+/// The state that the commands of the window share: the open project, what is going on in it, and where they
+/// report. Only the commands change it.
 struct Workplace {
   QWidget* window;  ///< the parent of boxes
   const Texts& texts;
