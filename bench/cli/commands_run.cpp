@@ -38,6 +38,16 @@ Result<void> LoadPicks(const std::string& file, api::Host& host) {
   return {};
 }
 
+/// Plays the script. The transcript goes to its file; without one it is printed.
+Result<std::string> PlayAndPrint(const std::string& script, const std::string& transcriptFile,
+                                 api::Host& host, Context& context) {
+  if (!transcriptFile.empty()) return PlayDialog(script, transcriptFile, host, context);
+  VANZET_TRY(const auto folder, host.runFolder.Path());
+  VANZET_TRY(const auto transcript, PlayDialog(script, folder / "transcript.jsonl", host, context));
+  VANZET_DO(Print(transcript));
+  return transcript;
+}
+
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& script = operands.words.front();
@@ -46,14 +56,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   api::Host& host = *hosted->host;
   VANZET_DO(host.store.Check());
   VANZET_DO(LoadPicks(arguments.picks, host));
-  VANZET_TRY(const auto folder, host.runFolder.Path());
-  const bool isPrinted = arguments.transcript.empty();
-  const std::filesystem::path file =
-      isPrinted ? folder / "transcript.jsonl" : std::filesystem::path(arguments.transcript);
-  VANZET_TRY(const auto transcript, PlayDialog(script, file, host, context));
-  if (isPrinted) {
-    VANZET_DO(Print(transcript));
-  }
+  VANZET_TRY(const auto transcript, PlayAndPrint(script, arguments.transcript, host, context));
   VANZET_DO(CheckTranscript(transcript, script));
   VANZET_DO(host.board.Save());
   return context.panel.faults() == 0 ? Result<void>()

@@ -22,10 +22,11 @@ constexpr double kSameSize = 0.2;  // millimetres: what facets leave out, and th
 
 const modeller::Axis kSpindle = {{0, 0, 0}, {1, 0, 0}};
 
-Kurve Rectangle(double fromX, double toX, double fromY, double toY) {
+Kurve Rectangle(double left, double right, double bottom, double top) {
   Kurve contour;
-  contour.Start(Point(fromX, fromY));
-  for (const Point& corner : {Point(toX, fromY), Point(toX, toY), Point(fromX, toY), Point(fromX, fromY)}) {
+  contour.Start(Point(left, bottom));
+  for (const Point& corner :
+       {Point(right, bottom), Point(right, top), Point(left, top), Point(left, bottom)}) {
     contour.Add(corner);
   }
   return contour;

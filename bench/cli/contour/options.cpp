@@ -40,6 +40,7 @@ template <class Value>
 void AddChoice(Command& command, const std::string& name, const std::string& type, Value& value,
                const std::string& help, const std::map<std::string, Value>& words) {
   std::vector<std::string> names;
+  names.reserve(words.size());
   for (const auto& [word, meaning] : words) names.push_back(word);
   const auto take = [&value, words](const std::string&, const std::string& word) { value = words.at(word); };
   command.AddOption(name, type, help, take).OneOf(std::move(names));

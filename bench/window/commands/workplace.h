@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <memory>
 
 #include "scene/scene.h"
@@ -51,12 +53,10 @@ class BusyMark {
 /// Runs the command by the row of a family's table. False when the family does not have it.
 template <class Family, class Rows>
 bool RunFromTable(Family& family, const Rows& rows, Command command) {
-  for (const auto& row : rows) {
-    if (row.command != command) continue;
-    (family.*row.run)();
-    return true;
-  }
-  return false;
+  const auto row = std::ranges::find_if(rows, [&](const auto& one) { return one.command == command; });
+  if (row == std::end(rows)) return false;
+  (family.*row->run)();
+  return true;
 }
 
 }  // namespace vanzet::window

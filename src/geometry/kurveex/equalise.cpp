@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <limits>
+#include <utility>
 
 #include "geometry/equalise.h"
 #include "geometry/forms/wide_text.h"
@@ -200,9 +201,9 @@ int EqualiseSpanCount(const KurveEx& a, const KurveEx& b, KurveEx& outA, KurveEx
   if (a.perim < TOLERANCE) return AgainstPoint(a, b, outA, outB);
   if (b.perim < TOLERANCE) return AgainstPoint(b, a, outB, outA);
   if (!force && a.SpanCount() == b.SpanCount()) {
-    const KurveEx copyB(b);
+    KurveEx copyB(b);  // b may be outA
     outA = KurveEx(a);
-    outB = copyB;
+    outB = std::move(copyB);
     return outA.SpanCount();
   }
   Strand strandA(a);

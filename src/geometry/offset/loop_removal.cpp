@@ -34,7 +34,7 @@ class PlainSearch {
  public:
   PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
 
-  std::size_t Next(std::size_t, std::size_t from, std::size_t end) const { return std::min(from, end); }
+  static std::size_t Next(std::size_t, std::size_t from, std::size_t end) { return std::min(from, end); }
 
   bool AnyWithin(const Point& p, double distance) const {
     return std::any_of(source_.begin(), source_.end(), [&](const Span& span) {

@@ -98,7 +98,7 @@ int Kurve::Offset(std::vector<Kurve*>& list, double offset, int direction, int m
   auto made = std::make_unique<Kurve>();
   const int code = OffsetMethod1(*made, offset, direction, method);
   list.push_back(made.get());
-  made.release();
+  static_cast<void>(made.release());  // the list owns it
   return code;
 }
 
