@@ -173,21 +173,6 @@ std::string_view Translations::Translate(std::string_view section, std::string_v
   return text == texts->second.end() ? english : std::string_view(text->second);
 }
 
-std::string FillPlaces(std::string_view text, std::initializer_list<std::string_view> values) {
-  std::string filled;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isPlace = text[i] == '%' && i + 1 < text.size() && text[i + 1] >= '1' && text[i + 1] <= '9';
-    const auto number = isPlace ? static_cast<std::size_t>(text[i + 1] - '1') : values.size();
-    if (number < values.size()) {
-      filled += values.begin()[number];
-      ++i;
-    } else {
-      filled += text[i];
-    }
-  }
-  return filled;
-}
-
 std::string LanguageOfLocale(std::string_view locale) {
   std::string language;
   for (const char c : locale) {

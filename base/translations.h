@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -52,9 +51,6 @@ class Translations {
   std::string languageName_ = "English";
   SectionTable sections_;
 };
-
-/// Puts values into the places of a text: the first for "%1", the second for "%2".
-std::string FillPlaces(std::string_view text, std::initializer_list<std::string_view> values);
 
 /// The language of a locale in small letters: "de" of "de_AT.UTF-8". Empty when it does not begin with one.
 std::string LanguageOfLocale(std::string_view locale);

@@ -91,11 +91,6 @@ TEST(BrokenTranslationsTest, QuoteTheirLine) {
   EXPECT_EQ(translations.fault().source, "  [a");
 }
 
-TEST(FillPlacesTest, PutsValuesInWhateverTheyHold) {
-  EXPECT_EQ(FillPlaces("%2 before %1", {"%2", "b"}), "b before %2");
-  EXPECT_EQ(FillPlaces("100 % of %1, %2, %", {"a"}), "100 % of a, %2, %");
-}
-
 TEST(LanguageOfLocaleTest, IsItsFirstPartInSmallLetters) {
   EXPECT_EQ(LanguageOfLocale("de_AT.UTF-8"), "de");
   EXPECT_EQ(LanguageOfLocale("DE"), "de");
