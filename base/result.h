@@ -16,6 +16,7 @@ enum class FaultKind {
   kBusy,     ///< somebody else holds it now; later it may work
   kDamaged,  ///< stored data cannot be trusted
   kSystem,   ///< the operating system refused: no permission, no space, no descriptors
+  kReported  ///< the person was told already, on the message panel: there is nothing left to say
 };
 
 /// Why something could not be done, written for the person who can mend it.
@@ -37,6 +38,11 @@ struct Fault {
     return OneLine(place.empty() ? text : place + ": " + text);
   }
 };
+
+/// The fault of work whose failures are all on the message panel.
+inline Fault ReportedFault() {
+  return {.text = "the work failed; see the messages above", .kind = FaultKind::kReported};
+}
 
 /// The value, or the reason that there is none.
 template <class T>

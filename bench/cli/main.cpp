@@ -50,7 +50,7 @@ int DoWork(const Work& work, Context& context) {
   try {
     const auto done = work();
     if (done) return kDone;
-    context.panel.Tell(done.fault());
+    if (done.fault().kind != FaultKind::kReported) context.panel.Tell(done.fault());
   } catch (const std::exception& error) {
     context.panel.Tell(Fault{error.what()});
   }
