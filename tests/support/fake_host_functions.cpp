@@ -12,8 +12,8 @@ namespace vanzet::test {
 
 /// What a call of the fallback gives: zero as an integer and as a real, whatever is expected of it.
 struct Zero {
-  long integer = 0;
-  double real = 0;
+  long integer;
+  double real;
 };
 
 namespace {
