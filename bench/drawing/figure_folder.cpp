@@ -25,7 +25,7 @@ std::vector<std::string> FigureFolder::Names() const {
   std::vector<std::string> names;
   for (const std::filesystem::path& file : Files()) names.push_back(file.stem().string());
   std::ranges::sort(names);
-  names.erase(std::ranges::unique(names).begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
   return names;
 }
 
