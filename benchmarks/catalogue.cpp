@@ -55,7 +55,7 @@ class LargeCatalogue {
       lines.push_back(NameOf(i));
       PackDeviceParams(params, lines.emplace_back());
     }
-    files::WriteWholeFile(file_, CatalogueText(lines));
+    static_cast<void>(files::ReplaceFile(file_, CatalogueText(lines), files::Keep::kIdentity));
     device.SetPath(file_.string());
   }
   ~LargeCatalogue() { std::filesystem::remove(file_); }

@@ -1,47 +1,24 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
-#include <string>
-#include <string_view>
+
+#include "base/files/descriptor_posix.h"
 
 namespace vanzet::files {
 
-/// An open file, closed with the object. Where a function returns false, `errno` holds the reason.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const std::filesystem::path& file, int flags, mode_t mode = 0);
-  ~Descriptor();
-  Descriptor(Descriptor&& other) noexcept;
-  Descriptor& operator=(Descriptor&&) = delete;
-
-  explicit operator bool() const { return number_ >= 0; }
-  int number() const { return number_; }
-
-  /// Passes all bytes to the system.
-  bool Write(std::string_view bytes) const;
-
-  /// Returns when all that was written is on the disk.
-  bool Sync() const;
-
- private:
-  int number_;  ///< below 0: the file could not be opened, or was moved away
-};
-
-/// Puts the entries of a folder on the disk: until then a power failure can undo a rename in it.
-bool SyncFolder(const std::filesystem::path& folder);
-
-/// A file next to another one, its target, that takes the target's name when it is complete. Until then it is
-/// deleted with the object. Where a function returns false, `errno` holds the reason.
+/// A new file in the folder of another one, its target, whose name it takes when it is complete.
+///
+/// Until then it has no name at all, and goes with its process however that ends. Where the system has no
+/// such files it is named "TARGET.new-XXXXXX" from the start and deleted with the object; a process that is
+/// killed leaves it. The open file is locked, so a name whose file nobody has locked is known to be left over:
+/// `RemoveLeftovers` in whole_file.h. Where a function returns false, `errno` holds the reason.
 class Neighbour {
  public:
-  /// Opens "TARGET.new-PID", a name that says whose file it is when a killed process leaves it.
-  static Neighbour OfThisProcess(std::filesystem::path target);
+  /// Opens a file without a name, or, where there is none, one with a name.
+  static Neighbour Of(const std::filesystem::path& target);
 
-  /// Opens "TARGET.new-XXXXXX", a name that no other process has, here or on another machine.
-  static Neighbour Unique(std::filesystem::path target);
+  /// Opens a file with a name. It never existed before, and no link is followed to it.
+  static Neighbour WithName(const std::filesystem::path& target);
 
   ~Neighbour();
   Neighbour(Neighbour&& other) noexcept;
@@ -55,10 +32,12 @@ class Neighbour {
   bool TakeNameOfTarget();
 
  private:
-  Neighbour(std::filesystem::path target, std::string path, Descriptor descriptor);
+  Neighbour(std::filesystem::path target, std::filesystem::path path, Descriptor descriptor);
+
+  bool TakeSomeName();
 
   std::filesystem::path target_;
-  std::string path_;  ///< empty: renamed, or moved away
+  std::filesystem::path path_;  ///< empty: it has no name, has the target's, or was moved away
   Descriptor descriptor_;
 };
 

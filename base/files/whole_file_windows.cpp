@@ -15,6 +15,10 @@ bool WriteTo(const fs::path& file, std::string_view bytes) {
   return !stream.fail();
 }
 
+Fault CannotBeWritten(const fs::path& file, const std::string& reason) {
+  return {.text = "cannot be written" + reason, .file = file.string(), .kind = FaultKind::kSystem};
+}
+
 }  // namespace
 
 bool IsChangeableFile(const fs::path& file) {
@@ -22,17 +26,20 @@ bool IsChangeableFile(const fs::path& file) {
   return fs::is_regular_file(file, unknown) && std::fstream(file, std::ios::in | std::ios::out).is_open();
 }
 
-bool WriteWholeFile(const fs::path& file, std::string_view bytes) {
+Result<void> ReplaceFile(const fs::path& file, std::string_view bytes, Keep) {
   std::error_code error;
-  if (fs::exists(file, error) && !IsChangeableFile(file)) return false;
+  if (fs::exists(file, error) && !IsChangeableFile(file)) return CannotBeWritten(file, "");
   const fs::path target = fs::weakly_canonical(file, error);
   fs::path beside = target;
   beside += ".new";
-  bool done = !error && WriteTo(beside, bytes);
-  if (done) fs::rename(beside, target, error);
-  done = done && !error;
-  if (!done) fs::remove(beside, error);
-  return done;
+  if (!error && !WriteTo(beside, bytes)) error = std::make_error_code(std::errc::io_error);
+  if (!error) fs::rename(beside, target, error);
+  if (!error) return {};
+  std::error_code unknown;
+  fs::remove(beside, unknown);
+  return CannotBeWritten(file, ": " + error.message());
 }
+
+void RemoveLeftovers(const fs::path&) {}
 
 }  // namespace vanzet::files

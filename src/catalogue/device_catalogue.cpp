@@ -70,7 +70,8 @@ bool CDevice::ReadFile() {
 }
 
 bool CDevice::WriteFile() const {
-  return files::WriteWholeFile(platform::FileOf(path_), CatalogueText(lines_));
+  return static_cast<bool>(
+      files::ReplaceFile(platform::FileOf(path_), CatalogueText(lines_), files::Keep::kIdentity));
 }
 
 void CDevice::PutDevice(const std::string& name, const std::string& valueLine) {
