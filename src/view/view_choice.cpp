@@ -27,6 +27,12 @@ bool HasDisplay() {
   return std::ranges::any_of(kVariables, [](const char* name) { return !FromEnvironment(name).empty(); });
 }
 
+/// The rules of a script: docs/formats/script.md.
+ScriptRules RulesFromEnvironment() {
+  return {.name = FromEnvironment("VANZET_SCRIPT_NAME"),
+          .reportsErrors = FromEnvironment("VANZET_SCRIPT_MODE") != "transcript"};
+}
+
 std::filesystem::path QtLibrary() {
   const std::string named = FromEnvironment("VANZET_VIEW_QT");
   return named.empty() ? platform::OwnFolder() / kQtLibrary : std::filesystem::path(named);
@@ -37,7 +43,8 @@ std::filesystem::path QtLibrary() {
 std::unique_ptr<View> ViewChoice::Choose() {
   const std::string script = FromEnvironment("VANZET_SCRIPT");
   if (!script.empty()) {
-    return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")));
+    return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")),
+                                        RulesFromEnvironment());
   }
   std::unique_ptr<View> onDisplay = HasDisplay() ? OnDisplay() : nullptr;
   return onDisplay ? std::move(onDisplay) : std::make_unique<ConsoleView>();

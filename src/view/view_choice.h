@@ -10,7 +10,8 @@ namespace vanzet::view {
 
 /// Decides which view serves the user. Nothing else decides it.
 ///
-/// VANZET_SCRIPT names a file      the script serves; VANZET_TRANSCRIPT names the file of the transcript
+/// VANZET_SCRIPT names a file      the script serves; VANZET_TRANSCRIPT names the file of the transcript,
+///                                 VANZET_SCRIPT_NAME the script in faults; VANZET_SCRIPT_MODE has its rules
 /// a display exists                the Qt view, from its library next to the module or from the file that
 ///                                 VANZET_VIEW_QT names. DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM say that
 ///                                 a display exists

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "support/golden.h"
+#include "support/reported_faults.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::view {
@@ -112,6 +113,45 @@ TEST_F(ScriptViewTest, TellsWhatClosedTheDialog) {
   EXPECT_EQ(Written(), "{\"event\":\"closed\",\"by\":\"close\"}\n");
   EXPECT_EQ(Events("select 2\n"), "select 2\nclose 0\n");
   EXPECT_EQ(Written(), "{\"event\":\"closed\",\"by\":\"end-of-script\"}\n");
+}
+
+TEST_F(ScriptViewTest, ReportsTheLineThatFailsToTheHost) {
+  const test::ReportedFaults host;
+  Events("select 2\nset 10 \"\\x\"\npress 1\n");
+  ASSERT_EQ(host.faults().size(), 1U);
+  const Fault& fault = host.faults().front();
+  EXPECT_EQ(fault.Message(),
+            (folder / "script.txt").string() + ":2:9: unknown escape in quotes: expected \\\", \\\\ or \\n");
+  EXPECT_EQ(fault.source, "set 10 \"\\x\"");
+  EXPECT_EQ(fault.kind, FaultKind::kRefused);
+}
+
+TEST_F(ScriptViewTest, ReportsAScriptThatCannotBeRead) {
+  const test::ReportedFaults host;
+  const ScriptView view("missing.txt", std::make_shared<Transcript>((folder / "run.jsonl").string()));
+  EXPECT_EQ(host.Messages(), std::vector<std::string>{"missing.txt: the script cannot be read"});
+}
+
+TEST_F(ScriptViewTest, ReportsNothingWhereTheTranscriptIsReadInstead) {
+  const test::ReportedFaults host;
+  test::WriteBytes(folder / "script.txt", "dance\n");
+  ScriptView view((folder / "script.txt").string(),
+                  std::make_shared<Transcript>((folder / "run.jsonl").string()), {.reportsErrors = false});
+  NotingDialog dialog;
+  view.Serve(dialog, nullptr, 4);
+  EXPECT_TRUE(host.faults().empty());
+  EXPECT_TRUE(Written().starts_with("{\"event\":\"error\",\"line\":1,"));
+}
+
+TEST_F(ScriptViewTest, EndsAtATranscriptThatCannotBeWritten) {
+  const test::ReportedFaults host;
+  test::WriteBytes(folder / "script.txt", "state\nselect 2\npress 1\n");
+  ScriptView view((folder / "script.txt").string(), std::make_shared<Transcript>("/dev/full"));
+  NotingDialog dialog;
+  view.Serve(dialog, nullptr, 4);
+  EXPECT_EQ(test::Lines(dialog.events), "close 0\n");
+  EXPECT_EQ(host.Messages(),
+            std::vector<std::string>{"/dev/full: the transcript cannot be written: No space left on device"});
 }
 
 TEST_F(ScriptViewTest, ClosesADialogAtOnceWhenALeadingLineWasRefused) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/reported_faults.h"
 #include "support/temporary_folder.h"
 #include "view/script/json.h"
 
@@ -43,9 +44,13 @@ TEST(Transcript, GoesToStandardOutputWithoutAFile) {
 TEST(Transcript, GoesToStandardOutputWhenTheFileCannotBeWritten) {
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
+  const test::ReportedFaults host;
   Transcript("/no/such/folder/run.jsonl").Error(1, "x");
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "{\"event\":\"error\",\"line\":1,\"text\":\"x\"}\n");
   EXPECT_NE(testing::internal::GetCapturedStderr().find("/no/such/folder/run.jsonl"), std::string::npos);
+  EXPECT_EQ(host.Messages(),
+            std::vector<std::string>{
+                "/no/such/folder/run.jsonl: the transcript cannot be written: No such file or directory"});
 }
 
 }  // namespace

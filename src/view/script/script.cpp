@@ -83,6 +83,9 @@ Result<ScriptLine> ScriptReader::Next() {
     }
     if (!words->empty()) return words;
   }
+  if (text_.bad()) {
+    return Fault{.text = "the script cannot be read to its end", .kind = FaultKind::kSystem};
+  }
   return ScriptLine();
 }
 

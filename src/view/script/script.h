@@ -26,7 +26,7 @@ class ScriptReader {
   explicit ScriptReader(std::istream& text) : text_(text) {}
 
   /// The words of the next line, none at the end. A fault has line, column and source line; reading can go on
-  /// after it.
+  /// after it. A text that cannot be read to its end is a fault of the kind `kSystem`.
   Result<ScriptLine> Next();
 
   /// The number of the line read last, from 1.

@@ -6,6 +6,7 @@
 
 #include "base/numbers.h"
 #include "platform/files.h"
+#include "platform/host_extensions.h"
 #include "view/script/script_commands.h"
 
 namespace vanzet::view {
@@ -47,14 +48,18 @@ const ScriptView::Command ScriptView::kCommands[] = {
     {"state", false, &ScriptView::State},
 };
 
-ScriptView::ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript)
-    : transcript_(std::move(transcript)) {
-  if (platform::IsReadableFile(scriptFile)) {
-    text_.open(platform::FileOf(scriptFile), std::ios::binary);
+ScriptView::ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript,
+                       ScriptRules rules)
+    : transcript_(std::move(transcript)), rules_(std::move(rules)) {
+  if (rules_.name.empty()) rules_.name = scriptFile;
+  if (platform::IsReadableFile(scriptFile)) text_.open(platform::FileOf(scriptFile), std::ios::binary);
+  if (text_.is_open()) {
     QueueLeadingLines();
-  } else {
-    Refuse({scriptFile + ": cannot be read"});
+    return;
   }
+  isRefused_ = true;
+  transcript_->Error(0, scriptFile + ": cannot be read");
+  Report({.text = "the script cannot be read", .kind = FaultKind::kSystem});
 }
 
 std::int32_t ScriptView::Present(const platform::MessageBox& message) {
@@ -72,8 +77,8 @@ std::optional<std::string> ScriptView::Choose(const platform::FileQuestion& ques
 }
 
 std::int32_t ScriptView::Serve(Dialog& dialog, void* /*parent*/, std::int32_t /*flags*/) {
-  while (dialog.IsOpen() && !isRefused_ && !line_.empty()) Step(dialog);
-  const bool isEnd = dialog.IsOpen() && !isRefused_;
+  while (dialog.IsOpen() && CanGoOn() && !line_.empty()) Step(dialog);
+  const bool isEnd = dialog.IsOpen() && CanGoOn();
   if (dialog.IsOpen()) dialog.Close();
   transcript_->Closed(dialog.Result() == kClosedByOk ? "ok" : isEnd ? "end-of-script" : "close");
   return dialog.Result();
@@ -125,9 +130,18 @@ void ScriptView::QueueLeadingLines() {
   }
 }
 
-void ScriptView::Refuse(const Fault& fault) {
+void ScriptView::Refuse(Fault fault) {
   isRefused_ = true;
-  transcript_->Error(script_.LineNumber(), fault.text);
+  fault.line = script_.LineNumber();
+  transcript_->Error(fault.line, fault.text);
+  Report(fault);
+}
+
+void ScriptView::Report(const Fault& fault) {
+  if (!rules_.reportsErrors) return;
+  Fault named = fault;
+  named.file = rules_.name;
+  platform::ReportFault(named);
 }
 
 Result<void> ScriptView::Answer(Dialog* /*dialog*/, const ScriptLine& line) {

@@ -13,19 +13,26 @@
 
 namespace vanzet::view {
 
+/// How a script is played.
+struct ScriptRules {
+  std::string name = {};      ///< of the script in faults; empty: the name of its file
+  bool reportsErrors = true;  ///< a line that fails is also a fault of the host
+};
+
 /// Plays the user from a script, and writes what happens to a transcript: docs/formats/script.md.
 ///
 /// Boxes    a question takes the next queued answer, or gets No without one. A box with one button is
 ///          answered OK and takes none
 /// Files    a file dialog takes the next queued result, or is cancelled without one
-/// Errors   a line that fails is an event of the transcript, and closes the dialog
+/// Errors   a line that fails is an event of the transcript and a fault of the host, and closes the dialog; so
+///          does a transcript that cannot be written
 class ScriptView final : public View,
                          public platform::BoxPresenter,
                          public platform::FilePresenter,
                          public DialogView {
  public:
   /// Queues the answers and files at the head of the script, before all other commands.
-  ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript);
+  ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript> transcript, ScriptRules rules = {});
 
   platform::BoxPresenter& Boxes() override { return *this; }
   platform::FilePresenter& Files() override { return *this; }
@@ -48,7 +55,11 @@ class ScriptView final : public View,
   static const Command* CommandOf(const ScriptLine& line);
 
   void QueueLeadingLines();
-  void Refuse(const Fault& fault);
+
+  /// Ends the script: writes the error of a line, and reports it.
+  void Refuse(Fault fault);
+  void Report(const Fault& fault);
+  bool CanGoOn() const { return !isRefused_ && transcript_->IsComplete(); }
 
   /// Runs the line that was read last, and reads the next one.
   void Step(Dialog& dialog);
@@ -61,6 +72,7 @@ class ScriptView final : public View,
   Result<void> Context(Dialog* dialog, const ScriptLine& line);
 
   std::shared_ptr<Transcript> transcript_;
+  ScriptRules rules_;
   std::ifstream text_;
   ScriptReader script_{text_};
   ScriptLine line_;         ///< the line read last, not run yet; without words at the end

@@ -1,9 +1,12 @@
 #include "view/script/transcript.h"
 
+#include <cerrno>
 #include <fstream>
 #include <iostream>
 
+#include "base/files/system_fault.h"
 #include "platform/files.h"
+#include "platform/host_extensions.h"
 #include "view/script/json.h"
 #include "view/script/state_json.h"
 
@@ -24,16 +27,26 @@ std::string EntriesJson(const std::vector<PopupEntry>& entries) {
   return array.AsArray();
 }
 
+Fault CannotBeWritten(const std::string& file, int error) {
+  constexpr const char* kWhat = "the transcript cannot be written";
+  if (file.empty()) return {.text = "standard output cannot be written", .kind = FaultKind::kSystem};
+  if (error == 0) return {.text = kWhat, .file = file, .kind = FaultKind::kSystem};
+  return files::SystemFault(kWhat, error, file);
+}
+
 }  // namespace
 
 Transcript::Transcript(const std::string& file) {
   if (file.empty()) return;
+  errno = 0;
   auto stream = std::make_unique<std::ofstream>(platform::FileOf(file), std::ios::binary);
   if (stream->is_open()) {
+    name_ = file;
     file_ = std::move(stream);
-  } else {
-    std::cerr << file + ": the transcript cannot be written there; it goes to standard output\n";
+    return;
   }
+  platform::ReportFault(CannotBeWritten(file, errno));
+  std::cerr << file + ": the transcript cannot be written there; it goes to standard output\n";
 }
 
 void Transcript::Box(const platform::MessageBox& message, std::int32_t answer) {
@@ -87,7 +100,13 @@ void Transcript::Error(int line, std::string_view text) {
 }
 
 void Transcript::Write(const std::string& object) {
-  (file_ ? *file_ : std::cout) << object + "\n" << std::flush;
+  if (!isComplete_) return;
+  std::ostream& stream = file_ ? *file_ : std::cout;
+  errno = 0;
+  stream << object + "\n" << std::flush;
+  if (stream) return;
+  isComplete_ = false;
+  platform::ReportFault(CannotBeWritten(name_, errno));
 }
 
 }  // namespace vanzet::view

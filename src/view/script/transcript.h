@@ -16,10 +16,12 @@ namespace vanzet::view {
 
 /// The events of a script, one JSON object a line. Each line is flushed, so that a crash keeps the lines
 /// before it. The forms: docs/formats/script.md.
+///
+/// Errors   the first line that cannot be written is reported to the host; later ones are dropped
 class Transcript {
  public:
   /// Writes to the file, from its start. Writes to standard output when the name is empty, or when the file
-  /// cannot be written, which is reported on standard error.
+  /// cannot be opened, which is reported on standard error and to the host.
   explicit Transcript(const std::string& file);
 
   void Box(const platform::MessageBox& message, std::int32_t answer);
@@ -33,10 +35,15 @@ class Transcript {
   /// `line` is that of the script; 0 when the failure belongs to no line.
   void Error(int line, std::string_view text);
 
+  /// False when lines are missing because they could not be written.
+  bool IsComplete() const { return isComplete_; }
+
  private:
   void Write(const std::string& object);
 
-  std::unique_ptr<std::ostream> file_;
+  std::string name_;                    ///< of the file; empty: standard output
+  std::unique_ptr<std::ostream> file_;  ///< null: standard output
+  bool isComplete_ = true;
 };
 
 }  // namespace vanzet::view
