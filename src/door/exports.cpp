@@ -1,6 +1,7 @@
 #include "door/exports.h"
 
 #include <exception>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "host/message_ids.h"
 #include "host/messages.h"
 #include "machine/pp_def_ini.h"
+#include "platform/host_extensions.h"
 #include "platform/message_box.h"
 #include "simulation/rebuild.h"
 
@@ -28,8 +30,18 @@ namespace {
 
 using namespace vanzet;
 
-void ReportException(const char* what) {
-  platform::Show({"vanzet", what, platform::box::kOk + platform::box::kExclamationIcon});
+constexpr const char* kOutOfMemory = "out of memory";
+
+/// Shows what ended an export, and reports it to the host, for which the call has failed. Nothing is thrown.
+void ReportException(ModuleStateGuard* guard, const char* what) {
+  try {
+    platform::Show({"vanzet", what, platform::box::kOk + platform::box::kExclamationIcon});
+    // Without a view that has a dialog, the box was a line on standard error, and the host need not repeat it.
+    const bool isShown = guard == nullptr || guard->ViewForDialog() == nullptr;
+    platform::ReportFault({.text = what, .kind = isShown ? FaultKind::kReported : FaultKind::kRefused});
+  } catch (...) {
+    platform::ReportFault({.text = kOutOfMemory, .kind = FaultKind::kSystem});
+  }
 }
 
 /// Runs the work of an export inside the module's state. No exception reaches the host.
@@ -39,10 +51,12 @@ void RunExport(Work work) {
   try {
     guard.emplace();
     work(*guard);
+  } catch (const std::bad_alloc&) {
+    ReportException(guard ? &*guard : nullptr, kOutOfMemory);
   } catch (const std::exception& error) {
-    ReportException(error.what());
+    ReportException(guard ? &*guard : nullptr, error.what());
   } catch (...) {
-    ReportException("internal error (unknown exception)");
+    ReportException(guard ? &*guard : nullptr, "internal error (unknown exception)");
   }
 }
 
