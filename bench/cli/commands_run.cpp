@@ -1,12 +1,10 @@
 #include <iostream>
-#include <sstream>
-
-#include <nlohmann/json.hpp>
 
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "project/text_file.h"
 
 /// The commands that run scripts of the dialog and lines of the macro language.
@@ -20,32 +18,11 @@ struct ScriptArguments {
   std::string trace;
 };
 
-/// Returns the first error in the transcript of a script, with the line of the script.
-Result<void> CheckTranscript(const std::string& transcript, const std::string& script) {
-  std::istringstream lines(transcript);
-  for (std::string line; std::getline(lines, line);) {
-    const auto event = nlohmann::json::parse(line, nullptr, false);
-    if (!event.is_object() || event.value("event", "") != "error") continue;
-    return Fault{event.value("text", ""), script, event.value("line", 0)};
-  }
-  return {};
-}
-
 Result<void> LoadPicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
   VANZET_TRY(auto picks, drawing::Picks::ReadFile(file));
   host.picks = std::make_unique<drawing::Picks>(std::move(picks));
   return {};
-}
-
-/// Plays the script. The transcript goes to its file; without one it is printed.
-Result<std::string> PlayAndPrint(const std::string& script, const std::string& transcriptFile,
-                                 api::Host& host, Context& context) {
-  if (!transcriptFile.empty()) return PlayDialog(script, transcriptFile, host, context);
-  VANZET_TRY(const auto folder, host.runFolder.Path());
-  VANZET_TRY(const auto transcript, PlayDialog(script, folder / "transcript.jsonl", host, context));
-  VANZET_DO(Print(transcript));
-  return transcript;
 }
 
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
@@ -56,11 +33,10 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   api::Host& host = *hosted->host;
   VANZET_DO(host.store.Check());
   VANZET_DO(LoadPicks(arguments.picks, host));
-  VANZET_TRY(const auto transcript, PlayAndPrint(script, arguments.transcript, host, context));
-  VANZET_DO(CheckTranscript(transcript, script));
-  VANZET_DO(host.board.Save());
-  return context.panel.faults() == 0 ? Result<void>()
-                                     : Fault{"the script ran with errors; see the messages above"};
+  VANZET_DO(CheckOutputFile(arguments.transcript));
+  VANZET_DO(PlayScript({.file = script, .transcript = arguments.transcript}, host, context));
+  if (context.panel.faults() > 0) return ReportedFault();
+  return host.board.Save();
 }
 
 struct LineArguments {

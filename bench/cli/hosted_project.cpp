@@ -85,12 +85,18 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   return surroundings;
 }
 
+Result<void> PlayScript(const DialogScript& script, api::Host& host, const Context& context) {
+  VANZET_TRY(const auto module, api::FindModule(context.places.program));
+  setenv("VANZET_SCRIPT", script.file.c_str(), 1);
+  setenv("VANZET_TRANSCRIPT", script.transcript.c_str(), 1);
+  setenv("VANZET_SCRIPT_NAME", script.name.c_str(), 1);
+  setenv("VANZET_SCRIPT_MODE", script.mode.c_str(), 1);
+  return api::CallModule(module, "mstart", host);
+}
+
 Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
                                api::Host& host, const Context& context) {
-  VANZET_TRY(const auto module, api::FindModule(context.places.program));
-  setenv("VANZET_SCRIPT", script.c_str(), 1);
-  setenv("VANZET_TRANSCRIPT", transcript.c_str(), 1);
-  VANZET_DO(api::CallModule(module, "mstart", host));
+  VANZET_DO(PlayScript({.file = script, .transcript = transcript, .mode = "transcript"}, host, context));
   return project::ReadTextFile(transcript, transcript.string());
 }
 

@@ -22,8 +22,19 @@ struct HostedProject {
 Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
                                                    const std::string& traceFile, Context& context);
 
-/// Has the module play its dialog from a script. The transcript is written to the file and returned.
-/// Formats: docs/formats/script.md
+/// A script of the module's dialog. Formats: docs/formats/script.md
+struct DialogScript {
+  std::filesystem::path file;
+  std::filesystem::path transcript = {};  ///< empty: standard output
+  std::string name = {};                  ///< of the script in faults; empty: the name of its file
+  std::string mode = {};                  ///< as VANZET_SCRIPT_MODE has it
+};
+
+/// Has the module play its dialog from a script. What fails in the script is reported on the panel.
+Result<void> PlayScript(const DialogScript& script, api::Host& host, const Context& context);
+
+/// The same; the transcript is written to the file and returned. Lines of the script that fail are told in the
+/// transcript alone.
 Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
                                api::Host& host, const Context& context);
 

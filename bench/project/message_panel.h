@@ -12,9 +12,10 @@ class MessagePanel {
  public:
   virtual ~MessagePanel() = default;
 
+  /// Shows the fault, unless its kind says that it was reported already; it counts all the same.
   void Tell(const Fault& fault) {
     ++faults_;
-    Show(fault);
+    if (fault.kind != FaultKind::kReported) Show(fault);
   }
 
   /// The number of faults that were reported.

@@ -62,6 +62,58 @@ TEST_F(ScriptCommand, FailsWithFileAndLineAtALineThatCannotBeDone) {
   EXPECT_THAT(played.err, StartsWith("vanzet: broken.txt:3: "));
 }
 
+TEST_F(ScriptCommand, FailsAtALineThatCannotBeDoneThoughTheTranscriptIsLost) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "broken.txt", "select 3\npress 9999\nclose\n");
+  for (const char* transcript : {"/dev/null", "run.jsonl"}) {
+    const Outcome played = Vanzet("script lathe broken.txt --transcript " + std::string(transcript));
+    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(played.err, "vanzet: broken.txt:2: unknown control '9999'\n");
+  }
+  const Outcome lost = Vanzet("script lathe broken.txt --transcript /dev/full");
+  EXPECT_EQ(lost.status, 1);
+  EXPECT_THAT(lost.err, StartsWith("vanzet: /dev/full: the transcript cannot be written: "));
+}
+
+TEST_F(ScriptCommand, SucceedsWithATranscriptThatCannotBeReadBack) {
+  MakeUpgradedProject();
+  const Outcome toNothing = Vanzet("script lathe '" + kBarJob + "' --transcript /dev/null");
+  EXPECT_EQ(toNothing.status, 0) << toNothing.err;
+  const Outcome toPipe =
+      Vanzet("script lathe '" + kBarJob + "' --transcript pipe", "mkfifo pipe; cat pipe >read.jsonl &");
+  EXPECT_EQ(toPipe.status, 0) << toPipe.err;
+  EXPECT_EQ(toPipe.err, "");
+}
+
+TEST_F(ScriptCommand, SucceedsWithATranscriptOverSixteenMebibytes) {
+  MakeUpgradedProject();
+  std::string states;
+  for (int i = 0; i < 3600; ++i) states += "state\n";
+  WriteBytes(folder / "states.txt", "select 19\n" + states + "press 1\n");
+  const Outcome played = Vanzet("script lathe states.txt --transcript run.jsonl");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_GT(std::filesystem::file_size(folder / "run.jsonl"), std::uintmax_t{16} << 20U);
+}
+
+TEST_F(ScriptCommand, PlaysNothingWhenTheTranscriptHasNoPlace) {
+  MakeUpgradedProject();
+  for (const std::string place : {"lathe", "no/such/run.jsonl"}) {
+    const Outcome played =
+        Vanzet("script lathe '" + kBarJob + "' --transcript " + place + " --trace calls.jsonl");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_THAT(played.err, StartsWith("vanzet: " + place + ": cannot be written: "));
+    EXPECT_EQ(ReadBytes(folder / "calls.jsonl"), "") << "the module was called";
+  }
+}
+
+TEST_F(ScriptCommand, FailsWhenStandardOutputIsFull) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "close.txt", "close\n");
+  const Outcome played = Vanzet("script lathe close.txt >/dev/full");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_EQ(played.err, "vanzet: standard output cannot be written\n");
+}
+
 TEST_F(ScriptCommand, ServesPicksFromAFile) {
   MakeUpgradedProject();
   WriteBytes(folder / "pick.txt", "select 19\npress 2005\nstate\nclose\n");
