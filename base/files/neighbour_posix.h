@@ -10,8 +10,8 @@ namespace vanzet::files {
 ///
 /// Until then it has no name at all, and goes with its process however that ends. Where the system has no
 /// such files it is named "TARGET.new-XXXXXX" from the start and deleted with the object; a process that is
-/// killed leaves it. The open file is locked, so a name whose file nobody has locked is known to be left over:
-/// `RemoveLeftovers` in whole_file.h. Where a function returns false, `errno` holds the reason.
+/// killed leaves it. The open file is locked, so a name whose file nobody has locked is known to be left
+/// over: `RemoveLeftovers` in whole_file.h. Where a function returns false, `errno` holds the reason.
 class Neighbour {
  public:
   /// Opens a file without a name, or, where there is none, one with a name.

@@ -1,10 +1,11 @@
 #include "cli/hosted_project.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
+#include <sstream>
 
 #include "api/module.h"
+#include "base/files/regular_file.h"
 #include "base/numbers.h"
 #include "cli/progress_line.h"
 #include "define/catalogue.h"
@@ -23,7 +24,10 @@ Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& proje
   constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
   VANZET_TRY(const auto setting, host.Setting("CLAMP_DB_PATH"));
   const std::string path = setting.size() < kShortestPath ? host.Environment("clampmdb") : setting;
-  std::ifstream catalogue(project.paths().Resolve(path), std::ios::binary);
+  const auto text = files::ReadWholeFile(project.paths().Resolve(path));
+  // Without a catalogue there are no devices, as in the dialog.
+  if (!text && text.fault().kind != FaultKind::kMissing) return text.fault();
+  std::istringstream catalogue(text ? *text : std::string());
   return define::ReadShop(catalogue);
 }
 

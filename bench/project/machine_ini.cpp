@@ -15,7 +15,7 @@ constexpr std::int32_t kMostSpurs = 50;
 
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name) {
   std::error_code error;
-  if (!std::filesystem::is_regular_file(file, error)) return 1;
+  if (!file.has_filename() || !std::filesystem::exists(file, error)) return 1;
   VANZET_TRY(const auto text, ReadTextFile(file, name));
   std::istringstream stream(text);
   const std::int32_t stated = IntegerOrZero(FindIniValue(stream, "COMMON", "NR_SPINDEL_SPUR").value_or(""));

@@ -9,8 +9,8 @@
 namespace vanzet::project {
 
 /// The number of spindle spurs of a machine by its post-processor ini, 1 to 50, as the module counts them: 1
-/// where the file does not exist or has no number in this range. Fails when the file is not a text file or is
-/// too large; docs/formats/machine-ini.md.
+/// where the file does not exist or has no number in this range. Fails when the file is not a regular one,
+/// not a text file, or too large; docs/formats/machine-ini.md.
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name);
 
 }  // namespace vanzet::project

@@ -1,12 +1,9 @@
 #include "project/text_file.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string_view>
-#include <system_error>
 
-#include "base/files/system_fault.h"
+#include "base/files/regular_file.h"
 
 namespace vanzet::project {
 namespace {
@@ -30,24 +27,15 @@ Fault ControlCharacterFault(std::string_view text, std::ptrdiff_t at, const std:
 }  // namespace
 
 Result<std::string> ReadTextFile(const std::filesystem::path& file, const std::string& name) {
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file, error);
-  if (error) {
-    Fault fault = files::SystemFault("cannot be read", error, name);
-    if (error == std::errc::no_such_file_or_directory) fault.kind = FaultKind::kMissing;
+  const auto text = files::ReadWholeFile(file);
+  if (!text) {
+    Fault fault = text.fault();
+    fault.file = name;
     return fault;
   }
-  if (size > kLargestTextFile) return Fault{"is larger than 16 MiB", name};
-
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(std::istreambuf_iterator<char>(stream), {});
-  if (!stream.is_open() || stream.bad()) {
-    return Fault{.text = "cannot be read", .file = name, .kind = FaultKind::kSystem};
-  }
-
-  const auto control = std::ranges::find_if(text, IsControl);
-  if (control == text.end()) return text;
-  return ControlCharacterFault(text, control - text.begin(), name);
+  const auto control = std::ranges::find_if(*text, IsControl);
+  if (control == text->end()) return text;
+  return ControlCharacterFault(*text, control - text->begin(), name);
 }
 
 }  // namespace vanzet::project

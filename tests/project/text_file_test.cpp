@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "base/files/regular_file.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::project {
@@ -40,7 +41,7 @@ TEST_F(TextFile, WithAControlCharacterIsRefusedWithItsLine) {
 
 TEST_F(TextFile, LargerThanItsLimitIsNotReadIntoMemory) {
   std::ofstream(folder / "a.ini") << "x";
-  std::filesystem::resize_file(folder / "a.ini", kLargestTextFile + 1);
+  std::filesystem::resize_file(folder / "a.ini", files::kLargestTextFile + 1);
   ASSERT_FALSE(Read());
   EXPECT_EQ(Read().fault().Message(), "a.ini: is larger than 16 MiB");
 }
