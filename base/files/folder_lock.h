@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 #include "base/result.h"
@@ -7,7 +8,7 @@
 namespace vanzet::files {
 
 /// Keeps other processes from changing the text files of a folder while this one reads a file, changes it and
-/// writes it back. The kernel holds the lock and releases it with the process, so nothing is left to clean
+/// writes it back. The system holds the lock and releases it with the process, so nothing is left to clean
 /// up.
 ///
 /// Errors   a fault with the folder's name: the folder cannot be locked, or another process held the lock for
@@ -22,9 +23,9 @@ class FolderLock {
   FolderLock& operator=(FolderLock&&) = delete;
 
  private:
-  explicit FolderLock(int descriptor) : descriptor_(descriptor) {}
+  explicit FolderLock(std::intptr_t handle) : handle_(handle) {}
 
-  int descriptor_;  ///< below 0: moved away
+  std::intptr_t handle_;  ///< an open file of the system; below 0: moved away
 };
 
 }  // namespace vanzet::files

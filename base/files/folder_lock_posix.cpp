@@ -39,9 +39,9 @@ Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
 }
 
 FolderLock::~FolderLock() {
-  if (descriptor_ >= 0) close(descriptor_);
+  if (handle_ >= 0) close(static_cast<int>(handle_));
 }
 
-FolderLock::FolderLock(FolderLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+FolderLock::FolderLock(FolderLock&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
 
 }  // namespace vanzet::files

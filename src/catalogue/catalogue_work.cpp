@@ -1,11 +1,14 @@
 #include "catalogue/catalogue_work.h"
 
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/catalogue_lines.h"
 #include "host/bridge.h"
 #include "host/message_ids.h"
 #include "host/messages.h"
+#include "platform/host_extensions.h"
 #include "platform/message_box.h"
 
 namespace vanzet {
@@ -51,6 +54,62 @@ CDevice FreshCatalogue(const CDevice& dialogs) {
   return fresh;
 }
 
+/// A device that goes into a file of catalogues.
+struct NewDevice {
+  const std::string& name;
+  const std::string& valueLine;
+  bool mayReplace;  ///< the user was asked, or the name was not there
+};
+
+/// Writes the device into the file that was read before. False, with nothing written, when the name is there
+/// and must not be replaced.
+Result<bool> PutIntoFile(const NewDevice& device, CDevice& file) {
+  return file.ChangeFile([&] {
+    if (!device.mayReplace && file.HasDevice(device.name)) return false;
+    file.PutDevice(device.name, device.valueLine);
+    return true;
+  });
+}
+
+/// Writes the content over a file that the user chose for it.
+Result<bool> PutIntoOtherFile(const CDevice& content, CDevice& file) {
+  return file.ChangeFile([&] {
+    file.TakeLinesOf(content);
+    return true;
+  });
+}
+
+bool AsksToReplace() {
+  return SaysYes(Text(message::kOverwriteDevice));
+}
+
+Result<bool> RemoveFromFile(const std::string& name, CDevice& file) {
+  VANZET_DO(file.ReadFile());
+  return file.ChangeFile([&] {
+    file.RemoveDevice(name);
+    return true;
+  });
+}
+
+/// Tries until the device is in a file or the user gives up; then the host is given the reasons.
+void SaveInSomeFile(NewDevice device, CDevice& file, void* owner) {
+  const std::string readFrom = file.path();
+  std::optional<CDevice> content;  ///< of the first file, once it could not be written
+  std::vector<Fault> faults;
+  while (true) {
+    const bool isOther = file.path() != readFrom;
+    const auto done = isOther ? PutIntoOtherFile(*content, file) : PutIntoFile(device, file);
+    if (done && (*done || !AsksToReplace())) return;
+    device.mayReplace = device.mayReplace || done;
+    if (done) continue;
+    faults.push_back(done.fault());
+    if (!content) content.emplace(file).PutDevice(device.name, device.valueLine);
+    file.TakeLinesOf(*content);
+    if (!SearchesFile(file, false, owner)) break;
+  }
+  for (const Fault& fault : faults) platform::ReportFault(fault);
+}
+
 }  // namespace
 
 void ReadCatalogueAtStart(CDevice& dialogs, void* owner) {
@@ -67,10 +126,9 @@ void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const
   CDevice fresh = FreshCatalogue(dialogs);
   while (!fresh.ReadFile() && SearchesFile(fresh, true, owner)) {
   }
-  if (fresh.HasDevice(name) && !SaysYes(Text(message::kOverwriteDevice))) return;
-  fresh.PutDevice(name, valueLine);
-  while (!fresh.WriteFile() && SearchesFile(fresh, false, owner)) {
-  }
+  const bool isKnown = fresh.HasDevice(name);
+  if (isKnown && !AsksToReplace()) return;
+  SaveInSomeFile({.name = name, .valueLine = valueLine, .mayReplace = isKnown}, fresh, owner);
 }
 
 void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
@@ -81,9 +139,7 @@ void DeleteDeviceFromCatalogue(CDevice& dialogs, const std::string& typedName,
   dialogs.RemoveDevice(name);
   refill();
   CDevice fresh = FreshCatalogue(dialogs);
-  if (!fresh.ReadFile()) return;
-  fresh.RemoveDevice(name);
-  fresh.WriteFile();
+  if (const auto removed = RemoveFromFile(name, fresh); !removed) platform::ReportFault(removed.fault());
 }
 
 }  // namespace vanzet

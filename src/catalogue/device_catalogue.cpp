@@ -1,9 +1,12 @@
 #include "catalogue/device_catalogue.h"
 
 #include <algorithm>
-#include <fstream>
+#include <sstream>
 #include <stdexcept>
+#include <system_error>
 
+#include "base/files/folder_lock.h"
+#include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "catalogue/catalogue_lines.h"
 #include "host/bridge.h"
@@ -38,6 +41,13 @@ std::string SuggestedName() {
   return ("clampdevice" + country).substr(0, kLongestFileName);
 }
 
+/// The folder that the file is in, or the one that a link leads to.
+std::filesystem::path FolderOf(const std::filesystem::path& file) {
+  std::error_code unknown;
+  const std::filesystem::path target = std::filesystem::weakly_canonical(file, unknown);
+  return (unknown ? file : target).parent_path();
+}
+
 }  // namespace
 
 CDevice::CDevice() : path_(ProjectSetting()) {
@@ -57,21 +67,45 @@ bool CDevice::SelectFile(bool forReading, void* owner) {
   return chosen.has_value();
 }
 
-bool CDevice::ReadFile() {
+Result<void> CDevice::ReadFile() {
   lines_.clear();
   const std::filesystem::path file = platform::FileOf(path_);
-  if (!files::IsChangeableFile(file)) return false;
-  std::ifstream text(file);
-  if (!text.is_open()) return false;
-  ReadCatalogueLines(text, lines_);
-  // Part of a catalogue must not be taken for all of it: it would be written back.
-  if (text.bad()) lines_.clear();
-  return !text.bad();
+  VANZET_TRY(const auto text, files::ReadWholeFile(file));
+  if (!files::IsChangeableFile(file)) {
+    return Fault{.text = "cannot be opened for writing", .file = file.string(), .kind = FaultKind::kSystem};
+  }
+  std::istringstream stream(text);
+  ReadCatalogueLines(stream, lines_);
+  return {};
 }
 
-bool CDevice::WriteFile() const {
-  return static_cast<bool>(
-      files::ReplaceFile(platform::FileOf(path_), CatalogueText(lines_), files::Keep::kIdentity));
+Result<void> CDevice::WriteFile() const {
+  return files::ReplaceFile(platform::FileOf(path_), CatalogueText(lines_), files::Keep::kIdentity);
+}
+
+Result<bool> CDevice::ChangeFile(const std::function<bool()>& change) {
+  const std::filesystem::path file = platform::FileOf(path_);
+  const std::filesystem::path folder = FolderOf(file);
+  const auto lock = files::FolderLock::Acquire(folder);
+  // Folders of some network shares cannot be locked; a folder that does not exist is a fault of the writing.
+  if (!lock && lock.fault().kind == FaultKind::kBusy) return lock.fault();
+  files::RemoveLeftovers(folder);
+  VANZET_DO(ReadAgain(file));
+  if (!change()) return false;
+  VANZET_DO(WriteFile());
+  return true;
+}
+
+Result<void> CDevice::ReadAgain(const std::filesystem::path& file) {
+  std::vector<std::string> before = lines_;
+  const auto read = ReadFile();
+  if (!read) {
+    lines_ = std::move(before);
+    return read.fault().kind == FaultKind::kMissing ? Result<void>() : read;
+  }
+  auto isCatalogue = CheckCatalogueLines(lines_, file.string());
+  if (!isCatalogue) lines_.clear();
+  return isCatalogue;
 }
 
 void CDevice::PutDevice(const std::string& name, const std::string& valueLine) {

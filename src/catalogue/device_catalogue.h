@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "base/result.h"
 
 namespace vanzet {
 
@@ -11,7 +15,7 @@ namespace vanzet {
 ///
 /// Shape    pairs of lines, a device's name and its value line (macro/device_record.h); in file order. A last
 ///          name may lack its value line
-/// Errors   false; catalogue/catalogue_work.h reports them to the user
+/// Errors   a fault with the file and the reason; catalogue/catalogue_work.h asks the user and reports them
 /// Source   docs/formats/catalogue.md
 ///
 /// Names are compared exactly. A name or a value line that is put in is cut where a line of the file ends: at
@@ -27,13 +31,20 @@ class CDevice {
   /// a name suggested, "clampdevice" and the country.
   bool SelectFile(bool forReading, void* owner);
 
-  /// Replaces the lines by those of the file. False when it cannot be opened for reading and writing; there
+  /// Replaces the lines by those of the file. Fails when it cannot be opened for reading and writing; there
   /// are no lines then.
-  bool ReadFile();
+  Result<void> ReadFile();
 
-  /// Makes the lines the content of the file. False when it cannot be opened for writing, or they do not fit
-  /// on the disk; the old content then stays.
-  bool WriteFile() const;
+  /// Makes the lines the content of the file. When it fails the old content stays.
+  Result<void> WriteFile() const;
+
+  /// Reads the file again, has `change` change the lines, and writes the file, while no other process can do
+  /// the same. Returns false, with nothing written, when `change` returns false. A file that does not exist
+  /// any more is made again from the lines. Fails also for a file that is not a catalogue.
+  Result<bool> ChangeFile(const std::function<bool()>& change);
+
+  /// Replaces the lines by those of another catalogue.
+  void TakeLinesOf(const CDevice& other) { lines_ = other.lines_; }
 
   /// Replaces the value line of the name, or appends both.
   void PutDevice(const std::string& name, const std::string& valueLine);
@@ -55,6 +66,9 @@ class CDevice {
   void SetPath(const std::string& path) { path_ = path; }
 
  private:
+  /// Reads the file, and fails for one that is not a catalogue. The lines stay where the file cannot be read.
+  Result<void> ReadAgain(const std::filesystem::path& file);
+
   /// The index of the name's line.
   std::optional<std::size_t> Find(const std::string& name) const;
 

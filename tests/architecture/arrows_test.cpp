@@ -25,7 +25,7 @@ const std::map<std::string, Folders> kModule = {
     {"macro", {"base", "host", "devices"}},
     {"store", {"base", "platform", "host", "macro", "devices"}},
     {"simulation", {"base", "platform", "host", "macro", "devices", "store"}},
-    {"catalogue", {"base", "platform", "host"}},
+    {"catalogue", {"base", "platform", "host", "devices"}},
     {"view", {"base", "platform"}},
     {"view/qt", {"base", "platform", "devices", "view"}},
     {"dialog",

@@ -5,9 +5,11 @@
 #include <memory>
 
 #include "catalogue_fixture.h"
+#include "support/child.h"
 #include "support/failing_call.h"
 #include "support/file_size_limit.h"
 #include "support/golden.h"
+#include "support/reported_faults.h"
 
 namespace vanzet::test {
 namespace {
@@ -23,7 +25,7 @@ class CatalogueWork : public CatalogueTest {
  protected:
   CatalogueWork() {
     WriteBytes(world.file, "Chuck\n1 1\n");
-    dialogs.ReadFile();
+    static_cast<void>(dialogs.ReadFile());
     host.TakeCalls();
   }
 
@@ -33,6 +35,12 @@ class CatalogueWork : public CatalogueTest {
   void Delete(const std::string& name) {
     DeleteDeviceFromCatalogue(dialogs, name, [this] { ++refills; });
   }
+  /// Has something happen when a box is shown, before it is answered.
+  void WhileTheUserThinks(const std::function<void()>& event) {
+    host.onCall = [event](const std::string& name) {
+      if (name == "OrvoGetWnd") event();
+    };
+  }
   std::string SearchBox(const std::string& path) {
     return "|Could not find clampdevice file " + path + "! Do you want to search for it?|36";
   }
@@ -40,6 +48,7 @@ class CatalogueWork : public CatalogueTest {
   std::string InFile() { return ReadBytes(world.file); }
 
   CDevice dialogs;
+  ReportedFaults reported;
   int refills = 0;
   int window = 0;
 };
@@ -92,6 +101,30 @@ TEST_F(Saving, AsksForANameThatAnotherUserSavedMeanwhile) {
   Save("Collet", "2 3");
   EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Name already exist. Overwrite?|4"));
   EXPECT_EQ(InFile(), "Collet\n2 9\n");
+}
+
+TEST_F(Saving, AsksAgainForANameThatAnotherUserSavesWhileTheQuestionIsOpen) {
+  fs::remove(world.file);
+  WhileTheUserThinks([&] { WriteBytes(world.file, "Theirs\n2 9\nCollet\n2 8\n"); });
+  Save("Collet", "2 3");
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox(), "|Name already exist. Overwrite?|4"));
+  EXPECT_EQ(InFile(), "Theirs\n2 9\nCollet\n2 8\n") << "the second answer was No";
+  EXPECT_THAT(reported.Messages(), IsEmpty()) << "a refusal by the user is not a failure";
+}
+
+TEST_F(Saving, KeepsWhatAnotherUserSavesWhileTheQuestionIsOpen) {
+  host.answers = {kYes};
+  WhileTheUserThinks([&] { WriteBytes(world.file, "Chuck\n1 1\nTheirs\n2 9\n"); });
+  Save("Chuck", "1 7");
+  EXPECT_EQ(InFile(), "Chuck\n1 7\nTheirs\n2 9\n");
+}
+
+TEST_F(Saving, MakesAFileAgainThatIsRemovedWhileTheQuestionIsOpen) {
+  WriteBytes(world.file, "Chuck\n1 1\nTheirs\n2 9\n");
+  host.answers = {kYes};
+  WhileTheUserThinks([&] { fs::remove(world.file); });
+  Save("Chuck", "1 7");
+  EXPECT_EQ(InFile(), "Chuck\n1 7\nTheirs\n2 9\n");
 }
 
 TEST_F(Saving, KeepsTheTypedNameWhenTheRefillEmptiesIt) {
@@ -180,6 +213,7 @@ TEST_F(Saving, ToAFullDiskAsksForAnotherPlaceAndKeepsTheOldFile) {
     Save("Collet", "2 3");
   }
   EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox()));
+  EXPECT_THAT(reported.Messages(), ElementsAre(world.file.string() + ": cannot be written: File too large"));
   EXPECT_EQ(InFile(), large);
   EXPECT_FALSE(fs::exists(world.file.string() + ".new-" + std::to_string(getpid())));
 }
@@ -199,6 +233,98 @@ TEST_F(Saving, IntoAnOddListAppends) {
   WriteBytes(world.file, "Chuck\n1 1\nCollet");
   Save("Collet", "2 3");
   EXPECT_EQ(InFile(), "Chuck\n1 1\nCollet\n2 3\n");
+}
+
+TEST_F(Saving, ReportsNothingWhenTheDeviceIsSavedInAnotherPlace) {
+  dialogs.SetPath("/nowhere/a.cld");
+  host.answers = {kNo, kYes};
+  files.choices = {(world.folder / "other.cld").string()};
+  Save("Collet", "2 3");
+  EXPECT_THAT(reported.Messages(), IsEmpty());
+}
+
+TEST_F(Saving, ReportsEachPlaceThatFailed) {
+  dialogs.SetPath("/nowhere/a.cld");
+  host.answers = {kNo, kYes, kNo};
+  files.choices = {world.folder.path().string()};
+  Save("Collet", "2 3");
+  EXPECT_THAT(reported.Messages(), ElementsAre("/nowhere/a.cld: cannot be written: No such file or directory",
+                                               world.folder.path().string() + ": is not a regular file"));
+}
+
+TEST_F(Saving, WritesTheWholeCatalogueOverAnotherOneThatWasChosen) {
+  const std::string other = (world.folder / "other.cld").string();
+  WriteBytes(other, "Theirs\n2 9\n");
+  WhileTheUserThinks([&] { fs::permissions(world.file, fs::perms(0444)); });
+  host.answers = {kYes, kYes};
+  files.choices = {other};
+  Save("Chuck", "1 7");
+  EXPECT_EQ(ReadBytes(other), "Chuck\n1 7\n");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\n");
+}
+
+TEST_F(Saving, KeepsTheCatalogueOverTwoPlacesThatFail) {
+  const std::string text = (world.folder / "letter.txt").string();
+  const std::string other = (world.folder / "other.cld").string();
+  WriteBytes(text, "Dear Sir\n");
+  WhileTheUserThinks([&] { fs::permissions(world.file, fs::perms(0444)); });
+  host.answers = {kYes, kYes, kYes};
+  files.choices = {text, other};
+  Save("Chuck", "1 7");
+  EXPECT_EQ(ReadBytes(text), "Dear Sir\n");
+  EXPECT_EQ(ReadBytes(other), "Chuck\n1 7\n");
+}
+
+TEST_F(Saving, IntoATextThatIsNotACatalogueLeavesIt) {
+  const std::string shell = "# settings\nexport PATH=~/bin:$PATH\numask 022\nset -o vi\n";
+  for (const std::string& text : {shell, std::string("one line\n"), std::string("a\n5 0 * * * true\n")}) {
+    WriteBytes(world.file, text);
+    Save("curl example | sh #", "2 3");
+    EXPECT_EQ(InFile(), text);
+  }
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox(), SearchBox(), SearchBox()));
+  const std::string why = ": expected the values of a device; a file that is not a catalogue is not changed";
+  EXPECT_THAT(reported.Messages(),
+              ElementsAre(world.file.string() + ":2" + why, world.file.string() + ":1" + why,
+                          world.file.string() + ":2" + why));
+}
+
+TEST_F(Saving, DoesNotWriteATextThatIsNotACatalogueToAnotherPlace) {
+  const std::string other = (world.folder / "other.cld").string();
+  WriteBytes(world.file, "secret\n");
+  host.answers = {kYes};
+  files.choices = {other};
+  Save("Collet", "2 3");
+  EXPECT_EQ(ReadBytes(other), "Collet\n2 3\n");
+}
+
+TEST_F(Saving, IntoACatalogueWithABrokenLineKeepsThatLine) {
+  WriteBytes(world.file, "Chuck\n1 1\nJaw\n9 1\nold\nunknown\n");
+  Save("Collet", "2 3");
+  EXPECT_EQ(InFile(), "Chuck\n1 1\nJaw\n9 1\nold\nunknown\nCollet\n2 3\n");
+}
+
+TEST_F(Saving, IntoAFileOfEmptyLinesAppends) {
+  WriteBytes(world.file, "\n\n");
+  Save("Collet", "2 3");
+  EXPECT_EQ(InFile(), "\n\nCollet\n2 3\n");
+}
+
+TEST_F(Saving, ByFourProcessesAtOnceLosesNoDevice) {
+  constexpr int kEach = 25;
+  std::vector<std::unique_ptr<Child>> savers;
+  for (const char* const who : {"a", "b", "c", "d"}) {
+    savers.push_back(std::make_unique<Child>([&, who](Child::Line& line) {
+      line.Await();
+      for (int i = 0; i < kEach; ++i) Save(who + std::to_string(i), "2 3");
+      return reported.faults().empty();
+    }));
+  }
+  for (const auto& saver : savers) saver->line().Tell();
+  for (const auto& saver : savers) EXPECT_TRUE(saver->End());
+  CDevice left;
+  ASSERT_TRUE(left.ReadFile());
+  EXPECT_EQ(Names(left, 2).size(), 4U * kEach);
 }
 
 class Deleting : public CatalogueWork {};
@@ -227,6 +353,36 @@ TEST_F(Deleting, OfAnUnreadableFileIsForgottenByTheDialogAlone) {
   EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Delete?|4"));
   EXPECT_FALSE(dialogs.HasDevice("Chuck"));
   EXPECT_FALSE(fs::exists(world.file));
+}
+
+TEST_F(Deleting, ReportsAFileThatCannotBeRead) {
+  fs::remove(world.file);
+  host.answers = {kYes};
+  Delete("Chuck");
+  EXPECT_THAT(reported.Messages(),
+              ElementsAre(world.file.string() + ": cannot be read: No such file or directory"));
+}
+
+TEST_F(Deleting, ReportsAFileThatCannotBeWritten) {
+  const std::string large =
+      InFile() + "Jaw" + std::string(900, 'w') + "\n9 1\nJaw" + std::string(900, 'v') + "\n9 1\n";
+  WriteBytes(world.file, large);
+  host.answers = {kYes};
+  {
+    const FileSizeLimit limit(1000);
+    Delete("Chuck");
+  }
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("|Delete?|4"));
+  EXPECT_THAT(reported.Messages(), ElementsAre(world.file.string() + ": cannot be written: File too large"));
+  EXPECT_EQ(InFile(), large);
+}
+
+TEST_F(Deleting, FromATextThatIsNotACatalogueLeavesIt) {
+  WriteBytes(world.file, "Chuck\nis a word\n");
+  host.answers = {kYes};
+  Delete("Chuck");
+  EXPECT_EQ(InFile(), "Chuck\nis a word\n");
+  EXPECT_EQ(reported.faults().size(), 1U);
 }
 
 TEST_F(Deleting, WritesTheFileAlsoWhenItDoesNotKnowTheName) {

@@ -161,9 +161,9 @@ TEST_F(DeviceFile, OfAWriterThatIsKilledIsWhole) {
   const std::string whole = ReadBytes(world.file);
   for (int round = 0; round < 10; ++round) {
     Child writer([&](Child::Line& line) {
-      device.WriteFile();
+      static_cast<void>(device.WriteFile());
       line.Tell();
-      for (;;) device.WriteFile();
+      for (;;) static_cast<void>(device.WriteFile());
       return true;
     });
     ASSERT_TRUE(writer.line().Await());
@@ -176,7 +176,7 @@ class Devices : public CatalogueTest {
  protected:
   Devices() {
     WriteBytes(world.file, "chuck\n1 1\nChuck\n1 2\njaw\n9 3\n\n1 4\nnone\nno value\n");
-    device.ReadFile();
+    static_cast<void>(device.ReadFile());
   }
   CDevice device;
 };
@@ -213,7 +213,7 @@ TEST_F(Devices, AreReplacedWhereTheirNameIsKnown) {
 
 TEST_F(Devices, OfOneNameAreTheFirst) {
   WriteBytes(world.file, "a\n1 1\na\n1 2\n");
-  device.ReadFile();
+  static_cast<void>(device.ReadFile());
   device.PutDevice("a", "1 3");
   EXPECT_THAT(Names(device, 1), ElementsAre("a", "a"));
   EXPECT_EQ(device.ValueLineOf("a"), "1 3");
@@ -262,7 +262,7 @@ TEST_F(Devices, AddedToAnOddListStandBehindIt) {
   WriteBytes(world.file, "last");
   ASSERT_TRUE(device.ReadFile());
   device.PutDevice("new", "1 5");
-  device.WriteFile();
+  static_cast<void>(device.WriteFile());
   EXPECT_EQ(ReadBytes(world.file), "last\nnew\n1 5\n");
 }
 
