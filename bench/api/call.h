@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -9,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "api/host.h"
+#include "base/exception_fault.h"
 
 /// The frame of every exported function: it works on the current host, catches all exceptions, and writes
 /// the call to the trace.
@@ -56,6 +56,17 @@ Json TraceValue(const R& result) {
   }
 }
 
+/// Reports the exception that is being handled; `name` is the function that it ended. Nothing is thrown: a
+/// panel without memory to show a fault has counted it.
+inline void ReportException(Host& host, const char* name) {
+  try {
+    Fault fault = FaultOfException();
+    if (fault.kind != FaultKind::kSystem) fault.file = name;
+    host.panel.Tell(fault);
+  } catch (...) {
+  }
+}
+
 /// Runs `work(host, out)` for the function `name`; `work` puts into `out` what the call writes through
 /// pointers. Returns zero without a host and after an exception.
 template <class Work>
@@ -71,13 +82,17 @@ auto Answer(const char* name, const Json& arguments, Work work) {
     R result{};
     Host* const host = CurrentHost();
     if (host == nullptr) return result;
-    Json out = Json::array();
     try {
-      result = work(*host, out);
-    } catch (const std::exception& error) {
-      host->panel.Tell(Fault{error.what(), name});
+      Json out = Json::array();
+      try {
+        result = work(*host, out);
+      } catch (...) {
+        ReportException(*host, name);
+      }
+      if (host->trace) ReportFault(*host, host->trace->Write(name, arguments, TraceValue(result), out));
+    } catch (...) {
+      ReportException(*host, name);
     }
-    if (host->trace) ReportFault(*host, host->trace->Write(name, arguments, TraceValue(result), out));
     return result;
   }
 }

@@ -20,12 +20,16 @@ void VanzetReportFault(const char* text, const char* file, std::int32_t line, st
                        const char* source, std::int32_t kind) {
   Host* const host = CurrentHost();
   if (host == nullptr) return;
-  host->panel.Tell({.text = std::string(TextOf(text)),
-                    .file = std::string(TextOf(file)),
-                    .line = line,
-                    .column = column,
-                    .kind = KindOf(kind),
-                    .source = std::string(TextOf(source))});
+  try {
+    host->panel.Tell({.text = std::string(TextOf(text)),
+                      .file = std::string(TextOf(file)),
+                      .line = line,
+                      .column = column,
+                      .kind = KindOf(kind),
+                      .source = std::string(TextOf(source))});
+  } catch (...) {
+    ReportException(*host, "VanzetReportFault");
+  }
 }
 
 std::int32_t VanzetEventHandled() {
@@ -33,8 +37,8 @@ std::int32_t VanzetEventHandled() {
   if (host == nullptr || !host->keepEvent) return 1;
   try {
     return host->keepEvent() ? 1 : 0;
-  } catch (const std::exception& error) {
-    host->panel.Tell(Fault{error.what()});
+  } catch (...) {
+    ReportException(*host, "VanzetEventHandled");
     return 0;
   }
 }

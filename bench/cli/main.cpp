@@ -4,11 +4,12 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <exception>
 #include <iostream>
 
+#include "base/exception_fault.h"
 #include "base/fault_caret.h"
 #include "cli/commands.h"
+#include "process/last_words.h"
 
 namespace vanzet::cli {
 namespace {
@@ -19,8 +20,10 @@ constexpr int kFailed = 1;
 /// Writes each fault to standard error: a line, and the faulty line of a text file with a caret.
 class StandardErrorPanel final : public project::MessagePanel {
  private:
-  void Show(const Fault& fault) override {
+  void Show(const Fault& fault) override try {
     std::cerr << "vanzet: " + fault.Message() + "\n" + CaretText(fault) << std::flush;
+  } catch (const std::bad_alloc&) {
+    process::WriteLastLine("out of memory");
   }
 };
 
@@ -51,8 +54,8 @@ int DoWork(const Work& work, Context& context) {
     const auto done = work();
     if (done) return kDone;
     if (done.fault().kind != FaultKind::kReported) context.panel.Tell(done.fault());
-  } catch (const std::exception& error) {
-    context.panel.Tell(Fault{error.what()});
+  } catch (...) {
+    context.panel.Tell(FaultOfException());
   }
   return kFailed;
 }
@@ -79,6 +82,9 @@ int Run(int argc, const char* const* argv) {
 }  // namespace
 }  // namespace vanzet::cli
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
+  vanzet::process::InstallLastWords();
   return vanzet::cli::Run(argc, argv);
+} catch (...) {
+  vanzet::process::EndByException();
 }

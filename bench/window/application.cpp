@@ -1,7 +1,6 @@
 #include "window/application.h"
 
-#include <exception>
-
+#include "base/exception_fault.h"
 #include "window/theme.h"
 #include "window/window_memory.h"
 
@@ -16,10 +15,8 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
-  } catch (const std::exception& error) {
-    if (reportFault) reportFault(Fault{error.what()});
   } catch (...) {
-    if (reportFault) reportFault(Fault{"internal error: unknown exception"});
+    if (reportFault) reportFault(FaultOfException());
   }
   return true;
 }

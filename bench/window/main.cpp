@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "process/last_words.h"
 #include "window/application.h"
 #include "window/main_window.h"
 
@@ -45,7 +46,8 @@ void EndOnFatalMessages(QtMsgType type, const QMessageLogContext&, const QString
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
+  process::InstallLastWords();
   qInstallMessageHandler(EndOnFatalMessages);
   window::Application application(argc, argv);
   // Numbers have a point whatever the toolkit's locale is.
@@ -61,4 +63,6 @@ int main(int argc, char** argv) {
     if (arguments.hasDialog) window.equipmentCommands().Define();
   });
   return window::Application::exec();
+} catch (...) {
+  vanzet::process::EndByException();
 }

@@ -1,10 +1,9 @@
 #include "door/exports.h"
 
-#include <exception>
-#include <new>
 #include <optional>
 #include <string>
 
+#include "base/exception_fault.h"
 #include "dialog/dlg_main.h"
 #include "door/module_state.h"
 #include "host/bridge.h"
@@ -30,17 +29,17 @@ namespace {
 
 using namespace vanzet;
 
-constexpr const char* kOutOfMemory = "out of memory";
-
-/// Shows what ended an export, and reports it to the host, for which the call has failed. Nothing is thrown.
-void ReportException(ModuleStateGuard* guard, const char* what) {
+/// Shows the exception that ended an export, and reports it to the host, for which the call has failed.
+/// Nothing is thrown.
+void ReportException(ModuleStateGuard* guard) {
   try {
-    platform::Show({"vanzet", what, platform::box::kOk + platform::box::kExclamationIcon});
+    Fault fault = FaultOfException();
+    platform::Show({"vanzet", fault.text, platform::box::kOk + platform::box::kExclamationIcon});
     // Without a view that has a dialog, the box was a line on standard error, and the host need not repeat it.
-    const bool isShown = guard == nullptr || guard->ViewForDialog() == nullptr;
-    platform::ReportFault({.text = what, .kind = isShown ? FaultKind::kReported : FaultKind::kRefused});
+    if (guard == nullptr || guard->ViewForDialog() == nullptr) fault.kind = FaultKind::kReported;
+    platform::ReportFault(fault);
   } catch (...) {
-    platform::ReportFault({.text = kOutOfMemory, .kind = FaultKind::kSystem});
+    platform::ReportFault({.text = "out of memory", .kind = FaultKind::kSystem});
   }
 }
 
@@ -51,12 +50,8 @@ void RunExport(Work work) {
   try {
     guard.emplace();
     work(*guard);
-  } catch (const std::bad_alloc&) {
-    ReportException(guard ? &*guard : nullptr, kOutOfMemory);
-  } catch (const std::exception& error) {
-    ReportException(guard ? &*guard : nullptr, error.what());
   } catch (...) {
-    ReportException(guard ? &*guard : nullptr, "internal error (unknown exception)");
+    ReportException(guard ? &*guard : nullptr);
   }
 }
 

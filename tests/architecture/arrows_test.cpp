@@ -37,6 +37,7 @@ const std::map<std::string, Folders> kModule = {
 /// The same of the workbench, which knows nothing of the module but its geometry and its tables of devices.
 const std::map<std::string, Folders> kWorkbench = {
     {"devices", {}},
+    {"process", {}},
     {"vdm", {"base"}},
     {"contour", {"base", "geometry"}},
     {"modeller", {"base", "geometry"}},
@@ -50,9 +51,10 @@ const std::map<std::string, Folders> kWorkbench = {
     {"define", {"base", "devices", "scene"}},
     {"cli",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
-      "define"}},
+      "define", "process"}},
     {"window",
-     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results"}},
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
+      "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.

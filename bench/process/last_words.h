@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+/// How a program ends that cannot go on. The functions that write allocate nothing, and may be called in a
+/// handler of signals.
+namespace vanzet::process {
+
+/// From now on the program ends with one line on standard error, "vanzet: ...", and status 1
+///   - after an exception that nobody caught: "out of memory", or what the exception says;
+///   - after a fault of the program itself, such as a null pointer: "internal error (signal 11)".
+/// A program that is interrupted (SIGINT, SIGTERM, SIGHUP) writes a line and ends by the signal's default
+/// action. A signal that the caller had ignored stays ignored, and sanitizers keep their own handlers.
+void InstallLastWords();
+
+/// How much of the work of this run is in the project's files, which the lines of signals add.
+enum class Kept {
+  kUnknown,  ///< nothing is added
+  kNothing,  ///< "; nothing of this run was stored"
+  kAll,      ///< "; the work of this run is stored"
+};
+void SetKept(Kept kept);
+
+/// Writes "vanzet: TEXT" and a line end to standard error.
+void WriteLastLine(std::string_view text);
+
+/// Writes the line of the exception that is being handled, and ends the program with status 1.
+[[noreturn]] void EndByException();
+
+}  // namespace vanzet::process
