@@ -49,13 +49,13 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
   VANZET_DO(host.store.Check());
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
+  if (context.panel.faults() > 0) return ReportedFault();
 
   std::string lines;
   for (std::int32_t spur = 0; spur < spurs; ++spur) {
     VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
     lines += line;
   }
-  if (context.panel.faults() > 0) return Fault{"the upgrade failed; see the messages above"};
   return Print(lines);
 }
 

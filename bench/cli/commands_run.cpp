@@ -32,6 +32,8 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_DO(host.store.Check());
+  // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
+  VANZET_DO(host.board.Load());
   VANZET_DO(LoadPicks(arguments.picks, host));
   VANZET_DO(CheckOutputFile(arguments.transcript));
   VANZET_DO(PlayScript({.file = script, .transcript = arguments.transcript}, host, context));
@@ -56,15 +58,10 @@ std::vector<std::string> LinesOf(std::istream& input) {
 /// Runs all lines, also after one of them failed.
 Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Context& context) {
   if (lines.size() == 1) return host.Command(lines.front());
-  std::size_t failed = 0;
   for (const std::string& line : lines) {
-    const auto run = host.Command(line);
-    if (run) continue;
-    context.panel.Tell(run.fault());
-    ++failed;
+    if (const auto run = host.Command(line); !run) context.panel.Tell(run.fault());
   }
-  if (failed == 0) return {};
-  return Fault{std::to_string(failed) + " of " + Counted(lines.size(), "line") + " failed"};
+  return context.panel.faults() == 0 ? Result<void>() : ReportedFault();
 }
 
 Result<void> RunCommand(const LineArguments& arguments, Context& context) {

@@ -33,7 +33,7 @@ struct DialogScript {
 /// Has the module play its dialog from a script. What fails in the script is reported on the panel.
 Result<void> PlayScript(const DialogScript& script, api::Host& host, const Context& context);
 
-/// The same; the transcript is written to the file and returned. Lines of the script that fail are told in the
+/// The same; the transcript is written to the file and returned. Lines of the script that fail are in the
 /// transcript alone.
 Result<std::string> PlayDialog(const std::filesystem::path& script, const std::filesystem::path& transcript,
                                api::Host& host, const Context& context);

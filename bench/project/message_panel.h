@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "base/result.h"
@@ -12,20 +13,29 @@ class MessagePanel {
  public:
   virtual ~MessagePanel() = default;
 
-  /// Shows the fault, unless its kind says that it was reported already; it counts all the same.
+  /// Shows the fault; it counts also where it is not shown. Not shown are what was reported already (the kind
+  /// `kReported`), and a cause that stays while the work goes on, such as a full disk, when it was shown in
+  /// this run.
   void Tell(const Fault& fault) {
     ++faults_;
-    if (fault.kind != FaultKind::kReported) Show(fault);
+    if (fault.kind != FaultKind::kReported && !IsRepetition(fault)) Show(fault);
   }
 
   /// The number of faults that were reported.
   int faults() const { return faults_; }
 
+  /// From now on causes that were shown before are shown again.
+  void BeginRun() { lastingCauses_.clear(); }
+
  protected:
   virtual void Show(const Fault& fault) = 0;
 
  private:
+  /// Takes note of a lasting cause.
+  bool IsRepetition(const Fault& fault);
+
   int faults_ = 0;
+  std::set<std::string> lastingCauses_;  ///< as they were shown in this run
 };
 
 }  // namespace vanzet::project

@@ -66,6 +66,7 @@ Result<std::vector<std::uint32_t>> Session::OpenElsewhere() const {
 Result<void> Session::Call(const char* function, Surroundings surroundings) {
   if (isAtWork()) return Fault{.text = "the module is already at work", .kind = FaultKind::kBusy};
   VANZET_TRY(const auto module, api::FindModule(places_.program));
+  surroundings.panel.BeginRun();
   host_ = std::make_unique<api::Host>(project_, surroundings.panel, std::move(surroundings.log));
   host_->picks = std::move(surroundings.picks);
   host_->mainWindow = surroundings.mainWindow;

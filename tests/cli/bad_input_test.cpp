@@ -1,9 +1,12 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <random>
 
 #include "run_vanzet.h"
+
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {
@@ -124,6 +127,23 @@ TEST_F(BadInput, AFullDiskWhileAnUpgradeIsStored) {
   EXPECT_EQ(upgraded.status, 1);
   EXPECT_THAT(upgraded.err, HasSubstr("store.db"));
   EXPECT_EQ(Vanzet("upgrade lathe").status, 0) << "and nothing stands in the way when there is room again";
+}
+
+TEST_F(BadInput, ADamagedDrawingIsToldOnce) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/drawing.txt", "noise\n");
+  const Outcome played =
+      Vanzet("script lathe '" VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt' --transcript run.jsonl");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_THAT(played.err, HasSubstr("lathe/drawing.txt:1: "));
+  EXPECT_EQ(std::ranges::count(played.err, '\n'), 1) << played.err;
+}
+
+TEST_F(BadInput, AFullDiskWhileAnUpgradeIsStoredIsToldOnce) {
+  MakeProject();
+  const Outcome upgraded = Vanzet("upgrade lathe", "ulimit -f 4;");
+  EXPECT_EQ(upgraded.status, 1);
+  EXPECT_EQ(std::ranges::count(upgraded.err, '\n'), 1) << upgraded.err;
 }
 
 TEST_F(BadInput, AFullDiskWhileADefinitionIsReplaced) {
