@@ -1,5 +1,7 @@
 #include <iostream>
+#include <iterator>
 
+#include "base/files/whole_file.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -16,7 +18,26 @@ struct ScriptArguments {
   std::string picks;
   std::string transcript;
   std::string trace;
+  bool isStrict = false;
 };
+
+/// The script of a command: a file, or what is read from standard input.
+struct ScriptSource {
+  std::string file;  ///< "-": standard input
+  std::string name = file == "-" ? "standard input" : file;
+};
+
+/// Returns the file of the script; standard input becomes a file of the run. Fails when it is not a text.
+Result<std::filesystem::path> ReadScript(const ScriptSource& source, api::Host& host) {
+  std::filesystem::path file = source.file;
+  if (source.file == "-") {
+    VANZET_TRY(const auto folder, host.runFolder.Path());
+    file = folder / "script.txt";
+    VANZET_DO(files::ReplaceFile(file, std::string(std::istreambuf_iterator<char>(std::cin), {})));
+  }
+  VANZET_DO(project::ReadTextFile(file, source.name));
+  return file;
+}
 
 Result<void> LoadPicks(const std::string& file, api::Host& host) {
   if (file.empty()) return {};
@@ -27,16 +48,20 @@ Result<void> LoadPicks(const std::string& file, api::Host& host) {
 
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
-  const std::string& script = operands.words.front();
-  VANZET_DO(project::ReadTextFile(script, script));
+  const ScriptSource source{operands.words.front()};
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   api::Host& host = *hosted->host;
+  VANZET_TRY(const auto file, ReadScript(source, host));
   VANZET_DO(host.store.Check());
   // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
   VANZET_DO(host.board.Load());
   VANZET_DO(LoadPicks(arguments.picks, host));
   VANZET_DO(CheckOutputFile(arguments.transcript));
-  VANZET_DO(PlayScript({.file = script, .transcript = arguments.transcript}, host, context));
+  VANZET_DO(PlayScript({.file = file,
+                        .transcript = arguments.transcript,
+                        .name = source.name,
+                        .mode = arguments.isStrict ? "strict" : ""},
+                       host, context));
   if (context.panel.faults() > 0) return ReportedFault();
   return host.board.Save();
 }
@@ -81,14 +106,19 @@ void AddScript(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<ScriptArguments>();
   Command& command = vanzet.AddCommand(
       "script", "Runs a script of the equipment dialog, without a display, and prints a transcript.");
-  command.AddOperands("[PROJECT] FILE", "", arguments->words).Required().Count(1, 2);
+  command.AddOperands("[PROJECT] FILE", "the script; '-' is standard input", arguments->words)
+      .Required()
+      .Count(1, 2);
+  command.AddFlag("--strict", "fail at a message or a question that no 'answer' line awaits",
+                  arguments->isStrict);
   command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   command.AddOption("--transcript", "FILE", "write the transcript to this file instead of standard output",
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
-  command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl"};
+  command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl",
+                      "vanzet script lathe - --strict <bar-job.txt"};
   command.work = [=, &context] { return Script(*arguments, context); };
 }
 

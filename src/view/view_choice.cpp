@@ -29,8 +29,10 @@ bool HasDisplay() {
 
 /// The rules of a script: docs/formats/script.md.
 ScriptRules RulesFromEnvironment() {
+  const std::string mode = FromEnvironment("VANZET_SCRIPT_MODE");
   return {.name = FromEnvironment("VANZET_SCRIPT_NAME"),
-          .reportsErrors = FromEnvironment("VANZET_SCRIPT_MODE") != "transcript"};
+          .reportsErrors = mode != "transcript",
+          .isStrict = mode == "strict"};
 }
 
 std::filesystem::path QtLibrary() {

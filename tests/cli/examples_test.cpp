@@ -47,8 +47,8 @@ TEST_P(Examples, AreTheSameAsAScriptAndAsAForm) {
   const Json form = Json::parse(ReadBytes(FileOf("definitions", ".json")));
   MakeLathe("played");
   ASSERT_EQ(Vanzet("upgrade played").status, 0);
-  const Outcome played = Vanzet("script played '" + FileOf("scripts", ".txt") + "' --transcript run.jsonl " +
-                                GetParam().options);
+  const Outcome played = Vanzet("script played '" + FileOf("scripts", ".txt") +
+                                "' --strict --transcript run.jsonl " + GetParam().options);
   EXPECT_EQ(played.status, 0) << played.err;
   EXPECT_THAT(ReadBytes(folder / "run.jsonl"), Not(HasSubstr("\"event\":\"box\"")));
   EXPECT_EQ(Shown("played"), form);

@@ -114,6 +114,27 @@ TEST_F(ScriptCommand, FailsWhenStandardOutputIsFull) {
   EXPECT_EQ(played.err, "vanzet: standard output cannot be written\n");
 }
 
+TEST_F(ScriptCommand, ReadsTheScriptFromStandardInput) {
+  MakeUpgradedProject();
+  const Outcome played = Vanzet("script lathe -", "", "# nothing else\nclose\n");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.out, "{\"event\":\"closed\",\"by\":\"close\"}\n");
+  const Outcome broken = Vanzet("script - --transcript run.jsonl", "cd lathe &&", "select 3\npress \"1\n");
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_EQ(broken.err, "vanzet: standard input:2:7: the closing quote is missing\n  press \"1\n        ^\n");
+}
+
+TEST_F(ScriptCommand, FailsAtARefusedValueOnlyWhenStrict) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "refused.txt", "select 19\nset 2022 much\npress 2016\nclose\n");
+  EXPECT_EQ(Vanzet("script lathe refused.txt --transcript run.jsonl").status, 0);
+  const Outcome strict = Vanzet("script lathe refused.txt --strict --transcript strict.jsonl");
+  EXPECT_EQ(strict.status, 1);
+  EXPECT_EQ(strict.err,
+            "vanzet: refused.txt:3: the script did not await a message: 'Please enter a number.'\n");
+  EXPECT_EQ(ReadBytes(folder / "strict.jsonl"), ReadBytes(folder / "run.jsonl")) << "the same events";
+}
+
 TEST_F(ScriptCommand, ServesPicksFromAFile) {
   MakeUpgradedProject();
   WriteBytes(folder / "pick.txt", "select 19\npress 2005\nstate\nclose\n");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "support/reported_faults.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::view {
@@ -12,9 +15,9 @@ using platform::MessageBox;
 class ScriptViewBoxes : public testing::Test {
  protected:
   /// Boxes served by a script of this text.
-  std::unique_ptr<ScriptView> Serve(const std::string& script) {
+  std::unique_ptr<ScriptView> Serve(const std::string& script, const ScriptRules& rules = {}) {
     test::WriteBytes(folder / "script.txt", script);
-    return std::make_unique<ScriptView>((folder / "script.txt").string(), transcript);
+    return std::make_unique<ScriptView>((folder / "script.txt").string(), transcript, rules);
   }
   std::string Written() const { return test::ReadBytes(folder / "run.jsonl"); }
 
@@ -108,6 +111,43 @@ TEST_F(ScriptViewBoxes, LooksNoFurtherThanTheFirstCommandOfTheDialog) {
   const auto view = Serve("answer yes\nselect 2\nfile \"x\n");
   EXPECT_EQ(Written(), "");
   EXPECT_EQ(view->Present(question), 6);
+}
+
+TEST_F(ScriptViewBoxes, ReportsWhatAStrictScriptDidNotAwait) {
+  const ScriptRules strict{.name = "job.txt", .isStrict = true};
+  const struct {
+    std::string script, told;
+    std::function<void(ScriptView&)> event;
+  } cases[] = {
+      {"answer yes\n", "", [&](ScriptView& view) { view.Present(question); }},
+      {"file cancel\n", "", [&](ScriptView& view) { view.Choose({}); }},
+      {"", "a question without an answer: 'Delete?'", [&](ScriptView& view) { view.Present(question); }},
+      {"answer yes\n", "a message: 'Invalid Solid!'", [&](ScriptView& view) { view.Present(notice); }},
+      {"", "a file dialog without a 'file' line", [&](ScriptView& view) { view.Choose({}); }},
+  };
+  for (const auto& each : cases) {
+    const test::ReportedFaults host;
+    each.event(*Serve(each.script, strict));
+    const auto told = each.told.empty()
+                          ? std::vector<std::string>()
+                          : std::vector<std::string>{"job.txt: the script did not await " + each.told};
+    EXPECT_EQ(host.Messages(), told);
+  }
+}
+
+TEST_F(ScriptViewBoxes, ReportsOnlyTheFirstSurpriseOfAStrictScript) {
+  const test::ReportedFaults host;
+  const auto view = Serve("", {.isStrict = true});
+  for (int i = 0; i < 3; ++i) view->Present(notice);
+  EXPECT_EQ(host.faults().size(), 1U);
+}
+
+TEST_F(ScriptViewBoxes, AwaitsNothingWhereAScriptIsNotStrict) {
+  const test::ReportedFaults host;
+  const auto view = Serve("");
+  view->Present(notice);
+  view->Present(question);
+  EXPECT_TRUE(host.faults().empty());
 }
 
 }  // namespace

@@ -63,16 +63,20 @@ ScriptView::ScriptView(const std::string& scriptFile, std::shared_ptr<Transcript
 }
 
 std::int32_t ScriptView::Present(const platform::MessageBox& message) {
-  const std::int32_t given = platform::IsQuestion(message.type)
-                                 ? PopFront(answers_).value_or(platform::answer::kNo)
-                                 : platform::answer::kOk;
+  const bool isQuestion = platform::IsQuestion(message.type);
+  const auto queued = isQuestion ? PopFront(answers_) : std::nullopt;
+  const std::int32_t given = queued.value_or(isQuestion ? platform::answer::kNo : platform::answer::kOk);
   transcript_->Box(message, given);
+  if (!queued)
+    Surprise((isQuestion ? "a question without an answer: '" : "a message: '") + message.text + "'");
   return given;
 }
 
 std::optional<std::string> ScriptView::Choose(const platform::FileQuestion& question) {
-  std::optional<std::string> result = PopFront(files_).value_or(std::nullopt);
+  const auto queued = PopFront(files_);
+  std::optional<std::string> result = queued.value_or(std::nullopt);
   transcript_->FileDialog(question, result);
+  if (!queued) Surprise("a file dialog without a 'file' line");
   return result;
 }
 
@@ -85,6 +89,7 @@ std::int32_t ScriptView::Serve(Dialog& dialog, void* /*parent*/, std::int32_t /*
 }
 
 void ScriptView::Step(Dialog& dialog) {
+  running_ = script_.LineNumber();
   if (const auto done = Run(dialog, line_); !done) return Refuse(done.fault());
   if (!dialog.IsOpen()) return;
   auto next = script_.Next();
@@ -135,6 +140,13 @@ void ScriptView::Refuse(Fault fault) {
   fault.line = script_.LineNumber();
   transcript_->Error(fault.line, fault.text);
   Report(fault);
+}
+
+void ScriptView::Surprise(const std::string& what) {
+  // What follows from the first surprise is none of its own.
+  if (!rules_.isStrict || isRefused_) return;
+  isRefused_ = true;
+  Report({.text = "the script did not await " + what, .line = running_});
 }
 
 void ScriptView::Report(const Fault& fault) {

@@ -17,6 +17,7 @@ namespace vanzet::view {
 struct ScriptRules {
   std::string name = {};      ///< of the script in faults; empty: the name of its file
   bool reportsErrors = true;  ///< a line that fails is also a fault of the host
+  bool isStrict = false;      ///< what no line of the script awaited is a fault and ends the script
 };
 
 /// Plays the user from a script, and writes what happens to a transcript: docs/formats/script.md.
@@ -24,6 +25,7 @@ struct ScriptRules {
 /// Boxes    a question takes the next queued answer, or gets No without one. A box with one button is
 ///          answered OK and takes none
 /// Files    a file dialog takes the next queued result, or is cancelled without one
+/// Strict   a box or file dialog that takes no queued answer is a fault of the host, and closes the dialog
 /// Errors   a line that fails is an event of the transcript and a fault of the host, and closes the dialog; so
 ///          does a transcript that cannot be written
 class ScriptView final : public View,
@@ -59,6 +61,9 @@ class ScriptView final : public View,
   /// Ends the script: writes the error of a line, and reports it.
   void Refuse(Fault fault);
   void Report(const Fault& fault);
+
+  /// Ends a strict script at what no line awaited.
+  void Surprise(const std::string& what);
   bool CanGoOn() const { return !isRefused_ && transcript_->IsComplete(); }
 
   /// Runs the line that was read last, and reads the next one.
@@ -76,6 +81,7 @@ class ScriptView final : public View,
   std::ifstream text_;
   ScriptReader script_{text_};
   ScriptLine line_;         ///< the line read last, not run yet; without words at the end
+  int running_ = 0;         ///< the number of the line that is run; 0 before the first one
   bool isRefused_ = false;  ///< a line failed: the dialog closes
   std::deque<std::int32_t> answers_;
   std::deque<std::optional<std::string>> files_;
