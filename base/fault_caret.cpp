@@ -21,8 +21,8 @@ struct Cell {
 
 Cell CellOf(std::string_view character) {
   if (character == "\t") return {"\t", "\t"};
-  if (character.size() > 1) return {std::string(character), " "};
   const std::string shown = OneLine(character);
+  if (shown == character) return {shown, " "};
   return {shown, std::string(shown.size(), ' ')};
 }
 

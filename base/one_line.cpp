@@ -1,9 +1,13 @@
 #include "base/one_line.h"
 
+#include <algorithm>
+
+#include "base/utf8.h"
+
 namespace vanzet {
 namespace {
 
-std::string Shown(char c) {
+std::string Escaped(char c) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   switch (c) {
     case '\n': return "\\n";
@@ -12,7 +16,6 @@ std::string Shown(char c) {
     default: break;
   }
   const auto byte = static_cast<unsigned char>(c);
-  if (byte >= 0x20 && byte != 0x7F) return {c};
   return std::string("\\x") + kDigits[byte >> 4U] + kDigits[byte & 0xFU];
 }
 
@@ -20,7 +23,13 @@ std::string Shown(char c) {
 
 std::string OneLine(std::string_view text) {
   std::string line;
-  for (const char c : text) line += Shown(c);
+  while (!text.empty()) {
+    const std::size_t control = ControlLength(text);
+    const std::size_t length = std::max({control, Utf8Length(text), std::size_t{1}});
+    if (control == 0) line += text.substr(0, length);
+    for (const char c : text.substr(0, control)) line += Escaped(c);
+    text.remove_prefix(length);
+  }
   return line;
 }
 

@@ -41,4 +41,16 @@ std::size_t Utf8Length(std::string_view text) {
   return isInRange && !IsSurrogate(character) ? form->length : 0;
 }
 
+std::size_t ControlLength(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto isC1 = [](char c) { return (static_cast<std::uint8_t>(c) & 0xE0U) == 0x80U; };
+  const auto first = static_cast<std::uint8_t>(text.front());
+  switch (Utf8Length(text)) {
+    case 0: return isC1(text.front()) ? 1 : 0;
+    case 1: return first < 0x20 || first == 0x7F ? 1 : 0;
+    case 2: return first == 0xC2 && isC1(text[1]) ? 2 : 0;
+    default: return 0;
+  }
+}
+
 }  // namespace vanzet

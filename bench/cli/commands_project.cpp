@@ -6,6 +6,7 @@
 
 #include "api/module.h"
 #include "base/files/system_fault.h"
+#include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -66,7 +67,7 @@ struct NewArguments {
 
 Result<void> New(const NewArguments& arguments, const Context& context) {
   VANZET_DO(project::MakeProject(arguments.folder, arguments.sample, context.places.share));
-  return Print("created project " + arguments.folder + " from sample " + arguments.sample + "\n");
+  return Print("created project " + OneLine(arguments.folder) + " from sample " + arguments.sample + "\n");
 }
 
 struct OpenArguments {

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
@@ -38,7 +39,7 @@ Result<void> Save(const VdmArguments& arguments, const Context& context) {
   VANZET_DO(store.CheckTarget(file));
   VANZET_DO(vdm::WriteVdmFile(file, content));
   return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
-               ", to " + file.string() + "\n");
+               ", to " + OneLine(file.string()) + "\n");
 }
 
 Result<void> Load(const VdmArguments& arguments, const Context& context) {
@@ -48,7 +49,7 @@ Result<void> Load(const VdmArguments& arguments, const Context& context) {
   vdm::VdmStore store(project.folder());
   VANZET_DO(store.Replace(arguments.number, content));
   return Print("loaded VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
-               ", from " + file.string() + "\n");
+               ", from " + OneLine(file.string()) + "\n");
 }
 
 Result<void> Check(const std::string& file, bool json) {
@@ -59,7 +60,7 @@ Result<void> Check(const std::string& file, bool json) {
     items += record->Size();
   }
   if (json) return PrintJson({{"file", file}, {"records", content.Size()}, {"items", items}});
-  return Print(file + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") + "\n");
+  return Print(OneLine(file) + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") + "\n");
 }
 
 void AddSave(Command& vdm, const Context& context) {

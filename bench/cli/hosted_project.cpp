@@ -7,6 +7,7 @@
 #include "api/module.h"
 #include "base/files/regular_file.h"
 #include "base/numbers.h"
+#include "base/one_line.h"
 #include "cli/progress_line.h"
 #include "define/catalogue.h"
 #include "project/definition.h"
@@ -67,7 +68,7 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   if (!context.keepsTmp) return hosted;
   VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
   hosted->host->runFolder.Keep();
-  std::cerr << "vanzet: the files of this run are kept in " + tmp.string() + "\n";
+  std::cerr << "vanzet: the files of this run are kept in " + OneLine(tmp.string()) + "\n";
   return hosted;
 }
 

@@ -5,6 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/one_line.h"
+#include "base/utf8.h"
+
 namespace vanzet::cli {
 namespace {
 
@@ -12,6 +15,23 @@ namespace {
 std::string Padding(const std::string& text, std::size_t width) {
   const std::size_t length = Width(text);
   return std::string(width > length ? width - length : 0, ' ');
+}
+
+/// JSON in UTF-8 with the control characters that JSON allows in texts as "\\u007f".
+std::string WithEscapedControls(std::string_view json) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  std::string escaped;
+  while (!json.empty()) {
+    const std::size_t length = std::max<std::size_t>(Utf8Length(json), 1);
+    const auto last = static_cast<unsigned char>(json[length - 1]);
+    if (json.front() == '\n' || ControlLength(json) == 0) {
+      escaped += json.substr(0, length);
+    } else {
+      escaped += std::string("\\u00") + kDigits[last >> 4U] + kDigits[last & 0xFU];
+    }
+    json.remove_prefix(length);
+  }
+  return escaped;
 }
 
 }  // namespace
@@ -23,21 +43,13 @@ Result<void> Print(const std::string& text) {
 }
 
 Result<void> PrintJson(const Json& json) {
-  return Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+  return Print(WithEscapedControls(json.dump(2, ' ', false, Json::error_handler_t::replace)) + "\n");
 }
 
 std::string EscapedItem(std::string_view item) {
   std::string line;
-  for (const char c : item) {
-    switch (c) {
-      case '\\': line += "\\\\"; break;
-      case '\n': line += "\\n"; break;
-      case '\r': line += "\\r"; break;
-      case '\t': line += "\\t"; break;
-      default: line += c;
-    }
-  }
-  return line;
+  for (const char c : item) line += c == '\\' ? "\\\\" : std::string(1, c);
+  return OneLine(line);
 }
 
 std::string Counted(std::size_t count, const std::string& noun) {

@@ -24,6 +24,12 @@ TEST(Fault, StaysOnOneLineWhateverItQuotes) {
   EXPECT_EQ(Fault{"\x1b[1m W\xC3\xA4hlen \\"}.Message(), "\\x1b[1m W\xC3\xA4hlen \\");
 }
 
+TEST(Fault, GivesATerminalNothingToActOn) {
+  EXPECT_EQ((Fault{"\x7F\xC2\x9B[2J \x9B[2J"}.Message()), "\\x7f\\xc2\\x9b[2J \\x9b[2J");
+  EXPECT_EQ((Fault{"W\xE4hlen \xC3\x9B \xC2\xA0"}.Message()), "W\xE4hlen \xC3\x9B \xC2\xA0")
+      << "letters stay";
+}
+
 TEST(Result, HoldsTheValueOrTheFault) {
   const Result<int> good = 5;
   const Result<int> bad = Fault{"no"};

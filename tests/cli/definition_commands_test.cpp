@@ -92,6 +92,17 @@ TEST_F(DefinitionCommands, EscapeItemsThatWouldBreakALine) {
             Json::parse(R"({"vdm":5,"records":[["a\nb\r\\c\td"]]})"));
 }
 
+TEST_F(DefinitionCommands, GiveATerminalNothingToActOn) {
+  MakeProject();
+  WriteBytes(folder / "odd.vdm", "vdm 1\nrecord\n.\x1b[2J\x7F\xC2\x9B[2J\x9B[2J\nend 1\n");
+  ASSERT_EQ(Vanzet("vdm load lathe odd.vdm 5").status, 0);
+  EXPECT_EQ(Vanzet("items lathe --vdm 5").out, "0.0\t\\x1b[2J\\x7f\\xc2\\x9b[2J\\x9b[2J\n");
+  EXPECT_THAT(Vanzet("items lathe --vdm 5 --json").out,
+              HasSubstr("\"\\u001b[2J\\u007f\\u009b[2J\xEF\xBF\xBD[2J\""));
+  const Outcome saved = Vanzet("vdm save lathe 5 $'a\\eb.vdm'");
+  EXPECT_THAT(saved.out, HasSubstr("a\\x1bb.vdm"));
+}
+
 TEST_F(DefinitionCommands, UpgradeAnOlderDefinition) {
   MakeUpgradedProject();
   WriteBytes(folder / "old.vdm",

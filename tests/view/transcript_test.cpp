@@ -15,7 +15,8 @@ using test::TemporaryFolder;
 TEST(JsonString, EscapesWhatJsonWantsEscaped) {
   EXPECT_EQ(JsonString("a\"b\\c\n\r\t"), R"("a\"b\\c\n\r\t")");
   EXPECT_EQ(JsonString(std::string("\x01\x1f\0", 3)), R"("\u0001\u001f\u0000")");
-  EXPECT_EQ(JsonString("W\xC3\xA4hlen"), "\"W\xC3\xA4hlen\"");
+  EXPECT_EQ(JsonString("\x7F\xC2\x9B"), R"("\u007f\u009b")");
+  EXPECT_EQ(JsonString("W\xC3\xA4hlen\xC2\xA0"), "\"W\xC3\xA4hlen\xC2\xA0\"");
 }
 
 TEST(JsonString, IsUtf8WhateverTheText) {

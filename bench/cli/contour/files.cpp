@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/files/whole_file.h"
+#include "base/one_line.h"
 #include "base/path_map.h"
 #include "cli/output.h"
 #include "contour/contour_file.h"
@@ -31,7 +32,7 @@ Result<void> WriteFile(const std::string& name, const std::string& bytes) {
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
   const std::string& name = arguments.files[file];
   VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
-  for (const std::string& remark : content.remarks) std::cerr << "vanzet: " + remark + "\n";
+  for (const std::string& remark : content.remarks) std::cerr << "vanzet: " + OneLine(remark) + "\n";
   if (!arguments.contour) return std::move(content.contours);
   contour::Contours chosen;
   for (const contour::Contour& contour : content.contours) {

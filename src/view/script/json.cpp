@@ -7,9 +7,10 @@
 namespace vanzet::view {
 namespace {
 
-std::string EscapeCharacter(char c) {
+/// Escapes a character of one byte, or one of two that is a control character: its last byte is its number.
+std::string Escape(std::string_view character) {
   constexpr std::string_view kDigits = "0123456789abcdef";
-  switch (c) {
+  switch (character.front()) {
     case '"': return "\\\"";
     case '\\': return "\\\\";
     case '\n': return "\\n";
@@ -17,9 +18,9 @@ std::string EscapeCharacter(char c) {
     case '\t': return "\\t";
     default: break;
   }
-  const auto byte = static_cast<unsigned char>(c);
-  if (byte >= 0x20) return {c};
-  return std::string("\\u00") + kDigits[byte >> 4U] + kDigits[byte & 0xFU];
+  if (ControlLength(character) == 0) return std::string(character);
+  const auto number = static_cast<unsigned char>(character.back());
+  return std::string("\\u00") + kDigits[number >> 4U] + kDigits[number & 0xFU];
 }
 
 }  // namespace
@@ -28,9 +29,7 @@ std::string JsonString(std::string_view text) {
   std::string json = "\"";
   while (!text.empty()) {
     const std::size_t length = Utf8Length(text);
-    if (length == 0) json += kNoUtf8;
-    if (length == 1) json += EscapeCharacter(text.front());
-    if (length > 1) json += text.substr(0, length);
+    json += length == 0 ? std::string(kNoUtf8) : Escape(text.substr(0, length));
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return json + '"';
