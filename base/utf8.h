@@ -12,9 +12,9 @@ inline constexpr std::string_view kNoUtf8 = "\xEF\xBF\xBD";
 /// out of place, a longer form than needed, half of a surrogate pair, or beyond U+10FFFF.
 std::size_t Utf8Length(std::string_view text);
 
-/// The number of bytes of the control character that `text` begins with, which a terminal would act on: U+0000
-/// to U+001F, U+007F to U+009F, and a byte out of place from 0x80 to 0x9F, which is such a character on a
-/// terminal of 8 bits. 0 when it begins with something else.
+/// The number of bytes of the control character that `text` begins with, which a terminal would act on:
+/// U+0000 to U+001F, U+007F to U+009F, and a byte out of place from 0x80 to 0x9F, which is such a character
+/// on a terminal of 8 bits. 0 when it begins with something else.
 std::size_t ControlLength(std::string_view text);
 
 }  // namespace vanzet

@@ -5,6 +5,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "cli/progress_line.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
@@ -74,6 +75,7 @@ Result<geometry::Kurve> OutlineOf(const std::string& file) {
 Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
+  VANZET_DO(CheckIsNoInput(paths.Resolve(arguments.out), {paths.Resolve(arguments.body), arguments.outline}));
   VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body), ExchangeWithProgress()));
   VANZET_TRY(const auto outline, OutlineOf(arguments.outline));
   const auto placed = PlaceModel(body, arguments);

@@ -3,6 +3,7 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/output_files.h"
 #include "cli/progress_line.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
@@ -10,7 +11,6 @@
 #include "results/equipment.h"
 #include "results/png.h"
 #include "scene/picture.h"
-#include "vdm/store.h"
 
 /// The commands that make pictures and 3D files of a project.
 namespace vanzet::cli {
@@ -61,7 +61,7 @@ Result<std::string> DrawEquipment(const PictureArguments& arguments, const proje
 Result<void> Picture(const PictureArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
-  VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(file));
+  VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
   VANZET_TRY(const auto bytes,
              arguments.view == "equipment" ? DrawEquipment(arguments, project) : Draw(arguments, project));
   return files::ReplaceFile(file, bytes);
@@ -103,10 +103,14 @@ struct ExportArguments {
 
 Result<void> ExportEquipment(const ExportArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
+  const std::filesystem::path folder = PathMap::OfProcess().Resolve(arguments.out);
+  std::error_code unknown;
+  if (std::filesystem::equivalent(folder, project.folder() / "bodies", unknown)) {
+    return Fault{"cannot be the folder of the 3D files: the project reads its bodies there", arguments.out};
+  }
   const auto exchange = ExchangeWithProgress();
   VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
-  return results::WriteEquipment(scene, *modeller::FormatNamed(arguments.format),
-                                 PathMap::OfProcess().Resolve(arguments.out), exchange);
+  return results::WriteEquipment(scene, *modeller::FormatNamed(arguments.format), folder, exchange);
 }
 
 }  // namespace

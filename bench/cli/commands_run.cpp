@@ -49,6 +49,9 @@ Result<void> LoadPicks(const std::string& file, api::Host& host) {
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const ScriptSource source{operands.words.front()};
+  for (const std::string& output : {arguments.trace, arguments.transcript}) {
+    VANZET_DO(CheckIsNoInput(output, {source.file, arguments.picks}));
+  }
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_TRY(const auto file, ReadScript(source, host));
@@ -56,6 +59,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
   VANZET_DO(host.board.Load());
   VANZET_DO(LoadPicks(arguments.picks, host));
+  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
   VANZET_DO(CheckOutputFile(arguments.transcript));
   VANZET_DO(PlayScript({.file = file,
                         .transcript = arguments.transcript,

@@ -7,6 +7,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "project/project.h"
 #include "vdm/store.h"
 #include "vdm/vdm_file.h"
@@ -33,10 +34,9 @@ void AssignOperands(VdmArguments& arguments, std::size_t numberAt) {
 
 Result<void> Save(const VdmArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
-  const vdm::VdmStore store(project.folder());
-  VANZET_TRY(const auto content, store.Snapshot(arguments.number));
   const auto file = project.paths().Resolve(arguments.file);
-  VANZET_DO(store.CheckTarget(file));
+  VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
+  VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(arguments.number));
   VANZET_DO(vdm::WriteVdmFile(file, content));
   return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
                ", to " + OneLine(file.string()) + "\n");
@@ -60,7 +60,8 @@ Result<void> Check(const std::string& file, bool json) {
     items += record->Size();
   }
   if (json) return PrintJson({{"file", file}, {"records", content.Size()}, {"items", items}});
-  return Print(OneLine(file) + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") + "\n");
+  return Print(OneLine(file) + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") +
+               "\n");
 }
 
 void AddSave(Command& vdm, const Context& context) {

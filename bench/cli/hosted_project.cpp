@@ -8,6 +8,7 @@
 #include "base/files/regular_file.h"
 #include "base/numbers.h"
 #include "base/one_line.h"
+#include "cli/output_files.h"
 #include "cli/progress_line.h"
 #include "define/catalogue.h"
 #include "project/definition.h"
@@ -58,7 +59,7 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   VANZET_TRY(auto project, project::Project::Open(folder, context.places.share));
   std::unique_ptr<api::Trace> trace;
   if (!traceFile.empty()) {
-    VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(traceFile));
+    VANZET_DO(CheckIsNoInput(traceFile, InputsOf(project)));
     VANZET_TRY(auto opened, api::Trace::To(traceFile));
     trace = std::move(opened);
   }

@@ -15,12 +15,12 @@ using Json = nlohmann::ordered_json;
 /// Prints a result on standard output. Fails when it cannot be written, as on a full disk.
 Result<void> Print(const std::string& text);
 
-/// Prints a result for programs: indented, with a line end. Bytes that are not UTF-8 become U+FFFD; all control
-/// characters in texts are escaped.
+/// Prints a result for programs: indented, with a line end. Bytes that are not UTF-8 become U+FFFD; all
+/// control characters in texts are escaped.
 Result<void> PrintJson(const Json& json);
 
-/// The item on one line, with a backslash as \\ and control characters as \n, \r, \t and \x1b, so that programs
-/// can read it back and terminals do not act on it.
+/// The item on one line, with a backslash as \\ and control characters as \n, \r, \t and \x1b, so that
+/// programs can read it back and terminals do not act on it.
 std::string EscapedItem(std::string_view item);
 
 /// "1 record", "18 records".

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "base/files/system_fault.h"
@@ -18,7 +19,49 @@ Fault CannotBeWritten(const fs::path& file, int error) {
   return files::SystemFault("cannot be written", error, file);
 }
 
+/// The files with fixed names that commands read in a project.
+constexpr const char* kProjectFiles[] = {"bench.ini",   "machine.ini", "clampdevice.cld",
+                                         "drawing.txt", "store.db",    "store.lock"};
+
+/// The folders of a project all of whose files are inputs.
+constexpr const char* kProjectFolders[] = {"bodies", "figures"};
+
+/// True when both names lead to the same file. Pipes and devices have no content to lose.
+bool IsSameFile(const fs::path& output, const fs::path& input) {
+  if (output.empty() || input.empty()) return false;
+  std::error_code unknown;
+  const fs::file_status status = fs::status(output, unknown);
+  if (fs::is_regular_file(status)) return fs::equivalent(output, input, unknown);
+  return !fs::exists(status) && fs::weakly_canonical(output, unknown) == fs::weakly_canonical(input, unknown);
+}
+
 }  // namespace
+
+Result<void> CheckIsNoInput(const fs::path& output, const std::vector<fs::path>& inputs) {
+  if (std::ranges::none_of(inputs, [&](const fs::path& input) { return IsSameFile(output, input); })) {
+    return {};
+  }
+  return Fault{"cannot be written: this command reads the file", output.string()};
+}
+
+std::vector<fs::path> InputsOf(const project::Project& project) {
+  std::vector<fs::path> inputs;
+  for (const char* const name : kProjectFiles) inputs.push_back(project.folder() / name);
+  for (const char* const key : {"ppdefini", "clampmdb"}) {
+    inputs.push_back(project.folder() / project.paths().Resolve(project.Environment(key)));
+  }
+  const auto setting = project.settings().project.find("CLAMP_DB_PATH");
+  if (setting != project.settings().project.end()) {
+    inputs.push_back(project.paths().Resolve(setting->second.value));
+  }
+  for (const char* const name : kProjectFolders) {
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(project.folder() / name, error)) {
+      inputs.push_back(entry.path());
+    }
+  }
+  return inputs;
+}
 
 Result<void> CheckOutputFile(const fs::path& file) {
   if (file.empty()) return {};

@@ -1,14 +1,26 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 #include "base/result.h"
+#include "project/project.h"
 
 /// Checks of the files that a command writes, before it begins its work.
 namespace vanzet::cli {
 
 /// Fails when the file cannot be opened for writing. One that does not exist is created, empty; of one that
-/// exists the content stays. Pipes and devices are not opened: their readers would see it.
+/// exists the content stays. Pipes and devices are not opened: their readers would see it. An empty name is
+/// that of no file.
 Result<void> CheckOutputFile(const std::filesystem::path& file);
+
+/// Fails when `output` is one of the inputs, by whatever name, so that the command would replace what it
+/// reads. Empty names are those of no files.
+Result<void> CheckIsNoInput(const std::filesystem::path& output,
+                            const std::vector<std::filesystem::path>& inputs);
+
+/// The files of a project that commands read: its settings, machine, catalogue, drawing and store, and what
+/// is in the folders of bodies and figures.
+std::vector<std::filesystem::path> InputsOf(const project::Project& project);
 
 }  // namespace vanzet::cli

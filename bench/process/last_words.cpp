@@ -97,8 +97,8 @@ void HandleLostExceptions() {
   std::set_terminate(EndByException);
 }
 
-/// Runs before the variables of the program and of its libraries are set up, so that an exception there has its
-/// line, too.
+/// Runs before the variables of the program and of its libraries are set up, so that an exception there has
+/// its line, too.
 [[gnu::used, gnu::section(".preinit_array")]] void (*const beforeAllElse)() = HandleLostExceptions;
 
 }  // namespace

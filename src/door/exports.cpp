@@ -35,7 +35,7 @@ void ReportException(ModuleStateGuard* guard) {
   try {
     Fault fault = FaultOfException();
     platform::Show({"vanzet", fault.text, platform::box::kOk + platform::box::kExclamationIcon});
-    // Without a view that has a dialog, the box was a line on standard error, and the host need not repeat it.
+    // Without a view that has a dialog the box was a line on standard error: the host need not repeat it.
     if (guard == nullptr || guard->ViewForDialog() == nullptr) fault.kind = FaultKind::kReported;
     platform::ReportFault(fault);
   } catch (...) {

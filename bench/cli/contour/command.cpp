@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/contour/files.h"
 #include "cli/contour/operations.h"
 #include "contour/library.h"
 
@@ -82,6 +83,7 @@ void AddOperation(Command& contour, const Row& row, const Context& context) {
   command.examples = {row.example};
   command.check = [=, &row] { SplitContourWords(*arguments, row.files, row.numbers); };
   command.work = [=, &row]() -> Result<void> {
+    VANZET_DO(CheckOutputs(*arguments));
     contour::UseMillimetres();
     const auto done = contour::Guarded([&] { return row.run(*arguments); });
     return done ? *done : done.fault();

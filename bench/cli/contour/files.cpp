@@ -8,6 +8,7 @@
 #include "base/one_line.h"
 #include "base/path_map.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"
 
@@ -28,6 +29,14 @@ Result<void> WriteFile(const std::string& name, const std::string& bytes) {
 }
 
 }  // namespace
+
+Result<void> CheckOutputs(const ContourArguments& arguments) {
+  const PathMap paths = PathMap::OfProcess();
+  std::vector<std::filesystem::path> inputs;
+  for (const std::string& name : arguments.files) inputs.push_back(paths.Resolve(name));
+  VANZET_DO(CheckIsNoInput(paths.Resolve(arguments.svg), inputs));
+  return CheckIsNoInput(paths.Resolve(arguments.dxf), inputs);
+}
 
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
   const std::string& name = arguments.files[file];

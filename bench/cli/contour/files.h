@@ -8,6 +8,9 @@
 /// The input and output of operations on contours.
 namespace vanzet::cli {
 
+/// Fails when the picture or the drawing would replace a file that the operation reads.
+Result<void> CheckOutputs(const ContourArguments& arguments);
+
 /// Reads the chosen contours of a file; `file` counts the files of the command from 0. What is left out of a
 /// drawing is reported on standard error.
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file);

@@ -7,8 +7,8 @@
 /// JSON on one line, keys in the order in which they are given.
 namespace vanzet::view {
 
-/// The text as a JSON string, quotes included. Bytes that are not UTF-8 become U+FFFD; all control characters are
-/// escaped, also those that JSON allows, so that a terminal does not act on them.
+/// The text as a JSON string, quotes included. Bytes that are not UTF-8 become U+FFFD; all control characters
+/// are escaped, also those that JSON allows, so that a terminal does not act on them.
 std::string JsonString(std::string_view text);
 
 /// Builds the members of an object or the elements of an array.

@@ -26,8 +26,8 @@ struct ScriptRules {
 ///          answered OK and takes none
 /// Files    a file dialog takes the next queued result, or is cancelled without one
 /// Strict   a box or file dialog that takes no queued answer is a fault of the host, and closes the dialog
-/// Errors   a line that fails is an event of the transcript and a fault of the host, and closes the dialog; so
-///          does a transcript that cannot be written
+/// Errors   a line that fails is an event of the transcript and a fault of the host, and closes the dialog;
+///          so does a transcript that cannot be written
 class ScriptView final : public View,
                          public platform::BoxPresenter,
                          public platform::FilePresenter,
