@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "modeller/measures.h"
+
 namespace vanzet::scene {
 namespace {
 
@@ -32,6 +34,17 @@ ModelBody MakeSection(const Surface& surface, const SceneBody& body) {
   return cut;
 }
 
+/// A body's facets drawn one upon another take as long as facets side by side. Those of a real body, the fins
+/// of a cooler included, have together some hundred times the area of the square around it.
+constexpr double kMostLayers = 1000;
+
+bool IsTooOftenCovered(const modeller::Mesh& mesh) {
+  geometry::Box3d box;
+  for (const Point3d& point : mesh.points) box.Insert(point);
+  const double reach = Dist(box.min, box.max);
+  return modeller::MeasuresOf(mesh).area > kMostLayers * reach * reach;
+}
+
 /// The nearness of a facet at a place of the picture, when it covers the place.
 std::optional<double> NearnessAt(const Facet& facet, const Camera& camera, double x, double y) {
   std::array<PicturePoint, 3> p;
@@ -55,6 +68,8 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
     if (!body.isShown) continue;
     const auto mesh = modeller::MeshOf(body.body, {});
     if (!mesh) return Fault{body.name + ": " + mesh.fault().text};
+    if (IsTooOftenCovered(*mesh))
+      return Fault{body.name + ": its facets cover each other too often to be drawn"};
     Surface surface = SurfaceOf(*mesh, body.placement);
     model.bodies.push_back(isSection ? MakeSection(surface, body) : MakeWhole(std::move(surface), body));
   }

@@ -176,9 +176,9 @@ Matrix FacingFrom(double x) {
   return matrix;
 }
 
-Box3d ExtentsOf(const SceneBody& body) {
-  const auto placed = modeller::PlaceBody(body.body, body.placement);
-  return placed ? BoxOf(*placed) : Box3d({0, 0, 0}, {0, 0, 0});
+Result<Box3d> ExtentsOf(const SceneBody& body) {
+  VANZET_TRY(const auto placed, modeller::PlaceBody(body.body, body.placement));
+  return modeller::Extents(placed);
 }
 
 }  // namespace vanzet::scene

@@ -31,6 +31,6 @@ Scene PlaceSpindle(const Spindle& spindle, const SpindleThings& things, const st
 geometry::Matrix FacingFrom(double x);
 
 /// The extents of a body where it is placed, along the axis and across it.
-geometry::Box3d ExtentsOf(const SceneBody& body);
+Result<geometry::Box3d> ExtentsOf(const SceneBody& body);
 
 }  // namespace vanzet::scene

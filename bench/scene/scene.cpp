@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "modeller/measures.h"
 #include "scene/bodies.h"
 #include "scene/device_text.h"
 #include "scene/equipment.h"
@@ -49,6 +50,8 @@ class Maker {
     if (things.clamp) things.jaw = std::move(jaw);
     const Spindle& defined = equipment_.spindles[spindle];
     VANZET_TRY(things.billet, PrefixFault("the billet" + of, BodyOf(defined.billet, sources_)));
+    // Found once here, where a failure is a fault; places are computed from it later.
+    if (things.billet) VANZET_DO(PrefixFault("the billet" + of, modeller::Extents(*things.billet)));
     VANZET_TRY(things.finishPart, PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)));
     return things;
   }
@@ -74,7 +77,8 @@ class Maker {
     VANZET_TRY(const SpindleThings things, ThingsOf(1));
     Scene sub = PlaceSpindle(equipment_.spindles[1], things, kNames[1]);
     if (sub.bodies.empty()) return {};
-    const geometry::Matrix facing = FacingFrom(SubDatum(sub));
+    VANZET_TRY(const double datum, SubDatum(sub));
+    const geometry::Matrix facing = FacingFrom(datum);
     for (SceneBody& body : sub.bodies) {
       body.placement.Multiply(facing);
       scene_.bodies.push_back(std::move(body));
@@ -88,16 +92,21 @@ class Maker {
 
   /// The datum of the sub spindle. The fronts of the two billets are as far apart as the origins; when that
   /// distance is 0 the sub spindle keeps a gap.
-  double SubDatum(const Scene& sub) const {
+  Result<double> SubDatum(const Scene& sub) const {
     const double main = equipment_.spindles[0].origin, own = equipment_.spindles[1].origin;
     if (main != own) return main + std::abs(own - main) + own;
-    const double foremost = Foremost(sub.bodies);
-    return scene_.bodies.empty() ? foremost : Foremost(scene_.bodies) + kGap + foremost;
+    VANZET_TRY(const double foremost, Foremost(sub.bodies));
+    if (scene_.bodies.empty()) return foremost;
+    VANZET_TRY(const double opposite, Foremost(scene_.bodies));
+    return opposite + kGap + foremost;
   }
 
-  static double Foremost(const std::vector<SceneBody>& bodies) {
+  static Result<double> Foremost(const std::vector<SceneBody>& bodies) {
     double foremost = -1e9;
-    for (const SceneBody& body : bodies) foremost = std::max(foremost, ExtentsOf(body).max.x);
+    for (const SceneBody& body : bodies) {
+      VANZET_TRY(const auto box, PrefixFault(body.name, ExtentsOf(body)));
+      foremost = std::max(foremost, box.max.x);
+    }
     return foremost;
   }
 

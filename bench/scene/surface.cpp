@@ -15,6 +15,8 @@ using geometry::Vector3d;
 
 constexpr double kSmooth = 0.8660254037844386;  // cosine of 30 degrees: an edge that turns less is smooth
 
+constexpr std::size_t kMostAround = 1000;  // triangles about a point whose directions are compared
+
 class Maker {
  public:
   Maker(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
@@ -72,8 +74,10 @@ class Maker {
   /// The normal of a triangle's corner: that of its smooth neighbours, weighted by their areas.
   Vector3d Smoothed(int point, std::size_t triangle) const {
     const Vector3d own = UnitVector(areas_[triangle]);
+    const auto& around = around_[static_cast<std::size_t>(point)];
+    if (around.size() > kMostAround) return own;
     Vector3d sum;
-    for (const std::size_t other : around_[static_cast<std::size_t>(point)]) {
+    for (const std::size_t other : around) {
       if (Dot(own, UnitVector(areas_[other])) >= kSmooth) sum = sum + areas_[other];
     }
     return UnitVector(sum);
