@@ -15,7 +15,8 @@ using geometry::Matrix;
 constexpr double kRigid = 1e-9;  // how far scales may be from 1
 
 Body Apply(const gp_Trsf& motion, const Body& body) {
-  return BodyOf(body.shape().shape.Moved(TopLoc_Location(motion)), body.shape().fromStl);
+  const Shape& shape = body.shape();
+  return BodyOf(shape.shape.Moved(TopLoc_Location(motion)), shape.fromStl, shape.origin);
 }
 
 bool IsFinite(double a, double b, double c) {

@@ -45,7 +45,10 @@ Result<Body> JoinBodies(const std::vector<Body>& bodies) {
     TopoDS_Compound compound;
     builder.MakeCompound(compound);
     for (const Body& body : bodies) builder.Add(compound, body.shape().shape);
-    return BodyOf(compound, std::ranges::all_of(bodies, &Body::IsStl));
+    const auto isOfAFile = [](const Body& body) { return body.shape().origin != nullptr; };
+    const auto foreign = std::ranges::find_if(bodies, isOfAFile);
+    return BodyOf(compound, std::ranges::all_of(bodies, &Body::IsStl),
+                  foreign == bodies.end() ? nullptr : foreign->shape().origin);
   });
 }
 

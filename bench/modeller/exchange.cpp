@@ -3,8 +3,10 @@
 #include <fstream>
 
 #include "base/places.h"
+#include "modeller/body_size.h"
 #include "modeller/exchange_process.h"
 #include "modeller/facets.h"
+#include "modeller/foreign.h"
 #include "modeller/kernel.h"
 #include "modeller/parcel.h"
 
@@ -13,13 +15,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<Body> Unpack(const MemoryFile& parcel) {
+Result<Body> Unpack(const MemoryFile& parcel, const std::shared_ptr<const Origin>& origin) {
   return CatchKernelFailures([&]() -> Result<Body> {
     std::ifstream bytes(parcel.Path(), std::ios::binary);
     TopoDS_Shape shape;
     BinTools::Read(shape, bytes);
     if (shape.IsNull()) return Fault{"the exchange program returned no body"};
-    return BodyOf(shape, HasFacetsOnly(shape));
+    VANZET_DO(CountFaces(shape));
+    return BodyOf(shape, HasFacetsOnly(shape), origin);
   });
 }
 
@@ -36,7 +39,9 @@ Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
   const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes), file.string()};
   auto done = RunExchange(exchange, arguments, parcel);
-  auto body = done ? Unpack(parcel) : Result<Body>(done.fault());
+  // Who watches the progress of the reading may be gone when the body is worked on.
+  const auto origin = std::make_shared<const Origin>(Origin{file, {exchange.program, exchange.limits}});
+  auto body = done ? Unpack(parcel, origin) : Result<Body>(done.fault());
   if (body) return body;
   return WithFile(body.fault(), file);
 }
@@ -54,7 +59,10 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
     std::ifstream answer(parcel.Path(), std::ios::binary);
     VANZET_TRY(const auto read, UnpackParcel(answer));
     std::vector<VrmlBody> bodies;
-    for (const ParcelBody& body : read) bodies.push_back({body.name, BodyOf(body.shape, true)});
+    for (const ParcelBody& body : read) {
+      VANZET_DO(CountFaces(body.shape));
+      bodies.push_back({body.name, BodyOf(body.shape, true)});
+    }
     return bodies;
   });
 }

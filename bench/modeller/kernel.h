@@ -2,8 +2,12 @@
 
 #include <Standard_Failure.hxx>
 #include <TopoDS_Shape.hxx>
+#include <exception>
 #include <memory>
 #include <new>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "base/result.h"
 #include "modeller/body.h"
@@ -29,17 +33,24 @@ auto CatchKernelFailures(Work work) -> decltype(work()) {
     return KernelFault(failure);
   } catch (const std::bad_alloc&) {
     return Fault{.text = "out of memory", .kind = FaultKind::kSystem};
+  } catch (const std::exception& error) {
+    return Fault{std::string("Open CASCADE: ") + error.what()};
   }
 }
+
+struct Origin;
 
 /// A body of facets is one or more faces with triangles and without a surface.
 struct Shape {
   TopoDS_Shape shape;
   bool fromStl = false;
+  std::shared_ptr<const Origin> origin = nullptr;             ///< of a file's body; foreign.h
+  mutable std::optional<geometry::Box3d> box = std::nullopt;  ///< what `Extents` found
 };
 
-inline Body BodyOf(const TopoDS_Shape& shape, bool fromStl = false) {
-  return Body(std::make_shared<const Shape>(Shape{shape, fromStl}));
+inline Body BodyOf(const TopoDS_Shape& shape, bool fromStl = false,
+                   std::shared_ptr<const Origin> origin = nullptr) {
+  return Body(std::make_shared<const Shape>(Shape{shape, fromStl, std::move(origin)}));
 }
 
 }  // namespace vanzet::modeller

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "modeller/facets.h"
+#include "modeller/foreign.h"
 #include "modeller/kernel.h"
 
 namespace vanzet::modeller {
@@ -100,6 +101,7 @@ struct Weighted {
 Result<Measures> MeasuresOf(const Body& body) {
   return CatchKernelFailures([&]() -> Result<Measures> {
     const Shape& shape = body.shape();
+    if (IsForeign(shape)) return MeasuresOfForeign(shape);
     return shape.fromStl ? MeasuresOf(FacetsOf(shape.shape)) : MeasuresOf(shape.shape);
   });
 }
@@ -111,10 +113,14 @@ std::array<double, 6> InMetres(const geometry::Box3d& box) {
 }
 
 Result<Box3d> Extents(const Body& body) {
-  return CatchKernelFailures([&]() -> Result<Box3d> {
-    const Shape& shape = body.shape();
+  const Shape& shape = body.shape();
+  if (shape.box) return *shape.box;
+  const auto box = CatchKernelFailures([&]() -> Result<Box3d> {
+    if (IsForeign(shape)) return ExtentsOfForeign(shape);
     return shape.fromStl ? ExtentsOf(FacetsOf(shape.shape)) : ExtentsOf(shape.shape);
   });
+  if (box) shape.box = *box;
+  return box;
 }
 
 bool IsClosed(const Mesh& mesh) {

@@ -19,6 +19,7 @@
 #include "base/number_text.h"
 #include "geometry/numerics.h"
 #include "modeller/facets.h"
+#include "modeller/foreign.h"
 #include "modeller/kernel.h"
 
 namespace vanzet::modeller {
@@ -167,6 +168,7 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   VANZET_DO(Check(tolerance));
   return CatchKernelFailures([&]() -> Result<Mesh> {
     const Shape& shape = body.shape();
+    if (IsForeign(shape)) return MeshOfForeign(shape, tolerance);
     if (!shape.fromStl) Triangulate(shape.shape, tolerance);
     Mesh mesh = FacetsOf(shape.shape);
     if (mesh.triangles.empty()) return Fault{"the body has no faces"};

@@ -10,6 +10,7 @@
 #include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/one_line.h"
+#include "modeller/body_size.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -32,6 +33,10 @@ std::string LineOf(const ParcelBody& body) {
          NumberText(body.colour.blue) + " " + OneLine(body.name) + "\n";
 }
 
+Fault Incomplete() {
+  return Fault{"the bodies were not transferred completely"};
+}
+
 }  // namespace
 
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes) {
@@ -49,7 +54,9 @@ void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes) {
 Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
   std::string line;
   std::getline(bytes, line);
-  std::vector<ParcelBody> bodies(static_cast<std::size_t>(IntegerOrZero(line)));
+  const auto count = IntegerOrZero(line);
+  if (count < 0 || static_cast<std::uint64_t>(count) > kMostFaces) return Incomplete();
+  std::vector<ParcelBody> bodies(static_cast<std::size_t>(count));
   for (ParcelBody& body : bodies) {
     std::getline(bytes, line);
     body = BodyOfLine(line);
@@ -57,7 +64,7 @@ Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
   TopoDS_Shape compound;
   BinTools::Read(compound, bytes);
   if (compound.IsNull() || compound.NbChildren() != static_cast<int>(bodies.size())) {
-    return Fault{"the bodies were not transferred completely"};
+    return Incomplete();
   }
   TopoDS_Iterator child(compound);
   for (ParcelBody& body : bodies) {

@@ -3,11 +3,14 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <TopExp_Explorer.hxx>
 #include <chrono>
 #include <csignal>
 #include <cstring>
+#include <numbers>
 #include <thread>
 
+#include "modeller/booleans.h"
 #include "modeller/foreign_files.h"
 #include "modeller/solids.h"
 #include "support/child.h"
@@ -124,6 +127,46 @@ TEST_F(HostileFiles, ThatClaimTooManyTrianglesAreReported) {
   const std::uint32_t claimed = 0xFFFFFFFF;
   std::memcpy(bytes.data() + 80, &claimed, sizeof(claimed));
   EXPECT_NE(FaultOf("claims.stl", bytes), "");
+}
+
+TEST_F(HostileFiles, ThatUseOneBrickAMillionTimesAreRefusedAtOnce) {
+  for (const int levels : {17, 100}) {
+    WriteBrep(Doubled(Brick(1, 1, 1), levels, 0), folder_ / "nested.brep");
+    EXPECT_LT(fs::file_size(folder_ / "nested.brep"), 40'000U);
+    EXPECT_EQ(Fault("nested.brep"), "has more than 100000 faces");
+  }
+}
+
+TEST_F(HostileFiles, ThatRepeatTheirEdgesOrFacetsWithoutEndAreRefused) {
+  const TopoDS_Shape edge = TopExp_Explorer(Brick(1, 1, 1), TopAbs_EDGE).Current();
+  WriteBrep(Doubled(edge, 60, 0), folder_ / "edges.brep");
+  EXPECT_EQ(Fault("edges.brep"), "has more than 10000000 faces, edges, points and groups");
+  WriteStl(Sphere(100), folder_ / "ball.stl", StlForm::kBinary);
+  const Body ball = Get(ImportBody(folder_ / "ball.stl", TestExchange()));
+  WriteBrep(Doubled(ball.shape().shape, 16, 1), folder_ / "facets.brep");
+  EXPECT_EQ(Fault("facets.brep"), "has more than 5000000 facets");
+}
+
+TEST_F(HostileFiles, WithTooManyGroupsWithinGroupsAreRefused) {
+  WriteBrep(Wrapped(Brick(1, 1, 1), 990), folder_ / "deep.brep");
+  EXPECT_EQ(ImportFault(folder_ / "deep.brep"), "");
+  WriteBrep(Wrapped(Brick(1, 1, 1), 3000), folder_ / "deeper.brep");
+  EXPECT_EQ(Fault("deeper.brep"), "has groups within groups, more than 1000 levels deep");
+}
+
+TEST_F(HostileFiles, AreMeasuredAndMeshedUnderTheLimitsOfTheirReading) {
+  // Its facets are 0.05 mm away from a ball of 2 km: tens of millions.
+  WriteBrep(Sphere(1e6), folder_ / "planet.brep");
+  Exchange exchange = TestExchange();
+  const Body planet = Get(ImportBody(folder_ / "planet.brep", exchange));
+  EXPECT_NEAR(Box(planet)[0], -1e6, 1e-3);
+  EXPECT_NEAR(Measured(planet).area, 4 * std::numbers::pi * 1e12, 1e6);
+  exchange.limits.seconds = 2;
+  const Body impatient = Get(ImportBody(folder_ / "planet.brep", exchange));
+  const Body moved = Get(MoveBody(impatient, {1, 2, 3}));
+  for (const Body& body : {impatient, moved, Get(JoinBodies({moved, BodyOf(Brick(1, 1, 1))}))}) {
+    EXPECT_EQ(Told(MeshOf(body, {})), (folder_ / "planet.brep").string() + ": takes longer than 2 seconds");
+  }
 }
 
 TEST_F(HostileFiles, ThatTakeTooLongAreGivenUp) {

@@ -14,11 +14,13 @@
 #include <BRepPrimAPI_MakeHalfSpace.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepPrimAPI_MakeTorus.hxx>
+#include <BRep_Builder.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopTools_ListOfShape.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
 #include <cmath>
 #include <gp_Pln.hxx>
 #include <numbers>
@@ -89,6 +91,33 @@ TopoDS_Shape ChuckBody() {
   cut.SetTools(holes);
   cut.Build();
   return cut.Shape();
+}
+
+TopoDS_Shape Doubled(const TopoDS_Shape& shape, int levels, double step) {
+  const BRep_Builder builder;
+  TopoDS_Shape made = shape;
+  for (int level = 0; level < levels; ++level) {
+    gp_Trsf aside;
+    aside.SetTranslation(gp_Vec(std::ldexp(step, level), 0, 0));
+    TopoDS_Compound pair;
+    builder.MakeCompound(pair);
+    builder.Add(pair, made);
+    builder.Add(pair, made.Moved(TopLoc_Location(aside)));
+    made = pair;
+  }
+  return made;
+}
+
+TopoDS_Shape Wrapped(const TopoDS_Shape& shape, int levels) {
+  const BRep_Builder builder;
+  TopoDS_Shape made = shape;
+  for (int level = 0; level < levels; ++level) {
+    TopoDS_Compound group;
+    builder.MakeCompound(group);
+    builder.Add(group, made);
+    made = group;
+  }
+  return made;
 }
 
 TopoDS_Shape AsSplines(const TopoDS_Shape& shape) {

@@ -29,6 +29,13 @@ TopoDS_Shape Casting();
 TopoDS_Shape ChuckBody();
 inline constexpr double kChuckRadius = 100, kChuckDepth = 90;
 
+/// Two of a shape in a group, two of that group in another, and so on: 2^levels of the shape in a small file,
+/// one each `step` along x.
+TopoDS_Shape Doubled(const TopoDS_Shape& shape, int levels, double step);
+
+/// A shape in a group, that group alone in another, and so on.
+TopoDS_Shape Wrapped(const TopoDS_Shape& shape, int levels);
+
 /// The shape with all its surfaces and curves turned into splines.
 TopoDS_Shape AsSplines(const TopoDS_Shape& shape);
 

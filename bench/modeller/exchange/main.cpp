@@ -1,6 +1,6 @@
-// The exchange program. Its arguments: the order, the limits in seconds and bytes, the file if the order has
-// one, and for writing the tolerances of the mesh. Bodies come and go through descriptor 3; process.h
-// describes its reports.
+// The exchange program. Its arguments: the order, the limits in seconds and bytes, then the file and the
+// tolerances of the mesh if the order has them. Bodies and answers come and go through descriptor 3;
+// process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BinTools.hxx>
@@ -12,12 +12,16 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "modeller/answers.h"
+#include "modeller/body_size.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/read_vrml.h"
 #include "modeller/exchange/write_file.h"
 #include "modeller/facets.h"
 #include "modeller/kernel.h"
+#include "modeller/measures.h"
+#include "modeller/mesh.h"
 #include "modeller/parcel.h"
 
 namespace vanzet::modeller {
@@ -51,6 +55,15 @@ Result<std::vector<ParcelBody>> ReadParcel() {
   return bodies;
 }
 
+/// Reads the shape that is to be worked on.
+Result<Body> ReadBody() {
+  std::ifstream bytes(kParcel, std::ios::binary);
+  TopoDS_Shape shape;
+  BinTools::Read(shape, bytes);
+  if (shape.IsNull()) return Fault{"the body was not transferred completely"};
+  return BodyOf(shape);
+}
+
 /// Returns bodies to the program that started this one.
 Result<void> WriteParcel(const std::vector<ParcelBody>& bodies) {
   return WriteParcelBy([&](std::ostream& bytes) { PackParcel(bodies, bytes); });
@@ -59,6 +72,12 @@ Result<void> WriteParcel(const std::vector<ParcelBody>& bodies) {
 /// Returns a shape in the binary form of Open CASCADE.
 Result<void> WriteParcel(const TopoDS_Shape& shape) {
   return WriteParcelBy([&](std::ostream& bytes) { BinTools::Write(shape, bytes); });
+}
+
+template <class Value>
+Result<void> WriteAnswer(const Result<Value>& value) {
+  if (!value) return value.fault();
+  return WriteParcelBy([&](std::ostream& bytes) { Pack(*value, bytes); });
 }
 
 struct Arguments {
@@ -87,26 +106,60 @@ Result<void> GltfFile(const Arguments& given) {
   return WriteGltf(bodies, given.file, given.tolerance);
 }
 
+Result<void> MeshBody(const Arguments& given) {
+  VANZET_TRY(const auto body, ReadBody());
+  VANZET_TRY(const auto mesh, MeshOf(body, given.tolerance));
+  if (mesh.triangles.size() > kMostFacets) {
+    return Fault{"needs more than " + std::to_string(kMostFacets) + " facets"};
+  }
+  return WriteAnswer<Mesh>(mesh);
+}
+
+Result<void> MeasureExtents(const Arguments&) {
+  VANZET_TRY(const auto body, ReadBody());
+  return WriteAnswer(Extents(body));
+}
+
+Result<void> Measure(const Arguments&) {
+  VANZET_TRY(const auto body, ReadBody());
+  return WriteAnswer(MeasuresOf(body));
+}
+
 struct Order {
   std::string_view word;
-  int arguments;
+  bool hasFile;
+  bool hasTolerance;
   Result<void> (*run)(const Arguments& given);
+
+  /// With the order itself and the limits.
+  int CountArguments() const { return 3 + (hasFile ? 1 : 0) + (hasTolerance ? 2 : 0); }
 };
+// clang-format off
 constexpr Order kOrders[] = {
-    {"read", 4, Read},
-    {"read-vrml", 3, ReadVrmlText},
-    {"write-step", 6, StepFile},
-    {"write-gltf", 6, GltfFile},
+    //            file   tolerance
+    {"read",       true,  false, Read},
+    {"read-vrml",  false, false, ReadVrmlText},
+    {"mesh",       false, true,  MeshBody},
+    {"extents",    false, false, MeasureExtents},
+    {"measures",   false, false, Measure},
+    {"write-step", true,  true,  StepFile},
+    {"write-gltf", true,  true,  GltfFile},
 };
+// clang-format on
+
+Arguments ArgumentsOf(const Order& order, char** arguments) {
+  Arguments given;
+  char** next = arguments + 3;
+  if (order.hasFile) given.file = *next++;
+  if (order.hasTolerance) given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
+  return given;
+}
 
 Result<void> RunOrder(const Order& order, char** arguments) {
-  LimitProcess(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
-  CollectKernelMessages();
-  Arguments given;
-  if (order.arguments > 3) given.file = arguments[3];
-  if (order.arguments > 4) given.tolerance = {RealOrZero(arguments[4]), RealOrZero(arguments[5])};
   try {
-    return order.run(given);
+    LimitProcess(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
+    CollectKernelMessages();
+    return order.run(ArgumentsOf(order, arguments));
   } catch (const Standard_OutOfMemory&) {
     return Fault{"exceeds the memory limit"};
   } catch (const Standard_Failure& failure) {
@@ -115,6 +168,8 @@ Result<void> RunOrder(const Order& order, char** arguments) {
     return Fault{"exceeds the memory limit"};
   } catch (const std::exception& error) {
     return Fault{error.what()};
+  } catch (...) {
+    return Fault{"Open CASCADE failed without saying why"};
   }
 }
 
@@ -124,7 +179,7 @@ Result<void> RunOrder(const Order& order, char** arguments) {
 int main(int argc, char** argv) {
   using namespace vanzet::modeller;
   for (const Order& order : kOrders) {
-    if (argc != order.arguments + 1 || order.word != argv[1]) continue;
+    if (argc != order.CountArguments() + 1 || order.word != argv[1]) continue;
     const auto done = RunOrder(order, argv + 1);
     if (!done) ReportFault(done.fault());
     // Everything is written and reported; the state of the kernel ends with the process.

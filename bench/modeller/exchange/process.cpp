@@ -5,6 +5,7 @@
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -36,11 +37,11 @@ constexpr bool kMemoryCanBeLimited = false;
 constexpr bool kMemoryCanBeLimited = true;
 #endif
 
-void Limit(__rlimit_resource resource, std::uint64_t most) {
+void Limit(__rlimit_resource resource, std::uint64_t most, std::uint64_t beyond = 0) {
   rlimit limit = {};
   if (getrlimit(resource, &limit) != 0) return;
-  if (limit.rlim_max == RLIM_INFINITY || limit.rlim_max > most) limit.rlim_max = most;
-  limit.rlim_cur = limit.rlim_max;
+  limit.rlim_max = std::min<rlim_t>(limit.rlim_max, most + beyond);
+  limit.rlim_cur = std::min<rlim_t>(limit.rlim_max, most);
   setrlimit(resource, &limit);
 }
 
@@ -64,7 +65,7 @@ std::string FirstKernelMessage() {
   return firstMessage.empty() ? "" : ": " + firstMessage;
 }
 
-void ProgressReporter::Show(const Message_ProgressScope&, const Standard_Boolean) {
+void ProgressReporter::Show(const Message_ProgressScope&, Standard_Boolean) {
   const double done = from_ + (to_ - from_) * GetPosition();
   if (done < reported_ + kStep) return;
   reported_ = done;
@@ -77,7 +78,8 @@ void LimitProcess(int seconds, std::uint64_t bytes) {
   signal(SIGXFSZ, SIG_IGN);
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   Limit(RLIMIT_CORE, 0);
-  Limit(RLIMIT_CPU, static_cast<std::uint64_t>(seconds));
+  // At the lower bound comes SIGXCPU, by which the parent knows the limit from a crash; at the upper SIGKILL.
+  Limit(RLIMIT_CPU, static_cast<std::uint64_t>(seconds), 1);
   Limit(RLIMIT_FSIZE, bytes);
   if (kMemoryCanBeLimited) Limit(RLIMIT_AS, bytes);
 }

@@ -28,7 +28,7 @@ class ProgressReporter final : public Message_ProgressIndicator {
   ProgressReporter(double from, double to) : from_(from), to_(to) {}
 
  private:
-  void Show(const Message_ProgressScope& scope, const Standard_Boolean isForced) override;
+  void Show(const Message_ProgressScope& scope, Standard_Boolean isForced) override;
 
   double from_;
   double to_;

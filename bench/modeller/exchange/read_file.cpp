@@ -9,7 +9,6 @@
 #include <RWStl_Reader.hxx>
 #include <STEPControl_Controller.hxx>
 #include <STEPControl_Reader.hxx>
-#include <TopExp_Explorer.hxx>
 #include <TopoDS_Face.hxx>
 #include <algorithm>
 #include <cstdint>
@@ -19,6 +18,7 @@
 
 #include "base/letter_case.h"
 #include "base/number_text.h"
+#include "modeller/body_size.h"
 #include "modeller/exchange/process.h"
 #include "modeller/outline.h"
 
@@ -134,7 +134,8 @@ Result<TopoDS_Shape> ReadFile(const fs::path& file) {
   for (const Reader& reader : kReaders) {
     if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
     VANZET_TRY(auto shape, reader.read(file));
-    if (shape.IsNull() || !TopExp_Explorer(shape, TopAbs_FACE).More()) {
+    VANZET_TRY(const auto faces, CountFaces(shape));
+    if (faces == 0) {
       return Fault{"holds no body" + FirstKernelMessage()};
     }
     VANZET_DO(CheckReach(shape));

@@ -7,6 +7,7 @@
 #include <VrmlData_ShapeNode.hxx>
 
 #include "base/number_text.h"
+#include "modeller/body_size.h"
 #include "modeller/facets.h"
 #include "modeller/outline.h"
 
@@ -71,11 +72,15 @@ class Collector {
     Mesh mesh;
     VANZET_DO(AddPoints(*facets->Coordinates(), place, mesh));
     VANZET_DO(AddFaces(*facets, mesh));
-    if (!mesh.triangles.empty()) bodies_.push_back({name, {}, FaceOf(mesh)});
+    if (mesh.triangles.empty()) return {};
+    facets_ += mesh.triangles.size();
+    if (facets_ > kMostFacets) return Fault{"has more than " + std::to_string(kMostFacets) + " facets"};
+    bodies_.push_back({name, {}, FaceOf(mesh)});
     return {};
   }
 
   std::vector<ParcelBody> bodies_;
+  std::uint64_t facets_ = 0;
 };
 
 }  // namespace
