@@ -1,0 +1,54 @@
+#include <gmock/gmock.h>
+
+#include "faults/sweep.h"
+
+namespace vanzet::faults {
+namespace {
+
+struct Kind {
+  const char* family;
+  const char* effect;
+  bool isLasting = false;  ///< all calls from then on go wrong too, as when a disk is full
+};
+
+// clang-format off
+constexpr Kind kKinds[] = {
+    {"open",   "EACCES"}, {"open",  "EMFILE"}, {"open",  "ENOSPC"},
+    {"read",   "EIO"},    {"read",  "EINTR"},  {"read",  "short"},
+    {"write",  "ENOSPC"}, {"write", "EIO"},    {"write", "EINTR"}, {"write", "short"}, {"write", "ENOSPC", true},
+    {"sync",   "EIO"},    {"name",  "EACCES"}, {"name",  "ENOSPC"},
+    {"lock",   "ENOLCK"}, {"lock",  "EINTR"},  {"map",   "ENOMEM"},
+    {"memory", "ENOMEM"},
+};
+// clang-format on
+
+class FailingCalls : public testing::TestWithParam<Command> {};
+
+TEST_P(FailingCalls, LeaveTheOldStateOrTheNewOneAndAReason) {
+  const Case work(GetParam());
+  const Workplace place;
+  std::mt19937 random(Seed());
+  for (const Kind& kind : kKinds) {
+    for (const long number : Draw(work.counts.at(kind.family), random)) {
+      const std::string lasting = kind.isLasting ? "+ " : " ";
+      Try(work, place, kind.family + (" " + std::to_string(number)) + lasting + kind.effect);
+    }
+  }
+}
+
+TEST_P(FailingCalls, SignalsLeaveTheOldStateOrTheNewOne) {
+  const Case work(GetParam());
+  const Workplace place;
+  std::mt19937 random(Seed());
+  for (const char* signal : {"SIGKILL", "SIGTERM", "SIGINT", "SIGHUP"}) {
+    for (const long number : Draw(work.counts.at("file"), random)) {
+      Try(work, place, "file " + std::to_string(number) + " " + signal);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, FailingCalls, testing::ValuesIn(Commands()),
+                         [](const auto& row) { return row.param.name; });
+
+}  // namespace
+}  // namespace vanzet::faults
