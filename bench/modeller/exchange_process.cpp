@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,8 +10,6 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -24,7 +21,6 @@ namespace vanzet::modeller {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-namespace fs = std::filesystem;
 
 constexpr int kParcel = 3;  // the descriptor of the parcel in the program
 constexpr int kPoll = 50;   // milliseconds between looks at Ctrl-C and the clock
@@ -218,27 +214,6 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
     }
   }
   return OutcomeOf(process.Wait(), reports.fault());
-}
-
-Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
-  std::error_code unknown;
-  std::string folder = (fs::temp_directory_path(unknown) / "vanzet-XXXXXX").string();
-  if (mkdtemp(folder.data()) == nullptr) {
-    return files::SystemFault("cannot make a temporary folder", errno);
-  }
-  return TemporaryFile(folder, fs::path(folder) / ("bodies" + std::string(ending)));
-}
-
-TemporaryFile::~TemporaryFile() {
-  std::error_code unknown;
-  if (!folder_.empty()) fs::remove_all(folder_, unknown);
-}
-
-Result<std::string> TemporaryFile::Content() const {
-  std::ifstream bytes(path_, std::ios::binary);
-  std::string content{std::istreambuf_iterator<char>(bytes), {}};
-  if (bytes.bad() || content.empty()) return Fault{"the exchange program wrote nothing"};
-  return content;
 }
 
 }  // namespace vanzet::modeller

@@ -9,6 +9,7 @@
 #include "modeller/kernel.h"
 #include "modeller/mesh_files.h"
 #include "modeller/parcel.h"
+#include "modeller/temporary_file.h"
 
 namespace vanzet::modeller {
 namespace {

@@ -1,13 +1,16 @@
 #include "modeller/exchange/process.h"
 
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 #include "base/number_text.h"
 #include "base/one_line.h"
@@ -45,6 +48,12 @@ void Limit(__rlimit_resource resource, std::uint64_t most, std::uint64_t beyond 
   setrlimit(resource, &limit);
 }
 
+/// Whether nobody reads the reports any more: the parent ended before this process asked to end with it.
+bool IsAlone() {
+  pollfd reports = {STDOUT_FILENO, 0, 0};
+  return poll(&reports, 1, 0) > 0 && (reports.revents & POLLERR) != 0;
+}
+
 }  // namespace
 
 void ReportProgress(double done) {
@@ -73,10 +82,11 @@ void ProgressReporter::Show(const Message_ProgressScope&, Standard_Boolean) {
 }
 
 void LimitProcess(int seconds, std::uint64_t bytes) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (IsAlone()) std::_Exit(EXIT_FAILURE);
   signal(SIGINT, SIG_IGN);
   // A write beyond the limit then fails and can be reported.
   signal(SIGXFSZ, SIG_IGN);
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
   Limit(RLIMIT_CORE, 0);
   // At the lower bound comes SIGXCPU, by which the parent knows the limit from a crash; at the upper SIGKILL.
   Limit(RLIMIT_CPU, static_cast<std::uint64_t>(seconds), 1);

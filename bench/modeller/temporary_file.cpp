@@ -1,0 +1,87 @@
+#include "modeller/temporary_file.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "base/files/system_fault.h"
+
+namespace vanzet::modeller {
+namespace {
+
+namespace fs = std::filesystem;
+using files::Descriptor;
+
+constexpr std::string_view kPrefix = "vanzet-export-";
+
+fs::path TemporaryFolder() {
+  std::error_code unknown;
+  return fs::temp_directory_path(unknown);
+}
+
+Descriptor OpenFolder(const fs::path& folder) {
+  return Descriptor(folder, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+}
+
+/// Whether an open folder belongs to this user and has not been removed.
+bool IsOwnAndThere(const Descriptor& folder) {
+  struct stat facts = {};
+  return fstat(folder.number(), &facts) == 0 && facts.st_uid == geteuid() && facts.st_nlink > 0;
+}
+
+/// Removes the folders of processes that were killed.
+void RemoveLeftFolders() {
+  std::error_code unknown;
+  for (fs::directory_iterator entry(TemporaryFolder(), unknown), end; !unknown && entry != end;
+       entry.increment(unknown)) {
+    if (!entry->path().filename().string().starts_with(kPrefix)) continue;
+    const Descriptor folder = OpenFolder(entry->path());
+    if (!folder || !IsOwnAndThere(folder) || !folder.TryLock()) continue;
+    std::error_code ignored;
+    fs::remove_all(entry->path(), ignored);
+  }
+}
+
+}  // namespace
+
+Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
+  RemoveLeftFolders();
+  // Before a new folder is locked, another process can take it for a left one; then the next one is made.
+  constexpr int kTries = 100;
+  for (int i = 0; i < kTries; ++i) {
+    std::string folder = (TemporaryFolder() / (std::string(kPrefix) + "XXXXXX")).string();
+    if (mkdtemp(folder.data()) == nullptr) break;
+    Descriptor lock = OpenFolder(folder);
+    if (!lock || !lock.TryLock() || !IsOwnAndThere(lock)) continue;
+    return TemporaryFile(folder, std::move(lock), fs::path(folder) / ("bodies" + std::string(ending)));
+  }
+  return files::SystemFault("cannot make a temporary folder", errno);
+}
+
+TemporaryFile::TemporaryFile(fs::path folder, Descriptor lock, fs::path path)
+    : folder_(std::move(folder)), lock_(std::move(lock)), path_(std::move(path)) {}
+
+TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
+    : folder_(std::exchange(other.folder_, {})),
+      lock_(std::move(other.lock_)),
+      path_(std::move(other.path_)) {}
+
+TemporaryFile::~TemporaryFile() {
+  std::error_code unknown;
+  if (!folder_.empty()) fs::remove_all(folder_, unknown);
+}
+
+Result<std::string> TemporaryFile::Content() const {
+  std::ifstream bytes(path_, std::ios::binary);
+  std::string content{std::istreambuf_iterator<char>(bytes), {}};
+  if (bytes.bad() || content.empty()) return Fault{"the exchange program wrote nothing"};
+  return content;
+}
+
+}  // namespace vanzet::modeller
