@@ -18,6 +18,9 @@ class FolderLock {
  public:
   /// Waits until no other process has the lock.
   static Result<FolderLock> Acquire(const std::filesystem::path& folder);
+
+  /// Fails at once (`FaultKind::kBusy`) when the folder is locked.
+  static Result<FolderLock> TryAcquire(const std::filesystem::path& folder);
   ~FolderLock();
   FolderLock(FolderLock&& other) noexcept;
   FolderLock& operator=(FolderLock&&) = delete;

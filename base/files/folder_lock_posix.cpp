@@ -19,23 +19,24 @@ constexpr std::chrono::seconds kLongestWait{10};
 
 }  // namespace
 
-Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
+Result<FolderLock> FolderLock::TryAcquire(const std::filesystem::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return SystemFault("cannot be locked", errno, folder);
   FolderLock lock(descriptor);
+  if (flock(descriptor, LOCK_EX | LOCK_NB) == 0) return lock;
+  if (errno != EWOULDBLOCK && errno != EINTR) return SystemFault("cannot be locked", errno, folder);
+  return Fault{
+      .text = "another process keeps its files locked", .file = folder.string(), .kind = FaultKind::kBusy};
+}
+
+Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
   const auto end = std::chrono::steady_clock::now() + kLongestWait;
-  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-    if (errno != EWOULDBLOCK && errno != EINTR) {
-      return SystemFault("cannot be locked", errno, folder);
-    }
-    if (std::chrono::steady_clock::now() > end) {
-      return Fault{.text = "another process keeps its files locked",
-                   .file = folder.string(),
-                   .kind = FaultKind::kBusy};
-    }
+  while (true) {
+    auto lock = TryAcquire(folder);
+    const bool isHeld = !lock && lock.fault().kind == FaultKind::kBusy;
+    if (!isHeld || std::chrono::steady_clock::now() > end) return lock;
     std::this_thread::sleep_for(kStep);
   }
-  return lock;
 }
 
 FolderLock::~FolderLock() {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
@@ -9,7 +10,8 @@
 namespace vanzet::files {
 namespace {
 
-constexpr DWORD kLongestWait = 10000;  // milliseconds
+constexpr DWORD kStep = 5;  // milliseconds
+constexpr std::chrono::seconds kLongestWait{10};
 
 /// A name that stands for the folder in the whole session. A mutex cannot have a path as its name.
 std::wstring NameOf(const std::filesystem::path& folder) {
@@ -22,18 +24,29 @@ std::wstring NameOf(const std::filesystem::path& folder) {
 
 }  // namespace
 
-/// A mutex of the system; one whose owner died counts as free.
-Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
+Result<FolderLock> FolderLock::TryAcquire(const std::filesystem::path& folder) {
   const HANDLE mutex = CreateMutexW(nullptr, FALSE, NameOf(folder).c_str());
   if (mutex == nullptr) {
     return Fault{.text = "cannot be locked", .file = folder.string(), .kind = FaultKind::kSystem};
   }
-  FolderLock lock(reinterpret_cast<std::intptr_t>(mutex));
-  const DWORD waited = WaitForSingleObject(mutex, kLongestWait);
-  if (waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED) return lock;
-  CloseHandle(reinterpret_cast<HANDLE>(std::exchange(lock.handle_, -1)));
+  // That of a process that died counts as free.
+  const DWORD waited = WaitForSingleObject(mutex, 0);
+  if (waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED) {
+    return FolderLock(reinterpret_cast<std::intptr_t>(mutex));
+  }
+  CloseHandle(mutex);
   return Fault{
       .text = "another process keeps its files locked", .file = folder.string(), .kind = FaultKind::kBusy};
+}
+
+Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {
+  const auto end = std::chrono::steady_clock::now() + kLongestWait;
+  while (true) {
+    auto lock = TryAcquire(folder);
+    const bool isHeld = !lock && lock.fault().kind == FaultKind::kBusy;
+    if (!isHeld || std::chrono::steady_clock::now() > end) return lock;
+    Sleep(kStep);
+  }
 }
 
 FolderLock::~FolderLock() {

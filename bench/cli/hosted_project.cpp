@@ -67,8 +67,8 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
   hosted->host->exchange = ExchangeWithProgress();
   if (!context.keepsTmp) return hosted;
-  VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
   hosted->host->runFolder.Keep();
+  VANZET_TRY(const auto tmp, hosted->host->runFolder.Path());
   std::cerr << "vanzet: the files of this run are kept in " + OneLine(tmp.string()) + "\n";
   return hosted;
 }

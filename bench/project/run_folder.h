@@ -1,13 +1,16 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
+#include "base/files/folder_lock.h"
 #include "base/result.h"
 
 namespace vanzet::project {
 
-/// A folder for the files of one run, tmp/PID in the project, so that two runs never share one. The first
-/// call of `Path` creates it; the destructor removes it with its content, unless it is kept.
+/// A folder for the files of one run, so that two runs never share one: tmp/PID in the project, or tmp/PID-1
+/// and so on. The first call of `Path` removes the litter of killed runs from the project, creates the folder
+/// and locks it: others see that the run goes on. The destructor removes the folder with its content.
 class RunFolder {
  public:
   explicit RunFolder(std::filesystem::path project) : project_(std::move(project)) {}
@@ -17,11 +20,13 @@ class RunFolder {
 
   Result<std::filesystem::path> Path();
 
+  /// Has the folder stay after the run; it is called tmp/kept-PID. Requires: `Path` was not called.
   void Keep() { isKept_ = true; }
 
  private:
   std::filesystem::path project_;
   std::filesystem::path made_;  ///< empty: not yet
+  std::optional<files::FolderLock> lock_;
   bool isKept_ = false;
 };
 

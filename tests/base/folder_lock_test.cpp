@@ -27,6 +27,19 @@ TEST(FolderLock, IsWaitedFor) {
   EXPECT_TRUE(other.End());
 }
 
+TEST(FolderLock, IsRefusedAtOnceToThoseWhoDoNotWait) {
+  const test::TemporaryFolder folder;
+  {
+    const auto lock = FolderLock::TryAcquire(folder.path());
+    ASSERT_TRUE(lock);
+    const auto second = FolderLock::TryAcquire(folder.path());
+    ASSERT_FALSE(second);
+    EXPECT_EQ(second.fault().kind, FaultKind::kBusy);
+    EXPECT_EQ(second.fault().Message(), folder.path().string() + ": another process keeps its files locked");
+  }
+  EXPECT_TRUE(FolderLock::TryAcquire(folder.path()));
+}
+
 TEST(FolderLock, GoesWithItsProcess) {
   const test::TemporaryFolder folder;
   test::Child other([&](test::Child::Line& line) {

@@ -158,6 +158,13 @@ TEST_F(ScriptCommand, LeavesItsTemporaryFilesOnlyWhenAskedTo) {
   EXPECT_THAT(ReadBytes(tmp / "tmpclamp.wrl"), StartsWith("#VRML V2.0 utf8\n"));
 }
 
+TEST_F(ScriptCommand, RemovesTheFilesOfARunThatWasKilled) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/tmp/4194305/tmpclamp.wrl", "left over");
+  ASSERT_EQ(Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl").status, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe/tmp/4194305"));
+}
+
 TEST_F(ScriptCommand, NamesAScriptThatIsNotThere) {
   MakeUpgradedProject();
   const Outcome played = Vanzet("script lathe missing.txt");
