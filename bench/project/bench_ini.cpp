@@ -41,12 +41,13 @@ Result<void> SetMesh(BenchIni& ini, const Entry& entry) {
     double least, most;
     std::string_view range;
   };
-  static constexpr Limit kLimits[] = {{"chord", &BenchIni::Mesh::chord, 0.0001, 100, "0.0001 to 100"},
-                                      {"angle", &BenchIni::Mesh::angle, 0.1, 90, "0.1 to 90"}};
+  // The least ones are those of modeller::MeshOf.
+  static constexpr Limit kLimits[] = {{"chord", &BenchIni::Mesh::chord, 0.005, 100, "0.005 to 100"},
+                                      {"angle", &BenchIni::Mesh::angle, 2, 90, "2 to 90"}};
   for (const Limit& limit : kLimits) {
     if (!EqualWithoutCase(limit.key, entry.key)) continue;
     const auto number = WholeReal(entry.value);
-    if (!number || *number < limit.least || *number > limit.most) {
+    if (!number || !(*number >= limit.least && *number <= limit.most)) {
       return entry.reader.At(Quoted(entry.key) + " is a number from " + std::string(limit.range) + ", not " +
                                  Quoted(entry.value),
                              entry.value);

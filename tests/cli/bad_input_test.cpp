@@ -195,6 +195,17 @@ TEST_F(BadInput, VariablesThatNameNoNumber) {
   ExpectRefused("show lathe", "bench.ini:2:16: i_billet_vdm: expected an integer, found 'first'");
 }
 
+TEST_F(BadInput, AMeshThatTheModellerRefuses) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/bench.ini", "[mesh]\nchord = 0.001\n");
+  ExpectRefused("upgrade lathe", "bench.ini:2:9: 'chord' is a number from 0.005 to 100, not '0.001'");
+  WriteBytes(folder / "lathe/bench.ini", "[mesh]\nchord = 0.005\nangle = 2\n");
+  const Outcome defined =
+      Vanzet("define - lathe", "",
+             R"({"spurs": [{"spur": 0, "main": {"chuck": {"name": "Chuck 160"}}}, {"spur": 1}]})");
+  EXPECT_EQ(defined.status, 0) << "the finest that is allowed: " << defined.err;
+}
+
 TEST_F(BadInput, AModuleThatIsNotThere) {
   MakeProject();
   const Outcome upgraded = Vanzet("upgrade lathe", "VANZET_MODULE=/no/such/module.so");

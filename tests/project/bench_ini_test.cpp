@@ -36,6 +36,17 @@ TEST(BenchIni, MayBeEmpty) {
   EXPECT_TRUE(ReadBenchIni("", "bench.ini"));
 }
 
+TEST(BenchIni, TakesNoMeshThatTheModellerRefuses) {
+  const auto finest = ReadBenchIni("[mesh]\nchord=0.005\nangle=2\n", "bench.ini");
+  ASSERT_TRUE(finest);
+  EXPECT_EQ(finest->mesh.chord, 0.005);
+  EXPECT_EQ(finest->mesh.angle, 2);
+  EXPECT_EQ(FaultOf("[mesh]\nchord=0.0049\n"),
+            "bench.ini:2:7: 'chord' is a number from 0.005 to 100, not '0.0049'");
+  EXPECT_EQ(FaultOf("[mesh]\nangle=1.9\n"), "bench.ini:2:7: 'angle' is a number from 2 to 90, not '1.9'");
+  EXPECT_EQ(FaultOf("[mesh]\nangle=nan\n"), "bench.ini:2:7: 'angle' is a number from 2 to 90, not 'nan'");
+}
+
 TEST(BenchIni, TellsTheLineOfWhatItDoesNotUnderstand) {
   EXPECT_EQ(FaultOf("\nrubbish\n"), "bench.ini:2:1: expected '[section]' or 'key = value'");
   EXPECT_EQ(FaultOf("[environment\n"), "bench.ini:1:1: expected '[section]' or 'key = value'");
