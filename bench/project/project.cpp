@@ -84,7 +84,8 @@ Result<void> Project::ReadMessages(const fs::path& share) {
   if (language == settings_.language.end() || language->second.value.empty()) return {};
   const fs::path file = share / "messages" / (language->second.value + ".txt");
   std::error_code error;
-  if (!fs::is_regular_file(file, error)) {
+  const bool isName = language->second.value.find('/') == std::string::npos;
+  if (!isName || !fs::is_regular_file(file, error)) {
     Fault fault = language->second.At("no such catalogue of texts: " + Quoted(language->second.value));
     fault.kind = FaultKind::kMissing;
     return fault;

@@ -206,6 +206,12 @@ TEST_F(BadInput, AMeshThatTheModellerRefuses) {
   EXPECT_EQ(defined.status, 0) << "the finest that is allowed: " << defined.err;
 }
 
+TEST_F(BadInput, TextsOutsideOfTheFolderOfTexts) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "lathe/bench.ini", "[language]\nmessages = ../messages/de\n");
+  ExpectRefused("show lathe", "bench.ini:2:12: no such catalogue of texts: '../messages/de'");
+}
+
 TEST_F(BadInput, AModuleThatIsNotThere) {
   MakeProject();
   const Outcome upgraded = Vanzet("upgrade lathe", "VANZET_MODULE=/no/such/module.so");
