@@ -134,6 +134,7 @@ class ReportReader {
 Result<void> OutcomeOf(int status, const std::optional<Fault>& fault) {
   if (fault) return *fault;
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return Fault{"takes too long"};
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return Fault{"the exchange program was killed"};
   if (WIFSIGNALED(status)) {
     return Fault{"Open CASCADE crashed (signal " + std::to_string(WTERMSIG(status)) + ")"};
   }

@@ -188,6 +188,13 @@ TEST_F(HostileFiles, ThatEndTheExchangeProgramAreReported) {
             (folder_ / "x.step").string() + ": Open CASCADE crashed (signal 11)");
 }
 
+TEST_F(HostileFiles, WhoseExchangeProgramIsKilledAreReported) {
+  WriteBytes(folder_ / "killed", "#!/bin/sh\nkill -KILL $$\n");
+  fs::permissions(folder_ / "killed", fs::perms::owner_all);
+  EXPECT_EQ(Told(ImportBody(folder_ / "x.step", Exchange{folder_ / "killed", {}})),
+            (folder_ / "x.step").string() + ": the exchange program was killed");
+}
+
 TEST_F(HostileFiles, AreNotReadWithoutTheExchangeProgram) {
   EXPECT_EQ(Told(ImportBody(folder_ / "x.step", Exchange{folder_ / "none", {}})),
             (folder_ / "x.step").string() + ": " + (folder_ / "none").string() +

@@ -5,7 +5,9 @@
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BinTools.hxx>
 #include <Standard_OutOfMemory.hxx>
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -14,6 +16,7 @@
 #include "base/numbers.h"
 #include "modeller/answers.h"
 #include "modeller/body_size.h"
+#include "modeller/exchange/confinement.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/read_vrml.h"
@@ -125,32 +128,42 @@ Result<void> Measure(const Arguments&) {
   return WriteAnswer(MeasuresOf(body));
 }
 
+/// What an order does with its file.
+enum class Use { kNone, kReads, kWrites };
+
 struct Order {
   std::string_view word;
-  bool hasFile;
+  Use use;
   bool hasTolerance;
   Result<void> (*run)(const Arguments& given);
 
   /// With the order itself and the limits.
-  int CountArguments() const { return 3 + (hasFile ? 1 : 0) + (hasTolerance ? 2 : 0); }
+  int CountArguments() const { return 3 + (use != Use::kNone ? 1 : 0) + (hasTolerance ? 2 : 0); }
+
+  Needs NeedsFor(const Arguments& given) const {
+    const std::filesystem::path file = given.file;
+    if (use == Use::kReads) return {.fileToRead = file, .folderToWrite = {}};
+    if (use == Use::kWrites) return {.fileToRead = {}, .folderToWrite = file.parent_path()};
+    return {};
+  }
 };
 // clang-format off
 constexpr Order kOrders[] = {
-    //            file   tolerance
-    {"read",       true,  false, Read},
-    {"read-vrml",  false, false, ReadVrmlText},
-    {"mesh",       false, true,  MeshBody},
-    {"extents",    false, false, MeasureExtents},
-    {"measures",   false, false, Measure},
-    {"write-step", true,  true,  StepFile},
-    {"write-gltf", true,  true,  GltfFile},
+    //            its file       tolerance
+    {"read",       Use::kReads,  false, Read},
+    {"read-vrml",  Use::kNone,   false, ReadVrmlText},
+    {"mesh",       Use::kNone,   true,  MeshBody},
+    {"extents",    Use::kNone,   false, MeasureExtents},
+    {"measures",   Use::kNone,   false, Measure},
+    {"write-step", Use::kWrites, true,  StepFile},
+    {"write-gltf", Use::kWrites, true,  GltfFile},
 };
 // clang-format on
 
 Arguments ArgumentsOf(const Order& order, char** arguments) {
   Arguments given;
   char** next = arguments + 3;
-  if (order.hasFile) given.file = *next++;
+  if (order.use != Use::kNone) given.file = *next++;
   if (order.hasTolerance) given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
   return given;
 }
@@ -159,7 +172,9 @@ Result<void> RunOrder(const Order& order, char** arguments) {
   try {
     LimitProcess(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
     CollectKernelMessages();
-    return order.run(ArgumentsOf(order, arguments));
+    const Arguments given = ArgumentsOf(order, arguments);
+    Confine(order.NeedsFor(given));
+    return order.run(given);
   } catch (const Standard_OutOfMemory&) {
     return Fault{"exceeds the memory limit"};
   } catch (const Standard_Failure& failure) {
@@ -173,11 +188,20 @@ Result<void> RunOrder(const Order& order, char** arguments) {
   }
 }
 
+/// What an order is run under: "landlock 7", "call filter yes".
+int PrintLimits() {
+  const Confinement guards = Confine({});
+  const std::string files = guards.landlock > 0 ? std::to_string(guards.landlock) : "no";
+  std::printf("landlock %s\ncall filter %s\n", files.c_str(), guards.hasCallFilter ? "yes" : "no");
+  return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 }  // namespace
 }  // namespace vanzet::modeller
 
 int main(int argc, char** argv) {
   using namespace vanzet::modeller;
+  if (argc == 2 && std::string_view(argv[1]) == "--limits") return PrintLimits();
   for (const Order& order : kOrders) {
     if (argc != order.CountArguments() + 1 || order.word != argv[1]) continue;
     const auto done = RunOrder(order, argv + 1);
