@@ -1,11 +1,14 @@
 #include "project/sample.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <system_error>
 
 #include "base/files/system_fault.h"
+#include "base/numbers.h"
 #include "base/quote.h"
 #include "project/project.h"
 
@@ -19,6 +22,20 @@ constexpr const char* kFolders[] = {"bodies", "figures", "tmp"};
 
 fs::path WithoutTrailingSlash(const fs::path& folder) {
   return folder.has_filename() ? folder : folder.parent_path();
+}
+
+/// Removes what killed processes left of the projects that they were making here.
+void RemoveLeftovers(const fs::path& place) {
+  const std::string prefix = place.filename().string() + ".new-";
+  std::error_code error;
+  for (fs::directory_iterator entry(place.parent_path().empty() ? "." : place.parent_path(), error), end;
+       !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    const auto process = name.starts_with(prefix) ? WholeInteger(name.substr(prefix.size())) : std::nullopt;
+    const bool isDead = process && *process > 0 && kill(*process, 0) != 0 && errno == ESRCH;
+    std::error_code ignored;
+    if (isDead) fs::remove_all(entry->path(), ignored);
+  }
 }
 
 std::string ListOf(const std::vector<std::string>& names) {
@@ -53,6 +70,7 @@ Result<void> MakeProject(const fs::path& folder, const std::string& sample, cons
   }
   // Created next to the place and renamed: a killed process leaves no half project under the name.
   const fs::path place = WithoutTrailingSlash(folder);
+  RemoveLeftovers(place);
   const fs::path temporary = place.string() + ".new-" + std::to_string(getpid());
   fs::create_directories(temporary, error);
   if (!error) fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);

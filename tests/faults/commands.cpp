@@ -17,6 +17,7 @@ const std::vector<Words> kDefined = {kNew, kUpgrade, kDefineOld};
 const std::vector<Command>& Commands() {
   // clang-format off
   static const std::vector<Command> commands = {
+      {"New",              {},       kNew, false},
       {"DefineDryRun",     kDefined, {"define", "new.json", "lathe", "--dry-run"}},
       {"ScriptSaveDevice", kDefined, {"script", "lathe", "save_device.txt"}},
       {"ScriptDeleteDevice", kDefined, {"script", "lathe", "delete_device.txt"}, false},

@@ -1,6 +1,8 @@
 #include "project/sample.h"
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "project/project.h"
 #include "support/places.h"
@@ -45,6 +47,21 @@ TEST(MakeProject, LeavesAFolderThatWasThereWhenItFails) {
   EXPECT_TRUE(std::filesystem::is_empty(folder / "lathe"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2)
       << "nothing is left next to it";
+}
+
+TEST(MakeProject, RemovesWhatAKilledProcessLeftAndNothingElse) {
+  const test::TemporaryFolder folder;
+  const pid_t dead = fork();
+  if (dead == 0) _exit(0);
+  waitpid(dead, nullptr, 0);
+  const auto left = folder / ("lathe.new-" + std::to_string(dead));
+  const auto busy = folder / ("lathe.new-" + std::to_string(getppid()));
+  const auto mine = folder / "lathe.new-year";
+  for (const auto& other : {left, busy, mine}) test::WriteBytes(other / "file", "text");
+  ASSERT_TRUE(MakeProject(folder / "lathe", "mill-turn", kShare));
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_TRUE(std::filesystem::exists(busy / "file"));
+  EXPECT_TRUE(std::filesystem::exists(mine / "file"));
 }
 
 TEST(MakeProject, RefusesANameThatWouldBeTakenApart) {
