@@ -1,5 +1,6 @@
 #include "simulation/device_contours.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -20,6 +21,9 @@ namespace {
 
 using host::hostFunctions;
 
+/// No outline has more: a host that gives more has lost count, and would be asked without end.
+constexpr std::int32_t kMostVertices = 1'000'000;
+
 constexpr std::int32_t kOutlineSection = 1;
 constexpr std::int32_t kD2tSection = 2;
 
@@ -27,7 +31,12 @@ constexpr std::int32_t kD2tSection = 2;
 class KurveReading {
  public:
   explicit KurveReading(std::int32_t handle) : handle_(handle) {}
-  ~KurveReading() { Close(); }
+  ~KurveReading() {
+    try {
+      Close();
+    } catch (...) {  // a contour that was read has nothing to lose
+    }
+  }
   KurveReading(const KurveReading&) = delete;
   KurveReading& operator=(const KurveReading&) = delete;
 
@@ -79,7 +88,7 @@ void Rewind(std::int32_t handle) {
 template <class Take>
 void ForEachVertex(std::int32_t handle, Take take) {
   Rewind(handle);
-  while (hostFunctions.OrvoVdmEoi(handle) == 0) {
+  for (std::int32_t i = 0; i < kMostVertices && hostFunctions.OrvoVdmEoi(handle) == 0; ++i) {
     const std::optional<RawVertex> vertex = ReadVertex(handle);
     if (!vertex) return;
     take(*vertex);
@@ -131,7 +140,7 @@ class Vertices {
 };
 
 void StoreContour(BilletVdm& definition) {
-  const std::int32_t spans = hostFunctions.OrvoFindNoOfSpansFromKurveNo(kJawContour);
+  const std::int32_t spans = std::min(hostFunctions.OrvoFindNoOfSpansFromKurveNo(kJawContour), kMostVertices);
   if (spans < 1) return;
   KurveReading contour(hostFunctions.OrvoVdmExist(kJawContour, 1, 33, 2));
   if (!contour.IsOpen()) return;

@@ -1,5 +1,7 @@
 #include "store/billet_vdm.h"
 
+#include <algorithm>
+
 #include "host/bridge.h"
 #include "host/fields.h"
 #include "host/host_functions.h"
@@ -110,7 +112,8 @@ BilletVdm::Found BilletVdm::OpenOrCreate() {
     Create();
     return {kClampVersion, 0};
   }
-  const std::int32_t operations = Size();
+  // No store has fewer operations than none; each that is missing is made.
+  const std::int32_t operations = std::max(0, Size());
   const std::int32_t version = ReadVersion();
   // The count of the old definition holds on, so that one of 18 operations or more leaves an empty VDM: a
   // definition too new for this program is given up, not made again.

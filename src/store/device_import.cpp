@@ -47,6 +47,8 @@ constexpr ImportTarget kTargets[] = {
 /// A header may count far more items than there are. After the last one the host returns empty texts without
 /// end; so many of them in a row are not a device's.
 constexpr std::int32_t kEmptyItemsInARow = 1000;
+/// A host that gives more items than this has lost count: the longest text of a device is far shorter.
+constexpr std::int32_t kMostItems = 4'000'000;
 
 std::optional<std::int32_t> TargetOperation(DeviceClass deviceClass, std::int32_t spindle,
                                             bool subSpindleAvailable) {
@@ -72,6 +74,7 @@ DeviceClass ReadDeviceClass(MillTurnVdm& source) {
 /// Calls `use(item, isFirst, isLast)` for `count` items from the position on.
 template <class Use>
 void ForEachItem(MillTurnVdm& source, std::int32_t count, const Use& use) {
+  count = std::min(count, kMostItems);
   std::string item;
   std::int32_t empty = 0;
   for (std::int32_t i = 0; i < count && empty < kEmptyItemsInARow; ++i) {

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "base/exception_fault.h"
 #include "base/letter_case.h"
 #include "host/bridge.h"
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
 #include "host/message_ids.h"
 #include "host/messages.h"
+#include "platform/host_extensions.h"
 #include "platform/message_box.h"
 #include "platform/split_path.h"
 
@@ -22,6 +24,14 @@ constexpr std::uint32_t kNoHandle = 0xFFFFFFFF;
 constexpr std::int32_t kFromStart = 0;
 constexpr std::int32_t kOnce = 1;
 
+/// Reports the exception of a host's call that no caller can be given, since an object goes.
+void ReportLostClose() noexcept {
+  try {
+    platform::ReportFault(FaultOfException());
+  } catch (...) {  // the host cannot hear it either
+  }
+}
+
 /// A host refuses a longer text and reports it; a caller that counts items must not count it.
 bool FitsAnItem(const std::string& text) {
   return text.size() < kItemBytes;
@@ -30,7 +40,11 @@ bool FitsAnItem(const std::string& text) {
 }  // namespace
 
 MacroVdm::~MacroVdm() {
-  if (IsOpen()) Close();
+  try {
+    if (IsOpen()) Close();
+  } catch (...) {
+    ReportLostClose();
+  }
 }
 
 bool MacroVdm::Create() {
