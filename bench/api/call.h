@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <variant>
 
 #include <nlohmann/json.hpp>
 
@@ -44,6 +46,32 @@ bool Succeeded(Host& host, const Result<T>& result) {
   return static_cast<bool>(result);
 }
 
+/// An argument of a call as the trace has it. Making one needs no memory and throws nothing, so that a call
+/// fails within its frame only.
+class Argument {
+ public:
+  template <class Number>
+  requires std::is_integral_v<Number> Argument(Number number) : value_(static_cast<std::int64_t>(number)) {}
+  Argument(std::string_view text) : value_(text) {}
+  Argument(const RawMatrix& matrix) : value_(&matrix) {}
+
+  Json AsJson() const {
+    if (const auto* const matrix = std::get_if<const RawMatrix*>(&value_)) return **matrix;
+    if (const auto* const text = std::get_if<std::string_view>(&value_)) return *text;
+    return std::get<std::int64_t>(value_);
+  }
+
+ private:
+  std::variant<std::int64_t, std::string_view, const RawMatrix*> value_;
+};
+using Arguments = std::initializer_list<Argument>;
+
+inline Json TraceArguments(Arguments arguments) {
+  Json list = Json::array();
+  for (const Argument& argument : arguments) list.push_back(argument.AsJson());
+  return list;
+}
+
 /// A result in the trace: addresses are null, so that traces can be compared.
 template <class R>
 Json TraceValue(const R& result) {
@@ -70,7 +98,7 @@ inline void ReportException(Host& host, const char* name) {
 /// Runs `work(host, out)` for the function `name`; `work` puts into `out` what the call writes through
 /// pointers. Returns zero without a host and after an exception.
 template <class Work>
-auto Answer(const char* name, const Json& arguments, Work work) {
+auto Answer(const char* name, Arguments arguments, Work work) {
   using R = std::invoke_result_t<Work, Host&, Json&>;
   if constexpr (std::is_void_v<R>) {
     // The same with an address as the result, which is dropped.
@@ -89,7 +117,8 @@ auto Answer(const char* name, const Json& arguments, Work work) {
       } catch (...) {
         ReportException(*host, name);
       }
-      if (host->trace) ReportFault(*host, host->trace->Write(name, arguments, TraceValue(result), out));
+      if (host->trace)
+        ReportFault(*host, host->trace->Write(name, TraceArguments(arguments), TraceValue(result), out));
     } catch (...) {
       ReportException(*host, name);
     }

@@ -34,7 +34,7 @@ extern "C" {
 
 void OrvoClearSelection() {
   // Picks leave no marks.
-  Answer("OrvoClearSelection", Json::array(), [](Host&, Json&) {});
+  Answer("OrvoClearSelection", {}, [](Host&, Json&) {});
 }
 
 void OrvoSelectOneObject(std::int32_t zero, std::int32_t filterMask, const char* prompt,

@@ -33,7 +33,7 @@ std::int32_t OpenContour(Host& host, std::int32_t number) {
 extern "C" {
 
 std::int32_t OrvoGetCurrentLayer() {
-  return Answer("OrvoGetCurrentLayer", Json::array(), [](Host& host, Json&) {
+  return Answer("OrvoGetCurrentLayer", {}, [](Host& host, Json&) {
     ReportFault(host, host.board.Load());
     return host.board.LayerNumber(host.board.layer());
   });

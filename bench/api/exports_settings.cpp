@@ -7,7 +7,7 @@ using namespace vanzet::api;
 extern "C" {
 
 OrvoNothing OrvoMissingAPI() {
-  Answer("OrvoMissingAPI", Json::array(), [](Host& host, Json&) {
+  Answer("OrvoMissingAPI", {}, [](Host& host, Json&) {
     host.panel.Tell(Fault{"the module called a function that this host does not have"});
     return 0;
   });

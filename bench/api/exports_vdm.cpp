@@ -21,7 +21,7 @@ std::uint32_t HandleOrNone(Host& host, const Result<vdm::Handle>& handle) {
 
 /// Runs `work` on the open VDM of a handle; a handle that is not open is ignored.
 template <class Work>
-void OnOpen(const char* name, const Json& arguments, std::uint32_t handle, Work work) {
+void OnOpen(const char* name, Arguments arguments, std::uint32_t handle, Work work) {
   Answer(name, arguments, [&](Host& host, Json&) {
     if (vdm::OpenVdm* const open = host.store.Find(vdm::Handle{handle})) work(host, *open);
   });
