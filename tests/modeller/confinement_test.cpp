@@ -24,7 +24,7 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 
-/// What a process can do after it gave up its rights; each case is tried in a process of its own.
+/// A process after it gave up its rights; each case is tried in a process of its own.
 class Confined : public testing::Test {
  protected:
   Confined() {

@@ -107,7 +107,7 @@ bool FilterCalls() {
   for (const int call : kAllowed) filter.AllowCall(call);
   // A thread, and not a process. The newer call hides its arguments; the C library then uses this one.
   filter.AllowCallWith(SYS_clone, BPF_JSET, CLONE_THREAD);
-  // What abort() does.
+  // abort() sends itself a signal.
   filter.AllowCallWith(SYS_tgkill, BPF_JEQ, static_cast<unsigned>(getpid()));
   return filter.Install();
 }

@@ -128,7 +128,7 @@ Result<void> Measure(const Arguments&) {
   return WriteAnswer(MeasuresOf(body));
 }
 
-/// What an order does with its file.
+/// The use that an order makes of its file.
 enum class Use { kNone, kReads, kWrites };
 
 struct Order {
@@ -188,7 +188,7 @@ Result<void> RunOrder(const Order& order, char** arguments) {
   }
 }
 
-/// What an order is run under: "landlock 7", "call filter yes".
+/// Prints the guards of every order: "landlock 7", "call filter yes".
 int PrintLimits() {
   const Confinement guards = Confine({});
   const std::string files = guards.landlock > 0 ? std::to_string(guards.landlock) : "no";
