@@ -3,6 +3,8 @@
 #include <fstream>
 #include <system_error>
 
+#include "base/files/regular_file.h"
+#include "base/files/whole_file.h"
 #include "base/path_map.h"
 
 namespace vanzet::platform {
@@ -18,9 +20,8 @@ bool IsReadableFile(std::string_view path) {
 }
 
 bool CopyWholeFile(std::string_view from, std::string_view to) {
-  std::error_code error;
-  return std::filesystem::copy_file(FileOf(from), FileOf(to),
-                                    std::filesystem::copy_options::overwrite_existing, error);
+  const auto bytes = files::ReadWholeFile(FileOf(from));
+  return bytes && files::ReplaceFile(FileOf(to), *bytes, files::Keep::kIdentity);
 }
 
 }  // namespace vanzet::platform

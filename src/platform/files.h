@@ -11,7 +11,7 @@ std::filesystem::path FileOf(std::string_view path);
 /// True for a regular file that can be opened for reading.
 bool IsReadableFile(std::string_view path);
 
-/// Copies the first file over the second. Returns false when that fails.
+/// Copies the first file over the second. Returns false when that fails; the second is then as it was.
 bool CopyWholeFile(std::string_view from, std::string_view to);
 
 }  // namespace vanzet::platform

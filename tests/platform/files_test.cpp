@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::platform {
@@ -16,6 +17,22 @@ TEST(IsReadableFile, IsTrueForARegularFileOnly) {
   EXPECT_FALSE(IsReadableFile((folder / "b.ini").string()));
   EXPECT_FALSE(IsReadableFile(folder.path().string()));
   EXPECT_FALSE(IsReadableFile(""));
+}
+
+TEST(CopyWholeFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const test::TemporaryFolder folder;
+  test::WriteBytes(folder / "template.vdm", std::string(5000, 'x'));
+  test::WriteBytes(folder / "saved.vdm", "old");
+  const auto copy = [&] {
+    return CopyWholeFile((folder / "template.vdm").string(), (folder / "saved.vdm").string());
+  };
+  {
+    const test::FileSizeLimit limit(1000);
+    EXPECT_FALSE(copy());
+  }
+  EXPECT_EQ(test::ReadBytes(folder / "saved.vdm"), "old");
+  EXPECT_TRUE(copy());
+  EXPECT_EQ(test::ReadBytes(folder / "saved.vdm"), std::string(5000, 'x'));
 }
 
 TEST(FileOf, FollowsTheDrivesThatTheEnvironmentTells) {
