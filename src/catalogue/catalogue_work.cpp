@@ -47,6 +47,20 @@ bool SearchesFile(CDevice& catalogue, bool forReading, void* owner) {
          catalogue.SelectFile(forReading, owner);
 }
 
+/// Reads the file, or another one that the user chooses, and calls `onChosen` with that. The host is given the
+/// reason when the user chooses no other and the file exists.
+void ReadSomeFile(CDevice& catalogue, void* owner, const std::function<void()>& onChosen) {
+  while (true) {
+    const auto read = catalogue.ReadFile();
+    if (read) return;
+    if (!SearchesFile(catalogue, true, owner)) {
+      if (read.fault().kind != FaultKind::kMissing) platform::ReportFault(read.fault());
+      return;
+    }
+    onChosen();
+  }
+}
+
 /// The catalogue of the file as it is now, empty; it is read next.
 CDevice FreshCatalogue(const CDevice& dialogs) {
   CDevice fresh;
@@ -113,9 +127,8 @@ void SaveInSomeFile(NewDevice device, CDevice& file, void* owner) {
 }  // namespace
 
 void ReadCatalogueAtStart(CDevice& dialogs, void* owner) {
-  while (!dialogs.ReadFile() && SearchesFile(dialogs, true, owner)) {
-    host::SendCommand("file a '' $_project 'CLAMP_DB_PATH' '" + dialogs.path() + "'");
-  }
+  ReadSomeFile(dialogs, owner,
+               [&] { host::SendCommand("file a '' $_project 'CLAMP_DB_PATH' '" + dialogs.path() + "'"); });
 }
 
 void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const std::string& valueLine,
@@ -124,8 +137,7 @@ void SaveDeviceToCatalogue(CDevice& dialogs, const std::string& typedName, const
   dialogs.PutDevice(name, valueLine);
   refill();
   CDevice fresh = FreshCatalogue(dialogs);
-  while (!fresh.ReadFile() && SearchesFile(fresh, true, owner)) {
-  }
+  ReadSomeFile(fresh, owner, [] {});
   const bool isKnown = fresh.HasDevice(name);
   if (isKnown && !AsksToReplace()) return;
   SaveInSomeFile({.name = name, .valueLine = valueLine, .mayReplace = isKnown}, fresh, owner);

@@ -15,7 +15,8 @@
 /// until it is written: changes by other users are not lost. A file that cannot be used leads to the question
 /// whether to search for another; the choice is kept only at the start of the dialog.
 ///
-/// The host is given the reason when a device could not be saved or removed (platform::ReportFault).
+/// The host is given the reason (platform::ReportFault) when a device could not be saved or removed, and when
+/// a file that exists could not be read.
 namespace vanzet {
 
 /// Reads the file when the dialog starts. A file that was chosen becomes the project's. Without one the

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "base/files/regular_file.h"
 #include "base/numbers.h"
 #include "host/host_functions.h"
 #include "platform/files.h"
+#include "platform/host_extensions.h"
 #include "platform/message_box.h"
 #include "platform/private_profile.h"
 #include "platform/split_path.h"
@@ -30,7 +32,12 @@ int PpDefIni::LocateIni() {
     scratch_ = platform::JoinPath(ini);
   }
   iniPath_ = scratch_;
-  if (platform::IsReadableFile(iniPath_)) return 0;
+  const std::filesystem::path file = platform::FileOf(iniPath_);
+  const auto text = files::ReadWholeFile(file);
+  if (text) return 0;
+  // A machine without a file has the defaults; one whose file cannot be read would get them by mistake.
+  const bool isThere = file.has_filename() && text.fault().kind != FaultKind::kMissing;
+  if (isThere) platform::ReportFault(text.fault());
   platform::Show(
       {"File can not open for read", iniPath_, platform::box::kOk + platform::box::kExclamationIcon});
   return -1;

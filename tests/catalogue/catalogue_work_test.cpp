@@ -430,11 +430,29 @@ TEST_F(Starting, GoesOnWithoutDevicesAfterNoOrCancel) {
   device.SetPath("/nowhere/a.cld");
   ReadCatalogueAtStart(device, nullptr);
   EXPECT_THAT(files.asked, IsEmpty());
+  EXPECT_THAT(reported.Messages(), IsEmpty()) << "a project may have no catalogue";
   host.answers = {kYes};
   ReadCatalogueAtStart(device, nullptr);
   EXPECT_EQ(files.asked.size(), 1U);
   EXPECT_THAT(Names(device, 1), IsEmpty());
   EXPECT_THAT(host.TakeCalls("OrvoCommand('file a"), IsEmpty());
+}
+
+TEST_F(Starting, ReportsAFileThatIsThereAndCannotBeRead) {
+  CDevice device;
+  device.SetPath("/dev/zero");
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox("/dev/zero")));
+  EXPECT_THAT(reported.Messages(), ElementsAre("/dev/zero: is not a regular file"));
+}
+
+TEST_F(Starting, ReportsNothingWhenAnotherFileIsChosen) {
+  CDevice device;
+  device.SetPath("/dev/zero");
+  host.answers = {kYes};
+  files.choices = {world.file.string()};
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(reported.Messages(), IsEmpty());
 }
 
 TEST_F(Starting, HasTextsInTheUsersLanguage) {

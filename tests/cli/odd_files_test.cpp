@@ -54,6 +54,7 @@ TEST_F(OddFiles, OfTheMachineAreRefused) {
   for (const Thing thing : kThings) {
     Put(folder / "lathe/machine.ini", thing);
     ExpectRefused("upgrade lathe", "machine.ini: is not a regular file");
+    ExpectRefused("script lathe - --transcript run.jsonl", "machine.ini: is not a regular file", "close\n");
   }
 }
 
@@ -61,6 +62,14 @@ TEST_F(OddFiles, OfTheCatalogueEndADefine) {
   for (const Thing thing : kThings) {
     Put(folder / "lathe/clampdevice.cld", thing);
     ExpectRefused("define - lathe", "clampdevice.cld: is not a regular file", chuck);
+  }
+}
+
+TEST_F(OddFiles, OfTheCatalogueAreReportedByAScript) {
+  for (const Thing thing : kThings) {
+    Put(folder / "lathe/clampdevice.cld", thing);
+    ExpectRefused("script lathe - --transcript run.jsonl", "clampdevice.cld: is not a regular file",
+                  "close\n");
   }
 }
 

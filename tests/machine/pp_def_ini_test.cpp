@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/fake_host.h"
+#include "support/reported_faults.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet {
@@ -61,6 +62,17 @@ TEST_F(LocateIni, ShowsAPathThatCannotBeReadInABoxWithoutOwnerAndKeepsIt) {
   EXPECT_THAT(host.TakeBoxes(), ElementsAre("File can not open for read|D:\\none.ini|48"));
   machine.ReadAll();
   EXPECT_THAT(host.boxes, IsEmpty()) << "no second box follows";
+}
+
+TEST_F(LocateIni, ReportsAFileThatIsThereAndCannotBeRead) {
+  const test::ReportedFaults reported;
+  host.environment["ppdefini"] = "/dev/zero";
+  EXPECT_EQ(machine.LocateIni(), -1);
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre("File can not open for read|/dev/zero|48"));
+  EXPECT_THAT(reported.Messages(), ElementsAre("/dev/zero: is not a regular file"));
+  host.environment["ppdefini"] = "/none.ini";
+  EXPECT_EQ(machine.LocateIni(), -1);
+  EXPECT_EQ(reported.faults().size(), 1U) << "a machine may have no file";
 }
 
 TEST_F(LocateIni, ShowsAnEmptySettingWhichLeadsToAFolder) {
