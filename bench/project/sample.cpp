@@ -38,6 +38,16 @@ void RemoveLeftovers(const fs::path& place) {
   }
 }
 
+/// Creates the folder. Fails where something has the name, such as a link to another folder.
+Result<void> MakeNewFolder(const fs::path& folder) {
+  std::error_code error;
+  if (folder.has_parent_path()) fs::create_directories(folder.parent_path(), error);
+  const bool isNew = !error && fs::create_directory(folder, error);
+  if (isNew) return {};
+  if (!error) error = std::make_error_code(std::errc::file_exists);
+  return files::SystemFault("cannot be created", error, folder);
+}
+
 std::string ListOf(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
@@ -72,8 +82,8 @@ Result<void> MakeProject(const fs::path& folder, const std::string& sample, cons
   const fs::path place = WithoutTrailingSlash(folder);
   RemoveLeftovers(place);
   const fs::path temporary = place.string() + ".new-" + std::to_string(getpid());
-  fs::create_directories(temporary, error);
-  if (!error) fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);
+  VANZET_DO(MakeNewFolder(temporary));
+  fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);
   for (const char* const name : kFolders) {
     if (!error) fs::create_directories(temporary / name, error);
   }

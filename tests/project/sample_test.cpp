@@ -49,6 +49,14 @@ TEST(MakeProject, LeavesAFolderThatWasThereWhenItFails) {
       << "nothing is left next to it";
 }
 
+TEST(MakeProject, WritesNothingBehindALinkThatWaitsNextToIt) {
+  const test::TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "elsewhere");
+  std::filesystem::create_directory_symlink("elsewhere", folder / ("lathe.new-" + std::to_string(getpid())));
+  EXPECT_FALSE(MakeProject(folder / "lathe", "mill-turn", kShare));
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "elsewhere"));
+}
+
 TEST(MakeProject, RemovesWhatAKilledProcessLeftAndNothingElse) {
   const test::TemporaryFolder folder;
   const pid_t dead = fork();
