@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "support/reported_faults.h"
 #include "support/temporary_folder.h"
 
 namespace vanzet::platform {
@@ -35,6 +36,15 @@ TEST_F(PrivateProfile, GivesTheDefaultForWhatIsMissing) {
   EXPECT_EQ(Read("", "KEY"), "default");
   EXPECT_EQ(ReadProfileText("COMMON", "KEY", "default", (folder / "none.ini").string()), "default");
   EXPECT_EQ(ReadProfileText("COMMON", "KEY", "default", folder.path().string()), "default") << "a folder";
+}
+
+TEST_F(PrivateProfile, ReportsAFileThatTheSystemDoesNotLetItRead) {
+  const test::ReportedFaults reported;
+  const std::string tooLong = "/" + std::string(300, 'n');
+  EXPECT_EQ(ReadProfileText("COMMON", "KEY", "default", tooLong), "default");
+  EXPECT_EQ(ReadProfileText("COMMON", "KEY", "default", (folder / "none.ini").string()), "default");
+  ASSERT_EQ(reported.faults().size(), 1U);
+  EXPECT_EQ(reported.Messages()[0], tooLong + ": cannot be read: File name too long");
 }
 
 TEST_F(PrivateProfile, TakesAKeyWithoutTextForAnEmptyValue) {
