@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "modeller/body_folder.h"
 #include "modeller/foreign_files.h"
 #include "modeller/mesh.h"
@@ -58,6 +61,21 @@ TEST_F(Imports, StlAsTrianglesAlone) {
     ExpectTheBrick(brick);
     EXPECT_EQ(Get(MeshOf(brick, {})).triangles.size(), 12U);
   }
+}
+
+TEST_F(Imports, BinaryStlWhoseBytesAreAllThoseOfAText) {
+  // One triangle between the points 0, 10 along x and 10 along y, with a normal of zeros.
+  std::string bytes(84 + 50, '\0');
+  bytes.replace(0, 6, "binary");
+  std::fill(bytes.begin() + 6, bytes.begin() + 80, ' ');
+  bytes[80] = 1;
+  const float ten = 10;
+  std::memcpy(bytes.data() + 84 + 24, &ten, sizeof(ten));
+  std::memcpy(bytes.data() + 84 + 40, &ten, sizeof(ten));
+  WriteBytes(folder_ / "small.stl", bytes);
+  const Body small = Import("small.stl");
+  EXPECT_TRUE(small.IsStl());
+  EXPECT_NEAR(Measured(small).area, 50, 1e-9);
 }
 
 TEST_F(Imports, StlWithTheExtentsOfItsTriangles) {

@@ -14,12 +14,14 @@
 #include <cstdint>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 
 #include "base/letter_case.h"
 #include "base/number_text.h"
 #include "modeller/body_size.h"
 #include "modeller/exchange/process.h"
+#include "modeller/facets.h"
 #include "modeller/outline.h"
 
 namespace vanzet::modeller {
@@ -42,14 +44,23 @@ Result<TopoDS_Shape> ReadStep(const fs::path& file) {
   return reader.OneShape();
 }
 
-/// Distinguishes text from binary STL files by the rule of Open CASCADE.
-class StlForm final : public RWStl_Reader {
+class StlReader final : public RWStl_Reader {
  public:
-  bool IsText(std::ifstream& bytes) { return IsAscii(bytes, true); }
+  /// The rule by which Open CASCADE distinguishes text from binary files.
+  bool LooksLikeText(std::ifstream& bytes) { return IsAscii(bytes, true); }
+
+  const Mesh& mesh() const { return mesh_; }
 
  private:
-  Standard_Integer AddNode(const gp_XYZ&) override { return 0; }
-  void AddTriangle(Standard_Integer, Standard_Integer, Standard_Integer) override {}
+  Standard_Integer AddNode(const gp_XYZ& point) override {
+    mesh_.points.emplace_back(point.X(), point.Y(), point.Z());
+    return static_cast<int>(mesh_.points.size()) - 1;
+  }
+  void AddTriangle(Standard_Integer a, Standard_Integer b, Standard_Integer c) override {
+    mesh_.triangles.push_back({a, b, c});
+  }
+
+  Mesh mesh_;
 };
 
 /// Whether a text has its last line, "endsolid" and an optional name, in small letters or capitals.
@@ -62,26 +73,49 @@ bool HasItsEnd(std::ifstream& bytes, std::uintmax_t size) {
   return end.find("endsolid") != std::string::npos;
 }
 
-/// Open CASCADE ignores that a file is cut short.
-Result<void> CheckStlEnd(const fs::path& file) {
+/// The size that a binary file announces, if it is long enough to announce one.
+std::optional<std::uintmax_t> AnnouncedSize(std::ifstream& bytes, std::uint32_t& count) {
   constexpr std::uintmax_t kCountAt = 80, kHeadBytes = 84, kTriangleBytes = 50;
-  const std::uintmax_t size = fs::file_size(file);
-  std::ifstream bytes(file, std::ios::binary);
-  if (StlForm().IsText(bytes)) {
-    if (HasItsEnd(bytes, size)) return {};
-    return Fault{"is cut short: it has no 'endsolid'"};
-  }
-  std::uint32_t count = 0;
   bytes.clear();
   bytes.seekg(kCountAt);
-  if (!bytes.read(reinterpret_cast<char*>(&count), sizeof(count))) return Fault{"not a readable STL file"};
-  if (size >= kHeadBytes + kTriangleBytes * count) return {};
+  if (!bytes.read(reinterpret_cast<char*>(&count), sizeof(count))) return std::nullopt;
+  return kHeadBytes + kTriangleBytes * count;
+}
+
+/// The forms of an STL file. The bytes of a small binary file can all be those of a text, which misleads Open
+/// CASCADE.
+enum class StlForm { kPlain, kBinaryLikeText };
+
+/// Fails when a file is cut short, which Open CASCADE ignores. A file that has exactly the size that it
+/// announces is binary.
+Result<StlForm> StlFormOf(const fs::path& file) {
+  const std::uintmax_t size = fs::file_size(file);
+  std::ifstream bytes(file, std::ios::binary);
+  const bool looksLikeText = StlReader().LooksLikeText(bytes);
+  std::uint32_t count = 0;
+  const auto announced = AnnouncedSize(bytes, count);
+  if (looksLikeText && announced == size) return StlForm::kBinaryLikeText;
+  if (looksLikeText) {
+    if (HasItsEnd(bytes, size)) return StlForm::kPlain;
+    return Fault{"is cut short: it has no 'endsolid'"};
+  }
+  if (!announced) return Fault{"not a readable STL file"};
+  if (size >= *announced) return StlForm::kPlain;
   return Fault{"is cut short: it announces " + std::to_string(count) +
                " triangles but does not contain them"};
 }
 
+Result<TopoDS_Shape> ReadBinaryLikeText(const fs::path& file) {
+  std::ifstream bytes(file, std::ios::binary);
+  StlReader reader;
+  if (!reader.ReadBinary(bytes, Message_ProgressRange())) return Fault{"not a readable STL file"};
+  if (reader.mesh().triangles.empty()) return TopoDS_Shape();
+  return TopoDS_Shape(FaceOf(reader.mesh()));
+}
+
 Result<TopoDS_Shape> ReadStl(const fs::path& file) {
-  VANZET_DO(CheckStlEnd(file));
+  VANZET_TRY(const StlForm form, StlFormOf(file));
+  if (form == StlForm::kBinaryLikeText) return ReadBinaryLikeText(file);
   const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(0, 1);
   const auto triangulation = RWStl::ReadFile(file.c_str(), reporter->Start());
   if (triangulation.IsNull()) return Fault{"not a readable STL file" + FirstKernelMessage()};
