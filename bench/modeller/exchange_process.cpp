@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <array>
@@ -25,6 +26,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kParcel = 3;  // the descriptor of the parcel in the program
 constexpr int kPoll = 50;   // milliseconds between looks at Ctrl-C and the clock
 constexpr std::size_t kLongestLine = 4096;
+constexpr off_t kMostBytes = off_t{1} << 30;  // that come back from the program
 
 /// The program while it runs, and the reading end of its standard output.
 class Process {
@@ -214,7 +216,10 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }
   }
-  return OutcomeOf(process.Wait(), reports.fault());
+  VANZET_DO(OutcomeOf(process.Wait(), reports.fault()));
+  struct stat facts = {};
+  if (fstat(parcel.descriptor(), &facts) == 0 && facts.st_size <= kMostBytes) return {};
+  return Fault{"exceeds the memory limit"};
 }
 
 }  // namespace vanzet::modeller

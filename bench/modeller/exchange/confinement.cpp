@@ -11,6 +11,7 @@
 
 #include "base/files/descriptor_posix.h"
 #include "modeller/exchange/call_filter.h"
+#include "modeller/exchange/sanitizer.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -59,18 +60,10 @@ int GuardFiles(const Needs& needs) {
   return syscall(SYS_landlock_restrict_self, rules.number(), 0) == 0 ? static_cast<int>(version) : 0;
 }
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kCanBeConfined = false;
-#elif defined(__has_feature)
-constexpr bool kCanBeConfined = !__has_feature(address_sanitizer);
-#else
-constexpr bool kCanBeConfined = true;
-#endif
-
 }  // namespace
 
 Confinement Confine(const Needs& needs) {
-  if (!kCanBeConfined) return {};
+  if (kHasAddressSanitizer) return {};
   // Files of the system that are read once: the times in STEP files are those of the local zone.
   tzset();
   // A program with more rights than its caller could not be confined by it.

@@ -14,6 +14,7 @@
 
 #include "base/number_text.h"
 #include "base/one_line.h"
+#include "modeller/exchange/sanitizer.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -32,13 +33,6 @@ void PrintLine(const std::string& line) {
   std::fwrite(line.data(), 1, line.size(), stdout);
   std::fflush(stdout);
 }
-
-// The address sanitizer takes terabytes of addresses for its own bookkeeping.
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool kMemoryCanBeLimited = false;
-#else
-constexpr bool kMemoryCanBeLimited = true;
-#endif
 
 void Limit(__rlimit_resource resource, std::uint64_t most, std::uint64_t beyond = 0) {
   rlimit limit = {};
@@ -91,7 +85,7 @@ void LimitProcess(int seconds, std::uint64_t bytes) {
   // At the lower bound comes SIGXCPU, by which the parent knows the limit from a crash; at the upper SIGKILL.
   Limit(RLIMIT_CPU, static_cast<std::uint64_t>(seconds), 1);
   Limit(RLIMIT_FSIZE, bytes);
-  if (kMemoryCanBeLimited) Limit(RLIMIT_AS, bytes);
+  if (!kHasAddressSanitizer) Limit(RLIMIT_AS, bytes);
 }
 
 }  // namespace vanzet::modeller

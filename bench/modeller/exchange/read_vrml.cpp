@@ -50,6 +50,8 @@ class Collector {
  public:
   Result<void> Add(VrmlData_ListOfNode::Iterator nodes, const gp_Trsf& place, const std::string& name) {
     for (; nodes.More(); nodes.Next()) {
+      // A text can use one group a million times.
+      if (++nodes_ > kMostParts) return Fault{"has more than " + std::to_string(kMostParts) + " nodes"};
       const Handle(VrmlData_Node)& node = nodes.Value();
       if (node.IsNull()) continue;
       const std::string own = node->Name();
@@ -81,6 +83,7 @@ class Collector {
 
   std::vector<ParcelBody> bodies_;
   std::uint64_t facets_ = 0;
+  std::uint64_t nodes_ = 0;
 };
 
 }  // namespace
