@@ -89,7 +89,7 @@ TEST_F(VdmCommand, DoesNotWriteOverTheStore) {
   MakeUpgradedProject();
   for (const char* file : {"lathe/store.db", "lathe/../lathe/store.lock"}) {
     EXPECT_THAT(Vanzet(std::string("vdm save lathe 1000 ") + file).err,
-                HasSubstr("is a file of the store itself"));
+                HasSubstr("cannot be written: this command reads the file"));
   }
   EXPECT_EQ(Vanzet("show lathe").status, 0);
 }
