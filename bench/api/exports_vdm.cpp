@@ -52,8 +52,7 @@ std::int32_t OrvoMacroVdmCheckOpen(std::uint32_t vdm) {
 }
 
 void OrvoMacroVdmClose(std::uint32_t handle) {
-  Answer("OrvoMacroVdmClose", {handle},
-         [&](Host& host, Json&) { ReportFault(host, host.store.Close(vdm::Handle{handle})); });
+  Answer("OrvoMacroVdmClose", {handle}, [&](Host& host, Json&) { host.store.Close(vdm::Handle{handle}); });
 }
 
 void OrvoMacroVdmDelete(std::uint32_t vdm) {

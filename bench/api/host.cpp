@@ -35,13 +35,22 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       settings_(theProject.folder()),
       figures_(theProject.folder() / "figures") {}
 
-Host::~Host() {
-  if (const auto kept = board.Save(); !kept) panel.Tell(kept.fault());
+Result<void> Host::Commit(const std::string& occasion, const vdm::LastStep& lastStep) {
+  // From here to the commit nobody else changes the drawing, into which the changes are merged.
+  if (board.HasChanges()) VANZET_DO(store.Hold());
+  VANZET_TRY(auto content, board.Unsaved());
+  std::optional<vdm::TextFile> file;
+  if (content) file = vdm::TextFile{drawing::Board::kFile, std::move(*content)};
+  VANZET_DO(store.Commit(occasion, std::move(file), lastStep));
+  board.MarkSaved();
+  return {};
 }
 
 Result<void> Host::Command(std::string_view line) {
   language::Surroundings surroundings = Surroundings();
-  return WithLine(language::Run(line, surroundings), std::string(line), line);
+  const auto run = language::Run(line, surroundings);
+  store.ForgetDeleted();
+  return WithLine(run, std::string(line), line);
 }
 
 Result<void> Host::Macro(std::string_view name, std::string_view arguments) {

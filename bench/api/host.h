@@ -26,16 +26,19 @@ namespace vanzet::api {
 ///
 /// Owns     the store, the variables, the drawing board and the bodies of this run; the project and the panel
 ///          belong to the caller
+/// Keeps    nothing until `Commit`: what a run that fails has changed is gone with the host
 /// Threads  one, the thread that calls the module
 class Host final : public language::Workplace {
  public:
   /// `trace` may be null: calls are then not recorded.
   Host(const project::Project& project, project::MessagePanel& panel, std::unique_ptr<CallLog> trace);
 
-  /// Saves the drawing, and reports a failure on the panel.
-  ~Host() override;
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
+
+  /// Writes what was changed in VDMs and in the drawing, all or nothing. `occasion` is a word for the run;
+  /// the last step fails before anything is kept.
+  Result<void> Commit(const std::string& occasion, const vdm::LastStep& lastStep = {});
 
   /// Runs a line of the macro language. The fault names the line as its file, and quotes it as its source.
   Result<void> Command(std::string_view line);

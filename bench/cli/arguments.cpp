@@ -1,5 +1,6 @@
 #include "cli/arguments.h"
 
+#include <cmath>
 #include <system_error>
 
 #include "base/number_text.h"
@@ -66,6 +67,17 @@ void AddProject(Command& command, std::string& project) {
 
 void AddKeepTmp(Command& command, Context& context) {
   command.AddFlag("--keep-tmp", "keep the files of this run in the project's tmp folder", context.keepsTmp);
+}
+
+void AddWait(Command& command, Context& context) {
+  constexpr double kLongestWait = 86400;  // a day
+  command
+      .AddOption("--wait", "SECONDS", "how long to wait for another process that is changing the project",
+                 [&context](const std::string& name, const std::string& word) {
+                   const double seconds = RealOf(name, word, 0, kLongestWait);
+                   context.wait = std::chrono::milliseconds(std::llround(seconds * 1000));
+                 })
+      .Default("10");
 }
 
 void AddTrace(Command& command, std::string& file) {

@@ -73,6 +73,9 @@ void AddProject(Command& command, std::string& project);
 /// Adds the option --keep-tmp, for commands whose work has a folder of its own.
 void AddKeepTmp(Command& command, Context& context);
 
+/// Adds the option --wait, for commands that change the project.
+void AddWait(Command& command, Context& context);
+
 /// Adds the option --trace.
 void AddTrace(Command& command, std::string& file);
 

@@ -1,12 +1,11 @@
-#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <optional>
 #include <sstream>
 
 #include <nlohmann/json.hpp>
 
+#include "base/files/system_fault.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -18,7 +17,6 @@
 #include "project/text_file.h"
 #include "results/definitions.h"
 #include "scene/equipment.h"
-#include "vdm/store.h"
 #include "vdm/vdm_file.h"
 
 namespace vanzet::cli {
@@ -28,55 +26,6 @@ namespace fs = std::filesystem;
 using define::Refusals;
 using define::Script;
 using define::Step;
-
-/// Replaces definitions by new ones, all or none: unless `Keep` is called, the destructor restores the former
-/// ones and deletes those that did not exist before. It reports on the panel what it cannot restore, because
-/// another process has opened it.
-class NewDefinitions {
- public:
-  /// All of them have to outlive this object; `blank` is the content of a new definition.
-  NewDefinitions(vdm::VdmStore& store, const vdm::Vdm& blank, project::MessagePanel& panel)
-      : store_(store), blank_(blank), panel_(panel) {}
-  ~NewDefinitions();
-  NewDefinitions(const NewDefinitions&) = delete;
-  NewDefinitions& operator=(const NewDefinitions&) = delete;
-
-  /// Replaces the VDM with this number by a new definition. Fails when it is open, here or elsewhere.
-  Result<void> Make(std::uint32_t number);
-
-  void Keep() { formers_.clear(); }
-
- private:
-  struct Former {
-    std::uint32_t number;
-    std::optional<vdm::Vdm> content;
-  };
-
-  vdm::VdmStore& store_;
-  const vdm::Vdm& blank_;
-  project::MessagePanel& panel_;
-  std::vector<Former> formers_;
-};
-
-NewDefinitions::~NewDefinitions() {
-  for (const Former& former : formers_) {
-    const auto done =
-        former.content ? store_.Replace(former.number, *former.content) : store_.Delete(former.number);
-    if (!done) panel_.Tell(Fault{"the former definition could not be restored: " + done.fault().Message()});
-  }
-}
-
-Result<void> NewDefinitions::Make(std::uint32_t number) {
-  Former former{number, std::nullopt};
-  VANZET_TRY(const auto numbers, store_.Numbers());
-  if (std::ranges::find(numbers, vdm::Number{number}) != numbers.end()) {
-    VANZET_TRY(auto content, store_.Snapshot(number));
-    former.content = std::move(content);
-  }
-  VANZET_DO(store_.Replace(number, blank_));
-  formers_.push_back(std::move(former));
-  return {};
-}
 
 struct Arguments {
   std::vector<std::string> words;
@@ -141,11 +90,11 @@ Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, 
 Result<define::Json> StoredForm(const Job& job) {
   define::Json stored = {{"spurs", define::Json::array()}};
   Refusals leftOut;
+  VANZET_TRY(const auto definitions, results::ReadDefinitions(job.project, job.host.store));
   for (const define::Json& spur : job.form["spurs"]) {
     const auto number = spur["spur"].get<std::int32_t>();
-    VANZET_TRY(const auto read, results::ReadDefinition(job.project, number));
-    const scene::Equipment equipment =
-        read.definition ? scene::ReadEquipment(*read.definition) : scene::Equipment();
+    const auto& definition = definitions[static_cast<std::size_t>(number)].definition;
+    const scene::Equipment equipment = definition ? scene::ReadEquipment(*definition) : scene::Equipment();
     stored["spurs"].push_back(define::SpurForm(number, equipment, "$", leftOut));
   }
   return stored;
@@ -174,40 +123,53 @@ Result<void> WriteCatalogue(const Job& job) {
   return WriteFile(job.host.catalogue, define::CatalogueText(job.form));
 }
 
-/// Defines all spurs or none: after a failure the former definitions and the drawing are unchanged.
-Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
-                              std::string& transcript) {
+/// Puts blank definitions in the place of those of the form's spurs, and returns a line about each.
+Result<std::string> BeginDefinitions(const Job& job) {
   VANZET_TRY(const auto blank, vdm::ReadVdmFile(job.context.places.share / "support" / "Turn_Multiax" /
                                                 "utils" / "template.vdm"));
-  VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
-  VANZET_DO(WriteCatalogue(job));
-  NewDefinitions definitions(job.host.store, blank, job.context.panel);
   std::string lines;
   for (const define::Json& spur : job.form["spurs"]) {
     const auto index = spur["spur"].get<std::int32_t>();
     const std::uint32_t number = job.project.DefinitionOf(index);
-    VANZET_DO(definitions.Make(number));
+    VANZET_DO(job.host.store.Replace(number, blank));
     lines += "spur " + std::to_string(index) + ": VDM " + std::to_string(number) + ", defined\n";
   }
-  job.host.board.isHeld = true;
-  auto done = Play(steps, job, transcript);
-  if (!done) job.host.board = drawing::Board(job.project.folder());
-  job.host.board.isHeld = false;
-  if (done) done = job.host.board.Save();
-  if (!done) return done.fault();
-  definitions.Keep();
+  return lines;
+}
+
+/// A drawing that cannot be read is no reason not to define: the generators draw all of the equipment again.
+Result<void> BeginDrawing(api::Host& host) {
+  VANZET_TRY(const auto damage, host.board.LoadOrBegin());
+  if (!damage) return {};
+  const std::string aside = host.project.folder() / (std::string(drawing::Board::kFile) + ".damaged");
+  std::error_code error;
+  fs::copy_file(host.project.folder() / drawing::Board::kFile, aside, fs::copy_options::overwrite_existing,
+                error);
+  if (error) return files::SystemFault("cannot be written", error, aside);
+  std::cerr << "vanzet: " + damage->Message() + "; the drawing is made again, and its old file is kept as " +
+                   aside + "\n";
+  return {};
+}
+
+/// Returns a line about each spur.
+Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
+                              std::string& transcript) {
+  VANZET_DO(BeginDrawing(job.host));
+  VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
+  VANZET_DO(WriteCatalogue(job));
+  VANZET_TRY(const auto lines, BeginDefinitions(job));
+  VANZET_DO(Play(steps, job, transcript));
   return lines;
 }
 
 Result<void> Run(const Job& job, const define::Surroundings& surroundings, const Arguments& arguments) {
-  VANZET_DO(job.host.store.Check());
   std::string transcript;
   const auto lines = DefineAll(job, surroundings, transcript);
   const auto written =
       arguments.transcript.empty() ? Result<void>() : WriteFile(arguments.transcript, transcript);
   if (!lines) return lines.fault();
-  if (!written) return written;
-  return Print(*lines);
+  VANZET_DO(written);
+  return job.host.Commit("define", [&] { return Print(*lines); });
 }
 
 Result<void> Define(const Arguments& arguments, Context& context) {
@@ -215,6 +177,7 @@ Result<void> Define(const Arguments& arguments, Context& context) {
   const std::string& file = operands.words.front();
   VANZET_TRY(auto form, ReadForm(file));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   const std::string name = file == "-" ? "standard input" : file;
   VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
@@ -239,6 +202,7 @@ void AddDefine(Command& vanzet, Context& context) {
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
+  AddWait(command, context);
   command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other"};
   command.work = [=, &context] { return Define(*arguments, context); };
 }

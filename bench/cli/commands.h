@@ -1,9 +1,12 @@
 #pragma once
 
+#include <chrono>
+
 #include "base/places.h"
 #include "base/translations.h"
 #include "cli/command.h"
 #include "project/message_panel.h"
+#include "vdm/store.h"
 
 /// The commands of the program.
 namespace vanzet::cli {
@@ -19,6 +22,7 @@ struct Context {
     return std::string(texts.Translate(kTextSection, english));
   }
   bool keepsTmp = false;  ///< the folder for the files of this run stays when it ends
+  std::chrono::milliseconds wait = vdm::kUsualWait;  ///< for another process that is changing the project
 };
 
 /// Adds the help of the program and all commands, in English. Requires: the program and the context outlive

@@ -46,8 +46,7 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(arguments.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_TRY(const auto spurs, hosted->project.SpindleSpurs());
-  // The module would report a store that cannot be used once for each of its calls.
-  VANZET_DO(host.store.Check());
+  VANZET_DO(HoldProject(host, context));
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
   if (context.panel.faults() > 0) return ReportedFault();
@@ -57,7 +56,7 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
     VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
     lines += line;
   }
-  return Print(lines);
+  return host.Commit("upgrade", [&] { return Print(lines); });
 }
 
 struct NewArguments {
@@ -106,6 +105,7 @@ void AddUpgrade(Command& vanzet, Context& context) {
   AddProject(command, arguments->project);
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
+  AddWait(command, context);
   command.examples = {"vanzet upgrade lathe --trace calls.jsonl"};
   command.work = [=, &context] { return Upgrade(*arguments, context); };
 }

@@ -55,7 +55,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   api::Host& host = *hosted->host;
   VANZET_TRY(const auto file, ReadScript(source, host));
-  VANZET_DO(host.store.Check());
+  VANZET_DO(HoldProject(host, context));
   // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
   VANZET_DO(host.board.Load());
   VANZET_DO(LoadPicks(arguments.picks, host));
@@ -67,7 +67,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
                         .mode = arguments.isStrict ? "strict" : ""},
                        host, context));
   if (context.panel.faults() > 0) return ReportedFault();
-  return host.board.Save();
+  return host.Commit("script");
 }
 
 struct LineArguments {
@@ -99,9 +99,10 @@ Result<void> RunCommand(const LineArguments& arguments, Context& context) {
   api::Host& host = *hosted->host;
   VANZET_DO(LoadPicks(arguments.picks, host));
   const bool fromInput = operands.words == std::vector<std::string>{"-"};
-  const auto run = RunLines(fromInput ? LinesOf(std::cin) : operands.words, host, context);
-  const auto kept = host.board.Save();
-  return run ? kept : run;
+  const auto lines = fromInput ? LinesOf(std::cin) : operands.words;
+  host.store.WaitAtMost(context.wait);
+  VANZET_DO(RunLines(lines, host, context));
+  return host.Commit("command");
 }
 
 }  // namespace
@@ -121,6 +122,7 @@ void AddScript(Command& vanzet, Context& context) {
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
+  AddWait(command, context);
   command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl",
                       "vanzet script lathe - --strict <bar-job.txt"};
   command.work = [=, &context] { return Script(*arguments, context); };
@@ -134,6 +136,7 @@ void AddCommand(Command& vanzet, Context& context) {
   command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   AddKeepTmp(command, context);
+  AddWait(command, context);
   command.examples = {"vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"",
                       "vanzet command lathe - <billet.txt"};
   command.work = [=, &context] { return RunCommand(*arguments, context); };

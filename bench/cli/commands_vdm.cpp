@@ -47,9 +47,11 @@ Result<void> Load(const VdmArguments& arguments, const Context& context) {
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(file));
   vdm::VdmStore store(project.folder());
+  store.WaitAtMost(context.wait);
   VANZET_DO(store.Replace(arguments.number, content));
-  return Print("loaded VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
-               ", from " + OneLine(file.string()) + "\n");
+  const std::string line = "loaded VDM " + std::to_string(arguments.number) + ", " +
+                           Counted(content.Size(), "record") + ", from " + OneLine(file.string()) + "\n";
+  return store.Commit("vdm load", {}, [&] { return Print(line); });
 }
 
 Result<void> Check(const std::string& file, bool json) {
@@ -73,12 +75,13 @@ void AddSave(Command& vdm, const Context& context) {
   command.work = [=, &context] { return Save(*arguments, context); };
 }
 
-void AddLoad(Command& vdm, const Context& context) {
+void AddLoad(Command& vdm, Context& context) {
   const auto arguments = std::make_shared<VdmArguments>();
   Command& command = vdm.AddCommand(
       "load",
       "Replaces a VDM with the content of a .vdm file. When the file is rejected, the VDM is unchanged.");
   command.AddOperands("[PROJECT] FILE NUMBER", "", arguments->words).Required().Count(2, 3);
+  AddWait(command, context);
   command.examples = {"vanzet vdm load lathe job.vdm 1000"};
   command.check = [=] { AssignOperands(*arguments, 1); };
   command.work = [=, &context] { return Load(*arguments, context); };

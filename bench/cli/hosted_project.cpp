@@ -73,6 +73,13 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   return hosted;
 }
 
+Result<void> HoldProject(api::Host& host, const Context& context) {
+  // The module would report a store that cannot be used once for each of its calls.
+  VANZET_DO(host.store.Check());
+  host.store.WaitAtMost(context.wait);
+  return host.store.Hold();
+}
+
 Result<define::Surroundings> SurroundingsOf(const project::Project& project, api::Host& host) {
   VANZET_TRY(const auto spurs, project.SpindleSpurs());
   VANZET_TRY(const auto shop, ShopOf(project, host));

@@ -19,8 +19,13 @@ struct HostedProject {
 
 /// Opens a project and makes its host. The calls of the module are written to `traceFile`, unless its name is
 /// empty.
+/// Nothing of the run is in the project before its host commits.
 Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
                                                    const std::string& traceFile, Context& context);
+
+/// Keeps other processes from changing the project until the host commits or ends. Waits for one that is
+/// changing it, as long as the command line says.
+Result<void> HoldProject(api::Host& host, const Context& context);
 
 /// A script of the module's dialog. Formats: docs/formats/script.md
 struct DialogScript {

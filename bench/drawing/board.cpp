@@ -4,8 +4,6 @@
 #include <system_error>
 #include <utility>
 
-#include "base/files/folder_lock.h"
-#include "base/files/whole_file.h"
 #include "contour/contour.h"
 #include "contour/library.h"
 #include "drawing/drawing_text.h"
@@ -50,16 +48,28 @@ Result<void> Board::Load() {
   return {};
 }
 
-Result<void> Board::Save() {
-  if (folder_.empty() || isHeld || changes_.IsEmpty()) return {};
-  VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder_));
-  VANZET_TRY(auto kept, ReadFile());
+Result<std::optional<Fault>> Board::LoadOrBegin() {
+  const auto loaded = Load();
+  if (loaded) return std::optional<Fault>();
+  if (loaded.fault().kind != FaultKind::kDamaged) return loaded.fault();
+  isLoaded_ = isReplaced_ = true;
+  return std::optional<Fault>(loaded.fault());
+}
+
+Result<std::optional<std::string>> Board::Unsaved() {
+  if (!HasChanges()) return std::optional<std::string>();
+  VANZET_TRY(auto kept, isReplaced_ ? Result<Drawing>(Drawing()) : ReadFile());
   Merge(drawing_, changes_, kept);
-  VANZET_DO(files::ReplaceFile(File(), DrawingText(kept)));
-  drawing_ = std::move(kept);
+  unsaved_ = std::move(kept);
+  return std::optional<std::string>(DrawingText(*unsaved_));
+}
+
+void Board::MarkSaved() {
+  if (!unsaved_) return;
+  drawing_ = *std::exchange(unsaved_, std::nullopt);
   drawing_.layers.try_emplace(layer_);
   changes_ = Changes();
-  return {};
+  isReplaced_ = false;
 }
 
 Result<void> Board::SelectLayer(const std::string& name) {

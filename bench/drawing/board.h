@@ -50,26 +50,38 @@ struct Workpieces {
 ///
 /// Units    millimetres; making a board sets the geometry library to them for the process
 /// Order    call `Load` first; only the first call reads the file
-/// Saving   `Save` merges the changes of this board into the file, which other processes may have changed:
-///          their changes stay, except where both changed the same part
+/// Saving   `Unsaved` merges the changes of this board into the content of the file, which other processes may
+///          have changed: their changes stay, except where both changed the same part. Whoever writes the file
+///          reports it by `MarkSaved`
 /// Errors   a fault; the board is unchanged
 class Board {
  public:
+  static constexpr const char* kFile = "drawing.txt";  ///< in the project's folder
+
   /// A board whose drawing is never saved.
   Board();
   /// The board of a project: drawing.txt in its folder.
   explicit Board(std::filesystem::path folder);
 
   Result<void> Load();
-  Result<void> Save();
+
+  /// Begins a new drawing in the place of a file that is damaged or empty, and returns what is wrong with it;
+  /// nothing when the file can be read. The file is replaced when the board is saved.
+  Result<std::optional<Fault>> LoadOrBegin();
+
+  bool HasChanges() const { return !folder_.empty() && !changes_.IsEmpty(); }
+
+  /// The content that the file has to get; nothing without a change. Requires: no other process changes the
+  /// file until it is written.
+  Result<std::optional<std::string>> Unsaved();
+
+  /// The content that `Unsaved` returned last is in the file.
+  void MarkSaved();
 
   const Drawing& drawing() const { return drawing_; }
 
   Window window = Window::kDisplay;
   Workpieces workpieces;
-
-  /// While true, `Save` does not touch the file, so that all changes can still be given up.
-  bool isHeld = false;
 
   /// The current layer.
   const std::string& layer() const { return layer_; }
@@ -121,12 +133,14 @@ class Board {
   Result<Drawing> ReadFile() const;
   Result<void> CheckRoom(const geometry::Kurve& curve) const;
   Result<void> Append(const std::string& figure, Stroke stroke);
-  std::filesystem::path File() const { return folder_ / "drawing.txt"; }
+  std::filesystem::path File() const { return folder_ / kFile; }
   const LineKey* FindDrawn(int number) const;
 
   std::filesystem::path folder_;  ///< empty: nothing is saved
   bool isLoaded_;
+  bool isReplaced_ = false;  ///< the file is not read: its content is given up
   Drawing drawing_;
+  std::optional<Drawing> unsaved_;  ///< the drawing that `Unsaved` returned last
   Changes changes_;
   std::string layer_ = kFirstLayer;
   std::optional<std::string> formerLayer_;  ///< before `BeginLayer`

@@ -38,14 +38,18 @@ Result<void> Save(const Request& request, Surroundings& surroundings) {
   return vdm::WriteVdmFile(file, content);
 }
 
+/// After a load that failed: the caller may have deleted the VDM before, for the content that did not come.
+/// That is taken back; a VDM that was there all along has to go when the file itself is refused.
+Result<void> EndFailedLoad(const Fault& fault, std::int32_t number, vdm::VdmStore& store) {
+  const bool wasRead = fault.kind != FaultKind::kSystem && fault.kind != FaultKind::kBusy;
+  if (!store.PutBackDeleted(number) && wasRead) VANZET_DO(store.Delete(number));
+  return fault;
+}
+
 Result<void> Load(const Request& request, Surroundings& surroundings) {
   const auto content = vdm::ReadVdmFile(surroundings.paths.Resolve(request.file));
-  const Result<void> kept =
-      content ? surroundings.store.Replace(request.vdm, *content) : Result<void>(content.fault());
-  if (kept) return kept;
-  // A failed load leaves no VDM under the number: the caller has given up the old content.
-  const auto removed = surroundings.store.Delete(request.vdm);
-  return removed ? kept : removed;
+  if (!content) return EndFailedLoad(content.fault(), request.vdm, surroundings.store);
+  return surroundings.store.Replace(request.vdm, *content);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ Result<void> CheckFolderName(const std::filesystem::path& folder);
 class Project {
  public:
   /// Opens the project in `folder`; `share` is the folder of the workbench's own files. Reads and checks all
-  /// settings, and writes nothing.
+  /// settings. Writes only what a process that died has left to write.
   static Result<Project> Open(const std::filesystem::path& folder, const std::filesystem::path& share);
 
   const std::filesystem::path& folder() const { return folder_; }

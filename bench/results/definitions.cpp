@@ -1,34 +1,35 @@
 #include "results/definitions.h"
 
-#include <algorithm>
 #include <string>
-
-#include "vdm/store.h"
+#include <utility>
 
 namespace vanzet::results {
 namespace {
 
-Result<SpurDefinition> Read(std::int32_t index, const project::Project& project, const vdm::VdmStore& store) {
-  SpurDefinition spur{index, project.DefinitionOf(index)};
-  VANZET_TRY(const auto numbers, store.Numbers());
-  if (std::ranges::find(numbers, vdm::Number{spur.vdm}) == numbers.end()) return spur;
-  VANZET_TRY(const auto content, store.Snapshot(spur.vdm));
-  VANZET_TRY(auto definition, project::ReadDefinition(content));
-  spur.definition = std::move(definition);
-  return spur;
+Result<std::vector<SpurDefinition>> Read(std::vector<SpurDefinition> spurs, const vdm::VdmStore& store) {
+  std::vector<vdm::Number> numbers;
+  for (const SpurDefinition& spur : spurs) numbers.push_back(vdm::Number{spur.vdm});
+  VANZET_TRY(const auto contents, store.Snapshots(numbers));
+  for (SpurDefinition& spur : spurs) {
+    const auto content = contents.find(vdm::Number{spur.vdm});
+    if (content == contents.end()) continue;
+    VANZET_TRY(spur.definition, project::ReadDefinition(content->second));
+  }
+  return spurs;
 }
 
 }  // namespace
 
 Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project) {
+  return ReadDefinitions(project, vdm::VdmStore(project.folder()));
+}
+
+Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project,
+                                                    const vdm::VdmStore& store) {
   VANZET_TRY(const auto count, project.SpindleSpurs());
-  const vdm::VdmStore store(project.folder());
   std::vector<SpurDefinition> spurs;
-  for (std::int32_t index = 0; index < count; ++index) {
-    VANZET_TRY(auto spur, Read(index, project, store));
-    spurs.push_back(std::move(spur));
-  }
-  return spurs;
+  for (std::int32_t index = 0; index < count; ++index) spurs.push_back({index, project.DefinitionOf(index)});
+  return Read(std::move(spurs), store);
 }
 
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur) {
@@ -38,7 +39,8 @@ Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int3
                          std::to_string(count) + (count == 1 ? " spur" : " spurs") + ", counted from 0",
                  .kind = FaultKind::kMissing};
   }
-  return Read(spur, project, vdm::VdmStore(project.folder()));
+  VANZET_TRY(auto read, Read({{spur, project.DefinitionOf(spur)}}, vdm::VdmStore(project.folder())));
+  return std::move(read.front());
 }
 
 }  // namespace vanzet::results

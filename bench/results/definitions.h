@@ -6,6 +6,7 @@
 
 #include "project/definition.h"
 #include "project/project.h"
+#include "vdm/store.h"
 
 /// The results of a project for people and for other programs.
 namespace vanzet::results {
@@ -17,8 +18,11 @@ struct SpurDefinition {
   std::optional<project::Definition> definition = {};
 };
 
-/// Reads the definitions of all spurs of the machine, as they were closed last. A damaged one is not a fault.
+/// Reads the definitions of all spurs of the machine, all of one state of the store. A damaged one is not a
+/// fault.
 Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project);
+Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project,
+                                                    const vdm::VdmStore& store);
 
 /// Reads the definition of one spur. Fails with `kMissing` when the machine does not have the spur.
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur);

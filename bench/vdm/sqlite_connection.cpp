@@ -32,8 +32,13 @@ struct Reset {
 };
 
 int Bind(sqlite3_stmt* statement, int index, const SqliteConnection::Value& value) {
+  if (std::holds_alternative<std::monostate>(value)) return sqlite3_bind_null(statement, index);
   if (const auto* number = std::get_if<std::int64_t>(&value)) {
     return sqlite3_bind_int64(statement, index, *number);
+  }
+  if (const auto* text = std::get_if<SqliteConnection::Text>(&value)) {
+    return sqlite3_bind_text64(statement, index, text->bytes.empty() ? "" : text->bytes.data(),
+                               text->bytes.size(), SQLITE_STATIC, SQLITE_UTF8);
   }
   const std::string_view bytes = std::get<std::string_view>(value);
   // Without an address SQLite would bind a null instead of no bytes.
@@ -51,6 +56,10 @@ std::string_view SqliteRow::Bytes(int column) const {
   const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
   if (bytes == nullptr) return {};
   return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+bool SqliteRow::IsNull(int column) const {
+  return sqlite3_column_type(statement_, column) == SQLITE_NULL;
 }
 
 Result<std::shared_ptr<SqliteConnection>> SqliteConnection::Open(const std::filesystem::path& file,
@@ -101,6 +110,20 @@ Result<std::int64_t> SqliteConnection::Integer(std::string_view sql, std::initia
   });
   if (!done) return done.fault();
   return found;
+}
+
+Result<void> SqliteConnection::AddFunction(const char* name, RowFunction function) {
+  const auto call = [](sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(values[0]));
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
+    const auto own = reinterpret_cast<RowFunction>(sqlite3_user_data(context));
+    sqlite3_result_int64(context, own(bytes == nullptr ? std::string_view() : std::string_view(bytes, size)));
+  };
+  const int code =
+      sqlite3_create_function_v2(database_, name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                 reinterpret_cast<void*>(function), call, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) return FaultOfCode(code);
+  return {};
 }
 
 std::int64_t SqliteConnection::LastKey() const {

@@ -23,6 +23,7 @@ class SqliteRow {
   explicit SqliteRow(sqlite3_stmt* statement) : statement_(statement) {}
   std::int64_t Integer(int column) const;
   std::string_view Bytes(int column) const;
+  bool IsNull(int column) const;
 
  private:
   sqlite3_stmt* statement_;
@@ -46,7 +47,11 @@ class SqliteConnection {
   SqliteConnection(const SqliteConnection&) = delete;
   SqliteConnection& operator=(const SqliteConnection&) = delete;
 
-  using Value = std::variant<std::int64_t, std::string_view>;  ///< a number, or bytes
+  /// A text, as people can compare it in a query; other bytes are no text.
+  struct Text {
+    std::string_view bytes;
+  };
+  using Value = std::variant<std::monostate, std::int64_t, std::string_view, Text>;  ///< null, number, bytes
   using RowReader = std::function<Result<void>(const SqliteRow&)>;
 
   /// Runs a statement to its end and passes each row to `read`; a fault of `read` ends it.
@@ -56,6 +61,10 @@ class SqliteConnection {
 
   /// Returns the first column of the one row of the result; 0 without a row.
   Result<std::int64_t> Integer(std::string_view sql, std::initializer_list<Value> values = {});
+
+  /// Makes a function of bytes known to statements.
+  using RowFunction = std::int64_t (*)(std::string_view bytes);
+  Result<void> AddFunction(const char* name, RowFunction function);
 
   /// The key of the row that was inserted last.
   std::int64_t LastKey() const;

@@ -7,8 +7,9 @@
 
 namespace vanzet::vdm {
 
-/// Keeps VDMs in one SQLite file. A missing or empty file is an empty store; the first write creates it.
-/// A file or folder without any write permission bit is read-only, even for the superuser.
+/// Keeps VDMs in one SQLite file. A missing or empty file is an empty store; the first commit creates it, and
+/// brings an older form to the current one. A file or folder without any write permission bit is read-only,
+/// even for the superuser.
 ///
 /// Threads  one; not to be carried over a fork once it was used
 /// Source   docs/formats/store.md
@@ -23,24 +24,28 @@ class SqliteEngine : public StoreEngine {
   Result<std::vector<Number>> Numbers() override;
   Result<bool> Exists(Number number) override;
   Result<std::optional<Vdm>> Open(Number number) override;
-  Result<std::optional<Vdm>> Read(Number number) override;
-  Result<void> Write(Number number, const Vdm& content) override;
-  Result<void> Remove(Number number) override;
+  Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) override;
+  Result<void> Apply(const NewGeneration& next) override;
+  Result<std::optional<TextFile>> UnfinishedFile() override;
+  Result<void> FinishFile() override;
 
  private:
+  /// A transaction for reading, and the schema that it sees.
+  struct Reading {
+    SqliteTransaction transaction;
+    std::int64_t schema;
+  };
+
   /// Returns false when the file does not exist and must not be created.
   Result<bool> Connect(SqliteConnection::IfMissing ifMissing);
 
   /// Returns nothing when the store is empty.
-  Result<std::optional<SqliteTransaction>> BeginReading();
+  Result<std::optional<Reading>> BeginReading();
   Result<SqliteTransaction> BeginWriting();
 
   // These require a transaction.
-  Result<std::optional<Vdm>> Stored(Number number);
-  Result<std::vector<RecordKey>> KeysOf(Number number);
-  Result<std::vector<RecordKey>> WriteRecords(const Vdm& content);
-  Result<void> ChangeOrder(Number number, const std::vector<RecordKey>& before,
-                           const std::vector<RecordKey>& after);
+  Result<std::optional<Vdm>> Stored(Number number, std::int64_t schema);
+  Result<std::vector<RecordKey>> KeysOf(Number number, std::int64_t schema);
 
   std::filesystem::path file_;
   Options options_;

@@ -1,8 +1,13 @@
 #include "vdm/store.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <set>
 #include <system_error>
 
+#include "base/files/whole_file.h"
+#include "vdm/checksum.h"
 #include "vdm/sqlite_engine.h"
 
 namespace vanzet::vdm {
@@ -10,6 +15,15 @@ namespace {
 
 Fault MissingFault(Number number) {
   return {.text = NameOf(number) + " does not exist", .kind = FaultKind::kMissing};
+}
+
+/// The checksum of a text file's content; nothing without a file that can be read.
+std::optional<std::uint64_t> ChecksumOfFile(const std::filesystem::path& file) {
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(file, unknown)) return std::nullopt;
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) return std::nullopt;
+  return ChecksumOf(std::string(std::istreambuf_iterator<char>(stream), {}));
 }
 
 }  // namespace
@@ -20,7 +34,75 @@ VdmStore::VdmStore(const std::filesystem::path& folder)
 }
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
-    : engine_(std::move(engine)), locks_(std::move(lockFile)) {}
+    : engine_(std::move(engine)), folder_(lockFile.parent_path()), locks_(std::move(lockFile)) {}
+
+Result<void> VdmStore::Hold() {
+  VANZET_DO(LockProject());
+  isHeld_ = true;
+  return {};
+}
+
+Result<void> VdmStore::LockProject() {
+  if (project_) return {};
+  VANZET_TRY(auto locked, locks_.AcquireProject(longestWait_));
+  project_.emplace(std::move(locked));
+  return {};
+}
+
+void VdmStore::UnlockUnchangedProject() {
+  if (!isHeld_ && !HasChanges() && opened_.empty()) project_.reset();
+}
+
+Result<void> VdmStore::Commit(const std::string& occasion, std::optional<TextFile> file,
+                              const LastStep& lastStep) {
+  if (HasChanges() || file) {
+    VANZET_DO(LockProject());
+    VANZET_DO(Write(occasion, file ? &*file : nullptr, lastStep));
+  } else if (lastStep) {
+    VANZET_DO(lastStep());
+  }
+  Discard();
+  return {};
+}
+
+Result<void> VdmStore::Write(const std::string& occasion, TextFile* file, const LastStep& lastStep) {
+  if (file == nullptr) return engine_->Apply({changes_, nullptr, occasion, lastStep});
+  const auto target = folder_ / file->name;
+  file->former = ChecksumOfFile(target);
+  // Its bytes are on the disk before the transaction: after that, nothing can run out of room.
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(target));
+  VANZET_DO(replacement.Write(file->content));
+  if (!HasChanges()) {
+    if (lastStep) VANZET_DO(lastStep());
+    return replacement.Commit();
+  }
+  VANZET_DO(engine_->Apply({changes_, file, occasion, lastStep}));
+  // All is kept. Where the system fails now, the next run puts the file in its place.
+  if (replacement.Commit()) static_cast<void>(engine_->FinishFile());
+  return {};
+}
+
+void VdmStore::Discard() {
+  changes_.clear();
+  deleted_.clear();
+  isHeld_ = false;
+  project_.reset();
+}
+
+Result<void> VdmStore::FinishFormerCommit() {
+  VANZET_TRY(const auto unfinished, engine_->UnfinishedFile());
+  if (!unfinished) return {};
+  const auto lock = locks_.AcquireProject(std::chrono::milliseconds(0));
+  if (!lock && lock.fault().kind == FaultKind::kBusy) return {};  // whoever works there does it
+  if (!lock) return lock.fault();
+  // The file may have been put in its place before the lock was free.
+  VANZET_TRY(const auto file, engine_->UnfinishedFile());
+  if (!file) return {};
+  const auto target = folder_ / file->name;
+  // A content that is neither the former nor the new one is a person's, and stays.
+  if (ChecksumOfFile(target) == file->former) VANZET_DO(files::ReplaceFile(target, file->content));
+  return engine_->FinishFile();
+}
 
 Result<void> VdmStore::Check() {
   VANZET_DO(engine_->Numbers());
@@ -42,7 +124,19 @@ Result<bool> VdmStore::Exists(std::int64_t number) const {
   if (!known) return false;
   VANZET_TRY(const auto open, IsOpen(number));
   if (open) return true;
-  return engine_->Exists(*known);
+  return IsKept(*known);
+}
+
+Result<bool> VdmStore::IsKept(Number number) const {
+  const auto changed = changes_.find(number);
+  if (changed != changes_.end()) return changed->second.has_value();
+  return engine_->Exists(number);
+}
+
+Result<std::optional<Vdm>> VdmStore::Kept(Number number) {
+  const auto changed = changes_.find(number);
+  if (changed != changes_.end()) return changed->second;
+  return engine_->Open(number);
 }
 
 Result<bool> VdmStore::IsOpen(std::int64_t number) const {
@@ -54,7 +148,7 @@ Result<bool> VdmStore::IsOpen(std::int64_t number) const {
 
 Result<Handle> VdmStore::Create(std::int64_t number) {
   VANZET_TRY(auto lock, Lock(number));
-  VANZET_TRY(const auto exists, engine_->Exists(lock.number()));
+  VANZET_TRY(const auto exists, IsKept(lock.number()));
   if (exists) return Fault{NameOf(lock.number()) + " already exists"};
   return AddOpen(std::move(lock), Vdm());
 }
@@ -62,27 +156,41 @@ Result<Handle> VdmStore::Create(std::int64_t number) {
 Result<Handle> VdmStore::Open(std::int64_t number) {
   VANZET_TRY(auto lock, Lock(number));
   // Read only now: before this process had the lock, another one could still have been writing.
-  VANZET_TRY(auto content, engine_->Open(lock.number()));
+  VANZET_TRY(auto content, Kept(lock.number()));
   if (!content) return MissingFault(lock.number());
   return AddOpen(std::move(lock), std::move(*content));
 }
 
-Result<void> VdmStore::Close(Handle handle) {
+void VdmStore::Close(Handle handle) {
   auto closing = opened_.extract(handle);
-  if (closing.empty()) return {};
-  const auto& [lock, vdm] = closing.mapped();
+  if (closing.empty()) return;
+  auto& [lock, vdm] = closing.mapped();
   handles_.erase(lock.number());
   lastClosed_ = lock.number();
-  // `closing` owns the lock, which is thus held until the content is written.
-  if (!vdm.content().IsChanged()) return {};
-  return engine_->Write(lock.number(), vdm.content());
+  if (vdm.content().IsChanged()) changes_.insert_or_assign(lock.number(), vdm.content());
+  UnlockUnchangedProject();
 }
 
 Result<void> VdmStore::Delete(std::int64_t number) {
   VANZET_TRY(const auto exists, Exists(number));
   if (!exists) return {};
   VANZET_TRY(const auto lock, Lock(number));
-  return engine_->Remove(lock.number());
+  auto& former = deleted_[lock.number()];
+  former.reset();
+  if (const auto changed = changes_.find(lock.number()); changed != changes_.end()) {
+    former.emplace(std::move(changed->second));
+  }
+  changes_.insert_or_assign(lock.number(), std::nullopt);
+  return {};
+}
+
+bool VdmStore::PutBackDeleted(std::int64_t number) {
+  const auto known = NumberFrom(number);
+  auto former = known ? deleted_.extract(*known) : decltype(deleted_)::node_type();
+  if (former.empty()) return false;
+  changes_.erase(former.key());
+  if (former.mapped()) changes_.emplace(former.key(), std::move(*former.mapped()));
+  return true;
 }
 
 std::size_t VdmStore::Size(Handle handle) const {
@@ -100,18 +208,42 @@ Result<Vdm> VdmStore::Snapshot(std::int64_t number) const {
   if (const auto handle = handles_.find(known); handle != handles_.end()) {
     return opened_.at(handle->second).vdm.content().Copy();
   }
-  VANZET_TRY(auto content, engine_->Read(known));
-  if (!content) return MissingFault(known);
-  return std::move(*content);
+  VANZET_TRY(auto contents, Snapshots({known}));
+  if (contents.empty()) return MissingFault(known);
+  return std::move(contents.begin()->second);
+}
+
+Result<std::map<Number, Vdm>> VdmStore::Snapshots(const std::vector<Number>& numbers) const {
+  std::vector<Number> unchanged;
+  std::ranges::copy_if(numbers, std::back_inserter(unchanged),
+                       [&](Number number) { return !changes_.contains(number); });
+  VANZET_TRY(auto contents, engine_->Read(unchanged));
+  for (const Number number : numbers) {
+    const auto changed = changes_.find(number);
+    if (changed == changes_.end() || !changed->second) continue;
+    VANZET_TRY(auto copy, changed->second->Copy());
+    contents.emplace(number, std::move(copy));
+  }
+  return contents;
 }
 
 Result<void> VdmStore::Replace(std::int64_t number, const Vdm& content) {
   VANZET_TRY(const auto lock, Lock(number));
-  return engine_->Write(lock.number(), content);
+  changes_.insert_or_assign(lock.number(), content);
+  return {};
 }
 
 Result<std::vector<Number>> VdmStore::Numbers() const {
-  return engine_->Numbers();
+  VANZET_TRY(const auto stored, engine_->Numbers());
+  std::set<Number> numbers(stored.begin(), stored.end());
+  for (const auto& [number, content] : changes_) {
+    if (content) {
+      numbers.insert(number);
+    } else {
+      numbers.erase(number);
+    }
+  }
+  return std::vector<Number>(numbers.begin(), numbers.end());
 }
 
 std::vector<Number> VdmStore::LeftOpen() const {
@@ -125,7 +257,10 @@ Result<VdmLocks::Held> VdmStore::Lock(std::int64_t number) {
   if (handles_.contains(known)) {
     return Fault{.text = NameOf(known) + " is already open", .kind = FaultKind::kBusy};
   }
-  return locks_.Acquire(known);
+  VANZET_DO(LockProject());
+  auto lock = locks_.Acquire(known);
+  if (!lock) UnlockUnchangedProject();
+  return lock;
 }
 
 Result<Handle> VdmStore::AddOpen(VdmLocks::Held lock, Vdm content) {

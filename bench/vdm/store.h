@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
+#include <string>
 
 #include "vdm/open_vdm.h"
 #include "vdm/store_engine.h"
@@ -12,18 +14,23 @@ namespace vanzet::vdm {
 /// The number by which callers refer to an open VDM: never 0, never 0xFFFFFFFF, never used twice.
 enum class Handle : std::uint32_t {};
 
-/// The VDMs of a project, as one process sees them.
+/// The time that a run waits for another one that is changing the project.
+inline constexpr std::chrono::milliseconds kUsualWait{10'000};
+
+/// The VDMs of a project, as one run sees them.
 ///
-/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; closing writes
-/// it in one transaction. Work that is never closed is lost: a process that dies leaves the state of the last
-/// close. From opening to closing the VDM is locked against every other process.
+/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; what was closed is
+/// what this store shows from then on. `Commit` writes it for everybody, all VDMs in one transaction; what is
+/// never committed is lost, so that a run that fails or dies leaves the project as it was. While it has a VDM
+/// open, and from its first change to the commit, a run keeps every other one from changing the project; from opening to closing, the
+/// VDM is locked as well, which others can see.
 ///
-/// Owns     the engine, the locks and the open VDMs; the destructor discards what is still open
+/// Owns     the engine, the locks, the open VDMs and the changes; the destructor discards what is not committed
 /// Numbers  any: a number that no VDM can have does not exist, and `Create` and `Open` fail for it
-/// Handles  any: a handle that is not open, or no longer open, has no records and closes without a fault
-/// Errors   a fault, and nothing has changed (but see `Close`): `kMissing` for a VDM that does not exist,
-///          `kBusy` for one that is open, here or in another process, `kDamaged` for a store that cannot be
-///          trusted, `kSystem` for reasons of the system
+/// Handles  any: a handle that is not open, or no longer open, has no records and closes without an effect
+/// Errors   a fault, and nothing has changed: `kMissing` for a VDM that does not exist, `kBusy` for one that is
+///          open, here or in another process, and while another run changes the project, `kDamaged` for a store
+///          that cannot be trusted, `kSystem` for reasons of the system
 /// Threads  one; it must not be used after a fork
 /// Source   docs/formats/store.md
 class VdmStore {
@@ -32,13 +39,35 @@ class VdmStore {
   explicit VdmStore(const std::filesystem::path& folder);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
+  /// How long this store waits for another run, from now on.
+  void WaitAtMost(std::chrono::milliseconds wait) { longestWait_ = wait; }
+
+  /// Keeps every other run from changing the project until `Commit` or `Discard`. A first change does the same:
+  /// this function is for runs that read before, and base their changes on what they read.
+  Result<void> Hold();
+
+  /// Writes all that was closed, created, replaced and deleted since the last commit, and lets other runs go
+  /// on. A text file of the project changes with it or not at all. Nothing is done without a change.
+  /// VDMs that are open stay open and are not written. After a fault all stays as before the call.
+  Result<void> Commit(const std::string& occasion, std::optional<TextFile> file = {},
+                      const LastStep& lastStep = {});
+
+  /// Gives up all changes since the last commit, and lets other runs go on.
+  void Discard();
+
+  /// True when `Commit` would write VDMs.
+  bool HasChanges() const { return !changes_.empty(); }
+
+  /// Puts the text file of a commit in its place, where a process died before it could.
+  Result<void> FinishFormerCommit();
+
   /// Checks up front that the store can be read and VDMs can be locked.
   Result<void> Check();
 
   /// Fails for a file that belongs to the store itself, so that no caller overwrites it.
   Result<void> CheckTarget(const std::filesystem::path& file) const;
 
-  /// True when the VDM is stored, or open here or in another process.
+  /// True when the VDM exists, or is open here or in another process.
   Result<bool> Exists(std::int64_t number) const;
 
   /// True when the VDM is open, here or in another process.
@@ -50,12 +79,18 @@ class VdmStore {
   /// Fails when the VDM does not exist or is already open, here or in another process.
   Result<Handle> Open(std::int64_t number);
 
-  /// Writes the changes. After a fault the store keeps the state of the last close, and the work since is
-  /// lost: the handle and the lock are released all the same.
-  Result<void> Close(Handle handle);
+  /// Keeps the changes for the next commit; the store shows them from now on.
+  void Close(Handle handle);
 
   /// Fails when the VDM is open, here or in another process; does nothing when it does not exist.
   Result<void> Delete(std::int64_t number);
+
+  /// Takes back the last deletion of the VDM since `ForgetDeleted`; false when there is none. Requires: it was
+  /// not created again.
+  bool PutBackDeleted(std::int64_t number);
+
+  /// Makes former deletions final.
+  void ForgetDeleted() { deleted_.clear(); }
 
   /// The number of records.
   std::size_t Size(Handle handle) const;
@@ -66,11 +101,14 @@ class VdmStore {
   /// A copy of the current content: as in memory when the VDM is open here, else as at the last close.
   Result<Vdm> Snapshot(std::int64_t number) const;
 
+  /// Copies of those of the VDMs that exist, as at the last close, all of one state of the store.
+  Result<std::map<Number, Vdm>> Snapshots(const std::vector<Number>& numbers) const;
+
   /// Replaces the content of the VDM, or creates it. Fails when it is open, here or in another process.
   /// Requires: `content` is independent of any store, as `Snapshot` and the readers of files return it.
   Result<void> Replace(std::int64_t number, const Vdm& content);
 
-  /// The numbers of the stored VDMs, ascending. A VDM that was created and not yet closed is not among them.
+  /// The numbers of the VDMs, ascending. A VDM that was created and not yet closed is not among them.
   Result<std::vector<Number>> Numbers() const;
 
   /// The numbers of the VDMs that are open here, ascending: work that is lost unless they are closed.
@@ -87,13 +125,27 @@ class VdmStore {
     OpenVdm vdm;
   };
 
-  /// Locks a VDM that is not open anywhere.
+  Result<void> LockProject();
+  /// Lets other runs go on when this one has neither changed nor opened anything, nor wants them to wait.
+  void UnlockUnchangedProject();
+  /// Locks a VDM that is not open anywhere, after the project.
   Result<VdmLocks::Held> Lock(std::int64_t number);
+  Result<void> Write(const std::string& occasion, TextFile* file, const LastStep& lastStep);
+  /// Whether a VDM exists that is not open.
+  Result<bool> IsKept(Number number) const;
+  /// A VDM that is not open, to be worked on.
+  Result<std::optional<Vdm>> Kept(Number number);
   Result<Handle> AddOpen(VdmLocks::Held lock, Vdm content);
 
   std::unique_ptr<StoreEngine> engine_;
+  std::filesystem::path folder_;
   std::vector<std::filesystem::path> ownFiles_;
   VdmLocks locks_;
+  std::chrono::milliseconds longestWait_ = kUsualWait;
+  bool isHeld_ = false;                    ///< from `Hold` to `Commit`
+  std::optional<VdmLocks::Held> project_;  ///< while no other run may change the project
+  Changes changes_;                        ///< since the last commit
+  std::map<Number, std::optional<Changes::mapped_type>> deleted_;  ///< what `changes_` held before
   std::map<Handle, Opened> opened_;
   std::map<Number, Handle> handles_;
   std::uint32_t lastHandle_ = 0;

@@ -1,17 +1,44 @@
 #pragma once
 
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "vdm/vdm.h"
 
 namespace vanzet::vdm {
 
-/// Keeps closed VDMs, for this process and others. Who may write which VDM is the business of `VdmLocks`.
+/// VDMs that get a new content; nothing in the place of the content: the VDM is removed.
+using Changes = std::map<Number, std::optional<Vdm>>;
+
+/// A text file of the project that changes together with VDMs.
+struct TextFile {
+  std::string name;  ///< in the project's folder
+  std::string content;
+  std::optional<std::uint64_t> former = {};  ///< the checksum of its content before; nothing: no file
+};
+
+/// The last step of a commit, taken when all is written and nothing is kept yet: its fault gives up the commit.
+/// Commands print their result in it, so that a run that cannot say what it did has not done it.
+using LastStep = std::function<Result<void>()>;
+
+/// What one run leaves in a store. The parts belong to the caller.
+struct NewGeneration {
+  const Changes& vdms;
+  const TextFile* file;         ///< null: none
+  const std::string& occasion;  ///< a word for the run: "define", "dialog"
+  const LastStep& lastStep;     ///< may be empty
+};
+
+/// Keeps closed VDMs, for this process and others. Who may write is the business of `VdmLocks`.
 ///
-/// Shape      numbers, each with the last content written under it
+/// Shape      numbers, each with the last content written under it; and the text file of a commit until
+///            `FinishFile`, so that a process that dies before it wrote the file loses nothing
 /// Owns       what it keeps; it must outlive the VDMs that it opened, which fetch their records from it
-/// Atomicity  a write or removal happens wholly or not at all, even when the process or the machine dies; a
-///            read sees one state, never parts of two
+/// Atomicity  a generation comes wholly or not at all, even when the process or the machine dies; a read sees
+///            one state, never parts of two
 /// Errors     a fault that names the store; the content of the store is then unchanged. The engine waits for
 ///            another process that is writing, and retries nothing else
 class StoreEngine {
@@ -30,16 +57,20 @@ class StoreEngine {
   /// Requires: nobody else writes or removes this number as long as the VDM is used.
   virtual Result<std::optional<Vdm>> Open(Number number) = 0;
 
-  /// The VDM, wholly in memory and independent of any store. Nothing when it does not exist.
-  virtual Result<std::optional<Vdm>> Read(Number number) = 0;
+  /// The VDMs of these numbers that exist, of one state, wholly in memory and independent of any store.
+  virtual Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) = 0;
 
-  /// Replaces the content under the number by `content`. Records that were opened from this number and not
-  /// edited are not written again. Afterwards `content` no longer knows what the store keeps: do not write it
-  /// a second time. Fails for a VDM that was opened when the records it was opened from no longer exist.
-  virtual Result<void> Write(Number number, const Vdm& content) = 0;
+  /// Makes all the changes in one transaction. Records that were opened from this number and not edited are not
+  /// written again. Afterwards the contents no longer know what the store keeps: do not write them a second
+  /// time. Fails for a VDM that was opened when the records it was opened from no longer exist. Removing a
+  /// VDM that does not exist does nothing.
+  virtual Result<void> Apply(const NewGeneration& next) = 0;
 
-  /// Does nothing when it does not exist.
-  virtual Result<void> Remove(Number number) = 0;
+  /// The text file of a commit after which nobody called `FinishFile`.
+  virtual Result<std::optional<TextFile>> UnfinishedFile() = 0;
+
+  /// Forgets the text file of the last commit: it is in its place.
+  virtual Result<void> FinishFile() = 0;
 };
 
 }  // namespace vanzet::vdm

@@ -23,7 +23,7 @@ Result<const Record*> Vdm::Read(std::size_t record) const {
   const Entry& entry = entries_[record];
   if (entry.content == nullptr) {
     VANZET_TRY(auto content, load_(*entry.key));
-    entry.content = std::make_unique<Record>(std::move(content));
+    entry.content = std::make_shared<Record>(std::move(content));
   }
   return entry.content.get();
 }
@@ -31,13 +31,14 @@ Result<const Record*> Vdm::Read(std::size_t record) const {
 Result<Record*> Vdm::Edit(std::size_t record) {
   VANZET_DO(Read(record));
   Entry& entry = entries_[record];
+  if (entry.content.use_count() > 1) entry.content = std::make_shared<Record>(*entry.content);
   entry.isChanged = isChanged_ = true;
   return entry.content.get();
 }
 
 void Vdm::Insert(std::size_t at, Record content) {
   Entry entry;
-  entry.content = std::make_unique<Record>(std::move(content));
+  entry.content = std::make_shared<Record>(std::move(content));
   entries_.Insert(at, std::move(entry));
   isChanged_ = true;
 }
@@ -50,8 +51,8 @@ void Vdm::Remove(std::size_t at, std::size_t count) {
 Result<Vdm> Vdm::Copy() const {
   Vdm copy;
   for (std::size_t i = 0; i < Size(); ++i) {
-    VANZET_TRY(const auto content, Read(i));
-    copy.Insert(i, *content);
+    VANZET_DO(Read(i));
+    copy.entries_.Insert(i, {.content = entries_[i].content});
   }
   return copy;
 }

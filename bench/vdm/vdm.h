@@ -27,15 +27,16 @@ using RecordLoader = std::function<Result<Record>(RecordKey)>;
 /// A VDM in memory: an ordered list of records.
 ///
 /// Shape    records from 0, each a list of items from 0
-/// Owns     the records that were read or edited; others stay in their store until then
+/// Owns     the records that were read or edited; others stay in their store until then. A copy shares them
+///          until one of the two edits a record
 /// Errors   a record that cannot be fetched is a fault on each request; the store keeps it unchanged
 class Vdm {
  public:
   /// One record and the facts that a store needs to keep it.
   struct Entry {
-    std::optional<RecordKey> key;             ///< nothing: not in a store yet
+    std::optional<RecordKey> key = {};        ///< nothing: not in a store yet
     bool isChanged = false;                   ///< it differs from what the store keeps under the key
-    mutable std::unique_ptr<Record> content;  ///< null until it is fetched
+    mutable std::shared_ptr<Record> content;  ///< null until it is fetched; shared with copies of the VDM
 
     bool MustBeWritten() const { return isChanged || !key; }
   };
@@ -48,7 +49,7 @@ class Vdm {
 
   std::size_t Size() const { return entries_.Size(); }
 
-  /// The record's content, valid until the record is removed. Requires: `record` is below the size.
+  /// The record's content, valid until the record is edited or removed. Requires: `record` is below the size.
   Result<const Record*> Read(std::size_t record) const;
 
   /// The same, to be edited.

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <thread>
 
 #include "base/files/system_fault.h"
 #include "base/files/whole_file.h"
@@ -12,21 +13,34 @@
 namespace vanzet::vdm {
 namespace {
 
+/// The byte that represents the project: after those of all numbers.
+constexpr std::int64_t kProjectByte = std::int64_t{1} << 32;
+
+constexpr std::chrono::milliseconds kStep{5};
+
 /// The byte of the lock file that represents a VDM.
-struct flock ByteOf(Number number, short type) {
-  struct flock byte = {};
-  byte.l_type = type;
-  byte.l_whence = SEEK_SET;
-  byte.l_start = static_cast<off_t>(number);
-  byte.l_len = 1;
-  return byte;
+std::int64_t ByteOf(Number number) {
+  return static_cast<std::int64_t>(number);
+}
+
+struct flock RangeOf(std::int64_t byte, short type) {
+  struct flock range = {};
+  range.l_type = type;
+  range.l_whence = SEEK_SET;
+  range.l_start = static_cast<off_t>(byte);
+  range.l_len = 1;
+  return range;
+}
+
+bool IsBusy(int error) {
+  return error == EAGAIN || error == EACCES;
 }
 
 /// Asks the kernel whether another open file holds the byte: 0 or 1, and below 0 when the call fails.
 int HeldByOthers(int descriptor, Number number) {
-  struct flock byte = ByteOf(number, F_WRLCK);
-  if (fcntl(descriptor, F_OFD_GETLK, &byte) != 0) return -1;
-  return byte.l_type == F_UNLCK ? 0 : 1;
+  struct flock range = RangeOf(ByteOf(number), F_WRLCK);
+  if (fcntl(descriptor, F_OFD_GETLK, &range) != 0) return -1;
+  return range.l_type == F_UNLCK ? 0 : 1;
 }
 
 /// Opens the file as `open` does. A pipe, a folder and a device, which could block, fail with EINVAL.
@@ -47,12 +61,24 @@ VdmLocks::~VdmLocks() {
 
 Result<VdmLocks::Held> VdmLocks::Acquire(Number number) {
   VANZET_DO(OpenForLocking());
-  struct flock byte = ByteOf(number, F_WRLCK);
-  if (fcntl(descriptor_, F_OFD_SETLK, &byte) == 0) return Held(*this, number);
-  if (errno == EAGAIN || errno == EACCES) {
-    return Fault{.text = NameOf(number) + " is open elsewhere", .kind = FaultKind::kBusy};
+  if (Lock(ByteOf(number))) return Held(*this, ByteOf(number));
+  if (!IsBusy(errno)) return FaultOf(errno);
+  return Fault{.text = NameOf(number) + " is open elsewhere", .kind = FaultKind::kBusy};
+}
+
+Result<VdmLocks::Held> VdmLocks::AcquireProject(std::chrono::milliseconds longestWait) {
+  VANZET_DO(OpenForLocking());
+  const auto end = std::chrono::steady_clock::now() + longestWait;
+  while (!Lock(kProjectByte)) {
+    if (!IsBusy(errno) && errno != EINTR) return FaultOf(errno);
+    if (std::chrono::steady_clock::now() >= end) {
+      return Fault{.text = "another process is changing the project",
+                   .file = file_.parent_path().string(),
+                   .kind = FaultKind::kBusy};
+    }
+    std::this_thread::sleep_for(kStep);
   }
-  return FaultOf(errno);
+  return Held(*this, kProjectByte);
 }
 
 Result<bool> VdmLocks::IsHeldElsewhere(Number number) const {
@@ -74,10 +100,15 @@ Result<void> VdmLocks::OpenForLocking() {
   return {};
 }
 
-void VdmLocks::Release(Number number) {
-  struct flock byte = ByteOf(number, F_UNLCK);
+bool VdmLocks::Lock(std::int64_t byte) const {
+  struct flock range = RangeOf(byte, F_WRLCK);
+  return fcntl(descriptor_, F_OFD_SETLK, &range) == 0;
+}
+
+void VdmLocks::Release(std::int64_t byte) {
+  struct flock range = RangeOf(byte, F_UNLCK);
   // It fails only on a descriptor that is not open, and then nothing is locked.
-  fcntl(descriptor_, F_OFD_SETLK, &byte);
+  fcntl(descriptor_, F_OFD_SETLK, &range);
 }
 
 Fault VdmLocks::FaultOf(int error) const {

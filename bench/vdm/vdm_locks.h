@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <utility>
 
@@ -7,7 +9,8 @@
 
 namespace vanzet::vdm {
 
-/// Locks VDMs for this process against every other: one lock file, one byte for each number.
+/// Locks VDMs, and the project as a whole, for this process against every other: one lock file, one byte for
+/// each number, and one for the project.
 ///
 /// The kernel holds the locks and releases them with the process, however it ends, so nothing is left to
 /// clean up. The file has no content; it must not be moved while any process has a VDM open.
@@ -22,27 +25,32 @@ class VdmLocks {
   VdmLocks(const VdmLocks&) = delete;
   VdmLocks& operator=(const VdmLocks&) = delete;
 
-  /// The lock of one VDM; the destructor releases it. `VdmLocks` must outlive it.
+  /// The lock of one VDM, or of the project; the destructor releases it. `VdmLocks` must outlive it.
   class Held {
    public:
-    Held(Held&& other) noexcept : locks_(std::exchange(other.locks_, nullptr)), number_(other.number_) {}
+    Held(Held&& other) noexcept : locks_(std::exchange(other.locks_, nullptr)), byte_(other.byte_) {}
     Held& operator=(Held&&) = delete;
     ~Held() {
-      if (locks_ != nullptr) locks_->Release(number_);
+      if (locks_ != nullptr) locks_->Release(byte_);
     }
 
-    Number number() const { return number_; }
+    /// Requires: it is the lock of a VDM.
+    Number number() const { return Number{static_cast<std::uint32_t>(byte_)}; }
 
    private:
     friend class VdmLocks;
-    Held(VdmLocks& locks, Number number) : locks_(&locks), number_(number) {}
+    Held(VdmLocks& locks, std::int64_t byte) : locks_(&locks), byte_(byte) {}
     VdmLocks* locks_;  ///< null: moved away
-    Number number_;
+    std::int64_t byte_;
   };
 
   /// Locks the VDM; creates the lock file when it does not exist. Fails when the VDM is open elsewhere.
   /// Requires: this object does not hold its lock.
   Result<Held> Acquire(Number number);
+
+  /// Locks the project against other runs that change it, and waits for them at most so long. Fails with
+  /// `kBusy` after that. Requires: this object does not hold the lock.
+  Result<Held> AcquireProject(std::chrono::milliseconds longestWait);
 
   /// Fails when no VDM can be locked; creates the lock file when it does not exist.
   Result<void> Check() { return OpenForLocking(); }
@@ -53,7 +61,9 @@ class VdmLocks {
 
  private:
   Result<void> OpenForLocking();
-  void Release(Number number);
+  /// False, with the system's reason in `errno`, when another process holds it.
+  bool Lock(std::int64_t byte) const;
+  void Release(std::int64_t byte);
   Fault FaultOf(int error) const;
 
   std::filesystem::path file_;

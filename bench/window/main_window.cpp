@@ -36,6 +36,7 @@ MainWindow::MainWindow(Places places)
                  .texts = texts_,
                  .places = std::move(places),
                  .reportFault = [this](const Fault& fault) { ReportFault(fault); },
+                 .showNotice = [this](const QString& text) { notice_->SetMessage(text); },
                  .reportDone = [this](const QString& text) { statusBar()->showMessage(text, kNoteTime); },
                  .showHelp = [this](const char* page) { return help_->Open(page); }} {
   setObjectName("workbench");

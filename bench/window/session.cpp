@@ -12,6 +12,9 @@ namespace fs = std::filesystem;
 constexpr const char* kWatchedFiles[] = {"bench.ini",   "machine.ini", "clampdevice.cld", "store.db",
                                          "drawing.txt", "bodies",      "figures"};
 
+/// A person who works in the window does not wait longer for another process.
+constexpr std::chrono::seconds kLongestWait{2};
+
 /// Runs its work whichever way a function is left.
 struct AtExit {
   std::function<void()> work;
@@ -74,7 +77,14 @@ Result<void> Session::Call(const char* function, Surroundings surroundings) {
   host_->help = std::move(surroundings.help);
   const AtExit end{[this] { host_.reset(); }};
   VANZET_DO(host_->store.Check());
-  return api::CallModule(module, function, *host_);
+  host_->store.WaitAtMost(kLongestWait);
+  const std::string occasion = function == std::string_view("mstart") ? "dialog" : "upgrade";
+  host_->keepEvent = [this, occasion, keep = std::move(surroundings.keepEvent)] {
+    const auto kept = host_->Commit(occasion);
+    return keep ? keep(kept) : kept;
+  };
+  VANZET_DO(api::CallModule(module, function, *host_));
+  return host_->Commit(occasion);
 }
 
 std::string Session::FileStamps() const {

@@ -9,6 +9,7 @@
 #include "dialog/texts.h"
 #include "host/bridge.h"
 #include "host/message_ids.h"
+#include "platform/host_extensions.h"
 #include "platform/message_box.h"
 #include "view/ids.h"
 
@@ -64,6 +65,7 @@ void CDlgMain::FillSpurs() {
 }
 
 std::int32_t CDlgMain::RunModalLoop(std::int32_t flags) {
+  platform::KeepWorkOfEvent();
   view_.StateChanged(State());
   return view_.Serve(*this, parent_, flags);
 }
@@ -160,7 +162,15 @@ void CDlgMain::Dispatch(const std::function<void()>& handler) {
     posted_.pop_front();
     run([&] { OnCommand(command); });
   }
+  KeepWork();
   view_.StateChanged(State());
+}
+
+/// An OK whose work the host could not keep leaves the dialog open, so that its user can try again.
+void CDlgMain::KeepWork() {
+  if (platform::KeepWorkOfEvent() || isOpen_ || result_ != view::kClosedByOk) return;
+  isOpen_ = true;
+  result_ = 0;
 }
 
 void CDlgMain::OnTreeSelection() {

@@ -70,8 +70,10 @@ class CDlgMain final : public view::Dialog, public PageOwner {
   void OnInitDialog();
   void FillSpurs();
 
-  /// Runs a handler and the commands that were posted meanwhile, and informs the view.
+  /// Runs a handler and the commands that were posted meanwhile, has the host keep the work, and informs the
+  /// view.
   void Dispatch(const std::function<void()>& handler);
+  void KeepWork();
   void OnCommand(std::int32_t command);
   void End(std::int32_t result);
 

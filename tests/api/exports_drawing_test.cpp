@@ -3,6 +3,8 @@
 #include <sstream>
 
 #include "api/host_fixture.h"
+#include "vdm/checksum.h"
+#include "vdm/sqlite_engine.h"
 
 namespace vanzet::test {
 namespace {
@@ -76,16 +78,61 @@ TEST_F(DrawingExports, LinesReachTheProject) {
             "[environment]\nHideBilletOut=1\n\n[project]\nCLAMP_DB_PATH = D:\\clamp.cld\n");
 }
 
-TEST_F(DrawingExports, TheDrawingIsKeptAtARefreshAndAtTheEnd) {
+TEST_F(DrawingExports, TheDrawingIsKeptWithTheVdmsAtTheEndOfARun) {
   OrvoCommand("fig cre F x0y0z0");
-  EXPECT_FALSE(std::filesystem::exists(folder / "drawing.txt"));
   OrvoCommand("red -1");
+  OrvoMacroVdmClose(OrvoMacroVdmCreate(7, 0));
+  EXPECT_FALSE(std::filesystem::exists(folder / "drawing.txt"));
+  EXPECT_FALSE(*vdm::VdmStore(folder.path()).Exists(7));
+  Restart();
   EXPECT_THAT(ReadBytes(folder / "drawing.txt"), HasSubstr("figure F\n"));
+  EXPECT_TRUE(*vdm::VdmStore(folder.path()).Exists(7));
   OrvoCommand("fig cre G x0y0z0");
   Restart();
-  EXPECT_THAT(ReadBytes(folder / "drawing.txt"), HasSubstr("figure G\n"));
   EXPECT_TRUE(host->board.Load());
-  EXPECT_TRUE(host->board.drawing().HasFigure("G"));
+  EXPECT_TRUE(host->board.drawing().HasFigure("F"));
+  EXPECT_TRUE(host->board.drawing().HasFigure("G")) << "a run that changes no VDM keeps it too";
+}
+
+TEST_F(DrawingExports, ARunThatEndsWithoutACommitLeavesNothing) {
+  OrvoCommand("fig cre F x0y0z0");
+  OrvoMacroVdmClose(OrvoMacroVdmCreate(7, 0));
+  scope.reset();
+  host.reset();
+  EXPECT_FALSE(std::filesystem::exists(folder / "drawing.txt"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "store.db"));
+}
+
+TEST_F(DrawingExports, NoVdmIsKeptWithoutTheDrawing) {
+  OrvoCommand("fig cre F x0y0z0");
+  OrvoMacroVdmClose(OrvoMacroVdmCreate(7, 0));
+  std::filesystem::create_directory(folder / "drawing.txt");
+  EXPECT_FALSE(host->Commit("test"));
+  EXPECT_FALSE(*vdm::VdmStore(folder.path()).Exists(7));
+  std::filesystem::remove(folder / "drawing.txt");
+  EXPECT_TRUE(host->Commit("test")) << "nothing was lost";
+  EXPECT_TRUE(*vdm::VdmStore(folder.path()).Exists(7));
+}
+
+TEST_F(DrawingExports, ADrawingThatAProcessCouldNotWriteAnyMoreIsWrittenByTheNext) {
+  WriteBytes(folder / "drawing.txt", "drawing 1\nlayer 0 black solid\nend 1\n");
+  OrvoCommand("fig cre F x0y0z0");
+  OrvoMacroVdmClose(OrvoMacroVdmCreate(7, 0));
+  const std::string former = ReadBytes(folder / "drawing.txt");
+  ASSERT_TRUE(host->Commit("test"));
+  const std::string written = ReadBytes(folder / "drawing.txt");
+  {
+    // The process died after its transaction, before it wrote the file.
+    vdm::SqliteEngine engine(folder / "store.db");
+    const vdm::TextFile file{"drawing.txt", written, vdm::ChecksumOf(former)};
+    ASSERT_TRUE(engine.Apply({{}, &file, "test", {}}));
+  }
+  WriteBytes(folder / "drawing.txt", former);
+  ASSERT_TRUE(project::Project::Open(folder.path(), kShare));
+  EXPECT_EQ(ReadBytes(folder / "drawing.txt"), written);
+  WriteBytes(folder / "drawing.txt", former);
+  ASSERT_TRUE(project::Project::Open(folder.path(), kShare));
+  EXPECT_EQ(ReadBytes(folder / "drawing.txt"), former) << "once";
 }
 
 TEST_F(DrawingExports, ADrawingThatCannotBeSavedIsReported) {

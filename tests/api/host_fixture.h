@@ -32,8 +32,9 @@ class HostTest : public testing::Test {
     Restart();
   }
 
-  /// Makes the host anew, as a later run of the program finds the project.
+  /// Ends the run well, and begins another one.
   void Restart(std::unique_ptr<api::Trace> trace = nullptr) {
+    if (const auto kept = host ? host->Commit("test") : Result<void>(); !kept) panel.Tell(kept.fault());
     scope.reset();
     host = std::make_unique<api::Host>(*project, panel, std::move(trace));
     scope = std::make_unique<api::HostScope>(*host);

@@ -17,13 +17,15 @@ TEST_F(TwoProcesses, TheSecondIsRefusedAndNothingIsLost) {
   open.Seek(3);
   ASSERT_TRUE(open.SingleSeek(2));
   ASSERT_TRUE(open.SingleReplace("12.5 0 0 0"));
+  ASSERT_TRUE(store.Commit("test")) << "as a window does that keeps a VDM open between two events";
 
   const Outcome upgraded = Vanzet("upgrade lathe");
   EXPECT_EQ(upgraded.status, 1);
   EXPECT_THAT(upgraded.err, HasSubstr("OrvoApi::MacroVdm: 1000: Open: already open by another process\n"));
   EXPECT_THAT(upgraded.err, HasSubstr("vanzet: spur 0: VDM 1000 is open in another process"));
 
-  ASSERT_TRUE(store.Close(*handle));
+  store.Close(*handle);
+  ASSERT_TRUE(store.Commit("test"));
   EXPECT_THAT(Vanzet("items lathe").out, HasSubstr("3.2\t12.5 0 0 0\n"));
   EXPECT_EQ(Vanzet("upgrade lathe").status, 0);
   EXPECT_THAT(Vanzet("items lathe").out, HasSubstr("3.2\t12.5 0 0 0\n"));
@@ -44,6 +46,7 @@ TEST_F(TwoProcesses, DefineNothingWhileOneOfTheDefinitionsIsOpenElsewhere) {
   vdm::VdmStore store(folder / "lathe");
   const auto handle = store.Open(1001);
   ASSERT_TRUE(handle);
+  ASSERT_TRUE(store.Commit("test"));
   const std::string before = Vanzet("items lathe").out;
   const Outcome refused =
       Vanzet("define - lathe", "",

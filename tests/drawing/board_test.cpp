@@ -2,6 +2,8 @@
 #include <memory>
 #include <thread>
 
+#include "base/files/folder_lock.h"
+#include "base/files/whole_file.h"
 #include "drawing_fixture.h"
 #include "support/child.h"
 
@@ -27,6 +29,15 @@ class Boards : public testing::Test {
     return board;
   }
 
+  /// Writes the drawing, as a run does that keeps others from writing it.
+  Result<void> Save(Board& board) const {
+    VANZET_TRY(const auto lock, files::FolderLock::Acquire(folder.path()));
+    VANZET_TRY(const auto content, board.Unsaved());
+    if (content) VANZET_DO(files::ReplaceFile(folder / Board::kFile, *content));
+    board.MarkSaved();
+    return {};
+  }
+
   const test::TemporaryFolder folder;
 };
 
@@ -37,7 +48,7 @@ TEST_F(Boards, KeepWhatWasDrawn) {
   ASSERT_TRUE(board.PutLine(-100, geometry::CLine(geometry::Point(3, 0), 0, 1, true)));
   ASSERT_TRUE(board.CreateFigure("F"));
   ASSERT_TRUE(board.Append("F", 1));
-  ASSERT_TRUE(board.Save());
+  ASSERT_TRUE(Save(board));
 
   const Board other = Opened();
   EXPECT_EQ(DrawingText(other.drawing()), DrawingText(board.drawing()));
@@ -50,7 +61,7 @@ TEST_F(Boards, WriteNothingWhenNothingWasDrawn) {
   Board board = Opened();
   board.window = Window::kConstruction;
   ASSERT_TRUE(board.PutLine(1, geometry::CLine(geometry::Point(3, 0), 0, 1, true)));
-  ASSERT_TRUE(board.Save());
+  ASSERT_TRUE(Save(board));
   EXPECT_FALSE(std::filesystem::exists(folder / "drawing.txt"));
 }
 
@@ -58,12 +69,12 @@ TEST_F(Boards, OfTwoRunsLoseNothingOfEachOther) {
   Board one = Opened(), two = Opened();
   ASSERT_TRUE(one.CreateFigure("One"));
   ASSERT_TRUE(two.CreateFigure("Two"));
-  ASSERT_TRUE(one.Save());
-  ASSERT_TRUE(two.Save());
+  ASSERT_TRUE(Save(one));
+  ASSERT_TRUE(Save(two));
   EXPECT_THAT(KeptFigures(), ElementsAre("One", "Two"));
   EXPECT_TRUE(two.drawing().HasFigure("One")) << "it sees the other's work from then on";
   one.DeleteFigure("One");
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(one));
   EXPECT_THAT(KeptFigures(), ElementsAre("Two"));
 }
 
@@ -71,33 +82,33 @@ TEST_F(Boards, TheLaterOfTwoChangesOfOnePartStays) {
   Board one = Opened(), two = Opened();
   ASSERT_TRUE(one.PutContour(1, Square(1)));
   ASSERT_TRUE(two.PutContour(1, Square(2)));
-  ASSERT_TRUE(two.Save());
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(two));
+  ASSERT_TRUE(Save(one));
   EXPECT_EQ(Opened().FindContour(1)->Perim(), 4);
 }
 
 TEST_F(Boards, ALayerThatIsDeletedTakesAlongWhatOthersDrewInIt) {
   Board one = Opened();
   ASSERT_TRUE(one.SelectLayer("L"));
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(one));
   Board two = Opened();
   ASSERT_TRUE(two.SelectLayer("L"));
   ASSERT_TRUE(two.PutContour(1, Square(1)));
-  ASSERT_TRUE(two.Save());
+  ASSERT_TRUE(Save(two));
   ASSERT_TRUE(one.DeleteLayer("L"));
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(one));
   EXPECT_EQ(Opened().FindContour(1), nullptr);
 }
 
 TEST_F(Boards, ALayerThatOthersDeletedComesAgainWithWhatIsDrawnInIt) {
   Board one = Opened();
   ASSERT_TRUE(one.SelectLayer("L"));
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(one));
   Board two = Opened();
   ASSERT_TRUE(two.DeleteLayer("L"));
-  ASSERT_TRUE(two.Save());
+  ASSERT_TRUE(Save(two));
   ASSERT_TRUE(one.PutContour(1, Square(1)));
-  ASSERT_TRUE(one.Save());
+  ASSERT_TRUE(Save(one));
   ASSERT_TRUE(one.PutContour(2, Square(1)));
   EXPECT_EQ(Opened().drawing().layers.count("L"), 1U);
 }
@@ -106,13 +117,38 @@ TEST_F(Boards, LeaveADamagedDrawingAlone) {
   Board board = Opened();
   ASSERT_TRUE(board.CreateFigure("F"));
   test::WriteBytes(folder / "drawing.txt", "drawing 1\nrubbish\n");
-  const auto saved = board.Save();
+  const auto saved = Save(board);
   ASSERT_FALSE(saved);
   EXPECT_THAT(saved.fault().Message(), HasSubstr("drawing.txt:2: expected a layer"));
   EXPECT_EQ(Kept(), "drawing 1\nrubbish\n");
   std::filesystem::remove(folder / "drawing.txt");
-  EXPECT_TRUE(board.Save()) << "nothing was lost";
+  EXPECT_TRUE(Save(board)) << "nothing was lost";
   EXPECT_THAT(KeptFigures(), ElementsAre("F"));
+}
+
+TEST_F(Boards, BeginAgainInThePlaceOfADamagedOrEmptyDrawing) {
+  for (const std::string content : {"drawing 1\nrubbish\n", ""}) {
+    test::WriteBytes(folder / "drawing.txt", content);
+    Board board(folder.path());
+    const auto damage = board.LoadOrBegin();
+    ASSERT_TRUE(damage && *damage) << content;
+    EXPECT_EQ((*damage)->kind, FaultKind::kDamaged);
+    EXPECT_EQ(Kept(), content) << "until the board is saved";
+    ASSERT_TRUE(board.CreateFigure("F"));
+    ASSERT_TRUE(Save(board));
+    EXPECT_THAT(KeptFigures(), ElementsAre("F"));
+  }
+}
+
+TEST_F(Boards, BeginWithADrawingThatCanBeRead) {
+  Board board = Opened();
+  ASSERT_TRUE(board.CreateFigure("F"));
+  ASSERT_TRUE(Save(board));
+  Board again(folder.path());
+  const auto damage = again.LoadOrBegin();
+  ASSERT_TRUE(damage);
+  EXPECT_FALSE(*damage);
+  EXPECT_TRUE(again.drawing().HasFigure("F"));
 }
 
 TEST_F(Boards, RefuseADrawingThatIsNoFile) {
@@ -129,7 +165,7 @@ TEST_F(Boards, OfManyProcessesAtOnceLoseNothing) {
       Board board(folder.path());
       bool isDone = static_cast<bool>(board.Load());
       for (int i = 0; i < kFigures; ++i) {
-        isDone = isDone && board.CreateFigure("F" + std::to_string(process * kFigures + i)) && board.Save();
+        isDone = isDone && board.CreateFigure("F" + std::to_string(process * kFigures + i)) && Save(board);
       }
       return isDone;
     }));
@@ -147,7 +183,7 @@ TEST_F(Boards, AreWholeWhenAProcessIsKilled) {
       Board board(folder.path());
       bool isDone = static_cast<bool>(board.Load());
       line.Tell();
-      for (int number = 0; isDone; ++number) isDone = board.PutContour(number, Square(5)) && board.Save();
+      for (int number = 0; isDone; ++number) isDone = board.PutContour(number, Square(5)) && Save(board);
       return isDone;
     });
     ASSERT_TRUE(child.line().Await());
@@ -157,7 +193,7 @@ TEST_F(Boards, AreWholeWhenAProcessIsKilled) {
     const auto loaded = board.Load();
     ASSERT_TRUE(loaded) << loaded.fault().Message();
     ASSERT_TRUE(board.PutContour(-1, Square(1)));
-    ASSERT_TRUE(board.Save()) << "no lock is left behind";
+    ASSERT_TRUE(Save(board)) << "no lock is left behind";
   }
 }
 

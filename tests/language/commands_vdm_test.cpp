@@ -1,3 +1,5 @@
+#include <sys/resource.h>
+
 #include "language_fixture.h"
 
 namespace vanzet::language {
@@ -56,6 +58,29 @@ TEST_F(VdmCommands, ALoadThatFailsLeavesNoVdmAndSetsMinusOne) {
   EXPECT_FALSE(*store.Exists(7));
 }
 
+TEST_F(VdmCommands, ALoadOfABrokenFilePutsBackWhatWasDeletedForIt) {
+  Keep(kSample, "7");
+  test::WriteBytes(folder / "bad.vdm", "vdm 1\nrecord\n");
+  ASSERT_TRUE(store.Delete(7));
+  ASSERT_FALSE(Do(Line("load", "bad.vdm", "i_ret 7")));
+  EXPECT_EQ(variables.Integer("i_ret"), -1);
+  EXPECT_EQ(Kept("7"), kSample);
+}
+
+TEST_F(VdmCommands, ALoadOfAFileThatCannotBeReadDeletesNothing) {
+  Keep(kSample, "7");
+  test::WriteBytes(folder / "in.vdm", kOther);
+  rlimit usual = {};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
+  const rlimit none = {.rlim_cur = 0, .rlim_max = usual.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  const auto loaded = Do(Line("load", "in.vdm", "i_ret 7"));
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &usual), 0);
+  ASSERT_FALSE(loaded);
+  EXPECT_EQ(variables.Integer("i_ret"), -1);
+  EXPECT_EQ(Kept("7"), kSample);
+}
+
 TEST_F(VdmCommands, ALoadOverAnOpenVdmFailsAndLeavesIt) {
   Keep(kSample, "7");
   const auto handle = store.Open(7);
@@ -63,7 +88,7 @@ TEST_F(VdmCommands, ALoadOverAnOpenVdmFailsAndLeavesIt) {
   test::WriteBytes(folder / "in.vdm", kOther);
   EXPECT_FALSE(Do(Line("load", "in.vdm", "i_ret 7")));
   EXPECT_EQ(variables.Integer("i_ret"), -1);
-  ASSERT_TRUE(store.Close(*handle));
+  store.Close(*handle);
   EXPECT_EQ(Kept("7"), kSample);
 }
 

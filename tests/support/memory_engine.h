@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 
 #include "vdm/store_engine.h"
@@ -9,6 +10,8 @@ namespace vanzet::test {
 /// A store that forgets everything with the process: the simplest one that keeps the contract of the engines.
 class MemoryEngine : public vdm::StoreEngine {
  public:
+  MemoryEngine() = default;
+
   Result<std::vector<vdm::Number>> Numbers() override {
     std::vector<vdm::Number> numbers;
     for (const auto& [number, order] : orders_) numbers.push_back(number);
@@ -26,33 +29,64 @@ class MemoryEngine : public vdm::StoreEngine {
     }));
   }
 
-  Result<std::optional<vdm::Vdm>> Read(vdm::Number number) override {
-    const auto opened = Open(number);
-    if (!*opened) return std::optional<vdm::Vdm>();
-    auto copy = (*opened)->Copy();
-    if (!copy) return copy.fault();
-    return std::optional<vdm::Vdm>(std::move(*copy));
+  Result<std::map<vdm::Number, vdm::Vdm>> Read(const std::vector<vdm::Number>& numbers) override {
+    std::map<vdm::Number, vdm::Vdm> contents;
+    for (const vdm::Number number : numbers) {
+      const auto opened = Open(number);
+      if (!*opened) continue;
+      auto copy = (*opened)->Copy();
+      if (!copy) return copy.fault();
+      contents.emplace(number, std::move(*copy));
+    }
+    return contents;
   }
 
-  Result<void> Write(vdm::Number number, const vdm::Vdm& content) override {
-    auto records = records_;
+  Result<void> Apply(const vdm::NewGeneration& next) override {
+    MemoryEngine after = *this;
+    for (const auto& [number, content] : next.vdms) {
+      VANZET_DO(content ? after.Write(number, *content) : after.Remove(number));
+    }
+    if (next.file != nullptr) after.file_ = *next.file;
+    if (next.lastStep) VANZET_DO(next.lastStep());
+    orders_ = std::move(after.orders_);
+    records_ = std::move(after.records_);
+    file_ = std::move(after.file_);
+    lastKey_ = after.lastKey_;
+    return {};
+  }
+
+  Result<std::optional<vdm::TextFile>> UnfinishedFile() override { return file_; }
+
+  Result<void> FinishFile() override {
+    file_.reset();
+    return {};
+  }
+
+ private:
+  MemoryEngine(const MemoryEngine& other)
+      : StoreEngine(),
+        orders_(other.orders_),
+        records_(other.records_),
+        file_(other.file_),
+        lastKey_(other.lastKey_) {}
+
+  Result<void> Write(vdm::Number number, const vdm::Vdm& content) {
     std::vector<vdm::RecordKey> order;
     for (std::size_t i = 0; i < content.Size(); ++i) {
       const auto& entry = content.EntryOf(i);
       if (entry.key && !records_.contains(*entry.key)) return Fault{"was changed by others"};
       order.push_back(entry.key.value_or(vdm::RecordKey{lastKey_ + 1}));
       if (!entry.key) ++lastKey_;
-      if (entry.MustBeWritten()) records[order.back()] = *entry.content;
+      if (entry.MustBeWritten()) records_[order.back()] = *entry.content;
     }
     for (const auto key : orders_[number]) {
-      if (std::find(order.begin(), order.end(), key) == order.end()) records.erase(key);
+      if (std::find(order.begin(), order.end(), key) == order.end()) records_.erase(key);
     }
-    records_ = std::move(records);
     orders_[number] = std::move(order);
     return {};
   }
 
-  Result<void> Remove(vdm::Number number) override {
+  Result<void> Remove(vdm::Number number) {
     const auto order = orders_.find(number);
     if (order == orders_.end()) return {};
     for (const auto key : order->second) records_.erase(key);
@@ -60,9 +94,9 @@ class MemoryEngine : public vdm::StoreEngine {
     return {};
   }
 
- private:
   std::map<vdm::Number, std::vector<vdm::RecordKey>> orders_;
   std::map<vdm::RecordKey, vdm::Record> records_;
+  std::optional<vdm::TextFile> file_;
   std::int64_t lastKey_ = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include "support/engine_calls.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
 
@@ -13,17 +14,26 @@ namespace {
 using test::Get;
 using test::Records;
 using test::RecordsOf;
+using test::RemoveFrom;
 using test::Told;
 using test::VdmOf;
+using test::WriteTo;
 using testing::HasSubstr;
 using Perms = std::filesystem::perms;
 
 class SqliteStore : public testing::Test {
  protected:
   void Write(std::uint32_t number, const Records& records) {
-    ASSERT_EQ(Told(SqliteEngine(file).Write(Number{number}, VdmOf(records))), "");
+    SqliteEngine engine(file);
+    ASSERT_EQ(Told(WriteTo(engine, number, VdmOf(records))), "");
   }
-  Records Read(std::uint32_t number) { return RecordsOf(*Get(SqliteEngine(file).Read(Number{number}))); }
+  Records Read(std::uint32_t number) {
+    SqliteEngine engine(file);
+    return ReadBy(engine, number);
+  }
+  static Records ReadBy(SqliteEngine& engine, std::uint32_t number) {
+    return RecordsOf(Get(engine.Read({Number{number}})).at(Number{number}));
+  }
 
   /// Runs SQL on the file behind the engine's back; gives the first column of the last row.
   std::string Sql(const std::string& text) {
@@ -48,9 +58,9 @@ class SqliteStore : public testing::Test {
     EXPECT_EQ(Told(engine.Numbers()), told);
     EXPECT_EQ(Told(engine.Exists(Number{1})), told);
     EXPECT_EQ(Told(engine.Open(Number{1})), told);
-    EXPECT_EQ(Told(engine.Read(Number{1})), told);
-    EXPECT_EQ(Told(engine.Write(Number{1}, Vdm())), told);
-    EXPECT_EQ(Told(engine.Remove(Number{1})), told);
+    EXPECT_EQ(Told(engine.Read({Number{1}})), told);
+    EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), told);
+    EXPECT_EQ(Told(RemoveFrom(engine, 1)), told);
     EXPECT_EQ(test::ReadBytes(file), before);
   }
 
@@ -61,10 +71,10 @@ class SqliteStore : public testing::Test {
 TEST_F(SqliteStore, IsMadeByTheFirstWriteAndNotByReading) {
   SqliteEngine engine(file);
   Get(engine.Numbers());
-  Get(engine.Read(Number{1}));
-  EXPECT_EQ(Told(engine.Remove(Number{1})), "");
+  Get(engine.Read({Number{1}}));
+  EXPECT_EQ(Told(RemoveFrom(engine, 1)), "");
   EXPECT_FALSE(std::filesystem::exists(file));
-  EXPECT_EQ(Told(engine.Write(Number{1}, Vdm())), "");
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), "");
   EXPECT_TRUE(std::filesystem::exists(file));
 }
 
@@ -78,7 +88,7 @@ TEST_F(SqliteStore, TakesAnEmptyFileForAnEmptyStore) {
 TEST_F(SqliteStore, BearsItsMarkAndItsSchema) {
   Write(1, {});
   EXPECT_EQ(Sql("PRAGMA application_id"), "1986951796");
-  EXPECT_EQ(Sql("PRAGMA user_version"), "1");
+  EXPECT_EQ(Sql("PRAGMA user_version"), "2");
 }
 
 TEST_F(SqliteStore, RefusesAFileThatIsNoDatabase) {
@@ -98,8 +108,8 @@ TEST_F(SqliteStore, RefusesADatabaseOfAnotherProgram) {
 
 TEST_F(SqliteStore, RefusesTheSchemaOfANewerVersion) {
   Write(1, {{"a"}});
-  Sql("PRAGMA user_version=2");
-  ExpectRefusal("belongs to a newer version: it has schema 2, this version knows 1");
+  Sql("PRAGMA user_version=3");
+  ExpectRefusal("belongs to a newer version: it has schema 3, this version knows 2");
 }
 
 TEST_F(SqliteStore, RefusesASchemaThatNoVersionWrote) {
@@ -111,16 +121,17 @@ TEST_F(SqliteStore, RefusesASchemaThatNoVersionWrote) {
 TEST_F(SqliteStore, RefusesAFolderInThePlaceOfTheFile) {
   std::filesystem::create_directory(file);
   EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": cannot be opened");
-  EXPECT_EQ(Told(SqliteEngine(file).Write(Number{1}, Vdm())), file.string() + ": cannot be opened");
+  SqliteEngine engine(file);
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": cannot be opened");
 }
 
 TEST_F(SqliteStore, IsReadButNotWrittenWithoutAWritePermission) {
   Write(1, {{"a"}});
   std::filesystem::permissions(file, Perms::owner_read | Perms::group_read);
   SqliteEngine engine(file);
-  EXPECT_EQ(RecordsOf(*Get(engine.Read(Number{1}))), Records{{"a"}});
-  EXPECT_EQ(Told(engine.Write(Number{1}, Vdm())), file.string() + ": is read-only");
-  EXPECT_EQ(Told(engine.Remove(Number{1})), file.string() + ": is read-only");
+  EXPECT_EQ(ReadBy(engine, 1), Records{{"a"}});
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": is read-only");
+  EXPECT_EQ(Told(RemoveFrom(engine, 1)), file.string() + ": is read-only");
   EXPECT_EQ(Read(1), Records{{"a"}});
 }
 
@@ -128,7 +139,7 @@ TEST_F(SqliteStore, IsNotMadeInAFolderWithoutAWritePermission) {
   std::filesystem::permissions(folder.path(), Perms::owner_read | Perms::owner_exec);
   SqliteEngine engine(file);
   EXPECT_TRUE(Get(engine.Numbers()).empty());
-  EXPECT_EQ(Told(engine.Write(Number{1}, Vdm())), file.string() + ": is read-only");
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": is read-only");
   EXPECT_FALSE(std::filesystem::exists(file));
   std::filesystem::permissions(folder.path(), Perms::owner_all);
 }
@@ -138,7 +149,8 @@ TEST_F(SqliteStore, KeepsTheOldStateWheneverTheDiskGetsFull) {
   Write(1, {{"old"}, {"older"}});
   int pages = 1;
   for (; pages < 100; ++pages) {
-    const auto written = SqliteEngine(file, {.maxPages = pages}).Write(Number{1}, VdmOf(large));
+    SqliteEngine engine(file, {.maxPages = pages});
+    const auto written = WriteTo(engine, 1, VdmOf(large));
     if (written) break;
     EXPECT_EQ(Told(written), file.string() + ": the disk is full");
     EXPECT_EQ(Read(1), (Records{{"old"}, {"older"}}));
@@ -151,7 +163,8 @@ TEST_F(SqliteStore, KeepsTheOldStateWheneverTheDiskGetsFull) {
 TEST_F(SqliteStore, StaysEmptyWheneverTheDiskGetsFullBeforeTheFirstWriteIsDone) {
   int pages = 1;
   for (; pages < 100; ++pages) {
-    const auto written = SqliteEngine(file, {.maxPages = pages}).Write(Number{1}, VdmOf({{"a"}}));
+    SqliteEngine engine(file, {.maxPages = pages});
+    const auto written = WriteTo(engine, 1, VdmOf({{"a"}}));
     if (written) break;
     EXPECT_EQ(Told(written), file.string() + ": the disk is full");
     EXPECT_TRUE(Get(SqliteEngine(file).Numbers()).empty());
@@ -162,8 +175,8 @@ TEST_F(SqliteStore, StaysEmptyWheneverTheDiskGetsFullBeforeTheFirstWriteIsDone) 
 
 TEST_F(SqliteStore, IsUsedOnAfterAFullDisk) {
   SqliteEngine engine(file, {.maxPages = 20});
-  EXPECT_FALSE(engine.Write(Number{1}, VdmOf(Records(100, {std::string(4000, 'x')}))));
-  EXPECT_EQ(Told(engine.Write(Number{1}, VdmOf({{"small"}}))), "");
+  EXPECT_FALSE(WriteTo(engine, 1, VdmOf(Records(100, {std::string(4000, 'x')}))));
+  EXPECT_EQ(Told(WriteTo(engine, 1, VdmOf({{"small"}}))), "");
   EXPECT_EQ(Read(1), Records{{"small"}});
 }
 
@@ -184,14 +197,82 @@ TEST_F(SqliteStore, TellsWhichRecordIsDamagedAndReadsTheOthers) {
     const Vdm opened = std::move(*Get(engine.Open(Number{1})));
     EXPECT_EQ((*Get(opened.Read(0)))[0], "good");
     EXPECT_THAT(Told(opened.Read(1)), HasSubstr("is damaged: record")) << damage;
-    EXPECT_THAT(Told(engine.Read(Number{1})), HasSubstr("of VDM 1: ")) << damage;
+    EXPECT_THAT(Told(engine.Read({Number{1}})), HasSubstr("of VDM 1: ")) << damage;
   }
+}
+
+TEST_F(SqliteStore, TellsOfBytesThatWereChangedInARecord) {
+  Write(1, {{"Chuck 160"}, {"good"}});
+  Sql("UPDATE record SET content=replace(content, '160', '760') WHERE key=1");
+  SqliteEngine engine(file);
+  EXPECT_EQ(Told(engine.Read({Number{1}})),
+            file.string() +
+                ": is damaged: record 1, of VDM 1: its checksum is another one: its bytes were changed");
+  EXPECT_EQ((*Get(Get(engine.Open(Number{1}))->Read(1)))[0], "good");
+}
+
+TEST_F(SqliteStore, NumbersItsCommitsAndSaysWhoMadeThem) {
+  Write(1, {{"a"}});
+  Write(2, {{"b"}});
+  EXPECT_EQ(Sql("SELECT number FROM generation"), "2");
+  EXPECT_EQ(Sql("SELECT occasion FROM generation WHERE occasion='test'"), "test");
+  EXPECT_THAT(Sql("SELECT time FROM generation"), testing::MatchesRegex("20..-..-..T..:..:..Z"));
+  EXPECT_NE(Sql("SELECT user || host || program FROM generation"), "");
+  EXPECT_EQ(Sql("SELECT first FROM vdm WHERE number=1"), "1");
+  EXPECT_EQ(Sql("SELECT first FROM vdm WHERE number=2"), "2");
+}
+
+/// A store as the first version wrote it.
+constexpr const char* kFirstSchema = R"(
+  PRAGMA application_id=1986951796;
+  PRAGMA user_version=1;
+  CREATE TABLE vdm(number INTEGER PRIMARY KEY);
+  CREATE TABLE place(vdm INTEGER NOT NULL, position INTEGER NOT NULL, record INTEGER NOT NULL,
+                     PRIMARY KEY(vdm, position)) WITHOUT ROWID;
+  CREATE TABLE record(key INTEGER PRIMARY KEY, items INTEGER NOT NULL, content BLOB NOT NULL);
+  INSERT INTO vdm VALUES(1000), (1001);
+  INSERT INTO record VALUES(3, 2, x'61006200'), (4, 1, x'6300');
+  INSERT INTO place VALUES(1000, 0, 4), (1000, 1, 3);
+)";
+
+TEST_F(SqliteStore, ReadsTheFirstSchemaWithoutChangingTheFile) {
+  Sql(kFirstSchema);
+  const std::string before = test::ReadBytes(file);
+  SqliteEngine engine(file);
+  EXPECT_EQ(Get(engine.Numbers()), (std::vector<Number>{Number{1000}, Number{1001}}));
+  EXPECT_TRUE(Get(engine.Exists(Number{1001})));
+  EXPECT_FALSE(Get(engine.Exists(Number{1})));
+  EXPECT_EQ(ReadBy(engine, 1000), (Records{{"c"}, {"a", "b"}}));
+  EXPECT_FALSE(Get(engine.UnfinishedFile()));
+  EXPECT_EQ(test::ReadBytes(file), before);
+}
+
+TEST_F(SqliteStore, BringsTheFirstSchemaToTheCurrentOneWithTheFirstCommit) {
+  Sql(kFirstSchema);
+  SqliteEngine engine(file);
+  Vdm opened = std::move(*Get(engine.Open(Number{1000})));
+  (*Get(opened.Edit(0)))[0] = "changed";
+  EXPECT_EQ(Told(WriteTo(engine, 1000, opened)), "");
+  EXPECT_EQ(ReadBy(engine, 1000), (Records{{"changed"}, {"a", "b"}}));
+  EXPECT_EQ(ReadBy(engine, 1001), Records{});
+  EXPECT_EQ(Sql("PRAGMA user_version"), "2");
+  EXPECT_EQ(Sql("SELECT count(*) FROM sqlite_schema WHERE name LIKE '%1'"), "0") << "nothing old is left";
+  Sql("UPDATE record SET content=x'61007a00' WHERE key=3");
+  EXPECT_THAT(Told(engine.Read({Number{1000}})), HasSubstr("checksum")) << "of records that were taken over";
+}
+
+TEST_F(SqliteStore, StaysOfTheFirstSchemaWhereItCannotBeBroughtToTheCurrentOne) {
+  Sql(kFirstSchema);
+  SqliteEngine engine(file, {.maxPages = 5});
+  EXPECT_EQ(Told(WriteTo(engine, 1000, VdmOf({{"new"}}))), file.string() + ": the disk is full");
+  EXPECT_EQ(Read(1000), (Records{{"c"}, {"a", "b"}}));
+  EXPECT_EQ(Sql("PRAGMA user_version"), "1");
 }
 
 TEST_F(SqliteStore, TellsOfAMissingRecord) {
   Write(1, {{"a"}, {"b"}});
   Sql("DELETE FROM record WHERE key=(SELECT record FROM place WHERE position=1)");
-  EXPECT_THAT(Told(SqliteEngine(file).Read(Number{1})), HasSubstr("of VDM 1: it is missing"));
+  EXPECT_THAT(Told(SqliteEngine(file).Read({Number{1}})), HasSubstr("of VDM 1: it is missing"));
 }
 
 TEST_F(SqliteStore, TellsOfAMissingPlace) {
@@ -202,7 +283,7 @@ TEST_F(SqliteStore, TellsOfAMissingPlace) {
 
 TEST_F(SqliteStore, TellsOfANumberThatNoVdmCanHave) {
   Write(1, {});
-  Sql("INSERT INTO vdm VALUES(-1)");
+  Sql("INSERT INTO vdm VALUES(-1, 9223372036854775807, 1)");
   EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": is damaged: no such VDM number: -1");
 }
 
@@ -217,11 +298,11 @@ TEST_F(SqliteStore, SurvivesBytesThatWereChangedAnywhere) {
     }
     test::WriteBytes(file, damaged.substr(0, dice.UpTo(3) == 0 ? dice.UpTo(damaged.size()) : damaged.size()));
     SqliteEngine engine(file);
-    const auto read = engine.Read(Number{1});
+    const auto read = engine.Read({Number{1}});
     if (!read) {
       EXPECT_EQ(read.fault().file, file.string());
     }
-    static_cast<void>(engine.Write(Number{1}, VdmOf({{"new"}})));
+    static_cast<void>(WriteTo(engine, 1, VdmOf({{"new"}})));
   }
 }
 
@@ -235,7 +316,7 @@ TEST_F(SqliteStore, DoesNotWriteRecordsAnewThatNobodyEdited) {
   Get(opened.Read(0));
   (*Get(opened.Edit(1)))[0] = "changed";
   opened.Insert(0, Record({"first"}));
-  EXPECT_EQ(Told(engine.Write(Number{1}, opened)), "");
+  EXPECT_EQ(Told(WriteTo(engine, 1, opened)), "");
   EXPECT_EQ(Sql("SELECT count(*) FROM written"), "2");
   EXPECT_EQ(Sql("SELECT count(*) FROM written WHERE key=(SELECT record FROM place WHERE position=1)"), "0");
 }
@@ -244,23 +325,24 @@ TEST_F(SqliteStore, LeavesNoRowsBehind) {
   Write(1, {{"a"}, {"b"}});
   Write(1, {{"c"}});
   EXPECT_EQ(Sql("SELECT count(*) FROM record"), "1");
-  EXPECT_EQ(Told(SqliteEngine(file).Remove(Number{1})), "");
+  SqliteEngine engine(file);
+  EXPECT_EQ(Told(RemoveFrom(engine, 1)), "");
   EXPECT_EQ(Sql("SELECT (SELECT count(*) FROM record) + (SELECT count(*) FROM place)"), "0");
 }
 
 TEST_F(SqliteStore, SeesWhatAnotherEngineWrote) {
   SqliteEngine first(file), second(file);
   EXPECT_FALSE(Get(second.Exists(Number{1})));
-  EXPECT_EQ(Told(first.Write(Number{1}, VdmOf({{"a"}}))), "");
-  EXPECT_EQ(RecordsOf(*Get(second.Read(Number{1}))), Records{{"a"}});
+  EXPECT_EQ(Told(WriteTo(first, 1, VdmOf({{"a"}}))), "");
+  EXPECT_EQ(ReadBy(second, 1), Records{{"a"}});
 }
 
 TEST_F(SqliteStore, WritesToTheFileThatStandsThereNow) {
   SqliteEngine engine(file);
-  EXPECT_EQ(Told(engine.Write(Number{1}, VdmOf({{"a"}}))), "");
+  EXPECT_EQ(Told(WriteTo(engine, 1, VdmOf({{"a"}}))), "");
   std::filesystem::remove(file);
   EXPECT_TRUE(Get(engine.Numbers()).empty());
-  EXPECT_EQ(Told(engine.Write(Number{2}, VdmOf({{"b"}}))), "");
+  EXPECT_EQ(Told(WriteTo(engine, 2, VdmOf({{"b"}}))), "");
   EXPECT_EQ(Read(2), Records{{"b"}});
 }
 
@@ -270,10 +352,10 @@ TEST_F(SqliteStore, WaitsForAnotherWriterOnlyAsLongAsItIsTold) {
   ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
   ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
   SqliteEngine engine(file, {.busyTimeout = 10});
-  EXPECT_EQ(Told(engine.Write(Number{1}, Vdm())), file.string() + ": another process is writing it");
-  EXPECT_EQ(Told(engine.Read(Number{1})), file.string() + ": another process is writing it");
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": another process is writing it");
+  EXPECT_EQ(Told(engine.Read({Number{1}})), file.string() + ": another process is writing it");
   sqlite3_close(other);
-  EXPECT_EQ(RecordsOf(*Get(engine.Read(Number{1}))), Records{{"a"}});
+  EXPECT_EQ(ReadBy(engine, 1), Records{{"a"}});
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/engine_calls.h"
 #include "support/memory_engine.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
@@ -28,10 +29,12 @@ struct Kind {
 class EveryEngine : public testing::TestWithParam<Kind> {
  protected:
   void Write(std::uint32_t number, const Vdm& content) {
-    ASSERT_EQ(Told(engine->Write(Number{number}, content)), "");
+    ASSERT_EQ(Told(test::WriteTo(*engine, number, content)), "");
   }
   Vdm Open(std::uint32_t number) { return std::move(*Get(engine->Open(Number{number}))); }
-  Records Read(std::uint32_t number) { return RecordsOf(*Get(engine->Read(Number{number}))); }
+  Records Read(std::uint32_t number) {
+    return RecordsOf(Get(engine->Read({Number{number}})).at(Number{number}));
+  }
 
   test::TemporaryFolder folder;
   std::unique_ptr<StoreEngine> engine = GetParam().make(folder.path());
@@ -53,8 +56,8 @@ TEST_P(EveryEngine, IsEmptyAtFirst) {
   EXPECT_TRUE(Get(engine->Numbers()).empty());
   EXPECT_FALSE(Get(engine->Exists(Number{1})));
   EXPECT_FALSE(Get(engine->Open(Number{1})));
-  EXPECT_FALSE(Get(engine->Read(Number{1})));
-  EXPECT_EQ(Told(engine->Remove(Number{1})), "");
+  EXPECT_TRUE(Get(engine->Read({Number{1}})).empty());
+  EXPECT_EQ(Told(test::RemoveFrom(*engine, 1)), "");
 }
 
 TEST_P(EveryEngine, KeepsWhatWasWritten) {
@@ -84,7 +87,7 @@ TEST_P(EveryEngine, PutsTheNewContentInThePlaceOfTheOld) {
 TEST_P(EveryEngine, KeepsNumbersApart) {
   Write(1, VdmOf({{"one"}}));
   Write(2, VdmOf({{"two"}}));
-  EXPECT_EQ(Told(engine->Remove(Number{1})), "");
+  EXPECT_EQ(Told(test::RemoveFrom(*engine, 1)), "");
   EXPECT_FALSE(Get(engine->Exists(Number{1})));
   EXPECT_EQ(Read(2), Records{{"two"}});
 }
@@ -101,7 +104,7 @@ TEST_P(EveryEngine, WritesAnOpenedVdmBackWithItsChanges) {
 
 TEST_P(EveryEngine, GivesACopyThatLaterWritesDoNotReach) {
   Write(1, VdmOf({{"old"}}));
-  const Vdm copy = std::move(*Get(engine->Read(Number{1})));
+  const Vdm copy = Get(engine->Read({Number{1}})).at(Number{1});
   Write(1, VdmOf({{"new"}}));
   EXPECT_EQ(RecordsOf(copy), Records{{"old"}});
   Write(2, copy);
@@ -113,8 +116,52 @@ TEST_P(EveryEngine, RefusesAnOpenedVdmWhoseRecordsAreGone) {
   Vdm opened = Open(1);
   opened.Insert(0, Record({"mine"}));
   Write(1, VdmOf({}));
-  EXPECT_NE(Told(engine->Write(Number{1}, opened)), "");
+  EXPECT_NE(Told(test::WriteTo(*engine, 1, opened)), "");
   EXPECT_EQ(Read(1), Records{});
+}
+
+TEST_P(EveryEngine, ChangesAllVdmsOfARunOrNone) {
+  Write(1, VdmOf({{"old"}}));
+  Write(2, VdmOf({{"gone"}}));
+  Vdm stale = Open(1);
+  stale.Insert(0, Record({"mine"}));
+  Write(1, VdmOf({{"newer"}}));
+  Changes changes;
+  changes.emplace(Number{0}, VdmOf({{"made"}}));
+  changes.emplace(Number{1}, stale);
+  changes.emplace(Number{2}, std::nullopt);
+  const std::string occasion = "test";
+  EXPECT_NE(Told(engine->Apply({changes, nullptr, occasion, {}})), "");
+  EXPECT_EQ(Get(engine->Numbers()), (std::vector<Number>{Number{1}, Number{2}}));
+  changes.at(Number{1}) = VdmOf({{"mine"}});
+  EXPECT_EQ(Told(engine->Apply({changes, nullptr, occasion, {}})), "");
+  EXPECT_EQ(Get(engine->Numbers()), (std::vector<Number>{Number{0}, Number{1}}));
+  EXPECT_EQ(Read(1), Records{{"mine"}});
+}
+
+TEST_P(EveryEngine, GivesUpACommitWhoseLastStepFails) {
+  Write(1, VdmOf({{"old"}}));
+  Changes changes;
+  changes.emplace(Number{1}, VdmOf({{"new"}}));
+  const std::string occasion = "test";
+  const LastStep fails = [] { return Fault{"standard output cannot be written"}; };
+  EXPECT_EQ(Told(engine->Apply({changes, nullptr, occasion, fails})), "standard output cannot be written");
+  EXPECT_EQ(Read(1), Records{{"old"}});
+}
+
+TEST_P(EveryEngine, KeepsTheTextFileOfACommitUntilItIsFinished) {
+  EXPECT_FALSE(Get(engine->UnfinishedFile()));
+  const TextFile file{"drawing.txt", "new", 4711};
+  const Changes changes;
+  const std::string occasion = "test";
+  EXPECT_EQ(Told(engine->Apply({changes, &file, occasion, {}})), "");
+  const auto unfinished = Get(engine->UnfinishedFile());
+  ASSERT_TRUE(unfinished);
+  EXPECT_EQ(unfinished->name, "drawing.txt");
+  EXPECT_EQ(unfinished->content, "new");
+  EXPECT_EQ(unfinished->former, std::uint64_t{4711});
+  EXPECT_EQ(Told(engine->FinishFile()), "");
+  EXPECT_FALSE(Get(engine->UnfinishedFile()));
 }
 
 /// Does one thing, chosen by the dice, to both.

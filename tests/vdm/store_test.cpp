@@ -17,9 +17,16 @@ using test::VdmOf;
 
 class Store : public testing::Test {
  protected:
+  Store() { elsewhere.WaitAtMost(std::chrono::milliseconds(0)); }
+
   void Keep(std::int64_t number, const Records& records) {
     ASSERT_EQ(Told(store.Replace(number, VdmOf(records))), "");
+    ASSERT_EQ(Told(store.Commit("test")), "");
   }
+  /// What everybody else sees.
+  Records Kept(std::int64_t number) { return RecordsOf(Get(elsewhere.Snapshot(number))); }
+  std::string Busy() const { return folder.path().string() + ": another process is changing the project"; }
+
   Records Content(std::int64_t number) { return RecordsOf(Get(store.Snapshot(number))); }
 
   test::TemporaryFolder folder;
@@ -27,22 +34,27 @@ class Store : public testing::Test {
   VdmStore elsewhere{folder.path()};
 };
 
-TEST_F(Store, ACreatedVdmIsKeptFromItsCloseOn) {
+TEST_F(Store, ACreatedVdmIsHereFromItsCloseOnAndElsewhereFromTheCommitOn) {
   const Handle handle = Get(store.Create(7));
   EXPECT_TRUE(store.Find(handle)->Insert("first"));
   EXPECT_TRUE(Get(store.Exists(7)));
   EXPECT_TRUE(Get(elsewhere.Exists(7)));
   EXPECT_TRUE(Get(store.Numbers()).empty());
   EXPECT_EQ(Told(elsewhere.Snapshot(7)), "VDM 7 does not exist");
-  EXPECT_EQ(Told(store.Close(handle)), "");
-  EXPECT_EQ(RecordsOf(Get(elsewhere.Snapshot(7))), Records{{"first"}});
+  store.Close(handle);
+  EXPECT_EQ(Content(7), Records{{"first"}});
   EXPECT_EQ(Get(store.Numbers()), std::vector<Number>{Number{7}});
+  EXPECT_FALSE(Get(elsewhere.Exists(7)));
+  EXPECT_EQ(Told(store.Commit("test")), "");
+  EXPECT_EQ(Kept(7), Records{{"first"}});
 }
 
-TEST_F(Store, AVdmThatWasCreatedAndNeverClosedNeverExisted) {
+TEST_F(Store, AVdmThatWasNeverCommittedNeverExisted) {
   {
     VdmStore dying(folder.path());
-    EXPECT_TRUE(dying.Find(Get(dying.Create(7)))->Insert("first"));
+    const Handle handle = Get(dying.Create(7));
+    EXPECT_TRUE(dying.Find(handle)->Insert("first"));
+    dying.Close(handle);
   }
   EXPECT_FALSE(Get(store.Exists(7)));
   EXPECT_FALSE(Get(store.IsOpen(7)));
@@ -55,6 +67,8 @@ TEST_F(Store, CreateIsRefusedWhenTheNumberIsTaken) {
   EXPECT_FALSE(Get(store.IsOpen(1)));
   Get(store.Create(2));
   EXPECT_EQ(Told(store.Create(2)), "VDM 2 is already open");
+  EXPECT_EQ(Told(elsewhere.Create(2)), Busy());
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(Told(elsewhere.Create(2)), "VDM 2 is open elsewhere");
 }
 
@@ -64,6 +78,7 @@ TEST_F(Store, OpenIsRefusedWhenThereIsNoneOrItIsOpen) {
   Keep(1, {{"a"}});
   Get(store.Open(1));
   EXPECT_EQ(Told(store.Open(1)), "VDM 1 is already open");
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(Told(elsewhere.Open(1)), "VDM 1 is open elsewhere");
 }
 
@@ -71,27 +86,30 @@ TEST_F(Store, IsOpenHereAndElsewhereUntilTheClose) {
   const Handle handle = Get(store.Create(1));
   EXPECT_TRUE(Get(store.IsOpen(1)));
   EXPECT_TRUE(Get(elsewhere.IsOpen(1)));
-  EXPECT_EQ(Told(store.Close(handle)), "");
+  store.Close(handle);
   EXPECT_FALSE(Get(store.IsOpen(1)));
   EXPECT_FALSE(Get(elsewhere.IsOpen(1)));
 }
 
-TEST_F(Store, OpenReadsWhatTheLastCloseWrote) {
+TEST_F(Store, OpenReadsWhatTheLastCommitWrote) {
   Keep(1, {{"old"}});
   const Handle theirs = Get(elsewhere.Open(1));
   EXPECT_TRUE(elsewhere.Find(theirs)->SingleReplace("new"));
-  EXPECT_EQ(Told(elsewhere.Close(theirs)), "");
+  elsewhere.Close(theirs);
+  EXPECT_EQ(Told(elsewhere.Commit("test")), "");
   EXPECT_EQ(Get(store.Find(Get(store.Open(1)))->SingleGet()), "new");
 }
 
-TEST_F(Store, ChangesReachTheDiskWithTheCloseAndNotBefore) {
+TEST_F(Store, ChangesReachTheDiskWithTheCommitAndNotBefore) {
   Keep(1, {{"old"}});
   const Handle handle = Get(store.Open(1));
   EXPECT_TRUE(store.Find(handle)->SingleReplace("new"));
   EXPECT_EQ(Content(1), Records{{"new"}});
-  EXPECT_EQ(RecordsOf(Get(elsewhere.Snapshot(1))), Records{{"old"}});
-  EXPECT_EQ(Told(store.Close(handle)), "");
-  EXPECT_EQ(RecordsOf(Get(elsewhere.Snapshot(1))), Records{{"new"}});
+  store.Close(handle);
+  EXPECT_EQ(Content(1), Records{{"new"}});
+  EXPECT_EQ(Kept(1), Records{{"old"}});
+  EXPECT_EQ(Told(store.Commit("test")), "");
+  EXPECT_EQ(Kept(1), Records{{"new"}});
 }
 
 TEST_F(Store, HandlesAreNeverGivenTwice) {
@@ -100,19 +118,19 @@ TEST_F(Store, HandlesAreNeverGivenTwice) {
     const Handle handle = Get(store.Create(1));
     EXPECT_GT(static_cast<std::uint32_t>(handle), last);
     last = static_cast<std::uint32_t>(handle);
-    EXPECT_EQ(Told(store.Close(handle)), "");
+    store.Close(handle);
     EXPECT_EQ(Told(store.Delete(1)), "");
   }
 }
 
 TEST_F(Store, HandlesThatAreNotOpenAreTolerated) {
   const Handle stale = Get(store.Create(1));
-  EXPECT_EQ(Told(store.Close(stale)), "");
+  store.Close(stale);
   Get(store.Create(2));
   for (const Handle handle : {stale, Handle{0}, Handle{0xFFFFFFFF}, Handle{4711}}) {
     EXPECT_EQ(store.Find(handle), nullptr);
     EXPECT_EQ(store.Size(handle), 0u);
-    EXPECT_EQ(Told(store.Close(handle)), "");
+    store.Close(handle);
   }
   EXPECT_TRUE(Get(store.IsOpen(2)));
 }
@@ -143,8 +161,9 @@ TEST_F(Store, DeleteIsRefusedWhileOpenAndSilentWhenThereIsNone) {
   Keep(1, {{"a"}});
   const Handle handle = Get(store.Open(1));
   EXPECT_EQ(Told(store.Delete(1)), "VDM 1 is already open");
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(Told(elsewhere.Delete(1)), "VDM 1 is open elsewhere");
-  EXPECT_EQ(Told(store.Close(handle)), "");
+  store.Close(handle);
   EXPECT_EQ(Told(store.Delete(1)), "");
   EXPECT_FALSE(Get(store.Exists(1)));
 }
@@ -153,6 +172,7 @@ TEST_F(Store, ReplaceIsRefusedWhileOpen) {
   Keep(1, {{"a"}});
   Get(store.Open(1));
   EXPECT_EQ(Told(store.Replace(1, Vdm())), "VDM 1 is already open");
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(Told(elsewhere.Replace(1, Vdm())), "VDM 1 is open elsewhere");
   EXPECT_EQ(Content(1), Records{{"a"}});
 }
@@ -163,7 +183,7 @@ TEST_F(Store, ASnapshotIsACopyThatCanBePutUnderAnotherNumber) {
   const Vdm snapshot = Get(store.Snapshot(1));
   EXPECT_TRUE(store.Find(handle)->SingleReplace("later"));
   EXPECT_EQ(Told(store.Replace(2, snapshot)), "");
-  EXPECT_EQ(Told(store.Close(handle)), "");
+  store.Close(handle);
   EXPECT_EQ(Content(1), Records{{"later"}});
   EXPECT_EQ(Content(2), Records{{"a"}});
 }
@@ -173,7 +193,7 @@ TEST_F(Store, KnowsWhatIsLeftOpen) {
   Get(store.Create(9));
   const Handle handle = Get(store.Create(3));
   EXPECT_EQ(store.LeftOpen(), (std::vector<Number>{Number{3}, Number{9}}));
-  EXPECT_EQ(Told(store.Close(handle)), "");
+  store.Close(handle);
   EXPECT_EQ(store.LeftOpen(), std::vector<Number>{Number{9}});
 }
 
@@ -183,16 +203,18 @@ TEST_F(Store, ReadsAndClosesUnchangedWhereItCannotWrite) {
   VdmStore reading(folder.path());
   Handle handle = Get(reading.Open(1));
   EXPECT_EQ(Get(reading.Find(handle)->SingleGet()), "a");
-  EXPECT_EQ(Told(reading.Close(handle)), "");
+  reading.Close(handle);
+  EXPECT_EQ(Told(reading.Commit("test")), "");
   handle = Get(reading.Open(1));
   EXPECT_TRUE(reading.Find(handle)->SingleReplace("b"));
-  EXPECT_EQ(Told(reading.Close(handle)), (folder / "store.db").string() + ": is read-only");
+  reading.Close(handle);
+  EXPECT_EQ(Told(reading.Commit("test")), (folder / "store.db").string() + ": is read-only");
   EXPECT_EQ(reading.Find(handle), nullptr);
   EXPECT_FALSE(Get(elsewhere.IsOpen(1)));
   EXPECT_EQ(Content(1), Records{{"a"}});
 }
 
-/// An engine that notes whether the VDM was locked each time it was opened or written.
+/// An engine that notes whether the VDM was locked each time it was opened, and the project when it was changed.
 class WatchingEngine : public test::MemoryEngine {
  public:
   WatchingEngine(const std::filesystem::path& lockFile, std::vector<bool>& locked)
@@ -202,13 +224,9 @@ class WatchingEngine : public test::MemoryEngine {
     locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
     return MemoryEngine::Open(number);
   }
-  Result<void> Write(Number number, const Vdm& content) override {
-    locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
-    return MemoryEngine::Write(number, content);
-  }
-  Result<void> Remove(Number number) override {
-    locked_.push_back(Get(locks_.IsHeldElsewhere(number)));
-    return MemoryEngine::Remove(number);
+  Result<void> Apply(const NewGeneration& next) override {
+    locked_.push_back(!locks_.AcquireProject(std::chrono::milliseconds(0)));
+    return MemoryEngine::Apply(next);
   }
 
  private:
@@ -216,15 +234,18 @@ class WatchingEngine : public test::MemoryEngine {
   std::vector<bool>& locked_;
 };
 
-TEST(StoreUnderWatch, OpensWritesAndRemovesUnderTheLockOnly) {
+TEST(StoreUnderWatch, OpensAndWritesUnderTheLocksOnly) {
   const test::TemporaryFolder folder;
   std::vector<bool> locked;
   VdmStore store(std::make_unique<WatchingEngine>(folder / "store.lock", locked), folder / "store.lock");
   EXPECT_EQ(Told(store.Replace(1, VdmOf({{"a"}}))), "");
+  EXPECT_EQ(Told(store.Commit("test")), "");
   const Handle handle = Get(store.Open(1));
   EXPECT_TRUE(store.Find(handle)->SingleAdd("b"));
-  EXPECT_EQ(Told(store.Close(handle)), "");
+  store.Close(handle);
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(Told(store.Delete(1)), "");
+  EXPECT_EQ(Told(store.Commit("test")), "");
   EXPECT_EQ(locked, std::vector<bool>(4, true));
 }
 
@@ -241,13 +262,9 @@ class FailingEngine : public test::MemoryEngine {
     if (--callsLeft_ == 0) return Fault{"failed"};
     return MemoryEngine::Open(number);
   }
-  Result<void> Write(Number number, const Vdm& content) override {
+  Result<void> Apply(const NewGeneration& next) override {
     if (--callsLeft_ == 0) return Fault{"failed"};
-    return MemoryEngine::Write(number, content);
-  }
-  Result<void> Remove(Number number) override {
-    if (--callsLeft_ == 0) return Fault{"failed"};
-    return MemoryEngine::Remove(number);
+    return MemoryEngine::Apply(next);
   }
 
  private:
@@ -256,27 +273,26 @@ class FailingEngine : public test::MemoryEngine {
 
 /// Makes VDM 2, changes VDM 1 and removes VDM 3; the first fault ends it.
 Result<void> Work(VdmStore& store) {
-  const auto created = store.Create(2);
-  if (!created) return created.fault();
-  if (const auto closed = store.Close(*created); !closed) return closed.fault();
-  const auto opened = store.Open(1);
-  if (!opened) return opened.fault();
-  if (const auto done = store.Find(*opened)->SingleReplace("new"); !done) return done.fault();
-  if (const auto closed = store.Close(*opened); !closed) return closed.fault();
-  return store.Delete(3);
+  VANZET_TRY(const auto created, store.Create(2));
+  store.Close(created);
+  VANZET_TRY(const auto opened, store.Open(1));
+  VANZET_DO(store.Find(opened)->SingleReplace("new"));
+  store.Close(opened);
+  VANZET_DO(store.Delete(3));
+  return store.Commit("test");
 }
 
 TEST_F(Store, KnowsWhatWasClosedLast) {
   EXPECT_EQ(store.LastClosed(), std::nullopt);
   const Handle one = Get(store.Create(1)), two = Get(store.Create(2));
-  ASSERT_EQ(Told(store.Close(two)), "");
-  ASSERT_EQ(Told(store.Close(one)), "");
+  store.Close(two);
+  store.Close(one);
   EXPECT_EQ(store.LastClosed(), Number{1});
-  ASSERT_EQ(Told(store.Close(two)), "") << "it is not open any more";
+  store.Close(two);
   EXPECT_EQ(store.LastClosed(), Number{1});
 }
 
-TEST(StoreWithFaults, LeavesNothingOpenOrLockedWhicheverCallFails) {
+TEST(StoreWithFaults, LeavesNothingLockedAndChangesAllOrNothingWhicheverCallFails) {
   int failing = 0;
   bool done = false;
   while (!done && failing < 100) {
@@ -285,18 +301,89 @@ TEST(StoreWithFaults, LeavesNothingOpenOrLockedWhicheverCallFails) {
     VdmStore store(std::make_unique<FailingEngine>(callsLeft), folder / "store.lock");
     ASSERT_EQ(Told(store.Replace(1, VdmOf({{"old"}}))), "");
     ASSERT_EQ(Told(store.Replace(3, Vdm())), "");
+    ASSERT_EQ(Told(store.Commit("test")), "");
     callsLeft = ++failing;
-    const auto worked = Work(store);
-    done = static_cast<bool>(worked);
+    done = static_cast<bool>(Work(store));
     callsLeft = -1;
-    const VdmLocks elsewhere(folder / "store.lock");
+    store.Discard();
+    VdmLocks elsewhere(folder / "store.lock");
+    EXPECT_TRUE(elsewhere.AcquireProject(std::chrono::milliseconds(0)));
     EXPECT_TRUE(store.LeftOpen().empty());
     for (const std::uint32_t number : {1u, 2u, 3u})
       EXPECT_FALSE(Get(elsewhere.IsHeldElsewhere(Number{number})));
-    EXPECT_EQ(RecordsOf(Get(store.Snapshot(1))), (Records{{failing > 4 ? "new" : "old"}})) << failing;
+    EXPECT_EQ(RecordsOf(Get(store.Snapshot(1))), (Records{{done ? "new" : "old"}})) << failing;
+    EXPECT_EQ(Get(store.Exists(2)), done);
     EXPECT_EQ(Get(store.Exists(3)), !done);
   }
-  EXPECT_EQ(failing, 7) << "create and close, open and close, delete: six calls can fail";
+  EXPECT_EQ(failing, 5) << "create, open, delete, commit: four calls can fail";
+}
+
+TEST_F(Store, ADiscardedRunLeavesNothing) {
+  Keep(1, {{"old"}});
+  EXPECT_EQ(Told(store.Replace(1, VdmOf({{"new"}}))), "");
+  EXPECT_EQ(Told(store.Replace(2, Vdm())), "");
+  store.Discard();
+  EXPECT_EQ(Content(1), Records{{"old"}});
+  EXPECT_FALSE(Get(store.Exists(2)));
+  EXPECT_EQ(Told(elsewhere.Replace(1, Vdm())), "") << "others can go on";
+}
+
+TEST_F(Store, AnotherRunWaitsForTheCommit) {
+  EXPECT_EQ(Told(store.Hold()), "");
+  EXPECT_EQ(Told(elsewhere.Hold()), Busy());
+  EXPECT_EQ(elsewhere.Replace(1, Vdm()).fault().kind, FaultKind::kBusy);
+  EXPECT_TRUE(Get(elsewhere.Numbers()).empty()) << "reading goes on";
+  EXPECT_EQ(Told(store.Commit("test")), "");
+  EXPECT_EQ(Told(elsewhere.Hold()), "");
+}
+
+TEST_F(Store, KeepsTheChangesOfACommitThatFailed) {
+  Keep(1, {{"old"}});
+  EXPECT_EQ(Told(store.Replace(1, VdmOf({{"new"}}))), "");
+  std::filesystem::permissions(folder / "store.db", std::filesystem::perms::owner_read);
+  EXPECT_NE(Told(store.Commit("test")), "");
+  EXPECT_TRUE(store.HasChanges());
+  EXPECT_EQ(Told(elsewhere.Hold()), Busy());
+  std::filesystem::permissions(folder / "store.db", std::filesystem::perms::owner_all);
+  EXPECT_EQ(Told(store.Commit("test")), "");
+  EXPECT_EQ(Kept(1), Records{{"new"}});
+}
+
+TEST_F(Store, TakesBackADeletionUntilItIsFinal) {
+  Keep(1, {{"stored"}});
+  EXPECT_FALSE(store.PutBackDeleted(1));
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  EXPECT_TRUE(store.PutBackDeleted(1));
+  EXPECT_EQ(Content(1), Records{{"stored"}});
+  EXPECT_EQ(Told(store.Replace(1, VdmOf({{"changed"}}))), "");
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  EXPECT_TRUE(store.PutBackDeleted(1));
+  EXPECT_EQ(Content(1), Records{{"changed"}}) << "as it was in this run";
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  store.ForgetDeleted();
+  EXPECT_FALSE(store.PutBackDeleted(1));
+  EXPECT_FALSE(store.PutBackDeleted(-1));
+  EXPECT_FALSE(Get(store.Exists(1)));
+}
+
+TEST_F(Store, GivesSnapshotsOfOneState) {
+  Keep(1, {{"a"}});
+  Keep(2, {{"b"}});
+  EXPECT_EQ(Told(store.Replace(2, VdmOf({{"mine"}}))), "");
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  const auto here = Get(store.Snapshots({Number{1}, Number{2}, Number{3}}));
+  ASSERT_EQ(here.size(), 1u);
+  EXPECT_EQ(RecordsOf(here.at(Number{2})), Records{{"mine"}});
+  EXPECT_EQ(Get(elsewhere.Snapshots({Number{1}, Number{2}, Number{3}})).size(), 2u);
+}
+
+TEST_F(Store, ListsTheNumbersOfTheRun) {
+  Keep(1, {});
+  Keep(2, {});
+  EXPECT_EQ(Told(store.Delete(1)), "");
+  EXPECT_EQ(Told(store.Replace(5, Vdm())), "");
+  EXPECT_EQ(Get(store.Numbers()), (std::vector<Number>{Number{2}, Number{5}}));
+  EXPECT_EQ(Get(elsewhere.Numbers()), (std::vector<Number>{Number{1}, Number{2}}));
 }
 
 }  // namespace

@@ -27,20 +27,26 @@ TEST(TwoProcesses, TheSecondIsRefusedAndNothingIsLost) {
     const auto handle = store.Create(1);
     if (!handle || !store.Find(*handle)->Insert("from the child")) return false;
     parent.Tell();
-    return parent.Await() && store.Close(*handle);
+    if (!parent.Await()) return false;
+    store.Close(*handle);
+    return static_cast<bool>(store.Commit("test"));
   });
   ASSERT_TRUE(child.line().Await());
   VdmStore store(folder.path());
   EXPECT_TRUE(Get(store.IsOpen(1)));
-  EXPECT_EQ(Told(store.Open(1)), "VDM 1 is open elsewhere");
-  EXPECT_EQ(Told(store.Create(1)), "VDM 1 is open elsewhere");
-  EXPECT_EQ(Told(store.Delete(1)), "VDM 1 is open elsewhere");
+  const std::string busy = folder.path().string() + ": another process is changing the project";
+  store.WaitAtMost(std::chrono::milliseconds(0));
+  EXPECT_EQ(Told(store.Open(1)), busy);
+  EXPECT_EQ(Told(store.Create(1)), busy);
+  EXPECT_EQ(Told(store.Delete(1)), busy);
   child.line().Tell();
+  store.WaitAtMost(kUsualWait);
+  EXPECT_EQ(Told(store.Hold()), "") << "it waits for the child";
   EXPECT_TRUE(child.End());
   EXPECT_EQ(Get(store.Find(Get(store.Open(1)))->SingleGet()), "from the child");
 }
 
-/// Adds items to its own VDM, one a close.
+/// Adds items to its own VDM, one a commit.
 bool AddItems(const std::filesystem::path& folder, std::int64_t number, int count) {
   VdmStore store(folder);
   for (int i = 0; i < count; ++i) {
@@ -48,7 +54,9 @@ bool AddItems(const std::filesystem::path& folder, std::int64_t number, int coun
     if (!handle) return false;
     OpenVdm& vdm = *store.Find(*handle);
     const bool added = i == 0 ? bool(vdm.Insert("0")) : bool(vdm.SingleAdd(std::to_string(i)));
-    if (!added || !store.Close(*handle)) return false;
+    if (!added) return false;
+    store.Close(*handle);
+    if (!store.Commit("test")) return false;
   }
   return true;
 }
@@ -76,7 +84,9 @@ bool CountUp(const std::filesystem::path& folder, int times) {
     OpenVdm& vdm = *store.Find(*handle);
     const int count = std::stoi(std::string(Get(vdm.SingleGet())));
     vdm.Seek(0);
-    if (!vdm.SingleReplace(std::to_string(count + 1)) || !store.Close(*handle)) return false;
+    if (!vdm.SingleReplace(std::to_string(count + 1))) return false;
+    store.Close(*handle);
+    if (!store.Commit("test")) return false;
     --times;
   }
   return true;
@@ -89,6 +99,7 @@ TEST(TwoProcesses, NeverLoseEachOthersChanges) {
   Child second([&](Child::Line& parent) { return parent.Await() && CountUp(folder.path(), kTimes); });
   VdmStore store(folder.path());
   ASSERT_EQ(Told(store.Replace(1, test::VdmOf({{"0"}}))), "");
+  ASSERT_EQ(Told(store.Commit("test")), "");
   first.line().Tell();
   second.line().Tell();
   EXPECT_TRUE(first.End());
@@ -111,8 +122,8 @@ Records Generation(std::size_t vdm, std::uint32_t generation) {
 
 /// The lines of the child, also when it was killed.
 struct Progress {
-  std::atomic<std::uint32_t> closed[kVdms] = {};  ///< the generation that was closed last; 0: none yet
-  std::atomic<bool> failed = false;               ///< an operation was refused
+  std::atomic<std::uint32_t> committed = 0;  ///< the generation that was committed last; 0: none yet
+  std::atomic<bool> failed = false;          ///< an operation was refused
 };
 
 /// Brings an open VDM from any generation to this one, by the operations of the position.
@@ -132,48 +143,51 @@ bool Rewrite(OpenVdm& vdm, const Records& records) {
 }
 
 /// Rewrites all VDMs, generation after generation, until it is killed.
-bool RewriteForever(const std::filesystem::path& folder, const std::uint32_t (&from)[kVdms],
-                    Progress& progress) {
+bool RewriteForever(const std::filesystem::path& folder, std::uint32_t from, Progress& progress) {
   VdmStore store(folder);
-  for (std::uint32_t step = 1;; ++step) {
+  for (std::uint32_t generation = from + 1;; ++generation) {
     for (std::size_t i = 0; i < kVdms; ++i) {
-      const std::uint32_t generation = from[i] + step;
       const auto handle = generation == 1 ? store.Create(kNumbers[i]) : store.Open(kNumbers[i]);
       if (!handle || !Rewrite(*store.Find(*handle), Generation(i, generation))) return false;
-      if (!store.Close(*handle)) return false;
-      progress.closed[i] = generation;
+      store.Close(*handle);
     }
+    if (!store.Commit("test")) return false;
+    progress.committed = generation;
   }
 }
 
-/// Returns when the first VDM was closed with that generation, however slow the machine is; gives up after a
+/// Returns when that generation was committed, however slow the machine is; gives up after a
 /// time in which any machine would have got there.
 void AwaitGeneration(const Progress& progress, std::uint32_t generation) {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-  while (progress.closed[0] < generation && !progress.failed && std::chrono::steady_clock::now() < deadline) {
+  while (progress.committed < generation && !progress.failed && std::chrono::steady_clock::now() < deadline) {
     std::this_thread::sleep_for(std::chrono::microseconds(100));
   }
 }
 
-/// Expects one whole generation of a VDM, `closed` or the one after it; gives it.
-std::uint32_t ExpectWhole(const VdmStore& store, std::size_t vdm, std::uint32_t closed) {
-  EXPECT_FALSE(Get(store.IsOpen(kNumbers[vdm])));
-  const bool exists = Get(store.Exists(kNumbers[vdm]));
-  if (closed == 0 && !exists) return 0;
-  const Records found = RecordsOf(Get(store.Snapshot(kNumbers[vdm])));
-  if (found == Generation(vdm, closed + 1)) return closed + 1;
-  EXPECT_EQ(found, Generation(vdm, closed));
-  return closed;
+/// Expects one whole generation of all VDMs, `committed` or the one after it; gives it.
+std::uint32_t ExpectWhole(const VdmStore& store, std::uint32_t committed) {
+  const auto contents = Get(store.Snapshots({Number{1}, Number{2}, Number{3}}));
+  for (const std::int64_t number : kNumbers) EXPECT_FALSE(Get(store.IsOpen(number)));
+  if (committed == 0 && contents.empty()) return 0;
+  EXPECT_EQ(contents.size(), kVdms);
+  const bool isNext = RecordsOf(contents.at(Number{1})) == Generation(0, committed + 1);
+  const std::uint32_t found = isNext ? committed + 1 : committed;
+  for (std::size_t i = 0; i < kVdms; ++i) {
+    const Number number{static_cast<std::uint32_t>(kNumbers[i])};
+    EXPECT_EQ(RecordsOf(contents.at(number)), Generation(i, found));
+  }
+  return found;
 }
 
-TEST(KilledProcess, LeavesEachVdmWhollyOfOneGenerationAndTheLockFree) {
+TEST(KilledProcess, LeavesAllVdmsWhollyOfOneGenerationAndTheLocksFree) {
   constexpr int kKills = 220;
   const test::TemporaryFolder folder;
   void* shared = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   ASSERT_NE(shared, MAP_FAILED);
   Progress& progress = *new (shared) Progress();
   test::Dice dice(17);
-  std::uint32_t found[kVdms] = {};
+  std::uint32_t found = 0;
   for (int kill = 0; kill < kKills && !testing::Test::HasFailure(); ++kill) {
     Child child([&](Child::Line& parent) {
       parent.Tell();
@@ -181,16 +195,16 @@ TEST(KilledProcess, LeavesEachVdmWhollyOfOneGenerationAndTheLockFree) {
       return false;
     });
     ASSERT_TRUE(child.line().Await());
-    AwaitGeneration(progress, found[0] + static_cast<std::uint32_t>(dice.UpTo(2)));
+    AwaitGeneration(progress, found + static_cast<std::uint32_t>(dice.UpTo(2)));
     std::this_thread::sleep_for(std::chrono::microseconds(dice.UpTo(5000)));
     child.Kill();
     EXPECT_FALSE(progress.failed);
-    const VdmStore store(folder.path());
-    for (std::size_t i = 0; i < kVdms; ++i) {
-      progress.closed[i] = found[i] = ExpectWhole(store, i, progress.closed[i]);
-    }
+    VdmStore store(folder.path());
+    store.WaitAtMost(std::chrono::milliseconds(0));
+    EXPECT_EQ(Told(store.Hold()), "");
+    progress.committed = found = ExpectWhole(store, progress.committed);
   }
-  EXPECT_GT(found[0], 50u) << "the children hardly wrote anything";
+  EXPECT_GT(found, 50u) << "the children hardly wrote anything";
   munmap(shared, sizeof(Progress));
 }
 

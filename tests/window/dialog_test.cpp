@@ -5,6 +5,8 @@
 #include <QTreeWidget>
 
 #include "support/places.h"
+#include "vdm/store.h"
+#include "view/ids.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -101,6 +103,72 @@ TEST_F(Dialogs, ThatFailAreReportedOnce) {
   EXPECT_THAT(notice().Message().toStdString(), HasSubstr("/no/such/module.so"));
   EXPECT_THAT(Messages(), HasSubstr("/no/such/module.so"));
   EXPECT_FALSE(window->session()->isAtWork());
+}
+
+/// What the definitions are, for a person.
+std::string ItemsOf(const std::filesystem::path& project) {
+  std::string items;
+  for (const std::int64_t number : {1000, 1001}) {
+    const auto content = vdm::VdmStore(project).Snapshot(number);
+    for (std::size_t i = 0; content && i < content->Size(); ++i) items += vdm::BytesOf(**content->Read(i));
+  }
+  return items;
+}
+
+TEST_F(Dialogs, StayOpenWhereAnOkCannotBeStored) {
+  OpenSample(true);
+  const auto store = folder / "lathe/store.db";
+  const std::string before = ItemsOf(folder / "lathe");
+  std::shared_ptr<QString> said;
+  bool wasOpen = false;
+  const auto pressOk = [] {
+    OnScreen()->findChild<QAbstractButton*>(QString::number(control::kOk))->click();
+  };
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         std::filesystem::permissions(store, std::filesystem::perms::owner_read);
+         said = AnswerBox("OK");
+         pressOk();
+         wasOpen = OnScreen() != nullptr;
+         EXPECT_EQ(ItemsOf(folder / "lathe"), before);
+         EXPECT_THAT(notice().Message().toStdString(), HasSubstr("store.db: is read-only"));
+         std::filesystem::permissions(store, std::filesystem::perms::owner_all);
+         pressOk();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_TRUE(wasOpen);
+  EXPECT_FALSE(window->session()->isAtWork()) << "the second OK closed it";
+  EXPECT_THAT(said->toStdString(), HasSubstr("store.db: is read-only"));
+}
+
+TEST_F(Dialogs, KeepTheDefinitionWhereAConfigurationIsBroken) {
+  OpenSample(true);
+  const std::string before = ItemsOf(folder / "lathe");
+  WriteBytes(folder / "broken.vdm", "vdm 1\nrecord\n");
+  const auto said = AnswerBox("OK");
+  Play("answer yes\nfile \"" + (folder / "broken.vdm").string() + "\"\npress " +
+       std::to_string(control::kLoad) + "\n");
+  EXPECT_THAT(said->toStdString(), HasSubstr("broken.vdm:3: is cut short"));
+  EXPECT_THAT(notice().Message().toStdString(), HasSubstr("broken.vdm:3: is cut short"));
+  EXPECT_EQ(ItemsOf(folder / "lathe"), before);
+}
+
+TEST_F(Dialogs, StoreEachEventThatTheyHandled) {
+  OpenSample();
+  std::string stored;
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         const std::string before = ItemsOf(folder / "lathe");
+         SelectNode(*OnScreen(), "Billet cylindrical");
+         OnScreen()->findChild<QLineEdit*>("2022")->setText("33");
+         EXPECT_EQ(ItemsOf(folder / "lathe"), before);
+         OnScreen()->findChild<QAbstractButton*>("2016")->click();
+         stored = ItemsOf(folder / "lathe");
+         EXPECT_NE(stored, before);
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_EQ(ItemsOf(folder / "lathe"), stored);
 }
 
 }  // namespace

@@ -85,6 +85,7 @@ TEST_F(Projects, ThatAreOpenInAnotherProcessAreNotChanged) {
   const auto before = Section(1, 3);
   vdm::VdmStore other(folder / "lathe");
   ASSERT_TRUE(other.Open(1000));
+  ASSERT_TRUE(other.Commit("test"));
   const auto said = AnswerBox("OK");
   window->equipmentCommands().Define();
   EXPECT_THAT(said->toStdString(), HasSubstr("VDM 1000 of this project is open in another process"));
@@ -106,6 +107,7 @@ TEST_F(Projects, ThatOthersChangeAreShownAsTheyAreThen) {
   OpenSample();
   vdm::VdmStore other(folder / "lathe");
   ASSERT_TRUE(other.Delete(1001));
+  ASSERT_TRUE(other.Commit("test"));
   EXPECT_TRUE(QTest::qWaitFor(
       [&] { return definition().tree().topLevelItem(1)->text(1) == "no definition yet"; }, 10'000));
 }

@@ -1,6 +1,8 @@
 #include "window/commands/equipment_commands.h"
 
+#include <QApplication>
 #include <QMessageBox>
+#include <utility>
 
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
@@ -12,6 +14,25 @@ namespace {
 
 constexpr int kRedrawDelay = 60;   // milliseconds in which the lines of a call are gathered
 constexpr int kChangePoll = 1000;  // milliseconds between looks at the files
+
+/// The first fault that is reported while an event of the module's dialog is handled.
+class EventFaults final {
+ public:
+  explicit EventFaults(MessageDock& messages)
+      : connection_(QObject::connect(&messages, &MessageDock::FaultAdded, [this](const QString& text) {
+          if (first_.isEmpty()) first_ = text;
+        })) {}
+  ~EventFaults() { QObject::disconnect(connection_); }
+  EventFaults(const EventFaults&) = delete;
+  EventFaults& operator=(const EventFaults&) = delete;
+
+  /// Empty without a fault; the next event begins.
+  QString TakeFirst() { return std::exchange(first_, QString()); }
+
+ private:
+  QMetaObject::Connection connection_;
+  QString first_;
+};
 
 }  // namespace
 
@@ -78,13 +99,28 @@ void EquipmentCommands::Call(const char* function) {
   };
   // Modules know one topic, their dialog.
   const auto help = [this](const std::string& /*topic*/) { return workplace_.showHelp("guide/pages.md"); };
+  EventFaults faults(parts_.messages);
+  const auto keepEvent = [&](const Result<void>& kept) {
+    if (!kept) parts_.messages.Tell(kept.fault());
+    ShowEventFault(faults.TakeFirst());
+    return kept;
+  };
   const auto called =
       workplace_.session->Call(function, {parts_.messages, std::make_unique<WindowPicks>(picks_),
                                           std::make_unique<CallListener>(parts_.messages, afterCall),
-                                          workplace_.window, progress, help});
+                                          workplace_.window, progress, help, keepEvent});
   emit AtWork(false);
   workplace_.Report(called);
   Refresh();
+}
+
+/// Shows in front of the module's dialog that an event of it went wrong.
+void EquipmentCommands::ShowEventFault(const QString& fault) {
+  if (fault.isEmpty()) return;
+  workplace_.showNotice(fault);
+  QWidget* const dialog = QApplication::activeModalWidget();
+  QMessageBox::warning(dialog != nullptr ? dialog : workplace_.window, workplace_.texts(Text::kWindowTitle),
+                       fault);
 }
 
 void EquipmentCommands::Refresh() {

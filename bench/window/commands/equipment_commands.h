@@ -57,6 +57,7 @@ class EquipmentCommands final : public QObject {
  private:
   bool IsFreeElsewhere();
   void Call(const char* function);
+  void ShowEventFault(const QString& fault);
   void RefreshDefinition();
   void RefreshEquipment();
   void RefreshIfChanged();

@@ -120,7 +120,9 @@ void ProjectCommands::AskToLoadVdm() {
 
 Result<void> ProjectCommands::LoadVdm(const fs::path& file, std::uint32_t vdm) {
   VANZET_TRY(const vdm::Vdm content, vdm::ReadVdmFile(file));
-  VANZET_DO(vdm::VdmStore(workplace_.session->project().folder()).Replace(vdm, content));
+  vdm::VdmStore store(workplace_.session->project().folder());
+  VANZET_DO(store.Replace(vdm, content));
+  VANZET_DO(store.Commit("vdm load"));
   workplace_.reportDone(workplace_.texts(Text::kLoaded).arg(ToQString(file)));
   emit Changed();
   return {};

@@ -23,6 +23,8 @@ struct Workplace {
 
   /// Shows why something could not be done.
   std::function<void(const Fault&)> reportFault;
+  /// Shows a text above the views until something else is shown there.
+  std::function<void(const QString&)> showNotice;
   /// Shows for a moment what was done.
   std::function<void(const QString&)> reportDone;
   /// Shows a page of the documentation: "window.md".
