@@ -1,10 +1,9 @@
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "dialog/dlg_main.h"
 #include "fuzz/fuzz.h"
+#include "fuzz/input_file.h"
 #include "platform/file_dialog.h"
 #include "store/billet_vdm.h"
 #include "support/fake_host.h"
@@ -32,36 +31,44 @@ void SetUp(test::FakeHost& host) {
   BilletVdm(1000).ReOrg([](BilletVdm&, bool) {});
 }
 
-/// The bytes as a file, in a folder of the process's own that goes with it.
-class ScriptFile {
+/// The host of all inputs; its definition is made once.
+class World {
  public:
-  explicit ScriptFile(const std::string& bytes) {
-    std::string name = std::filesystem::temp_directory_path() / "vanzet-fuzz-XXXXXX";
-    if (mkdtemp(name.data()) != nullptr) folder_ = name;
-    std::ofstream(folder_ / "script.txt", std::ios::binary) << bytes;
+  World() {
+    host_.keepsCalls = false;
+    SetUp(host_);
+    vdms_ = host_.vdms;
+    integers_ = host_.integers;
+    texts_ = host_.texts;
   }
-  ~ScriptFile() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  ScriptFile(const ScriptFile&) = delete;
-  ScriptFile& operator=(const ScriptFile&) = delete;
 
-  std::string path() const { return (folder_ / "script.txt").string(); }
+  /// The host as it was at first.
+  test::FakeHost& Fresh() {
+    host_.vdms = vdms_;
+    host_.integers = integers_;
+    host_.texts = texts_;
+    host_.lookUps.clear();
+    host_.boxes.clear();
+    return host_;
+  }
 
  private:
-  std::filesystem::path folder_;
+  test::FakeHost host_;
+  decltype(host_.vdms) vdms_;
+  decltype(host_.integers) integers_;
+  decltype(host_.texts) texts_;
 };
 
 }  // namespace
 
 /// Any bytes as a script: the dialog has to end, with every VDM closed.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  test::FakeHost host;
-  SetUp(host);
-  const ScriptFile file(fuzz::TextOf(data, size));
+  static World world;
+  static const fuzz::InputFile file("script.txt");
+  const test::FakeHost& host = world.Fresh();
   {
-    view::ScriptView view(file.path(), std::make_shared<view::Transcript>("/dev/null"));
+    view::ScriptView view(file.Of(fuzz::TextOf(data, size)).string(),
+                          std::make_shared<view::Transcript>("/dev/null"));
     // File dialogs stay cancelled, whatever the script says: its paths are any.
     const platform::PresenterScope boxes(view.Boxes());
     dialog::CDlgMain dialog(nullptr, view);

@@ -29,10 +29,12 @@ inline std::string Shown(Word number) {
 /// Notes the call before it does anything; an order to throw is carried out here.
 template <class... Arguments>
 void Note(const char* name, Arguments... arguments) {
-  std::string call = std::string(name) + "(";
-  [[maybe_unused]] const char* separator = "";
-  ((call += separator + Shown(arguments), separator = ", "), ...);
-  Host().calls.push_back(call + ")");
+  if (Host().keepsCalls) {
+    std::string call = std::string(name) + "(";
+    [[maybe_unused]] const char* separator = "";
+    ((call += separator + Shown(arguments), separator = ", "), ...);
+    Host().calls.push_back(call + ")");
+  }
   if (Host().onCall) Host().onCall(name);
 }
 

@@ -71,6 +71,8 @@ class FakeHost : private platform::BoxPresenter {
   /// Called for every function before it does anything; it may throw.
   std::function<void(const std::string& name)> onCall;
 
+  bool keepsCalls = true;  ///< false: `calls` stays empty, for work that is repeated very often
+
   // What it was asked, in order.
   std::vector<std::string> lookUps;         ///< names of functions
   std::vector<std::string> calls;           ///< "OrvoMacroVdmSeek(1, 0, 0)"
