@@ -42,7 +42,7 @@ bool Descriptor::ReplaceContent(std::string_view bytes) const {
   const auto size = static_cast<off_t>(bytes.size());
   const int refusal = size > old.st_size ? posix_fallocate(number_, 0, size) : 0;
   if (refusal != 0) {
-    static_cast<void>(ftruncate(number_, old.st_size));
+    static_cast<void>(!ftruncate(number_, old.st_size));  // the first failure is the one to report
     errno = refusal;
     return false;
   }

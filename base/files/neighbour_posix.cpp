@@ -33,7 +33,8 @@ constexpr std::string_view kPlaces[] = {kDigits, kCapitals, kSmall, kDigits, kCa
 /// A name next to the target that nobody can guess.
 fs::path NameBeside(const fs::path& target) {
   unsigned char random[std::size(kPlaces)] = {};
-  static_cast<void>(getrandom(random, sizeof random, 0));
+  // Without random bytes the name can be guessed, but it is never opened when it exists.
+  static_cast<void>(!getrandom(random, sizeof random, 0));
   std::string end(kMark);
   for (std::size_t i = 0; i < std::size(kPlaces); ++i) end += kPlaces[i][random[i] % kPlaces[i].size()];
   return target.parent_path() / (target.filename().string().substr(0, kLongestName - end.size()) + end);

@@ -13,7 +13,7 @@ inline constexpr std::size_t kItemBytes = 5000;
 /// One VDM, held open for one piece of work.
 ///
 /// Shape    records from 0, each a list of text items from 0; the host keeps one position for each handle
-/// Owns     the host's handle; the destructor closes what is still open, and reports what the host throws then
+/// Owns     the host's handle; the destructor closes what is still open, and reports an exception of the host
 /// Errors   false, after one box "<vdm number>: <what>" under the class's name; nothing is thrown or retried
 /// Story    Create or Open, seek, read and write, Close. What is done to a closed VDM is reported and has no
 ///          effect
