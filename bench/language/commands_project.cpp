@@ -35,7 +35,7 @@ Result<void> Save(const Request& request, Surroundings& surroundings) {
   VANZET_TRY(const auto content, surroundings.store.Snapshot(request.vdm));
   const auto file = surroundings.paths.Resolve(request.file);
   VANZET_DO(surroundings.store.CheckTarget(file));
-  return vdm::WriteVdmFile(file, content);
+  return surroundings.workplace.MayWrite(file) ? vdm::WriteVdmFile(file, content) : Result<void>();
 }
 
 /// After a load that failed: the caller may have deleted the VDM before, for the content that did not come.

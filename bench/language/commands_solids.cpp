@@ -62,6 +62,7 @@ Result<void> TurnBody(const Operands& operands, Surroundings& surroundings) {
 Result<void> ExportBody(const Operands& operands, Surroundings& surroundings) {
   const auto file = surroundings.paths.Resolve(operands[1].text);
   VANZET_DO(operands[1].WithPlace(surroundings.store.CheckTarget(file)));
+  if (!surroundings.workplace.MayWrite(file)) return {};
   return operands[3].WithPlace(
       modeller::ExportVrml(surroundings.bodies, operands[3].number, file, surroundings.mesh));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,10 @@ class Workplace {
 
   /// Reads the contours of one of them. Fails with `kMissing` for an unknown name.
   virtual Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) = 0;
+
+  /// Asked before a command writes a file. False in a run that keeps nothing: the command then goes on as if it
+  /// had written the file.
+  virtual bool MayWrite(const std::filesystem::path& /*file*/) { return true; }
 
   /// Shows help on a topic, if help can be shown.
   virtual Result<void> ShowHelp(const std::string& topic) = 0;
