@@ -9,6 +9,8 @@ namespace {
 
 Host* currentHost = nullptr;
 
+constexpr std::string_view kCatalogueSetting = "CLAMP_DB_PATH";
+
 /// Adds the name of a line to a fault. Its column counts in `source`, unless it has a place in another file.
 Result<void> WithLine(const Result<void>& run, const std::string& line, std::string_view source) {
   if (run) return run;
@@ -64,13 +66,32 @@ Result<std::int32_t> Host::FindBody(std::string_view name) {
 }
 
 Result<std::string> Host::Setting(std::string_view key) {
-  if (!catalogue.empty() && key == "CLAMP_DB_PATH") return catalogue.string();
+  if (!catalogue.empty() && key == kCatalogueSetting) return catalogue.string();
+  if (const auto changed = dryRun ? dryRun->Setting(key) : std::nullopt) return *changed;
   return settings_.Value(key);
+}
+
+Result<void> Host::SetSetting(std::string_view key, std::string_view value) {
+  if (!dryRun) return settings_.Set(key, value);
+  dryRun->SetSetting(key, value, project.folder() / "bench.ini");
+  if (key != kCatalogueSetting) return {};
+  VANZET_TRY(catalogue, dryRun->CopyCatalogue(project.paths().Resolve(value)));
+  return {};
+}
+
+Result<void> Host::BeginDryRun() {
+  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
+  VANZET_TRY(const auto folder, runFolder.Path());
+  VANZET_TRY(const auto setting, Setting(kCatalogueSetting));
+  const std::string path = setting.size() < kShortestPath ? Environment("clampmdb") : setting;
+  dryRun.emplace(folder);
+  VANZET_TRY(catalogue, dryRun->CopyCatalogue(project.paths().Resolve(path)));
+  return {};
 }
 
 std::string Host::Environment(std::string_view key) {
   const std::string value = project.Environment(key);
-  if (!value.empty() || key != "TMP") return value;
+  if (key != "TMP" || (!value.empty() && !dryRun)) return value;
   const auto folder = runFolder.Path();
   if (!folder) panel.Tell(folder.fault());
   return folder ? folder->string() : "";

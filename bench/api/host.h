@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "api/dry_run.h"
 #include "api/raw_stores.h"
 #include "api/trace.h"
 #include "drawing/board.h"
@@ -40,6 +42,10 @@ class Host final : public language::Workplace {
   /// the last step fails before anything is kept.
   Result<void> Commit(const std::string& occasion, const vdm::LastStep& lastStep = {});
 
+  /// From now on settings, catalogue and files stay as they are, by the rules of `DryRun`. The caller commits
+  /// nothing.
+  Result<void> BeginDryRun();
+
   /// Runs a line of the macro language. The fault names the line as its file, and quotes it as its source.
   Result<void> Command(std::string_view line);
 
@@ -53,9 +59,8 @@ class Host final : public language::Workplace {
   std::string Environment(std::string_view key) override;
 
   Result<std::string> Setting(std::string_view key) override;
-  Result<void> SetSetting(std::string_view key, std::string_view value) override {
-    return settings_.Set(key, value);
-  }
+  Result<void> SetSetting(std::string_view key, std::string_view value) override;
+  bool MayWrite(const std::filesystem::path& file) override { return !dryRun || dryRun->MayWrite(file); }
   std::vector<std::string> FigureFiles() override { return figures_.Names(); }
   Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) override {
     return figures_.Read(name);
@@ -73,6 +78,7 @@ class Host final : public language::Workplace {
   /// The source of picks; at first every pick is cancelled. Never null.
   std::unique_ptr<drawing::PickSource> picks = std::make_unique<drawing::Picks>();
   std::filesystem::path catalogue;  ///< replaces the project's catalogue of devices unless it is empty
+  std::optional<DryRun> dryRun;     ///< nothing in a run that writes its files
   modeller::BodyTable bodies;
   const modeller::MeshTolerance mesh;                             ///< of exported bodies
   modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder
