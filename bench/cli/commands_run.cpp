@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "base/files/whole_file.h"
+#include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -19,6 +20,7 @@ struct ScriptArguments {
   std::string transcript;
   std::string trace;
   bool isStrict = false;
+  bool isDryRun = false;
 };
 
 /// The script of a command: a file, or what is read from standard input.
@@ -46,6 +48,30 @@ Result<void> LoadPicks(const std::string& file, api::Host& host) {
   return {};
 }
 
+/// Says what a real run would have changed, besides the store and the drawing.
+void PrintLeftOut(const api::DryRun& run) {
+  for (const auto& file : run.LeftOut()) {
+    std::cerr << "vanzet: " + OneLine(file.string()) + ": not written in a dry run\n";
+  }
+}
+
+/// Checks and reads all that the script needs, and plays it. Nothing is kept yet.
+Result<void> Play(const ScriptSource& source, const ScriptArguments& arguments, HostedProject& hosted,
+                  Context& context) {
+  api::Host& host = *hosted.host;
+  if (arguments.isDryRun) VANZET_DO(host.BeginDryRun());
+  VANZET_TRY(const auto file, ReadScript(source, host));
+  VANZET_DO(HoldProject(host, context));
+  // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
+  VANZET_DO(host.board.Load());
+  VANZET_DO(LoadPicks(arguments.picks, host));
+  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted.project)));
+  VANZET_DO(CheckOutputFile(arguments.transcript));
+  const char* const mode = arguments.isStrict ? "strict" : "";
+  VANZET_DO(PlayScript({file, arguments.transcript, source.name, mode}, host, context));
+  return context.panel.faults() == 0 ? Result<void>() : ReportedFault();
+}
+
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const ScriptSource source{operands.words.front()};
@@ -53,21 +79,10 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
     VANZET_DO(CheckIsNoInput(output, {source.file, arguments.picks}));
   }
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
-  api::Host& host = *hosted->host;
-  VANZET_TRY(const auto file, ReadScript(source, host));
-  VANZET_DO(HoldProject(host, context));
-  // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
-  VANZET_DO(host.board.Load());
-  VANZET_DO(LoadPicks(arguments.picks, host));
-  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
-  VANZET_DO(CheckOutputFile(arguments.transcript));
-  VANZET_DO(PlayScript({.file = file,
-                        .transcript = arguments.transcript,
-                        .name = source.name,
-                        .mode = arguments.isStrict ? "strict" : ""},
-                       host, context));
-  if (context.panel.faults() > 0) return ReportedFault();
-  return host.Commit("script");
+  VANZET_DO(Play(source, arguments, *hosted, context));
+  if (!arguments.isDryRun) return hosted->host->Commit("script");
+  PrintLeftOut(*hosted->host->dryRun);
+  return {};
 }
 
 struct LineArguments {
@@ -116,6 +131,7 @@ void AddScript(Command& vanzet, Context& context) {
       .Count(1, 2);
   command.AddFlag("--strict", "fail at a message or a question that no 'answer' line awaits",
                   arguments->isStrict);
+  command.AddFlag("--dry-run", "play the script and keep nothing of what it changes", arguments->isDryRun);
   command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   command.AddOption("--transcript", "FILE", "write the transcript to this file instead of standard output",

@@ -15,6 +15,17 @@ class ScriptCommand : public CommandLineTest {
     return SectionsOf(1000, operation);
   }
 
+  /// The names and bytes of all files below a folder.
+  static std::string FilesBelow(const std::filesystem::path& top) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(top)) {
+      if (entry.is_regular_file()) files[entry.path().string()] = ReadBytes(entry.path());
+    }
+    std::string all;
+    for (const auto& [name, bytes] : files) all += name + "\n" + bytes + "\n";
+    return all;
+  }
+
   const std::string kBarJob = VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt";
 };
 
@@ -133,6 +144,22 @@ TEST_F(ScriptCommand, FailsAtARefusedValueOnlyWhenStrict) {
   EXPECT_EQ(strict.err,
             "vanzet: refused.txt:3: the script did not await a message: 'Please enter a number.'\n");
   EXPECT_EQ(ReadBytes(folder / "strict.jsonl"), ReadBytes(folder / "run.jsonl")) << "the same events";
+}
+
+TEST_F(ScriptCommand, KeepsNothingInADryRun) {
+  MakeUpgradedProject();
+  const std::string before = FilesBelow(folder / "lathe");
+  WriteBytes(folder / "save.txt",
+             ReadBytes(kBarJob).substr(0, ReadBytes(kBarJob).rfind("press 1\n")) +
+                 "select 36\nset 2123 \"Chuck X\"\nset 2033 90\nset 2034 22.5\npress 2152\npress 1\n");
+  const Outcome dry = Vanzet("script lathe save.txt --strict --dry-run --transcript run.jsonl");
+  EXPECT_EQ(dry.status, 0) << dry.err;
+  EXPECT_THAT(dry.err, testing::MatchesRegex("vanzet: .*/lathe/clampdevice.cld: not written in a dry run\n"));
+  EXPECT_THAT(ReadBytes(folder / "run.jsonl"), HasSubstr("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
+  EXPECT_TRUE(FilesBelow(folder / "lathe") == before);
+  const Outcome real = Vanzet("script lathe save.txt --strict --transcript run.jsonl");
+  EXPECT_EQ(real.status, 0) << real.err;
+  EXPECT_FALSE(FilesBelow(folder / "lathe") == before);
 }
 
 TEST_F(ScriptCommand, ServesPicksFromAFile) {

@@ -143,7 +143,7 @@ void ScriptView::Refuse(Fault fault) {
 }
 
 void ScriptView::Surprise(const std::string& what) {
-  // What follows from the first surprise is none of its own.
+  // The first surprise may cause others.
   if (!rules_.isStrict || isRefused_) return;
   isRefused_ = true;
   Report({.text = "the script did not await " + what, .line = running_});
