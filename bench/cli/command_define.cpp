@@ -169,7 +169,7 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
       arguments.transcript.empty() ? Result<void>() : WriteFile(arguments.transcript, transcript);
   if (!lines) return lines.fault();
   VANZET_DO(written);
-  return job.host.Commit("define", [&] { return Print(*lines); });
+  return KeepRun([&] { return job.host.Commit("define", [&] { return Print(*lines); }); });
 }
 
 Result<void> Define(const Arguments& arguments, Context& context) {

@@ -56,7 +56,7 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
     VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
     lines += line;
   }
-  return host.Commit("upgrade", [&] { return Print(lines); });
+  return KeepRun([&] { return host.Commit("upgrade", [&] { return Print(lines); }); });
 }
 
 struct NewArguments {

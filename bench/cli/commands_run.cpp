@@ -80,7 +80,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   }
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   VANZET_DO(Play(source, arguments, *hosted, context));
-  if (!arguments.isDryRun) return hosted->host->Commit("script");
+  if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script"); });
   PrintLeftOut(*hosted->host->dryRun);
   return {};
 }
@@ -117,7 +117,7 @@ Result<void> RunCommand(const LineArguments& arguments, Context& context) {
   const auto lines = fromInput ? LinesOf(std::cin) : operands.words;
   host.store.WaitAtMost(context.wait);
   VANZET_DO(RunLines(lines, host, context));
-  return host.Commit("command");
+  return KeepRun([&] { return host.Commit("command"); });
 }
 
 }  // namespace

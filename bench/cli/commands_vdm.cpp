@@ -6,8 +6,10 @@
 #include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "process/last_words.h"
 #include "project/project.h"
 #include "vdm/store.h"
 #include "vdm/vdm_file.h"
@@ -46,12 +48,13 @@ Result<void> Load(const VdmArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(file));
+  process::SetKept(process::Kept::kNothing);
   vdm::VdmStore store(project.folder());
   store.WaitAtMost(context.wait);
   VANZET_DO(store.Replace(arguments.number, content));
   const std::string line = "loaded VDM " + std::to_string(arguments.number) + ", " +
                            Counted(content.Size(), "record") + ", from " + OneLine(file.string()) + "\n";
-  return store.Commit("vdm load", {}, [&] { return Print(line); });
+  return KeepRun([&] { return store.Commit("vdm load", {}, [&] { return Print(line); }); });
 }
 
 Result<void> Check(const std::string& file, bool json) {

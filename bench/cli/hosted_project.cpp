@@ -11,6 +11,7 @@
 #include "cli/output_files.h"
 #include "cli/progress_line.h"
 #include "define/catalogue.h"
+#include "process/last_words.h"
 #include "project/definition.h"
 #include "project/text_file.h"
 #include "vdm/vdm_file.h"
@@ -63,6 +64,7 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
     VANZET_TRY(auto opened, api::Trace::To(traceFile));
     trace = std::move(opened);
   }
+  process::SetKept(process::Kept::kNothing);
   auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
   hosted->host->exchange = ExchangeWithProgress();
@@ -96,6 +98,13 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   surroundings.figure = [&host](const std::string& name) { return CheckFigure(name, host); };
   surroundings.solid = [&host](const std::string& name) { return CheckSolid(name, host); };
   return surroundings;
+}
+
+Result<void> KeepRun(const std::function<Result<void>()>& commit) {
+  process::SetKept(process::Kept::kUnknown);
+  auto done = commit();
+  process::SetKept(done ? process::Kept::kAll : process::Kept::kNothing);
+  return done;
 }
 
 Result<void> PlayScript(const DialogScript& script, api::Host& host, const Context& context) {

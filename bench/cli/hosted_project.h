@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -26,6 +27,9 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
 /// Keeps other processes from changing the project until the host commits or ends. Waits for one that is
 /// changing it, as long as the command line says.
 Result<void> HoldProject(api::Host& host, const Context& context);
+
+/// Keeps the work of a run by `commit`. From then on the line of a signal that ends the program says so.
+Result<void> KeepRun(const std::function<Result<void>()>& commit);
 
 /// A script of the module's dialog. Formats: docs/formats/script.md
 struct DialogScript {
