@@ -146,6 +146,17 @@ TEST_F(ScriptCommand, FailsAtARefusedValueOnlyWhenStrict) {
   EXPECT_EQ(ReadBytes(folder / "strict.jsonl"), ReadBytes(folder / "run.jsonl")) << "the same events";
 }
 
+TEST_F(ScriptCommand, StoresNothingWhenItFailsAfterGoodValues) {
+  MakeUpgradedProject();
+  const std::string before = FilesBelow(folder / "lathe");
+  const std::string good = "select 19\nset 2022 80\nset 2023 100\npress 2016\n";
+  for (const std::string bad : {"press 9999\n", "set 2022 much\npress 2016\n"}) {
+    WriteBytes(folder / "bad.txt", good + bad + "press 1\n");
+    EXPECT_EQ(Vanzet("script lathe bad.txt --strict --transcript run.jsonl").status, 1) << bad;
+    EXPECT_TRUE(FilesBelow(folder / "lathe") == before) << bad;
+  }
+}
+
 TEST_F(ScriptCommand, KeepsNothingInADryRun) {
   MakeUpgradedProject();
   const std::string before = FilesBelow(folder / "lathe");
