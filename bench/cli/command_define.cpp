@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "define/catalogue.h"
 #include "define/events.h"
 #include "define/outcome.h"
@@ -82,8 +83,7 @@ Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, 
   VANZET_TRY(const auto played, PlayDialog(file, folder / (name + ".jsonl"), job.host, job.context));
   transcript += played;
   const auto done = ReportRefusals(define::RefusedBy(played, steps, script), job.name, job.context);
-  if (!done || job.context.panel.faults() == faultsBefore) return done;
-  return Fault{"the dialog reported errors; see the messages above", job.name};
+  return done && job.context.panel.faults() > faultsBefore ? ReportedFault() : done;
 }
 
 /// The equipment that is defined now for the spurs of the form, as a form; without a definition it is empty.
@@ -175,8 +175,12 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
 Result<void> Define(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& file = operands.words.front();
+  for (const std::string& output : {arguments.trace, arguments.transcript}) {
+    VANZET_DO(CheckIsNoInput(output, {file}));
+  }
   VANZET_TRY(auto form, ReadForm(file));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
   if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   const std::string name = file == "-" ? "standard input" : file;

@@ -234,8 +234,8 @@ TEST_F(RefusedForm, IsTakenBackWhenTheHostCannotMakeTheSolid) {
   const Outcome refused =
       Define(WithChuck({{"name", "Nothing"}, {"letters", {{"A", 0}, {"B", 0}, {"C", 0}}}}), "lathe");
   EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err,
-              EndsWith("vanzet: standard input: the dialog reported errors; see the messages above\n"));
+  EXPECT_THAT(refused.err, HasSubstr("vanzet: 'k30000 "));
+  EXPECT_THAT(refused.err, testing::Not(HasSubstr("see the messages above")));
   EXPECT_TRUE(State() == before) << "the definitions, and what was drawn of them";
 }
 

@@ -31,6 +31,13 @@ TEST_F(Outputs, OfAScriptReplaceNeitherScriptNorPicks) {
   ExpectKept("script lathe s.txt --picks p.txt --transcript lathe/../p.txt", "p.txt");
 }
 
+TEST_F(Outputs, OfADefinitionDoNotReplaceItsForm) {
+  WriteBytes(folder / "job.json", R"({"spurs":[{"spur":0}]})");
+  ExpectKept("define job.json lathe --transcript job.json", "job.json");
+  ExpectKept("define job.json lathe --trace job.json", "job.json");
+  ExpectKept("define job.json lathe --transcript lathe/bench.ini", "lathe/bench.ini");
+}
+
 TEST_F(Outputs, ReplaceNoFileThatTheProjectReads) {
   WriteBytes(folder / "s.txt", "close\n");
   WriteBytes(folder / "lathe/bodies/part.stl", "solid part\nendsolid part\n");
