@@ -29,9 +29,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   vdm::SqliteEngine engine(file.Of(fuzz::TextOf(data, size)));
   const auto numbers = engine.Numbers();
   if (!numbers) return 0;
+  if (const auto all = engine.Read(*numbers)) {
+    for (const auto& [number, content] : *all) CheckContent(content);
+  }
   for (const vdm::Number number : *numbers) {
-    const auto content = engine.Read(number);
-    if (content && *content) CheckContent(**content);
     const auto opened = engine.Open(number);
     if (opened && *opened) CheckContent(**opened);
   }

@@ -25,13 +25,13 @@ std::string StoreText(const path& file) {
   vdm::SqliteEngine engine(file);
   const auto numbers = engine.Numbers();
   if (!numbers) return numbers.fault().Message();
+  const auto all = engine.Read(*numbers);
+  if (!all) return all.fault().Message();
   std::string text;
-  for (const vdm::Number number : *numbers) {
-    const auto content = engine.Read(number);
-    if (!content) return content.fault().Message();
+  for (const auto& [number, content] : *all) {
     text += vdm::NameOf(number) + "\n";
-    for (std::size_t i = 0; i < (*content)->Size(); ++i) {
-      const auto record = (*content)->Read(i);
+    for (std::size_t i = 0; i < content.Size(); ++i) {
+      const auto record = content.Read(i);
       if (!record) return record.fault().Message();
       for (std::size_t item = 0; item < (*record)->Size(); ++item) {
         text += std::to_string(i) + "." + std::to_string(item) + " " + std::string((**record)[item]) + "\n";
