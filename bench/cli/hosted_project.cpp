@@ -28,7 +28,7 @@ Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& proje
   VANZET_TRY(const auto setting, host.Setting("CLAMP_DB_PATH"));
   const std::string path = setting.size() < kShortestPath ? host.Environment("clampmdb") : setting;
   const auto text = files::ReadWholeFile(project.paths().Resolve(path));
-  // Without a catalogue there are no devices, as in the dialog.
+  // A catalogue that does not exist has no devices, as in the dialog.
   if (!text && text.fault().kind != FaultKind::kMissing) return text.fault();
   std::istringstream catalogue(text ? *text : std::string());
   return define::ReadShop(catalogue);

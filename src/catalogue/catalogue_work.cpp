@@ -47,8 +47,8 @@ bool SearchesFile(CDevice& catalogue, bool forReading, void* owner) {
          catalogue.SelectFile(forReading, owner);
 }
 
-/// Reads the file, or another one that the user chooses, and calls `onChosen` with that. The host is given the
-/// reason when the user chooses no other and the file exists.
+/// Reads the file, or another one that the user chooses, and calls `onChosen` with that. The host is given
+/// the reason when the user chooses no other and the file exists.
 void ReadSomeFile(CDevice& catalogue, void* owner, const std::function<void()>& onChosen) {
   while (true) {
     const auto read = catalogue.ReadFile();
