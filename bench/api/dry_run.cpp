@@ -27,7 +27,7 @@ bool HaveSameBytes(const fs::path& a, const fs::path& b) {
 }  // namespace
 
 Result<fs::path> DryRun::CopyCatalogue(const fs::path& catalogue) {
-  // A folder of its own: who saves a catalogue locks its folder, and that of the run is locked while it lives.
+  // A folder of its own: saving a catalogue locks its folder, and that of the run is locked while it lives.
   const fs::path copies = folder_ / "catalogues";
   std::error_code error;
   fs::create_directories(copies, error);

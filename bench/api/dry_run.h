@@ -22,8 +22,7 @@ class DryRun {
   /// `folder` is that of the run.
   explicit DryRun(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// Copies the catalogue, and returns the name of the copy; without a catalogue there is no copy either. A later
-  /// call copies another one.
+  /// Copies the catalogue, if it exists, and returns the name of the copy. A later call copies another one.
   Result<std::filesystem::path> CopyCatalogue(const std::filesystem::path& catalogue);
 
   const std::filesystem::path& folder() const { return folder_; }
