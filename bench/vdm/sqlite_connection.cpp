@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "base/files/regular_file.h"
+
 namespace vanzet::vdm {
 namespace {
 
@@ -22,6 +24,15 @@ constexpr Failure kFailures[] = {
     {SQLITE_NOTADB, FaultKind::kDamaged, "is not a database"},
     {SQLITE_READONLY, FaultKind::kSystem, "is read-only"},
 };
+
+/// SQLite opens the files beside the database by itself, and would wait for ever for a pipe.
+Result<void> CheckFilesOf(const std::filesystem::path& database) {
+  for (const char* const end : {"", "-journal", "-wal", "-shm"}) {
+    std::filesystem::path file = database;
+    VANZET_DO(files::CheckRegularFile(file += end));
+  }
+  return {};
+}
 
 /// Resets a prepared statement after use, so that it neither holds a lock nor points to bytes that are gone.
 struct Reset {
@@ -65,6 +76,7 @@ bool SqliteRow::IsNull(int column) const {
 Result<std::shared_ptr<SqliteConnection>> SqliteConnection::Open(const std::filesystem::path& file,
                                                                  IfMissing ifMissing,
                                                                  const Options& options) {
+  VANZET_DO(CheckFilesOf(file));
   sqlite3* database = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | (ifMissing == IfMissing::kMake ? SQLITE_OPEN_CREATE : 0);
   const int code = sqlite3_open_v2(file.c_str(), &database, flags, nullptr);

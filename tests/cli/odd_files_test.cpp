@@ -50,6 +50,19 @@ TEST_F(OddFiles, OfTheSettingsAreRefused) {
   }
 }
 
+TEST_F(OddFiles, OfTheStoreAreRefused) {
+  for (const std::string name : {"store.db", "store.db-journal", "store.db-wal", "store.db-shm"}) {
+    for (const Thing thing : kThings) {
+      std::filesystem::remove_all(folder / "lathe");
+      MakeUpgradedProject();
+      Put(folder / "lathe" / name, thing);
+      for (const char* command : {"show lathe", "items lathe", "upgrade lathe"}) {
+        ExpectRefused(command, name + ": is not a regular file");
+      }
+    }
+  }
+}
+
 TEST_F(OddFiles, OfTheMachineAreRefused) {
   for (const Thing thing : kThings) {
     Put(folder / "lathe/machine.ini", thing);

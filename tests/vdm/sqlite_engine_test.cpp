@@ -120,9 +120,9 @@ TEST_F(SqliteStore, RefusesASchemaThatNoVersionWrote) {
 
 TEST_F(SqliteStore, RefusesAFolderInThePlaceOfTheFile) {
   std::filesystem::create_directory(file);
-  EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": cannot be opened");
+  EXPECT_EQ(Told(SqliteEngine(file).Numbers()), file.string() + ": is not a regular file");
   SqliteEngine engine(file);
-  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": cannot be opened");
+  EXPECT_EQ(Told(WriteTo(engine, 1, Vdm())), file.string() + ": is not a regular file");
 }
 
 TEST_F(SqliteStore, IsReadButNotWrittenWithoutAWritePermission) {
