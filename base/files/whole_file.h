@@ -47,6 +47,10 @@ class FileReplacement {
 
   Result<void> Write(std::string_view bytes);
 
+  /// Puts on the disk what was written, so that `Commit` cannot run out of room. Without an effect where the
+  /// old file is written in place.
+  Result<void> Prepare();
+
   /// Gives the new content the name of the file. When it returns without a fault, both are on the disk.
   Result<void> Commit();
 

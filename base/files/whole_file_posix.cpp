@@ -118,6 +118,12 @@ Result<void> FileReplacement::Write(std::string_view bytes) {
   return Flush();
 }
 
+Result<void> FileReplacement::Prepare() {
+  if (content_ == nullptr) return {};
+  VANZET_DO(Flush());
+  return content_->descriptor().Sync() ? Result<void>() : CannotBeWritten(file_, errno);
+}
+
 Result<void> FileReplacement::Commit() {
   if (content_ == nullptr) {
     return old_->ReplaceContent(pending_) ? Result<void>() : CannotBeWritten(file_, errno);

@@ -4,8 +4,8 @@ namespace vanzet::cli {
 namespace {
 
 constexpr void (*kCommands[])(Command&, Context&) = {
-    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddDefine,     AddItems,  AddVdm,
-    AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddCompletion, AddManual,
+    AddNew,   AddOpen,    AddUpgrade, AddScript, AddShow,   AddDefine,  AddItems,      AddVdm,
+    AddStore, AddCommand, AddPicture, AddExport, AddDevice, AddContour, AddCompletion, AddManual,
 };
 
 }  // namespace

@@ -21,7 +21,8 @@ struct Context {
   std::string Heading(std::string_view english) const {
     return std::string(texts.Translate(kTextSection, english));
   }
-  bool keepsTmp = false;  ///< the folder for the files of this run stays when it ends
+  bool hasFindings = false;  ///< the work was done and found something: the exit status is 3
+  bool keepsTmp = false;     ///< the folder for the files of this run stays when it ends
   std::chrono::milliseconds wait = vdm::kUsualWait;  ///< for another process that is changing the project
 };
 
@@ -38,6 +39,7 @@ void AddShow(Command& vanzet, Context& context);
 void AddDefine(Command& vanzet, Context& context);
 void AddItems(Command& vanzet, Context& context);
 void AddVdm(Command& vanzet, Context& context);
+void AddStore(Command& vanzet, Context& context);
 void AddCommand(Command& vanzet, Context& context);
 void AddPicture(Command& vanzet, Context& context);
 void AddExport(Command& vanzet, Context& context);

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
+constexpr int kFound = 3;  // done, and it found something
 
 /// Writes each fault to standard error: a line, and the faulty line of a text file with a caret.
 class StandardErrorPanel final : public project::MessagePanel {
@@ -52,7 +53,7 @@ bool IsUnknownCommand(const std::string& word, const Command& program) {
 int DoWork(const Work& work, Context& context) {
   try {
     const auto done = work();
-    if (done) return kDone;
+    if (done) return context.hasFindings ? kFound : kDone;
     if (done.fault().kind != FaultKind::kReported) context.panel.Tell(done.fault());
   } catch (...) {
     context.panel.Tell(FaultOfException());

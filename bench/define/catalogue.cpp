@@ -43,6 +43,18 @@ std::map<std::string, DeviceParams> ReadShop(std::istream& catalogue) {
   return devices;
 }
 
+std::optional<OddLine> FirstOddLine(std::istream& catalogue) {
+  std::string name, values;
+  for (int line = 1; ReadLine(catalogue, name); line += 2) {
+    if (!ReadLine(catalogue, values))
+      return OddLine{line, "the device " + Quoted(name) + " has no value line"};
+    if (devices::KindOf(scene::ReadDeviceParams(values).type) == nullptr) {
+      return OddLine{line + 1, "the value line does not begin with the type of a device: " + Quoted(values)};
+    }
+  }
+  return std::nullopt;
+}
+
 std::string CatalogueText(const Json& form) {
   std::string text;
   ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {

@@ -2,6 +2,7 @@
 
 #include <istream>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "define/json.h"
@@ -12,6 +13,16 @@ namespace vanzet::define {
 
 /// The devices of a catalogue by their names; of two with the same name the first one counts.
 std::map<std::string, DeviceParams> ReadShop(std::istream& catalogue);
+
+/// A line of a catalogue that does not fit there; lines count from 1.
+struct OddLine {
+  int line;
+  std::string text;
+};
+
+/// The first value line that does not begin with a type of the table of devices, or a last name that has no value
+/// line; nothing for a sound catalogue.
+std::optional<OddLine> FirstOddLine(std::istream& catalogue);
 
 /// A catalogue with only the devices of a form, for playing the dialog.
 /// Requires: `CheckForm` refused nothing.

@@ -38,13 +38,15 @@ bool IsNameOfRun(std::string_view name) {
          (dash == std::string_view::npos || IsNumber(name.substr(dash + 1)));
 }
 
-void RemoveDeadFolders(const fs::path& all) {
+/// Calls for each folder of a run that has ended.
+template <class Call>
+void ForEachDeadFolder(const fs::path& all, const Call& call) {
   std::error_code error;
   if (!fs::is_directory(fs::symlink_status(all, error))) return;
   for (const fs::path& folder : EntriesOf(all)) {
     if (!IsNameOfRun(folder.filename().string())) continue;
     if (!fs::is_directory(fs::symlink_status(folder, error))) continue;
-    if (const auto lock = files::FolderLock::TryAcquire(folder)) fs::remove_all(folder, error);
+    if (const auto lock = files::FolderLock::TryAcquire(folder)) call(folder);
   }
 }
 
@@ -69,11 +71,18 @@ void RemoveOldForm(const fs::path& project) {
 }  // namespace
 
 void RemoveLitter(const fs::path& project) {
-  RemoveDeadFolders(project / "tmp");
+  std::error_code ignored;
+  ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { fs::remove_all(folder, ignored); });
   for (const fs::path& folder : {project, project / "bodies", project / "figures"}) {
     files::RemoveLeftovers(folder);
   }
   RemoveOldForm(project);
+}
+
+std::vector<fs::path> DeadRunFolders(const fs::path& project) {
+  std::vector<fs::path> folders;
+  ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { folders.push_back(folder); });
+  return folders;
 }
 
 }  // namespace vanzet::project

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace vanzet::project {
 
@@ -8,5 +9,8 @@ namespace vanzet::project {
 /// `bench.ini`, `drawing.txt`, a body or a figure. The folders and files of living runs stay, and so does
 /// everything that cannot be removed. A link in place of tmp/ is not followed.
 void RemoveLitter(const std::filesystem::path& project);
+
+/// The folders in tmp/ that killed runs left, which `RemoveLitter` would remove.
+std::vector<std::filesystem::path> DeadRunFolders(const std::filesystem::path& project);
 
 }  // namespace vanzet::project

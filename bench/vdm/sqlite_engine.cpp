@@ -6,6 +6,7 @@
 #include "base/files/whole_file.h"
 #include "vdm/commit_writer.h"
 #include "vdm/store_schema.h"
+#include "vdm/stored_record.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -18,34 +19,6 @@ constexpr std::string_view kForgetFile = "DELETE FROM file";
 
 std::int64_t Bound(Number number) {
   return static_cast<std::int64_t>(number);
-}
-
-std::int64_t Bound(RecordKey key) {
-  return static_cast<std::int64_t>(key);
-}
-
-Result<Record> RecordOf(const SqliteRow& row) {
-  VANZET_TRY(auto record, RecordFrom(row.Bytes(1), row.Integer(0)));
-  if (row.IsNull(2) || row.Integer(2) == StoredChecksum(row.Bytes(1))) return record;
-  return Fault{.text = "its checksum is another one: its bytes were changed", .kind = FaultKind::kDamaged};
-}
-
-/// The one record with that key.
-Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
-                          RecordKey key) {
-  const auto damage = [&](const std::string& what) {
-    return connection.DamageOf("record " + std::to_string(Bound(key)) + ", of " + NameOf(number) + ": " +
-                               what);
-  };
-  std::optional<Record> record;
-  VANZET_DO(connection.Run(queries.record, {Bound(key)}, [&](const SqliteRow& row) -> Result<void> {
-    auto read = RecordOf(row);
-    if (!read) return damage(read.fault().text);
-    record = std::move(*read);
-    return {};
-  }));
-  if (!record) return damage("it is missing");
-  return std::move(*record);
 }
 
 /// True when all records that `content` left in the store are among `keys`.

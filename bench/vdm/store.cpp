@@ -1,11 +1,11 @@
 #include "vdm/store.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <set>
 #include <system_error>
 
+#include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "vdm/checksum.h"
 #include "vdm/sqlite_engine.h"
@@ -19,11 +19,8 @@ Fault MissingFault(Number number) {
 
 /// The checksum of a text file's content; nothing without a file that can be read.
 std::optional<std::uint64_t> ChecksumOfFile(const std::filesystem::path& file) {
-  std::error_code unknown;
-  if (!std::filesystem::is_regular_file(file, unknown)) return std::nullopt;
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) return std::nullopt;
-  return ChecksumOf(std::string(std::istreambuf_iterator<char>(stream), {}));
+  const auto content = files::ReadWholeFile(file);
+  return content ? std::optional(ChecksumOf(*content)) : std::nullopt;
 }
 
 }  // namespace
@@ -72,6 +69,7 @@ Result<void> VdmStore::Write(const std::string& occasion, TextFile* file, const 
   // Its bytes are on the disk before the transaction: after that, nothing can run out of room.
   VANZET_TRY(auto replacement, files::FileReplacement::Begin(target));
   VANZET_DO(replacement.Write(file->content));
+  VANZET_DO(replacement.Prepare());
   if (!HasChanges()) {
     if (lastStep) VANZET_DO(lastStep());
     return replacement.Commit();

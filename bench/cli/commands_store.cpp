@@ -1,0 +1,183 @@
+#include <filesystem>
+#include <fstream>
+
+#include <nlohmann/json.hpp>
+
+#include "base/files/regular_file.h"
+#include "base/files/whole_file.h"
+#include "base/one_line.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/output.h"
+#include "define/catalogue.h"
+#include "drawing/board.h"
+#include "project/litter.h"
+#include "project/project.h"
+#include "project/run_folder.h"
+#include "project/settings_file.h"
+#include "vdm/store_care.h"
+
+/// The commands that look after what a project has stored.
+namespace vanzet::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kStore = "store.db";
+
+/// One thing that is wrong, in one file of the project.
+struct Finding {
+  std::string file;
+  std::string text;
+};
+using Findings = std::vector<Finding>;
+
+void AddFault(Findings& findings, const Fault& fault, const fs::path& project) {
+  const std::string line = fault.line > 0 ? "line " + std::to_string(fault.line) + ": " : "";
+  const fs::path file = fs::path(fault.file).lexically_relative(project);
+  findings.push_back({file.empty() ? fault.file : file.string(), line + fault.text});
+}
+
+void CheckDrawing(const project::Project& project, Findings& findings) {
+  drawing::Board board(project.folder());
+  if (const auto loaded = board.Load(); !loaded) AddFault(findings, loaded.fault(), project.folder());
+}
+
+/// The catalogue that the project uses; one that does not exist is no finding.
+Result<void> CheckCatalogue(const project::Project& project, Findings& findings) {
+  VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value("CLAMP_DB_PATH"));
+  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
+  const std::string path = setting.size() < kShortestPath ? project.Environment("clampmdb") : setting;
+  const fs::path file = project.paths().Resolve(path);
+  const auto text = files::ReadWholeFile(file);
+  if (!text && text.fault().kind == FaultKind::kMissing) return {};
+  if (!text) return AddFault(findings, text.fault(), project.folder()), Result<void>();
+  std::istringstream lines(*text);
+  const auto odd = define::FirstOddLine(lines);
+  if (!odd) return {};
+  AddFault(findings, {.text = odd->text, .file = file.string(), .line = odd->line}, project.folder());
+  return {};
+}
+
+Result<Findings> FindingsOf(const project::Project& project) {
+  Findings findings;
+  VANZET_TRY(const auto store, vdm::CheckStore(project.folder() / kStore));
+  for (const std::string& text : store) findings.push_back({kStore, text});
+  CheckDrawing(project, findings);
+  VANZET_DO(CheckCatalogue(project, findings));
+  for (const fs::path& folder : project::DeadRunFolders(project.folder())) {
+    findings.push_back(
+        {folder.lexically_relative(project.folder()).string(), "is left from a run that was killed"});
+  }
+  return findings;
+}
+
+struct CheckArguments {
+  std::string project = ".";
+  bool json = false;
+};
+
+Result<void> PrintFindings(const Findings& findings) {
+  std::string lines;
+  for (const Finding& finding : findings) lines += OneLine(finding.file + ": " + finding.text) + "\n";
+  return Print(findings.empty() ? "nothing was found\n" : lines);
+}
+
+Result<void> PrintFindingsAsJson(const Findings& findings) {
+  Json list = Json::array();
+  for (const Finding& finding : findings) list.push_back({{"file", finding.file}, {"text", finding.text}});
+  return PrintJson({{"findings", list}});
+}
+
+Result<void> Check(const CheckArguments& arguments, Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
+  VANZET_TRY(const auto findings, FindingsOf(project));
+  VANZET_DO(arguments.json ? PrintFindingsAsJson(findings) : PrintFindings(findings));
+  context.hasFindings = !findings.empty();
+  return {};
+}
+
+Result<void> Repair(const std::string& folder, const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(folder, context.places.share));
+  vdm::VdmStore store(project.folder());
+  store.WaitAtMost(context.wait);
+  VANZET_DO(store.Hold());
+  VANZET_TRY(const auto repair, vdm::RepairStore(project.folder() / kStore));
+  if (repair.aside.empty()) return Print("the store is sound; nothing was changed\n");
+  std::string lines;
+  for (const std::string& text : repair.missing) lines += OneLine("missing: " + text) + "\n";
+  return Print(lines + "kept " + Counted(repair.vdms, "VDM") + " with " + Counted(repair.records, "record") +
+               "; the damaged file is " + OneLine(repair.aside.string()) + "\n");
+}
+
+/// Copies a file piece by piece; the target has its old content or all of the new one.
+Result<void> ReplaceByCopy(const fs::path& from, const fs::path& to) {
+  constexpr std::size_t kPiece = 1 << 20;
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(to));
+  std::ifstream bytes(from, std::ios::binary);
+  std::string piece(kPiece, '\0');
+  while (bytes.read(piece.data(), kPiece) || bytes.gcount() > 0) {
+    VANZET_DO(replacement.Write({piece.data(), static_cast<std::size_t>(bytes.gcount())}));
+  }
+  if (!bytes.eof()) return Fault{.text = "cannot be read", .file = from.string(), .kind = FaultKind::kSystem};
+  return replacement.Commit();
+}
+
+struct BackupArguments {
+  std::vector<std::string> words;
+};
+
+Result<void> Backup(const BackupArguments& arguments, const Context& context) {
+  const SplitWords operands = SplitOperands(arguments.words, 1);
+  VANZET_TRY(const auto project, project::Project::Open(operands.project, context.places.share));
+  const std::string& file = operands.words.front();
+  VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(file));
+  project::RunFolder run(project.folder());
+  VANZET_TRY(const auto folder, run.Path());
+  VANZET_DO(vdm::CopyStore(project.folder() / kStore, folder / kStore));
+  VANZET_DO(ReplaceByCopy(folder / kStore, file));
+  return Print("saved the store to " + OneLine(file) + "\n");
+}
+
+void AddCheck(Command& store, Context& context) {
+  const auto arguments = std::make_shared<CheckArguments>();
+  Command& command = store.AddCommand("check",
+                                      "Reads the whole store, the drawing and the catalogue, and reports "
+                                      "what is wrong, one line per finding.");
+  AddProject(command, arguments->project);
+  command.AddFlag("--json", "print JSON", arguments->json);
+  command.notes = "The exit status is 3 when something was found.";
+  command.examples = {"vanzet store check lathe"};
+  command.work = [=, &context] { return Check(*arguments, context); };
+}
+
+void AddRepair(Command& store, Context& context) {
+  const auto project = std::make_shared<std::string>(".");
+  Command& command = store.AddCommand(
+      "repair",
+      "Keeps what can be read of a damaged store, sets the damaged file aside, and reports what is missing.");
+  AddProject(command, *project);
+  AddWait(command, context);
+  command.examples = {"vanzet store repair lathe"};
+  command.work = [=, &context] { return Repair(*project, context); };
+}
+
+void AddBackup(Command& store, const Context& context) {
+  const auto arguments = std::make_shared<BackupArguments>();
+  Command& command = store.AddCommand("backup", "Saves a copy of the store, also while others work.");
+  command.AddOperands("[PROJECT] FILE", "", arguments->words).Required().Count(1, 2);
+  command.examples = {"vanzet store backup lathe monday.db"};
+  command.work = [=, &context] { return Backup(*arguments, context); };
+}
+
+}  // namespace
+
+void AddStore(Command& vanzet, Context& context) {
+  Command& store = vanzet.AddCommand("store", "Checks, repairs and saves what a project has stored.");
+  store.examples = {"vanzet store check lathe"};
+  AddCheck(store, context);
+  AddRepair(store, context);
+  AddBackup(store, context);
+}
+
+}  // namespace vanzet::cli

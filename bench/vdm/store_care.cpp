@@ -1,0 +1,193 @@
+#include "vdm/store_care.h"
+
+#include <map>
+#include <set>
+#include <system_error>
+
+#include "base/files/system_fault.h"
+#include "vdm/sqlite_engine.h"
+#include "vdm/store_schema.h"
+#include "vdm/stored_record.h"
+
+namespace vanzet::vdm {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The parts of a store that belong to nothing.
+struct Orphans {
+  std::string_view count;  ///< the statement that counts them
+  std::string_view text;   ///< after the count
+};
+
+constexpr Orphans kOrphans[] = {
+    {"SELECT count(*) FROM record WHERE key NOT IN (SELECT record FROM place)", " records belong to no VDM"},
+    {"SELECT count(*) FROM place WHERE vdm NOT IN (SELECT number FROM vdm)", " places belong to no VDM"},
+    {"SELECT count(*) - count(DISTINCT record) FROM place", " records are at two places"},
+};
+
+/// What a store holds as far as it can be read, and what is wrong with the rest.
+class Reader {
+ public:
+  /// The faults of opening: those of a file that is not a database are findings, too.
+  Result<void> Read(const fs::path& file) {
+    std::error_code unknown;
+    if (!fs::exists(file, unknown)) return {};
+    const auto done = OpenAndReadAll(file);
+    if (done || done.fault().kind != FaultKind::kDamaged) return done;
+    Note(done.fault());
+    return {};
+  }
+
+  Changes content;
+  std::size_t records = 0;
+  StoreFindings findings;
+
+ private:
+  Result<void> OpenAndReadAll(const fs::path& file) {
+    VANZET_TRY(connection_, SqliteConnection::Open(file, SqliteConnection::IfMissing::kFail, {}));
+    VANZET_TRY(const auto reading, SqliteTransaction::Begin(*connection_, SqliteTransaction::Kind::kRead));
+    VANZET_TRY(const auto schema, SchemaOf(*connection_));
+    if (schema == 0) return {};
+    CheckStructure();
+    const StoreQueries& queries = QueriesOf(schema);
+    for (const std::int64_t number : NumbersIn(queries)) ReadVdm(number, queries);
+    for (const Orphans& orphans : kOrphans) CountOrphans(orphans);
+    return {};
+  }
+
+  void Note(const Fault& fault) { findings.push_back(fault.text); }
+  void Note(const Result<void>& done) {
+    if (!done) Note(done.fault());
+  }
+
+  void CheckStructure() {
+    Note(connection_->Run("PRAGMA integrity_check(20)", {}, [this](const SqliteRow& row) -> Result<void> {
+      if (row.Bytes(0) != "ok") findings.emplace_back(row.Bytes(0));
+      return {};
+    }));
+  }
+
+  std::vector<std::int64_t> NumbersIn(const StoreQueries& queries) {
+    std::vector<std::int64_t> numbers;
+    Note(connection_->Run(queries.numbers, {}, [&](const SqliteRow& row) -> Result<void> {
+      numbers.push_back(row.Integer(0));
+      return {};
+    }));
+    return numbers;
+  }
+
+  void ReadVdm(std::int64_t wanted, const StoreQueries& queries) {
+    const auto number = NumberFrom(wanted);
+    if (!number) return Note(number.fault());
+    Vdm vdm;
+    for (const RecordKey key : PlacesOf(*number, queries)) {
+      auto record = LoadRecord(*connection_, queries, *number, key);
+      if (!record) {
+        Note(record.fault());
+        continue;
+      }
+      vdm.Insert(vdm.Size(), std::move(*record));
+    }
+    records += vdm.Size();
+    content.emplace(*number, std::move(vdm));
+  }
+
+  std::vector<RecordKey> PlacesOf(Number number, const StoreQueries& queries) {
+    std::vector<RecordKey> keys;
+    std::int64_t expected = 0;
+    Note(connection_->Run(
+        queries.places, {static_cast<std::int64_t>(number)}, [&](const SqliteRow& row) -> Result<void> {
+          if (row.Integer(0) != expected) {
+            findings.push_back(NameOf(number) + " has no record " + std::to_string(expected));
+          }
+          expected = row.Integer(0) + 1;
+          keys.push_back(RecordKey{row.Integer(1)});
+          return {};
+        }));
+    return keys;
+  }
+
+  void CountOrphans(const Orphans& orphans) {
+    const auto count = connection_->Integer(orphans.count);
+    if (!count) return Note(count.fault());
+    if (*count > 0) findings.push_back(std::to_string(*count) + std::string(orphans.text));
+  }
+
+  std::shared_ptr<SqliteConnection> connection_;
+};
+
+/// A name beside the file that does not exist.
+fs::path FreeName(const fs::path& file, const std::string& ending) {
+  const std::string first = file.string() + ending;
+  std::error_code unknown;
+  for (int number = 0;; ++number) {
+    const std::string name = number == 0 ? first : first + "-" + std::to_string(number);
+    if (!fs::exists(fs::symlink_status(name, unknown))) return name;
+  }
+}
+
+Result<void> WriteStore(const fs::path& file, const Changes& content) {
+  SqliteEngine engine(file);
+  const std::string occasion = "repair";
+  return engine.Apply({content, nullptr, occasion, {}});
+}
+
+/// Gives the file a second name, so that it has one at every moment, and puts the new one in its place. Without
+/// anything to keep there is no new one.
+Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::path& repaired) {
+  std::error_code error;
+  if (!fs::exists(repaired, error)) {
+    fs::rename(file, aside, error);
+    return error ? files::SystemFault("cannot be renamed", error, file) : Result<void>();
+  }
+  fs::create_hard_link(file, aside, error);
+  if (error) fs::copy_file(file, aside, error);
+  if (error) return files::SystemFault("cannot be written", error, aside);
+  fs::rename(repaired, file, error);
+  if (error) return files::SystemFault("cannot be written", error, file);
+  return {};
+}
+
+}  // namespace
+
+Result<StoreFindings> CheckStore(const fs::path& file) {
+  Reader reader;
+  VANZET_DO(reader.Read(file));
+  return reader.findings;
+}
+
+Result<StoreRepair> RepairStore(const fs::path& file) {
+  StoreRepair repair;
+  {
+    Reader reader;
+    VANZET_DO(reader.Read(file));
+    if (reader.findings.empty()) return repair;
+    repair.vdms = reader.content.size();
+    repair.records = reader.records;
+    repair.missing = reader.findings;
+    const fs::path repaired = FreeName(file, ".repaired");
+    VANZET_DO(WriteStore(repaired, reader.content));
+    repair.aside = FreeName(file, ".damaged");
+    const auto exchanged = Exchange(file, repair.aside, repaired);
+    std::error_code ignored;
+    if (!exchanged) fs::remove(repaired, ignored);
+    VANZET_DO(exchanged);
+  }
+  return repair;
+}
+
+Result<void> CopyStore(const fs::path& file, const fs::path& copy) {
+  std::error_code unknown;
+  if (!fs::exists(file, unknown)) {
+    return Fault{.text = "does not exist: the project has no store yet",
+                 .file = file.string(),
+                 .kind = FaultKind::kMissing};
+  }
+  VANZET_TRY(const auto connection, SqliteConnection::Open(file, SqliteConnection::IfMissing::kFail, {}));
+  VANZET_DO(SchemaOf(*connection));
+  const std::string name = copy.string();
+  return connection->Run("VACUUM INTO ?1", {SqliteConnection::Text{name}});
+}
+
+}  // namespace vanzet::vdm

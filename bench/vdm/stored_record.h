@@ -1,0 +1,14 @@
+#pragma once
+
+#include "vdm/sqlite_connection.h"
+#include "vdm/store_schema.h"
+#include "vdm/vdm.h"
+
+namespace vanzet::vdm {
+
+/// Reads one record of the VDM `number` and verifies its count and its checksum. Fails with `kDamaged` for one
+/// that is missing or was changed. Requires: `queries` are those of the file's schema.
+Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
+                          RecordKey key);
+
+}  // namespace vanzet::vdm
