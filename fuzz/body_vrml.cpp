@@ -4,9 +4,10 @@
 #include "modeller/exchange/read_vrml.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vanzet::fuzz::ReadContained([&] {
+  const auto read = [&] {
     std::istringstream text(vanzet::fuzz::TextOf(data, size));
     return vanzet::modeller::ReadVrml(text);
-  });
+  };
+  vanzet::fuzz::ReadContained(read, vanzet::modeller::UnpackMeshes);
   return 0;
 }

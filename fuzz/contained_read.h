@@ -9,20 +9,17 @@
 #include <fstream>
 
 #include "fuzz/fuzz.h"
-#include "modeller/body_size.h"
+#include "modeller/answers.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange_process.h"
-#include "modeller/facets.h"
-#include "modeller/parcel.h"
+#include "modeller/kernel.h"
 #include "modeller/temporary_file.h"
 
 /// For readers that are mostly Open CASCADE, which breaks on some inputs. What must hold is not that it never
 /// breaks but that nothing else does: each input is read in a process of its own under the limits of the
 /// exchange program, and this process then takes what came back as the workbench would.
 namespace vanzet::fuzz {
-
-using Bodies = std::vector<modeller::ParcelBody>;
 
 /// Neither the fuzzer nor a sanitizer takes the end of this process for a finding, and nothing is printed.
 inline void LeaveTheFuzzer() {
@@ -42,30 +39,17 @@ bool ReadInChild(Read read, const modeller::MemoryFile& parcel) {
   LeaveTheFuzzer();
   modeller::LimitProcess(kSeconds, kBytes);
   modeller::CollectKernelMessages();
-  const auto bodies = modeller::CatchKernelFailures([&]() -> Result<Bodies> { return read(); });
-  if (!bodies) return false;
+  const auto answer = modeller::CatchKernelFailures(read);
+  if (!answer) return false;
   std::ofstream bytes(parcel.Path(), std::ios::binary);
-  modeller::PackParcel(*bodies, bytes);
+  modeller::Pack(*answer, bytes);
   return bytes.flush().good();
 }
 
-/// The work of the workbench: bodies that were read can be taken, counted and shown.
-inline Result<void> TakeBodies(const modeller::MemoryFile& parcel) {
-  return modeller::CatchKernelFailures([&]() -> Result<void> {
-    std::ifstream bytes(parcel.Path(), std::ios::binary);
-    VANZET_TRY(const auto bodies, modeller::UnpackParcel(bytes));
-    for (const auto& body : bodies) {
-      VANZET_DO(modeller::CountFaces(body.shape));
-      if (modeller::HasFacetsOnly(body.shape)) static_cast<void>(modeller::FacetsOf(body.shape));
-    }
-    return {};
-  });
-}
-
-/// Runs `read`, which returns `Result<Bodies>`, on one input. Breaks when bodies come back that the workbench
-/// cannot take.
-template <class Read>
-void ReadContained(Read read) {
+/// Runs `read` on one input, and has the workbench `take` the answer. Breaks when it was read and cannot be
+/// taken.
+template <class Read, class Take>
+void ReadContained(Read read, Take take) {
   const auto parcel = modeller::MemoryFile::Make();
   if (!parcel) std::abort();
   const pid_t child = fork();
@@ -74,7 +58,9 @@ void ReadContained(Read read) {
   int status = 0;
   if (waitpid(child, &status, 0) != child) std::abort();
   const bool wasRead = WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
-  if (wasRead && !TakeBodies(*parcel)) std::abort();
+  if (!wasRead) return;
+  std::ifstream answer(parcel->Path(), std::ios::binary);
+  if (!take(answer)) std::abort();
 }
 
 /// The same for a file with that ending.
@@ -82,10 +68,11 @@ inline void ReadContainedFile(const char* ending, const std::uint8_t* data, std:
   static const auto file = modeller::TemporaryFile::Make(ending);
   if (!file) std::abort();
   std::ofstream(file->path(), std::ios::binary) << TextOf(data, size);
-  ReadContained([&]() -> Result<Bodies> {
+  const auto read = [&]() -> Result<modeller::ReadBody> {
     VANZET_TRY(const auto shape, modeller::ReadFile(file->path()));
-    return Bodies{{"body", {}, shape}};
-  });
+    return modeller::AnswerOf(shape);
+  };
+  ReadContained(read, modeller::UnpackReadBody);
 }
 
 }  // namespace vanzet::fuzz

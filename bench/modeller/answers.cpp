@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 #include <type_traits>
+#include <utility>
 
 #include "modeller/body_size.h"
 
@@ -13,9 +14,14 @@ namespace {
 
 using geometry::Box3d;
 using geometry::Point3d;
+using Numbers = std::vector<double>;
 
-template <class Value>
-void PackList(const std::vector<Value>& list, std::ostream& bytes) {
+constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 30U;
+
+/// Writes a vector or a text.
+template <class List>
+void PackList(const List& list, std::ostream& bytes) {
+  using Value = typename List::value_type;
   static_assert(std::is_trivially_copyable_v<Value>);
   const std::uint64_t length = list.size();
   bytes.write(reinterpret_cast<const char*>(&length), sizeof(length));
@@ -27,23 +33,37 @@ Fault Incomplete() {
   return Fault{"the exchange program gave an incomplete answer"};
 }
 
-template <class Value>
-Result<std::vector<Value>> UnpackList(std::istream& bytes, std::uint64_t most) {
+template <class List>
+Result<List> UnpackList(std::istream& bytes, std::uint64_t most) {
+  using Value = typename List::value_type;
   std::uint64_t length = 0;
   if (!bytes.read(reinterpret_cast<char*>(&length), sizeof(length)) || length > most) return Incomplete();
-  std::vector<Value> list(length);
+  List list(length, Value{});
   bytes.read(reinterpret_cast<char*>(list.data()), static_cast<std::streamsize>(length * sizeof(Value)));
   if (!bytes) return Incomplete();
   return list;
 }
 
 Result<std::vector<double>> UnpackNumbers(std::istream& bytes, std::size_t count) {
-  VANZET_TRY(auto numbers, UnpackList<double>(bytes, count));
+  VANZET_TRY(auto numbers, UnpackList<Numbers>(bytes, count));
   if (numbers.size() != count) return Incomplete();
   return numbers;
 }
 
 }  // namespace
+
+void Pack(const ReadBody& body, std::ostream& bytes) {
+  PackList(body.surfaces, bytes);
+  if (body.facets) Pack(*body.facets, bytes);
+}
+
+void Pack(const std::vector<NamedMesh>& meshes, std::ostream& bytes) {
+  PackList<std::vector<std::uint64_t>>({meshes.size()}, bytes);
+  for (const NamedMesh& named : meshes) {
+    PackList(named.name, bytes);
+    Pack(named.mesh, bytes);
+  }
+}
 
 void Pack(const Mesh& mesh, std::ostream& bytes) {
   PackList(mesh.points, bytes);
@@ -51,20 +71,41 @@ void Pack(const Mesh& mesh, std::ostream& bytes) {
 }
 
 void Pack(const Box3d& box, std::ostream& bytes) {
-  PackList<double>({box.min.x, box.min.y, box.min.z, box.max.x, box.max.y, box.max.z}, bytes);
+  PackList<Numbers>({box.min.x, box.min.y, box.min.z, box.max.x, box.max.y, box.max.z}, bytes);
 }
 
 void Pack(const Measures& measures, std::ostream& bytes) {
   const Point3d& centroid = measures.centroid;
-  PackList<double>(
+  PackList<Numbers>(
       {measures.volume, measures.area, centroid.x, centroid.y, centroid.z, measures.closed ? 1.0 : 0.0},
       bytes);
 }
 
+Result<ReadBody> UnpackReadBody(std::istream& bytes) {
+  ReadBody body;
+  VANZET_TRY(body.surfaces, UnpackList<std::string>(bytes, kMostBytes));
+  if (!body.surfaces.empty()) return body;
+  VANZET_TRY(auto facets, UnpackMesh(bytes));
+  body.facets = std::move(facets);
+  return body;
+}
+
+Result<std::vector<NamedMesh>> UnpackMeshes(std::istream& bytes) {
+  VANZET_TRY(const auto count, UnpackList<std::vector<std::uint64_t>>(bytes, 1));
+  if (count.empty()) return Incomplete();
+  std::vector<NamedMesh> meshes;
+  for (std::uint64_t i = 0; i < count.front(); ++i) {
+    NamedMesh& named = meshes.emplace_back();
+    VANZET_TRY(named.name, UnpackList<std::string>(bytes, kMostBytes));
+    VANZET_TRY(named.mesh, UnpackMesh(bytes));
+  }
+  return meshes;
+}
+
 Result<Mesh> UnpackMesh(std::istream& bytes) {
   Mesh mesh;
-  VANZET_TRY(mesh.points, UnpackList<Point3d>(bytes, 3 * kMostFacets));
-  VANZET_TRY(mesh.triangles, UnpackList<std::array<int, 3>>(bytes, kMostFacets));
+  VANZET_TRY(mesh.points, UnpackList<std::vector<Point3d>>(bytes, 3 * kMostFacets));
+  VANZET_TRY(mesh.triangles, UnpackList<std::vector<std::array<int, 3>>>(bytes, kMostFacets));
   const int end = static_cast<int>(mesh.points.size());
   for (const auto& triangle : mesh.triangles) {
     const bool isThere =

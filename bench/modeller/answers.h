@@ -1,6 +1,9 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "base/result.h"
 #include "geometry/box.h"
@@ -11,12 +14,28 @@
 /// memory, each list after its length.
 namespace vanzet::modeller {
 
+/// A body that was read: its triangles when it has no surfaces.
+struct ReadBody {
+  std::optional<Mesh> facets;
+  std::string surfaces;  ///< in the binary form of Open CASCADE, into which the workbench does not look
+};
+
+/// A face set of a VRML text.
+struct NamedMesh {
+  std::string name;
+  Mesh mesh;
+};
+
+void Pack(const ReadBody& body, std::ostream& bytes);
+void Pack(const std::vector<NamedMesh>& meshes, std::ostream& bytes);
 void Pack(const Mesh& mesh, std::ostream& bytes);
 void Pack(const geometry::Box3d& box, std::ostream& bytes);
 void Pack(const Measures& measures, std::ostream& bytes);
 
 /// These read what `Pack` wrote, and trust nothing in it: they fail when it is incomplete, larger than a body
 /// may be, or names a point that does not exist.
+Result<ReadBody> UnpackReadBody(std::istream& bytes);
+Result<std::vector<NamedMesh>> UnpackMeshes(std::istream& bytes);
 Result<Mesh> UnpackMesh(std::istream& bytes);
 Result<geometry::Box3d> UnpackBox(std::istream& bytes);
 Result<Measures> UnpackMeasures(std::istream& bytes);

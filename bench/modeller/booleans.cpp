@@ -7,6 +7,7 @@
 #include <TopoDS_Compound.hxx>
 #include <algorithm>
 
+#include "modeller/foreign.h"
 #include "modeller/kernel.h"
 
 namespace vanzet::modeller {
@@ -18,6 +19,10 @@ TopTools_ListOfShape ShapesOf(const std::vector<Body>& bodies) {
   return shapes;
 }
 
+bool IsOfAFile(const Body& body) {
+  return IsForeign(body.shape());
+}
+
 }  // namespace
 
 Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>& tools) {
@@ -25,6 +30,9 @@ Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>&
   if (bodies.empty()) return Fault{"no body was given"};
   if (std::ranges::any_of(bodies, &Body::IsStl) || std::ranges::any_of(tools, &Body::IsStl)) {
     return Fault{"a body of facets cannot be cut"};
+  }
+  if (std::ranges::any_of(bodies, IsOfAFile) || std::ranges::any_of(tools, IsOfAFile)) {
+    return Fault{"the body of a file cannot be cut"};
   }
   return CatchKernelFailures([&]() -> Result<Body> {
     BRepAlgoAPI_Cut cut;
@@ -40,15 +48,13 @@ Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>&
 Result<Body> JoinBodies(const std::vector<Body>& bodies) {
   if (bodies.empty()) return Fault{"no body was given"};
   if (bodies.size() == 1) return bodies.front();
+  if (std::ranges::any_of(bodies, IsOfAFile)) return Fault{"the body of a file cannot be joined to others"};
   return CatchKernelFailures([&]() -> Result<Body> {
     const BRep_Builder builder;
     TopoDS_Compound compound;
     builder.MakeCompound(compound);
     for (const Body& body : bodies) builder.Add(compound, body.shape().shape);
-    const auto isOfAFile = [](const Body& body) { return body.shape().origin != nullptr; };
-    const auto foreign = std::ranges::find_if(bodies, isOfAFile);
-    return BodyOf(compound, std::ranges::all_of(bodies, &Body::IsStl),
-                  foreign == bodies.end() ? nullptr : foreign->shape().origin);
+    return BodyOf(compound, std::ranges::all_of(bodies, &Body::IsStl));
   });
 }
 

@@ -1,28 +1,30 @@
-#include <BinTools.hxx>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 #include "base/places.h"
-#include "modeller/body_size.h"
+#include "modeller/answers.h"
 #include "modeller/exchange_process.h"
 #include "modeller/facets.h"
 #include "modeller/foreign.h"
 #include "modeller/kernel.h"
-#include "modeller/parcel.h"
 
 namespace vanzet::modeller {
 namespace {
 
 namespace fs = std::filesystem;
 
-Result<Body> Unpack(const MemoryFile& parcel, const std::shared_ptr<const Origin>& origin) {
+Body FacetBody(const Mesh& mesh) {
+  return BodyOf(FaceOf(mesh), true);
+}
+
+Result<Body> Unpack(const MemoryFile& parcel, Origin origin) {
   return CatchKernelFailures([&]() -> Result<Body> {
     std::ifstream bytes(parcel.Path(), std::ios::binary);
-    TopoDS_Shape shape;
-    BinTools::Read(shape, bytes);
-    if (shape.IsNull()) return Fault{"the exchange program returned no body"};
-    VANZET_DO(CountFaces(shape));
-    return BodyOf(shape, HasFacetsOnly(shape), origin);
+    VANZET_TRY(auto read, UnpackReadBody(bytes));
+    if (read.facets) return FacetBody(*read.facets);
+    origin.surfaces = std::move(read.surfaces);
+    return ForeignBody(std::move(origin));
   });
 }
 
@@ -40,7 +42,7 @@ Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
                                               std::to_string(exchange.limits.bytes), file.string()};
   auto done = RunExchange(exchange, arguments, parcel);
   // Who watches the progress of the reading may be gone when the body is worked on.
-  const auto origin = std::make_shared<const Origin>(Origin{file, {exchange.program, exchange.limits}});
+  const Origin origin = {file, {exchange.program, exchange.limits}, {}};
   auto body = done ? Unpack(parcel, origin) : Result<Body>(done.fault());
   if (body) return body;
   return WithFile(body.fault(), file);
@@ -57,12 +59,9 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
   VANZET_DO(RunExchange(exchange, arguments, parcel));
   return CatchKernelFailures([&]() -> Result<std::vector<VrmlBody>> {
     std::ifstream answer(parcel.Path(), std::ios::binary);
-    VANZET_TRY(const auto read, UnpackParcel(answer));
+    VANZET_TRY(const auto read, UnpackMeshes(answer));
     std::vector<VrmlBody> bodies;
-    for (const ParcelBody& body : read) {
-      VANZET_DO(CountFaces(body.shape));
-      bodies.push_back({body.name, BodyOf(body.shape, true)});
-    }
+    for (const NamedMesh& named : read) bodies.push_back({named.name, FacetBody(named.mesh)});
     return bodies;
   });
 }

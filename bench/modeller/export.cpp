@@ -6,6 +6,7 @@
 #include "base/number_text.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
+#include "modeller/foreign.h"
 #include "modeller/kernel.h"
 #include "modeller/mesh_files.h"
 #include "modeller/parcel.h"
@@ -61,7 +62,10 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
   return CatchKernelFailures([&]() -> Result<void> {
     std::vector<ParcelBody> packed;
     for (const NamedBody& named : bodies) {
-      packed.push_back({named.name, named.colour, named.body.shape().shape});
+      const Shape& shape = named.body.shape();
+      const bool isForeign = IsForeign(shape);
+      packed.push_back({named.name, named.colour, shape.shape,
+                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view()});
     }
     std::ofstream bytes(parcel.Path(), std::ios::binary);
     PackParcel(packed, bytes);

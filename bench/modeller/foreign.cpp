@@ -1,11 +1,13 @@
 #include "modeller/foreign.h"
 
-#include <BinTools.hxx>
+#include <BRep_Builder.hxx>
+#include <TopoDS_Compound.hxx>
 #include <fstream>
 
 #include "base/number_text.h"
 #include "modeller/answers.h"
 #include "modeller/exchange_process.h"
+#include "modeller/parcel.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -13,7 +15,7 @@ namespace {
 Result<void> Pack(const Shape& shape, const MemoryFile& parcel) {
   return CatchKernelFailures([&]() -> Result<void> {
     std::ofstream bytes(parcel.Path(), std::ios::binary);
-    BinTools::Write(shape.shape, bytes);
+    PackParcel({{"", {}, shape.shape, shape.origin->surfaces}}, bytes);
     bytes.close();
     if (!bytes) return Fault{.text = "out of memory", .kind = FaultKind::kSystem};
     return {};
@@ -43,8 +45,10 @@ Result<Value> WithOrigin(Result<Value> result, const Shape& shape) {
 
 }  // namespace
 
-bool IsForeign(const Shape& shape) {
-  return shape.origin != nullptr && !shape.fromStl;
+Body ForeignBody(Origin origin) {
+  TopoDS_Compound place;
+  BRep_Builder().MakeCompound(place);
+  return BodyOf(place, false, std::make_shared<const Origin>(std::move(origin)));
 }
 
 Result<Mesh> MeshOfForeign(const Shape& shape, const MeshTolerance& tolerance) {

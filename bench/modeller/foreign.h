@@ -1,7 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <vector>
+#include <string>
 
 #include "base/result.h"
 #include "modeller/exchange.h"
@@ -10,17 +10,24 @@
 #include "modeller/mesh.h"
 
 /// Work on the surfaces of a file's body. The surfaces are as the file has them, and a small file can keep
-/// Open CASCADE busy for hours: the exchange program works on them, under its limits.
+/// Open CASCADE busy for hours, or break it: the workbench keeps them as bytes that it never looks into, and
+/// the exchange program works on them, under its limits.
 namespace vanzet::modeller {
 
-/// The file that a body was read from, and the exchange program with the limits under which it was read.
+/// The surfaces of a file, and the program that read them with its limits.
 struct Origin {
   std::filesystem::path file;
   Exchange exchange;
+  std::string surfaces;  ///< in the binary form of Open CASCADE
 };
 
-/// Whether the exchange program has to work on the shape: it has surfaces, and they are those of a file.
-bool IsForeign(const Shape& shape);
+/// A body of these surfaces, where the file has them.
+Body ForeignBody(Origin origin);
+
+/// Whether the shape has the surfaces of a file.
+inline bool IsForeign(const Shape& shape) {
+  return shape.origin != nullptr;
+}
 
 /// These do what `MeshOf`, `Extents` and `MeasuresOf` of a body do.
 ///

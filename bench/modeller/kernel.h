@@ -40,11 +40,12 @@ auto CatchKernelFailures(Work work) -> decltype(work()) {
 
 struct Origin;
 
-/// A body of facets is one or more faces with triangles and without a surface.
+/// A body of facets is one or more faces with triangles and without a surface. The surfaces of a file's body
+/// are in its origin: its shape is an empty group, which only has the place.
 struct Shape {
   TopoDS_Shape shape;
   bool fromStl = false;
-  std::shared_ptr<const Origin> origin = nullptr;             ///< of a file's body; foreign.h
+  std::shared_ptr<const Origin> origin = nullptr;             ///< of a file's surfaces; foreign.h
   mutable std::optional<geometry::Box3d> box = std::nullopt;  ///< what `Extents` found
 };
 

@@ -4,8 +4,11 @@
 #include <BinTools.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
+#include <algorithm>
 #include <istream>
 #include <ostream>
+#include <sstream>
+#include <utility>
 
 #include "base/number_text.h"
 #include "base/numbers.h"
@@ -37,6 +40,20 @@ Fault Incomplete() {
   return Fault{"the bodies were not transferred completely"};
 }
 
+/// The surfaces of one body; a null shape for a body of the workbench's own.
+Result<TopoDS_Shape> ReadSurfaces(std::istream& bytes) {
+  std::string line;
+  std::getline(bytes, line);
+  std::string surfaces(static_cast<std::size_t>(std::max<std::int64_t>(IntegerOrZero(line), 0)), '\0');
+  if (!bytes.read(surfaces.data(), static_cast<std::streamsize>(surfaces.size()))) return Incomplete();
+  TopoDS_Shape shape;
+  if (surfaces.empty()) return shape;
+  std::istringstream stream(std::move(surfaces));
+  BinTools::Read(shape, stream);
+  if (shape.IsNull()) return Incomplete();
+  return shape;
+}
+
 }  // namespace
 
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes) {
@@ -47,6 +64,9 @@ void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes) {
   for (const ParcelBody& body : bodies) {
     bytes << LineOf(body);
     builder.Add(compound, body.shape);
+  }
+  for (const ParcelBody& body : bodies) {
+    bytes << std::to_string(body.surfaces.size()) + "\n" << body.surfaces;
   }
   BinTools::Write(compound, bytes);
 }
@@ -61,15 +81,20 @@ Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
     std::getline(bytes, line);
     body = BodyOfLine(line);
   }
+  std::vector<TopoDS_Shape> foreign;
+  for (std::size_t i = 0; i < bodies.size(); ++i) {
+    VANZET_TRY(const auto shape, ReadSurfaces(bytes));
+    foreign.push_back(shape);
+  }
   TopoDS_Shape compound;
   BinTools::Read(compound, bytes);
   if (compound.IsNull() || compound.NbChildren() != static_cast<int>(bodies.size())) {
     return Incomplete();
   }
   TopoDS_Iterator child(compound);
-  for (ParcelBody& body : bodies) {
-    body.shape = child.Value();
-    child.Next();
+  for (std::size_t i = 0; i < bodies.size(); ++i, child.Next()) {
+    const TopoDS_Shape& shape = child.Value();
+    bodies[i].shape = foreign[i].IsNull() ? shape : foreign[i].Moved(shape.Location());
   }
   return bodies;
 }

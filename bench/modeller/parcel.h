@@ -3,25 +3,28 @@
 #include <TopoDS_Shape.hxx>
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/result.h"
 #include "modeller/export.h"
 
-/// The form in which bodies travel between the workbench and its exchange program.
+/// The form in which bodies travel from the workbench to its exchange program.
 namespace vanzet::modeller {
 
 struct ParcelBody {
   std::string name;
   Colour colour;
   TopoDS_Shape shape;
+  std::string_view surfaces = {};  ///< of a file's body; its shape then only has its place
 };
 
-/// Writes the count of the bodies, a line of colour and name for each, then one compound of their shapes in
-/// Open CASCADE's binary form.
+/// Writes the count of the bodies, a line of colour and name for each, their surfaces, each after a line with
+/// their length, then one compound of their shapes in Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 
-/// Reads what `PackParcel` wrote. Fails when the parcel is incomplete.
+/// Reads what `PackParcel` wrote, for the exchange program alone. Each body has its whole shape then, and no
+/// surfaces besides. Fails when the parcel is incomplete.
 Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes);
 
 }  // namespace vanzet::modeller

@@ -183,10 +183,8 @@ TEST_F(HostileFiles, AreMeasuredAndMeshedUnderTheLimitsOfTheirReading) {
   EXPECT_NEAR(Box(planet)[0], -1e6, 1e-3);
   EXPECT_NEAR(Measured(planet).area, 4 * std::numbers::pi * 1e12, 1e6);
   exchange.limits.seconds = 1;
-  const auto origin = std::make_shared<const Origin>(Origin{folder_ / "planet.brep", exchange});
-  const Body impatient = BodyOf(planet.shape().shape, false, origin);
-  const Body moved = Get(MoveBody(impatient, {1, 2, 3}));
-  for (const Body& body : {impatient, moved, Get(JoinBodies({moved, BodyOf(Brick(1, 1, 1))}))}) {
+  const Body impatient = ForeignBody({folder_ / "planet.brep", exchange, planet.shape().origin->surfaces});
+  for (const Body& body : {impatient, Get(MoveBody(impatient, {1, 2, 3}))}) {
     EXPECT_EQ(Told(MeshOf(body, {})), (folder_ / "planet.brep").string() + ": takes longer than 1 seconds");
   }
 }

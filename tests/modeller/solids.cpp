@@ -15,6 +15,7 @@
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepPrimAPI_MakeTorus.hxx>
 #include <BRep_Builder.hxx>
+#include <BinTools.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -24,13 +25,19 @@
 #include <cmath>
 #include <gp_Pln.hxx>
 #include <numbers>
+#include <sstream>
 
+#include "modeller/foreign.h"
 #include "support/vdm_values.h"
 
 namespace vanzet::test {
 
 bool IsSound(const modeller::Body& body) {
-  return BRepCheck_Analyzer(body.shape().shape).IsValid();
+  if (!modeller::IsForeign(body.shape())) return BRepCheck_Analyzer(body.shape().shape).IsValid();
+  std::istringstream surfaces(body.shape().origin->surfaces);
+  TopoDS_Shape shape;
+  BinTools::Read(shape, surfaces);
+  return !shape.IsNull() && BRepCheck_Analyzer(shape).IsValid();
 }
 
 modeller::Measures Measured(const modeller::Body& body) {

@@ -19,8 +19,8 @@ struct Confinement {
 };
 
 /// Gives up all other rights for good. Files and folders that are open stay usable. A kernel without one of
-/// the two guards has less to hold it; the other one and the limits hold all the same. Builds with the address
-/// sanitizer give up nothing, since it needs more than they leave.
+/// the two guards has less to hold it; the other one and the limits hold all the same. Builds with the
+/// address sanitizer give up nothing, since it needs more than they leave.
 ///
 /// Requires  the process has one thread
 Confinement Confine(const Needs& needs);

@@ -3,7 +3,6 @@
 // process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
-#include <BinTools.hxx>
 #include <Standard_OutOfMemory.hxx>
 #include <cstdio>
 #include <cstdlib>
@@ -42,7 +41,7 @@ TopoDS_Shape ApplyPlacement(const TopoDS_Shape& shape) {
 }
 
 template <class Write>
-Result<void> WriteParcelBy(Write write) {
+Result<void> WriteBy(Write write) {
   std::ofstream bytes(kParcel, std::ios::binary);
   write(bytes);
   bytes.close();
@@ -58,29 +57,18 @@ Result<std::vector<ParcelBody>> ReadParcel() {
   return bodies;
 }
 
-/// Reads the shape that is to be worked on.
-Result<Body> ReadBody() {
+/// Reads the body that is to be worked on.
+Result<Body> ReadOneBody() {
   std::ifstream bytes(kParcel, std::ios::binary);
-  TopoDS_Shape shape;
-  BinTools::Read(shape, bytes);
-  if (shape.IsNull()) return Fault{"the body was not transferred completely"};
-  return BodyOf(shape);
-}
-
-/// Returns bodies to the program that started this one.
-Result<void> WriteParcel(const std::vector<ParcelBody>& bodies) {
-  return WriteParcelBy([&](std::ostream& bytes) { PackParcel(bodies, bytes); });
-}
-
-/// Returns a shape in the binary form of Open CASCADE.
-Result<void> WriteParcel(const TopoDS_Shape& shape) {
-  return WriteParcelBy([&](std::ostream& bytes) { BinTools::Write(shape, bytes); });
+  VANZET_TRY(const auto bodies, UnpackParcel(bytes));
+  if (bodies.empty()) return Fault{"the body was not transferred completely"};
+  return BodyOf(bodies.front().shape);
 }
 
 template <class Value>
 Result<void> WriteAnswer(const Result<Value>& value) {
   if (!value) return value.fault();
-  return WriteParcelBy([&](std::ostream& bytes) { Pack(*value, bytes); });
+  return WriteBy([&](std::ostream& bytes) { Pack(*value, bytes); });
 }
 
 struct Arguments {
@@ -90,13 +78,12 @@ struct Arguments {
 
 Result<void> Read(const Arguments& given) {
   VANZET_TRY(const auto shape, ReadFile(given.file));
-  return WriteParcel(shape);
+  return WriteAnswer<ReadBody>(AnswerOf(shape));
 }
 
 Result<void> ReadVrmlText(const Arguments&) {
   std::ifstream text(kParcel, std::ios::binary);
-  VANZET_TRY(const auto bodies, ReadVrml(text));
-  return WriteParcel(bodies);
+  return WriteAnswer(ReadVrml(text));
 }
 
 Result<void> StepFile(const Arguments& given) {
@@ -110,7 +97,7 @@ Result<void> GltfFile(const Arguments& given) {
 }
 
 Result<void> MeshBody(const Arguments& given) {
-  VANZET_TRY(const auto body, ReadBody());
+  VANZET_TRY(const auto body, ReadOneBody());
   VANZET_TRY(const auto mesh, MeshOf(body, given.tolerance));
   if (mesh.triangles.size() > kMostFacets) {
     return Fault{"needs more than " + std::to_string(kMostFacets) + " facets"};
@@ -119,12 +106,12 @@ Result<void> MeshBody(const Arguments& given) {
 }
 
 Result<void> MeasureExtents(const Arguments&) {
-  VANZET_TRY(const auto body, ReadBody());
+  VANZET_TRY(const auto body, ReadOneBody());
   return WriteAnswer(Extents(body));
 }
 
 Result<void> Measure(const Arguments&) {
-  VANZET_TRY(const auto body, ReadBody());
+  VANZET_TRY(const auto body, ReadOneBody());
   return WriteAnswer(MeasuresOf(body));
 }
 

@@ -3,6 +3,7 @@
 #include <BRepBndLib.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <BinTools.hxx>
 #include <Bnd_Box.hxx>
 #include <Interface_Static.hxx>
 #include <RWStl.hxx>
@@ -15,6 +16,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "base/letter_case.h"
@@ -176,6 +178,13 @@ Result<TopoDS_Shape> ReadFile(const fs::path& file) {
     return shape;
   }
   return Fault{"does not end with .step, .stp, .stl or .brep"};
+}
+
+ReadBody AnswerOf(const TopoDS_Shape& shape) {
+  if (HasFacetsOnly(shape)) return {FacetsOf(shape), {}};
+  std::ostringstream bytes;
+  BinTools::Write(shape, bytes);
+  return {std::nullopt, std::move(bytes).str()};
 }
 
 }  // namespace vanzet::modeller

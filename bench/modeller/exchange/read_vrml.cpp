@@ -8,7 +8,6 @@
 
 #include "base/number_text.h"
 #include "modeller/body_size.h"
-#include "modeller/facets.h"
 #include "modeller/outline.h"
 
 namespace vanzet::modeller {
@@ -60,7 +59,7 @@ class Collector {
     return {};
   }
 
-  std::vector<ParcelBody> TakeBodies() { return std::move(bodies_); }
+  std::vector<NamedMesh> TakeMeshes() { return std::move(meshes_); }
 
  private:
   Result<void> AddNode(const Handle(VrmlData_Node) & node, const gp_Trsf& place, const std::string& name) {
@@ -77,18 +76,18 @@ class Collector {
     if (mesh.triangles.empty()) return {};
     facets_ += mesh.triangles.size();
     if (facets_ > kMostFacets) return Fault{"has more than " + std::to_string(kMostFacets) + " facets"};
-    bodies_.push_back({name, {}, FaceOf(mesh)});
+    meshes_.push_back({name, std::move(mesh)});
     return {};
   }
 
-  std::vector<ParcelBody> bodies_;
+  std::vector<NamedMesh> meshes_;
   std::uint64_t facets_ = 0;
   std::uint64_t nodes_ = 0;
 };
 
 }  // namespace
 
-Result<std::vector<ParcelBody>> ReadVrml(std::istream& text) {
+Result<std::vector<NamedMesh>> ReadVrml(std::istream& text) {
   VrmlData_Scene scene;
   scene << text;
   if (scene.Status() != VrmlData_StatusOK) {
@@ -96,7 +95,7 @@ Result<std::vector<ParcelBody>> ReadVrml(std::istream& text) {
   }
   Collector collector;
   VANZET_DO(collector.Add(scene.GetIterator(), gp_Trsf(), ""));
-  return collector.TakeBodies();
+  return collector.TakeMeshes();
 }
 
 }  // namespace vanzet::modeller
