@@ -27,8 +27,9 @@ enum class Keep {
 /// superuser write such a file; this library does not.
 bool IsReadOnly(const std::filesystem::path& file);
 
-/// True for a regular file that can be opened for reading and for writing and has a write permission bit.
-bool IsChangeableFile(const std::filesystem::path& file);
+/// Fails for a file that is not a regular one, has no write permission bit, or cannot be opened for reading
+/// and writing.
+Result<void> CheckChangeableFile(const std::filesystem::path& file);
 
 class Descriptor;
 class Neighbour;

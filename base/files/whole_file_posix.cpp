@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/files/neighbour_posix.h"
+#include "base/files/regular_file.h"
 #include "base/files/system_fault.h"
 
 namespace vanzet::files {
@@ -25,6 +26,10 @@ constexpr int kMostLinks = 40;
 
 Fault CannotBeWritten(const fs::path& file, int error) {
   return SystemFault("cannot be written", error, file);
+}
+
+Fault ReadOnly(const fs::path& file) {
+  return {.text = "is read-only", .file = file.string(), .kind = FaultKind::kSystem};
 }
 
 /// The file that links lead to, which need not exist.
@@ -68,7 +73,7 @@ Result<void> CheckTarget(const fs::path& file, const fs::path& target, const std
   if (!old && (errno != ENOENT || !target.has_filename())) return CannotBeWritten(file, errno);
   if (old && !S_ISREG(old->st_mode)) return Fault{"is not a regular file", file.string()};
   if (old && keep == Keep::kIdentity ? !HasNoWriteBit(target) : !IsReadOnly(target)) return {};
-  return Fault{.text = "is read-only", .file = file.string(), .kind = FaultKind::kSystem};
+  return ReadOnly(file);
 }
 
 /// A new file that can take the place of the old one, or null, with the reason in `errno`.
@@ -85,10 +90,11 @@ bool IsReadOnly(const fs::path& file) {
   return HasNoWriteBit(file) || HasNoWriteBit(file.has_parent_path() ? file.parent_path() : fs::path("."));
 }
 
-bool IsChangeableFile(const fs::path& file) {
-  struct stat status = {};
-  if (stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
-  return (status.st_mode & kAnyWrite) != 0 && Descriptor(file, O_RDWR | O_NONBLOCK);
+Result<void> CheckChangeableFile(const fs::path& file) {
+  VANZET_DO(CheckRegularFile(file));
+  if (HasNoWriteBit(file)) return ReadOnly(file);
+  const Descriptor opened(file, O_RDWR | O_NONBLOCK);
+  return opened ? Result<void>() : CannotBeWritten(file, errno);
 }
 
 Result<FileReplacement> FileReplacement::Begin(const fs::path& file, Keep keep) {

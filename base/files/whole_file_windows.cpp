@@ -1,6 +1,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 
 namespace vanzet::files {
@@ -21,14 +22,15 @@ Fault CannotBeWritten(const fs::path& file, const std::string& reason) {
 
 }  // namespace
 
-bool IsChangeableFile(const fs::path& file) {
-  std::error_code unknown;
-  return fs::is_regular_file(file, unknown) && std::fstream(file, std::ios::in | std::ios::out).is_open();
+Result<void> CheckChangeableFile(const fs::path& file) {
+  VANZET_DO(CheckRegularFile(file));
+  if (std::fstream(file, std::ios::in | std::ios::out).is_open()) return {};
+  return CannotBeWritten(file, "");
 }
 
 Result<void> ReplaceFile(const fs::path& file, std::string_view bytes, Keep) {
   std::error_code error;
-  if (fs::exists(file, error) && !IsChangeableFile(file)) return CannotBeWritten(file, "");
+  if (fs::exists(file, error)) VANZET_DO(CheckChangeableFile(file));
   const fs::path target = fs::weakly_canonical(file, error);
   fs::path beside = target;
   beside += ".new";

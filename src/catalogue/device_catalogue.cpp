@@ -71,9 +71,7 @@ Result<void> CDevice::ReadFile() {
   lines_.clear();
   const std::filesystem::path file = platform::FileOf(path_);
   VANZET_TRY(const auto text, files::ReadWholeFile(file));
-  if (!files::IsChangeableFile(file)) {
-    return Fault{.text = "cannot be opened for writing", .file = file.string(), .kind = FaultKind::kSystem};
-  }
+  VANZET_DO(files::CheckChangeableFile(file));
   std::istringstream stream(text);
   ReadCatalogueLines(stream, lines_);
   return {};

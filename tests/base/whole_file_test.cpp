@@ -145,7 +145,7 @@ TEST_F(WholeFile, IsRefusedWithTheReason) {
 TEST_F(WholeFile, IsRefusedWhenItIsReadOnly) {
   WriteBytes(file, "old");
   fs::permissions(file, fs::perms(0444));
-  EXPECT_FALSE(IsChangeableFile(file));
+  EXPECT_FALSE(CheckChangeableFile(file));
   EXPECT_FALSE(Write(file, "new"));
   EXPECT_EQ(ReadBytes(file), "old");
 }
@@ -154,14 +154,14 @@ TEST_F(WholeFile, IsRefusedWhenItIsNoFile) {
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0666), 0);
   for (const fs::path& path :
        {folder.path(), folder / "pipe", fs::path("/dev/null"), fs::path("/dev/full")}) {
-    EXPECT_FALSE(IsChangeableFile(path)) << path;
+    EXPECT_FALSE(CheckChangeableFile(path)) << path;
     EXPECT_FALSE(Write(path, "new")) << path;
   }
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 }
 
 TEST_F(WholeFile, IsRefusedWhereItsFolderIsMissing) {
-  EXPECT_FALSE(IsChangeableFile(folder / "b" / "a.cld"));
+  EXPECT_FALSE(CheckChangeableFile(folder / "b" / "a.cld"));
   EXPECT_FALSE(Write(folder / "b" / "a.cld", "new"));
   EXPECT_FALSE(Write("", "new"));
   EXPECT_THAT(Names(), IsEmpty());

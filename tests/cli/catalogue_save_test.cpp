@@ -71,7 +71,7 @@ TEST_F(CatalogueSave, ToAReadOnlyFileFails) {
   const std::string before = Catalogue();
   const Outcome played = Play(SaveChuck("Chuck X"));
   EXPECT_EQ(played.status, 1);
-  EXPECT_THAT(played.err, HasSubstr("clampdevice.cld: cannot be opened for writing\n"));
+  EXPECT_THAT(played.err, HasSubstr("clampdevice.cld: is read-only\n"));
   EXPECT_EQ(Catalogue(), before);
 }
 
@@ -80,7 +80,7 @@ TEST_F(CatalogueSave, OfADeletionThatCannotBeWrittenFails) {
   fs::permissions(catalogue, fs::perms(0444));
   const Outcome played = Play("answer no\nanswer yes\nselect 36\nset 2123 \"Chuck 160\"\npress 2127\n");
   EXPECT_EQ(played.status, 1);
-  EXPECT_THAT(played.err, HasSubstr("clampdevice.cld: cannot be opened for writing\n"));
+  EXPECT_THAT(played.err, HasSubstr("clampdevice.cld: is read-only\n"));
   EXPECT_EQ(Catalogue(), before);
 }
 
