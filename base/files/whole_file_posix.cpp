@@ -67,7 +67,7 @@ std::optional<struct stat> StatusOf(const fs::path& file) {
   return stat(file.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
-/// Requires: `errno` of `StatusOf` when there is no old file.
+/// Requires: `errno` is that of `StatusOf` where the file does not exist.
 Result<void> CheckTarget(const fs::path& file, const fs::path& target, const std::optional<struct stat>& old,
                          Keep keep) {
   if (!old && (errno != ENOENT || !target.has_filename())) return CannotBeWritten(file, errno);
