@@ -34,9 +34,11 @@ inline void LeaveTheFuzzer() {
 /// The work of the exchange program. Returns whether bodies were read and returned.
 template <class Read>
 bool ReadInChild(Read read, const modeller::MemoryFile& parcel) {
-  constexpr int kSeconds = 2;
+  // On a busy machine too, the end comes before the fuzzer would give up this input.
+  constexpr int kSeconds = 1, kSecondsOfTheClock = 5;
   constexpr std::uint64_t kBytes = std::uint64_t{1} << 30U;
   LeaveTheFuzzer();
+  alarm(kSecondsOfTheClock);
   modeller::LimitProcess(kSeconds, kBytes);
   modeller::CollectKernelMessages();
   const auto answer = modeller::CatchKernelFailures(read);
