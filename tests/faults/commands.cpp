@@ -18,7 +18,11 @@ const std::vector<Command>& Commands() {
   // clang-format off
   static const std::vector<Command> commands = {
       {"New",              {},       kNew, false},
+      {"Upgrade",          {kNew},   kUpgrade},
+      {"Define",           kDefined, {"define", "new.json", "lathe"}},
       {"DefineDryRun",     kDefined, {"define", "new.json", "lathe", "--dry-run"}},
+      {"Script",           kDefined, {"script", "lathe", "job.txt"}},
+      {"ScriptTranscript", kDefined, {"script", "lathe", "job.txt", "--transcript", "transcript.jsonl"}},
       {"ScriptSaveDevice", kDefined, {"script", "lathe", "save_device.txt"}},
       {"ScriptDeleteDevice", kDefined, {"script", "lathe", "delete_device.txt"}, false},
       {"Show",             kDefined, {"show", "lathe"}},
@@ -31,6 +35,8 @@ const std::vector<Command>& Commands() {
       {"CommandDrawing",   kDefined, {"command", "lathe", "s100=h 0", "red -1"}},
       {"CommandSetting",   kDefined, {"command", "lathe", "file a '' $_project 'SHIFT' 'night'"}},
       {"CommandSave",      kDefined, {"command", "lathe", "vdm save 'saved.vdm' i_ret i_billet_vdm"}},
+      {"CommandLoad",      {kNew, kUpgrade, kSaveOther, kDefineOld},
+                           {"command", "lathe", "vdm load 'saved.vdm' i_ret i_billet_vdm"}},
       {"PictureSvg",       kDefined, {"picture", "lathe", "--out", "drawing.svg"}},
       {"PicturePng",       kDefined, {"picture", "lathe", "--view", "equipment", "--width", "80", "--height", "60",
                                       "--out", "equipment.png"}},

@@ -30,8 +30,38 @@ class Crowd : public testing::TestWithParam<int> {
     return runs;
   }
 
+  std::string Store() const { return ContentOf(place_.work())["lathe/store.db"]; }
+
   Workplace place_;
 };
+
+TEST_P(Crowd, OfDefinitionsLeavesOneOfThemWhole) {
+  const std::string old = Store();
+  std::vector<Words> definitions;
+  std::vector<std::string> wanted;
+  for (int i = 0; i < GetParam(); ++i) {
+    const std::string form = "form" + std::to_string(i) + ".json";
+    test::WriteBytes(place_.work() / form, FormOf(50 + i));
+    definitions.push_back({"define", form, "lathe"});
+    ASSERT_EQ(place_.Vanzet(definitions.back()).status, 0);
+    wanted.push_back(Store());
+  }
+  for (long round = 0; round < Points(); ++round) {
+    SCOPED_TRACE("round " + std::to_string(round));
+    ASSERT_EQ(place_.Vanzet({"define", "old.json", "lathe"}).status, 0);
+    const std::vector<Outcome> runs = AllAtOnce(definitions);
+    std::vector<std::string> possible;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+      if (runs[i].status == 0) possible.push_back(wanted[i]);
+      if (runs[i].status == 0) continue;
+      EXPECT_EQ(runs[i].status, 1) << runs[i].err;
+      EXPECT_EQ(std::ranges::count(runs[i].err, '\n'), 1) << runs[i].err;
+    }
+    if (possible.empty()) possible.push_back(old);
+    EXPECT_TRUE(std::ranges::find(possible, Store()) != possible.end())
+        << "the store holds none of those done";
+  }
+}
 
 TEST_P(Crowd, OfDevicesSavedLosesNone) {
   std::vector<Words> scripts;

@@ -82,23 +82,36 @@ void BecomeVanzet(const path& root, const Words& words, const std::string& fault
   execv(VANZET_PROGRAM, arguments.data());
 }
 
+/// Adds the items of a store, and the text file that it holds until somebody has put it in its place: the next
+/// run does. An empty store is none.
+void AddStore(Content& content, const path& folder, const path& store) {
+  const std::string text = StoreText(store);
+  if (!text.empty()) content[store.lexically_relative(folder).string()] = text;
+  const auto unfinished = vdm::SqliteEngine(store).UnfinishedFile();
+  if (!unfinished || !*unfinished) return;
+  content[(store.parent_path() / (*unfinished)->name).lexically_relative(folder).string()] =
+      (*unfinished)->content;
+}
+
 }  // namespace
 
 Content ContentOf(const path& folder) {
   Content content;
+  std::vector<path> stores;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     const std::string name = entry.path().lexically_relative(folder).string();
     if (CarriesNothing(entry.path())) continue;
     if (entry.is_directory()) {
       content[name] = "folder";
     } else if (entry.path().filename() == "store.db") {
-      content[name] = StoreText(entry.path());
+      stores.push_back(entry.path());
     } else if (entry.path().extension() == ".step") {
       content[name] = WithoutNumbers(WithoutTimes(test::ReadBytes(entry.path())));
     } else {
       content[name] = WithoutTimes(test::ReadBytes(entry.path()));
     }
   }
+  for (const path& store : stores) AddStore(content, folder, store);
   return content;
 }
 
