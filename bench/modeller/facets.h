@@ -18,7 +18,12 @@ TopoDS_Face FaceOf(const Mesh& mesh);
 /// Whether no face has a surface, as in a shape that was read from an STL file.
 bool HasFacetsOnly(const TopoDS_Shape& shape);
 
-/// Replaces the triangles of the faces of a shape.
-void Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
+/// Replaces the triangles of the faces of a shape. Returns false when the kernel failed at a face, which
+/// then has none.
+bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
+
+/// The mesh of a body of surfaces, without the faces that the kernel fails at: files of other programs have
+/// some.
+Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance);
 
 }  // namespace vanzet::modeller

@@ -4,6 +4,7 @@
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <IMeshData_Status.hxx>
 #include <NCollection_DataMap.hxx>
 #include <Poly_PolygonOnTriangulation.hxx>
 #include <Poly_Triangulation.hxx>
@@ -162,6 +163,11 @@ class Collector {
   ByShape<int> vertices_;
 };
 
+Result<Mesh> NotEmpty(Mesh mesh) {
+  if (mesh.triangles.empty()) return Fault{"the body has no faces"};
+  return mesh;
+}
+
 }  // namespace
 
 Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
@@ -169,10 +175,20 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   return CatchKernelFailures([&]() -> Result<Mesh> {
     const Shape& shape = body.shape();
     if (IsForeign(shape)) return MeshOfForeign(shape, tolerance);
-    if (!shape.fromStl) Triangulate(shape.shape, tolerance);
-    Mesh mesh = FacetsOf(shape.shape);
-    if (mesh.triangles.empty()) return Fault{"the body has no faces"};
-    return mesh;
+    // The kernel passes over a face that it fails at, also for lack of memory; ours have none that it cannot
+    // mesh.
+    if (!shape.fromStl && !Triangulate(shape.shape, tolerance)) {
+      return Fault{.text = "a face of the body could not be meshed", .kind = FaultKind::kSystem};
+    }
+    return NotEmpty(FacetsOf(shape.shape));
+  });
+}
+
+Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance) {
+  VANZET_DO(Check(tolerance));
+  return CatchKernelFailures([&]() -> Result<Mesh> {
+    static_cast<void>(Triangulate(body.shape().shape, tolerance));
+    return NotEmpty(FacetsOf(body.shape().shape));
   });
 }
 
@@ -203,11 +219,12 @@ bool HasFacetsOnly(const TopoDS_Shape& shape) {
   return true;
 }
 
-void Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
+bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
   // Triangles of an earlier mesh would be kept if they are finer.
   BRepTools::Clean(shape);
   const double radians = tolerance.angle * geometry::RADIANS_PER_DEGREE;
   const BRepMesh_IncrementalMesh made(shape, tolerance.chord, Standard_False, radians);
+  return (made.GetStatusFlags() & IMeshData_Failure) == 0;
 }
 
 }  // namespace vanzet::modeller

@@ -98,7 +98,7 @@ Result<void> GltfFile(const Arguments& given) {
 
 Result<void> MeshBody(const Arguments& given) {
   VANZET_TRY(const auto body, ReadOneBody());
-  VANZET_TRY(const auto mesh, MeshOf(body, given.tolerance));
+  VANZET_TRY(const auto mesh, MeshOfSurfaces(body, given.tolerance));
   if (mesh.triangles.size() > kMostFacets) {
     return Fault{"needs more than " + std::to_string(kMostFacets) + " facets"};
   }

@@ -146,7 +146,7 @@ Result<void> WriteStep(std::vector<ParcelBody> bodies, const fs::path& file) {
 Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const fs::path& file,
                        const MeshTolerance& tolerance) {
   for (const ParcelBody& body : bodies) {
-    if (!HasFacetsOnly(body.shape)) Triangulate(body.shape, tolerance);
+    if (!HasFacetsOnly(body.shape)) static_cast<void>(Triangulate(body.shape, tolerance));
   }
   RWGltf_CafWriter writer(file.c_str(), Standard_True);
   writer.ChangeCoordinateSystemConverter().SetInputLengthUnit(kMillimetre);
