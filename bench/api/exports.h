@@ -92,14 +92,15 @@ void OrvoMacroVdmSingleReplaceText(std::uint32_t handle, const char* text,
                                    std::int32_t count) __asm__("OrvoMacroVdmSingleReplace$");
 void OrvoMacroVdmSingleDelete(std::uint32_t handle, std::int32_t count);
 
-// Extensions of this host, which are not part of the contract: our own module uses them where they exist. They are
-// not in the trace.
+// Extensions of this host, which are not part of the contract: our own module uses them where they exist.
+// They are not in the trace.
 
-/// Shows a failure of the module on the message panel. Numbers that are not known are 0; `kind` is a `FaultKind`.
+/// Shows a failure of the module on the message panel. Numbers that are not known are 0; `kind` is a
+/// `FaultKind`.
 void VanzetReportFault(const char* text, const char* file, std::int32_t line, std::int32_t column,
                        const char* source, std::int32_t kind);
 
-/// The module has handled an event of its dialog, with all that it posted. Returns 0 when the host cannot keep
-/// what was changed, which it has shown; the dialog then stays open.
+/// The module has handled an event of its dialog, with all that it posted. Returns 0 when the host cannot
+/// keep what was changed, which it has shown; the dialog then stays open.
 std::int32_t VanzetEventHandled();
 }

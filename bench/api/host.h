@@ -83,8 +83,8 @@ class Host final : public language::Workplace {
   const modeller::MeshTolerance mesh;                             ///< of exported bodies
   modeller::Exchange exchange = modeller::Exchange::OfProcess();  ///< reads the bodies of the folder
 
-  /// Keeps what an event of the dialog changed, and shows a failure; empty: the changes are kept, or given up,
-  /// when the run ends.
+  /// Keeps what an event of the dialog changed, and shows a failure; empty: the changes are kept, or given
+  /// up, when the run ends.
   std::function<Result<void>()> keepEvent;
 
   std::function<Result<void>(const std::string& topic)> help;  ///< shows help; empty: help cannot be shown

@@ -77,7 +77,7 @@ Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
     list.push_back(define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), path, leftOut));
   }
   for (const define::Refusal& each : leftOut) panel.Tell(Fault{each.path + ": " + each.reason});
-  return {{"spurs", list}};
+  return {{define::kVersionKey, define::kFormVersion}, {"spurs", list}};
 }
 
 Result<void> Show(const Arguments& arguments, Context& context) {

@@ -20,8 +20,8 @@ struct OddLine {
   std::string text;
 };
 
-/// The first value line that does not begin with a type of the table of devices, or a last name that has no value
-/// line; nothing for a sound catalogue.
+/// The first value line that does not begin with a type of the table of devices, or a last name that has no
+/// value line; nothing for a sound catalogue.
 std::optional<OddLine> FirstOddLine(std::istream& catalogue);
 
 /// A catalogue with only the devices of a form, for playing the dialog.

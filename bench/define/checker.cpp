@@ -39,7 +39,8 @@ Refusals CheckForm(Json& form, const Surroundings& surroundings) {
 }
 
 void Checker::Form(const Place& form) {
-  if (!IsObject(form, {"spurs"})) return;
+  if (!IsObject(form, {"version", "spurs"})) return;
+  Version(form);
   if (!form.Has("spurs")) return void(Refuse(form.PathOf("spurs"), kMissing));
   const Place spurs = form["spurs"];
   if (!spurs.json.is_array()) return void(Refuse(spurs, "must be a list"));
@@ -47,6 +48,16 @@ void Checker::Form(const Place& form) {
   for (std::size_t i = 0; i < spurs.json.size(); ++i) {
     Spur({spurs.json[i], spurs.path + "[" + std::to_string(i) + "]"});
   }
+}
+
+void Checker::Version(const Place& form) {
+  if (!form.Has(kVersionKey)) return;
+  const Place version = form[kVersionKey];
+  if (version.json != kFormVersion) {
+    Refuse(version, "is another version of the form; this program knows " + std::to_string(kFormVersion));
+  }
+  // What follows compares and plays the equipment alone.
+  form.json.erase(kVersionKey);
 }
 
 void Checker::Spur(const Place& spur) {

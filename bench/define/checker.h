@@ -36,6 +36,7 @@ class Checker {
  private:
   using Keys = std::vector<std::string>;
 
+  void Version(const Place& form);
   void Spur(const Place& spur);
   void SpurNumber(const Place& spur);
   void Center(const Place& spur);

@@ -12,6 +12,10 @@ namespace vanzet::define {
 /// JSON whose keys keep their order.
 using Json = nlohmann::ordered_json;
 
+/// The version of the form, and its key: a form without one is of version 1.
+inline constexpr const char* kVersionKey = "version";
+inline constexpr int kFormVersion = 1;
+
 /// A value that is refused: its path, "$.spurs[0].main.chuck.letters.B", and the reason.
 struct Refusal {
   std::string path;

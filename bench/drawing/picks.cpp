@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 
+/// The first line of a file that says which version of the form it has; there is only one.
+constexpr std::string_view kHead = "picks 1";
+
 struct Row {
   std::string_view word;
   Pick::Kind kind;
@@ -88,6 +91,7 @@ Result<Picks> Picks::Read(std::istream& text, const std::string& name) {
     if (!next) return picks;
     const std::string_view words = WithoutBlanks(line);
     if (words.empty() || words.starts_with('#')) continue;
+    if (words == kHead && picks.picks_.empty()) continue;
     auto pick = ReadPick(words);
     if (!pick) return lines.At(pick.fault());
     pick->line = lines.LineNumber();

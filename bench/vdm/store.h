@@ -19,18 +19,19 @@ inline constexpr std::chrono::milliseconds kUsualWait{10'000};
 
 /// The VDMs of a project, as one run sees them.
 ///
-/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; what was closed is
-/// what this store shows from then on. `Commit` writes it for everybody, all VDMs in one transaction; what is
-/// never committed is lost, so that a run that fails or dies leaves the project as it was. While it has a VDM
-/// open, and from its first change to the commit, a run keeps every other one from changing the project; from opening to closing, the
-/// VDM is locked as well, which others can see.
+/// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; what was closed
+/// is what this store shows from then on. `Commit` writes it for everybody, all VDMs in one transaction;
+/// what is never committed is lost, so that a run that fails or dies leaves the project as it was. While it
+/// has a VDM open, and from its first change to the commit, a run keeps every other one from changing the
+/// project; from opening to closing, the VDM is locked as well, which others can see.
 ///
-/// Owns     the engine, the locks, the open VDMs and the changes; the destructor discards what is not committed
+/// Owns     the engine, the locks, the open VDMs and the changes; the destructor discards what is not
+///          committed
 /// Numbers  any: a number that no VDM can have does not exist, and `Create` and `Open` fail for it
 /// Handles  any: a handle that is not open, or no longer open, has no records and closes without an effect
-/// Errors   a fault, and nothing has changed: `kMissing` for a VDM that does not exist, `kBusy` for one that is
-///          open, here or in another process, and while another run changes the project, `kDamaged` for a store
-///          that cannot be trusted, `kSystem` for reasons of the system
+/// Errors   a fault, and nothing has changed: `kMissing` for a VDM that does not exist, `kBusy` for one that
+///          is open, here or in another process, and while another run changes the project, `kDamaged` for a
+///          store that cannot be trusted, `kSystem` for reasons of the system
 /// Threads  one; it must not be used after a fork
 /// Source   docs/formats/store.md
 class VdmStore {
@@ -42,8 +43,8 @@ class VdmStore {
   /// How long this store waits for another run, from now on.
   void WaitAtMost(std::chrono::milliseconds wait) { longestWait_ = wait; }
 
-  /// Keeps every other run from changing the project until `Commit` or `Discard`. A first change does the same:
-  /// this function is for runs that read before, and base their changes on what they read.
+  /// Keeps every other run from changing the project until `Commit` or `Discard`. A first change does the
+  /// same: this function is for runs that read before, and base their changes on what they read.
   Result<void> Hold();
 
   /// Writes all that was closed, created, replaced and deleted since the last commit, and lets other runs go
@@ -85,8 +86,8 @@ class VdmStore {
   /// Fails when the VDM is open, here or in another process; does nothing when it does not exist.
   Result<void> Delete(std::int64_t number);
 
-  /// Takes back the last deletion of the VDM since `ForgetDeleted`; false when there is none. Requires: it was
-  /// not created again.
+  /// Takes back the last deletion of the VDM since `ForgetDeleted`; false when there is none. Requires: it
+  /// was not created again.
   bool PutBackDeleted(std::int64_t number);
 
   /// Makes former deletions final.

@@ -133,8 +133,8 @@ Result<void> WriteStore(const fs::path& file, const Changes& content) {
   return engine.Apply({content, nullptr, occasion, {}});
 }
 
-/// Gives the file a second name, so that it has one at every moment, and puts the new one in its place. Without
-/// anything to keep there is no new one.
+/// Gives the file a second name, so that it has one at every moment, and puts the new one in its place.
+/// Without anything to keep there is no new one.
 Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::path& repaired) {
   std::error_code error;
   if (!fs::exists(repaired, error)) {

@@ -7,16 +7,16 @@
 
 #include "base/result.h"
 
-/// Looking after the file of a store: docs/formats/store.md. A missing file, or one without a byte, is a store
-/// without VDMs, and sound.
+/// Looking after the file of a store: docs/formats/store.md. A missing file, or one without a byte, is a
+/// store without VDMs, and sound.
 namespace vanzet::vdm {
 
 /// One thing that is wrong with a store, or that could not be kept; the text says where in the store.
 using StoreFindings = std::vector<std::string>;
 
 /// Reads the whole store: the structure of the file, the order of records, each record with its count and its
-/// checksum, and that nothing is there that belongs to nothing. Fails when the file cannot be opened, belongs to
-/// another program or to a newer version; a file that is not a database is a finding.
+/// checksum, and that nothing is there that belongs to nothing. Fails when the file cannot be opened,
+/// belongs to another program or to a newer version; a file that is not a database is a finding.
 Result<StoreFindings> CheckStore(const std::filesystem::path& file);
 
 /// What was kept of a damaged store.

@@ -20,8 +20,8 @@ struct TextFile {
   std::optional<std::uint64_t> former = {};  ///< the checksum of its content before; nothing: no file
 };
 
-/// The last step of a commit, taken when all is written and nothing is kept yet: its fault gives up the commit.
-/// Commands print their result in it, so that a run that cannot say what it did has not done it.
+/// The last step of a commit, taken when all is written and nothing is kept yet: its fault gives up the
+/// commit. Commands print their result in it, so that a run that cannot say what it did has not done it.
 using LastStep = std::function<Result<void>()>;
 
 /// What one run leaves in a store. The parts belong to the caller.
@@ -60,10 +60,10 @@ class StoreEngine {
   /// The VDMs of these numbers that exist, of one state, wholly in memory and independent of any store.
   virtual Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) = 0;
 
-  /// Makes all the changes in one transaction. Records that were opened from this number and not edited are not
-  /// written again. Afterwards the contents no longer know what the store keeps: do not write them a second
-  /// time. Fails for a VDM that was opened when the records it was opened from no longer exist. Removing a
-  /// VDM that does not exist does nothing.
+  /// Makes all the changes in one transaction. Records that were opened from this number and not edited are
+  /// not written again. Afterwards the contents no longer know what the store keeps: do not write them a
+  /// second time. Fails for a VDM that was opened when the records it was opened from no longer exist.
+  /// Removing a VDM that does not exist does nothing.
   virtual Result<void> Apply(const NewGeneration& next) = 0;
 
   /// The text file of a commit after which nobody called `FinishFile`.

@@ -11,8 +11,8 @@ namespace {
 constexpr std::int64_t kApplication = 1986951796;  // the bytes of "vnzt"
 static_assert(kApplication == 0x766E7A74);
 
-// A row of `vdm` and `place` holds for the generations from `first` to `last`; in the current one `last` is the
-// largest integer.
+// A row of `vdm` and `place` holds for the generations from `first` to `last`; in the current one `last` is
+// the largest integer.
 constexpr std::string_view kMakeTables[] = {
     "PRAGMA application_id=1986951796",
     "PRAGMA user_version=2",

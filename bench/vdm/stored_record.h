@@ -6,8 +6,8 @@
 
 namespace vanzet::vdm {
 
-/// Reads one record of the VDM `number` and verifies its count and its checksum. Fails with `kDamaged` for one
-/// that is missing or was changed. Requires: `queries` are those of the file's schema.
+/// Reads one record of the VDM `number` and verifies its count and its checksum. Fails with `kDamaged` for
+/// one that is missing or was changed. Requires: `queries` are those of the file's schema.
 Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
                           RecordKey key);
 

@@ -192,8 +192,18 @@ TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
   MakeUpgradedProject();
   ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
   EXPECT_EQ(Define({{"spurs", {{{"spur", 0}}}}}, "lathe").status, 0);
-  EXPECT_EQ(Shown("lathe"), Json::parse(R"({"spurs": [{"spur": 0}, {"spur": 1}]})"));
+  EXPECT_EQ(Shown("lathe"), Json::parse(R"({"version": 1, "spurs": [{"spur": 0}, {"spur": 1}]})"));
   EXPECT_THAT(ReadBytes(folder / "lathe/drawing.txt"), testing::Not(HasSubstr("BilletM")));
+}
+
+TEST_F(DefineCommand, TakesItsOwnVersionOfTheFormAlone) {
+  MakeUpgradedProject();
+  const Json spurs = {{{"spur", 0}}};
+  EXPECT_EQ(Define({{"version", 1}, {"spurs", spurs}}, "lathe").err, "");
+  for (const Json& version : {Json(2), Json("1"), Json()}) {
+    EXPECT_EQ(Define({{"version", version}, {"spurs", spurs}}, "lathe").err,
+              "vanzet: standard input: $.version: is another version of the form; this program knows 1\n");
+  }
 }
 
 class RefusedForm : public DefineCommand {

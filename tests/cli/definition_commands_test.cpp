@@ -34,7 +34,7 @@ TEST_F(DefinitionCommands, WorkInTheCurrentFolder) {
 TEST_F(DefinitionCommands, ShowForPrograms) {
   MakeUpgradedProject();
   EXPECT_EQ(Json::parse(Vanzet("show lathe --json").out),
-            Json::parse(R"({"spurs": [{"spur": 0}, {"spur": 1}]})"));
+            Json::parse(R"({"version": 1, "spurs": [{"spur": 0}, {"spur": 1}]})"));
 }
 
 TEST_F(DefinitionCommands, KeepTheSectionsOfOperations) {

@@ -57,6 +57,13 @@ TEST(Picks, ThatAreWrongAreReportedWithTheirLine) {
   }
 }
 
+TEST(Picks, CarryTheVersionOfTheirFormInTheFirstLine) {
+  EXPECT_TRUE(Read("picks 1\ncancel\n"));
+  EXPECT_TRUE(Read("# a comment\npicks 1\n"));
+  EXPECT_FALSE(Read("picks 2\ncancel\n"));
+  EXPECT_FALSE(Read("cancel\npicks 1\n"));
+}
+
 TEST(Picks, FaultsQuoteTheirLine) {
   EXPECT_EQ(Read("cancel\npoint 1 2\n").fault().source, "point 1 2");
   auto picks = Read(" figure Outside\n");

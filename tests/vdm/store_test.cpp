@@ -214,7 +214,8 @@ TEST_F(Store, ReadsAndClosesUnchangedWhereItCannotWrite) {
   EXPECT_EQ(Content(1), Records{{"a"}});
 }
 
-/// An engine that notes whether the VDM was locked each time it was opened, and the project when it was changed.
+/// An engine that notes whether the VDM was locked each time it was opened, and the project when it was
+/// changed.
 class WatchingEngine : public test::MemoryEngine {
  public:
   WatchingEngine(const std::filesystem::path& lockFile, std::vector<bool>& locked)
