@@ -6,8 +6,8 @@
 
 namespace vanzet::fuzz {
 
-/// One file for the inputs of a reader that reads files, in memory where the system has such a place. It is made once
-/// and filled with each input.
+/// One file for the inputs of a reader that reads files, in memory where the system has such a place. It is
+/// made once and filled with each input.
 class InputFile {
  public:
   explicit InputFile(const char* name) : file_(folder_ / name) {}

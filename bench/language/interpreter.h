@@ -35,8 +35,8 @@ class Workplace {
   /// Reads the contours of one of them. Fails with `kMissing` for an unknown name.
   virtual Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) = 0;
 
-  /// Asked before a command writes a file. False in a run that keeps nothing: the command then goes on as if it
-  /// had written the file.
+  /// Asked before a command writes a file. False in a run that keeps nothing: the command then goes on as if
+  /// it had written the file.
   virtual bool MayWrite(const std::filesystem::path& /*file*/) { return true; }
 
   /// Shows help on a topic, if help can be shown.
