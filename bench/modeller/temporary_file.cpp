@@ -20,9 +20,11 @@ using files::Descriptor;
 
 constexpr std::string_view kPrefix = "vanzet-export-";
 
+/// Never the current folder, which may be a project: what is left there would not be found again.
 fs::path TemporaryFolder() {
   std::error_code unknown;
-  return fs::temp_directory_path(unknown);
+  const fs::path named = fs::temp_directory_path(unknown);
+  return unknown ? fs::path("/tmp") : named;
 }
 
 Descriptor OpenFolder(const fs::path& folder) {

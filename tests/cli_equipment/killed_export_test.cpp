@@ -22,6 +22,13 @@ class KilledExport : public CommandLineTest {
     return Vanzet("export lathe --out models --format step", "TMPDIR=\"$PWD/temporary\" " + before);
   }
 
+  /// Kills who wants a file written; reads the 3D texts of the definition before.
+  void PutKillingExchange() {
+    PutExchange(
+        "case $1 in write-step) echo step >\"$4\"; kill -9 $PPID;; esac\n"
+        "exec '" VANZET_EXCHANGE_FILE "' \"$@\"\n");
+  }
+
   void PutExchange(const std::string& script) {
     WriteBytes(folder / "exchange", "#!/bin/sh\n" + script);
     fs::permissions(folder / "exchange", fs::perms::owner_all);
@@ -34,15 +41,23 @@ class KilledExport : public CommandLineTest {
 };
 
 TEST_F(KilledExport, LeavesNothingAfterTheNextOne) {
-  // Reads the 3D texts of the definition, and kills who wants a file written.
-  PutExchange(
-      "case $1 in write-step) echo step >\"$4\"; kill -9 $PPID;; esac\n"
-      "exec '" VANZET_EXCHANGE_FILE "' \"$@\"\n");
+  PutKillingExchange();
   EXPECT_EQ(Export("VANZET_EXCHANGE=\"$PWD/exchange\"").status, 128 + 9);
   EXPECT_EQ(TemporaryFiles().size(), 2U) << "a folder with a file";
   const Outcome next = Export();
   EXPECT_EQ(next.status, 0) << next.err;
   EXPECT_TRUE(TemporaryFiles().empty());
+}
+
+TEST_F(KilledExport, LeavesNothingInTheCurrentFolderWithoutATemporaryOne) {
+  PutKillingExchange();
+  fs::remove(folder / "temporary");
+  EXPECT_EQ(Export("VANZET_EXCHANGE=\"$PWD/exchange\"").status, 128 + 9);
+  for (const auto& entry : fs::directory_iterator(folder.path())) {
+    EXPECT_FALSE(entry.path().filename().string().starts_with("vanzet-")) << entry.path();
+  }
+  // Removes what is in the system's own temporary folder instead.
+  EXPECT_EQ(Vanzet("export lathe --out models --format step").status, 0);
 }
 
 TEST_F(KilledExport, EndsTheExchangeProgramWithIt) {
