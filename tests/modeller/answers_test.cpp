@@ -81,7 +81,7 @@ class CapturedProgram : public testing::Test {
 
 TEST_F(CapturedProgram, DoesNotBreakTheWorkbenchByItsAnswers) {
   EXPECT_EQ(Told(Read("")), (folder_ / "x.step").string() + ": " + kIncomplete);
-  EXPECT_EQ(Told(Read("noise that is no answer at all")), (folder_ / "x.step").string() + ": " + kIncomplete);
+  EXPECT_EQ(Told(Read("noise instead of an answer")), (folder_ / "x.step").string() + ": " + kIncomplete);
 }
 
 TEST_F(CapturedProgram, SendsSurfacesIntoWhichTheWorkbenchDoesNotLook) {
