@@ -82,8 +82,8 @@ void BecomeVanzet(const path& root, const Words& words, const std::string& fault
   execv(VANZET_PROGRAM, arguments.data());
 }
 
-/// Adds the items of a store, and the text file that it holds until somebody has put it in its place: the next
-/// run does. An empty store is none.
+/// Adds the items of a store, and the text file that it holds until somebody has put it in its place: the
+/// next run does. An empty store is none.
 void AddStore(Content& content, const path& folder, const path& store) {
   const std::string text = StoreText(store);
   if (!text.empty()) content[store.lexically_relative(folder).string()] = text;
@@ -103,7 +103,7 @@ Content ContentOf(const path& folder) {
     if (CarriesNothing(entry.path())) continue;
     if (entry.is_directory()) {
       content[name] = "folder";
-    } else if (entry.path().filename() == "store.db") {
+    } else if (entry.path().extension() == ".db") {
       stores.push_back(entry.path());
     } else if (entry.path().extension() == ".step") {
       content[name] = WithoutNumbers(WithoutTimes(test::ReadBytes(entry.path())));
