@@ -7,6 +7,19 @@ target_compile_options(vanzet_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
   $<$<BOOL:${VANZET_WERROR}>:-Werror>)
+# What a fault of our own, or of a library that reads foreign files, cannot be used for: overwritten return addresses
+# and buffers of the C library are noticed, and what links the program to its libraries is read-only. The sanitizers
+# notice more, and -O0 has no checked functions.
+if(VANZET_HARDEN AND NOT VANZET_SANITIZE AND NOT VANZET_COVERAGE AND NOT WIN32)
+  target_compile_options(vanzet_options INTERFACE -fstack-protector-strong
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE>
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+  target_compile_definitions(vanzet_options INTERFACE _GLIBCXX_ASSERTIONS)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")
+    target_compile_options(vanzet_options INTERFACE -fcf-protection)
+  endif()
+  target_link_options(vanzet_options INTERFACE LINKER:-z,relro LINKER:-z,now)
+endif()
 if(VANZET_SANITIZE)
   # The checks of the sanitizers make the compiler see uses of unset values that are not there.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
