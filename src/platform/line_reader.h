@@ -20,6 +20,9 @@ class LineReader {
 
   bool IsOpen() const { return file_.is_open(); }
 
+  /// True when the end was not that of the file: the system could not read on.
+  bool HasFailed() const { return file_.bad(); }
+
   /// Reads the next line; returns false at the end. The view is valid until the next call.
   bool Next(std::string_view& line);
 

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "base/numbers.h"
 #include "devices/kinds.h"
 #include "macro/command_text.h"
+#include "platform/files.h"
+#include "platform/host_extensions.h"
 #include "simulation/device_operations.h"
 
 namespace vanzet::simulation {
@@ -86,13 +89,23 @@ std::int32_t PlacementSection(std::int32_t type) {
   return devices::IsJaw(type) ? 3 : 2;
 }
 
+/// Reports a file of facets that the host has written and that cannot be read. A host that wrote none has said
+/// why already.
+void ReportUnreadable(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path file = platform::FileOf(path);
+  if (!std::filesystem::exists(file, error)) return;
+  platform::ReportFault({.text = "cannot be read", .file = file.string(), .kind = FaultKind::kSystem});
+}
+
 void StoreText(BilletVdm& definition, const std::string& path, double offset) {
   platform::LineReader file(path);
-  if (!file.IsOpen()) return;
+  if (!file.IsOpen()) return ReportUnreadable(path);
   const auto add = [&definition](const std::string& line) { definition.ItemAdd(line); };
   simulation::GiveVrmlHead(add);
   simulation::GiveFacets(file, add);
   simulation::GiveVrmlTail(offset, add);
+  if (file.HasFailed()) ReportUnreadable(path);
 }
 
 }  // namespace

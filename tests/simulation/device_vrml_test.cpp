@@ -1,5 +1,8 @@
 #include "simulation/device_vrml.h"
 
+#include <utility>
+
+#include "platform/host_extensions.h"
 #include "simulation/simulation_fixture.h"
 
 namespace vanzet::test {
@@ -52,6 +55,25 @@ TEST_F(DeviceVrml, GoesToTheOperationOfItsKindAndSpindle) {
                   ElementsAre(" 0 0 " + std::to_string(type) + ".000000\n"));
     }
   }
+}
+
+std::string reported;
+
+void TakeFault(const char* text, const char* file, std::int32_t, std::int32_t, const char*, std::int32_t) {
+  reported = std::string(file) + ": " + text;
+}
+
+TEST_F(DeviceVrml, ReportsAFileThatIsThereAndCannotBeRead) {
+  const auto former = std::exchange(platform::extensionFinder, [](void*, const char* name) -> void* {
+    return std::string_view(name) == "VanzetReportFault" ? reinterpret_cast<void*>(TakeFault) : nullptr;
+  });
+  reported.clear();
+  Store(false, true, 1, 30);
+  EXPECT_EQ(reported, "") << "the host that writes no file has its reason";
+  std::filesystem::create_directory(File());
+  Store(false, true, 1, 30);
+  EXPECT_EQ(reported, File().string() + ": cannot be read");
+  platform::extensionFinder = former;
 }
 
 TEST_F(DeviceVrml, OfATypeWithoutOperationIsRefusedAndChangesNothing) {
