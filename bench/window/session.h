@@ -50,9 +50,9 @@ class Session {
     /// Is given the outcome of keeping what an event of the dialog changed, and returns it.
     std::function<Result<void>(const Result<void>& kept)> keepEvent = {};
   };
-  /// Calls an export of the module, "mstart" or "ReOrgVdm". Each event that its dialog has handled is written to
-  /// the project at once, all or nothing; what cannot be written stays with the call, and its last attempt fails
-  /// with it. Fails while another call is at work.
+  /// Calls an export of the module, "mstart" or "ReOrgVdm". Each event that its dialog has handled is
+  /// written to the project at once, all or nothing; what cannot be written stays with the call, and its
+  /// last attempt fails with it. Fails while another call is at work.
   Result<void> Call(const char* function, Surroundings surroundings);
   bool isAtWork() const { return host_ != nullptr; }
 
