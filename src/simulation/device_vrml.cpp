@@ -89,8 +89,8 @@ std::int32_t PlacementSection(std::int32_t type) {
   return devices::IsJaw(type) ? 3 : 2;
 }
 
-/// Reports a file of facets that the host has written and that cannot be read. A host that wrote none has said
-/// why already.
+/// Reports a file of facets that the host has written and that cannot be read. A host that wrote none has
+/// said why already.
 void ReportUnreadable(const std::string& path) {
   std::error_code error;
   const std::filesystem::path file = platform::FileOf(path);

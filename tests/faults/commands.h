@@ -14,6 +14,7 @@ struct Command {
   std::vector<Words> before;  ///< runs that make what it works on
   Words words;
   bool repeats = true;  ///< it works again on what it has left
+  bool meshes = false;  ///< it has Open CASCADE make meshes in this process
 };
 
 inline void PrintTo(const Command& command, std::ostream* out) {
