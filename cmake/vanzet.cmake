@@ -47,13 +47,14 @@ function(vanzet_library folder)
   target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
 endfunction()
 
-# What tests are compiled with, of which there are many: little optimisation, and undefined behaviour is looked for
-# in what they test, not in the tests themselves.
+# What tests are compiled with, of which there are many: little optimisation, none under the sanitizers, and undefined
+# behaviour is looked for in what they test, not in the tests themselves.
 add_library(vanzet_test_options INTERFACE)
 target_link_libraries(vanzet_test_options INTERFACE vanzet_options)
-target_compile_options(vanzet_test_options INTERFACE -O1)
 if(VANZET_SANITIZE)
-  target_compile_options(vanzet_test_options INTERFACE -fno-sanitize=undefined)
+  target_compile_options(vanzet_test_options INTERFACE -O0 -fno-sanitize=undefined)
+else()
+  target_compile_options(vanzet_test_options INTERFACE -O1)
 endif()
 
 # The test program NAME_test; each of its tests is one test of ctest.
