@@ -16,7 +16,7 @@ enum class FaultKind {
   kBusy,     ///< somebody else holds it now; later it may work
   kDamaged,  ///< stored data cannot be trusted
   kSystem,   ///< the operating system refused: no permission, no space, no descriptors
-  kReported  ///< the person was told already, on the message panel: there is nothing left to say
+  kReported  ///< it is on the message panel already: there is nothing left to report
 };
 
 /// Why something could not be done, written for the person who can mend it.

@@ -9,7 +9,7 @@ namespace {
 
 using namespace vanzet;
 
-/// What the engine gives of a VDM is fit for a store, and can be shown.
+/// A VDM that the engine reads is fit for a store, and can be shown.
 void CheckContent(const vdm::Vdm& content) {
   for (std::size_t i = 0; i < content.Size(); ++i) {
     const auto record = content.Read(i);

@@ -137,7 +137,7 @@ Result<std::string> BeginDefinitions(const Job& job) {
   return lines;
 }
 
-/// A drawing that cannot be read is no reason not to define: the generators draw all of the equipment again.
+/// A drawing that cannot be read does not keep anybody from defining: all of the equipment is drawn again.
 Result<void> BeginDrawing(api::Host& host) {
   VANZET_TRY(const auto damage, host.board.LoadOrBegin());
   if (!damage) return {};

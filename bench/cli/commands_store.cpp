@@ -43,7 +43,7 @@ void CheckDrawing(const project::Project& project, Findings& findings) {
   if (const auto loaded = board.Load(); !loaded) AddFault(findings, loaded.fault(), project.folder());
 }
 
-/// The catalogue that the project uses; one that does not exist is no finding.
+/// The catalogue that the project uses; a missing one is not a finding.
 Result<void> CheckCatalogue(const project::Project& project, Findings& findings) {
   VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value("CLAMP_DB_PATH"));
   constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file

@@ -56,7 +56,7 @@ void Checker::Version(const Place& form) {
   if (version.json != kFormVersion) {
     Refuse(version, "is another version of the form; this program knows " + std::to_string(kFormVersion));
   }
-  // What follows compares and plays the equipment alone.
+  // The comparison and the dialog take the equipment alone.
   form.json.erase(kVersionKey);
 }
 

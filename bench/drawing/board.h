@@ -51,8 +51,8 @@ struct Workpieces {
 /// Units    millimetres; making a board sets the geometry library to them for the process
 /// Order    call `Load` first; only the first call reads the file
 /// Saving   `Unsaved` merges the changes of this board into the content of the file, which other processes
-///          may have changed: their changes stay, except where both changed the same part. Whoever writes
-///          the file reports it by `MarkSaved`
+///          may have changed: their changes stay, except where both changed the same part. The caller,
+///          who writes the file, reports it by `MarkSaved`
 /// Errors   a fault; the board is unchanged
 class Board {
  public:

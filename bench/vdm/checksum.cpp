@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::uint64_t kReflectedPolynomial = 0xC96C5795D7870F42;
 
-/// What each byte does to the sum.
+/// The effect of each byte on the sum.
 constexpr std::array<std::uint64_t, 256> kSteps = [] {
   std::array<std::uint64_t, 256> steps = {};
   for (std::uint64_t byte = 0; byte < steps.size(); ++byte) {

@@ -91,7 +91,7 @@ Result<void> VdmStore::FinishFormerCommit() {
   VANZET_TRY(const auto unfinished, engine_->UnfinishedFile());
   if (!unfinished) return {};
   const auto lock = locks_.AcquireProject(std::chrono::milliseconds(0));
-  if (!lock && lock.fault().kind == FaultKind::kBusy) return {};  // whoever works there does it
+  if (!lock && lock.fault().kind == FaultKind::kBusy) return {};  // the process that works there does it
   if (!lock) return lock.fault();
   // The file may have been put in its place before the lock was free.
   VANZET_TRY(const auto file, engine_->UnfinishedFile());

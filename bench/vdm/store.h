@@ -21,7 +21,7 @@ inline constexpr std::chrono::milliseconds kUsualWait{10'000};
 ///
 /// A caller creates or opens a VDM, works on it in memory through its handle, and closes it; what was closed
 /// is what this store shows from then on. `Commit` writes it for everybody, all VDMs in one transaction;
-/// what is never committed is lost, so that a run that fails or dies leaves the project as it was. While it
+/// the rest is lost, so that a run that fails or dies leaves the project as it was. While it
 /// has a VDM open, and from its first change to the commit, a run keeps every other one from changing the
 /// project; from opening to closing, the VDM is locked as well, which others can see.
 ///

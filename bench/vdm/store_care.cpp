@@ -26,7 +26,7 @@ constexpr Orphans kOrphans[] = {
     {"SELECT count(*) - count(DISTINCT record) FROM place", " records are at two places"},
 };
 
-/// What a store holds as far as it can be read, and what is wrong with the rest.
+/// The content of a store as far as it can be read, and the faults of the rest.
 class Reader {
  public:
   /// The faults of opening: those of a file that is not a database are findings, too.
@@ -134,7 +134,7 @@ Result<void> WriteStore(const fs::path& file, const Changes& content) {
 }
 
 /// Gives the file a second name, so that it has one at every moment, and puts the new one in its place.
-/// Without anything to keep there is no new one.
+/// The new one does not exist where nothing could be kept.
 Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::path& repaired) {
   std::error_code error;
   if (!fs::exists(repaired, error)) {

@@ -19,7 +19,7 @@ using StoreFindings = std::vector<std::string>;
 /// belongs to another program or to a newer version; a file that is not a database is a finding.
 Result<StoreFindings> CheckStore(const std::filesystem::path& file);
 
-/// What was kept of a damaged store.
+/// The outcome of a repair.
 struct StoreRepair {
   std::filesystem::path aside;  ///< where the damaged file is now; empty: nothing was wrong, nothing was done
   std::size_t vdms = 0, records = 0;

@@ -24,7 +24,7 @@ struct TextFile {
 /// commit. Commands print their result in it, so that a run that cannot say what it did has not done it.
 using LastStep = std::function<Result<void>()>;
 
-/// What one run leaves in a store. The parts belong to the caller.
+/// The changes of one run to a store. The parts belong to the caller.
 struct NewGeneration {
   const Changes& vdms;
   const TextFile* file;         ///< null: none

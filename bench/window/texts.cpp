@@ -99,6 +99,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kAtWork,           "The dialog is still open, or other work is in progress." },
     { Text::kOpenElsewhere,    "VDM %1 of this project is open in another process. Nothing was changed here; try again when the other one has closed it." },
     { Text::kShownElsewhere,   "This project is open in another workbench as well (process %1). Nothing is lost: each shows what the other has stored." },
+    { Text::kNotStored,        "What you have done since the last time is not stored yet. The dialog stays open, so that you can try again." },
 
     { Text::kProjectName,      "Name" },
     { Text::kPlace,            "Folder" },

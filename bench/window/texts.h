@@ -23,7 +23,7 @@ enum class Text {
   kAllCalls, kCopyAll, kClear,
   kTreeName, kTreeContent, kSpur, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems,
   kPickHint, kPickPosition, kPickFigure, kPickSolid, kFigures, kSolids, kCancel,
-  kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere,
+  kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored,
   kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kChooseFolder, kNone, kWritten,
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kCount

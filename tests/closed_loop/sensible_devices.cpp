@@ -113,7 +113,8 @@ DeviceParams SensibleDevices::Next(std::int32_t type) {
       &Self::Chuck,      &Self::Collet,    &Self::Mandrel,   &Self::FaceDriver, &Self::SteppedJaw,
       &Self::SteppedJaw, &Self::SimpleJaw, &Self::SimpleJaw, &Self::SimpleJaw,  &Self::SimpleJaw,
       &Self::HookedJaw,  &Self::HookedJaw, &Self::Center,    &Self::Center};
-  DeviceParams device = (this->*kMakers[type - 1])();
+  const Make make = kMakers[type - 1];
+  DeviceParams device = (this->*make)();
   device.type = type;
   return device;
 }

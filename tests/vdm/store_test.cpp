@@ -23,7 +23,7 @@ class Store : public testing::Test {
     ASSERT_EQ(Told(store.Replace(number, VdmOf(records))), "");
     ASSERT_EQ(Told(store.Commit("test")), "");
   }
-  /// What everybody else sees.
+  /// The content that everybody else sees.
   Records Kept(std::int64_t number) { return RecordsOf(Get(elsewhere.Snapshot(number))); }
   std::string Busy() const { return folder.path().string() + ": another process is changing the project"; }
 

@@ -102,7 +102,14 @@ void EquipmentCommands::Call(const char* function) {
   EventFaults faults(parts_.messages);
   const auto keepEvent = [&](const Result<void>& kept) {
     if (!kept) parts_.messages.Tell(kept.fault());
-    ShowEventFault(faults.TakeFirst());
+    const QString first = faults.TakeFirst();
+    // The panel shows a cause that stays once; here the user asks again by each attempt.
+    if (kept) {
+      ShowEventFault(first, first);
+    } else {
+      const QString fault = ToQString(kept.fault().Message());
+      ShowEventFault(fault, fault + "\n\n" + workplace_.texts(Text::kNotStored));
+    }
     return kept;
   };
   const auto called =
@@ -114,13 +121,13 @@ void EquipmentCommands::Call(const char* function) {
   Refresh();
 }
 
-/// Shows in front of the module's dialog that an event of it went wrong.
-void EquipmentCommands::ShowEventFault(const QString& fault) {
+/// Shows in front of the module's dialog that an event of it went wrong. Without a fault it does nothing.
+void EquipmentCommands::ShowEventFault(const QString& fault, const QString& boxText) {
   if (fault.isEmpty()) return;
   workplace_.showNotice(fault);
   QWidget* const dialog = QApplication::activeModalWidget();
   QMessageBox::warning(dialog != nullptr ? dialog : workplace_.window, workplace_.texts(Text::kWindowTitle),
-                       fault);
+                       boxText);
 }
 
 void EquipmentCommands::Refresh() {

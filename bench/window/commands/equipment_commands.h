@@ -57,7 +57,7 @@ class EquipmentCommands final : public QObject {
  private:
   bool IsFreeElsewhere();
   void Call(const char* function);
-  void ShowEventFault(const QString& fault);
+  void ShowEventFault(const QString& fault, const QString& boxText);
   void RefreshDefinition();
   void RefreshEquipment();
   void RefreshIfChanged();
