@@ -127,7 +127,8 @@ TEST_F(ClampElemNew, NeedsTheValuesOfEachType) {
       const bool isNeeded = letters.find(letter) != std::string::npos;
       EXPECT_EQ(File().empty(), isNeeded) << node << letter;
       if (!isNeeded) continue;
-      EXPECT_EQ(ran.events.at(1), std::string("box 0 Value ") + letter + " is missing!") << node;
+      const std::string end = std::string(1, letter) + " is missing!";
+      EXPECT_EQ(ran.events.at(1), "box 0 Value " + end) << node;
       EXPECT_EQ(ran.events.at(2), "focus " + std::to_string(edit));
     }
   }
