@@ -61,7 +61,8 @@ void Fill(vdm::VdmStore& store, std::int64_t number, const std::vector<std::stri
   open.Seek(0);
   Check(open.SingleSeek(1));
   for (const std::string& line : lines) Check(open.SingleAdd(line));
-  Check(store.Close(handle));
+  store.Close(handle);
+  Check(store.Commit("benchmark"));
 }
 
 void OurStore(benchmark::State& state) {
@@ -71,6 +72,7 @@ void OurStore(benchmark::State& state) {
     const Folder folder;
     vdm::VdmStore store(folder.path);
     Check(store.Replace(1, vdm::Vdm()));
+    Check(store.Commit("benchmark"));
     state.ResumeTiming();
     Fill(store, 2, lines);
   }
@@ -136,7 +138,8 @@ class LargeStore {
     const vdm::Handle handle = Get(store_.Open(1));
     store_.Find(handle)->Seek(1);
     Check(store_.Find(handle)->Insert("small"));
-    Check(store_.Close(handle));
+    store_.Close(handle);
+    Check(store_.Commit("benchmark"));
   }
 
   /// Opens the VDM, reads the small record, lets `work` change it and closes.
@@ -148,7 +151,8 @@ class LargeStore {
     benchmark::DoNotOptimize(Get(open.SingleGet()));
     open.Seek(1);
     work(open);
-    Check(store_.Close(handle));
+    store_.Close(handle);
+    Check(store_.Commit("benchmark"));
   }
 
  private:
