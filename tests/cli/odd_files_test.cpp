@@ -14,8 +14,8 @@ enum class Thing { kPipe, kLinkToZeros, kFolder };
 
 constexpr Thing kThings[] = {Thing::kPipe, Thing::kLinkToZeros, Thing::kFolder};
 
-/// Without it a command that waits for a pipe or reads zeros without end would stop the suite. The sanitizer takes
-/// more memory than any limit.
+/// Without it a command that waits for a pipe or reads zeros without end would stop the suite. The sanitizer
+/// takes more memory than any limit.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr const char* kGuard = "timeout -s KILL 20";
 #else

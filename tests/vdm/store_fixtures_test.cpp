@@ -17,8 +17,8 @@ using test::RecordsOf;
 using test::Told;
 using testing::IsEmpty;
 
-/// Stores that earlier versions wrote: fixtures/store-schema-N.db, each with the definitions of both spurs of the
-/// sample project. A new schema gets a file here, and the former ones stay.
+/// Stores that earlier versions wrote: fixtures/store-schema-N.db, each with the definitions of both spurs
+/// of the sample project. A new schema gets a file here, and the former ones stay.
 class StoreFixtures : public testing::TestWithParam<std::int64_t> {
  protected:
   std::filesystem::path CopyOf(std::int64_t schema) {

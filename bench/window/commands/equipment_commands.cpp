@@ -15,12 +15,16 @@ namespace {
 constexpr int kRedrawDelay = 60;   // milliseconds in which the lines of a call are gathered
 constexpr int kChangePoll = 1000;  // milliseconds between looks at the files
 
-/// The first fault that is reported while an event of the module's dialog is handled.
+/// The lines by which the dialog loads and saves a configuration: "vdm load", "vdm save".
+constexpr const char* kConfigurationLine = "'vdm ";
+
+/// The first fault of a configuration that the user has loaded or saved in an event of the module's dialog.
+/// Other faults do not keep the user from going on: they are in the panel.
 class EventFaults final {
  public:
   explicit EventFaults(MessageDock& messages)
       : connection_(QObject::connect(&messages, &MessageDock::FaultAdded, [this](const QString& text) {
-          if (first_.isEmpty()) first_ = text;
+          if (first_.isEmpty() && text.startsWith(kConfigurationLine)) first_ = text;
         })) {}
   ~EventFaults() { QObject::disconnect(connection_); }
   EventFaults(const EventFaults&) = delete;
