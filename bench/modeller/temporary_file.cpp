@@ -1,9 +1,9 @@
 #include "modeller/temporary_file.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <cstdlib>
 
 #include <cerrno>
 #include <fstream>

@@ -1,8 +1,7 @@
 #include "project/litter.h"
 
-#include <signal.h>
-
 #include <cerrno>
+#include <csignal>
 #include <string>
 #include <string_view>
 #include <system_error>

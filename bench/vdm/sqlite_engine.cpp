@@ -4,7 +4,6 @@
 #include <unordered_set>
 
 #include "base/files/whole_file.h"
-#include "vdm/commit_writer.h"
 #include "vdm/store_schema.h"
 #include "vdm/stored_record.h"
 
@@ -87,16 +86,17 @@ Result<void> SqliteEngine::Apply(const NewGeneration& next) {
   }
   VANZET_TRY(auto writing, BeginWriting());
   VANZET_TRY(auto writer, CommitWriter::Begin(*connection_, next.occasion));
-  for (const auto& [number, content] : next.vdms) {
-    VANZET_TRY(const auto before, KeysOf(number, kStoreSchema));
-    if (content && !IsOpenedFrom(before, *content)) {
-      return connection_->FaultOf(NameOf(number) + " was changed by others while it was open");
-    }
-    VANZET_DO(content ? writer.Write(number, *content, before) : writer.Remove(number, before));
-  }
+  for (const auto& [number, content] : next.vdms) VANZET_DO(Change(number, content, writer));
   if (next.file != nullptr) VANZET_DO(writer.Write(*next.file));
   if (next.lastStep) VANZET_DO(next.lastStep());
   return writing.Commit();
+}
+
+Result<void> SqliteEngine::Change(Number number, const std::optional<Vdm>& content, CommitWriter& writer) {
+  VANZET_TRY(const auto before, KeysOf(number, kStoreSchema));
+  if (!content) return writer.Remove(number, before);
+  if (IsOpenedFrom(before, *content)) return writer.Write(number, *content, before);
+  return connection_->FaultOf(NameOf(number) + " was changed by others while it was open");
 }
 
 Result<std::optional<TextFile>> SqliteEngine::UnfinishedFile() {

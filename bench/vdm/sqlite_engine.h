@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "vdm/commit_writer.h"
 #include "vdm/sqlite_connection.h"
 #include "vdm/store_engine.h"
 
@@ -43,7 +44,8 @@ class SqliteEngine : public StoreEngine {
   Result<std::optional<Reading>> BeginReading();
   Result<SqliteTransaction> BeginWriting();
 
-  // These require a transaction.
+  // These require a transaction, `Change` one for writing.
+  Result<void> Change(Number number, const std::optional<Vdm>& content, CommitWriter& writer);
   Result<std::optional<Vdm>> Stored(Number number, std::int64_t schema);
   Result<std::vector<RecordKey>> KeysOf(Number number, std::int64_t schema);
 

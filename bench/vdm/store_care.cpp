@@ -158,21 +158,17 @@ Result<StoreFindings> CheckStore(const fs::path& file) {
 }
 
 Result<StoreRepair> RepairStore(const fs::path& file) {
-  StoreRepair repair;
-  {
-    Reader reader;
-    VANZET_DO(reader.Read(file));
-    if (reader.findings.empty()) return repair;
-    repair.vdms = reader.content.size();
-    repair.records = reader.records;
-    repair.missing = reader.findings;
-    const fs::path repaired = FreeName(file, ".repaired");
-    VANZET_DO(WriteStore(repaired, reader.content));
-    repair.aside = FreeName(file, ".damaged");
-    const auto exchanged = Exchange(file, repair.aside, repaired);
+  Reader reader;
+  VANZET_DO(reader.Read(file));
+  if (reader.findings.empty()) return StoreRepair();
+  const StoreRepair repair{FreeName(file, ".damaged"), reader.content.size(), reader.records,
+                           reader.findings};
+  const fs::path repaired = FreeName(file, ".repaired");
+  VANZET_DO(WriteStore(repaired, reader.content));
+  if (const auto exchanged = Exchange(file, repair.aside, repaired); !exchanged) {
     std::error_code ignored;
-    if (!exchanged) fs::remove(repaired, ignored);
-    VANZET_DO(exchanged);
+    fs::remove(repaired, ignored);
+    return exchanged.fault();
   }
   return repair;
 }
