@@ -168,7 +168,7 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
   const auto written =
       arguments.transcript.empty() ? Result<void>() : WriteFile(arguments.transcript, transcript);
   if (!lines) return lines.fault();
-  VANZET_DO(written);
+  if (!written) return written;
   return KeepRun([&] { return job.host.Commit("define", [&] { return Print(*lines); }); });
 }
 

@@ -1,10 +1,10 @@
 #include "project/sample.h"
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <system_error>
 
 #include "base/files/system_fault.h"
