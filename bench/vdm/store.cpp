@@ -96,6 +96,12 @@ Result<void> VdmStore::FinishFormerCommit() {
   // The file may have been put in its place before the lock was free.
   VANZET_TRY(const auto file, engine_->UnfinishedFile());
   if (!file) return {};
+  // The store may come from elsewhere, and must not name a file outside of its project.
+  if (std::filesystem::path(file->name).filename() != file->name || file->name == "..") {
+    return Fault{.text = "is damaged: it holds a file of another folder",
+                 .file = (folder_ / "store.db").string(),
+                 .kind = FaultKind::kDamaged};
+  }
   const auto target = folder_ / file->name;
   // A content that is neither the former nor the new one is a person's, and stays.
   if (ChecksumOfFile(target) == file->former) VANZET_DO(files::ReplaceFile(target, file->content));

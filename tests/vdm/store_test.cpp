@@ -5,6 +5,7 @@
 #include "support/memory_engine.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
+#include "vdm/sqlite_engine.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -365,6 +366,31 @@ TEST_F(Store, TakesBackADeletionUntilItIsFinal) {
   EXPECT_FALSE(store.PutBackDeleted(1));
   EXPECT_FALSE(store.PutBackDeleted(-1));
   EXPECT_FALSE(Get(store.Exists(1)));
+}
+
+TEST_F(Store, FinishesNoFileOutsideOfItsProject) {
+  for (const std::string name : {"../outside.txt", "/tmp/vanzet-outside.txt", "sub/inside.txt", ".."}) {
+    const std::filesystem::path target = folder.path() / name;
+    SqliteEngine engine(folder / "store.db");
+    const TextFile file{name, "from a foreign store"};
+    const Changes changes;
+    const std::string occasion = "test";
+    ASSERT_EQ(Told(engine.Apply({changes, &file, occasion, {}})), "");
+    EXPECT_EQ(store.FinishFormerCommit().fault().kind, FaultKind::kDamaged) << name;
+    EXPECT_FALSE(std::filesystem::is_regular_file(target)) << name;
+    ASSERT_EQ(Told(engine.FinishFile()), "");
+  }
+}
+
+TEST_F(Store, FinishesTheFileOfACommitThatAProcessCouldNotWriteAnyMore) {
+  SqliteEngine engine(folder / "store.db");
+  const TextFile file{"drawing.txt", "new"};
+  const Changes changes;
+  const std::string occasion = "test";
+  ASSERT_EQ(Told(engine.Apply({changes, &file, occasion, {}})), "");
+  EXPECT_EQ(Told(store.FinishFormerCommit()), "");
+  EXPECT_EQ(test::ReadBytes(folder / "drawing.txt"), "new");
+  EXPECT_FALSE(Get(engine.UnfinishedFile()));
 }
 
 TEST_F(Store, GivesSnapshotsOfOneState) {
