@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/near_words.h"
 #include "base/number_text.h"
 
 namespace vanzet::define {

@@ -45,7 +45,4 @@ std::string Quoted(const std::string& word);
 /// "chuck, collet, jaw".
 std::string Listed(const std::vector<std::string>& words);
 
-/// The words that may have been meant by `word`: similar spelling, or one is part of the other.
-std::vector<std::string> NearWords(const std::string& word, const std::vector<std::string>& words);
-
 }  // namespace vanzet::define

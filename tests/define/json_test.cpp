@@ -7,9 +7,7 @@
 namespace vanzet::define {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(FormJson, IsRefusedWithTheLineAndTheColumnWhereItEnds) {
   const auto read = ReadJson("{\"spurs\": [\n  1,,\n]}", "job.json");
@@ -41,15 +39,6 @@ TEST(FormPaths, QuoteKeysThatAreNoWords) {
 TEST(FormNumbers, AreWholeWhereTheyAre) {
   EXPECT_EQ(NumberJson(80).dump(), "80");
   EXPECT_EQ(NumberJson(-22.5).dump(), "-22.5");
-}
-
-TEST(NearWords, AreThoseOfNearSpellingAndParts) {
-  const std::vector<std::string> keys = {"spur", "main", "inner_diameter", "outer_diameter", "A", "B"};
-  EXPECT_THAT(NearWords("mian", keys), ElementsAre("main"));
-  EXPECT_THAT(NearWords("diameter", keys), ElementsAre("inner_diameter", "outer_diameter"));
-  EXPECT_THAT(NearWords("outer_diametre", keys), ElementsAre("outer_diameter"));
-  EXPECT_THAT(NearWords("Z", keys), IsEmpty());
-  EXPECT_THAT(NearWords(std::string(100000, 'x'), keys), IsEmpty());
 }
 
 }  // namespace
