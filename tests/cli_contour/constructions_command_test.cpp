@@ -37,6 +37,35 @@ TEST_F(ContourConstructions, OffsetsLieOnTheSideThatWasAskedFor) {
   }
 }
 
+TEST_F(ContourConstructions, TheInsideOfAClosedContourIsTheSameInBothDirections) {
+  WriteBytes(folder / "back.txt", Vanzet("contour transform slot.txt --mirror x").out);
+  ASSERT_NE(FactsOf("transform back.txt")["direction"], FactsOf("transform slot.txt")["direction"]);
+  for (const std::string file : {"slot.txt", "back.txt"}) {
+    EXPECT_NEAR(FactsOf("offset " + file + " 2 --inside")["perimeter"], 80 + 16 * kPi, 1e-6) << file;
+    EXPECT_NEAR(FactsOf("offset " + file + " 2 --outside")["perimeter"], 80 + 24 * kPi, 1e-6) << file;
+  }
+  EXPECT_EQ(Fault("offset hook.txt 1 --inside"), "vanzet: contour 4 is open: it has no inside\n");
+}
+
+TEST_F(ContourConstructions, AContourThatCollapsesDoesNotStopTheOthers) {
+  WriteBytes(folder / "ring.txt", Vanzet("contour circle 0 0 20").out + Vanzet("contour circle 50 0 1").out +
+                                      Vanzet("contour circle 90 0 5").out);
+  const Outcome run = Vanzet("contour offset ring.txt 3 --inside");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(Json("info", run.out)["contours"].size(), 2U);
+  EXPECT_THAT(run.err,
+              testing::MatchesRegex(
+                  "vanzet: contour 1 (collapses|turns inside out) at 3 mm to the left; it is left out\n"));
+  EXPECT_THAT(Fault("offset ring.txt 3 --inside --strict"), HasSubstr("at 3 mm to the left\n"));
+  EXPECT_THAT(Fault("offset ring.txt 30 --inside"),
+              HasSubstr("vanzet: none of the 3 contours has an offset\n"));
+}
+
+TEST_F(ContourConstructions, LengthsThatAreNotAreRefused) {
+  EXPECT_EQ(Fault("trim hook.txt -5"), "vanzet: the length has to be above 0, found -5\n");
+  EXPECT_EQ(Fault("extend hook.txt 0"), "vanzet: the length has to be above 0, found 0\n");
+}
+
 TEST_F(ContourConstructions, StepsAreNestedAndNumbered) {
   const auto contours = Json("offset slot.txt 2 --right --steps 3")["contours"];
   ASSERT_EQ(contours.size(), 3U);
@@ -93,7 +122,9 @@ TEST_F(ContourConstructions, TellsTheMotionBetweenEqualShapes) {
             "the contours have the same shape\n  turn    30.0000 degrees\n  move    5.0000, -7.0000\n");
   WriteBytes(folder / "mirrored.txt", Vanzet("contour transform hook.txt --mirror x --turn 90").out);
   EXPECT_EQ(Vanzet("contour same hook.txt mirrored.txt").out, "the contours do not have the same shape\n");
-  EXPECT_EQ(Json("same hook.txt mirrored.txt")["same"], false);
+  const Outcome different = Vanzet("contour same hook.txt mirrored.txt --json");
+  EXPECT_EQ(nlohmann::json::parse(different.out)["same"], false);
+  EXPECT_EQ(different.status, 3) << "for a shell";
   const auto motion = Json("same hook.txt mirrored.txt --mirror --svg same.svg");
   EXPECT_EQ(motion["mirrored"], true);
   EXPECT_NEAR(motion["turn"], 90, 1e-6);

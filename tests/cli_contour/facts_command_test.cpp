@@ -41,11 +41,24 @@ TEST_F(ContourFacts, NearGivesTheFootOnALineAndOnAnArc) {
             "contour  span  distance  nearest point\n      1     1    4.0000  5.0000, 10.0000\n");
 }
 
-TEST_F(ContourFacts, InsideTellsEverySide) {
-  EXPECT_EQ(Json("inside slot.txt 27 6")["sides"][0]["side"], "inside");
-  EXPECT_EQ(Json("inside slot.txt 28 7")["sides"][0]["side"], "outside");
-  EXPECT_EQ(Json("inside slot.txt 28 6")["sides"][0]["side"], "on");
-  EXPECT_EQ(Json("inside 0 0", "k1 e x0 y0\nx1 y1\nek\n")["sides"][0]["side"], "open");
+TEST_F(ContourFacts, InsideTellsEverySideAndAnswersAShell) {
+  const auto expect = [&](const std::string& arguments, const char* side, int status,
+                          const std::string& input = "") {
+    const Outcome run = Vanzet("contour inside " + arguments + " --json", "", input);
+    EXPECT_EQ(nlohmann::json::parse(run.out)["sides"][0]["side"], side) << arguments;
+    EXPECT_EQ(run.status, status) << arguments;
+  };
+  expect("slot.txt 27 6", "inside", 0);
+  expect("slot.txt 28 7", "outside", 3);
+  expect("slot.txt 28 6", "on", 0);
+  expect("0 0", "open", 3, "k1 e x0 y0\nx1 y1\nek\n");
+}
+
+TEST_F(ContourFacts, APointInAHoleIsOutside) {
+  const std::string plate = Vanzet("contour circle 0 0 20").out + Vanzet("contour circle 0 0 5").out;
+  EXPECT_EQ(Vanzet("contour inside 12 0", "", plate).status, 0);
+  EXPECT_EQ(Vanzet("contour inside 2 0", "", plate).status, 3);
+  EXPECT_EQ(Vanzet("contour inside 5 0", "", plate).status, 0) << "on the hole";
 }
 
 TEST_F(ContourFacts, IntersectTellsPointsWithTheirSpans) {

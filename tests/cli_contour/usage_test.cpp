@@ -57,6 +57,21 @@ TEST_F(ContourUsage, WrongUsageHasTheStatusTwo) {
   }
 }
 
+TEST_F(ContourUsage, OnlyOneSideOfAnOffset) {
+  const Outcome run = Vanzet("contour offset slot.txt 2 --right --outside");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("--outside: cannot be given together with --right"));
+}
+
+TEST_F(ContourUsage, OutputsWithTheEndingOfAnotherFormAreRefused) {
+  EXPECT_THAT(Vanzet("contour info slot.txt --svg x.png").err,
+              HasSubstr("--svg: expected a name that ends with .svg, found 'x.png'"));
+  EXPECT_THAT(Vanzet("contour offset slot.txt 2 --dxf x.svg").err,
+              HasSubstr("--dxf: expected a name that ends with .dxf, found 'x.svg'"));
+  EXPECT_EQ(Vanzet("contour info slot.txt --svg X.SVG").status, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "x.png"));
+}
+
 TEST_F(ContourUsage, BadFilesAreOneLineWithTheirPlaceAndASourceLineWithACaret) {
   WriteBytes(folder / "bad.txt", "k1 e x0 y0\nx1 yy\nek\n");
   EXPECT_EQ(Fault("info bad.txt"), "vanzet: bad.txt:2:5: expected a number, found 'y'\n  x1 yy\n      ^\n");

@@ -23,7 +23,7 @@ constexpr Row kRows[] = {
      kFile | kSelect, ContourInfo, "vanzet contour info slot.txt"},
     {"near", "Finds the point of each contour that is nearest to a point.", "[FILE] X Y", 1, 2,
      kFile | kSelect, ContourNear, "vanzet contour near slot.txt 12.5 -3"},
-    {"inside", "Finds out on which side of each contour a point is.", "[FILE] X Y", 1, 2,
+    {"inside", "Finds out on which side of each contour a point is; status 3: outside.", "[FILE] X Y", 1, 2,
      kFile | kSelect, ContourInside, "vanzet contour inside slot.txt 0 0 --json"},
     {"intersect", "Finds where the contours of one file meet those of another.", "A B", 2, 0,
      kFile, ContourIntersect, "vanzet contour intersect slot.txt shaft.dxf --svg both.svg"},
@@ -44,12 +44,12 @@ constexpr Row kRows[] = {
     {"extend", "Adds straight pieces at the ends of contours.", "[FILE] LENGTH", 1, 1,
      kFile | kSelect | kEnd | kDxf, ContourExtend, "vanzet contour extend shaft.txt 5 --at both"},
     {"offset", "Makes contours at a distance from others.", "[FILE] DISTANCE", 1, 1,
-     kFile | kSelect | kOffset | kDxf, ContourOffset, "vanzet contour offset slot.txt 2 --right --steps 4"},
+     kFile | kSelect | kOffset | kDxf, ContourOffset, "vanzet contour offset slot.txt 2 --inside --steps 4"},
     {"blend", "Changes the radius of the arc that is nearest to a point.", "[FILE] X Y R", 1, 3,
      kFile | kSelect | kDxf, ContourBlend, "vanzet contour blend bracket.dxf 20 20 4 --contour 1"},
     {"equalise", "Cuts two contours into the same number of spans, in equal shares.", "A B", 2, 0,
      kFile | kSelect | kForce | kDxf, ContourEqualise, "vanzet contour equalise slot.txt lens.txt"},
-    {"same", "Finds out whether two contours have the same shape, and the motion between them.", "A B", 2, 0,
+    {"same", "Finds out whether two contours have the same shape, and the motion between them; status 3: they do not.", "A B", 2, 0,
      kFile | kSelect | kMirror, ContourSame, "vanzet contour same slot.txt moved.txt --mirror"},
     {"circle", "Makes a circle of two half turns, anticlockwise.", "X Y R", 0, 3,
      kDxf, ContourCircle, "vanzet contour circle 0 0 25 | vanzet contour split"},
@@ -71,9 +71,10 @@ constexpr const char* kNotes =
     "input.\nLengths are in millimetres, angles in degrees. Write a negative number with its leading zero: "
     "-0.5, not -.5.";
 
-void AddOperation(Command& contour, const Row& row, const Context& context) {
+void AddOperation(Command& contour, const Row& row, Context& context) {
   const auto arguments = std::make_shared<ContourArguments>();
   arguments->texts = &context.texts;
+  arguments->hasFindings = &context.hasFindings;
   Command& command = contour.AddCommand(row.name, row.help);
   const std::size_t least = row.numbers + (row.files == 2 ? 2 : 0);
   Parameter& words = command.AddOperands(row.operands, "", arguments->words);
@@ -81,7 +82,10 @@ void AddOperation(Command& contour, const Row& row, const Context& context) {
   AddContourOptions(command, *arguments, row.options);
   command.notes = kNotes;
   command.examples = {row.example};
-  command.check = [=, &row] { SplitContourWords(*arguments, row.files, row.numbers); };
+  command.check = [=, &row] {
+    SplitContourWords(*arguments, row.files, row.numbers);
+    CheckContourArguments(*arguments);
+  };
   command.work = [=, &row]() -> Result<void> {
     VANZET_DO(CheckOutputs(*arguments));
     contour::UseMillimetres();

@@ -160,18 +160,23 @@ Result<void> ContourNear(const ContourArguments& arguments) {
   return report.Finish();
 }
 
+// A contour inside of another is a hole: the point is inside of an odd number of them, or on one.
 Result<void> ContourInside(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
   const geometry::Point asked = arguments.PointAt(0);
   Report report(arguments, "sides", contours, {Translatable("contour"), Translatable("the point is")});
   report.MarkQuestion(asked);
+  bool isInside = false, isOn = false;
   for (const Contour& contour : contours) {
     VANZET_TRY(const auto side, SideOf(contour, asked));
+    isInside = isInside != (side == contour::Side::kInside);
+    isOn = isOn || side == contour::Side::kOn;
     const bool isOpen = side == contour::Side::kOpen;
     report.AddRow(
         {std::to_string(contour.number), isOpen ? "undefined: the contour is open" : SideName(side)},
         {{"contour", contour.number}, {"side", SideName(side)}});
   }
+  if (!isInside && !isOn) AnswerNo(arguments);
   return report.Finish();
 }
 

@@ -1,8 +1,8 @@
 #include <functional>
-#include <iostream>
 
 #include <nlohmann/json.hpp>
 
+#include "base/number_text.h"
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
 #include "cli/output.h"
@@ -50,28 +50,18 @@ Result<void> WriteChanged(const ContourArguments& arguments, const Change& chang
   return changed ? WriteMade(arguments, changed->source, changed->made) : changed.fault();
 }
 
-/// The offsets of a contour, each further out, until nothing is left. Fails when the first offset is empty.
-Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& arguments) {
-  const double step = arguments.numbers[0] * (arguments.toTheRight ? -1 : 1);
-  Contours offsets;
-  for (int i = 1; i <= arguments.steps; ++i) {
-    auto offset = OffsetOf(contour, i * step, arguments.method);
-    if (!offset && offsets.empty()) return offset.fault();
-    if (!offset) {
-      std::cerr << "vanzet: " + offset.fault().Message() + "; only " + std::to_string(i - 1) + " of " +
-                       std::to_string(arguments.steps) + " offsets were made\n";
-      break;
-    }
-    offsets.push_back(std::move(*offset));
-  }
-  return offsets;
-}
-
 Result<void> PrintForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &contours});
   VANZET_DO(WritePicture(arguments, std::move(drawing)));
   return arguments.json ? PrintJson(JsonForm(contours)) : Print(form);
+}
+
+/// Fails unless the length of `trim` and `extend` is one.
+Result<void> CheckLength(const ContourArguments& arguments) {
+  const double length = arguments.numbers[0];
+  if (length > 0) return {};
+  return Fault{"the length has to be above 0, found " + NumberText(length)};
 }
 
 }  // namespace
@@ -100,6 +90,7 @@ Result<void> ContourSection(const ContourArguments& arguments) {
 }
 
 Result<void> ContourTrim(const ContourArguments& arguments) {
+  VANZET_DO(CheckLength(arguments));
   return WriteChanged(arguments, [&](const Contour& c) {
     return Trim(c, arguments.numbers[0], arguments.end, arguments.opening);
   });
@@ -107,6 +98,7 @@ Result<void> ContourTrim(const ContourArguments& arguments) {
 
 // The original is drawn on top, so that the picture shows where the longer contour extends it.
 Result<void> ContourExtend(const ContourArguments& arguments) {
+  VANZET_DO(CheckLength(arguments));
   const auto changed = ChangeContours(
       arguments, [&](const Contour& c) { return Extend(c, arguments.numbers[0], arguments.end); });
   if (!changed) return changed.fault();
@@ -135,22 +127,6 @@ Result<void> ContourEllipse(const ContourArguments& arguments) {
   VANZET_TRY(const auto ellipse, contour::EllipseOf(arguments.PointAt(0), arguments.numbers[2],
                                                     arguments.numbers[3], arguments.matrix));
   return WriteMade(arguments, {}, {ellipse});
-}
-
-Result<void> ContourOffset(const ContourArguments& arguments) {
-  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
-  Contours made;
-  for (const Contour& contour : contours) {
-    VANZET_TRY(const auto offsets, OffsetsOf(contour, arguments));
-    made.insert(made.end(), offsets.begin(), offsets.end());
-  }
-  if (arguments.steps > 1) {
-    for (std::size_t i = 0; i < made.size(); ++i) made[i].number = static_cast<int>(i) + 1;
-  }
-  Drawing drawing;
-  drawing.layers.push_back({Drawing::Role::kMain, &contours, "contour"});
-  drawing.layers.push_back({Drawing::Role::kOther, &made, made.size() > 1 ? "offsets" : "offset"});
-  return WriteContours(arguments, drawing, made);
 }
 
 Result<void> ContourBiarc(const ContourArguments& arguments) {

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <map>
 
+#include "base/letter_case.h"
 #include "base/quote.h"
 #include "cli/arguments.h"
 #include "geometry/numerics.h"
@@ -31,6 +33,7 @@ void AddFileOptions(Command& command, ContourArguments& arguments) {
       .AddOption("--unit", "UNIT", "drawings: the unit; default: the unit that the drawing states",
                  StoreText(arguments.drawing.unit))
       .OneOf({"mm", "inch", "m"});
+  command.AddFlag("--strict", "fail when something of FILE is left out", arguments.strict);
 }
 
 constexpr int kMostSteps = 1000;
@@ -48,8 +51,9 @@ void AddChoice(Command& command, const std::string& name, const std::string& typ
 
 void AddOffsetOptions(Command& command, ContourArguments& arguments) {
   using contour::OffsetMethod;
-  command.AddFlag("--right", "make the offset to the right of the contour", arguments.toTheRight);
-  command.AddFlag("--left", "make the offset to the left, the default").Excludes("--right");
+  for (std::size_t i = 0; i < kSides.size(); ++i) {
+    command.AddFlag(kSides[i].flag, kSides[i].help, arguments.sides[i]);
+  }
   AddChoice<OffsetMethod>(command, "--method", "METHOD", arguments.method,
                           "the method; spans keeps loops and rounds no corners; default: kurveex",
                           {{"kurve", OffsetMethod::kKurve},
@@ -85,6 +89,25 @@ void AddTextOptions(Command& command, ContourArguments& arguments) {
                   "the reader of FILE: the strict one, or that of the library, which skips what it does not "
                   "know; default: strict",
                   {{"strict", false}, {"library", true}});
+}
+
+void CheckSides(const ContourArguments& arguments) {
+  const OffsetSide* first = nullptr;
+  for (std::size_t i = 0; i < kSides.size(); ++i) {
+    if (!arguments.sides[i]) continue;
+    if (first != nullptr) {
+      throw WrongUsage{kSides[i].flag, "cannot be given together with " + std::string(first->flag)};
+    }
+    first = &kSides[i];
+  }
+}
+
+/// A name without an ending, such as that of a device, is accepted.
+void CheckEnding(const char* option, const std::string& file, const char* ending) {
+  const std::string found = std::filesystem::path(file).extension().string();
+  if (found.empty() || EqualWithoutCase(found, ending)) return;
+  throw WrongUsage{option,
+                   "expected a name that ends with " + std::string(ending) + ", found " + Quoted(file)};
 }
 
 /// Adds the options that belong to one operation or two.
@@ -180,6 +203,12 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
   command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers);
   command.AddFlag("--json", "print JSON", arguments.json);
   if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
+}
+
+void CheckContourArguments(const ContourArguments& arguments) {
+  CheckSides(arguments);
+  CheckEnding("--svg", arguments.svg, ".svg");
+  CheckEnding("--dxf", arguments.dxf, ".dxf");
 }
 
 void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers) {

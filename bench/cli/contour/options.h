@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +15,20 @@
 
 namespace vanzet::cli {
 
+/// The side of a contour that its offset is on. Only closed contours have an inside.
+struct OffsetSide {
+  const char* flag;
+  const char* help;
+  int direction;    ///< 1 to the left, -1 to the right; of an anticlockwise contour where it depends on that
+  bool isOfClosed;  ///< the side depends on the direction of a closed contour
+};
+inline constexpr std::array kSides = {
+    OffsetSide{"--left", "make the offset to the left of the contour, the default", 1, false},
+    OffsetSide{"--right", "make the offset to the right", -1, false},
+    OffsetSide{"--inside", "make the offset on the inside of closed contours", 1, true},
+    OffsetSide{"--outside", "make the offset on the outside of closed contours", -1, true},
+};
+
 /// The operands and options of `vanzet contour OPERATION`.
 struct ContourArguments {
   std::vector<std::string> words;
@@ -22,11 +38,12 @@ struct ContourArguments {
   std::optional<std::int32_t> contour;  ///< only contours with this number
   double tolerance = 0.01;              ///< in millimetres
   geometry::Matrix matrix;
-  bool toTheRight = false;
+  std::array<bool, kSides.size()> sides = {};  ///< the sides that were given, by the order of `kSides`
   contour::OffsetMethod method = contour::OffsetMethod::kKurveEx;
   int steps = 1;
   contour::End end = contour::End::kEnd;
   std::optional<geometry::Point> opening;  ///< of a closed contour that is trimmed
+  bool strict = false;                     ///< what is left out is a failure
   bool force = false;
   bool mirror = false;
   contour::XmlKind xmlKind = contour::XmlKind::kKurve;
@@ -37,6 +54,13 @@ struct ContourArguments {
   bool vertexNumbers = false;
   bool json = false;
   const Translations* texts = nullptr;  ///< of headings; never null while an operation runs
+  bool* hasFindings = nullptr;          ///< set for the answer "no"; never null while an operation runs
+
+  /// The side of an offset. Requires: `CheckContourArguments` was called.
+  const OffsetSide& Side() const {
+    const auto given = std::ranges::find(sides, true);
+    return given == sides.end() ? kSides.front() : *std::next(kSides.begin(), given - sides.begin());
+  }
 
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };
@@ -57,8 +81,17 @@ enum ContourOption : unsigned {
   kTextForm = 2048,
 };
 
+/// The answer "no" of a question that a shell can ask: the exit status is 3.
+inline void AnswerNo(const ContourArguments& arguments) {
+  *arguments.hasFindings = true;
+}
+
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
+
+/// Checks what the options mean together: at most one side, and outputs whose names do not end like another
+/// form. Throws `WrongUsage`.
+void CheckContourArguments(const ContourArguments& arguments);
 
 /// Splits the words into files, at most `files`, and exactly `numbers` numbers after them.
 /// Throws `WrongUsage`.

@@ -77,6 +77,7 @@ Result<void> ContourSame(const ContourArguments& arguments) {
   drawing.layers.push_back({Drawing::Role::kMain, &first, "A"});
   drawing.layers.push_back({Drawing::Role::kOther, &second, "B"});
   if (*motion) drawing.links.push_back({a.curve.start, a.curve.start.Transform(**motion)});
+  if (!*motion) AnswerNo(arguments);
   VANZET_DO(WritePicture(arguments, drawing));
   if (arguments.json) return PrintJson(MotionJson(*motion));
   return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours do not have the same shape\n");
