@@ -68,6 +68,11 @@ class Span {
   /// L"Invalid Geometry - Radii mismatch - SetProperties" when the ends are at different distances from the
   /// centre, and leaves the caches stale.
   void SetProperties(bool returnProperties = true);
+  /// The two steps of `SetProperties`, for many spans of which some are not needed in full: first tangents,
+  /// radius, `NullSpan` and the length of a line, with the errors, then sweep, length of an arc and box.
+  /// Between them the caches count as stale.
+  void SetTangents();
+  void SetMeasures();
   /// Throws L"SetProperties missing" when the caches are stale. Every query that reads them begins with it.
   void NeedProperties() const;
 
@@ -128,9 +133,8 @@ class Span {
 
  private:
   void GrowBox(geometry::Box& b, bool withStart) const;
-  void SetLineProperties();
-  void SetArcProperties();
-  void SetSweep(double chord);
+  void SetLineTangents();
+  void SetArcTangents();
   bool CarriesPoint(const Point& p) const;
   double ArcFraction(const Point& p) const;
 };

@@ -14,6 +14,12 @@ void CheckRadii(double startRadius, double endRadius) {
   }
 }
 
+/// Whether `IncludedAngle` is 0.
+bool NoAngle(const Vector2d& a, const Vector2d& b) {
+  const double c = Dot(a, b);
+  return c > 1.0 - VECTOR_TOLERANCE || c == 1.0;
+}
+
 }  // namespace
 
 std::int32_t IdNumber(std::uint32_t ID) {
@@ -36,31 +42,38 @@ Span::Span(const Point& start, const Point& end, std::uint32_t id, IndexWord wor
 Span::Span(const spVertex& previous, const spVertex& v) : Span(v.type, previous.p, v.p, v.pc, v.ID) {}
 
 void Span::SetProperties(bool returnProperties) {
+  if (returnProperties) {
+    SetTangents();
+    SetMeasures();
+  } else {
+    propertiesSet = false;
+    length = radius = angle = 0.0;
+  }
+}
+
+void Span::SetTangents() {
   propertiesSet = false;
   length = radius = angle = 0.0;
-  if (!returnProperties) return;
   if (dir == LINEAR) {
-    SetLineProperties();
+    SetLineTangents();
   } else {
-    SetArcProperties();
+    SetArcTangents();
   }
   if (NullSpan) {
     pc = p0;
-    radius = angle = 0.0;
+    radius = 0.0;
   }
-  box.Clear();
-  GrowBox(box, true);
-  propertiesSet = true;
 }
 
-void Span::SetLineProperties() {
+void Span::SetLineTangents() {
   vs = Vector2d(p0, p1);
   length = vs.Normalise();
   ve = vs;
   NullSpan = TOLERANCE >= length;
 }
 
-void Span::SetArcProperties() {
+/// An arc too flat to have an angle becomes its chord; its centre and radius then mean nothing but stay.
+void Span::SetArcTangents() {
   vs = Vector2d(pc, p0).LeftNormal();
   ve = Vector2d(pc, p1).LeftNormal();
   if (dir == CW) {
@@ -73,23 +86,23 @@ void Span::SetArcProperties() {
   NullSpan = !(radius > TOLERANCE) || TOLERANCE >= chord;
   if (NullSpan) {
     dir = LINEAR;
-  } else {
-    SetSweep(chord);
-  }
-}
-
-/// An arc too flat to have an angle becomes its chord; its centre and radius then mean nothing but stay.
-void Span::SetSweep(double chord) {
-  angle = IncludedAngle(vs, ve, dir);
-  if (angle == 0.0) {
+  } else if (NoAngle(vs, ve)) {
     dir = LINEAR;
     vs = Vector2d(p0, p1);
     vs.Normalise();
     ve = vs;
     length = chord;
-  } else {
+  }
+}
+
+void Span::SetMeasures() {
+  if (dir != LINEAR) {
+    angle = IncludedAngle(vs, ve, dir);
     length = std::fabs(angle) * radius;
   }
+  box.Clear();
+  GrowBox(box, true);
+  propertiesSet = true;
 }
 
 void Span::NeedProperties() const {
