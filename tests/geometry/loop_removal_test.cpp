@@ -257,16 +257,16 @@ TEST(BoxLevels, PassOverSpansOutsideAloneAndInOrder) {
   for (const int count : {0, 1, 8, 9, 64, 65, 600, 4097}) {
     std::vector<Span> spans;
     for (int i = 0; i < count; ++i) spans.emplace_back(Point(i, 0), Point(i + 1, 0));
-    BoxLevels levels(spans);
+    BoxLevels levels(BoxesOf(spans));
     const auto n = static_cast<std::size_t>(count);
     // Asked for x from 100.5 to 103.5.
-    const auto misses = [](const Box& box) { return box.max.x < 100.5 || box.min.x > 103.5; };
+    const auto misses = [](const FlatBox& box) { return box.maxX < 100.5 || box.minX > 103.5; };
     std::vector<std::size_t> seen;
     for (std::size_t i = levels.Next(0, n, misses); i < n; i = levels.Next(i + 1, n, misses))
       seen.push_back(i);
     EXPECT_EQ(seen,
               count > 104 ? (std::vector<std::size_t>{100, 101, 102, 103}) : std::vector<std::size_t>());
-    EXPECT_EQ(levels.Next(0, n, [](const Box&) { return false; }), 0u);
+    EXPECT_EQ(levels.Next(0, n, [](const FlatBox&) { return false; }), 0u);
     EXPECT_EQ(levels.Next(n, n, misses), n);
     EXPECT_EQ(levels.Next(0, std::min<std::size_t>(n, 50), misses), std::min<std::size_t>(n, 50));
   }

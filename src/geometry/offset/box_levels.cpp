@@ -4,19 +4,26 @@
 
 namespace geometry {
 
+std::vector<FlatBox> BoxesOf(const std::vector<Span>& spans) {
+  std::vector<FlatBox> boxes;
+  boxes.reserve(spans.size());
+  for (const Span& span : spans) boxes.emplace_back(span.box);
+  return boxes;
+}
+
 void BoxLevels::Extend(std::size_t from, std::size_t end) {
   const bool longWalk = end > from + kLongest;
-  if (longWalk) end = spans_.size();
-  if (levels_.empty()) levels_.emplace_back((spans_.size() + kFan - 1) / kFan);
-  std::vector<Box>& runs = levels_.front();
+  if (longWalk) end = boxes_.size();
+  if (levels_.empty()) levels_.emplace_back((boxes_.size() + kFan - 1) / kFan);
+  std::vector<FlatBox>& runs = levels_.front();
   while (reached_ < end) {
-    Box& run = runs[reached_ / kFan];
-    const std::size_t last = std::min(reached_ + kFan, spans_.size());
-    for (; reached_ < last; ++reached_) run.Insert(spans_[reached_].box);
+    FlatBox& run = runs[reached_ / kFan];
+    const std::size_t last = std::min(reached_ + kFan, boxes_.size());
+    for (; reached_ < last; ++reached_) run.Insert(boxes_[reached_]);
   }
   while (longWalk && levels_.back().size() > kFan) {
-    const std::vector<Box>& below = levels_.back();
-    std::vector<Box> above((below.size() + kFan - 1) / kFan);
+    const std::vector<FlatBox>& below = levels_.back();
+    std::vector<FlatBox> above((below.size() + kFan - 1) / kFan);
     for (std::size_t i = 0; i < below.size(); ++i) above[i / kFan].Insert(below[i]);
     levels_.push_back(std::move(above));
   }
@@ -24,9 +31,9 @@ void BoxLevels::Extend(std::size_t from, std::size_t end) {
 
 void BoxLevels::Enter(std::size_t run) {
   constexpr std::size_t kAhead = 10;  // a walk of 64 from the end of the run
-  const std::size_t runs = (spans_.size() + kFan - 1) >> kFanBits;
+  const std::size_t runs = (boxes_.size() + kFan - 1) >> kFanBits;
   const std::size_t last = std::min(runs, run + kAhead);
-  Reach(run << kFanBits, std::min(last << kFanBits, spans_.size()));
+  Reach(run << kFanBits, std::min(last << kFanBits, boxes_.size()));
   home_ = run;
   met_ = 0;
   for (std::size_t r = run + 1; r < last; ++r) {

@@ -2,22 +2,44 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #include "geometry/span.h"
 
 namespace geometry {
+
+/// A box in 32 bytes: long walks read nothing else of their spans.
+struct FlatBox {
+  double minX = 1e61, minY = 1e61, maxX = -1e61, maxY = -1e61;
+
+  FlatBox() = default;
+  FlatBox(const Box& b) : minX(b.min.x), minY(b.min.y), maxX(b.max.x), maxY(b.max.y) {}
+
+  void Insert(const FlatBox& b) {
+    if (minX > b.minX) minX = b.minX;
+    if (minY > b.minY) minY = b.minY;
+    if (b.maxX > maxX) maxX = b.maxX;
+    if (b.maxY > maxY) maxY = b.maxY;
+  }
+  /// Whether the boxes are disjoint, as `Box::Outside` says.
+  bool Outside(const FlatBox& b) const {
+    return b.minX > maxX || b.minY > maxY || minX > b.maxX || minY > b.maxY;
+  }
+};
+
+/// The boxes of spans, in their order.
+std::vector<FlatBox> BoxesOf(const std::vector<Span>& spans);
 
 /// Boxes around runs of neighbouring spans: of 8, of 64, of 512 and so on.
 ///
 /// They serve walks over spans in their order that skip spans by their boxes. Only spans that their own boxes
 /// exclude are skipped, so a walk sees the same spans as one without the runs. The box of a run is computed
 /// when a walk reaches it; those of long runs with the first long walk.
-///
-/// Owns     nothing; the spans have to outlive it. Once spans before `from` have changed, no walk may begin
-///          before `from`
 class BoxLevels {
  public:
-  explicit BoxLevels(const std::vector<Span>& spans) : spans_(spans) {}
+  explicit BoxLevels(std::vector<FlatBox> boxes) : boxes_(std::move(boxes)) {}
+
+  const FlatBox& At(std::size_t i) const { return boxes_[i]; }
 
   /// The first span from `from` on, and before `end`, whose box is not missed; `end` if all are.
   /// Requires: `misses(box)` holds for every box inside of a box that it holds for.
@@ -37,13 +59,13 @@ class BoxLevels {
   /// determined once for all its spans.
   std::size_t NextMeeting(std::size_t i, std::size_t from, std::size_t end) {
     if (i >> kFanBits != home_) Enter(i >> kFanBits);
-    const Box& box = spans_[i].box;
+    const FlatBox& box = boxes_[i];
     while (from < end) {
       const std::size_t run = from >> kFanBits;
       const bool begins = (from & (kFan - 1)) == 0;
       if (run != home_ && ((met_ >> (run - home_) & 1) == 0 || (begins && box.Outside(levels_[0][run])))) {
         from = (run + 1) << kFanBits;
-      } else if (box.Outside(spans_[from].box)) {
+      } else if (box.Outside(boxes_[from])) {
         ++from;
       } else {
         return from;
@@ -66,7 +88,7 @@ class BoxLevels {
       const std::size_t bits = level * kFanBits;
       if (misses(levels_[level - 1][k >> bits])) return std::size_t{1} << bits;
     }
-    return misses(spans_[k].box) ? 1 : 0;
+    return misses(boxes_[k]) ? 1 : 0;
   }
 
   /// Computes the boxes that a walk needs.
@@ -77,8 +99,8 @@ class BoxLevels {
   /// Determines which of the next runs meet that one.
   void Enter(std::size_t run);
 
-  const std::vector<Span>& spans_;
-  std::vector<std::vector<Box>> levels_;
+  std::vector<FlatBox> boxes_;
+  std::vector<std::vector<FlatBox>> levels_;
   std::size_t reached_ = 0;  ///< the spans that have their runs of 8
   std::size_t home_ = static_cast<std::size_t>(-1);
   std::uint32_t met_ = 0;  ///< bit r: run `home_` + r

@@ -32,7 +32,7 @@ double SizeOf(const Point& p) {
 /// The plain search: every span may cross, and every source span may be too near.
 class PlainSearch {
  public:
-  PlainSearch(const std::vector<Span>&, const SourceSpans& source) : source_(source()) {}
+  explicit PlainSearch(const SourceSpans& source) : source_(source()) {}
 
   static std::size_t Next(std::size_t, std::size_t from, std::size_t end) { return std::min(from, end); }
 
@@ -51,20 +51,20 @@ class PlainSearch {
 /// crossing, and a contour without loops needs none.
 class IndexedSearch {
  public:
-  IndexedSearch(const std::vector<Span>& raw, const SourceSpans& source)
-      : raw_(raw), boxes_(raw), source_(source) {}
+  IndexedSearch(std::vector<FlatBox> boxes, const SourceSpans& source)
+      : boxes_(std::move(boxes)), source_(source) {}
 
   std::size_t Next(std::size_t i, std::size_t from, std::size_t end) {
     if (end <= i + 2 + kScanOfKurveEx) return boxes_.NextMeeting(i, from, end);
-    const Box& box = raw_[i].box;
-    return boxes_.Next(from, end, [&box](const Box& other) { return box.Outside(other); });
+    const FlatBox& box = boxes_.At(i);
+    return boxes_.Next(from, end, [&box](const FlatBox& other) { return box.Outside(other); });
   }
 
   bool AnyWithin(const Point& p, double distance) {
     if (!near_) BuildNear();
     const double reach = distance + margin_ + kRounding * SizeOf(p);
-    const Box around(Point(p.x - reach, p.y - reach), Point(p.x + reach, p.y + reach));
-    const auto misses = [&around](const Box& box) { return around.Outside(box); };
+    const FlatBox around(Box(Point(p.x - reach, p.y - reach), Point(p.x + reach, p.y + reach)));
+    const auto misses = [&around](const FlatBox& box) { return around.Outside(box); };
     const std::size_t n = nearSpans_->size();
     for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
       double unusedAlong = 0;
@@ -77,7 +77,7 @@ class IndexedSearch {
   /// Points of a span lie in its box but for rounding, which the margin covers amply.
   void BuildNear() {
     nearSpans_ = &source_();
-    near_.emplace(*nearSpans_);
+    near_.emplace(BoxesOf(*nearSpans_));
     double size = 0;
     for (const Span& span : *nearSpans_) {
       size = std::max({size, span.radius, SizeOf(span.box.min), SizeOf(span.box.max)});
@@ -87,7 +87,6 @@ class IndexedSearch {
 
   static constexpr double kRounding = 1e-12;
 
-  const std::vector<Span>& raw_;
   BoxLevels boxes_;
   const SourceSpans& source_;
   const std::vector<Span>* nearSpans_ = nullptr;
@@ -142,8 +141,7 @@ Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, dou
 
 /// Calls `keep(i, verdict)` for the spans that stay and returns the code of geometry/offset.h.
 template <class SearchForm, class Keep>
-int Walk(const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off, Keep&& keep) {
-  SearchForm search(raw, source);
+int Walk(SearchForm&& search, const std::vector<Span>& raw, std::size_t scan, double off, Keep&& keep) {
   const double nearest = std::fabs(off) - TOLERANCE;
   for (std::size_t i = 0; i < raw.size();) {
     const Verdict verdict = Judge(raw, i, scan, nearest, search);
@@ -157,32 +155,53 @@ int Walk(const std::vector<Span>& raw, const SourceSpans& source, std::size_t sc
 template <class Keep>
 int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off,
          Keep&& keep) {
-  if (form == Search::Plain) return Walk<PlainSearch>(raw, source, scan, off, keep);
-  return Walk<IndexedSearch>(raw, source, scan, off, keep);
+  if (form == Search::Plain) return Walk(PlainSearch(source), raw, scan, off, keep);
+  return Walk(IndexedSearch(BoxesOf(raw), source), raw, scan, off, keep);
 }
 
 /// Moves the spans that stay to the front of the contour's storage, and sums the totals up again.
+///
+/// Of a contour that is joined nothing changes before its first loop: until then the spans are not even read.
 class Compaction {
  public:
-  explicit Compaction(KurveEx& k) : k_(k) {
-    k_.perim = k_.area = 0.0;
+  explicit Compaction(KurveEx& k, bool joined = false, bool summed = false)
+      : k_(k), unchanged_(joined), summed_(summed) {
+    if (!unchanged_) k_.perim = k_.area = 0.0;
     if (!k_.spans.empty()) k_.start = k_.spans.front().p0;
   }
 
   void Keep(std::size_t i, const Verdict& verdict) {
+    if (unchanged_ && verdict.trimmed) CatchUp();
+    if (!unchanged_) Take(i, verdict);
+    ++kept_;
+  }
+
+  void Finish() {
+    if (unchanged_ && !(summed_ && kept_ == k_.spans.size())) CatchUp();
+    k_.spans.erase(k_.spans.begin() + static_cast<std::ptrdiff_t>(kept_), k_.spans.end());
+  }
+
+ private:
+  void CatchUp() {
+    unchanged_ = false;
+    k_.perim = k_.area = 0.0;
+    for (std::size_t i = 0; i < kept_; ++i) Count(k_.spans[i]);
+  }
+
+  void Take(std::size_t i, const Verdict& verdict) {
     Span& span = k_.spans[kept_];
     if (kept_ != i) span = k_.spans[i];
     if (verdict.trimmed) Trim(span, verdict.end);
     const bool continues = kept_ == 0 || BeginsExactlyAt(span, k_.spans[kept_ - 1].p1);
     if (verdict.trimmed || !continues) Attach(span);
-    k_.perim += span.length;
-    k_.area += span.Area();
-    ++kept_;
+    Count(span);
   }
 
-  void Finish() { k_.spans.erase(k_.spans.begin() + static_cast<std::ptrdiff_t>(kept_), k_.spans.end()); }
+  void Count(const Span& span) {
+    k_.perim += span.length;
+    k_.area += span.Area();
+  }
 
- private:
   static bool BeginsExactlyAt(const Span& span, const Point& p) {
     return span.p0.x == p.x && span.p0.y == p.y;
   }
@@ -205,10 +224,32 @@ class Compaction {
   }
 
   KurveEx& k_;
+  bool unchanged_;
+  const bool summed_;
   std::size_t kept_ = 0;
 };
 
 }  // namespace
+
+KurveEx EliminateLoops(RawContour&& raw, const std::vector<Span>& source, double off, int& code) {
+  Compaction compaction(raw.contour, raw.joined, raw.summed);
+  const SourceSpans asTheyAre = [&source]() -> const std::vector<Span>& { return source; };
+  code = Walk(IndexedSearch(std::move(raw.boxes), asTheyAre), raw.contour.spans, kScanOfKurveEx, off,
+              [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
+  compaction.Finish();
+  return std::move(raw.contour);
+}
+
+KurveEx WithTotals(RawContour&& raw) {
+  KurveEx k = std::move(raw.contour);
+  if (raw.summed) return k;
+  k.perim = k.area = 0.0;
+  for (const Span& span : k.spans) {
+    k.perim += span.length;
+    k.area += span.Area();
+  }
+  return k;
+}
 
 KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search) {
   KurveEx k;

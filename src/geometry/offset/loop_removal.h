@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "geometry/offset.h"
+#include "geometry/offset/span_chain.h"
 
 /// The removal of loops, with a choice of the search for crossings.
 namespace geometry {
@@ -17,6 +18,10 @@ using SourceSpans = std::function<const std::vector<Span>&()>;
 
 /// `EliminateLoops` of a working contour, in its own storage; its totals are summed up again.
 KurveEx EliminateLoops(KurveEx&& raw, const std::vector<Span>& source, double off, int& code, Search search);
+/// The same of a raw offset as it was made, by the index.
+KurveEx EliminateLoops(RawContour&& raw, const std::vector<Span>& source, double off, int& code);
+/// The contour as it is, with its totals.
+KurveEx WithTotals(RawContour&& raw);
 /// `EliminateLoops` of a compact contour; its spans and those of the source are untransformed.
 Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search);
 

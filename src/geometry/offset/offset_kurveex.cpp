@@ -26,36 +26,35 @@ std::uint32_t NumberAsID(int number) {
   return static_cast<std::uint32_t>(number);
 }
 
-/// Moves the sources in the order of storage and joins the targets. The result has no totals yet.
+/// Moves the sources in the order of storage and joins the targets.
 ///
-/// An added span begins where the result ends, as in `KurveEx::Add`, but properties that still hold are not
-/// computed again.
+/// A target has its tangents; its measures are made when a crossing is looked for on it.
 class RawOffset {
  public:
   RawOffset(const KurveEx& source, const OffsetSense& sense)
       : spans_(source.spans), sense_(sense), closed_(source.Closed()) {}
 
-  KurveEx Make() {
-    ReserveSpans();
+  RawContour Make() {
+    chain_.Reserve(spans_.size() + MostRollArcs());
     if (closed_) BeginAtSeam();
     for (int number = 1; number <= static_cast<int>(spans_.size()); ++number) Step(number, false);
     if (closed_) Step(1, true);
-    if (lastSourceWasNull_ && result_.start.ok) {
+    if (lastSourceWasNull_ && chain_.Started()) {
       ++current_->ID;
-      Append(*current_);
+      chain_.AddAsIs(*current_);
     }
-    return std::move(result_);
+    return chain_.Take();
   }
 
  private:
-  /// Reserves room for all targets and for the roll arcs of gaping corners.
-  void ReserveSpans() {
+  /// The number of corners that gape, about.
+  std::size_t MostRollArcs() const {
     std::size_t arcs = 2;
     for (std::size_t i = 1; i < spans_.size(); ++i) {
       const Vector2d swing = spans_[i].vs - spans_[i - 1].ve;
       if (Dot(swing, swing) * sense_.off * sense_.off > TOLERANCE * TOLERANCE) ++arcs;
     }
-    result_.spans.reserve(spans_.size() + arcs);
+    return arcs;
   }
 
   /// The span before the first one is the last. A null source at the seam gets its roll arc here, but only
@@ -64,8 +63,8 @@ class RawOffset {
     *previous_ = spans_.back().Offset(sense_.off);
     if (spans_.size() <= 3 || !spans_.front().NullSpan) return;
     if (Cross(previous_->ve, spans_[1].vs) > -kNoTurn) return;
-    result_.Start(previous_->p1);
-    AddRollArc(spans_[1].Offset(sense_.off).p0, spans_.front().p0, 1);
+    chain_.Start(previous_->p1);
+    chain_.AddArc(sense_.rollDir, spans_[1].Offset(sense_.off).p0, spans_.front().p0, 1, true);
   }
 
   void Step(int number, bool closing) {
@@ -83,30 +82,49 @@ class RawOffset {
   }
 
   void Place(const Span& source, int number, bool closing) {
-    *current_ = source;
-    current_->MoveSideways(sense_.off);
+    Move(source);
     current_->ID = 0;
-    if (!result_.start.ok) BeginAt(current_->p0);
+    if (!chain_.Started()) BeginAt(current_->p0);
     const bool crossed = (number > 1 || closing) && Join(source, number);
-    if (current_->NullSpan && stepBeforeLeftNull_) {
-      AddRollArc(current_->p0, source.p0, NumberAsID(number) | ROLL_AROUND);
-      DropNull();
-    }
+    if (current_->NullSpan && stepBeforeLeftNull_) AddRollArc(source, NumberAsID(number) | ROLL_AROUND);
     if (closing) {
-      if (crossed) MoveStart(current_->p0);
+      if (crossed) chain_.MoveStart(current_->p0);
       return;
     }
     current_->ID = NumberAsID(number);
     // The flag decides: adding would compute the properties again and make a line of an arc that has shrunk
     // away.
-    if (current_->NullSpan) return;
-    Append(*current_);
-    DropNull();
+    if (!current_->NullSpan) chain_.Add(*current_);
+  }
+
+  /// Makes the source's target the current one. Only what a live target needs is written.
+  void Move(const Span& source) {
+    source.NeedProperties();
+    const double off = sense_.off;
+    if (NearZero(off, TIGHT_TOLERANCE) ||
+        !(source.dir == LINEAR || source.radius - source.dir * off > TOLERANCE)) {
+      *current_ = source;
+      current_->MoveSideways(off);
+      return;
+    }
+    current_->p0 = source.p0 + source.vs.LeftNormal() * off;
+    current_->p1 = source.p1 + source.ve.LeftNormal() * off;
+    current_->dir = source.dir;
+    current_->pc = source.pc;
+    current_->index0 = source.index0;
+    current_->index1 = source.index1;
+    SetTangents();
+  }
+
+  /// A null target may be added as it is, so it is complete.
+  void SetTangents() {
+    current_->SetTangents();
+    if (current_->NullSpan) current_->SetMeasures();
   }
 
   void BeginAt(const Point& p) {
-    result_.Start(p);
-    if (passedNullSource_) result_.Add(spVertex(LINEAR, p, Point(0, 0), 1), true);
+    chain_.Start(p);
+    if (passedNullSource_) chain_.AddNull(p, 1);
   }
 
   /// Closes the gap between previous and current. Returns true when they cross.
@@ -114,67 +132,34 @@ class RawOffset {
     const double gap = Dist(previous_->p1, current_->p0);
     if (!(gap > TOLERANCE) || previous_->NullSpan || current_->NullSpan) return false;
     Point crossing;
-    if (sense_.Inward(*previous_, *current_) && OnlyCrossing(*previous_, *current_, crossing)) {
-      MoveEnd(crossing);
+    if (sense_.Inward(*previous_, *current_) && TargetsCross(crossing)) {
+      chain_.MoveEnd(*previous_, crossing);
       current_->p0 = crossing;
-      current_->SetProperties();
+      SetTangents();
       return true;
     }
     // A smaller gap stays: current begins where the result ends.
     if (gap >= 5 * TOLERANCE) {
-      AddRollArc(current_->p0, source.p0,
-                 passedNullSource_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
-      DropNull();
+      AddRollArc(source, passedNullSource_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
     }
     return false;
   }
 
-  Point End() const { return result_.spans.empty() ? result_.start : result_.spans.back().p1; }
-
-  void Append(const Span& span) {
-    const Point end = result_.spans.empty() ? span.p0 : result_.spans.back().p1;
-    Span& added = result_.spans.emplace_back(span);
-    const bool holds = added.dir == LINEAR && added.p0.x == end.x && added.p0.y == end.y;
-    if (!holds) Settle(added, end);
+  bool TargetsCross(Point& crossing) {
+    for (Span* target : {previous_, current_}) {
+      if (!target->propertiesSet) target->SetMeasures();
+    }
+    return OnlyCrossing(*previous_, *current_, crossing);
   }
 
-  void AddRollArc(const Point& end, const Point& centre, std::uint32_t ID) {
-    const Point begin = End();
-    Settle(result_.spans.emplace_back(RollArc(sense_.rollDir, end, centre, ID)), begin);
-  }
-
-  static void Settle(Span& added, const Point& begin) {
-    added.p0 = begin;
-    if (added.dir != LINEAR) added.pc = added.CentreOnBisector();
-    added.SetProperties();
-  }
-
-  void DropNull() {
-    if (result_.spans.back().NullSpan) result_.spans.pop_back();
-  }
-
-  /// Lets the previous target end at `p`.
-  void MoveEnd(const Point& p) {
-    if (result_.spans.empty()) return MoveStart(p);
-    Span& last = result_.spans.back();
-    last.dir = previous_->dir;
-    last.p1 = p;
-    last.pc = previous_->pc;
-    last.ID = previous_->ID;
-    last.SetProperties();
-  }
-
-  void MoveStart(const Point& p) {
-    result_.start = p;
-    if (result_.spans.empty()) return;
-    result_.spans.front().p0 = p;
-    result_.spans.front().SetProperties();
+  void AddRollArc(const Span& source, std::uint32_t ID) {
+    chain_.AddArc(sense_.rollDir, current_->p0, source.p0, ID, false);
   }
 
   const std::vector<Span>& spans_;
   const OffsetSense& sense_;
   const bool closed_;
-  KurveEx result_;
+  SpanChain chain_;
   Span buffers_[2];
   Span* previous_ = &buffers_[0];
   Span* current_ = &buffers_[1];
@@ -182,14 +167,6 @@ class RawOffset {
   bool stepBeforeLeftNull_ = false;  ///< the step before ended with a null target as current
   bool lastSourceWasNull_ = false;   ///< of the sources so far
 };
-
-void CountTotals(KurveEx& k) {
-  k.perim = k.area = 0.0;
-  for (const Span& span : k.spans) {
-    k.perim += span.length;
-    k.area += span.Area();
-  }
-}
 
 /// Closes an offset whose ends cross. Returns the code 2 when they don't.
 int TrimEnds(KurveEx& k) {
@@ -225,13 +202,10 @@ int KurveEx::Offset(KurveEx& kOffset, double offset, int direction, std::uint32_
     kOffset = *this;
     return 0;
   }
-  KurveEx made = RawOffset(*this, sense).Make();
+  RawContour raw = RawOffset(*this, sense).Make();
   int code = 0;
-  if (flags == 0 || keepLoops) {
-    CountTotals(made);
-  } else {
-    made = EliminateLoops(std::move(made), spans, sense.off, code, Search::Indexed);
-  }
+  KurveEx made = flags == 0 || keepLoops ? WithTotals(std::move(raw))
+                                         : EliminateLoops(std::move(raw), spans, sense.off, code);
   if (flags != 0) {
     if (code == 0 && Closed()) {
       const double storedArea = reversed ? -area : area;
