@@ -2,7 +2,12 @@
 
 #include "api/host_fixture.h"
 #include "closed_loop/sensible_devices.h"
+#include "devices/kinds.h"
 #include "devices/outline.h"
+#include "devices/solid_check.h"
+#include "host/bridge.h"
+#include "host/host_functions.h"
+#include "host/macro_variables.h"
 #include "macro/device_contour.h"
 #include "macro/device_record.h"
 
@@ -46,6 +51,18 @@ class DeviceContours : public HostTest {
     return testing::AssertionSuccess();
   }
 
+  /// Whether the host makes a solid of the contour of a device, without a message.
+  bool MakesItsSolid(const DeviceParams& device) {
+    if (!BuildDeviceContour(device, kDeviceContour)) return false;
+    const std::string contour = "kur k" + std::to_string(kDeviceContour);
+    host::SendCommand(devices::IsJaw(device.type)
+                          ? "sld ext " + contour + " " + std::to_string(devices::ThicknessOf(device)) +
+                                " i_return"
+                          : "sld spu " + contour + " 0 0 0 1 0 0 360 i_return");
+    host::hostFunctions.OrvoPsDeleteBody(OrvoApi::GetGlobalIntVar("i_return"));
+    return panel.lines.empty();
+  }
+
   /// Whether only contours are left of what was constructed.
   bool IsCleanedUp() const {
     const auto& left = host->board.workpieces;
@@ -65,6 +82,23 @@ TEST_P(DeviceContoursOfType, AreTheOutlinesOfTheTable) {
     ASSERT_THAT(panel.lines, IsEmpty()) << text;
     ASSERT_TRUE(IsCleanedUp()) << text;
   }
+}
+
+TEST_P(DeviceContoursOfType, OfValuesWithoutAFaultMakeSolids) {
+  SensibleDevices devices(20261122U + static_cast<unsigned>(GetParam()));
+  int sound = 0, odd = 0;
+  for (int i = 0; i < 400; ++i) {
+    const DeviceParams device = i % 8 == 0 ? devices.Next(GetParam()) : devices.NextOdd(GetParam());
+    std::string text;
+    PackDeviceParams(device, text);
+    const auto fault = devices::FindSolidFault(device);
+    ASSERT_TRUE(!fault || i % 8 != 0) << text << ": " << fault->reason;
+    ++(fault ? odd : sound);
+    if (fault) continue;
+    ASSERT_TRUE(MakesItsSolid(device)) << text << "\n" << testing::PrintToString(panel.lines);
+  }
+  EXPECT_GT(sound, 60);
+  EXPECT_GT(odd, 60);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, DeviceContoursOfType, testing::Range(1, 15),

@@ -119,4 +119,15 @@ DeviceParams SensibleDevices::Next(std::int32_t type) {
   return device;
 }
 
+DeviceParams SensibleDevices::NextOdd(std::int32_t type) {
+  DeviceParams device = Next(type);
+  std::uniform_int_distribution<std::size_t> letter(0, kDeviceReals.size() - 1);
+  for (int changes = 0; changes < 4; ++changes) {
+    // Equal lengths, steps that return, and now and then a sign that is wrong.
+    double& changed = device.*kDeviceReals[letter(random_)];
+    changed = random_() % 2 == 0 ? device.*kDeviceReals[letter(random_)] : Between(-10, 90);
+  }
+  return device;
+}
+
 }  // namespace vanzet::test

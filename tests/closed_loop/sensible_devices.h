@@ -15,6 +15,9 @@ class SensibleDevices {
   /// Requires: a type from 1 to 14.
   DeviceParams Next(std::int32_t type);
 
+  /// Values in the order of chance, many of them equal, 0 or below: some make a solid.
+  DeviceParams NextOdd(std::int32_t type);
+
  private:
   double Between(double least, double most);
   double Angle(double least, double most) { return Between(least * 10, most * 10) / 10; }
