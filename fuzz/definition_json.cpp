@@ -1,6 +1,5 @@
 #include <nlohmann/json.hpp>
 
-#include "define/catalogue.h"
 #include "define/check.h"
 #include "define/events.h"
 #include "fuzz.h"
@@ -13,14 +12,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   define::Surroundings surroundings;
   surroundings.spurs = 3;
   surroundings.hasSubSpindle = surroundings.hasTailStock = surroundings.hasSteadyRest = true;
-  surroundings.catalogue = [](const std::string& name) {
-    return name == "Chuck" ? std::optional(DeviceParams{.type = 1}) : std::nullopt;
-  };
+  surroundings.catalogue = {{"Chuck", DeviceParams{.type = 1, .A = 80, .B = 90}}};
   surroundings.ownDevice = [](const std::string&) { return scene::DeviceClass::kChuck; };
   surroundings.figure = surroundings.solid = [](const std::string&) { return Result<void>(); };
   if (!define::CheckForm(*form, surroundings).empty()) return 0;
   const auto steps = define::StepsOf(*form, *form, true, true);
   define::ScriptOf(steps);
-  define::CatalogueText(*form);
+  for (const auto& play : define::PlaysOf(steps)) define::CatalogueText(play);
   return 0;
 }

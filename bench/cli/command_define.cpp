@@ -11,7 +11,6 @@
 #include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
-#include "define/catalogue.h"
 #include "define/events.h"
 #include "define/outcome.h"
 #include "define/write.h"
@@ -106,21 +105,24 @@ Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings&
   return define::StepsOf(job.form, former, surroundings.hasSubSpindle, surroundings.spurs > 1);
 }
 
+/// Writes a catalogue of the devices in the steps, from which the dialog chooses. The catalogue of the shop is
+/// not changed and need not contain them.
+Result<void> WriteCatalogue(const std::vector<Step>& steps, const Job& job) {
+  VANZET_TRY(const auto folder, job.host.runFolder.Path());
+  job.host.catalogue = folder / "clampdevice.cld";
+  return WriteFile(job.host.catalogue, define::CatalogueText(steps));
+}
+
 /// Enters the values in the dialog, presses OK if it accepted all of them, and compares the definitions with
 /// the form.
 Result<void> Play(const std::vector<Step>& steps, const Job& job, std::string& transcript) {
-  VANZET_DO(PlaySteps("values", steps, job, transcript));
+  for (const std::vector<Step>& play : define::PlaysOf(steps)) {
+    VANZET_DO(WriteCatalogue(play, job));
+    VANZET_DO(PlaySteps("values", play, job, transcript));
+  }
   if (const auto done = PlaySteps("ok", {define::OkStep()}, job, transcript); !done) return done;
   VANZET_TRY(const auto stored, StoredForm(job));
   return ReportRefusals(define::Differences(job.form, stored), job.name, job.context);
-}
-
-/// Writes a catalogue of the devices in the form, from which the dialog chooses. The catalogue of the shop is
-/// not changed and need not contain them.
-Result<void> WriteCatalogue(const Job& job) {
-  VANZET_TRY(const auto folder, job.host.runFolder.Path());
-  job.host.catalogue = folder / "clampdevice.cld";
-  return WriteFile(job.host.catalogue, define::CatalogueText(job.form));
 }
 
 /// Puts blank definitions in the place of those of the form's spurs, and returns a line about each.
@@ -156,7 +158,6 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
                               std::string& transcript) {
   VANZET_DO(BeginDrawing(job.host));
   VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
-  VANZET_DO(WriteCatalogue(job));
   VANZET_TRY(const auto lines, BeginDefinitions(job));
   VANZET_DO(Play(steps, job, transcript));
   return lines;

@@ -90,10 +90,7 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   surroundings.hasSubSpindle = HasFact(project, "SubSpindleAvailable");
   surroundings.hasTailStock = HasFact(project, "TailStockAvailable");
   surroundings.hasSteadyRest = HasFact(project, "LunAvailable");
-  surroundings.catalogue = [shop](const std::string& name) {
-    const auto device = shop.find(name);
-    return device == shop.end() ? std::nullopt : std::optional(device->second);
-  };
+  surroundings.catalogue = shop;
   surroundings.ownDevice = [&project](const std::string& file) { return OwnDeviceOf(file, project); };
   surroundings.figure = [&host](const std::string& name) { return CheckFigure(name, host); };
   surroundings.solid = [&host](const std::string& name) { return CheckSolid(name, host); };

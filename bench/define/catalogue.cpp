@@ -1,11 +1,7 @@
 #include "define/catalogue.h"
 
-#include <functional>
-
-#include <nlohmann/json.hpp>
-
-#include "base/number_text.h"
-#include "define/tables.h"
+#include "define/json.h"
+#include "devices/kinds.h"
 #include "scene/equipment.h"
 
 namespace vanzet::define {
@@ -15,21 +11,6 @@ bool ReadLine(std::istream& text, std::string& line) {
   if (!std::getline(text, line)) return false;
   line.resize(line.find_last_not_of('\r') + 1);
   return true;
-}
-
-/// Calls for every device of a form.
-void ForEachDevice(const Json& form, const std::function<void(const DeviceRow&, const Json&)>& call) {
-  const auto in = [&](const Json& place, const DeviceRow& row) {
-    if (place.contains(std::string(row.Key()))) call(row, place[std::string(row.Key())]);
-  };
-  for (const Json& spur : form["spurs"]) {
-    for (const std::string_view key : kSpindleKeys) {
-      if (!spur.contains(std::string(key))) continue;
-      for (const DeviceRow& row : ClampRows()) in(spur[std::string(key)], row);
-      in(spur[std::string(key)], JawRow());
-    }
-    in(spur, CenterRow());
-  }
 }
 
 }  // namespace
@@ -53,22 +34,6 @@ std::optional<OddLine> FirstOddLine(std::istream& catalogue) {
     }
   }
   return std::nullopt;
-}
-
-std::string CatalogueText(const Json& form) {
-  std::string text;
-  ForEachDevice(form, [&](const DeviceRow& row, const Json& device) {
-    if (!device.contains("name")) return;
-    const std::int32_t shape = row.HasShapes() ? device["shape"].get<std::int32_t>() : 1;
-    const std::int32_t type = row.TypeOf(shape);
-    text += device["name"].get<std::string>() + "\n" + std::to_string(type);
-    // A type of the catalogue has letters from A on without a gap, as a value line has them.
-    for (const devices::Letter& each : devices::LettersOf(type)) {
-      text += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
-    }
-    text += "\n";
-  });
-  return text;
 }
 
 }  // namespace vanzet::define

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 
-#include "define/json.h"
 #include "devices/device_params.h"
 
 /// The catalogue of clamp devices, as the workbench reads and writes it: docs/formats/catalogue.md.
@@ -23,9 +22,5 @@ struct OddLine {
 /// The first value line that does not begin with a type of the table of devices, or a last name that has no
 /// value line; nothing for a sound catalogue.
 std::optional<OddLine> FirstOddLine(std::istream& catalogue);
-
-/// A catalogue with only the devices of a form, for playing the dialog.
-/// Requires: `CheckForm` refused nothing.
-std::string CatalogueText(const Json& form);
 
 }  // namespace vanzet::define

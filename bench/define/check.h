@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <map>
 #include <string>
 
 #include "define/json.h"
@@ -16,7 +16,7 @@ namespace vanzet::define {
 struct Surroundings {
   std::int32_t spurs = 1;
   bool hasSubSpindle = false, hasTailStock = false, hasSteadyRest = false;
-  std::function<std::optional<DeviceParams>(const std::string& name)> catalogue;
+  std::map<std::string, DeviceParams> catalogue;  ///< its devices by their names
   std::function<Result<scene::DeviceClass>(const std::string& file)> ownDevice;
   std::function<Result<void>(const std::string& name)> figure;
   std::function<Result<void>(const std::string& name)> solid;

@@ -9,29 +9,45 @@
 namespace vanzet::define {
 namespace {
 
-constexpr const char* kMissing = "is missing";
-
 std::vector<std::string> KeysOf(std::span<const DeviceRow> rows) {
   std::vector<std::string> keys;
   for (const DeviceRow& row : rows) keys.emplace_back(row.Key());
   return keys;
 }
 
-/// The reason for refusing an unknown word.
-std::string UnknownReason(const std::string& what, const std::string& word,
-                          const std::vector<std::string>& known) {
-  const std::vector<std::string> near = NearWords(word, known);
-  if (near.empty()) return "unknown " + what + "; known are " + Listed(known);
-  std::string hint;
-  for (const std::string& each : near) hint += (hint.empty() ? "" : " or ") + Quoted(each);
-  return "unknown " + what + "; did you mean " + hint + "?";
+/// A length of the form's limits is easier to read in kilometres.
+std::string LimitText(double limit, const Quantity& quantity) {
+  const std::string text = ShortDecimalText(limit, 6);
+  const bool isFarthest = quantity.unit == devices::Unit::kMillimetre && std::abs(limit) == kLargestLength;
+  return isFarthest ? text + " (10 km)" : text;
 }
 
-double NumberAt(const Json& record, const char* key) {
-  return record.contains(key) ? record[key].get<double>() : 0;
+/// The demand that a number does not meet: "must be above 0, but is -5".
+std::string RangeReason(const Quantity& quantity, double number) {
+  const std::string is = ", but is " + ExactText(number);
+  if (number > quantity.most) return "must be at most " + LimitText(quantity.most, quantity) + is;
+  const char* const demand = quantity.isAbove ? "must be above " : "must be at least ";
+  return demand + LimitText(quantity.least, quantity) + is;
+}
+
+bool IsWithin(const Quantity& quantity, double number) {
+  if (quantity.isAbove && number == quantity.least) return false;
+  return number >= quantity.least && number <= quantity.most;
 }
 
 }  // namespace
+
+std::string Hint(const std::string& word, const std::vector<std::string>& words) {
+  std::string hint;
+  for (const std::string& each : NearWords(word, words)) hint += (hint.empty() ? "" : " or ") + Quoted(each);
+  return hint.empty() ? "" : "; did you mean " + hint + "?";
+}
+
+std::string UnknownReason(const std::string& what, const std::string& word,
+                          const std::vector<std::string>& known) {
+  const std::string hint = Hint(word, known);
+  return "unknown " + what + (hint.empty() ? "; known are " + Listed(known) : hint);
+}
 
 Refusals CheckForm(Json& form, const Surroundings& surroundings) {
   Checker checker(surroundings);
@@ -74,7 +90,7 @@ void Checker::SpurNumber(const Place& spur) {
   if (!spur.Has("spur")) return void(Refuse(spur.PathOf("spur"), kMissing));
   const Place number = spur["spur"];
   const double most = surroundings_.spurs - 1;
-  if (!IsValue(number, std::int32_t(), {0, most})) return;
+  if (!IsValue(number, std::int32_t(), Quantity{.least = 0, .most = most})) return;
   if (!spurs_.insert(number.json.get<std::int32_t>()).second) Refuse(number, "is listed twice");
 }
 
@@ -88,9 +104,8 @@ void Checker::Spindle(const Place& spur, std::size_t spindle) {
     known.emplace_back(key);
   if (!IsObject(place, known)) return;
   Clamp(place);
-  if (place.Has(JawRow().Key())) Device(place[JawRow().Key()], JawRow());
-  OneOf(place, BilletPart(), isSub);
-  OneOf(place, FinishedPart(), isSub);
+  RawPart(place, isSub);
+  Finished(place, isSub);
 }
 
 void Checker::Clamp(const Place& spindle) {
@@ -104,6 +119,10 @@ void Checker::Clamp(const Place& spindle) {
     given = &row;
     Device(device, row);
   }
+  if (!spindle.Has(JawRow().Key())) return;
+  const Place jaw = spindle[JawRow().Key()];
+  if (given == nullptr) Refuse(jaw, "needs a device that carries it: " + Listed(KeysOf(ClampRows())));
+  Device(jaw, JawRow());
 }
 
 void Checker::Center(const Place& spur) {
@@ -129,50 +148,6 @@ void Checker::Datum(const Place& spur) {
   }
 }
 
-template <class Record>
-void Checker::OneOf(const Place& spindle, const Part<Record>& part, bool isSub) {
-  if (!spindle.Has(part.key)) return;
-  const Place record = spindle[part.key];
-  if (!record.json.is_object()) return void(Refuse(record, "must be an object"));
-  if (!record.Has(kKind)) return void(Refuse(record.PathOf(kKind), kMissing));
-  const Place word = record[kKind];
-  if (!IsText(word)) return;
-  const Kind<Record>* const kind = FindKind(part, word.json.get<std::string>());
-  if (kind == nullptr) {
-    Keys words;
-    for (const Kind<Record>& each : part.kinds) words.emplace_back(each.word);
-    return void(Refuse(word, UnknownReason("kind", word.json.get<std::string>(), words)));
-  }
-  if (kind->select == 0) return void(Refuse(word, "the dialog cannot store a part that is drawn as figures"));
-  if (!Fields(record, kind->fields, isSub, {kKind})) return;
-  if (kind->word == "cylinder") Cylinder(record);
-  FilesOf(record);
-}
-
-void Checker::Cylinder(const Place& billet) {
-  const Json& json = billet.json;
-  if (NumberAt(json, "inner_diameter") > NumberAt(json, "outer_diameter")) {
-    Refuse(billet.PathOf("inner_diameter"), "must not be above outer_diameter");
-  }
-  const double bar = NumberAt(json, "bar_length");
-  const double least =
-      NumberAt(json, "part_length") + NumberAt(json, "front_allowance") + NumberAt(json, "rear_allowance");
-  if (bar > 0 && bar < least) {
-    Refuse(billet.PathOf("bar_length"),
-           "must be 0, or at least the length with its allowances: " + ExactText(least));
-  }
-}
-
-void Checker::FilesOf(const Place& record) {
-  for (const char* const key : {"outside", "inside", "solid"}) {
-    if (!record.Has(key)) continue;
-    const Place name = record[key];
-    const auto& exists = std::string_view(key) == "solid" ? surroundings_.solid : surroundings_.figure;
-    if (const auto found = exists(name.json.get<std::string>()); !found)
-      Refuse(name, found.fault().Message());
-  }
-}
-
 bool Checker::IsObject(const Place& place, const Keys& known) {
   if (!place.json.is_object()) return Refuse(place, "must be an object");
   for (const auto& [key, value] : place.json.items()) {
@@ -194,21 +169,20 @@ bool Checker::IsText(const Place& place) {
   return true;
 }
 
-bool Checker::IsNumber(const Place& place, const Range& range) {
+bool Checker::IsNumber(const Place& place, const Quantity& quantity) {
   if (!place.json.is_number()) return Refuse(place, "must be a number");
   const double number = place.json.get<double>();
-  if (number >= range.least && number <= range.most) return true;
-  return Refuse(place, "must be from " + ExactText(range.least) + " to " + ExactText(range.most));
+  return IsWithin(quantity, number) || Refuse(place, RangeReason(quantity, number));
 }
 
-bool Checker::IsValue(const Place& place, std::int32_t /*of*/, const Range& range) {
+bool Checker::IsValue(const Place& place, std::int32_t /*of*/, const Quantity& quantity) {
   const bool isWhole =
       place.json.is_number() && std::floor(place.json.get<double>()) == place.json.get<double>();
   if (!isWhole) return Refuse(place, "must be a whole number");
-  return IsNumber(place, range);
+  return IsNumber(place, quantity);
 }
 
-bool Checker::IsValue(const Place& place, bool /*of*/, const Range& /*range*/) {
+bool Checker::IsValue(const Place& place, bool /*of*/, const Quantity& /*quantity*/) {
   return place.json.is_boolean() || Refuse(place, "must be true or false");
 }
 
@@ -223,18 +197,15 @@ bool Checker::Fields(const Place& record, std::span<const Field<Record>> fields,
 
 template <class Record>
 bool Checker::Value(const Place& record, const Field<Record>& field, bool isSub) {
-  if (!record.Has(field.key)) {
-    return field.need == Need::kNone || Refuse(record.PathOf(field.key), kMissing);
-  }
+  if (!record.Has(field.key)) return !field.isRequired || Refuse(record.PathOf(field.key), kMissing);
   const Place value = record[field.key];
   if (isSub && field.isOfMainAlone) return Refuse(value, "cannot be given for the sub spindle");
   const Record blank{};
-  const bool isSound =
-      std::visit([&](auto member) { return IsValue(value, blank.*member, field.range); }, field.member);
-  if (!isSound || field.need != Need::kNonzero || value.json.get<double>() != 0) return isSound;
-  return Refuse(value, "must not be 0");
+  return std::visit([&](auto member) { return IsValue(value, blank.*member, field.quantity); }, field.member);
 }
 
 template bool Checker::Fields(const Place&, std::span<const Field<scene::Spindle>>, bool, Keys);
+template bool Checker::Fields(const Place&, std::span<const Field<scene::Billet>>, bool, Keys);
+template bool Checker::Fields(const Place&, std::span<const Field<scene::FinishPart>>, bool, Keys);
 
 }  // namespace vanzet::define

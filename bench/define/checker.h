@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -23,6 +22,15 @@ struct Place {
   /// Requires: it has the key.
   Place operator[](std::string_view key) const { return {json.at(std::string(key)), PathOf(key)}; }
 };
+
+/// The reason for refusing an unknown word.
+std::string UnknownReason(const std::string& what, const std::string& word,
+                          const std::vector<std::string>& known);
+
+/// "; did you mean "a" or "b"?", or nothing when no word is near.
+std::string Hint(const std::string& word, const std::vector<std::string>& words);
+
+inline constexpr const char* kMissing = "is missing";
 
 /// Goes through a form once and collects the refusals.
 class Checker {
@@ -49,24 +57,32 @@ class Checker {
   void Device(const Place& device, const DeviceRow& row);
   void OwnDevice(const Place& device, const DeviceRow& row);
   void CatalogueDevice(const Place& device, const DeviceRow& row);
-  std::int32_t TypeOf(const Place& device, const DeviceRow& row, const std::optional<DeviceParams>& known);
-  void Letters(const Place& device, std::int32_t type, const DeviceParams* known);
-  void NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type);
+  std::int32_t TypeOf(const Place& device, const DeviceRow& row, const DeviceParams* known);
+  bool Letters(const Place& device, std::int32_t type, const DeviceParams* known);
+  void Solid(const Place& device, std::int32_t type, const Keys& given);
+  std::string NearDevices(const DeviceRow& row, const std::string& name) const;
 
-  /// Checks a record that is of one kind of several.
+  // Raw and finished parts: checker_parts.cpp.
+  void RawPart(const Place& spindle, bool isSub);
+  void Finished(const Place& spindle, bool isSub);
+  /// Checks a record that is of one kind of several; returns the kind of a sound one.
   template <class Record>
-  void OneOf(const Place& spindle, const Part<Record>& part, bool isSub);
+  const Kind<Record>* OneOf(const Place& spindle, const Part<Record>& part, bool isSub);
   void Cylinder(const Place& billet);
+  void Bore(const Place& cylinder);
+  void Allowances(const Place& cylinder);
   void FilesOf(const Place& record);
 
   /// Each returns false when it refuses the value; unknown keys of an object are refused one by one.
   bool IsObject(const Place& place, const Keys& known);
   bool IsText(const Place& place);
-  bool IsNumber(const Place& place, const Range& range);
-  bool IsValue(const Place& place, double /*of*/, const Range& range) { return IsNumber(place, range); }
-  bool IsValue(const Place& place, std::int32_t /*of*/, const Range& range);
-  bool IsValue(const Place& place, bool /*of*/, const Range& range);
-  bool IsValue(const Place& place, const std::string& /*of*/, const Range& /*range*/) {
+  bool IsNumber(const Place& place, const Quantity& quantity);
+  bool IsValue(const Place& place, double /*of*/, const Quantity& quantity) {
+    return IsNumber(place, quantity);
+  }
+  bool IsValue(const Place& place, std::int32_t /*of*/, const Quantity& quantity);
+  bool IsValue(const Place& place, bool /*of*/, const Quantity& quantity);
+  bool IsValue(const Place& place, const std::string& /*of*/, const Quantity& /*quantity*/) {
     return IsText(place);
   }
 
@@ -82,16 +98,9 @@ class Checker {
     return false;
   }
 
-  /// The type of the device with a name, and its first place: the dialog knows one device for each name.
-  struct Named {
-    std::int32_t type;
-    std::string path;
-  };
-
   const Surroundings& surroundings_;
   Refusals refusals_;
   std::set<std::int32_t> spurs_;
-  std::map<std::string, Named> names_;
 };
 
 }  // namespace vanzet::define

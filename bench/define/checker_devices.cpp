@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "devices/solid_check.h"
+
 // Devices: those of the catalogue, and those that a shop keeps in files of their own.
 
 namespace vanzet::define {
@@ -12,6 +14,14 @@ std::string WordsOf(const DeviceRow& row) {
   std::string words(row.Key());
   std::ranges::replace(words, '_', ' ');
   return words;
+}
+
+/// The keys of an object below a device; none when there is no such object.
+std::vector<std::string> KeysIn(const Place& device, const char* key) {
+  std::vector<std::string> keys;
+  if (!device.Has(key) || !device.json[key].is_object()) return keys;
+  for (const auto& [each, value] : device.json[key].items()) keys.push_back(each);
+  return keys;
 }
 
 }  // namespace
@@ -58,55 +68,78 @@ void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
 void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
   if (!IsText(device["name"])) return;
   const auto name = device["name"].json.get<std::string>();
-  const auto known = surroundings_.catalogue(name);
+  const auto found = surroundings_.catalogue.find(name);
+  const auto known = found == surroundings_.catalogue.end() ? nullptr : &found->second;
   const std::int32_t type = TypeOf(device, row, known);
   if (type == 0) return;
   const bool isKnown = known && known->type == type;
   if (!isKnown && !device.Has("letters")) {
-    return void(Refuse(device.PathOf("letters"),
-                       "is missing, and the catalogue has no " + WordsOf(row) + " " + Quoted(name)));
+    return void(Refuse(device.PathOf("letters"), "is missing, and the catalogue has no " + WordsOf(row) +
+                                                     " " + Quoted(name) + NearDevices(row, name)));
   }
-  Letters(device, type, isKnown ? &*known : nullptr);
-  NameIsOfOneType(name, device.PathOf("name"), type);
+  const Keys given = KeysIn(device, "letters");
+  if (Letters(device, type, isKnown ? known : nullptr)) Solid(device, type, given);
+}
+
+std::string Checker::NearDevices(const DeviceRow& row, const std::string& name) const {
+  Keys names;
+  for (const auto& [each, params] : surroundings_.catalogue) {
+    if (row.kind->HasParametric(params.type)) names.push_back(each);
+  }
+  return Hint(name, names);
 }
 
 /// 0 after a refusal.
-std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row,
-                             const std::optional<DeviceParams>& known) {
+std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row, const DeviceParams* known) {
   if (!row.HasShapes()) return row.kind->First();
   const bool isOfCatalogue = known && row.kind->HasParametric(known->type);
   if (!device.Has("shape") && isOfCatalogue) device.json["shape"] = row.kind->ShapeOf(known->type);
   if (!device.Has("shape")) {
-    Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row));
+    Refuse(device.PathOf("shape"), "is missing, and the catalogue has no such " + WordsOf(row) +
+                                       NearDevices(row, device["name"].json.get<std::string>()));
     return 0;
   }
   const Place shape = device["shape"];
   const auto most = static_cast<double>(row.kind->devices.size());
-  return IsValue(shape, std::int32_t(), {1, most}) ? row.TypeOf(shape.json.get<std::int32_t>()) : 0;
+  return IsValue(shape, std::int32_t(), Quantity{.least = 1, .most = most}) ? row.TypeOf(shape.json.get<std::int32_t>()) : 0;
 }
 
-void Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {
+bool Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {
   if (!device.Has("letters")) device.json["letters"] = Json::object();
   const Place letters = device["letters"];
   Keys keys;
   for (const devices::Letter& each : devices::LettersOf(type)) keys.emplace_back(1, each.letter);
-  if (!IsObject(letters, keys)) return;
-  for (const std::string& key : keys) {
+  if (!IsObject(letters, keys)) return false;
+  bool isSound = true;
+  for (const devices::Letter& each : devices::LettersOf(type)) {
+    const std::string key(1, each.letter);
     if (letters.Has(key)) {
-      IsNumber(letters[key], {});
+      isSound = IsNumber(letters[key], QuantityOf(each)) && isSound;
     } else if (known != nullptr) {
-      letters.json[key] = NumberJson(ValueOf(*known, key.front()));
+      letters.json[key] = NumberJson(ValueOf(*known, each.letter));
     } else if (!device.Has("file")) {
-      Refuse(letters.PathOf(key), "is missing");
+      isSound = Refuse(letters.PathOf(key), kMissing);
     }
   }
+  return isSound;
 }
 
-void Checker::NameIsOfOneType(const std::string& name, const std::string& path, std::int32_t type) {
-  const auto [named, isNew] = names_.try_emplace(name, Named{type, path});
-  if (isNew || named->second.type == type) return;
-  Refuse(path, "is also the name of another type of device at " + named->second.path +
-                   "; the dialog knows devices only by their names");
+/// Refuses the first letter of the fault that the form has; the others come from the catalogue.
+void Checker::Solid(const Place& device, std::int32_t type, const Keys& given) {
+  const Place letters = device["letters"];
+  DeviceParams params{.type = type};
+  for (const auto& [letter, value] : letters.json.items()) {
+    params.*kDeviceReals.at(static_cast<std::size_t>(letter.front() - 'A')) = value.get<double>();
+  }
+  const auto fault = devices::FindSolidFault(params);
+  if (!fault) return;
+  const auto named = std::ranges::find_if(fault->letters, [&](char letter) {
+    return std::ranges::find(given, std::string(1, letter)) != given.end();
+  });
+  if (named != fault->letters.end()) return void(Refuse(letters.PathOf({&*named, 1}), fault->reason));
+  if (given.empty())
+    return void(Refuse(device["name"], "the catalogue has it without a solid: " + fault->reason));
+  Refuse(letters, fault->reason);
 }
 
 }  // namespace vanzet::define

@@ -1,5 +1,7 @@
 #include "define/events.h"
 
+#include <map>
+
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
@@ -44,6 +46,17 @@ void AddLetters(const Json& device, Step& step) {
   }
 }
 
+/// Requires: the device has a name.
+NamedDevice NamedDeviceOf(const Json& device, const DeviceRow& row) {
+  const std::int32_t type = row.TypeOf(row.HasShapes() ? device["shape"].get<std::int32_t>() : 1);
+  std::string values = std::to_string(type);
+  // A type of the catalogue has letters from A on without a gap, as a value line has them.
+  for (const devices::Letter& each : devices::LettersOf(type)) {
+    values += " " + ExactText(device["letters"][std::string(1, each.letter)].get<double>());
+  }
+  return {device["name"].get<std::string>(), type, values};
+}
+
 /// The value of a key, or an object without keys.
 const Json& At(const Json& place, const std::string& key) {
   static const Json kNone = Json::object();
@@ -58,6 +71,7 @@ class SpurSteps {
 
   void Enter(std::int32_t spur, bool hasSpurs) {
     Step& step = Begin(path_, node::kClampDevices);
+    step.entersSpur = true;
     if (hasSpurs) step.lines.push_back(Line("choose", control::kSpurs) + " " + std::to_string(spur));
   }
 
@@ -115,8 +129,8 @@ class SpurSteps {
     if (device.contains("file")) {
       OwnDevice(device, row, step);
     } else {
-      step.lines.push_back(Line("choose", control::kDeviceList) + " " +
-                           ScriptWord(device["name"].get<std::string>()));
+      step.device = NamedDeviceOf(device, row);
+      step.lines.push_back(Line("choose", control::kDeviceList) + " " + ScriptWord(step.device->name));
       AddLetters(device, step);
       step.lines.push_back(Line("press", control::kSelectParametric));
     }
@@ -172,6 +186,30 @@ std::vector<Step> StepsOf(const Json& form, const Json& former, bool hasSubSpind
     spurSteps.Datum(spur);
   }
   return steps;
+}
+
+std::vector<std::vector<Step>> PlaysOf(const std::vector<Step>& steps) {
+  std::vector<std::vector<Step>> plays(1);
+  std::map<std::string, std::int32_t> types;
+  const Step* spur = nullptr;
+  for (const Step& step : steps) {
+    if (step.entersSpur) spur = &step;
+    if (step.device &&
+        types.try_emplace(step.device->name, step.device->type).first->second != step.device->type) {
+      types = {{step.device->name, step.device->type}};
+      plays.push_back({*spur});
+    }
+    plays.back().push_back(step);
+  }
+  return plays;
+}
+
+std::string CatalogueText(const std::vector<Step>& steps) {
+  std::string text;
+  for (const Step& step : steps) {
+    if (step.device) text += step.device->name + "\n" + step.device->values + "\n";
+  }
+  return text;
 }
 
 Step OkStep() {

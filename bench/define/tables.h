@@ -16,19 +16,28 @@
 /// Source: docs/formats/definition-json.md
 namespace vanzet::define {
 
-enum class Need {
-  kNone,
-  kGiven,    ///< must be given
-  kNonzero,  ///< must be given, and not 0
+/// The largest length: farther away the host refuses a coordinate. 10 km.
+inline constexpr double kLargestLength = 1e7;
+
+/// The largest number of another sort that the dialog's edits carry without loss of their six decimals.
+inline constexpr double kLargestNumber = 1e9;
+
+/// The numbers that a value may have.
+struct Quantity {
+  devices::Unit unit = devices::Unit::kNone;
+  double least = -kLargestNumber;
+  double most = kLargestNumber;
+  bool isAbove = false;  ///< the least number itself is refused
 };
 
-/// The numbers that the dialog's edits and the host's lines carry without loss of their six decimals.
-inline constexpr double kLargest = 1e9;
+inline constexpr Quantity kPosition = {devices::Unit::kMillimetre, -kLargestLength, kLargestLength};
+inline constexpr Quantity kLength = {devices::Unit::kMillimetre, 0, kLargestLength};
+inline constexpr Quantity kLengthAbove0 = {devices::Unit::kMillimetre, 0, kLargestLength, true};
+inline constexpr Quantity kTurn = {devices::Unit::kDegree};
+inline constexpr Quantity kAngleAbove0 = {devices::Unit::kDegree, 0, 180, true};
 
-struct Range {
-  double least = -kLargest;
-  double most = kLargest;
-};
+/// The numbers that a letter of a device may have.
+Quantity QuantityOf(const devices::Letter& letter);
 
 /// One value of a record.
 template <class Record>
@@ -36,8 +45,9 @@ struct Field {
   std::string_view key;
   std::variant<double Record::*, std::int32_t Record::*, bool Record::*, std::string Record::*> member;
   std::int32_t control;
-  Need need = Need::kNone;
-  Range range = {};
+  std::string_view description;
+  Quantity quantity = {};
+  bool isRequired = false;
   bool isOfMainAlone = false;  ///< the sub spindle has no such value
 };
 

@@ -18,16 +18,13 @@ std::vector<std::string> Below(const std::vector<std::string>& lines, const std:
 }  // namespace
 
 FormTest::FormTest() {
-  catalogue = {{"Chuck 160", {.type = 1, .A = 80, .B = 90, .C = 22.5}},
-               {"Collet D42", {.type = 2, .A = 33, .B = 94, .C = 12, .D = 21, .E = 38, .F = 2.5}},
-               {"Soft jaw 160", {.type = 9, .A = 38, .B = 62, .C = 12, .D = 24}},
-               {"Center MT3", {.type = 13, .A = 110, .B = 55, .C = 32, .D = 10, .E = 30, .F = 22, .G = 60}}};
+  surroundings.catalogue = {
+      {"Chuck 160", {.type = 1, .A = 80, .B = 90, .C = 22.5}},
+      {"Collet D42", {.type = 2, .A = 33, .B = 94, .C = 12, .D = 21, .E = 38, .F = 2.5}},
+      {"Soft jaw 160", {.type = 9, .A = 38, .B = 62, .C = 12, .D = 24}},
+      {"Center MT3", {.type = 13, .A = 110, .B = 55, .C = 32, .D = 10, .E = 30, .F = 22, .G = 60}}};
   surroundings.spurs = 2;
   surroundings.hasSubSpindle = surroundings.hasTailStock = surroundings.hasSteadyRest = true;
-  surroundings.catalogue = [this](const std::string& name) {
-    const auto device = catalogue.find(name);
-    return device == catalogue.end() ? std::nullopt : std::optional(device->second);
-  };
   surroundings.ownDevice = [](const std::string& file) -> Result<scene::DeviceClass> {
     const auto found = scene::DeviceClassNamed(file.substr(0, file.find('.')));
     return found ? Result<scene::DeviceClass>(*found) : Fault{"cannot be read", file};

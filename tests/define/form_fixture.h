@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -28,7 +27,6 @@ class FormTest : public testing::Test {
   define::Json Completed(const std::string& json);
 
   define::Surroundings surroundings;
-  std::map<std::string, DeviceParams> catalogue;
 };
 
 }  // namespace vanzet::test

@@ -1,4 +1,3 @@
-#include "define/catalogue.h"
 #include "define/events.h"
 #include "define/form_fixture.h"
 #include "support/golden.h"
@@ -68,8 +67,22 @@ TEST_F(Steps, KnowWhoseEachLineOfTheScriptIs) {
 }
 
 TEST_F(Steps, ArePlayedWithTheFormsOwnDevicesAlone) {
-  EXPECT_EQ(define::CatalogueText(Completed(kWhole)),
+  EXPECT_EQ(define::CatalogueText(define::StepsOf(Completed(kWhole), former, true, true)),
             "Chuck 160\n1 80 90 22.5\nSoft jaw 160\n9 38 62 12 24\n");
+}
+
+TEST_F(Steps, ArePlayedInOneDialogUnlessTwoTypesOfDeviceHaveOneName) {
+  EXPECT_EQ(define::PlaysOf(define::StepsOf(Completed(kWhole), former, true, true)).size(), 1U);
+  const auto plays = define::PlaysOf(
+      define::StepsOf(Completed(R"({"spurs": [{"spur": 1, "main": {"chuck": {"name": "Chuck 160"},
+        "jaw": {"name": "Chuck 160", "shape": 5, "letters": {"A": 10, "B": 20, "C": 3, "D": 4}},
+        "billet": {"kind": "solid", "solid": "ok"}}, "sub": {"chuck": {"name": "Chuck 160"}}}]})"),
+                      Json::parse(R"({"spurs": [{"spur": 1}]})"), true, true));
+  ASSERT_EQ(plays.size(), 3U);
+  EXPECT_THAT(PathsOf(plays[0]), ElementsAre("$.spurs[0]", "$.spurs[0].main.chuck"));
+  EXPECT_THAT(PathsOf(plays[1]), ElementsAre("$.spurs[0]", "$.spurs[0].main.jaw", "$.spurs[0].main.billet"));
+  EXPECT_THAT(PathsOf(plays[2]), ElementsAre("$.spurs[0]", "$.spurs[0].sub.chuck"));
+  EXPECT_EQ(define::CatalogueText(plays[1]), "Chuck 160\n9 10 20 3 4\n");
 }
 
 }  // namespace

@@ -71,10 +71,11 @@ TEST_F(WrittenForm, TellsWhatItHasNoPlaceFor) {
 TEST_F(WrittenForm, IsSoundAndCompleteInItself) {
   // No catalogue has to be asked for what is written.
   main.clamp = {"Other chuck", {.type = 1, .A = 80, .B = 90, .C = 22.5}};
-  main.jaw = {"Other jaw", {.type = 12, .A = 1, .B = 2, .C = 3, .D = 4, .E = 5, .F = 6, .G = 7, .H = 8}};
+  main.jaw = {"Other jaw",
+              {.type = 12, .A = 50, .B = 84, .C = 30, .D = 34, .E = 20, .F = 16, .G = 7, .H = 8}};
   main.billet = {.type = 2, .partLength = 5, .outside = "ok"};
-  sub.clamp = {"Other mandrel", {.type = 3}};
-  catalogue.clear();
+  sub.clamp = {"Other collet", {.type = 2, .A = 33, .B = 94, .C = 12, .D = 21, .E = 38}};
+  surroundings.catalogue.clear();
   Json form = {{"spurs", {Written()}}};
   const Json written = form;
   EXPECT_THAT(CheckForm(form, surroundings), IsEmpty());
