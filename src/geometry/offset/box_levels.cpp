@@ -29,13 +29,24 @@ void BoxLevels::Extend(std::size_t from, std::size_t end) {
   }
 }
 
+void BoxLevels::FillRests(std::size_t run) {
+  FlatBox rest;
+  const std::size_t first = run << kFanBits;
+  for (std::size_t i = std::min(first + kFan, boxes_.size()); i-- > first;) {
+    rest.Insert(boxes_[i]);
+    rests_[run & 1][i & (kFan - 1)] = rest;
+  }
+}
+
 void BoxLevels::Enter(std::size_t run) {
   constexpr std::size_t kAhead = 10;  // a walk of 64 from the end of the run
   const std::size_t runs = (boxes_.size() + kFan - 1) >> kFanBits;
   const std::size_t last = std::min(runs, run + kAhead);
   Reach(run << kFanBits, std::min(last << kFanBits, boxes_.size()));
+  if (run != home_ + 1) FillRests(run);
+  FillRests(run + 1);
   home_ = run;
-  met_ = 0;
+  met_ = 1;
   for (std::size_t r = run + 1; r < last; ++r) {
     if (!levels_[0][run].Outside(levels_[0][r])) met_ |= std::uint32_t{1} << (r - run);
   }

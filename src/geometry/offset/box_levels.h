@@ -55,20 +55,24 @@ class BoxLevels {
   }
 
   /// The first span from `from` on, and before `end`, whose box meets that of span `i`, which is before them.
-  /// For walks of up to 64 spans, with `i` ascending: the runs that the whole run of `i` does not meet are
-  /// determined once for all its spans.
+  /// For walks of up to 64 spans, with `i` ascending: what the whole run of `i` does not meet is determined
+  /// once for all its spans.
   std::size_t NextMeeting(std::size_t i, std::size_t from, std::size_t end) {
     if (i >> kFanBits != home_) Enter(i >> kFanBits);
     const FlatBox& box = boxes_[i];
     while (from < end) {
       const std::size_t run = from >> kFanBits;
-      const bool begins = (from & (kFan - 1)) == 0;
-      if (run != home_ && ((met_ >> (run - home_) & 1) == 0 || (begins && box.Outside(levels_[0][run])))) {
+      const std::uint32_t met = met_ >> (run - home_);
+      if ((met & 1) == 0) {
+        if (met == 0) return end;
+        from = (run + static_cast<std::size_t>(std::countr_zero(met))) << kFanBits;
+      } else if (box.Outside(RestFrom(from))) {
         from = (run + 1) << kFanBits;
-      } else if (box.Outside(boxes_[from])) {
-        ++from;
       } else {
-        return from;
+        const std::size_t last = std::min(end, (run + 1) << kFanBits);
+        for (; from < last; ++from) {
+          if (!box.Outside(boxes_[from])) return from;
+        }
       }
     }
     return end;
@@ -96,14 +100,21 @@ class BoxLevels {
     if (end > reached_ || (end > from + kLongest && levels_.size() == 1)) Extend(from, end);
   }
   void Extend(std::size_t from, std::size_t end);
+  /// The box around the spans from there to the end of their run, or a larger one.
+  const FlatBox& RestFrom(std::size_t span) const {
+    const std::size_t run = span >> kFanBits;
+    return run - home_ < 2 ? rests_[run & 1][span & (kFan - 1)] : levels_[0][run];
+  }
+  void FillRests(std::size_t run);
   /// Determines which of the next runs meet that one.
   void Enter(std::size_t run);
 
   std::vector<FlatBox> boxes_;
   std::vector<std::vector<FlatBox>> levels_;
-  std::size_t reached_ = 0;  ///< the spans that have their runs of 8
-  std::size_t home_ = static_cast<std::size_t>(-1);
-  std::uint32_t met_ = 0;  ///< bit r: run `home_` + r
+  std::size_t reached_ = 0;                          ///< the spans that have their runs of 8
+  std::size_t home_ = static_cast<std::size_t>(-2);  ///< the run of short walks; none yet
+  std::uint32_t met_ = 0;                            ///< bit r: run `home_` + r
+  FlatBox rests_[2][kFan];  ///< of the even and of the odd one of `home_` and the next
 };
 
 }  // namespace geometry

@@ -14,6 +14,34 @@ void CheckRadii(double startRadius, double endRadius) {
   }
 }
 
+/// `Normalise` of both, with their roots taken at once.
+struct Lengths {
+  double ofA, ofB;
+};
+Lengths NormaliseBoth(Vector2d& a, Vector2d& b) {
+  double lengths[] = {Dot(a, a), Dot(b, b)};
+  for (double& length : lengths) length = std::sqrt(length);
+  const auto divide = [](Vector2d& v, double& length) {
+    if (length < TIGHT_TOLERANCE) {
+      v = Vector2d();
+      length = 0.0;
+    } else {
+      v.dx /= length;
+      v.dy /= length;
+    }
+  };
+  divide(a, lengths[0]);
+  divide(b, lengths[1]);
+  return {lengths[0], lengths[1]};
+}
+
+/// Whether the distance of two points is not above `TOLERANCE`. Only near the limit it takes a root.
+bool Together(const Point& a, const Point& b) {
+  const Vector2d d(a, b);
+  const double square = Dot(d, d);
+  return !(square > 2 * TOLERANCE * TOLERANCE) && TOLERANCE >= d.Magnitude();
+}
+
 /// Whether `IncludedAngle` is 0.
 bool NoAngle(const Vector2d& a, const Vector2d& b) {
   const double c = Dot(a, b);
@@ -80,18 +108,18 @@ void Span::SetArcTangents() {
     vs = -vs;
     ve = -ve;
   }
-  radius = vs.Normalise();
-  CheckRadii(radius, ve.Normalise());
-  const double chord = geometry::Dist(p0, p1);
-  NullSpan = !(radius > TOLERANCE) || TOLERANCE >= chord;
+  const Lengths radii = NormaliseBoth(vs, ve);
+  radius = radii.ofA;
+  CheckRadii(radii.ofA, radii.ofB);
+  NullSpan = !(radius > TOLERANCE) || Together(p0, p1);
   if (NullSpan) {
     dir = LINEAR;
   } else if (NoAngle(vs, ve)) {
     dir = LINEAR;
     vs = Vector2d(p0, p1);
+    length = vs.Magnitude();
     vs.Normalise();
     ve = vs;
-    length = chord;
   }
 }
 

@@ -53,7 +53,8 @@ Point Span::CentreOnBisector() const {
   Vector2d chord(p0, p1);
   if (chord.Normalise() == 0.0) return pc;
   const Point middle((p0.x + p1.x) * 0.5, (p0.y + p1.y) * 0.5);
-  return geometry::On(CLine(middle, chord.LeftNormal(), false), pc);
+  const Vector2d normal = chord.LeftNormal();
+  return middle + normal * Dot(Vector2d(middle, pc), normal);
 }
 
 Point Span::Along(double d) const {
