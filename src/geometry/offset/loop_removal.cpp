@@ -115,7 +115,7 @@ struct Verdict {
   std::size_t next;
   bool trimmed = false;
   bool stuck = false;
-  Point end;  ///< if trimmed
+  Point end = {};  ///< if trimmed
 };
 
 template <class SearchForm>
