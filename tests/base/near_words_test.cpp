@@ -31,5 +31,15 @@ TEST(NearWords, DoNotMatchByAPartThatIsShort) {
   EXPECT_THAT(NearWords("tu", {"mill-turn"}), IsEmpty());
 }
 
+TEST(NearWords, CountCapitalsAsSmallLetters) {
+  EXPECT_THAT(NearWords("SOFT JAW", {"Soft jaw 160", "Chuck 160"}), ElementsAre("Soft jaw 160"));
+}
+
+TEST(DidYouMean, NamesTheNearestFirstAndAtMostThree) {
+  EXPECT_EQ(DidYouMean("shwo", {"new", "show", "shop"}), "; did you mean 'show' or 'shop'?");
+  EXPECT_EQ(DidYouMean("aaa", {"aab", "aac", "aad", "aaa1"}), "; did you mean 'aab' or 'aac' or 'aad'?");
+  EXPECT_EQ(DidYouMean("dance", {"new", "show"}), "");
+}
+
 }  // namespace
 }  // namespace vanzet
