@@ -9,6 +9,21 @@
 #include "cli/commands.h"
 
 namespace vanzet::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsFolder(const fs::path& folder) {
+  std::error_code error;
+  return fs::is_directory(folder, error);
+}
+
+bool IsProject(const fs::path& folder) {
+  std::error_code error;
+  return fs::exists(folder / "bench.ini", error);
+}
+
+}  // namespace
 
 std::int32_t IntegerOf(const std::string& name, const std::string& word, std::int32_t least,
                        std::int32_t most) {
@@ -46,17 +61,15 @@ TakeWord StoreFile(std::string& file) {
 SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count) {
   SplitWords operands{".", words};
   if (words.size() != count + 1) return operands;
-  std::error_code error;
-  const auto project =
-      std::filesystem::is_directory(words.front(), error) ? operands.words.begin() : operands.words.end() - 1;
+  const bool isFirst = IsProject(words.front()) || (IsFolder(words.front()) && !IsProject(words.back()));
+  const auto project = isFirst ? operands.words.begin() : operands.words.end() - 1;
   operands.project = *project;
   operands.words.erase(project);
   return operands;
 }
 
 SplitWords SplitProject(const std::vector<std::string>& words) {
-  std::error_code error;
-  const bool named = words.size() > 1 && std::filesystem::is_directory(words.front(), error);
+  const bool named = words.size() > 1 && IsFolder(words.front());
   if (!named) return {".", words};
   return {words.front(), {words.begin() + 1, words.end()}};
 }

@@ -59,7 +59,7 @@ struct SplitWords {
 };
 
 /// Splits words of which one may be the project: with one word more than `count`, the project is the first if
-/// it names a folder, else the last.
+/// it names a project, or a folder while the last does not name a project; else the last.
 SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count);
 
 /// Splits any number of words: the project is the first if it names a folder and others follow.

@@ -3,21 +3,25 @@
 #include <functional>
 #include <list>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
 #include "base/result.h"
 #include "base/translations.h"
 
-/// The commands of the command line as data: names, operands, options, help. The parser, the help, the manual
-/// and the shells' completion all read the same tree.
+/// The commands of the command line as data: names, operands, options, help. The reader of words
+/// (command_line.h), the help, the manual and the shells' completion all use the same tree.
 namespace vanzet::cli {
 
 /// Thrown while words are read: the word that was given for `name`, an option or operand, is not acceptable.
-/// The parser prints both and exits with the status of wrong usage.
+/// The program prints both, and exits with the status of wrong usage.
 struct WrongUsage {
-  std::string name;
+  std::string name;    ///< empty: the reason says all
   std::string reason;  ///< "expected a number, found 'x'"
+
+  /// "--spur: expected a number, found 'x'".
+  std::string Message() const { return name.empty() ? reason : name + ": " + reason; }
 };
 
 /// Takes the word that was given for the option or operand `name`. Throws `WrongUsage`.
@@ -25,6 +29,13 @@ using TakeWord = std::function<void(const std::string& name, const std::string& 
 
 /// The work of a command, done after all words were read.
 using Work = std::function<Result<void>()>;
+
+/// The condition of an option that has an effect only with another one, which has to have, given or by
+/// default, one of these words.
+struct Need {
+  std::string option;              ///< "--view"
+  std::vector<std::string> words;  ///< empty: any word will do
+};
 
 /// A flag, option or operand of a command.
 struct Parameter {
@@ -48,6 +59,13 @@ struct Parameter {
   char separator = '\0';             ///< of a list: between entries of one word
   std::string defaultWord;           ///< as the help shows it
   std::string rival;                 ///< the flag that cannot be given together with this one
+  std::vector<Need> needs;           ///< without these the option is refused
+
+  /// "--out" of "-o,--out".
+  std::string LongName() const { return name.substr(name.rfind(',') + 1); }
+
+  /// True for each of the names of an option.
+  bool IsNamed(std::string_view word) const;
 
   Parameter& Required();
   Parameter& OneOf(std::vector<std::string> words);
@@ -55,6 +73,11 @@ struct Parameter {
   Parameter& SeparatedBy(char character);
   Parameter& Default(std::string word);
   Parameter& Excludes(std::string flag);
+
+  /// The option has no effect without another one, and is refused then:
+  ///   Needs("--svg")              --svg has to be given
+  ///   Needs("--view", {"solid"})  --view has to be, by the words given or by default, one of these
+  Parameter& Needs(std::string option, std::vector<std::string> words = {});
 
   /// The option may be given several times. Words of such options are taken after all others, in the order of
   /// the command line.
@@ -73,11 +96,14 @@ struct Command {
   std::string notes;                  ///< paragraphs of the help after the options
   std::vector<std::string> examples;  ///< command lines
   std::list<Parameter> parameters;
-  std::list<Command> commands;  ///< not empty: one of them has to be given
+  std::list<Command> commands;  ///< not empty: a group
   std::function<void()> check;  ///< called when all words were read; throws `WrongUsage`
   Work work;
 
   Command& AddCommand(const std::string& word, const std::string& sentence);
+
+  /// The command of a group with that name, or null.
+  const Command* Find(std::string_view word) const;
 
   /// The references stay valid.
   Parameter& AddFlag(const std::string& flag, const std::string& text, bool& isGiven);
@@ -99,22 +125,5 @@ inline constexpr const char* kTextSection = "cli";
 
 /// Translates the sentences of the help. Names, types and examples stay as they are.
 void TranslateHelp(Command& command, const Translations& texts);
-
-/// The command's own options, which every command has.
-inline constexpr const char* kHelpOption = "--help";
-inline constexpr const char* kVersionOption = "--version";  ///< of the first command only
-
-/// The request of a command line.
-struct Request {
-  Work work;       ///< empty when there is nothing left to do: help was printed, or the usage was wrong
-  int status = 0;  ///< the exit status without work
-};
-
-inline constexpr int kWrongUsageStatus = 2;
-
-/// Reads a command line. Help and version are printed on standard output, wrong usage on standard error.
-/// `version` is the program's name and version; the headings of the help are translated by `texts`.
-Request ReadCommandLine(const Command& program, const std::string& version, const Translations& texts,
-                        int argc, const char* const* argv);
 
 }  // namespace vanzet::cli

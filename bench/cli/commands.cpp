@@ -4,8 +4,8 @@ namespace vanzet::cli {
 namespace {
 
 constexpr void (*kCommands[])(Command&, Context&) = {
-    AddNew,   AddOpen,    AddUpgrade, AddScript, AddShow,   AddDefine,  AddItems,      AddVdm,
-    AddStore, AddCommand, AddPicture, AddExport, AddDevice, AddContour, AddCompletion, AddManual,
+    AddNew,     AddOpen,    AddUpgrade, AddScript, AddShow,    AddDefine, AddItems,      AddVdm,    AddStore,
+    AddCommand, AddPicture, AddExport,  AddDevice, AddContour, AddHelp,   AddCompletion, AddManual,
 };
 
 }  // namespace
@@ -16,7 +16,8 @@ void DescribeProgram(Command& program, Context& context) {
       "Defines, checks and exports the equipment that holds the work on a turning or mill-turn machine.";
   program.notes =
       "Without PROJECT the current folder is used. Results go to standard output, everything else to "
-      "standard\nerror. Exit status: 0 success, 1 the work failed, 2 wrong usage.\n"
+      "standard\nerror. Exit status: 0 success, 1 the work failed, 2 wrong usage, 3 done, and something was "
+      "found.\n"
       "VANZET_LANGUAGE=de shows the help and the headings of tables in German.";
   program.examples = {"vanzet new lathe && vanzet upgrade lathe && vanzet show lathe"};
   for (const auto add : kCommands) add(program, context);

@@ -45,6 +45,7 @@ void AddPicture(Command& vanzet, Context& context);
 void AddExport(Command& vanzet, Context& context);
 void AddDevice(Command& vanzet, Context& context);
 void AddContour(Command& vanzet, Context& context);
+void AddHelp(Command& vanzet, Context& context);
 void AddCompletion(Command& vanzet, Context& context);
 void AddManual(Command& vanzet, Context& context);
 

@@ -1,39 +1,17 @@
-#include <functional>
-#include <map>
+#include <algorithm>
 
+#include "base/near_words.h"
+#include "base/quote.h"
 #include "cli/arguments.h"
+#include "cli/command_line.h"
+#include "cli/command_words.h"
 #include "cli/commands.h"
+#include "cli/help_text.h"
 #include "cli/output.h"
 
 /// The commands that print the help in other forms: the manual, and the completion for shells.
 namespace vanzet::cli {
 namespace {
-
-/// "--out" of "-o,--out".
-std::string LongName(const Parameter& parameter) {
-  return parameter.name.substr(parameter.name.rfind(',') + 1);
-}
-
-/// " (step, stl)"; empty without choices.
-std::string ChoicesOf(const Parameter& parameter) {
-  std::string choices;
-  for (const std::string& word : parameter.choices) choices += (choices.empty() ? " (" : ", ") + word;
-  return choices.empty() ? "" : choices + ")";
-}
-
-/// Operands and required options, as in a usage line: " [PROJECT] FILE --out FILE".
-std::string UsageOf(const Command& command) {
-  std::string operands, options;
-  for (const Parameter& parameter : command.parameters) {
-    const std::string& name = parameter.name;
-    const bool isBare = parameter.isRequired || name.starts_with('[');
-    if (parameter.kind == Parameter::Kind::kOperand)
-      operands += " " + (isBare ? name : "[" + name + "]");
-    else if (parameter.isRequired)
-      options += " " + LongName(parameter) + " " + parameter.type;
-  }
-  return operands + options;
-}
 
 /// The text in a cell of a table.
 std::string Cell(const std::string& text) {
@@ -46,7 +24,7 @@ std::string RowOf(const Parameter& parameter) {
   std::string name = parameter.name;
   if (const std::size_t comma = name.find(','); comma != std::string::npos) name.insert(comma + 1, " ");
   const std::string type = parameter.type.empty() ? "" : " " + parameter.type;
-  return "| `" + Cell(name + type) + "` | " + Cell(parameter.help + ChoicesOf(parameter)) + " |\n";
+  return "| `" + Cell(name + type) + "` | " + Cell(DescriptionOf(parameter, {})) + " |\n";
 }
 
 std::string OptionsOf(const Command& command) {
@@ -82,63 +60,136 @@ std::string ManualOf(const Command& program) {
   return text;
 }
 
-/// The words that may follow some words of the command line: commands and options. Longer words come first,
-/// so that a shell that takes the first that fits takes "vdm save" before "vdm".
-using Choices = std::map<std::string, std::string, std::greater<>>;
+/// The words that may follow some words of the command line.
+struct Choice {
+  std::string before;  ///< the words before, as far as they name the command: "vdm save"
+  std::string option;  ///< the last word before, when its value is completed; else empty
+  std::string words;   ///< separated by blanks; empty: names of files
+};
 
-void Collect(const Command& command, const std::string& words, Choices& choices) {
+void CollectOptions(const Command& command, const std::string& path, std::vector<Choice>& choices) {
+  Choice all{path, "", ""};
+  for (const Parameter& parameter : command.parameters) {
+    std::string values;
+    for (const std::string& word : parameter.choices) values += (values.empty() ? "" : " ") + word;
+    if (parameter.kind == Parameter::Kind::kOption) choices.push_back({path, parameter.LongName(), values});
+    const bool isOperand = parameter.kind == Parameter::Kind::kOperand;
+    if (!isOperand) values = parameter.LongName();
+    if (!values.empty()) all.words += values + " ";
+  }
+  all.words += kHelpOptions.back();
+  choices.push_back(all);
+}
+
+/// Longer words come first, so that a shell that takes the first that fits takes "vdm save" before "vdm".
+void Collect(const Command& command, const std::string& path, std::vector<Choice>& choices) {
   std::string here;
   for (const Command& each : command.commands) {
     here += each.name + " ";
-    Collect(each, words.empty() ? each.name : words + " " + each.name, choices);
+    Collect(each, path.empty() ? each.name : path + " " + each.name, choices);
   }
-  here += kHelpOption;
-  for (const Parameter& parameter : command.parameters) {
-    const std::size_t dashes = parameter.name.find("--");
-    if (dashes != std::string::npos) here += " " + parameter.name.substr(dashes);
-  }
-  choices[words] = here;
+  if (here.empty()) return CollectOptions(command, path, choices);
+  choices.push_back({path, "", here + kHelpOptions.back()});
 }
 
-/// The cases of a shell's `case` over the words before the one that is completed; each sets `variable`.
-std::string Cases(const Choices& choices, const std::string& variable) {
+/// The words before the one that is completed, as a pattern of shells: "picture* --view ".
+std::string PatternOf(const Choice& choice) {
+  return choice.before + "*" + (choice.option.empty() ? "" : " " + choice.option + " ");
+}
+
+/// A case of bash and zsh.
+std::string PlainCase(const Choice& choice) {
+  std::string pattern;
+  for (const char c : PatternOf(choice)) pattern += c == ' ' ? "\\ " : std::string(1, c);
+  return "    " + pattern + ") choices=\"" + choice.words + "\" ;;\n";
+}
+
+std::string FishCase(const Choice& choice) {
+  return "    case '" + PatternOf(choice) + "'\n      string split -n ' ' -- '" + choice.words + "'\n";
+}
+
+/// The completion script of a shell, around the cases that set or print the words to choose from.
+struct Shell {
+  std::string_view name;
+  std::string_view head;
+  std::string (*caseOf)(const Choice& choice);
+  std::string_view tail;
+};
+
+constexpr Shell kShells[] = {
+    {"bash",
+     R"(# Completion of vanzet for bash: source <(vanzet completion bash)
+_vanzet() {
+  local choices current="${COMP_WORDS[COMP_CWORD]}"
+  local before="${COMP_WORDS[*]:1:COMP_CWORD-1} "
+  case "$before" in
+)",
+     PlainCase,
+     R"(  esac
+  COMPREPLY=($(compgen -W "$choices" -- "$current"))
+  [ ${#COMPREPLY[@]} -eq 0 ] && COMPREPLY=($(compgen -f -- "$current"))
+}
+complete -o filenames -F _vanzet vanzet
+)"},
+    {"zsh",
+     R"(#compdef vanzet
+# Completion of vanzet for zsh: source <(vanzet completion zsh)
+_vanzet() {
+  local before="${words[2,CURRENT-1]} " choices
+  case "$before" in
+)",
+     PlainCase,
+     R"(  esac
+  compadd -- ${(s: :)choices}
+  _files
+}
+compdef _vanzet vanzet
+)"},
+    {"fish",
+     R"(# Completion of vanzet for fish: vanzet completion fish | source
+function __vanzet_words
+  set -l before (commandline -opc)
+  set -e before[1]
+  switch "$before "
+)",
+     FishCase,
+     R"(  end
+end
+complete -c vanzet -a '(__vanzet_words)'
+)"},
+};
+
+std::string CompletionOf(const Command& program, const std::string& shellName) {
+  const Shell& shell = *std::ranges::find(kShells, shellName, &Shell::name);
+  std::vector<Choice> choices;
+  Collect(program, "", choices);
+  choices.back().words += " " + kVersionOptions.back();
   std::string cases;
-  for (const auto& [words, list] : choices) {
-    if (words.empty()) continue;
-    cases.append("    \"" + words + "\"*) " + variable + "=\"" + list + "\" ;;\n");
-  }
-  return cases + "    *) " + variable + "=\"" + choices.at("") + "\" ;;\n";
+  for (const Choice& choice : choices) cases += shell.caseOf(choice);
+  return std::string(shell.head) + cases + std::string(shell.tail);
 }
 
-std::string Bash(const Choices& choices) {
-  return "# Completion of vanzet for bash: source <(vanzet completion bash)\n"
-         "_vanzet() {\n"
-         "  local words current=\"${COMP_WORDS[COMP_CWORD]}\"\n"
-         "  local before=\"${COMP_WORDS[*]:1:COMP_CWORD-1}\"\n"
-         "  case \"$before\" in\n" +
-         Cases(choices, "words") +
-         "  esac\n"
-         "  COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n"
-         "  [ ${#COMPREPLY[@]} -eq 0 ] && COMPREPLY=($(compgen -f -- \"$current\"))\n"
-         "}\n"
-         "complete -o filenames -F _vanzet vanzet\n";
-}
-
-std::string Zsh(const Choices& choices) {
-  return "#compdef vanzet\n"
-         "# Completion of vanzet for zsh: source <(vanzet completion zsh)\n"
-         "_vanzet() {\n"
-         "  local words_before=\"${words[2,CURRENT-1]}\" choices\n"
-         "  case \"$words_before\" in\n" +
-         Cases(choices, "choices") +
-         "  esac\n"
-         "  compadd -- ${(s: :)choices}\n"
-         "  _files\n"
-         "}\n"
-         "compdef _vanzet vanzet\n";
+/// The text that the command `help` prints. Throws `WrongUsage`.
+std::string HelpOn(const std::vector<std::string>& words, const Command& program, const Translations& texts) {
+  const NamedCommand named = CommandOf(program, words);
+  if (named.words == words.size()) return HelpText(*named.command, named.path, texts);
+  std::vector<std::string> names;
+  for (const Command& each : named.command->commands) names.push_back(each.name);
+  const std::string& word = words[named.words];
+  throw WrongUsage{"", "no such command: " + Quoted(word) + DidYouMean(word, names)};
 }
 
 }  // namespace
+
+void AddHelp(Command& vanzet, Context& context) {
+  const auto words = std::make_shared<std::vector<std::string>>();
+  Command& command = vanzet.AddCommand("help", "Prints the help of a command.");
+  command.AddOperands("[COMMAND...]", "the words of the command; without them, the help of the program",
+                      *words);
+  command.examples = {"vanzet help vdm save"};
+  command.check = [=, &vanzet, &context] { HelpOn(*words, vanzet, context.texts); };
+  command.work = [=, &vanzet, &context] { return Print(HelpOn(*words, vanzet, context.texts)); };
+}
 
 void AddManual(Command& vanzet, Context&) {
   Command& command = vanzet.AddCommand("manual", "Prints the help of all commands as Markdown.");
@@ -148,15 +199,12 @@ void AddManual(Command& vanzet, Context&) {
 
 void AddCompletion(Command& vanzet, Context&) {
   const auto shell = std::make_shared<std::string>();
+  std::vector<std::string> names;
+  for (const Shell& each : kShells) names.emplace_back(each.name);
   Command& command = vanzet.AddCommand("completion", "Prints the completion script for a shell.");
-  command.AddOperand("SHELL", "bash or zsh", StoreText(*shell)).Required().OneOf({"bash", "zsh"});
-  command.examples = {"source <(vanzet completion bash)"};
-  command.work = [=, &vanzet] {
-    Choices choices;
-    Collect(vanzet, "", choices);
-    choices[""].append(" ").append(kVersionOption);
-    return Print(*shell == "bash" ? Bash(choices) : Zsh(choices));
-  };
+  command.AddOperand("SHELL", "the shell", StoreText(*shell)).Required().OneOf(std::move(names));
+  command.examples = {"source <(vanzet completion bash)", "vanzet completion fish | source"};
+  command.work = [=, &vanzet] { return Print(CompletionOf(vanzet, *shell)); };
 }
 
 }  // namespace vanzet::cli

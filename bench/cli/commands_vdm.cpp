@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/numbers.h"
 #include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -28,7 +29,14 @@ struct VdmArguments {
 
 /// Assigns the words. Without the project, the number is the word at `numberAt`, 0 or 1.
 void AssignOperands(VdmArguments& arguments, std::size_t numberAt) {
-  const SplitWords split = SplitOperands(arguments.words, 2);
+  constexpr std::size_t kOperands = 2;
+  const std::string& first = arguments.words.front();
+  std::error_code error;
+  if (arguments.words.size() == kOperands && !WholeInteger(first) &&
+      std::filesystem::is_directory(first, error)) {
+    throw WrongUsage{"", numberAt == 0 ? "FILE is missing" : "NUMBER is missing"};
+  }
+  const SplitWords split = SplitOperands(arguments.words, kOperands);
   arguments.project = split.project;
   arguments.number = NumberOf("NUMBER", split.words[numberAt]);
   arguments.file = FileOf("FILE", split.words[1 - numberAt]);

@@ -1,6 +1,5 @@
 #include <fcntl.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -8,6 +7,7 @@
 
 #include "base/exception_fault.h"
 #include "base/fault_caret.h"
+#include "cli/command_line.h"
 #include "cli/commands.h"
 #include "process/last_words.h"
 
@@ -44,12 +44,6 @@ Translations WantedTexts(const std::filesystem::path& share) {
   return texts ? std::move(*texts) : Translations();
 }
 
-/// True when the first word is meant to be a command, but no command has this name.
-bool IsUnknownCommand(const std::string& word, const Command& program) {
-  return !word.starts_with('-') &&
-         std::ranges::find(program.commands, word, &Command::name) == program.commands.end();
-}
-
 int DoWork(const Work& work, Context& context) {
   try {
     const auto done = work();
@@ -72,10 +66,6 @@ int Run(int argc, const char* const* argv) {
   Command program;
   DescribeProgram(program, context);
   TranslateHelp(program, context.texts);
-  if (argc > 1 && IsUnknownCommand(argv[1], program)) {
-    panel.Tell(Fault{"no such command: '" + std::string(argv[1]) + "'; 'vanzet --help' lists the commands"});
-    return kWrongUsageStatus;
-  }
   const Request request = ReadCommandLine(program, "vanzet " VANZET_VERSION, context.texts, argc, argv);
   return request.work ? DoWork(request.work, context) : request.status;
 }

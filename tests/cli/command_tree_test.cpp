@@ -3,6 +3,7 @@
 #include <set>
 
 #include "cli/arguments.h"
+#include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/output.h"
 #include "support/catalogues.h"
@@ -28,6 +29,7 @@ constexpr int kReportedWrongUsage = kWrongUsageStatus + 100;
 /// A program with one command, which stores what it is given.
 struct Cutter {
   Cutter() {
+    program.name = "program";
     Command& cut = program.AddCommand("cut", "Cuts.");
     cut.AddOperands("[FILE] LENGTH", "", words).Required().Count(1, 2);
     cut.AddOption("--depth", "MM", "depth", StoreReal(depth, 0, 10));
@@ -37,13 +39,17 @@ struct Cutter {
     cut.AddOption("--turn", "A", "turn", append).Repeatable();
     cut.AddFlag("--left", "left", isLeft);
     cut.AddFlag("--right", "right").Excludes("--left");
+    cut.AddOption("--speed", "N", "speed", StoreReal(speed)).Default("1").Needs("--tool", {"mill"});
+    cut.AddOption("--chips", "FILE", "chips", chips).SeparatedBy(',').Needs("--speed");
+    cut.AddOption("-o,--out", "FILE", "out", StoreText(out));
     cut.work = [] { return Result<void>(); };
   }
 
   Command program;
   std::vector<std::string> words;
-  double depth = 1;
-  std::string tool, steps;
+  std::vector<std::string> chips;
+  double depth = 1, speed = 1;
+  std::string tool, steps, out;
   bool isLeft = false;
 };
 
@@ -62,16 +68,69 @@ TEST(CommandTree, TakesRepeatableOptionsInTheOrderOfTheCommandLine) {
   EXPECT_EQ(cutter.steps, "--move1--turn2--move3");
 }
 
+TEST(CommandTree, ReadsOptionsInAllTheirForms) {
+  for (const auto& words : std::vector<std::vector<const char*>>{{"cut", "5", "-o", "x"},
+                                                                 {"cut", "-ox", "5"},
+                                                                 {"cut", "5", "--out", "x"},
+                                                                 {"cut", "--out=x", "5"}}) {
+    Cutter cutter;
+    EXPECT_TRUE(Read(cutter.program, words).work) << testing::PrintToString(words);
+    EXPECT_EQ(cutter.out, "x");
+    EXPECT_THAT(cutter.words, testing::ElementsAre("5"));
+  }
+}
+
+TEST(CommandTree, TakesNegativeNumbersADashAndWhatFollowsTwoDashesAsOperands) {
+  Cutter numbers, dashes;
+  EXPECT_TRUE(Read(numbers.program, {"cut", "-5", "-.5"}).work);
+  EXPECT_THAT(numbers.words, testing::ElementsAre("-5", "-.5"));
+  EXPECT_TRUE(Read(dashes.program, {"cut", "-", "--", "--left"}).work);
+  EXPECT_THAT(dashes.words, testing::ElementsAre("-", "--left"));
+  EXPECT_FALSE(dashes.isLeft);
+}
+
+TEST(CommandTree, SplitsLists) {
+  Cutter cutter;
+  EXPECT_TRUE(Read(cutter.program, {"cut", "5", "--chips", "a,b", "--chips", "c"}).work);
+  EXPECT_THAT(cutter.chips, testing::ElementsAre("a", "b", "c"));
+}
+
+TEST(CommandTree, TakesAnOptionThatNeedsAnotherOnlyWithIt) {
+  Cutter milled;
+  EXPECT_TRUE(Read(milled.program, {"cut", "5", "--speed", "2", "--tool", "mill"}).work);
+  EXPECT_EQ(milled.speed, 2);
+  Cutter byDefault;
+  EXPECT_TRUE(Read(byDefault.program, {"cut", "5", "--chips", "a"}).work) << "--speed has a default";
+}
+
+TEST(CommandTree, AsksForHelpWithoutWords) {
+  Cutter cutter;
+  const Request request = Read(cutter.program, {});
+  ASSERT_TRUE(request.work);
+  testing::internal::CaptureStdout();
+  EXPECT_TRUE(request.work());
+  EXPECT_THAT(testing::internal::GetCapturedStdout(),
+              testing::HasSubstr("  cut                       Cuts.\n"));
+}
+
 TEST(CommandTree, ReportsWrongUsage) {
   const std::vector<std::vector<const char*>> lines = {
-      {},
       {"saw"},
+      {"--depth", "1"},
       {"cut"},
       {"cut", "a", "b", "c"},
       {"cut", "5", "--depth", "11"},
       {"cut", "5", "--depth", "deep"},
       {"cut", "5", "--tool", "axe"},
       {"cut", "5", "--left", "--right"},
+      {"cut", "5", "--depth"},
+      {"cut", "5", "--depth", "--left"},
+      {"cut", "5", "--depth", "1", "--depth", "2"},
+      {"cut", "5", "--left=1"},
+      {"cut", "5", "--lef"},
+      {"cut", "5", "-x"},
+      {"cut", "5", "--speed", "2"},
+      {"cut", "5", "--speed", "2", "--tool", "saw"},
   };
   for (const auto& words : lines) {
     Cutter cutter;

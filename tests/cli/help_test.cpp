@@ -1,5 +1,7 @@
 #include "run_vanzet.h"
 
+#include <map>
+
 #include "support/places.h"
 
 namespace vanzet::test {
@@ -26,19 +28,68 @@ TEST_F(Help, TellsTheVersion) {
 
 TEST_F(Help, WrongUsageHasTheStatusTwo) {
   for (const char* arguments :
-       {"", "dance", "show --rubbish", "show --spur x", "new", "vdm", "vdm save", "vdm save a b c d",
-        "completion fish", "show --spur ''", "show --spur 0x1", "items --vdm -5", "items --vdm nan",
+       {"dance", "--nope", "show --rubbish", "show --spur x", "new", "vdm", "vdm save", "vdm save a b c d",
+        "completion tcsh", "show --spur ''", "show --spur 0x1", "items --vdm -5", "items --vdm nan",
         "items --vdm 4294967291", "vdm save five x.vdm", "vdm save 1000 ''", "vdm load x.vdm five",
         "vdm check ''", "upgrade --trace ''"}) {
     const Outcome run = Vanzet(arguments);
     EXPECT_EQ(run.status, 2) << arguments;
-    EXPECT_NE(run.err, "") << arguments;
+    EXPECT_THAT(run.err, testing::MatchesRegex("vanzet: [^\n]*\ntry 'vanzet[^\n]* --help'\n")) << arguments;
     EXPECT_EQ(run.out, "") << arguments;
   }
 }
 
-TEST_F(Help, NamesAWordThatIsNoCommand) {
-  EXPECT_EQ(Vanzet("dance").err, "vanzet: no such command: 'dance'; 'vanzet --help' lists the commands\n");
+TEST_F(Help, SaysWhatIsWrongInWordsOfTheHelp) {
+  const std::map<std::string, std::string> messages = {
+      {"dance", "vanzet: no such command: 'dance'\ntry 'vanzet --help'\n"},
+      {"shwo", "vanzet: no such command: 'shwo'; did you mean 'show'?\ntry 'vanzet --help'\n"},
+      {"vdm", "vanzet: expected a command: save, load, check\ntry 'vanzet vdm --help'\n"},
+      {"vdm svae", "vanzet: no such command: 'svae'; did you mean 'save'?\ntry 'vanzet vdm --help'\n"},
+      {"--nope", "vanzet: no such option: '--nope'\ntry 'vanzet --help'\n"},
+      {"show --jsn", "vanzet: no such option: '--jsn'; did you mean '--json'?\ntry 'vanzet show --help'\n"},
+      {"show --json=yes", "vanzet: --json: takes no value\ntry 'vanzet show --help'\n"},
+      {"show --spur", "vanzet: --spur: N is missing\ntry 'vanzet show --help'\n"},
+      {"show --spur --json", "vanzet: --spur: N is missing\ntry 'vanzet show --help'\n"},
+      {"show --spur 0 --spur 1", "vanzet: --spur: is given twice\ntry 'vanzet show --help'\n"},
+      {"show a b", "vanzet: unexpected operand 'b'\ntry 'vanzet show --help'\n"},
+      {"new", "vanzet: DIR is missing\ntry 'vanzet new --help'\n"},
+      {"vdm save 1000",
+       "vanzet: expected [PROJECT] NUMBER FILE, found 1 operand\ntry 'vanzet vdm save --help'\n"},
+      {"export lathe --out x", "vanzet: --format FORMAT is missing\ntry 'vanzet export --help'\n"},
+      {"export lathe --out x --format stp",
+       "vanzet: --format: expected one of wrl, stl, step, gltf; found 'stp'; did you mean 'stl' or 'step'?\n"
+       "try 'vanzet export --help'\n"},
+      {"contour xml a.txt b.txt",
+       "vanzet: expected [FILE], found 2 operands\ntry 'vanzet contour xml --help'\n"},
+      {"contour near slot.txt 12.5", "vanzet: Y is missing\ntry 'vanzet contour near --help'\n"},
+      {"contour info --contour x",
+       "vanzet: --contour: expected a number from -2147483648 to 2147483647, found 'x'\n"
+       "try 'vanzet contour info --help'\n"},
+      {"contour offset 1 --left --right",
+       "vanzet: --right: cannot be given together with --left\ntry 'vanzet contour offset --help'\n"},
+      {"help dance", "vanzet: no such command: 'dance'\ntry 'vanzet help --help'\n"},
+      {"help show lathe", "vanzet: no such command: 'lathe'\ntry 'vanzet help --help'\n"},
+  };
+  for (const auto& [arguments, message] : messages) EXPECT_EQ(Vanzet(arguments).err, message) << arguments;
+}
+
+TEST_F(Help, SaysWhichOperandIsMissingAfterAProject) {
+  MakeProject();
+  EXPECT_THAT(Vanzet("vdm save lathe 1000").err, HasSubstr("vanzet: FILE is missing\n"));
+  EXPECT_THAT(Vanzet("vdm load lathe job.vdm").err, HasSubstr("vanzet: NUMBER is missing\n"));
+  std::filesystem::create_directories(folder / "job.json");
+  EXPECT_EQ(Vanzet("define job.json lathe").err, "vanzet: job.json: is not a regular file\n");
+}
+
+TEST_F(Help, IsPrintedWithoutAnyWordAndByTheCommandHelp) {
+  const Outcome bare = Vanzet("");
+  EXPECT_EQ(bare.status, 0);
+  EXPECT_EQ(bare.out, Vanzet("--help").out);
+  EXPECT_EQ(Vanzet("help").out, bare.out);
+  EXPECT_EQ(Vanzet("help vdm").out, Vanzet("vdm --help").out);
+  EXPECT_EQ(Vanzet("help vdm save").out, Vanzet("vdm save -h").out);
+  EXPECT_EQ(Vanzet("-V").out, Vanzet("--version").out);
+  EXPECT_EQ(Vanzet("--help >/dev/full").status, 1);
 }
 
 TEST_F(Help, ReadsNumbersAsDecimal) {
@@ -64,17 +115,30 @@ TEST_F(Help, AGermanTableHasGermanHeadingsAndJsonHasNone) {
   EXPECT_EQ(Vanzet("show nothing", de).err, Vanzet("show nothing").err);
 }
 
-TEST_F(Help, CompletionIsSomethingThatTheShellUnderstands) {
+TEST_F(Help, CompletesCommandsOptionsAndTheValuesOfOptions) {
   WriteBytes(folder / "completion.bash", Vanzet("completion bash").out);
-  WriteBytes(
-      folder / "ask.bash",
-      "source completion.bash\nCOMP_WORDS=(vanzet sh); COMP_CWORD=1; _vanzet; echo \"${COMPREPLY[*]}\"\n"
-      "COMP_WORDS=(vanzet vdm ''); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n"
-      "COMP_WORDS=(vanzet show --s); COMP_CWORD=2; _vanzet; echo \"${COMPREPLY[*]}\"\n"
-      "COMP_WORDS=(vanzet vdm check --j); COMP_CWORD=3; _vanzet; echo \"${COMPREPLY[*]}\"\n");
-  const Outcome asked = Vanzet("--version", "bash ask.bash &&");
-  EXPECT_THAT(asked.out, HasSubstr("show\nsave load check --help\n--spur\n--json\n")) << asked.err;
+  const std::vector<std::pair<std::string, std::string>> lines = {
+      {"vanzet sh", "show"},
+      {"vanzet vdm ''", "save load check --help"},
+      {"vanzet show --s", "--spur"},
+      {"vanzet vdm check --j", "--json"},
+      {"vanzet completion ''", "bash zsh fish --help"},
+      {"vanzet export lathe --format s", "stl step"},
+      {"vanzet contour offset x.txt 1 --method k", "kurve kurveex"},
+      {"vanzet export lathe --out com", "completion.bash"},
+      {"vanzet help -", "--help"},
+  };
+  std::string script = "source completion.bash\n", expected;
+  for (const auto& [line, words] : lines) {
+    script +=
+        "COMP_WORDS=(" + line + "); COMP_CWORD=$((${#COMP_WORDS[@]}-1)); _vanzet; echo \"${COMPREPLY[*]}\"\n";
+    expected += words + "\n";
+  }
+  WriteBytes(folder / "ask.bash", script);
+  EXPECT_THAT(Vanzet("--version", "bash ask.bash &&").out, testing::StartsWith(expected));
   EXPECT_THAT(Vanzet("completion zsh").out, HasSubstr("#compdef vanzet\n"));
+  EXPECT_THAT(Vanzet("completion fish").out,
+              HasSubstr("    case 'export* --format '\n      string split -n ' ' -- 'wrl stl step gltf'\n"));
 }
 
 TEST_F(Help, IsWhatTheManualHolds) {

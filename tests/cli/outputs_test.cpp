@@ -58,9 +58,10 @@ TEST_F(Outputs, ReplaceNoSettingsByAPicture) {
 }
 
 TEST_F(Outputs, ReplaceNoContourByItsPictureOrDrawing) {
-  WriteBytes(folder / "slot.txt", ReadBytes(VANZET_SOURCE_DIR "/examples/contours/slot.txt"));
-  ExpectKept("contour info slot.txt --svg slot.txt", "slot.txt");
-  ExpectKept("contour offset slot.txt 1 --dxf ./slot.txt", "slot.txt");
+  WriteBytes(folder / "slot.svg", ReadBytes(VANZET_SOURCE_DIR "/examples/contours/slot.txt"));
+  WriteBytes(folder / "slot.dxf", "0\nEOF\n");
+  ExpectKept("contour info slot.svg --svg slot.svg", "slot.svg");
+  ExpectKept("contour offset slot.dxf 1 --dxf ./slot.dxf", "slot.dxf");
 }
 
 TEST_F(Outputs, ReplaceNoModelByADevice) {

@@ -83,7 +83,7 @@ void AddOperation(Command& contour, const Row& row, Context& context) {
   command.notes = kNotes;
   command.examples = {row.example};
   command.check = [=, &row] {
-    SplitContourWords(*arguments, row.files, row.numbers);
+    SplitContourWords(*arguments, row.operands, row.files, row.numbers);
     CheckContourArguments(*arguments);
   };
   command.work = [=, &row]() -> Result<void> {

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <iterator>
 #include <map>
+#include <sstream>
 
 #include "base/letter_case.h"
+#include "base/numbers.h"
 #include "base/quote.h"
 #include "cli/arguments.h"
 #include "geometry/numerics.h"
@@ -211,16 +214,34 @@ void CheckContourArguments(const ContourArguments& arguments) {
   CheckEnding("--dxf", arguments.dxf, ".dxf");
 }
 
-void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers) {
-  const auto firstNumber = arguments.words.end() - static_cast<std::ptrdiff_t>(numbers);
-  arguments.files.assign(arguments.words.begin(), firstNumber);
+namespace {
+
+/// The names of the numbers among the operands: "X" and "Y" of "[FILE] X Y".
+std::vector<std::string> NamesOf(const std::string& operands, std::size_t numbers) {
+  std::istringstream words(operands);
+  std::vector<std::string> names{std::istream_iterator<std::string>(words), {}};
+  names.erase(names.begin(), names.end() - static_cast<std::ptrdiff_t>(numbers));
+  return names;
+}
+
+}  // namespace
+
+void SplitContourWords(ContourArguments& arguments, const std::string& operands, std::size_t files,
+                       std::size_t numbers) {
+  const auto& words = arguments.words;
+  const std::vector<std::string> names = NamesOf(operands, numbers);
+  if (files > 0 && numbers > 0 && words.size() == numbers && !WholeReal(words.front())) {
+    throw WrongUsage{"", names.back() + " is missing"};
+  }
+  const auto firstNumber = words.end() - static_cast<std::ptrdiff_t>(numbers);
+  arguments.files.assign(words.begin(), firstNumber);
   if (arguments.files.empty() && files > 0) arguments.files.emplace_back("-");
   if (std::ranges::count(arguments.files, "-") > 1) {
     throw WrongUsage{"FILE", "standard input can be read only once"};
   }
-  for (auto word = firstNumber; word != arguments.words.end(); ++word) {
-    arguments.numbers.push_back(
-        RealOf("coordinate", *word, -contour::kLargestCoordinate, contour::kLargestCoordinate));
+  for (std::size_t i = 0; i < numbers; ++i) {
+    arguments.numbers.push_back(RealOf(names[i], firstNumber[static_cast<std::ptrdiff_t>(i)],
+                                       -contour::kLargestCoordinate, contour::kLargestCoordinate));
   }
 }
 

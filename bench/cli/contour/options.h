@@ -94,7 +94,8 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
 void CheckContourArguments(const ContourArguments& arguments);
 
 /// Splits the words into files, at most `files`, and exactly `numbers` numbers after them.
-/// Throws `WrongUsage`.
-void SplitContourWords(ContourArguments& arguments, std::size_t files, std::size_t numbers);
+/// `operands` names all of them. Throws `WrongUsage`.
+void SplitContourWords(ContourArguments& arguments, const std::string& operands, std::size_t files,
+                       std::size_t numbers);
 
 }  // namespace vanzet::cli
