@@ -48,11 +48,14 @@ function(vanzet_library folder)
 endfunction()
 
 # What tests are compiled with, of which there are many: little optimisation, none under the sanitizers, and undefined
-# behaviour is looked for in what they test, not in the tests themselves.
+# behaviour is looked for in what they test, not in the tests themselves. Of options that disagree the last one counts,
+# and those of a target precede those of what it links.
 add_library(vanzet_test_options INTERFACE)
 target_link_libraries(vanzet_test_options INTERFACE vanzet_options)
 if(VANZET_SANITIZE)
-  target_compile_options(vanzet_test_options INTERFACE -O0 -fno-sanitize=undefined)
+  add_library(vanzet_last_test_options INTERFACE)
+  target_compile_options(vanzet_last_test_options INTERFACE -O0 -fno-sanitize=undefined)
+  target_link_libraries(vanzet_test_options INTERFACE vanzet_last_test_options)
 else()
   target_compile_options(vanzet_test_options INTERFACE -O1)
 endif()
