@@ -24,7 +24,23 @@ fs::path WithoutTrailingSlash(const fs::path& folder) {
   return folder.has_filename() ? folder : folder.parent_path();
 }
 
-/// Removes what killed processes left of the projects that they were making here.
+/// The folder that a process makes first in a new project, and removes last: that of a run.
+fs::path MarkOf(const fs::path& project, const std::string& process) {
+  return project / "tmp" / process;
+}
+
+/// True when the folder has no file, at any depth.
+bool HoldsNoFile(const fs::path& folder) {
+  std::error_code error;
+  for (fs::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!fs::is_directory(entry->symlink_status(error))) return false;
+  }
+  return !error;
+}
+
+/// Removes what killed processes left of the projects that they were making here. What has such a name and is
+/// not theirs stays.
 void RemoveLeftovers(const fs::path& place) {
   const std::string prefix = place.filename().string() + ".new-";
   std::error_code error;
@@ -33,8 +49,11 @@ void RemoveLeftovers(const fs::path& place) {
     const std::string name = entry->path().filename().string();
     const auto process = name.starts_with(prefix) ? WholeInteger(name.substr(prefix.size())) : std::nullopt;
     const bool isDead = process && *process > 0 && kill(*process, 0) != 0 && errno == ESRCH;
+    if (!isDead || !fs::is_directory(entry->symlink_status(error))) continue;
+    const fs::path& left = entry->path();
     std::error_code ignored;
-    if (isDead) fs::remove_all(entry->path(), ignored);
+    const bool isMarked = fs::is_directory(MarkOf(left, std::to_string(*process)), ignored);
+    if (isMarked || HoldsNoFile(left)) fs::remove_all(left, ignored);
   }
 }
 
@@ -81,15 +100,18 @@ Result<void> MakeProject(const fs::path& folder, const std::string& sample, cons
   // Created next to the place and renamed: a killed process leaves no half project under the name.
   const fs::path place = WithoutTrailingSlash(folder);
   RemoveLeftovers(place);
-  const fs::path temporary = place.string() + ".new-" + std::to_string(getpid());
+  const std::string process = std::to_string(getpid());
+  const fs::path temporary = place.string() + ".new-" + process;
   VANZET_DO(MakeNewFolder(temporary));
-  fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);
+  fs::create_directories(MarkOf(temporary, process), error);
+  if (!error) fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);
   for (const char* const name : kFolders) {
     if (!error) fs::create_directories(temporary / name, error);
   }
   if (!error) fs::rename(temporary, place, error);
-  if (!error) return {};
   std::error_code ignored;
+  // A run that finds the mark, because this one was killed, removes it as that of a dead one.
+  if (!error) return fs::remove(MarkOf(place, process), ignored), Result<void>();
   fs::remove_all(temporary, ignored);
   return files::SystemFault("cannot be created", error, folder);
 }

@@ -63,13 +63,29 @@ TEST(MakeProject, RemovesWhatAKilledProcessLeftAndNothingElse) {
   if (dead == 0) _exit(0);
   waitpid(dead, nullptr, 0);
   const auto left = folder / ("lathe.new-" + std::to_string(dead));
+  const auto begun = folder / ("lathe.new-0" + std::to_string(dead));
   const auto busy = folder / ("lathe.new-" + std::to_string(getppid()));
   const auto mine = folder / "lathe.new-year";
   for (const auto& other : {left, busy, mine}) test::WriteBytes(other / "file", "text");
+  std::filesystem::create_directories(left / "tmp" / std::to_string(dead));
+  std::filesystem::create_directories(begun / "tmp");
   ASSERT_TRUE(MakeProject(folder / "lathe", "mill-turn", kShare));
   EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_FALSE(std::filesystem::exists(begun)) << "it was killed before it made a file";
   EXPECT_TRUE(std::filesystem::exists(busy / "file"));
   EXPECT_TRUE(std::filesystem::exists(mine / "file"));
+}
+
+TEST(MakeProject, LeavesAFolderOfAPersonThatIsNamedLikeThoseOfKilledProcesses) {
+  const test::TemporaryFolder folder;
+  const pid_t dead = fork();
+  if (dead == 0) _exit(0);
+  waitpid(dead, nullptr, 0);
+  const auto mine = folder / ("lathe.new-" + std::to_string(dead));
+  test::WriteBytes(mine / "plan.txt", "text");
+  ASSERT_TRUE(MakeProject(folder / "lathe", "mill-turn", kShare));
+  EXPECT_TRUE(std::filesystem::exists(mine / "plan.txt"));
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "lathe/tmp")) << "a new project has no run";
 }
 
 TEST(MakeProject, RefusesANameThatWouldBeTakenApart) {
