@@ -18,6 +18,9 @@ constexpr std::int64_t kProjectByte = std::int64_t{1} << 32;
 
 constexpr std::chrono::milliseconds kStep{5};
 
+/// How often a lock is asked for that the system could not grant or refuse at the moment.
+constexpr int kAttempts = 20;
+
 /// The byte of the lock file that represents a VDM.
 std::int64_t ByteOf(Number number) {
   return static_cast<std::int64_t>(number);
@@ -30,6 +33,11 @@ struct flock RangeOf(std::int64_t byte, short type) {
   range.l_start = static_cast<off_t>(byte);
   range.l_len = 1;
   return range;
+}
+
+/// True when the next attempt may succeed: a signal came in between, or a server of files had no lock to spare.
+bool MayPass(int error) {
+  return error == EINTR || error == ENOLCK;
 }
 
 bool IsBusy(int error) {
@@ -70,7 +78,7 @@ Result<VdmLocks::Held> VdmLocks::AcquireProject(std::chrono::milliseconds longes
   VANZET_DO(OpenForLocking());
   const auto end = std::chrono::steady_clock::now() + longestWait;
   while (!Lock(kProjectByte)) {
-    if (!IsBusy(errno) && errno != EINTR) return FaultOf(errno);
+    if (!IsBusy(errno)) return FaultOf(errno);
     if (std::chrono::steady_clock::now() >= end) {
       return Fault{.text = "another process is changing the project",
                    .file = file_.parent_path().string(),
@@ -102,7 +110,11 @@ Result<void> VdmLocks::OpenForLocking() {
 
 bool VdmLocks::Lock(std::int64_t byte) const {
   struct flock range = RangeOf(byte, F_WRLCK);
-  return fcntl(descriptor_, F_OFD_SETLK, &range) == 0;
+  for (int attempt = 1; fcntl(descriptor_, F_OFD_SETLK, &range) != 0; ++attempt) {
+    if (attempt == kAttempts || !MayPass(errno)) return false;
+    std::this_thread::sleep_for(kStep);
+  }
+  return true;
 }
 
 void VdmLocks::Release(std::int64_t byte) {

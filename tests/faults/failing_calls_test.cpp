@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "faults/sweep.h"
 
 namespace vanzet::faults {
@@ -46,6 +48,17 @@ TEST_P(FailingCalls, SignalsLeaveTheOldStateOrTheNewOne) {
     for (const long number : Draw(work.counts.at("file"), random)) {
       Try(work, place, "file " + std::to_string(number) + " " + signal);
     }
+  }
+}
+
+TEST(FailingLocks, AreAskedForAgainOrAreOneLine) {
+  const auto upgrade = std::ranges::find(Commands(), "Upgrade", &Command::name);
+  const Case work(*upgrade);
+  const Workplace place;
+  for (long number = 1; number <= work.counts.at("lock"); ++number) {
+    place.CopyFrom(work.before);
+    const Outcome run = place.Vanzet(work.command.words, "lock " + std::to_string(number) + " ENOLCK");
+    EXPECT_EQ(std::ranges::count(run.err, '\n'), run.status == 0 ? 0 : 1) << number << ": " << run.err;
   }
 }
 
