@@ -3,13 +3,12 @@
 #include <utility>
 
 #include "modeller/body_folder.h"
+#include "project/catalogue.h"
 
 namespace vanzet::api {
 namespace {
 
 Host* currentHost = nullptr;
-
-constexpr std::string_view kCatalogueSetting = "CLAMP_DB_PATH";
 
 /// Adds the name of a line to a fault. Its column counts in `source`, unless it has a place in another file.
 Result<void> WithLine(const Result<void>& run, const std::string& line, std::string_view source) {
@@ -66,7 +65,7 @@ Result<std::int32_t> Host::FindBody(std::string_view name) {
 }
 
 Result<std::string> Host::Setting(std::string_view key) {
-  if (!catalogue.empty() && key == kCatalogueSetting) return catalogue.string();
+  if (!catalogue.empty() && key == project::kCatalogueSetting) return catalogue.string();
   if (const auto changed = dryRun ? dryRun->Setting(key) : std::nullopt) return *changed;
   return settings_.Value(key);
 }
@@ -74,18 +73,16 @@ Result<std::string> Host::Setting(std::string_view key) {
 Result<void> Host::SetSetting(std::string_view key, std::string_view value) {
   if (!dryRun) return settings_.Set(key, value);
   dryRun->SetSetting(key, value, project.folder() / "bench.ini");
-  if (key != kCatalogueSetting) return {};
+  if (key != project::kCatalogueSetting) return {};
   VANZET_TRY(catalogue, dryRun->CopyCatalogue(project.paths().Resolve(value)));
   return {};
 }
 
 Result<void> Host::BeginDryRun() {
-  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
   VANZET_TRY(const auto folder, runFolder.Path());
-  VANZET_TRY(const auto setting, Setting(kCatalogueSetting));
-  const std::string path = setting.size() < kShortestPath ? Environment("clampmdb") : setting;
+  VANZET_TRY(const auto setting, Setting(project::kCatalogueSetting));
   dryRun.emplace(folder);
-  VANZET_TRY(catalogue, dryRun->CopyCatalogue(project.paths().Resolve(path)));
+  VANZET_TRY(catalogue, dryRun->CopyCatalogue(project::CatalogueFile(project, setting)));
   return {};
 }
 

@@ -12,6 +12,7 @@
 #include "cli/progress_line.h"
 #include "define/catalogue.h"
 #include "process/last_words.h"
+#include "project/catalogue.h"
 #include "project/definition.h"
 #include "project/text_file.h"
 #include "vdm/vdm_file.h"
@@ -24,10 +25,8 @@ bool HasFact(const project::Project& project, const char* fact) {
 }
 
 Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& project, api::Host& host) {
-  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
-  VANZET_TRY(const auto setting, host.Setting("CLAMP_DB_PATH"));
-  const std::string path = setting.size() < kShortestPath ? host.Environment("clampmdb") : setting;
-  const auto text = files::ReadWholeFile(project.paths().Resolve(path));
+  VANZET_TRY(const auto setting, host.Setting(project::kCatalogueSetting));
+  const auto text = files::ReadWholeFile(project::CatalogueFile(project, setting));
   // A catalogue that does not exist has no devices, as in the dialog.
   if (!text && text.fault().kind != FaultKind::kMissing) return text.fault();
   std::istringstream catalogue(text ? *text : std::string());

@@ -7,6 +7,8 @@
 #include <cerrno>
 
 #include "base/files/system_fault.h"
+#include "project/catalogue.h"
+#include "vdm/sqlite_engine.h"
 
 namespace vanzet::cli {
 namespace {
@@ -20,19 +22,23 @@ Fault CannotBeWritten(const fs::path& file, int error) {
 }
 
 /// The files with fixed names that commands read in a project.
-constexpr const char* kProjectFiles[] = {"bench.ini",   "machine.ini", "clampdevice.cld",
-                                         "drawing.txt", "store.db",    "store.lock"};
+constexpr const char* kProjectFiles[] = {
+    "bench.ini", "machine.ini", "clampdevice.cld", "drawing.txt", vdm::SqliteEngine::kStoreFile,
+    "store.lock"};
 
 /// The folders of a project all of whose files are inputs.
 constexpr const char* kProjectFolders[] = {"bodies", "figures"};
 
 /// True when both names lead to the same file. Pipes and devices have no content to lose.
-bool IsSameFile(const fs::path& output, const fs::path& input) {
-  if (output.empty() || input.empty()) return false;
+bool IsSameFile(const fs::path& output, const fs::path& other) {
+  if (output.empty() || other.empty()) return false;
   std::error_code unknown;
   const fs::file_status status = fs::status(output, unknown);
-  if (fs::is_regular_file(status)) return fs::equivalent(output, input, unknown);
-  return !fs::exists(status) && fs::weakly_canonical(output, unknown) == fs::weakly_canonical(input, unknown);
+  if (fs::is_regular_file(status)) return fs::equivalent(output, other, unknown);
+  const auto nameOf = [&](const fs::path& file) {
+    return fs::weakly_canonical(fs::absolute(file, unknown), unknown);
+  };
+  return !fs::exists(status) && nameOf(output) == nameOf(other);
 }
 
 }  // namespace
@@ -44,16 +50,19 @@ Result<void> CheckIsNoInput(const fs::path& output, const std::vector<fs::path>&
   return Fault{"cannot be written: this command reads the file", output.string()};
 }
 
+Result<void> CheckAreTwoFiles(const fs::path& output, const fs::path& other) {
+  if (!IsSameFile(output, other)) return {};
+  return Fault{"cannot be written: another option of this command names the file", output.string()};
+}
+
 std::vector<fs::path> InputsOf(const project::Project& project) {
   std::vector<fs::path> inputs;
   for (const char* const name : kProjectFiles) inputs.push_back(project.folder() / name);
-  for (const char* const key : {"ppdefini", "clampmdb"}) {
-    inputs.push_back(project.folder() / project.paths().Resolve(project.Environment(key)));
-  }
-  const auto setting = project.settings().project.find("CLAMP_DB_PATH");
-  if (setting != project.settings().project.end()) {
-    inputs.push_back(project.paths().Resolve(setting->second.value));
-  }
+  inputs.push_back(project.folder() / project.paths().Resolve(project.Environment("ppdefini")));
+  const auto& settings = project.settings().project;
+  const auto catalogue = settings.find(project::kCatalogueSetting);
+  inputs.push_back(
+      project::CatalogueFile(project, catalogue == settings.end() ? "" : catalogue->second.value));
   for (const char* const name : kProjectFolders) {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(project.folder() / name, error)) {

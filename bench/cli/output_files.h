@@ -19,6 +19,9 @@ Result<void> CheckOutputFile(const std::filesystem::path& file);
 Result<void> CheckIsNoInput(const std::filesystem::path& output,
                             const std::vector<std::filesystem::path>& inputs);
 
+/// Fails when two outputs of a command are the same file, so that one would overwrite the other.
+Result<void> CheckAreTwoFiles(const std::filesystem::path& output, const std::filesystem::path& other);
+
 /// The files of a project that commands read: its settings, machine, catalogue, drawing and store, and what
 /// is in the folders of bodies and figures.
 std::vector<std::filesystem::path> InputsOf(const project::Project& project);

@@ -8,6 +8,7 @@
 #include "base/quote.h"
 #include "project/machine_ini.h"
 #include "project/text_file.h"
+#include "vdm/sqlite_engine.h"
 #include "vdm/store.h"
 
 namespace vanzet::project {
@@ -16,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The files that mark a folder as a project.
-constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", "store.db"};
+constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", vdm::SqliteEngine::kStoreFile};
 
 constexpr const char* kMessages = "messages";  // in [language]
 

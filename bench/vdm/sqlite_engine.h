@@ -18,6 +18,9 @@ class SqliteEngine : public StoreEngine {
  public:
   using Options = SqliteConnection::Options;
 
+  /// The name of the file in a project.
+  static constexpr const char* kStoreFile = "store.db";
+
   explicit SqliteEngine(std::filesystem::path file) : SqliteEngine(std::move(file), Options()) {}
   SqliteEngine(std::filesystem::path file, const Options& options)
       : file_(std::move(file)), options_(options) {}

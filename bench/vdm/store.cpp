@@ -26,8 +26,9 @@ std::optional<std::uint64_t> ChecksumOfFile(const std::filesystem::path& file) {
 }  // namespace
 
 VdmStore::VdmStore(const std::filesystem::path& folder)
-    : VdmStore(std::make_unique<SqliteEngine>(folder / "store.db"), folder / "store.lock") {
-  ownFiles_ = {folder / "store.db", folder / "store.db-journal", folder / "store.lock"};
+    : VdmStore(std::make_unique<SqliteEngine>(folder / SqliteEngine::kStoreFile), folder / "store.lock") {
+  const std::string journal = SqliteEngine::kStoreFile + std::string("-journal");
+  ownFiles_ = {folder / SqliteEngine::kStoreFile, folder / journal, folder / "store.lock"};
 }
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
@@ -99,7 +100,7 @@ Result<void> VdmStore::FinishFormerCommit() {
   // The store may come from elsewhere, and must not name a file outside of its project.
   if (std::filesystem::path(file->name).filename() != file->name || file->name == "..") {
     return Fault{.text = "is damaged: it holds a file of another folder",
-                 .file = (folder_ / "store.db").string(),
+                 .file = (folder_ / SqliteEngine::kStoreFile).string(),
                  .kind = FaultKind::kDamaged};
   }
   const auto target = folder_ / file->name;

@@ -2,6 +2,7 @@
 
 #include "api/module.h"
 #include "results/equipment.h"
+#include "vdm/sqlite_engine.h"
 
 namespace vanzet::window {
 namespace {
@@ -9,8 +10,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The files and folders whose times and sizes show that the project was changed.
-constexpr const char* kWatchedFiles[] = {"bench.ini",   "machine.ini", "clampdevice.cld", "store.db",
-                                         "drawing.txt", "bodies",      "figures"};
+constexpr const char* kWatchedFiles[] = {
+    "bench.ini",   "machine.ini", "clampdevice.cld", vdm::SqliteEngine::kStoreFile,
+    "drawing.txt", "bodies",      "figures"};
 
 /// A person who works in the window does not wait longer for another process.
 constexpr std::chrono::seconds kLongestWait{2};
