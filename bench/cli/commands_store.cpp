@@ -11,10 +11,12 @@
 #include "cli/output.h"
 #include "define/catalogue.h"
 #include "drawing/board.h"
+#include "project/catalogue.h"
 #include "project/litter.h"
 #include "project/project.h"
 #include "project/run_folder.h"
 #include "project/settings_file.h"
+#include "vdm/sqlite_engine.h"
 #include "vdm/store_care.h"
 
 /// The commands that look after what a project has stored.
@@ -23,7 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kStore = "store.db";
+constexpr const char* kStore = vdm::SqliteEngine::kStoreFile;
 
 /// One thing that is wrong, in one file of the project.
 struct Finding {
@@ -38,19 +40,26 @@ void AddFault(Findings& findings, const Fault& fault, const fs::path& project) {
   findings.push_back({file.empty() ? fault.file : file.string(), line + fault.text});
 }
 
-void CheckDrawing(const project::Project& project, Findings& findings) {
+/// A failure that is not of the file: it says nothing about its content.
+bool IsOfSystem(const Fault& fault) {
+  return fault.kind == FaultKind::kSystem;
+}
+
+Result<void> CheckDrawing(const project::Project& project, Findings& findings) {
   drawing::Board board(project.folder());
-  if (const auto loaded = board.Load(); !loaded) AddFault(findings, loaded.fault(), project.folder());
+  const auto loaded = board.Load();
+  if (!loaded && IsOfSystem(loaded.fault())) return loaded;
+  if (!loaded) AddFault(findings, loaded.fault(), project.folder());
+  return {};
 }
 
 /// The catalogue that the project uses; a missing one is not a finding.
 Result<void> CheckCatalogue(const project::Project& project, Findings& findings) {
-  VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value("CLAMP_DB_PATH"));
-  constexpr std::size_t kShortestPath = 3;  // a shorter setting does not name a file
-  const std::string path = setting.size() < kShortestPath ? project.Environment("clampmdb") : setting;
-  const fs::path file = project.paths().Resolve(path);
+  VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value(project::kCatalogueSetting));
+  const fs::path file = project::CatalogueFile(project, setting);
   const auto text = files::ReadWholeFile(file);
   if (!text && text.fault().kind == FaultKind::kMissing) return {};
+  if (!text && IsOfSystem(text.fault())) return text.fault();
   if (!text) return AddFault(findings, text.fault(), project.folder()), Result<void>();
   std::istringstream lines(*text);
   const auto odd = define::FirstOddLine(lines);
@@ -63,7 +72,7 @@ Result<Findings> FindingsOf(const project::Project& project) {
   Findings findings;
   VANZET_TRY(const auto store, vdm::CheckStore(project.folder() / kStore));
   for (const std::string& text : store) findings.push_back({kStore, text});
-  CheckDrawing(project, findings);
+  VANZET_DO(CheckDrawing(project, findings));
   VANZET_DO(CheckCatalogue(project, findings));
   for (const fs::path& folder : project::DeadRunFolders(project.folder())) {
     findings.push_back(
@@ -102,7 +111,9 @@ Result<void> Repair(const std::string& folder, const Context& context) {
   vdm::VdmStore store(project.folder());
   store.WaitAtMost(context.wait);
   VANZET_DO(store.Hold());
-  VANZET_TRY(const auto repair, vdm::RepairStore(project.folder() / kStore));
+  project::RunFolder run(project.folder());
+  VANZET_TRY(const auto scratch, run.Path());
+  VANZET_TRY(const auto repair, vdm::RepairStore(project.folder() / kStore, scratch));
   if (repair.aside.empty()) return Print("the store is sound; nothing was changed\n");
   std::string lines;
   for (const std::string& text : repair.missing) lines += OneLine("missing: " + text) + "\n";

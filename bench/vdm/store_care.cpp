@@ -1,9 +1,11 @@
 #include "vdm/store_care.h"
 
 #include <map>
+#include <optional>
 #include <set>
 #include <system_error>
 
+#include "base/files/regular_file.h"
 #include "base/files/system_fault.h"
 #include "vdm/sqlite_engine.h"
 #include "vdm/store_schema.h"
@@ -26,16 +28,21 @@ constexpr Orphans kOrphans[] = {
     {"SELECT count(*) - count(DISTINCT record) FROM place", " records are at two places"},
 };
 
+/// More than any store has.
+constexpr std::uintmax_t kLargestStore = std::uintmax_t{1} << 40U;
+
 /// The content of a store as far as it can be read, and the faults of the rest.
 class Reader {
  public:
-  /// The faults of opening: those of a file that is not a database are findings, too.
+  /// The faults of opening: those of a file that is not a database are findings, too. What the system kept
+  /// from being read is a fault, so that nobody takes it for damaged.
   Result<void> Read(const fs::path& file) {
     std::error_code unknown;
     if (!fs::exists(file, unknown)) return {};
     const auto done = OpenAndReadAll(file);
-    if (done || done.fault().kind != FaultKind::kDamaged) return done;
-    Note(done.fault());
+    if (!done && done.fault().kind != FaultKind::kDamaged) return done;
+    Note(done);
+    if (unreadable_) return *unreadable_;
     return {};
   }
 
@@ -49,23 +56,36 @@ class Reader {
     VANZET_TRY(const auto reading, SqliteTransaction::Begin(*connection_, SqliteTransaction::Kind::kRead));
     VANZET_TRY(const auto schema, SchemaOf(*connection_));
     if (schema == 0) return {};
-    CheckStructure();
+    CheckStructure(file);
     const StoreQueries& queries = QueriesOf(schema);
     for (const std::int64_t number : NumbersIn(queries)) ReadVdm(number, queries);
     for (const Orphans& orphans : kOrphans) CountOrphans(orphans);
     return {};
   }
 
-  void Note(const Fault& fault) { findings.push_back(fault.text); }
+  void Note(const Fault& fault) {
+    const bool isOfSystem = fault.kind == FaultKind::kSystem || fault.kind == FaultKind::kBusy;
+    if (isOfSystem && !unreadable_) unreadable_ = fault;
+    findings.push_back(fault.text);
+  }
   void Note(const Result<void>& done) {
     if (!done) Note(done.fault());
   }
 
-  void CheckStructure() {
-    Note(connection_->Run("PRAGMA integrity_check(20)", {}, [this](const SqliteRow& row) -> Result<void> {
-      if (row.Bytes(0) != "ok") findings.emplace_back(row.Bytes(0));
+  /// A page that the system could not read once is a finding of one check, and not of the next.
+  void CheckStructure(const fs::path& file) {
+    if (StructureFindings().empty()) return;
+    if (const auto bytes = files::ReadWholeFile(file, kLargestStore); !bytes) Note(bytes.fault());
+    for (std::string& finding : StructureFindings()) findings.push_back(std::move(finding));
+  }
+
+  StoreFindings StructureFindings() {
+    StoreFindings found;
+    Note(connection_->Run("PRAGMA integrity_check(20)", {}, [&](const SqliteRow& row) -> Result<void> {
+      if (row.Bytes(0) != "ok") found.emplace_back(row.Bytes(0));
       return {};
     }));
+    return found;
   }
 
   std::vector<std::int64_t> NumbersIn(const StoreQueries& queries) {
@@ -115,6 +135,7 @@ class Reader {
   }
 
   std::shared_ptr<SqliteConnection> connection_;
+  std::optional<Fault> unreadable_;  ///< the first fault of the system
 };
 
 /// A name beside the file that does not exist.
@@ -157,19 +178,15 @@ Result<StoreFindings> CheckStore(const fs::path& file) {
   return reader.findings;
 }
 
-Result<StoreRepair> RepairStore(const fs::path& file) {
+Result<StoreRepair> RepairStore(const fs::path& file, const fs::path& scratch) {
   Reader reader;
   VANZET_DO(reader.Read(file));
   if (reader.findings.empty()) return StoreRepair();
   const StoreRepair repair{FreeName(file, ".damaged"), reader.content.size(), reader.records,
                            reader.findings};
-  const fs::path repaired = FreeName(file, ".repaired");
+  const fs::path repaired = scratch / SqliteEngine::kStoreFile;
   VANZET_DO(WriteStore(repaired, reader.content));
-  if (const auto exchanged = Exchange(file, repair.aside, repaired); !exchanged) {
-    std::error_code ignored;
-    fs::remove(repaired, ignored);
-    return exchanged.fault();
-  }
+  VANZET_DO(Exchange(file, repair.aside, repaired));
   return repair;
 }
 

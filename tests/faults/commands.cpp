@@ -37,6 +37,8 @@ const std::vector<Command>& Commands() {
       {"CommandSave",      kDefined, {"command", "lathe", "vdm save 'saved.vdm' i_ret i_billet_vdm"}},
       {"CommandLoad",      {kNew, kUpgrade, kSaveOther, kDefineOld},
                            {"command", "lathe", "vdm load 'saved.vdm' i_ret i_billet_vdm"}},
+      {"StoreCheck",       kDefined, {"store", "check", "lathe"}},
+      {"StoreRepair",      kDefined, {"store", "repair", "lathe"}, true, false, true},
       {"StoreBackup",      kDefined, {"store", "backup", "lathe", "monday.db"}},
       {"PictureSvg",       kDefined, {"picture", "lathe", "--out", "drawing.svg"}},
       {"PicturePng",       kDefined, {"picture", "lathe", "--view", "equipment", "--width", "80", "--height", "60",

@@ -13,8 +13,9 @@ struct Command {
   std::string name;
   std::vector<Words> before;  ///< runs that make what it works on
   Words words;
-  bool repeats = true;  ///< it works again on what it has left
-  bool meshes = false;  ///< it has Open CASCADE make meshes in this process
+  bool repeats = true;   ///< it works again on what it has left
+  bool meshes = false;   ///< it has Open CASCADE make meshes in this process
+  bool damaged = false;  ///< the store that it works on has a damaged record
 };
 
 inline void PrintTo(const Command& command, std::ostream* out) {

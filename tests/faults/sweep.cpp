@@ -50,12 +50,19 @@ bool IsBetweenTwoNames(const std::string& name) {
   return std::regex_search(name, std::regex("\\.new-[0-9A-Za-z]{6}$"));
 }
 
+/// The folder of a run that has ended, which the next one removes.
+bool IsOfDeadRun(const std::string& name) {
+  return std::regex_search(name, std::regex("/tmp/[0-9]+$"));
+}
+
 /// The names that neither the old nor the new content has.
 std::vector<std::string> LitterIn(const Content& content, const Case& work, bool wasKilled) {
   std::vector<std::string> litter;
   for (const auto& [name, text] : content) {
     const bool isExpected = work.old.contains(name) || work.wanted.contains(name);
-    if (!isExpected && !(wasKilled && IsBetweenTwoNames(name))) litter.push_back(name);
+    const bool isPassing =
+        (wasKilled && IsBetweenTwoNames(name)) || (!work.command.repeats && IsOfDeadRun(name));
+    if (!isExpected && !isPassing) litter.push_back(name);
   }
   return litter;
 }
@@ -124,6 +131,7 @@ Case::Case(const Command& ofCommand) : command(ofCommand) {
     const Outcome run = before.Vanzet(words);
     if (run.status != 0) throw std::runtime_error(command.name + ": " + run.err);
   }
+  if (command.damaged) before.DamageStore();
   old = ContentOf(before.work());
   const Workplace place;
   place.CopyFrom(before);
@@ -132,11 +140,20 @@ Case::Case(const Command& ofCommand) : command(ofCommand) {
   wanted = ContentOf(place.work());
   out = run.out;
   counts = CountsOf(run.report);
+  place.CopyFrom(before);
+  const auto begun = std::chrono::steady_clock::now();
+  place.Vanzet(command.words);
+  time = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begun);
 }
 
 long Points() {
   static const long points = Number("VANZET_FAULT_POINTS", 1);
   return points;
+}
+
+long Kills() {
+  static const long kills = Number("VANZET_FAULT_KILLS", 1);
+  return kills;
 }
 
 unsigned Seed() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <random>
 
 #include "faults/workplace.h"
@@ -16,10 +17,14 @@ struct Case {
   Content wanted;                      ///< what a run without a fault leaves
   std::string out;                     ///< what it prints
   std::map<std::string, long> counts;  ///< its calls by family; "file": of all but memory
+  std::chrono::microseconds time;      ///< that it takes
 };
 
 /// How often a sweep tries each kind of fault: VANZET_FAULT_POINTS, 1 without it.
 long Points();
+
+/// How often a command is killed at a random moment: VANZET_FAULT_KILLS, 1 without it.
+long Kills();
 
 /// Which calls a sweep tries, when there are more: VANZET_FAULT_SEED, 1 without it.
 unsigned Seed();

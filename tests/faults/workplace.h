@@ -32,6 +32,9 @@ class Workplace {
   /// Puts the forms, scripts and models there that the commands name.
   void PutGivenFiles() const;
 
+  /// Changes a text in the store of the project, so that it does not fit its checksum.
+  void DamageStore() const;
+
   /// Makes it a copy of another one.
   void CopyFrom(const Workplace& other) const;
 

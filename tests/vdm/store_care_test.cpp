@@ -40,6 +40,8 @@ class StoreCare : public testing::Test {
 
   test::TemporaryFolder folder;
   const std::filesystem::path file = folder / "store.db";
+  const test::TemporaryFolder scratchFolder;
+  const std::filesystem::path& scratch = scratchFolder.path();
 };
 
 TEST_F(StoreCare, FindsNothingInASoundStoreOrInNone) {
@@ -48,7 +50,7 @@ TEST_F(StoreCare, FindsNothingInASoundStoreOrInNone) {
   Write(1, {{"a"}, {"b", "c"}});
   Write(2, {});
   EXPECT_THAT(Get(CheckStore(file)), IsEmpty());
-  EXPECT_EQ(Get(RepairStore(file)).aside, "");
+  EXPECT_EQ(Get(RepairStore(file, scratch)).aside, "");
 }
 
 TEST_F(StoreCare, FindsEachKindOfDamage) {
@@ -86,11 +88,11 @@ TEST_F(StoreCare, FindsAFileThatIsCutOrIsNoDatabase) {
 TEST_F(StoreCare, RefusesTheStoreOfANewerVersionOrAnotherProgram) {
   Sql("CREATE TABLE mine(a)");
   EXPECT_THAT(Told(CheckStore(file)), HasSubstr("is a database of another program"));
-  EXPECT_THAT(Told(RepairStore(file)), HasSubstr("is a database of another program"));
+  EXPECT_THAT(Told(RepairStore(file, scratch)), HasSubstr("is a database of another program"));
   std::filesystem::remove(file);
   Write(1, {});
   Sql("PRAGMA user_version=99");
-  EXPECT_THAT(Told(RepairStore(file)), HasSubstr("belongs to a newer version"));
+  EXPECT_THAT(Told(RepairStore(file, scratch)), HasSubstr("belongs to a newer version"));
 }
 
 TEST_F(StoreCare, KeepsWhatCanBeReadAndSetsTheDamagedFileAside) {
@@ -98,7 +100,7 @@ TEST_F(StoreCare, KeepsWhatCanBeReadAndSetsTheDamagedFileAside) {
   Write(2, {{"whole"}});
   Sql("UPDATE record SET content=x'7a00' WHERE key=2");
   const std::string damaged = test::ReadBytes(file);
-  const StoreRepair repair = Get(RepairStore(file));
+  const StoreRepair repair = Get(RepairStore(file, scratch));
   EXPECT_EQ(repair.vdms, 2u);
   EXPECT_EQ(repair.records, 3u);
   EXPECT_THAT(repair.missing, ElementsAre(HasSubstr("record 2, of VDM 1")));
@@ -112,7 +114,7 @@ TEST_F(StoreCare, KeepsWhatCanBeReadAndSetsTheDamagedFileAside) {
 TEST_F(StoreCare, OverwritesNoFileThatWasSetAsideBefore) {
   test::WriteBytes(folder / "store.db.damaged", "older");
   test::WriteBytes(file, std::string(5000, 'x'));
-  EXPECT_EQ(Get(RepairStore(file)).aside, folder / "store.db.damaged-1");
+  EXPECT_EQ(Get(RepairStore(file, scratch)).aside, folder / "store.db.damaged-1");
   EXPECT_EQ(test::ReadBytes(folder / "store.db.damaged"), "older");
   SqliteEngine engine(file);
   EXPECT_THAT(Get(engine.Numbers()), IsEmpty());
