@@ -54,7 +54,7 @@ void ReadSomeFile(CDevice& catalogue, void* owner, const std::function<void()>& 
     const auto read = catalogue.ReadFile();
     if (read) return;
     if (!SearchesFile(catalogue, true, owner)) {
-      if (read.fault().kind != FaultKind::kMissing) platform::ReportFault(read.fault());
+      if (!catalogue.MayBeRead()) platform::ReportFault(read.fault());
       return;
     }
     onChosen();

@@ -77,6 +77,11 @@ Result<void> CDevice::ReadFile() {
   return {};
 }
 
+bool CDevice::MayBeRead() const {
+  const auto text = files::ReadWholeFile(platform::FileOf(path_));
+  return text || text.fault().kind == FaultKind::kMissing;
+}
+
 Result<void> CDevice::WriteFile() const {
   return files::ReplaceFile(platform::FileOf(path_), CatalogueText(lines_), files::Keep::kIdentity);
 }

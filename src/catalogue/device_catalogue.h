@@ -35,6 +35,9 @@ class CDevice {
   /// are no lines then.
   Result<void> ReadFile();
 
+  /// False for a file that exists and that the system keeps from being read.
+  bool MayBeRead() const;
+
   /// Makes the lines the content of the file. When it fails the old content stays.
   Result<void> WriteFile() const;
 

@@ -75,6 +75,14 @@ TEST_F(CatalogueSave, ToAReadOnlyFileFails) {
   EXPECT_EQ(Catalogue(), before);
 }
 
+TEST_F(CatalogueSave, IsNoMatterOfAScriptThatOnlyReads) {
+  fs::permissions(catalogue, fs::perms(0444));
+  const Outcome played = Play("select 19\n");
+  EXPECT_EQ(played.status, 0) << played.err;
+  EXPECT_EQ(played.err, "");
+  EXPECT_THAT(ReadBytes(folder / "run.jsonl"), HasSubstr("Could not find clampdevice file"));
+}
+
 TEST_F(CatalogueSave, OfADeletionThatCannotBeWrittenFails) {
   const std::string before = Catalogue();
   fs::permissions(catalogue, fs::perms(0444));
