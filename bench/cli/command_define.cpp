@@ -176,6 +176,7 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
 Result<void> Define(const Arguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& file = operands.words.front();
+  VANZET_DO(CheckAreTwoFiles(arguments.transcript, arguments.trace));
   for (const std::string& output : {arguments.trace, arguments.transcript}) {
     VANZET_DO(CheckIsNoInput(output, {file}));
   }

@@ -38,6 +38,18 @@ TEST_F(Outputs, OfADefinitionDoNotReplaceItsForm) {
   ExpectKept("define job.json lathe --transcript lathe/bench.ini", "lathe/bench.ini");
 }
 
+TEST_F(Outputs, OfOneRunAreTwoFiles) {
+  WriteBytes(folder / "s.txt", "close\n");
+  WriteBytes(folder / "job.json", R"({"spurs":[{"spur":0}]})");
+  for (const std::string command : {"script lathe s.txt", "define job.json lathe"}) {
+    const Outcome run = Vanzet(command + " --trace out.jsonl --transcript ./out.jsonl");
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_THAT(run.err, HasSubstr("out.jsonl: cannot be written: another option of this command"))
+        << command;
+  }
+  EXPECT_EQ(Vanzet("script lathe s.txt --trace /dev/null --transcript /dev/null").status, 0);
+}
+
 TEST_F(Outputs, ReplaceNoFileThatTheProjectReads) {
   WriteBytes(folder / "s.txt", "close\n");
   WriteBytes(folder / "lathe/bodies/part.stl", "solid part\nendsolid part\n");
