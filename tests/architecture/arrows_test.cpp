@@ -31,7 +31,7 @@ const std::map<std::string, Folders> kModule = {
     {"dialog",
      {"base", "platform", "host", "macro", "devices", "store", "simulation", "machine", "catalogue", "view"}},
     {"door", {"base", "platform", "host", "machine", "store", "simulation", "view", "dialog", "geometry"}},
-    {"geometry", {"base", "host"}},
+    {"geometry", {"base", "platform", "host"}},
 };
 
 /// The same of the workbench, which knows nothing of the module but its geometry and its tables of devices.

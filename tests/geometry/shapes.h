@@ -103,8 +103,8 @@ inline KurveEx DrawGear(int count, Random& random) {
   return k;
 }
 
-/// The half section of a turned part, open: shoulders, faces and fillets in steps of one or several tolerances
-/// or of millimetres.
+/// The half section of a turned part, open: shoulders, faces and fillets in steps of a few tolerances or of
+/// millimetres.
 inline KurveEx DrawTurned(int count, Random& random) {
   const double step = random.Below(4) == 0 ? 0.02 : 4;
   KurveEx k;

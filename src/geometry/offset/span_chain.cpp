@@ -3,11 +3,15 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/huge_pages.h"
+
 namespace geometry {
 
 void SpanChain::Reserve(std::size_t spans) {
   k_.spans.reserve(spans);
   boxes_.reserve(spans);
+  vanzet::platform::PreferHugePages(k_.spans.data(), k_.spans.capacity() * sizeof(Span));
+  vanzet::platform::PreferHugePages(boxes_.data(), boxes_.capacity() * sizeof(FlatBox));
 }
 
 void SpanChain::Add(const Span& target) {
