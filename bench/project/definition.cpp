@@ -29,7 +29,8 @@ Operation Damaged(Operation operation, std::string damage) {
   return operation;
 }
 
-Operation ReadOperation(const vdm::Record& record) {
+/// Reads a record of `size` items, of which `record` has the first.
+Operation ReadOperation(const vdm::Record& record, std::size_t size) {
   Operation operation;
   if (record.Size() == 0) return Damaged(operation, "the record has no header");
   Fields header(record[0]);
@@ -45,14 +46,22 @@ Operation ReadOperation(const vdm::Record& record) {
     const auto count = header.Next();
     if (!count) return Damaged(operation, "the header counts fewer sections than it says");
     auto& items = operation.sections.emplace_back();
-    for (std::int32_t i = 0; i < *count; ++i, ++item) {
-      if (item >= record.Size()) return Damaged(operation, "the header counts more items than there are");
-      items.push_back(record[item]);
-    }
+    operation.counts.push_back(static_cast<std::size_t>(std::max(0, *count)));
+    const std::size_t end = item + operation.counts.back();
+    for (; item < std::min(end, record.Size()); ++item) items.push_back(record[item]);
+    if (end > size) return Damaged(operation, "the header counts more items than there are");
+    item = end;
   }
   if (header.Next()) return Damaged(operation, "the header counts more sections than it says");
-  if (item < record.Size()) return Damaged(operation, "the header counts fewer items than there are");
+  if (item < size) return Damaged(operation, "the header counts fewer items than there are");
   return operation;
+}
+
+/// A version that does not fit counts as none, as the module reads it.
+std::int32_t VersionOf(const Definition& definition) {
+  const auto& head = definition.Items(0, 0);
+  const auto version = head.size() >= 2 ? IntegerPrefix(head[1]) : std::nullopt;
+  return version ? version->value : 0;
 }
 
 }  // namespace
@@ -77,15 +86,18 @@ Result<Definition> ReadDefinition(const vdm::Vdm& content) {
   Definition definition;
   for (std::size_t record = 0; record < content.Size(); ++record) {
     VANZET_TRY(const auto read, content.Read(record));
-    definition.operations.push_back(ReadOperation(*read));
+    definition.operations.push_back(ReadOperation(*read, read->Size()));
   }
-  if (!definition.operations.empty()) {
-    const auto& sections = definition.operations[0].sections;
-    const auto version =
-        !sections.empty() && sections[0].size() >= 2 ? IntegerPrefix(sections[0][1]) : std::nullopt;
-    // A version that does not fit counts as none, as the module reads it.
-    if (version) definition.version = version->value;
+  definition.version = VersionOf(definition);
+  return definition;
+}
+
+Definition ReadDefinition(const vdm::RecordHeads& heads) {
+  Definition definition;
+  for (const vdm::RecordHead& head : heads) {
+    definition.operations.push_back(ReadOperation(head.first, head.items));
   }
+  definition.version = VersionOf(definition);
   return definition;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "vdm/store_engine.h"
 #include "vdm/vdm.h"
 
 namespace vanzet::project {
@@ -15,6 +16,7 @@ struct Operation {
   std::int32_t kind = 0;
   bool flag = false;
   std::vector<std::vector<std::string>> sections;
+  std::vector<std::size_t> counts;  ///< the items of each section; `sections` can have fewer of a head
   /// The damage of the record, or the empty text; the other fields hold as much as could be read.
   std::string damage;
 
@@ -36,5 +38,8 @@ struct Definition {
 /// Reads the operations of a VDM. Fails only when the store cannot read a record: a record that is not an
 /// operation is reported as damage. The form of a header: docs/formats/definition.md.
 Result<Definition> ReadDefinition(const vdm::Vdm& content);
+
+/// The same from the heads of the records: the sections have the items that the heads have.
+Definition ReadDefinition(const vdm::RecordHeads& heads);
 
 }  // namespace vanzet::project

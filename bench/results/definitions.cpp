@@ -6,10 +6,16 @@
 namespace vanzet::results {
 namespace {
 
-Result<std::vector<SpurDefinition>> Read(std::vector<SpurDefinition> spurs, const vdm::VdmStore& store) {
+using Spurs = std::vector<SpurDefinition>;
+
+std::vector<vdm::Number> NumbersOf(const Spurs& spurs) {
   std::vector<vdm::Number> numbers;
   for (const SpurDefinition& spur : spurs) numbers.push_back(vdm::Number{spur.vdm});
-  VANZET_TRY(const auto contents, store.Snapshots(numbers));
+  return numbers;
+}
+
+Result<Spurs> Read(Spurs spurs, const vdm::VdmStore& store) {
+  VANZET_TRY(const auto contents, store.Snapshots(NumbersOf(spurs)));
   for (SpurDefinition& spur : spurs) {
     const auto content = contents.find(vdm::Number{spur.vdm});
     if (content == contents.end()) continue;
@@ -18,28 +24,44 @@ Result<std::vector<SpurDefinition>> Read(std::vector<SpurDefinition> spurs, cons
   return spurs;
 }
 
-}  // namespace
-
-Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project) {
-  return ReadDefinitions(project, vdm::VdmStore(project.folder()));
-}
-
-Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& project,
-                                                    const vdm::VdmStore& store) {
+Result<Spurs> SpursOf(const project::Project& project, std::optional<std::int32_t> only = {}) {
   VANZET_TRY(const auto count, project.SpindleSpurs());
-  std::vector<SpurDefinition> spurs;
-  for (std::int32_t index = 0; index < count; ++index) spurs.push_back({index, project.DefinitionOf(index)});
-  return Read(std::move(spurs), store);
-}
-
-Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur) {
-  VANZET_TRY(const auto count, project.SpindleSpurs());
-  if (spur >= count) {
-    return Fault{.text = "spur " + std::to_string(spur) + " does not exist; the machine has " +
+  if (only && *only >= count) {
+    return Fault{.text = "spur " + std::to_string(*only) + " does not exist; the machine has " +
                          std::to_string(count) + (count == 1 ? " spur" : " spurs") + ", counted from 0",
                  .kind = FaultKind::kMissing};
   }
-  VANZET_TRY(auto read, Read({{spur, project.DefinitionOf(spur)}}, vdm::VdmStore(project.folder())));
+  Spurs spurs;
+  for (std::int32_t index = 0; index < count; ++index) {
+    if (!only || *only == index) spurs.push_back({index, project.DefinitionOf(index)});
+  }
+  return spurs;
+}
+
+}  // namespace
+
+Result<Spurs> ReadDefinitions(const project::Project& project) {
+  return ReadDefinitions(project, vdm::VdmStore(project.folder()));
+}
+
+Result<Spurs> ReadDefinitions(const project::Project& project, const vdm::VdmStore& store) {
+  VANZET_TRY(auto spurs, SpursOf(project));
+  return Read(std::move(spurs), store);
+}
+
+Result<Spurs> ReadHeads(const project::Project& project, std::optional<std::int32_t> spur) {
+  VANZET_TRY(auto spurs, SpursOf(project, spur));
+  VANZET_TRY(const auto heads, vdm::VdmStore(project.folder()).Heads(NumbersOf(spurs)));
+  for (SpurDefinition& each : spurs) {
+    const auto head = heads.find(vdm::Number{each.vdm});
+    if (head != heads.end()) each.definition = project::ReadDefinition(head->second);
+  }
+  return spurs;
+}
+
+Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur) {
+  VANZET_TRY(auto spurs, SpursOf(project, spur));
+  VANZET_TRY(auto read, Read(std::move(spurs), vdm::VdmStore(project.folder())));
   return std::move(read.front());
 }
 

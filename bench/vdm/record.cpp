@@ -49,4 +49,15 @@ Result<Record> RecordFrom(std::string_view bytes, std::int64_t count) {
   return Record(std::move(items));
 }
 
+Result<RecordHead> RecordHeadFrom(std::string_view bytes, std::int64_t count) {
+  const std::size_t lastEnd = bytes.rfind('\0');
+  const std::string_view whole = bytes.substr(0, lastEnd == std::string_view::npos ? 0 : lastEnd + 1);
+  const auto closed = std::count(whole.begin(), whole.end(), '\0');
+  if (closed > count) {
+    return Damage("it holds " + std::to_string(closed) + " items or more, and not " + std::to_string(count));
+  }
+  VANZET_TRY(auto first, RecordFrom(whole, closed));
+  return RecordHead{std::move(first), static_cast<std::size_t>(count)};
+}
+
 }  // namespace vanzet::vdm

@@ -79,6 +79,19 @@ Result<std::map<Number, Vdm>> SqliteEngine::Read(const std::vector<Number>& numb
   return contents;
 }
 
+Result<std::map<Number, RecordHeads>> SqliteEngine::ReadHeads(const std::vector<Number>& numbers) {
+  VANZET_TRY(const auto reading, BeginReading());
+  std::map<Number, RecordHeads> heads;
+  if (!reading) return heads;
+  for (const Number number : numbers) {
+    VANZET_TRY(const auto found, connection_->Integer(QueriesOf(reading->schema).exists, {Bound(number)}));
+    if (found == 0) continue;
+    VANZET_TRY(auto read, HeadsOf(number, reading->schema));
+    heads.emplace(number, std::move(read));
+  }
+  return heads;
+}
+
 Result<void> SqliteEngine::Apply(const NewGeneration& next) {
   if (!HasContent(next)) {
     VANZET_TRY(const auto connected, Connect(IfMissing::kFail));
@@ -153,6 +166,16 @@ Result<std::optional<Vdm>> SqliteEngine::Stored(Number number, std::int64_t sche
   return std::optional<Vdm>(Vdm(keys, [connection = connection_, &queries, number](RecordKey key) {
     return LoadRecord(*connection, queries, number, key);
   }));
+}
+
+Result<RecordHeads> SqliteEngine::HeadsOf(Number number, std::int64_t schema) {
+  VANZET_TRY(const auto keys, KeysOf(number, schema));
+  RecordHeads heads;
+  for (const RecordKey key : keys) {
+    VANZET_TRY(auto head, LoadHead(*connection_, QueriesOf(schema), number, key));
+    heads.push_back(std::move(head));
+  }
+  return heads;
 }
 
 Result<std::vector<RecordKey>> SqliteEngine::KeysOf(Number number, std::int64_t schema) {

@@ -29,6 +29,7 @@ class SqliteEngine : public StoreEngine {
   Result<bool> Exists(Number number) override;
   Result<std::optional<Vdm>> Open(Number number) override;
   Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) override;
+  Result<std::map<Number, RecordHeads>> ReadHeads(const std::vector<Number>& numbers) override;
   Result<void> Apply(const NewGeneration& next) override;
   Result<std::optional<TextFile>> UnfinishedFile() override;
   Result<void> FinishFile() override;
@@ -50,6 +51,7 @@ class SqliteEngine : public StoreEngine {
   // These require a transaction, `Change` one for writing.
   Result<void> Change(Number number, const std::optional<Vdm>& content, CommitWriter& writer);
   Result<std::optional<Vdm>> Stored(Number number, std::int64_t schema);
+  Result<RecordHeads> HeadsOf(Number number, std::int64_t schema);
   Result<std::vector<RecordKey>> KeysOf(Number number, std::int64_t schema);
 
   std::filesystem::path file_;

@@ -23,6 +23,16 @@ std::optional<std::uint64_t> ChecksumOfFile(const std::filesystem::path& file) {
   return content ? std::optional(ChecksumOf(*content)) : std::nullopt;
 }
 
+/// The records of a VDM in memory are heads as they are.
+Result<RecordHeads> HeadsOf(const Vdm& content) {
+  RecordHeads heads;
+  for (std::size_t i = 0; i < content.Size(); ++i) {
+    VANZET_TRY(const auto record, content.Read(i));
+    heads.push_back({*record, record->Size()});
+  }
+  return heads;
+}
+
 }  // namespace
 
 VdmStore::VdmStore(const std::filesystem::path& folder)
@@ -219,10 +229,7 @@ Result<Vdm> VdmStore::Snapshot(std::int64_t number) const {
 }
 
 Result<std::map<Number, Vdm>> VdmStore::Snapshots(const std::vector<Number>& numbers) const {
-  std::vector<Number> unchanged;
-  std::ranges::copy_if(numbers, std::back_inserter(unchanged),
-                       [&](Number number) { return !changes_.contains(number); });
-  VANZET_TRY(auto contents, engine_->Read(unchanged));
+  VANZET_TRY(auto contents, engine_->Read(Unchanged(numbers)));
   for (const Number number : numbers) {
     const auto changed = changes_.find(number);
     if (changed == changes_.end() || !changed->second) continue;
@@ -230,6 +237,24 @@ Result<std::map<Number, Vdm>> VdmStore::Snapshots(const std::vector<Number>& num
     contents.emplace(number, std::move(copy));
   }
   return contents;
+}
+
+Result<std::map<Number, RecordHeads>> VdmStore::Heads(const std::vector<Number>& numbers) const {
+  VANZET_TRY(auto heads, engine_->ReadHeads(Unchanged(numbers)));
+  for (const Number number : numbers) {
+    const auto changed = changes_.find(number);
+    if (changed == changes_.end() || !changed->second) continue;
+    VANZET_TRY(auto read, HeadsOf(*changed->second));
+    heads.emplace(number, std::move(read));
+  }
+  return heads;
+}
+
+std::vector<Number> VdmStore::Unchanged(const std::vector<Number>& numbers) const {
+  std::vector<Number> unchanged;
+  std::ranges::copy_if(numbers, std::back_inserter(unchanged),
+                       [&](Number number) { return !changes_.contains(number); });
+  return unchanged;
 }
 
 Result<void> VdmStore::Replace(std::int64_t number, const Vdm& content) {

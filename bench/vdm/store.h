@@ -105,6 +105,10 @@ class VdmStore {
   /// Copies of those of the VDMs that exist, as at the last close, all of one state of the store.
   Result<std::map<Number, Vdm>> Snapshots(const std::vector<Number>& numbers) const;
 
+  /// The heads of their records, as at the last close, all of one state of the store. Long records are not
+  /// verified.
+  Result<std::map<Number, RecordHeads>> Heads(const std::vector<Number>& numbers) const;
+
   /// Replaces the content of the VDM, or creates it. Fails when it is open, here or in another process.
   /// Requires: `content` is independent of any store, as `Snapshot` and the readers of files return it.
   Result<void> Replace(std::int64_t number, const Vdm& content);
@@ -132,6 +136,8 @@ class VdmStore {
   /// Locks a VDM that is not open anywhere, after the project.
   Result<VdmLocks::Held> Lock(std::int64_t number);
   Result<void> Write(const std::string& occasion, TextFile* file, const LastStep& lastStep);
+  /// Those of the numbers whose VDMs this run has not changed.
+  std::vector<Number> Unchanged(const std::vector<Number>& numbers) const;
   /// Whether a VDM exists that is not open.
   Result<bool> IsKept(Number number) const;
   /// A VDM that is not open, to be worked on.

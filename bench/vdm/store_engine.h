@@ -13,6 +13,9 @@ namespace vanzet::vdm {
 /// VDMs that get a new content; nothing in the place of the content: the VDM is removed.
 using Changes = std::map<Number, std::optional<Vdm>>;
 
+/// The heads of the records of a VDM, in their order.
+using RecordHeads = std::vector<RecordHead>;
+
 /// A text file of the project that changes together with VDMs.
 struct TextFile {
   std::string name;  ///< in the project's folder
@@ -59,6 +62,9 @@ class StoreEngine {
 
   /// The VDMs of these numbers that exist, of one state, wholly in memory and independent of any store.
   virtual Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) = 0;
+
+  /// The heads of their records, of one state. A long record is not verified.
+  virtual Result<std::map<Number, RecordHeads>> ReadHeads(const std::vector<Number>& numbers) = 0;
 
   /// Makes all the changes in one transaction. Records that were opened from this number and not edited are
   /// not written again. Afterwards the contents no longer know what the store keeps: do not write them a

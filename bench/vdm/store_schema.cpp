@@ -47,12 +47,14 @@ constexpr StoreQueries kQueries[] = {
     {.numbers = "SELECT number FROM vdm ORDER BY number",
      .exists = "SELECT 1 FROM vdm WHERE number=?1",
      .places = "SELECT position, record FROM place WHERE vdm=?1 ORDER BY position",
-     .record = "SELECT items, content, NULL FROM record WHERE key=?1"},
+     .record = "SELECT items, content, NULL FROM record WHERE key=?1",
+     .head = "SELECT items, substr(content, 1, ?2), NULL, length(content) FROM record WHERE key=?1"},
     {.numbers = "SELECT number FROM vdm WHERE last=9223372036854775807 ORDER BY number",
      .exists = "SELECT 1 FROM vdm WHERE number=?1 AND last=9223372036854775807",
      .places =
          "SELECT position, record FROM place WHERE vdm=?1 AND last=9223372036854775807 ORDER BY position",
-     .record = "SELECT items, content, checksum FROM record WHERE key=?1"},
+     .record = "SELECT items, content, checksum FROM record WHERE key=?1",
+     .head = "SELECT items, substr(content, 1, ?2), checksum, length(content) FROM record WHERE key=?1"},
 };
 
 Result<void> RunAll(SqliteConnection& connection, std::span<const std::string_view> statements) {

@@ -11,12 +11,14 @@ namespace vanzet::vdm {
 /// The form that this version writes. Older ones are read, and brought to it by the first commit.
 inline constexpr std::int64_t kStoreSchema = 2;
 
-/// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none).
+/// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none). Those
+/// of `head` are the same with the first bytes of the content, and its size.
 struct StoreQueries {
   std::string_view numbers;  ///< of all VDMs, rising
   std::string_view exists;   ///< (VDM): 1 or no row
   std::string_view places;   ///< (VDM): position and record key, by position
   std::string_view record;   ///< (record key)
+  std::string_view head;     ///< (record key, number of bytes)
 };
 
 /// Returns the schema of the file; 0 for an empty file. Fails when another program or a newer version of this

@@ -12,24 +12,49 @@ Result<Record> RecordOf(const SqliteRow& row) {
   return Fault{.text = "its checksum is another one: its bytes were changed", .kind = FaultKind::kDamaged};
 }
 
+Result<RecordHead> HeadOf(const SqliteRow& row) {
+  const bool isWhole = row.Integer(3) == static_cast<std::int64_t>(row.Bytes(1).size());
+  if (!isWhole) return RecordHeadFrom(row.Bytes(1), row.Integer(0));
+  VANZET_TRY(auto record, RecordOf(row));
+  const std::size_t items = record.Size();
+  return RecordHead{std::move(record), items};
+}
+
+/// Reads the row of one record by a statement. What is wrong with it is
+/// reported with its place.
+template <class Content>
+Result<Content> Load(SqliteConnection& connection, std::string_view sql,
+                     std::initializer_list<SqliteConnection::Value> values, const std::string& place,
+                     Result<Content> (*read)(const SqliteRow&)) {
+  const auto damage = [&](const std::string& what) { return connection.DamageOf(place + ": " + what); };
+  std::optional<Content> content;
+  VANZET_DO(connection.Run(sql, values, [&](const SqliteRow& row) -> Result<void> {
+    auto found = read(row);
+    if (!found) return damage(found.fault().text);
+    content = std::move(*found);
+    return {};
+  }));
+  if (!content) return damage("it is missing");
+  return std::move(*content);
+}
+
+std::string PlaceOf(RecordKey key, Number number) {
+  return "record " + std::to_string(static_cast<std::int64_t>(key)) + ", of " + NameOf(number);
+}
+
 }  // namespace
 
 Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
                           RecordKey key) {
-  const auto damage = [&](const std::string& what) {
-    return connection.DamageOf("record " + std::to_string(static_cast<std::int64_t>(key)) + ", of " +
-                               NameOf(number) + ": " + what);
-  };
-  std::optional<Record> record;
-  VANZET_DO(connection.Run(queries.record, {static_cast<std::int64_t>(key)},
-                           [&](const SqliteRow& row) -> Result<void> {
-                             auto read = RecordOf(row);
-                             if (!read) return damage(read.fault().text);
-                             record = std::move(*read);
-                             return {};
-                           }));
-  if (!record) return damage("it is missing");
-  return std::move(*record);
+  return Load<Record>(connection, queries.record, {static_cast<std::int64_t>(key)}, PlaceOf(key, number),
+                      RecordOf);
+}
+
+Result<RecordHead> LoadHead(SqliteConnection& connection, const StoreQueries& queries, Number number,
+                            RecordKey key) {
+  return Load<RecordHead>(connection, queries.head,
+                          {static_cast<std::int64_t>(key), static_cast<std::int64_t>(kHeadBytes)},
+                          PlaceOf(key, number), HeadOf);
 }
 
 }  // namespace vanzet::vdm

@@ -11,4 +11,8 @@ namespace vanzet::vdm {
 Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
                           RecordKey key);
 
+/// Reads the head of a record. One that is longer than its head is not verified, but for its count.
+Result<RecordHead> LoadHead(SqliteConnection& connection, const StoreQueries& queries, Number number,
+                            RecordKey key);
+
 }  // namespace vanzet::vdm

@@ -34,6 +34,17 @@ TEST(ReadDefinition, DividesEachRecordIntoSections) {
   EXPECT_EQ(operation.damage, "");
 }
 
+TEST(ReadDefinition, OfAHeadHasTheCountsOfAllItemsAndTheFirstOfThem) {
+  vdm::RecordHeads heads(1);
+  heads[0] = {vdm::Record({"2 1 3 1 4 1", "VRML Main Jaw", "a"}), 7};
+  const Operation operation = ReadDefinition(heads).operations.at(0);
+  EXPECT_EQ(operation.damage, "");
+  EXPECT_THAT(operation.counts, ElementsAre(1U, 4U, 1U));
+  EXPECT_THAT(operation.sections, ElementsAre(ElementsAre("VRML Main Jaw"), ElementsAre("a"), ElementsAre()));
+  heads[0].items = 6;
+  EXPECT_EQ(ReadDefinition(heads).operations.at(0).damage, "the header counts more items than there are");
+}
+
 TEST(ReadDefinition, TakesTheVersionFromTheFirstOperation) {
   EXPECT_EQ(Read("record\n.1 1 1 2\n.Billet definition\n.100\n", 1).version, 100);
   EXPECT_EQ(Read("record\n.1 1 1 2\n.Billet definition\n.99 x\n", 1).version, 99);

@@ -41,6 +41,20 @@ class MemoryEngine : public vdm::StoreEngine {
     return contents;
   }
 
+  Result<std::map<vdm::Number, vdm::RecordHeads>> ReadHeads(
+      const std::vector<vdm::Number>& numbers) override {
+    std::map<vdm::Number, vdm::RecordHeads> heads;
+    for (const vdm::Number number : numbers) {
+      if (!orders_.contains(number)) continue;
+      auto& all = heads[number];
+      for (const auto key : orders_.at(number)) {
+        VANZET_TRY(auto head, HeadOf(records_.at(key)));
+        all.push_back(std::move(head));
+      }
+    }
+    return heads;
+  }
+
   Result<void> Apply(const vdm::NewGeneration& next) override {
     MemoryEngine after = *this;
     for (const auto& [number, content] : next.vdms) {
@@ -69,6 +83,11 @@ class MemoryEngine : public vdm::StoreEngine {
         records_(other.records_),
         file_(other.file_),
         lastKey_(other.lastKey_) {}
+
+  static Result<vdm::RecordHead> HeadOf(const vdm::Record& record) {
+    return vdm::RecordHeadFrom(vdm::BytesOf(record).substr(0, vdm::kHeadBytes),
+                               static_cast<std::int64_t>(record.Size()));
+  }
 
   Result<void> Write(vdm::Number number, const vdm::Vdm& content) {
     std::vector<vdm::RecordKey> order;

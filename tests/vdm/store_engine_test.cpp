@@ -67,6 +67,22 @@ TEST_P(EveryEngine, KeepsWhatWasWritten) {
   EXPECT_EQ(RecordsOf(Open(1000)), records);
 }
 
+TEST_P(EveryEngine, ReadsTheHeadsOfLongRecordsAndShortRecordsWhole) {
+  const std::string item(999, 'x');  // and its end: 1000 bytes
+  Write(1000, VdmOf({{"short", "record"}, {}, std::vector<std::string>(100, item)}));
+  const auto heads = Get(engine->ReadHeads({Number{5}, Number{1000}}));
+  ASSERT_EQ(heads.size(), 1U);
+  const RecordHeads& head = heads.at(Number{1000});
+  ASSERT_EQ(head.size(), 3U);
+  EXPECT_EQ(head[0].items, 2U);
+  ASSERT_EQ(head[0].first.Size(), 2U);
+  EXPECT_EQ(head[0].first[1], "record");
+  EXPECT_EQ(head[1].first.Size(), 0U);
+  EXPECT_EQ(head[2].items, 100U);
+  ASSERT_EQ(head[2].first.Size(), kHeadBytes / 1000);
+  EXPECT_EQ(head[2].first[kHeadBytes / 1000 - 1], item);
+}
+
 TEST_P(EveryEngine, KeepsAVdmWithoutRecords) {
   Write(5, Vdm());
   EXPECT_TRUE(Get(engine->Exists(Number{5})));
