@@ -157,6 +157,7 @@ Result<void> BeginDrawing(api::Host& host) {
 Result<std::string> DefineAll(const Job& job, const define::Surroundings& surroundings,
                               std::string& transcript) {
   VANZET_DO(BeginDrawing(job.host));
+  VANZET_DO(UpgradeFirst(job.host, job.context));
   VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
   VANZET_TRY(const auto lines, BeginDefinitions(job));
   VANZET_DO(Play(steps, job, transcript));

@@ -5,58 +5,40 @@
 #include <cstdlib>
 
 #include "api/module.h"
+#include "api/upgrade.h"
 #include "base/files/system_fault.h"
 #include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
-#include "project/definition.h"
 #include "project/sample.h"
 
 /// The commands that create, upgrade and open projects.
 namespace vanzet::cli {
 namespace {
 
-/// An upgraded definition.
-constexpr std::int32_t kVersion = 100;
-constexpr std::size_t kLeastOperations = 18;
-
 struct UpgradeArguments {
   std::string project = ".";
   std::string trace;
 };
 
-/// Checks the definition of one spur after the upgrade, and returns a line about it.
-Result<std::string> CheckDefinition(std::int32_t spur, const HostedProject& hosted) {
-  const std::uint32_t number = hosted.project.DefinitionOf(spur);
-  const std::string name = "spur " + std::to_string(spur) + ": VDM " + std::to_string(number);
-  VANZET_TRY(const auto open, hosted.host->store.IsOpen(number));
-  if (open) return Fault{name + " is open in another process and was not upgraded"};
-  VANZET_TRY(const auto content, hosted.host->store.Snapshot(number));
-  VANZET_TRY(const auto definition, project::ReadDefinition(content));
-  if (definition.version != kVersion || definition.operations.size() < kLeastOperations) {
-    return Fault{name + " is not a definition of version " + std::to_string(kVersion) + " after the upgrade"};
+std::string LinesOf(const std::vector<api::DefinitionState>& definitions) {
+  std::string lines;
+  for (const api::DefinitionState& each : definitions) {
+    lines += "spur " + std::to_string(each.spur) + ": VDM " + std::to_string(each.vdm) + ", version " +
+             std::to_string(each.version) + ", " + Counted(each.operations, "operation") + "\n";
   }
-  return name + ", version " + std::to_string(definition.version) + ", " +
-         Counted(definition.operations.size(), "operation") + "\n";
+  return lines;
 }
 
 Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
   VANZET_TRY(const auto hosted, HostProject(arguments.project, arguments.trace, context));
   api::Host& host = *hosted->host;
-  VANZET_TRY(const auto spurs, hosted->project.SpindleSpurs());
   VANZET_DO(HoldProject(host, context));
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
-  VANZET_DO(api::CallModule(module, "ReOrgVdm", host));
-  if (context.panel.faults() > 0) return ReportedFault();
-
-  std::string lines;
-  for (std::int32_t spur = 0; spur < spurs; ++spur) {
-    VANZET_TRY(const auto line, CheckDefinition(spur, *hosted));
-    lines += line;
-  }
-  return KeepRun([&] { return host.Commit("upgrade", [&] { return Print(lines); }); });
+  VANZET_TRY(const auto definitions, api::UpgradeDefinitions(module, host));
+  return KeepRun([&] { return host.Commit("upgrade", [&] { return Print(LinesOf(definitions)); }); });
 }
 
 struct NewArguments {
@@ -64,9 +46,21 @@ struct NewArguments {
   std::string sample = "mill-turn";
 };
 
-Result<void> New(const NewArguments& arguments, const Context& context) {
-  VANZET_DO(project::MakeProject(arguments.folder, arguments.sample, context.places.share));
-  return Print("created project " + OneLine(arguments.folder) + " from sample " + arguments.sample + "\n");
+/// Makes the definitions in the folder that becomes the project, and reports both.
+Result<void> FillProject(const std::filesystem::path& folder, const std::string& report, Context& context) {
+  VANZET_TRY(const auto hosted, HostProject(folder, "", context));
+  VANZET_TRY(const auto module, api::FindModule(context.places.program));
+  VANZET_TRY(const auto definitions, api::UpgradeDefinitions(module, *hosted->host));
+  return KeepRun(
+      [&] { return hosted->host->Commit("new", [&] { return Print(report + LinesOf(definitions)); }); });
+}
+
+Result<void> New(const NewArguments& arguments, Context& context) {
+  const std::string report =
+      "created project " + OneLine(arguments.folder) + " from sample " + arguments.sample + "\n";
+  return project::MakeProject(
+      arguments.folder, arguments.sample, context.places.share,
+      [&](const std::filesystem::path& folder) { return FillProject(folder, report, context); });
 }
 
 struct OpenArguments {
@@ -84,10 +78,21 @@ bool HasDisplay() {
   });
 }
 
+/// Creates and upgrades definitions, so that the window shows what the dialog works on.
+Result<void> UpgradeBefore(const OpenArguments& arguments, Context& context) {
+  VANZET_TRY(const auto hosted, HostProject(arguments.project, "", context));
+  VANZET_DO(HoldProject(*hosted->host, context));
+  VANZET_DO(UpgradeFirst(*hosted->host, context));
+  return KeepRun([&] { return hosted->host->Commit("upgrade"); });
+}
+
 /// Replaces this process by the program of the window, and returns only when that fails.
-Result<void> Open(const OpenArguments& arguments, const Context& context) {
+Result<void> Open(const OpenArguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   if (!HasDisplay()) return Fault{"no display is available to open a window"};
+  // The window shows also a project that cannot be changed.
+  if (const auto upgraded = UpgradeBefore(arguments, context); !upgraded)
+    context.panel.Tell(upgraded.fault());
   const std::string program = (context.places.Sibling("vanzet-window")).string();
   const std::string folder = project.folder().string();
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,

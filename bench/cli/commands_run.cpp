@@ -67,6 +67,7 @@ Result<void> Play(const ScriptSource& source, const ScriptArguments& arguments, 
   VANZET_DO(LoadPicks(arguments.picks, host));
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted.project)));
   VANZET_DO(CheckOutputFile(arguments.transcript));
+  VANZET_DO(UpgradeFirst(host, context));
   const char* const mode = arguments.isStrict ? "strict" : "";
   VANZET_DO(PlayScript({file, arguments.transcript, source.name, mode}, host, context));
   return context.panel.faults() == 0 ? Result<void>() : ReportedFault();

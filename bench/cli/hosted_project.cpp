@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "api/module.h"
+#include "api/upgrade.h"
 #include "base/files/regular_file.h"
 #include "base/numbers.h"
 #include "base/one_line.h"
@@ -94,6 +95,12 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
   surroundings.figure = [&host](const std::string& name) { return CheckFigure(name, host); };
   surroundings.solid = [&host](const std::string& name) { return CheckSolid(name, host); };
   return surroundings;
+}
+
+Result<void> UpgradeFirst(api::Host& host, const Context& context) {
+  VANZET_TRY(const auto module, api::FindModule(context.places.program));
+  return api::UpgradeWhereNeeded(
+      module, host, [](const std::string& sentence) { std::cerr << "vanzet: " + sentence + "\n"; });
 }
 
 Result<void> KeepRun(const std::function<Result<void>()>& commit) {

@@ -28,6 +28,10 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
 /// changing it, as long as the command line says.
 Result<void> HoldProject(api::Host& host, const Context& context);
 
+/// Has the module create definitions that are missing and upgrade older ones, as a part of the run, and says
+/// so on standard error.
+Result<void> UpgradeFirst(api::Host& host, const Context& context);
+
 /// Keeps the work of a run by `commit`. From then on the line of a signal that ends the program says so.
 Result<void> KeepRun(const std::function<Result<void>()>& commit);
 

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "base/files/system_fault.h"
+#include "base/near_words.h"
 #include "base/numbers.h"
 #include "base/quote.h"
 #include "project/project.h"
@@ -67,10 +68,34 @@ Result<void> MakeNewFolder(const fs::path& folder) {
   return files::SystemFault("cannot be created", error, folder);
 }
 
+Result<void> CopySample(const fs::path& sample, const fs::path& target, const fs::path& project) {
+  std::error_code error;
+  fs::copy(sample, target, fs::copy_options::recursive, error);
+  for (const char* const name : kFolders) {
+    if (!error) fs::create_directories(target / name, error);
+  }
+  return error ? Result<void>(files::SystemFault("cannot be created", error, project)) : Result<void>();
+}
+
+Result<void> Rename(const fs::path& from, const fs::path& to, const fs::path& project) {
+  std::error_code error;
+  fs::rename(from, to, error);
+  return error ? Result<void>(files::SystemFault("cannot be created", error, project)) : Result<void>();
+}
+
 std::string ListOf(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
   return text;
+}
+
+Result<void> CheckSample(const std::string& sample, const fs::path& share) {
+  const std::vector<std::string> known = SampleNames(share);
+  if (std::ranges::find(known, sample) != known.end()) return {};
+  const std::vector<std::string> near = NearWords(sample, known);
+  const std::string hint =
+      near.empty() ? "the samples are: " + ListOf(known) : "did you mean " + Quoted(near.front()) + "?";
+  return Fault{.text = "no such sample: " + Quoted(sample) + "; " + hint, .kind = FaultKind::kMissing};
 }
 
 }  // namespace
@@ -86,12 +111,9 @@ std::vector<std::string> SampleNames(const fs::path& share) {
   return names;
 }
 
-Result<void> MakeProject(const fs::path& folder, const std::string& sample, const fs::path& share) {
-  const std::vector<std::string> known = SampleNames(share);
-  if (std::ranges::find(known, sample) == known.end()) {
-    return Fault{.text = "no such sample: " + Quoted(sample) + "; the samples are: " + ListOf(known),
-                 .kind = FaultKind::kMissing};
-  }
+Result<void> MakeProject(const fs::path& folder, const std::string& sample, const fs::path& share,
+                         const FillFolder& fill) {
+  VANZET_DO(CheckSample(sample, share));
   VANZET_DO(CheckFolderName(folder));
   std::error_code error;
   if (fs::exists(folder, error) && (!fs::is_directory(folder, error) || !fs::is_empty(folder, error))) {
@@ -104,16 +126,14 @@ Result<void> MakeProject(const fs::path& folder, const std::string& sample, cons
   const fs::path temporary = place.string() + ".new-" + process;
   VANZET_DO(MakeNewFolder(temporary));
   fs::create_directories(MarkOf(temporary, process), error);
-  if (!error) fs::copy(share / "samples" / sample, temporary, fs::copy_options::recursive, error);
-  for (const char* const name : kFolders) {
-    if (!error) fs::create_directories(temporary / name, error);
-  }
-  if (!error) fs::rename(temporary, place, error);
-  std::error_code ignored;
+  auto made = error ? Result<void>(files::SystemFault("cannot be created", error, folder))
+                    : CopySample(share / "samples" / sample, temporary, folder);
+  if (made && fill) made = fill(temporary);
+  if (made) made = Rename(temporary, place, folder);
   // A run that finds the mark, because this one was killed, removes it as that of a dead one.
-  if (!error) return fs::remove(MarkOf(place, process), ignored), Result<void>();
-  fs::remove_all(temporary, ignored);
-  return files::SystemFault("cannot be created", error, folder);
+  if (made) fs::remove(MarkOf(place, process), error);
+  if (!made) fs::remove_all(temporary, error);
+  return made;
 }
 
 }  // namespace vanzet::project

@@ -1,6 +1,7 @@
 #include "window/session.h"
 
 #include "api/module.h"
+#include "api/upgrade.h"
 #include "results/equipment.h"
 #include "vdm/sqlite_engine.h"
 
@@ -85,6 +86,9 @@ Result<void> Session::Call(const char* function, Surroundings surroundings) {
     const auto kept = host_->Commit(occasion);
     return keep ? keep(kept) : kept;
   };
+  if (occasion == "dialog") {
+    VANZET_DO(api::UpgradeWhereNeeded(module, *host_, surroundings.announce));
+  }
   VANZET_DO(api::CallModule(module, function, *host_));
   return host_->Commit(occasion);
 }

@@ -49,8 +49,11 @@ class Session {
     std::function<Result<void>(const std::string& topic)> help;
     /// Is given the outcome of keeping what an event of the dialog changed, and returns it.
     std::function<Result<void>(const Result<void>& kept)> keepEvent = {};
+    /// Is given a sentence when definitions are created or upgraded before the dialog begins.
+    std::function<void(const std::string& sentence)> announce = {};
   };
-  /// Calls an export of the module, "mstart" or "ReOrgVdm". Each event that its dialog has handled is
+  /// Calls an export of the module, "mstart" or "ReOrgVdm". Before "mstart", definitions that are missing or
+  /// of an older version are created or upgraded. Each event that its dialog has handled is
   /// written to the project at once, all or nothing; what cannot be written stays with the call, and its
   /// last attempt fails with it. Fails while another call is at work.
   Result<void> Call(const char* function, Surroundings surroundings);

@@ -3,6 +3,7 @@
 
 #include "run_vanzet.h"
 #include "support/golden.h"
+#include "support/places.h"
 
 namespace vanzet::test {
 namespace {
@@ -12,6 +13,54 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 class DefinitionCommands : public CommandLineTest {};
+
+TEST_F(DefinitionCommands, NewMakesTheDefinitionsAtOnce) {
+  const Outcome made = Vanzet("new lathe");
+  EXPECT_EQ(made.status, 0);
+  EXPECT_EQ(made.out,
+            "created project lathe from sample mill-turn\n"
+            "spur 0: VDM 1000, version 100, 18 operations\nspur 1: VDM 1001, version 100, 18 operations\n");
+  EXPECT_EQ(made.err, "");
+  EXPECT_EQ(Vanzet("show lathe --json").status, 0);
+}
+
+TEST_F(DefinitionCommands, NewLeavesNothingWhereItsReportCannotBeWritten) {
+  EXPECT_EQ(Vanzet("new lathe >/dev/full").status, 1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_F(DefinitionCommands, AScriptUpgradesFirstWhereADefinitionIsMissing) {
+  MakeProjectWithoutDefinitions();
+  WriteBytes(folder / "script.txt", "press 1\n");
+  const Outcome dry = Vanzet("script lathe script.txt --dry-run");
+  EXPECT_EQ(dry.status, 0);
+  EXPECT_EQ(dry.err, "vanzet: 2 definitions are missing and are created first\n");
+  EXPECT_EQ(Vanzet("show lathe").status, 1) << "a dry run keeps nothing";
+  const Outcome played = Vanzet("script lathe script.txt");
+  EXPECT_EQ(played.status, 0);
+  EXPECT_EQ(played.err, "vanzet: 2 definitions are missing and are created first\n");
+  EXPECT_EQ(Vanzet("show lathe").status, 0);
+  EXPECT_EQ(Vanzet("script lathe script.txt").err, "");
+}
+
+TEST_F(DefinitionCommands, DefineUpgradesFirstWhereADefinitionIsMissing) {
+  MakeProjectWithoutDefinitions();
+  const Outcome defined = Vanzet("define '" VANZET_SOURCE_DIR "/examples/definitions/bar-job.json' lathe");
+  EXPECT_EQ(defined.status, 0);
+  EXPECT_EQ(defined.err, "vanzet: 2 definitions are missing and are created first\n");
+  EXPECT_EQ(defined.out, "spur 0: VDM 1000, defined\n");
+  EXPECT_THAT(Vanzet("items lathe --vdm 1001").out, HasSubstr("SubBillet"));
+}
+
+TEST_F(DefinitionCommands, AScriptUpgradesAnOlderDefinitionFirst) {
+  MakeProject();
+  WriteBytes(folder / "old.vdm", "vdm 1\nrecord\n.1 1 1 2\n.Billet definition\n.99\nend 1\n");
+  ASSERT_EQ(Vanzet("vdm load lathe old.vdm 1001").status, 0);
+  WriteBytes(folder / "script.txt", "press 1\n");
+  EXPECT_EQ(Vanzet("script lathe script.txt").err,
+            "vanzet: 1 definition is of an older version and is upgraded first\n");
+  EXPECT_EQ(Vanzet("items lathe --vdm 1001").out, Vanzet("items lathe --vdm 1000").out);
+}
 
 TEST_F(DefinitionCommands, MakeUpgradeAndShowBothSpursOfTheSample) {
   MakeProject();
@@ -54,7 +103,7 @@ TEST_F(DefinitionCommands, ShowOneSpur) {
 }
 
 TEST_F(DefinitionCommands, SayWhatToDoWhereThereIsNoDefinition) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   const Outcome shown = Vanzet("show lathe");
   EXPECT_EQ(shown.status, 1);
   EXPECT_EQ(shown.out,
@@ -145,7 +194,7 @@ TEST_F(DefinitionCommands, UpgradeAnEmptyFolderAfterABoxAboutItsMachine) {
 }
 
 TEST_F(DefinitionCommands, TraceEachCallOfTheModule) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   ASSERT_EQ(Vanzet("upgrade lathe --trace calls.jsonl").status, 0);
   std::istringstream lines(ReadBytes(folder / "calls.jsonl"));
   std::vector<std::string> calls;

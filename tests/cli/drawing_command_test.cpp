@@ -70,7 +70,7 @@ TEST_F(DrawingCommands, PicturesAreWholeAndLeaveNothingBeside) {
 }
 
 TEST_F(DrawingCommands, EquipmentThatIsNotThereIsTold) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   const Outcome pictured = Vanzet("picture lathe --view equipment --out a.png");
   EXPECT_EQ(pictured.status, 1);
   EXPECT_EQ(pictured.err, "vanzet: spur 0 has no definition yet; 'vanzet upgrade' creates it\n");

@@ -45,6 +45,13 @@ void CommandLineTest::MakeProject() {
   ASSERT_EQ(made.status, 0) << made.err;
 }
 
+void CommandLineTest::MakeProjectWithoutDefinitions() {
+  MakeProject();
+  for (const char* const file : {"lathe/store.db", "lathe/store.lock"}) {
+    std::filesystem::remove(folder / file);
+  }
+}
+
 void CommandLineTest::MakeUpgradedProject() {
   MakeProject();
   const Outcome upgraded = Vanzet("upgrade lathe");

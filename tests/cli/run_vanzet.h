@@ -26,9 +26,12 @@ class CommandLineTest : public testing::Test {
   std::vector<std::vector<std::string>> SectionsOf(int vdm, std::size_t operation,
                                                    const std::string& project = "lathe");
 
-  /// Makes the sample project "lathe"; with its definitions when upgraded.
+  /// Makes the sample project "lathe", whose definitions are empty.
   void MakeProject();
   void MakeUpgradedProject();
+
+  /// Makes the same without a store, as older versions of the program left it.
+  void MakeProjectWithoutDefinitions();
 
   const TemporaryFolder folder;
 };

@@ -101,6 +101,13 @@ TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
   EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
 }
 
+TEST_F(Dialogs, MakeTheDefinitionsThatAreMissingBeforeTheyBegin) {
+  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  Play("press 1\n");
+  EXPECT_THAT(Messages(), HasSubstr("2 definitions are missing and are created first"));
+  EXPECT_EQ(definition().tree().topLevelItem(1)->text(1), "VDM 1001, v100");
+}
+
 TEST_F(Dialogs, ThatFailAreReportedOnce) {
   OpenSample();
   setenv("VANZET_MODULE", "/no/such/module.so", 1);

@@ -116,10 +116,13 @@ void EquipmentCommands::Call(const char* function) {
     }
     return kept;
   };
+  const auto announce = [&](const std::string& sentence) {
+    parts_.messages.Add(MessageDock::Kind::kNote, ToQString(sentence));
+  };
   const auto called =
       workplace_.session->Call(function, {parts_.messages, std::make_unique<WindowPicks>(picks_),
                                           std::make_unique<CallListener>(parts_.messages, afterCall),
-                                          workplace_.window, progress, help, keepEvent});
+                                          workplace_.window, progress, help, keepEvent, announce});
   emit AtWork(false);
   workplace_.Report(called);
   Refresh();
