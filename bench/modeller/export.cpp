@@ -1,5 +1,6 @@
 #include "modeller/export.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "base/files/whole_file.h"
@@ -8,6 +9,7 @@
 #include "modeller/exchange_process.h"
 #include "modeller/foreign.h"
 #include "modeller/kernel.h"
+#include "modeller/measures.h"
 #include "modeller/mesh_files.h"
 #include "modeller/parcel.h"
 #include "modeller/temporary_file.h"
@@ -50,12 +52,24 @@ Result<std::vector<Mesh>> MeshesOf(const Bodies& bodies, const MeshTolerance& to
   return meshes;
 }
 
-std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes) {
+std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes, const FileBodies& file) {
   std::string text(kVrmlHead);
-  for (std::size_t i = 0; i < bodies.size(); ++i) {
-    text += NamedVrmlNode(bodies[i].name, i + 1, VrmlShape(meshes[i], bodies[i].colour));
+  for (std::size_t i = 0; i < file.size(); ++i) {
+    const NamedBody& body = bodies[file[i]];
+    text += NamedVrmlNode(body.name, i + 1, VrmlShape(meshes[file[i]], body.colour));
   }
   return text;
+}
+
+/// The files of a format of facets: each body is meshed once.
+Result<void> MakeMeshFiles(const Bodies& bodies, const std::vector<FileBodies>& files, ExportFormat format,
+                           const MeshTolerance& tolerance, const TakeContent& take) {
+  VANZET_TRY(const auto meshes, MeshesOf(bodies, tolerance));
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    VANZET_DO(take(
+        i, format == ExportFormat::kStl ? StlBytes(meshes, files[i]) : WrlText(bodies, meshes, files[i])));
+  }
+  return {};
 }
 
 Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
@@ -90,14 +104,8 @@ Result<std::string> WriteByExchange(const Bodies& bodies, ExportFormat format, c
   return file.Content();
 }
 
-Result<std::string> BytesOf(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
-                            const Exchange& exchange) {
-  VANZET_TRY(const auto placed, PlaceBodies(bodies));
-  if (format == ExportFormat::kStep || format == ExportFormat::kGltf) {
-    return WriteByExchange(placed, format, tolerance, exchange);
-  }
-  VANZET_TRY(const auto meshes, MeshesOf(placed, tolerance));
-  return format == ExportFormat::kStl ? StlBytes(meshes) : WrlText(placed, meshes);
+bool HasSurfaces(const NamedBody& body, ExportFormat format) {
+  return format == ExportFormat::kStep && !body.body.IsStl();
 }
 
 }  // namespace
@@ -116,12 +124,36 @@ std::string_view EndingOf(ExportFormat format) {
   return "";
 }
 
-Result<void> Export(const Bodies& bodies, ExportFormat format, const fs::path& file,
-                    const MeshTolerance& tolerance, const Exchange& exchange) {
-  if (bodies.empty()) return Fault{"no body to write", file.string()};
-  const auto bytes = BytesOf(bodies, format, tolerance, exchange);
-  if (!bytes) return WithFile(bytes.fault(), file);
-  return files::ReplaceFile(file, *bytes);
+Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const MeshTolerance& tolerance) {
+  VANZET_TRY(const Body placed, PlaceBody(body.body, body.placement));
+  VANZET_TRY(const Mesh mesh, MeshOf(placed, tolerance));
+  BodyFacts facts;
+  facts.triangles = mesh.triangles.size();
+  Measures measures = MeasuresOf(mesh);
+  if (HasSurfaces(body, format)) {
+    VANZET_TRY(measures, MeasuresOf(placed));
+    VANZET_TRY(facts.box, Extents(placed));
+  } else {
+    for (const geometry::Point3d& point : mesh.points) facts.box.Insert(point);
+  }
+  if (measures.closed) facts.volume = measures.volume;
+  return facts;
+}
+
+Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& files, ExportFormat format,
+                       const MeshTolerance& tolerance, const Exchange& exchange, const TakeContent& take) {
+  if (std::ranges::any_of(files, &FileBodies::empty)) return Fault{"no body to write"};
+  VANZET_TRY(const auto placed, PlaceBodies(bodies));
+  if (format == ExportFormat::kStl || format == ExportFormat::kWrl) {
+    return MakeMeshFiles(placed, files, format, tolerance, take);
+  }
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    Bodies ofFile;
+    for (const std::size_t body : files[i]) ofFile.push_back(placed[body]);
+    VANZET_TRY(const auto content, WriteByExchange(ofFile, format, tolerance, exchange));
+    VANZET_DO(take(i, content));
+  }
+  return {};
 }
 
 Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolerance& tolerance) {

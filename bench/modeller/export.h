@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +13,7 @@
 #include "modeller/exchange.h"
 #include "modeller/mesh.h"
 
-/// Writing bodies to files. A file is written completely or not at all: after a fault, which names the file,
-/// an old file is unchanged and no other file remains. Numbers have a decimal point in every locale.
+/// The content of files with bodies. Numbers have a decimal point in every locale.
 namespace vanzet::modeller {
 
 /// Red, green and blue as a screen shows them, each from 0 to 1.
@@ -35,12 +35,28 @@ enum class ExportFormat { kStep, kStl, kWrl, kGltf };
 std::optional<ExportFormat> FormatNamed(std::string_view word);
 std::string_view EndingOf(ExportFormat format);
 
-/// Writes the bodies to one file. Fails for no bodies.
-Result<void> Export(const std::vector<NamedBody>& bodies, ExportFormat format,
-                    const std::filesystem::path& file, const MeshTolerance& tolerance,
-                    const Exchange& exchange);
+/// What is known of a body in a file.
+struct BodyFacts {
+  std::optional<double> volume;  ///< nothing for a body that does not enclose one
+  geometry::Box3d box;
+  std::size_t triangles = 0;
+};
 
-/// Writes the facets of a body as VRML 2.0: one IndexedFaceSet, each point and each face on a line of its
+/// Measures a body as a file of the format has it: its surfaces in a STEP file, else its facets.
+Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const MeshTolerance& tolerance);
+
+/// The bodies of a file, by their places in the list of all.
+using FileBodies = std::vector<std::size_t>;
+
+/// Receives the content of a file, by its place in the list of files.
+using TakeContent = std::function<Result<void>(std::size_t file, const std::string& content)>;
+
+/// Makes the contents of files, in their order. Fails for a file without bodies, and when `take` fails.
+Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<FileBodies>& files,
+                       ExportFormat format, const MeshTolerance& tolerance, const Exchange& exchange,
+                       const TakeContent& take);
+
+/// Writes the facets of a body to a file as VRML 2.0, completely or not at all: one IndexedFaceSet, each point and each face on a line of its
 /// own. The word "coordIndex" is alone on the line before the faces, and a line with "]" ends them.
 Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance);
 

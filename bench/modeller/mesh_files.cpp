@@ -82,14 +82,15 @@ std::string NamedVrmlNode(const std::string& name, std::size_t number, const std
   return "DEF " + identifier + " Transform {\nchildren [\n" + shape + "]\n}\n";
 }
 
-std::string StlBytes(const std::vector<Mesh>& meshes) {
+std::string StlBytes(const std::vector<Mesh>& meshes, const std::vector<std::size_t>& numbers) {
   std::size_t count = 0;
-  for (const Mesh& mesh : meshes) count += mesh.triangles.size();
+  for (const std::size_t number : numbers) count += meshes[number].triangles.size();
   std::string bytes = "binary STL, millimetres";
   bytes.resize(kHeadBytes, ' ');
   bytes.reserve(kHeadBytes + sizeof(std::uint32_t) + kTriangleBytes * count);
   AppendBytes(bytes, static_cast<std::uint32_t>(count));
-  for (const Mesh& mesh : meshes) {
+  for (const std::size_t number : numbers) {
+    const Mesh& mesh = meshes[number];
     for (const auto& triangle : mesh.triangles) {
       const auto corner = [&](std::size_t i) { return mesh.points[static_cast<std::size_t>(triangle[i])]; };
       AppendTriangle(bytes, corner(0), corner(1), corner(2));

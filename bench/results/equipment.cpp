@@ -1,7 +1,5 @@
 #include "results/equipment.h"
 
-#include <algorithm>
-
 #include "contour/library.h"
 #include "drawing/board.h"
 #include "drawing/figure_folder.h"
@@ -10,8 +8,6 @@
 
 namespace vanzet::results {
 namespace {
-
-namespace fs = std::filesystem;
 
 Result<project::Definition> DefinitionOf(const project::Project& project, std::int32_t spur) {
   VANZET_TRY(auto read, ReadDefinition(project, spur));
@@ -43,23 +39,6 @@ Result<modeller::Body> BodyOf(const project::Project& project, const std::string
   return table.Get(number);
 }
 
-std::vector<modeller::NamedBody> NamedBodies(const scene::Scene& scene, modeller::ExportFormat format) {
-  std::vector<modeller::NamedBody> bodies;
-  for (const scene::SceneBody& body : scene.bodies) {
-    const bool isExact = format == modeller::ExportFormat::kStep && body.exact;
-    bodies.push_back(
-        {body.name, isExact ? *body.exact : body.body, body.placement, scene::ColourOf(body.kind)});
-  }
-  return bodies;
-}
-
-/// "main jaw 1": main-jaw-1.step
-fs::path FileNameOf(const std::string& name, modeller::ExportFormat format) {
-  std::string stem = name;
-  std::ranges::replace(stem, ' ', '-');
-  return stem + std::string(modeller::EndingOf(format));
-}
-
 }  // namespace
 
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
@@ -79,21 +58,6 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
     return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
   }
   return made;
-}
-
-Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat format, const fs::path& folder,
-                            const modeller::Exchange& exchange) {
-  std::error_code error;
-  fs::create_directories(folder, error);
-  if (!fs::is_directory(folder, error)) {
-    return Fault{.text = "the folder cannot be created", .file = folder.string(), .kind = FaultKind::kSystem};
-  }
-  const auto bodies = NamedBodies(scene, format);
-  VANZET_DO(modeller::Export(bodies, format, folder / FileNameOf("equipment", format), {}, exchange));
-  for (const modeller::NamedBody& body : bodies) {
-    VANZET_DO(modeller::Export({body}, format, folder / FileNameOf(body.name, format), {}, exchange));
-  }
-  return {};
 }
 
 }  // namespace vanzet::results

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <filesystem>
-
-#include "modeller/export.h"
 #include "project/project.h"
 #include "scene/scene.h"
 
@@ -17,10 +14,5 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
 /// The same; fails also when the definition has no equipment.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange);
-
-/// Writes the equipment to a folder, which is created if it does not exist: a file with all bodies, and a
-/// file for each. Files of the same names are replaced.
-Result<void> WriteEquipment(const scene::Scene& scene, modeller::ExportFormat format,
-                            const std::filesystem::path& folder, const modeller::Exchange& exchange);
 
 }  // namespace vanzet::results

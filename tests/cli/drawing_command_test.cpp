@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "run_vanzet.h"
 
 #include "support/places.h"
@@ -34,8 +36,33 @@ TEST_F(DrawingCommands, WhatOneProcessDrawsTheNextOnePictures) {
   DrawChuck();
   const Outcome pictured = Vanzet("picture lathe --out chuck.svg");
   EXPECT_EQ(pictured.status, 0) << pictured.err;
-  EXPECT_EQ(pictured.out, "");
+  EXPECT_EQ(pictured.out, "chuck.svg\n");
   EXPECT_THAT(ReadBytes(folder / "chuck.svg"), HasSubstr("d=\"M0 0 L-50 0 L-50 100 L0 100 L0 0 Z\""));
+}
+
+TEST_F(DrawingCommands, PicturesAreListedOrGoToStandardOutput) {
+  DrawChuck();
+  const Outcome listed = Vanzet("picture lathe --out chuck.svg --json");
+  EXPECT_EQ(nlohmann::json::parse(listed.out, nullptr, false),
+            nlohmann::json::parse(R"({"files":[{"path":"chuck.svg","bodies":[]}]})"));
+  EXPECT_TRUE(Vanzet("picture lathe --out -").out == ReadBytes(folder / "chuck.svg"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "-"));
+  EXPECT_EQ(Vanzet("picture lathe --out - --json").status, 2);
+}
+
+TEST_F(DrawingCommands, OptionsOfTheOtherViewAreRefused) {
+  DrawChuck();
+  for (const std::string option : {"--spur 0", "--camera top", "--perspective", "--section"}) {
+    const Outcome refused = Vanzet("picture lathe --out a.svg " + option);
+    EXPECT_EQ(refused.status, 2) << option;
+    EXPECT_THAT(refused.err, HasSubstr(option.substr(0, option.find(' '))));
+    EXPECT_THAT(refused.err, HasSubstr("has no effect with --view drawing"));
+  }
+  for (const std::string option : {"--window display", "--layers 0"}) {
+    const Outcome refused = Vanzet("picture lathe --view equipment --out a.png " + option);
+    EXPECT_EQ(refused.status, 2) << option;
+    EXPECT_THAT(refused.err, HasSubstr("has no effect with --view equipment"));
+  }
 }
 
 TEST_F(DrawingCommands, TheConstructionWindowShowsTheContoursThatStand) {

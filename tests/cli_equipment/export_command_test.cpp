@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 
 #include "cli/run_vanzet.h"
 #include "modeller/exchange.h"
@@ -15,6 +18,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using Json = nlohmann::json;
 namespace fs = std::filesystem;
 
 /// The equipment of the bar job: two clamp devices, three jaws and a stand-in for the collet's, a bar.
@@ -95,8 +99,140 @@ TEST_F(ExportCommand, HasTheSameBodiesByNameInEveryFormatThatKnowsNames) {
 
 TEST_F(ExportCommand, HasAllBodiesOfTheSameExtentsAsOneMeshAndAsSurfaces) {
   Export("step");
+  const std::array<double, 6> surfaces = Box(Read("equipment.step"));
   Export("stl");
-  ExpectSame(Box(Read("equipment.step")), Box(Read("equipment.stl")), 0.2);
+  ExpectSame(surfaces, Box(Read("equipment.stl")), 0.2);
+}
+
+TEST_F(ExportCommand, PrintsALineForEachFile) {
+  const Outcome exported = Vanzet("export lathe --out models --format step");
+  std::vector<std::string> paths;
+  std::istringstream lines(exported.out);
+  for (std::string line; std::getline(lines, line);) paths.push_back(line.substr(7, line.find(' ') - 7));
+  std::ranges::sort(paths);
+  std::vector<std::string> files = Files();
+  std::erase(files, "vanzet-export.json");
+  EXPECT_EQ(paths, files);
+  EXPECT_THAT(exported.out,
+              testing::ContainsRegex("models/main-billet.step +1385442.4 mm3 +1000.0 x 42.0 x 42.0 mm\n"));
+}
+
+TEST_F(ExportCommand, ListsItsFilesWithTheirBodiesAsJson) {
+  const Outcome exported = Vanzet("export lathe --out models --format stl --json");
+  const Json files = Json::parse(exported.out, nullptr, false)["files"];
+  ASSERT_EQ(files.size(), Files().size() - 1);
+  EXPECT_EQ(files[0]["path"], "models/equipment.stl");
+  EXPECT_EQ(files[0]["bodies"].size(), files.size() - 1);
+  const auto billet = std::ranges::find(files, "models/main-billet.stl",
+                                        [](const Json& file) { return file["path"].get<std::string>(); });
+  ASSERT_NE(billet, files.end());
+  const Json body = (*billet)["bodies"][0];
+  EXPECT_EQ(body["name"], "main billet");
+  EXPECT_NEAR(body["volume"].get<double>(), std::numbers::pi * 441 * 1000, 15000);
+  EXPECT_EQ(body["box"].size(), 6U);
+  EXPECT_NEAR(body["box"][3].get<double>(), 22, 1e-6);
+  EXPECT_EQ(fs::file_size(folder / "models/main-billet.stl"), 84 + 50 * body["triangles"].get<std::size_t>());
+}
+
+TEST_F(ExportCommand, WritesAnOpenBodyWithoutAVolume) {
+  WriteBytes(folder / "lathe/bodies/sheet.stl",
+             "solid sheet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex -50 0 0\nvertex 0 20 0\n"
+             "endloop\nendfacet\nendsolid sheet\n");
+  const char* const form = R"({"spurs":[{"spur":0,"main":{"billet":{"kind":"solid","solid":"sheet","part_length":50,
+                              "clamp_diameter":40}}}]})";
+  const Outcome defined = Vanzet("define - lathe", "", form);
+  ASSERT_EQ(defined.status, 0) << defined.err;
+  const Outcome people = Vanzet("export lathe --out models --format wrl");
+  EXPECT_THAT(people.out, testing::ContainsRegex("models/main-billet.wrl +- +50.0 x 20.0 x 0.0 mm\n"));
+  const Outcome programs = Vanzet("export lathe --out models --format wrl --json");
+  EXPECT_TRUE(Json::parse(programs.out, nullptr, false)["files"][0]["bodies"][0]["volume"].is_null());
+}
+
+TEST_F(ExportCommand, RemovesFromItsFolderWhatItHasWrittenBeforeAndNothingElse) {
+  Export("step");
+  WriteBytes(folder / "models/notes.step", "a person's");
+  Export("stl");
+  const std::vector<std::string> files = Files();
+  EXPECT_THAT(files, testing::IsSupersetOf({"equipment.stl", "notes.step", "vanzet-export.json"}));
+  EXPECT_EQ(std::ranges::count_if(files, [](const auto& name) { return name.ends_with(".step"); }), 1);
+}
+
+TEST_F(ExportCommand, KeepsWhatSomebodyHasChangedAndSaysSo) {
+  Export("step");
+  WriteBytes(folder / "models/main-clamp.step", "changed");
+  const Outcome next = Vanzet("export lathe --out models --format stl");
+  EXPECT_EQ(next.status, 0);
+  EXPECT_EQ(next.err,
+            "vanzet: models/main-clamp.step: is not removed: it was changed after it was exported\n");
+  EXPECT_EQ(ReadBytes(folder / "models/main-clamp.step"), "changed");
+  Export("step");
+  Export("stl");
+  EXPECT_FALSE(fs::exists(folder / "models/main-clamp.step")) << "the last export has written it again";
+}
+
+TEST_F(ExportCommand, LeavesTheFolderAsItWasWhenItFails) {
+  Export("step");
+  const std::string before = ReadBytes(folder / "models/vanzet-export.json");
+  const std::vector<std::string> files = Files();
+  WriteBytes(folder / "exchange",
+             "#!/bin/sh\ncase $1 in write-*) exit 1;; esac\nexec '" VANZET_EXCHANGE_FILE "' \"$@\"\n");
+  fs::permissions(folder / "exchange", fs::perms::owner_all);
+  const Outcome failed =
+      Vanzet("export lathe --out models --format gltf", "VANZET_EXCHANGE=\"$PWD/exchange\"");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_EQ(failed.out, "");
+  EXPECT_EQ(Files(), files);
+  EXPECT_EQ(ReadBytes(folder / "models/vanzet-export.json"), before);
+  EXPECT_EQ(Vanzet("export lathe --out new --format gltf", "VANZET_EXCHANGE=\"$PWD/exchange\"").status, 1);
+  EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST_F(ExportCommand, TrustsNoListThatLeadsOutOfTheFolder) {
+  WriteBytes(folder / "victim", "a file");
+  fs::create_directory(folder / "models");
+  for (const char* list :
+       {R"({"version":1,"files":[{"name":"../victim","size":6,"checksum":"0"}]})",
+        R"({"version":2,"files":[]})", R"({"version":1,"files":[{"name":"a"}]})", "{", ""}) {
+    WriteBytes(folder / "models/vanzet-export.json", list);
+    const Outcome exported = Vanzet("export lathe --out models --format stl");
+    EXPECT_EQ(exported.status, 1) << list;
+    EXPECT_EQ(exported.err,
+              "vanzet: models/vanzet-export.json: not a list of exported files; remove it to go on\n");
+    EXPECT_EQ(Files().size(), 1U);
+  }
+  EXPECT_TRUE(fs::exists(folder / "victim"));
+}
+
+TEST_F(ExportCommand, OfNamedBodiesLeavesTheOthersAlone) {
+  Export("stl");
+  const std::vector<std::string> files = Files();
+  const Outcome one = Vanzet("export lathe --out models --format wrl --body 'Main Jaw 1'");
+  EXPECT_EQ(one.status, 0) << one.err;
+  EXPECT_THAT(one.out, testing::StartsWith("models/main-jaw-1.wrl "));
+  EXPECT_EQ(Files().size(), files.size() + 1);
+  const Outcome three = Vanzet("export lathe --out models --format wrl --body main-jaw");
+  EXPECT_EQ(std::ranges::count(three.out, '\n'), 3);
+  Export("stl");
+  EXPECT_EQ(Files(), files) << "their files are in the list, too";
+}
+
+TEST_F(ExportCommand, ShowsTheNearNamesOfABodyThatDoesNotExist) {
+  const Outcome near = Vanzet("export lathe --out models --format wrl --body 'main bilet'");
+  EXPECT_EQ(near.status, 1);
+  EXPECT_EQ(near.err, "vanzet: body 'main bilet' does not exist; did you mean 'main billet'?\n");
+  EXPECT_THAT(Vanzet("export lathe --out models --format wrl --body tailstock").err,
+              HasSubstr("body 'tailstock' does not exist; the bodies are: main clamp, main jaw 1, "));
+  EXPECT_FALSE(fs::exists(folder / "models"));
+}
+
+TEST_F(ExportCommand, WritesOneFileToStandardOutput) {
+  Export("stl");
+  const Outcome all = Vanzet("export lathe --out - --format stl");
+  EXPECT_TRUE(all.out == ReadBytes(folder / "models/equipment.stl"));
+  const Outcome billet = Vanzet("export lathe --out - --format stl --body 'main billet'");
+  EXPECT_TRUE(billet.out == ReadBytes(folder / "models/main-billet.stl"));
+  EXPECT_FALSE(fs::exists(folder / "-"));
+  EXPECT_EQ(Vanzet("export lathe --out - --format stl --json").status, 2);
 }
 
 TEST_F(ExportCommand, TellsWhatItCannotDo) {

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "modeller/body.h"
+#include "modeller/facets.h"
 #include "modeller/foreign_files.h"
 #include "modeller/measures.h"
 #include "modeller/read_back.h"
@@ -32,9 +35,19 @@ class Exports : public testing::Test {
 
   fs::path Exported(ExportFormat format) {
     const fs::path file = folder_ / ("out" + std::string(EndingOf(format)));
-    EXPECT_EQ(Told(Export(bodies_, format, file, {}, TestExchange())), "");
+    EXPECT_EQ(Told(Export(format, file)), "");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
     return file;
+  }
+
+  /// All bodies in one file.
+  Result<void> Export(ExportFormat format, const fs::path& file, const Exchange& exchange = TestExchange()) {
+    FileBodies all(bodies_.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return MakeFiles(bodies_, {all}, format, {}, exchange, [&](std::size_t, const std::string& content) {
+      WriteBytes(file, content);
+      return Result<void>();
+    });
   }
 
   /// The brick at the origin; the ball, moved to y 50, turned by a quarter about z to x -50, then moved.
@@ -106,31 +119,72 @@ TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
               Pointwise(DoubleNear(1e-5), {0.0, 0.005, -0.02, 0.01, 0.035, 0.0}));
 }
 
+TEST_F(Exports, SeveralFilesOfTheSameBodiesInTheirOrder) {
+  for (const char* word : {"step", "gltf", "stl", "wrl"}) {
+    std::vector<std::string> contents;
+    const auto take = [&](std::size_t file, const std::string& content) -> Result<void> {
+      EXPECT_EQ(file, contents.size());
+      contents.push_back(content);
+      return {};
+    };
+    const ExportFormat format = *FormatNamed(word);
+    EXPECT_EQ(Told(MakeFiles(bodies_, {{0, 1}, {1}, {0}}, format, {}, TestExchange(), take)), "") << word;
+    ASSERT_EQ(contents.size(), 3U) << word;
+    EXPECT_GT(contents[0].size(), contents[1].size()) << word;
+    EXPECT_GT(contents[0].size(), contents[2].size()) << word;
+    EXPECT_NE(contents[1], contents[2]) << word;
+  }
+}
+
+TEST_F(Exports, StopWhereAFileIsNotTaken) {
+  int taken = 0;
+  const auto take = [&](std::size_t, const std::string&) -> Result<void> {
+    ++taken;
+    return Fault{"no room"};
+  };
+  for (const ExportFormat format : {ExportFormat::kStl, ExportFormat::kGltf}) {
+    EXPECT_EQ(Told(MakeFiles(bodies_, {{0}, {1}}, format, {}, TestExchange(), take)), "no room");
+  }
+  EXPECT_EQ(taken, 2);
+}
+
+TEST_F(Exports, MeasureWhatIsWritten) {
+  const auto brick = Get(FactsOf(bodies_[0], ExportFormat::kStep, {}));
+  EXPECT_NEAR(brick.volume.value_or(0), 6000, 1e-6);
+  EXPECT_EQ(brick.triangles, 12U);
+  const auto ball = Get(FactsOf(bodies_[1], ExportFormat::kStep, {}));
+  EXPECT_NEAR(ball.volume.value_or(0), 4188.790204786391, 1e-6);
+  EXPECT_NEAR(ball.box.min.x, 40, 1e-3) << "where it is placed";
+  EXPECT_LT(Get(FactsOf(bodies_[1], ExportFormat::kStl, {})).volume.value_or(0), 4188)
+      << "facets are within the ball";
+}
+
+TEST_F(Exports, MeasureNoVolumeOfAnOpenBody) {
+  const Mesh open = {{{0, 0, 0}, {10, 0, 0}, {0, 10, 5}}, {{0, 1, 2}}};
+  const auto facts = Get(FactsOf({"open", BodyOf(FaceOf(open), true), {}, {}}, ExportFormat::kStl, {}));
+  EXPECT_EQ(facts.volume, std::nullopt);
+  EXPECT_EQ(facts.triangles, 1U);
+  EXPECT_EQ(facts.box.max.z, 5);
+}
+
 TEST_F(Exports, NothingWithoutABody) {
   bodies_.clear();
-  const fs::path file = folder_ / "out.step";
-  WriteBytes(file, "old");
-  EXPECT_EQ(Told(Export(bodies_, ExportFormat::kStep, file, {}, TestExchange())),
-            file.string() + ": no body to write");
-  EXPECT_EQ(ReadBytes(file), "old");
+  EXPECT_EQ(Told(Export(ExportFormat::kStep, folder_ / "out.step")), "no body to write");
 }
 
 TEST_F(Exports, NothingThatIsScaledOrMirrored) {
   for (const double scale : {2.0, -1.0}) {
     bodies_[0].placement.Unit();
     bodies_[0].placement.Scale(1, 1, scale);
-    EXPECT_THAT(Told(Export(bodies_, ExportFormat::kStl, folder_ / "out.stl", {}, TestExchange())),
+    EXPECT_THAT(Told(Export(ExportFormat::kStl, folder_ / "out.stl")),
                 testing::HasSubstr("a body can be moved and turned, not scaled or mirrored"));
   }
   EXPECT_TRUE(fs::is_empty(folder_.path()));
 }
 
-TEST_F(Exports, LeaveTheOldFileWhenTheyFail) {
-  const fs::path file = folder_ / "out.glb";
-  WriteBytes(file, "old");
-  EXPECT_NE(Told(Export(bodies_, ExportFormat::kGltf, file, {}, Exchange{folder_ / "none", {}})), "");
-  EXPECT_EQ(ReadBytes(file), "old");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path()), {}), 1);
+TEST_F(Exports, NothingWithoutTheExchangeProgram) {
+  EXPECT_NE(Told(Export(ExportFormat::kGltf, folder_ / "out.glb", Exchange{folder_ / "none", {}})), "");
+  EXPECT_TRUE(fs::is_empty(folder_.path()));
 }
 
 TEST(ExportFormats, HaveTheirWords) {

@@ -6,7 +6,7 @@
 #include "base/files/whole_file.h"
 #include "base/letter_case.h"
 #include "drawing/picture.h"
-#include "results/equipment.h"
+#include "results/export.h"
 #include "results/png.h"
 #include "scene/picture.h"
 #include "window/commands/boxes.h"
@@ -91,7 +91,9 @@ Result<void> ExportCommands::WriteBodies(modeller::ExportFormat format, const fs
   BusyBox box(workplace_.texts, Text::kExporting, workplace_.window);
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = box.Progress();
-  return results::WriteEquipment(*workplace_.scene, format, folder, exchange);
+  VANZET_TRY(const auto report, results::WriteEquipment(*workplace_.scene, {format}, folder, exchange));
+  for (const fs::path& file : report.changed) workplace_.reportFault(results::ChangedSinceExport(file));
+  return {};
 }
 
 Result<void> ExportCommands::CheckEquipment() const {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vector>
+
+#include "results/export.h"
+
+namespace vanzet::cli {
+
+/// Prints the files that a command has written, one a line: for people the path, the volume and the size of
+/// what is in it, for programs as docs/command-line.md describes.
+Result<void> PrintWrittenFiles(const std::vector<results::WrittenFile>& files, bool isJson);
+
+/// True for the name that stands for standard output, "-".
+bool IsStandardOutput(const std::string& file);
+
+/// Throws `WrongUsage` for a listing as JSON when the file itself goes to standard output.
+void CheckListing(const std::string& out, bool isJson);
+
+}  // namespace vanzet::cli
