@@ -56,8 +56,9 @@ Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<F
                        ExportFormat format, const MeshTolerance& tolerance, const Exchange& exchange,
                        const TakeContent& take);
 
-/// Writes the facets of a body to a file as VRML 2.0, completely or not at all: one IndexedFaceSet, each point and each face on a line of its
-/// own. The word "coordIndex" is alone on the line before the faces, and a line with "]" ends them.
+/// Writes the facets of a body to a file as VRML 2.0, completely or not at all: one IndexedFaceSet, each point
+/// and each face on a line of its own. The word "coordIndex" is alone on the line before the faces, and a line
+/// with "]" ends them.
 Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance);
 
 /// The same for a body of the table. Fails with `kMissing` for a number without a body; an old file stays.

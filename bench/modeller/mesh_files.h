@@ -17,8 +17,8 @@ std::string VrmlShape(const Mesh& mesh, const Colour& colour);
 /// unique.
 std::string NamedVrmlNode(const std::string& name, std::size_t number, const std::string& shape);
 
-/// The triangles of some of the meshes as a binary STL file: a head of 80 bytes, the count, then 50 bytes a triangle, all numbers
-/// little-endian and coordinates in single precision.
+/// The triangles of some of the meshes as a binary STL file: a head of 80 bytes, the count, then 50 bytes a
+/// triangle, all numbers little-endian and coordinates in single precision.
 std::string StlBytes(const std::vector<Mesh>& meshes, const std::vector<std::size_t>& numbers);
 
 }  // namespace vanzet::modeller
