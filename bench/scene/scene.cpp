@@ -5,6 +5,7 @@
 
 #include "modeller/measures.h"
 #include "scene/bodies.h"
+#include "scene/centre_hole.h"
 #include "scene/device_text.h"
 #include "scene/equipment.h"
 #include "scene/placing.h"
@@ -46,9 +47,11 @@ class Maker {
     if (!hasCenter) {
       VANZET_TRY(things.clamp, ReadDeviceText(definition_, clamp, sources_.exchange));
     }
-    VANZET_TRY(auto jaw, ReadDeviceText(definition_, clamp + 1, sources_.exchange));
-    if (things.clamp) things.jaw = std::move(jaw);
     const Spindle& defined = equipment_.spindles[spindle];
+    // Without a jaw the definition has a stand-by one for the simulation.
+    if (things.clamp && defined.jaw.params.type != 0) {
+      VANZET_TRY(things.jaw, ReadDeviceText(definition_, clamp + 1, sources_.exchange));
+    }
     VANZET_TRY(things.billet, PrefixFault("the billet" + of, BodyOf(defined.billet, sources_)));
     // Found once here, where a failure is a fault; places are computed from it later.
     if (things.billet) VANZET_DO(PrefixFault("the billet" + of, modeller::Extents(*things.billet)));
@@ -60,6 +63,7 @@ class Maker {
     VANZET_TRY(const SpindleThings things, ThingsOf(0));
     scene_ = PlaceSpindle(equipment_.spindles[0], things, kNames[0]);
     stockFront_ = StationsOf(equipment_.spindles[0], things).stockFront;
+    if (things.billet) centreHole_ = CentreHoleRadius(*things.billet);
     return {};
   }
 
@@ -67,7 +71,8 @@ class Maker {
     VANZET_TRY(const auto text,
                ReadDeviceText(definition_, equipment_.isCenterInSub ? 7 : 9, sources_.exchange));
     if (!text) return {};
-    SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(stockFront_ + text->socket.x)};
+    const double tip = stockFront_ - SeatDepth(*text, centreHole_);
+    SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(tip + text->socket.x)};
     center.exact = ExactBody(equipment_.center.params, center.body);
     scene_.bodies.push_back(std::move(center));
     return {};
@@ -115,6 +120,7 @@ class Maker {
   Equipment equipment_;
   Scene scene_;
   double stockFront_ = 0;
+  double centreHole_ = 0;  ///< the radius of the bore in the front of the main billet
 };
 
 }  // namespace

@@ -164,6 +164,30 @@ TEST_F(Scenes, PutACenterAgainstTheBilletWithAndWithoutASubSpindle) {
   }
 }
 
+TEST_F(Scenes, SeatACenterInTheBoreOfItsBillet) {
+  // The point's cone of 60 degrees has the radius 10 at the depth 10 / tan(30 degrees).
+  for (const auto& [bore, depth] : {std::pair{0.0, 0.0}, {20.0, 10 / std::tan(std::numbers::pi / 6)}}) {
+    MakeDefinition();
+    Clamp(0, kChuck, kHardJaw);
+    PutBillet(0, 50, 200, bore);
+    PutCenter(kCenter, true);
+    EXPECT_NEAR(BoxOf(Shown(), "center").min.x, -depth, 0.02) << bore;
+  }
+}
+
+TEST_F(Scenes, KeepACenterInFrontOfABoreThatIsWiderThanIt) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 150, 200, 100);
+  PutCenter(kCenter, true);
+  EXPECT_NEAR(BoxOf(Shown(), "center").min.x, 0, 1e-3);
+}
+
+TEST_F(Scenes, LeaveOutTheJawThatStandsByWhereNoneIsDefined) {
+  Clamp(0, kChuck, {});
+  EXPECT_FALSE(Stored().Items(6, 1).empty()) << "the definition has it for the simulation";
+  EXPECT_THAT(NamesOf(Shown()), ElementsAre("main clamp"));
+}
+
 TEST_F(Scenes, MarkTheDatum) {
   Clamp(0, kChuck, kHardJaw);
   PutBillet(0, 60, 120);
