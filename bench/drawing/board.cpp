@@ -17,6 +17,23 @@ auto Between(Map& map, int first, int last) {
   return std::pair(map.lower_bound(first), map.upper_bound(last));
 }
 
+/// The contour whose heights are half of those of the other.
+Result<geometry::Kurve> HalveHeights(const geometry::Kurve& curve) {
+  geometry::Kurve halved;
+  bool hasArcs = false;
+  for (int i = 0; i < curve.nVertices; ++i) {
+    geometry::spVertex vertex;
+    curve.Get(i, vertex);
+    vertex.p.y /= 2;
+    vertex.pc.y /= 2;
+    hasArcs = hasArcs || vertex.type != geometry::LINEAR;
+    halved.Add(vertex);
+  }
+  const auto valid = CheckCurve(halved);
+  if (!valid && hasArcs) return Fault{"the heights of an arc cannot be taken as diameters"};
+  return valid ? Result<geometry::Kurve>(halved) : valid.fault();
+}
+
 }  // namespace
 
 Board::Board() : isLoaded_(true) {
@@ -195,7 +212,11 @@ Result<void> Board::Append(const std::string& figure, Stroke stroke) {
 }
 
 Result<void> Board::Append(const std::string& figure, int contour) {
-  return Append(figure, drawing_.contours.at(contour).stroke);
+  Stroke stroke = drawing_.contours.at(contour).stroke;
+  if (diameterFigures_.contains(figure)) {
+    VANZET_TRY(stroke.curve, HalveHeights(stroke.curve));
+  }
+  return Append(figure, std::move(stroke));
 }
 
 Result<void> Board::Append(const std::string& figure, geometry::Kurve curve) {
@@ -210,6 +231,7 @@ Result<void> Board::Insert(const std::string& figure, const Placement& placement
 }
 
 void Board::DeleteFigure(const std::string& name) {
+  diameterFigures_.erase(name);
   if (drawing_.figures.erase(name) > 0) changes_.figures.insert(name);
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -81,6 +82,7 @@ class Board {
   const Drawing& drawing() const { return drawing_; }
 
   Window window = Window::kDisplay;
+  bool isTurning = false;  ///< lines are about turning from now on
   Workpieces workpieces;
 
   /// The current layer.
@@ -118,7 +120,10 @@ class Board {
 
   /// Fails when the figure exists or the name is invalid.
   Result<void> CreateFigure(const std::string& name);
-  /// Requires for these: the figure exists, and so does the contour.
+  /// The heights of contours that are appended to the figure from now on in this run are diameters.
+  void TakeDiameters(const std::string& figure) { diameterFigures_.insert(figure); }
+  /// Requires for these: the figure exists, and so does the contour. Fails for a contour with an arc whose
+  /// half height is not an arc.
   Result<void> Append(const std::string& figure, int contour);
   Result<void> Insert(const std::string& figure, const Placement& placement);
   /// Adds a contour in the current layer.
@@ -144,6 +149,7 @@ class Board {
   Changes changes_;
   std::string layer_ = kFirstLayer;
   std::optional<std::string> formerLayer_;  ///< before `BeginLayer`
+  std::set<std::string> diameterFigures_;
   NameNumbers layerNumbers_{0};
 };
 

@@ -1,6 +1,8 @@
 #include "drawing/drawing.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "contour/contour.h"
@@ -8,6 +10,8 @@
 
 namespace vanzet::drawing {
 namespace {
+
+constexpr std::string_view kFiguresOfModule[] = {"BilletM", "BilletS", "ZOffsetMain", "ZOffsetSub"};
 
 /// Copies the part of that key from `ours` to `theirs`, or removes it if `ours` does not have it.
 template <class Key, class Part>
@@ -31,6 +35,10 @@ void ForEachLayerInUse(const Drawing& drawing, Visit visit) {
 }
 
 }  // namespace
+
+bool IsFigureOfModule(std::string_view name) {
+  return std::ranges::find(kFiguresOfModule, name) != std::end(kFiguresOfModule);
+}
 
 void RemoveLayer(Drawing& drawing, const std::string& name, Changes& changes) {
   if (name != kFirstLayer && drawing.layers.erase(name) > 0) changes.layers.insert(name);

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/result.h"
@@ -75,6 +76,10 @@ struct Changes {
 
   bool IsEmpty() const { return layers.empty() && figures.empty() && contours.empty() && lines.empty(); }
 };
+
+/// Whether a module draws the figure of this name for itself, to show a billet or a datum. No pick and no
+/// list offers it.
+bool IsFigureOfModule(std::string_view name);
 
 /// Removes a layer with its contents, and adds what changes to `changes`. The first layer is only emptied.
 void RemoveLayer(Drawing& drawing, const std::string& name, Changes& changes);

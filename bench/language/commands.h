@@ -36,7 +36,8 @@ Result<void> LayerDelete(const Operands& operands, Surroundings& surroundings);
 
 // The state of the host.
 Result<void> SelectWindow(const Operands& operands, Surroundings& surroundings);
-Result<void> BeginDrawing(const Operands& operands, Surroundings& surroundings);
+Result<void> BeginTurning(const Operands& operands, Surroundings& surroundings);
+Result<void> ResetOrigin(const Operands& operands, Surroundings& surroundings);
 Result<void> Refresh(const Operands& operands, Surroundings& surroundings);
 Result<void> CallMacro(const Operands& operands, Surroundings& surroundings);
 

@@ -5,6 +5,8 @@
 namespace vanzet::language {
 namespace {
 
+constexpr const char* kTurningPlane = "z0x0y0";
+
 Result<void> CheckFigure(const Operand& operand, const Surroundings& surroundings) {
   if (surroundings.board.drawing().HasFigure(operand.text)) return {};
   return operand.At("figure '" + operand.text + "' does not exist", FaultKind::kMissing);
@@ -13,12 +15,16 @@ Result<void> CheckFigure(const Operand& operand, const Surroundings& surrounding
 }  // namespace
 
 Result<void> FigureCreate(const Operands& operands, Surroundings& surroundings) {
-  // All figures have the axes of the drawing, in either order.
+  // All figures have the axes of the drawing, in either order; only the plane of turning knows diameters.
   const std::string& axes = operands[1].text;
-  if (axes != "z0x0y0" && axes != "x0y0z0") {
+  if (axes != kTurningPlane && axes != "x0y0z0") {
     return operands[1].At("expected the axes z0x0y0 or x0y0z0, found '" + axes + "'");
   }
-  return operands[0].WithPlace(surroundings.board.CreateFigure(operands[0].text));
+  drawing::Board& board = surroundings.board;
+  VANZET_DO(operands[0].WithPlace(board.CreateFigure(operands[0].text)));
+  const bool hasDiameters = surroundings.variables.Integer("i_diaprg").value_or(0) != 0;
+  if (axes == kTurningPlane && board.isTurning && hasDiameters) board.TakeDiameters(operands[0].text);
+  return {};
 }
 
 Result<void> FigureAppend(const Operands& operands, Surroundings& surroundings) {
@@ -56,8 +62,13 @@ Result<void> SelectWindow(const Operands& operands, Surroundings& surroundings) 
   return {};
 }
 
-Result<void> BeginDrawing(const Operands&, Surroundings&) {
-  // Every drawing is one of turning, about the origin; diameters are drawn as they are sent.
+Result<void> ResetOrigin(const Operands&, Surroundings&) {
+  // Every drawing is about the origin.
+  return {};
+}
+
+Result<void> BeginTurning(const Operands&, Surroundings& surroundings) {
+  surroundings.board.isTurning = true;
   return {};
 }
 

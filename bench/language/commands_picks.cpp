@@ -13,17 +13,13 @@ constexpr std::int32_t kCancelled = 27;
 constexpr std::int32_t kObjectPicked = 151;
 constexpr std::int32_t kPositionPicked = 1;
 
-/// Gives every figure a number: those of the drawing, then those of the files, each in the order of bytes.
-void NumberFigures(Surroundings& surroundings) {
-  drawing::NameNumbers& objects = surroundings.board.objects;
-  for (const auto& [name, figure] : surroundings.board.drawing().figures) objects.NumberOf(name);
-  for (const std::string& name : surroundings.workplace.FigureFiles()) objects.NumberOf(name);
-}
-
-bool IsFigure(const std::string& name, Surroundings& surroundings) {
-  if (surroundings.board.drawing().HasFigure(name)) return true;
-  const std::vector<std::string> files = surroundings.workplace.FigureFiles();
-  return std::ranges::find(files, name) != files.end();
+/// The figures that can be picked: those of the drawing, then those of the files, each in the order of bytes.
+std::vector<std::string> FiguresToPick(Surroundings& surroundings) {
+  std::vector<std::string> names;
+  for (const auto& [name, figure] : surroundings.board.drawing().figures) names.push_back(name);
+  for (const std::string& name : surroundings.workplace.FigureFiles()) names.push_back(name);
+  std::erase_if(names, drawing::IsFigureOfModule);
+  return names;
 }
 
 /// Asks for a figure and returns its number, or nothing when the pick is cancelled.
@@ -31,12 +27,16 @@ Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surrou
   VANZET_DO(surroundings.board.Load());
   VANZET_TRY(const auto pick, surroundings.picks.Next({Pick::Kind::kFigure, prompt}));
   if (pick.kind == Pick::Kind::kCancel) return std::optional<std::int32_t>();
-  if (!IsFigure(pick.name, surroundings)) {
-    Fault fault = surroundings.picks.At(pick, "figure '" + pick.name + "' does not exist");
+  const std::vector<std::string> figures = FiguresToPick(surroundings);
+  if (std::ranges::find(figures, pick.name) == figures.end()) {
+    const bool isOfModule = drawing::IsFigureOfModule(pick.name);
+    Fault fault = surroundings.picks.At(
+        pick, "figure '" + pick.name +
+                  (isOfModule ? "' is the module's own: it cannot be picked" : "' does not exist"));
     fault.kind = FaultKind::kMissing;
     return fault;
   }
-  NumberFigures(surroundings);
+  for (const std::string& name : figures) surroundings.board.objects.NumberOf(name);
   return std::optional(surroundings.board.objects.NumberOf(pick.name));
 }
 

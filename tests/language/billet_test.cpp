@@ -19,6 +19,7 @@ class Billets : public LanguageTest {
            "red -1",
            "ori",
            "mct turning",
+           "i_diaprg=1",
            "lay ch 'Billet_Spindel_1'",
            "call @@lay 'magenta' 'solid' '' '' 'Billet_Spindel_1'",
            "win 0",
@@ -105,11 +106,11 @@ class Billets : public LanguageTest {
 TEST_F(Billets, WithBarAndBoreHaveNineStrokes) {
   DrawBillet();
   EXPECT_THAT(Strokes("BilletM"),
-              ElementsAre(ElementsAre("5 0", "5 80", "-195 80", "-195 -80", "5 -80", "5 0"),
-                          ElementsAre("5 30", "-195 30"), ElementsAre("5 -30", "-195 -30"),
-                          ElementsAre("0 80", "0 30"), ElementsAre("0 -30", "0 -80"),
-                          ElementsAre("-100 80", "-100 30"), ElementsAre("-100 -30", "-100 -80"),
-                          ElementsAre("-102 80", "-102 30"), ElementsAre("-102 -30", "-102 -80")));
+              ElementsAre(ElementsAre("5 0", "5 40", "-195 40", "-195 -40", "5 -40", "5 0"),
+                          ElementsAre("5 15", "-195 15"), ElementsAre("5 -15", "-195 -15"),
+                          ElementsAre("0 40", "0 15"), ElementsAre("0 -15", "0 -40"),
+                          ElementsAre("-100 40", "-100 15"), ElementsAre("-100 -15", "-100 -40"),
+                          ElementsAre("-102 40", "-102 15"), ElementsAre("-102 -15", "-102 -40")));
   for (const auto& stroke : board.drawing().figures.at("BilletM").strokes) {
     EXPECT_EQ(stroke.layer, "Billet_Spindel_1");
     EXPECT_EQ(stroke.pen.colour->name, "magenta");

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "language_fixture.h"
 
 namespace vanzet::language {
@@ -36,6 +38,45 @@ TEST_F(Figures, AreMadeWithEitherAxisText) {
   DoAll({"fig cre A z0x0y0", "fig cre B x0y0z0"});
   EXPECT_EQ(Outcome("fig cre C y0"), "11: expected the axes z0x0y0 or x0y0z0, found 'y0'");
   EXPECT_EQ(Outcome("fig cre C"), "10: expected the axes");
+}
+
+TEST_F(Figures, OfTheTurningPlaneTakeHeightsAsDiameters) {
+  DoAll({"mct turning", "i_diaprg=1", "fig cre F z0x0y0", "k2 e X0 Y0 X0 Y42 X-9 Y-42 ek",
+         "figure append F k2", "fig cre Mark x0y0z0", "figure append Mark k2"});
+  EXPECT_THAT(VerticesOf(Figure("F").strokes[0].curve), ElementsAre("0 0", "0 21", "-9 -21", "0 0"));
+  EXPECT_THAT(VerticesOf(Figure("Mark").strokes[0].curve), ElementsAre("0 0", "0 42", "-9 -42", "0 0"));
+  EXPECT_THAT(Vertices(2), ElementsAre("0 0", "0 42", "-9 -42", "0 0")) << "the contour keeps what was sent";
+}
+
+TEST_F(Figures, TakeHeightsAsTheyAreWithoutDiameterProgramming) {
+  DoAll({"k2 e X0 Y0 X0 Y42 ek", "i_diaprg=1", "fig cre NotTurning z0x0y0", "figure append NotTurning k2",
+         "mct turning", "i_diaprg=0", "fig cre Radii z0x0y0", "i_diaprg=1", "figure append Radii k2"});
+  for (const char* name : {"NotTurning", "Radii"}) {
+    EXPECT_THAT(VerticesOf(Figure(name).strokes[0].curve), ElementsAre("0 0", "0 42", "0 0")) << name;
+  }
+}
+
+TEST_F(Figures, TakeRadiiAgainWhenTheyAreMadeAgainWithThem) {
+  DoAll({"k2 e X0 Y0 X0 Y42 ek", "mct turning", "i_diaprg=1", "fig cre F z0x0y0", "fig del F yes",
+         "i_diaprg=0", "fig cre F z0x0y0", "figure append F k2"});
+  EXPECT_THAT(VerticesOf(Figure("F").strokes[0].curve), ElementsAre("0 0", "0 42", "0 0"));
+}
+
+TEST_F(Figures, OfDiametersRefuseArcsThatHaveNoHalf) {
+  DoAll({"mct turning", "i_diaprg=1", "fig cre F z0x0y0", "p1=X5 Y0", "p2=X-5 Y0", "p3=X0 Y5", "p4=X0 Y0",
+         "c1=p4 5", "k2 p1 ac1 p3 ek", "k3 p1 ac1 p2 ek"});
+  EXPECT_EQ(Outcome("figure append F k2"), "17: the heights of an arc cannot be taken as diameters");
+  EXPECT_THAT(Figure("F").strokes, IsEmpty());
+}
+
+TEST_F(Figures, OfTheModuleAreNeitherPickedNorNumbered) {
+  DoAll({"fig cre BilletM z0x0y0", "fig cre F x0y0z0"});
+  std::istringstream text("figure BilletM\nfigure F\n");
+  picks = *drawing::Picks::Read(text, "picks.txt");
+  EXPECT_EQ(Outcome("dfm pick i_return i_return2 'Select Figure' 20"),
+            "picks.txt:1: figure 'BilletM' is the module's own: it cannot be picked");
+  DoAll({"dfm pick i_return i_return2 'Select Figure' 20"});
+  EXPECT_EQ(variables.Integer("i_return2"), 1);
 }
 
 TEST_F(Figures, AreInsertedIntoTheCurrentWindowUnderATransform) {

@@ -17,6 +17,12 @@ constexpr const char* kBar = "select 19\nset 2022 80\nset 2023 120\npress 2016\n
 class WindowPicks : public WindowTest {
  protected:
   std::string Hint() { return hint().findChild<QLabel*>()->text().toStdString(); }
+  /// A figure above the billet, from x -50 to 0.
+  void DrawAShape() {
+    WriteBytes(folder / "lathe/drawing.txt",
+               "drawing 1\nlayer black solid 0\nfigure Shape\nstroke black solid 0\nx-50 y60\nx0 y60\nek\n"
+               "insert display 1 0 0 1 0 0\nend 4\n");
+  }
   void Escape() { QTest::keyClick(window.get(), Qt::Key_Escape); }
 };
 
@@ -38,12 +44,23 @@ TEST_F(WindowPicks, OfAPositionAreThePlaceThatIsClicked) {
 
 TEST_F(WindowPicks, OfAPositionJumpToTheCornerBeside) {
   OpenSample();
+  DrawAShape();
   Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
          drawing().Fit();
-         Click(drawing(), At(-120, 80) + QPoint(5, -4));
+         Click(drawing(), At(-50, 60) + QPoint(5, -4));
        }});
-  // The pick is a radius, and the drawing shows a bar as wide as its lines say.
-  EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 160.000000 120.000000"));
+  // The drawing has radii; the dialog doubles what is picked.
+  EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 120.000000 120.000000"));
+}
+
+TEST_F(WindowPicks, OfTheCornerOfABilletAreItsDiameter) {
+  OpenSample();
+  Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
+         drawing().Fit();
+         Click(drawing(), At(-120, 40) + QPoint(5, -4));
+       }});
+  EXPECT_THAT(Messages(), HasSubstr("w_return2 = 40"));
+  EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 80.000000 120.000000"));
 }
 
 TEST_F(WindowPicks, AreCancelledByEscape) {
@@ -53,17 +70,21 @@ TEST_F(WindowPicks, AreCancelledByEscape) {
   EXPECT_THAT(Messages(), HasSubstr("i_return = 27"));
 }
 
-TEST_F(WindowPicks, OfAFigureAreTheOneThatIsClicked) {
+TEST_F(WindowPicks, OfAFigureAreTheOneThatIsClickedAndNotOneOfTheModule) {
   OpenSample();
+  DrawAShape();
   std::string prompt;
   Play(std::string(kBar) + "select 20\npress 2010\npress 2015\n", {[&] {
          prompt = Hint();
          EXPECT_TRUE(choice().isVisible());
+         EXPECT_EQ(choice().list().count(), 1) << "the drawing also has the billet";
          drawing().Fit();
-         Click(drawing(), At(-60, 80));
+         Click(drawing(), At(-60, 40));
+         EXPECT_TRUE(IsPicking());
+         Click(drawing(), At(-25, 60));
        }});
   EXPECT_THAT(prompt, HasSubstr("Select Figure"));
-  EXPECT_THAT(Section(1, 3), Contains(HasSubstr("BilletM")));
+  EXPECT_THAT(Section(1, 3), Contains("Shape"));
   EXPECT_FALSE(choice().isVisible());
 }
 

@@ -218,7 +218,9 @@ QStringList EquipmentCommands::Figures() const {
   QStringList names;
   const auto drawing = workplace_.session->Drawing();
   if (drawing) {
-    for (const auto& [name, figure] : drawing->figures) names << ToQString(name);
+    for (const auto& [name, figure] : drawing->figures) {
+      if (!drawing::IsFigureOfModule(name)) names << ToQString(name);
+    }
   }
   const drawing::FigureFolder folder(workplace_.session->project().folder() / "figures");
   for (const std::string& name : folder.Names()) {

@@ -145,7 +145,7 @@ void DrawingView::AnswerPick() {
   }
 }
 
-/// The figure with the line nearest to the place; empty when none is near.
+/// The figure that can be picked with the line nearest to the place; empty when none is near.
 std::string DrawingView::FigureAt(const QPointF& place) const {
   const geometry::Point point = frame_.ToPlane(place);
   double nearest = kFigureReach / frame_.scale();
@@ -153,7 +153,7 @@ std::string DrawingView::FigureAt(const QPointF& place) const {
   for (const auto& [layer, groups] : shown_) {
     for (const drawing::ShownGroup& group : groups) {
       for (const drawing::ShownCurve& curve : group.curves) {
-        if (curve.figure.empty()) continue;
+        if (curve.figure.empty() || drawing::IsFigureOfModule(curve.figure)) continue;
         int span = 0;
         const double distance = Dist(curve.curve.Near(point, span), point);
         if (distance >= nearest) continue;
