@@ -1,0 +1,126 @@
+#include "geometry/region/pieces.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "geometry/region/box_tree.h"
+
+namespace geometry::region {
+namespace {
+
+constexpr int kMostRounds = 48;
+constexpr double kQuarter = 1.5707963267948966;
+
+Vector2d Turned(const Vector2d& v, double angle) {
+  const double sine = std::sin(angle), cosine = std::cos(angle);
+  return {v.dx * cosine - v.dy * sine, v.dy * cosine + v.dx * sine};
+}
+
+/// The point of an arc after an angle, by its chord, so that it is exact for huge radii too.
+Vector2d PointOf(const Stroke& arc, double angle) {
+  const double signedHalf = std::copysign(angle / 2, arc.k);
+  return arc.from + Turned(arc.tangent, signedHalf) * (2 * std::sin(angle / 2) / std::abs(arc.k));
+}
+
+/// The angle from the start of an arc to where its tangent is first parallel to an axis.
+double FirstAxisAngle(const Stroke& arc) {
+  const double heading = std::atan2(arc.tangent.dy, arc.tangent.dx);
+  const double part = heading / kQuarter - std::floor(heading / kQuarter);
+  return (arc.k > 0 ? 1 - part : part) * kQuarter;
+}
+
+}  // namespace
+
+std::uint32_t Pieces::Append(std::uint32_t from, std::uint32_t to, const Stroke& stroke) {
+  if (to != from) pieces_.push_back({from, to, stroke.k, stroke.origin, stroke.turns});
+  return to;
+}
+
+// The ends come first, so that their coordinates stay as they are.
+void Pieces::Add(const Stroke& stroke) {
+  std::uint32_t from = net_.Add(stroke.from);
+  const std::uint32_t end = net_.Add(stroke.to);
+  if (stroke.k != 0) {
+    for (double angle = FirstAxisAngle(stroke); angle < stroke.sweep; angle += kQuarter) {
+      from = Append(from, net_.Add(PointOf(stroke, angle)), stroke);
+    }
+  }
+  Append(from, end, stroke);
+}
+
+void Pieces::CutAt(std::uint32_t i, std::uint32_t vertex) {
+  const Piece& piece = pieces_[i];
+  if (vertex == piece.from || vertex == piece.to) return;
+  const Curve& shape = prepared_[i].Shape();
+  cuts_.push_back({i, vertex, Dot(shape.b - shape.a, net_[vertex] - shape.a)});
+}
+
+void Pieces::CutAtEnds(std::uint32_t i, const Piece& other) {
+  for (const std::uint32_t end : {other.from, other.to}) {
+    if (end != pieces_[i].from && end != pieces_[i].to && prepared_[i].Passes(net_[end])) CutAt(i, end);
+  }
+}
+
+void Pieces::Compare(std::uint32_t i, std::uint32_t j) {
+  const Piece &a = pieces_[i], &b = pieces_[j];
+  CutAtEnds(i, b);
+  CutAtEnds(j, a);
+  const auto isEndOfB = [&](std::uint32_t vertex) { return vertex == b.from || vertex == b.to; };
+  Vector2d found[2];
+  const int count = prepared_[i].Meet(prepared_[j], {isEndOfB(a.from), isEndOfB(a.to)}, found);
+  for (int n = 0; n < count; ++n) {
+    const std::uint32_t vertex = net_.Add(found[n]);
+    CutAt(i, vertex);
+    CutAt(j, vertex);
+  }
+}
+
+bool Pieces::FindCuts() {
+  prepared_.clear();
+  prepared_.reserve(pieces_.size());
+  std::vector<BoxTree::Item> boxes;
+  boxes.reserve(pieces_.size());
+  for (const Piece& piece : pieces_) {
+    prepared_.emplace_back(CurveOf(piece), distance_);
+    const Box& box = prepared_.back().Bounds();
+    boxes.push_back({box.min.x, box.min.y, box.max.x, box.max.y, piece.isNew});
+  }
+  cuts_.clear();
+  BoxTree(std::move(boxes)).VisitPairs([&](std::uint32_t i, std::uint32_t j) { Compare(i, j); });
+  return !cuts_.empty();
+}
+
+void Pieces::ApplyCuts() {
+  std::sort(cuts_.begin(), cuts_.end(), [](const Cut& a, const Cut& b) {
+    return a.piece != b.piece   ? a.piece < b.piece
+           : a.along != b.along ? a.along < b.along
+                                : a.vertex < b.vertex;
+  });
+  std::vector<Piece> pieces;
+  pieces.reserve(pieces_.size() + cuts_.size());
+  auto cut = cuts_.begin();
+  for (std::uint32_t i = 0; i < pieces_.size(); ++i) {
+    Piece piece = pieces_[i];
+    piece.isNew = cut != cuts_.end() && cut->piece == i;
+    const std::uint32_t end = piece.to;
+    for (; cut != cuts_.end() && cut->piece == i; ++cut) {
+      if (cut->vertex == piece.from) continue;
+      piece.to = cut->vertex;
+      pieces.push_back(piece);
+      piece.from = cut->vertex;
+    }
+    piece.to = end;
+    if (piece.from != end) pieces.push_back(piece);
+  }
+  pieces_ = std::move(pieces);
+}
+
+bool Pieces::Normalise() {
+  for (int round = 0; round < kMostRounds; ++round) {
+    if (!FindCuts()) return true;
+    ApplyCuts();
+  }
+  return false;
+}
+
+}  // namespace geometry::region

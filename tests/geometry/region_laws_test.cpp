@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "geometry/region_probe.h"
+
+/// Laws of regions drawn by lot. VANZET_REGION_LAWS says how many, otherwise it is a sample of them.
+namespace geometry::testing {
+namespace {
+
+constexpr int kFew = 400;
+constexpr double kClose = 1e-6;
+
+class RegionLaws : public ::testing::Test {
+ protected:
+  /// Calls `test(random)` for each region, until it fails.
+  template <class Test>
+  void ForEach(Test test) {
+    const char* wanted = std::getenv("VANZET_REGION_LAWS");
+    const int count = wanted ? std::atoi(wanted) : kFew;
+    for (int seed = 0; seed < count && !HasFailure(); ++seed) {
+      SCOPED_TRACE("seed " + std::to_string(seed));
+      Random random(static_cast<std::uint32_t>(seed));
+      isLattice_ = seed % 2 == 1;
+      test(random);
+    }
+  }
+  /// Half of the contours have their corners on a lattice, where most coincidences are exact.
+  KurveEx DrawContour(Random& random) const {
+    return isLattice_ ? LatticeContour(3 + random.Below(12), 2 + random.Below(9), random)
+                      : Scribble(4 + random.Below(12), random);
+  }
+  double DrawDistance(Random& random) const {
+    constexpr double kDistances[] = {0.25, 0.5, 0.7071067811865475, 1, 1.5, 2, 3.3};
+    const double distance = kDistances[random.Below(7)] * (random.Below(2) == 0 ? -1 : 1);
+    return isLattice_ ? distance : distance * random.Between(0.3, 2);
+  }
+  static Point DrawPoint(const Region& region, double margin, Random& random) {
+    Box box = BoxOf(region);
+    box.Grow(margin);
+    return {random.Between(box.min.x, box.max.x), random.Between(box.min.y, box.max.y)};
+  }
+
+ private:
+  bool isLattice_ = false;
+  UnitsGuard millimetres_{0};
+};
+
+TEST_F(RegionLaws, SetsHoldThePointsThatTheyShould) {
+  ForEach([&](Random& random) {
+    const Region a = Clean(DrawContour(random)), b = Clean(DrawContour(random));
+    const Region both = Unite(a, b), common = Intersect(a, b), rest = Subtract(a, b);
+    ASSERT_TRUE(a.ok && b.ok && both.ok && common.ok && rest.ok);
+    ASSERT_NEAR(both.Area() + common.Area(), a.Area() + b.Area(), 1e-7 * (1 + both.Area()));
+    ASSERT_NEAR(rest.Area() + common.Area(), a.Area(), 1e-7 * (1 + both.Area()));
+    for (int i = 0; i < 50; ++i) {
+      const Point p = DrawPoint(both, 1, random);
+      if (std::min(DistanceTo(a, p), DistanceTo(b, p)) < kClose) continue;
+      const bool inA = TurnsAround(a, p) > 0, inB = TurnsAround(b, p) > 0;
+      ASSERT_EQ(TurnsAround(both, p), inA || inB ? 1 : 0);
+      ASSERT_EQ(TurnsAround(common, p), inA && inB ? 1 : 0);
+      ASSERT_EQ(TurnsAround(rest, p), inA && !inB ? 1 : 0);
+    }
+  });
+}
+
+TEST_F(RegionLaws, CleaningFollowsTheRule) {
+  ForEach([&](Random& random) {
+    const KurveEx contour = DrawContour(random);
+    const Region odd = Clean(contour), any = Clean(contour, FillRule::NonZero);
+    Region drawn;
+    drawn.loops.emplace_back();
+    for (const Span& s : contour.spans) drawn.loops[0].spans.push_back({s.dir, s.p0, s.p1, s.pc});
+    drawn.loops[0].spans.push_back({LINEAR, contour.End(), contour.Start(), {}});
+    for (int i = 0; i < 50; ++i) {
+      const Point p = DrawPoint(any, 1, random);
+      if (DistanceTo(drawn, p) < kClose) continue;
+      const int turns = TurnsAround(drawn, p);
+      ASSERT_EQ(TurnsAround(odd, p), turns % 2 == 0 ? 0 : 1);
+      ASSERT_EQ(TurnsAround(any, p), turns == 0 ? 0 : 1);
+    }
+  });
+}
+
+TEST_F(RegionLaws, OffsetsHoldThePointsAtTheDistance) {
+  ForEach([&](Random& random) {
+    const Region region = Clean(DrawContour(random));
+    const double distance = DrawDistance(random);
+    const Region made = OffsetRegion(region, distance);
+    ASSERT_TRUE(made.ok);
+    for (int i = 0; i < 100; ++i) {
+      const Point p = DrawPoint(region, 7, random);
+      const double depth = Depth(region, p);
+      if (std::abs(depth - distance) < kClose) continue;
+      ASSERT_EQ(TurnsAround(made, p), depth > distance ? 1 : 0) << p.x << " " << p.y << " by " << distance;
+    }
+    for (const RegionLoop& loop : made.loops) {
+      for (const RegionSpan& s : loop.spans) {
+        for (const double t : {0.0, 0.25, 0.5, 0.75}) {
+          ASSERT_NEAR(DistanceTo(region, PointOn(s, t)), std::abs(distance), 1e-7) << "by " << distance;
+        }
+      }
+    }
+  });
+}
+
+TEST_F(RegionLaws, GrowingTwiceIsGrowingByTheSum) {
+  ForEach([&](Random& random) {
+    Region region = Clean(DrawContour(random));
+    region.loose.clear();
+    const double first = std::abs(DrawDistance(random)), second = std::abs(DrawDistance(random));
+    const Region once = OffsetRegion(region, -first - second);
+    const Region twice = OffsetRegion(OffsetRegion(region, -first), -second);
+    ASSERT_TRUE(once.ok && twice.ok);
+    ASSERT_NEAR(once.Area(), twice.Area(), 1e-6 * (1 + once.Area()));
+    ASSERT_NEAR(once.Perimeter(), twice.Perimeter(), 1e-4 * (1 + once.Perimeter()));
+  });
+}
+
+TEST_F(RegionLaws, ShrinkingTwiceIsShrinkingByTheSum) {
+  ForEach([&](Random& random) {
+    const Region region = Clean(DrawContour(random));
+    const double first = std::abs(DrawDistance(random)) / 4, second = std::abs(DrawDistance(random)) / 4;
+    const Region once = OffsetRegion(region, first + second);
+    const Region twice = OffsetRegion(OffsetRegion(region, first), second);
+    ASSERT_TRUE(once.ok && twice.ok);
+    ASSERT_NEAR(once.Area(), twice.Area(), 1e-6 * (1 + region.Area()));
+  });
+}
+
+}  // namespace
+}  // namespace geometry::testing
