@@ -11,8 +11,10 @@
 #include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "define/changes.h"
 #include "define/events.h"
 #include "define/outcome.h"
+#include "define/schema.h"
 #include "define/write.h"
 #include "project/text_file.h"
 #include "results/definitions.h"
@@ -30,7 +32,7 @@ using define::Step;
 struct Arguments {
   std::vector<std::string> words;
   std::string transcript, trace;
-  bool isDryRun = false;
+  bool isDryRun = false, printsSchema = false, printsExample = false;
 };
 
 /// A form that passed its check, and the project that it is for.
@@ -100,8 +102,8 @@ Result<define::Json> StoredForm(const Job& job) {
 }
 
 /// The steps of the dialog before OK.
-Result<std::vector<Step>> StepsOfJob(const Job& job, const define::Surroundings& surroundings) {
-  VANZET_TRY(const auto former, StoredForm(job));
+std::vector<Step> StepsOfJob(const Job& job, const define::Json& former,
+                             const define::Surroundings& surroundings) {
   return define::StepsOf(job.form, former, surroundings.hasSubSpindle, surroundings.spurs > 1);
 }
 
@@ -158,9 +160,9 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
                               std::string& transcript) {
   VANZET_DO(BeginDrawing(job.host));
   VANZET_DO(UpgradeFirst(job.host, job.context));
-  VANZET_TRY(const auto steps, StepsOfJob(job, surroundings));
+  VANZET_TRY(const auto former, StoredForm(job));
   VANZET_TRY(const auto lines, BeginDefinitions(job));
-  VANZET_DO(Play(steps, job, transcript));
+  VANZET_DO(Play(StepsOfJob(job, former, surroundings), job, transcript));
   return lines;
 }
 
@@ -174,7 +176,37 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
   return KeepRun([&] { return job.host.Commit("define", [&] { return Print(*lines); }); });
 }
 
+/// Prints what would change as comments, and the script that would be played.
+Result<void> PrintPlan(const Job& job, const define::Surroundings& surroundings) {
+  VANZET_TRY(const auto former, StoredForm(job));
+  std::string plan = "# What would change:\n";
+  for (const std::string& change : define::ChangesOf(job.form, former))
+    plan += "#   " + OneLine(change) + "\n";
+  auto steps = StepsOfJob(job, former, surroundings);
+  steps.push_back(define::OkStep());
+  return Print(plan + define::ScriptOf(steps).text);
+}
+
+/// `define --schema` and `--example` need no form and no project.
+void CheckOperands(const Arguments& arguments) {
+  const bool prints = arguments.printsSchema || arguments.printsExample;
+  const char* const flag = arguments.printsSchema ? "--schema" : "--example";
+  if (!prints && arguments.words.empty())
+    throw WrongUsage{"FILE", "is missing: a form, or '-' for standard input"};
+  const bool isAlone = arguments.words.empty() && !arguments.isDryRun && arguments.transcript.empty() &&
+                       arguments.trace.empty() && arguments.printsSchema != arguments.printsExample;
+  if (prints && !isAlone) throw WrongUsage{flag, "takes no operands and no other options"};
+}
+
+Result<void> PrintExample(const Context& context) {
+  const fs::path file = context.places.share / "schema" / "example.json";
+  VANZET_TRY(const auto example, project::ReadTextFile(file, file.string()));
+  return Print(example);
+}
+
 Result<void> Define(const Arguments& arguments, Context& context) {
+  if (arguments.printsSchema) return Print(define::FormSchema().dump(2) + "\n");
+  if (arguments.printsExample) return PrintExample(context);
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& file = operands.words.front();
   VANZET_DO(CheckAreTwoFiles(arguments.transcript, arguments.trace));
@@ -190,9 +222,7 @@ Result<void> Define(const Arguments& arguments, Context& context) {
   VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
   const Job job{name, std::move(form), hosted->project, *hosted->host, context};
   if (!arguments.isDryRun) return Run(job, surroundings, arguments);
-  VANZET_TRY(auto steps, StepsOfJob(job, surroundings));
-  steps.push_back(define::OkStep());
-  return Print(define::ScriptOf(steps).text);
+  return PrintPlan(job, surroundings);
 }
 
 }  // namespace
@@ -201,16 +231,20 @@ void AddDefine(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
   Command& command = vanzet.AddCommand("define", "Defines equipment from a JSON form, through the dialog.");
   command.AddOperands("FILE [PROJECT]", "the form, a .json file; '-' is standard input", arguments->words)
-      .Required()
-      .Count(1, 2);
-  command.AddFlag("--dry-run", "only check the form, and print the script that would be run",
+      .Count(0, 2);
+  command.AddFlag("--dry-run",
+                  "only check the form, and print what would change and the script that would be run",
                   arguments->isDryRun);
+  command.AddFlag("--schema", "print the JSON schema of the form, for editors", arguments->printsSchema);
+  command.AddFlag("--example", "print a form with comments, to begin with", arguments->printsExample);
   command.AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
                     StoreFile(arguments->transcript));
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
   AddWait(command, context);
-  command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other"};
+  command.check = [=] { CheckOperands(*arguments); };
+  command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other",
+                      "vanzet define --example > job.json"};
   command.work = [=, &context] { return Define(*arguments, context); };
 }
 

@@ -56,7 +56,8 @@ Refusals CheckForm(Json& form, const Surroundings& surroundings) {
 }
 
 void Checker::Form(const Place& form) {
-  if (!IsObject(form, {"version", "spurs"})) return;
+  if (!IsObject(form, {kSchemaKey, kVersionKey, "spurs"})) return;
+  Schema(form);
   Version(form);
   if (!form.Has("spurs")) return void(Refuse(form.PathOf("spurs"), kMissing));
   const Place spurs = form["spurs"];
@@ -65,6 +66,13 @@ void Checker::Form(const Place& form) {
   for (std::size_t i = 0; i < spurs.json.size(); ++i) {
     Spur({spurs.json[i], spurs.path + "[" + std::to_string(i) + "]"});
   }
+}
+
+void Checker::Schema(const Place& form) {
+  if (!form.Has(kSchemaKey)) return;
+  const Place schema = form[kSchemaKey];
+  if (!schema.json.is_string()) Refuse(schema, "must be a string");
+  form.json.erase(kSchemaKey);
 }
 
 void Checker::Version(const Place& form) {
@@ -158,12 +166,11 @@ bool Checker::IsObject(const Place& place, const Keys& known) {
 }
 
 bool Checker::IsText(const Place& place) {
-  constexpr std::size_t kLongest = 1000;  // a line of the catalogue and an item of a definition hold it
   if (!place.json.is_string()) return Refuse(place, "must be a string");
   const auto text = place.json.get<std::string>();
   if (text.empty()) return Refuse(place, "must not be empty");
-  if (text.size() > kLongest)
-    return Refuse(place, "must not be longer than " + std::to_string(kLongest) + " bytes");
+  if (text.size() > kLongestText)
+    return Refuse(place, "must not be longer than " + std::to_string(kLongestText) + " bytes");
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20U || c == 0x7f; };
   if (std::ranges::any_of(text, isControl)) return Refuse(place, "must not contain a control character");
   return true;

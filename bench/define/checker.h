@@ -44,6 +44,7 @@ class Checker {
  private:
   using Keys = std::vector<std::string>;
 
+  void Schema(const Place& form);
   void Version(const Place& form);
   void Spur(const Place& spur);
   void SpurNumber(const Place& spur);

@@ -101,7 +101,9 @@ std::int32_t Checker::TypeOf(const Place& device, const DeviceRow& row, const De
   }
   const Place shape = device["shape"];
   const auto most = static_cast<double>(row.kind->devices.size());
-  return IsValue(shape, std::int32_t(), Quantity{.least = 1, .most = most}) ? row.TypeOf(shape.json.get<std::int32_t>()) : 0;
+  return IsValue(shape, std::int32_t(), Quantity{.least = 1, .most = most})
+             ? row.TypeOf(shape.json.get<std::int32_t>())
+             : 0;
 }
 
 bool Checker::Letters(const Place& device, std::int32_t type, const DeviceParams* known) {

@@ -57,9 +57,11 @@ class Keys {
 Result<Json> ReadJson(const std::string& text, const std::string& name) {
   Keys keys;
   try {
-    Json json = Json::parse(text, [&](int depth, Json::parse_event_t event, Json& parsed) {
+    const auto see = [&](int depth, Json::parse_event_t event, Json& parsed) {
       return keys.See(depth, event, parsed);
-    });
+    };
+    constexpr bool kThrows = true, kTakesComments = true;
+    Json json = Json::parse(text, see, kThrows, kTakesComments);
     if (keys.twice()) return Fault{"the key " + Quoted(*keys.twice()) + " occurs twice in one object", name};
     return json;
   } catch (const nlohmann::json::parse_error& error) {

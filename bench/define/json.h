@@ -16,6 +16,9 @@ using Json = nlohmann::ordered_json;
 inline constexpr const char* kVersionKey = "version";
 inline constexpr int kFormVersion = 1;
 
+/// The key by which editors find the schema of the form; its value is not used.
+inline constexpr const char* kSchemaKey = "$schema";
+
 /// A value that is refused: its path, "$.spurs[0].main.chuck.letters.B", and the reason.
 struct Refusal {
   std::string path;
@@ -25,7 +28,7 @@ struct Refusal {
 };
 using Refusals = std::vector<Refusal>;
 
-/// Reads JSON of one value; `name` is the name of the file in faults.
+/// Reads JSON of one value, which may have comments as C++ has them; `name` is the name of the file in faults.
 /// Errors   the place where the text is not JSON, with its line; a key that occurs twice in an object, since
 ///          only one of the two could count
 Result<Json> ReadJson(const std::string& text, const std::string& name);

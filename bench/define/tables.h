@@ -22,6 +22,9 @@ inline constexpr double kLargestLength = 1e7;
 /// The largest number of another sort that the dialog's edits carry without loss of their six decimals.
 inline constexpr double kLargestNumber = 1e9;
 
+/// The bytes that a text may have: a line of the catalogue and an item of a definition hold it.
+inline constexpr std::size_t kLongestText = 1000;
+
 /// The numbers that a value may have.
 struct Quantity {
   devices::Unit unit = devices::Unit::kNone;

@@ -226,6 +226,29 @@ TEST_F(DefineCommand, TakesTheExampleOfItsPage) {
   EXPECT_EQ(Shown("lathe")["spurs"][0]["sub"]["collet"]["name"], "Collet D40 new");
 }
 
+TEST_F(DefineCommand, TakesTheExampleThatItPrints) {
+  const Outcome example = Vanzet("define --example");
+  EXPECT_THAT(example.out, StartsWith("// "));
+  MakeLathe("one", "SubSpindleAvailable = 0\n");
+  const Outcome defined = Vanzet("define - one", "", example.out);
+  EXPECT_EQ(defined.status, 0) << defined.err;
+  EXPECT_EQ(Shown("one")["spurs"][0]["main"]["billet"]["bar_length"], 1000);
+}
+
+TEST_F(DefineCommand, PrintsTheSchemaOfTheForm) {
+  EXPECT_EQ(Vanzet("define --schema").out,
+            ReadBytes(VANZET_SOURCE_DIR "/share/schema/definition.schema.json"));
+}
+
+TEST_F(DefineCommand, NeedsAFormUnlessItPrintsTheSchemaOrTheExample) {
+  for (const char* const line :
+       {"define", "define --schema job.json", "define --example --dry-run", "define --schema --example"}) {
+    const Outcome wrong = Vanzet(line);
+    EXPECT_EQ(wrong.status, 2) << line;
+    EXPECT_EQ(wrong.out, "") << line;
+  }
+}
+
 TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
   MakeUpgradedProject();
   ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
@@ -305,6 +328,11 @@ TEST_F(RefusedForm, IsNotPlayedInADryRun) {
   const std::string store = ReadBytes(folder / "lathe/store.db");
   const Outcome dry = Define(WithChuck({{"name", "Chuck 210"}}), "lathe", "--dry-run");
   EXPECT_EQ(dry.status, 0) << dry.err;
+  EXPECT_THAT(dry.out, StartsWith("# What would change:\n"
+                                  "#   spur 1: nothing changes\n"));
+  EXPECT_THAT(dry.out,
+              HasSubstr("\n#   spur 0, main chuck: name \"Chuck 160\" -> \"Chuck 210\"; A 80 -> 105; "));
+  EXPECT_THAT(dry.out, HasSubstr("\n#   spur 0, main billet: removed\n"));
   EXPECT_THAT(dry.out, HasSubstr("# $.spurs[1].main.chuck\nselect 3\nchoose 2124 \"Chuck 210\"\n"));
   EXPECT_THAT(dry.out, EndsWith("# $\nselect 1\npress 1\n"));
   EXPECT_TRUE(ReadBytes(folder / "lathe/store.db") == store);

@@ -26,6 +26,14 @@ TEST_F(CheckedForm, NamesThePathAndTheReasonOfEachValue) {
                           "$.spurs[5]: must be an object"));
 }
 
+TEST_F(CheckedForm, MayHaveCommentsAndNameItsSchema) {
+  EXPECT_THAT(RefusedOf(R"(// a job
+    {"$schema": "definition.schema.json", /* the only spur */ "spurs": [{"spur": 0}]} // end)"),
+              IsEmpty());
+  EXPECT_THAT(RefusedOf(R"({"$schema": 1, "spurs": [{"spur": 0}]})"),
+              ElementsAre("$[\"$schema\"]: must be a string"));
+}
+
 TEST_F(CheckedForm, HintsAtTheKeyThatWasMeant) {
   EXPECT_THAT(RefusedOfSpur(R"("mian": {}, "weight": 3)"),
               ElementsAre("mian: unknown key; did you mean \"main\"?",
