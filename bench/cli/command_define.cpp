@@ -179,7 +179,7 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
 /// Prints what would change as comments, and the script that would be played.
 Result<void> PrintPlan(const Job& job, const define::Surroundings& surroundings) {
   VANZET_TRY(const auto former, StoredForm(job));
-  std::string plan = "# What would change:\n";
+  std::string plan = "# What would change, lengths in mm:\n";
   for (const std::string& change : define::ChangesOf(job.form, former))
     plan += "#   " + OneLine(change) + "\n";
   auto steps = StepsOfJob(job, former, surroundings);

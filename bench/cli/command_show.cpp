@@ -6,6 +6,7 @@
 #include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/length_unit.h"
 #include "cli/output.h"
 #include "define/write.h"
 #include "project/project.h"
@@ -19,6 +20,7 @@ struct Arguments {
   std::string project = ".";
   std::optional<std::int32_t> spur;
   bool json = false;
+  std::optional<LengthUnit> unit;
 };
 
 using Spurs = std::vector<results::SpurDefinition>;
@@ -68,22 +70,23 @@ std::string Text(const Spurs& spurs, const Context& context) {
 }
 
 /// The form that 'vanzet define' reads. What the form cannot express is reported on the panel.
-Json ToJson(const Spurs& spurs, project::MessagePanel& panel) {
+Json ToJson(const Spurs& spurs, LengthUnit unit, project::MessagePanel& panel) {
   Json list = Json::array();
   define::Refusals leftOut;
   for (const results::SpurDefinition& spur : spurs) {
     if (!spur.definition) continue;
     const std::string path = "$.spurs[" + std::to_string(list.size()) + "]";
-    list.push_back(define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), path, leftOut));
+    list.push_back(define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), path, leftOut, unit));
   }
   for (const define::Refusal& each : leftOut) panel.Tell(Fault{each.path + ": " + each.reason});
-  return {{define::kVersionKey, define::kFormVersion}, {"spurs", list}};
+  return define::WholeForm(std::move(list), unit);
 }
 
 Result<void> Show(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   VANZET_TRY(const auto spurs, ReadSpurs(arguments, project));
-  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, context.panel)) : Print(Text(spurs, context)));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
+  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, unit, context.panel)) : Print(Text(spurs, context)));
   for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
       return Fault{.text = "the definition of spur " + std::to_string(spur.spur) + " is damaged",
@@ -105,6 +108,7 @@ void AddShow(Command& vanzet, Context& context) {
   AddProject(command, arguments->project);
   command.AddOption("--spur", "N", "only this spur; the first is 0", StoreNumber(arguments->spur));
   command.AddFlag("--json", "print the equipment as JSON that 'vanzet define' can read", arguments->json);
+  AddUnit(command, arguments->unit).Needs("--json");
   command.examples = {"vanzet show lathe --spur 1 --json"};
   command.work = [=, &context] { return Show(*arguments, context); };
 }

@@ -23,8 +23,8 @@ struct Surroundings {
 };
 
 /// Checks a whole form and completes it: devices get the shape and the letters that they leave to the
-/// catalogue, and jaws get the usual count and side, so that the page's former values do not remain. When
-/// nothing is refused, the form is what `StepsOf` needs.
+/// catalogue, and jaws get the usual count and side, so that the page's former values do not remain. Lengths
+/// become millimetres. When nothing is refused, the form is what `StepsOf` needs.
 Refusals CheckForm(Json& form, const Surroundings& surroundings);
 
 }  // namespace vanzet::define

@@ -15,19 +15,14 @@ std::vector<std::string> KeysOf(std::span<const DeviceRow> rows) {
   return keys;
 }
 
-/// A length of the form's limits is easier to read in kilometres.
-std::string LimitText(double limit, const Quantity& quantity) {
-  const std::string text = ShortDecimalText(limit, 6);
+/// The demand that a number does not meet, in the unit of the form: "must be above 0, but is -5".
+std::string RangeReason(const Quantity& quantity, double stored, double given, LengthUnit unit) {
+  const bool isTooLarge = stored > quantity.most;
+  const double limit = isTooLarge ? quantity.most : quantity.least;
+  const char* const demand = isTooLarge ? "at most " : quantity.isAbove ? "above " : "at least ";
   const bool isFarthest = quantity.unit == devices::Unit::kMillimetre && std::abs(limit) == kLargestLength;
-  return isFarthest ? text + " (10 km)" : text;
-}
-
-/// The demand that a number does not meet: "must be above 0, but is -5".
-std::string RangeReason(const Quantity& quantity, double number) {
-  const std::string is = ", but is " + ExactText(number);
-  if (number > quantity.most) return "must be at most " + LimitText(quantity.most, quantity) + is;
-  const char* const demand = quantity.isAbove ? "must be above " : "must be at least ";
-  return demand + LimitText(quantity.least, quantity) + is;
+  return std::string("must be ") + demand + LengthText(limit, unit) + (isFarthest ? " (10 km)" : "") +
+         ", but is " + ExactText(given);
 }
 
 bool IsWithin(const Quantity& quantity, double number) {
@@ -37,16 +32,12 @@ bool IsWithin(const Quantity& quantity, double number) {
 
 }  // namespace
 
-std::string Hint(const std::string& word, const std::vector<std::string>& words) {
-  std::string hint;
-  for (const std::string& each : NearWords(word, words)) hint += (hint.empty() ? "" : " or ") + Quoted(each);
-  return hint.empty() ? "" : "; did you mean " + hint + "?";
-}
-
 std::string UnknownReason(const std::string& what, const std::string& word,
                           const std::vector<std::string>& known) {
-  const std::string hint = Hint(word, known);
-  return "unknown " + what + (hint.empty() ? "; known are " + Listed(known) : hint);
+  std::string near;
+  for (const std::string& each : NearWords(word, known)) near += (near.empty() ? "" : " or ") + Quoted(each);
+  if (near.empty()) return "unknown " + what + "; known are " + Listed(known);
+  return "unknown " + what + "; did you mean " + near + "?";
 }
 
 Refusals CheckForm(Json& form, const Surroundings& surroundings) {
@@ -56,9 +47,10 @@ Refusals CheckForm(Json& form, const Surroundings& surroundings) {
 }
 
 void Checker::Form(const Place& form) {
-  if (!IsObject(form, {kSchemaKey, kVersionKey, "spurs"})) return;
+  if (!IsObject(form, {kSchemaKey, kVersionKey, kUnitKey, "spurs"})) return;
   Schema(form);
   Version(form);
+  Unit(form);
   if (!form.Has("spurs")) return void(Refuse(form.PathOf("spurs"), kMissing));
   const Place spurs = form["spurs"];
   if (!spurs.json.is_array()) return void(Refuse(spurs, "must be a list"));
@@ -83,6 +75,15 @@ void Checker::Version(const Place& form) {
   }
   // The comparison and the dialog take the equipment alone.
   form.json.erase(kVersionKey);
+}
+
+void Checker::Unit(const Place& form) {
+  if (!form.Has(kUnitKey)) return;
+  const Place unit = form[kUnitKey];
+  const auto named = unit.json.is_string() ? LengthUnitNamed(unit.json.get<std::string>()) : std::nullopt;
+  if (!named) Refuse(unit, "must be \"mm\" or \"inch\"");
+  unit_ = named.value_or(unit_);
+  form.json.erase(kUnitKey);
 }
 
 void Checker::Spur(const Place& spur) {
@@ -179,7 +180,13 @@ bool Checker::IsText(const Place& place) {
 bool Checker::IsNumber(const Place& place, const Quantity& quantity) {
   if (!place.json.is_number()) return Refuse(place, "must be a number");
   const double number = place.json.get<double>();
-  return IsWithin(quantity, number) || Refuse(place, RangeReason(quantity, number));
+  const bool isLength = quantity.unit == devices::Unit::kMillimetre;
+  const double stored = isLength ? InMillimetres(number, unit_) : number;
+  if (!IsWithin(quantity, stored)) {
+    return Refuse(place, RangeReason(quantity, stored, number, isLength ? unit_ : LengthUnit::kMillimetre));
+  }
+  if (stored != number) place.json = stored;
+  return true;
 }
 
 bool Checker::IsValue(const Place& place, std::int32_t /*of*/, const Quantity& quantity) {

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/length_unit.h"
 #include "define/check.h"
 #include "define/tables.h"
 
@@ -27,9 +28,6 @@ struct Place {
 std::string UnknownReason(const std::string& what, const std::string& word,
                           const std::vector<std::string>& known);
 
-/// "; did you mean "a" or "b"?", or nothing when no word is near.
-std::string Hint(const std::string& word, const std::vector<std::string>& words);
-
 inline constexpr const char* kMissing = "is missing";
 
 /// Goes through a form once and collects the refusals.
@@ -46,6 +44,7 @@ class Checker {
 
   void Schema(const Place& form);
   void Version(const Place& form);
+  void Unit(const Place& form);
   void Spur(const Place& spur);
   void SpurNumber(const Place& spur);
   void Center(const Place& spur);
@@ -60,6 +59,7 @@ class Checker {
   void CatalogueDevice(const Place& device, const DeviceRow& row);
   std::int32_t TypeOf(const Place& device, const DeviceRow& row, const DeviceParams* known);
   bool Letters(const Place& device, std::int32_t type, const DeviceParams* known);
+  DeviceParams InUnitOfForm(DeviceParams params) const;
   void Solid(const Place& device, std::int32_t type, const Keys& given);
   std::string NearDevices(const DeviceRow& row, const std::string& name) const;
 
@@ -77,6 +77,7 @@ class Checker {
   /// Each returns false when it refuses the value; unknown keys of an object are refused one by one.
   bool IsObject(const Place& place, const Keys& known);
   bool IsText(const Place& place);
+  /// A sound length becomes millimetres.
   bool IsNumber(const Place& place, const Quantity& quantity);
   bool IsValue(const Place& place, double /*of*/, const Quantity& quantity) {
     return IsNumber(place, quantity);
@@ -93,6 +94,9 @@ class Checker {
   template <class Record>
   bool Value(const Place& record, const Field<Record>& field, bool isSub);
 
+  /// A length of millimetres as the form would have it.
+  std::string Shown(double millimetres) const { return LengthText(millimetres, unit_); }
+
   bool Refuse(const Place& place, std::string reason) { return Refuse(place.path, std::move(reason)); }
   bool Refuse(const std::string& path, std::string reason) {
     refusals_.push_back({path, std::move(reason)});
@@ -102,6 +106,7 @@ class Checker {
   const Surroundings& surroundings_;
   Refusals refusals_;
   std::set<std::int32_t> spurs_;
+  LengthUnit unit_ = LengthUnit::kMillimetre;  ///< of the lengths that are not yet checked
 };
 
 }  // namespace vanzet::define

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/near_words.h"
 #include "devices/solid_check.h"
 
 // Devices: those of the catalogue, and those that a shop keeps in files of their own.
@@ -86,7 +87,7 @@ std::string Checker::NearDevices(const DeviceRow& row, const std::string& name) 
   for (const auto& [each, params] : surroundings_.catalogue) {
     if (row.kind->HasParametric(params.type)) names.push_back(each);
   }
-  return Hint(name, names);
+  return DidYouMean(name, names);
 }
 
 /// 0 after a refusal.
@@ -126,6 +127,14 @@ bool Checker::Letters(const Place& device, std::int32_t type, const DeviceParams
   return isSound;
 }
 
+DeviceParams Checker::InUnitOfForm(DeviceParams params) const {
+  for (const devices::Letter& each : devices::LettersOf(params.type)) {
+    double& value = params.*kDeviceReals.at(static_cast<std::size_t>(each.letter - 'A'));
+    if (each.unit == devices::Unit::kMillimetre) value = RoundedInUnit(value, unit_);
+  }
+  return params;
+}
+
 /// Refuses the first letter of the fault that the form has; the others come from the catalogue.
 void Checker::Solid(const Place& device, std::int32_t type, const Keys& given) {
   const Place letters = device["letters"];
@@ -133,7 +142,7 @@ void Checker::Solid(const Place& device, std::int32_t type, const Keys& given) {
   for (const auto& [letter, value] : letters.json.items()) {
     params.*kDeviceReals.at(static_cast<std::size_t>(letter.front() - 'A')) = value.get<double>();
   }
-  const auto fault = devices::FindSolidFault(params);
+  const auto fault = devices::FindSolidFault(params, InUnitOfForm(params));
   if (!fault) return;
   const auto named = std::ranges::find_if(fault->letters, [&](char letter) {
     return std::ranges::find(given, std::string(1, letter)) != given.end();

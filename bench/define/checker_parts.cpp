@@ -1,4 +1,3 @@
-#include "base/number_text.h"
 #include "define/checker.h"
 
 // Raw and finished parts.
@@ -8,10 +7,6 @@ namespace {
 
 double NumberAt(const Json& record, const char* key) {
   return record.contains(key) ? record[key].get<double>() : 0;
-}
-
-std::string Text(double value) {
-  return ShortDecimalText(value, 6);
 }
 
 }  // namespace
@@ -62,7 +57,7 @@ void Checker::Bore(const Place& cylinder) {
   const double outer = NumberAt(cylinder.json, "outer_diameter");
   if (inner < outer) return;
   Refuse(cylinder.PathOf("inner_diameter"),
-         "must be less than outer_diameter (" + Text(outer) + "), but is " + Text(inner));
+         "must be less than outer_diameter (" + Shown(outer) + "), but is " + Shown(inner));
 }
 
 void Checker::Allowances(const Place& cylinder) {
@@ -76,15 +71,15 @@ void Checker::Allowances(const Place& cylinder) {
     if (rest > 0) continue;
     const double of = NumberAt(json, key);
     return void(Refuse(cylinder.PathOf(key),
-                       "leaves nothing of the part: " + Text(of) + " with a length of " + Text(rest - of)));
+                       "leaves nothing of the part: " + Shown(of) + " with a length of " + Shown(rest - of)));
   }
   if (whole > kLargestLength) {
     return void(Refuse(cylinder.PathOf("part_length"),
-                       "must be at most 10 km with the allowances, but is " + Text(whole)));
+                       "must be at most 10 km with the allowances, but is " + Shown(whole)));
   }
   if (bar > 0 && bar < whole) {
     Refuse(cylinder.PathOf("bar_length"),
-           "must be 0, or at least the length with its allowances: " + ExactText(whole));
+           "must be 0, or at least the length with its allowances: " + Shown(whole));
   }
 }
 

@@ -16,6 +16,9 @@ using Json = nlohmann::ordered_json;
 inline constexpr const char* kVersionKey = "version";
 inline constexpr int kFormVersion = 1;
 
+/// The key of the unit of the form's lengths.
+inline constexpr const char* kUnitKey = "unit";
+
 /// The key by which editors find the schema of the form; its value is not used.
 inline constexpr const char* kSchemaKey = "$schema";
 

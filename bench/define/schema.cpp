@@ -217,6 +217,10 @@ Json FormSchema() {
   schema.update(
       Closed({{kSchemaKey, {{"description", "The schema of the form, for editors"}, {"type", "string"}}},
               {kVersionKey, {{"description", "The version of the form"}, {"const", kFormVersion}}},
+              {kUnitKey,
+               {{"description", "The unit of all lengths"},
+                {"enum", Json::array({"mm", "inch"})},
+                {"default", "mm"}}},
               {"spurs",
                {{"description", "The spindle spurs that are defined; the others stay as they are"},
                 {"type", "array"},

@@ -11,33 +11,20 @@ namespace {
 
 using scene::Spindle;
 
-Json ValueJson(double value) {
-  return NumberJson(value);
+/// A number of the form; `of` is the unit of the table.
+Json ValueJson(double value, devices::Unit of, LengthUnit unit) {
+  return NumberJson(of == devices::Unit::kMillimetre ? RoundedInUnit(value, unit) : value);
 }
-Json ValueJson(const std::string& value) {
+template <class Value>
+Json ValueJson(const Value& value, devices::Unit /*of*/, LengthUnit /*unit*/) {
   return value;
-}
-Json ValueJson(std::int32_t value) {
-  return value;
-}
-Json ValueJson(bool value) {
-  return value;
-}
-
-/// Adds the values of a record, except empty strings.
-template <class Record>
-void AddFields(Json& json, std::span<const Field<Record>> fields, const Record& record, bool isSub) {
-  for (const Field<Record>& field : fields) {
-    if (field.isOfMainAlone && isSub) continue;
-    Json value = std::visit([&](auto member) { return ValueJson(record.*member); }, field.member);
-    if (!IsEmptyText(value)) json[std::string(field.key)] = std::move(value);
-  }
 }
 
 /// Writes one spur.
 class Writer {
  public:
-  Writer(std::string path, Refusals& leftOut) : path_(std::move(path)), leftOut_(leftOut) {}
+  Writer(std::string path, Refusals& leftOut, LengthUnit unit)
+      : path_(std::move(path)), leftOut_(leftOut), unit_(unit) {}
 
   Json Spur(std::int32_t spur, const scene::Equipment& equipment) {
     Json json = {{"spur", spur}};
@@ -52,6 +39,17 @@ class Writer {
   }
 
  private:
+  /// Adds the values of a record, except empty strings.
+  template <class Record>
+  void AddFields(Json& json, std::span<const Field<Record>> fields, const Record& record, bool isSub) const {
+    for (const Field<Record>& field : fields) {
+      if (field.isOfMainAlone && isSub) continue;
+      const auto valueOf = [&](auto member) { return ValueJson(record.*member, field.quantity.unit, unit_); };
+      Json value = std::visit(valueOf, field.member);
+      if (!IsEmptyText(value)) json[std::string(field.key)] = std::move(value);
+    }
+  }
+
   static void AddUnlessEmpty(Json& json, const std::string& key, Json value) {
     if (!value.empty()) json[key] = std::move(value);
   }
@@ -81,13 +79,14 @@ class Writer {
     return &(json[std::string(row->Key())] = DeviceJson(*row, device));
   }
 
-  static Json DeviceJson(const DeviceRow& row, const scene::Device& device) {
+  Json DeviceJson(const DeviceRow& row, const scene::Device& device) const {
     const std::int32_t type = device.params.type;
     Json json = Json::object();
     json[type == row.kind->own.code ? "file" : "name"] = device.name;
     if (type != row.kind->own.code && row.HasShapes()) json["shape"] = row.kind->ShapeOf(type);
     for (const devices::Letter& each : devices::LettersOf(type)) {
-      json["letters"][std::string(1, each.letter)] = NumberJson(ValueOf(device.params, each.letter));
+      json["letters"][std::string(1, each.letter)] =
+          ValueJson(ValueOf(device.params, each.letter), each.unit, unit_);
     }
     return json;
   }
@@ -107,7 +106,7 @@ class Writer {
     AddFields(added, kind->fields, record, isSub);
   }
 
-  static Json DatumJson(const scene::Equipment& equipment) {
+  Json DatumJson(const scene::Equipment& equipment) const {
     Json json = Json::object();
     for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
       const Spindle& spindle = equipment.spindles[i];
@@ -119,13 +118,21 @@ class Writer {
 
   const std::string path_;
   Refusals& leftOut_;
+  const LengthUnit unit_;
 };
 
 }  // namespace
 
 Json SpurForm(std::int32_t spur, const scene::Equipment& equipment, const std::string& path,
-              Refusals& leftOut) {
-  return Writer(path, leftOut).Spur(spur, equipment);
+              Refusals& leftOut, LengthUnit unit) {
+  return Writer(path, leftOut, unit).Spur(spur, equipment);
+}
+
+Json WholeForm(Json spurs, LengthUnit unit) {
+  Json form = {{kVersionKey, kFormVersion}};
+  if (unit != LengthUnit::kMillimetre) form[kUnitKey] = WordOf(unit);
+  form["spurs"] = std::move(spurs);
+  return form;
 }
 
 }  // namespace vanzet::define

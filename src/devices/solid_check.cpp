@@ -136,22 +136,23 @@ std::string TextOf(std::string_view formula, const DeviceParams& params) {
   return std::string(formula) + " (" + Text(Evaluate(formula, params)) + ")";
 }
 
-std::optional<SolidFault> Broken(const Rule& rule, const DeviceParams& params) {
+std::optional<SolidFault> Broken(const Rule& rule, const DeviceParams& params, const DeviceParams& shown) {
   if (Evaluate(rule.less, params) < Evaluate(rule.greater, params)) return std::nullopt;
   return SolidFault{LettersIn(rule.less) + LettersIn(rule.greater),
-                    TextOf(rule.less, params) + " must be less than " + TextOf(rule.greater, params)};
+                    TextOf(rule.less, shown) + " must be less than " + TextOf(rule.greater, shown)};
 }
 
-std::optional<SolidFault> FaultOf(const Letter& letter, const DeviceParams& params) {
+std::optional<SolidFault> FaultOf(const Letter& letter, const DeviceParams& params,
+                                  const DeviceParams& shown) {
   const double value = ValueOf(params, letter.letter);
   const auto refused = [&](const std::string& demand) {
     const std::string name(1, letter.letter);
-    return SolidFault{name, name + " (" + Text(value) + ") must " + demand};
+    return SolidFault{name, name + " (" + Text(ValueOf(shown, letter.letter)) + ") must " + demand};
   };
   switch (letter.drawn) {
     case Drawn::kAbove0:
     case Drawn::kThickness:
-      if (value < kTouch) return refused(value > 0 ? "be at least " + Text(kTouch) : "be above 0");
+      if (value < kTouch) return refused(value > 0 ? "be at least 0.001 mm" : "be above 0");
       return std::nullopt;
     case Drawn::kNot0:
       if (std::abs(value) < kTouch) return refused("not be 0");
@@ -166,27 +167,28 @@ std::optional<SolidFault> FaultOf(const Letter& letter, const DeviceParams& para
 }
 
 /// A rule that compares with a number, such as that of an angle, holds whatever the outline is.
-std::optional<SolidFault> FindBeyondLimit(const Device& device, const DeviceParams& params) {
+std::optional<SolidFault> FindBeyondLimit(const Device& device, const DeviceParams& params,
+                                          const DeviceParams& shown) {
   for (const Letter& letter : device.letters) {
-    if (auto fault = FaultOf(letter, params)) return fault;
+    if (auto fault = FaultOf(letter, params, shown)) return fault;
   }
   for (const Rule& rule : device.rules) {
     if (!IsConstant(rule.less) && !IsConstant(rule.greater)) continue;
-    if (auto fault = Broken(rule, params)) return fault;
+    if (auto fault = Broken(rule, params, shown)) return fault;
   }
   return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<SolidFault> FindSolidFault(const DeviceParams& params) {
+std::optional<SolidFault> FindSolidFault(const DeviceParams& params, const DeviceParams& shown) {
   const Device* const device = Find(params.type);
   if (device == nullptr || device->outlines.empty()) return std::nullopt;
-  if (auto fault = FindBeyondLimit(*device, params)) return fault;
+  if (auto fault = FindBeyondLimit(*device, params, shown)) return fault;
   const char* const reason = FindOutlineFault(*device, OutlineOf(params));
   if (reason == nullptr) return std::nullopt;
   for (const Rule& rule : device->rules) {
-    if (auto fault = Broken(rule, params)) return fault;
+    if (auto fault = Broken(rule, params, shown)) return fault;
   }
   return SolidFault{"", reason};
 }

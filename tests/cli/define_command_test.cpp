@@ -249,6 +249,29 @@ TEST_F(DefineCommand, NeedsAFormUnlessItPrintsTheSchemaOrTheExample) {
   }
 }
 
+TEST_F(DefineCommand, TakesAndShowsInchesAndStoresMillimetres) {
+  MakeLathe("one");
+  MakeLathe("two");
+  Json form = Json::parse(R"({"unit": "inch", "spurs": [{"spur": 0, "main": {
+    "chuck": {"name": "Chuck 160"}, "jaw": {"name": "Soft jaw 160", "count": 4},
+    "billet": {"kind": "cylinder", "outer_diameter": 1.625, "part_length": 3, "bar_length": 39.3701}}}]})");
+  ASSERT_EQ(Define(form, "one").status, 0);
+  const Json billet = Shown("one")["spurs"][0]["main"]["billet"];
+  EXPECT_EQ(billet["outer_diameter"], 41.275);
+  EXPECT_EQ(billet["part_length"], 76.2);
+  const Outcome inches = Vanzet("show one --json --unit inch");
+  EXPECT_THAT(inches.out, HasSubstr("\"unit\": \"inch\""));
+  EXPECT_THAT(inches.out, HasSubstr("\"outer_diameter\": 1.625"));
+  EXPECT_EQ(Vanzet("define - two", "", inches.out).status, 0);
+  EXPECT_TRUE(Items("two") == Items("one")) << "item for item";
+  WriteBytes(folder / "one/bench.ini", ReadBytes(folder / "one/bench.ini") + "\n[project]\nunit = inch\n");
+  EXPECT_EQ(Vanzet("show one --json").out, inches.out);
+  EXPECT_EQ(Vanzet("show one --json --unit mm").out, Vanzet("show two --json").out);
+  WriteBytes(folder / "two/bench.ini", "[project]\nunit = feet\n");
+  EXPECT_THAT(Vanzet("show two --json").err,
+              HasSubstr("bench.ini:2:8: expected 'mm' or 'inch', found 'feet'"));
+}
+
 TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
   MakeUpgradedProject();
   ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
@@ -328,7 +351,7 @@ TEST_F(RefusedForm, IsNotPlayedInADryRun) {
   const std::string store = ReadBytes(folder / "lathe/store.db");
   const Outcome dry = Define(WithChuck({{"name", "Chuck 210"}}), "lathe", "--dry-run");
   EXPECT_EQ(dry.status, 0) << dry.err;
-  EXPECT_THAT(dry.out, StartsWith("# What would change:\n"
+  EXPECT_THAT(dry.out, StartsWith("# What would change, lengths in mm:\n"
                                   "#   spur 1: nothing changes\n"));
   EXPECT_THAT(dry.out,
               HasSubstr("\n#   spur 0, main chuck: name \"Chuck 160\" -> \"Chuck 210\"; A 80 -> 105; "));

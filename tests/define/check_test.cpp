@@ -58,7 +58,7 @@ TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
       {R"("chuck": {"name": "Chuck 160", "letters": []})", {"chuck.letters: must be an object"}},
       {R"("chuck": {"name": "New"})", {R"(chuck.letters: is missing, and the catalogue has no chuck "New")"}},
       {R"("chuck": {"name": "chuck 161"})",
-       {R"(chuck.letters: is missing, and the catalogue has no chuck "chuck 161"; did you mean "Chuck 160"?)"}},
+       {R"(chuck.letters: is missing, and the catalogue has no chuck "chuck 161"; did you mean 'Chuck 160'?)"}},
       {R"("chuck": {"name": "New", "letters": {"A": 1, "B": 2}})", {"chuck.letters.C: is missing"}},
       {R"("chuck": {"name": "Chuck 160", "shape": 1})",
        {"chuck.shape: unknown key; known are name, file, letters"}},
@@ -69,7 +69,7 @@ TEST_F(CheckedForm, RefusesWhatIsWrongWithADevice) {
       {R"("chuck": {"name": "Chuck 160"}, "jaw": {"name": "New"})",
        {"jaw.shape: is missing, and the catalogue has no such jaw"}},
       {R"("collet": {"name": "Collet D42"}, "jaw": {"name": "Soft jaw 170"})",
-       {R"(jaw.shape: is missing, and the catalogue has no such jaw; did you mean "Soft jaw 160"?)"}},
+       {R"(jaw.shape: is missing, and the catalogue has no such jaw; did you mean 'Soft jaw 160'?)"}},
       {R"("chuck": {"name": "Chuck 160"}, "jaw": {"name": "Soft jaw 160", "shape": 9})",
        {"jaw.shape: must be at most 8, but is 9"}},
       {R"("chuck": {"name": "Chuck 160"}, "jaw": {"name": "Soft jaw 160", "count": 2, "inside": 1})",
@@ -155,6 +155,45 @@ TEST_F(CheckedForm, RefusesLengthsOfMoreThan10Kilometres) {
               ElementsAre("billet.part_length: must be at most 10 km with the allowances, but is 10000050"));
   EXPECT_THAT(RefusedOfSpur(R"("datum": {"main": {"origin": -1.1e7}})"),
               ElementsAre("datum.main.origin: must be at least -10000000 (10 km), but is -1.1e+07"));
+}
+
+TEST_F(CheckedForm, OfInchesBecomesMillimetres) {
+  const Json form = Completed(R"({"unit": "inch", "spurs": [{"spur": 0,
+    "main": {"chuck": {"name": "Chuck 160", "letters": {"A": 3}},
+             "jaw": {"name": "Soft jaw 160", "count": 4},
+             "billet": {"kind": "cylinder", "outer_diameter": 2, "part_length": 1.65354331}},
+    "sub": {"billet": {"kind": "solid", "solid": "ok", "angle": 15}},
+    "center": {"name": "Center MT3", "letters": {"A": 5, "G": 60}},
+    "datum": {"main": {"origin": -0.125}}}]})");
+  const Json& spur = form["spurs"][0];
+  EXPECT_EQ(spur["main"]["chuck"]["letters"], Json::parse(R"({"A": 76.2, "B": 90, "C": 22.5})"));
+  EXPECT_EQ(spur["main"]["jaw"]["count"], 4);
+  EXPECT_EQ(spur["main"]["billet"],
+            Json::parse(R"({"kind": "cylinder", "outer_diameter": 50.8, "part_length": 42})"));
+  EXPECT_EQ(spur["sub"]["billet"]["angle"], 15);
+  EXPECT_EQ(spur["center"]["letters"]["A"], 127);
+  EXPECT_EQ(spur["center"]["letters"]["G"], 60);
+  EXPECT_EQ(spur["datum"]["main"]["origin"], -3.175);
+  EXPECT_FALSE(form.contains("unit"));
+}
+
+TEST_F(CheckedForm, OfInchesIsRefusedInInches) {
+  const auto refusedOf = [this](const std::string& keys) {
+    return RefusedOf(R"({"unit": "inch", "spurs": [{"spur": 0, "main": {)" + keys + "}}]}");
+  };
+  EXPECT_THAT(refusedOf(R"("chuck": {"name": "New", "letters": {"A": 3, "B": 90, "C": 4}})"),
+              ElementsAre("$.spurs[0].main.chuck.letters.C: C (4) must be less than A (3)"));
+  EXPECT_THAT(
+      refusedOf(R"("billet": {"kind": "cylinder", "outer_diameter": -2, "part_length": 400000})"),
+      ElementsAre(
+          "$.spurs[0].main.billet.outer_diameter: must be above 0, but is -2",
+          "$.spurs[0].main.billet.part_length: must be at most 393700.78740157 (10 km), but is 4e+05"));
+  EXPECT_THAT(
+      refusedOf(
+          R"("billet": {"kind": "cylinder", "outer_diameter": 2, "part_length": 3, "inner_diameter": 2.5})"),
+      ElementsAre("$.spurs[0].main.billet.inner_diameter: must be less than outer_diameter (2), but is 2.5"));
+  EXPECT_THAT(RefusedOf(R"({"unit": "feet", "spurs": [{"spur": 0}]})"),
+              ElementsAre("$.unit: must be \"mm\" or \"inch\""));
 }
 
 TEST_F(CheckedForm, RefusesLettersThatMakeNoSolidAtOneThatItHas) {

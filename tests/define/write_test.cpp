@@ -56,6 +56,19 @@ TEST_F(WrittenForm, HasPeoplesWordsForAll) {
   EXPECT_THAT(leftOut, IsEmpty());
 }
 
+TEST_F(WrittenForm, OfInchesHasLengthsInInchesAndAnglesInDegrees) {
+  main.clamp = {"Chuck", {.type = 1, .A = 50.8, .B = 90, .C = 12.7}};
+  sub.billet = {.type = 3, .partLength = 76.2, .clampDiameter = 0, .angle = 15, .solid = "ok"};
+  main.origin = -3.175;
+  const Json inches = SpurForm(0, equipment, "$.spurs[0]", leftOut, LengthUnit::kInch);
+  EXPECT_EQ(inches, Json::parse(R"({"spur": 0,
+    "main": {"chuck": {"name": "Chuck", "letters": {"A": 2, "B": 3.54330709, "C": 0.5}}},
+    "sub": {"billet": {"kind": "solid", "solid": "ok", "part_length": 3, "clamp_diameter": 0, "angle": 15}},
+    "datum": {"main": {"clamping_out": 0, "origin": -0.125}}})"));
+  EXPECT_EQ(Completed(define::WholeForm(Json::array({inches}), LengthUnit::kInch).dump()),
+            Json({{"spurs", {Written()}}}));
+}
+
 TEST_F(WrittenForm, TellsWhatItHasNoPlaceFor) {
   main.clamp = {"odd", {.type = 42}};
   main.billet.type = 7;

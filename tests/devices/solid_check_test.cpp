@@ -20,7 +20,7 @@ TEST(SolidFault, IsThereForNoExample) {
 TEST(SolidFault, NamesALetterBeyondItsLimit) {
   EXPECT_EQ(FaultOf({.type = 1, .A = -5, .B = 90}), "A: A (-5) must be above 0");
   EXPECT_EQ(FaultOf({.type = 1, .A = 80, .B = 0}), "B: B (0) must not be 0");
-  EXPECT_EQ(FaultOf({.type = 1, .A = 0.0001, .B = 10}), "A: A (0.0001) must be at least 0.001");
+  EXPECT_EQ(FaultOf({.type = 1, .A = 0.0001, .B = 10}), "A: A (0.0001) must be at least 0.001 mm");
   EXPECT_EQ(FaultOf({.type = 2, .A = 30, .B = 80, .C = 18, .D = 16, .E = 42, .F = -1}),
             "F: F (-1) must not be below 0");
   EXPECT_EQ(FaultOf({.type = 9, .A = 46, .B = 70, .C = 12, .D = 0}), "D: D (0) must be above 0");
@@ -56,6 +56,12 @@ TEST(SolidFault, IsNotABrokenRuleWhoseOutlineIsSoundAllTheSame) {
       << "a first step above the second";
   EXPECT_EQ(FaultOf({.type = 8, .A = 46, .B = 34, .C = 34, .D = 20, .F = 25}), "")
       << "a step without a width";
+}
+
+TEST(SolidFault, ShowsTheLengthsInTheUnitThatIsWanted) {
+  const DeviceParams chuck = {.type = 1, .A = 50.8, .B = 90, .C = 76.2},
+                     inches = {.type = 1, .A = 2, .B = 4, .C = 3};
+  EXPECT_EQ(FindSolidFault(chuck, inches)->reason, "C (3) must be less than A (2)");
 }
 
 TEST(SolidFault, IsThereForNoDeviceWithoutAnOutline) {

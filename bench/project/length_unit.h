@@ -1,0 +1,12 @@
+#pragma once
+
+#include "base/length_unit.h"
+#include "project/project.h"
+
+namespace vanzet::project {
+
+/// The unit in which the people of a project read and type lengths: `unit` of the section [project].
+/// Millimetres without it. Fails for a word that is not a unit.
+Result<LengthUnit> LengthUnitOf(const Project& project);
+
+}  // namespace vanzet::project
