@@ -47,6 +47,27 @@ function(vanzet_library folder)
   target_link_libraries(vanzet_${folder} PUBLIC ${ARG_NEEDS} ${ARG_USES} PRIVATE vanzet_options)
 endfunction()
 
+# The library libvanzet-NAME.so, of which others see the function vanzetNAME alone. A program loads it when it first
+# needs it; the target is vanzet_NAME_loaded.
+function(vanzet_loaded_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;NEEDS;USES" ${ARGN})
+  set(target vanzet_${name}_loaded)
+  add_library(${target} MODULE ${ARG_SOURCES})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME vanzet-${name})
+  list(TRANSFORM ARG_NEEDS PREPEND vanzet_)
+  target_link_libraries(${target} PRIVATE ${ARG_NEEDS} ${ARG_USES} vanzet_options)
+  string(SUBSTRING ${name} 0 1 first)
+  string(SUBSTRING ${name} 1 -1 rest)
+  string(TOUPPER ${first} first)
+  set(exports ${CMAKE_CURRENT_BINARY_DIR}/${name}.map)
+  file(CONFIGURE OUTPUT ${exports} CONTENT "{ global: vanzet@first@@rest@; local: *; };\n" @ONLY)
+  target_link_options(${target} PRIVATE LINKER:--version-script=${exports})
+  if(NOT VANZET_SANITIZE)
+    target_link_options(${target} PRIVATE LINKER:-z,defs)
+  endif()
+  install(TARGETS ${target} LIBRARY DESTINATION lib)
+endfunction()
+
 # What tests are compiled with, of which there are many: little optimisation, none under the sanitizers, and undefined
 # behaviour is looked for in what they test, not in the tests themselves. Of options that disagree the last one counts,
 # and those of a target precede those of what it links.

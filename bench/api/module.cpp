@@ -4,9 +4,9 @@
 #include <cstdlib>
 
 #include <memory>
-#include <system_error>
 
 #include "base/path_map.h"
+#include "process/own_library.h"
 
 namespace vanzet::api {
 namespace {
@@ -27,15 +27,11 @@ Fault LoaderFault(const fs::path& module) {
 Result<fs::path> FindModule(const fs::path& program) {
   const char* const named = getenv("VANZET_MODULE");
   if (named != nullptr && *named != '\0') return fs::path(named);
-  const fs::path beside = program.parent_path() / kModuleFile;
-  const fs::path inLib = program.parent_path().parent_path() / "lib" / kModuleFile;
-  std::error_code error;
-  for (const fs::path& place : {beside, inLib}) {
-    if (fs::exists(place, error)) return place;
-  }
-  return Fault{.text = std::string(kModuleFile) + " is neither at " + beside.string() + " nor at " +
-                       inLib.string() + "; VANZET_MODULE can name its place",
-               .kind = FaultKind::kMissing};
+  auto found = process::FindLibrary(program, kModuleFile);
+  if (found) return found;
+  Fault fault = found.fault();
+  fault.text += "; VANZET_MODULE can name its place";
+  return fault;
 }
 
 Result<void> CallModule(const fs::path& module, const char* function, Host& host) {

@@ -1,8 +1,6 @@
-#include <cstdlib>
 #include <fstream>
 #include <utility>
 
-#include "base/places.h"
 #include "modeller/answers.h"
 #include "modeller/exchange_process.h"
 #include "modeller/facets.h"
@@ -29,12 +27,6 @@ Result<Body> Unpack(const MemoryFile& parcel, Origin origin) {
 }
 
 }  // namespace
-
-Exchange Exchange::OfProcess() {
-  if (const char* named = std::getenv("VANZET_EXCHANGE"); named != nullptr && *named != '\0')
-    return {named, {}};
-  return {ProgramFile().parent_path() / "vanzet-exchange", {}};
-}
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
   VANZET_TRY(const auto parcel, MemoryFile::Make());

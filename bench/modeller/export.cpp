@@ -20,18 +20,6 @@ namespace {
 namespace fs = std::filesystem;
 using Bodies = std::vector<NamedBody>;
 
-struct FormatRow {
-  std::string_view word;
-  ExportFormat format;
-  std::string_view ending;
-};
-constexpr FormatRow kFormats[] = {
-    {"step", ExportFormat::kStep, ".step"},
-    {"stl", ExportFormat::kStl, ".stl"},
-    {"wrl", ExportFormat::kWrl, ".wrl"},
-    {"gltf", ExportFormat::kGltf, ".glb"},
-};
-
 /// Moves each body to its placement; names and colours stay.
 Result<Bodies> PlaceBodies(const Bodies& bodies) {
   Bodies placed;
@@ -110,20 +98,6 @@ bool HasSurfaces(const NamedBody& body, ExportFormat format) {
 
 }  // namespace
 
-std::optional<ExportFormat> FormatNamed(std::string_view word) {
-  for (const FormatRow& row : kFormats) {
-    if (row.word == word) return row.format;
-  }
-  return std::nullopt;
-}
-
-std::string_view EndingOf(ExportFormat format) {
-  for (const FormatRow& row : kFormats) {
-    if (row.format == format) return row.ending;
-  }
-  return "";
-}
-
 Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const MeshTolerance& tolerance) {
   VANZET_TRY(const Body placed, PlaceBody(body.body, body.placement));
   VANZET_TRY(const Mesh mesh, MeshOf(placed, tolerance));
@@ -160,13 +134,6 @@ Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolera
   const auto mesh = MeshOf(body, tolerance);
   if (!mesh) return WithFile(mesh.fault(), file);
   return files::ReplaceFile(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
-}
-
-Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const fs::path& file,
-                        const MeshTolerance& tolerance) {
-  const auto body = table.Get(number);
-  if (!body) return WithFile(body.fault(), file);
-  return ExportVrml(*body, file, tolerance);
 }
 
 }  // namespace vanzet::modeller

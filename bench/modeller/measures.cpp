@@ -73,29 +73,6 @@ Result<Box3d> ExtentsOf(const TopoDS_Shape& shape) {
   return Box3d({low.X(), low.Y(), low.Z()}, {high.X(), high.Y(), high.Z()});
 }
 
-struct Corners {
-  Vector3d a, b, c;
-};
-
-Corners CornersOf(const Mesh& mesh, const std::array<int, 3>& triangle) {
-  const auto corner = [&](int i) {
-    return Vector3d(Point3d(), mesh.points[static_cast<std::size_t>(triangle[static_cast<std::size_t>(i)])]);
-  };
-  return {corner(0), corner(1), corner(2)};
-}
-
-/// A sum of places, each with its weight.
-struct Weighted {
-  double weight = 0;
-  Vector3d moment;
-
-  void Add(double part, const Vector3d& place) {
-    weight += part;
-    moment = moment + place * part;
-  }
-  Point3d Centre() const { return Point3d() + moment * (1 / weight); }
-};
-
 }  // namespace
 
 Result<Measures> MeasuresOf(const Body& body) {
@@ -104,12 +81,6 @@ Result<Measures> MeasuresOf(const Body& body) {
     if (IsForeign(shape)) return MeasuresOfForeign(shape);
     return shape.fromStl ? MeasuresOf(FacetsOf(shape.shape)) : MeasuresOf(shape.shape);
   });
-}
-
-std::array<double, 6> InMetres(const geometry::Box3d& box) {
-  std::array<double, 6> metres = {box.min.x, box.min.y, box.min.z, box.max.x, box.max.y, box.max.z};
-  for (double& number : metres) number /= 1000;
-  return metres;
 }
 
 Result<Box3d> Extents(const Body& body) {
@@ -121,33 +92,6 @@ Result<Box3d> Extents(const Body& body) {
   });
   if (box) shape.box = *box;
   return box;
-}
-
-bool IsClosed(const Mesh& mesh) {
-  std::vector<std::pair<int, int>> ways;
-  for (const auto& [a, b, c] : mesh.triangles) {
-    ways.insert(ways.end(), {{a, b}, {b, c}, {c, a}});
-  }
-  std::ranges::sort(ways);
-  const bool isTwice = std::ranges::adjacent_find(ways) != ways.end();
-  return !ways.empty() && !isTwice && std::ranges::all_of(ways, [&](const auto& way) {
-    return std::ranges::binary_search(ways, std::pair(way.second, way.first));
-  });
-}
-
-Measures MeasuresOf(const Mesh& mesh) {
-  Weighted volume, area;
-  for (const auto& triangle : mesh.triangles) {
-    const auto [a, b, c] = CornersOf(mesh, triangle);
-    volume.Add(Dot(a, Cross(b, c)) / 6, (a + b + c) * 0.25);
-    area.Add(Cross(b - a, c - a).Magnitude() / 2, (a + b + c) * (1.0 / 3));
-  }
-  Measures measures;
-  measures.closed = IsClosed(mesh);
-  measures.area = area.weight;
-  if (measures.closed) measures.volume = volume.weight;
-  if (area.weight > 0) measures.centroid = (measures.volume != 0 ? volume : area).Centre();
-  return measures;
 }
 
 }  // namespace vanzet::modeller

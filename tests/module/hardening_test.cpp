@@ -67,7 +67,7 @@ TEST_P(Hardening, MarksWhereAnIndirectCallMayLead) {
 const Built kBuilt[] = {
     {"vanzet", VANZET_PROGRAM, true},         {"window", VANZET_BINARY_DIR "/bin/vanzet-window", true},
     {"exchange", VANZET_EXCHANGE_FILE, true}, {"module", VANZET_MODULE_FILE, false},
-    {"view", VANZET_VIEW_QT_FILE, false},
+    {"view", VANZET_VIEW_QT_FILE, false},     {"solids", VANZET_BINARY_DIR "/lib/libvanzet-solids.so", false},
 };
 
 /// A small file may call no function of the C library that has a checked form.

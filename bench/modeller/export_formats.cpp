@@ -1,0 +1,42 @@
+#include "modeller/exchange_process.h"
+#include "modeller/export.h"
+
+namespace vanzet::modeller {
+namespace {
+
+struct FormatRow {
+  std::string_view word;
+  ExportFormat format;
+  std::string_view ending;
+};
+constexpr FormatRow kFormats[] = {
+    {"step", ExportFormat::kStep, ".step"},
+    {"stl", ExportFormat::kStl, ".stl"},
+    {"wrl", ExportFormat::kWrl, ".wrl"},
+    {"gltf", ExportFormat::kGltf, ".glb"},
+};
+
+}  // namespace
+
+std::optional<ExportFormat> FormatNamed(std::string_view word) {
+  for (const FormatRow& row : kFormats) {
+    if (row.word == word) return row.format;
+  }
+  return std::nullopt;
+}
+
+std::string_view EndingOf(ExportFormat format) {
+  for (const FormatRow& row : kFormats) {
+    if (row.format == format) return row.ending;
+  }
+  return "";
+}
+
+Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const std::filesystem::path& file,
+                        const MeshTolerance& tolerance) {
+  const auto body = table.Get(number);
+  if (!body) return WithFile(body.fault(), file);
+  return ExportVrml(*body, file, tolerance);
+}
+
+}  // namespace vanzet::modeller

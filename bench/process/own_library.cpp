@@ -1,0 +1,44 @@
+#include "process/own_library.h"
+
+#include <dlfcn.h>
+
+#include <string>
+#include <system_error>
+
+#include "base/places.h"
+
+namespace vanzet::process {
+namespace {
+
+namespace fs = std::filesystem;
+
+Fault LoaderFault(const fs::path& library) {
+  const char* const reason = dlerror();
+  return Fault{.text = reason == nullptr ? "cannot be loaded" : reason,
+               .file = library.string(),
+               .kind = FaultKind::kSystem};
+}
+
+}  // namespace
+
+Result<fs::path> FindLibrary(const fs::path& program, const char* file) {
+  const fs::path beside = program.parent_path() / file;
+  const fs::path inLib = program.parent_path().parent_path() / "lib" / file;
+  std::error_code error;
+  for (const fs::path& place : {beside, inLib}) {
+    if (fs::exists(place, error)) return place;
+  }
+  return Fault{.text = std::string(file) + " is neither at " + beside.string() + " nor at " + inLib.string(),
+               .kind = FaultKind::kMissing};
+}
+
+Result<const void*> LoadOwnLibrary(const char* file, const char* function) {
+  VANZET_TRY(const auto library, FindLibrary(ProgramFile(), file));
+  void* const loaded = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  if (loaded == nullptr) return LoaderFault(library);
+  auto* const entry = reinterpret_cast<const void* (*)()>(dlsym(loaded, function));
+  if (entry == nullptr) return LoaderFault(library);
+  return entry();
+}
+
+}  // namespace vanzet::process
