@@ -35,8 +35,8 @@ double Kurve::Area() const {
   double sum = 0;
   Span span;
   for (int i = 1; i <= SpanCount(); ++i) {
-    GetStored(i, span);
-    span.SetProperties();
+    // The share of a line follows from its ends.
+    if (GetStored(i, span) != LINEAR) span.SetProperties();
     sum += span.Area();
   }
   return sum * scale * scale;

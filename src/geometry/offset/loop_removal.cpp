@@ -1,163 +1,12 @@
 #include "geometry/offset/loop_removal.h"
 
-#include <algorithm>
-#include <cmath>
-#include <optional>
 #include <utility>
 
-#include "geometry/intersect.h"
-#include "geometry/offset/box_levels.h"
+#include "geometry/offset/loop_walk.h"
 
-/// Removal of the loops of a raw offset. docs/contours/offset.md explains it with a picture.
-///
-/// Notation
-///   raw       the spans of the raw offset, by index from 0; span i is the one under judgement
-///   source    the spans of the contour that was offset
-///   crossing  the first point where span i meets a later span j; the loop lies between the two
-///   too near  nearer to the source than |off| less `TOLERANCE`: such a crossing is inside of another loop
-///   scan      how many spans span i is compared with before it has a crossing
-///   verdict   what becomes of span i: it stays, it ends at a crossing and span j follows, or it is stuck,
-///             because all its crossings are too near
+/// The spans that a walk keeps, and the contours that they make. loop_walk.h has the notation.
 namespace geometry {
 namespace {
-
-/// How many spans a span without a crossing is compared with.
-constexpr std::size_t kScanOfKurveEx = 51;
-constexpr std::size_t kScanOfKurve = 26;
-
-double SizeOf(const Point& p) {
-  return std::fabs(p.x) + std::fabs(p.y);
-}
-
-/// The plain search: every span may cross, and every source span may be too near.
-class PlainSearch {
- public:
-  explicit PlainSearch(const SourceSpans& source) : source_(source()) {}
-
-  static std::size_t Next(std::size_t, std::size_t from, std::size_t end) { return std::min(from, end); }
-
-  bool AnyWithin(const Point& p, double distance) const {
-    return std::any_of(source_.begin(), source_.end(), [&](const Span& span) {
-      double unusedAlong = 0;
-      return Dist(p, span.NearClamped(p, unusedAlong)) < distance;
-    });
-  }
-
- private:
-  const std::vector<Span>& source_;
-};
-
-/// The search by boxes, which decide which spans are compared. The source gets its boxes with the first
-/// crossing, and a contour without loops needs none.
-class IndexedSearch {
- public:
-  IndexedSearch(std::vector<FlatBox> boxes, const SourceSpans& source)
-      : boxes_(std::move(boxes)), source_(source) {}
-
-  std::size_t Next(std::size_t i, std::size_t from, std::size_t end) {
-    if (end <= i + 2 + kScanOfKurveEx) return boxes_.NextMeeting(i, from, end);
-    const FlatBox& box = boxes_.At(i);
-    return boxes_.Next(from, end, [&box](const FlatBox& other) { return box.Outside(other); });
-  }
-
-  bool AnyWithin(const Point& p, double distance) {
-    if (!near_) BuildNear();
-    const double reach = distance + margin_ + kRounding * SizeOf(p);
-    const FlatBox around(Box(Point(p.x - reach, p.y - reach), Point(p.x + reach, p.y + reach)));
-    const auto misses = [&around](const FlatBox& box) { return around.Outside(box); };
-    const std::size_t n = nearSpans_->size();
-    for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
-      double unusedAlong = 0;
-      if (Dist(p, (*nearSpans_)[i].NearClamped(p, unusedAlong)) < distance) return true;
-    }
-    return false;
-  }
-
- private:
-  /// Points of a span lie in its box but for rounding, which the margin covers amply.
-  void BuildNear() {
-    nearSpans_ = &source_();
-    near_.emplace(BoxesOf(*nearSpans_));
-    double size = 0;
-    for (const Span& span : *nearSpans_) {
-      size = std::max({size, span.radius, SizeOf(span.box.min), SizeOf(span.box.max)});
-    }
-    margin_ = TOLERANCE + kRounding * size;
-  }
-
-  static constexpr double kRounding = 1e-12;
-
-  BoxLevels boxes_;
-  const SourceSpans& source_;
-  const std::vector<Span>* nearSpans_ = nullptr;
-  std::optional<BoxLevels> near_;
-  double margin_ = 0;
-};
-
-double LengthTo(const Span& span, const Point& end) {
-  Span part = span;
-  part.p1 = end;
-  part.SetProperties();
-  return part.length;
-}
-
-/// Finds the first crossing of `span` with a later one, unless it is the start of `span`.
-bool Crossing(const Span& span, const Span& later, Point& p) {
-  Point second;
-  const int count = Intof(span, later, p, second);
-  if (count == 0 || !(Dist(p, span.p0) > TOLERANCE)) return false;
-  if (count == 2 && LengthTo(span, p) > LengthTo(span, second)) p = second;
-  return true;
-}
-
-/// The verdict on a span: it stays, perhaps with a new end, and span `next` follows; or it is stuck.
-struct Verdict {
-  std::size_t next;
-  bool trimmed = false;
-  bool stuck = false;
-  Point end = {};  ///< if trimmed
-};
-
-template <class SearchForm>
-Verdict Judge(const std::vector<Span>& raw, std::size_t i, std::size_t scan, double nearest,
-              SearchForm& search) {
-  const Span& span = raw[i];
-  Verdict verdict{i + 1};
-  std::size_t end = std::min(raw.size(), i + 2 + scan);
-  for (std::size_t j = search.Next(i, i + 2, end); j < end; j = search.Next(i, j + 1, end)) {
-    Point p;
-    if (!Crossing(span, raw[j], p)) continue;
-    verdict.next = j;
-    verdict.stuck = search.AnyWithin(p, nearest);
-    if (!verdict.stuck) {
-      verdict.trimmed = true;
-      verdict.end = p;
-      return verdict;
-    }
-    end = raw.size();  // a loop has begun, and may close anywhere
-  }
-  return verdict;
-}
-
-/// Calls `keep(i, verdict)` for the spans that stay and returns the code of geometry/offset.h.
-template <class SearchForm, class Keep>
-int Walk(SearchForm&& search, const std::vector<Span>& raw, std::size_t scan, double off, Keep&& keep) {
-  const double nearest = std::fabs(off) - TOLERANCE;
-  for (std::size_t i = 0; i < raw.size();) {
-    const Verdict verdict = Judge(raw, i, scan, nearest, search);
-    if (verdict.stuck) return 2;
-    keep(i, verdict);
-    i = verdict.next;
-  }
-  return 0;
-}
-
-template <class Keep>
-int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off,
-         Keep&& keep) {
-  if (form == Search::Plain) return Walk(PlainSearch(source), raw, scan, off, keep);
-  return Walk(IndexedSearch(BoxesOf(raw), source), raw, scan, off, keep);
-}
 
 /// Moves the spans that stay to the front of the contour's storage, and sums the totals up again.
 ///
@@ -229,6 +78,58 @@ class Compaction {
   std::size_t kept_ = 0;
 };
 
+/// Copies the spans that stay, once the first loop is cut. A contour that loses nothing is given on.
+class VertexCompaction {
+ public:
+  explicit VertexCompaction(RawVertices& raw)
+      : raw_(raw), unchanged_(raw.asStored && raw.contour.SpanCount() > 0) {
+    if (!unchanged_) Begin();
+  }
+
+  void Keep(std::size_t i, const Verdict& verdict) {
+    if (unchanged_ && verdict.trimmed) CatchUp();
+    if (!unchanged_) Add(i, verdict);
+    ++kept_;
+  }
+
+  Kurve Take() {
+    const bool all = kept_ == static_cast<std::size_t>(raw_.contour.SpanCount());
+    if (unchanged_ && !all) CatchUp();
+    if (unchanged_) return std::move(raw_.contour);
+    raw_.area.reset();
+    return std::move(out_);
+  }
+
+ private:
+  void Begin() {
+    out_ = static_cast<const Matrix&>(raw_.contour);
+    out_.blocks.reserve(raw_.contour.blocks.size());
+    if (raw_.contour.SpanCount() == 0) return;
+    Point start;
+    Point unusedCentre;
+    raw_.contour.Get(0, start, unusedCentre);
+    out_.Add(spVertex(LINEAR, start, Point(0, 0), raw_.contour.GetSpanID(0)));
+  }
+
+  void CatchUp() {
+    unchanged_ = false;
+    Begin();
+    for (std::size_t i = 0; i < kept_; ++i) Add(i, Verdict{i + 1});
+  }
+
+  void Add(std::size_t i, const Verdict& verdict) {
+    Span span;
+    raw_.contour.GetStored(static_cast<int>(i) + 1, span);
+    if (!raw_.asStored) span.SetTangents();
+    out_.Add(spVertex(span.dir, verdict.trimmed ? verdict.end : span.p1, span.pc, span.ID), false);
+  }
+
+  RawVertices& raw_;
+  bool unchanged_;
+  std::size_t kept_ = 0;
+  Kurve out_;
+};
+
 }  // namespace
 
 KurveEx EliminateLoops(RawContour&& raw, const std::vector<Span>& source, double off, int& code) {
@@ -276,6 +177,22 @@ Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, in
     k.Add(spVertex(span.dir, verdict.trimmed ? verdict.end : span.p1, span.pc, span.ID), false);
   });
   return k;
+}
+
+Kurve EliminateLoops(RawVertices& raw, const SourceSpans& source, double off, int& code) {
+  VertexCompaction compaction(raw);
+  code = Walk(IndexedSearch(std::move(raw.boxes), source), VertexSpans(raw.contour), kScanOfKurve, off,
+              [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
+  return compaction.Take();
+}
+
+std::vector<Span> StoredSpansOf(const Kurve& k) {
+  std::vector<Span> spans(static_cast<std::size_t>(k.SpanCount()));
+  for (std::size_t i = 0; i < spans.size(); ++i) {
+    k.GetStored(static_cast<int>(i) + 1, spans[i]);
+    spans[i].SetProperties();
+  }
+  return spans;
 }
 
 std::vector<Span> SpansOf(const Kurve& k) {

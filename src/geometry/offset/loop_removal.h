@@ -4,6 +4,7 @@
 
 #include "geometry/offset.h"
 #include "geometry/offset/span_chain.h"
+#include "geometry/offset/vertex_chain.h"
 
 /// The removal of loops, with a choice of the search for crossings.
 namespace geometry {
@@ -25,7 +26,12 @@ KurveEx WithTotals(RawContour&& raw);
 /// `EliminateLoops` of a compact contour; its spans and those of the source are untransformed.
 Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search);
 
-/// The spans of a compact contour with their properties, untransformed, in reading order.
+/// The same of a raw offset as it was made, which is given on when nothing is cut; otherwise `raw.area` is
+/// reset.
+Kurve EliminateLoops(RawVertices& raw, const SourceSpans& source, double off, int& code);
+
+/// The spans of a compact contour with their properties, untransformed, in the order of reading or storage.
 std::vector<Span> SpansOf(const Kurve& k);
+std::vector<Span> StoredSpansOf(const Kurve& k);
 
 }  // namespace geometry

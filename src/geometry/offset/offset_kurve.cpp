@@ -12,83 +12,119 @@ namespace {
 /// Moves the sources, in the order of storage and untransformed, and joins the targets.
 class RawOffset {
  public:
-  RawOffset(const Kurve& source, const OffsetSense& sense) : source_(source), sense_(sense) {
-    result_ = static_cast<const Matrix&>(source);
-  }
+  /// `method` as in `Kurve::OffsetMethod1`.
+  RawOffset(const Kurve& source, const OffsetSense& sense, int method)
+      : source_(source),
+        sense_(sense),
+        closed_(source.Closed()),
+        countsArea_(closed_ && method != 0),
+        chain_(source, source.SpanCount(), method != 0) {}
 
-  Kurve Make() {
+  RawVertices Make() {
     const int n = source_.SpanCount();
-    const bool closed = source_.Closed();
-    if (closed) {
+    if (closed_) {
       ReadMoved(n);
-      if (!current_.NullSpan) previous_ = current_;
+      if (!current_->NullSpan) std::swap(current_, previous_);
     }
     for (int number = 1; number <= n; ++number) Step(number, false);
-    if (closed) Step(1, true);
-    return std::move(result_);
+    if (closed_) Step(1, true);
+    return chain_.Take();
   }
+
+  /// The area of the sources, untransformed. Requires: made for a method but 0, of a closed contour.
+  double AreaOfSource() const { return area_; }
 
  private:
   /// Passes over sources and targets without a length.
   void Step(int number, bool closing) {
-    const Span source = ReadMoved(number);
-    if (current_.NullSpan) {
+    ReadMoved(number);
+    if (countsArea_ && !closing) CountArea();
+    if (current_->NullSpan) {
       skipped_ = true;
       return;
     }
-    if (!result_.started) result_.Add(spVertex(LINEAR, current_.p0, Point(0, 0), 0));
-    const bool crossed = (number > 1 || closing) && Join(source.p0);
+    if (!chain_.Started()) chain_.Start(current_->p0);
+    const bool crossed = (number > 1 || closing) && Join();
     if (closing) {
-      if (crossed) result_.Replace(0, LINEAR, current_.p0, Point(0, 0), 0);
+      if (crossed) chain_.MoveStart(current_->p0);
       return;
     }
     // A crossing may have left nothing of the target.
-    skipped_ = current_.NullSpan;
+    skipped_ = current_->NullSpan;
     if (skipped_) return;
-    current_.ID = static_cast<std::uint32_t>(number);
-    result_.Add(current_, false);
-    previous_ = current_;
+    current_->ID = static_cast<std::uint32_t>(number);
+    chain_.Add(*current_);
+    std::swap(current_, previous_);
   }
 
-  /// Returns the source and puts its target into `current_`.
-  Span ReadMoved(int number) {
-    Span source;
-    source_.GetStored(number, source);
-    source.SetProperties();
-    current_ = source.Offset(sense_.off);
-    return source;
+  /// Reads a source, and makes its target the current one.
+  void ReadMoved(int number) {
+    source_.GetStored(number, read_);
+    read_.SetTangents();
+    const double off = sense_.off;
+    if (NearZero(off, TIGHT_TOLERANCE)) {
+      *current_ = read_;
+      return;
+    }
+    const bool stays = !read_.NullSpan && (read_.dir == LINEAR || read_.radius - read_.dir * off > TOLERANCE);
+    current_->NullSpan = !stays;
+    if (!stays) return;
+    current_->p0 = read_.p0 + read_.vs.LeftNormal() * off;
+    current_->p1 = read_.p1 + read_.ve.LeftNormal() * off;
+    current_->dir = read_.dir;
+    current_->pc = read_.pc;
+    current_->ID = read_.ID;
+    current_->SetTangents();
+  }
+
+  void CountArea() {
+    if (read_.dir != LINEAR) read_.SetMeasures();
+    area_ += read_.Area();
   }
 
   /// Closes the gap between previous and current. Returns true when they cross.
-  bool Join(const Point& vertex) {
-    if (previous_.NullSpan || !(Dist(previous_.p1, current_.p0) > TOLERANCE)) return false;
+  bool Join() {
+    if (previous_->NullSpan || !(Dist(previous_->p1, current_->p0) > TOLERANCE)) return false;
     Point crossing;
-    if (sense_.Inward(previous_, current_) && OnlyCrossing(previous_, current_, crossing)) {
-      result_.Replace(result_.nVertices - 1, previous_.dir, crossing, previous_.pc, previous_.ID);
-      current_.p0 = crossing;
-      current_.SetProperties();
+    if (sense_.Inward(*previous_, *current_) && TargetsCross(crossing)) {
+      chain_.MoveEnd(*previous_, crossing);
+      current_->p0 = crossing;
+      current_->SetTangents();
       return true;
     }
-    Span arc = RollArc(sense_.rollDir, current_.p0, vertex, ROLL_AROUND);
+    Span arc = RollArc(sense_.rollDir, current_->p0, read_.p0, ROLL_AROUND);
     if (skipped_) {
       // Next to a span that has gone, the vertex is not equally far from both ends.
-      Point unusedCentre;
-      result_.Get(result_.nVertices - 1, arc.p0, unusedCentre);
+      arc.p0 = chain_.End();
       arc.pc = arc.CentreOnBisector();
     }
-    result_.Add(arc, false);
+    chain_.AddArc(arc);
     return false;
+  }
+
+  bool TargetsCross(Point& crossing) {
+    for (Span* target : {previous_, current_}) {
+      if (!target->propertiesSet) target->SetMeasures();
+    }
+    return OnlyCrossing(*previous_, *current_, crossing);
   }
 
   const Kurve& source_;
   const OffsetSense& sense_;
-  Kurve result_;
-  Span previous_, current_;
+  const bool closed_;
+  const bool countsArea_;
+  VertexChain chain_;
+  Span read_;  ///< the source under work
+  Span buffers_[2];
+  Span* previous_ = &buffers_[0];
+  Span* current_ = &buffers_[1];
   bool skipped_ = false;
+  double area_ = 0;
 };
 
-int CheckClosed(const Kurve& source, const Kurve& made, double off) {
-  return made.Closed() ? CodeOfAreas(source.Area(), made.Area(), off) : 2;
+/// The code of a closed source.
+int CheckClosed(const Kurve& made, double sourceArea, double madeArea, double off) {
+  return made.Closed() ? CodeOfAreas(sourceArea, madeArea, off) : 2;
 }
 
 }  // namespace
@@ -112,17 +148,20 @@ int Kurve::OffsetMethod1(Kurve& kOffset, double offset, int direction, int metho
     kOffset = *this;
     return 0;
   }
-  Kurve made = RawOffset(*this, sense).Make();
+  RawOffset maker(*this, sense, method);
+  RawVertices raw = maker.Make();
   int code = 0;
-  if (method != 0) {
+  Kurve made;
+  if (method == 0) {
+    made = std::move(raw.contour);
+  } else {
     std::vector<Span> spans;
-    const SourceSpans asStored = [&]() -> const std::vector<Span>& {
-      Kurve stored(*this);
-      stored.reversed = false;
-      return spans = SpansOf(stored);
-    };
-    made = EliminateLoops(made, asStored, sense.off, code, Search::Indexed);
-    if (code == 0 && Closed()) code = CheckClosed(*this, made, sense.off);
+    const SourceSpans asStored = [&]() -> const std::vector<Span>& { return spans = StoredSpansOf(*this); };
+    made = EliminateLoops(raw, asStored, sense.off, code);
+    if (code == 0 && Closed()) {
+      const double area = raw.area ? *raw.area * scale * scale : made.Area();
+      code = CheckClosed(made, maker.AreaOfSource() * scale * scale, area, sense.off);
+    }
   }
   made.reversed = reversed;
   kOffset = std::move(made);
