@@ -4,29 +4,37 @@
 #include <fstream>
 #include <iostream>
 
-#include "base/letter_case.h"
 #include "base/path_map.h"
+#include "contour/file_form.h"
 
 namespace vanzet::contour {
 namespace {
 
 Result<DxfContent> WithoutRemarks(Result<Contours> contours) {
   VANZET_TRY(Contours read, std::move(contours));
-  return DxfContent{std::move(read), {}};
+  return DxfContent{std::move(read)};
+}
+
+Result<DxfContent> ReadBytes(std::istream& stream, const std::string& name, const DxfOptions& options) {
+  HeadedStream bytes(stream);
+  switch (FormOf(bytes.head(), name)) {
+    case FileForm::kDrawing: return ReadDxf(bytes, name, options);
+    case FileForm::kXml: return WithoutRemarks(ReadXml(bytes, name));
+    case FileForm::kText: break;
+  }
+  return WithoutRemarks(ReadText(bytes, name));
 }
 
 }  // namespace
 
 Result<DxfContent> ReadContourFile(const std::string& file, const DxfOptions& options) {
-  if (file == "-") return WithoutRemarks(ReadText(std::cin, "standard input"));
+  if (file == "-") return ReadBytes(std::cin, "standard input", options);
   const std::filesystem::path path = PathMap::OfProcess().Resolve(file);
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) return Fault{"is a folder", file};
   std::ifstream stream(path, std::ios::binary);
   if (!stream) return Fault{.text = "cannot be read", .file = file, .kind = FaultKind::kMissing};
-  if (EqualWithoutCase(path.extension().string(), ".dxf")) return ReadDxf(stream, file, options);
-  if (EqualWithoutCase(path.extension().string(), ".xml")) return WithoutRemarks(ReadXml(stream, file));
-  return WithoutRemarks(ReadText(stream, file));
+  return ReadBytes(stream, file, options);
 }
 
 }  // namespace vanzet::contour

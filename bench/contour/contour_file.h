@@ -22,16 +22,24 @@ struct DxfOptions {
   std::string layer = {};        ///< takes this layer alone, in any case of letters; empty: all layers
   double join = kJoinTolerance;  ///< joins pieces whose ends are not farther apart, in millimetres
   std::string unit = {};         ///< "mm", "inch" or "m"; empty: the drawing's own unit, or millimetres
+  double tolerance = 0.001;      ///< of the arcs that splines and ellipses become, in millimetres
 };
 
-/// The contours of a file, with a line for each kind of entity that was left out of a drawing.
+/// A line about a file that was read.
+struct Remark {
+  std::string text;     ///< with the name of the file
+  bool isLoss = false;  ///< something was not read, or not as it is drawn
+};
+
+/// The contours of a file.
 struct DxfContent {
   Contours contours;
-  std::vector<std::string> remarks;
+  std::vector<Remark> remarks = {};
+  bool isDrawing = false;
 };
 
-/// Reads a file of contours: a drawing when its name ends with .dxf, in any case of letters, the library's
-/// XML when it ends with .xml, else the contour text form. "-" is standard input, which holds contour text.
+/// Reads a file of contours. Its first bytes say of which form it is: a drawing in DXF, the library's XML or
+/// the contour text form; the ending of its name, where they do not. "-" is standard input.
 Result<DxfContent> ReadContourFile(const std::string& file, const DxfOptions& options);
 
 /// Reads all contours of a text. Fails for a line that is not of the form, a contour that is cut short or has
@@ -41,10 +49,10 @@ Result<Contours> ReadText(std::istream& text, const std::string& name);
 /// Writes the contours one after the other. They read back the same to 14 digits.
 std::string TextForm(const Contours& contours);
 
-/// Reads the contours of a drawing in DXF. Fails with a line for a file that is not a drawing or is cut
+/// Reads the contours of a drawing in DXF, as text or binary. Fails with a line for a file that is not a drawing or is cut
 /// short, an entity that lacks a number, and an arc or a coordinate that is not one; without a line for a
 /// drawing or a layer without a contour, and for an unknown unit.
-Result<DxfContent> ReadDxf(std::istream& text, const std::string& name, const DxfOptions& options);
+Result<DxfContent> ReadDxf(std::istream& bytes, const std::string& name, const DxfOptions& options);
 
 /// Writes the contours as polylines of a drawing in DXF, in millimetres, all on one layer; arcs are bulges.
 /// `ReadDxf` reads them back one by one, and so do programs that know release 12 of the format or a later

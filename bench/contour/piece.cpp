@@ -17,6 +17,9 @@ using geometry::Point;
 /// An arc that rises less than this over its chord, in millimetres, is a line.
 constexpr double kFlat = 1e-6;
 
+/// The library has a line for an arc of less than 0.18 degrees; the centre of such an arc can be far away.
+constexpr double kLeastBulge = 7.9e-4;
+
 /// With the angle 4 atan(b) over the chord c, the centre is c (1 - b^2) / 4b to the left of the chord's
 /// middle.
 Point CentreOf(const Point& start, const Segment& segment) {
@@ -28,7 +31,7 @@ Point CentreOf(const Point& start, const Segment& segment) {
 
 Result<void> AddTo(Builder& builder, const Point& start, const Segment& segment) {
   const double rise = std::fabs(segment.bulge) * Dist(start, segment.end) / 2;
-  if (rise < kFlat) return builder.LineTo(segment.end);
+  if (rise < kFlat || std::fabs(segment.bulge) < kLeastBulge) return builder.LineTo(segment.end);
   return builder.ArcTo(segment.bulge > 0 ? geometry::ACW : geometry::CW, segment.end,
                        CentreOf(start, segment));
 }

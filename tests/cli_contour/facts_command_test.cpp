@@ -81,15 +81,34 @@ TEST_F(ContourFacts, StandardInputIsReadForADashOrNoFile) {
   EXPECT_EQ(Json("intersect - slot.txt", "k1 e x0 y0\nx0 y50\nek\n")["points"].size(), 1U);
 }
 
-TEST_F(ContourFacts, ADrawingIsReadByItsEnding) {
-  WriteBytes(
-      folder / "D.DXF",
-      "0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n1\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n8\nA\n10\n"
-      "0\n20\n0\n40\n1\n0\nTEXT\n1\nx\n0\nENDSEC\n0\nEOF\n");
-  EXPECT_NEAR(Json("info D.DXF")["contours"][0]["perimeter"], 2 * kPi * 25.4, 1e-9);
+TEST_F(ContourFacts, ADrawingIsReadByItsContent) {
+  const std::string drawing =
+      "0\n SECTION\n2\nHEADER\n9\n$INSUNITS\n70\n1\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n8\nA\n10\n"
+      "0\n20\n0\n40\n1\n0\nTEXT\n1\nx\n0\nENDSEC\n0\nEOF\n";
+  for (const char* name : {"D.DXF", "drawing.txt", "drawing"}) {
+    WriteBytes(folder / name, drawing);
+    EXPECT_NEAR(Json("info " + std::string(name))["contours"][0]["perimeter"], 2 * kPi * 25.4, 1e-9);
+  }
   EXPECT_NEAR(Json("info D.DXF --unit mm")["contours"][0]["perimeter"], 2 * kPi, 1e-9);
-  EXPECT_EQ(Vanzet("contour info D.DXF").err, "vanzet: D.DXF: left out 1 TEXT\n");
+  EXPECT_NEAR(Json("info --unit mm", drawing)["contours"][0]["perimeter"], 2 * kPi, 1e-9);
+  WriteBytes(folder / "text.dxf", ReadBytes(folder / "slot.txt"));
+  EXPECT_EQ(Vanzet("contour info text.dxf").out, Vanzet("contour info slot.txt").out);
+  WriteBytes(folder / "xml.txt", Vanzet("contour xml slot.txt").out);
+  EXPECT_EQ(Vanzet("contour info xml.txt").out, Vanzet("contour info slot.txt").out);
   EXPECT_THAT(Fault("info D.DXF --layer B"), HasSubstr("no lines or arcs on the layer 'B', but on 'A'\n"));
+}
+
+TEST_F(ContourFacts, WhatIsLeftOutOfADrawingIsSaidAndCanBeAFailure) {
+  WriteBytes(
+      folder / "d.dxf",
+      "0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n8\nA\n10\n0\n20\n0\n40\n1\n0\nREGION\n8\nB\n0\nENDSEC\n0\nEOF\n");
+  const Outcome run = Vanzet("contour info d.dxf");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "vanzet: d.dxf: left out 1 REGION\n");
+  EXPECT_EQ(Fault("info d.dxf --strict"),
+            "vanzet: d.dxf: left out 1 REGION\n"
+            "vanzet: d.dxf: not everything was read as it is drawn, and --strict is given\n");
+  EXPECT_EQ(Vanzet("contour info d.dxf --strict --layer A").status, 0);
 }
 
 TEST_F(ContourFacts, OneContourOfSeveralIsChosenByItsNumber) {

@@ -37,7 +37,6 @@ TEST_F(ContourUsage, WrongUsageHasTheStatusTwo) {
                                 "split slot.txt --tolerance -1",
                                 "split slot.txt --tolerance inf",
                                 "split slot.txt --tolerance",
-                                "info slot.txt --tolerance 1",
                                 "transform slot.txt --move 5",
                                 "transform slot.txt --move 5,x",
                                 "transform slot.txt --mirror z",
@@ -61,6 +60,13 @@ TEST_F(ContourUsage, OnlyOneSideOfAnOffset) {
   const Outcome run = Vanzet("contour offset slot.txt 2 --right --outside");
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("--outside: cannot be given together with --right"));
+}
+
+TEST_F(ContourUsage, OptionsForDrawingsAreRefusedForOtherFiles) {
+  for (const std::string option : {"--unit inch", "--layer A", "--join 1", "--tolerance 1"}) {
+    EXPECT_EQ(Fault("info slot.txt " + option), "vanzet: slot.txt: " + option.substr(0, option.find(' ')) +
+                                                    " has no effect, since the file is not a drawing\n");
+  }
 }
 
 TEST_F(ContourUsage, OutputsWithTheEndingOfAnotherFormAreRefused) {

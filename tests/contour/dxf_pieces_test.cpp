@@ -108,25 +108,43 @@ TEST_F(DxfPiecesTest, ALayerIsChosenByNameInAnyCase) {
             "d.dxf: has no lines or arcs on the layer 'Lid', but on '0', 'Bore'");
 }
 
-TEST_F(DxfPiecesTest, ReportsTheEntitiesThatItLeavesOut) {
-  const auto content = Dxf(Drawing(
-      std::string(kLine) +
-      "|0 TEXT|8 0|1 hello|0 SPLINE|8 0|0 TEXT|1 x|0 ARC|8 0|10 0|20 0|40 1|50 0|51 9|210 1|220 0|230 0"
-      "|0 LINE|67 1|10 0|20 0|11 1|21 1|0 POLYLINE|70 8|0 VERTEX|10 0|20 0|0 SEQEND"
-      "|0 CIRCLE|10 0|20 0|40 0"));
-  ASSERT_TRUE(content);
-  EXPECT_EQ(content->contours.size(), 1U);
-  EXPECT_THAT(content->remarks, testing::ElementsAre("d.dxf: left out 1 ARC in a tilted plane",
-                                                     "d.dxf: left out 1 ARC or CIRCLE without a radius",
-                                                     "d.dxf: left out 1 LINE on paper",
-                                                     "d.dxf: left out 1 POLYLINE that is a spline or a mesh",
-                                                     "d.dxf: left out 1 SPLINE", "d.dxf: left out 2 TEXT"));
-}
-
-TEST_F(DxfPiecesTest, BlocksAreNotRead) {
+TEST_F(DxfPiecesTest, ABlockThatIsNotInsertedIsNotDrawn) {
   EXPECT_EQ(
       Refused(Groups(std::string("0 SECTION|2 BLOCKS|0 BLOCK|2 part|") + kLine + "|0 ENDBLK|0 ENDSEC|0 EOF")),
       "d.dxf: has no lines or arcs");
+}
+
+TEST_F(DxfPiecesTest, AnOldPolylineBringsTheArcsOfItsCurveFit) {
+  // Two arcs of a quarter turn, the vertex between them made by the fit.
+  const Contour fitted =
+      One("0 POLYLINE|66 1|70 2|0 VERTEX|10 0|20 0|42 0.41421356237309503|0 VERTEX|10 10|20 10|70 1|"
+          "42 0.41421356237309503|0 VERTEX|10 0|20 20|0 SEQEND");
+  EXPECT_NEAR(fitted.curve.perim, 10 * kPi, 1e-9);
+}
+
+TEST_F(DxfPiecesTest, TheFrameOfAnOldSplineIsNotDrawn) {
+  const Contour spline =
+      One("0 POLYLINE|66 1|70 4|0 VERTEX|10 5|20 50|70 16|0 VERTEX|10 0|20 0|70 8|0 VERTEX|10 5|20 2|70 8|"
+          "0 VERTEX|10 10|20 0|70 8|0 SEQEND");
+  EXPECT_EQ(spline.curve.SpanCount(), 2);
+}
+
+TEST_F(DxfPiecesTest, APolylineInSpaceIsReadFromAbove) {
+  const Contour level = One("0 POLYLINE|66 1|70 8|0 VERTEX|10 0|20 0|30 7|0 VERTEX|10 3|20 4|30 7|0 SEQEND");
+  EXPECT_NEAR(level.curve.perim, 5, 1e-12);
+}
+
+TEST_F(DxfPiecesTest, APolylineInATiltedPlaneIsSeenFromAbove) {
+  // The plane rises by 60 degrees along y; its x axis is that of the world.
+  const auto content =
+      Dxf(Drawing("0 LWPOLYLINE|90 3|70 1|210 0|220 -0.8660254037844386|230 0.5|"
+                  "10 0|20 0|10 6|20 0|10 6|20 10"));
+  ASSERT_TRUE(content) << content.fault().Message();
+  EXPECT_NEAR(FactsOf(content->contours[0]).area, 6 * 5 / 2.0, 1e-9);
+  ASSERT_EQ(content->remarks.size(), 1U);
+  EXPECT_EQ(content->remarks[0].text,
+            "d.dxf: not parallel to the drawing's plane, and read as seen from above: 1 LWPOLYLINE");
+  EXPECT_TRUE(content->remarks[0].isLoss);
 }
 
 }  // namespace

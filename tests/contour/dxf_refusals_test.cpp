@@ -18,8 +18,7 @@ TEST_F(DxfRefusalsTest, FilesThatAreNotDrawings) {
   EXPECT_EQ(Refused(""), "d.dxf: the drawing is cut short: it does not end with the group '0 EOF'");
   EXPECT_EQ(Refused("hello\nworld\n"), "d.dxf:1: expected a group code, found 'hello'");
   EXPECT_EQ(Refused("0\nLINE\n"), "d.dxf:2: not a DXF drawing: it does not begin with a section");
-  EXPECT_EQ(Refused("AutoCAD Binary DXF\r\n\x1a\n"),
-            "d.dxf:2: not a text file: the line has a control character");
+  EXPECT_EQ(Refused("AutoCAD Binary DXF\r\n\x1a\n"), "d.dxf: not a DXF drawing");
   EXPECT_EQ(Refused("0\nSECTION\n2\nENTITIES\n0\n"),
             "d.dxf:5: the drawing is cut short: it does not end with the group '0 EOF'");
 }
@@ -39,13 +38,16 @@ TEST_F(DxfRefusalsTest, EntitiesWithoutTheirNumbers) {
   });
 }
 
-TEST_F(DxfRefusalsTest, ValuesThatAreTooLong) {
-  const std::string name(255, 'L'), line = "|10 0|20 0|11 1|21 0";
-  EXPECT_EQ(Refused(Drawing("0 LINE|8 " + name + line)), "read");
-  EXPECT_EQ(Refused(Drawing("0 LINE|8 " + name + "L" + line)),
-            "d.dxf:18: the value is longer than 255 bytes");
-  EXPECT_EQ(Refused(Drawing("0 LINE|10 0." + std::string(4000, '0') + line)),
-            "d.dxf:18: the value is longer than 255 bytes");
+TEST_F(DxfRefusalsTest, LongValuesAreRead) {
+  const std::string line = "|10 0." + std::string(4000, '0') + "|20 0|11 1|21 0";
+  EXPECT_EQ(Refused(Drawing("0 LINE|8 " + std::string(2049, 'L') + line)), "read");
+}
+
+TEST_F(DxfRefusalsTest, ADrawingThatEndsAfterItsEntitiesIsWhole) {
+  const std::string head = "0 SECTION|2 ENTITIES|" + std::string(kLine);
+  EXPECT_EQ(Refused(Groups(head + "|0 ENDSEC")), "read");
+  EXPECT_EQ(Refused(Groups(head)),
+            "d.dxf:16: the drawing is cut short: it does not end with the group '0 EOF'");
 }
 
 TEST_F(DxfRefusalsTest, PolylinesOutOfOrder) {
@@ -76,7 +78,7 @@ TEST_F(DxfRefusalsTest, InvalidShapes) {
       {"0 LWPOLYLINE|90 2|10 0|20 0|42 1e300|10 1|20 0", "d.dxf:16: a coordinate is not a number"},
       {"0 LWPOLYLINE|90 2|10 0|20 0|42 1e5|10 1|20 0",
        "d.dxf:16: the arc is a full turn, which has to be two arcs"},
-      {"0 TEXT|1 only a text", "d.dxf: has no lines or arcs"},
+      {"0 TEXT|1 only a text", "d.dxf: has no lines or arcs; left out 1 TEXT"},
       {"0 LINE|10 1|20 1|11 1|21 1", "d.dxf: has no lines or arcs"},
   });
 }

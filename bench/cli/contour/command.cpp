@@ -66,10 +66,11 @@ constexpr Row kRows[] = {
 // clang-format on
 
 constexpr const char* kNotes =
-    "FILE contains contours in the text form; a name that ends with .dxf is read as a drawing, one that ends "
-    "with\n.xml as XML of the geometry library. Without FILE, or for '-', contour text is read from standard "
-    "input.\nLengths are in millimetres, angles in degrees. Write a negative number with its leading zero: "
-    "-0.5, not -.5.";
+    "FILE contains contours in the text form, a drawing in DXF, or XML of the geometry library; its first "
+    "bytes\n"
+    "say which. Without FILE, or for '-', standard input is read. Lengths are in millimetres, angles in "
+    "degrees.\n"
+    "Write a negative number with its leading zero: -0.5, not -.5.";
 
 void AddOperation(Command& contour, const Row& row, Context& context) {
   const auto arguments = std::make_shared<ContourArguments>();

@@ -28,6 +28,26 @@ Result<void> WriteFile(const std::string& name, const std::string& bytes) {
   return files::ReplaceFile(PathMap::OfProcess().Resolve(name), bytes);
 }
 
+/// Fails when an option for drawings was given and no file is one.
+Result<void> CheckDrawingOptions(const ContourArguments& arguments, const contour::DxfContent& content,
+                                 const std::string& file) {
+  if (content.isDrawing || arguments.drawingOption.empty() || arguments.files.size() > 1) return {};
+  return Fault{arguments.drawingOption + " has no effect, since the file is not a drawing", file};
+}
+
+/// Prints what there is to say about a file. Fails when something was not read as it is drawn, if that is
+/// asked for.
+Result<void> ReportRemarks(const ContourArguments& arguments, const contour::DxfContent& content,
+                           const std::string& file) {
+  bool hasLoss = false;
+  for (const contour::Remark& remark : content.remarks) {
+    std::cerr << "vanzet: " + OneLine(remark.text) + "\n";
+    hasLoss = hasLoss || remark.isLoss;
+  }
+  if (!hasLoss || !arguments.strict) return {};
+  return Fault{"not everything was read as it is drawn, and --strict is given", file};
+}
+
 }  // namespace
 
 Result<void> CheckOutputs(const ContourArguments& arguments) {
@@ -41,7 +61,8 @@ Result<void> CheckOutputs(const ContourArguments& arguments) {
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
   const std::string& name = arguments.files[file];
   VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
-  for (const std::string& remark : content.remarks) std::cerr << "vanzet: " + OneLine(remark) + "\n";
+  VANZET_DO(CheckDrawingOptions(arguments, content, name));
+  VANZET_DO(ReportRemarks(arguments, content, name));
   if (!arguments.contour) return std::move(content.contours);
   contour::Contours chosen;
   for (const contour::Contour& contour : content.contours) {

@@ -27,15 +27,32 @@ geometry::Point PointOf(const std::string& name, const std::string& word, double
   return {x, RealOf(name, word.substr(comma + 1), -most, most)};
 }
 
-void AddFileOptions(Command& command, ContourArguments& arguments) {
-  command.AddOption("--layer", "NAME", "drawings: only this layer", StoreText(arguments.drawing.layer));
+/// Takes a word as `take` does, and notes that an option for drawings was given.
+TakeWord ForDrawings(ContourArguments& arguments, TakeWord take) {
+  return [&arguments, take = std::move(take)](const std::string& name, const std::string& word) {
+    take(name, word);
+    arguments.drawingOption = name;
+  };
+}
+
+void AddFileOptions(Command& command, ContourArguments& arguments, bool withTolerance) {
+  command.AddOption("--layer", "NAME", "drawings: only this layer",
+                    ForDrawings(arguments, StoreText(arguments.drawing.layer)));
   command.AddOption("--join", "MM",
                     "drawings: join pieces whose ends are no farther apart than this; default: 0.001",
-                    StoreReal(arguments.drawing.join, 0, kLargestJoin));
+                    ForDrawings(arguments, StoreReal(arguments.drawing.join, 0, kLargestJoin)));
   command
       .AddOption("--unit", "UNIT", "drawings: the unit; default: the unit that the drawing states",
-                 StoreText(arguments.drawing.unit))
+                 ForDrawings(arguments, StoreText(arguments.drawing.unit)))
       .OneOf({"mm", "inch", "m"});
+  if (withTolerance) {
+    command.AddOption(
+        "--tolerance", "MM",
+        "drawings: the largest distance of arcs from the splines and ellipses that they replace; "
+        "default: 0.001",
+        ForDrawings(arguments,
+                    StoreReal(arguments.drawing.tolerance, kSmallestTolerance, kLargestTolerance)));
+  }
   command.AddFlag("--strict", "fail when something of FILE is left out", arguments.strict);
 }
 
@@ -196,7 +213,7 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
   if ((options & kSelect) != 0) {
     command.AddOption("--contour", "N", "only the contour with this number", StoreInteger(arguments.contour));
   }
-  if ((options & kFile) != 0) AddFileOptions(command, arguments);
+  if ((options & kFile) != 0) AddFileOptions(command, arguments, (options & kTolerance) == 0);
   if ((options & kDxf) != 0) {
     command.AddOption("--dxf", "FILE", "write the result as a drawing to this file",
                       StoreText(arguments.dxf));

@@ -35,6 +35,7 @@ struct ContourArguments {
   std::vector<std::string> files;  ///< the words before the numbers, or else "-"
   std::vector<double> numbers;     ///< coordinates and radii, in millimetres
   contour::DxfOptions drawing;
+  std::string drawingOption;            ///< one that was given and is for drawings alone
   std::optional<std::int32_t> contour;  ///< only contours with this number
   double tolerance = 0.01;              ///< in millimetres
   geometry::Matrix matrix;
@@ -67,7 +68,7 @@ struct ContourArguments {
 
 /// The options of an operation besides those of its output.
 enum ContourOption : unsigned {
-  kFile = 1,  ///< how drawings are read
+  kFile = 1,  ///< how drawings are read; with `kTolerance`, arcs of their curves have the default tolerance
   kSelect = 2,
   kTolerance = 4,
   kSteps = 8,  ///< of a transformation

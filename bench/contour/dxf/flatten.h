@@ -1,0 +1,21 @@
+#pragma once
+
+#include "base/result.h"
+#include "contour/dxf/item.h"
+#include "contour/piece.h"
+
+namespace vanzet::contour {
+
+/// A path as it is seen from above.
+struct FlatPath {
+  Piece piece;            ///< without segments when nothing of it has a length
+  bool isLevel = true;    ///< parallel to the drawing's plane, so that its true lengths are seen
+  bool isEdgeOn = false;  ///< seen as a point, or an arc as a line: it has no piece
+};
+
+/// Places the path and looks at it from above. Arcs stay arcs where the placement keeps circles round;
+/// other arcs, ellipses and splines become tangent arcs within the tolerance. Fails when a coordinate is not
+/// within `kLargestCoordinate`, or there would be too many arcs.
+Result<FlatPath> Flatten(const Path& path, const Placement& placement, double tolerance);
+
+}  // namespace vanzet::contour
