@@ -1,5 +1,6 @@
 #include "cli/command_words.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "base/near_words.h"
@@ -9,6 +10,10 @@ namespace vanzet::cli {
 namespace {
 
 using Kind = Parameter::Kind;
+
+constexpr const char* kEndOfOptions = "--";
+constexpr const char* kSet = "true";  ///< the word of a flag without a word of its own
+
 using List = std::vector<std::string>*;
 
 /// True for "-o" and "--out"; "-", "-5" and "-.5" are operands.
@@ -56,6 +61,15 @@ void StoreWord(const Parameter& parameter, const std::string& word) {
   if (const auto* const take = std::get_if<TakeWord>(&parameter.target)) (*take)(parameter.LongName(), word);
 }
 
+/// Describes an option or flag to the library, which splits the words; all that is asked of them is checked here.
+CLI::Option* AddToParser(CLI::App& app, const Parameter& parameter) {
+  if (parameter.kind == Kind::kFlag) return app.add_flag(parameter.name);
+  return app.add_option(parameter.name)
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
 /// "--view solid" or "--view solid or --view wire".
 std::string NeededWords(const Need& need) {
   std::string text;
@@ -77,43 +91,69 @@ WrongUsage UnknownOption(const Command& command, const std::string& word) {
 }
 
 void CommandWords::Read(const Words& words) {
-  Words operands;
-  bool hasOptions = true;
-  for (std::size_t at = 0; at < words.size(); ++at) {
-    if (hasOptions && words[at] == "--") {
-      hasOptions = false;
-    } else if (hasOptions && IsOption(words[at])) {
-      ReadOption(words, at);
-    } else {
-      operands.push_back(words[at]);
-    }
-  }
-  AssignOperands(operands);
+  CheckValuesBehindSigns(words);
+  AssignOperands(ReadOptions(words));
   CheckRequired();
   for (const Parameter& parameter : command_.parameters) {
     if (IsGiven(parameter)) CheckTogether(parameter);
   }
 }
 
-void CommandWords::ReadOption(const Words& words, std::size_t& at) {
-  const std::string& word = words[at];
-  const bool isLong = word.starts_with("--");
-  const std::size_t nameEnd = isLong ? word.find('=') : 2;
-  const Parameter* const option = FindOption(word.substr(0, nameEnd));
-  if (option == nullptr) throw UnknownOption(command_, word);
-  const bool hasValue = nameEnd < word.size();
-  if (option->kind == Kind::kOption) {
-    return Give(*option, hasValue ? word.substr(nameEnd + (isLong ? 1 : 0)) : ValueOf(*option, words, at));
+CommandWords::Words CommandWords::ReadOptions(const Words& words) {
+  CLI::App app;
+  app.set_help_flag();
+  app.allow_extras();
+  std::map<const CLI::Option*, const Parameter*> parameters;
+  for (const Parameter& parameter : command_.parameters) {
+    if (parameter.kind != Kind::kOperand) parameters[AddToParser(app, parameter)] = &parameter;
   }
-  if (hasValue) throw WrongUsage{option->LongName(), "takes no value"};
-  Give(*option, "");
+  try {
+    app.parse(Words(words.rbegin(), words.rend()));
+  } catch (const CLI::ParseError&) {
+    throw MissingValue(words.back());
+  }
+  TakeInOrder(app, parameters);
+  return OperandsAmong(app.remaining());
 }
 
-std::string CommandWords::ValueOf(const Parameter& option, const Words& words, std::size_t& at) const {
-  const bool isMissing =
-      at + 1 == words.size() || words[at + 1] == "--" || FindOption(words[at + 1]) != nullptr;
-  if (isMissing) throw WrongUsage{option.LongName(), option.type + " is missing"};
-  return words[++at];
+/// The library takes the next word for the missing one of "--out=".
+void CommandWords::CheckValuesBehindSigns(const Words& words) const {
+  for (const std::string& word : words) {
+    if (word == kEndOfOptions) return;
+    if (word.starts_with("--") && word.find('=') == word.size() - 1) throw MissingValue(word);
+  }
+}
+
+WrongUsage CommandWords::MissingValue(std::string_view word) const {
+  const Parameter* const option = FindOption(word.substr(0, word.find('=')));
+  if (option == nullptr) return UnknownOption(command_, std::string(word));
+  if (option->kind == Kind::kFlag) return {option->LongName(), "takes no value"};
+  return {option->LongName(), option->type + " is missing"};
+}
+
+CommandWords::Words CommandWords::OperandsAmong(Words remaining) const {
+  const auto end = std::ranges::find(remaining, kEndOfOptions);
+  const auto unknown = std::find_if(remaining.begin(), end, IsOption);
+  if (unknown != end) throw UnknownOption(command_, *unknown);
+  if (end != remaining.end()) remaining.erase(end);
+  return remaining;
+}
+
+void CommandWords::TakeInOrder(const CLI::App& app,
+                               const std::map<const CLI::Option*, const Parameter*>& parameters) {
+  std::map<const CLI::Option*, std::size_t> taken;
+  for (const CLI::Option* const option : app.parse_order()) {
+    const auto found = parameters.find(option);
+    if (found == parameters.end()) continue;
+    const Parameter& parameter = *found->second;
+    const std::string& word = option->results().at(taken[option]++);
+    if (parameter.kind == Kind::kFlag) {
+      if (word != kSet) throw WrongUsage{parameter.LongName(), "takes no value"};
+    } else if (word == kEndOfOptions || FindOption(word) != nullptr) {
+      throw MissingValue(parameter.LongName());
+    }
+    Give(parameter, word);
+  }
 }
 
 void CommandWords::Give(const Parameter& parameter, const std::string& word) {

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "cli/command.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace vanzet::cli {
 
@@ -15,7 +21,7 @@ inline const std::vector<std::string> kVersionOptions = {"-V", "--version"};
 
 /// The options and operands that were given to one command.
 ///
-/// Story    `Read` assigns each word to a parameter and checks what can be seen without the meaning of the
+/// Story    `Read` has the words split by CLI11, assigns each to a parameter and checks what can be seen without the meaning of the
 ///          words; `Store` hands the words to the parameters' targets
 /// Errors   both throw `WrongUsage`
 class CommandWords {
@@ -29,9 +35,14 @@ class CommandWords {
  private:
   using Words = std::vector<std::string>;
 
-  /// Reads the option at the position, and moves to its last word.
-  void ReadOption(const Words& words, std::size_t& at);
-  std::string ValueOf(const Parameter& option, const Words& words, std::size_t& at) const;
+  /// Takes the options and flags among the words; returns the operands.
+  Words ReadOptions(const Words& words);
+  void CheckValuesBehindSigns(const Words& words) const;
+  /// The words that the library did not take, but for the mark before the last operands.
+  Words OperandsAmong(Words remaining) const;
+  void TakeInOrder(const CLI::App& app, const std::map<const CLI::Option*, const Parameter*>& parameters);
+  /// The fault of an option that ends without the word it needs: "--out", "--out=".
+  WrongUsage MissingValue(std::string_view word) const;
   void Give(const Parameter& parameter, const std::string& word);
   void AssignOperands(const Words& operands);
 
