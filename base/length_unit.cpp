@@ -43,6 +43,10 @@ double RoundedInUnit(double millimetres, LengthUnit unit) {
   return unit == LengthUnit::kInch ? Rounded(length, kDecimalsOfInch) : length;
 }
 
+double VolumeInUnit(double cubicMillimetres, LengthUnit unit) {
+  return InUnit(InUnit(InUnit(cubicMillimetres, unit), unit), unit);
+}
+
 std::string LengthText(double millimetres, LengthUnit unit) {
   return ShortDecimalText(InUnit(millimetres, unit),
                           unit == LengthUnit::kInch ? kDecimalsOfInch : kDecimalsOfMillimetre);

@@ -26,7 +26,10 @@ double InMillimetres(double length, LengthUnit unit);
 /// eight decimals of an inch. Millimetres stay as they are.
 double RoundedInUnit(double millimetres, LengthUnit unit);
 
-/// The same as text for people: "42" or "1.65354331". Millimetres have six decimals at most.
+/// A volume in the cube of that unit, of one in cubic millimetres.
+double VolumeInUnit(double cubicMillimetres, LengthUnit unit);
+
+/// A length of millimetres as text for people, rounded like that: "42" or "1.65354331". Millimetres have six decimals at most.
 std::string LengthText(double millimetres, LengthUnit unit);
 
 }  // namespace vanzet

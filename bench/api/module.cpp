@@ -7,6 +7,7 @@
 
 #include "base/path_map.h"
 #include "process/own_library.h"
+#include "project/length_unit.h"
 
 namespace vanzet::api {
 namespace {
@@ -35,7 +36,9 @@ Result<fs::path> FindModule(const fs::path& program) {
 }
 
 Result<void> CallModule(const fs::path& module, const char* function, Host& host) {
-  // The module maps paths as the project does, and its view uses the language of the project.
+  // The module maps paths as the project does, and its view uses the language and the unit of the project.
+  VANZET_TRY(const auto unit, project::LengthUnitOf(host.project));
+  setenv("VANZET_UNIT", std::string(WordOf(unit)).c_str(), 1);
   setenv("VANZET_DRIVES", DrivesText(host.project.paths().drives()).c_str(), 1);
   setenv("VANZET_LANGUAGE", host.project.Language().c_str(), 1);
   const std::unique_ptr<void, int (*)(void*)> loaded(dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);

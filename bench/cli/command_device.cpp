@@ -4,6 +4,7 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
 #include "cli/progress_line.h"
@@ -26,6 +27,13 @@ struct MakeArguments {
   std::string looking = "x";
   double first = 0, second = 0;
   std::optional<double> face;
+  LengthUnit unit = LengthUnit::kMillimetre;  ///< of the lengths, as long as they are words
+
+  void ToMillimetres() {
+    first = InMillimetres(first, unit);
+    second = InMillimetres(second, unit);
+    if (face) face = InMillimetres(*face, unit);
+  }
 };
 
 /// A direction of the model, and the rotation about an axis that turns it to x.
@@ -106,28 +114,41 @@ Result<DeviceFacts> ReadDeviceFacts(const project::Definition& content) {
   return DeviceFacts{values, *device, measures, box, content.Items(scene::kOwnDeviceOperation, 3).size()};
 }
 
-Json PointOf(const geometry::Point3d& point) {
-  return Json::array({point.x, point.y, point.z});
+Json PointOf(const geometry::Point3d& point, LengthUnit unit) {
+  return Json::array(
+      {RoundedInUnit(point.x, unit), RoundedInUnit(point.y, unit), RoundedInUnit(point.z, unit)});
 }
 
-Result<void> Show(const std::string& file, bool isJson, const Context& context) {
+struct ShowArguments {
+  std::string file;
+  bool isJson = false;
+  LengthUnit unit = LengthUnit::kMillimetre;
+};
+
+Json FactsJson(const DeviceFacts& facts, LengthUnit unit) {
+  Json json = {{Translatable("class"), scene::WordOf(facts.values.deviceClass)},
+               {Translatable("first"), RoundedInUnit(facts.values.first, unit)},
+               {Translatable("second"), RoundedInUnit(facts.values.second, unit)},
+               {Translatable("from"), PointOf(facts.box.min, unit)},
+               {Translatable("to"), PointOf(facts.box.max, unit)},
+               {Translatable("volume"), VolumeInUnit(facts.measures.volume, unit)},
+               {Translatable("closed"), facts.measures.closed},
+               {Translatable("plug"), PointOf(facts.device.plug, unit)},
+               {Translatable("socket"), PointOf(facts.device.socket, unit)},
+               {Translatable("outline elements"), facts.elements}};
+  if (unit != LengthUnit::kMillimetre) json[Translatable("unit")] = WordOf(unit);
+  return json;
+}
+
+Result<void> Show(const ShowArguments& arguments, const Context& context) {
   contour::UseMillimetres();
-  const fs::path path = PathMap::OfProcess().Resolve(file);
+  const fs::path path = PathMap::OfProcess().Resolve(arguments.file);
   VANZET_TRY(const auto content, vdm::ReadVdmFile(path));
   VANZET_TRY(const auto definition, project::ReadDefinition(content));
   const auto facts = ReadDeviceFacts(definition);
   if (!facts) return Fault{facts.fault().text, path.string()};
-  const Json json = {{Translatable("class"), scene::WordOf(facts->values.deviceClass)},
-                     {Translatable("first"), facts->values.first},
-                     {Translatable("second"), facts->values.second},
-                     {Translatable("from"), PointOf(facts->box.min)},
-                     {Translatable("to"), PointOf(facts->box.max)},
-                     {Translatable("volume"), facts->measures.volume},
-                     {Translatable("closed"), facts->measures.closed},
-                     {Translatable("plug"), PointOf(facts->device.plug)},
-                     {Translatable("socket"), PointOf(facts->device.socket)},
-                     {Translatable("outline elements"), facts->elements}};
-  if (isJson) return PrintJson(json);
+  const Json json = FactsJson(*facts, arguments.unit);
+  if (arguments.isJson) return PrintJson(json);
   std::string text;
   for (const auto& [key, value] : json.items()) {
     text +=
@@ -153,15 +174,15 @@ void AddDeviceMake(Command& device) {
       .Required();
   command.AddOption("-o,--out", "FILE", "the device to write, a .vdm file", StoreFile(arguments->out))
       .Required();
-  command.AddOption("--first", "MM", "distance from the face of a chuck to where it is held, in millimetres",
+  command.AddOption("--first", "LENGTH", "distance from the face of a chuck to where it is held",
                     StoreReal(arguments->first));
-  command.AddOption("--second", "MM",
-                    "distance from the face of a center to where it is held, in millimetres",
+  command.AddOption("--second", "LENGTH", "distance from the face of a center to where it is held",
                     StoreReal(arguments->second));
-  command.AddOption("--face", "MM",
+  command.AddOption("--face", "LENGTH",
                     "position of the working face, or of the foot of a jaw, along the direction of "
                     "--looking; without this option the model has to end at 0",
                     StoreReal(arguments->face));
+  AddUnit(command, arguments->unit);
   command
       .AddOption("--looking", "AXIS",
                  "the direction in which the working face points in the model; default: x",
@@ -169,20 +190,18 @@ void AddDeviceMake(Command& device) {
       .OneOf({"x", "-x", "y", "-y", "z", "-z"});
   command.examples = {
       "vanzet device make --class chuck --body maker.step --outline outline.txt --first 80 -o chuck.vdm"};
+  command.check = [=] { arguments->ToMillimetres(); };
   command.work = [=] { return Make(*arguments); };
 }
 
 void AddDeviceShow(Command& device, const Context& context) {
-  struct Arguments {
-    std::string file;
-    bool isJson = false;
-  };
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<ShowArguments>();
   Command& command = device.AddCommand("show", "Prints the content of an own device.");
   command.AddOperand("FILE", "the device, a .vdm file", StoreText(arguments->file)).Required();
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   command.examples = {"vanzet device show chuck.vdm"};
-  command.work = [=, &context] { return Show(arguments->file, arguments->isJson, context); };
+  command.work = [=, &context] { return Show(*arguments, context); };
 }
 
 }  // namespace

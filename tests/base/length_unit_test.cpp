@@ -37,6 +37,11 @@ TEST(Lengths, ComeBackFromInchesWithTheSameSixDecimals) {
   }
 }
 
+TEST(Volumes, AreThoseOfCubes) {
+  EXPECT_NEAR(VolumeInUnit(50.8 * 50.8 * 50.8, LengthUnit::kInch), 8, 1e-12);
+  EXPECT_EQ(VolumeInUnit(5, LengthUnit::kMillimetre), 5);
+}
+
 TEST(LengthText, HasThePointsThatItNeeds) {
   EXPECT_EQ(LengthText(42, LengthUnit::kMillimetre), "42");
   EXPECT_EQ(LengthText(50.8, LengthUnit::kInch), "2");

@@ -117,6 +117,20 @@ TEST_F(DeviceCommands, TellWhatIsBroken) {
   EXPECT_THAT(empty.err, HasSubstr("own.vdm: is not a device"));
 }
 
+TEST_F(DeviceCommands, TakeAndPrintInches) {
+  PutDisk(101.6);
+  ASSERT_EQ(Make("--class chuck --looking z --face 5 --first 1.5 --unit inch").status, 0);
+  const Json shown = Shown();
+  EXPECT_EQ(shown["first"], 38.1);
+  EXPECT_NEAR(Numbers(shown["to"])[0], 4.6, 1e-3) << "131.6 - 5 * 25.4";
+  const Json inches = Json::parse(Vanzet("device show own.vdm --json --unit inch").out, nullptr, false);
+  EXPECT_EQ(inches["unit"], "inch");
+  EXPECT_EQ(inches["first"], 1.5);
+  EXPECT_NEAR(Numbers(inches["to"])[0], 4.6 / 25.4, 1e-3);
+  EXPECT_NEAR(inches["volume"].get<double>(), shown["volume"].get<double>() / 16387.064, 1e-6);
+  EXPECT_THAT(Vanzet("device show own.vdm --unit inch").out, HasSubstr("first             1.5\n"));
+}
+
 TEST_F(DeviceCommands, ShowPeopleALineAFact) {
   PutDisk(-30);
   ASSERT_EQ(Make("--class center --looking z --second 30").status, 0);

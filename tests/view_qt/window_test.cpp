@@ -49,6 +49,54 @@ TEST_F(Window, TakesTheEnterKeyForOk) {
             view::kClosedByOk);
 }
 
+/// The unit of lengths of windows while this is alive.
+class UnitOfWindows {
+ public:
+  explicit UnitOfWindows(const char* unit) { qputenv("VANZET_UNIT", unit); }
+  ~UnitOfWindows() { qunsetenv("VANZET_UNIT"); }
+  UnitOfWindows(const UnitOfWindows&) = delete;
+  UnitOfWindows& operator=(const UnitOfWindows&) = delete;
+};
+
+QStringList TextsOfLabels(DialogWindow& window) {
+  QStringList texts;
+  for (const QLabel* const label : window.findChildren<QLabel*>()) texts.append(label->text());
+  return texts;
+}
+
+TEST_F(Window, ShowsAndTakesInchesAndStoresMillimetres) {
+  const UnitOfWindows inches("inch");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    EXPECT_TRUE(TextsOfLabels(window).contains("in"));
+    EXPECT_FALSE(TextsOfLabels(window).contains("mm"));
+    Edit(window, control::kOuterDiameter).selectAll();
+    QTest::keyClicks(&Edit(window, control::kOuterDiameter), "2.");
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2.") << "as it is typed";
+    Edit(window, control::kCylinderLength).selectAll();
+    QTest::keyClicks(&Edit(window, control::kCylinderLength), "3,125");
+    QTest::mouseClick(window.WidgetOf(control::kSelectCylinder), Qt::LeftButton);
+  });
+  EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 50.800000 79.375000")));
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2");
+    EXPECT_EQ(Edit(window, control::kCylinderLength).text(), "3.125");
+    QTest::keyClicks(&Edit(window, control::kOuterDiameter), "x");
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2x");
+  });
+}
+
+TEST_F(Window, TakesAnglesInDegreesWhateverTheUnitOfLengthsIs) {
+  const UnitOfWindows inches("inch");
+  host.bodies.byNumber = {{7, {"Part", false, {0, 0, 0, 1, 1, 1}}}};
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 21\nset 2046 Part\nset 2045 2\nset 2032 15\n");
+    QTest::mouseClick(window.WidgetOf(control::kSelect), Qt::LeftButton);
+  });
+  EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("3 0 50.800000 0.000000 15.000000")));
+}
+
 TEST_F(Window, PressesTheButtonThatHasTheFocus) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\n");

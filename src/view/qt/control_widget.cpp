@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include "view/qt/icons.h"
+#include "view/qt/lengths.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
@@ -66,16 +67,18 @@ class EditWidget final : public ControlWidget {
   EditWidget(const Control& control, const Send& send, QWidget* parent)
       : ControlWidget(control.id, new QLineEdit(parent)) {
     const std::int32_t id = control.id;
-    QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [send, id](const QString& text) {
-      send([&](Dialog& dialog) { dialog.SetText(id, text.toStdString()); });
+    QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [this, send, id](const QString& text) {
+      send([&](Dialog& dialog) { dialog.SetText(id, DialogText(text, unit_)); });
     });
     hint_ = Edit().addAction(IconOf("warning"), QLineEdit::TrailingPosition);
     hint_->setToolTip(Translate(kNoNumber));
     hint_->setVisible(false);
   }
 
+  void SetUnit(LengthUnit unit) override { unit_ = unit; }
+
   void ShowContent(const Control& control) override {
-    const QString text = QString::fromStdString(control.text);
+    const QString text = ShownText(control, Edit().text(), unit_);
     if (Edit().text() != text) Edit().setText(text);
     const bool isNoNumber = control.isReal && !control.number;
     hint_->setVisible(isNoNumber);
@@ -86,6 +89,7 @@ class EditWidget final : public ControlWidget {
  private:
   QLineEdit& Edit() { return static_cast<QLineEdit&>(*Widget()); }
   QAction* hint_;
+  LengthUnit unit_ = LengthUnit::kMillimetre;
 };
 
 class CheckWidget final : public ControlWidget {

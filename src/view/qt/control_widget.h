@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/length_unit.h"
 #include "view/dialog.h"
 #include "view/qt/labels.h"
 
@@ -28,6 +29,9 @@ class ControlWidget {
 
   /// Adds a widget that is visible and enabled together with this one: its unit, its name.
   void Accompany(QWidget* companion) { companions_.push_back(companion); }
+
+  /// Sets the unit in which the widget shows and takes its content, a length. Requires: `Show` follows.
+  virtual void SetUnit(LengthUnit /*unit*/) {}
 
   /// Marks a letter in the text of the widget, if the text can be pressed or leads to another widget.
   virtual void MarkMnemonic(Mnemonics& /*mnemonics*/) {}

@@ -1,10 +1,13 @@
 #include "view/qt/device_words.h"
 
+#include "view/qt/lengths.h"
+
 namespace vanzet::view::qt {
 
 QString UnitText(Unit unit) {
   switch (unit) {
-    case Unit::kMillimetre: return QStringLiteral("mm");
+    case Unit::kMillimetre:
+      return ShownUnit() == LengthUnit::kInch ? QStringLiteral("in") : QStringLiteral("mm");
     case Unit::kDegree: return QStringLiteral("\u00B0");
     default: return {};
   }

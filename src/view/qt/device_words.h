@@ -9,7 +9,7 @@ namespace vanzet::view::qt {
 
 using devices::Unit;
 
-/// "mm", "°", or nothing.
+/// "mm" or "in", "°", or nothing.
 QString UnitText(Unit unit);
 
 /// The letter of a type with its name, an English text; null for a letter that the type does not have, or

@@ -10,6 +10,7 @@
 
 #include "devices/kinds.h"
 #include "view/qt/labels.h"
+#include "view/qt/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -190,17 +191,28 @@ void PageForm::Finish() {
 }
 
 void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
+  const std::int32_t type = TypeOfPicture(bitmap);
+  for (const Row& row : rows_) {
+    const bool isLength = UnitOf(row, type) == Unit::kMillimetre;
+    if (ControlWidget* const widget = Find(row.field->control))
+      widget->SetUnit(isLength ? ShownUnit() : LengthUnit::kMillimetre);
+  }
   for (const Control& control : controls) {
     if (ControlWidget* const widget = Find(control.id)) widget->Show(control);
   }
   const PageValues values(controls);
-  for (const Row& row : rows_) ShowNames(row, TypeOfPicture(bitmap), values);
+  for (const Row& row : rows_) ShowNames(row, type, values);
+}
+
+Unit PageForm::UnitOf(const Row& row, std::int32_t type) {
+  const devices::Letter* const letter = FindNamedLetter(type, row.field->letter);
+  return letter != nullptr ? letter->unit : row.field->unit;
 }
 
 void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& values) {
   const FieldRow& field = *row.field;
   const devices::Letter* const letter = field.letter == 0 ? nullptr : FindNamedLetter(type, field.letter);
-  const Unit unit = letter != nullptr ? letter->unit : field.unit;
+  const Unit unit = UnitOf(row, type);
   const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
   if (row.name != nullptr) row.name->setText(name);
   if (row.unit != nullptr) row.unit->setText(UnitText(unit));

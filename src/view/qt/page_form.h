@@ -57,6 +57,8 @@ class PageForm final : public QWidget {
   void AddUnit(Row& row, QWidget* cell);
   void AddLeftOvers(QGridLayout& grid);
 
+  /// The unit of a row's value while the picture of that type is shown.
+  static Unit UnitOf(const Row& row, std::int32_t type);
   void ShowNames(const Row& row, std::int32_t type, const PageValues& values);
   void SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values);
 

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <algorithm>
@@ -64,7 +65,8 @@ void PagePanel::Show(const std::vector<Control>& controls, const QString& place,
   const std::int32_t bitmap = picture == nullptr ? 0 : picture->bitmap;
   if (title_ != nullptr) title_->setText(place);
   form_->Show(controls, bitmap);
-  picture_->Draw(bitmap, values, focused);
+  const auto* const edit = qobject_cast<const QLineEdit*>(form_->WidgetOf(focused));
+  picture_->Draw(bitmap, values, {focused, edit != nullptr ? edit->text() : values.TextOf(focused)});
   const int width = std::max(form_->minimumSizeHint().width(), kLeastForm);
   scroll_->setFixedWidth(width + scroll_->verticalScrollBar()->sizeHint().width());
 }

@@ -23,10 +23,10 @@ PictureWidget::PictureWidget(QString nothing, QWidget* parent)
   setAccessibleName(Translate(kPicture));
 }
 
-void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused) {
+void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, const Focus& focus) {
   bitmap_ = bitmap;
-  focused_ = focused;
-  value_ = values.TextOf(focused).trimmed();
+  focused_ = focus.control;
+  value_ = focus.text.trimmed();
   sketch_ = SketchOf(bitmap, values);
   setAccessibleDescription(sketch_.fault);
   update();

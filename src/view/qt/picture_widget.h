@@ -14,9 +14,15 @@ class PictureWidget final : public QFrame {
   /// `nothing` is shown on the card without a picture.
   PictureWidget(QString nothing, QWidget* parent);
 
-  /// Draws the picture of that id (0: none) with the values of the page. The measure of the edit `focused` is
-  /// emphasised.
-  void Draw(std::int32_t bitmap, const PageValues& values, std::int32_t focused);
+  /// The edit that has the focus, with its text as it is shown.
+  struct Focus {
+    std::int32_t control;
+    QString text;
+  };
+
+  /// Draws the picture of that id (0: none) with the values of the page. The measure of the edit that has the
+  /// focus is emphasised.
+  void Draw(std::int32_t bitmap, const PageValues& values, const Focus& focus);
 
   std::int32_t Bitmap() const { return bitmap_; }
   const Sketch& ShownSketch() const { return sketch_; }
