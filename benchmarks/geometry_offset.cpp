@@ -1,16 +1,28 @@
-#include <benchmark/benchmark.h>
-#include <malloc.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <map>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "geometry/offset.h"
 #include "offset_contours.h"
 #include "offset_peer.h"
 
-/// What an offset costs a span, beside building the same contour span by span, and beside Open CASCADE's
-/// planar offset at the sizes it can do. All is measured in one run; the table at the end has the ratios.
+/// The costs of an offset, in nanoseconds of CPU time a span of the source, as a caller has them: memory comes from
+/// the system as usual, and the result is freed within the measurement.
+///
+///   100 to 100,000  the least of many calls in one process, by number of spans
+///   growth          100,000 beside 1,000
+///   first           the first call of a process, at 100,000 spans: all memory is new
+///   Open CASCADE    its planar offset, at 100 spans; it takes minutes at 10,000
+///
+/// Usage: geometry_offset_benchmark [KIND]. The output is a table for benchmarks/README.md.
 namespace vanzet::benchmarks {
 namespace {
 
@@ -18,139 +30,131 @@ using geometry::Kurve;
 
 constexpr double kDistance = 1.5;  ///< mm
 constexpr int kSizes[] = {100, 1000, 10000, 100000};
-constexpr int kLargestForPeer = 1000;
+constexpr int kFirst = 100000;
+constexpr int kPeer = 100;
 
-void CountSpans(benchmark::State& state, std::size_t spans, int code = 0) {
-  state.counters["time/span"] =
-      benchmark::Counter(static_cast<double>(spans),
-                         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-  state.counters["code"] = code;
+double CpuNanoseconds() {
+  timespec t = {};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+  return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
 }
 
-/// To be compared with: every span's properties are made once.
-void Build(benchmark::State& state, const Kind& kind, int spans) {
-  const KurveEx k = kind.make(spans);
-  for (auto _ : state) {
-    KurveEx built;
-    built.spans.reserve(k.spans.size());
-    for (const geometry::Span& span : k.spans) built.Add(span);
-    benchmark::DoNotOptimize(built.perim);
-  }
-  CountSpans(state, k.spans.size());
-}
+/// One call of an offset; true when it gave a result. The contour was made before.
+using Call = std::function<bool()>;
 
-void OffsetOfKurveEx(benchmark::State& state, const Kind& kind, int spans, double distance) {
-  const KurveEx k = kind.make(spans);
-  int code = 0;
-  for (auto _ : state) {
-    KurveEx offset;
-    code = k.Offset(offset, distance, 1, 1, 0);
-    benchmark::DoNotOptimize(offset.perim);
-  }
-  CountSpans(state, k.spans.size(), code);
-}
-
-void OffsetOfKurve(benchmark::State& state, const Kind& kind, int spans, double distance) {
-  const Kurve k(kind.make(spans));
-  int code = 0;
-  for (auto _ : state) {
-    Kurve offset;
-    code = k.OffsetMethod1(offset, distance, 1, 1);
-    benchmark::DoNotOptimize(offset.nVertices);
-  }
-  CountSpans(state, static_cast<std::size_t>(k.SpanCount()), code);
-}
-
-void OffsetOfPeer(benchmark::State& state, const Kind& kind, int spans, double distance) {
-  const KurveEx k = kind.make(spans);
-  const PeerContour peer(k);
-  bool done = false;
-  for (auto _ : state) done = peer.Offset(distance);
-  CountSpans(state, k.spans.size(), done ? 0 : 1);
-}
-
-/// Shows the runs as they come, and keeps them for the table.
-class Table : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      if (!run.error_occurred)
-        nanoseconds_[run.run_name.function_name] = 1e9 * run.counters.at("time/span").value;
-    }
-  }
-
-  void Print() const {
-    // Beside building; beside the time at 1,000 spans; how many times the peer takes.
-    std::printf("\n%-32s %10s %10s %10s %10s\n", "", "ns/span", "/ build", "/ 1000", "peer /");
-    for (const auto& [name, time] : nanoseconds_) {
-      if (name.starts_with("Build") || name.starts_with("Peer")) continue;
-      const std::string rest = name.substr(name.find('/'));
-      const std::string kindAndSize = rest.substr(0, rest.rfind('/'));
-      std::printf("%-32s %10.1f %10s %10s %10s\n", name.c_str(), time,
-                  Ratio(time, "Build" + kindAndSize).c_str(), Growth(name, time).c_str(),
-                  Inverse("Peer" + rest, time).c_str());
-    }
-  }
-
- private:
-  std::string Ratio(double time, const std::string& base) const {
-    const auto found = nanoseconds_.find(base);
-    return found == nanoseconds_.end() ? "" : Rounded(time / found->second);
-  }
-  std::string Inverse(const std::string& base, double time) const {
-    const auto found = nanoseconds_.find(base);
-    return found == nanoseconds_.end() ? "" : Rounded(found->second / time);
-  }
-  /// From 1,000 spans on.
-  std::string Growth(const std::string& name, double time) const {
-    const std::size_t end = name.rfind('/');
-    const std::size_t begin = name.rfind('/', end - 1);
-    return Ratio(time, name.substr(0, begin) + "/1000" + name.substr(end));
-  }
-  static std::string Rounded(double ratio) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f", ratio);
-    return text;
-  }
-
-  std::map<std::string, double> nanoseconds_;
+struct Contour {
+  KurveEx working;
+  Kurve compact;
 };
 
-void Register(const Kind& kind, int spans) {
-  const std::string place = std::string("/") + kind.name + "/" + std::to_string(spans);
-  const auto add = [&](const std::string& name, auto measure) {
-    benchmark::RegisterBenchmark(name.c_str(), measure)->Unit(benchmark::kMicrosecond);
-  };
-  add("Build" + place, [&kind, spans](benchmark::State& s) { Build(s, kind, spans); });
-  for (const bool inward : {true, false}) {
-    // Left of an anticlockwise contour is its inside.
-    const double left = inward ? kDistance : -kDistance;
-    const std::string way = inward ? "/inward" : "/outward";
-    add("KurveEx" + place + way,
-        [&kind, spans, left](benchmark::State& s) { OffsetOfKurveEx(s, kind, spans, left); });
-    add("Kurve" + place + way,
-        [&kind, spans, left](benchmark::State& s) { OffsetOfKurve(s, kind, spans, left); });
-    if (spans > kLargestForPeer) continue;
-    add("Peer" + place + way,
-        [&kind, spans, left](benchmark::State& s) { OffsetOfPeer(s, kind, spans, -left); });
+/// A way to make an offset of a contour, `left` to its left.
+struct Method {
+  const char* name;
+  bool (*run)(const Contour& contour, double left);
+};
+
+bool OfKurveEx(const Contour& contour, double left) {
+  KurveEx offset;
+  return contour.working.Offset(offset, left, 1, 1, 0) == 0;
+}
+
+bool OfKurve(const Contour& contour, double left) {
+  Kurve offset;
+  return contour.compact.OffsetMethod1(offset, left, 1, 1) == 0;
+}
+
+constexpr Method kMethods[] = {{"KurveEx", OfKurveEx}, {"Kurve", OfKurve}};
+
+Contour Make(const Kind& kind, int spans) {
+  Contour contour;
+  contour.working = kind.make(spans);
+  contour.compact = Kurve(contour.working);
+  return contour;
+}
+
+/// The least time of a call, over about a second. Short calls are measured many at a time.
+double Least(const Call& call, int spans) {
+  const int calls = std::max(1, 10000 / spans);
+  double least = 1e300;
+  double total = 0;
+  for (int i = 0; i < 5 || (total < 5e8 && i < 1000); ++i) {
+    const double begin = CpuNanoseconds();
+    for (int k = 0; k < calls; ++k) {
+      if (!call()) return -1;
+    }
+    const double time = CpuNanoseconds() - begin;
+    least = std::min(least, time / calls);
+    total += time;
   }
+  return least / spans;
+}
+
+/// The time of the first call of a process, the least of several processes; -1 when there was none.
+double First(const Kind& kind, const Method& method, double left) {
+  double least = -1;
+  for (int i = 0; i < 5; ++i) {
+    int ends[2] = {};
+    if (pipe(ends) != 0) return -1;
+    const pid_t child = fork();
+    if (child == 0) {
+      const Contour contour = Make(kind, kFirst);
+      const double begin = CpuNanoseconds();
+      const bool good = method.run(contour, left);
+      const double time = good ? (CpuNanoseconds() - begin) / kFirst : -1;
+      _exit(write(ends[1], &time, sizeof time) == sizeof time ? 0 : 1);
+    }
+    close(ends[1]);
+    double time = -1;
+    if (read(ends[0], &time, sizeof time) == sizeof time && time > 0)
+      least = least < 0 ? time : std::min(least, time);
+    close(ends[0]);
+    if (child > 0) waitpid(child, nullptr, 0);
+  }
+  return least;
+}
+
+/// A number for the table; nothing for one that was not measured.
+std::string Cell(double number, int decimals = 0) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.*f", decimals, number);
+  return std::string(" ") + (number < 0 ? "" : text) + " |";
+}
+
+void PrintRow(const Kind& kind, const Method& method, bool inward) {
+  // Left of an anticlockwise contour is its inside.
+  const double left = inward ? kDistance : -kDistance;
+  std::string row =
+      std::string("| ") + kind.name + (inward ? " inward" : " outward") + " | " + method.name + " |";
+  std::vector<double> times;
+  const double first = First(kind, method, left);
+  for (const int spans : kSizes) {
+    const Contour contour = Make(kind, spans);
+    times.push_back(Least([&] { return method.run(contour, left); }, spans));
+    row += Cell(times.back());
+  }
+  row += Cell(times[3] / times[1], 2) + Cell(first);
+  if (method.run == OfKurveEx) {
+    const PeerContour peer(kind.make(kPeer));
+    row += Cell(Least([&] { return peer.Offset(-left); }, kPeer));
+  } else {
+    row += "  |";
+  }
+  std::printf("%s\n", row.c_str());
+  std::fflush(stdout);
 }
 
 }  // namespace
 }  // namespace vanzet::benchmarks
 
 int main(int argc, char** argv) {
+  using namespace vanzet::benchmarks;
   geometry::SetUnits(0);
-  // Memory is kept from run to run, so that the work is measured and not how the system hands out pages.
-  mallopt(M_MMAP_THRESHOLD, 1 << 30);
-  mallopt(M_TRIM_THRESHOLD, 1 << 30);
-  for (const auto& kind : vanzet::benchmarks::kKinds) {
-    for (const int spans : vanzet::benchmarks::kSizes) vanzet::benchmarks::Register(kind, spans);
+  std::printf("| Contour | Class | 100 | 1,000 | 10,000 | 100,000 | growth | first | Open CASCADE |\n");
+  std::printf("|---|---|---|---|---|---|---|---|---|\n");
+  for (const Kind& kind : kKinds) {
+    if (argc > 1 && std::strcmp(argv[1], kind.name) != 0) continue;
+    for (const Method& method : kMethods) {
+      for (const bool inward : {true, false}) PrintRow(kind, method, inward);
+    }
   }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  vanzet::benchmarks::Table table;
-  benchmark::RunSpecifiedBenchmarks(&table);
-  table.Print();
 }

@@ -82,6 +82,27 @@ TEST_F(OffsetLimits, ALoopLongerThanTheScanIsNotFound) {
   EXPECT_EQ(CodeOf(pieces + end, -2.5), 2);
 }
 
+TEST_F(OffsetLimits, ALoopLongerThanTheScanMayHaveTheCodeOfAGoodOne) {
+  // Two rooms and a neck of 4 mm between them, whose walls are in pieces of 1 mm or as they are.
+  const auto rooms = [](int piece) {
+    std::string text = "x0 y0; x40 y0; x40 y18;";
+    for (int x = 40 + piece; x < 100; x += piece) text += "x" + std::to_string(x) + " y18;";
+    text += "x100 y18; x100 y0; x140 y0; x140 y40; x100 y40; x100 y22;";
+    for (int x = 100 - piece; x > 40; x -= piece) text += "x" + std::to_string(x) + " y22;";
+    return text + "x40 y22; x40 y40; x0 y40; x0 y0";
+  };
+  const auto distanceToNeck = [&] {
+    Point nearest;
+    double least = 1e9;
+    for (const Span& span : out_.spans) least = std::min(least, span.Dist(Point(70, 22), nearest));
+    return least;
+  };
+  EXPECT_EQ(CodeOf(rooms(60), 3), 0);
+  EXPECT_GT(distanceToNeck(), 3);
+  EXPECT_EQ(CodeOf(rooms(1), 3), 0);
+  EXPECT_NEAR(distanceToNeck(), 1, 1e-9);
+}
+
 TEST_F(OffsetLimits, AnArcThatVanishesAtTheStartLeavesACompactContourOpen) {
   Kurve out;
   EXPECT_EQ(CompactOf("x0 y1; ax1 y0 x1 y1; x20 y0; x20 y20; x0 y20; x0 y1").OffsetMethod1(out, 3, 1, 1), 2);
