@@ -47,10 +47,10 @@ struct RegionLoop {
 
 /// A set of points, bounded by loops with the set on their left: outsides anticlockwise, holes clockwise.
 ///
-/// Shape   a loop passes no point twice, and loops meet in common vertices only; large loops come first. `loose` are curves of a
-///         drawing with the same side on both sides, outside of the set; the set does not contain them
-/// Errors  `ok` is false when coordinates are not finite, or the curves could not be normalised; there are no
-///         loops then
+/// Shape   a loop passes no point twice, and loops meet in common vertices only; large loops come first.
+///         `loose` are curves of a drawing that are outside of the set on both sides; it does not hold them
+/// Errors  `ok` is false when coordinates are not finite, or the curves could not be normalised; the region
+///         has no loops then
 struct Region {
   std::vector<RegionLoop> loops;
   std::vector<RegionSpan> loose;
@@ -116,7 +116,7 @@ std::vector<RegionPath> OffsetPath(const KurveEx& path, double distance, const R
 /// The distance between two contours; 0 when they meet.
 double NearestDistance(const KurveEx& a, const KurveEx& b);
 
-/// What is wrong with an offset, and where.
+/// The finding about an offset, and its place.
 struct OffsetCheck {
   enum class Finding { Clean, Crosses, TooNear };
   Finding finding = Finding::Clean;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -126,6 +127,47 @@ TEST_F(RegionLaws, ShrinkingTwiceIsShrinkingByTheSum) {
     const Region twice = OffsetRegion(OffsetRegion(region, first), second);
     ASSERT_TRUE(once.ok && twice.ok);
     ASSERT_NEAR(once.Area(), twice.Area(), 1e-6 * (1 + region.Area()));
+  });
+}
+
+/// The contour drawn from another start, backwards, mirrored, turned, moved and scaled.
+std::vector<Region> Variants(const KurveEx& contour, Matrix motion, int start) {
+  std::vector<RegionSpan> spans;
+  for (const Span& s : contour.spans) spans.push_back({s.dir, s.p0, s.p1, s.pc});
+  if (Dist(contour.End(), contour.Start()) > 0) spans.push_back({LINEAR, contour.End(), contour.Start(), {}});
+  std::vector<Region> variants(3);
+  std::vector<RegionSpan> turned = spans, back(spans.rbegin(), spans.rend());
+  std::rotate(turned.begin(), turned.begin() + start % static_cast<int>(spans.size()), turned.end());
+  for (RegionSpan& s : back) s = {-s.dir, s.p1, s.p0, s.pc};
+  for (RegionSpan& s : spans) {
+    s = {motion.IsMirrored() ? -s.dir : s.dir, s.p0.Transform(motion), s.p1.Transform(motion),
+         s.pc.Transform(motion)};
+  }
+  variants[0].loops.push_back({turned});
+  variants[1].loops.push_back({back});
+  variants[2].loops.push_back({spans});
+  return variants;
+}
+
+TEST_F(RegionLaws, NeitherStartNorDirectionNorPlaceNorScaleMatters) {
+  ForEach([&](Random& random) {
+    const KurveEx contour = DrawContour(random);
+    if (contour.spans.empty()) return;
+    const double distance = DrawDistance(random), scale = random.Below(2) == 0 ? 0.5 : 1024;
+    Matrix motion;
+    motion.Rotate(random.Between(0, 6), 3);
+    motion.Scale(scale, random.Below(2) == 0 ? scale : -scale, scale);
+    motion.Translate(random.Between(-1000, 1000), 3);
+    const Region plain = OffsetRegion(Clean(contour), distance);
+    const std::vector<Region> variants = Variants(contour, motion, random.Below(20));
+    for (std::size_t i = 0; i < variants.size(); ++i) {
+      const double factor = i == 2 ? scale : 1;
+      const Region made = OffsetRegion(Clean(variants[i], FillRule::EvenOdd), distance * factor);
+      ASSERT_TRUE(made.ok) << i;
+      const double tolerance = 1e-8 * (1 + plain.Area());
+      ASSERT_NEAR(made.Area() / factor / factor, plain.Area(), tolerance) << i << " by " << distance;
+      ASSERT_NEAR(made.Perimeter() / factor, plain.Perimeter(), 1e-4 * (1 + plain.Perimeter())) << i;
+    }
   });
 }
 

@@ -57,7 +57,7 @@ class Arrangement {
     Turns turns = {0, 0};
     bool isLabelled = false;
   };
-  /// What is connected by edges.
+  /// Edges that are connected.
   struct Part {
     std::uint32_t outer;  ///< its face of the most negative area
     std::uint32_t faces = 0, edges = 0, vertices = 0;
