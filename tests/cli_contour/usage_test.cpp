@@ -11,9 +11,9 @@ class ContourUsage : public ContourCommandTest {};
 
 TEST_F(ContourUsage, HelpOfEveryOperationHasAnExample) {
   for (const std::string operation :
-       {"",          "info", "near",    "inside",  "intersect", "split",  "reduce",
-        "transform", "part", "section", "trim",    "extend",    "offset", "blend",
-        "equalise",  "same", "circle",  "ellipse", "biarc",     "xml",    "text"}) {
+       {"",       "info",    "near",  "inside", "intersect", "split", "reduce",   "transform",
+        "part",   "section", "trim",  "extend", "offset",    "blend", "equalise", "same",
+        "circle", "ellipse", "biarc", "xml",    "text",      "clean", "unite",    "subtract"}) {
     const Outcome help = Vanzet("contour " + operation + " --help");
     EXPECT_EQ(help.status, 0) << operation;
     EXPECT_THAT(help.out, HasSubstr("Example:\n  vanzet contour " + operation)) << operation;

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
+#include "cli/contour/region.h"
 #include "contour/library.h"
 
 namespace vanzet::cli {
@@ -26,7 +27,13 @@ constexpr Row kRows[] = {
     {"inside", "Finds out on which side of each contour a point is; status 3: outside.", "[FILE] X Y", 1, 2,
      kFile | kSelect, ContourInside, "vanzet contour inside slot.txt 0 0 --json"},
     {"intersect", "Finds where the contours of one file meet those of another.", "A B", 2, 0,
-     kFile, ContourIntersect, "vanzet contour intersect slot.txt shaft.dxf --svg both.svg"},
+     kFile | kArea, ContourIntersect, "vanzet contour intersect slot.txt shaft.dxf --svg both.svg"},
+    {"clean", "Makes loops that do not cross of closed contours, by the even-odd rule.", "[FILE]", 1, 0,
+     kFile | kSelect | kDxf, ContourClean, "vanzet contour clean pinched.txt"},
+    {"unite", "Unites the regions that the contours of two files enclose.", "A B", 2, 0,
+     kFile | kDxf, ContourUnite, "vanzet contour unite slot.txt lens.txt"},
+    {"subtract", "Takes the region of B away from that of A.", "A B", 2, 0,
+     kFile | kDxf, ContourSubtract, "vanzet contour subtract ring.txt slot.txt --svg rest.svg"},
     {"split", "Replaces all arcs by chords.", "[FILE]", 1, 0,
      kFile | kSelect | kTolerance | kDxf, ContourSplit, "vanzet contour split slot.txt --tolerance 0.1"},
     {"reduce", "Removes vertices that the contour does not need.", "[FILE]", 1, 0,

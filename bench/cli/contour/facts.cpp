@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
+#include "cli/contour/region.h"
 #include "cli/output.h"
 #include "contour/json_form.h"
 #include "contour/operations.h"
@@ -181,6 +182,7 @@ Result<void> ContourInside(const ContourArguments& arguments) {
 }
 
 Result<void> ContourIntersect(const ContourArguments& arguments) {
+  if (arguments.area) return IntersectAreas(arguments);
   VANZET_TRY(const auto first, ReadContours(arguments, 0));
   VANZET_TRY(const auto second, ReadContours(arguments, 1));
   Report report(arguments, "points", first,

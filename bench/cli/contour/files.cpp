@@ -85,13 +85,16 @@ Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing dr
   return WriteFile(arguments.svg, contour::Svg(drawing));
 }
 
-Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+Result<void> WriteDrawings(const ContourArguments& arguments, const contour::Drawing& drawing,
                            const contour::Contours& made) {
   constexpr const char* kLayer = "CONTOURS";
   VANZET_DO(WritePicture(arguments, drawing));
-  if (!arguments.dxf.empty()) {
-    VANZET_DO(WriteFile(arguments.dxf, contour::DxfForm(made, kLayer)));
-  }
+  return arguments.dxf.empty() ? Result<void>() : WriteFile(arguments.dxf, contour::DxfForm(made, kLayer));
+}
+
+Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
+                           const contour::Contours& made) {
+  VANZET_DO(WriteDrawings(arguments, drawing, made));
   return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
 }
 

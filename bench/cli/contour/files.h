@@ -21,7 +21,11 @@ Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::
 /// Writes the picture if the command asks for one.
 Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing);
 
-/// Writes the picture and the drawing if the command asks for them, and prints the contours.
+/// Writes the picture and the drawing of contours if the command asks for them.
+Result<void> WriteDrawings(const ContourArguments& arguments, const contour::Drawing& drawing,
+                           const contour::Contours& made);
+
+/// Does the same, and prints the contours.
 Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
                            const contour::Contours& made);
 

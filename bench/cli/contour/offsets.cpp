@@ -2,6 +2,7 @@
 
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
+#include "cli/contour/region.h"
 #include "cli/output.h"
 #include "contour/builder.h"
 #include "contour/constructions.h"
@@ -25,16 +26,18 @@ Result<int> DirectionOf(const Contour& contour, const OffsetSide& side) {
 /// The offsets of a contour, each further out, until nothing is left. Fails when the first offset is empty.
 Result<Contours> OffsetsOf(const Contour& contour, const ContourArguments& arguments) {
   VANZET_TRY(const int direction, DirectionOf(contour, arguments.Side()));
+  const auto method = arguments.method.value_or(contour::OffsetMethod::kKurveEx);
   const double step = arguments.numbers[0] * direction;
   Contours offsets;
   for (int i = 1; i <= arguments.steps; ++i) {
-    auto offset = OffsetOf(contour, i * step, arguments.method);
+    auto offset = OffsetOf(contour, i * step, method);
     if (!offset && offsets.empty()) return offset.fault();
     if (!offset) {
       std::cerr << "vanzet: " + offset.fault().Message() + "; only " + std::to_string(i - 1) + " of " +
                        std::to_string(arguments.steps) + " offsets were made\n";
       break;
     }
+    if (method != contour::OffsetMethod::kSpans) WarnOfOffset(contour, *offset, i * step);
     offsets.push_back(std::move(*offset));
   }
   return offsets;
@@ -61,6 +64,7 @@ Result<Contours> AllOffsets(const Contours& contours, const ContourArguments& ar
 
 Result<void> ContourOffset(const ContourArguments& arguments) {
   VANZET_TRY(const auto contours, ReadContours(arguments, 0));
+  if (WantsRegion(arguments, contours)) return OffsetAsRegion(arguments, contours);
   VANZET_TRY(auto made, AllOffsets(contours, arguments));
   if (arguments.steps > 1) {
     for (std::size_t i = 0; i < made.size(); ++i) made[i].number = static_cast<int>(i) + 1;

@@ -74,13 +74,30 @@ void AddOffsetOptions(Command& command, ContourArguments& arguments) {
   for (std::size_t i = 0; i < kSides.size(); ++i) {
     command.AddFlag(kSides[i].flag, kSides[i].help, arguments.sides[i]);
   }
-  AddChoice<OffsetMethod>(command, "--method", "METHOD", arguments.method,
-                          "the method; spans keeps loops and rounds no corners; default: kurveex",
-                          {{"kurve", OffsetMethod::kKurve},
-                           {"kurveex", OffsetMethod::kKurveEx},
-                           {"spans", OffsetMethod::kSpans}});
+  AddChoice<std::optional<OffsetMethod>>(
+      command, "--method", "METHOD", arguments.method,
+      "the method; spans keeps loops and rounds no corners; default: kurveex",
+      {{"kurve", OffsetMethod::kKurve},
+       {"kurveex", OffsetMethod::kKurveEx},
+       {"spans", OffsetMethod::kSpans}});
   command.AddOption("--steps", "N", "number of offsets, each one distance further out",
                     StoreInteger(arguments.steps, 1, kMostSteps));
+}
+
+void AddRegionOptions(Command& command, ContourArguments& arguments) {
+  using geometry::Corner;
+  using geometry::PathEnd;
+  command.AddFlag("--region",
+                  "make all loops of the offset of the region that the contours enclose; the default for "
+                  "several closed contours",
+                  arguments.region);
+  AddChoice<std::optional<Corner>>(
+      command, "--corner", "CORNER", arguments.corner, "regions: the corners that open; default: round",
+      {{"round", Corner::Round}, {"miter", Corner::Miter}, {"chamfer", Corner::Chamfer}});
+  AddChoice<std::optional<PathEnd>>(
+      command, "--thicken", "END", arguments.thicken,
+      "make the region within DISTANCE of the contours, which may be open, with ends of this form",
+      {{"round", PathEnd::Round}, {"square", PathEnd::Square}, {"butt", PathEnd::Butt}});
 }
 
 void AddEndOption(Command& command, ContourArguments& arguments) {
@@ -122,6 +139,20 @@ void CheckSides(const ContourArguments& arguments) {
   }
 }
 
+void CheckRegion(const ContourArguments& arguments) {
+  if (!arguments.AsksForRegion()) return;
+  if (arguments.AsksForContours()) {
+    throw WrongUsage{"--region, --corner and --thicken",
+                     "cannot be given together with --left, --right, --method or --steps"};
+  }
+  if (arguments.thicken && (arguments.sides[2] || arguments.sides[3])) {
+    throw WrongUsage{"--thicken", "cannot be given together with --inside or --outside"};
+  }
+  if (arguments.thicken && arguments.numbers[0] < 0) {
+    throw WrongUsage{"DISTANCE", "expected 0 or more with --thicken"};
+  }
+}
+
 /// A name without an ending, such as that of a device, is accepted.
 void CheckEnding(const char* option, const std::string& file, const char* ending) {
   const std::string found = std::filesystem::path(file).extension().string();
@@ -132,7 +163,13 @@ void CheckEnding(const char* option, const std::string& file, const char* ending
 
 /// Adds the options that belong to one operation or two.
 void AddOperationOptions(Command& command, ContourArguments& arguments, unsigned options) {
-  if ((options & kOffset) != 0) AddOffsetOptions(command, arguments);
+  if ((options & kOffset) != 0) {
+    AddOffsetOptions(command, arguments);
+    AddRegionOptions(command, arguments);
+  }
+  if ((options & kArea) != 0) {
+    command.AddFlag("--area", "intersect the regions that the contours enclose", arguments.area);
+  }
   if ((options & kEnd) != 0) AddEndOption(command, arguments);
   if ((options & kOpening) != 0) AddOpeningOption(command, arguments);
   if ((options & kForce) != 0) {
@@ -227,6 +264,7 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
 
 void CheckContourArguments(const ContourArguments& arguments) {
   CheckSides(arguments);
+  CheckRegion(arguments);
   CheckEnding("--svg", arguments.svg, ".svg");
   CheckEnding("--dxf", arguments.dxf, ".dxf");
 }

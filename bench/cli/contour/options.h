@@ -12,6 +12,7 @@
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/drawing.h"
+#include "geometry/region.h"
 
 namespace vanzet::cli {
 
@@ -40,8 +41,12 @@ struct ContourArguments {
   double tolerance = 0.01;              ///< in millimetres
   geometry::Matrix matrix;
   std::array<bool, kSides.size()> sides = {};  ///< the sides that were given, by the order of `kSides`
-  contour::OffsetMethod method = contour::OffsetMethod::kKurveEx;
+  std::optional<contour::OffsetMethod> method;
   int steps = 1;
+  bool region = false;  ///< offset all closed contours as one region
+  std::optional<geometry::Corner> corner;
+  std::optional<geometry::PathEnd> thicken;
+  bool area = false;  ///< intersect what the contours enclose
   contour::End end = contour::End::kEnd;
   std::optional<geometry::Point> opening;  ///< of a closed contour that is trimmed
   bool strict = false;                     ///< what is left out is a failure
@@ -63,6 +68,12 @@ struct ContourArguments {
     return given == sides.end() ? kSides.front() : *std::next(kSides.begin(), given - sides.begin());
   }
 
+  /// Whether an option is for the offset of a region, or for that of each contour.
+  bool AsksForRegion() const { return region || corner || thicken; }
+  bool AsksForContours() const {
+    return sides[0] || sides[1] || steps > 1 || method;
+  }
+
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };
 
@@ -80,6 +91,7 @@ enum ContourOption : unsigned {
   kMirror = 512,
   kXmlKind = 1024,
   kTextForm = 2048,
+  kArea = 4096,
 };
 
 /// The answer "no" of a question that a shell can ask: the exit status is 3.
@@ -90,7 +102,7 @@ inline void AnswerNo(const ContourArguments& arguments) {
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Checks what the options mean together: at most one side, and outputs whose names do not end like another
+/// Checks what the options mean together: at most one side, one kind of offset, and outputs whose names do not end like another
 /// form. Throws `WrongUsage`.
 void CheckContourArguments(const ContourArguments& arguments);
 
