@@ -50,12 +50,9 @@ Result<Region> RegionOf(const Contours& contours) {
 
 Result<Region> Thicken(const Contours& contours, double distance, geometry::PathEnd end,
                        const geometry::RegionOffset& options) {
-  Region all;
-  for (const Contour& contour : contours) {
-    VANZET_TRY(const Region thick, Checked(geometry::Thicken(contour.curve, distance, end, options)));
-    VANZET_TRY(all, Checked(Unite(all, thick)));
-  }
-  return all;
+  std::vector<geometry::KurveEx> curves;
+  for (const Contour& contour : contours) curves.push_back(contour.curve);
+  return Checked(geometry::Thicken(curves, distance, end, options));
 }
 
 Contours ContoursOf(const Region& region) {

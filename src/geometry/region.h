@@ -97,8 +97,10 @@ Region OffsetRegion(const Region& region, double distance, const RegionOffset& o
 /// The form of the ends of a thick path: half a disc; half a square; or nothing beyond the path's end.
 enum class PathEnd { Round, Square, Butt };
 
-/// The points within `distance` of the path, which may be open, closed, and cross itself. Not ok when the
-/// distance is below 0 or the path is not sound.
+/// The points within `distance` of the paths, which may be open, closed, and cross themselves and each other.
+/// Not ok when the distance is below 0 or a path is not sound.
+Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end = PathEnd::Round,
+               const RegionOffset& options = {});
 Region Thicken(const KurveEx& path, double distance, PathEnd end = PathEnd::Round,
                const RegionOffset& options = {});
 

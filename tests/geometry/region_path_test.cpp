@@ -59,6 +59,13 @@ TEST_F(RegionThicken, APathThatCrossesItselfIsOneRegion) {
   EXPECT_NEAR(cross.Area(), 30 - 1 - 3 * 0.25 + 3 * kPi / 16, 1e-9);
 }
 
+TEST_F(RegionThicken, SeveralPathsAreOneRegion) {
+  const std::vector<KurveEx> cross = {PathThrough({{0, 0}, {10, 0}}), PathThrough({{5, -5}, {5, 5}})};
+  const Region made = Thicken(cross, 1, PathEnd::Butt);
+  EXPECT_EQ(made.loops.size(), 1u);
+  EXPECT_NEAR(made.Area(), 2 * 20 - 4, 1e-9);
+}
+
 TEST_F(RegionThicken, APathThatIsNotSoundIsRefused) {
   EXPECT_FALSE(Thicken(PathThrough({{0, 0}, {kInfinity, 0}}), 1).ok);
   EXPECT_FALSE(Thicken(PathThrough({{0, 0}, {1, 0}}), -1).ok);

@@ -101,15 +101,22 @@ void Reverse(RegionPath& path) {
 
 }  // namespace
 
-Region Thicken(const KurveEx& path, double distance, PathEnd end, const RegionOffset& options) {
-  const Region drawn = AsRegion(SpansOf(path));
+Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end, const RegionOffset& options) {
+  Region drawn;
+  for (const KurveEx& path : paths) drawn.loops.push_back({SpansOf(path)});
   Sketch sketch({&drawn});
   Region failed;
   failed.ok = false;
   if (!sketch.IsSound() || !(distance >= 0) || !std::isfinite(distance)) return failed;
   if (distance == 0) return {};
-  AddBothSides(sketch, LinksOf(sketch, drawn.loops[0].spans), distance, FormOf(end), options);
+  for (const RegionLoop& path : drawn.loops) {
+    AddBothSides(sketch, LinksOf(sketch, path.spans), distance, FormOf(end), options);
+  }
   return FacesOf(sketch, IsPositive);
+}
+
+Region Thicken(const KurveEx& path, double distance, PathEnd end, const RegionOffset& options) {
+  return Thicken(std::vector<KurveEx>{path}, distance, end, options);
 }
 
 // While the boundary of the thick path is made, the first word of a span is the number of its source, there

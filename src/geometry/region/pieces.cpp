@@ -9,6 +9,10 @@ namespace geometry::region {
 namespace {
 
 constexpr int kMostRounds = 48;
+/// After so many rounds there has to be less to cut in each one.
+constexpr int kFreeRounds = 4;
+/// Arcs of a radius below so many distances are as good as their chords.
+constexpr double kSmallestRadius = 16;
 constexpr double kQuarter = 1.5707963267948966;
 
 Vector2d Turned(const Vector2d& v, double angle) {
@@ -32,7 +36,8 @@ double FirstAxisAngle(const Stroke& arc) {
 }  // namespace
 
 std::uint32_t Pieces::Append(std::uint32_t from, std::uint32_t to, const Stroke& stroke) {
-  if (to != from) pieces_.push_back({from, to, stroke.k, stroke.origin, stroke.turns});
+  const bool isTiny = std::abs(stroke.k) * kSmallestRadius * distance_ > 1;
+  if (to != from) pieces_.push_back({from, to, isTiny ? 0 : stroke.k, stroke.origin, stroke.turns});
   return to;
 }
 
@@ -116,8 +121,11 @@ void Pieces::ApplyCuts() {
 }
 
 bool Pieces::Normalise() {
+  std::size_t before = 0;
   for (int round = 0; round < kMostRounds; ++round) {
     if (!FindCuts()) return true;
+    if (round > kFreeRounds && cuts_.size() > before) return false;
+    before = cuts_.size();
     ApplyCuts();
   }
   return false;
