@@ -61,6 +61,7 @@ class Host final : public language::Workplace {
   Result<std::string> Setting(std::string_view key) override;
   Result<void> SetSetting(std::string_view key, std::string_view value) override;
   bool MayWrite(const std::filesystem::path& file) override { return !dryRun || dryRun->MayWrite(file); }
+  bool IsPassing(const std::filesystem::path& file) override { return runFolder.Holds(file); }
   std::vector<std::string> FigureFiles() override { return figures_.Names(); }
   Result<std::vector<geometry::Kurve>> ReadFigureFile(const std::string& name) override {
     return figures_.Read(name);

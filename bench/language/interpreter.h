@@ -39,6 +39,9 @@ class Workplace {
   /// it had written the file.
   virtual bool MayWrite(const std::filesystem::path& /*file*/) { return true; }
 
+  /// True for a file that nobody needs after this run.
+  virtual bool IsPassing(const std::filesystem::path& /*file*/) { return false; }
+
   /// Shows help on a topic, if help can be shown.
   virtual Result<void> ShowHelp(const std::string& topic) = 0;
 };

@@ -16,7 +16,8 @@ constexpr double kRigid = 1e-9;  // how far scales may be from 1
 
 Body Apply(const gp_Trsf& motion, const Body& body) {
   const Shape& shape = body.shape();
-  return BodyOf(shape.shape.Moved(TopLoc_Location(motion)), shape.fromStl, shape.origin);
+  const Shape moved{shape.shape.Moved(TopLoc_Location(motion)), shape.fromStl, shape.origin, shape.meshes};
+  return Body(std::make_shared<const Shape>(moved));
 }
 
 bool IsFinite(double a, double b, double c) {

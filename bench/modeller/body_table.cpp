@@ -1,5 +1,7 @@
 #include "modeller/body_table.h"
 
+#include <array>
+#include <bit>
 #include <limits>
 #include <utility>
 
@@ -7,6 +9,27 @@
 #include "modeller/body.h"
 
 namespace vanzet::modeller {
+
+namespace {
+
+/// A run that makes more different bodies than this remembers the latest ones.
+constexpr std::size_t kMostMade = 256;
+
+}  // namespace
+
+void Recipe::Add(std::initializer_list<double> numbers) {
+  for (const double number : numbers) {
+    bytes_.append(std::bit_cast<std::array<char, sizeof(double)>>(number).data(), sizeof(double));
+  }
+}
+
+Result<Body> BodyTable::MakeOnce(const Recipe& recipe, const std::function<Result<Body>()>& make) {
+  if (const auto made = made_.find(recipe); made != made_.end()) return made->second;
+  VANZET_TRY(const auto body, make());
+  if (made_.size() == kMostMade) made_.clear();
+  made_.emplace(recipe, body);
+  return body;
+}
 
 Result<std::int32_t> BodyTable::Add(Body body, std::string name) {
   if (const std::int32_t other = NumberOf(name); other != 0) {

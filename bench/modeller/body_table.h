@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <string_view>
@@ -10,6 +12,17 @@
 #include "modeller/body.h"
 
 namespace vanzet::modeller {
+
+/// All that the making of a body depends on. Two recipes are equal when their numbers are, bit by bit.
+class Recipe {
+ public:
+  explicit Recipe(char kind) : bytes_(1, kind) {}
+  void Add(std::initializer_list<double> numbers);
+  friend bool operator<(const Recipe& a, const Recipe& b) { return a.bytes_ < b.bytes_; }
+
+ private:
+  std::string bytes_;
+};
 
 /// The bodies of a process, by number and optionally by name.
 ///
@@ -21,6 +34,10 @@ class BodyTable {
  public:
   /// Adds a body and returns its number. Fails when another body has the name. An empty name means no name.
   Result<std::int32_t> Add(Body body, std::string name = {});
+
+  /// Returns the body that was made by an equal recipe before, else what `make` returns: the devices of many
+  /// spurs are alike. It is not in the table yet.
+  Result<Body> MakeOnce(const Recipe& recipe, const std::function<Result<Body>()>& make);
 
   /// These fail when no body has the number.
   Result<Body> Get(std::int32_t number) const;
@@ -46,6 +63,7 @@ class BodyTable {
   Result<void> Change(std::int32_t number, Result<Body> changed);
 
   std::map<std::int32_t, Entry> entries_;
+  std::map<Recipe, Body> made_;
   std::int32_t last_ = 0;
 };
 

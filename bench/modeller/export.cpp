@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 
-#include "base/files/whole_file.h"
 #include "base/number_text.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
@@ -130,10 +129,9 @@ Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& file
   return {};
 }
 
-Result<void> ExportVrml(const Body& body, const fs::path& file, const MeshTolerance& tolerance) {
-  const auto mesh = MeshOf(body, tolerance);
-  if (!mesh) return WithFile(mesh.fault(), file);
-  return files::ReplaceFile(file, std::string(kVrmlHead) + VrmlShape(*mesh, {}));
+Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance) {
+  VANZET_TRY(const auto mesh, MeshOf(body, tolerance));
+  return std::string(kVrmlHead) + VrmlShape(mesh, {});
 }
 
 }  // namespace vanzet::modeller

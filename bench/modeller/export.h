@@ -56,13 +56,22 @@ Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<F
                        ExportFormat format, const MeshTolerance& tolerance, const Exchange& exchange,
                        const TakeContent& take);
 
-/// Writes the facets of a body to a file as VRML 2.0, completely or not at all: one IndexedFaceSet, each point
-/// and each face on a line of its own. The word "coordIndex" is alone on the line before the faces, and a line
-/// with "]" ends them.
-Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance);
+/// The facets of a body as VRML 2.0: one IndexedFaceSet, each point and each face on a line of its own. The
+/// word "coordIndex" is alone on the line before the faces, and a line with "]" ends them.
+Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance);
+
+/// How a file is written.
+enum class Lasting : std::uint8_t {
+  kYes,  ///< completely or not at all: after a fault an old file is unchanged
+  kNo,   ///< nobody needs the file after this run
+};
+
+/// Writes what `VrmlOf` returns to a file, which faults name.
+Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance,
+                        Lasting lasting = Lasting::kYes);
 
 /// The same for a body of the table. Fails with `kMissing` for a number without a body; an old file stays.
 Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const std::filesystem::path& file,
-                        const MeshTolerance& tolerance);
+                        const MeshTolerance& tolerance, Lasting lasting = Lasting::kYes);
 
 }  // namespace vanzet::modeller

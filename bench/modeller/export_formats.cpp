@@ -1,3 +1,5 @@
+#include "base/files/passing_file.h"
+#include "base/files/whole_file.h"
 #include "modeller/exchange_process.h"
 #include "modeller/export.h"
 
@@ -32,11 +34,18 @@ std::string_view EndingOf(ExportFormat format) {
   return "";
 }
 
+Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance,
+                        Lasting lasting) {
+  const auto text = VrmlOf(body, tolerance);
+  if (!text) return WithFile(text.fault(), file);
+  return lasting == Lasting::kYes ? files::ReplaceFile(file, *text) : files::WritePassingFile(file, *text);
+}
+
 Result<void> ExportVrml(const BodyTable& table, std::int32_t number, const std::filesystem::path& file,
-                        const MeshTolerance& tolerance) {
+                        const MeshTolerance& tolerance, Lasting lasting) {
   const auto body = table.Get(number);
   if (!body) return WithFile(body.fault(), file);
-  return ExportVrml(*body, file, tolerance);
+  return ExportVrml(*body, file, tolerance, lasting);
 }
 
 }  // namespace vanzet::modeller

@@ -1,11 +1,19 @@
 #pragma once
 
 #include <TopoDS_Face.hxx>
+#include <gp_Trsf.hxx>
 
 #include "modeller/kernel.h"
 #include "modeller/mesh.h"
 
 namespace vanzet::modeller {
+
+/// A mesh of a solid, and the place that the solid had.
+struct MadeMesh {
+  MeshTolerance tolerance;
+  gp_Trsf place;
+  Mesh mesh;
+};
 
 /// The triangles of the faces of a shape as one mesh. Faces share the points of the edges and vertices
 /// between them, and a pole or the tip of a cone is one point; the shape, not the distance, decides which

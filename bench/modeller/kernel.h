@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/result.h"
 #include "modeller/body.h"
@@ -39,6 +40,10 @@ auto CatchKernelFailures(Work work) -> decltype(work()) {
 }
 
 struct Origin;
+struct MadeMesh;
+
+/// The meshes of a solid that were made so far, which its copies at other places share.
+using MadeMeshes = std::vector<MadeMesh>;
 
 /// A body of facets is one or more faces with triangles and without a surface. The surfaces of a file's body
 /// are in its origin: its shape is an empty group, which only has the place.
@@ -46,6 +51,7 @@ struct Shape {
   TopoDS_Shape shape;
   bool fromStl = false;
   std::shared_ptr<const Origin> origin = nullptr;             ///< of a file's surfaces; foreign.h
+  std::shared_ptr<MadeMeshes> meshes = nullptr;               ///< mesh.cpp; null: none are kept
   mutable std::optional<geometry::Box3d> box = std::nullopt;  ///< what `Extents` found
 };
 

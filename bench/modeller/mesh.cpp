@@ -15,6 +15,7 @@
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Vertex.hxx>
+#include <algorithm>
 #include <utility>
 
 #include "base/number_text.h"
@@ -163,6 +164,60 @@ class Collector {
   ByShape<int> vertices_;
 };
 
+bool IsSamePlace(const gp_Trsf& a, const gp_Trsf& b) {
+  for (int row = 1; row <= 3; ++row) {
+    for (int column = 1; column <= 4; ++column) {
+      if (a.Value(row, column) != b.Value(row, column)) return false;
+    }
+  }
+  return true;
+}
+
+/// The mesh that an equal solid got at this place before, or null. At another place its last digits differ.
+const Mesh* FormerMesh(const Shape& shape, const MeshTolerance& tolerance) {
+  if (shape.meshes == nullptr) return nullptr;
+  const gp_Trsf& place = shape.shape.Location().Transformation();
+  const auto found = std::ranges::find_if(*shape.meshes, [&](const MadeMesh& made) {
+    return made.tolerance.chord == tolerance.chord && made.tolerance.angle == tolerance.angle &&
+           IsSamePlace(made.place, place);
+  });
+  return found == shape.meshes->end() ? nullptr : &found->mesh;
+}
+
+void KeepMesh(const Shape& shape, const MeshTolerance& tolerance, const Mesh& mesh) {
+  constexpr std::size_t kMostMeshes = 8, kMostTriangles = 20'000;
+  if (shape.meshes == nullptr || mesh.triangles.size() > kMostTriangles) return;
+  if (shape.meshes->size() == kMostMeshes) shape.meshes->clear();
+  shape.meshes->push_back({tolerance, shape.shape.Location().Transformation(), mesh});
+}
+
+/// True when an edge has a triangle on one side alone.
+bool HasHole(const Mesh& mesh) {
+  std::vector<std::pair<int, int>> ways, back;
+  for (const auto& [a, b, c] : mesh.triangles) {
+    ways.insert(ways.end(), {{a, b}, {b, c}, {c, a}});
+    back.insert(back.end(), {{b, a}, {c, b}, {a, c}});
+  }
+  std::ranges::sort(ways);
+  std::ranges::sort(back);
+  return ways != back;
+}
+
+Fault Unmeshed() {
+  return {.text = "a face of the body could not be meshed", .kind = FaultKind::kSystem};
+}
+
+/// The mesh of one of our own solids.
+Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
+  // The kernel passes over a face that it fails at, also for lack of memory, and says so or not; ours have
+  // none that it cannot mesh, and no holes.
+  if (!Triangulate(shape.shape, tolerance)) return Unmeshed();
+  Mesh mesh = FacetsOf(shape.shape);
+  if (HasHole(mesh)) return Unmeshed();
+  KeepMesh(shape, tolerance, mesh);
+  return mesh;
+}
+
 Result<Mesh> NotEmpty(Mesh mesh) {
   if (mesh.triangles.empty()) return Fault{"the body has no faces"};
   return mesh;
@@ -175,12 +230,10 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   return CatchKernelFailures([&]() -> Result<Mesh> {
     const Shape& shape = body.shape();
     if (IsForeign(shape)) return MeshOfForeign(shape, tolerance);
-    // The kernel passes over a face that it fails at, also for lack of memory; ours have none that it cannot
-    // mesh.
-    if (!shape.fromStl && !Triangulate(shape.shape, tolerance)) {
-      return Fault{.text = "a face of the body could not be meshed", .kind = FaultKind::kSystem};
-    }
-    return NotEmpty(FacetsOf(shape.shape));
+    if (shape.fromStl) return NotEmpty(FacetsOf(shape.shape));
+    if (const Mesh* const former = FormerMesh(shape, tolerance)) return *former;
+    VANZET_TRY(auto mesh, MeshOfSolid(shape, tolerance));
+    return NotEmpty(std::move(mesh));
   });
 }
 

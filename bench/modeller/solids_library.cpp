@@ -18,7 +18,7 @@ extern "C" const void* vanzetSolids() {
       .importVrml = ImportVrml,
       .factsOf = FactsOf,
       .makeFiles = MakeFiles,
-      .exportVrml = ExportVrml,
+      .vrmlOf = VrmlOf,
       .measuresOf = MeasuresOf,
       .extents = Extents,
       .meshOf = MeshOf,

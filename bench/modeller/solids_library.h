@@ -12,9 +12,9 @@
 #include "modeller/mesh.h"
 #include "modeller/sweep.h"
 
-/// The functions of this folder that need Open CASCADE. They are in a library of their own, which the first call
-/// loads: most commands call none, and Open CASCADE takes longer to load than they take to run. A function that
-/// other folders are to call has a row here, one in solids_library.cpp and one in solids_on_demand.cpp.
+/// The functions of this folder that need Open CASCADE. They are in a library of their own, which the first
+/// call loads: most commands call none, and Open CASCADE takes longer to load than they take to run. A function
+/// that other folders are to call has a row here, one in solids_library.cpp and one in solids_on_demand.cpp.
 namespace vanzet::modeller {
 
 inline constexpr const char* kSolidsLibrary = "libvanzet-solids.so";
@@ -35,7 +35,7 @@ struct Solids {
   Result<BodyFacts> (*factsOf)(const NamedBody&, ExportFormat, const MeshTolerance&);
   Result<void> (*makeFiles)(const std::vector<NamedBody>&, const std::vector<FileBodies>&, ExportFormat,
                             const MeshTolerance&, const Exchange&, const TakeContent&);
-  Result<void> (*exportVrml)(const Body&, const std::filesystem::path&, const MeshTolerance&);
+  Result<std::string> (*vrmlOf)(const Body&, const MeshTolerance&);
   Result<Measures> (*measuresOf)(const Body&);
   Result<geometry::Box3d> (*extents)(const Body&);
   Result<Mesh> (*meshOf)(const Body&, const MeshTolerance&);

@@ -60,8 +60,8 @@ Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<F
                        const TakeContent& take) {
   return Call<&Solids::makeFiles>(bodies, files, format, tolerance, exchange, take);
 }
-Result<void> ExportVrml(const Body& body, const std::filesystem::path& file, const MeshTolerance& tolerance) {
-  return Call<&Solids::exportVrml>(body, file, tolerance);
+Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance) {
+  return Call<&Solids::vrmlOf>(body, tolerance);
 }
 Result<Measures> MeasuresOf(const Body& body) {
   return Call<&Solids::measuresOf>(body);

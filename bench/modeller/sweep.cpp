@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "base/number_text.h"
+#include "modeller/facets.h"
 #include "modeller/kernel.h"
 #include "modeller/measures.h"
 #include "modeller/outline.h"
@@ -172,7 +173,8 @@ Result<Body> ValidBody(const TopoDS_Shape& swept) {
   if (swept.IsNull() || swept.ShapeType() != TopAbs_SOLID) return Fault{"Open CASCADE did not make a solid"};
   TopoDS_Solid solid = TopoDS::Solid(swept);
   BRepLib::OrientClosedSolid(solid);
-  const Body body = BodyOf(solid);
+  const Body body(
+      std::make_shared<const Shape>(Shape{.shape = solid, .meshes = std::make_shared<MadeMeshes>()}));
   VANZET_TRY(const auto measures, MeasuresOf(body));
   if (!measures.closed || !(measures.volume > 0)) return Fault{"Open CASCADE did not make a valid solid"};
   return body;

@@ -20,6 +20,11 @@ class RunFolder {
 
   Result<std::filesystem::path> Path();
 
+  /// True for a file that goes with the folder.
+  bool Holds(const std::filesystem::path& file) const {
+    return !made_.empty() && !isKept_ && file.parent_path() == made_;
+  }
+
   /// Has the folder stay after the run; it is called tmp/kept-PID. Requires: `Path` was not called.
   void Keep() { isKept_ = true; }
 

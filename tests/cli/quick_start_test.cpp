@@ -52,7 +52,9 @@ TEST_F(QuickStart, SaysWhereItsLibraryIsMissing) {
   MakeUpgradedProject();
   std::filesystem::create_directory(folder / "alone");
   std::filesystem::copy_file(VANZET_PROGRAM, folder / "alone/vanzet");
-  const Outcome run = Vanzet("--version >/dev/null && alone/vanzet picture lathe --out drawing.png", "", "");
+  const Outcome run = Vanzet("--version >/dev/null && VANZET_SHARE='" VANZET_SOURCE_DIR
+                             "/share' alone/vanzet picture lathe --out drawing.png",
+                             "", "");
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("vanzet: libvanzet-png.so is neither at "));
 }

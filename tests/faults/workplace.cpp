@@ -60,6 +60,14 @@ bool CarriesNothing(const path& file) {
   return file.filename() == "store.lock" || file.filename() == "store.db-journal";
 }
 
+/// Where calls go wrong: below the fourth word of the fault, or anywhere.
+path PlaceOf(const std::string& fault, const path& root) {
+  std::istringstream words(fault);
+  std::string family, number, effect, place;
+  words >> family >> number >> effect >> place;
+  return place.empty() ? root : root / "work" / place;
+}
+
 void BecomeVanzet(const path& root, const Words& words, const std::string& fault,
                   const std::string& streams) {
   const auto file = [&](const char* name) { return (root / (name + streams)).string(); };
@@ -72,7 +80,7 @@ void BecomeVanzet(const path& root, const Words& words, const std::string& fault
   if (!fault.empty()) {
     setenv("LD_PRELOAD", VANZET_FAILING_CALLS_FILE, 1);
     setenv("VANZET_FAULT", fault.c_str(), 1);
-    setenv("VANZET_FAULT_FOLDER", root.c_str(), 1);
+    setenv("VANZET_FAULT_FOLDER", PlaceOf(fault, root).c_str(), 1);
     setenv("VANZET_FAULT_REPORT", file("report").c_str(), 1);
   }
   std::vector<char*> arguments = {const_cast<char*>("vanzet")};

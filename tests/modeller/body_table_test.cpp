@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "modeller/solids.h"
 #include "support/vdm_values.h"
 
@@ -25,6 +27,30 @@ class BodyTables : public testing::Test {
 
   BodyTable table_;
 };
+
+TEST_F(BodyTables, HaveABodyMadeOnceForARecipe) {
+  int times = 0;
+  const auto brick = [&]() -> Result<Body> { return ++times, BodyOf(Brick(1, 2, 3)); };
+  const auto recipe = [](char kind, double number) {
+    Recipe made(kind);
+    made.Add({number, 2});
+    return made;
+  };
+  const Body first = Get(table_.MakeOnce(recipe('e', 1), brick));
+  EXPECT_EQ(&Get(table_.MakeOnce(recipe('e', 1), brick)).shape(), &first.shape());
+  EXPECT_EQ(times, 1);
+  for (const Recipe& other : {recipe('s', 1), recipe('e', 1 + 1e-15), recipe('e', std::nan(""))}) {
+    EXPECT_NE(&Get(table_.MakeOnce(other, brick)).shape(), &first.shape());
+  }
+}
+
+TEST_F(BodyTables, TryAgainAfterARecipeThatFailed) {
+  int times = 0;
+  const auto fail = [&]() -> Result<Body> { return ++times, Fault{"out of memory"}; };
+  EXPECT_FALSE(table_.MakeOnce(Recipe('s'), fail));
+  EXPECT_FALSE(table_.MakeOnce(Recipe('s'), fail));
+  EXPECT_EQ(times, 2);
+}
 
 TEST_F(BodyTables, NumberFromOneAndNeverTwice) {
   EXPECT_EQ(Add(), 1);

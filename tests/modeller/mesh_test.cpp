@@ -11,6 +11,7 @@
 
 #include "modeller/body.h"
 #include "modeller/contours.h"
+#include "modeller/facets.h"
 #include "modeller/kernel.h"
 #include "modeller/measures.h"
 #include "modeller/solids.h"
@@ -98,6 +99,19 @@ TEST(Meshes, AreNotMadeWithAToleranceThatIsNone) {
                                          {0.05, 91}}) {
     EXPECT_NE(Told(MeshOf(brick, tolerance)), "") << tolerance.chord << " " << tolerance.angle;
   }
+}
+
+TEST(Meshes, OfOneSolidAreMadeOnceForAPlaceAndATolerance) {
+  const Body solid = Get(Extrude(Tongue(10), 5));
+  const Mesh first = Get(MeshOf(solid, {}));
+  EXPECT_EQ(solid.shape().meshes->size(), 1U);
+  const Body there = Get(MoveBody(solid, {1, 2, 3}));
+  const Body back = Get(MoveBody(there, {-1, -2, -3}));
+  EXPECT_NEAR(Get(MeshOf(there, {})).points[0].x, first.points[0].x + 1, 1e-9);
+  EXPECT_EQ(solid.shape().meshes->size(), 2U);
+  EXPECT_EQ(Get(MeshOf(back, {})).triangles, first.triangles);
+  EXPECT_EQ(solid.shape().meshes->size(), 2U);
+  EXPECT_GT(Get(MeshOf(solid, {0.01, 10})).triangles.size(), first.triangles.size());
 }
 
 TEST(Kernel, SaysNothingOnStandardOutput) {
