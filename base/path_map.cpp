@@ -53,8 +53,8 @@ fs::path PathMap::Resolve(std::string_view text) const {
   std::replace(path.begin(), path.end(), '\\', '/');
   if (const auto letter = DriveLetter(path)) {
     const auto root = drives_.find(*letter);
-    path =
-        (root == drives_.end() ? std::string(kNowhere) + path[0] + ":" : root->second) + "/" + path.substr(2);
+    std::string below = root == drives_.end() ? std::string(kNowhere).append(path, 0, 2) : root->second;
+    path.replace(0, 2, below.append("/"));
   }
   fs::path resolved;
   for (const fs::path& part : fs::path(path)) {
