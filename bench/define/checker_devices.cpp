@@ -17,7 +17,7 @@ std::string WordsOf(const DeviceRow& row) {
   return words;
 }
 
-/// The keys of an object below a device; none when there is no such object.
+/// The keys of an object below a device, if the device has it.
 std::vector<std::string> KeysIn(const Place& device, const char* key) {
   std::vector<std::string> keys;
   if (!device.Has(key) || !device.json[key].is_object()) return keys;

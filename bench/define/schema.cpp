@@ -42,7 +42,7 @@ Json NumberSchema(const Quantity& quantity) {
   return schema;
 }
 
-/// What a description says of the unit.
+/// The end of a description: the unit of the value.
 std::string UnitText(const Quantity& quantity) {
   switch (quantity.unit) {
     case devices::Unit::kMillimetre: return "; millimetres";
