@@ -26,9 +26,9 @@ struct DefinitionState {
 ///          module has reported faults
 Result<std::vector<DefinitionState>> UpgradeDefinitions(const std::filesystem::path& module, Host& host);
 
-/// The same for work on definitions, which does nothing when all are current. Otherwise `announce`, which may be
-/// empty, is given a sentence before it begins. Fails for a definition that is newer than the module when others have to be
-/// upgraded: the module would delete it.
+/// The same for work on definitions, which does nothing when all are current. Otherwise `announce`, which may
+/// be empty, is given a sentence before it begins. Fails for a definition that is newer than the module when
+/// others have to be upgraded: the module would delete it.
 Result<void> UpgradeWhereNeeded(const std::filesystem::path& module, Host& host,
                                 const std::function<void(const std::string& sentence)>& announce);
 

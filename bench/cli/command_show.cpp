@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "base/one_line.h"
+#include "base/length_unit.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/length_unit.h"
@@ -12,6 +12,7 @@
 #include "project/project.h"
 #include "results/definitions.h"
 #include "scene/equipment.h"
+#include "show/page.h"
 
 namespace vanzet::cli {
 namespace {
@@ -25,46 +26,15 @@ struct Arguments {
 
 using Spurs = std::vector<results::SpurDefinition>;
 
-Result<Spurs> ReadSpurs(const Arguments& arguments, const project::Project& project) {
-  if (!arguments.spur) return results::ReadDefinitions(project);
-  VANZET_TRY(auto spur, results::ReadDefinition(project, *arguments.spur));
-  return Spurs{std::move(spur)};
-}
-
-std::string ItemCounts(const project::Operation& operation) {
-  std::string counts;
-  for (const auto& section : operation.sections) {
-    counts += (counts.empty() ? "" : " ") + std::to_string(section.size());
-  }
-  return counts;
-}
-
-std::string Table(const project::Definition& definition, const Context& context) {
-  std::vector<std::vector<std::string>> rows = {
-      {context.Heading(Translatable("op")), context.Heading(Translatable("label")),
-       context.Heading(Translatable("kind")), context.Heading(Translatable("sections")),
-       context.Heading(Translatable("items of each"))}};
-  for (std::size_t i = 0; i < definition.operations.size(); ++i) {
-    const project::Operation& operation = definition.operations[i];
-    const std::string damage = operation.damage.empty() ? "" : "  damaged: " + OneLine(operation.damage);
-    rows.push_back({std::to_string(i), OneLine(operation.Label()), std::to_string(operation.kind),
-                    std::to_string(operation.sections.size()), ItemCounts(operation) + damage});
-  }
-  return Columns(rows, "rlrrl", "  ");
-}
-
-std::string Text(const Spurs& spurs, const Context& context) {
+std::string Text(const Spurs& spurs, LengthUnit unit, const Context& context) {
+  const show::Style style{context.texts, [unit](double millimetres) {
+                            return LengthText(millimetres, unit) + " " + std::string(WordOf(unit));
+                          }};
   std::string text;
   for (const results::SpurDefinition& spur : spurs) {
-    text += (text.empty() ? "" : "\n") + context.Heading(Translatable("Spur")) + " " +
-            std::to_string(spur.spur) + ": VDM " + std::to_string(spur.vdm);
-    if (!spur.definition) {
-      text += ", no definition ('vanzet upgrade' creates it)\n";
-      continue;
-    }
-    text += ", version " + std::to_string(spur.definition->version) + ", " +
-            Counted(spur.definition->operations.size(), "operation") + "\n" +
-            Table(*spur.definition, context);
+    text += (text.empty() ? "" : "\n") + (spur.definition
+                                              ? show::PageOf({spur.spur, spur.vdm, *spur.definition}, style)
+                                              : show::PageWithoutDefinition(spur.spur, spur.vdm, style));
   }
   return text;
 }
@@ -84,9 +54,10 @@ Json ToJson(const Spurs& spurs, LengthUnit unit, project::MessagePanel& panel) {
 
 Result<void> Show(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
-  VANZET_TRY(const auto spurs, ReadSpurs(arguments, project));
+  VANZET_TRY(const auto spurs, results::ReadHeads(project, arguments.spur));
   VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
-  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, unit, context.panel)) : Print(Text(spurs, context)));
+  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, unit, context.panel))
+                           : Print(Text(spurs, unit, context)));
   for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
       return Fault{.text = "the definition of spur " + std::to_string(spur.spur) + " is damaged",
@@ -104,12 +75,13 @@ Result<void> Show(const Arguments& arguments, Context& context) {
 
 void AddShow(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<Arguments>();
-  Command& command = vanzet.AddCommand("show", "Prints the definition of every spindle spur.");
+  Command& command =
+      vanzet.AddCommand("show", "Prints what is defined for every spindle spur, and what is missing.");
   AddProject(command, arguments->project);
   command.AddOption("--spur", "N", "only this spur; the first is 0", StoreNumber(arguments->spur));
   command.AddFlag("--json", "print the equipment as JSON that 'vanzet define' can read", arguments->json);
-  AddUnit(command, arguments->unit).Needs("--json");
-  command.examples = {"vanzet show lathe --spur 1 --json"};
+  AddUnit(command, arguments->unit);
+  command.examples = {"vanzet show lathe", "vanzet show lathe --spur 1 --json"};
   command.work = [=, &context] { return Show(*arguments, context); };
 }
 

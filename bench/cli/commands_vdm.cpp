@@ -11,6 +11,7 @@
 #include "cli/output.h"
 #include "cli/output_files.h"
 #include "process/last_words.h"
+#include "project/definition.h"
 #include "project/project.h"
 #include "vdm/store.h"
 #include "vdm/vdm_file.h"
@@ -115,7 +116,41 @@ struct ItemsArguments {
   std::string project = ".";
   std::optional<std::int32_t> vdm;
   bool json = false;
+  bool isSummary = false;
 };
+
+std::string ItemCounts(const project::Operation& operation) {
+  std::string counts;
+  for (const std::size_t count : operation.counts)
+    counts += (counts.empty() ? "" : " ") + std::to_string(count);
+  return counts;
+}
+
+std::string SummaryOf(const project::Definition& definition, const Context& context) {
+  std::vector<std::vector<std::string>> rows = {
+      {context.Heading(Translatable("op")), context.Heading(Translatable("label")),
+       context.Heading(Translatable("kind")), context.Heading(Translatable("sections")),
+       context.Heading(Translatable("items of each"))}};
+  for (std::size_t i = 0; i < definition.operations.size(); ++i) {
+    const project::Operation& operation = definition.operations[i];
+    const std::string damage = operation.damage.empty() ? "" : "  damaged: " + OneLine(operation.damage);
+    rows.push_back({std::to_string(i), OneLine(operation.Label()), std::to_string(operation.kind),
+                    std::to_string(operation.counts.size()), ItemCounts(operation) + damage});
+  }
+  return Columns(rows, "rlrrl", "  ");
+}
+
+/// Prints the counts of a VDM whose records are operations.
+Result<void> PrintSummary(vdm::Number number, const vdm::VdmStore& store, const Context& context) {
+  VANZET_TRY(const auto heads, store.Heads({number}));
+  const auto head = heads.find(number);
+  if (head == heads.end()) {
+    return Fault{.text = vdm::NameOf(number) + " does not exist", .kind = FaultKind::kMissing};
+  }
+  const project::Definition definition = project::ReadDefinition(head->second);
+  return Print(vdm::NameOf(number) + ", version " + std::to_string(definition.version) + ", " +
+               Counted(definition.operations.size(), "operation") + "\n" + SummaryOf(definition, context));
+}
 
 Result<void> PrintLines(const vdm::Vdm& content) {
   for (std::size_t i = 0; i < content.Size(); ++i) {
@@ -143,7 +178,12 @@ Result<void> PrintAsJson(std::int64_t number, const vdm::Vdm& content) {
 Result<void> Items(const ItemsArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const std::int64_t number = arguments.vdm.value_or(project.DefinitionOf(0));
-  VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(number));
+  const vdm::VdmStore store(project.folder());
+  if (arguments.isSummary) {
+    VANZET_TRY(const auto known, vdm::NumberFrom(number));
+    return PrintSummary(known, store, context);
+  }
+  VANZET_TRY(const auto content, store.Snapshot(number));
   return arguments.json ? PrintAsJson(number, content) : PrintLines(content);
 }
 
@@ -164,7 +204,11 @@ void AddItems(Command& vanzet, Context& context) {
   AddProject(command, arguments->project);
   command.AddOption("--vdm", "N", "the VDM; default: the definition of spur 0", StoreNumber(arguments->vdm));
   command.AddFlag("--json", "print JSON", arguments->json);
-  command.examples = {"vanzet items lathe --vdm 1001 | grep Billet"};
+  command
+      .AddFlag("--summary", "print the operations of a definition, and the number of items in each section",
+               arguments->isSummary)
+      .Excludes("--json");
+  command.examples = {"vanzet items lathe --vdm 1001 | grep Billet", "vanzet items lathe --summary"};
   command.work = [=, &context] { return Items(*arguments, context); };
 }
 

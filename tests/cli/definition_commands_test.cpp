@@ -70,9 +70,46 @@ TEST_F(DefinitionCommands, MakeUpgradeAndShowBothSpursOfTheSample) {
             "spur 0: VDM 1000, version 100, 18 operations\nspur 1: VDM 1001, version 100, 18 operations\n");
   EXPECT_EQ(upgraded.err, "");
 
-  const Outcome shown = Vanzet("show lathe");
-  EXPECT_EQ(shown.status, 0);
-  EXPECT_GOLDEN(shown.out, "cli/show_sample.txt");
+  EXPECT_EQ(Vanzet("show lathe").out,
+            "Spur 0: VDM 1000, version 100\n  Nothing is defined yet.\n"
+            "\nSpur 1: VDM 1001, version 100\n  Nothing is defined yet.\n");
+}
+
+TEST_F(DefinitionCommands, ShowAJobOnAPageInTheLanguageOfTheHelp) {
+  MakeProject();
+  for (const std::string job : {"bar-job", "chuck-transfer"}) {
+    const Outcome defined =
+        Vanzet("define '" VANZET_SOURCE_DIR "/examples/definitions/" + job + ".json' lathe");
+    ASSERT_EQ(defined.status, 0) << defined.err;
+    EXPECT_GOLDEN(Vanzet("show lathe --spur 0").out, "cli/show_" + job + ".txt");
+    EXPECT_GOLDEN(Vanzet("show lathe --spur 0", "VANZET_LANGUAGE=de").out, "cli/show_" + job + ".de.txt");
+  }
+}
+
+TEST_F(DefinitionCommands, ShowSimulationDataOfOtherValues) {
+  MakeProject();
+  ASSERT_EQ(Vanzet("define '" VANZET_SOURCE_DIR "/examples/definitions/bar-job.json' lathe").status, 0);
+  EXPECT_THAT(Vanzet("show lathe --spur 0").out,
+              testing::ContainsRegex("Simulation data +of these values\n"));
+  ASSERT_EQ(Vanzet("vdm save lathe 1000 job.vdm").status, 0);
+  std::string job = ReadBytes(folder / "job.vdm");
+  const std::string length = ".1 80.000000 90.000000 ";
+  ASSERT_NE(job.find(length), std::string::npos);
+  job.replace(job.find(length), length.size(), ".1 80.000000 91.000000 ");
+  WriteBytes(folder / "job.vdm", job);
+  ASSERT_EQ(Vanzet("vdm load lathe job.vdm 1000").status, 0);
+  const std::string page = Vanzet("show lathe --spur 0").out;
+  EXPECT_THAT(page,
+              testing::ContainsRegex("Simulation data +not of these values; OK in the dialog makes them\n"
+                                     "    Device of the main spindle +of other values\n"));
+}
+
+TEST_F(DefinitionCommands, SummariseTheItemsOfADefinition) {
+  MakeProject();
+  EXPECT_GOLDEN(Vanzet("items lathe --summary").out + "\n" + Vanzet("items lathe --vdm 1001 --summary").out,
+                "cli/items_summary.txt");
+  EXPECT_EQ(Vanzet("items lathe --vdm 7 --summary").err, "vanzet: VDM 7 does not exist\n");
+  EXPECT_EQ(Vanzet("items lathe --summary --json").status, 2);
 }
 
 TEST_F(DefinitionCommands, WorkInTheCurrentFolder) {
@@ -119,8 +156,9 @@ TEST_F(DefinitionCommands, ShowADamagedDefinitionAsFarAsItGoes) {
   ASSERT_EQ(Vanzet("vdm load lathe bad.vdm 1000").status, 0);
   const Outcome shown = Vanzet("show lathe --spur 0");
   EXPECT_EQ(shown.status, 1);
-  EXPECT_THAT(shown.out, HasSubstr("Billet definition"));
-  EXPECT_THAT(shown.out, HasSubstr("damaged: no header: 'rubbish'"));
+  EXPECT_THAT(shown.out,
+              testing::ContainsRegex("\n  Operation 1 +damaged: no header: 'rubbish'\n  Nothing is defined"));
+  EXPECT_THAT(Vanzet("items lathe --summary").out, HasSubstr("damaged: no header: 'rubbish'"));
   EXPECT_EQ(shown.err, "vanzet: the definition of spur 0 is damaged\n");
 }
 
@@ -163,8 +201,7 @@ TEST_F(DefinitionCommands, UpgradeAnOlderDefinition) {
   EXPECT_THAT(SectionsOf(1000, 1), testing::ElementsAre(testing::ElementsAre("Main Spindle"),
                                                         testing::ElementsAre("chuck", "1 80", "0"),
                                                         testing::ElementsAre("0", "0")));
-  EXPECT_THAT(Vanzet("show lathe --spur 0").out,
-              StartsWith("Spur 0: VDM 1000, version 100, 18 operations\n"));
+  EXPECT_THAT(Vanzet("show lathe --spur 0").out, StartsWith("Spur 0: VDM 1000, version 100\n"));
 }
 
 TEST_F(DefinitionCommands, GiveUpANewerDefinitionAndSaySo) {

@@ -103,14 +103,14 @@ TEST_F(Help, IsInTheLanguageOfOneVariableOnly) {
   EXPECT_EQ(Vanzet("show --help", "VANZET_LANGUAGE=xx").out, english);
   const std::string german = Vanzet("show --help", "VANZET_LANGUAGE=de").out;
   EXPECT_THAT(german,
-              HasSubstr("Gibt die Definition jeder Spindelspur aus.\nAufruf: vanzet show [OPTIONEN]"));
+              HasSubstr("Gibt aus, was für jede Spindelspur definiert ist und was fehlt.\nAufruf: vanzet show [OPTIONEN]"));
   EXPECT_THAT(german, HasSubstr("Beispiel:\n  vanzet show lathe"));
 }
 
 TEST_F(Help, AGermanTableHasGermanHeadingsAndJsonHasNone) {
   MakeUpgradedProject();
   const std::string de = "VANZET_LANGUAGE=de";
-  EXPECT_THAT(Vanzet("show lathe", de).out, HasSubstr("  Op  Bezeichnung"));
+  EXPECT_THAT(Vanzet("items lathe --summary", de).out, HasSubstr("  Op  Bezeichnung"));
   EXPECT_EQ(Vanzet("show lathe --json", de).out, Vanzet("show lathe --json").out);
   EXPECT_EQ(Vanzet("show nothing", de).err, Vanzet("show nothing").err);
 }

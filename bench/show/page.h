@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "base/translations.h"
+#include "project/definition.h"
+
+namespace vanzet::show {
+
+/// The section of the translations that holds the texts of the page.
+inline constexpr const char* kTextSection = "show";
+
+/// How the page is written.
+struct Style {
+  const Translations& texts;
+  std::function<std::string(double millimetres)> length;  ///< a length with its unit
+};
+
+/// A spur and its definition, of which the heads are enough.
+struct Spur {
+  std::int32_t number;
+  std::uint32_t vdm;
+  const project::Definition& definition;
+};
+
+/// The page of a spur: its devices by name and values, its parts, its datum, what is missing, and whether the
+/// simulation data are those of the values. A damaged definition is shown as far as it can be read.
+std::string PageOf(const Spur& spur, const Style& style);
+
+/// The heading of a spur that has no definition.
+std::string PageWithoutDefinition(std::int32_t spur, std::uint32_t vdm, const Style& style);
+
+}  // namespace vanzet::show
