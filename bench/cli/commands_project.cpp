@@ -12,6 +12,7 @@
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
+#include "project/known_settings.h"
 #include "project/sample.h"
 
 /// The commands that create, upgrade and open projects.
@@ -44,23 +45,26 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
 struct NewArguments {
   std::string folder;
   std::string sample = "mill-turn";
+  std::vector<project::SettingChange> settings;
 };
 
-/// Makes the definitions in the folder that becomes the project, and reports both.
-Result<void> FillProject(const std::filesystem::path& folder, const std::string& report, Context& context) {
+/// Changes settings and makes the definitions in the folder that becomes the project, and reports both.
+Result<void> FillProject(const std::filesystem::path& folder, const NewArguments& arguments,
+                         Context& context) {
+  VANZET_DO(project::ChangeSettings(folder, arguments.settings));
   VANZET_TRY(const auto hosted, HostProject(folder, "", context));
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_TRY(const auto definitions, api::UpgradeDefinitions(module, *hosted->host));
+  const std::string report =
+      "created project " + OneLine(arguments.folder) + " from sample " + arguments.sample + "\n";
   return KeepRun(
       [&] { return hosted->host->Commit("new", [&] { return Print(report + LinesOf(definitions)); }); });
 }
 
 Result<void> New(const NewArguments& arguments, Context& context) {
-  const std::string report =
-      "created project " + OneLine(arguments.folder) + " from sample " + arguments.sample + "\n";
   return project::MakeProject(
       arguments.folder, arguments.sample, context.places.share,
-      [&](const std::filesystem::path& folder) { return FillProject(folder, report, context); });
+      [&](const std::filesystem::path& folder) { return FillProject(folder, arguments, context); });
 }
 
 struct OpenArguments {
@@ -121,7 +125,21 @@ void AddNew(Command& vanzet, Context& context) {
   command.AddOperand("DIR", "the folder to create", StoreText(arguments->folder)).Required();
   command.AddOption("--sample", "NAME", "the sample to start from", StoreText(arguments->sample))
       .Default(arguments->sample);
-  command.examples = {"vanzet new lathe --sample mill-turn"};
+  command
+      .AddOption("--set", "KEY=VALUE", "change a setting of the sample, such as TailStockAvailable=0",
+                 [=](const std::string& name, const std::string& word) {
+                   auto change = project::ReadSettingChange(word);
+                   if (!change) throw WrongUsage{name, change.fault().text};
+                   arguments->settings.push_back(std::move(*change));
+                 })
+      .Repeatable();
+  command.notes =
+      "The samples: 'lathe' has one spindle and a tailstock; 'mill-turn' has two spindles, two spindle "
+      "spurs, a "
+      "tailstock\nand a steady rest. The keys of --set are those of bench.ini and machine.ini, in capitals "
+      "or "
+      "not.";
+  command.examples = {"vanzet new lathe --sample mill-turn", "vanzet new lathe --set NR_SPINDEL_SPUR=1"};
   command.work = [=, &context] { return New(*arguments, context); };
 }
 

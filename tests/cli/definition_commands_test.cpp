@@ -24,6 +24,27 @@ TEST_F(DefinitionCommands, NewMakesTheDefinitionsAtOnce) {
   EXPECT_EQ(Vanzet("show lathe --json").status, 0);
 }
 
+TEST_F(DefinitionCommands, NewChangesSettingsOfTheSample) {
+  const Outcome made = Vanzet("new shop --sample lathe --set NR_SPINDEL_SPUR=3 --set lunavailable=1");
+  EXPECT_EQ(made.status, 0) << made.err;
+  EXPECT_THAT(made.out, HasSubstr("spur 2: VDM 1002, version 100, 18 operations\n"));
+  EXPECT_THAT(ReadBytes(folder / "shop/bench.ini"), HasSubstr("LunAvailable        = 1\n"));
+}
+
+TEST_F(DefinitionCommands, NewRefusesASettingThatIsNotKnownBeforeItBegins) {
+  const Outcome made = Vanzet("new shop --set TailStock=1");
+  EXPECT_EQ(made.status, 2);
+  EXPECT_THAT(made.err, HasSubstr("unknown setting 'TailStock'; did you mean: TailStockAvailable"));
+  EXPECT_EQ(Vanzet("new shop --set chord=0").status, 1) << "the values of bench.ini have ranges";
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_F(DefinitionCommands, NewNamesEverySampleInItsHelp) {
+  const std::string help = Vanzet("new --help").out;
+  for (const auto& sample : std::filesystem::directory_iterator(VANZET_SOURCE_DIR "/share/samples"))
+    EXPECT_THAT(help, HasSubstr("'" + sample.path().filename().string() + "' has "));
+}
+
 TEST_F(DefinitionCommands, NewLeavesNothingWhereItsReportCannotBeWritten) {
   EXPECT_EQ(Vanzet("new lathe >/dev/full").status, 1);
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));

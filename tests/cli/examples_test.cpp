@@ -15,7 +15,6 @@ using Json = nlohmann::ordered_json;
 struct Example {
   const char* name;
   const char* options = "";  ///< of the script
-  bool needsTailstock = false;
 
   friend void PrintTo(const Example& example, std::ostream* out) { *out << example.name; }
 };
@@ -26,18 +25,13 @@ class Examples : public CommandLineTest, public testing::WithParamInterface<Exam
     return VANZET_SOURCE_DIR "/examples/" + folder + "/" + GetParam().name + ending;
   }
 
-  /// The sample project with the bodies and the machine that the job needs.
+  /// The sample project with the bodies that the job needs.
   void MakeLathe(const std::string& name) {
     ASSERT_EQ(Vanzet("new " + name).status, 0);
     for (const char* const body : {"flange-casting.step", "flange.step"}) {
       std::filesystem::copy(std::string(VANZET_SOURCE_DIR "/examples/bodies/") + body,
                             folder / (name + "/bodies"));
     }
-    if (!GetParam().needsTailstock) return;
-    std::string ini = ReadBytes(folder / (name + "/bench.ini"));
-    const std::string absent = "TailStockAvailable  = 0";
-    ini.replace(ini.find(absent), absent.size(), "TailStockAvailable = 1");
-    WriteBytes(folder / (name + "/bench.ini"), ini);
   }
 
   Json Shown(const std::string& name) { return Json::parse(Vanzet("show " + name + " --spur 0 --json").out); }
@@ -46,7 +40,6 @@ class Examples : public CommandLineTest, public testing::WithParamInterface<Exam
 TEST_P(Examples, AreTheSameAsAScriptAndAsAForm) {
   const Json form = Json::parse(ReadBytes(FileOf("definitions", ".json")));
   MakeLathe("played");
-  ASSERT_EQ(Vanzet("upgrade played").status, 0);
   const Outcome played = Vanzet("script played '" + FileOf("scripts", ".txt") +
                                 "' --strict --transcript run.jsonl " + GetParam().options);
   EXPECT_EQ(played.status, 0) << played.err;
@@ -63,7 +56,7 @@ TEST_P(Examples, AreTheSameAsAScriptAndAsAForm) {
 constexpr Example kExamples[] = {
     {"bar-job"},
     {"chuck-transfer"},
-    {"shaft-steady-rest", "", true},
+    {"shaft-steady-rest"},
     {"flange-casting", "--picks '" VANZET_SOURCE_DIR "/examples/scripts/flange-casting-picks.txt'"},
 };
 

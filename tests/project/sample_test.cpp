@@ -104,12 +104,39 @@ TEST(MakeProject, NamesTheSamplesWhenThereIsNoneOfThatName) {
   const test::TemporaryFolder folder;
   const auto made = MakeProject(folder / "lathe", "swiss", kShare);
   ASSERT_FALSE(made);
-  EXPECT_EQ(made.fault().text, "no such sample: 'swiss'; the samples are: mill-turn");
+  EXPECT_EQ(made.fault().text, "no such sample: 'swiss'; the samples are: lathe, mill-turn");
   EXPECT_FALSE(std::filesystem::exists(folder / "lathe"));
 }
 
+TEST(MakeProject, NamesANearSample) {
+  const test::TemporaryFolder folder;
+  EXPECT_EQ(MakeProject(folder / "lathe", "millturn", kShare).fault().text,
+            "no such sample: 'millturn'; did you mean 'mill-turn'?");
+}
+
+TEST(MakeProject, LeavesNothingWhereItCannotBeFilled) {
+  const test::TemporaryFolder folder;
+  const auto made = MakeProject(folder / "lathe", "lathe", kShare, [](const std::filesystem::path& place) {
+    EXPECT_TRUE(std::filesystem::exists(place / "clampdevice.cld"));
+    return Result<void>(Fault{"no"});
+  });
+  EXPECT_EQ(made.fault().text, "no");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(MakeProject, OfTheLatheHasOneSpindleATailstockAndTheCatalogueItself) {
+  const test::TemporaryFolder folder;
+  ASSERT_TRUE(MakeProject(folder / "lathe", "lathe", kShare));
+  const auto project = Project::Open(folder / "lathe", kShare);
+  ASSERT_TRUE(project) << project.fault().Message();
+  EXPECT_EQ(*project->SpindleSpurs(), 1);
+  EXPECT_EQ(project->Environment("SubSpindleAvailable"), "0");
+  EXPECT_EQ(project->Environment("TailStockAvailable"), "1");
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "lathe/clampdevice.cld"));
+}
+
 TEST(SampleNames, AreTheFoldersOfSamples) {
-  EXPECT_THAT(SampleNames(kShare), testing::ElementsAre("mill-turn"));
+  EXPECT_THAT(SampleNames(kShare), testing::ElementsAre("lathe", "mill-turn"));
   EXPECT_THAT(SampleNames("/no/such/folder"), testing::IsEmpty());
 }
 
