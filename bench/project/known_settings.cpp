@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/files/whole_file.h"
+#include "base/length_unit.h"
 #include "base/letter_case.h"
 #include "base/near_words.h"
 #include "base/numbers.h"
@@ -24,6 +25,7 @@ constexpr Range kAny = {1, 0}, kYesOrNo = {0, 1}, kVdm = {0, 2147483647};
 struct KnownSetting {
   std::string_view file, section, key;
   Range range;
+  bool isLengthUnit = false;
 };
 
 // clang-format off
@@ -49,6 +51,7 @@ constexpr KnownSetting kSettings[] = {
     {kBench,   "environment", "ppdefini",             kAny},
     {kBench,   "environment", "clampmdb",             kAny},
     {kBench,   "project",     "CLAMP_DB_PATH",        kAny},
+    {kBench,   "project",     "unit",                 kAny, true},
     {kBench,   "variables",   "i_billet_vdm",         kVdm},
     {kBench,   "variables",   "i_billet_vdm_spispur", kVdm},
     {kBench,   "language",    "messages",             kAny},
@@ -78,6 +81,9 @@ Fault UnknownSetting(std::string_view key) {
 }
 
 Result<void> CheckValue(const KnownSetting& setting, const std::string& value) {
+  if (setting.isLengthUnit && !LengthUnitNamed(value)) {
+    return Fault{std::string(setting.key) + ": expected 'mm' or 'inch', found " + Quoted(value)};
+  }
   const auto [least, most] = setting.range;
   if (least > most) return {};
   const auto number = WholeInteger(value);

@@ -37,6 +37,8 @@ TEST(SettingChange, IsRefusedWithNearKeysAndWithTheRangeOfItsValue) {
   EXPECT_EQ(RefusalOf("LunAvailable=yes"), "LunAvailable: expected a whole number from 0 to 1, found 'yes'");
   EXPECT_EQ(RefusalOf("NR_SPINDEL_SPUR=51"),
             "NR_SPINDEL_SPUR: expected a whole number from 1 to 50, found '51'");
+  EXPECT_EQ(RefusalOf("unit=furlong"), "unit: expected 'mm' or 'inch', found 'furlong'");
+  EXPECT_EQ(RefusalOf("unit=inch"), "");
   EXPECT_EQ(RefusalOf("LunAvailable"), "expected KEY=VALUE, found 'LunAvailable'");
 }
 
