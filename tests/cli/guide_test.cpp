@@ -1,0 +1,76 @@
+#include <sstream>
+
+#include "run_vanzet.h"
+#include "support/places.h"
+
+namespace vanzet::test {
+namespace {
+
+/// A command of a page, and the output that the page shows: lines, among them "..." for any others.
+struct Step {
+  std::string command;
+  std::vector<std::string> output;
+};
+
+/// The lines of a page's blocks that begin with "$ vanzet ", with what follows them.
+std::vector<Step> StepsOf(const std::string& page) {
+  static const std::string kPrompt = "$ vanzet ";
+  std::istringstream lines(ReadBytes(page));
+  std::vector<Step> steps;
+  bool isInBlock = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("```")) {
+      isInBlock = !isInBlock;
+    } else if (isInBlock && line.starts_with(kPrompt)) {
+      steps.push_back({line.substr(kPrompt.size()), {}});
+    } else if (isInBlock && !steps.empty()) {
+      steps.back().output.push_back(line);
+    }
+  }
+  return steps;
+}
+
+/// A regular expression would need its signs escaped in every page: the parts between "..." are looked for.
+bool Shows(const std::string& output, const std::vector<std::string>& expected) {
+  std::size_t at = 0;
+  bool isExact = true;
+  for (const std::string& line : expected) {
+    if (line == "...") {
+      isExact = false;
+      continue;
+    }
+    const std::size_t found = output.find(line + "\n", at);
+    if (found == std::string::npos || (isExact && found != at)) return false;
+    at = found + line.size() + 1;
+    isExact = true;
+  }
+  return !isExact || at == output.size();
+}
+
+/// A page for new users, which they type as it is written.
+class Guide : public CommandLineTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(Guide, TypedAsWrittenDoesWhatItShows) {
+  std::filesystem::create_directory_symlink(VANZET_SOURCE_DIR "/examples", folder / "examples");
+  const std::vector<Step> steps = StepsOf(std::string(VANZET_SOURCE_DIR) + "/" + GetParam());
+  ASSERT_GE(steps.size(), 4U);
+  for (const Step& step : steps) {
+    if (step.command.starts_with("open ")) continue;  // a window; the page has another way, too
+    const Outcome run = Vanzet(step.command);
+    EXPECT_EQ(run.status, 0) << step.command << "\n" << run.err;
+    EXPECT_EQ(run.err, "") << step.command;
+    if (!step.output.empty()) {
+      EXPECT_TRUE(Shows(run.out, step.output)) << step.command << " printed:\n" << run.out;
+    }
+  }
+  EXPECT_TRUE(std::filesystem::exists(folder / "models/main-billet.step")) << "from zero to exported files";
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Guide, testing::Values("README.md", "docs/guide/first-job.md"),
+                         [](const auto& page) {
+                           return std::filesystem::path(page.param).stem().string() == "README" ? "Readme"
+                                                                                                : "FirstJob";
+                         });
+
+}  // namespace
+}  // namespace vanzet::test
