@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <map>
 #include <regex>
@@ -31,9 +32,10 @@ class SchemaCheck {
     return "";
   }
 
- private:
   using Check = std::function<std::string(const SchemaCheck&, const Json& schema, const Json& argument,
                                           const Json& value, const std::string& path)>;
+
+ private:
   static const std::map<std::string, Check> kChecks;
 
   bool Takes(const Json& schema, const Json& value) const { return Refusal(schema, value, "").empty(); }
@@ -42,14 +44,21 @@ class SchemaCheck {
     return [this, &value](const Json& schema) { return Takes(schema, value); };
   }
 
-  static bool IsOfType(const std::string& type, const Json& value) {
-    if (type == "integer") return value.is_number() && value.get<double>() == std::floor(value.get<double>());
-    if (type == "number") return value.is_number();
-    return type == (value.is_object()    ? "object"
-                    : value.is_array()   ? "array"
-                    : value.is_string()  ? "string"
-                    : value.is_boolean() ? "boolean"
-                                         : "");
+  std::string Reference(const Json& name, const Json& value, const std::string& path) const {
+    const Json::json_pointer place(name.get<std::string>().substr(1));
+    return Refusal(root_.at(place), value, path);
+  }
+
+  std::string Any(const Json& schemas, const Json& value, const std::string& path) const {
+    return std::ranges::any_of(schemas, Matches(value)) ? "" : path + ": anyOf";
+  }
+
+  std::string One(const Json& schemas, const Json& value, const std::string& path) const {
+    return std::ranges::count_if(schemas, Matches(value)) == 1 ? "" : path + ": oneOf";
+  }
+
+  std::string None(const Json& schema, const Json& value, const std::string& path) const {
+    return Takes(schema, value) ? path + ": not" : "";
   }
 
   std::string Properties(const Json& properties, const Json& value, const std::string& path) const {
@@ -102,53 +111,109 @@ class SchemaCheck {
   const Json& root_;
 };
 
-/// A check of a keyword that says yes or no.
-template <class IsMet>
-auto Plain(const char* keyword, IsMet isMet) {
-  return [keyword, isMet](const SchemaCheck&, const Json&, const Json& argument, const Json& value,
-                          const std::string&) { return std::string(isMet(argument, value) ? "" : keyword); };
+/// A keyword that takes or refuses a value as a whole.
+using IsMet = bool (*)(const Json& argument, const Json& value);
+
+SchemaCheck::Check Plain(const char* keyword, IsMet isMet) {
+  return [=](const SchemaCheck&, const Json&, const Json& argument, const Json& value, const std::string&) {
+    return std::string(isMet(argument, value) ? "" : keyword);
+  };
 }
 
-constexpr auto kNothing = [](const SchemaCheck&, const Json&, const Json&, const Json&, const std::string&) {
-  return std::string();
-};
+/// A keyword that is checked by a member function.
+template <class Member>
+SchemaCheck::Check Deep(Member member) {
+  return [=](const SchemaCheck& check, const Json&, const Json& argument, const Json& value,
+             const std::string& path) { return (check.*member)(argument, value, path); };
+}
+
+bool SaysNothing(const Json& /*argument*/, const Json& /*value*/) {
+  return true;
+}
+
+bool IsOfType(const Json& type, const Json& value) {
+  if (type == "integer") return value.is_number() && value.get<double>() == std::floor(value.get<double>());
+  if (type == "number") return value.is_number();
+  if (type == "string") return value.is_string();
+  if (type == "boolean") return value.is_boolean();
+  return type == "array" ? value.is_array() : type == "object" && value.is_object();
+}
+
+bool IsThat(const Json& only, const Json& value) {
+  return value == only;
+}
+
+bool IsOneOf(const Json& all, const Json& value) {
+  return std::ranges::count(all, value) > 0;
+}
+
+bool IsAtLeast(const Json& least, const Json& value) {
+  return !value.is_number() || value >= least;
+}
+
+bool IsAbove(const Json& least, const Json& value) {
+  return !value.is_number() || value > least;
+}
+
+bool IsAtMost(const Json& most, const Json& value) {
+  return !value.is_number() || value <= most;
+}
+
+bool HasLeastLength(const Json& least, const Json& value) {
+  return !value.is_string() || value.get_ref<const std::string&>().size() >= least;
+}
+
+bool HasMostLength(const Json& most, const Json& value) {
+  return !value.is_string() || value.get_ref<const std::string&>().size() <= most;
+}
+
+bool Fits(const Json& pattern, const Json& value) {
+  return !value.is_string() ||
+         std::regex_search(value.get<std::string>(), std::regex(pattern.get<std::string>()));
+}
+
+bool HasLeastItems(const Json& least, const Json& value) {
+  return !value.is_array() || value.size() >= least;
+}
+
+bool HasKeys(const Json& keys, const Json& value) {
+  const auto isThere = [&](const Json& key) { return value.contains(key.get<std::string>()); };
+  return !value.is_object() || std::ranges::all_of(keys, isThere);
+}
 
 const std::map<std::string, SchemaCheck::Check> SchemaCheck::kChecks = {
-    {"$schema", kNothing}, {"$id", kNothing}, {"$defs", kNothing}, {"title", kNothing}, {"description", kNothing},
-    {"default", kNothing}, {"then", kNothing}, {"else", kNothing},
-    {"type", Plain("type", [](const Json& type, const Json& value) { return IsOfType(type, value); })},
-    {"const", Plain("const", [](const Json& only, const Json& value) { return value == only; })},
-    {"enum", Plain("enum", [](const Json& all, const Json& value) { return std::ranges::count(all, value) > 0; })},
-    {"minimum", Plain("minimum", [](const Json& least, const Json& value) { return !value.is_number() || value >= least; })},
-    {"exclusiveMinimum", Plain("exclusiveMinimum", [](const Json& least, const Json& value) { return !value.is_number() || value > least; })},
-    {"maximum", Plain("maximum", [](const Json& most, const Json& value) { return !value.is_number() || value <= most; })},
-    {"minLength", Plain("minLength", [](const Json& least, const Json& value) { return !value.is_string() || value.get<std::string>().size() >= least; })},
-    {"maxLength", Plain("maxLength", [](const Json& most, const Json& value) { return !value.is_string() || value.get<std::string>().size() <= most; })},
-    {"pattern", Plain("pattern", [](const Json& pattern, const Json& value) {
-       return !value.is_string() || std::regex_search(value.get<std::string>(), std::regex(pattern.get<std::string>()));
-     })},
-    {"minItems", Plain("minItems", [](const Json& least, const Json& value) { return !value.is_array() || value.size() >= least; })},
-    {"required", Plain("required", [](const Json& keys, const Json& value) {
-       return !value.is_object() || std::ranges::all_of(keys, [&](const Json& key) { return value.contains(key.get<std::string>()); });
-     })},
-    {"$ref", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string& path) {
-       return check.Refusal(check.root_.at(Json::json_pointer(argument.get<std::string>().substr(1))), value, path);
-     }},
-    {"properties", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string& path) { return check.Properties(argument, value, path); }},
-    {"additionalProperties", [](const SchemaCheck& check, const Json& schema, const Json& argument, const Json& value, const std::string& path) { return check.Others(schema, argument, value, path); }},
-    {"items", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string& path) { return check.Items(argument, value, path); }},
-    {"allOf", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string& path) { return check.All(argument, value, path); }},
-    {"anyOf", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string&) {
-       return std::string(std::ranges::any_of(argument, check.Matches(value)) ? "" : "anyOf");
-     }},
-    {"oneOf", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string&) {
-       return std::string(std::ranges::count_if(argument, check.Matches(value)) == 1 ? "" : "oneOf");
-     }},
-    {"not", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string&) {
-       return std::string(check.Takes(argument, value) ? "not" : "");
-     }},
-    {"if", [](const SchemaCheck& check, const Json& schema, const Json&, const Json& value, const std::string& path) { return check.Condition(schema, value, path); }},
-    {"dependentSchemas", [](const SchemaCheck& check, const Json&, const Json& argument, const Json& value, const std::string& path) { return check.Dependents(argument, value, path); }},
+    {"$schema", Plain("$schema", SaysNothing)},
+    {"$id", Plain("$id", SaysNothing)},
+    {"$defs", Plain("$defs", SaysNothing)},
+    {"title", Plain("title", SaysNothing)},
+    {"description", Plain("description", SaysNothing)},
+    {"default", Plain("default", SaysNothing)},
+    {"then", Plain("then", SaysNothing)},
+    {"else", Plain("else", SaysNothing)},
+    {"type", Plain("type", IsOfType)},
+    {"const", Plain("const", IsThat)},
+    {"enum", Plain("enum", IsOneOf)},
+    {"minimum", Plain("minimum", IsAtLeast)},
+    {"exclusiveMinimum", Plain("exclusiveMinimum", IsAbove)},
+    {"maximum", Plain("maximum", IsAtMost)},
+    {"minLength", Plain("minLength", HasLeastLength)},
+    {"maxLength", Plain("maxLength", HasMostLength)},
+    {"pattern", Plain("pattern", Fits)},
+    {"minItems", Plain("minItems", HasLeastItems)},
+    {"required", Plain("required", HasKeys)},
+    {"$ref", Deep(&SchemaCheck::Reference)},
+    {"properties", Deep(&SchemaCheck::Properties)},
+    {"items", Deep(&SchemaCheck::Items)},
+    {"allOf", Deep(&SchemaCheck::All)},
+    {"anyOf", Deep(&SchemaCheck::Any)},
+    {"oneOf", Deep(&SchemaCheck::One)},
+    {"not", Deep(&SchemaCheck::None)},
+    {"dependentSchemas", Deep(&SchemaCheck::Dependents)},
+    {"additionalProperties",
+     [](const SchemaCheck& check, const Json& schema, const Json& argument, const Json& value,
+        const std::string& path) { return check.Others(schema, argument, value, path); }},
+    {"if", [](const SchemaCheck& check, const Json& schema, const Json&, const Json& value,
+              const std::string& path) { return check.Condition(schema, value, path); }},
 };
 
 }  // namespace
