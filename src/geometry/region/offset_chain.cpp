@@ -1,5 +1,6 @@
 #include "geometry/region/offset_chain.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace geometry::region {
@@ -8,6 +9,8 @@ namespace {
 /// A chain that turns back by this much or less to either side of half a turn gets a round corner, which is
 /// never wrong: its sector is within the distance of the corner.
 constexpr double kTurnsBack = 1e-9;
+/// Moved ends whose difference is rounding alone, as a share of the coordinates.
+constexpr double kSameShare = 1e-14;
 
 /// The span that a corner before `after` comes from.
 RegionSpan CornerOf(const ChainLink& after) {
@@ -62,7 +65,13 @@ void OffsetChain::AddCorner(const ChainLink& before, Moved& from, const ChainLin
   const Vector2d &in = before.shape.tangents.end, &out = after.shape.tangents.start;
   const double sine = Cross(in, out), cosine = Dot(in, out);
   const bool turnsBack = cosine < 0 && std::abs(sine) <= kTurnsBack;
+  const double size = std::abs(to.start.dx) + std::abs(to.start.dy) + std::abs(left_);
+  if ((to.start - from.end).Magnitude() <= kSameShare * size) {
+    to.start = from.end;
+    return;
+  }
   if (sine * left_ >= 0 && !turnsBack) {
+    if (Shorten(before, from, after, to)) return;
     sketch_.AddLine(from.end, before.shape.b, before.source);
     sketch_.AddLine(before.shape.b, to.start, after.source);
     return;
@@ -73,6 +82,19 @@ void OffsetChain::AddCorner(const ChainLink& before, Moved& from, const ChainLin
   } else {
     AddSharp(before, from, after, to, turn);
   }
+}
+
+// Between lines the spur to the corner and back encloses what both strips have in common there. Without it
+// that is counted once less, which is no less than once.
+bool OffsetChain::Shorten(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) const {
+  const Shape &first = before.shape, &second = after.shape;
+  const double sine = std::abs(Cross(first.tangents.end, second.tangents.start));
+  const double cosine = Dot(first.tangents.end, second.tangents.start);
+  if (first.k != 0 || second.k != 0 || cosine < 0) return false;
+  const double leg = std::abs(left_) * sine / (1 + cosine);
+  if (2 * leg > std::min(first.chord, second.chord)) return false;
+  from.end = to.start = from.end - first.tangents.end * leg;
+  return true;
 }
 
 void OffsetChain::AddRound(const ChainLink& before, const Moved& from, const Moved& to,

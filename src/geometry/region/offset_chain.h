@@ -21,7 +21,7 @@ enum class EndForm { kCorner, kRound, kSquare, kButt };
 /// The curve is the boundary of all of them, counted as often as they overlap: the boundary of the chain's
 /// own set, less the strips on its left or with the strips on its right. A face thus belongs to the offset
 /// set exactly when its winding number is positive. What the strips have in common at a corner of the other
-/// kind is passed as a spur to the corner and back.
+/// kind is passed as a spur to the corner and back, or cut off where nothing depends on it.
 class OffsetChain {
  public:
   OffsetChain(Sketch& sketch, double left, const RegionOffset& options)
@@ -40,6 +40,7 @@ class OffsetChain {
   };
   Vector2d Outwards(const Vector2d& tangent) const { return tangent.LeftNormal() * left_; }
   void AddSpan(const ChainLink& link, const Moved& moved);
+  bool Shorten(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) const;
   void AddCorner(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to);
   void AddSharp(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to, double turn);
   void AddRound(const ChainLink& before, const Moved& from, const Moved& to, const Tangents& tangents,

@@ -9,7 +9,8 @@ namespace geometry::region {
 namespace {
 
 constexpr int kMostRounds = 48;
-/// After so many rounds there has to be less to cut in each one.
+/// After so many rounds there are few places left to cut. Where there are more cuts than pieces in the
+/// beginning, they breed.
 constexpr int kFreeRounds = 4;
 /// Arcs of a radius below so many distances are as good as their chords.
 constexpr double kSmallestRadius = 16;
@@ -121,11 +122,10 @@ void Pieces::ApplyCuts() {
 }
 
 bool Pieces::Normalise() {
-  std::size_t before = 0;
+  const std::size_t first = pieces_.size();
   for (int round = 0; round < kMostRounds; ++round) {
     if (!FindCuts()) return true;
-    if (round > kFreeRounds && cuts_.size() > before) return false;
-    before = cuts_.size();
+    if (round > kFreeRounds && cuts_.size() > first) return false;
     ApplyCuts();
   }
   return false;
