@@ -84,8 +84,8 @@ void OffsetChain::AddCorner(const ChainLink& before, Moved& from, const ChainLin
   }
 }
 
-// Between lines the spur to the corner and back encloses what both strips have in common there. Without it
-// that is counted once less, which is no less than once.
+// Between lines the spur to the corner and back encloses what both strips have in common there. Without the
+// spur these points are counted one time less, and so at least once.
 bool OffsetChain::Shorten(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) const {
   const Shape &first = before.shape, &second = after.shape;
   const double sine = std::abs(Cross(first.tangents.end, second.tangents.start));
