@@ -23,6 +23,7 @@ struct ExportArguments {
   std::string body;
   std::int32_t spur = 0;
   bool isJson = false;
+  bool isStrict = false;
 
   results::ExportOptions Options() const { return {*modeller::FormatNamed(format), body}; }
 };
@@ -44,22 +45,27 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
   const fs::path folder = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInputFolder(folder, project));
   const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange, context.panel));
   VANZET_TRY(const auto report, results::WriteEquipment(scene, arguments.Options(), folder, exchange));
+  for (const Fault& fault : report.missing) context.panel.Tell(fault);
+  const auto outcome = OutcomeOfMissing(arguments.isStrict, context);
   for (const fs::path& file : report.changed) context.panel.Tell(results::ChangedSinceExport(file));
-  return PrintWrittenFiles(report.files, arguments.isJson);
+  VANZET_DO(PrintWrittenFiles(report.files, arguments.isJson));
+  return outcome;
 }
 
-Result<void> ExportToStandardOutput(const ExportArguments& arguments, const project::Project& project) {
+Result<void> ExportToStandardOutput(const ExportArguments& arguments, const project::Project& project,
+                                    const Context& context) {
   const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange));
+  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange, context.panel));
   VANZET_TRY(const auto file, results::EquipmentFile(scene, arguments.Options(), exchange));
-  return Print(file);
+  VANZET_DO(Print(file));
+  return OutcomeOfMissing(arguments.isStrict, context);
 }
 
 Result<void> Export(const ExportArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
-  return IsStandardOutput(arguments.out) ? ExportToStandardOutput(arguments, project)
+  return IsStandardOutput(arguments.out) ? ExportToStandardOutput(arguments, project, context)
                                          : ExportToFolder(arguments, project, context);
 }
 
@@ -82,9 +88,12 @@ void AddExport(Command& vanzet, Context& context) {
                     StoreText(arguments->body));
   command.AddOption("--spur", "N", "the spur; default: 0, the first", StoreNumber(arguments->spur));
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddStrict(command, arguments->isStrict);
   command.notes =
       "Prints the files that were written. Those of an earlier export to the folder, which are no longer "
-      "among them, are removed; vanzet-export.json in the folder lists them. With --body nothing is removed.";
+      "among them, are removed; vanzet-export.json in the folder lists them. With --body nothing is "
+      "removed.\n\n"
+      "A body that cannot be made is named on standard error, and the others are written all the same.";
   command.examples = {"vanzet export lathe --out models --format step",
                       "vanzet export lathe --out - --format stl --body 'main billet' >billet.stl"};
   command.check = [=] { CheckListing(arguments->out, arguments->isJson); };

@@ -12,6 +12,7 @@
 #include "project/project.h"
 #include "results/equipment.h"
 #include "results/png.h"
+#include "scene/body_names.h"
 #include "scene/picture.h"
 
 /// The command that draws a project.
@@ -28,7 +29,9 @@ struct PictureArguments {
   std::optional<drawing::Window> window;
   std::optional<std::int32_t> spur;
   std::optional<scene::View> camera;
-  scene::PictureOptions equipment;
+  bool isPerspective = false, isSection = false;
+  std::vector<std::string> fitted, leftOut;
+  bool isStrict = false;
   bool isJson = false;
 
   bool IsOfEquipment() const { return view == kEquipment; }
@@ -57,42 +60,72 @@ Result<std::string> Draw(const PictureArguments& arguments, const project::Proje
   return svg && IsPng(arguments.out) ? results::PngOf(*svg) : svg;
 }
 
-/// Draws the equipment as PNG. A width or height that is not given follows from the ratio 3 to 2.
-Result<std::string> DrawEquipment(const PictureArguments& arguments, const project::Project& project) {
-  if (!IsPng(arguments.out) && !IsStandardOutput(arguments.out))
-    return Fault{"a picture of the equipment can only be a .png file", arguments.out};
-  scene::PictureOptions options = arguments.equipment;
+/// The names of the bodies of a scene that are meant by these.
+Result<std::set<std::string>> NamesOf(const std::vector<std::string>& names, const scene::Scene& scene) {
+  VANZET_TRY(const auto found, scene::FindBodies(scene, names));
+  std::set<std::string> all;
+  for (const std::size_t body : found) all.insert(scene.bodies[body].name);
+  return all;
+}
+
+/// A width or height that is not given follows from the ratio 3 to 2.
+scene::PictureOptions OptionsOf(const PictureArguments& arguments) {
+  scene::PictureOptions options;
   options.view = arguments.camera.value_or(options.view);
+  options.isPerspective = arguments.isPerspective;
   const auto& [window, layers, width, height] = arguments.options;
   if (height) options.width = *height * 3 / 2;
   if (width) options.width = *width;
   options.height = height ? *height : std::max(drawing::kSmallestPicture, options.width * 2 / 3);
-  VANZET_TRY(const auto scene,
-             results::EquipmentOf(project, arguments.spur.value_or(0), ExchangeWithProgress()));
-  VANZET_TRY(const auto picture, scene::Draw(scene, options));
-  return results::PngOf(picture);
+  return options;
 }
 
-Result<std::string> BytesOf(const PictureArguments& arguments, const project::Project& project) {
-  return arguments.IsOfEquipment() ? DrawEquipment(arguments, project) : Draw(arguments, project);
+/// The model of the equipment that is drawn; bodies that are missing are on the panel.
+Result<scene::Model> ModelToDraw(const PictureArguments& arguments, scene::Scene scene,
+                                 project::MessagePanel& panel) {
+  VANZET_TRY(const auto leftOut, NamesOf(arguments.leftOut, scene));
+  std::erase_if(scene.bodies, [&](const scene::SceneBody& body) { return leftOut.contains(body.name); });
+  VANZET_TRY(auto model, scene::ModelOf(scene, arguments.isSection));
+  for (const Fault& fault : model.missing) panel.Tell(fault);
+  if (model.bodies.empty() && !model.missing.empty()) return ReportedFault();
+  return model;
+}
+
+/// Draws the equipment as PNG.
+Result<std::string> DrawEquipment(const PictureArguments& arguments, const project::Project& project,
+                                  project::MessagePanel& panel) {
+  if (!IsPng(arguments.out) && !IsStandardOutput(arguments.out))
+    return Fault{"a picture of the equipment can only be a .png file", arguments.out};
+  VANZET_TRY(auto scene,
+             results::EquipmentOf(project, arguments.spur.value_or(0), ExchangeWithProgress(), panel));
+  scene::PictureOptions options = OptionsOf(arguments);
+  VANZET_TRY(options.fitted, NamesOf(arguments.fitted, scene));
+  VANZET_TRY(const auto model, ModelToDraw(arguments, std::move(scene), panel));
+  return results::PngOf(scene::Draw(model, options));
+}
+
+Result<std::string> BytesOf(const PictureArguments& arguments, const project::Project& project,
+                            project::MessagePanel& panel) {
+  return arguments.IsOfEquipment() ? DrawEquipment(arguments, project, panel) : Draw(arguments, project);
 }
 
 Result<void> Picture(const PictureArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   if (IsStandardOutput(arguments.out)) {
-    VANZET_TRY(const auto bytes, BytesOf(arguments, project));
-    return Print(bytes);
+    VANZET_TRY(const auto bytes, BytesOf(arguments, project, context.panel));
+    VANZET_DO(Print(bytes));
+    return OutcomeOfMissing(arguments.isStrict, context);
   }
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
-  VANZET_TRY(const auto bytes, BytesOf(arguments, project));
+  VANZET_TRY(const auto bytes, BytesOf(arguments, project, context.panel));
   VANZET_DO(files::ReplaceFile(file, bytes));
-  return PrintWrittenFiles({{file, {}}}, arguments.isJson);
+  VANZET_DO(PrintWrittenFiles({{file, {}}}, arguments.isJson));
+  return OutcomeOfMissing(arguments.isStrict, context);
 }
 
 /// Refuses the options of the other view.
 void CheckOptions(const PictureArguments& arguments) {
-  const scene::PictureOptions& equipment = arguments.equipment;
   const struct {
     const char* name;
     bool isGiven, isOfEquipment;
@@ -101,8 +134,11 @@ void CheckOptions(const PictureArguments& arguments) {
       {"--layers", !arguments.options.layers.empty(), false},
       {"--spur", arguments.spur.has_value(), true},
       {"--camera", arguments.camera.has_value(), true},
-      {"--perspective", equipment.isPerspective, true},
-      {"--section", equipment.isSection, true},
+      {"--perspective", arguments.isPerspective, true},
+      {"--section", arguments.isSection, true},
+      {"--fit", !arguments.fitted.empty(), true},
+      {"--without", !arguments.leftOut.empty(), true},
+      {"--strict", arguments.isStrict, true},
   };
   for (const auto& [name, isGiven, isOfEquipment] : options) {
     if (!isGiven || isOfEquipment == arguments.IsOfEquipment()) continue;
@@ -133,9 +169,15 @@ void AddEquipmentOptions(Command& command, PictureArguments& arguments) {
           "--camera", "VIEW", "equipment: the direction of view; default: iso",
           [&](const std::string&, const std::string& word) { arguments.camera = *scene::ViewNamed(word); })
       .OneOf({scene::ViewWords().begin(), scene::ViewWords().end()});
-  command.AddFlag("--perspective", "equipment: draw in perspective", arguments.equipment.isPerspective);
-  command.AddFlag("--section", "equipment: cut open along the plane of the drawing",
-                  arguments.equipment.isSection);
+  command.AddFlag("--perspective", "equipment: draw in perspective", arguments.isPerspective);
+  command.AddFlag("--section", "equipment: cut open along the plane of the drawing", arguments.isSection);
+  command
+      .AddOption("--fit", "NAME,...",
+                 "equipment: these bodies fill the picture, such as clamp or 'main jaw 1'", arguments.fitted)
+      .SeparatedBy(',');
+  command.AddOption("--without", "NAME,...", "equipment: leave these bodies out", arguments.leftOut)
+      .SeparatedBy(',');
+  AddStrict(command, arguments.isStrict);
 }
 
 }  // namespace

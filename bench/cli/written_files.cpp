@@ -3,7 +3,6 @@
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
-#include "cli/command.h"
 #include "cli/output.h"
 
 namespace vanzet::cli {
@@ -72,6 +71,14 @@ Result<void> PrintWrittenFiles(const std::vector<WrittenFile>& files, bool isJso
 
 bool IsStandardOutput(const std::string& file) {
   return file == "-";
+}
+
+void AddStrict(Command& command, bool& isStrict) {
+  command.AddFlag("--strict", "end with status 1 when a body is missing", isStrict);
+}
+
+Result<void> OutcomeOfMissing(bool isStrict, const Context& context) {
+  return isStrict && context.panel.faults() > 0 ? ReportedFault() : Result<void>();
 }
 
 void CheckListing(const std::string& out, bool isJson) {

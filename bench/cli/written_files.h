@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "cli/commands.h"
 #include "results/export.h"
 
 namespace vanzet::cli {
@@ -12,6 +13,12 @@ Result<void> PrintWrittenFiles(const std::vector<results::WrittenFile>& files, b
 
 /// True for the name that stands for standard output, "-".
 bool IsStandardOutput(const std::string& file);
+
+/// Adds the option --strict, with which bodies that are missing make the command fail.
+void AddStrict(Command& command, bool& isStrict);
+
+/// The outcome of work whose missing bodies, if any, are on the panel.
+Result<void> OutcomeOfMissing(bool isStrict, const Context& context);
 
 /// Throws `WrongUsage` for a listing as JSON when the file itself goes to standard output.
 void CheckListing(const std::string& out, bool isJson);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "base/near_words.h"
 #include "base/utf8.h"
 #include "drawing/picture_view.h"
 #include "drawing/shown.h"
@@ -131,12 +132,22 @@ class Writer {
   std::string svg_;
 };
 
+/// "did you mean Billet_Spindel_1?", or the names of all layers.
+std::string HintFor(const std::string& layer, const Drawing& drawing) {
+  std::vector<std::string> names;
+  for (const auto& [name, pen] : drawing.layers) names.push_back(name);
+  const std::vector<std::string> near = NearWords(layer, names);
+  std::string list;
+  for (const std::string& name : near.empty() ? names : near) {
+    list += (list.empty() ? "" : near.empty() ? ", " : " or ") + name;
+  }
+  return near.empty() ? "the layers are: " + list : "did you mean " + list + "?";
+}
+
 Result<void> CheckLayers(const Drawing& drawing, const PictureOptions& options) {
   for (const std::string& layer : options.layers) {
     if (drawing.layers.contains(layer)) continue;
-    std::string names;
-    for (const auto& [name, pen] : drawing.layers) names += (names.empty() ? "" : ", ") + name;
-    return Fault{.text = "layer '" + layer + "' does not exist; the layers are: " + names,
+    return Fault{.text = "layer '" + layer + "' does not exist; " + HintFor(layer, drawing),
                  .kind = FaultKind::kMissing};
   }
   return {};

@@ -14,6 +14,8 @@ using geometry::Point;
 
 /// In pixels.
 constexpr double kMargin = 32, kUsualWidth = 800, kUsualHeight = 560;
+/// A long drawing, such as that of a bar, gets a larger picture, which is never longer than this for its width.
+constexpr double kLongSide = 1600, kLongestRatio = 4;
 /// The largest share of a picture that its margin takes.
 constexpr double kLargestMargin = 0.1;
 /// The extent that is assumed for a drawing without one, in millimetres.
@@ -37,10 +39,15 @@ double ScaleFor(double extent, double size) {
   return extent > 0 ? (size - 2 * MarginOf(size)) / extent : std::numeric_limits<double>::infinity();
 }
 
-/// The pixels that an extent takes at that scale, with margins.
-int SizeFor(double extent, double scale) {
-  const double size = std::ceil(extent * scale + 2 * kMargin);
+/// The pixels that an extent takes at that scale, with margins; not too few beside the other side.
+int SizeFor(double extent, double scale, double otherSide) {
+  const double size = std::max(std::ceil(extent * scale + 2 * kMargin), std::ceil(otherSide / kLongestRatio));
   return static_cast<int>(std::clamp<double>(size, kSmallestPicture, kLargestPicture));
+}
+
+/// The usual largest size of a side, when the other side of the drawing is `across` long.
+double UsualSize(double usual, double extent, double across) {
+  return extent > kLongestRatio * across ? kLongSide : usual;
 }
 
 }  // namespace
@@ -49,13 +56,18 @@ PictureView::PictureView(const Box& content, const PictureOptions& options) {
   const Box box = Usable(content);
   // A size that was not given is the usual one and shrinks to the size that the drawing needs. When only one
   // was given, the other becomes as large as necessary.
-  const double largestWidth = options.width ? *options.width : options.height ? kLargestPicture : kUsualWidth;
+  const double largestWidth = options.width    ? *options.width
+                              : options.height ? kLargestPicture
+                                               : UsualSize(kUsualWidth, box.Width(), box.Height());
   const double largestHeight = options.height  ? *options.height
                                : options.width ? kLargestPicture
-                                               : kUsualHeight;
+                                               : UsualSize(kUsualHeight, box.Height(), box.Width());
   scale_ = std::min(ScaleFor(box.Width(), largestWidth), ScaleFor(box.Height(), largestHeight));
-  width_ = options.width.value_or(SizeFor(box.Width(), scale_));
-  height_ = options.height.value_or(SizeFor(box.Height(), scale_));
+  const double width = options.width.value_or(0), height = options.height.value_or(0);
+  width_ = options.width.value_or(
+      SizeFor(box.Width(), scale_, std::max(height, box.Height() * scale_ + 2 * kMargin)));
+  height_ = options.height.value_or(
+      SizeFor(box.Height(), scale_, std::max(width, box.Width() * scale_ + 2 * kMargin)));
   const Point middle = box.Mid();
   const double halfWidth = width_ / scale_ / 2, halfHeight = height_ / scale_ / 2;
   seen_ = Box(Point(middle.x - halfWidth, middle.y - halfHeight),

@@ -211,7 +211,9 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
   for (bool hasEnded = false; !hasEnded;) {
     const auto output = process.PollOutput();
     hasEnded = output && output->empty();
-    if (!reports.Add(output.value_or("")) || InterruptWatch::Came()) return Fault{"cancelled"};
+    if (!reports.Add(output.value_or("")) || InterruptWatch::Came()) {
+      return Fault{.text = "cancelled", .kind = FaultKind::kSystem};
+    }
     if (Clock::now() > deadline) {
       return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
     }

@@ -37,8 +37,8 @@ class MemoryFile {
 /// exchange/main.cpp lists its orders, exchange/process.h its reports. The program has ended when the
 /// function returns.
 ///
-/// Errors   the fault that the program reports, without a place; "cancelled" after Ctrl-C and when the
-///          receiver of the progress returns false
+/// Errors   the fault that the program reports, without a place; "cancelled", of the kind `kSystem`, after
+///          Ctrl-C and when the receiver of the progress returns false
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel);
 

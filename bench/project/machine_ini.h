@@ -13,4 +13,14 @@ namespace vanzet::project {
 /// not a text file, or too large; docs/formats/machine-ini.md.
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name);
 
+/// The sizes of a machine's steady rest, in millimetres; 0: not given.
+struct SteadyRest {
+  double largestDiameter = 0;  ///< that it can hold
+  double rollDiameter = 0;
+  double position = 0;  ///< along the axis, from the machine's datum
+};
+
+/// Reads them from the post-processor ini. A file that does not exist gives none. Fails as above.
+Result<SteadyRest> ReadSteadyRest(const std::filesystem::path& file, const std::string& name);
+
 }  // namespace vanzet::project

@@ -1,9 +1,11 @@
 #include "results/equipment.h"
 
+#include "base/path_map.h"
 #include "contour/library.h"
 #include "drawing/board.h"
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
+#include "project/machine_ini.h"
 #include "results/definitions.h"
 
 namespace vanzet::results {
@@ -39,25 +41,34 @@ Result<modeller::Body> BodyOf(const project::Project& project, const std::string
   return table.Get(number);
 }
 
+Result<project::SteadyRest> SteadyRestOf(const project::Project& project) {
+  const std::string ini = project.Environment("ppdefini");
+  const auto file =
+      project.paths().Resolve(DriveOf(ini).empty() ? project.Environment("-d") + "/" + ini : ini);
+  return project::ReadSteadyRest(file, file.string());
+}
+
 }  // namespace
 
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange) {
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));
   contour::UseMillimetres();
+  VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
                                   [&](const std::string& name) { return BodyOf(project, name, exchange); },
-                                  exchange};
+                                  exchange, steadyRest};
   return scene::MakeScene(definition, sources);
 }
 
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
-                                 const modeller::Exchange& exchange) {
+                                 const modeller::Exchange& exchange, project::MessagePanel& panel) {
   auto made = SceneOf(project, spur, exchange);
-  if (made && made->bodies.empty()) {
-    return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
-  }
-  return made;
+  if (!made) return made;
+  for (const Fault& fault : made->missing) panel.Tell(fault);
+  if (!made->bodies.empty()) return made;
+  if (!made->missing.empty()) return ReportedFault();
+  return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
 }
 
 }  // namespace vanzet::results

@@ -59,13 +59,25 @@ std::vector<PlannedFile> PlanFiles(const Bodies& bodies, const ExportOptions& op
   return files;
 }
 
-Result<std::vector<WrittenBody>> MeasureAll(const Bodies& bodies, modeller::ExportFormat format) {
+/// Measures the bodies; those that cannot be measured are removed, with the reasons in `missing`.
+Result<std::vector<WrittenBody>> MeasureAll(Bodies& bodies, modeller::ExportFormat format,
+                                            std::vector<Fault>& missing) {
   std::vector<WrittenBody> measured;
-  for (const modeller::NamedBody& body : bodies) {
+  Bodies sound;
+  for (modeller::NamedBody& body : bodies) {
     const auto facts = modeller::FactsOf(body, format, {});
-    if (!facts) return Fault{body.name + ": " + facts.fault().text};
-    measured.push_back({body.name, *facts});
+    if (facts) {
+      measured.push_back({body.name, *facts});
+      sound.push_back(std::move(body));
+      continue;
+    }
+    Fault fault = facts.fault();
+    fault.text = body.name + ": " + fault.text;
+    if (fault.kind == FaultKind::kSystem) return fault;
+    missing.push_back(std::move(fault));
   }
+  bodies = std::move(sound);
+  if (bodies.empty() && !missing.empty()) return missing.front();
   return measured;
 }
 
@@ -137,8 +149,9 @@ Fault ChangedSinceExport(const fs::path& file) {
 
 Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptions& options,
                                     const fs::path& folder, const modeller::Exchange& exchange) {
-  VANZET_TRY(const Bodies bodies, ChooseBodies(scene, options));
-  VANZET_TRY(const auto measured, MeasureAll(bodies, options.format));
+  ExportReport report;
+  VANZET_TRY(Bodies bodies, ChooseBodies(scene, options));
+  VANZET_TRY(const auto measured, MeasureAll(bodies, options.format, report.missing));
   VANZET_TRY(const auto old, ExportManifest::Read(folder));
   VANZET_TRY(const auto target, TargetFolder::Make(folder));
   const std::vector<PlannedFile> planned = PlanFiles(bodies, options);
@@ -149,7 +162,6 @@ Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptio
                                 [&](std::size_t file, const std::string& content) {
                                   return made.Add(folder, planned[file].name, content);
                                 }));
-  ExportReport report;
   VANZET_TRY(report.changed, Replace(old, made, folder, !options.body.empty()));
   for (const PlannedFile& file : planned) {
     WrittenFile& written = report.files.emplace_back(WrittenFile{folder / file.name, {}});

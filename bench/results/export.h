@@ -30,6 +30,7 @@ struct WrittenFile {
 /// The outcome of an export.
 struct ExportReport {
   std::vector<WrittenFile> files;
+  std::vector<Fault> missing;  ///< why bodies of the scene are in no file
   /// Files of an earlier export that this one does not have, but that somebody has changed since: they stay.
   std::vector<std::filesystem::path> changed;
 };
@@ -42,11 +43,13 @@ Fault ChangedSinceExport(const std::filesystem::path& file);
 /// removed when all new files are in their places. Without a fault the folder has all of them; with a fault
 /// of the work itself it is unchanged.
 ///
+/// A body that cannot be measured or meshed is missing; without any other the export fails.
+///
 /// For bodies of a name only their files are written, and nothing is removed.
 Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptions& options,
                                     const std::filesystem::path& folder, const modeller::Exchange& exchange);
 
-/// The content of one file with all bodies, or with those of a name.
+/// The content of one file with all bodies, or with those of a name. Fails when one of them cannot be written.
 Result<std::string> EquipmentFile(const scene::Scene& scene, const ExportOptions& options,
                                   const modeller::Exchange& exchange);
 

@@ -57,8 +57,10 @@ Result<std::optional<DeviceText>> ReadDeviceText(const project::Definition& defi
   const auto bodies = modeller::ImportVrml(text, exchange);
   auto device = bodies ? DeviceOf(*bodies) : Result<std::optional<DeviceText>>(bodies.fault());
   if (!device) {
-    return Fault{"operation " + std::to_string(operation) + ", " + definition.operations[operation].Label() +
-                 ": " + device.fault().text};
+    Fault fault = device.fault();
+    fault.text = "operation " + std::to_string(operation) + ", " + definition.operations[operation].Label() +
+                 ": " + fault.text;
+    return fault;
   }
   if (*device) (*device)->reach = ReachOf(definition, operation);
   return device;

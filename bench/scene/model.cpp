@@ -45,6 +45,14 @@ bool IsTooOftenCovered(const modeller::Mesh& mesh) {
   return modeller::MeasuresOf(mesh).area > kMostLayers * reach * reach;
 }
 
+Result<modeller::Mesh> MeshToDraw(const SceneBody& body) {
+  auto mesh = modeller::MeshOf(body.body, {});
+  if (mesh && !IsTooOftenCovered(*mesh)) return mesh;
+  Fault fault = mesh ? Fault{"its facets cover each other too often to be drawn"} : mesh.fault();
+  fault.text = body.name + ": " + fault.text;
+  return fault;
+}
+
 /// The nearness of a facet at a place of the picture, when it covers the place.
 std::optional<double> NearnessAt(const Facet& facet, const Camera& camera, double x, double y) {
   std::array<PicturePoint, 3> p;
@@ -66,12 +74,15 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
   Model model{{}, scene.marks, isSection};
   for (const SceneBody& body : scene.bodies) {
     if (!body.isShown) continue;
-    const auto mesh = modeller::MeshOf(body.body, {});
-    if (!mesh) return Fault{body.name + ": " + mesh.fault().text};
-    if (IsTooOftenCovered(*mesh))
-      return Fault{body.name + ": its facets cover each other too often to be drawn"};
-    Surface surface = SurfaceOf(*mesh, body.placement);
-    model.bodies.push_back(isSection ? MakeSection(surface, body) : MakeWhole(std::move(surface), body));
+    const auto mesh = MeshToDraw(body);
+    if (mesh) {
+      Surface surface = SurfaceOf(*mesh, body.placement);
+      model.bodies.push_back(isSection ? MakeSection(surface, body) : MakeWhole(std::move(surface), body));
+    } else if (mesh.fault().kind == FaultKind::kSystem) {
+      return mesh.fault();
+    } else {
+      model.missing.push_back(mesh.fault());
+    }
   }
   std::stable_partition(model.bodies.begin(), model.bodies.end(),
                         [](const ModelBody& body) { return !body.isSeenThrough; });
@@ -79,13 +90,21 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
 }
 
 std::vector<Point3d> PointsOf(const Model& model) {
+  std::set<std::string> all;
+  for (const ModelBody& body : model.bodies) all.insert(body.name);
+  std::vector<Point3d> points = PointsOf(model, all);
+  for (const Mark& mark : model.marks) points.insert(points.end(), mark.points.begin(), mark.points.end());
+  return points;
+}
+
+std::vector<Point3d> PointsOf(const Model& model, const std::set<std::string>& names) {
   std::vector<Point3d> points;
   for (const ModelBody& body : model.bodies) {
+    if (!names.contains(body.name)) continue;
     for (const Facet& facet : body.facets) {
       points.insert(points.end(), facet.corners.begin(), facet.corners.end());
     }
   }
-  for (const Mark& mark : model.marks) points.insert(points.end(), mark.points.begin(), mark.points.end());
   return points;
 }
 

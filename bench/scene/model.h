@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,14 +27,19 @@ struct ModelBody {
 struct Model {
   std::vector<ModelBody> bodies;
   std::vector<Mark> marks;
-  bool isSection = false;  ///< everything in front of the plane z = 0 is cut away
+  bool isSection = false;           ///< everything in front of the plane z = 0 is cut away
+  std::vector<Fault> missing = {};  ///< why bodies of the scene are not drawn
 };
 
-/// Fails when a body cannot be meshed.
+/// A body that cannot be meshed is missing. Fails only for a reason of the system, and when the work is
+/// cancelled.
 Result<Model> ModelOf(const Scene& scene, bool isSection);
 
 /// All points that the picture must show.
 std::vector<geometry::Point3d> PointsOf(const Model& model);
+
+/// The points of the bodies with these names.
+std::vector<geometry::Point3d> PointsOf(const Model& model, const std::set<std::string>& names);
 
 /// The nearest body at a place of the picture, see-through or not; null when no body is there.
 const ModelBody* BodyAt(const Model& model, const Camera& camera, double x, double y);

@@ -15,6 +15,7 @@ using modeller::Colour;
 
 constexpr int kMostSamples = 4'000'000;               // in memory at once
 constexpr double kThrough = 0.38;                     // the share of the colour of a see-through body
+constexpr double kCommon = 0.2;                       // millimetres: closer surfaces are one
 constexpr double kEdgeShare = 0.55;                   // of an edge's colour over the surface
 constexpr double kEdgeWidth = 1.1, kMarkWidth = 2.0;  // pixels
 constexpr double kLift = 2e-3;  // in units of the reach: edges are drawn before their surfaces
@@ -141,7 +142,8 @@ class Painter {
     const double px = (x + 0.5) / options_.samples, py = (y + 0.5) / options_.samples;
     const double nearness = isCutFace ? camera_.NearnessOfPlane(px, py) : nearest_[index].nearness;
     Raster::Sample& sample = raster_.At(x, y);
-    if (nearness <= sample.nearness) return;
+    // Where a raw part and its finished part have a common face, the finished part is seen.
+    if (nearness <= sample.nearness + (body.isSeenThrough ? kCommon : 0)) return;
     const Colour colour =
         isCutFace ? Hatched(body.colour, px + py) : Surface(body.colour, nearest_[index].normal);
     Paint(sample, colour, body.isSeenThrough ? kThrough : 1);
@@ -220,10 +222,9 @@ void Reduce(Raster& raster, int samples, Picture& picture) {
 
 }  // namespace
 
-Result<Picture> Draw(const Scene& scene, const PictureOptions& options) {
-  VANZET_TRY(const Model model, ModelOf(scene, options.isSection));
-  const Look look =
-      LookFrom(options.view, options.isPerspective, PointsOf(model), options.width, options.height);
+Picture Draw(const Model& model, const PictureOptions& options) {
+  const auto points = options.fitted.empty() ? PointsOf(model) : PointsOf(model, options.fitted);
+  const Look look = LookFrom(options.view, options.isPerspective, points, options.width, options.height);
   return Draw(model, look, {.width = options.width, .height = options.height});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 
 #include "scene/model.h"
@@ -11,7 +12,7 @@ struct PictureOptions {
   int width = 1200, height = 800;  ///< in pixels, above 0
   View view = View::kIso;
   bool isPerspective = false;
-  bool isSection = false;  ///< everything in front of the plane z = 0 is cut away
+  std::set<std::string> fitted = {};  ///< the bodies that fill the picture, by their names; empty: all
 };
 
 /// A picture, row by row from above; three bytes a pixel: red, green, blue.
@@ -20,9 +21,9 @@ struct Picture {
   std::vector<std::uint8_t> bytes;
 };
 
-/// The picture of a scene, the same on every machine: no window system takes part. An empty scene gives an
-/// empty picture. Fails when a body cannot be meshed.
-Result<Picture> Draw(const Scene& scene, const PictureOptions& options);
+/// The picture of a model, the same on every machine: no window system takes part. An empty model gives an
+/// empty picture.
+Picture Draw(const Model& model, const PictureOptions& options);
 
 /// The colours of a picture.
 struct Style {

@@ -42,18 +42,6 @@ double JawReach(const SpindleThings& things) {
   return std::max(0.0, origin + BoxOf(things.jaw->body).max.x);
 }
 
-/// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet
-/// it is a third of the device.
-double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
-  constexpr double kOfDevice = 1.0 / 3;
-  const Billet& billet = spindle.billet;
-  const bool isCylinder = billet.type == billet_type::kCylinder;
-  if (spindle.clampsInside && isCylinder && billet.innerDiameter > 0) return billet.innerDiameter / 2;
-  if (billet.clampDiameter > 0) return billet.clampDiameter / 2;
-  if (things.billet) return RadiusOf(*things.billet);
-  return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
-}
-
 /// The placement of a jaw in the spindle's space: its foot is on the face, its holding side on the held
 /// radius.
 Matrix JawPlacement(const Spindle& spindle, const SpindleThings& things, double face, int jaw) {
@@ -151,17 +139,31 @@ class Placer {
 
 }  // namespace
 
+double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
+  constexpr double kOfDevice = 1.0 / 3;
+  const Billet& billet = spindle.billet;
+  const bool isCylinder = billet.type == billet_type::kCylinder;
+  if (spindle.clampsInside && isCylinder && billet.innerDiameter > 0) return billet.innerDiameter / 2;
+  if (billet.clampDiameter > 0) return billet.clampDiameter / 2;
+  if (things.billet) return RadiusOf(*things.billet);
+  return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
+}
+
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things) {
   const double front = spindle.origin;
-  Stations stations{front, front};
+  Stations stations{front, front, front};
   if (spindle.clampingOut > 0) {
     stations.face = front - spindle.clampingOut - JawReach(things);
   } else {
     const double allowance = spindle.billet.type == billet_type::kCylinder ? spindle.billet.rearAllowance : 0;
     stations.face = front - spindle.billet.partLength - allowance;
   }
+  stations.holderFront = stations.face + JawReach(things);
+  // A billet that is missing still has its front where the definition says.
+  const bool isMissing =
+      spindle.billet.type == billet_type::kFigures || spindle.billet.type == billet_type::kSolid;
   const double foremost = things.billet ? BoxOf(*things.billet).max.x : 0;
-  stations.stockFront = things.billet ? front + foremost : stations.face + JawReach(things);
+  stations.stockFront = things.billet || isMissing ? front + foremost : stations.holderFront;
   return stations;
 }
 

@@ -18,10 +18,15 @@ struct SpindleThings {
 /// Places along the axis of a spindle, in its own space: x along its axis, away from the spindle, the
 /// machine's datum at 0.
 struct Stations {
-  double face;        ///< the working face of the clamp device
-  double stockFront;  ///< the foremost point of the billet
+  double face;         ///< the working face of the clamp device
+  double holderFront;  ///< of the jaws, or of the device without jaws
+  double stockFront;   ///< the foremost point of the billet
 };
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things);
+
+/// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet
+/// it is a third of the device.
+double HeldRadius(const Spindle& spindle, const SpindleThings& things);
 
 /// The bodies and marks of a spindle in its own space; `name` is "main" or "sub".
 Scene PlaceSpindle(const Spindle& spindle, const SpindleThings& things, const std::string& name);

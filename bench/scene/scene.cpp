@@ -9,6 +9,7 @@
 #include "scene/device_text.h"
 #include "scene/equipment.h"
 #include "scene/placing.h"
+#include "scene/steady_rest.h"
 
 namespace vanzet::scene {
 namespace {
@@ -35,43 +36,77 @@ class Maker {
     VANZET_DO(AddMain());
     VANZET_DO(AddCenter());
     VANZET_DO(AddSub());
+    scene_.missing = std::move(missing_);
     return std::move(scene_);
   }
 
  private:
+  /// Takes over a thing that was made; one that could not be made is missing, and the rest goes on.
+  template <class Thing>
+  Result<void> Take(Result<std::optional<Thing>> made, std::optional<Thing>& thing) {
+    if (made) {
+      thing = std::move(*made);
+    } else if (made.fault().kind == FaultKind::kSystem) {
+      return made.fault();
+    } else {
+      missing_.push_back(made.fault());
+    }
+    return {};
+  }
+
+  Result<void> TakeDevice(std::size_t operation, std::optional<DeviceText>& device) {
+    return Take(ReadDeviceText(definition_, operation, sources_.exchange), device);
+  }
+
   Result<SpindleThings> ThingsOf(std::size_t spindle) {
     const std::size_t clamp = 5 + 2 * spindle;
     const std::string of = " of the " + std::string(kNames[spindle]) + " spindle";
+    const Spindle& defined = equipment_.spindles[spindle];
     const bool hasCenter = spindle == 1 && equipment_.isCenterInSub;
     SpindleThings things;
-    if (!hasCenter) {
-      VANZET_TRY(things.clamp, ReadDeviceText(definition_, clamp, sources_.exchange));
-    }
-    const Spindle& defined = equipment_.spindles[spindle];
+    if (!hasCenter) VANZET_DO(TakeDevice(clamp, things.clamp));
     // Without a jaw the definition has a stand-by one for the simulation.
-    if (things.clamp && defined.jaw.params.type != 0) {
-      VANZET_TRY(things.jaw, ReadDeviceText(definition_, clamp + 1, sources_.exchange));
-    }
-    VANZET_TRY(things.billet, PrefixFault("the billet" + of, BodyOf(defined.billet, sources_)));
-    // Found once here, where a failure is a fault; places are computed from it later.
-    if (things.billet) VANZET_DO(PrefixFault("the billet" + of, modeller::Extents(*things.billet)));
-    VANZET_TRY(things.finishPart, PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)));
+    const bool hasJaw = things.clamp && defined.jaw.params.type != 0;
+    if (hasJaw) VANZET_DO(TakeDevice(clamp + 1, things.jaw));
+    VANZET_DO(Take(PrefixFault("the billet" + of, BilletOf(defined.billet)), things.billet));
+    VANZET_DO(
+        Take(PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)), things.finishPart));
     return things;
+  }
+
+  /// A billet whose extents are known: places are computed from them later.
+  Result<std::optional<modeller::Body>> BilletOf(const Billet& defined) const {
+    VANZET_TRY(auto billet, BodyOf(defined, sources_));
+    if (billet) VANZET_DO(modeller::Extents(*billet));
+    return billet;
   }
 
   Result<void> AddMain() {
     VANZET_TRY(const SpindleThings things, ThingsOf(0));
     scene_ = PlaceSpindle(equipment_.spindles[0], things, kNames[0]);
-    stockFront_ = StationsOf(equipment_.spindles[0], things).stockFront;
-    if (things.billet) centreHole_ = CentreHoleRadius(*things.billet);
+    stations_ = StationsOf(equipment_.spindles[0], things);
+    mainBillet_ = things.billet;
+    return equipment_.usesSteadyRest ? AddSteadyRest(things) : Result<void>();
+  }
+
+  Result<void> AddSteadyRest(const SpindleThings& things) {
+    const FreeLength free = {stations_.holderFront, stations_.stockFront};
+    std::optional<modeller::Body> rest;
+    const double radius = HeldRadius(equipment_.spindles[0], things);
+    auto made = SteadyRestBody(sources_.steadyRest, radius);
+    if (!made) return Take(PrefixFault<std::optional<modeller::Body>>("the steady rest", made.fault()), rest);
+    geometry::Matrix place;
+    place.Translate(SteadyRestPlace(sources_.steadyRest, free), 0, 0);
+    scene_.bodies.push_back({"steady rest", Kind::kSteadyRest, *made, place});
     return {};
   }
 
   Result<void> AddCenter() {
-    VANZET_TRY(const auto text,
-               ReadDeviceText(definition_, equipment_.isCenterInSub ? 7 : 9, sources_.exchange));
+    std::optional<DeviceText> text;
+    VANZET_DO(TakeDevice(equipment_.isCenterInSub ? 7 : 9, text));
     if (!text) return {};
-    const double tip = stockFront_ - SeatDepth(*text, centreHole_);
+    const double bore = mainBillet_ ? CentreHoleRadius(*mainBillet_) : 0;
+    const double tip = stations_.stockFront - SeatDepth(*text, bore);
     SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(tip + text->socket.x)};
     center.exact = ExactBody(equipment_.center.params, center.body);
     scene_.bodies.push_back(std::move(center));
@@ -119,8 +154,9 @@ class Maker {
   const Sources& sources_;
   Equipment equipment_;
   Scene scene_;
-  double stockFront_ = 0;
-  double centreHole_ = 0;  ///< the radius of the bore in the front of the main billet
+  std::vector<Fault> missing_;
+  Stations stations_{};  ///< of the main spindle
+  std::optional<modeller::Body> mainBillet_;
 };
 
 }  // namespace
@@ -130,6 +166,7 @@ modeller::Colour ColourOf(Kind kind) {
     case Kind::kClamp: return {0.55, 0.60, 0.66};
     case Kind::kJaw: return {0.86, 0.68, 0.34};
     case Kind::kCenter: return {0.42, 0.62, 0.55};
+    case Kind::kSteadyRest: return {0.50, 0.52, 0.62};
     case Kind::kBillet: return {0.42, 0.62, 0.88};
     case Kind::kFinishPart: return {0.90, 0.45, 0.28};
   }

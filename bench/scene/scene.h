@@ -9,6 +9,7 @@
 #include "modeller/exchange.h"
 #include "modeller/export.h"
 #include "project/definition.h"
+#include "project/machine_ini.h"
 
 /// The equipment of a spur in space, made from its definition. docs/scene.md says how the bodies are placed,
 /// and why.
@@ -16,7 +17,7 @@
 /// Space    x along the main spindle's axis, away from the spindle; y up; millimetres
 namespace vanzet::scene {
 
-enum class Kind { kClamp, kJaw, kCenter, kBillet, kFinishPart };
+enum class Kind { kClamp, kJaw, kCenter, kSteadyRest, kBillet, kFinishPart };
 
 modeller::Colour ColourOf(Kind kind);
 
@@ -41,6 +42,7 @@ struct Mark {
 struct Scene {
   std::vector<SceneBody> bodies;
   std::vector<Mark> marks;
+  std::vector<Fault> missing = {};  ///< why bodies of the definition are not here
 };
 
 /// The sources of what a definition only names.
@@ -48,9 +50,11 @@ struct Sources {
   std::function<Result<std::vector<geometry::Kurve>>(const std::string& name)> figure;
   std::function<Result<modeller::Body>(const std::string& name)> body;
   modeller::Exchange exchange;
+  project::SteadyRest steadyRest = {};
 };
 
-/// Fails when a 3D text cannot be read, or a billet or finish part cannot be made; the fault says which.
+/// A 3D text that cannot be read, and a billet or finish part that cannot be made, are missing; the fault says
+/// which. Fails only for a reason of the system, and when the work is cancelled.
 /// Requires: the geometry library works in millimetres
 Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources);
 

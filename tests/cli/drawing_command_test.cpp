@@ -52,7 +52,8 @@ TEST_F(DrawingCommands, PicturesAreListedOrGoToStandardOutput) {
 
 TEST_F(DrawingCommands, OptionsOfTheOtherViewAreRefused) {
   DrawChuck();
-  for (const std::string option : {"--spur 0", "--camera top", "--perspective", "--section"}) {
+  for (const std::string option :
+       {"--spur 0", "--camera top", "--perspective", "--section", "--fit jaw", "--without jaw", "--strict"}) {
     const Outcome refused = Vanzet("picture lathe --out a.svg " + option);
     EXPECT_EQ(refused.status, 2) << option;
     EXPECT_THAT(refused.err, HasSubstr(option.substr(0, option.find(' '))));
@@ -93,6 +94,9 @@ TEST_F(DrawingCommands, PicturesAreWholeAndLeaveNothingBeside) {
   EXPECT_EQ(Vanzet("picture lathe --out no/such/a.svg").status, 1);
   EXPECT_THAT(Vanzet("picture lathe --out a.svg --layers 0,None").err,
               HasSubstr("layer 'None' does not exist; the layers are: 0"));
+  ASSERT_EQ(Vanzet("command lathe \"lay ch 'Billet_Spindel_1'\"").status, 0);
+  EXPECT_THAT(Vanzet("picture lathe --out a.svg --layers Billet_Spindle_1").err,
+              HasSubstr("layer 'Billet_Spindle_1' does not exist; did you mean Billet_Spindel_1?"));
   EXPECT_FALSE(std::filesystem::exists(folder / "a.svg"));
 }
 

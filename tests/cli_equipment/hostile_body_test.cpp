@@ -36,6 +36,14 @@ class HostileBody : public CommandLineTest {
     return Vanzet("define - lathe", "", billet.dump());
   }
 
+  /// The same in a chuck.
+  Outcome DefineInAChuck() {
+    auto form =
+        nlohmann::json::parse(ReadBytes(VANZET_SOURCE_DIR "/examples/definitions/flange-casting.json"));
+    form["spurs"][0]["main"].erase("finished_part");
+    return Vanzet("define - lathe", "", form.dump());
+  }
+
   void ExpectRefused(const Outcome& outcome) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, HasSubstr("flange-casting.brep: "));
@@ -88,6 +96,17 @@ TEST_F(HostileBody, OfManyBricksInOnePlaceIsExportedAndNotDrawn) {
   const Outcome drawn = Vanzet("picture lathe --view equipment --out picture.png");
   EXPECT_EQ(drawn.status, 1);
   EXPECT_THAT(drawn.err, HasSubstr("main billet: its facets cover each other too often to be drawn\n"));
+}
+
+TEST_F(HostileBody, OfManyBricksInOnePlaceIsLeftOutOfThePictureOfTheOthers) {
+  PutBricks(12, 0);
+  const Outcome defined = DefineInAChuck();
+  ASSERT_EQ(defined.status, 0) << defined.err;
+  const Outcome drawn = Vanzet("picture lathe --view equipment --out picture.png");
+  EXPECT_EQ(drawn.status, 0);
+  EXPECT_EQ(drawn.err, "vanzet: main billet: its facets cover each other too often to be drawn\n");
+  EXPECT_TRUE(fs::exists(folder / "picture.png"));
+  EXPECT_EQ(Vanzet("picture lathe --view equipment --out picture.png --strict").status, 1);
 }
 
 }  // namespace

@@ -84,5 +84,44 @@ TEST_F(Pictures, OfALineAloneShowIt) {
   EXPECT_THAT(*PictureSvg(lone.drawing(), {}), HasSubstr("d=\"M-30 -"));
 }
 
+/// Width and height in the head of a picture.
+std::pair<int, int> SizeOf(const std::string& svg) {
+  int width = 0, height = 0;
+  std::sscanf(svg.c_str(), "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\"", &width,
+              &height);
+  return {width, height};
+}
+
+/// A drawing of a rectangle at the axis.
+Drawing RectangleOf(double length, double radius) {
+  Drawing drawing;
+  geometry::Kurve curve;
+  curve.Start({0, -radius});
+  for (const geometry::Point& corner : {geometry::Point(length, -radius), geometry::Point(length, radius),
+                                        geometry::Point(0, radius), geometry::Point(0, -radius)}) {
+    curve.Add(corner);
+  }
+  drawing.contours[1] = {{curve, kFirstLayer, Pen()}, Window::kDisplay};
+  return drawing;
+}
+
+TEST(PictureSizes, OfALongBarAreLargerAndNotAFlatStrip) {
+  const auto [width, height] = SizeOf(*PictureSvg(RectangleOf(3000, 32), {}));
+  EXPECT_EQ(width, 1600);
+  EXPECT_EQ(height, 400);
+  const auto [narrow, tall] = SizeOf(*PictureSvg(RectangleOf(10, 500), {}));
+  EXPECT_EQ(narrow, 400);
+  EXPECT_EQ(tall, 1600);
+}
+
+TEST(PictureSizes, OfUsualDrawingsAreTheUsualOnes) {
+  EXPECT_EQ(SizeOf(*PictureSvg(RectangleOf(200, 50), {})), std::pair(800, 432));
+}
+
+TEST(PictureSizes, FollowTheSideThatIsGiven) {
+  EXPECT_EQ(SizeOf(*PictureSvg(RectangleOf(3000, 32), {.width = 1000})), std::pair(1000, 250));
+  EXPECT_EQ(SizeOf(*PictureSvg(RectangleOf(3000, 32), {.width = 1000, .height = 90})), std::pair(1000, 90));
+}
+
 }  // namespace
 }  // namespace vanzet::drawing

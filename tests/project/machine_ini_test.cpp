@@ -33,6 +33,17 @@ TEST_F(MachineIni, ThatIsNotThereHasOneSpur) {
   EXPECT_EQ(*CountSpindleSpurs(folder / "none.ini", "none.ini"), 1);
 }
 
+TEST_F(MachineIni, HasTheSizesOfTheSteadyRest) {
+  test::WriteBytes(folder / "machine.ini",
+                   "[COMMON]\nLUN_MAX_DIAM=165,5\nLUN_ROLL_DIAM = 40.0\nLUN_X0_DIST=\"310\"\n");
+  const auto rest = ReadSteadyRest(folder / "machine.ini", "machine.ini");
+  ASSERT_TRUE(rest);
+  EXPECT_EQ(rest->largestDiameter, 165.5);
+  EXPECT_EQ(rest->rollDiameter, 40);
+  EXPECT_EQ(rest->position, 310);
+  EXPECT_EQ(ReadSteadyRest(folder / "none.ini", "none.ini")->position, 0);
+}
+
 TEST_F(MachineIni, ThatIsNoTextIsRefused) {
   const auto spurs = Spurs(std::string("[COMMON]\n\0\n", 11));
   ASSERT_FALSE(spurs);

@@ -19,10 +19,11 @@ class Pictures : public SceneTest {
     PutDatum({.outMain = 90});
   }
 
-  static Picture Drawn(const scene::Scene& shown, const scene::PictureOptions& options) {
-    const auto picture = scene::Draw(shown, options);
-    EXPECT_TRUE(picture);
-    return picture ? *picture : Picture{};
+  static Picture Drawn(const scene::Scene& shown, const scene::PictureOptions& options,
+                       bool isSection = false) {
+    const auto model = scene::ModelOf(shown, isSection);
+    EXPECT_TRUE(model);
+    return model ? scene::Draw(*model, options) : Picture{};
   }
 
   static Pixel At(const Picture& picture, int x, int y) {
@@ -96,10 +97,8 @@ TEST_F(Pictures, HideWhatIsBehind) {
 
 TEST_F(Pictures, AreCutOpenByASection) {
   const scene::Scene shown = Shown();
-  const scene::PictureOptions whole = {.width = 240, .height = 160, .view = View::kFront};
-  scene::PictureOptions cut = whole;
-  cut.isSection = true;
-  const Picture before = Drawn(shown, whole), after = Drawn(shown, cut);
+  const scene::PictureOptions options = {.width = 240, .height = 160, .view = View::kFront};
+  const Picture before = Drawn(shown, options), after = Drawn(shown, options, true);
   EXPECT_NEAR(SilhouetteOf(before).right, SilhouetteOf(after).right, 1);
   // The jaws before the plane hide the billet; behind the cut its face is bare down to the chuck's face.
   const auto isBillet = [](const Pixel& pixel) { return pixel[2] > pixel[0] + 30; };
@@ -127,6 +126,32 @@ TEST_F(Pictures, ShowTheFinishPartThroughTheBillet) {
     reddish += r > b && r > g + 10 ? 1 : 0;
   }
   EXPECT_GT(reddish, 30);
+}
+
+TEST_F(Pictures, DoNotSpeckleWhereRawAndFinishedPartHaveACommonFace) {
+  scene::Scene shown = Shown();
+  scene::SceneBody part = shown.bodies.back();
+  part.kind = Kind::kFinishPart;
+  shown.bodies = {part};
+  for (const bool isPerspective : {false, true}) {
+    const scene::PictureOptions options = {.width = 200, .height = 150, .isPerspective = isPerspective};
+    const int alone = PixelsLike(Drawn({{part}, {}}, options), Kind::kFinishPart);
+    scene::SceneBody raw = part;
+    raw.kind = Kind::kBillet;
+    raw.isSeenThrough = true;
+    // Away by less than facets are from their surfaces, as another program's rounding.
+    raw.placement.Translate(1e-7, -1e-7, 1e-7);
+    EXPECT_NEAR(PixelsLike(Drawn({{part, raw}, {}}, options), Kind::kFinishPart), alone, alone / 50)
+        << isPerspective;
+  }
+}
+
+TEST_F(Pictures, AreFilledByTheBodiesThatAreToFit) {
+  const scene::Scene shown = Shown();
+  scene::PictureOptions options = {.width = 300, .height = 200, .view = View::kFront};
+  const int all = PixelsLike(Drawn(shown, options), Kind::kJaw);
+  options.fitted = {"main jaw 1"};
+  EXPECT_GT(PixelsLike(Drawn(shown, options), Kind::kJaw), 3 * all);
 }
 
 TEST_F(Pictures, OfAnySizeAreTheSameEachTime) {

@@ -31,8 +31,10 @@ class SceneTest : public HostTest {
           if (const auto found = figures.find(name); found != figures.end()) return found->second;
           return Fault{"figure '" + name + "' does not exist"};
         },
-        [](const std::string& name) -> Result<modeller::Body> { return Fault{"there is no " + name}; },
-        Reader()};
+        [this](const std::string& name) -> Result<modeller::Body> {
+          return Fault{.text = "there is no " + name, .kind = bodyFault};
+        },
+        Reader(), steadyRest};
     return scene::MakeScene(Stored(), sources);
   }
 
@@ -59,6 +61,8 @@ class SceneTest : public HostTest {
   }
 
   std::map<std::string, std::vector<geometry::Kurve>> figures;
+  FaultKind bodyFault = FaultKind::kMissing;  ///< of solids, which are never there
+  project::SteadyRest steadyRest;  ///< of the machine
 };
 
 }  // namespace vanzet::test

@@ -1,16 +1,21 @@
 #include "scene/scene.h"
 
+#include "modeller/mesh.h"
 #include "scene/scene_fixture.h"
+#include "scene/steady_rest.h"
 #include "store/billet_records.h"
 #include "store/clamp_records.h"
+#include "store/datum_records.h"
 #include "store/finish_part_records.h"
 
 namespace vanzet::test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 constexpr double kNear = 0.06;  // millimetres: the facets of round things
 
@@ -119,14 +124,80 @@ TEST_F(Scenes, SpinFiguresAndShowTheFinishPartThroughTheBillet) {
   EXPECT_NEAR(modeller::MeasuresOf(shown.bodies[1].body)->volume, std::numbers::pi * (324 - 25) * 80, 1);
 }
 
-TEST_F(Scenes, TellWhichBilletCannotBeMade) {
+TEST_F(Scenes, KeepTheOthersWhenABilletCannotBeMade) {
+  Clamp(0, kChuck, kHardJaw);
   BilletRecord billet;
   billet.type = billet_type::kFromSolid;
   billet.solidName = "casting";
   WriteBillet(0, 1, billet);
-  const auto shown = Try();
-  ASSERT_FALSE(shown);
-  EXPECT_EQ(shown.fault().text, "the billet of the sub spindle: there is no casting");
+  const scene::Scene shown = Shown();
+  EXPECT_THAT(NamesOf(shown), ElementsAre("main clamp", "main jaw 1", "main jaw 2", "main jaw 3"));
+  ASSERT_EQ(shown.missing.size(), 1U);
+  EXPECT_EQ(shown.missing[0].text, "the billet of the sub spindle: there is no casting");
+}
+
+TEST_F(Scenes, LeaveACenterAtItsPlaceWhenTheBilletIsMissing) {
+  BilletRecord billet;
+  billet.type = billet_type::kFromSolid;
+  billet.solidName = "casting";
+  WriteBillet(0, 0, billet);
+  Clamp(0, kChuck, kHardJaw);
+  PutCenter(kCenter, true);
+  PutDatum({.outMain = 90, .originMain = 10});
+  EXPECT_NEAR(BoxOf(Shown(), "center").min.x, 10, 1e-3);
+}
+
+TEST_F(Scenes, EndWithWhatTheSystemRefuses) {
+  BilletRecord billet;
+  billet.type = billet_type::kFromSolid;
+  billet.solidName = "casting";
+  WriteBillet(0, 0, billet);
+  bodyFault = FaultKind::kSystem;
+  const auto made = Try();
+  ASSERT_FALSE(made);
+  EXPECT_EQ(made.fault().text, "the billet of the main spindle: there is no casting");
+}
+
+TEST_F(Scenes, HaveTheSteadyRestThatIsUsed) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 400);
+  PutDatum({.outMain = 300});
+  EXPECT_THAT(NamesOf(Shown()), Not(Contains("steady rest")));
+  WriteBezel(0, {1});
+  const auto box = BoxOf(Shown(), "steady rest");
+  // Two thirds of the free 300 mm away from the jaws, whose fronts are at -300.
+  EXPECT_NEAR(box.Mid().x, -100, 1e-3);
+  EXPECT_GT(box.max.y, 60);
+  EXPECT_NEAR(box.max.y, -box.min.y, 1e-3) << "a ring about the axis";
+}
+
+TEST_F(Scenes, HaveTheSteadyRestWhereTheMachineHasItIfTheBilletIsFreeThere) {
+  Clamp(0, kChuck, kHardJaw);
+  PutBillet(0, 60, 400);
+  PutDatum({.outMain = 300, .originMain = 350});
+  WriteBezel(0, {1});
+  steadyRest = {.largestDiameter = 165, .rollDiameter = 40, .position = 310};
+  EXPECT_NEAR(BoxOf(Shown(), "steady rest").Mid().x, 310, 1e-3);
+  steadyRest.position = 20;  // in the chuck
+  EXPECT_NEAR(BoxOf(Shown(), "steady rest").Mid().x, 250, 1e-3);
+}
+
+TEST_F(Scenes, HaveThreeArmsFromTheSteadyRestToTheBillet) {
+  const auto body = scene::SteadyRestBody({.largestDiameter = 100, .rollDiameter = 20}, 30);
+  ASSERT_TRUE(body);
+  const auto mesh = modeller::MeshOf(*body, {});
+  ASSERT_TRUE(mesh);
+  EXPECT_TRUE(modeller::IsClosed(*mesh));
+  double least = 1e9;
+  for (const auto& point : mesh->points) least = std::min(least, std::hypot(point.y, point.z));
+  EXPECT_NEAR(least, 30, 0.05);
+  for (const double degrees : {0.0, 120.0, 240.0}) {
+    const double angle = degrees * std::numbers::pi / 180;
+    const bool touches = std::ranges::any_of(mesh->points, [&](const geometry::Point3d& point) {
+      return std::hypot(point.y - 30 * std::cos(angle), point.z - 30 * std::sin(angle)) < 1.5;
+    });
+    EXPECT_TRUE(touches) << degrees;
+  }
 }
 
 TEST_F(Scenes, FaceTheSpindlesAtTheDistanceOfTheirOrigins) {

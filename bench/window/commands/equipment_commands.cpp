@@ -183,6 +183,10 @@ Result<void> EquipmentCommands::MakeScene() {
   auto scene = workplace_.session->Equipment(workplace_.spur, box.Progress());
   workplace_.scene = scene ? *scene : nullptr;
   if (!scene) return scene.fault();
+  const bool isDefined = workplace_.scene != nullptr;
+  for (const Fault& fault : isDefined ? workplace_.scene->missing : std::vector<Fault>()) {
+    workplace_.reportFault(fault);
+  }
   return {};
 }
 

@@ -92,6 +92,7 @@ Result<void> ExportCommands::WriteBodies(modeller::ExportFormat format, const fs
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = box.Progress();
   VANZET_TRY(const auto report, results::WriteEquipment(*workplace_.scene, {format}, folder, exchange));
+  for (const Fault& fault : report.missing) workplace_.reportFault(fault);
   for (const fs::path& file : report.changed) workplace_.reportFault(results::ChangedSinceExport(file));
   return {};
 }

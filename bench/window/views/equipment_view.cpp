@@ -80,7 +80,7 @@ Result<void> EquipmentView::MakeModel() {
   if (scene_ == nullptr) return {};
   VANZET_TRY(auto model, scene::ModelOf(*scene_, isSection_));
   model_ = std::make_shared<scene::Model>(std::move(model));
-  return {};
+  return model_->missing.empty() ? Result<void>() : model_->missing.front();
 }
 
 void EquipmentView::LookFrom(scene::View view) {
