@@ -6,6 +6,7 @@
 #include "modeller/facets.h"
 #include "modeller/foreign.h"
 #include "modeller/kernel.h"
+#include "modeller/plain_vrml.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -14,6 +15,12 @@ namespace fs = std::filesystem;
 
 Body FacetBody(const Mesh& mesh) {
   return BodyOf(FaceOf(mesh), true);
+}
+
+std::vector<VrmlBody> BodiesOf(const std::vector<NamedMesh>& meshes) {
+  std::vector<VrmlBody> bodies;
+  for (const NamedMesh& named : meshes) bodies.push_back({named.name, FacetBody(named.mesh)});
+  return bodies;
 }
 
 Result<Body> Unpack(const MemoryFile& parcel, Origin origin) {
@@ -41,6 +48,7 @@ Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
 }
 
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
+  if (const auto plain = ReadPlainVrml(text)) return BodiesOf(*plain);
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   std::ofstream bytes(parcel.Path(), std::ios::binary);
   bytes << text;
@@ -52,9 +60,7 @@ Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange
   return CatchKernelFailures([&]() -> Result<std::vector<VrmlBody>> {
     std::ifstream answer(parcel.Path(), std::ios::binary);
     VANZET_TRY(const auto read, UnpackMeshes(answer));
-    std::vector<VrmlBody> bodies;
-    for (const NamedMesh& named : read) bodies.push_back({named.name, FacetBody(named.mesh)});
-    return bodies;
+    return BodiesOf(read);
   });
 }
 

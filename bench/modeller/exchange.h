@@ -46,8 +46,9 @@ struct VrmlBody {
   Body body;
 };
 
-/// Reads the face sets of a VRML 2.0 text, in its order, placed by its transforms; millimetres. The exchange
-/// program does the work. A text without face sets has no bodies.
+/// Reads the face sets of a VRML 2.0 text, in its order, placed by its transforms; millimetres. A text
+/// that has only what modules write is read at once, any other by the exchange program. A text without face
+/// sets has no bodies.
 ///
 /// Errors   a fault without a place: not a VRML text, a face with a point that does not exist, beyond the
 ///          limits
