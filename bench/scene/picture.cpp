@@ -13,9 +13,9 @@ using geometry::Point3d;
 using geometry::Vector3d;
 using modeller::Colour;
 
-constexpr int kMostSamples = 4'000'000;               // in memory at once
+constexpr int kMostSamples = 1'000'000;               // in memory at once
 constexpr double kThrough = 0.38;                     // the share of the colour of a see-through body
-constexpr double kCommon = 0.2;                       // millimetres: closer surfaces are one
+constexpr float kCommon = 0.2F;                       // millimetres: closer surfaces are one
 constexpr double kEdgeShare = 0.55;                   // of an edge's colour over the surface
 constexpr double kEdgeWidth = 1.1, kMarkWidth = 2.0;  // pixels
 constexpr double kLift = 2e-3;  // in units of the reach: edges are drawn before their surfaces
@@ -51,20 +51,23 @@ Colour MixColours(const Colour& over, const Colour& under, double share) {
 }
 
 void Paint(Raster::Sample& sample, const Colour& colour, double share) {
-  const Colour under{sample.colour[0], sample.colour[1], sample.colour[2]};
-  const Colour mixed = MixColours(colour, under, share);
-  sample.colour = {static_cast<float>(mixed.red), static_cast<float>(mixed.green),
-                   static_cast<float>(mixed.blue)};
+  const ColourBytes over = BytesOf(colour);
+  for (std::size_t i = 0; i < 3; ++i) {
+    sample.colour[i] = static_cast<std::uint8_t>(over[i] * share + sample.colour[i] * (1 - share) + 0.5);
+  }
 }
 
 /// Draws the bodies into one band.
 class Painter {
  public:
-  Painter(const Camera& camera, bool isSection, const DrawOptions& options, Raster& raster)
-      : camera_(camera),
-        hasCutFaces_(isSection && camera.SeesTopOfPlane()),
-        options_(options),
-        raster_(raster) {}
+  Painter(const Camera& camera, bool isSection, const DrawOptions& options)
+      : camera_(camera), hasCutFaces_(isSection && camera.SeesTopOfPlane()), options_(options) {}
+
+  /// Begins a band of the picture.
+  Raster& Begin(const SampleRange& band) {
+    raster_.Begin(band, options_.style.background);
+    return raster_;
+  }
 
   void AddSurface(const ModelBody& body) {
     range_ = RangeOfBody(body);
@@ -91,11 +94,11 @@ class Painter {
   }
 
  private:
-  static constexpr double kNothing = -2e30;
+  static constexpr float kNothing = -2e30F;
 
   /// The nearest point of the body that is being added, and its direction.
   struct Own {
-    double nearness;
+    float nearness;
     std::array<float, 3> normal;
   };
 
@@ -128,9 +131,10 @@ class Painter {
     CoverTriangle(corners, range_, [&](int x, int y, double nearness, const Vector3d& normal) {
       const std::size_t index = range_.Index(x, y);
       if (hasCutFaces_) depth_[index] += side;
-      if (nearness <= nearest_[index].nearness) return;
+      const auto near = static_cast<float>(nearness);
+      if (near <= nearest_[index].nearness) return;
       nearest_[index] = {
-          nearness,
+          near,
           {static_cast<float>(normal.dx), static_cast<float>(normal.dy), static_cast<float>(normal.dz)}};
     });
   }
@@ -140,10 +144,11 @@ class Painter {
     const std::size_t index = range_.Index(x, y);
     const bool isCutFace = hasCutFaces_ && depth_[index] > 0;
     const double px = (x + 0.5) / options_.samples, py = (y + 0.5) / options_.samples;
-    const double nearness = isCutFace ? camera_.NearnessOfPlane(px, py) : nearest_[index].nearness;
+    const auto nearness =
+        isCutFace ? static_cast<float>(camera_.NearnessOfPlane(px, py)) : nearest_[index].nearness;
     Raster::Sample& sample = raster_.At(x, y);
     // Where a raw part and its finished part have a common face, the finished part is seen.
-    if (nearness <= sample.nearness + (body.isSeenThrough ? kCommon : 0)) return;
+    if (nearness <= sample.nearness + (body.isSeenThrough ? kCommon : 0.0F)) return;
     const Colour colour =
         isCutFace ? Hatched(body.colour, px + py) : Surface(body.colour, nearest_[index].normal);
     Paint(sample, colour, body.isSeenThrough ? kThrough : 1);
@@ -172,14 +177,14 @@ class Painter {
     CoverLine(lifted(stroke.from), lifted(stroke.to), samples, raster_.range(),
               [&](int x, int y, double nearness) {
                 Raster::Sample& sample = raster_.At(x, y);
-                if (nearness > sample.nearness) Paint(sample, colour, share);
+                if (static_cast<float>(nearness) > sample.nearness) Paint(sample, colour, share);
               });
   }
 
   const Camera& camera_;
   bool hasCutFaces_;
   const DrawOptions& options_;
-  Raster& raster_;
+  Raster raster_;
   SampleRange range_;  ///< of the body that is being added
   std::vector<Own> nearest_;
   std::vector<int> depth_;  ///< surfaces of the body that the eye leaves by, less those that it enters by
@@ -204,17 +209,17 @@ void Reduce(Raster& raster, int samples, Picture& picture) {
   const int ofPixel = samples * samples;
   for (int y = 0; y < rows; ++y) {
     for (int x = 0; x < picture.width; ++x) {
-      std::array<double, 3> sum{};
+      std::array<int, 3> sum{};
       for (int i = 0; i < ofPixel; ++i) {
         const Raster::Sample& sample =
             raster.At(x * samples + i % samples, raster.range().top + y * samples + i / samples);
-        for (std::size_t k = 0; k < 3; ++k) sum[k] += static_cast<double>(sample.colour[k]);
+        for (std::size_t k = 0; k < 3; ++k) sum[k] += sample.colour[k];
       }
       const auto pixel = (static_cast<std::size_t>(first + y) * static_cast<std::size_t>(picture.width) +
                           static_cast<std::size_t>(x)) *
                          3;
       for (std::size_t k = 0; k < 3; ++k) {
-        picture.bytes[pixel + k] = static_cast<std::uint8_t>(std::lround(255 * sum[k] / ofPixel));
+        picture.bytes[pixel + k] = static_cast<std::uint8_t>((sum[k] + ofPixel / 2) / ofPixel);
       }
     }
   }
@@ -235,10 +240,10 @@ Picture Draw(const Model& model, const Look& look, const DrawOptions& options) {
                        3);
   const int samples = options.samples;
   const int band = std::max(1, kMostSamples / (options.width * samples * samples));
+  Painter painter(camera, model.isSection, options);
   for (int top = 0; top < options.height; top += band) {
-    const int rows = std::min(band, options.height - top);
-    Raster raster(options.width * samples, top * samples, rows * samples, options.style.background);
-    Painter painter(camera, model.isSection, options, raster);
+    const int bottom = std::min(top + band, options.height);
+    Raster& raster = painter.Begin({0, top * samples, options.width * samples, bottom * samples});
     PaintAll(model, painter);
     Reduce(raster, samples, picture);
   }

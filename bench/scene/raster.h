@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 
 #include "modeller/export.h"
@@ -39,28 +40,36 @@ inline SampleRange RangeOf(double left, double top, double right, double bottom,
           clamped(std::ceil(bottom) + 1, all.top, all.bottom)};
 }
 
+/// A colour in a picture: red, green, blue.
+using ColourBytes = std::array<std::uint8_t, 3>;
+
+inline ColourBytes BytesOf(const modeller::Colour& colour) {
+  const auto part = [](double value) {
+    return static_cast<std::uint8_t>(255 * std::clamp(value, 0.0, 1.0) + 0.5);
+  };
+  return {part(colour.red), part(colour.green), part(colour.blue)};
+}
+
 /// A horizontal band of samples with colour and nearness. Coordinates are those of samples, from the upper
 /// left corner of the whole picture; a sample's place is its middle.
 class Raster {
  public:
-  Raster(int width, int top, int height, const modeller::Colour& background)
-      : range_{0, top, width, top + height} {
-    const Sample empty{kFarthest,
-                       {static_cast<float>(background.red), static_cast<float>(background.green),
-                        static_cast<float>(background.blue)}};
-    samples_.assign(range_.Count(), empty);
-  }
-
   struct Sample {
-    double nearness;
-    std::array<float, 3> colour;
+    float nearness;
+    ColourBytes colour;
   };
+
+  /// Begins a band with nothing in it; the memory of the one before is used again.
+  void Begin(const SampleRange& range, const modeller::Colour& background) {
+    range_ = range;
+    samples_.assign(range.Count(), {kFarthest, BytesOf(background)});
+  }
 
   const SampleRange& range() const { return range_; }
   Sample& At(int x, int y) { return samples_[range_.Index(x, y)]; }
 
  private:
-  static constexpr double kFarthest = -1e30;
+  static constexpr float kFarthest = -1e30F;
 
   SampleRange range_;
   std::vector<Sample> samples_;
