@@ -76,8 +76,10 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
   });
 }
 
-Result<std::string> WriteByExchange(const Bodies& bodies, ExportFormat format, const MeshTolerance& tolerance,
-                                    const Exchange& exchange) {
+/// The files of a format that the exchange program writes: it runs once for all of them.
+Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBodies>& files,
+                                 ExportFormat format, const MeshTolerance& tolerance,
+                                 const Exchange& exchange, const TakeContent& take) {
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   VANZET_DO(Pack(bodies, parcel));
   VANZET_TRY(const auto file, TemporaryFile::Make(EndingOf(format)));
@@ -86,9 +88,14 @@ Result<std::string> WriteByExchange(const Bodies& bodies, ExportFormat format, c
                                               std::to_string(exchange.limits.bytes),
                                               file.path().string(),
                                               NumberText(tolerance.chord),
-                                              NumberText(tolerance.angle)};
+                                              NumberText(tolerance.angle),
+                                              FilesWord(files)};
   VANZET_DO(RunExchange(exchange, arguments, parcel));
-  return file.Content();
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    VANZET_TRY(const auto content, file.Content(i));
+    VANZET_DO(take(i, content));
+  }
+  return {};
 }
 
 bool HasSurfaces(const NamedBody& body, ExportFormat format) {
@@ -120,13 +127,7 @@ Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& file
   if (format == ExportFormat::kStl || format == ExportFormat::kWrl) {
     return MakeMeshFiles(placed, files, format, tolerance, take);
   }
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    Bodies ofFile;
-    for (const std::size_t body : files[i]) ofFile.push_back(placed[body]);
-    VANZET_TRY(const auto content, WriteByExchange(ofFile, format, tolerance, exchange));
-    VANZET_DO(take(i, content));
-  }
-  return {};
+  return MakeFilesByExchange(placed, files, format, tolerance, exchange, take);
 }
 
 Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance) {

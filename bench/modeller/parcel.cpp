@@ -99,4 +99,33 @@ Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
   return bodies;
 }
 
+std::string FilesWord(const std::vector<FileBodies>& files) {
+  std::string word;
+  for (const FileBodies& file : files) {
+    if (!word.empty()) word += ';';
+    for (std::size_t i = 0; i < file.size(); ++i) word += (i > 0 ? "," : "") + std::to_string(file[i]);
+  }
+  return word;
+}
+
+std::vector<FileBodies> FilesOfWord(const std::string& word, std::size_t bodies) {
+  std::vector<FileBodies> files(1);
+  std::string_view rest = word;
+  while (true) {
+    const auto number = IntegerPrefix(rest);
+    if (!number || number->value < 0 || static_cast<std::size_t>(number->value) >= bodies) return {};
+    files.back().push_back(static_cast<std::size_t>(number->value));
+    rest.remove_prefix(number->used);
+    if (rest.empty()) return files;
+    if (rest.front() != ',' && rest.front() != ';') return {};
+    if (rest.front() == ';') files.emplace_back();
+    rest.remove_prefix(1);
+  }
+}
+
+std::filesystem::path NumberedFile(const std::filesystem::path& file, std::size_t number) {
+  const std::string name = file.stem().string() + "-" + std::to_string(number) + file.extension().string();
+  return file.parent_path() / name;
+}
+
 }  // namespace vanzet::modeller

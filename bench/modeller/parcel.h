@@ -27,4 +27,12 @@ void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 /// surfaces besides. Fails when the parcel is incomplete.
 Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes);
 
+/// The bodies of several files as one word, "0,1,2;1", and back. A word that is not of this form, or names a
+/// body that does not exist, gives nothing.
+std::string FilesWord(const std::vector<FileBodies>& files);
+std::vector<FileBodies> FilesOfWord(const std::string& word, std::size_t bodies);
+
+/// The name of one of several files: "bodies.step" becomes "bodies-2.step".
+std::filesystem::path NumberedFile(const std::filesystem::path& file, std::size_t number);
+
 }  // namespace vanzet::modeller

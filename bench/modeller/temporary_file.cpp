@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/files/system_fault.h"
+#include "modeller/parcel.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -79,8 +80,8 @@ TemporaryFile::~TemporaryFile() {
   if (!folder_.empty()) fs::remove_all(folder_, unknown);
 }
 
-Result<std::string> TemporaryFile::Content() const {
-  std::ifstream bytes(path_, std::ios::binary);
+Result<std::string> TemporaryFile::Content(std::size_t number) const {
+  std::ifstream bytes(NumberedFile(path_, number), std::ios::binary);
   std::string content{std::istreambuf_iterator<char>(bytes), {}};
   if (bytes.bad() || content.empty()) return Fault{"the exchange program wrote nothing"};
   return content;

@@ -21,7 +21,9 @@ class TemporaryFile {
   TemporaryFile& operator=(TemporaryFile&&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
-  Result<std::string> Content() const;
+
+  /// The content of one of the files that the exchange program wrote under the path's numbered names.
+  Result<std::string> Content(std::size_t number) const;
 
  private:
   TemporaryFile(std::filesystem::path folder, files::Descriptor lock, std::filesystem::path path);

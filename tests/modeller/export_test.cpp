@@ -9,6 +9,7 @@
 #include "modeller/facets.h"
 #include "modeller/foreign_files.h"
 #include "modeller/measures.h"
+#include "modeller/parcel.h"
 #include "modeller/read_back.h"
 #include "modeller/solids.h"
 #include "modeller/vrml_facets.h"
@@ -185,6 +186,16 @@ TEST_F(Exports, NothingThatIsScaledOrMirrored) {
 TEST_F(Exports, NothingWithoutTheExchangeProgram) {
   EXPECT_NE(Told(Export(ExportFormat::kGltf, folder_ / "out.glb", Exchange{folder_ / "none", {}})), "");
   EXPECT_TRUE(fs::is_empty(folder_.path()));
+}
+
+TEST(ExportFiles, TravelAsOneWord) {
+  const std::vector<FileBodies> files = {{0, 1, 2}, {1}, {12}};
+  EXPECT_EQ(FilesWord(files), "0,1,2;1;12");
+  EXPECT_EQ(FilesOfWord("0,1,2;1;12", 13), files);
+  for (const char* word : {"", ";", "0,", "0;;1", "a", "0 1", "-1", "3", "99999999999999999999"}) {
+    EXPECT_TRUE(FilesOfWord(word, 3).empty()) << word;
+  }
+  EXPECT_EQ(NumberedFile("/tmp/x/bodies.step", 2), "/tmp/x/bodies-2.step");
 }
 
 TEST(ExportFormats, HaveTheirWords) {

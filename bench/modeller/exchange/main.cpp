@@ -1,5 +1,5 @@
-// The exchange program. Its arguments: the order, the limits in seconds and bytes, then the file and the
-// tolerances of the mesh if the order has them. Bodies and answers come and go through descriptor 3;
+// The exchange program. Its arguments: the order, the limits in seconds and bytes, then the file, the
+// tolerances of the mesh and the bodies of each file if the order has them. Bodies and answers come and go through descriptor 3;
 // process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
@@ -74,6 +74,7 @@ Result<void> WriteAnswer(const Result<Value>& value) {
 struct Arguments {
   std::string file;
   MeshTolerance tolerance;
+  std::string files;  ///< the bodies of each file that is written; parcel.h
 };
 
 Result<void> Read(const Arguments& given) {
@@ -86,14 +87,30 @@ Result<void> ReadVrmlText(const Arguments&) {
   return WriteAnswer(ReadVrml(text));
 }
 
-Result<void> StepFile(const Arguments& given) {
-  VANZET_TRY(const auto bodies, ReadParcel());
-  return WriteStep(bodies, given.file);
+/// Calls `write(bodies, path)` for each file, and reports the progress.
+template <class Write>
+Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& given, Write write) {
+  const auto files = FilesOfWord(given.files, bodies.size());
+  if (files.empty()) return Fault{"the list of files was not transferred completely"};
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    std::vector<ParcelBody> ofFile;
+    for (const std::size_t body : files[i]) ofFile.push_back(bodies[body]);
+    VANZET_DO(write(ofFile, NumberedFile(given.file, i)));
+    ReportProgress(static_cast<double>(i + 1) / static_cast<double>(files.size()));
+  }
+  return {};
 }
 
-Result<void> GltfFile(const Arguments& given) {
+Result<void> StepFiles(const Arguments& given) {
+  VANZET_TRY(auto bodies, ReadParcel());
+  PrepareForStep(bodies);
+  return WriteFiles(bodies, given, WriteStep);
+}
+
+Result<void> GltfFiles(const Arguments& given) {
   VANZET_TRY(const auto bodies, ReadParcel());
-  return WriteGltf(bodies, given.file, given.tolerance);
+  PrepareForGltf(bodies, given.tolerance);
+  return WriteFiles(bodies, given, WriteGltf);
 }
 
 Result<void> MeshBody(const Arguments& given) {
@@ -125,7 +142,9 @@ struct Order {
   Result<void> (*run)(const Arguments& given);
 
   /// With the order itself and the limits.
-  int CountArguments() const { return 3 + (use != Use::kNone ? 1 : 0) + (hasTolerance ? 2 : 0); }
+  int CountArguments() const {
+    return 3 + (use != Use::kNone ? 1 : 0) + (hasTolerance ? 2 : 0) + (use == Use::kWrites ? 1 : 0);
+  }
 
   Needs NeedsFor(const Arguments& given) const {
     const std::filesystem::path file = given.file;
@@ -142,8 +161,8 @@ constexpr Order kOrders[] = {
     {"mesh",       Use::kNone,   true,  MeshBody},
     {"extents",    Use::kNone,   false, MeasureExtents},
     {"measures",   Use::kNone,   false, Measure},
-    {"write-step", Use::kWrites, true,  StepFile},
-    {"write-gltf", Use::kWrites, true,  GltfFile},
+    {"write-step", Use::kWrites, true,  StepFiles},
+    {"write-gltf", Use::kWrites, true,  GltfFiles},
 };
 // clang-format on
 
@@ -151,7 +170,11 @@ Arguments ArgumentsOf(const Order& order, char** arguments) {
   Arguments given;
   char** next = arguments + 3;
   if (order.use != Use::kNone) given.file = *next++;
-  if (order.hasTolerance) given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
+  if (order.hasTolerance) {
+    given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
+    next += 2;
+  }
+  if (order.use == Use::kWrites) given.files = *next;
   return given;
 }
 

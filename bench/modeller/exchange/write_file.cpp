@@ -58,6 +58,20 @@ Handle(TDocStd_Document) DocumentOf(const std::vector<ParcelBody>& bodies) {
   return document;
 }
 
+/// Such a document, which is closed with its owner: the application would keep it.
+class Document {
+ public:
+  explicit Document(const std::vector<ParcelBody>& bodies) : handle_(DocumentOf(bodies)) {}
+  ~Document() { XCAFApp_Application::GetApplication()->Close(handle_); }
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  const Handle(TDocStd_Document) & handle() const { return handle_; }
+
+ private:
+  Handle(TDocStd_Document) handle_;
+};
+
 constexpr double kLeastHeight = 1e-6;  // millimetres; a flatter triangle has no plane
 
 gp_Pnt PointOf(const geometry::Point3d& p) {
@@ -127,31 +141,38 @@ TopoDS_Shape FacetShell(const TopoDS_Shape& facets) {
 
 }  // namespace
 
-Result<void> WriteStep(std::vector<ParcelBody> bodies, const fs::path& file) {
+void PrepareForStep(std::vector<ParcelBody>& bodies) {
   for (ParcelBody& body : bodies) {
     if (HasFacetsOnly(body.shape)) body.shape = FacetShell(body.shape);
   }
+}
+
+Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const fs::path& file) {
   // A writer reads the settings when it is made.
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("write.step.unit", "MM");
   STEPCAFControl_Writer writer;
   writer.SetNameMode(Standard_True);
   writer.SetColorMode(Standard_True);
-  const bool isDone = writer.Transfer(DocumentOf(bodies), STEPControl_AsIs) == Standard_True &&
+  const Document document(bodies);
+  const bool isDone = writer.Transfer(document.handle(), STEPControl_AsIs) == Standard_True &&
                       writer.Write(file.c_str()) == IFSelect_RetDone;
   if (!isDone) return Fault{"Open CASCADE could not write it" + FirstKernelMessage()};
   return {};
 }
 
-Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const fs::path& file,
-                       const MeshTolerance& tolerance) {
+void PrepareForGltf(const std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance) {
   for (const ParcelBody& body : bodies) {
     if (!HasFacetsOnly(body.shape)) static_cast<void>(Triangulate(body.shape, tolerance));
   }
+}
+
+Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const fs::path& file) {
   RWGltf_CafWriter writer(file.c_str(), Standard_True);
   writer.ChangeCoordinateSystemConverter().SetInputLengthUnit(kMillimetre);
   writer.ChangeCoordinateSystemConverter().SetInputCoordinateSystem(RWMesh_CoordinateSystem_Zup);
-  if (!writer.Perform(DocumentOf(bodies), {}, Message_ProgressRange())) {
+  const Document document(bodies);
+  if (!writer.Perform(document.handle(), {}, Message_ProgressRange())) {
     return Fault{"Open CASCADE could not write it" + FirstKernelMessage()};
   }
   return {};

@@ -9,11 +9,14 @@
 
 namespace vanzet::modeller {
 
-/// Writes named and coloured solids, in millimetres. A body of facets gets a face for each triangle.
-Result<void> WriteStep(std::vector<ParcelBody> bodies, const std::filesystem::path& file);
+/// Writes named and coloured solids, in millimetres. Each body must be prepared: then a body of facets has a
+/// face for each triangle.
+void PrepareForStep(std::vector<ParcelBody>& bodies);
+Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
 /// Writes named and coloured meshes to one binary file, in metres with y upwards, as the format requires.
-Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file,
-                       const MeshTolerance& tolerance);
+/// Each body must be prepared: then it has triangles.
+void PrepareForGltf(const std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance);
+Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
 }  // namespace vanzet::modeller
