@@ -112,10 +112,15 @@ Result<std::vector<Span>> ChangeRadiusOf(const KurveEx& curve, std::size_t arc, 
 }  // namespace
 
 Result<Contour> OffsetOf(const Contour& contour, double distance, OffsetMethod method) {
-  VANZET_TRY(const Offset offset, Guarded([&] { return OffsetBy(contour.curve, distance, method); }));
-  if (offset.code == kGood) return ContourOf(contour.number, offset.curve);
-  return Fault{NameOf(contour) + (offset.code == kInsideOut ? " turns inside out" : " collapses") + " at " +
-               NumberText(std::fabs(distance)) + " mm to the " + (distance < 0 ? "right" : "left")};
+  const std::string place =
+      " at " + NumberText(std::fabs(distance)) + " mm to the " + (distance < 0 ? "right" : "left");
+  const auto offset = Guarded([&] { return OffsetBy(contour.curve, distance, method); });
+  if (!offset) {
+    return Fault{NameOf(contour) + " has no offset" + place + ": " + offset.fault().text +
+                 (contour.curve.Closed() ? "; --region makes it in another way" : "")};
+  }
+  if (offset->code == kGood) return ContourOf(contour.number, offset->curve);
+  return Fault{NameOf(contour) + (offset->code == kInsideOut ? " turns inside out" : " collapses") + place};
 }
 
 Result<Contour> Trim(const Contour& contour, double length, End end, const std::optional<Point>& opening) {

@@ -70,6 +70,17 @@ TEST_F(ConstructionsTest, AnOffsetThatLeavesNothingIsRefused) {
   EXPECT_THAT(Refused(OffsetOf(slot, 1e7, OffsetMethod::kKurveEx)), testing::HasSubstr("is not within"));
 }
 
+TEST_F(ConstructionsTest, AnOffsetThatTheLibraryRefusesNamesTheContour) {
+  const std::string path = "x-10 y0\nx0 y0\nax5 y-5 x5 y0\nx5 y5\n";
+  const std::string why =
+      " has no offset at 0.01 mm to the left: the geometry refuses this: Invalid Geometry - Radii mismatch - "
+      "SetProperties";
+  EXPECT_EQ(Refused(OffsetOf(ReadOne("k4 e " + path + "ek\n"), 0.01, OffsetMethod::kKurveEx)),
+            "contour 4" + why);
+  EXPECT_EQ(Refused(OffsetOf(ReadOne("k4 e " + path + "x-10 y0\nek\n"), 0.01, OffsetMethod::kKurveEx)),
+            "contour 4" + why + "; --region makes it in another way");
+}
+
 TEST_F(ConstructionsTest, TrimsAndExtensionsChangeTheLengthByWhatWasAsked) {
   for (const End end : {End::kStart, End::kEnd, End::kBoth}) {
     const double ends = end == End::kBoth ? 2 : 1;
