@@ -92,7 +92,7 @@ void AddExport(Command& vanzet, Context& context) {
   command.notes =
       "Prints the files that were written. Those of an earlier export to the folder, which are no longer "
       "among them, are removed; vanzet-export.json in the folder lists them. With --body nothing is "
-      "removed.\n\n"
+      "removed. "
       "A body that cannot be made is named on standard error, and the others are written all the same.";
   command.examples = {"vanzet export lathe --out models --format step",
                       "vanzet export lathe --out - --format stl --body 'main billet' >billet.stl"};
