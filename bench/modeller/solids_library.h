@@ -13,8 +13,8 @@
 #include "modeller/sweep.h"
 
 /// The functions of this folder that need Open CASCADE. They are in a library of their own, which the first
-/// call loads: most commands call none, and Open CASCADE takes longer to load than they take to run. A function
-/// that other folders are to call has a row here, one in solids_library.cpp and one in solids_on_demand.cpp.
+/// call loads: most commands call none, and Open CASCADE takes longer to load than they take to run. A
+/// function that other folders are to call has a row here, in solids_library.cpp and in solids_on_demand.cpp.
 namespace vanzet::modeller {
 
 inline constexpr const char* kSolidsLibrary = "libvanzet-solids.so";

@@ -27,8 +27,8 @@ struct StoreRepair {
 };
 
 /// Replaces a damaged store by one with all that can be read of it. The damaged file gets another name in its
-/// folder: "store.db.damaged", or with a number after it. Requires: nobody else changes the project; `scratch`
-/// is an empty folder on the same disk, in which a repair that fails leaves what it has written.
+/// folder: "store.db.damaged", or with a number after it. A repair that fails leaves what it has written in
+/// `scratch`. Requires: nobody else changes the project; `scratch` is an empty folder on the same disk.
 Result<StoreRepair> RepairStore(const std::filesystem::path& file, const std::filesystem::path& scratch);
 
 /// Writes a copy of the store to a file that does not exist, as one state while others work.

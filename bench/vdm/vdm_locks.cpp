@@ -35,7 +35,7 @@ struct flock RangeOf(std::int64_t byte, short type) {
   return range;
 }
 
-/// True when the next attempt may succeed: a signal came in between, or a server of files had no lock to spare.
+/// True when the next attempt may succeed: a signal came in between, or a server of files was short of locks.
 bool MayPass(int error) {
   return error == EINTR || error == ENOLCK;
 }

@@ -14,7 +14,6 @@ struct Command {
   std::vector<Words> before;  ///< runs that make what it works on
   Words words;
   bool repeats = true;   ///< it works again on what it has left
-  bool meshes = false;   ///< it has Open CASCADE make meshes in this process
   bool damaged = false;  ///< the store that it works on has a damaged record
 };
 

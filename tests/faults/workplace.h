@@ -38,8 +38,8 @@ class Workplace {
   /// Makes it a copy of another one.
   void CopyFrom(const Workplace& other) const;
 
-  /// Runs the program. `fault` is for VANZET_FAULT; when it is empty, no call fails. A fourth word is a file or
-  /// folder that the failing calls are about.
+  /// Runs the program. `fault` is for VANZET_FAULT; when it is empty, no call fails. A fourth word is a file
+  /// or folder that the failing calls are about.
   Outcome Vanzet(const Words& words, const std::string& fault = "") const;
 
   /// The same without waiting for the end: its process.
