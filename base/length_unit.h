@@ -18,7 +18,7 @@ std::optional<LengthUnit> LengthUnitNamed(std::string_view word);
 /// A length in that unit, of one in millimetres.
 double InUnit(double millimetres, LengthUnit unit);
 
-/// A length in millimetres, of one in that unit. A length in inches is rounded to six decimals of a millimetre,
+/// A length in millimetres, of one in that unit. Inches are rounded to six decimals of a millimetre,
 /// which is what stores keep: 3 inches are 76.2 mm.
 double InMillimetres(double length, LengthUnit unit);
 
@@ -29,7 +29,8 @@ double RoundedInUnit(double millimetres, LengthUnit unit);
 /// A volume in the cube of that unit, of one in cubic millimetres.
 double VolumeInUnit(double cubicMillimetres, LengthUnit unit);
 
-/// A length of millimetres as text for people, rounded like that: "42" or "1.65354331". Millimetres have six decimals at most.
+/// A length of millimetres as text for people, rounded like that: "42" or "1.65354331". Millimetres have six
+/// decimals at most.
 std::string LengthText(double millimetres, LengthUnit unit);
 
 }  // namespace vanzet

@@ -31,7 +31,8 @@ struct Refusal {
 };
 using Refusals = std::vector<Refusal>;
 
-/// Reads JSON of one value, which may have comments as C++ has them; `name` is the name of the file in faults.
+/// Reads JSON of one value, which may have comments as C++ has them; `name` is the name of the file in
+/// faults.
 /// Errors   the place where the text is not JSON, with its line; a key that occurs twice in an object, since
 ///          only one of the two could count
 Result<Json> ReadJson(const std::string& text, const std::string& name);

@@ -17,8 +17,8 @@ struct SolidFault {
 /// The first fault of the values: a letter beyond its limits, or an outline that crosses or touches itself,
 /// encloses nothing, is inside out, or crosses the axis of a device that is spun. The rules of the device
 /// explain the outline; values that break a rule and make a solid all the same have no fault.
-/// Nothing for a type without an outline. `shown` is the device with the lengths that the reason shows, such as
-/// inches. Requires: `shown` differs in its unit of length alone.
+/// Nothing for a type without an outline. `shown` is the device with the lengths that the reason shows, such
+/// as inches. Requires: `shown` differs in its unit of length alone.
 std::optional<SolidFault> FindSolidFault(const DeviceParams& params, const DeviceParams& shown);
 inline std::optional<SolidFault> FindSolidFault(const DeviceParams& params) {
   return FindSolidFault(params, params);

@@ -5,7 +5,8 @@
 #include "base/length_unit.h"
 #include "view/dialog_state.h"
 
-/// Lengths as the drawn dialog shows and takes them. The dialog itself, and all that is stored, has millimetres.
+/// Lengths as the drawn dialog shows and takes them. The dialog itself, and all that is stored, has
+/// millimetres.
 namespace vanzet::view::qt {
 
 /// Inches where the environment variable VANZET_UNIT is "inch", else millimetres.
