@@ -76,12 +76,21 @@ class Fitter {
   /// The pair of arcs for a stretch that turns by half a turn at most, if it is near enough.
   std::optional<Biarc> Try(double from, double to) const {
     const CurveSpot start = curve_.At(from);
+    if (IsFarInside(start, from, to)) return {};
     const std::vector<CurveSpot> spots = curve_.Between(from, to);
     if (IsTiny(start, spots)) return Straight(from, to);
     if (!TurnsLittle(start, spots)) return {};
     auto biarc = BiarcBetween(start, spots.back());
     if (!biarc || !Follows(spots, *biarc, tolerance_)) return {};
     return biarc;
+  }
+
+  /// A quick look at two spots, which saves most of the thorough ones that would fail.
+  bool IsFarInside(const CurveSpot& start, double from, double to) const {
+    const auto biarc = BiarcBetween(start, curve_.At(to));
+    const std::vector<CurveSpot> spots = {curve_.At(from + (to - from) / 4), curve_.At(to - (to - from) / 4)};
+    const auto isFar = [&](const CurveSpot& spot) { return DistanceOf(spot.point, *biarc) > tolerance_; };
+    return biarc && !IsTiny(start, spots) && std::ranges::any_of(spots, isFar);
   }
 
   /// A stretch that is hardly longer than the tolerance needs no arcs.

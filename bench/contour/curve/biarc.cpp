@@ -12,10 +12,6 @@ using geometry::PI;
 using geometry::Point;
 using geometry::Vector2d;
 
-double LengthOf(const Vector2d& v) {
-  return std::hypot(v.dx, v.dy);
-}
-
 /// The segment with the angle `half` between its chord and the directions at its ends. The library turns
 /// arcs that are too short or too flat into lines; they are lines from the start, so that their distance from
 /// the curve is the one that counts.
@@ -34,8 +30,8 @@ struct Foot {
 
 Foot FootOnLine(const Point& start, const Point& end, const Point& point) {
   const Vector2d chord(start, end), to(start, point);
-  const double length = LengthOf(chord);
-  if (length == 0) return {LengthOf(to), 0};
+  const double length = chord.Magnitude();
+  if (length == 0) return {to.Magnitude(), 0};
   const double along = std::clamp(Dot(chord, to) / length, 0.0, length);
   return {Dist(point, start + chord * (along / length)), along};
 }
@@ -46,10 +42,10 @@ Foot FootOnArc(const Point& start, const Segment& arc, const Point& point) {
   const Vector2d toCentre = chord * 0.5 + chord.LeftNormal() * ((1 - b * b) / (4 * b));
   const Point centre = start + toCentre;
   const Vector2d to(centre, point);
-  const double radius = LengthOf(toCentre), sweep = 4 * std::atan(std::fabs(b));
+  const double radius = toCentre.Magnitude(), sweep = 4 * std::atan(std::fabs(b));
   double angle = side * TurnOf(-toCentre, to);
   if (angle < -(PI - sweep / 2)) angle += 2 * PI;
-  if (angle >= 0 && angle <= sweep) return {std::fabs(LengthOf(to) - radius), angle * radius};
+  if (angle >= 0 && angle <= sweep) return {std::fabs(to.Magnitude() - radius), angle * radius};
   return angle < 0 ? Foot{Dist(point, start), 0} : Foot{Dist(point, arc.end), sweep * radius};
 }
 
@@ -78,13 +74,18 @@ std::optional<Biarc> BiarcBetween(const CurveSpot& from, const CurveSpot& to) {
   const double along = Dot(chord, sum), square = Dot(chord, chord);
   const double root = std::sqrt(along * along + 2 * (1 - Dot(from.direction, to.direction)) * square);
   const double d = square / (along + root);
-  if (!(d > 0) || !(d < 1e3 * LengthOf(chord))) return {};
+  if (!(d > 0) || !(d < 1e3 * chord.Magnitude())) return {};
   const Point near = from.point + from.direction * d, far = to.point - to.direction * d;
   const Point joint((near.x + far.x) / 2, (near.y + far.y) / 2);
   const double first = TurnOf(from.direction, Vector2d(from.point, joint));
   const double second = TurnOf(Vector2d(joint, to.point), to.direction);
   if (std::fabs(first) > kWidest || std::fabs(second) > kWidest) return {};
   return Biarc{from.point, SegmentOf(from.point, joint, first), SegmentOf(joint, to.point, second)};
+}
+
+double DistanceOf(const Point& point, const Biarc& biarc) {
+  return std::min(FootOn(biarc.start, biarc.first, point).distance,
+                  FootOn(biarc.first.end, biarc.second, point).distance);
 }
 
 bool Follows(const std::vector<CurveSpot>& spots, const Biarc& biarc, double tolerance) {

@@ -19,6 +19,9 @@ struct Biarc {
 /// for directions that no arcs of less than a turn join.
 std::optional<Biarc> BiarcBetween(const CurveSpot& from, const CurveSpot& to);
 
+/// The distance of a point from the arcs.
+double DistanceOf(const geometry::Point& point, const Biarc& biarc);
+
 /// Whether all spots are within the tolerance and follow the arcs in their order.
 bool Follows(const std::vector<CurveSpot>& spots, const Biarc& biarc, double tolerance);
 

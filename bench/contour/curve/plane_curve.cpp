@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "contour/curve/spline.h"
 
@@ -26,7 +27,7 @@ double ExtentOf(const PlaneBezier& bezier) {
 }
 
 Vector2d UnitOf(const Vector2d& v) {
-  return v * (1 / std::hypot(v.dx, v.dy));
+  return v * (1 / v.Magnitude());
 }
 
 PlanePole Between(const PlanePole& a, const PlanePole& b, double share) {
@@ -43,7 +44,7 @@ Vector2d FirstDirection(Iterator pole, Iterator end, double extent) {
   double length = 0;
   for (++pole; pole != end && length <= 1e-7 * extent; ++pole) {
     const Vector2d reached(start, pole->point);
-    length = std::hypot(reached.dx, reached.dy);
+    length = reached.Magnitude();
     if (length > 0) direction = UnitOf(reached);
   }
   return direction;
@@ -112,10 +113,14 @@ std::optional<double> TipWithin(const PlaneBezier& bezier, double from, double t
 }
 
 std::optional<double> FirstTip(const PlaneBezier& bezier) {
-  const auto steps = static_cast<int>(8 * bezier.size());
-  for (int i = 0; i < steps && bezier.size() > 2; ++i) {
-    const double from = static_cast<double>(i) / steps, to = static_cast<double>(i + 1) / steps;
-    if (TurnBetween(bezier, from, to) < kSharpTurn) continue;
+  if (bezier.size() < 3) return {};
+  const double steps = 6.0 * static_cast<double>(bezier.size());
+  Vector2d before = StartDirection(bezier);
+  for (double i = 0; i < steps; ++i) {
+    const double from = i / steps, to = (i + 1) / steps;
+    const Vector2d after = SpotOf(bezier, to).direction;
+    const double turn = std::fabs(TurnOf(std::exchange(before, after), after));
+    if (turn < kSharpTurn) continue;
     const auto tip = TipWithin(bezier, from, to);
     if (tip && *tip > 1e-9 && *tip < 1 - 1e-9) return tip;
   }

@@ -34,7 +34,7 @@ Shape ShapeOf(const Piece& piece) {
 /// From the smallest vertex on; a closed shape has its first vertex once.
 void TurnToTheSmallest(Shape& shape) {
   shape.pop_back();
-  std::ranges::rotate(shape, std::ranges::min_element(shape));
+  std::rotate(shape.begin(), std::ranges::min_element(shape), shape.end());
 }
 
 /// The same for all pieces that are the same.

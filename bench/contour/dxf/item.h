@@ -17,8 +17,8 @@ struct Stroke {
   double bulge = 0;
 };
 
-/// An arc of a circle or an ellipse: centre + u cos a + v sin a, for angles from `from` over `sweep`, which is
-/// above 0 and at most a full turn.
+/// An arc of a circle or an ellipse: centre + u cos a + v sin a, for the angles from `from` over `sweep`, which
+/// is above 0 and at most a full turn.
 struct Turn {
   Space centre, u, v;
   double from = 0, sweep = 0;
@@ -68,7 +68,7 @@ std::vector<Path> PathsOfHatch(const DxfEntity& entity, std::string& leftOut);
 /// Why the spline cannot be drawn, such as "whose knots do not fit"; empty when it can.
 std::string FaultOf(const Spline& spline);
 
-/// The paths along consecutive curves; a new one begins where a curve does not begin at the end of the former.
+/// The paths along consecutive curves; a new one begins where a curve does not begin at the former one's end.
 std::vector<Path> PathsAlong(const std::vector<Bezier>& beziers);
 
 /// A vertex of a polyline; its bulge is that of the edge to the next one.
