@@ -82,6 +82,17 @@ TEST_F(ContourExamples, TheBracketIsItsRectanglesWithARoundedAndAFilledCorner) {
   EXPECT_EQ(Json("info " + Example("bracket.dxf") + " --layer holes")["contours"].size(), 2U);
 }
 
+TEST_F(ContourExamples, TheCoverHasASplineAWindowAndHolesOfOneBlock) {
+  EXPECT_EQ(Json("info " + Example("cover.dxf"))["contours"].size(), 5U);
+  EXPECT_EQ(FactsOf("cover.dxf")["closed"], true);
+  EXPECT_EQ(FactsOf("cover.dxf", 1)["direction"], "anticlockwise");
+  // The half axes of the window are the root of 612 and half of that, those of the large hole 10 and 5.
+  EXPECT_NEAR(FactsOf("cover.dxf", 1)["area"], 306 * kPi, 0.1);
+  EXPECT_NEAR(FactsOf("cover.dxf", 2)["area"], 16 * kPi, 1e-9);
+  EXPECT_NEAR(FactsOf("cover.dxf", 4)["area"], 50 * kPi, 0.05);
+  EXPECT_EQ(Vanzet("contour info " + Example("cover.dxf") + " --strict").status, 1) << "its text";
+}
+
 TEST_F(ContourExamples, TheLinkIsJoinedInInches) {
   EXPECT_NEAR(FactsOf("link.dxf")["area"], 25.4 * 25.4 * (2 + kPi / 4), 0.001);
   EXPECT_EQ(FactsOf("link.dxf")["spans"], 4);
