@@ -11,8 +11,8 @@ namespace vanzet::vdm {
 /// The form that this version writes. Older ones are read, and brought to it by the first commit.
 inline constexpr std::int64_t kStoreSchema = 2;
 
-/// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none). Those
-/// of `head` are the same with the first bytes of the content, and its size.
+/// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none).
+/// Those of `head` are the same with the first bytes of the content, and its size.
 struct StoreQueries {
   std::string_view numbers;  ///< of all VDMs, rising
   std::string_view exists;   ///< (VDM): 1 or no row

@@ -64,7 +64,7 @@ TEST_F(BadInput, AStoreThatIsNoDatabase) {
 TEST_F(BadInput, AStoreOrALockThatIsNoRegularFile) {
   for (const char* name : {"store.db", "store.lock"}) {
     for (const bool isPipe : {false, true}) {
-      MakeProject();
+      MakeProjectWithoutDefinitions();
       const std::filesystem::path file = folder / "lathe" / name;
       if (isPipe) {
         ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
@@ -122,7 +122,7 @@ TEST_F(BadInput, AStoreThatIsReadOnly) {
 }
 
 TEST_F(BadInput, AFullDiskWhileAnUpgradeIsStored) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   const Outcome upgraded = Vanzet("upgrade lathe", "ulimit -f 4;");
   EXPECT_EQ(upgraded.status, 1);
   EXPECT_THAT(upgraded.err, HasSubstr("store.db"));
@@ -140,7 +140,7 @@ TEST_F(BadInput, ADamagedDrawingIsToldOnce) {
 }
 
 TEST_F(BadInput, AFullDiskWhileAnUpgradeIsStoredIsToldOnce) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   const Outcome upgraded = Vanzet("upgrade lathe", "ulimit -f 4;");
   EXPECT_EQ(upgraded.status, 1);
   EXPECT_EQ(std::ranges::count(upgraded.err, '\n'), 1) << upgraded.err;
@@ -220,7 +220,7 @@ TEST_F(BadInput, AModuleThatIsNotThere) {
 }
 
 TEST_F(BadInput, ATraceThatCannotBeWritten) {
-  MakeProject();
+  MakeProjectWithoutDefinitions();
   ExpectRefused("upgrade lathe --trace /no/such/folder/calls.jsonl", "/no/such/folder/calls.jsonl");
   EXPECT_FALSE(std::filesystem::exists(folder / "lathe/store.db"));
 }
