@@ -70,9 +70,7 @@ struct ContourArguments {
 
   /// Whether an option is for the offset of a region, or for that of each contour.
   bool AsksForRegion() const { return region || corner || thicken; }
-  bool AsksForContours() const {
-    return sides[0] || sides[1] || steps > 1 || method;
-  }
+  bool AsksForContours() const { return sides[0] || sides[1] || steps > 1 || method; }
 
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };

@@ -5,8 +5,8 @@
 
 /// Short curves of the arrangement, by their ends and their curvature.
 ///
-/// No centre appears, so that an arc of a huge radius is as exact as a line. With w = p - a, n the left normal
-/// at `a` and k the curvature, the points of the whole line or circle are k w.w - 2 n.w = 0.
+/// No centre appears, so that an arc of a huge radius is as exact as a line. With w = p - a, n the left
+/// normal at `a` and k the curvature, the points of the whole line or circle are k w.w - 2 n.w = 0.
 namespace geometry::region {
 
 /// A line (k = 0), or an arc of up to a quarter turn that is monotone in x and y; k > 0 turns to the left.
