@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -48,6 +49,15 @@ bool ReadInChild(Read read, const modeller::MemoryFile& parcel) {
   return bytes.flush().good();
 }
 
+/// The status of a child that has ended. The fuzzer's clock interrupts the waiting.
+inline int StatusOf(pid_t child) {
+  int status = 0;
+  while (waitpid(child, &status, 0) != child) {
+    if (errno != EINTR) std::abort();
+  }
+  return status;
+}
+
 /// Runs `read` on one input, and has the workbench `take` the answer. Breaks when it was read and cannot be
 /// taken.
 template <class Read, class Take>
@@ -57,8 +67,7 @@ void ReadContained(Read read, Take take) {
   const pid_t child = fork();
   if (child < 0) std::abort();
   if (child == 0) _exit(ReadInChild(read, *parcel) ? EXIT_SUCCESS : EXIT_FAILURE);
-  int status = 0;
-  if (waitpid(child, &status, 0) != child) std::abort();
+  const int status = StatusOf(child);
   const bool wasRead = WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
   if (!wasRead) return;
   std::ifstream answer(parcel->Path(), std::ios::binary);
