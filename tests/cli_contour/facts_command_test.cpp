@@ -109,6 +109,8 @@ TEST_F(ContourFacts, WhatIsLeftOutOfADrawingIsSaidAndCanBeAFailure) {
             "vanzet: d.dxf: left out 1 REGION\n"
             "vanzet: d.dxf: not everything was read as it is drawn, and --strict is given\n");
   EXPECT_EQ(Vanzet("contour info d.dxf --strict --layer A").status, 0);
+  EXPECT_THAT(Fault("info --strict", ReadBytes(folder / "d.dxf")),
+              HasSubstr("vanzet: standard input: not everything was read"));
 }
 
 TEST_F(ContourFacts, OneContourOfSeveralIsChosenByItsNumber) {

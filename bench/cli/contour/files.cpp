@@ -45,7 +45,8 @@ Result<void> ReportRemarks(const ContourArguments& arguments, const contour::Dxf
     hasLoss = hasLoss || remark.isLoss;
   }
   if (!hasLoss || !arguments.strict) return {};
-  return Fault{"not everything was read as it is drawn, and --strict is given", file};
+  return Fault{"not everything was read as it is drawn, and --strict is given",
+               file == "-" ? "standard input" : file};
 }
 
 }  // namespace
