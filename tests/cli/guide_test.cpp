@@ -52,7 +52,9 @@ class Guide : public CommandLineTest, public testing::WithParamInterface<const c
 
 TEST_P(Guide, TypedAsWrittenDoesWhatItShows) {
   std::filesystem::create_directory_symlink(VANZET_SOURCE_DIR "/examples", folder / "examples");
-  const std::vector<Step> steps = StepsOf(std::string(VANZET_SOURCE_DIR) + "/" + GetParam());
+  std::string page = VANZET_SOURCE_DIR "/";
+  page += GetParam();
+  const std::vector<Step> steps = StepsOf(page);
   ASSERT_GE(steps.size(), 4U);
   for (const Step& step : steps) {
     if (step.command.starts_with("open ")) continue;  // a window; the page has another way, too
