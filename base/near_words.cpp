@@ -37,9 +37,10 @@ std::size_t Distance(std::string_view from, std::string_view to) {
   return above.back();
 }
 
-constexpr std::size_t kShortestPart = 3;   // shorter ones are part of anything
-constexpr std::size_t kLongestWord = 100;  // longer ones are not misspelt words
-constexpr std::size_t kFar = kLongestWord;
+constexpr std::size_t kShortestPart = 3;     // shorter ones are part of anything
+constexpr std::size_t kLongestWord = 100;    // longer ones are not misspelt words
+constexpr std::size_t kPart = kLongestWord;  // the distance of a word of which the other is a part
+constexpr std::size_t kFar = kPart + 1;
 
 bool IsPart(std::string_view word, std::string_view candidate) {
   const auto& [part, whole] =
@@ -53,15 +54,14 @@ std::size_t AllowedChanges(std::size_t length) {
   return length <= kShortWord ? length / 2 : std::max<std::size_t>(2, length / 4);
 }
 
-/// The distance of a candidate, `kFar` when it is not near. A word of which the other is a part comes after
-/// those of similar spelling.
+/// The distance of a candidate, `kFar` when it is not near.
 std::size_t DistanceOf(std::string_view candidate, std::string_view word) {
   const std::string known = Small(candidate), given = Small(word);
   if (known.empty()) return kFar;
   const std::size_t allowed = AllowedChanges(known.size());
   const std::size_t distance = given.size() < kLongestWord ? Distance(given, known) : kFar;
   if (distance <= allowed) return distance;
-  return IsPart(given, known) ? known.size() % kFar : kFar;
+  return IsPart(given, known) ? kPart : kFar;
 }
 
 }  // namespace
@@ -77,6 +77,8 @@ std::string DidYouMean(std::string_view word, const std::vector<std::string>& wo
   constexpr std::size_t kMost = 3;
   std::vector<std::string> near = NearWords(word, words);
   std::ranges::stable_sort(near, {}, [&](const std::string& each) { return DistanceOf(each, word); });
+  const auto isPart = [&](const std::string& each) { return DistanceOf(each, word) == kPart; };
+  if (!near.empty() && !isPart(near.front())) std::erase_if(near, isPart);
   std::string hint;
   for (std::size_t i = 0; i < near.size() && i < kMost; ++i) {
     hint += (i == 0 ? "; did you mean " : " or ") + Quoted(near[i]);

@@ -11,7 +11,7 @@ namespace vanzet {
 std::vector<std::string> NearWords(std::string_view word, const std::vector<std::string>& words);
 
 /// The end of a message about an unknown word: "; did you mean 'show'?", with the nearest words, at most
-/// three. Empty when no word is near.
+/// three; parts only where no spelling is similar. Empty when no word is near.
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& words);
 
 }  // namespace vanzet

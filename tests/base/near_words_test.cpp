@@ -41,5 +41,10 @@ TEST(DidYouMean, NamesTheNearestFirstAndAtMostThree) {
   EXPECT_EQ(DidYouMean("dance", {"new", "show"}), "");
 }
 
+TEST(DidYouMean, NamesPartsOnlyWhereNoSpellingIsSimilar) {
+  EXPECT_EQ(DidYouMean("main/chuk", {"main", "main/chuck"}), "; did you mean 'main/chuck'?");
+  EXPECT_EQ(DidYouMean("chuck", {"main", "main/chuck"}), "; did you mean 'main/chuck'?");
+}
+
 }  // namespace
 }  // namespace vanzet
