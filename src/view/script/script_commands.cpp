@@ -5,20 +5,15 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "view/script/names.h"
 
 namespace vanzet::view {
 namespace {
 
 /// The control of a word. Fails when it does not exist or cannot be used now.
 Result<const Control*> ControlIn(const DialogState& state, const ScriptWord& word) {
-  const std::optional<std::int32_t> id = WholeInteger(word.text);
-  const Control* found = nullptr;
-  for (const auto* list : {&state.dialog, &state.controls}) {
-    for (const Control& control : *list) {
-      if (id && control.id == *id) found = &control;
-    }
-  }
-  if (found == nullptr) return Fault{"unknown control '" + word.text + "'"};
+  const Control* const found = FindControl(state, word.text);
+  if (found == nullptr) return Fault{"unknown control '" + word.text + "'" + NearControls(state, word.text)};
   if (!found->isVisible) return Fault{"control " + word.text + " is hidden"};
   if (!found->isEnabled) return Fault{"control " + word.text + " is disabled"};
   return found;
@@ -100,7 +95,7 @@ constexpr Command kCommands[] = {
     {"choose", "CONTROL N or CONTROL \"TEXT\"", 3, Choose},
     {"close",  "no arguments",                  1, Close},
     {"press",  "CONTROL",                       2, Press},
-    {"select", "ID",                            2, Select},
+    {"select", "NODE",                          2, Select},
     {"set",    "CONTROL VALUE",                 3, Set},
 };
 // clang-format on
@@ -108,9 +103,9 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 Result<std::int32_t> NodeIn(const DialogState& state, const ScriptWord& word) {
-  const std::optional<std::int32_t> id = WholeInteger(word.text);
+  const std::optional<std::int32_t> id = NodeId(word.text);
   if (!id || std::ranges::find(state.tree, *id, &TreeNode::id) == state.tree.end()) {
-    return Fault{"node '" + word.text + "' is not in the tree"};
+    return Fault{"node '" + word.text + "' is not in the tree" + NearNodes(state, word.text)};
   }
   return *id;
 }

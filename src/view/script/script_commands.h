@@ -9,7 +9,7 @@ namespace vanzet::view {
 /// Runs one line on an open dialog: select, set, choose, press or close. A line that fails changes nothing.
 Result<void> RunOnDialog(Dialog& dialog, const ScriptLine& line);
 
-/// The id in a word of a script. Fails when the tree does not have that node.
+/// The node that a word of a script names, by id or by name. Fails when the tree does not have that node.
 Result<std::int32_t> NodeIn(const DialogState& state, const ScriptWord& word);
 
 }  // namespace vanzet::view

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
-#include "base/numbers.h"
 #include "platform/files.h"
 #include "platform/host_extensions.h"
+#include "view/script/names.h"
 #include "view/script/script_commands.h"
 
 namespace vanzet::view {
@@ -178,10 +178,10 @@ Result<void> ScriptView::State(Dialog* dialog, const ScriptLine& line) {
 }
 
 Result<void> ScriptView::Context(Dialog* dialog, const ScriptLine& line) {
-  if (line.size() != 2 && line.size() != 3) return Fault{"'context' takes ID or ID COMMAND"};
+  if (line.size() != 2 && line.size() != 3) return Fault{"'context' takes NODE or NODE COMMAND"};
   VANZET_TRY(const std::int32_t node, NodeIn(dialog->State(), line[1]));
   if (line.size() == 3) {
-    wanted_ = WholeInteger(line[2].text);
+    wanted_ = CommandId(line[2].text);
     if (!wanted_) return Fault{"'" + line[2].text + "' is not a command"};
   }
   dialog->ContextAt(node);
