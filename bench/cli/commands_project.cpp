@@ -12,6 +12,7 @@
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
+#include "cli/output_files.h"
 #include "project/known_settings.h"
 #include "project/sample.h"
 
@@ -69,6 +70,7 @@ Result<void> New(const NewArguments& arguments, Context& context) {
 
 struct OpenArguments {
   std::string project = ".";
+  std::string recording;  ///< empty: none
   bool hasDialog = false;
 };
 
@@ -94,9 +96,12 @@ Result<void> UpgradeBefore(const OpenArguments& arguments, Context& context) {
 Result<void> Open(const OpenArguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   if (!HasDisplay()) return Fault{"no display is available to open a window"};
+  VANZET_DO(CheckIsNoInput(arguments.recording, InputsOf(project)));
+  VANZET_DO(CheckOutputFile(arguments.recording));
   // The window shows also a project that cannot be changed.
   if (const auto upgraded = UpgradeBefore(arguments, context); !upgraded)
     context.panel.Tell(upgraded.fault());
+  if (!arguments.recording.empty()) setenv("VANZET_RECORD", arguments.recording.c_str(), 1);
   const std::string program = (context.places.Sibling("vanzet-window")).string();
   const std::string folder = project.folder().string();
   const char* const words[] = {program.c_str(), folder.c_str(), arguments.hasDialog ? "--dialog" : nullptr,
@@ -148,7 +153,11 @@ void AddOpen(Command& vanzet, Context& context) {
   Command& command = vanzet.AddCommand("open", "Opens the project in the workbench's window.");
   AddProject(command, arguments->project);
   command.AddFlag("--dialog", "open the equipment dialog as well", arguments->hasDialog);
-  command.examples = {"vanzet open lathe --dialog"};
+  command.AddOption(
+      "--record", "FILE",
+      "write what is done in the equipment dialog to this file, as a script that 'vanzet script' plays",
+      StoreFile(arguments->recording));
+  command.examples = {"vanzet open lathe --dialog", "vanzet open lathe --dialog --record job.txt"};
   command.work = [=, &context] { return Open(*arguments, context); };
 }
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/symbols.h"
 #include "view/console_view.h"
+#include "view/script/recording_view.h"
 #include "view/script/script_view.h"
 #include "view/view_library.h"
 
@@ -43,6 +45,21 @@ std::filesystem::path QtLibrary() {
 }  // namespace
 
 std::unique_ptr<View> ViewChoice::Choose() {
+  const std::string recording = FromEnvironment("VANZET_RECORD");
+  auto view = ChooseShown();
+  if (recording.empty()) return view;
+  return std::make_unique<RecordingView>(
+      std::move(view), [=, this] { return std::make_unique<Recording>(NextRecording(recording)); });
+}
+
+std::string ViewChoice::NextRecording(const std::string& file) {
+  if (++recordings_ == 1) return file;
+  const std::filesystem::path path(file);
+  const std::string name = path.stem().string() + "-" + std::to_string(recordings_);
+  return (path.parent_path() / (name + path.extension().string())).string();
+}
+
+std::unique_ptr<View> ViewChoice::ChooseShown() {
   const std::string script = FromEnvironment("VANZET_SCRIPT");
   if (!script.empty()) {
     return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")),

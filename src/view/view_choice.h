@@ -18,13 +18,18 @@ namespace vanzet::view {
 /// otherwise                       the console; also, after a line with the reason, when that library or the
 ///                                 display does not work
 ///
+/// Where VANZET_RECORD names a file, what the person does in a dialog is written there as a script; for the
+/// second dialog of the process "job.txt" becomes "job-2.txt", and so on.
+///
 /// A transcript is begun once for each name, and later choices of the same process continue it.
 class ViewChoice {
  public:
-  /// Reads the environment again. The view serves one call.
+  /// Reads the environment again. The view serves one call; the choice has to outlive it.
   std::unique_ptr<View> Choose();
 
  private:
+  std::unique_ptr<View> ChooseShown();
+  std::string NextRecording(const std::string& file);
   std::shared_ptr<Transcript> TranscriptTo(const std::string& file);
 
   /// The view on the display; null, after a line the first time, when it does not work.
@@ -32,6 +37,7 @@ class ViewChoice {
 
   std::string transcriptFile_;
   std::shared_ptr<Transcript> transcript_;
+  int recordings_ = 0;
   std::string reportedReason_;  ///< why the display did not work, as it was reported last
 };
 

@@ -1,4 +1,5 @@
 #include <QTimer>
+#include <cstdlib>
 #include <deque>
 #include <fstream>
 #include <sstream>
@@ -7,6 +8,7 @@
 #include "dialog/dlg_main.h"
 #include "platform/files.h"
 #include "view/qt/qt_view.h"
+#include "view/script/recording_view.h"
 #include "view/script/transcript.h"
 #include "view_qt/person.h"
 
@@ -125,10 +127,16 @@ class PersonView final : public view::View,
 }  // namespace
 
 void ServeDialog(const std::filesystem::path& script, const std::filesystem::path& transcript, void* parent) {
-  PersonView view(script, transcript);
+  const char* const recording = std::getenv("VANZET_RECORD");
+  std::unique_ptr<view::View> shown = std::make_unique<PersonView>(script, transcript);
+  if (recording != nullptr) {
+    const auto begin = [recording] { return std::make_unique<view::Recording>(recording); };
+    shown = std::make_unique<view::RecordingView>(std::move(shown), begin);
+  }
+  view::View& view = *shown;
   const platform::PresenterScope boxes(view.Boxes());
   const platform::FilePresenterScope fileDialogs(view.Files());
-  dialog::CDlgMain dialog(parent, view);
+  dialog::CDlgMain dialog(parent, *view.ForDialog());
   dialog.RunModalLoop(4);
 }
 
