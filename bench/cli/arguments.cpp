@@ -69,8 +69,7 @@ SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t coun
 }
 
 SplitWords SplitProject(const std::vector<std::string>& words) {
-  const bool named = words.size() > 1 && IsFolder(words.front());
-  if (!named) return {".", words};
+  if (words.empty() || !IsFolder(words.front())) return {".", words};
   return {words.front(), {words.begin() + 1, words.end()}};
 }
 

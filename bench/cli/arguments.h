@@ -62,7 +62,7 @@ struct SplitWords {
 /// it names a project, or a folder while the last does not name a project; else the last.
 SplitWords SplitOperands(const std::vector<std::string>& words, std::size_t count);
 
-/// Splits any number of words: the project is the first if it names a folder and others follow.
+/// Splits any number of words: the project is the first if it names a folder.
 SplitWords SplitProject(const std::vector<std::string>& words);
 
 struct Context;

@@ -1,5 +1,4 @@
 #include <iostream>
-#include <iterator>
 
 #include "base/files/whole_file.h"
 #include "base/one_line.h"
@@ -8,9 +7,10 @@
 #include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "cli/standard_input.h"
 #include "project/text_file.h"
 
-/// The commands that run scripts of the dialog and lines of the macro language.
+/// The command that plays scripts of the dialog.
 namespace vanzet::cli {
 namespace {
 
@@ -35,17 +35,10 @@ Result<std::filesystem::path> ReadScript(const ScriptSource& source, api::Host& 
   if (source.file == "-") {
     VANZET_TRY(const auto folder, host.runFolder.Path());
     file = folder / "script.txt";
-    VANZET_DO(files::ReplaceFile(file, std::string(std::istreambuf_iterator<char>(std::cin), {})));
+    VANZET_DO(files::ReplaceFile(file, ReadStandardInput("the script")));
   }
   VANZET_DO(project::ReadTextFile(file, source.name));
   return file;
-}
-
-Result<void> LoadPicks(const std::string& file, api::Host& host) {
-  if (file.empty()) return {};
-  VANZET_TRY(auto picks, drawing::Picks::ReadFile(file));
-  host.picks = std::make_unique<drawing::Picks>(std::move(picks));
-  return {};
 }
 
 /// Says what a real run would have changed, besides the store and the drawing.
@@ -76,6 +69,7 @@ Result<void> Play(const ScriptSource& source, const ScriptArguments& arguments, 
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const ScriptSource source{operands.words.front()};
+  if (source.file == "-" && arguments.picks == "-") return Fault{"standard input can be read only once"};
   for (const std::string& output : {arguments.trace, arguments.transcript}) {
     VANZET_DO(CheckIsNoInput(output, {source.file, arguments.picks}));
   }
@@ -85,41 +79,6 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script"); });
   PrintLeftOut(*hosted->host->dryRun);
   return {};
-}
-
-struct LineArguments {
-  std::vector<std::string> words;
-  std::string picks;
-};
-
-std::vector<std::string> LinesOf(std::istream& input) {
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(input, line);) {
-    if (line.ends_with('\r')) line.pop_back();
-    if (line.find_first_not_of(" \t") != std::string::npos) lines.push_back(line);
-  }
-  return lines;
-}
-
-/// Runs all lines, also after one of them failed.
-Result<void> RunLines(const std::vector<std::string>& lines, api::Host& host, Context& context) {
-  if (lines.size() == 1) return host.Command(lines.front());
-  for (const std::string& line : lines) {
-    if (const auto run = host.Command(line); !run) context.panel.Tell(run.fault());
-  }
-  return context.panel.faults() == 0 ? Result<void>() : ReportedFault();
-}
-
-Result<void> RunCommand(const LineArguments& arguments, Context& context) {
-  const SplitWords operands = SplitProject(arguments.words);
-  VANZET_TRY(const auto hosted, HostProject(operands.project, "", context));
-  api::Host& host = *hosted->host;
-  VANZET_DO(LoadPicks(arguments.picks, host));
-  const bool fromInput = operands.words == std::vector<std::string>{"-"};
-  const auto lines = fromInput ? LinesOf(std::cin) : operands.words;
-  host.store.WaitAtMost(context.wait);
-  VANZET_DO(RunLines(lines, host, context));
-  return KeepRun([&] { return host.Commit("command"); });
 }
 
 }  // namespace
@@ -137,27 +96,15 @@ void AddScript(Command& vanzet, Context& context) {
   command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   command.AddOption("--transcript", "FILE", "write the transcript to this file instead of standard output",
-                    StoreFile(arguments->transcript));
+                    [=](const std::string& name, const std::string& word) {
+                      arguments->transcript = word == "-" ? "" : FileOf(name, word);
+                    });
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
   AddWait(command, context);
   command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl",
                       "vanzet script lathe - --strict <bar-job.txt"};
   command.work = [=, &context] { return Script(*arguments, context); };
-}
-
-void AddCommand(Command& vanzet, Context& context) {
-  const auto arguments = std::make_shared<LineArguments>();
-  Command& command = vanzet.AddCommand(
-      "command", "Runs lines of the macro language: one per argument, or, for '-', those on standard input.");
-  command.AddOperands("[PROJECT] LINE...", "", arguments->words).Required();
-  command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
-                    StoreFile(arguments->picks));
-  AddKeepTmp(command, context);
-  AddWait(command, context);
-  command.examples = {"vanzet command lathe \"vdm save 'job.vdm' i_ret i_billet_vdm\"",
-                      "vanzet command lathe - <billet.txt"};
-  command.work = [=, &context] { return RunCommand(*arguments, context); };
 }
 
 }  // namespace vanzet::cli

@@ -1,5 +1,7 @@
 #include "language/interpreter.h"
 
+#include <algorithm>
+
 #include "language/commands.h"
 
 namespace vanzet::language {
@@ -103,6 +105,16 @@ Fault UnknownSecondWord(std::string_view first, const CommandLine& line) {
 }
 
 }  // namespace
+
+bool CanBeginLine(std::string_view text) {
+  CommandLine line(text);
+  const bool isWordAlone = text.find_first_of(" \t=") == std::string_view::npos;
+  if (!isWordAlone && (line.ReadEntity("ckps") || line.ReadAssignment())) return true;
+  return std::ranges::any_of(kCommands, [&](const Command& command) {
+    const bool hasMore = !command.words[1].empty() || command.operands[0].kind != Kind::kNone;
+    return CommandLine(text).SkipWord(command.words[0]) && !(isWordAlone && hasMore);
+  });
+}
 
 Result<void> Run(std::string_view text, Surroundings& surroundings) {
   CommandLine line(text);

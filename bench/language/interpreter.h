@@ -58,6 +58,10 @@ struct Surroundings {
   Workplace& workplace;
 };
 
+/// True when a line can begin so: with a command, an entity or an assignment. A word alone has to be a whole
+/// command.
+bool CanBeginLine(std::string_view line);
+
 /// Runs one line. An unknown or wrong line changes nothing; its fault has a column, from 1, and says what was
 /// expected. The commands: docs/macro-language.md.
 Result<void> Run(std::string_view line, Surroundings& surroundings);

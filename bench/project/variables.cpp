@@ -1,5 +1,6 @@
 #include "project/variables.h"
 
+#include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/quote.h"
 
@@ -94,6 +95,17 @@ Result<void> Variables::SetFromText(std::string_view name, std::string_view text
     case Type::kNone: break;
   }
   return NotOfType(name, "a value");
+}
+
+std::map<std::string, std::string> Variables::Texts() const {
+  struct Written {
+    std::string operator()(std::int32_t value) const { return std::to_string(value); }
+    std::string operator()(double value) const { return NumberText(value); }
+    std::string operator()(const std::string& value) const { return "'" + value + "'"; }
+  };
+  std::map<std::string, std::string> texts;
+  for (const auto& [name, value] : values_) texts[name] = std::visit(Written(), value);
+  return texts;
 }
 
 }  // namespace vanzet::project

@@ -33,6 +33,9 @@ class Variables {
   /// Reads the value by the type of the name. Fails when it is not such a number, or the name has no type.
   Result<void> SetFromText(std::string_view name, std::string_view text);
 
+  /// All values by their names, as a macro line writes them: texts in single quotes.
+  std::map<std::string, std::string> Texts() const;
+
  private:
   using AnyValue = std::variant<std::int32_t, double, std::string>;
 
