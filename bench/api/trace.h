@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
+#include <ostream>
+#include <string>
+#include <utility>
 
 #include <nlohmann/json_fwd.hpp>
 
@@ -28,17 +30,18 @@ class CallLog {
 /// "out", in the order of the pointers. Bytes that are not UTF-8 become U+FFFD.
 class Trace final : public CallLog {
  public:
-  /// Opens the file. Fails for a pipe, which could block the writer.
+  /// Opens the file; "-" is standard output. Fails for a pipe, which could block the writer.
   static Result<std::unique_ptr<Trace>> To(const std::filesystem::path& file);
 
   /// Fails the first time that a line cannot be written; later lines are dropped.
   Result<void> Write(const char* call, const Json& arguments, const Json& result, const Json& out) override;
 
  private:
-  Trace(std::string file, std::ofstream stream) : file_(std::move(file)), stream_(std::move(stream)) {}
+  Trace(std::string file, std::unique_ptr<std::ostream> stream)
+      : file_(std::move(file)), stream_(std::move(stream)) {}
 
   std::string file_;
-  std::ofstream stream_;
+  std::unique_ptr<std::ostream> stream_;
 };
 
 }  // namespace vanzet::api

@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <iostream>
 #include <optional>
 
 #include <nlohmann/json.hpp>
@@ -10,6 +11,7 @@
 #include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "cli/standard_input.h"
 #include "process/last_words.h"
 #include "project/definition.h"
 #include "project/project.h"
@@ -19,6 +21,8 @@
 /// The commands on single VDMs and on .vdm files.
 namespace vanzet::cli {
 namespace {
+
+constexpr const char* kFileHelp = "FILE is a .vdm file; '-' is standard input or output";
 
 /// The operands of save and load.
 struct VdmArguments {
@@ -48,40 +52,54 @@ Result<void> Save(const VdmArguments& arguments, const Context& context) {
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
   VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(arguments.number));
+  if (arguments.file == "-") return vdm::WriteVdm(content, Print);
   VANZET_DO(vdm::WriteVdmFile(file, content));
   return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +
                ", to " + OneLine(file.string()) + "\n");
 }
 
+/// Reads a .vdm file, or standard input for the name "-".
+Result<vdm::Vdm> ReadVdm(const std::string& name, const std::filesystem::path& file) {
+  if (name != "-") return vdm::ReadVdmFile(file);
+  HintAtTerminal("the text of a VDM");
+  return vdm::ReadVdm(std::cin, "standard input");
+}
+
+/// Where a VDM came from, for a message.
+std::string SourceOf(const std::string& name, const std::filesystem::path& file) {
+  return name == "-" ? "standard input" : OneLine(file.string());
+}
+
 Result<void> Load(const VdmArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const auto file = project.paths().Resolve(arguments.file);
-  VANZET_TRY(const auto content, vdm::ReadVdmFile(file));
+  VANZET_TRY(const auto content, ReadVdm(arguments.file, file));
   process::SetKept(process::Kept::kNothing);
   vdm::VdmStore store(project.folder());
   store.WaitAtMost(context.wait);
   VANZET_DO(store.Replace(arguments.number, content));
   const std::string line = "loaded VDM " + std::to_string(arguments.number) + ", " +
-                           Counted(content.Size(), "record") + ", from " + OneLine(file.string()) + "\n";
+                           Counted(content.Size(), "record") + ", from " + SourceOf(arguments.file, file) +
+                           "\n";
   return KeepRun([&] { return store.Commit("vdm load", {}, [&] { return Print(line); }); });
 }
 
 Result<void> Check(const std::string& file, bool json) {
-  VANZET_TRY(const auto content, vdm::ReadVdmFile(PathMap::OfProcess().Resolve(file)));
+  VANZET_TRY(const auto content, ReadVdm(file, PathMap::OfProcess().Resolve(file)));
   std::size_t items = 0;
   for (std::size_t i = 0; i < content.Size(); ++i) {
     VANZET_TRY(const auto record, content.Read(i));
     items += record->Size();
   }
   if (json) return PrintJson({{"file", file}, {"records", content.Size()}, {"items", items}});
-  return Print(OneLine(file) + ": " + Counted(content.Size(), "record") + ", " + Counted(items, "item") +
-               "\n");
+  return Print(SourceOf(file, file) + ": " + Counted(content.Size(), "record") + ", " +
+               Counted(items, "item") + "\n");
 }
 
 void AddSave(Command& vdm, const Context& context) {
   const auto arguments = std::make_shared<VdmArguments>();
   Command& command = vdm.AddCommand("save", "Saves a VDM to a .vdm file.");
-  command.AddOperands("[PROJECT] NUMBER FILE", "", arguments->words).Required().Count(2, 3);
+  command.AddOperands("[PROJECT] NUMBER FILE", kFileHelp, arguments->words).Required().Count(2, 3);
   command.examples = {"vanzet vdm save lathe 1000 job.vdm"};
   command.check = [=] { AssignOperands(*arguments, 0); };
   command.work = [=, &context] { return Save(*arguments, context); };
@@ -92,7 +110,7 @@ void AddLoad(Command& vdm, Context& context) {
   Command& command = vdm.AddCommand(
       "load",
       "Replaces a VDM with the content of a .vdm file. When the file is rejected, the VDM is unchanged.");
-  command.AddOperands("[PROJECT] FILE NUMBER", "", arguments->words).Required().Count(2, 3);
+  command.AddOperands("[PROJECT] FILE NUMBER", kFileHelp, arguments->words).Required().Count(2, 3);
   AddWait(command, context);
   command.examples = {"vanzet vdm load lathe job.vdm 1000"};
   command.check = [=] { AssignOperands(*arguments, 1); };
@@ -106,7 +124,7 @@ void AddCheck(Command& vdm) {
   };
   const auto arguments = std::make_shared<CheckArguments>();
   Command& command = vdm.AddCommand("check", "Checks a .vdm file, and counts its records and items.");
-  command.AddOperand("FILE", "", StoreFile(arguments->file)).Required();
+  command.AddOperand("FILE", kFileHelp, StoreFile(arguments->file)).Required();
   command.AddFlag("--json", "print JSON", arguments->json);
   command.examples = {"vanzet vdm check job.vdm"};
   command.work = [=] { return Check(arguments->file, arguments->json); };

@@ -162,10 +162,10 @@ std::string LineOf(std::string_view item) {
   return line;
 }
 
-Result<void> WriteRecord(files::FileReplacement& file, const Record& record) {
-  VANZET_DO(file.Write("record\n"));
+Result<void> WriteRecord(const TextSink& write, const Record& record) {
+  VANZET_DO(write("record\n"));
   for (std::size_t i = 0; i < record.Size(); ++i) {
-    VANZET_DO(file.Write(LineOf(record[i])));
+    VANZET_DO(write(LineOf(record[i])));
   }
   return {};
 }
@@ -199,15 +199,18 @@ Result<Vdm> ReadVdmFile(const std::filesystem::path& file) {
   return ReadVdm(text, file.string());
 }
 
-Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content) {
-  VANZET_TRY(auto replacement, files::FileReplacement::Begin(file));
-  VANZET_DO(replacement.Write("vdm 1\n"));
+Result<void> WriteVdm(const Vdm& content, const TextSink& write) {
+  VANZET_DO(write("vdm 1\n"));
   for (std::size_t i = 0; i < content.Size(); ++i) {
     VANZET_TRY(const auto record, content.Read(i));
-    VANZET_DO(WriteRecord(replacement, *record));
+    VANZET_DO(WriteRecord(write, *record));
   }
-  const std::string end = "end " + std::to_string(content.Size()) + "\n";
-  VANZET_DO(replacement.Write(end));
+  return write("end " + std::to_string(content.Size()) + "\n");
+}
+
+Result<void> WriteVdmFile(const std::filesystem::path& file, const Vdm& content) {
+  VANZET_TRY(auto replacement, files::FileReplacement::Begin(file));
+  VANZET_DO(WriteVdm(content, [&](const std::string& text) { return replacement.Write(text); }));
   return replacement.Commit();
 }
 
