@@ -1,4 +1,4 @@
-// What a large drawing costs: reading its groups, making arcs of its splines, and joining its pieces.
+// The cost of a large drawing: reading its groups, making arcs of its splines, and joining its pieces.
 
 #include <benchmark/benchmark.h>
 

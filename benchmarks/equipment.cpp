@@ -1,5 +1,5 @@
-// The CPU time of whole programs that make files of the equipment, with all programs that they run, and the most
-// memory that one of them had: exports in each format, and a picture.
+// The CPU time of whole programs that make files of the equipment, with all programs that they run, and the
+// most memory that one of them had: exports in each format, and a picture.
 
 #include <benchmark/benchmark.h>
 #include <stdlib.h>

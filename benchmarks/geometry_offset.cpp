@@ -14,8 +14,8 @@
 #include "offset_contours.h"
 #include "offset_peer.h"
 
-/// The costs of an offset, in nanoseconds of CPU time a span of the source, as a caller has them: memory comes
-/// from the system as usual, and the result is freed within the measurement.
+/// The costs of an offset, in nanoseconds of CPU time a span of the source, as a caller has them: memory
+/// comes from the system as usual, and the result is freed within the measurement.
 ///
 ///   100 to 100,000  the least of many calls in one process, by number of spans
 ///   growth          100,000 beside 1,000

@@ -107,8 +107,8 @@ std::vector<Step> StepsOfJob(const Job& job, const define::Json& former,
   return define::StepsOf(job.form, former, surroundings.hasSubSpindle, surroundings.spurs > 1);
 }
 
-/// Writes a catalogue of the devices in the steps, from which the dialog chooses. The catalogue of the shop is
-/// not changed and need not contain them.
+/// Writes a catalogue of the devices in the steps, from which the dialog chooses. The catalogue of the shop
+/// is not changed and need not contain them.
 Result<void> WriteCatalogue(const std::vector<Step>& steps, const Job& job) {
   VANZET_TRY(const auto folder, job.host.runFolder.Path());
   job.host.catalogue = folder / "clampdevice.cld";

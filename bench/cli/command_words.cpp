@@ -61,7 +61,8 @@ void StoreWord(const Parameter& parameter, const std::string& word) {
   if (const auto* const take = std::get_if<TakeWord>(&parameter.target)) (*take)(parameter.LongName(), word);
 }
 
-/// Describes an option or flag to the library, which splits the words; all that is asked of them is checked here.
+/// Describes an option or flag to the library, which splits the words; all that is asked of them is checked
+/// here.
 CLI::Option* AddToParser(CLI::App& app, const Parameter& parameter) {
   if (parameter.kind == Kind::kFlag) return app.add_flag(parameter.name);
   return app.add_option(parameter.name)

@@ -21,8 +21,8 @@ inline const std::vector<std::string> kVersionOptions = {"-V", "--version"};
 
 /// The options and operands that were given to one command.
 ///
-/// Story    `Read` has the words split by CLI11, assigns each to a parameter and checks what can be seen without the meaning of the
-///          words; `Store` hands the words to the parameters' targets
+/// Story    `Read` has the words split by CLI11, assigns each to a parameter and checks what can be seen
+///          without the meaning of the words; `Store` hands the words to the parameters' targets
 /// Errors   both throw `WrongUsage`
 class CommandWords {
  public:

@@ -8,7 +8,7 @@
 namespace vanzet::cli {
 
 /// Prints the files that a command has written, one a line: for people the path, the volume and the size of
-/// what is in it, for programs as docs/command-line.md describes.
+/// its bodies, for programs as docs/command-line.md describes.
 Result<void> PrintWrittenFiles(const std::vector<results::WrittenFile>& files, bool isJson);
 
 /// True for the name that stands for standard output, "-".

@@ -49,8 +49,8 @@ Result<Contours> ReadText(std::istream& text, const std::string& name);
 /// Writes the contours one after the other. They read back the same to 14 digits.
 std::string TextForm(const Contours& contours);
 
-/// Reads the contours of a drawing in DXF, as text or binary. Fails with a line, or a byte, for a file that is
-/// not a drawing or is cut short, an entity that lacks a number, blocks without end, and an arc or a
+/// Reads the contours of a drawing in DXF, as text or binary. Fails with a line, or a byte, for a file that
+/// is not a drawing or is cut short, an entity that lacks a number, blocks without end, and an arc or a
 /// coordinate that is not one; without a line for a drawing or a layer without a contour, and for an unknown
 /// unit.
 Result<DxfContent> ReadDxf(std::istream& bytes, const std::string& name, const DxfOptions& options);

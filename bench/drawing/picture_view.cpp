@@ -14,7 +14,8 @@ using geometry::Point;
 
 /// In pixels.
 constexpr double kMargin = 32, kUsualWidth = 800, kUsualHeight = 560;
-/// A long drawing, such as that of a bar, gets a larger picture, which is never longer than this for its width.
+/// A long drawing, such as that of a bar, gets a larger picture, which is never longer than this for its
+/// width.
 constexpr double kLongSide = 1600, kLongestRatio = 4;
 /// The largest share of a picture that its margin takes.
 constexpr double kLargestMargin = 0.1;

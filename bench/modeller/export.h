@@ -35,7 +35,7 @@ enum class ExportFormat { kStep, kStl, kWrl, kGltf };
 std::optional<ExportFormat> FormatNamed(std::string_view word);
 std::string_view EndingOf(ExportFormat format);
 
-/// What is known of a body in a file.
+/// The figures of a body in a file.
 struct BodyFacts {
   std::optional<double> volume;  ///< nothing for a body that does not enclose one
   geometry::Box3d box;

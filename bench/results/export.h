@@ -49,7 +49,8 @@ Fault ChangedSinceExport(const std::filesystem::path& file);
 Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptions& options,
                                     const std::filesystem::path& folder, const modeller::Exchange& exchange);
 
-/// The content of one file with all bodies, or with those of a name. Fails when one of them cannot be written.
+/// The content of one file with all bodies, or with those of a name. Fails when one of them cannot be
+/// written.
 Result<std::string> EquipmentFile(const scene::Scene& scene, const ExportOptions& options,
                                   const modeller::Exchange& exchange);
 

@@ -53,8 +53,8 @@ struct Sources {
   project::SteadyRest steadyRest = {};
 };
 
-/// A 3D text that cannot be read, and a billet or finish part that cannot be made, are missing; the fault says
-/// which. Fails only for a reason of the system, and when the work is cancelled.
+/// A 3D text that cannot be read, and a billet or finish part that cannot be made, are missing; the fault
+/// says which. Fails only for a reason of the system, and when the work is cancelled.
 /// Requires: the geometry library works in millimetres
 Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources);
 

@@ -41,7 +41,8 @@ Result<Body> RingOf(const Sizes& sizes) {
   return modeller::Spin(section, kSpindle, 360);
 }
 
-/// The arm that points up, from the billet into the ring, which takes it up. Seen along the axis, its end is a half circle.
+/// The arm that points up, from the billet into the ring, which takes it up. Seen along the axis, its end is
+/// a half circle.
 Result<Body> ArmOf(const Sizes& sizes) {
   const double middle = sizes.billet + sizes.roll, top = (sizes.inner + sizes.outer) / 2;
   Kurve outline;

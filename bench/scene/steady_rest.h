@@ -5,7 +5,7 @@
 
 namespace vanzet::scene {
 
-/// The part of the axis that a steady rest can stand at: where the billet is free.
+/// The part of the axis along which the billet is free, so that a steady rest can hold it.
 struct FreeLength {
   double from, to;
 };

@@ -51,8 +51,8 @@ const std::map<std::string, Folders> kWorkbench = {
     {"define", {"base", "devices", "scene"}},
     {"show", {"base", "project", "scene", "devices"}},
     {"cli",
-     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
-      "define", "show", "process"}},
+     {"base", "vdm", "project", "drawing", "language", "api", "contour", "geometry", "modeller", "scene",
+      "results", "define", "show", "process"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
       "process"}},
@@ -124,7 +124,7 @@ TEST(Arrows, OfThePagesDoNotLeadBackToTheDialogAroundThem) {
 
 TEST(Arrows, OfTheViewOnADisplayMeetTheModuleInPlainHeaders) {
   // Of the module the tables of devices are linked into the view's library, what finds its own folder, and
-  // what both sides know of numbers and units.
+  // the numbers and units of both sides.
   const std::set<std::string> plain = {
       "view/dialog.h",     "view/dialog_state.h",    "view/dialog_view.h",     "view/view.h",
       "view/view_entry.h", "platform/file_dialog.h", "platform/message_box.h", "platform/symbols.h",

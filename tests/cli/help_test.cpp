@@ -102,8 +102,10 @@ TEST_F(Help, IsInTheLanguageOfOneVariableOnly) {
   EXPECT_EQ(Vanzet("show --help", "LANG=de_DE.UTF-8 LANGUAGE=de").out, english);
   EXPECT_EQ(Vanzet("show --help", "VANZET_LANGUAGE=xx").out, english);
   const std::string german = Vanzet("show --help", "VANZET_LANGUAGE=de").out;
-  EXPECT_THAT(german,
-              HasSubstr("Gibt aus, was für jede Spindelspur definiert ist und was fehlt.\nAufruf: vanzet show [OPTIONEN]"));
+  EXPECT_THAT(
+      german,
+      HasSubstr(
+          "Gibt aus, was für jede Spindelspur definiert ist und was fehlt.\nAufruf: vanzet show [OPTIONEN]"));
   EXPECT_THAT(german, HasSubstr("Beispiel:\n  vanzet show lathe"));
 }
 

@@ -138,7 +138,8 @@ TEST_F(ExportCommand, WritesAnOpenBodyWithoutAVolume) {
   WriteBytes(folder / "lathe/bodies/sheet.stl",
              "solid sheet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex -50 0 0\nvertex 0 20 0\n"
              "endloop\nendfacet\nendsolid sheet\n");
-  const char* const form = R"({"spurs":[{"spur":0,"main":{"billet":{"kind":"solid","solid":"sheet","part_length":50,
+  const char* const form =
+      R"({"spurs":[{"spur":0,"main":{"billet":{"kind":"solid","solid":"sheet","part_length":50,
                               "clamp_diameter":40}}}]})";
   const Outcome defined = Vanzet("define - lathe", "", form);
   ASSERT_EQ(defined.status, 0) << defined.err;

@@ -26,15 +26,15 @@ class SceneTest : public HostTest {
   }
 
   Result<scene::Scene> Try() {
-    const scene::Sources sources = {
-        [this](const std::string& name) -> Result<std::vector<geometry::Kurve>> {
-          if (const auto found = figures.find(name); found != figures.end()) return found->second;
-          return Fault{"figure '" + name + "' does not exist"};
-        },
-        [this](const std::string& name) -> Result<modeller::Body> {
-          return Fault{.text = "there is no " + name, .kind = bodyFault};
-        },
-        Reader(), steadyRest};
+    const scene::Sources sources = {[this](const std::string& name) -> Result<std::vector<geometry::Kurve>> {
+                                      if (const auto found = figures.find(name); found != figures.end())
+                                        return found->second;
+                                      return Fault{"figure '" + name + "' does not exist"};
+                                    },
+                                    [this](const std::string& name) -> Result<modeller::Body> {
+                                      return Fault{.text = name + " does not exist", .kind = bodyFault};
+                                    },
+                                    Reader(), steadyRest};
     return scene::MakeScene(Stored(), sources);
   }
 
@@ -62,7 +62,7 @@ class SceneTest : public HostTest {
 
   std::map<std::string, std::vector<geometry::Kurve>> figures;
   FaultKind bodyFault = FaultKind::kMissing;  ///< of solids, which are never there
-  project::SteadyRest steadyRest;  ///< of the machine
+  project::SteadyRest steadyRest;             ///< of the machine
 };
 
 }  // namespace vanzet::test

@@ -133,7 +133,7 @@ TEST_F(Scenes, KeepTheOthersWhenABilletCannotBeMade) {
   const scene::Scene shown = Shown();
   EXPECT_THAT(NamesOf(shown), ElementsAre("main clamp", "main jaw 1", "main jaw 2", "main jaw 3"));
   ASSERT_EQ(shown.missing.size(), 1U);
-  EXPECT_EQ(shown.missing[0].text, "the billet of the sub spindle: there is no casting");
+  EXPECT_EQ(shown.missing[0].text, "the billet of the sub spindle: casting does not exist");
 }
 
 TEST_F(Scenes, LeaveACenterAtItsPlaceWhenTheBilletIsMissing) {
@@ -155,7 +155,7 @@ TEST_F(Scenes, EndWithWhatTheSystemRefuses) {
   bodyFault = FaultKind::kSystem;
   const auto made = Try();
   ASSERT_FALSE(made);
-  EXPECT_EQ(made.fault().text, "the billet of the main spindle: there is no casting");
+  EXPECT_EQ(made.fault().text, "the billet of the main spindle: casting does not exist");
 }
 
 TEST_F(Scenes, HaveTheSteadyRestThatIsUsed) {

@@ -100,8 +100,8 @@ inline void AnswerNo(const ContourArguments& arguments) {
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Checks what the options mean together: at most one side, one kind of offset, and outputs whose names do not end like another
-/// form. Throws `WrongUsage`.
+/// Checks what the options mean together: at most one side, one kind of offset, and outputs whose names do
+/// not end like another form. Throws `WrongUsage`.
 void CheckContourArguments(const ContourArguments& arguments);
 
 /// Splits the words into files, at most `files`, and exactly `numbers` numbers after them.

@@ -17,8 +17,8 @@ struct Stroke {
   double bulge = 0;
 };
 
-/// An arc of a circle or an ellipse: centre + u cos a + v sin a, for the angles from `from` over `sweep`, which
-/// is above 0 and at most a full turn.
+/// An arc of a circle or an ellipse: centre + u cos a + v sin a, for the angles from `from` over `sweep`,
+/// which is above 0 and at most a full turn.
 struct Turn {
   Space centre, u, v;
   double from = 0, sweep = 0;

@@ -1,6 +1,6 @@
 // The exchange program. Its arguments: the order, the limits in seconds and bytes, then the file, the
-// tolerances of the mesh and the bodies of each file if the order has them. Bodies and answers come and go through descriptor 3;
-// process.h describes its reports.
+// tolerances of the mesh and the bodies of each file if the order has them. Bodies and answers come and go
+// through descriptor 3; process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <Standard_OutOfMemory.hxx>
