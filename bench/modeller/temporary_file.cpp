@@ -1,5 +1,6 @@
 #include "modeller/temporary_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -51,6 +52,14 @@ void RemoveLeftFolders() {
   }
 }
 
+/// Removes the files of an open folder, without opening it again: that could fail when descriptors are short.
+void RemoveFiles(const Descriptor& folder) {
+  DIR* const entries = fdopendir(dup(folder.number()));
+  if (entries == nullptr) return;
+  while (const dirent* const entry = readdir(entries)) unlinkat(folder.number(), entry->d_name, 0);
+  closedir(entries);
+}
+
 }  // namespace
 
 Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
@@ -76,8 +85,9 @@ TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
       path_(std::move(other.path_)) {}
 
 TemporaryFile::~TemporaryFile() {
-  std::error_code unknown;
-  if (!folder_.empty()) fs::remove_all(folder_, unknown);
+  if (folder_.empty()) return;
+  RemoveFiles(lock_);
+  rmdir(folder_.c_str());
 }
 
 Result<std::string> TemporaryFile::Content(std::size_t number) const {
