@@ -103,7 +103,8 @@ struct Shape {
 class ArcFitTest : public ContourTest {
  protected:
   static std::vector<Shape> Fit(const Curve& curve, double tolerance) {
-    const auto segments = FitArcs(curve.Beziers(), tolerance);
+    ArcBudget budget(tolerance);
+    const auto segments = FitArcs(curve.Beziers(), budget);
     std::vector<Shape> shapes;
     if (!segments) ADD_FAILURE() << segments.fault().text;
     if (!segments) return shapes;

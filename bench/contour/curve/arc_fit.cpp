@@ -17,16 +17,14 @@ constexpr double kShortestStep = 1e-10;
 /// Replaces one smooth curve from its start to its end.
 class Fitter {
  public:
-  Fitter(const SmoothCurve& curve, double tolerance)
-      : curve_(curve), tolerance_(tolerance * kShareForSpots) {}
+  Fitter(const SmoothCurve& curve, ArcBudget& budget)
+      : curve_(curve), budget_(budget), tolerance_(budget.tolerance() * kShareForSpots) {}
 
   /// The pairs of arcs one after the other. Fails when there are too many.
   Result<std::vector<Biarc>> Fit() {
     std::vector<Biarc> biarcs;
     for (double u = 0, step = 1; u < curve_.End();) {
-      if (2 * biarcs.size() > kMostVertices) {
-        return Fault{"a curve needs more than " + std::to_string(kMostVertices) + " arcs"};
-      }
+      VANZET_DO(budget_.Use(2));
       const Reach reach = FarthestFrom(u, step);
       biarcs.push_back(reach.biarc);
       step = 1.3 * (reach.end - u);
@@ -113,6 +111,7 @@ class Fitter {
   }
 
   const SmoothCurve& curve_;
+  ArcBudget& budget_;
   double tolerance_;
 };
 
@@ -142,11 +141,11 @@ class Chain {
 
 }  // namespace
 
-Result<std::vector<Segment>> FitArcs(const std::vector<PlaneBezier>& beziers, double tolerance) {
+Result<std::vector<Segment>> FitArcs(const std::vector<PlaneBezier>& beziers, ArcBudget& budget) {
   std::vector<Segment> segments;
   for (const SmoothCurve& part : SmoothParts(beziers)) {
-    VANZET_TRY(const std::vector<Biarc> biarcs, Fitter(part, tolerance).Fit());
-    Chain chain(part.At(0).point, tolerance);
+    VANZET_TRY(const std::vector<Biarc> biarcs, Fitter(part, budget).Fit());
+    Chain chain(part.At(0).point, budget.tolerance());
     for (const Biarc& biarc : biarcs) {
       chain.Add(biarc.first);
       chain.Add(biarc.second);

@@ -131,7 +131,8 @@ Result<DxfContent> ReadDxf(std::istream& bytes, const std::string& name, const D
   VANZET_TRY(const auto groups, DxfGroups::Open(bytes, name));
   VANZET_TRY(const DxfDrawing drawing, ReadDrawing(*groups));
   VANZET_TRY(const double unit, Millimetres(drawing.unit, options.unit, name));
-  VANZET_TRY(DxfLayout layout, LayOutIn(drawing, {options.layer, unit, options.tolerance}, *groups));
+  VANZET_TRY(DxfLayout layout,
+             LayOutIn(drawing, {options.layer, unit, ArcBudget(options.tolerance)}, *groups));
   VANZET_DO(CheckPieces(layout.pieces, *groups));
   if (layout.pieces.empty()) return NothingFound(layout, options.layer, name);
   Remarks remarks(name);

@@ -36,7 +36,7 @@ bool AreRound(const Vector2d& u, const Vector2d& v) {
 
 class Flattener {
  public:
-  Flattener(const Placement& placement, double tolerance) : placement_(placement), tolerance_(tolerance) {
+  Flattener(const Placement& placement, ArcBudget& budget) : placement_(placement), budget_(budget) {
     const Vector2d x = VectorFromAbove(placement.x), y = VectorFromAbove(placement.y);
     keepsCircles_ = AreRound(x, y);
     side_ = Cross(x, y) < 0 ? -1 : 1;
@@ -148,13 +148,13 @@ class Flattener {
   /// Curves that follow each other are replaced together, since arcs may reach from one to the next.
   Result<void> FitCurves() {
     if (curves_.empty()) return {};
-    VANZET_TRY(const std::vector<Segment> segments, FitArcs(std::exchange(curves_, {}), tolerance_));
+    VANZET_TRY(const std::vector<Segment> segments, FitArcs(std::exchange(curves_, {}), budget_));
     for (const Segment& segment : segments) AddSegment(segment);
     return {};
   }
 
   const Placement& placement_;
-  double tolerance_;
+  ArcBudget& budget_;
   bool keepsCircles_ = true;
   int side_ = 1;
   double lowest_ = 1e300, highest_ = -1e300;
@@ -165,8 +165,8 @@ class Flattener {
 
 }  // namespace
 
-Result<FlatPath> Flatten(const Path& path, const Placement& placement, double tolerance) {
-  return Flattener(placement, tolerance).Take(path);
+Result<FlatPath> Flatten(const Path& path, const Placement& placement, ArcBudget& budget) {
+  return Flattener(placement, budget).Take(path);
 }
 
 }  // namespace vanzet::contour

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/result.h"
+#include "contour/curve/arc_budget.h"
 #include "contour/dxf/item.h"
 #include "contour/piece.h"
 
@@ -14,8 +15,8 @@ struct FlatPath {
 };
 
 /// Places the path and looks at it from above. Arcs stay arcs where the placement keeps circles round;
-/// other arcs, ellipses and splines become tangent arcs within the tolerance. Fails when a coordinate is not
-/// within `kLargestCoordinate`, or there would be too many arcs.
-Result<FlatPath> Flatten(const Path& path, const Placement& placement, double tolerance);
+/// other arcs, ellipses and splines become tangent arcs of the budget. Fails when a coordinate is not
+/// within `kLargestCoordinate`, or the budget does not suffice.
+Result<FlatPath> Flatten(const Path& path, const Placement& placement, ArcBudget& budget);
 
 }  // namespace vanzet::contour

@@ -5,7 +5,7 @@
 
 #include "base/quote.h"
 #include "contour/contour.h"
-#include "contour/dxf/flatten.h"
+#include "contour/dxf/flat_copies.h"
 
 namespace vanzet::contour {
 namespace {
@@ -17,7 +17,7 @@ constexpr int kMostPlaced = 1'000'000;
 class Layouter {
  public:
   Layouter(const DxfDrawing& drawing, const LayoutOptions& options, int& place)
-      : drawing_(drawing), options_(options), place_(place) {}
+      : drawing_(drawing), options_(options), place_(place), copies_(options.arcs) {}
 
   Result<DxfLayout> LayOut() {
     const double scale = options_.millimetres;
@@ -52,7 +52,7 @@ class Layouter {
   Result<void> PlacePaths(const Item& item, const Placement& placement) {
     bool isLevel = true, isEdgeOn = false;
     for (const Path& path : item.paths) {
-      VANZET_TRY(FlatPath flat, Flatten(path, placement, options_.tolerance));
+      VANZET_TRY(FlatPath flat, copies_.Take(path, placement));
       isLevel = isLevel && flat.isLevel;
       isEdgeOn = isEdgeOn || flat.isEdgeOn;
       if (flat.isEdgeOn || flat.piece.segments.empty()) continue;
@@ -101,6 +101,7 @@ class Layouter {
   const DxfDrawing& drawing_;
   const LayoutOptions& options_;
   int& place_;
+  FlatCopies copies_;
   DxfLayout layout_;
   int placed_ = 0;
   std::size_t vertices_ = 0;

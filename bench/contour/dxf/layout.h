@@ -7,6 +7,7 @@
 
 #include "base/letter_case.h"
 #include "base/result.h"
+#include "contour/curve/arc_budget.h"
 #include "contour/dxf/item.h"
 #include "contour/piece.h"
 
@@ -41,13 +42,13 @@ struct DxfLayout {
 };
 
 struct LayoutOptions {
-  std::string layer;         ///< empty: all layers
-  double millimetres = 1;    ///< of a unit of the drawing
-  double tolerance = 0.001;  ///< of arcs in place of other curves, in millimetres
+  std::string layer;       ///< empty: all layers
+  double millimetres = 1;  ///< of a unit of the drawing
+  ArcBudget arcs;          ///< in place of other curves
 };
 
 /// Draws the entities, and those of blocks where they are inserted. Fails, with `place` set, for coordinates
-/// that are too large, blocks that are nested too deep, and more entities or vertices than a million.
+/// that are too large, blocks that are nested too deep, more entities or vertices than a million, and too many arcs.
 Result<DxfLayout> LayOut(const DxfDrawing& drawing, const LayoutOptions& options, int& place);
 
 }  // namespace vanzet::contour
