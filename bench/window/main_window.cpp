@@ -48,7 +48,7 @@ MainWindow::MainWindow(Places places)
   MakeDocks();
   MakeStatusBar();
   help_ = new HelpWindow(texts_, workplace_.places.share.parent_path() / "doc" / "vanzet", this);
-  projectCommands_ = new ProjectCommands(workplace_, memory_, this);
+  projectCommands_ = new ProjectCommands(workplace_, memory_, *messages_, this);
   equipmentCommands_ = new EquipmentCommands(
       workplace_, {*drawing_, *equipment_, *hint_, *definition_, *layers_, *messages_, *choice_}, this);
   viewCommands_ = new ViewCommands(workplace_, texts_, memory_,

@@ -32,6 +32,16 @@ Result<std::unique_ptr<Session>> Session::Open(const fs::path& folder, const Pla
   return std::unique_ptr<Session>(new Session(std::move(project), places));
 }
 
+Result<void> Session::MakeDefinitions(const fs::path& folder, const Places& places,
+                                      project::MessagePanel& panel) {
+  VANZET_TRY(const auto project, project::Project::Open(folder, places.share));
+  VANZET_TRY(const auto module, api::FindModule(places.program));
+  panel.BeginRun();
+  api::Host host(project, panel, nullptr);
+  VANZET_DO(api::UpgradeDefinitions(module, host));
+  return host.Commit("new");
+}
+
 Result<void> Session::Reload() {
   VANZET_TRY(project_, project::Project::Open(project_.folder(), places_.share));
   return {};

@@ -22,6 +22,10 @@ class Session {
  public:
   static Result<std::unique_ptr<Session>> Open(const std::filesystem::path& folder, const Places& places);
 
+  /// Has the module create the definitions of a project that is being made, and keeps them.
+  static Result<void> MakeDefinitions(const std::filesystem::path& folder, const Places& places,
+                                      project::MessagePanel& panel);
+
   const project::Project& project() const { return project_; }
 
   /// Reads the settings again, which can have changed. Requires: no call is at work.

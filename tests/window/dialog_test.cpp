@@ -95,14 +95,14 @@ TEST_F(Dialogs, ShowTheirPagesWhereTheyAskForHelp) {
 }
 
 TEST_F(Dialogs, MakeTheDefinitionsThatAreMissing) {
-  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  OpenSampleWithoutDefinitions();
   EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "no definition yet");
   actions()[Command::kUpgrade]->trigger();
   EXPECT_EQ(definition().tree().topLevelItem(0)->text(1), "VDM 1000, v100");
 }
 
 TEST_F(Dialogs, MakeTheDefinitionsThatAreMissingBeforeTheyBegin) {
-  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  OpenSampleWithoutDefinitions();
   Play("press 1\n");
   EXPECT_THAT(Messages(), HasSubstr("2 definitions are missing and are created first"));
   EXPECT_EQ(definition().tree().topLevelItem(1)->text(1), "VDM 1001, v100");

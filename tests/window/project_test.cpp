@@ -37,6 +37,27 @@ TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {
   EXPECT_TRUE(actions()[Command::kDefinition]->isEnabled());
 }
 
+TEST_F(Projects, AreMadeWithTheDefinitionsOfAllSpurs) {
+  ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
+  const auto definitions = window->session()->Definitions();
+  ASSERT_TRUE(definitions);
+  ASSERT_EQ(definitions->size(), 2U);
+  for (const auto& spur : *definitions) {
+    ASSERT_TRUE(spur.definition) << spur.spur;
+    EXPECT_EQ(spur.definition->version, 100);
+    EXPECT_EQ(spur.definition->operations.size(), 18U);
+  }
+  EXPECT_NE(definition().tree().topLevelItem(1)->text(1), "no definition yet");
+  EXPECT_EQ(Messages().find("! "), std::string::npos) << Messages();
+}
+
+TEST_F(Projects, WhoseDefinitionsCannotBeMadeAreNotMade) {
+  window::MainWindow alone(Places{folder / "bin/vanzet-window", VANZET_BINARY_DIR "/share/vanzet"});
+  EXPECT_FALSE(alone.projectCommands().Make(folder / "lathe", "mill-turn"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe"));
+  EXPECT_EQ(alone.session(), nullptr);
+}
+
 TEST_F(Projects, ThatAreNoneAreRefusedAndTheFormerOneStays) {
   OpenSample();
   const auto opened = window->projectCommands().Open(folder / "nothing");

@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "project/sample.h"
 #include "support/places.h"
 #include "view_qt/memory_display.h"
 
@@ -58,10 +59,14 @@ void WindowTest::Restart() {
 
 void WindowTest::OpenSample(bool hasBarJob) {
   ASSERT_TRUE(window->projectCommands().Make(folder / "lathe", "mill-turn"));
-  window->equipmentCommands().Upgrade();
   if (hasBarJob) Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
   ASSERT_EQ(Messages().find("! "), std::string::npos) << Messages();
   QCoreApplication::processEvents();
+}
+
+void WindowTest::OpenSampleWithoutDefinitions() {
+  ASSERT_TRUE(project::MakeProject(folder / "lathe", "mill-turn", VANZET_BINARY_DIR "/share/vanzet"));
+  ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
 }
 
 void WindowTest::Play(const std::string& script, std::vector<std::function<void()>> answers) {

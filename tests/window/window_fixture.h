@@ -25,6 +25,9 @@ class WindowTest : public testing::Test {
   /// Opens the sample project, with a definition of the bar job when it is asked for.
   void OpenSample(bool hasBarJob = false);
 
+  /// Opens the sample project as a person has copied it: no spur has a definition.
+  void OpenSampleWithoutDefinitions();
+
   /// Plays a script through the dialog; each of `answers` is called when the next pick is asked for.
   void Play(const std::string& script, std::vector<std::function<void()>> answers = {});
 

@@ -19,8 +19,9 @@ constexpr const char* kVdmFiles = "(*.vdm)";
 
 }  // namespace
 
-ProjectCommands::ProjectCommands(Workplace& workplace, WindowMemory& memory, QObject* parent)
-    : QObject(parent), workplace_(workplace), memory_(memory) {}
+ProjectCommands::ProjectCommands(Workplace& workplace, WindowMemory& memory, project::MessagePanel& panel,
+                                 QObject* parent)
+    : QObject(parent), workplace_(workplace), memory_(memory), panel_(panel) {}
 
 bool ProjectCommands::Run(Command command) {
   struct Row {
@@ -63,7 +64,10 @@ qint64 ProjectCommands::LockProject() {
 }
 
 Result<void> ProjectCommands::Make(const fs::path& folder, const std::string& sample) {
-  VANZET_DO(project::MakeProject(folder, sample, workplace_.places.share));
+  const auto fill = [this](const fs::path& place) {
+    return Session::MakeDefinitions(place, workplace_.places, panel_);
+  };
+  VANZET_DO(project::MakeProject(folder, sample, workplace_.places.share, fill));
   return Open(folder);
 }
 

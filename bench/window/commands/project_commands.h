@@ -21,12 +21,14 @@ namespace vanzet::window {
 class ProjectCommands final : public QObject {
   Q_OBJECT
  public:
-  ProjectCommands(Workplace& workplace, WindowMemory& memory, QObject* parent);
+  /// Faults that the module reports at its work are shown on the panel.
+  ProjectCommands(Workplace& workplace, WindowMemory& memory, project::MessagePanel& panel, QObject* parent);
 
   /// Asks for what the command needs, and runs it. False for a command of another menu.
   bool Run(Command command);
 
   Result<void> Open(const std::filesystem::path& folder);
+  /// Creates a project with a definition for each spur, and opens it. Leaves nothing when that fails.
   Result<void> Make(const std::filesystem::path& folder, const std::string& sample);
 
   // Requires of all below: a project is open.
@@ -55,6 +57,7 @@ class ProjectCommands final : public QObject {
 
   Workplace& workplace_;
   WindowMemory& memory_;
+  project::MessagePanel& panel_;
   std::unique_ptr<QLockFile> lock_;  ///< tells other processes that the project is shown here
 };
 
