@@ -77,13 +77,14 @@ void AddProject(Command& command, std::string& project) {
   command.AddOperand("PROJECT", "the project's folder", StoreText(project));
 }
 
-void AddKeepTmp(Command& command, Context& context) {
-  command.AddFlag("--keep-tmp", "keep the files of this run in the project's tmp folder", context.keepsTmp);
+Parameter& AddKeepTmp(Command& command, Context& context) {
+  return command.AddFlag("--keep-tmp", "keep the files of this run in the project's tmp folder",
+                         context.keepsTmp);
 }
 
-void AddWait(Command& command, Context& context) {
+Parameter& AddWait(Command& command, Context& context) {
   constexpr double kLongestWait = 86400;  // a day
-  command
+  return command
       .AddOption("--wait", "SECONDS", "how long to wait for another process that is changing the project",
                  [&context](const std::string& name, const std::string& word) {
                    const double seconds = RealOf(name, word, 0, kLongestWait);
@@ -92,9 +93,10 @@ void AddWait(Command& command, Context& context) {
       .Default("10");
 }
 
-void AddTrace(Command& command, std::string& file) {
-  command.AddOption("--trace", "FILE", "write each call of the module to this file, one JSON line per call",
-                    StoreFile(file));
+Parameter& AddTrace(Command& command, std::string& file) {
+  return command.AddOption("--trace", "FILE",
+                           "write each call of the module to this file, one JSON line per call",
+                           StoreFile(file));
 }
 
 }  // namespace vanzet::cli

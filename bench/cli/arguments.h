@@ -71,12 +71,12 @@ struct Context;
 void AddProject(Command& command, std::string& project);
 
 /// Adds the option --keep-tmp, for commands whose work has a folder of its own.
-void AddKeepTmp(Command& command, Context& context);
+Parameter& AddKeepTmp(Command& command, Context& context);
 
 /// Adds the option --wait, for commands that change the project.
-void AddWait(Command& command, Context& context);
+Parameter& AddWait(Command& command, Context& context);
 
 /// Adds the option --trace.
-void AddTrace(Command& command, std::string& file);
+Parameter& AddTrace(Command& command, std::string& file);
 
 }  // namespace vanzet::cli

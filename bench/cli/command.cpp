@@ -53,8 +53,8 @@ Parameter& Parameter::Default(std::string word) {
   return *this;
 }
 
-Parameter& Parameter::Excludes(std::string flag) {
-  rival = std::move(flag);
+Parameter& Parameter::Excludes(const std::vector<std::string>& flags) {
+  rivals.insert(rivals.end(), flags.begin(), flags.end());
   return *this;
 }
 

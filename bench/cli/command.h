@@ -58,7 +58,7 @@ struct Parameter {
   int least = 0, most = 0;           ///< of a list: how many words; both 0: any number
   char separator = '\0';             ///< of a list: between entries of one word
   std::string defaultWord;           ///< as the help shows it
-  std::string rival;                 ///< the flag that cannot be given together with this one
+  std::vector<std::string> rivals;   ///< the flags that cannot be given together with this one
   std::vector<Need> needs;           ///< without these the option is refused
 
   /// "--out" of "-o,--out".
@@ -72,7 +72,7 @@ struct Parameter {
   Parameter& Count(int fewest, int largest);
   Parameter& SeparatedBy(char character);
   Parameter& Default(std::string word);
-  Parameter& Excludes(std::string flag);
+  Parameter& Excludes(const std::vector<std::string>& flags);
 
   /// The option has no effect without another one, and is refused then:
   ///   Needs("--svg")              --svg has to be given

@@ -193,9 +193,7 @@ void CheckOperands(const Arguments& arguments) {
   const char* const flag = arguments.printsSchema ? "--schema" : "--example";
   if (!prints && arguments.words.empty())
     throw WrongUsage{"FILE", "is missing: a form, or '-' for standard input"};
-  const bool isAlone = arguments.words.empty() && !arguments.isDryRun && arguments.transcript.empty() &&
-                       arguments.trace.empty() && arguments.printsSchema != arguments.printsExample;
-  if (prints && !isAlone) throw WrongUsage{flag, "takes no operands and no other options"};
+  if (prints && !arguments.words.empty()) throw WrongUsage{flag, "takes no operands"};
 }
 
 Result<void> PrintExample(const Context& context) {
@@ -232,16 +230,22 @@ void AddDefine(Command& vanzet, Context& context) {
   Command& command = vanzet.AddCommand("define", "Defines equipment from a JSON form, through the dialog.");
   command.AddOperands("FILE [PROJECT]", "the form, a .json file; '-' is standard input", arguments->words)
       .Count(0, 2);
-  command.AddFlag("--dry-run",
-                  "only check the form, and print what would change and the script that would be run",
-                  arguments->isDryRun);
-  command.AddFlag("--schema", "print the JSON schema of the form, for editors", arguments->printsSchema);
+  const std::vector<std::string> idle = {"--dry-run", "--schema", "--example"};  // the dialog is not played
+  command
+      .AddFlag("--dry-run",
+               "only check the form, and print what would change and the script that would be run",
+               arguments->isDryRun)
+      .Excludes({"--schema", "--example"});
+  command.AddFlag("--schema", "print the JSON schema of the form, for editors", arguments->printsSchema)
+      .Excludes({"--example"});
   command.AddFlag("--example", "print a form with comments, to begin with", arguments->printsExample);
-  command.AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
-                    StoreFile(arguments->transcript));
-  AddTrace(command, arguments->trace);
-  AddKeepTmp(command, context);
-  AddWait(command, context);
+  command
+      .AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
+                 StoreFile(arguments->transcript))
+      .Excludes(idle);
+  AddTrace(command, arguments->trace).Excludes(idle);
+  AddKeepTmp(command, context).Excludes(idle);
+  AddWait(command, context).Excludes(idle);
   command.check = [=] { CheckOperands(*arguments); };
   command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other",
                       "vanzet define --example > job.json"};

@@ -176,8 +176,10 @@ void AddDeviceMake(Command& device) {
       .Required();
   command.AddOption("--first", "LENGTH", "distance from the face of a chuck to where it is held",
                     StoreReal(arguments->first));
-  command.AddOption("--second", "LENGTH", "distance from the face of a center to where it is held",
-                    StoreReal(arguments->second));
+  command
+      .AddOption("--second", "LENGTH", "distance from the face of a center to where it is held",
+                 StoreReal(arguments->second))
+      .Needs("--class", {"center"});
   command.AddOption("--face", "LENGTH",
                     "position of the working face, or of the foot of a jaw, along the direction of "
                     "--looking; without this option the model has to end at 0",

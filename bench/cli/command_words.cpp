@@ -205,9 +205,10 @@ void CommandWords::CheckRequired() const {
 }
 
 void CommandWords::CheckTogether(const Parameter& parameter) const {
-  const Parameter* const rival = FindOption(parameter.rival);
-  if (rival != nullptr && IsGiven(*rival)) {
-    throw WrongUsage{"", parameter.LongName() + " cannot be given together with " + rival->LongName()};
+  for (const std::string& flag : parameter.rivals) {
+    const Parameter* const rival = FindOption(flag);
+    if (rival == nullptr || !IsGiven(*rival)) continue;
+    throw WrongUsage{"", parameter.LongName() + " cannot be given together with " + flag};
   }
   for (const Need& need : parameter.needs) CheckNeed(parameter, need);
 }

@@ -225,7 +225,7 @@ void AddItems(Command& vanzet, Context& context) {
   command
       .AddFlag("--summary", "print the operations of a definition, and the number of items in each section",
                arguments->isSummary)
-      .Excludes("--json");
+      .Excludes({"--json"});
   command.examples = {"vanzet items lathe --vdm 1001 | grep Billet", "vanzet items lathe --summary"};
   command.work = [=, &context] { return Items(*arguments, context); };
 }

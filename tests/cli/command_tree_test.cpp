@@ -38,7 +38,7 @@ struct Cutter {
     cut.AddOption("--move", "X", "move", append).Repeatable();
     cut.AddOption("--turn", "A", "turn", append).Repeatable();
     cut.AddFlag("--left", "left", isLeft);
-    cut.AddFlag("--right", "right").Excludes("--left");
+    cut.AddFlag("--right", "right").Excludes({"--left"});
     cut.AddOption("--speed", "N", "speed", StoreReal(speed)).Default("1").Needs("--tool", {"mill"});
     cut.AddOption("--chips", "FILE", "chips", chips).SeparatedBy(',').Needs("--speed");
     cut.AddOption("-o,--out", "FILE", "out", StoreText(out));

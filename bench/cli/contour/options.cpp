@@ -257,7 +257,7 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
   }
   AddOperationOptions(command, arguments, options);
   command.AddOption("--svg", "FILE", "write a picture to this file", StoreText(arguments.svg));
-  command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers);
+  command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers).Needs("--svg");
   command.AddFlag("--json", "print JSON", arguments.json);
   if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
 }
