@@ -19,7 +19,7 @@ void DescribeProgram(Command& program, Context& context) {
       "standard\nerror. Exit status: 0 success, 1 the work failed, 2 wrong usage, 3 done, and something was "
       "found.\n"
       "VANZET_LANGUAGE=de shows the help and the headings of tables in German.";
-  program.examples = {"vanzet new lathe && vanzet upgrade lathe && vanzet show lathe"};
+  program.examples = {"vanzet new lathe && vanzet show lathe"};
   for (const auto add : kCommands) add(program, context);
 }
 
