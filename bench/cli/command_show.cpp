@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/length_unit.h"
+#include "base/number_text.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/length_unit.h"
@@ -24,12 +25,22 @@ struct Arguments {
   std::optional<LengthUnit> unit;
 };
 
+/// People measure to a ten-thousandth of an inch; the forms of programs have the exact values. Millimetres are
+/// shown as they are stored.
+constexpr int kDecimalsOfInch = 4;
+
 using Spurs = std::vector<results::SpurDefinition>;
 
+std::string LengthForPeople(double millimetres, LengthUnit unit) {
+  const std::string length = unit == LengthUnit::kInch
+                                 ? ShortDecimalText(InUnit(millimetres, unit), kDecimalsOfInch)
+                                 : LengthText(millimetres, unit);
+  return length + " " + std::string(WordOf(unit));
+}
+
 std::string Text(const Spurs& spurs, LengthUnit unit, const Context& context) {
-  const show::Style style{context.texts, [unit](double millimetres) {
-                            return LengthText(millimetres, unit) + " " + std::string(WordOf(unit));
-                          }};
+  const show::Style style{context.texts,
+                          [unit](double millimetres) { return LengthForPeople(millimetres, unit); }};
   std::string text;
   for (const results::SpurDefinition& spur : spurs) {
     text += (text.empty() ? "" : "\n") + (spur.definition

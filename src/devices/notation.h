@@ -13,7 +13,7 @@ using enum Drawn;
 using enum MeasureKind;
 using enum Where;
 
-inline constexpr const char* kStored = "Stored, not drawn";
+inline constexpr const char* kStored = "No effect on the shape";
 
 /// The width of the block that replaces a missing jaw before a chuck and a face driver: a thin plate.
 inline constexpr std::string_view kThinPlate = "2.05";

@@ -107,6 +107,23 @@ TEST_F(DefinitionCommands, ShowAJobOnAPageInTheLanguageOfTheHelp) {
   }
 }
 
+TEST_F(DefinitionCommands, ShowAJobInInchesForPeople) {
+  MakeProject();
+  const std::string job = VANZET_SOURCE_DIR "/examples/definitions/bar-job.json";
+  ASSERT_EQ(Vanzet("define '" + job + "' lathe").status, 0);
+  const std::string page = Vanzet("show lathe --unit inch").out;
+  EXPECT_THAT(page, testing::ContainsRegex(" Outer diameter +1\\.6535 inch\n"));
+  EXPECT_THAT(page, testing::ContainsRegex(" No effect on the shape \\(C\\) +0\\.4724 inch\n"));
+  EXPECT_THAT(page, testing::ContainsRegex(" Clamping out +main 2\\.3622 inch, sub 1\\.5748 inch\n"));
+  EXPECT_THAT(page, testing::Not(testing::ContainsRegex("\\.[0-9][0-9][0-9][0-9][0-9]")));
+  EXPECT_THAT(page, testing::Not(HasSubstr(" mm")));
+  EXPECT_THAT(Vanzet("show lathe --json --unit inch").out, HasSubstr("\"outer_diameter\": 1.65354331"));
+  const std::string settings = ReadBytes(folder / "lathe/bench.ini");
+  WriteBytes(folder / "lathe/bench.ini", settings + "\n[project]\nunit = inch\n");
+  EXPECT_EQ(Vanzet("show lathe").out, page);
+  EXPECT_THAT(Vanzet("show lathe --unit mm").out, testing::ContainsRegex(" Outer diameter +42 mm\n"));
+}
+
 TEST_F(DefinitionCommands, ShowSimulationDataOfOtherValues) {
   MakeProject();
   ASSERT_EQ(Vanzet("define '" VANZET_SOURCE_DIR "/examples/definitions/bar-job.json' lathe").status, 0);
