@@ -49,6 +49,7 @@ Result<void> CheckPoint(const Point& point) {
 Result<void> Builder::Start(const Point& point) {
   VANZET_DO(CheckPoint(point));
   curve_.Start(point);
+  arcsAsLines_ = 0;
   return {};
 }
 
@@ -63,7 +64,10 @@ Result<void> Builder::ArcTo(int direction, const Point& end, const Point& centre
   }
   const Point start = HasSpans() ? curve_.spans.back().p1 : curve_.start;
   VANZET_DO(CheckArc(direction, start, end, centre));
-  return Add(direction, end, centre);
+  VANZET_DO(Add(direction, end, centre));
+  const bool isTiny = !(Dist(start, centre) > geometry::TOLERANCE);
+  if (isTiny && curve_.spans.back().dir == geometry::LINEAR) ++arcsAsLines_;
+  return {};
 }
 
 Result<void> Builder::Add(int type, const Point& end, const Point& centre) {
@@ -71,8 +75,8 @@ Result<void> Builder::Add(int type, const Point& end, const Point& centre) {
   return {};
 }
 
-geometry::KurveEx Builder::Take() {
-  return std::exchange(curve_, geometry::KurveEx());
+Contour Builder::Take(int number) {
+  return {number, std::exchange(curve_, geometry::KurveEx()), std::exchange(arcsAsLines_, 0)};
 }
 
 Result<Contour> ContourOf(int number, const geometry::KurveEx& curve) {

@@ -26,13 +26,14 @@ class Builder {
   Result<void> LineTo(const geometry::Point& end);
   Result<void> ArcTo(int direction, const geometry::Point& end, const geometry::Point& centre);
 
-  /// Returns the contour and starts with an empty one.
-  geometry::KurveEx Take();
+  /// Returns the contour with this number and starts with an empty one.
+  Contour Take(int number);
 
  private:
   Result<void> Add(int type, const geometry::Point& end, const geometry::Point& centre);
 
   geometry::KurveEx curve_;
+  int arcsAsLines_ = 0;
 };
 
 /// Fails when a coordinate is not a number or larger than `kLargestCoordinate`.

@@ -13,6 +13,7 @@ namespace vanzet::contour {
 struct Contour {
   int number = 1;  ///< the number in its file; contours of a drawing are numbered from 1
   geometry::KurveEx curve;
+  int arcsAsLines = 0;  ///< how many arcs of its file are too small for the library, which has lines for them
 };
 using Contours = std::vector<Contour>;
 

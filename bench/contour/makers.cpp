@@ -93,7 +93,7 @@ Result<Contour> Transform(const Contour& contour, const geometry::Matrix& matrix
     VANZET_DO(direction == geometry::LINEAR ? builder.LineTo(end)
                                             : builder.ArcTo(direction, end, span.pc.Transform(matrix)));
   }
-  return Contour{contour.number, builder.Take()};
+  return builder.Take(contour.number);
 }
 
 Result<Contour> PartOf(const Contour& contour, const Point& from, const Point& to) {

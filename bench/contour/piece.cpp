@@ -184,7 +184,7 @@ Result<void> CheckPiece(const Piece& piece) {
   return {};
 }
 
-Result<geometry::KurveEx> CurveOf(const Piece& piece) {
+Result<Contour> ContourOf(int number, const Piece& piece) {
   Builder builder;
   VANZET_DO(builder.Start(piece.start));
   Point at = piece.start;
@@ -192,7 +192,7 @@ Result<geometry::KurveEx> CurveOf(const Piece& piece) {
     VANZET_DO(AddTo(builder, at, segment));
     at = segment.end;
   }
-  return builder.Take();
+  return builder.Take(number);
 }
 
 std::vector<Piece> Join(std::vector<Piece> pieces, double tolerance) {

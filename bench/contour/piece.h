@@ -33,8 +33,8 @@ struct Piece {
 /// Fails when a vertex is not within `kLargestCoordinate`.
 Result<void> CheckPiece(const Piece& piece);
 
-/// The piece as a contour. Fails without a place for what `Builder` refuses.
-Result<geometry::KurveEx> CurveOf(const Piece& piece);
+/// The piece as a contour with this number. Fails without a place for what `Builder` refuses.
+Result<Contour> ContourOf(int number, const Piece& piece);
 
 /// Joins pieces whose ends are not farther apart than `tolerance`, in millimetres, into longer ones.
 ///

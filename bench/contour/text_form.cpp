@@ -164,7 +164,7 @@ Result<std::vector<double>> TextReader::TakeNumbers(Cursor& cursor, std::string_
 
 Result<void> TextReader::TakeEnd() {
   if (!builder_.HasSpans()) return lines_.At("contour " + std::to_string(*number_) + " has no span");
-  contours_.push_back({*number_, builder_.Take()});
+  contours_.push_back(builder_.Take(*number_));
   number_.reset();
   return {};
 }

@@ -24,7 +24,7 @@ int NumberOf(const std::wstring& name, std::size_t before) {
 }
 
 /// Builds the contour from its vertices, so that they are checked like those of other files.
-Result<geometry::KurveEx> CurveOf(const Kurve& kurve) {
+Result<Contour> ContourOf(int number, const Kurve& kurve) {
   Builder builder;
   geometry::spVertex v;
   for (int i = 0; i < kurve.nVertices; ++i) {
@@ -34,7 +34,7 @@ Result<geometry::KurveEx> CurveOf(const Kurve& kurve) {
                                            : builder.ArcTo(v.type, v.p, v.pc));
   }
   if (!builder.HasSpans()) return Fault{"the contour has no span"};
-  return builder.Take();
+  return builder.Take(number);
 }
 
 /// Reads a file of contours, with the root element or without.
@@ -81,9 +81,9 @@ Result<void> XmlContours::ReadContour() {
   Kurve kurve;
   if (!xml_.Read(name, kurve))
     return At(line, "the KURVE is cut short, or one of its elements lacks something");
-  auto curve = CurveOf(kurve);
-  if (!curve) return At(line, curve.fault().text);
-  contours_.push_back({NumberOf(name, contours_.size()), std::move(*curve)});
+  auto contour = ContourOf(NumberOf(name, contours_.size()), kurve);
+  if (!contour) return At(line, contour.fault().text);
+  contours_.push_back(std::move(*contour));
   return {};
 }
 

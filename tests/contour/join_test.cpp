@@ -16,7 +16,7 @@ TEST_F(JoinTest, LoosePiecesBecomeAClosedContour) {
   const std::vector<Piece> joined =
       Join({Line(0, 0, 10, 0), Line(0, 10, 10, 10), Line(0, 10, 0, 0), Line(10, 0, 10, 10)}, 0.001);
   ASSERT_EQ(joined.size(), 1U);
-  const Facts facts = FactsOf({1, *CurveOf(joined[0])});
+  const Facts facts = FactsOf(*ContourOf(1, joined[0]));
   EXPECT_TRUE(facts.closed);
   EXPECT_NEAR(facts.area, 100, 1e-12);
   EXPECT_EQ(facts.direction, 1) << "the first piece gives the sense";
@@ -59,22 +59,22 @@ TEST_F(JoinTest, TheNearestEndIsTakenAndThenTheFirst) {
 TEST_F(JoinTest, AnArcKeepsItsAngleWhenItsEndIsMoved) {
   const std::vector<Piece> joined = Join({Line(0, 0, 10, 0), {{10.05, 0}, {{{10.05, 10}, 1}}, 0}}, 0.1);
   ASSERT_EQ(joined.size(), 1U);
-  const auto curve = CurveOf(joined[0]);
-  ASSERT_TRUE(curve);
-  EXPECT_NEAR(curve->spans[1].angle, kPi, 1e-9);
-  EXPECT_THAT(curve->spans[1].p0, IsAt(10, 0, 0));
+  const auto contour = ContourOf(1, joined[0]);
+  ASSERT_TRUE(contour);
+  EXPECT_NEAR(contour->curve.spans[1].angle, kPi, 1e-9);
+  EXPECT_THAT(contour->curve.spans[1].p0, IsAt(10, 0, 0));
 }
 
 TEST_F(JoinTest, ReversingAPieceTurnsItsArcs) {
   Piece piece{{10, 0}, {{{0, 10}, 0.41421356237309503}, {{0, 20}, 0}}, 0};
-  const auto forth = CurveOf(piece);
+  const auto forth = ContourOf(1, piece);
   piece.Reverse();
-  const auto back = CurveOf(piece);
+  const auto back = ContourOf(1, piece);
   ASSERT_TRUE(forth && back);
-  EXPECT_THAT(back->Start(), IsAt(0, 20, 0));
-  EXPECT_EQ(back->spans[1].dir, -1);
-  EXPECT_THAT(back->spans[1].pc, IsAt(forth->spans[0].pc.x, forth->spans[0].pc.y, 1e-12));
-  EXPECT_NEAR(back->perim, forth->perim, 1e-12);
+  EXPECT_THAT(back->curve.Start(), IsAt(0, 20, 0));
+  EXPECT_EQ(back->curve.spans[1].dir, -1);
+  EXPECT_THAT(back->curve.spans[1].pc, IsAt(forth->curve.spans[0].pc.x, forth->curve.spans[0].pc.y, 1e-12));
+  EXPECT_NEAR(back->curve.perim, forth->curve.perim, 1e-12);
 }
 
 TEST_F(JoinTest, ClosedPiecesStayAlone) {

@@ -39,7 +39,7 @@ TEST_F(MakersTest, ChordsOfAlmostHalfATurnEndWithTheArc) {
     Piece piece{{100, 0}, {}, 0};
     piece.segments.push_back({{100 * std::cos(degrees * kPi / 180), 100 * std::sin(degrees * kPi / 180)},
                               std::tan(degrees * kPi / 720)});
-    const Contour chorded = Made(SplitArcs({1, *CurveOf(piece)}, 1e-6));
+    const Contour chorded = Made(SplitArcs(*ContourOf(1, piece), 1e-6));
     EXPECT_NEAR(chorded.curve.perim, 100 * degrees * kPi / 180, 1e-5);
   }
 }

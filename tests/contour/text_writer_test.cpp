@@ -54,7 +54,7 @@ TEST_F(TextWriterTest, AnyContourReadsBackToFourteenDigits) {
     ASSERT_TRUE(dir == 0 ? builder.LineTo(end) : builder.ArcTo(dir, end, middle));
     at = end;
   }
-  const Contours contours = {{1, builder.Take()}};
+  const Contours contours = {builder.Take(1)};
   const Contours back = Read(TextForm(contours));
   ASSERT_EQ(back.size(), 1U);
   ASSERT_EQ(back[0].curve.SpanCount(), contours[0].curve.SpanCount());

@@ -103,9 +103,9 @@ std::vector<Piece> PiecesOf(std::vector<PlacedPiece> placed) {
 Result<Contours> ContoursOf(const std::vector<Piece>& pieces, const DxfGroups& groups) {
   Contours contours;
   for (const Piece& piece : pieces) {
-    const auto curve = CurveOf(piece);
-    if (!curve) return groups.At(piece.line, curve.fault().text);
-    contours.push_back({static_cast<int>(contours.size()) + 1, *curve});
+    auto contour = ContourOf(static_cast<int>(contours.size()) + 1, piece);
+    if (!contour) return groups.At(piece.line, contour.fault().text);
+    contours.push_back(std::move(*contour));
   }
   return contours;
 }
