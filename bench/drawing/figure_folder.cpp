@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
+#include "base/near_words.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
 
@@ -33,7 +34,8 @@ Result<std::vector<geometry::Kurve>> FigureFolder::Read(const std::string& name)
   const std::vector<std::filesystem::path> files = Files();
   const auto file = std::ranges::find_if(files, [&](const auto& path) { return path.stem() == name; });
   if (file == files.end()) {
-    return Fault{.text = "figure '" + name + "' does not exist", .kind = FaultKind::kMissing};
+    return Fault{.text = "figure '" + name + "' does not exist" + DidYouMean(name, Names()),
+                 .kind = FaultKind::kMissing};
   }
   contour::UseMillimetres();
   VANZET_TRY(const auto content, contour::ReadContourFile(file->string(), {}));

@@ -1,3 +1,4 @@
+#include "base/near_words.h"
 #include "language/commands.h"
 
 /// Figures, layers and windows: fig cre F z0x0y0, figure append F k1, fig ins F m1, fig del F yes, lay ch
@@ -8,8 +9,12 @@ namespace {
 constexpr const char* kTurningPlane = "z0x0y0";
 
 Result<void> CheckFigure(const Operand& operand, const Surroundings& surroundings) {
-  if (surroundings.board.drawing().HasFigure(operand.text)) return {};
-  return operand.At("figure '" + operand.text + "' does not exist", FaultKind::kMissing);
+  const drawing::Drawing& drawing = surroundings.board.drawing();
+  if (drawing.HasFigure(operand.text)) return {};
+  std::vector<std::string> names;
+  for (const auto& [name, figure] : drawing.figures) names.push_back(name);
+  return operand.At("figure '" + operand.text + "' does not exist" + DidYouMean(operand.text, names),
+                    FaultKind::kMissing);
 }
 
 }  // namespace

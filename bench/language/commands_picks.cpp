@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "base/near_words.h"
 #include "language/commands.h"
 
 /// Picking: dfm pick, dfm inf, dfm umark, and the macro vbpickel.
@@ -30,9 +31,10 @@ Result<std::optional<std::int32_t>> PickFigure(const std::string& prompt, Surrou
   const std::vector<std::string> figures = FiguresToPick(surroundings);
   if (std::ranges::find(figures, pick.name) == figures.end()) {
     const bool isOfModule = drawing::IsFigureOfModule(pick.name);
-    Fault fault = surroundings.picks.At(
-        pick, "figure '" + pick.name +
-                  (isOfModule ? "' is the module's own: it cannot be picked" : "' does not exist"));
+    Fault fault =
+        surroundings.picks.At(pick, "figure '" + pick.name +
+                                        (isOfModule ? "' is the module's own: it cannot be picked"
+                                                    : "' does not exist" + DidYouMean(pick.name, figures)));
     fault.kind = FaultKind::kMissing;
     return fault;
   }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/letter_case.h"
+#include "base/near_words.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -50,12 +51,14 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
 Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table, const fs::path& folder,
                                       const Exchange& exchange) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
+  std::vector<std::string> names;
   for (const BodyFile& file : BodyFilesIn(folder)) {
+    names.push_back(file.name);
     if (!EqualWithoutCase(file.name, name)) continue;
     VANZET_TRY(auto body, ImportBody(file.path, exchange));
     return table.Add(std::move(body), file.name);
   }
-  return Fault{.text = "body '" + std::string(name) + "' does not exist",
+  return Fault{.text = "body '" + std::string(name) + "' does not exist" + DidYouMean(name, names),
                .file = folder.string(),
                .kind = FaultKind::kMissing};
 }
