@@ -166,11 +166,16 @@ Result<std::string> DefineAll(const Job& job, const define::Surroundings& surrou
   return lines;
 }
 
+/// An empty name is that of no file, "-" standard output.
+Result<void> WriteTranscript(const std::string& file, const std::string& transcript) {
+  if (file.empty()) return {};
+  return file == "-" ? Print(transcript) : WriteFile(file, transcript);
+}
+
 Result<void> Run(const Job& job, const define::Surroundings& surroundings, const Arguments& arguments) {
   std::string transcript;
   const auto lines = DefineAll(job, surroundings, transcript);
-  const auto written =
-      arguments.transcript.empty() ? Result<void>() : WriteFile(arguments.transcript, transcript);
+  const auto written = WriteTranscript(arguments.transcript, transcript);
   if (!lines) return lines.fault();
   if (!written) return written;
   return KeepRun([&] { return job.host.Commit("define", [&] { return Print(*lines); }); });

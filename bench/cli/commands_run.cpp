@@ -73,7 +73,7 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   for (const std::string& output : {arguments.trace, arguments.transcript}) {
     VANZET_DO(CheckIsNoInput(output, {source.file, arguments.picks}));
   }
-  VANZET_DO(CheckAreTwoFiles(arguments.transcript, arguments.trace));
+  VANZET_DO(CheckAreTwoFiles(arguments.transcript.empty() ? "-" : arguments.transcript, arguments.trace));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   VANZET_DO(Play(source, arguments, *hosted, context));
   if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script"); });

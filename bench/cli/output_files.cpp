@@ -16,6 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t kNewFile = 0666;
+constexpr const char* kStandard = "-";  ///< as an output: standard output
 
 Fault CannotBeWritten(const fs::path& file, int error) {
   return files::SystemFault("cannot be written", error, file);
@@ -29,9 +30,10 @@ constexpr const char* kProjectFiles[] = {
 /// The folders of a project all of whose files are inputs.
 constexpr const char* kProjectFolders[] = {"bodies", "figures"};
 
-/// True when both names lead to the same file. Pipes and devices have no content to lose.
+/// True when both names lead to the same file. Pipes, devices and standard output have no
+/// content to lose.
 bool IsSameFile(const fs::path& output, const fs::path& other) {
-  if (output.empty() || other.empty()) return false;
+  if (output.empty() || other.empty() || output == kStandard) return false;
   std::error_code unknown;
   const fs::file_status status = fs::status(output, unknown);
   if (fs::is_regular_file(status)) return fs::equivalent(output, other, unknown);
@@ -51,6 +53,9 @@ Result<void> CheckIsNoInput(const fs::path& output, const std::vector<fs::path>&
 }
 
 Result<void> CheckAreTwoFiles(const fs::path& output, const fs::path& other) {
+  if (output == kStandard && other == kStandard) {
+    return Fault{"standard output cannot take two outputs; name a file for one of them"};
+  }
   if (!IsSameFile(output, other)) return {};
   return Fault{"cannot be written: another option of this command names the file", output.string()};
 }

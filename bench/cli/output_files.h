@@ -19,7 +19,8 @@ Result<void> CheckOutputFile(const std::filesystem::path& file);
 Result<void> CheckIsNoInput(const std::filesystem::path& output,
                             const std::vector<std::filesystem::path>& inputs);
 
-/// Fails when two outputs of a command are the same file, so that one would overwrite the other.
+/// Fails when two outputs of a command are the same file, so that one would overwrite the other, or both are
+/// standard output.
 Result<void> CheckAreTwoFiles(const std::filesystem::path& output, const std::filesystem::path& other);
 
 /// The files of a project that commands read: its settings, machine, catalogue, drawing and store, and what
