@@ -25,8 +25,8 @@ struct Arguments {
   std::optional<LengthUnit> unit;
 };
 
-/// People measure to a ten-thousandth of an inch; the forms of programs have the exact values. Millimetres are
-/// shown as they are stored.
+/// People measure to a ten-thousandth of an inch; the form for programs has the exact values. Millimetres
+/// are printed as they are stored.
 constexpr int kDecimalsOfInch = 4;
 
 using Spurs = std::vector<results::SpurDefinition>;
