@@ -12,18 +12,20 @@ struct Step {
   std::vector<std::string> output;
 };
 
-/// The lines of a page's blocks that begin with "$ vanzet ", with what follows them.
+/// The lines of a page's blocks that begin with "$ vanzet ", with the lines that follow them in the block.
 std::vector<Step> StepsOf(const std::string& page) {
   static const std::string kPrompt = "$ vanzet ";
   std::istringstream lines(ReadBytes(page));
   std::vector<Step> steps;
-  bool isInBlock = false;
+  bool isInBlock = false, isAfterCommand = false;
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with("```")) {
       isInBlock = !isInBlock;
+      isAfterCommand = false;
     } else if (isInBlock && line.starts_with(kPrompt)) {
       steps.push_back({line.substr(kPrompt.size()), {}});
-    } else if (isInBlock && !steps.empty()) {
+      isAfterCommand = true;
+    } else if (isAfterCommand) {
       steps.back().output.push_back(line);
     }
   }
@@ -47,8 +49,23 @@ bool Shows(const std::string& output, const std::vector<std::string>& expected) 
   return !isExact || at == output.size();
 }
 
-/// A page for new users, which they type as it is written.
-class Guide : public CommandLineTest, public testing::WithParamInterface<const char*> {};
+/// Pages for new users, which they type as they are written.
+class GuidePage : public CommandLineTest {
+ protected:
+  void Type(const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+      if (step.command.starts_with("open ")) continue;  // a window; the page has another way, too
+      const Outcome run = Vanzet(step.command);
+      EXPECT_EQ(run.status, 0) << step.command << "\n" << run.err;
+      EXPECT_EQ(run.err, "") << step.command;
+      if (!step.output.empty()) {
+        EXPECT_TRUE(Shows(run.out, step.output)) << step.command << " printed:\n" << run.out;
+      }
+    }
+  }
+};
+
+class Guide : public GuidePage, public testing::WithParamInterface<const char*> {};
 
 TEST_P(Guide, TypedAsWrittenDoesWhatItShows) {
   std::filesystem::create_directory_symlink(VANZET_SOURCE_DIR "/examples", folder / "examples");
@@ -56,16 +73,31 @@ TEST_P(Guide, TypedAsWrittenDoesWhatItShows) {
   page += GetParam();
   const std::vector<Step> steps = StepsOf(page);
   ASSERT_GE(steps.size(), 4U);
-  for (const Step& step : steps) {
-    if (step.command.starts_with("open ")) continue;  // a window; the page has another way, too
-    const Outcome run = Vanzet(step.command);
-    EXPECT_EQ(run.status, 0) << step.command << "\n" << run.err;
-    EXPECT_EQ(run.err, "") << step.command;
-    if (!step.output.empty()) {
-      EXPECT_TRUE(Shows(run.out, step.output)) << step.command << " printed:\n" << run.out;
-    }
-  }
+  Type(steps);
   EXPECT_TRUE(std::filesystem::exists(folder / "models/main-billet.step")) << "from zero to exported files";
+}
+
+/// The block of a page that begins with `start`.
+std::string BlockOf(const std::string& page, const std::string& start) {
+  const std::size_t begin = page.find("```\n" + start);
+  if (begin == std::string::npos) return {};
+  const std::size_t end = page.find("```", begin + 3);
+  return page.substr(begin + 4, end - begin - 4);
+}
+
+TEST_F(GuidePage, OfScriptsContinuesTheFirstJob) {
+  MakeProject();
+  const std::string page = VANZET_SOURCE_DIR "/docs/guide/scripts.md";
+  const std::vector<Step> steps = StepsOf(page);
+  ASSERT_EQ(steps.size(), 5U);
+  const std::string script = BlockOf(ReadBytes(page), "select ");
+  ASSERT_THAT(script, testing::EndsWith("press OK\n"));
+  WriteBytes(folder / "clicks.txt", script);
+  Type(steps);
+  EXPECT_EQ(Vanzet("script lathe clicks.txt --strict --transcript run.jsonl").err, "");
+  const std::string shown = Vanzet("show lathe --spur 0").out;
+  EXPECT_THAT(shown, testing::ContainsRegex(" Chuck +Chuck 160\n"));
+  EXPECT_THAT(shown, testing::ContainsRegex(" Outer diameter +42 mm\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Guide, testing::Values("README.md", "docs/guide/first-job.md"),
