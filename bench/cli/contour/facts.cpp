@@ -89,10 +89,10 @@ class Report {
   /// Writes the picture, and prints the table or the list; `whenEmpty` is printed instead of an empty table.
   Result<void> Finish(const char* whenEmpty = "") const {
     VANZET_DO(WritePicture(arguments_, drawing));
-    if (arguments_.json) return PrintJson({{"unit", "mm"}, {list_, entries_}});
-    if (rows_.empty()) return Print(text_);
-    if (entries_.empty()) return Print(whenEmpty);
-    return Print(Columns(rows_, std::string(rows_.front().size() - 1, 'r') + "l"));
+    if (arguments_.json) return PrintResult(arguments_, Json{{"unit", "mm"}, {list_, entries_}});
+    if (rows_.empty()) return PrintResult(arguments_, text_);
+    if (entries_.empty()) return PrintResult(arguments_, std::string(whenEmpty));
+    return PrintResult(arguments_, Columns(rows_, std::string(rows_.front().size() - 1, 'r') + "l"));
   }
 
   Drawing drawing;

@@ -9,6 +9,7 @@
 #include "base/path_map.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "cli/standard_input.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"
 
@@ -25,6 +26,7 @@ Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, cons
 }
 
 Result<void> WriteFile(const std::string& name, const std::string& bytes) {
+  if (name == "-") return Print(bytes);
   return files::ReplaceFile(PathMap::OfProcess().Resolve(name), bytes);
 }
 
@@ -54,13 +56,18 @@ Result<void> ReportRemarks(const ContourArguments& arguments, const contour::Dxf
 Result<void> CheckOutputs(const ContourArguments& arguments) {
   const PathMap paths = PathMap::OfProcess();
   std::vector<std::filesystem::path> inputs;
-  for (const std::string& name : arguments.files) inputs.push_back(paths.Resolve(name));
-  VANZET_DO(CheckIsNoInput(paths.Resolve(arguments.svg), inputs));
-  return CheckIsNoInput(paths.Resolve(arguments.dxf), inputs);
+  for (const std::string& name : arguments.files) {
+    if (name != "-") inputs.push_back(paths.Resolve(name));
+  }
+  for (const std::string& output : {arguments.svg, arguments.dxf}) {
+    if (output != "-") VANZET_DO(CheckIsNoInput(paths.Resolve(output), inputs));
+  }
+  return {};
 }
 
 Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
   const std::string& name = arguments.files[file];
+  if (name == "-") HintAtTerminal("the contours");
   VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
   VANZET_DO(CheckDrawingOptions(arguments, content, name));
   VANZET_DO(ReportRemarks(arguments, content, name));
@@ -80,6 +87,14 @@ Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::
                arguments.files[file]};
 }
 
+Result<void> PrintResult(const ContourArguments& arguments, const std::string& text) {
+  return arguments.PrintsFile() ? Result<void>() : Print(text);
+}
+
+Result<void> PrintResult(const ContourArguments& arguments, const Json& json) {
+  return arguments.PrintsFile() ? Result<void>() : PrintJson(json);
+}
+
 Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing) {
   if (arguments.svg.empty()) return {};
   drawing.numbers = arguments.vertexNumbers;
@@ -96,7 +111,7 @@ Result<void> WriteDrawings(const ContourArguments& arguments, const contour::Dra
 Result<void> WriteContours(const ContourArguments& arguments, const contour::Drawing& drawing,
                            const contour::Contours& made) {
   VANZET_DO(WriteDrawings(arguments, drawing, made));
-  return arguments.json ? PrintJson(JsonForm(made)) : Print(TextForm(made));
+  return arguments.json ? PrintResult(arguments, JsonForm(made)) : PrintResult(arguments, TextForm(made));
 }
 
 }  // namespace vanzet::cli

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+
+#include <nlohmann/json_fwd.hpp>
+
 #include "base/result.h"
 #include "cli/contour/options.h"
 #include "contour/contour.h"
@@ -17,6 +21,10 @@ Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::s
 
 /// Reads the only contour of a file. Fails when there are several.
 Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file);
+
+/// Prints what an operation tells, unless standard output has its picture or its drawing.
+Result<void> PrintResult(const ContourArguments& arguments, const std::string& text);
+Result<void> PrintResult(const ContourArguments& arguments, const nlohmann::ordered_json& json);
 
 /// Writes the picture if the command asks for one.
 Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing drawing);

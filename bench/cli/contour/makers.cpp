@@ -5,7 +5,6 @@
 #include "base/number_text.h"
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
-#include "cli/output.h"
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"
@@ -54,7 +53,7 @@ Result<void> PrintForm(const ContourArguments& arguments, const Contours& contou
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kMain, &contours});
   VANZET_DO(WritePicture(arguments, std::move(drawing)));
-  return arguments.json ? PrintJson(JsonForm(contours)) : Print(form);
+  return arguments.json ? PrintResult(arguments, JsonForm(contours)) : PrintResult(arguments, form);
 }
 
 /// Fails unless the length of `trim` and `extend` is one.

@@ -153,6 +153,16 @@ void CheckRegion(const ContourArguments& arguments) {
   }
 }
 
+/// A picture or a drawing on standard output is alone there.
+void CheckStandardOutput(const ContourArguments& arguments) {
+  if (arguments.svg == "-" && arguments.dxf == "-") {
+    throw WrongUsage{"--svg -", "cannot be given together with --dxf -"};
+  }
+  if (!arguments.PrintsFile() || !arguments.json) return;
+  throw WrongUsage{
+      "--json", "cannot be given together with " + std::string(arguments.svg == "-" ? "--svg -" : "--dxf -")};
+}
+
 /// A name without an ending, such as that of a device, is accepted.
 void CheckEnding(const char* option, const std::string& file, const char* ending) {
   const std::string found = std::filesystem::path(file).extension().string();
@@ -252,11 +262,12 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
   }
   if ((options & kFile) != 0) AddFileOptions(command, arguments, (options & kTolerance) == 0);
   if ((options & kDxf) != 0) {
-    command.AddOption("--dxf", "FILE", "write the result as a drawing to this file",
+    command.AddOption("--dxf", "FILE", "write the result as a drawing to this file; -: to standard output",
                       StoreText(arguments.dxf));
   }
   AddOperationOptions(command, arguments, options);
-  command.AddOption("--svg", "FILE", "write a picture to this file", StoreText(arguments.svg));
+  command.AddOption("--svg", "FILE", "write a picture to this file; -: to standard output",
+                    StoreText(arguments.svg));
   command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers).Needs("--svg");
   command.AddFlag("--json", "print JSON", arguments.json);
   if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
@@ -265,6 +276,7 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
 void CheckContourArguments(const ContourArguments& arguments) {
   CheckSides(arguments);
   CheckRegion(arguments);
+  CheckStandardOutput(arguments);
   CheckEnding("--svg", arguments.svg, ".svg");
   CheckEnding("--dxf", arguments.dxf, ".dxf");
 }

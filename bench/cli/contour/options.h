@@ -55,8 +55,8 @@ struct ContourArguments {
   contour::XmlKind xmlKind = contour::XmlKind::kKurve;
   contour::LibraryText textForm = contour::LibraryText::kContour;
   bool libraryReads = false;  ///< not the strict reader
-  std::string dxf;            ///< the file for a drawing of the result
-  std::string svg;            ///< the file for a picture
+  std::string dxf;            ///< the file for a drawing of the result; "-" is standard output
+  std::string svg;            ///< the file for a picture; the same
   bool vertexNumbers = false;
   bool json = false;
   const Translations* texts = nullptr;  ///< of headings; never null while an operation runs
@@ -71,6 +71,9 @@ struct ContourArguments {
   /// Whether an option is for the offset of a region, or for that of each contour.
   bool AsksForRegion() const { return region || corner || thicken; }
   bool AsksForContours() const { return sides[0] || sides[1] || steps > 1 || method; }
+
+  /// Whether standard output has the picture or the drawing, and not what the operation prints.
+  bool PrintsFile() const { return svg == "-" || dxf == "-"; }
 
   geometry::Point PointAt(std::size_t first) const { return {numbers[first], numbers[first + 1]}; }
 };
@@ -100,8 +103,8 @@ inline void AnswerNo(const ContourArguments& arguments) {
 /// Adds the options of an operation, which stores what they are given in `arguments`.
 void AddContourOptions(Command& command, ContourArguments& arguments, unsigned options);
 
-/// Checks what the options mean together: at most one side, one kind of offset, and outputs whose names do
-/// not end like another form. Throws `WrongUsage`.
+/// Checks what the options mean together: at most one side, one kind of offset, one thing on standard
+/// output, and outputs whose names do not end like another form. Throws `WrongUsage`.
 void CheckContourArguments(const ContourArguments& arguments);
 
 /// Splits the words into files, at most `files`, and exactly `numbers` numbers after them.

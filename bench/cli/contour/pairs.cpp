@@ -79,8 +79,9 @@ Result<void> ContourSame(const ContourArguments& arguments) {
   if (*motion) drawing.links.push_back({a.curve.start, a.curve.start.Transform(**motion)});
   if (!*motion) AnswerNo(arguments);
   VANZET_DO(WritePicture(arguments, drawing));
-  if (arguments.json) return PrintJson(MotionJson(*motion));
-  return Print(*motion ? MotionText(MotionOf(**motion)) : "the contours do not have the same shape\n");
+  if (arguments.json) return PrintResult(arguments, MotionJson(*motion));
+  const std::string none = "the contours do not have the same shape\n";
+  return PrintResult(arguments, *motion ? MotionText(MotionOf(**motion)) : none);
 }
 
 }  // namespace vanzet::cli

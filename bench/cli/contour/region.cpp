@@ -8,7 +8,6 @@
 
 #include "base/number_text.h"
 #include "cli/contour/files.h"
-#include "cli/output.h"
 #include "contour/builder.h"
 #include "contour/library.h"
 #include "contour/region.h"
@@ -42,7 +41,7 @@ Result<void> WriteRegion(const ContourArguments& arguments, Drawing drawing, con
   if (loops.empty()) std::cerr << "vanzet: the region is empty\n";
   if (!arguments.json) return WriteContours(arguments, drawing, loops);
   VANZET_DO(WriteDrawings(arguments, drawing, loops));
-  return PrintJson(contour::JsonForm(region));
+  return PrintResult(arguments, contour::JsonForm(region));
 }
 
 using Combination = Region (*)(const Region&, const Region&);
