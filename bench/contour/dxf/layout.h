@@ -48,8 +48,8 @@ struct LayoutOptions {
 };
 
 /// Draws the entities, and those of blocks where they are inserted. Fails, with `place` set, for coordinates
-/// that are too large, blocks that are nested too deep, more entities or vertices than a million, and too many
-/// arcs.
+/// that are too large, blocks that are nested too deep, more entities or vertices than a million, and too
+/// many arcs.
 Result<DxfLayout> LayOut(const DxfDrawing& drawing, const LayoutOptions& options, int& place);
 
 }  // namespace vanzet::contour
