@@ -70,8 +70,10 @@ Result<TemporaryFile> TemporaryFile::Make(std::string_view ending) {
     std::string folder = (TemporaryFolder() / (std::string(kPrefix) + "XXXXXX")).string();
     if (mkdtemp(folder.data()) == nullptr) break;
     Descriptor lock = OpenFolder(folder);
-    if (!lock || !lock.TryLock() || !IsOwnAndThere(lock)) continue;
-    return TemporaryFile(folder, std::move(lock), fs::path(folder) / ("bodies" + std::string(ending)));
+    if (lock && lock.TryLock() && IsOwnAndThere(lock)) {
+      return TemporaryFile(folder, std::move(lock), fs::path(folder) / ("bodies" + std::string(ending)));
+    }
+    rmdir(folder.c_str());
   }
   return files::SystemFault("cannot make a temporary folder", errno);
 }
