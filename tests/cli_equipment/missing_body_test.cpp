@@ -30,7 +30,7 @@ TEST_F(MissingBody, HidesItselfAloneInAnExport) {
   const Outcome exported = Vanzet("export lathe --out models --format stl");
   EXPECT_EQ(exported.status, 0);
   EXPECT_THAT(exported.err, ContainsRegex("^vanzet: .*the billet of the main spindle: body 'flange-casting' "
-                                          "does not exist\n"));
+                                          "does not exist; did you mean 'flange'[?]\n"));
   EXPECT_THAT(exported.out, HasSubstr("models/main-clamp.stl"));
   EXPECT_THAT(exported.out, Not(HasSubstr("main-billet")));
 }
