@@ -16,13 +16,13 @@ Json Required(std::string_view key) {
 }
 
 /// An object with these properties and no others.
-Json Closed(Json properties, std::vector<std::string> required = {}) {
+Json Closed(Json properties, const std::vector<std::string>& required = {}) {
   Json schema = {{"type", "object"}, {"properties", std::move(properties)}, {"additionalProperties", false}};
-  if (!required.empty()) schema["required"] = std::move(required);
+  if (!required.empty()) schema["required"] = required;
   return schema;
 }
 
-Json Described(const std::string& description, Json schema) {
+Json Described(const std::string& description, const Json& schema) {
   Json described = {{"description", description}};
   described.update(schema);
   return described;

@@ -156,6 +156,7 @@ Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptio
   VANZET_TRY(const auto target, TargetFolder::Make(folder));
   const std::vector<PlannedFile> planned = PlanFiles(bodies, options);
   std::vector<modeller::FileBodies> contents;
+  contents.reserve(planned.size());
   for (const PlannedFile& file : planned) contents.push_back(file.bodies);
   NewFiles made;
   VANZET_DO(modeller::MakeFiles(bodies, contents, options.format, {}, exchange,

@@ -68,7 +68,7 @@ enum class FillRule { EvenOdd, NonZero, Positive };
 Region Clean(const KurveEx& contour, FillRule rule = FillRule::EvenOdd);
 Region Clean(const std::vector<KurveEx>& contours, FillRule rule = FillRule::EvenOdd);
 /// The same for a region's loops, which may be any closed loops here.
-Region Clean(const Region& region, FillRule rule);
+Region Clean(const Region& loops, FillRule rule);
 
 /// The set operations. Requires: both are results of this header, or as clean as these.
 Region Unite(const Region& a, const Region& b);

@@ -56,7 +56,7 @@ struct Item {
 Item ItemOf(const DxfEntity& entity);
 
 /// The shapes of a POLYLINE with its VERTEX entities.
-Item ItemOfPolyline(const DxfEntity& polyline, const std::vector<DxfEntity>& vertices);
+Item ItemOfPolyline(const DxfEntity& polyline, const std::vector<DxfEntity>& entities);
 
 /// The shapes of a SPLINE, or why it has none.
 std::vector<Path> PathsOfSpline(const DxfEntity& entity, std::string& leftOut);

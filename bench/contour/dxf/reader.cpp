@@ -20,7 +20,8 @@ class DrawingReader {
   Result<DxfDrawing> Read();
 
  private:
-  Fault CutShort() const;
+  /// The drawing, if it may end here without its mark.
+  Result<DxfDrawing> AtEnd();
   Result<void> TakeMark(const DxfGroup& group);
   Result<void> TakeGroup(DxfGroup group);
   Result<void> TakeHeaderGroup(const DxfGroup& group);
@@ -49,10 +50,7 @@ Result<DxfDrawing> DrawingReader::Read() {
   for (bool begun = false;;) {
     VANZET_TRY(const bool more, groups_.Next(group));
     place_ = group.place;
-    if (!more) {
-      if (hasEntities_ && section_.empty() && entity_.kind.empty()) return std::move(drawing_);
-      return CutShort();
-    }
+    if (!more) return AtEnd();
     if (group.code == kComment) continue;
     if (!begun && (group.code != 0 || group.value != "SECTION")) {
       return groups_.At(group.place, "not a DXF drawing: it does not begin with a section");
@@ -63,7 +61,8 @@ Result<DxfDrawing> DrawingReader::Read() {
   }
 }
 
-Fault DrawingReader::CutShort() const {
+Result<DxfDrawing> DrawingReader::AtEnd() {
+  if (hasEntities_ && section_.empty() && entity_.kind.empty()) return std::move(drawing_);
   return groups_.At(place_, "the drawing is cut short: it does not end with the group '0 EOF'");
 }
 

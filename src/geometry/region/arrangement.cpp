@@ -112,6 +112,7 @@ bool Arrangement::TurnsBefore(Half a, Half b, const Vector2d& reference) const {
 void Arrangement::SortAround(std::vector<Half>& out) const {
   const Vector2d axis(1, 0);
   std::vector<double> headings;
+  headings.reserve(out.size());
   for (const Half h : out) headings.push_back(Heading(CurveOf(h), 0, axis));
   std::sort(headings.begin(), headings.end());
   double widest = headings.front() + kTurn - headings.back();

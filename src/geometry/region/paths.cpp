@@ -7,7 +7,6 @@
 namespace geometry {
 namespace {
 
-using region::Cancelled;
 using region::ChainLink;
 using region::EndForm;
 using region::OffsetChain;
