@@ -64,7 +64,7 @@ struct ContourArguments {
 
   /// The side of an offset. Requires: `CheckContourArguments` was called.
   const OffsetSide& Side() const {
-    const auto given = std::ranges::find(sides, true);
+    const auto* const given = std::ranges::find(sides, true);
     return given == sides.end() ? kSides.front() : *std::next(kSides.begin(), given - sides.begin());
   }
 

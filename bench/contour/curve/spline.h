@@ -37,9 +37,9 @@ struct EndDirections {
   std::optional<Space> start, end;
 };
 
-/// The cubic curve through the points whose curvature is continuous, by the lengths of its chords. Its ends
-/// are not bent where no direction is given; a closed one returns to its first point. Points that repeat are
-/// dropped.
-std::vector<Bezier> CurveThrough(const std::vector<Space>& points, const EndDirections& ends, bool closed);
+/// The cubic curve through the given points whose curvature is continuous, by the lengths of its chords. Its
+/// ends are not bent where no direction is given; a closed one returns to its first point. Points that
+/// repeat are dropped.
+std::vector<Bezier> CurveThrough(const std::vector<Space>& given, const EndDirections& ends, bool closed);
 
 }  // namespace vanzet::contour

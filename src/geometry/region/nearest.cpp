@@ -102,6 +102,7 @@ std::vector<Curve> CurvesOf(const Pieces& pieces) {
 
 std::vector<BoxTree::Item> BoxesOf(const std::vector<Curve>& curves) {
   std::vector<BoxTree::Item> boxes;
+  boxes.reserve(curves.size());
   for (const Curve& curve : curves) boxes.push_back(BoxOf(curve));
   return boxes;
 }
