@@ -3,6 +3,7 @@
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
 #include <Message_PrinterOStream.hxx>
+#include <Standard_OutOfMemory.hxx>
 #include <string>
 
 namespace vanzet::modeller {
@@ -12,6 +13,9 @@ void SilenceKernel() {
 }
 
 Fault KernelFault(const Standard_Failure& failure) {
+  if (failure.IsKind(STANDARD_TYPE(Standard_OutOfMemory))) {
+    return {.text = "out of memory", .kind = FaultKind::kSystem};
+  }
   const char* message = failure.GetMessageString();
   const bool hasMessage = message != nullptr && *message != '\0';
   return {std::string("Open CASCADE: ") + (hasMessage ? message : failure.DynamicType()->Name())};
