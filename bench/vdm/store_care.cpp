@@ -166,8 +166,10 @@ Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::pat
   if (error) fs::copy_file(file, aside, error);
   if (error) return files::SystemFault("cannot be written", error, aside);
   fs::rename(repaired, file, error);
-  if (error) return files::SystemFault("cannot be written", error, file);
-  return {};
+  if (!error) return {};
+  std::error_code ignored;
+  fs::remove(aside, ignored);
+  return files::SystemFault("cannot be written", error, file);
 }
 
 }  // namespace
