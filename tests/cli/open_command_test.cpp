@@ -33,7 +33,8 @@ TEST_F(OpenCommand, RecordsAScriptThatDefinesTheSame) {
   ASSERT_EQ(Vanzet("new other").status, 0);
   const Outcome opened = Vanzet(
       "open lathe --dialog --record job.txt & window=$!; for ((i = 0; i < 600; ++i)); do "
-      "grep -qx 'press ok' job.txt && break; sleep 0.1; done; kill $window; wait $window; true",
+      "grep -qx 'press ok' job.txt && break; sleep 0.1; done; kill $window; wait $window; grep -qx 'press "
+      "ok' job.txt",
       "export QT_QPA_PLATFORM=offscreen VANZET_TRANSCRIPT=run.jsonl VANZET_SCRIPT='" VANZET_SOURCE_DIR
       "/examples/scripts/bar-job.txt';");
   EXPECT_EQ(opened.status, 0) << opened.err;
