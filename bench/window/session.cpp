@@ -52,7 +52,11 @@ Result<std::vector<results::SpurDefinition>> Session::Definitions() const {
 }
 
 Result<drawing::Drawing> Session::Drawing() const {
-  if (host_ != nullptr) return host_->board.drawing();
+  if (host_ != nullptr) {
+    // The first pick can come before the first line.
+    VANZET_DO(host_->board.Load());
+    return host_->board.drawing();
+  }
   drawing::Board board(project_.folder());
   VANZET_DO(board.Load());
   return board.drawing();

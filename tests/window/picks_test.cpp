@@ -63,6 +63,20 @@ TEST_F(WindowPicks, OfTheCornerOfABilletAreItsDiameter) {
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 80.000000 120.000000"));
 }
 
+TEST_F(WindowPicks, InAReopenedProjectSeeItsDrawing) {
+  OpenSample(true);
+  Restart();
+  ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
+  // The pick is the first thing that this dialog asks of the workbench: no line has come before it.
+  Play("select 19\npress 2005\n", {[&] {
+         EXPECT_EQ(layers().list().count(), 2);
+         drawing().Fit();
+         QTest::mouseMove(&drawing(), At(-50, 21) + QPoint(5, -4));
+         EXPECT_TRUE(drawing().snap()) << "the billet's corner";
+         Escape();
+       }});
+}
+
 TEST_F(WindowPicks, AreCancelledByEscape) {
   OpenSample();
   Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] { Escape(); }});
@@ -98,6 +112,22 @@ TEST_F(WindowPicks, OfAFigureCanBeChosenFromTheList) {
          emit list.itemActivated(list.item(0));
        }});
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("bracket")));
+}
+
+TEST_F(WindowPicks, WhoseFigureIsLostLaterLeaveTheRestOfTheEquipment) {
+  OpenSample(true);
+  const auto figure = folder / "lathe" / "figures/bracket.dxf";
+  std::filesystem::copy(VANZET_SOURCE_DIR "/examples/contours/bracket.dxf", figure);
+  Play("select 20\npress 2010\npress 2015\n", {[&] {
+         QListWidget& list = choice().list();
+         emit list.itemActivated(list.item(0));
+       }});
+  std::filesystem::remove(figure);
+  window->equipmentCommands().Refresh();
+  EXPECT_THAT(notice().Message().toStdString(), HasSubstr("bracket"));
+  ASSERT_TRUE(exports().WriteBodies(modeller::ExportFormat::kStl, folder / "out"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "out/main-clamp.stl"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "out/billet.stl"));
 }
 
 TEST_F(WindowPicks, OfASolidAreShownAndTaken) {
