@@ -20,6 +20,12 @@ namespace {
 constexpr int kNoteTime = 8000;
 constexpr int kFaultTime = 15'000;
 
+/// The source keeps its files: one that is told of a move would delete them.
+void AcceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
+
 std::vector<std::filesystem::path> FilesOf(const QMimeData& data) {
   std::vector<std::filesystem::path> files;
   for (const QUrl& url : data.urls()) {
@@ -240,12 +246,13 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const auto files = FilesOf(*event->mimeData());
   const bool isWelcome =
       session() != nullptr && !session()->isAtWork() && !files.empty() &&
+      event->possibleActions().testFlag(Qt::CopyAction) &&
       std::ranges::all_of(files, [](const auto& file) { return FolderFor(file).has_value(); });
-  if (isWelcome) event->acceptProposedAction();
+  if (isWelcome) AcceptAsCopy(*event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
+  AcceptAsCopy(*event);
   projectCommands_->ImportDropped(FilesOf(*event->mimeData()));
 }
 

@@ -18,14 +18,18 @@ class Projects : public WindowTest {
   void Drop(const std::filesystem::path& file) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
-    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    // Shift asks for a move where the source allows one.
+    QDragEnterEvent enter(QPoint(50, 50), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(window.get(), &enter);
     isTaken = enter.isAccepted();
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(50, 50), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
     if (isTaken) QApplication::sendEvent(window.get(), &drop);
+    done = drop.dropAction();
   }
 
+  Qt::DropActions offered = Qt::CopyAction;
   bool isTaken = false;
+  Qt::DropAction done = Qt::IgnoreAction;  ///< what the source of the last drop is told
 };
 
 TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {
@@ -144,6 +148,16 @@ TEST_F(Projects, TakeDroppedFilesIntoTheirFolders) {
   WriteBytes(folder / "notes.txt", "x");
   Drop(folder / "notes.txt");
   EXPECT_FALSE(isTaken);
+}
+
+TEST_F(Projects, CopyWhatIsDroppedAlsoFromASourceThatWouldRatherMove) {
+  OpenSample();
+  offered = Qt::CopyAction | Qt::MoveAction;
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/scan.stl");
+  EXPECT_EQ(done, Qt::CopyAction);
+  offered = Qt::MoveAction;
+  Drop(VANZET_SOURCE_DIR "/examples/bodies/casting.step");
+  EXPECT_FALSE(isTaken) << "the source would delete its file";
 }
 
 TEST_F(Projects, AskBeforeADroppedFileTakesTheNameOfAnother) {
