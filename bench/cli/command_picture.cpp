@@ -173,7 +173,7 @@ void AddEquipmentOptions(Command& command, PictureArguments& arguments) {
   command.AddFlag("--section", "equipment: cut open along the plane of the drawing", arguments.isSection);
   command
       .AddOption("--fit", "NAME,...",
-                 "equipment: these bodies fill the picture, such as clamp or 'main jaw 1'", arguments.fitted)
+                 "equipment: these bodies fill the picture, such as chuck or 'main jaw 1'", arguments.fitted)
       .SeparatedBy(',');
   command.AddOption("--without", "NAME,...", "equipment: leave these bodies out", arguments.leftOut)
       .SeparatedBy(',');

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "devices/kinds.h"
 #include "geometry/numerics.h"
 #include "modeller/body.h"
 #include "modeller/measures.h"
@@ -84,6 +85,15 @@ std::vector<Mark> MarksOf(const Spindle& spindle, const SpindleThings& things) {
   return marks;
 }
 
+/// "chuck", "face driver"; a device whose values are missing has its 3D text alone.
+std::string WordsOf(const DeviceParams& clamp) {
+  const devices::Kind* const kind = devices::KindOf(clamp.type);
+  if (kind == nullptr) return "clamp device";
+  std::string words(kind->word);
+  std::ranges::replace(words, '_', ' ');
+  return words;
+}
+
 class Placer {
  public:
   Placer(const Spindle& spindle, const SpindleThings& things, std::string name)
@@ -107,7 +117,8 @@ class Placer {
 
   void AddClamp() {
     const DeviceText& clamp = *things_.clamp;
-    SceneBody& body = Add("clamp", Kind::kClamp, clamp.body, MovedBy(stations_.face - clamp.socket.x));
+    SceneBody& body = Add(WordsOf(spindle_.clamp.params), Kind::kClamp, clamp.body,
+                          MovedBy(stations_.face - clamp.socket.x));
     body.exact = ExactBody(spindle_.clamp.params, clamp.body);
   }
 

@@ -22,7 +22,7 @@ enum class Kind { kClamp, kJaw, kCenter, kSteadyRest, kBillet, kFinishPart };
 modeller::Colour ColourOf(Kind kind);
 
 struct SceneBody {
-  std::string name;  ///< "main clamp", "sub jaw 2", "center"
+  std::string name;  ///< "main chuck", "sub jaw 2", "center"
   Kind kind = Kind::kClamp;
   modeller::Body body;
   geometry::Matrix placement;  ///< moves and turns

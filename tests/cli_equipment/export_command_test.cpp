@@ -58,9 +58,9 @@ class ExportCommand : public CommandLineTest {
 
 TEST_F(ExportCommand, WritesAFileWithAllAndOneForEach) {
   Export("step");
-  EXPECT_THAT(Files(), testing::IsSupersetOf({"equipment.step", "main-billet.step", "main-clamp.step",
+  EXPECT_THAT(Files(), testing::IsSupersetOf({"equipment.step", "main-billet.step", "main-chuck.step",
                                               "main-jaw-1.step", "main-jaw-2.step", "main-jaw-3.step",
-                                              "sub-clamp.step"}));
+                                              "sub-collet.step"}));
 }
 
 TEST_F(ExportCommand, HasTheBarAsLargeAsItWasDefinedInEveryFormat) {
@@ -87,8 +87,8 @@ TEST_F(ExportCommand, HasTheBarAsLargeAsItWasDefinedInEveryFormat) {
 TEST_F(ExportCommand, HasTheSameBodiesByNameInEveryFormatThatKnowsNames) {
   Export("step");
   const ReadBack step = ReadStepDocument(folder / "models/equipment.step");
-  EXPECT_THAT(step.names, testing::IsSupersetOf({"main clamp", "main jaw 1", "main jaw 2", "main jaw 3",
-                                                 "main billet", "sub clamp"}));
+  EXPECT_THAT(step.names, testing::IsSupersetOf({"main chuck", "main jaw 1", "main jaw 2", "main jaw 3",
+                                                 "main billet", "sub collet"}));
   Export("gltf");
   EXPECT_EQ(ReadGltfDocument(folder / "models/equipment.glb").names, step.names);
   Export("wrl");
@@ -160,15 +160,15 @@ TEST_F(ExportCommand, RemovesFromItsFolderWhatItHasWrittenBeforeAndNothingElse) 
 
 TEST_F(ExportCommand, KeepsWhatSomebodyHasChangedAndSaysSo) {
   Export("step");
-  WriteBytes(folder / "models/main-clamp.step", "changed");
+  WriteBytes(folder / "models/main-chuck.step", "changed");
   const Outcome next = Vanzet("export lathe --out models --format stl");
   EXPECT_EQ(next.status, 0);
   EXPECT_EQ(next.err,
-            "vanzet: models/main-clamp.step: is not removed: it was changed after it was exported\n");
-  EXPECT_EQ(ReadBytes(folder / "models/main-clamp.step"), "changed");
+            "vanzet: models/main-chuck.step: is not removed: it was changed after it was exported\n");
+  EXPECT_EQ(ReadBytes(folder / "models/main-chuck.step"), "changed");
   Export("step");
   Export("stl");
-  EXPECT_FALSE(fs::exists(folder / "models/main-clamp.step")) << "the last export has written it again";
+  EXPECT_FALSE(fs::exists(folder / "models/main-chuck.step")) << "the last export has written it again";
 }
 
 TEST_F(ExportCommand, LeavesTheFolderAsItWasWhenItFails) {
@@ -222,7 +222,7 @@ TEST_F(ExportCommand, ShowsTheNearNamesOfABodyThatDoesNotExist) {
   EXPECT_EQ(near.status, 1);
   EXPECT_EQ(near.err, "vanzet: body 'main bilet' does not exist; did you mean 'main billet'?\n");
   EXPECT_THAT(Vanzet("export lathe --out models --format wrl --body tailstock").err,
-              HasSubstr("body 'tailstock' does not exist; the bodies are: main clamp, main jaw 1, "));
+              HasSubstr("body 'tailstock' does not exist; the bodies are: main chuck, main jaw 1, "));
   EXPECT_FALSE(fs::exists(folder / "models"));
 }
 

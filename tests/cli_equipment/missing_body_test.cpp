@@ -31,7 +31,7 @@ TEST_F(MissingBody, HidesItselfAloneInAnExport) {
   EXPECT_EQ(exported.status, 0);
   EXPECT_THAT(exported.err, ContainsRegex("^vanzet: .*the billet of the main spindle: body 'flange-casting' "
                                           "does not exist; did you mean 'flange'[?]\n"));
-  EXPECT_THAT(exported.out, HasSubstr("models/main-clamp.stl"));
+  EXPECT_THAT(exported.out, HasSubstr("models/main-chuck.stl"));
   EXPECT_THAT(exported.out, Not(HasSubstr("main-billet")));
 }
 
@@ -54,11 +54,11 @@ TEST_F(MissingBody, IsAFailureWhenItIsStrict) {
 }
 
 TEST_F(MissingBody, IsNotMissedWhereItIsLeftOut) {
-  const Outcome without = Vanzet("picture lathe --view equipment --out a.png --without clamp --fit jaw");
+  const Outcome without = Vanzet("picture lathe --view equipment --out a.png --without chuck --fit jaw");
   EXPECT_EQ(without.status, 0) << without.err;
-  const Outcome unknown = Vanzet("picture lathe --view equipment --out b.png --fit 'main clam'");
+  const Outcome unknown = Vanzet("picture lathe --view equipment --out b.png --fit 'main chuk'");
   EXPECT_EQ(unknown.status, 1);
-  EXPECT_THAT(unknown.err, HasSubstr("body 'main clam' does not exist; did you mean 'main clamp'?"));
+  EXPECT_THAT(unknown.err, HasSubstr("body 'main chuk' does not exist; did you mean 'main chuck'?"));
   EXPECT_FALSE(fs::exists(folder / "b.png"));
 }
 

@@ -15,14 +15,14 @@ Scene SceneOf(const std::vector<std::string>& names) {
   return scene;
 }
 
-const Scene kScene = SceneOf({"main clamp", "main jaw 1", "main jaw 2", "sub jaw 1", "center"});
+const Scene kScene = SceneOf({"main chuck", "main jaw 1", "main jaw 2", "sub jaw 1", "center"});
 
 TEST(BodyNames, StandForAllBodiesThatHaveTheirWords) {
   EXPECT_THAT(*FindBodies(kScene, "main jaw 1"), ElementsAre(1));
   EXPECT_THAT(*FindBodies(kScene, "Main-Jaw-1"), ElementsAre(1));
   EXPECT_THAT(*FindBodies(kScene, "main jaw"), ElementsAre(1, 2));
   EXPECT_THAT(*FindBodies(kScene, "jaw"), ElementsAre(1, 2, 3));
-  EXPECT_THAT(*FindBodies(kScene, std::vector<std::string>{"center", "clamp"}), ElementsAre(0, 4));
+  EXPECT_THAT(*FindBodies(kScene, std::vector<std::string>{"center", "chuck"}), ElementsAre(0, 4));
   EXPECT_TRUE(FindBodies(kScene, std::vector<std::string>())->empty());
 }
 
@@ -32,7 +32,7 @@ TEST(BodyNames, ThatAreUnknownAreReportedWithTheNearOnes) {
   EXPECT_EQ(near.fault().text, "body 'centre' does not exist; did you mean 'center'?");
   EXPECT_EQ(near.fault().kind, FaultKind::kMissing);
   EXPECT_EQ(FindBodies(kScene, "x").fault().text,
-            "body 'x' does not exist; the bodies are: main clamp, main jaw 1, main jaw 2, sub jaw 1, center");
+            "body 'x' does not exist; the bodies are: main chuck, main jaw 1, main jaw 2, sub jaw 1, center");
   EXPECT_FALSE(FindBodies(kScene, "")) << "no body has no word";
 }
 

@@ -43,10 +43,10 @@ TEST_F(OwnDevices, ReachTheDefinitionAndTheScene) {
   WriteClampDevice(0, 0, "/own.vdm", {.type = 103, .B = 50});
   PutDatum({.outMain = 10});
   const scene::Scene shown = Shown();
-  ASSERT_THAT(NamesOf(shown), ElementsAre("main clamp"));
+  ASSERT_THAT(NamesOf(shown), ElementsAre("main chuck"));
   const double volume = modeller::MeasuresOf(Ring())->volume;
   EXPECT_NEAR(modeller::MeasuresOf(shown.bodies[0].body)->volume, volume, volume * 0.01);
-  EXPECT_NEAR(BoxOf(shown, "main clamp").max.x, -10, 0.06);
+  EXPECT_NEAR(BoxOf(shown, "main chuck").max.x, -10, 0.06);
   EXPECT_FALSE(shown.bodies[0].exact);
 }
 

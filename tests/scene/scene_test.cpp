@@ -1,5 +1,6 @@
 #include "scene/scene.h"
 
+#include "devices/kinds.h"
 #include "modeller/mesh.h"
 #include "scene/scene_fixture.h"
 #include "scene/steady_rest.h"
@@ -43,7 +44,7 @@ TEST_F(Scenes, StandTheJawsOnTheFaceAroundTheBillet) {
   PutDatum({.outMain = 90, .originMain = 10});
   const scene::Scene shown = Shown();
   EXPECT_THAT(NamesOf(shown),
-              ElementsAre("main clamp", "main jaw 1", "main jaw 2", "main jaw 3", "main billet"));
+              ElementsAre("main chuck", "main jaw 1", "main jaw 2", "main jaw 3", "main billet"));
   // The billet's front is at the origin translation; it leaves the jaws, which are 50 long, 90 behind that.
   const auto billet = BoxOf(shown, "main billet");
   EXPECT_NEAR(billet.max.x, 10, 1e-3);
@@ -53,8 +54,8 @@ TEST_F(Scenes, StandTheJawsOnTheFaceAroundTheBillet) {
   EXPECT_NEAR(jaw.min.x, -130, 1e-3);
   EXPECT_NEAR(jaw.min.y, 30, 1e-3) << "the first jaw stands upright on the billet";
   EXPECT_NEAR(jaw.max.y, 72, 1e-3);
-  EXPECT_NEAR(BoxOf(shown, "main clamp").max.x, -130, 1e-3);
-  EXPECT_NEAR(BoxOf(shown, "main clamp").min.x, -220, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "main chuck").max.x, -130, 1e-3);
+  EXPECT_NEAR(BoxOf(shown, "main chuck").min.x, -220, 1e-3);
   // A third of a turn further on the next one: y is the cosine of that.
   EXPECT_NEAR(BoxOf(shown, "main jaw 2").max.y, -15 + 12 * std::sqrt(0.75), 1e-3);
 }
@@ -74,7 +75,7 @@ TEST_F(Scenes, HoldABoreFromInside) {
 TEST_F(Scenes, StandABilletWithoutClampingOutOnTheFace) {
   Clamp(0, kChuck, kHardJaw);
   PutBillet(0, 60, 120);
-  EXPECT_NEAR(BoxOf(Shown(), "main clamp").max.x, -120, 1e-3);
+  EXPECT_NEAR(BoxOf(Shown(), "main chuck").max.x, -120, 1e-3);
 }
 
 TEST_F(Scenes, HideABilletThatIsNotToBeDrawn) {
@@ -131,7 +132,7 @@ TEST_F(Scenes, KeepTheOthersWhenABilletCannotBeMade) {
   billet.solidName = "casting";
   WriteBillet(0, 1, billet);
   const scene::Scene shown = Shown();
-  EXPECT_THAT(NamesOf(shown), ElementsAre("main clamp", "main jaw 1", "main jaw 2", "main jaw 3"));
+  EXPECT_THAT(NamesOf(shown), ElementsAre("main chuck", "main jaw 1", "main jaw 2", "main jaw 3"));
   ASSERT_EQ(shown.missing.size(), 1U);
   EXPECT_EQ(shown.missing[0].text, "the billet of the sub spindle: casting does not exist");
 }
@@ -210,8 +211,8 @@ TEST_F(Scenes, FaceTheSpindlesAtTheDistanceOfTheirOrigins) {
   EXPECT_NEAR(BoxOf(shown, "main billet").max.x, 10, 1e-3);
   EXPECT_NEAR(BoxOf(shown, "sub billet").min.x, 180, 1e-3);
   EXPECT_NEAR(BoxOf(shown, "sub billet").max.x, 240, 1e-3);
-  EXPECT_GT(BoxOf(shown, "sub clamp").max.x, 240);
-  EXPECT_NEAR(BoxOf(shown, "sub clamp").min.x, 210, 1e-3) << "30 of the billet stand out of the collet";
+  EXPECT_GT(BoxOf(shown, "sub collet").max.x, 240);
+  EXPECT_NEAR(BoxOf(shown, "sub collet").min.x, 210, 1e-3) << "30 of the billet stand out of the collet";
 }
 
 TEST_F(Scenes, KeepSpindlesWithoutADistanceApart) {
@@ -256,7 +257,26 @@ TEST_F(Scenes, KeepACenterInFrontOfABoreThatIsWiderThanIt) {
 TEST_F(Scenes, LeaveOutTheJawThatStandsByWhereNoneIsDefined) {
   Clamp(0, kChuck, {});
   EXPECT_FALSE(Stored().Items(6, 1).empty()) << "the definition has it for the simulation";
-  EXPECT_THAT(NamesOf(Shown()), ElementsAre("main clamp"));
+  EXPECT_THAT(NamesOf(Shown()), ElementsAre("main chuck"));
+}
+
+TEST_F(Scenes, NameADeviceByItsKind) {
+  const std::pair<const devices::Kind&, const char*> names[] = {{devices::kChuck, "chuck"},
+                                                                {devices::kCollet, "collet"},
+                                                                {devices::kMandrel, "mandrel"},
+                                                                {devices::kFaceDriver, "face driver"}};
+  for (const auto& [kind, name] : names) {
+    MakeDefinition();
+    Clamp(0, kind.devices.front().example, {});
+    Clamp(1, kind.devices.front().example, {});
+    EXPECT_THAT(NamesOf(Shown()), ElementsAre(std::string("main ") + name, std::string("sub ") + name));
+  }
+}
+
+TEST_F(Scenes, NameADeviceWithoutValuesAClampDevice) {
+  Clamp(0, kChuck, {});
+  WriteClampDevice(0, 0, "", {});
+  EXPECT_THAT(NamesOf(Shown()), ElementsAre("main clamp device"));
 }
 
 TEST_F(Scenes, MarkTheDatum) {
@@ -273,7 +293,7 @@ TEST_F(Scenes, MarkTheDatum) {
 TEST_F(Scenes, MakeDevicesOfValuesAnewWithTheirTrueSurfaces) {
   Clamp(0, kChuck, kHardJaw);
   const scene::Scene shown = Shown();
-  for (const char* name : {"main clamp", "main jaw 3"}) {
+  for (const char* name : {"main chuck", "main jaw 3"}) {
     const scene::SceneBody& body = Find(shown, name);
     ASSERT_TRUE(body.exact) << name;
     EXPECT_FALSE(body.exact->IsStl());
@@ -287,7 +307,7 @@ TEST_F(Scenes, TrustTheTextWhereTheValuesDoNotAgreeWithIt) {
   DeviceParams other = kChuck;
   other.B = 70;
   WriteClampDevice(0, 0, "another", other);
-  EXPECT_FALSE(Find(Shown(), "main clamp").exact);
+  EXPECT_FALSE(Find(Shown(), "main chuck").exact);
 }
 
 }  // namespace
