@@ -25,6 +25,8 @@ class BoxTest : public testing::Test {
       caption = box.windowTitle();
       text = box.text();
       icon = box.icon();
+      flags = box.windowFlags();
+      owner = box.parentWidget();
       defaultText = box.defaultButton() == nullptr ? QString() : box.defaultButton()->text();
     };
     return boxes.Present({"Caption", "<b>Delete?</b>", type, nullptr});
@@ -34,6 +36,8 @@ class BoxTest : public testing::Test {
   test::Responder responder;
   QString caption, text, defaultText;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
+  Qt::WindowFlags flags;
+  QWidget* owner = nullptr;
 };
 
 TEST_F(BoxTest, AnswersInTheNumbersOfThePlatform) {
@@ -56,6 +60,20 @@ TEST_F(BoxTest, ShowsItsTextAsItStands) {
   Ask(0, {});
   EXPECT_EQ(caption, QStringLiteral("Caption"));
   EXPECT_EQ(text, QStringLiteral("<b>Delete?</b>"));
+}
+
+TEST_F(BoxTest, CanBeNeitherMaximisedNorMinimised) {
+  Ask(0, {});
+  EXPECT_FALSE(flags.testAnyFlags(Qt::WindowMinMaxButtonsHint));
+  EXPECT_TRUE(flags.testFlag(Qt::CustomizeWindowHint)) << "the window manager adds none";
+  EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+}
+
+TEST_F(BoxTest, BelongsToTheModalWindowThatIsUp) {
+  QDialog modal;
+  modal.open();
+  Ask(0, {});
+  EXPECT_EQ(owner, &modal);
 }
 
 TEST_F(BoxTest, HasTheIconOfItsType) {

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include "platform/message_box.h"
 #include "view/ids.h"
 #include "view/qt/page_panel.h"
 #include "view/qt/tree_panel.h"
@@ -294,6 +295,56 @@ TEST_F(Window, ShowsBoxesInFrontOfItself) {
     EXPECT_EQ(owner, &window);
   });
   EXPECT_EQ(text, QStringLiteral("Remove Billet!"));
+}
+
+TEST_F(Window, KeepsBoxesToItselfInAHostWithAWindow) {
+  QMainWindow main;
+  main.resize(1600, 1000);
+  main.show();
+  const platform::MessageBox ofTheHost = {"Caption", "Text", platform::box::kOk, &main};
+  QWidget* owner = nullptr;
+  QPoint centre;
+  responder.onBox = [&](QMessageBox& box) {
+    owner = box.parentWidget();
+    centre = box.frameGeometry().center();
+  };
+  Serve(
+      [&](DialogWindow& window) {
+        window.setGeometry(40, 60, 700, 500);
+        view.Boxes().Present(ofTheHost);
+        EXPECT_EQ(owner, &window);
+        EXPECT_LT((centre - window.frameGeometry().center()).manhattanLength(), 40);
+        window.Hide();
+        view.Boxes().Present(ofTheHost);
+        EXPECT_EQ(owner, &main) << "during a pick";
+        window.ShowAgain();
+      },
+      &main);
+  view.Boxes().Present(ofTheHost);
+  EXPECT_EQ(owner, &main) << "after the dialog";
+}
+
+TEST_F(Window, HasTheKeyboardAgainAfterABox) {
+  QMainWindow main;
+  main.show();
+  responder.onBox = [&](QMessageBox&) { main.activateWindow(); };
+  Serve(
+      [&](DialogWindow& window) {
+        Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
+        QApplication::processEvents();
+        EXPECT_TRUE(window.isActiveWindow());
+      },
+      &main);
+}
+
+TEST_F(Window, MarksTheValueThatIsToBeTypedAgain) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 37\nset 2123 New\nset 2031 42\nset 2033 15\npress 2152\n");
+    EXPECT_EQ(window.focusWidget(), window.WidgetOf(control::kEditC));
+    EXPECT_EQ(Edit(window, control::kEditC).selectedText(), QStringLiteral("0"));
+    QTest::keyClicks(window.focusWidget(), "20");
+    EXPECT_EQ(Edit(window, control::kEditC).text(), QStringLiteral("20"));
+  });
 }
 
 TEST_F(Window, RemembersItsSize) {

@@ -41,6 +41,17 @@ void AddYesAndNo(QMessageBox& box) {
   box.setEscapeButton(no);
 }
 
+/// A box has no size to change: without these a window manager offers to maximise and minimise it.
+constexpr Qt::WindowFlags kBoxFlags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                      Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+QWidget* OwnerOf(const platform::MessageBox& message, QWidget* dialog) {
+  if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+  const bool isDialogUp = dialog != nullptr && dialog->isVisible();
+  QWidget* const named = isDialogUp ? nullptr : WidgetOf(message.owner);
+  return named != nullptr ? named : dialog;
+}
+
 using platform::FileQuestion;
 
 constexpr const char* kOpen = Translatable("Open File");
@@ -83,8 +94,8 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
 }  // namespace
 
 std::int32_t Boxes::Present(const platform::MessageBox& message) {
-  QWidget* const owner = WidgetOf(message.owner);
-  QMessageBox box(owner != nullptr ? owner : fallbackOwner);
+  QMessageBox box(OwnerOf(message, dialog));
+  box.setWindowFlags(kBoxFlags);
   const QString caption = QString::fromStdString(message.caption);
   box.setWindowTitle(caption.isEmpty() ? QStringLiteral("vanzet") : caption);
   box.setTextFormat(Qt::PlainText);

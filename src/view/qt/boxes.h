@@ -13,12 +13,15 @@ namespace vanzet::view::qt {
 QWidget* WidgetOf(void* handle);
 
 /// Boxes on the display. A box that is closed without a button gets the safe answer.
+///
+/// A box belongs to the window that its user works in, and gives the keyboard back to that: the modal window
+/// that is up, else the dialog unless it is hidden, else the window that the message names.
 class Boxes final : public platform::BoxPresenter {
  public:
   std::int32_t Present(const platform::MessageBox& message) override;
 
-  /// The owner of boxes whose own owner is not a widget; null for none.
-  QWidget* fallbackOwner = nullptr;
+  /// The dialog's window; null for none.
+  QWidget* dialog = nullptr;
 };
 
 /// File dialogs on the display.

@@ -210,13 +210,15 @@ void DialogWindow::ShowAgain() {
   activateWindow();
 }
 
-void DialogWindow::FocusOn(std::int32_t control, bool selectsAll) {
+void DialogWindow::FocusOn(std::int32_t control) {
   QWidget* const widget = control == control::kTree ? tree_ : WidgetOf(control);
   if (widget == nullptr) return;
   widget->setFocus(Qt::OtherFocusReason);
+  // A box may have left the keyboard with another window.
+  if (isVisible() && !isActiveWindow()) activateWindow();
   if (page_ != nullptr) page_->Reveal(control);
-  auto* const edit = qobject_cast<QLineEdit*>(widget);
-  if (selectsAll && edit != nullptr) edit->selectAll();
+  // What is refused is to be typed again, so it is marked even where the dialog does not ask for it.
+  if (auto* const edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }
 
 std::optional<std::int32_t> DialogWindow::Popup(std::int32_t node, const std::vector<PopupEntry>& entries) {

@@ -33,7 +33,9 @@ class DialogWindow final : public QDialog {
   void Show(const DialogState& state);
   void Hide();
   void ShowAgain();
-  void FocusOn(std::int32_t control, bool selectsAll);
+
+  /// Gives the keyboard to a control; the text of an edit is marked.
+  void FocusOn(std::int32_t control);
   std::optional<std::int32_t> Popup(std::int32_t node, const std::vector<PopupEntry>& entries);
 
   /// The widget of a control of the dialog or of the current page; null for an unknown one.

@@ -10,11 +10,11 @@ QtView::~QtView() {
 
 std::int32_t QtView::Serve(Dialog& dialog, void* parent, std::int32_t /*flags*/) {
   window_ = new DialogWindow(dialog, WidgetOf(parent));
-  boxes_.fallbackOwner = files_.fallbackOwner = window_;
+  boxes_.dialog = files_.fallbackOwner = window_;
   window_->Run();
   // The application may have ended the loop, or the parent may have taken the window along.
   if (dialog.IsOpen()) dialog.Close();
-  boxes_.fallbackOwner = files_.fallbackOwner = nullptr;
+  boxes_.dialog = files_.fallbackOwner = nullptr;
   delete window_.data();
   return dialog.Result();
 }
@@ -32,8 +32,8 @@ void QtView::SetVisible(bool isVisible) {
   }
 }
 
-void QtView::Focus(std::int32_t control, bool selectsAll) {
-  if (window_) window_->FocusOn(control, selectsAll);
+void QtView::Focus(std::int32_t control, bool /*selectsAll*/) {
+  if (window_) window_->FocusOn(control);
 }
 
 std::optional<std::int32_t> QtView::Popup(std::int32_t node, const std::vector<PopupEntry>& entries) {
