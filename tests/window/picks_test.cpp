@@ -126,8 +126,8 @@ TEST_F(WindowPicks, WhoseFigureIsLostLaterLeaveTheRestOfTheEquipment) {
   window->equipmentCommands().Refresh();
   EXPECT_THAT(notice().Message().toStdString(), HasSubstr("bracket"));
   ASSERT_TRUE(exports().WriteBodies(modeller::ExportFormat::kStl, folder / "out"));
-  EXPECT_TRUE(std::filesystem::exists(folder / "out/main-clamp.stl"));
-  EXPECT_FALSE(std::filesystem::exists(folder / "out/billet.stl"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "out/main-chuck.stl"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "out/main-billet.stl"));
 }
 
 TEST_F(WindowPicks, OfASolidAreShownAndTaken) {
