@@ -96,6 +96,19 @@ TEST(Pictures, PutEveryMeasureOnTheOutline) {
   }
 }
 
+TEST(Pictures, LabelTheDatumWithFourDecimals) {
+  const std::vector<Control> controls = {{.id = control::kClampingOutMain,
+                                          .kind = ControlKind::kEdit,
+                                          .text = "298.226433430515",
+                                          .isReal = true,
+                                          .number = 298.226433430515}};
+  const auto labelOf = [&] { return SketchOf(picture::kDatum, PageValues(controls)).measures[0].letter; };
+  EXPECT_EQ(labelOf(), QStringLiteral("A 298.2264"));
+  qputenv("VANZET_UNIT", "inch");
+  EXPECT_EQ(labelOf(), QStringLiteral("A 11.7412"));
+  qunsetenv("VANZET_UNIT");
+}
+
 TEST(Pictures, TellWhichValuesCannotBe) {
   const Sketch sketch = Drawn({.type = 2, .A = 30, .B = 80, .C = 90, .D = 16, .E = 42, .F = 4});
   EXPECT_EQ(sketch.fault, QStringLiteral("C must be less than B."));

@@ -28,6 +28,12 @@ class Window : public WindowTest {
   static QLineEdit& Edit(DialogWindow& window, int id) {
     return *qobject_cast<QLineEdit*>(window.WidgetOf(id));
   }
+  /// Types into an edit that is reached by the Tab key, over what it holds.
+  static void TypeOver(DialogWindow& window, int id, const char* text) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    Edit(window, id).setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&Edit(window, id), text);
+  }
   static void Key(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(window.focusWidget(), key, modifiers);
   }
@@ -71,11 +77,9 @@ TEST_F(Window, ShowsAndTakesInchesAndStoresMillimetres) {
     Do(window, "select 19\n");
     EXPECT_TRUE(TextsOfLabels(window).contains("in"));
     EXPECT_FALSE(TextsOfLabels(window).contains("mm"));
-    Edit(window, control::kOuterDiameter).selectAll();
-    QTest::keyClicks(&Edit(window, control::kOuterDiameter), "2.");
+    TypeOver(window, control::kOuterDiameter, "2.");
     EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2.") << "as it is typed";
-    Edit(window, control::kCylinderLength).selectAll();
-    QTest::keyClicks(&Edit(window, control::kCylinderLength), "3,125");
+    TypeOver(window, control::kCylinderLength, "3,125");
     QTest::mouseClick(window.WidgetOf(control::kSelectCylinder), Qt::LeftButton);
   });
   EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 50.800000 79.375000")));
@@ -83,9 +87,51 @@ TEST_F(Window, ShowsAndTakesInchesAndStoresMillimetres) {
     Do(window, "select 19\n");
     EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2");
     EXPECT_EQ(Edit(window, control::kCylinderLength).text(), "3.125");
-    QTest::keyClicks(&Edit(window, control::kOuterDiameter), "x");
+    TypeOver(window, control::kOuterDiameter, "2x");
     EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), "2x");
   });
+}
+
+/// The language of windows while this is alive.
+class LanguageOfWindows {
+ public:
+  explicit LanguageOfWindows(const char* language) { qputenv("VANZET_LANGUAGE", language); }
+  ~LanguageOfWindows() { qputenv("VANZET_LANGUAGE", "en"); }
+  LanguageOfWindows(const LanguageOfWindows&) = delete;
+  LanguageOfWindows& operator=(const LanguageOfWindows&) = delete;
+};
+
+TEST_F(Window, CutsNoDigitOnTheLeftOfAPickedValue) {
+  world.positions = {{0, 12, 298.226433430515 / 2}};
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2023 60\npress 2005\n");
+    QLineEdit& edit = Edit(window, control::kOuterDiameter);
+    EXPECT_EQ(edit.text(), QStringLiteral("298.2264")) << "without the focus";
+    EXPECT_EQ(edit.cursorPosition(), 0);
+    edit.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(edit.text(), QStringLiteral("298.226433430515"));
+    EXPECT_EQ(edit.selectedText(), edit.text()) << "as after every tab";
+    EXPECT_GT(edit.contentsRect().width(), edit.fontMetrics().horizontalAdvance(edit.text()));
+    Edit(window, control::kBarLength).setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(edit.text(), QStringLiteral("298.2264"));
+    Do(window, "press 2016\n");
+  });
+  EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 298.226433 60.000000")));
+}
+
+TEST_F(Window, ShowsTheDecimalSignOfItsLanguage) {
+  const LanguageOfWindows german("de");
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2022 42.5\nset 2023 60,25\n");
+    EXPECT_EQ(Edit(window, control::kCylinderLength).text(), QStringLiteral("60,25"));
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), QStringLiteral("42,5"));
+    QTest::mouseClick(&Edit(window, control::kFrontAllowance), Qt::LeftButton);
+    QTest::keyClick(&Edit(window, control::kFrontAllowance), Qt::Key_End);
+    QTest::keyClicks(&Edit(window, control::kFrontAllowance), ".125");
+    EXPECT_EQ(Edit(window, control::kFrontAllowance).text(), QStringLiteral("0.125")) << "as it is typed";
+    Do(window, "press 2016\n");
+  });
+  EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 42.500000 60.250000 0.125000")));
 }
 
 TEST_F(Window, TakesAnglesInDegreesWhateverTheUnitOfLengthsIs) {
@@ -243,13 +289,12 @@ TEST_F(Window, GoesOnFromAnEmptyPageToTheNodesBelow) {
 }
 
 TEST_F(Window, SaysItsOwnWordsInGerman) {
-  qputenv("VANZET_LANGUAGE", "de");
+  const LanguageOfWindows german("de");
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\n");
     EXPECT_EQ(window.WidgetOf(control::kOuterDiameter)->accessibleName(),
               QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
   });
-  qputenv("VANZET_LANGUAGE", "en");
 }
 
 TEST_F(Window, NamesTheValuesOfTheDeviceThatIsChosen) {

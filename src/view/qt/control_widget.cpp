@@ -78,8 +78,7 @@ class EditWidget final : public ControlWidget {
   void SetUnit(LengthUnit unit) override { unit_ = unit; }
 
   void ShowContent(const Control& control) override {
-    const QString text = ShownText(control, Edit().text(), unit_);
-    if (Edit().text() != text) Edit().setText(text);
+    ShowText(control);
     const bool isNoNumber = control.isReal && !control.number;
     hint_->setVisible(isNoNumber);
     Edit().setAccessibleDescription(isNoNumber ? Translate(kNoNumber) : QString());
@@ -88,6 +87,18 @@ class EditWidget final : public ControlWidget {
 
  private:
   QLineEdit& Edit() { return static_cast<QLineEdit&>(*Widget()); }
+
+  void ShowText(const Control& control) {
+    const bool isFocused = Edit().window()->focusWidget() == &Edit();
+    const QString text = isFocused ? EditedText(control, Edit().text(), unit_) : RestingText(control, unit_);
+    if (Edit().text() == text) return;
+    const bool wasMarked = isFocused && Edit().hasSelectedText() && Edit().selectedText() == Edit().text();
+    Edit().setText(text);
+    // The first digits are those that count.
+    Edit().setCursorPosition(0);
+    if (wasMarked) Edit().selectAll();
+  }
+
   QAction* hint_;
   LengthUnit unit_ = LengthUnit::kMillimetre;
 };

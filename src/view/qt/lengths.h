@@ -15,7 +15,17 @@ LengthUnit ShownUnit();
 /// The dialog's text for what a person typed. A text that is not a number stays as it is.
 std::string DialogText(const QString& typed, LengthUnit unit);
 
-/// The text that an edit shows for its control: what was typed, as long as it means the same length.
-QString ShownText(const Control& control, const QString& typed, LengthUnit unit);
+/// The text that an edit shows for its control while it has the focus: what was typed, as long as it means the
+/// same number, else every digit.
+QString EditedText(const Control& control, const QString& typed, LengthUnit unit);
+
+/// The text that it shows otherwise: four decimals at most. A number has the decimal sign of the language.
+QString RestingText(const Control& control, LengthUnit unit);
+
+/// The text of a number with four decimals at most; any other text stays as it is.
+QString Shortened(const QString& text);
+
+/// A length of millimetres as labels show it, in the unit of the moment.
+QString LengthLabel(double millimetres);
 
 }  // namespace vanzet::view::qt

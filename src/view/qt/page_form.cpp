@@ -25,8 +25,8 @@ constexpr int kGroupGap = 16;
 /// Columns of a form.
 enum Column { kLetterColumn, kNameColumn, kCellColumn, kColumns };
 
-/// How wide an edit for a number is, in digits.
-constexpr int kDigits = 12;
+/// How wide an edit for a number is, in digits: all of a number, its sign and its point.
+constexpr int kDigits = 18;
 
 void NarrowForNumbers(QWidget* edit) {
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDigits + 2 * kGap);

@@ -2,6 +2,7 @@
 #include <numbers>
 
 #include "view/ids.h"
+#include "view/qt/lengths.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
@@ -58,7 +59,8 @@ constexpr DatumEdit kDatumEdits[] = {
 
 /// The letter with the text of its edit.
 QString Labelled(const DatumEdit& row, const PageValues& values) {
-  const QString value = values.TextOf(row.edit).trimmed();
+  const Control* const control = values.Find(row.edit);
+  const QString value = control == nullptr ? QString() : RestingText(*control, ShownUnit()).trimmed();
   const QString letter = QLatin1String(row.letter);
   return value.isEmpty() ? letter : letter + QLatin1Char(' ') + value;
 }
