@@ -1,6 +1,8 @@
 #include "contour/builder.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "base/number_text.h"
@@ -22,15 +24,28 @@ Result<void> CheckArc(int direction, const Point& start, const Point& end, const
     return Fault{"the arc's centre is " + NumberText(atStart) + " mm from its start and " +
                  NumberText(atEnd) + " mm from its end"};
   }
-  if (atStart <= geometry::TOLERANCE) return {};
+  const bool isWhole = start.x == end.x && start.y == end.y && atStart > 0;
+  const bool isTiny = atStart <= geometry::TOLERANCE;
   // The library has no arc of a full turn: one that closes within its angular tolerance becomes a line.
   const double cosine = Dot(geometry::Vector2d(centre, start), geometry::Vector2d(centre, end));
   const bool closes = start == end || cosine > atStart * atEnd * (1 - geometry::VECTOR_TOLERANCE);
-  const bool isWhole = start.x == end.x && start.y == end.y;
-  if (isWhole || (closes && IsMoreThanHalf(direction, start, end, centre))) {
+  if (isWhole || (!isTiny && closes && IsMoreThanHalf(direction, start, end, centre))) {
     return Fault{"the arc is a full turn, which has to be two arcs"};
   }
   return {};
+}
+
+geometry::RegionSpan DrawnOf(const geometry::Span& span) {
+  return {span.dir, span.p0, span.p1, span.pc, span.ID, span.index0, span.index1};
+}
+
+/// The centre, moved onto the bisector of the chord.
+Point OnBisector(const geometry::RegionSpan& chord, const Point& centre) {
+  const geometry::Vector2d along(chord.p0, chord.p1);
+  const double length = along.Magnitude();
+  if (!(length > 0)) return chord.p0;
+  const geometry::Vector2d left = along.LeftNormal() * (1 / length);
+  return chord.p0 + along * 0.5 + left * Dot(left, geometry::Vector2d(chord.p0, centre));
 }
 
 }  // namespace
@@ -49,6 +64,7 @@ Result<void> CheckPoint(const Point& point) {
 Result<void> Builder::Start(const Point& point) {
   VANZET_DO(CheckPoint(point));
   curve_.Start(point);
+  drawn_.clear();
   arcsAsLines_ = 0;
   return {};
 }
@@ -65,18 +81,34 @@ Result<void> Builder::ArcTo(int direction, const Point& end, const Point& centre
   const Point start = HasSpans() ? curve_.spans.back().p1 : curve_.start;
   VANZET_DO(CheckArc(direction, start, end, centre));
   VANZET_DO(Add(direction, end, centre));
-  const bool isTiny = !(Dist(start, centre) > geometry::TOLERANCE);
-  if (isTiny && curve_.spans.back().dir == geometry::LINEAR) ++arcsAsLines_;
+  if (curve_.spans.back().dir != geometry::LINEAR) return {};
+  if (!(Dist(start, centre) > geometry::TOLERANCE)) ++arcsAsLines_;
+  KeepArc(direction, centre);
   return {};
 }
 
 Result<void> Builder::Add(int type, const Point& end, const Point& centre) {
   VANZET_DO(Guarded([&] { return curve_.Add(type, end, centre, true); }));
+  if (!drawn_.empty()) drawn_.push_back(DrawnOf(curve_.spans.back()));
   return {};
 }
 
+// The spans before the first such arc are drawn as the library has them.
+void Builder::KeepArc(int direction, const Point& centre) {
+  if (drawn_.empty()) std::ranges::transform(curve_.spans, std::back_inserter(drawn_), DrawnOf);
+  geometry::RegionSpan& arc = drawn_.back();
+  arc.dir = direction;
+  arc.pc = OnBisector(arc, centre);
+}
+
 Contour Builder::Take(int number) {
-  return {number, std::exchange(curve_, geometry::KurveEx()), std::exchange(arcsAsLines_, 0)};
+  return {number, std::exchange(curve_, {}), std::exchange(arcsAsLines_, 0), std::exchange(drawn_, {})};
+}
+
+std::vector<geometry::RegionSpan> SpansOf(const Contour& contour) {
+  std::vector<geometry::RegionSpan> spans = contour.drawn;
+  if (spans.empty()) std::ranges::transform(contour.curve.spans, std::back_inserter(spans), DrawnOf);
+  return spans;
 }
 
 Result<Contour> ContourOf(int number, const geometry::KurveEx& curve) {

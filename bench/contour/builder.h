@@ -11,7 +11,8 @@ namespace vanzet::contour {
 /// the centre is moved onto the bisector of the chord.
 inline constexpr double kCentreTolerance = 0.01;
 
-/// Builds a contour vertex by vertex and refuses what the library would bend into something else.
+/// Builds a contour vertex by vertex and refuses what the library would bend into something else. Arcs that the
+/// library has lines for stay arcs in `Contour::drawn`.
 ///
 /// Errors   a fault without a place, and the contour stays as it was
 class Builder {
@@ -32,7 +33,10 @@ class Builder {
  private:
   Result<void> Add(int type, const geometry::Point& end, const geometry::Point& centre);
 
+  void KeepArc(int direction, const geometry::Point& centre);
+
   geometry::KurveEx curve_;
+  std::vector<geometry::RegionSpan> drawn_;
   int arcsAsLines_ = 0;
 };
 

@@ -24,7 +24,7 @@ Result<DxfContent> WithSmallArcs(Result<DxfContent> read, const std::string& nam
   const std::string radius = " under 0.005 mm radius ";
   const std::string text = count == 1 ? "1 arc" + radius + "was read as a line"
                                       : std::to_string(count) + " arcs" + radius + "were read as lines";
-  content.remarks.push_back({name + ": " + text, true});
+  content.remarks.push_back({name + ": " + text, true, true});
   return content;
 }
 

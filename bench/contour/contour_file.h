@@ -27,8 +27,9 @@ struct DxfOptions {
 
 /// A line about a file that was read.
 struct Remark {
-  std::string text;     ///< with the name of the file
-  bool isLoss = false;  ///< something was not read, or not as it is drawn
+  std::string text;              ///< with the name of the file
+  bool isLoss = false;           ///< something was not read, or not as it is drawn
+  bool isKeptByRegions = false;  ///< regions, which are made of `Contour::drawn`, do not lose it
 };
 
 /// The contours of a file.

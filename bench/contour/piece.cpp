@@ -14,10 +14,12 @@ namespace {
 
 using geometry::Point;
 
-/// An arc that rises less than this over its chord, in millimetres, is a line.
+/// An arc that rises less than this over its chord, in millimetres, is a line, unless it is tiny itself and its
+/// bulge is not below the other limit.
 constexpr double kFlat = 1e-6;
+constexpr double kShallow = 0.01;
 
-/// The library has a line for an arc of less than 0.18 degrees; the centre of such an arc can be far away.
+/// The centre of an arc of less than 0.18 degrees can be too far away for a contour; it is a line then.
 constexpr double kLeastBulge = 7.9e-4;
 
 /// With the angle 4 atan(b) over the chord c, the centre is c (1 - b^2) / 4b to the left of the chord's
@@ -31,9 +33,11 @@ Point CentreOf(const Point& start, const Segment& segment) {
 
 Result<void> AddTo(Builder& builder, const Point& start, const Segment& segment) {
   const double rise = std::fabs(segment.bulge) * Dist(start, segment.end) / 2;
-  if (rise < kFlat || std::fabs(segment.bulge) < kLeastBulge) return builder.LineTo(segment.end);
-  return builder.ArcTo(segment.bulge > 0 ? geometry::ACW : geometry::CW, segment.end,
-                       CentreOf(start, segment));
+  const bool isFlat = rise < kFlat && std::fabs(segment.bulge) < kShallow;
+  if (rise == 0 || isFlat) return builder.LineTo(segment.end);
+  const Point centre = CentreOf(start, segment);
+  if (std::fabs(segment.bulge) < kLeastBulge && !CheckPoint(centre)) return builder.LineTo(segment.end);
+  return builder.ArcTo(segment.bulge > 0 ? geometry::ACW : geometry::CW, segment.end, centre);
 }
 
 using geometry::Point;

@@ -32,6 +32,29 @@ Json JsonOf(const RegionLoop& loop) {
           {"spans", std::move(spans)}};
 }
 
+/// The contours as loops, which need not close.
+Region LoopsOf(const Contours& contours) {
+  Region drawn;
+  for (const Contour& contour : contours) drawn.loops.push_back({SpansOf(contour)});
+  return drawn;
+}
+
+/// Adds the line that is missing where the ends differ by less than the library's tolerance.
+void Close(RegionLoop& loop) {
+  const RegionSpan gap{geometry::LINEAR, loop.spans.back().p1, loop.spans.front().p0, {}};
+  if (Dist(gap.p0, gap.p1) > 0) loop.spans.push_back(gap);
+}
+
+/// The loop as a contour, with its spans as they are when the library has a line for an arc of it.
+Contour NumberedLoop(int number, const RegionLoop& loop) {
+  Contour contour{number, geometry::ContourOf(loop)};
+  const auto isArc = [](const auto& span) { return span.dir != geometry::LINEAR; };
+  if (std::ranges::count_if(contour.curve.spans, isArc) != std::ranges::count_if(loop.spans, isArc)) {
+    contour.drawn = loop.spans;
+  }
+  return contour;
+}
+
 }  // namespace
 
 Result<Region> Checked(Region region) {
@@ -40,25 +63,23 @@ Result<Region> Checked(Region region) {
 }
 
 Result<Region> RegionOf(const Contours& contours) {
-  std::vector<geometry::KurveEx> curves;
   for (const Contour& contour : contours) {
     if (!contour.curve.Closed()) return Fault{NameOf(contour) + " is open: a region needs closed contours"};
-    curves.push_back(contour.curve);
   }
-  return Checked(Clean(curves));
+  Region drawn = LoopsOf(contours);
+  std::ranges::for_each(drawn.loops, Close);
+  return Checked(Clean(drawn, geometry::FillRule::EvenOdd));
 }
 
 Result<Region> Thicken(const Contours& contours, double distance, geometry::PathEnd end,
                        const geometry::RegionOffset& options) {
-  std::vector<geometry::KurveEx> curves;
-  for (const Contour& contour : contours) curves.push_back(contour.curve);
-  return Checked(geometry::Thicken(curves, distance, end, options));
+  return Checked(geometry::Thicken(LoopsOf(contours), distance, end, options));
 }
 
 Contours ContoursOf(const Region& region) {
   Contours contours;
   for (const RegionLoop& loop : region.loops) {
-    contours.push_back({static_cast<int>(contours.size()) + 1, geometry::ContourOf(loop)});
+    contours.push_back(NumberedLoop(static_cast<int>(contours.size()) + 1, loop));
   }
   return contours;
 }

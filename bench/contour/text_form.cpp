@@ -188,15 +188,35 @@ std::string VertexText(const geometry::spVertex& vertex) {
   return (vertex.type == geometry::ACW ? "a" : "t") + PointText(vertex.p) + " " + PointText(vertex.pc) + "\n";
 }
 
-std::string HeadText(const Contour& contour) {
+std::vector<geometry::spVertex> VerticesOf(const Contour& contour) {
+  const std::vector<geometry::RegionSpan> spans = SpansOf(contour);
+  std::vector<geometry::spVertex> vertices = {{geometry::LINEAR, spans.front().p0, {}}};
+  for (const geometry::RegionSpan& span : spans) vertices.emplace_back(span.dir, span.p1, span.pc);
+  return vertices;
+}
+
+/// The figures of the head; the area is positive when clockwise.
+struct Head {
+  std::size_t spans;
+  double perimeter, area;
+};
+
+Head HeadOf(const Contour& contour) {
   const KurveEx& curve = contour.curve;
+  if (contour.drawn.empty()) return {curve.spans.size(), curve.perim, curve.area};
+  const geometry::RegionLoop loop{contour.drawn};
+  return {loop.spans.size(), loop.Perimeter(), -loop.Area()};
+}
+
+std::string HeadText(const Contour& contour) {
+  const Head head = HeadOf(contour);
+  const bool isClosed = contour.curve.Closed();
   std::string text = "k" + std::to_string(contour.number) + " e\n";
-  text += "rem Number of Spans = " + std::to_string(curve.SpanCount()) +
-          (curve.Closed() ? " (Closed)\n" : " (Open)\n");
-  text += "rem Perim = " + NumberText(curve.perim, kHeadDigits) + " mm\n";
-  if (!curve.Closed()) return text;
-  return text + "rem Area = " + NumberText(curve.area, kHeadDigits) + " sq.mm " +
-         (curve.Direction() == geometry::CW ? "(Clockwise)\n" : "(AntiClockwise)\n");
+  text += "rem Number of Spans = " + std::to_string(head.spans) + (isClosed ? " (Closed)\n" : " (Open)\n");
+  text += "rem Perim = " + NumberText(head.perimeter, kHeadDigits) + " mm\n";
+  if (!isClosed) return text;
+  return text + "rem Area = " + NumberText(head.area, kHeadDigits) + " sq.mm " +
+         (head.area > 0 ? "(Clockwise)\n" : "(AntiClockwise)\n");
 }
 
 }  // namespace
@@ -209,8 +229,7 @@ std::string TextForm(const Contours& contours) {
   std::string text;
   for (const Contour& contour : contours) {
     text += HeadText(contour);
-    geometry::spVertex vertex;
-    for (int v = 0; contour.curve.Get(v, vertex); ++v) text += VertexText(vertex);
+    for (const geometry::spVertex& vertex : VerticesOf(contour)) text += VertexText(vertex);
     text += "ek\n\n";
   }
   return text;

@@ -103,6 +103,8 @@ Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end =
                const RegionOffset& options = {});
 Region Thicken(const KurveEx& path, double distance, PathEnd end = PathEnd::Round,
                const RegionOffset& options = {});
+/// The same for a region's loops, which may be open here.
+Region Thicken(const Region& paths, double distance, PathEnd end, const RegionOffset& options);
 
 /// A part of a path's offset, in the direction of the path.
 struct RegionPath {

@@ -1,6 +1,8 @@
 #include "cli/contour/files.h"
 
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 
 #include <nlohmann/json.hpp>
 
@@ -25,6 +27,13 @@ Fault NoSuchContour(std::int32_t number, const contour::Contours& contours, cons
   return {text + (contours.size() > kMostListed ? " and more" : ""), file};
 }
 
+contour::Contours Numbered(std::int32_t number, const contour::Contours& contours) {
+  contour::Contours chosen;
+  std::ranges::copy_if(contours, std::back_inserter(chosen),
+                       [&](const contour::Contour& contour) { return contour.number == number; });
+  return chosen;
+}
+
 Result<void> WriteFile(const std::string& name, const std::string& bytes) {
   if (name == "-") return Print(bytes);
   return files::ReplaceFile(PathMap::OfProcess().Resolve(name), bytes);
@@ -40,9 +49,10 @@ Result<void> CheckDrawingOptions(const ContourArguments& arguments, const contou
 /// Prints what there is to say about a file. Fails when something was not read as it is drawn, if that is
 /// asked for.
 Result<void> ReportRemarks(const ContourArguments& arguments, const contour::DxfContent& content,
-                           const std::string& file) {
+                           const std::string& file, bool isForRegion) {
   bool hasLoss = false;
   for (const contour::Remark& remark : content.remarks) {
+    if (isForRegion && remark.isKeptByRegions) continue;
     std::cerr << "vanzet: " + OneLine(remark.text) + "\n";
     hasLoss = hasLoss || remark.isLoss;
   }
@@ -65,17 +75,16 @@ Result<void> CheckOutputs(const ContourArguments& arguments) {
   return {};
 }
 
-Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file) {
+Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file,
+                                       MakesRegion makesRegion) {
   const std::string& name = arguments.files[file];
   if (name == "-") HintAtTerminal("the contours");
   VANZET_TRY(auto content, contour::ReadContourFile(name, arguments.drawing));
   VANZET_DO(CheckDrawingOptions(arguments, content, name));
-  VANZET_DO(ReportRemarks(arguments, content, name));
-  if (!arguments.contour) return std::move(content.contours);
-  contour::Contours chosen;
-  for (const contour::Contour& contour : content.contours) {
-    if (contour.number == *arguments.contour) chosen.push_back(contour);
-  }
+  contour::Contours chosen =
+      arguments.contour ? Numbered(*arguments.contour, content.contours) : std::move(content.contours);
+  const bool isForRegion = makesRegion && makesRegion(arguments, chosen);
+  VANZET_DO(ReportRemarks(arguments, content, name, isForRegion));
   if (chosen.empty()) return NoSuchContour(*arguments.contour, content.contours, name);
   return chosen;
 }

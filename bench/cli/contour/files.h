@@ -15,9 +15,13 @@ namespace vanzet::cli {
 /// Fails when the picture or the drawing would replace a file that the operation reads.
 Result<void> CheckOutputs(const ContourArguments& arguments);
 
+/// Whether an operation makes a region of the contours, which keeps small arcs.
+using MakesRegion = bool (*)(const ContourArguments& arguments, const contour::Contours& contours);
+
 /// Reads the chosen contours of a file; `file` counts the files of the command from 0. What is left out of a
-/// drawing is reported on standard error.
-Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file);
+/// drawing, and what an operation on contours does not keep, is reported on standard error.
+Result<contour::Contours> ReadContours(const ContourArguments& arguments, std::size_t file,
+                                       MakesRegion makesRegion = nullptr);
 
 /// Reads the only contour of a file. Fails when there are several.
 Result<contour::Contour> ReadOneContour(const ContourArguments& arguments, std::size_t file);

@@ -63,7 +63,7 @@ Result<Contours> AllOffsets(const Contours& contours, const ContourArguments& ar
 }  // namespace
 
 Result<void> ContourOffset(const ContourArguments& arguments) {
-  VANZET_TRY(const auto contours, ReadContours(arguments, 0));
+  VANZET_TRY(const auto contours, ReadContours(arguments, 0, WantsRegion));
   if (WantsRegion(arguments, contours)) return OffsetAsRegion(arguments, contours);
   VANZET_TRY(auto made, AllOffsets(contours, arguments));
   if (arguments.steps > 1) {

@@ -26,6 +26,10 @@ std::string PlaceText(const geometry::Point& p) {
   return DecimalText(p.x, kDecimals) + ", " + DecimalText(p.y, kDecimals);
 }
 
+bool AlwaysMakesRegion(const ContourArguments&, const Contours&) {
+  return true;
+}
+
 Result<Region> InFile(Result<Region> region, const std::string& file) {
   if (region) return region;
   Fault fault = region.fault();
@@ -48,8 +52,8 @@ using Combination = Region (*)(const Region&, const Region&);
 
 /// Reads the regions of both files and writes their combination.
 Result<void> Combine(const ContourArguments& arguments, Combination combine) {
-  VANZET_TRY(const Contours first, ReadContours(arguments, 0));
-  VANZET_TRY(const Contours second, ReadContours(arguments, 1));
+  VANZET_TRY(const Contours first, ReadContours(arguments, 0, AlwaysMakesRegion));
+  VANZET_TRY(const Contours second, ReadContours(arguments, 1, AlwaysMakesRegion));
   VANZET_TRY(const Region a, InFile(RegionOf(first), arguments.files[0]));
   VANZET_TRY(const Region b, InFile(RegionOf(second), arguments.files[1]));
   VANZET_TRY(const Region made, contour::Checked(combine(a, b)));
@@ -88,7 +92,7 @@ Result<void> OffsetAsRegion(const ContourArguments& arguments, const Contours& c
 }
 
 Result<void> ContourClean(const ContourArguments& arguments) {
-  VANZET_TRY(const Contours contours, ReadContours(arguments, 0));
+  VANZET_TRY(const Contours contours, ReadContours(arguments, 0, AlwaysMakesRegion));
   VANZET_TRY(const Region region, InFile(RegionOf(contours), arguments.files[0]));
   Drawing drawing;
   drawing.layers.push_back({Drawing::Role::kUnderlay, &contours, "before"});

@@ -7,7 +7,7 @@ namespace vanzet::contour {
 namespace {
 
 using geometry::Point;
-using geometry::Span;
+using geometry::RegionSpan;
 
 /// As many as a number needs to come back as it was.
 constexpr int kDigits = 17;
@@ -34,8 +34,9 @@ class DxfText {
 };
 
 /// The tangent of a quarter of the angle; 0 for a line.
-double BulgeOf(const Span& span) {
-  return span.dir == geometry::LINEAR ? 0 : std::tan(SweepOf(span) / 4);
+double BulgeOf(const RegionSpan& span) {
+  const double radius = span.Radius();
+  return radius == 0 ? 0 : span.dir * std::tan(span.Length() / radius / 4);
 }
 
 void AddVertex(DxfText& dxf, const Point& point, double bulge) {
@@ -46,15 +47,15 @@ void AddVertex(DxfText& dxf, const Point& point, double bulge) {
 
 /// Each vertex has the bulge of the span that begins there. A closed contour that ends exactly where it
 /// starts has no vertex of its own there.
-void AddPolyline(DxfText& dxf, const geometry::KurveEx& curve) {
-  const Point& start = curve.spans.front().p0;
-  const Point& end = curve.spans.back().p1;
-  const bool closes = curve.spans.size() > 1 && start.x == end.x && start.y == end.y;
+void AddPolyline(DxfText& dxf, const std::vector<RegionSpan>& spans) {
+  const Point& start = spans.front().p0;
+  const Point& end = spans.back().p1;
+  const bool closes = spans.size() > 1 && start.x == end.x && start.y == end.y;
   dxf.Entity("POLYLINE");
   dxf.Group(66, "1");
   dxf.At({0, 0});
   dxf.Group(70, closes ? "1" : "0");
-  for (const Span& span : curve.spans) AddVertex(dxf, span.p0, BulgeOf(span));
+  for (const RegionSpan& span : spans) AddVertex(dxf, span.p0, BulgeOf(span));
   if (!closes) AddVertex(dxf, end, 0);
   dxf.Entity("SEQEND");
 }
@@ -73,7 +74,7 @@ std::string DxfForm(const Contours& contours, const std::string& layer) {
   dxf.Group(0, "ENDSEC");
   dxf.Group(0, "SECTION");
   dxf.Group(2, "ENTITIES");
-  for (const Contour& contour : contours) AddPolyline(dxf, contour.curve);
+  for (const Contour& contour : contours) AddPolyline(dxf, SpansOf(contour));
   dxf.Group(0, "ENDSEC");
   dxf.Group(0, "EOF");
   return dxf.text();

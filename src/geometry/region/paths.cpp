@@ -100,18 +100,22 @@ void Reverse(RegionPath& path) {
 
 }  // namespace
 
-Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end, const RegionOffset& options) {
-  Region drawn;
-  for (const KurveEx& path : paths) drawn.loops.push_back({SpansOf(path)});
-  Sketch sketch({&drawn});
+Region Thicken(const Region& paths, double distance, PathEnd end, const RegionOffset& options) {
+  Sketch sketch({&paths});
   Region failed;
   failed.ok = false;
   if (!sketch.IsSound() || !(distance >= 0) || !std::isfinite(distance)) return failed;
   if (distance == 0) return {};
-  for (const RegionLoop& path : drawn.loops) {
+  for (const RegionLoop& path : paths.loops) {
     AddBothSides(sketch, LinksOf(sketch, path.spans), distance, FormOf(end), options);
   }
   return FacesOf(sketch, IsPositive);
+}
+
+Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end, const RegionOffset& options) {
+  Region drawn;
+  for (const KurveEx& path : paths) drawn.loops.push_back({SpansOf(path)});
+  return Thicken(drawn, distance, end, options);
 }
 
 Region Thicken(const KurveEx& path, double distance, PathEnd end, const RegionOffset& options) {
