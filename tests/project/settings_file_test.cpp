@@ -54,6 +54,19 @@ TEST_F(SettingsFiles, MakeTheSectionAndTheFile) {
   EXPECT_EQ(Text(), "[language]\nmessages=de\n\n[project]\na = 1\n");
 }
 
+TEST_F(SettingsFiles, KeepTheWorkbenchsOwnKeyApart) {
+  const std::string text = "[project]\nunit = inch\nb = 2\n";
+  Write(text);
+  for (const char* key : {"unit", "UNIT"}) {
+    EXPECT_EQ(Value(key), "") << key;
+    const auto refused = settings.Set(key, "feet");
+    ASSERT_FALSE(refused) << key;
+    EXPECT_THAT(refused.fault().text,
+                testing::EndsWith("is a setting of the workbench, which only a person changes"));
+  }
+  EXPECT_EQ(Text(), text);
+}
+
 TEST_F(SettingsFiles, GiveBackWhatWasSet) {
   for (const char* value :
        {"", " with blanks ", "'quoted'", "\"quoted\"", "a;b#c=d", "D:\\x\\y", "W\xc3\xa4hlen"}) {
