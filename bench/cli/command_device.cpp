@@ -25,14 +25,16 @@ namespace fs = std::filesystem;
 struct MakeArguments {
   std::string deviceClass, body, outline, out;
   std::string looking = "x";
-  double first = 0, second = 0;
-  std::optional<double> face;
-  LengthUnit unit = LengthUnit::kMillimetre;  ///< of the lengths, as long as they are words
+  std::optional<double> first, second, face;  ///< millimetres, once all words are read
+  std::optional<LengthUnit> unit;
 
+  /// Called when all words are read. Throws `WrongUsage`.
   void ToMillimetres() {
-    first = InMillimetres(first, unit);
-    second = InMillimetres(second, unit);
-    if (face) face = InMillimetres(*face, unit);
+    if (unit && !first && !second && !face)
+      throw WrongUsage{"", "--unit has no effect without --first, --second or --face"};
+    for (std::optional<double>* const length : {&first, &second, &face}) {
+      if (*length && unit) *length = InMillimetres(**length, *unit);
+    }
   }
 };
 
@@ -65,8 +67,10 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
   const bool isJaw = arguments.deviceClass == "jaw";
   const double face = isJaw ? box.min.x : box.max.x;
   if (std::abs(face) <= kNear) return {};
-  return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is at " + NumberText(face, kDigits) +
-                   " mm, not at 0; give its position with '--face' and its direction with '--looking'",
+  const LengthUnit unit = arguments.unit.value_or(LengthUnit::kMillimetre);
+  return Fault{"its " + std::string(isJaw ? "foot" : "face") + " is at " +
+                   NumberText(InUnit(face, unit), kDigits) + " " + std::string(WordOf(unit)) +
+                   ", not at 0; give its position with '--face' and its direction with '--looking'",
                arguments.body};
 }
 
@@ -89,8 +93,9 @@ Result<void> Make(const MakeArguments& arguments) {
   const auto placed = PlaceModel(body, arguments);
   if (!placed) return Fault{placed.fault().text, arguments.body};
   VANZET_DO(CheckPlace(*placed, arguments));
-  const auto content = scene::MakeOwnDevice(
-      {*scene::DeviceClassNamed(arguments.deviceClass), arguments.first, arguments.second, *placed, outline});
+  const auto content =
+      scene::MakeOwnDevice({*scene::DeviceClassNamed(arguments.deviceClass), arguments.first.value_or(0),
+                            arguments.second.value_or(0), *placed, outline});
   if (!content) return Fault{content.fault().text, arguments.body};
   return vdm::WriteVdmFile(paths.Resolve(arguments.out), *content);
 }
@@ -174,8 +179,10 @@ void AddDeviceMake(Command& device) {
       .Required();
   command.AddOption("-o,--out", "FILE", "the device to write, a .vdm file", StoreFile(arguments->out))
       .Required();
-  command.AddOption("--first", "LENGTH", "distance from the face of a chuck to where it is held",
-                    StoreReal(arguments->first));
+  command
+      .AddOption("--first", "LENGTH", "distance from the face of a chuck to where it is held",
+                 StoreReal(arguments->first))
+      .Needs("--class", {"chuck"});
   command
       .AddOption("--second", "LENGTH", "distance from the face of a center to where it is held",
                  StoreReal(arguments->second))
@@ -184,7 +191,7 @@ void AddDeviceMake(Command& device) {
                     "position of the working face, or of the foot of a jaw, along the direction of "
                     "--looking; without this option the model has to end at 0",
                     StoreReal(arguments->face));
-  AddUnit(command, arguments->unit);
+  AddUnit(command, arguments->unit, "the unit of lengths; default: mm");
   command
       .AddOption("--looking", "AXIS",
                  "the direction in which the working face points in the model; default: x",

@@ -2,12 +2,11 @@
 
 namespace vanzet::cli {
 
-Parameter& AddUnit(Command& command, std::optional<LengthUnit>& unit) {
+Parameter& AddUnit(Command& command, std::optional<LengthUnit>& unit, const std::string& help) {
   const auto take = [&unit](const std::string& /*name*/, const std::string& word) {
     unit = LengthUnitNamed(word);
   };
-  return command.AddOption("--unit", "UNIT", "the unit of lengths; default: that of the project, or mm", take)
-      .OneOf({"mm", "inch"});
+  return command.AddOption("--unit", "UNIT", help, take).OneOf({"mm", "inch"});
 }
 
 Parameter& AddUnit(Command& command, LengthUnit& unit) {

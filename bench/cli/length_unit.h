@@ -8,7 +8,8 @@
 namespace vanzet::cli {
 
 /// Adds the option --unit, for commands that print or take lengths.
-Parameter& AddUnit(Command& command, std::optional<LengthUnit>& unit);
+Parameter& AddUnit(Command& command, std::optional<LengthUnit>& unit,
+                   const std::string& help = "the unit of lengths; default: that of the project, or mm");
 
 /// The same for commands without a project.
 Parameter& AddUnit(Command& command, LengthUnit& unit);

@@ -34,7 +34,11 @@ TEST_F(IdleOptions, OfADeviceOfAnotherClassAreRefused) {
   for (const std::string other : {"chuck", "jaw"}) {
     ExpectRefused(make + other + " --second 5", "--second has no effect without --class center");
   }
-  for (const std::string wanted : {"chuck --first 5", "center --second 5"}) {
+  for (const std::string other : {"center", "jaw"}) {
+    ExpectRefused(make + other + " --first 5", "--first has no effect without --class chuck");
+  }
+  ExpectRefused(make + "jaw --unit inch", "--unit has no effect without --first, --second or --face");
+  for (const std::string wanted : {"chuck --first 5", "center --second 5", "jaw --unit inch --face 1"}) {
     EXPECT_EQ(Vanzet(make + wanted).status, 1) << wanted << ": the body does not exist";
   }
 }

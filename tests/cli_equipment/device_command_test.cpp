@@ -120,6 +120,8 @@ TEST_F(DeviceCommands, TellWhatIsBroken) {
 TEST_F(DeviceCommands, TakeAndPrintInches) {
   PutDisk(101.6);
   ASSERT_EQ(Make("--class chuck --looking z --face 5 --first 1.5 --unit inch").status, 0);
+  EXPECT_THAT(Make("--class chuck --looking z --first 1.5 --unit inch").err,
+              HasSubstr("its face is at 5.1811 inch, not at 0"));
   const Json shown = Shown();
   EXPECT_EQ(shown["first"], 38.1);
   EXPECT_NEAR(Numbers(shown["to"])[0], 4.6, 1e-3) << "131.6 - 5 * 25.4";
