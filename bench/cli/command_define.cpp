@@ -9,6 +9,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
+#include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
 #include "define/changes.h"
@@ -32,6 +33,7 @@ using define::Step;
 struct Arguments {
   std::vector<std::string> words;
   std::string transcript, trace;
+  std::optional<LengthUnit> unit;
   bool isDryRun = false, printsSchema = false, printsExample = false;
 };
 
@@ -50,6 +52,15 @@ Result<define::Json> ReadForm(const std::string& file) {
   }
   VANZET_TRY(const auto text, project::ReadTextFile(file, file));
   return define::ReadJson(text, file);
+}
+
+/// The unit of the command line is that of a form that does not name one.
+Result<void> SetUnit(define::Json& form, std::optional<LengthUnit> unit, const std::string& name) {
+  if (!unit || !form.is_object()) return {};
+  const std::string word(WordOf(*unit));
+  define::Json& own = form.emplace(define::kUnitKey, word).first.value();
+  if (own == word) return {};
+  return Fault{"$.unit: is " + own.dump() + ", but '--unit' is " + word, name};
 }
 
 /// Reports all refusals but the last on the panel, and returns the last one as a fault.
@@ -217,11 +228,12 @@ Result<void> Define(const Arguments& arguments, Context& context) {
     VANZET_DO(CheckIsNoInput(output, {file}));
   }
   VANZET_TRY(auto form, ReadForm(file));
+  const std::string name = file == "-" ? "standard input" : file;
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  VANZET_DO(SetUnit(form, arguments.unit, name));
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
   if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
-  const std::string name = file == "-" ? "standard input" : file;
   VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
   const Job job{name, std::move(form), hosted->project, *hosted->host, context};
   if (!arguments.isDryRun) return Run(job, surroundings, arguments);
@@ -245,6 +257,8 @@ void AddDefine(Command& vanzet, Context& context) {
       .Excludes({"--example"});
   command.AddFlag("--example", "print a form with comments, to begin with", arguments->printsExample);
   command
+  AddUnit(command, arguments->unit, "the unit of lengths of a form that does not name one; default: mm")
+      .Excludes({"--schema", "--example"});
       .AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
                  StoreFile(arguments->transcript))
       .Excludes(idle);

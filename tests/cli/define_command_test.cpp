@@ -226,6 +226,20 @@ TEST_F(DefineCommand, TakesAndShowsInchesAndStoresMillimetres) {
               HasSubstr("bench.ini:2:8: expected 'mm' or 'inch', found 'feet'"));
 }
 
+TEST_F(DefineCommand, TakesTheUnitOfTheCommandLineForAFormWithoutOne) {
+  MakeUpgradedProject();
+  const std::string billet = R"("spurs": [{"spur": 0, "main": {
+      "billet": {"kind": "cylinder", "outer_diameter": 2, "part_length": 4}}}]})";
+  EXPECT_EQ(Vanzet("define - lathe --unit inch", "", "{" + billet).status, 0);
+  EXPECT_EQ(Shown("lathe")["spurs"][0]["main"]["billet"]["outer_diameter"], 50.8);
+  EXPECT_EQ(Vanzet("define - lathe --unit inch", "", R"({"unit": "inch", )" + billet).status, 0);
+  EXPECT_THAT(Vanzet("define - lathe --unit inch --dry-run", "", R"({"unit": "inch", )" + billet).out,
+              HasSubstr("nothing changes"));
+  const Outcome other = Vanzet("define - lathe --unit inch", "", R"({"unit": "mm", )" + billet);
+  EXPECT_EQ(other.status, 1);
+  EXPECT_EQ(other.err, "vanzet: standard input: $.unit: is \"mm\", but '--unit' is inch\n");
+}
+
 TEST_F(DefineCommand, RemovesWhatTheFormDoesNotHave) {
   MakeUpgradedProject();
   ASSERT_EQ(Vanzet(std::string("script lathe '") + kBarJob + "' --transcript run.jsonl").status, 0);
