@@ -189,7 +189,8 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
   const auto written = WriteTranscript(arguments.transcript, transcript);
   if (!lines) return lines.fault();
   if (!written) return written;
-  return KeepRun([&] { return job.host.Commit("define", [&] { return Print(*lines); }); });
+  const auto print = [&] { return PrintBeside({arguments.transcript, arguments.trace}, *lines); };
+  return KeepRun([&] { return job.host.Commit("define", print); });
 }
 
 /// Prints what would change as comments, and the script that would be played.
@@ -227,10 +228,10 @@ Result<void> Define(const Arguments& arguments, Context& context) {
   for (const std::string& output : {arguments.trace, arguments.transcript}) {
     VANZET_DO(CheckIsNoInput(output, {file}));
   }
-  VANZET_TRY(auto form, ReadForm(file));
   const std::string name = file == "-" ? "standard input" : file;
-  VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  VANZET_TRY(auto form, ReadForm(file));
   VANZET_DO(SetUnit(form, arguments.unit, name));
+  VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
   if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
@@ -256,9 +257,9 @@ void AddDefine(Command& vanzet, Context& context) {
   command.AddFlag("--schema", "print the JSON schema of the form, for editors", arguments->printsSchema)
       .Excludes({"--example"});
   command.AddFlag("--example", "print a form with comments, to begin with", arguments->printsExample);
-  command
   AddUnit(command, arguments->unit, "the unit of lengths of a form that does not name one; default: mm")
       .Excludes({"--schema", "--example"});
+  command
       .AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
                  StoreFile(arguments->transcript))
       .Excludes(idle);

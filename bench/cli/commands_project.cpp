@@ -40,7 +40,9 @@ Result<void> Upgrade(const UpgradeArguments& arguments, Context& context) {
   VANZET_DO(HoldProject(host, context));
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_TRY(const auto definitions, api::UpgradeDefinitions(module, host));
-  return KeepRun([&] { return host.Commit("upgrade", [&] { return Print(LinesOf(definitions)); }); });
+  return KeepRun([&] {
+    return host.Commit("upgrade", [&] { return PrintBeside({arguments.trace}, LinesOf(definitions)); });
+  });
 }
 
 struct NewArguments {

@@ -7,6 +7,7 @@
 #include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "cli/script_report.h"
 #include "cli/standard_input.h"
 #include "project/text_file.h"
 
@@ -48,9 +49,9 @@ void PrintLeftOut(const api::DryRun& run) {
   }
 }
 
-/// Checks and reads all that the script needs, and plays it. Nothing is kept yet.
-Result<void> Play(const ScriptSource& source, const ScriptArguments& arguments, HostedProject& hosted,
-                  Context& context) {
+/// Checks and reads all that the script needs, plays it, and returns the line about it. Nothing is kept yet.
+Result<std::string> Play(const ScriptSource& source, const ScriptArguments& arguments, HostedProject& hosted,
+                         Context& context) {
   api::Host& host = *hosted.host;
   if (arguments.isDryRun) VANZET_DO(host.BeginDryRun());
   VANZET_TRY(const auto file, ReadScript(source, host));
@@ -61,9 +62,11 @@ Result<void> Play(const ScriptSource& source, const ScriptArguments& arguments, 
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted.project)));
   VANZET_DO(CheckOutputFile(arguments.transcript));
   VANZET_DO(UpgradeFirst(host, context));
+  VANZET_TRY(const auto report, ScriptReport::Begin(hosted.project, host.store));
   const char* const mode = arguments.isStrict ? "strict" : "";
   VANZET_DO(PlayScript({file, arguments.transcript, source.name, mode}, host, context));
-  return context.panel.faults() == 0 ? Result<void>() : ReportedFault();
+  if (context.panel.faults() > 0) return ReportedFault();
+  return report.Line(source.name, arguments.transcript);
 }
 
 Result<void> Script(const ScriptArguments& arguments, Context& context) {
@@ -73,12 +76,14 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   for (const std::string& output : {arguments.trace, arguments.transcript}) {
     VANZET_DO(CheckIsNoInput(output, {source.file, arguments.picks}));
   }
-  VANZET_DO(CheckAreTwoFiles(arguments.transcript.empty() ? "-" : arguments.transcript, arguments.trace));
+  const std::string transcript = arguments.transcript.empty() ? "-" : arguments.transcript;
+  VANZET_DO(CheckAreTwoFiles(transcript, arguments.trace));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
-  VANZET_DO(Play(source, arguments, *hosted, context));
-  if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script"); });
+  VANZET_TRY(const auto line, Play(source, arguments, *hosted, context));
+  const auto print = [&] { return PrintBeside({transcript, arguments.trace}, line); };
+  if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script", print); });
   PrintLeftOut(*hosted->host->dryRun);
-  return {};
+  return print();
 }
 
 }  // namespace
@@ -102,6 +107,9 @@ void AddScript(Command& vanzet, Context& context) {
   AddTrace(command, arguments->trace);
   AddKeepTmp(command, context);
   AddWait(command, context);
+  command.notes =
+      "Prints a line about the run: the spurs that were changed, the messages, how the dialog was closed.\n"
+      "Without --transcript standard output has the transcript alone, and the line goes to standard error.";
   command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl",
                       "vanzet script lathe - --strict <bar-job.txt"};
   command.work = [=, &context] { return Script(*arguments, context); };

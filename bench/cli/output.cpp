@@ -42,6 +42,12 @@ Result<void> Print(const std::string& text) {
   return Fault{"standard output cannot be written"};
 }
 
+Result<void> PrintBeside(std::initializer_list<std::string_view> outputs, const std::string& text) {
+  if (std::ranges::find(outputs, "-") == outputs.end()) return Print(text);
+  std::cerr << text << std::flush;
+  return {};
+}
+
 Result<void> PrintJson(const Json& json) {
   return Print(WithEscapedControls(json.dump(2, ' ', false, Json::error_handler_t::replace)) + "\n");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,10 @@ using Json = nlohmann::ordered_json;
 
 /// Prints a result on standard output. Fails when it cannot be written, as on a full disk.
 Result<void> Print(const std::string& text);
+
+/// Prints a result beside other outputs of the command: where one of their names is "-", standard output has
+/// that output alone, and the result goes to standard error.
+Result<void> PrintBeside(std::initializer_list<std::string_view> outputs, const std::string& text);
 
 /// Prints a result for programs: indented, with a line end. Bytes that are not UTF-8 become U+FFFD; all
 /// control characters in texts are escaped.

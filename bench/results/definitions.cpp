@@ -50,8 +50,13 @@ Result<Spurs> ReadDefinitions(const project::Project& project, const vdm::VdmSto
 }
 
 Result<Spurs> ReadHeads(const project::Project& project, std::optional<std::int32_t> spur) {
+  return ReadHeads(project, vdm::VdmStore(project.folder()), spur);
+}
+
+Result<Spurs> ReadHeads(const project::Project& project, const vdm::VdmStore& store,
+                        std::optional<std::int32_t> spur) {
   VANZET_TRY(auto spurs, SpursOf(project, spur));
-  VANZET_TRY(const auto heads, vdm::VdmStore(project.folder()).Heads(NumbersOf(spurs)));
+  VANZET_TRY(const auto heads, store.Heads(NumbersOf(spurs)));
   for (SpurDefinition& each : spurs) {
     const auto head = heads.find(vdm::Number{each.vdm});
     if (head != heads.end()) each.definition = project::ReadDefinition(head->second);

@@ -28,6 +28,8 @@ Result<std::vector<SpurDefinition>> ReadDefinitions(const project::Project& proj
 /// items, but their counts are known. Fails with `kMissing` when the machine does not have the spur.
 Result<std::vector<SpurDefinition>> ReadHeads(const project::Project& project,
                                               std::optional<std::int32_t> spur = {});
+Result<std::vector<SpurDefinition>> ReadHeads(const project::Project& project, const vdm::VdmStore& store,
+                                              std::optional<std::int32_t> spur = {});
 
 /// Reads the definition of one spur. Fails with `kMissing` when the machine does not have the spur.
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur);

@@ -55,13 +55,15 @@ TEST_F(DefinitionCommands, AScriptUpgradesFirstWhereADefinitionIsMissing) {
   WriteBytes(folder / "script.txt", "press 1\n");
   const Outcome dry = Vanzet("script lathe script.txt --dry-run");
   EXPECT_EQ(dry.status, 0);
-  EXPECT_EQ(dry.err, "vanzet: 2 definitions are missing and are created first\n");
+  EXPECT_EQ(dry.err,
+            "vanzet: 2 definitions are missing and are created first\nscript.txt: changed no spur\n");
   EXPECT_EQ(Vanzet("show lathe").status, 1) << "a dry run keeps nothing";
   const Outcome played = Vanzet("script lathe script.txt");
   EXPECT_EQ(played.status, 0);
-  EXPECT_EQ(played.err, "vanzet: 2 definitions are missing and are created first\n");
+  EXPECT_EQ(played.err,
+            "vanzet: 2 definitions are missing and are created first\nscript.txt: changed no spur\n");
   EXPECT_EQ(Vanzet("show lathe").status, 0);
-  EXPECT_EQ(Vanzet("script lathe script.txt").err, "");
+  EXPECT_EQ(Vanzet("script lathe script.txt").err, "script.txt: changed no spur\n");
 }
 
 TEST_F(DefinitionCommands, DefineUpgradesFirstWhereADefinitionIsMissing) {
@@ -78,8 +80,9 @@ TEST_F(DefinitionCommands, AScriptUpgradesAnOlderDefinitionFirst) {
   WriteBytes(folder / "old.vdm", "vdm 1\nrecord\n.1 1 1 2\n.Billet definition\n.99\nend 1\n");
   ASSERT_EQ(Vanzet("vdm load lathe old.vdm 1001").status, 0);
   WriteBytes(folder / "script.txt", "press 1\n");
-  EXPECT_EQ(Vanzet("script lathe script.txt").err,
-            "vanzet: 1 definition is of an older version and is upgraded first\n");
+  EXPECT_EQ(
+      Vanzet("script lathe script.txt").err,
+      "vanzet: 1 definition is of an older version and is upgraded first\nscript.txt: changed no spur\n");
   EXPECT_EQ(Vanzet("items lathe --vdm 1001").out, Vanzet("items lathe --vdm 1000").out);
 }
 

@@ -34,7 +34,7 @@ TEST_F(ScriptCommand, PlaysABarJobFromTheCatalogueToTheSimulationsData) {
   const Outcome played = Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl");
   EXPECT_EQ(played.status, 0) << played.err;
   EXPECT_EQ(played.err, "");
-  EXPECT_EQ(played.out, "");
+  EXPECT_EQ(played.out, kBarJob + ": changed spur 0; no messages; closed by OK\n");
   EXPECT_THAT(ReadBytes(folder / "run.jsonl"), HasSubstr("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
   EXPECT_EQ(Sections(1)[1][0], "Chuck 160");
   EXPECT_EQ(Sections(1)[2][0], "Soft jaw 160");
@@ -48,6 +48,36 @@ TEST_F(ScriptCommand, PlaysABarJobFromTheCatalogueToTheSimulationsData) {
   for (const std::size_t outline : {11U, 12U, 13U, 14U})
     EXPECT_GE(Sections(outline)[1].size(), 5U) << outline;
   EXPECT_EQ(Sections(6)[2][0], "[Tool]\n");
+}
+
+TEST_F(ScriptCommand, PrintsALineAboutTheRun) {
+  MakeUpgradedProject();
+  WriteBytes(folder / "again.txt", "select 19\nset 2022 80\nset 2023 100\npress 2016\n");
+  WriteBytes(folder / "refused.txt", "select 19\nset 2022 much\npress 2016\npress 2016\nclose\n");
+  const std::string again = "again.txt: changed ",
+                    end = "; no messages; closed by the end of the script, without OK\n";
+  EXPECT_EQ(Vanzet("script lathe again.txt --dry-run --transcript t.jsonl").out, again + "spur 0" + end);
+  EXPECT_EQ(Vanzet("script lathe again.txt --transcript t.jsonl").out, again + "spur 0" + end);
+  EXPECT_EQ(Vanzet("script lathe again.txt --transcript t.jsonl").out, again + "no spur" + end);
+  EXPECT_EQ(
+      Vanzet("script lathe refused.txt --transcript t.jsonl").out,
+      "refused.txt: changed no spur; 2 messages, the first: 'Please enter a number.'; closed without OK\n");
+}
+
+TEST_F(ScriptCommand, PrintsTheLineBesideATranscriptThatCannotBeReadAgain) {
+  MakeUpgradedProject();
+  const Outcome toNothing = Vanzet("script lathe '" + kBarJob + "' --transcript /dev/null");
+  EXPECT_EQ(toNothing.out, kBarJob + ": changed spur 0\n");
+  WriteBytes(folder / "close.txt", "close\n");
+  EXPECT_EQ(Vanzet("script lathe close.txt").err, "close.txt: changed no spur\n");
+}
+
+TEST_F(ScriptCommand, StoresNothingWhenTheLineCannotBePrinted) {
+  MakeUpgradedProject();
+  const Outcome played = Vanzet("script lathe '" + kBarJob + "' --transcript run.jsonl >/dev/full");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_EQ(played.err, "vanzet: standard output cannot be written\n");
+  EXPECT_THAT(Vanzet("show lathe --spur 0").out, HasSubstr("Nothing is defined yet."));
 }
 
 TEST_F(ScriptCommand, LeavesTheBilletInTheDrawing) {

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "run_vanzet.h"
 #include "support/places.h"
 
@@ -52,7 +54,8 @@ TEST_F(StandardStreams, TakeTheTranscript) {
   const Outcome defined = Vanzet("define - lathe --transcript -", "", kJob);
   EXPECT_EQ(defined.status, 0) << defined.err;
   EXPECT_THAT(defined.out, StartsWith("{\"event\":"));
-  EXPECT_THAT(defined.out, testing::EndsWith("spur 0: VDM 1000, defined\n"));
+  EXPECT_THAT(defined.out, testing::EndsWith("{\"event\":\"closed\",\"by\":\"ok\"}\n"));
+  EXPECT_EQ(defined.err, "spur 0: VDM 1000, defined\n");
   EXPECT_FALSE(HasFileNamedDash());
 }
 
@@ -61,7 +64,14 @@ TEST_F(StandardStreams, TakeTheTrace) {
   EXPECT_EQ(played.status, 0) << played.err;
   EXPECT_THAT(played.out, StartsWith("{\"call\":"));
   EXPECT_EQ(ReadBytes(folder / "run.jsonl"), kClosed);
-  EXPECT_THAT(Vanzet("upgrade lathe --trace -").out, HasSubstr("{\"call\":"));
+  EXPECT_EQ(played.err, "standard input: changed no spur; no messages; closed without OK\n");
+  for (const std::string command : {"upgrade lathe --trace -", "define job.json lathe --trace -"}) {
+    const Outcome traced = Vanzet(command);
+    EXPECT_EQ(traced.status, 0) << command;
+    EXPECT_THAT(traced.err, StartsWith("spur 0: VDM 1000, ")) << command << ": its results";
+    std::istringstream lines(traced.out);
+    for (std::string line; std::getline(lines, line);) EXPECT_THAT(line, StartsWith("{\"call\":"));
+  }
   EXPECT_FALSE(HasFileNamedDash());
 }
 
