@@ -18,7 +18,7 @@ namespace vanzet::window {
 enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit,
   kDefinition, kUpgrade, kRefresh,
-  kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective,
+  kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kGrid,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kLayers, kMessages,
   kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,

@@ -36,6 +36,7 @@ constexpr IconRow kIcons[] = {
     { "bottom",      R"(<path d="M4 20h12l4-4" stroke="@" stroke-width="3"/><path d="M16 20V8H4v12M4 8l4-4h12v12M16 8l4-4"/>)" },
     { "iso",         R"(<path d="M12 3l8 4.500v9L12 21l-8-4.500v-9z"/><path d="M4 7.500l8 4.500 8-4.500M12 12v9"/>)" },
     { "layers",      R"(<path stroke="@" d="M12 4l9 5-9 5-9-5z"/><path d="M3 13l9 5 9-5"/>)" },
+    { "grid",        R"(<path d="M4 9h16M4 15h16M9 4v16M15 4v16"/><circle cx="15" cy="9" r="2.200" stroke="@"/>)" },
     { "drawing",     R"(<path d="M4 20V4M4 20h16"/><path stroke="@" d="M8 16V9h5v3h4v4z"/>)" },
     { "equipment",   R"(<path d="M4 8v8a3 4 0 0 0 4 3h1V5H8a3 4 0 0 0-4 3z"/><path stroke="@" d="M9 9h11v6H9"/>)" },
     { "export",      R"(<path d="M5 12v8h14v-8"/><path stroke="@" d="M12 15V3M8 7l4-4 4 4"/>)" },

@@ -95,6 +95,7 @@ QWidget* MainWindow::MakeViews() {
                                 Command::kSection, Command::kPerspective}) {
     equipmentPane_->Add((*actions_)[command]);
   }
+  drawingPane_->Add((*actions_)[Command::kGrid]);
   drawingPane_->Add((*actions_)[Command::kLayers]);
   split_ = new QSplitter(Qt::Vertical);
   split_->addWidget(drawingPane_);
@@ -222,8 +223,12 @@ void MainWindow::ActivateSpur(int spur) {
 }
 
 void MainWindow::ShowPosition(double x, double y) {
-  constexpr int kDecimals = 3;
-  position_->setText(QString("X %1   Y %2 mm").arg(x, 0, 'f', kDecimals).arg(y, 0, 'f', kDecimals));
+  const LengthUnit unit = workplace_.unit;
+  const int decimals = unit == LengthUnit::kMillimetre ? 3 : 4;
+  position_->setText(QString("X %1   Y %2 %3")
+                         .arg(InUnit(x, unit), 0, 'f', decimals)
+                         .arg(InUnit(y, unit), 0, 'f', decimals)
+                         .arg(ToQString(WordOf(unit))));
 }
 
 void MainWindow::ReportFault(const Fault& fault) {

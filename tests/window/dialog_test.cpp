@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -45,11 +46,12 @@ TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
   When([] { return OnScreen() != nullptr; },
        [] {
          SelectNode(*OnScreen(), "Billet cylindrical");
-         OnScreen()->findChild<QAbstractButton*>("2005")->click();
+         QTest::mouseClick(OnScreen()->findChild<QAbstractButton*>("2005"), Qt::LeftButton);
        });
   When([this] { return IsPicking(); },
        [&] {
          EXPECT_EQ(OnScreen(), nullptr);
+         EXPECT_THAT(hint().findChild<QLabel*>()->text().toStdString(), HasSubstr("Outer diameter"));
          drawing().Fit();
          Click(drawing(), At(10, 30));
          When([] { return OnScreen() != nullptr; },

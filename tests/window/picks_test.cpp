@@ -1,7 +1,9 @@
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 
 #include "support/places.h"
+#include "window/views/steps.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -22,6 +24,13 @@ class WindowPicks : public WindowTest {
     WriteBytes(folder / "lathe/drawing.txt",
                "drawing 1\nlayer black solid 0\nfigure Shape\nstroke black solid 0\nx-50 y60\nx0 y60\nek\n"
                "insert display 1 0 0 1 0 0\nend 4\n");
+  }
+  /// The latest value that the dialog has read of a variable.
+  std::string Answer(const std::string& variable) {
+    const std::string said = Messages(), begin = "< " + variable + " = ";
+    const std::size_t at = said.rfind(begin);
+    if (at == std::string::npos) return "0";
+    return said.substr(at + begin.size(), said.find('\n', at) - at - begin.size());
   }
   void Escape() { QTest::keyClick(window.get(), Qt::Key_Escape); }
 };
@@ -51,6 +60,64 @@ TEST_F(WindowPicks, OfAPositionJumpToTheCornerBeside) {
        }});
   // The drawing has radii; the dialog doubles what is picked.
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 120.000000 120.000000"));
+}
+
+/// The decimals of a number as text.
+std::size_t Decimals(const std::string& number) {
+  const std::size_t point = number.find('.');
+  return point == std::string::npos ? 0 : number.size() - point - 1;
+}
+
+TEST_F(WindowPicks, OfAPositionAreAsRoundAsAPixelIsWide) {
+  OpenSample();
+  Play(std::string(kBar) + "press 2006\n", {[&] {
+         drawing().Fit();
+         Click(drawing(), At(-70, 31));
+       }});
+  EXPECT_LE(Decimals(Answer("w_return")), 1U) << Answer("w_return1");
+  EXPECT_NEAR(std::stod(Answer("w_return")), -70, 1);
+}
+
+TEST_F(WindowPicks, OfAPositionAreOnTheGridWhereThatIsOn) {
+  OpenSample();
+  actions()[window::Command::kGrid]->trigger();
+  double step = 0;
+  Play(std::string(kBar) + "press 2006\n", {[&] {
+         drawing().Fit();
+         step = window::GridStep(drawing().frame().scale(), LengthUnit::kMillimetre);
+         Click(drawing(), At(-3.3 * step, 5.4 * step));
+       }});
+  EXPECT_DOUBLE_EQ(std::stod(Answer("w_return")), -3 * step);
+}
+
+TEST_F(WindowPicks, OfAPositionCanBeTyped) {
+  OpenSample();
+  std::string refused;
+  Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
+         auto* const edit = hint().findChild<QLineEdit*>();
+         EXPECT_EQ(edit->placeholderText(), "X and Y in mm, then Enter");
+         QTest::keyClicks(edit, "abc 3");
+         QTest::keyClick(edit, Qt::Key_Return);
+         refused = Hint();
+         EXPECT_TRUE(IsPicking());
+         QTest::keyClicks(edit, "-70; 15,5");
+         QTest::keyClick(edit, Qt::Key_Return);
+       }});
+  EXPECT_THAT(refused, HasSubstr("'abc 3' is not a position"));
+  EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 31.000000 120.000000"));
+}
+
+TEST_F(WindowPicks, OfAPositionAreTypedInTheUnitOfTheProject) {
+  OpenSample();
+  const auto settings = folder / "lathe/bench.ini";
+  WriteBytes(settings, ReadBytes(settings) + "\n[project]\nunit = inch\n");
+  Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
+         auto* const edit = hint().findChild<QLineEdit*>();
+         EXPECT_EQ(edit->placeholderText(), "X and Y in inch, then Enter");
+         QTest::keyClicks(edit, "-3 1.5");
+         QTest::keyClick(edit, Qt::Key_Return);
+       }});
+  EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 76.200000 120.000000"));
 }
 
 TEST_F(WindowPicks, OfTheCornerOfABilletAreItsDiameter) {
@@ -112,6 +179,20 @@ TEST_F(WindowPicks, OfAFigureCanBeChosenFromTheList) {
          emit list.itemActivated(list.item(0));
        }});
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("bracket")));
+}
+
+TEST_F(WindowPicks, ShowAFigureOfTheFolderWhenItsNameIsMarked) {
+  OpenSample();
+  std::filesystem::copy(VANZET_SOURCE_DIR "/examples/contours/bracket.dxf",
+                        folder / "lathe" / "figures/bracket.dxf");
+  Play("select 20\npress 2010\npress 2015\n", {[&] {
+         const QImage before = drawing().grab().toImage();
+         choice().list().setCurrentRow(0);
+         EXPECT_NE(drawing().grab().toImage(), before);
+         choice().list().setCurrentRow(-1);
+         Escape();
+       }});
+  EXPECT_FALSE(window->session()->Drawing()->HasFigure("bracket")) << "it was only shown";
 }
 
 TEST_F(WindowPicks, WhoseFigureIsLostLaterLeaveTheRestOfTheEquipment) {

@@ -6,6 +6,7 @@
 
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
+#include "project/length_unit.h"
 #include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
@@ -46,8 +47,10 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
       parts_(parts),
       picks_({workplace.texts, parts.hint, parts.drawing, parts.equipment, parts.choice,
               [this] { RefreshDrawing(); }, [this] { return Figures(); }, [this] { return Solids(); },
+              [this](const QString& name) { ShowFigure(name); },
               [this](const QString& name) { ShowSolid(name); },
-              [this] { static_cast<void>(parts_.equipment.Show(workplace_.scene)); }}) {
+              [this] { static_cast<void>(parts_.equipment.Show(workplace_.scene)); },
+              [this] { return workplace_.unit; }}) {
   redraw_.setSingleShot(true);
   redraw_.setInterval(kRedrawDelay);
   connect(&redraw_, &QTimer::timeout, this, &EquipmentCommands::RefreshDrawing);
@@ -90,6 +93,7 @@ void EquipmentCommands::Call(const char* function) {
   if (workplace_.isBusy || workplace_.session->isAtWork()) return;
   if (const auto reloaded = workplace_.session->Reload(); !reloaded)
     return workplace_.reportFault(reloaded.fault());
+  ReadUnit();
   emit AtWork(true);
   // A body that a pick or a page asks for is read within one call.
   std::unique_ptr<BusyBox> box;
@@ -141,9 +145,17 @@ void EquipmentCommands::Refresh() {
   if (!workplace_.session || workplace_.isBusy) return;
   if (!workplace_.session->isAtWork()) workplace_.Report(workplace_.session->Reload());
   fileStamps_ = workplace_.session->FileStamps();
+  ReadUnit();
   RefreshDefinition();
   RefreshDrawing();
   RefreshEquipment();
+}
+
+void EquipmentCommands::ReadUnit() {
+  const auto unit = project::LengthUnitOf(workplace_.session->project());
+  workplace_.Report(unit ? Result<void>() : unit.fault());
+  workplace_.unit = unit ? *unit : LengthUnit::kMillimetre;
+  parts_.drawing.SetUnit(workplace_.unit);
 }
 
 void EquipmentCommands::RefreshDefinition() {
@@ -195,6 +207,25 @@ void EquipmentCommands::RefreshIfChanged() {
   const Session* const session = workplace_.session.get();
   if (session == nullptr || workplace_.isBusy || session->isAtWork()) return;
   if (session->FileStamps() != fileStamps_) Refresh();
+}
+
+/// Shows the drawing with the figure, which can be one of the folder of figures, so that it can be clicked.
+void EquipmentCommands::ShowFigure(const QString& name) {
+  const auto drawing = DrawingWith(name.toStdString());
+  if (!drawing) return workplace_.reportFault(drawing.fault());
+  parts_.drawing.Show(*drawing);
+}
+
+Result<drawing::Drawing> EquipmentCommands::DrawingWith(const std::string& figure) const {
+  VANZET_TRY(drawing::Drawing drawing, workplace_.session->Drawing());
+  if (drawing.HasFigure(figure)) return drawing;
+  const drawing::FigureFolder folder(workplace_.session->project().folder() / "figures");
+  VANZET_TRY(auto curves, folder.Read(figure));
+  drawing::Figure& shown = drawing.figures[figure];
+  for (geometry::Kurve& curve : curves)
+    shown.strokes.push_back({std::move(curve), drawing::kFirstLayer, drawing::Pen()});
+  shown.insertions.emplace_back();
+  return drawing;
 }
 
 void EquipmentCommands::ShowSolid(const QString& name) {

@@ -58,11 +58,14 @@ class EquipmentCommands final : public QObject {
   bool IsFreeElsewhere();
   void Call(const char* function);
   void ShowEventFault(const QString& fault, const QString& boxText);
+  void ReadUnit();
   void RefreshDefinition();
   void RefreshEquipment();
   void RefreshIfChanged();
   Result<void> MakeScene();
 
+  void ShowFigure(const QString& name);
+  Result<drawing::Drawing> DrawingWith(const std::string& figure) const;
   void ShowSolid(const QString& name);
   Result<void> ShowSolidAlone(const std::string& name);
   QStringList Figures() const;

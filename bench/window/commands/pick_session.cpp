@@ -1,8 +1,10 @@
 #include "window/commands/pick_session.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "window/commands/typed_position.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -27,9 +29,16 @@ const KindRow& RowOf(Pick::Kind kind) {
   return *std::ranges::find(kKinds, kind, &KindRow::kind);
 }
 
+/// Whether an event can press a button.
+bool IsPress(const QEvent& event) {
+  return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::KeyPress ||
+         event.type() == QEvent::Shortcut;
+}
+
 }  // namespace
 
 PickSession::PickSession(Desk desk) : desk_(std::move(desk)) {
+  qApp->installEventFilter(this);
   connect(&desk_.hint, &HintBar::Cancelled, this, &PickSession::Cancel);
   connect(&desk_.drawing, &DrawingView::PositionPicked, this, [this](double x, double y) {
     Answer({Pick::Kind::kPosition, {x, y}});
@@ -43,11 +52,20 @@ PickSession::PickSession(Desk desk) : desk_(std::move(desk)) {
   connect(&desk_.choice, &ChoiceDock::Chosen, this, [this](const QString& name) {
     Answer({asked_, {}, name.toStdString()});
   });
-  connect(&desk_.choice, &ChoiceDock::Marked, this, [this](const QString& name) {
-    if (!IsAsking() || asked_ != Pick::Kind::kObject || name.isEmpty() || name == marked_) return;
-    marked_ = name;
-    desk_.showSolid(name);
-  });
+  connect(&desk_.choice, &ChoiceDock::Marked, this, &PickSession::ShowMarked);
+  connect(&desk_.hint, &HintBar::Typed, this, &PickSession::AnswerTyped);
+}
+
+void PickSession::ShowMarked(const QString& name) {
+  if (!IsAsking() || name.isEmpty() || name == marked_) return;
+  marked_ = name;
+  (asked_ == Pick::Kind::kObject ? desk_.showSolid : desk_.showFigure)(name);
+}
+
+void PickSession::AnswerTyped(const QString& text) {
+  const auto position = ReadPosition(text, desk_.unit());
+  if (position) return Answer({Pick::Kind::kPosition, *position});
+  desk_.hint.Refuse(desk_.texts(Text::kNotAPosition).arg(text));
 }
 
 Pick PickSession::Ask(const drawing::PickQuestion& question) {
@@ -64,8 +82,8 @@ void PickSession::Begin(const drawing::PickQuestion& question) {
   asked_ = question.kind;
   answer_ = {};
   marked_.clear();
-  const QString prompt = question.prompt.empty() ? desk_.texts(row.prompt) : ToQString(question.prompt);
-  desk_.hint.Ask(desk_.texts(Text::kPickHint).arg(prompt), desk_.texts(Text::kCancel));
+  desk_.hint.Ask(desk_.texts(Text::kPickHint).arg(PromptOf(question)), desk_.texts(Text::kCancel),
+                 asked_ == Pick::Kind::kPosition ? TypedName() : QString());
   desk_.drawing.Ask(row.picking);
   desk_.equipment.AskForSolid(asked_ == Pick::Kind::kObject);
   if (asked_ == Pick::Kind::kFigure) desk_.choice.Offer(desk_.texts(row.list), desk_.figures());
@@ -73,16 +91,28 @@ void PickSession::Begin(const drawing::PickQuestion& question) {
   QWidget* const window = desk_.hint.window();
   window->raise();
   window->activateWindow();
-  qApp->installEventFilter(this);
+  if (asked_ == Pick::Kind::kPosition) desk_.hint.TakeFocus();
+}
+
+/// The question for people: what is asked for, and the value that it is for.
+QString PickSession::PromptOf(const drawing::PickQuestion& question) const {
+  const QString prompt =
+      question.prompt.empty() ? desk_.texts(RowOf(question.kind).prompt) : ToQString(question.prompt);
+  return pressed_.isEmpty() ? prompt : pressed_ + " - " + prompt;
+}
+
+QString PickSession::TypedName() const {
+  return desk_.texts(Text::kTypedPosition).arg(ToQString(WordOf(desk_.unit())));
 }
 
 void PickSession::End() {
-  qApp->removeEventFilter(this);
+  pressed_.clear();
   desk_.hint.hide();
   desk_.choice.hide();
   desk_.drawing.Ask(DrawingView::Picking::kNone);
   desk_.equipment.AskForSolid(false);
   if (asked_ == Pick::Kind::kObject) desk_.showEquipment();
+  if (asked_ == Pick::Kind::kFigure) desk_.refresh();
 }
 
 void PickSession::Answer(Pick pick) {
@@ -92,8 +122,12 @@ void PickSession::Answer(Pick pick) {
 }
 
 bool PickSession::eventFilter(QObject* watched, QEvent* event) {
-  const bool isEscape =
-      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  const auto* const button = qobject_cast<const QAbstractButton*>(watched);
+  // The controls of the dialog have their numbers as names.
+  if (button != nullptr && IsPress(*event) && button->objectName().toInt() != 0)
+    pressed_ = button->accessibleName();
+  const bool isEscape = IsAsking() && event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
   if (!isEscape) return QObject::eventFilter(watched, event);
   Cancel();
   return true;

@@ -13,7 +13,8 @@
 namespace vanzet::window {
 
 /// Lets the user answer a pick in the window: a position in the drawing, a figure in the drawing or from a
-/// list, a solid in the equipment view or from a list. Escape and the button of the hint cancel it.
+/// list, a solid in the equipment view or from a list. A position can be typed as well. The name that is
+/// marked in a list is shown. Escape and the button of the hint cancel the pick.
 class PickSession final : public QObject {
   Q_OBJECT
  public:
@@ -23,11 +24,13 @@ class PickSession final : public QObject {
     DrawingView& drawing;
     EquipmentView& equipment;
     ChoiceDock& choice;
-    std::function<void()> refresh;                  ///< shows the current drawing
-    std::function<QStringList()> figures;           ///< names
-    std::function<QStringList()> solids;            ///< names
-    std::function<void(const QString&)> showSolid;  ///< in the place of the equipment
-    std::function<void()> showEquipment;            ///< again
+    std::function<void()> refresh;                   ///< shows the current drawing
+    std::function<QStringList()> figures;            ///< names
+    std::function<QStringList()> solids;             ///< names
+    std::function<void(const QString&)> showFigure;  ///< with the drawing
+    std::function<void(const QString&)> showSolid;   ///< in the place of the equipment
+    std::function<void()> showEquipment;             ///< again
+    std::function<LengthUnit()> unit;                ///< of typed positions
   };
   explicit PickSession(Desk desk);
 
@@ -40,14 +43,21 @@ class PickSession final : public QObject {
  private:
   void Begin(const drawing::PickQuestion& question);
   void End();
+  QString PromptOf(const drawing::PickQuestion& question) const;
+  QString TypedName() const;
   void Answer(drawing::Pick pick);
+  void AnswerTyped(const QString& text);
+  void ShowMarked(const QString& name);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   Desk desk_;
   QEventLoop loop_;
   drawing::Pick::Kind asked_ = drawing::Pick::Kind::kCancel;
   drawing::Pick answer_;
-  QString marked_;  ///< the solid that is shown
+  /// The button that was pressed last in the dialog of the module, which asks for the pick: "Pick in the
+  /// drawing: Outer diameter (mm)". Empty where a script asks.
+  QString pressed_;
+  QString marked_;  ///< the figure or solid that is shown
 };
 
 /// The picks of a module's call, answered in the window.

@@ -39,6 +39,7 @@ bool ViewCommands::Run(Command command, bool isOn) {
       parts_.equipment.Fit();
       return true;
     case Command::kSection: workplace_.Report(parts_.equipment.SetSection(isOn)); return true;
+    case Command::kGrid: parts_.drawing.SnapToGrid(isOn); return true;
     case Command::kPerspective: parts_.equipment.SetPerspective(isOn); return true;
     case Command::kBothViews:
     case Command::kDrawingOnly:

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <memory>
 
+#include "base/length_unit.h"
 #include "scene/scene.h"
 #include "window/session.h"
 #include "window/texts.h"
@@ -33,6 +34,7 @@ struct Workplace {
   std::unique_ptr<Session> session = {};           ///< null while no project is open
   int spur = 0;                                    ///< its equipment is shown
   std::shared_ptr<const scene::Scene> scene = {};  ///< that equipment; null without a definition
+  LengthUnit unit = LengthUnit::kMillimetre;       ///< of the lengths that people read and type
   bool isBusy = false;  ///< bodies are being read, made or written: no other work can begin
 
   void Report(const Result<void>& done) const {

@@ -2,11 +2,14 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
 
 namespace vanzet::window {
 namespace {
+
+constexpr int kEditWidth = 220;  // pixels
 
 /// The layout of a line across the window.
 QHBoxLayout* LayOutBar(QFrame& bar) {
@@ -48,20 +51,37 @@ void ViewPane::Add(QAction* action) {
   header_->addWidget(button);
 }
 
-HintBar::HintBar(QWidget* parent) : QFrame(parent), text_(new QLabel), cancel_(new QPushButton) {
+HintBar::HintBar(QWidget* parent)
+    : QFrame(parent), text_(new QLabel), edit_(new QLineEdit), cancel_(new QPushButton) {
   setObjectName("hintBar");
   auto* const layout = LayOutBar(*this);
   text_->setTextFormat(Qt::PlainText);
+  edit_->setFixedWidth(kEditWidth);
   layout->addWidget(text_, 1);
+  layout->addWidget(edit_);
   layout->addWidget(cancel_);
+  connect(edit_, &QLineEdit::returnPressed, this, [this] { emit Typed(edit_->text()); });
   connect(cancel_, &QPushButton::clicked, this, &HintBar::Cancelled);
   hide();
 }
 
-void HintBar::Ask(const QString& text, const QString& button) {
+void HintBar::Ask(const QString& text, const QString& button, const QString& typed) {
   text_->setText(text);
   cancel_->setText(button);
+  edit_->clear();
+  edit_->setPlaceholderText(typed);
+  edit_->setAccessibleName(typed);
+  edit_->setVisible(!typed.isEmpty());
   show();
+}
+
+void HintBar::Refuse(const QString& why) {
+  text_->setText(why);
+  edit_->selectAll();
+}
+
+void HintBar::TakeFocus() {
+  edit_->setFocus();
 }
 
 NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), text_(new QLabel) {

@@ -4,6 +4,7 @@
 
 class QHBoxLayout;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 /// The frames and lines about the views.
@@ -26,19 +27,26 @@ class ViewPane final : public QFrame {
   QHBoxLayout* header_;
 };
 
-/// A line across the window that says what the user is asked for, with a button to cancel.
+/// A line across the window that says what the user is asked for, with a button to cancel and, where an
+/// answer can be typed, an edit for it.
 class HintBar final : public QFrame {
   Q_OBJECT
  public:
   explicit HintBar(QWidget* parent = nullptr);
 
-  void Ask(const QString& text, const QString& button);
+  /// `typed` is the name of what can be typed; empty: nothing.
+  void Ask(const QString& text, const QString& button, const QString& typed);
+  /// Shows that the typed text is not an answer, and why.
+  void Refuse(const QString& why);
+  void TakeFocus();  ///< typing goes to the edit
 
  signals:
   void Cancelled();
+  void Typed(const QString& text);  ///< the user has finished it
 
  private:
   QLabel* text_;
+  QLineEdit* edit_;
   QPushButton* cancel_;
 };
 

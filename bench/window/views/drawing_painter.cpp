@@ -5,6 +5,7 @@
 
 #include "contour/contour.h"
 #include "window/qt_text.h"
+#include "window/views/steps.h"
 #include "window/views/view_frame.h"
 
 namespace vanzet::window {
@@ -13,17 +14,7 @@ namespace {
 constexpr double kLine = 1.6, kMarkedLine = 3;  // pixels
 constexpr double kAround = 64;                  // pixels around the view in which lines are still drawn
 constexpr int kFill = 20;                       // of 255: how much closed contours are filled
-constexpr double kCell = 14;                    // pixels that a cell of the grid has at least
 constexpr double kRuler = 130;                  // pixels that the ruler has at most
-
-/// The largest of 1, 2 and 5 times a power of ten that is not above `most`.
-double RoundStep(double most) {
-  const double power = std::pow(10, std::floor(std::log10(most)));
-  for (const double digit : {5.0, 2.0}) {
-    if (digit * power <= most) return digit * power;
-  }
-  return power;
-}
 
 QPen PenOf(const drawing::Pen& pen, const QPalette& palette, bool isMarked) {
   QPen drawn(OnGround(QColor(ToQString(pen.colour->svg)), palette), isMarked ? kMarkedLine : kLine);
@@ -40,19 +31,20 @@ QPen PenOf(const drawing::Pen& pen, const QPalette& palette, bool isMarked) {
 }  // namespace
 
 DrawingPainter::DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size,
-                               const QPalette& palette)
+                               const QPalette& palette, LengthUnit unit)
     : painter_(painter),
       frame_(frame),
       size_(size),
       seen_(QRectF(QPointF(0, 0), size).adjusted(-kAround, -kAround, kAround, kAround)),
       palette_(palette),
-      colours_(ColoursFor(palette)) {
+      colours_(ColoursFor(palette)),
+      unit_(unit) {
   painter_.setRenderHint(QPainter::Antialiasing);
 }
 
 void DrawingPainter::PaintGround() {
   painter_.fillRect(QRectF(QPointF(0, 0), size_), colours_.background);
-  const double step = RoundStep(kCell * 5 / frame_.scale());
+  const double step = InMillimetres(GridStep(frame_.scale(), unit_), unit_);
   PaintGrid(step, colours_.grid);
   PaintGrid(step * 5, colours_.gridStrong);
   const double axis = frame_.ToScreen({0, 0}).y();
@@ -113,12 +105,13 @@ void DrawingPainter::PaintCurve(const drawing::ShownCurve& curve, const QPen& pe
 }
 
 void DrawingPainter::PaintScale() {
-  const double length = RoundStep(kRuler / frame_.scale()), pixels = length * frame_.scale();
+  const double length = RoundStep(InUnit(kRuler / frame_.scale(), unit_));
+  const double pixels = InMillimetres(length, unit_) * frame_.scale();
   const QPointF left(16, size_.height() - 16), right = left + QPointF(pixels, 0);
   painter_.setPen(QPen(colours_.faint, 1.4));
   painter_.drawPolyline(QPolygonF({left - QPointF(0, 5), left, right, right - QPointF(0, 5)}));
   painter_.drawText(QRectF(left - QPointF(40, 22), QSizeF(pixels + 80, 18)), Qt::AlignCenter,
-                    QString::number(length) + " mm");
+                    QString::number(length) + " " + ToQString(WordOf(unit_)));
 }
 
 void DrawingPainter::PaintCross(const QPointF& place) {

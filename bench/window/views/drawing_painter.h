@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <string>
 
+#include "base/length_unit.h"
 #include "drawing/shown.h"
 #include "window/theme.h"
 #include "window/views/snap.h"
@@ -14,7 +15,8 @@ namespace vanzet::window {
 /// Paints one picture of a drawing.
 class DrawingPainter {
  public:
-  DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
+  DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette,
+                 LengthUnit unit);
 
   /// The background with its grid, and the axis of the spindle.
   void PaintGround();
@@ -38,6 +40,7 @@ class DrawingPainter {
   QRectF seen_;  ///< the view and a margin
   const QPalette& palette_;
   const ViewColours& colours_;
+  LengthUnit unit_;  ///< of the grid and the ruler
 };
 
 }  // namespace vanzet::window

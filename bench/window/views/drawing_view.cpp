@@ -6,6 +6,7 @@
 
 #include "window/qt_text.h"
 #include "window/views/drawing_painter.h"
+#include "window/views/steps.h"
 
 namespace vanzet::window {
 namespace {
@@ -65,12 +66,12 @@ void DrawingView::Ask(Picking picking) {
 
 void DrawingView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  DrawingPainter drawing(painter, frame_, size(), palette());
+  DrawingPainter drawing(painter, frame_, size(), palette(), unit_);
   drawing.PaintGround();
   drawing.PaintLayers(shown_, picking_ == Picking::kFigure ? hovered_ : std::string());
   drawing.PaintScale();
   if (picking_ == Picking::kPosition && underMouse()) {
-    drawing.PaintCross(snap_ ? frame_.ToScreen(snap_->point) : cursor_);
+    drawing.PaintCross(frame_.ToScreen(PickAt(cursor_)));
   }
   if (snap_) drawing.PaintSnap(*snap_);
   if (shown_.empty()) drawing.PaintHint(hint_);
@@ -128,17 +129,26 @@ void DrawingView::leaveEvent(QEvent*) {
 /// Finds the pick that a click at the place would answer.
 void DrawingView::Hover(const QPointF& place) {
   cursor_ = place;
-  geometry::Point point = frame_.ToPlane(place);
+  const geometry::Point point = frame_.ToPlane(place);
   snap_ = picking_ == Picking::kPosition ? places_.Near(point, kSnapReach / frame_.scale()) : std::nullopt;
-  if (snap_) point = snap_->point;
   hovered_ = picking_ == Picking::kFigure ? FigureAt(place) : std::string();
-  emit CursorMoved(point.x, point.y);
+  const geometry::Point shown = picking_ == Picking::kPosition ? PickAt(place) : point;
+  emit CursorMoved(shown.x, shown.y);
   update();
+}
+
+/// The position that a click picks: the place that it snaps to, else one of the grid where that is on, else
+/// a round one within the pixel.
+geometry::Point DrawingView::PickAt(const QPointF& place) const {
+  if (snap_) return snap_->point;
+  const double scale = frame_.scale();
+  const double step = isOnGrid_ ? GridStep(scale, unit_) : PixelStep(scale, unit_);
+  return RoundTo(frame_.ToPlane(place), step, unit_);
 }
 
 void DrawingView::AnswerPick() {
   if (picking_ == Picking::kPosition) {
-    const geometry::Point point = snap_ ? snap_->point : frame_.ToPlane(cursor_);
+    const geometry::Point point = PickAt(cursor_);
     emit PositionPicked(point.x, point.y);
   } else if (picking_ == Picking::kFigure && !hovered_.empty()) {
     emit FigurePicked(ToQString(hovered_));

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "base/length_unit.h"
 #include "drawing/shown.h"
 #include "window/views/snap.h"
 #include "window/views/view_frame.h"
@@ -26,6 +27,8 @@ class DrawingView final : public QWidget {
   void Hide(const std::string& layer, bool isHidden);
   void Fit();
   void Ask(Picking picking);
+  void SetUnit(LengthUnit unit) { unit_ = unit, update(); }  ///< of the grid, the ruler and rounded picks
+  void SnapToGrid(bool isOn) { isOnGrid_ = isOn, update(); }
   void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< shown while there is nothing to see
 
   const ViewFrame& frame() const { return frame_; }
@@ -33,7 +36,7 @@ class DrawingView final : public QWidget {
   QSize sizeHint() const override { return {640, 320}; }
 
  signals:
-  /// The cursor is at that place, or at the place that it snaps to while a pick is asked for.
+  /// The cursor is at that place; while a position is asked for, at the one that a click there picks.
   void CursorMoved(double x, double y);
   void CursorLeft();
   void PositionPicked(double x, double y);
@@ -53,6 +56,7 @@ class DrawingView final : public QWidget {
   void SelectShown();
   void Hover(const QPointF& place);
   void AnswerPick();
+  geometry::Point PickAt(const QPointF& place) const;
   std::string FigureAt(const QPointF& place) const;
 
   drawing::ShownLayers all_, shown_;
@@ -61,6 +65,8 @@ class DrawingView final : public QWidget {
   ViewFrame frame_;
   bool isFitted_ = true;  ///< until the user moves or zooms
   Picking picking_ = Picking::kNone;
+  LengthUnit unit_ = LengthUnit::kMillimetre;
+  bool isOnGrid_ = false;
   std::optional<Snap> snap_;
   std::string hovered_;  ///< figure
   QPointF cursor_, pressed_;
