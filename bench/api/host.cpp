@@ -61,7 +61,7 @@ Result<void> Host::Macro(std::string_view name, std::string_view arguments) {
 }
 
 Result<std::int32_t> Host::FindBody(std::string_view name) {
-  return modeller::FindOrImportBody(name, bodies, project.folder() / "bodies", exchange);
+  return modeller::FindOrImportBody(name, bodies, project.folder() / "bodies", exchange, {.extents = true});
 }
 
 Result<std::string> Host::Setting(std::string_view key) {

@@ -88,7 +88,9 @@ Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
   VANZET_DO(CheckIsNoInput(paths.Resolve(arguments.out), {paths.Resolve(arguments.body), arguments.outline}));
-  VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body), ExchangeWithProgress()));
+  const modeller::Foresight foresight = {.extents = !arguments.face, .mesh = true};
+  VANZET_TRY(const auto body,
+             modeller::ImportBody(paths.Resolve(arguments.body), ExchangeWithProgress(), foresight));
   VANZET_TRY(const auto outline, OutlineOf(arguments.outline));
   const auto placed = PlaceModel(body, arguments);
   if (!placed) return Fault{placed.fault().text, arguments.body};

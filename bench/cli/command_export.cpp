@@ -28,6 +28,14 @@ struct ExportArguments {
   results::ExportOptions Options() const { return {*modeller::FormatNamed(format), body}; }
 };
 
+/// The scene to export. A STEP file has surfaces, which are measured.
+Result<scene::Scene> SceneToExport(const ExportArguments& arguments, const project::Project& project,
+                                   const modeller::Exchange& exchange, project::MessagePanel& panel) {
+  modeller::Foresight foresight = results::kForPictures;
+  foresight.measures = arguments.Options().format == modeller::ExportFormat::kStep;
+  return results::EquipmentOf(project, arguments.spur, exchange, panel, foresight);
+}
+
 /// Fails for the folders in which the project reads what it finds.
 Result<void> CheckIsNoInputFolder(const fs::path& folder, const project::Project& project) {
   for (const char* const input : {"bodies", "figures"}) {
@@ -45,7 +53,7 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
   const fs::path folder = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInputFolder(folder, project));
   const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange, context.panel));
+  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
   VANZET_TRY(const auto report, results::WriteEquipment(scene, arguments.Options(), folder, exchange));
   for (const Fault& fault : report.missing) context.panel.Tell(fault);
   const auto outcome = OutcomeOfMissing(arguments.isStrict, context);
@@ -57,7 +65,7 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
 Result<void> ExportToStandardOutput(const ExportArguments& arguments, const project::Project& project,
                                     const Context& context) {
   const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, results::EquipmentOf(project, arguments.spur, exchange, context.panel));
+  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
   VANZET_TRY(const auto file, results::EquipmentFile(scene, arguments.Options(), exchange));
   VANZET_DO(Print(file));
   return OutcomeOfMissing(arguments.isStrict, context);

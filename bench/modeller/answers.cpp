@@ -18,6 +18,13 @@ using Numbers = std::vector<double>;
 
 constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 30U;
 
+struct FactRow {
+  std::string_view name;
+  bool Foresight::*flag;
+};
+constexpr FactRow kFacts[] = {
+    {"extents", &Foresight::extents}, {"measures", &Foresight::measures}, {"mesh", &Foresight::mesh}};
+
 /// Writes a vector or a text.
 template <class List>
 void PackList(const List& list, std::ostream& bytes) {
@@ -79,6 +86,32 @@ void Pack(const Measures& measures, std::ostream& bytes) {
   PackList<Numbers>(
       {measures.volume, measures.area, centroid.x, centroid.y, centroid.z, measures.closed ? 1.0 : 0.0},
       bytes);
+}
+
+std::string WordOf(const Foresight& foresight) {
+  std::string word;
+  for (const auto& [name, flag] : kFacts) {
+    if (foresight.*flag) word += (word.empty() ? "" : ",") + std::string(name);
+  }
+  return word;
+}
+
+Foresight ForesightOf(const std::string& word) {
+  Foresight foresight;
+  for (const auto& [name, flag] : kFacts) foresight.*flag = word.find(name) != std::string::npos;
+  return foresight;
+}
+
+KnownFacts UnpackFacts(const Foresight& foresight, std::istream& bytes) {
+  const auto take = [&](bool isThere, auto unpack, auto& fact) {
+    if (!isThere) return;
+    if (auto unpacked = unpack(bytes)) fact = std::move(*unpacked);
+  };
+  KnownFacts facts;
+  take(foresight.extents, UnpackBox, facts.box);
+  take(foresight.measures, UnpackMeasures, facts.measures);
+  take(foresight.mesh, UnpackMesh, facts.mesh);
+  return facts;
 }
 
 Result<ReadBody> UnpackReadBody(std::istream& bytes) {

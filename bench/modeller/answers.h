@@ -7,6 +7,7 @@
 
 #include "base/result.h"
 #include "geometry/box.h"
+#include "modeller/exchange.h"
 #include "modeller/measures.h"
 #include "modeller/mesh.h"
 
@@ -19,6 +20,17 @@ struct ReadBody {
   std::optional<Mesh> facets;
   std::string surfaces;  ///< in the binary form of Open CASCADE, into which the workbench does not look
 };
+
+/// What is known of a body without asking again.
+struct KnownFacts {
+  std::optional<geometry::Box3d> box;
+  std::optional<Measures> measures;
+  std::optional<Mesh> mesh;  ///< with the usual tolerance
+};
+
+/// "extents,mesh", and back.
+std::string WordOf(const Foresight& foresight);
+Foresight ForesightOf(const std::string& word);
 
 /// A face set of a VRML text.
 struct NamedMesh {
@@ -39,5 +51,8 @@ Result<std::vector<NamedMesh>> UnpackMeshes(std::istream& bytes);
 Result<Mesh> UnpackMesh(std::istream& bytes);
 Result<geometry::Box3d> UnpackBox(std::istream& bytes);
 Result<Measures> UnpackMeasures(std::istream& bytes);
+
+/// Reads the facts that follow a body with surfaces, as far as they are complete.
+KnownFacts UnpackFacts(const Foresight& foresight, std::istream& bytes);
 
 }  // namespace vanzet::modeller

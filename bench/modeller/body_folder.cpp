@@ -27,6 +27,18 @@ bool ComesBefore(const BodyFile& a, const BodyFile& b) {
   return a.path < b.path;
 }
 
+/// The file of the body with that name.
+Result<BodyFile> FindFile(std::string_view name, const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const BodyFile& file : BodyFilesIn(folder)) {
+    if (EqualWithoutCase(file.name, name)) return file;
+    names.push_back(file.name);
+  }
+  return Fault{.text = "body '" + std::string(name) + "' does not exist" + DidYouMean(name, names),
+               .file = folder.string(),
+               .kind = FaultKind::kMissing};
+}
+
 }  // namespace
 
 bool IsBodyFile(const fs::path& path) {
@@ -49,18 +61,32 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
 }
 
 Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table, const fs::path& folder,
-                                      const Exchange& exchange) {
+                                      const Exchange& exchange, const Foresight& foresight) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
-  std::vector<std::string> names;
-  for (const BodyFile& file : BodyFilesIn(folder)) {
-    names.push_back(file.name);
-    if (!EqualWithoutCase(file.name, name)) continue;
-    VANZET_TRY(auto body, ImportBody(file.path, exchange));
-    return table.Add(std::move(body), file.name);
+  VANZET_TRY(const auto file, FindFile(name, folder));
+  VANZET_TRY(auto body, ImportBody(file.path, exchange, foresight));
+  return table.Add(std::move(body), file.name);
+}
+
+std::map<std::string, Result<Body>> ImportNamedBodies(const std::set<std::string>& names,
+                                                      const fs::path& folder, const Exchange& exchange,
+                                                      const Foresight& foresight) {
+  std::map<std::string, Result<Body>> bodies;
+  std::vector<std::string> found;
+  std::vector<fs::path> files;
+  for (const std::string& name : names) {
+    const auto file = FindFile(name, folder);
+    if (!file) {
+      bodies.emplace(name, file.fault());
+      continue;
+    }
+    found.push_back(name);
+    files.push_back(file->path);
   }
-  return Fault{.text = "body '" + std::string(name) + "' does not exist" + DidYouMean(name, names),
-               .file = folder.string(),
-               .kind = FaultKind::kMissing};
+  if (files.empty()) return bodies;
+  auto read = ImportBodies(files, exchange, foresight);
+  for (std::size_t i = 0; i < found.size(); ++i) bodies.emplace(found[i], std::move(read[i]));
+  return bodies;
 }
 
 }  // namespace vanzet::modeller

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +30,13 @@ std::vector<BodyFile> BodyFilesIn(const std::filesystem::path& folder);
 /// Returns the number of the body with that name. A body that is not in the table yet is read from the folder
 /// and added under its name. Fails with `kMissing` when neither has it, and when its file cannot be read.
 Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table,
-                                      const std::filesystem::path& folder, const Exchange& exchange);
+                                      const std::filesystem::path& folder, const Exchange& exchange,
+                                      const Foresight& foresight);
+
+/// Reads the bodies with these names from the folder, all by one process, each once. The fault of a body that
+/// the folder does not have is `kMissing`.
+std::map<std::string, Result<Body>> ImportNamedBodies(const std::set<std::string>& names,
+                                                      const std::filesystem::path& folder,
+                                                      const Exchange& exchange, const Foresight& foresight);
 
 }  // namespace vanzet::modeller

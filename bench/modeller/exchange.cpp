@@ -23,28 +23,62 @@ std::vector<VrmlBody> BodiesOf(const std::vector<NamedMesh>& meshes) {
   return bodies;
 }
 
-Result<Body> Unpack(const MemoryFile& parcel, Origin origin) {
+Result<Body> Unpack(std::istream& bytes, Origin origin, const Foresight& foresight) {
   return CatchKernelFailures([&]() -> Result<Body> {
-    std::ifstream bytes(parcel.Path(), std::ios::binary);
     VANZET_TRY(auto read, UnpackReadBody(bytes));
     if (read.facets) return FacetBody(*read.facets);
     origin.surfaces = std::move(read.surfaces);
+    origin.known = UnpackFacts(foresight, bytes);
     return ForeignBody(std::move(origin));
   });
 }
 
+/// The bodies of an answer, up to the first one that is not complete; its fault is the last.
+std::vector<Result<Body>> UnpackAll(const MemoryFile& parcel, const std::vector<fs::path>& files,
+                                    const Exchange& exchange, const Foresight& foresight) {
+  std::ifstream bytes(parcel.Path(), std::ios::binary);
+  std::vector<Result<Body>> bodies;
+  for (const fs::path& file : files) {
+    // Who watches the progress of the reading may be gone when the body is worked on.
+    const Origin origin = {file, {exchange.program, exchange.limits}, {}};
+    bodies.push_back(Unpack(bytes, origin, foresight));
+    if (!bodies.back()) break;
+  }
+  return bodies;
+}
+
+std::vector<std::string> OrderToRead(const std::vector<fs::path>& files, const ExchangeLimits& limits,
+                                     const Foresight& foresight) {
+  std::vector<std::string> arguments = {"read", std::to_string(limits.seconds), std::to_string(limits.bytes),
+                                        WordOf(foresight)};
+  for (const fs::path& file : files) arguments.push_back(file.string());
+  return arguments;
+}
+
 }  // namespace
 
-Result<Body> ImportBody(const fs::path& file, const Exchange& exchange) {
-  VANZET_TRY(const auto parcel, MemoryFile::Make());
-  const std::vector<std::string> arguments = {"read", std::to_string(exchange.limits.seconds),
-                                              std::to_string(exchange.limits.bytes), file.string()};
-  auto done = RunExchange(exchange, arguments, parcel);
-  // Who watches the progress of the reading may be gone when the body is worked on.
-  const Origin origin = {file, {exchange.program, exchange.limits}, {}};
-  auto body = done ? Unpack(parcel, origin) : Result<Body>(done.fault());
-  if (body) return body;
-  return WithFile(body.fault(), file);
+Result<Body> ImportBody(const fs::path& file, const Exchange& exchange, const Foresight& foresight) {
+  return ImportBodies({file}, exchange, foresight).front();
+}
+
+std::vector<Result<Body>> ImportBodies(const std::vector<fs::path>& files, const Exchange& exchange,
+                                       const Foresight& foresight) {
+  const auto parcel = MemoryFile::Make();
+  if (!parcel) return {files.size(), parcel.fault()};
+  const auto done = RunExchange(exchange, OrderToRead(files, exchange.limits, foresight), *parcel);
+  auto bodies = UnpackAll(*parcel, files, exchange, foresight);
+  const bool isStopped = !done && done.fault().kind == FaultKind::kSystem;
+  if (isStopped) bodies.clear();
+  // The process that failed at a later file had less time and memory left for it than a file may have.
+  if (bodies.size() > 1 && !bodies.back()) bodies.pop_back();
+  if (bodies.size() == 1 && !bodies.back() && !done) bodies.back() = done.fault();
+  for (std::size_t i = bodies.size(); i < files.size(); ++i) {
+    bodies.push_back(isStopped ? done.fault() : ImportBody(files[i], exchange, foresight));
+  }
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (!bodies[i] && bodies[i].fault().file.empty()) bodies[i] = WithFile(bodies[i].fault(), files[i]);
+  }
+  return bodies;
 }
 
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {

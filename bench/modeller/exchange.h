@@ -33,12 +33,27 @@ struct Exchange {
   static Exchange OfProcess();
 };
 
+/// What will be asked of a body: the process that reads its file then answers that, too. Anything else takes
+/// a process of its own for each question.
+struct Foresight {
+  bool extents = false, measures = false;
+  bool mesh = false;  ///< with the usual tolerance
+
+  bool operator==(const Foresight&) const = default;
+};
+
 /// Reads the body of a file: `.step`, `.stp`, `.stl` or `.brep`, in upper or lower case. The result is in
 /// millimetres, whatever the unit of a STEP file; STL and BREP files are taken to be in millimetres.
 ///
 /// Errors   a fault with the name of the file and the message of Open CASCADE: `kMissing` when it does not
 ///          exist; another ending, broken, without a body, beyond the limits, cancelled
-Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange);
+Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange,
+                        const Foresight& foresight = {});
+
+/// Reads the bodies of several files, in their order, by one process. When that process fails at one of
+/// them, each of the rest gets a process of its own.
+std::vector<Result<Body>> ImportBodies(const std::vector<std::filesystem::path>& files,
+                                       const Exchange& exchange, const Foresight& foresight);
 
 /// A face set of a VRML text, as a body of facets.
 struct VrmlBody {

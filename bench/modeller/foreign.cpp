@@ -2,7 +2,9 @@
 
 #include <BRep_Builder.hxx>
 #include <TopoDS_Compound.hxx>
+#include <cmath>
 #include <fstream>
+#include <gp_Trsf.hxx>
 
 #include "base/number_text.h"
 #include "modeller/answers.h"
@@ -35,6 +37,34 @@ auto WorkOn(const Shape& shape, std::vector<std::string> arguments, Read read)
   return read(answer);
 }
 
+geometry::Point3d Placed(const geometry::Point3d& point, const gp_Trsf& place) {
+  const gp_Pnt placed = gp_Pnt(point.x, point.y, point.z).Transformed(place);
+  return {placed.X(), placed.Y(), placed.Z()};
+}
+
+/// Whether the place turns the axes into each other, so that a box stays a box.
+bool KeepsAxes(const gp_Trsf& place) {
+  constexpr double kNear = 1e-12;
+  for (int row = 1; row <= 3; ++row) {
+    for (int column = 1; column <= 3; ++column) {
+      const double value = std::abs(place.Value(row, column));
+      if (value > kNear && value < 1 - kNear) return false;
+    }
+  }
+  return true;
+}
+
+geometry::Box3d Placed(const geometry::Box3d& box, const gp_Trsf& place) {
+  geometry::Box3d placed;
+  placed.Insert(Placed(box.min, place));
+  placed.Insert(Placed(box.max, place));
+  return placed;
+}
+
+gp_Trsf PlaceOf(const Shape& shape) {
+  return shape.shape.Location().Transformation();
+}
+
 template <class Value>
 Result<Value> WithOrigin(Result<Value> result, const Shape& shape) {
   if (result) return result;
@@ -52,15 +82,28 @@ Body ForeignBody(Origin origin) {
 }
 
 Result<Mesh> MeshOfForeign(const Shape& shape, const MeshTolerance& tolerance) {
+  if (const auto& known = shape.origin->known.mesh; known && tolerance == MeshTolerance()) {
+    Mesh mesh = *known;
+    const gp_Trsf place = PlaceOf(shape);
+    for (geometry::Point3d& point : mesh.points) point = Placed(point, place);
+    return mesh;
+  }
   return WithOrigin(
       WorkOn(shape, {"mesh", ExactText(tolerance.chord), ExactText(tolerance.angle)}, UnpackMesh), shape);
 }
 
 Result<geometry::Box3d> ExtentsOfForeign(const Shape& shape) {
+  const gp_Trsf place = PlaceOf(shape);
+  if (const auto& known = shape.origin->known.box; known && KeepsAxes(place)) return Placed(*known, place);
   return WithOrigin(WorkOn(shape, {"extents"}, UnpackBox), shape);
 }
 
 Result<Measures> MeasuresOfForeign(const Shape& shape) {
+  if (const auto& known = shape.origin->known.measures) {
+    Measures measures = *known;
+    measures.centroid = Placed(measures.centroid, PlaceOf(shape));
+    return measures;
+  }
   return WithOrigin(WorkOn(shape, {"measures"}, UnpackMeasures), shape);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/result.h"
+#include "modeller/answers.h"
 #include "modeller/exchange.h"
 #include "modeller/kernel.h"
 #include "modeller/measures.h"
@@ -18,7 +19,8 @@ namespace vanzet::modeller {
 struct Origin {
   std::filesystem::path file;
   Exchange exchange;
-  std::string surfaces;  ///< in the binary form of Open CASCADE
+  std::string surfaces;   ///< in the binary form of Open CASCADE
+  KnownFacts known = {};  ///< of the surfaces as the file has them
 };
 
 /// A body of these surfaces, where the file has them.
@@ -29,7 +31,8 @@ inline bool IsForeign(const Shape& shape) {
   return shape.origin != nullptr;
 }
 
-/// These do what `MeshOf`, `Extents` and `MeasuresOf` of a body do.
+/// These do what `MeshOf`, `Extents` and `MeasuresOf` of a body do. What is known at another place is moved
+/// from there; a box only when the body keeps its axes.
 ///
 /// Requires  IsForeign(shape)
 /// Errors    a fault that begins with the name of the file

@@ -178,8 +178,7 @@ const Mesh* FormerMesh(const Shape& shape, const MeshTolerance& tolerance) {
   if (shape.meshes == nullptr) return nullptr;
   const gp_Trsf& place = shape.shape.Location().Transformation();
   const auto found = std::ranges::find_if(*shape.meshes, [&](const MadeMesh& made) {
-    return made.tolerance.chord == tolerance.chord && made.tolerance.angle == tolerance.angle &&
-           IsSamePlace(made.place, place);
+    return made.tolerance == tolerance && IsSamePlace(made.place, place);
   });
   return found == shape.meshes->end() ? nullptr : &found->mesh;
 }

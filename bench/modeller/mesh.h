@@ -12,6 +12,8 @@ namespace vanzet::modeller {
 struct MeshTolerance {
   double chord = 0.05;  ///< millimetres
   double angle = 10;    ///< degrees
+
+  bool operator==(const MeshTolerance&) const = default;
 };
 
 /// Triangles between points. The mesh of a closed body is closed: each edge belongs to two triangles, in

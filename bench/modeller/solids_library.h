@@ -30,7 +30,9 @@ struct Solids {
   Result<Body> (*placeBody)(const Body&, const geometry::Matrix&);
   Result<Body> (*cutBodies)(const std::vector<Body>&, const std::vector<Body>&);
   Result<Body> (*joinBodies)(const std::vector<Body>&);
-  Result<Body> (*importBody)(const std::filesystem::path&, const Exchange&);
+  Result<Body> (*importBody)(const std::filesystem::path&, const Exchange&, const Foresight&);
+  std::vector<Result<Body>> (*importBodies)(const std::vector<std::filesystem::path>&, const Exchange&,
+                                            const Foresight&);
   Result<std::vector<VrmlBody>> (*importVrml)(const std::string&, const Exchange&);
   Result<BodyFacts> (*factsOf)(const NamedBody&, ExportFormat, const MeshTolerance&);
   Result<void> (*makeFiles)(const std::vector<NamedBody>&, const std::vector<FileBodies>&, ExportFormat,

@@ -46,8 +46,15 @@ Result<Body> CutBodies(const std::vector<Body>& bodies, const std::vector<Body>&
 Result<Body> JoinBodies(const std::vector<Body>& bodies) {
   return Call<&Solids::joinBodies>(bodies);
 }
-Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange) {
-  return Call<&Solids::importBody>(file, exchange);
+Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange,
+                        const Foresight& foresight) {
+  return Call<&Solids::importBody>(file, exchange, foresight);
+}
+std::vector<Result<Body>> ImportBodies(const std::vector<std::filesystem::path>& files,
+                                       const Exchange& exchange, const Foresight& foresight) {
+  const auto solids = LoadedSolids();
+  if (!solids) return {files.size(), solids.fault()};
+  return (*solids)->importBodies(files, exchange, foresight);
 }
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
   return Call<&Solids::importVrml>(text, exchange);

@@ -7,6 +7,7 @@
 #include "modeller/body_folder.h"
 #include "project/machine_ini.h"
 #include "results/definitions.h"
+#include "scene/equipment.h"
 
 namespace vanzet::results {
 namespace {
@@ -33,12 +34,14 @@ Result<std::vector<geometry::Kurve>> FigureOf(const project::Project& project, c
   return drawing::CurvesOf(drawn->second);
 }
 
-Result<modeller::Body> BodyOf(const project::Project& project, const std::string& name,
-                              const modeller::Exchange& exchange) {
-  modeller::BodyTable table;
-  VANZET_TRY(const auto number,
-             modeller::FindOrImportBody(name, table, project.folder() / "bodies", exchange));
-  return table.Get(number);
+/// The names of the solids that are billets or finished parts.
+std::set<std::string> SolidsOf(const project::Definition& definition) {
+  std::set<std::string> names;
+  for (const scene::Spindle& spindle : scene::ReadEquipment(definition).spindles) {
+    if (spindle.billet.type == scene::billet_type::kSolid) names.insert(spindle.billet.solid);
+    if (spindle.finishPart.type == scene::finish_part_type::kSolid) names.insert(spindle.finishPart.solid);
+  }
+  return names;
 }
 
 Result<project::SteadyRest> SteadyRestOf(const project::Project& project) {
@@ -51,19 +54,22 @@ Result<project::SteadyRest> SteadyRestOf(const project::Project& project) {
 }  // namespace
 
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
-                             const modeller::Exchange& exchange) {
+                             const modeller::Exchange& exchange, const modeller::Foresight& foresight) {
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));
   contour::UseMillimetres();
+  const auto solids =
+      modeller::ImportNamedBodies(SolidsOf(definition), project.folder() / "bodies", exchange, foresight);
   VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
-                                  [&](const std::string& name) { return BodyOf(project, name, exchange); },
-                                  exchange, steadyRest};
+                                  [&](const std::string& name) { return solids.at(name); }, exchange,
+                                  steadyRest};
   return scene::MakeScene(definition, sources);
 }
 
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
-                                 const modeller::Exchange& exchange, project::MessagePanel& panel) {
-  auto made = SceneOf(project, spur, exchange);
+                                 const modeller::Exchange& exchange, project::MessagePanel& panel,
+                                 const modeller::Foresight& foresight) {
+  auto made = SceneOf(project, spur, exchange, foresight);
   if (!made) return made;
   for (const Fault& fault : made->missing) panel.Tell(fault);
   if (!made->bodies.empty()) return made;

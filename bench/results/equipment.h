@@ -6,14 +6,20 @@
 
 namespace vanzet::results {
 
+/// The questions about solids to which pictures and exports need the answers. Only a STEP file needs their
+/// measures.
+inline constexpr modeller::Foresight kForPictures = {.extents = true, .mesh = true};
+
 /// Makes the equipment of a spur in space, with the figures of the project's drawing and folder of figures
-/// and the solids of the folder of bodies. Fails with `kMissing` without such a spur or definition, and with
+/// and the solids of the folder of bodies, which are all read by one process. Fails with `kMissing` without such a spur or definition, and with
 /// `kDamaged` for a damaged definition. What of the equipment cannot be made is missing in the scene.
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
-                             const modeller::Exchange& exchange);
+                             const modeller::Exchange& exchange,
+                             const modeller::Foresight& foresight = kForPictures);
 
 /// The same; what is missing is shown on the panel. Fails also when nothing of the equipment is left.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
-                                 const modeller::Exchange& exchange, project::MessagePanel& panel);
+                                 const modeller::Exchange& exchange, project::MessagePanel& panel,
+                                 const modeller::Foresight& foresight = kForPictures);
 
 }  // namespace vanzet::results

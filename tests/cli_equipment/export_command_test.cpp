@@ -149,6 +149,38 @@ TEST_F(ExportCommand, WritesAnOpenBodyWithoutAVolume) {
   EXPECT_TRUE(Json::parse(programs.out, nullptr, false)["files"][0]["bodies"][0]["volume"].is_null());
 }
 
+/// A job whose raw and finished part are solids, and an exchange program that keeps a list of its orders.
+class ExportOfSolids : public CommandLineTest {
+ protected:
+  ExportOfSolids() {
+    MakeProject();
+    for (const char* file : {"flange-casting.step", "flange.step"}) {
+      fs::copy(fs::path(VANZET_SOURCE_DIR "/examples/bodies") / file, folder / "lathe/bodies");
+    }
+    const Outcome defined =
+        Vanzet("define '" VANZET_SOURCE_DIR "/examples/definitions/flange-casting.json' lathe");
+    EXPECT_EQ(defined.status, 0) << defined.err;
+    WriteBytes(folder / "exchange", "#!/bin/sh\necho $1 >>orders\nexec '" VANZET_EXCHANGE_FILE "' \"$@\"\n");
+    fs::permissions(folder / "exchange", fs::perms::owner_all);
+  }
+
+  /// The orders that a command gives to the exchange program.
+  std::string OrdersOf(const std::string& command) {
+    fs::remove(folder / "orders");
+    const Outcome outcome = Vanzet(command, "VANZET_EXCHANGE=\"$PWD/exchange\"");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return ReadBytes(folder / "orders");
+  }
+};
+
+TEST_F(ExportOfSolids, TakesOneProcessToReadAndOneToWrite) {
+  EXPECT_EQ(OrdersOf("export lathe --out models --format step"), "read\nwrite-step\n");
+  EXPECT_EQ(OrdersOf("export lathe --out models --format gltf"), "read\nwrite-gltf\n");
+  EXPECT_EQ(OrdersOf("export lathe --out models --format stl"), "read\n");
+  EXPECT_EQ(OrdersOf("export lathe --out models --format wrl"), "read\n");
+  EXPECT_EQ(OrdersOf("picture lathe --view equipment --out a.png"), "read\n");
+}
+
 TEST_F(ExportCommand, RemovesFromItsFolderWhatItHasWrittenBeforeAndNothingElse) {
   Export("step");
   WriteBytes(folder / "models/notes.step", "a person's");

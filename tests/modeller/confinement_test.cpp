@@ -29,6 +29,7 @@ class Confined : public testing::Test {
  protected:
   Confined() {
     WriteBytes(folder_ / "body.step", "content");
+    WriteBytes(folder_ / "other.step", "content");
     WriteBytes(folder_ / "secret", "content");
     fs::create_directory(folder_ / "out");
     WriteBytes(folder_ / "out/old", "content");
@@ -39,7 +40,7 @@ class Confined : public testing::Test {
     enum Answer { kFalse, kTrue, kNotGuarded };
     const pid_t child = fork();
     if (child == 0) {
-      const Confinement guards = Confine({folder_ / "body.step", folder_ / "out"});
+      const Confinement guards = Confine({{folder_ / "body.step", folder_ / "other.step"}, folder_ / "out"});
       if (needsLandlock ? guards.landlock == 0 : !guards.hasCallFilter) _exit(kNotGuarded);
       _exit(what(folder_.path()) ? kTrue : kFalse);
     }
@@ -55,8 +56,10 @@ class Confined : public testing::Test {
   const TemporaryFolder folder_;
 };
 
-TEST_F(Confined, ReadsItsFileAndNoOther) {
-  ExpectPossible([](const fs::path& folder) { return ReadBytes(folder / "body.step") == "content"; });
+TEST_F(Confined, ReadsItsFilesAndNoOther) {
+  ExpectPossible([](const fs::path& folder) {
+    return ReadBytes(folder / "body.step") == "content" && ReadBytes(folder / "other.step") == "content";
+  });
   const auto readsASecret = [](const fs::path& folder) { return std::ifstream(folder / "secret").is_open(); };
   Expect(readsASecret, false, true);
   Expect([](const fs::path&) { return std::ifstream("/etc/passwd").is_open(); }, false, true);

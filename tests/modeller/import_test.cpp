@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "modeller/body.h"
 #include "modeller/body_folder.h"
 #include "modeller/foreign_files.h"
 #include "modeller/mesh.h"
@@ -111,6 +112,83 @@ TEST_F(Imports, StopWhenTheyAreCancelled) {
   EXPECT_EQ(Told(stopped), (folder_ / "casting.step").string() + ": cancelled");
 }
 
+/// The exchange program behind a script that counts its runs.
+class CountedImports : public Imports {
+ protected:
+  CountedImports() {
+    exchange_.program = folder_ / "counted";
+    WriteBytes(exchange_.program, "#!/bin/sh\necho run >>'" + (folder_ / "runs").string() + "'\nexec '" +
+                                      TestExchange().program.string() + "' \"$@\"\n");
+    fs::permissions(exchange_.program, fs::perms::owner_all);
+    WriteStep(Casting(), folder_ / "casting.step");
+    WriteStl(Brick(10, 20, 30), folder_ / "brick.stl", StlForm::kBinary);
+    WriteStep(Brick(10, 20, 30), folder_ / "brick.step");
+    WriteBytes(folder_ / "broken.step", "no body at all");
+  }
+
+  std::ptrdiff_t Runs() { return std::ranges::count(ReadBytes(folder_ / "runs"), '\n'); }
+
+  std::vector<Result<Body>> ImportAll(const std::vector<std::string>& names, const Foresight& foresight) {
+    std::vector<fs::path> files;
+    for (const std::string& name : names) files.push_back(folder_ / name);
+    return ImportBodies(files, exchange_, foresight);
+  }
+
+  static Body HalfTurned(const Body& body) {
+    const Body turned = Get(TurnBody(body, {{5, 0, 0}, {0, 1, 0}}, 180));
+    return Get(MoveBody(turned, {100, 0.5, -3}));
+  }
+
+  Exchange exchange_ = TestExchange();
+};
+
+TEST_F(CountedImports, OfSeveralFilesTakeOneProcessThatAnswersWhatIsAskedNext) {
+  const auto bodies = ImportAll({"casting.step", "brick.stl", "brick.step"}, {true, true, true});
+  const Body casting = HalfTurned(Get(bodies[0])), plain = HalfTurned(Import("casting.step"));
+  EXPECT_THAT(Box(casting), Pointwise(DoubleNear(1e-3), Box(plain)));
+  EXPECT_NEAR(Measured(casting).volume, Measured(plain).volume, 1e-6);
+  EXPECT_NEAR(Dist(Measured(casting).centroid, Measured(plain).centroid), 0, 1e-6);
+  const Mesh known = Get(MeshOf(casting, {})), asked = Get(MeshOf(plain, {}));
+  EXPECT_EQ(known.triangles.size(), asked.triangles.size());
+  EXPECT_NEAR(MeasuresOf(known).volume, MeasuresOf(asked).volume, 0.01);
+  ExpectTheBrick(Get(bodies[1]));
+  ExpectTheBrick(Get(bodies[2]));
+  EXPECT_EQ(Runs(), 1);
+}
+
+TEST_F(CountedImports, AskAgainWhatWasNotForeseen) {
+  const Body brick = Get(ImportAll({"brick.step"}, {.extents = true}).front());
+  const Body oblique = Get(TurnBody(brick, {{0, 0, 0}, {0, 0, 1}}, 45));
+  EXPECT_EQ(Runs(), 1);
+  EXPECT_NEAR(Box(oblique)[4], 30 * std::sqrt(0.5), 1e-3) << "a turned box is larger than the body";
+  EXPECT_EQ(Runs(), 2);
+  EXPECT_EQ(Get(MeshOf(brick, {.chord = 0.1})).triangles.size(), 12U);
+  EXPECT_EQ(Runs(), 3);
+}
+
+TEST_F(CountedImports, OfABrokenFileLeaveTheOthers) {
+  for (const auto& names : {std::vector<std::string>{"brick.step", "broken.step", "brick.stl"},
+                            {"broken.step", "brick.step", "brick.stl"}}) {
+    const auto bodies = ImportAll(names, {true, true, true});
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (names[i] != "broken.step") {
+        ExpectTheBrick(Get(bodies[i]));
+        continue;
+      }
+      ASSERT_FALSE(bodies[i]);
+      EXPECT_EQ(bodies[i].fault().file, folder_ / names[i]);
+      EXPECT_THAT(bodies[i].fault().text, testing::StartsWith("not a readable STEP file"));
+    }
+  }
+}
+
+TEST_F(CountedImports, ThatAreCancelledReadNothingElse) {
+  exchange_.progress = [](double) { return false; };
+  for (const auto& body : ImportAll({"casting.step", "brick.step"}, {true, true, true})) {
+    EXPECT_THAT(Told(body), testing::EndsWith(".step: cancelled"));
+  }
+}
+
 TEST_F(Imports, ListAFolderWithoutReadingIt) {
   for (const char* name :
        {"b.step", "B.stl", "a.STP", "a.brep", "c.stl", "d.txt", "e.dxf", "step", ".step"}) {
@@ -130,17 +208,17 @@ TEST_F(Imports, FindNothingInAMissingFolder) {
 TEST_F(Imports, ReadANamedBodyOnceAndKeepItsNumber) {
   WriteStep(Brick(10, 20, 30), folder_ / "Brick.step");
   BodyTable table;
-  const auto number = Get(FindOrImportBody("brick", table, folder_.path(), TestExchange()));
+  const auto number = Get(FindOrImportBody("brick", table, folder_.path(), TestExchange(), {}));
   EXPECT_EQ(number, 1);
   EXPECT_EQ(table.NameOf(1), "Brick");
   fs::remove(folder_ / "Brick.step");
-  EXPECT_EQ(Get(FindOrImportBody("BRICK", table, folder_.path(), TestExchange())), 1);
+  EXPECT_EQ(Get(FindOrImportBody("BRICK", table, folder_.path(), TestExchange(), {})), 1);
   ExpectTheBrick(Get(table.Get(1)));
 }
 
 TEST_F(Imports, ReportAnUnknownName) {
   BodyTable table;
-  EXPECT_EQ(Told(FindOrImportBody("brick", table, folder_.path(), TestExchange())),
+  EXPECT_EQ(Told(FindOrImportBody("brick", table, folder_.path(), TestExchange(), {})),
             folder_.path().string() + ": body 'brick' does not exist");
   EXPECT_TRUE(table.Numbers().empty());
 }

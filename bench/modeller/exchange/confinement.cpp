@@ -55,7 +55,7 @@ int GuardFiles(const Needs& needs) {
   const Descriptor rules(
       static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof(attributes), 0)));
   if (!rules) return 0;
-  Allow(rules, needs.fileToRead, all & kToRead);
+  for (const fs::path& file : needs.filesToRead) Allow(rules, file, all & kToRead);
   Allow(rules, needs.folderToWrite, all & kToWrite);
   return syscall(SYS_landlock_restrict_self, rules.number(), 0) == 0 ? static_cast<int>(version) : 0;
 }

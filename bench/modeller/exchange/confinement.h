@@ -1,15 +1,16 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
-/// Giving up the rights of this process that reading or writing one file does not need. Code that a broken
+/// Giving up the rights of this process that reading or writing its files does not need. Code that a broken
 /// file brought in can then read no other file, reach no network and start no program.
 namespace vanzet::modeller {
 
-/// The files that the process still needs. An empty path stands for nothing.
+/// The files that the process still needs.
 struct Needs {
-  std::filesystem::path fileToRead;
-  std::filesystem::path folderToWrite;  ///< with the files in it
+  std::vector<std::filesystem::path> filesToRead;
+  std::filesystem::path folderToWrite;  ///< with the files in it; empty: none
 };
 
 /// The guards that are in force.

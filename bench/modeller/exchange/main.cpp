@@ -1,5 +1,6 @@
-// The exchange program. Its arguments: the order, the limits in seconds and bytes, then the file, the
-// tolerances of the mesh and the bodies of each file if the order has them. Bodies and answers come and go
+// The exchange program. Its arguments: the order, the limits in seconds and bytes; for reading then what will
+// be asked of the bodies and their files, for writing the file, the tolerances of the mesh and the bodies of
+// each file. Bodies and answers come and go
 // through descriptor 3; process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
@@ -40,14 +41,25 @@ TopoDS_Shape ApplyPlacement(const TopoDS_Shape& shape) {
   return BRepBuilderAPI_Transform(shape.Located(TopLoc_Location()), place, Standard_True).Shape();
 }
 
-template <class Write>
-Result<void> WriteBy(Write write) {
-  std::ofstream bytes(kParcel, std::ios::binary);
-  write(bytes);
-  bytes.close();
-  if (!bytes) return Fault{"exceeds the memory limit"};
-  return {};
-}
+/// The answer; each part of it is there for good when the next one is begun.
+class Answer {
+ public:
+  template <class Value>
+  Result<void> Add(const Value& value) {
+    Pack(value, bytes_);
+    bytes_.flush();
+    if (!bytes_) return Fault{"exceeds the memory limit"};
+    return {};
+  }
+
+  template <class Value>
+  Result<void> Add(const Result<Value>& value) {
+    return value ? Add(*value) : value.fault();
+  }
+
+ private:
+  std::ofstream bytes_{kParcel, std::ios::binary};
+};
 
 /// Reads the bodies that are to be written, with their placements applied to their geometry.
 Result<std::vector<ParcelBody>> ReadParcel() {
@@ -65,26 +77,42 @@ Result<Body> ReadOneBody() {
   return BodyOf(bodies.front().shape);
 }
 
-template <class Value>
-Result<void> WriteAnswer(const Result<Value>& value) {
-  if (!value) return value.fault();
-  return WriteBy([&](std::ostream& bytes) { Pack(*value, bytes); });
+Result<Mesh> LimitedMesh(const Body& body, const MeshTolerance& tolerance) {
+  VANZET_TRY(auto mesh, MeshOfSurfaces(body, tolerance));
+  if (mesh.triangles.size() <= kMostFacets) return mesh;
+  return Fault{"needs more than " + std::to_string(kMostFacets) + " facets"};
 }
 
 struct Arguments {
-  std::string file;
+  Foresight foresight;
+  std::vector<std::filesystem::path> filesToRead;
+  std::string file;  ///< to write
   MeshTolerance tolerance;
   std::string files;  ///< the bodies of each file that is written; parcel.h
 };
 
+Result<void> AddFacts(const Body& body, const Foresight& foresight, Answer& answer) {
+  if (foresight.extents) VANZET_DO(answer.Add(Extents(body)));
+  if (foresight.measures) VANZET_DO(answer.Add(MeasuresOf(body)));
+  return foresight.mesh ? answer.Add(LimitedMesh(body, {})) : Result<void>();
+}
+
 Result<void> Read(const Arguments& given) {
-  VANZET_TRY(const auto shape, ReadFile(given.file));
-  return WriteAnswer<ReadBody>(AnswerOf(shape));
+  Answer answer;
+  for (std::size_t i = 0; i < given.filesToRead.size(); ++i) {
+    BeginPart(i, given.filesToRead.size());
+    VANZET_TRY(const auto shape, ReadFile(given.filesToRead[i]));
+    const ReadBody read = AnswerOf(shape);
+    VANZET_DO(answer.Add(read));
+    if (!read.facets) VANZET_DO(AddFacts(BodyOf(shape), given.foresight, answer));
+  }
+  return {};
 }
 
 Result<void> ReadVrmlText(const Arguments&) {
   std::ifstream text(kParcel, std::ios::binary);
-  return WriteAnswer(ReadVrml(text));
+  const auto meshes = ReadVrml(text);
+  return Answer().Add(meshes);
 }
 
 /// Calls `write(bodies, path)` for each file, and reports the progress.
@@ -115,24 +143,20 @@ Result<void> GltfFiles(const Arguments& given) {
 
 Result<void> MeshBody(const Arguments& given) {
   VANZET_TRY(const auto body, ReadOneBody());
-  VANZET_TRY(const auto mesh, MeshOfSurfaces(body, given.tolerance));
-  if (mesh.triangles.size() > kMostFacets) {
-    return Fault{"needs more than " + std::to_string(kMostFacets) + " facets"};
-  }
-  return WriteAnswer<Mesh>(mesh);
+  return Answer().Add(LimitedMesh(body, given.tolerance));
 }
 
 Result<void> MeasureExtents(const Arguments&) {
   VANZET_TRY(const auto body, ReadOneBody());
-  return WriteAnswer(Extents(body));
+  return Answer().Add(Extents(body));
 }
 
 Result<void> Measure(const Arguments&) {
   VANZET_TRY(const auto body, ReadOneBody());
-  return WriteAnswer(MeasuresOf(body));
+  return Answer().Add(MeasuresOf(body));
 }
 
-/// The use that an order makes of its file.
+/// The use that an order makes of files.
 enum class Use { kNone, kReads, kWrites };
 
 struct Order {
@@ -141,21 +165,16 @@ struct Order {
   bool hasTolerance;
   Result<void> (*run)(const Arguments& given);
 
-  /// With the order itself and the limits.
-  int CountArguments() const {
-    return 3 + (use != Use::kNone ? 1 : 0) + (hasTolerance ? 2 : 0) + (use == Use::kWrites ? 1 : 0);
-  }
-
-  Needs NeedsFor(const Arguments& given) const {
-    const std::filesystem::path file = given.file;
-    if (use == Use::kReads) return {.fileToRead = file, .folderToWrite = {}};
-    if (use == Use::kWrites) return {.fileToRead = {}, .folderToWrite = file.parent_path()};
-    return {};
+  /// Whether the order can have so many arguments, with itself and the limits.
+  bool CanHave(int arguments) const {
+    constexpr int kFirst = 3;
+    if (use == Use::kReads) return arguments > kFirst + 1;
+    return arguments == kFirst + (hasTolerance ? 2 : 0) + (use == Use::kWrites ? 2 : 0);
   }
 };
 // clang-format off
 constexpr Order kOrders[] = {
-    //            its file       tolerance
+    //            files          tolerance
     {"read",       Use::kReads,  false, Read},
     {"read-vrml",  Use::kNone,   false, ReadVrmlText},
     {"mesh",       Use::kNone,   true,  MeshBody},
@@ -166,10 +185,15 @@ constexpr Order kOrders[] = {
 };
 // clang-format on
 
+/// The arguments end with a null.
 Arguments ArgumentsOf(const Order& order, char** arguments) {
   Arguments given;
   char** next = arguments + 3;
-  if (order.use != Use::kNone) given.file = *next++;
+  if (order.use == Use::kReads) {
+    given.foresight = ForesightOf(*next++);
+    while (*next != nullptr) given.filesToRead.emplace_back(*next++);
+  }
+  if (order.use == Use::kWrites) given.file = *next++;
   if (order.hasTolerance) {
     given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
     next += 2;
@@ -183,7 +207,7 @@ Result<void> RunOrder(const Order& order, char** arguments) {
     LimitProcess(IntegerOrZero(arguments[1]), std::strtoull(arguments[2], nullptr, 10));
     CollectKernelMessages();
     const Arguments given = ArgumentsOf(order, arguments);
-    Confine(order.NeedsFor(given));
+    Confine({given.filesToRead, std::filesystem::path(given.file).parent_path()});
     return order.run(given);
   } catch (const Standard_OutOfMemory&) {
     return Fault{"exceeds the memory limit"};
@@ -213,7 +237,7 @@ int main(int argc, char** argv) {
   using namespace vanzet::modeller;
   if (argc == 2 && std::string_view(argv[1]) == "--limits") return PrintLimits();
   for (const Order& order : kOrders) {
-    if (argc != order.CountArguments() + 1 || order.word != argv[1]) continue;
+    if (!order.CanHave(argc - 1) || order.word != argv[1]) continue;
     const auto done = RunOrder(order, argv + 1);
     if (!done) ReportFault(done.fault());
     // Everything is written and reported; the state of the kernel ends with the process.

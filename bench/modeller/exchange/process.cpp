@@ -8,6 +8,7 @@
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -22,6 +23,12 @@ namespace {
 constexpr double kStep = 0.01;  // progress is reported in hundredths
 
 std::string firstMessage;
+
+/// The part of the work that is being done, as fractions of the whole.
+struct Part {
+  double from = 0, to = 1;
+};
+Part currentPart;
 
 class Listener final : public Message_Printer {
   void send(const TCollection_AsciiString& text, const Message_Gravity gravity) const override {
@@ -51,7 +58,12 @@ bool IsAlone() {
 }  // namespace
 
 void ReportProgress(double done) {
-  PrintLine("progress " + NumberText(done) + "\n");
+  PrintLine("progress " + NumberText(std::lerp(currentPart.from, currentPart.to, done)) + "\n");
+}
+
+void BeginPart(std::size_t part, std::size_t parts) {
+  const auto all = static_cast<double>(parts);
+  currentPart = {static_cast<double>(part) / all, static_cast<double>(part + 1) / all};
 }
 
 void ReportFault(const Fault& fault) {

@@ -10,8 +10,11 @@
 /// standard output.
 namespace vanzet::modeller {
 
-/// "progress 0.25"
+/// "progress 0.25"; the fraction is that of the part in work.
 void ReportProgress(double done);
+
+/// Begins a part of the work: this one of so many.
+void BeginPart(std::size_t part, std::size_t parts);
 
 /// "fault TEXT", or "missing TEXT" for a fault of the kind `kMissing`.
 void ReportFault(const Fault& fault);

@@ -242,7 +242,7 @@ Result<void> EquipmentCommands::ShowSolidAlone(const std::string& name) {
     exchange.progress = box.Progress();
     modeller::BodyTable table;
     const auto folder = workplace_.session->project().folder() / "bodies";
-    VANZET_TRY(const auto number, modeller::FindOrImportBody(name, table, folder, exchange));
+    VANZET_TRY(const auto number, modeller::FindOrImportBody(name, table, folder, exchange, {.mesh = true}));
     scene->bodies.push_back({name, scene::Kind::kBillet, *table.Get(number), geometry::Matrix()});
     scene->bodies.back().solid = name;
   }
