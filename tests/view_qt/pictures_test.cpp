@@ -129,7 +129,7 @@ TEST(Pictures, OfMissingValuesAreExamples) {
   const Sketch sketch = Drawn({.type = 9, .A = 10});
   EXPECT_TRUE(sketch.isExample);
   EXPECT_EQ(sketch.fault, QString());
-  EXPECT_THAT(sketch.notes.back().toStdString(), testing::HasSubstr("(B)"));
+  EXPECT_THAT(sketch.notes.back().toStdString(), testing::HasSubstr("without B"));
 }
 
 std::vector<Control> Billet(double outer, double length, double front, double rear, double inner,
@@ -155,6 +155,25 @@ TEST(Pictures, OfABilletTellWhatTheDialogWouldTakeBack) {
   EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(80, 100, 2, 5, 0, 106))).fault,
             QStringLiteral("F must be 0 or at least B + C + D = 107."));
   EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(80, 100, 2, 5, 80, 107))).fault, QString());
+  EXPECT_EQ(SketchOf(picture::kBilletMain, PageValues(Billet(0, 100, 2, 5, 80, 10))).fault, QString())
+      << "which is removed";
+}
+
+/// The letter of the measure of an edit; empty when the picture does not have it.
+QString LetterOf(const Sketch& sketch, std::int32_t edit) {
+  const auto measure = std::ranges::find(sketch.measures, edit, &Measure::control);
+  return measure == sketch.measures.end() ? QString() : measure->letter;
+}
+
+TEST(Pictures, OfABilletDrawAndMarkTheVeryValueThatCannotBe) {
+  const Sketch bore = SketchOf(picture::kBilletMain, PageValues(Billet(40, 50, 2, 5, 45, 0)));
+  EXPECT_THAT(bore.wrong, testing::ElementsAre(control::kInnerDiameter));
+  EXPECT_EQ(LetterOf(bore, control::kInnerDiameter), QStringLiteral("E"));
+  const Sketch bar = SketchOf(picture::kBilletMain, PageValues(Billet(40, 50, 2, 5, 0, 10)));
+  EXPECT_THAT(bar.wrong, testing::ElementsAre(control::kBarLength));
+  EXPECT_EQ(LetterOf(bar, control::kBarLength), QStringLiteral("F"));
+  const Sketch both = SketchOf(picture::kBilletMain, PageValues(Billet(40, 50, 2, 5, 45, 10)));
+  EXPECT_THAT(both.wrong, testing::ElementsAre(control::kBarLength, control::kInnerDiameter));
 }
 
 TEST(Pictures, AreDrawnInAnySize) {

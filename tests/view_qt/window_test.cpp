@@ -14,6 +14,7 @@
 #include "platform/message_box.h"
 #include "view/ids.h"
 #include "view/qt/page_panel.h"
+#include "view/qt/picture_widget.h"
 #include "view/qt/tree_panel.h"
 #include "view_qt/window_fixture.h"
 
@@ -264,6 +265,49 @@ TEST_F(Window, TellsBesideTheEditThatSomethingIsNoNumberAndStopsNobody) {
   });
 }
 
+TEST_F(Window, MarksWhatSelectWillTakeBackBeforeItIsPressed) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\nset 2022 40\nset 2023 50\nset 2027 10\n");
+    const QLineEdit& bar = Edit(window, control::kBarLength);
+    EXPECT_EQ(bar.accessibleDescription(), QStringLiteral("F must be 0 or at least B + C + D = 50."));
+    EXPECT_NE(bar.palette().color(QPalette::Text), window.palette().color(QPalette::Text));
+    Do(window, "set 2027 50\nset 2026 45\n");
+    EXPECT_EQ(bar.accessibleDescription(), QString());
+    EXPECT_EQ(bar.palette().color(QPalette::Text), window.palette().color(QPalette::Text));
+    EXPECT_EQ(Edit(window, control::kInnerDiameter).accessibleDescription(),
+              QStringLiteral("E must not exceed A."));
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).accessibleDescription(), QString());
+  });
+}
+
+/// The letter that Save refuses the value of, out of "Value # is missing!"; empty in any other text.
+QString RefusedLetter(const QString& text) {
+  return text.startsWith(QLatin1String("Value ")) ? text.section(QLatin1Char(' '), 1, 1) : QString();
+}
+
+TEST_F(Window, NamesTheValuesThatSaveDemandsLetterByLetter) {
+  QString refused;
+  responder.onBox = [&](QMessageBox& box) { refused = RefusedLetter(box.text()); };
+  for (const int node : {36, 37, 38, 39, 41, 42, 43, 44, 45, 46, 47, 48, 50, 51}) {
+    Serve([&](DialogWindow& window) {
+      Do(window, "select " + std::to_string(node) + "\nset 2123 New" + std::to_string(node) + "\n");
+      for (char letter = 'A'; letter <= 'J'; ++letter) {
+        refused.clear();
+        const auto* const picture =
+            dynamic_cast<view::qt::PictureWidget*>(window.WidgetOf(control::kNewPicture));
+        const QString hint = picture->ShownSketch().notes.join(QLatin1Char('\n'));
+        Do(window, "press 2152\n");
+        if (refused.isEmpty()) break;
+        EXPECT_TRUE(hint.contains("Save needs a value of " + refused)) << node << hint.toStdString();
+        const int edit = control::EditOfLetter(refused[0].toLatin1());
+        EXPECT_TRUE(Edit(window, edit).accessibleName().endsWith("needed")) << node;
+        Do(window, "set " + std::to_string(edit) + " 7\n");
+      }
+      EXPECT_TRUE(refused.isEmpty()) << node;
+    });
+  }
+}
+
 TEST_F(Window, PutsTheFocusAndTheSelectionWhereTheDialogWantsThem) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\nset 2022 50\nset 2023 60\nset 2027 5\npress 2016\n");
@@ -293,7 +337,7 @@ TEST_F(Window, SaysItsOwnWordsInGerman) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 19\n");
     EXPECT_EQ(window.WidgetOf(control::kOuterDiameter)->accessibleName(),
-              QStringLiteral("A: Au\u00DFendurchmesser (mm)"));
+              QStringLiteral("A: Au\u00DFendurchmesser (mm), erforderlich"));
   });
 }
 
@@ -301,9 +345,11 @@ TEST_F(Window, NamesTheValuesOfTheDeviceThatIsChosen) {
   WriteBytes(world.catalogue, "Soft\n9 38 62 12 24 0 0 0 0 0 0\n");
   Serve([&](DialogWindow& window) {
     Do(window, "select 4\n");
-    EXPECT_EQ(window.WidgetOf(control::kEditD)->accessibleName(), QStringLiteral("D: Not used"));
+    EXPECT_FALSE(window.WidgetOf(control::kEditD)->isVisible()) << "no device, no letters";
     Do(window, "choose 2124 Soft\n");
     EXPECT_EQ(window.WidgetOf(control::kEditD)->accessibleName(), QStringLiteral("D: Thickness (mm)"));
+    EXPECT_TRUE(window.WidgetOf(control::kEditD)->isVisible());
+    EXPECT_FALSE(window.WidgetOf(control::kEditE)->isVisible()) << "the type does not have it";
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/number_text.h"
 #include "base/numbers.h"
+#include "devices/page_rules.h"
 #include "dialog/pages/picks.h"
 #include "dialog/texts.h"
 #include "host/bridge.h"
@@ -55,6 +56,15 @@ constexpr PageTemplate kTemplate = {"CPageBilletCylindric", page_template::kBill
 
 /// The digits of a number that replaces "%g" in a text.
 constexpr int kShortDigits = 6;
+
+devices::BilletSizes SizesOf(const BilletRecord& record) {
+  return {.outer = record.outerDiameter,
+          .length = record.partLength,
+          .front = record.frontAllowance,
+          .rear = record.rearAllowance,
+          .inner = record.innerDiameter,
+          .bar = record.barLength};
+}
 
 /// How many decimals a billet's values have, as the host's setting says; 0 without one.
 std::int32_t BilletDecimalPlaces() {
@@ -118,7 +128,7 @@ void CPageBilletCylindric::ValuesFromSolid() {
 
 void CPageBilletCylindric::SelectCylindric() {
   if (!UpdateData()) return;
-  if (record_.partLength == 0 || record_.outerDiameter == 0) {
+  if (!SizesOf(record_).AreOfABillet()) {
     record_.type = billet_type::kNone;
     Notice(Text(message::kRemoveBillet));
   } else {
@@ -130,15 +140,15 @@ void CPageBilletCylindric::SelectCylindric() {
 }
 
 void CPageBilletCylindric::CorrectBarLength() {
-  const double least = record_.partLength + record_.frontAllowance + record_.rearAllowance;
-  if (record_.barLength <= 0 || record_.barLength >= least) return;
+  const devices::BilletSizes sizes = SizesOf(record_);
+  if (!sizes.IsBarTooShort()) return;
   ResetValue(&BilletRecord::barLength,
-             ReplaceAll(Text(message::kBarTooShort), "%g", GeneralText(least, kShortDigits)),
+             ReplaceAll(Text(message::kBarTooShort), "%g", GeneralText(sizes.LeastBar(), kShortDigits)),
              control::kBarLength);
 }
 
 void CPageBilletCylindric::CorrectInnerDiameter() {
-  if (record_.innerDiameter <= record_.outerDiameter) return;
+  if (!SizesOf(record_).IsBoreTooWide()) return;
   ResetValue(&BilletRecord::innerDiameter, Text(message::kBoreTooWide), control::kInnerDiameter);
 }
 

@@ -1,9 +1,8 @@
 #include "dialog/pages/clamp_elem_new.h"
 
-#include <algorithm>
-
 #include "catalogue/catalogue_work.h"
 #include "devices/kinds.h"
+#include "devices/page_rules.h"
 #include "dialog/catalogue_names.h"
 #include "dialog/device_letters.h"
 #include "dialog/texts.h"
@@ -113,13 +112,10 @@ bool CPageClampElemNew::IsIncomplete() {
     Refuse(Text(message::kNoDeviceName), control::kNameList);
     return true;
   }
-  const auto letters = devices::LettersOf(params_.type);
-  const auto missing = std::ranges::find_if(letters, [&](const devices::Letter& letter) {
-    return letter.entry == devices::Entry::kNeeded && ValueOf(params_, letter.letter) == 0;
-  });
-  if (missing == letters.end()) return false;
-  Refuse(ReplaceAll(Text(message::kNoDeviceValue), "#", std::string(1, missing->letter)),
-         control::EditOfLetter(missing->letter));
+  const std::string missing = devices::MissingLetters(params_);
+  if (missing.empty()) return false;
+  Refuse(ReplaceAll(Text(message::kNoDeviceValue), "#", missing.substr(0, 1)),
+         control::EditOfLetter(missing.front()));
   return true;
 }
 

@@ -12,6 +12,7 @@
 
 #include "view/qt/icons.h"
 #include "view/qt/lengths.h"
+#include "view/qt/pictures/sketch_painter.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
@@ -71,7 +72,6 @@ class EditWidget final : public ControlWidget {
       send([&](Dialog& dialog) { dialog.SetText(id, DialogText(text, unit_)); });
     });
     hint_ = Edit().addAction(IconOf("warning"), QLineEdit::TrailingPosition);
-    hint_->setToolTip(Translate(kNoNumber));
     hint_->setVisible(false);
   }
 
@@ -79,14 +79,27 @@ class EditWidget final : public ControlWidget {
 
   void ShowContent(const Control& control) override {
     ShowText(control);
-    const bool isNoNumber = control.isReal && !control.number;
-    hint_->setVisible(isNoNumber);
-    Edit().setAccessibleDescription(isNoNumber ? Translate(kNoNumber) : QString());
+    isNoNumber_ = control.isReal && !control.number;
+    Mark(isNoNumber_ ? Translate(kNoNumber) : QString());
     if (control.isReal) Edit().setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  }
+
+  void ShowFault(const QString& reason) override {
+    if (!isNoNumber_) Mark(reason);
   }
 
  private:
   QLineEdit& Edit() { return static_cast<QLineEdit&>(*Widget()); }
+
+  void Mark(const QString& fault) {
+    if (Edit().accessibleDescription() == fault) return;
+    hint_->setVisible(!fault.isEmpty());
+    hint_->setToolTip(fault);
+    Edit().setAccessibleDescription(fault);
+    QPalette colours;
+    if (!fault.isEmpty()) colours.setColor(QPalette::Text, FaultColour(Edit().palette()));
+    Edit().setPalette(colours);
+  }
 
   void ShowText(const Control& control) {
     const bool isFocused = Edit().window()->focusWidget() == &Edit();
@@ -100,6 +113,7 @@ class EditWidget final : public ControlWidget {
   }
 
   QAction* hint_;
+  bool isNoNumber_ = false;
   LengthUnit unit_ = LengthUnit::kMillimetre;
 };
 

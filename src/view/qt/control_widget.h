@@ -36,6 +36,9 @@ class ControlWidget {
   /// Marks a letter in the text of the widget, if the text can be pressed or leads to another widget.
   virtual void MarkMnemonic(Mnemonics& /*mnemonics*/) {}
 
+  /// Marks the content as one that cannot be, and gives the reason; an empty one unmarks it.
+  virtual void ShowFault(const QString& /*reason*/) {}
+
   /// Sets the name of the widget for readers of the screen, and its tool tip.
   void SetSpokenName(const QString& name);
 

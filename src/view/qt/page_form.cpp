@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "devices/kinds.h"
+#include "view/ids.h"
 #include "view/qt/labels.h"
 #include "view/qt/lengths.h"
 
@@ -17,7 +18,8 @@ namespace {
 
 constexpr const char* kPick = Translatable("Pick in the drawing: %1");
 constexpr const char* kBrowse = Translatable("Choose a file: %1");
-constexpr const char* kNotUsed = Translatable("Not used");
+constexpr const char* kNeeded = Translatable("Needed");
+constexpr const char* kNeededSign = "*";
 
 constexpr int kGap = 8;
 constexpr int kGroupGap = 16;
@@ -26,7 +28,7 @@ constexpr int kGroupGap = 16;
 enum Column { kLetterColumn, kNameColumn, kCellColumn, kColumns };
 
 /// How wide an edit for a number is, in digits: all of a number, its sign and its point.
-constexpr int kDigits = 18;
+constexpr int kDigits = 16;
 
 void NarrowForNumbers(QWidget* edit) {
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDigits + 2 * kGap);
@@ -113,6 +115,7 @@ void PageForm::AddNames(QGridLayout& grid, int at, Row& row) {
                                            : nullptr;
   if (first == nullptr) return AddName(grid, at, row, false);
   first->setBuddy(WidgetOf(field.control));
+  if (field.sign[0] != '\0') return AddSign(grid, at, row, first);
   const bool isLetter = hasCaption || field.letter != 0;
   grid.addWidget(first, at, kLetterColumn, 1, isLetter ? 1 : kCellColumn);
   if (!isLetter) return;
@@ -128,6 +131,15 @@ void PageForm::AddName(QGridLayout& grid, int at, Row& row, bool isAfterLetter) 
   Find(row.field->control)->Accompany(row.name);
 }
 
+/// A label that stands behind the sign of its value in the picture.
+void PageForm::AddSign(QGridLayout& grid, int at, Row& row, QLabel* label) {
+  auto* const sign = new QLabel(QString::fromUtf8(row.field->sign), this);
+  SetFont(*sign, TextRank::kLetter);
+  Find(row.field->control)->Accompany(sign);
+  grid.addWidget(sign, at, kLetterColumn);
+  grid.addWidget(label, at, kNameColumn);
+}
+
 QWidget* PageForm::Cell(Row& row) {
   const FieldRow& field = *row.field;
   auto* const cell = new QWidget(this);
@@ -140,7 +152,10 @@ QWidget* PageForm::Cell(Row& row) {
   line->addWidget(control, fills ? 1 : 0);
   // The edit of a spin is a part of its widget.
   if (field.inner != 0) control->findChild<QLineEdit*>()->setObjectName(QString::number(field.inner));
+  AddNeeded(row, cell);
   AddUnit(row, cell);
+  // A hidden row leaves no gap.
+  Find(field.control)->Accompany(cell);
   if (field.button != 0) line->addWidget(MakeWidget(field.button, cell));
   if (!fills) line->addStretch(1);
   return cell;
@@ -152,6 +167,14 @@ void PageForm::AddUnit(Row& row, QWidget* cell) {
   row.unit->setFixedWidth(row.unit->fontMetrics().horizontalAdvance(UnitText(Unit::kMillimetre)) + 2);
   Find(row.field->control)->Accompany(row.unit);
   cell->layout()->addWidget(row.unit);
+}
+
+void PageForm::AddNeeded(Row& row, QWidget* cell) {
+  if (!row.field->isNeeded && row.field->letter == 0) return;
+  row.needed = new QLabel(cell);
+  row.needed->setToolTip(Translate(kNeeded));
+  row.needed->setFixedWidth(row.needed->fontMetrics().horizontalAdvance(QLatin1String(kNeededSign)) + 2);
+  cell->layout()->addWidget(row.needed);
 }
 
 void PageForm::AddLeftOvers(QGridLayout& grid) {
@@ -198,7 +221,11 @@ void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
       widget->SetUnit(isLength ? ShownUnit() : LengthUnit::kMillimetre);
   }
   for (const Control& control : controls) {
-    if (ControlWidget* const widget = Find(control.id)) widget->Show(control);
+    ControlWidget* const widget = Find(control.id);
+    if (widget == nullptr) continue;
+    Control shown = control;
+    shown.isVisible = control.isVisible && !IsUnused(control, type);
+    widget->Show(shown);
   }
   const PageValues values(controls);
   for (const Row& row : rows_) ShowNames(row, type, values);
@@ -209,6 +236,27 @@ Unit PageForm::UnitOf(const Row& row, std::int32_t type) {
   return letter != nullptr ? letter->unit : row.field->unit;
 }
 
+bool PageForm::IsUnused(const Control& control, std::int32_t type) const {
+  const auto row = std::ranges::find_if(rows_, [&](const Row& each) {
+    return each.field->letter != 0 && (each.field->control == control.id || each.field->label == control.id);
+  });
+  return row != rows_.end() && !control.isEnabled && FindNamedLetter(type, row->field->letter) == nullptr;
+}
+
+bool PageForm::IsNeeded(const Row& row, std::int32_t type) const {
+  const bool isNewDevice = Find(control::kSaveDevice) != nullptr;
+  const devices::Letter* const letter =
+      isNewDevice && row.field->letter != 0 ? devices::FindLetter(type, row.field->letter) : nullptr;
+  return row.field->isNeeded || (letter != nullptr && letter->entry == devices::Entry::kNeeded);
+}
+
+void PageForm::ShowFaults(const Sketch& sketch) {
+  for (const auto& widget : widgets_) {
+    const bool isWrong = std::ranges::find(sketch.wrong, widget->Id()) != sketch.wrong.end();
+    widget->ShowFault(isWrong ? sketch.fault : QString());
+  }
+}
+
 void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& values) {
   const FieldRow& field = *row.field;
   const devices::Letter* const letter = field.letter == 0 ? nullptr : FindNamedLetter(type, field.letter);
@@ -216,8 +264,9 @@ void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& va
   const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
   if (row.name != nullptr) row.name->setText(name);
   if (row.unit != nullptr) row.unit->setText(UnitText(unit));
-  const bool isUnused = field.letter != 0 && letter == nullptr;
-  SetSpokenNames(row, isUnused ? Translate(kNotUsed) : name, unit, values);
+  if (row.needed != nullptr)
+    row.needed->setText(IsNeeded(row, type) ? QLatin1String(kNeededSign) : QString());
+  SetSpokenNames(row, name, unit, values);
 }
 
 void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values) {
@@ -227,8 +276,10 @@ void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, co
   QString about = field.label != 0 ? values.TextOf(field.label) : QString::fromStdString(control->caption);
   if (!name.isEmpty()) about += (about.isEmpty() ? QString() : QStringLiteral(": ")) + name;
   if (about.isEmpty()) return;
-  const QString spoken =
+  QString spoken =
       unit == Unit::kNone ? about : about + QStringLiteral(" (") + UnitText(unit) + QLatin1Char(')');
+  if (row.needed != nullptr && !row.needed->text().isEmpty())
+    spoken += QStringLiteral(", ") + Translate(kNeeded).toLower();
   Find(field.control)->SetSpokenName(spoken);
   if (field.inner != 0) WidgetOf(field.inner)->setAccessibleName(spoken);
   const Control* const button = values.Find(field.button);

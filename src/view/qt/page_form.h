@@ -8,6 +8,7 @@
 #include "view/qt/control_widget.h"
 #include "view/qt/page_layouts.h"
 #include "view/qt/page_values.h"
+#include "view/qt/pictures/sketch.h"
 
 class QGridLayout;
 class QLabel;
@@ -31,6 +32,9 @@ class PageForm final : public QWidget {
   /// Shows the state of the controls, and the names of the values of the device type that the picture is of.
   void Show(const std::vector<Control>& controls, std::int32_t bitmap);
 
+  /// Marks the edits whose values are at fault in a sketch, and unmarks the others.
+  void ShowFaults(const Sketch& sketch);
+
   void MarkMnemonics(Mnemonics& mnemonics);
 
   /// True when values have letters that lead to them.
@@ -46,6 +50,7 @@ class PageForm final : public QWidget {
     QLabel* caption = nullptr;  ///< the letter of an edit whose letter never changes
     QLabel* name = nullptr;
     QLabel* unit = nullptr;
+    QLabel* needed = nullptr;  ///< the sign after a value that the page demands
   };
 
   void AddGroup(QGridLayout& grid, const FieldGroup& group);
@@ -55,10 +60,16 @@ class PageForm final : public QWidget {
   void AddName(QGridLayout& grid, int at, Row& row, bool isAfterLetter);
   QWidget* Cell(Row& row);
   void AddUnit(Row& row, QWidget* cell);
+  void AddNeeded(Row& row, QWidget* cell);
+  void AddSign(QGridLayout& grid, int at, Row& row, QLabel* label);
   void AddLeftOvers(QGridLayout& grid);
 
   /// The unit of a row's value while the picture of that type is shown.
   static Unit UnitOf(const Row& row, std::int32_t type);
+
+  /// True for the label and the edit of a letter that the type does not have.
+  bool IsUnused(const Control& control, std::int32_t type) const;
+  bool IsNeeded(const Row& row, std::int32_t type) const;
   void ShowNames(const Row& row, std::int32_t type, const PageValues& values);
   void SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values);
 

@@ -17,8 +17,8 @@ constexpr const char* kSolid = "Solid";
 
 // clang-format off
 constexpr FieldRow kCylindricSize[] = {
-    {.control = control::kOuterDiameter,  .button = control::kPickOuterDiameter,  .unit = kMm, .name = "Outer diameter"},
-    {.control = control::kCylinderLength, .button = control::kPickCylinderLength, .unit = kMm, .name = kPartLength},
+    {.control = control::kOuterDiameter,  .button = control::kPickOuterDiameter,  .unit = kMm, .name = "Outer diameter", .isNeeded = true},
+    {.control = control::kCylinderLength, .button = control::kPickCylinderLength, .unit = kMm, .name = kPartLength, .isNeeded = true},
     {.control = control::kFrontAllowance,                                         .unit = kMm, .name = "Allowance in front"},
     {.control = control::kRearAllowance,                                          .unit = kMm, .name = "Allowance behind"},
     {.control = control::kInnerDiameter,  .button = control::kPickInnerDiameter,  .unit = kMm, .name = "Inner diameter"},
@@ -33,11 +33,11 @@ constexpr FieldGroup kCylindric[] = {
 constexpr std::int32_t kCylindricActions[] = {control::kSelectCylinder};
 
 constexpr FieldRow kFigureRows[] = {
-    {.label = control::kFigureOutsideLabel, .control = control::kFigureOutside, .button = control::kPickFigureOutside},
+    {.label = control::kFigureOutsideLabel, .control = control::kFigureOutside, .button = control::kPickFigureOutside, .isNeeded = true},
     {.label = control::kFigureInsideLabel,  .control = control::kFigureInside,  .button = control::kPickFigureInside},
 };
 constexpr FieldRow kFigureLength[] = {
-    {.label = control::kPartLengthLabel, .control = control::kPartLength, .button = control::kPickLengthOfFigure, .unit = kMm, .name = kPartLength},
+    {.label = control::kPartLengthLabel, .control = control::kPartLength, .button = control::kPickLengthOfFigure, .unit = kMm, .sign = "L"},
 };
 constexpr FieldGroup kBilletFigure[] = {
     {.title = kFigures, .rows = kFigureRows},
@@ -46,10 +46,10 @@ constexpr FieldGroup kBilletFigure[] = {
 constexpr FieldGroup kFinishFigure[] = {{.title = kFigures, .rows = kFigureRows}};
 constexpr std::int32_t kSelectAction[] = {control::kSelect};
 
-constexpr FieldRow kSolidName[] = {{.label = control::kSolidLabel, .control = control::kSolid, .button = control::kPickSolid}};
+constexpr FieldRow kSolidName[] = {{.label = control::kSolidLabel, .control = control::kSolid, .button = control::kPickSolid, .isNeeded = true}};
 constexpr FieldRow kSolidRows[] = {
-    {.label = control::kPartLengthLabel,    .control = control::kPartLength,    .button = control::kPickLengthOfSolid, .unit = kMm},
-    {.label = control::kClampDiameterLabel, .control = control::kClampDiameter, .button = control::kPickClampDiameter, .unit = kMm},
+    {.label = control::kPartLengthLabel,    .control = control::kPartLength,    .button = control::kPickLengthOfSolid, .unit = kMm, .sign = "L"},
+    {.label = control::kClampDiameterLabel, .control = control::kClampDiameter, .button = control::kPickClampDiameter, .unit = kMm, .sign = "\u2300"},
     {.label = control::kAngleLabel,         .control = control::kAngle,                                                .unit = kDeg},
 };
 constexpr FieldGroup kBilletSolid[] = {
@@ -60,11 +60,11 @@ constexpr FieldGroup kFinishSolid[] = {{.title = kSolid, .rows = kSolidName}};
 
 constexpr FieldRow kDatumMain[] = {
     {.label = control::kClampingOutMainLabel, .control = control::kClampingOutMain, .button = control::kPickClampingOutMain, .unit = kMm},
-    {.label = control::kOriginMainLabel,      .control = control::kOriginMain,      .button = control::kPickOriginMain,      .unit = kMm},
+    {.label = control::kOriginMainLabel,      .control = control::kOriginMain,      .button = control::kPickOriginMain,      .unit = kMm, .sign = "W"},
 };
 constexpr FieldRow kDatumSub[] = {
     {.label = control::kClampingOutSubLabel, .control = control::kClampingOutSub, .button = control::kPickClampingOutSub, .unit = kMm},
-    {.label = control::kOriginSubLabel,      .control = control::kOriginSub,      .button = control::kPickOriginSub,      .unit = kMm},
+    {.label = control::kOriginSubLabel,      .control = control::kOriginSub,      .button = control::kPickOriginSub,      .unit = kMm, .sign = "W"},
 };
 constexpr FieldGroup kDatum[] = {
     {.titleLabel = control::kMainTitle, .rows = kDatumMain},
@@ -75,7 +75,7 @@ constexpr FieldRow kBezelRows[] = {{.control = control::kUseBezel}};
 constexpr FieldGroup kBezel[] = {{.title = "Steady rest", .rows = kBezelRows}};
 
 constexpr FieldRow kClampElemRows[] = {
-    {.control = control::kDeviceList, .name = "Device"},
+    {.control = control::kDeviceList, .name = "Device", .isNeeded = true},
     {.label = control::kLabelA,       .control = control::kEditA,   .letter = 'A'},
     {.label = control::kLabelB,       .control = control::kEditB,   .letter = 'B'},
     {.label = control::kLabelC,       .control = control::kEditC,   .letter = 'C'},
@@ -96,7 +96,7 @@ constexpr FieldGroup kClampElem[] = {
 };
 
 constexpr FieldRow kNewRows[] = {
-    {.control = control::kNameList, .name = "Name"},
+    {.control = control::kNameList, .name = "Name", .isNeeded = true},
     {.label = control::kNewLabelA,  .control = control::kEditA, .letter = 'A'},
     {.label = control::kNewLabelB,  .control = control::kEditB, .letter = 'B'},
     {.label = control::kNewLabelC,  .control = control::kEditC, .letter = 'C'},

@@ -22,6 +22,8 @@ struct FieldRow {
   char letter = 0;           ///< of a device's value: name and unit follow the type of the picture
   Unit unit = Unit::kNone;
   const char* name = "";  ///< in full, after a letter or without a label
+  const char* sign = "";  ///< of the value in the picture, before a label that does not have it
+  bool isNeeded = false;  ///< the page's button demands it; for letters the device's row says so
 };
 
 /// Rows under a title.

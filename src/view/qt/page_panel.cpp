@@ -67,6 +67,7 @@ void PagePanel::Show(const std::vector<Control>& controls, const QString& place,
   form_->Show(controls, bitmap);
   const auto* const edit = qobject_cast<const QLineEdit*>(form_->WidgetOf(focused));
   picture_->Draw(bitmap, values, {focused, edit != nullptr ? edit->text() : values.TextOf(focused)});
+  form_->ShowFaults(picture_->ShownSketch());
   const int width = std::max(form_->minimumSizeHint().width(), kLeastForm);
   scroll_->setFixedWidth(width + scroll_->verticalScrollBar()->sizeHint().width());
 }

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "devices/page_rules.h"
 #include "view/ids.h"
+#include "view/qt/lengths.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
@@ -9,56 +11,54 @@
 namespace vanzet::view::qt {
 namespace {
 
-constexpr const char* kExample = Translatable("Example: a diameter and a part length are missing");
+constexpr const char* kExample = Translatable("Example: A and B are needed");
 constexpr const char* kBarTooShort = Translatable("F must be 0 or at least B + C + D = %1.");
 constexpr const char* kBoreTooWide = Translatable("E must not exceed A.");
 
-struct Billet {
-  double outer = 0, length = 0, front = 0, rear = 0, inner = 0, bar = 0;
-};
+using devices::BilletSizes;
 
-Billet Read(const PageValues& values) {
+BilletSizes Read(const PageValues& values) {
   return {values.NumberOf(control::kOuterDiameter),  values.NumberOf(control::kCylinderLength),
           values.NumberOf(control::kFrontAllowance), values.NumberOf(control::kRearAllowance),
           values.NumberOf(control::kInnerDiameter),  values.NumberOf(control::kBarLength)};
 }
 
-void FindFault(Sketch& sketch, const Billet& billet, const PageValues& values) {
+void AddFault(Sketch& sketch, const QString& fault, std::int32_t edit) {
+  sketch.fault += (sketch.fault.isEmpty() ? QString() : QStringLiteral("\n")) + fault;
+  sketch.wrong.push_back(edit);
+}
+
+/// The faults in the order in which the page reports them.
+void FindFaults(Sketch& sketch, const BilletSizes& billet, const PageValues& values) {
   char letter = 'A';
   for (const std::int32_t id : {control::kOuterDiameter, control::kCylinderLength, control::kFrontAllowance,
                                 control::kRearAllowance, control::kInnerDiameter, control::kBarLength}) {
     FindNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
   }
-  if (!sketch.fault.isEmpty()) return;
-  const double least = billet.length + billet.front + billet.rear;
-  if (billet.inner > billet.outer && billet.outer > 0) {
-    sketch.fault = Translate(kBoreTooWide);
-    sketch.wrong = {control::kInnerDiameter, control::kOuterDiameter};
-  } else if (billet.bar > 0 && billet.bar < least) {
-    sketch.fault = Translate(kBarTooShort).arg(QString::number(least));
-    sketch.wrong = {control::kBarLength};
-  }
+  if (!sketch.fault.isEmpty() || !billet.AreOfABillet()) return;
+  if (billet.IsBarTooShort())
+    AddFault(sketch, Translate(kBarTooShort).arg(LengthLabel(billet.LeastBar())), control::kBarLength);
+  if (billet.IsBoreTooWide()) AddFault(sketch, Translate(kBoreTooWide), control::kInnerDiameter);
 }
 
-/// Numbers that make a picture: what is missing or cannot be is left out.
-Billet Drawable(Billet billet) {
+/// Numbers that make a picture: what is missing or cannot be drawn is left out.
+BilletSizes Drawable(BilletSizes billet) {
   for (double* value : {&billet.front, &billet.rear, &billet.inner, &billet.bar}) {
     if (!std::isfinite(*value) || *value < 0) *value = 0;
   }
-  if (billet.inner >= billet.outer) billet.inner = 0;
-  if (billet.bar < billet.length + billet.front + billet.rear) billet.bar = 0;
   return billet;
 }
 
 /// The part ends at its face, x = 0, and extends to its left; on the sub spindle `side` mirrors all.
 class Drawn {
  public:
-  Drawn(const Billet& billet, double side) : billet_(billet), side_(side) {}
+  Drawn(const BilletSizes& billet, double side) : billet_(billet), side_(side) {}
 
   Sketch Make() {
     AddBar();
     AddRing(-billet_.length - billet_.rear, billet_.front, Ink::kBody);
     AddRing(-billet_.length, 0, Ink::kMaterial);
+    AddWideBore();
     const double left = -std::max(billet_.length + billet_.rear, BarInPicture());
     const double beyond = billet_.length * 0.08;
     Add(sketch_, Ink::kAxis, Stroke({side_ * (left - beyond), 0}, {side_ * (billet_.front + beyond), 0}));
@@ -67,14 +67,20 @@ class Drawn {
   }
 
  private:
-  /// A long bar is broken off in the picture.
+  /// The end of the bar behind the face. A long bar is broken off in the picture.
   double BarInPicture() const {
-    const double least = billet_.length + billet_.front + billet_.rear;
-    return billet_.bar <= 0 ? 0 : std::min(billet_.bar - billet_.front, least * 1.5);
+    return billet_.bar <= 0 ? 0 : std::min(billet_.bar - billet_.front, billet_.LeastBar() * 1.5);
+  }
+
+  /// The lines of a bore that is wider than the billet.
+  void AddWideBore() {
+    if (!billet_.IsBoreTooWide()) return;
+    for (const double y : {billet_.inner / 2, -billet_.inner / 2})
+      Add(sketch_, Ink::kGhost, Stroke({side_ * -billet_.length, y}, {0, y}));
   }
 
   void AddRing(double from, double to, Ink ink) {
-    const double r = billet_.outer / 2, bore = billet_.inner / 2;
+    const double r = billet_.outer / 2, bore = billet_.inner < billet_.outer ? billet_.inner / 2 : 0;
     for (const double half : {1.0, -1.0}) {
       Add(sketch_, half > 0 ? ink : Ink::kBody, Rectangle(side_ * from, half * bore, side_ * to, half * r));
     }
@@ -117,7 +123,7 @@ class Drawn {
     Across('E', control::kInnerDiameter, billet_.inner, -billet_.length * 0.7);
   }
 
-  const Billet billet_;
+  const BilletSizes billet_;
   const double side_;
   Sketch sketch_;
 };
@@ -126,9 +132,9 @@ class Drawn {
 
 Sketch BilletSketch(std::int32_t bitmap, const PageValues& values) {
   const bool isSub = bitmap == picture::kBilletSub;
-  Billet billet = Read(values);
+  BilletSizes billet = Read(values);
   Sketch check;
-  FindFault(check, billet, values);
+  FindFaults(check, billet, values);
   const bool isExample = !(billet.outer > 0 && billet.length > 0);
   if (isExample) billet = {60, 90, 8, 12, 20, isSub ? 0.0 : 200};
   Sketch sketch = Drawn(Drawable(billet), isSub ? -1 : 1).Make();

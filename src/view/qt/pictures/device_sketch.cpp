@@ -1,10 +1,12 @@
 #include <QPolygonF>
+#include <QStringList>
 #include <algorithm>
 #include <limits>
 
 #include "devices/formula.h"
 #include "devices/kinds.h"
 #include "devices/outline.h"
+#include "devices/page_rules.h"
 #include "view/ids.h"
 #include "view/qt/device_words.h"
 #include "view/qt/pictures/outline_check.h"
@@ -18,19 +20,22 @@ using devices::Device;
 using devices::Drawn;
 using devices::Letter;
 
-constexpr const char* kExample = Translatable("Example: values are missing (%1)");
+constexpr const char* kExample = Translatable("Example: not drawn without %1");
+constexpr const char* kSaveNeedsName = Translatable("Save needs a name.");
+constexpr const char* kSaveNeeds = Translatable("Save needs a value of %1.");
 constexpr const char* kMustBeLess = Translatable("%1 must be less than %2.");
 constexpr const char* kMustBeAbove0 = Translatable("%1 must be above 0.");
 constexpr const char* kNoOutline = Translatable("These values do not make a closed outline.");
 constexpr const char* kUnseen = Translatable("%1, not seen from this side");
 constexpr const char* kFromVdm = Translatable("The shape comes from the VDM file.");
 
-/// A device with those values of a page that its outline is made from.
-DeviceParams ParamsOf(const Device& device, const PageValues& values) {
+/// A device with those values of a page that `isWanted`.
+template <class Predicate>
+DeviceParams ParamsOf(const Device& device, const PageValues& values, Predicate isWanted) {
   DeviceParams params;
   params.type = device.code;
   for (const Letter& each : device.letters) {
-    if (!each.IsOfOutline()) continue;
+    if (!isWanted(each)) continue;
     params.*kDeviceReals.at(static_cast<std::size_t>(each.letter - 'A')) =
         values.NumberOf(control::EditOfLetter(each.letter));
   }
@@ -52,13 +57,13 @@ void AddEditsIn(std::string_view formula, std::vector<std::int32_t>& edits) {
   }
 }
 
-/// The letters of the outline whose edits are empty or 0 and must not be.
-QString MissingLetters(const Device& device, const DeviceParams& params) {
-  QString missing;
+/// The letters of the outline whose edits are empty or 0, and that it cannot be drawn without.
+std::string LettersNotDrawable(const Device& device, const DeviceParams& params) {
+  std::string missing;
   for (const Letter& each : device.letters) {
     const bool mayBe0 = each.drawn != Drawn::kAbove0 && each.drawn != Drawn::kNot0;
     if (ValueOf(params, each.letter) != 0 || mayBe0) continue;
-    missing += (missing.isEmpty() ? QString() : QStringLiteral(", ")) + QLatin1Char(each.letter);
+    missing += each.letter;
   }
   return missing;
 }
@@ -158,20 +163,38 @@ void NoteThickness(Sketch& sketch, const Device& device) {
   }
 }
 
+/// "A, B".
+QString Listed(const std::string& letters) {
+  QStringList list;
+  for (const char letter : letters) list.append(QString(QLatin1Char(letter)));
+  return list.join(QStringLiteral(", "));
+}
+
+/// On the page of a new device: adds what keeps its Save button from saving.
+void NoteWhatSaveNeeds(Sketch& sketch, const Device& device, const PageValues& values) {
+  if (values.Find(control::kSaveDevice) == nullptr) return;
+  const DeviceParams params = ParamsOf(device, values, [](const Letter&) { return true; });
+  const std::string missing = devices::MissingLetters(params);
+  if (!missing.empty()) sketch.notes.push_back(Translate(kSaveNeeds).arg(Listed(missing)));
+  if (values.TextOf(control::kNameList).isEmpty()) sketch.notes.push_back(Translate(kSaveNeedsName));
+}
+
 }  // namespace
 
 Sketch DeviceSketch(const Device& device, const PageValues& values) {
-  DeviceParams params = ParamsOf(device, values);
+  DeviceParams params = ParamsOf(device, values, [](const Letter& each) { return each.IsOfOutline(); });
   Sketch sketch;
-  const QString missing = MissingLetters(device, params);
+  const std::string missing = LettersNotDrawable(device, params);
   FindNoNumbers(sketch, device, values);
-  if (sketch.fault.isEmpty() && missing.isEmpty()) FindBrokenRule(sketch, device, params);
-  sketch.isExample = !sketch.fault.isEmpty() || !missing.isEmpty();
+  if (sketch.fault.isEmpty() && missing.empty()) FindBrokenRule(sketch, device, params);
+  sketch.isExample = !sketch.fault.isEmpty() || !missing.empty();
   if (sketch.isExample) params = device.example;
   AddShapes(sketch, params);
   AddMeasures(sketch, device, params);
   NoteThickness(sketch, device);
-  if (sketch.fault.isEmpty() && !missing.isEmpty()) sketch.notes.push_back(Translate(kExample).arg(missing));
+  NoteWhatSaveNeeds(sketch, device, values);
+  if (sketch.fault.isEmpty() && !missing.empty())
+    sketch.notes.push_back(Translate(kExample).arg(Listed(missing)));
   return sketch;
 }
 

@@ -40,8 +40,10 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
 
 Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto outside = {QPointF(-100, 14), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30),
-                        QPointF(-30, 30),  QPointF(-22, 22),  QPointF(0, 22),   QPointF(0, 14)};
+  const QString inside = values.TextOf(control::kFigureInside);
+  const double bore = inside.isEmpty() ? 0 : 14;
+  const auto outside = {QPointF(-100, bore), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30),
+                        QPointF(-30, 30),    QPointF(-22, 22),  QPointF(0, 22),   QPointF(0, bore)};
   Add(sketch, Ink::kBody, PathOf(outside, -1));
   Add(sketch, Ink::kMaterial, PathOf(outside, 1));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
@@ -52,9 +54,9 @@ Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                              .from = {-41, 30}});
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kInside,
-                             .letter = Named(QStringLiteral("F2"), values.TextOf(control::kFigureInside)),
+                             .letter = Named(QStringLiteral("F2"), inside),
                              .control = control::kFigureInside,
-                             .from = {-50, 14}});
+                             .from = {-50, bore}});
   AddLength(sketch, values, 100, -38);
   sketch.notes.push_back(Translate(kOnAxis));
   return sketch;
@@ -62,16 +64,20 @@ Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
 
 Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const auto body = {QPointF(-100, -30), QPointF(-100, 30), QPointF(-58, 30),  QPointF(-58, 22),
-                     QPointF(0, 22),     QPointF(0, -22),   QPointF(-58, -22), QPointF(-58, -30)};
-  Add(sketch, Ink::kBody, PathOf(body, 1));
+  // The part is clamped at its thinner end.
+  for (const double side : {1.0, -1.0}) {
+    Add(sketch, Ink::kBody,
+        PathOf({QPointF(-100, 0), QPointF(-100, 22), QPointF(-58, 22), QPointF(-58, 30), QPointF(0, 30),
+                QPointF(0, 0)},
+               side));
+  }
   Add(sketch, Ink::kPart, Rectangle(-44, -9, -16, 9));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kAbove,
                              .letter = values.TextOf(control::kSolid),
                              .control = control::kSolid,
-                             .from = {-30, 22}});
+                             .from = {-30, 30}});
   if (sketch.measures.back().letter.isEmpty()) sketch.measures.clear();
   AddLength(sketch, values, 100, -30);
   if (values.Find(control::kClampDiameter) != nullptr) {
@@ -79,8 +85,8 @@ Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
                                .where = Where::kLeft,
                                .letter = QStringLiteral("\u2300"),
                                .control = control::kClampDiameter,
-                               .from = {-100, -30},
-                               .to = {-100, 30}});
+                               .from = {-100, -22},
+                               .to = {-100, 22}});
     FindNoNumber(sketch, values, control::kClampDiameter);
   }
   return sketch;

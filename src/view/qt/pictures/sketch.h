@@ -2,7 +2,7 @@
 
 #include <QPainterPath>
 #include <QPointF>
-#include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <vector>
 
@@ -47,7 +47,7 @@ struct Measure {
 struct Sketch {
   std::vector<Shape> shapes = {};
   std::vector<Measure> measures = {};
-  std::vector<QString> notes = {};       ///< lines below the drawing
+  QStringList notes = {};                ///< lines below the drawing
   QString fault = {};                    ///< what is wrong with the values; empty: nothing
   std::vector<std::int32_t> wrong = {};  ///< the edits of the values that are at fault
   bool isExample = false;                ///< shows what the letters mean, not the values of the page
