@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/length_unit.h"
 #include "cli/output.h"
+#include "define/check.h"
 #include "define/write.h"
 #include "project/project.h"
 #include "results/definitions.h"
@@ -38,19 +39,44 @@ std::string LengthForPeople(double millimetres, LengthUnit unit) {
   return length + " " + std::string(WordOf(unit));
 }
 
+/// The words of a place in the form of one spur: "main chuck B" for "$.spurs[0].main.chuck.letters.B".
+std::string WordsOf(std::string path) {
+  constexpr std::string_view kSpur = "$.spurs[0].", kLetters = ".letters.";
+  path.erase(0, kSpur.size());
+  if (const std::size_t letters = path.find(kLetters); letters != std::string::npos)
+    path.replace(letters, kLetters.size(), " ");
+  std::ranges::replace_if(
+      path, [](char c) { return c == '.' || c == '_'; }, ' ');
+  return path;
+}
+
+/// Sentences about what the dialog has stored and no form may have.
+std::vector<std::string> ImpossibleIn(const results::SpurDefinition& spur, LengthUnit unit) {
+  define::Refusals leftOut;
+  const Json form = define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), "$", leftOut, unit);
+  std::vector<std::string> sentences;
+  for (const auto& [path, reason] : define::FindImpossible(define::WholeForm(Json::array({form}), unit)))
+    sentences.push_back(WordsOf(path) + ": " + reason);
+  return sentences;
+}
+
+std::string PageOf(const results::SpurDefinition& spur, LengthUnit unit, const show::Style& style) {
+  if (!spur.definition) return show::PageWithoutDefinition(spur.spur, spur.vdm, style);
+  return show::PageOf({spur.spur, spur.vdm, *spur.definition, ImpossibleIn(spur, unit)}, style);
+}
+
 std::string Text(const Spurs& spurs, LengthUnit unit, const Context& context) {
   const show::Style style{context.texts,
                           [unit](double millimetres) { return LengthForPeople(millimetres, unit); }};
   std::string text;
   for (const results::SpurDefinition& spur : spurs) {
-    text += (text.empty() ? "" : "\n") + (spur.definition
-                                              ? show::PageOf({spur.spur, spur.vdm, *spur.definition}, style)
-                                              : show::PageWithoutDefinition(spur.spur, spur.vdm, style));
+    text += (text.empty() ? "" : "\n") + PageOf(spur, unit, style);
   }
   return text;
 }
 
-/// The form that 'vanzet define' reads. What the form cannot express is reported on the panel.
+/// The form that 'vanzet define' reads. What the form cannot express, and what it may not have, is reported
+/// on the panel.
 Json ToJson(const Spurs& spurs, LengthUnit unit, project::MessagePanel& panel) {
   Json list = Json::array();
   define::Refusals leftOut;
@@ -60,7 +86,11 @@ Json ToJson(const Spurs& spurs, LengthUnit unit, project::MessagePanel& panel) {
     list.push_back(define::SpurForm(spur.spur, scene::ReadEquipment(*spur.definition), path, leftOut, unit));
   }
   for (const define::Refusal& each : leftOut) panel.Tell(Fault{each.path + ": " + each.reason});
-  return define::WholeForm(std::move(list), unit);
+  Json form = define::WholeForm(std::move(list), unit);
+  if (form["spurs"].empty()) return form;
+  for (const auto& [path, reason] : define::FindImpossible(form))
+    panel.Tell(Fault{path + ": " + reason + "; 'vanzet define' refuses this"});
+  return form;
 }
 
 Result<void> Show(const Arguments& arguments, Context& context) {

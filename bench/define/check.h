@@ -12,7 +12,7 @@
 namespace vanzet::define {
 
 /// The surroundings that a form is checked against: the machine, the shop's catalogue and the project's
-/// files.
+/// files. Without one of the functions names of its kind are not looked up.
 struct Surroundings {
   std::int32_t spurs = 1;
   bool hasSubSpindle = false, hasTailStock = false, hasSteadyRest = false;
@@ -26,5 +26,9 @@ struct Surroundings {
 /// catalogue, and jaws get the usual count and side, so that the page's former values do not remain. Lengths
 /// become millimetres. When nothing is refused, the form is what `StepsOf` needs.
 Refusals CheckForm(Json& form, const Surroundings& surroundings);
+
+/// The refusals of a form that do not depend on machine, catalogue and files: values and parts that can be
+/// nowhere. What the dialog has stored may have some.
+Refusals FindImpossible(Json form);
 
 }  // namespace vanzet::define

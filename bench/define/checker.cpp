@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "base/near_words.h"
 #include "base/number_text.h"
@@ -44,6 +45,17 @@ Refusals CheckForm(Json& form, const Surroundings& surroundings) {
   Checker checker(surroundings);
   checker.Form({form, "$"});
   return checker.refusals();
+}
+
+Refusals FindImpossible(Json form) {
+  return CheckForm(form, {.spurs = std::numeric_limits<std::int32_t>::max(),
+                          .hasSubSpindle = true,
+                          .hasTailStock = true,
+                          .hasSteadyRest = true,
+                          .catalogue = {},
+                          .ownDevice = {},
+                          .figure = {},
+                          .solid = {}});
 }
 
 void Checker::Form(const Place& form) {

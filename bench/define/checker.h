@@ -56,6 +56,7 @@ class Checker {
   // Devices: checker_devices.cpp.
   void Device(const Place& device, const DeviceRow& row);
   void OwnDevice(const Place& device, const DeviceRow& row);
+  bool IsOfClass(const Place& file, const DeviceRow& row);
   void CatalogueDevice(const Place& device, const DeviceRow& row);
   std::int32_t TypeOf(const Place& device, const DeviceRow& row, const DeviceParams* known);
   bool Letters(const Place& device, std::int32_t type, const DeviceParams* known);

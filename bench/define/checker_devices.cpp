@@ -58,12 +58,18 @@ void Checker::OwnDevice(const Place& device, const DeviceRow& row) {
   if (file.json.get<std::string>().find('\'') != std::string::npos) {
     return void(Refuse(file, "must not contain an apostrophe, which ends a name in the host's commands"));
   }
+  if (surroundings_.ownDevice && !IsOfClass(file, row)) return;
+  if (device.Has("letters")) Letters(device, row.kind->own.code, nullptr);
+}
+
+/// False when the file cannot be read; one of another class is refused, too.
+bool Checker::IsOfClass(const Place& file, const DeviceRow& row) {
   const auto deviceClass = surroundings_.ownDevice(file.json.get<std::string>());
-  if (!deviceClass) return void(Refuse(file, deviceClass.fault().Message()));
+  if (!deviceClass) return Refuse(file, deviceClass.fault().Message());
   if (*deviceClass != row.kind->ownClass) {
     Refuse(file, "holds a " + std::string(WordOf(*deviceClass)) + ", not a " + WordsOf(row));
   }
-  if (device.Has("letters")) Letters(device, row.kind->own.code, nullptr);
+  return true;
 }
 
 void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {

@@ -88,6 +88,7 @@ void Checker::FilesOf(const Place& record) {
     if (!record.Has(key)) continue;
     const Place name = record[key];
     const auto& exists = std::string_view(key) == "solid" ? surroundings_.solid : surroundings_.figure;
+    if (!exists) continue;
     if (const auto found = exists(name.json.get<std::string>()); !found)
       Refuse(name, found.fault().Message());
   }

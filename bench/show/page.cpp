@@ -75,6 +75,7 @@ class Page {
   void AddFinishPart(const FinishPart& part);
   void AddDatum(const Equipment& equipment);
   void AddMissing(const Equipment& equipment);
+  void AddImpossible(const std::vector<std::string>& sentences);
   void AddSimulation(const Equipment& equipment, const project::Definition& definition);
   void AddDamage(const project::Definition& definition);
   std::string TitleOf(std::int32_t type) const;
@@ -103,6 +104,7 @@ void Page::AddSpur(const Spur& spur) {
   AddDatum(equipment);
   AddSimulation(equipment, spur.definition);
   AddMissing(equipment);
+  AddImpossible(spur.impossible);
 }
 
 void Page::AddSpindle(const char* title, const Spindle& spindle) {
@@ -188,6 +190,12 @@ void Page::AddMissing(const Equipment& equipment) {
   if (missing.empty()) return;
   rows_.AddHeading(T(Translatable("Missing")));
   for (const char* const part : missing) rows_.Add(1, T(part), "");
+}
+
+void Page::AddImpossible(const std::vector<std::string>& sentences) {
+  if (sentences.empty()) return;
+  rows_.AddHeading(T(Translatable("Impossible, and refused by 'vanzet define'")));
+  for (const std::string& sentence : sentences) rows_.Add(1, sentence, "");
 }
 
 void Page::AddSimulation(const Equipment& equipment, const project::Definition& definition) {

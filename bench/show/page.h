@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "base/translations.h"
 #include "project/definition.h"
@@ -22,10 +23,11 @@ struct Spur {
   std::int32_t number;
   std::uint32_t vdm;
   const project::Definition& definition;
+  std::vector<std::string> impossible = {};  ///< sentences about values and parts that can be nowhere
 };
 
-/// The page of a spur: its devices by name and values, its parts, its datum, what is missing, and whether the
-/// simulation data are those of the values. A damaged definition is shown as far as it can be read.
+/// The page of a spur: its devices by name and values, its parts, its datum, what is missing or impossible, and
+/// whether the simulation data are those of the values. A damaged definition is shown as far as it can be read.
 std::string PageOf(const Spur& spur, const Style& style);
 
 /// The heading of a spur that has no definition.

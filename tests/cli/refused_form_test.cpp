@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "define_fixture.h"
 
 namespace vanzet::test {
@@ -48,6 +50,52 @@ TEST_F(RefusedForm, NamesTheLettersThatMakeNoSolid) {
   EXPECT_EQ(refused.err,
             "vanzet: standard input: $.spurs[1].main.chuck.letters.C: C (100) must be less than A (80)\n");
   EXPECT_TRUE(State() == before);
+}
+
+/// What the dialog stores and no form may have.
+class Impossible : public DefineCommand {
+ protected:
+  void SetUp() override {
+    MakeUpgradedProject();
+    WriteBytes(folder / "odd.txt",
+               "select main/chuck\nchoose device \"Chuck 160\"\nset c 101.6\npress Select\n"
+               "select sub/jaw\nchoose device \"Soft jaw 160\"\npress Select\nclose\n");
+    ASSERT_EQ(Vanzet("script lathe odd.txt --strict --transcript run.jsonl").status, 0);
+  }
+};
+
+TEST_F(Impossible, IsNamedOnThePage) {
+  const std::string carrier =
+      "  sub jaw: needs a device that carries it: chuck, collet, mandrel, face_driver\n";
+  EXPECT_THAT(Vanzet("show lathe --spur 0").out,
+              EndsWith("Impossible, and refused by 'vanzet define'\n"
+                       "  main chuck C: C (101.6) must be less than A (80)\n" +
+                       carrier));
+  EXPECT_THAT(Vanzet("show lathe --spur 0 --unit inch").out,
+              EndsWith("  main chuck C: C (4) must be less than A (3.149606)\n" + carrier));
+  EXPECT_THAT(Vanzet("show lathe --spur 1").out, testing::Not(HasSubstr("Impossible")));
+}
+
+TEST_F(Impossible, IsToldBesideTheFormAsDefineRefusesIt) {
+  const Outcome shown = Vanzet("show lathe --json");
+  EXPECT_EQ(shown.status, 0) << "the form has what is stored";
+  std::string refusals;
+  std::istringstream lines(shown.err);
+  for (std::string line; std::getline(lines, line);) {
+    const std::string end = "; 'vanzet define' refuses this";
+    ASSERT_THAT(line, EndsWith(end));
+    refusals += "vanzet: standard input: " + line.substr(8, line.size() - end.size() - 8) + "\n";
+  }
+  EXPECT_THAT(refusals, HasSubstr("$.spurs[0].main.chuck.letters.C: "));
+  EXPECT_EQ(Vanzet("define - lathe", "", shown.out).err, refusals);
+}
+
+TEST_F(Impossible, IsDefinedAgainOnceItIsCorrected) {
+  Json form = Shown("lathe");
+  form["spurs"][0]["main"]["chuck"]["letters"]["C"] = 22;
+  form["spurs"][0].erase("sub");
+  EXPECT_EQ(Define(form, "lathe").status, 0);
+  EXPECT_EQ(Vanzet("show lathe --json").err, "");
 }
 
 TEST_F(RefusedForm, TellsEveryValue) {
