@@ -16,13 +16,6 @@ using RegionOffsetPath = RegionPathTest;
 using RegionDistance = RegionPathTest;
 using RegionCheck = RegionPathTest;
 
-KurveEx PathThrough(const std::vector<Point>& points) {
-  KurveEx k;
-  k.Start(points.front());
-  for (std::size_t i = 1; i < points.size(); ++i) k.Add(points[i].x, points[i].y);
-  return k;
-}
-
 double LengthOf(const RegionPath& path) {
   double length = 0;
   for (const RegionSpan& s : path.spans) length += s.Length();
@@ -155,6 +148,17 @@ TEST_F(RegionCheck, AGoodOffsetIsClean) {
   ASSERT_TRUE(offset);
   EXPECT_TRUE(OffsetIsClean(square, *offset, 2));
   EXPECT_NEAR(CheckOffset(square, *offset, 2).nearest, 2, 1e-9);
+}
+
+TEST_F(RegionCheck, ACornerIsAsFarFromTheArcAboutItAsItsRadius) {
+  const KurveEx corner = PathThrough({{-7, 1.7}, {0.3, 1.7}});
+  KurveEx round;
+  round.Start(Point(0.3, -1.4));
+  round.Add(spVertex(ACW, Point(0.3, 4.8), Point(0.3, 1.7)));
+  const OffsetCheck check = CheckOffset(corner, round, 3.1);
+  EXPECT_NEAR(check.nearest, 3.1, 1e-14);
+  EXPECT_NEAR(Dist(check.place, Point(0.3, 1.7)), 3.1, 1e-14) << "on the offset";
+  EXPECT_NEAR(NearestDistance(corner, round), 3.1, 1e-14);
 }
 
 TEST_F(RegionCheck, AnOffsetThatCrossesItselfOrIsTooNearIsNot) {

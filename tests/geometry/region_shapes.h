@@ -9,10 +9,15 @@
 /// Contours and regions for tests, written down briefly.
 namespace geometry::testing {
 
-inline KurveEx PolygonContour(const std::vector<Point>& corners) {
+inline KurveEx PathThrough(const std::vector<Point>& points) {
   KurveEx k;
-  k.Start(corners.front());
-  for (std::size_t i = 1; i < corners.size(); ++i) k.Add(corners[i].x, corners[i].y);
+  k.Start(points.front());
+  for (std::size_t i = 1; i < points.size(); ++i) k.Add(points[i].x, points[i].y);
+  return k;
+}
+
+inline KurveEx PolygonContour(const std::vector<Point>& corners) {
+  KurveEx k = PathThrough(corners);
   k.Add(corners.front().x, corners.front().y);
   return k;
 }

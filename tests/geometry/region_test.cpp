@@ -88,6 +88,26 @@ TEST_F(RegionClean, NothingIsLeftOfAContourWithoutArea) {
   EXPECT_TRUE(Clean(KurveEx()).ok);
 }
 
+TEST_F(RegionClean, SeveralPassesOfALineThatAnArcTouchesTakeSeveralRounds) {
+  KurveEx k = PathThrough({{1, 0}, {3, 3}, {3, 0}, {0, 0}, {1, 2}, {0, 2}, {1, 2}, {1, 0}, {0, 0}, {1, 0}});
+  k.Add(spVertex(ACW, Point(2, 2), Point(1.5, 1)));
+  k.Add(2, 3);
+  k.Add(spVertex(ACW, Point(1, 2), Point(1.5, 2.5)));
+  k.Add(spVertex(ACW, Point(1, 0), Point(1, 1)));
+  const Region forwards = Clean(k);
+  ASSERT_TRUE(forwards.ok);
+  std::vector<RegionSpan> back;
+  for (std::size_t i = k.spans.size(); i-- > 0;) {
+    const Span& s = k.spans[i];
+    back.push_back({-s.dir, s.p1, s.p0, s.pc});
+  }
+  Region drawn;
+  drawn.loops.push_back({back});
+  const Region backwards = Clean(drawn, FillRule::EvenOdd);
+  ASSERT_TRUE(backwards.ok);
+  EXPECT_NEAR(forwards.Area(), backwards.Area(), 1e-9);
+}
+
 TEST_F(RegionClean, CoordinatesThatAreNotFiniteAreRefused) {
   const Region broken = Clean(PolygonContour({{0, 0}, {kNaN, 0}, {1, 1}}));
   EXPECT_FALSE(broken.ok);

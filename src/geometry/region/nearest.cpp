@@ -25,6 +25,11 @@ Vector2d CentreOf(const Curve& c, const Tangents& tangents) {
   return c.a + tangents.start.LeftNormal() * (1 / c.k);
 }
 
+/// Whether the point is nearer to the centre than to the curve, where distances from the centre are exact.
+bool IsCentral(const PreparedCurve& curve, const Vector2d& p) {
+  return curve.LeftOf(p) * curve.Shape().k > 0.5;
+}
+
 /// Two curves, and the nearest points so far.
 class Pair {
  public:
@@ -51,12 +56,21 @@ class Pair {
   }
   void TryPointOfA(const Vector2d& p) {
     for (const Vector2d& end : {b_.a, b_.b}) Take((p - end).Magnitude(), p);
-    if (Faces(b_, tangentsB_, p)) Take(std::abs(onB_.LeftOf(p)), p);
+    if (!Faces(b_, tangentsB_, p)) return;
+    if (!IsCentral(onB_, p)) return Take(std::abs(onB_.LeftOf(p)), p);
+    Take(1 / std::abs(b_.k) - (p - CentreOf(b_, tangentsB_)).Magnitude(), p);
   }
   void TryPointOfB(const Vector2d& p) {
     if (!Faces(a_, tangentsA_, p)) return;
+    if (IsCentral(onA_, p)) return TryCentralPointOfB(p);
     const double left = onA_.LeftOf(p);
     Take(std::abs(left), p - NormalAt(p) * left);
+  }
+  /// All points of the arc are equally far from its centre.
+  void TryCentralPointOfB(const Vector2d& p) {
+    const Vector2d centre = CentreOf(a_, tangentsA_), out = p - centre;
+    const double radius = 1 / std::abs(a_.k), length = out.Magnitude();
+    Take(radius - length, length > 0 ? centre + out * (radius / length) : a_.a);
   }
   /// The left normal of the first curve at its point nearest to `p`.
   Vector2d NormalAt(const Vector2d& p) const {

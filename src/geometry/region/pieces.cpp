@@ -10,8 +10,9 @@ namespace {
 
 constexpr int kMostRounds = 48;
 /// After so many rounds there are few places left to cut. Where there are more cuts than pieces in the
-/// beginning, they breed.
+/// beginning, and more than a few, they breed.
 constexpr int kFreeRounds = 4;
+constexpr std::size_t kFewCuts = 200;
 /// Arcs of a radius below so many distances are as good as their chords.
 constexpr double kSmallestRadius = 16;
 constexpr double kQuarter = 1.5707963267948966;
@@ -125,7 +126,7 @@ bool Pieces::Normalise() {
   const std::size_t first = pieces_.size();
   for (int round = 0; round < kMostRounds; ++round) {
     if (!FindCuts()) return true;
-    if (round > kFreeRounds && cuts_.size() > first) return false;
+    if (round > kFreeRounds && cuts_.size() > first + kFewCuts) return false;
     ApplyCuts();
   }
   return false;
