@@ -1,6 +1,6 @@
-// What whole programs take, with all programs that they run, beside empty programs that are linked with the same
-// libraries: the CPU time, and the most memory that one of them had. A command and its empty programs take
-// turns; the table has the least of each.
+// Measures whole programs, with all programs that they run, beside empty programs that are linked with the
+// same libraries: the CPU time, and the most memory that one of them had. A command and its empty programs
+// take turns; the table has the least of each.
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -63,7 +63,7 @@ Cost Run(const Words& words) {
           static_cast<double>(usage.ru_maxrss) / 1024};
 }
 
-/// The programs that do nothing, by what they are linked with.
+/// The programs that do nothing, by the libraries that they are linked with.
 constexpr const char* kWorkbench = EMPTY_WORKBENCH;
 constexpr const char* kSolids = EMPTY_SOLIDS;
 constexpr const char* kExchange = EMPTY_EXCHANGE;
