@@ -21,7 +21,7 @@ struct ReadBody {
   std::string surfaces;  ///< in the binary form of Open CASCADE, into which the workbench does not look
 };
 
-/// What is known of a body without asking again.
+/// The facts of a body that need not be asked for again.
 struct KnownFacts {
   std::optional<geometry::Box3d> box;
   std::optional<Measures> measures;

@@ -33,8 +33,8 @@ struct Exchange {
   static Exchange OfProcess();
 };
 
-/// What will be asked of a body: the process that reads its file then answers that, too. Anything else takes
-/// a process of its own for each question.
+/// The questions that will be asked about a body: the process that reads its file then answers them, too. Any
+/// other question takes a process of its own.
 struct Foresight {
   bool extents = false, measures = false;
   bool mesh = false;  ///< with the usual tolerance
