@@ -5,18 +5,6 @@
 
 /// The winding numbers of the faces.
 namespace geometry::region {
-namespace {
-
-/// Whether the curve is above the point, on the vertical line through it.
-bool IsAbove(const PreparedCurve& curve, const Vector2d& p) {
-  const Curve& c = curve.Shape();
-  if (p.dy <= std::min(c.a.dy, c.b.dy)) return true;
-  if (p.dy >= std::max(c.a.dy, c.b.dy)) return false;
-  return (curve.LeftOf(p) > 0) == (c.b.dx < c.a.dx);
-}
-
-}  // namespace
-
 Turns Arrangement::TurnsOf(Half h) const {
   const Turns& turns = edges_[h / 2].turns;
   return h % 2 == 0 ? turns : Turns{-turns[0], -turns[1]};
@@ -48,7 +36,7 @@ std::vector<Turns> Arrangement::TurnsAround() const {
       const Half h = 2 * edge;
       const Curve c = CurveOf(h);
       if (faces_[faceOf_[h]].part == part || (c.a.dx <= p.dx) == (c.b.dx <= p.dx)) return;
-      if (!IsAbove(PreparedCurve(c, distance_), p)) return;
+      if (!PreparedCurve(c, distance_).IsAbove(p)) return;
       const int sign = c.b.dx < c.a.dx ? 1 : -1;
       for (std::size_t i = 0; i < around[part].size(); ++i) around[part][i] += sign * TurnsOf(h)[i];
     });

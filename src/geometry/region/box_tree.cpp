@@ -14,6 +14,8 @@ void Enclose(BoxTree::Item& around, const BoxTree::Item& item) {
   around.right = first ? item.right : std::max(around.right, item.right);
   around.top = first ? item.top : std::max(around.top, item.top);
   around.isNew |= item.isNew;
+  around.isFirst = first ? item.isFirst : around.isFirst;
+  around.advance = first ? item.advance : item.isFirst ? 0 : around.advance & item.advance;
 }
 
 }  // namespace

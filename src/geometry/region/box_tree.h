@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "geometry/region/advance.h"
+
 namespace geometry::region {
 
 /// A tree of boxes around runs of neighbours in a list. Contours are local, so runs along them have small
@@ -15,7 +17,9 @@ class BoxTree {
   /// A default box meets no other.
   struct Item {
     double left = 1, bottom = 1, right = -1, top = -1;
-    bool isNew = false;  ///< pairs of two old items are not visited
+    bool isNew = false;    ///< pairs of two old items are not visited
+    bool isFirst = false;  ///< it does not begin where the item before it ends
+    Advance advance = 0;   ///< pairs within a run of items with a common direction are not visited
   };
 
   explicit BoxTree(std::vector<Item> items);
@@ -57,7 +61,7 @@ class BoxTree {
   }
   template <class Visit>
   void VisitWithin(std::size_t node, Visit& visit) const {
-    if (!nodes_[node].isNew) return;
+    if (!nodes_[node].isNew || nodes_[node].advance != 0) return;
     if (IsLeaf(node)) {
       for (std::size_t i = First(node); i < Last(node); ++i) {
         for (std::size_t j = i + 1; j < Last(node); ++j) VisitPair(i, j, visit);
@@ -72,6 +76,7 @@ class BoxTree {
   template <class Visit>
   void VisitBetween(std::size_t a, std::size_t b, Visit& visit) const {
     if (!(nodes_[a].isNew || nodes_[b].isNew) || !Meet(nodes_[a], nodes_[b])) return;
+    if (b == a + 1 && !nodes_[b].isFirst && (nodes_[a].advance & nodes_[b].advance) != 0) return;
     if (IsLeaf(a)) {
       for (std::size_t i = First(a); i < Last(a); ++i) {
         for (std::size_t j = First(b); j < Last(b); ++j) VisitPair(i, j, visit);

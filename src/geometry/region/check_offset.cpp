@@ -38,7 +38,7 @@ class Compared {
  private:
   Pieces PiecesOf(const Region& drawn) const {
     Sketch sketch = sketch_;
-    sketch.AddLoops(drawn, {1, 0});
+    sketch.AddLoops(drawn.loops, {1, 0});
     Pieces pieces(std::max(sketch.Distance(), 1e-300));
     for (const region::Stroke& stroke : sketch.Strokes()) pieces.Add(stroke);
     return pieces;

@@ -88,6 +88,12 @@ bool PreparedCurve::Passes(const Vector2d& p) const {
   return along > 0 && along < Dot(chord, chord) && std::abs(LeftOf(p)) <= margin_;
 }
 
+bool PreparedCurve::IsAbove(const Vector2d& p) const {
+  if (p.dy <= std::min(c_.a.dy, c_.b.dy)) return true;
+  if (p.dy >= std::max(c_.a.dy, c_.b.dy)) return false;
+  return (LeftOf(p) > 0) == (c_.b.dx < c_.a.dx);
+}
+
 Vector2d PreparedCurve::At(double sigma) const {
   const double bend = c_.k * sigma / 2;
   return c_.a + (tangent_ * sigma + tangent_.LeftNormal() * (sigma * bend)) * (1 / (1 + bend * bend));

@@ -47,6 +47,8 @@ class PreparedCurve {
   double LeftOf(const Vector2d& p) const;
   /// Whether `p` is within the margin of the curve, and between its ends along the chord.
   bool Passes(const Vector2d& p) const;
+  /// Whether the curve is above the point, on the vertical line through it, which it has to cross.
+  bool IsAbove(const Vector2d& p) const;
   /// The points that both curves have in common, or where they come within the margin of each other between
   /// their ends; up to two. Where one follows the other within the margin, all along or from a common end,
   /// there is none.

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <optional>
 
-#include "geometry/region/sketch.h"
+#include "geometry/region/separate_loops.h"
 
 /// From the faces of an arrangement to the loops of a region.
 namespace geometry::region {
@@ -163,6 +163,12 @@ Region FacesOf(const Sketch& sketch, Rule rule, Cancelled cancelled) {
     if (auto region = Attempt(sketch, rule, cancelled, distance)) return *region;
   }
   return failed;
+}
+
+Region PositiveFacesOf(Sketch& sketch, std::vector<RegionLoop> loops, double resolution) {
+  if (auto region = PositiveLoopsOf(sketch, loops, resolution)) return *std::move(region);
+  sketch.AddLoops(loops, {1, 0});
+  return FacesOf(sketch, [](const Turns& turns) { return turns[0] > 0; });
 }
 
 }  // namespace geometry::region

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/region/corner_trim.h"
+
 namespace geometry::region {
 namespace {
 
@@ -13,137 +15,151 @@ constexpr double kTurnsBack = 1e-9;
 constexpr double kSameShare = 1e-14;
 
 /// The span that a corner before `after` comes from.
-RegionSpan CornerOf(const ChainLink& after) {
-  RegionSpan corner = after.source;
-  corner.dir = LINEAR;
-  corner.ID = (after.source.ID & 0x00ffffffu) | ROLL_AROUND;
+RegionSpan CornerBefore(const RegionSpan& after) {
+  RegionSpan corner = after;
+  corner.ID = (after.ID & 0x00ffffffu) | ROLL_AROUND;
   return corner;
 }
 
-constexpr double kPi = 3.141592653589793;
+/// The span that the end of a path comes from.
+RegionSpan EndAfter(const RegionSpan& before) {
+  RegionSpan end = CornerBefore(before);
+  end.index0 = end.index1 = 0;
+  return end;
+}
 
 }  // namespace
 
-void OffsetChain::Add(const std::vector<ChainLink>& links, std::size_t there, EndForm end) {
-  std::vector<Moved> moved;
-  for (const ChainLink& link : links) {
-    const Shape& s = link.shape;
-    moved.push_back({s.a + Outwards(s.tangents.start), s.b + Outwards(s.tangents.end)});
-  }
-  for (std::size_t i = 0; i < links.size(); ++i) {
-    const std::size_t next = (i + 1) % links.size();
-    const bool isEnd = end != EndForm::kCorner && (i + 1 == there || i + 1 == links.size());
-    if (isEnd) {
-      AddEnd(links[i], moved[i], moved[next], end);
-    } else {
-      AddCorner(links[i], moved[i], links[next], moved[next]);
-    }
-  }
-  for (std::size_t i = 0; i < links.size(); ++i) AddSpan(links[i], moved[i]);
-}
+OffsetChain::OffsetChain(const Sketch& sketch, double left, const RegionOffset& options)
+    : sketch_(sketch),
+      left_(left),
+      shortest_(sketch.Resolution(std::abs(left) * std::max(1.0, options.miterLimit))),
+      options_(options) {}
 
-// The strip on the inside of an arc ends at its centre: what is beyond is nearer to other spans.
-void OffsetChain::AddSpan(const ChainLink& link, const Moved& moved) {
-  const Shape& s = link.shape;
-  if (s.k == 0) {
-    sketch_.AddLine(moved.start, moved.end, link.source);
-  } else if (s.k * left_ < 1) {
-    Shape arc = s;
-    arc.a = moved.start;
-    arc.b = moved.end;
-    arc.k = s.k / (1 - s.k * left_);
-    arc.chord = (arc.b - arc.a).Magnitude();
-    sketch_.Add(arc, link.source, {1, 0});
-  } else {
-    const Vector2d centre = s.a + s.tangents.start.LeftNormal() * (1 / s.k);
-    sketch_.AddLine(moved.start, centre, link.source);
-    sketch_.AddLine(centre, moved.end, link.source);
-  }
-}
-
-void OffsetChain::AddCorner(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) {
-  const Vector2d &in = before.shape.tangents.end, &out = after.shape.tangents.start;
-  const double sine = Cross(in, out), cosine = Dot(in, out);
-  const bool turnsBack = cosine < 0 && std::abs(sine) <= kTurnsBack;
-  const double size = std::abs(to.start.dx) + std::abs(to.start.dy) + std::abs(left_);
-  if ((to.start - from.end).Magnitude() <= kSameShare * size) {
-    to.start = from.end;
-    return;
-  }
-  if (sine * left_ >= 0 && !turnsBack) {
-    if (Shorten(before, from, after, to)) return;
-    sketch_.AddLine(from.end, before.shape.b, before.source);
-    sketch_.AddLine(before.shape.b, to.start, after.source);
-    return;
-  }
-  const double turn = std::atan2(std::abs(sine), cosine);
-  if (options_.corner == Corner::Round) {
-    AddRound(before, from, to, {in, out}, turn, CornerOf(after));
-  } else {
-    AddSharp(before, from, after, to, turn);
-  }
-}
-
-// Between lines the spur to the corner and back encloses what both strips have in common there. Without the
-// spur these points are counted one time less, and so at least once.
-bool OffsetChain::Shorten(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) const {
-  const Shape &first = before.shape, &second = after.shape;
-  const double sine = std::abs(Cross(first.tangents.end, second.tangents.start));
-  const double cosine = Dot(first.tangents.end, second.tangents.start);
-  if (first.k != 0 || second.k != 0 || cosine < 0) return false;
-  const double leg = std::abs(left_) * sine / (1 + cosine);
-  if (2 * leg > std::min(first.chord, second.chord)) return false;
-  from.end = to.start = from.end - first.tangents.end * leg;
+bool OffsetChain::SetLink(const RegionSpan& span, bool isBack, Link& link) const {
+  link.source = &span;
+  link.isBack = isBack;
+  link.shape = sketch_.ShapeOf(span);
+  if (!(link.shape.chord > 0)) return false;
+  link.start = link.shape.a + Outwards(link.shape.tangents.start);
+  link.end = link.shape.b + Outwards(link.shape.tangents.end);
   return true;
 }
 
-void OffsetChain::AddRound(const ChainLink& before, const Moved& from, const Moved& to,
-                           const Tangents& tangents, double turn, const RegionSpan& corner) {
-  Shape arc{from.end, to.start, tangents, -1 / left_, turn, (to.start - from.end).Magnitude()};
-  RegionSpan origin = corner;
-  origin.dir = left_ > 0 ? CW : ACW;
-  origin.pc = sketch_.PointAt(before.shape.b);
-  sketch_.Add(arc, origin, {1, 0});
-}
-
-/// Lengthens a moved line to the point, or adds a tangent line to a moved arc.
-void OffsetChain::Extend(const ChainLink& link, Vector2d& end, const Vector2d& to, bool atEnd) {
-  if (link.shape.k == 0) {
-    end = to;
-  } else if (atEnd) {
-    sketch_.AddLine(end, to, link.source);
-  } else {
-    sketch_.AddLine(to, end, link.source);
+RegionLoop OffsetChain::Around(const std::vector<RegionSpan>& spans, std::size_t there, EndForm end) {
+  loop_.spans.clear();
+  Link first, before, after;
+  std::size_t i = 0, last = spans.size();
+  while (i < spans.size() && !SetLink(spans[i], i >= there, first)) ++i;
+  while (last > i && !SetLink(spans[last - 1], last > there, before)) --last;
+  if (i == last) return {};
+  loop_.spans.reserve(spans.size() + spans.size() / 4 + 8);
+  const Joint closing = CornerOf(before, first, end);
+  at_ = closing.start;
+  before = first;
+  while (++i < last) {
+    if (!SetLink(spans[i], i >= there, after)) continue;
+    const Joint corner = CornerOf(before, after, end);
+    AddSpan(before, corner.end);
+    AddCorner(before, corner, after);
+    before = after;
   }
+  AddSpan(before, closing.end);
+  AddCorner(before, closing, first);
+  Close(closing.start);
+  return std::move(loop_);
 }
 
-// The sharp corner is where both tangents meet; the chamfer touches the round corner in its middle.
-void OffsetChain::AddSharp(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to,
-                           double turn) {
+// Parts below the resolution are one point with the place before them, but for an arc of nearly a full turn.
+void OffsetChain::AddMoved(const Link& link, const Vector2d& end) {
+  const Shape& s = link.shape;
+  const bool isLong = s.k != 0 && Dot(s.tangents.start, s.b - s.a) < 0;
+  if (isLong || IsApart(end)) Append(*link.source, link.source->dir, end);
+}
+
+bool OffsetChain::IsApart(const Vector2d& to) const {
+  return std::abs(to.dx - at_.dx) > shortest_ || std::abs(to.dy - at_.dy) > shortest_;
+}
+
+void OffsetChain::Add(const RegionSpan& origin, std::int32_t dir, const Vector2d& to) {
+  if (IsApart(to)) Append(origin, dir, to);
+}
+
+void OffsetChain::Append(const RegionSpan& origin, std::int32_t dir, const Vector2d& to) {
+  RegionSpan& span = loop_.spans.emplace_back(origin);
+  span.dir = dir;
+  span.p0 = sketch_.PointAt(at_);
+  span.p1 = sketch_.PointAt(to);
+  at_ = to;
+}
+
+void OffsetChain::Close(const Vector2d& start) {
+  if (!loop_.spans.empty()) loop_.spans.back().p1 = sketch_.PointAt(start);
+}
+
+// The strip on the inside of an arc ends at its centre: what is beyond is nearer to other spans.
+void OffsetChain::AddSpan(const Link& link, const Vector2d& end) {
+  const Shape& s = link.shape;
+  if (s.k * left_ < 1) return AddMoved(link, end);
+  const Vector2d centre = s.a + s.tangents.start.LeftNormal() * (1 / s.k);
+  Add(*link.source, LINEAR, centre);
+  Add(*link.source, LINEAR, end);
+}
+
+OffsetChain::Joint OffsetChain::CornerOf(const Link& before, const Link& after, EndForm end) const {
+  if (end != EndForm::kCorner && before.isBack != after.isBack) return EndOf(before, after, end);
   const Vector2d &in = before.shape.tangents.end, &out = after.shape.tangents.start;
-  const double reach = std::abs(left_);
+  const double sine = Cross(in, out), cosine = Dot(in, out);
+  const double size = std::abs(after.start.dx) + std::abs(after.start.dy) + std::abs(left_);
+  const Vector2d gap = after.start - before.end;
+  if (std::abs(gap.dx) + std::abs(gap.dy) <= kSameShare * size) return {before.end, before.end, {}};
+  const bool turnsBack = cosine < 0 && std::abs(sine) <= kTurnsBack;
+  if (sine * left_ >= 0 && !turnsBack) {
+    Vector2d common;
+    if (TrimCorner(before.shape, after.shape, left_, common)) return {common, common, {}};
+    return {before.end, after.start, {before.shape.b}, 1};
+  }
+  if (options_.corner == Corner::Round) return {before.end, after.start, {}, 0, true};
+  return SharpCornerOf(before, after, std::atan2(std::abs(sine), cosine));
+}
+
+// The sharp corner is where both tangents meet; the chamfer touches the round corner in its middle. Lines are
+// lengthened, arcs get tangent lines.
+OffsetChain::Joint OffsetChain::SharpCornerOf(const Link& before, const Link& after, double turn) const {
+  const Vector2d &in = before.shape.tangents.end, &out = after.shape.tangents.start;
   const bool isMiter = options_.corner == Corner::Miter && 1 / std::cos(turn / 2) <= options_.miterLimit &&
                        std::cos(turn / 2) > kTurnsBack;
-  const double leg = reach * std::tan(isMiter ? turn / 2 : turn / 4);
-  const Vector2d first = from.end + in * leg, second = isMiter ? first : to.start - out * leg;
-  Extend(before, from.end, first, true);
-  if (!isMiter) {
-    sketch_.AddLine(first, second, CornerOf(after));
-  }
-  Extend(after, to.start, second, false);
+  const double leg = std::abs(left_) * std::tan(isMiter ? turn / 2 : turn / 4);
+  const Vector2d first = before.end + in * leg, second = isMiter ? first : after.start - out * leg;
+  return {before.shape.k == 0 ? first : before.end,
+          after.shape.k == 0 ? second : after.start,
+          {first, second},
+          2};
 }
 
 // A butt end is a line through the path's end.
-void OffsetChain::AddEnd(const ChainLink& before, const Moved& from, const Moved& to, EndForm end) {
-  const Vector2d& in = before.shape.tangents.end;
-  RegionSpan cap = CornerOf(before);
-  cap.index0 = cap.index1 = 0;
-  if (end == EndForm::kRound) return AddRound(before, from, to, {in, -in}, kPi, cap);
-  const double ahead = end == EndForm::kSquare ? std::abs(left_) : 0;
-  const Vector2d first = from.end + in * ahead, second = to.start + in * ahead;
-  sketch_.AddLine(from.end, first, cap);
-  sketch_.AddLine(first, second, cap);
-  sketch_.AddLine(second, to.start, cap);
+OffsetChain::Joint OffsetChain::EndOf(const Link& before, const Link& after, EndForm end) const {
+  if (end == EndForm::kRound) return {before.end, after.start, {}, 0, true, true};
+  const Vector2d ahead = before.shape.tangents.end * (end == EndForm::kSquare ? std::abs(left_) : 0);
+  return {before.end, after.start, {before.end + ahead, after.start + ahead}, 2, false, true};
+}
+
+void OffsetChain::AddArc(const Link& before, const Joint& corner, RegionSpan origin) {
+  origin.pc = sketch_.PointAt(before.shape.b);
+  Add(origin, left_ > 0 ? CW : ACW, corner.start);
+}
+
+void OffsetChain::AddCorner(const Link& before, const Joint& corner, const Link& after) {
+  if (corner.isArc || corner.isEnd) {
+    const RegionSpan origin = corner.isEnd ? EndAfter(*before.source) : CornerBefore(*after.source);
+    if (corner.isArc) return AddArc(before, corner, origin);
+    for (const Vector2d& via : corner.via) Add(origin, LINEAR, via);
+    return Add(origin, LINEAR, corner.start);
+  }
+  if (corner.viaCount == 0) return;
+  Add(*before.source, LINEAR, corner.via[0]);
+  if (corner.viaCount > 1) Add(CornerBefore(*after.source), LINEAR, corner.via[1]);
+  Add(*after.source, LINEAR, corner.start);
 }
 
 }  // namespace geometry::region

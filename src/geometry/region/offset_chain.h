@@ -6,51 +6,69 @@
 
 namespace geometry::region {
 
-/// A span of a closed chain that is offset: its shape and where it comes from.
-struct ChainLink {
-  Shape shape;
-  RegionSpan source;
-};
-
 /// The end of an open path: a corner of half a turn, whose spans carry no words, or no end but a corner.
 enum class EndForm { kCorner, kRound, kSquare, kButt };
 
-/// Adds to a sketch the offset of closed chains, at a signed distance to the left.
+/// Makes the offset curve of a closed chain of spans, at a signed distance to the left: a closed loop that
+/// may cross itself.
 ///
 /// Each span sweeps the strip between it and its offset, and each corner that opens on that side a sector.
-/// The curve is the boundary of all of them, counted as often as they overlap: the boundary of the chain's
-/// own set, less the strips on its left or with the strips on its right. A face thus belongs to the offset
-/// set exactly when its winding number is positive. What the strips have in common at a corner of the other
-/// kind is passed as a spur to the corner and back, or cut off where nothing depends on it.
+/// The loop is the boundary of all of them, counted as often as they overlap: the boundary of the chain's
+/// own set, less the strips on its left or with the strips on its right. A point thus belongs to the offset
+/// set exactly when the loops of all its chains have a positive winding number there. What the strips have in
+/// common at a corner of the other kind is passed as a spur to the corner and back, or cut off where nothing
+/// depends on it (corner_trim.h).
 class OffsetChain {
  public:
-  OffsetChain(Sketch& sketch, double left, const RegionOffset& options)
-      : sketch_(sketch), left_(left), options_(options) {}
+  OffsetChain(const Sketch& sketch, double left, const RegionOffset& options);
 
-  /// Requires: the links have a length, and each begins where the one before it ends.
-  void Add(const std::vector<ChainLink>& links) { Add(links, links.size(), EndForm::kCorner); }
-  /// The chain of an open path and of its way back: the ends after `there` links and after the last one have
+  /// Spans without a length are left out. Requires: each span begins where the one before it ends.
+  RegionLoop Around(const std::vector<RegionSpan>& spans) {
+    return Around(spans, spans.size(), EndForm::kCorner);
+  }
+  /// The chain of an open path and of its way back: the ends after `there` spans and after the last one have
   /// that form.
-  void Add(const std::vector<ChainLink>& links, std::size_t there, EndForm end);
+  RegionLoop Around(const std::vector<RegionSpan>& spans, std::size_t there, EndForm end);
+
+  /// The distance below which points of the loops are one.
+  double Resolution() const { return shortest_; }
 
  private:
-  /// A source span's offset, which corners lengthen.
-  struct Moved {
+  /// A span of the chain, and the ends of its offset.
+  struct Link {
+    const RegionSpan* source = nullptr;
+    bool isBack = false;  ///< on the way back of a path
+    Shape shape;
     Vector2d start, end;
   };
+  /// The curve between the offsets of two spans: an arc, or lines from the new end of the first one over
+  /// `via` to the new start of the second one.
+  struct Joint {
+    Vector2d end, start;
+    Vector2d via[2];
+    int viaCount = 0;
+    bool isArc = false;
+    bool isEnd = false;
+  };
   Vector2d Outwards(const Vector2d& tangent) const { return tangent.LeftNormal() * left_; }
-  void AddSpan(const ChainLink& link, const Moved& moved);
-  bool Shorten(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to) const;
-  void AddCorner(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to);
-  void AddSharp(const ChainLink& before, Moved& from, const ChainLink& after, Moved& to, double turn);
-  void AddRound(const ChainLink& before, const Moved& from, const Moved& to, const Tangents& tangents,
-                double turn, const RegionSpan& corner);
-  void AddEnd(const ChainLink& before, const Moved& from, const Moved& to, EndForm end);
-  void Extend(const ChainLink& link, Vector2d& end, const Vector2d& to, bool atEnd);
+  bool SetLink(const RegionSpan& span, bool isBack, Link& link) const;
+  Joint CornerOf(const Link& before, const Link& after, EndForm end) const;
+  Joint EndOf(const Link& before, const Link& after, EndForm end) const;
+  Joint SharpCornerOf(const Link& before, const Link& after, double turn) const;
+  void AddSpan(const Link& link, const Vector2d& end);
+  void AddCorner(const Link& before, const Joint& corner, const Link& after);
+  void AddArc(const Link& before, const Joint& corner, RegionSpan origin);
+  void AddMoved(const Link& link, const Vector2d& end);
+  bool IsApart(const Vector2d& to) const;
+  void Add(const RegionSpan& origin, std::int32_t dir, const Vector2d& to);
+  void Append(const RegionSpan& origin, std::int32_t dir, const Vector2d& to);
+  void Close(const Vector2d& start);
 
-  Sketch& sketch_;
-  double left_;
+  const Sketch& sketch_;
+  double left_, shortest_;
   RegionOffset options_;
+  RegionLoop loop_;
+  Vector2d at_;  ///< where the loop has come to
 };
 
 }  // namespace geometry::region

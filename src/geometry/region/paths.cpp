@@ -7,15 +7,9 @@
 namespace geometry {
 namespace {
 
-using region::ChainLink;
 using region::EndForm;
 using region::OffsetChain;
 using region::Sketch;
-using region::Turns;
-
-bool IsPositive(const Turns& turns) {
-  return turns[0] > 0;
-}
 
 RegionSpan Reversed(RegionSpan span) {
   std::swap(span.p0, span.p1);
@@ -39,35 +33,23 @@ EndForm FormOf(PathEnd end) {
 
 /// The path on both sides of itself: there, then back.
 struct ThereAndBack {
-  std::vector<ChainLink> links;
+  std::vector<RegionSpan> spans;
   std::size_t there = 0;
   bool isClosed = false;
 };
 
-ThereAndBack LinksOf(const Sketch& sketch, const std::vector<RegionSpan>& spans) {
-  ThereAndBack path;
-  for (const RegionSpan& span : spans) {
-    const region::Shape shape = sketch.ShapeOf(span);
-    if (shape.chord > 0) path.links.push_back({shape, span});
-  }
-  path.there = path.links.size();
-  for (std::size_t i = path.there; i-- > 0;) {
-    const RegionSpan back = Reversed(path.links[i].source);
-    path.links.push_back({sketch.ShapeOf(back), back});
-  }
-  if (path.there > 0)
-    path.isClosed = Dist(path.links[0].source.p0, path.links[path.there - 1].source.p1) == 0;
+ThereAndBack BothWays(const std::vector<RegionSpan>& spans) {
+  ThereAndBack path{spans, spans.size()};
+  for (auto span = spans.rbegin(); span != spans.rend(); ++span) path.spans.push_back(Reversed(*span));
+  if (!spans.empty()) path.isClosed = Dist(spans.front().p0, spans.back().p1) == 0;
   return path;
 }
 
-void AddBothSides(Sketch& sketch, const ThereAndBack& path, double distance, EndForm end,
-                  const RegionOffset& options) {
-  OffsetChain chain(sketch, -distance, options);
-  if (path.links.empty()) return;
-  if (!path.isClosed) return chain.Add(path.links, path.there, end);
-  const auto middle = path.links.begin() + static_cast<std::ptrdiff_t>(path.there);
-  chain.Add({path.links.begin(), middle});
-  chain.Add({middle, path.links.end()});
+void AddBothSides(OffsetChain& chain, const ThereAndBack& path, EndForm end, std::vector<RegionLoop>& moved) {
+  if (!path.isClosed) return moved.push_back(chain.Around(path.spans, path.there, end));
+  const auto middle = path.spans.begin() + static_cast<std::ptrdiff_t>(path.there);
+  moved.push_back(chain.Around({path.spans.begin(), middle}));
+  moved.push_back(chain.Around({middle, path.spans.end()}));
 }
 
 Region AsRegion(std::vector<RegionSpan> spans) {
@@ -106,10 +88,10 @@ Region Thicken(const Region& paths, double distance, PathEnd end, const RegionOf
   failed.ok = false;
   if (!sketch.IsSound() || !(distance >= 0) || !std::isfinite(distance)) return failed;
   if (distance == 0) return {};
-  for (const RegionLoop& path : paths.loops) {
-    AddBothSides(sketch, LinksOf(sketch, path.spans), distance, FormOf(end), options);
-  }
-  return FacesOf(sketch, IsPositive);
+  OffsetChain chain(sketch, -distance, options);
+  std::vector<RegionLoop> moved;
+  for (const RegionLoop& path : paths.loops) AddBothSides(chain, BothWays(path.spans), FormOf(end), moved);
+  return PositiveFacesOf(sketch, std::move(moved), chain.Resolution());
 }
 
 Region Thicken(const std::vector<KurveEx>& paths, double distance, PathEnd end, const RegionOffset& options) {
@@ -128,19 +110,22 @@ std::vector<RegionPath> OffsetPath(const KurveEx& path, double distance, const R
   const Region drawn = AsRegion(SpansOf(path));
   Sketch sketch({&drawn});
   if (!sketch.IsSound() || !std::isfinite(distance) || distance == 0) return {};
-  ThereAndBack both = LinksOf(sketch, drawn.loops[0].spans);
+  ThereAndBack both = BothWays(drawn.loops[0].spans);
   std::vector<IndexWord> words;
-  for (ChainLink& link : both.links) {
-    words.push_back(link.source.index0);
-    link.source.index0 = words.size();
+  for (RegionSpan& span : both.spans) {
+    words.push_back(span.index0);
+    span.index0 = words.size();
   }
-  AddBothSides(sketch, both, std::abs(distance), EndForm::kRound, options);
+  OffsetChain chain(sketch, -std::abs(distance), options);
+  std::vector<RegionLoop> moved;
+  AddBothSides(chain, both, EndForm::kRound, moved);
   // There, the boundary is on the right.
   const auto isWanted = [&](const RegionSpan& span) {
     return span.index0 != 0 && (span.index0 <= both.there) == (distance < 0);
   };
   std::vector<RegionPath> runs;
-  for (const RegionLoop& loop : FacesOf(sketch, IsPositive).loops) AddRuns(loop, isWanted, runs);
+  const Region thick = PositiveFacesOf(sketch, std::move(moved), chain.Resolution());
+  for (const RegionLoop& loop : thick.loops) AddRuns(loop, isWanted, runs);
   for (RegionPath& run : runs) {
     if (distance > 0) Reverse(run);
   }

@@ -71,8 +71,8 @@ region::Rule RuleOf(FillRule rule) {
 Region Combine(const Region& a, const Region& b, region::Rule rule) {
   Sketch sketch({&a, &b});
   if (sketch.IsSound()) {
-    sketch.AddLoops(a, {1, 0});
-    sketch.AddLoops(b, {0, 1});
+    sketch.AddLoops(a.loops, {1, 0});
+    sketch.AddLoops(b.loops, {0, 1});
   }
   return FacesOf(sketch, rule);
 }
@@ -117,7 +117,7 @@ double Region::Perimeter() const {
 
 Region Clean(const Region& loops, FillRule rule) {
   Sketch sketch({&loops});
-  if (sketch.IsSound()) sketch.AddLoops(loops, {1, 0});
+  if (sketch.IsSound()) sketch.AddLoops(loops.loops, {1, 0});
   return FacesOf(sketch, RuleOf(rule), region::Cancelled::kKept);
 }
 

@@ -37,78 +37,83 @@ void SetArc(Shape& shape, const Vector2d& centre, int dir) {
   const Vector2d chord = shape.b - shape.a, middle = shape.a + chord * 0.5;
   const double half = shape.chord / 2;
   const double centreLeft = Cross(chord, centre - middle) / shape.chord * dir;
-  const double halfSweep = std::atan2(half, centreLeft);
-  const double radius = std::hypot(half, centreLeft);
-  shape.sweep = 2 * halfSweep;
-  if (halfSweep < kEighth) {
+  if (half < centreLeft) {
+    const double radius = std::sqrt(half * half + centreLeft * centreLeft);
     shape.k = dir / radius;
     const double sine = dir * half / radius, cosine = centreLeft / radius;
     const Vector2d unit = chord * (1 / shape.chord);
     shape.tangents = {Turned(unit, -sine, cosine), Turned(unit, sine, cosine)};
     return;
   }
-  shape.k = 2 * dir / ((shape.a - centre).Magnitude() + (shape.b - centre).Magnitude());
-  const auto tangent = [&](const Vector2d& p) {
-    const Vector2d out = p - centre;
-    return out.LeftNormal() * (dir / out.Magnitude());
-  };
-  shape.tangents = {tangent(shape.a), tangent(shape.b)};
+  const Vector2d first = shape.a - centre, second = shape.b - centre;
+  const double atStart = std::sqrt(Dot(first, first)), atEnd = std::sqrt(Dot(second, second));
+  shape.k = 2 * dir / (atStart + atEnd);
+  shape.tangents = {first.LeftNormal() * (dir / atStart), second.LeftNormal() * (dir / atEnd)};
+}
+
+/// The angle of an arc, twice that between its chord and its tangent.
+double SweepOf(const Shape& shape) {
+  const Vector2d chord = shape.b - shape.a;
+  const double side = std::abs(Cross(shape.tangents.start, chord));
+  return shape.k == 0 ? 0 : 2 * std::atan2(side, Dot(shape.tangents.start, chord));
 }
 
 }  // namespace
 
-Shape LineShape(const Vector2d& a, const Vector2d& b) {
-  Shape line{a, b, {}, 0, 0, (b - a).Magnitude()};
-  if (line.chord > 0) line.tangents.start = line.tangents.end = (b - a) * (1 / line.chord);
-  return line;
-}
-
 Sketch::Sketch(const std::vector<const Region*>& regions) {
-  Box box;
   for (const Region* region : regions) {
     isSound_ &= region->ok;
     for (const RegionLoop& loop : region->loops) {
-      for (const RegionSpan& span : loop.spans) Include(span, box);
+      for (const RegionSpan& span : loop.spans) Include(span);
     }
-    for (const RegionSpan& span : region->loose) Include(span, box);
+    for (const RegionSpan& span : region->loose) Include(span);
   }
-  if (!isSound_ || box.min.x > box.max.x) return;
-  base_ = {BaseOf(box.min.x, box.max.x), BaseOf(box.min.y, box.max.y)};
+  if (!isSound_ || ends_.min.x > ends_.max.x) return;
+  base_ = {BaseOf(ends_.min.x, ends_.max.x), BaseOf(ends_.min.y, ends_.max.y)};
 }
 
-void Sketch::Include(const RegionSpan& span, Box& box) {
+void Sketch::Include(const RegionSpan& span) {
   isSound_ &= IsModerate(span.p0) && IsModerate(span.p1);
-  box.Insert(span.p0);
-  box.Insert(span.p1);
+  ends_.Insert(span.p0);
+  ends_.Insert(span.p1);
   if (span.dir == LINEAR) return;
   const double first = Dist(span.p0, span.pc), second = Dist(span.p1, span.pc);
   isSound_ &= IsModerate(span.pc) && std::abs(first - second) <= TOLERANCE;
+  const bool isLong = Cross(Vector2d(span.p0, span.p1), Vector2d(span.p0, span.pc)) * span.dir < 0;
+  if (!isLong) return;
+  ends_.Insert(span.pc - Vector2d(first, first));
+  ends_.Insert(span.pc + Vector2d(first, first));
 }
 
 Shape Sketch::ShapeOf(const RegionSpan& span) const {
   const auto local = [&](const Point& p) { return Vector2d(p.x - base_.dx, p.y - base_.dy); };
-  Shape shape = LineShape(local(span.p0), local(span.p1));
-  if (span.dir != LINEAR && shape.chord > 0) SetArc(shape, local(span.pc), span.dir > 0 ? 1 : -1);
+  Shape shape{local(span.p0), local(span.p1), {}};
+  const Vector2d chord = shape.b - shape.a;
+  shape.chord = std::sqrt(Dot(chord, chord));
+  if (!(shape.chord > 0)) return shape;
+  shape.tangents.start = shape.tangents.end = chord * (1 / shape.chord);
+  if (span.dir != LINEAR) SetArc(shape, local(span.pc), span.dir > 0 ? 1 : -1);
   return shape;
 }
 
-void Sketch::Add(const Shape& shape, const RegionSpan& origin, const Turns& turns) {
-  if (!(shape.chord > 0)) return;
-  strokes_.push_back({shape.a, shape.b, shape.tangents.start, shape.k, shape.sweep,
-                      static_cast<std::uint32_t>(origins_.size()), turns});
-  origins_.push_back(origin);
-}
-
-void Sketch::AddLine(const Vector2d& a, const Vector2d& b, const RegionSpan& origin) {
-  RegionSpan line = origin;
-  line.dir = LINEAR;
-  Add(LineShape(a, b), line, {1, 0});
-}
-
-void Sketch::AddLoops(const Region& region, const Turns& turns) {
-  for (const RegionLoop& loop : region.loops) {
-    for (const RegionSpan& span : loop.spans) Add(ShapeOf(span), span, turns);
+void Sketch::AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns) {
+  for (const RegionLoop& loop : loops) {
+    for (const RegionSpan& span : loop.spans) {
+      const Shape shape = ShapeOf(span);
+      if (!(shape.chord > 0)) continue;
+      strokes_.push_back({shape.a, shape.b, shape.tangents.start, shape.k, SweepOf(shape),
+                          static_cast<std::uint32_t>(origins_.size()), turns});
+      origins_.push_back(span);
+    }
   }
+}
+
+double Sketch::ResolutionOf(const Box& box) const {
+  const double size = std::max(box.Width(), box.Height());
+  const double largest =
+      std::max({std::abs(box.min.x), std::abs(box.max.x), std::abs(box.min.y), std::abs(box.max.y)}) +
+      std::max(std::abs(base_.dx), std::abs(base_.dy));
+  return std::max(std::ldexp(PowerAbove(size), -43), std::ldexp(PowerAbove(largest), -50));
 }
 
 double Sketch::Distance() const {
@@ -120,11 +125,13 @@ double Sketch::Distance() const {
       box.Insert(Point(p.dx + bulge, p.dy + bulge));
     }
   }
-  const double size = std::max(box.Width(), box.Height());
-  const double largest =
-      std::max({std::abs(box.min.x), std::abs(box.max.x), std::abs(box.min.y), std::abs(box.max.y)}) +
-      std::max(std::abs(base_.dx), std::abs(base_.dy));
-  return std::max(std::ldexp(PowerAbove(size), -43), std::ldexp(PowerAbove(largest), -50));
+  return ResolutionOf(box);
+}
+
+double Sketch::Resolution(double reach) const {
+  Box box(ends_.min - base_, ends_.max - base_);
+  box.Grow(reach);
+  return ResolutionOf(box);
 }
 
 }  // namespace geometry::region

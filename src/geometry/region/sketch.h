@@ -7,12 +7,11 @@
 
 namespace geometry::region {
 
-/// A span of a region, resolved: a line (k = 0, sweep = 0), or an arc.
+/// A span of a region, resolved: a line (k = 0), or an arc.
 struct Shape {
   Vector2d a, b;
   Tangents tangents;
   double k = 0;
-  double sweep = 0;
   double chord = 0;  ///< 0: the span has no length, and no tangents
 };
 
@@ -28,29 +27,28 @@ class Sketch {
   /// centres.
   bool IsSound() const { return isSound_; }
   Shape ShapeOf(const RegionSpan& span) const;
+  const Vector2d& Base() const { return base_; }
   Point PointAt(const Vector2d& p) const { return {p.dx + base_.dx, p.dy + base_.dy}; }
 
-  /// Adds a part of the line or circle of `origin`; the ends of `origin` do not matter.
-  void Add(const Shape& shape, const RegionSpan& origin, const Turns& turns);
-  void AddLine(const Vector2d& a, const Vector2d& b, const RegionSpan& origin);
-  void AddLoops(const Region& region, const Turns& turns);
+  void AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns);
 
   const std::vector<Stroke>& Strokes() const { return strokes_; }
   const RegionSpan& Origin(std::uint32_t i) const { return origins_[i]; }
-  /// The distance below which points are one, r of geometry/region.h.
+  /// The distance below which points are one, r of geometry/region.h, for the curves so far.
   double Distance() const;
+  /// The same for curves within `reach` of the regions; not above it.
+  double Resolution(double reach) const;
 
  private:
-  void Include(const RegionSpan& span, Box& box);
+  void Include(const RegionSpan& span);
+  double ResolutionOf(const Box& box) const;
 
+  Box ends_;  ///< of the ends of the regions' spans, and of the circles of long arcs
   Vector2d base_;
   bool isSound_ = true;
   std::vector<Stroke> strokes_;
   std::vector<RegionSpan> origins_;
 };
-
-/// The line from a to b with its tangents.
-Shape LineShape(const Vector2d& a, const Vector2d& b);
 
 /// Whether a face of these winding numbers belongs to the result.
 using Rule = bool (*)(const Turns&);
@@ -59,5 +57,9 @@ using Rule = bool (*)(const Turns&);
 /// that do not bound it are its loose ones. The result is not ok when the sketch is not sound or could not be
 /// normalised.
 Region FacesOf(const Sketch& sketch, Rule rule, Cancelled cancelled = Cancelled::kDropped);
+
+/// The points around which the loops have a positive winding number. The sketch is that of the regions which
+/// they were made of.
+Region PositiveFacesOf(Sketch& sketch, std::vector<RegionLoop> loops, double resolution);
 
 }  // namespace geometry::region
