@@ -107,6 +107,22 @@ TEST_F(Layouts, LetTheTabKeyReachEveryControlThatIsOpen) {
   });
 }
 
+TEST_F(Layouts, LetTheTabKeyGoFromTreeAndSpurOverThePageToTheButtons) {
+  OnEachPage([](const view::DialogState& state, DialogWindow& window) {
+    window.Tree().setFocus();
+    std::vector<int> way;
+    do {
+      way.push_back(window.focusWidget()->objectName().toInt());
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    } while (window.focusWidget() != &window.Tree() && way.size() < 60);
+    ASSERT_GT(way.size(), 6U) << state.page;
+    EXPECT_EQ(std::vector(way.begin(), way.begin() + 2), (std::vector{control::kTree, control::kSpurs}));
+    EXPECT_EQ(std::vector(way.end() - 4, way.end()),
+              (std::vector{control::kLoad, control::kSave, control::kOk, control::kHelp}))
+        << state.page;
+  });
+}
+
 TEST_F(Layouts, GiveTheButtonsOfEveryPageALetter) {
   OnEachPage([](const view::DialogState& state, DialogWindow& window) {
     for (const std::int32_t id : ActionsOf(*view::qt::FindPageLayout(state.page))) {

@@ -10,6 +10,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QWheelEvent>
+#include <cmath>
 
 #include "platform/message_box.h"
 #include "view/ids.h"
@@ -152,6 +153,74 @@ TEST_F(Window, PressesTheButtonThatHasTheFocus) {
     Key(window, Qt::Key_Return);
   });
   EXPECT_THAT(world.Stored(), Contains(testing::HasSubstr("1 50.000000 60.000000")));
+}
+
+TEST_F(Window, TakesAColumnOfNumbersWithOneTabEach) {
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    TypeOver(window, control::kOuterDiameter, "42");
+    for (const char* value : {"50", "1", "2", "10", "100"}) {
+      Key(window, Qt::Key_Tab);
+      QTest::keyClicks(window.focusWidget(), value);
+    }
+    Do(window, "press 2016\n");
+  });
+  EXPECT_THAT(world.Stored(), Contains("1.8 1 42.000000 50.000000 1.000000 2.000000 10.000000 0 100.000000"));
+}
+
+TEST_F(Window, PicksTheValueWithTheFocusByAKey) {
+  world.positions = {{0, 12, 20}};
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 19\n");
+    Edit(window, control::kOuterDiameter).setFocus();
+    Key(window, Qt::Key_F4);
+    EXPECT_EQ(Edit(window, control::kOuterDiameter).text(), QStringLiteral("40"));
+    Edit(window, control::kFrontAllowance).setFocus();
+    Key(window, Qt::Key_F4);
+    EXPECT_TRUE(window.isVisible()) << "a value that cannot be picked";
+  });
+}
+
+TEST_F(Window, AsksForTheHelpOfThePageByF1) {
+  Serve([&](DialogWindow& window) {
+    EXPECT_EQ(window.property("helpPage").toString(), QStringLiteral("guide/pages.md"));
+    Do(window, "select 19\n");
+    EXPECT_EQ(window.property("helpPage").toString(), QStringLiteral("guide/pages.md#billet-cylindrical"));
+    host.TakeCalls();
+    Key(window, Qt::Key_F1);
+    EXPECT_THAT(host.TakeCalls(), Contains("OrvoMacroExec('loadhelp', '')"));
+  });
+}
+
+/// The relative luminance of a colour, as contrasts are computed.
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
+TEST_F(Window, FramesEditsAndBoxesVisiblyInLightAndDark) {
+  const QPalette before = QApplication::palette();
+  for (const QColor& ground : {QColor(0x24, 0x28, 0x2d), QColor(0xf1, 0xf3, 0xf5)}) {
+    QApplication::setPalette(QPalette(ground, ground));
+    Serve([&](DialogWindow& window) {
+      Do(window, "select 19\nset 2138 0\n");
+      window.Tree().setFocus();
+      for (const int id : {control::kOuterDiameter, control::kHideBillet}) {
+        QWidget& widget = *window.WidgetOf(id);
+        const QImage image = widget.grab().toImage();
+        const QColor edge = image.pixelColor(0, image.height() / 2);
+        EXPECT_GE(Contrast(edge, ground), 3) << id << " " << edge.name().toStdString();
+      }
+    });
+  }
+  QApplication::setPalette(before);
 }
 
 TEST_F(Window, WalksTheTreeByKeys) {

@@ -10,6 +10,7 @@
 #include <QSpinBox>
 #include <QWheelEvent>
 
+#include "view/qt/framed.h"
 #include "view/qt/icons.h"
 #include "view/qt/lengths.h"
 #include "view/qt/pictures/sketch_painter.h"
@@ -26,9 +27,9 @@ constexpr const char* kNoNumber = Translatable("Not a number");
 /// A widget whose value the wheel changes only while it has the focus. Otherwise a user who scrolls a page
 /// would change the values under the cursor.
 template <class Widget>
-class NoAccidentalWheel final : public Widget {
+class NoAccidentalWheel final : public Framed<Widget> {
  public:
-  using Widget::Widget;
+  using Framed<Widget>::Framed;
 
  protected:
   void wheelEvent(QWheelEvent* event) override {
@@ -66,7 +67,7 @@ class ButtonWidget final : public ControlWidget {
 class EditWidget final : public ControlWidget {
  public:
   EditWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new QLineEdit(parent)) {
+      : ControlWidget(control.id, new Framed<QLineEdit>(parent)) {
     const std::int32_t id = control.id;
     QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [this, send, id](const QString& text) {
       send([&](Dialog& dialog) { dialog.SetText(id, DialogText(text, unit_)); });
@@ -120,7 +121,7 @@ class EditWidget final : public ControlWidget {
 class CheckWidget final : public ControlWidget {
  public:
   CheckWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new QCheckBox(parent)) {
+      : ControlWidget(control.id, new Framed<QCheckBox>(parent)) {
     const std::int32_t id = control.id;
     QObject::connect(&Box(), &QCheckBox::clicked, &Box(), [send, id](bool isChecked) {
       send([=](Dialog& dialog) { dialog.SetChecked(id, isChecked); });

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -156,6 +157,8 @@ void DialogWindow::Show(const DialogState& state) {
     if (control != state.dialog.end()) widget->Show(*control);
   }
   ShowPage(state);
+  OrderTabs();
+  PublishHelp();
   ShowMnemonics();
 }
 
@@ -175,6 +178,21 @@ void DialogWindow::ShowPage(const DialogState& state) {
   page_ = page;
   page->Show(state.controls, PlaceInTree(state), FocusedControl());
   stack_->setCurrentWidget(page);
+}
+
+void DialogWindow::OrderTabs() {
+  std::vector<QWidget*> chain = {tree_, WidgetOf(control::kSpurs)};
+  const std::vector<QWidget*> beside = page_ != nullptr ? page_->TabChain() : empty_->TabChain();
+  chain.insert(chain.end(), beside.begin(), beside.end());
+  for (const std::int32_t id : {control::kLoad, control::kSave, control::kOk, control::kHelp})
+    chain.push_back(WidgetOf(id));
+  for (std::size_t i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
+}
+
+/// A host that uses Qt finds the page of help for what is in front in a property of the window.
+void DialogWindow::PublishHelp() {
+  const QString heading = page_ == nullptr ? QString() : QLatin1Char('#') + QLatin1String(page_->Help());
+  setProperty("helpPage", QStringLiteral("guide/pages.md") + heading);
 }
 
 void DialogWindow::ShowMnemonics() {
@@ -233,6 +251,14 @@ QWidget* DialogWindow::WidgetOf(std::int32_t control) const {
 
 void DialogWindow::reject() {
   Perform([](Dialog& dialog) { dialog.Close(); });
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) return Perform([](Dialog& dialog) { dialog.Press(control::kHelp); });
+  auto* const pick = qobject_cast<QPushButton*>(
+      event->key() == Qt::Key_F4 && page_ != nullptr ? page_->PickButtonOf(FocusedControl()) : nullptr);
+  if (pick != nullptr) return pick->click();
+  QDialog::keyPressEvent(event);
 }
 
 void DialogWindow::RestoreSize() {

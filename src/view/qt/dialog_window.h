@@ -50,6 +50,10 @@ class DialogWindow final : public QDialog {
   /// Called for the window's frame and the Escape key.
   void reject() override;
 
+ protected:
+  /// F1 asks for help; F4 presses the button that fills the value with the focus.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void Build(const DialogState& state);
   QWidget* BuildLeft(const DialogState& state);
@@ -59,6 +63,10 @@ class DialogWindow final : public QDialog {
   void Perform(const std::function<void(Dialog&)>& event);
   void ShowPage(const DialogState& state);
   void ShowMnemonics();
+
+  /// The tree, the spurs, what is beside them, the buttons.
+  void OrderTabs();
+  void PublishHelp();
   void FocusMoved();
   std::int32_t FocusedControl() const;
 

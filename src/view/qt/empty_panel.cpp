@@ -49,6 +49,7 @@ void EmptyPanel::Show(const DialogState& state) {
     item->widget()->deleteLater();
     delete item;
   }
+  chain_.clear();
   for (const TreeNode& node : state.tree) {
     if (node.parent == state.selectedNode) AddButton(node);
   }
@@ -69,6 +70,7 @@ void EmptyPanel::AddButton(const TreeNode& node) {
   connect(button, &QPushButton::clicked, this,
           [this, id] { send_([id](Dialog& dialog) { dialog.SelectNode(id); }); });
   buttons_->addWidget(button);
+  chain_.push_back(button);
 }
 
 }  // namespace vanzet::view::qt

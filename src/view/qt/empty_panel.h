@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "view/qt/control_widget.h"
 
@@ -17,6 +18,9 @@ class EmptyPanel final : public QWidget {
   /// Shows the children of the selected node; the roots while none is selected.
   void Show(const DialogState& state);
 
+  /// The widgets that the keyboard reaches, in order.
+  const std::vector<QWidget*>& TabChain() const { return chain_; }
+
  private:
   void AddButton(const TreeNode& node);
 
@@ -24,6 +28,7 @@ class EmptyPanel final : public QWidget {
   QLabel* title_;
   QLabel* hint_;
   QVBoxLayout* buttons_;
+  std::vector<QWidget*> chain_;
 };
 
 }  // namespace vanzet::view::qt

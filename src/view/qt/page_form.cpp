@@ -202,15 +202,13 @@ QWidget* PageForm::MakeActions(std::span<const std::int32_t> ids, QWidget* paren
   return box;
 }
 
-void PageForm::Finish() {
-  controls_ = nullptr;
-  QWidget* former = nullptr;
+std::vector<QWidget*> PageForm::TabChain() const {
+  std::vector<QWidget*> chain;
   for (const std::int32_t id : ControlsOf(layout_)) {
     QWidget* const widget = WidgetOf(id);
-    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
-    if (former != nullptr) setTabOrder(former, widget);
-    former = widget;
+    if (widget != nullptr && widget->focusPolicy() != Qt::NoFocus) chain.push_back(widget);
   }
+  return chain;
 }
 
 void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {

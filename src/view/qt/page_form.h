@@ -27,7 +27,10 @@ class PageForm final : public QWidget {
   QWidget* MakeActions(std::span<const std::int32_t> ids, QWidget* parent);
 
   /// Has to be called when all widgets are made.
-  void Finish();
+  void Finish() { controls_ = nullptr; }
+
+  /// The widgets that the keyboard reaches, in order.
+  std::vector<QWidget*> TabChain() const;
 
   /// Shows the state of the controls, and the names of the values of the device type that the picture is of.
   void Show(const std::vector<Control>& controls, std::int32_t bitmap);

@@ -115,15 +115,15 @@ constexpr const char* kNoDevice = "Choose a device, and its picture appears here
 constexpr const char* kNoKind = "Choose a kind below this entry of the tree.";
 
 constexpr PageLayout kLayouts[] = {
-    {"CPageClampElem",            0,                control::kDevicePicture, kClampElem,    {},          kNoDevice},
-    {"CPageBezel",                0,                control::kPicture,       kBezel,        kSelectAction},
-    {"CPageBilletCylindric",      control::kHeader, control::kPicture,       kCylindric,    kCylindricActions},
-    {"CPageBilletFromFigure",     control::kHeader, control::kPicture,       kBilletFigure, kSelectAction},
-    {"CPageBilletFromSolid",      control::kHeader, control::kPicture,       kBilletSolid,  kSelectAction},
-    {"CPageFinishpartFromFigure", control::kHeader, control::kPicture,       kFinishFigure, kSelectAction},
-    {"CPageFinishpartFromSolid",  control::kHeader, control::kPicture,       kFinishSolid,  kSelectAction},
-    {"CPageZeroPiontShift",       control::kHeader, control::kPicture,       kDatum,        kSelectAction},
-    {"CPageClampElemNew",         0,                control::kNewPicture,    kNew,          kNewActions, kNoKind},
+    {"CPageClampElem",            "chuck-collet-mandrel-face-driver-jaw-center", 0,                control::kDevicePicture, kClampElem,    {},          kNoDevice},
+    {"CPageBezel",                "bezel", 0,                control::kPicture,       kBezel,        kSelectAction},
+    {"CPageBilletCylindric",      "billet-cylindrical", control::kHeader, control::kPicture,       kCylindric,    kCylindricActions},
+    {"CPageBilletFromFigure",     "billet-from-geometry-billet-from-solid", control::kHeader, control::kPicture,       kBilletFigure, kSelectAction},
+    {"CPageBilletFromSolid",      "billet-from-geometry-billet-from-solid", control::kHeader, control::kPicture,       kBilletSolid,  kSelectAction},
+    {"CPageFinishpartFromFigure", "finishpart", control::kHeader, control::kPicture,       kFinishFigure, kSelectAction},
+    {"CPageFinishpartFromSolid",  "finishpart", control::kHeader, control::kPicture,       kFinishSolid,  kSelectAction},
+    {"CPageZeroPiontShift",       "datum", control::kHeader, control::kPicture,       kDatum,        kSelectAction},
+    {"CPageClampElemNew",         "create-new-clampdevice", 0,                control::kNewPicture,    kNew,          kNewActions, kNoKind},
 };
 // clang-format on
 
@@ -138,6 +138,14 @@ const PageLayout* FindPageLayout(std::string_view page) {
   return layout == std::end(kLayouts) ? nullptr : layout;
 }
 
+std::int32_t PickButtonOf(const PageLayout& layout, std::int32_t edit) {
+  for (const FieldGroup& group : layout.groups) {
+    const auto row = std::ranges::find(group.rows, edit, &FieldRow::control);
+    if (row != group.rows.end()) return row->button;
+  }
+  return 0;
+}
+
 std::vector<std::int32_t> ActionsOf(const PageLayout& layout) {
   std::vector<std::int32_t> ids(layout.actions.begin(), layout.actions.end());
   for (const FieldGroup& group : layout.groups) {
@@ -150,8 +158,8 @@ std::vector<std::int32_t> ControlsOf(const PageLayout& layout) {
   std::vector<std::int32_t> ids = {layout.header, layout.picture};
   for (const FieldGroup& group : layout.groups) {
     ids.push_back(group.titleLabel);
-    for (const FieldRow& row : group.rows)
-      ids.insert(ids.end(), {row.label, row.control, row.inner, row.button});
+    for (const FieldRow& row : group.rows) ids.insert(ids.end(), {row.label, row.control, row.inner});
+    for (const FieldRow& row : group.rows) ids.push_back(row.button);
     ids.push_back(group.action);
   }
   ids.insert(ids.end(), layout.actions.begin(), layout.actions.end());

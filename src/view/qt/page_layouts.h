@@ -36,6 +36,7 @@ struct FieldGroup {
 
 struct PageLayout {
   std::string_view page;    ///< the class of the page
+  const char* help;         ///< the heading in the guide's page of the pages, as the end of its address
   std::int32_t header = 0;  ///< a label that is the page's title; 0: its place in the tree is
   std::int32_t picture = 0;
   std::span<const FieldGroup> groups = {};
@@ -49,10 +50,14 @@ std::span<const PageLayout> PageLayouts();
 /// Null for a page that has none.
 const PageLayout* FindPageLayout(std::string_view page);
 
+/// The button that fills an edit; 0 for none.
+std::int32_t PickButtonOf(const PageLayout& layout, std::int32_t edit);
+
 /// The buttons that apply the values of the page, or of a part of it.
 std::vector<std::int32_t> ActionsOf(const PageLayout& layout);
 
-/// The ids of all controls that a layout places, in the order of the keyboard.
+/// The ids of all controls that a layout places, in the order of the keyboard: in each group the values one after
+/// the other, then the buttons that fill them.
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout);
 
 }  // namespace vanzet::view::qt

@@ -82,6 +82,14 @@ void PagePanel::Reveal(std::int32_t control) {
   if (widget != nullptr && form_->isAncestorOf(widget)) scroll_->ensureWidgetVisible(widget);
 }
 
+std::vector<QWidget*> PagePanel::TabChain() const {
+  return form_->TabChain();
+}
+
+QWidget* PagePanel::PickButtonOf(std::int32_t edit) const {
+  return form_->WidgetOf(qt::PickButtonOf(layout_, edit));
+}
+
 QWidget* PagePanel::WidgetOf(std::int32_t control) const {
   if (control == layout_.picture && control != 0) return picture_;
   return form_->WidgetOf(control);

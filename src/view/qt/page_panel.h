@@ -31,6 +31,14 @@ class PagePanel final : public QWidget {
   /// Scrolls to a control.
   void Reveal(std::int32_t control);
 
+  /// The widgets that the keyboard reaches, in order.
+  std::vector<QWidget*> TabChain() const;
+
+  /// The button that fills an edit; null for none.
+  QWidget* PickButtonOf(std::int32_t edit) const;
+
+  const char* Help() const { return layout_.help; }
+
   /// The widget of a control; null for one of another page.
   QWidget* WidgetOf(std::int32_t control) const;
 
