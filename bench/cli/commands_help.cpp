@@ -122,6 +122,8 @@ constexpr Shell kShells[] = {
 _vanzet() {
   local choices current="${COMP_WORDS[COMP_CWORD]}"
   local before="${COMP_WORDS[*]:1:COMP_CWORD-1} "
+  # The shell makes three words of --option=value.
+  before="${before%= }" current="${current#=}"
   case "$before" in
 )",
      PlainCase,
@@ -136,26 +138,45 @@ complete -o filenames -F _vanzet vanzet
 # Completion of vanzet for zsh: source <(vanzet completion zsh)
 _vanzet() {
   local before="${words[2,CURRENT-1]} " choices
+  if [[ $PREFIX == --*=* ]]; then
+    before+="${PREFIX%%=*} "
+    compset -P '*='
+  fi
   case "$before" in
 )",
      PlainCase,
      R"(  esac
-  compadd -- ${(s: :)choices}
-  _files
+  compadd -- ${(s: :)choices} || _files
 }
 compdef _vanzet vanzet
 )"},
     {"fish",
      R"(# Completion of vanzet for fish: vanzet completion fish | source
 function __vanzet_words
-  set -l before (commandline -opc)
-  set -e before[1]
-  switch "$before "
+  switch "$argv "
 )",
      FishCase,
      R"(  end
 end
-complete -c vanzet -a '(__vanzet_words)'
+function __vanzet_complete
+  set -l before (commandline -opc)
+  set -l current (commandline -ct)
+  set -l option
+  if string match -q -- '--*=*' "$current"
+    set option (string split -m 1 = -- $current)
+    set -a before $option[1]
+    set current "$option[2]"
+    set option "$option[1]="
+  end
+  set -l wanted '^'(string escape --style=regex -- "$current")
+  set -l words (__vanzet_words $before[2..] | string match --entire --regex -- $wanted)
+  if set -q words[1]
+    printf '%s\n' "$option"$words
+  else
+    printf '%s\n' "$option"(__fish_complete_path $current)
+  end
+end
+complete -c vanzet -f -a '(__vanzet_complete)'
 )"},
 };
 

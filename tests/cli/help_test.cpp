@@ -117,32 +117,6 @@ TEST_F(Help, AGermanTableHasGermanHeadingsAndJsonHasNone) {
   EXPECT_EQ(Vanzet("show nothing", de).err, Vanzet("show nothing").err);
 }
 
-TEST_F(Help, CompletesCommandsOptionsAndTheValuesOfOptions) {
-  WriteBytes(folder / "completion.bash", Vanzet("completion bash").out);
-  const std::vector<std::pair<std::string, std::string>> lines = {
-      {"vanzet sh", "show"},
-      {"vanzet vdm ''", "save load check --help"},
-      {"vanzet show --s", "--spur"},
-      {"vanzet vdm check --j", "--json"},
-      {"vanzet completion ''", "bash zsh fish --help"},
-      {"vanzet export lathe --format s", "stl step"},
-      {"vanzet contour offset x.txt 1 --method k", "kurve kurveex"},
-      {"vanzet export lathe --out com", "completion.bash"},
-      {"vanzet help -", "--help"},
-  };
-  std::string script = "source completion.bash\n", expected;
-  for (const auto& [line, words] : lines) {
-    script +=
-        "COMP_WORDS=(" + line + "); COMP_CWORD=$((${#COMP_WORDS[@]}-1)); _vanzet; echo \"${COMPREPLY[*]}\"\n";
-    expected += words + "\n";
-  }
-  WriteBytes(folder / "ask.bash", script);
-  EXPECT_THAT(Vanzet("--version", "bash ask.bash &&").out, testing::StartsWith(expected));
-  EXPECT_THAT(Vanzet("completion zsh").out, HasSubstr("#compdef vanzet\n"));
-  EXPECT_THAT(Vanzet("completion fish").out,
-              HasSubstr("    case 'export* --format '\n      string split -n ' ' -- 'wrl stl step gltf'\n"));
-}
-
 TEST_F(Help, IsWhatTheManualHolds) {
   EXPECT_TRUE(Vanzet("manual").out == ReadBytes(VANZET_SOURCE_DIR "/docs/command-line.md"))
       << "renew it: vanzet manual > docs/command-line.md";
