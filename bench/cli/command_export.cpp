@@ -3,6 +3,7 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/progress_line.h"
 #include "cli/written_files.h"
@@ -23,6 +24,7 @@ struct ExportArguments {
   std::string body;
   std::int32_t spur = 0;
   bool isJson = false;
+  std::optional<LengthUnit> unit;
   bool isStrict = false;
 
   results::ExportOptions Options() const { return {*modeller::FormatNamed(format), body}; }
@@ -50,6 +52,7 @@ Result<void> CheckIsNoInputFolder(const fs::path& folder, const project::Project
 
 Result<void> ExportToFolder(const ExportArguments& arguments, const project::Project& project,
                             const Context& context) {
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
   const fs::path folder = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInputFolder(folder, project));
   const auto exchange = ExchangeWithProgress();
@@ -58,7 +61,7 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
   for (const Fault& fault : report.missing) context.panel.Tell(fault);
   const auto outcome = OutcomeOfMissing(arguments.isStrict, context);
   for (const fs::path& file : report.changed) context.panel.Tell(results::ChangedSinceExport(file));
-  VANZET_DO(PrintWrittenFiles(report.files, arguments.isJson));
+  VANZET_DO(PrintWrittenFiles(report.files, {arguments.isJson, unit}));
   return outcome;
 }
 
@@ -96,15 +99,20 @@ void AddExport(Command& vanzet, Context& context) {
                     StoreText(arguments->body));
   command.AddOption("--spur", "N", "the spur; default: 0, the first", StoreNumber(arguments->spur));
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   AddStrict(command, arguments->isStrict);
   command.notes =
-      "Prints the files that were written. Those of an earlier export to the folder, which are no longer "
+      "Prints the files that were written; their own lengths do not depend on the unit. Those of an earlier "
+      "export to the folder, which are no longer "
       "among them, are removed; vanzet-export.json in the folder lists them. With --body nothing is "
       "removed. "
       "A body that cannot be made is named on standard error, and the others are written all the same.";
   command.examples = {"vanzet export lathe --out models --format step",
                       "vanzet export lathe --out - --format stl --body 'main billet' >billet.stl"};
-  command.check = [=] { CheckListing(arguments->out, arguments->isJson); };
+  command.check = [=] {
+    CheckListing(arguments->out, "--json", arguments->isJson);
+    CheckListing(arguments->out, "--unit", arguments->unit.has_value());
+  };
   command.work = [=, &context] { return Export(*arguments, context); };
 }
 

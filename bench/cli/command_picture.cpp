@@ -120,7 +120,7 @@ Result<void> Picture(const PictureArguments& arguments, const Context& context) 
   VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
   VANZET_TRY(const auto bytes, BytesOf(arguments, project, context.panel));
   VANZET_DO(files::ReplaceFile(file, bytes));
-  VANZET_DO(PrintWrittenFiles({{file, {}}}, arguments.isJson));
+  VANZET_DO(PrintWrittenFiles({{file, {}}}, {.isJson = arguments.isJson}));
   return OutcomeOfMissing(arguments.isStrict, context);
 }
 
@@ -144,7 +144,7 @@ void CheckOptions(const PictureArguments& arguments) {
     if (!isGiven || isOfEquipment == arguments.IsOfEquipment()) continue;
     throw WrongUsage{name, "has no effect with --view " + arguments.view};
   }
-  CheckListing(arguments.out, arguments.isJson);
+  CheckListing(arguments.out, "--json", arguments.isJson);
 }
 
 void AddDrawingOptions(Command& command, PictureArguments& arguments) {

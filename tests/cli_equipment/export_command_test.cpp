@@ -134,6 +134,30 @@ TEST_F(ExportCommand, ListsItsFilesWithTheirBodiesAsJson) {
   EXPECT_EQ(fs::file_size(folder / "models/main-billet.stl"), 84 + 50 * body["triangles"].get<std::size_t>());
 }
 
+TEST_F(ExportCommand, ListsLengthsInTheUnitThatIsAskedForOrThatOfTheProject) {
+  Export("stl");
+  const std::string file = ReadBytes(folder / "models/main-billet.stl");
+  const std::string billet = "export lathe --out models --format stl --body 'main billet'";
+  const Json metric = Json::parse(Vanzet(billet + " --json").out, nullptr, false);
+  EXPECT_FALSE(metric.contains("unit"));
+  const Json asked = Json::parse(Vanzet(billet + " --json --unit inch").out, nullptr, false);
+  WriteBytes(folder / "lathe/bench.ini",
+             ReadBytes(folder / "lathe/bench.ini") + "\n[project]\nunit = inch\n");
+  const Json own = Json::parse(Vanzet(billet + " --json").out, nullptr, false);
+  EXPECT_EQ(own, asked);
+  EXPECT_EQ(own["unit"], "inch");
+  const Json inches = own["files"][0]["bodies"][0], millimetres = metric["files"][0]["bodies"][0];
+  for (std::size_t i = 0; i < 6; ++i) {
+    EXPECT_NEAR(inches["box"][i].get<double>() * 25.4, millimetres["box"][i].get<double>(), 1e-6) << i;
+  }
+  EXPECT_NEAR(inches["volume"].get<double>() * 25.4 * 25.4 * 25.4, millimetres["volume"].get<double>(), 1e-3);
+  EXPECT_THAT(Vanzet(billet).out,
+              testing::ContainsRegex("main-billet.stl +84.[0-9]{4} inch3 +39.3701 x 1.6535 x 1.6535 inch\n"));
+  EXPECT_EQ(Json::parse(Vanzet(billet + " --json --unit mm").out, nullptr, false), metric);
+  EXPECT_EQ(ReadBytes(folder / "models/main-billet.stl"), file) << "the unit is that of the list alone";
+  EXPECT_EQ(Vanzet("export lathe --out - --format stl --unit inch").status, 2);
+}
+
 TEST_F(ExportCommand, WritesAnOpenBodyWithoutAVolume) {
   WriteBytes(folder / "lathe/bodies/sheet.stl",
              "solid sheet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex -50 0 0\nvertex 0 20 0\n"
