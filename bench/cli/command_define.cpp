@@ -1,6 +1,5 @@
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <sstream>
 
 #include <nlohmann/json.hpp>
@@ -12,6 +11,7 @@
 #include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
+#include "cli/standard_input.h"
 #include "define/changes.h"
 #include "define/events.h"
 #include "define/outcome.h"
@@ -48,7 +48,7 @@ struct Job {
 
 Result<define::Json> ReadForm(const std::string& file) {
   if (file == "-") {
-    return define::ReadJson({std::istreambuf_iterator<char>(std::cin), {}}, "standard input");
+    return define::ReadJson(ReadStandardInput("the form"), "standard input");
   }
   VANZET_TRY(const auto text, project::ReadTextFile(file, file));
   return define::ReadJson(text, file);
