@@ -200,7 +200,8 @@ void AddDeviceMake(Command& device) {
                  StoreText(arguments->looking))
       .OneOf({"x", "-x", "y", "-y", "z", "-z"});
   command.examples = {
-      "vanzet device make --class chuck --body maker.step --outline outline.txt --first 80 -o chuck.vdm"};
+      "vanzet device make --class chuck --body maker.step --face 60 --outline outline.txt --first 80 -o "
+      "chuck.vdm"};
   command.check = [=] { arguments->ToMillimetres(); };
   command.work = [=] { return Make(*arguments); };
 }
