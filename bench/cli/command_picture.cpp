@@ -3,9 +3,11 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
 #include "cli/progress_line.h"
+#include "cli/section_picture.h"
 #include "cli/written_files.h"
 #include "drawing/board.h"
 #include "drawing/picture.h"
@@ -19,12 +21,12 @@
 namespace vanzet::cli {
 namespace {
 
-constexpr const char* kEquipment = "equipment";
+constexpr const char *kDrawing = "drawing", *kEquipment = "equipment", *kSection = "section";
 
 struct PictureArguments {
   std::string project = ".";
   std::string out;
-  std::string view = "drawing";
+  std::string view = kDrawing;
   drawing::PictureOptions options;
   std::optional<drawing::Window> window;
   std::optional<std::int32_t> spur;
@@ -33,6 +35,7 @@ struct PictureArguments {
   std::vector<std::string> fitted, leftOut;
   bool isStrict = false;
   bool isJson = false;
+  std::optional<LengthUnit> unit;
 
   bool IsOfEquipment() const { return view == kEquipment; }
 };
@@ -58,6 +61,29 @@ Result<std::string> Draw(const PictureArguments& arguments, const project::Proje
   options.window = arguments.window.value_or(options.window);
   auto svg = drawing::PictureSvg(board.drawing(), options);
   return svg && IsPng(arguments.out) ? results::PngOf(*svg) : svg;
+}
+
+/// The half section of the equipment, and its picture.
+struct DrawnSection {
+  section::Section section;
+  LengthUnit unit;
+  std::string bytes;
+};
+
+Result<DrawnSection> DrawSection(const PictureArguments& arguments, const project::Project& project,
+                                 const Context& context) {
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
+  VANZET_TRY(auto section,
+             results::SectionOf(project, arguments.spur.value_or(0), ExchangeWithProgress(), context.panel));
+  const bool isPng = IsPng(arguments.out);
+  section::PictureOptions options{.layers = arguments.options.layers,
+                                  .width = arguments.options.width,
+                                  .height = arguments.options.height,
+                                  .unit = unit};
+  if (isPng) options = OptionsForPng(options, section);
+  VANZET_TRY(std::string svg, section::PictureSvg(section, options, context.texts));
+  VANZET_TRY(std::string bytes, isPng ? results::PngOf(svg) : Result<std::string>(std::move(svg)));
+  return DrawnSection{std::move(section), unit, std::move(bytes)};
 }
 
 /// The names of the bodies of a scene that are meant by these.
@@ -104,44 +130,65 @@ Result<std::string> DrawEquipment(const PictureArguments& arguments, const proje
   return results::PngOf(scene::Draw(model, options));
 }
 
-Result<std::string> BytesOf(const PictureArguments& arguments, const project::Project& project,
-                            project::MessagePanel& panel) {
-  return arguments.IsOfEquipment() ? DrawEquipment(arguments, project, panel) : Draw(arguments, project);
+/// A picture, and the list of what is in it.
+struct Drawn {
+  std::string bytes;
+  std::function<Result<void>(const std::filesystem::path& file)> printListing;
+};
+
+Result<Drawn> DrawView(const PictureArguments& arguments, const project::Project& project,
+                       const Context& context) {
+  const auto printFile = [isJson = arguments.isJson](const std::filesystem::path& file) {
+    return PrintWrittenFiles({{file, {}}}, {.isJson = isJson});
+  };
+  if (arguments.view != kSection) {
+    VANZET_TRY(std::string bytes, arguments.IsOfEquipment() ? DrawEquipment(arguments, project, context.panel)
+                                                            : Draw(arguments, project));
+    return Drawn{std::move(bytes), printFile};
+  }
+  VANZET_TRY(const DrawnSection drawn, DrawSection(arguments, project, context));
+  if (!arguments.isJson) return Drawn{drawn.bytes, printFile};
+  return Drawn{drawn.bytes, [drawn](const std::filesystem::path& file) {
+                 return PrintListing(drawn.section, file, drawn.unit);
+               }};
 }
 
 Result<void> Picture(const PictureArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   if (IsStandardOutput(arguments.out)) {
-    VANZET_TRY(const auto bytes, BytesOf(arguments, project, context.panel));
-    VANZET_DO(Print(bytes));
+    VANZET_TRY(const auto drawn, DrawView(arguments, project, context));
+    VANZET_DO(Print(drawn.bytes));
     return OutcomeOfMissing(arguments.isStrict, context);
   }
   const std::filesystem::path file = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
-  VANZET_TRY(const auto bytes, BytesOf(arguments, project, context.panel));
-  VANZET_DO(files::ReplaceFile(file, bytes));
-  VANZET_DO(PrintWrittenFiles({{file, {}}}, {.isJson = arguments.isJson}));
+  VANZET_TRY(const auto drawn, DrawView(arguments, project, context));
+  VANZET_DO(files::ReplaceFile(file, drawn.bytes));
+  VANZET_DO(drawn.printListing(file));
   return OutcomeOfMissing(arguments.isStrict, context);
 }
 
-/// Refuses the options of the other view.
+/// Refuses the options of other views.
 void CheckOptions(const PictureArguments& arguments) {
+  using Views = std::set<std::string_view>;
   const struct {
     const char* name;
-    bool isGiven, isOfEquipment;
+    bool isGiven;
+    Views views;
   } options[] = {
-      {"--window", arguments.window.has_value(), false},
-      {"--layers", !arguments.options.layers.empty(), false},
-      {"--spur", arguments.spur.has_value(), true},
-      {"--camera", arguments.camera.has_value(), true},
-      {"--perspective", arguments.isPerspective, true},
-      {"--section", arguments.isSection, true},
-      {"--fit", !arguments.fitted.empty(), true},
-      {"--without", !arguments.leftOut.empty(), true},
-      {"--strict", arguments.isStrict, true},
+      {"--window", arguments.window.has_value(), {kDrawing}},
+      {"--layers", !arguments.options.layers.empty(), {kDrawing, kSection}},
+      {"--spur", arguments.spur.has_value(), {kEquipment, kSection}},
+      {"--camera", arguments.camera.has_value(), {kEquipment}},
+      {"--perspective", arguments.isPerspective, {kEquipment}},
+      {"--section", arguments.isSection, {kEquipment}},
+      {"--fit", !arguments.fitted.empty(), {kEquipment}},
+      {"--without", !arguments.leftOut.empty(), {kEquipment}},
+      {"--strict", arguments.isStrict, {kEquipment, kSection}},
+      {"--unit", arguments.unit.has_value(), {kSection}},
   };
-  for (const auto& [name, isGiven, isOfEquipment] : options) {
-    if (!isGiven || isOfEquipment == arguments.IsOfEquipment()) continue;
+  for (const auto& [name, isGiven, views] : options) {
+    if (!isGiven || views.contains(arguments.view)) continue;
     throw WrongUsage{name, "has no effect with --view " + arguments.view};
   }
   CheckListing(arguments.out, "--json", arguments.isJson);
@@ -156,14 +203,17 @@ void AddDrawingOptions(Command& command, PictureArguments& arguments) {
                        word == "display" ? drawing::Window::kDisplay : drawing::Window::kConstruction;
                  })
       .OneOf({"display", "construction"});
-  command.AddOption("--layers", "NAME,...", "drawing: only these layers, separated by commas", options.layers)
+  command
+      .AddOption("--layers", "NAME,...", "drawing, section: only these layers, separated by commas",
+                 options.layers)
       .SeparatedBy(',');
   command.AddOption("--width", "N", "width of the picture, in pixels", StoreSize(options.width));
   command.AddOption("--height", "N", "height of the picture, in pixels", StoreSize(options.height));
 }
 
 void AddEquipmentOptions(Command& command, PictureArguments& arguments) {
-  command.AddOption("--spur", "N", "equipment: the spur; default: 0, the first", StoreNumber(arguments.spur));
+  command.AddOption("--spur", "N", "equipment, section: the spur; default: 0, the first",
+                    StoreNumber(arguments.spur));
   command
       .AddOption(
           "--camera", "VIEW", "equipment: the direction of view; default: iso",
@@ -194,15 +244,21 @@ void AddPicture(Command& vanzet, Context& context) {
                  })
       .Required();
   command.AddOption("--view", "VIEW", "what to draw; default: drawing", StoreText(arguments->view))
-      .OneOf({"drawing", kEquipment});
+      .OneOf({kDrawing, kEquipment, kSection});
   AddDrawingOptions(command, *arguments);
   AddEquipmentOptions(command, *arguments);
+  AddUnit(command, arguments->unit);
   command.AddFlag("--json", "print JSON", arguments->isJson);
   command.notes =
-      "Prints the file that was written. On standard output a drawing is SVG, and the equipment PNG.";
+      "Prints the file that was written. On standard output a drawing or a section is SVG, and the "
+      "equipment\n"
+      "PNG. A section is the upper half of the set-up with its dimensions, true to scale. Its layers are "
+      "devices,\n"
+      "billet, part, datum, dimensions and legend; --json lists its bodies and dimensions.";
   command.check = [=] { CheckOptions(*arguments); };
   command.examples = {"vanzet picture lathe --out billet.svg --layers Billet_Spindel_1",
-                      "vanzet picture lathe --view equipment --out equipment.png --section"};
+                      "vanzet picture lathe --view equipment --out equipment.png --section",
+                      "vanzet picture lathe --view section --out set-up.svg"};
   command.work = [=, &context] { return Picture(*arguments, context); };
 }
 

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "base/near_words.h"
-#include "base/utf8.h"
+#include "base/xml_text.h"
 #include "drawing/picture_view.h"
 #include "drawing/shown.h"
 
@@ -44,29 +44,6 @@ std::string PathOf(const Kurve& curve) {
             (span.dir == geometry::ACW ? "1 " : "0 ") + Text(span.p1);
   }
   return curve.Closed() ? path + " Z" : path;
-}
-
-std::string EscapeXml(char c) {
-  switch (c) {
-    case '<': return "&lt;";
-    case '>': return "&gt;";
-    case '&': return "&amp;";
-    case '"': return "&quot;";
-    default: return {c};
-  }
-}
-
-/// Escapes a text for XML; bytes that are not UTF-8 become U+FFFD.
-std::string EscapeXml(std::string_view text) {
-  std::string escaped;
-  while (!text.empty()) {
-    const std::size_t length = Utf8Length(text);
-    if (length == 0) escaped += kNoUtf8;
-    if (length == 1) escaped += EscapeXml(text.front());
-    if (length > 1) escaped += text.substr(0, length);
-    text.remove_prefix(std::max<std::size_t>(length, 1));
-  }
-  return escaped;
 }
 
 /// Writes a picture; lengths in the paths are millimetres.

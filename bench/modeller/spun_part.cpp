@@ -28,14 +28,6 @@ Kurve HalfSection(const Kurve& profile) {
   return section;
 }
 
-std::vector<Kurve> HalfSections(const std::vector<Kurve>& curves) {
-  std::vector<Kurve> sections;
-  std::ranges::copy_if(curves, std::back_inserter(sections), &Kurve::Closed);
-  const auto profile = std::ranges::find_if(curves, [](const Kurve& curve) { return !curve.Closed(); });
-  if (profile != curves.end()) sections.push_back(HalfSection(*profile));
-  return sections;
-}
-
 Result<std::vector<Body>> SpinSections(const std::vector<Kurve>& curves) {
   constexpr double kFullTurn = 360;
   const Axis spindle = {{0, 0, 0}, {1, 0, 0}};
@@ -48,6 +40,14 @@ Result<std::vector<Body>> SpinSections(const std::vector<Kurve>& curves) {
 }
 
 }  // namespace
+
+std::vector<Kurve> HalfSections(const std::vector<Kurve>& curves) {
+  std::vector<Kurve> sections;
+  std::ranges::copy_if(curves, std::back_inserter(sections), &Kurve::Closed);
+  const auto profile = std::ranges::find_if(curves, [](const Kurve& curve) { return !curve.Closed(); });
+  if (profile != curves.end()) sections.push_back(HalfSection(*profile));
+  return sections;
+}
 
 Result<std::optional<Body>> SpinPart(const std::vector<Kurve>& outside, const std::vector<Kurve>& inside) {
   VANZET_TRY(const auto part, SpinSections(outside));

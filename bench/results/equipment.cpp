@@ -77,4 +77,11 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
   return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
 }
 
+Result<section::Section> SectionOf(const project::Project& project, std::int32_t spur,
+                                   const modeller::Exchange& exchange, project::MessagePanel& panel) {
+  VANZET_TRY(const auto definition, DefinitionOf(project, spur));
+  VANZET_TRY(const auto scene, EquipmentOf(project, spur, exchange, panel));
+  return section::MakeSection(scene::ReadEquipment(definition), scene);
+}
+
 }  // namespace vanzet::results

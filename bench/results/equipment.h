@@ -3,6 +3,7 @@
 #include "project/message_panel.h"
 #include "project/project.h"
 #include "scene/scene.h"
+#include "section/section.h"
 
 namespace vanzet::results {
 
@@ -21,5 +22,9 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,
                                  const modeller::Foresight& foresight = kForPictures);
+
+/// The half section of that equipment.
+Result<section::Section> SectionOf(const project::Project& project, std::int32_t spur,
+                                   const modeller::Exchange& exchange, project::MessagePanel& panel);
 
 }  // namespace vanzet::results

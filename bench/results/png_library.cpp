@@ -1,7 +1,9 @@
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <optional>
 
 #include "results/png_library.h"
 
@@ -15,7 +17,33 @@ Result<std::string> BytesOf(const QImage& image) {
   return bytes.data().toStdString();
 }
 
+/// Fonts need an application. A program without a window has none; this one shows nothing on any display.
+class FontUse {
+ public:
+  FontUse() {
+    if (QCoreApplication::instance() != nullptr) return;
+    // What Qt says of a missing display or session is no concern of a picture.
+    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    application_.emplace(count_, arguments_);
+  }
+  ~FontUse() {
+    if (!application_) return;
+    application_.reset();
+    qInstallMessageHandler(former_);
+  }
+  FontUse(const FontUse&) = delete;
+  FontUse& operator=(const FontUse&) = delete;
+
+ private:
+  char name_[7] = "vanzet", option_[10] = "-platform", platform_[10] = "offscreen";
+  char* arguments_[4] = {name_, option_, platform_, nullptr};
+  int count_ = 3;
+  std::optional<QGuiApplication> application_;
+  QtMessageHandler former_ = nullptr;
+};
+
 Result<std::string> PngOfSvg(const std::string& svg) {
+  const FontUse fonts;
   QSvgRenderer renderer(QByteArray::fromStdString(svg));
   QImage image(renderer.defaultSize(), QImage::Format_ARGB32_Premultiplied);
   if (!renderer.isValid() || image.isNull()) return Fault{"the picture cannot be drawn"};

@@ -9,6 +9,7 @@
 #include "modeller/body.h"
 #include "modeller/measures.h"
 #include "scene/bodies.h"
+#include "scene/profile.h"
 
 namespace vanzet::scene {
 namespace {
@@ -115,22 +116,28 @@ class Placer {
 
   Matrix AtFront() const { return MovedBy(spindle_.origin); }
 
+  static void TakeValues(const DeviceParams& params, SceneBody& body) {
+    body.exact = ExactBody(params, body.body);
+    if (body.exact) body.profile = ProfileOf(params);
+  }
+
   void AddClamp() {
     const DeviceText& clamp = *things_.clamp;
     SceneBody& body = Add(WordsOf(spindle_.clamp.params), Kind::kClamp, clamp.body,
                           MovedBy(stations_.face - clamp.socket.x));
-    body.exact = ExactBody(spindle_.clamp.params, clamp.body);
+    TakeValues(spindle_.clamp.params, body);
   }
 
   void AddJaw(int jaw) {
     const DeviceText& text = *things_.jaw;
     SceneBody& body = Add("jaw " + std::to_string(jaw + 1), Kind::kJaw, text.body,
                           JawPlacement(spindle_, things_, stations_.face, jaw));
-    body.exact = ExactBody(spindle_.jaw.params, text.body);
+    TakeValues(spindle_.jaw.params, body);
   }
 
   void AddBillet() {
     SceneBody& body = Add("billet", Kind::kBillet, *things_.billet, AtFront());
+    body.profile = things_.billetProfile;
     body.isShown = spindle_.billet.isShown;
     body.isSeenThrough = things_.finishPart.has_value();
     if (spindle_.billet.type == billet_type::kSolid) body.solid = spindle_.billet.solid;
@@ -138,6 +145,7 @@ class Placer {
 
   void AddFinishPart() {
     SceneBody& body = Add("finish part", Kind::kFinishPart, *things_.finishPart, AtFront());
+    body.profile = things_.finishPartProfile;
     if (spindle_.finishPart.type == finish_part_type::kSolid) body.solid = spindle_.finishPart.solid;
   }
 
@@ -150,12 +158,17 @@ class Placer {
 
 }  // namespace
 
-double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
-  constexpr double kOfDevice = 1.0 / 3;
+double DefinedHeldRadius(const Spindle& spindle) {
   const Billet& billet = spindle.billet;
   const bool isCylinder = billet.type == billet_type::kCylinder;
   if (spindle.clampsInside && isCylinder && billet.innerDiameter > 0) return billet.innerDiameter / 2;
-  if (billet.clampDiameter > 0) return billet.clampDiameter / 2;
+  return std::max(billet.clampDiameter, 0.0) / 2;
+}
+
+double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
+  constexpr double kOfDevice = 1.0 / 3;
+  const double defined = DefinedHeldRadius(spindle);
+  if (defined > 0) return defined;
   if (things.billet) return RadiusOf(*things.billet);
   return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
 }

@@ -13,6 +13,7 @@ namespace vanzet::scene {
 struct SpindleThings {
   std::optional<DeviceText> clamp, jaw;
   std::optional<modeller::Body> billet, finishPart;
+  std::optional<geometry::Region> billetProfile, finishPartProfile;
 };
 
 /// Places along the axis of a spindle, in its own space: x along its axis, away from the spindle, the
@@ -23,6 +24,10 @@ struct Stations {
   double stockFront;   ///< the foremost point of the billet
 };
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things);
+
+/// The radius that the values of a definition hold the billet at: its outside, or its bore when the jaws clamp
+/// inside. 0 when they do not say.
+double DefinedHeldRadius(const Spindle& spindle);
 
 /// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet
 /// it is a third of the device.

@@ -9,6 +9,7 @@
 #include "scene/device_text.h"
 #include "scene/equipment.h"
 #include "scene/placing.h"
+#include "scene/profile.h"
 #include "scene/steady_rest.h"
 
 namespace vanzet::scene {
@@ -71,6 +72,8 @@ class Maker {
     VANZET_DO(Take(PrefixFault("the billet" + of, BilletOf(defined.billet)), things.billet));
     VANZET_DO(
         Take(PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)), things.finishPart));
+    if (things.billet) things.billetProfile = ProfileOf(defined.billet, sources_);
+    if (things.finishPart) things.finishPartProfile = ProfileOf(defined.finishPart, sources_);
     return things;
   }
 
@@ -109,6 +112,7 @@ class Maker {
     const double tip = stations_.stockFront - SeatDepth(*text, bore);
     SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(tip + text->socket.x)};
     center.exact = ExactBody(equipment_.center.params, center.body);
+    if (center.exact) center.profile = ProfileOf(equipment_.center.params);
     scene_.bodies.push_back(std::move(center));
     return {};
   }
@@ -118,6 +122,7 @@ class Maker {
     Scene sub = PlaceSpindle(equipment_.spindles[1], things, kNames[1]);
     if (sub.bodies.empty()) return {};
     VANZET_TRY(const double datum, SubDatum(sub));
+    scene_.subDatum = datum;
     const geometry::Matrix facing = FacingFrom(datum);
     for (SceneBody& body : sub.bodies) {
       body.placement.Multiply(facing);

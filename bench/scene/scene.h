@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "geometry/kurve.h"
+#include "geometry/region.h"
 #include "modeller/exchange.h"
 #include "modeller/export.h"
 #include "project/definition.h"
@@ -31,6 +32,9 @@ struct SceneBody {
   /// The body with its true surfaces, made from the values of a device. Nothing when the device has no
   /// values, or when they do not agree with the body in the definition.
   std::optional<modeller::Body> exact = {};
+  /// The half section from which the body is made, in its own coordinates: x along its axis, y away from it;
+  /// of a jaw, y is its height. Nothing for a body that has to be cut to see its section.
+  std::optional<geometry::Region> profile = {};
   std::string solid = {};  ///< the named solid that it is; empty: the body is made otherwise
 };
 
@@ -43,6 +47,7 @@ struct Scene {
   std::vector<SceneBody> bodies;
   std::vector<Mark> marks;
   std::vector<Fault> missing = {};  ///< why bodies of the definition are not here
+  double subDatum = 0;              ///< the datum of the sub spindle, from which its own x runs back
 };
 
 /// The sources of what a definition only names.

@@ -47,15 +47,17 @@ const std::map<std::string, Folders> kWorkbench = {
     {"language", {"base", "vdm", "project", "drawing", "modeller", "geometry"}},
     {"api", {"base", "vdm", "project", "process", "drawing", "modeller", "language", "geometry"}},
     {"scene", {"base", "vdm", "project", "modeller", "geometry", "devices"}},
-    {"results", {"base", "vdm", "project", "process", "drawing", "contour", "geometry", "modeller", "scene"}},
+    {"section", {"base", "modeller", "geometry", "scene"}},
+    {"results", {"base", "vdm", "project", "process", "drawing", "contour", "geometry", "modeller", "scene",
+      "section"}},
     {"define", {"base", "devices", "scene"}},
     {"show", {"base", "project", "scene", "devices"}},
     {"cli",
      {"base", "vdm", "project", "drawing", "language", "api", "contour", "geometry", "modeller", "scene",
-      "results", "define", "show", "process"}},
+      "section", "results", "define", "show", "process"}},
     {"window",
-     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "results",
-      "process"}},
+     {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
+      "results", "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.

@@ -161,5 +161,37 @@ TEST_F(DrawingCommands, ADrawingThatCannotBeKeptIsAFault) {
   EXPECT_THAT(run.err, HasSubstr("drawing.txt: not a regular file"));
 }
 
+TEST_F(DrawingCommands, PictureTheHalfSectionOfTheSetUp) {
+  MakeProject();
+  ASSERT_EQ(Vanzet("define " VANZET_SOURCE_DIR "/examples/definitions/bar-job.json lathe").status, 0);
+  ASSERT_EQ(Vanzet("picture lathe --view section --out a.svg").out, "a.svg\n");
+  const std::string svg = ReadBytes(folder / "a.svg");
+  EXPECT_THAT(svg, HasSubstr("data-body=\"main billet\""));
+  EXPECT_THAT(svg, HasSubstr(">Clamp diameter Ø42<"));
+  EXPECT_THAT(Vanzet("picture lathe --view section --out - --layers billet").out, Not(HasSubstr("<text")));
+  const Outcome inch = Vanzet("picture lathe --view section --out b.svg --unit inch --json");
+  const auto listed = nlohmann::json::parse(inch.out).at("files").at(0);
+  EXPECT_EQ(listed.at("unit"), "inch");
+  EXPECT_EQ(listed.at("bodies").at(0).at("name"), "main chuck");
+  EXPECT_NEAR(listed.at("bodies").at(0).at("box").at(3).get<double>(), 80 / 25.4, 1e-6);
+  EXPECT_EQ(listed.at("dimensions").at(0).at("name"), "Billet length");
+  EXPECT_NEAR(listed.at("dimensions").at(0).at("value").get<double>(), 1000 / 25.4, 1e-6);
+  const Outcome png = Vanzet("picture lathe --view section --out a.png --width 640");
+  EXPECT_EQ(png.err, "");
+  EXPECT_EQ(SizeOfPng(ReadBytes(folder / "a.png")).first, 640);
+}
+
+TEST_F(DrawingCommands, RefuseForASectionWhatOnlyOtherViewsHave) {
+  MakeProject();
+  for (const std::string option : {"--camera top", "--section", "--window display", "--fit jaw"}) {
+    const Outcome refused = Vanzet("picture lathe --view section --out a.svg " + option);
+    EXPECT_EQ(refused.status, 2) << option;
+    EXPECT_THAT(refused.err, HasSubstr("has no effect with --view section"));
+  }
+  EXPECT_THAT(Vanzet("picture lathe --view drawing --out a.svg --unit inch").err,
+              HasSubstr("has no effect with --view drawing"));
+  EXPECT_THAT(Vanzet("picture lathe --view section --out a.svg").err, HasSubstr("holds no equipment"));
+}
+
 }  // namespace
 }  // namespace vanzet::test
