@@ -53,8 +53,12 @@ Result<modeller::Mesh> MeshToDraw(const SceneBody& body) {
   return fault;
 }
 
-/// The nearness of a facet at a place of the picture, when it covers the place.
-std::optional<double> NearnessAt(const Facet& facet, const Camera& camera, double x, double y) {
+/// The point of a facet that is seen at a place of the picture, with its nearness, when the facet covers it.
+struct Covered {
+  double nearness;
+  Point3d point;
+};
+std::optional<Covered> CoveredAt(const Facet& facet, const Camera& camera, double x, double y) {
   std::array<PicturePoint, 3> p;
   std::ranges::transform(facet.corners, p.begin(),
                          [&](const Point3d& corner) { return camera.Project(corner); });
@@ -65,7 +69,30 @@ std::optional<double> NearnessAt(const Facet& facet, const Camera& camera, doubl
   if (area == 0) return {};
   const double a = side(p[1], p[2], x, y) / area, b = side(p[2], p[0], x, y) / area, c = 1 - a - b;
   if (a < 0 || b < 0 || c < 0) return {};
-  return a * p[0].nearness + b * p[1].nearness + c * p[2].nearness;
+  const auto& [q, r, s] = facet.corners;
+  return Covered{a * p[0].nearness + b * p[1].nearness + c * p[2].nearness,
+                 {a * q.x + b * r.x + c * s.x, a * q.y + b * r.y + c * s.y, a * q.z + b * r.z + c * s.z}};
+}
+
+/// Whether a place of the picture can show something of what is in a box.
+bool CanShow(const geometry::Box3d& box, const Camera& camera, double x, double y) {
+  PicturePoint low{1e30, 1e30, 0}, high{-1e30, -1e30, 0};
+  for (int corner = 0; corner < 8; ++corner) {
+    const PicturePoint p =
+        camera.Project({(corner & 1) != 0 ? box.max.x : box.min.x, (corner & 2) != 0 ? box.max.y : box.min.y,
+                        (corner & 4) != 0 ? box.max.z : box.min.z});
+    low = {std::min(low.x, p.x), std::min(low.y, p.y), 0};
+    high = {std::max(high.x, p.x), std::max(high.y, p.y), 0};
+  }
+  return x >= low.x && x <= high.x && y >= low.y && y <= high.y;
+}
+
+geometry::Box3d BoxOf(const std::vector<Facet>& facets) {
+  geometry::Box3d box;
+  for (const Facet& facet : facets) {
+    for (const Point3d& corner : facet.corners) box.Insert(corner);
+  }
+  return box;
 }
 
 }  // namespace
@@ -84,6 +111,7 @@ Result<Model> ModelOf(const Scene& scene, bool isSection) {
       model.missing.push_back(mesh.fault());
     }
   }
+  for (ModelBody& body : model.bodies) body.box = BoxOf(body.facets);
   std::stable_partition(model.bodies.begin(), model.bodies.end(),
                         [](const ModelBody& body) { return !body.isSeenThrough; });
   return model;
@@ -108,18 +136,28 @@ std::vector<Point3d> PointsOf(const Model& model, const std::set<std::string>& n
   return points;
 }
 
-const ModelBody* BodyAt(const Model& model, const Camera& camera, double x, double y) {
-  const ModelBody* found = nullptr;
-  double nearest = 0;
+BodyLook LookAt(const BodyLooks& looks, const std::string& name) {
+  const auto found = looks.find(name);
+  return found == looks.end() ? BodyLook() : found->second;
+}
+
+Seen SeenAt(const Model& model, const Camera& camera, double x, double y, const BodyLooks& looks) {
+  Seen solid, through;
+  double solidNearness = 0, throughNearness = 0;
   for (const ModelBody& body : model.bodies) {
+    const BodyLook look = LookAt(looks, body.name);
+    if (look.isHidden || !CanShow(body.box, camera, x, y)) continue;
+    const bool isThrough = body.isSeenThrough || look.isSeenThrough;
+    Seen& seen = isThrough ? through : solid;
+    double& nearest = isThrough ? throughNearness : solidNearness;
     for (const Facet& facet : body.facets) {
-      const auto nearness = NearnessAt(facet, camera, x, y);
-      if (!nearness || (found != nullptr && *nearness <= nearest)) continue;
-      found = &body;
-      nearest = *nearness;
+      const auto covered = CoveredAt(facet, camera, x, y);
+      if (!covered || (seen.body != nullptr && covered->nearness <= nearest)) continue;
+      seen = {&body, covered->point};
+      nearest = covered->nearness;
     }
   }
-  return found;
+  return solid.body != nullptr ? solid : through;
 }
 
 }  // namespace vanzet::scene

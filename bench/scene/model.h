@@ -1,10 +1,12 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "geometry/box.h"
 #include "scene/camera.h"
 #include "scene/scene.h"
 #include "scene/surface.h"
@@ -21,7 +23,23 @@ struct ModelBody {
   std::vector<Stroke> cuts;
   modeller::Colour colour;
   bool isSeenThrough = false;
+  geometry::Box3d box = {};  ///< around the facets
 };
+
+/// How a person wants to see a body, whatever the scene says of it.
+struct BodyLook {
+  bool isHidden = false;
+  bool isSeenThrough = false;
+  bool isMarked = false;  ///< in a colour that no body has
+
+  bool operator==(const BodyLook&) const = default;
+};
+
+/// By the names of bodies.
+using BodyLooks = std::map<std::string, BodyLook, std::less<>>;
+
+/// The look at a body; the usual one for a name without an entry.
+BodyLook LookAt(const BodyLooks& looks, const std::string& name);
 
 /// A scene as it is drawn: see-through bodies follow all others.
 struct Model {
@@ -41,7 +59,12 @@ std::vector<geometry::Point3d> PointsOf(const Model& model);
 /// The points of the bodies with these names.
 std::vector<geometry::Point3d> PointsOf(const Model& model, const std::set<std::string>& names);
 
-/// The nearest body at a place of the picture, see-through or not; null when no body is there.
-const ModelBody* BodyAt(const Model& model, const Camera& camera, double x, double y);
+/// The nearest body at a place of the picture, and the point of it that is seen there. A body that is seen
+/// through counts where no other is. Without a body it is null.
+struct Seen {
+  const ModelBody* body = nullptr;
+  geometry::Point3d point = {};
+};
+Seen SeenAt(const Model& model, const Camera& camera, double x, double y, const BodyLooks& looks = {});
 
 }  // namespace vanzet::scene

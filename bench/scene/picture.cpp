@@ -21,6 +21,7 @@ constexpr double kEdgeWidth = 1.1, kMarkWidth = 2.0;  // pixels
 constexpr double kLift = 2e-3;  // in units of the reach: edges are drawn before their surfaces
 constexpr double kHatch = 9;    // pixels between the lines of a cut face
 constexpr double kHatchLine = 1.2;
+constexpr double kMarkShare = 0.7;  // of the colour of a marked body
 
 // Unit vectors, nearly.
 const Vector3d kKey = {-0.45, 0.65, 0.61}, kFill = {0.70, 0.10, 0.71};
@@ -57,6 +58,13 @@ void Paint(Raster::Sample& sample, const Colour& colour, double share) {
   }
 }
 
+/// A body as it is drawn.
+struct Drawn {
+  const ModelBody* body;
+  Colour colour;
+  bool isSeenThrough;
+};
+
 /// Draws the bodies into one band.
 class Painter {
  public:
@@ -69,22 +77,22 @@ class Painter {
     return raster_;
   }
 
-  void AddSurface(const ModelBody& body) {
-    range_ = RangeOfBody(body);
+  void AddSurface(const Drawn& drawn) {
+    range_ = RangeOfBody(*drawn.body);
     nearest_.assign(range_.Count(), {kNothing, {}});
     depth_.assign(hasCutFaces_ ? range_.Count() : 0, 0);
-    for (const Facet& facet : body.facets) AddFacet(facet);
+    for (const Facet& facet : drawn.body->facets) AddFacet(facet);
     for (int y = range_.top; y < range_.bottom; ++y) {
-      for (int x = range_.left; x < range_.right; ++x) Merge(body, x, y);
+      for (int x = range_.left; x < range_.right; ++x) Merge(drawn, x, y);
     }
   }
 
-  void AddEdges(const ModelBody& body) {
-    const double share = body.isSeenThrough ? kEdgeShare / 2 : kEdgeShare;
-    for (const SurfaceEdge& edge : body.edges) {
+  void AddEdges(const Drawn& drawn) {
+    const double share = drawn.isSeenThrough ? kEdgeShare / 2 : kEdgeShare;
+    for (const SurfaceEdge& edge : drawn.body->edges) {
       if (IsDrawn(edge)) AddLine({edge.from, edge.to}, options_.style.ink, kEdgeWidth, share);
     }
-    for (const Stroke& cut : body.cuts) AddLine(cut, options_.style.ink, kEdgeWidth, share);
+    for (const Stroke& cut : drawn.body->cuts) AddLine(cut, options_.style.ink, kEdgeWidth, share);
   }
 
   void AddMark(const Mark& mark) {
@@ -140,7 +148,7 @@ class Painter {
   }
 
   /// Where the eye leaves more surfaces than it enters, it looks into the body through its cut face.
-  void Merge(const ModelBody& body, int x, int y) {
+  void Merge(const Drawn& body, int x, int y) {
     const std::size_t index = range_.Index(x, y);
     const bool isCutFace = hasCutFaces_ && depth_[index] > 0;
     const double px = (x + 0.5) / options_.samples, py = (y + 0.5) / options_.samples;
@@ -190,17 +198,31 @@ class Painter {
   std::vector<int> depth_;  ///< surfaces of the body that the eye leaves by, less those that it enters by
 };
 
+/// The bodies as they are to be seen, those that are seen through last.
+std::vector<Drawn> DrawnBodies(const Model& model, const DrawOptions& options) {
+  std::vector<Drawn> solid, through;
+  for (const ModelBody& body : model.bodies) {
+    const BodyLook look = LookAt(options.looks, body.name);
+    if (look.isHidden) continue;
+    const bool isSeenThrough = body.isSeenThrough || look.isSeenThrough;
+    const Colour colour =
+        look.isMarked ? MixColours(options.style.marked, body.colour, kMarkShare) : body.colour;
+    (isSeenThrough ? through : solid).push_back({&body, colour, isSeenThrough});
+  }
+  solid.insert(solid.end(), through.begin(), through.end());
+  return solid;
+}
+
 /// Paints edges over all surfaces that they could be on, and see-through bodies over everything else.
-void PaintAll(const Model& model, Painter& painter) {
-  const auto& all = model.bodies;
-  const auto seenThrough = std::ranges::find(all, true, &ModelBody::isSeenThrough);
+void PaintAll(const std::vector<Drawn>& all, const std::vector<Mark>& marks, Painter& painter) {
+  const auto seenThrough = std::ranges::find(all, true, &Drawn::isSeenThrough);
   for (auto body = all.begin(); body != seenThrough; ++body) painter.AddSurface(*body);
   for (auto body = all.begin(); body != seenThrough; ++body) painter.AddEdges(*body);
   for (auto body = seenThrough; body != all.end(); ++body) {
     painter.AddSurface(*body);
     painter.AddEdges(*body);
   }
-  for (const Mark& mark : model.marks) painter.AddMark(mark);
+  for (const Mark& mark : marks) painter.AddMark(mark);
 }
 
 /// Makes each pixel the mean of its samples.
@@ -241,10 +263,11 @@ Picture Draw(const Model& model, const Look& look, const DrawOptions& options) {
   const int samples = options.samples;
   const int band = std::max(1, kMostSamples / (options.width * samples * samples));
   Painter painter(camera, model.isSection, options);
+  const std::vector<Drawn> bodies = DrawnBodies(model, options);
   for (int top = 0; top < options.height; top += band) {
     const int bottom = std::min(top + band, options.height);
     Raster& raster = painter.Begin({0, top * samples, options.width * samples, bottom * samples});
-    PaintAll(model, painter);
+    PaintAll(bodies, model.marks, painter);
     Reduce(raster, samples, picture);
   }
   return picture;

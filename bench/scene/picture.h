@@ -30,6 +30,7 @@ struct Style {
   modeller::Colour background = {0.97, 0.975, 0.98};
   modeller::Colour ink = {0.10, 0.12, 0.15};
   modeller::Colour mark = {0.72, 0.10, 0.55};
+  modeller::Colour marked = {0.98, 0.80, 0.12};  ///< bodies that are marked
 };
 
 struct DrawOptions {
@@ -37,6 +38,7 @@ struct DrawOptions {
   int samples = 3;    ///< of a pixel in each direction: 1 is quick, 3 is smooth
   double line = 1;    ///< how wide lines and hatches are, in pixels of a usual screen
   Style style = {};
+  BodyLooks looks = {};  ///< how bodies are seen that are not seen as the scene says
 };
 
 /// The picture of a model as a camera sees it. Any thread may draw: nothing but the arguments is used.

@@ -115,6 +115,61 @@ TEST_F(Views, OfTheEquipmentAreCutAndBentByTheirSwitches) {
   EXPECT_NE(equipment().grab().toImage(), cut);
 }
 
+/// The bodies that the view names, and what it says of them.
+struct Said {
+  explicit Said(window::EquipmentView& view) {
+    QObject::connect(&view, &window::EquipmentView::BodyHovered,
+                     [this](const QString& body) { hovered = body; });
+    QObject::connect(&view, &window::EquipmentView::BodySelected,
+                     [this](const QString& body) { selected = body; });
+    QObject::connect(&view, &window::EquipmentView::BodyActivated,
+                     [this](const QString& body) { activated = body; });
+  }
+  QString hovered, selected, activated;
+};
+
+TEST_F(Views, OfTheEquipmentNameTheBodyUnderTheCursor) {
+  OpenSample(true);
+  actions()[Command::kFront]->trigger();
+  Said said(equipment());
+  const scene::Camera camera(equipment().look());
+  const auto chuck = camera.Project({-120, 70, 0});
+  const QPoint place(static_cast<int>(chuck.x), static_cast<int>(chuck.y));
+  const QImage before = equipment().grab().toImage();
+  QTest::mouseMove(&equipment(), place);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return said.hovered == "main chuck"; })) << said.hovered.toStdString();
+  EXPECT_NE(equipment().grab().toImage(), before) << "it is marked";
+  Click(equipment(), place);
+  EXPECT_EQ(said.selected, "main chuck");
+  EXPECT_EQ(equipment().selected(), "main chuck");
+  QTest::mouseDClick(&equipment(), Qt::LeftButton, Qt::NoModifier, place);
+  EXPECT_EQ(said.activated, "main chuck");
+  Click(equipment(), {3, 3});
+  EXPECT_EQ(said.selected, "");
+}
+
+TEST_F(Views, OfTheEquipmentHideBodiesAndSeeThroughThem) {
+  OpenSample(true);
+  actions()[Command::kFront]->trigger();
+  ASSERT_TRUE(equipment().BodyNames().contains("main chuck"));
+  const QImage whole = equipment().grab().toImage();
+  equipment().SetSeenThrough("main chuck", true);
+  const QImage through = equipment().grab().toImage();
+  EXPECT_NE(through, whole);
+  equipment().Hide("main chuck", true);
+  const QImage hidden = equipment().grab().toImage();
+  EXPECT_NE(hidden, through);
+  EXPECT_TRUE(equipment().LookOf("main chuck").isHidden);
+  Said said(equipment());
+  const auto chuck = scene::Camera(equipment().look()).Project({-120, 70, 0});
+  Click(equipment(), QPoint(static_cast<int>(chuck.x), static_cast<int>(chuck.y)));
+  EXPECT_EQ(said.selected, "") << "a hidden body is not there";
+  window->equipmentCommands().Refresh();
+  EXPECT_TRUE(equipment().LookOf("main chuck").isHidden) << "it stays hidden in the next scene";
+  equipment().Mark("main billet");
+  EXPECT_NE(equipment().grab().toImage(), hidden);
+}
+
 TEST_F(Views, OfNothingSayWhatToDo) {
   EXPECT_GT(Coloured(equipment().grab().toImage(), QColor("#fcfdfe")), 20);
 }

@@ -17,6 +17,7 @@ constexpr double kNotch = 120;   // eighths of a degree
 constexpr double kTurn = 0.008;  // radians a pixel
 constexpr double kClick = 4;     // pixels that the mouse may move in a click
 constexpr int kStillness = 140;  // milliseconds before a smooth picture is made
+constexpr int kRest = 30;        // milliseconds before the body under the cursor is looked for
 constexpr double kFrame = 40;    // milliseconds that a quick picture may take
 constexpr double kCoarsest = 4;  // pixels that become one at most
 constexpr double kPixels = 1e6;
@@ -60,6 +61,10 @@ EquipmentView::EquipmentView(QWidget* parent) : QWidget(parent) {
   stillness_.setSingleShot(true);
   stillness_.setInterval(kStillness);
   connect(&stillness_, &QTimer::timeout, this, &EquipmentView::DrawSmoothly);
+  setMouseTracking(true);
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRest);
+  connect(&rest_, &QTimer::timeout, this, &EquipmentView::Hover);
 }
 
 EquipmentView::~EquipmentView() {
@@ -71,6 +76,8 @@ Result<void> EquipmentView::Show(std::shared_ptr<const scene::Scene> scene) {
   scene_ = std::move(scene);
   const auto made = MakeModel();
   if (isFitted_) Fit();
+  if (!BodyNames().contains(selected_)) selected_.clear();
+  emit BodiesChanged();
   return made;
 }
 
@@ -131,6 +138,10 @@ scene::DrawOptions EquipmentView::Options() const {
     options.style.ink = {0.04, 0.05, 0.06};
     options.style.mark = {0.95, 0.45, 0.82};
   }
+  options.looks = looks_;
+  for (const QString& name : {hovered_, marked_, selected_}) {
+    if (!name.isEmpty()) options.looks[name.toStdString()].isMarked = true;
+  }
   return options;
 }
 
@@ -181,6 +192,22 @@ void EquipmentView::paintEvent(QPaintEvent*) {
   if (isDue_) DrawQuickly();
   painter.drawImage(QRectF(rect()), picture_);
   PaintAxes(painter, look_, size(), palette());
+  PaintName(painter);
+}
+
+/// The name of the body under the cursor, beside it.
+void EquipmentView::PaintName(QPainter& painter) const {
+  if (hovered_.isEmpty()) return;
+  const QFontMetricsF metrics(font());
+  QRectF box(cursor_ + QPointF(14, 12),
+             QSizeF(metrics.horizontalAdvance(hovered_) + 12, metrics.height() + 6));
+  box.moveRight(std::min(box.right(), width() - 2.0));
+  box.moveBottom(std::min(box.bottom(), height() - 2.0));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette().toolTipBase());
+  painter.drawRoundedRect(box, 3, 3);
+  painter.setPen(palette().color(QPalette::ToolTipText));
+  painter.drawText(box, Qt::AlignCenter, hovered_);
 }
 
 void EquipmentView::resizeEvent(QResizeEvent* event) {
@@ -207,6 +234,11 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
   const QPointF by = event->position() - cursor_;
   hasMoved_ = hasMoved_ || (event->position() - pressed_).manhattanLength() > kClick;
   cursor_ = event->position();
+  if (event->buttons() == Qt::NoButton) {
+    rest_.start();
+    if (!hovered_.isEmpty()) update();
+    return;
+  }
   if (!hasMoved_) return;
   const bool isTurn = event->buttons() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier);
   if (isTurn) {
@@ -220,19 +252,84 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
-  if (hasMoved_ || !isAsked_) return;
+  if (hasMoved_ || event->button() != Qt::LeftButton) return;
+  if (!isAsked_) {
+    const QString body = BodyAt(event->position());
+    Select(body);
+    emit BodySelected(body);
+    return;
+  }
   const QString solid = SolidAt(event->position());
   if (!solid.isEmpty()) emit SolidPicked(solid);
 }
 
 QString EquipmentView::SolidAt(const QPointF& place) const {
   if (model_ == nullptr) return {};
-  const scene::ModelBody* const body = scene::BodyAt(*model_, scene::Camera(look_), place.x(), place.y());
+  const scene::ModelBody* const body =
+      scene::SeenAt(*model_, scene::Camera(look_), place.x(), place.y()).body;
   return body == nullptr ? QString() : ToQString(body->solid);
 }
 
-void EquipmentView::mouseDoubleClickEvent(QMouseEvent*) {
-  Fit();
+QString EquipmentView::BodyAt(const QPointF& place) const {
+  if (model_ == nullptr) return {};
+  const scene::ModelBody* const body =
+      scene::SeenAt(*model_, scene::Camera(look_), place.x(), place.y(), looks_).body;
+  return body == nullptr ? QString() : ToQString(body->name);
+}
+
+void EquipmentView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QString body = BodyAt(event->position());
+  if (body.isEmpty()) return Fit();
+  emit BodyActivated(body);
+}
+
+void EquipmentView::leaveEvent(QEvent*) {
+  rest_.stop();
+  SetHovered({});
+}
+
+void EquipmentView::Hover() {
+  SetHovered(BodyAt(cursor_));
+}
+
+void EquipmentView::SetHovered(const QString& body) {
+  if (body == hovered_) return;
+  hovered_ = body;
+  Invalidate();
+  emit BodyHovered(body);
+}
+
+QStringList EquipmentView::BodyNames() const {
+  QStringList names;
+  if (scene_ == nullptr) return names;
+  for (const scene::SceneBody& body : scene_->bodies) names << ToQString(body.name);
+  return names;
+}
+
+scene::BodyLook EquipmentView::LookOf(const QString& body) const {
+  return scene::LookAt(looks_, body.toStdString());
+}
+
+void EquipmentView::Hide(const QString& body, bool isHidden) {
+  looks_[body.toStdString()].isHidden = isHidden;
+  Invalidate();
+}
+
+void EquipmentView::SetSeenThrough(const QString& body, bool isSeenThrough) {
+  looks_[body.toStdString()].isSeenThrough = isSeenThrough;
+  Invalidate();
+}
+
+void EquipmentView::Mark(const QString& body) {
+  if (body == marked_) return;
+  marked_ = body;
+  Invalidate();
+}
+
+void EquipmentView::Select(const QString& body) {
+  if (body == selected_) return;
+  selected_ = body;
+  Invalidate();
 }
 
 void EquipmentView::changeEvent(QEvent* event) {

@@ -10,7 +10,8 @@
 namespace vanzet::window {
 
 /// Shows equipment in space: turned by dragging, moved by dragging with the right or middle button or with
-/// Shift, zoomed at the cursor by the wheel, fitted by a double click.
+/// Shift, zoomed at the cursor by the wheel, fitted by a double click beside all bodies. The body under the
+/// cursor is named and marked; a click selects it.
 ///
 /// Pictures   a quick one at once, coarser when the last one took long; a smooth one follows from another
 ///            thread when nothing has moved for a moment
@@ -29,6 +30,21 @@ class EquipmentView final : public QWidget {
   void SetPerspective(bool isPerspective);
   Result<void> SetSection(bool isSection);
 
+  // Bodies by their names in the scene. A look stays while scenes change; a name that no scene has does
+  // nothing.
+
+  QStringList BodyNames() const;
+  scene::BodyLook LookOf(const QString& body) const;
+  void Hide(const QString& body, bool isHidden);
+  void SetSeenThrough(const QString& body, bool isSeenThrough);
+
+  /// Marks a body that is pointed at elsewhere; empty: none.
+  void Mark(const QString& body);
+
+  /// Selects a body as a click does; empty: none.
+  void Select(const QString& body);
+  const QString& selected() const { return selected_; }
+
   /// While solids are asked for, a click picks one.
   void AskForSolid(bool isAsked);
 
@@ -39,6 +55,10 @@ class EquipmentView final : public QWidget {
 
  signals:
   void SolidPicked(const QString& name);
+  void BodiesChanged();                     ///< there is another scene, or none
+  void BodyHovered(const QString& body);    ///< empty: no body is under the cursor
+  void BodySelected(const QString& body);   ///< by a click; empty: beside all bodies
+  void BodyActivated(const QString& body);  ///< by a double click
 
  protected:
   void paintEvent(QPaintEvent*) override;
@@ -48,6 +68,7 @@ class EquipmentView final : public QWidget {
   void mouseMoveEvent(QMouseEvent*) override;
   void mouseReleaseEvent(QMouseEvent*) override;
   void mouseDoubleClickEvent(QMouseEvent*) override;
+  void leaveEvent(QEvent*) override;
   void changeEvent(QEvent*) override;
 
  private:
@@ -58,6 +79,10 @@ class EquipmentView final : public QWidget {
   void ShowSmooth(int generation, const QImage& picture);
   scene::DrawOptions Options() const;
   QString SolidAt(const QPointF& place) const;
+  QString BodyAt(const QPointF& place) const;
+  void Hover();
+  void SetHovered(const QString& body);
+  void PaintName(QPainter& painter) const;
 
   std::shared_ptr<const scene::Scene> scene_;
   std::shared_ptr<const scene::Model> model_;
@@ -70,6 +95,9 @@ class EquipmentView final : public QWidget {
   int generation_ = 0;      ///< counts changes, so that a smooth picture that is out of date is dropped
   double pixelMillis_ = 0;  ///< how long a million pixels took
   QTimer stillness_;
+  QTimer rest_;  ///< until the cursor has stayed where it is
+  scene::BodyLooks looks_;
+  QString hovered_, marked_, selected_;
   bool isAsked_ = false;
   QPointF cursor_, pressed_;
   bool hasMoved_ = false;
