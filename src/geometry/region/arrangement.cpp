@@ -7,9 +7,16 @@
 namespace geometry::region {
 namespace {
 
-constexpr double kTurn = 6.283185307179586;
+constexpr double kTurn = 4;
 /// Headings that are nearer than this are compared at the end of the shorter curve instead.
 constexpr double kNearlyTangent = 1e-4;
+
+/// A measure of the direction from the x axis anticlockwise, a quarter turn 1; it grows with the angle.
+double HeadingOf(const Vector2d& v) {
+  const double rise = std::abs(v.dy) / (std::abs(v.dx) + std::abs(v.dy));
+  if (v.dy >= 0) return v.dx >= 0 ? rise : 2 - rise;
+  return v.dx < 0 ? 2 + rise : 4 - rise;
+}
 
 void Add(Turns& sum, const Turns& turns, int factor = 1) {
   for (std::size_t i = 0; i < sum.size(); ++i) sum[i] += factor * turns[i];
@@ -17,9 +24,11 @@ void Add(Turns& sum, const Turns& turns, int factor = 1) {
 
 }  // namespace
 
-Arrangement::Arrangement(const Pieces& pieces, Cancelled cancelled)
-    : net_(pieces.Net()), distance_(pieces.Distance()) {
+Arrangement::Arrangement(const Pieces& pieces, Cancelled cancelled, const Runs& runs,
+                         const std::vector<RunEdge>& runEdges, std::uint32_t firstRun)
+    : net_(pieces.Net()), distance_(pieces.Distance()), runs_(runs), firstRun_(firstRun) {
   MakeEdges(pieces, cancelled);
+  AddRuns(runEdges);
   next_.resize(2 * edges_.size());
   LinkAround();
   TraceFaces();
@@ -40,10 +49,30 @@ void Arrangement::MakeEdges(const Pieces& pieces, Cancelled cancelled) {
     }
     edges.push_back(edge);
   }
-  std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) {
-    return std::tie(a.from, a.to, a.bulge, a.origin) < std::tie(b.from, b.to, b.bulge, b.origin);
-  });
+  SortEdges(edges);
   MergeEdges(edges, cancelled);
+}
+
+// Small keys are sorted instead of the edges.
+void Arrangement::SortEdges(std::vector<Edge>& edges) {
+  struct Key {
+    std::uint64_t ends;
+    std::uint32_t edge;
+  };
+  std::vector<Key> keys;
+  keys.reserve(edges.size());
+  for (const Edge& edge : edges) {
+    keys.push_back({std::uint64_t{edge.from} << 32 | edge.to, static_cast<std::uint32_t>(keys.size())});
+  }
+  std::sort(keys.begin(), keys.end(), [&](const Key& a, const Key& b) {
+    if (a.ends != b.ends) return a.ends < b.ends;
+    return std::tie(edges[a.edge].bulge, edges[a.edge].origin) <
+           std::tie(edges[b.edge].bulge, edges[b.edge].origin);
+  });
+  std::vector<Edge> sorted;
+  sorted.reserve(edges.size());
+  for (const Key& key : keys) sorted.push_back(edges[key.edge]);
+  edges = std::move(sorted);
 }
 
 // Edges with the same ends that follow each other within the distance are one.
@@ -68,6 +97,25 @@ void Arrangement::MergeEdges(std::vector<Edge>& edges, Cancelled cancelled) {
   }
 }
 
+void Arrangement::AddRuns(const std::vector<RunEdge>& runEdges) {
+  std::uint32_t origin = firstRun_;
+  for (const RunEdge& run : runEdges) {
+    Edge edge{run.from, run.to, 0, origin++, {1, 0}, 0, true};
+    if (run.from > run.to) edge = {run.to, run.from, 0, edge.origin, {-1, 0}, 0, false};
+    edges_.push_back(edge);
+  }
+}
+
+double Arrangement::AreaOfRun(Half h) const {
+  const Run& run = runs_.list[RunOf(h)];
+  double area = 0;
+  for (std::size_t i = run.firstCurve; i < run.firstCurve + run.curveCount; ++i) {
+    const Curve& c = runs_.curves[i];
+    area += Cross(c.a, c.b) / 2 + SegmentArea(c);
+  }
+  return IsForward(h) ? area : -area;
+}
+
 Curve Arrangement::CurveOf(Half h) const {
   const Edge& edge = edges_[h / 2];
   if (h % 2 == 0) return {net_[edge.from], net_[edge.to], edge.k};
@@ -84,23 +132,20 @@ void Arrangement::LinkAround() {
   std::vector<Half> out;
   for (std::size_t v = 0; v < net_.Count(); ++v) {
     out.assign(halves.begin() + starts[v], halves.begin() + starts[v + 1]);
-    if (out.size() > 2) SortAround(out);
+    if (out.size() > 2) {
+      SortAround(out);
+      runsAreApart_ &= std::none_of(out.begin(), out.end(), [&](Half h) { return IsRun(h); });
+    }
     for (std::size_t i = 0; i < out.size(); ++i) {
       next_[TwinOf(out[(i + 1) % out.size()])] = out[i];
     }
   }
 }
 
-/// Whether `a` comes before `b` anticlockwise. Nearly tangent curves are compared where the shorter one ends,
-/// or in the middle if both end there: there they are apart by more than the distance.
-bool Arrangement::TurnsBefore(Half a, Half b, const Vector2d& reference) const {
+/// Whether `a` comes before `b` anticlockwise, of curves that are nearly tangent. They are compared where the
+/// shorter one ends, or in the middle if both end there: there they are apart by more than the distance.
+bool Arrangement::TurnsBefore(Half a, Half b) const {
   const Curve first = CurveOf(a), second = CurveOf(b);
-  const auto fromReference = [&](const Curve& c) {
-    const double angle = Heading(c, 0, reference);
-    return angle < 0 ? angle + kTurn : angle;
-  };
-  const double headingA = fromReference(first), headingB = fromReference(second);
-  if (std::abs(headingA - headingB) > kNearlyTangent) return headingA < headingB;
   const double shorter = std::min((first.b - first.a).Magnitude(), (second.b - second.a).Magnitude());
   const double reach = To(a) == To(b) ? shorter / 2 : shorter;
   const Vector2d tangent = TangentsOf(first).start;
@@ -110,23 +155,31 @@ bool Arrangement::TurnsBefore(Half a, Half b, const Vector2d& reference) const {
 // The circle of directions is cut open in its widest gap, so that no two nearly tangent curves are on both
 // sides of the cut.
 void Arrangement::SortAround(std::vector<Half>& out) const {
-  const Vector2d axis(1, 0);
-  std::vector<double> headings;
-  headings.reserve(out.size());
-  for (const Half h : out) headings.push_back(Heading(CurveOf(h), 0, axis));
-  std::sort(headings.begin(), headings.end());
-  double widest = headings.front() + kTurn - headings.back();
-  double cut = headings.back() + widest / 2;
-  for (std::size_t i = 1; i < headings.size(); ++i) {
-    if (headings[i] - headings[i - 1] <= widest) continue;
-    widest = headings[i] - headings[i - 1];
-    cut = headings[i - 1] + widest / 2;
+  struct Ray {
+    double heading;
+    Half half;
+  };
+  std::vector<Ray> rays;
+  rays.reserve(out.size());
+  for (const Half h : out) rays.push_back({HeadingOf(TangentsOf(CurveOf(h)).start), h});
+  std::sort(rays.begin(), rays.end(), [](const Ray& a, const Ray& b) { return a.heading < b.heading; });
+  double widest = rays.front().heading + kTurn - rays.back().heading;
+  std::size_t first = 0;
+  for (std::size_t i = 1; i < rays.size(); ++i) {
+    if (rays[i].heading - rays[i - 1].heading <= widest) continue;
+    widest = rays[i].heading - rays[i - 1].heading;
+    first = i;
   }
-  const Vector2d reference(std::cos(cut), std::sin(cut));
-  std::sort(out.begin(), out.end(), [&](Half a, Half b) { return TurnsBefore(a, b, reference); });
+  for (std::size_t i = 0; i < first; ++i) rays[i].heading += kTurn;
+  std::sort(rays.begin(), rays.end(), [&](const Ray& a, const Ray& b) {
+    return std::abs(a.heading - b.heading) > kNearlyTangent ? a.heading < b.heading
+                                                            : TurnsBefore(a.half, b.half);
+  });
+  for (std::size_t i = 0; i < out.size(); ++i) out[i] = rays[i].half;
 }
 
 double Arrangement::AreaLeftOf(Half h) const {
+  if (IsRun(h)) return AreaOfRun(h);
   const Curve curve = CurveOf(h);
   return Cross(curve.a, curve.b) / 2 + SegmentArea(curve);
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "geometry/region/pieces.h"
+#include "geometry/region/runs.h"
 
 namespace geometry::region {
 
@@ -18,12 +19,20 @@ constexpr Half TwinOf(Half h) {
 /// Whether an edge on which nothing turns, since its pieces cancel each other, is kept.
 enum class Cancelled { kDropped, kKept };
 
-/// The planar map of normalised pieces, with the winding numbers of its faces.
+/// A run, between two vertices of the pieces.
+struct RunEdge {
+  std::uint32_t from, to;
+};
+
+/// The planar map of normalised pieces and of runs, with the winding numbers of its faces.
 class Arrangement {
  public:
-  Arrangement(const Pieces& pieces, Cancelled cancelled);
+  /// `runEdges` are the edges of the runs, which are passed once. Their origins follow `firstRun`.
+  Arrangement(const Pieces& pieces, Cancelled cancelled, const Runs& runs,
+              const std::vector<RunEdge>& runEdges, std::uint32_t firstRun);
 
-  /// Labels the faces. Returns false when the map is not planar or a face has two winding numbers.
+  /// Labels the faces. Returns false when the map is not planar, a face has two winding numbers, or a run
+  /// meets more than what continues it.
   bool Label();
 
   Half HalfCount() const { return static_cast<Half>(next_.size()); }
@@ -32,6 +41,8 @@ class Arrangement {
   Curve CurveOf(Half h) const;
   /// The stroke whose part the edge is, and whether the half passes it forwards.
   std::uint32_t OriginOf(Half h) const { return edges_[h / 2].origin; }
+  std::uint32_t RunOf(Half h) const { return OriginOf(h) - firstRun_; }
+  bool IsRun(Half h) const { return OriginOf(h) >= firstRun_; }
   bool IsForward(Half h) const { return (h % 2 == 0) == edges_[h / 2].isForward; }
   /// The winding numbers on the left.
   const Turns& LeftOf(Half h) const { return faces_[faceOf_[h]].turns; }
@@ -63,11 +74,19 @@ class Arrangement {
     std::uint32_t faces = 0, edges = 0, vertices = 0;
   };
 
+  struct EdgeCurve {
+    Curve curve;
+    Half half;
+  };
+  std::vector<EdgeCurve> EdgeCurves() const;
+  void AddRuns(const std::vector<RunEdge>& runEdges);
+  double AreaOfRun(Half h) const;
   void MakeEdges(const Pieces& pieces, Cancelled cancelled);
+  static void SortEdges(std::vector<Edge>& edges);
   void MergeEdges(std::vector<Edge>& edges, Cancelled cancelled);
   void LinkAround();
   void SortAround(std::vector<Half>& out) const;
-  bool TurnsBefore(Half a, Half b, const Vector2d& reference) const;
+  bool TurnsBefore(Half a, Half b) const;
   void TraceFaces();
   double AreaLeftOf(Half h) const;
   void FindParts();
@@ -78,6 +97,9 @@ class Arrangement {
 
   const VertexNet& net_;
   double distance_;
+  const Runs& runs_;
+  std::uint32_t firstRun_;
+  bool runsAreApart_ = true;
   std::vector<Edge> edges_;
   std::vector<Half> next_;  ///< the next half of the face on the left
   std::vector<std::uint32_t> faceOf_;

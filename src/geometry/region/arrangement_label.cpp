@@ -17,14 +17,32 @@ bool Arrangement::IsPlanar() const {
   });
 }
 
+/// The curves of all edges, each with the half that passes it forwards.
+std::vector<Arrangement::EdgeCurve> Arrangement::EdgeCurves() const {
+  std::vector<EdgeCurve> curves;
+  curves.reserve(edges_.size() + runs_.curves.size());
+  for (Half h = 0; h < HalfCount(); h += 2) {
+    if (!IsRun(h)) {
+      curves.push_back({CurveOf(h), h});
+      continue;
+    }
+    const Run& run = runs_.list[RunOf(h)];
+    for (std::size_t i = run.firstCurve; i < run.firstCurve + run.curveCount; ++i) {
+      curves.push_back({runs_.curves[i], IsForward(h) ? h : TwinOf(h)});
+    }
+  }
+  return curves;
+}
+
 /// The turns that the other parts make around each part: the edges above one of its vertices.
 std::vector<Turns> Arrangement::TurnsAround() const {
   std::vector<Turns> around(parts_.size(), Turns{0, 0});
   if (parts_.size() < 2) return around;
+  std::vector<EdgeCurve> curves = EdgeCurves();
   std::vector<BoxTree::Item> boxes;
+  boxes.reserve(curves.size());
   double top = net_[0].dy;
-  for (Half h = 0; h < HalfCount(); h += 2) {
-    const Curve c = CurveOf(h);
+  for (const auto& [c, half] : curves) {
     boxes.push_back({std::min(c.a.dx, c.b.dx), std::min(c.a.dy, c.b.dy), std::max(c.a.dx, c.b.dx),
                      std::max(c.a.dy, c.b.dy)});
     top = std::max(top, boxes.back().top);
@@ -32,13 +50,12 @@ std::vector<Turns> Arrangement::TurnsAround() const {
   const BoxTree tree(std::move(boxes));
   for (std::size_t part = 0; part < parts_.size(); ++part) {
     const Vector2d p = net_[From(faces_[parts_[part].outer].first)];
-    tree.VisitBox({p.dx, p.dy, p.dx, top}, [&](std::uint32_t edge) {
-      const Half h = 2 * edge;
-      const Curve c = CurveOf(h);
+    tree.VisitBox({p.dx, p.dy, p.dx, top}, [&](std::uint32_t i) {
+      const auto& [c, h] = curves[i];
       if (faces_[faceOf_[h]].part == part || (c.a.dx <= p.dx) == (c.b.dx <= p.dx)) return;
       if (!PreparedCurve(c, distance_).IsAbove(p)) return;
       const int sign = c.b.dx < c.a.dx ? 1 : -1;
-      for (std::size_t i = 0; i < around[part].size(); ++i) around[part][i] += sign * TurnsOf(h)[i];
+      for (std::size_t n = 0; n < around[part].size(); ++n) around[part][n] += sign * TurnsOf(h)[n];
     });
   }
   return around;
@@ -70,7 +87,7 @@ bool Arrangement::LabelPart(std::uint32_t part, const Turns& around) {
 }
 
 bool Arrangement::Label() {
-  if (!IsPlanar()) return false;
+  if (!runsAreApart_ || !IsPlanar()) return false;
   const std::vector<Turns> around = TurnsAround();
   for (std::uint32_t part = 0; part < parts_.size(); ++part) {
     if (!LabelPart(part, around[part])) return false;

@@ -25,12 +25,14 @@ Vector2d Turned(const Vector2d& v, double sine, double cosine) {
 Tangents TangentsOf(const Curve& c) {
   const Vector2d chord = c.b - c.a;
   const double length = chord.Magnitude();
-  const auto [sine, cosine] = HalfSweepOf(c.k, length);
   const Vector2d unit = chord * (1 / length);
+  if (c.k == 0) return {unit, unit};
+  const auto [sine, cosine] = HalfSweepOf(c.k, length);
   return {Turned(unit, -sine, cosine), Turned(unit, sine, cosine)};
 }
 
 double Bulge(const Curve& c) {
+  if (c.k == 0) return 0;
   const double chord = (c.b - c.a).Magnitude();
   const auto [sine, cosine] = HalfSweepOf(c.k, chord);
   return chord / 2 * sine / (1 + cosine);
@@ -38,11 +40,13 @@ double Bulge(const Curve& c) {
 
 double LengthOf(const Curve& c) {
   const double chord = (c.b - c.a).Magnitude();
+  if (c.k == 0) return chord;
   const double sine = HalfSweepOf(c.k, chord).sine;
   return std::abs(sine) < 1e-8 ? chord : chord * std::asin(sine) / sine;
 }
 
 double SegmentArea(const Curve& c) {
+  if (c.k == 0) return 0;
   const double chord = (c.b - c.a).Magnitude();
   const auto [sine, cosine] = HalfSweepOf(c.k, chord);
   // (half - sine cosine) / (4 sine^2), whose series is sine / 6 (1 + 3 sine^2 / 10 + ...).
@@ -63,9 +67,13 @@ double Heading(const Curve& c, double reach, const Vector2d& reference) {
 PreparedCurve::PreparedCurve(const Curve& c, double margin) : c_(c), margin_(margin) {
   const Vector2d chord = c.b - c.a;
   const double length = chord.Magnitude();
-  const auto [sine, cosine] = HalfSweepOf(c.k, length);
-  tangent_ = Turned(chord * (1 / length), -sine, cosine);
-  reach_ = length / std::max(cosine, 0.1);
+  tangent_ = chord * (1 / length);
+  reach_ = length;
+  if (c.k != 0) {
+    const auto [sine, cosine] = HalfSweepOf(c.k, length);
+    tangent_ = Turned(tangent_, -sine, cosine);
+    reach_ = length / std::max(cosine, 0.1);
+  }
   box_.Insert(Point(c.a.dx, c.a.dy));
   box_.Insert(Point(c.b.dx, c.b.dy));
   box_.Grow(margin);

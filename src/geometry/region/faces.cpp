@@ -2,6 +2,7 @@
 #include <cmath>
 #include <optional>
 
+#include "geometry/region/runs.h"
 #include "geometry/region/separate_loops.h"
 
 /// From the faces of an arrangement to the loops of a region.
@@ -11,13 +12,17 @@ namespace {
 constexpr int kMostAttempts = 4;
 constexpr double kCoarser = 8;
 constexpr double kHalfTurn = 3.141592653589793;
+/// How far pieces may move from their strokes, in distances, when there are runs, which are 16 of them away
+/// from all that they do not continue.
+constexpr double kInPlace = 4;
 
 /// Collects the boundary between the faces inside and those outside.
 class Boundary {
  public:
-  Boundary(const Sketch& sketch, const Arrangement& map, Rule rule, double distance)
+  Boundary(const Sketch& sketch, const Arrangement& map, const Runs& runs, Rule rule, double distance)
       : sketch_(sketch),
         map_(map),
+        runs_(runs),
         rule_(rule),
         distance_(distance),
         isDone_(map.HalfCount(), false),
@@ -76,8 +81,13 @@ class Boundary {
     }
   }
 
-  /// Loops that are nowhere wider than the distance are noise.
+  /// Loops that are nowhere wider than the distance are noise; those with a run are wider.
   void AddLoop(Chain chain, std::vector<RegionLoop>& loops) const {
+    const bool hasRun = std::any_of(chain.begin(), chain.end(), [&](Half h) { return map_.IsRun(h); });
+    if (hasRun || !IsNoise(chain)) loops.push_back(LoopOf(std::move(chain)));
+  }
+
+  bool IsNoise(const Chain& chain) const {
     double area = 0, length = 0;
     const Vector2d origin = map_.At(map_.From(chain.front()));
     for (const Half h : chain) {
@@ -87,12 +97,12 @@ class Boundary {
       area += Cross(c.a, c.b) / 2 + SegmentArea(c);
       length += LengthOf(c);
     }
-    if (std::abs(area) <= length * distance_) return;
-    loops.push_back(LoopOf(std::move(chain)));
+    return std::abs(area) <= length * distance_;
   }
 
   bool Continues(Half before, Half h) const {
-    return map_.OriginOf(before) == map_.OriginOf(h) && map_.IsForward(before) == map_.IsForward(h);
+    return !map_.IsRun(h) && map_.OriginOf(before) == map_.OriginOf(h) &&
+           map_.IsForward(before) == map_.IsForward(h);
   }
 
   /// Joins the parts of a stroke again. A whole circle becomes two spans.
@@ -108,7 +118,11 @@ class Boundary {
     RegionLoop loop;
     double sweep = 0;
     for (std::size_t i = 0; i < chain.size(); ++i) {
-      const double part = SweepOf(chain[i]);
+      if (map_.IsRun(chain[i])) {
+        AppendRun(chain[i], loop);
+        continue;
+      }
+      const double part = isCircle ? SweepOf(chain[i]) : 0;
       const bool isLong = isCircle && sweep > 0 && sweep + part > kHalfTurn * (1 + 1e-9);
       if (i > 0 && Continues(chain[i - 1], chain[i]) && !isLong) {
         loop.spans.back().p1 = sketch_.PointAt(map_.At(map_.To(chain[i])));
@@ -119,6 +133,20 @@ class Boundary {
       sweep = part;
     }
     return loop;
+  }
+
+  /// Runs are passed forwards, since their left has one turn more than their right.
+  void AppendRun(Half h, RegionLoop& loop) const {
+    const Run& run = runs_.list[map_.RunOf(h)];
+    const std::vector<RegionSpan>& spans = run.loop->spans;
+    const std::size_t first = loop.spans.size(), count = run.spanCount;
+    const std::size_t toEnd = std::min(count, spans.size() - run.firstSpan);
+    const auto start = spans.begin() + static_cast<std::ptrdiff_t>(run.firstSpan);
+    loop.spans.insert(loop.spans.end(), start, start + static_cast<std::ptrdiff_t>(toEnd));
+    loop.spans.insert(loop.spans.end(), spans.begin(),
+                      spans.begin() + static_cast<std::ptrdiff_t>(count - toEnd));
+    loop.spans[first].p0 = sketch_.PointAt(map_.At(map_.From(h)));
+    loop.spans.back().p1 = sketch_.PointAt(map_.At(map_.To(h)));
   }
 
   double SweepOf(Half h) const {
@@ -136,19 +164,40 @@ class Boundary {
 
   const Sketch& sketch_;
   const Arrangement& map_;
+  const Runs& runs_;
   Rule rule_;
   double distance_;
   std::vector<bool> isDone_;
   std::vector<bool> isOpen_;
 };
 
-std::optional<Region> Attempt(const Sketch& sketch, Rule rule, Cancelled cancelled, double distance) {
+/// Whether all pieces are within the distance of the strokes that they are parts of.
+bool AreInPlace(const Pieces& pieces, const std::vector<Stroke>& strokes, double distance) {
+  return std::all_of(pieces.List().begin(), pieces.List().end(), [&](const Piece& piece) {
+    const Stroke& stroke = strokes[piece.origin];
+    return std::abs(LeftOf(stroke, pieces.Net()[piece.from])) <= distance &&
+           std::abs(LeftOf(stroke, pieces.Net()[piece.to])) <= distance;
+  });
+}
+
+std::optional<Region> Attempt(const Sketch& sketch, const Runs& runs, Rule rule, Cancelled cancelled,
+                              double distance) {
   Pieces pieces(distance);
   for (const Stroke& stroke : sketch.Strokes()) pieces.Add(stroke);
+  std::vector<RunEdge> runEdges;
+  for (const Run& run : runs.list) {
+    const std::uint32_t from = pieces.AddVertex(run.from);
+    runEdges.push_back({from, pieces.AddVertex(run.to)});
+  }
   if (!pieces.Normalise()) return std::nullopt;
-  Arrangement map(pieces, cancelled);
+  if (!runs.list.empty() && !AreInPlace(pieces, sketch.Strokes(), kInPlace * distance)) return std::nullopt;
+  Arrangement map(pieces, cancelled, runs, runEdges, static_cast<std::uint32_t>(sketch.Strokes().size()));
   if (!map.Label()) return std::nullopt;
-  return Boundary(sketch, map, rule, distance).Collect(cancelled);
+  return Boundary(sketch, map, runs, rule, distance).Collect(cancelled);
+}
+
+bool IsPositive(const Turns& turns) {
+  return turns[0] > 0;
 }
 
 }  // namespace
@@ -160,15 +209,22 @@ Region FacesOf(const Sketch& sketch, Rule rule, Cancelled cancelled) {
   if (sketch.Strokes().empty()) return {};
   double distance = sketch.Distance();
   for (int attempt = 0; attempt < kMostAttempts; ++attempt, distance *= kCoarser) {
-    if (auto region = Attempt(sketch, rule, cancelled, distance)) return *region;
+    if (auto region = Attempt(sketch, {}, rule, cancelled, distance)) return *region;
   }
   return failed;
 }
 
+// What is proved of the loops leaves less to be arranged, or nothing.
 Region PositiveFacesOf(Sketch& sketch, std::vector<RegionLoop> loops, double resolution) {
-  if (auto region = PositiveLoopsOf(sketch, loops, resolution)) return *std::move(region);
+  const SeparateLoops separate(sketch, loops, resolution);
+  if (separate.IsSound() && separate.MeetingCount() == 0) return separate.TakeBoundary(loops);
+  if (separate.IsSound()) {
+    Sketch meeting = sketch;
+    const Runs runs = AddLoopsInRuns(meeting, loops, separate);
+    if (auto region = Attempt(meeting, runs, IsPositive, Cancelled::kDropped, resolution)) return *region;
+  }
   sketch.AddLoops(loops, {1, 0});
-  return FacesOf(sketch, [](const Turns& turns) { return turns[0] > 0; });
+  return FacesOf(sketch, IsPositive);
 }
 
 }  // namespace geometry::region

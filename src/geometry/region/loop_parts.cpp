@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/huge_pages.h"
+
 namespace geometry::region {
 namespace {
 
@@ -35,6 +37,10 @@ Curve LoopParts::operator[](std::uint32_t i) const {
   return {parts_[i].a, parts_[i].b, parts_[i].k};
 }
 
+bool LoopParts::IsShort(std::uint32_t i) const {
+  return !(Size(parts_[i].b - parts_[i].a) > shortest_);
+}
+
 std::vector<BoxTree::Item> LoopParts::TakeBoxes() {
   for (BoxTree::Item& box : boxes_) {
     box.left -= margin_;
@@ -45,17 +51,26 @@ std::vector<BoxTree::Item> LoopParts::TakeBoxes() {
   return std::move(boxes_);
 }
 
+void LoopParts::Reserve(std::size_t spans) {
+  parts_.reserve(spans + spans / 2);
+  boxes_.reserve(spans + spans / 2);
+  vanzet::platform::PreferHugePages(parts_.data(), parts_.capacity() * sizeof(Part));
+  vanzet::platform::PreferHugePages(boxes_.data(), boxes_.capacity() * sizeof(BoxTree::Item));
+}
+
 bool LoopParts::Add(const RegionLoop& loop) {
   loops_.push_back({static_cast<std::uint32_t>(parts_.size()), 0, false});
   if (loop.spans.empty()) return true;
-  const std::size_t wanted = parts_.size() + loop.spans.size() + loop.spans.size() / 2;
-  parts_.reserve(wanted);
-  boxes_.reserve(wanted);
   leftmost_ = Vector2d(1e300, 0);
   Vector2d a = Local(loop.spans.back().p1);
   for (const RegionSpan& span : loop.spans) {
     const Vector2d b = Local(span.p1);
-    if (!(span.dir == LINEAR ? AddLine(a, b) : AddArc(span, a, b))) return false;
+    if (span.dir == LINEAR) {
+      AddLine(a, b);
+    } else if (!AddArc(span, a, b)) {
+      return false;
+    }
+    ++spanCount_;
     a = b;
   }
   Loop& added = loops_.back();
@@ -66,10 +81,10 @@ bool LoopParts::Add(const RegionLoop& loop) {
   return true;
 }
 
-bool LoopParts::AddLine(const Vector2d& a, const Vector2d& b) {
+void LoopParts::AddLine(const Vector2d& a, const Vector2d& b) {
   const Vector2d chord = b - a;
   const Vector2d tangent = chord * (1 / std::sqrt(Dot(chord, chord)));
-  return AddPart(a, b, 0, {tangent, tangent});
+  AddPart(a, b, 0, {tangent, tangent});
 }
 
 void LoopParts::Widen(double inexact) {
@@ -98,23 +113,26 @@ bool LoopParts::AddArc(const RegionSpan& span, const Vector2d& a, const Vector2d
       Widen(aside * aside / radius);
       continue;
     }
-    if (!AddPart(from, at, turn / radius, {out.LeftNormal() * turn, axis.LeftNormal() * turn})) return false;
+    AddPart(from, at, turn / radius, {out.LeftNormal() * turn, axis.LeftNormal() * turn});
     from = at;
     out = axis;
   }
   out = out.LeftNormal() * turn;
-  return AddPart(from, b, turn / radius, {out, second.LeftNormal() * (turn / atEnd)});
+  AddPart(from, b, turn / radius, {out, second.LeftNormal() * (turn / atEnd)});
+  return true;
 }
 
-bool LoopParts::AddPart(const Vector2d& a, const Vector2d& b, double k, const Tangents& tangents) {
+void LoopParts::AddPart(const Vector2d& a, const Vector2d& b, double k, const Tangents& tangents) {
   const Vector2d chord = b - a;
-  if (!(Size(chord) > shortest_)) return false;
   const auto number = static_cast<std::uint32_t>(parts_.size());
   const bool isFirst = number == loops_.back().first;
-  parts_.push_back({a, b, k, number + 1});
+  parts_.push_back({a, b, k, number + 1, spanCount_});
+  const bool isShort = !(Size(chord) > shortest_);
   const double left = std::min(a.dx, b.dx), bottom = std::min(a.dy, b.dy);
   const double right = std::max(a.dx, b.dx), top = std::max(a.dy, b.dy);
-  const Advance advance = AdvanceAlong(tangents.start) & (k == 0 ? ~Advance{0} : AdvanceAlong(tangents.end));
+  const Advance advance = isShort  ? 0
+                          : k == 0 ? AdvanceAlong(tangents.start)
+                                   : AdvanceAlong(tangents.start) & AdvanceAlong(tangents.end);
   boxes_.push_back({left, bottom, right, top, true, isFirst, advance});
   top_ = std::max(top_, top);
   if (isFirst) {
@@ -123,7 +141,6 @@ bool LoopParts::AddPart(const Vector2d& a, const Vector2d& b, double k, const Ta
     CheckJoint(number - 1, a, chord, tangents.start);
   }
   arrival_ = {chord, tangents.end};
-  return true;
 }
 
 /// Whether the line through the joint, at a right angle to the mean of the tangents, separates the parts; and
@@ -131,7 +148,8 @@ bool LoopParts::AddPart(const Vector2d& a, const Vector2d& b, double k, const Ta
 void LoopParts::CheckJoint(std::uint32_t before, const Vector2d& at, const Vector2d& chord,
                            const Vector2d& tangent) {
   const Vector2d mean = arrival_.tangent + tangent;
-  const bool isSeparated = Dot(mean, tangent) > kAway && Dot(mean, chord) > kAway * Size(chord) &&
+  const bool isSeparated = std::min(Size(chord), Size(arrival_.chord)) > shortest_ &&
+                           Dot(mean, tangent) > kAway && Dot(mean, chord) > kAway * Size(chord) &&
                            Dot(mean, arrival_.chord) > kAway * Size(arrival_.chord);
   if (!isSeparated) doubtful_.push_back(before);
   if (at.dx >= leftmost_.dx) return;

@@ -15,6 +15,8 @@ constexpr int kFreeRounds = 4;
 constexpr std::size_t kFewCuts = 200;
 /// Arcs of a radius below so many distances are as good as their chords.
 constexpr double kSmallestRadius = 16;
+/// Lines that are farther apart than this, in distances, are not cut by each other.
+constexpr double kClear = 2;
 constexpr double kQuarter = 1.5707963267948966;
 
 Vector2d Turned(const Vector2d& v, double angle) {
@@ -35,7 +37,21 @@ double FirstAxisAngle(const Stroke& arc) {
   return (arc.k > 0 ? 1 - part : part) * kQuarter;
 }
 
+/// Whether the ends of the second line are clearly on one side of the first one.
+bool AreOnOneSide(const Curve& line, const Curve& other, double distance) {
+  const Vector2d along = line.b - line.a;
+  const double first = Cross(along, other.a - line.a), second = Cross(along, other.b - line.a);
+  const double least = std::min(std::abs(first), std::abs(second)), reach = kClear * distance;
+  return first * second > 0 && least * least > reach * reach * Dot(along, along);
+}
+
 }  // namespace
+
+double LeftOf(const Stroke& stroke, const Vector2d& p) {
+  const Vector2d w = p - stroke.from;
+  const double residual = stroke.k * Dot(w, w) - 2 * Cross(stroke.tangent, w);
+  return -residual / (1 + std::sqrt(std::max(0.0, 1 + stroke.k * residual)));
+}
 
 std::uint32_t Pieces::Append(std::uint32_t from, std::uint32_t to, const Stroke& stroke) {
   const bool isTiny = std::abs(stroke.k) * kSmallestRadius * distance_ > 1;
@@ -68,7 +84,21 @@ void Pieces::CutAtEnds(std::uint32_t i, const Piece& other) {
   }
 }
 
+/// Whether two pieces are lines that leave nothing to cut: apart, or with an angle at a common end.
+bool Pieces::AreClear(std::uint32_t i, std::uint32_t j) const {
+  const Piece &a = pieces_[i], &b = pieces_[j];
+  if (a.k != 0 || b.k != 0) return false;
+  const Curve &first = prepared_[i].Shape(), &second = prepared_[j].Shape();
+  if (a.from != b.from && a.from != b.to && a.to != b.from && a.to != b.to) {
+    return AreOnOneSide(first, second, distance_) || AreOnOneSide(second, first, distance_);
+  }
+  const Vector2d u = first.b - first.a, v = second.b - second.a;
+  const double cross = Cross(u, v), reach = kClear * distance_;
+  return cross * cross > reach * reach * std::max(Dot(u, u), Dot(v, v));
+}
+
 void Pieces::Compare(std::uint32_t i, std::uint32_t j) {
+  if (AreClear(i, j)) return;
   const Piece &a = pieces_[i], &b = pieces_[j];
   CutAtEnds(i, b);
   CutAtEnds(j, a);

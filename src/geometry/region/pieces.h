@@ -22,6 +22,9 @@ struct Stroke {
   Turns turns = {1, 0};
 };
 
+/// The signed distance of a point from the whole line or circle of a stroke, positive on the left.
+double LeftOf(const Stroke& stroke, const Vector2d& p);
+
 /// A part of a stroke between two vertices.
 struct Piece {
   std::uint32_t from, to;
@@ -41,6 +44,7 @@ class Pieces {
   explicit Pieces(double distance) : distance_(distance), net_(distance) {}
 
   void Add(const Stroke& stroke);
+  std::uint32_t AddVertex(const Vector2d& p) { return net_.Add(p); }
   /// Returns false when too many rounds were necessary; the pieces are of no use then.
   bool Normalise();
 
@@ -57,6 +61,7 @@ class Pieces {
   std::uint32_t Append(std::uint32_t from, std::uint32_t to, const Stroke& stroke);
   bool FindCuts();
   void Compare(std::uint32_t i, std::uint32_t j);
+  bool AreClear(std::uint32_t i, std::uint32_t j) const;
   void CutAtEnds(std::uint32_t i, const Piece& other);
   void CutAt(std::uint32_t i, std::uint32_t vertex);
   void ApplyCuts();

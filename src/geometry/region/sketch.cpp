@@ -96,15 +96,17 @@ Shape Sketch::ShapeOf(const RegionSpan& span) const {
   return shape;
 }
 
+void Sketch::AddSpan(const RegionSpan& span, const Turns& turns) {
+  const Shape shape = ShapeOf(span);
+  if (!(shape.chord > 0)) return;
+  strokes_.push_back({shape.a, shape.b, shape.tangents.start, shape.k, SweepOf(shape),
+                      static_cast<std::uint32_t>(origins_.size()), turns});
+  origins_.push_back(span);
+}
+
 void Sketch::AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns) {
   for (const RegionLoop& loop : loops) {
-    for (const RegionSpan& span : loop.spans) {
-      const Shape shape = ShapeOf(span);
-      if (!(shape.chord > 0)) continue;
-      strokes_.push_back({shape.a, shape.b, shape.tangents.start, shape.k, SweepOf(shape),
-                          static_cast<std::uint32_t>(origins_.size()), turns});
-      origins_.push_back(span);
-    }
+    for (const RegionSpan& span : loop.spans) AddSpan(span, turns);
   }
 }
 

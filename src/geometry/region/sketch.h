@@ -30,6 +30,7 @@ class Sketch {
   const Vector2d& Base() const { return base_; }
   Point PointAt(const Vector2d& p) const { return {p.dx + base_.dx, p.dy + base_.dy}; }
 
+  void AddSpan(const RegionSpan& span, const Turns& turns);
   void AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns);
 
   const std::vector<Stroke>& Strokes() const { return strokes_; }
