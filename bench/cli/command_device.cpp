@@ -1,6 +1,9 @@
+#include <iostream>
+
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
+#include "base/one_line.h"
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -74,9 +77,10 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
                arguments.body};
 }
 
-/// Reads the only contour of a file.
+/// Reads the only contour of a file. What is not read as it is drawn is reported on standard error.
 Result<geometry::Kurve> OutlineOf(const std::string& file) {
   VANZET_TRY(const auto content, contour::ReadContourFile(file, {}));
+  for (const contour::Remark& remark : content.remarks) std::cerr << "vanzet: " + OneLine(remark.text) + "\n";
   if (content.contours.size() != 1) {
     return Fault{"expected one contour for the outline, found " + std::to_string(content.contours.size()),
                  file};

@@ -117,6 +117,14 @@ TEST_F(DeviceCommands, TellWhatIsBroken) {
   EXPECT_THAT(empty.err, HasSubstr("own.vdm: is not a device"));
 }
 
+TEST_F(DeviceCommands, SayWhatIsNotReadOfTheirOutline) {
+  PutDisk(-30);
+  WriteBytes(folder / "outline.txt", "k1 e x0 y0\nx10 y0\nax10.004 y0.004 x10 y0.004\nx0 y5\nek\n");
+  const Outcome made = Make("--class chuck --looking z --first 30");
+  EXPECT_EQ(made.status, 0);
+  EXPECT_EQ(made.err, "vanzet: outline.txt: 1 arc under 0.005 mm radius was read as a line\n");
+}
+
 TEST_F(DeviceCommands, TakeAndPrintInches) {
   PutDisk(101.6);
   ASSERT_EQ(Make("--class chuck --looking z --face 5 --first 1.5 --unit inch").status, 0);
