@@ -87,7 +87,7 @@ Result<Contour> Reduce(const Contour& contour, double tolerance) {
 Result<Contour> Transform(const Contour& contour, const geometry::Matrix& matrix) {
   Builder builder;
   VANZET_DO(builder.Start(contour.curve.start.Transform(matrix)));
-  for (const Span& span : contour.curve.spans) {
+  for (const geometry::RegionSpan& span : SpansOf(contour)) {
     const int direction = matrix.mirrored ? -span.dir : span.dir;
     const Point end = span.p1.Transform(matrix);
     VANZET_DO(direction == geometry::LINEAR ? builder.LineTo(end)

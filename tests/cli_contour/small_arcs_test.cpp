@@ -42,6 +42,19 @@ TEST_F(SmallArcs, OffsetsByTheStepsAndStrictReadersSayIt) {
   EXPECT_THAT(Fault("offset fillet.txt 1 --strict"), HasSubstr("not everything was read as it is drawn"));
 }
 
+TEST_F(SmallArcs, ATransformKeepsThemAndSaysWhichItMakes) {
+  const Outcome larger = Vanzet("contour transform fillet.txt --scale 1000 --strict");
+  EXPECT_EQ(larger.err, "");
+  EXPECT_THAT(larger.out, HasSubstr("ax10004 y4 x10000 y4")) << "as it is drawn, not as it is read";
+  const Outcome smaller = Vanzet("contour transform slot.txt --scale 0.0004");
+  EXPECT_EQ(smaller.err,
+            "vanzet: the result has 2 arcs under 0.005 mm radius, for which other operations and JSON have "
+            "lines\n");
+  const Outcome back = Vanzet("contour transform --scale 2500", "", smaller.out);
+  EXPECT_EQ(back.err, "");
+  EXPECT_EQ(back.out, Vanzet("contour text slot.txt").out);
+}
+
 TEST_F(SmallArcs, RegionsKeepThem) {
   WriteBytes(folder / "pin.txt",
              "k1 e x0 y0\nx10 y0\nx10 y10\nx0 y10\nx0 y0\nek\n"

@@ -15,7 +15,7 @@ namespace vanzet::cli {
 /// Fails when the picture or the drawing would replace a file that the operation reads.
 Result<void> CheckOutputs(const ContourArguments& arguments);
 
-/// Whether an operation makes a region of the contours, which keeps small arcs.
+/// Whether an operation keeps small arcs, as those do that make a region of the contours.
 using MakesRegion = bool (*)(const ContourArguments& arguments, const contour::Contours& contours);
 
 /// Reads the chosen contours of a file; `file` counts the files of the command from 0. What is left out of a

@@ -1,10 +1,12 @@
 #include <functional>
+#include <iostream>
 
 #include <nlohmann/json.hpp>
 
 #include "base/number_text.h"
 #include "cli/contour/files.h"
 #include "cli/contour/operations.h"
+#include "cli/output.h"
 #include "contour/constructions.h"
 #include "contour/contour_file.h"
 #include "contour/json_form.h"
@@ -33,8 +35,9 @@ struct Changed {
   Contours source, made;
 };
 
-Result<Changed> ChangeContours(const ContourArguments& arguments, const Change& change) {
-  VANZET_TRY(auto contours, ReadContours(arguments, 0));
+Result<Changed> ChangeContours(const ContourArguments& arguments, const Change& change,
+                               MakesRegion keepsSmallArcs = nullptr) {
+  VANZET_TRY(auto contours, ReadContours(arguments, 0, keepsSmallArcs));
   Changed changed{std::move(contours), {}};
   for (const Contour& contour : changed.source) {
     VANZET_TRY(auto result, change(contour));
@@ -47,6 +50,15 @@ Result<Changed> ChangeContours(const ContourArguments& arguments, const Change& 
 Result<void> WriteChanged(const ContourArguments& arguments, const Change& change) {
   const auto changed = ChangeContours(arguments, change);
   return changed ? WriteMade(arguments, changed->source, changed->made) : changed.fault();
+}
+
+/// Says which arcs of a result other operations will not have.
+void ReportSmallArcs(const Contours& made) {
+  int count = 0;
+  for (const Contour& contour : made) count += contour.arcsAsLines;
+  if (count == 0) return;
+  std::cerr << "vanzet: the result has " + Counted(static_cast<std::size_t>(count), "arc") +
+                   " under 0.005 mm radius, for which other operations and JSON have lines\n";
 }
 
 Result<void> PrintForm(const ContourArguments& arguments, const Contours& contours, const std::string& form) {
@@ -74,7 +86,13 @@ Result<void> ContourReduce(const ContourArguments& arguments) {
 }
 
 Result<void> ContourTransform(const ContourArguments& arguments) {
-  return WriteChanged(arguments, [&](const Contour& c) { return Transform(c, arguments.matrix); });
+  const auto keepsSmallArcs = [](const ContourArguments&, const Contours&) { return true; };
+  VANZET_TRY(
+      const auto changed,
+      ChangeContours(
+          arguments, [&](const Contour& c) { return Transform(c, arguments.matrix); }, keepsSmallArcs));
+  ReportSmallArcs(changed.made);
+  return WriteMade(arguments, changed.source, changed.made);
 }
 
 Result<void> ContourPart(const ContourArguments& arguments) {
