@@ -24,6 +24,17 @@ view::Control ControlFrom(const ControlTemplate& row) {
   return control;
 }
 
+/// True for controls in which a user would find the same. Labels, buttons and pictures hold nothing.
+bool HaveSameContent(const view::Control& a, const view::Control& b) {
+  switch (a.kind) {
+    case ControlKind::kEdit: return a.isReal && a.number ? a.number == b.number : a.text == b.text;
+    case ControlKind::kCombo: return a.text == b.text;
+    case ControlKind::kCheck: return a.isChecked == b.isChecked;
+    case ControlKind::kSpin: return a.value == b.value;
+    default: return true;
+  }
+}
+
 }  // namespace
 
 std::string RealText(double value) {
@@ -101,8 +112,21 @@ void Controls::SetSpin(std::int32_t id, std::int32_t value) {
   SetText(row->buddy, std::to_string(spin.value));
 }
 
+void Controls::SetDevices(std::int32_t combo, std::vector<view::ListedDevice> devices) {
+  At(combo).devices = std::move(devices);
+}
+
+std::vector<std::int32_t> Controls::NotKept() const {
+  std::vector<std::int32_t> changed;
+  for (std::size_t i = 0; i < kept_.size(); ++i) {
+    if (!HaveSameContent(controls_[i], kept_[i])) changed.push_back(controls_[i].id);
+  }
+  return changed;
+}
+
 void Controls::Empty(std::int32_t combo) {
   At(combo).items.clear();
+  At(combo).devices.clear();
   Select(combo, -1);
 }
 

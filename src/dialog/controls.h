@@ -43,6 +43,12 @@ class Controls {
   explicit Controls(std::span<const ControlTemplate> rows);
 
   const std::vector<view::Control>& All() const { return controls_; }
+
+  /// Remembers the contents of the moment as those that are stored.
+  void Keep() { kept_ = controls_; }
+
+  /// The controls whose contents differ from those kept; none before anything was kept.
+  std::vector<std::int32_t> NotKept() const;
   bool Has(std::int32_t id) const;
   const view::Control& Of(std::int32_t id) const;
 
@@ -60,6 +66,9 @@ class Controls {
   /// A value out of the spin's range becomes the nearest in it.
   void SetSpin(std::int32_t id, std::int32_t value);
 
+  /// The devices behind the entries of a combo.
+  void SetDevices(std::int32_t combo, std::vector<view::ListedDevice> devices);
+
   /// Removes the entries and the text of a combo.
   void Empty(std::int32_t combo);
   void AddEntries(std::int32_t combo, const std::vector<std::string>& entries);
@@ -72,6 +81,7 @@ class Controls {
 
   std::span<const ControlTemplate> rows_;
   std::vector<view::Control> controls_;
+  std::vector<view::Control> kept_;
 };
 
 }  // namespace vanzet::dialog

@@ -93,6 +93,7 @@ const view::DialogState& CDlgMain::State() {
   state_.tree = tree_.Nodes();
   state_.dialog = controls_.All();
   state_.controls = ActivePage().TheControls().All();
+  state_.unstored = ActivePage().Unstored();
   return state_;
 }
 
@@ -193,7 +194,7 @@ void CDlgMain::OnContextMenu(std::int32_t node) {
 
 void CDlgMain::OnSpurChange() {
   RefreshTreeMarks();
-  ActivePage().OnSetActive();
+  ActivePage().Activate();
 }
 
 void CDlgMain::RefreshTreeMarks() {

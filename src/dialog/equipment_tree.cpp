@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "devices/kinds.h"
 #include "dialog/texts.h"
 #include "dialog/tree_nodes.h"
-#include "store/billet_records.h"
 #include "store/clamp_records.h"
-#include "store/datum_records.h"
-#include "store/finish_part_records.h"
 #include "view/ids.h"
 
 namespace vanzet::dialog {
@@ -27,7 +25,11 @@ bool Has(PpDefIni& machine, NeedsOf needs) {
 view::TreeNode NodeFrom(const TreeNodeRow& row) {
   std::string text = Text(row.message, row.defaultText);
   if (row.number > 0) text += " " + std::to_string(row.number);
-  return {row.id, row.parent, text, false, false, row.bitmap, row.SelectedBitmap()};
+  return {.id = row.id,
+          .parent = row.parent,
+          .text = text,
+          .bitmap = row.bitmap,
+          .selectedBitmap = row.SelectedBitmap()};
 }
 
 /// True for a node whose branch stays closed.
@@ -70,6 +72,20 @@ std::int32_t NodeOf(const Node& node, std::int32_t spindle) {
   return spindle == 1 ? node.sub : node.main;
 }
 
+std::vector<view::NodeValue> ValuesOf(const BilletRecord& billet) {
+  if (billet.type != billet_type::kCylindric) return {};
+  return {{"A", billet.outerDiameter}, {"B", billet.partLength},    {"C", billet.frontAllowance},
+          {"D", billet.rearAllowance}, {"E", billet.innerDiameter}, {"F", billet.barLength}};
+}
+
+/// The name of the figure or of the solid that a part is made from.
+template <class Record>
+std::string NameOfPart(const Record& record, bool isSolid) {
+  if (isSolid) return record.solidName;
+  return record.figureInside.empty() ? record.figureOutside
+                                     : record.figureOutside + ", " + record.figureInside;
+}
+
 }  // namespace
 
 void EquipmentTree::Fill(PpDefIni& machine) {
@@ -97,12 +113,21 @@ void EquipmentTree::MarkCenterNode(std::int32_t deviceType) {
   Mark(node::kCenter, devices::IsCenter(deviceType));
 }
 
-void EquipmentTree::MarkBilletNodes(std::int32_t spindle, std::int32_t billetType) {
-  for (const TypeNode& node : kBilletNodes) Mark(NodeOf(node, spindle), billetType == node.type);
+void EquipmentTree::MarkBilletNodes(std::int32_t spindle, const BilletRecord& billet) {
+  const bool isCylinder = billet.type == billet_type::kCylindric;
+  const std::string name = isCylinder ? "" : NameOfPart(billet, billet.type == billet_type::kFromSolid);
+  for (const TypeNode& node : kBilletNodes) {
+    Mark(NodeOf(node, spindle), billet.type == node.type);
+    Describe(NodeOf(node, spindle), name, ValuesOf(billet));
+  }
 }
 
-void EquipmentTree::MarkFinishPartNodes(std::int32_t spindle, std::int32_t finishPartType) {
-  for (const TypeNode& node : kFinishPartNodes) Mark(NodeOf(node, spindle), finishPartType == node.type);
+void EquipmentTree::MarkFinishPartNodes(std::int32_t spindle, const FinishPartRecord& finishPart) {
+  const std::string name = NameOfPart(finishPart, finishPart.type == finish_part_type::kFromSolid);
+  for (const TypeNode& node : kFinishPartNodes) {
+    Mark(NodeOf(node, spindle), finishPart.type == node.type);
+    Describe(NodeOf(node, spindle), name, {});
+  }
 }
 
 void EquipmentTree::MarkBezelNode(std::int32_t flag) {
@@ -112,6 +137,11 @@ void EquipmentTree::MarkBezelNode(std::int32_t flag) {
 void EquipmentTree::MarkDatumNode(const DatumRecord& datum) {
   Mark(node::kDatum, datum.clampingOutMain != 0 || datum.clampingOutSub != 0 || datum.originMain != 0 ||
                          datum.originSub != 0);
+  Describe(node::kDatum, "",
+           {{"A", datum.clampingOutMain},
+            {"W", datum.originMain},
+            {"B", datum.clampingOutSub},
+            {"W", datum.originSub}});
 }
 
 void EquipmentTree::MarkRecords(std::int32_t spur, PpDefIni& machine) {
@@ -126,28 +156,43 @@ void EquipmentTree::MarkRecords(std::int32_t spur, PpDefIni& machine) {
   ReadDatum(spur, datum);
   ReadBezel(spur, bezel);
   MarkCenterNode(center.type);
+  Describe(node::kCenter, name, {});
   MarkBezelNode(bezel.isUsed);
   MarkDatumNode(datum);
 }
 
 void EquipmentTree::MarkSpindle(std::int32_t spur, std::int32_t spindle) {
   std::string name;
+  std::string jawName;
   DeviceParams device;
   DeviceParams jaw;
   ReadClampDevice(spur, spindle, name, device);
-  ReadJaw(spur, spindle, name, jaw);
+  ReadJaw(spur, spindle, jawName, jaw);
   MarkClampNodes(spindle, device.type, jaw.type);
+  for (const DeviceNode& node : kDeviceNodes) Describe(NodeOf(node, spindle), name, {});
+  Describe(NodeOf(kJawNode, spindle), jawName, {});
   BilletRecord billet;
   ReadBillet(spur, spindle, billet);
-  MarkBilletNodes(spindle, billet.type);
+  MarkBilletNodes(spindle, billet);
   FinishPartRecord finishPart;
   ReadFinishPart(spur, spindle, finishPart);
-  MarkFinishPartNodes(spindle, finishPart.type);
+  MarkFinishPartNodes(spindle, finishPart);
 }
 
 void EquipmentTree::Mark(std::int32_t id, bool isBold) {
   const auto node = std::ranges::find(nodes_, id, &view::TreeNode::id);
-  if (node != nodes_.end()) node->isBold = isBold;
+  if (node == nodes_.end()) return;
+  node->isBold = isBold;
+  node->name.clear();
+  node->values.clear();
+}
+
+void EquipmentTree::Describe(std::int32_t id, const std::string& name, std::vector<view::NodeValue> values) {
+  const auto node = std::ranges::find(nodes_, id, &view::TreeNode::id);
+  if (node == nodes_.end() || !node->isBold) return;
+  std::erase_if(values, [](const view::NodeValue& each) { return each.value == 0; });
+  node->name = name;
+  node->values = std::move(values);
 }
 
 }  // namespace vanzet::dialog

@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "machine/pp_def_ini.h"
-#include "macro/billet_drawing.h"
+#include "store/billet_records.h"
+#include "store/datum_records.h"
+#include "store/finish_part_records.h"
 #include "view/dialog_state.h"
 
 namespace vanzet::dialog {
@@ -27,14 +29,17 @@ class EquipmentTree {
 
   void MarkClampNodes(std::int32_t spindle, std::int32_t deviceType, std::int32_t jawType);
   void MarkCenterNode(std::int32_t deviceType);
-  void MarkBilletNodes(std::int32_t spindle, std::int32_t billetType);
-  void MarkFinishPartNodes(std::int32_t spindle, std::int32_t finishPartType);
+  void MarkBilletNodes(std::int32_t spindle, const BilletRecord& billet);
+  void MarkFinishPartNodes(std::int32_t spindle, const FinishPartRecord& finishPart);
   void MarkBezelNode(std::int32_t flag);
   void MarkDatumNode(const DatumRecord& datum);
 
  private:
   void MarkSpindle(std::int32_t spur, std::int32_t spindle);
   void Mark(std::int32_t id, bool isBold);
+
+  /// Adds to a node in bold what is defined there.
+  void Describe(std::int32_t id, const std::string& name, std::vector<view::NodeValue> values);
 
   std::vector<view::TreeNode> nodes_;
 };

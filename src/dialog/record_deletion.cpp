@@ -29,14 +29,14 @@ void DeleteClampDevice(const Place& place) {
 void DeleteBillet(const Place& place) {
   const BilletRecord billet;
   WriteBillet(place.spur, place.spindle, billet);
-  place.tree.MarkBilletNodes(place.spindle, billet.type);
+  place.tree.MarkBilletNodes(place.spindle, billet);
   DrawBillet(billet, place.spindle, 0.0);
 }
 
 void DeleteFinishPart(const Place& place) {
   const FinishPartRecord finishPart;
   WriteFinishPart(place.spur, place.spindle, finishPart);
-  place.tree.MarkFinishPartNodes(place.spindle, finishPart.type);
+  place.tree.MarkFinishPartNodes(place.spindle, finishPart);
 }
 
 void DeleteDatum(const Place& place) {

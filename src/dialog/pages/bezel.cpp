@@ -47,7 +47,7 @@ void CPageBezel::FillControls() {
 
 void CPageBezel::SelectBezel() {
   if (!UpdateData()) return;
-  WriteBezel(owner_.SelectedSpur(), record_);
+  KeepIf(WriteBezel(owner_.SelectedSpur(), record_));
   owner_.Tree().MarkBezelNode(record_.isUsed);
 }
 

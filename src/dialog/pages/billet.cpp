@@ -29,8 +29,8 @@ void BilletPage::FillControls() {
 void BilletPage::Store() {
   const std::int32_t spur = owner_.SelectedSpur();
   const std::int32_t spindle = owner_.CurrentSpindle();
-  WriteBillet(spur, spindle, record_);
-  owner_.Tree().MarkBilletNodes(spindle, record_.type);
+  KeepIf(WriteBillet(spur, spindle, record_));
+  owner_.Tree().MarkBilletNodes(spindle, record_);
   DatumRecord datum;
   ReadDatum(spur, datum);
   DrawBillet(record_, spindle, spindle == 1 ? datum.originSub : datum.originMain);

@@ -37,7 +37,7 @@ class CPageClampElem final : public Page {
 
   /// Writes the device under the name to store, what goes with it, and refreshes the marks.
   void SaveDevice(const std::string& name);
-  void WriteByType(const std::string& name);
+  std::int32_t WriteByType(const std::string& name);
   void WriteOptions();
 
   void ShowDeviceState();

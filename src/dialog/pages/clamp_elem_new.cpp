@@ -92,12 +92,14 @@ void CPageClampElemNew::Refill() {
   deviceName_.clear();
   FillControls();
   AddNamesOfType(owner_.Catalogue(), params_.type, controls_, control::kNameList);
+  controls_.Keep();
 }
 
 void CPageClampElemNew::OnNameChange() {
   ReadCatalogueDevice(owner_.Catalogue(), controls_.Of(control::kNameList), params_);
   deviceName_ = controls_.Of(control::kNameList).text;
   FillControls();
+  controls_.Keep();
 }
 
 void CPageClampElemNew::OnSave() {

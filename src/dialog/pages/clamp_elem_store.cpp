@@ -116,33 +116,37 @@ void CPageClampElem::OnSelectOwn() {
   if (devices::kCenter.HasOwn(params_.type)) params_.A = facts->secondValue;
   params_.B = WithoutSign(facts->firstValue);
   SaveDevice(pathText_);
+  const bool isStored = Unstored().empty();
   ImportDevice(owner_.SelectedSpur(), owner_.CurrentSpindle(), owner_.Machine().IsSubSpindleAvailable(),
                collector);
   controls_.Select(control::kDeviceList, -1);
   FillControls();
   ShowDeviceState();
+  if (isStored) controls_.Keep();
 }
 
 void CPageClampElem::SaveDevice(const std::string& name) {
-  WriteByType(name);
+  KeepIf(WriteByType(name));
   WriteOptions();
   owner_.RefreshTreeMarks();
 }
 
-void CPageClampElem::WriteByType(const std::string& name) {
+std::int32_t CPageClampElem::WriteByType(const std::string& name) {
   const std::int32_t spur = owner_.SelectedSpur();
   const std::int32_t spindle = owner_.CurrentSpindle();
   PpDefIni& machine = owner_.Machine();
   if (devices::IsJaw(params_.type)) {
-    WriteJaw(spur, spindle, name, params_);
-  } else if (devices::IsCenter(params_.type)) {
-    const bool isSubAvailable = machine.IsSubSpindleAvailable();
-    WriteCenter(spur, isSubAvailable, name, params_);
-    if (spindle == 1 && isSubAvailable && !machine.IsTailStockAvailable()) ClearJaw(spur, spindle);
-  } else {
-    WriteClampDevice(spur, spindle, name, params_);
-    if (!devices::IsChuck(params_.type)) ClearJaw(spur, spindle);
+    return WriteJaw(spur, spindle, name, params_);
   }
+  if (devices::IsCenter(params_.type)) {
+    const bool isSubAvailable = machine.IsSubSpindleAvailable();
+    const std::int32_t written = WriteCenter(spur, isSubAvailable, name, params_);
+    if (spindle == 1 && isSubAvailable && !machine.IsTailStockAvailable()) ClearJaw(spur, spindle);
+    return written;
+  }
+  const std::int32_t written = WriteClampDevice(spur, spindle, name, params_);
+  if (!devices::IsChuck(params_.type)) ClearJaw(spur, spindle);
+  return written;
 }
 
 void CPageClampElem::WriteOptions() {

@@ -139,8 +139,8 @@ void CPageFinishpartFromSolid::SelectFinishSolid() {
     return Refuse(Text(message::kInvalidSolid), control::kSolid);
   }
   record_.type = finish_part_type::kFromSolid;
-  WriteFinishPart(owner_.SelectedSpur(), owner_.CurrentSpindle(), record_);
-  owner_.Tree().MarkFinishPartNodes(owner_.CurrentSpindle(), record_.type);
+  KeepIf(WriteFinishPart(owner_.SelectedSpur(), owner_.CurrentSpindle(), record_));
+  owner_.Tree().MarkFinishPartNodes(owner_.CurrentSpindle(), record_);
 }
 
 }  // namespace vanzet::dialog

@@ -11,6 +11,7 @@ void Page::Activate() {
   if (!isMade_) OnInitDialog();
   isMade_ = true;
   OnSetActive();
+  controls_.Keep();
 }
 
 void Page::OnInitDialog() {

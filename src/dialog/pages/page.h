@@ -62,6 +62,9 @@ class Page {
   virtual void OnPress(std::int32_t /*button*/) {}
   virtual void OnChoose(std::int32_t /*combo*/) {}
 
+  /// The controls whose contents differ from what is stored.
+  std::vector<std::int32_t> Unstored() const { return controls_.NotKept(); }
+
   std::string_view Name() const { return page_.name; }
   Controls& TheControls() { return controls_; }
 
@@ -76,6 +79,11 @@ class Page {
   /// Takes the controls' values into the working copy. False, after a box, when an edit does not hold a
   /// number: the handler has to stop.
   bool UpdateData();
+
+  /// Takes the contents of the controls for what is stored, after a record operation that returned 0.
+  void KeepIf(std::int32_t written) {
+    if (written == 0) controls_.Keep();
+  }
 
   /// The frame of all picks: takes the controls' values, hides the dialog while the user works in the host's
   /// window, and shows the result.

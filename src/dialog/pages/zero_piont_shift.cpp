@@ -113,7 +113,7 @@ void CPageZeroPiontShift::PickOrigin(double DatumRecord::*origin) {
 void CPageZeroPiontShift::SelectDatum() {
   if (!UpdateData()) return;
   const std::int32_t spur = owner_.SelectedSpur();
-  WriteDatum(spur, record_);
+  KeepIf(WriteDatum(spur, record_));
   owner_.Tree().MarkDatumNode(record_);
   // Both spindles, whatever the machine has.
   BilletRecord billet;

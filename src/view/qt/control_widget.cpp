@@ -10,6 +10,7 @@
 #include <QSpinBox>
 #include <QWheelEvent>
 
+#include "view/qt/device_chooser.h"
 #include "view/qt/framed.h"
 #include "view/qt/icons.h"
 #include "view/qt/lengths.h"
@@ -22,6 +23,7 @@ namespace {
 /// How many letters of an entry a combo shows at least.
 constexpr int kNameLetters = 22;
 
+constexpr const char* kUnstored = Translatable("Values are not stored yet");
 constexpr const char* kNoNumber = Translatable("Not a number");
 
 /// A widget whose value the wheel changes only while it has the focus. Otherwise a user who scrolls a page
@@ -55,13 +57,19 @@ class ButtonWidget final : public ControlWidget {
   }
 
   void MarkMnemonic(Mnemonics& mnemonics) override {
-    const QString marked = text_.isEmpty() ? text_ : mnemonics.Mark(text_);
+    const QString marked = (text_.isEmpty() ? text_ : mnemonics.Mark(text_)) + mark_;
     if (Button().text() != marked) Button().setText(marked);
+  }
+
+  void MarkUnstored(bool isUnstored) override {
+    mark_ = isUnstored ? QLatin1Char(' ') + UnstoredSign() : QString();
+    Button().setAccessibleDescription(isUnstored ? Translate(kUnstored) : QString());
   }
 
  private:
   QPushButton& Button() { return static_cast<QPushButton&>(*Widget()); }
   QString text_;
+  QString mark_;
 };
 
 class EditWidget final : public ControlWidget {
@@ -147,15 +155,14 @@ class CheckWidget final : public ControlWidget {
 class ComboWidget final : public ControlWidget {
  public:
   ComboWidget(const Control& control, const Send& send, QWidget* parent)
-      : ControlWidget(control.id, new NoAccidentalWheel<QComboBox>(parent)) {
+      : ControlWidget(control.id, new NoAccidentalWheel<QComboBox>(parent)), send_(send) {
     const std::int32_t id = control.id;
     Combo().setFocusPolicy(Qt::StrongFocus);
     Combo().setEditable(!control.isList);
     Combo().setInsertPolicy(QComboBox::NoInsert);
     Combo().setMinimumContentsLength(kNameLetters);
     Combo().setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    QObject::connect(&Combo(), &QComboBox::activated, &Combo(),
-                     [send, id](int index) { send([=](Dialog& dialog) { dialog.Choose(id, index); }); });
+    QObject::connect(&Combo(), &QComboBox::activated, &Combo(), [this](int index) { Choose(index); });
     if (!Combo().isEditable()) return;
     // No completer: it would overwrite a name that is the beginning of another.
     Combo().setCompleter(nullptr);
@@ -166,6 +173,7 @@ class ComboWidget final : public ControlWidget {
 
   void ShowContent(const Control& control) override {
     const QSignalBlocker quiet(&Combo());
+    devices_ = control.devices;
     if (items_ != control.items) {
       items_ = control.items;
       Combo().clear();
@@ -176,8 +184,23 @@ class ComboWidget final : public ControlWidget {
     if (Combo().isEditable() && Combo().currentText() != text) Combo().setEditText(text);
   }
 
+  void OpenChooser() override {
+    const auto index = ChooseDevice(items_, devices_, Combo().window());
+    if (index) Choose(*index);
+    Combo().setFocus();
+  }
+
  private:
   QComboBox& Combo() { return static_cast<QComboBox&>(*Widget()); }
+
+  void Choose(int index) {
+    if (index >= 0 && !devices_.empty()) RememberDevice(Combo().itemText(index));
+    const std::int32_t id = Id();
+    send_([=](Dialog& dialog) { dialog.Choose(id, index); });
+  }
+
+  const Send send_;
+  std::vector<ListedDevice> devices_;
   std::vector<std::string> items_;
 };
 

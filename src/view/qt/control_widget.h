@@ -39,6 +39,12 @@ class ControlWidget {
   /// Marks the content as one that cannot be, and gives the reason; an empty one unmarks it.
   virtual void ShowFault(const QString& /*reason*/) {}
 
+  /// Marks a button: it would store values that are not stored yet.
+  virtual void MarkUnstored(bool /*isUnstored*/) {}
+
+  /// Has the user choose out of a list with pictures; combos only.
+  virtual void OpenChooser() {}
+
   /// Sets the name of the widget for readers of the screen, and its tool tip.
   void SetSpokenName(const QString& name);
 

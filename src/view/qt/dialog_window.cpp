@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -13,6 +14,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStringList>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -26,6 +28,9 @@ namespace vanzet::view::qt {
 namespace {
 
 constexpr const char* kSpurName = Translatable("Spindle spur whose equipment is shown");
+
+constexpr const char* kUnstored = Translatable("Not stored yet: %1");
+constexpr const char* kLeft = Translatable("%1 was left with values that were not stored: %2");
 
 constexpr int kMargin = 12;
 constexpr int kTreeWidth = 300;
@@ -48,6 +53,16 @@ QString PlaceInTree(const DialogState& state) {
     if (place.isEmpty() || node->parent != 0) place.prepend(QString::fromStdString(node->text));
   }
   return place.join(QStringLiteral(": "));
+}
+
+/// A line of text that takes the width that is there.
+QLabel* NewLine(QWidget* parent) {
+  auto* const line = new QLabel(parent);
+  line->setObjectName(QStringLiteral("line"));
+  line->setTextFormat(Qt::PlainText);
+  line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  return line;
 }
 
 }  // namespace
@@ -112,7 +127,7 @@ QWidget* DialogWindow::BuildButtons(const DialogState& state) {
   for (const Control& control : state.dialog) {
     if (control.id == control::kSpurs) continue;
     // OK and the buttons after it are at the right end.
-    if (control.id == control::kOk) line->addStretch(1);
+    if (control.id == control::kOk) line->addWidget(line_ = NewLine(bar), 1);
     line->addWidget(MakeWidget(control, bar));
   }
   for (QPushButton* const button : bar->findChildren<QPushButton*>()) {
@@ -159,6 +174,7 @@ void DialogWindow::Show(const DialogState& state) {
   ShowPage(state);
   OrderTabs();
   PublishHelp();
+  ShowUnstored(state);
   ShowMnemonics();
 }
 
@@ -193,6 +209,20 @@ void DialogWindow::OrderTabs() {
 void DialogWindow::PublishHelp() {
   const QString heading = page_ == nullptr ? QString() : QLatin1Char('#') + QLatin1String(page_->Help());
   setProperty("helpPage", QStringLiteral("guide/pages.md") + heading);
+}
+
+void DialogWindow::ShowUnstored(const DialogState& state) {
+  const QString place = PlaceInTree(state) + QLatin1Char(' ') + QString::number(state.spur);
+  if (place != place_)
+    left_ = unstored_.isEmpty() ? QString()
+                                : Translate(kLeft).arg(place_.section(QLatin1Char(' '), 0, -2), unstored_);
+  place_ = place;
+  unstored_ = page_ == nullptr ? QString() : page_->NamesOf(state.unstored, state.controls);
+  if (page_ != nullptr) page_->MarkUnstored(state.unstored);
+  line_->setText(unstored_.isEmpty() ? left_ : Translate(kUnstored).arg(unstored_));
+  line_->setToolTip(line_->text());
+  // For a host that uses Qt.
+  setProperty("unstored", unstored_);
 }
 
 void DialogWindow::ShowMnemonics() {
@@ -254,6 +284,10 @@ void DialogWindow::reject() {
 }
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isChooserKey = event->key() == Qt::Key_F && event->modifiers() == Qt::ControlModifier;
+  auto* const chooser =
+      isChooserKey && page_ != nullptr ? page_->findChild<QToolButton*>(QStringLiteral("chooser")) : nullptr;
+  if (chooser != nullptr) return chooser->click();
   if (event->key() == Qt::Key_F1) return Perform([](Dialog& dialog) { dialog.Press(control::kHelp); });
   auto* const pick = qobject_cast<QPushButton*>(
       event->key() == Qt::Key_F4 && page_ != nullptr ? page_->PickButtonOf(FocusedControl()) : nullptr);

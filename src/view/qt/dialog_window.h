@@ -10,6 +10,7 @@
 #include "view/dialog_view.h"
 #include "view/qt/control_widget.h"
 
+class QLabel;
 class QSplitter;
 class QStackedWidget;
 
@@ -67,6 +68,9 @@ class DialogWindow final : public QDialog {
   /// The tree, the spurs, what is beside them, the buttons.
   void OrderTabs();
   void PublishHelp();
+
+  /// Says which values of the page are not stored, or were not when it was left. Stops nobody.
+  void ShowUnstored(const DialogState& state);
   void FocusMoved();
   std::int32_t FocusedControl() const;
 
@@ -82,6 +86,10 @@ class DialogWindow final : public QDialog {
   QStackedWidget* stack_ = nullptr;
   EmptyPanel* empty_ = nullptr;
   PagePanel* page_ = nullptr;
+  QLabel* line_ = nullptr;  ///< beside the buttons
+  QString unstored_;        ///< the names of the values that are not stored
+  QString left_;            ///< what was said about the page that was left
+  QString place_;           ///< of the page in front
   QPoint hiddenAt_;
   std::function<void()> leave_;  ///< ends Run
 };

@@ -24,6 +24,9 @@ class EmptyPanel final : public QWidget {
  private:
   void AddButton(const TreeNode& node);
 
+  /// Adds what is defined at the node and below it.
+  void AddSummary(const DialogState& state, const TreeNode& node);
+
   const Send send_;
   QLabel* title_;
   QLabel* hint_;

@@ -24,6 +24,11 @@ class Mnemonics {
   QString taken_;  ///< in upper case
 };
 
+/// The sign of values that are not stored yet.
+inline QString UnstoredSign() {
+  return QStringLiteral("\u25CF");
+}
+
 /// The ranks of texts, each with a size and a weight relative to the font of the system.
 enum class TextRank { kTitle, kGroup, kLetter };
 

@@ -5,11 +5,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QToolButton>
 #include <algorithm>
 #include <utility>
 
 #include "devices/kinds.h"
 #include "view/ids.h"
+#include "view/qt/icons.h"
 #include "view/qt/labels.h"
 #include "view/qt/lengths.h"
 
@@ -19,6 +21,7 @@ namespace {
 constexpr const char* kPick = Translatable("Pick in the drawing: %1");
 constexpr const char* kBrowse = Translatable("Choose a file: %1");
 constexpr const char* kNeeded = Translatable("Needed");
+constexpr const char* kChooser = Translatable("Choose from pictures (Ctrl+F)");
 constexpr const char* kNeededSign = "*";
 
 constexpr int kGap = 8;
@@ -152,6 +155,7 @@ QWidget* PageForm::Cell(Row& row) {
   line->addWidget(control, fills ? 1 : 0);
   // The edit of a spin is a part of its widget.
   if (field.inner != 0) control->findChild<QLineEdit*>()->setObjectName(QString::number(field.inner));
+  if (field.hasChooser) AddChooser(row, cell);
   AddNeeded(row, cell);
   AddUnit(row, cell);
   // A hidden row leaves no gap.
@@ -167,6 +171,19 @@ void PageForm::AddUnit(Row& row, QWidget* cell) {
   row.unit->setFixedWidth(row.unit->fontMetrics().horizontalAdvance(UnitText(Unit::kMillimetre)) + 2);
   Find(row.field->control)->Accompany(row.unit);
   cell->layout()->addWidget(row.unit);
+}
+
+void PageForm::AddChooser(const Row& row, QWidget* cell) {
+  ControlWidget* const list = Find(row.field->control);
+  auto* const button = new QToolButton(cell);
+  button->setIcon(IconOf("search"));
+  button->setObjectName(QStringLiteral("chooser"));
+  button->setAccessibleName(Translate(kChooser));
+  button->setToolTip(Translate(kChooser));
+  button->setFocusPolicy(Qt::NoFocus);
+  list->Accompany(button);
+  connect(button, &QToolButton::clicked, this, [list] { list->OpenChooser(); });
+  cell->layout()->addWidget(button);
 }
 
 void PageForm::AddNeeded(Row& row, QWidget* cell) {
@@ -283,6 +300,10 @@ void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, co
   const Control* const button = values.Find(field.button);
   if (button != nullptr)
     Find(field.button)->SetSpokenName(Translate(button->text == "..." ? kBrowse : kPick).arg(about));
+}
+
+void PageForm::MarkUnstored(std::int32_t button, bool isUnstored) {
+  if (ControlWidget* const widget = Find(button)) widget->MarkUnstored(isUnstored);
 }
 
 void PageForm::MarkMnemonics(Mnemonics& mnemonics) {

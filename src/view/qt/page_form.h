@@ -40,6 +40,8 @@ class PageForm final : public QWidget {
 
   void MarkMnemonics(Mnemonics& mnemonics);
 
+  void MarkUnstored(std::int32_t button, bool isUnstored);
+
   /// True when values have letters that lead to them.
   bool HasLetters() const;
 
@@ -63,6 +65,7 @@ class PageForm final : public QWidget {
   void AddName(QGridLayout& grid, int at, Row& row, bool isAfterLetter);
   QWidget* Cell(Row& row);
   void AddUnit(Row& row, QWidget* cell);
+  void AddChooser(const Row& row, QWidget* cell);
   void AddNeeded(Row& row, QWidget* cell);
   void AddSign(QGridLayout& grid, int at, Row& row, QLabel* label);
   void AddLeftOvers(QGridLayout& grid);

@@ -75,7 +75,7 @@ constexpr FieldRow kBezelRows[] = {{.control = control::kUseBezel}};
 constexpr FieldGroup kBezel[] = {{.title = "Steady rest", .rows = kBezelRows}};
 
 constexpr FieldRow kClampElemRows[] = {
-    {.control = control::kDeviceList, .name = "Device", .isNeeded = true},
+    {.control = control::kDeviceList, .name = "Device", .hasChooser = true, .isNeeded = true},
     {.label = control::kLabelA,       .control = control::kEditA,   .letter = 'A'},
     {.label = control::kLabelB,       .control = control::kEditB,   .letter = 'B'},
     {.label = control::kLabelC,       .control = control::kEditC,   .letter = 'C'},
@@ -96,7 +96,7 @@ constexpr FieldGroup kClampElem[] = {
 };
 
 constexpr FieldRow kNewRows[] = {
-    {.control = control::kNameList, .name = "Name", .isNeeded = true},
+    {.control = control::kNameList, .name = "Name", .hasChooser = true, .isNeeded = true},
     {.label = control::kNewLabelA,  .control = control::kEditA, .letter = 'A'},
     {.label = control::kNewLabelB,  .control = control::kEditB, .letter = 'B'},
     {.label = control::kNewLabelC,  .control = control::kEditC, .letter = 'C'},
@@ -152,6 +152,20 @@ std::vector<std::int32_t> ActionsOf(const PageLayout& layout) {
     if (group.action != 0) ids.push_back(group.action);
   }
   return ids;
+}
+
+std::vector<std::int32_t> StoringButtons(const PageLayout& layout,
+                                         const std::vector<std::int32_t>& controls) {
+  std::vector<std::int32_t> buttons;
+  for (const FieldGroup& group : layout.groups) {
+    const bool isOfGroup = std::ranges::any_of(group.rows, [&](const FieldRow& row) {
+      return std::ranges::find(controls, row.control) != controls.end();
+    });
+    // A group without a button of its own is stored by the last one of the page.
+    const std::int32_t last = layout.actions.empty() ? 0 : layout.actions.back();
+    if (isOfGroup) buttons.push_back(group.action != 0 ? group.action : last);
+  }
+  return buttons;
 }
 
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout) {

@@ -21,9 +21,10 @@ struct FieldRow {
   bool isWide = false;       ///< the label is above the control, which takes the whole width
   char letter = 0;           ///< of a device's value: name and unit follow the type of the picture
   Unit unit = Unit::kNone;
-  const char* name = "";  ///< in full, after a letter or without a label
-  const char* sign = "";  ///< of the value in the picture, before a label that does not have it
-  bool isNeeded = false;  ///< the page's button demands it; for letters the device's row says so
+  const char* name = "";    ///< in full, after a letter or without a label
+  const char* sign = "";    ///< of the value in the picture, before a label that does not have it
+  bool hasChooser = false;  ///< a list of devices that can be searched by pictures
+  bool isNeeded = false;    ///< the page's button demands it; for letters the device's row says so
 };
 
 /// Rows under a title.
@@ -55,6 +56,9 @@ std::int32_t PickButtonOf(const PageLayout& layout, std::int32_t edit);
 
 /// The buttons that apply the values of the page, or of a part of it.
 std::vector<std::int32_t> ActionsOf(const PageLayout& layout);
+
+/// Those that store the values of these controls.
+std::vector<std::int32_t> StoringButtons(const PageLayout& layout, const std::vector<std::int32_t>& controls);
 
 /// The ids of all controls that a layout places, in the order of the keyboard: in each group the values one after
 /// the other, then the buttons that fill them.

@@ -28,6 +28,12 @@ class PagePanel final : public QWidget {
   /// Requires: the letters of values are reserved in `mnemonics`.
   void MarkMnemonics(Mnemonics& mnemonics);
 
+  /// Marks the buttons that would store those controls.
+  void MarkUnstored(const std::vector<std::int32_t>& unstored);
+
+  /// The names of controls as the page has them: "A, B".
+  QString NamesOf(const std::vector<std::int32_t>& ids, const std::vector<Control>& controls) const;
+
   /// Scrolls to a control.
   void Reveal(std::int32_t control);
 

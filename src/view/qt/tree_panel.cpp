@@ -9,6 +9,7 @@
 
 #include "view/ids.h"
 #include "view/qt/icons.h"
+#include "view/qt/labels.h"
 #include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
@@ -16,6 +17,8 @@ namespace {
 
 constexpr const char* kEquipment = Translatable("Equipment");
 constexpr const char* kDefined = Translatable("%1, defined");
+
+constexpr const char* kNotStored = Translatable("%1, values not stored yet");
 
 constexpr int kIdRole = Qt::UserRole;
 
@@ -30,11 +33,16 @@ std::vector<std::int32_t> IdsOf(const std::vector<TreeNode>& nodes) {
   return ids;
 }
 
-void Fill(QTreeWidgetItem& item, const TreeNode& node) {
+QString SpokenText(QString text, bool isDefined, bool isUnstored) {
+  if (isDefined) text = Translate(kDefined).arg(text);
+  return isUnstored ? Translate(kNotStored).arg(text) : text;
+}
+
+void Fill(QTreeWidgetItem& item, const TreeNode& node, bool isUnstored) {
   const QString text = QString::fromStdString(node.text);
-  item.setText(0, text);
+  item.setText(0, isUnstored ? text + QLatin1Char(' ') + UnstoredSign() : text);
   item.setIcon(0, IconOfNode(node.bitmap, node.selectedBitmap));
-  item.setData(0, Qt::AccessibleTextRole, node.isBold ? Translate(kDefined).arg(text) : text);
+  item.setData(0, Qt::AccessibleTextRole, SpokenText(text, node.isBold, isUnstored));
   QFont font = item.font(0);
   font.setBold(node.isBold);
   item.setFont(0, font);
@@ -62,10 +70,12 @@ void TreePanel::Show(const DialogState& state) {
   if (IdsOf(shown_) != IdsOf(state.tree)) Build(state.tree);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const TreeNode& node = state.tree[i];
-    if (shown_[i] == node) continue;
-    Fill(*ItemOf(node.id), node);
+    const bool isUnstored = !state.unstored.empty() && node.id == state.selectedNode;
+    if (shown_[i] == node && isUnstored == (node.id == unstored_)) continue;
+    Fill(*ItemOf(node.id), node, isUnstored);
     shown_[i] = node;
   }
+  unstored_ = state.unstored.empty() ? 0 : state.selectedNode;
   Select(state.selectedNode);
 }
 

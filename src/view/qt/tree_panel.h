@@ -35,7 +35,8 @@ class TreePanel final : public QTreeWidget {
 
   const Send send_;
   std::vector<TreeNode> shown_;
-  QPoint menuPlace_;  ///< on the screen
+  std::int32_t unstored_ = 0;  ///< the node whose page has values that are not stored
+  QPoint menuPlace_;           ///< on the screen
 };
 
 }  // namespace vanzet::view::qt
