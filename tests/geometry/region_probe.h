@@ -15,7 +15,9 @@ namespace geometry::testing {
 /// Whether the point is between an arc and its chord.
 inline bool IsInSegment(const RegionSpan& s, const Point& p) {
   const bool isInDisc = Dist(p, s.pc) < Dist(s.p0, s.pc);
-  const bool isRight = Cross(Vector2d(s.p0, s.p1), Vector2d(s.p0, p)) * s.dir < 0;
+  // A point on the chord is left of it, as in the count of turns.
+  const double cross = Cross(Vector2d(s.p0, s.p1), Vector2d(s.p0, p));
+  const bool isRight = s.dir > 0 ? cross < 0 : cross >= 0;
   const bool isLong = Cross(Vector2d(s.p0, s.p1), Vector2d(s.p0, s.pc)) * s.dir < 0;
   return isInDisc && (isLong ? isRight || !isInDisc : isRight);
 }

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <tuple>
 
+#include "geometry/region/large_vector.h"
+
 namespace geometry::region {
 namespace {
 
@@ -37,7 +39,7 @@ Arrangement::Arrangement(const Pieces& pieces, Cancelled cancelled, const Runs& 
 
 void Arrangement::MakeEdges(const Pieces& pieces, Cancelled cancelled) {
   std::vector<Edge> edges;
-  edges.reserve(pieces.List().size());
+  ReserveLarge(edges, pieces.List().size());
   for (const Piece& piece : pieces.List()) {
     Edge edge{piece.from, piece.to, piece.k, piece.origin, piece.turns, Bulge(pieces.CurveOf(piece)), true};
     if (edge.from > edge.to) {
@@ -49,16 +51,11 @@ void Arrangement::MakeEdges(const Pieces& pieces, Cancelled cancelled) {
     }
     edges.push_back(edge);
   }
-  SortEdges(edges);
-  MergeEdges(edges, cancelled);
+  MergeEdges(edges, OrderOf(edges), cancelled);
 }
 
 // Small keys are sorted instead of the edges.
-void Arrangement::SortEdges(std::vector<Edge>& edges) {
-  struct Key {
-    std::uint64_t ends;
-    std::uint32_t edge;
-  };
+std::vector<Arrangement::Key> Arrangement::OrderOf(const std::vector<Edge>& edges) {
   std::vector<Key> keys;
   keys.reserve(edges.size());
   for (const Edge& edge : edges) {
@@ -69,27 +66,26 @@ void Arrangement::SortEdges(std::vector<Edge>& edges) {
     return std::tie(edges[a.edge].bulge, edges[a.edge].origin) <
            std::tie(edges[b.edge].bulge, edges[b.edge].origin);
   });
-  std::vector<Edge> sorted;
-  sorted.reserve(edges.size());
-  for (const Key& key : keys) sorted.push_back(edges[key.edge]);
-  edges = std::move(sorted);
+  return keys;
 }
 
 // Edges with the same ends that follow each other within the distance are one.
-void Arrangement::MergeEdges(std::vector<Edge>& edges, Cancelled cancelled) {
-  for (std::size_t i = 0; i < edges.size();) {
-    Edge merged = edges[i];
+void Arrangement::MergeEdges(const std::vector<Edge>& edges, const std::vector<Key>& order,
+                             Cancelled cancelled) {
+  ReserveLarge(edges_, edges.size());
+  for (std::size_t i = 0; i < order.size();) {
+    Edge merged = edges[order[i].edge];
     std::size_t j = i + 1;
-    for (; j < edges.size() && edges[j].from == merged.from && edges[j].to == merged.to &&
-           edges[j].bulge - edges[j - 1].bulge <= distance_;
+    for (; j < order.size() && order[j].ends == order[i].ends &&
+           edges[order[j].edge].bulge - edges[order[j - 1].edge].bulge <= distance_;
          ++j) {
-      Add(merged.turns, edges[j].turns);
+      Add(merged.turns, edges[order[j].edge].turns);
     }
     // It gets its shape from a piece of its direction.
     const bool wanted = merged.turns[0] + merged.turns[1] >= 0;
     for (std::size_t n = i; n < j && merged.isForward != wanted; ++n) {
       const Turns turns = merged.turns;
-      merged = edges[n];
+      merged = edges[order[n].edge];
       merged.turns = turns;
     }
     if (merged.turns != Turns{0, 0} || cancelled == Cancelled::kKept) edges_.push_back(merged);
@@ -130,10 +126,11 @@ void Arrangement::LinkAround() {
   std::vector<std::uint32_t> place(starts.begin(), starts.end() - 1);
   for (Half h = 0; h < HalfCount(); ++h) halves[place[From(h)]++] = h;
   std::vector<Half> out;
+  std::vector<Ray> rays;
   for (std::size_t v = 0; v < net_.Count(); ++v) {
     out.assign(halves.begin() + starts[v], halves.begin() + starts[v + 1]);
     if (out.size() > 2) {
-      SortAround(out);
+      SortAround(out, rays);
       runsAreApart_ &= std::none_of(out.begin(), out.end(), [&](Half h) { return IsRun(h); });
     }
     for (std::size_t i = 0; i < out.size(); ++i) {
@@ -154,13 +151,8 @@ bool Arrangement::TurnsBefore(Half a, Half b) const {
 
 // The circle of directions is cut open in its widest gap, so that no two nearly tangent curves are on both
 // sides of the cut.
-void Arrangement::SortAround(std::vector<Half>& out) const {
-  struct Ray {
-    double heading;
-    Half half;
-  };
-  std::vector<Ray> rays;
-  rays.reserve(out.size());
+void Arrangement::SortAround(std::vector<Half>& out, std::vector<Ray>& rays) const {
+  rays.clear();
   for (const Half h : out) rays.push_back({HeadingOf(TangentsOf(CurveOf(h)).start), h});
   std::sort(rays.begin(), rays.end(), [](const Ray& a, const Ray& b) { return a.heading < b.heading; });
   double widest = rays.front().heading + kTurn - rays.back().heading;

@@ -74,6 +74,16 @@ class Arrangement {
     std::uint32_t faces = 0, edges = 0, vertices = 0;
   };
 
+  /// An edge by its ends, from and to in one number.
+  struct Key {
+    std::uint64_t ends;
+    std::uint32_t edge;
+  };
+  /// A half out of a vertex, by its direction.
+  struct Ray {
+    double heading;
+    Half half;
+  };
   struct EdgeCurve {
     Curve curve;
     Half half;
@@ -82,10 +92,10 @@ class Arrangement {
   void AddRuns(const std::vector<RunEdge>& runEdges);
   double AreaOfRun(Half h) const;
   void MakeEdges(const Pieces& pieces, Cancelled cancelled);
-  static void SortEdges(std::vector<Edge>& edges);
-  void MergeEdges(std::vector<Edge>& edges, Cancelled cancelled);
+  static std::vector<Key> OrderOf(const std::vector<Edge>& edges);
+  void MergeEdges(const std::vector<Edge>& edges, const std::vector<Key>& order, Cancelled cancelled);
   void LinkAround();
-  void SortAround(std::vector<Half>& out) const;
+  void SortAround(std::vector<Half>& out, std::vector<Ray>& rays) const;
   bool TurnsBefore(Half a, Half b) const;
   void TraceFaces();
   double AreaLeftOf(Half h) const;

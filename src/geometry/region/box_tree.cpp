@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/huge_pages.h"
+#include "geometry/region/large_vector.h"
 
 namespace geometry::region {
 namespace {
@@ -32,8 +32,7 @@ double BoxTree::Gap(const Item& a, const Item& b) {
 BoxTree::BoxTree(std::vector<Item> items) : items_(std::move(items)) {
   const std::size_t runs = (items_.size() + kRun - 1) / kRun;
   while (leaves_ < runs) leaves_ *= 2;
-  nodes_.reserve(2 * leaves_);
-  vanzet::platform::PreferHugePages(nodes_.data(), nodes_.capacity() * sizeof(Item));
+  ReserveLarge(nodes_, 2 * leaves_);
   nodes_.resize(2 * leaves_);
   for (std::size_t i = 0; i < items_.size(); ++i) Enclose(nodes_[leaves_ + i / kRun], items_[i]);
   for (std::size_t node = leaves_ - 1; node > 0; --node) {

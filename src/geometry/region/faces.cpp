@@ -191,6 +191,7 @@ std::optional<Region> Attempt(const Sketch& sketch, const Runs& runs, Rule rule,
   }
   if (!pieces.Normalise()) return std::nullopt;
   if (!runs.list.empty() && !AreInPlace(pieces, sketch.Strokes(), kInPlace * distance)) return std::nullopt;
+  pieces.Finish();
   Arrangement map(pieces, cancelled, runs, runEdges, static_cast<std::uint32_t>(sketch.Strokes().size()));
   if (!map.Label()) return std::nullopt;
   return Boundary(sketch, map, runs, rule, distance).Collect(cancelled);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/huge_pages.h"
+#include "geometry/region/large_vector.h"
 
 namespace geometry::region {
 namespace {
@@ -52,10 +52,8 @@ std::vector<BoxTree::Item> LoopParts::TakeBoxes() {
 }
 
 void LoopParts::Reserve(std::size_t spans) {
-  parts_.reserve(spans + spans / 2);
-  boxes_.reserve(spans + spans / 2);
-  vanzet::platform::PreferHugePages(parts_.data(), parts_.capacity() * sizeof(Part));
-  vanzet::platform::PreferHugePages(boxes_.data(), boxes_.capacity() * sizeof(BoxTree::Item));
+  ReserveLarge(parts_, spans + spans / 2);
+  ReserveLarge(boxes_, spans + spans / 2);
 }
 
 bool LoopParts::Add(const RegionLoop& loop) {

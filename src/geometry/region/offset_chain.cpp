@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "geometry/region/corner_trim.h"
-#include "platform/huge_pages.h"
+#include "geometry/region/large_vector.h"
 
 namespace geometry::region {
 namespace {
@@ -54,8 +54,7 @@ RegionLoop OffsetChain::Around(const std::vector<RegionSpan>& spans, std::size_t
   while (i < spans.size() && !SetLink(spans[i], i >= there, first)) ++i;
   while (last > i && !SetLink(spans[last - 1], last > there, before)) --last;
   if (i == last) return {};
-  loop_.spans.reserve(spans.size() + spans.size() / 2 + 8);
-  vanzet::platform::PreferHugePages(loop_.spans.data(), loop_.spans.capacity() * sizeof(RegionSpan));
+  ReserveLarge(loop_.spans, spans.size() + spans.size() / 2 + 8);
   const Joint closing = CornerOf(before, first, end);
   at_ = closing.start;
   before = first;

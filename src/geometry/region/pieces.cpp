@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "geometry/region/box_tree.h"
+#include "geometry/region/large_vector.h"
 
 namespace geometry::region {
 namespace {
@@ -114,9 +115,9 @@ void Pieces::Compare(std::uint32_t i, std::uint32_t j) {
 
 bool Pieces::FindCuts() {
   prepared_.clear();
-  prepared_.reserve(pieces_.size());
+  ReserveLarge(prepared_, pieces_.size());
   std::vector<BoxTree::Item> boxes;
-  boxes.reserve(pieces_.size());
+  ReserveLarge(boxes, pieces_.size());
   for (const Piece& piece : pieces_) {
     prepared_.emplace_back(CurveOf(piece), distance_);
     const Box& box = prepared_.back().Bounds();
@@ -134,7 +135,7 @@ void Pieces::ApplyCuts() {
                                 : a.vertex < b.vertex;
   });
   std::vector<Piece> pieces;
-  pieces.reserve(pieces_.size() + cuts_.size());
+  ReserveLarge(pieces, pieces_.size() + cuts_.size());
   auto cut = cuts_.begin();
   for (std::uint32_t i = 0; i < pieces_.size(); ++i) {
     Piece piece = pieces_[i];
@@ -150,6 +151,11 @@ void Pieces::ApplyCuts() {
     if (piece.from != end) pieces.push_back(piece);
   }
   pieces_ = std::move(pieces);
+}
+
+void Pieces::Finish() {
+  prepared_ = {};
+  cuts_ = {};
 }
 
 bool Pieces::Normalise() {

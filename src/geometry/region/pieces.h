@@ -47,6 +47,8 @@ class Pieces {
   std::uint32_t AddVertex(const Vector2d& p) { return net_.Add(p); }
   /// Returns false when too many rounds were necessary; the pieces are of no use then.
   bool Normalise();
+  /// Frees what only `Normalise` needs.
+  void Finish();
 
   double Distance() const { return distance_; }
   const VertexNet& Net() const { return net_; }

@@ -101,7 +101,7 @@ void Sketch::AddSpan(const RegionSpan& span, const Turns& turns) {
   if (!(shape.chord > 0)) return;
   strokes_.push_back({shape.a, shape.b, shape.tangents.start, shape.k, SweepOf(shape),
                       static_cast<std::uint32_t>(origins_.size()), turns});
-  origins_.push_back(span);
+  origins_.push_back(&span);
 }
 
 void Sketch::AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns) {

@@ -17,7 +17,8 @@ struct Shape {
 
 /// Curves for an arrangement, in coordinates from a base near them.
 ///
-/// Shape  `origins` describe the curves in the plane's own coordinates; `Stroke::origin` counts them
+/// Shape  origins describe the curves in the plane's own coordinates; `Stroke::origin` counts them
+/// Owns   nothing of the spans and loops that are added: they are the origins, and have to stay
 class Sketch {
  public:
   /// Chooses the base for the spans of these regions.
@@ -34,7 +35,7 @@ class Sketch {
   void AddLoops(const std::vector<RegionLoop>& loops, const Turns& turns);
 
   const std::vector<Stroke>& Strokes() const { return strokes_; }
-  const RegionSpan& Origin(std::uint32_t i) const { return origins_[i]; }
+  const RegionSpan& Origin(std::uint32_t i) const { return *origins_[i]; }
   /// The distance below which points are one, r of geometry/region.h, for the curves so far.
   double Distance() const;
   /// The same for curves within `reach` of the regions; not above it.
@@ -48,7 +49,7 @@ class Sketch {
   Vector2d base_;
   bool isSound_ = true;
   std::vector<Stroke> strokes_;
-  std::vector<RegionSpan> origins_;
+  std::vector<const RegionSpan*> origins_;
 };
 
 /// Whether a face of these winding numbers belongs to the result.
