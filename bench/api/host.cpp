@@ -34,7 +34,9 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       board(theProject.folder()),
       mesh{theProject.settings().mesh.chord, theProject.settings().mesh.angle},
       settings_(theProject.folder()),
-      figures_(theProject.folder() / "figures") {}
+      figures_(theProject.folder() / "figures") {
+  store.KeepGenerations(theProject.settings().keep);
+}
 
 Result<void> Host::Commit(const std::string& occasion, const vdm::LastStep& lastStep) {
   // From here to the commit nobody else changes the drawing, into which the changes are merged.

@@ -77,6 +77,7 @@ Result<void> Load(const VdmArguments& arguments, const Context& context) {
   process::SetKept(process::Kept::kNothing);
   vdm::VdmStore store(project.folder());
   store.WaitAtMost(context.wait);
+  store.KeepGenerations(project.settings().keep);
   VANZET_DO(store.Replace(arguments.number, content));
   const std::string line = "loaded VDM " + std::to_string(arguments.number) + ", " +
                            Counted(content.Size(), "record") + ", from " + SourceOf(arguments.file, file) +

@@ -59,6 +59,21 @@ Result<void> SetMesh(BenchIni& ini, const Entry& entry) {
                          entry.key);
 }
 
+Result<void> SetStore(BenchIni& ini, const Entry& entry) {
+  constexpr std::int32_t kMost = 1'000'000;
+  if (!EqualWithoutCase("keep", entry.key)) {
+    return entry.reader.At("unknown setting " + Quoted(entry.key) + " in [store]: expected 'keep'",
+                           entry.key);
+  }
+  const auto number = WholeInteger(entry.value);
+  if (!number || *number < 0 || *number > kMost) {
+    return entry.reader.At("'keep' is a whole number from 0 to 1000000, not " + Quoted(entry.value),
+                           entry.value);
+  }
+  ini.keep = *number;
+  return {};
+}
+
 template <auto Section>
 Result<void> AddTo(BenchIni& ini, const Entry& entry) {
   (ini.*Section).try_emplace(std::string(entry.key), entry.AsSetting());
@@ -77,6 +92,7 @@ constexpr SectionRow kSections[] = {
     {"language", AddTo<&BenchIni::language>},
     {"drives", AddDrive},
     {"mesh", SetMesh},
+    {"store", SetStore},
 };
 
 const SectionRow* FindSection(std::string_view name) {

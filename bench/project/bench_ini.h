@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "base/result.h"
+#include "vdm/store_engine.h"
 
 namespace vanzet::project {
 
@@ -33,6 +35,7 @@ struct BenchIni {
     double angle = 10;    ///< largest angle between neighbours, in degrees
   };
   Mesh mesh;
+  std::int64_t keep = vdm::kUsualKeep;  ///< generations of each VDM
   PathMap::Drives drives;
 };
 

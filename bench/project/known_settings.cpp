@@ -57,6 +57,7 @@ constexpr KnownSetting kSettings[] = {
     {kBench,   "language",    "messages",             kAny},
     {kBench,   "mesh",        "chord",                kAny},
     {kBench,   "mesh",        "angle",                kAny},
+    {kBench,   "store",       "keep",                 {0, 1000000}},
 };
 // clang-format on
 

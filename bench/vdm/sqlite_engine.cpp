@@ -4,6 +4,8 @@
 #include <unordered_set>
 
 #include "base/files/whole_file.h"
+#include "vdm/generation_reader.h"
+#include "vdm/generation_trimmer.h"
 #include "vdm/store_schema.h"
 #include "vdm/stored_record.h"
 
@@ -14,6 +16,7 @@ using IfMissing = SqliteConnection::IfMissing;
 using Kind = SqliteTransaction::Kind;
 
 constexpr std::string_view kFile = "SELECT name, former, content FROM file";
+constexpr std::string_view kIsUsed = "SELECT EXISTS(SELECT 1 FROM generation)";
 constexpr std::string_view kForgetFile = "DELETE FROM file";
 
 std::int64_t Bound(Number number) {
@@ -101,6 +104,7 @@ Result<void> SqliteEngine::Apply(const NewGeneration& next) {
   VANZET_TRY(auto writer, CommitWriter::Begin(*connection_, next.occasion));
   for (const auto& [number, content] : next.vdms) VANZET_DO(Change(number, content, writer));
   if (next.file != nullptr) VANZET_DO(writer.Write(*next.file));
+  VANZET_DO(TrimGenerations(*connection_, writer.generation(), next.keep));
   if (next.lastStep) VANZET_DO(next.lastStep());
   return writing.Commit();
 }
@@ -110,6 +114,62 @@ Result<void> SqliteEngine::Change(Number number, const std::optional<Vdm>& conte
   if (!content) return writer.Remove(number, before);
   if (IsOpenedFrom(before, *content)) return writer.Write(number, *content, before);
   return connection_->FaultOf(NameOf(number) + " was changed by others while it was open");
+}
+
+Result<std::vector<VdmChange>> SqliteEngine::ListChanges(std::optional<Number> only) {
+  VANZET_TRY(const auto reading, BeginReading());
+  if (!reading || reading->schema < kStoreSchema) return std::vector<VdmChange>();
+  return GenerationReader(connection_).ListChanges(only);
+}
+
+Result<std::map<Number, Vdm>> SqliteEngine::ReadAt(std::int64_t generation, std::optional<Number> only) {
+  VANZET_TRY(const auto reading, BeginReading());
+  if (reading && reading->schema == kStoreSchema) {
+    return GenerationReader(connection_).ReadAt(generation, only);
+  }
+  return Fault{.text = "has no generations yet", .file = file_.string(), .kind = FaultKind::kMissing};
+}
+
+Result<void> SqliteEngine::Visit(std::optional<Number> only, const GenerationVisitor& visitor) {
+  VANZET_TRY(const auto reading, BeginReading());
+  if (!reading) return {};
+  if (reading->schema < kStoreSchema) return VisitFirstSchema(only, visitor);
+  return GenerationReader(connection_).Visit(only, visitor);
+}
+
+/// What the store holds is the first generation, as it will be when a commit brings it to the current schema.
+Result<void> SqliteEngine::VisitFirstSchema(std::optional<Number> only, const GenerationVisitor& visitor) {
+  PastGeneration past{{1, "?", "?", "?", "?", "migration"}, {}, {}};
+  VANZET_DO(connection_->Run(QueriesOf(1).numbers, {}, [&](const SqliteRow& row) -> Result<void> {
+    VANZET_TRY(const auto number, NumberFrom(row.Integer(0)));
+    if (!only || *only == number) past.vdms.emplace(number, std::nullopt);
+    return {};
+  }));
+  for (auto& [number, content] : past.vdms) {
+    VANZET_TRY(content, Stored(number, 1));
+  }
+  return past.vdms.empty() ? Result<void>() : visitor(past);
+}
+
+Result<void> SqliteEngine::Fill(const GenerationSource& source) {
+  VANZET_TRY(auto writing, BeginWriting());
+  VANZET_TRY(const auto used, connection_->Integer(kIsUsed));
+  if (used != 0) return connection_->FaultOf("has generations already; a copy needs an empty store");
+  VANZET_DO(source([&](const PastGeneration& past) { return Append(past); }));
+  return writing.Commit();
+}
+
+Result<void> SqliteEngine::Append(const PastGeneration& past) {
+  VANZET_TRY(auto writer, CommitWriter::Begin(*connection_, past.generation));
+  for (const Number number : past.cut) VANZET_DO(writer.Cut(number));
+  for (const auto& [number, content] : past.vdms) {
+    std::optional<Vdm> copy;
+    if (content) {
+      VANZET_TRY(copy, content->Copy());
+    }
+    VANZET_DO(Change(number, copy, writer));
+  }
+  return {};
 }
 
 Result<std::optional<TextFile>> SqliteEngine::UnfinishedFile() {

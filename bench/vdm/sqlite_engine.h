@@ -31,6 +31,10 @@ class SqliteEngine : public StoreEngine {
   Result<std::map<Number, Vdm>> Read(const std::vector<Number>& numbers) override;
   Result<std::map<Number, RecordHeads>> ReadHeads(const std::vector<Number>& numbers) override;
   Result<void> Apply(const NewGeneration& next) override;
+  Result<std::vector<VdmChange>> ListChanges(std::optional<Number> only) override;
+  Result<std::map<Number, Vdm>> ReadAt(std::int64_t generation, std::optional<Number> only) override;
+  Result<void> Visit(std::optional<Number> only, const GenerationVisitor& visitor) override;
+  Result<void> Fill(const GenerationSource& source) override;
   Result<std::optional<TextFile>> UnfinishedFile() override;
   Result<void> FinishFile() override;
 
@@ -50,6 +54,8 @@ class SqliteEngine : public StoreEngine {
 
   // These require a transaction, `Change` one for writing.
   Result<void> Change(Number number, const std::optional<Vdm>& content, CommitWriter& writer);
+  Result<void> Append(const PastGeneration& past);
+  Result<void> VisitFirstSchema(std::optional<Number> only, const GenerationVisitor& visitor);
   Result<std::optional<Vdm>> Stored(Number number, std::int64_t schema);
   Result<RecordHeads> HeadsOf(Number number, std::int64_t schema);
   Result<std::vector<RecordKey>> KeysOf(Number number, std::int64_t schema);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <set>
 #include <system_error>
 
@@ -74,7 +75,7 @@ Result<void> VdmStore::Commit(const std::string& occasion, std::optional<TextFil
 }
 
 Result<void> VdmStore::Write(const std::string& occasion, TextFile* file, const LastStep& lastStep) {
-  if (file == nullptr) return engine_->Apply({changes_, nullptr, occasion, lastStep});
+  if (file == nullptr) return engine_->Apply({changes_, nullptr, occasion, lastStep, keep_});
   const auto target = folder_ / file->name;
   file->former = ChecksumOfFile(target);
   // Its bytes are on the disk before the transaction: after that, nothing can run out of room.
@@ -85,7 +86,7 @@ Result<void> VdmStore::Write(const std::string& occasion, TextFile* file, const 
     if (lastStep) VANZET_DO(lastStep());
     return replacement.Commit();
   }
-  VANZET_DO(engine_->Apply({changes_, file, occasion, lastStep}));
+  VANZET_DO(engine_->Apply({changes_, file, occasion, lastStep, keep_}));
   // All is kept. Where the system fails now, the next run puts the file in its place.
   if (replacement.Commit()) static_cast<void>(engine_->FinishFile());
   return {};
@@ -248,6 +249,29 @@ Result<std::map<Number, RecordHeads>> VdmStore::Heads(const std::vector<Number>&
     heads.emplace(number, std::move(read));
   }
   return heads;
+}
+
+Result<std::vector<VdmChange>> VdmStore::ListChanges(std::optional<Number> only) const {
+  VANZET_TRY(auto changes, engine_->ListChanges(only));
+  std::map<Number, std::int64_t> left;
+  for (const VdmChange& change : changes) left.try_emplace(change.vdm, std::max<std::int64_t>(keep_, 1));
+  // The engine may have kept more, so the newest of each VDM are chosen.
+  std::vector<VdmChange> kept;
+  for (VdmChange& change : std::views::reverse(changes)) {
+    if (left[change.vdm]-- > 0) kept.push_back(std::move(change));
+  }
+  std::ranges::reverse(kept);
+  return kept;
+}
+
+Result<void> VdmStore::Fill(const VdmStore& from, const LastStep& lastStep) {
+  VANZET_DO(LockProject());
+  const auto done = engine_->Fill([&](const GenerationVisitor& visitor) -> Result<void> {
+    VANZET_DO(from.Visit({}, visitor));
+    return lastStep ? lastStep() : Result<void>();
+  });
+  UnlockUnchangedProject();
+  return done;
 }
 
 std::vector<Number> VdmStore::Unchanged(const std::vector<Number>& numbers) const {

@@ -43,6 +43,9 @@ class VdmStore {
   /// How long this store waits for another run, from now on.
   void WaitAtMost(std::chrono::milliseconds wait) { longestWait_ = wait; }
 
+  /// How many generations of each VDM commits of this store keep, from now on; 0: none but the last.
+  void KeepGenerations(std::int64_t keep) { keep_ = keep; }
+
   /// Keeps every other run from changing the project until `Commit` or `Discard`. A first change does the
   /// same: this function is for runs that read before, and base their changes on what they read.
   Result<void> Hold();
@@ -109,6 +112,25 @@ class VdmStore {
   /// verified.
   Result<std::map<Number, RecordHeads>> Heads(const std::vector<Number>& numbers) const;
 
+  /// The committed changes of all VDMs or one, as far as `KeepGenerations` keeps them: by rising generation,
+  /// and in one by rising number.
+  Result<std::vector<VdmChange>> ListChanges(std::optional<Number> only) const;
+
+  /// The VDMs, or the one, as they were after a generation. Fails with `kMissing` for a generation that never
+  /// was, and for a state that is no longer kept.
+  Result<std::map<Number, Vdm>> ReadAt(std::int64_t generation, std::optional<Number> only) const {
+    return engine_->ReadAt(generation, only);
+  }
+
+  /// Visits the committed generations that are kept: `StoreEngine::Visit`.
+  Result<void> Visit(std::optional<Number> only, const GenerationVisitor& visitor) const {
+    return engine_->Visit(only, visitor);
+  }
+
+  /// Copies the content of another store with its generations; the last step fails before anything is kept.
+  /// Fails when this store is not empty. Requires: it has no changes; the other one is of another project.
+  Result<void> Fill(const VdmStore& from, const LastStep& lastStep = {});
+
   /// Replaces the content of the VDM, or creates it. Fails when it is open, here or in another process.
   /// Requires: `content` is independent of any store, as `Snapshot` and the readers of files return it.
   Result<void> Replace(std::int64_t number, const Vdm& content);
@@ -149,6 +171,7 @@ class VdmStore {
   std::vector<std::filesystem::path> ownFiles_;
   VdmLocks locks_;
   std::chrono::milliseconds longestWait_ = kUsualWait;
+  std::int64_t keep_ = kUsualKeep;
   bool isHeld_ = false;                    ///< from `Hold` to `Commit`
   std::optional<VdmLocks::Held> project_;  ///< while no other run may change the project
   Changes changes_;                        ///< since the last commit

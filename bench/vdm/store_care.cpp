@@ -7,6 +7,7 @@
 
 #include "base/files/regular_file.h"
 #include "base/files/system_fault.h"
+#include "vdm/generation_reader.h"
 #include "vdm/sqlite_engine.h"
 #include "vdm/store_schema.h"
 #include "vdm/stored_record.h"
@@ -18,14 +19,19 @@ namespace fs = std::filesystem;
 
 /// The parts of a store that belong to nothing.
 struct Orphans {
+  std::int64_t schema;     ///< the first one that has them
   std::string_view count;  ///< the statement that counts them
   std::string_view text;   ///< after the count
 };
 
 constexpr Orphans kOrphans[] = {
-    {"SELECT count(*) FROM record WHERE key NOT IN (SELECT record FROM place)", " records belong to no VDM"},
-    {"SELECT count(*) FROM place WHERE vdm NOT IN (SELECT number FROM vdm)", " places belong to no VDM"},
-    {"SELECT count(*) - count(DISTINCT record) FROM place", " records are at two places"},
+    {1, "SELECT count(*) FROM record WHERE key NOT IN (SELECT record FROM place)",
+     " records belong to no VDM"},
+    {1, "SELECT count(*) FROM place WHERE vdm NOT IN (SELECT number FROM vdm)", " places belong to no VDM"},
+    {2, "SELECT count(*) - count(DISTINCT record) FROM place WHERE last=9223372036854775807",
+     " records are at two places"},
+    {2, "SELECT count(*) FROM place WHERE first>last", " places end before they begin"},
+    {2, "SELECT count(*) FROM vdm WHERE first>last", " states of VDMs end before they begin"},
 };
 
 /// More than any store has.
@@ -46,6 +52,21 @@ class Reader {
     return {};
   }
 
+  /// Passes on the generations, with the records that can be read. Requires: `Read` found a connection.
+  Result<void> Visit(const GenerationVisitor& visitor) {
+    GenerationReader reader(connection_);
+    reader.NoteTo([this](const Fault& gap) { Note(gap); });
+    return reader.Visit({}, [&](const PastGeneration& past) {
+      PastGeneration readable = past;
+      for (auto& [number, vdm] : readable.vdms) {
+        if (vdm) vdm = Readable(*vdm);
+      }
+      return visitor(readable);
+    });
+  }
+
+  bool HasHistory() const { return schema_ == kStoreSchema; }
+
   Changes content;
   std::size_t records = 0;
   StoreFindings findings;
@@ -54,19 +75,51 @@ class Reader {
   Result<void> OpenAndReadAll(const fs::path& file) {
     VANZET_TRY(connection_, SqliteConnection::Open(file, SqliteConnection::IfMissing::kFail, {}));
     VANZET_TRY(const auto reading, SqliteTransaction::Begin(*connection_, SqliteTransaction::Kind::kRead));
-    VANZET_TRY(const auto schema, SchemaOf(*connection_));
-    if (schema == 0) return {};
+    VANZET_TRY(schema_, SchemaOf(*connection_));
+    if (schema_ == 0) return {};
     CheckStructure(file);
-    const StoreQueries& queries = QueriesOf(schema);
+    const StoreQueries& queries = QueriesOf(schema_);
     for (const std::int64_t number : NumbersIn(queries)) ReadVdm(number, queries);
-    for (const Orphans& orphans : kOrphans) CountOrphans(orphans);
+    if (HasHistory()) ReadHistory();
+    for (const Orphans& orphans : kOrphans) {
+      if (orphans.schema <= schema_) CountOrphans(orphans);
+    }
     return {};
+  }
+
+  void ReadHistory() {
+    std::map<Number, std::size_t> sizes;  // after the last generation
+    Note(Visit([&](const PastGeneration& past) -> Result<void> {
+      for (const auto& [number, vdm] : past.vdms) {
+        sizes.erase(number);
+        if (vdm) sizes.emplace(number, vdm->Size());
+      }
+      return {};
+    }));
+    std::map<Number, std::size_t> current;
+    for (const auto& [number, vdm] : content) current.emplace(number, vdm->Size());
+    if (sizes != current) findings.emplace_back("the generations do not lead to the current content");
+  }
+
+  /// The records that can be read.
+  Vdm Readable(const Vdm& stored) {
+    Vdm readable;
+    for (std::size_t i = 0; i < stored.Size(); ++i) {
+      const auto record = stored.Read(i);
+      if (!record) {
+        Note(record.fault());
+        continue;
+      }
+      readable.Insert(readable.Size(), **record);
+    }
+    return readable;
   }
 
   void Note(const Fault& fault) {
     const bool isOfSystem = fault.kind == FaultKind::kSystem || fault.kind == FaultKind::kBusy;
     if (isOfSystem && !unreadable_) unreadable_ = fault;
-    findings.push_back(fault.text);
+    // The history has most records in several generations.
+    if (noted_.insert(fault.text).second) findings.push_back(fault.text);
   }
   void Note(const Result<void>& done) {
     if (!done) Note(done.fault());
@@ -135,8 +188,16 @@ class Reader {
   }
 
   std::shared_ptr<SqliteConnection> connection_;
+  std::int64_t schema_ = 0;
+  std::set<std::string> noted_;
   std::optional<Fault> unreadable_;  ///< the first fault of the system
 };
+
+std::vector<Number> NumbersOf(const Changes& content) {
+  std::vector<Number> numbers;
+  for (const auto& [number, vdm] : content) numbers.push_back(number);
+  return numbers;
+}
 
 /// A name beside the file that does not exist.
 fs::path FreeName(const fs::path& file, const std::string& ending) {
@@ -148,10 +209,33 @@ fs::path FreeName(const fs::path& file, const std::string& ending) {
   }
 }
 
-Result<void> WriteStore(const fs::path& file, const Changes& content) {
+/// Writes a store with all generations, as far as they can be read.
+Result<void> WriteGenerations(const fs::path& file, Reader& reader) {
+  SqliteEngine engine(file);
+  VANZET_DO(engine.Fill([&](const GenerationVisitor& visitor) { return reader.Visit(visitor); }));
+  VANZET_TRY(const auto kept, engine.Read(NumbersOf(reader.content)));
+  std::size_t records = 0;
+  for (const auto& [number, content] : kept) records += content.Size();
+  if (kept.size() == reader.content.size() && records == reader.records) return {};
+  return Fault{.text = "the former generations", .kind = FaultKind::kDamaged};
+}
+
+/// Writes a store with the last generation alone.
+Result<void> WriteContent(const fs::path& file, const Changes& content) {
   SqliteEngine engine(file);
   const std::string occasion = "repair";
   return engine.Apply({content, nullptr, occasion, {}});
+}
+
+/// Where the generations cannot be told from each other, the last one is what counts.
+Result<void> WriteStore(const fs::path& file, Reader& reader) {
+  const auto written = reader.HasHistory() ? WriteGenerations(file, reader) : Result<void>();
+  if (reader.HasHistory() && written) return {};
+  if (!written && written.fault().kind != FaultKind::kDamaged) return written;
+  if (!written) reader.findings.push_back("the former generations");
+  std::error_code ignored;
+  fs::remove(file, ignored);
+  return WriteContent(file, reader.content);
 }
 
 /// Gives the file a second name, so that it has one at every moment, and puts the new one in its place.
@@ -184,10 +268,10 @@ Result<StoreRepair> RepairStore(const fs::path& file, const fs::path& scratch) {
   Reader reader;
   VANZET_DO(reader.Read(file));
   if (reader.findings.empty()) return StoreRepair();
+  const fs::path repaired = scratch / SqliteEngine::kStoreFile;
+  VANZET_DO(WriteStore(repaired, reader));
   const StoreRepair repair{FreeName(file, ".damaged"), reader.content.size(), reader.records,
                            reader.findings};
-  const fs::path repaired = scratch / SqliteEngine::kStoreFile;
-  VANZET_DO(WriteStore(repaired, reader.content));
   VANZET_DO(Exchange(file, repair.aside, repaired));
   return repair;
 }

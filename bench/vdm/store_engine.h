@@ -27,18 +27,51 @@ struct TextFile {
 /// commit. Commands print their result in it, so that a run that cannot say what it did has not done it.
 using LastStep = std::function<Result<void>()>;
 
+/// The generations of a VDM that stay, unless the project says otherwise.
+inline constexpr std::int64_t kUsualKeep = 200;
+
 /// The changes of one run to a store. The parts belong to the caller.
 struct NewGeneration {
   const Changes& vdms;
-  const TextFile* file;         ///< null: none
-  const std::string& occasion;  ///< a word for the run: "define", "dialog"
-  const LastStep& lastStep;     ///< may be empty
+  const TextFile* file;            ///< null: none
+  const std::string& occasion;     ///< a word for the run: "define", "dialog"
+  const LastStep& lastStep;        ///< may be empty
+  std::int64_t keep = kUsualKeep;  ///< the generations of each VDM that stay; the last one always does
 };
+
+/// A commit of the project, and who made it.
+struct Generation {
+  std::int64_t number = 0;  ///< counts the commits of the project from 1
+  std::string time;         ///< in UTC: "2026-11-22T09:00:00Z"
+  std::string user, host, program;
+  std::string occasion;
+
+  bool operator==(const Generation&) const = default;
+};
+
+/// A VDM that a generation created, changed or removed.
+struct VdmChange {
+  Generation generation;
+  Number vdm{};
+  bool isRemoval = false;
+};
+
+/// A generation with the VDMs as it left them.
+struct PastGeneration {
+  Generation generation;
+  Changes vdms;             ///< their records are in the store until they are read
+  std::vector<Number> cut;  ///< the states of these VDMs before this generation are no longer kept
+};
+using GenerationVisitor = std::function<Result<void>(const PastGeneration&)>;
+
+/// Passes generations to a visitor, by rising number; its fault, or that of the visitor, ends it.
+using GenerationSource = std::function<Result<void>(const GenerationVisitor&)>;
 
 /// Keeps closed VDMs, for this process and others. Who may write is the business of `VdmLocks`.
 ///
-/// Shape      numbers, each with the last content written under it; and the text file of a commit until
-///            `FinishFile`, so that a process that dies before it wrote the file loses nothing
+/// Shape      numbers, each with the last content written under it, and its contents of former generations as
+///            far as they are kept; and the text file of a commit until `FinishFile`, so that a process that
+///            dies before it wrote the file loses nothing
 /// Owns       what it keeps; it must outlive the VDMs that it opened, which fetch their records from it
 /// Atomicity  a generation comes wholly or not at all, even when the process or the machine dies; a read sees
 ///            one state, never parts of two
@@ -66,11 +99,26 @@ class StoreEngine {
   /// The heads of their records, of one state. A long record is not verified.
   virtual Result<std::map<Number, RecordHeads>> ReadHeads(const std::vector<Number>& numbers) = 0;
 
-  /// Makes all the changes in one transaction. Records that were opened from this number and not edited are
-  /// not written again. Afterwards the contents no longer know what the store keeps: do not write them a
+  /// Makes all the changes in one transaction: the next generation. Records that are as before are not
+  /// written again. Generations that need not be kept are forgotten, now or by one of the next calls. Afterwards the contents no longer know what the store keeps: do not write them a
   /// second time. Fails for a VDM that was opened when the records it was opened from no longer exist.
   /// Removing a VDM that does not exist does nothing.
   virtual Result<void> Apply(const NewGeneration& next) = 0;
+
+  /// The changes that are kept, of all VDMs or one: by rising generation, and in one by rising number.
+  virtual Result<std::vector<VdmChange>> ListChanges(std::optional<Number> only) = 0;
+
+  /// The VDMs, or the one, as they were after a generation; wholly in memory and independent of any store.
+  /// Fails with `kMissing` for a generation that never was, and for a state that is no longer kept.
+  virtual Result<std::map<Number, Vdm>> ReadAt(std::int64_t generation, std::optional<Number> only) = 0;
+
+  /// Visits the kept generations of all VDMs or one, by rising number, all of one state of the store; a fault
+  /// of the visitor ends it. The visitor may read the VDMs until it returns.
+  virtual Result<void> Visit(std::optional<Number> only, const GenerationVisitor& visitor) = 0;
+
+  /// Takes over generations that were made elsewhere, with their numbers, in one transaction. Fails when this
+  /// store is not empty. Requires: the source does not read this store.
+  virtual Result<void> Fill(const GenerationSource& source) = 0;
 
   /// The text file of a commit after which nobody called `FinishFile`.
   virtual Result<std::optional<TextFile>> UnfinishedFile() = 0;

@@ -12,7 +12,7 @@ constexpr std::int64_t kApplication = 1986951796;  // the bytes of "vnzt"
 static_assert(kApplication == 0x766E7A74);
 
 // A row of `vdm` and `place` holds for the generations from `first` to `last`; in the current one `last` is
-// the largest integer.
+// the largest integer. A row of `vdm` with `first` 0 is in the place of states that are no longer kept.
 constexpr std::string_view kMakeTables[] = {
     "PRAGMA application_id=1986951796",
     "PRAGMA user_version=2",
@@ -35,6 +35,7 @@ constexpr std::string_view kSetFirstTablesAside[] = {
 };
 
 constexpr std::string_view kTakeOverFirstTables[] = {
+    "INSERT INTO generation VALUES(1, strftime('%Y-%m-%dT%H:%M:%SZ', 'now'), '?', '?', '?', 'migration')",
     "INSERT INTO vdm SELECT number, 9223372036854775807, 1 FROM vdm1",
     "INSERT INTO place SELECT vdm, 9223372036854775807, position, 1, record FROM place1",
     "INSERT INTO record SELECT key, items, content, checksum(content) FROM record1",
@@ -49,7 +50,14 @@ constexpr StoreQueries kQueries[] = {
      .places = "SELECT position, record FROM place WHERE vdm=?1 ORDER BY position",
      .record = "SELECT items, content, NULL FROM record WHERE key=?1",
      .head = "SELECT items, substr(content, 1, ?2), NULL, length(content) FROM record WHERE key=?1"},
-    {.numbers = "SELECT number FROM vdm WHERE last=9223372036854775807 ORDER BY number",
+    // The first row of each number is found by the index, however many rows it has.
+    {.numbers = R"(WITH RECURSIVE known(number) AS (
+                     SELECT min(number) FROM vdm
+                     UNION ALL
+                     SELECT (SELECT min(number) FROM vdm WHERE number>known.number) FROM known
+                     WHERE known.number IS NOT NULL)
+                   SELECT number FROM known WHERE number IS NOT NULL AND EXISTS(
+                     SELECT 1 FROM vdm WHERE vdm.number=known.number AND last=9223372036854775807))",
      .exists = "SELECT 1 FROM vdm WHERE number=?1 AND last=9223372036854775807",
      .places =
          "SELECT position, record FROM place WHERE vdm=?1 AND last=9223372036854775807 ORDER BY position",

@@ -11,6 +11,9 @@ namespace vanzet::vdm {
 /// The form that this version writes. Older ones are read, and brought to it by the first commit.
 inline constexpr std::int64_t kStoreSchema = 2;
 
+/// The last generation of the rows of `vdm` and `place` that hold now.
+inline constexpr std::int64_t kNow = INT64_MAX;
+
 /// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none).
 /// Those of `head` are the same with the first bytes of the content, and its size.
 struct StoreQueries {

@@ -36,6 +36,17 @@ TEST(BenchIni, MayBeEmpty) {
   EXPECT_TRUE(ReadBenchIni("", "bench.ini"));
 }
 
+TEST(BenchIni, SaysHowManyGenerationsAreKept) {
+  EXPECT_EQ(ReadBenchIni("", "bench.ini")->keep, 200);
+  EXPECT_EQ(ReadBenchIni("[store]\nkeep = 0\n", "bench.ini")->keep, 0);
+  for (const std::string value : {"-1", "1000001", "x"}) {
+    EXPECT_EQ(FaultOf("[store]\nkeep=" + value + "\n"),
+              "bench.ini:2:6: 'keep' is a whole number from 0 to 1000000, not '" + value + "'");
+  }
+  EXPECT_EQ(FaultOf("[store]\nengine=x\n"),
+            "bench.ini:2:1: unknown setting 'engine' in [store]: expected 'keep'");
+}
+
 TEST(BenchIni, TakesNoMeshThatTheModellerRefuses) {
   const auto finest = ReadBenchIni("[mesh]\nchord=0.005\nangle=2\n", "bench.ini");
   ASSERT_TRUE(finest);

@@ -192,7 +192,7 @@ TEST_F(SqliteStore, TellsWhichRecordIsDamagedAndReadsTheOthers) {
   };
   for (const std::string& damage : damages) {
     Write(1, {{"good"}, {"bad"}});
-    Sql("UPDATE record SET " + damage + " WHERE key=(SELECT record FROM place WHERE position=1)");
+    Sql("UPDATE record SET " + damage + " WHERE key=(SELECT max(record) FROM place WHERE position=1)");
     SqliteEngine engine(file);
     const Vdm opened = std::move(*Get(engine.Open(Number{1})));
     EXPECT_EQ((*Get(opened.Read(0)))[0], "good");
@@ -215,6 +215,7 @@ TEST_F(SqliteStore, NumbersItsCommitsAndSaysWhoMadeThem) {
   Write(1, {{"a"}});
   Write(2, {{"b"}});
   EXPECT_EQ(Sql("SELECT number FROM generation"), "2");
+  EXPECT_EQ(Sql("SELECT count(*) FROM generation"), "2");
   EXPECT_EQ(Sql("SELECT occasion FROM generation WHERE occasion='test'"), "test");
   EXPECT_THAT(Sql("SELECT time FROM generation"), testing::MatchesRegex("20..-..-..T..:..:..Z"));
   EXPECT_NE(Sql("SELECT user || host || program FROM generation"), "");
@@ -259,6 +260,27 @@ TEST_F(SqliteStore, BringsTheFirstSchemaToTheCurrentOneWithTheFirstCommit) {
   EXPECT_EQ(Sql("SELECT count(*) FROM sqlite_schema WHERE name LIKE '%1'"), "0") << "nothing old is left";
   Sql("UPDATE record SET content=x'61007a00' WHERE key=3");
   EXPECT_THAT(Told(engine.Read({Number{1000}})), HasSubstr("checksum")) << "of records that were taken over";
+}
+
+TEST_F(SqliteStore, KeepsTheStateBeforeTheMigrationAsTheFirstGeneration) {
+  Sql(kFirstSchema);
+  SqliteEngine engine(file);
+  EXPECT_TRUE(Get(engine.ListChanges({})).empty());
+  EXPECT_EQ(Told(engine.ReadAt(1, {})), file.string() + ": has no generations yet");
+  EXPECT_EQ(Told(WriteTo(engine, 1000, VdmOf({{"new"}}))), "");
+  const auto changes = Get(engine.ListChanges(Number{1000}));
+  ASSERT_EQ(changes.size(), 2u);
+  EXPECT_EQ(changes[0].generation.occasion, "migration");
+  EXPECT_EQ(changes[1].generation.number, 2);
+  EXPECT_EQ(RecordsOf(Get(engine.ReadAt(1, {})).at(Number{1000})), (Records{{"c"}, {"a", "b"}}));
+}
+
+TEST_F(SqliteStore, CopiesAStoreOfTheFirstSchemaAsTheFirstGeneration) {
+  Sql(kFirstSchema);
+  SqliteEngine engine(file), copy(folder / "copy.db");
+  EXPECT_EQ(Told(copy.Fill([&](const GenerationVisitor& visitor) { return engine.Visit({}, visitor); })), "");
+  EXPECT_EQ(RecordsOf(Get(copy.ReadAt(1, {})).at(Number{1000})), (Records{{"c"}, {"a", "b"}}));
+  EXPECT_EQ(Sql("PRAGMA user_version"), "1") << "the original";
 }
 
 TEST_F(SqliteStore, StaysOfTheFirstSchemaWhereItCannotBeBroughtToTheCurrentOne) {
@@ -321,13 +343,49 @@ TEST_F(SqliteStore, DoesNotWriteRecordsAnewThatNobodyEdited) {
   EXPECT_EQ(Sql("SELECT count(*) FROM written WHERE key=(SELECT record FROM place WHERE position=1)"), "0");
 }
 
-TEST_F(SqliteStore, LeavesNoRowsBehind) {
-  Write(1, {{"a"}, {"b"}});
-  Write(1, {{"c"}});
-  EXPECT_EQ(Sql("SELECT count(*) FROM record"), "1");
+TEST_F(SqliteStore, LeavesNoRowsBehindThatNeedNotBeKept) {
   SqliteEngine engine(file);
-  EXPECT_EQ(Told(RemoveFrom(engine, 1)), "");
+  const auto apply = [&](const std::optional<Vdm>& content) {
+    Changes changes;
+    changes.emplace(Number{1}, content);
+    const std::string occasion = "test";
+    EXPECT_EQ(Told(engine.Apply({changes, nullptr, occasion, {}, 0})), "");
+  };
+  apply(VdmOf({{"a"}, {"b"}}));
+  apply(VdmOf({{"c"}}));
+  EXPECT_EQ(Sql("SELECT count(*) FROM record"), "1");
+  EXPECT_EQ(Sql("SELECT count(*) FROM generation"), "1");
+  apply(std::nullopt);
   EXPECT_EQ(Sql("SELECT (SELECT count(*) FROM record) + (SELECT count(*) FROM place)"), "0");
+}
+
+TEST_F(SqliteStore, WritesNoRecordTwiceThatIsTheSameInTheNextGeneration) {
+  Write(1, {{"a", "b"}, {"c"}, {"c"}});
+  Write(1, {{"new"}, {"c"}, {"a", "b"}, {"c"}});
+  EXPECT_EQ(Sql("SELECT count(*) FROM record"), "4");
+  EXPECT_EQ(Read(1), (Records{{"new"}, {"c"}, {"a", "b"}, {"c"}}));
+}
+
+TEST_F(SqliteStore, WritesOnlyThePlacesThatHaveAnotherRecord) {
+  Write(1, Records(50, {"same"}));
+  SqliteEngine engine(file);
+  Vdm opened = std::move(*Get(engine.Open(Number{1})));
+  (*Get(opened.Edit(7)))[0] = "changed";
+  EXPECT_EQ(Told(WriteTo(engine, 1, opened)), "");
+  EXPECT_EQ(Sql("SELECT count(*) FROM place"), "51");
+}
+
+TEST_F(SqliteStore, GoesOnFromAStoreThatKeptTheLastGenerationAlone) {
+  Write(1, {{"a"}});
+  Write(2, {{"b"}});
+  Sql("DELETE FROM generation WHERE number=1");
+  Write(1, {{"c"}});
+  SqliteEngine engine(file);
+  const auto changes = Get(engine.ListChanges(Number{1}));
+  ASSERT_EQ(changes.size(), 2u);
+  EXPECT_EQ(changes[0].generation.user, "?");
+  EXPECT_EQ(changes[1].generation.number, 3);
+  EXPECT_EQ(RecordsOf(Get(engine.ReadAt(1, Number{1})).at(Number{1})), Records{{"a"}});
 }
 
 TEST_F(SqliteStore, SeesWhatAnotherEngineWrote) {

@@ -120,6 +120,53 @@ TEST_F(StoreCare, OverwritesNoFileThatWasSetAsideBefore) {
   EXPECT_THAT(Get(engine.Numbers()), IsEmpty());
 }
 
+TEST_F(StoreCare, FindsEachKindOfDamageInFormerGenerations) {
+  struct Damage {
+    const char* sql;
+    const char* finding;
+  };
+  const Damage damages[] = {
+      {"UPDATE record SET content=x'7a00' WHERE key=2", "record 2, of VDM 1: its checksum is another one"},
+      {"DELETE FROM record WHERE key=2", "record 2, of VDM 1: it is missing"},
+      {"DELETE FROM place WHERE last=1 AND position=1", "VDM 1 has no record 1 in generation 1"},
+      {"UPDATE place SET first=9 WHERE last=1 AND position=1", "1 places end before they begin"},
+      {"UPDATE vdm SET first=9 WHERE last=1", "1 states of VDMs end before they begin"},
+      {"UPDATE place SET first=3 WHERE first=2", "the generations do not lead to the current content"},
+  };
+  for (const Damage& damage : damages) {
+    std::filesystem::remove(file);
+    Write(1, {{"a"}, {"b"}, {"c"}});
+    Write(1, {{"a"}, {"new"}, {"c"}});
+    EXPECT_THAT(Get(CheckStore(file)), IsEmpty());
+    Sql(damage.sql);
+    EXPECT_THAT(Get(CheckStore(file)), testing::Contains(HasSubstr(damage.finding))) << damage.sql;
+  }
+}
+
+TEST_F(StoreCare, KeepsFormerGenerationsWhereItRepairs) {
+  Write(1, {{"a"}, {"b"}, {"c"}});
+  Write(1, {{"a"}, {"new"}, {"c"}});
+  Write(2, {{"whole"}});
+  Sql("UPDATE record SET content=x'7a00' WHERE key=2");
+  const StoreRepair repair = Get(RepairStore(file, scratch));
+  EXPECT_THAT(repair.missing, ElementsAre(HasSubstr("record 2, of VDM 1")));
+  EXPECT_EQ(Read(file, 1), (Records{{"a"}, {"new"}, {"c"}}));
+  SqliteEngine engine(file);
+  EXPECT_EQ(RecordsOf(Get(engine.ReadAt(1, {})).at(Number{1})), (Records{{"a"}, {"c"}}));
+  EXPECT_EQ(Get(engine.ListChanges({})).size(), 3u);
+  EXPECT_THAT(Get(CheckStore(file)), IsEmpty());
+}
+
+TEST_F(StoreCare, KeepsTheLastGenerationWhereTheFormerOnesCannotBeTold) {
+  Write(1, {{"a"}});
+  Write(1, {{"b"}});
+  Sql("UPDATE place SET first=5 WHERE last=9223372036854775807");
+  const StoreRepair repair = Get(RepairStore(file, scratch));
+  EXPECT_THAT(repair.missing, testing::Contains("the former generations"));
+  EXPECT_EQ(Read(file, 1), Records{{"b"}});
+  EXPECT_THAT(Get(CheckStore(file)), IsEmpty());
+}
+
 TEST_F(StoreCare, CopiesAStoreWhileItIsOpen) {
   Write(1, {{"a"}, {"b"}});
   SqliteEngine engine(file);

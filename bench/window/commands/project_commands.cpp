@@ -125,6 +125,7 @@ void ProjectCommands::AskToLoadVdm() {
 Result<void> ProjectCommands::LoadVdm(const fs::path& file, std::uint32_t vdm) {
   VANZET_TRY(const vdm::Vdm content, vdm::ReadVdmFile(file));
   vdm::VdmStore store(workplace_.session->project().folder());
+  store.KeepGenerations(workplace_.session->project().settings().keep);
   VANZET_DO(store.Replace(vdm, content));
   VANZET_DO(store.Commit("vdm load"));
   workplace_.reportDone(workplace_.texts(Text::kLoaded).arg(ToQString(file)));
