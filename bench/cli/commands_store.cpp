@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include <nlohmann/json.hpp>
 
@@ -8,6 +9,7 @@
 #include "base/one_line.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/hosted_project.h"
 #include "cli/output.h"
 #include "define/catalogue.h"
 #include "drawing/board.h"
@@ -150,6 +152,42 @@ Result<void> Backup(const BackupArguments& arguments, const Context& context) {
   return Print("saved the store to " + OneLine(file) + "\n");
 }
 
+struct CopyArguments {
+  std::string from, to;
+};
+
+/// A text that names a database and no folder.
+bool IsConnection(const std::string& word) {
+  return word.find("://") != std::string::npos || word.starts_with("host=") || word.starts_with("dbname=");
+}
+
+Result<project::Project> OpenForCopy(const std::string& folder, const Context& context) {
+  if (IsConnection(folder)) return Fault{"this version has no engine for such a store", OneLine(folder)};
+  return project::Project::Open(folder, context.places.share);
+}
+
+Result<void> Copy(const CopyArguments& arguments, const Context& context) {
+  VANZET_TRY(const auto from, OpenForCopy(arguments.from, context));
+  VANZET_TRY(const auto to, OpenForCopy(arguments.to, context));
+  if (from.folder() == to.folder()) return Fault{"is the project to copy from", to.folder().string()};
+  const vdm::VdmStore source(from.folder());
+  std::set<vdm::Number> vdms;
+  std::size_t generations = 0;
+  VANZET_DO(source.Visit({}, [&](const vdm::PastGeneration& past) {
+    ++generations;
+    for (const auto& [number, content] : past.vdms) vdms.insert(number);
+    return Result<void>();
+  }));
+  if (generations == 0) {
+    return Fault{.text = "has no VDMs to copy", .file = from.folder().string(), .kind = FaultKind::kMissing};
+  }
+  vdm::VdmStore target(to.folder());
+  target.WaitAtMost(context.wait);
+  const std::string line = "copied " + Counted(vdms.size(), "VDM") + " with " +
+                           Counted(generations, "generation") + " to " + OneLine(arguments.to) + "\n";
+  return KeepRun([&] { return target.Fill(source, [&] { return Print(line); }); });
+}
+
 void AddCheck(Command& store, Context& context) {
   const auto arguments = std::make_shared<CheckArguments>();
   Command& command = store.AddCommand("check",
@@ -181,6 +219,17 @@ void AddBackup(Command& store, const Context& context) {
   command.work = [=, &context] { return Backup(*arguments, context); };
 }
 
+void AddCopy(Command& store, Context& context) {
+  const auto arguments = std::make_shared<CopyArguments>();
+  Command& command = store.AddCommand(
+      "copy", "Copies all VDMs with their generations to another project, whose store is empty.");
+  command.AddOperand("FROM", "the project's folder", StoreFile(arguments->from)).Required();
+  command.AddOperand("TO", "the folder of the other project", StoreFile(arguments->to)).Required();
+  AddWait(command, context);
+  command.examples = {"vanzet store copy lathe lathe-2"};
+  command.work = [=, &context] { return Copy(*arguments, context); };
+}
+
 }  // namespace
 
 void AddStore(Command& vanzet, Context& context) {
@@ -189,6 +238,7 @@ void AddStore(Command& vanzet, Context& context) {
   AddCheck(store, context);
   AddRepair(store, context);
   AddBackup(store, context);
+  AddCopy(store, context);
 }
 
 }  // namespace vanzet::cli

@@ -13,7 +13,7 @@ namespace vanzet::vdm {
 
 /// Reads the generations that a file of the current schema keeps.
 ///
-/// Errors    `kDamaged` for orders with gaps; with `NoteTo` these are noted, and what can be read is passed on
+/// Errors    `kDamaged` for orders with gaps; with `NoteTo` these are noted, and the rest is passed on
 /// Requires  a transaction, as long as it lives
 /// Source    docs/formats/store.md
 class GenerationReader {

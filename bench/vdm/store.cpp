@@ -266,12 +266,12 @@ Result<std::vector<VdmChange>> VdmStore::ListChanges(std::optional<Number> only)
 
 Result<void> VdmStore::Fill(const VdmStore& from, const LastStep& lastStep) {
   VANZET_DO(LockProject());
-  const auto done = engine_->Fill([&](const GenerationVisitor& visitor) -> Result<void> {
+  const auto filled = engine_->Fill([&](const GenerationVisitor& visitor) -> Result<void> {
     VANZET_DO(from.Visit({}, visitor));
     return lastStep ? lastStep() : Result<void>();
   });
   UnlockUnchangedProject();
-  return done;
+  return filled;
 }
 
 std::vector<Number> VdmStore::Unchanged(const std::vector<Number>& numbers) const {

@@ -100,9 +100,10 @@ class StoreEngine {
   virtual Result<std::map<Number, RecordHeads>> ReadHeads(const std::vector<Number>& numbers) = 0;
 
   /// Makes all the changes in one transaction: the next generation. Records that are as before are not
-  /// written again. Generations that need not be kept are forgotten, now or by one of the next calls. Afterwards the contents no longer know what the store keeps: do not write them a
-  /// second time. Fails for a VDM that was opened when the records it was opened from no longer exist.
-  /// Removing a VDM that does not exist does nothing.
+  /// written again. Generations that need not be kept are forgotten, now or by one of the next calls.
+  /// Afterwards the contents no longer know what the store keeps: do not write them a second time. Fails for
+  /// a VDM that was opened when the records it was opened from no longer exist. Removing a VDM that does not
+  /// exist does nothing.
   virtual Result<void> Apply(const NewGeneration& next) = 0;
 
   /// The changes that are kept, of all VDMs or one: by rising generation, and in one by rising number.

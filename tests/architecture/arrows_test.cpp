@@ -48,16 +48,17 @@ const std::map<std::string, Folders> kWorkbench = {
     {"api", {"base", "vdm", "project", "process", "drawing", "modeller", "language", "geometry"}},
     {"scene", {"base", "vdm", "project", "modeller", "geometry", "devices"}},
     {"section", {"base", "modeller", "geometry", "scene"}},
-    {"results", {"base", "vdm", "project", "process", "drawing", "contour", "geometry", "modeller", "scene",
-      "section"}},
+    {"results",
+     {"base", "vdm", "project", "process", "drawing", "contour", "geometry", "modeller", "scene", "section"}},
     {"define", {"base", "devices", "scene"}},
     {"show", {"base", "project", "scene", "devices"}},
+    {"history", {"base", "vdm", "project", "scene", "define"}},
     {"cli",
      {"base", "vdm", "project", "drawing", "language", "api", "contour", "geometry", "modeller", "scene",
-      "section", "results", "define", "show", "process"}},
+      "section", "results", "define", "show", "history", "process"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
-      "results", "process"}},
+      "results", "history", "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.

@@ -9,8 +9,11 @@ const Words kDefineOld = {"define", "old.json", "lathe"};
 const Words kSave = {"vdm", "save", "lathe", "1000", "saved.vdm"};
 const Words kSaveOther = {"vdm", "save", "lathe", "1001", "saved.vdm"};
 
+const Words kDefineNew = {"define", "new.json", "lathe"};
+
 const std::vector<Words> kEmpty = {kNew, kUpgrade};
 const std::vector<Words> kDefined = {kNew, kUpgrade, kDefineOld};
+const std::vector<Words> kDefinedTwice = {kNew, kDefineOld, kDefineNew};
 
 }  // namespace
 
@@ -40,6 +43,12 @@ const std::vector<Command>& Commands() {
       {"StoreCheck",       kDefined, {"store", "check", "lathe"}},
       {"StoreRepair",      kDefined, {"store", "repair", "lathe"}, true, true},
       {"StoreBackup",      kDefined, {"store", "backup", "lathe", "monday.db"}},
+      {"StoreCopy",        kDefinedTwice, {"store", "copy", "lathe", "empty"}, false},
+      {"History",          kDefinedTwice, {"history", "lathe"}},
+      {"Diff",             kDefinedTwice, {"diff", "lathe", "2", "2"}},
+      {"Restore",          kDefinedTwice, {"restore", "lathe", "2"}},
+      {"RestoreDryRun",    kDefinedTwice, {"restore", "lathe", "2", "--dry-run"}},
+      {"Migrate",          {kNew, kUpgrade, kSaveOther}, {"vdm", "load", "lathe", "saved.vdm", "1000"}, true, false, true},
       {"PictureSvg",       kDefined, {"picture", "lathe", "--out", "drawing.svg"}},
       {"PicturePng",       kDefined, {"picture", "lathe", "--view", "equipment", "--width", "80", "--height", "60",
                                       "--out", "equipment.png"}},

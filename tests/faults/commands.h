@@ -15,6 +15,7 @@ struct Command {
   Words words;
   bool repeats = true;   ///< it works again on what it has left
   bool damaged = false;  ///< the store that it works on has a damaged record
+  bool isOld = false;    ///< the store that it works on is of the first schema
 };
 
 inline void PrintTo(const Command& command, std::ostream* out) {

@@ -132,6 +132,7 @@ Case::Case(const Command& ofCommand) : command(ofCommand) {
     if (run.status != 0) throw std::runtime_error(command.name + ": " + run.err);
   }
   if (command.damaged) before.DamageStore();
+  if (command.isOld) before.AgeStore();
   old = ContentOf(before.work());
   const Workplace place;
   place.CopyFrom(before);

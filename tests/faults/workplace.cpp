@@ -140,6 +140,7 @@ void Workplace::PutGivenFiles() const {
   std::filesystem::copy_file(examples / "scripts/bar-job.txt", work() / "job.txt");
   std::filesystem::copy_file(examples / "bodies/casting.step", work() / "casting.step");
   std::filesystem::copy_file(examples / "contours/slot.txt", work() / "slot.txt");
+  std::filesystem::create_directory(work() / "empty");
 }
 
 void Workplace::DamageStore() const {
@@ -148,6 +149,11 @@ void Workplace::DamageStore() const {
   const std::string damaged = std::regex_replace(bytes, std::regex("Chuck 210"), "Chuck 710");
   if (damaged == bytes) throw std::runtime_error("the store has no text to damage");
   test::WriteBytes(store, damaged);
+}
+
+void Workplace::AgeStore() const {
+  std::filesystem::copy_file(VANZET_SOURCE_DIR "/tests/vdm/fixtures/store-schema-1.db",
+                             work() / "lathe/store.db", std::filesystem::copy_options::overwrite_existing);
 }
 
 void Workplace::CopyFrom(const Workplace& other) const {

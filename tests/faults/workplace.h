@@ -35,6 +35,9 @@ class Workplace {
   /// Changes a text in the store of the project, so that it does not fit its checksum.
   void DamageStore() const;
 
+  /// Gives the project a store as the first version wrote it.
+  void AgeStore() const;
+
   /// Makes it a copy of another one.
   void CopyFrom(const Workplace& other) const;
 

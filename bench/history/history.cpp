@@ -1,0 +1,97 @@
+#include "history/history.h"
+
+#include <algorithm>
+#include <ranges>
+#include <set>
+
+#include "history/item_changes.h"
+
+namespace vanzet::history {
+namespace {
+
+using vdm::Number;
+using State = std::map<Number, vdm::Vdm>;
+
+std::optional<vdm::Vdm> ContentIn(const State& state, Number number) {
+  const auto content = state.find(number);
+  return content == state.end() ? std::nullopt : std::optional(content->second);
+}
+
+Result<bool> AreSame(const std::optional<vdm::Vdm>& a, const std::optional<vdm::Vdm>& b) {
+  if (!a || !b) return !a && !b;
+  VANZET_TRY(const std::size_t changed, CountChangedRecords(*a, *b));
+  return changed == 0;
+}
+
+Result<std::vector<Difference>> Differences(const State& before, const State& now) {
+  std::set<Number> numbers;
+  for (const State* const state : {&before, &now}) {
+    for (const auto& [number, content] : *state) numbers.insert(number);
+  }
+  std::vector<Difference> differences;
+  for (const Number number : numbers) {
+    Difference difference{number, ContentIn(before, number), ContentIn(now, number)};
+    VANZET_TRY(const bool areSame, AreSame(difference.before, difference.now));
+    if (!areSame) differences.push_back(std::move(difference));
+  }
+  return differences;
+}
+
+const vdm::Vdm* PointerTo(const std::optional<vdm::Vdm>& content) {
+  return content ? &*content : nullptr;
+}
+
+}  // namespace
+
+Result<std::vector<Entry>> History::List(std::optional<Number> only) const {
+  VANZET_TRY(const auto kept, store_.ListChanges(only));
+  std::set<std::pair<std::int64_t, Number>> listed;
+  for (const vdm::VdmChange& change : kept) listed.emplace(change.generation.number, change.vdm);
+  std::vector<Entry> entries;
+  std::map<Number, std::optional<vdm::Vdm>> former;
+  VANZET_DO(store_.Visit(only, [&](const vdm::PastGeneration& past) -> Result<void> {
+    for (const auto& [number, content] : past.vdms) {
+      auto& before = former[number];
+      VANZET_TRY(auto words, ChangesInWords(PointerTo(before), PointerTo(content), Detail::kBrief));
+      if (std::ranges::find(past.cut, number) != past.cut.end()) words = {"older states are no longer kept"};
+      before = content;
+      if (!listed.contains({past.generation.number, number})) continue;
+      entries.push_back({{past.generation, number, !content}, std::move(words)});
+    }
+    return {};
+  }));
+  std::ranges::stable_sort(entries, std::greater(),
+                           [](const Entry& entry) { return entry.change.generation.number; });
+  return entries;
+}
+
+Result<std::int64_t> History::Last(std::optional<Number> only) const {
+  VANZET_TRY(const auto changes, store_.ListChanges(only));
+  return changes.empty() ? 0 : changes.back().generation.number;
+}
+
+Result<std::vector<Difference>> History::Compare(std::int64_t before, std::int64_t now,
+                                                 std::optional<Number> only) const {
+  VANZET_TRY(const auto from, StateAt(before, only));
+  VANZET_TRY(const auto to, StateAt(now, only));
+  return Differences(from, to);
+}
+
+Result<std::vector<Difference>> History::CompareNow(std::int64_t generation,
+                                                    std::optional<Number> only) const {
+  VANZET_TRY(const auto numbers, store_.Numbers());
+  VANZET_TRY(const auto present, store_.Snapshots(only ? std::vector{*only} : numbers));
+  VANZET_TRY(const auto past, StateAt(generation, only));
+  return Differences(present, past);
+}
+
+Result<std::vector<Difference>> History::Restore(std::int64_t generation, std::optional<Number> only) {
+  VANZET_TRY(auto differences, CompareNow(generation, only));
+  for (const Difference& each : differences) {
+    const auto number = static_cast<std::int64_t>(each.vdm);
+    VANZET_DO(each.now ? store_.Replace(number, *each.now) : store_.Delete(number));
+  }
+  return differences;
+}
+
+}  // namespace vanzet::history
