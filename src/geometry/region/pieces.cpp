@@ -14,6 +14,9 @@ constexpr int kMostRounds = 48;
 /// beginning, and more than a few, they breed.
 constexpr int kFreeRounds = 4;
 constexpr std::size_t kFewCuts = 200;
+/// More cuts than this, and than several for each piece, take more memory than a machine has.
+constexpr std::size_t kMostCuts = 4'000'000;
+constexpr std::size_t kMostCutsPerPiece = 16;
 /// Arcs of a radius below so many distances are as good as their chords.
 constexpr double kSmallestRadius = 16;
 /// Lines that are farther apart than this, in distances, are not cut by each other.
@@ -124,8 +127,14 @@ bool Pieces::FindCuts() {
     boxes.push_back({box.min.x, box.min.y, box.max.x, box.max.y, piece.isNew});
   }
   cuts_.clear();
-  BoxTree(std::move(boxes)).VisitPairs([&](std::uint32_t i, std::uint32_t j) { Compare(i, j); });
+  BoxTree(std::move(boxes)).VisitPairs([&](std::uint32_t i, std::uint32_t j) {
+    if (!HasTooManyCuts()) Compare(i, j);
+  });
   return !cuts_.empty();
+}
+
+bool Pieces::HasTooManyCuts() const {
+  return cuts_.size() > std::max(kMostCuts, kMostCutsPerPiece * pieces_.size());
 }
 
 void Pieces::ApplyCuts() {
@@ -162,6 +171,7 @@ bool Pieces::Normalise() {
   const std::size_t first = pieces_.size();
   for (int round = 0; round < kMostRounds; ++round) {
     if (!FindCuts()) return true;
+    if (HasTooManyCuts()) return false;
     if (round > kFreeRounds && cuts_.size() > first + kFewCuts) return false;
     ApplyCuts();
   }

@@ -45,7 +45,7 @@ class Pieces {
 
   void Add(const Stroke& stroke);
   std::uint32_t AddVertex(const Vector2d& p) { return net_.Add(p); }
-  /// Returns false when too many rounds were necessary; the pieces are of no use then.
+  /// Returns false when too many rounds or cuts were necessary; the pieces are of no use then.
   bool Normalise();
   /// Frees what only `Normalise` needs.
   void Finish();
@@ -66,6 +66,7 @@ class Pieces {
   bool AreClear(std::uint32_t i, std::uint32_t j) const;
   void CutAtEnds(std::uint32_t i, const Piece& other);
   void CutAt(std::uint32_t i, std::uint32_t vertex);
+  bool HasTooManyCuts() const;
   void ApplyCuts();
 
   double distance_;
