@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <sstream>
 
 #include "command_fixture.h"
 
@@ -54,6 +55,32 @@ TEST_F(ContourExamples, TheWheelIsBetweenItsTwoCircles) {
   EXPECT_NEAR(FactsOf("gear.txt")["area"], 12 * tooth, 0.05) << "its file has four decimals";
   EXPECT_EQ(Json("intersect " + Example("gear.txt") + " " + Example("pitch_circle.txt"))["points"].size(),
             24U);
+}
+
+/// The cells of a line of a table, without blanks and quotes around them.
+std::vector<std::string> CellsOf(const std::string& line) {
+  std::vector<std::string> cells;
+  std::istringstream text(line.substr(1));
+  for (std::string cell; std::getline(text, cell, '|');) {
+    const std::size_t first = cell.find_first_not_of(" `"), last = cell.find_last_not_of(" `");
+    cells.push_back(first == std::string::npos ? "" : cell.substr(first, last - first + 1));
+  }
+  return cells;
+}
+
+TEST_F(ContourExamples, DifficultRegionsHaveTheAreasOfTheirPage) {
+  std::istringstream page(ReadBytes(VANZET_SOURCE_DIR "/docs/contours/hard.md"));
+  int count = 0;
+  for (std::string line; std::getline(page, line);) {
+    if (!line.starts_with("| `offset ")) continue;
+    const std::vector<std::string> cells = CellsOf(line);
+    const std::string command = cells[0].substr(7), file = command.substr(0, command.find(' '));
+    const auto made = Json("offset " + Example(file) + command.substr(file.size()));
+    EXPECT_EQ(std::to_string(made["loops"].size()), cells[1]) << line;
+    EXPECT_NEAR(made["area"], std::stod(cells[2]), 1e-8) << line;
+    ++count;
+  }
+  EXPECT_EQ(count, 8);
 }
 
 TEST_F(ContourExamples, ThePinchedSquaresHaveBothTheirAreas) {
