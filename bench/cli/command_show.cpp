@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "base/length_unit.h"
-#include "base/number_text.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/length_unit.h"
@@ -26,18 +25,7 @@ struct Arguments {
   std::optional<LengthUnit> unit;
 };
 
-/// People measure to a ten-thousandth of an inch; the form for programs has the exact values. Millimetres
-/// are printed as they are stored.
-constexpr int kDecimalsOfInch = 4;
-
 using Spurs = std::vector<results::SpurDefinition>;
-
-std::string LengthForPeople(double millimetres, LengthUnit unit) {
-  const std::string length = unit == LengthUnit::kInch
-                                 ? ShortDecimalText(InUnit(millimetres, unit), kDecimalsOfInch)
-                                 : LengthText(millimetres, unit);
-  return length + " " + std::string(WordOf(unit));
-}
 
 /// The words of a place in the form of one spur: "main chuck B" for "$.spurs[0].main.chuck.letters.B".
 std::string WordsOf(std::string path) {
@@ -67,7 +55,7 @@ std::string PageOf(const results::SpurDefinition& spur, LengthUnit unit, const s
 
 std::string Text(const Spurs& spurs, LengthUnit unit, const Context& context) {
   const show::Style style{context.texts,
-                          [unit](double millimetres) { return LengthForPeople(millimetres, unit); }};
+                          [unit](double millimetres) { return show::LengthForPeople(millimetres, unit); }};
   std::string text;
   for (const results::SpurDefinition& spur : spurs) {
     text += (text.empty() ? "" : "\n") + PageOf(spur, unit, style);

@@ -6,7 +6,6 @@
 #include "devices/kinds.h"
 #include "scene/equipment.h"
 #include "show/missing.h"
-#include "show/rows.h"
 #include "show/simulation.h"
 
 namespace vanzet::show {
@@ -23,6 +22,9 @@ using scene::Spindle;
 constexpr const char* kLetterSection = "view";
 
 constexpr int kDecimals = 6;  // as stored
+/// People measure to a ten-thousandth of an inch; the form for programs has the exact values. Millimetres
+/// are printed as they are stored.
+constexpr int kDecimalsOfInch = 4;
 
 struct KindTitle {
   const devices::Kind* kind;
@@ -60,14 +62,14 @@ class Page {
   explicit Page(const Style& style) : style_(style) {}
 
   void AddSpur(const Spur& spur);
-  std::string Text() const { return rows_.Text(); }
+  const Rows& rows() const { return rows_; }
 
  private:
   std::string T(std::string_view english) const {
     return std::string(style_.texts.Translate(kTextSection, english));
   }
 
-  void AddSpindle(const char* title, const Spindle& spindle);
+  void AddSpindle(const char* title, const Equipment& equipment, std::size_t index);
   void AddDevice(const Device& device, const std::string& addition = {});
   void AddLetter(const Letter& letter, double value);
   void AddBillet(const Billet& billet);
@@ -95,10 +97,12 @@ void Page::AddSpur(const Spur& spur) {
                    std::to_string(spur.definition.version));
   AddDamage(spur.definition);
   if (IsEmpty(equipment)) return rows_.Add(1, T(Translatable("Nothing is defined yet.")), "");
-  AddSpindle(Translatable("Main spindle"), equipment.spindles[0]);
-  AddSpindle(Translatable("Sub spindle"), equipment.spindles[1]);
+  AddSpindle(Translatable("Main spindle"), equipment, 0);
+  AddSpindle(Translatable("Sub spindle"), equipment, 1);
   rows_.AddHeading(T(Translatable("Both spindles")));
+  rows_.BeginPart(Part::kCenter);
   AddDevice(equipment.center);
+  rows_.BeginPart(Part::kSteadyRest);
   rows_.Add(1, T(Translatable("Steady rest")),
             T(equipment.usesSteadyRest ? Translatable("used") : Translatable("not used")));
   AddDatum(equipment);
@@ -107,14 +111,19 @@ void Page::AddSpur(const Spur& spur) {
   AddImpossible(spur.impossible);
 }
 
-void Page::AddSpindle(const char* title, const Spindle& spindle) {
+void Page::AddSpindle(const char* title, const Equipment& equipment, std::size_t index) {
+  const Spindle& spindle = equipment.spindles[index];
   rows_.AddHeading(T(title));
   if (IsEmpty(spindle)) return rows_.Add(1, T(Translatable("Nothing is defined.")), "");
+  rows_.BeginPart(Part::kClamp, index);
   AddDevice(spindle.clamp);
   const char* const side =
       spindle.clampsInside ? Translatable("clamping from inside") : Translatable("clamping from outside");
+  rows_.BeginPart(Part::kJaw, index);
   AddDevice(spindle.jaw, std::to_string(spindle.jaws) + " " + T(Translatable("jaws")) + ", " + T(side));
+  rows_.BeginPart(Part::kBillet, index);
   AddBillet(spindle.billet);
+  rows_.BeginPart(Part::kFinishPart, index);
   AddFinishPart(spindle.finishPart);
 }
 
@@ -176,6 +185,7 @@ void Page::AddFinishPart(const FinishPart& part) {
 }
 
 void Page::AddDatum(const Equipment& equipment) {
+  rows_.BeginPart(Part::kDatum);
   const auto& [main, sub] = equipment.spindles;
   const auto both = [&](double ofMain, double ofSub) {
     return T(Translatable("main")) + " " + style_.length(ofMain) + ", " + T(Translatable("sub")) + " " +
@@ -211,6 +221,7 @@ void Page::AddSimulation(const Equipment& equipment, const project::Definition& 
   const auto isOdd = [](SimulationState state) {
     return state == SimulationState::kMissing || state == SimulationState::kOther;
   };
+  rows_.BeginPart(Part::kNone);
   const std::string label = T(Translatable("Simulation data"));
   if (std::ranges::none_of(states, isOdd)) return rows_.Add(1, label, T(Translatable("of these values")));
   rows_.Add(1, label, T(Translatable("not of these values; OK in the dialog makes them")));
@@ -233,10 +244,21 @@ void Page::AddDamage(const project::Definition& definition) {
 
 }  // namespace
 
-std::string PageOf(const Spur& spur, const Style& style) {
+Rows RowsOf(const Spur& spur, const Style& style) {
   Page page(style);
   page.AddSpur(spur);
-  return page.Text();
+  return page.rows();
+}
+
+std::string PageOf(const Spur& spur, const Style& style) {
+  return RowsOf(spur, style).Text();
+}
+
+std::string LengthForPeople(double millimetres, LengthUnit unit) {
+  const std::string length = unit == LengthUnit::kInch
+                                 ? ShortDecimalText(InUnit(millimetres, unit), kDecimalsOfInch)
+                                 : LengthText(millimetres, unit);
+  return length + " " + std::string(WordOf(unit));
 }
 
 std::string PageWithoutDefinition(std::int32_t spur, std::uint32_t vdm, const Style& style) {

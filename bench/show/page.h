@@ -4,8 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "base/length_unit.h"
 #include "base/translations.h"
 #include "project/definition.h"
+#include "show/rows.h"
 
 namespace vanzet::show {
 
@@ -29,6 +31,12 @@ struct Spur {
 /// The page of a spur: its devices by name and values, its parts, its datum, what is missing or impossible, and
 /// whether the simulation data are those of the values. A damaged definition is shown as far as it can be read.
 std::string PageOf(const Spur& spur, const Style& style);
+
+/// The same as rows, for other forms than text.
+Rows RowsOf(const Spur& spur, const Style& style);
+
+/// A length with its unit, of millimetres: "42 mm", "1.6535 inch".
+std::string LengthForPeople(double millimetres, LengthUnit unit);
 
 /// The heading of a spur that has no definition.
 std::string PageWithoutDefinition(std::int32_t spur, std::uint32_t vdm, const Style& style);

@@ -17,25 +17,30 @@ std::size_t WidthOf(std::string_view text) {
   return width;
 }
 
+std::string Indented(const Row& row) {
+  return std::string(kIndent * static_cast<std::size_t>(row.level), ' ') + row.label;
+}
+
 }  // namespace
 
 void Rows::AddHeading(const std::string& text) {
-  rows_.push_back({.label = OneLine(text), .isHeading = true});
+  BeginPart(Part::kNone);
+  rows_.push_back({.level = 0, .label = OneLine(text)});
 }
 
 void Rows::Add(int level, const std::string& label, const std::string& value) {
-  rows_.push_back(
-      {std::string(kIndent * static_cast<std::size_t>(level), ' ') + OneLine(label), OneLine(value)});
+  rows_.push_back({level, OneLine(label), OneLine(value), part_, spindle_});
 }
 
 std::string Rows::Text() const {
   std::size_t width = 0;
-  for (const Row& row : rows_) width = std::max(width, row.value.empty() ? 0 : WidthOf(row.label));
+  for (const Row& row : rows_) width = std::max(width, row.value.empty() ? 0 : WidthOf(Indented(row)));
   std::string text;
   for (const Row& row : rows_) {
-    if (row.isHeading && !text.empty()) text += "\n";
-    text += row.label;
-    if (!row.value.empty()) text += std::string(width - WidthOf(row.label) + kGap, ' ') + row.value;
+    if (row.level == 0 && !text.empty()) text += "\n";
+    const std::string label = Indented(row);
+    text += label;
+    if (!row.value.empty()) text += std::string(width - WidthOf(label) + kGap, ' ') + row.value;
     text += "\n";
   }
   return text;

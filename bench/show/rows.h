@@ -1,29 +1,43 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace vanzet::show {
 
+/// The part of the equipment that a row is about.
+enum class Part { kNone, kClamp, kJaw, kBillet, kFinishPart, kCenter, kSteadyRest, kDatum };
+
+struct Row {
+  int level;  ///< 0: a heading
+  std::string label;
+  std::string value = {};
+  Part part = Part::kNone;
+  std::size_t spindle = 0;
+};
+
 /// Labels and values in two columns, with headings between them.
 class Rows {
  public:
+  /// The rows that are added from now on, until the next heading, are about this part.
+  void BeginPart(Part part, std::size_t spindle = 0) { part_ = part, spindle_ = spindle; }
+
   /// A line of its own, after a blank line.
   void AddHeading(const std::string& text);
 
   /// Level 1 is below a heading, level 2 below a row. An empty value is left out with its blanks.
   void Add(int level, const std::string& label, const std::string& value);
 
+  const std::vector<Row>& all() const { return rows_; }
+
   /// All lines; the values begin in one column.
   std::string Text() const;
 
  private:
-  struct Row {
-    std::string label;
-    std::string value = {};
-    bool isHeading = false;
-  };
   std::vector<Row> rows_;
+  Part part_ = Part::kNone;
+  std::size_t spindle_ = 0;
 };
 
 }  // namespace vanzet::show

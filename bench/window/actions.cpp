@@ -41,6 +41,7 @@ constexpr ActionRow kRows[] = {
     { Command::kDrawingOnly,   Menu::kView,       Text::kDrawingOnly,    "drawing",     "F7",           Needs::kNothing, 'v',   false, false },
     { Command::kEquipmentOnly, Menu::kView,       Text::kEquipmentOnly,  "equipment",   "F8",           Needs::kNothing, 'v',   false, false },
     { Command::kDefinitionTree,Menu::kView,       Text::kDefinitionTree, "",            "",             Needs::kNothing, 'd',   false, true  },
+    { Command::kBodies,        Menu::kView,       Text::kBodies,         "",            "",             Needs::kNothing, 'd',   false, false },
     { Command::kLayers,        Menu::kView,       Text::kLayers,         "layers",      "",             Needs::kNothing, 'd',   false, false },
     { Command::kMessages,      Menu::kView,       Text::kMessages,       "",            "",             Needs::kNothing, 'd',   false, false },
     { Command::kLight,         Menu::kAppearance, Text::kLight,          "",            "",             Needs::kNothing, 'a',   false, false },
@@ -82,6 +83,10 @@ bool IsSwitch(char form) {
 
 std::span<const ActionRow> ActionRows() {
   return kRows;
+}
+
+Text TextOf(Command command) {
+  return kRows[static_cast<std::size_t>(command)].text;
 }
 
 Actions::Actions(QMainWindow& window, const Texts& texts) : QObject(&window), texts_(texts) {

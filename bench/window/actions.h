@@ -19,7 +19,7 @@ enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit,
   kDefinition, kUpgrade, kRefresh,
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kGrid,
-  kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kLayers, kMessages,
+  kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages,
   kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
   kContents, kAbout,
@@ -53,6 +53,9 @@ struct ActionRow {
 
 /// The rows of all commands, in their order.
 std::span<const ActionRow> ActionRows();
+
+/// The text of a command's row.
+Text TextOf(Command command);
 
 /// The actions of a window, and the menus and the tool bar with them.
 class Actions final : public QObject {

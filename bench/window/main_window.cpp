@@ -56,7 +56,8 @@ MainWindow::MainWindow(Places places)
   help_ = new HelpWindow(texts_, workplace_.places.share.parent_path() / "doc" / "vanzet", this);
   projectCommands_ = new ProjectCommands(workplace_, memory_, *messages_, this);
   equipmentCommands_ = new EquipmentCommands(
-      workplace_, {*drawing_, *equipment_, *hint_, *definition_, *layers_, *messages_, *choice_}, this);
+      workplace_, {*drawing_, *equipment_, *hint_, *definition_, *layers_, *messages_, *choice_, *bodies_},
+      this);
   viewCommands_ = new ViewCommands(workplace_, texts_, memory_,
                                    {*drawing_, *equipment_, *drawingPane_, *equipmentPane_}, this);
   exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
@@ -108,11 +109,14 @@ QWidget* MainWindow::MakeViews() {
 
 void MainWindow::MakeDocks() {
   definition_ = new DefinitionDock(texts_, this);
+  bodies_ = new BodyDock(texts_, this);
   layers_ = new LayerDock(texts_, this);
   messages_ = new MessageDock(texts_, this);
   choice_ = new ChoiceDock(this);
   addDockWidget(Qt::LeftDockWidgetArea, definition_);
+  addDockWidget(Qt::LeftDockWidgetArea, bodies_);
   addDockWidget(Qt::LeftDockWidgetArea, layers_);
+  tabifyDockWidget(layers_, bodies_);
   addDockWidget(Qt::BottomDockWidgetArea, messages_);
   addDockWidget(Qt::RightDockWidgetArea, choice_);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
@@ -133,6 +137,7 @@ void MainWindow::RestoreLayout() {
   restoreGeometry(memory_.Geometry());
   restoreState(memory_.State());
   split_->restoreState(memory_.Split());
+  (*actions_)[viewCommands_->RememberedViews()]->trigger();
   choice_->hide();
 }
 
@@ -167,6 +172,7 @@ void MainWindow::ConnectParts() {
 /// A dock and the switch in its menu follow each other.
 void MainWindow::ConnectDockSwitches() {
   for (const auto& [command, dock] : {std::pair<Command, QDockWidget*>{Command::kDefinitionTree, definition_},
+                                      {Command::kBodies, bodies_},
                                       {Command::kLayers, layers_},
                                       {Command::kMessages, messages_}}) {
     QAction* const action = (*actions_)[command];
@@ -184,10 +190,22 @@ void MainWindow::Retranslate() {
   equipmentPane_->SetTitle(texts_(Text::kEquipment));
   drawing_->SetHint(texts_(open != nullptr ? Text::kNothingDrawn : Text::kNoProject));
   equipment_->SetHint(texts_(open != nullptr ? Text::kNoEquipment : Text::kNoProject));
-  for (int spur = 0; spur < spurs_->count(); ++spur) spurs_->setItemText(spur, texts_(Text::kSpur).arg(spur));
+  for (int spur = 0; spur < spurs_->count(); ++spur)
+    spurs_->setItemText(spur, texts_(Text::kSpur).arg(spur + 1));
+  NameParts();
   actions_->ActionOf(texts_.language())->setChecked(true);
   const bool isDark = AppearanceOf(palette()) == Appearance::kDark;
   (*actions_)[isDark ? Command::kDark : Command::kLight]->setChecked(true);
+}
+
+/// For readers of the screen.
+void MainWindow::NameParts() {
+  drawing_->setAccessibleName(texts_(Text::kDrawing));
+  equipment_->setAccessibleName(texts_(Text::kEquipment));
+  // The toolkit says the value of a list as its name.
+  spurs_->setAccessibleDescription(texts_(Text::kSpurChoice));
+  spurs_->setToolTip(texts_(Text::kSpurChoice));
+  notice_->SetCloseName(texts_(Text::kClose));
 }
 
 void MainWindow::Run(Command command, bool isOn) {

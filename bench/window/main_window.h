@@ -52,6 +52,7 @@ class MainWindow final : public QMainWindow {
   void ConnectDockSwitches();
 
   void Retranslate();
+  void NameParts();
   void Run(Command command, bool isOn);
   void ShowProject(int spurs, qint64 otherProcess);
   void ActivateSpur(int spur);
@@ -71,6 +72,7 @@ class MainWindow final : public QMainWindow {
   HintBar* hint_;
   NoticeBar* notice_;
   DefinitionDock* definition_;
+  BodyDock* bodies_;
   LayerDock* layers_;
   MessageDock* messages_;
   ChoiceDock* choice_;

@@ -21,11 +21,12 @@ enum class Text {
   kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf, kContents, kAbout,
   kWindowTitle, kHelpTitle, kAboutText, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
   kAllCalls, kCopyAll, kClear,
-  kTreeName, kTreeContent, kSpur, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems,
+  kTreeName, kTreeContent, kSpur, kSpurChoice, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems, kRecords, kDefinePart, kCopyRow,
+  kBodies, kShownBodies, kSeeThrough, kDefinitionFiles, kClose,
   kPickHint, kPickPosition, kPickFigure, kPickSolid, kTypedPosition, kNotAPosition,
   kFigures, kSolids, kCancel,
   kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored,
-  kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kChooseFolder, kNone, kWritten,
+  kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kNone, kWritten,
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kCount
 };
@@ -51,6 +52,9 @@ class Texts final : public QObject {
   Result<void> SetLanguage(const std::string& code);
 
   QString operator()(Text text) const;
+
+  /// Valid until `Changed`. For the texts of libraries, which have sections of their own.
+  const Translations& translations() const { return translations_; }
 
  signals:
   void Changed();

@@ -18,6 +18,10 @@ class WindowMemory {
   QByteArray Split() const { return settings_.value("split").toByteArray(); }
   void KeepLayout(const QByteArray& geometry, const QByteArray& state, const QByteArray& split);
 
+  /// The name of the arrangement of the views.
+  QString Views() const { return settings_.value("views").toString(); }
+  void SetViews(const QString& name) { settings_.setValue("views", name); }
+
   /// The projects that were open, the latest first, without those that no longer exist.
   QStringList Recent() const;
   void AddRecent(const QString& folder);

@@ -58,7 +58,7 @@ const std::map<std::string, Folders> kWorkbench = {
       "section", "results", "define", "show", "history", "process"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
-      "results", "history", "process"}},
+      "results", "define", "show", "history", "devices", "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.

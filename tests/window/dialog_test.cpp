@@ -67,13 +67,31 @@ TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
   EXPECT_TRUE(actions()[Command::kDefinition]->isEnabled());
 }
 
+TEST_F(Dialogs, OpenAtThePageOfTheRowThatIsDoubleClicked) {
+  OpenSample(true);
+  QString page;
+  When(
+      [] { return OnScreen() != nullptr && OnScreen()->findChild<QTreeWidget*>()->currentItem() != nullptr; },
+      [&] {
+        page = OnScreen()->findChild<QTreeWidget*>()->currentItem()->text(0);
+        OnScreen()->close();
+      });
+  QTreeWidget& tree = definition().tree();
+  QTreeWidgetItem* const billet = tree.findItems("Billet", Qt::MatchExactly | Qt::MatchRecursive).value(0);
+  tree.scrollToItem(billet);
+  const QPoint place = tree.visualItemRect(billet).center();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+  QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+  EXPECT_EQ(page, "Billet cylindrical");
+}
+
 TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {
   OpenSample();
   const QImage drawn = drawing().grab().toImage(), seen = equipment().grab().toImage();
   Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
   EXPECT_NE(drawing().grab().toImage(), drawn);
   EXPECT_NE(equipment().grab().toImage(), seen);
-  QTreeWidgetItem* const chuck = definition().tree().topLevelItem(0)->child(1);
+  QTreeWidgetItem* const chuck = Records(0)->child(1);
   EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
 }
 

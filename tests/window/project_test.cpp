@@ -36,7 +36,7 @@ TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {
   OpenSample(true);
   EXPECT_EQ(window->windowTitle(), "lathe - vanzet workbench");
   ASSERT_EQ(definition().tree().topLevelItemCount(), 2);
-  EXPECT_EQ(definition().tree().topLevelItem(0)->childCount(), 18);
+  EXPECT_EQ(Records(0)->childCount(), 18);
   EXPECT_TRUE(QTest::qWaitFor([&] { return equipment().isSmooth(); }, 20'000));
   EXPECT_TRUE(actions()[Command::kDefinition]->isEnabled());
 }
@@ -82,8 +82,11 @@ TEST_F(Projects, AreRememberedWithTheWindowsPlace) {
   actions().ActionOf("de")->trigger();
   window->resize(1111, 777);
   definition().hide();
+  actions()[Command::kEquipmentOnly]->trigger();
   window->close();
   Restart();
+  EXPECT_TRUE(actions()[Command::kEquipmentOnly]->isChecked());
+  EXPECT_FALSE(drawing().isVisible());
   window->resize(900, 600);
   window::WindowMemory memory;
   EXPECT_EQ(memory.Recent().front().toStdString(), (folder / "lathe").string());

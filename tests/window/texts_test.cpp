@@ -78,9 +78,16 @@ TEST_F(TranslatedWindow, ShowsTheOtherLanguageAtOnce) {
   EXPECT_EQ(actions()[Command::kDefinition]->text(), "Spannmittel &definieren...");
   EXPECT_EQ(window->menuBar()->actions().front()->text(), "&Projekt");
   EXPECT_EQ(messages().windowTitle(), "Meldungen");
-  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindelspur 0");
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindel 1");
   actions().ActionOf("en")->trigger();
-  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spur 0");
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindle 1");
+}
+
+TEST_F(TranslatedWindow, HasTheToolkitsOwnTextsInItsLanguage) {
+  actions().ActionOf("de")->trigger();
+  EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), "Suchen in:");
+  actions().ActionOf("en")->trigger();
+  EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), "Look in:");
 }
 
 TEST_F(TranslatedWindow, HasATextForEveryActionInEveryLanguage) {

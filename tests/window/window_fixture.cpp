@@ -77,6 +77,7 @@ void WindowTest::Play(const std::string& script, std::vector<std::function<void(
     if (i == answers.size()) return;
     When([this] { return IsPicking(); },
          [&, i] {
+           QCoreApplication::processEvents();  // the line of the pick has its place then
            answers[i]();
            GiveUpLater();
            answer(i + 1);
@@ -100,6 +101,11 @@ void WindowTest::GiveUpLater() {
 std::vector<std::string> WindowTest::Section(std::size_t operation, std::size_t section) {
   const auto definitions = window->session()->Definitions();
   return definitions->at(0).definition->operations.at(operation).sections.at(section);
+}
+
+QTreeWidgetItem* WindowTest::Records(int spur) {
+  const QTreeWidgetItem* const top = definition().tree().topLevelItem(spur);
+  return top->child(top->childCount() - 1);
 }
 
 QPoint WindowTest::At(double x, double y) {

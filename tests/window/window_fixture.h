@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QTest>
+#include <QTreeWidget>
 #include <functional>
 #include <memory>
 #include <string>
@@ -47,6 +48,9 @@ class WindowTest : public testing::Test {
   /// The items of a section of the first spur's definition.
   std::vector<std::string> Section(std::size_t operation, std::size_t section);
 
+  /// The branch of the definition's tree with the stored records of a spur.
+  QTreeWidgetItem* Records(int spur);
+
   /// The place on the screen of a place of the drawing.
   QPoint At(double x, double y);
   void Click(QWidget& widget, const QPoint& place);
@@ -61,15 +65,15 @@ class WindowTest : public testing::Test {
 
   static window::Application& Program();
 
-  const TemporaryFolder folder;
-  std::unique_ptr<window::MainWindow> window;
-
- private:
   template <class Type>
   Type& Part() {
     return *window->findChild<Type*>();
   }
 
+  const TemporaryFolder folder;
+  std::unique_ptr<window::MainWindow> window;
+
+ private:
   /// A pick that is not answered ends and is a failure.
   void GiveUpLater();
 };

@@ -48,14 +48,16 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
       picks_({workplace.texts, parts.hint, parts.drawing, parts.equipment, parts.choice,
               [this] { RefreshDrawing(); }, [this] { return Figures(); }, [this] { return Solids(); },
               [this](const QString& name) { ShowFigure(name); },
-              [this](const QString& name) { ShowSolid(name); },
-              [this] { static_cast<void>(parts_.equipment.Show(workplace_.scene)); },
-              [this] { return workplace_.unit; }}) {
+              [this](const QString& name) { ShowSolid(name); }, [this] { static_cast<void>(ShowScene()); },
+              [this] { return workplace_.unit; }}),
+      page_(this) {
   redraw_.setSingleShot(true);
   redraw_.setInterval(kRedrawDelay);
   connect(&redraw_, &QTimer::timeout, this, &EquipmentCommands::RefreshDrawing);
   changePoll_.setInterval(kChangePoll);
   connect(&changePoll_, &QTimer::timeout, this, &EquipmentCommands::RefreshIfChanged);
+  connect(&parts.definition, &DefinitionDock::PageWanted, this, &EquipmentCommands::DefineAt);
+  connect(&parts.bodies, &BodyDock::Chosen, this, [this] { workplace_.Report(ShowScene()); });
 }
 
 bool EquipmentCommands::Run(Command command) {
@@ -73,6 +75,11 @@ bool EquipmentCommands::Run(Command command) {
 
 void EquipmentCommands::Define() {
   if (IsFreeElsewhere()) Call("mstart");
+}
+
+void EquipmentCommands::DefineAt(int spur, std::int32_t node) {
+  page_.Show(spur, node);
+  if (!workplace_.session->isAtWork()) Define();
 }
 
 void EquipmentCommands::Upgrade() {
@@ -161,7 +168,7 @@ void EquipmentCommands::ReadUnit() {
 void EquipmentCommands::RefreshDefinition() {
   auto definitions = workplace_.session->Definitions();
   if (!definitions) return workplace_.reportFault(definitions.fault());
-  parts_.definition.Show(std::move(*definitions));
+  parts_.definition.Show(std::move(*definitions), workplace_.unit);
 }
 
 void EquipmentCommands::RefreshDrawing() {
@@ -181,11 +188,17 @@ void EquipmentCommands::RefreshEquipment() {
   if (workplace_.isBusy) return;
   const auto made = MakeScene();
   parts_.equipment.SetHint(workplace_.texts(Text::kNoEquipment));
-  const auto shown = parts_.equipment.Show(workplace_.scene);
+  const auto shown = ShowScene();
   if (made && shown) return;
   const Fault& fault = made ? shown.fault() : made.fault();
   parts_.equipment.SetHint(ToQString(fault.Message()));
   workplace_.reportFault(fault);
+}
+
+/// Shows the bodies of the scene that are to be seen.
+Result<void> EquipmentCommands::ShowScene() {
+  workplace_.shownScene = parts_.bodies.Show(workplace_.scene);
+  return parts_.equipment.Show(workplace_.shownScene);
 }
 
 /// Without a scene after a fault.

@@ -5,8 +5,10 @@
 #include <string>
 
 #include "window/actions.h"
+#include "window/commands/dialog_page.h"
 #include "window/commands/pick_session.h"
 #include "window/commands/workplace.h"
+#include "window/docks/body_dock.h"
 #include "window/docks/definition_dock.h"
 #include "window/docks/list_docks.h"
 #include "window/docks/message_dock.h"
@@ -26,6 +28,7 @@ class EquipmentCommands final : public QObject {
     LayerDock& layers;
     MessageDock& messages;
     ChoiceDock& choice;
+    BodyDock& bodies;
   };
 
   EquipmentCommands(Workplace& workplace, Parts parts, QObject* parent);
@@ -34,7 +37,8 @@ class EquipmentCommands final : public QObject {
   bool Run(Command command);
 
   // Requires of both: a project is open.
-  void Define();  ///< shows the dialog
+  void Define();                               ///< shows the dialog
+  void DefineAt(int spur, std::int32_t node);  ///< and its page; of the dialog that is open, if one is
   void Upgrade();
 
   /// Shows the project as its files are now. Nothing is done while no project is open or other work goes on.
@@ -61,6 +65,7 @@ class EquipmentCommands final : public QObject {
   void ReadUnit();
   void RefreshDefinition();
   void RefreshEquipment();
+  Result<void> ShowScene();
   void RefreshIfChanged();
   Result<void> MakeScene();
 
@@ -74,6 +79,7 @@ class EquipmentCommands final : public QObject {
   Workplace& workplace_;
   Parts parts_;
   PickSession picks_;
+  DialogPage page_;
   QTimer redraw_;           ///< draws once for many lines
   QTimer changePoll_;       ///< looks whether another process changed the project
   std::string fileStamps_;  ///< of the files that are shown

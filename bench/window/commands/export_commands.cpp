@@ -51,12 +51,13 @@ bool ExportCommands::Run(Command command) {
   if (const auto* const row = std::ranges::find(kPictures, command, &PictureRow::command);
       row != std::end(kPictures)) {
     const QString suggested = ToQString(workplace_.session->project().folder() / row->name);
-    place = QFileDialog::getSaveFileName(workplace_.window, texts(Text::kExportMenu).remove('&'), suggested,
+    place = QFileDialog::getSaveFileName(workplace_.window, TitleOf(texts(TextOf(command))), suggested,
                                          row->filter);
     if (!place.isEmpty()) done = (this->*row->write)(ToPath(place));
   } else if (const auto* const bodies = std::ranges::find(kBodies, command, &BodiesRow::command);
              bodies != std::end(kBodies)) {
-    place = QFileDialog::getExistingDirectory(workplace_.window, texts(Text::kChooseFolder));
+    place = QFileDialog::getExistingDirectory(workplace_.window, TitleOf(texts(TextOf(command))),
+                                              ToQString(workplace_.session->project().folder()));
     if (!place.isEmpty()) done = WriteBodies(bodies->format, ToPath(place));
   } else {
     return false;
@@ -76,7 +77,7 @@ Result<void> ExportCommands::WriteDrawing(const fs::path& file) const {
 
 Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) const {
   VANZET_DO(CheckEquipment());
-  VANZET_TRY(const scene::Model model, scene::ModelOf(*workplace_.scene, equipment_.isSection()));
+  VANZET_TRY(const scene::Model model, scene::ModelOf(*workplace_.shownScene, equipment_.isSection()));
   const double factor = double{kLargestSide} / std::max(equipment_.width(), equipment_.height());
   const scene::DrawOptions options = {.width = static_cast<int>(equipment_.width() * factor),
                                       .height = static_cast<int>(equipment_.height() * factor)};

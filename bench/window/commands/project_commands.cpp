@@ -15,8 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kVdmFiles = "(*.vdm)";
-
 }  // namespace
 
 ProjectCommands::ProjectCommands(Workplace& workplace, WindowMemory& memory, project::MessagePanel& panel,
@@ -75,16 +73,25 @@ void ProjectCommands::AskToMake() {
   QStringList samples;
   for (const std::string& sample : project::SampleNames(workplace_.places.share))
     samples << ToQString(sample);
-  const QString place =
-      workplace_.session ? ToQString(workplace_.session->project().folder().parent_path()) : QDir::homePath();
-  NewProjectBox box(workplace_.texts, samples, place, workplace_.window);
+  NewProjectBox box(workplace_.texts, samples, FolderOfProjects(), workplace_.window);
   if (box.exec() != QDialog::Accepted) return;
   workplace_.Report(Make(ToPath(box.Folder()), box.Sample().toStdString()));
 }
 
+/// The folder in which the project is, or the one that was open last.
+QString ProjectCommands::FolderOfProjects() const {
+  if (workplace_.session) return ToQString(workplace_.session->project().folder().parent_path());
+  const QStringList recent = memory_.Recent();
+  return recent.isEmpty() ? QDir::homePath() : QFileInfo(recent.front()).path();
+}
+
+QString ProjectCommands::VdmFiles() const {
+  return workplace_.texts(Text::kDefinitionFiles).arg("*.vdm");
+}
+
 void ProjectCommands::AskToOpen() {
-  const QString folder =
-      QFileDialog::getExistingDirectory(workplace_.window, workplace_.texts(Text::kChooseProject));
+  const QString folder = QFileDialog::getExistingDirectory(
+      workplace_.window, workplace_.texts(Text::kChooseProject), FolderOfProjects());
   if (!folder.isEmpty()) workplace_.Report(Open(ToPath(folder)));
 }
 
@@ -101,8 +108,8 @@ void ProjectCommands::AskToSaveVdm() {
   const project::Project& project = workplace_.session->project();
   const QString suggested =
       ToQString(project.folder() / ("spur-" + std::to_string(workplace_.spur) + ".vdm"));
-  const QString file =
-      QFileDialog::getSaveFileName(workplace_.window, workplace_.texts(Text::kSaveVdm), suggested, kVdmFiles);
+  const QString file = QFileDialog::getSaveFileName(
+      workplace_.window, TitleOf(workplace_.texts(Text::kSaveVdm)), suggested, VdmFiles());
   if (!file.isEmpty()) workplace_.Report(SaveVdm(project.DefinitionOf(workplace_.spur), ToPath(file)));
 }
 
@@ -117,8 +124,8 @@ Result<void> ProjectCommands::SaveVdm(std::uint32_t vdm, const fs::path& file) c
 
 void ProjectCommands::AskToLoadVdm() {
   const project::Project& project = workplace_.session->project();
-  const QString file = QFileDialog::getOpenFileName(workplace_.window, workplace_.texts(Text::kLoadVdm),
-                                                    ToQString(project.folder()), kVdmFiles);
+  const QString file = QFileDialog::getOpenFileName(
+      workplace_.window, TitleOf(workplace_.texts(Text::kLoadVdm)), ToQString(project.folder()), VdmFiles());
   if (!file.isEmpty()) workplace_.Report(LoadVdm(ToPath(file), project.DefinitionOf(workplace_.spur)));
 }
 

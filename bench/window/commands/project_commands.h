@@ -48,6 +48,8 @@ class ProjectCommands final : public QObject {
   void FileImported(const QString& file);
 
  private:
+  QString FolderOfProjects() const;
+  QString VdmFiles() const;
   void AskToMake();
   void AskToOpen();
   void AskToSaveVdm();

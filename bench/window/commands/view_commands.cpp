@@ -21,6 +21,17 @@ constexpr SideRow kSides[] = {
     {Command::kRight, scene::View::kRight},
 };
 
+/// The arrangements of the two views, with their names in the settings.
+struct ArrangementRow {
+  Command command;
+  QLatin1StringView name;
+};
+constexpr ArrangementRow kArrangements[] = {
+    {Command::kBothViews, QLatin1StringView("both")},
+    {Command::kDrawingOnly, QLatin1StringView("drawing")},
+    {Command::kEquipmentOnly, QLatin1StringView("equipment")},
+};
+
 }  // namespace
 
 ViewCommands::ViewCommands(Workplace& workplace, Texts& texts, WindowMemory& memory, Parts parts,
@@ -50,7 +61,14 @@ bool ViewCommands::Run(Command command, bool isOn) {
   }
 }
 
+Command ViewCommands::RememberedViews() const {
+  const QString name = memory_.Views();
+  const auto* const row = std::ranges::find(kArrangements, name, &ArrangementRow::name);
+  return row == std::end(kArrangements) ? Command::kBothViews : row->command;
+}
+
 void ViewCommands::Arrange(Command command) {
+  memory_.SetViews(std::ranges::find(kArrangements, command, &ArrangementRow::command)->name);
   parts_.drawingPane.setVisible(command != Command::kEquipmentOnly);
   parts_.equipmentPane.setVisible(command != Command::kDrawingOnly);
 }

@@ -36,6 +36,9 @@ class ViewCommands final : public QObject {
   /// Shows all texts in the language of the last start; in English where it has no texts.
   void ApplyRememberedLanguage();
 
+  /// The command that shows the views as they were when the program ended.
+  Command RememberedViews() const;
+
  signals:
   void AppearanceChanged();
 

@@ -31,16 +31,22 @@ struct Workplace {
   /// Shows a page of the documentation: "window.md".
   std::function<Result<void>(const char* page)> showHelp;
 
-  std::unique_ptr<Session> session = {};           ///< null while no project is open
-  int spur = 0;                                    ///< its equipment is shown
-  std::shared_ptr<const scene::Scene> scene = {};  ///< that equipment; null without a definition
-  LengthUnit unit = LengthUnit::kMillimetre;       ///< of the lengths that people read and type
+  std::unique_ptr<Session> session = {};                ///< null while no project is open
+  int spur = 0;                                         ///< its equipment is shown
+  std::shared_ptr<const scene::Scene> scene = {};       ///< that equipment; null without a definition
+  std::shared_ptr<const scene::Scene> shownScene = {};  ///< the same with the bodies as they are to be seen
+  LengthUnit unit = LengthUnit::kMillimetre;            ///< of the lengths that people read and type
   bool isBusy = false;  ///< bodies are being read, made or written: no other work can begin
 
   void Report(const Result<void>& done) const {
     if (!done) reportFault(done.fault());
   }
 };
+
+/// A text of a menu as a title: "&Save Definition..." is "Save Definition".
+inline QString TitleOf(QString text) {
+  return text.remove('&').remove("...");
+}
 
 /// Keeps other work from beginning while it lives.
 class BusyMark {

@@ -1,11 +1,17 @@
 #include "window/docks/definition_dock.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
+#include <QMenu>
 #include <QTreeWidget>
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 #include "base/one_line.h"
+#include "show/page.h"
+#include "window/docks/equipment_pages.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
 
@@ -13,7 +19,9 @@ namespace vanzet::window {
 namespace {
 
 constexpr int kSpurRole = Qt::UserRole;
-constexpr std::size_t kMostItems = 200;  // of a section; 3D texts have thousands
+constexpr int kNodeRole = Qt::UserRole + 1;  // of the dialog's page; 0: none
+constexpr int kOpenRole = Qt::UserRole + 2;  // open when a project is shown first
+constexpr std::size_t kMostItems = 200;      // of a section; 3D texts have thousands
 
 /// The place of an item, as text that is the same after the tree was filled again.
 QString PlaceOf(const QTreeWidgetItem* item) {
@@ -27,6 +35,11 @@ QString PlaceOf(const QTreeWidgetItem* item) {
 void ForEach(QTreeWidgetItem* item, const std::function<void(QTreeWidgetItem*)>& visit) {
   visit(item);
   for (int i = 0; i < item->childCount(); ++i) ForEach(item->child(i), visit);
+}
+
+int SpurOf(const QTreeWidgetItem* item) {
+  while (item->parent() != nullptr) item = item->parent();
+  return item->data(0, kSpurRole).toInt();
 }
 
 /// An operation is in use when a section after its head holds something.
@@ -52,22 +65,42 @@ DefinitionDock::DefinitionDock(const Texts& texts, QWidget* parent)
   tree_->header()->setStretchLastSection(true);
   tree_->header()->resizeSection(0, 256);
   setWidget(tree_);
-  connect(tree_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
-    while (item->parent() != nullptr) item = item->parent();
-    emit SpurActivated(item->data(0, kSpurRole).toInt());
-  });
+  connect(tree_, &QTreeWidget::itemClicked, this,
+          [this](const QTreeWidgetItem* item) { emit SpurActivated(SpurOf(item)); });
+  connect(tree_, &QTreeWidget::itemActivated, this, &DefinitionDock::AskForPage);
+  tree_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(tree_, &QTreeWidget::customContextMenuRequested, this, &DefinitionDock::ShowMenu);
   connect(&texts_, &Texts::Changed, this, &DefinitionDock::Retranslate);
   Retranslate();
 }
 
+void DefinitionDock::AskForPage(const QTreeWidgetItem* item) {
+  const std::int32_t node = item->data(0, kNodeRole).toInt();
+  if (node != 0) emit PageWanted(SpurOf(item), node);
+}
+
+void DefinitionDock::ShowMenu(const QPoint& place) {
+  const QTreeWidgetItem* const item = tree_->itemAt(place);
+  if (item == nullptr) return;
+  QMenu menu;
+  QAction* const define = menu.addAction(texts_(Text::kDefinePart), this, [&] { AskForPage(item); });
+  define->setEnabled(item->data(0, kNodeRole).toInt() != 0);
+  menu.addAction(texts_(Text::kCopyRow), this, [&] {
+    QApplication::clipboard()->setText((item->text(0) + " " + item->text(1)).trimmed());
+  });
+  menu.exec(tree_->viewport()->mapToGlobal(place));
+}
+
 void DefinitionDock::Retranslate() {
   setWindowTitle(texts_(Text::kDefinitionTree));
+  tree_->setAccessibleName(texts_(Text::kDefinitionTree));
   tree_->setHeaderLabels({texts_(Text::kTreeName), texts_(Text::kTreeContent)});
   Refill();
 }
 
-void DefinitionDock::Show(std::vector<results::SpurDefinition> spurs) {
+void DefinitionDock::Show(std::vector<results::SpurDefinition> spurs, LengthUnit unit) {
   spurs_ = std::move(spurs);
+  unit_ = unit;
   Refill();
 }
 
@@ -82,16 +115,17 @@ void DefinitionDock::Refill() {
   tree_->clear();
   for (const results::SpurDefinition& spur : spurs_) {
     ForEach(AddSpur(spur), [&](QTreeWidgetItem* item) {
-      item->setExpanded(open.contains(PlaceOf(item)) ||
-                        (isFirst && item->parent() == nullptr && spur.spur == 0));
+      const bool isOpenAtFirst = spur.spur == 0 && item->data(0, kOpenRole).toBool();
+      item->setExpanded(open.contains(PlaceOf(item)) || (isFirst && isOpenAtFirst));
     });
   }
 }
 
 QTreeWidgetItem* DefinitionDock::AddSpur(const results::SpurDefinition& spur) {
   auto* const item = new QTreeWidgetItem(tree_);
-  item->setText(0, texts_(Text::kSpur).arg(spur.spur));
+  item->setText(0, texts_(Text::kSpur).arg(spur.spur + 1));
   item->setData(0, kSpurRole, spur.spur);
+  item->setData(0, kOpenRole, true);
   QFont bold = item->font(0);
   bold.setBold(true);
   item->setFont(0, bold);
@@ -100,10 +134,35 @@ QTreeWidgetItem* DefinitionDock::AddSpur(const results::SpurDefinition& spur) {
     return item;
   }
   item->setText(1, texts_(Text::kVdmAndVersion).arg(spur.vdm).arg(spur.definition->version));
-  std::size_t number = 0;
-  for (const project::Operation& operation : spur.definition->operations)
-    AddOperation(item, number++, operation);
+  AddEquipment(item, spur);
+  AddRecords(item, *spur.definition);
   return item;
+}
+
+/// The first row of the page is about the spur itself.
+void DefinitionDock::AddEquipment(QTreeWidgetItem* parent, const results::SpurDefinition& spur) {
+  const show::Style style{texts_.translations(),
+                          [this](double length) { return show::LengthForPeople(length, unit_); }};
+  const show::Rows rows = show::RowsOf({spur.spur, spur.vdm, *spur.definition}, style);
+  const scene::Equipment equipment = scene::ReadEquipment(*spur.definition);
+  std::vector<QTreeWidgetItem*> above = {parent};  // by level
+  for (const show::Row& row : rows.all() | std::views::drop(1)) {
+    const auto level = std::min(static_cast<std::size_t>(row.level), above.size() - 1);
+    auto* const item = new QTreeWidgetItem(above[level], {ToQString(row.label), ToQString(row.value)});
+    item->setData(0, kNodeRole, NodeOf(row, equipment));
+    item->setData(0, kOpenRole, level == 0);
+    item->setToolTip(1, item->text(1));
+    above.resize(level + 1);
+    above.push_back(item);
+  }
+}
+
+void DefinitionDock::AddRecords(QTreeWidgetItem* parent, const project::Definition& definition) {
+  auto* const records = new QTreeWidgetItem(parent, {texts_(Text::kRecords)});
+  records->setForeground(0, ColoursFor(palette()).faint);
+  std::size_t number = 0;
+  for (const project::Operation& operation : definition.operations)
+    AddOperation(records, number++, operation);
 }
 
 void DefinitionDock::AddOperation(QTreeWidgetItem* parent, std::size_t number,

@@ -3,6 +3,7 @@
 #include <QDockWidget>
 #include <vector>
 
+#include "base/length_unit.h"
 #include "results/definitions.h"
 #include "window/texts.h"
 
@@ -11,27 +12,36 @@ class QTreeWidgetItem;
 
 namespace vanzet::window {
 
-/// The definition of every spur as a tree: spurs, operations, sections, items. Open branches stay open.
+/// The definition of every spur as a tree: its devices by name and values, as 'vanzet show' prints them, and
+/// below them the records as they are stored: operations, sections, items. Open branches stay open.
 class DefinitionDock final : public QDockWidget {
   Q_OBJECT
  public:
   explicit DefinitionDock(const Texts& texts, QWidget* parent = nullptr);
 
-  void Show(std::vector<results::SpurDefinition> spurs);
+  /// Lengths are shown in the unit.
+  void Show(std::vector<results::SpurDefinition> spurs, LengthUnit unit);
   QTreeWidget& tree() { return *tree_; }
 
  signals:
   void SpurActivated(int spur);
+  /// The user wants the page of the dialog with this node.
+  void PageWanted(int spur, std::int32_t node);
 
  private:
   void Retranslate();
   void Refill();
+  void AskForPage(const QTreeWidgetItem* item);
+  void ShowMenu(const QPoint& place);
   QTreeWidgetItem* AddSpur(const results::SpurDefinition& spur);
+  void AddEquipment(QTreeWidgetItem* parent, const results::SpurDefinition& spur);
+  void AddRecords(QTreeWidgetItem* parent, const project::Definition& definition);
   void AddOperation(QTreeWidgetItem* parent, std::size_t number, const project::Operation& operation);
   void AddSection(QTreeWidgetItem* parent, std::size_t number, const std::vector<std::string>& items);
 
   const Texts& texts_;
   std::vector<results::SpurDefinition> spurs_;
+  LengthUnit unit_ = LengthUnit::kMillimetre;
   QTreeWidget* tree_;
 };
 

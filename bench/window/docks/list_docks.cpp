@@ -30,7 +30,9 @@ LayerDock::LayerDock(const Texts& texts, QWidget* parent) : QDockWidget(parent),
   connect(list_, &QListWidget::itemChanged, this, [this](const QListWidgetItem* item) {
     emit LayerSwitched(item->text(), item->checkState() == Qt::Checked);
   });
-  const auto retranslate = [this, &texts] { setWindowTitle(texts(Text::kLayers)); };
+  const auto retranslate = [this, &texts] {
+    setWindowTitle(texts(Text::kLayers)), list_->setAccessibleName(windowTitle());
+  };
   connect(&texts, &Texts::Changed, this, retranslate);
   retranslate();
 }
@@ -65,6 +67,7 @@ ChoiceDock::ChoiceDock(QWidget* parent) : QDockWidget(parent), list_(new QListWi
 
 void ChoiceDock::Offer(const QString& title, const QStringList& names) {
   setWindowTitle(title);
+  list_->setAccessibleName(title);
   list_->clear();
   list_->addItems(names);
   list_->setCurrentRow(-1);

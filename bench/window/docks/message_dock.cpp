@@ -113,9 +113,12 @@ MessageDock::MessageDock(const Texts& texts, QWidget* parent)
 
 void MessageDock::Retranslate() {
   setWindowTitle(texts_(Text::kMessages));
-  calls_->setToolTip(texts_(Text::kAllCalls));
-  copy_->setToolTip(texts_(Text::kCopyAll));
-  clear_->setToolTip(texts_(Text::kClear));
+  text_->setAccessibleName(texts_(Text::kMessages));
+  for (const auto& [button, text] :
+       {std::pair{calls_, Text::kAllCalls}, {copy_, Text::kCopyAll}, {clear_, Text::kClear}}) {
+    button->setToolTip(texts_(text));
+    button->setAccessibleName(texts_(text));
+  }
 }
 
 void MessageDock::Add(Kind kind, const QString& text) {

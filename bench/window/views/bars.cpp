@@ -84,18 +84,22 @@ void HintBar::TakeFocus() {
   edit_->setFocus();
 }
 
-NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), text_(new QLabel) {
+NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), text_(new QLabel), close_(new QToolButton) {
   setObjectName("noticeBar");
   auto* const layout = LayOutBar(*this);
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
-  auto* const close = new QToolButton;
-  close->setText(QString::fromUtf8("\u2715"));
-  close->setAutoRaise(true);
+  close_->setText(QString::fromUtf8("\u2715"));
+  close_->setAutoRaise(true);
   layout->addWidget(text_, 1);
-  layout->addWidget(close);
-  connect(close, &QToolButton::clicked, this, &QWidget::hide);
+  layout->addWidget(close_);
+  connect(close_, &QToolButton::clicked, this, &QWidget::hide);
   hide();
+}
+
+void NoticeBar::SetCloseName(const QString& name) {
+  close_->setAccessibleName(name);
+  close_->setToolTip(name);
 }
 
 void NoticeBar::SetMessage(const QString& text) {

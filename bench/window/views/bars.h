@@ -6,6 +6,7 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QToolButton;
 
 /// The frames and lines about the views.
 namespace vanzet::window {
@@ -59,11 +60,15 @@ class NoticeBar final : public QFrame {
   /// Shows the text; hides the line when it is empty.
   void SetMessage(const QString& text);
 
+  /// What its button is called.
+  void SetCloseName(const QString& name);
+
   /// The text that is shown; empty while the line is hidden.
   QString Message() const;
 
  private:
   QLabel* text_;
+  QToolButton* close_;
 };
 
 }  // namespace vanzet::window

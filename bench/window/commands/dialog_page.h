@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <cstdint>
+
+namespace vanzet::window {
+
+/// Brings the dialog of the module to a page as a person does, by its widgets: the list of spurs, then the
+/// tree. The controls of the dialog on a display have their numbers as names.
+class DialogPage final : public QObject {
+ public:
+  explicit DialogPage(QObject* parent);
+
+  /// Shows the page of the node, for a spur, as soon as the dialog is open.
+  void Show(int spur, std::int32_t node);
+
+ private:
+  void TryToShow();
+
+  QTimer wait_;
+  int spur_ = 0, tries_ = 0;
+  std::int32_t node_ = 0;
+};
+
+}  // namespace vanzet::window

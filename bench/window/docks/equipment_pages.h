@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+
+#include "scene/equipment.h"
+#include "show/rows.h"
+
+namespace vanzet::window {
+
+/// The node of the dialog's page on which the part of a row is defined; 0 where no page does.
+std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment);
+
+}  // namespace vanzet::window

@@ -1,0 +1,73 @@
+#include <QTreeWidget>
+
+#include "support/places.h"
+#include "window_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+class DefinitionTree : public WindowTest {
+ protected:
+  /// The value beside a label, of the first row with it.
+  std::string Value(const QString& label) {
+    const auto rows = definition().tree().findItems(label, Qt::MatchExactly | Qt::MatchRecursive);
+    return rows.isEmpty() ? "no row" : rows.front()->text(1).toStdString();
+  }
+  void SetUnit(const std::string& unit) {
+    const auto settings = folder / "lathe/bench.ini";
+    WriteBytes(settings, ReadBytes(settings) + "\n[project]\nunit = " + unit + "\n");
+    window->equipmentCommands().Refresh();
+  }
+  static QTreeWidgetItem* BodyIn(QTreeWidget& tree, const QString& name) {
+    return tree.findItems(name, Qt::MatchExactly).value(0);
+  }
+};
+
+TEST_F(DefinitionTree, HasDevicesByNameAndTheirValues) {
+  OpenSample(true);
+  EXPECT_EQ(Value("Chuck"), "Chuck 160");
+  EXPECT_EQ(Value("Collet"), "Collet D42");
+  EXPECT_EQ(Value("Billet"), "cylinder");
+  EXPECT_EQ(Value("Outer diameter"), "42 mm");
+  EXPECT_EQ(Value("Clamping out"), "main 60 mm, sub 40 mm");
+}
+
+TEST_F(DefinitionTree, HasLengthsInTheUnitOfTheProject) {
+  OpenSample(true);
+  SetUnit("inch");
+  EXPECT_EQ(Value("Outer diameter"), "1.6535 inch");
+}
+
+TEST_F(DefinitionTree, IsInTheLanguageOfTheWindow) {
+  OpenSample(true);
+  actions().ActionOf("de")->trigger();
+  EXPECT_EQ(Value("Futter"), "Chuck 160");
+  EXPECT_EQ(Value("Außendurchmesser"), "42 mm");
+  EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindel 1");
+}
+
+TEST_F(DefinitionTree, KeepsTheStoredRecordsBelow) {
+  OpenSample(true);
+  const QTreeWidgetItem* const chuck = Records(0)->child(1);
+  EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
+  EXPECT_FALSE(Records(0)->isExpanded());
+}
+
+TEST_F(DefinitionTree, HasBodiesThatCanBeHiddenAndSeenThrough) {
+  OpenSample(true);
+  QTreeWidget& list = Part<window::BodyDock>().tree();
+  ASSERT_NE(BodyIn(list, "main chuck"), nullptr);
+  const QImage all = equipment().grab().toImage();
+  BodyIn(list, "main chuck")->setCheckState(0, Qt::Unchecked);
+  const QImage without = equipment().grab().toImage();
+  EXPECT_NE(without, all);
+  window->equipmentCommands().Refresh();
+  EXPECT_EQ(BodyIn(list, "main chuck")->checkState(0), Qt::Unchecked) << "the choice is kept";
+  BodyIn(list, "main chuck")->setCheckState(0, Qt::Checked);
+  BodyIn(list, "main chuck")->setCheckState(1, Qt::Checked);
+  EXPECT_NE(equipment().grab().toImage(), all);
+  EXPECT_NE(equipment().grab().toImage(), without);
+}
+
+}  // namespace
+}  // namespace vanzet::test
