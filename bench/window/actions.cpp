@@ -22,6 +22,7 @@ constexpr ActionRow kRows[] = {
     { Command::kRecent,        Menu::kProject,    Text::kRecent,         "",            "",             Needs::kRest,    'm',   false, false },
     { Command::kSaveVdm,       Menu::kProject,    Text::kSaveVdm,        "save",        "Ctrl+S",       Needs::kProject, ' ',   false, true  },
     { Command::kLoadVdm,       Menu::kProject,    Text::kLoadVdm,        "load",        "Ctrl+L",       Needs::kProject, ' ',   false, false },
+    { Command::kSettings,      Menu::kProject,    Text::kSettings,       "",            "Ctrl+,",       Needs::kRest,    ' ',   false, true  },
     { Command::kQuit,          Menu::kProject,    Text::kQuit,           "quit",        "Ctrl+Q",       Needs::kRest,    ' ',   false, true  },
     { Command::kDefinition,    Menu::kEquipment,  Text::kDefinition,     "definition",  "Ctrl+D",       Needs::kProject, ' ',   true,  false },
     { Command::kUpgrade,       Menu::kEquipment,  Text::kUpgrade,        "upgrade",     "Ctrl+U",       Needs::kProject, ' ',   true,  false },
@@ -54,6 +55,7 @@ constexpr ActionRow kRows[] = {
     { Command::kBodiesWrl,     Menu::kExport,     Text::kBodiesWrl,      "body",        "",             Needs::kProject, ' ',   false, false },
     { Command::kBodiesGltf,    Menu::kExport,     Text::kBodiesGltf,     "body",        "",             Needs::kProject, ' ',   false, false },
     { Command::kContents,      Menu::kHelp,       Text::kContents,       "help",        "F1",           Needs::kNothing, ' ',   false, false },
+    { Command::kPalette,       Menu::kHelp,       Text::kPalette,        "calls",       "Ctrl+Shift+P", Needs::kNothing, ' ',   false, false },
     { Command::kAbout,         Menu::kHelp,       Text::kAbout,          "about",       "",             Needs::kNothing, ' ',   false, true  },
 };
 

@@ -16,13 +16,13 @@ namespace vanzet::window {
 // clang-format off
 /// The commands of the menus, in their order.
 enum class Command {
-  kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit,
+  kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kSettings, kQuit,
   kDefinition, kUpgrade, kRefresh,
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kGrid,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages,
   kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
-  kContents, kAbout,
+  kContents, kPalette, kAbout,
   kCount
 };
 // clang-format on

@@ -6,26 +6,39 @@
 #include "base/result.h"
 #include "window/texts.h"
 
+class QLineEdit;
 class QTextBrowser;
+class QToolButton;
 
 namespace vanzet::window {
 
-/// Shows the pages of the documentation.
+/// Shows the pages of the documentation, with a way back, the list of all pages, and a search in the page.
+/// Escape closes it.
 class HelpWindow final : public QWidget {
   Q_OBJECT
  public:
   HelpWindow(const Texts& texts, std::filesystem::path pages, QWidget* parent);
 
-  /// Shows a page of the folder: "window.md". Fails when the page does not exist.
-  Result<void> Open(const char* page);
+  /// Shows a page of the folder: "window.md". Where it has a heading with that text, or one that begins with
+  /// it, the page begins there. Fails when the page does not exist.
+  Result<void> Open(const char* page, const QString& heading = {});
 
   /// Shows the box with the program's name and version.
   void ShowAbout();
 
  private:
+  void MakeParts();
+  void Retranslate();
+  void PlaceOnScreen();
+  void GoTo(const QString& heading);
+  void Search();
+
   const Texts& texts_;
   const std::filesystem::path pages_;
   QTextBrowser* browser_;
+  QToolButton* back_;
+  QToolButton* contents_;
+  QLineEdit* search_;
 };
 
 }  // namespace vanzet::window

@@ -1,5 +1,6 @@
 #include "window/main_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -7,10 +8,12 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "window/commands/command_palette.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -20,7 +23,7 @@ namespace {
 constexpr int kNoteTime = 8000;
 constexpr int kFaultTime = 15'000;
 
-/// The source keeps its files: one that is told of a move would delete them.
+/// The source keeps its files: after a move it would delete them.
 void AcceptAsCopy(QDropEvent& event) {
   event.setDropAction(Qt::CopyAction);
   event.accept();
@@ -44,7 +47,8 @@ MainWindow::MainWindow(Places places)
                  .reportFault = [this](const Fault& fault) { ReportFault(fault); },
                  .showNotice = [this](const QString& text) { notice_->SetMessage(text); },
                  .reportDone = [this](const QString& text) { statusBar()->showMessage(text, kNoteTime); },
-                 .showHelp = [this](const char* page) { return help_->Open(page); }} {
+                 .showHelp = [this](const char* page,
+                                    const QString& heading) { return help_->Open(page, heading); }} {
   setObjectName("workbench");
   setWindowIcon(MakeIcon("app"));
   setAcceptDrops(true);
@@ -67,6 +71,7 @@ MainWindow::MainWindow(Places places)
   viewCommands_->ApplyRememberedLanguage();
   Retranslate();
   RestoreLayout();
+  MakeWelcome();
 }
 
 MainWindow::~MainWindow() = default;
@@ -80,7 +85,11 @@ void MainWindow::MakeCentre() {
   layout->setSpacing(4);
   layout->addWidget(notice_);
   layout->addWidget(hint_);
-  layout->addWidget(MakeViews(), 1);
+  pages_ = new QStackedWidget;
+  welcome_ = new WelcomePage(texts_);
+  pages_->addWidget(welcome_);
+  pages_->addWidget(MakeViews());
+  layout->addWidget(pages_, 1);
   setCentralWidget(centre);
 }
 
@@ -105,6 +114,15 @@ QWidget* MainWindow::MakeViews() {
   split_->setStretchFactor(1, 3);
   split_->setChildrenCollapsible(false);
   return split_;
+}
+
+void MainWindow::MakeWelcome() {
+  connect(welcome_, &WelcomePage::ProjectChosen, this,
+          [this](const QString& folder) { workplace_.Report(projectCommands_->Open(ToPath(folder))); });
+  connect(welcome_, &WelcomePage::SampleChosen, projectCommands_, &ProjectCommands::AskToMakeFrom);
+  connect(welcome_, &WelcomePage::GuideChosen, this,
+          [this] { workplace_.Report(help_->Open("guide/README.md")); });
+  welcome_->Show(memory_.Recent(), projectCommands_->Samples());
 }
 
 void MainWindow::MakeDocks() {
@@ -151,6 +169,8 @@ void MainWindow::ConnectCommands() {
   connect(projectCommands_, &ProjectCommands::FileImported, this, [this](const QString& file) {
     messages_->Add(MessageDock::Kind::kNote, texts_(Text::kImported).arg(file));
   });
+  connect(viewCommands_, &ViewCommands::AppearanceChanged, this, &MainWindow::Retranslate);
+  connect(viewCommands_, &ViewCommands::UnitChosen, equipmentCommands_, &EquipmentCommands::Refresh);
   connect(viewCommands_, &ViewCommands::AppearanceChanged, equipmentCommands_,
           &EquipmentCommands::RefreshDrawing);
   connect(equipmentCommands_, &EquipmentCommands::AtWork, this,
@@ -206,12 +226,22 @@ void MainWindow::NameParts() {
   spurs_->setAccessibleDescription(texts_(Text::kSpurChoice));
   spurs_->setToolTip(texts_(Text::kSpurChoice));
   notice_->SetCloseName(texts_(Text::kClose));
+  // The toolkit names these in its own language.
+  for (const QDockWidget* const dock : findChildren<QDockWidget*>()) {
+    for (const auto& [button, text] : {std::pair{"qt_dockwidget_closebutton", Text::kClose},
+                                       {"qt_dockwidget_floatbutton", Text::kFloat}}) {
+      auto* const found = dock->findChild<QAbstractButton*>(button);
+      found->setAccessibleName(texts_(text));
+      found->setToolTip(texts_(text));
+    }
+  }
 }
 
 void MainWindow::Run(Command command, bool isOn) {
   switch (command) {
     case Command::kQuit: close(); return;
     case Command::kContents: return workplace_.Report(help_->Open("window.md"));
+    case Command::kPalette: return ChooseCommand();
     case Command::kAbout: return help_->ShowAbout();
     default:
       // A dock's switch has no family: it acts by itself.
@@ -220,11 +250,17 @@ void MainWindow::Run(Command command, bool isOn) {
   }
 }
 
+void MainWindow::ChooseCommand() {
+  CommandPalette palette(texts_, *actions_, this);
+  if (palette.exec() == QDialog::Accepted) palette.Chosen()->trigger();
+}
+
 void MainWindow::ShowProject(int spurs, qint64 otherProcess) {
   spurs_->clear();
   for (int spur = 0; spur < spurs; ++spur) spurs_->addItem(QString());
   spurs_->setVisible(spurs > 1);
   actions_->Enable(true, false);
+  pages_->setCurrentIndex(1);
   Retranslate();
   notice_->SetMessage(otherProcess == 0 ? QString() : texts_(Text::kShownElsewhere).arg(otherProcess));
   equipmentCommands_->Refresh();
@@ -242,7 +278,7 @@ void MainWindow::ActivateSpur(int spur) {
 
 void MainWindow::ShowPosition(double x, double y) {
   const LengthUnit unit = workplace_.unit;
-  const int decimals = unit == LengthUnit::kMillimetre ? 3 : 4;
+  const int decimals = memory_.Decimals();
   position_->setText(QString("X %1   Y %2 %3")
                          .arg(InUnit(x, unit), 0, 'f', decimals)
                          .arg(InUnit(y, unit), 0, 'f', decimals)

@@ -10,10 +10,12 @@
 #include "window/commands/view_commands.h"
 #include "window/help_window.h"
 #include "window/views/bars.h"
+#include "window/views/welcome_page.h"
 
 class QComboBox;
 class QLabel;
 class QSplitter;
+class QStackedWidget;
 
 namespace vanzet::window {
 
@@ -45,6 +47,7 @@ class MainWindow final : public QMainWindow {
   void MakeCentre();
   QWidget* MakeViews();
   void MakeDocks();
+  void MakeWelcome();
   void MakeStatusBar();
   void RestoreLayout();
   void ConnectCommands();
@@ -57,6 +60,7 @@ class MainWindow final : public QMainWindow {
   void ShowProject(int spurs, qint64 otherProcess);
   void ActivateSpur(int spur);
   void ShowPosition(double x, double y);
+  void ChooseCommand();
 
   Texts texts_;
   WindowMemory memory_;
@@ -68,6 +72,8 @@ class MainWindow final : public QMainWindow {
   ViewPane* drawingPane_;
   ViewPane* equipmentPane_;
   QSplitter* split_;
+  QStackedWidget* pages_;  ///< the welcome page and the views
+  WelcomePage* welcome_;
   QComboBox* spurs_;
   HintBar* hint_;
   NoticeBar* notice_;

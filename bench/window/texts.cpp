@@ -128,6 +128,27 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kKeepBoth,         "Keep Both" },
     { Text::kReplace,          "Replace" },
     { Text::kSkip,             "Skip" },
+
+    { Text::kFloat,             "Float" },
+    { Text::kHelpBack,          "Back" },
+    { Text::kHelpSearch,        "Search the page, then Enter" },
+    { Text::kNotFound,          "'%1' is not on this page." },
+    { Text::kLines,             "Lines and answers of the module" },
+    { Text::kCancelled,         "Cancelled. F5 builds the picture again." },
+    { Text::kWelcome,           "Define what holds the work" },
+    { Text::kRecentProjects,    "Recent projects" },
+    { Text::kFromSample,        "New project from a sample" },
+    { Text::kHowTo,             "How it is done" },
+    { Text::kReadGuide,         "Read the guide" },
+    { Text::kPalette,           "Commands and &Keys..." },
+    { Text::kFindCommand,       "Letters of a command" },
+    { Text::kSettings,          "Se&ttings..." },
+    { Text::kLanguage,          "Language" },
+    { Text::kAppearance,        "Appearance" },
+    { Text::kLengths,           "Lengths" },
+    { Text::kUnitOfProject,     "as the project says" },
+    { Text::kDecimals,          "Decimals of the cursor's place" },
+    { Text::kOk,                "OK" },
 }};
 // clang-format on
 

@@ -28,6 +28,9 @@ enum class Text {
   kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored,
   kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kNone, kWritten,
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
+  kFloat, kHelpBack, kHelpSearch, kNotFound, kLines, kCancelled, kWelcome,
+  kRecentProjects, kFromSample, kHowTo, kReadGuide, kPalette, kFindCommand, kSettings,
+  kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kOk,
   kCount
 };
 // clang-format on

@@ -18,6 +18,14 @@ class WindowMemory {
   QByteArray Split() const { return settings_.value("split").toByteArray(); }
   void KeepLayout(const QByteArray& geometry, const QByteArray& state, const QByteArray& split);
 
+  /// The unit of lengths, "mm" or "inch"; empty: that of the project.
+  QString Unit() const { return settings_.value("unit").toString(); }
+  void SetUnit(const QString& unit) { settings_.setValue("unit", unit); }
+
+  /// Of the cursor's place.
+  int Decimals() const { return settings_.value("decimals", 3).toInt(); }
+  void SetDecimals(int decimals) { settings_.setValue("decimals", decimals); }
+
   /// The name of the arrangement of the views.
   QString Views() const { return settings_.value("views").toString(); }
   void SetViews(const QString& name) { settings_.setValue("views", name); }

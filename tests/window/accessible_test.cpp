@@ -51,6 +51,12 @@ TEST_F(Accessible, AreAllControlsOfTheWindowByName) {
   EXPECT_EQ(NameOf(&equipment()), "Equipment");
 }
 
+TEST_F(Accessible, AreTheControlsBeforeAProjectIsOpenAndThoseOfTheHelp) {
+  ExpectNames(*window);
+  ASSERT_TRUE(Part<window::HelpWindow>().Open("window.md"));
+  ExpectNames(Part<window::HelpWindow>());
+}
+
 TEST_F(Accessible, AreTheControlsOfAPick) {
   OpenSample();
   Play("select 19\npress 2005\n", {[this] {

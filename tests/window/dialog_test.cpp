@@ -70,18 +70,23 @@ TEST_F(Dialogs, OnAScreenMakeWayForAPickAndComeBackWithIt) {
 TEST_F(Dialogs, OpenAtThePageOfTheRowThatIsDoubleClicked) {
   OpenSample(true);
   QString page;
-  When(
-      [] { return OnScreen() != nullptr && OnScreen()->findChild<QTreeWidget*>()->currentItem() != nullptr; },
-      [&] {
-        page = OnScreen()->findChild<QTreeWidget*>()->currentItem()->text(0);
-        OnScreen()->close();
-      });
+  const auto selected = [] {
+    const auto* const tree = OnScreen() == nullptr ? nullptr : OnScreen()->findChild<QTreeWidget*>();
+    return tree == nullptr || tree->currentItem() == nullptr ? QString() : tree->currentItem()->text(0);
+  };
+  int looks = 0;
+  When([&] { return selected() == "Billet cylindrical" || ++looks > 200; },
+       [&] {
+         page = selected();
+         OnScreen()->close();
+       });
   QTreeWidget& tree = definition().tree();
   QTreeWidgetItem* const billet = tree.findItems("Billet", Qt::MatchExactly | Qt::MatchRecursive).value(0);
   tree.scrollToItem(billet);
   const QPoint place = tree.visualItemRect(billet).center();
   QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+  QTest::mouseRelease(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   EXPECT_EQ(page, "Billet cylindrical");
 }
 
@@ -102,6 +107,15 @@ TEST_F(Dialogs, ReportTheLinesTheySendAndTheAnswersTheyRead) {
   EXPECT_THAT(Messages(), Not(HasSubstr("OrvoMacroVdmOpen(")));
   messages().Clear();
   EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(Dialogs, LeaveTheirLinesOutOfTheMessagesUntilTheyAreAskedFor) {
+  OpenSample();
+  messages().ShowLines(false);
+  Play(ReadBytes(VANZET_SOURCE_DIR "/examples/scripts/bar-job.txt"));
+  EXPECT_EQ(messages().Content().toStdString(), "");
+  messages().ShowLines(true);
+  EXPECT_THAT(messages().Content().toStdString(), HasSubstr("> win 1"));
 }
 
 TEST_F(Dialogs, ShowTheirPagesWhereTheyAskForHelp) {

@@ -29,7 +29,7 @@ class Projects : public WindowTest {
 
   Qt::DropActions offered = Qt::CopyAction;
   bool isTaken = false;
-  Qt::DropAction done = Qt::IgnoreAction;  ///< what the source of the last drop is told
+  Qt::DropAction done = Qt::IgnoreAction;  ///< the answer to the source of the last drop
 };
 
 TEST_F(Projects, OpenWithTheirDefinitionTheirLayersAndTheirEquipment) {

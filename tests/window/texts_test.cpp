@@ -86,6 +86,11 @@ TEST_F(TranslatedWindow, ShowsTheOtherLanguageAtOnce) {
 TEST_F(TranslatedWindow, HasTheToolkitsOwnTextsInItsLanguage) {
   actions().ActionOf("de")->trigger();
   EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), "Suchen in:");
+  const auto tip = [this](const char* button) {
+    return messages().findChild<QAbstractButton*>(button)->toolTip();
+  };
+  EXPECT_EQ(tip("qt_dockwidget_closebutton"), QString::fromUtf8("Schließen"));
+  EXPECT_EQ(tip("qt_dockwidget_floatbutton"), "Abtrennen");
   actions().ActionOf("en")->trigger();
   EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), "Look in:");
 }

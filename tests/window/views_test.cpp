@@ -175,6 +175,7 @@ TEST_F(Views, OfNothingSayWhatToDo) {
 }
 
 TEST_F(Views, StandAloneOrTogether) {
+  OpenSample();
   actions()[Command::kDrawingOnly]->trigger();
   EXPECT_FALSE(equipment().isVisible());
   actions()[Command::kEquipmentOnly]->trigger();

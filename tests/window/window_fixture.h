@@ -61,7 +61,11 @@ class WindowTest : public testing::Test {
   /// Closes the box that comes up next by the button with that text, and gives what the box said.
   std::shared_ptr<QString> AnswerBox(const QString& button);
 
-  std::string Messages() { return messages().Content().toStdString(); }
+  /// The message panel with the lines of the module.
+  std::string Messages() {
+    messages().ShowLines(true);
+    return messages().Content().toStdString();
+  }
 
   static window::Application& Program();
 

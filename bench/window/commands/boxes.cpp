@@ -82,6 +82,10 @@ NewProjectBox::NewProjectBox(const Texts& texts, const QStringList& samples, con
   Check();
 }
 
+void NewProjectBox::Choose(const QString& sample) {
+  if (!sample.isEmpty()) sample_->setCurrentText(sample);
+}
+
 QString NewProjectBox::Folder() const {
   return QDir(place_->text()).filePath(name_->text().trimmed());
 }

@@ -26,6 +26,9 @@ class BusyBox {
   /// The listener for the work. Not valid for longer than this lives.
   modeller::Progress Progress();
 
+  /// The user has ended the work.
+  bool IsCancelled() const { return box_.wasCanceled(); }
+
  private:
   bool ShowProgress(double done);
 
@@ -39,6 +42,7 @@ class NewProjectBox final : public QDialog {
  public:
   NewProjectBox(const Texts& texts, const QStringList& samples, const QString& place, QWidget* parent);
 
+  void Choose(const QString& sample);  ///< empty: the first one stays
   QString Folder() const;
   QString Sample() const;
 

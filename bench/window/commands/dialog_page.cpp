@@ -32,6 +32,12 @@ void ChooseSpur(int spur) {
 
 }  // namespace
 
+QString SelectedPage() {
+  const auto* const tree = WidgetOf<QTreeWidget>(control::kTree);
+  const QTreeWidgetItem* const item = tree == nullptr ? nullptr : tree->currentItem();
+  return item == nullptr ? QString() : item->text(0);
+}
+
 DialogPage::DialogPage(QObject* parent) : QObject(parent) {
   wait_.setInterval(kWait);
   connect(&wait_, &QTimer::timeout, this, &DialogPage::TryToShow);

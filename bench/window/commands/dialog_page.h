@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <QTimer>
 #include <cstdint>
 
 namespace vanzet::window {
+
+/// The text of the node that is selected in the dialog of the module; empty while it is not open.
+QString SelectedPage();
 
 /// Brings the dialog of the module to a page as a person does, by its widgets: the list of spurs, then the
 /// tree. The controls of the dialog on a display have their numbers as names.

@@ -9,6 +9,7 @@
 #include "project/length_unit.h"
 #include "window/commands/boxes.h"
 #include "window/qt_text.h"
+#include "window/window_memory.h"
 
 namespace vanzet::window {
 namespace {
@@ -113,7 +114,9 @@ void EquipmentCommands::Call(const char* function) {
     if (isLine) redraw_.start();
   };
   // Modules know one topic, their dialog.
-  const auto help = [this](const std::string& /*topic*/) { return workplace_.showHelp("guide/pages.md"); };
+  const auto help = [this](const std::string& /*topic*/) {
+    return workplace_.showHelp("guide/pages.md", SelectedPage());
+  };
   EventFaults faults(parts_.messages);
   const auto keepEvent = [&](const Result<void>& kept) {
     if (!kept) parts_.messages.Tell(kept.fault());
@@ -159,7 +162,8 @@ void EquipmentCommands::Refresh() {
 }
 
 void EquipmentCommands::ReadUnit() {
-  const auto unit = project::LengthUnitOf(workplace_.session->project());
+  const auto chosen = LengthUnitNamed(WindowMemory().Unit().toStdString());
+  const auto unit = chosen ? *chosen : project::LengthUnitOf(workplace_.session->project());
   workplace_.Report(unit ? Result<void>() : unit.fault());
   workplace_.unit = unit ? *unit : LengthUnit::kMillimetre;
   parts_.drawing.SetUnit(workplace_.unit);
@@ -186,8 +190,8 @@ void EquipmentCommands::ShowSpur(int spur) {
 
 void EquipmentCommands::RefreshEquipment() {
   if (workplace_.isBusy) return;
-  const auto made = MakeScene();
   parts_.equipment.SetHint(workplace_.texts(Text::kNoEquipment));
+  const auto made = MakeScene();
   const auto shown = ShowScene();
   if (made && shown) return;
   const Fault& fault = made ? shown.fault() : made.fault();
@@ -207,6 +211,8 @@ Result<void> EquipmentCommands::MakeScene() {
   BusyBox box(workplace_.texts, Text::kMakingScene, workplace_.window);
   auto scene = workplace_.session->Equipment(workplace_.spur, box.Progress());
   workplace_.scene = scene ? *scene : nullptr;
+  if (!scene && box.IsCancelled())
+    return parts_.equipment.SetHint(workplace_.texts(Text::kCancelled)), Result<void>();
   if (!scene) return scene.fault();
   const bool isDefined = workplace_.scene != nullptr;
   for (const Fault& fault : isDefined ? workplace_.scene->missing : std::vector<Fault>()) {

@@ -69,11 +69,20 @@ Result<void> ProjectCommands::Make(const fs::path& folder, const std::string& sa
   return Open(folder);
 }
 
-void ProjectCommands::AskToMake() {
+QStringList ProjectCommands::Samples() const {
   QStringList samples;
   for (const std::string& sample : project::SampleNames(workplace_.places.share))
     samples << ToQString(sample);
-  NewProjectBox box(workplace_.texts, samples, FolderOfProjects(), workplace_.window);
+  return samples;
+}
+
+void ProjectCommands::AskToMake() {
+  AskToMakeFrom({});
+}
+
+void ProjectCommands::AskToMakeFrom(const QString& sample) {
+  NewProjectBox box(workplace_.texts, Samples(), FolderOfProjects(), workplace_.window);
+  box.Choose(sample);
   if (box.exec() != QDialog::Accepted) return;
   workplace_.Report(Make(ToPath(box.Folder()), box.Sample().toStdString()));
 }

@@ -38,6 +38,10 @@ class ProjectCommands final : public QObject {
   /// Imports them, and shows a box for each name that is in use.
   void ImportDropped(const std::vector<std::filesystem::path>& files);
 
+  QStringList Samples() const;
+  /// Asks for a name and a folder, with that sample chosen.
+  void AskToMakeFrom(const QString& sample);
+
   /// Fills the menu with the projects that were open.
   void FillRecent(QMenu& menu);
 

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "window/commands/settings_box.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -55,6 +56,7 @@ bool ViewCommands::Run(Command command, bool isOn) {
     case Command::kBothViews:
     case Command::kDrawingOnly:
     case Command::kEquipmentOnly: Arrange(command); return true;
+    case Command::kSettings: AskForSettings(); return true;
     case Command::kLight: ApplyAppearance(Appearance::kLight); return true;
     case Command::kDark: ApplyAppearance(Appearance::kDark); return true;
     default: return false;
@@ -71,6 +73,19 @@ void ViewCommands::Arrange(Command command) {
   memory_.SetViews(std::ranges::find(kArrangements, command, &ArrangementRow::command)->name);
   parts_.drawingPane.setVisible(command != Command::kEquipmentOnly);
   parts_.equipmentPane.setVisible(command != Command::kDrawingOnly);
+}
+
+void ViewCommands::AskForSettings() {
+  const Settings now = {texts_.language(), AppearanceOf(qApp->palette()), memory_.Unit(), memory_.Decimals()};
+  SettingsBox box(texts_, now, workplace_.window);
+  if (box.exec() != QDialog::Accepted) return;
+  const Settings chosen = box.Chosen();
+  if (chosen.language != now.language) ChooseLanguage(chosen.language);
+  if (chosen.appearance != now.appearance) ApplyAppearance(chosen.appearance);
+  memory_.SetDecimals(chosen.decimals);
+  if (chosen.unit == now.unit) return;
+  memory_.SetUnit(chosen.unit);
+  emit UnitChosen();
 }
 
 void ViewCommands::ChooseLanguage(const std::string& language) {

@@ -41,11 +41,13 @@ class ViewCommands final : public QObject {
 
  signals:
   void AppearanceChanged();
+  void UnitChosen();
 
  private:
   Result<void> ApplyLanguage(const std::string& language);
   void ApplyAppearance(Appearance appearance);
   void Arrange(Command command);
+  void AskForSettings();
 
   Workplace& workplace_;
   Texts& texts_;

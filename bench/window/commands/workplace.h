@@ -28,8 +28,8 @@ struct Workplace {
   std::function<void(const QString&)> showNotice;
   /// Shows for a moment what was done.
   std::function<void(const QString&)> reportDone;
-  /// Shows a page of the documentation: "window.md".
-  std::function<Result<void>(const char* page)> showHelp;
+  /// Shows a page of the documentation, "window.md", from a heading on; an empty one: from its beginning.
+  std::function<Result<void>(const char* page, const QString& heading)> showHelp;
 
   std::unique_ptr<Session> session = {};                ///< null while no project is open
   int spur = 0;                                         ///< its equipment is shown

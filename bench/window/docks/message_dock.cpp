@@ -86,6 +86,7 @@ MessageDock::MessageDock(const Texts& texts, QWidget* parent)
     : QDockWidget(parent),
       texts_(texts),
       text_(new QPlainTextEdit),
+      moduleLines_(Button("drawing")),
       calls_(Button("calls")),
       copy_(Button("copy")),
       clear_(Button("clear")) {
@@ -94,17 +95,19 @@ MessageDock::MessageDock(const Texts& texts, QWidget* parent)
   text_->setMaximumBlockCount(kMostLines);
   text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  calls_->setCheckable(true);
+  for (QToolButton* const toggle : {moduleLines_, calls_}) {
+    toggle->setCheckable(true);
+    connect(toggle, &QToolButton::toggled, this, &MessageDock::Refill);
+  }
   auto* const content = new QWidget;
   auto* const layout = new QHBoxLayout(content);
   layout->setContentsMargins(4, 0, 4, 4);
   auto* const buttons = new QVBoxLayout;
-  for (QToolButton* button : {calls_, copy_, clear_}) buttons->addWidget(button);
+  for (QToolButton* button : {moduleLines_, calls_, copy_, clear_}) buttons->addWidget(button);
   buttons->addStretch();
   layout->addWidget(text_, 1);
   layout->addLayout(buttons);
   setWidget(content);
-  connect(calls_, &QToolButton::toggled, this, &MessageDock::Refill);
   connect(copy_, &QToolButton::clicked, this, [this] { QApplication::clipboard()->setText(Content()); });
   connect(clear_, &QToolButton::clicked, this, &MessageDock::Clear);
   connect(&texts_, &Texts::Changed, this, &MessageDock::Retranslate);
@@ -114,8 +117,10 @@ MessageDock::MessageDock(const Texts& texts, QWidget* parent)
 void MessageDock::Retranslate() {
   setWindowTitle(texts_(Text::kMessages));
   text_->setAccessibleName(texts_(Text::kMessages));
-  for (const auto& [button, text] :
-       {std::pair{calls_, Text::kAllCalls}, {copy_, Text::kCopyAll}, {clear_, Text::kClear}}) {
+  for (const auto& [button, text] : {std::pair{moduleLines_, Text::kLines},
+                                     {calls_, Text::kAllCalls},
+                                     {copy_, Text::kCopyAll},
+                                     {clear_, Text::kClear}}) {
     button->setToolTip(texts_(text));
     button->setAccessibleName(texts_(text));
   }
@@ -128,8 +133,23 @@ void MessageDock::Add(Kind kind, const QString& text) {
   if (kind == Kind::kFault) emit FaultAdded(text);
 }
 
+void MessageDock::ShowLines(bool isOn) {
+  moduleLines_->setChecked(isOn);
+}
+
+bool MessageDock::IsShown(Kind kind) const {
+  switch (kind) {
+    case Kind::kFault:
+    case Kind::kNote: return true;
+    case Kind::kLine:
+    case Kind::kAnswer: return moduleLines_->isChecked();
+    case Kind::kCall: return calls_->isChecked();
+  }
+  return true;
+}
+
 void MessageDock::Append(const Line& line) {
-  if (line.kind == Kind::kCall && !calls_->isChecked()) return;
+  if (!IsShown(line.kind)) return;
   for (const KindRow& row : kKinds) {
     if (row.kind != line.kind) continue;
     const QColor colour = ColoursFor(palette()).*row.colour;

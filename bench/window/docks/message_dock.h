@@ -13,8 +13,9 @@ class QToolButton;
 
 namespace vanzet::window {
 
-/// The message panel of the window: faults, the lines that a module sends, the answers that it reads and, if
-/// switched on, every other call. It keeps the latest lines, which can be selected, copied and cleared.
+/// The message panel of the window: faults and notes; if switched on, the lines that a module sends with the
+/// answers that it reads, and every other call. It keeps the latest lines, which can be selected, copied and
+/// cleared.
 class MessageDock final : public QDockWidget, public project::MessagePanel {
   Q_OBJECT
  public:
@@ -24,6 +25,9 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
 
   void Add(Kind kind, const QString& text);
   void Clear();
+
+  /// Shows or hides the lines of a module and its answers.
+  void ShowLines(bool isOn);
 
   /// The lines that are shown.
   QString Content() const;
@@ -40,12 +44,14 @@ class MessageDock final : public QDockWidget, public project::MessagePanel {
   void Show(const Fault& fault) override { Add(Kind::kFault, QString::fromStdString(fault.Message())); }
   void Retranslate();
   void Append(const Line& line);
+  bool IsShown(Kind kind) const;
   void Refill();
   void changeEvent(QEvent* event) override;
 
   const Texts& texts_;
   std::deque<Line> lines_;
   QPlainTextEdit* text_;
+  QToolButton* moduleLines_;
   QToolButton* calls_;
   QToolButton* copy_;
   QToolButton* clear_;

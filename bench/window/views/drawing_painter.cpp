@@ -47,6 +47,9 @@ void DrawingPainter::PaintGround() {
   const double step = InMillimetres(GridStep(frame_.scale(), unit_), unit_);
   PaintGrid(step, colours_.grid);
   PaintGrid(step * 5, colours_.gridStrong);
+}
+
+void DrawingPainter::PaintAxis() {
   const double axis = frame_.ToScreen({0, 0}).y();
   if (axis < 0 || axis > size_.height()) return;
   QPen pen(colours_.axis, 1);

@@ -18,8 +18,10 @@ class DrawingPainter {
   DrawingPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette,
                  LengthUnit unit);
 
-  /// The background with its grid, and the axis of the spindle.
+  /// The background with its grid.
   void PaintGround();
+  /// The axis of the spindle.
+  void PaintAxis();
   /// Marks the figure of that name.
   void PaintLayers(const drawing::ShownLayers& layers, const std::string& marked);
   /// A ruler in the corner.

@@ -68,6 +68,8 @@ void DrawingView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   DrawingPainter drawing(painter, frame_, size(), palette(), unit_);
   drawing.PaintGround();
+  // It would run through the text.
+  if (!shown_.empty()) drawing.PaintAxis();
   drawing.PaintLayers(shown_, picking_ == Picking::kFigure ? hovered_ : std::string());
   drawing.PaintScale();
   if (picking_ == Picking::kPosition && underMouse()) {
