@@ -26,7 +26,13 @@ class Unstored : public WindowTest {
   static bool IsButtonMarked(DialogWindow& window, int id) {
     return IsMarked(qobject_cast<QPushButton*>(window.WidgetOf(id))->text());
   }
-  static bool IsNodeMarked(DialogWindow& window) { return IsMarked(window.Tree().currentItem()->text(0)); }
+  /// True for a selected node that is drawn with the sign and read out with the words of such values.
+  static bool IsNodeMarked(DialogWindow& window) {
+    const QTreeWidgetItem& item = *window.Tree().currentItem();
+    EXPECT_FALSE(IsMarked(item.text(0))) << "the text is the node's own";
+    const QString spoken = item.data(0, Qt::AccessibleTextRole).toString();
+    return spoken.endsWith(QStringLiteral("values not stored yet"));
+  }
 };
 
 TEST_F(Unstored, ValuesAreMarkedUntilTheyAreSelected) {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeWidgetItemIterator>
 #include <utility>
 
@@ -21,6 +22,19 @@ constexpr const char* kDefined = Translatable("%1, defined");
 constexpr const char* kNotStored = Translatable("%1, values not stored yet");
 
 constexpr int kIdRole = Qt::UserRole;
+constexpr int kUnstoredRole = Qt::UserRole + 1;
+
+/// Draws the sign of values that are not stored behind the text of a node, which stays as it is.
+class NodeDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(kUnstoredRole).toBool()) option->text += QLatin1Char(' ') + UnstoredSign();
+  }
+};
 
 std::int32_t IdOf(const QTreeWidgetItem* item) {
   return item == nullptr ? 0 : item->data(0, kIdRole).toInt();
@@ -40,7 +54,8 @@ QString SpokenText(QString text, bool isDefined, bool isUnstored) {
 
 void Fill(QTreeWidgetItem& item, const TreeNode& node, bool isUnstored) {
   const QString text = QString::fromStdString(node.text);
-  item.setText(0, isUnstored ? text + QLatin1Char(' ') + UnstoredSign() : text);
+  item.setText(0, text);
+  item.setData(0, kUnstoredRole, isUnstored);
   item.setIcon(0, IconOfNode(node.bitmap, node.selectedBitmap));
   item.setData(0, Qt::AccessibleTextRole, SpokenText(text, node.isBold, isUnstored));
   QFont font = item.font(0);
@@ -57,6 +72,7 @@ TreePanel::TreePanel(Send send, QWidget* parent) : QTreeWidget(parent), send_(st
   setUniformRowHeights(true);
   setIconSize({18, 18});
   setAlternatingRowColors(false);
+  setItemDelegate(new NodeDelegate(this));
   connect(this, &QTreeWidget::itemSelectionChanged, this, [this] {
     const auto selected = selectedItems();
     if (selected.isEmpty()) return;
