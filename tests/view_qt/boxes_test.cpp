@@ -4,12 +4,14 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 
 #include "support/temporary_folder.h"
+#include "view/qt/texts.h"
 #include "view_qt/responder.h"
 
 namespace vanzet::view::qt {
@@ -85,6 +87,13 @@ TEST_F(BoxTest, HasTheIconOfItsType) {
   EXPECT_EQ(icon, QMessageBox::Information);
 }
 
+template <class Widget>
+QStringList TextsOf(const QDialog& dialog) {
+  QStringList texts;
+  for (const Widget* const widget : dialog.findChildren<Widget*>()) texts.append(widget->text());
+  return texts;
+}
+
 class FileDialogTest : public testing::Test {
  protected:
   /// Types a name into the dialog and takes it; cancels where that is empty.
@@ -92,6 +101,8 @@ class FileDialogTest : public testing::Test {
     QTimer::singleShot(0, [&] {
       auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
       filters = dialog->nameFilters();
+      labels = TextsOf<QLabel>(*dialog);
+      buttons = TextsOf<QAbstractButton>(*dialog);
       suggested = dialog->findChild<QLineEdit*>()->text();
       if (name.empty()) return dialog->reject();
       dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(name));
@@ -103,6 +114,7 @@ class FileDialogTest : public testing::Test {
   FileDialogs files;
   test::TemporaryFolder folder;
   QStringList filters;
+  QStringList labels, buttons;
   QString suggested;
 };
 
@@ -121,6 +133,20 @@ TEST_F(FileDialogTest, PutsTheExtensionBehindANameWithoutOne) {
   FileQuestion question{
       .kind = FileQuestion::Kind::kSave, .defaultExtension = "vdm", .startFolder = folder.path().string()};
   EXPECT_EQ(Choose(question, "new"), (folder / "new.vdm").string());
+}
+
+TEST_F(FileDialogTest, SpeaksGermanThroughoutInAGermanView) {
+  qputenv("VANZET_LANGUAGE", "de");
+  {
+    const TextsOfQt german;
+    Choose({}, "");
+  }
+  qputenv("VANZET_LANGUAGE", "en");
+  EXPECT_TRUE(labels.contains(QStringLiteral("Datei&name:"))) << labels.join(QLatin1Char('|')).toStdString();
+  EXPECT_TRUE(buttons.contains(QStringLiteral("&Abbrechen")) || buttons.contains(QStringLiteral("Abbrechen")))
+      << buttons.join(QLatin1Char('|')).toStdString();
+  Choose({}, "");
+  EXPECT_FALSE(labels.contains(QStringLiteral("Datei&name:"))) << "and leaves the host's application alone";
 }
 
 TEST_F(FileDialogTest, ListsByAPatternThatIsSuggestedAsAName) {

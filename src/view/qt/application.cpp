@@ -2,15 +2,10 @@
 
 #include <QApplication>
 #include <QLibrary>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QPluginLoader>
 #include <QStringList>
-#include <QTranslator>
 #include <clocale>
 #include <vector>
-
-#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -107,16 +102,6 @@ struct OwnApplication {
   QApplication application;
 };
 
-/// Qt's own texts, of file dialogs, where the machine has them.
-void TranslateQt() {
-  auto* const translator = new QTranslator(qApp);
-  const QLocale locale(LanguageOfTexts());
-  if (translator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
-                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QCoreApplication::installTranslator(translator);
-  }
-}
-
 void MakeOwnApplication(const std::string& platform) {
   // An application of Qt sets the locale of the environment, which would change the host's numbers.
   const std::string locale = std::setlocale(LC_ALL, nullptr);
@@ -124,7 +109,6 @@ void MakeOwnApplication(const std::string& platform) {
   [[maybe_unused]] static const OwnApplication* const own = new OwnApplication(platform);
   std::setlocale(LC_ALL, locale.c_str());
   QApplication::setQuitOnLastWindowClosed(false);
-  TranslateQt();
 }
 
 }  // namespace

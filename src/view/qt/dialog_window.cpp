@@ -32,6 +32,8 @@ constexpr const char* kSpurName = Translatable("Spindle spur whose equipment is 
 constexpr const char* kUnstored = Translatable("Not stored yet: %1");
 constexpr const char* kLeft = Translatable("%1 was left with values that were not stored: %2");
 
+constexpr const char* kSpur = Translatable("Spindle spur");
+
 constexpr int kMargin = 12;
 constexpr int kTreeWidth = 300;
 constexpr QSize kFirstSize = {1180, 740};
@@ -114,7 +116,12 @@ QWidget* DialogWindow::BuildLeft(const DialogState& state) {
     QWidget* const spurs = MakeWidget(control, left);
     spurs->setAccessibleName(Translate(kSpurName));
     spurs->setToolTip(Translate(kSpurName));
-    rows->addWidget(spurs);
+    auto* const line = new QHBoxLayout;
+    line->addWidget(spurLabel_ = new QLabel(Translate(kSpur), left));
+    line->addWidget(spurs, 1);
+    rows->addLayout(line);
+    // On some displays a list has its name from the label that belongs to it.
+    spurLabel_->setBuddy(spurs);
   }
   return left;
 }
@@ -174,6 +181,7 @@ void DialogWindow::Show(const DialogState& state) {
   ShowPage(state);
   OrderTabs();
   PublishHelp();
+  spurLabel_->setVisible(WidgetOf(control::kSpurs)->isVisibleTo(this));
   ShowUnstored(state);
   ShowMnemonics();
 }

@@ -86,6 +86,7 @@ class DialogWindow final : public QDialog {
   QStackedWidget* stack_ = nullptr;
   EmptyPanel* empty_ = nullptr;
   PagePanel* page_ = nullptr;
+  QLabel* spurLabel_ = nullptr;
   QLabel* line_ = nullptr;  ///< beside the buttons
   QString unstored_;        ///< the names of the values that are not stored
   QString left_;            ///< what was said about the page that was left

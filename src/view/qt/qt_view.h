@@ -4,6 +4,7 @@
 
 #include "view/qt/boxes.h"
 #include "view/qt/dialog_window.h"
+#include "view/qt/texts.h"
 #include "view/view.h"
 
 namespace vanzet::view::qt {
@@ -28,6 +29,7 @@ class QtView final : public View, public DialogView {
   void* Window() override;
 
  private:
+  TextsOfQt textsOfQt_;
   qt::Boxes boxes_;
   FileDialogs files_;
   QPointer<DialogWindow> window_;  ///< while a dialog is served; a parent that is destroyed destroys it too

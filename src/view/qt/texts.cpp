@@ -1,5 +1,7 @@
 #include "view/qt/texts.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 
 #include "base/places.h"
@@ -37,6 +39,16 @@ const LoadedTexts& TextsOfTheMoment() {
 QString Translate(const char* english) {
   const std::string_view text = TextsOfTheMoment().translations.Translate(kSection, english);
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+TextsOfQt::TextsOfQt() {
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (translator_.load(QLocale(LanguageOfTexts()), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
+    QCoreApplication::installTranslator(&translator_);
+}
+
+TextsOfQt::~TextsOfQt() {
+  QCoreApplication::removeTranslator(&translator_);
 }
 
 QString LanguageOfTexts() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QTranslator>
 
 #include "base/translations.h"
 
@@ -12,6 +13,19 @@ namespace vanzet::view::qt {
 ///
 /// Source   the section "view" of the catalogues in share/messages; English without a translation
 QString Translate(const char* english);
+
+/// Qt's own texts, of file dialogs and of the menus of edits, in the language of the view while this is alive.
+/// They stay English where the machine does not have them.
+class TextsOfQt {
+ public:
+  TextsOfQt();
+  ~TextsOfQt();
+  TextsOfQt(const TextsOfQt&) = delete;
+  TextsOfQt& operator=(const TextsOfQt&) = delete;
+
+ private:
+  QTranslator translator_;
+};
 
 /// The code of the language that texts are shown in: "en", "de".
 QString LanguageOfTexts();
