@@ -273,7 +273,7 @@ void DialogWindow::FocusOn(std::int32_t control) {
   // A box may have left the keyboard with another window.
   if (isVisible() && !isActiveWindow()) activateWindow();
   if (page_ != nullptr) page_->Reveal(control);
-  // What is refused is to be typed again, so it is marked even where the dialog does not ask for it.
+  // A refused value is to be typed again, so it is marked even where the dialog does not ask for it.
   if (auto* const edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }
 

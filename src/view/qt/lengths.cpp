@@ -67,7 +67,7 @@ QString Shortened(const QString& text) {
   const qsizetype sign = std::max(text.indexOf(QLatin1Char('.')), text.indexOf(QLatin1Char(',')));
   if (!number || sign < 0 || text.trimmed().size() - sign - 1 <= kDecimals) return text;
   const QString rounded = QString::fromStdString(ShortDecimalText(*number, kDecimals));
-  // What is not 0 is not shown as 0.
+  // No other number is shown as 0.
   return *number != 0 && NumberIn(rounded) == 0.0 ? text : WithDecimalSign(rounded);
 }
 

@@ -134,7 +134,7 @@ void PageForm::AddName(QGridLayout& grid, int at, Row& row, bool isAfterLetter) 
   Find(row.field->control)->Accompany(row.name);
 }
 
-/// A label that stands behind the sign of its value in the picture.
+/// Places a label after the sign that its value has in the picture.
 void PageForm::AddSign(QGridLayout& grid, int at, Row& row, QLabel* label) {
   auto* const sign = new QLabel(QString::fromUtf8(row.field->sign), this);
   SetFont(*sign, TextRank::kLetter);

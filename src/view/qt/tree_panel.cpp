@@ -24,7 +24,7 @@ constexpr const char* kNotStored = Translatable("%1, values not stored yet");
 constexpr int kIdRole = Qt::UserRole;
 constexpr int kUnstoredRole = Qt::UserRole + 1;
 
-/// Draws the sign of values that are not stored behind the text of a node, which stays as it is.
+/// Draws the sign of values that are not stored after the text of a node, which stays as it is.
 class NodeDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
