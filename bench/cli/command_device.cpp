@@ -136,13 +136,24 @@ struct ShowArguments {
   LengthUnit unit = LengthUnit::kMillimetre;
 };
 
+/// A body that is not closed has no volume.
+Json VolumeOf(const modeller::Measures& measures, LengthUnit unit) {
+  return measures.closed ? Json(VolumeInUnit(measures.volume, unit)) : Json();
+}
+
+/// "-" for what is not known.
+std::string TextOf(const Json& value) {
+  if (value.is_null()) return "-";
+  return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
 Json FactsJson(const DeviceFacts& facts, LengthUnit unit) {
   Json json = {{Translatable("class"), scene::WordOf(facts.values.deviceClass)},
                {Translatable("first"), RoundedInUnit(facts.values.first, unit)},
                {Translatable("second"), RoundedInUnit(facts.values.second, unit)},
                {Translatable("from"), PointOf(facts.box.min, unit)},
                {Translatable("to"), PointOf(facts.box.max, unit)},
-               {Translatable("volume"), VolumeInUnit(facts.measures.volume, unit)},
+               {Translatable("volume"), VolumeOf(facts.measures, unit)},
                {Translatable("closed"), facts.measures.closed},
                {Translatable("plug"), PointOf(facts.device.plug, unit)},
                {Translatable("socket"), PointOf(facts.device.socket, unit)},
@@ -162,8 +173,7 @@ Result<void> Show(const ShowArguments& arguments, const Context& context) {
   if (arguments.isJson) return PrintJson(json);
   std::string text;
   for (const auto& [key, value] : json.items()) {
-    text +=
-        Left(context.Heading(key), 18) + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
+    text += Left(context.Heading(key), 18) + TextOf(value) + "\n";
   }
   return Print(text);
 }

@@ -24,7 +24,7 @@ Result<Bodies> PlaceBodies(const Bodies& bodies) {
   Bodies placed;
   for (const NamedBody& named : bodies) {
     VANZET_TRY(auto body, PlaceBody(named.body, named.placement));
-    placed.push_back({named.name, body, {}, named.colour});
+    placed.push_back({named.name, body, {}, named.colour, named.isSteel});
   }
   return placed;
 }
@@ -66,7 +66,8 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
       const Shape& shape = named.body.shape();
       const bool isForeign = IsForeign(shape);
       packed.push_back({named.name, named.colour, shape.shape,
-                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view()});
+                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view(),
+                        named.isSteel});
     }
     std::ofstream bytes(parcel.Path(), std::ios::binary);
     PackParcel(packed, bytes);

@@ -26,6 +26,7 @@ struct NamedBody {
   Body body;
   geometry::Matrix placement;  ///< moves and turns; millimetres
   Colour colour;
+  bool isSteel = false;  ///< shines like steel where a format can say so
 };
 
 /// The contents and units of the formats: docs/formats/bodies.md.

@@ -30,8 +30,15 @@ bool HasFacetsOnly(const TopoDS_Shape& shape);
 /// then has none.
 bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
 
-/// The mesh of a body of surfaces, without the faces that the kernel fails at: files of other programs have
-/// some.
+/// Whether an edge is met by one face alone, and by that only once; true without any edge.
+bool HasFreeEdge(const TopoDS_Shape& shape);
+
+/// Triangulates the surfaces of another program and returns the shape that has the triangles: the same one, or
+/// where the kernel leaves out a face, the shape with all surfaces turned into splines. Fails for a solid
+/// whose facets still have a hole. Of surfaces alone, faces may be missing.
+Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
+
+/// The mesh of such a body.
 Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance);
 
 }  // namespace vanzet::modeller

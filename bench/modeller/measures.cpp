@@ -27,22 +27,6 @@ geometry::Point3d PointOf(const gp_Pnt& p) {
   return {p.X(), p.Y(), p.Z()};
 }
 
-/// Whether every edge is met by two faces, or twice by one.
-bool IsClosed(const TopoDS_Shape& shape) {
-  TopTools_DataMapOfShapeInteger uses;
-  for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
-    for (TopExp_Explorer edges(faces.Current(), TopAbs_EDGE); edges.More(); edges.Next()) {
-      if (BRep_Tool::Degenerated(TopoDS::Edge(edges.Current()))) continue;
-      if (!uses.IsBound(edges.Current())) uses.Bind(edges.Current(), 0);
-      ++uses.ChangeFind(edges.Current());
-    }
-  }
-  for (TopTools_DataMapOfShapeInteger::Iterator use(uses); use.More(); use.Next()) {
-    if (use.Value() < 2) return false;
-  }
-  return !uses.IsEmpty();
-}
-
 Measures MeasuresOf(const TopoDS_Shape& shape) {
   GProp_GProps volume;
   BRepGProp::VolumeProperties(shape, volume, Standard_True);
@@ -52,7 +36,7 @@ Measures MeasuresOf(const TopoDS_Shape& shape) {
   measures.volume = volume.Mass();
   measures.area = area.Mass();
   measures.centroid = PointOf((measures.volume != 0 ? volume : area).CentreOfMass());
-  measures.closed = IsClosed(shape);
+  measures.closed = !HasFreeEdge(shape);
   return measures;
 }
 
@@ -74,6 +58,21 @@ Result<Box3d> ExtentsOf(const TopoDS_Shape& shape) {
 }
 
 }  // namespace
+
+bool HasFreeEdge(const TopoDS_Shape& shape) {
+  TopTools_DataMapOfShapeInteger uses;
+  for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
+    for (TopExp_Explorer edges(faces.Current(), TopAbs_EDGE); edges.More(); edges.Next()) {
+      if (BRep_Tool::Degenerated(TopoDS::Edge(edges.Current()))) continue;
+      if (!uses.IsBound(edges.Current())) uses.Bind(edges.Current(), 0);
+      ++uses.ChangeFind(edges.Current());
+    }
+  }
+  for (TopTools_DataMapOfShapeInteger::Iterator use(uses); use.More(); use.Next()) {
+    if (use.Value() < 2) return true;
+  }
+  return uses.IsEmpty();
+}
 
 Result<Measures> MeasuresOf(const Body& body) {
   return CatchKernelFailures([&]() -> Result<Measures> {

@@ -28,7 +28,11 @@ std::array<double, 6> InMetres(const geometry::Box3d& box);
 /// mesh is closed, else 0.
 Measures MeasuresOf(const Mesh& mesh);
 
-/// Whether each edge belongs to two triangles, in opposite senses.
+/// Whether as many triangles run along each edge in one direction as in the other: two, or four where solids
+/// touch. Such a mesh encloses a volume.
 bool IsClosed(const Mesh& mesh);
+
+/// Whether the mesh is closed with two triangles at each edge.
+bool IsManifold(const Mesh& mesh);
 
 }  // namespace vanzet::modeller

@@ -1,5 +1,6 @@
 #include "modeller/mesh.h"
 
+#include <BRepBuilderAPI_NurbsConvert.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
@@ -23,6 +24,7 @@
 #include "modeller/facets.h"
 #include "modeller/foreign.h"
 #include "modeller/kernel.h"
+#include "modeller/measures.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -190,18 +192,6 @@ void KeepMesh(const Shape& shape, const MeshTolerance& tolerance, const Mesh& me
   shape.meshes->push_back({tolerance, shape.shape.Location().Transformation(), mesh});
 }
 
-/// True when an edge has a triangle on one side alone.
-bool HasHole(const Mesh& mesh) {
-  std::vector<std::pair<int, int>> ways, back;
-  for (const auto& [a, b, c] : mesh.triangles) {
-    ways.insert(ways.end(), {{a, b}, {b, c}, {c, a}});
-    back.insert(back.end(), {{b, a}, {c, b}, {a, c}});
-  }
-  std::ranges::sort(ways);
-  std::ranges::sort(back);
-  return ways != back;
-}
-
 Fault Unmeshed() {
   return {.text = "a face of the body could not be meshed", .kind = FaultKind::kSystem};
 }
@@ -212,9 +202,24 @@ Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
   // none that it cannot mesh, and no holes.
   if (!Triangulate(shape.shape, tolerance)) return Unmeshed();
   Mesh mesh = FacetsOf(shape.shape);
-  if (HasHole(mesh)) return Unmeshed();
+  if (!mesh.triangles.empty() && !IsClosed(mesh)) return Unmeshed();
   KeepMesh(shape, tolerance, mesh);
   return mesh;
+}
+
+/// Whether the kernel left a face without triangles.
+bool HasBareFace(const TopoDS_Shape& shape) {
+  for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
+    TopLoc_Location place;
+    if (BRep_Tool::Triangulation(TopoDS::Face(faces.Current()), place).IsNull()) return true;
+  }
+  return false;
+}
+
+/// Whether the facets of a shape have no hole that its surfaces do not have. Surfaces alone may have any.
+bool IsWhole(const TopoDS_Shape& surfaces, const TopoDS_Shape& meshed) {
+  if (!TopExp_Explorer(surfaces, TopAbs_SOLID).More() || IsClosed(FacetsOf(meshed))) return true;
+  return HasFreeEdge(surfaces) && !HasBareFace(meshed);
 }
 
 Result<Mesh> NotEmpty(Mesh mesh) {
@@ -236,11 +241,21 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   });
 }
 
+Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
+  static_cast<void>(Triangulate(shape, tolerance));
+  if (!HasBareFace(shape) && IsWhole(shape, shape)) return shape;
+  // The kernel fails at the parameters of some faces, cones above all; as splines they have others.
+  const TopoDS_Shape splines = BRepBuilderAPI_NurbsConvert(shape, Standard_True).Shape();
+  static_cast<void>(Triangulate(splines, tolerance));
+  if (IsWhole(shape, splines)) return splines;
+  return Fault{"a face of the solid cannot be meshed"};
+}
+
 Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance) {
   VANZET_DO(Check(tolerance));
   return CatchKernelFailures([&]() -> Result<Mesh> {
-    static_cast<void>(Triangulate(body.shape().shape, tolerance));
-    return NotEmpty(FacetsOf(body.shape().shape));
+    VANZET_TRY(const auto shape, TriangulateSurfaces(body.shape().shape, tolerance));
+    return NotEmpty(FacetsOf(shape));
   });
 }
 

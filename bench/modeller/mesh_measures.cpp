@@ -32,6 +32,16 @@ struct Weighted {
   Point3d Centre() const { return Point3d() + moment * (1 / weight); }
 };
 
+/// The edges in the directions in which the triangles run along them, in order.
+using Ways = std::vector<std::pair<int, int>>;
+
+Ways WaysOf(const Mesh& mesh) {
+  Ways ways;
+  for (const auto& [a, b, c] : mesh.triangles) ways.insert(ways.end(), {{a, b}, {b, c}, {c, a}});
+  std::ranges::sort(ways);
+  return ways;
+}
+
 }  // namespace
 
 std::array<double, 6> InMetres(const geometry::Box3d& box) {
@@ -41,15 +51,16 @@ std::array<double, 6> InMetres(const geometry::Box3d& box) {
 }
 
 bool IsClosed(const Mesh& mesh) {
-  std::vector<std::pair<int, int>> ways;
-  for (const auto& [a, b, c] : mesh.triangles) {
-    ways.insert(ways.end(), {{a, b}, {b, c}, {c, a}});
-  }
-  std::ranges::sort(ways);
-  const bool isTwice = std::ranges::adjacent_find(ways) != ways.end();
-  return !ways.empty() && !isTwice && std::ranges::all_of(ways, [&](const auto& way) {
-    return std::ranges::binary_search(ways, std::pair(way.second, way.first));
-  });
+  const Ways ways = WaysOf(mesh);
+  Ways back;
+  for (const auto& [from, to] : ways) back.emplace_back(to, from);
+  std::ranges::sort(back);
+  return !ways.empty() && ways == back;
+}
+
+bool IsManifold(const Mesh& mesh) {
+  const Ways ways = WaysOf(mesh);
+  return std::ranges::adjacent_find(ways) == ways.end() && IsClosed(mesh);
 }
 
 Measures MeasuresOf(const Mesh& mesh) {

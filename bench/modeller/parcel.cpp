@@ -18,7 +18,7 @@
 namespace vanzet::modeller {
 namespace {
 
-/// "0.6 0.6 0.6 name"
+/// "0.6 0.6 0.6 1 name"
 ParcelBody BodyOfLine(std::string_view line) {
   ParcelBody body;
   for (double* part : {&body.colour.red, &body.colour.green, &body.colour.blue}) {
@@ -27,13 +27,17 @@ ParcelBody BodyOfLine(std::string_view line) {
     *part = number->value;
     line.remove_prefix(number->used);
   }
+  const auto isSteel = IntegerPrefix(line);
+  if (!isSteel) return body;
+  body.isSteel = isSteel->value == 1;
+  line.remove_prefix(isSteel->used);
   if (!line.empty()) body.name = line.substr(1);
   return body;
 }
 
 std::string LineOf(const ParcelBody& body) {
   return NumberText(body.colour.red) + " " + NumberText(body.colour.green) + " " +
-         NumberText(body.colour.blue) + " " + OneLine(body.name) + "\n";
+         NumberText(body.colour.blue) + (body.isSteel ? " 1 " : " 0 ") + OneLine(body.name) + "\n";
 }
 
 Fault Incomplete() {

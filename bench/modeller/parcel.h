@@ -17,9 +17,10 @@ struct ParcelBody {
   Colour colour;
   TopoDS_Shape shape;
   std::string_view surfaces = {};  ///< of a file's body; its shape then only has its place
+  bool isSteel = false;
 };
 
-/// Writes the count of the bodies, a line of colour and name for each, their surfaces, each after a line with
+/// Writes the count of the bodies, a line of colour, 1 for steel and name for each, their surfaces, each after a line with
 /// their length, then one compound of their shapes in Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 

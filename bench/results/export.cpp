@@ -24,8 +24,8 @@ Result<Bodies> ChooseBodies(const scene::Scene& scene, const ExportOptions& opti
     if (!options.body.empty() && !chosen.contains(i)) continue;
     const scene::SceneBody& body = scene.bodies[i];
     const bool isExact = options.format == modeller::ExportFormat::kStep && body.exact;
-    bodies.push_back(
-        {body.name, isExact ? *body.exact : body.body, body.placement, scene::ColourOf(body.kind)});
+    bodies.push_back({body.name, isExact ? *body.exact : body.body, body.placement,
+                      scene::ColourOf(body.kind), scene::IsDevice(body.kind)});
   }
   return bodies;
 }

@@ -22,6 +22,11 @@ enum class Kind { kClamp, kJaw, kCenter, kSteadyRest, kBillet, kFinishPart };
 
 modeller::Colour ColourOf(Kind kind);
 
+/// True for what holds the work, false for the work.
+inline bool IsDevice(Kind kind) {
+  return kind != Kind::kBillet && kind != Kind::kFinishPart;
+}
+
 struct SceneBody {
   std::string name;  ///< "main chuck", "sub jaw 2", "center"
   Kind kind = Kind::kClamp;

@@ -62,6 +62,18 @@ TEST_F(DeviceCommands, LayAMakersModelAsDevicesLie) {
   EXPECT_NEAR(shown["volume"].get<double>(), volume, volume * 0.01);
 }
 
+TEST_F(DeviceCommands, ShowNoVolumeOfAnOpenBody) {
+  WriteBytes(folder / "sheet.stl",
+             "solid sheet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex -50 0 0\nvertex 0 20 0\n"
+             "endloop\nendfacet\nendsolid sheet\n");
+  const Outcome made =
+      Vanzet("device make --class chuck --body sheet.stl --outline outline.txt --first 50 -o own.vdm");
+  ASSERT_EQ(made.status, 0) << made.err;
+  EXPECT_TRUE(Shown()["volume"].is_null());
+  EXPECT_EQ(Shown()["closed"], false);
+  EXPECT_THAT(Vanzet("device show own.vdm").out, testing::ContainsRegex("volume +-\n"));
+}
+
 TEST_F(DeviceCommands, LayModelsThatLookAnyWay) {
   PutDisk(-30);
   struct Case {

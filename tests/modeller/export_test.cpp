@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <nlohmann/json.hpp>
 #include <numeric>
 
 #include "modeller/body.h"
@@ -97,9 +99,24 @@ TEST_F(Exports, GltfInMetresWithYUpwards) {
   const ReadBack read = ReadGltfDocument(Exported(ExportFormat::kGltf));
   EXPECT_THAT(read.names, testing::ElementsAre("Brücke", "ball 2"));
   EXPECT_THAT(read.colours, testing::ElementsAre("FF0000", "0080FF"));
-  // The reader takes metres as they stand: x, z and -y of the bodies, in thousandths.
+  // The bodies have y upwards, too.
   EXPECT_THAT(Box(BodyOf(read.shape, true)),
-              Pointwise(DoubleNear(2e-4), {0.0, -0.01, -0.02, 0.06, 0.03, 0.01}));
+              Pointwise(DoubleNear(2e-4), {0.0, -0.01, -0.01, 0.06, 0.02, 0.03}));
+}
+
+TEST_F(Exports, GltfWithMaterialsThatAreNoPolishedMetal) {
+  bodies_[1].isSteel = true;
+  const std::string bytes = ReadBytes(Exported(ExportFormat::kGltf));
+  std::uint32_t length = 0;
+  std::memcpy(&length, bytes.data() + 12, sizeof(length));
+  const auto scene = nlohmann::json::parse(bytes.substr(20, length), nullptr, false);
+  std::vector<double> metallic, roughness;
+  for (const auto& material : scene["materials"]) {
+    metallic.push_back(material["pbrMetallicRoughness"].value("metallicFactor", 1.0));
+    roughness.push_back(material["pbrMetallicRoughness"].value("roughnessFactor", 1.0));
+  }
+  EXPECT_THAT(metallic, Pointwise(DoubleNear(1e-6), {0.0, 0.3}));
+  EXPECT_THAT(roughness, Pointwise(DoubleNear(1e-6), {0.6, 0.6}));
 }
 
 TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
@@ -117,7 +134,7 @@ TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
   fs::remove(folder_ / "out.step");
   const ReadBack gltf = ReadGltfDocument(Exported(ExportFormat::kGltf));
   EXPECT_THAT(Box(BodyOf(gltf.shape, true)),
-              Pointwise(DoubleNear(1e-5), {0.0, 0.005, -0.02, 0.01, 0.035, 0.0}));
+              Pointwise(DoubleNear(1e-5), {0.0, 0.0, 0.005, 0.01, 0.02, 0.035}));
 }
 
 TEST_F(Exports, SeveralFilesOfTheSameBodiesInTheirOrder) {

@@ -6,6 +6,7 @@
 #include <Message_Messenger.hxx>
 #include <Standard_NullObject.hxx>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -137,6 +138,28 @@ TEST(MeasuresOfMeshes, KnowAnOpenOne) {
   mesh.triangles.pop_back();
   EXPECT_FALSE(IsClosed(mesh));
   EXPECT_EQ(MeasuresOf(mesh).volume, 0);
+}
+
+TEST(MeasuresOfMeshes, KnowSolidsThatTouchInAnEdge) {
+  Mesh mesh = Get(MeshOf(BodyOf(Brick(10, 20, 30)), {}));
+  EXPECT_TRUE(IsManifold(mesh));
+  const std::vector<geometry::Point3d> points = mesh.points;
+  std::vector<int> numbers;
+  for (const geometry::Point3d& point : points) {
+    const geometry::Point3d beside(point.x + 10, point.y + 20, point.z);
+    const auto same = std::ranges::find(points, beside);
+    const bool isNew = same == points.end();
+    numbers.push_back(static_cast<int>(isNew ? std::ssize(mesh.points) : same - points.begin()));
+    if (isNew) mesh.points.push_back(beside);
+  }
+  EXPECT_EQ(mesh.points.size(), 14U) << "the edge at x 10, y 20 is that of both";
+  for (auto triangle : std::vector(mesh.triangles)) {
+    for (int& corner : triangle) corner = numbers[static_cast<std::size_t>(corner)];
+    mesh.triangles.push_back(triangle);
+  }
+  EXPECT_TRUE(IsClosed(mesh));
+  EXPECT_FALSE(IsManifold(mesh));
+  EXPECT_NEAR(MeasuresOf(mesh).volume, 12000, 1e-9);
 }
 
 TEST(MeasuresOfMeshes, KnowATriangleTheWrongWayRound) {

@@ -136,8 +136,8 @@ Result<void> StepFiles(const Arguments& given) {
 }
 
 Result<void> GltfFiles(const Arguments& given) {
-  VANZET_TRY(const auto bodies, ReadParcel());
-  PrepareForGltf(bodies, given.tolerance);
+  VANZET_TRY(auto bodies, ReadParcel());
+  VANZET_DO(PrepareForGltf(bodies, given.tolerance));
   return WriteFiles(bodies, given, WriteGltf);
 }
 

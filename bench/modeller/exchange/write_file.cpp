@@ -10,6 +10,7 @@
 #include <STEPCAFControl_Writer.hxx>
 #include <STEPControl_Controller.hxx>
 #include <TColStd_IndexedDataMapOfStringString.hxx>
+#include <TDF_LabelSequence.hxx>
 #include <TDataStd_Name.hxx>
 #include <TDocStd_Document.hxx>
 #include <TopoDS_Edge.hxx>
@@ -21,6 +22,8 @@
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
+#include <XCAFDoc_VisMaterial.hxx>
+#include <XCAFDoc_VisMaterialTool.hxx>
 #include <algorithm>
 #include <gp_Pln.hxx>
 #include <map>
@@ -56,6 +59,29 @@ Handle(TDocStd_Document) DocumentOf(const std::vector<ParcelBody>& bodies) {
     colours->SetColor(label, ColourOf(body.colour), XCAFDoc_ColorSurf);
   }
   return document;
+}
+
+/// A material for viewers that draw by physics: without it they take a body for polished metal.
+Handle(XCAFDoc_VisMaterial) MaterialOf(const ParcelBody& body) {
+  constexpr float kRoughness = 0.6F, kSteel = 0.3F;
+  XCAFDoc_VisMaterialPBR look;
+  look.BaseColor = Quantity_ColorRGBA(ColourOf(body.colour));
+  look.Metallic = body.isSteel ? kSteel : 0;
+  look.Roughness = kRoughness;
+  Handle(XCAFDoc_VisMaterial) material = new XCAFDoc_VisMaterial();
+  material->SetPbrMaterial(look);
+  return material;
+}
+
+/// Gives each body of a document its material.
+void AddMaterials(const std::vector<ParcelBody>& bodies, const Handle(TDocStd_Document) & document) {
+  const auto materials = XCAFDoc_DocumentTool::VisMaterialTool(document->Main());
+  TDF_LabelSequence labels;
+  XCAFDoc_DocumentTool::ShapeTool(document->Main())->GetFreeShapes(labels);
+  for (std::size_t i = 0; i < bodies.size(); ++i) {
+    const TDF_Label made = materials->AddMaterial(MaterialOf(bodies[i]), bodies[i].name.c_str());
+    materials->SetShapeMaterial(labels.Value(static_cast<int>(i) + 1), made);
+  }
 }
 
 /// Such a document, which is closed with its owner: the application would keep it.
@@ -102,7 +128,7 @@ class ShellMaker {
   }
 
   TopoDS_Shape Finish() {
-    if (!IsClosed(mesh_)) return shell_;
+    if (!IsManifold(mesh_)) return shell_;
     shell_.Closed(Standard_True);
     TopoDS_Solid solid;
     builder_.MakeSolid(solid);
@@ -161,17 +187,20 @@ Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const fs::path& fi
   return {};
 }
 
-void PrepareForGltf(const std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance) {
-  for (const ParcelBody& body : bodies) {
-    if (!HasFacetsOnly(body.shape)) static_cast<void>(Triangulate(body.shape, tolerance));
+Result<void> PrepareForGltf(std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance) {
+  for (ParcelBody& body : bodies) {
+    if (HasFacetsOnly(body.shape)) continue;
+    VANZET_TRY(body.shape, TriangulateSurfaces(body.shape, tolerance));
   }
+  return {};
 }
 
 Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const fs::path& file) {
   RWGltf_CafWriter writer(file.c_str(), Standard_True);
   writer.ChangeCoordinateSystemConverter().SetInputLengthUnit(kMillimetre);
-  writer.ChangeCoordinateSystemConverter().SetInputCoordinateSystem(RWMesh_CoordinateSystem_Zup);
+  writer.ChangeCoordinateSystemConverter().SetInputCoordinateSystem(RWMesh_CoordinateSystem_Yup);
   const Document document(bodies);
+  AddMaterials(bodies, document.handle());
   if (!writer.Perform(document.handle(), {}, Message_ProgressRange())) {
     return Fault{"Open CASCADE could not write it" + FirstKernelMessage()};
   }

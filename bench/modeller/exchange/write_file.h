@@ -14,9 +14,9 @@ namespace vanzet::modeller {
 void PrepareForStep(std::vector<ParcelBody>& bodies);
 Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
-/// Writes named and coloured meshes to one binary file, in metres with y upwards, as the format requires.
-/// Each body must be prepared: then it has triangles.
-void PrepareForGltf(const std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance);
+/// Writes named and coloured meshes to one binary file, in metres with y upwards, as bodies have it and the
+/// format requires. Each body must be prepared: then it has triangles.
+Result<void> PrepareForGltf(std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance);
 Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
 }  // namespace vanzet::modeller
