@@ -77,6 +77,16 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
   return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};
 }
 
+Result<scene::Scene> LiveSceneOf(const project::Project& project, const scene::Equipment& equipment,
+                                 const project::Definition& definition, const modeller::Exchange& exchange,
+                                 std::function<Result<modeller::Body>(const std::string& name)> body) {
+  contour::UseMillimetres();
+  VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
+  const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
+                                  std::move(body), exchange, steadyRest, true};
+  return scene::MakeScene(equipment, definition, sources);
+}
+
 Result<section::Section> SectionOf(const project::Project& project, std::int32_t spur,
                                    const modeller::Exchange& exchange, project::MessagePanel& panel) {
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));

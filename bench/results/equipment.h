@@ -23,6 +23,12 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,
                                  const modeller::Foresight& foresight = kForPictures);
 
+/// The equipment of a definition that is being made: values that may not be in it yet, devices made from them,
+/// and named solids from a source that keeps what it has read.
+Result<scene::Scene> LiveSceneOf(const project::Project& project, const scene::Equipment& equipment,
+                                 const project::Definition& definition, const modeller::Exchange& exchange,
+                                 std::function<Result<modeller::Body>(const std::string& name)> body);
+
 /// The half section of that equipment.
 Result<section::Section> SectionOf(const project::Project& project, std::int32_t spur,
                                    const modeller::Exchange& exchange, project::MessagePanel& panel);

@@ -22,7 +22,7 @@ class FontUse {
  public:
   FontUse() {
     if (QCoreApplication::instance() != nullptr) return;
-    // What Qt says of a missing display or session is no concern of a picture.
+    // Messages of Qt about a missing display or session do not concern a picture.
     former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     application_.emplace(count_, arguments_);
   }

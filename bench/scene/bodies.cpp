@@ -73,17 +73,23 @@ Result<MaybeBody> BodyOf(const FinishPart& part, const Sources& sources) {
   }
 }
 
-std::optional<Body> ExactBody(const DeviceParams& params, const Body& facets) {
+std::optional<Body> DeviceBody(const DeviceParams& params) {
   const auto contour = DeviceContour(params);
   if (!contour) return std::nullopt;
   const auto body = devices::IsJaw(params.type) ? JawOf(*contour, devices::ThicknessOf(params))
                                                 : modeller::Spin(*contour, kSpindle, 360);
   if (!body) return std::nullopt;
+  return *body;
+}
+
+std::optional<Body> ExactBody(const DeviceParams& params, const Body& facets) {
+  auto body = DeviceBody(params);
+  if (!body) return std::nullopt;
   const auto box = modeller::Extents(*body), shown = modeller::Extents(facets);
   if (!box || !shown || !AreAlike(box->min, shown->min) || !AreAlike(box->max, shown->max)) {
     return std::nullopt;
   }
-  return *body;
+  return body;
 }
 
 }  // namespace vanzet::scene

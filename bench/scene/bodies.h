@@ -16,11 +16,12 @@ namespace vanzet::scene {
 Result<std::optional<modeller::Body>> BodyOf(const Billet& billet, const Sources& sources);
 Result<std::optional<modeller::Body>> BodyOf(const FinishPart& part, const Sources& sources);
 
-/// The body of a parametric device with its true surfaces, where the definition's 3D text has it: a device
-/// that is spun is about the x axis; a jaw has its thickness along y and its height along z.
-///
-/// Nothing when the device has no outline, when its values give no body, and when that body is not as large
-/// as `facets`, by which the definition shows the device.
+/// The body of a parametric device with its true surfaces: a device that is spun is about the x axis; a jaw
+/// has its thickness along y and its height along z. Nothing when the device has no outline, and when its
+/// values give no body.
+std::optional<modeller::Body> DeviceBody(const DeviceParams& params);
+
+/// The same body; nothing, too, when it is not as large as `facets`, by which the definition shows the device.
 std::optional<modeller::Body> ExactBody(const DeviceParams& params, const modeller::Body& facets);
 
 }  // namespace vanzet::scene

@@ -18,6 +18,8 @@ namespace vanzet::scene {
 struct Device {
   std::string name;
   DeviceParams params;
+
+  bool operator==(const Device&) const = default;
 };
 
 namespace billet_type {
@@ -40,12 +42,16 @@ struct Billet {
   double clampDiameter = 0, angle = 0;
   std::string outside = {}, inside = {};  ///< figures; empty: none
   std::string solid = {};
+
+  bool operator==(const Billet&) const = default;
 };
 
 struct FinishPart {
   std::int32_t type = 0;  ///< of finish_part_type; any other number means none
   std::string outside = {}, inside = {};
   std::string solid = {};
+
+  bool operator==(const FinishPart&) const = default;
 };
 
 /// One spindle. Millimetres and degrees.
@@ -56,6 +62,8 @@ struct Spindle {
   Billet billet;
   FinishPart finishPart;
   double clampingOut = 0, origin = 0;
+
+  bool operator==(const Spindle&) const = default;
 };
 
 struct Equipment {
@@ -63,6 +71,8 @@ struct Equipment {
   Device center;
   bool isCenterInSub = false;  ///< no sub spindle: the center takes its place in the definition
   bool usesSteadyRest = false;
+
+  bool operator==(const Equipment&) const = default;
 };
 
 /// A value that the definition does not have is that of an empty `Equipment`.

@@ -11,7 +11,9 @@ namespace {
 using geometry::Point3d;
 
 ModelBody BeginBody(const SceneBody& body) {
-  return {body.name, body.solid, {}, {}, {}, ColourOf(body.kind), body.isSeenThrough};
+  modeller::Colour colour = ColourOf(body.kind);
+  if (body.isPale) colour = {(colour.red + 2) / 3, (colour.green + 2) / 3, (colour.blue + 2) / 3};
+  return {body.name, body.solid, {}, {}, {}, colour, body.isSeenThrough || body.isPale};
 }
 
 ModelBody MakeWhole(Surface surface, const SceneBody& body) {

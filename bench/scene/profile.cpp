@@ -25,7 +25,7 @@ Region UnionOf(const std::vector<Kurve>& contours) {
   return all;
 }
 
-/// What is inside of the outer figure and outside of the inner one.
+/// The region inside of the outer figure and outside of the inner one.
 std::optional<Region> BetweenFigures(const std::string& outside, const std::string& inside,
                                      const Sources& sources) {
   const auto part = CurvesNamed(outside, sources), bore = CurvesNamed(inside, sources);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "devices/kinds.h"
 #include "modeller/measures.h"
 #include "scene/bodies.h"
 #include "scene/centre_hole.h"
@@ -30,8 +31,8 @@ Result<Value> PrefixFault(const std::string& what, Result<Value> result) {
 
 class Maker {
  public:
-  Maker(const project::Definition& definition, const Sources& sources)
-      : definition_(definition), sources_(sources), equipment_(ReadEquipment(definition)) {}
+  Maker(Equipment equipment, const project::Definition& definition, const Sources& sources)
+      : definition_(definition), sources_(sources), equipment_(std::move(equipment)) {}
 
   Result<Scene> Make() {
     VANZET_DO(AddMain());
@@ -55,7 +56,13 @@ class Maker {
     return {};
   }
 
-  Result<void> TakeDevice(std::size_t operation, std::optional<DeviceText>& device) {
+  Result<void> TakeDevice(std::size_t operation, const DeviceParams& params,
+                          std::optional<DeviceText>& device) {
+    if (sources_.hasDevicesByValues && !devices::IsOwn(params.type)) {
+      // Text and values have the same origin, and the text would have its markers there.
+      if (const auto body = DeviceBody(params)) device = DeviceText{*body, {0, 0, 0}, {0, 0, 0}, 0};
+      return {};
+    }
     return Take(ReadDeviceText(definition_, operation, sources_.exchange), device);
   }
 
@@ -65,10 +72,10 @@ class Maker {
     const Spindle& defined = equipment_.spindles[spindle];
     const bool hasCenter = spindle == 1 && equipment_.isCenterInSub;
     SpindleThings things;
-    if (!hasCenter) VANZET_DO(TakeDevice(clamp, things.clamp));
+    if (!hasCenter) VANZET_DO(TakeDevice(clamp, defined.clamp.params, things.clamp));
     // Without a jaw the definition has a stand-by one for the simulation.
     const bool hasJaw = things.clamp && defined.jaw.params.type != 0;
-    if (hasJaw) VANZET_DO(TakeDevice(clamp + 1, things.jaw));
+    if (hasJaw) VANZET_DO(TakeDevice(clamp + 1, defined.jaw.params, things.jaw));
     VANZET_DO(Take(PrefixFault("the billet" + of, BilletOf(defined.billet)), things.billet));
     VANZET_DO(
         Take(PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)), things.finishPart));
@@ -106,7 +113,7 @@ class Maker {
 
   Result<void> AddCenter() {
     std::optional<DeviceText> text;
-    VANZET_DO(TakeDevice(equipment_.isCenterInSub ? 7 : 9, text));
+    VANZET_DO(TakeDevice(equipment_.isCenterInSub ? 7 : 9, equipment_.center.params, text));
     if (!text) return {};
     const double bore = mainBillet_ ? CentreHoleRadius(*mainBillet_) : 0;
     const double tip = stations_.stockFront - SeatDepth(*text, bore);
@@ -179,7 +186,12 @@ modeller::Colour ColourOf(Kind kind) {
 }
 
 Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources) {
-  return Maker(definition, sources).Make();
+  return MakeScene(ReadEquipment(definition), definition, sources);
+}
+
+Result<Scene> MakeScene(const Equipment& equipment, const project::Definition& definition,
+                        const Sources& sources) {
+  return Maker(equipment, definition, sources).Make();
 }
 
 }  // namespace vanzet::scene

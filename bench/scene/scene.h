@@ -18,6 +18,8 @@
 /// Space    x along the main spindle's axis, away from the spindle; y up; millimetres
 namespace vanzet::scene {
 
+struct Equipment;
+
 enum class Kind { kClamp, kJaw, kCenter, kSteadyRest, kBillet, kFinishPart };
 
 modeller::Colour ColourOf(Kind kind);
@@ -34,6 +36,7 @@ struct SceneBody {
   geometry::Matrix placement;  ///< moves and turns
   bool isShown = true;
   bool isSeenThrough = false;
+  bool isPale = false;  ///< it is not stored yet
   /// The body with its true surfaces, made from the values of a device. Nothing when the device has no
   /// values, or when they do not agree with the body in the definition.
   std::optional<modeller::Body> exact = {};
@@ -61,11 +64,18 @@ struct Sources {
   std::function<Result<modeller::Body>(const std::string& name)> body;
   modeller::Exchange exchange;
   project::SteadyRest steadyRest = {};
+  /// Makes devices of the catalogue from their values, as a definition needs whose 3D texts are not written
+  /// yet.
+  bool hasDevicesByValues = false;
 };
 
 /// A 3D text that cannot be read, and a billet or finish part that cannot be made, are missing; the fault
 /// says which. Fails only for a reason of the system, and when the work is cancelled.
 /// Requires: the geometry library works in millimetres
 Result<Scene> MakeScene(const project::Definition& definition, const Sources& sources);
+
+/// The same of other values than the definition has; the 3D texts are those of the definition.
+Result<Scene> MakeScene(const Equipment& equipment, const project::Definition& definition,
+                        const Sources& sources);
 
 }  // namespace vanzet::scene

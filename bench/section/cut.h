@@ -7,7 +7,7 @@
 
 namespace vanzet::section {
 
-/// What the upright plane z = 0 cuts of facets above the axis, where a placement puts them. A body that is
+/// The section of facets, where a placement puts them, by the upright plane z = 0 above the axis. A body that is
 /// not closed has the lines of its open contours in `loose`.
 geometry::Region CutOf(const modeller::Mesh& mesh, const geometry::Matrix& placement);
 

@@ -61,7 +61,7 @@ std::string AreaOf(const Region& region) {
   return path;
 }
 
-/// The outline without the axis, which is no edge of a body.
+/// The outline without the axis, which bounds no body.
 std::string OutlineOf(const Region& region) {
   std::string path;
   const auto add = [&](const std::vector<RegionSpan>& spans) {

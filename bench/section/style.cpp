@@ -89,9 +89,8 @@ SectionTexts TextsOf(const PictureOptions& options, const Translations& texts) {
            LengthIn(unit, each.Value());
   };
   const bool isInch = options.unit == LengthUnit::kInch;
-  const std::string_view units = isInch
-                                     ? Translatable("Inches; upper half, diameters with Ø; scale")
-                                     : Translatable("Millimetres; upper half, diameters with Ø; scale");
+  const std::string_view units = isInch ? Translatable("Inches; upper half, diameters with Ø; scale")
+                                        : Translatable("Millimetres; upper half, diameters with Ø; scale");
   // "Clamp device: Chuck 160"
   const auto name = [&texts](const SectionBody& body) {
     const NameRow& row = *std::ranges::find(kNames, body.kind, &NameRow::kind);

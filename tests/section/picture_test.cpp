@@ -48,7 +48,7 @@ TEST_F(SectionPictures, HaveTheBodiesInTheCoordinatesOfTheSection) {
   ASSERT_NE(body, std::string::npos);
   const std::string path = AttributeOf(svg.substr(svg.find("class=\"area\"", body)), "d");
   for (const char* corner : {"-110 0", "10 0", "10 30", "-110 30"}) EXPECT_THAT(path, HasSubstr(corner));
-  // The axis is no edge of the billet.
+  // The axis does not bound the billet.
   const std::string outline = AttributeOf(svg.substr(svg.find("class=\"outline\"", body)), "d");
   EXPECT_THAT(outline, HasSubstr("L10 30"));
   EXPECT_THAT(outline, Not(HasSubstr("Z")));
