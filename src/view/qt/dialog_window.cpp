@@ -182,6 +182,7 @@ void DialogWindow::Show(const DialogState& state) {
   OrderTabs();
   PublishHelp();
   spurLabel_->setVisible(WidgetOf(control::kSpurs)->isVisibleTo(this));
+  PublishPage(state);
   ShowUnstored(state);
   ShowMnemonics();
 }
@@ -231,6 +232,26 @@ void DialogWindow::ShowUnstored(const DialogState& state) {
   line_->setToolTip(line_->text());
   // For a host that uses Qt.
   setProperty("unstored", unstored_);
+}
+
+/// Such a host finds the values of the page in another property, and can show them before they are stored.
+void DialogWindow::PublishPage(const DialogState& state) {
+  QVariantMap values;
+  for (const Control& control : state.controls) {
+    if (!control.isVisible) continue;
+    const QString id = QString::number(control.id);
+    if (control.kind == ControlKind::kSpin) values[id] = control.value;
+    if (control.kind == ControlKind::kCheck) values[id] = control.isChecked;
+    const bool isText = control.kind == ControlKind::kEdit || control.kind == ControlKind::kCombo;
+    if (isText && !control.isReal) values[id] = QString::fromStdString(control.text);
+    if (isText && control.isReal && control.number) values[id] = *control.number;
+  }
+  const QVariantMap page = {{"node", state.selectedNode},
+                            {"deviceType", state.deviceType},
+                            {"spur", state.spur},
+                            {"isStored", state.unstored.empty()},
+                            {"values", values}};
+  if (property("page").toMap() != page) setProperty("page", page);
 }
 
 void DialogWindow::ShowMnemonics() {

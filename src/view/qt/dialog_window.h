@@ -68,6 +68,7 @@ class DialogWindow final : public QDialog {
   /// The tree, the spurs, what is beside them, the buttons.
   void OrderTabs();
   void PublishHelp();
+  void PublishPage(const DialogState& state);
 
   /// Says which values of the page are not stored, or were not when it was left. Stops nobody.
   void ShowUnstored(const DialogState& state);
