@@ -37,6 +37,8 @@ constexpr ActionRow kRows[] = {
     { Command::kRight,         Menu::kView,       Text::kRight,          "right",       "7",            Needs::kView,    ' ',   false, false },
     { Command::kSection,       Menu::kView,       Text::kSectionView,    "section",     "Ctrl+X",       Needs::kView,    'x',   false, true  },
     { Command::kPerspective,   Menu::kView,       Text::kPerspective,    "perspective", "Ctrl+P",       Needs::kView,    'x',   false, false },
+    { Command::kHalfSection,   Menu::kView,       Text::kHalfSection,    "section",     "Ctrl+H",       Needs::kView,    'x',   false, false },
+    { Command::kMeasure,       Menu::kView,       Text::kMeasure,        "",            "Ctrl+M",       Needs::kView,    'x',   false, false },
     { Command::kGrid,          Menu::kView,       Text::kGrid,           "grid",        "Ctrl+G",       Needs::kView,    'x',   false, false },
     { Command::kBothViews,     Menu::kView,       Text::kBothViews,      "",            "F6",           Needs::kNothing, 'v',   false, true  },
     { Command::kDrawingOnly,   Menu::kView,       Text::kDrawingOnly,    "drawing",     "F7",           Needs::kNothing, 'v',   false, false },

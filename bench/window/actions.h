@@ -18,7 +18,7 @@ namespace vanzet::window {
 enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kSettings, kQuit,
   kDefinition, kUpgrade, kRefresh,
-  kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kGrid,
+  kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kHalfSection, kMeasure, kGrid,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages,
   kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,

@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "window/commands/command_palette.h"
+#include "window/commands/dialog_place.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -105,6 +106,8 @@ QWidget* MainWindow::MakeViews() {
                                 Command::kSection, Command::kPerspective}) {
     equipmentPane_->Add((*actions_)[command]);
   }
+  (*actions_)[Command::kHalfSection]->setChecked(true);
+  drawingPane_->Add((*actions_)[Command::kHalfSection]);
   drawingPane_->Add((*actions_)[Command::kGrid]);
   drawingPane_->Add((*actions_)[Command::kLayers]);
   split_ = new QSplitter(Qt::Vertical);
@@ -175,6 +178,12 @@ void MainWindow::ConnectCommands() {
           &EquipmentCommands::RefreshDrawing);
   connect(equipmentCommands_, &EquipmentCommands::AtWork, this,
           [this](bool isAtWork) { actions_->Enable(true, isAtWork); });
+  auto* const place = new DialogPlace(*this, memory_, this);
+  connect(equipmentCommands_, &EquipmentCommands::AtWork, place,
+          [place](bool isAtWork) { isAtWork ? place->Begin() : place->End(); });
+  connect(equipment_, &EquipmentView::BodyHovered, drawing_, &DrawingView::Mark);
+  connect(drawing_, &DrawingView::BodyHovered, equipment_, &EquipmentView::Mark);
+  connect(drawing_, &DrawingView::BodySelected, equipment_, &EquipmentView::Select);
 }
 
 void MainWindow::ConnectParts() {

@@ -72,6 +72,22 @@ Result<std::shared_ptr<const scene::Scene>> Session::Equipment(std::int32_t spur
   return std::shared_ptr<const scene::Scene>(std::make_shared<scene::Scene>(std::move(scene)));
 }
 
+Result<Session::Live> Session::LiveEquipment(std::int32_t spur) const {
+  VANZET_TRY(const auto content, host_->store.Snapshot(project_.DefinitionOf(spur)));
+  VANZET_TRY(auto definition, project::ReadDefinition(content));
+  scene::Equipment equipment = scene::ReadEquipment(definition);
+  return Live{std::move(definition), std::move(equipment)};
+}
+
+Result<scene::Scene> Session::LiveScene(const Live& live) const {
+  const auto body = [this](const std::string& name) -> Result<modeller::Body> {
+    VANZET_TRY(const auto number, host_->FindBody(name));
+    return host_->bodies.Get(number);
+  };
+  return results::LiveSceneOf(project_, live.equipment, live.definition, modeller::Exchange::OfProcess(),
+                              body);
+}
+
 Result<std::vector<std::uint32_t>> Session::OpenElsewhere() const {
   VANZET_TRY(const std::int32_t spurs, project_.SpindleSpurs());
   const vdm::VdmStore store(project_.folder());

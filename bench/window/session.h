@@ -9,6 +9,7 @@
 #include "api/host.h"
 #include "base/places.h"
 #include "results/definitions.h"
+#include "scene/equipment.h"
 #include "scene/scene.h"
 
 namespace vanzet::window {
@@ -39,6 +40,17 @@ class Session {
   /// The equipment of a spur: null without a definition, an empty scene for a definition that holds nothing.
   Result<std::shared_ptr<const scene::Scene>> Equipment(std::int32_t spur,
                                                         const modeller::Progress& progress) const;
+
+  /// What the module's dialog has stored for a spur so far.
+  /// Requires, as the next one: a call is at work.
+  struct Live {
+    project::Definition definition;
+    scene::Equipment equipment;
+  };
+  Result<Live> LiveEquipment(std::int32_t spur) const;
+
+  /// The equipment of such a state, which may have other values than are stored.
+  Result<scene::Scene> LiveScene(const Live& live) const;
 
   /// The numbers of the definitions that another process has open.
   Result<std::vector<std::uint32_t>> OpenElsewhere() const;

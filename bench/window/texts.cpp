@@ -45,6 +45,8 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kRight,            "Rig&ht (Front Side of the Main Spindle)" },
     { Text::kSectionView,      "&Section" },
     { Text::kPerspective,      "&Perspective" },
+    { Text::kHalfSection,      "Half Section in the Dra&wing" },
+    { Text::kMeasure,          "Measure" },
     { Text::kGrid,             "Pick on the &Grid" },
     { Text::kBothViews,        "Drawing &and Equipment" },
     { Text::kDrawingOnly,      "&Drawing Only" },
@@ -113,6 +115,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kOpenElsewhere,    "VDM %1 of this project is open in another process. Nothing was changed here; try again when the other one has closed it." },
     { Text::kShownElsewhere,   "This project is open in another workbench as well (process %1). Nothing is lost: each shows what the other has stored." },
     { Text::kNotStored,        "What you have done since the last time is not stored yet. The dialog stays open, so that you can try again." },
+    { Text::kNothingStored,    "Nothing is stored for this spur yet." },
 
     { Text::kProjectName,      "Name" },
     { Text::kPlace,            "Folder" },

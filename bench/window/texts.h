@@ -16,7 +16,8 @@ namespace vanzet::window {
 enum class Text {
   kProjectMenu, kEquipmentMenu, kViewMenu, kExportMenu, kHelpMenu, kLanguageMenu, kAppearanceMenu,
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kQuit, kDefinition, kUpgrade, kRefresh, kFit,
-  kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSectionView, kPerspective, kGrid, kBothViews, kDrawingOnly,
+  kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSectionView, kPerspective, kHalfSection, kMeasure, kGrid, kBothViews,
+  kDrawingOnly,
   kEquipmentOnly, kDefinitionTree, kLayers, kMessages, kLight, kDark, kDrawingSvg,
   kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf, kContents, kAbout,
   kWindowTitle, kHelpTitle, kAboutText, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
@@ -25,7 +26,7 @@ enum class Text {
   kBodies, kShownBodies, kSeeThrough, kDefinitionFiles, kClose,
   kPickHint, kPickPosition, kPickFigure, kPickSolid, kTypedPosition, kNotAPosition,
   kFigures, kSolids, kCancel,
-  kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored,
+  kImporting, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored, kNothingStored,
   kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kNone, kWritten,
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kFloat, kHelpBack, kHelpSearch, kNotFound, kLines, kCancelled, kWelcome,

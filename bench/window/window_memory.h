@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPoint>
 #include <QSettings>
 #include <QStringList>
 #include <optional>
@@ -29,6 +30,10 @@ class WindowMemory {
   /// The name of the arrangement of the views.
   QString Views() const { return settings_.value("views").toString(); }
   void SetViews(const QString& name) { settings_.setValue("views", name); }
+
+  /// Where the user has moved the module's dialog; (0, 0) while it was not moved.
+  QPoint DialogPlace() const { return settings_.value("dialogPlace").toPoint(); }
+  void KeepDialogPlace(const QPoint& place) { settings_.setValue("dialogPlace", place); }
 
   /// The projects that were open, the latest first, without those that no longer exist.
   QStringList Recent() const;

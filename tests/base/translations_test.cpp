@@ -129,7 +129,8 @@ TEST_F(LanguagesTest, WithoutACatalogueAreMissing) {
 
 TEST(Catalogues, HoldTheSectionsOfOurProgramsOnly) {
   for (const auto& [code, catalogue] : test::Catalogues())
-    EXPECT_THAT(catalogue.Sections(), testing::Each(Key(testing::AnyOf("cli", "section", "show", "view", "window"))))
+    EXPECT_THAT(catalogue.Sections(),
+                testing::Each(Key(testing::AnyOf("cli", "section", "show", "view", "window"))))
         << code;
 }
 

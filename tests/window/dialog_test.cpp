@@ -8,6 +8,7 @@
 #include "support/places.h"
 #include "vdm/store.h"
 #include "view/ids.h"
+#include "window/commands/dialog_place.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -88,6 +89,97 @@ TEST_F(Dialogs, OpenAtThePageOfTheRowThatIsDoubleClicked) {
   QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   QTest::mouseRelease(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   EXPECT_EQ(page, "Billet cylindrical");
+}
+
+TEST_F(Dialogs, ShowWhatIsStoredWhileTheyAreUp) {
+  OpenSample();
+  ASSERT_FALSE(equipment().BodyNames().contains("main billet"));
+  When([] { return OnScreen() != nullptr; },
+       [this] {
+         SelectNode(*OnScreen(), "Billet cylindrical");
+         Type(*OnScreen(), "2022", "42");
+         Type(*OnScreen(), "2023", "50");
+         EXPECT_TRUE(
+             QTest::qWaitFor([this] { return equipment().BodyNames().contains("main billet, not stored"); }));
+         EXPECT_FALSE(equipment().BodyNames().contains("main billet"));
+         QTest::mouseClick(OnScreen()->findChild<QAbstractButton*>("2016"), Qt::LeftButton);
+         EXPECT_TRUE(
+             QTest::qWaitFor([this] { return equipment().BodyNames() == QStringList("main billet"); }));
+         ASSERT_NE(drawing().section(), nullptr);
+         EXPECT_NEAR(section::BoxOf(drawing().section()->section).max.y, 21, 1e-9);
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_EQ(equipment().BodyNames(), QStringList("main billet"));
+}
+
+TEST_F(Dialogs, ShowADeviceBeforeItsSimulationDataAreMade) {
+  OpenSample(true);
+  const auto chuckDepth = [this] {
+    for (const auto& body : drawing().section()->section.bodies) {
+      if (body.name == "main chuck") return section::BoxOf(body.region).Width();
+    }
+    return 0.0;
+  };
+  EXPECT_NEAR(chuckDepth(), 90, 1e-9);
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         SelectNode(*OnScreen(), "Chuck");
+         const QString letter = QString::number(control::EditOfLetter('B'));
+         Type(*OnScreen(), letter.toLatin1().constData(), "70");
+         const auto isPale = [this] { return equipment().BodyNames().contains("main chuck, not stored"); };
+         EXPECT_TRUE(QTest::qWaitFor(isPale));
+         EXPECT_NEAR(chuckDepth(), 90, 1e-9) << "what is stored stays until it is selected";
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_NEAR(chuckDepth(), 90, 1e-9);
+  EXPECT_FALSE(equipment().BodyNames().contains("main chuck, not stored"));
+}
+
+TEST(DialogPlaces, AreBesideTheWindow) {
+  const QRect screen(0, 0, 1920, 1080);
+  const auto right = window::PlaceBeside(screen, {0, 40, 900, 900}, {980, 740}, 640);
+  EXPECT_EQ(right.window, QRect(0, 40, 900, 900));
+  EXPECT_EQ(right.dialog, QRect(900, 40, 980, 740));
+  const auto left = window::PlaceBeside(screen, {1020, 40, 900, 900}, {980, 740}, 640);
+  EXPECT_EQ(left.window, QRect(1020, 40, 900, 900));
+  EXPECT_EQ(left.dialog.right(), 1019);
+}
+
+TEST(DialogPlaces, MakeTheWindowNarrowerWhereTheScreenNeedsIt) {
+  const auto places = window::PlaceBeside({0, 0, 1920, 1080}, {260, 40, 1400, 900}, {1180, 740}, 640);
+  EXPECT_EQ(places.window, QRect(0, 40, 740, 900));
+  EXPECT_EQ(places.dialog, QRect(740, 40, 1180, 740));
+}
+
+TEST(DialogPlaces, OverlapOnASmallScreenByWhatIsMissing) {
+  const auto places = window::PlaceBeside({0, 0, 1280, 800}, {0, 0, 1280, 800}, {1180, 740}, 640);
+  EXPECT_EQ(places.window, QRect(0, 0, 640, 800));
+  EXPECT_EQ(places.dialog, QRect(100, 0, 1180, 740));
+  EXPECT_EQ(places.window.intersected(places.dialog).width(), 640 + 1180 - 1280);
+}
+
+TEST_F(Dialogs, ComeUpWhereTheUserHasPutThem) {
+  OpenSample();
+  QPoint first, second;
+  const QRect before = window->geometry();
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         first = OnScreen()->pos();
+         OnScreen()->move(60, 90);
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_EQ(window->geometry(), before) << "the window gets its size back";
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         second = OnScreen()->pos();
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_NE(first, QPoint(60, 90));
+  EXPECT_EQ(second, QPoint(60, 90));
 }
 
 TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {

@@ -170,6 +170,54 @@ TEST_F(Views, OfTheEquipmentHideBodiesAndSeeThroughThem) {
   EXPECT_NE(equipment().grab().toImage(), hidden);
 }
 
+TEST_F(Views, OfTheDrawingShowTheHalfSectionAndSnapToIt) {
+  OpenSample(true);
+  ASSERT_NE(drawing().section(), nullptr);
+  const QImage with = drawing().grab().toImage();
+  double x = 0, y = 0;
+  QObject::connect(&drawing(), &window::DrawingView::PositionPicked, [&](double pickedX, double pickedY) {
+    x = pickedX;
+    y = pickedY;
+  });
+  // The jaw's outer front corner.
+  drawing().Ask(window::DrawingView::Picking::kPosition);
+  Click(drawing(), At(-40, 59));
+  EXPECT_NEAR(x, -40, 1e-9);
+  EXPECT_NEAR(y, 59, 1e-9);
+  drawing().Ask(window::DrawingView::Picking::kNone);
+  actions()[Command::kHalfSection]->trigger();
+  EXPECT_EQ(drawing().section(), nullptr);
+  EXPECT_NE(drawing().grab().toImage(), with);
+}
+
+TEST_F(Views, MeasureBetweenCornersAndOnBodies) {
+  OpenSample(true);
+  actions()[Command::kMeasure]->trigger();
+  Click(drawing(), At(-40, 59));
+  EXPECT_EQ(drawing().measure().Text(LengthUnit::kMillimetre), "X -40  \u00D8 118 mm");
+  Click(drawing(), At(-102, 80));
+  EXPECT_EQ(drawing().measure().Text(LengthUnit::kMillimetre),
+            "65.46  \u0394X -62  \u0394\u00D8 42 mm  18.71\u00B0");
+  EXPECT_EQ(equipment().selected(), "") << "a click that measures selects nothing";
+  actions()[Command::kFront]->trigger();
+  const auto place = scene::Camera(equipment().look()).Project({-150, 0, 80});
+  Click(equipment(), QPoint(static_cast<int>(place.x), static_cast<int>(place.y)));
+  ASSERT_TRUE(equipment().measure().from());
+  EXPECT_NEAR(std::hypot(equipment().measure().from()->y, equipment().measure().from()->z), 80, 0.3);
+  actions()[Command::kMeasure]->trigger();
+  EXPECT_FALSE(drawing().measure().from());
+}
+
+TEST_F(Views, MarkTheSameBodyInBoth) {
+  OpenSample(true);
+  const QImage before = equipment().grab().toImage();
+  QTest::mouseMove(&drawing(), At(-70, 40));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return equipment().grab().toImage() != before; }));
+  EXPECT_EQ(drawing().toolTip(), "main jaw 1");
+  Click(drawing(), At(-150, 60));
+  EXPECT_EQ(equipment().selected(), "main chuck");
+}
+
 TEST_F(Views, OfNothingSayWhatToDo) {
   EXPECT_GT(Coloured(equipment().grab().toImage(), QColor("#fcfdfe")), 20);
 }

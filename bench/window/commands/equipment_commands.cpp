@@ -51,7 +51,8 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
               [this](const QString& name) { ShowFigure(name); },
               [this](const QString& name) { ShowSolid(name); }, [this] { static_cast<void>(ShowScene()); },
               [this] { return workplace_.unit; }}),
-      page_(this) {
+      page_(this),
+      live_(workplace, {parts.drawing, parts.equipment, [this] { return ShowScene(); }}, nullptr) {
   redraw_.setSingleShot(true);
   redraw_.setInterval(kRedrawDelay);
   connect(&redraw_, &QTimer::timeout, this, &EquipmentCommands::RefreshDrawing);
@@ -103,6 +104,7 @@ void EquipmentCommands::Call(const char* function) {
     return workplace_.reportFault(reloaded.fault());
   ReadUnit();
   emit AtWork(true);
+  live_.Begin();
   // A body that a pick or a page asks for is read within one call.
   std::unique_ptr<BusyBox> box;
   const auto progress = [&](double done) {
@@ -128,6 +130,7 @@ void EquipmentCommands::Call(const char* function) {
       const QString fault = ToQString(kept.fault().Message());
       ShowEventFault(fault, fault + "\n\n" + workplace_.texts(Text::kNotStored));
     }
+    live_.Refresh();
     return kept;
   };
   const auto announce = [&](const std::string& sentence) {
@@ -137,6 +140,7 @@ void EquipmentCommands::Call(const char* function) {
       workplace_.session->Call(function, {parts_.messages, std::make_unique<WindowPicks>(picks_),
                                           std::make_unique<CallListener>(parts_.messages, afterCall),
                                           workplace_.window, progress, help, keepEvent, announce});
+  live_.End();
   emit AtWork(false);
   workplace_.Report(called);
   Refresh();
@@ -167,6 +171,7 @@ void EquipmentCommands::ReadUnit() {
   workplace_.Report(unit ? Result<void>() : unit.fault());
   workplace_.unit = unit ? *unit : LengthUnit::kMillimetre;
   parts_.drawing.SetUnit(workplace_.unit);
+  parts_.equipment.SetUnit(workplace_.unit);
 }
 
 void EquipmentCommands::RefreshDefinition() {
@@ -193,6 +198,7 @@ void EquipmentCommands::RefreshEquipment() {
   parts_.equipment.SetHint(workplace_.texts(Text::kNoEquipment));
   const auto made = MakeScene();
   const auto shown = ShowScene();
+  RefreshSection();
   if (made && shown) return;
   const Fault& fault = made ? shown.fault() : made.fault();
   parts_.equipment.SetHint(ToQString(fault.Message()));
@@ -203,6 +209,14 @@ void EquipmentCommands::RefreshEquipment() {
 Result<void> EquipmentCommands::ShowScene() {
   workplace_.shownScene = parts_.bodies.Show(workplace_.scene);
   return parts_.equipment.Show(workplace_.shownScene);
+}
+
+void EquipmentCommands::RefreshSection() {
+  const auto read = results::ReadDefinition(workplace_.session->project(), workplace_.spur);
+  const bool isShown = workplace_.scene != nullptr && read && read->definition;
+  parts_.drawing.ShowSection(
+      isShown ? SectionToShow(workplace_, scene::ReadEquipment(*read->definition), *workplace_.scene)
+              : nullptr);
 }
 
 /// Without a scene after a fault.

@@ -6,6 +6,7 @@
 
 #include "window/actions.h"
 #include "window/commands/dialog_page.h"
+#include "window/commands/live_equipment.h"
 #include "window/commands/pick_session.h"
 #include "window/commands/workplace.h"
 #include "window/docks/body_dock.h"
@@ -66,6 +67,7 @@ class EquipmentCommands final : public QObject {
   void RefreshDefinition();
   void RefreshEquipment();
   Result<void> ShowScene();
+  void RefreshSection();
   void RefreshIfChanged();
   Result<void> MakeScene();
 
@@ -80,6 +82,7 @@ class EquipmentCommands final : public QObject {
   Parts parts_;
   PickSession picks_;
   DialogPage page_;
+  LiveEquipment live_;
   QTimer redraw_;           ///< draws once for many lines
   QTimer changePoll_;       ///< looks whether another process changed the project
   std::string fileStamps_;  ///< of the files that are shown

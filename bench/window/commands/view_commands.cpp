@@ -51,6 +51,11 @@ bool ViewCommands::Run(Command command, bool isOn) {
       parts_.equipment.Fit();
       return true;
     case Command::kSection: workplace_.Report(parts_.equipment.SetSection(isOn)); return true;
+    case Command::kHalfSection: parts_.drawing.SetSectionVisible(isOn); return true;
+    case Command::kMeasure:
+      parts_.drawing.SetMeasuring(isOn);
+      parts_.equipment.SetMeasuring(isOn);
+      return true;
     case Command::kGrid: parts_.drawing.SnapToGrid(isOn); return true;
     case Command::kPerspective: parts_.equipment.SetPerspective(isOn); return true;
     case Command::kBothViews:

@@ -43,16 +43,61 @@ void DrawingView::Hide(const std::string& layer, bool isHidden) {
 void DrawingView::SelectShown() {
   shown_ = all_;
   std::erase_if(shown_, [&](const auto& entry) { return hidden_.contains(entry.first); });
-  places_ = SnapPlaces(shown_);
+  places_ =
+      SnapPlaces(shown_, section() != nullptr ? ContoursOf(*section()) : std::vector<geometry::Kurve>());
   snap_.reset();
   hovered_.clear();
   update();
 }
 
 void DrawingView::Fit() {
-  frame_.Fit(drawing::BoxOf(all_), size());
+  frame_.Fit(BoxOfAll(), size());
   isFitted_ = true;
   update();
+}
+
+/// With room for the dimensions of a section.
+geometry::Box DrawingView::BoxOfAll() const {
+  geometry::Box box = drawing::BoxOf(all_);
+  if (section() == nullptr) return box;
+  const geometry::Box bodies = section::BoxOf(section()->section);
+  if (bodies.min.x > bodies.max.x) return box;
+  constexpr double kText = 0.03;  // of the width, about as high as a text is
+  box.Insert(section::LayOut(section()->section, section()->texts, bodies.Width() * kText).box);
+  return box;
+}
+
+void DrawingView::ShowSection(std::shared_ptr<const ShownSection> section) {
+  section_ = std::move(section);
+  hoveredBody_.clear();
+  SelectShown();
+  if (isFitted_) Fit();
+}
+
+void DrawingView::SetSectionVisible(bool isVisible) {
+  isSectionVisible_ = isVisible;
+  SelectShown();
+  if (isFitted_) Fit();
+}
+
+void DrawingView::Mark(const QString& body) {
+  marked_ = body;
+  update();
+}
+
+QString DrawingView::BodyAt(const QPointF& place) const {
+  const section::SectionBody* const body =
+      section() == nullptr ? nullptr : window::BodyAt(*section(), frame_.ToPlane(place));
+  return body == nullptr ? QString() : ToQString(body->name);
+}
+
+void DrawingView::HoverBody(const QPointF& place) {
+  const QString body = BodyAt(place);
+  if (body == hoveredBody_) return;
+  hoveredBody_ = body;
+  setToolTip(body);
+  update();
+  emit BodyHovered(body);
 }
 
 void DrawingView::Ask(Picking picking) {
@@ -69,14 +114,20 @@ void DrawingView::paintEvent(QPaintEvent*) {
   DrawingPainter drawing(painter, frame_, size(), palette(), unit_);
   drawing.PaintGround();
   // It would run through the text.
-  if (!shown_.empty()) drawing.PaintAxis();
+  if (!shown_.empty() || section() != nullptr) drawing.PaintAxis();
+  SectionPainter sections(painter, frame_, size(), palette());
+  if (section() != nullptr) {
+    sections.PaintBodies(*section(), (hoveredBody_.isEmpty() ? marked_ : hoveredBody_).toStdString());
+    sections.PaintDimensions(*section());
+  }
   drawing.PaintLayers(shown_, picking_ == Picking::kFigure ? hovered_ : std::string());
   drawing.PaintScale();
-  if (picking_ == Picking::kPosition && underMouse()) {
+  if (WantsPosition() && underMouse()) {
     drawing.PaintCross(frame_.ToScreen(PickAt(cursor_)));
   }
+  PaintMeasured(painter);
   if (snap_) drawing.PaintSnap(*snap_);
-  if (shown_.empty()) drawing.PaintHint(hint_);
+  if (shown_.empty() && section() == nullptr) drawing.PaintHint(hint_);
 }
 
 void DrawingView::resizeEvent(QResizeEvent*) {
@@ -106,24 +157,31 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
       isFitted_ = false;
       setCursor(Qt::ClosedHandCursor);
     }
+  } else if (picking_ == Picking::kNone) {
+    HoverBody(place);
   }
   Hover(place);
 }
 
 void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
-  setCursor(picking_ == Picking::kNone ? Qt::ArrowCursor : Qt::CrossCursor);
+  setCursor(picking_ == Picking::kFigure || WantsPosition() ? Qt::CrossCursor : Qt::ArrowCursor);
   if (hasMoved_ || event->button() != Qt::LeftButton) return;
   Hover(event->position());
+  if (picking_ == Picking::kNone && !isMeasuring_) emit BodySelected(BodyAt(event->position()));
   AnswerPick();
 }
 
-void DrawingView::mouseDoubleClickEvent(QMouseEvent*) {
-  if (picking_ == Picking::kNone) Fit();
+void DrawingView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (picking_ != Picking::kNone || isMeasuring_) return;
+  const QString body = BodyAt(event->position());
+  if (body.isEmpty()) return Fit();
+  emit BodyActivated(body);
 }
 
 void DrawingView::leaveEvent(QEvent*) {
   snap_.reset();
   hovered_.clear();
+  HoverBody({-1e6, -1e6});
   update();
   emit CursorLeft();
 }
@@ -132,9 +190,9 @@ void DrawingView::leaveEvent(QEvent*) {
 void DrawingView::Hover(const QPointF& place) {
   cursor_ = place;
   const geometry::Point point = frame_.ToPlane(place);
-  snap_ = picking_ == Picking::kPosition ? places_.Near(point, kSnapReach / frame_.scale()) : std::nullopt;
+  snap_ = WantsPosition() ? places_.Near(point, kSnapReach / frame_.scale()) : std::nullopt;
   hovered_ = picking_ == Picking::kFigure ? FigureAt(place) : std::string();
-  const geometry::Point shown = picking_ == Picking::kPosition ? PickAt(place) : point;
+  const geometry::Point shown = WantsPosition() ? PickAt(place) : point;
   emit CursorMoved(shown.x, shown.y);
   update();
 }
@@ -154,7 +212,30 @@ void DrawingView::AnswerPick() {
     emit PositionPicked(point.x, point.y);
   } else if (picking_ == Picking::kFigure && !hovered_.empty()) {
     emit FigurePicked(ToQString(hovered_));
+  } else if (WantsPosition()) {
+    const geometry::Point point = PickAt(cursor_);
+    measure_.Click({point.x, point.y, 0});
+    update();
   }
+}
+
+bool DrawingView::WantsPosition() const {
+  return picking_ == Picking::kPosition || (picking_ == Picking::kNone && isMeasuring_);
+}
+
+void DrawingView::SetMeasuring(bool isOn) {
+  isMeasuring_ = isOn;
+  measure_.Clear();
+  setCursor(WantsPosition() ? Qt::CrossCursor : Qt::ArrowCursor);
+  update();
+}
+
+void DrawingView::PaintMeasured(QPainter& painter) const {
+  if (!measure_.from() || !isMeasuring_) return;
+  const geometry::Point next = PickAt(cursor_);
+  const geometry::Point3d to = measure_.to().value_or(geometry::Point3d(next.x, next.y, 0));
+  PaintMeasure(painter, frame_.ToScreen({measure_.from()->x, measure_.from()->y}),
+               frame_.ToScreen({to.x, to.y}), measure_.Text(unit_, to), palette());
 }
 
 /// The figure that can be picked with the line nearest to the place; empty when none is near.

@@ -8,6 +8,8 @@
 
 #include "base/length_unit.h"
 #include "drawing/shown.h"
+#include "window/views/measure.h"
+#include "window/views/section_painter.h"
 #include "window/views/snap.h"
 #include "window/views/view_frame.h"
 
@@ -25,9 +27,19 @@ class DrawingView final : public QWidget {
   /// Shows a drawing. The first one that is not empty is fitted.
   void Show(const drawing::Drawing& drawing);
   void Hide(const std::string& layer, bool isHidden);
+
+  /// Shows the half section of the equipment below the drawing, null for none; positions snap to it.
+  void ShowSection(std::shared_ptr<const ShownSection> section);
+  void SetSectionVisible(bool isVisible);
+  const ShownSection* section() const { return isSectionVisible_ ? section_.get() : nullptr; }
+
+  /// Marks the body of that name in the section; empty: none.
+  void Mark(const QString& body);
   void Fit();
   void Ask(Picking picking);
   void SetUnit(LengthUnit unit) { unit_ = unit, update(); }  ///< of the grid, the ruler and rounded picks
+  void SetMeasuring(bool isOn);                              ///< clicks measure while nothing is asked for
+  const Measure& measure() const { return measure_; }
   void SnapToGrid(bool isOn) { isOnGrid_ = isOn, update(); }
   void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< shown while there is nothing to see
 
@@ -41,6 +53,9 @@ class DrawingView final : public QWidget {
   void CursorLeft();
   void PositionPicked(double x, double y);
   void FigurePicked(const QString& name);
+  void BodyHovered(const QString& body);    ///< empty: no body is under the cursor
+  void BodySelected(const QString& body);   ///< by a click; empty: beside all bodies
+  void BodyActivated(const QString& body);  ///< by a double click
 
  protected:
   void paintEvent(QPaintEvent*) override;
@@ -55,18 +70,28 @@ class DrawingView final : public QWidget {
  private:
   void SelectShown();
   void Hover(const QPointF& place);
+  bool WantsPosition() const;
+  void PaintMeasured(QPainter& painter) const;
+  void HoverBody(const QPointF& place);
+  QString BodyAt(const QPointF& place) const;
+  geometry::Box BoxOfAll() const;
   void AnswerPick();
   geometry::Point PickAt(const QPointF& place) const;
   std::string FigureAt(const QPointF& place) const;
 
   drawing::ShownLayers all_, shown_;
   std::set<std::string> hidden_;
+  std::shared_ptr<const ShownSection> section_;
+  bool isSectionVisible_ = true;
+  QString hoveredBody_, marked_;
   SnapPlaces places_;
   ViewFrame frame_;
   bool isFitted_ = true;  ///< until the user moves or zooms
   Picking picking_ = Picking::kNone;
   LengthUnit unit_ = LengthUnit::kMillimetre;
   bool isOnGrid_ = false;
+  bool isMeasuring_ = false;
+  Measure measure_;
   std::optional<Snap> snap_;
   std::string hovered_;  ///< figure
   QPointF cursor_, pressed_;

@@ -192,22 +192,7 @@ void EquipmentView::paintEvent(QPaintEvent*) {
   if (isDue_) DrawQuickly();
   painter.drawImage(QRectF(rect()), picture_);
   PaintAxes(painter, look_, size(), palette());
-  PaintName(painter);
-}
-
-/// The name of the body under the cursor, beside it.
-void EquipmentView::PaintName(QPainter& painter) const {
-  if (hovered_.isEmpty()) return;
-  const QFontMetricsF metrics(font());
-  QRectF box(cursor_ + QPointF(14, 12),
-             QSizeF(metrics.horizontalAdvance(hovered_) + 12, metrics.height() + 6));
-  box.moveRight(std::min(box.right(), width() - 2.0));
-  box.moveBottom(std::min(box.bottom(), height() - 2.0));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(palette().toolTipBase());
-  painter.drawRoundedRect(box, 3, 3);
-  painter.setPen(palette().color(QPalette::ToolTipText));
-  painter.drawText(box, Qt::AlignCenter, hovered_);
+  isMeasuring_ ? PaintMeasured(painter) : PaintName(painter);
 }
 
 void EquipmentView::resizeEvent(QResizeEvent* event) {
@@ -236,7 +221,7 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
   cursor_ = event->position();
   if (event->buttons() == Qt::NoButton) {
     rest_.start();
-    if (!hovered_.isEmpty()) update();
+    if (!hovered_.isEmpty() || isMeasuring_) update();
     return;
   }
   if (!hasMoved_) return;
@@ -253,6 +238,10 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
 
 void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
   if (hasMoved_ || event->button() != Qt::LeftButton) return;
+  if (isMeasuring_ && !isAsked_) {
+    if (const auto point = PointAt(event->position())) measure_.Click(*point);
+    return update();
+  }
   if (!isAsked_) {
     const QString body = BodyAt(event->position());
     Select(body);
@@ -261,20 +250,6 @@ void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
   }
   const QString solid = SolidAt(event->position());
   if (!solid.isEmpty()) emit SolidPicked(solid);
-}
-
-QString EquipmentView::SolidAt(const QPointF& place) const {
-  if (model_ == nullptr) return {};
-  const scene::ModelBody* const body =
-      scene::SeenAt(*model_, scene::Camera(look_), place.x(), place.y()).body;
-  return body == nullptr ? QString() : ToQString(body->solid);
-}
-
-QString EquipmentView::BodyAt(const QPointF& place) const {
-  if (model_ == nullptr) return {};
-  const scene::ModelBody* const body =
-      scene::SeenAt(*model_, scene::Camera(look_), place.x(), place.y(), looks_).body;
-  return body == nullptr ? QString() : ToQString(body->name);
 }
 
 void EquipmentView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -286,50 +261,6 @@ void EquipmentView::mouseDoubleClickEvent(QMouseEvent* event) {
 void EquipmentView::leaveEvent(QEvent*) {
   rest_.stop();
   SetHovered({});
-}
-
-void EquipmentView::Hover() {
-  SetHovered(BodyAt(cursor_));
-}
-
-void EquipmentView::SetHovered(const QString& body) {
-  if (body == hovered_) return;
-  hovered_ = body;
-  Invalidate();
-  emit BodyHovered(body);
-}
-
-QStringList EquipmentView::BodyNames() const {
-  QStringList names;
-  if (scene_ == nullptr) return names;
-  for (const scene::SceneBody& body : scene_->bodies) names << ToQString(body.name);
-  return names;
-}
-
-scene::BodyLook EquipmentView::LookOf(const QString& body) const {
-  return scene::LookAt(looks_, body.toStdString());
-}
-
-void EquipmentView::Hide(const QString& body, bool isHidden) {
-  looks_[body.toStdString()].isHidden = isHidden;
-  Invalidate();
-}
-
-void EquipmentView::SetSeenThrough(const QString& body, bool isSeenThrough) {
-  looks_[body.toStdString()].isSeenThrough = isSeenThrough;
-  Invalidate();
-}
-
-void EquipmentView::Mark(const QString& body) {
-  if (body == marked_) return;
-  marked_ = body;
-  Invalidate();
-}
-
-void EquipmentView::Select(const QString& body) {
-  if (body == selected_) return;
-  selected_ = body;
-  Invalidate();
 }
 
 void EquipmentView::changeEvent(QEvent* event) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "scene/picture.h"
+#include "window/views/measure.h"
 
 namespace vanzet::window {
 
@@ -37,6 +38,11 @@ class EquipmentView final : public QWidget {
   scene::BodyLook LookOf(const QString& body) const;
   void Hide(const QString& body, bool isHidden);
   void SetSeenThrough(const QString& body, bool isSeenThrough);
+
+  /// Clicks measure on the bodies while no solid is asked for.
+  void SetMeasuring(bool isOn);
+  void SetUnit(LengthUnit unit) { unit_ = unit, update(); }
+  const Measure& measure() const { return measure_; }
 
   /// Marks a body that is pointed at elsewhere; empty: none.
   void Mark(const QString& body);
@@ -83,6 +89,8 @@ class EquipmentView final : public QWidget {
   void Hover();
   void SetHovered(const QString& body);
   void PaintName(QPainter& painter) const;
+  std::optional<geometry::Point3d> PointAt(const QPointF& place) const;
+  void PaintMeasured(QPainter& painter) const;
 
   std::shared_ptr<const scene::Scene> scene_;
   std::shared_ptr<const scene::Model> model_;
@@ -98,6 +106,9 @@ class EquipmentView final : public QWidget {
   QTimer rest_;  ///< until the cursor has stayed where it is
   scene::BodyLooks looks_;
   QString hovered_, marked_, selected_;
+  bool isMeasuring_ = false;
+  Measure measure_;
+  LengthUnit unit_ = LengthUnit::kMillimetre;
   bool isAsked_ = false;
   QPointF cursor_, pressed_;
   bool hasMoved_ = false;

@@ -46,15 +46,15 @@ bool IsAbout(const Span& span, const Point& place, double reach) {
 
 }  // namespace
 
-SnapPlaces::SnapPlaces(const drawing::ShownLayers& shown) {
+SnapPlaces::SnapPlaces(const drawing::ShownLayers& shown, const std::vector<geometry::Kurve>& more) {
   spans_.push_back(LongSpan({0, 0}, {1, 0}));
+  const auto add = [this](const geometry::Kurve& curve) {
+    for (int i = 1; i <= curve.SpanCount(); ++i) curve.Get(i, spans_.emplace_back(), true);
+  };
+  for (const geometry::Kurve& curve : more) add(curve);
   for (const auto& [layer, groups] : shown) {
     for (const drawing::ShownGroup& group : groups) {
-      for (const drawing::ShownCurve& curve : group.curves) {
-        for (int i = 1; i <= curve.curve.SpanCount(); ++i) {
-          curve.curve.Get(i, spans_.emplace_back(), true);
-        }
-      }
+      for (const drawing::ShownCurve& curve : group.curves) add(curve.curve);
       for (const geometry::CLine& line : group.lines) spans_.push_back(LongSpan(line.p, line.v));
     }
   }

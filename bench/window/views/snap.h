@@ -19,7 +19,7 @@ struct Snap {
 class SnapPlaces {
  public:
   SnapPlaces() = default;
-  explicit SnapPlaces(const drawing::ShownLayers& shown);
+  explicit SnapPlaces(const drawing::ShownLayers& shown, const std::vector<geometry::Kurve>& more = {});
 
   std::optional<Snap> Near(const geometry::Point& place, double reach) const;
 

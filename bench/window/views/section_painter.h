@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPainter>
+#include <QPalette>
+#include <memory>
+#include <vector>
+
+#include "section/layout.h"
+#include "window/views/view_frame.h"
+
+namespace vanzet::window {
+
+/// A half section as the drawing shows it: its contours made once, its texts.
+struct ShownSection {
+  section::Section section;
+  section::SectionTexts texts;
+  std::vector<std::vector<geometry::Kurve>> contours;  ///< of each body
+  std::vector<bool> isPale;                            ///< of each body: it is not stored yet
+};
+
+/// Prepares a section for painting. Bodies with these names are pale.
+std::shared_ptr<const ShownSection> ShownOf(section::Section section, section::SectionTexts texts,
+                                            const std::vector<std::string>& paleBodies = {});
+
+/// The contours of all bodies, for picks.
+std::vector<geometry::Kurve> ContoursOf(const ShownSection& shown);
+
+/// Paints sections of a set-up: bodies below a drawing, dimensions above it.
+class SectionPainter {
+ public:
+  SectionPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
+
+  void PaintBodies(const ShownSection& shown, const std::string& marked);
+  void PaintDimensions(const ShownSection& shown);
+
+ private:
+  void PaintBody(const ShownSection& shown, std::size_t body, bool isMarked);
+  void PaintLabel(const section::Label& label, double height, const QColor& colour);
+
+  QPainter& painter_;
+  const ViewFrame& frame_;
+  QRectF seen_;
+  const QPalette& palette_;
+};
+
+/// The body of a section at a place of the plane; the one that is painted last. Null without one.
+const section::SectionBody* BodyAt(const ShownSection& shown, const geometry::Point& place);
+
+}  // namespace vanzet::window
