@@ -10,6 +10,8 @@ namespace {
 using RegionLoopLaws = RegionLaws;
 using RegionCornerLaws = RegionLaws;
 
+/// The fraction of a span at which no other one is likely to touch it.
+constexpr double kNoVertex = 0.4321;
 constexpr double kAside = 1e-4;
 constexpr double kOnBoundary = 1e-7;
 
@@ -31,8 +33,8 @@ void ExpectInsideOnTheLeft(const Region& region) {
     EXPECT_EQ(loop.IsHole(), loop.Area() < 0);
     for (const RegionSpan& s : loop.spans) {
       for (const double side : {kAside, -kAside}) {
-        const Point p = LeftOf(s, 0.5, side);
-        if (DistanceTo(region, p) < 0.9 * kAside || s.Length() < 10 * kAside) continue;
+        const Point p = LeftOf(s, kNoVertex, side);
+        if (DistanceTo(region, p) < kAside - kOnBoundary || s.Length() < 10 * kAside) continue;
         ASSERT_EQ(TurnsAround(region, p), side > 0 ? 1 : 0) << p.x << " " << p.y;
       }
     }
@@ -62,7 +64,7 @@ TEST_F(RegionLoopLaws, ALargerDistanceGivesLess) {
       4);
 }
 
-// A point that was moved from a span by the distance, and has no other span within it, is on the result.
+// A point that was moved from a span by the distance, and beyond which nothing is nearer, is on the result.
 TEST_F(RegionLoopLaws, NoPartOfAnOffsetIsMissing) {
   ForEach(
       [&](Random& random) {
@@ -72,8 +74,9 @@ TEST_F(RegionLoopLaws, NoPartOfAnOffsetIsMissing) {
         for (const RegionLoop& loop : region.loops) {
           for (const RegionSpan& s : loop.spans) {
             for (int i = 1; i < 20; ++i) {
-              const Point beyond = LeftOf(s, i / 20.0, distance + (distance > 0 ? kAside : -kAside));
-              if (std::abs(DistanceTo(region, beyond) - std::abs(distance) - kAside) > kClose / 10) continue;
+              const double farther = distance + std::copysign(kAside, distance);
+              const Point beyond = LeftOf(s, i / 20.0, farther);
+              if (std::abs(Depth(region, beyond) - farther) > kClose / 10) continue;
               ASSERT_NEAR(DistanceTo(made, LeftOf(s, i / 20.0, distance)), 0, kOnBoundary)
                   << "by " << distance;
             }
@@ -103,7 +106,7 @@ TEST_F(RegionCornerLaws, CornersOfAnyFormKeepTheDistance) {
       4);
 }
 
-// What a sharp corner keeps away from the contour is more than what a cut one does, and that more than a round one.
+// A sharp corner keeps more away from the contour than a cut one does, and that one more than a round one.
 TEST_F(RegionCornerLaws, FormsContainEachOther) {
   ForEach(
       [&](Random& random) {

@@ -13,7 +13,7 @@ constexpr int kEvery = 20;
 
 class RegionReference : public RegionLaws {
  protected:
-  /// What the chords of a boundary, and their distance from it, can add to an area or take from it.
+  /// The largest error of an area that is due to the chords of a boundary.
   static double ErrorOf(double perimeter) { return 4 * Chorded::kChord * (1 + perimeter); }
 
   Chorded chorded;
