@@ -1,12 +1,14 @@
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <string>
 
 #include "geometry/offset.h"
 #include "geometry/region.h"
 #include "offset_contours.h"
 
-/// The time of the offset of a region for each span, beside that of the offset by the steps.
+/// The time of the offset of a region, or of thickening an open contour, for each span, beside that of the
+/// offset by the steps.
 namespace vanzet::benchmarks {
 namespace {
 
@@ -39,7 +41,19 @@ void OffsetOfRegion(benchmark::State& state, const Kind& kind, int spans, double
   CountSpans(state, k.spans.size());
 }
 
+/// Both sides and the ends of an open contour.
+void ThickPath(benchmark::State& state, const Kind& kind, int spans, double distance) {
+  const KurveEx k = kind.make(spans);
+  for (auto _ : state) {
+    const geometry::Region thick = geometry::Thicken(k, std::abs(distance));
+    if (!thick.ok) state.SkipWithError("the region could not be computed");
+    benchmark::DoNotOptimize(thick.loops.size());
+  }
+  CountSpans(state, k.spans.size());
+}
+
 void Register(const Kind& kind, int spans) {
+  const bool isClosed = kind.make(100).Closed();
   for (const double distance : {kDistance, -kDistance}) {
     const std::string place =
         std::string("/") + kind.name + "/" + std::to_string(spans) + (distance > 0 ? "/inward" : "/outward");
@@ -49,7 +63,8 @@ void Register(const Kind& kind, int spans) {
       })->Unit(benchmark::kMicrosecond);
     };
     add("Steps", OffsetBySteps);
-    add("Region", OffsetOfRegion);
+    if (isClosed) add("Region", OffsetOfRegion);
+    if (!isClosed && distance > 0) add("Thick", ThickPath);
   }
 }
 
@@ -59,7 +74,6 @@ void Register(const Kind& kind, int spans) {
 int main(int argc, char** argv) {
   geometry::SetUnits(0);
   for (const auto& kind : vanzet::benchmarks::kKinds) {
-    if (!kind.make(100).Closed()) continue;
     for (const int spans : vanzet::benchmarks::kSizes) vanzet::benchmarks::Register(kind, spans);
   }
   benchmark::Initialize(&argc, argv);

@@ -17,8 +17,9 @@
 ///          meet in vertices only. Predicates are then unambiguous in doubles. The result is verified
 ///          (Euler's formula, one winding number for each face) before it is used; if that fails, r grows
 ///          eightfold, three times, and then the operation fails
-///          Offset curves that are proved not to meet themselves or each other, by more than 16 r, need no
-///          arrangement: each loop is a boundary or is left out, by its winding numbers
+///          Spans of offset curves that are proved to be farther than 16 r from all but the next one are not
+///          arranged. If that holds for all spans, each loop is a boundary or is left out, by its winding
+///          number; otherwise runs of them are edges as a whole
 /// Accuracy vertices within a few r; arcs keep their centre and radius
 /// Cost     n log n for contours whose spans are near few others; less than `KurveEx::Offset` for offsets
 ///          whose curves do not meet

@@ -63,6 +63,15 @@ TEST_F(RegionOffsetCorners, SharpCornersUpToTheLimit) {
          40 + 4 * 4 * leg);
 }
 
+TEST_F(RegionOffsetCorners, ALimitThatNoCornerReachesCostsNoDetails) {
+  const Region cut = Polygon({{0, 0}, {1, 0}, {1, 0.999}, {0.999, 1}, {0, 1}});
+  const Region made = OffsetRegion(cut, -0.01, {Corner::Miter, 1e14});
+  // The cut is at a distance of 1.02 sqrt(2) from the far corner, less what was cut off.
+  const double side = 1.02, leg = 0.001 + 0.02 - 0.01 * std::sqrt(2.0);
+  Expect(made, 1, side * side - leg * leg / 2, 4 * side - (2 - std::sqrt(2.0)) * leg);
+  EXPECT_EQ(made.loops[0].spans.size(), 5u);
+}
+
 TEST_F(RegionOffsetCorners, AChamferTouchesTheRoundCornerInItsMiddle) {
   const double leg = 2 * std::tan(kPi / 8);
   Expect(OffsetRegion(Rectangle(0, 0, 10, 10), -2, {Corner::Chamfer}), 1, 180 + 4 * 2 * 2 * leg,

@@ -32,10 +32,7 @@ RegionSpan EndAfter(const RegionSpan& before) {
 }  // namespace
 
 OffsetChain::OffsetChain(const Sketch& sketch, double left, const RegionOffset& options)
-    : sketch_(sketch),
-      left_(left),
-      shortest_(sketch.Resolution(std::abs(left) * std::max(1.0, options.miterLimit))),
-      options_(options) {}
+    : sketch_(sketch), left_(left), shortest_(sketch.Resolution(std::abs(left))), options_(options) {}
 
 bool OffsetChain::SetLink(const RegionSpan& span, bool isBack, Link& link) const {
   link.source = &span;
@@ -158,6 +155,7 @@ void OffsetChain::AddCorner(const Link& before, const Joint& corner, const Link&
     return Add(origin, LINEAR, corner.start);
   }
   if (corner.viaCount == 0) return;
+  for (int i = 0; i < corner.viaCount; ++i) vias_.Insert(Point(corner.via[i].dx, corner.via[i].dy));
   Add(*before.source, LINEAR, corner.via[0]);
   if (corner.viaCount > 1) Add(CornerBefore(*after.source), LINEAR, corner.via[1]);
   Add(*after.source, LINEAR, corner.start);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <vector>
 
 #include "geometry/region/sketch.h"
@@ -30,8 +31,8 @@ class OffsetChain {
   /// that form.
   RegionLoop Around(const std::vector<RegionSpan>& spans, std::size_t there, EndForm end);
 
-  /// The distance below which points of the loops are one.
-  double Resolution() const { return shortest_; }
+  /// The distance below which points of the loops so far are one.
+  double Resolution() const { return sketch_.Resolution(std::abs(left_), vias_); }
 
  private:
   /// A span of the chain, and the ends of its offset.
@@ -67,6 +68,7 @@ class OffsetChain {
   const Sketch& sketch_;
   double left_, shortest_;
   RegionOffset options_;
+  Box vias_;  ///< of the points of corners; sharp ones may be far away
   RegionLoop loop_;
   Vector2d at_;  ///< where the loop has come to
 };

@@ -130,9 +130,10 @@ double Sketch::Distance() const {
   return ResolutionOf(box);
 }
 
-double Sketch::Resolution(double reach) const {
+double Sketch::Resolution(double reach, const Box& others) const {
   Box box(ends_.min - base_, ends_.max - base_);
   box.Grow(reach);
+  box.Insert(others);
   return ResolutionOf(box);
 }
 

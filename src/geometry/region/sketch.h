@@ -38,8 +38,9 @@ class Sketch {
   const RegionSpan& Origin(std::uint32_t i) const { return *origins_[i]; }
   /// The distance below which points are one, r of geometry/region.h, for the curves so far.
   double Distance() const;
-  /// The same for curves within `reach` of the regions; not above it.
-  double Resolution(double reach) const;
+  /// The same for curves within `reach` of the regions and in a box, which is in the sketch's coordinates;
+  /// not above it.
+  double Resolution(double reach, const Box& others = {}) const;
 
  private:
   void Include(const RegionSpan& span);
