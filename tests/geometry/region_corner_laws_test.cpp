@@ -34,7 +34,7 @@ void ExpectInsideOnTheLeft(const Region& region) {
     for (const RegionSpan& s : loop.spans) {
       for (const double side : {kAside, -kAside}) {
         const Point p = LeftOf(s, kNoVertex, side);
-        if (DistanceTo(region, p) < kAside - kOnBoundary || s.Length() < 10 * kAside) continue;
+        if (DistanceTo(region, p) < kAside * (1 - 1e-6) || s.Length() < 10 * kAside) continue;
         ASSERT_EQ(TurnsAround(region, p), side > 0 ? 1 : 0) << p.x << " " << p.y;
       }
     }
