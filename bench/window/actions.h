@@ -17,9 +17,9 @@ namespace vanzet::window {
 /// The commands of the menus, in their order.
 enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kSettings, kQuit,
-  kDefinition, kUpgrade, kRefresh,
+  kDefinition, kUpgrade, kUndo, kRefresh,
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kHalfSection, kMeasure, kGrid,
-  kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages,
+  kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages, kHistory,
   kLight, kDark,
   kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
   kContents, kPalette, kAbout,

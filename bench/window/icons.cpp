@@ -24,6 +24,7 @@ constexpr IconRow kIcons[] = {
     { "quit",        R"(<path d="M10 4H5v16h5M14 8l4 4-4 4M18 12H9"/>)" },
     { "definition",  R"(<circle cx="12" cy="12" r="8.5"/><circle cx="12" cy="12" r="2.6" stroke="@"/><path d="M10.4 3.8v4.4h3.2V3.8M4 14.2l3.9-2.2 1.6 2.7-3.8 2.2M20 14.2L16.100 12l-1.6 2.7 3.8 2.2" />)" },
     { "upgrade",     R"(<path d="M4 12a8 8 0 0 1 14-5.300M20 12a8 8 0 0 1-14 5.300"/><path stroke="@" d="M18 2.500v4.500h-4.500M6 21.500V17h4.500"/>)" },
+    { "undo",        R"(<path d="M9 7h6a5 5 0 0 1 0 10H8"/><path stroke="@" d="M9 3L5 7l4 4"/>)" },
     { "fit",         R"(<path d="M4 9V4h5M15 4h5v5M20 15v5h-5M9 20H4v-5"/><rect x="8.500" y="8.500" width="7" height="7" stroke="@"/>)" },
     { "refresh",     R"(<path d="M19 8a8 8 0 1 0 1 6"/><path stroke="@" d="M20 3v5.500h-5.500"/>)" },
     { "section",     R"(<path d="M4 19V9l8-5 8 5v10z" opacity="0.450"/><path d="M12 4v15h8V9z" fill="@" fill-opacity="0.250" stroke="@"/>)" },

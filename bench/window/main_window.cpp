@@ -65,6 +65,7 @@ MainWindow::MainWindow(Places places)
       this);
   viewCommands_ = new ViewCommands(workplace_, texts_, memory_,
                                    {*drawing_, *equipment_, *drawingPane_, *equipmentPane_}, this);
+  historyCommands_ = new HistoryCommands(workplace_, *history_, this);
   exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
   ConnectCommands();
   ConnectParts();
@@ -133,12 +134,15 @@ void MainWindow::MakeDocks() {
   bodies_ = new BodyDock(texts_, this);
   layers_ = new LayerDock(texts_, this);
   messages_ = new MessageDock(texts_, this);
+  history_ = new HistoryDock(texts_, this);
   choice_ = new ChoiceDock(this);
   addDockWidget(Qt::LeftDockWidgetArea, definition_);
   addDockWidget(Qt::LeftDockWidgetArea, bodies_);
   addDockWidget(Qt::LeftDockWidgetArea, layers_);
   tabifyDockWidget(layers_, bodies_);
   addDockWidget(Qt::BottomDockWidgetArea, messages_);
+  addDockWidget(Qt::BottomDockWidgetArea, history_);
+  tabifyDockWidget(history_, messages_);
   addDockWidget(Qt::RightDockWidgetArea, choice_);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   resizeDocks({definition_, layers_}, {370, 370}, Qt::Horizontal);
@@ -176,6 +180,9 @@ void MainWindow::ConnectCommands() {
   connect(viewCommands_, &ViewCommands::UnitChosen, equipmentCommands_, &EquipmentCommands::Refresh);
   connect(viewCommands_, &ViewCommands::AppearanceChanged, equipmentCommands_,
           &EquipmentCommands::RefreshDrawing);
+  connect(equipmentCommands_, &EquipmentCommands::AtWork, historyCommands_, &HistoryCommands::NoteCall);
+  connect(equipmentCommands_, &EquipmentCommands::Refreshed, historyCommands_, &HistoryCommands::Refresh);
+  connect(historyCommands_, &HistoryCommands::Changed, equipmentCommands_, &EquipmentCommands::Refresh);
   connect(equipmentCommands_, &EquipmentCommands::AtWork, this,
           [this](bool isAtWork) { actions_->Enable(true, isAtWork); });
   auto* const place = new DialogPlace(*this, memory_, this);
@@ -203,7 +210,8 @@ void MainWindow::ConnectDockSwitches() {
   for (const auto& [command, dock] : {std::pair<Command, QDockWidget*>{Command::kDefinitionTree, definition_},
                                       {Command::kBodies, bodies_},
                                       {Command::kLayers, layers_},
-                                      {Command::kMessages, messages_}}) {
+                                      {Command::kMessages, messages_},
+                                      {Command::kHistory, history_}}) {
     QAction* const action = (*actions_)[command];
     connect(action, &QAction::triggered, dock, &QWidget::setVisible);
     connect(dock, &QDockWidget::visibilityChanged, action,
@@ -255,7 +263,8 @@ void MainWindow::Run(Command command, bool isOn) {
     default:
       // A dock's switch has no family: it acts by itself.
       static_cast<void>(projectCommands_->Run(command) || equipmentCommands_->Run(command) ||
-                        viewCommands_->Run(command, isOn) || exportCommands_->Run(command));
+                        historyCommands_->Run(command) || viewCommands_->Run(command, isOn) ||
+                        exportCommands_->Run(command));
   }
 }
 
@@ -271,6 +280,7 @@ void MainWindow::ShowProject(int spurs, qint64 otherProcess) {
   actions_->Enable(true, false);
   pages_->setCurrentIndex(1);
   Retranslate();
+  historyCommands_->Forget();
   notice_->SetMessage(otherProcess == 0 ? QString() : texts_(Text::kShownElsewhere).arg(otherProcess));
   equipmentCommands_->Refresh();
   drawing_->Fit();

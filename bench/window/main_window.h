@@ -6,6 +6,7 @@
 #include "window/actions.h"
 #include "window/commands/equipment_commands.h"
 #include "window/commands/export_commands.h"
+#include "window/commands/history_commands.h"
 #include "window/commands/project_commands.h"
 #include "window/commands/view_commands.h"
 #include "window/help_window.h"
@@ -81,12 +82,14 @@ class MainWindow final : public QMainWindow {
   BodyDock* bodies_;
   LayerDock* layers_;
   MessageDock* messages_;
+  HistoryDock* history_;
   ChoiceDock* choice_;
   HelpWindow* help_;
   QLabel* position_;
 
   ProjectCommands* projectCommands_;
   EquipmentCommands* equipmentCommands_;
+  HistoryCommands* historyCommands_;
   ViewCommands* viewCommands_;
   ExportCommands* exportCommands_;
 };

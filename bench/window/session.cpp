@@ -88,6 +88,22 @@ Result<scene::Scene> Session::LiveScene(const Live& live) const {
                               body);
 }
 
+Result<std::vector<history::Entry>> Session::History() const {
+  vdm::VdmStore store(project_.folder());
+  return history::History(store).List();
+}
+
+Result<std::int64_t> Session::LastGeneration() const {
+  vdm::VdmStore store(project_.folder());
+  return history::History(store).Last();
+}
+
+Result<void> Session::Restore(std::int64_t generation) {
+  vdm::VdmStore store(project_.folder());
+  VANZET_DO(history::History(store).Restore(generation));
+  return store.Commit("restore");
+}
+
 Result<std::vector<std::uint32_t>> Session::OpenElsewhere() const {
   VANZET_TRY(const std::int32_t spurs, project_.SpindleSpurs());
   const vdm::VdmStore store(project_.folder());

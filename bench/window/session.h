@@ -8,6 +8,7 @@
 
 #include "api/host.h"
 #include "base/places.h"
+#include "history/history.h"
 #include "results/definitions.h"
 #include "scene/equipment.h"
 #include "scene/scene.h"
@@ -51,6 +52,12 @@ class Session {
 
   /// The equipment of such a state, which may have other values than are stored.
   Result<scene::Scene> LiveScene(const Live& live) const;
+  /// The changes of the project that are kept, the latest first.
+  Result<std::vector<history::Entry>> History() const;
+  /// The number of the last one; 0 without any.
+  Result<std::int64_t> LastGeneration() const;
+  /// Makes the state after that generation that of the project, as a new generation: nothing is lost.
+  Result<void> Restore(std::int64_t generation);
 
   /// The numbers of the definitions that another process has open.
   Result<std::vector<std::uint32_t>> OpenElsewhere() const;

@@ -152,6 +152,16 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kUnitOfProject,     "as the project says" },
     { Text::kDecimals,          "Decimals of the cursor's place" },
     { Text::kOk,                "OK" },
+
+    { Text::kUndo,              "Und&o the Last Change" },
+    { Text::kHistory,           "History" },
+    { Text::kWhen,              "When" },
+    { Text::kBy,                "By" },
+    { Text::kChange,            "Change" },
+    { Text::kRestore,           "Restore" },
+    { Text::kRestored,          "Restored: %1" },
+    { Text::kBeforeLastChange,  "the state before the last change" },
+    { Text::kNothingToUndo,     "Nothing to undo since the project was opened; the history goes further back." },
 }};
 // clang-format on
 

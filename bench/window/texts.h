@@ -32,6 +32,7 @@ enum class Text {
   kFloat, kHelpBack, kHelpSearch, kNotFound, kLines, kCancelled, kWelcome,
   kRecentProjects, kFromSample, kHowTo, kReadGuide, kPalette, kFindCommand, kSettings,
   kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kOk,
+  kUndo, kHistory, kWhen, kBy, kChange, kRestore, kRestored, kBeforeLastChange, kNothingToUndo,
   kCount
 };
 // clang-format on

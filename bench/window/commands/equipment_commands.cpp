@@ -163,6 +163,7 @@ void EquipmentCommands::Refresh() {
   RefreshDefinition();
   RefreshDrawing();
   RefreshEquipment();
+  emit Refreshed();
 }
 
 void EquipmentCommands::ReadUnit() {

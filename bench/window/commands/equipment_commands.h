@@ -58,6 +58,7 @@ class EquipmentCommands final : public QObject {
  signals:
   /// A call of the module begins or ends.
   void AtWork(bool isAtWork);
+  void Refreshed();  ///< the project was read again
 
  private:
   bool IsFreeElsewhere();
