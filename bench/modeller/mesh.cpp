@@ -216,6 +216,15 @@ bool HasBareFace(const TopoDS_Shape& shape) {
   return false;
 }
 
+/// The shape with all surfaces turned into splines, or the same shape when the kernel fails at that.
+TopoDS_Shape AsSplines(const TopoDS_Shape& shape) {
+  try {
+    return BRepBuilderAPI_NurbsConvert(shape, Standard_True).Shape();
+  } catch (const Standard_Failure&) {
+    return shape;
+  }
+}
+
 /// Whether the facets of a shape have no hole that its surfaces do not have. Surfaces alone may have any.
 bool IsWhole(const TopoDS_Shape& surfaces, const TopoDS_Shape& meshed) {
   if (!TopExp_Explorer(surfaces, TopAbs_SOLID).More() || IsClosed(FacetsOf(meshed))) return true;
@@ -245,7 +254,7 @@ Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTo
   static_cast<void>(Triangulate(shape, tolerance));
   if (!HasBareFace(shape) && IsWhole(shape, shape)) return shape;
   // The kernel fails at the parameters of some faces, cones above all; as splines they have others.
-  const TopoDS_Shape splines = BRepBuilderAPI_NurbsConvert(shape, Standard_True).Shape();
+  const TopoDS_Shape splines = AsSplines(shape);
   static_cast<void>(Triangulate(splines, tolerance));
   if (IsWhole(shape, splines)) return splines;
   return Fault{"a face of the solid cannot be meshed"};

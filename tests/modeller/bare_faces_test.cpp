@@ -1,6 +1,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <Geom_Plane.hxx>
+#include <Precision.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Face.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
+#include <gp_Pln.hxx>
+
 #include "modeller/body.h"
 #include "modeller/export.h"
 #include "modeller/facets.h"
@@ -21,6 +32,26 @@ const fs::path kFixtures = VANZET_SOURCE_DIR "/tests/modeller/fixtures";
 
 /// A sound solid of four faces, of which the kernel meshes three.
 const fs::path kConicalBore = kFixtures / "conical_bore.step";
+
+/// A brick whose face at the top has a plane that stands upright: the kernel cannot mesh it.
+TopoDS_Shape BrickWithAnUprightLid(double x, double y, double z) {
+  const BRep_Builder builder;
+  TopoDS_Shell shell;
+  builder.MakeShell(shell);
+  TopoDS_Face top;
+  for (TopExp_Explorer faces(Brick(x, y, z), TopAbs_FACE); faces.More(); faces.Next()) {
+    if (!top.IsNull()) builder.Add(shell, top);
+    top = TopoDS::Face(faces.Current());
+  }
+  TopoDS_Face lid;
+  builder.MakeFace(lid, new Geom_Plane(gp_Pln(gp_Pnt(0, 0, z), gp_Dir(1, 0, 0))), Precision::Confusion());
+  builder.Add(lid, BRepTools::OuterWire(top));
+  builder.Add(shell, lid.Oriented(top.Orientation()));
+  TopoDS_Solid solid;
+  builder.MakeSolid(solid);
+  builder.Add(solid, shell);
+  return solid;
+}
 
 Body Import(const fs::path& file, const Foresight& foresight = {}) {
   return Get(ImportBody(file, TestExchange(), foresight));
@@ -47,6 +78,16 @@ TEST(BareFaces, AreInGltfFilesToo) {
             "");
   const Mesh written = FacetsOf(ReadGltfDocument(folder / "out.glb").shape);
   EXPECT_EQ(written.triangles.size(), Get(MeshOf(body, {})).triangles.size());
+}
+
+TEST(BareFaces, ThatStayBareMakeTheSolidUseless) {
+  const TemporaryFolder folder;
+  const fs::path file = folder / "lid.brep";
+  WriteBrep(BrickWithAnUprightLid(10, 20, 30), file);
+  for (const Foresight& foresight : {Foresight(), Foresight{.mesh = true}}) {
+    EXPECT_EQ(Told(MeshOf(Import(file, foresight), {})),
+              file.string() + ": a face of the solid cannot be meshed");
+  }
 }
 
 }  // namespace
