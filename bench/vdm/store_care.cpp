@@ -127,14 +127,16 @@ class Reader {
 
   /// A page that the system could not read once is a finding of one check, and not of the next.
   void CheckStructure(const fs::path& file) {
-    if (StructureFindings().empty()) return;
+    if (const auto found = StructureFindings(); found && found->empty()) return;
     if (const auto bytes = files::ReadWholeFile(file, kLargestStore); !bytes) Note(bytes.fault());
-    for (std::string& finding : StructureFindings()) findings.push_back(std::move(finding));
+    const auto found = StructureFindings();
+    if (!found) return Note(found.fault());
+    findings.insert(findings.end(), found->begin(), found->end());
   }
 
-  StoreFindings StructureFindings() {
+  Result<StoreFindings> StructureFindings() {
     StoreFindings found;
-    Note(connection_->Run("PRAGMA integrity_check(20)", {}, [&](const SqliteRow& row) -> Result<void> {
+    VANZET_DO(connection_->Run("PRAGMA integrity_check(20)", {}, [&](const SqliteRow& row) -> Result<void> {
       if (row.Bytes(0) != "ok") found.emplace_back(row.Bytes(0));
       return {};
     }));
