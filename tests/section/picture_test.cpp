@@ -1,5 +1,8 @@
 #include "section/picture.h"
 
+#include <locale>
+#include <sstream>
+
 #include "section_fixture.h"
 #include "support/catalogues.h"
 
@@ -25,18 +28,27 @@ class SectionPictures : public SectionTest {
     const std::size_t at = svg.find(" " + name + "=\"") + name.size() + 3;
     return svg.substr(at, svg.find('"', at) - at);
   }
+  static double MillimetresOf(const std::string& svg, const std::string& name) {
+    std::istringstream length(AttributeOf(svg, name));
+    length.imbue(std::locale::classic());
+    double millimetres = 0;
+    length >> millimetres;
+    return millimetres;
+  }
 };
 
 TEST_F(SectionPictures, AreInMillimetresAndTrueToScale) {
   Define();
   const std::string svg = Svg({.scale = 0.5});
+  std::istringstream box(AttributeOf(svg, "viewBox"));
+  box.imbue(std::locale::classic());
   double x = 0, y = 0, width = 0, height = 0;
-  ASSERT_EQ(std::sscanf(AttributeOf(svg, "viewBox").c_str(), "%lf %lf %lf %lf", &x, &y, &width, &height), 4);
+  ASSERT_TRUE(box >> x >> y >> width >> height);
   EXPECT_LT(x, -220);
   EXPECT_GT(x + width, 10);
   EXPECT_LT(y, -80);
-  EXPECT_NEAR(std::stod(AttributeOf(svg, "width")), width / 2, 1e-3);
-  EXPECT_NEAR(std::stod(AttributeOf(svg, "height")), height / 2, 1e-3);
+  EXPECT_NEAR(MillimetresOf(svg, "width"), width / 2, 1e-3);
+  EXPECT_NEAR(MillimetresOf(svg, "height"), height / 2, 1e-3);
   EXPECT_TRUE(AttributeOf(svg, "width").ends_with("mm"));
   EXPECT_THAT(svg, HasSubstr("scale 1:2"));
 }
