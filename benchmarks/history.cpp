@@ -1,5 +1,5 @@
-// What the history of a store costs: bytes and time of a commit that changes one record of a definition, with
-// generations kept and without, and how quick a store with 10,000 generations is beside one with 10. The
+// The cost of the history of a store: bytes and time of a commit that changes one record of a definition,
+// with generations kept and without, and how quick a store with 10,000 generations is beside one with 10. The
 // contents are like those of definitions: a record of some kilobytes that changes among others that stay.
 
 #include <stdlib.h>

@@ -15,7 +15,7 @@
 namespace vanzet::cli {
 namespace {
 
-/// What a transcript says of the messages and of the end of the dialog.
+/// The report of a transcript on the messages and of the end of the dialog.
 struct Played {
   std::size_t messages = 0;
   std::string first;  ///< the text of the first message

@@ -9,7 +9,7 @@
 
 namespace vanzet::cli {
 
-/// What a script of the dialog has done, in a line for people:
+/// The effects of a script of the dialog, in a line for people:
 ///
 ///   job.txt: changed spur 0; 1 message, the first: 'Please enter a number.'; closed by OK
 ///

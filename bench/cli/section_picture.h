@@ -7,8 +7,8 @@
 /// The view "section" of the command picture.
 namespace vanzet::cli {
 
-/// Prints {"files": [{"path", "unit", "bodies": [{"name", "device", "area", "box"}], "dimensions": [...]}]}: lengths
-/// and areas in the unit, a box as x and radius of two corners.
+/// Prints {"files": [{"path", "unit", "bodies": [{"name", "device", "area", "box"}], "dimensions": [...]}]}:
+/// lengths and areas in the unit, a box as x and radius of two corners.
 Result<void> PrintListing(const section::Section& section, const std::filesystem::path& file,
                           LengthUnit unit);
 

@@ -11,8 +11,8 @@ namespace vanzet::contour {
 /// the centre is moved onto the bisector of the chord.
 inline constexpr double kCentreTolerance = 0.01;
 
-/// Builds a contour vertex by vertex and refuses what the library would bend into something else. Arcs that the
-/// library has lines for stay arcs in `Contour::drawn`.
+/// Builds a contour vertex by vertex and refuses what the library would bend into something else. Arcs that
+/// the library has lines for stay arcs in `Contour::drawn`.
 ///
 /// Errors   a fault without a place, and the contour stays as it was
 class Builder {

@@ -12,8 +12,8 @@ namespace vanzet::contour {
 
 /// A contour of a file. `curve` has at least one span and is never read in reverse.
 ///
-/// The library has lines for arcs that are very small, short or flat. `drawn` has all spans as they are in the
-/// file when it has such an arc, and is empty otherwise. What is made of `curve` alone has no `drawn`.
+/// The library has lines for arcs that are very small, short or flat. `drawn` has all spans as they are in
+/// the file when it has such an arc, and is empty otherwise. What is made of `curve` alone has no `drawn`.
 struct Contour {
   int number = 1;  ///< the number in its file; contours of a drawing are numbered from 1
   geometry::KurveEx curve;

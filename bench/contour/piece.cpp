@@ -14,8 +14,8 @@ namespace {
 
 using geometry::Point;
 
-/// An arc that rises less than this over its chord, in millimetres, is a line, unless it is tiny itself and its
-/// bulge is not below the other limit.
+/// An arc that rises less than this over its chord, in millimetres, is a line, unless it is tiny itself and
+/// its bulge is not below the other limit.
 constexpr double kFlat = 1e-6;
 constexpr double kShallow = 0.01;
 

@@ -30,7 +30,8 @@ struct Difference {
 ///          one undone
 /// Shape    generations count the commits of the project from 1; one number for all VDMs of a run
 /// Owns     nothing; the store has to outlive it
-/// Errors   faults of the store: `kMissing` for a generation that never was or is no longer kept, `kDamaged`
+/// Errors   faults of the store: `kMissing` for a generation that never was or is not kept any more,
+///          `kDamaged`
 /// Threads  one, that of the store
 class History {
  public:

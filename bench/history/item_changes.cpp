@@ -7,7 +7,7 @@ namespace vanzet::history {
 namespace {
 
 /// Elements of two sequences that belong together, from `before` and `now` on: the same ones, or ones that
-/// stand in each other's place. A side that is past its end of the stretch has none.
+/// take each other's place. A side that is past its end of the stretch has none.
 struct Stretch {
   std::size_t before, beforeEnd;
   std::size_t now, nowEnd;

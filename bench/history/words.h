@@ -14,13 +14,13 @@ enum class Detail {
   kFull,   ///< each value that differs
 };
 
-/// What changed from one content of a VDM to the next, in words; empty when nothing did. Definitions are
+/// The changes from one content of a VDM to the next, in words; empty when nothing did. Definitions are
 /// compared by the keys of their JSON form (docs/formats/definition-json.md):
 ///
 ///   main.chuck: Chuck 160 -> Chuck 210; A 80 -> 105
 ///
-/// What the form does not have is counted by records: "3 records of other data". Without a content the VDM
-/// does not exist. Fails when a record cannot be read.
+/// Content that the form does not have is counted by records: "3 records of other data". Without a content
+/// the VDM does not exist. Fails when a record cannot be read.
 Result<std::vector<std::string>> ChangesInWords(const vdm::Vdm* before, const vdm::Vdm* now, Detail detail);
 
 }  // namespace vanzet::history

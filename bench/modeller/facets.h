@@ -33,8 +33,8 @@ bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
 /// Whether an edge is met by one face alone, and by that only once; true without any edge.
 bool HasFreeEdge(const TopoDS_Shape& shape);
 
-/// Triangulates the surfaces of another program and returns the shape that has the triangles: the same one, or
-/// where the kernel leaves out a face, the shape with all surfaces turned into splines. Fails for a solid
+/// Triangulates the surfaces of another program and returns the shape that has the triangles: the same one,
+/// or where the kernel leaves out a face, the shape with all surfaces turned into splines. Fails for a solid
 /// whose facets still have a hole. Of surfaces alone, faces may be missing.
 Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
 

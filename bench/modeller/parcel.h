@@ -20,8 +20,8 @@ struct ParcelBody {
   bool isSteel = false;
 };
 
-/// Writes the count of the bodies, a line of colour, 1 for steel and name for each, their surfaces, each after a line with
-/// their length, then one compound of their shapes in Open CASCADE's binary form.
+/// Writes the count of the bodies, a line of colour, 1 for steel and name for each, their surfaces, each
+/// after a line with their length, then one compound of their shapes in Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 
 /// Reads what `PackParcel` wrote, for the exchange program alone. Each body has its whole shape then, and no

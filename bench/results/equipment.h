@@ -12,8 +12,9 @@ namespace vanzet::results {
 inline constexpr modeller::Foresight kForPictures = {.extents = true, .mesh = true};
 
 /// Makes the equipment of a spur in space, with the figures of the project's drawing and folder of figures
-/// and the solids of the folder of bodies, which are all read by one process. Fails with `kMissing` without such a spur or definition, and with
-/// `kDamaged` for a damaged definition. What of the equipment cannot be made is missing in the scene.
+/// and the solids of the folder of bodies, which are all read by one process. Fails with `kMissing` without
+/// such a spur or definition, and with `kDamaged` for a damaged definition. What of the equipment cannot be
+/// made is missing in the scene.
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange,
                              const modeller::Foresight& foresight = kForPictures);
@@ -23,8 +24,8 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,
                                  const modeller::Foresight& foresight = kForPictures);
 
-/// The equipment of a definition that is being made: values that may not be in it yet, devices made from them,
-/// and named solids from a source that keeps what it has read.
+/// The equipment of a definition that is being made: values that may not be in it yet, devices made from
+/// them, and named solids from a source that keeps what it has read.
 Result<scene::Scene> LiveSceneOf(const project::Project& project, const scene::Equipment& equipment,
                                  const project::Definition& definition, const modeller::Exchange& exchange,
                                  std::function<Result<modeller::Body>(const std::string& name)> body);

@@ -21,7 +21,8 @@ Result<std::optional<modeller::Body>> BodyOf(const FinishPart& part, const Sourc
 /// values give no body.
 std::optional<modeller::Body> DeviceBody(const DeviceParams& params);
 
-/// The same body; nothing, too, when it is not as large as `facets`, by which the definition shows the device.
+/// The same body; nothing, too, when it is not as large as `facets`, by which the definition shows the
+/// device.
 std::optional<modeller::Body> ExactBody(const DeviceParams& params, const modeller::Body& facets);
 
 }  // namespace vanzet::scene

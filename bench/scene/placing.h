@@ -25,8 +25,8 @@ struct Stations {
 };
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things);
 
-/// The radius that the values of a definition hold the billet at: its outside, or its bore when the jaws clamp
-/// inside. 0 when they do not say.
+/// The radius that the values of a definition hold the billet at: its outside, or its bore when the jaws
+/// clamp inside. 0 when they do not say.
 double DefinedHeldRadius(const Spindle& spindle);
 
 /// The radius that the jaws hold: the billet's outside, or its bore when they clamp inside. Without a billet

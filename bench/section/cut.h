@@ -7,8 +7,8 @@
 
 namespace vanzet::section {
 
-/// The section of facets, where a placement puts them, by the upright plane z = 0 above the axis. A body that is
-/// not closed has the lines of its open contours in `loose`.
+/// The section of facets, where a placement puts them, by the upright plane z = 0 above the axis. A body
+/// that is not closed has the lines of its open contours in `loose`.
 geometry::Region CutOf(const modeller::Mesh& mesh, const geometry::Matrix& placement);
 
 /// The half section of a body of the equipment: that of its values where it has them.

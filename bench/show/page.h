@@ -28,8 +28,9 @@ struct Spur {
   std::vector<std::string> impossible = {};  ///< sentences about values and parts that can be nowhere
 };
 
-/// The page of a spur: its devices by name and values, its parts, its datum, what is missing or impossible, and
-/// whether the simulation data are those of the values. A damaged definition is shown as far as it can be read.
+/// The page of a spur: its devices by name and values, its parts, its datum, what is missing or impossible,
+/// and whether the simulation data are those of the values. A damaged definition is shown as far as it can
+/// be read.
 std::string PageOf(const Spur& spur, const Style& style);
 
 /// The same as rows, for other forms than text.

@@ -243,7 +243,7 @@ Result<std::vector<RecordKey>> GenerationReader::KeysAt(Number number, std::int6
 
 Fault GenerationReader::CutFault(const Version& cut, std::int64_t generation) {
   return connection_->FaultOf("generation " + std::to_string(generation) + " of " + NameOf(cut.vdm) +
-                                  " is no longer kept; the oldest one is " + std::to_string(cut.last + 1),
+                                  " is not kept any more; the oldest one is " + std::to_string(cut.last + 1),
                               FaultKind::kMissing);
 }
 

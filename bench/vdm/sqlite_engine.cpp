@@ -137,7 +137,8 @@ Result<void> SqliteEngine::Visit(std::optional<Number> only, const GenerationVis
   return GenerationReader(connection_).Visit(only, visitor);
 }
 
-/// What the store holds is the first generation, as it will be when a commit brings it to the current schema.
+/// The content of such a store is the first generation, as it will be when a commit brings it to the current
+/// schema.
 Result<void> SqliteEngine::VisitFirstSchema(std::optional<Number> only, const GenerationVisitor& visitor) {
   PastGeneration past{{1, "?", "?", "?", "?", "migration"}, {}, {}};
   VANZET_DO(connection_->Run(QueriesOf(1).numbers, {}, [&](const SqliteRow& row) -> Result<void> {

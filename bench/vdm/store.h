@@ -117,7 +117,7 @@ class VdmStore {
   Result<std::vector<VdmChange>> ListChanges(std::optional<Number> only) const;
 
   /// The VDMs, or the one, as they were after a generation. Fails with `kMissing` for a generation that never
-  /// was, and for a state that is no longer kept.
+  /// was, and for a state that is not kept any more.
   Result<std::map<Number, Vdm>> ReadAt(std::int64_t generation, std::optional<Number> only) const {
     return engine_->ReadAt(generation, only);
   }

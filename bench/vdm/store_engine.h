@@ -110,7 +110,7 @@ class StoreEngine {
   virtual Result<std::vector<VdmChange>> ListChanges(std::optional<Number> only) = 0;
 
   /// The VDMs, or the one, as they were after a generation; wholly in memory and independent of any store.
-  /// Fails with `kMissing` for a generation that never was, and for a state that is no longer kept.
+  /// Fails with `kMissing` for a generation that never was, and for a state that is not kept any more.
   virtual Result<std::map<Number, Vdm>> ReadAt(std::int64_t generation, std::optional<Number> only) = 0;
 
   /// Visits the kept generations of all VDMs or one, by rising number, all of one state of the store; a fault

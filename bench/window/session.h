@@ -42,7 +42,7 @@ class Session {
   Result<std::shared_ptr<const scene::Scene>> Equipment(std::int32_t spur,
                                                         const modeller::Progress& progress) const;
 
-  /// What the module's dialog has stored for a spur so far.
+  /// The records that the module's dialog has stored for a spur so far.
   /// Requires, as the next one: a call is at work.
   struct Live {
     project::Definition definition;

@@ -3,7 +3,7 @@
 namespace vanzet::test {
 namespace {
 
-/// What a shell offers for the last word of a command line, in a folder with the files "completion" and
+/// The offers of a shell for the last word of a command line, in a folder with the files "completion" and
 /// "job.json".
 struct Completed {
   std::string line;

@@ -8,7 +8,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 
-/// What runs of the program leave in the history of a project, and how they are taken back.
+/// The traces of runs of the program in the history of a project, and how they are taken back.
 class HistoryCommand : public DefineCommand {
  protected:
   /// A chuck and a billet on the main spindle of spur 0.
@@ -205,7 +205,7 @@ TEST_F(HistoryCommand, KeepsAsManyGenerationsAsTheSettingsSay) {
   EXPECT_EQ(Generations(" --vdm 1000").size(), 3u);
   EXPECT_EQ(Generations(" --vdm 1001").size(), 1u);
   EXPECT_THAT(Vanzet("restore lathe 1").err,
-              HasSubstr("generation 1 of VDM 1000 is no longer kept; the oldest one is 4\n"));
+              HasSubstr("generation 1 of VDM 1000 is not kept any more; the oldest one is 4\n"));
   EXPECT_EQ(Vanzet("restore lathe 1 --vdm 1001").status, 0);
 }
 

@@ -52,7 +52,7 @@ TEST_F(RefusedForm, NamesTheLettersThatMakeNoSolid) {
   EXPECT_TRUE(State() == before);
 }
 
-/// What the dialog stores and no form may have.
+/// Values that the dialog stores and no form may have.
 class Impossible : public DefineCommand {
  protected:
   void SetUp() override {

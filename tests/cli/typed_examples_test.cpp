@@ -43,8 +43,8 @@ class TypedExamples : public CommandLineTest {
   }
 };
 
-/// The files that the examples name, in a folder with the projects "other" and "lathe", which has been defined
-/// several times.
+/// The files that the examples name, in a folder with the projects "other" and "lathe", which has been
+/// defined several times.
 class ExamplesOfTheHelp : public TypedExamples {
  protected:
   void MakeFiles() {

@@ -26,8 +26,8 @@ double AreaOutside(const Region& inner, const Region& outer) {
   return Subtract(inner, outer).Area();
 }
 
-/// Each span has the set on its left alone, so that outsides are anticlockwise, holes clockwise, and each loop
-/// is at its level. Points beside which there is another span are not asked for.
+/// Each span has the set on its left alone, so that outsides are anticlockwise, holes clockwise, and each
+/// loop is at its level. Points beside which there is another span are not asked for.
 void ExpectInsideOnTheLeft(const Region& region) {
   for (const RegionLoop& loop : region.loops) {
     EXPECT_EQ(loop.IsHole(), loop.Area() < 0);

@@ -12,8 +12,8 @@ class RegionCorpus : public ::testing::Test {
   UnitsGuard millimetres_{0};
 };
 
-/// The area of a polygon moved inwards, as long as no side vanishes: its area less the strips along its sides.
-/// Two strips share a kite at an outward corner, and leave a sector at an inward one. Anticlockwise.
+/// The area of a polygon moved inwards, as long as no side vanishes: its area less the strips along its
+/// sides. Two strips share a kite at an outward corner, and leave a sector at an inward one. Anticlockwise.
 double InsetArea(const std::vector<Point>& corners, double distance) {
   double area = 0;
   for (std::size_t i = 0; i < corners.size(); ++i) {

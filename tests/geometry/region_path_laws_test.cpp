@@ -98,7 +98,8 @@ TEST_F(RegionPathLaws, NeitherDirectionNorPlaceMattersToAThickPath) {
       4);
 }
 
-/// The offset's parts are at the distance; both sides and what the ends' discs can have make the whole boundary.
+/// The offset's parts are at the distance; both sides and what the ends' discs can have make the whole
+/// boundary.
 TEST_F(RegionPathLaws, BothOffsetsMakeTheBoundaryOfTheThickPath) {
   ForEach(
       [&](Random& random) {

@@ -26,7 +26,8 @@ class Accessible : public WindowTest {
   static std::string NameOf(QWidget* widget) {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString();
   }
-  /// Each control that can be seen in `top` has a name. That of a list is its value: it has a description, too.
+  /// Each control that can be seen in `top` has a name. That of a list is its value: it has a description,
+  /// too.
   static void ExpectNames(const QWidget& top) {
     for (QWidget* const widget : top.findChildren<QWidget*>()) {
       if (!IsControl(widget) || !widget->isVisible()) continue;

@@ -21,7 +21,7 @@ class HistoryDock final : public QDockWidget {
   QTreeWidget& tree() { return *tree_; }
 
  signals:
-  /// The state after that generation is wanted back; `when` is its time for people.
+  /// A person asks for the state after that generation; `when` is its time for people.
   void RestoreWanted(qint64 generation, const QString& when);
 
  private:

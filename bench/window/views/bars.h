@@ -60,7 +60,7 @@ class NoticeBar final : public QFrame {
   /// Shows the text; hides the line when it is empty.
   void SetMessage(const QString& text);
 
-  /// What its button is called.
+  /// The text of its button.
   void SetCloseName(const QString& name);
 
   /// The text that is shown; empty while the line is hidden.

@@ -4,7 +4,7 @@
 #include "window/qt_text.h"
 #include "window/views/equipment_view.h"
 
-/// What the equipment view does with single bodies: it finds, names, marks and measures them.
+/// The work of the equipment view on single bodies: it finds, names, marks and measures them.
 namespace vanzet::window {
 
 /// The name of the body under the cursor, beside it.

@@ -22,9 +22,9 @@ class Measure {
   const std::optional<geometry::Point3d>& from() const { return from_; }
   const std::optional<geometry::Point3d>& to() const { return to_; }
 
-  /// What is measured when the next click were at `next`, or is measured already. A point alone: its place
-  /// and its diameter; two: the distance, the difference along the axis and in diameter, and the angle to the
-  /// axis. Empty before the first click.
+  /// The measures when the next click were at `next`, or those that were taken already. A point alone: its
+  /// place and its diameter; two: the distance, the difference along the axis and in diameter, and the angle
+  /// to the axis. Empty before the first click.
   QString Text(LengthUnit unit, const std::optional<geometry::Point3d>& next = {}) const;
 
  private:

@@ -215,7 +215,7 @@ Region FacesOf(const Sketch& sketch, Rule rule, Cancelled cancelled) {
   return failed;
 }
 
-// What is proved of the loops leaves less to be arranged, or nothing.
+// The more is proved of the loops, the less is left to be arranged.
 Region PositiveFacesOf(Sketch& sketch, std::vector<RegionLoop> loops, double resolution) {
   const SeparateLoops separate(sketch, loops, resolution);
   if (separate.IsSound() && separate.MeetingCount() == 0) return separate.TakeBoundary(loops);

@@ -29,8 +29,8 @@ QString TitleOf(const DialogState& state) {
   return QString::fromStdString(state.caption);
 }
 
-/// The name of what is defined at a node, or its values: "Chuck 210", "A 80, B 120". The name of a device of the
-/// user's own is a path.
+/// The name of what is defined at a node, or its values: "Chuck 210", "A 80, B 120". The name of a device of
+/// the user's own is a path.
 QString Content(const TreeNode& node) {
   if (!node.name.empty()) {
     const QString name = QString::fromStdString(node.name);

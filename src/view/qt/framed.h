@@ -7,8 +7,8 @@
 #include <QStyleOptionButton>
 #include <cmath>
 
-/// Frames of edits, lists and boxes that can be told from the ground in every palette: styles derive theirs from
-/// the colour of the ground, which leaves nothing to see on a dark one.
+/// Frames of edits, lists and boxes that can be told from the ground in every palette: styles derive theirs
+/// from the colour of the ground, which leaves nothing to see on a dark one.
 namespace vanzet::view::qt {
 
 /// A colour that stands out from the palette's ground by 3 to 1 at least.

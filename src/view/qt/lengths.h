@@ -15,8 +15,8 @@ LengthUnit ShownUnit();
 /// The dialog's text for what a person typed. A text that is not a number stays as it is.
 std::string DialogText(const QString& typed, LengthUnit unit);
 
-/// The text that an edit shows for its control while it has the focus: what was typed, as long as it means the
-/// same number, else every digit.
+/// The text that an edit shows for its control while it has the focus: what was typed, as long as it means
+/// the same number, else every digit.
 QString EditedText(const Control& control, const QString& typed, LengthUnit unit);
 
 /// The text that it shows otherwise: four decimals at most. A number has the decimal sign of the language.

@@ -60,8 +60,8 @@ std::vector<std::int32_t> ActionsOf(const PageLayout& layout);
 /// Those that store the values of these controls.
 std::vector<std::int32_t> StoringButtons(const PageLayout& layout, const std::vector<std::int32_t>& controls);
 
-/// The ids of all controls that a layout places, in the order of the keyboard: in each group the values one after
-/// the other, then the buttons that fill them.
+/// The ids of all controls that a layout places, in the order of the keyboard: in each group the values one
+/// after the other, then the buttons that fill them.
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout);
 
 }  // namespace vanzet::view::qt

@@ -14,8 +14,8 @@ namespace vanzet::view::qt {
 /// Source   the section "view" of the catalogues in share/messages; English without a translation
 QString Translate(const char* english);
 
-/// Qt's own texts, of file dialogs and of the menus of edits, in the language of the view while this is alive.
-/// They stay English where the machine does not have them.
+/// Qt's own texts, of file dialogs and of the menus of edits, in the language of the view while this is
+/// alive. They stay English where the machine does not have them.
 class TextsOfQt {
  public:
   TextsOfQt();
