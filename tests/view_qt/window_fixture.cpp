@@ -1,5 +1,6 @@
 #include "view_qt/window_fixture.h"
 
+#include <QTest>
 #include <QTimer>
 #include <sstream>
 
@@ -19,6 +20,20 @@ std::int32_t WindowTest::Serve(const Use& use, QWidget* parent) {
     if (window && dialog.IsOpen()) window->close();
   });
   return dialog.RunModalLoop(4);
+}
+
+QLineEdit& WindowTest::Edit(DialogWindow& window, int id) {
+  return *qobject_cast<QLineEdit*>(window.WidgetOf(id));
+}
+
+void WindowTest::TypeOver(DialogWindow& window, int id, const char* text) {
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  Edit(window, id).setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(&Edit(window, id), text);
+}
+
+void WindowTest::Key(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(window.focusWidget(), key, modifiers);
 }
 
 void WindowTest::Do(DialogWindow& window, const std::string& script) {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QLineEdit>
+
 #include <functional>
 
 #include "dialog/dialog_fixture.h"
@@ -22,6 +24,15 @@ class WindowTest : public testing::Test {
 
   /// Does the lines of a script with mouse and keyboard.
   void Do(view::qt::DialogWindow& window, const std::string& script);
+
+  static QLineEdit& Edit(view::qt::DialogWindow& window, int id);
+
+  /// Types into an edit that is reached by the Tab key, over what it holds.
+  static void TypeOver(view::qt::DialogWindow& window, int id, const char* text);
+
+  /// Presses a key where the focus is.
+  static void Key(view::qt::DialogWindow& window, Qt::Key key,
+                  Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
   DialogWorld world;
   FakeHost& host = world.host;
