@@ -8,7 +8,6 @@
 #include "support/places.h"
 #include "vdm/store.h"
 #include "view/ids.h"
-#include "window/commands/dialog_place.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -137,29 +136,6 @@ TEST_F(Dialogs, ShowADeviceBeforeItsSimulationDataAreMade) {
   EXPECT_FALSE(equipment().BodyNames().contains("main chuck, not stored"));
 }
 
-TEST(DialogPlaces, AreBesideTheWindow) {
-  const QRect screen(0, 0, 1920, 1080);
-  const auto right = window::PlaceBeside(screen, {0, 40, 900, 900}, {980, 740}, 640);
-  EXPECT_EQ(right.window, QRect(0, 40, 900, 900));
-  EXPECT_EQ(right.dialog, QRect(900, 40, 980, 740));
-  const auto left = window::PlaceBeside(screen, {1020, 40, 900, 900}, {980, 740}, 640);
-  EXPECT_EQ(left.window, QRect(1020, 40, 900, 900));
-  EXPECT_EQ(left.dialog.right(), 1019);
-}
-
-TEST(DialogPlaces, MakeTheWindowNarrowerWhereTheScreenNeedsIt) {
-  const auto places = window::PlaceBeside({0, 0, 1920, 1080}, {260, 40, 1400, 900}, {1180, 740}, 640);
-  EXPECT_EQ(places.window, QRect(0, 40, 740, 900));
-  EXPECT_EQ(places.dialog, QRect(740, 40, 1180, 740));
-}
-
-TEST(DialogPlaces, OverlapOnASmallScreenByWhatIsMissing) {
-  const auto places = window::PlaceBeside({0, 0, 1280, 800}, {0, 0, 1280, 800}, {1180, 740}, 640);
-  EXPECT_EQ(places.window, QRect(0, 0, 640, 800));
-  EXPECT_EQ(places.dialog, QRect(100, 0, 1180, 740));
-  EXPECT_EQ(places.window.intersected(places.dialog).width(), 640 + 1180 - 1280);
-}
-
 TEST_F(Dialogs, ComeUpWhereTheUserHasPutThem) {
   OpenSample();
   QPoint first, second;
@@ -180,6 +156,18 @@ TEST_F(Dialogs, ComeUpWhereTheUserHasPutThem) {
   window->equipmentCommands().Define();
   EXPECT_NE(first, QPoint(60, 90));
   EXPECT_EQ(second, QPoint(60, 90));
+}
+
+/// What a screen does to windows: it moves the dialog by the frame that it puts around it.
+TEST_F(Dialogs, ThatTheScreenMovesAreNotTakenForMovedByTheUser) {
+  OpenSample();
+  When([] { return OnScreen() != nullptr; },
+       [] {
+         OnScreen()->move(OnScreen()->pos() - QPoint(3, 37));
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_TRUE(window::WindowMemory().DialogPlace().isNull());
 }
 
 TEST_F(Dialogs, LeaveTheViewsAsTheDefinitionIsThen) {

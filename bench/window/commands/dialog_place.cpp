@@ -2,13 +2,16 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 namespace vanzet::window {
 namespace {
 
 constexpr int kLeastWidth = 640;  // of the main window
-constexpr int kMoved = 12;        // pixels: a dialog that is farther away was moved
+constexpr int kMoved = 48;        // pixels: a dialog that is farther away was moved
+constexpr int kSettling = 500;    // milliseconds in which the screen itself moves a dialog
 
 /// The property by which the dialog's window is known.
 constexpr const char* kPage = "page";
@@ -38,13 +41,15 @@ DialogPlace::DialogPlace(QWidget& window, WindowMemory& memory, QObject* parent)
 
 void DialogPlace::Begin() {
   dialog_.clear();
-  before_ = given_ = QRect();
+  before_ = QRect();
+  isEarly_ = false;
   qApp->installEventFilter(this);
 }
 
 void DialogPlace::End() {
   qApp->removeEventFilter(this);
-  if (before_.isEmpty() || window_.geometry() != given_) return;
+  // A size that the user gave it since then stays. Its place says nothing: the screen can correct it.
+  if (before_.isEmpty() || window_.size() != given_) return;
   window_.setGeometry(before_);
   if (wasMaximized_) window_.showMaximized();
 }
@@ -56,11 +61,23 @@ bool DialogPlace::eventFilter(QObject* watched, QEvent* event) {
     if (isShown && dialog != dialog_) Place(*dialog);
     if (isHidden && dialog == dialog_) Remember(*dialog);
   }
+  if (isEarly_ && event->type() == QEvent::Expose && watched == window_.windowHandle()) {
+    QTimer::singleShot(0, this, [this] {
+      if (isEarly_ && dialog_ != nullptr && IsOnScreen()) Place(*dialog_);
+    });
+  }
   return QObject::eventFilter(watched, event);
+}
+
+bool DialogPlace::IsOnScreen() const {
+  return window_.windowHandle() != nullptr && window_.windowHandle()->isExposed();
 }
 
 void DialogPlace::Place(QWidget& dialog) {
   dialog_ = &dialog;
+  QTimer::singleShot(kSettling, this, [this, shown = &dialog] {
+    if (dialog_ == shown) placed_ = shown->pos();
+  });
   const QRect screen = window_.screen()->availableGeometry();
   const QPoint chosen = memory_.DialogPlace();
   if (!chosen.isNull() && screen.contains(QRect(chosen, QSize(kLeastWidth / 4, kLeastWidth / 4)))) {
@@ -70,15 +87,19 @@ void DialogPlace::Place(QWidget& dialog) {
   // The dialog has no frame yet; it will have one like the window's.
   const QSize frame = window_.frameGeometry().size() - window_.size();
   const SideBySide places = PlaceBeside(screen, window_.frameGeometry(), dialog.size() + frame, kLeastWidth);
-  if (places.window != window_.frameGeometry()) {
-    wasMaximized_ = window_.isMaximized();
-    if (wasMaximized_) window_.showNormal();
-    before_ = window_.geometry();
-    window_.move(places.window.topLeft());
-    window_.resize(places.window.size() - frame);
-    given_ = window_.geometry();
-  }
+  isEarly_ = !IsOnScreen();
+  if (!isEarly_ && places.window != window_.frameGeometry()) MakeRoom(places.window, frame);
   dialog.move(placed_ = places.dialog.topLeft());
+}
+
+/// Gives the window its place beside the dialog, the frame included.
+void DialogPlace::MakeRoom(const QRect& place, const QSize& frame) {
+  wasMaximized_ = window_.isMaximized();
+  before_ = wasMaximized_ ? window_.normalGeometry() : window_.geometry();
+  if (wasMaximized_) window_.showNormal();
+  window_.move(place.topLeft());
+  window_.resize(place.size() - frame);
+  given_ = window_.size();
 }
 
 void DialogPlace::Remember(const QWidget& dialog) {

@@ -19,7 +19,8 @@ struct SideBySide {
 SideBySide PlaceBeside(const QRect& screen, const QRect& window, const QSize& dialog, int least);
 
 /// Keeps the module's dialog beside the views while a call is at work. A dialog that the user moves comes up
-/// there from then on, and the window then stays as it is.
+/// there from then on, and the window then stays as it is. The screen has the last word on the place of a window
+/// that it has not shown yet: the dialog is placed again then.
 class DialogPlace final : public QObject {
   Q_OBJECT
  public:
@@ -30,15 +31,19 @@ class DialogPlace final : public QObject {
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool IsOnScreen() const;
   void Place(QWidget& dialog);
+  void MakeRoom(const QRect& place, const QSize& frame);
   void Remember(const QWidget& dialog);
 
   QWidget& window_;
   WindowMemory& memory_;
   QPointer<QWidget> dialog_;  ///< that was placed
   QPoint placed_;
-  QRect before_, given_;  ///< of the window; empty while it was left as it was
+  QRect before_;  ///< of the window; empty while it was left as it was
+  QSize given_;   ///< of the window, for the dialog
   bool wasMaximized_ = false;
+  bool isEarly_ = false;  ///< the dialog came before the screen showed the window
 };
 
 }  // namespace vanzet::window
