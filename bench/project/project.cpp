@@ -21,6 +21,14 @@ constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", vd
 
 constexpr const char* kMessages = "messages";  // in [language]
 
+/// The file of locks is no content: a run that failed or was killed may have left it.
+bool IsEmpty(const fs::path& folder, std::error_code& error) {
+  for (fs::directory_iterator each(folder, error); each != fs::end(each); each.increment(error)) {
+    if (each->path().filename() != "store.lock") return false;
+  }
+  return true;
+}
+
 Result<void> CheckIsProject(const fs::path& folder) {
   std::error_code error;
   if (!fs::is_directory(folder, error)) {
@@ -30,7 +38,7 @@ Result<void> CheckIsProject(const fs::path& folder) {
   }
   const bool marked =
       std::ranges::any_of(kMarks, [&](const char* mark) { return fs::exists(folder / mark, error); });
-  const bool empty = fs::directory_iterator(folder, error) == fs::directory_iterator();
+  const bool empty = IsEmpty(folder, error);
   if (error) return files::SystemFault("cannot be read", error, folder);
   if (marked || empty) return {};
   return Fault{

@@ -153,6 +153,17 @@ Result<void> SqliteEngine::VisitFirstSchema(std::optional<Number> only, const Ge
 }
 
 Result<void> SqliteEngine::Fill(const GenerationSource& source) {
+  std::error_code unknown;
+  const bool isNew = !std::filesystem::exists(file_, unknown) && !unknown;
+  const auto filled = FillEmpty(source);
+  if (filled || !isNew) return filled;
+  // What is left of a file that this call made has no byte, unless another one is to undo what was written.
+  connection_.reset();
+  if (std::filesystem::file_size(file_, unknown) == 0) std::filesystem::remove(file_, unknown);
+  return filled;
+}
+
+Result<void> SqliteEngine::FillEmpty(const GenerationSource& source) {
   VANZET_TRY(auto writing, BeginWriting());
   VANZET_TRY(const auto used, connection_->Integer(kIsUsed));
   if (used != 0) return connection_->FaultOf("has generations already; a copy needs an empty store");

@@ -54,6 +54,7 @@ class SqliteEngine : public StoreEngine {
 
   // These require a transaction, `Change` one for writing.
   Result<void> Change(Number number, const std::optional<Vdm>& content, CommitWriter& writer);
+  Result<void> FillEmpty(const GenerationSource& source);
   Result<void> Append(const PastGeneration& past);
   Result<void> VisitFirstSchema(std::optional<Number> only, const GenerationVisitor& visitor);
   Result<std::optional<Vdm>> Stored(Number number, std::int64_t schema);

@@ -270,6 +270,7 @@ Result<void> VdmStore::Fill(const VdmStore& from, const LastStep& lastStep) {
     VANZET_DO(from.Visit({}, visitor));
     return lastStep ? lastStep() : Result<void>();
   });
+  if (!filled) locks_.RemoveOwnFile();
   UnlockUnchangedProject();
   return filled;
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <system_error>
 #include <thread>
 
 #include "base/files/system_fault.h"
@@ -64,7 +65,11 @@ int OpenRegular(const std::filesystem::path& file, int flags) {
 }  // namespace
 
 VdmLocks::~VdmLocks() {
-  if (descriptor_ >= 0) close(descriptor_);
+  Close();
+}
+
+void VdmLocks::Close() {
+  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
 }
 
 Result<VdmLocks::Held> VdmLocks::Acquire(Number number) {
@@ -75,8 +80,16 @@ Result<VdmLocks::Held> VdmLocks::Acquire(Number number) {
 }
 
 Result<VdmLocks::Held> VdmLocks::AcquireProject(std::chrono::milliseconds longestWait) {
-  VANZET_DO(OpenForLocking());
   const auto end = std::chrono::steady_clock::now() + longestWait;
+  while (true) {
+    VANZET_DO(OpenForLocking());
+    VANZET_DO(LockProject(end));
+    if (IsInPlace()) return Held(*this, kProjectByte);
+    Close();
+  }
+}
+
+Result<void> VdmLocks::LockProject(std::chrono::steady_clock::time_point end) const {
   while (!Lock(kProjectByte)) {
     if (!IsBusy(errno)) return FaultOf(errno);
     if (std::chrono::steady_clock::now() >= end) {
@@ -86,11 +99,26 @@ Result<VdmLocks::Held> VdmLocks::AcquireProject(std::chrono::milliseconds longes
     }
     std::this_thread::sleep_for(kStep);
   }
-  return Held(*this, kProjectByte);
+  return {};
+}
+
+bool VdmLocks::IsInPlace() const {
+  struct stat status = {};
+  return descriptor_ >= 0 && (fstat(descriptor_, &status) != 0 || status.st_nlink > 0);
+}
+
+void VdmLocks::RemoveOwnFile() {
+  if (!hasCreated_) return;
+  // A lock on all bytes: the kernel grants it when nobody else has one.
+  struct flock all = RangeOf(0, F_WRLCK);
+  all.l_len = 0;
+  if (fcntl(descriptor_, F_OFD_SETLK, &all) != 0) return;
+  std::error_code stays;
+  std::filesystem::remove(file_, stays);
 }
 
 Result<bool> VdmLocks::IsHeldElsewhere(Number number) const {
-  const int asked = descriptor_ >= 0 ? descriptor_ : OpenRegular(file_, O_RDONLY);
+  const int asked = IsInPlace() ? descriptor_ : OpenRegular(file_, O_RDONLY);
   if (asked < 0 && errno == ENOENT) return false;
   const int held = asked < 0 ? -1 : HeldByOthers(asked, number);
   const int error = errno;
@@ -103,7 +131,9 @@ Result<void> VdmLocks::OpenForLocking() {
   if (descriptor_ >= 0) return {};
   if (files::IsReadOnly(file_))
     return Fault{.text = "is read-only", .file = file_.string(), .kind = FaultKind::kSystem};
-  descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT);
+  descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT | O_EXCL);
+  hasCreated_ = descriptor_ >= 0;
+  if (!hasCreated_ && errno == EEXIST) descriptor_ = OpenRegular(file_, O_RDWR | O_CREAT);
   if (descriptor_ < 0) return FaultOf(errno);
   return {};
 }

@@ -55,19 +55,29 @@ class VdmLocks {
   /// Fails when no VDM can be locked; creates the lock file when it does not exist.
   Result<void> Check() { return OpenForLocking(); }
 
+  /// Takes the lock file away when this object created it and nobody else has a lock in it, so that a project
+  /// without a store stays as it was. Requires: this object holds the project's lock, and uses no lock from
+  /// then on.
+  void RemoveOwnFile();
+
   /// True when another process, or another store of this one, holds the lock. Never creates the lock file, so
   /// that it also answers in a folder that cannot be written.
   Result<bool> IsHeldElsewhere(Number number) const;
 
  private:
   Result<void> OpenForLocking();
+  Result<void> LockProject(std::chrono::steady_clock::time_point end) const;
+  /// False when the file was taken away after it was opened: others lock another one.
+  bool IsInPlace() const;
+  void Close();
   /// False, with the system's reason in `errno`, when another process holds it.
   bool Lock(std::int64_t byte) const;
   void Release(std::int64_t byte);
   Fault FaultOf(int error) const;
 
   std::filesystem::path file_;
-  int descriptor_ = -1;  ///< of the lock file, which holds the locks; below 0 until the first lock
+  int descriptor_ = -1;      ///< of the lock file, which holds the locks; below 0 until the first lock
+  bool hasCreated_ = false;  ///< the file did not exist before
 };
 
 }  // namespace vanzet::vdm

@@ -223,6 +223,24 @@ TEST_F(HistoryCommand, AStoreIsCopiedWithItsGenerations) {
   EXPECT_EQ(Vanzet("store check other").status, 0);
 }
 
+TEST_F(HistoryCommand, ACopyThatFailsLeavesAnEmptyFolderEmpty) {
+  DefineTwice();
+  std::filesystem::create_directory(folder / "other");
+  EXPECT_EQ(Vanzet("store copy lathe other > /dev/full").status, 1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "other"));
+  EXPECT_EQ(Vanzet("store copy lathe other", "ulimit -f 4; trap '' XFSZ;").status, 1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "other"));
+  EXPECT_EQ(Vanzet("store copy lathe other").status, 0);
+  EXPECT_EQ(Vanzet("store copy lathe other").status, 1);
+  EXPECT_EQ(Vanzet("history other --json").out, Vanzet("history lathe --json").out);
+}
+
+TEST_F(HistoryCommand, ARunThatFailsInAnEmptyFolderDoesNotStandInTheWayOfTheNext) {
+  std::filesystem::create_directory(folder / "other");
+  EXPECT_EQ(Vanzet("restore other 1").status, 1);
+  EXPECT_EQ(Vanzet("history other").out, "no generation was stored yet\n");
+}
+
 TEST_F(HistoryCommand, ABackupIsTheStoreWithItsGenerations) {
   DefineTwice();
   ASSERT_EQ(Vanzet("store backup lathe monday.db").status, 0);

@@ -14,6 +14,7 @@ using test::Get;
 using test::Told;
 
 constexpr Number kNumber{1000};
+constexpr std::chrono::milliseconds kNoWait{0};
 
 struct Locks : testing::Test {
   test::TemporaryFolder folder;
@@ -44,6 +45,37 @@ TEST_F(Locks, KeepNumbersApartOverTheirWholeRange) {
     EXPECT_EQ(Told(theirs.Acquire(Number{number})), "") << number;
   }
   EXPECT_TRUE(Get(theirs.IsHeldElsewhere(Number{0xFFFFFFFF})));
+}
+
+TEST_F(Locks, TakeAwayTheFileThatTheyCreatedUnlessOthersHaveALock) {
+  VdmLocks ours(file), theirs(file);
+  {
+    const auto held = Get(ours.AcquireProject(kNoWait));
+    const auto vdm = Get(theirs.Acquire(kNumber));
+    ours.RemoveOwnFile();
+    EXPECT_TRUE(std::filesystem::exists(file)) << "they have a lock";
+  }
+  {
+    const auto held = Get(theirs.AcquireProject(kNoWait));
+    theirs.RemoveOwnFile();
+    EXPECT_TRUE(std::filesystem::exists(file)) << "they did not create it";
+  }
+  const auto held = Get(ours.AcquireProject(kNoWait));
+  ours.RemoveOwnFile();
+  EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(Locks, LockTheNewFileWhenTheirsWasTakenAway) {
+  VdmLocks ours(file), waiting(file), third(file);
+  {
+    const auto held = Get(ours.AcquireProject(kNoWait));
+    ASSERT_EQ(Told(waiting.Check()), "");
+    ours.RemoveOwnFile();
+  }
+  const auto project = Get(third.AcquireProject(kNoWait));
+  EXPECT_EQ(waiting.AcquireProject(kNoWait).fault().kind, FaultKind::kBusy);
+  const auto vdm = Get(third.Acquire(kNumber));
+  EXPECT_TRUE(Get(waiting.IsHeldElsewhere(kNumber)));
 }
 
 TEST_F(Locks, AreSeenByOtherProcessesAndDieWithTheirOwn) {
