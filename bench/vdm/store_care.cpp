@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "base/files/regular_file.h"
 #include "base/files/system_fault.h"
@@ -74,7 +75,8 @@ class Reader {
  private:
   Result<void> OpenAndReadAll(const fs::path& file) {
     VANZET_TRY(connection_, SqliteConnection::Open(file, SqliteConnection::IfMissing::kFail, {}));
-    VANZET_TRY(const auto reading, SqliteTransaction::Begin(*connection_, SqliteTransaction::Kind::kRead));
+    VANZET_TRY(auto reading, SqliteTransaction::Begin(*connection_, SqliteTransaction::Kind::kRead));
+    reading_.emplace(std::move(reading));
     VANZET_TRY(schema_, SchemaOf(*connection_));
     if (schema_ == 0) return {};
     CheckStructure(file);
@@ -190,6 +192,7 @@ class Reader {
   }
 
   std::shared_ptr<SqliteConnection> connection_;
+  std::optional<SqliteTransaction> reading_;  ///< what is visited later is what was read
   std::int64_t schema_ = 0;
   std::set<std::string> noted_;
   std::optional<Fault> unreadable_;  ///< the first fault of the system
@@ -233,7 +236,10 @@ Result<void> WriteContent(const fs::path& file, const Changes& content) {
 Result<void> WriteStore(const fs::path& file, Reader& reader) {
   const auto written = reader.HasHistory() ? WriteGenerations(file, reader) : Result<void>();
   if (reader.HasHistory() && written) return {};
-  if (!written && written.fault().kind != FaultKind::kDamaged) return written;
+  // A file that has just been written is not damaged: the system has not read it.
+  const bool isOfSource =
+      !written && written.fault().kind == FaultKind::kDamaged && written.fault().file != file.string();
+  if (!written && !isOfSource) return written;
   if (!written) reader.findings.push_back("the former generations");
   std::error_code ignored;
   fs::remove(file, ignored);
