@@ -158,7 +158,7 @@ TEST_F(Dialogs, ComeUpWhereTheUserHasPutThem) {
   EXPECT_EQ(second, QPoint(60, 90));
 }
 
-/// What a screen does to windows: it moves the dialog by the frame that it puts around it.
+/// The work of a screen on windows: it moves the dialog by the frame that it puts around it.
 TEST_F(Dialogs, ThatTheScreenMovesAreNotTakenForMovedByTheUser) {
   OpenSample();
   When([] { return OnScreen() != nullptr; },

@@ -19,8 +19,8 @@ struct SideBySide {
 SideBySide PlaceBeside(const QRect& screen, const QRect& window, const QSize& dialog, int least);
 
 /// Keeps the module's dialog beside the views while a call is at work. A dialog that the user moves comes up
-/// there from then on, and the window then stays as it is. The screen has the last word on the place of a window
-/// that it has not shown yet: the dialog is placed again then.
+/// there from then on, and the window then stays as it is. The screen has the last word on the place of a
+/// window that it has not shown yet: the dialog is placed again then.
 class DialogPlace final : public QObject {
   Q_OBJECT
  public:
