@@ -107,8 +107,9 @@ Result<void> List(const Arguments& arguments, const Context& context) {
 
 /// The words about a difference, without the VDM.
 Result<std::vector<std::string>> WordsOf(const Difference& difference) {
-  const auto pointer = [](const auto& content) { return content ? &*content : nullptr; };
-  return history::ChangesInWords(pointer(difference.before), pointer(difference.now), history::Detail::kFull);
+  VANZET_TRY(const auto before, history::Reading::Of(difference.before));
+  VANZET_TRY(const auto now, history::Reading::Of(difference.now));
+  return history::ChangesInWords(before, now, history::Detail::kFull);
 }
 
 Result<std::vector<history::ItemChange>> ItemsOf(const Difference& difference) {

@@ -37,25 +37,67 @@ Result<std::vector<Difference>> Differences(const State& before, const State& no
   return differences;
 }
 
-const vdm::Vdm* PointerTo(const std::optional<vdm::Vdm>& content) {
-  return content ? &*content : nullptr;
+using Change = std::pair<std::int64_t, Number>;  // a generation, and a VDM that it changed
+
+/// What has to be read for a list.
+struct Plan {
+  std::set<Change> listed;
+  std::set<Change> passedOver;  ///< neither listed nor the state before one that is
+};
+
+/// Requires: `kept` is by rising generation.
+Plan PlanFor(const std::vector<vdm::VdmChange>& kept, std::size_t newest) {
+  Plan plan;
+  std::set<std::int64_t> generations;
+  std::map<Number, bool> isNextListed;
+  for (const vdm::VdmChange& change : std::views::reverse(kept)) {
+    const std::int64_t number = change.generation.number;
+    if (generations.size() < newest) generations.insert(number);
+    const bool isListed = generations.contains(number);
+    if (isListed) plan.listed.emplace(number, change.vdm);
+    if (!isListed && !isNextListed[change.vdm]) plan.passedOver.emplace(number, change.vdm);
+    isNextListed[change.vdm] = isListed;
+  }
+  return plan;
 }
+
+/// The words of the changes of one VDM after the other, each content read once.
+class Narrator {
+ public:
+  /// What changed since the content before. Requires: contents of a VDM come by rising generation.
+  Result<std::vector<std::string>> Next(Number number, const std::optional<vdm::Vdm>& content) {
+    Former& former = former_[number];
+    if (former.content && content && HaveSameRecords(*former.content, *content)) {
+      return std::vector<std::string>();
+    }
+    VANZET_TRY(auto reading, Reading::Of(content));
+    auto words = ChangesInWords(former.reading, reading, Detail::kBrief);
+    former = {content, std::move(reading)};
+    return words;
+  }
+
+ private:
+  struct Former {
+    std::optional<vdm::Vdm> content;
+    Reading reading;
+  };
+  std::map<Number, Former> former_;
+};
 
 }  // namespace
 
-Result<std::vector<Entry>> History::List(std::optional<Number> only) const {
+Result<std::vector<Entry>> History::List(std::optional<Number> only, std::size_t newest) const {
   VANZET_TRY(const auto kept, store_.ListChanges(only));
-  std::set<std::pair<std::int64_t, Number>> listed;
-  for (const vdm::VdmChange& change : kept) listed.emplace(change.generation.number, change.vdm);
+  const Plan plan = PlanFor(kept, newest);
   std::vector<Entry> entries;
-  std::map<Number, std::optional<vdm::Vdm>> former;
+  Narrator narrator;
   VANZET_DO(store_.Visit(only, [&](const vdm::PastGeneration& past) -> Result<void> {
     for (const auto& [number, content] : past.vdms) {
-      auto& before = former[number];
-      VANZET_TRY(auto words, ChangesInWords(PointerTo(before), PointerTo(content), Detail::kBrief));
+      const Change change{past.generation.number, number};
+      if (plan.passedOver.contains(change)) continue;
+      VANZET_TRY(auto words, narrator.Next(number, content));
+      if (!plan.listed.contains(change)) continue;
       if (std::ranges::find(past.cut, number) != past.cut.end()) words = {"older states are no longer kept"};
-      before = content;
-      if (!listed.contains({past.generation.number, number})) continue;
       entries.push_back({{past.generation, number, !content}, std::move(words)});
     }
     return {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -35,10 +36,13 @@ struct Difference {
 /// Threads  one, that of the store
 class History {
  public:
+  static constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+
   explicit History(vdm::VdmStore& store) : store_(store) {}
 
-  /// The changes that are kept, of all VDMs or one, the newest generation first, with brief words.
-  Result<std::vector<Entry>> List(std::optional<vdm::Number> only = {}) const;
+  /// The changes that are kept, of all VDMs or one, the newest generation first, with brief words; of the
+  /// `newest` generations alone. Fails when a record that is compared cannot be read.
+  Result<std::vector<Entry>> List(std::optional<vdm::Number> only = {}, std::size_t newest = kAll) const;
 
   /// The number of the last generation, of all VDMs or one; 0 without any.
   Result<std::int64_t> Last(std::optional<vdm::Number> only = {}) const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 
@@ -120,11 +121,6 @@ std::vector<std::string> EquipmentChanges(const Records& before, const Records& 
   return lines;
 }
 
-/// The equipment of a content that may not be a definition; without one it is empty.
-Result<project::Definition> DefinitionOf(const vdm::Vdm* content) {
-  return content == nullptr ? project::Definition() : project::ReadDefinition(*content);
-}
-
 Records RecordsOf(const project::Definition& definition) {
   define::Refusals leftOut;
   return RecordsOf(define::SpurForm(0, scene::ReadEquipment(definition), "$", leftOut));
@@ -136,21 +132,43 @@ std::string Counted(std::size_t count, const std::string& noun) {
 
 }  // namespace
 
-Result<std::vector<std::string>> ChangesInWords(const vdm::Vdm* before, const vdm::Vdm* now, Detail detail) {
-  if (now == nullptr) return std::vector<std::string>(before == nullptr ? 0 : 1, "removed");
-  VANZET_TRY(const auto former, DefinitionOf(before));
-  VANZET_TRY(const auto present, DefinitionOf(now));
+struct Reading::Form {
+  std::int32_t version;
+  Records records;
+};
+
+Result<Reading> Reading::Of(std::optional<vdm::Vdm> content) {
+  Reading reading;
+  if (!content) return reading;
+  VANZET_TRY(const auto definition, project::ReadDefinition(*content));
+  reading.form_ = std::make_shared<const Form>(Form{definition.version, RecordsOf(definition)});
+  reading.content_ = std::move(content);
+  return reading;
+}
+
+Result<std::vector<std::string>> ChangesInWords(const Reading& before, const Reading& now, Detail detail) {
+  if (!now.form_) return std::vector<std::string>(before.form_ ? 1 : 0, "removed");
+  static const Reading::Form kNone{0, {}};
+  const Reading::Form &former = before.form_ ? *before.form_ : kNone, &present = *now.form_;
   std::vector<std::string> lines;
-  if (before == nullptr) lines.emplace_back("created");
-  if (before != nullptr && former.version != present.version) {
+  if (!before.form_) lines.emplace_back("created");
+  if (before.form_ && former.version != present.version) {
     lines.push_back("version " + std::to_string(former.version) + " -> " + std::to_string(present.version));
   }
-  std::ranges::move(EquipmentChanges(RecordsOf(former), RecordsOf(present), detail),
-                    std::back_inserter(lines));
+  std::ranges::move(EquipmentChanges(former.records, present.records, detail), std::back_inserter(lines));
   if (!lines.empty()) return lines;
-  VANZET_TRY(const std::size_t records, CountChangedRecords(*before, *now));
+  VANZET_TRY(const std::size_t records, CountChangedRecords(*before.content_, *now.content_));
   if (records > 0) lines.push_back(Counted(records, "record") + " of other data");
   return lines;
+}
+
+bool HaveSameRecords(const vdm::Vdm& a, const vdm::Vdm& b) {
+  if (a.Size() != b.Size()) return false;
+  for (std::size_t i = 0; i < a.Size(); ++i) {
+    const auto &one = a.EntryOf(i), &other = b.EntryOf(i);
+    if (one.MustBeWritten() || other.MustBeWritten() || one.key != other.key) return false;
+  }
+  return true;
 }
 
 }  // namespace vanzet::history

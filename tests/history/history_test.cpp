@@ -71,6 +71,25 @@ TEST_F(HistoryOfAProject, ListsNoMoreThanIsToBeKept) {
   EXPECT_EQ(Listed().back(), "5 VDM 1: 1 record of other data");
 }
 
+TEST_F(HistoryOfAProject, ListsTheNewestGenerationsWithTheSameWords) {
+  Write(1, {{"a"}});
+  Write(2, {{"x"}});
+  for (const char* const text : {"b", "c"}) Write(1, {{text}});
+  ASSERT_EQ(Told(store.Replace(1, VdmOf({{"d"}}))), "");
+  Write(2, {{"y"}});
+  const auto numbersOf = [](const std::vector<Entry>& entries) {
+    std::vector<std::int64_t> numbers;
+    for (const Entry& entry : entries) numbers.push_back(entry.change.generation.number);
+    return numbers;
+  };
+  const auto all = Get(history.List());
+  const auto newest = Get(history.List({}, 2));
+  EXPECT_THAT(numbersOf(newest), ElementsAre(5, 5, 4)) << "both VDMs of a generation";
+  for (std::size_t i = 0; i < newest.size(); ++i) EXPECT_EQ(newest[i].words, all[i].words);
+  EXPECT_THAT(numbersOf(Get(history.List(Number{1}, 1))), ElementsAre(5));
+  EXPECT_THAT(Get(history.List({}, 0)), IsEmpty());
+}
+
 TEST_F(HistoryOfAProject, RestoresAStateAsANewGeneration) {
   Write(1, {{"a"}});
   Write(2, {{"later"}});
