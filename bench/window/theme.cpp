@@ -1,7 +1,8 @@
 #include "window/theme.h"
 
 #include <QApplication>
-#include <QStyleFactory>
+
+#include "window/framed_style.h"
 
 namespace vanzet::window {
 namespace {
@@ -77,7 +78,7 @@ void ApplyAppearance(QApplication& application, Appearance appearance) {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, appearance == Appearance::kDark ? "#6b747c" : "#a2abb3");
   }
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(new FramedStyle("Fusion"));
   QApplication::setPalette(palette);
   application.setStyleSheet(kStyleSheet);
 }

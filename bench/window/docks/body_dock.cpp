@@ -41,20 +41,32 @@ void BodyDock::Retranslate() {
 
 std::shared_ptr<const scene::Scene> BodyDock::Show(std::shared_ptr<const scene::Scene> scene) {
   const QSignalBlocker quiet(tree_);
-  tree_->clear();
+  List(scene == nullptr ? scene::Scene() : *scene);
   if (scene == nullptr) return nullptr;
   auto shown = std::make_shared<scene::Scene>(*scene);
+  int row = 0;
   for (scene::SceneBody& body : shown->bodies) {
     if (const auto choice = choices_.find(body.name); choice != choices_.end()) {
       body.isShown = choice->second.isShown;
       body.isSeenThrough = choice->second.isSeenThrough;
     }
-    auto* const item = new QTreeWidgetItem(tree_, {ToQString(body.name)});
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    QTreeWidgetItem* const item = tree_->topLevelItem(row++);
     item->setCheckState(kShown, StateOf(body.isShown));
     item->setCheckState(kSeenThrough, StateOf(body.isSeenThrough));
   }
   return shown;
+}
+
+/// Lists the names. An item stays while its name does: it can be the one that is being clicked.
+void BodyDock::List(const scene::Scene& scene) {
+  const int count = static_cast<int>(scene.bodies.size());
+  while (tree_->topLevelItemCount() > count) delete tree_->takeTopLevelItem(count);
+  for (int row = 0; row < count; ++row) {
+    QTreeWidgetItem* item = tree_->topLevelItem(row);
+    if (item == nullptr) item = new QTreeWidgetItem(tree_);
+    item->setText(0, ToQString(scene.bodies[static_cast<std::size_t>(row)].name));
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+  }
 }
 
 void BodyDock::Keep(const QTreeWidgetItem& item) {

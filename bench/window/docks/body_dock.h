@@ -33,6 +33,7 @@ class BodyDock final : public QDockWidget {
   };
 
   void Retranslate();
+  void List(const scene::Scene& scene);
   void Keep(const QTreeWidgetItem& item);
 
   const Texts& texts_;
