@@ -78,8 +78,8 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kCopyAll,          "Copy all messages" },
     { Text::kClear,            "Clear" },
 
-    { Text::kTreeName,         "Operation" },
-    { Text::kTreeContent,      "Content" },
+    { Text::kTreeName,         "Name" },
+    { Text::kTreeContent,      "Value" },
     { Text::kSpur,             "Spindle %1" },
     { Text::kSpurChoice,       "Spindle whose equipment is shown" },
     { Text::kNoDefinition,     "no definition yet" },

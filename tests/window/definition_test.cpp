@@ -1,10 +1,14 @@
 #include <QTreeWidget>
 
+#include <cmath>
+
 #include "support/places.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
 namespace {
+
+using window::Command;
 
 class DefinitionTree : public WindowTest {
  protected:
@@ -67,6 +71,45 @@ TEST_F(DefinitionTree, HasBodiesThatCanBeHiddenAndSeenThrough) {
   BodyIn(list, "main chuck")->setCheckState(1, Qt::Checked);
   EXPECT_NE(equipment().grab().toImage(), all);
   EXPECT_NE(equipment().grab().toImage(), without);
+}
+
+/// The relative luminance of a colour, as contrasts are computed.
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
+TEST_F(DefinitionTree, HasBodiesWithBoxesThatAreSeenInLightAndDark) {
+  OpenSample(true);
+  QTreeWidget& list = Part<window::BodyDock>().tree();
+  for (const Command appearance : {Command::kDark, Command::kLight}) {
+    actions()[appearance]->trigger();
+    QTreeWidgetItem* const chuck = BodyIn(list, "main chuck");
+    chuck->setCheckState(0, Qt::Unchecked);
+    const QRect row = list.visualItemRect(chuck);
+    const QImage image = list.viewport()->grab(QRect(row.topLeft(), QSize(24, row.height()))).toImage();
+    const QColor ground = list.palette().color(QPalette::Base);
+    double most = 1;
+    for (int x = 0; x < image.width(); ++x)
+      most = std::max(most, Contrast(image.pixelColor(x, image.height() / 2), ground));
+    EXPECT_GE(most, 3) << "the edge of the box, dark: " << (appearance == Command::kDark);
+  }
+  actions()[Command::kLight]->trigger();
+}
+
+TEST_F(DefinitionTree, HasRoomForValues) {
+  OpenSample(true);
+  const QTreeWidget& tree = definition().tree();
+  EXPECT_EQ(tree.headerItem()->text(0), "Name");
+  EXPECT_EQ(tree.headerItem()->text(1), "Value");
+  EXPECT_GE(tree.columnWidth(1), tree.viewport()->width() * 2 / 5);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "base/length_unit.h"
 #include "scene/scene.h"
+#include "window/actions.h"
 #include "window/session.h"
 #include "window/texts.h"
 

@@ -18,6 +18,8 @@
 namespace vanzet::window {
 namespace {
 
+constexpr int kNameWidth = 200;  // pixels
+
 constexpr int kSpurRole = Qt::UserRole;
 constexpr int kNodeRole = Qt::UserRole + 1;  // of the dialog's page; 0: none
 constexpr int kOpenRole = Qt::UserRole + 2;  // open when a project is shown first
@@ -63,7 +65,7 @@ DefinitionDock::DefinitionDock(const Texts& texts, QWidget* parent)
   tree_->setUniformRowHeights(true);
   tree_->setIndentation(14);
   tree_->header()->setStretchLastSection(true);
-  tree_->header()->resizeSection(0, 256);
+  tree_->header()->resizeSection(0, kNameWidth);
   setWidget(tree_);
   connect(tree_, &QTreeWidget::itemClicked, this,
           [this](const QTreeWidgetItem* item) { emit SpurActivated(SpurOf(item)); });
