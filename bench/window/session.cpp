@@ -90,16 +90,19 @@ Result<scene::Scene> Session::LiveScene(const Live& live) const {
 
 Result<std::vector<history::Entry>> Session::History() const {
   vdm::VdmStore store(project_.folder());
+  store.KeepGenerations(project_.settings().keep);
   return history::History(store).List();
 }
 
 Result<std::int64_t> Session::LastGeneration() const {
   vdm::VdmStore store(project_.folder());
+  store.KeepGenerations(project_.settings().keep);
   return history::History(store).Last();
 }
 
 Result<void> Session::Restore(std::int64_t generation) {
   vdm::VdmStore store(project_.folder());
+  store.KeepGenerations(project_.settings().keep);
   VANZET_DO(history::History(store).Restore(generation));
   return store.Commit("restore");
 }

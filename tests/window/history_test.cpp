@@ -2,6 +2,8 @@
 #include <QTreeWidget>
 
 #include "support/places.h"
+#include "support/vdm_values.h"
+#include "vdm/store.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -42,6 +44,31 @@ TEST_F(HistoryOfAProject, UndoesTheLastDialogByItsKeys) {
   EXPECT_EQ(Billet(), before);
   actions()[Command::kUndo]->trigger();
   EXPECT_NE(Billet(), before) << "the dialog before";
+}
+
+TEST_F(HistoryOfAProject, UndoesTheLastDialogThatChangedSomething) {
+  OpenSample();
+  Play(kBar);
+  const std::string before = Billet();
+  for (int i = 0; i < 3; ++i) Play(kThickerBar);
+  actions()[Command::kUndo]->trigger();
+  EXPECT_EQ(Billet(), before);
+}
+
+TEST_F(HistoryOfAProject, KeepsAsManyStatesAsTheSettingsSayWhenOneIsBroughtBack) {
+  OpenSampleWithoutDefinitions();
+  const auto ini = folder / "lathe" / "bench.ini";
+  WriteBytes(ini, ReadBytes(ini) + "\n[store]\nkeep=1000\n");
+  vdm::VdmStore store(folder / "lathe");
+  store.KeepGenerations(1000);
+  for (int i = 0; i < 250; ++i) {
+    ASSERT_TRUE(store.Replace(1900, VdmOf({{std::to_string(i)}})));
+    ASSERT_TRUE(store.Commit("test"));
+  }
+  ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
+  Play(kBar);
+  actions()[Command::kUndo]->trigger();
+  EXPECT_TRUE(store.ReadAt(1, {}));
 }
 
 TEST_F(HistoryOfAProject, BringsAStateBackAndThatCanBeUndone) {

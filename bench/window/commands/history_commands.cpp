@@ -7,7 +7,8 @@ HistoryCommands::HistoryCommands(Workplace& workplace, HistoryDock& dock, QObjec
   connect(&dock, &HistoryDock::RestoreWanted, this, [this](qint64 generation, const QString& when) {
     if (workplace_.session->isAtWork()) return workplace_.reportDone(workplace_.texts(Text::kAtWork));
     const std::int64_t before = Last();
-    GoBackTo(generation, when);
+    if (!GoBackTo(generation)) return;
+    workplace_.reportDone(workplace_.texts(Text::kRestored).arg(when));
     if (Last() != before) undo_.push_back(before);
   });
   connect(&dock, &QDockWidget::visibilityChanged, this, &HistoryCommands::Refresh);
@@ -34,19 +35,29 @@ void HistoryCommands::NoteCall(bool isAtWork) {
   }
 }
 
-/// Puts back what was before the last dialog, upgrade or restored state of this window.
+/// Puts back what was before the last dialog, upgrade or restored state of this window that changed
+/// something: an OK without a change is a generation, too, and nobody means that one.
 void HistoryCommands::Undo() {
-  if (undo_.empty()) return workplace_.reportDone(workplace_.texts(Text::kNothingToUndo));
-  const std::int64_t generation = undo_.back();
-  undo_.pop_back();
-  GoBackTo(generation, workplace_.texts(Text::kBeforeLastChange));
+  const std::int64_t before = Last();
+  while (!undo_.empty() && Last() == before) {
+    const std::int64_t generation = undo_.back();
+    undo_.pop_back();
+    if (!GoBackTo(generation)) return;
+  }
+  const bool isBack = Last() != before;
+  workplace_.reportDone(isBack
+                            ? workplace_.texts(Text::kRestored).arg(workplace_.texts(Text::kBeforeLastChange))
+                            : workplace_.texts(Text::kNothingToUndo));
 }
 
-void HistoryCommands::GoBackTo(std::int64_t generation, const QString& when) {
+bool HistoryCommands::GoBackTo(std::int64_t generation) {
   const auto restored = workplace_.session->Restore(generation);
-  if (!restored) return workplace_.reportFault(restored.fault());
-  workplace_.reportDone(workplace_.texts(Text::kRestored).arg(when));
+  if (!restored) {
+    workplace_.reportFault(restored.fault());
+    return false;
+  }
   emit Changed();
+  return true;
 }
 
 /// 0 where the history cannot be read: the list says why.

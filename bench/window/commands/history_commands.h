@@ -33,7 +33,8 @@ class HistoryCommands final : public QObject {
 
  private:
   void Undo();
-  void GoBackTo(std::int64_t generation, const QString& when);
+  /// False after a fault, which is reported.
+  bool GoBackTo(std::int64_t generation);
   std::int64_t Last() const;
 
   Workplace& workplace_;
