@@ -39,7 +39,7 @@ Result<std::vector<Difference>> Differences(const State& before, const State& no
 
 using Change = std::pair<std::int64_t, Number>;  // a generation, and a VDM that it changed
 
-/// What has to be read for a list.
+/// The contents to be read for a list.
 struct Plan {
   std::set<Change> listed;
   std::set<Change> passedOver;  ///< neither listed nor the state before one that is
@@ -64,7 +64,7 @@ Plan PlanFor(const std::vector<vdm::VdmChange>& kept, std::size_t newest) {
 /// The words of the changes of one VDM after the other, each content read once.
 class Narrator {
  public:
-  /// What changed since the content before. Requires: contents of a VDM come by rising generation.
+  /// The changes since the content before. Requires: contents of a VDM come by rising generation.
   Result<std::vector<std::string>> Next(Number number, const std::optional<vdm::Vdm>& content) {
     Former& former = former_[number];
     if (former.content && content && HaveSameRecords(*former.content, *content)) {

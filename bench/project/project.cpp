@@ -21,7 +21,7 @@ constexpr std::array kMarks = {"bench.ini", "machine.ini", "clampdevice.cld", vd
 
 constexpr const char* kMessages = "messages";  // in [language]
 
-/// The file of locks is no content: a run that failed or was killed may have left it.
+/// The file of locks is not content: a run that failed or was killed may have left it.
 bool IsEmpty(const fs::path& folder, std::error_code& error) {
   for (fs::directory_iterator each(folder, error); each != fs::end(each); each.increment(error)) {
     if (each->path().filename() != "store.lock") return false;

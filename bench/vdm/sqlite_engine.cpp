@@ -157,7 +157,7 @@ Result<void> SqliteEngine::Fill(const GenerationSource& source) {
   const bool isNew = !std::filesystem::exists(file_, unknown) && !unknown;
   const auto filled = FillEmpty(source);
   if (filled || !isNew) return filled;
-  // What is left of a file that this call made has no byte, unless another one is to undo what was written.
+  // The rest of a file that this call made has no byte, unless another one is to undo what was written.
   connection_.reset();
   if (std::filesystem::file_size(file_, unknown) == 0) std::filesystem::remove(file_, unknown);
   return filled;
