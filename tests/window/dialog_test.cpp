@@ -8,6 +8,7 @@
 #include "support/places.h"
 #include "vdm/store.h"
 #include "view/ids.h"
+#include "window/commands/dialog_page.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -88,6 +89,31 @@ TEST_F(Dialogs, OpenAtThePageOfTheRowThatIsDoubleClicked) {
   QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   QTest::mouseRelease(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   EXPECT_EQ(page, "Billet cylindrical");
+}
+
+TEST_F(Dialogs, OpenAtThePageOfTheBodyThatIsDoubleClicked) {
+  OpenSample(true);
+  actions()[Command::kFront]->trigger();
+  // A dialog beside the views has changed their sizes.
+  const auto inSpace = [this](const geometry::Point3d& point) {
+    const auto place = scene::Camera(equipment().look()).Project(point);
+    return QPointF(place.x, place.y).toPoint();
+  };
+  const auto pageAfter = [this](QWidget& view, const QPoint& place, const QString& expected) {
+    QString page;
+    int looks = 0;
+    When([&] { return window::SelectedPage() == expected || ++looks > 100; },
+         [&] {
+           page = window::SelectedPage();
+           if (OnScreen() != nullptr) OnScreen()->close();
+         });
+    QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, place);
+    QCoreApplication::processEvents();
+    return page;
+  };
+  EXPECT_EQ(pageAfter(drawing(), At(-70, 40), "Jaw"), "Jaw");
+  EXPECT_EQ(pageAfter(drawing(), At(-10, 15), "Billet cylindrical"), "Billet cylindrical");
+  EXPECT_EQ(pageAfter(equipment(), inSpace({-120, 70, 0}), "Chuck"), "Chuck");
 }
 
 TEST_F(Dialogs, ShowWhatIsStoredWhileTheyAreUp) {

@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <algorithm>
 #include <utility>
 
 #include "drawing/figure_folder.h"
 #include "modeller/body_folder.h"
 #include "project/length_unit.h"
 #include "window/commands/boxes.h"
+#include "window/docks/equipment_pages.h"
 #include "window/qt_text.h"
 #include "window/window_memory.h"
 
@@ -59,6 +61,8 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
   changePoll_.setInterval(kChangePoll);
   connect(&changePoll_, &QTimer::timeout, this, &EquipmentCommands::RefreshIfChanged);
   connect(&parts.definition, &DefinitionDock::PageWanted, this, &EquipmentCommands::DefineAt);
+  connect(&parts.drawing, &DrawingView::BodyActivated, this, &EquipmentCommands::DefineBody);
+  connect(&parts.equipment, &EquipmentView::BodyActivated, this, &EquipmentCommands::DefineBody);
   connect(&parts.bodies, &BodyDock::Chosen, this, [this] { workplace_.Report(ShowScene()); });
 }
 
@@ -82,6 +86,15 @@ void EquipmentCommands::Define() {
 void EquipmentCommands::DefineAt(int spur, std::int32_t node) {
   page_.Show(spur, node);
   if (!workplace_.session->isAtWork()) Define();
+}
+
+void EquipmentCommands::DefineBody(const QString& name) {
+  if (IsPicking() || !workplace_.session || !workplace_.scene) return;
+  const auto body = std::ranges::find(workplace_.scene->bodies, name.toStdString(), &scene::SceneBody::name);
+  const auto stored = results::ReadDefinition(workplace_.session->project(), workplace_.spur);
+  if (body == workplace_.scene->bodies.end() || !stored || !stored->definition) return;
+  const std::int32_t node = NodeOf(*body, scene::ReadEquipment(*stored->definition));
+  if (node != 0) DefineAt(workplace_.spur, node);
 }
 
 void EquipmentCommands::Upgrade() {

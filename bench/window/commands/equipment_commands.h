@@ -61,6 +61,7 @@ class EquipmentCommands final : public QObject {
   void Refreshed();  ///< the project was read again
 
  private:
+  void DefineBody(const QString& name);
   bool IsFreeElsewhere();
   void Call(const char* function);
   void ShowEventFault(const QString& fault, const QString& boxText);

@@ -21,22 +21,41 @@ std::int32_t NodeOfKind(const define::Part<Record>& part, std::int32_t type, std
   return kind == part.kinds.end() ? 0 : kind->nodes[spindle];
 }
 
-}  // namespace
-
-std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment) {
-  const scene::Spindle& spindle = equipment.spindles[row.spindle];
-  switch (row.part) {
+std::int32_t NodeOfPart(show::Part part, std::size_t side, const scene::Equipment& equipment) {
+  const scene::Spindle& spindle = equipment.spindles[side];
+  switch (part) {
     case show::Part::kNone: return 0;
-    case show::Part::kClamp: return NodeOfClamp(spindle.clamp, row.spindle);
-    case show::Part::kJaw: return define::JawRow().nodes[row.spindle];
-    case show::Part::kBillet: return NodeOfKind(define::BilletPart(), spindle.billet.type, row.spindle);
-    case show::Part::kFinishPart:
-      return NodeOfKind(define::FinishedPart(), spindle.finishPart.type, row.spindle);
+    case show::Part::kClamp: return NodeOfClamp(spindle.clamp, side);
+    case show::Part::kJaw: return define::JawRow().nodes[side];
+    case show::Part::kBillet: return NodeOfKind(define::BilletPart(), spindle.billet.type, side);
+    case show::Part::kFinishPart: return NodeOfKind(define::FinishedPart(), spindle.finishPart.type, side);
     case show::Part::kCenter: return node::kCenter;
     case show::Part::kSteadyRest: return node::kBezel;
     case show::Part::kDatum: return node::kDatum;
   }
   return 0;
+}
+
+show::Part PartOf(scene::Kind kind) {
+  switch (kind) {
+    case scene::Kind::kClamp: return show::Part::kClamp;
+    case scene::Kind::kJaw: return show::Part::kJaw;
+    case scene::Kind::kCenter: return show::Part::kCenter;
+    case scene::Kind::kSteadyRest: return show::Part::kSteadyRest;
+    case scene::Kind::kBillet: return show::Part::kBillet;
+    case scene::Kind::kFinishPart: return show::Part::kFinishPart;
+  }
+  return show::Part::kNone;
+}
+
+}  // namespace
+
+std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment) {
+  return NodeOfPart(row.part, row.spindle, equipment);
+}
+
+std::int32_t NodeOf(const scene::SceneBody& body, const scene::Equipment& equipment) {
+  return NodeOfPart(PartOf(body.kind), body.name.starts_with("sub ") ? 1 : 0, equipment);
 }
 
 }  // namespace vanzet::window

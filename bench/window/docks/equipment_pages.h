@@ -3,11 +3,15 @@
 #include <cstdint>
 
 #include "scene/equipment.h"
+#include "scene/scene.h"
 #include "show/rows.h"
 
 namespace vanzet::window {
 
 /// The node of the dialog's page on which the part of a row is defined; 0 where no page does.
 std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment);
+
+/// The same of a body of the equipment.
+std::int32_t NodeOf(const scene::SceneBody& body, const scene::Equipment& equipment);
 
 }  // namespace vanzet::window
