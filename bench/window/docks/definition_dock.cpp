@@ -6,8 +6,8 @@
 #include <QMenu>
 #include <QTreeWidget>
 #include <algorithm>
-#include <ranges>
 #include <set>
+#include <span>
 
 #include "base/one_line.h"
 #include "show/page.h"
@@ -148,7 +148,7 @@ void DefinitionDock::AddEquipment(QTreeWidgetItem* parent, const results::SpurDe
   const show::Rows rows = show::RowsOf({spur.spur, spur.vdm, *spur.definition}, style);
   const scene::Equipment equipment = scene::ReadEquipment(*spur.definition);
   std::vector<QTreeWidgetItem*> above = {parent};  // by level
-  for (const show::Row& row : rows.all() | std::views::drop(1)) {
+  for (const show::Row& row : std::span(rows.all()).subspan(1)) {
     const auto level = std::min(static_cast<std::size_t>(row.level), above.size() - 1);
     auto* const item = new QTreeWidgetItem(above[level], {ToQString(row.label), ToQString(row.value)});
     item->setData(0, kNodeRole, NodeOf(row, equipment));
