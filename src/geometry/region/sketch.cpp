@@ -7,7 +7,6 @@ namespace geometry::region {
 namespace {
 
 constexpr double kLargest = 1e60;
-constexpr double kEighth = 0.7853981633974483;
 /// A centre is kept out of the base's way: a base is necessary only for what is far from the origin.
 constexpr double kFarInSizes = 4;
 
