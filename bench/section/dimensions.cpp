@@ -11,7 +11,6 @@ namespace vanzet::section {
 namespace {
 
 using geometry::Box;
-using geometry::Point;
 using scene::Kind;
 
 constexpr double kTouch = 0.05;    // millimetres between what touches

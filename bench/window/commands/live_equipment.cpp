@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <algorithm>
+#include <utility>
 
 #include "section/picture.h"
 #include "window/commands/page_values.h"
@@ -50,7 +51,7 @@ std::shared_ptr<const ShownSection> SectionToShow(const Workplace& workplace,
 }
 
 LiveEquipment::LiveEquipment(Workplace& workplace, Parts parts, QObject* parent)
-    : QObject(parent), workplace_(workplace), parts_(parts) {
+    : QObject(parent), workplace_(workplace), parts_(std::move(parts)) {
   redraw_.setSingleShot(true);
   redraw_.setInterval(kDelay);
   connect(&redraw_, &QTimer::timeout, this, &LiveEquipment::Redraw);

@@ -39,7 +39,7 @@ void BodyDock::Retranslate() {
   tree_->setHeaderLabels({texts_(Text::kShownBodies), texts_(Text::kSeeThrough)});
 }
 
-std::shared_ptr<const scene::Scene> BodyDock::Show(std::shared_ptr<const scene::Scene> scene) {
+std::shared_ptr<const scene::Scene> BodyDock::Show(const std::shared_ptr<const scene::Scene>& scene) {
   const QSignalBlocker quiet(tree_);
   List(scene == nullptr ? scene::Scene() : *scene);
   if (scene == nullptr) return nullptr;

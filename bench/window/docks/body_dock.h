@@ -21,7 +21,7 @@ class BodyDock final : public QDockWidget {
   explicit BodyDock(const Texts& texts, QWidget* parent = nullptr);
 
   /// Lists the bodies of a scene, null for none, and returns it as it is to be shown.
-  std::shared_ptr<const scene::Scene> Show(std::shared_ptr<const scene::Scene> scene);
+  std::shared_ptr<const scene::Scene> Show(const std::shared_ptr<const scene::Scene>& scene);
   QTreeWidget& tree() { return *tree_; }
 
  signals:

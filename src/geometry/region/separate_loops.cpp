@@ -9,9 +9,11 @@ namespace {
 void SortBySize(std::vector<RegionLoop>& loops) {
   if (loops.size() < 2) return;
   std::vector<std::pair<double, std::size_t>> order;
+  order.reserve(loops.size());
   for (std::size_t i = 0; i < loops.size(); ++i) order.emplace_back(-std::abs(loops[i].Area()), i);
   std::sort(order.begin(), order.end());
   std::vector<RegionLoop> sorted;
+  sorted.reserve(loops.size());
   for (const auto& [area, i] : order) sorted.push_back(std::move(loops[i]));
   loops = std::move(sorted);
 }

@@ -66,7 +66,7 @@ class PageForm final : public QWidget {
   QWidget* Cell(Row& row);
   void AddUnit(Row& row, QWidget* cell);
   void AddChooser(const Row& row, QWidget* cell);
-  void AddNeeded(Row& row, QWidget* cell);
+  static void AddNeeded(Row& row, QWidget* cell);
   void AddSign(QGridLayout& grid, int at, Row& row, QLabel* label);
   void AddLeftOvers(QGridLayout& grid);
 
