@@ -122,10 +122,8 @@ struct Said {
                      [this](const QString& body) { hovered = body; });
     QObject::connect(&view, &window::EquipmentView::BodySelected,
                      [this](const QString& body) { selected = body; });
-    QObject::connect(&view, &window::EquipmentView::BodyActivated,
-                     [this](const QString& body) { activated = body; });
   }
-  QString hovered, selected, activated;
+  QString hovered, selected;
 };
 
 TEST_F(Views, OfTheEquipmentNameTheBodyUnderTheCursor) {
@@ -142,8 +140,6 @@ TEST_F(Views, OfTheEquipmentNameTheBodyUnderTheCursor) {
   Click(equipment(), place);
   EXPECT_EQ(said.selected, "main chuck");
   EXPECT_EQ(equipment().selected(), "main chuck");
-  QTest::mouseDClick(&equipment(), Qt::LeftButton, Qt::NoModifier, place);
-  EXPECT_EQ(said.activated, "main chuck");
   Click(equipment(), {3, 3});
   EXPECT_EQ(said.selected, "");
 }
