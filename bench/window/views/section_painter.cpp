@@ -128,7 +128,7 @@ void SectionPainter::PaintLabel(const section::Label& label, double height, cons
   if (!box.intersects(seen_)) return;
   painter_.fillRect(box, WithAlpha(ColoursFor(palette_).background, 200));
   painter_.setPen(colour);
-  painter_.drawText(box, Qt::AlignHCenter | Qt::AlignBottom, text);
+  painter_.drawText(box, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextDontClip, text);
 }
 
 const section::SectionBody* BodyAt(const ShownSection& shown, const geometry::Point& place) {
