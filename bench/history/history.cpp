@@ -1,7 +1,6 @@
 #include "history/history.h"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 
 #include "history/item_changes.h"
@@ -50,13 +49,13 @@ Plan PlanFor(const std::vector<vdm::VdmChange>& kept, std::size_t newest) {
   Plan plan;
   std::set<std::int64_t> generations;
   std::map<Number, bool> isNextListed;
-  for (const vdm::VdmChange& change : std::views::reverse(kept)) {
-    const std::int64_t number = change.generation.number;
+  for (auto change = kept.rbegin(); change != kept.rend(); ++change) {
+    const std::int64_t number = change->generation.number;
     if (generations.size() < newest) generations.insert(number);
     const bool isListed = generations.contains(number);
-    if (isListed) plan.listed.emplace(number, change.vdm);
-    if (!isListed && !isNextListed[change.vdm]) plan.passedOver.emplace(number, change.vdm);
-    isNextListed[change.vdm] = isListed;
+    if (isListed) plan.listed.emplace(number, change->vdm);
+    if (!isListed && !isNextListed[change->vdm]) plan.passedOver.emplace(number, change->vdm);
+    isNextListed[change->vdm] = isListed;
   }
   return plan;
 }

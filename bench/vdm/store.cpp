@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <set>
 #include <system_error>
 
@@ -256,8 +255,9 @@ Result<std::vector<VdmChange>> VdmStore::ListChanges(std::optional<Number> only)
   std::map<Number, std::int64_t> left;
   for (const VdmChange& change : changes) left.try_emplace(change.vdm, std::max<std::int64_t>(keep_, 1));
   // The engine may have kept more, so the newest of each VDM are chosen.
+  std::ranges::reverse(changes);
   std::vector<VdmChange> kept;
-  for (VdmChange& change : std::views::reverse(changes)) {
+  for (VdmChange& change : changes) {
     if (left[change.vdm]-- > 0) kept.push_back(std::move(change));
   }
   std::ranges::reverse(kept);
