@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <utility>
 
 #include "vdm/store_engine.h"
@@ -174,7 +173,8 @@ class MemoryEngine : public vdm::StoreEngine {
 
   void Forget(vdm::Number number, std::int64_t keep) {
     std::int64_t later = 0;
-    for (auto& [generation, past] : std::views::reverse(past_)) {
+    for (auto each = past_.rbegin(); each != past_.rend(); ++each) {
+      auto& [generation, past] = *each;
       if (!past.vdms.contains(number)) continue;
       if (++later == keep) cut_[number] = generation;
       if (later > keep) past.vdms.erase(number);
