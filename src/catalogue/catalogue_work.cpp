@@ -47,14 +47,19 @@ bool SearchesFile(CDevice& catalogue, bool forReading, void* owner) {
          catalogue.SelectFile(forReading, owner);
 }
 
+/// A shop without a catalogue, and one whose catalogue is another's to change, need not be told.
+bool IsUsual(const Fault& ofReading, const CDevice& catalogue) {
+  return ofReading.kind == FaultKind::kMissing || catalogue.MayOnlyBeRead();
+}
+
 /// Reads the file, or another one that the user chooses, and calls `onChosen` with that. The host is given
-/// the reason when the user chooses no other and the file exists.
+/// the reason when the user chooses no other and the reason is not a usual one.
 void ReadSomeFile(CDevice& catalogue, void* owner, const std::function<void()>& onChosen) {
   while (true) {
     const auto read = catalogue.ReadFile();
     if (read) return;
     if (!SearchesFile(catalogue, true, owner)) {
-      if (!catalogue.MayBeRead()) platform::ReportFault(read.fault());
+      if (!IsUsual(read.fault(), catalogue)) platform::ReportFault(read.fault());
       return;
     }
     onChosen();

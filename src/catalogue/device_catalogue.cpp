@@ -77,9 +77,9 @@ Result<void> CDevice::ReadFile() {
   return {};
 }
 
-bool CDevice::MayBeRead() const {
-  const auto text = files::ReadWholeFile(platform::FileOf(path_));
-  return text || text.fault().kind == FaultKind::kMissing;
+bool CDevice::MayOnlyBeRead() const {
+  const std::filesystem::path file = platform::FileOf(path_);
+  return files::ReadWholeFile(file) && !files::CheckChangeableFile(file);
 }
 
 Result<void> CDevice::WriteFile() const {

@@ -35,8 +35,8 @@ class CDevice {
   /// are no lines then.
   Result<void> ReadFile();
 
-  /// False for a file that exists and that the system keeps from being read.
-  bool MayBeRead() const;
+  /// True for a file that can be read and that the system keeps from being changed.
+  bool MayOnlyBeRead() const;
 
   /// Makes the lines the content of the file. When it fails the old content stays.
   Result<void> WriteFile() const;

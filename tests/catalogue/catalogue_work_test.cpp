@@ -446,6 +446,27 @@ TEST_F(Starting, ReportsAFileThatIsThereAndCannotBeRead) {
   EXPECT_THAT(reported.Messages(), ElementsAre("/dev/zero: is not a regular file"));
 }
 
+TEST_F(Starting, ReportsAFileThatCouldNotBeReadForAMoment) {
+  CDevice device;
+  fs::remove(world.file);
+  fs::create_directory(world.file);
+  WhileTheUserThinks([&] {
+    fs::remove(world.file);
+    WriteBytes(world.file, "Chuck\n1 1\n");
+  });
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(Names(device, 1), IsEmpty());
+  EXPECT_THAT(reported.Messages(), ElementsAre(world.file.string() + ": is not a regular file"));
+}
+
+TEST_F(Starting, ReportsNothingOfAFileThatMayOnlyBeRead) {
+  CDevice device;
+  fs::permissions(world.file, fs::perms(0444));
+  ReadCatalogueAtStart(device, nullptr);
+  EXPECT_THAT(host.TakeBoxes(), ElementsAre(SearchBox()));
+  EXPECT_THAT(reported.Messages(), IsEmpty());
+}
+
 TEST_F(Starting, ReportsNothingWhenAnotherFileIsChosen) {
   CDevice device;
   device.SetPath("/dev/zero");
