@@ -234,13 +234,13 @@ Result<void> WriteContent(const fs::path& file, const Changes& content) {
 
 /// Where the generations cannot be told from each other, the last one is what counts.
 Result<void> WriteStore(const fs::path& file, Reader& reader) {
-  const auto written = reader.HasHistory() ? WriteGenerations(file, reader) : Result<void>();
-  if (reader.HasHistory() && written) return {};
+  if (!reader.HasHistory()) return WriteContent(file, reader.content);
+  const auto written = WriteGenerations(file, reader);
   // A file that has just been written is not damaged: the system has not read it.
   const bool isOfSource =
       !written && written.fault().kind == FaultKind::kDamaged && written.fault().file != file.string();
-  if (!written && !isOfSource) return written;
-  if (!written) reader.findings.push_back("the former generations");
+  if (!isOfSource) return written;
+  reader.findings.push_back("the former generations");
   std::error_code ignored;
   fs::remove(file, ignored);
   return WriteContent(file, reader.content);
