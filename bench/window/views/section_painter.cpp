@@ -113,7 +113,7 @@ void SectionPainter::PaintDimensions(const ShownSection& shown) {
     PaintLabel(lines.label, height, colour);
   }
   for (const section::Datum& datum : shown.section.datums) {
-    painter_.setPen(QPen(QColor("#a01080"), 2));
+    painter_.setPen(QPen(OnGround(QColor(ToQString(section::kDatumColour)), palette_), 2));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawEllipse(frame_.ToScreen(datum.place), 6, 6);
   }
