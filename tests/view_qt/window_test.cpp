@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "platform/message_box.h"
+#include "support/contrast.h"
 #include "view/ids.h"
 #include "view/qt/page_panel.h"
 #include "view/qt/picture_widget.h"
@@ -62,19 +63,6 @@ TEST_F(Window, AsksForTheHelpOfThePageByF1) {
     Key(window, Qt::Key_F1);
     EXPECT_THAT(host.TakeCalls(), Contains("OrvoMacroExec('loadhelp', '')"));
   });
-}
-
-/// The relative luminance of a colour, as contrasts are computed.
-double Luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-  const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
-  return std::max(first, second) / std::min(first, second);
 }
 
 TEST_F(Window, FramesEditsAndBoxesVisiblyInLightAndDark) {

@@ -1,7 +1,6 @@
 #include <QTreeWidget>
 
-#include <cmath>
-
+#include "support/contrast.h"
 #include "support/places.h"
 #include "window_fixture.h"
 
@@ -71,19 +70,6 @@ TEST_F(DefinitionTree, HasBodiesThatCanBeHiddenAndSeenThrough) {
   BodyIn(list, "main chuck")->setCheckState(1, Qt::Checked);
   EXPECT_NE(equipment().grab().toImage(), all);
   EXPECT_NE(equipment().grab().toImage(), without);
-}
-
-/// The relative luminance of a colour, as contrasts are computed.
-double Luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-  const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
-  return std::max(first, second) / std::min(first, second);
 }
 
 TEST_F(DefinitionTree, HasBodiesWithBoxesThatAreSeenInLightAndDark) {
