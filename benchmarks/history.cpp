@@ -2,46 +2,23 @@
 // with generations kept and without, and how quick a store with 10,000 generations is beside one with 10. The
 // contents are like those of definitions: a record of some kilobytes that changes among others that stay.
 
-#include <stdlib.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
-#include <stdexcept>
 
 #include "history/history.h"
+#include "support.h"
 #include "vdm/store.h"
 
 namespace {
 
 using namespace vanzet;
+using namespace vanzet::benchmarks;
 
 constexpr int kRecords = 18;
 constexpr int kItems = 60;  // of about 40 bytes
 constexpr std::int64_t kVdm = 1000;
-
-struct Folder {
-  Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vanzet-benchmark-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder could be made");
-    path = name;
-  }
-  ~Folder() { std::filesystem::remove_all(path); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  std::filesystem::path path;
-};
-
-template <class T>
-T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Message());
-  return std::move(*result);
-}
-
-void Check(const Result<void>& done) {
-  if (!done) throw std::runtime_error(done.fault().Message());
-}
 
 /// A project whose definition was committed `generations` times; each changed a record.
 class Project {

@@ -2,10 +2,7 @@
 // facets; and what 100 000 facets cost.
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <stdexcept>
 #include <string>
 
 #include "devices/outline.h"
@@ -14,39 +11,18 @@
 #include "modeller/export.h"
 #include "modeller/mesh_files.h"
 #include "modeller/sweep.h"
+#include "support.h"
 
 namespace {
 
 using namespace vanzet;
+using namespace vanzet::benchmarks;
 
 const DeviceParams kMandrel = {
     .type = 3, .A = 40, .B = 120, .C = 20, .D = 40, .E = 60, .F = 15, .G = 20, .H = 30};
 const modeller::Axis kSpindle = {{0, 0, 0}, {1, 0, 0}};
 constexpr modeller::MeshTolerance kUsual;
 constexpr modeller::MeshTolerance kFine = {0.01, 2};
-
-template <class T>
-T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Message());
-  return std::move(*result);
-}
-
-void Check(const Result<void>& done) {
-  if (!done) throw std::runtime_error(done.fault().Message());
-}
-
-/// A folder that goes with its owner.
-struct Folder {
-  Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vanzet-benchmark-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder could be made");
-    path = name;
-  }
-  ~Folder() { std::filesystem::remove_all(path); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  std::filesystem::path path;
-};
 
 geometry::Kurve MandrelContour() {
   geometry::SetUnits(0);

@@ -4,42 +4,19 @@
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
-#include <stdlib.h>
 
 #include <cstdio>
 #include <map>
-#include <stdexcept>
 
+#include "support.h"
 #include "vdm/store.h"
 
 namespace {
 
 using namespace vanzet;
+using namespace vanzet::benchmarks;
 
 constexpr int kBehind = 1000;  // items behind the section that grows
-
-/// A folder that goes with its owner.
-struct Folder {
-  Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vanzet-benchmark-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder could be made");
-    path = name;
-  }
-  ~Folder() { std::filesystem::remove_all(path); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  std::filesystem::path path;
-};
-
-template <class T>
-T Get(Result<T> result) {
-  if (!result) throw std::runtime_error(result.fault().Message());
-  return std::move(*result);
-}
-
-void Check(const Result<void>& done) {
-  if (!done) throw std::runtime_error(done.fault().Message());
-}
 
 /// Lines like those of a body's points: some forty characters, no two alike.
 std::vector<std::string> Lines(int count) {
