@@ -4,6 +4,7 @@
 
 #include "modeller/body_folder.h"
 #include "project/catalogue.h"
+#include "project/project_store.h"
 
 namespace vanzet::api {
 namespace {
@@ -29,14 +30,12 @@ Host::Host(const project::Project& theProject, project::MessagePanel& thePanel,
       panel(thePanel),
       trace(std::move(theTrace)),
       variables(theProject.startVariables()),
-      store(theProject.folder()),
+      store(project::StoreOf(theProject)),
       runFolder(theProject.folder()),
       board(theProject.folder()),
       mesh{theProject.settings().mesh.chord, theProject.settings().mesh.angle},
       settings_(theProject.folder()),
-      figures_(theProject.folder() / "figures") {
-  store.KeepGenerations(theProject.settings().keep);
-}
+      figures_(theProject.folder() / "figures") {}
 
 Result<void> Host::Commit(const std::string& occasion, const vdm::LastStep& lastStep) {
   // From here to the commit nobody else changes the drawing, into which the changes are merged.

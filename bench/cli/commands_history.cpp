@@ -12,6 +12,7 @@
 #include "history/history.h"
 #include "history/item_changes.h"
 #include "project/project.h"
+#include "project/project_store.h"
 
 /// The commands on the generations of a project.
 namespace vanzet::cli {
@@ -97,8 +98,7 @@ std::string TextOf(const std::vector<Entry>& entries) {
 Result<void> List(const Arguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.read.project, context.places.share));
   VANZET_TRY(const auto only, VdmOf(arguments));
-  vdm::VdmStore store(project.folder());
-  store.KeepGenerations(project.settings().keep);
+  vdm::VdmStore store = project::StoreOf(project);
   VANZET_TRY(const auto entries, History(store).List(only));
   return arguments.json ? PrintJson(ToJson(entries)) : Print(TextOf(entries));
 }
@@ -191,8 +191,7 @@ Result<std::string> DifferencesText(const std::vector<Difference>& differences, 
 Result<void> Diff(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.read.project, context.places.share));
   VANZET_TRY(const auto only, VdmOf(arguments));
-  vdm::VdmStore store(project.folder());
-  store.KeepGenerations(project.settings().keep);
+  vdm::VdmStore store = project::StoreOf(project);
   const History history(store);
   VANZET_TRY(const auto pair, PairOf(arguments, store, history, only));
   VANZET_TRY(const auto differences, history.Compare(pair.before, pair.now, only));
@@ -212,9 +211,8 @@ Result<void> Restore(const Arguments& arguments, const Context& context) {
   VANZET_TRY(const auto only, VdmOf(arguments));
   const std::int64_t generation = arguments.read.generations.front();
   const std::string name = "generation " + std::to_string(generation);
-  vdm::VdmStore store(project.folder());
+  vdm::VdmStore store = project::StoreOf(project);
   store.WaitAtMost(context.wait);
-  store.KeepGenerations(project.settings().keep);
   History history(store);
   if (!arguments.isDryRun) VANZET_DO(store.Hold());
   VANZET_TRY(const auto differences,

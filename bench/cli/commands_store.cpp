@@ -16,6 +16,7 @@
 #include "project/catalogue.h"
 #include "project/litter.h"
 #include "project/project.h"
+#include "project/project_store.h"
 #include "project/run_folder.h"
 #include "project/settings_file.h"
 #include "vdm/sqlite_engine.h"
@@ -110,7 +111,7 @@ Result<void> Check(const CheckArguments& arguments, Context& context) {
 
 Result<void> Repair(const std::string& folder, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(folder, context.places.share));
-  vdm::VdmStore store(project.folder());
+  vdm::VdmStore store = project::StoreOf(project);
   store.WaitAtMost(context.wait);
   VANZET_DO(store.Hold());
   project::RunFolder run(project.folder());
@@ -170,7 +171,7 @@ Result<void> Copy(const CopyArguments& arguments, const Context& context) {
   VANZET_TRY(const auto from, OpenForCopy(arguments.from, context));
   VANZET_TRY(const auto to, OpenForCopy(arguments.to, context));
   if (from.folder() == to.folder()) return Fault{"is the project to copy from", to.folder().string()};
-  const vdm::VdmStore source(from.folder());
+  const vdm::VdmStore source = project::StoreOf(from);
   std::set<vdm::Number> vdms;
   std::size_t generations = 0;
   VANZET_DO(source.Visit({}, [&](const vdm::PastGeneration& past) {
@@ -181,7 +182,7 @@ Result<void> Copy(const CopyArguments& arguments, const Context& context) {
   if (generations == 0) {
     return Fault{.text = "has no VDMs to copy", .file = from.folder().string(), .kind = FaultKind::kMissing};
   }
-  vdm::VdmStore target(to.folder());
+  vdm::VdmStore target = project::StoreOf(to);
   target.WaitAtMost(context.wait);
   const std::string line = "copied " + Counted(vdms.size(), "VDM") + " with " +
                            Counted(generations, "generation") + " to " + OneLine(arguments.to) + "\n";

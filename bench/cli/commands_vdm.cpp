@@ -15,6 +15,7 @@
 #include "process/last_words.h"
 #include "project/definition.h"
 #include "project/project.h"
+#include "project/project_store.h"
 #include "vdm/store.h"
 #include "vdm/vdm_file.h"
 
@@ -75,9 +76,8 @@ Result<void> Load(const VdmArguments& arguments, const Context& context) {
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_TRY(const auto content, ReadVdm(arguments.file, file));
   process::SetKept(process::Kept::kNothing);
-  vdm::VdmStore store(project.folder());
+  vdm::VdmStore store = project::StoreOf(project);
   store.WaitAtMost(context.wait);
-  store.KeepGenerations(project.settings().keep);
   VANZET_DO(store.Replace(arguments.number, content));
   const std::string line = "loaded VDM " + std::to_string(arguments.number) + ", " +
                            Counted(content.Size(), "record") + ", from " + SourceOf(arguments.file, file) +
@@ -197,7 +197,7 @@ Result<void> PrintAsJson(std::int64_t number, const vdm::Vdm& content) {
 Result<void> Items(const ItemsArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const std::int64_t number = arguments.vdm.value_or(project.DefinitionOf(0));
-  const vdm::VdmStore store(project.folder());
+  const vdm::VdmStore store = project::StoreOf(project);
   if (arguments.isSummary) {
     VANZET_TRY(const auto known, vdm::NumberFrom(number));
     return PrintSummary(known, store, context);

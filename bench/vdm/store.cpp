@@ -35,10 +35,11 @@ Result<RecordHeads> HeadsOf(const Vdm& content) {
 
 }  // namespace
 
-VdmStore::VdmStore(const std::filesystem::path& folder)
+VdmStore::VdmStore(const std::filesystem::path& folder, std::int64_t keep)
     : VdmStore(std::make_unique<SqliteEngine>(folder / SqliteEngine::kStoreFile), folder / "store.lock") {
   const std::string journal = SqliteEngine::kStoreFile + std::string("-journal");
   ownFiles_ = {folder / SqliteEngine::kStoreFile, folder / journal, folder / "store.lock"};
+  keep_ = keep;
 }
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)

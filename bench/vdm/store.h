@@ -36,8 +36,9 @@ inline constexpr std::chrono::milliseconds kUsualWait{10'000};
 /// Source   docs/formats/store.md
 class VdmStore {
  public:
-  /// The store of a project: `store.db` and `store.lock` in its folder.
-  explicit VdmStore(const std::filesystem::path& folder);
+  /// The store of a project: `store.db` and `store.lock` in its folder. Its commits keep so many generations
+  /// of each VDM: `KeepGenerations`.
+  explicit VdmStore(const std::filesystem::path& folder, std::int64_t keep = kUsualKeep);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
   /// How long this store waits for another run, from now on.

@@ -2,6 +2,7 @@
 
 #include "api/module.h"
 #include "api/upgrade.h"
+#include "project/project_store.h"
 #include "results/equipment.h"
 #include "vdm/sqlite_engine.h"
 
@@ -89,27 +90,24 @@ Result<scene::Scene> Session::LiveScene(const Live& live) const {
 }
 
 Result<std::vector<history::Entry>> Session::History() const {
-  vdm::VdmStore store(project_.folder());
-  store.KeepGenerations(project_.settings().keep);
+  vdm::VdmStore store = project::StoreOf(project_);
   return history::History(store).List();
 }
 
 Result<std::int64_t> Session::LastGeneration() const {
-  vdm::VdmStore store(project_.folder());
-  store.KeepGenerations(project_.settings().keep);
+  vdm::VdmStore store = project::StoreOf(project_);
   return history::History(store).Last();
 }
 
 Result<void> Session::Restore(std::int64_t generation) {
-  vdm::VdmStore store(project_.folder());
-  store.KeepGenerations(project_.settings().keep);
+  vdm::VdmStore store = project::StoreOf(project_);
   VANZET_DO(history::History(store).Restore(generation));
   return store.Commit("restore");
 }
 
 Result<std::vector<std::uint32_t>> Session::OpenElsewhere() const {
   VANZET_TRY(const std::int32_t spurs, project_.SpindleSpurs());
-  const vdm::VdmStore store(project_.folder());
+  const vdm::VdmStore store = project::StoreOf(project_);
   std::vector<std::uint32_t> open;
   for (std::int32_t spur = 0; spur < spurs; ++spur) {
     VANZET_TRY(const bool isOpen, store.IsOpen(project_.DefinitionOf(spur)));

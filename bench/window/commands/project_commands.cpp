@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "project/project_store.h"
 #include "project/sample.h"
 #include "vdm/vdm_file.h"
 #include "window/commands/boxes.h"
@@ -123,7 +124,7 @@ void ProjectCommands::AskToSaveVdm() {
 }
 
 Result<void> ProjectCommands::SaveVdm(std::uint32_t vdm, const fs::path& file) const {
-  const vdm::VdmStore store(workplace_.session->project().folder());
+  const vdm::VdmStore store = project::StoreOf(workplace_.session->project());
   VANZET_TRY(const vdm::Vdm content, store.Snapshot(vdm));
   VANZET_DO(store.CheckTarget(file));
   VANZET_DO(vdm::WriteVdmFile(file, content));
@@ -140,8 +141,7 @@ void ProjectCommands::AskToLoadVdm() {
 
 Result<void> ProjectCommands::LoadVdm(const fs::path& file, std::uint32_t vdm) {
   VANZET_TRY(const vdm::Vdm content, vdm::ReadVdmFile(file));
-  vdm::VdmStore store(workplace_.session->project().folder());
-  store.KeepGenerations(workplace_.session->project().settings().keep);
+  vdm::VdmStore store = project::StoreOf(workplace_.session->project());
   VANZET_DO(store.Replace(vdm, content));
   VANZET_DO(store.Commit("vdm load"));
   workplace_.reportDone(workplace_.texts(Text::kLoaded).arg(ToQString(file)));
