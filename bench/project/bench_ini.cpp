@@ -1,6 +1,7 @@
 #include "project/bench_ini.h"
 
 #include <algorithm>
+#include <set>
 #include <sstream>
 
 #include "base/ini.h"
@@ -59,19 +60,41 @@ Result<void> SetMesh(BenchIni& ini, const Entry& entry) {
                          entry.key);
 }
 
-Result<void> SetStore(BenchIni& ini, const Entry& entry) {
+Result<void> SetKeep(BenchIni& ini, const Entry& entry) {
   constexpr std::int32_t kMost = 1'000'000;
-  if (!EqualWithoutCase("keep", entry.key)) {
-    return entry.reader.At("unknown setting " + Quoted(entry.key) + " in [store]: expected 'keep'",
-                           entry.key);
-  }
   const auto number = WholeInteger(entry.value);
   if (!number || *number < 0 || *number > kMost) {
     return entry.reader.At("'keep' is a whole number from 0 to 1000000, not " + Quoted(entry.value),
                            entry.value);
   }
-  ini.keep = *number;
+  ini.store.keep = *number;
   return {};
+}
+
+Result<void> SetEngine(BenchIni& ini, const Entry& entry) {
+  auto connection = ConnectionOf(entry.value);
+  if (!connection) return entry.reader.At("'engine': " + connection.fault().text, entry.value);
+  ini.store.connection = *std::move(connection);
+  return {};
+}
+
+Result<void> SetProjectName(BenchIni& ini, const Entry& entry) {
+  ini.store.project = entry.value;
+  return {};
+}
+
+Result<void> SetStore(BenchIni& ini, const Entry& entry) {
+  struct Row {
+    std::string_view key;
+    Result<void> (*set)(BenchIni& ini, const Entry& entry);
+  };
+  static constexpr Row kRows[] = {{"engine", SetEngine}, {"project", SetProjectName}, {"keep", SetKeep}};
+  for (const Row& row : kRows) {
+    if (EqualWithoutCase(row.key, entry.key)) return row.set(ini, entry);
+  }
+  return entry.reader.At(
+      "unknown setting " + Quoted(entry.key) + " in [store]: expected 'engine', 'project' or 'keep'",
+      entry.key);
 }
 
 template <auto Section>
@@ -82,12 +105,13 @@ Result<void> AddTo(BenchIni& ini, const Entry& entry) {
 
 struct SectionRow {
   std::string_view name;
-  Result<void> (*add)(BenchIni& ini, const Entry& entry);
+  Result<void> (*add)(BenchIni& ini, const Entry& entry);  ///< of equal keys it is called for the first
+  bool mindsCase = false;                                  ///< keys that differ in case alone are not equal
 };
 
 constexpr SectionRow kSections[] = {
     {"environment", AddTo<&BenchIni::environment>},
-    {"variables", AddTo<&BenchIni::variables>},
+    {"variables", AddTo<&BenchIni::variables>, true},
     {"project", AddTo<&BenchIni::project>},
     {"language", AddTo<&BenchIni::language>},
     {"drives", AddDrive},
@@ -101,19 +125,25 @@ const SectionRow* FindSection(std::string_view name) {
   return row == std::end(kSections) ? nullptr : row;
 }
 
-}  // namespace
+/// The keys that a section had, with all of its parts.
+class Keys {
+ public:
+  /// False for a key that the section had before.
+  bool Add(const SectionRow& section, std::string_view key) {
+    if (section.mindsCase) return true;
+    return keys_[&section].insert(std::string(key)).second;
+  }
 
-Fault Setting::At(std::string text) const {
-  Fault fault = place;
-  fault.text = std::move(text);
-  return fault;
-}
+ private:
+  std::map<const SectionRow*, std::set<std::string, LessWithoutCase>> keys_;
+};
 
-Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name) {
+Result<BenchIni> ReadEntries(const std::string& text, const std::string& name) {
   std::istringstream stream(text);
   IniReader reader(stream, name);
   IniLine line;
   BenchIni ini;
+  Keys keys;
   const SectionRow* section = nullptr;
   while (reader.Next(line)) {
     if (line.kind == IniLine::Kind::kOther) return reader.At("expected '[section]' or 'key = value'");
@@ -125,9 +155,30 @@ Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name) 
     }
     if (line.kind != IniLine::Kind::kEntry) continue;
     if (section == nullptr) return reader.At("expected '[section]' before the first entry");
-    VANZET_DO(section->add(ini, {reader, line.name, line.value}));
+    if (keys.Add(*section, line.name)) VANZET_DO(section->add(ini, {reader, line.name, line.value}));
   }
   return ini;
+}
+
+bool MayHoldPassword(std::string_view line) {
+  return line.find("password") != std::string_view::npos || line.find("://") != std::string_view::npos;
+}
+
+}  // namespace
+
+Fault Setting::At(std::string text) const {
+  Fault fault = place;
+  fault.text = std::move(text);
+  return fault;
+}
+
+Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name) {
+  auto ini = ReadEntries(text, name);
+  if (ini || !MayHoldPassword(ini.fault().source)) return ini;
+  Fault fault = ini.fault();
+  fault.source.clear();
+  if (MayHoldPassword(fault.text)) fault.text = "this line is not understood";
+  return fault;
 }
 
 }  // namespace vanzet::project

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -8,7 +7,7 @@
 #include "base/letter_case.h"
 #include "base/path_map.h"
 #include "base/result.h"
-#include "vdm/store_engine.h"
+#include "project/store_place.h"
 
 namespace vanzet::project {
 
@@ -35,13 +34,14 @@ struct BenchIni {
     double angle = 10;    ///< largest angle between neighbours, in degrees
   };
   Mesh mesh;
-  std::int64_t keep = vdm::kUsualKeep;  ///< generations of each VDM
+  StorePlace store;
   PathMap::Drives drives;
 };
 
 /// Reads the text of a bench.ini. The first of equal keys counts.
 /// Errors   a fault with line, column and source: a line that is neither a section nor an entry, an unknown
-///          section, a drive that is not a letter, a value out of its range
+///          section, a drive that is not a letter, a value out of its range. The
+///          source of a line that may hold a password stays empty
 Result<BenchIni> ReadBenchIni(const std::string& text, const std::string& name);
 
 }  // namespace vanzet::project

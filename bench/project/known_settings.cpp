@@ -9,6 +9,7 @@
 #include "base/numbers.h"
 #include "base/quote.h"
 #include "project/ini_edit.h"
+#include "project/store_place.h"
 #include "project/text_file.h"
 
 namespace vanzet::project {
@@ -22,10 +23,20 @@ struct Range {
 };
 constexpr Range kAny = {1, 0}, kYesOrNo = {0, 1}, kVdm = {0, 2147483647};
 
+Result<void> CheckUnit(const std::string& value) {
+  if (LengthUnitNamed(value)) return {};
+  return Fault{"expected 'mm' or 'inch', found " + Quoted(value)};
+}
+
+Result<void> CheckEngine(const std::string& value) {
+  const auto connection = ConnectionOf(value);
+  return connection ? Result<void>() : connection.fault();
+}
+
 struct KnownSetting {
   std::string_view file, section, key;
   Range range;
-  bool isLengthUnit = false;
+  Result<void> (*check)(const std::string& value) = nullptr;  ///< null: by the range alone
 };
 
 // clang-format off
@@ -51,13 +62,15 @@ constexpr KnownSetting kSettings[] = {
     {kBench,   "environment", "ppdefini",             kAny},
     {kBench,   "environment", "clampmdb",             kAny},
     {kBench,   "project",     "CLAMP_DB_PATH",        kAny},
-    {kBench,   "project",     "unit",                 kAny, true},
+    {kBench,   "project",     "unit",                 kAny, CheckUnit},
     {kBench,   "variables",   "i_billet_vdm",         kVdm},
     {kBench,   "variables",   "i_billet_vdm_spispur", kVdm},
     {kBench,   "language",    "messages",             kAny},
     {kBench,   "mesh",        "chord",                kAny},
     {kBench,   "mesh",        "angle",                kAny},
     {kBench,   "store",       "keep",                 {0, 1000000}},
+    {kBench,   "store",       "engine",               kAny, CheckEngine},
+    {kBench,   "store",       "project",              kAny},
 };
 // clang-format on
 
@@ -82,8 +95,9 @@ Fault UnknownSetting(std::string_view key) {
 }
 
 Result<void> CheckValue(const KnownSetting& setting, const std::string& value) {
-  if (setting.isLengthUnit && !LengthUnitNamed(value)) {
-    return Fault{std::string(setting.key) + ": expected 'mm' or 'inch', found " + Quoted(value)};
+  if (setting.check != nullptr) {
+    const auto checked = setting.check(value);
+    return checked ? checked : Fault{std::string(setting.key) + ": " + checked.fault().text};
   }
   const auto [least, most] = setting.range;
   if (least > most) return {};

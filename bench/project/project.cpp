@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <system_error>
 
 #include "base/files/system_fault.h"
@@ -79,6 +80,7 @@ Result<void> Project::ReadSettings(const fs::path& share) {
     VANZET_TRY(auto settings, ReadBenchIni(text, file.string()));
     settings_ = std::move(settings);
   }
+  VANZET_DO(SettleStore());
   paths_ = PathMap(settings_.drives);
   startVariables_ = Variables();
   for (const auto& [name, value] : {std::pair{"$_root_dir", share}, {"$_USER_DATA_SETTINGS", folder_}}) {
@@ -88,6 +90,18 @@ Result<void> Project::ReadSettings(const fs::path& share) {
     const auto set = startVariables_.SetFromText(name, setting.value);
     if (!set) return setting.At(set.fault().text);
   }
+  return {};
+}
+
+Result<void> Project::SettleStore() {
+  StorePlace& store = settings_.store;
+  const char* const engine = std::getenv("VANZET_STORE");
+  if (engine != nullptr && *engine != '\0') {
+    auto connection = ConnectionOf(engine);
+    if (!connection) return Fault{"VANZET_STORE: " + connection.fault().text};
+    store.connection = *std::move(connection);
+  }
+  if (store.project.empty()) store.project = folder_.filename().string();
   return {};
 }
 

@@ -56,6 +56,8 @@ class Project {
   Project() = default;
 
   Result<void> ReadSettings(const std::filesystem::path& share);
+  /// Completes the place of the store by the environment and the folder's name.
+  Result<void> SettleStore();
   Result<void> ReadMessages(const std::filesystem::path& share);
 
   std::filesystem::path folder_;

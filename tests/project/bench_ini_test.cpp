@@ -37,14 +37,36 @@ TEST(BenchIni, MayBeEmpty) {
 }
 
 TEST(BenchIni, SaysHowManyGenerationsAreKept) {
-  EXPECT_EQ(ReadBenchIni("", "bench.ini")->keep, 200);
-  EXPECT_EQ(ReadBenchIni("[store]\nkeep = 0\n", "bench.ini")->keep, 0);
+  EXPECT_EQ(ReadBenchIni("", "bench.ini")->store.keep, 200);
+  EXPECT_EQ(ReadBenchIni("[store]\nkeep = 0\nKEEP=x\n", "bench.ini")->store.keep, 0);
   for (const std::string value : {"-1", "1000001", "x"}) {
     EXPECT_EQ(FaultOf("[store]\nkeep=" + value + "\n"),
               "bench.ini:2:6: 'keep' is a whole number from 0 to 1000000, not '" + value + "'");
   }
-  EXPECT_EQ(FaultOf("[store]\nengine=x\n"),
-            "bench.ini:2:1: unknown setting 'engine' in [store]: expected 'keep'");
+  EXPECT_EQ(FaultOf("[store]\nkept=1\n"),
+            "bench.ini:2:1: unknown setting 'kept' in [store]: expected 'engine', 'project' or 'keep'");
+}
+
+TEST(BenchIni, SaysWhereTheStoreIs) {
+  EXPECT_EQ(ReadBenchIni("", "bench.ini")->store.connection, "");
+  EXPECT_EQ(ReadBenchIni("[store]\nengine=store.db\n", "bench.ini")->store.connection, "");
+  for (const std::string text : {"postgresql://shop@db/vanzet", "host=a,b dbname=vanzet", "service = shop"}) {
+    const auto ini = ReadBenchIni("[store]\nengine = '" + text + "'\nproject = job 7\n", "bench.ini");
+    ASSERT_TRUE(ini) << ini.fault().Message();
+    EXPECT_EQ(ini->store.connection, text);
+    EXPECT_EQ(ini->store.project, "job 7");
+  }
+}
+
+TEST(BenchIni, ShowsNoPassword) {
+  for (const std::string line : {"engine=db password=secret", "engin=postgresql://me:secret@db/vanzet",
+                                 "password=secret", "[postgresql://me:secret@db"}) {
+    const auto ini = ReadBenchIni("[store]\n" + line + "\n", "bench.ini");
+    ASSERT_FALSE(ini) << line;
+    EXPECT_EQ(ini.fault().line, 2);
+    EXPECT_EQ(ini.fault().source, "");
+    EXPECT_EQ(ini.fault().Message().find("secret"), std::string::npos) << ini.fault().Message();
+  }
 }
 
 TEST(BenchIni, TakesNoMeshThatTheModellerRefuses) {

@@ -39,6 +39,11 @@ TEST(SettingChange, IsRefusedWithNearKeysAndWithTheRangeOfItsValue) {
             "NR_SPINDEL_SPUR: expected a whole number from 1 to 50, found '51'");
   EXPECT_EQ(RefusalOf("unit=furlong"), "unit: expected 'mm' or 'inch', found 'furlong'");
   EXPECT_EQ(RefusalOf("unit=inch"), "");
+  EXPECT_EQ(RefusalOf("engine=host=db password=secret"), "");
+  EXPECT_EQ(
+      RefusalOf("engine=secret"),
+      "engine: expected 'store.db' or the connection text of a PostgreSQL server: 'postgresql://...' or "
+      "'host=... dbname=...'");
   EXPECT_EQ(RefusalOf("LunAvailable"), "expected KEY=VALUE, found 'LunAvailable'");
 }
 
