@@ -31,6 +31,7 @@ TEST_P(FailingCalls, LeaveTheOldStateOrTheNewOneAndAReason) {
   const Workplace place;
   std::mt19937 random(Seed());
   for (const Kind& kind : kKinds) {
+    if (!IsTried(kind.family)) continue;
     // Where Open CASCADE gets no memory for a part of a mesh, it can leave that part out without a word.
     for (const long number : Draw(work.counts.at(kind.family), random)) {
       const std::string lasting = kind.isLasting ? "+ " : " ";

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -150,6 +151,13 @@ Case::Case(const Command& ofCommand) : command(ofCommand) {
 long Points() {
   static const long points = Number("VANZET_FAULT_POINTS", 1);
   return points;
+}
+
+bool IsTried(const std::string& family) {
+  const char* const families = std::getenv("VANZET_FAULT_FAMILIES");
+  std::istringstream words(families == nullptr ? family : families);
+  return std::find(std::istream_iterator<std::string>(words), {}, family) !=
+         std::istream_iterator<std::string>();
 }
 
 long Kills() {

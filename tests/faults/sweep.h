@@ -23,6 +23,10 @@ struct Case {
 /// How often a sweep tries each kind of fault: VANZET_FAULT_POINTS, 1 without it.
 long Points();
 
+/// True for the families of calls that a sweep shall try: VANZET_FAULT_FAMILIES, words with blanks between
+/// them, all without it.
+bool IsTried(const std::string& family);
+
 /// How often a command is killed at a random moment: VANZET_FAULT_KILLS, 1 without it.
 long Kills();
 
