@@ -33,6 +33,10 @@ constexpr int kInterruptions[] = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t keptNow = static_cast<std::sig_atomic_t>(Kept::kUnknown);
 
+/// Where a function that may not throw meets an exception, nobody knows afterwards which one it was. Those of
+/// the standard library that read folders are such functions, and memory is what they can lack.
+volatile std::sig_atomic_t memoryRanOut = 0;
+
 /// A handler runs on this memory, since the stack itself may be what is exhausted.
 constexpr std::size_t kStackSize = std::size_t{1} << 16U;
 std::array<char, kStackSize> stackOfHandlers;
@@ -93,8 +97,14 @@ void Handle(int signal, void (*handler)(int)) {
   sigaction(signal, &action, nullptr);
 }
 
+[[noreturn]] void NoteThatMemoryRanOut() {
+  memoryRanOut = 1;
+  throw std::bad_alloc();
+}
+
 void HandleLostExceptions() {
   std::set_terminate(EndByException);
+  std::set_new_handler(NoteThatMemoryRanOut);
 }
 
 /// Runs before the variables of the program and of its libraries are set up, so that an exception there has
@@ -123,7 +133,7 @@ void WriteLastLine(std::string_view text) {
 void EndByException() {
   try {
     if (std::current_exception()) throw;
-    WriteLastLine("internal error");
+    WriteLastLine(memoryRanOut != 0 ? "out of memory" : "internal error");
   } catch (const std::bad_alloc&) {
     WriteLastLine("out of memory");
   } catch (const std::exception& error) {

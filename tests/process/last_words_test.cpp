@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <exception>
 #include <functional>
 #include <new>
 #include <stdexcept>
@@ -35,6 +36,16 @@ void Throw(const Exception& exception) {
   throw exception;
 }
 
+/// Asks for more memory than there can be.
+void LoseTheException() {
+  volatile std::size_t bytes = static_cast<std::size_t>(-1) / 2;
+  try {
+    ::operator delete(::operator new(bytes));
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+}
+
 struct ThrowsAtItsEnd {
   ~ThrowsAtItsEnd() { Throw(std::bad_alloc()); }
 };
@@ -48,6 +59,12 @@ TEST_F(LastWords, NameTheSignalOfAFaultOfTheProgram) {
 TEST_F(LastWords, AreWrittenWhenTheStackIsExhausted) {
   if (!hasFaults) GTEST_SKIP() << "a sanitizer handles faults";
   EXPECT_EXIT((InstallLastWords(), Recurse(0)), failed, "^vanzet: internal error \\(signal 11\\)\n$");
+}
+
+TEST_F(LastWords, SayThatMemoryRanOutWhereTheExceptionIsNotKnownAnyMore) {
+  if (!hasFaults) GTEST_SKIP() << "a sanitizer ends the program where memory runs out";
+  EXPECT_EXIT(std::terminate(), failed, "^vanzet: internal error\n$");
+  EXPECT_EXIT((LoseTheException(), std::terminate()), failed, "^vanzet: out of memory\n$");
 }
 
 TEST_F(LastWords, TellAnInterruptionAndLeaveTheRestToTheSignal) {
