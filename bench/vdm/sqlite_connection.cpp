@@ -2,9 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <utility>
 
 #include "base/files/regular_file.h"
+#include "base/files/system_fault.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -157,9 +159,21 @@ Result<sqlite3_stmt*> SqliteConnection::Prepared(std::string_view sql) {
   return statement;
 }
 
+std::optional<Fault> SqliteConnection::ReadFault() const {
+  int error = 0;
+  sqlite3_file_control(database_, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+  if (error != EIO && error != ENXIO) return {};
+  return files::SystemFault("cannot be read", error, file_);
+}
+
 Fault SqliteConnection::FaultOfCode(int code) const {
+  const int primary = code & 0xFF;
+  // SQLite calls a file damaged whose bytes the system could not read.
+  if (primary == SQLITE_CORRUPT || primary == SQLITE_IOERR) {
+    if (auto fault = ReadFault()) return *std::move(fault);
+  }
   for (const Failure& failure : kFailures) {
-    if (failure.code == (code & 0xFF)) return FaultOf(std::string(failure.text), failure.kind);
+    if (failure.code == primary) return FaultOf(std::string(failure.text), failure.kind);
   }
   return FaultOf(sqlite3_errmsg(database_), FaultKind::kSystem);
 }

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -78,6 +79,9 @@ class SqliteConnection {
   Fault DamageOf(const std::string& text) const {
     return FaultOf("is damaged: " + text, FaultKind::kDamaged);
   }
+
+  /// Why the system could not read a part of the file, if that has happened on this connection.
+  std::optional<Fault> ReadFault() const;
 
   /// True when the path of this file now names another file, or none.
   bool HasMoved() const;

@@ -6,7 +6,6 @@
 #include <system_error>
 #include <utility>
 
-#include "base/files/regular_file.h"
 #include "base/files/system_fault.h"
 #include "vdm/generation_reader.h"
 #include "vdm/sqlite_engine.h"
@@ -34,9 +33,6 @@ constexpr Orphans kOrphans[] = {
     {2, "SELECT count(*) FROM place WHERE first>last", " places end before they begin"},
     {2, "SELECT count(*) FROM vdm WHERE first>last", " states of VDMs end before they begin"},
 };
-
-/// More than any store has.
-constexpr std::uintmax_t kLargestStore = std::uintmax_t{1} << 40U;
 
 /// The content of a store as far as it can be read, and the faults of the rest.
 class Reader {
@@ -79,7 +75,7 @@ class Reader {
     reading_.emplace(std::move(reading));
     VANZET_TRY(schema_, SchemaOf(*connection_));
     if (schema_ == 0) return {};
-    CheckStructure(file);
+    CheckStructure();
     const StoreQueries& queries = QueriesOf(schema_);
     for (const std::int64_t number : NumbersIn(queries)) ReadVdm(number, queries);
     if (HasHistory()) ReadHistory();
@@ -127,11 +123,10 @@ class Reader {
     if (!done) Note(done.fault());
   }
 
-  /// A page that the system could not read once is a finding of one check, and not of the next.
-  void CheckStructure(const fs::path& file) {
-    if (const auto found = StructureFindings(); found && found->empty()) return;
-    if (const auto bytes = files::ReadWholeFile(file, kLargestStore); !bytes) Note(bytes.fault());
+  /// SQLite has a finding for a page that the system could not read.
+  void CheckStructure() {
     const auto found = StructureFindings();
+    if (const auto unread = connection_->ReadFault()) return Note(*unread);
     if (!found) return Note(found.fault());
     findings.insert(findings.end(), found->begin(), found->end());
   }
