@@ -145,7 +145,7 @@ Result<void> Backup(const BackupArguments& arguments, const Context& context) {
   const SplitWords operands = SplitOperands(arguments.words, 1);
   VANZET_TRY(const auto project, project::Project::Open(operands.project, context.places.share));
   const std::string& file = operands.words.front();
-  VANZET_DO(vdm::VdmStore(project.folder()).CheckTarget(file));
+  VANZET_DO(project::StoreOf(project).CheckTarget(file));
   project::RunFolder run(project.folder());
   VANZET_TRY(const auto folder, run.Path());
   VANZET_DO(vdm::CopyStore(project.folder() / kStore, folder / kStore));

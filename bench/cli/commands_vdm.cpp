@@ -52,7 +52,7 @@ Result<void> Save(const VdmArguments& arguments, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   const auto file = project.paths().Resolve(arguments.file);
   VANZET_DO(CheckIsNoInput(file, InputsOf(project)));
-  VANZET_TRY(const auto content, vdm::VdmStore(project.folder()).Snapshot(arguments.number));
+  VANZET_TRY(const auto content, project::StoreOf(project).Snapshot(arguments.number));
   if (arguments.file == "-") return vdm::WriteVdm(content, Print);
   VANZET_DO(vdm::WriteVdmFile(file, content));
   return Print("saved VDM " + std::to_string(arguments.number) + ", " + Counted(content.Size(), "record") +

@@ -8,9 +8,9 @@
 #include "base/files/system_fault.h"
 #include "base/quote.h"
 #include "project/machine_ini.h"
+#include "project/project_store.h"
 #include "project/text_file.h"
 #include "vdm/sqlite_engine.h"
-#include "vdm/store.h"
 
 namespace vanzet::project {
 namespace {
@@ -65,9 +65,9 @@ Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {
   project.folder_ = fs::canonical(folder, error);
   if (error) return files::SystemFault("cannot be read", error, folder);
   VANZET_DO(CheckFolderName(project.folder_));
-  // A store that cannot be used is reported by those who use it.
-  static_cast<void>(vdm::VdmStore(project.folder_).FinishFormerCommit());
   VANZET_DO(project.ReadSettings(share));
+  // A store that cannot be used is reported by those who use it.
+  static_cast<void>(StoreOf(project).FinishFormerCommit());
   VANZET_DO(project.ReadMessages(share));
   return project;
 }

@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "project/project_store.h"
+
 namespace vanzet::results {
 namespace {
 
@@ -41,7 +43,7 @@ Result<Spurs> SpursOf(const project::Project& project, std::optional<std::int32_
 }  // namespace
 
 Result<Spurs> ReadDefinitions(const project::Project& project) {
-  return ReadDefinitions(project, vdm::VdmStore(project.folder()));
+  return ReadDefinitions(project, project::StoreOf(project));
 }
 
 Result<Spurs> ReadDefinitions(const project::Project& project, const vdm::VdmStore& store) {
@@ -50,7 +52,7 @@ Result<Spurs> ReadDefinitions(const project::Project& project, const vdm::VdmSto
 }
 
 Result<Spurs> ReadHeads(const project::Project& project, std::optional<std::int32_t> spur) {
-  return ReadHeads(project, vdm::VdmStore(project.folder()), spur);
+  return ReadHeads(project, project::StoreOf(project), spur);
 }
 
 Result<Spurs> ReadHeads(const project::Project& project, const vdm::VdmStore& store,
@@ -66,7 +68,7 @@ Result<Spurs> ReadHeads(const project::Project& project, const vdm::VdmStore& st
 
 Result<SpurDefinition> ReadDefinition(const project::Project& project, std::int32_t spur) {
   VANZET_TRY(auto spurs, SpursOf(project, spur));
-  VANZET_TRY(auto read, Read(std::move(spurs), vdm::VdmStore(project.folder())));
+  VANZET_TRY(auto read, Read(std::move(spurs), project::StoreOf(project)));
   return std::move(read.front());
 }
 

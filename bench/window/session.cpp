@@ -29,7 +29,7 @@ struct AtExit {
 
 Result<std::unique_ptr<Session>> Session::Open(const fs::path& folder, const Places& places) {
   VANZET_TRY(auto project, project::Project::Open(folder, places.share));
-  VANZET_DO(vdm::VdmStore(project.folder()).Check());
+  VANZET_DO(project::StoreOf(project).Check());
   return std::unique_ptr<Session>(new Session(std::move(project), places));
 }
 

@@ -6,6 +6,7 @@
 #include "base/files/whole_file.h"
 #include "base/letter_case.h"
 #include "drawing/picture.h"
+#include "project/project_store.h"
 #include "results/export.h"
 #include "results/png.h"
 #include "scene/picture.h"
@@ -104,7 +105,7 @@ Result<void> ExportCommands::CheckEquipment() const {
 }
 
 Result<void> ExportCommands::WriteFile(const fs::path& file, const std::string& bytes) const {
-  VANZET_DO(vdm::VdmStore(workplace_.session->project().folder()).CheckTarget(file));
+  VANZET_DO(project::StoreOf(workplace_.session->project()).CheckTarget(file));
   return files::ReplaceFile(file, bytes);
 }
 
