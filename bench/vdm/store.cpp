@@ -43,7 +43,11 @@ VdmStore::VdmStore(const std::filesystem::path& folder, std::int64_t keep)
 }
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
-    : engine_(std::move(engine)), folder_(lockFile.parent_path()), locks_(std::move(lockFile)) {}
+    : VdmStore(std::move(engine), std::make_unique<VdmLocks>(lockFile), lockFile.parent_path()) {}
+
+VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::unique_ptr<StoreLocks> locks,
+                   std::filesystem::path folder, std::int64_t keep)
+    : engine_(std::move(engine)), folder_(std::move(folder)), locks_(std::move(locks)), keep_(keep) {}
 
 Result<void> VdmStore::Hold() {
   VANZET_DO(LockProject());
@@ -53,7 +57,7 @@ Result<void> VdmStore::Hold() {
 
 Result<void> VdmStore::LockProject() {
   if (project_) return {};
-  VANZET_TRY(auto locked, locks_.AcquireProject(longestWait_));
+  VANZET_TRY(auto locked, locks_->AcquireProject(longestWait_));
   project_.emplace(std::move(locked));
   return {};
 }
@@ -102,7 +106,7 @@ void VdmStore::Discard() {
 Result<void> VdmStore::FinishFormerCommit() {
   VANZET_TRY(const auto unfinished, engine_->UnfinishedFile());
   if (!unfinished) return {};
-  const auto lock = locks_.AcquireProject(std::chrono::milliseconds(0));
+  const auto lock = locks_->AcquireProject(std::chrono::milliseconds(0));
   if (!lock && lock.fault().kind == FaultKind::kBusy) return {};  // the process that works there does it
   if (!lock) return lock.fault();
   // The file may have been put in its place before the lock was free.
@@ -122,7 +126,7 @@ Result<void> VdmStore::FinishFormerCommit() {
 
 Result<void> VdmStore::Check() {
   VANZET_DO(engine_->Numbers());
-  return locks_.Check();
+  return locks_->Check();
 }
 
 Result<void> VdmStore::CheckTarget(const std::filesystem::path& file) const {
@@ -159,7 +163,7 @@ Result<bool> VdmStore::IsOpen(std::int64_t number) const {
   const auto known = NumberFrom(number);
   if (!known) return false;
   if (handles_.contains(*known)) return true;
-  return locks_.IsHeldElsewhere(*known);
+  return locks_->IsHeldElsewhere(*known);
 }
 
 Result<Handle> VdmStore::Create(std::int64_t number) {
@@ -271,7 +275,7 @@ Result<void> VdmStore::Fill(const VdmStore& from, const LastStep& lastStep) {
     VANZET_DO(from.Visit({}, visitor));
     return lastStep ? lastStep() : Result<void>();
   });
-  if (!filled) locks_.RemoveOwnFile();
+  if (!filled) locks_->RemoveOwnFile();
   UnlockUnchangedProject();
   return filled;
 }
@@ -308,18 +312,18 @@ std::vector<Number> VdmStore::LeftOpen() const {
   return numbers;
 }
 
-Result<VdmLocks::Held> VdmStore::Lock(std::int64_t number) {
+Result<StoreLocks::Held> VdmStore::Lock(std::int64_t number) {
   VANZET_TRY(const auto known, NumberFrom(number));
   if (handles_.contains(known)) {
     return Fault{.text = NameOf(known) + " is already open", .kind = FaultKind::kBusy};
   }
   VANZET_DO(LockProject());
-  auto lock = locks_.Acquire(known);
+  auto lock = locks_->Acquire(known);
   if (!lock) UnlockUnchangedProject();
   return lock;
 }
 
-Result<Handle> VdmStore::AddOpen(VdmLocks::Held lock, Vdm content) {
+Result<Handle> VdmStore::AddOpen(StoreLocks::Held lock, Vdm content) {
   if (lastHandle_ == kLastHandle) return Fault{"all handles are used up"};
   const Handle handle{++lastHandle_};
   handles_.emplace(lock.number(), handle);

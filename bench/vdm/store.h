@@ -41,6 +41,10 @@ class VdmStore {
   explicit VdmStore(const std::filesystem::path& folder, std::int64_t keep = kUsualKeep);
   VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile);
 
+  /// A store that is not in the project's folder, but for its text file.
+  VdmStore(std::unique_ptr<StoreEngine> engine, std::unique_ptr<StoreLocks> locks,
+           std::filesystem::path folder, std::int64_t keep = kUsualKeep);
+
   /// How long this store waits for another run, from now on.
   void WaitAtMost(std::chrono::milliseconds wait) { longestWait_ = wait; }
 
@@ -149,7 +153,7 @@ class VdmStore {
   static constexpr std::uint32_t kLastHandle = 0xFFFFFFFE;
 
   struct Opened {
-    VdmLocks::Held lock;
+    StoreLocks::Held lock;
     OpenVdm vdm;
   };
 
@@ -157,7 +161,7 @@ class VdmStore {
   /// Lets other runs go on when this one has neither changed nor opened anything, nor wants them to wait.
   void UnlockUnchangedProject();
   /// Locks a VDM that is not open anywhere, after the project.
-  Result<VdmLocks::Held> Lock(std::int64_t number);
+  Result<StoreLocks::Held> Lock(std::int64_t number);
   Result<void> Write(const std::string& occasion, TextFile* file, const LastStep& lastStep);
   /// Those of the numbers whose VDMs this run has not changed.
   std::vector<Number> Unchanged(const std::vector<Number>& numbers) const;
@@ -165,17 +169,17 @@ class VdmStore {
   Result<bool> IsKept(Number number) const;
   /// A VDM that is not open, to be worked on.
   Result<std::optional<Vdm>> Kept(Number number);
-  Result<Handle> AddOpen(VdmLocks::Held lock, Vdm content);
+  Result<Handle> AddOpen(StoreLocks::Held lock, Vdm content);
 
   std::unique_ptr<StoreEngine> engine_;
   std::filesystem::path folder_;
   std::vector<std::filesystem::path> ownFiles_;
-  VdmLocks locks_;
+  std::unique_ptr<StoreLocks> locks_;
   std::chrono::milliseconds longestWait_ = kUsualWait;
   std::int64_t keep_ = kUsualKeep;
-  bool isHeld_ = false;                    ///< from `Hold` to `Commit`
-  std::optional<VdmLocks::Held> project_;  ///< while no other run may change the project
-  Changes changes_;                        ///< since the last commit
+  bool isHeld_ = false;                      ///< from `Hold` to `Commit`
+  std::optional<StoreLocks::Held> project_;  ///< while no other run may change the project
+  Changes changes_;                          ///< since the last commit
   std::map<Number, std::optional<Changes::mapped_type>> deleted_;  ///< what `changes_` held before
   std::map<Handle, Opened> opened_;
   std::map<Number, Handle> handles_;

@@ -14,18 +14,10 @@
 namespace vanzet::vdm {
 namespace {
 
-/// The byte that represents the project: after those of all numbers.
-constexpr std::int64_t kProjectByte = std::int64_t{1} << 32;
-
 constexpr std::chrono::milliseconds kStep{5};
 
 /// How often a lock is asked for that the system could not grant or refuse at the moment.
 constexpr int kAttempts = 20;
-
-/// The byte of the lock file that represents a VDM.
-std::int64_t ByteOf(Number number) {
-  return static_cast<std::int64_t>(number);
-}
 
 struct flock RangeOf(std::int64_t byte, short type) {
   struct flock range = {};
@@ -46,8 +38,8 @@ bool IsBusy(int error) {
 }
 
 /// Asks the kernel whether another open file holds the byte: 0 or 1, and below 0 when the call fails.
-int HeldByOthers(int descriptor, Number number) {
-  struct flock range = RangeOf(ByteOf(number), F_WRLCK);
+int HeldByOthers(int descriptor, std::int64_t byte) {
+  struct flock range = RangeOf(byte, F_WRLCK);
   if (fcntl(descriptor, F_OFD_GETLK, &range) != 0) return -1;
   return range.l_type == F_UNLCK ? 0 : 1;
 }
@@ -74,7 +66,7 @@ void VdmLocks::Close() {
 
 Result<VdmLocks::Held> VdmLocks::Acquire(Number number) {
   VANZET_DO(OpenForLocking());
-  if (Lock(ByteOf(number))) return Held(*this, ByteOf(number));
+  if (Lock(PlaceOf(number))) return Keep(PlaceOf(number));
   if (!IsBusy(errno)) return FaultOf(errno);
   return Fault{.text = NameOf(number) + " is open elsewhere", .kind = FaultKind::kBusy};
 }
@@ -84,13 +76,13 @@ Result<VdmLocks::Held> VdmLocks::AcquireProject(std::chrono::milliseconds longes
   while (true) {
     VANZET_DO(OpenForLocking());
     VANZET_DO(LockProject(end));
-    if (IsInPlace()) return Held(*this, kProjectByte);
+    if (IsInPlace()) return Keep(kProjectPlace);
     Close();
   }
 }
 
 Result<void> VdmLocks::LockProject(std::chrono::steady_clock::time_point end) const {
-  while (!Lock(kProjectByte)) {
+  while (!Lock(kProjectPlace)) {
     if (!IsBusy(errno)) return FaultOf(errno);
     if (std::chrono::steady_clock::now() >= end) {
       return Fault{.text = "another process is changing the project",
@@ -120,7 +112,7 @@ void VdmLocks::RemoveOwnFile() {
 Result<bool> VdmLocks::IsHeldElsewhere(Number number) const {
   const int asked = IsInPlace() ? descriptor_ : OpenRegular(file_, O_RDONLY);
   if (asked < 0 && errno == ENOENT) return false;
-  const int held = asked < 0 ? -1 : HeldByOthers(asked, number);
+  const int held = asked < 0 ? -1 : HeldByOthers(asked, PlaceOf(number));
   const int error = errno;
   if (asked >= 0 && asked != descriptor_) close(asked);
   if (held < 0) return FaultOf(error);
