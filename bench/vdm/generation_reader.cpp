@@ -1,53 +1,24 @@
 #include "vdm/generation_reader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
-
-#include "vdm/store_schema.h"
-#include "vdm/stored_record.h"
 
 namespace vanzet::vdm {
 namespace {
-
-constexpr std::string_view kGenerations =
-    "SELECT number, time, user, host, program, occasion FROM generation";
-constexpr std::string_view kLastGeneration = "SELECT coalesce(max(number), 0) FROM generation";
-constexpr std::string_view kVersions =
-    "SELECT number, first, last FROM vdm WHERE ?1 IS NULL OR number=?1 ORDER BY number, last";
-constexpr std::string_view kPlaces =
-    "SELECT first, last, position, record FROM place WHERE vdm=?1 ORDER BY first, last";
-constexpr std::string_view kPlacesAt =
-    "SELECT position, record FROM place WHERE vdm=?1 AND last>=?2 AND first<=?2 ORDER BY position";
-
-std::int64_t Bound(Number number) {
-  return static_cast<std::int64_t>(number);
-}
-
-Generation GenerationOf(const SqliteRow& row) {
-  const auto text = [&](int column) { return std::string(row.Bytes(column)); };
-  return {row.Integer(0), text(1), text(2), text(3), text(4), text(5)};
-}
 
 /// The origin of a generation whose row is missing: earlier programs kept that of the last one alone.
 Generation UnknownGeneration(std::int64_t number) {
   return {number, "?", "?", "?", "?", "?"};
 }
 
-Fault GapFault(SqliteConnection& connection, Number number, std::size_t record, std::int64_t generation) {
-  return connection.DamageOf(NameOf(number) + " has no record " + std::to_string(record) + " in generation " +
-                             std::to_string(generation));
+Fault GapFault(const HistoryRows& rows, Number number, std::size_t record, std::int64_t generation) {
+  return rows.FaultOf(NameOf(number) + " has no record " + std::to_string(record) + " in generation " +
+                          std::to_string(generation),
+                      FaultKind::kDamaged);
 }
 
 }  // namespace
-
-/// A row of `vdm`.
-struct GenerationReader::Version {
-  Number vdm{};
-  std::int64_t first = 0, last = 0;
-
-  bool IsCut() const { return first == 0; }
-  bool IsFollowedBy(const Version& next) const { return next.vdm == vdm && next.first == last + 1; }
-};
 
 /// A change of one VDM by one generation.
 struct GenerationReader::Step {
@@ -59,18 +30,13 @@ struct GenerationReader::Step {
 /// The order of one VDM from generation to generation.
 class GenerationReader::Timeline {
  public:
-  static Result<std::shared_ptr<Timeline>> Read(std::shared_ptr<SqliteConnection> connection, Number number) {
-    auto timeline = std::make_shared<Timeline>(std::move(connection), number);
-    VANZET_DO(timeline->connection_->Run(kPlaces, {Bound(number)}, [&](const SqliteRow& row) -> Result<void> {
-      timeline->places_.push_back(
-          {row.Integer(0), row.Integer(1), row.Integer(2), RecordKey{row.Integer(3)}});
-      return {};
-    }));
+  static Result<std::shared_ptr<Timeline>> Read(std::shared_ptr<HistoryRows> rows, Number number) {
+    auto timeline = std::make_shared<Timeline>(std::move(rows), number);
+    VANZET_TRY(timeline->places_, timeline->rows_->Places(number));
     return timeline;
   }
 
-  Timeline(std::shared_ptr<SqliteConnection> connection, Number number)
-      : connection_(std::move(connection)), number_(number) {}
+  Timeline(std::shared_ptr<HistoryRows> rows, Number number) : rows_(std::move(rows)), number_(number) {}
 
   /// The records of a generation; `note` is called for a position without one. Requires: the generation is
   /// later than that of the call before.
@@ -87,13 +53,14 @@ class GenerationReader::Timeline {
       keys.push_back(place.record);
     }
     ForgetAllBut(keys);
+    ExpectNew(keys);
     return keys;
   }
 
   /// A record, which is fetched once as long as the generations visited have it.
   Result<Record> Load(RecordKey key) {
     if (const auto known = records_.find(key); known != records_.end()) return known->second;
-    VANZET_TRY(auto record, LoadRecord(*connection_, QueriesOf(kStoreSchema), number_, key));
+    VANZET_TRY(auto record, rows_->Load(number_, key));
     records_.emplace(key, record);
     return record;
   }
@@ -101,27 +68,29 @@ class GenerationReader::Timeline {
   bool isSound = true;  ///< no position without a record was found yet
 
  private:
-  struct Place {
-    std::int64_t first, last, position;
-    RecordKey record;
-  };
-
   void ForgetAllBut(const std::vector<RecordKey>& keys) {
     std::erase_if(records_,
                   [&](const auto& each) { return std::ranges::find(keys, each.first) == keys.end(); });
   }
 
-  std::shared_ptr<SqliteConnection> connection_;
+  void ExpectNew(const std::vector<RecordKey>& keys) {
+    std::vector<RecordKey> unknown;
+    std::ranges::copy_if(keys, std::back_inserter(unknown),
+                         [&](RecordKey key) { return !records_.contains(key); });
+    rows_->Expect(number_, unknown);
+  }
+
+  std::shared_ptr<HistoryRows> rows_;
   Number number_;
-  std::vector<Place> places_;
-  std::size_t next_ = 0;                ///< the first place that was not reached yet
-  std::map<std::int64_t, Place> held_;  ///< by position
+  std::vector<PlaceRow> places_;
+  std::size_t next_ = 0;                   ///< the first place that was not reached yet
+  std::map<std::int64_t, PlaceRow> held_;  ///< by position
   std::map<RecordKey, Record> records_;
 };
 
 Result<std::vector<VdmChange>> GenerationReader::ListChanges(std::optional<Number> only) {
   VANZET_TRY(const auto steps, StepsOf(only));
-  VANZET_TRY(const auto generations, Generations());
+  VANZET_TRY(const auto generations, rows_->Generations());
   std::vector<VdmChange> changes;
   for (const auto& [number, all] : steps) {
     const auto known = generations.find(number);
@@ -133,15 +102,14 @@ Result<std::vector<VdmChange>> GenerationReader::ListChanges(std::optional<Numbe
 
 Result<std::map<Number, Vdm>> GenerationReader::ReadAt(std::int64_t generation, std::optional<Number> only) {
   VANZET_DO(CheckGeneration(generation));
-  VANZET_TRY(const auto versions, VersionsOf(only));
+  VANZET_TRY(const auto versions, rows_->Versions(only));
   std::map<Number, Vdm> contents;
-  for (const Version& version : versions) {
+  for (const VersionRow& version : versions) {
     if (version.last < generation || version.first > generation) continue;
     if (version.IsCut()) return CutFault(version, generation);
     VANZET_TRY(const auto keys, KeysAt(version.vdm, generation));
-    const Vdm stored(keys, [&](RecordKey key) {
-      return LoadRecord(*connection_, QueriesOf(kStoreSchema), version.vdm, key);
-    });
+    rows_->Expect(version.vdm, keys);
+    const Vdm stored(keys, [&](RecordKey key) { return rows_->Load(version.vdm, key); });
     VANZET_TRY(auto copy, stored.Copy());
     contents.emplace(version.vdm, std::move(copy));
   }
@@ -150,7 +118,7 @@ Result<std::map<Number, Vdm>> GenerationReader::ReadAt(std::int64_t generation, 
 
 Result<void> GenerationReader::Visit(std::optional<Number> only, const GenerationVisitor& visitor) {
   VANZET_TRY(const auto steps, StepsOf(only));
-  VANZET_TRY(const auto generations, Generations());
+  VANZET_TRY(const auto generations, rows_->Generations());
   Timelines timelines;
   for (const auto& [number, all] : steps) {
     const auto known = generations.find(number);
@@ -170,12 +138,12 @@ Result<void> GenerationReader::Visit(std::optional<Number> only, const Generatio
 Result<Vdm> GenerationReader::ContentAt(Number number, std::int64_t generation, Timelines& timelines) {
   auto& timeline = timelines[number];
   if (timeline == nullptr) {
-    VANZET_TRY(timeline, Timeline::Read(connection_, number));
+    VANZET_TRY(timeline, Timeline::Read(rows_, number));
   }
   std::optional<Fault> gap;
   const bool wasSound = timeline->isSound;
   const auto keys = timeline->KeysAt(generation, [&](std::size_t record) {
-    if (!gap) gap = GapFault(*connection_, number, record, generation);
+    if (!gap) gap = GapFault(*rows_, number, record, generation);
     timeline->isSound = false;
   });
   if (gap && !note_) return *gap;
@@ -183,24 +151,11 @@ Result<Vdm> GenerationReader::ContentAt(Number number, std::int64_t generation, 
   return Vdm(keys, [timeline](RecordKey key) { return timeline->Load(key); });
 }
 
-Result<std::vector<GenerationReader::Version>> GenerationReader::VersionsOf(std::optional<Number> only) {
-  std::vector<Version> versions;
-  const auto wanted =
-      only ? SqliteConnection::Value(Bound(*only)) : SqliteConnection::Value(std::monostate());
-  VANZET_DO(connection_->Run(kVersions, {wanted}, [&](const SqliteRow& row) -> Result<void> {
-    const auto number = NumberFrom(row.Integer(0));
-    if (!number) return connection_->DamageOf(number.fault().text);
-    versions.push_back({*number, row.Integer(1), row.Integer(2)});
-    return {};
-  }));
-  return versions;
-}
-
 Result<GenerationReader::Steps> GenerationReader::StepsOf(std::optional<Number> only) {
-  VANZET_TRY(const auto versions, VersionsOf(only));
+  VANZET_TRY(const auto versions, rows_->Versions(only));
   Steps steps;
   for (std::size_t i = 0; i < versions.size(); ++i) {
-    const Version& version = versions[i];
+    const VersionRow& version = versions[i];
     const bool isAfterCut = i > 0 && versions[i - 1].IsCut() && versions[i - 1].IsFollowedBy(version);
     if (!version.IsCut()) steps[version.first].push_back({version.vdm, false, isAfterCut});
     const bool isFollowed = i + 1 < versions.size() && version.IsFollowedBy(versions[i + 1]);
@@ -211,40 +166,30 @@ Result<GenerationReader::Steps> GenerationReader::StepsOf(std::optional<Number> 
   return steps;
 }
 
-Result<std::map<std::int64_t, Generation>> GenerationReader::Generations() {
-  std::map<std::int64_t, Generation> generations;
-  VANZET_DO(connection_->Run(kGenerations, {}, [&](const SqliteRow& row) -> Result<void> {
-    generations.emplace(row.Integer(0), GenerationOf(row));
-    return {};
-  }));
-  return generations;
-}
-
 Result<void> GenerationReader::CheckGeneration(std::int64_t generation) {
-  VANZET_TRY(const auto last, connection_->Integer(kLastGeneration));
+  VANZET_TRY(const auto last, rows_->LastGeneration());
   if (generation >= 1 && generation <= last) return {};
-  return connection_->FaultOf(
+  return rows_->FaultOf(
       "generation " + std::to_string(generation) + " does not exist; the last one is " + std::to_string(last),
       FaultKind::kMissing);
 }
 
 Result<std::vector<RecordKey>> GenerationReader::KeysAt(Number number, std::int64_t generation) {
+  VANZET_TRY(const auto places, rows_->PlacesAt(number, generation));
   std::vector<RecordKey> keys;
-  VANZET_DO(
-      connection_->Run(kPlacesAt, {Bound(number), generation}, [&](const SqliteRow& row) -> Result<void> {
-        if (row.Integer(0) != static_cast<std::int64_t>(keys.size())) {
-          return GapFault(*connection_, number, keys.size(), generation);
-        }
-        keys.push_back(RecordKey{row.Integer(1)});
-        return {};
-      }));
+  for (const PlaceRow& place : places) {
+    if (place.position != static_cast<std::int64_t>(keys.size())) {
+      return GapFault(*rows_, number, keys.size(), generation);
+    }
+    keys.push_back(place.record);
+  }
   return keys;
 }
 
-Fault GenerationReader::CutFault(const Version& cut, std::int64_t generation) {
-  return connection_->FaultOf("generation " + std::to_string(generation) + " of " + NameOf(cut.vdm) +
-                                  " is not kept any more; the oldest one is " + std::to_string(cut.last + 1),
-                              FaultKind::kMissing);
+Fault GenerationReader::CutFault(const VersionRow& cut, std::int64_t generation) {
+  return rows_->FaultOf("generation " + std::to_string(generation) + " of " + NameOf(cut.vdm) +
+                            " is not kept any more; the oldest one is " + std::to_string(cut.last + 1),
+                        FaultKind::kMissing);
 }
 
 }  // namespace vanzet::vdm

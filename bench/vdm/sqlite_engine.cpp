@@ -6,6 +6,7 @@
 #include "base/files/whole_file.h"
 #include "vdm/generation_reader.h"
 #include "vdm/generation_trimmer.h"
+#include "vdm/sqlite_history.h"
 #include "vdm/store_schema.h"
 #include "vdm/stored_record.h"
 
@@ -119,13 +120,13 @@ Result<void> SqliteEngine::Change(Number number, const std::optional<Vdm>& conte
 Result<std::vector<VdmChange>> SqliteEngine::ListChanges(std::optional<Number> only) {
   VANZET_TRY(const auto reading, BeginReading());
   if (!reading || reading->schema < kStoreSchema) return std::vector<VdmChange>();
-  return GenerationReader(connection_).ListChanges(only);
+  return GenerationReader(std::make_shared<SqliteHistory>(connection_)).ListChanges(only);
 }
 
 Result<std::map<Number, Vdm>> SqliteEngine::ReadAt(std::int64_t generation, std::optional<Number> only) {
   VANZET_TRY(const auto reading, BeginReading());
   if (reading && reading->schema == kStoreSchema) {
-    return GenerationReader(connection_).ReadAt(generation, only);
+    return GenerationReader(std::make_shared<SqliteHistory>(connection_)).ReadAt(generation, only);
   }
   return Fault{.text = "has no generations yet", .file = file_.string(), .kind = FaultKind::kMissing};
 }
@@ -134,7 +135,7 @@ Result<void> SqliteEngine::Visit(std::optional<Number> only, const GenerationVis
   VANZET_TRY(const auto reading, BeginReading());
   if (!reading) return {};
   if (reading->schema < kStoreSchema) return VisitFirstSchema(only, visitor);
-  return GenerationReader(connection_).Visit(only, visitor);
+  return GenerationReader(std::make_shared<SqliteHistory>(connection_)).Visit(only, visitor);
 }
 
 /// The content of such a store is the first generation, as it will be when a commit brings it to the current

@@ -9,6 +9,7 @@
 #include "base/files/system_fault.h"
 #include "vdm/generation_reader.h"
 #include "vdm/sqlite_engine.h"
+#include "vdm/sqlite_history.h"
 #include "vdm/store_schema.h"
 #include "vdm/stored_record.h"
 
@@ -51,7 +52,7 @@ class Reader {
 
   /// Passes on the generations, with the records that can be read. Requires: `Read` found a connection.
   Result<void> Visit(const GenerationVisitor& visitor) {
-    GenerationReader reader(connection_);
+    GenerationReader reader(std::make_shared<SqliteHistory>(connection_));
     reader.NoteTo([this](const Fault& gap) { Note(gap); });
     return reader.Visit({}, [&](const PastGeneration& past) {
       PastGeneration readable = past;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "vdm/history_rows.h"
 #include "vdm/sqlite_connection.h"
 
 /// The forms of `store.db`: docs/formats/store.md. All functions require a transaction.
@@ -10,9 +11,6 @@ namespace vanzet::vdm {
 
 /// The form that this version writes. Older ones are read, and brought to it by the first commit.
 inline constexpr std::int64_t kStoreSchema = 2;
-
-/// The last generation of the rows of `vdm` and `place` that hold now.
-inline constexpr std::int64_t kNow = INT64_MAX;
 
 /// The statements that read one form. Columns of `record`: items, content, checksum (null: it has none).
 /// Those of `head` are the same with the first bytes of the content, and its size.

@@ -1,23 +1,18 @@
 #include "vdm/stored_record.h"
 
-#include <optional>
-#include <string>
-
 namespace vanzet::vdm {
 namespace {
 
+RecordRow RowOf(const SqliteRow& row) {
+  return {row.Integer(0), row.Bytes(1), row.IsNull(2) ? std::nullopt : std::optional(row.Integer(2))};
+}
+
 Result<Record> RecordOf(const SqliteRow& row) {
-  VANZET_TRY(auto record, RecordFrom(row.Bytes(1), row.Integer(0)));
-  if (row.IsNull(2) || row.Integer(2) == StoredChecksum(row.Bytes(1))) return record;
-  return Fault{.text = "its checksum is another one: its bytes were changed", .kind = FaultKind::kDamaged};
+  return VerifiedRecord(RowOf(row));
 }
 
 Result<RecordHead> HeadOf(const SqliteRow& row) {
-  const bool isWhole = row.Integer(3) == static_cast<std::int64_t>(row.Bytes(1).size());
-  if (!isWhole) return RecordHeadFrom(row.Bytes(1), row.Integer(0));
-  VANZET_TRY(auto record, RecordOf(row));
-  const std::size_t items = record.Size();
-  return RecordHead{std::move(record), items};
+  return VerifiedHead(RowOf(row), row.Integer(3));
 }
 
 /// Reads the row of one record by a statement. What is wrong with it is
@@ -38,11 +33,25 @@ Result<Content> Load(SqliteConnection& connection, std::string_view sql,
   return std::move(*content);
 }
 
+}  // namespace
+
+Result<Record> VerifiedRecord(const RecordRow& row) {
+  VANZET_TRY(auto record, RecordFrom(row.content, row.items));
+  if (!row.checksum || *row.checksum == StoredChecksum(row.content)) return record;
+  return Fault{.text = "its checksum is another one: its bytes were changed", .kind = FaultKind::kDamaged};
+}
+
+Result<RecordHead> VerifiedHead(const RecordRow& row, std::int64_t bytes) {
+  const bool isWhole = bytes == static_cast<std::int64_t>(row.content.size());
+  if (!isWhole) return RecordHeadFrom(row.content, row.items);
+  VANZET_TRY(auto record, VerifiedRecord(row));
+  const std::size_t items = record.Size();
+  return RecordHead{std::move(record), items};
+}
+
 std::string PlaceOf(RecordKey key, Number number) {
   return "record " + std::to_string(static_cast<std::int64_t>(key)) + ", of " + NameOf(number);
 }
-
-}  // namespace
 
 Result<Record> LoadRecord(SqliteConnection& connection, const StoreQueries& queries, Number number,
                           RecordKey key) {
