@@ -5,6 +5,7 @@
 #include "support/engine_calls.h"
 #include "support/memory_engine.h"
 #include "support/temporary_folder.h"
+#include "support/test_server.h"
 #include "support/vdm_values.h"
 #include "vdm/sqlite_engine.h"
 
@@ -29,6 +30,9 @@ struct Kind {
 /// What every engine has to do.
 class EveryEngine : public testing::TestWithParam<Kind> {
  protected:
+  void SetUp() override {
+    if (GetParam().name == "Postgres" && test::ServerText().empty()) GTEST_SKIP() << test::kNoServer;
+  }
   void Write(std::uint32_t number, const Vdm& content) {
     ASSERT_EQ(Told(test::WriteTo(*engine, number, content)), "");
   }
@@ -50,6 +54,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"Sqlite",
                          [](const std::filesystem::path& folder) -> std::unique_ptr<StoreEngine> {
                            return std::make_unique<SqliteEngine>(folder / "store.db");
+                         }},
+                    Kind{"Postgres",
+                         [](const std::filesystem::path&) -> std::unique_ptr<StoreEngine> {
+                           return std::make_unique<PostgresEngine>(test::ServerText(), test::NewProject());
                          }}),
     [](const auto& kind) { return kind.param.name; });
 

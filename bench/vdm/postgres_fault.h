@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace vanzet::vdm {
+
+/// What a server says of a statement that failed.
+struct PostgresError {
+  std::string_view state;    ///< SQLSTATE
+  std::string_view message;  ///< in the language of the server
+  std::string_view role;     ///< of the connection
+};
+
+/// True when the server ends the connection, or cannot serve anybody.
+bool IsEndOfConnection(std::string_view state);
+
+/// The fault of a statement, without its place.
+Fault FaultOf(const PostgresError& error);
+
+}  // namespace vanzet::vdm
