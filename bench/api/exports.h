@@ -103,4 +103,7 @@ void VanzetReportFault(const char* text, const char* file, std::int32_t line, st
 /// The module has handled an event of its dialog, with all that it posted. Returns 0 when the host cannot
 /// keep what was changed, which it has shown; the dialog then stays open.
 std::int32_t VanzetEventHandled();
+
+/// Returns 1 when the message panel has shown a cause that every later call meets, too, in this run.
+std::int32_t VanzetHasFailed();
 }

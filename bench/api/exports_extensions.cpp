@@ -42,4 +42,9 @@ std::int32_t VanzetEventHandled() {
     return 0;
   }
 }
+
+std::int32_t VanzetHasFailed() {
+  const Host* const host = CurrentHost();
+  return host != nullptr && host->panel.HasLastingCause() ? 1 : 0;
+}
 }

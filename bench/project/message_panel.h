@@ -24,6 +24,9 @@ class MessagePanel {
   /// The number of faults that were reported.
   int faults() const { return faults_; }
 
+  /// True when a cause that stays was reported in this run.
+  bool HasLastingCause() const { return !lastingCauses_.empty(); }
+
   /// From now on causes that were shown before are shown again.
   void BeginRun() { lastingCauses_.clear(); }
 

@@ -23,4 +23,10 @@ bool KeepWorkOfEvent() {
   return keep == nullptr || keep() != 0;
 }
 
+bool HasHostFailed() {
+  using Function = std::int32_t (*)();
+  auto* const hasFailed = reinterpret_cast<Function>(extensionFinder(nullptr, "VanzetHasFailed"));
+  return hasFailed != nullptr && hasFailed() != 0;
+}
+
 }  // namespace vanzet::platform

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "base/one_line.h"
+#include "platform/host_extensions.h"
 
 namespace vanzet::platform {
 namespace {
@@ -30,6 +31,7 @@ std::int32_t Show(const MessageBox& message) {
 
 std::int32_t ConsoleBoxes::Present(const MessageBox& message) {
   const std::int32_t given = SafeAnswer(message.type);
+  if (!IsQuestion(message.type) && HasHostFailed()) return given;
   std::string line = message.caption.empty() ? message.text : message.caption + ": " + message.text;
   if (IsQuestion(message.type)) line += given == answer::kNo ? " [No]" : " [Cancel]";
   std::cerr << OneLine(line) + "\n" << std::flush;

@@ -49,7 +49,8 @@ class BoxPresenter {
 std::int32_t Show(const MessageBox& message);
 
 /// Boxes without a person to answer: each is a line on standard error, "caption: text", and gets the safe
-/// answer, which the line of a question ends with.
+/// answer, which the line of a question ends with. Where the host has failed (platform/host_extensions.h) its
+/// line is the reason of all other boxes, and they have none.
 class ConsoleBoxes final : public BoxPresenter {
  public:
   std::int32_t Present(const MessageBox& message) override;

@@ -25,10 +25,20 @@ TEST_F(Extensions, KeepTheWorkOfAnEventWhereTheHostAsksForIt) {
   EXPECT_EQ(VanzetEventHandled(), 1);
 }
 
+TEST_F(Extensions, SayWhetherACauseWasReportedThatStays) {
+  VanzetReportFault("unknown control '9999'", "job.txt", 2, 7, "press 9999",
+                    static_cast<std::int32_t>(FaultKind::kRefused));
+  EXPECT_EQ(VanzetHasFailed(), 0);
+  VanzetReportFault("the disk is full", nullptr, 0, 0, nullptr,
+                    static_cast<std::int32_t>(FaultKind::kSystem));
+  EXPECT_EQ(VanzetHasFailed(), 1);
+}
+
 TEST_F(Extensions, DoNothingWithoutAHost) {
   scope.reset();
   VanzetReportFault("nobody hears this", nullptr, 0, 0, nullptr, 0);
   EXPECT_EQ(VanzetEventHandled(), 1);
+  EXPECT_EQ(VanzetHasFailed(), 0);
   EXPECT_THAT(panel.lines, testing::IsEmpty());
 }
 

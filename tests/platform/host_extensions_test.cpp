@@ -24,6 +24,7 @@ std::int32_t AnswerEvent() {
 void* FindInHost(void* /*module*/, const char* name) {
   if (name == std::string_view("VanzetReportFault")) return reinterpret_cast<void*>(&TakeFault);
   if (name == std::string_view("VanzetEventHandled")) return reinterpret_cast<void*>(&AnswerEvent);
+  if (name == std::string_view("VanzetHasFailed")) return reinterpret_cast<void*>(&AnswerEvent);
   return nullptr;
 }
 
@@ -44,8 +45,10 @@ TEST(HostExtensions, PassTheAnswerOfTheHost) {
   const Host host;
   answerOfHost = 0;
   EXPECT_FALSE(KeepWorkOfEvent());
+  EXPECT_FALSE(HasHostFailed());
   answerOfHost = 1;
   EXPECT_TRUE(KeepWorkOfEvent());
+  EXPECT_TRUE(HasHostFailed());
 }
 
 TEST(HostExtensions, ReportNothingToAHostWithoutThem) {
@@ -53,6 +56,7 @@ TEST(HostExtensions, ReportNothingToAHostWithoutThem) {
   ReportFault({"nobody hears this"});
   EXPECT_EQ(reported, "nothing");
   EXPECT_TRUE(KeepWorkOfEvent());
+  EXPECT_FALSE(HasHostFailed());
 }
 
 }  // namespace

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+#include <utility>
+
+#include "platform/host_extensions.h"
+
 namespace vanzet::platform {
 namespace {
 
@@ -39,6 +44,19 @@ TEST(ConsoleBoxes, WriteALineToStandardErrorAndGiveTheSafeAnswer) {
   EXPECT_EQ(boxes.Present({"a", "b", 1}), answer::kCancel);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "OrvoApi::MacroVdm: 1000: Create: vdm exist\nDelete? [No]\na: b [Cancel]\n");
+}
+
+TEST(ConsoleBoxes, WriteNothingButQuestionsWhereTheHostHasFailed) {
+  const auto former = std::exchange(extensionFinder, [](void*, const char* name) -> void* {
+    std::int32_t (*const hasFailed)() = [] { return std::int32_t{1}; };
+    return name == std::string_view("VanzetHasFailed") ? reinterpret_cast<void*>(hasFailed) : nullptr;
+  });
+  testing::internal::CaptureStderr();
+  ConsoleBoxes boxes;
+  EXPECT_EQ(boxes.Present({"OrvoApi::MacroVdm", "1000: SeekFromStart: Vdm not open", box::kOk}), answer::kOk);
+  EXPECT_EQ(boxes.Present({"", "Delete?", box::kYesNo}), answer::kNo);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Delete? [No]\n");
+  extensionFinder = former;
 }
 
 TEST(Show, GoesToThePresenterOfTheScopeAndThenToTheFormerOne) {

@@ -44,6 +44,16 @@ TEST(MessagePanel, ShowsEachCause) {
   EXPECT_EQ(panel.lines.size(), 4U);
 }
 
+TEST(MessagePanel, KnowsWhetherACauseStays) {
+  KeepingPanel panel;
+  panel.Tell({"unknown command 'rubbish'", "'rubbish'", 1});
+  EXPECT_FALSE(panel.HasLastingCause());
+  panel.Tell(FullDisk());
+  EXPECT_TRUE(panel.HasLastingCause());
+  panel.BeginRun();
+  EXPECT_FALSE(panel.HasLastingCause());
+}
+
 TEST(MessagePanel, ShowsARefusalEachTime) {
   KeepingPanel panel;
   for (int call = 0; call < 2; ++call) panel.Tell({"unknown command 'rubbish'", "'rubbish'", 1});
