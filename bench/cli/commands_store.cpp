@@ -77,7 +77,8 @@ Result<Findings> FindingsOf(const project::Project& project) {
   for (const std::string& text : store) findings.push_back({kStore, text});
   VANZET_DO(CheckDrawing(project, findings));
   VANZET_DO(CheckCatalogue(project, findings));
-  for (const fs::path& folder : project::DeadRunFolders(project.folder())) {
+  VANZET_TRY(const auto deadRuns, project::DeadRunFolders(project.folder()));
+  for (const fs::path& folder : deadRuns) {
     findings.push_back(
         {folder.lexically_relative(project.folder()).string(), "is left from a run that was killed"});
   }

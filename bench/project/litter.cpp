@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/files/folder_lock.h"
+#include "base/files/system_fault.h"
 #include "base/files/whole_file.h"
 #include "base/numbers.h"
 
@@ -17,12 +18,14 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The paths in a folder, read to the end before anything is removed.
-std::vector<fs::path> EntriesOf(const fs::path& folder) {
+Result<std::vector<fs::path>> EntriesOf(const fs::path& folder) {
   std::vector<fs::path> entries;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     entries.push_back(entry->path());
   }
+  const bool isGone = error == std::errc::no_such_file_or_directory;
+  if (error && !isGone) return files::SystemFault("cannot be read", error, folder);
   return entries;
 }
 
@@ -37,16 +40,23 @@ bool IsNameOfRun(std::string_view name) {
          (dash == std::string_view::npos || IsNumber(name.substr(dash + 1)));
 }
 
-/// Calls for each folder of a run that has ended.
+/// Calls for each folder of a run that has ended. Fails where one could not be looked at; a run that ends
+/// meanwhile removes its own.
 template <class Call>
-void ForEachDeadFolder(const fs::path& all, const Call& call) {
+Result<void> ForEachDeadFolder(const fs::path& all, const Call& call) {
   std::error_code error;
-  if (!fs::is_directory(fs::symlink_status(all, error))) return;
-  for (const fs::path& folder : EntriesOf(all)) {
+  if (!fs::is_directory(fs::symlink_status(all, error))) return {};
+  VANZET_TRY(const auto entries, EntriesOf(all));
+  Result<void> done;
+  for (const fs::path& folder : entries) {
     if (!IsNameOfRun(folder.filename().string())) continue;
     if (!fs::is_directory(fs::symlink_status(folder, error))) continue;
-    if (const auto lock = files::FolderLock::TryAcquire(folder)) call(folder);
+    const auto lock = files::FolderLock::TryAcquire(folder);
+    if (lock) call(folder);
+    const bool isUnknown = !lock && lock.fault().kind != FaultKind::kBusy && fs::exists(folder, error);
+    if (isUnknown) done = lock.fault();
   }
+  return done;
 }
 
 bool IsRunning(std::int32_t process) {
@@ -56,7 +66,9 @@ bool IsRunning(std::int32_t process) {
 /// The files "NAME.new-PID" that earlier versions wrote, without a lock.
 void RemoveOldForm(const fs::path& project) {
   std::error_code error;
-  for (const fs::path& file : EntriesOf(project)) {
+  const auto entries = EntriesOf(project);
+  if (!entries) return;
+  for (const fs::path& file : *entries) {
     const std::string name = file.filename().string();
     for (const std::string_view start : {"bench.ini.new-", "drawing.txt.new-"}) {
       if (!name.starts_with(start)) continue;
@@ -71,16 +83,17 @@ void RemoveOldForm(const fs::path& project) {
 
 void RemoveLitter(const fs::path& project) {
   std::error_code ignored;
-  ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { fs::remove_all(folder, ignored); });
+  static_cast<void>(
+      ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { fs::remove_all(folder, ignored); }));
   for (const fs::path& folder : {project, project / "bodies", project / "figures"}) {
     files::RemoveLeftovers(folder);
   }
   RemoveOldForm(project);
 }
 
-std::vector<fs::path> DeadRunFolders(const fs::path& project) {
+Result<std::vector<fs::path>> DeadRunFolders(const fs::path& project) {
   std::vector<fs::path> folders;
-  ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { folders.push_back(folder); });
+  VANZET_DO(ForEachDeadFolder(project / "tmp", [&](const fs::path& folder) { folders.push_back(folder); }));
   return folders;
 }
 

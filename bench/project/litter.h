@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/result.h"
+
 namespace vanzet::project {
 
 /// Removes the litter of killed runs from a project: their folders in tmp/, and new files that did not become
@@ -10,7 +12,8 @@ namespace vanzet::project {
 /// everything that cannot be removed. A link in place of tmp/ is not followed.
 void RemoveLitter(const std::filesystem::path& project);
 
-/// The folders in tmp/ that killed runs left, which `RemoveLitter` would remove.
-std::vector<std::filesystem::path> DeadRunFolders(const std::filesystem::path& project);
+/// The folders in tmp/ that killed runs left, which `RemoveLitter` would remove. Fails where tmp/ or such a
+/// folder cannot be looked at.
+Result<std::vector<std::filesystem::path>> DeadRunFolders(const std::filesystem::path& project);
 
 }  // namespace vanzet::project

@@ -98,6 +98,20 @@ TEST(FailingReads, OfAStoreAreNotTakenForDamage) {
   }
 }
 
+TEST(FailingOpens, HideNoFindingOfACheck) {
+  const auto check = std::ranges::find(Commands(), "StoreCheck", &Command::name);
+  const Case work(*check);
+  const Workplace place;
+  for (long number = 1;; ++number) {
+    place.CopyFrom(work.before);
+    std::filesystem::create_directories(place.work() / "lathe/tmp/4711");
+    const Outcome run =
+        place.Vanzet(work.command.words, "open " + std::to_string(number) + " EACCES lathe/tmp");
+    EXPECT_EQ(run.status, run.report.empty() ? 3 : 1) << number << ": " << run.out;
+    if (run.report.empty()) break;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, FailingCalls, testing::ValuesIn(Commands()),
                          [](const auto& row) { return row.param.name; });
 
