@@ -141,7 +141,6 @@ void Workplace::PutGivenFiles() const {
   std::filesystem::copy_file(examples / "bodies/casting.step", work() / "casting.step");
   std::filesystem::copy_file(examples / "contours/slot.txt", work() / "slot.txt");
   std::filesystem::create_directory(work() / "empty");
-  test::WriteBytes(work() / "empty/bench.ini", "");
 }
 
 void Workplace::DamageStore() const {
