@@ -9,13 +9,6 @@ namespace {
 /// Tangents whose sine is this far on the wrong side are parallel: it is rounding.
 constexpr double kRounding = 1e-15;
 
-/// The unit tangent of the line or circle through the corner, where it is nearest to the corner plus `away`.
-Vector2d TangentAt(const Vector2d& tangent, double k, const Vector2d& away) {
-  const Vector2d normal = tangent.LeftNormal() - away * k;
-  const double length = std::sqrt(Dot(normal, normal));
-  return Vector2d(normal.dy, -normal.dx) * (1 / length);
-}
-
 /// One of the two spans at a corner, seen from there: the tangents at the corner and at the farthest feet.
 struct Side {
   Vector2d tangents[3];
@@ -67,9 +60,10 @@ bool TrimCorner(const Shape& before, const Shape& after, double left, Vector2d& 
   const double s = -2 * left * half / (1 + std::sqrt(rest)), bow = k1 * s / 2;
   const Vector2d step = (in * s + normal * (s * bow)) * (1 / (1 + bow * bow));
   const Vector2d met = normal * left + step;  // from the corner
-  const Side first{{in, TangentAt(in, before.k, out.LeftNormal() * left), TangentAt(in, before.k, met)},
-                   std::max(std::abs(left * sine), std::abs(s))};
-  const Side second{{out, TangentAt(out, after.k, normal * left), TangentAt(out, after.k, met)},
+  const Side first{
+      {in, TangentNearest(in, before.k, out.LeftNormal() * left), TangentNearest(in, before.k, met)},
+      std::max(std::abs(left * sine), std::abs(s))};
+  const Side second{{out, TangentNearest(out, after.k, normal * left), TangentNearest(out, after.k, met)},
                     std::max(std::abs(left * sine), std::abs(Dot(met, out)))};
   for (const Vector2d& tangent : first.tangents) {
     for (const Vector2d& other : second.tangents) {

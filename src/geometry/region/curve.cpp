@@ -31,6 +31,12 @@ Tangents TangentsOf(const Curve& c) {
   return {Turned(unit, -sine, cosine), Turned(unit, sine, cosine)};
 }
 
+Vector2d TangentNearest(const Vector2d& tangent, double k, const Vector2d& way) {
+  const Vector2d normal = tangent.LeftNormal() - way * k;
+  const double length = std::sqrt(Dot(normal, normal));
+  return Vector2d(normal.dy, -normal.dx) * (1 / length);
+}
+
 double Bulge(const Curve& c) {
   if (c.k == 0) return 0;
   const double chord = (c.b - c.a).Magnitude();

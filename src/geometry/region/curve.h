@@ -21,6 +21,10 @@ struct Tangents {
 };
 Tangents TangentsOf(const Curve& c);
 
+/// The unit tangent of a line or circle where it is nearest to a point, by the tangent and the curvature at
+/// another point of it and the way from there. Not a number at the centre.
+Vector2d TangentNearest(const Vector2d& tangent, double k, const Vector2d& way);
+
 /// The distance of the curve's middle from its chord, positive on the right of it; arcs that turn to the left
 /// bulge to the right.
 double Bulge(const Curve& c);

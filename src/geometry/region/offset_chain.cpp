@@ -34,36 +34,80 @@ RegionSpan EndAfter(const RegionSpan& before) {
 OffsetChain::OffsetChain(const Sketch& sketch, double left, const RegionOffset& options)
     : sketch_(sketch), left_(left), shortest_(sketch.Resolution(std::abs(left))), options_(options) {}
 
-bool OffsetChain::SetLink(const RegionSpan& span, bool isBack, Link& link) const {
-  link.source = &span;
-  link.isBack = isBack;
-  link.shape = sketch_.ShapeOf(span);
+bool OffsetChain::SetLink(const Chain& chain, std::size_t i, Link& link) const {
+  link.place = chain.start + i < chain.spans.size() ? chain.start + i : chain.start + i - chain.spans.size();
+  link.source = &chain.spans[link.place];
+  link.isBack = link.place >= chain.there;
+  link.shape = sketch_.ShapeOf(*link.source);
   if (!(link.shape.chord > 0)) return false;
   link.start = link.shape.a + Outwards(link.shape.tangents.start);
   link.end = link.shape.b + Outwards(link.shape.tangents.end);
   return true;
 }
 
+// Most chains have no spurs; where there are some, the chain is followed again with loops cut off.
 RegionLoop OffsetChain::Around(const std::vector<RegionSpan>& spans, std::size_t there, EndForm end) {
+  Chain chain{spans, there, end, 0, {}};
+  spurs_.clear();
+  RegionLoop loop = Follow(chain);
+  if (spurs_.empty() || end == EndForm::kButt) return loop;
+  AddCuts(chain);
+  return chain.cuts.empty() ? loop : Follow(chain);
+}
+
+// A cut over the end of the list makes its last span the start.
+void OffsetChain::AddCuts(Chain& chain) {
+  std::sort(spurs_.begin(), spurs_.end());
+  LoopCutter cutter(sketch_, chain.spans, left_, options_.corner);
+  for (const std::size_t span : spurs_) cutter.CutAround(span);
+  chain.cuts = cutter.Take();
+  if (chain.cuts.empty() || chain.cuts.back().first < chain.cuts.back().last) return;
+  chain.start = chain.cuts.back().last;
+  for (LoopCut& cut : chain.cuts) {
+    cut.first -= chain.start;
+    cut.last -= chain.start;
+  }
+  chain.cuts.back().last = chain.spans.size();
+}
+
+OffsetChain::Joint OffsetChain::CutAt(const Chain& chain, const LoopCut& cut, Link& after) const {
+  SetLink(chain, cut.last, after);
+  return {cut.common, cut.common, {}};
+}
+
+void OffsetChain::AddJoint(const Link& before, const Joint& joint, const Link& after) {
+  if (joint.isSpur || before.shape.k * left_ >= 1) spurs_.push_back(before.place);
+  AddSpan(before, joint.end);
+  AddCorner(before, joint, after);
+}
+
+RegionLoop OffsetChain::Follow(const Chain& chain) {
   loop_.spans.clear();
+  const bool isClosedByCut = !chain.cuts.empty() && chain.cuts.back().last == chain.spans.size();
+  auto cut = chain.cuts.begin();
+  const auto lastCut = chain.cuts.end() - (isClosedByCut ? 1 : 0);
   Link first, before, after;
-  std::size_t i = 0, last = spans.size();
-  while (i < spans.size() && !SetLink(spans[i], i >= there, first)) ++i;
-  while (last > i && !SetLink(spans[last - 1], last > there, before)) --last;
+  std::size_t i = 0, last = isClosedByCut ? chain.cuts.back().first + 1 : chain.spans.size();
+  while (i < last && !SetLink(chain, i, first)) ++i;
+  while (last > i && !SetLink(chain, last - 1, before)) --last;
   if (i == last) return {};
-  ReserveLarge(loop_.spans, spans.size() + spans.size() / 2 + 8);
-  const Joint closing = CornerOf(before, first, end);
+  ReserveLarge(loop_.spans, chain.spans.size() + chain.spans.size() / 2 + 8);
+  const Joint closing = isClosedByCut ? CutAt(chain, *lastCut, after) : CornerOf(before, first, chain.end);
   at_ = closing.start;
   before = first;
-  while (++i < last) {
-    if (!SetLink(spans[i], i >= there, after)) continue;
-    const Joint corner = CornerOf(before, after, end);
-    AddSpan(before, corner.end);
-    AddCorner(before, corner, after);
+  while (i + 1 < last) {
+    Joint joint;
+    if (cut != lastCut && cut->first == i) {
+      i = cut->last;
+      joint = CutAt(chain, *cut++, after);
+    } else {
+      if (!SetLink(chain, ++i, after)) continue;
+      joint = CornerOf(before, after, chain.end);
+    }
+    AddJoint(before, joint, after);
     before = after;
   }
-  AddSpan(before, closing.end);
-  AddCorner(before, closing, first);
+  AddJoint(before, closing, first);
   Close(closing.start);
   return std::move(loop_);
 }
@@ -115,7 +159,7 @@ OffsetChain::Joint OffsetChain::CornerOf(const Link& before, const Link& after, 
   if (sine * left_ >= 0 && !turnsBack) {
     Vector2d common;
     if (TrimCorner(before.shape, after.shape, left_, common)) return {common, common, {}};
-    return {before.end, after.start, {before.shape.b}, 1};
+    return {before.end, after.start, {before.shape.b}, 1, false, false, true};
   }
   if (options_.corner == Corner::Round) return {before.end, after.start, {}, 0, true};
   return SharpCornerOf(before, after, std::atan2(std::abs(sine), cosine));

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "geometry/region/loop_cut.h"
 #include "geometry/region/sketch.h"
 
 namespace geometry::region {
@@ -18,7 +19,8 @@ enum class EndForm { kCorner, kRound, kSquare, kButt };
 /// own set, less the strips on its left or with the strips on its right. A point thus belongs to the offset
 /// set exactly when the loops of all its chains have a positive winding number there. What the strips have in
 /// common at a corner of the other kind is passed as a spur to the corner and back, or cut off where nothing
-/// depends on it (corner_trim.h).
+/// depends on it: at the corner alone (corner_trim.h), or with spans that have no part of the offset
+/// (loop_cut.h).
 class OffsetChain {
  public:
   OffsetChain(const Sketch& sketch, double left, const RegionOffset& options);
@@ -35,10 +37,19 @@ class OffsetChain {
   double Resolution() const { return sketch_.Resolution(std::abs(left_), vias_); }
 
  private:
+  /// The spans, from which of them on they are followed, and the cuts, counted from there.
+  struct Chain {
+    const std::vector<RegionSpan>& spans;
+    std::size_t there;
+    EndForm end;
+    std::size_t start = 0;
+    std::vector<LoopCut> cuts;
+  };
   /// A span of the chain, and the ends of its offset.
   struct Link {
     const RegionSpan* source = nullptr;
-    bool isBack = false;  ///< on the way back of a path
+    std::size_t place = 0;  ///< in the list of spans
+    bool isBack = false;    ///< on the way back of a path
     Shape shape;
     Vector2d start, end;
   };
@@ -50,9 +61,14 @@ class OffsetChain {
     int viaCount = 0;
     bool isArc = false;
     bool isEnd = false;
+    bool isSpur = false;
   };
+  RegionLoop Follow(const Chain& chain);
+  Joint CutAt(const Chain& chain, const LoopCut& cut, Link& after) const;
+  void AddCuts(Chain& chain);
+  void AddJoint(const Link& before, const Joint& joint, const Link& after);
   Vector2d Outwards(const Vector2d& tangent) const { return tangent.LeftNormal() * left_; }
-  bool SetLink(const RegionSpan& span, bool isBack, Link& link) const;
+  bool SetLink(const Chain& chain, std::size_t i, Link& link) const;
   Joint CornerOf(const Link& before, const Link& after, EndForm end) const;
   Joint EndOf(const Link& before, const Link& after, EndForm end) const;
   Joint SharpCornerOf(const Link& before, const Link& after, double turn) const;
@@ -70,7 +86,8 @@ class OffsetChain {
   RegionOffset options_;
   Box vias_;  ///< of the points of corners; sharp ones may be far away
   RegionLoop loop_;
-  Vector2d at_;  ///< where the loop has come to
+  Vector2d at_;                     ///< where the loop has come to
+  std::vector<std::size_t> spurs_;  ///< the spans before corners, or before arcs, with a spur
 };
 
 }  // namespace geometry::region
