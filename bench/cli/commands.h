@@ -43,6 +43,7 @@ void AddHistory(Command& vanzet, Context& context);
 void AddDiff(Command& vanzet, Context& context);
 void AddRestore(Command& vanzet, Context& context);
 void AddStore(Command& vanzet, Context& context);
+void AddStoreCopy(Command& store, Context& context);
 void AddCommand(Command& vanzet, Context& context);
 void AddPicture(Command& vanzet, Context& context);
 void AddExport(Command& vanzet, Context& context);

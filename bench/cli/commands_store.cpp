@@ -71,10 +71,44 @@ Result<void> CheckCatalogue(const project::Project& project, Findings& findings)
   return {};
 }
 
+bool IsOnServer(const project::Project& project) {
+  return !project.settings().store.connection.empty();
+}
+
+/// What is wrong with the records of a generation; what several generations share is found once.
+Result<void> CheckGeneration(const vdm::PastGeneration& past, std::set<std::string>& damages) {
+  for (const auto& [number, content] : past.vdms) {
+    for (std::size_t i = 0; content && i < content->Size(); ++i) {
+      const auto record = content->Read(i);
+      if (record) continue;
+      if (record.fault().kind != FaultKind::kDamaged) return record.fault();
+      damages.insert(record.fault().Message());
+    }
+  }
+  return {};
+}
+
+/// The server looks after its own files; each record is read from it and verified.
+Result<void> CheckServer(const project::Project& project, Findings& findings) {
+  std::set<std::string> damages;
+  const auto visited = project::StoreOf(project).Visit(
+      {}, [&](const vdm::PastGeneration& past) { return CheckGeneration(past, damages); });
+  if (!visited && visited.fault().kind != FaultKind::kDamaged) return visited;
+  if (!visited) damages.insert(visited.fault().Message());
+  for (const std::string& text : damages) findings.push_back({"the server", text});
+  return {};
+}
+
+Result<void> CheckStoreOf(const project::Project& project, Findings& findings) {
+  if (IsOnServer(project)) return CheckServer(project, findings);
+  VANZET_TRY(const auto found, vdm::CheckStore(project.folder() / kStore));
+  for (const std::string& text : found) findings.push_back({kStore, text});
+  return {};
+}
+
 Result<Findings> FindingsOf(const project::Project& project) {
   Findings findings;
-  VANZET_TRY(const auto store, vdm::CheckStore(project.folder() / kStore));
-  for (const std::string& text : store) findings.push_back({kStore, text});
+  VANZET_DO(CheckStoreOf(project, findings));
   VANZET_DO(CheckDrawing(project, findings));
   VANZET_DO(CheckCatalogue(project, findings));
   VANZET_TRY(const auto deadRuns, project::DeadRunFolders(project.folder()));
@@ -112,6 +146,12 @@ Result<void> Check(const CheckArguments& arguments, Context& context) {
 
 Result<void> Repair(const std::string& folder, const Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(folder, context.places.share));
+  if (IsOnServer(project)) {
+    return Fault{
+        "the store is on a server, which keeps its own files: restore the server's backup, or copy the "
+        "project",
+        project.folder().string()};
+  }
   vdm::VdmStore store = project::StoreOf(project);
   store.WaitAtMost(context.wait);
   VANZET_DO(store.Hold());
@@ -138,6 +178,18 @@ Result<void> ReplaceByCopy(const fs::path& from, const fs::path& to) {
   return replacement.Commit();
 }
 
+/// Writes a copy of the project's store, wherever it is, to a file that does not exist.
+Result<void> WriteCopy(const project::Project& project, const fs::path& file) {
+  if (!IsOnServer(project)) return vdm::CopyStore(project.folder() / kStore, file);
+  const vdm::VdmStore store = project::StoreOf(project);
+  VANZET_TRY(const auto changes, store.ListChanges({}));
+  if (changes.empty()) {
+    return Fault{.text = "the project has no store yet", .kind = FaultKind::kMissing};
+  }
+  return vdm::SqliteEngine(file).Fill(
+      [&](const vdm::GenerationVisitor& visitor) { return store.Visit({}, visitor); });
+}
+
 struct BackupArguments {
   std::vector<std::string> words;
 };
@@ -149,45 +201,9 @@ Result<void> Backup(const BackupArguments& arguments, const Context& context) {
   VANZET_DO(project::StoreOf(project).CheckTarget(file));
   project::RunFolder run(project.folder());
   VANZET_TRY(const auto folder, run.Path());
-  VANZET_DO(vdm::CopyStore(project.folder() / kStore, folder / kStore));
+  VANZET_DO(WriteCopy(project, folder / kStore));
   VANZET_DO(ReplaceByCopy(folder / kStore, file));
   return Print("saved the store to " + OneLine(file) + "\n");
-}
-
-struct CopyArguments {
-  std::string from, to;
-};
-
-/// A text that names a database and no folder.
-bool IsConnection(const std::string& word) {
-  return word.find("://") != std::string::npos || word.starts_with("host=") || word.starts_with("dbname=");
-}
-
-Result<project::Project> OpenForCopy(const std::string& folder, const Context& context) {
-  if (IsConnection(folder)) return Fault{"this version has no engine for such a store", OneLine(folder)};
-  return project::Project::Open(folder, context.places.share);
-}
-
-Result<void> Copy(const CopyArguments& arguments, const Context& context) {
-  VANZET_TRY(const auto from, OpenForCopy(arguments.from, context));
-  VANZET_TRY(const auto to, OpenForCopy(arguments.to, context));
-  if (from.folder() == to.folder()) return Fault{"is the project to copy from", to.folder().string()};
-  const vdm::VdmStore source = project::StoreOf(from);
-  std::set<vdm::Number> vdms;
-  std::size_t generations = 0;
-  VANZET_DO(source.Visit({}, [&](const vdm::PastGeneration& past) {
-    ++generations;
-    for (const auto& [number, content] : past.vdms) vdms.insert(number);
-    return Result<void>();
-  }));
-  if (generations == 0) {
-    return Fault{.text = "has no VDMs to copy", .file = from.folder().string(), .kind = FaultKind::kMissing};
-  }
-  vdm::VdmStore target = project::StoreOf(to);
-  target.WaitAtMost(context.wait);
-  const std::string line = "copied " + Counted(vdms.size(), "VDM") + " with " +
-                           Counted(generations, "generation") + " to " + OneLine(arguments.to) + "\n";
-  return KeepRun([&] { return target.Fill(source, [&] { return Print(line); }); });
 }
 
 void AddCheck(Command& store, Context& context) {
@@ -221,17 +237,6 @@ void AddBackup(Command& store, const Context& context) {
   command.work = [=, &context] { return Backup(*arguments, context); };
 }
 
-void AddCopy(Command& store, Context& context) {
-  const auto arguments = std::make_shared<CopyArguments>();
-  Command& command = store.AddCommand(
-      "copy", "Copies all VDMs with their generations to another project, whose store is empty.");
-  command.AddOperand("FROM", "the project's folder", StoreFile(arguments->from)).Required();
-  command.AddOperand("TO", "the folder of the other project", StoreFile(arguments->to)).Required();
-  AddWait(command, context);
-  command.examples = {"vanzet store copy lathe lathe-2"};
-  command.work = [=, &context] { return Copy(*arguments, context); };
-}
-
 }  // namespace
 
 void AddStore(Command& vanzet, Context& context) {
@@ -240,7 +245,7 @@ void AddStore(Command& vanzet, Context& context) {
   AddCheck(store, context);
   AddRepair(store, context);
   AddBackup(store, context);
-  AddCopy(store, context);
+  AddStoreCopy(store, context);
 }
 
 }  // namespace vanzet::cli
