@@ -22,8 +22,10 @@ struct FactRow {
   std::string_view name;
   bool Foresight::*flag;
 };
-constexpr FactRow kFacts[] = {
-    {"extents", &Foresight::extents}, {"measures", &Foresight::measures}, {"mesh", &Foresight::mesh}};
+constexpr FactRow kFacts[] = {{"extents", &Foresight::extents},
+                              {"measures", &Foresight::measures},
+                              {"coarse", &Foresight::coarseMesh},
+                              {"mesh", &Foresight::mesh}};
 
 /// Writes a vector or a text.
 template <class List>
@@ -110,6 +112,7 @@ KnownFacts UnpackFacts(const Foresight& foresight, std::istream& bytes) {
   KnownFacts facts;
   take(foresight.extents, UnpackBox, facts.box);
   take(foresight.measures, UnpackMeasures, facts.measures);
+  take(foresight.coarseMesh, UnpackMesh, facts.mesh);
   take(foresight.mesh, UnpackMesh, facts.mesh);
   return facts;
 }

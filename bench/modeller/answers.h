@@ -25,8 +25,11 @@ struct ReadBody {
 struct KnownFacts {
   std::optional<geometry::Box3d> box;
   std::optional<Measures> measures;
-  std::optional<Mesh> mesh;  ///< with the usual tolerance
+  std::optional<Mesh> mesh;  ///< with the usual tolerance, or for the time being a coarse one
 };
+
+/// The tolerance of a coarse mesh.
+inline constexpr MeshTolerance kCoarse = {1, 40};
 
 /// "extents,mesh", and back.
 std::string WordOf(const Foresight& foresight);
@@ -52,7 +55,8 @@ Result<Mesh> UnpackMesh(std::istream& bytes);
 Result<geometry::Box3d> UnpackBox(std::istream& bytes);
 Result<Measures> UnpackMeasures(std::istream& bytes);
 
-/// Reads the facts that follow a body with surfaces, as far as they are complete.
+/// Reads the facts that follow a body with surfaces, as far as they are complete. Without the usual mesh the
+/// coarse one takes its place.
 KnownFacts UnpackFacts(const Foresight& foresight, std::istream& bytes);
 
 }  // namespace vanzet::modeller

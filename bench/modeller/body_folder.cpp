@@ -27,18 +27,6 @@ bool ComesBefore(const BodyFile& a, const BodyFile& b) {
   return a.path < b.path;
 }
 
-/// The file of the body with that name.
-Result<BodyFile> FindFile(std::string_view name, const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const BodyFile& file : BodyFilesIn(folder)) {
-    if (EqualWithoutCase(file.name, name)) return file;
-    names.push_back(file.name);
-  }
-  return Fault{.text = "body '" + std::string(name) + "' does not exist" + DidYouMean(name, names),
-               .file = folder.string(),
-               .kind = FaultKind::kMissing};
-}
-
 }  // namespace
 
 bool IsBodyFile(const fs::path& path) {
@@ -60,10 +48,21 @@ std::vector<BodyFile> BodyFilesIn(const fs::path& folder) {
   return files;
 }
 
+Result<BodyFile> FindBodyFile(std::string_view name, const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const BodyFile& file : BodyFilesIn(folder)) {
+    if (EqualWithoutCase(file.name, name)) return file;
+    names.push_back(file.name);
+  }
+  return Fault{.text = "body '" + std::string(name) + "' does not exist" + DidYouMean(name, names),
+               .file = folder.string(),
+               .kind = FaultKind::kMissing};
+}
+
 Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table, const fs::path& folder,
                                       const Exchange& exchange, const Foresight& foresight) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
-  VANZET_TRY(const auto file, FindFile(name, folder));
+  VANZET_TRY(const auto file, FindBodyFile(name, folder));
   VANZET_TRY(auto body, ImportBody(file.path, exchange, foresight));
   return table.Add(std::move(body), file.name);
 }
@@ -75,7 +74,7 @@ std::map<std::string, Result<Body>> ImportNamedBodies(const std::set<std::string
   std::vector<std::string> found;
   std::vector<fs::path> files;
   for (const std::string& name : names) {
-    const auto file = FindFile(name, folder);
+    const auto file = FindBodyFile(name, folder);
     if (!file) {
       bodies.emplace(name, file.fault());
       continue;

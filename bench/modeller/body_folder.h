@@ -27,6 +27,9 @@ bool IsBodyFile(const std::filesystem::path& path);
 /// of bytes. A folder that does not exist has none.
 std::vector<BodyFile> BodyFilesIn(const std::filesystem::path& folder);
 
+/// The file of the body with that name, in capitals or small letters. Fails with `kMissing`.
+Result<BodyFile> FindBodyFile(std::string_view name, const std::filesystem::path& folder);
+
 /// Returns the number of the body with that name. A body that is not in the table yet is read from the folder
 /// and added under its name. Fails with `kMissing` when neither has it, and when its file cannot be read.
 Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table,

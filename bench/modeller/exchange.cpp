@@ -33,15 +33,18 @@ Result<Body> Unpack(std::istream& bytes, Origin origin, const Foresight& foresig
   });
 }
 
+/// Who watches the progress of the reading may be gone when the body is worked on.
+Origin OriginOf(const fs::path& file, const Exchange& exchange) {
+  return {file, {exchange.program, exchange.limits}, {}};
+}
+
 /// The bodies of an answer, up to the first one that is not complete; its fault is the last.
 std::vector<Result<Body>> UnpackAll(const MemoryFile& parcel, const std::vector<fs::path>& files,
                                     const Exchange& exchange, const Foresight& foresight) {
   std::ifstream bytes(parcel.Path(), std::ios::binary);
   std::vector<Result<Body>> bodies;
   for (const fs::path& file : files) {
-    // Who watches the progress of the reading may be gone when the body is worked on.
-    const Origin origin = {file, {exchange.program, exchange.limits}, {}};
-    bodies.push_back(Unpack(bytes, origin, foresight));
+    bodies.push_back(Unpack(bytes, OriginOf(file, exchange), foresight));
     if (!bodies.back()) break;
   }
   return bodies;
@@ -59,6 +62,23 @@ std::vector<std::string> OrderToRead(const std::vector<fs::path>& files, const E
 
 Result<Body> ImportBody(const fs::path& file, const Exchange& exchange, const Foresight& foresight) {
   return ImportBodies({file}, exchange, foresight).front();
+}
+
+Result<Body> ImportBodyInSteps(const fs::path& file, const Exchange& exchange, Foresight foresight,
+                               const TakeCoarse& takeCoarse) {
+  foresight.coarseMesh = foresight.mesh;
+  VANZET_TRY(const auto parcel, MemoryFile::Make());
+  const auto unpack = [&] {
+    std::ifstream bytes(parcel.Path(), std::ios::binary);
+    return Unpack(bytes, OriginOf(file, exchange), foresight);
+  };
+  const auto onCoarse = [&] {
+    if (const auto body = unpack()) takeCoarse(*body);
+  };
+  const auto done = RunExchange(exchange, OrderToRead({file}, exchange.limits, foresight), parcel, onCoarse);
+  if (!done) return WithFile(done.fault(), file);
+  const auto body = unpack();
+  return body ? body : WithFile(body.fault(), file);
 }
 
 std::vector<Result<Body>> ImportBodies(const std::vector<fs::path>& files, const Exchange& exchange,

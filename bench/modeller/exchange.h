@@ -37,7 +37,8 @@ struct Exchange {
 /// other question takes a process of its own.
 struct Foresight {
   bool extents = false, measures = false;
-  bool mesh = false;  ///< with the usual tolerance
+  bool mesh = false;        ///< with the usual tolerance
+  bool coarseMesh = false;  ///< made before that one, to be seen until it is there
 
   bool operator==(const Foresight&) const = default;
 };
@@ -49,6 +50,15 @@ struct Foresight {
 ///          exist; another ending, broken, without a body, beyond the limits, cancelled
 Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& exchange,
                         const Foresight& foresight = {});
+
+/// Is given the body of a file while its mesh is still made: what foresight asks for is known of it, and a
+/// coarse mesh answers for the usual one.
+using TakeCoarse = std::function<void(const Body&)>;
+
+/// The same for someone who looks on. A body of facets, and one that cannot be meshed coarsely, comes only
+/// whole.
+Result<Body> ImportBodyInSteps(const std::filesystem::path& file, const Exchange& exchange,
+                               Foresight foresight, const TakeCoarse& takeCoarse);
 
 /// Reads the bodies of several files, in their order, by one process. When that process fails at one of
 /// them, each of the rest gets a process of its own.

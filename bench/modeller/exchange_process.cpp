@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <mutex>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -100,10 +101,11 @@ int Process::Wait() {
   return status;
 }
 
-/// Reads the reports of the program, one a line: "progress 0.5", "fault TEXT", "missing TEXT".
+/// Reads the reports of the program, one a line: "progress 0.5", "coarse", "fault TEXT", "missing TEXT".
 class ReportReader {
  public:
-  explicit ReportReader(const Progress& progress) : progress_(progress) {}
+  ReportReader(const Progress& progress, const std::function<void()>& onCoarse)
+      : progress_(progress), onCoarse_(onCoarse) {}
 
   /// Adds output, which may be empty, and reports the progress to its receiver. Returns false when the
   /// receiver cancels the work.
@@ -125,9 +127,11 @@ class ReportReader {
       fault_ = Fault{.text = line.substr(kMissing.size()), .kind = FaultKind::kMissing};
     }
     if (line.starts_with(kProgress)) done_ = RealOrZero(line.substr(kProgress.size()));
+    if (line == "coarse" && onCoarse_) onCoarse_();
   }
 
   const Progress& progress_;
+  const std::function<void()>& onCoarse_;
   double done_ = 0;
   std::string line_;
   std::optional<Fault> fault_;
@@ -152,8 +156,8 @@ void RecordInterrupt(int) {
   interrupted = 1;
 }
 
-/// While it exists, Ctrl-C does not end this process but is recorded. Where Ctrl-C was ignored it stays
-/// ignored. The record is one for the process: only one watch at a time.
+/// While one exists, Ctrl-C does not end this process but is recorded. Where Ctrl-C was ignored it stays
+/// ignored. The record is one for the process, and all watches of its threads share it.
 class InterruptWatch {
  public:
   InterruptWatch();
@@ -164,10 +168,18 @@ class InterruptWatch {
   static bool Came();
 
  private:
-  struct sigaction former_ = {};
+  static std::mutex guard_;
+  static int count_;
+  static struct sigaction former_;
 };
 
+std::mutex InterruptWatch::guard_;
+int InterruptWatch::count_ = 0;
+struct sigaction InterruptWatch::former_ = {};
+
 InterruptWatch::InterruptWatch() {
+  const std::lock_guard lock(guard_);
+  if (count_++ > 0) return;
   interrupted = 0;
   sigaction(SIGINT, nullptr, &former_);
   if (former_.sa_handler == SIG_IGN) return;
@@ -177,7 +189,8 @@ InterruptWatch::InterruptWatch() {
 }
 
 InterruptWatch::~InterruptWatch() {
-  sigaction(SIGINT, &former_, nullptr);
+  const std::lock_guard lock(guard_);
+  if (--count_ == 0) sigaction(SIGINT, &former_, nullptr);
 }
 
 bool InterruptWatch::Came() {
@@ -203,11 +216,11 @@ std::string MemoryFile::Path() const {
 }
 
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
-                         const MemoryFile& parcel) {
+                         const MemoryFile& parcel, const std::function<void()>& onCoarse) {
   const InterruptWatch watch;
   VANZET_TRY(auto process, Process::Start(exchange, arguments, parcel.descriptor()));
   const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
-  ReportReader reports(exchange.progress);
+  ReportReader reports(exchange.progress, onCoarse);
   for (bool hasEnded = false; !hasEnded;) {
     const auto output = process.PollOutput();
     hasEnded = output && output->empty();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "base/result.h"
@@ -37,9 +38,11 @@ class MemoryFile {
 /// exchange/main.cpp lists its orders, exchange/process.h its reports. The program has ended when the
 /// function returns.
 ///
+/// `onCoarse` is called when the program has answered with a coarse mesh and goes on.
+///
 /// Errors   the fault that the program reports, without a place; "cancelled", of the kind `kSystem`, after
 ///          Ctrl-C and when the receiver of the progress returns false
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
-                         const MemoryFile& parcel);
+                         const MemoryFile& parcel, const std::function<void()>& onCoarse = {});
 
 }  // namespace vanzet::modeller

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Message_ProgressRange.hxx>
 #include <TopoDS_Face.hxx>
 #include <gp_Trsf.hxx>
 
@@ -28,7 +29,8 @@ bool HasFacetsOnly(const TopoDS_Shape& shape);
 
 /// Replaces the triangles of the faces of a shape. Returns false when the kernel failed at a face, which
 /// then has none.
-bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
+bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
+                 const Message_ProgressRange& progress = {});
 
 /// Whether an edge is met by one face alone, and by that only once; true without any edge.
 bool HasFreeEdge(const TopoDS_Shape& shape);
@@ -36,9 +38,11 @@ bool HasFreeEdge(const TopoDS_Shape& shape);
 /// Triangulates the surfaces of another program and returns the shape that has the triangles: the same one,
 /// or where the kernel leaves out a face, the shape with all surfaces turned into splines. Fails for a solid
 /// whose facets still have a hole. Of surfaces alone, faces may be missing.
-Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance);
+Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
+                                         const Message_ProgressRange& progress = {});
 
 /// The mesh of such a body.
-Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance);
+Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance,
+                            const Message_ProgressRange& progress = {});
 
 }  // namespace vanzet::modeller

@@ -6,6 +6,7 @@
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <IMeshData_Status.hxx>
+#include <IMeshTools_Parameters.hxx>
 #include <NCollection_DataMap.hxx>
 #include <Poly_PolygonOnTriangulation.hxx>
 #include <Poly_Triangulation.hxx>
@@ -250,8 +251,9 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
   });
 }
 
-Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
-  static_cast<void>(Triangulate(shape, tolerance));
+Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
+                                         const Message_ProgressRange& progress) {
+  static_cast<void>(Triangulate(shape, tolerance, progress));
   if (!HasBareFace(shape) && IsWhole(shape, shape)) return shape;
   // The kernel fails at the parameters of some faces, cones above all; as splines they have others.
   const TopoDS_Shape splines = AsSplines(shape);
@@ -260,10 +262,11 @@ Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTo
   return Fault{"a face of the solid cannot be meshed"};
 }
 
-Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance) {
+Result<Mesh> MeshOfSurfaces(const Body& body, const MeshTolerance& tolerance,
+                            const Message_ProgressRange& progress) {
   VANZET_DO(Check(tolerance));
   return CatchKernelFailures([&]() -> Result<Mesh> {
-    VANZET_TRY(const auto shape, TriangulateSurfaces(body.shape().shape, tolerance));
+    VANZET_TRY(const auto shape, TriangulateSurfaces(body.shape().shape, tolerance, progress));
     return NotEmpty(FacetsOf(shape));
   });
 }
@@ -295,11 +298,14 @@ bool HasFacetsOnly(const TopoDS_Shape& shape) {
   return true;
 }
 
-bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance) {
+bool Triangulate(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
+                 const Message_ProgressRange& progress) {
   // Triangles of an earlier mesh would be kept if they are finer.
   BRepTools::Clean(shape);
-  const double radians = tolerance.angle * geometry::RADIANS_PER_DEGREE;
-  const BRepMesh_IncrementalMesh made(shape, tolerance.chord, Standard_False, radians);
+  IMeshTools_Parameters wanted;
+  wanted.Deflection = tolerance.chord;
+  wanted.Angle = tolerance.angle * geometry::RADIANS_PER_DEGREE;
+  const BRepMesh_IncrementalMesh made(shape, wanted, progress);
   return (made.GetStatusFlags() & IMeshData_Failure) == 0;
 }
 

@@ -15,6 +15,7 @@ extern "C" const void* vanzetSolids() {
       .cutBodies = CutBodies,
       .joinBodies = JoinBodies,
       .importBody = ImportBody,
+      .importBodyInSteps = ImportBodyInSteps,
       .importBodies = ImportBodies,
       .importVrml = ImportVrml,
       .factsOf = FactsOf,

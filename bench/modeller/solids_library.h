@@ -31,6 +31,8 @@ struct Solids {
   Result<Body> (*cutBodies)(const std::vector<Body>&, const std::vector<Body>&);
   Result<Body> (*joinBodies)(const std::vector<Body>&);
   Result<Body> (*importBody)(const std::filesystem::path&, const Exchange&, const Foresight&);
+  Result<Body> (*importBodyInSteps)(const std::filesystem::path&, const Exchange&, Foresight,
+                                    const TakeCoarse&);
   std::vector<Result<Body>> (*importBodies)(const std::vector<std::filesystem::path>&, const Exchange&,
                                             const Foresight&);
   Result<std::vector<VrmlBody>> (*importVrml)(const std::string&, const Exchange&);

@@ -50,6 +50,10 @@ Result<Body> ImportBody(const std::filesystem::path& file, const Exchange& excha
                         const Foresight& foresight) {
   return Call<&Solids::importBody>(file, exchange, foresight);
 }
+Result<Body> ImportBodyInSteps(const std::filesystem::path& file, const Exchange& exchange,
+                               Foresight foresight, const TakeCoarse& takeCoarse) {
+  return Call<&Solids::importBodyInSteps>(file, exchange, foresight, takeCoarse);
+}
 std::vector<Result<Body>> ImportBodies(const std::vector<std::filesystem::path>& files,
                                        const Exchange& exchange, const Foresight& foresight) {
   const auto solids = LoadedSolids();

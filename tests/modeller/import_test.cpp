@@ -2,7 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <csignal>
 #include <cstring>
+#include <sstream>
+#include <thread>
 
 #include "modeller/body.h"
 #include "modeller/body_folder.h"
@@ -110,6 +114,96 @@ TEST_F(Imports, StopWhenTheyAreCancelled) {
   exchange.progress = [](double) { return false; };
   const auto stopped = ImportBody(folder_ / "casting.step", exchange);
   EXPECT_EQ(Told(stopped), (folder_ / "casting.step").string() + ": cancelled");
+}
+
+TEST_F(Imports, ComeCoarseFirst) {
+  WriteStep(Torus(50, 10), folder_ / "ring.step");
+  std::vector<std::size_t> coarse;
+  const auto whole = ImportBodyInSteps(folder_ / "ring.step", TestExchange(), {.extents = true, .mesh = true},
+                                       [&](const Body& body) {
+                                         coarse.push_back(Get(MeshOf(body, {})).triangles.size());
+                                         EXPECT_NEAR(Box(body)[3], 60, 1e-3);
+                                       });
+  const std::size_t fine = Get(MeshOf(Get(whole), {})).triangles.size();
+  EXPECT_EQ(fine, Get(MeshOf(Import("ring.step"), {})).triangles.size());
+  ASSERT_EQ(coarse.size(), 1U);
+  EXPECT_GT(coarse[0], 10U);
+  EXPECT_LT(3 * coarse[0], fine);
+}
+
+TEST_F(Imports, OfFacetsComeOnce) {
+  WriteStl(Brick(10, 20, 30), folder_ / "brick.stl", StlForm::kBinary);
+  const auto never = [](const Body&) { ADD_FAILURE() << "a body of facets is there at once"; };
+  ExpectTheBrick(
+      Get(ImportBodyInSteps(folder_ / "brick.stl", TestExchange(), {.extents = true, .mesh = true}, never)));
+  WriteBytes(folder_ / "broken.step", "no body at all");
+  EXPECT_THAT(Told(ImportBodyInSteps(folder_ / "broken.step", TestExchange(), {}, never)),
+              testing::HasSubstr("broken.step: not a readable STEP file"));
+}
+
+/// The exchange program behind a script.
+class ScriptedImports : public Imports {
+ protected:
+  /// The script runs `before`, then the program, whose reports go to a file as well.
+  Exchange Script(const std::string& name, const std::string& before) {
+    Exchange exchange = TestExchange();
+    const auto program = folder_ / name;
+    WriteBytes(program, "#!/bin/sh\ncd '" + folder_.path().string() + "'\n" + before + "\n'" +
+                            exchange.program.string() + "' \"$@\" | tee " + name + ".reports\n");
+    fs::permissions(program, fs::perms::owner_all);
+    exchange.program = program;
+    return exchange;
+  }
+
+  /// The fractions that such a script reported.
+  std::vector<double> Reports(const std::string& name) {
+    std::istringstream lines(ReadBytes(folder_ / (name + ".reports")));
+    std::vector<double> reports;
+    for (std::string word, number; lines >> word;) {
+      if (word == "progress" && lines >> number) reports.push_back(std::stod(number));
+    }
+    return reports;
+  }
+};
+
+TEST_F(ScriptedImports, ReportEachStageOfTheWork) {
+  WriteStep(ChuckBody(), folder_ / "chuck.step");
+  const auto done = ImportBodyInSteps(folder_ / "chuck.step", Script("all", ""),
+                                      {.extents = true, .mesh = true}, [](const Body&) {});
+  ASSERT_TRUE(done) << Told(done);
+  const auto reports = Reports("all");
+  EXPECT_TRUE(std::ranges::is_sorted(reports));
+  // The text, the surfaces, the coarse mesh, the fine one.
+  for (const auto& [from, to] : {std::pair{0.0, 0.24}, {0.26, 0.69}, {0.76, 0.84}, {0.86, 0.999}}) {
+    const auto isWithin = [from = from, to = to](double report) { return report > from && report < to; };
+    EXPECT_GE(std::ranges::count_if(reports, isWithin), 3) << from << " to " << to;
+  }
+}
+
+TEST_F(ScriptedImports, ThatOverlapLeaveCtrlCAsItWas) {
+  WriteStep(Brick(10, 20, 30), folder_ / "brick.step");
+  const auto waitFor = [](const std::string& name) {
+    return "until [ -e " + name + " ]; do sleep 0.01; done";
+  };
+  struct sigaction before = {}, after = {};
+  sigaction(SIGINT, nullptr, &before);
+  std::atomic<bool> hasBegun = false, hasEnded = false;
+  std::thread first([&, exchange = Script("first", waitFor("go-first"))]() mutable {
+    exchange.progress = [&](double) { return hasBegun = true, true; };
+    EXPECT_TRUE(ImportBody(folder_ / "brick.step", exchange));
+    hasEnded = true;
+  });
+  while (!hasBegun) std::this_thread::yield();
+  Exchange second = Script("second", waitFor("go-second"));
+  second.progress = [&](double) {
+    WriteBytes(folder_ / "go-first", "");
+    if (hasEnded) WriteBytes(folder_ / "go-second", "");
+    return true;
+  };
+  EXPECT_TRUE(ImportBody(folder_ / "brick.step", second));
+  first.join();
+  sigaction(SIGINT, nullptr, &after);
+  EXPECT_EQ(after.sa_handler, before.sa_handler);
 }
 
 /// The exchange program behind a script that counts its runs.

@@ -29,6 +29,7 @@ struct Part {
   double from = 0, to = 1;
 };
 Part currentPart;
+Part currentStage;  ///< as fractions of the part
 
 class Listener final : public Message_Printer {
   void send(const TCollection_AsciiString& text, const Message_Gravity gravity) const override {
@@ -58,12 +59,23 @@ bool IsAlone() {
 }  // namespace
 
 void ReportProgress(double done) {
-  PrintLine("progress " + NumberText(std::lerp(currentPart.from, currentPart.to, done)) + "\n");
+  const double ofPart = std::lerp(currentStage.from, currentStage.to, done);
+  PrintLine("progress " + NumberText(std::lerp(currentPart.from, currentPart.to, ofPart)) + "\n");
 }
 
 void BeginPart(std::size_t part, std::size_t parts) {
   const auto all = static_cast<double>(parts);
   currentPart = {static_cast<double>(part) / all, static_cast<double>(part + 1) / all};
+  currentStage = {};
+}
+
+void BeginStage(double from, double to) {
+  currentStage = {from, to};
+  ReportProgress(0);
+}
+
+void ReportCoarse() {
+  PrintLine("coarse\n");
 }
 
 void ReportFault(const Fault& fault) {

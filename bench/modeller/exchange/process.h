@@ -10,11 +10,17 @@
 /// standard output.
 namespace vanzet::modeller {
 
-/// "progress 0.25"; the fraction is that of the part in work.
+/// "progress 0.25"; the fraction given is that of the stage in work, the fraction reported that of the whole.
 void ReportProgress(double done);
 
-/// Begins a part of the work: this one of so many.
+/// Begins a part of the work: this one of so many. It is one stage until others begin.
 void BeginPart(std::size_t part, std::size_t parts);
+
+/// Begins the stage of the part that takes it from one fraction to another.
+void BeginStage(double from, double to);
+
+/// "coarse": a coarse mesh is among the answers.
+void ReportCoarse();
 
 /// "fault TEXT", or "missing TEXT" for a fault of the kind `kMissing`.
 void ReportFault(const Fault& fault);
@@ -25,10 +31,10 @@ void CollectKernelMessages();
 /// The first failure message as ": MESSAGE", or nothing.
 std::string FirstKernelMessage();
 
-/// Reports the progress of a piece of work, which is done between two fractions of the whole.
+/// Reports the progress of a piece of work, which is done between two fractions of the stage.
 class ProgressReporter final : public Message_ProgressIndicator {
  public:
-  ProgressReporter(double from, double to) : from_(from), to_(to) {}
+  explicit ProgressReporter(double from = 0, double to = 1) : from_(from), to_(to) {}
 
  private:
   void Show(const Message_ProgressScope& scope, Standard_Boolean isForced) override;

@@ -12,11 +12,13 @@
 #include <STEPControl_Reader.hxx>
 #include <TopoDS_Face.hxx>
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <optional>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 #include "base/letter_case.h"
@@ -31,16 +33,39 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double kTransferBegins = 0.3;  // of a STEP file's progress: reading its text comes before
+constexpr double kTransferBegins = 0.35;  // of a STEP file's progress: reading its text comes before
+
+/// The bytes of a file. Reports as progress how much of them was read.
+class ReportingBytes final : public std::streambuf {
+ public:
+  explicit ReportingBytes(const fs::path& file)
+      : size_(static_cast<double>(fs::file_size(file))), bytes_(file, std::ios::binary) {}
+
+ private:
+  int_type underflow() override {
+    bytes_.read(block_.data(), static_cast<std::streamsize>(block_.size()));
+    const auto count = bytes_.gcount();
+    if (count <= 0) return traits_type::eof();
+    read_ += static_cast<double>(count);
+    ReportProgress(kTransferBegins * std::min(read_ / size_, 1.0));
+    setg(block_.data(), block_.data(), block_.data() + count);
+    return traits_type::to_int_type(block_[0]);
+  }
+
+  double size_, read_ = 0;
+  std::ifstream bytes_;
+  std::array<char, std::size_t{1} << 16U> block_;
+};
 
 Result<TopoDS_Shape> ReadStep(const fs::path& file) {
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("xstep.cascade.unit", "MM");
   STEPControl_Reader reader;
-  if (reader.ReadFile(file.c_str()) != IFSelect_RetDone) {
+  ReportingBytes bytes(file);
+  std::istream text(&bytes);
+  if (reader.ReadStream(file.c_str(), text) != IFSelect_RetDone) {
     return Fault{"not a readable STEP file" + FirstKernelMessage()};
   }
-  ReportProgress(kTransferBegins);
   const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
   reader.TransferRoots(reporter->Start());
   return reader.OneShape();
@@ -118,7 +143,7 @@ Result<TopoDS_Shape> ReadBinaryLikeText(const fs::path& file) {
 Result<TopoDS_Shape> ReadStl(const fs::path& file) {
   VANZET_TRY(const StlForm form, StlFormOf(file));
   if (form == StlForm::kBinaryLikeText) return ReadBinaryLikeText(file);
-  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(0, 1);
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter();
   const auto triangulation = RWStl::ReadFile(file.c_str(), reporter->Start());
   if (triangulation.IsNull()) return Fault{"not a readable STL file" + FirstKernelMessage()};
   TopoDS_Face face;
@@ -128,7 +153,7 @@ Result<TopoDS_Shape> ReadStl(const fs::path& file) {
 
 Result<TopoDS_Shape> ReadBrep(const fs::path& file) {
   TopoDS_Shape shape;
-  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(0, 1);
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter();
   if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), reporter->Start())) {
     return Fault{"not a readable BREP file" + FirstKernelMessage()};
   }
