@@ -56,13 +56,18 @@ Result<project::SteadyRest> SteadyRestOf(const project::Project& project) {
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange, const modeller::Foresight& foresight) {
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));
-  contour::UseMillimetres();
   const auto solids =
       modeller::ImportNamedBodies(SolidsOf(definition), project.folder() / "bodies", exchange, foresight);
+  return SceneOf(project, spur, exchange, [&](const std::string& name) { return solids.at(name); });
+}
+
+Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
+                             const modeller::Exchange& exchange, FindBody body) {
+  VANZET_TRY(const auto definition, DefinitionOf(project, spur));
+  contour::UseMillimetres();
   VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },
-                                  [&](const std::string& name) { return solids.at(name); }, exchange,
-                                  steadyRest};
+                                  std::move(body), exchange, steadyRest};
   return scene::MakeScene(definition, sources);
 }
 
@@ -79,7 +84,7 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
 
 Result<scene::Scene> LiveSceneOf(const project::Project& project, const scene::Equipment& equipment,
                                  const project::Definition& definition, const modeller::Exchange& exchange,
-                                 std::function<Result<modeller::Body>(const std::string& name)> body) {
+                                 FindBody body) {
   contour::UseMillimetres();
   VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },

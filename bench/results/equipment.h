@@ -19,7 +19,14 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange,
                              const modeller::Foresight& foresight = kForPictures);
 
-/// The same; what is missing is shown on the panel. Fails also when nothing of the equipment is left.
+/// A source of named solids.
+using FindBody = std::function<Result<modeller::Body>(const std::string& name)>;
+
+/// The same with solids that are read elsewhere.
+Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
+                             const modeller::Exchange& exchange, FindBody body);
+
+/// The same as the first; what is missing is shown on the panel. Fails also when nothing of the equipment is left.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,
                                  const modeller::Foresight& foresight = kForPictures);
@@ -28,7 +35,7 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
 /// them, and named solids from a source that keeps what it has read.
 Result<scene::Scene> LiveSceneOf(const project::Project& project, const scene::Equipment& equipment,
                                  const project::Definition& definition, const modeller::Exchange& exchange,
-                                 std::function<Result<modeller::Body>(const std::string& name)> body);
+                                 FindBody body);
 
 /// The half section of that equipment.
 Result<section::Section> SectionOf(const project::Project& project, std::int32_t spur,

@@ -15,6 +15,7 @@
 
 #include "window/commands/command_palette.h"
 #include "window/commands/dialog_place.h"
+#include "window/commands/reading_bar.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -151,6 +152,7 @@ void MainWindow::MakeDocks() {
 }
 
 void MainWindow::MakeStatusBar() {
+  statusBar()->addPermanentWidget(new ReadingBar(texts_, *workplace_.bodies, this));
   position_ = new QLabel;
   position_->setMinimumWidth(260);
   position_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -3,7 +3,6 @@
 #include "api/module.h"
 #include "api/upgrade.h"
 #include "project/project_store.h"
-#include "results/equipment.h"
 #include "vdm/sqlite_engine.h"
 
 namespace vanzet::window {
@@ -64,12 +63,13 @@ Result<drawing::Drawing> Session::Drawing() const {
 }
 
 Result<std::shared_ptr<const scene::Scene>> Session::Equipment(std::int32_t spur,
-                                                               const modeller::Progress& progress) const {
+                                                               const modeller::Progress& progress,
+                                                               results::FindBody body) const {
   VANZET_TRY(const results::SpurDefinition definition, results::ReadDefinition(project_, spur));
   if (!definition.definition) return std::shared_ptr<const scene::Scene>();
   modeller::Exchange exchange = modeller::Exchange::OfProcess();
   exchange.progress = progress;
-  VANZET_TRY(auto scene, results::SceneOf(project_, spur, exchange));
+  VANZET_TRY(auto scene, results::SceneOf(project_, spur, exchange, std::move(body)));
   return std::shared_ptr<const scene::Scene>(std::make_shared<scene::Scene>(std::move(scene)));
 }
 
@@ -80,13 +80,13 @@ Result<Session::Live> Session::LiveEquipment(std::int32_t spur) const {
   return Live{std::move(definition), std::move(equipment)};
 }
 
-Result<scene::Scene> Session::LiveScene(const Live& live) const {
-  const auto body = [this](const std::string& name) -> Result<modeller::Body> {
-    VANZET_TRY(const auto number, host_->FindBody(name));
-    return host_->bodies.Get(number);
+Result<scene::Scene> Session::LiveScene(const Live& live, const results::FindBody& body) const {
+  const auto find = [&](const std::string& name) -> Result<modeller::Body> {
+    const auto number = host_->bodies.NumberOf(name);
+    return number == 0 ? body(name) : host_->bodies.Get(number);
   };
   return results::LiveSceneOf(project_, live.equipment, live.definition, modeller::Exchange::OfProcess(),
-                              body);
+                              find);
 }
 
 Result<std::vector<history::Entry>> Session::History() const {

@@ -10,6 +10,7 @@
 #include "base/places.h"
 #include "history/history.h"
 #include "results/definitions.h"
+#include "results/equipment.h"
 #include "scene/equipment.h"
 #include "scene/scene.h"
 
@@ -39,8 +40,8 @@ class Session {
   Result<drawing::Drawing> Drawing() const;
 
   /// The equipment of a spur: null without a definition, an empty scene for a definition that holds nothing.
-  Result<std::shared_ptr<const scene::Scene>> Equipment(std::int32_t spur,
-                                                        const modeller::Progress& progress) const;
+  Result<std::shared_ptr<const scene::Scene>> Equipment(std::int32_t spur, const modeller::Progress& progress,
+                                                        results::FindBody body) const;
 
   /// The records that the module's dialog has stored for a spur so far.
   /// Requires, as the next one: a call is at work.
@@ -50,8 +51,10 @@ class Session {
   };
   Result<Live> LiveEquipment(std::int32_t spur) const;
 
-  /// The equipment of such a state, which may have other values than are stored.
-  Result<scene::Scene> LiveScene(const Live& live) const;
+  /// The equipment of such a state, which may have other values than are stored. Bodies that the module has
+  /// not asked for yet come from `body`.
+  Result<scene::Scene> LiveScene(const Live& live, const results::FindBody& body) const;
+
   /// The changes of the project that are kept, the latest first.
   Result<std::vector<history::Entry>> History() const;
   /// The number of the last one; 0 without any.

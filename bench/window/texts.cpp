@@ -109,6 +109,8 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kCancel,           "Cancel" },
 
     { Text::kImporting,        "Reading a solid..." },
+    { Text::kReadingBody,      "Reading %1" },
+    { Text::kStillReading,     "A solid is still being read. Try again when it is there." },
     { Text::kMakingScene,      "Building the picture of the equipment..." },
     { Text::kExporting,        "Writing the bodies..." },
     { Text::kAtWork,           "The dialog is still open, or other work is in progress." },

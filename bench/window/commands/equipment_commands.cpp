@@ -16,8 +16,9 @@
 namespace vanzet::window {
 namespace {
 
-constexpr int kRedrawDelay = 60;   // milliseconds in which the lines of a call are gathered
-constexpr int kChangePoll = 1000;  // milliseconds between looks at the files
+constexpr int kRedrawDelay = 60;    // milliseconds in which the lines of a call are gathered
+constexpr int kArrivedDelay = 100;  // milliseconds
+constexpr int kChangePoll = 1000;   // milliseconds between looks at the files
 
 /// The lines by which the dialog loads and saves a configuration: "vdm load", "vdm save".
 constexpr const char* kConfigurationLine = "'vdm ";
@@ -51,13 +52,17 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
       picks_({workplace.texts, parts.hint, parts.drawing, parts.equipment, parts.choice,
               [this] { RefreshDrawing(); }, [this] { return Figures(); }, [this] { return Solids(); },
               [this](const QString& name) { ShowFigure(name); },
-              [this](const QString& name) { ShowSolid(name); }, [this] { static_cast<void>(ShowScene()); },
+              [this](const QString& name) { ShowSolid(name); }, [this] { ShowSceneAgain(); },
               [this] { return workplace_.unit; }}),
       page_(this),
       live_(workplace, {parts.drawing, parts.equipment, [this] { return ShowScene(); }}, nullptr) {
   redraw_.setSingleShot(true);
   redraw_.setInterval(kRedrawDelay);
   connect(&redraw_, &QTimer::timeout, this, &EquipmentCommands::RefreshDrawing);
+  arrived_.setSingleShot(true);
+  arrived_.setInterval(kArrivedDelay);
+  connect(&arrived_, &QTimer::timeout, this, &EquipmentCommands::ShowArrived);
+  connect(workplace_.bodies.get(), &BodyReader::Arrived, this, &EquipmentCommands::ShowArrived);
   changePoll_.setInterval(kChangePoll);
   connect(&changePoll_, &QTimer::timeout, this, &EquipmentCommands::RefreshIfChanged);
   connect(&parts.definition, &DefinitionDock::PageWanted, this, &EquipmentCommands::DefineAt);
@@ -172,6 +177,7 @@ void EquipmentCommands::Refresh() {
   if (!workplace_.session || workplace_.isBusy) return;
   if (!workplace_.session->isAtWork()) workplace_.Report(workplace_.session->Reload());
   fileStamps_ = workplace_.session->FileStamps();
+  workplace_.bodies->Tidy(workplace_.session->project().folder() / "bodies");
   ReadUnit();
   RefreshDefinition();
   RefreshDrawing();
@@ -237,16 +243,27 @@ void EquipmentCommands::RefreshSection() {
 Result<void> EquipmentCommands::MakeScene() {
   const BusyMark mark(workplace_);
   BusyBox box(workplace_.texts, Text::kMakingScene, workplace_.window);
-  auto scene = workplace_.session->Equipment(workplace_.spur, box.Progress());
+  auto scene = workplace_.session->Equipment(workplace_.spur, box.Progress(), workplace_.BodySource());
   workplace_.scene = scene ? *scene : nullptr;
   if (!scene && box.IsCancelled())
     return parts_.equipment.SetHint(workplace_.texts(Text::kCancelled)), Result<void>();
   if (!scene) return scene.fault();
   const bool isDefined = workplace_.scene != nullptr;
   for (const Fault& fault : isDefined ? workplace_.scene->missing : std::vector<Fault>()) {
-    workplace_.reportFault(fault);
+    if (fault.kind != FaultKind::kBusy) workplace_.reportFault(fault);
+    const bool isCancelled = fault.kind == FaultKind::kBusy && !workplace_.bodies->IsReading();
+    if (isCancelled) workplace_.reportDone(workplace_.texts(Text::kCancelled));
   }
   return {};
+}
+
+/// Shows the bodies that were read in the background as far as they are there, when no other work goes on.
+void EquipmentCommands::ShowArrived() {
+  if (!workplace_.session) return;
+  if (workplace_.isBusy) return arrived_.start();
+  if (!shownSolid_.empty()) return ShowSolid(ToQString(shownSolid_));
+  if (workplace_.session->isAtWork()) return live_.Renew();
+  RefreshEquipment();
 }
 
 /// Shows what another process did to the project as soon as nothing is at work here.
@@ -279,21 +296,25 @@ void EquipmentCommands::ShowSolid(const QString& name) {
   if (!workplace_.isBusy) workplace_.Report(ShowSolidAlone(name.toStdString()));
 }
 
-/// Shows a solid in the place of the equipment.
+/// Shows a solid in the place of the equipment, as far as it is read.
 Result<void> EquipmentCommands::ShowSolidAlone(const std::string& name) {
+  shownSolid_ = name;
+  const auto body = workplace_.BodySource()(name);
   auto scene = std::make_shared<scene::Scene>();
-  {
-    const BusyMark mark(workplace_);
-    BusyBox box(workplace_.texts, Text::kImporting, workplace_.window);
-    modeller::Exchange exchange = modeller::Exchange::OfProcess();
-    exchange.progress = box.Progress();
-    modeller::BodyTable table;
-    const auto folder = workplace_.session->project().folder() / "bodies";
-    VANZET_TRY(const auto number, modeller::FindOrImportBody(name, table, folder, exchange, {.mesh = true}));
-    scene->bodies.push_back({name, scene::Kind::kBillet, *table.Get(number), geometry::Matrix()});
+  if (body) {
+    scene->bodies.push_back({name, scene::Kind::kBillet, *body, geometry::Matrix()});
     scene->bodies.back().solid = name;
+  } else if (body.fault().kind != FaultKind::kBusy) {
+    return body.fault();
   }
+  parts_.equipment.SetHint(workplace_.texts(Text::kImporting));
   return parts_.equipment.Show(std::move(scene));
+}
+
+/// Shows the equipment again after such a solid.
+void EquipmentCommands::ShowSceneAgain() {
+  shownSolid_.clear();
+  static_cast<void>(ShowScene());
 }
 
 QStringList EquipmentCommands::Figures() const {

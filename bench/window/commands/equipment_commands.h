@@ -72,10 +72,12 @@ class EquipmentCommands final : public QObject {
   void RefreshSection();
   void RefreshIfChanged();
   Result<void> MakeScene();
+  void ShowArrived();
 
   void ShowFigure(const QString& name);
   Result<drawing::Drawing> DrawingWith(const std::string& figure) const;
   void ShowSolid(const QString& name);
+  void ShowSceneAgain();
   Result<void> ShowSolidAlone(const std::string& name);
   QStringList Figures() const;
   QStringList Solids() const;
@@ -85,6 +87,8 @@ class EquipmentCommands final : public QObject {
   PickSession picks_;
   DialogPage page_;
   LiveEquipment live_;
+  std::string shownSolid_;  ///< is seen in the place of the equipment; empty: none
+  QTimer arrived_;          ///< waits until other work is done
   QTimer redraw_;           ///< draws once for many lines
   QTimer changePoll_;       ///< looks whether another process changed the project
   std::string fileStamps_;  ///< of the files that are shown

@@ -100,6 +100,8 @@ Result<void> ExportCommands::WriteBodies(modeller::ExportFormat format, const fs
 }
 
 Result<void> ExportCommands::CheckEquipment() const {
+  // Files must not have coarse bodies, nor lack any.
+  if (workplace_.bodies->IsReading()) return Fault{workplace_.texts(Text::kStillReading).toStdString()};
   if (workplace_.scene != nullptr && !workplace_.scene->bodies.empty()) return {};
   return Fault{workplace_.texts(Text::kNoEquipment).toStdString()};
 }

@@ -93,10 +93,10 @@ void LiveEquipment::Redraw() {
 
 Result<void> LiveEquipment::Show(const Session::Live& stored, const scene::Equipment& held) {
   const BusyMark mark(workplace_);
-  VANZET_TRY(auto shown, workplace_.session->LiveScene(stored));
+  VANZET_TRY(auto shown, workplace_.session->LiveScene(stored, workplace_.BodySource()));
   if (!(held == stored.equipment)) {
     // A page that cannot be shown leaves what is stored: values are typed letter by letter.
-    const auto other = workplace_.session->LiveScene({stored.definition, held});
+    const auto other = workplace_.session->LiveScene({stored.definition, held}, workplace_.BodySource());
     const scene::Scene ofPage = other ? *other : scene::Scene();
     const scene::Scene before = shown;
     for (scene::SceneBody body : ofPage.bodies) {

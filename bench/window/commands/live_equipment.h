@@ -31,6 +31,9 @@ class LiveEquipment final : public QObject {
   /// An event was handled: what is stored may have changed. Shows it soon.
   void Refresh() { redraw_.start(); }
 
+  /// A body has come: makes what is shown again, soon.
+  void Renew() { shown_.reset(), redraw_.start(); }
+
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void Redraw();

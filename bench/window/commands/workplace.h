@@ -9,6 +9,7 @@
 #include "base/length_unit.h"
 #include "scene/scene.h"
 #include "window/actions.h"
+#include "window/commands/body_reader.h"
 #include "window/session.h"
 #include "window/texts.h"
 
@@ -36,8 +37,16 @@ struct Workplace {
   int spur = 0;                                         ///< its equipment is shown
   std::shared_ptr<const scene::Scene> scene = {};       ///< that equipment; null without a definition
   std::shared_ptr<const scene::Scene> shownScene = {};  ///< the same with the bodies as they are to be seen
-  LengthUnit unit = LengthUnit::kMillimetre;            ///< of the lengths that people read and type
+  std::unique_ptr<BodyReader> bodies = std::make_unique<BodyReader>();  ///< of the open project
+  LengthUnit unit = LengthUnit::kMillimetre;  ///< of the lengths that people read and type
   bool isBusy = false;  ///< bodies are being read, made or written: no other work can begin
+
+  /// The source of the named solids of the open project.
+  results::FindBody BodySource() const {
+    return [this](const std::string& name) {
+      return bodies->Find(session->project().folder() / "bodies", name);
+    };
+  }
 
   void Report(const Result<void>& done) const {
     if (!done) reportFault(done.fault());
