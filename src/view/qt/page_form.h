@@ -15,6 +15,9 @@ class QLabel;
 
 namespace vanzet::view::qt {
 
+/// Follows a value that the page demands.
+inline constexpr const char* kNeededSign = "*";
+
 /// The controls of a page in rows under titles, laid out by a table. Controls that the table does not have
 /// are below all others.
 class PageForm final : public QWidget {
