@@ -138,6 +138,24 @@ TEST_F(Dialogs, ShowWhatIsStoredWhileTheyAreUp) {
   EXPECT_EQ(equipment().BodyNames(), QStringList("main billet"));
 }
 
+TEST_F(Dialogs, ShowASteadyRestAsSoonAsItsBoxIsTicked) {
+  OpenSample(true);
+  ASSERT_FALSE(equipment().BodyNames().contains("steady rest"));
+  When([] { return OnScreen() != nullptr; },
+       [&] {
+         SelectNode(*OnScreen(), "Bezel");
+         auto* const box = OnScreen()->findChild<QAbstractButton*>(QString::number(control::kUseBezel));
+         QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+         EXPECT_TRUE(box->isChecked());
+         const auto isPale = [this] { return equipment().BodyNames().contains("steady rest, not stored"); };
+         EXPECT_TRUE(QTest::qWaitFor(isPale));
+         EXPECT_NE(OnScreen()->property("unstored").toString(), QString());
+         OnScreen()->close();
+       });
+  window->equipmentCommands().Define();
+  EXPECT_FALSE(equipment().BodyNames().contains("steady rest"));
+}
+
 TEST_F(Dialogs, ShowADeviceBeforeItsSimulationDataAreMade) {
   OpenSample(true);
   const auto chuckDepth = [this] {

@@ -98,6 +98,7 @@ Equipment WithPage(Equipment equipment, const QVariantMap& values) {
   FillPart(define::FinishedPart(), page, equipment);
   CompleteCylinders(equipment);
   FillDevices(page, equipment);
+  if (page.Node() == node::kBezel) equipment.usesSteadyRest = page.At(control::kUseBezel).toBool();
   if (page.Node() == node::kDatum) {
     for (const std::size_t spindle : {std::size_t{0}, std::size_t{1}}) {
       page.Fill(define::DatumFields(spindle), equipment.spindles[spindle]);
