@@ -111,7 +111,8 @@ Result<scene::Model> ModelToDraw(const PictureArguments& arguments, scene::Scene
                                  project::MessagePanel& panel) {
   VANZET_TRY(const auto leftOut, NamesOf(arguments.leftOut, scene));
   std::erase_if(scene.bodies, [&](const scene::SceneBody& body) { return leftOut.contains(body.name); });
-  VANZET_TRY(auto model, scene::ModelOf(scene, arguments.isSection));
+  VANZET_TRY(auto model, scene::ModelOf(scene));
+  if (arguments.isSection) model = scene::CutModel(model, {});
   for (const Fault& fault : model.missing) panel.Tell(fault);
   if (model.bodies.empty() && !model.missing.empty()) return ReportedFault();
   return model;

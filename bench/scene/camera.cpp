@@ -42,18 +42,19 @@ Vector3d Camera::ToEye(const Point3d& point) const {
   return UnitVector(Vector3d(point, Eye()));
 }
 
-bool Camera::SeesTopOfPlane() const {
-  if (eye_ == 0) return look_.toward.dz > kEdgeOn;
-  return Eye().z > kEdgeOn * look_.reach;
+bool Camera::SeesFrontOf(const Plane& plane) const {
+  if (eye_ == 0) return Dot(plane.normal, look_.toward) > kEdgeOn;
+  return plane.Height(Eye()) > kEdgeOn * look_.reach;
 }
 
-double Camera::NearnessOfPlane(double x, double y) const {
+double Camera::NearnessOf(const Plane& plane, double x, double y) const {
   const double across = (x - look_.shiftX) / look_.scale, above = (look_.shiftY - y) / look_.scale;
   const Point3d start = look_.middle + right_ * across + look_.up * above;
-  if (eye_ == 0) return -start.z / look_.toward.dz;
+  if (eye_ == 0) return -plane.Height(start) / Dot(plane.normal, look_.toward);
   const Point3d eye = Eye();
   const Vector3d ray(eye, start);
-  const double way = ray.dz == 0 ? -1 : -eye.z / ray.dz;
+  const double slope = Dot(plane.normal, ray);
+  const double way = slope == 0 ? -1 : -plane.Height(eye) / slope;
   if (way <= 0) return -1e30;
   return Project(eye + ray * way).nearness;
 }

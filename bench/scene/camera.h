@@ -2,6 +2,7 @@
 
 #include "geometry/point.h"
 #include "scene/look.h"
+#include "scene/plane.h"
 
 namespace vanzet::scene {
 
@@ -25,9 +26,12 @@ class Camera {
   /// The direction of a vector in the picture: x to the right, y up, z towards the eye.
   geometry::Vector3d Seen(const geometry::Vector3d& vector) const;
 
-  /// Whether the plane z = 0 is seen from the side of positive z, and its nearness at a place of the picture.
-  bool SeesTopOfPlane() const;
-  double NearnessOfPlane(double x, double y) const;
+  /// Whether a plane is seen from its front, and its nearness at a place of the picture.
+  bool SeesFrontOf(const Plane& plane) const;
+  double NearnessOf(const Plane& plane, double x, double y) const;
+
+  /// The distance of the eye from the middle of the look; 0: parallel projection.
+  double EyeDistance() const { return eye_; }
 
   /// The size of the scene: a length to measure small distances by.
   double Reach() const { return look_.reach; }

@@ -13,27 +13,7 @@ using geometry::Point3d;
 ModelBody BeginBody(const SceneBody& body) {
   modeller::Colour colour = ColourOf(body.kind);
   if (body.isPale) colour = {(colour.red + 2) / 3, (colour.green + 2) / 3, (colour.blue + 2) / 3};
-  return {body.name, body.solid, {}, {}, {}, colour, body.isSeenThrough || body.isPale};
-}
-
-ModelBody MakeWhole(Surface surface, const SceneBody& body) {
-  ModelBody whole = BeginBody(body);
-  whole.facets = std::move(surface.facets);
-  whole.edges = std::move(surface.edges);
-  return whole;
-}
-
-ModelBody MakeSection(const Surface& surface, const SceneBody& body) {
-  ModelBody cut = BeginBody(body);
-  for (const Facet& facet : surface.facets) {
-    for (const Facet& left : Below(facet)) cut.facets.push_back(left);
-    if (const auto stroke = CutOf(facet)) cut.cuts.push_back(*stroke);
-  }
-  for (const SurfaceEdge& edge : surface.edges) {
-    const auto left = Below(Stroke{edge.from, edge.to});
-    if (left) cut.edges.push_back({left->from, left->to, edge.left, edge.right, edge.isSharp});
-  }
-  return cut;
+  return {body.name, body.solid, {}, {}, colour, body.isSeenThrough || body.isPale};
 }
 
 /// A body's facets drawn one upon another take as long as facets side by side. Those of a real body, the fins
@@ -60,10 +40,10 @@ struct Covered {
   double nearness;
   Point3d point;
 };
-std::optional<Covered> CoveredAt(const Facet& facet, const Camera& camera, double x, double y) {
+std::optional<Covered> CoveredAt(const std::array<Point3d, 3>& corners, const Camera& camera, double x,
+                                 double y) {
   std::array<PicturePoint, 3> p;
-  std::ranges::transform(facet.corners, p.begin(),
-                         [&](const Point3d& corner) { return camera.Project(corner); });
+  std::ranges::transform(corners, p.begin(), [&](const Point3d& corner) { return camera.Project(corner); });
   const auto side = [](const PicturePoint& a, const PicturePoint& b, double px, double py) {
     return (b.x - a.x) * (py - a.y) - (b.y - a.y) * (px - a.x);
   };
@@ -71,7 +51,7 @@ std::optional<Covered> CoveredAt(const Facet& facet, const Camera& camera, doubl
   if (area == 0) return {};
   const double a = side(p[1], p[2], x, y) / area, b = side(p[2], p[0], x, y) / area, c = 1 - a - b;
   if (a < 0 || b < 0 || c < 0) return {};
-  const auto& [q, r, s] = facet.corners;
+  const auto& [q, r, s] = corners;
   return Covered{a * p[0].nearness + b * p[1].nearness + c * p[2].nearness,
                  {a * q.x + b * r.x + c * s.x, a * q.y + b * r.y + c * s.y, a * q.z + b * r.z + c * s.z}};
 }
@@ -89,34 +69,51 @@ bool CanShow(const geometry::Box3d& box, const Camera& camera, double x, double 
   return x >= low.x && x <= high.x && y >= low.y && y <= high.y;
 }
 
-geometry::Box3d BoxOf(const std::vector<Facet>& facets) {
-  geometry::Box3d box;
-  for (const Facet& facet : facets) {
-    for (const Point3d& corner : facet.corners) box.Insert(corner);
-  }
-  return box;
+std::array<Point3d, 3> CornersOf(const Surface& surface, const Facet& facet) {
+  return {surface.points[facet[0]].Place(), surface.points[facet[1]].Place(),
+          surface.points[facet[2]].Place()};
 }
 
 }  // namespace
 
-Result<Model> ModelOf(const Scene& scene, bool isSection) {
-  Model model{{}, scene.marks, isSection};
+Result<Model> ModelOf(const Scene& scene) {
+  Model model{{}, scene.marks};
   for (const SceneBody& body : scene.bodies) {
     if (!body.isShown) continue;
     const auto mesh = MeshToDraw(body);
     if (mesh) {
-      Surface surface = SurfaceOf(*mesh, body.placement);
-      model.bodies.push_back(isSection ? MakeSection(surface, body) : MakeWhole(std::move(surface), body));
+      model.bodies.push_back(BeginBody(body));
+      model.bodies.back().surface = SurfaceOf(*mesh, body.placement);
     } else if (mesh.fault().kind == FaultKind::kSystem) {
       return mesh.fault();
     } else {
       model.missing.push_back(mesh.fault());
     }
   }
-  for (ModelBody& body : model.bodies) body.box = BoxOf(body.facets);
   std::stable_partition(model.bodies.begin(), model.bodies.end(),
                         [](const ModelBody& body) { return !body.isSeenThrough; });
   return model;
+}
+
+Model CutModel(const Model& whole, const Plane& plane) {
+  Model cut{{}, whole.marks, plane, whole.missing};
+  for (const ModelBody& body : whole.bodies) {
+    PlaneCut left = CutByPlane(body.surface, plane);
+    cut.bodies.push_back({body.name, body.solid, std::move(left.left), std::move(left.strokes), body.colour,
+                          body.isSeenThrough});
+  }
+  return cut;
+}
+
+geometry::Box3d BoxOf(const Model& model) {
+  geometry::Box3d box;
+  for (const ModelBody& body : model.bodies) {
+    for (const FacetGroup& group : body.surface.groups) box.Insert(group.box);
+  }
+  for (const Mark& mark : model.marks) {
+    for (const Point3d& point : mark.points) box.Insert(point);
+  }
+  return box;
 }
 
 std::vector<Point3d> PointsOf(const Model& model) {
@@ -131,9 +128,7 @@ std::vector<Point3d> PointsOf(const Model& model, const std::set<std::string>& n
   std::vector<Point3d> points;
   for (const ModelBody& body : model.bodies) {
     if (!names.contains(body.name)) continue;
-    for (const Facet& facet : body.facets) {
-      points.insert(points.end(), facet.corners.begin(), facet.corners.end());
-    }
+    for (const SurfacePoint& point : body.surface.points) points.push_back(point.Place());
   }
   return points;
 }
@@ -143,21 +138,41 @@ BodyLook LookAt(const BodyLooks& looks, const std::string& name) {
   return found == looks.end() ? BodyLook() : found->second;
 }
 
+namespace {
+
+/// The nearest body so far at a place of the picture.
+class Search {
+ public:
+  Search(const Camera& camera, double x, double y) : camera_(camera), x_(x), y_(y) {}
+
+  void Add(const ModelBody& body, Seen& seen, double& nearest) const {
+    for (const FacetGroup& group : body.surface.groups) {
+      if (!CanShow(group.box, camera_, x_, y_)) continue;
+      for (std::uint32_t i = group.first; i < group.first + group.count; ++i) {
+        const auto covered = CoveredAt(CornersOf(body.surface, body.surface.facets[i]), camera_, x_, y_);
+        if (!covered || (seen.body != nullptr && covered->nearness <= nearest)) continue;
+        seen = {&body, covered->point};
+        nearest = covered->nearness;
+      }
+    }
+  }
+
+ private:
+  const Camera& camera_;
+  double x_, y_;
+};
+
+}  // namespace
+
 Seen SeenAt(const Model& model, const Camera& camera, double x, double y, const BodyLooks& looks) {
   Seen solid, through;
   double solidNearness = 0, throughNearness = 0;
+  const Search search(camera, x, y);
   for (const ModelBody& body : model.bodies) {
     const BodyLook look = LookAt(looks, body.name);
-    if (look.isHidden || !CanShow(body.box, camera, x, y)) continue;
+    if (look.isHidden) continue;
     const bool isThrough = body.isSeenThrough || look.isSeenThrough;
-    Seen& seen = isThrough ? through : solid;
-    double& nearest = isThrough ? throughNearness : solidNearness;
-    for (const Facet& facet : body.facets) {
-      const auto covered = CoveredAt(facet, camera, x, y);
-      if (!covered || (seen.body != nullptr && covered->nearness <= nearest)) continue;
-      seen = {&body, covered->point};
-      nearest = covered->nearness;
-    }
+    search.Add(body, isThrough ? through : solid, isThrough ? throughNearness : solidNearness);
   }
   return solid.body != nullptr ? solid : through;
 }

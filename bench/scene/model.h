@@ -6,24 +6,21 @@
 #include <string>
 #include <vector>
 
-#include "geometry/box.h"
 #include "scene/camera.h"
+#include "scene/plane_cut.h"
 #include "scene/scene.h"
-#include "scene/surface.h"
 
 /// A scene prepared for drawing it many times.
 namespace vanzet::scene {
 
-/// The facets and lines of a body that are drawn; a section is already made.
+/// The surface and the lines of a body that are drawn; a section is already made.
 struct ModelBody {
   std::string name;
   std::string solid;  ///< the named solid that it is; empty: made otherwise
-  std::vector<Facet> facets;
-  std::vector<SurfaceEdge> edges;
+  Surface surface;
   std::vector<Stroke> cuts;
   modeller::Colour colour;
   bool isSeenThrough = false;
-  geometry::Box3d box = {};  ///< around the facets
 };
 
 /// How a person wants to see a body, whatever the scene says of it.
@@ -45,13 +42,19 @@ BodyLook LookAt(const BodyLooks& looks, const std::string& name);
 struct Model {
   std::vector<ModelBody> bodies;
   std::vector<Mark> marks;
-  bool isSection = false;           ///< everything in front of the plane z = 0 is cut away
-  std::vector<Fault> missing = {};  ///< why bodies of the scene are not drawn
+  std::optional<Plane> section = {};  ///< everything in front of it is cut away
+  std::vector<Fault> missing = {};    ///< why bodies of the scene are not drawn
 };
 
 /// A body that cannot be meshed is missing. Fails only for a reason of the system, and when the work is
 /// cancelled.
-Result<Model> ModelOf(const Scene& scene, bool isSection);
+Result<Model> ModelOf(const Scene& scene);
+
+/// What a plane leaves of a model without a section.
+Model CutModel(const Model& whole, const Plane& plane);
+
+/// A box about the bodies and marks.
+geometry::Box3d BoxOf(const Model& model);
 
 /// All points that the picture must show.
 std::vector<geometry::Point3d> PointsOf(const Model& model);

@@ -11,12 +11,6 @@
 
 namespace vanzet::scene {
 
-/// A corner of a triangle in the picture, with its normal, which varies over the triangle.
-struct RasterCorner {
-  PicturePoint at;
-  geometry::Vector3d normal;
-};
-
 /// Samples from `left` and `top` up to, and not, `right` and `bottom`.
 struct SampleRange {
   int left = 0, top = 0, right = 0, bottom = 0;
@@ -30,14 +24,15 @@ struct SampleRange {
   }
 };
 
-/// The samples of `all` whose middles can be within these coordinates.
+/// The samples of `all` whose middles are within these coordinates.
 inline SampleRange RangeOf(double left, double top, double right, double bottom, const SampleRange& all) {
   const auto clamped = [](double value, int low, int high) {
     return static_cast<int>(std::clamp(value, static_cast<double>(low), static_cast<double>(high)));
   };
-  return {clamped(std::floor(left), all.left, all.right), clamped(std::floor(top), all.top, all.bottom),
-          clamped(std::ceil(right) + 1, all.left, all.right),
-          clamped(std::ceil(bottom) + 1, all.top, all.bottom)};
+  return {clamped(std::ceil(left - 0.5), all.left, all.right),
+          clamped(std::ceil(top - 0.5), all.top, all.bottom),
+          clamped(std::floor(right - 0.5) + 1, all.left, all.right),
+          clamped(std::floor(bottom - 0.5) + 1, all.top, all.bottom)};
 }
 
 /// A colour in a picture: red, green, blue.
@@ -75,20 +70,27 @@ class Raster {
   std::vector<Sample> samples_;
 };
 
+/// Samples that are tried without a look for the ends of their row.
+inline constexpr int kShortRow = 4;
+
 /// A value that changes evenly along a row of samples.
 struct RowValue {
   double start, step;
   double At(int x) const { return start + step * (x + 0.5); }
 };
 
-/// Calls `cover(x, y, nearness, normal)` for each sample in the range that a triangle covers.
+/// The shares of the corners of a triangle at a sample.
+using Shares = std::array<double, 3>;
+
+/// Calls `cover(x, y, shares)` for each sample in the range that a triangle covers.
 template <class Cover>
-void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange& within, Cover cover) {
-  const PicturePoint &a = corners[0].at, &b = corners[1].at, &c = corners[2].at;
-  const double area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
-  if (area == 0) return;
+void CoverTriangle(const std::array<PicturePoint, 3>& corners, const SampleRange& within, Cover cover) {
+  const auto& [a, b, c] = corners;
   const SampleRange box = RangeOf(std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y}),
                                   std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y}), within);
+  if (box.Width() == 0 || box.Height() == 0) return;
+  const double area = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+  if (area == 0) return;
   // The share of a corner at a sample: the distance from the opposite edge.
   const auto share = [&](const PicturePoint& p, const PicturePoint& q, int y) {
     return RowValue{((q.x - p.x) * (y + 0.5 - p.y) + (q.y - p.y) * p.x) / area, -(q.y - p.y) / area};
@@ -98,6 +100,7 @@ void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange
     const RowValue wc = {1 - wa.start - wb.start, -wa.step - wb.step};
     double from = box.left, to = box.right;
     for (const RowValue& w : {wa, wb, wc}) {
+      if (box.Width() <= kShortRow && w.step != 0) continue;
       const double zero = w.step == 0 ? 0 : -w.start / w.step;
       if (w.step > 0) from = std::max(from, zero - 1);
       if (w.step < 0) to = std::min(to, zero + 1);
@@ -106,10 +109,8 @@ void CoverTriangle(const std::array<RasterCorner, 3>& corners, const SampleRange
     // The edges of a sliver can meet far outside of the picture.
     if (!(from < to)) continue;
     for (int x = static_cast<int>(from); x < to; ++x) {
-      const double ua = wa.At(x), ub = wb.At(x), uc = wc.At(x);
-      if (ua < 0 || ub < 0 || uc < 0) continue;
-      cover(x, y, ua * a.nearness + ub * b.nearness + uc * c.nearness,
-            corners[0].normal * ua + corners[1].normal * ub + corners[2].normal * uc);
+      const Shares shares = {wa.At(x), wb.At(x), wc.At(x)};
+      if (shares[0] >= 0 && shares[1] >= 0 && shares[2] >= 0) cover(x, y, shares);
     }
   }
 }

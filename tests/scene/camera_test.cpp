@@ -53,12 +53,12 @@ TEST(Cameras, MakeWhatIsFartherSmallerInPerspectiveAlone) {
 TEST(Cameras, KnowTheNearnessOfTheCuttingPlane) {
   for (const bool isPerspective : {false, true}) {
     const Camera camera = From(View::kIso, isPerspective);
-    ASSERT_TRUE(camera.SeesTopOfPlane());
+    ASSERT_TRUE(camera.SeesFrontOf({}));
     const PicturePoint p = camera.Project({12, 7, 0});
-    EXPECT_NEAR(camera.NearnessOfPlane(p.x, p.y), p.nearness, 1e-9);
+    EXPECT_NEAR(camera.NearnessOf({}, p.x, p.y), p.nearness, 1e-9);
   }
-  EXPECT_FALSE(From(View::kBack, false).SeesTopOfPlane());
-  EXPECT_FALSE(From(View::kTop, false).SeesTopOfPlane()) << "edge on";
+  EXPECT_FALSE(From(View::kBack, false).SeesFrontOf({}));
+  EXPECT_FALSE(From(View::kTop, false).SeesFrontOf({})) << "edge on";
 }
 
 TEST(Looks, KeepThePlaceThatIsZoomedAt) {

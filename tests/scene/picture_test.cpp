@@ -21,9 +21,10 @@ class Pictures : public SceneTest {
 
   static Picture Drawn(const scene::Scene& shown, const scene::PictureOptions& options,
                        bool isSection = false) {
-    const auto model = scene::ModelOf(shown, isSection);
+    const auto model = scene::ModelOf(shown);
     EXPECT_TRUE(model);
-    return model ? scene::Draw(*model, options) : Picture{};
+    if (!model) return {};
+    return scene::Draw(isSection ? scene::CutModel(*model, {}) : *model, options);
   }
 
   static Pixel At(const Picture& picture, int x, int y) {
@@ -167,13 +168,15 @@ TEST_F(Pictures, OfSliversComeToAnEnd) {
   // Three corners almost on one line: the edges meet far outside of the picture.
   scene::Model model;
   scene::ModelBody body;
-  for (const double lean : {1e-300, 1e-18, 1e-9, -1e-12}) {
-    scene::Facet facet;
-    facet.corners = {geometry::Point3d(0, 0, 0), geometry::Point3d(10, 1 + lean, 0),
-                     geometry::Point3d(20, 2, 0)};
-    body.facets.push_back(facet);
-    body.edges.push_back({{0, 0, 0}, {1e9, lean, 0}, {0, 0, 1}, {0, 0, 1}, true});
+  for (const float lean : {1e-38F, 1e-18F, 1e-7F, -1e-6F}) {
+    const auto first = static_cast<std::uint32_t>(body.surface.points.size());
+    for (const auto& [x, y] : {std::pair{0.0F, 0.0F}, {10.0F, 1 + lean}, {20.0F, 2.0F}, {1e9F, lean}})
+      body.surface.points.push_back({x, y, 0, scene::PackVector({0, 0, 1})});
+    body.surface.facets.push_back({first, first + 1, first + 2});
+    body.surface.edges.push_back({first, first + 3, 0, 0});
   }
+  body.surface.sharpEdges = body.surface.edges.size();
+  scene::GroupFacets(body.surface);
   model.bodies.push_back(body);
   const scene::Look look = scene::LookFrom(View::kFront, false, {{-5, -5, -5}, {5, 5, 5}}, 100, 80);
   for (const double zoom : {1.0, 1e3, 1e6}) {
