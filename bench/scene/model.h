@@ -50,7 +50,7 @@ struct Model {
 /// cancelled.
 Result<Model> ModelOf(const Scene& scene);
 
-/// What a plane leaves of a model without a section.
+/// The part of a whole model that a plane leaves.
 Model CutModel(const Model& whole, const Plane& plane);
 
 /// A box about the bodies and marks.

@@ -12,7 +12,7 @@ struct Stroke {
   geometry::Point3d from, to;
 };
 
-/// What a section leaves of a surface, and the lines in which the plane cuts it.
+/// The part of a surface that a section leaves, and the lines in which the plane cuts it.
 struct PlaneCut {
   Surface left;
   std::vector<Stroke> strokes;

@@ -136,9 +136,9 @@ void HelpWindow::Search() {
                      texts_(Text::kNotFound).arg(search_->text()), search_);
 }
 
-void HelpWindow::ShowAbout() {
+void HelpWindow::ShowAbout(const QString& painter) {
   QMessageBox::about(parentWidget(), texts_(Text::kAbout).remove('&'),
-                     texts_(Text::kAboutText).arg(VANZET_VERSION));
+                     texts_(Text::kAboutText).arg(VANZET_VERSION) + "<p>" + painter.toHtmlEscaped() + "</p>");
 }
 
 }  // namespace vanzet::window

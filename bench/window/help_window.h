@@ -24,7 +24,8 @@ class HelpWindow final : public QWidget {
   Result<void> Open(const char* page, const QString& heading = {});
 
   /// Shows the box with the program's name and version.
-  void ShowAbout();
+  /// `painter` says who draws the equipment.
+  void ShowAbout(const QString& painter);
 
  private:
   void MakeParts();

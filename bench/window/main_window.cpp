@@ -50,7 +50,8 @@ MainWindow::MainWindow(Places places)
                  .showNotice = [this](const QString& text) { notice_->SetMessage(text); },
                  .reportDone = [this](const QString& text) { statusBar()->showMessage(text, kNoteTime); },
                  .showHelp = [this](const char* page,
-                                    const QString& heading) { return help_->Open(page, heading); }} {
+                                    const QString& heading) { return help_->Open(page, heading); }},
+      painter_(ChoosePainter()) {
   setObjectName("workbench");
   setWindowIcon(MakeIcon("app"));
   setAcceptDrops(true);
@@ -75,6 +76,7 @@ MainWindow::MainWindow(Places places)
   Retranslate();
   RestoreLayout();
   MakeWelcome();
+  if (!painter_) ReportFault(painter_.fault());
 }
 
 MainWindow::~MainWindow() = default;
@@ -98,7 +100,8 @@ void MainWindow::MakeCentre() {
 
 QWidget* MainWindow::MakeViews() {
   drawing_ = new DrawingView;
-  equipment_ = new EquipmentView;
+  const bool usesOpenGl = painter_ && painter_->usesOpenGl;
+  equipment_ = new EquipmentView(usesOpenGl ? EquipmentView::By::kOpenGl : EquipmentView::By::kPainter);
   drawingPane_ = new ViewPane(drawing_, this);
   equipmentPane_ = new ViewPane(equipment_, this);
   spurs_ = new QComboBox;
@@ -261,13 +264,18 @@ void MainWindow::Run(Command command, bool isOn) {
     case Command::kQuit: close(); return;
     case Command::kContents: return workplace_.Report(help_->Open("window.md"));
     case Command::kPalette: return ChooseCommand();
-    case Command::kAbout: return help_->ShowAbout();
+    case Command::kAbout: return help_->ShowAbout(PainterText());
     default:
       // A dock's switch has no family: it acts by itself.
       static_cast<void>(projectCommands_->Run(command) || equipmentCommands_->Run(command) ||
                         historyCommands_->Run(command) || viewCommands_->Run(command, isOn) ||
                         exportCommands_->Run(command));
   }
+}
+
+QString MainWindow::PainterText() const {
+  const bool usesOpenGl = painter_ && painter_->usesOpenGl;
+  return usesOpenGl ? texts_(Text::kDrawnByOpenGl).arg(painter_->renderer) : texts_(Text::kDrawnByPainter);
 }
 
 void MainWindow::ChooseCommand() {

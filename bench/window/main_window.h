@@ -10,6 +10,7 @@
 #include "window/commands/project_commands.h"
 #include "window/commands/view_commands.h"
 #include "window/help_window.h"
+#include "window/opengl/gl_canvas.h"
 #include "window/views/bars.h"
 #include "window/views/welcome_page.h"
 
@@ -62,11 +63,13 @@ class MainWindow final : public QMainWindow {
   void ActivateSpur(int spur);
   void ShowPosition(double x, double y);
   void ChooseCommand();
+  QString PainterText() const;
 
   Texts texts_;
   WindowMemory memory_;
   Workplace workplace_;
 
+  Result<PainterChoice> painter_;
   Actions* actions_;
   DrawingView* drawing_;
   EquipmentView* equipment_;

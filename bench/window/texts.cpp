@@ -69,6 +69,8 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kWindowTitle,      "vanzet workbench" },
     { Text::kHelpTitle,        "vanzet help" },
     { Text::kAboutText,        "<h3>vanzet workbench %1</h3><p>Defines what holds the work on a turning or mill-turn machine.</p>" },
+    { Text::kDrawnByOpenGl,     "The equipment is drawn by OpenGL: %1" },
+    { Text::kDrawnByPainter,    "The equipment is drawn by the processor." },
     { Text::kDrawing,          "Drawing" },
     { Text::kEquipment,        "Equipment" },
     { Text::kNoProject,        "No project is open. Open or create one in the Project menu." },

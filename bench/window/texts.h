@@ -20,7 +20,7 @@ enum class Text {
   kDrawingOnly,
   kEquipmentOnly, kDefinitionTree, kLayers, kMessages, kLight, kDark, kDrawingSvg,
   kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf, kContents, kAbout,
-  kWindowTitle, kHelpTitle, kAboutText, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
+  kWindowTitle, kHelpTitle, kAboutText, kDrawnByOpenGl, kDrawnByPainter, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
   kAllCalls, kCopyAll, kClear,
   kTreeName, kTreeContent, kSpur, kSpurChoice, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems, kRecords, kDefinePart, kCopyRow,
   kBodies, kShownBodies, kSeeThrough, kDefinitionFiles, kClose,

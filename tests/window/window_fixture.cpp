@@ -9,7 +9,7 @@
 
 #include "project/sample.h"
 #include "support/places.h"
-#include "view_qt/memory_display.h"
+#include "test_display.h"
 
 namespace vanzet::test {
 namespace {
@@ -24,7 +24,7 @@ window::Application& WindowTest::Program() {
   static char name[] = "window_test";
   static char* words[] = {name, nullptr};
   static auto* const program = [] {
-    UseMemoryAsDisplay();
+    UseTestDisplay();
     const std::string locale = std::setlocale(LC_ALL, nullptr);
     auto* const made = new window::Application(count, words);
     std::setlocale(LC_ALL, locale.c_str());

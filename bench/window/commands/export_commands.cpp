@@ -77,13 +77,13 @@ Result<void> ExportCommands::WriteDrawing(const fs::path& file) const {
 }
 
 Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) const {
+  if (equipment_.model() == nullptr) return Fault{workplace_.texts(Text::kNoEquipment).toStdString()};
   VANZET_DO(CheckEquipment());
-  VANZET_TRY(const scene::Model model, scene::ModelOf(*workplace_.shownScene, equipment_.isSection()));
   const double factor = double{kLargestSide} / std::max(equipment_.width(), equipment_.height());
   const scene::DrawOptions options = {.width = static_cast<int>(equipment_.width() * factor),
                                       .height = static_cast<int>(equipment_.height() * factor)};
   VANZET_TRY(const std::string png,
-             results::PngOf(scene::Draw(model, ScaleLook(equipment_.look(), factor), options)));
+             results::PngOf(scene::Draw(*equipment_.model(), ScaleLook(equipment_.look(), factor), options)));
   return WriteFile(file, png);
 }
 

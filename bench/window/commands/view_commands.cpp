@@ -50,7 +50,7 @@ bool ViewCommands::Run(Command command, bool isOn) {
       parts_.drawing.Fit();
       parts_.equipment.Fit();
       return true;
-    case Command::kSection: workplace_.Report(parts_.equipment.SetSection(isOn)); return true;
+    case Command::kSection: parts_.equipment.SetSection(isOn); return true;
     case Command::kHalfSection: parts_.drawing.SetSectionVisible(isOn); return true;
     case Command::kMeasure:
       parts_.drawing.SetMeasuring(isOn);

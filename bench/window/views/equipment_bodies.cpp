@@ -43,7 +43,7 @@ std::optional<geometry::Point3d> EquipmentView::PointAt(const QPointF& place) co
 void EquipmentView::SetMeasuring(bool isOn) {
   isMeasuring_ = isOn;
   measure_.Clear();
-  update();
+  Repaint();
 }
 
 QString EquipmentView::SolidAt(const QPointF& place) const {

@@ -1,11 +1,10 @@
 #include "window/views/equipment_view.h"
 
-#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QThreadPool>
 #include <cmath>
 
+#include "window/opengl/gl_canvas.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
 
@@ -16,20 +15,10 @@ constexpr double kStep = 1.2;    // of zooming, for one notch of the wheel
 constexpr double kNotch = 120;   // eighths of a degree
 constexpr double kTurn = 0.008;  // radians a pixel
 constexpr double kClick = 4;     // pixels that the mouse may move in a click
-constexpr int kStillness = 140;  // milliseconds before a smooth picture is made
 constexpr int kRest = 30;        // milliseconds before the body under the cursor is looked for
-constexpr double kFrame = 40;    // milliseconds that a quick picture may take
-constexpr double kCoarsest = 4;  // pixels that become one at most
-constexpr double kPixels = 1e6;
 
 modeller::Colour ColourOf(const QColor& colour) {
   return {colour.redF(), colour.greenF(), colour.blueF()};
-}
-
-QImage ImageOf(const scene::Picture& picture) {
-  return QImage(picture.bytes.data(), picture.width, picture.height, qsizetype{picture.width} * 3,
-                QImage::Format_RGB888)
-      .copy();
 }
 
 /// The three axes in a corner.
@@ -54,22 +43,19 @@ void PaintAxes(QPainter& painter, const scene::Look& look, const QSize& size, co
 
 }  // namespace
 
-EquipmentView::EquipmentView(QWidget* parent) : QWidget(parent) {
+EquipmentView::EquipmentView(By by, QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 100);
+  const CanvasSource source = {[this] {
+                                 return BodyPicture{model_, ScaleLook(look_, devicePixelRatioF()), Options()};
+                               },
+                               [this](QPainter& painter) { PaintOverlay(painter); }};
+  canvas_ = by == By::kOpenGl ? MakeGlCanvas(source, this) : MakePainterCanvas(source, this);
   LookFrom(scene::View::kIso);
-  stillness_.setSingleShot(true);
-  stillness_.setInterval(kStillness);
-  connect(&stillness_, &QTimer::timeout, this, &EquipmentView::DrawSmoothly);
   setMouseTracking(true);
   rest_.setSingleShot(true);
   rest_.setInterval(kRest);
   connect(&rest_, &QTimer::timeout, this, &EquipmentView::Hover);
-}
-
-EquipmentView::~EquipmentView() {
-  // A picture that is being made calls this view when it is done.
-  QThreadPool::globalInstance()->waitForDone();
 }
 
 Result<void> EquipmentView::Show(std::shared_ptr<const scene::Scene> scene) {
@@ -82,12 +68,19 @@ Result<void> EquipmentView::Show(std::shared_ptr<const scene::Scene> scene) {
 }
 
 Result<void> EquipmentView::MakeModel() {
-  model_.reset();
-  Invalidate();
+  whole_.reset();
+  CutModel();
   if (scene_ == nullptr) return {};
-  VANZET_TRY(auto model, scene::ModelOf(*scene_, isSection_));
-  model_ = std::make_shared<scene::Model>(std::move(model));
-  return model_->missing.empty() ? Result<void>() : model_->missing.front();
+  VANZET_TRY(auto model, scene::ModelOf(*scene_));
+  whole_ = std::make_shared<scene::Model>(std::move(model));
+  CutModel();
+  return whole_->missing.empty() ? Result<void>() : whole_->missing.front();
+}
+
+void EquipmentView::CutModel() {
+  const bool isCut = isSection_ && whole_ != nullptr;
+  model_ = isCut ? std::make_shared<scene::Model>(scene::CutModel(*whole_, {})) : whole_;
+  Invalidate();
 }
 
 void EquipmentView::LookFrom(scene::View view) {
@@ -110,9 +103,9 @@ void EquipmentView::SetPerspective(bool isPerspective) {
   Invalidate();
 }
 
-Result<void> EquipmentView::SetSection(bool isSection) {
+void EquipmentView::SetSection(bool isSection) {
   isSection_ = isSection;
-  return MakeModel();
+  CutModel();
 }
 
 void EquipmentView::AskForSolid(bool isAsked) {
@@ -121,17 +114,17 @@ void EquipmentView::AskForSolid(bool isAsked) {
 }
 
 void EquipmentView::Invalidate() {
-  ++generation_;
-  isDue_ = true;
-  isSmooth_ = false;
-  stillness_.start();
-  update();
+  canvas_->Invalidate();
+}
+
+void EquipmentView::Repaint() {
+  canvas_->widget().update();
 }
 
 scene::DrawOptions EquipmentView::Options() const {
   const ViewColours& colours = ColoursFor(palette());
-  scene::DrawOptions options{.width = std::max(1, static_cast<int>(width() * devicePixelRatioF())),
-                             .height = std::max(1, static_cast<int>(height() * devicePixelRatioF()))};
+  const QSize pixels = (size() * devicePixelRatioF()).expandedTo({1, 1});
+  scene::DrawOptions options{.width = pixels.width(), .height = pixels.height()};
   options.line = devicePixelRatioF();
   options.style.background = ColourOf(colours.background);
   if (AppearanceOf(palette()) == Appearance::kDark) {
@@ -145,57 +138,19 @@ scene::DrawOptions EquipmentView::Options() const {
   return options;
 }
 
-void EquipmentView::DrawQuickly() {
-  scene::DrawOptions options = Options();
-  const double pixels = double{1} * options.width * options.height / kPixels;
-  const double coarse = std::clamp(std::sqrt(pixels * pixelMillis_ / kFrame), 1.0, kCoarsest);
-  const double factor = devicePixelRatioF() / coarse;
-  options.width = std::max(1, static_cast<int>(width() * factor));
-  options.height = std::max(1, static_cast<int>(height() * factor));
-  options.line = factor;
-  options.samples = 1;
-  QElapsedTimer clock;
-  clock.start();
-  picture_ = ImageOf(scene::Draw(*model_, ScaleLook(look_, factor), options));
-  pixelMillis_ = double(clock.nsecsElapsed()) / 1e6 / (double{1} * options.width * options.height / kPixels);
-  isDue_ = false;
-}
-
-void EquipmentView::DrawSmoothly() {
-  if (model_ == nullptr) return;
-  const auto draw = [this, model = model_, look = ScaleLook(look_, devicePixelRatioF()), options = Options(),
-                     generation = generation_] {
-    const QImage picture = ImageOf(scene::Draw(*model, look, options));
-    QMetaObject::invokeMethod(
-        this, [=, this] { ShowSmooth(generation, picture); }, Qt::QueuedConnection);
-  };
-  QThreadPool::globalInstance()->start(draw);
-}
-
-void EquipmentView::ShowSmooth(int generation, const QImage& picture) {
-  if (generation != generation_) return;
-  picture_ = picture;
-  isDue_ = false;
-  isSmooth_ = true;
-  update();
-}
-
-void EquipmentView::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.fillRect(rect(), ColoursFor(palette()).background);
+void EquipmentView::PaintOverlay(QPainter& painter) {
   if (model_ == nullptr || model_->bodies.empty()) {
+    painter.fillRect(rect(), ColoursFor(palette()).background);
     painter.setPen(ColoursFor(palette()).faint);
     painter.drawText(rect().adjusted(24, 24, -24, -24), Qt::AlignCenter | Qt::TextWordWrap, hint_);
     return;
   }
-  if (isDue_) DrawQuickly();
-  painter.drawImage(QRectF(rect()), picture_);
   PaintAxes(painter, look_, size(), palette());
   isMeasuring_ ? PaintMeasured(painter) : PaintName(painter);
 }
 
 void EquipmentView::resizeEvent(QResizeEvent* event) {
+  canvas_->widget().setGeometry(rect());
   if (isFitted_) return Fit();
   look_.shiftX += (event->size().width() - event->oldSize().width()) / 2.0;
   look_.shiftY += (event->size().height() - event->oldSize().height()) / 2.0;
@@ -221,7 +176,7 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
   cursor_ = event->position();
   if (event->buttons() == Qt::NoButton) {
     rest_.start();
-    if (!hovered_.isEmpty() || isMeasuring_) update();
+    if (!hovered_.isEmpty() || isMeasuring_) Repaint();
     return;
   }
   if (!hasMoved_) return;
@@ -240,7 +195,7 @@ void EquipmentView::mouseReleaseEvent(QMouseEvent* event) {
   if (hasMoved_ || event->button() != Qt::LeftButton) return;
   if (isMeasuring_ && !isAsked_) {
     if (const auto point = PointAt(event->position())) measure_.Click(*point);
-    return update();
+    return Repaint();
   }
   if (!isAsked_) {
     const QString body = BodyAt(event->position());
@@ -265,13 +220,6 @@ void EquipmentView::leaveEvent(QEvent*) {
 
 void EquipmentView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) Invalidate();
-}
-
-scene::Look ScaleLook(scene::Look look, double factor) {
-  look.scale *= factor;
-  look.shiftX *= factor;
-  look.shiftY *= factor;
-  return look;
 }
 
 }  // namespace vanzet::window

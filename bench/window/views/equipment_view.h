@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QImage>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
 
-#include "scene/picture.h"
+#include "window/views/body_canvas.h"
 #include "window/views/measure.h"
 
 namespace vanzet::window {
@@ -14,22 +13,22 @@ namespace vanzet::window {
 /// Shift, zoomed at the cursor by the wheel, fitted by a double click beside all bodies. The body under the
 /// cursor is named and marked; a click selects it.
 ///
-/// Pictures   a quick one at once, coarser when the last one took long; a smooth one follows from another
-///            thread when nothing has moved for a moment
+/// The bodies are drawn by a canvas that fills the view, by OpenGL or by the painter.
 class EquipmentView final : public QWidget {
   Q_OBJECT
  public:
-  explicit EquipmentView(QWidget* parent = nullptr);
-  ~EquipmentView() override;
+  enum class By { kPainter, kOpenGl };
+
+  explicit EquipmentView(By by, QWidget* parent = nullptr);
 
   /// Shows a scene, null for none; the first one is fitted. Fails when a body cannot be meshed.
   Result<void> Show(std::shared_ptr<const scene::Scene> scene);
-  void SetHint(const QString& hint) { hint_ = hint, update(); }  ///< shown while there is nothing to see
+  void SetHint(const QString& hint) { hint_ = hint, Repaint(); }  ///< shown while there is nothing to see
 
   void LookFrom(scene::View view);
   void Fit();
   void SetPerspective(bool isPerspective);
-  Result<void> SetSection(bool isSection);
+  void SetSection(bool isSection);
 
   // Bodies by their names in the scene. A look stays while scenes change; a name that no scene has does
   // nothing.
@@ -41,7 +40,7 @@ class EquipmentView final : public QWidget {
 
   /// Clicks measure on the bodies while no solid is asked for.
   void SetMeasuring(bool isOn);
-  void SetUnit(LengthUnit unit) { unit_ = unit, update(); }
+  void SetUnit(LengthUnit unit) { unit_ = unit, Repaint(); }
   const Measure& measure() const { return measure_; }
 
   /// Marks a body that is pointed at elsewhere; empty: none.
@@ -55,8 +54,9 @@ class EquipmentView final : public QWidget {
   void AskForSolid(bool isAsked);
 
   const scene::Look& look() const { return look_; }
-  bool isSection() const { return isSection_; }
-  bool isSmooth() const { return isSmooth_; }
+  /// The bodies as they are drawn, with the section; null without a scene.
+  const std::shared_ptr<const scene::Model>& model() const { return model_; }
+  bool isSmooth() const { return canvas_->isSmooth(); }
   QSize sizeHint() const override { return {640, 360}; }
 
  signals:
@@ -67,7 +67,6 @@ class EquipmentView final : public QWidget {
   void BodyActivated(const QString& body);  ///< by a double click
 
  protected:
-  void paintEvent(QPaintEvent*) override;
   void resizeEvent(QResizeEvent*) override;
   void wheelEvent(QWheelEvent*) override;
   void mousePressEvent(QMouseEvent*) override;
@@ -79,10 +78,10 @@ class EquipmentView final : public QWidget {
 
  private:
   Result<void> MakeModel();
-  void Invalidate();  ///< the picture has to be drawn again
-  void DrawQuickly();
-  void DrawSmoothly();
-  void ShowSmooth(int generation, const QImage& picture);
+  void CutModel();
+  void Invalidate();  ///< the bodies have to be drawn again
+  void Repaint();     ///< what is over the bodies has to be painted again
+  void PaintOverlay(QPainter& painter);
   scene::DrawOptions Options() const;
   QString SolidAt(const QPointF& place) const;
   QString BodyAt(const QPointF& place) const;
@@ -93,16 +92,11 @@ class EquipmentView final : public QWidget {
   void PaintMeasured(QPainter& painter) const;
 
   std::shared_ptr<const scene::Scene> scene_;
-  std::shared_ptr<const scene::Model> model_;
+  std::shared_ptr<const scene::Model> whole_, model_;  ///< without and with the section
   bool isSection_ = false;
   scene::Look look_;
   bool isFitted_ = true;  ///< until the user moves or zooms
-  QImage picture_;
-  bool isDue_ = false;  ///< the picture is out of date
-  bool isSmooth_ = false;
-  int generation_ = 0;      ///< counts changes, so that a smooth picture that is out of date is dropped
-  double pixelMillis_ = 0;  ///< how long a million pixels took
-  QTimer stillness_;
+  BodyCanvas* canvas_;
   QTimer rest_;  ///< until the cursor has stayed where it is
   scene::BodyLooks looks_;
   QString hovered_, marked_, selected_;
@@ -114,8 +108,5 @@ class EquipmentView final : public QWidget {
   bool hasMoved_ = false;
   QString hint_;
 };
-
-/// The same look at a picture that is `factor` times as large.
-scene::Look ScaleLook(scene::Look look, double factor);
 
 }  // namespace vanzet::window

@@ -1,0 +1,125 @@
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QProcess>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+
+#include "window/opengl/gl_picture.h"
+
+/// The frames a second and the memory of the two painters of bodies while a body of so many facets turns:
+/// xvfb-run -a painters_benchmark. Each row is measured in a process of its own.
+namespace {
+
+using namespace vanzet;
+using window::BodyPicture;
+
+constexpr int kFrames = 20;
+
+/// A ball with waves, of nearly `facets` triangles.
+modeller::Mesh Ball(int facets) {
+  const int rings = static_cast<int>(std::sqrt(facets / 4.0)), around = 2 * rings;
+  modeller::Mesh mesh;
+  for (int ring = 0; ring <= rings; ++ring) {
+    for (int i = 0; i < around; ++i) {
+      const double high = M_PI * ring / rings, wide = 2 * M_PI * i / around;
+      const double radius = 100 + 3 * std::sin(20 * wide) * std::sin(high) * std::sin(20 * high);
+      mesh.points.emplace_back(radius * std::cos(high), radius * std::sin(high) * std::cos(wide),
+                               radius * std::sin(high) * std::sin(wide));
+    }
+  }
+  for (int ring = 0; ring < rings; ++ring) {
+    for (int i = 0; i < around; ++i) {
+      const int a = ring * around + i, b = ring * around + (i + 1) % around;
+      mesh.triangles.push_back({a, a + around, b});
+      mesh.triangles.push_back({b, a + around, b + around});
+    }
+  }
+  return mesh;
+}
+
+BodyPicture BallPicture(int facets, int width, int height) {
+  auto model = std::make_shared<scene::Model>();
+  scene::ModelBody ball;
+  ball.name = "ball";
+  ball.colour = {0.4, 0.6, 0.9};
+  ball.surface = scene::SurfaceOf(Ball(facets), geometry::Matrix());
+  model->bodies.push_back(std::move(ball));
+  const scene::Look look = scene::LookFrom(scene::View::kIso, false, PointsOf(*model), width, height);
+  return {model, look, {.width = width, .height = height, .samples = 1}};
+}
+
+/// Milliseconds for a frame while the body turns. The first one, which uploads it, does not count.
+template <class Draw>
+double Measure(BodyPicture picture, Draw draw) {
+  draw(picture);
+  QElapsedTimer clock;
+  clock.start();
+  for (int i = 0; i < kFrames; ++i) {
+    picture.look = scene::TurnEye(picture.look, 0.03, 0.01);
+    draw(picture);
+  }
+  return double(clock.nsecsElapsed()) / 1e6 / kFrames;
+}
+
+double MeasurePainter(const BodyPicture& picture) {
+  return Measure(picture, [](const BodyPicture& p) { scene::Draw(*p.model, p.look, p.options); });
+}
+
+double MeasureOpenGl(const BodyPicture& picture) {
+  QSurfaceFormat format;
+  format.setVersion(3, 3);
+  format.setProfile(QSurfaceFormat::CoreProfile);
+  format.setOption(QSurfaceFormat::DeprecatedFunctions);
+  QOpenGLContext context;
+  context.setFormat(format);
+  QOffscreenSurface surface;
+  surface.setFormat(format);
+  surface.create();
+  if (!context.create() || !context.makeCurrent(&surface)) return 0;
+  window::GlPicture card;
+  const QOpenGLFramebufferObject frame(picture.options.width, picture.options.height);
+  return Measure(picture, [&](const BodyPicture& p) {
+    card.Draw(p, 0);
+    card.CopyTo(frame.handle());
+    context.functions()->glFinish();
+  });
+}
+
+double PeakMegabytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != "VmHWM:") continue;
+    double kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes / 1024;
+  }
+  return 0;
+}
+
+void MeasureAll() {
+  std::puts("| Painter | Facets | Picture | Frame | Frames a second | Memory |\n|---|---|---|---|---|---|");
+  std::fflush(stdout);
+  for (const char* painter : {"painter", "opengl"}) {
+    for (const char* facets : {"100000", "1000000"}) {
+      for (const auto& [width, height] : {std::pair{"1400", "900"}, {"3840", "2160"}})
+        QProcess::execute(QCoreApplication::applicationFilePath(), {painter, facets, width, height});
+    }
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  const QStringList words = QCoreApplication::arguments();
+  if (words.size() != 5) return MeasureAll(), 0;
+  const BodyPicture picture = BallPicture(words[2].toInt(), words[3].toInt(), words[4].toInt());
+  const double millis = words[1] == "opengl" ? MeasureOpenGl(picture) : MeasurePainter(picture);
+  std::printf("| %s | %d | %s x %s | %.1f ms | %.1f | %.0f MB |\n", qPrintable(words[1]),
+              static_cast<int>(picture.model->bodies[0].surface.facets.size()), qPrintable(words[3]),
+              qPrintable(words[4]), millis, 1000 / millis, PeakMegabytes());
+}
