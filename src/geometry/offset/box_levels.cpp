@@ -29,12 +29,12 @@ void BoxLevels::Extend(std::size_t from, std::size_t end) {
   }
 }
 
-void BoxLevels::FillRests(std::size_t run) {
+void BoxLevels::FillRests() {
   FlatBox rest;
-  const std::size_t first = run << kFanBits;
-  for (std::size_t i = std::min(first + kFan, boxes_.size()); i-- > first;) {
-    rest.Insert(boxes_[i]);
-    rests_[run & 1][i & (kFan - 1)] = rest;
+  const std::size_t first = home_ << kFanBits;
+  for (std::size_t k = 2 * kFan; k-- > 0;) {
+    if (first + k < boxes_.size()) rest.Insert(boxes_[first + k]);
+    rests_[k] = rest;
   }
 }
 
@@ -43,9 +43,8 @@ void BoxLevels::Enter(std::size_t run) {
   const std::size_t runs = (boxes_.size() + kFan - 1) >> kFanBits;
   const std::size_t last = std::min(runs, run + kAhead);
   Reach(run << kFanBits, std::min(last << kFanBits, boxes_.size()));
-  if (run != home_ + 1) FillRests(run);
-  FillRests(run + 1);
   home_ = run;
+  FillRests();
   met_ = 1;
   for (std::size_t r = run + 1; r < last; ++r) {
     if (!levels_[0][run].Outside(levels_[0][r])) met_ |= std::uint32_t{1} << (r - run);

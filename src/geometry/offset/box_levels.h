@@ -58,8 +58,10 @@ class BoxLevels {
   /// For walks of up to 64 spans, with `i` ascending: what the whole run of `i` does not meet is determined
   /// once for all its spans.
   std::size_t NextMeeting(std::size_t i, std::size_t from, std::size_t end) {
+    if (from >= end) return end;
     if (i >> kFanBits != home_) Enter(i >> kFanBits);
     const FlatBox& box = boxes_[i];
+    if (met_ <= 3 && box.Outside(RestFrom(from))) return end;
     while (from < end) {
       const std::size_t run = from >> kFanBits;
       const std::uint32_t met = met_ >> (run - home_);
@@ -67,7 +69,7 @@ class BoxLevels {
         if (met == 0) return end;
         from = (run + static_cast<std::size_t>(std::countr_zero(met))) << kFanBits;
       } else if (box.Outside(RestFrom(from))) {
-        from = (run + 1) << kFanBits;
+        from = std::max(run + 1, home_ + 2) << kFanBits;
       } else {
         const std::size_t last = std::min(end, (run + 1) << kFanBits);
         for (; from < last; ++from) {
@@ -100,12 +102,12 @@ class BoxLevels {
     if (end > reached_ || (end > from + kLongest && levels_.size() == 1)) Extend(from, end);
   }
   void Extend(std::size_t from, std::size_t end);
-  /// The box around the spans from there to the end of their run, or a larger one.
+  /// The box around the spans from there to the end of the run after `home_`, or of a later run.
   const FlatBox& RestFrom(std::size_t span) const {
-    const std::size_t run = span >> kFanBits;
-    return run - home_ < 2 ? rests_[run & 1][span & (kFan - 1)] : levels_[0][run];
+    const std::size_t ahead = span - (home_ << kFanBits);
+    return ahead < 2 * kFan ? rests_[ahead] : levels_[0][span >> kFanBits];
   }
-  void FillRests(std::size_t run);
+  void FillRests();
   /// Determines which of the next runs meet that one.
   void Enter(std::size_t run);
 
@@ -114,7 +116,7 @@ class BoxLevels {
   std::size_t reached_ = 0;                          ///< the spans that have their runs of 8
   std::size_t home_ = static_cast<std::size_t>(-2);  ///< the run of short walks; none yet
   std::uint32_t met_ = 0;                            ///< bit r: run `home_` + r
-  FlatBox rests_[2][kFan];  ///< of the even and of the odd one of `home_` and the next
+  FlatBox rests_[2 * kFan];  ///< from each span of `home_` and of the next run to the end of that one
 };
 
 }  // namespace geometry

@@ -133,13 +133,12 @@ class VertexSpans {
   const Kurve& k_;
 };
 
-/// `Spans` is a vector of them, or `VertexSpans`.
+/// The verdict on span `i`, which is compared with those from `j` on, and before `end`. `Spans` is a vector of
+/// them, or `VertexSpans`.
 template <class Spans, class SearchForm>
-Verdict Judge(const Spans& raw, std::size_t i, std::size_t scan, double nearest, SearchForm& search) {
+Verdict Judge(const Spans& raw, std::size_t i, std::size_t j, std::size_t end, double nearest,
+              SearchForm& search) {
   Verdict verdict{i + 1};
-  std::size_t end = std::min(raw.size(), i + 2 + scan);
-  std::size_t j = search.Next(i, i + 2, end);
-  if (j >= end) return verdict;
   const Span& span = raw[i];
   for (; j < end; j = search.Next(i, j + 1, end)) {
     Point p;
@@ -161,7 +160,14 @@ template <class SearchForm, class Spans, class Keep>
 int Walk(SearchForm&& search, const Spans& raw, std::size_t scan, double off, Keep&& keep) {
   const double nearest = std::fabs(off) - TOLERANCE;
   for (std::size_t i = 0; i < raw.size();) {
-    const Verdict verdict = Judge(raw, i, scan, nearest, search);
+    const std::size_t end = std::min(raw.size(), i + 2 + scan);
+    const std::size_t first = search.Next(i, i + 2, end);
+    if (first >= end) {
+      keep(i, Verdict{i + 1});
+      ++i;
+      continue;
+    }
+    const Verdict verdict = Judge(raw, i, first, end, nearest, search);
     if (verdict.stuck) return 2;
     keep(i, verdict);
     i = verdict.next;
