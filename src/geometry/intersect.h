@@ -30,6 +30,9 @@ Point Intof(int order, const Circle& a, const Circle& b, Point& other);
 /// place, and the fractions on the arc do not. Throws L"SetProperties missing".
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2, double t[4]);
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2);
+/// Finds the crossing of two spans, which need no more than their tangents; false unless they have exactly
+/// one.
+bool OnlyCrossing(const Span& a, const Span& b, Point& crossing);
 
 /// The point of `a` where two lines of space meet between their ends. Lines whose cross product of directions
 /// has no component of 1e-6 do not meet, whether they are parallel or short.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 
 #include "geometry/support.h"
@@ -19,6 +20,15 @@ using testing::UnitsGuard;
 
 Span Arc(int dir, const Point& c, double r, double fromDegrees, double toDegrees) {
   return {dir, Point(c, r, fromDegrees), Point(c, r, toDegrees), c};
+}
+
+/// The span before its measures are made.
+Span WithTangents(const Span& span) {
+  Span bare = span;
+  bare.propertiesSet = false;
+  bare.angle = kNaN;
+  bare.box = Box(Point(kNaN, kNaN), Point(kNaN, kNaN));
+  return bare;
 }
 
 TEST(IntofLines, MeetAtAPointWithItsParameter) {
@@ -371,6 +381,36 @@ TEST(IntofSpans, StaleOnesAreRefused) {
   Point p2;
   EXPECT_EQ(ThrownText([&] { Intof(line, stale, p1, p2); }), L"SetProperties missing");
   EXPECT_EQ(ThrownText([&] { Intof(stale, line, p1, p2); }), L"SetProperties missing");
+}
+
+TEST(OnlyCrossing, NeedsTangentsAloneAndAgreesWithIntofToTheLastBit) {
+  const UnitsGuard millimetres(0);
+  Random random(854);
+  int found = 0;
+  for (int i = 0; i < 40000; ++i) {
+    const Point centre(random.Between(-9, 9), random.Between(-9, 9));
+    const double from = random.Between(-180, 180);
+    // Every third sweep is near half a turn or near a whole one, where angles are rounded.
+    const double sweep =
+        i % 3 == 0 ? 180 * (1 + random.Below(2)) - random.Between(0, 0.5) : random.Between(1, 359);
+    const Span arc = Arc(random.Below(2) == 0 ? ACW : CW, centre, random.Between(1, 9), from, from + sweep);
+    const Point nearEnd(random.Below(2) == 0 ? arc.p0.x : arc.p1.x, arc.p0.y + random.Between(-0.01, 0.01));
+    const Span line(Point(random.Between(-9, 9), random.Between(-9, 9)),
+                    i % 2 == 0 ? nearEnd : Point(random.Between(-9, 9), random.Between(-9, 9)));
+    const Span third = i % 5 == 0 ? Arc(ACW, nearEnd, 3, 0, random.Between(10, 350)) : Span(nearEnd, centre);
+    const Span& first = i % 7 == 0 ? third : line;
+    const Span& second = i % 11 == 0 ? third : arc;
+    Point p;
+    Point q;
+    const bool once = Intof(first, second, p, q) == 1;
+    Point crossing;
+    ASSERT_EQ(OnlyCrossing(WithTangents(first), WithTangents(second), crossing), once) << i;
+    if (!once) continue;
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(crossing.x), std::bit_cast<std::uint64_t>(p.x));
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(crossing.y), std::bit_cast<std::uint64_t>(p.y));
+    ++found;
+  }
+  EXPECT_GT(found, 5000);
 }
 
 TEST(On, ACircleIsTheProjection) {

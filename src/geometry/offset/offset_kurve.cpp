@@ -1,6 +1,7 @@
 #include <cmath>
 #include <utility>
 
+#include "geometry/intersect.h"
 #include "geometry/offset/loop_removal.h"
 #include "geometry/offset/offset_sense.h"
 
@@ -86,7 +87,7 @@ class RawOffset {
   bool Join() {
     if (previous_->NullSpan || !(Dist(previous_->p1, current_->p0) > TOLERANCE)) return false;
     Point crossing;
-    if (sense_.Inward(*previous_, *current_) && TargetsCross(crossing)) {
+    if (sense_.Inward(*previous_, *current_) && OnlyCrossing(*previous_, *current_, crossing)) {
       chain_.MoveEnd(*previous_, crossing);
       current_->p0 = crossing;
       current_->SetTangents();
@@ -100,13 +101,6 @@ class RawOffset {
     }
     chain_.AddArc(arc);
     return false;
-  }
-
-  bool TargetsCross(Point& crossing) {
-    for (Span* target : {previous_, current_}) {
-      if (!target->propertiesSet) target->SetMeasures();
-    }
-    return OnlyCrossing(*previous_, *current_, crossing);
   }
 
   const Kurve& source_;

@@ -146,7 +146,7 @@ class RawOffset {
     const double gap = Dist(previous_->p1, current_->p0);
     if (!(gap > TOLERANCE) || previous_->NullSpan || current_->NullSpan) return false;
     Point crossing;
-    if (sense_.Inward(*previous_, *current_) && TargetsCross(crossing)) {
+    if (sense_.Inward(*previous_, *current_) && OnlyCrossing(*previous_, *current_, crossing)) {
       chain_.MoveEnd(*previous_, crossing);
       current_->p0 = crossing;
       SetTangents();
@@ -157,13 +157,6 @@ class RawOffset {
       AddRollArc(source, passedNullSource_ ? NumberAsID(number - 1) : NumberAsID(number) | ROLL_AROUND);
     }
     return false;
-  }
-
-  bool TargetsCross(Point& crossing) {
-    for (Span* target : {previous_, current_}) {
-      if (!target->propertiesSet) target->SetMeasures();
-    }
-    return OnlyCrossing(*previous_, *current_, crossing);
   }
 
   void AddRollArc(const Span& source, std::uint32_t ID) {

@@ -36,11 +36,6 @@ bool OffsetSense::Inward(const Span& previous, const Span& current) const {
   return (c > 0 && direction == 1) || (c < 0 && direction == -1);
 }
 
-bool OnlyCrossing(const Span& a, const Span& b, Point& crossing) {
-  Point unusedSecond;
-  return Intof(a, b, crossing, unusedSecond) == 1;
-}
-
 Span RollArc(int dir, const Point& end, const Point& centre, std::uint32_t ID) {
   Span arc;
   arc.dir = dir;

@@ -21,9 +21,6 @@ struct OffsetSense {
   bool Inward(const Span& previous, const Span& current) const;
 };
 
-/// Finds the crossing of two spans; false unless they have exactly one.
-bool OnlyCrossing(const Span& a, const Span& b, Point& crossing);
-
 /// An arc about `centre` without its start; its properties are not set.
 Span RollArc(int dir, const Point& end, const Point& centre, std::uint32_t ID);
 

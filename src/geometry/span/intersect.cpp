@@ -14,7 +14,7 @@ bool BetweenEnds(double t, const Span& line) {
   return -reach <= t && t <= 1.0 + reach;
 }
 
-int LineWithLine(const Span& a, const Span& b, Point& p1, double t[4]) {
+int LineWithLine(const Span& a, const Span& b, Point& p1, double t[2]) {
   if (std::fabs(Cross(b.vs, a.vs)) < VECTOR_TOLERANCE) return 0;
   const Vector2d da(a.p0, a.p1);
   const Vector2d db(b.p0, b.p1);
@@ -36,7 +36,9 @@ int CountValid(Point& p1, Point& p2) {
   return count;
 }
 
-int LineWithArc(const Span& line, const Span& arc, Point& p1, Point& p2, double t[4]) {
+/// `isOnArc(place, i)` says whether the root `i` of the line is between the ends of the arc.
+template <class IsOnArc>
+int LineWithArc(const Span& line, const Span& arc, Point& p1, Point& p2, double t[2], IsOnArc isOnArc) {
   const Vector2d d(line.p0, line.p1);
   const Vector2d f(arc.pc, line.p0);
   const int roots =
@@ -46,7 +48,7 @@ int LineWithArc(const Span& line, const Span& arc, Point& p1, Point& p2, double 
   for (int i = 0; i < roots; ++i) {
     if (!(-reach < t[i] && t[i] < 1.0 + reach)) continue;
     *places[i] = line.p0 + d * t[i];
-    places[i]->ok = arc.OnSpan(*places[i], t[2 + i]);
+    places[i]->ok = isOnArc(*places[i], i);
   }
   if (!p1.ok && p2.ok) t[0] = t[1];
   return CountValid(p1, p2);
@@ -62,6 +64,41 @@ int ArcWithArc(const Span& a, const Span& b, Point& p1, Point& p2) {
   p1.ok = a.OnSpan(p1) && b.OnSpan(p1);
   p2.ok = crossings == 2 && a.OnSpan(p2) && b.OnSpan(p2);
   return CountValid(p1, p2);
+}
+
+/// The box of the chord with the margin of `Span::box`, of which it is a part.
+Box ChordBox(const Span& span) {
+  Box box;
+  box.Insert(span.p0);
+  box.Insert(span.p1);
+  box.Grow(TIGHT_TOLERANCE);
+  return box;
+}
+
+/// Whether a point of the circle is between the ends of the arc, as `Span::OnSpan` says. Tangents decide, and
+/// only near the limits angles.
+bool BetweenTangents(const Span& arc, const Point& p) {
+  constexpr double kClear = 1e-5;  // more than `VECTOR_TOLERANCE`, by which angles are rounded
+  if (p == arc.p0 || p == arc.p1) return true;
+  Vector2d at = Vector2d(arc.pc, p).LeftNormal();
+  at.Normalise();
+  if (arc.dir == CW) at = -at;
+  const double cosine = Dot(arc.vs, at);
+  const double cosineOfEnd = Dot(arc.vs, arc.ve);
+  const bool pastHalf = 0 > arc.dir * Cross(arc.vs, at);
+  const bool endsPastHalf = 0 > arc.dir * Cross(arc.vs, arc.ve);
+  if (std::fabs(cosine) < 1 - kClear) {
+    if (pastHalf != endsPastHalf) return endsPastHalf;
+    if (std::fabs(cosine - cosineOfEnd) > kClear) return (cosine > cosineOfEnd) != pastHalf;
+  }
+  const double fraction = IncludedAngle(arc.vs, at, arc.dir) / IncludedAngle(arc.vs, arc.ve, arc.dir);
+  return 0 <= fraction && fraction <= 1;
+}
+
+Span Measured(const Span& span) {
+  Span measured = span;
+  if (!measured.propertiesSet) measured.SetMeasures();
+  return measured;
 }
 
 /// The quotient of two parallel vectors, by the largest component of the divisor; false when that is null.
@@ -186,14 +223,32 @@ int Intof(const Span& a, const Span& b, Point& p1, Point& p2, double t[4]) {
   p1 = p2 = INVALID_POINT;
   if (a.box.Outside(b.box)) return 0;
   if (a.dir == LINEAR && b.dir == LINEAR) return LineWithLine(a, b, p1, t);
-  if (a.dir == LINEAR) return LineWithArc(a, b, p1, p2, t);
-  if (b.dir == LINEAR) return LineWithArc(b, a, p1, p2, t);
-  return ArcWithArc(a, b, p1, p2);
+  if (a.dir != LINEAR && b.dir != LINEAR) return ArcWithArc(a, b, p1, p2);
+  const Span& line = a.dir == LINEAR ? a : b;
+  const Span& arc = a.dir == LINEAR ? b : a;
+  return LineWithArc(line, arc, p1, p2, t, [&](const Point& p, int i) { return arc.OnSpan(p, t[2 + i]); });
 }
 
 int Intof(const Span& a, const Span& b, Point& p1, Point& p2) {
   double t[4] = {};
   return Intof(a, b, p1, p2, t);
+}
+
+bool OnlyCrossing(const Span& a, const Span& b, Point& crossing) {
+  const int arcs = (a.dir != LINEAR ? 1 : 0) + (b.dir != LINEAR ? 1 : 0);
+  const bool apart = ChordBox(a).Outside(ChordBox(b));
+  if (arcs == 2 || (arcs == 1 && apart)) {
+    Point unusedSecond;
+    return Intof(Measured(a), Measured(b), crossing, unusedSecond) == 1;
+  }
+  double unusedFractions[2] = {};
+  crossing = INVALID_POINT;
+  if (arcs == 0) return !apart && LineWithLine(a, b, crossing, unusedFractions) == 1;
+  Point second = INVALID_POINT;
+  const Span& line = a.dir == LINEAR ? a : b;
+  const Span& arc = a.dir == LINEAR ? b : a;
+  return LineWithArc(line, arc, crossing, second, unusedFractions,
+                     [&arc](const Point& p, int) { return BetweenTangents(arc, p); }) == 1;
 }
 
 bool Intof(const Line& a, const Line& b, Point3d& point) {
