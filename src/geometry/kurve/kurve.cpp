@@ -116,22 +116,22 @@ void Kurve::Store(int vertexNumber, int type, const Point& p, const Point& pc, s
 }
 
 bool Kurve::Add(int type, const Point& p, const Point& pc, bool addNullSpans) {
-  if (!started) {
-    Start(p);
-    return true;
-  }
-  if (nVertices > 0 && Dist(Stored(nVertices - 1).p, p) < TOLERANCE) {
-    if (!addNullSpans) return false;
-    type = LINEAR;
-  }
-  Append(type, p, pc);
-  return true;
+  return Add(spVertex(type, p, pc), addNullSpans);
 }
 
 bool Kurve::Add(const spVertex& v, bool addNullSpans) {
-  if (!Add(v.type, v.p, v.pc, addNullSpans)) return false;
-  const int last = nVertices - 1;
-  blocks[static_cast<std::size_t>(last / SPANSTORAGE)]->ID[last % SPANSTORAGE] = v.ID;
+  if (!started) {
+    Start(v.p);
+    Store(nVertices - 1, LINEAR, v.p, Point(0, 0), v.ID);
+    return true;
+  }
+  int type = v.type;
+  if (nVertices > 0 && Dist(StoredPoint(nVertices - 1), v.p) < TOLERANCE) {
+    if (!addNullSpans) return false;
+    type = LINEAR;
+  }
+  if (nVertices % SPANSTORAGE == 0) blocks.push_back(new SpanVertexBlock);
+  Store(nVertices++, type, v.p, v.pc, v.ID);
   return true;
 }
 
