@@ -8,6 +8,7 @@
 #include "geometry/contour_text.h"
 #include "geometry/loop_outcome.h"
 #include "geometry/offset/box_levels.h"
+#include "geometry/offset/near_index.h"
 #include "geometry/random_contour.h"
 
 namespace geometry {
@@ -250,6 +251,32 @@ TEST_F(LoopTest, AnIndexChangesNothingForHugeArcs) {
     EXPECT_EQ(Outcome(ContourOf(raw), source, off, Search::Indexed),
               Outcome(ContourOf(raw), source, off, Search::Plain));
   }
+}
+
+TEST(NearIndex, OfSpansAndOfVerticesAgreesWithAllSpans) {
+  const UnitsGuard millimetres(0);
+  Random random(77);
+  int within = 0;
+  for (int i = 0; i < 200; ++i) {
+    const Kurve k(Scribble(3 + random.Below(100), random));
+    const std::vector<Span> spans = SpansOf(k);
+    const VertexSpans vertices(k);
+    NearIndex ofSpans(spans);
+    NearIndex ofVertices(vertices);
+    for (int probe = 0; probe < 50; ++probe) {
+      const Point p(random.Between(-30, 30), random.Between(-30, 30));
+      const double distance = random.Between(0, 3);
+      const bool any = std::any_of(spans.begin(), spans.end(), [&](const Span& span) {
+        double unusedAlong = 0;
+        return Dist(p, span.NearClamped(p, unusedAlong)) < distance;
+      });
+      ASSERT_EQ(ofSpans.AnyWithin(p, distance), any);
+      ASSERT_EQ(ofVertices.AnyWithin(p, distance), any);
+      within += any ? 1 : 0;
+    }
+  }
+  EXPECT_GT(within, 1000);
+  EXPECT_LT(within, 9000);
 }
 
 TEST(BoxLevels, PassOverSpansOutsideAloneAndInOrder) {

@@ -78,64 +78,71 @@ class Compaction {
   std::size_t kept_ = 0;
 };
 
-/// Copies the spans that stay, once the first loop is cut. A contour that loses nothing is given on.
+/// Moves the vertices that stay to the front of the contour's storage. Until the first loop nothing changes.
 class VertexCompaction {
  public:
   explicit VertexCompaction(RawVertices& raw)
-      : raw_(raw), unchanged_(raw.asStored && raw.contour.SpanCount() > 0) {
-    if (!unchanged_) Begin();
+      : raw_(raw), k_(raw.contour), unchanged_(raw.asStored && k_.SpanCount() > 0) {
+    if (!unchanged_) KeepFirstVertex();
   }
 
   void Keep(std::size_t i, const Verdict& verdict) {
     if (unchanged_ && verdict.trimmed) CatchUp();
-    if (!unchanged_) Add(i, verdict);
-    ++kept_;
+    if (unchanged_) {
+      ++vertices_;
+    } else {
+      Take(static_cast<int>(i) + 1, verdict);
+    }
   }
 
-  Kurve Take() {
-    const bool all = kept_ == static_cast<std::size_t>(raw_.contour.SpanCount());
-    if (unchanged_ && !all) CatchUp();
-    if (unchanged_) return std::move(raw_.contour);
+  void Finish() {
+    if (unchanged_ && vertices_ == k_.nVertices) return;
     raw_.area.reset();
-    return std::move(out_);
+    if (k_.SpanCount() == 0) return k_.Clear();
+    k_.nVertices = vertices_;
+    const auto full = static_cast<std::size_t>((vertices_ + SPANSTORAGE - 1) / SPANSTORAGE);
+    for (; k_.blocks.size() > full; k_.blocks.pop_back()) delete k_.blocks.back();
   }
 
  private:
-  void Begin() {
-    out_ = static_cast<const Matrix&>(raw_.contour);
-    out_.blocks.reserve(raw_.contour.blocks.size());
-    if (raw_.contour.SpanCount() == 0) return;
-    Point start;
-    Point unusedCentre;
-    raw_.contour.Get(0, start, unusedCentre);
-    out_.Add(spVertex(LINEAR, start, Point(0, 0), raw_.contour.GetSpanID(0)));
-  }
-
   void CatchUp() {
     unchanged_ = false;
-    Begin();
-    for (std::size_t i = 0; i < kept_; ++i) Add(i, Verdict{i + 1});
+    spVertex last;
+    k_.Get(vertices_ - 1, last);
+    end_ = last.p;
   }
 
-  void Add(std::size_t i, const Verdict& verdict) {
+  void KeepFirstVertex() {
+    if (k_.SpanCount() == 0) return;
+    spVertex first;
+    k_.Get(0, first);
+    k_.Replace(0, LINEAR, first.p, Point(0, 0), first.ID);
+    end_ = first.p;
+  }
+
+  void Take(int number, const Verdict& verdict) {
     Span span;
-    raw_.contour.GetStored(static_cast<int>(i) + 1, span);
+    k_.GetStored(number, span);
     if (!raw_.asStored) span.SetTangents();
-    out_.Add(spVertex(span.dir, verdict.trimmed ? verdict.end : span.p1, span.pc, span.ID), false);
+    const Point& end = verdict.trimmed ? verdict.end : span.p1;
+    if (Dist(end_, end) < TOLERANCE) return;
+    k_.Replace(vertices_++, span.dir, end, span.pc, span.ID);
+    end_ = end;
   }
 
   RawVertices& raw_;
+  Kurve& k_;
   bool unchanged_;
-  std::size_t kept_ = 0;
-  Kurve out_;
+  int vertices_ = 1;
+  Point end_;
 };
 
 }  // namespace
 
 KurveEx EliminateLoops(RawContour&& raw, const std::vector<Span>& source, double off, int& code) {
   Compaction compaction(raw.contour, raw.joined, raw.summed);
-  const SourceSpans asTheyAre = [&source]() -> const std::vector<Span>& { return source; };
-  code = Walk(IndexedSearch(std::move(raw.boxes), asTheyAre), raw.contour.spans, kScanOfKurveEx, off,
+  IndexedSearch search(std::move(raw.boxes), [&source] { return NearIndex(source); });
+  code = Walk(search, raw.contour.spans, kScanOfKurveEx, off,
               [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
   compaction.Finish();
   return std::move(raw.contour);
@@ -179,20 +186,14 @@ Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, in
   return k;
 }
 
-Kurve EliminateLoops(RawVertices& raw, const SourceSpans& source, double off, int& code) {
+Kurve EliminateLoops(RawVertices& raw, const Kurve& source, double off, int& code) {
   VertexCompaction compaction(raw);
-  code = Walk(IndexedSearch(std::move(raw.boxes), source), VertexSpans(raw.contour), kScanOfKurve, off,
+  const VertexSpans sources(source);
+  IndexedSearch search(std::move(raw.boxes), [&sources] { return NearIndex(sources); });
+  code = Walk(search, VertexSpans(raw.contour), kScanOfKurve, off,
               [&](std::size_t i, const Verdict& verdict) { compaction.Keep(i, verdict); });
-  return compaction.Take();
-}
-
-std::vector<Span> StoredSpansOf(const Kurve& k) {
-  std::vector<Span> spans(static_cast<std::size_t>(k.SpanCount()));
-  for (std::size_t i = 0; i < spans.size(); ++i) {
-    k.GetStored(static_cast<int>(i) + 1, spans[i]);
-    spans[i].SetProperties();
-  }
-  return spans;
+  compaction.Finish();
+  return std::move(raw.contour);
 }
 
 std::vector<Span> SpansOf(const Kurve& k) {

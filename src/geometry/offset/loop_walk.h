@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 #include "geometry/intersect.h"
 #include "geometry/offset/loop_removal.h"
+#include "geometry/offset/near_index.h"
 
 /// Removal of the loops of a raw offset. docs/contours/offset.md explains it with a picture.
 ///
@@ -23,10 +25,6 @@ namespace geometry {
 /// How many spans a span without a crossing is compared with.
 inline constexpr std::size_t kScanOfKurveEx = 51;
 inline constexpr std::size_t kScanOfKurve = 26;
-
-inline double SizeOf(const Point& p) {
-  return std::fabs(p.x) + std::fabs(p.y);
-}
 
 /// The plain search: every span may cross, and every source span may be too near.
 class PlainSearch {
@@ -46,12 +44,13 @@ class PlainSearch {
   const std::vector<Span>& source_;
 };
 
-/// The search by boxes, which decide which spans are compared. The source gets its boxes with the first
-/// crossing, and a contour without loops needs none.
+/// The search by boxes, which decide which spans are compared. `makeNear` makes the `NearIndex` of the source
+/// with the first crossing; a contour without loops needs none.
+template <class MakeNear>
 class IndexedSearch {
  public:
-  IndexedSearch(std::vector<FlatBox> boxes, const SourceSpans& source)
-      : boxes_(std::move(boxes)), source_(source) {}
+  IndexedSearch(std::vector<FlatBox> boxes, MakeNear makeNear)
+      : boxes_(std::move(boxes)), makeNear_(std::move(makeNear)) {}
 
   std::size_t Next(std::size_t i, std::size_t from, std::size_t end) {
     if (end <= i + 2 + kScanOfKurveEx) return boxes_.NextMeeting(i, from, end);
@@ -60,37 +59,14 @@ class IndexedSearch {
   }
 
   bool AnyWithin(const Point& p, double distance) {
-    if (!near_) BuildNear();
-    const double reach = distance + margin_ + kRounding * SizeOf(p);
-    const FlatBox around(Box(Point(p.x - reach, p.y - reach), Point(p.x + reach, p.y + reach)));
-    const auto misses = [&around](const FlatBox& box) { return around.Outside(box); };
-    const std::size_t n = nearSpans_->size();
-    for (std::size_t i = near_->Next(0, n, misses); i < n; i = near_->Next(i + 1, n, misses)) {
-      double unusedAlong = 0;
-      if (Dist(p, (*nearSpans_)[i].NearClamped(p, unusedAlong)) < distance) return true;
-    }
-    return false;
+    if (!near_) near_.emplace(makeNear_());
+    return near_->AnyWithin(p, distance);
   }
 
  private:
-  /// Points of a span lie in its box but for rounding, which the margin covers amply.
-  void BuildNear() {
-    nearSpans_ = &source_();
-    near_.emplace(BoxesOf(*nearSpans_));
-    double size = 0;
-    for (const Span& span : *nearSpans_) {
-      size = std::max({size, span.radius, SizeOf(span.box.min), SizeOf(span.box.max)});
-    }
-    margin_ = TOLERANCE + kRounding * size;
-  }
-
-  static constexpr double kRounding = 1e-12;
-
   BoxLevels boxes_;
-  const SourceSpans& source_;
-  const std::vector<Span>* nearSpans_ = nullptr;
-  std::optional<BoxLevels> near_;
-  double margin_ = 0;
+  MakeNear makeNear_;
+  std::optional<std::invoke_result_t<MakeNear>> near_;
 };
 
 inline double LengthTo(const Span& span, const Point& end) {
@@ -115,22 +91,6 @@ struct Verdict {
   bool trimmed = false;
   bool stuck = false;
   Point end = {};  ///< if trimmed
-};
-
-/// The spans of a raw offset of a compact contour, each made when it is asked for.
-class VertexSpans {
- public:
-  explicit VertexSpans(const Kurve& k) : k_(k) {}
-  std::size_t size() const { return static_cast<std::size_t>(k_.SpanCount()); }
-  Span operator[](std::size_t i) const {
-    Span span;
-    k_.GetStored(static_cast<int>(i) + 1, span);
-    span.SetProperties();
-    return span;
-  }
-
- private:
-  const Kurve& k_;
 };
 
 /// The verdict on span `i`, which is compared with those from `j` on, and before `end`. `Spans` is a vector of
@@ -179,7 +139,7 @@ template <class Keep>
 int Walk(Search form, const std::vector<Span>& raw, const SourceSpans& source, std::size_t scan, double off,
          Keep&& keep) {
   if (form == Search::Plain) return Walk(PlainSearch(source), raw, scan, off, keep);
-  return Walk(IndexedSearch(BoxesOf(raw), source), raw, scan, off, keep);
+  return Walk(IndexedSearch(BoxesOf(raw), [&source] { return NearIndex(source()); }), raw, scan, off, keep);
 }
 
 }  // namespace geometry

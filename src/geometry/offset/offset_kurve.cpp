@@ -149,9 +149,7 @@ int Kurve::OffsetMethod1(Kurve& kOffset, double offset, int direction, int metho
   if (method == 0) {
     made = std::move(raw.contour);
   } else {
-    std::vector<Span> spans;
-    const SourceSpans asStored = [&]() -> const std::vector<Span>& { return spans = StoredSpansOf(*this); };
-    made = EliminateLoops(raw, asStored, sense.off, code);
+    made = EliminateLoops(raw, *this, sense.off, code);
     if (code == 0 && Closed()) {
       const double area = raw.area ? *raw.area * scale * scale : made.Area();
       code = CheckClosed(made, maker.AreaOfSource() * scale * scale, area, sense.off);
