@@ -1,0 +1,160 @@
+#!/usr/bin/env bash
+# commands_test.sh VANZET
+# The program with its stores on a server, which tools/with-postgres gives it. VANZET_SHOP_SECONDS: how long crowds of
+# programs work, instead of 5 seconds.
+set -uo pipefail
+vanzet=$1
+jobs=$(cd "$(dirname "$0")/../../examples/definitions" && pwd)
+seconds=${VANZET_SHOP_SECONDS:-5}
+server=$VANZET_TEST_POSTGRES
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+cd "$place" || exit 1
+
+# A file, since parts of the test run in shells of their own.
+fail() { echo "FAILED: $*" | tee -a "$place/failed"; }
+# expect WANTED GIVEN: both texts are the same.
+expect() { [ "$1" = "$2" ] || fail "line ${BASH_LINENO[0]}: expected '$1', found '$2'"; }
+# run WORDS...: the program succeeds.
+run() { "$vanzet" "$@" 2>"$place/err" || fail "line ${BASH_LINENO[0]}: $*: $(cat "$place/err")"; }
+# refused TEXT WORDS...: the program fails with one line that has the text.
+refused() {
+  local text=$1
+  shift
+  "$vanzet" "$@" >"$place/out" 2>"$place/err"
+  expect 1 $?
+  expect 1 "$(wc -l <"$place/err")"
+  grep -qF -- "$text" "$place/err" || fail "line ${BASH_LINENO[0]}: $*: $(cat "$place/err")"
+}
+sql() { psql "$server" -qAtX -v ON_ERROR_STOP=1 -c "$1"; }
+form() { printf 'vdm 1\nrecord\n.%s\nend 1\n' "$1"; }
+# Everything that can be read of the VDMs of a project.
+content() {
+  run history "$1" --json
+  run vdm save 1000 - "$1"
+  run vdm save 1001 - "$1"
+}
+
+the_main_commands_work() {
+  run new lathe --set "engine=$server" --set project=lathe >/dev/null
+  [ ! -e lathe/store.db ] || fail "there is a store in the folder"
+  run define "$jobs/bar-job.json" lathe >/dev/null
+  run vdm save 1000 first.vdm lathe >/dev/null
+  run define "$jobs/bar-job.json" lathe >/dev/null
+  form 7 >7.vdm
+  run vdm load 7.vdm 1000 lathe >/dev/null
+  "$vanzet" diff lathe 2 >/dev/null
+  expect 3 $?
+  run restore lathe 2 >/dev/null
+  run vdm save 1000 again.vdm lathe >/dev/null
+  cmp first.vdm again.vdm || fail "the restored state is another one"
+  expect 'new define define vdm load restore ' "$(sql "SELECT occasion FROM vanzet.generation ORDER BY number" | tr '\n' ' ')"
+  expect 'nothing was found' "$(run store check lathe)"
+  refused 'the store is on a server' store repair lathe
+  expect 3 "$(run show lathe | head -n 3 | wc -l)"
+}
+
+a_project_is_the_same_after_it_was_moved_to_the_server_and_back() {
+  run new moved >/dev/null
+  run define "$jobs/bar-job.json" moved >/dev/null
+  form 7 | run vdm load - 1001 moved >/dev/null
+  content moved >before
+  expect 'copied 2 VDMs with 3 generations to the server' "$(run store copy moved "$server")"
+  VANZET_STORE=$server content moved >there
+  cmp before there || fail "the project is another one on the server"
+  refused 'has generations already' store copy moved "$server"
+  VANZET_STORE=$server run store backup moved monday.db >/dev/null
+  rm moved/store.db
+  run store copy "$server" moved >/dev/null
+  content moved >after
+  cmp before after || fail "the project is another one after the way back"
+  cp monday.db moved/store.db
+  content moved >after
+  cmp before after || fail "the backup is another store"
+  expect 'nothing was found' "$(run store check moved)"
+  refused '--project is missing' store copy "$server" "$server"
+  mkdir empty
+  refused '--project has no effect' store copy moved empty --project x
+}
+
+# crowd PROGRAMS: each writes its number of the round into its VDM of its project, as long as the time lasts.
+crowd() {
+  rm -f faults rounds.*
+  local i
+  for i in $(seq "$1"); do
+    (
+      end=$((SECONDS + seconds)) round=0
+      while [ $SECONDS -lt $end ]; do
+        round=$((round + 1))
+        form $round | "$vanzet" vdm load - "$i" "$(project_of "$i")" --wait 120 >/dev/null 2>>faults || echo "program $i" >>faults
+      done
+      echo $round >"rounds.$i"
+    ) &
+  done
+  wait
+  [ ! -s faults ] || fail "crowd of $1: $(head -n 3 faults)"
+  for i in $(seq "$1"); do
+    expect ".$(cat "rounds.$i")" "$("$vanzet" vdm save "$i" - "$(project_of "$i")" | sed -n 3p)"
+  done
+  expect "$(($(cat rounds.* | paste -sd+)))" "$(sql "SELECT sum(last_generation) FROM vanzet.project WHERE name LIKE '$2'")"
+}
+
+many_programs_lose_no_update() {
+  mkdir one && printf '[store]\nengine=%s\n' "$server" >one/bench.ini
+  project_of() { echo one; }
+  crowd 8 one
+  local i
+  for i in $(seq 50); do
+    mkdir "own$i" && printf '[store]\nengine=%s\n' "$server" >"own$i/bench.ini"
+  done
+  project_of() { echo "own$1"; }
+  crowd 50 'own%'
+}
+
+a_reader_reads_and_cannot_write() {
+  sql "CREATE ROLE reader LOGIN; GRANT USAGE ON SCHEMA vanzet TO reader; GRANT SELECT ON ALL TABLES IN SCHEMA vanzet TO reader"
+  content lathe >before
+  VANZET_STORE=${server/user=vanzet/user=reader} content lathe >there
+  cmp before there || fail "a reader reads something else"
+  VANZET_STORE=${server/user=vanzet/user=reader} refused "'reader'" vdm load 7.vdm 7 lathe
+  VANZET_STORE=${server/user=vanzet/user=reader} refused "'reader'" define "$jobs/bar-job.json" lathe
+  content lathe >after
+  cmp before after || fail "a reader changed something"
+}
+
+a_wrong_password_is_one_line_without_it() {
+  local folder=${server#host=}
+  folder=${folder%% *}
+  sql "CREATE ROLE locked LOGIN PASSWORD 'right'"
+  sed -i '1i local all locked scram-sha-256' "$folder/data/pg_hba.conf"
+  sql "SELECT pg_reload_conf()" >/dev/null
+  VANZET_STORE="${server/user=vanzet/user=locked} password=hunter2" refused 'password authentication failed for user "locked"' show lathe
+  ! grep -q hunter2 err || fail "the password is shown"
+  VANZET_STORE='host=/nowhere dbname=x password=hunter2' refused 'cannot be reached' history lathe
+  ! grep -q hunter2 err || fail "the password is shown"
+}
+
+the_tables_of_a_newer_version_are_refused() {
+  content lathe >before
+  sql "UPDATE vanzet.schema SET version = version + 1"
+  refused 'belongs to a newer version: it has schema ' history lathe
+  refused 'belongs to a newer version: it has schema ' define "$jobs/bar-job.json" lathe
+  sql "UPDATE vanzet.schema SET version = version - 1"
+  content lathe >after
+  cmp before after || fail "something was changed"
+}
+
+a_changed_record_is_found() {
+  sql "UPDATE vanzet.record SET content = overlay(content placing '\x58' from 1) WHERE key = (SELECT max(key) FROM vanzet.record r JOIN vanzet.project p ON p.id = r.project WHERE p.name = 'lathe') AND project = (SELECT id FROM vanzet.project WHERE name = 'lathe')"
+  "$vanzet" store check lathe >out
+  expect 3 $?
+  grep -q 'checksum' out || fail "the finding is: $(cat out)"
+}
+
+for test in the_main_commands_work a_project_is_the_same_after_it_was_moved_to_the_server_and_back many_programs_lose_no_update \
+  a_reader_reads_and_cannot_write a_wrong_password_is_one_line_without_it the_tables_of_a_newer_version_are_refused \
+  a_changed_record_is_found; do
+  echo "$test"
+  "$test"
+done
+[ ! -s "$place/failed" ]
