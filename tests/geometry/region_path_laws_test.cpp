@@ -121,7 +121,7 @@ TEST_F(RegionPathLaws, BothOffsetsMakeTheBoundaryOfTheThickPath) {
         ASSERT_LE(rest, (isClosed ? 0 : 2 * kPi * distance) + 1e-6) << distance;
         // Where a path runs over itself, the boundary belongs to any of its passes.
         const double back = LengthOf(OffsetPath(Reversed(path), -distance));
-        if (IsLattice()) return;
+        if (IsLattice() || !Clean(path).loose.empty()) return;
         ASSERT_NEAR(back, LengthOf(left), 1e-5 * (1 + back));
       },
       4);
