@@ -127,7 +127,7 @@ void PostgresEngine::AddOthers(const PostgresTransaction& transaction, const New
   statements.push_back(Notification(session_->project(), generation));
 }
 
-/// What a copy has written so far.
+/// The state of a copy that is under way.
 struct PostgresEngine::Filling {
   PostgresTransaction& transaction;
   std::int64_t lastGeneration = 0, lastRecord = 0;
@@ -147,8 +147,10 @@ Result<void> PostgresEngine::Fill(const GenerationSource& source) {
       transaction->Run({{kSetLast, {transaction->project(), filling.lastGeneration, filling.lastRecord}},
                         Notification(session_->project(), filling.lastGeneration)}));
   VANZET_TRY(const auto outcome, transaction->Commit(filling.lastGeneration));
-  session_->NoteCommit(filling.lastGeneration);
-  if (outcome == Outcome::kCommitted) return {};
+  if (outcome == Outcome::kCommitted) {
+    session_->NoteCommit(filling.lastGeneration);
+    return {};
+  }
   VANZET_TRY(const auto* const newConnection, session_->Connection());
   return newConnection->FaultOf("the connection broke: nothing was copied", FaultKind::kSystem);
 }

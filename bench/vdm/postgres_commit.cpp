@@ -1,6 +1,7 @@
 #include "vdm/postgres_commit.h"
 
 #include <algorithm>
+#include <span>
 #include <unordered_set>
 
 #include "vdm/store_schema.h"
@@ -31,8 +32,13 @@ constexpr std::string_view kAddGeneration =
     "INSERT INTO vanzet.generation(project, number, time, \"user\", host, program, occasion, token) "
     "VALUES($1, $2, $3, $4, $5, $6, $7, $8)";
 
-/// The content of one statement at most, so that neither side needs much memory at once.
-constexpr std::size_t kBytesTogether = std::size_t{4} << 20U;
+/// The rows and the bytes of one statement at most, so that neither side needs much memory at once.
+constexpr std::size_t kRowsTogether = 10'000, kBytesTogether = std::size_t{4} << 20U;
+
+PostgresValue Part(const std::vector<std::int64_t>& column, std::size_t begin) {
+  const std::span<const std::int64_t> all = column;
+  return PostgresValue::Integers(all.subspan(begin, std::min(kRowsTogether, all.size() - begin)));
+}
 
 NewPlace PlaceOf(const Vdm::Entry& entry) {
   if (!entry.MustBeWritten()) return {entry.key, {}};
@@ -175,14 +181,14 @@ std::vector<PostgresStatement> PostgresCommit::Statements() const {
   if (!ended_.empty()) statements.push_back({kEndVdms, {project_, integers(ended_), generation_}});
   if (!cut_.empty()) statements.push_back({kAddCuts, {project_, integers(cut_), generation_}});
   if (!added_.empty()) statements.push_back({kAddVdms, {project_, integers(added_), generation_}});
-  if (!endedVdms_.empty()) {
+  for (std::size_t i = 0; i < endedVdms_.size(); i += kRowsTogether) {
     statements.push_back(
-        {kEndPlaces, {project_, integers(endedVdms_), integers(endedPositions_), generation_}});
+        {kEndPlaces, {project_, Part(endedVdms_, i), Part(endedPositions_, i), generation_}});
   }
-  if (!positions_.empty()) {
+  for (std::size_t i = 0; i < positions_.size(); i += kRowsTogether) {
     statements.push_back(
         {kAddPlaces,
-         {project_, integers(placeVdms_), integers(positions_), integers(placeRecords_), generation_}});
+         {project_, Part(placeVdms_, i), Part(positions_, i), Part(placeRecords_, i), generation_}});
   }
   AddRecords(statements);
   return statements;
@@ -198,7 +204,8 @@ void PostgresCommit::AddRecords(std::vector<PostgresStatement>& statements) cons
     checksums.push_back(records_[i]->checksum);
     contents.emplace_back(records_[i]->content);
     bytes += records_[i]->content.size() + sizeof(std::int64_t);
-    if (bytes < kBytesTogether && i + 1 < records_.size()) continue;
+    const bool isFull = bytes >= kBytesTogether || keys.size() == kRowsTogether;
+    if (!isFull && i + 1 < records_.size()) continue;
     statements.push_back({kAddRecords,
                           {project_, PostgresValue::Integers(keys), PostgresValue::Integers(items),
                            PostgresValue::Integers(checksums), PostgresValue::ManyBytes(contents)}});

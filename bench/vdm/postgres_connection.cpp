@@ -18,7 +18,7 @@ struct Setting {
   const char* value;
 };
 
-/// What a connection text need not say. Times are seconds; the last one milliseconds.
+/// The settings that a connection text need not have. Times are seconds; the last one milliseconds.
 constexpr Setting kUsualSettings[] = {
     {"connect_timeout", "10"}, {"keepalives_idle", "15"},     {"keepalives_interval", "5"},
     {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},
@@ -62,7 +62,7 @@ void AddUsual(Settings& settings) {
   for (const Setting& setting : kUsualSettings) settings.try_emplace(setting.name, setting.value);
   if (HasSeveralHosts(settings)) settings.try_emplace("target_session_attrs", "read-write");
   const CommitOrigin origin = OriginOfProcess();
-  settings.try_emplace("application_name", "vanzet " + origin.user + "@" + origin.host);
+  settings.try_emplace("application_name", std::string(kConnectionName) + origin.user + "@" + origin.host);
   settings.insert_or_assign("client_encoding", "UTF8");
 }
 
@@ -115,7 +115,7 @@ Result<std::unique_ptr<PostgresConnection>> PostgresConnection::Open(const std::
   VANZET_TRY(auto settings, SettingsIn(*pq, connectionText));
   AddUsual(settings);
   PGconn* const connected = Connect(*pq, settings);
-  if (connected == nullptr) return Fault{.text = "there is no memory left", .kind = FaultKind::kSystem};
+  if (connected == nullptr) return Fault{.text = "memory ran out", .kind = FaultKind::kSystem};
   std::unique_ptr<PostgresConnection> connection(new PostgresConnection(*pq, connected));
   VANZET_DO(connection->Prepare());
   return connection;

@@ -8,6 +8,9 @@
 
 namespace vanzet::vdm {
 
+/// The name of a connection on the server begins with this; the user follows: "vanzet jo@shop-3".
+inline constexpr std::string_view kConnectionName = "vanzet ";
+
 /// One connection to a PostgreSQL server.
 ///
 /// Errors   a fault that names host and database, never the password, with the server's text as it came:
@@ -26,7 +29,7 @@ class PostgresConnection {
   /// Gives up the transaction, if there is one.
   void RollBack();
 
-  /// True when the server is no longer there, or this connection to it.
+  /// True when the server has gone, or this connection to it.
   bool IsBroken() const;
 
   /// The SQLSTATE of the last fault of `Run`; empty when the server did not say one.

@@ -4,7 +4,6 @@
 
 #include "vdm/commit_origin.h"
 #include "vdm/postgres_history.h"
-#include "vdm/postgres_locks.h"
 #include "vdm/postgres_records.h"
 #include "vdm/postgres_schema.h"
 #include "vdm/stored_record.h"

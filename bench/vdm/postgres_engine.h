@@ -4,6 +4,7 @@
 #include <string>
 
 #include "vdm/generation_reader.h"
+#include "vdm/postgres_locks.h"
 #include "vdm/postgres_session.h"
 #include "vdm/postgres_transaction.h"
 #include "vdm/postgres_watch.h"
@@ -28,6 +29,9 @@ class PostgresEngine : public StoreEngine {
 
   /// The locks of this engine's connection; they can outlive the engine.
   std::unique_ptr<StoreLocks> Locks() const;
+
+  /// Who holds a lock now.
+  Result<std::vector<LockHolder>> Holders() const { return LockHolders(*session_); }
 
   /// Notices the commits of others, on a connection of its own.
   Result<std::unique_ptr<PostgresWatch>> Watch() const;

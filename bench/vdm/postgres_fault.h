@@ -7,7 +7,7 @@
 
 namespace vanzet::vdm {
 
-/// What a server says of a statement that failed.
+/// The error of a statement, as the server reports it.
 struct PostgresError {
   std::string_view state;    ///< SQLSTATE
   std::string_view message;  ///< in the language of the server

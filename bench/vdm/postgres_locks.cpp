@@ -1,9 +1,10 @@
 #include "vdm/postgres_locks.h"
 
+#include "base/one_line.h"
+
 namespace vanzet::vdm {
 namespace {
 
-constexpr std::string_view kLastGeneration = "SELECT last_generation FROM vanzet.project WHERE name=$1";
 constexpr std::string_view kRemoveUnused = "DELETE FROM vanzet.project WHERE name=$1 AND last_generation=0";
 
 // The two halves of a key are columns of pg_locks.
@@ -12,16 +13,33 @@ constexpr std::string_view kIsHeld = R"(
   WHERE l.locktype='advisory' AND l.objsubid=1 AND l.objid::bigint=$2 AND l.granted
     AND l.database=(SELECT oid FROM pg_database WHERE datname=current_database())
     AND l.pid<>pg_backend_pid())";
-
-constexpr std::int64_t kProjectHalf = 0xFFFFFFFF;
+constexpr std::string_view kHolders = R"(
+  SELECT l.objid::bigint, coalesce(a.application_name, '')
+  FROM pg_locks l JOIN vanzet.project p ON p.name=$1 AND l.classid::bigint=p.id
+  LEFT JOIN pg_stat_activity a ON a.pid=l.pid
+  WHERE l.locktype='advisory' AND l.objsubid=1 AND l.granted
+    AND l.database=(SELECT oid FROM pg_database WHERE datname=current_database())
+  ORDER BY 1)";
 
 }  // namespace
+
+Result<std::vector<LockHolder>> LockHolders(PostgresSession& session) {
+  VANZET_TRY(const auto rows, session.Read({kHolders, {PostgresValue::Text(session.project())}}));
+  std::vector<LockHolder> holders;
+  for (int i = 0; rows && i < rows->Size(); ++i) {
+    std::string_view who = rows->Bytes(i, 1);
+    if (who.starts_with(kConnectionName)) who.remove_prefix(kConnectionName.size());
+    LockHolder& holder = holders.emplace_back(LockHolder{{}, OneLine(who)});
+    if (const auto number = NumberFrom(rows->Integer(i, 0))) holder.vdm = *number;
+  }
+  return holders;
+}
 
 Result<std::int64_t> PostgresLocks::KeyOf(std::int64_t place) {
   if (project_ == 0) {
     VANZET_TRY(project_, session_->MakeProject());
   }
-  return (project_ << 32) | (place == kProjectPlace ? kProjectHalf : place);
+  return PostgresSession::KeyOf(project_, place == kProjectPlace ? PostgresSession::kWholeProject : place);
 }
 
 Result<StoreLocks::Held> PostgresLocks::Acquire(Number number) {
@@ -39,16 +57,7 @@ Result<StoreLocks::Held> PostgresLocks::AcquireProject(std::chrono::milliseconds
     return connection->FaultOf("another process is changing the project '" + session_->project() + "'",
                                FaultKind::kBusy);
   }
-  Held held = Keep(kProjectPlace);
-  VANZET_DO(ExpectLastGeneration());
-  return held;
-}
-
-/// What this session reads from now on is the state after this generation.
-Result<void> PostgresLocks::ExpectLastGeneration() {
-  VANZET_TRY(const auto rows, session_->Read({kLastGeneration, {PostgresValue::Text(session_->project())}}));
-  if (rows && rows->Size() == 1) session_->Expect(rows->Integer(0, 0));
-  return {};
+  return Keep(kProjectPlace);
 }
 
 Result<void> PostgresLocks::Check() {
@@ -67,8 +76,8 @@ Result<bool> PostgresLocks::IsHeldElsewhere(Number number) const {
 }
 
 void PostgresLocks::Release(std::int64_t place) {
-  if (place == kProjectPlace) session_->Expect({});
-  session_->Unlock((project_ << 32) | (place == kProjectPlace ? kProjectHalf : place));
+  // The number of the project is known as long as something is locked.
+  if (const auto key = KeyOf(place)) session_->Unlock(*key);
 }
 
 }  // namespace vanzet::vdm

@@ -1,11 +1,23 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "vdm/postgres_session.h"
 #include "vdm/store_locks.h"
 
 namespace vanzet::vdm {
+
+/// Who holds a lock of a project on a server.
+struct LockHolder {
+  std::optional<Number> vdm;  ///< nothing: the project as a whole
+  std::string who;            ///< "jo@shop-3", or the name of another program's connection
+};
+
+/// The holders of locks now, this session too, by number; the project as a whole comes last.
+Result<std::vector<LockHolder>> LockHolders(PostgresSession& session);
 
 /// The locks of a project on a server: advisory locks of the session that the engine uses. The server
 /// releases them with the connection; a session that lost its connection takes them again, and does not
@@ -24,7 +36,6 @@ class PostgresLocks : public StoreLocks {
 
  private:
   Result<std::int64_t> KeyOf(std::int64_t place);
-  Result<void> ExpectLastGeneration();
   void Release(std::int64_t place) override;
 
   std::shared_ptr<PostgresSession> session_;

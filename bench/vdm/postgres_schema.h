@@ -14,7 +14,7 @@ inline constexpr std::int64_t kServerSchema = 1;
 /// Returns the schema of the tables, in one row.
 inline constexpr std::string_view kReadServerSchema = "SELECT version FROM vanzet.schema";
 
-/// True when the last fault of the connection says that there are no tables: the store is empty.
+/// True when the last fault of the connection says that the tables do not exist: the store is empty.
 bool HasNoTables(const PostgresConnection& connection);
 
 /// Fails for the rows of `kReadServerSchema` that are not those of this version.

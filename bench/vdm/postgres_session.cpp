@@ -1,5 +1,6 @@
 #include "vdm/postgres_session.h"
 
+#include <algorithm>
 #include <thread>
 
 #include "vdm/postgres_schema.h"
@@ -13,8 +14,8 @@ constexpr std::chrono::seconds kLongestReconnect{30};
 constexpr milliseconds kStep{100};
 constexpr int kAttempts = 3;
 
-/// A server that lost sight of the former connection keeps its locks until it notices.
-constexpr milliseconds kLongestRelock{10'000};
+/// A server that lost sight of the former connection keeps its locks until its keep-alives notice.
+constexpr milliseconds kLongestRelock{45'000};
 
 constexpr std::string_view kSetLockTimeout = "SELECT set_config('lock_timeout', $1::bigint::text, true)";
 constexpr std::string_view kLock = "SELECT pg_advisory_lock($1)";
@@ -22,10 +23,23 @@ constexpr std::string_view kTryLock = "SELECT pg_try_advisory_lock($1)::int::big
 constexpr std::string_view kUnlock = "SELECT pg_advisory_unlock($1)";
 constexpr std::string_view kLockTimeout = "55P03";
 
+constexpr std::string_view kLastGeneration = "SELECT last_generation FROM vanzet.project WHERE id=$1";
+constexpr std::string_view kChangesOfVdm = R"(
+  SELECT count(*) FROM vanzet.vdm
+  WHERE project=$1 AND number=$2 AND (first>$3 OR (last<9223372036854775807 AND last + 1>$3)))";
+
 constexpr std::string_view kProjectId = "SELECT id FROM vanzet.project WHERE name=$1";
 constexpr std::string_view kAddProject =
     "INSERT INTO vanzet.project(name) SELECT $1 WHERE NOT EXISTS(SELECT 1 FROM vanzet.project WHERE name=$1) "
     "ON CONFLICT DO NOTHING";
+
+std::int64_t ProjectOf(std::int64_t key) {
+  return key >> 32;
+}
+
+std::int64_t NumberOf(std::int64_t key) {
+  return key & PostgresSession::kWholeProject;
+}
 
 }  // namespace
 
@@ -59,14 +73,22 @@ Result<void> PostgresSession::Reconnect() {
 }
 
 Result<void> PostgresSession::TakeLocksAgain() {
-  for (const std::int64_t key : held_) {
-    const auto locked =
-        connection_->Run({{kSetLockTimeout, {std::int64_t{kLongestRelock.count()}}}, {kLock, {key}}});
-    if (locked) continue;
-    if (connection_->IsBroken()) return locked.fault();
-    hasLostLocks_ = true;
+  for (const auto& [key, generation] : held_) {
+    const auto taken = TakeAgain(key, generation);
+    if (!taken && connection_->IsBroken()) return taken.fault();
+    if (!taken || !*taken) hasLostLocks_ = true;
   }
   return {};
+}
+
+/// False when another one has used the lock meanwhile. What it did to the whole project is seen by the number
+/// of the next commit.
+Result<bool> PostgresSession::TakeAgain(std::int64_t key, std::int64_t generation) {
+  VANZET_TRY(const auto answers,
+             connection_->Run({{kSetLockTimeout, {std::int64_t{kLongestRelock.count()}}},
+                               {kLock, {key}},
+                               {kChangesOfVdm, {ProjectOf(key), NumberOf(key), generation}}}));
+  return answers.back().Integer(0, 0) == 0;
 }
 
 Result<PostgresAnswers> PostgresSession::Run(const std::vector<PostgresStatement>& statements) {
@@ -101,15 +123,16 @@ Result<std::int64_t> PostgresSession::MakeProject() {
 }
 
 Result<bool> PostgresSession::Lock(std::int64_t key, milliseconds longestWait) {
-  if (longestWait.count() <= 0) {
-    VANZET_TRY(const auto answers, Run({{kTryLock, {key}}}));
-    if (answers.front().Integer(0, 0) == 0) return false;
-  } else {
-    const auto locked = Run({{kSetLockTimeout, {std::int64_t{longestWait.count()}}}, {kLock, {key}}});
-    if (!locked && connection_ != nullptr && connection_->lastState() == kLockTimeout) return false;
-    if (!locked) return locked.fault();
-  }
-  held_.insert(key);
+  const PostgresStatement last = {kLastGeneration, {ProjectOf(key)}};
+  const bool waits = longestWait.count() > 0;
+  const auto locked =
+      waits ? Run({{kSetLockTimeout, {std::int64_t{longestWait.count()}}}, {kLock, {key}}, last})
+            : Run({{kTryLock, {key}}, last});
+  if (!locked && connection_ != nullptr && connection_->lastState() == kLockTimeout) return false;
+  if (!locked) return locked.fault();
+  if (!waits && locked->front().Integer(0, 0) == 0) return false;
+  if (locked->back().Size() != 1) return connection_->DamageOf("the project is not there any more");
+  held_[key] = locked->back().Integer(0, 0);
   return true;
 }
 
@@ -123,11 +146,17 @@ void PostgresSession::Unlock(std::int64_t key) {
 }
 
 Result<void> PostgresSession::CheckFence(std::int64_t next) const {
-  const bool isFollowed = expected_ && *expected_ + 1 != next;
-  if (!hasLostLocks_ && !isFollowed) return {};
+  const auto isPassed = [&](const auto& lock) {
+    return NumberOf(lock.first) == kWholeProject && lock.second + 1 != next;
+  };
+  if (!hasLostLocks_ && std::ranges::none_of(held_, isPassed)) return {};
   return connection_->FaultOf(
       "the connection broke, and another process has taken over the project meanwhile: nothing is written",
       FaultKind::kBusy);
+}
+
+void PostgresSession::NoteCommit(std::int64_t generation) {
+  for (auto& [key, known] : held_) known = generation;
 }
 
 }  // namespace vanzet::vdm

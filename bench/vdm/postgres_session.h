@@ -1,9 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "vdm/postgres_connection.h"
@@ -41,31 +41,31 @@ class PostgresSession {
   /// The number of the project. Makes the project, and the tables, when they do not exist.
   Result<std::int64_t> MakeProject();
 
-  /// True when a lock of this key was taken, waiting for it at most so long, until `Unlock`.
+  /// The key of a lock: of a VDM by its number, or of the project as a whole.
+  static std::int64_t KeyOf(std::int64_t project, std::int64_t number) { return (project << 32) | number; }
+  static constexpr std::int64_t kWholeProject = 0xFFFFFFFF;
+
+  /// True when the lock was taken, waiting for it at most so long. It is held until `Unlock`.
   Result<bool> Lock(std::int64_t key, std::chrono::milliseconds longestWait);
   void Unlock(std::int64_t key);
 
-  /// From now on commits are refused that do not follow this generation; nothing: all follow.
-  void Expect(std::optional<std::int64_t> generation) { expected_ = generation; }
-
-  /// Fails when a lock was lost with a connection, or the generation before `next` is not the expected one.
+  /// Fails when what this session holds was lost with a connection and changed by another one, or when it
+  /// holds the whole project and `next` does not follow the generation that it knows.
   Result<void> CheckFence(std::int64_t next) const;
 
   /// Notes the commit of a generation by this session.
-  void NoteCommit(std::int64_t generation) {
-    if (expected_) expected_ = generation;
-  }
+  void NoteCommit(std::int64_t generation);
 
  private:
   Result<void> Reconnect();
   Result<void> TakeLocksAgain();
+  Result<bool> TakeAgain(std::int64_t key, std::int64_t generation);
 
   std::string connectionText_, project_;
   std::unique_ptr<PostgresConnection> connection_;
   int connections_ = 0;
-  std::set<std::int64_t> held_;
-  bool hasLostLocks_ = false;  ///< others had taken one when the connection was made again
-  std::optional<std::int64_t> expected_;
+  std::map<std::int64_t, std::int64_t> held_;  ///< locks, with the last generation that this session knows
+  bool hasLostLocks_ = false;  ///< others had one, or have used it, when the connection was made again
 };
 
 }  // namespace vanzet::vdm

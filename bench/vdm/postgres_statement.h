@@ -51,7 +51,7 @@ class PostgresRows {
   std::int64_t Integer(int row, int column) const;
   /// Valid as long as the rows are; empty for null.
   std::string_view Bytes(int row, int column) const;
-  /// What was done, as the server names it: "COMMIT".
+  /// The server's name of the command: "COMMIT".
   std::string_view Tag() const { return pq_->cmdStatus(result_.get()); }
 
  private:

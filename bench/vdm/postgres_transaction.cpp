@@ -24,12 +24,22 @@ constexpr std::string_view kFormer = R"(
     AND p.last=9223372036854775807
   ORDER BY p.vdm, p.position)";
 constexpr std::string_view kTokenOf = R"(
-  SELECT token FROM vanzet.generation
-  WHERE project=(SELECT id FROM vanzet.project WHERE name=$1) AND number=$2)";
+  SELECT g.token FROM vanzet.project p LEFT JOIN vanzet.generation g ON g.project=p.id AND g.number=$2
+  WHERE p.name=$1 AND p.last_generation>=$2)";
 constexpr std::string_view kStatusOf = "SELECT coalesce(txid_status($1), 'unknown')";
 
 /// A server that has not come so far does not know the number: it took over without this transaction.
 constexpr std::string_view kIsInTheFuture = "22023";
+
+constexpr std::string_view kInProgress = "in progress", kInTheFuture = "in the future";
+
+Fault UnknownFault(const PostgresConnection& connection, std::int64_t generation, std::string_view status) {
+  return connection.FaultOf("the connection broke during the commit of generation " +
+                                std::to_string(generation) +
+                                ", and the server does not know any more whether it was kept ('" +
+                                std::string(status) + "'): look at the history before it is made again",
+                            FaultKind::kSystem);
+}
 
 std::string RandomToken() {
   std::random_device random;
@@ -115,45 +125,42 @@ Result<PostgresTransaction::Outcome> PostgresTransaction::Commit(std::int64_t ge
 
 Result<PostgresTransaction::Outcome> PostgresTransaction::FindOutcome(std::int64_t generation) const {
   const auto end = std::chrono::steady_clock::now() + kLongestUncertainty;
-  std::string status = "in progress";
-  do {
+  while (true) {
     VANZET_TRY(auto* const connection, session_->Connection());
-    const auto asked = AskForStatus(*connection);
-    if (!asked && connection->IsBroken()) continue;
-    VANZET_TRY(status, asked);
-    if (status == "in progress") {
-      std::this_thread::sleep_for(kStep);
-      continue;
-    }
-    const auto isMine = AskForGeneration(*connection, generation);
-    if (!isMine && connection->IsBroken()) continue;
-    if (!isMine) return isMine.fault();
-    if (*isMine) return **isMine ? Outcome::kCommitted : Outcome::kLost;
-    if (status == "aborted" || status == "in the future") return Outcome::kLost;
-    break;
-  } while (std::chrono::steady_clock::now() < end);
-  VANZET_TRY(const auto* const connection, session_->Connection());
-  return connection->FaultOf("the connection broke during the commit of generation " +
-                                 std::to_string(generation) +
-                                 ", and the server does not know any more whether it was kept ('" + status +
-                                 "'): look at the history before it is made again",
-                             FaultKind::kSystem);
+    const auto outcome = AskForOutcome(*connection, generation);
+    if (outcome && *outcome) return **outcome;
+    if (!outcome && !connection->IsBroken()) return outcome.fault();
+    if (std::chrono::steady_clock::now() >= end) return UnknownFault(*connection, generation, kInProgress);
+    std::this_thread::sleep_for(kStep);
+  }
 }
 
-/// Whether the generation is that of this transaction; nothing when the server does not have one of its
-/// number.
+/// Nothing as long as the transaction goes on.
+Result<std::optional<PostgresTransaction::Outcome>> PostgresTransaction::AskForOutcome(
+    PostgresConnection& connection, std::int64_t generation) const {
+  VANZET_TRY(const auto status, AskForStatus(connection));
+  if (status == kInProgress) return std::optional<Outcome>();
+  VANZET_TRY(const auto isMine, AskForGeneration(connection, generation));
+  if (isMine) return std::optional(*isMine ? Outcome::kCommitted : Outcome::kLost);
+  if (status == "aborted" || status == kInTheFuture) return std::optional(Outcome::kLost);
+  return UnknownFault(connection, generation, status);
+}
+
+/// Whether the generation is that of this transaction; nothing where it came and was removed since.
 Result<std::optional<bool>> PostgresTransaction::AskForGeneration(PostgresConnection& connection,
                                                                   std::int64_t generation) const {
   VANZET_TRY(const auto answers,
              connection.Run({{kTokenOf, {PostgresValue::Text(session_->project()), generation}}}));
-  if (answers.front().Size() == 0) return std::optional<bool>();
-  return std::optional(answers.front().Bytes(0, 0) == token_);
+  const PostgresRows& rows = answers.front();
+  if (rows.Size() == 0) return std::optional(false);
+  if (rows.IsNull(0, 0)) return std::optional<bool>();
+  return std::optional(rows.Bytes(0, 0) == token_);
 }
 
 Result<std::string> PostgresTransaction::AskForStatus(PostgresConnection& connection) const {
   const auto answers = connection.Run({{kStatusOf, {number_}}});
   if (answers) return std::string(answers->front().Bytes(0, 0));
-  if (connection.lastState() == kIsInTheFuture) return std::string("in the future");
+  if (connection.lastState() == kIsInTheFuture) return std::string(kInTheFuture);
   return answers.fault();
 }
 

@@ -36,7 +36,7 @@ class PostgresTransaction {
   Result<void> Run(const std::vector<PostgresStatement>& statements);
 
   /// Commits `generation`, which was added with the token. When the connection breaks, the server is asked
-  /// what became of the transaction, on a new connection; a fault when it cannot say it.
+  /// for the outcome on a new connection; a fault when it does not know it.
   Result<Outcome> Commit(std::int64_t generation);
 
  private:
@@ -45,6 +45,7 @@ class PostgresTransaction {
   Result<bool> Start(const NewOrders& orders);
   Result<void> TakeFormer(const PostgresRows& rows);
   Result<Outcome> FindOutcome(std::int64_t generation) const;
+  Result<std::optional<Outcome>> AskForOutcome(PostgresConnection& connection, std::int64_t generation) const;
   Result<std::optional<bool>> AskForGeneration(PostgresConnection& connection, std::int64_t generation) const;
   Result<std::string> AskForStatus(PostgresConnection& connection) const;
 

@@ -31,7 +31,7 @@ Result<std::optional<std::int64_t>> PostgresWatch::Peek() {
   std::optional<std::int64_t> last;
   for (const std::string& payload : payloads) {
     std::int64_t generation = 0;
-    // Whoever may connect may notify: what is not a number is taken for a commit all the same.
+    // Any program of the database may notify: a text that is not a number is taken for a commit, too.
     std::from_chars(payload.data(), payload.data() + payload.size(), generation);
     last = std::max(last.value_or(0), generation);
   }

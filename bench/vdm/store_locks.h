@@ -9,7 +9,7 @@
 namespace vanzet::vdm {
 
 /// Locks VDMs, and the project as a whole, for one store against every other, here and in other processes.
-/// Whoever keeps the locks releases them with the process, however it ends, so nothing is left to clean up.
+/// The system or the server releases them with the process, however it ends, so nothing is left to clean up.
 ///
 /// Errors   a fault that names what keeps the locks, or the VDM when it is open elsewhere (`kBusy`)
 /// Threads  one

@@ -21,10 +21,11 @@ class QuickStart : public CommandLineTest {
     EXPECT_THAT(loaded, HasSubstr("libsqlite3")) << arguments;
     EXPECT_THAT(loaded, Not(HasSubstr("libTK"))) << arguments;
     EXPECT_THAT(loaded, Not(HasSubstr("libQt"))) << arguments;
+    EXPECT_THAT(loaded, Not(HasSubstr("libpq"))) << arguments;
   }
 };
 
-TEST_F(QuickStart, OfWhatMakesNoSolidLoadsNeitherOpenCascadeNorQt) {
+TEST_F(QuickStart, OfWhatMakesNoSolidLoadsNeitherOpenCascadeNorQtNorTheClientOfAServer) {
   MakeUpgradedProject();
   for (const std::string command :
        {"--version", "--help", "completion bash", "show lathe", "items lathe",

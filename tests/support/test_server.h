@@ -19,7 +19,7 @@ inline std::string ServerText() {
 }
 
 /// The reason to skip a test without a server.
-inline constexpr const char* kNoServer = "there is no PostgreSQL server: run by tools/with-postgres";
+inline constexpr const char* kNoServer = "needs a PostgreSQL server: run by tools/with-postgres";
 
 /// A name that no other test uses, and no other process that runs it.
 inline std::string NewProject() {
