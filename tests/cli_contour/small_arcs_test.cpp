@@ -42,6 +42,22 @@ TEST_F(SmallArcs, OffsetsByTheStepsAndStrictReadersSayIt) {
   EXPECT_THAT(Fault("offset fillet.txt 1 --strict"), HasSubstr("not everything was read as it is drawn"));
 }
 
+TEST_F(SmallArcs, OffsetsByTheStepsCountTheArcsThatTheyLeaveOut) {
+  WriteBytes(folder / "bar.txt",
+             "k1 e x1 y0\nx19 y0\nax20 y1 x19 y1\nx20 y9\nax19 y10 x19 y9\nx0 y10\nx0 y0\nx1 y0\nek\n");
+  for (const char* method : {"", " --method kurve"}) {
+    const std::string command = "contour offset bar.txt 0.9955 --inside" + std::string(method);
+    EXPECT_EQ(
+        Vanzet(command).err,
+        "vanzet: the offset of contour 1 by 0.9955 mm leaves out 2 arcs that shrank to less than 0.005 mm "
+        "radius; --region makes all of it\n")
+        << method;
+  }
+  EXPECT_EQ(Vanzet("contour offset bar.txt 0.9 --inside").err, "");
+  EXPECT_EQ(Vanzet("contour offset bar.txt 1 --inside").err, "") << "they are points";
+  EXPECT_EQ(Vanzet("contour offset bar.txt 0.9955 --inside --region").err, "");
+}
+
 TEST_F(SmallArcs, ATransformKeepsThemAndSaysWhichItMakes) {
   const Outcome larger = Vanzet("contour transform fillet.txt --scale 1000 --strict");
   EXPECT_EQ(larger.err, "");

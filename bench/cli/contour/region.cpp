@@ -8,6 +8,7 @@
 
 #include "base/number_text.h"
 #include "cli/contour/files.h"
+#include "cli/output.h"
 #include "contour/builder.h"
 #include "contour/library.h"
 #include "contour/region.h"
@@ -111,6 +112,20 @@ Result<void> IntersectAreas(const ContourArguments& arguments) {
   return Combine(arguments, geometry::Intersect);
 }
 
+namespace {
+
+/// The arcs that the offset to the left would have, but for the library's least radius.
+std::size_t SmallArcsOf(const Contour& source, double distance) {
+  constexpr double kNothing = 1e-9;
+  const auto& spans = source.curve.spans;
+  return static_cast<std::size_t>(std::count_if(spans.begin(), spans.end(), [&](const auto& span) {
+    const double radius = Dist(span.p0, span.pc) - span.dir * distance;
+    return span.dir != geometry::LINEAR && radius > kNothing && radius <= geometry::TOLERANCE;
+  }));
+}
+
+}  // namespace
+
 void WarnOfOffset(const Contour& source, const Contour& offset, double distance) {
   using Finding = geometry::OffsetCheck::Finding;
   const auto warn = [&](const std::string& text) {
@@ -118,6 +133,8 @@ void WarnOfOffset(const Contour& source, const Contour& offset, double distance)
                      DecimalText(std::fabs(distance), kDecimals) + " mm " + text +
                      (source.curve.Closed() ? "; --region makes all of it\n" : "\n");
   };
+  const auto small = SmallArcsOf(source, distance);
+  if (small > 0) warn("leaves out " + Counted(small, "arc") + " that shrank to less than 0.005 mm radius");
   const auto check = contour::Guarded([&] { return CheckOffset(source.curve, offset.curve, distance); });
   if (!check) return warn("cannot be checked: " + check.fault().Message());
   if (check->finding == Finding::Crosses) return warn("crosses itself at " + PlaceText(check->place));
