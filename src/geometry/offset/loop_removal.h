@@ -26,8 +26,8 @@ KurveEx WithTotals(RawContour&& raw);
 /// `EliminateLoops` of a compact contour; its spans and those of the source are untransformed.
 Kurve EliminateLoops(const Kurve& raw, const SourceSpans& source, double off, int& code, Search search);
 
-/// The same of a raw offset as it was made, in its own storage; `raw.area` is reset when something is cut. The
-/// source counts as it is stored.
+/// The same of a raw offset as it was made, in its own storage; `raw.area` is reset when something is cut.
+/// The source counts as it is stored.
 Kurve EliminateLoops(RawVertices& raw, const Kurve& source, double off, int& code);
 
 /// The spans of a compact contour with their properties, untransformed, in the order of reading.

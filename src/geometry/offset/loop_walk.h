@@ -93,8 +93,8 @@ struct Verdict {
   Point end = {};  ///< if trimmed
 };
 
-/// The verdict on span `i`, which is compared with those from `j` on, and before `end`. `Spans` is a vector of
-/// them, or `VertexSpans`.
+/// The verdict on span `i`, which is compared with those from `j` on, and before `end`. `Spans` is a vector
+/// of them, or `VertexSpans`.
 template <class Spans, class SearchForm>
 Verdict Judge(const Spans& raw, std::size_t i, std::size_t j, std::size_t end, double nearest,
               SearchForm& search) {
