@@ -119,7 +119,7 @@ TEST_F(FormSchema, HasTheKeysAndLettersOfEveryDevice) {
 TEST_F(FormSchema, TakesTheExamples) {
   for (const char* const folder : {"/examples/definitions", "/share/schema"}) {
     for (const auto& entry : std::filesystem::directory_iterator(VANZET_SOURCE_DIR + std::string(folder))) {
-      if (entry.path().filename() == "definition.schema.json") continue;
+      if (entry.path().string().ends_with(".schema.json")) continue;
       EXPECT_EQ(Refused(ReadBytes(entry.path())), "") << entry.path();
     }
   }
