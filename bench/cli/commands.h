@@ -48,6 +48,7 @@ void AddCommand(Command& vanzet, Context& context);
 void AddPicture(Command& vanzet, Context& context);
 void AddExport(Command& vanzet, Context& context);
 void AddDevice(Command& vanzet, Context& context);
+void AddCatalogue(Command& vanzet, Context& context);
 void AddContour(Command& vanzet, Context& context);
 void AddHelp(Command& vanzet, Context& context);
 void AddCompletion(Command& vanzet, Context& context);

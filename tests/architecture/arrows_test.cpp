@@ -56,7 +56,7 @@ const std::map<std::string, Folders> kWorkbench = {
     {"history", {"base", "vdm", "project", "scene", "define"}},
     {"cli",
      {"base", "vdm", "project", "drawing", "language", "api", "contour", "geometry", "modeller", "scene",
-      "section", "results", "define", "catalogue", "show", "history", "process"}},
+      "section", "results", "define", "catalogue", "show", "history", "process", "devices"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
       "results", "define", "show", "history", "devices", "process"}},

@@ -161,6 +161,7 @@ TEST(CommandTree, IsTranslatedIntoEveryLanguage) {
   Command program;
   DescribeProgram(program, context);
   std::set<std::string> texts = test::MarkedTexts("bench/cli");
+  texts.merge(test::MarkedTexts("bench/catalogue"));
   Collect(program, texts);
   texts.erase("");
   test::ExpectTranslated(kTextSection, texts);

@@ -1,0 +1,241 @@
+#include <optional>
+
+#include "base/numbers.h"
+#include "base/one_line.h"
+#include "base/quote.h"
+#include "catalogue/comparison.h"
+#include "catalogue/kinds.h"
+#include "catalogue/rules.h"
+#include "cli/catalogue/family.h"
+#include "cli/catalogue/places.h"
+#include "cli/catalogue/print.h"
+#include "devices/kinds.h"
+
+/// The commands that change single devices of a catalogue.
+namespace vanzet::cli {
+namespace {
+
+using catalogue::Entry;
+using catalogue::Shop;
+
+/// A letter or a figure with its text: "A=80", "max_speed=4500".
+struct Assignment {
+  std::string key, text;
+
+  bool IsLetter() const { return key.size() == 1; }
+};
+
+Assignment AssignmentOf(const std::string& name, const std::string& word) {
+  const std::size_t sign = word.find('=');
+  if (sign == std::string::npos || sign == 0)
+    throw WrongUsage{name, "expected KEY=VALUE, found " + Quoted(word)};
+  return {word.substr(0, sign), word.substr(sign + 1)};
+}
+
+TakeWord StoreLetter(std::vector<Assignment>& assignments) {
+  return [&assignments](const std::string& name, const std::string& word) {
+    const Assignment assignment = AssignmentOf(name, word);
+    const bool isLetter = assignment.IsLetter() && assignment.key >= "A" && assignment.key <= "J";
+    if (!isLetter || !WholeReal(assignment.text))
+      throw WrongUsage{name, "expected a letter and its value, such as A=80, found " + Quoted(word)};
+    assignments.push_back(assignment);
+  };
+}
+
+struct Arguments {
+  std::vector<std::string> words;
+  SplitWords read;
+  std::string kind;
+  std::vector<Assignment> letters, figures;
+  bool replaces = false, isJson = false;
+
+  const std::string& Name() const { return read.words.front(); }
+};
+
+/// Fails for a letter that the kind does not have.
+Result<void> SetLetter(DeviceParams& params, const Assignment& letter) {
+  const char sign = letter.key.front();
+  if (devices::FindLetter(params.type, sign) == nullptr) {
+    std::string known;
+    for (const devices::Letter& each : devices::LettersOf(params.type)) known += each.letter;
+    return Fault{"a " + std::string(catalogue::KindWord(params.type)) + " does not have the letter " +
+                 letter.key + "; it has " + known};
+  }
+  const auto value = WholeReal(letter.text);
+  if (!value) return Fault{letter.key + ": expected a number, found " + Quoted(letter.text)};
+  catalogue::LetterOf(params, sign) = *value;
+  return {};
+}
+
+/// Puts a device with these letters into the catalogue. Fails when the result is not a device.
+Result<void> PutDevice(Shop& shop, const std::string& name, DeviceParams params,
+                       const std::vector<Assignment>& letters) {
+  for (const Assignment& letter : letters) VANZET_DO(SetLetter(params, letter));
+  params = catalogue::Rounded(params);
+  std::string refusal = catalogue::NameRefusal(name);
+  if (refusal.empty()) refusal = catalogue::ValuesRefusal(params);
+  if (!refusal.empty()) return Fault{refusal};
+  return shop.catalogue.Put(name, params);
+}
+
+Result<void> SetFigures(Shop& shop, const std::string& name, const std::vector<Assignment>& figures) {
+  for (const Assignment& figure : figures) VANZET_DO(shop.maker.Set(name, figure.key, figure.text));
+  return {};
+}
+
+/// Prints the device that was changed.
+Result<void> PrintChanged(const Shop& shop, const Arguments& arguments, const std::string& line) {
+  if (arguments.isJson) return PrintJson(JsonOf(shop, {shop.catalogue.Find(arguments.Name())}));
+  return Print(line + "\n");
+}
+
+/// The fault with the file that it is about.
+Fault WithFile(Fault fault, const std::filesystem::path& file) {
+  if (fault.file.empty()) fault.file = file.string();
+  return fault;
+}
+
+/// A change of a shop; it returns the line to be printed.
+using Change = std::function<Result<std::string>(Shop&)>;
+
+/// Changes the catalogue and prints the device as it is then.
+Result<void> ChangeAndPrint(const Arguments& arguments, const Context& context, const Change& change) {
+  VANZET_TRY(const auto file, CatalogueFileOf(arguments.read.project.string(), context));
+  Shop changed;
+  std::string line;
+  VANZET_DO(catalogue::ChangeShop(file, [&](Shop& shop) -> Result<bool> {
+    const auto text = change(shop);
+    if (!text) return WithFile(text.fault(), file);
+    line = *text;
+    changed = shop;
+    return true;
+  }));
+  return PrintChanged(changed, arguments, line);
+}
+
+Result<std::string> AddTo(Shop& shop, const Arguments& arguments) {
+  const std::string& name = arguments.Name();
+  const bool isThere = shop.catalogue.Find(name) != nullptr;
+  if (isThere && !arguments.replaces)
+    return Fault{"the catalogue already has the device " + Quoted(name) + "; --replace replaces it"};
+  const DeviceParams empty{.type = catalogue::TypesOfWord(arguments.kind).front()};
+  VANZET_DO(PutDevice(shop, name, empty, arguments.letters));
+  VANZET_DO(SetFigures(shop, name, arguments.figures));
+  return (isThere ? "replaced " : "added ") + LineOf(*shop.catalogue.Find(name));
+}
+
+Result<std::string> SetIn(Shop& shop, const Arguments& arguments) {
+  VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.Name()));
+  const std::string name = entry->name;
+  const Shop before = shop;
+  if (!arguments.letters.empty()) VANZET_DO(PutDevice(shop, name, entry->params, arguments.letters));
+  VANZET_DO(SetFigures(shop, name, arguments.figures));
+  std::string line;
+  for (const std::string& change : catalogue::DeviceChanges(before, name, shop, name)) {
+    line += (line.empty() ? "" : "; ") + change;
+  }
+  return OneLine(name + ": " + (line.empty() ? "nothing was changed" : line));
+}
+
+Result<void> Remove(const Arguments& arguments, const Context& context) {
+  VANZET_TRY(const auto file, CatalogueFileOf(arguments.read.project.string(), context));
+  Json removed;
+  std::string line;
+  VANZET_DO(catalogue::ChangeShop(file, [&](Shop& shop) -> Result<bool> {
+    VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.Name()));
+    removed = JsonOf(shop, {entry});
+    line = "removed " + LineOf(*entry);
+    shop.catalogue.Remove(arguments.Name());
+    const bool hasAnother = shop.catalogue.Find(arguments.Name()) != nullptr;
+    if (hasAnother) line += "; the catalogue has another device of that name";
+    if (!hasAnother) shop.maker.Put(arguments.Name(), nullptr);
+    return true;
+  }));
+  return arguments.isJson ? PrintJson(removed) : Print(line + "\n");
+}
+
+/// Splits the words of `set`: [PROJECT] NAME KEY=VALUE...; the first word with a sign that follows a name is
+/// the first value.
+void ReadSetWords(Arguments& arguments) {
+  std::vector<std::string>& words = arguments.words;
+  std::size_t names = 1;
+  if (words.size() > 2 && (words[1].find('=') == std::string::npos)) names = 2;
+  arguments.read = SplitCatalogue({words.begin(), words.begin() + static_cast<std::ptrdiff_t>(names)}, 1);
+  for (std::size_t i = names; i < words.size(); ++i) {
+    Assignment assignment = AssignmentOf("KEY=VALUE", words[i]);
+    (assignment.IsLetter() ? arguments.letters : arguments.figures).push_back(std::move(assignment));
+  }
+}
+
+Command& AddEdit(Command& catalogue, const char* name, const char* help, const char* operands,
+                 const std::shared_ptr<Arguments>& arguments) {
+  Command& command = catalogue.AddCommand(name, help);
+  command.AddOperands(operands, kCatalogueHelp, arguments->words).Required().Count(1, 2);
+  command.AddFlag("--json", "print the device as JSON", arguments->isJson);
+  command.check = [=] { arguments->read = SplitCatalogue(arguments->words, 1); };
+  return command;
+}
+
+}  // namespace
+
+void AddCatalogueAdd(Command& catalogue, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  Command& command =
+      AddEdit(catalogue, "add", "Adds a device to a catalogue, which is made where it is missing.",
+              "[PROJECT] NAME", arguments);
+  command.AddOption("--kind", "KIND", "the kind of the device", StoreText(arguments->kind))
+      .Required()
+      .OneOf(catalogue::ParametricWords());
+  command
+      .AddOption("--letter", "A=VALUE", "the value of a letter, in millimetres or degrees; without it 0",
+                 StoreLetter(arguments->letters))
+      .Repeatable();
+  command
+      .AddOption("--maker", "KEY=VALUE", "a figure of the maker, as 'set' takes it",
+                 [=](const std::string& name, const std::string& word) {
+                   arguments->figures.push_back(AssignmentOf(name, word));
+                 })
+      .Repeatable();
+  command.AddFlag("--replace", "replace a device of that name", arguments->replaces);
+  command.notes = "Values that make no solid are refused.";
+  command.examples = {
+      "vanzet catalogue add lathe 'Chuck 250' --kind chuck --letter A=125 --letter B=105 --letter C=35",
+      "vanzet catalogue add lathe 'Chuck 160' --kind chuck --letter A=80 --letter B=92 --letter C=26 "
+      "--replace"};
+  command.work = [=, &context] {
+    return ChangeAndPrint(*arguments, context, [&](Shop& shop) { return AddTo(shop, *arguments); });
+  };
+}
+
+void AddCatalogueSet(Command& catalogue, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  Command& command =
+      catalogue.AddCommand("set", "Changes letters and maker data of a device of a catalogue.");
+  command.AddOperands("[PROJECT] NAME KEY=VALUE...", kCatalogueHelp, arguments->words).Required();
+  command.AddFlag("--json", "print the device as JSON", arguments->isJson);
+  command.notes =
+      "KEY is a letter, or one of the maker data, which are in clampdevice.json beside the catalogue:\n"
+      "clamp_outside and clamp_inside (a range of diameters, mm, such as 20..160), through_hole and stroke "
+      "(mm),\nmax_speed (1/min), max_force (kN), max_pressure (bar), mass and max_mass (kg), max_bar_length "
+      "(mm),\norder, link and note (texts). An empty value removes a figure.";
+  command.examples = {
+      "vanzet catalogue set lathe 'Chuck 160' B=92",
+      "vanzet catalogue set lathe 'Chuck 160' max_speed=4500 clamp_outside=20..160 order=KF-160"};
+  command.check = [=] {
+    if (arguments->words.size() < 2) throw WrongUsage{"KEY=VALUE", "is missing"};
+    ReadSetWords(*arguments);
+  };
+  command.work = [=, &context] {
+    return ChangeAndPrint(*arguments, context, [&](Shop& shop) { return SetIn(shop, *arguments); });
+  };
+}
+
+void AddCatalogueRemove(Command& catalogue, Context& context) {
+  const auto arguments = std::make_shared<Arguments>();
+  Command& command = AddEdit(catalogue, "remove", "Removes a device and its maker data from a catalogue.",
+                             "[PROJECT] NAME", arguments);
+  command.examples = {"vanzet catalogue remove lathe 'Collet D20'"};
+  command.work = [=, &context] { return Remove(*arguments, context); };
+}
+
+}  // namespace vanzet::cli

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "catalogue/shop.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+
+/// The catalogues that words of the command line name: the folder of a project, or a catalogue file.
+namespace vanzet::cli {
+
+/// Splits words of which one may be a project or a catalogue file, as `SplitOperands` does for projects.
+SplitWords SplitCatalogue(const std::vector<std::string>& words, std::size_t count);
+
+/// True for a word that names a project or a catalogue file, or "-".
+bool IsCatalogue(const std::string& word);
+
+/// The file of a catalogue, which need not exist. Fails for standard input, which cannot be changed.
+Result<std::filesystem::path> CatalogueFileOf(const std::string& word, const Context& context);
+
+/// Reads a catalogue with its maker data; "-" is standard input.
+Result<catalogue::Shop> LoadShop(const std::string& word, const Context& context);
+
+/// The first device of that name; the fault has near names.
+Result<const catalogue::Entry*> FindDevice(const catalogue::Shop& shop, const std::string& name);
+
+}  // namespace vanzet::cli
