@@ -51,10 +51,22 @@ struct NewArguments {
   std::vector<project::SettingChange> settings;
 };
 
+/// Until the folder gets its name, the settings have that of the project on a server.
+Result<void> NameOnServer(const std::filesystem::path& folder, const NewArguments& arguments,
+                          const Context& context) {
+  VANZET_TRY(const auto project, project::Project::Open(folder, context.places.share));
+  const project::StorePlace& store = project.settings().store;
+  if (store.connection.empty() || store.project != project.folder().filename()) return {};
+  auto target = std::filesystem::absolute(arguments.folder).lexically_normal();
+  if (!target.has_filename()) target = target.parent_path();
+  return project::ChangeSettings(folder, {{"bench.ini", "store", "project", target.filename().string()}});
+}
+
 /// Changes settings and makes the definitions in the folder that becomes the project, and reports both.
 Result<void> FillProject(const std::filesystem::path& folder, const NewArguments& arguments,
                          Context& context) {
   VANZET_DO(project::ChangeSettings(folder, arguments.settings));
+  VANZET_DO(NameOnServer(folder, arguments, context));
   VANZET_TRY(const auto hosted, HostProject(folder, "", context));
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
   VANZET_TRY(const auto definitions, api::UpgradeDefinitions(module, *hosted->host));

@@ -36,7 +36,8 @@ content() {
 }
 
 the_main_commands_work() {
-  run new lathe --set "engine=$server" --set project=lathe >/dev/null
+  run new lathe --set "engine=$server" >/dev/null
+  expect lathe "$(sql "SELECT name FROM vanzet.project")"
   [ ! -e lathe/store.db ] || fail "there is a store in the folder"
   run define "$jobs/bar-job.json" lathe >/dev/null
   run vdm save 1000 first.vdm lathe >/dev/null
