@@ -14,23 +14,24 @@ namespace {
 using geometry::Point3d;
 using geometry::Vector3d;
 
-/// The directions to the eye and up, from the middle.
+/// The directions to the eye, from the middle.
 struct ViewRow {
   std::string_view word;
-  Vector3d toward, up;
+  Vector3d toward;
 };
 const std::array<ViewRow, 7> kViews = {{
-    {"iso", {0.62, 0.48, 0.62}, {0, 1, 0}},
-    {"front", {0, 0, 1}, {0, 1, 0}},
-    {"back", {0, 0, -1}, {0, 1, 0}},
-    {"top", {0, 1, 0}, {0, 0, -1}},
-    {"bottom", {0, -1, 0}, {0, 0, 1}},
-    {"left", {-1, 0, 0}, {0, 1, 0}},
-    {"right", {1, 0, 0}, {0, 1, 0}},
+    {"iso", {0.62, 0.48, 0.62}},
+    {"front", {0, 0, 1}},
+    {"back", {0, 0, -1}},
+    {"top", {0, 1, 0}},
+    {"bottom", {0, -1, 0}},
+    {"left", {-1, 0, 0}},
+    {"right", {1, 0, 0}},
 }};
 
 constexpr double kMargin = 0.06;              // of the picture, on each side
 constexpr double kLeast = 1e-4, kMost = 1e5;  // pixels a millimetre
+constexpr double kUpright = 1e-6;             // a direction that is less aside has no upright picture
 constexpr double kPole = -1e-9;               // the most that up may point down
 
 /// Turns a vector about a unit vector.
@@ -57,10 +58,16 @@ std::optional<View> ViewNamed(std::string_view word) {
 }
 
 Look LookFrom(View view, bool isPerspective, const std::vector<Point3d>& points, int width, int height) {
-  const ViewRow& row = kViews.at(static_cast<std::size_t>(view));
+  return LookToward(kViews.at(static_cast<std::size_t>(view)).toward, isPerspective, points, width, height);
+}
+
+Look LookToward(const Vector3d& toward, bool isPerspective, const std::vector<Point3d>& points, int width,
+                int height) {
   Look look;
-  look.toward = UnitVector(row.toward);
-  look.up = Cross(look.toward, UnitVector(Cross(row.up, look.toward)));
+  look.toward = UnitVector(toward);
+  const bool isUpright = std::fabs(look.toward.dx) + std::fabs(look.toward.dz) < kUpright;
+  const Vector3d up = isUpright ? Vector3d(0, 0, look.toward.dy > 0 ? -1 : 1) : Vector3d(0, 1, 0);
+  look.up = Cross(look.toward, UnitVector(Cross(up, look.toward)));
   look.isPerspective = isPerspective;
   return FitPoints(look, points, width, height);
 }

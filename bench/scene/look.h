@@ -31,6 +31,11 @@ struct Look {
 Look LookFrom(View view, bool isPerspective, const std::vector<geometry::Point3d>& points, int width,
               int height);
 
+/// The same from any direction, a vector to the eye of any length above 0; right above and below, the upper
+/// side of the picture is as in the views of those sides.
+Look LookToward(const geometry::Vector3d& toward, bool isPerspective,
+                const std::vector<geometry::Point3d>& points, int width, int height);
+
 /// Moves and scales a look so that all points fit; the side stays the same.
 Look FitPoints(Look look, const std::vector<geometry::Point3d>& points, int width, int height);
 

@@ -17,6 +17,8 @@
 #include "window/commands/dialog_place.h"
 #include "window/commands/reading_bar.h"
 #include "window/qt_text.h"
+#include "window/views/section_bar.h"
+#include "window/views/view_cube.h"
 
 namespace vanzet::window {
 namespace {
@@ -102,6 +104,8 @@ QWidget* MainWindow::MakeViews() {
   drawing_ = new DrawingView;
   const bool usesOpenGl = painter_ && painter_->usesOpenGl;
   equipment_ = new EquipmentView(usesOpenGl ? EquipmentView::By::kOpenGl : EquipmentView::By::kPainter);
+  equipment_->SetMouseStyle(MouseStyleNamed(memory_.MouseStyle()));
+  MakeCube();
   drawingPane_ = new ViewPane(drawing_, this);
   equipmentPane_ = new ViewPane(equipment_, this);
   spurs_ = new QComboBox;
@@ -111,6 +115,7 @@ QWidget* MainWindow::MakeViews() {
                                 Command::kSection, Command::kPerspective}) {
     equipmentPane_->Add((*actions_)[command]);
   }
+  equipmentPane_->Add(new SectionBar(texts_, *equipment_));
   (*actions_)[Command::kHalfSection]->setChecked(true);
   drawingPane_->Add((*actions_)[Command::kHalfSection]);
   drawingPane_->Add((*actions_)[Command::kGrid]);
@@ -122,6 +127,18 @@ QWidget* MainWindow::MakeViews() {
   split_->setStretchFactor(1, 3);
   split_->setChildrenCollapsible(false);
   return split_;
+}
+
+void MainWindow::MakeCube() {
+  auto* const cube = new ViewCube(texts_, equipment_);
+  connect(cube, &ViewCube::DirectionChosen, equipment_,
+          qOverload<const geometry::Vector3d&>(&EquipmentView::LookFrom));
+  connect(equipment_, &EquipmentView::LookChanged, cube, [this, cube] {
+    cube->setVisible(equipment_->model() != nullptr);
+    cube->move(equipment_->width() - cube->width(), 0);
+    cube->Turn(equipment_->look());
+  });
+  cube->hide();
 }
 
 void MainWindow::MakeWelcome() {

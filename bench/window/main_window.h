@@ -48,6 +48,7 @@ class MainWindow final : public QMainWindow {
  private:
   void MakeCentre();
   QWidget* MakeViews();
+  void MakeCube();
   void MakeDocks();
   void MakeWelcome();
   void MakeStatusBar();

@@ -20,7 +20,8 @@ enum class Text {
   kDrawingOnly,
   kEquipmentOnly, kDefinitionTree, kLayers, kMessages, kLight, kDark, kDrawingSvg,
   kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf, kContents, kAbout,
-  kWindowTitle, kHelpTitle, kAboutText, kDrawnByOpenGl, kDrawnByPainter, kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
+  kWindowTitle, kHelpTitle, kAboutText, kDrawnByOpenGl, kDrawnByPainter, kViewCube, kSectionPlane, kPlaneUpright, kPlaneLevel, kPlaneAcross, kSectionPlace,
+  kDrawing, kEquipment, kNoProject, kNothingDrawn, kNoEquipment,
   kAllCalls, kCopyAll, kClear,
   kTreeName, kTreeContent, kSpur, kSpurChoice, kNoDefinition, kVdmAndVersion, kDamaged, kSection, kItems, kMoreItems, kRecords, kDefinePart, kCopyRow,
   kBodies, kShownBodies, kSeeThrough, kDefinitionFiles, kClose,
@@ -31,7 +32,7 @@ enum class Text {
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kFloat, kHelpBack, kHelpSearch, kNotFound, kLines, kCancelled, kWelcome,
   kRecentProjects, kFromSample, kHowTo, kReadGuide, kPalette, kFindCommand, kSettings,
-  kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kOk,
+  kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kMouse, kLeftTurns, kMiddleTurns, kRightTurns, kOk,
   kUndo, kHistory, kWhen, kBy, kChange, kRestore, kRestored, kBeforeLastChange, kNothingToUndo,
   kCount
 };

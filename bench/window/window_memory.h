@@ -27,6 +27,10 @@ class WindowMemory {
   int Decimals() const { return settings_.value("decimals", 3).toInt(); }
   void SetDecimals(int decimals) { settings_.setValue("decimals", decimals); }
 
+  /// The name of the buttons that turn and move the equipment.
+  QString MouseStyle() const { return settings_.value("mouse").toString(); }
+  void SetMouseStyle(const QString& name) { settings_.setValue("mouse", name); }
+
   /// The name of the arrangement of the views.
   QString Views() const { return settings_.value("views").toString(); }
   void SetViews(const QString& name) { settings_.setValue("views", name); }

@@ -47,6 +47,8 @@ SettingsBox::SettingsBox(const Texts& texts, const Settings& settings, QWidget* 
   decimals_->setRange(0, kMostDecimals);
   decimals_->setAccessibleName(texts(Text::kDecimals));
   form->addRow(texts(Text::kDecimals), decimals_);
+  mouse_ = addList(Text::kMouse);
+  for (const MouseStyleRow& style : MouseStyles()) mouse_->addItem(texts(style.text), QString(style.name));
   auto* const buttons = new QDialogButtonBox;
   buttons->addButton(texts(Text::kOk), QDialogButtonBox::AcceptRole);
   buttons->addButton(texts(Text::kCancel), QDialogButtonBox::RejectRole);
@@ -57,12 +59,14 @@ SettingsBox::SettingsBox(const Texts& texts, const Settings& settings, QWidget* 
   Choose(*appearance_, settings.appearance == Appearance::kDark);
   Choose(*unit_, settings.unit);
   decimals_->setValue(settings.decimals);
+  Choose(*mouse_, QString(NameOf(settings.mouse)));
 }
 
 Settings SettingsBox::Chosen() const {
   return {language_->currentData().toString().toStdString(),
           appearance_->currentData().toBool() ? Appearance::kDark : Appearance::kLight,
-          unit_->currentData().toString(), decimals_->value()};
+          unit_->currentData().toString(), decimals_->value(),
+          MouseStyleNamed(mouse_->currentData().toString())};
 }
 
 }  // namespace vanzet::window

@@ -4,6 +4,7 @@
 
 #include "window/texts.h"
 #include "window/theme.h"
+#include "window/views/mouse_style.h"
 
 class QComboBox;
 class QSpinBox;
@@ -16,6 +17,7 @@ struct Settings {
   Appearance appearance = Appearance::kLight;
   QString unit;      ///< of lengths: "mm", "inch"; empty: that of the project
   int decimals = 3;  ///< of the cursor's place
+  MouseStyle mouse = MouseStyle::kLeftTurns;
 
   bool operator==(const Settings&) const = default;
 };
@@ -33,6 +35,7 @@ class SettingsBox final : public QDialog {
   QComboBox* appearance_;
   QComboBox* unit_;
   QSpinBox* decimals_;
+  QComboBox* mouse_;
 };
 
 }  // namespace vanzet::window

@@ -81,13 +81,16 @@ void ViewCommands::Arrange(Command command) {
 }
 
 void ViewCommands::AskForSettings() {
-  const Settings now = {texts_.language(), AppearanceOf(qApp->palette()), memory_.Unit(), memory_.Decimals()};
+  const Settings now = {texts_.language(), AppearanceOf(qApp->palette()), memory_.Unit(), memory_.Decimals(),
+                        parts_.equipment.mouseStyle()};
   SettingsBox box(texts_, now, workplace_.window);
   if (box.exec() != QDialog::Accepted) return;
   const Settings chosen = box.Chosen();
   if (chosen.language != now.language) ChooseLanguage(chosen.language);
   if (chosen.appearance != now.appearance) ApplyAppearance(chosen.appearance);
   memory_.SetDecimals(chosen.decimals);
+  memory_.SetMouseStyle(NameOf(chosen.mouse));
+  parts_.equipment.SetMouseStyle(chosen.mouse);
   if (chosen.unit == now.unit) return;
   memory_.SetUnit(chosen.unit);
   emit UnitChosen();

@@ -14,6 +14,7 @@ namespace {
 constexpr double kStep = 1.2;    // of zooming, for one notch of the wheel
 constexpr double kNotch = 120;   // eighths of a degree
 constexpr double kTurn = 0.008;  // radians a pixel
+constexpr double kZoom = 0.05;   // notches of the wheel a pixel
 constexpr double kClick = 4;     // pixels that the mouse may move in a click
 constexpr int kRest = 30;        // milliseconds before the body under the cursor is looked for
 
@@ -79,13 +80,20 @@ Result<void> EquipmentView::MakeModel() {
 
 void EquipmentView::CutModel() {
   const bool isCut = isSection_ && whole_ != nullptr;
-  model_ = isCut ? std::make_shared<scene::Model>(scene::CutModel(*whole_, {})) : whole_;
+  model_ = isCut ? std::make_shared<scene::Model>(scene::CutModel(*whole_, plane_)) : whole_;
   Invalidate();
 }
 
 void EquipmentView::LookFrom(scene::View view) {
   const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
   look_ = scene::LookFrom(view, look_.isPerspective, points, width(), height());
+  isFitted_ = true;
+  Invalidate();
+}
+
+void EquipmentView::LookFrom(const geometry::Vector3d& toward) {
+  const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
+  look_ = scene::LookToward(toward, look_.isPerspective, points, width(), height());
   isFitted_ = true;
   Invalidate();
 }
@@ -106,6 +114,24 @@ void EquipmentView::SetPerspective(bool isPerspective) {
 void EquipmentView::SetSection(bool isSection) {
   isSection_ = isSection;
   CutModel();
+  emit SectionSwitched(isSection);
+}
+
+void EquipmentView::SetSectionPlane(const scene::Plane& plane) {
+  plane_ = plane;
+  CutModel();
+}
+
+std::pair<double, double> EquipmentView::ExtentAlong(const geometry::Vector3d& direction) const {
+  if (whole_ == nullptr || whole_->bodies.empty()) return {};
+  std::pair<double, double> extent = {1e30, -1e30};
+  for (const scene::ModelBody& body : whole_->bodies) {
+    for (const scene::SurfacePoint& point : body.surface.points) {
+      const double along = Dot(direction, geometry::Vector3d(point.x, point.y, point.z));
+      extent = {std::min(extent.first, along), std::max(extent.second, along)};
+    }
+  }
+  return extent;
 }
 
 void EquipmentView::AskForSolid(bool isAsked) {
@@ -115,6 +141,7 @@ void EquipmentView::AskForSolid(bool isAsked) {
 
 void EquipmentView::Invalidate() {
   canvas_->Invalidate();
+  emit LookChanged();
 }
 
 void EquipmentView::Repaint() {
@@ -180,12 +207,16 @@ void EquipmentView::mouseMoveEvent(QMouseEvent* event) {
     return;
   }
   if (!hasMoved_) return;
-  const bool isTurn = event->buttons() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier);
-  if (isTurn) {
-    look_ = scene::TurnEye(look_, -by.x() * kTurn, -by.y() * kTurn);
-  } else {
-    look_.shiftX += by.x();
-    look_.shiftY += by.y();
+  Drag(DeedOf(mouseStyle_, event->buttons(), event->modifiers()), by);
+}
+
+void EquipmentView::Drag(DragDeed deed, const QPointF& by) {
+  switch (deed) {
+    case DragDeed::kNothing: return;
+    case DragDeed::kTurn: look_ = scene::TurnEye(look_, -by.x() * kTurn, -by.y() * kTurn); break;
+    case DragDeed::kMove: look_.shiftX += by.x(), look_.shiftY += by.y(); break;
+    case DragDeed::kZoom:
+      look_ = scene::ZoomAt(look_, std::pow(kStep, -by.y() * kZoom), pressed_.x(), pressed_.y());
   }
   isFitted_ = false;
   Invalidate();

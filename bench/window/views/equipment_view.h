@@ -6,11 +6,12 @@
 
 #include "window/views/body_canvas.h"
 #include "window/views/measure.h"
+#include "window/views/mouse_style.h"
 
 namespace vanzet::window {
 
-/// Shows equipment in space: turned by dragging, moved by dragging with the right or middle button or with
-/// Shift, zoomed at the cursor by the wheel, fitted by a double click beside all bodies. The body under the
+/// Shows equipment in space: turned and moved by dragging, by the buttons of the mouse style, zoomed at the
+/// cursor by the wheel, fitted by a double click beside all bodies. The body under the
 /// cursor is named and marked; a click selects it.
 ///
 /// The bodies are drawn by a canvas that fills the view, by OpenGL or by the painter.
@@ -26,9 +27,19 @@ class EquipmentView final : public QWidget {
   void SetHint(const QString& hint) { hint_ = hint, Repaint(); }  ///< shown while there is nothing to see
 
   void LookFrom(scene::View view);
+  void LookFrom(const geometry::Vector3d& toward);  ///< `toward` leads to the eye
   void Fit();
   void SetPerspective(bool isPerspective);
+  void SetMouseStyle(MouseStyle style) { mouseStyle_ = style; }
+  MouseStyle mouseStyle() const { return mouseStyle_; }
+
+  /// Cuts everything open by a plane, that through the axis at first.
   void SetSection(bool isSection);
+  void SetSectionPlane(const scene::Plane& plane);
+  bool isSection() const { return isSection_; }
+
+  /// How far the bodies reach along a direction, before and behind the origin; 0 without bodies.
+  std::pair<double, double> ExtentAlong(const geometry::Vector3d& direction) const;
 
   // Bodies by their names in the scene. A look stays while scenes change; a name that no scene has does
   // nothing.
@@ -61,6 +72,8 @@ class EquipmentView final : public QWidget {
 
  signals:
   void SolidPicked(const QString& name);
+  void SectionSwitched(bool isOn);
+  void LookChanged();                       ///< the equipment is seen from elsewhere
   void BodiesChanged();                     ///< there is another scene, or none
   void BodyHovered(const QString& body);    ///< empty: no body is under the cursor
   void BodySelected(const QString& body);   ///< by a click; empty: beside all bodies
@@ -82,6 +95,7 @@ class EquipmentView final : public QWidget {
   void Invalidate();  ///< the bodies have to be drawn again
   void Repaint();     ///< what is over the bodies has to be painted again
   void PaintOverlay(QPainter& painter);
+  void Drag(DragDeed deed, const QPointF& by);
   scene::DrawOptions Options() const;
   QString SolidAt(const QPointF& place) const;
   QString BodyAt(const QPointF& place) const;
@@ -94,6 +108,8 @@ class EquipmentView final : public QWidget {
   std::shared_ptr<const scene::Scene> scene_;
   std::shared_ptr<const scene::Model> whole_, model_;  ///< without and with the section
   bool isSection_ = false;
+  scene::Plane plane_;
+  MouseStyle mouseStyle_ = MouseStyle::kLeftTurns;
   scene::Look look_;
   bool isFitted_ = true;  ///< until the user moves or zooms
   BodyCanvas* canvas_;
