@@ -1,10 +1,12 @@
 #include "cli/script_report.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 
 #include <nlohmann/json.hpp>
 
+#include "base/files/system_fault.h"
 #include "base/one_line.h"
 #include "base/quote.h"
 #include "cli/output.h"
@@ -35,9 +37,10 @@ constexpr Ending kEndings[] = {
 };
 
 /// Reads the events of a transcript. States are many and long, and are passed over by their first bytes.
-Played EventsOf(const std::filesystem::path& transcript) {
+Result<Played> EventsOf(const std::filesystem::path& transcript) {
   Played played;
   std::ifstream lines(transcript);
+  if (!lines.is_open()) return files::SystemFault("cannot be read", errno, transcript);
   for (std::string line; std::getline(lines, line);) {
     const bool isBox = line.starts_with(R"({"event":"box")");
     if (!isBox && !line.starts_with(R"({"event":"closed")")) continue;
@@ -49,6 +52,7 @@ Played EventsOf(const std::filesystem::path& transcript) {
       played.first = event.value("text", "");
     }
   }
+  if (lines.bad()) return files::SystemFault("cannot be read", errno, transcript);
   return played;
 }
 
@@ -99,7 +103,7 @@ Result<std::string> ScriptReport::Line(const std::string& script,
   std::string line = OneLine(script) + ": " + changes;
   std::error_code unknown;
   if (std::filesystem::is_regular_file(transcript, unknown)) {
-    const Played played = EventsOf(transcript);
+    VANZET_TRY(const auto played, EventsOf(transcript));
     line += "; " + MessagesText(played) + "; " + std::string(EndText(played));
   }
   return line + "\n";

@@ -98,6 +98,19 @@ TEST(FailingReads, OfAStoreAreNotTakenForDamage) {
   }
 }
 
+TEST(FailingOpens, OfATranscriptAreNotADialogThatWasNotOpened) {
+  const Case work(*std::ranges::find(Commands(), "ScriptTranscript", &Command::name));
+  const Workplace place;
+  for (long number = 1;; ++number) {
+    place.CopyFrom(work.before);
+    const Outcome run =
+        place.Vanzet(work.command.words, "open " + std::to_string(number) + " EACCES transcript.jsonl");
+    if (run.report.empty()) break;
+    EXPECT_EQ(run.status, 1) << number << ": " << run.out;
+    EXPECT_THAT(run.err, testing::HasSubstr("transcript.jsonl: cannot be ")) << number;
+  }
+}
+
 TEST(FailingOpens, HideNoFindingOfACheck) {
   const auto check = std::ranges::find(Commands(), "StoreCheck", &Command::name);
   const Case work(*check);
