@@ -102,7 +102,9 @@ std::vector<Result<Body>> ImportBodies(const std::vector<fs::path>& files, const
 }
 
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
-  if (const auto plain = ReadPlainVrml(text)) return BodiesOf(*plain);
+  if (const auto plain = ReadPlainVrml(text)) {
+    return CatchKernelFailures([&]() -> Result<std::vector<VrmlBody>> { return BodiesOf(*plain); });
+  }
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   std::ofstream bytes(parcel.Path(), std::ios::binary);
   bytes << text;

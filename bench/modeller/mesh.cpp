@@ -197,17 +197,6 @@ Fault Unmeshed() {
   return {.text = "a face of the body could not be meshed", .kind = FaultKind::kSystem};
 }
 
-/// The mesh of one of our own solids.
-Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
-  // The kernel passes over a face that it fails at, also for lack of memory, and says so or not; ours have
-  // none that it cannot mesh, and no holes.
-  if (!Triangulate(shape.shape, tolerance)) return Unmeshed();
-  Mesh mesh = FacetsOf(shape.shape);
-  if (!mesh.triangles.empty() && !IsClosed(mesh)) return Unmeshed();
-  KeepMesh(shape, tolerance, mesh);
-  return mesh;
-}
-
 /// Whether the kernel left a face without triangles.
 bool HasBareFace(const TopoDS_Shape& shape) {
   for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
@@ -215,6 +204,17 @@ bool HasBareFace(const TopoDS_Shape& shape) {
     if (BRep_Tool::Triangulation(TopoDS::Face(faces.Current()), place).IsNull()) return true;
   }
   return false;
+}
+
+/// The mesh of one of our own solids.
+Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
+  // The kernel passes over a face that it fails at, also for lack of memory, and says so or not; ours have
+  // none that it cannot mesh, and no holes.
+  if (!Triangulate(shape.shape, tolerance)) return Unmeshed();
+  Mesh mesh = FacetsOf(shape.shape);
+  if (mesh.triangles.empty() ? HasBareFace(shape.shape) : !IsClosed(mesh)) return Unmeshed();
+  KeepMesh(shape, tolerance, mesh);
+  return mesh;
 }
 
 /// The shape with all surfaces turned into splines, or the same shape when the kernel fails at that.
@@ -230,6 +230,18 @@ TopoDS_Shape AsSplines(const TopoDS_Shape& shape) {
 bool IsWhole(const TopoDS_Shape& surfaces, const TopoDS_Shape& meshed) {
   if (!TopExp_Explorer(surfaces, TopAbs_SOLID).More() || IsClosed(FacetsOf(meshed))) return true;
   return HasFreeEdge(surfaces) && !HasBareFace(meshed);
+}
+
+/// Meshes all faces, at the second attempt where memory was short for a moment: the kernel then leaves out a
+/// face and says so or not.
+bool TriangulatesAll(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
+                     const Message_ProgressRange& progress) {
+  constexpr int kAttempts = 2;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    static_cast<void>(Triangulate(shape, tolerance, progress));
+    if (!HasBareFace(shape) && IsWhole(shape, shape)) return true;
+  }
+  return false;
 }
 
 Result<Mesh> NotEmpty(Mesh mesh) {
@@ -253,8 +265,7 @@ Result<Mesh> MeshOf(const Body& body, const MeshTolerance& tolerance) {
 
 Result<TopoDS_Shape> TriangulateSurfaces(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
                                          const Message_ProgressRange& progress) {
-  static_cast<void>(Triangulate(shape, tolerance, progress));
-  if (!HasBareFace(shape) && IsWhole(shape, shape)) return shape;
+  if (TriangulatesAll(shape, tolerance, progress)) return shape;
   // The kernel fails at the parameters of some faces, cones above all; as splines they have others.
   const TopoDS_Shape splines = AsSplines(shape);
   static_cast<void>(Triangulate(splines, tolerance));
