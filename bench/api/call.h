@@ -36,7 +36,7 @@ inline const char* ReturnText(Host& host, std::string text) {
 /// Reports the fault of a failed result on the message panel.
 template <class T>
 void ReportFault(Host& host, const Result<T>& result) {
-  if (!result) host.panel.Tell(result.fault());
+  if (!result) host.panel.TellOfCall(result.fault());
 }
 
 /// The same; returns whether the result is a success.

@@ -48,7 +48,7 @@ Result<void> CallModule(const fs::path& module, const char* function, Host& host
   const HostScope scope(host);
   entry();
   for (const vdm::Number number : host.store.LeftOpen()) {
-    host.panel.Tell(Fault{vdm::NameOf(number) + " was left open; what was changed in it is lost"});
+    host.panel.TellOfCall(Fault{vdm::NameOf(number) + " was left open; what was changed in it is lost"});
   }
   return {};
 }

@@ -94,8 +94,11 @@ Result<void> PlaySteps(const std::string& name, const std::vector<Step>& steps, 
   const int faultsBefore = job.context.panel.faults();
   VANZET_TRY(const auto played, PlayDialog(file, folder / (name + ".jsonl"), job.host, job.context));
   transcript += played;
+  // Refusals of the dialog after a failure of the system follow from it.
+  const bool hasFailed = job.context.panel.faults() > faultsBefore;
+  if (hasFailed && job.context.panel.HasSystemFailed()) return ReportedFault();
   const auto done = ReportRefusals(define::RefusedBy(played, steps, script), job.name, job.context);
-  return done && job.context.panel.faults() > faultsBefore ? ReportedFault() : done;
+  return done && hasFailed ? ReportedFault() : done;
 }
 
 /// The equipment that is defined now for the spurs of the form, as a form; without a definition it is empty.

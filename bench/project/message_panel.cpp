@@ -3,9 +3,13 @@
 namespace vanzet::project {
 namespace {
 
+bool IsOfSystem(FaultKind kind) {
+  return kind == FaultKind::kSystem || kind == FaultKind::kBusy;
+}
+
 /// True for a cause that every later call meets, too.
 bool IsLasting(FaultKind kind) {
-  return kind == FaultKind::kSystem || kind == FaultKind::kBusy || kind == FaultKind::kDamaged;
+  return IsOfSystem(kind) || kind == FaultKind::kDamaged;
 }
 
 /// The message without the macro line that met the cause: a fault has such a line, in quotes, for its file.
@@ -16,7 +20,17 @@ std::string CauseOf(const Fault& fault) {
 
 }  // namespace
 
+void MessagePanel::TellOfCall(const Fault& fault) {
+  Tell(HasSystemFailed() && !IsLasting(fault.kind) ? ReportedFault() : fault);
+}
+
+void MessagePanel::BeginRun() {
+  hasSystemFailed_ = false;
+  lastingCauses_.clear();
+}
+
 bool MessagePanel::IsRepetition(const Fault& fault) {
+  hasSystemFailed_ = hasSystemFailed_ || IsOfSystem(fault.kind);
   return IsLasting(fault.kind) && !lastingCauses_.insert(CauseOf(fault)).second;
 }
 

@@ -21,14 +21,18 @@ class MessagePanel {
     if (fault.kind != FaultKind::kReported && !IsRepetition(fault)) Show(fault);
   }
 
+  /// The same for a call of a module, which goes on: what is refused after the system has failed follows from
+  /// that, counts, and is not shown.
+  void TellOfCall(const Fault& fault);
+
   /// The number of faults that were reported.
   int faults() const { return faults_; }
 
-  /// True when a cause that stays was reported in this run.
-  bool HasLastingCause() const { return !lastingCauses_.empty(); }
+  /// True when a failure of the system was reported in this run, such as a full disk or a lock of others.
+  bool HasSystemFailed() const { return hasSystemFailed_; }
 
   /// From now on causes that were shown before are shown again.
-  void BeginRun() { lastingCauses_.clear(); }
+  void BeginRun();
 
  protected:
   virtual void Show(const Fault& fault) = 0;
@@ -38,6 +42,7 @@ class MessagePanel {
   bool IsRepetition(const Fault& fault);
 
   int faults_ = 0;
+  bool hasSystemFailed_ = false;
   std::set<std::string> lastingCauses_;  ///< as they were shown in this run
 };
 

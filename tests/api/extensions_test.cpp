@@ -25,7 +25,7 @@ TEST_F(Extensions, KeepTheWorkOfAnEventWhereTheHostAsksForIt) {
   EXPECT_EQ(VanzetEventHandled(), 1);
 }
 
-TEST_F(Extensions, SayWhetherACauseWasReportedThatStays) {
+TEST_F(Extensions, SayWhetherTheSystemHasFailed) {
   VanzetReportFault("unknown control '9999'", "job.txt", 2, 7, "press 9999",
                     static_cast<std::int32_t>(FaultKind::kRefused));
   EXPECT_EQ(VanzetHasFailed(), 0);

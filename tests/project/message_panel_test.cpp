@@ -44,14 +44,27 @@ TEST(MessagePanel, ShowsEachCause) {
   EXPECT_EQ(panel.lines.size(), 4U);
 }
 
-TEST(MessagePanel, KnowsWhetherACauseStays) {
+TEST(MessagePanel, KnowsWhetherTheSystemHasFailed) {
   KeepingPanel panel;
   panel.Tell({"unknown command 'rubbish'", "'rubbish'", 1});
-  EXPECT_FALSE(panel.HasLastingCause());
+  panel.Tell({.text = "is damaged", .file = "drawing.txt", .kind = FaultKind::kDamaged});
+  EXPECT_FALSE(panel.HasSystemFailed());
   panel.Tell(FullDisk());
-  EXPECT_TRUE(panel.HasLastingCause());
+  EXPECT_TRUE(panel.HasSystemFailed());
   panel.BeginRun();
-  EXPECT_FALSE(panel.HasLastingCause());
+  EXPECT_FALSE(panel.HasSystemFailed());
+}
+
+TEST(MessagePanel, ShowsNoRefusalOfACallThatFollowsFromAFailureOfTheSystem) {
+  KeepingPanel panel;
+  panel.TellOfCall({"s101 does not exist", "'p100=s101 s104'", 6});
+  panel.TellOfCall(FullDisk());
+  panel.TellOfCall({"s102 does not exist", "'p100=s102 s104'", 6});
+  panel.TellOfCall({.text = "cannot be locked", .file = "store.lock", .kind = FaultKind::kSystem});
+  EXPECT_EQ(panel.lines,
+            (std::vector<std::string>{"'p100=s101 s104':6: s101 does not exist", "store.db: the disk is full",
+                                      "store.lock: cannot be locked"}));
+  EXPECT_EQ(panel.faults(), 4);
 }
 
 TEST(MessagePanel, ShowsARefusalEachTime) {
