@@ -64,6 +64,11 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange, FindBody body) {
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));
+  return SceneOf(project, definition, exchange, std::move(body));
+}
+
+Result<scene::Scene> SceneOf(const project::Project& project, const project::Definition& definition,
+                             const modeller::Exchange& exchange, FindBody body) {
   contour::UseMillimetres();
   VANZET_TRY(const auto steadyRest, SteadyRestOf(project));
   const scene::Sources sources = {[&](const std::string& name) { return FigureOf(project, name); },

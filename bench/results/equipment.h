@@ -26,6 +26,10 @@ using FindBody = std::function<Result<modeller::Body>(const std::string& name)>;
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
                              const modeller::Exchange& exchange, FindBody body);
 
+/// The equipment of a definition of the project of any time.
+Result<scene::Scene> SceneOf(const project::Project& project, const project::Definition& definition,
+                             const modeller::Exchange& exchange, FindBody body);
+
 /// The same as the first; what is missing is shown on the panel. Fails also when nothing of the equipment is left.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,

@@ -89,6 +89,21 @@ Result<scene::Scene> Session::LiveScene(const Live& live, const results::FindBod
                               find);
 }
 
+Result<scene::Scene> Session::SceneOf(const project::Definition& definition, results::FindBody body) const {
+  return results::SceneOf(project_, definition, modeller::Exchange::OfProcess(), std::move(body));
+}
+
+Result<std::optional<project::Definition>> Session::DefinitionAt(std::int64_t generation,
+                                                                 std::int32_t spur) const {
+  const vdm::Number number{project_.DefinitionOf(spur)};
+  vdm::VdmStore store = project::StoreOf(project_);
+  VANZET_TRY(const auto state, history::History(store).StateAt(generation, number));
+  const auto found = state.find(number);
+  if (found == state.end()) return std::optional<project::Definition>();
+  VANZET_TRY(auto definition, project::ReadDefinition(found->second));
+  return std::optional(std::move(definition));
+}
+
 Result<std::vector<history::Entry>> Session::History() const {
   vdm::VdmStore store = project::StoreOf(project_);
   return history::History(store).List();

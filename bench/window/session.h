@@ -55,6 +55,12 @@ class Session {
   /// not asked for yet come from `body`.
   Result<scene::Scene> LiveScene(const Live& live, const results::FindBody& body) const;
 
+  /// The equipment of a definition of any time.
+  Result<scene::Scene> SceneOf(const project::Definition& definition, results::FindBody body) const;
+
+  /// The definition of a spur after a generation; nothing where it had none then.
+  Result<std::optional<project::Definition>> DefinitionAt(std::int64_t generation, std::int32_t spur) const;
+
   /// The changes of the project that are kept, the latest first.
   Result<std::vector<history::Entry>> History() const;
   /// The number of the last one; 0 without any.

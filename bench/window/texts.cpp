@@ -176,6 +176,9 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kRestored,          "Restored: %1" },
     { Text::kBeforeLastChange,  "the state before the last change" },
     { Text::kNothingToUndo,     "Nothing to undo since the project was opened; the history goes further back." },
+    { Text::kStateThen,         "After the chosen change" },
+    { Text::kStateNow,          "Now" },
+    { Text::kNoSection,         "No equipment." },
 }};
 // clang-format on
 

@@ -34,6 +34,7 @@ enum class Text {
   kRecentProjects, kFromSample, kHowTo, kReadGuide, kPalette, kFindCommand, kSettings,
   kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kMouse, kLeftTurns, kMiddleTurns, kRightTurns, kOk,
   kUndo, kHistory, kWhen, kBy, kChange, kRestore, kRestored, kBeforeLastChange, kNothingToUndo,
+  kStateThen, kStateNow, kNoSection,
   kCount
 };
 // clang-format on

@@ -34,6 +34,28 @@ TEST_F(HistoryOfAProject, ListsWhatEachDialogHasChanged) {
   EXPECT_TRUE(latest->text(2).contains("90")) << latest->text(2).toStdString();
 }
 
+TEST_F(HistoryOfAProject, DrawsTheChosenStateBesideThePresent) {
+  OpenSample();
+  auto& dock = Part<window::HistoryDock>();
+  dock.raise();
+  Play(kBar);
+  QCoreApplication::processEvents();
+  const int kept = list().topLevelItemCount();
+  Play(kThickerBar);
+  const auto radius = [](const window::SectionPicture& picture) {
+    return picture.section() == nullptr ? 0 : section::BoxOf(picture.section()->section).max.y;
+  };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return radius(dock.now()) == 45; })) << radius(dock.now());
+  EXPECT_EQ(dock.then().section(), nullptr) << "no row is chosen";
+  list().setCurrentItem(list().topLevelItem(list().topLevelItemCount() - kept));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return radius(dock.then()) == 40; })) << radius(dock.then());
+  EXPECT_EQ(radius(dock.now()), 45);
+  const QImage then = dock.then().grab().toImage(), now = dock.now().grab().toImage();
+  EXPECT_NE(then, now);
+  list().setCurrentItem(list().topLevelItem(list().topLevelItemCount() - 1));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return dock.then().section() == nullptr; })) << "before any billet";
+}
+
 TEST_F(HistoryOfAProject, UndoesTheLastDialogByItsKeys) {
   OpenSample();
   Play(kBar);

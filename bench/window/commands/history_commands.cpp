@@ -1,6 +1,21 @@
 #include "window/commands/history_commands.h"
 
+#include "window/commands/live_equipment.h"
+
 namespace vanzet::window {
+namespace {
+
+constexpr int kPictureDelay = 80;  // milliseconds
+
+/// The section of the equipment of a definition; null when it cannot be drawn.
+std::shared_ptr<const ShownSection> SectionOf(const Workplace& workplace,
+                                              const std::optional<project::Definition>& definition) {
+  if (!definition) return nullptr;
+  const auto scene = workplace.session->SceneOf(*definition, workplace.BodySource());
+  return scene ? SectionToShow(workplace, scene::ReadEquipment(*definition), *scene) : nullptr;
+}
+
+}  // namespace
 
 HistoryCommands::HistoryCommands(Workplace& workplace, HistoryDock& dock, QObject* parent)
     : QObject(parent), workplace_(workplace), dock_(dock) {
@@ -12,6 +27,23 @@ HistoryCommands::HistoryCommands(Workplace& workplace, HistoryDock& dock, QObjec
     if (Last() != before) undo_.push_back(before);
   });
   connect(&dock, &QDockWidget::visibilityChanged, this, &HistoryCommands::Refresh);
+  pictures_.setSingleShot(true);
+  pictures_.setInterval(kPictureDelay);
+  connect(&pictures_, &QTimer::timeout, this, &HistoryCommands::ShowPictures);
+  const auto soon = [this] { pictures_.start(); };
+  connect(&dock, &HistoryDock::StateChosen, this, soon);
+  connect(workplace.bodies.get(), &BodyReader::Arrived, this, soon);
+}
+
+/// A state that is not kept any more has no picture; its row says so when it is to be restored.
+void HistoryCommands::ShowPictures() {
+  if (!workplace_.session || !dock_.isVisible()) return;
+  if (workplace_.isBusy || workplace_.session->isAtWork()) return pictures_.start();
+  const std::int64_t chosen = dock_.Chosen();
+  const auto then = workplace_.session->DefinitionAt(chosen, workplace_.spur);
+  const auto now = results::ReadDefinition(workplace_.session->project(), workplace_.spur);
+  dock_.ShowPictures(chosen != 0 && then ? SectionOf(workplace_, *then) : nullptr,
+                     now ? SectionOf(workplace_, now->definition) : nullptr);
 }
 
 bool HistoryCommands::Run(Command command) {
@@ -25,6 +57,7 @@ void HistoryCommands::Refresh() {
   const auto entries = workplace_.session->History();
   if (!entries) return workplace_.reportFault(entries.fault());
   dock_.Show(*entries);
+  pictures_.start();
 }
 
 void HistoryCommands::NoteCall(bool isAtWork) {

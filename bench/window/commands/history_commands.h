@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <cstdint>
 #include <vector>
 
@@ -36,9 +37,11 @@ class HistoryCommands final : public QObject {
   /// False after a fault, which is reported.
   bool GoBackTo(std::int64_t generation);
   std::int64_t Last() const;
+  void ShowPictures();
 
   Workplace& workplace_;
   HistoryDock& dock_;
+  QTimer pictures_;  ///< draws once for many rows that are passed
   std::int64_t beforeCall_ = 0;
   std::vector<std::int64_t> undo_;  ///< the generations before each change that was made here
 };

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "window/qt_text.h"
 
@@ -29,7 +30,12 @@ QString WordsOf(const history::Entry& entry) {
 }  // namespace
 
 HistoryDock::HistoryDock(const Texts& texts, QWidget* parent)
-    : QDockWidget(parent), texts_(texts), tree_(new QTreeWidget), restore_(new QPushButton) {
+    : QDockWidget(parent),
+      texts_(texts),
+      tree_(new QTreeWidget),
+      restore_(new QPushButton),
+      then_(new SectionPicture),
+      now_(new SectionPicture) {
   setObjectName("history");
   tree_->setColumnCount(3);
   tree_->setRootIsDecorated(false);
@@ -38,13 +44,18 @@ HistoryDock::HistoryDock(const Texts& texts, QWidget* parent)
   auto* const content = new QWidget;
   auto* const rows = new QVBoxLayout(content);
   rows->setContentsMargins(4, 0, 4, 4);
-  rows->addWidget(tree_, 1);
+  auto* const beside = new QHBoxLayout;
+  beside->addWidget(tree_, 3);
+  beside->addWidget(then_, 1);
+  beside->addWidget(now_, 1);
+  rows->addLayout(beside, 1);
   rows->addWidget(restore_, 0, Qt::AlignRight);
   setWidget(content);
   connect(restore_, &QPushButton::clicked, this, &HistoryDock::AskToRestore);
   connect(tree_, &QTreeWidget::itemActivated, this, &HistoryDock::AskToRestore);
   connect(tree_, &QTreeWidget::currentItemChanged, this,
           [this] { restore_->setEnabled(tree_->currentItem() != nullptr); });
+  connect(tree_, &QTreeWidget::currentItemChanged, this, &HistoryDock::StateChosen);
   connect(&texts_, &Texts::Changed, this, &HistoryDock::Retranslate);
   Retranslate();
 }
@@ -54,6 +65,19 @@ void HistoryDock::Retranslate() {
   tree_->setAccessibleName(texts_(Text::kHistory));
   tree_->setHeaderLabels({texts_(Text::kWhen), texts_(Text::kBy), texts_(Text::kChange)});
   restore_->setText(texts_(Text::kRestore));
+  then_->SetTitle(texts_(Text::kStateThen));
+  now_->SetTitle(texts_(Text::kStateNow));
+}
+
+qint64 HistoryDock::Chosen() const {
+  const QTreeWidgetItem* const item = tree_->currentItem();
+  return item == nullptr ? 0 : item->data(0, kGenerationRole).toLongLong();
+}
+
+void HistoryDock::ShowPictures(std::shared_ptr<const ShownSection> then,
+                               std::shared_ptr<const ShownSection> now) {
+  then_->Show(std::move(then), Chosen() == 0 ? QString() : texts_(Text::kNoSection));
+  now_->Show(std::move(now), texts_(Text::kNoSection));
 }
 
 void HistoryDock::Show(const std::vector<history::Entry>& entries) {
