@@ -1,4 +1,5 @@
 #include <QListWidget>
+#include <QPainter>
 #include <QWheelEvent>
 
 #include "window/views/snap.h"
@@ -184,6 +185,31 @@ TEST_F(Views, OfTheDrawingShowTheHalfSectionAndSnapToIt) {
   actions()[Command::kHalfSection]->trigger();
   EXPECT_EQ(drawing().section(), nullptr);
   EXPECT_NE(drawing().grab().toImage(), with);
+}
+
+TEST_F(Views, OfTheDrawingShowTheTextsOfDimensionsWholeOrCountThem) {
+  OpenSample(true);
+  for (const int height : {500, 300, 190, 120}) {
+    drawing().setFixedHeight(height);
+    QCoreApplication::processEvents();
+    drawing().Fit();
+    const auto& frame = drawing().frame();
+    const double text = window::TextHeight(drawing().font(), frame.scale());
+    const auto& shown = *drawing().section();
+    int below = 0;
+    for (const auto& lines : section::LayOut(shown.section, shown.texts, text).dimensions) {
+      const double foot = frame.ToScreen(lines.label.at).y();
+      EXPECT_GE(foot - text * frame.scale(), 0) << lines.label.text << " at " << height;
+      below += foot > drawing().height() ? 1 : 0;
+    }
+    EXPECT_TRUE(below == 0 || height < 500) << below;
+    QImage image(drawing().size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setFont(drawing().font());
+    window::SectionPainter sections(painter, frame, image.size(), drawing().palette());
+    EXPECT_EQ(sections.PaintDimensions(shown), below) << height;
+    EXPECT_TRUE(below > 0 || height > 120) << "the case of a low view";
+  }
 }
 
 TEST_F(Views, MeasureBetweenCornersAndOnBodies) {

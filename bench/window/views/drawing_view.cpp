@@ -52,18 +52,36 @@ void DrawingView::SelectShown() {
 
 void DrawingView::Fit() {
   frame_.Fit(BoxOfAll(), size());
+  if (section() != nullptr && !section()->section.bodies.empty()) FitDimensions();
   isFitted_ = true;
   update();
 }
 
-/// With room for the dimensions of a section.
+/// Texts keep their height on the screen: the smaller the scale, the more of the section's plane they take.
+/// Below a part of the scale that the bodies alone would have, the lowest dimensions stay outside.
+void DrawingView::FitDimensions() {
+  constexpr double kLeast = 0.4;
+  constexpr int kPasses = 8;
+  const double least = kLeast * frame_.scale();
+  const geometry::Box bodies = BoxOfAll();
+  geometry::Box box = bodies;
+  for (int pass = 0; pass < kPasses; ++pass) {
+    box = WithDimensions(bodies, std::max(frame_.scale(), least));
+    frame_.Fit(box, size());
+  }
+  if (frame_.scale() >= least) return;
+  box.min.y = std::max(box.min.y, box.max.y - 0.8 * height() / least);
+  frame_.Fit(box, size());
+}
+
 geometry::Box DrawingView::BoxOfAll() const {
   geometry::Box box = drawing::BoxOf(all_);
-  if (section() == nullptr) return box;
-  const geometry::Box bodies = section::BoxOf(section()->section);
-  if (bodies.min.x > bodies.max.x) return box;
-  constexpr double kText = 0.03;  // of the width, about as high as a text is
-  box.Insert(section::LayOut(section()->section, section()->texts, bodies.Width() * kText).box);
+  if (section() != nullptr) box.Insert(section::BoxOf(section()->section));
+  return box;
+}
+
+geometry::Box DrawingView::WithDimensions(geometry::Box box, double scale) const {
+  box.Insert(section::LayOut(section()->section, section()->texts, TextHeight(font(), scale)).box);
   return box;
 }
 

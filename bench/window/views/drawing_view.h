@@ -75,6 +75,8 @@ class DrawingView final : public QWidget {
   void HoverBody(const QPointF& place);
   QString BodyAt(const QPointF& place) const;
   geometry::Box BoxOfAll() const;
+  geometry::Box WithDimensions(geometry::Box box, double scale) const;
+  void FitDimensions();
   void AnswerPick();
   geometry::Point PickAt(const QPointF& place) const;
   std::string FigureAt(const QPointF& place) const;

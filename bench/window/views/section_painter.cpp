@@ -49,6 +49,10 @@ std::shared_ptr<const ShownSection> ShownOf(section::Section section, section::S
   return shown;
 }
 
+double TextHeight(const QFont& font, double scale) {
+  return QFontMetricsF(font).height() * 0.8 / scale;
+}
+
 std::vector<geometry::Kurve> ContoursOf(const ShownSection& shown) {
   std::vector<geometry::Kurve> all;
   for (const auto& contours : shown.contours) all.insert(all.end(), contours.begin(), contours.end());
@@ -59,6 +63,7 @@ SectionPainter::SectionPainter(QPainter& painter, const ViewFrame& frame, const 
                                const QPalette& palette)
     : painter_(painter),
       frame_(frame),
+      size_(size),
       seen_(QRectF(QPointF(0, 0), size).adjusted(-kAround, -kAround, kAround, kAround)),
       palette_(palette) {
   painter_.setRenderHint(QPainter::Antialiasing);
@@ -93,30 +98,54 @@ void SectionPainter::PaintBody(const ShownSection& shown, std::size_t body, bool
   }
 }
 
-void SectionPainter::PaintDimensions(const ShownSection& shown) {
-  const double height = QFontMetricsF(painter_.font()).height() * 0.8 / frame_.scale();
+int SectionPainter::PaintDimensions(const ShownSection& shown) {
+  const double height = TextHeight(painter_.font(), frame_.scale());
   const section::Layout layout = section::LayOut(shown.section, shown.texts, height);
   const QColor colour = ColoursFor(palette_).text;
+  int leftOut = 0;
   for (const section::DimensionLines& lines : layout.dimensions) {
-    painter_.setPen(QPen(WithAlpha(colour, 170), 1));
-    for (const section::Line& line : lines.thin) {
-      const QList<QPointF> ends = {frame_.ToScreen(line.from), frame_.ToScreen(line.to)};
-      for (const QPolygonF& piece : ClipChain(QPolygonF(ends), seen_)) painter_.drawPolyline(piece);
+    if (frame_.ToScreen(lines.label.at).y() > size_.height()) {
+      ++leftOut;
+    } else {
+      PaintDimension(lines, height, colour);
     }
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(colour);
-    for (const section::Arrow& arrow : lines.arrows) {
-      const QPointF tip = frame_.ToScreen(arrow.tip), way(arrow.direction.dx, -arrow.direction.dy);
-      const QPointF foot = tip - way * kArrowLength, side = QPointF(-way.y(), way.x()) * (kArrowWidth / 2);
-      painter_.drawPolygon(QPolygonF({tip, foot + side, foot - side}));
-    }
-    PaintLabel(lines.label, height, colour);
   }
+  if (leftOut > 0) PaintCount(leftOut, colour);
   for (const section::Datum& datum : shown.section.datums) {
     painter_.setPen(QPen(OnGround(QColor(ToQString(section::kDatumColour)), palette_), 2));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawEllipse(frame_.ToScreen(datum.place), 6, 6);
   }
+  return leftOut;
+}
+
+void SectionPainter::PaintDimension(const section::DimensionLines& lines, double height,
+                                    const QColor& colour) {
+  painter_.setPen(QPen(WithAlpha(colour, 170), 1));
+  for (const section::Line& line : lines.thin) {
+    const QList<QPointF> ends = {frame_.ToScreen(line.from), frame_.ToScreen(line.to)};
+    for (const QPolygonF& piece : ClipChain(QPolygonF(ends), seen_)) painter_.drawPolyline(piece);
+  }
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(colour);
+  for (const section::Arrow& arrow : lines.arrows) {
+    const QPointF tip = frame_.ToScreen(arrow.tip), way(arrow.direction.dx, -arrow.direction.dy);
+    const QPointF foot = tip - way * kArrowLength, side = QPointF(-way.y(), way.x()) * (kArrowWidth / 2);
+    painter_.drawPolygon(QPolygonF({tip, foot + side, foot - side}));
+  }
+  PaintLabel(lines.label, height, colour);
+}
+
+/// In the lower right corner.
+void SectionPainter::PaintCount(int count, const QColor& colour) {
+  const QString text = QString("+%1").arg(count);
+  const QFontMetricsF metrics(painter_.font());
+  const double width = metrics.horizontalAdvance(text) + 8;
+  const QRectF box(size_.width() - width - 4, size_.height() - metrics.height() - 2, width, metrics.height());
+  painter_.setPen(colour);
+  painter_.setBrush(ColoursFor(palette_).background);
+  painter_.drawRoundedRect(box, 3, 3);
+  painter_.drawText(box, Qt::AlignCenter, text);
 }
 
 void SectionPainter::PaintLabel(const section::Label& label, double height, const QColor& colour) {

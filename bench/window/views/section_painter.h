@@ -22,6 +22,9 @@ struct ShownSection {
 std::shared_ptr<const ShownSection> ShownOf(section::Section section, section::SectionTexts texts,
                                             const std::vector<std::string>& paleBodies = {});
 
+/// The height of the lines of dimensions, in millimetres of a section that is painted at that scale.
+double TextHeight(const QFont& font, double scale);
+
 /// The contours of all bodies, for picks.
 std::vector<geometry::Kurve> ContoursOf(const ShownSection& shown);
 
@@ -31,14 +34,20 @@ class SectionPainter {
   SectionPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
 
   void PaintBodies(const ShownSection& shown, const std::string& marked);
-  void PaintDimensions(const ShownSection& shown);
+
+  /// Those whose text would be cut by the lower edge are left out, and their number is painted there: "+2".
+  /// Returns that number.
+  int PaintDimensions(const ShownSection& shown);
 
  private:
   void PaintBody(const ShownSection& shown, std::size_t body, bool isMarked);
+  void PaintDimension(const section::DimensionLines& lines, double height, const QColor& colour);
   void PaintLabel(const section::Label& label, double height, const QColor& colour);
+  void PaintCount(int count, const QColor& colour);
 
   QPainter& painter_;
   const ViewFrame& frame_;
+  QSizeF size_;
   QRectF seen_;
   const QPalette& palette_;
 };
