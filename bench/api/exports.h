@@ -104,6 +104,6 @@ void VanzetReportFault(const char* text, const char* file, std::int32_t line, st
 /// keep what was changed, which it has shown; the dialog then stays open.
 std::int32_t VanzetEventHandled();
 
-/// Returns 1 when the message panel has shown a failure of the system in this run.
+/// Returns 1 when the message panel has shown a cause that every later call meets, too, in this run.
 std::int32_t VanzetHasFailed();
 }

@@ -45,6 +45,6 @@ std::int32_t VanzetEventHandled() {
 
 std::int32_t VanzetHasFailed() {
   const Host* const host = CurrentHost();
-  return host != nullptr && host->panel.HasSystemFailed() ? 1 : 0;
+  return host != nullptr && host->panel.HasLastingCause() ? 1 : 0;
 }
 }

@@ -3,13 +3,9 @@
 namespace vanzet::project {
 namespace {
 
-bool IsOfSystem(FaultKind kind) {
-  return kind == FaultKind::kSystem || kind == FaultKind::kBusy;
-}
-
 /// True for a cause that every later call meets, too.
 bool IsLasting(FaultKind kind) {
-  return IsOfSystem(kind) || kind == FaultKind::kDamaged;
+  return kind == FaultKind::kSystem || kind == FaultKind::kBusy || kind == FaultKind::kDamaged;
 }
 
 /// The message without the macro line that met the cause: a fault has such a line, in quotes, for its file.
@@ -30,7 +26,7 @@ void MessagePanel::BeginRun() {
 }
 
 bool MessagePanel::IsRepetition(const Fault& fault) {
-  hasSystemFailed_ = hasSystemFailed_ || IsOfSystem(fault.kind);
+  hasSystemFailed_ = hasSystemFailed_ || fault.kind == FaultKind::kSystem;
   return IsLasting(fault.kind) && !lastingCauses_.insert(CauseOf(fault)).second;
 }
 

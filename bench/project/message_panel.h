@@ -28,7 +28,10 @@ class MessagePanel {
   /// The number of faults that were reported.
   int faults() const { return faults_; }
 
-  /// True when a failure of the system was reported in this run, such as a full disk or a lock of others.
+  /// True when a cause that stays was reported in this run.
+  bool HasLastingCause() const { return !lastingCauses_.empty(); }
+
+  /// True when a failure of the system was reported in this run, such as a full disk.
   bool HasSystemFailed() const { return hasSystemFailed_; }
 
   /// From now on causes that were shown before are shown again.
