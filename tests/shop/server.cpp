@@ -38,8 +38,8 @@ std::string Joined(const std::vector<std::string>& words) {
   return line;
 }
 
-/// Starts a program in a session of its own, its output in a log. Between fork and exec there are system calls
-/// alone: other threads of the test may hold locks.
+/// Starts a program in a session of its own, its output in a log. Between fork and exec there are system
+/// calls alone: other threads of the test may hold locks.
 int Launch(const std::vector<std::string>& words, const std::string& log) {
   std::vector<char*> pointers;
   for (const std::string& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
@@ -105,7 +105,7 @@ void Server::Start(const Settings& settings) {
   }
   for (const std::string& each : settings) words.insert(words.end(), {"-c", each});
   process_ = Launch(words, log);
-  Run("for i in $(seq 300); do pg_isready -q -h . && exit 0; sleep 0.1; done; exit 1");
+  Run("for i in $(seq 300); do pg_isready -q -h \"$PWD\" && exit 0; sleep 0.1; done; exit 1");
 }
 
 void Server::Stop() {
