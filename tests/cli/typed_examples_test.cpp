@@ -28,8 +28,9 @@ class TypedExamples : public CommandLineTest {
  protected:
   /// Fails unless the line has the status 0, or 3 where it is to find something.
   void Type(const std::string& line) {
-    if (line.starts_with("vanzet open ")) return;          // a window
-    if (line.find(" fish ") != std::string::npos) return;  // a line of another shell
+    if (line.starts_with("vanzet open ")) return;                 // a window
+    if (line.find(" fish ") != std::string::npos) return;         // a line of another shell
+    if (line.find("postgresql://") != std::string::npos) return;  // a server of the shop
     WriteBytes(folder / "line.bash", line);
     const std::string bin = fs::path(VANZET_PROGRAM).parent_path();
     const Outcome run =
