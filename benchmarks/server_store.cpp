@@ -1,6 +1,6 @@
 // A store on a PostgreSQL server beside the embedded one, and beside COPY of the same rows. Run it by
-// tools/with-postgres build/dev/bin/server_store_benchmark. A bare COPY is what the server can do at most: the
-// rows of records and places, as they are, into tables of the same form.
+// tools/with-postgres build/dev/bin/server_store_benchmark. A bare COPY is what the server can do at most:
+// the rows of records and places, as they are, into tables of the same form.
 
 #include <libpq-fe.h>
 

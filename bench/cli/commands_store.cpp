@@ -75,7 +75,7 @@ bool IsOnServer(const project::Project& project) {
   return !project.settings().store.connection.empty();
 }
 
-/// What is wrong with the records of a generation; what several generations share is found once.
+/// Adds the damaged records of a generation; one that several generations share is found once.
 Result<void> CheckGeneration(const vdm::PastGeneration& past, std::set<std::string>& damages) {
   for (const auto& [number, content] : past.vdms) {
     for (std::size_t i = 0; content && i < content->Size(); ++i) {

@@ -19,8 +19,8 @@ struct StorePlace {
   std::int64_t keep = vdm::kUsualKeep;  ///< generations of each VDM
 };
 
-/// True for a connection text of PostgreSQL by its form: "postgresql://..." or "key=value ...". A path that
-/// looks like one is told apart by a "./" before it.
+/// True for a connection text of PostgreSQL by its form: "postgresql://..." or "key=value ...". A path of
+/// that form has a "./" before it.
 bool IsConnectionText(std::string_view text);
 
 /// The connection that an engine's name stands for: itself, or nothing for the embedded store. The fault does

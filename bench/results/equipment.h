@@ -30,7 +30,8 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
 Result<scene::Scene> SceneOf(const project::Project& project, const project::Definition& definition,
                              const modeller::Exchange& exchange, FindBody body);
 
-/// The same as the first; what is missing is shown on the panel. Fails also when nothing of the equipment is left.
+/// The same as the first; what is missing is shown on the panel. Fails also when nothing of the equipment is
+/// left.
 Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t spur,
                                  const modeller::Exchange& exchange, project::MessagePanel& panel,
                                  const modeller::Foresight& foresight = kForPictures);

@@ -19,8 +19,8 @@ void ReportFault(const Fault& fault);
 /// still has the work that is not kept. Function: `VanzetEventHandled`.
 bool KeepWorkOfEvent();
 
-/// True when the host has reported a failure that every later call meets, too, such as a full disk. What the
-/// module then finds missing is no news. Function: `VanzetHasFailed`.
+/// True when the host has reported a failure that every later call meets, too, such as a full disk. A
+/// box about what the module then finds missing would say it twice. Function: `VanzetHasFailed`.
 bool HasHostFailed();
 
 }  // namespace vanzet::platform

@@ -10,8 +10,8 @@
 
 namespace vanzet::test {
 
-/// A bad network before a server: a connection passes some thousand bytes to the server and is then cut, before
-/// the answer to the last ones. The server has acted on them, and the client does not know.
+/// A bad network before a server: a connection passes some thousand bytes to the server and is then cut,
+/// before the answer to the last ones. The server has acted on them, and the client does not know.
 class DroppingProxy {
  public:
   /// `server` is the folder with the server's socket.

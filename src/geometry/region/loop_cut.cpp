@@ -119,7 +119,8 @@ bool LoopCutter::SetFoot(Side& side, const Vector2d& common) const {
   return Dot(side.tangent, ChordOf(s)) > 0;
 }
 
-/// The common point of the offsets whose feet are on both spans, or else the one nearer to the first one's end.
+/// The common point of the offsets whose feet are on both spans, or else the one nearer to the first one's
+/// end.
 bool LoopCutter::FindCommon(Search& search) const {
   const Shape &a = search.low.shape, &b = search.high.shape;
   const Moved one{a.b + a.tangents.end.LeftNormal() * left_, a.tangents.end, a.k / (1 - a.k * left_)};

@@ -14,11 +14,11 @@ struct LoopCut {
   double alongFirst = 0, alongLast = 0;  ///< the places of the feet, as products with the chord
 };
 
-/// Cuts off loops of an offset curve, where spans between two others have no part of the offset: the loop that
-/// a bend leaves which is tighter than the distance.
+/// Cuts off loops of an offset curve, where spans between two others have no part of the offset: the loop
+/// that a bend leaves which is tighter than the distance.
 ///
-/// Let F and G be the feet of the common point X on the two spans, at the distance d, K the chain from F to G,
-/// and D the set that is bounded by K and the normals FX and GX. The loop is cut off if
+/// Let F and G be the feet of the common point X on the two spans, at the distance d, K the chain from F to
+/// G, and D the set that is bounded by K and the normals FX and GX. The loop is cut off if
 /// - all tangents of K, also those that a corner sweeps, are within less than half a turn, and
 /// - no point of K is nearer to X than d.
 /// K is then a graph over some line, on the other side of the open disc of d around X, so that D is bounded
@@ -33,7 +33,8 @@ struct LoopCut {
 ///   z is not on any such K, the strip at z, which holds p, is still counted. If it is, the way from z to p
 ///   begins in D. It does not leave D, since at a crossing c of the normal FX F is as near as z is, and p
 ///   would be nearer to F than to z. So p is in D.
-/// The parts K of several cuts have no points in common. A corner that corner_trim.h shortens is such a cut too.
+/// The parts K of several cuts have no points in common. A corner that corner_trim.h shortens is such a cut
+/// too.
 ///
 /// The last step needs the points around all ends, so this is not for paths with butt ends; nor may K have
 /// sharp or cut corners that open, which hold points farther than d. Comparisons are exact but for a
