@@ -104,8 +104,8 @@ bool IsNumberLike(std::string_view field) {
 
 std::string_view TakeField(std::string_view& rest) {
   const auto isSpace = [](char c) { return IsWhiteSpace(c); };
-  const auto start = std::ranges::find_if_not(rest, isSpace);
-  const auto end = std::find_if(start, rest.end(), isSpace);
+  const auto* const start = std::ranges::find_if_not(rest, isSpace);
+  const auto* const end = std::find_if(start, rest.end(), isSpace);
   const std::string_view field(start, end);
   rest = std::string_view(end, rest.end());
   return field;

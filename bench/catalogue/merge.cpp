@@ -67,7 +67,7 @@ class Merger {
     return Merged{name, Outcome::kConflict, ConflictOf(mine, other)};
   }
 
-  std::string ConflictOf(const Entry* mine, const Entry& other) const {
+  static std::string ConflictOf(const Entry* mine, const Entry& other) {
     if (mine == nullptr) return "removed here, changed there";
     return Joined(ChangesOf(mine->params, other.params));
   }

@@ -115,8 +115,9 @@ Result<std::string> SheetOf(const std::vector<const Entry*>& entries) {
   }
   std::string svg;
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    svg += CellOf(*entries[i], kMargin + kCellWidth * static_cast<double>(i % kColumns),
-                  kMargin + kCellHeight * static_cast<double>(i / kColumns));
+    const std::size_t column = i % kColumns, row = i / kColumns;
+    svg += CellOf(*entries[i], kMargin + kCellWidth * static_cast<double>(column),
+                  kMargin + kCellHeight * static_cast<double>(row));
   }
   const std::size_t columns = std::min(entries.size(), kColumns),
                     rows = (entries.size() + kColumns - 1) / kColumns;

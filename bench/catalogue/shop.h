@@ -11,6 +11,7 @@
 namespace vanzet::catalogue {
 
 /// A catalogue with the maker data beside it.
+// NOLINTNEXTLINE(bugprone-exception-escape): a JSON value moves without throwing, and does not say so
 struct Shop {
   std::filesystem::path file = {};  ///< of the catalogue
   Catalogue catalogue = {};

@@ -16,7 +16,8 @@ void PaintSample(Raster::Sample& sample, const Colour& colour, double share) {
   const ColourBytes over = BytesOf(colour);
   if (share == 1) return static_cast<void>(sample.colour = over);
   for (std::size_t i = 0; i < 3; ++i) {
-    sample.colour[i] = static_cast<std::uint8_t>(over[i] * share + sample.colour[i] * (1 - share) + 0.5);
+    sample.colour[i] =
+        static_cast<std::uint8_t>(std::lround(over[i] * share + sample.colour[i] * (1 - share)));
   }
 }
 

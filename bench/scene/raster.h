@@ -40,7 +40,7 @@ using ColourBytes = std::array<std::uint8_t, 3>;
 
 inline ColourBytes BytesOf(const modeller::Colour& colour) {
   const auto part = [](double value) {
-    return static_cast<std::uint8_t>(255 * std::clamp(value, 0.0, 1.0) + 0.5);
+    return static_cast<std::uint8_t>(std::lround(255 * std::clamp(value, 0.0, 1.0)));
   };
   return {part(colour.red), part(colour.green), part(colour.blue)};
 }
@@ -82,6 +82,24 @@ struct RowValue {
 /// The shares of the corners of a triangle at a sample.
 using Shares = std::array<double, 3>;
 
+/// Where the samples of a row that can be covered begin and end.
+struct RowEnds {
+  double from, to;
+};
+
+/// The ends of the row in the box, at most a sample outside of where no share is negative.
+inline RowEnds EndsOf(const std::array<RowValue, 3>& shares, const SampleRange& box) {
+  RowEnds ends = {static_cast<double>(box.left), static_cast<double>(box.right)};
+  for (const RowValue& w : shares) {
+    if (box.Width() <= kShortRow && w.step != 0) continue;
+    const double zero = w.step == 0 ? 0 : -w.start / w.step;
+    if (w.step > 0) ends.from = std::max(ends.from, zero - 1);
+    if (w.step < 0) ends.to = std::min(ends.to, zero + 1);
+    if (w.step == 0 && w.start < 0) ends.to = ends.from;
+  }
+  return ends;
+}
+
 /// Calls `cover(x, y, shares)` for each sample in the range that a triangle covers.
 template <class Cover>
 void CoverTriangle(const std::array<PicturePoint, 3>& corners, const SampleRange& within, Cover cover) {
@@ -98,17 +116,10 @@ void CoverTriangle(const std::array<PicturePoint, 3>& corners, const SampleRange
   for (int y = box.top; y < box.bottom; ++y) {
     const RowValue wa = share(b, c, y), wb = share(c, a, y);
     const RowValue wc = {1 - wa.start - wb.start, -wa.step - wb.step};
-    double from = box.left, to = box.right;
-    for (const RowValue& w : {wa, wb, wc}) {
-      if (box.Width() <= kShortRow && w.step != 0) continue;
-      const double zero = w.step == 0 ? 0 : -w.start / w.step;
-      if (w.step > 0) from = std::max(from, zero - 1);
-      if (w.step < 0) to = std::min(to, zero + 1);
-      if (w.step == 0 && w.start < 0) to = from;
-    }
+    const RowEnds ends = EndsOf({wa, wb, wc}, box);
     // The edges of a sliver can meet far outside of the picture.
-    if (!(from < to)) continue;
-    for (int x = static_cast<int>(from); x < to; ++x) {
+    if (!(ends.from < ends.to)) continue;
+    for (int x = static_cast<int>(ends.from); x < ends.to; ++x) {
       const Shares shares = {wa.At(x), wb.At(x), wc.At(x)};
       if (shares[0] >= 0 && shares[1] >= 0 && shares[2] >= 0) cover(x, y, shares);
     }

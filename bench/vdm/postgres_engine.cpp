@@ -50,6 +50,7 @@ constexpr std::string_view kForgetFile = R"(
 
 PostgresValue ManyNumbers(const std::vector<Number>& numbers) {
   std::vector<std::int64_t> values;
+  values.reserve(numbers.size());
   for (const Number number : numbers) values.push_back(static_cast<std::int64_t>(number));
   return PostgresValue::Integers(values);
 }

@@ -61,7 +61,7 @@ class PostgresEngine : public StoreEngine {
   void AddOthers(const PostgresTransaction& transaction, const NewGeneration& next,
                  std::vector<PostgresStatement>& statements) const;
   Result<std::optional<PostgresTransaction>> BeginOnProject(const NewOrders& orders, bool makesProject);
-  Result<void> Append(const PastGeneration& past, Filling& filling);
+  static Result<void> Append(const PastGeneration& past, Filling& filling);
 
   /// Reads the history in a transaction. False when the store has no tables.
   Result<bool> ReadHistory(const std::function<Result<void>(GenerationReader&)>& read);

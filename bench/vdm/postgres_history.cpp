@@ -102,6 +102,7 @@ Result<std::vector<PlaceRow>> PostgresHistory::PlacesAt(Number number, std::int6
 Result<std::vector<PlaceRow>> PostgresHistory::PlacesOf(PostgresStatement statement) {
   VANZET_TRY(const auto rows, Read(std::move(statement)));
   std::vector<PlaceRow> places;
+  places.reserve(static_cast<std::size_t>(rows.Size()));
   for (int i = 0; i < rows.Size(); ++i) {
     places.push_back(
         {rows.Integer(i, 0), rows.Integer(i, 1), rows.Integer(i, 2), RecordKey{rows.Integer(i, 3)}});

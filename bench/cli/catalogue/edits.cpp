@@ -15,7 +15,6 @@
 namespace vanzet::cli {
 namespace {
 
-using catalogue::Entry;
 using catalogue::Shop;
 
 /// A letter or a figure with its text: "A=80", "max_speed=4500".
@@ -127,11 +126,11 @@ Result<std::string> AddTo(Shop& shop, const Arguments& arguments) {
 Result<std::string> SetIn(Shop& shop, const Arguments& arguments) {
   VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.Name()));
   const std::string name = entry->name;
-  const Shop before = shop;
+  const Shop old = shop;
   if (!arguments.letters.empty()) VANZET_DO(PutDevice(shop, name, entry->params, arguments.letters));
   VANZET_DO(SetFigures(shop, name, arguments.figures));
   std::string line;
-  for (const std::string& change : catalogue::DeviceChanges(before, name, shop, name)) {
+  for (const std::string& change : catalogue::DeviceChanges(old, name, shop, name)) {
     line += (line.empty() ? "" : "; ") + change;
   }
   return OneLine(name + ": " + (line.empty() ? "nothing was changed" : line));

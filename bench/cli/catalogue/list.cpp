@@ -11,7 +11,6 @@ namespace vanzet::cli {
 namespace {
 
 using catalogue::Query;
-using catalogue::Shop;
 
 constexpr const char* kSheetSvg = "draw the devices on a sheet, into this .svg file";
 constexpr const char* kSheetPng = "draw the devices on a sheet, into this .png file";

@@ -39,8 +39,8 @@ class GlPicture {
   void DrawMarks(const scene::Model& model);
   void FindCap(const scene::Model& model, const scene::Look& look);
   void MarkCap(const scene::ModelBody& body);
-  void SetColour(QOpenGLShaderProgram& program, const char* name, const modeller::Colour& colour,
-                 double share);
+  static void SetColour(QOpenGLShaderProgram& program, const char* name, const modeller::Colour& colour,
+                        double share);
 
   QOpenGLExtraFunctions& gl_;
   GlShaders shaders_;

@@ -29,7 +29,8 @@ class GlShaders {
   static void SetLift(QOpenGLShaderProgram& program, double way, double nearness);
 
  private:
-  void SetCamera(QOpenGLShaderProgram& program, const scene::Look& look, double range, int width, int height);
+  static void SetCamera(QOpenGLShaderProgram& program, const scene::Look& look, double range, int width,
+                        int height);
 
   bool isLinked_ = false;
 };
