@@ -71,7 +71,11 @@ class GlCanvas final : public QOpenGLWidget, public BodyCanvas {
     connect(&stillness_, &QTimer::timeout, this, [this] { update(); });
   }
 
-  ~GlCanvas() override { Forget(); }
+  // The widget ends its context after the canvas is gone.
+  ~GlCanvas() override {
+    if (context() != nullptr) context()->disconnect(this);
+    Forget();
+  }
 
   QWidget& widget() override { return *this; }
   bool isSmooth() const override { return isSmooth_; }
