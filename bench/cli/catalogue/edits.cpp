@@ -130,6 +130,7 @@ Result<std::string> SetIn(Shop& shop, const Arguments& arguments) {
   if (!arguments.letters.empty()) VANZET_DO(PutDevice(shop, name, entry->params, arguments.letters));
   VANZET_DO(SetFigures(shop, name, arguments.figures));
   std::string line;
+  // NOLINTNEXTLINE(readability-suspicious-call-argument): from the old shop to the one at hand
   for (const std::string& change : catalogue::DeviceChanges(old, name, shop, name)) {
     line += (line.empty() ? "" : "; ") + change;
   }
