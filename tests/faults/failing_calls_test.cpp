@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <functional>
 
 #include "faults/sweep.h"
 
@@ -58,34 +59,34 @@ TEST(CallsOfARun, PutNothingOnTheDiskThatTheRunAloneNeeds) {
   EXPECT_LE(work.counts.at("sync"), 12);
 }
 
-TEST(FailingLocks, AreAskedForAgainWhereTheSystemHasNoneAtTheMoment) {
-  const auto upgrade = std::ranges::find(Commands(), "Upgrade", &Command::name);
-  const Case work(*upgrade);
+/// Runs a command with its first call of a family failing, then with its second, until it makes no such call,
+/// and has each run looked at. `fault` is written after the number: "+ ENOLCK lathe/store.lock".
+void FailEachCall(const char* command, const std::string& family, const std::string& fault,
+                  const std::function<void(const Outcome& run)>& look) {
+  const Case work(*std::ranges::find(Commands(), command, &Command::name));
   const Workplace place;
   for (long number = 1;; ++number) {
+    SCOPED_TRACE(family + " " + std::to_string(number) + fault);
     place.CopyFrom(work.before);
-    const Outcome run =
-        place.Vanzet(work.command.words, "lock " + std::to_string(number) + " ENOLCK lathe/store.lock");
+    const Outcome run = place.Vanzet(work.command.words, family + " " + std::to_string(number) + fault);
     if (run.report.empty()) break;
-    EXPECT_EQ(run.status, 0) << number << ": " << run.err;
+    look(run);
   }
 }
 
+TEST(FailingLocks, AreAskedForAgainWhereTheSystemHasNoneAtTheMoment) {
+  FailEachCall("Upgrade", "lock", " ENOLCK lathe/store.lock",
+               [](const Outcome& run) { EXPECT_EQ(run.status, 0) << run.err; });
+}
+
 TEST(FailingLocks, AreOneLineWhereTheSystemNeverHasOne) {
-  const auto upgrade = std::ranges::find(Commands(), "Upgrade", &Command::name);
-  const Case work(*upgrade);
-  const Workplace place;
-  for (long number = 1;; ++number) {
-    place.CopyFrom(work.before);
-    const Outcome run =
-        place.Vanzet(work.command.words, "lock " + std::to_string(number) + "+ ENOLCK lathe/store.lock");
-    if (run.report.empty()) break;
+  FailEachCall("Upgrade", "lock", "+ ENOLCK lathe/store.lock", [](const Outcome& run) {
     // The end of the process releases what could not be released before.
-    if (run.status == 0) continue;
-    EXPECT_EQ(run.status, 1) << number;
-    EXPECT_THAT(run.err, testing::MatchesRegex("vanzet: [^\n]*/lathe/store.lock: cannot be locked: [^\n]*\n"))
-        << number;
-  }
+    if (run.status == 0) return;
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err,
+                testing::MatchesRegex("vanzet: [^\n]*/lathe/store.lock: cannot be locked: [^\n]*\n"));
+  });
 }
 
 TEST(FailingReads, OfAStoreAreNotTakenForDamage) {
@@ -99,16 +100,10 @@ TEST(FailingReads, OfAStoreAreNotTakenForDamage) {
 }
 
 TEST(FailingOpens, OfATranscriptAreNotADialogThatWasNotOpened) {
-  const Case work(*std::ranges::find(Commands(), "ScriptTranscript", &Command::name));
-  const Workplace place;
-  for (long number = 1;; ++number) {
-    place.CopyFrom(work.before);
-    const Outcome run =
-        place.Vanzet(work.command.words, "open " + std::to_string(number) + " EACCES transcript.jsonl");
-    if (run.report.empty()) break;
-    EXPECT_EQ(run.status, 1) << number << ": " << run.out;
-    EXPECT_THAT(run.err, testing::HasSubstr("transcript.jsonl: cannot be ")) << number;
-  }
+  FailEachCall("ScriptTranscript", "open", " EACCES transcript.jsonl", [](const Outcome& run) {
+    EXPECT_EQ(run.status, 1) << run.out;
+    EXPECT_THAT(run.err, testing::HasSubstr("transcript.jsonl: cannot be "));
+  });
 }
 
 TEST(FailingOpens, HideNoFindingOfACheck) {
