@@ -145,8 +145,10 @@ DeviceParams Checker::InUnitOfForm(DeviceParams params) const {
 void Checker::Solid(const Place& device, std::int32_t type, const Keys& given) {
   const Place letters = device["letters"];
   DeviceParams params{.type = type};
-  for (const auto& [letter, value] : letters.json.items()) {
-    params.*kDeviceReals.at(static_cast<std::size_t>(letter.front() - 'A')) = value.get<double>();
+  for (const devices::Letter& each : devices::LettersOf(type)) {
+    const std::string key(1, each.letter);
+    double& value = params.*kDeviceReals.at(static_cast<std::size_t>(each.letter - 'A'));
+    if (letters.Has(key)) value = letters[key].json.get<double>();
   }
   const auto fault = devices::FindSolidFault(params, InUnitOfForm(params));
   if (!fault) return;

@@ -218,6 +218,16 @@ TEST_F(CheckedForm, RefusesLettersThatMakeNoSolidAtOneThatItHas) {
       ElementsAre("chuck.name: the catalogue has it without a solid: C (90) must be less than A (80)"));
 }
 
+TEST_F(CheckedForm, RefusesLettersThatADeviceDoesNotHave) {
+  EXPECT_THAT(
+      RefusedOfMain(R"("chuck": {"name": "New", "letters": {"A": 80, "B": 90, "C": 22, "J": true, "=": 1,
+                                                                    "": "x", "outer": []}})"),
+      ElementsAre("chuck.letters.J: unknown key; known are A, B, C",
+                  R"(chuck.letters["="]: unknown key; known are A, B, C)",
+                  R"(chuck.letters[""]: unknown key; known are A, B, C)",
+                  "chuck.letters.outer: unknown key; known are A, B, C"));
+}
+
 TEST_F(CheckedForm, TakesOneNameForDevicesOfDifferentKinds) {
   EXPECT_THAT(RefusedOfMain(R"("chuck": {"name": "Chuck 160"}, "jaw": {"name": "Chuck 160", "shape": 5,
                                "letters": {"A": 10, "B": 20, "C": 3, "D": 4}})"),
