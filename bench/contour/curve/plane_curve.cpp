@@ -26,6 +26,14 @@ double ExtentOf(const PlaneBezier& bezier) {
   return extent;
 }
 
+/// Whether a curve is as short as the rounding of its points: its directions are noise.
+bool IsPointLike(const PlaneBezier& bezier) {
+  constexpr double kPointLike = 1e-9, kRounding = 1e-14;
+  const Point& start = bezier.front().point;
+  return ExtentOf(bezier) <=
+         std::max(kPointLike, kRounding * std::max(std::fabs(start.x), std::fabs(start.y)));
+}
+
 Vector2d UnitOf(const Vector2d& v) {
   return v * (1 / v.Magnitude());
 }
@@ -113,7 +121,7 @@ std::optional<double> TipWithin(const PlaneBezier& bezier, double from, double t
 }
 
 std::optional<double> FirstTip(const PlaneBezier& bezier) {
-  if (bezier.size() < 3) return {};
+  if (bezier.size() < 3 || IsPointLike(bezier)) return {};
   const double steps = 6.0 * static_cast<double>(bezier.size());
   Vector2d before = StartDirection(bezier);
   for (double i = 0; i < steps; ++i) {
@@ -154,17 +162,20 @@ std::vector<CurveSpot> SmoothCurve::Between(double from, double to) const {
 }
 
 std::vector<SmoothCurve> SmoothParts(const std::vector<PlaneBezier>& beziers) {
-  constexpr double kPointLike = 1e-9;
   std::vector<SmoothCurve> parts;
   const auto add = [&](const PlaneBezier& bezier) {
-    if (ExtentOf(bezier) <= kPointLike) return;
+    if (IsPointLike(bezier)) return;
     const bool isCorner = parts.empty() || std::fabs(TurnOf(parts.back().At(parts.back().End()).direction,
                                                             StartDirection(bezier))) > kCorner;
     if (isCorner) parts.emplace_back();
     parts.back().Add(bezier);
   };
   for (PlaneBezier rest : beziers) {
-    for (auto tip = FirstTip(rest); tip; tip = FirstTip(rest)) {
+    // The derivative of a rational curve of degree n is 0 at fewer than 2n places: more tips are rounding.
+    const std::size_t mostTips = 2 * rest.size();
+    for (std::size_t i = 0; i < mostTips; ++i) {
+      const auto tip = FirstTip(rest);
+      if (!tip) break;
       Halves halves = SplitAt(std::move(rest), *tip);
       add(halves.before);
       rest = std::move(halves.after);
