@@ -20,6 +20,7 @@ bool FindConnecting(void* library, Libpq& pq) {
   return Find(library, "PQconninfoParse", pq.conninfoParse) &&
          Find(library, "PQconninfoFree", pq.conninfoFree) &&
          Find(library, "PQconnectdbParams", pq.connectdbParams) && Find(library, "PQfinish", pq.finish) &&
+         Find(library, "PQreset", pq.reset) && Find(library, "PQsetErrorVerbosity", pq.setErrorVerbosity) &&
          Find(library, "PQstatus", pq.status) && Find(library, "PQerrorMessage", pq.errorMessage) &&
          Find(library, "PQhost", pq.host) && Find(library, "PQport", pq.port) &&
          Find(library, "PQdb", pq.db) && Find(library, "PQuser", pq.user) &&

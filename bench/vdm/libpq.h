@@ -13,6 +13,8 @@ struct Libpq {
   decltype(&PQconninfoFree) conninfoFree;
   decltype(&PQconnectdbParams) connectdbParams;
   decltype(&PQfinish) finish;
+  decltype(&PQreset) reset;
+  decltype(&PQsetErrorVerbosity) setErrorVerbosity;
   decltype(&PQstatus) status;
   decltype(&PQerrorMessage) errorMessage;
   decltype(&PQhost) host;

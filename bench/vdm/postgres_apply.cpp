@@ -9,8 +9,6 @@
 namespace vanzet::vdm {
 namespace {
 
-constexpr int kAttempts = 5;
-
 constexpr std::string_view kSetFile = R"(
   INSERT INTO vanzet.file(project, folder, name, former, content) VALUES($1, $2, $3, $4, $5)
   ON CONFLICT(project, folder) DO UPDATE SET name=$3, former=$4, content=$5)";
@@ -53,13 +51,13 @@ struct PostgresEngine::Step {
 Result<void> PostgresEngine::Apply(const NewGeneration& next) {
   const NewOrders orders = OrdersOf(next.vdms);
   Step step{next.lastStep};
-  for (int attempt = 1; attempt <= kAttempts; ++attempt) {
+  PostgresPatience patience = session_->Patience();
+  do {
     VANZET_TRY(const auto outcome, TryApply(next, orders, step));
     if (outcome == Outcome::kCommitted) return {};
-  }
+  } while (patience.Pause());
   VANZET_TRY(const auto* const connection, session_->Connection());
-  return connection->FaultOf("the connection broke in each of " + std::to_string(kAttempts) + " attempts",
-                             FaultKind::kSystem);
+  return connection->FaultOf("the connection broke in each attempt: nothing is written", FaultKind::kSystem);
 }
 
 Result<PostgresEngine::Outcome> PostgresEngine::TryApply(const NewGeneration& next, const NewOrders& orders,

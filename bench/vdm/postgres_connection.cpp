@@ -1,28 +1,15 @@
 #include "vdm/postgres_connection.h"
 
 #include <algorithm>
-#include <array>
-#include <map>
 #include <optional>
 
-#include "vdm/commit_origin.h"
+#include "vdm/postgres_dial.h"
 #include "vdm/postgres_fault.h"
 
 namespace vanzet::vdm {
 namespace {
 
 constexpr int kOldestServer = 130000;
-
-struct Setting {
-  const char* name;
-  const char* value;
-};
-
-/// The settings that a connection text need not have. Times are seconds; the last one milliseconds.
-constexpr Setting kUsualSettings[] = {
-    {"connect_timeout", "10"}, {"keepalives_idle", "15"},     {"keepalives_interval", "5"},
-    {"keepalives_count", "3"}, {"tcp_user_timeout", "30000"},
-};
 
 // The server notices a dead client by the same keep-alives, and takes its locks back. Some systems cannot.
 constexpr std::string_view kSetKeepAlives = R"(
@@ -36,66 +23,10 @@ constexpr std::string_view kSetSafety = R"(
          CASE WHEN current_setting('synchronous_commit') IN ('off', 'local', 'remote_write')
               THEN set_config('synchronous_commit', 'on', false) END)";
 
-using Settings = std::map<std::string, std::string>;
-
-/// The settings of a connection text. Its faults do not quote it: it may hold a password.
-Result<Settings> SettingsIn(const Libpq& pq, const std::string& text) {
-  const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
-      pq.conninfoParse(text.c_str(), nullptr), pq.conninfoFree);
-  if (options == nullptr) return Fault{"[store] engine= is not a connection text of PostgreSQL"};
-  Settings settings;
-  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option) {
-    if (option->val != nullptr) settings.emplace(option->keyword, option->val);
-  }
-  return settings;
-}
-
-/// A store of several hosts is on the one that can be written.
-bool HasSeveralHosts(const Settings& settings) {
-  return std::ranges::any_of(std::array{"host", "hostaddr"}, [&](const char* name) {
-    const auto hosts = settings.find(name);
-    return hosts != settings.end() && hosts->second.find(',') != std::string::npos;
-  });
-}
-
-void AddUsual(Settings& settings) {
-  for (const Setting& setting : kUsualSettings) settings.try_emplace(setting.name, setting.value);
-  if (HasSeveralHosts(settings)) settings.try_emplace("target_session_attrs", "read-write");
-  const CommitOrigin origin = OriginOfProcess();
-  settings.try_emplace("application_name", std::string(kConnectionName) + origin.user + "@" + origin.host);
-  settings.insert_or_assign("client_encoding", "UTF8");
-}
-
-PGconn* Connect(const Libpq& pq, const Settings& settings) {
-  std::vector<const char*> names, values;
-  for (const auto& [name, value] : settings) {
-    names.push_back(name.c_str());
-    values.push_back(value.c_str());
-  }
-  names.push_back(nullptr);
-  values.push_back(nullptr);
-  return pq.connectdbParams(names.data(), values.data(), 0);
-}
-
 std::string NameOf(const Libpq& pq, const PGconn* connection) {
   const auto text = [](const char* part) { return std::string(part == nullptr ? "" : part); };
   return "postgresql://" + text(pq.host(connection)) + ":" + text(pq.port(connection)) + "/" +
          text(pq.db(connection));
-}
-
-/// The library's text in one line, whose parts are the hosts that were tried.
-std::string Sentence(std::string_view text) {
-  std::string sentence;
-  for (const char c : text) {
-    if (c != '\n') {
-      sentence.push_back(c);
-    } else if (!sentence.ends_with("; ")) {
-      sentence += "; ";
-    }
-  }
-  if (sentence.ends_with("; ")) sentence.resize(sentence.size() - 2);
-  std::erase(sentence, '\t');
-  return sentence;
 }
 
 std::string_view Field(const Libpq& pq, const PGresult* result, int field) {
@@ -107,25 +38,28 @@ void IgnoreNotice(void*, const char*) {}
 
 }  // namespace
 
-PostgresConnection::PostgresConnection(const Libpq& pq, PGconn* connection)
-    : pq_(pq), connection_(connection, pq.finish), name_(NameOf(pq, connection)) {}
+PostgresConnection::PostgresConnection(const Libpq& pq,
+                                       std::unique_ptr<PGconn, decltype(&PQfinish)> connection)
+    : pq_(pq), connection_(std::move(connection)), name_(NameOf(pq, connection_.get())) {}
 
-Result<std::unique_ptr<PostgresConnection>> PostgresConnection::Open(const std::string& connectionText) {
+Result<std::unique_ptr<PostgresConnection>> PostgresConnection::Open(const std::string& connectionText,
+                                                                     bool* mayPass) {
+  if (mayPass != nullptr) *mayPass = false;
   VANZET_TRY(const auto* const pq, LoadLibpq());
-  VANZET_TRY(auto settings, SettingsIn(*pq, connectionText));
-  AddUsual(settings);
-  PGconn* const connected = Connect(*pq, settings);
-  if (connected == nullptr) return Fault{.text = "memory ran out", .kind = FaultKind::kSystem};
-  std::unique_ptr<PostgresConnection> connection(new PostgresConnection(*pq, connected));
-  VANZET_DO(connection->Prepare());
-  return connection;
+  VANZET_TRY(auto dialled, Dial(*pq, connectionText));
+  std::unique_ptr<PostgresConnection> connection(new PostgresConnection(*pq, std::move(dialled.connection)));
+  if (!dialled.failure.empty()) {
+    if (mayPass != nullptr) *mayPass = dialled.mayPass;
+    return connection->FaultOf("cannot be reached: " + dialled.failure, FaultKind::kSystem);
+  }
+  const auto prepared = connection->Prepare();
+  if (prepared) return connection;
+  if (mayPass != nullptr) *mayPass = connection->IsBroken();
+  return prepared.fault();
 }
 
 Result<void> PostgresConnection::Prepare() {
   PGconn* const connection = connection_.get();
-  if (pq_.status(connection) != CONNECTION_OK) {
-    return FaultOf("cannot be reached: " + Sentence(pq_.errorMessage(connection)), FaultKind::kSystem);
-  }
   if (const int version = pq_.serverVersion(connection); version < kOldestServer) {
     return FaultOf("is a server of version " + std::to_string(version / 10000) +
                    ", and a store needs 13 or later");
@@ -180,10 +114,10 @@ Result<PostgresRows> PostgresConnection::Receive() {
   const auto status = pq_.resultStatus(result);
   if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return rows;
   if (lastState_.empty()) lastState_ = Field(pq_, result, PG_DIAG_SQLSTATE);
-  if (IsBroken()) return BrokenFault();
+  const auto message = Field(pq_, result, PG_DIAG_MESSAGE_PRIMARY);
+  if (IsBroken()) return message.empty() ? BrokenFault() : BrokenFault(message);
   const char* const role = pq_.user(connection_.get());
-  Fault fault =
-      vdm::FaultOf({lastState_, Field(pq_, result, PG_DIAG_MESSAGE_PRIMARY), role == nullptr ? "" : role});
+  Fault fault = vdm::FaultOf({lastState_, message, role == nullptr ? "" : role});
   fault.file = name_;
   return fault;
 }
@@ -199,8 +133,13 @@ bool PostgresConnection::IsBroken() const {
 }
 
 Fault PostgresConnection::BrokenFault() const {
-  return FaultOf("the connection broke: " + Sentence(pq_.errorMessage(connection_.get())),
-                 FaultKind::kSystem);
+  return BrokenFault(Sentence(pq_.errorMessage(connection_.get())));
+}
+
+Fault PostgresConnection::BrokenFault(std::string_view reason) const {
+  std::string text = "the connection broke";
+  if (!reason.empty()) text.append(": ").append(reason);
+  return FaultOf(std::move(text), FaultKind::kSystem);
 }
 
 Fault PostgresConnection::FaultOf(std::string text, FaultKind kind) const {

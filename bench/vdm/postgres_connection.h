@@ -8,9 +8,6 @@
 
 namespace vanzet::vdm {
 
-/// The name of a connection on the server begins with this; the user follows: "vanzet jo@shop-3".
-inline constexpr std::string_view kConnectionName = "vanzet ";
-
 /// One connection to a PostgreSQL server.
 ///
 /// Errors   a fault that names host and database, never the password, with the server's text as it came:
@@ -18,9 +15,10 @@ inline constexpr std::string_view kConnectionName = "vanzet ";
 /// Threads  one; not to be carried over a fork
 class PostgresConnection {
  public:
-  /// Connects to the first host of the connection text that answers. Keep-alives let a dead machine at the
-  /// other end be noticed within a minute, there as here, where the text does not say otherwise.
-  static Result<std::unique_ptr<PostgresConnection>> Open(const std::string& connectionText);
+  /// Connects to the first host of the connection text that answers, and prepares the connection; tries it
+  /// once. Returns through `mayPass`, where it is not null, whether a failure may be gone a little later.
+  static Result<std::unique_ptr<PostgresConnection>> Open(const std::string& connectionText,
+                                                          bool* mayPass = nullptr);
 
   /// Runs the statements in one round trip. Without a BEGIN among them they are one transaction. The first
   /// fault ends them; a transaction that was begun is still to be rolled back then.
@@ -48,12 +46,13 @@ class PostgresConnection {
   Result<std::vector<std::string>> Notifications();
 
  private:
-  PostgresConnection(const Libpq& pq, PGconn* connection);
+  PostgresConnection(const Libpq& pq, std::unique_ptr<PGconn, decltype(&PQfinish)> connection);
 
   Result<void> Prepare();
   bool Send(const PostgresStatement& statement);
   Result<PostgresRows> Receive();
   Fault BrokenFault() const;
+  Fault BrokenFault(std::string_view reason) const;
 
   const Libpq& pq_;
   std::unique_ptr<PGconn, decltype(&PQfinish)> connection_;

@@ -20,13 +20,17 @@ constexpr KnownState kKnownStates[] = {
     {"XX002", FaultKind::kDamaged, "is damaged"},
 };
 
-constexpr std::string_view kNoPermission = "42501";
+constexpr std::string_view kNoPermission = "42501", kTooManyConnections = "53300";
 
 }  // namespace
 
 bool IsEndOfConnection(std::string_view state) {
   return state.starts_with("08") || state == "57P01" || state == "57P02" || state == "57P03" ||
          state == "57P05" || state == "25P03";
+}
+
+bool IsOfUnreadyServer(std::string_view state) {
+  return IsEndOfConnection(state) || state == kTooManyConnections;
 }
 
 Fault FaultOf(const PostgresError& error) {

@@ -17,6 +17,9 @@ struct PostgresError {
 /// True when the server ends the connection, or cannot serve anybody.
 bool IsEndOfConnection(std::string_view state);
 
+/// True when a server that answers so to a new connection may take one a little later.
+bool IsOfUnreadyServer(std::string_view state);
+
 /// The fault of a statement, without its place.
 Fault FaultOf(const PostgresError& error);
 

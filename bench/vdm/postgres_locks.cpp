@@ -1,6 +1,7 @@
 #include "vdm/postgres_locks.h"
 
 #include "base/one_line.h"
+#include "vdm/postgres_dial.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -50,6 +51,7 @@ Result<StoreLocks::Held> PostgresLocks::Acquire(Number number) {
 }
 
 Result<StoreLocks::Held> PostgresLocks::AcquireProject(std::chrono::milliseconds longestWait) {
+  session_->WaitAtLeast(longestWait);
   VANZET_TRY(const auto key, KeyOf(kProjectPlace));
   VANZET_TRY(const bool isLocked, session_->Lock(key, longestWait));
   if (!isLocked) {

@@ -1,7 +1,6 @@
 #include "vdm/postgres_session.h"
 
 #include <algorithm>
-#include <thread>
 
 #include "vdm/postgres_schema.h"
 
@@ -10,9 +9,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::chrono::seconds kLongestReconnect{30};
-constexpr milliseconds kStep{100};
-constexpr int kAttempts = 3;
+/// Between two attempts to connect.
+constexpr milliseconds kLongestPause{100};
 
 /// A server that lost sight of the former connection keeps its locks until its keep-alives notice.
 constexpr milliseconds kLongestRelock{45'000};
@@ -44,12 +42,7 @@ std::int64_t NumberOf(std::int64_t key) {
 }  // namespace
 
 Result<PostgresConnection*> PostgresSession::Connection() {
-  if (connection_ == nullptr) {
-    VANZET_TRY(connection_, PostgresConnection::Open(connectionText_));
-    ++connections_;
-  } else if (connection_->IsBroken()) {
-    VANZET_DO(Reconnect());
-  }
+  if (connection_ == nullptr || connection_->IsBroken()) VANZET_DO(Connect());
   return connection_.get();
 }
 
@@ -58,17 +51,22 @@ Result<PostgresConnection*> PostgresSession::ConnectionOf(int count) const {
   return connection_->FaultOf("the connection broke", FaultKind::kSystem);
 }
 
-Result<void> PostgresSession::Reconnect() {
-  const auto end = std::chrono::steady_clock::now() + kLongestReconnect;
+Result<void> PostgresSession::Connect() {
+  PostgresPatience patience(longestWait_, kLongestPause);
+  // A server that was there once will come back.
+  bool isThere = connection_ != nullptr;
   while (true) {
-    auto opened = PostgresConnection::Open(connectionText_);
-    if (opened) {
-      connection_ = std::move(*opened);
-      ++connections_;
-      return TakeLocksAgain();
+    bool mayPass = false;
+    auto opened = PostgresConnection::Open(connectionText_, &mayPass);
+    isThere = isThere || opened || mayPass;
+    if (!opened) {
+      if (!isThere || !patience.Pause()) return opened.fault();
+      continue;
     }
-    if (std::chrono::steady_clock::now() >= end) return opened.fault();
-    std::this_thread::sleep_for(kStep);
+    connection_ = std::move(*opened);
+    ++connections_;
+    const auto taken = TakeLocksAgain();
+    if (taken || !patience.Pause()) return taken;
   }
 }
 
@@ -92,11 +90,7 @@ Result<bool> PostgresSession::TakeAgain(std::int64_t key, std::int64_t generatio
 }
 
 Result<PostgresAnswers> PostgresSession::Run(const std::vector<PostgresStatement>& statements) {
-  for (int attempt = 1;; ++attempt) {
-    VANZET_TRY(auto* const connection, Connection());
-    auto answers = connection->Run(statements);
-    if (answers || !connection->IsBroken() || attempt == kAttempts) return answers;
-  }
+  return Repeat([&](PostgresConnection& connection) { return connection.Run(statements); });
 }
 
 Result<std::optional<PostgresRows>> PostgresSession::Read(PostgresStatement statement) {
@@ -113,7 +107,7 @@ Result<std::int64_t> PostgresSession::MakeProject() {
                                                      {kProjectId, {PostgresValue::Text(project_)}}};
   auto made = Run(statements);
   if (!made && connection_ != nullptr && HasNoTables(*connection_)) {
-    VANZET_DO(MakeServerTables(*connection_));
+    VANZET_DO(Repeat(MakeServerTables));
     made = Run(statements);
   }
   if (!made) return made.fault();
@@ -123,6 +117,15 @@ Result<std::int64_t> PostgresSession::MakeProject() {
 }
 
 Result<bool> PostgresSession::Lock(std::int64_t key, milliseconds longestWait) {
+  VANZET_DO(Connection());
+  const int before = connections_;
+  VANZET_TRY(const bool isLocked, TryLock(key, longestWait));
+  if (isLocked || connections_ == before) return isLocked;
+  // The former connection may have taken it before it broke.
+  return TryLock(key, std::max(longestWait, kLongestRelock));
+}
+
+Result<bool> PostgresSession::TryLock(std::int64_t key, milliseconds longestWait) {
   const PostgresStatement last = {kLastGeneration, {ProjectOf(key)}};
   const bool waits = longestWait.count() > 0;
   const auto locked =

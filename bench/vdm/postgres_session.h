@@ -1,20 +1,25 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "vdm/postgres_connection.h"
+#include "vdm/postgres_patience.h"
 
 namespace vanzet::vdm {
 
 /// A project on a server as one engine uses it: a connection that is made again when it breaks, with the
 /// locks that were held on it.
 ///
-/// Errors   those of `PostgresConnection`. A first connection fails at once; one that broke is tried again
-///          for half a minute, on all hosts of the connection text, so that another server can take over
+/// Errors   those of `PostgresConnection`. A connection that broke, and a first one to a server that is there
+///          but not ready, is tried again for half a minute or longer, on all hosts of the connection text, so
+///          that another server can take over. Where no server is, or refuses the person, a first connection
+///          fails at once
 class PostgresSession {
  public:
   PostgresSession(std::string connectionText, std::string project)
@@ -22,6 +27,12 @@ class PostgresSession {
 
   const std::string& connectionText() const { return connectionText_; }
   const std::string& project() const { return project_; }
+
+  /// Tries at least so long, from now on, where a connection breaks.
+  void WaitAtLeast(std::chrono::milliseconds wait) { longestWait_ = std::max(longestWait_, wait); }
+
+  /// The pauses of something that is begun again each time the connection breaks.
+  PostgresPatience Patience() const { return PostgresPatience(longestWait_); }
 
   /// The connection, which is not broken; valid until the next call.
   Result<PostgresConnection*> Connection();
@@ -31,6 +42,18 @@ class PostgresSession {
 
   /// The number of connections that were made.
   int Connections() const { return connections_; }
+
+  /// Calls `attempt` with the connection; again, with a new one, when this one has broken and it failed.
+  template <class Attempt>
+  auto Repeat(const Attempt& attempt) -> decltype(attempt(std::declval<PostgresConnection&>())) {
+    PostgresPatience patience = Patience();
+    while (true) {
+      VANZET_TRY(auto* const connection, Connection());
+      const int count = Connections();
+      auto done = attempt(*connection);
+      if (done || ConnectionOf(count) || !patience.Pause()) return done;
+    }
+  }
 
   /// Runs statements that may run twice, in one transaction; again on a new connection when this one breaks.
   Result<PostgresAnswers> Run(const std::vector<PostgresStatement>& statements);
@@ -57,11 +80,13 @@ class PostgresSession {
   void NoteCommit(std::int64_t generation);
 
  private:
-  Result<void> Reconnect();
+  Result<void> Connect();
   Result<void> TakeLocksAgain();
+  Result<bool> TryLock(std::int64_t key, std::chrono::milliseconds longestWait);
   Result<bool> TakeAgain(std::int64_t key, std::int64_t generation);
 
   std::string connectionText_, project_;
+  std::chrono::milliseconds longestWait_{30'000};
   std::unique_ptr<PostgresConnection> connection_;
   int connections_ = 0;
   std::map<std::int64_t, std::int64_t> held_;  ///< locks, with the last generation that this session knows

@@ -33,6 +33,11 @@ class Failover : public testing::Test {
     return project::StoreAt({.connection = text, .project = "lathe"}, folder_.path());
   }
 
+  std::string TextOfBoth(const Server& standby) const {
+    return "host=" + primary_->folder().string() + "," + standby.folder().string() +
+           " user=vanzet dbname=vanzet target_session_attrs=read-write";
+  }
+
   /// Writes number after number into VDM 1000, each a commit; the count of those that were acknowledged.
   void WriteAll(const std::string& text, const std::function<void(std::int64_t)>& afterEach) {
     vdm::VdmStore store = Store(text);
@@ -67,6 +72,28 @@ class Failover : public testing::Test {
   std::unique_ptr<Server> primary_;
 };
 
+TEST_F(Failover, WaitsForTheTakeoverWhereItIsStartedBefore) {
+  primary_->Sql("ALTER SYSTEM SET log_connections=on");
+  const auto standby = Server::MakeStandby(*primary_);
+  primary_->Kill();
+  const std::size_t before = standby->Log().size();
+  std::thread writer([&] {
+    vdm::VdmStore store = Store(TextOfBoth(*standby));
+    ExpectDone(store.Replace(1000, VdmOf({{"late"}})));
+    ExpectDone(store.Commit("test"));
+  });
+  // It has been at the standby, which takes no changes yet.
+  const auto hasAsked = [&] {
+    return standby->Log().find("application_name=vanzet ", before) != std::string::npos;
+  };
+  while (!hasAsked() && !HasFailure()) std::this_thread::sleep_for(10ms);
+  standby->Promote();
+  writer.join();
+  const auto content = Store(standby->Text()).Snapshot(1000);
+  ASSERT_TRUE(content) << content.fault().Message();
+  EXPECT_EQ(TextOf(*content), "late");
+}
+
 TEST_F(Failover, GoesOnAtTheStandbyWithEveryAcknowledgedClose) {
   const auto standby = Server::MakeStandby(*primary_);
   primary_->Stop();
@@ -74,8 +101,7 @@ TEST_F(Failover, GoesOnAtTheStandbyWithEveryAcknowledgedClose) {
   while (primary_->Sql("SELECT count(*) FROM pg_stat_replication WHERE sync_state='sync'") != "1\n") {
     std::this_thread::sleep_for(100ms);
   }
-  const std::string both = "host=" + primary_->folder().string() + "," + standby->folder().string() +
-                           " user=vanzet dbname=vanzet target_session_attrs=read-write";
+  const std::string both = TextOfBoth(*standby);
   std::atomic<std::int64_t> written = 0;
   std::thread writer([&] { WriteAll(both, [&](std::int64_t i) { written = i; }); });
   while (written < kWrites / 2 && !HasFailure()) std::this_thread::sleep_for(1ms);

@@ -47,6 +47,9 @@ class Server {
   /// Runs statements as the owner; returns the rows, a line each.
   std::string Sql(const std::string& statements) const;
 
+  /// The report of the server so far.
+  std::string Log() const;
+
   const std::filesystem::path& folder() const { return folder_.path(); }
 
  private:
@@ -54,7 +57,6 @@ class Server {
 
   /// Runs a shell's line as the user of the server.
   void Run(const std::string& line) const;
-  std::string Log() const;
 
   const TemporaryFolder folder_;
   int process_ = 0;  ///< 0: it does not run

@@ -5,6 +5,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -82,22 +83,40 @@ void ServerProxy::Work() {
 
 void ServerProxy::Accept() {
   const int client = accept4(listening_, nullptr, nullptr, SOCK_CLOEXEC);
+  if (toRefuse_ > 0) return Refuse(client);
   const int server = NewSocket();
   const sockaddr_un address = AddressOf(HostOf(serverText_));
   EXPECT_EQ(connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-  pairs_.push_back({client, server});
+  Pair& pair = pairs_.emplace_back(Pair{client, server});
+  if (toCut_ == 0) return;
+  pair.most = cutAfter_;
+  --toCut_;
+}
+
+/// The server's message: its kind, its length, and fields of a letter and a text each.
+void ServerProxy::Refuse(int client) {
+  --toRefuse_;
+  std::array<char, 4096> request = {};
+  EXPECT_GT(read(client, request.data(), request.size()), 0);
+  const char end = '\0';
+  const std::string fields = std::string("SFATAL") + end + "VFATAL" + end + "C" + state_.load() + end +
+                             "Mno entry" + end + "Fnone.c" + end + "L7" + end + "Rnone" + end + end;
+  const std::string message = std::string("E\0\0\0", 4) + static_cast<char>(fields.size() + 4) + fields;
+  EXPECT_EQ(send(client, message.data(), message.size(), MSG_NOSIGNAL), static_cast<ssize_t>(message.size()));
+  close(client);
 }
 
 bool ServerProxy::Pass(Pair& pair, bool fromClient) {
   std::array<char, 65536> buffer = {};
   const ssize_t size = read(fromClient ? pair.client : pair.server, buffer.data(), buffer.size());
   if (size <= 0) return false;
-  const std::string_view bytes(buffer.data(), static_cast<std::size_t>(size));
+  const std::string_view bytes(buffer.data(), std::min(static_cast<std::size_t>(size), pair.most));
   if (fromClient && pair.isAnswered) ++roundTrips_;
   pair.isAnswered = !fromClient;
   if (fromClient && IsCutBefore(bytes)) return false;
-  if (send(fromClient ? pair.server : pair.client, bytes.data(), bytes.size(), MSG_NOSIGNAL) != size)
-    return false;
+  const ssize_t sent = send(fromClient ? pair.server : pair.client, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+  pair.most -= bytes.size();
+  if (sent != size || pair.most == 0) return false;
   if (!fromClient || cut_ != Cut::kAfterCommit || bytes.find(kCommit) == bytes.npos) return true;
   cut_ = Cut::kNever;
   EXPECT_GT(read(pair.server, buffer.data(), buffer.size()), 0);
