@@ -222,6 +222,28 @@ TEST_F(LoopCutTest, ASpanThatIsNearerKeepsItsPart) {
   }
 }
 
+// The sides of a notch are nearly opposite to each other. Grown, they meet where the notch is twice as wide.
+TEST_F(LoopCutTest, NotchesOfAnyAngleAreFilledUpToTwiceTheDistance) {
+  for (const double angle : {1e-1, 1e-3, 1e-4}) {
+    const double half = 1000 * std::tan(angle / 2), distance = 100 * std::sin(angle / 2);
+    const Region block =
+        Polygon({{-200, -10}, {200, -10}, {200, 1000}, {half, 1000}, {0, 0}, {-half, 1000}, {-200, 1000}});
+    const Sketch sketch({&block});
+    region::OffsetChain chain(sketch, -distance, {});
+    EXPECT_EQ(chain.Around(block.loops[0].spans).spans.size(), 7u + 6u)
+        << "an arc at each other corner, no spur";
+    const Region grown = OffsetRegion(block, -distance);
+    ASSERT_EQ(grown.loops.size(), 1u) << angle;
+    // The sides are 1000 / cos long; 100 cot of each and a kite at the bottom are counted twice.
+    const double side = 1000 / std::cos(angle / 2), around = 2 * (400 + 1010) - 2 * half + 2 * side;
+    const double twice = distance * 100 * std::cos(angle / 2);
+    const double turns = 2 * kPi + (kPi - angle);
+    const double whole =
+        400 * 1010 - 1000 * half + distance * around + distance * distance * turns / 2 - twice;
+    EXPECT_NEAR(grown.Area(), whole, 1e-7) << angle;
+  }
+}
+
 // A bulb behind a neck that is narrower than the tool: the neck's corners are the nearest ones.
 TEST_F(LoopCutTest, ABulbBehindANeckIsNoLoopOfTheNeck) {
   const Region bulb = Drawn({-10, 0}, {{LINEAR, {-0.6, 0}, {}},
