@@ -58,7 +58,7 @@ Contour NumberedLoop(int number, const RegionLoop& loop) {
 }  // namespace
 
 Result<Region> Checked(Region region) {
-  if (!region.ok) return Fault{"the region cannot be computed: too many spans nearly coincide"};
+  if (!region.ok) return Fault{"the region cannot be computed: too many spans cross or nearly coincide"};
   return region;
 }
 

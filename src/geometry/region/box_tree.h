@@ -24,7 +24,8 @@ class BoxTree {
 
   explicit BoxTree(std::vector<Item> items);
 
-  /// Calls `visit(i, j)`, i < j, for the pairs of items whose boxes meet and of which one is new.
+  /// Calls `visit(i, j)`, i < j, for the pairs of items whose boxes meet and of which one is new, until it
+  /// returns false.
   template <class Visit>
   void VisitPairs(Visit visit) const {
     VisitWithin(1, visit);
@@ -54,38 +55,43 @@ class BoxTree {
   std::size_t Last(std::size_t leaf) const { return std::min((leaf - leaves_ + 1) * kRun, items_.size()); }
 
   template <class Visit>
-  void VisitPair(std::size_t i, std::size_t j, Visit& visit) const {
-    if ((items_[i].isNew || items_[j].isNew) && Meet(items_[i], items_[j])) {
-      visit(static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(j));
-    }
+  bool VisitPair(std::size_t i, std::size_t j, Visit& visit) const {
+    return !(items_[i].isNew || items_[j].isNew) || !Meet(items_[i], items_[j]) ||
+           visit(static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(j));
   }
   template <class Visit>
-  void VisitWithin(std::size_t node, Visit& visit) const {
-    if (!nodes_[node].isNew || nodes_[node].advance != 0) return;
+  bool VisitWithin(std::size_t node, Visit& visit) const {
+    if (!nodes_[node].isNew || nodes_[node].advance != 0) return true;
     if (IsLeaf(node)) {
       for (std::size_t i = First(node); i < Last(node); ++i) {
-        for (std::size_t j = i + 1; j < Last(node); ++j) VisitPair(i, j, visit);
+        for (std::size_t j = i + 1; j < Last(node); ++j) {
+          if (!VisitPair(i, j, visit)) return false;
+        }
       }
-      return;
+      return true;
     }
-    VisitWithin(2 * node, visit);
-    VisitWithin(2 * node + 1, visit);
-    VisitBetween(2 * node, 2 * node + 1, visit);
+    return VisitWithin(2 * node, visit) && VisitWithin(2 * node + 1, visit) &&
+           VisitBetween(2 * node, 2 * node + 1, visit);
   }
   /// Both nodes are of one level, `a` before `b`.
   template <class Visit>
-  void VisitBetween(std::size_t a, std::size_t b, Visit& visit) const {
-    if (!(nodes_[a].isNew || nodes_[b].isNew) || !Meet(nodes_[a], nodes_[b])) return;
-    if (b == a + 1 && !nodes_[b].isFirst && (nodes_[a].advance & nodes_[b].advance) != 0) return;
+  bool VisitBetween(std::size_t a, std::size_t b, Visit& visit) const {
+    if (!(nodes_[a].isNew || nodes_[b].isNew) || !Meet(nodes_[a], nodes_[b])) return true;
+    if (b == a + 1 && !nodes_[b].isFirst && (nodes_[a].advance & nodes_[b].advance) != 0) return true;
     if (IsLeaf(a)) {
       for (std::size_t i = First(a); i < Last(a); ++i) {
-        for (std::size_t j = First(b); j < Last(b); ++j) VisitPair(i, j, visit);
+        for (std::size_t j = First(b); j < Last(b); ++j) {
+          if (!VisitPair(i, j, visit)) return false;
+        }
       }
-      return;
+      return true;
     }
     for (const std::size_t childA : {2 * a, 2 * a + 1}) {
-      for (const std::size_t childB : {2 * b, 2 * b + 1}) VisitBetween(childA, childB, visit);
+      for (const std::size_t childB : {2 * b, 2 * b + 1}) {
+        if (!VisitBetween(childA, childB, visit)) return false;
+      }
     }
+    return true;
   }
   template <class Visit>
   void VisitBelow(std::size_t node, const Item& box, Visit& visit) const {

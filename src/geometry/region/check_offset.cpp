@@ -69,7 +69,6 @@ std::optional<Vector2d> CrossingOf(const Pieces& pieces) {
   }
   std::optional<Vector2d> crossing;
   BoxTree(std::move(boxes)).VisitPairs([&](std::uint32_t i, std::uint32_t j) {
-    if (crossing) return;
     const Piece &a = pieces.List()[i], &b = pieces.List()[j];
     const bool startIsCommon = a.from == b.from || a.from == b.to,
                endIsCommon = a.to == b.from || a.to == b.to;
@@ -81,6 +80,7 @@ std::optional<Vector2d> CrossingOf(const Pieces& pieces) {
                             (endIsCommon && (found[n] - shape.b).Magnitude() <= 2 * pieces.Distance());
       if (!isCommon) crossing = found[n];
     }
+    return !crossing;
   });
   return crossing;
 }

@@ -180,6 +180,13 @@ bool AreInPlace(const Pieces& pieces, const std::vector<Stroke>& strokes, double
   });
 }
 
+Region Failed() {
+  Region failed;
+  failed.ok = false;
+  return failed;
+}
+
+/// The region, or a failed one where there are too many cuts, or nothing when another distance may do.
 std::optional<Region> Attempt(const Sketch& sketch, const Runs& runs, Rule rule, Cancelled cancelled,
                               double distance) {
   Pieces pieces(distance);
@@ -189,7 +196,9 @@ std::optional<Region> Attempt(const Sketch& sketch, const Runs& runs, Rule rule,
     const std::uint32_t from = pieces.AddVertex(run.from);
     runEdges.push_back({from, pieces.AddVertex(run.to)});
   }
-  if (!pieces.Normalise()) return std::nullopt;
+  const Normalised outcome = pieces.Normalise(runs.curves.size());
+  if (outcome == Normalised::kTooMany) return Failed();
+  if (outcome == Normalised::kUnsettled) return std::nullopt;
   if (!runs.list.empty() && !AreInPlace(pieces, sketch.Strokes(), kInPlace * distance)) return std::nullopt;
   pieces.Finish();
   Arrangement map(pieces, cancelled, runs, runEdges, static_cast<std::uint32_t>(sketch.Strokes().size()));
@@ -204,15 +213,13 @@ bool IsPositive(const Turns& turns) {
 }  // namespace
 
 Region FacesOf(const Sketch& sketch, Rule rule, Cancelled cancelled) {
-  Region failed;
-  failed.ok = false;
-  if (!sketch.IsSound()) return failed;
+  if (!sketch.IsSound()) return Failed();
   if (sketch.Strokes().empty()) return {};
   double distance = sketch.Distance();
   for (int attempt = 0; attempt < kMostAttempts; ++attempt, distance *= kCoarser) {
     if (auto region = Attempt(sketch, {}, rule, cancelled, distance)) return *region;
   }
-  return failed;
+  return Failed();
 }
 
 // The more is proved of the loops, the less is left to be arranged.

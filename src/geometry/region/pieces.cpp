@@ -128,13 +128,10 @@ bool Pieces::FindCuts() {
   }
   cuts_.clear();
   BoxTree(std::move(boxes)).VisitPairs([&](std::uint32_t i, std::uint32_t j) {
-    if (!HasTooManyCuts()) Compare(i, j);
+    Compare(i, j);
+    return !HasTooManyCuts();
   });
   return !cuts_.empty();
-}
-
-bool Pieces::HasTooManyCuts() const {
-  return cuts_.size() > std::max(kMostCuts, kMostCutsPerPiece * pieces_.size());
 }
 
 void Pieces::ApplyCuts() {
@@ -167,15 +164,16 @@ void Pieces::Finish() {
   cuts_ = {};
 }
 
-bool Pieces::Normalise() {
+Normalised Pieces::Normalise(std::size_t others) {
   const std::size_t first = pieces_.size();
   for (int round = 0; round < kMostRounds; ++round) {
-    if (!FindCuts()) return true;
-    if (HasTooManyCuts()) return false;
-    if (round > kFreeRounds && cuts_.size() > first + kFewCuts) return false;
+    mostCuts_ = std::max(kMostCuts, kMostCutsPerPiece * (pieces_.size() + others));
+    if (!FindCuts()) return Normalised::kDone;
+    if (HasTooManyCuts()) return Normalised::kTooMany;
+    if (round > kFreeRounds && cuts_.size() > first + kFewCuts) return Normalised::kUnsettled;
     ApplyCuts();
   }
-  return false;
+  return Normalised::kUnsettled;
 }
 
 }  // namespace geometry::region

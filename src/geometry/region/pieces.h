@@ -34,6 +34,10 @@ struct Piece {
   bool isNew = true;
 };
 
+/// How the pieces are after the cutting: they meet in vertices only; the cuts bred others, which may end with a
+/// larger distance; or there were more cuts than memory is for, which a larger distance does not change.
+enum class Normalised { kDone, kUnsettled, kTooMany };
+
 /// Strokes, cut into pieces that meet in vertices only.
 ///
 /// Invariant after `Normalise`: no two vertices are within the distance of each other, no piece passes a
@@ -45,8 +49,9 @@ class Pieces {
 
   void Add(const Stroke& stroke);
   std::uint32_t AddVertex(const Vector2d& p) { return net_.Add(p); }
-  /// Returns false when too many rounds or cuts were necessary; the pieces are of no use then.
-  bool Normalise();
+  /// Cuts the pieces. Unless that is done, they are of no use. `others` is the number of curves that belong to
+  /// the same drawing and are not among the pieces: large drawings may have more cuts.
+  Normalised Normalise(std::size_t others = 0);
   /// Frees what only `Normalise` needs.
   void Finish();
 
@@ -66,11 +71,12 @@ class Pieces {
   bool AreClear(std::uint32_t i, std::uint32_t j) const;
   void CutAtEnds(std::uint32_t i, const Piece& other);
   void CutAt(std::uint32_t i, std::uint32_t vertex);
-  bool HasTooManyCuts() const;
+  bool HasTooManyCuts() const { return cuts_.size() > mostCuts_; }
   void ApplyCuts();
 
   double distance_;
   VertexNet net_;
+  std::size_t mostCuts_ = 0;
   std::vector<Piece> pieces_;
   std::vector<PreparedCurve> prepared_;
   std::vector<Cut> cuts_;

@@ -6,6 +6,10 @@
 namespace geometry::region {
 namespace {
 
+/// So many pairs of spans that are both known to meet others are passed by, and so many for each part. Where there
+/// are more, to compare the rest takes longer than to arrange it.
+constexpr std::size_t kMostKnown = 1'000'000, kMostKnownPerPart = 64;
+
 void SortBySize(std::vector<RegionLoop>& loops) {
   if (loops.size() < 2) return;
   std::vector<std::pair<double, std::size_t>> order;
@@ -38,6 +42,11 @@ void SeparateLoops::Mark(std::uint32_t part) {
   meets_[span] = true;
 }
 
+void SeparateLoops::MarkAll() {
+  meets_.assign(meets_.size(), true);
+  meetingCount_ = meets_.size();
+}
+
 void SeparateLoops::Compare() {
   for (const std::uint32_t i : parts_.DoubtfulJoints()) {
     if (!MeetAgain(i, parts_.Next(i))) continue;
@@ -45,12 +54,17 @@ void SeparateLoops::Compare() {
     Mark(parts_.Next(i));
   }
   tree_.emplace(parts_.TakeBoxes());
+  std::size_t known = 0;
+  const std::size_t mostKnown = kMostKnown + kMostKnownPerPart * parts_.Count();
   tree_->VisitPairs([&](std::uint32_t i, std::uint32_t j) {
-    if (parts_.Next(i) == j || parts_.Next(j) == i) return;
-    if ((meets_[parts_.SpanOf(i)] && meets_[parts_.SpanOf(j)]) || AreApart(i, j)) return;
+    if (parts_.Next(i) == j || parts_.Next(j) == i) return true;
+    if (meets_[parts_.SpanOf(i)] && meets_[parts_.SpanOf(j)]) return ++known <= mostKnown;
+    if (AreApart(i, j)) return true;
     Mark(i);
     Mark(j);
+    return true;
   });
+  if (known > mostKnown) MarkAll();
 }
 
 bool SeparateLoops::AreApart(std::uint32_t i, std::uint32_t j) const {

@@ -14,6 +14,7 @@ namespace geometry::region {
 /// - Two parts that follow each other do not meet again if a line through their common end separates them.
 /// - Any other two parts are apart if their boxes are. Else they are compared as in the arrangement
 ///   (curve.h), which would not cut them either.
+/// Where very many pairs are known to meet, all are taken to.
 /// All this with a margin of 16 r (geometry/region.h), thousands of times the rounding of coordinates. Parts
 /// that are shorter than 4096 r prove nothing, nor loops with arcs whose ends differ in radius by more than a
 /// millionth of their chord.
@@ -41,6 +42,7 @@ class SeparateLoops {
 
  private:
   void Mark(std::uint32_t part);
+  void MarkAll();
   void Compare();
   bool AreApart(std::uint32_t i, std::uint32_t j) const;
   bool MeetAgain(std::uint32_t i, std::uint32_t j) const;
