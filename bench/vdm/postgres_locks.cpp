@@ -2,6 +2,7 @@
 
 #include "base/one_line.h"
 #include "vdm/postgres_dial.h"
+#include "vdm/postgres_schema.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -15,25 +16,37 @@ constexpr std::string_view kIsHeld = R"(
     AND l.database=(SELECT oid FROM pg_database WHERE datname=current_database())
     AND l.pid<>pg_backend_pid())";
 constexpr std::string_view kHolders = R"(
-  SELECT l.objid::bigint, coalesce(a.application_name, '')
+  SELECT l.objid::bigint, coalesce(a.application_name, ''),
+    coalesce(to_char(a.backend_start AT TIME ZONE 'UTC', 'YYYY-MM-DD"T"HH24:MI:SS"Z"'), '')
   FROM pg_locks l JOIN vanzet.project p ON p.name=$1 AND l.classid::bigint=p.id
   LEFT JOIN pg_stat_activity a ON a.pid=l.pid
   WHERE l.locktype='advisory' AND l.objsubid=1 AND l.granted
     AND l.database=(SELECT oid FROM pg_database WHERE datname=current_database())
   ORDER BY 1)";
 
+std::vector<LockHolder> HoldersIn(const PostgresRows& rows) {
+  std::vector<LockHolder> holders;
+  for (int i = 0; i < rows.Size(); ++i) {
+    std::string_view who = rows.Bytes(i, 1);
+    if (who.starts_with(kConnectionName)) who.remove_prefix(kConnectionName.size());
+    LockHolder& holder = holders.emplace_back(LockHolder{{}, OneLine(who), std::string(rows.Bytes(i, 2))});
+    if (const auto number = NumberFrom(rows.Integer(i, 0))) holder.vdm = *number;
+  }
+  return holders;
+}
+
 }  // namespace
 
 Result<std::vector<LockHolder>> LockHolders(PostgresSession& session) {
   VANZET_TRY(const auto rows, session.Read({kHolders, {PostgresValue::Text(session.project())}}));
-  std::vector<LockHolder> holders;
-  for (int i = 0; rows && i < rows->Size(); ++i) {
-    std::string_view who = rows->Bytes(i, 1);
-    if (who.starts_with(kConnectionName)) who.remove_prefix(kConnectionName.size());
-    LockHolder& holder = holders.emplace_back(LockHolder{{}, OneLine(who)});
-    if (const auto number = NumberFrom(rows->Integer(i, 0))) holder.vdm = *number;
-  }
-  return holders;
+  return rows ? HoldersIn(*rows) : std::vector<LockHolder>();
+}
+
+Result<std::vector<LockHolder>> LockHolders(PostgresConnection& connection, const std::string& project) {
+  const auto answers = connection.Run({{kHolders, {PostgresValue::Text(project)}}});
+  if (answers) return HoldersIn(answers->front());
+  if (HasNoTables(connection)) return std::vector<LockHolder>();
+  return answers.fault();
 }
 
 Result<std::int64_t> PostgresLocks::KeyOf(std::int64_t place) {

@@ -1,23 +1,20 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "vdm/lock_holder.h"
 #include "vdm/postgres_session.h"
 #include "vdm/store_locks.h"
 
 namespace vanzet::vdm {
 
-/// Who holds a lock of a project on a server.
-struct LockHolder {
-  std::optional<Number> vdm;  ///< nothing: the project as a whole
-  std::string who;            ///< "jo@shop-3", or the name of another program's connection
-};
-
 /// The holders of locks now, this session too, by number; the project as a whole comes last.
 Result<std::vector<LockHolder>> LockHolders(PostgresSession& session);
+
+/// The same over a connection that is not that of a session; it is not made again when it breaks.
+Result<std::vector<LockHolder>> LockHolders(PostgresConnection& connection, const std::string& project);
 
 /// The locks of a project on a server: advisory locks of the session that the engine uses. The server
 /// releases them with the connection; a session that lost its connection takes them again, and does not

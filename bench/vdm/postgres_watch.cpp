@@ -23,7 +23,7 @@ Result<std::unique_ptr<PostgresWatch>> PostgresWatch::Begin(const std::string& c
   // The name of a channel cannot be a parameter; this one has letters and digits alone.
   const std::string listen = "LISTEN " + ChannelOf(project);
   VANZET_DO(connection->Run({{listen}}));
-  return std::unique_ptr<PostgresWatch>(new PostgresWatch(std::move(connection)));
+  return std::unique_ptr<PostgresWatch>(new PostgresWatch(std::move(connection), project));
 }
 
 Result<std::optional<std::int64_t>> PostgresWatch::Peek() {

@@ -4,8 +4,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "vdm/postgres_connection.h"
+#include "vdm/postgres_locks.h"
 
 namespace vanzet::vdm {
 
@@ -31,11 +33,16 @@ class PostgresWatch {
   /// The same, and waits for a commit at most so long.
   Result<std::optional<std::int64_t>> Wait(std::chrono::milliseconds longestWait);
 
+  /// Who holds a lock of the project now. A commit that is noticed meanwhile is that of the next `Peek`: the
+  /// descriptor need not say so.
+  Result<std::vector<LockHolder>> Holders() { return LockHolders(*connection_, project_); }
+
  private:
-  explicit PostgresWatch(std::unique_ptr<PostgresConnection> connection)
-      : connection_(std::move(connection)) {}
+  PostgresWatch(std::unique_ptr<PostgresConnection> connection, std::string project)
+      : connection_(std::move(connection)), project_(std::move(project)) {}
 
   std::unique_ptr<PostgresConnection> connection_;
+  std::string project_;
 };
 
 }  // namespace vanzet::vdm

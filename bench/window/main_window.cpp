@@ -71,6 +71,7 @@ MainWindow::MainWindow(Places places)
                                    {*drawing_, *equipment_, *drawingPane_, *equipmentPane_}, this);
   historyCommands_ = new HistoryCommands(workplace_, *history_, this);
   exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
+  watchCommands_ = new WatchCommands(workplace_, *equipmentCommands_, *statusBar(), this);
   ConnectCommands();
   ConnectParts();
   ConnectDockSwitches();
@@ -308,11 +309,11 @@ void MainWindow::ShowProject(int spurs, qint64 otherProcess) {
   pages_->setCurrentIndex(1);
   Retranslate();
   historyCommands_->Forget();
+  watchCommands_->WatchProject();
   notice_->SetMessage(otherProcess == 0 ? QString() : texts_(Text::kShownElsewhere).arg(otherProcess));
   equipmentCommands_->Refresh();
   drawing_->Fit();
   equipment_->LookFrom(scene::View::kIso);
-  equipmentCommands_->WatchProject();
 }
 
 /// Shows the spur that was chosen in the definition.

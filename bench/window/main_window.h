@@ -9,6 +9,7 @@
 #include "window/commands/history_commands.h"
 #include "window/commands/project_commands.h"
 #include "window/commands/view_commands.h"
+#include "window/commands/watch_commands.h"
 #include "window/help_window.h"
 #include "window/opengl/gl_canvas.h"
 #include "window/views/bars.h"
@@ -96,6 +97,7 @@ class MainWindow final : public QMainWindow {
   HistoryCommands* historyCommands_;
   ViewCommands* viewCommands_;
   ExportCommands* exportCommands_;
+  WatchCommands* watchCommands_;
 };
 
 }  // namespace vanzet::window

@@ -155,11 +155,16 @@ Result<void> Session::Call(const char* function, Surroundings surroundings) {
   return host_->Commit(occasion);
 }
 
+std::vector<fs::path> Session::WatchedFiles() const {
+  std::vector<fs::path> files;
+  for (const char* name : kWatchedFiles) files.push_back(project_.folder() / name);
+  return files;
+}
+
 std::string Session::FileStamps() const {
   std::string stamps;
-  for (const char* name : kWatchedFiles) {
+  for (const fs::path& file : WatchedFiles()) {
     std::error_code error;
-    const fs::path file = project_.folder() / name;
     const auto time = fs::last_write_time(file, error).time_since_epoch().count();
     stamps += error ? "-" : std::to_string(time);
     const auto size = fs::is_regular_file(file, error) ? fs::file_size(file, error) : 0;

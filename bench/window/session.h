@@ -91,7 +91,9 @@ class Session {
   Result<void> Call(const char* function, Surroundings surroundings);
   bool isAtWork() const { return host_ != nullptr; }
 
-  /// The times and sizes of the project's files: another text means that one of them was changed.
+  /// The files and folders whose changes are changes of the project.
+  std::vector<std::filesystem::path> WatchedFiles() const;
+  /// Their times and sizes: another text means that one of them was changed.
   std::string FileStamps() const;
 
  private:

@@ -179,6 +179,13 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kStateThen,         "After the chosen change" },
     { Text::kStateNow,          "Now" },
     { Text::kNoSection,         "No equipment." },
+
+    { Text::kOpenBy,            "Open: %1" },
+    { Text::kPersonOn,          "%1 on %2" },
+    { Text::kSince,             "%1 since %2" },
+    { Text::kWholeProject,      "The project" },
+    { Text::kStoreLost,         "The store cannot be reached; trying again" },
+    { Text::kStoreRegained,     "The store can be reached again." },
 }};
 // clang-format on
 

@@ -35,6 +35,7 @@ enum class Text {
   kLanguage, kAppearance, kLengths, kUnitOfProject, kDecimals, kMouse, kLeftTurns, kMiddleTurns, kRightTurns, kOk,
   kUndo, kHistory, kWhen, kBy, kChange, kRestore, kRestored, kBeforeLastChange, kNothingToUndo,
   kStateThen, kStateNow, kNoSection,
+  kOpenBy, kPersonOn, kSince, kWholeProject, kStoreLost, kStoreRegained,
   kCount
 };
 // clang-format on

@@ -111,7 +111,9 @@ TEST_F(ServerStore, IsLockedByOneAtATime) {
 
 TEST_F(ServerStore, SaysWhoHoldsALock) {
   PostgresEngine one = Engine(), two(text + " application_name=other", "lathe"), reader = Engine();
+  const auto watch = Get(reader.Watch());
   EXPECT_TRUE(Get(reader.Holders()).empty());
+  EXPECT_TRUE(Get(watch->Holders()).empty());
   const auto first = one.Locks(), second = two.Locks();
   const auto project = Get(first->AcquireProject(milliseconds(0)));
   const auto vdm = Get(second->Acquire(Number{1000}));
@@ -121,6 +123,8 @@ TEST_F(ServerStore, SaysWhoHoldsALock) {
   EXPECT_EQ(holders[0].who, "other");
   EXPECT_FALSE(holders[1].vdm);
   EXPECT_THAT(holders[1].who, AllOf(HasSubstr("@"), Not(HasSubstr("vanzet "))));
+  EXPECT_THAT(holders[0].since, testing::MatchesRegex("20..-..-..T..:..:..Z"));
+  EXPECT_EQ(Get(watch->Holders()), holders);
 }
 
 TEST_F(ServerStore, NotifiesOfCommitsOfItsProjectAlone) {

@@ -5,6 +5,8 @@
 #include "support/child.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
+#include "vdm/commit_origin.h"
+#include "vdm/lock_file_holders.h"
 
 namespace vanzet::vdm {
 namespace {
@@ -30,6 +32,29 @@ TEST_F(Locks, HoldOneVdmAgainstAllOthersUntilTheyLetGo) {
   }
   EXPECT_FALSE(Get(theirs.IsHeldElsewhere(kNumber)));
   EXPECT_EQ(Told(theirs.Acquire(kNumber)), "");
+}
+
+TEST_F(Locks, AreKnownWithTheirHolders) {
+  EXPECT_EQ(HoldersOf(file), std::vector<LockHolder>()) << "without a file";
+  Child child([&](Child::Line& parent) {
+    VdmLocks locks(file);
+    const auto project = Get(locks.AcquireProject(kNoWait));
+    const auto vdm = Get(locks.Acquire(kNumber));
+    parent.Tell();
+    return parent.Await();
+  });
+  ASSERT_TRUE(child.line().Await());
+  const auto holders = HoldersOf(file);
+  ASSERT_EQ(holders.size(), 2u);
+  EXPECT_EQ(holders[0].vdm, kNumber);
+  EXPECT_FALSE(holders[1].vdm);
+  const CommitOrigin origin = OriginOfProcess();
+  EXPECT_EQ(holders[0].who, origin.user + "@" + origin.host);
+  EXPECT_LE(holders[0].since, TimeText());
+  EXPECT_GT(holders[0].since, "2020");
+  child.line().Tell();
+  EXPECT_TRUE(child.End());
+  EXPECT_EQ(HoldersOf(file), std::vector<LockHolder>());
 }
 
 TEST_F(Locks, DoNotCallTheirOwnElsewhere) {

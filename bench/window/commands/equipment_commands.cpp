@@ -18,7 +18,6 @@ namespace {
 
 constexpr int kRedrawDelay = 60;    // milliseconds in which the lines of a call are gathered
 constexpr int kArrivedDelay = 100;  // milliseconds
-constexpr int kChangePoll = 1000;   // milliseconds between looks at the files
 
 /// The lines by which the dialog loads and saves a configuration: "vdm load", "vdm save".
 constexpr const char* kConfigurationLine = "'vdm ";
@@ -63,8 +62,6 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
   arrived_.setInterval(kArrivedDelay);
   connect(&arrived_, &QTimer::timeout, this, &EquipmentCommands::ShowArrived);
   connect(workplace_.bodies.get(), &BodyReader::Arrived, this, &EquipmentCommands::ShowArrived);
-  changePoll_.setInterval(kChangePoll);
-  connect(&changePoll_, &QTimer::timeout, this, &EquipmentCommands::RefreshIfChanged);
   connect(&parts.definition, &DefinitionDock::PageWanted, this, &EquipmentCommands::DefineAt);
   connect(&parts.drawing, &DrawingView::BodyActivated, this, &EquipmentCommands::DefineBody);
   connect(&parts.equipment, &EquipmentView::BodyActivated, this, &EquipmentCommands::DefineBody);
@@ -176,7 +173,7 @@ void EquipmentCommands::ShowEventFault(const QString& fault, const QString& boxT
 void EquipmentCommands::Refresh() {
   if (!workplace_.session || workplace_.isBusy) return;
   if (!workplace_.session->isAtWork()) workplace_.Report(workplace_.session->Reload());
-  fileStamps_ = workplace_.session->FileStamps();
+  emit RefreshBegins();
   workplace_.bodies->Tidy(workplace_.session->project().folder() / "bodies");
   ReadUnit();
   RefreshDefinition();
@@ -264,13 +261,6 @@ void EquipmentCommands::ShowArrived() {
   if (!shownSolid_.empty()) return ShowSolid(ToQString(shownSolid_));
   if (workplace_.session->isAtWork()) return live_.Renew();
   RefreshEquipment();
-}
-
-/// Shows what another process did to the project as soon as nothing is at work here.
-void EquipmentCommands::RefreshIfChanged() {
-  const Session* const session = workplace_.session.get();
-  if (session == nullptr || workplace_.isBusy || session->isAtWork()) return;
-  if (session->FileStamps() != fileStamps_) Refresh();
 }
 
 /// Shows the drawing with the figure, which can be one of the folder of figures, so that it can be clicked.

@@ -49,8 +49,8 @@ class EquipmentCommands final : public QObject {
   /// Shows the equipment of a spur. Requires: a project is open.
   void ShowSpur(int spur);
 
-  /// Refreshes from now on when another process changes the project.
-  void WatchProject() { changePoll_.start(); }
+  /// Shows what another process changed while the dialog is up. Its page stays as it is.
+  void ShowLive() { live_.Refresh(); }
 
   bool IsPicking() const { return picks_.IsAsking(); }
   void CancelPick() { picks_.Cancel(); }
@@ -58,6 +58,7 @@ class EquipmentCommands final : public QObject {
  signals:
   /// A call of the module begins or ends.
   void AtWork(bool isAtWork);
+  void RefreshBegins();
   void Refreshed();  ///< the project was read again
 
  private:
@@ -70,7 +71,6 @@ class EquipmentCommands final : public QObject {
   void RefreshEquipment();
   Result<void> ShowScene();
   void RefreshSection();
-  void RefreshIfChanged();
   Result<void> MakeScene();
   void ShowArrived();
 
@@ -90,8 +90,6 @@ class EquipmentCommands final : public QObject {
   std::string shownSolid_;  ///< is seen in the place of the equipment; empty: none
   QTimer arrived_;          ///< waits until other work is done
   QTimer redraw_;           ///< draws once for many lines
-  QTimer changePoll_;       ///< looks whether another process changed the project
-  std::string fileStamps_;  ///< of the files that are shown
 };
 
 }  // namespace vanzet::window

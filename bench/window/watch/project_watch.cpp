@@ -1,0 +1,130 @@
+#include "window/watch/project_watch.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QThread>
+#include <utility>
+
+#include "vdm/lock_file_holders.h"
+#include "window/qt_text.h"
+
+namespace vanzet::window {
+namespace {
+
+constexpr int kSoon = 50;    // milliseconds
+constexpr int kPoll = 1000;  // milliseconds
+
+/// How long the end waits for a watch that is connecting, which cannot be interrupted.
+constexpr int kPatience = 500;  // milliseconds
+
+}  // namespace
+
+ProjectWatch::ProjectWatch(QObject* parent) : QObject(parent) {
+  qRegisterMetaType<std::vector<vdm::LockHolder>>("std::vector<vdm::LockHolder>");
+  soon_.setSingleShot(true);
+  soon_.setInterval(kSoon);
+  poll_.setInterval(kPoll);
+  connect(&soon_, &QTimer::timeout, this, &ProjectWatch::Look);
+  connect(&poll_, &QTimer::timeout, this, &ProjectWatch::Look);
+  connect(&poll_, &QTimer::timeout, this, &ProjectWatch::AskForHolders);
+  const auto begin = [this] {
+    if (!soon_.isActive()) soon_.start();
+  };
+  connect(&files_, &QFileSystemWatcher::fileChanged, this, begin);
+  connect(&files_, &QFileSystemWatcher::directoryChanged, this, begin);
+}
+
+ProjectWatch::~ProjectWatch() {
+  EndServerWatch();
+}
+
+void ProjectWatch::Watch(const Session& session) {
+  EndServerWatch();
+  session_ = &session;
+  isStale_ = false;
+  holders_.clear();
+  emit Begun();
+  if (!session.project().settings().store.connection.empty()) WatchServer();
+  WatchFiles();
+  poll_.start();
+}
+
+/// Files that were replaced or made since are watched as well from now on.
+void ProjectWatch::WatchFiles() {
+  const QStringList former = files_.files() + files_.directories();
+  QStringList wanted = {ToQString(session_->project().folder())};
+  for (const auto& file : session_->WatchedFiles()) {
+    if (QFileInfo::exists(ToQString(file))) wanted << ToQString(file);
+  }
+  for (const QString& path : former) {
+    if (!wanted.contains(path)) files_.removePath(path);
+  }
+  for (const QString& path : std::as_const(wanted)) {
+    if (!former.contains(path)) files_.addPath(path);
+  }
+}
+
+void ProjectWatch::WatchServer() {
+  auto* const watch = server_ = new ServerWatch(session_->project().settings().store);
+  thread_ = new QThread;
+  watch->moveToThread(thread_);
+  connect(thread_, &QThread::started, watch, &ServerWatch::Begin);
+  connect(thread_, &QThread::finished, watch, &QObject::deleteLater);
+  connect(watch, &ServerWatch::Committed, this, &ProjectWatch::NoteCommit);
+  connect(watch, &ServerWatch::HoldersChanged, this, &ProjectWatch::HoldersChanged);
+  connect(watch, &ServerWatch::Lost, this, &ProjectWatch::Lost);
+  connect(watch, &ServerWatch::Regained, this, &ProjectWatch::Regained);
+  connect(watch, &ServerWatch::Regained, this, &ProjectWatch::MarkStale);
+  thread_->start();
+}
+
+/// Nothing of the former watch arrives afterwards.
+void ProjectWatch::EndServerWatch() {
+  if (thread_ == nullptr) return;
+  QThread* const thread = std::exchange(thread_, nullptr);
+  disconnect(server_, nullptr, this, nullptr);
+  QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+  thread->quit();
+  if (thread->wait(kPatience)) {
+    delete thread;
+  } else {
+    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+  }
+}
+
+void ProjectWatch::NoteRefresh() {
+  if (session_ == nullptr) return;
+  fileStamps_ = session_->FileStamps();
+  isStale_ = false;
+  if (thread_ == nullptr) return;
+  const auto last = session_->LastGeneration();
+  if (last) generation_ = *last;
+}
+
+/// Commits of this window are those of its last reading, or of the call that is at work.
+void ProjectWatch::NoteCommit(qint64 generation) {
+  if (generation > generation_) MarkStale();
+}
+
+void ProjectWatch::MarkStale() {
+  isStale_ = true;
+  if (session_->isAtWork()) emit ChangedMeanwhile();
+  Look();
+}
+
+void ProjectWatch::Look() {
+  if (session_ == nullptr || session_->isAtWork()) return;
+  WatchFiles();
+  if (isStale_ || session_->FileStamps() != fileStamps_) emit Changed();
+}
+
+/// The holders of locks on a file do not notify; a server has its own watch.
+void ProjectWatch::AskForHolders() {
+  if (thread_ != nullptr || session_->isAtWork()) return;
+  auto holders = vdm::HoldersOf(session_->project().folder() / "store.lock");
+  if (holders == holders_) return;
+  holders_ = std::move(holders);
+  emit HoldersChanged(holders_);
+}
+
+}  // namespace vanzet::window
