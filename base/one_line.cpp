@@ -22,6 +22,8 @@ std::string Escaped(char c) {
 }  // namespace
 
 std::string OneLine(std::string_view text) {
+  // Most texts have nothing to escape, and long lists have very many of them.
+  if (std::ranges::all_of(text, [](char c) { return c >= ' ' && c < '\x7f'; })) return std::string(text);
   std::string line;
   while (!text.empty()) {
     const std::size_t control = ControlLength(text);
