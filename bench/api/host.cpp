@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/files/whole_file.h"
+#include "catalogue/shop_place.h"
 #include "modeller/body_folder.h"
 #include "project/catalogue.h"
 #include "project/project_store.h"
@@ -83,8 +85,12 @@ Result<void> Host::BeginDryRun() {
   VANZET_TRY(const auto folder, runFolder.Path());
   VANZET_TRY(const auto setting, Setting(project::kCatalogueSetting));
   dryRun.emplace(folder);
-  VANZET_TRY(catalogue, dryRun->CopyCatalogue(project::CatalogueFile(project, setting)));
-  return {};
+  const auto place = catalogue::PlaceOf(project, setting);
+  VANZET_TRY(catalogue, dryRun->CopyCatalogue(place.file));
+  if (!place.IsOnServer()) return {};
+  const auto devices = ReadCatalogue(place);
+  if (!devices) return devices.fault().kind == FaultKind::kMissing ? Result<void>() : devices.fault();
+  return files::ReplaceFile(catalogue, devices->Text());
 }
 
 std::string Host::Environment(std::string_view key) {

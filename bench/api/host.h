@@ -88,6 +88,9 @@ class Host final : public language::Workplace {
   /// up, when the run ends.
   std::function<Result<void>()> keepEvent;
 
+  /// Shows a person a sentence about the run; empty: nobody is there.
+  std::function<void(const std::string& sentence)> announce;
+
   std::function<Result<void>(const std::string& topic)> help;  ///< shows help; empty: help cannot be shown
 
   /// The main window of the host for modules, the parent of their boxes; null without a window.

@@ -6,7 +6,9 @@
 #include <memory>
 
 #include "base/path_map.h"
+#include "catalogue/shared_files.h"
 #include "process/own_library.h"
+#include "project/catalogue.h"
 #include "project/length_unit.h"
 
 namespace vanzet::api {
@@ -21,6 +23,19 @@ Fault LoaderFault(const fs::path& module) {
   return Fault{.text = reason == nullptr ? "cannot be loaded" : reason,
                .file = module.string(),
                .kind = FaultKind::kSystem};
+}
+
+/// The catalogue that is brought to the module from a server and back; none in a run that has one of its own.
+Result<catalogue::SharedFiles> SharedFilesOf(Host& host) {
+  if (!host.catalogue.empty()) return catalogue::SharedFiles({});
+  VANZET_TRY(const auto setting, host.Setting(project::kCatalogueSetting));
+  return catalogue::SharedFiles(catalogue::PlaceOf(host.project, setting));
+}
+
+void Announce(const Host& host, const std::vector<std::string>& sentences) {
+  for (const std::string& sentence : sentences) {
+    if (host.announce) host.announce(sentence);
+  }
 }
 
 }  // namespace
@@ -45,8 +60,15 @@ Result<void> CallModule(const fs::path& module, const char* function, Host& host
   if (!loaded) return LoaderFault(module);
   auto* const entry = reinterpret_cast<void (*)()>(dlsym(loaded.get(), function));
   if (entry == nullptr) return LoaderFault(module);
-  const HostScope scope(host);
-  entry();
+  VANZET_TRY(auto shared, SharedFilesOf(host));
+  VANZET_TRY(const auto brought, shared.Begin());
+  Announce(host, brought);
+  {
+    const HostScope scope(host);
+    entry();
+  }
+  VANZET_TRY(const auto merged, shared.Merge("dialog"));
+  Announce(host, merged);
   for (const vdm::Number number : host.store.LeftOpen()) {
     host.panel.TellOfCall(Fault{vdm::NameOf(number) + " was left open; what was changed in it is lost"});
   }

@@ -67,11 +67,10 @@ DeviceParams ParamsOf(std::string_view values) {
 }
 
 Entry EntryOf(const Line& name, const Line* values) {
-  Entry entry{.name = std::string(name.text),
-              .params = {},
-              .line = name.number,
-              .hasValues = values != nullptr,
-              .bytes = std::string(name.bytes)};
+  Entry entry{
+      .name = std::string(name.text), .params = {}, .line = name.number, .hasValues = values != nullptr};
+  entry.bytes.reserve(name.bytes.size() + (values == nullptr ? 0 : values->bytes.size()));
+  entry.bytes = name.bytes;
   entry.valuesAt = entry.bytes.size();
   if (values == nullptr) return entry;
   entry.bytes += values->bytes;
@@ -189,6 +188,12 @@ std::string Catalogue::Text() const {
   std::string text;
   for (const Entry& entry : entries_) text += entry.bytes;
   return text;
+}
+
+Catalogue Catalogue::ShownIn(LengthUnit unit) const {
+  Catalogue shown = *this;
+  for (Entry& entry : shown.entries_) entry.params = catalogue::ShownIn(entry.params, unit);
+  return shown;
 }
 
 Result<void> CheckIsCatalogue(const Catalogue& catalogue, const std::string& file) {

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/length_unit.h"
 #include "base/result.h"
 #include "devices/device_params.h"
 
@@ -62,6 +63,9 @@ class Catalogue {
 
   /// The bytes of the file.
   std::string Text() const;
+
+  /// The same devices with their lengths in a unit in which people read them; `Text` stays the same.
+  Catalogue ShownIn(LengthUnit unit) const;
 
  private:
   /// The position of the first entry of each name. Made when it is first needed: lists and searches do not.

@@ -45,17 +45,12 @@ class Checker {
       AddName(entry, "the name " + Quoted(entry.name) + " is also in line " + std::to_string(first.line) +
                          "; only the first device of a name is used");
     }
-    if (!entry.hasValues) return AddName(entry, "the device " + Quoted(entry.name) + " has no value line");
+    if (const std::string fault = FormFaultOf(entry); !fault.empty()) return AddValues(entry, fault);
     CheckValues(entry);
   }
 
   void CheckValues(const Entry& entry) {
     const auto fields = FieldsOf(entry.Values());
-    const auto type = WholeInteger(fields.empty() ? "" : fields.front());
-    if (!type || devices::KindOf(*type) == nullptr) {
-      return AddValues(entry,
-                       "the value line does not begin with the type of a device: " + Quoted(entry.Values()));
-    }
     const std::size_t before = findings_.size();
     for (std::size_t i = 1; i < fields.size(); ++i) CheckField(entry, i, fields[i]);
     if (findings_.size() > before) return;
@@ -89,6 +84,14 @@ class Checker {
 };
 
 }  // namespace
+
+std::string FormFaultOf(const Entry& entry) {
+  if (!entry.hasValues) return "the device " + Quoted(entry.name) + " has no value line";
+  const auto fields = FieldsOf(entry.Values());
+  const auto type = WholeInteger(fields.empty() ? "" : fields.front());
+  if (type && devices::KindOf(*type) != nullptr) return "";
+  return "the value line does not begin with the type of a device: " + Quoted(entry.Values());
+}
 
 std::vector<Finding> FindingsOf(const Shop& shop) {
   return Checker(shop).Check();

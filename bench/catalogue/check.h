@@ -18,6 +18,10 @@ struct Finding {
   std::string Message() const { return Fault{text, file, line}.Message(); }
 };
 
+/// The reason why the lines of an entry are not those of a device: no value line, or one that does not begin
+/// with a type. It is about the entry's `ValuesLine`. Empty: none.
+std::string FormFaultOf(const Entry& entry);
+
 /// The findings of a catalogue, in the order of its lines, and then those of its maker data: names that occur
 /// twice, missing value lines, unknown types, fields that are not numbers, values of letters that the kind
 /// does not have, values that make no solid, maker data of a device that the catalogue does not have.

@@ -85,4 +85,13 @@ DeviceParams Normalised(DeviceParams params) {
   return kept;
 }
 
+DeviceParams ShownIn(const DeviceParams& params, LengthUnit unit) {
+  DeviceParams shown = params;
+  for (const devices::Letter& each : devices::LettersOf(params.type)) {
+    if (each.unit != devices::Unit::kMillimetre) continue;
+    LetterOf(shown, each.letter) = RoundedInUnit(ValueOf(params, each.letter), unit);
+  }
+  return shown;
+}
+
 }  // namespace vanzet::catalogue

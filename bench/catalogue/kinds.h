@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/length_unit.h"
 #include "devices/device_params.h"
 
 /// The kinds of a catalogue by their words: chuck, jaw1, centre2, own_chuck.
@@ -24,6 +25,9 @@ std::vector<std::string> FilterWords();
 
 /// The device with its type's newer code, and 0 in every letter that its type does not have.
 DeviceParams Normalised(DeviceParams params);
+
+/// The device with its lengths in a unit in which people read them, to eight decimals; angles stay.
+DeviceParams ShownIn(const DeviceParams& params, LengthUnit unit);
 
 /// The value of a letter, to be changed. Requires: 'A' to 'J'.
 inline double& LetterOf(DeviceParams& params, char letter) {

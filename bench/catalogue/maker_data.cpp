@@ -88,6 +88,16 @@ Result<void> CheckForm(const MakerJson& json, const std::string& file) {
   return {};
 }
 
+/// The lengths of a figure, changed one by one.
+template <class Change>
+MakerJson WithLengths(const MakerJson& value, const Change& change) {
+  if (value.is_number()) return define::NumberJson(change(value.get<double>()));
+  if (!value.is_array()) return value;
+  MakerJson changed = MakerJson::array();
+  for (const MakerJson& each : value) changed.push_back(WithLengths(each, change));
+  return changed;
+}
+
 /// A value of the text; null where it is not one of the key.
 MakerJson ValueOf(const MakerKey& key, const std::string& text) {
   if (key.value == MakerValue::kText) return text;
@@ -115,10 +125,20 @@ const MakerKey* FindMakerKey(std::string_view key) {
 }
 
 std::string MakerText(const MakerJson& value) {
-  constexpr int kDecimals = 6;
+  constexpr int kDecimals = 8;
   if (value.is_string()) return value.get<std::string>();
   if (value.is_array()) return MakerText(value.at(0)) + ".." + MakerText(value.at(1));
   return ShortDecimalText(value.get<double>(), kDecimals);
+}
+
+MakerJson ShownIn(const MakerJson& figures, LengthUnit unit) {
+  MakerJson shown = figures;
+  for (auto& [name, value] : shown.items()) {
+    const MakerKey* const key = FindMakerKey(name);
+    if (key == nullptr || !key->IsLength()) continue;
+    value = WithLengths(value, [=](double length) { return RoundedInUnit(length, unit); });
+  }
+  return shown;
 }
 
 Result<MakerData> MakerData::Read(const std::string& text, const std::string& file) {
@@ -126,6 +146,23 @@ Result<MakerData> MakerData::Read(const std::string& text, const std::string& fi
   VANZET_TRY(data.json_, define::ReadJson(text, file));
   VANZET_DO(CheckForm(data.json_, file));
   data.hasComments_ = !MakerJson::accept(text);
+  data.Index();
+  return data;
+}
+
+Result<MakerData> MakerData::OfFigures(const MakerFigures& all, const std::string& file) {
+  MakerData data;
+  if (all.empty()) return data;
+  // Objects look for each key that is set by its name; what is added at the end costs nothing.
+  MakerJson::object_t devices;
+  for (const auto& [device, text] : all) {
+    MakerJson figures = MakerJson::parse(text, nullptr, false);
+    const auto checked = CheckFigures(device, figures, file);
+    if (!checked) return Fault{.text = checked.fault().text, .file = file, .kind = FaultKind::kDamaged};
+    devices.emplace_back(device, std::move(figures));
+  }
+  data.json_ = {{"version", kVersion}};
+  data.json_[kDevices] = std::move(devices);
   data.Index();
   return data;
 }
@@ -150,7 +187,8 @@ std::vector<std::string> MakerData::Devices() const {
   return names;
 }
 
-Result<void> MakerData::Set(const std::string& device, std::string_view key, const std::string& text) {
+Result<void> MakerData::Set(const std::string& device, std::string_view key, const std::string& text,
+                            LengthUnit unit) {
   const MakerKey* const row = FindMakerKey(key);
   if (row == nullptr) return Fault{UnknownKey(key)};
   const MakerJson* const former = Find(device);
@@ -161,7 +199,8 @@ Result<void> MakerData::Set(const std::string& device, std::string_view key, con
     const MakerJson value = ValueOf(*row, text);
     const std::string refusal = Refusal(*row, value);
     if (!refusal.empty()) return Fault{std::string(key) + ": " + refusal + ", found " + Quoted(text)};
-    figures[std::string(key)] = value;
+    const auto stored = [=](double length) { return InMillimetres(length, unit); };
+    figures[std::string(key)] = row->IsLength() ? WithLengths(value, stored) : value;
   }
   Put(device, figures.empty() ? nullptr : &figures);
   return {};
@@ -176,6 +215,27 @@ void MakerData::Put(const std::string& device, const MakerJson* figures) {
     json_[kDevices][device] = MakerJson(*figures);
   }
   Index();
+}
+
+MakerData MakerData::ShownIn(LengthUnit unit) const {
+  MakerData shown = *this;
+  if (shown.json_.is_null()) return shown;
+  for (auto& [device, figures] : shown.json_.at(kDevices).items())
+    figures = catalogue::ShownIn(figures, unit);
+  return shown;
+}
+
+void MakerData::KeepFormOf(const MakerData& former) {
+  if (former.json_.is_null()) return;
+  MakerData kept = former;
+  for (const std::string& device : former.Devices()) {
+    if (Find(device) == nullptr) kept.Put(device, nullptr);
+  }
+  for (const std::string& device : Devices()) {
+    const MakerJson* const old = former.Find(device);
+    if (old == nullptr || *old != *Find(device)) kept.Put(device, Find(device));
+  }
+  *this = std::move(kept);
 }
 
 std::string MakerData::Text() const {

@@ -4,6 +4,7 @@
 
 #include "base/quote.h"
 #include "catalogue/comparison.h"
+#include "catalogue/kinds.h"
 #include "catalogue/rules.h"
 
 namespace vanzet::catalogue {
@@ -35,8 +36,8 @@ bool AreSame(const Entry* a, const Entry* b) {
 
 class Merger {
  public:
-  Merger(Shop& mine, const Shop& other, const Shop* base, Prefer prefer)
-      : mine_(mine), other_(other), base_(base), prefer_(prefer) {}
+  Merger(Shop& mine, const Shop& other, const Shop* base, Prefer prefer, LengthUnit unit)
+      : mine_(mine), other_(other), base_(base), prefer_(prefer), unit_(unit) {}
 
   Result<std::vector<Merged>> Merge() {
     for (const std::string& name : other_.catalogue.Names()) {
@@ -67,9 +68,21 @@ class Merger {
     return Merged{name, Outcome::kConflict, ConflictOf(mine, other)};
   }
 
-  static std::string ConflictOf(const Entry* mine, const Entry& other) {
+  std::string ConflictOf(const Entry* mine, const Entry& other) const {
     if (mine == nullptr) return "removed here, changed there";
-    return Joined(ChangesOf(mine->params, other.params));
+    return Joined(LetterChanges(*mine, other));
+  }
+
+  std::vector<std::string> LetterChanges(const Entry& before, const Entry& now) const {
+    return ChangesOf(ShownIn(before.params, unit_), ShownIn(now.params, unit_));
+  }
+
+  std::vector<std::string> FigureChanges(const MakerJson* before, const MakerJson* now) const {
+    const auto shown = [&](const MakerJson* figures) {
+      return figures == nullptr ? MakerJson::object() : ShownIn(*figures, unit_);
+    };
+    const MakerJson former = shown(before), later = shown(now);
+    return FigureChangesOf(&former, &later);
   }
 
   Merged Same(const std::string& name) {
@@ -77,20 +90,20 @@ class Merger {
     if (figures == nullptr || mine_.maker.Find(name) == nullptr) {
       if (figures == nullptr) return {name, Outcome::kSame, ""};
       mine_.maker.Put(name, figures);
-      return {name, Outcome::kChanged, Joined(FigureChangesOf(nullptr, figures))};
+      return {name, Outcome::kChanged, Joined(FigureChanges(nullptr, figures))};
     }
-    const auto differences = FigureChangesOf(mine_.maker.Find(name), figures);
+    const auto differences = FigureChanges(mine_.maker.Find(name), figures);
     return {name, Outcome::kSame,
             differences.empty() ? "" : "other maker data there: " + Joined(differences)};
   }
 
   Result<Merged> Take(const Entry& other, const Entry* mine) {
     std::string refusal = NameRefusal(other.name);
-    if (refusal.empty()) refusal = ValuesRefusal(other.params);
+    if (refusal.empty()) refusal = ValuesRefusal(other.params, unit_);
     if (!refusal.empty()) return Merged{other.name, Outcome::kRefused, refusal};
-    const Merged merged = mine == nullptr ? Merged{other.name, Outcome::kAdded, ""}
-                                          : Merged{other.name, Outcome::kChanged,
-                                                   Joined(ChangesOf(mine->params, other.params))};
+    const Merged merged = mine == nullptr
+                              ? Merged{other.name, Outcome::kAdded, ""}
+                              : Merged{other.name, Outcome::kChanged, Joined(LetterChanges(*mine, other))};
     VANZET_DO(mine_.catalogue.Put(other.name, other.params));
     if (const MakerJson* const figures = other_.maker.Find(other.name)) mine_.maker.Put(other.name, figures);
     return merged;
@@ -115,6 +128,7 @@ class Merger {
   const Shop& other_;
   const Shop* base_;
   Prefer prefer_;
+  LengthUnit unit_;
   std::vector<Merged> merged_;
 };
 
@@ -128,8 +142,9 @@ std::span<const Outcome> Outcomes() {
   return kOutcomes;
 }
 
-Result<std::vector<Merged>> Merge(Shop& mine, const Shop& other, const Shop* base, Prefer prefer) {
-  return Merger(mine, other, base, prefer).Merge();
+Result<std::vector<Merged>> Merge(Shop& mine, const Shop& other, const Shop* base, Prefer prefer,
+                                  LengthUnit unit) {
+  return Merger(mine, other, base, prefer, unit).Merge();
 }
 
 std::size_t CountOf(const std::vector<Merged>& all, Outcome outcome) {

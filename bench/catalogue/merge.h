@@ -40,10 +40,11 @@ enum class Prefer { kNeither, kMine, kOther };
 /// are added and no device is removed. A device that is taken brings its maker data; those of a device that
 /// stays are taken where `mine` has none for it.
 /// Returns the outcome of each device of `other`, in its order, then of those that it removed.
-/// `mine` has to be thrown away when there are conflicts.
+/// `mine` has to be thrown away when there are conflicts. The lengths of the reasons are those of the unit.
 /// Errors   those of `Catalogue::Put`
 Result<std::vector<Merged>> Merge(Shop& mine, const Shop& other, const Shop* base,
-                                  Prefer prefer = Prefer::kNeither);
+                                  Prefer prefer = Prefer::kNeither,
+                                  LengthUnit unit = LengthUnit::kMillimetre);
 
 /// The number of devices with that outcome.
 std::size_t CountOf(const std::vector<Merged>& all, Outcome outcome);

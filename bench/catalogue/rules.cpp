@@ -17,16 +17,16 @@ namespace {
 
 using devices::Letter;
 
-constexpr int kDecimals = 6;
+constexpr int kDecimals = 6, kShownDecimals = 8;
 
-/// A value with six decimals at most. Those of a catalogue have no more, and their shortest text is found
+/// A value with eight decimals at most. Those of a catalogue have no more, and their shortest text is found
 /// much more quickly than the decimals of a number that may have many.
 std::string Text(double value) {
   std::string text = ExactText(value);
   const std::size_t point = std::min(text.find('.'), text.size() - 1);
   const bool isPlain =
-      text.find('e') == std::string::npos && text.size() - point <= kDecimals + 1 && value != 0;
-  return isPlain ? text : ShortDecimalText(value, kDecimals);
+      text.find('e') == std::string::npos && text.size() - point <= kShownDecimals + 1 && value != 0;
+  return isPlain ? text : ShortDecimalText(value, kShownDecimals);
 }
 
 bool IsControl(char c) {
@@ -44,11 +44,14 @@ std::string MissingRefusal(const DeviceParams& params) {
   return list.empty() ? "" : "a " + std::string(KindWord(params.type)) + " needs a value of " + list;
 }
 
-std::string LimitRefusal(const Letter& letter, double value) {
+std::string LimitRefusal(const Letter& letter, double value, LengthUnit unit) {
   const define::Quantity limits = define::QuantityOf(letter);
   if (value >= limits.least && value <= limits.most) return "";
-  return std::string(1, letter.letter) + " (" + Text(value) + ") must be from " + Text(limits.least) +
-         " to " + Text(limits.most);
+  const auto shown = [&](double each) {
+    return Text(letter.unit == devices::Unit::kMillimetre ? RoundedInUnit(each, unit) : each);
+  };
+  return std::string(1, letter.letter) + " (" + shown(value) + ") must be from " + shown(limits.least) +
+         " to " + shown(limits.most);
 }
 
 }  // namespace
@@ -61,13 +64,13 @@ std::string NameRefusal(std::string_view name) {
   return "the name of a device has more than " + std::to_string(define::kLongestText) + " bytes";
 }
 
-std::string ValuesRefusal(const DeviceParams& params) {
+std::string ValuesRefusal(const DeviceParams& params, LengthUnit unit) {
   if (devices::KindOf(params.type) == nullptr) return "the type of the device is unknown";
   if (std::string refusal = MissingRefusal(params); !refusal.empty()) return refusal;
-  const auto fault = devices::FindSolidFault(params, params);
+  const auto fault = devices::FindSolidFault(params, ShownIn(params, unit));
   for (const Letter& letter : devices::LettersOf(params.type)) {
     const bool isNamed = fault && fault->letters.find(letter.letter) != std::string::npos;
-    std::string refusal = LimitRefusal(letter, ValueOf(params, letter.letter));
+    std::string refusal = LimitRefusal(letter, ValueOf(params, letter.letter), unit);
     if (!refusal.empty() && !isNamed) return refusal;
   }
   return fault ? fault->reason : "";
@@ -86,10 +89,19 @@ std::string LetterText(const DeviceParams& params, char letter) {
 
 std::string LettersText(const DeviceParams& params) {
   std::string text;
-  for (const Letter& letter : devices::LettersOf(params.type)) {
-    text += (text.empty() ? "" : "  ") + LetterText(params, letter.letter);
-  }
+  AppendLetters(text, params);
   return text;
+}
+
+void AppendLetters(std::string& text, const DeviceParams& params) {
+  bool isFirst = true;
+  for (const Letter& letter : devices::LettersOf(params.type)) {
+    if (!isFirst) text += "  ";
+    isFirst = false;
+    text += letter.letter;
+    text += ' ';
+    text += Text(ValueOf(params, letter.letter));
+  }
 }
 
 }  // namespace vanzet::catalogue

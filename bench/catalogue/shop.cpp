@@ -12,13 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The folder that the file is in, or the one that a link leads to.
-fs::path FolderOf(const fs::path& file) {
-  std::error_code unknown;
-  const fs::path target = fs::weakly_canonical(fs::absolute(file, unknown), unknown);
-  return (unknown ? file : target).parent_path();
-}
-
 /// The content of a file; nothing for one that does not exist.
 Result<std::optional<std::string>> ReadIfThere(const fs::path& file) {
   auto text = files::ReadWholeFile(file);
@@ -54,6 +47,32 @@ Result<void> WriteAll(const std::vector<Written>& all) {
   return {};
 }
 
+}  // namespace
+
+fs::path FolderOf(const fs::path& file) {
+  std::error_code unknown;
+  const fs::path target = fs::weakly_canonical(fs::absolute(file, unknown), unknown);
+  return (unknown ? file : target).parent_path();
+}
+
+fs::path Shop::MakerFile() const {
+  return FolderOf(file) / kMakerFile;
+}
+
+Shop Shop::ShownIn(LengthUnit unit) const {
+  if (unit == LengthUnit::kMillimetre) return *this;
+  return {.file = file, .catalogue = catalogue.ShownIn(unit), .maker = maker.ShownIn(unit)};
+}
+
+Result<Shop> ReadShop(const fs::path& file) {
+  VANZET_TRY(const auto text, files::ReadWholeFile(file));
+  return ReadFiles(file, text);
+}
+
+Shop ShopOfText(const std::string& text, const std::string& name) {
+  return {.file = name, .catalogue = Catalogue::Read(text)};
+}
+
 Result<void> WriteChanges(const Shop& shop, const std::string& catalogueBefore,
                           const std::string& makerBefore) {
   std::vector<Written> written;
@@ -64,21 +83,6 @@ Result<void> WriteChanges(const Shop& shop, const std::string& catalogueBefore,
     written.push_back({shop.MakerFile(), std::move(now)});
   }
   return WriteAll(written);
-}
-
-}  // namespace
-
-fs::path Shop::MakerFile() const {
-  return FolderOf(file) / kMakerFile;
-}
-
-Result<Shop> ReadShop(const fs::path& file) {
-  VANZET_TRY(const auto text, files::ReadWholeFile(file));
-  return ReadFiles(file, text);
-}
-
-Shop ShopOfText(const std::string& text, const std::string& name) {
-  return {.file = name, .catalogue = Catalogue::Read(text)};
 }
 
 Result<void> ChangeShop(const fs::path& file, const std::function<Result<bool>(Shop&)>& change) {

@@ -19,6 +19,9 @@ struct Shop {
 
   /// The file of the maker data, in the folder of the catalogue.
   std::filesystem::path MakerFile() const;
+
+  /// The same with all lengths in a unit in which people read them, not to be written.
+  Shop ShownIn(LengthUnit unit) const;
 };
 
 /// Reads a catalogue, and the maker data if it has some.
@@ -27,6 +30,15 @@ Result<Shop> ReadShop(const std::filesystem::path& file);
 
 /// The same with the text of a catalogue that has no file, and no maker data; `name` stands for the file.
 Shop ShopOfText(const std::string& text, const std::string& name);
+
+/// Writes those of the files whose texts are no longer these, all or none.
+/// Errors   those of writing; maker data whose comments would be lost
+Result<void> WriteChanges(const Shop& shop, const std::string& catalogueBefore,
+                          const std::string& makerBefore);
+
+/// The folder that a file is in, or the one that a link leads to: the lock of a catalogue is that of its
+/// folder.
+std::filesystem::path FolderOf(const std::filesystem::path& file);
 
 /// Reads the files, has `change` change them, and writes those that it changed. No other process can do the
 /// same meanwhile. A catalogue that does not exist is made. Nothing is written when `change` fails or returns

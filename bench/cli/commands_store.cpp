@@ -7,11 +7,11 @@
 #include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "base/one_line.h"
+#include "catalogue/check.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
-#include "define/catalogue.h"
 #include "drawing/board.h"
 #include "project/catalogue.h"
 #include "project/litter.h"
@@ -64,10 +64,13 @@ Result<void> CheckCatalogue(const project::Project& project, Findings& findings)
   if (!text && text.fault().kind == FaultKind::kMissing) return {};
   if (!text && IsOfSystem(text.fault())) return text.fault();
   if (!text) return AddFault(findings, text.fault(), project.folder()), Result<void>();
-  std::istringstream lines(*text);
-  const auto odd = define::FirstOddLine(lines);
-  if (!odd) return {};
-  AddFault(findings, {.text = odd->text, .file = file.string(), .line = odd->line}, project.folder());
+  const auto devices = catalogue::Catalogue::Read(*text);
+  for (const catalogue::Entry& entry : devices.entries()) {
+    const std::string fault = FormFaultOf(entry);
+    if (fault.empty()) continue;
+    AddFault(findings, {.text = fault, .file = file.string(), .line = entry.ValuesLine()}, project.folder());
+    break;
+  }
   return {};
 }
 

@@ -2,16 +2,14 @@
 
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
 
 #include "api/module.h"
 #include "api/upgrade.h"
-#include "base/files/regular_file.h"
 #include "base/numbers.h"
 #include "base/one_line.h"
+#include "catalogue/shop_place.h"
 #include "cli/output_files.h"
 #include "cli/progress_line.h"
-#include "define/catalogue.h"
 #include "process/last_words.h"
 #include "project/catalogue.h"
 #include "project/definition.h"
@@ -21,17 +19,25 @@
 namespace vanzet::cli {
 namespace {
 
+void Announce(const std::string& sentence) {
+  std::cerr << "vanzet: " + OneLine(sentence) + "\n";
+}
+
 bool HasFact(const project::Project& project, const char* fact) {
   return IntegerOrZero(project.Environment(fact)) == 1;
 }
 
 Result<std::map<std::string, DeviceParams>> ShopOf(const project::Project& project, api::Host& host) {
   VANZET_TRY(const auto setting, host.Setting(project::kCatalogueSetting));
-  const auto text = files::ReadWholeFile(project::CatalogueFile(project, setting));
+  const auto read = ReadCatalogue(catalogue::PlaceOf(project, setting));
   // A catalogue that does not exist has no devices, as in the dialog.
-  if (!text && text.fault().kind != FaultKind::kMissing) return text.fault();
-  std::istringstream catalogue(text ? *text : std::string());
-  return define::ReadShop(catalogue);
+  if (!read && read.fault().kind != FaultKind::kMissing) return read.fault();
+  std::map<std::string, DeviceParams> devices;
+  if (!read) return devices;
+  for (const catalogue::Entry& entry : read->entries()) {
+    if (entry.hasValues) devices.try_emplace(entry.name, entry.params);
+  }
+  return devices;
 }
 
 Result<scene::DeviceClass> OwnDeviceOf(const std::string& file, const project::Project& project) {
@@ -67,6 +73,7 @@ Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& 
   process::SetKept(process::Kept::kNothing);
   auto hosted = std::make_unique<HostedProject>(HostedProject{std::move(project), nullptr});
   hosted->host = std::make_unique<api::Host>(hosted->project, context.panel, std::move(trace));
+  hosted->host->announce = Announce;
   hosted->host->exchange = ExchangeWithProgress();
   if (!context.keepsTmp) return hosted;
   hosted->host->runFolder.Keep();
@@ -99,8 +106,7 @@ Result<define::Surroundings> SurroundingsOf(const project::Project& project, api
 
 Result<void> UpgradeFirst(api::Host& host, const Context& context) {
   VANZET_TRY(const auto module, api::FindModule(context.places.program));
-  return api::UpgradeWhereNeeded(
-      module, host, [](const std::string& sentence) { std::cerr << "vanzet: " + sentence + "\n"; });
+  return api::UpgradeWhereNeeded(module, host, Announce);
 }
 
 Result<void> KeepRun(const std::function<Result<void>()>& commit) {

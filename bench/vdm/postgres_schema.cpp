@@ -6,9 +6,6 @@
 namespace vanzet::vdm {
 namespace {
 
-// A lock that only those take who make the tables: the bytes of "vnzt".
-constexpr std::string_view kLockMaking = "SELECT pg_advisory_xact_lock(1986951796)";
-
 constexpr std::string_view kIsMade = "SELECT (to_regclass('vanzet.schema') IS NOT NULL)::int::bigint";
 constexpr std::string_view kForeignTables =
     "SELECT count(*) FROM pg_class WHERE relnamespace = to_regnamespace('vanzet')";
@@ -36,6 +33,8 @@ constexpr std::string_view kMakeTables[] = {
                                   PRIMARY KEY(project, key)))",
     R"(CREATE TABLE vanzet.file(project bigint NOT NULL, folder text NOT NULL, name text NOT NULL,
                                 former bigint, content bytea NOT NULL, PRIMARY KEY(project, folder)))",
+    kMakeDevices,
+    kMakeDeviceIndex,
 };
 
 Result<void> MakeInTransaction(PostgresConnection& connection) {

@@ -140,6 +140,7 @@ Result<void> Session::Call(const char* function, Surroundings surroundings) {
   host_->mainWindow = surroundings.mainWindow;
   host_->exchange.progress = std::move(surroundings.progress);
   host_->help = std::move(surroundings.help);
+  host_->announce = surroundings.announce;
   const AtExit end{[this] { host_.reset(); }};
   VANZET_DO(host_->store.Check());
   host_->store.WaitAtMost(kLongestWait);

@@ -54,6 +54,37 @@ TEST_F(CatalogueCommand, ReadsFilesAndStandardInput) {
   ExpectRefused("remove - 'Chuck 160'", "standard input cannot be changed");
 }
 
+TEST_F(CatalogueCommand, ShowsAndTakesInches) {
+  EXPECT_THAT(Catalogue("show lathe 'Chuck 160' --unit inch").out, HasSubstr("(A)  3.1496063 inch\n"));
+  EXPECT_EQ(Json::parse(Catalogue("search lathe 'chuck A=3.1..3.2' --unit inch --json").out).dump(),
+            R"({"unit":"inch","devices":[{"name":"Chuck 160","kind":"chuck","letters":)"
+            R"({"A":3.1496063,"B":3.54330709,"C":0.88582677}}]})");
+  EXPECT_EQ(Catalogue("set lathe 'Chuck 160' A=3.25 clamp_outside=1..6 max_speed=4000 --unit inch").out,
+            "Chuck 160: A 3.1496063 -> 3.25; clamp_outside - -> 1..6; max_speed - -> 4000\n");
+  EXPECT_THAT(ReadBytes(file), HasSubstr("Chuck 160\n1 82.550000 90.000000 22.500000 "));
+  EXPECT_THAT(ReadBytes(folder / "lathe/clampdevice.json"), HasSubstr("25.4"));
+  EXPECT_EQ(Catalogue("show lathe 'Chuck 160' --json").out,
+            Catalogue("show lathe 'Chuck 160' --json --unit mm").out);
+}
+
+TEST_F(CatalogueCommand, HasTheUnitOfTheProject) {
+  const std::string millimetres = Catalogue("list lathe").out;
+  WriteBytes(folder / "lathe/bench.ini",
+             ReadBytes(folder / "lathe/bench.ini") + "\n[project]\nunit = inch\n");
+  EXPECT_EQ(Catalogue("add lathe 'Chuck 10' --kind chuck --letter A=5 --letter B=4 --letter C=1").out,
+            "added Chuck 10: chuck  A 5  B 4  C 1\n");
+  EXPECT_THAT(ReadBytes(file), HasSubstr("Chuck 10\n1 127.000000 101.600000 25.400000 "));
+  ExpectRefused("set lathe 'Chuck 10' C=6", "C (6) must be less than A (5)");
+  EXPECT_EQ(Catalogue("remove lathe 'Chuck 10'").out, "removed Chuck 10: chuck  A 5  B 4  C 1\n");
+  EXPECT_EQ(Catalogue("list lathe --unit mm").out, millimetres);
+  EXPECT_EQ(Catalogue("list lathe/clampdevice.cld").out, millimetres) << "a file has no unit of its own";
+}
+
+TEST_F(CatalogueCommand, KeepsNoHistoryOfAFile) {
+  ExpectRefused("history lathe 'Chuck 160'",
+                "clampdevice.cld: a catalogue has a history when the store of its project");
+}
+
 TEST_F(CatalogueCommand, AddsADeviceThatTheDialogUses) {
   const std::string before = ReadBytes(file);
   const Outcome added = Catalogue("add lathe " + std::string(kNewChuck));

@@ -22,6 +22,7 @@ struct Arguments {
   std::vector<std::string> words;
   SplitWords read;
   std::string base, prefer;
+  std::optional<LengthUnit> unit;
   bool isDryRun = false, isJson = false;
 
   std::string Project() const { return read.project.string(); }
@@ -67,7 +68,8 @@ const char* WordOf(const Difference& difference) {
   return difference.now == nullptr ? "removed" : "changed";
 }
 
-Json ToJson(const std::vector<Difference>& differences, const Shop& before, const Shop& now) {
+Json ToJson(const std::vector<Difference>& differences, const Shop& before, const Shop& now,
+            LengthUnit unit) {
   Json list = Json::array();
   for (const Difference& each : differences) {
     list.push_back({{"name", each.name},
@@ -76,7 +78,9 @@ Json ToJson(const std::vector<Difference>& differences, const Shop& before, cons
                     {"before", DeviceOrNull(before, each.before)},
                     {"now", DeviceOrNull(now, each.now)}});
   }
-  return {{"differences", std::move(list)}};
+  Json json = UnitJson(unit);
+  json["differences"] = std::move(list);
+  return json;
 }
 
 std::string LineOf(const Difference& difference) {
@@ -87,31 +91,35 @@ std::string LineOf(const Difference& difference) {
 }
 
 Result<void> PrintDifferences(const Arguments& arguments, const std::vector<Difference>& differences,
-                              const Shop& before, const Shop& now) {
-  if (arguments.isJson) return PrintJson(ToJson(differences, before, now));
+                              const Shop& before, const Shop& now, LengthUnit unit) {
+  if (arguments.isJson) return PrintJson(ToJson(differences, before, now, unit));
   std::string lines;
   for (const Difference& difference : differences) lines += LineOf(difference) + "\n";
   return Print(differences.empty() ? "both are the same\n" : lines);
 }
 
 Result<void> CompareCatalogues(const Arguments& arguments, Context& context) {
-  VANZET_TRY(const auto before, LoadShop(arguments.words[0], context));
-  VANZET_TRY(const auto now, LoadShop(arguments.words[1], context));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, arguments.words[0], context));
+  VANZET_TRY(const auto first, LoadShop(arguments.words[0], context));
+  VANZET_TRY(const auto second, LoadShop(arguments.words[1], context));
+  const Shop before = first.ShownIn(unit), now = second.ShownIn(unit);
   const auto differences = DifferencesOf(before, now);
   context.hasFindings = !differences.empty();
-  return PrintDifferences(arguments, differences, before, now);
+  return PrintDifferences(arguments, differences, before, now, unit);
 }
 
 Result<void> CompareDevices(const Arguments& arguments, Context& context) {
   const std::string &first = arguments.read.words[0], &second = arguments.read.words[1];
-  VANZET_TRY(const auto shop, LoadShop(arguments.Project(), context));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, arguments.Project(), context));
+  VANZET_TRY(const auto stored, LoadShop(arguments.Project(), context));
+  const Shop shop = stored.ShownIn(unit);
   VANZET_TRY(const auto* const before, FindDevice(shop, first));
   VANZET_TRY(const auto* const now, FindDevice(shop, second));
   std::vector<Difference> differences;
   auto changes = DeviceChanges(shop, first, shop, second);
   if (!changes.empty()) differences.push_back({first + " -> " + second, before, now, std::move(changes)});
   context.hasFindings = !differences.empty();
-  return PrintDifferences(arguments, differences, shop, shop);
+  return PrintDifferences(arguments, differences, shop, shop, unit);
 }
 
 /// Two words are catalogues where both name one; else they are devices.
@@ -172,15 +180,16 @@ SplitWords ReadMergeWords(const std::vector<std::string>& words) {
 }
 
 Result<std::vector<Merged>> MergeInto(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto file, CatalogueFileOf(arguments.Project(), context));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, arguments.Project(), context));
+  VANZET_TRY(const auto place, ShopPlaceOf(arguments.Project(), context));
   VANZET_TRY(const auto other, LoadShop(arguments.read.words.front(), context));
   std::optional<Shop> base;
   if (!arguments.base.empty()) {
     VANZET_TRY(base, LoadShop(arguments.base, context));
   }
   std::vector<Merged> all;
-  VANZET_DO(catalogue::ChangeShop(file, [&](Shop& mine) -> Result<bool> {
-    VANZET_TRY(all, Merge(mine, other, base ? &*base : nullptr, PreferOf(arguments.prefer)));
+  VANZET_DO(catalogue::ChangeShop(place, "catalogue merge", [&](Shop& mine) -> Result<bool> {
+    VANZET_TRY(all, Merge(mine, other, base ? &*base : nullptr, PreferOf(arguments.prefer), unit));
     return !arguments.isDryRun && !HasConflicts(all);
   }));
   return all;
@@ -219,6 +228,7 @@ void AddCatalogueDiff(Command& catalogue, Context& context) {
       .Required()
       .Count(2, 3);
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   command.notes = "The exit status is 3 when they differ.";
   command.examples = {"vanzet catalogue diff lathe other",
                       "vanzet catalogue diff lathe 'Chuck 160' 'Chuck 210'"};
@@ -244,6 +254,7 @@ void AddCatalogueMerge(Command& catalogue, Context& context) {
       .OneOf({kMine, kOther});
   command.AddFlag("--dry-run", "only print what would change", arguments->isDryRun);
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   command.notes =
       "With --base the changes from there to OTHER are made here: devices are added, changed and removed. A "
       "device\nthat both sides changed is a conflict. Without --base no device is removed, and each that "

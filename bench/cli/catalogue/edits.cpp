@@ -47,14 +47,29 @@ struct Arguments {
   std::string kind;
   std::vector<Assignment> letters, figures;
   bool replaces = false, isJson = false;
+  std::optional<LengthUnit> unit;
 
   const std::string& Name() const { return read.words.front(); }
 };
 
+/// A shop that is changed, and the unit of the lengths that people type and read.
+struct Edit {
+  Shop& shop;
+  LengthUnit unit;
+
+  /// "Chuck 160: chuck  A 80  B 90".
+  std::string LineOf(const catalogue::Entry& entry) const {
+    catalogue::Entry shown = entry;
+    shown.params = catalogue::ShownIn(entry.params, unit);
+    return cli::LineOf(shown);
+  }
+};
+
 /// Fails for a letter that the kind does not have.
-Result<void> SetLetter(DeviceParams& params, const Assignment& letter) {
+Result<void> SetLetter(DeviceParams& params, const Assignment& letter, LengthUnit unit) {
   const char sign = letter.key.front();
-  if (devices::FindLetter(params.type, sign) == nullptr) {
+  const devices::Letter* const row = devices::FindLetter(params.type, sign);
+  if (row == nullptr) {
     std::string known;
     for (const devices::Letter& each : devices::LettersOf(params.type)) known += each.letter;
     return Fault{"a " + std::string(catalogue::KindWord(params.type)) + " does not have the letter " +
@@ -62,29 +77,33 @@ Result<void> SetLetter(DeviceParams& params, const Assignment& letter) {
   }
   const auto value = WholeReal(letter.text);
   if (!value) return Fault{letter.key + ": expected a number, found " + Quoted(letter.text)};
-  catalogue::LetterOf(params, sign) = *value;
+  const bool isLength = row->unit == devices::Unit::kMillimetre;
+  catalogue::LetterOf(params, sign) = isLength ? InMillimetres(*value, unit) : *value;
   return {};
 }
 
 /// Puts a device with these letters into the catalogue. Fails when the result is not a device.
-Result<void> PutDevice(Shop& shop, const std::string& name, DeviceParams params,
+Result<void> PutDevice(const Edit& edit, const std::string& name, DeviceParams params,
                        const std::vector<Assignment>& letters) {
-  for (const Assignment& letter : letters) VANZET_DO(SetLetter(params, letter));
+  for (const Assignment& letter : letters) VANZET_DO(SetLetter(params, letter, edit.unit));
   params = catalogue::Rounded(params);
   std::string refusal = catalogue::NameRefusal(name);
-  if (refusal.empty()) refusal = catalogue::ValuesRefusal(params);
+  if (refusal.empty()) refusal = catalogue::ValuesRefusal(params, edit.unit);
   if (!refusal.empty()) return Fault{refusal};
-  return shop.catalogue.Put(name, params);
+  return edit.shop.catalogue.Put(name, params);
 }
 
-Result<void> SetFigures(Shop& shop, const std::string& name, const std::vector<Assignment>& figures) {
-  for (const Assignment& figure : figures) VANZET_DO(shop.maker.Set(name, figure.key, figure.text));
+Result<void> SetFigures(const Edit& edit, const std::string& name, const std::vector<Assignment>& figures) {
+  for (const Assignment& figure : figures)
+    VANZET_DO(edit.shop.maker.Set(name, figure.key, figure.text, edit.unit));
   return {};
 }
 
 /// Prints the device that was changed.
-Result<void> PrintChanged(const Shop& shop, const Arguments& arguments, const std::string& line) {
-  if (arguments.isJson) return PrintJson(JsonOf(shop, {shop.catalogue.Find(arguments.Name())}));
+Result<void> PrintChanged(const Shop& shop, LengthUnit unit, const Arguments& arguments,
+                          const std::string& line) {
+  const Shop shown = shop.ShownIn(unit);
+  if (arguments.isJson) return PrintJson(JsonOf(shown, {shown.catalogue.Find(arguments.Name())}, unit));
   return Print(line + "\n");
 }
 
@@ -95,56 +114,61 @@ Fault WithFile(Fault fault, const std::filesystem::path& file) {
 }
 
 /// A change of a shop; it returns the line to be printed.
-using Change = std::function<Result<std::string>(Shop&)>;
+using Change = std::function<Result<std::string>(const Edit&)>;
 
 /// Changes the catalogue and prints the device as it is then.
-Result<void> ChangeAndPrint(const Arguments& arguments, const Context& context, const Change& change) {
-  VANZET_TRY(const auto file, CatalogueFileOf(arguments.read.project.string(), context));
+Result<void> ChangeAndPrint(const Arguments& arguments, const Context& context, const std::string& occasion,
+                            const Change& change) {
+  VANZET_TRY(const auto place, ShopPlaceOf(arguments.read.project.string(), context));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, arguments.read.project.string(), context));
   Shop changed;
   std::string line;
-  VANZET_DO(catalogue::ChangeShop(file, [&](Shop& shop) -> Result<bool> {
-    const auto text = change(shop);
-    if (!text) return WithFile(text.fault(), file);
+  VANZET_DO(catalogue::ChangeShop(place, occasion, [&](Shop& shop) -> Result<bool> {
+    const auto text = change({shop, unit});
+    if (!text) return WithFile(text.fault(), place.file);
     line = *text;
     changed = shop;
     return true;
   }));
-  return PrintChanged(changed, arguments, line);
+  return PrintChanged(changed, unit, arguments, line);
 }
 
-Result<std::string> AddTo(Shop& shop, const Arguments& arguments) {
+Result<std::string> AddTo(const Edit& edit, const Arguments& arguments) {
   const std::string& name = arguments.Name();
-  const bool isThere = shop.catalogue.Find(name) != nullptr;
+  const bool isThere = edit.shop.catalogue.Find(name) != nullptr;
   if (isThere && !arguments.replaces)
     return Fault{"the catalogue already has the device " + Quoted(name) + "; --replace replaces it"};
   const DeviceParams empty{.type = catalogue::TypesOfWord(arguments.kind).front()};
-  VANZET_DO(PutDevice(shop, name, empty, arguments.letters));
-  VANZET_DO(SetFigures(shop, name, arguments.figures));
-  return (isThere ? "replaced " : "added ") + LineOf(*shop.catalogue.Find(name));
+  VANZET_DO(PutDevice(edit, name, empty, arguments.letters));
+  VANZET_DO(SetFigures(edit, name, arguments.figures));
+  return (isThere ? "replaced " : "added ") + edit.LineOf(*edit.shop.catalogue.Find(name));
 }
 
-Result<std::string> SetIn(Shop& shop, const Arguments& arguments) {
-  VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.Name()));
+Result<std::string> SetIn(const Edit& edit, const Arguments& arguments) {
+  VANZET_TRY(const auto* const entry, FindDevice(edit.shop, arguments.Name()));
   const std::string name = entry->name;
-  const Shop old = shop;
-  if (!arguments.letters.empty()) VANZET_DO(PutDevice(shop, name, entry->params, arguments.letters));
-  VANZET_DO(SetFigures(shop, name, arguments.figures));
+  const Shop old = edit.shop.ShownIn(edit.unit);
+  if (!arguments.letters.empty()) VANZET_DO(PutDevice(edit, name, entry->params, arguments.letters));
+  VANZET_DO(SetFigures(edit, name, arguments.figures));
+  const Shop now = edit.shop.ShownIn(edit.unit);
   std::string line;
-  // NOLINTNEXTLINE(readability-suspicious-call-argument): from the old shop to the one at hand
-  for (const std::string& change : catalogue::DeviceChanges(old, name, shop, name)) {
+  // NOLINTNEXTLINE(readability-suspicious-call-argument): from the old shop to the one of now
+  for (const std::string& change : catalogue::DeviceChanges(old, name, now, name)) {
     line += (line.empty() ? "" : "; ") + change;
   }
   return OneLine(name + ": " + (line.empty() ? "nothing was changed" : line));
 }
 
 Result<void> Remove(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto file, CatalogueFileOf(arguments.read.project.string(), context));
+  VANZET_TRY(const auto place, ShopPlaceOf(arguments.read.project.string(), context));
+  VANZET_TRY(const auto unit, UnitOf(arguments.unit, arguments.read.project.string(), context));
   Json removed;
   std::string line;
-  VANZET_DO(catalogue::ChangeShop(file, [&](Shop& shop) -> Result<bool> {
+  VANZET_DO(catalogue::ChangeShop(place, "catalogue remove", [&](Shop& shop) -> Result<bool> {
     VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.Name()));
-    removed = JsonOf(shop, {entry});
-    line = "removed " + LineOf(*entry);
+    const Shop shown = shop.ShownIn(unit);
+    removed = JsonOf(shown, {shown.catalogue.Find(arguments.Name())}, unit);
+    line = "removed " + Edit{shop, unit}.LineOf(*entry);
     shop.catalogue.Remove(arguments.Name());
     const bool hasAnother = shop.catalogue.Find(arguments.Name()) != nullptr;
     if (hasAnother) line += "; the catalogue has another device of that name";
@@ -172,6 +196,7 @@ Command& AddEdit(Command& catalogue, const char* name, const char* help, const c
   Command& command = catalogue.AddCommand(name, help);
   command.AddOperands(operands, kCatalogueHelp, arguments->words).Required().Count(1, 2);
   command.AddFlag("--json", "print the device as JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   command.check = [=] { arguments->read = SplitCatalogue(arguments->words, 1); };
   return command;
 }
@@ -187,7 +212,7 @@ void AddCatalogueAdd(Command& catalogue, Context& context) {
       .Required()
       .OneOf(catalogue::ParametricWords());
   command
-      .AddOption("--letter", "A=VALUE", "the value of a letter, in millimetres or degrees; without it 0",
+      .AddOption("--letter", "A=VALUE", "the value of a letter, a length or degrees; without it 0",
                  StoreLetter(arguments->letters))
       .Repeatable();
   command
@@ -203,7 +228,8 @@ void AddCatalogueAdd(Command& catalogue, Context& context) {
       "vanzet catalogue add lathe 'Chuck 160' --kind chuck --letter A=80 --letter B=92 --letter C=26 "
       "--replace"};
   command.work = [=, &context] {
-    return ChangeAndPrint(*arguments, context, [&](Shop& shop) { return AddTo(shop, *arguments); });
+    return ChangeAndPrint(*arguments, context, "catalogue add",
+                          [&](const Edit& edit) { return AddTo(edit, *arguments); });
   };
 }
 
@@ -213,11 +239,12 @@ void AddCatalogueSet(Command& catalogue, Context& context) {
       catalogue.AddCommand("set", "Changes letters and maker data of a device of a catalogue.");
   command.AddOperands("[PROJECT] NAME KEY=VALUE...", kCatalogueHelp, arguments->words).Required();
   command.AddFlag("--json", "print the device as JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   command.notes =
       "KEY is a letter, or one of the maker data, which are in clampdevice.json beside the catalogue:\n"
-      "clamp_outside and clamp_inside (a range of diameters, mm, such as 20..160), through_hole and stroke "
-      "(mm),\nmax_speed (1/min), max_force (kN), max_pressure (bar), mass and max_mass (kg), max_bar_length "
-      "(mm),\norder, link and note (texts). An empty value removes a figure.";
+      "clamp_outside and clamp_inside (a range of diameters, such as 20..160), through_hole, stroke and "
+      "max_bar_length\n(lengths), max_speed (1/min), max_force (kN), max_pressure (bar), mass and max_mass "
+      "(kg), order, link and note (texts). An empty value removes a figure.";
   command.examples = {
       "vanzet catalogue set lathe 'Chuck 160' B=92",
       "vanzet catalogue set lathe 'Chuck 160' max_speed=4500 clamp_outside=20..160 order=KF-160"};
@@ -226,7 +253,8 @@ void AddCatalogueSet(Command& catalogue, Context& context) {
     ReadSetWords(*arguments);
   };
   command.work = [=, &context] {
-    return ChangeAndPrint(*arguments, context, [&](Shop& shop) { return SetIn(shop, *arguments); });
+    return ChangeAndPrint(*arguments, context, "catalogue set",
+                          [&](const Edit& edit) { return SetIn(edit, *arguments); });
   };
 }
 

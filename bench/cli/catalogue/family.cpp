@@ -15,6 +15,7 @@ void AddCatalogue(Command& vanzet, Context& context) {
   AddCatalogueCheck(catalogue, context);
   AddCatalogueDiff(catalogue, context);
   AddCatalogueMerge(catalogue, context);
+  AddCatalogueHistory(catalogue, context);
 }
 
 }  // namespace vanzet::cli

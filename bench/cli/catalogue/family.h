@@ -14,6 +14,7 @@ void AddCatalogueRemove(Command& catalogue, Context& context);
 void AddCatalogueCheck(Command& catalogue, Context& context);
 void AddCatalogueDiff(Command& catalogue, Context& context);
 void AddCatalogueMerge(Command& catalogue, Context& context);
+void AddCatalogueHistory(Command& catalogue, Context& context);
 
 /// The help of the operand that `SplitCatalogue` splits off.
 inline constexpr const char* kCatalogueHelp =

@@ -22,7 +22,22 @@ struct Arguments {
   std::vector<catalogue::Condition> conditions;
   PictureFiles pictures;
   bool isJson = false;
+  std::optional<LengthUnit> unit;
 };
+
+/// The devices of a catalogue with their lengths in a unit.
+struct ShownShop {
+  catalogue::Shop shop;
+  LengthUnit unit;
+};
+
+Result<ShownShop> LoadShownShop(const std::string& word, std::optional<LengthUnit> given,
+                                const Context& context) {
+  VANZET_TRY(const auto unit, UnitOf(given, word, context));
+  VANZET_TRY(auto shop, LoadShop(word, context));
+  if (unit != LengthUnit::kMillimetre) shop = shop.ShownIn(unit);
+  return ShownShop{std::move(shop), unit};
+}
 
 Query QueryFrom(const Arguments& arguments) {
   Query query;
@@ -37,13 +52,14 @@ Query QueryFrom(const Arguments& arguments) {
 }
 
 Result<void> List(const Arguments& arguments, const Context& context) {
-  VANZET_TRY(const auto shop, LoadShop(arguments.read.project.string(), context));
+  VANZET_TRY(const auto loaded, LoadShownShop(arguments.read.project.string(), arguments.unit, context));
+  const auto& [shop, unit] = loaded;
   const auto found = Search(shop, QueryFrom(arguments));
   if (arguments.pictures.AreAsked()) {
     VANZET_TRY(const auto sheet, catalogue::SheetOf(found));
     return WritePictures(arguments.pictures, shop, sheet, arguments.isJson);
   }
-  if (arguments.isJson) return PrintJson(JsonOf(shop, found));
+  if (arguments.isJson) return PrintJson(JsonOf(shop, found, unit));
   return Print(found.empty() ? "no device was found\n" : TableOf(found, context));
 }
 
@@ -66,6 +82,7 @@ void AddChoice(Command& command, Arguments& arguments) {
                  StoreCondition(arguments.conditions))
       .Repeatable();
   command.AddFlag("--json", "print JSON", arguments.isJson);
+  AddUnit(command, arguments.unit);
   AddPictureFiles(command, arguments.pictures, kSheetSvg, kSheetPng);
 }
 
@@ -74,17 +91,19 @@ struct ShowArguments {
   SplitWords read;
   PictureFiles pictures;
   bool isJson = false;
+  std::optional<LengthUnit> unit;
 };
 
 Result<void> Show(const ShowArguments& arguments, const Context& context) {
-  VANZET_TRY(const auto shop, LoadShop(arguments.read.project.string(), context));
+  VANZET_TRY(const auto loaded, LoadShownShop(arguments.read.project.string(), arguments.unit, context));
+  const auto& [shop, unit] = loaded;
   VANZET_TRY(const auto* const entry, FindDevice(shop, arguments.read.words.front()));
   if (arguments.pictures.AreAsked()) {
     VANZET_TRY(const auto picture, catalogue::PictureOf(*entry));
     return WritePictures(arguments.pictures, shop, picture, arguments.isJson);
   }
-  if (arguments.isJson) return PrintJson(JsonOf(shop, {entry}));
-  return Print(PageOf(shop, *entry, context));
+  if (arguments.isJson) return PrintJson(JsonOf(shop, {entry}, unit));
+  return Print(PageOf(shop, *entry, unit, context));
 }
 
 /// Splits the words of the command line, of which that many are not the project.
@@ -128,6 +147,7 @@ void AddCatalogueShow(Command& catalogue, Context& context) {
   Command& command = catalogue.AddCommand("show", "Prints a device of a catalogue, with its maker data.");
   command.AddOperands("[PROJECT] NAME", kCatalogueHelp, arguments->words).Required().Count(1, 2);
   command.AddFlag("--json", "print JSON", arguments->isJson);
+  AddUnit(command, arguments->unit);
   AddPictureFiles(command, arguments->pictures, "draw the device with its dimensions into this .svg file",
                   "draw the device with its dimensions into this .png file");
   command.examples = {"vanzet catalogue show lathe 'Chuck 160'",

@@ -1,5 +1,6 @@
 #include "cli/catalogue/places.h"
 
+#include <filesystem>
 #include <system_error>
 
 #include "base/near_words.h"
@@ -38,19 +39,26 @@ bool IsCatalogue(const std::string& word) {
   return IsCatalogueFile(word) || fs::is_directory(PathMap::OfProcess().Resolve(word), error);
 }
 
-Result<fs::path> CatalogueFileOf(const std::string& word, const Context& context) {
+Result<catalogue::ShopPlace> ShopPlaceOf(const std::string& word, const Context& context) {
   if (word == kStandardInput) return Fault{"standard input cannot be changed; name a file or a project"};
-  if (IsCatalogueFile(word)) return PathMap::OfProcess().Resolve(word);
+  if (IsCatalogueFile(word)) return catalogue::ShopPlace{PathMap::OfProcess().Resolve(word)};
   VANZET_TRY(const auto project, project::Project::Open(word, context.places.share));
   VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value(project::kCatalogueSetting));
-  return project::CatalogueFile(project, setting);
+  return catalogue::PlaceOf(project, setting);
 }
 
 Result<catalogue::Shop> LoadShop(const std::string& word, const Context& context) {
   if (word == kStandardInput)
     return catalogue::ShopOfText(ReadStandardInput("the catalogue"), "standard input");
-  VANZET_TRY(const auto file, CatalogueFileOf(word, context));
-  return catalogue::ReadShop(file);
+  VANZET_TRY(const auto place, ShopPlaceOf(word, context));
+  return catalogue::ReadShop(place);
+}
+
+Result<LengthUnit> UnitOf(std::optional<LengthUnit> given, const std::string& word, const Context& context) {
+  if (given) return *given;
+  if (IsCatalogueFile(word)) return LengthUnit::kMillimetre;
+  VANZET_TRY(const auto project, project::Project::Open(word, context.places.share));
+  return project::LengthUnitOf(project);
 }
 
 Result<const catalogue::Entry*> FindDevice(const catalogue::Shop& shop, const std::string& name) {

@@ -1,5 +1,7 @@
 #include "cli/catalogue/print.h"
 
+#include <algorithm>
+
 #include "base/one_line.h"
 #include "catalogue/kinds.h"
 #include "catalogue/rules.h"
@@ -15,16 +17,21 @@ using catalogue::Shop;
 /// The section of the translations that has the names of letters.
 constexpr const char* kLetterSection = "view";
 
-constexpr const char* kUnknown = "-";
+constexpr std::string_view kUnknown = "-";
 
-std::string KindOf(const Entry& entry) {
+std::string_view KindOf(const Entry& entry) {
   const std::string_view word = catalogue::KindWord(entry.params.type);
-  return std::string(word.empty() ? kUnknown : word);
+  return word.empty() ? kUnknown : word;
 }
 
-std::string UnitOf(devices::Unit unit, const Context& context) {
-  if (unit == devices::Unit::kDegree) return " " + context.Heading(Translatable("degrees"));
-  return unit == devices::Unit::kMillimetre ? " mm" : "";
+/// Appends a cell of a column, and the gap after it. A list can have a hundred thousand rows.
+void AppendLeft(std::string& text, std::string_view cell, std::size_t width) {
+  text.append(cell).append(width + 2 - Width(cell), ' ');
+}
+
+std::string UnitOf(devices::Unit of, LengthUnit unit, const Context& context) {
+  if (of == devices::Unit::kDegree) return " " + context.Heading(Translatable("degrees"));
+  return of == devices::Unit::kMillimetre ? " " + std::string(WordOf(unit)) : "";
 }
 
 /// "Outer radius (A)", or the letter alone where it has no name.
@@ -48,40 +55,63 @@ Json JsonOf(const Shop& shop, const Entry& entry) {
   return json;
 }
 
-Json JsonOf(const Shop& shop, const std::vector<const Entry*>& entries) {
+Json UnitJson(LengthUnit unit) {
+  if (unit == LengthUnit::kMillimetre) return Json::object();
+  return {{define::kUnitKey, WordOf(unit)}};
+}
+
+Json JsonOf(const Shop& shop, const std::vector<const Entry*>& entries, LengthUnit unit) {
   Json list = Json::array();
   for (const Entry* const entry : entries) list.push_back(JsonOf(shop, *entry));
-  return {{"devices", std::move(list)}};
+  Json json = UnitJson(unit);
+  json["devices"] = std::move(list);
+  return json;
 }
 
 std::string TableOf(const std::vector<const Entry*>& entries, const Context& context) {
-  std::vector<std::vector<std::string>> rows = {{context.Heading(Translatable("name")),
-                                                 context.Heading(Translatable("kind")),
-                                                 context.Heading(Translatable("letters"))}};
-  rows.reserve(entries.size() + 1);
+  const std::string name = context.Heading(Translatable("name")),
+                    kind = context.Heading(Translatable("kind"));
+  std::vector<std::string> names;
+  names.reserve(entries.size());
+  std::size_t nameWidth = Width(name), kindWidth = Width(kind), bytes = 0;
   for (const Entry* const entry : entries) {
-    rows.push_back({OneLine(entry->name), KindOf(*entry), catalogue::LettersText(entry->params)});
+    names.push_back(OneLine(entry->name));
+    nameWidth = std::max(nameWidth, Width(names.back()));
+    kindWidth = std::max(kindWidth, KindOf(*entry).size());
+    bytes += entry->bytes.size() + names.back().size();
   }
-  return Columns(rows, "lll");
+  std::string text = Left(name, nameWidth) + "  " + Left(kind, kindWidth) + "  " +
+                     context.Heading(Translatable("letters")) + "\n";
+  text.reserve(text.size() + bytes + entries.size() * kindWidth);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    AppendLeft(text, names[i], nameWidth);
+    AppendLeft(text, KindOf(*entries[i]), kindWidth);
+    catalogue::AppendLetters(text, entries[i]->params);
+    text += '\n';
+  }
+  return text;
 }
 
-std::string PageOf(const Shop& shop, const Entry& entry, const Context& context) {
-  std::vector<std::vector<std::string>> rows = {{context.Heading(Translatable("kind")), KindOf(entry)}};
+std::string PageOf(const Shop& shop, const Entry& entry, LengthUnit unit, const Context& context) {
+  std::vector<std::vector<std::string>> rows = {
+      {context.Heading(Translatable("kind")), std::string(KindOf(entry))}};
   for (const devices::Letter& each : devices::LettersOf(entry.params.type)) {
-    rows.push_back({LabelOf(each, context),
-                    catalogue::LetterText(entry.params, each.letter).substr(2) + UnitOf(each.unit, context)});
+    rows.push_back({LabelOf(each, context), catalogue::LetterText(entry.params, each.letter).substr(2) +
+                                                UnitOf(each.unit, unit, context)});
   }
   const Json* const figures = shop.maker.Find(entry.name);
   for (const catalogue::MakerKey& key : catalogue::MakerKeys()) {
     if (figures == nullptr || !figures->contains(key.key)) continue;
-    const std::string unit = *key.unit == '\0' ? "" : " " + std::string(key.unit);
-    rows.push_back({context.Heading(key.name), OneLine(catalogue::MakerText((*figures)[key.key])) + unit});
+    const std::string word = key.IsLength() ? std::string(WordOf(unit)) : key.unit;
+    rows.push_back({context.Heading(key.name),
+                    OneLine(catalogue::MakerText((*figures)[key.key])) + (word.empty() ? "" : " " + word)});
   }
   return OneLine(entry.name) + "\n" + Columns(rows, "ll", "  ");
 }
 
 std::string LineOf(const Entry& entry) {
-  return OneLine(entry.name) + ": " + KindOf(entry) + "  " + catalogue::LettersText(entry.params);
+  return OneLine(entry.name) + ": " + std::string(KindOf(entry)) + "  " +
+         catalogue::LettersText(entry.params);
 }
 
 }  // namespace vanzet::cli
