@@ -83,6 +83,63 @@ TEST_F(ContourExamples, DifficultRegionsHaveTheAreasOfTheirPage) {
   EXPECT_EQ(count, 8);
 }
 
+/// The comb: a back of 38 by 5 with ten teeth of 2 by 15 and nine gaps of 2. Its corners are the 22 of the back's
+/// bottom and the teeth's tips, and the 18 feet of teeth in the gaps.
+class Comb : public ContourExamples {
+ protected:
+  static constexpr double kArea = 38 * 5 + 10 * 2 * 15, kPerimeter = 2 * 38 + 2 * 20 + 18 * 15;
+  static constexpr int kTips = 22, kFeet = 18;
+
+  void Expect(double distance, const std::string& side, double area, double perimeter) {
+    const auto made =
+        Json("offset " + Example("comb.txt") + " " + std::to_string(distance) + " --region" + side);
+    SCOPED_TRACE(std::to_string(distance) + side);
+    ASSERT_EQ(made["loops"].size(), 1U);
+    EXPECT_EQ(made["loops"][0]["hole"], false);
+    EXPECT_NEAR(made["area"], area, 1e-9);
+    EXPECT_NEAR(made["perimeter"], perimeter, 1e-9);
+  }
+  /// Between an arc of radius r about a corner and its tangent, from the point of contact as far as w along the
+  /// tangent.
+  static double Wedge(double r, double w) {
+    return r * w - (w * std::sqrt(r * r - w * w) + r * r * std::asin(w / r)) / 2;
+  }
+  static double ArcOver(double r, double w) { return r * std::asin(w / r); }
+};
+
+TEST_F(Comb, KeepsTeethThatAreWiderThanTwiceTheDistance) {
+  for (const double d : {0.25, 0.8, 0.999}) {
+    const double back = (38 - 2 * d) * (5 - 2 * d), teeth = 10 * (2 - 2 * d) * 15;
+    Expect(d, "", back + teeth + kFeet * (1 - kPi / 4) * d * d,
+           kPerimeter - kTips * 2 * d + kFeet * kPi / 2 * d);
+  }
+}
+
+// A tooth ends where the arcs about its feet meet in its middle, the first and the last one where the arc meets the
+// side of the back.
+TEST_F(Comb, LosesTeethThatAreNotWider) {
+  for (const double d : {1.0, 1.2, 1.9}) {
+    const double end = 2 - d, side = 5 - std::sqrt(d * d - end * end) - d;
+    Expect(d, "", (38 - 2 * d) * (5 - 2 * d) + 16 * Wedge(d, 1) + 2 * Wedge(d, end),
+           38 - 2 * d + 2 * side + 9 * 2 + 16 * ArcOver(d, 1) + 2 * ArcOver(d, end));
+  }
+}
+
+TEST_F(Comb, KeepsGapsThatAreWiderThanTwiceTheDistance) {
+  for (const double d : {0.25, 0.8, 0.999}) {
+    Expect(d, " --outside", kArea + d * kPerimeter + kTips * kPi / 4 * d * d - kFeet * d * d,
+           kPerimeter + kTips * kPi / 2 * d - kFeet * 2 * d);
+  }
+}
+
+// A rectangle, grown, but for a notch over each gap between the arcs about two tips.
+TEST_F(Comb, FillsGapsThatAreNotWider) {
+  for (const double d : {1.0, 1.5, 10.0}) {
+    Expect(d, " --outside", 38 * 20 + 2 * (38 + 20) * d + kPi * d * d - kFeet * Wedge(d, 1),
+           38 + 2 * 20 + 10 * 2 + 2 * kPi * d + kFeet * ArcOver(d, 1));
+  }
+}
+
 TEST_F(ContourExamples, ThePinchedSquaresHaveBothTheirAreas) {
   EXPECT_NEAR(FactsOf("pinched.txt")["area"], 800, 1e-9);
 }
