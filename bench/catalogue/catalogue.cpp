@@ -63,17 +63,21 @@ DeviceParams ParamsOf(std::string_view values) {
   for (char letter = 'A'; letter <= letters.back().letter; ++letter) {
     LetterOf(params, letter) = take(RealPrefix(values));
   }
-  return Normalised(params);
+  // Kinds that have all letters up to their last one have nothing else to be left out.
+  const auto last = static_cast<std::size_t>(letters.back().letter - 'A');
+  return letters.size() == last + 1 ? params : Normalised(params);
 }
 
 Entry EntryOf(const Line& name, const Line* values) {
-  Entry entry{
-      .name = std::string(name.text), .params = {}, .line = name.number, .hasValues = values != nullptr};
-  entry.bytes.reserve(name.bytes.size() + (values == nullptr ? 0 : values->bytes.size()));
-  entry.bytes = name.bytes;
-  entry.valuesAt = entry.bytes.size();
+  Entry entry{.name = std::string(name.text),
+              .params = {},
+              .line = name.number,
+              .hasValues = values != nullptr,
+              .bytes = name.bytes,
+              .valuesAt = name.bytes.size()};
   if (values == nullptr) return entry;
-  entry.bytes += values->bytes;
+  // Both lines are next to each other in the text.
+  entry.bytes = {name.bytes.data(), name.bytes.size() + values->bytes.size()};
   entry.valuesSize = values->text.size();
   entry.params = ParamsOf(values->text);
   return entry;
@@ -81,20 +85,6 @@ Entry EntryOf(const Line& name, const Line* values) {
 
 void EndLine(std::string& bytes, std::string_view lineEnd) {
   if (!bytes.ends_with('\n')) bytes += lineEnd;
-}
-
-/// Replaces the values of an entry; one without a value line gets it.
-void SetValues(Entry& entry, const DeviceParams& params, std::string_view lineEnd) {
-  if (!entry.hasValues) {
-    EndLine(entry.bytes, lineEnd);
-    entry.valuesAt = entry.bytes.size();
-    entry.bytes += lineEnd;
-    entry.hasValues = true;
-  }
-  const std::string values = ValueLineOf(params);
-  entry.bytes.replace(entry.valuesAt, entry.valuesSize, values);
-  entry.valuesSize = values.size();
-  entry.params = Normalised(params);
 }
 
 bool IsNumberLike(std::string_view field) {
@@ -126,8 +116,9 @@ bool IsBlank(const Entry& entry) {
 
 }  // namespace
 
-Catalogue Catalogue::Read(std::string_view text) {
+Catalogue Catalogue::Read(std::string content) {
   Catalogue catalogue;
+  const std::string_view text = catalogue.Keep(std::move(content));
   const std::size_t end = text.find('\n');
   if (end != std::string_view::npos && end > 0 && text[end - 1] == '\r') catalogue.lineEnd_ = "\r\n";
   constexpr std::size_t kUsualBytes = 100;
@@ -137,6 +128,26 @@ Catalogue Catalogue::Read(std::string_view text) {
     catalogue.entries_.push_back(EntryOf(name, reader.Next(values) ? &values : nullptr));
   }
   return catalogue;
+}
+
+std::string_view Catalogue::Keep(std::string bytes) {
+  return *texts_.emplace_back(std::make_shared<const std::string>(std::move(bytes)));
+}
+
+/// Replaces the values of an entry; one without a value line gets it.
+void Catalogue::SetValues(Entry& entry, const DeviceParams& params) {
+  std::string bytes(entry.bytes);
+  if (!entry.hasValues) {
+    EndLine(bytes, lineEnd_);
+    entry.valuesAt = bytes.size();
+    bytes += lineEnd_;
+    entry.hasValues = true;
+  }
+  const std::string values = ValueLineOf(params);
+  bytes.replace(entry.valuesAt, entry.valuesSize, values);
+  entry.bytes = Keep(std::move(bytes));
+  entry.valuesSize = values.size();
+  entry.params = Normalised(params);
 }
 
 const Entry* Catalogue::Find(std::string_view name) const {
@@ -153,18 +164,19 @@ std::unordered_map<std::string, std::size_t>& Catalogue::Positions() const {
 
 Result<void> Catalogue::Put(const std::string& name, const DeviceParams& params) {
   if (const auto found = Positions().find(name); found != positions_.end()) {
-    SetValues(entries_[found->second], params, lineEnd_);
+    SetValues(entries_[found->second], params);
     return {};
   }
   if (!entries_.empty() && !entries_.back().hasValues) {
     return Fault{"the device " + Quoted(entries_.back().name) + " has no value line; remove it first", "",
                  entries_.back().line};
   }
-  if (!entries_.empty()) EndLine(entries_.back().bytes, lineEnd_);
+  if (!entries_.empty() && !entries_.back().bytes.ends_with('\n'))
+    entries_.back().bytes = Keep(std::string(entries_.back().bytes) + std::string(lineEnd_));
   positions_.emplace(name, entries_.size());
-  Entry& entry = entries_.emplace_back(
-      Entry{.name = name, .params = {}, .hasValues = false, .bytes = name + std::string(lineEnd_)});
-  SetValues(entry, params, lineEnd_);
+  const std::string_view nameLine = Keep(name + std::string(lineEnd_));
+  SetValues(entries_.emplace_back(Entry{.name = name, .params = {}, .hasValues = false, .bytes = nameLine}),
+            params);
   return {};
 }
 

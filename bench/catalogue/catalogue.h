@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,10 +30,11 @@ struct Entry {
   bool hasValues = true;  ///< false for a last name without a value line
 
   /// The bytes of both lines with their ends, and the part of them that is the value line without its end.
-  std::string bytes = {};
+  /// They belong to the catalogue and its copies.
+  std::string_view bytes = {};
   std::size_t valuesAt = 0, valuesSize = 0;
 
-  std::string_view Values() const { return std::string_view(bytes).substr(valuesAt, valuesSize); }
+  std::string_view Values() const { return bytes.substr(valuesAt, valuesSize); }
 
   /// The line of the values, for findings.
   int ValuesLine() const { return hasValues ? line + 1 : line; }
@@ -44,7 +46,7 @@ struct Entry {
 /// Threads  one, also for functions that change nothing
 class Catalogue {
  public:
-  static Catalogue Read(std::string_view text);
+  static Catalogue Read(std::string text);
 
   const std::vector<Entry>& entries() const { return entries_; }
 
@@ -71,6 +73,11 @@ class Catalogue {
   /// The position of the first entry of each name. Made when it is first needed: lists and searches do not.
   std::unordered_map<std::string, std::size_t>& Positions() const;
 
+  /// Keeps bytes as long as this catalogue or a copy of it.
+  std::string_view Keep(std::string bytes);
+  void SetValues(Entry& entry, const DeviceParams& params);
+
+  std::vector<std::shared_ptr<const std::string>> texts_;  ///< those of the entries
   std::vector<Entry> entries_;
   mutable std::unordered_map<std::string, std::size_t> positions_;
   std::string_view lineEnd_ = "\n";  ///< of new lines

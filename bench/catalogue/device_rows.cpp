@@ -39,7 +39,7 @@ std::string FiguresText(const MakerJson* figures) {
 
 /// The lines of a device, whole, so that those of another one can follow.
 std::string WholeLines(const Entry& entry) {
-  std::string lines = entry.bytes;
+  std::string lines(entry.bytes);
   if (!lines.ends_with('\n')) lines += "\n";
   return entry.hasValues ? lines : lines + "\n";
 }

@@ -15,8 +15,6 @@ using vdm::PostgresRows;
 using vdm::PostgresStatement;
 using vdm::PostgresValue;
 
-constexpr int kAttempts = 5;
-
 /// Before the name of a catalogue among the names of projects, which are those of folders.
 constexpr const char* kNamesBegin = "catalogue/";
 
@@ -210,13 +208,13 @@ Result<std::vector<PastDevice>> ServerShop::History(const std::string& name) {
 }
 
 Result<void> ServerShop::ChangeRows(const std::string& occasion, const Change& change) {
-  for (int attempt = 1; attempt <= kAttempts; ++attempt) {
+  vdm::PostgresPatience patience = session_->Patience();
+  do {
     VANZET_TRY(const auto outcome, TryChange(occasion, change));
     if (outcome == Outcome::kCommitted) return {};
-  }
+  } while (patience.Pause());
   VANZET_TRY(const auto* const connection, session_->Connection());
-  return connection->FaultOf("the connection broke in each of " + std::to_string(kAttempts) + " attempts",
-                             FaultKind::kSystem);
+  return connection->FaultOf("the connection broke in each attempt: nothing is written", FaultKind::kSystem);
 }
 
 Result<ServerShop::Outcome> ServerShop::TryChange(const std::string& occasion, const Change& change) {

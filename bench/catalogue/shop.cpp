@@ -20,8 +20,8 @@ Result<std::optional<std::string>> ReadIfThere(const fs::path& file) {
   return text.fault();
 }
 
-Result<Shop> ReadFiles(const fs::path& file, std::string_view text) {
-  Shop shop{.file = file, .catalogue = Catalogue::Read(text)};
+Result<Shop> ReadFiles(const fs::path& file, std::string text) {
+  Shop shop{.file = file, .catalogue = Catalogue::Read(std::move(text))};
   VANZET_TRY(const auto maker, ReadIfThere(shop.MakerFile()));
   if (!maker) return shop;
   VANZET_TRY(shop.maker, MakerData::Read(*maker, shop.MakerFile().string()));
@@ -65,8 +65,8 @@ Shop Shop::ShownIn(LengthUnit unit) const {
 }
 
 Result<Shop> ReadShop(const fs::path& file) {
-  VANZET_TRY(const auto text, files::ReadWholeFile(file));
-  return ReadFiles(file, text);
+  VANZET_TRY(auto text, files::ReadWholeFile(file));
+  return ReadFiles(file, std::move(text));
 }
 
 Shop ShopOfText(const std::string& text, const std::string& name) {

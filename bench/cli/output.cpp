@@ -19,6 +19,8 @@ std::string Padding(const std::string& text, std::size_t width) {
 
 /// JSON in UTF-8 with the control characters that JSON allows in texts as "\\u007f".
 std::string WithEscapedControls(std::string_view json) {
+  const auto isPlain = [](char c) { return (c >= ' ' && c < '\x7f') || c == '\n'; };
+  if (std::ranges::all_of(json, isPlain)) return std::string(json);
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string escaped;
   while (!json.empty()) {

@@ -71,22 +71,19 @@ Json JsonOf(const Shop& shop, const std::vector<const Entry*>& entries, LengthUn
 std::string TableOf(const std::vector<const Entry*>& entries, const Context& context) {
   const std::string name = context.Heading(Translatable("name")),
                     kind = context.Heading(Translatable("kind"));
-  std::vector<std::string> names;
-  names.reserve(entries.size());
   std::size_t nameWidth = Width(name), kindWidth = Width(kind), bytes = 0;
   for (const Entry* const entry : entries) {
-    names.push_back(OneLine(entry->name));
-    nameWidth = std::max(nameWidth, Width(names.back()));
+    nameWidth = std::max(nameWidth, Width(OneLine(entry->name)));
     kindWidth = std::max(kindWidth, KindOf(*entry).size());
-    bytes += entry->bytes.size() + names.back().size();
+    bytes += entry->bytes.size();
   }
   std::string text = Left(name, nameWidth) + "  " + Left(kind, kindWidth) + "  " +
                      context.Heading(Translatable("letters")) + "\n";
   text.reserve(text.size() + bytes + entries.size() * kindWidth);
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    AppendLeft(text, names[i], nameWidth);
-    AppendLeft(text, KindOf(*entries[i]), kindWidth);
-    catalogue::AppendLetters(text, entries[i]->params);
+  for (const Entry* const entry : entries) {
+    AppendLeft(text, OneLine(entry->name), nameWidth);
+    AppendLeft(text, KindOf(*entry), kindWidth);
+    catalogue::AppendLetters(text, entry->params);
     text += '\n';
   }
   return text;
