@@ -57,11 +57,11 @@ std::optional<View> ViewNamed(std::string_view word) {
   return static_cast<View>(row - kViews.begin());
 }
 
-Look LookFrom(View view, bool isPerspective, const std::vector<Point3d>& points, int width, int height) {
+Look LookFrom(View view, bool isPerspective, const PointSource& points, int width, int height) {
   return LookToward(kViews.at(static_cast<std::size_t>(view)).toward, isPerspective, points, width, height);
 }
 
-Look LookToward(const Vector3d& toward, bool isPerspective, const std::vector<Point3d>& points, int width,
+Look LookToward(const Vector3d& toward, bool isPerspective, const PointSource& points, int width,
                 int height) {
   Look look;
   look.toward = UnitVector(toward);
@@ -72,22 +72,23 @@ Look LookToward(const Vector3d& toward, bool isPerspective, const std::vector<Po
   return FitPoints(look, points, width, height);
 }
 
-Look FitPoints(Look look, const std::vector<Point3d>& points, int width, int height) {
+Look FitPoints(Look look, const PointSource& points, int width, int height) {
   geometry::Box3d box;
-  for (const Point3d& point : points) box.Insert(point);
-  if (points.empty()) box = geometry::Box3d({-1, -1, -1}, {1, 1, 1});
+  points.VisitAll([&box](const Point3d& point) { box.Insert(point); });
+  const bool isEmpty = box.min.x > box.max.x;
+  if (isEmpty) box = geometry::Box3d({-1, -1, -1}, {1, 1, 1});
   look.middle = box.Mid();
   look.reach = std::max(Vector3d(look.middle, box.max).Magnitude(), 1e-3);
   look.scale = 1;
   look.shiftX = look.shiftY = 0;
   PicturePoint low{1e30, 1e30, 0}, high{-1e30, -1e30, 0};
   const Camera camera(look);
-  for (const Point3d& point : points) {
+  points.VisitAll([&](const Point3d& point) {
     const PicturePoint p = camera.Project(point);
     low = {std::min(low.x, p.x), std::min(low.y, p.y), 0};
     high = {std::max(high.x, p.x), std::max(high.y, p.y), 0};
-  }
-  if (points.empty()) low = {-1, -1, 0}, high = {1, 1, 0};
+  });
+  if (isEmpty) low = {-1, -1, 0}, high = {1, 1, 0};
   const double room = 1 - 2 * kMargin, least = look.reach * 1e-6;
   look.scale = std::min(width * room / std::max(high.x - low.x, least),
                         height * room / std::max(high.y - low.y, least));

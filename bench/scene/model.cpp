@@ -69,6 +69,10 @@ bool CanShow(const geometry::Box3d& box, const Camera& camera, double x, double 
   return x >= low.x && x <= high.x && y >= low.y && y <= high.y;
 }
 
+void VisitPoints(const ModelBody& body, const PointSource::Visitor& visit) {
+  for (const SurfacePoint& point : body.surface.points) visit(point.Place());
+}
+
 std::array<Point3d, 3> CornersOf(const Surface& surface, const Facet& facet) {
   return {surface.points[facet[0]].Place(), surface.points[facet[1]].Place(),
           surface.points[facet[2]].Place()};
@@ -116,21 +120,19 @@ geometry::Box3d BoxOf(const Model& model) {
   return box;
 }
 
-std::vector<Point3d> PointsOf(const Model& model) {
-  std::set<std::string> all;
-  for (const ModelBody& body : model.bodies) all.insert(body.name);
-  std::vector<Point3d> points = PointsOf(model, all);
-  for (const Mark& mark : model.marks) points.insert(points.end(), mark.points.begin(), mark.points.end());
-  return points;
+PointSource PointsOf(const Model& model) {
+  return PointSource([&model](const PointSource::Visitor& visit) {
+    for (const ModelBody& body : model.bodies) VisitPoints(body, visit);
+    for (const Mark& mark : model.marks) std::ranges::for_each(mark.points, visit);
+  });
 }
 
-std::vector<Point3d> PointsOf(const Model& model, const std::set<std::string>& names) {
-  std::vector<Point3d> points;
-  for (const ModelBody& body : model.bodies) {
-    if (!names.contains(body.name)) continue;
-    for (const SurfacePoint& point : body.surface.points) points.push_back(point.Place());
-  }
-  return points;
+PointSource PointsOf(const Model& model, const std::set<std::string>& names) {
+  return PointSource([&model, &names](const PointSource::Visitor& visit) {
+    for (const ModelBody& body : model.bodies) {
+      if (names.contains(body.name)) VisitPoints(body, visit);
+    }
+  });
 }
 
 BodyLook LookAt(const BodyLooks& looks, const std::string& name) {

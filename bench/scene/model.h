@@ -57,10 +57,10 @@ Model CutModel(const Model& whole, const Plane& plane);
 geometry::Box3d BoxOf(const Model& model);
 
 /// All points that the picture must show.
-std::vector<geometry::Point3d> PointsOf(const Model& model);
+PointSource PointsOf(const Model& model);
 
 /// The points of the bodies with these names.
-std::vector<geometry::Point3d> PointsOf(const Model& model, const std::set<std::string>& names);
+PointSource PointsOf(const Model& model, const std::set<std::string>& names);
 
 /// The nearest body at a place of the picture, and the point of it that is seen there. A body that is seen
 /// through counts where no other is. Without a body it is null.

@@ -178,7 +178,8 @@ TEST_F(Pictures, OfSliversComeToAnEnd) {
   body.surface.sharpEdges = body.surface.edges.size();
   scene::GroupFacets(body.surface);
   model.bodies.push_back(body);
-  const scene::Look look = scene::LookFrom(View::kFront, false, {{-5, -5, -5}, {5, 5, 5}}, 100, 80);
+  const scene::Look look =
+      scene::LookFrom(View::kFront, false, std::vector<geometry::Point3d>{{-5, -5, -5}, {5, 5, 5}}, 100, 80);
   for (const double zoom : {1.0, 1e3, 1e6}) {
     const Picture picture = scene::Draw(model, scene::ZoomAt(look, zoom, 3, 3), {.width = 100, .height = 80});
     EXPECT_EQ(picture.bytes.size(), 24000U);

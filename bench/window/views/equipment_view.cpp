@@ -85,22 +85,23 @@ void EquipmentView::CutModel() {
 }
 
 void EquipmentView::LookFrom(scene::View view) {
-  const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
-  look_ = scene::LookFrom(view, look_.isPerspective, points, width(), height());
+  look_ = scene::LookFrom(view, look_.isPerspective, Points(), width(), height());
   isFitted_ = true;
   Invalidate();
 }
 
 void EquipmentView::LookFrom(const geometry::Vector3d& toward) {
-  const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
-  look_ = scene::LookToward(toward, look_.isPerspective, points, width(), height());
+  look_ = scene::LookToward(toward, look_.isPerspective, Points(), width(), height());
+scene::PointSource EquipmentView::Points() const {
+  return model_ ? scene::PointsOf(*model_) : scene::PointSource([](const auto&) {});
+}
+
   isFitted_ = true;
   Invalidate();
 }
 
 void EquipmentView::Fit() {
-  const auto points = model_ ? scene::PointsOf(*model_) : std::vector<geometry::Point3d>();
-  look_ = scene::FitPoints(look_, points, width(), height());
+  look_ = scene::FitPoints(look_, Points(), width(), height());
   isFitted_ = true;
   Invalidate();
 }

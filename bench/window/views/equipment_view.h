@@ -101,6 +101,7 @@ class EquipmentView final : public QWidget {
   QString BodyAt(const QPointF& place) const;
   void Hover();
   void SetHovered(const QString& body);
+  scene::PointSource Points() const;  ///< of the model, as long as it stays
   void PaintName(QPainter& painter) const;
   std::optional<geometry::Point3d> PointAt(const QPointF& place) const;
   void PaintMeasured(QPainter& painter) const;
