@@ -15,6 +15,7 @@ struct BodyPicture {
   std::shared_ptr<const scene::Model> model;  ///< null: nothing but the overlay
   scene::Look look;
   scene::DrawOptions options;
+  std::shared_ptr<const scene::Model> coarse = {};  ///< for a picture that is seen for a moment; null: none
 };
 
 /// Where a canvas gets what it draws.

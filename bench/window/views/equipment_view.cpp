@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "scene/coarse.h"
 #include "window/opengl/gl_canvas.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
@@ -16,7 +17,8 @@ constexpr double kNotch = 120;   // eighths of a degree
 constexpr double kTurn = 0.008;  // radians a pixel
 constexpr double kZoom = 0.05;   // notches of the wheel a pixel
 constexpr double kClick = 4;     // pixels that the mouse may move in a click
-constexpr int kRest = 30;        // milliseconds before the body under the cursor is looked for
+constexpr std::size_t kFacetsInMotion = 100'000;
+constexpr int kRest = 30;  // milliseconds before the body under the cursor is looked for
 
 modeller::Colour ColourOf(const QColor& colour) {
   return {colour.redF(), colour.greenF(), colour.blueF()};
@@ -48,7 +50,8 @@ EquipmentView::EquipmentView(By by, QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 100);
   const CanvasSource source = {[this] {
-                                 return BodyPicture{model_, ScaleLook(look_, devicePixelRatioF()), Options()};
+                                 const scene::Look look = ScaleLook(look_, devicePixelRatioF());
+                                 return BodyPicture{model_, look, Options(), coarse_};
                                },
                                [this](QPainter& painter) { PaintOverlay(painter); }};
   canvas_ = by == By::kOpenGl ? MakeGlCanvas(source, this) : MakePainterCanvas(source, this);
@@ -70,17 +73,24 @@ Result<void> EquipmentView::Show(std::shared_ptr<const scene::Scene> scene) {
 
 Result<void> EquipmentView::MakeModel() {
   whole_.reset();
+  coarseWhole_.reset();
   CutModel();
   if (scene_ == nullptr) return {};
   VANZET_TRY(auto model, scene::ModelOf(*scene_));
-  whole_ = std::make_shared<scene::Model>(std::move(model));
+  whole_ = coarseWhole_ = std::make_shared<scene::Model>(std::move(model));
+  if (CountFacets(*whole_) > kFacetsInMotion)
+    coarseWhole_ = std::make_shared<scene::Model>(scene::CoarseModel(*whole_, kFacetsInMotion));
   CutModel();
   return whole_->missing.empty() ? Result<void>() : whole_->missing.front();
 }
 
 void EquipmentView::CutModel() {
-  const bool isCut = isSection_ && whole_ != nullptr;
-  model_ = isCut ? std::make_shared<scene::Model>(scene::CutModel(*whole_, plane_)) : whole_;
+  const auto cut = [this](const std::shared_ptr<const scene::Model>& whole) {
+    const bool isCut = isSection_ && whole != nullptr;
+    return isCut ? std::make_shared<const scene::Model>(scene::CutModel(*whole, plane_)) : whole;
+  };
+  model_ = cut(whole_);
+  coarse_ = coarseWhole_ == whole_ ? model_ : cut(coarseWhole_);
   Invalidate();
 }
 

@@ -75,6 +75,8 @@ class EquipmentView final : public QWidget {
   void SectionSwitched(bool isOn);
   void LookChanged();                       ///< the equipment is seen from elsewhere
   void BodiesChanged();                     ///< there is another scene, or none
+  /// The bodies as they are drawn while something moves: with fewer facets where they have very many.
+  const std::shared_ptr<const scene::Model>& coarseModel() const { return coarse_; }
   void BodyHovered(const QString& body);    ///< empty: no body is under the cursor
   void BodySelected(const QString& body);   ///< by a click; empty: beside all bodies
   void BodyActivated(const QString& body);  ///< by a double click
@@ -107,7 +109,8 @@ class EquipmentView final : public QWidget {
   void PaintMeasured(QPainter& painter) const;
 
   std::shared_ptr<const scene::Scene> scene_;
-  std::shared_ptr<const scene::Model> whole_, model_;  ///< without and with the section
+  std::shared_ptr<const scene::Model> whole_, model_;         ///< without and with the section
+  std::shared_ptr<const scene::Model> coarseWhole_, coarse_;  ///< the same for what is drawn in motion
   bool isSection_ = false;
   scene::Plane plane_;
   MouseStyle mouseStyle_ = MouseStyle::kLeftTurns;

@@ -10,7 +10,7 @@
 namespace vanzet::window {
 namespace {
 
-constexpr int kStillness = 140;  // milliseconds before a smooth picture is made
+constexpr int kStillness = 100;  // milliseconds before a smooth picture is made
 constexpr double kFrame = 40;    // milliseconds that a quick picture may take
 constexpr double kCoarsest = 4;  // pixels that become one at most
 constexpr double kPixels = 1e6;
@@ -69,7 +69,8 @@ class PainterCanvas final : public QWidget, public BodyCanvas {
     options.samples = 1;
     QElapsedTimer clock;
     clock.start();
-    picture_ = ImageOf(scene::Draw(*wanted.model, ScaleLook(wanted.look, 1 / coarse), options));
+    const scene::Model& model = wanted.coarse ? *wanted.coarse : *wanted.model;
+    picture_ = ImageOf(scene::Draw(model, ScaleLook(wanted.look, 1 / coarse), options));
     pixelMillis_ =
         double(clock.nsecsElapsed()) / 1e6 / (double{1} * options.width * options.height / kPixels);
   }
