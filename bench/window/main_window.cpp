@@ -192,6 +192,8 @@ void MainWindow::RestoreLayout() {
 void MainWindow::ConnectCommands() {
   connect(actions_, &Actions::Triggered, this, &MainWindow::Run);
   connect(actions_, &Actions::LanguageChosen, viewCommands_, &ViewCommands::ChooseLanguage);
+  dockSizes_ = new DockSizes(*this, this);
+  dockSizes_->Choose(memory_.DockSizes());
   QMenu* const recent = actions_->MenuOf(Menu::kRecent);
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { projectCommands_->FillRecent(*recent); });
   connect(projectCommands_, &ProjectCommands::Opened, this, &MainWindow::ShowProject);
@@ -350,6 +352,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const auto files = FilesOf(*event->mimeData());
+  memory_.KeepDockSizes(dockSizes_->Chosen());
   const bool isWelcome =
       session() != nullptr && !session()->isAtWork() && !files.empty() &&
       event->possibleActions().testFlag(Qt::CopyAction) &&

@@ -10,6 +10,7 @@
 #include "window/commands/project_commands.h"
 #include "window/commands/view_commands.h"
 #include "window/commands/watch_commands.h"
+#include "window/docks/dock_sizes.h"
 #include "window/help_window.h"
 #include "window/opengl/gl_canvas.h"
 #include "window/views/bars.h"
@@ -89,6 +90,7 @@ class MainWindow final : public QMainWindow {
   MessageDock* messages_;
   HistoryDock* history_;
   ChoiceDock* choice_;
+  DockSizes* dockSizes_;
   HelpWindow* help_;
   QLabel* position_;
 

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QSettings>
 #include <QStringList>
+#include <QVariantMap>
 #include <optional>
 #include <string>
 
@@ -17,6 +18,9 @@ class WindowMemory {
   QByteArray Geometry() const { return settings_.value("geometry").toByteArray(); }
   QByteArray State() const { return settings_.value("state").toByteArray(); }
   QByteArray Split() const { return settings_.value("split").toByteArray(); }
+  /// The sizes of the docks by their names, as the user chose them.
+  QVariantMap DockSizes() const { return settings_.value("docks").toMap(); }
+  void KeepDockSizes(const QVariantMap& sizes) { settings_.setValue("docks", sizes); }
   void KeepLayout(const QByteArray& geometry, const QByteArray& state, const QByteArray& split);
 
   /// The unit of lengths, "mm" or "inch"; empty: that of the project.
