@@ -107,6 +107,9 @@ QWidget* MainWindow::MakeViews() {
   equipment_ = new EquipmentView(usesOpenGl ? EquipmentView::By::kOpenGl : EquipmentView::By::kPainter);
   equipment_->SetMouseStyle(MouseStyleNamed(memory_.MouseStyle()));
   MakeCube();
+  const auto nameOfBody = [this](const QString& name) { return BodyText(texts_.translations(), name); };
+  equipment_->NameBodiesBy(nameOfBody);
+  drawing_->NameBodiesBy(nameOfBody);
   drawingPane_ = new ViewPane(drawing_, this);
   equipmentPane_ = new ViewPane(equipment_, this);
   spurs_ = new QComboBox;

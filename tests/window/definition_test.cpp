@@ -1,7 +1,11 @@
 #include <QTreeWidget>
 
+#include <algorithm>
+
+#include "support/catalogues.h"
 #include "support/contrast.h"
 #include "support/places.h"
+#include "window/definition_words.h"
 #include "window_fixture.h"
 
 namespace vanzet::test {
@@ -54,6 +58,52 @@ TEST_F(DefinitionTree, KeepsTheStoredRecordsBelow) {
   const QTreeWidgetItem* const chuck = Records(0)->child(1);
   EXPECT_EQ(chuck->child(1)->child(0)->text(1), "Chuck 160");
   EXPECT_FALSE(Records(0)->isExpanded());
+}
+
+TEST_F(DefinitionTree, HasOperationsAndBodiesInTheLanguageOfTheWindow) {
+  OpenSample(true);
+  EXPECT_EQ(Records(0)->child(4)->text(0), "4  Steady rest");
+  EXPECT_EQ(Records(0)->child(4)->toolTip(0), "Luenette");
+  actions().ActionOf("de")->trigger();
+  EXPECT_EQ(Records(0)->child(4)->text(0), QString::fromUtf8("4  Lünette"));
+  EXPECT_EQ(Records(0)->child(6)->text(0), "6  3D-Text der Backe, Hauptspindel");
+  QTreeWidget& list = Part<window::BodyDock>().tree();
+  EXPECT_NE(BodyIn(list, "Futter, Hauptspindel"), nullptr);
+  EXPECT_NE(BodyIn(list, "Backe 2, Hauptspindel"), nullptr);
+  ASSERT_NE(BodyIn(list, "Spannzange, Gegenspindel"), nullptr);
+  BodyIn(list, "Futter, Hauptspindel")->setCheckState(0, Qt::Unchecked);
+  actions().ActionOf("en")->trigger();
+  ASSERT_NE(BodyIn(list, "main chuck"), nullptr);
+  EXPECT_EQ(BodyIn(list, "main chuck")->checkState(0), Qt::Unchecked) << "the choice is the body's";
+}
+
+TEST_F(DefinitionTree, HasATextForEveryOperation) {
+  OpenSample(true);
+  actions().ActionOf("de")->trigger();
+  const auto translations = LoadTranslations(VANZET_SOURCE_DIR "/share", "de");
+  ASSERT_TRUE(translations);
+  const auto& texts = translations->Sections().at(window::kDefinitionSection);
+  ASSERT_EQ(Records(0)->childCount(), 18);
+  for (int i = 0; i < 18; ++i) {
+    const QString shown = Records(0)->child(i)->text(0).section("  ", 1);
+    EXPECT_TRUE(std::ranges::any_of(texts, [&](const auto& row) { return shown == row.second.c_str(); }))
+        << shown.toStdString();
+  }
+}
+
+TEST(DefinitionWords, NameBodiesAndLeaveOtherNames) {
+  const auto german = LoadTranslations(VANZET_SOURCE_DIR "/share", "de");
+  ASSERT_TRUE(german);
+  EXPECT_EQ(window::BodyText(*german, "sub face driver, not stored"),
+            "Stirnmitnehmer, Gegenspindel, nicht gespeichert");
+  EXPECT_EQ(window::BodyText(*german, "center"), "Spitze");
+  EXPECT_EQ(window::BodyText(*german, "main vice"), "vice, Hauptspindel");
+  EXPECT_EQ(window::BodyText({}, "main jaw 1, not stored"), "main jaw 1, not stored");
+  EXPECT_EQ(window::OperationText(*german, "made by hand"), "made by hand");
+}
+
+TEST(DefinitionWords, AreTranslatedIntoEveryLanguage) {
+  ExpectTranslated(window::kDefinitionSection, MarkedTexts("bench/window"));
 }
 
 TEST_F(DefinitionTree, HasBodiesThatCanBeHiddenAndSeenThrough) {

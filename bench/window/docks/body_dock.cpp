@@ -4,12 +4,14 @@
 #include <QSignalBlocker>
 #include <QTreeWidget>
 
+#include "window/definition_words.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
 namespace {
 
-constexpr int kNameWidth = 220;  // pixels
+constexpr int kNameWidth = 220;          // pixels
+constexpr int kNameRole = Qt::UserRole;  // the name in the scene; the text is in the window's language
 
 /// The columns with boxes.
 enum Column { kShown, kSeenThrough };
@@ -37,6 +39,11 @@ void BodyDock::Retranslate() {
   setWindowTitle(texts_(Text::kBodies));
   tree_->setAccessibleName(texts_(Text::kBodies));
   tree_->setHeaderLabels({texts_(Text::kShownBodies), texts_(Text::kSeeThrough)});
+  const QSignalBlocker quiet(tree_);
+  for (int row = 0; row < tree_->topLevelItemCount(); ++row) {
+    QTreeWidgetItem* const item = tree_->topLevelItem(row);
+    item->setText(0, BodyText(texts_.translations(), item->data(0, kNameRole).toString()));
+  }
 }
 
 std::shared_ptr<const scene::Scene> BodyDock::Show(const std::shared_ptr<const scene::Scene>& scene) {
@@ -64,14 +71,16 @@ void BodyDock::List(const scene::Scene& scene) {
   for (int row = 0; row < count; ++row) {
     QTreeWidgetItem* item = tree_->topLevelItem(row);
     if (item == nullptr) item = new QTreeWidgetItem(tree_);
-    item->setText(0, ToQString(scene.bodies[static_cast<std::size_t>(row)].name));
+    const QString name = ToQString(scene.bodies[static_cast<std::size_t>(row)].name);
+    item->setData(0, kNameRole, name);
+    item->setText(0, BodyText(texts_.translations(), name));
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
   }
 }
 
 void BodyDock::Keep(const QTreeWidgetItem& item) {
-  choices_[item.text(0).toStdString()] = {item.checkState(kShown) == Qt::Checked,
-                                          item.checkState(kSeenThrough) == Qt::Checked};
+  choices_[item.data(0, kNameRole).toString().toStdString()] = {item.checkState(kShown) == Qt::Checked,
+                                                                item.checkState(kSeenThrough) == Qt::Checked};
   emit Chosen();
 }
 

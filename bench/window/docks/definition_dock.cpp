@@ -11,6 +11,7 @@
 
 #include "base/one_line.h"
 #include "show/page.h"
+#include "window/definition_words.h"
 #include "window/docks/equipment_pages.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
@@ -170,7 +171,9 @@ void DefinitionDock::AddRecords(QTreeWidgetItem* parent, const project::Definiti
 void DefinitionDock::AddOperation(QTreeWidgetItem* parent, std::size_t number,
                                   const project::Operation& operation) {
   auto* const item = new QTreeWidgetItem(parent);
-  item->setText(0, QString::number(number) + "  " + ToQString(OneLine(operation.Label())));
+  item->setText(
+      0, QString::number(number) + "  " + OperationText(texts_.translations(), OneLine(operation.Label())));
+  item->setToolTip(0, ToQString(OneLine(operation.Label())));
   std::size_t section = 0;
   for (const auto& items : operation.sections) AddSection(item, section++, items);
   if (!operation.damage.empty()) {

@@ -113,7 +113,7 @@ void DrawingView::HoverBody(const QPointF& place) {
   const QString body = BodyAt(place);
   if (body == hoveredBody_) return;
   hoveredBody_ = body;
-  setToolTip(body);
+  setToolTip(nameOfBody_(body));
   update();
   emit BodyHovered(body);
 }

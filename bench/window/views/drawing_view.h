@@ -8,6 +8,7 @@
 
 #include "base/length_unit.h"
 #include "drawing/shown.h"
+#include "window/definition_words.h"
 #include "window/views/measure.h"
 #include "window/views/section_painter.h"
 #include "window/views/snap.h"
@@ -35,6 +36,7 @@ class DrawingView final : public QWidget {
 
   /// Marks the body of that name in the section; empty: none.
   void Mark(const QString& body);
+  void NameBodiesBy(BodyNamer namer) { nameOfBody_ = std::move(namer); }
   void Fit();
   void Ask(Picking picking);
   void SetUnit(LengthUnit unit) { unit_ = unit, update(); }  ///< of the grid, the ruler and rounded picks
@@ -86,6 +88,7 @@ class DrawingView final : public QWidget {
   std::shared_ptr<const ShownSection> section_;
   bool isSectionVisible_ = true;
   QString hoveredBody_, marked_;
+  BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   SnapPlaces places_;
   ViewFrame frame_;
   bool isFitted_ = true;  ///< until the user moves or zooms

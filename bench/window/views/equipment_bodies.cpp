@@ -11,8 +11,8 @@ namespace vanzet::window {
 void EquipmentView::PaintName(QPainter& painter) const {
   if (hovered_.isEmpty()) return;
   const QFontMetricsF metrics(font());
-  QRectF box(cursor_ + QPointF(14, 12),
-             QSizeF(metrics.horizontalAdvance(hovered_) + 12, metrics.height() + 6));
+  const QString name = nameOfBody_(hovered_);
+  QRectF box(cursor_ + QPointF(14, 12), QSizeF(metrics.horizontalAdvance(name) + 12, metrics.height() + 6));
   box.moveRight(std::min(box.right(), width() - 2.0));
   box.moveBottom(std::min(box.bottom(), height() - 2.0));
   painter.setPen(Qt::NoPen);

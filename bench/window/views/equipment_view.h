@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "window/definition_words.h"
 #include "window/views/body_canvas.h"
 #include "window/views/measure.h"
 #include "window/views/mouse_style.h"
@@ -45,6 +46,7 @@ class EquipmentView final : public QWidget {
   // nothing.
 
   QStringList BodyNames() const;
+  void NameBodiesBy(BodyNamer namer) { nameOfBody_ = std::move(namer), Repaint(); }
   scene::BodyLook LookOf(const QString& body) const;
   void Hide(const QString& body, bool isHidden);
   void SetSeenThrough(const QString& body, bool isSeenThrough);
@@ -126,6 +128,7 @@ class EquipmentView final : public QWidget {
   bool isAsked_ = false;
   QPointF cursor_, pressed_;
   bool hasMoved_ = false;
+  BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   QString hint_;
 };
 
