@@ -118,6 +118,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
 
     { Text::kImporting,        "Reading a solid..." },
     { Text::kReadingBody,      "Reading %1" },
+    { Text::kLongStep,         "Reading %1: %2 % is done, and the next step takes long" },
     { Text::kStillReading,     "A solid is still being read. Try again when it is there." },
     { Text::kMakingScene,      "Building the picture of the equipment..." },
     { Text::kExporting,        "Writing the bodies..." },

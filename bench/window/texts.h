@@ -27,7 +27,7 @@ enum class Text {
   kBodies, kShownBodies, kSeeThrough, kDefinitionFiles, kClose,
   kPickHint, kPickPosition, kPickFigure, kPickSolid, kTypedPosition, kNotAPosition,
   kFigures, kSolids, kCancel,
-  kImporting, kReadingBody, kStillReading, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored, kNothingStored,
+  kImporting, kReadingBody, kLongStep, kStillReading, kMakingScene, kExporting, kAtWork, kOpenElsewhere, kShownElsewhere, kNotStored, kNothingStored,
   kProjectName, kPlace, kSample, kBrowse, kMake, kAlreadyExists, kChooseProject, kNone, kWritten,
   kLoaded, kImported, kKeepBoth, kReplace, kSkip,
   kFloat, kHelpBack, kHelpSearch, kNotFound, kLines, kCancelled, kWelcome,

@@ -60,6 +60,17 @@ TEST_F(Reading, ShowsItsPercentageWhileTheWindowGoesOn) {
   EXPECT_TRUE(exports().WriteBodies(modeller::ExportFormat::kStl, folder / "out"));
 }
 
+TEST_F(Reading, SaysThatAStepTakesLongWhereItsPercentageStays) {
+  ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Percent() == 42; }));
+  const auto* const bar = this->bar().findChild<QProgressBar*>();
+  EXPECT_EQ(bar->maximum(), 100);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() == 0; })) << "it claims no percentage";
+  EXPECT_EQ(bar->accessibleName(), "Reading casting: 42 % is done, and the next step takes long");
+  GoOn();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return ShowsTheBillet() && !this->bar().isVisible(); }));
+}
+
 TEST_F(Reading, IsCancelledByItsButtonAndDoneAgainByF5) {
   ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
   ASSERT_TRUE(QTest::qWaitFor([this] { return Percent() == 42; }));
