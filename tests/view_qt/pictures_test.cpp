@@ -132,6 +132,27 @@ TEST(Pictures, OfMissingValuesAreExamples) {
   EXPECT_THAT(sketch.notes.back().toStdString(), testing::HasSubstr("without B"));
 }
 
+TEST(Pictures, ListManyMissingLettersByTheFirstAndTheLast) {
+  EXPECT_THAT(Drawn({.type = 5}).notes.back().toStdString(), testing::HasSubstr("without A\u2013"));
+  EXPECT_THAT(Drawn({.type = 1, .A = 10}).notes.back().toStdString(), testing::HasSubstr("without B"));
+}
+
+TEST(Pictures, KeepTheLettersWithinTheirEdges) {
+  DeviceParams params = devices::Find(2)->example;
+  params.C = 120;
+  const Sketch sketch = Drawn(params);
+  ASSERT_THAT(sketch.wrong, testing::Contains(control::EditOfLetter('C')));
+  QImage image(230, 400, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  Paint(painter, QRectF(image.rect()).adjusted(4, 4, -4, -4), sketch,
+        {QPalette(), QFont(), control::EditOfLetter('C'), QStringLiteral("120.12345")});
+  for (int y = 0; y < image.height(); ++y) {
+    EXPECT_EQ(image.pixelColor(2, y), QColor(Qt::white)) << y;
+    EXPECT_EQ(image.pixelColor(227, y), QColor(Qt::white)) << y;
+  }
+}
+
 std::vector<Control> Billet(double outer, double length, double front, double rear, double inner,
                             double bar) {
   std::vector<Control> controls;

@@ -20,6 +20,8 @@ using devices::Device;
 using devices::Drawn;
 using devices::Letter;
 
+constexpr std::size_t kRow = 4;  // letters in a row are listed by the first and the last
+
 constexpr const char* kExample = Translatable("Example: not drawn without %1");
 constexpr const char* kSaveNeedsName = Translatable("Save needs a name.");
 constexpr const char* kSaveNeeds = Translatable("Save needs a value of %1.");
@@ -163,8 +165,11 @@ void NoteThickness(Sketch& sketch, const Device& device) {
   }
 }
 
-/// "A, B".
+/// "A, B"; "A–H".
 QString Listed(const std::string& letters) {
+  const bool isRow = letters.size() >= kRow &&
+                     static_cast<std::size_t>(letters.back() - letters.front()) + 1 == letters.size();
+  if (isRow) return QLatin1Char(letters.front()) + QStringLiteral("\u2013") + QLatin1Char(letters.back());
   QStringList list;
   for (const char letter : letters) list.append(QString(QLatin1Char(letter)));
   return list.join(QStringLiteral(", "));

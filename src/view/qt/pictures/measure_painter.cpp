@@ -73,6 +73,8 @@ class MeasurePainter {
     const double height = metrics.height() + 3;
     QRectF plate(0, 0, std::max(height, metrics.horizontalAdvance(text) + height * 0.6), height);
     plate.moveCenter(centre);
+    plate.moveRight(std::min(plate.right(), place_.room.right()));
+    plate.moveLeft(std::max(plate.left(), place_.room.left()));
     return plate;
   }
 

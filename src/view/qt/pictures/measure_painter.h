@@ -12,6 +12,7 @@ struct Place {
   QTransform transform;  ///< to the screen
   QRectF bounds;         ///< of its shapes, on the screen
   double lane;           ///< the width of a lane of measures
+  QRectF room;           ///< that no letter leaves
 };
 
 /// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the

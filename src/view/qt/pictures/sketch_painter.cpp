@@ -128,7 +128,7 @@ void Paint(QPainter& painter, const QRectF& area, const Sketch& sketch, const Dr
   if (inner.width() < lane || inner.height() < lane || bounds.isEmpty()) return;
   const QTransform transform = Fitted(bounds, inner);
   PaintShapes(painter, sketch, transform, drawing.palette);
-  PaintMeasures(painter, sketch, {transform, transform.mapRect(bounds), lane}, drawing);
+  PaintMeasures(painter, sketch, {transform, transform.mapRect(bounds), lane, area}, drawing);
 }
 
 }  // namespace vanzet::view::qt
