@@ -137,9 +137,11 @@ void MainWindow::MakeCube() {
   auto* const cube = new ViewCube(texts_, equipment_);
   connect(cube, &ViewCube::DirectionChosen, equipment_,
           qOverload<const geometry::Vector3d&>(&EquipmentView::LookFrom));
+  connect(cube, &ViewCube::Entered, equipment_, &EquipmentView::LeaveBodies);
   connect(equipment_, &EquipmentView::LookChanged, cube, [this, cube] {
     cube->setVisible(equipment_->model() != nullptr);
     cube->move(equipment_->width() - cube->width(), 0);
+    equipment_->KeepFree(cube->geometry());
     cube->Turn(equipment_->look());
   });
   cube->hide();
@@ -190,13 +192,13 @@ void MainWindow::RestoreLayout() {
   split_->restoreState(memory_.Split());
   (*actions_)[viewCommands_->RememberedViews()]->trigger();
   choice_->hide();
+  dockSizes_ = new DockSizes(*this, this);
+  dockSizes_->Choose(memory_.DockSizes());
 }
 
 void MainWindow::ConnectCommands() {
   connect(actions_, &Actions::Triggered, this, &MainWindow::Run);
   connect(actions_, &Actions::LanguageChosen, viewCommands_, &ViewCommands::ChooseLanguage);
-  dockSizes_ = new DockSizes(*this, this);
-  dockSizes_->Choose(memory_.DockSizes());
   QMenu* const recent = actions_->MenuOf(Menu::kRecent);
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { projectCommands_->FillRecent(*recent); });
   connect(projectCommands_, &ProjectCommands::Opened, this, &MainWindow::ShowProject);
@@ -350,12 +352,12 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return event->ignore();
   }
   memory_.KeepLayout(saveGeometry(), saveState(), split_->saveState());
+  memory_.KeepDockSizes(dockSizes_->Chosen());
   QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const auto files = FilesOf(*event->mimeData());
-  memory_.KeepDockSizes(dockSizes_->Chosen());
   const bool isWelcome =
       session() != nullptr && !session()->isAtWork() && !files.empty() &&
       event->possibleActions().testFlag(Qt::CopyAction) &&

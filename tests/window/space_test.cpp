@@ -88,6 +88,29 @@ TEST_F(Space, IsSeenFromTheCornerThatIsClicked) {
   ExpectToward({0, 1, 0});
 }
 
+TEST_F(Space, HasACubeWithShortNamesInEveryLanguage) {
+  OpenSample(true);
+  actions()[Command::kIso]->trigger();
+  EXPECT_EQ(cube().Names(), QStringList({"Front", "Top", "Right"}));
+  actions().ActionOf("de")->trigger();
+  EXPECT_EQ(cube().Names(), QStringList({"Vorn", "Oben", "Rechts"}));
+  actions()[Command::kLeft]->trigger();
+  EXPECT_EQ(cube().Names(), QStringList({"Links"}));
+}
+
+TEST_F(Space, HasNoNameOfABodyOverTheCube) {
+  OpenSample(true);
+  actions()[Command::kFront]->trigger();
+  QString hovered;
+  QObject::connect(&equipment(), &window::EquipmentView::BodyHovered,
+                   [&](const QString& body) { hovered = body; });
+  const auto chuck = scene::Camera(equipment().look()).Project({-120, 70, 0});
+  QTest::mouseMove(&equipment(), QPoint(static_cast<int>(chuck.x), static_cast<int>(chuck.y)));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return hovered == "main chuck"; }));
+  QTest::mouseMove(&cube(), {40, 40});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return hovered.isEmpty(); })) << hovered.toStdString();
+}
+
 TEST_F(Space, HasACubeThatTurnsWithTheEquipment) {
   OpenSample(true);
   const QImage before = cube().grab().toImage();

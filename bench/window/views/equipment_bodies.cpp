@@ -15,11 +15,12 @@ void EquipmentView::PaintName(QPainter& painter) const {
   QRectF box(cursor_ + QPointF(14, 12), QSizeF(metrics.horizontalAdvance(name) + 12, metrics.height() + 6));
   box.moveRight(std::min(box.right(), width() - 2.0));
   box.moveBottom(std::min(box.bottom(), height() - 2.0));
+  if (box.intersects(covered_)) box.moveRight(covered_.left() - 2);
   painter.setPen(Qt::NoPen);
   painter.setBrush(palette().toolTipBase());
   painter.drawRoundedRect(box, 3, 3);
   painter.setPen(palette().color(QPalette::ToolTipText));
-  painter.drawText(box, Qt::AlignCenter, hovered_);
+  painter.drawText(box, Qt::AlignCenter, name);
 }
 
 void EquipmentView::PaintMeasured(QPainter& painter) const {

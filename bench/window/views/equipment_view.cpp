@@ -94,6 +94,10 @@ void EquipmentView::CutModel() {
   Invalidate();
 }
 
+scene::PointSource EquipmentView::Points() const {
+  return model_ ? scene::PointsOf(*model_) : scene::PointSource([](const auto&) {});
+}
+
 void EquipmentView::LookFrom(scene::View view) {
   look_ = scene::LookFrom(view, look_.isPerspective, Points(), width(), height());
   isFitted_ = true;
@@ -102,10 +106,6 @@ void EquipmentView::LookFrom(scene::View view) {
 
 void EquipmentView::LookFrom(const geometry::Vector3d& toward) {
   look_ = scene::LookToward(toward, look_.isPerspective, Points(), width(), height());
-scene::PointSource EquipmentView::Points() const {
-  return model_ ? scene::PointsOf(*model_) : scene::PointSource([](const auto&) {});
-}
-
   isFitted_ = true;
   Invalidate();
 }
@@ -256,6 +256,10 @@ void EquipmentView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void EquipmentView::leaveEvent(QEvent*) {
+  LeaveBodies();
+}
+
+void EquipmentView::LeaveBodies() {
   rest_.stop();
   SetHovered({});
 }

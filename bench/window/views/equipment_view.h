@@ -56,6 +56,12 @@ class EquipmentView final : public QWidget {
   void SetUnit(LengthUnit unit) { unit_ = unit, Repaint(); }
   const Measure& measure() const { return measure_; }
 
+  /// The cursor is over something that covers the bodies.
+  void LeaveBodies();
+
+  /// Keeps the names of bodies out of a part of the view that something covers.
+  void KeepFree(const QRect& covered) { covered_ = covered; }
+
   /// Marks a body that is pointed at elsewhere; empty: none.
   void Mark(const QString& body);
 
@@ -69,6 +75,8 @@ class EquipmentView final : public QWidget {
   const scene::Look& look() const { return look_; }
   /// The bodies as they are drawn, with the section; null without a scene.
   const std::shared_ptr<const scene::Model>& model() const { return model_; }
+  /// The bodies as they are drawn while something moves: with fewer facets where they have very many.
+  const std::shared_ptr<const scene::Model>& coarseModel() const { return coarse_; }
   bool isSmooth() const { return canvas_->isSmooth(); }
   QSize sizeHint() const override { return {640, 360}; }
 
@@ -77,8 +85,6 @@ class EquipmentView final : public QWidget {
   void SectionSwitched(bool isOn);
   void LookChanged();                       ///< the equipment is seen from elsewhere
   void BodiesChanged();                     ///< there is another scene, or none
-  /// The bodies as they are drawn while something moves: with fewer facets where they have very many.
-  const std::shared_ptr<const scene::Model>& coarseModel() const { return coarse_; }
   void BodyHovered(const QString& body);    ///< empty: no body is under the cursor
   void BodySelected(const QString& body);   ///< by a click; empty: beside all bodies
   void BodyActivated(const QString& body);  ///< by a double click
@@ -95,6 +101,7 @@ class EquipmentView final : public QWidget {
 
  private:
   Result<void> MakeModel();
+  scene::PointSource Points() const;  ///< of the model, as long as it stays
   void CutModel();
   void Invalidate();  ///< the bodies have to be drawn again
   void Repaint();     ///< what is over the bodies has to be painted again
@@ -105,7 +112,6 @@ class EquipmentView final : public QWidget {
   QString BodyAt(const QPointF& place) const;
   void Hover();
   void SetHovered(const QString& body);
-  scene::PointSource Points() const;  ///< of the model, as long as it stays
   void PaintName(QPainter& painter) const;
   std::optional<geometry::Point3d> PointAt(const QPointF& place) const;
   void PaintMeasured(QPainter& painter) const;
@@ -122,13 +128,14 @@ class EquipmentView final : public QWidget {
   QTimer rest_;  ///< until the cursor has stayed where it is
   scene::BodyLooks looks_;
   QString hovered_, marked_, selected_;
+  BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   bool isMeasuring_ = false;
   Measure measure_;
   LengthUnit unit_ = LengthUnit::kMillimetre;
   bool isAsked_ = false;
+  QRectF covered_;
   QPointF cursor_, pressed_;
   bool hasMoved_ = false;
-  BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   QString hint_;
 };
 

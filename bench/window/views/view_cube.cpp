@@ -16,6 +16,7 @@ using geometry::Vector3d;
 constexpr int kSize = 84;         // pixels of the widget's side
 constexpr double kHalf = 22;      // of the cube's side
 constexpr double kCorner = 6;     // of the disc at a corner
+constexpr int kLetters = 30;      // of a name, where a side is 100
 constexpr double kEdgeOn = 0.12;  // a side that is seen flatter is not shown
 
 struct SideRow {
@@ -69,17 +70,25 @@ void ViewCube::MakeParts() {
     const QPointF middle = Place(corner);
     QPainterPath disc;
     disc.addEllipse(middle, kCorner, kCorner);
-    parts_.push_back({corner, disc.toFillPolygon(), middle, {}});
+    parts_.push_back({corner, disc.toFillPolygon(), middle, {}, texts_(Text::kIso).remove('&')});
   }
   update();
 }
 
-void ViewCube::AddSide(const Vector3d& side, const Vector3d& up, const QString& name) {
+void ViewCube::AddSide(const Vector3d& side, const Vector3d& up, const QString& text) {
   if (Dot(side, look_.toward) < kEdgeOn) return;
   const Vector3d right = Cross(up, side);
   const QPolygonF outline({Place(side - right + up), Place(side + right + up), Place(side + right - up),
                            Place(side - right - up)});
-  parts_.push_back({side, outline, Place(side), name});
+  // A side has no room for what is added in brackets.
+  parts_.push_back({side, outline, Place(side), text.section(" (", 0, 0), text});
+}
+
+QStringList ViewCube::Names() const {
+  QStringList names;
+  for (const Part& part : parts_) names << part.name;
+  names.removeAll(QString());
+  return names;
 }
 
 const ViewCube::Part* ViewCube::PartAt(const QPointF& place) const {
@@ -109,23 +118,22 @@ void ViewCube::paintEvent(QPaintEvent*) {
   }
 }
 
-/// The name of a side lies in its plane.
+/// The name of a side is in its plane. As an outline it is smooth at every angle.
 void ViewCube::PaintSide(QPainter& painter, const Part& part) const {
-  constexpr double kWide = 100;
+  constexpr double kWide = 100, kRoom = 90;
   QTransform onSide;
   const QPolygonF square({{0, 0}, {kWide, 0}, {kWide, kWide}, {0, kWide}});
   if (!QTransform::quadToQuad(square, part.outline, onSide)) return;
-  painter.save();
-  painter.setTransform(onSide, true);
   QFont font = this->font();
-  font.setPixelSize(22);
+  font.setPixelSize(kLetters);
   const double width = QFontMetricsF(font).horizontalAdvance(part.name);
-  if (width > kWide - 8) font.setPixelSize(static_cast<int>(22 * (kWide - 8) / width));
-  painter.setFont(font);
+  if (width > kRoom) font.setPixelSize(static_cast<int>(kLetters * kRoom / width));
+  QPainterPath name;
+  name.addText(0, 0, font, part.name);
+  name.translate(QPointF(kWide / 2, kWide / 2) - name.boundingRect().center());
   const bool isHovered = hovered_ && IsSame(*hovered_, part.direction);
-  painter.setPen(palette().color(isHovered ? QPalette::HighlightedText : QPalette::ButtonText));
-  painter.drawText(QRectF(0, 0, kWide, kWide), Qt::AlignCenter, part.name);
-  painter.restore();
+  painter.fillPath(onSide.map(name),
+                   palette().color(isHovered ? QPalette::HighlightedText : QPalette::ButtonText));
 }
 
 void ViewCube::mousePressEvent(QMouseEvent* event) {
@@ -137,8 +145,12 @@ void ViewCube::mousePressEvent(QMouseEvent* event) {
 void ViewCube::mouseMoveEvent(QMouseEvent* event) {
   const Part* const part = PartAt(event->position());
   hovered_ = part == nullptr ? std::nullopt : std::optional(part->direction);
-  setToolTip(part == nullptr || !part->name.isEmpty() ? QString() : texts_(Text::kIso).remove('&'));
+  setToolTip(part == nullptr ? QString() : part->tip);
   update();
+}
+
+void ViewCube::enterEvent(QEnterEvent*) {
+  emit Entered();
 }
 
 void ViewCube::leaveEvent(QEvent*) {

@@ -24,9 +24,13 @@ class ViewCube final : public QWidget {
   /// one at the back.
   std::optional<QPointF> PlaceOf(const geometry::Vector3d& direction) const;
 
+  /// The texts of the sides that are seen.
+  QStringList Names() const;
+
   QSize sizeHint() const override;
 
  signals:
+  void Entered();  ///< the cursor came from the equipment
   /// `toward` leads to the eye.
   void DirectionChosen(const geometry::Vector3d& toward);
 
@@ -36,6 +40,7 @@ class ViewCube final : public QWidget {
   void mouseReleaseEvent(QMouseEvent*) override {}      ///< not one of the equipment
   void mouseDoubleClickEvent(QMouseEvent*) override {}  ///< the same: the first press has acted
   void mouseMoveEvent(QMouseEvent* event) override;
+  void enterEvent(QEnterEvent*) override;
   void leaveEvent(QEvent*) override;
 
  private:
@@ -45,10 +50,11 @@ class ViewCube final : public QWidget {
     QPolygonF outline;
     QPointF middle;
     QString name;  ///< empty: a corner
+    QString tip = {};
   };
 
   void MakeParts();
-  void AddSide(const geometry::Vector3d& side, const geometry::Vector3d& up, const QString& name);
+  void AddSide(const geometry::Vector3d& side, const geometry::Vector3d& up, const QString& text);
   QPointF Place(const geometry::Vector3d& point) const;
   const Part* PartAt(const QPointF& place) const;
   void PaintSide(QPainter& painter, const Part& part) const;
