@@ -47,12 +47,15 @@ CommandPalette::CommandPalette(const Texts& texts, const Actions& actions, QWidg
 
 /// A command that cannot run now is listed, too: its key can be looked up.
 void CommandPalette::Fill(const Actions& actions) {
+  // Names begin at the same place, with an icon or without.
+  QPixmap blank(list_->iconSize().expandedTo({16, 16}));
+  blank.fill(Qt::transparent);
   for (const ActionRow& row : ActionRows()) {
     if (row.form == 'm') continue;
     QAction* const action = actions[row.command];
     auto* const item = new QTreeWidgetItem(
         list_, {TitleOf(action->text()), action->shortcut().toString(QKeySequence::NativeText)});
-    item->setIcon(0, action->icon());
+    item->setIcon(0, action->icon().isNull() ? blank : action->icon());
     item->setData(0, Qt::UserRole, QVariant::fromValue<QObject*>(action));
     item->setDisabled(!action->isEnabled());
   }
