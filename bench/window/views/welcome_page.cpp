@@ -70,6 +70,9 @@ QAbstractButton* WelcomePage::AddButton(const char* icon, const QString& text) {
   button->setAccessibleName(text);
   button->setToolTip(text);
   button->setFlat(true);
+  // The toolkit makes a button with a short text wider and puts the text in its middle.
+  const int width = button->iconSize().width() + button->fontMetrics().horizontalAdvance(button->text());
+  button->setFixedWidth(width + 3 * kGap);
   column_->addWidget(button, 0, Qt::AlignLeft);
   return button;
 }
