@@ -49,6 +49,10 @@ Result<void> CheckRegularFile(const fs::path& file) {
 Result<std::string> ReadWholeFile(const fs::path& file, std::uintmax_t limit) {
   VANZET_TRY(const auto opened, OpenRegular(file));
   std::string bytes;
+  // The size is a hint: the file may grow or shrink while it is read.
+  struct stat status = {};
+  if (fstat(opened.number(), &status) == 0)
+    bytes.reserve(std::min(static_cast<std::uintmax_t>(status.st_size), limit) + kPiece);
   while (bytes.size() <= limit) {
     const std::size_t before = bytes.size();
     bytes.resize(before + kPiece);
