@@ -4,10 +4,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "base/one_line.h"
 #include "catalogue/check.h"
+#include "catalogue/shop_place.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -56,19 +56,19 @@ Result<void> CheckDrawing(const project::Project& project, Findings& findings) {
   return {};
 }
 
-/// The catalogue that the project uses; a missing one is not a finding.
+/// The catalogue that the project uses, also one on a server; a missing one is not a finding.
 Result<void> CheckCatalogue(const project::Project& project, Findings& findings) {
   VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value(project::kCatalogueSetting));
-  const fs::path file = project::CatalogueFile(project, setting);
-  const auto text = files::ReadWholeFile(file);
-  if (!text && text.fault().kind == FaultKind::kMissing) return {};
-  if (!text && IsOfSystem(text.fault())) return text.fault();
-  if (!text) return AddFault(findings, text.fault(), project.folder()), Result<void>();
-  const auto devices = catalogue::Catalogue::Read(*text);
-  for (const catalogue::Entry& entry : devices.entries()) {
+  const auto place = catalogue::PlaceOf(project, setting);
+  const auto devices = ReadCatalogue(place);
+  if (!devices && devices.fault().kind == FaultKind::kMissing) return {};
+  if (!devices && IsOfSystem(devices.fault())) return devices.fault();
+  if (!devices) return AddFault(findings, devices.fault(), project.folder()), Result<void>();
+  for (const catalogue::Entry& entry : devices->entries()) {
     const std::string fault = FormFaultOf(entry);
     if (fault.empty()) continue;
-    AddFault(findings, {.text = fault, .file = file.string(), .line = entry.ValuesLine()}, project.folder());
+    AddFault(findings, {.text = fault, .file = place.file.string(), .line = entry.ValuesLine()},
+             project.folder());
     break;
   }
   return {};

@@ -60,15 +60,33 @@ another_project_has_the_same_devices() {
   expect 'nothing was found' "$(run catalogue check lathe)"
 }
 
+the_devices_come_back_byte_for_byte() {
+  project same
+  rm same/clampdevice.cld
+  run catalogue set lathe 'Chuck 160' B=90 >/dev/null
+  echo close >close.txt
+  run script same close.txt --transcript same.jsonl >/dev/null
+  cmp same/clampdevice.cld lathe/clampdevice.cld || fail "the file has other bytes than the one that was taken"
+  run catalogue set lathe 'Chuck 160' B=92 >/dev/null
+}
+
+the_check_of_the_store_reads_the_devices_of_the_server() {
+  project odd
+  sql "UPDATE vanzet.device SET lines = convert_to('Chuck 160' || chr(10) || '77 1 2' || chr(10), 'UTF8') WHERE name = 'Chuck 160' AND last = 9223372036854775807"
+  "$vanzet" store check odd >out
+  expect 3 $?
+  expect "clampdevice.cld: line 2: the value line does not begin with the type of a device: '77 1 2'" "$(cat out)"
+}
+
 a_device_has_a_history() {
   run catalogue remove mill 'Chuck 250' >/dev/null
   refused 'does not have the device' catalogue show lathe 'Chuck 250'
-  expect "4 catalogue remove removed max_speed 4500 -> -
-3 catalogue set changed B 105 -> 110; max_speed 4000 -> 4500
-2 catalogue add added max_speed - -> 4000" "$(changes 'Chuck 250' lathe)"
+  expect "6 catalogue remove removed max_speed 4500 -> -
+5 catalogue set changed B 105 -> 110; max_speed 4000 -> 4500
+4 catalogue add added max_speed - -> 4000" "$(changes 'Chuck 250' lathe)"
   local line
   line=$(run catalogue history lathe 'Chuck 250' | sed -n 2p)
-  [[ $line == "generation 3  20"*"Z  $(id -un)@$(uname -n)  catalogue set: changed  B 105 -> 110; max_speed 4000 -> 4500" ]] || fail "the line is: $line"
+  [[ $line == "generation 5  20"*"Z  $(id -un)@$(uname -n)  catalogue set: changed  B 105 -> 110; max_speed 4000 -> 4500" ]] || fail "the line is: $line"
   refused 'does not have the device' catalogue history lathe 'Chuck 2500'
   refused 'this one is a file' catalogue history lathe/clampdevice.cld 'Chuck 160'
 }
@@ -77,7 +95,7 @@ what_is_refused_leaves_no_generation() {
   refused 'must be less than' catalogue set lathe 'Chuck 160' C=500
   run catalogue set lathe 'Chuck 160' B=92 >/dev/null
   run catalogue merge lathe before.cld --dry-run >/dev/null
-  expect 4 "$(sql "SELECT last_generation FROM vanzet.project WHERE name='catalogue/clampdevice.cld'")"
+  expect 6 "$(sql "SELECT last_generation FROM vanzet.project WHERE name='catalogue/clampdevice.cld'")"
 }
 
 a_merge_is_one_generation() {
@@ -90,7 +108,7 @@ a_merge_is_one_generation() {
   grep -q '^conflict *Chuck 210: B 101 -> 100$' out || fail "the conflict is: $(cat out)"
   run catalogue merge lathe other.cld --base before.cld --prefer mine >/dev/null
   expect 101 "$(letter 'Chuck 210' B mill)"
-  expect "6 catalogue merge added " "$(changes 'Chuck 300' mill)"
+  expect "8 catalogue merge added " "$(changes 'Chuck 300' mill)"
 }
 
 only_the_states_that_are_kept_stay() {
@@ -207,11 +225,11 @@ a_server_of_before_gets_the_table() {
   expect 95 "$(letter 'Chuck 160' B lathe)"
 }
 
-for test in the_first_change_brings_the_devices_of_the_file another_project_has_the_same_devices a_device_has_a_history \
+for test in the_first_change_brings_the_devices_of_the_file the_devices_come_back_byte_for_byte another_project_has_the_same_devices a_device_has_a_history \
   what_is_refused_leaves_no_generation a_merge_is_one_generation only_the_states_that_are_kept_stay many_hands_lose_no_update \
   the_dialog_works_on_the_devices_of_the_server a_file_that_a_person_changed_is_merged many_dialogs_lose_no_device \
   a_dry_run_has_the_devices_of_the_server_and_leaves_the_files the_form_takes_devices_of_the_server \
-  a_reader_lists_and_cannot_change a_server_of_before_gets_the_table; do
+  a_reader_lists_and_cannot_change the_check_of_the_store_reads_the_devices_of_the_server a_server_of_before_gets_the_table; do
   echo "$test"
   "$test"
 done
