@@ -244,7 +244,7 @@ void AddCatalogueSet(Command& catalogue, Context& context) {
       "KEY is a letter, or one of the maker data, which are in clampdevice.json beside the catalogue:\n"
       "clamp_outside and clamp_inside (a range of diameters, such as 20..160), through_hole, stroke and "
       "max_bar_length\n(lengths), max_speed (1/min), max_force (kN), max_pressure (bar), mass and max_mass "
-      "(kg), order, link and note (texts). An empty value removes a figure.";
+      "(kg),\norder, link and note (texts). An empty value removes a figure.";
   command.examples = {
       "vanzet catalogue set lathe 'Chuck 160' B=92",
       "vanzet catalogue set lathe 'Chuck 160' max_speed=4500 clamp_outside=20..160 order=KF-160"};
