@@ -62,6 +62,43 @@ TEST_F(DxfRemarksTest, AnOutlineOfLinesAndItsPolylineAreTheSame) {
               testing::ElementsAre("d.dxf: dropped what is there twice: 1 joined contour"));
 }
 
+TEST_F(DxfRemarksTest, LinesThatOverlapInPartAreCounted) {
+  EXPECT_THAT(Remarks("0 LINE|10 0|20 0|11 9|21 0|0 LINE|10 5|20 0|11 2|21 0|0 LINE|10 7|20 0|11 15|21 0"),
+              testing::ElementsAre("d.dxf: 2 lines overlap another one; the first begins at 5, 0"));
+  EXPECT_THAT(Remarks("0 LINE|10 7|20 7.5|11 -2|21 3|0 LWPOLYLINE|90 3|10 5|20 6.5|10 3|20 5.5|10 3|20 9"),
+              testing::ElementsAre("d.dxf: 1 line overlaps another one; the first begins at 5, 6.5"));
+  // There and back, over the whole width of the drawing.
+  EXPECT_THAT(Remarks("0 LWPOLYLINE|90 3|10 0|20 0|10 1000|20 0.001|10 500|20 0.0005"),
+              testing::ElementsAre("d.dxf: 1 line overlaps another one; the first begins at 1000, 0.001"));
+}
+
+TEST_F(DxfRemarksTest, LinesThatMeetOrAreParallelDoNotOverlap) {
+  for (const char* entities :
+       {"0 LINE|10 0|20 0|11 5|21 0|0 LINE|10 5|20 0|11 9|21 0",
+        "0 LINE|10 0|20 0|11 5|21 0|0 LINE|10 0|20 0.001|11 9|21 0.001|0 LINE|10 1|20 0.0005|11 4|21 0.0006",
+        "0 LINE|10 0|20 0|11 9|21 0|0 LINE|10 4|20 0|11 4|21 5",
+        "0 LINE|10 0|20 0|11 9|21 0|0 LWPOLYLINE|90 2|10 2|20 0|42 0.2|10 4|20 0"}) {
+    EXPECT_THAT(Remarks(entities), testing::Not(testing::Contains(testing::HasSubstr("overlap"))))
+        << entities;
+  }
+}
+
+// Each line in both halves of the directions, and lines nearly level to either side.
+TEST_F(DxfRemarksTest, OverlapsAreFoundInEveryDirection) {
+  for (int degrees = -180; degrees <= 180; degrees += 15) {
+    const double x = std::cos(degrees * kPi / 180), y = std::sin(degrees * kPi / 180);
+    const auto line = [&](double from, double to) {
+      return "0 LINE|10 " + std::to_string(x * from) + "|20 " + std::to_string(y * from) + "|11 " +
+             std::to_string(x * to) + "|21 " + std::to_string(y * to);
+    };
+    for (const char* way : {"there", "back"}) {
+      const bool isBack = way[0] == 'b';
+      const std::string second = isBack ? line(90, 30) : line(30, 90);
+      EXPECT_THAT(Remarks(line(-50, 60) + "|" + second), testing::SizeIs(1)) << degrees << " " << way;
+    }
+  }
+}
+
 TEST_F(DxfRemarksTest, OpenEndsComeWithTheJoinThatClosesThem) {
   const std::string gap =
       "0 LINE|10 0|20 0|11 5|21 0|0 LINE|10 5|20 0.02|11 5|21 5|0 LINE|10 5|20 5|11 0|21 0.4";

@@ -7,6 +7,7 @@
 #include "contour/dxf/doubles.h"
 #include "contour/dxf/gaps.h"
 #include "contour/dxf/layout.h"
+#include "contour/dxf/overlaps.h"
 #include "contour/dxf/reader.h"
 
 /// The contours of a drawing in DXF, from its bytes on.
@@ -77,6 +78,16 @@ class Remarks {
     if (!counts.empty()) Add("dropped what is there twice: " + CountsText(counts), false);
   }
 
+  void AddOverlaps(const Overlaps& overlaps) {
+    constexpr int kDigits = 6;
+    if (overlaps.lines == 0) return;
+    const geometry::Point& at = overlaps.place;
+    Add(CountText(overlaps.lines, "line") + (overlaps.lines == 1 ? " overlaps" : " overlap") +
+            " another one; the first begins at " + NumberText(at.x, kDigits) + ", " +
+            NumberText(at.y, kDigits),
+        false);
+  }
+
   void AddGaps(const Gaps& gaps) {
     constexpr int kDigits = 3;
     if (gaps.nearest == 0) return;
@@ -140,6 +151,7 @@ Result<DxfContent> ReadDxf(std::istream& bytes, const std::string& name, const D
   auto doubles = DropDoubles(layout.pieces);
   std::vector<Piece> joined = Join(PiecesOf(std::move(layout.pieces)), options.join);
   remarks.AddDoubles(std::move(doubles), DropDoubles(joined));
+  remarks.AddOverlaps(OverlapsOf(joined));
   remarks.AddGaps(GapsOf(joined, options.join));
   VANZET_TRY(Contours contours, ContoursOf(joined, *groups));
   return DxfContent{std::move(contours), std::move(remarks.remarks), true};
