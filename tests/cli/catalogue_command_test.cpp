@@ -55,7 +55,7 @@ TEST_F(CatalogueCommand, ReadsFilesAndStandardInput) {
 }
 
 TEST_F(CatalogueCommand, ShowsAndTakesInches) {
-  EXPECT_THAT(Catalogue("show lathe 'Chuck 160' --unit inch").out, HasSubstr("(A)  3.1496063 inch\n"));
+  EXPECT_THAT(Catalogue("show lathe 'Chuck 160' --unit inch").out, HasSubstr("(A)        3.1496063 inch\n"));
   EXPECT_EQ(Json::parse(Catalogue("search lathe 'chuck A=3.1..3.2' --unit inch --json").out).dump(),
             R"({"unit":"inch","devices":[{"name":"Chuck 160","kind":"chuck","letters":)"
             R"({"A":3.1496063,"B":3.54330709,"C":0.88582677}}]})");
