@@ -81,7 +81,7 @@ Result<scene::Scene> EquipmentOf(const project::Project& project, std::int32_t s
                                  const modeller::Foresight& foresight) {
   auto made = SceneOf(project, spur, exchange, foresight);
   if (!made) return made;
-  for (const Fault& fault : made->missing) panel.Tell(fault);
+  for (const scene::MissingBody& each : made->missing) panel.Tell(each.fault);
   if (!made->bodies.empty()) return made;
   if (!made->missing.empty()) return ReportedFault();
   return Fault{"the definition of spur " + std::to_string(spur) + " holds no equipment"};

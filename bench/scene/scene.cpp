@@ -29,6 +29,11 @@ Result<Value> PrefixFault(const std::string& what, Result<Value> result) {
   return fault;
 }
 
+struct Part {
+  Kind kind;
+  bool isSub = false;
+};
+
 class Maker {
  public:
   Maker(Equipment equipment, const project::Definition& definition, const Sources& sources)
@@ -45,40 +50,42 @@ class Maker {
  private:
   /// Takes over a thing that was made; one that could not be made is missing, and the rest goes on.
   template <class Thing>
-  Result<void> Take(Result<std::optional<Thing>> made, std::optional<Thing>& thing) {
+  Result<void> Take(Part part, Result<std::optional<Thing>> made, std::optional<Thing>& thing) {
     if (made) {
       thing = std::move(*made);
     } else if (made.fault().kind == FaultKind::kSystem) {
       return made.fault();
     } else {
-      missing_.push_back(made.fault());
+      missing_.push_back({part.kind, part.isSub, made.fault()});
     }
     return {};
   }
 
-  Result<void> TakeDevice(std::size_t operation, const DeviceParams& params,
+  Result<void> TakeDevice(Part part, std::size_t operation, const DeviceParams& params,
                           std::optional<DeviceText>& device) {
     if (sources_.hasDevicesByValues && !devices::IsOwn(params.type)) {
       // Text and values have the same origin, and the text would have its markers there.
       if (const auto body = DeviceBody(params)) device = DeviceText{*body, {0, 0, 0}, {0, 0, 0}, 0};
       return {};
     }
-    return Take(ReadDeviceText(definition_, operation, sources_.exchange), device);
+    return Take(part, ReadDeviceText(definition_, operation, sources_.exchange), device);
   }
 
   Result<SpindleThings> ThingsOf(std::size_t spindle) {
     const std::size_t clamp = 5 + 2 * spindle;
     const std::string of = " of the " + std::string(kNames[spindle]) + " spindle";
     const Spindle& defined = equipment_.spindles[spindle];
-    const bool hasCenter = spindle == 1 && equipment_.isCenterInSub;
+    const bool isSub = spindle == 1, hasCenter = isSub && equipment_.isCenterInSub;
     SpindleThings things;
-    if (!hasCenter) VANZET_DO(TakeDevice(clamp, defined.clamp.params, things.clamp));
+    if (!hasCenter) VANZET_DO(TakeDevice({Kind::kClamp, isSub}, clamp, defined.clamp.params, things.clamp));
     // Without a jaw the definition has a stand-by one for the simulation.
     const bool hasJaw = things.clamp && defined.jaw.params.type != 0;
-    if (hasJaw) VANZET_DO(TakeDevice(clamp + 1, defined.jaw.params, things.jaw));
-    VANZET_DO(Take(PrefixFault("the billet" + of, BilletOf(defined.billet)), things.billet));
-    VANZET_DO(
-        Take(PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)), things.finishPart));
+    if (hasJaw) VANZET_DO(TakeDevice({Kind::kJaw, isSub}, clamp + 1, defined.jaw.params, things.jaw));
+    VANZET_DO(Take({Kind::kBillet, isSub}, PrefixFault("the billet" + of, BilletOf(defined.billet)),
+                   things.billet));
+    VANZET_DO(Take({Kind::kFinishPart, isSub},
+                   PrefixFault("the finish part" + of, BodyOf(defined.finishPart, sources_)),
+                   things.finishPart));
     if (things.billet) things.billetProfile = ProfileOf(defined.billet, sources_);
     if (things.finishPart) things.finishPartProfile = ProfileOf(defined.finishPart, sources_);
     return things;
@@ -104,7 +111,10 @@ class Maker {
     std::optional<modeller::Body> rest;
     const double radius = HeldRadius(equipment_.spindles[0], things);
     auto made = SteadyRestBody(sources_.steadyRest, radius);
-    if (!made) return Take(PrefixFault<std::optional<modeller::Body>>("the steady rest", made.fault()), rest);
+    if (!made) {
+      return Take({Kind::kSteadyRest},
+                  PrefixFault<std::optional<modeller::Body>>("the steady rest", made.fault()), rest);
+    }
     geometry::Matrix place;
     place.Translate(SteadyRestPlace(sources_.steadyRest, free), 0, 0);
     scene_.bodies.push_back({"steady rest", Kind::kSteadyRest, *made, place});
@@ -113,7 +123,7 @@ class Maker {
 
   Result<void> AddCenter() {
     std::optional<DeviceText> text;
-    VANZET_DO(TakeDevice(equipment_.isCenterInSub ? 7 : 9, equipment_.center.params, text));
+    VANZET_DO(TakeDevice({Kind::kCenter}, equipment_.isCenterInSub ? 7 : 9, equipment_.center.params, text));
     if (!text) return {};
     const double bore = mainBillet_ ? CentreHoleRadius(*mainBillet_) : 0;
     const double tip = stations_.stockFront - SeatDepth(*text, bore);
@@ -166,7 +176,7 @@ class Maker {
   const Sources& sources_;
   Equipment equipment_;
   Scene scene_;
-  std::vector<Fault> missing_;
+  std::vector<MissingBody> missing_;
   Stations stations_{};  ///< of the main spindle
   std::optional<modeller::Body> mainBillet_;
 };

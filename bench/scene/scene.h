@@ -51,11 +51,18 @@ struct Mark {
   std::vector<geometry::Point3d> points;
 };
 
+/// A body of the definition that is not in the scene, and why.
+struct MissingBody {
+  Kind kind;
+  bool isSub;
+  Fault fault;
+};
+
 struct Scene {
   std::vector<SceneBody> bodies;
   std::vector<Mark> marks;
-  std::vector<Fault> missing = {};  ///< why bodies of the definition are not here
-  double subDatum = 0;              ///< the datum of the sub spindle, from which its own x runs back
+  std::vector<MissingBody> missing = {};
+  double subDatum = 0;  ///< the datum of the sub spindle, from which its own x runs back
 };
 
 /// The sources of what a definition only names.

@@ -134,7 +134,7 @@ TEST_F(Scenes, KeepTheOthersWhenABilletCannotBeMade) {
   const scene::Scene shown = Shown();
   EXPECT_THAT(NamesOf(shown), ElementsAre("main chuck", "main jaw 1", "main jaw 2", "main jaw 3"));
   ASSERT_EQ(shown.missing.size(), 1U);
-  EXPECT_EQ(shown.missing[0].text, "the billet of the sub spindle: casting does not exist");
+  EXPECT_EQ(shown.missing[0].fault.text, "the billet of the sub spindle: casting does not exist");
 }
 
 TEST_F(Scenes, LeaveACenterAtItsPlaceWhenTheBilletIsMissing) {

@@ -245,8 +245,8 @@ Result<void> EquipmentCommands::MakeScene() {
   if (!scene && box.IsCancelled())
     return parts_.equipment.SetHint(workplace_.texts(Text::kCancelled)), Result<void>();
   if (!scene) return scene.fault();
-  const bool isDefined = workplace_.scene != nullptr;
-  for (const Fault& fault : isDefined ? workplace_.scene->missing : std::vector<Fault>()) {
+  if (!workplace_.scene) return {};
+  for (const auto& [kind, isSub, fault] : workplace_.scene->missing) {
     if (fault.kind != FaultKind::kBusy) workplace_.reportFault(fault);
     const bool isCancelled = fault.kind == FaultKind::kBusy && !workplace_.bodies->IsReading();
     if (isCancelled) workplace_.reportDone(workplace_.texts(Text::kCancelled));
