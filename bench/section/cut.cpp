@@ -141,16 +141,20 @@ Region UpperHalf(const Region& whole) {
   return upper;
 }
 
-/// A half section in the body's coordinates, put where the body is. Devices that face each other are
-/// mirrored.
-Region Placed(const Region& profile, const scene::SceneBody& body) {
+}  // namespace
+
+Region CutOf(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
+  return UpperHalf(MeshCut(mesh, placement).Make());
+}
+
+Region Placed(const Region& profile, const Placing& placing) {
   const auto place = [&](const Point& point) {
-    const bool isJaw = body.kind == scene::Kind::kJaw;
+    const bool isJaw = placing.kind == scene::Kind::kJaw;
     const Point3d own = isJaw ? Point3d(point.x, 0, point.y) : Point3d(point.x, point.y, 0);
-    const Point3d placed = body.placement.Transform(own);
+    const Point3d placed = placing.placement.Transform(own);
     return Point(placed.x, placed.y);
   };
-  const bool isMirrored = body.placement.e[0] < 0;
+  const bool isMirrored = placing.placement.e[0] < 0;
   Region placed;
   for (const geometry::RegionLoop& loop : profile.loops) {
     geometry::RegionLoop& moved = placed.loops.emplace_back();
@@ -165,14 +169,8 @@ Region Placed(const Region& profile, const scene::SceneBody& body) {
   return placed;
 }
 
-}  // namespace
-
-Region CutOf(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
-  return UpperHalf(MeshCut(mesh, placement).Make());
-}
-
 Result<Region> CutOf(const scene::SceneBody& body) {
-  if (body.profile) return Placed(*body.profile, body);
+  if (body.profile) return Placed(*body.profile, {body.kind, body.placement});
   VANZET_TRY(const modeller::Mesh mesh, modeller::MeshOf(body.body, {}));
   return CutOf(mesh, body.placement);
 }
