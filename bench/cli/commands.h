@@ -36,6 +36,7 @@ void AddOpen(Command& vanzet, Context& context);
 void AddUpgrade(Command& vanzet, Context& context);
 void AddScript(Command& vanzet, Context& context);
 void AddShow(Command& vanzet, Context& context);
+void AddCheck(Command& vanzet, Context& context);
 void AddDefine(Command& vanzet, Context& context);
 void AddItems(Command& vanzet, Context& context);
 void AddVdm(Command& vanzet, Context& context);

@@ -209,7 +209,7 @@ Result<void> Backup(const BackupArguments& arguments, const Context& context) {
   return Print("saved the store to " + OneLine(file) + "\n");
 }
 
-void AddCheck(Command& store, Context& context) {
+void AddStoreCheck(Command& store, Context& context) {
   const auto arguments = std::make_shared<CheckArguments>();
   Command& command = store.AddCommand("check",
                                       "Reads the whole store, the drawing and the catalogue, and reports "
@@ -245,7 +245,7 @@ void AddBackup(Command& store, const Context& context) {
 void AddStore(Command& vanzet, Context& context) {
   Command& store = vanzet.AddCommand("store", "Checks, repairs and saves what a project has stored.");
   store.examples = {"vanzet store check lathe"};
-  AddCheck(store, context);
+  AddStoreCheck(store, context);
   AddRepair(store, context);
   AddBackup(store, context);
   AddStoreCopy(store, context);

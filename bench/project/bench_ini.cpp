@@ -60,6 +60,31 @@ Result<void> SetMesh(BenchIni& ini, const Entry& entry) {
                          entry.key);
 }
 
+/// A setting that is a number above 0.
+Result<double> PositiveOf(const Entry& entry) {
+  constexpr double kMost = 1e9;
+  const auto number = WholeReal(entry.value);
+  if (number && *number > 0 && *number <= kMost) return *number;
+  return entry.reader.At(
+      Quoted(entry.key) + " is a number above 0, up to 1000000000, not " + Quoted(entry.value), entry.value);
+}
+
+Result<void> SetJob(BenchIni& ini, const Entry& entry) {
+  VANZET_TRY(const double number, PositiveOf(entry));
+  if (EqualWithoutCase(entry.key, "speed")) {
+    ini.job.speed = number;
+  } else if (EqualWithoutCase(entry.key, "force")) {
+    ini.job.force = number;
+  } else if (EqualWithoutCase(entry.key, "density")) {
+    ini.job.density = number;
+  } else {
+    return entry.reader.At(
+        "unknown setting " + Quoted(entry.key) + " in [job]: expected 'speed', 'force' or 'density'",
+        entry.key);
+  }
+  return {};
+}
+
 Result<void> SetKeep(BenchIni& ini, const Entry& entry) {
   constexpr std::int32_t kMost = 1'000'000;
   const auto number = WholeInteger(entry.value);
@@ -116,6 +141,8 @@ constexpr SectionRow kSections[] = {
     {"language", AddTo<&BenchIni::language>},
     {"drives", AddDrive},
     {"mesh", SetMesh},
+    {"job", SetJob},
+    {"check", AddTo<&BenchIni::check>},
     {"store", SetStore},
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,15 @@ struct BenchIni {
     double angle = 10;    ///< largest angle between neighbours, in degrees
   };
   Mesh mesh;
+  /// The figures of the job; those that are not given are not compared with the makers'.
+  struct Job {
+    std::optional<double> speed;  ///< 1/min
+    std::optional<double> force;  ///< kN of a set of jaws
+    double density = 7.85;        ///< kg/dm3 of the billet
+  };
+  Job job;
+  /// The severities of the rules of 'vanzet check', by their numbers: "off", "note", "warning", "error".
+  Section check;
   StorePlace store;
   PathMap::Drives drives;
 };

@@ -1,0 +1,69 @@
+#include <array>
+
+#include "base/translations.h"
+#include "check/rules.h"
+#include "check/spindle_devices.h"
+#include "devices/kinds.h"
+
+namespace vanzet::check {
+namespace {
+
+Where WhereOf(scene::Kind kind, bool isSub) {
+  if (kind == scene::Kind::kCenter) return Where::kCenter;
+  if (kind == scene::Kind::kSteadyRest) return Where::kSteadyRest;
+  return isSub ? Where::kSub : Where::kMain;
+}
+
+Where WhereOf(const scene::SceneBody& body) {
+  return WhereOf(body.kind, body.name.starts_with("sub "));
+}
+
+void CheckMissing(const Setup& setup, Collector& findings) {
+  for (const auto& [kind, isSub, fault] : setup.scene.missing) {
+    findings.Add("EQ-104",
+                 {WhereOf(kind, isSub), {Translatable("A body cannot be made: %1."), {fault.Message()}}});
+  }
+}
+
+void CheckFiles(const Setup& setup, Collector& findings) {
+  if (!setup.ownDevice) return;
+  for (const PlacedDevice& placed : DevicesOf(setup.equipment)) {
+    if (!devices::IsOwn(placed.device->params.type)) continue;
+    const auto read = setup.ownDevice(placed.device->name);
+    if (read) continue;
+    findings.Add("EQ-104",
+                 {placed.where,
+                  {Translatable("The file of the device cannot be used: %1."), {read.fault().Message()}}});
+  }
+}
+
+/// Of equal jaws the first one stands for all.
+bool IsFurtherJaw(const HalfSection& body) {
+  return body.IsJaw() && !body.body().name.ends_with(" 1");
+}
+
+}  // namespace
+
+void CheckBodies(const Setup& setup, const HalfSections& sections, Collector& findings) {
+  CheckMissing(setup, findings);
+  CheckFiles(setup, findings);
+  for (const auto& [body, fault] : sections.unusable) {
+    findings.Add("EQ-104", {WhereOf(*body),
+                            {Translatable("The body cannot be used: %1."), {fault.Message()}},
+                            {},
+                            {},
+                            {body->name}});
+  }
+  for (const HalfSection& each : sections.bodies) {
+    if (each.IsClosed() || IsFurtherJaw(each)) continue;
+    findings.Add("EQ-104", {WhereOf(each.body()),
+                            {Translatable("The facets of the body '%1' do not enclose a volume; only closed "
+                                          "parts of it are checked."),
+                             {each.body().name}},
+                            {},
+                            {},
+                            {each.body().name}});
+  }
+}
+
+}  // namespace vanzet::check

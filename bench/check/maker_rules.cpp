@@ -1,0 +1,108 @@
+#include <algorithm>
+#include <optional>
+
+#include "base/translations.h"
+#include "check/rules.h"
+#include "check/spindle_devices.h"
+#include "devices/kinds.h"
+#include "scene/placing.h"
+
+namespace vanzet::check {
+namespace {
+
+using catalogue::MakerJson;
+using scene::Device;
+using scene::Spindle;
+
+/// A figure of a device that is one number.
+std::optional<double> FigureOf(const Device& device, const char* key, const Setup& setup) {
+  const MakerJson* const figures = setup.shop.maker.Find(device.name);
+  if (figures == nullptr || !figures->contains(key)) return {};
+  return (*figures)[key].get<double>();
+}
+
+struct Interval {
+  double least, most;
+};
+std::optional<Interval> RangeOf(const Device& device, const char* key, const Setup& setup) {
+  const MakerJson* const figures = setup.shop.maker.Find(device.name);
+  if (figures == nullptr || !figures->contains(key)) return {};
+  const MakerJson& range = (*figures)[key];
+  return Interval{range[0].get<double>(), range[1].get<double>()};
+}
+
+bool HoldsInside(const Spindle& spindle) {
+  const devices::Kind* const kind = devices::KindOf(spindle.clamp.params.type);
+  if (kind == nullptr || kind->clamping == devices::Clamping::kNotFixed) return spindle.clampsInside;
+  return kind->clamping == devices::Clamping::kInside;
+}
+
+void CheckRange(const Device& device, const Spindle& spindle, Where where, const Setup& setup,
+                Collector& findings) {
+  const double diameter = 2 * scene::DefinedHeldRadius(spindle);
+  const auto range = RangeOf(device, HoldsInside(spindle) ? "clamp_inside" : "clamp_outside", setup);
+  if (!range || diameter <= 0 || (diameter >= range->least && diameter <= range->most)) return;
+  findings.Add("EQ-401", {where,
+                          {Translatable("The device %1 clamps diameters from %2 to %3, but not %4."),
+                           {NameOf(device), Length{range->least}, Length{range->most}, Length{diameter}}},
+                          {{"diameter", diameter}, {"least", range->least}, {"most", range->most}}});
+}
+
+void CheckBar(const Spindle& spindle, Where where, const Setup& setup, Collector& findings) {
+  const auto most = FigureOf(spindle.clamp, "max_bar_length", setup);
+  const double length = spindle.billet.barLength;
+  if (!most || length <= *most) return;
+  findings.Add("EQ-305", {where,
+                          {Translatable("The bar is %1 long; with the device %2 it may have %3."),
+                           {Length{length}, NameOf(spindle.clamp), Length{*most}}},
+                          {{"length", length}, {"most", *most}},
+                          {},
+                          {},
+                          Change{Translatable("the bar length"), length, *most}});
+}
+
+struct Limit {
+  const char* key;
+  std::optional<double> value;
+  const char* english;
+};
+
+void CheckLimits(const Device& device, Where where, std::optional<double> mass, const Setup& setup,
+                 Collector& findings) {
+  const Limit limits[] = {
+      {"max_speed", setup.job.speed,
+       Translatable("The job's speed of %1 1/min is above the %2 1/min of the device %3.")},
+      {"max_force", setup.job.force,
+       Translatable("The job's force of %1 kN is above the %2 kN of the device %3.")},
+      {"max_mass", mass, Translatable("The billet's mass of %1 kg is above the %2 kg of the device %3.")},
+  };
+  for (const auto& [key, value, english] : limits) {
+    const auto most = FigureOf(device, key, setup);
+    if (!most || !value || *value <= *most) continue;
+    findings.Add("EQ-402", {where,
+                            {english, {Number{*value}, Number{*most}, NameOf(device)}},
+                            {{"value", *value}, {"most", *most}}});
+  }
+}
+
+}  // namespace
+
+void CheckMakerData(const Setup& setup, const HalfSections& sections, Collector& findings) {
+  constexpr double kCubicMillimetres = 1e6;  // in a cubic decimetre
+  for (std::size_t i = 0; i < setup.equipment.spindles.size(); ++i) {
+    const Spindle& spindle = setup.equipment.spindles[i];
+    const Where where = WhereOf(i);
+    const HalfSection* const billet = sections.Find(scene::Kind::kBillet, i == 1);
+    std::optional<double> mass;
+    if (billet != nullptr && billet->IsClosed())
+      mass = billet->Volume() / kCubicMillimetres * setup.job.density;
+    for (const Device* const device : {&spindle.clamp, &spindle.jaw}) {
+      if (device->params.type == 0) continue;
+      CheckRange(*device, spindle, where, setup, findings);
+      CheckLimits(*device, where, mass, setup, findings);
+    }
+    if (spindle.clamp.params.type != 0) CheckBar(spindle, where, setup, findings);
+  }
+}
+
+}  // namespace vanzet::check

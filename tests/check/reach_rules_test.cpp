@@ -1,0 +1,119 @@
+#include "setup_fixture.h"
+
+namespace vanzet::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Reach : public SetupTest {};
+INSTANTIATE_TEST_SUITE_P(Spindles, Reach, testing::Bool(), SpindleName);
+
+TEST_P(Reach, OfAClampedLengthUnderAThird) {
+  // 100 mm of billet with 14 of them in the jaws, and with 13.
+  Spoilt().clampingOut = 86;
+  EXPECT_THAT(Rules(), IsEmpty());
+  Spoilt().clampingOut = 87;
+  ASSERT_THAT(Rules(), ElementsAre("EQ-302 " + Place()));
+  const check::Finding finding = Found().front();
+  EXPECT_NEAR(ValueOf(finding, "length"), 13, 1e-9);
+  ASSERT_TRUE(finding.change);
+  EXPECT_NEAR(finding.change->to, 86, 1e-9);
+  Spoilt().clampingOut = finding.change->to;
+  EXPECT_THAT(Rules(), IsEmpty());
+}
+
+TEST_P(Reach, OfAnOverhangWithoutACenter) {
+  Spoilt().billet.partLength = 300;
+  Spoilt().clampingOut = 123.9;
+  EXPECT_THAT(Rules(), IsEmpty());
+  Spoilt().clampingOut = 124.1;
+  ASSERT_THAT(Rules(), ElementsAre("EQ-303 " + Place()));
+  EXPECT_NEAR(ValueOf(Found().front(), "overhang"), 126.1, 1e-9);
+  EXPECT_NEAR(ValueOf(Found().front(), "times"), 126.1 / 42, 1e-9);
+}
+
+TEST_P(Reach, OfAnOverhangWithoutASteadyRest) {
+  equipment.spindles[0].clampingOut = 333.9;
+  equipment.spindles[0].billet.partLength = 500;
+  equipment.spindles[1] = {};
+  equipment.center = {"Center", kCenter};
+  EXPECT_THAT(Rules(), IsEmpty());
+  equipment.spindles[0].clampingOut = 334.1;
+  EXPECT_THAT(Rules(), ElementsAre("EQ-303 main"));
+  equipment.usesSteadyRest = true;
+  EXPECT_THAT(Rules(), IsEmpty());
+}
+
+TEST_P(Reach, OfADatumOutsideOfTheBillet) {
+  figures.emplace("behind", Rectangle(-100, 0, -1, 21));
+  UseFigure("behind", 100);
+  Spoilt().billet.clampDiameter = 42;
+  ASSERT_THAT(Rules(), ElementsAre("EQ-304 datum"));
+  figures.at("behind") = Rectangle(-100, 0, 0, 21);
+  EXPECT_THAT(Rules(), IsEmpty());
+}
+
+TEST_P(Reach, OfAClampingOutBeyondTheBillet) {
+  Spoilt().clampingOut = 101;
+  EXPECT_THAT(Rules(), ElementsAre("EQ-302 " + Place(), "EQ-304 datum"));
+}
+
+class MakerRules : public SetupTest {
+ protected:
+  void Figures(const std::string& json) {
+    auto read = catalogue::MakerData::Read(R"({"version":1,"devices":{"Chuck 160":)" + json + "}}", "maker");
+    ASSERT_TRUE(read) << read.fault().text;
+    shop.maker = *std::move(read);
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Spindles, MakerRules, testing::Bool(), SpindleName);
+
+TEST_P(MakerRules, OfABarThatIsTooLong) {
+  Figures(R"({"max_bar_length": 1000})");
+  Spoilt().billet.barLength = 1000;
+  EXPECT_THAT(Rules(), IsEmpty());
+  Spoilt().billet.barLength = 1001;
+  ASSERT_THAT(Rules(), ElementsAre("EQ-305 " + Place()));
+  EXPECT_EQ(ValueOf(Found().front(), "most"), 1000);
+}
+
+TEST_P(MakerRules, OfAClampDiameterOutOfItsRange) {
+  Figures(R"({"clamp_outside": [20, 42], "clamp_inside": [60, 140]})");
+  EXPECT_THAT(Rules(), IsEmpty());
+  Figures(R"({"clamp_outside": [42.5, 160], "clamp_inside": [20, 140]})");
+  equipment.spindles[GetParam() ? 0 : 1].clamp.name = "another";
+  ASSERT_THAT(Rules(), ElementsAre("EQ-401 " + Place()));
+  EXPECT_EQ(ValueOf(Found().front(), "diameter"), 42);
+}
+
+TEST_P(MakerRules, OfTheRangeInsideWhereJawsClampInside) {
+  Figures(R"({"clamp_outside": [1, 400], "clamp_inside": [61, 140]})");
+  equipment.spindles[GetParam() ? 0 : 1].clamp.name = "another";
+  Spoilt().clampsInside = true;
+  Spoilt().billet.innerDiameter = 60;
+  Spoilt().billet.outerDiameter = Spoilt().billet.clampDiameter = 90;
+  EXPECT_THAT(Rules(), ElementsAre("EQ-401 " + Place()));
+  Spoilt().billet.innerDiameter = 61;
+  EXPECT_THAT(Rules(), IsEmpty());
+}
+
+TEST_P(MakerRules, OfSpeedForceAndMass) {
+  equipment.spindles[GetParam() ? 0 : 1] = {};
+  Figures(R"({"max_speed": 4500, "max_force": 60, "max_mass": 1.12})");
+  EXPECT_THAT(Rules(), testing::Not(testing::Contains(testing::HasSubstr("EQ-402"))));
+  job.speed = 4500;
+  job.force = 60;
+  EXPECT_THAT(Rules(), testing::Not(testing::Contains(testing::HasSubstr("EQ-402"))));
+  job.speed = 4501;
+  job.force = 61;
+  job.density = 8;  // 102 mm of 42 mm are 0.1413 dm3
+  std::vector<double> values;
+  for (const check::Finding& finding : Found()) {
+    if (finding.rule->id == "EQ-402") values.push_back(ValueOf(finding, "value"));
+  }
+  EXPECT_THAT(values, ElementsAre(4501, 61, testing::DoubleNear(1.1305, 1e-3)));
+}
+
+}  // namespace
+}  // namespace vanzet::test
