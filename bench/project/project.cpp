@@ -66,8 +66,7 @@ Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {
   if (error) return files::SystemFault("cannot be read", error, folder);
   VANZET_DO(CheckFolderName(project.folder_));
   VANZET_DO(project.ReadSettings(share));
-  // A store that cannot be used is reported by those who use it.
-  static_cast<void>(StoreOf(project).FinishFormerCommit());
+  project.FinishFormerCommit();
   VANZET_DO(project.ReadMessages(share));
   return project;
 }
@@ -103,6 +102,13 @@ Result<void> Project::SettleStore() {
   }
   if (store.project.empty()) store.project = folder_.filename().string();
   return {};
+}
+
+void Project::FinishFormerCommit() {
+  const auto session = SessionAt(settings_.store);
+  // A store that cannot be used is reported by those who use it.
+  static_cast<void>(StoreAt(settings_.store, folder_, session).FinishFormerCommit());
+  idle_ = std::make_shared<IdleSession>(session);
 }
 
 Result<void> Project::ReadMessages(const fs::path& share) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "base/path_map.h"
 #include "base/result.h"
 #include "project/bench_ini.h"
+#include "project/idle_session.h"
 #include "project/message_catalogue.h"
 #include "project/variables.h"
 
@@ -49,6 +51,9 @@ class Project {
   /// The number of spindle spurs of the machine.
   Result<std::int32_t> SpindleSpurs() const;
 
+  /// The session that opened the project's store on a server, for the first store that asks; null otherwise.
+  std::shared_ptr<vdm::PostgresSession> TakeSession() const { return idle_->Take(); }
+
   /// The number of the VDM that holds the definition of a spur.
   std::uint32_t DefinitionOf(std::int32_t spur) const;
 
@@ -56,6 +61,8 @@ class Project {
   Project() = default;
 
   Result<void> ReadSettings(const std::filesystem::path& share);
+  /// Puts a text file in its place that a process could not write any more.
+  void FinishFormerCommit();
   /// Completes the place of the store by the environment and the folder's name.
   Result<void> SettleStore();
   Result<void> ReadMessages(const std::filesystem::path& share);
@@ -65,6 +72,7 @@ class Project {
   PathMap paths_;
   Variables startVariables_;
   MessageCatalogue messages_;
+  std::shared_ptr<IdleSession> idle_;
 };
 
 }  // namespace vanzet::project

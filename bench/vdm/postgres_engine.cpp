@@ -24,16 +24,8 @@ constexpr std::string_view kOrder = R"(
   WHERE v.project=(SELECT id FROM vanzet.project WHERE name=$1) AND v.number=$2
     AND v.last=9223372036854775807
   ORDER BY p.position)";
-// One statement sees one state, with any number of VDMs.
-constexpr std::string_view kContents = R"(
-  SELECT v.number, p.position, p.record, r.items, r.checksum, r.content
-  FROM vanzet.vdm v LEFT JOIN vanzet.place p
-    ON p.project=v.project AND p.vdm=v.number AND p.last=9223372036854775807
-  LEFT JOIN vanzet.record r ON r.project=v.project AND r.key=p.record
-  WHERE v.project=(SELECT id FROM vanzet.project WHERE name=$1) AND v.number=ANY($2)
-    AND v.last=9223372036854775807
-  ORDER BY v.number, p.position)";
-constexpr std::string_view kHeads = R"(
+// One statement sees one state, with any number of VDMs. $3 is the number of bytes of each record at most.
+constexpr std::string_view kRecords = R"(
   SELECT v.number, p.position, p.record, r.items, r.checksum, substr(r.content, 1, $3::int),
          length(r.content)::bigint
   FROM vanzet.vdm v LEFT JOIN vanzet.place p
@@ -42,6 +34,7 @@ constexpr std::string_view kHeads = R"(
   WHERE v.project=(SELECT id FROM vanzet.project WHERE name=$1) AND v.number=ANY($2)
     AND v.last=9223372036854775807
   ORDER BY v.number, p.position)";
+constexpr std::int64_t kWhole = INT32_MAX;
 constexpr std::string_view kFile = R"(
   SELECT name, former, content FROM vanzet.file
   WHERE project=(SELECT id FROM vanzet.project WHERE name=$1) AND folder=$2)";
@@ -59,7 +52,7 @@ RecordRow RecordRowOf(const PostgresRows& rows, int row) {
   return {rows.Integer(row, 3), rows.Bytes(row, 5), rows.Integer(row, 4)};
 }
 
-/// Visits the rows of `kOrder`, `kContents` and `kHeads`: `vdm` for each VDM, `record` for each of its
+/// Visits the rows of `kOrder` and `kRecords`: `vdm` for each VDM, `record` for each of its
 /// records, whose faults get their place.
 template <class OnVdm, class OnRecord>
 Result<void> ForEachRecord(const PostgresConnection& connection, const PostgresRows& rows, const OnVdm& vdm,
@@ -132,7 +125,7 @@ Result<std::optional<Vdm>> PostgresEngine::Open(Number number) {
 }
 
 Result<std::map<Number, Vdm>> PostgresEngine::Read(const std::vector<Number>& numbers) {
-  VANZET_TRY(const auto rows, session_->Read({kContents, {Project(), ManyNumbers(numbers)}}));
+  VANZET_TRY(const auto rows, session_->Read({kRecords, {Project(), ManyNumbers(numbers), kWhole}}));
   VANZET_TRY(const auto* const connection, session_->Connection());
   std::map<Number, Vdm> contents;
   if (!rows) return contents;
@@ -150,7 +143,7 @@ Result<std::map<Number, Vdm>> PostgresEngine::Read(const std::vector<Number>& nu
 
 Result<std::map<Number, RecordHeads>> PostgresEngine::ReadHeads(const std::vector<Number>& numbers) {
   constexpr auto kBytes = static_cast<std::int64_t>(kHeadBytes);
-  VANZET_TRY(const auto rows, session_->Read({kHeads, {Project(), ManyNumbers(numbers), kBytes}}));
+  VANZET_TRY(const auto rows, session_->Read({kRecords, {Project(), ManyNumbers(numbers), kBytes}}));
   VANZET_TRY(const auto* const connection, session_->Connection());
   std::map<Number, RecordHeads> heads;
   if (!rows) return heads;
@@ -165,21 +158,49 @@ Result<std::map<Number, RecordHeads>> PostgresEngine::ReadHeads(const std::vecto
   return heads;
 }
 
-Result<bool> PostgresEngine::ReadHistory(const std::function<Result<void>(GenerationReader&)>& read) {
+/// The generations that a visitor has seen: it sees none again when the reading begins again, and all that it
+/// sees is of one state.
+struct PostgresEngine::Visits {
+  const GenerationVisitor& visitor;
+  std::string place;
+  std::vector<std::int64_t> seen = {};
+  std::size_t next = 0;  ///< in `seen`, of the reading that goes on
+
+  Result<void> Add(const PastGeneration& past) {
+    if (next < seen.size()) return seen[next++] == past.generation.number ? Result<void>() : OtherState();
+    VANZET_DO(visitor(past));
+    seen.push_back(past.generation.number);
+    ++next;
+    return {};
+  }
+
+  Result<void> CheckAll() const { return next == seen.size() ? Result<void>() : OtherState(); }
+
+  Fault OtherState() const {
+    return {.text = "the connection broke, and old generations were removed before they could be read again",
+            .file = place,
+            .kind = FaultKind::kBusy};
+  }
+};
+
+Result<bool> PostgresEngine::ReadHistory(const HistoryReading& read) {
+  return session_->Repeat([&](PostgresConnection& connection) {
+    const int count = session_->Connections();
+    auto hasTables = ReadHistoryOn(connection, read);
+    if (const auto same = session_->ConnectionOf(count)) (*same)->RollBack();
+    return hasTables;
+  });
+}
+
+Result<bool> PostgresEngine::ReadHistoryOn(PostgresConnection& connection, const HistoryReading& read) const {
   const auto begun =
-      session_->Run({{"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"}, {kReadServerSchema}});
-  VANZET_TRY(const auto* const connection, session_->Connection());
-  const int connections = session_->Connections();
-  const auto outcome = [&]() -> Result<bool> {
-    if (!begun && HasNoTables(*connection)) return false;
-    if (!begun) return begun.fault();
-    VANZET_DO(CheckServerSchema(*connection, begun->back()));
-    GenerationReader reader(std::make_shared<PostgresHistory>(session_));
-    VANZET_DO(read(reader));
-    return true;
-  }();
-  if (const auto same = session_->ConnectionOf(connections)) (*same)->RollBack();
-  return outcome;
+      connection.Run({{"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"}, {kReadServerSchema}});
+  if (!begun && HasNoTables(connection)) return false;
+  if (!begun) return begun.fault();
+  VANZET_DO(CheckServerSchema(connection, begun->back()));
+  GenerationReader reader(std::make_shared<PostgresHistory>(session_));
+  VANZET_DO(read(reader));
+  return true;
 }
 
 Result<std::vector<VdmChange>> PostgresEngine::ListChanges(std::optional<Number> only) {
@@ -203,7 +224,14 @@ Result<std::map<Number, Vdm>> PostgresEngine::ReadAt(std::int64_t generation, st
 }
 
 Result<void> PostgresEngine::Visit(std::optional<Number> only, const GenerationVisitor& visitor) {
-  VANZET_DO(ReadHistory([&](GenerationReader& reader) { return reader.Visit(only, visitor); }));
+  Visits visits{visitor, session_->Name()};
+  const GenerationVisitor visit = [&](const PastGeneration& past) { return visits.Add(past); };
+  const auto read = [&](GenerationReader& reader) -> Result<void> {
+    visits.next = 0;
+    VANZET_DO(reader.Visit(only, visit));
+    return visits.CheckAll();
+  };
+  VANZET_DO(ReadHistory(read));
   return {};
 }
 

@@ -24,8 +24,12 @@ class PostgresEngine : public StoreEngine {
   /// Nothing is connected before the first call. `folder` tells text files of commits in different folders
   /// of the same project apart.
   PostgresEngine(std::string connectionText, std::string project, std::string folder = {})
-      : session_(std::make_shared<PostgresSession>(std::move(connectionText), std::move(project))),
-        folder_(std::move(folder)) {}
+      : PostgresEngine(std::make_shared<PostgresSession>(std::move(connectionText), std::move(project)),
+                       std::move(folder)) {}
+
+  /// The same with a session that may be connected already. Requires: no other engine uses it.
+  PostgresEngine(std::shared_ptr<PostgresSession> session, std::string folder)
+      : session_(std::move(session)), folder_(std::move(folder)) {}
 
   /// The locks of this engine's connection; they can outlive the engine.
   std::unique_ptr<StoreLocks> Locks() const;
@@ -36,6 +40,7 @@ class PostgresEngine : public StoreEngine {
   /// Notices the commits of others, on a connection of its own.
   Result<std::unique_ptr<PostgresWatch>> Watch() const;
 
+  std::string Name() const override { return session_->Name(); }
   Result<std::vector<Number>> Numbers() override;
   Result<bool> Exists(Number number) override;
   Result<std::optional<Vdm>> Open(Number number) override;
@@ -63,8 +68,13 @@ class PostgresEngine : public StoreEngine {
   Result<std::optional<PostgresTransaction>> BeginOnProject(const NewOrders& orders, bool makesProject);
   static Result<void> Append(const PastGeneration& past, Filling& filling);
 
-  /// Reads the history in a transaction. False when the store has no tables.
-  Result<bool> ReadHistory(const std::function<Result<void>(GenerationReader&)>& read);
+  using HistoryReading = std::function<Result<void>(GenerationReader&)>;
+  struct Visits;
+
+  /// Reads the history in a transaction; from its beginning again when the connection breaks. False when the
+  /// store has no tables.
+  Result<bool> ReadHistory(const HistoryReading& read);
+  Result<bool> ReadHistoryOn(PostgresConnection& connection, const HistoryReading& read) const;
 
   std::shared_ptr<PostgresSession> session_;
   std::string folder_;

@@ -116,8 +116,11 @@ void PostgresHistory::Expect(Number number, const std::vector<RecordKey>& keys) 
 
 Result<Record> PostgresHistory::Load(Number number, RecordKey key) {
   const auto expected = expected_.find(number);
-  if (expected != expected_.end()) return expected->second.Load(key);
-  return PostgresRecords(session_, number, {key}).Load(key);
+  auto record = expected != expected_.end() ? expected->second.Load(key)
+                                            : PostgresRecords(session_, number, {key}).Load(key);
+  // A record that is missing on another connection may have been there in this transaction.
+  VANZET_DO(session_->ConnectionOf(connection_));
+  return record;
 }
 
 Fault PostgresHistory::FaultOf(std::string text, FaultKind kind) const {

@@ -52,7 +52,7 @@ Result<PostgresConnection*> PostgresSession::ConnectionOf(int count) const {
 }
 
 Result<void> PostgresSession::Connect() {
-  PostgresPatience patience(longestWait_, kLongestPause);
+  PostgresPatience patience(hasWaited_ ? milliseconds(0) : longestWait_, kLongestPause);
   // A server that was there once will come back.
   bool isThere = connection_ != nullptr;
   while (true) {
@@ -60,12 +60,14 @@ Result<void> PostgresSession::Connect() {
     auto opened = PostgresConnection::Open(connectionText_, &mayPass);
     isThere = isThere || opened || mayPass;
     if (!opened) {
+      hasWaited_ = isThere;
       if (!isThere || !patience.Pause()) return opened.fault();
       continue;
     }
     connection_ = std::move(*opened);
     ++connections_;
     const auto taken = TakeLocksAgain();
+    hasWaited_ = !taken;
     if (taken || !patience.Pause()) return taken;
   }
 }

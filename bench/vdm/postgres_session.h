@@ -28,6 +28,9 @@ class PostgresSession {
   const std::string& connectionText() const { return connectionText_; }
   const std::string& project() const { return project_; }
 
+  /// The connection's name; before the first one "the server".
+  std::string Name() const { return connection_ == nullptr ? "the server" : connection_->name(); }
+
   /// Tries at least so long, from now on, where a connection breaks.
   void WaitAtLeast(std::chrono::milliseconds wait) { longestWait_ = std::max(longestWait_, wait); }
 
@@ -89,6 +92,7 @@ class PostgresSession {
   std::chrono::milliseconds longestWait_{30'000};
   std::unique_ptr<PostgresConnection> connection_;
   int connections_ = 0;
+  bool hasWaited_ = false;  ///< in vain, for the last connection: the next attempt does not
   std::map<std::int64_t, std::int64_t> held_;  ///< locks, with the last generation that this session knows
   bool hasLostLocks_ = false;  ///< others had one, or have used it, when the connection was made again
 };

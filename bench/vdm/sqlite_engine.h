@@ -25,6 +25,7 @@ class SqliteEngine : public StoreEngine {
   SqliteEngine(std::filesystem::path file, const Options& options)
       : file_(std::move(file)), options_(options) {}
 
+  std::string Name() const override { return file_.string(); }
   Result<std::vector<Number>> Numbers() override;
   Result<bool> Exists(Number number) override;
   Result<std::optional<Vdm>> Open(Number number) override;

@@ -115,7 +115,7 @@ Result<void> VdmStore::FinishFormerCommit() {
   // The store may come from elsewhere, and must not name a file outside of its project.
   if (std::filesystem::path(file->name).filename() != file->name || file->name == "..") {
     return Fault{.text = "is damaged: it holds a file of another folder",
-                 .file = (folder_ / SqliteEngine::kStoreFile).string(),
+                 .file = engine_->Name(),
                  .kind = FaultKind::kDamaged};
   }
   const auto target = folder_ / file->name;

@@ -84,6 +84,9 @@ class StoreEngine {
   StoreEngine(const StoreEngine&) = delete;
   StoreEngine& operator=(const StoreEngine&) = delete;
 
+  /// The place of the store, as its faults name it.
+  virtual std::string Name() const = 0;
+
   /// All numbers, in ascending order.
   virtual Result<std::vector<Number>> Numbers() = 0;
 

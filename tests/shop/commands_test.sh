@@ -28,9 +28,10 @@ refused() {
 }
 sql() { psql "$server" -qAtX -v ON_ERROR_STOP=1 -c "$1"; }
 form() { printf 'vdm 1\nrecord\n.%s\nend 1\n' "$1"; }
-# Everything that can be read of the VDMs of a project.
+# Everything that can be read of a project.
 content() {
   run history "$1" --json
+  cat "$1/drawing.txt" "$1/clampdevice.cld"
   run vdm save 1000 - "$1"
   run vdm save 1001 - "$1"
 }
@@ -53,6 +54,22 @@ the_main_commands_work() {
   expect 'nothing was found' "$(run store check lathe)"
   refused 'the store is on a server' store repair lathe
   expect 3 "$(run show lathe | head -n 3 | wc -l)"
+}
+
+a_definition_is_the_same_in_a_file_and_on_a_server() {
+  local job number kept file
+  run new in-file/twin >/dev/null
+  run new on-server/twin --set "engine=$server" >/dev/null
+  for job in bar-job chuck-transfer; do
+    for kept in in-file on-server; do run define "$jobs/$job.json" $kept/twin >/dev/null; done
+    for number in 1000 1001; do
+      for kept in in-file on-server; do run vdm save $number $kept/$number.vdm $kept/twin >/dev/null; done
+      cmp in-file/$number.vdm on-server/$number.vdm || fail "VDM $number is another one on the server after $job"
+    done
+    for file in drawing.txt clampdevice.cld; do
+      cmp in-file/twin/$file on-server/twin/$file || fail "$file is another one on the server after $job"
+    done
+  done
 }
 
 a_project_is_the_same_after_it_was_moved_to_the_server_and_back() {
@@ -135,12 +152,15 @@ a_wrong_password_is_one_line_without_it() {
   ! grep -q hunter2 err || fail "the password is shown"
 }
 
-the_tables_of_a_newer_version_are_refused() {
+the_tables_of_another_version_are_refused() {
   content lathe >before
   sql "UPDATE vanzet.schema SET version = version + 1"
   refused 'belongs to a newer version: it has schema ' history lathe
   refused 'belongs to a newer version: it has schema ' define "$jobs/bar-job.json" lathe
-  sql "UPDATE vanzet.schema SET version = version - 1"
+  sql "UPDATE vanzet.schema SET version = 0"
+  refused 'is damaged: unknown schema 0' history lathe
+  refused 'is damaged: unknown schema 0' define "$jobs/bar-job.json" lathe
+  sql "UPDATE vanzet.schema SET version = 1"
   content lathe >after
   cmp before after || fail "something was changed"
 }
@@ -152,8 +172,8 @@ a_changed_record_is_found() {
   grep -q 'checksum' out || fail "the finding is: $(cat out)"
 }
 
-for test in the_main_commands_work a_project_is_the_same_after_it_was_moved_to_the_server_and_back many_programs_lose_no_update \
-  a_reader_reads_and_cannot_write a_wrong_password_is_one_line_without_it the_tables_of_a_newer_version_are_refused \
+for test in the_main_commands_work a_definition_is_the_same_in_a_file_and_on_a_server a_project_is_the_same_after_it_was_moved_to_the_server_and_back many_programs_lose_no_update \
+  a_reader_reads_and_cannot_write a_wrong_password_is_one_line_without_it the_tables_of_another_version_are_refused \
   a_changed_record_is_found; do
   echo "$test"
   "$test"

@@ -47,6 +47,9 @@ class Server {
   /// Runs statements as the owner; returns the rows, a line each.
   std::string Sql(const std::string& statements) const;
 
+  /// Runs a shell's line as the user of the server, in its folder.
+  void Run(const std::string& line) const;
+
   /// The report of the server so far.
   std::string Log() const;
 
@@ -54,9 +57,6 @@ class Server {
 
  private:
   Server();
-
-  /// Runs a shell's line as the user of the server.
-  void Run(const std::string& line) const;
 
   const TemporaryFolder folder_;
   int process_ = 0;  ///< 0: it does not run

@@ -138,6 +138,8 @@ class MemoryEngine : public vdm::StoreEngine {
     });
   }
 
+  std::string Name() const override { return "memory"; }
+
   Result<std::optional<vdm::TextFile>> UnfinishedFile() override { return file_; }
 
   Result<void> FinishFile() override {

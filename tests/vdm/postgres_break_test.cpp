@@ -62,6 +62,57 @@ TEST_F(BrokenWay, IsMadeOnceWhereverTheFirstConnectionsAreCut) {
   EXPECT_GT(WriteWithCuts(307, [&] { Sql(text, "DROP SCHEMA IF EXISTS vanzet CASCADE"); }), 10);
 }
 
+/// Generations and their contents, a line each.
+std::vector<std::string> LinesOf(PostgresEngine& engine) {
+  std::vector<std::string> lines;
+  EXPECT_EQ(Told(engine.Visit({},
+                              [&](const PastGeneration& past) -> Result<void> {
+                                VANZET_TRY(const auto copy, past.vdms.at(Number{1})->Copy());
+                                lines.push_back(std::to_string(past.generation.number) + ": " +
+                                                RecordsOf(copy).at(1).at(0));
+                                return {};
+                              })),
+            "");
+  return lines;
+}
+
+TEST_F(BrokenWay, ShowsTheWholeHistoryWhereverTheConnectionIsCut) {
+  std::vector<std::string> all;
+  for (const std::string each : {"a", "b", "c", "d"}) {
+    Write(1, {{"same"}, {each}});
+    all.push_back(std::to_string(all.size() + 1) + ": " + each);
+  }
+  std::size_t bytes = 0;
+  for (; proxy->LeftToSpoil() == 0 && !HasFailure(); bytes += 83) {
+    PostgresEngine engine(proxy->Text(), "lathe");
+    proxy->CutNext(1, bytes);
+    Get(engine.Numbers());
+    EXPECT_EQ(LinesOf(engine), all) << "cut after " << bytes << " bytes";
+    EXPECT_EQ(RecordsOf(Get(engine.ReadAt(2, {})).at(Number{1})).at(1).at(0), "b");
+    EXPECT_EQ(Get(engine.ListChanges({})).size(), 4u);
+    if (bytes > 20'000) break;
+  }
+  EXPECT_GT(bytes, 20'000u);
+}
+
+TEST_F(BrokenWay, MixesNoStatesWhenTheHistoryIsTrimmedWhileTheConnectionIsBroken) {
+  for (const std::string each : {"a", "b", "c"}) Write(1, {{"same"}, {each}});
+  PostgresEngine engine(proxy->Text(), "lathe"), other = Engine();
+  const auto visited = engine.Visit({}, [&](const PastGeneration& past) -> Result<void> {
+    VANZET_TRY(const auto copy, past.vdms.at(Number{1})->Copy());
+    EXPECT_EQ(copy.Size(), 2u);
+    if (past.generation.number == 1) {
+      const std::string occasion = "test";
+      Changes changes;
+      changes.emplace(Number{1}, VdmOf({{"last"}}));
+      EXPECT_EQ(Told(other.Apply({changes, nullptr, occasion, {}, 0})), "");
+      proxy->CutOnce(Cut::kNow);
+    }
+    return {};
+  });
+  EXPECT_THAT(Told(visited), HasSubstr("old generations were removed before they could be read again"));
+}
+
 TEST_F(BrokenWay, IsUsedWhenTheServerHasStarted) {
   for (const char* const state : {"57P03", "57P01", "53300"}) {
     proxy->RefuseNext(5, state);

@@ -121,6 +121,17 @@ TEST_F(ServerStore, KeepsTheTextFilesOfDifferentFoldersApart) {
   EXPECT_TRUE(Get(here.UnfinishedFile()));
 }
 
+TEST_F(ServerStore, ThatHoldsAFileOfAnotherFolderIsNamed) {
+  PostgresEngine engine = Engine();
+  const TextFile file{"../outside.txt", "from a foreign store", {}};
+  const std::string occasion = "test";
+  ASSERT_EQ(Told(engine.Apply({{}, &file, occasion, {}})), "");
+  VdmStore store = Store();
+  EXPECT_THAT(Told(store.FinishFormerCommit()),
+              AllOf(HasSubstr("postgresql://"), HasSubstr("is damaged: it holds a file of another folder"),
+                    Not(HasSubstr("store.db"))));
+}
+
 TEST_F(ServerStore, KeepsMoreRecordsThanOneStatementWrites) {
   Records records;
   for (int i = 0; i < 25'001; ++i) records.push_back({std::to_string(i)});
