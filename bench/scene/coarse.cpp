@@ -110,7 +110,11 @@ Surface CoarseSurface(const Surface& surface, std::size_t most) {
   double size = std::max(std::sqrt(kFacetsOfCell * AreaOf(surface) / wanted), LeastSize(surface));
   for (;; size *= kLarger) {
     const modeller::Mesh mesh = Cells(surface, size).Make();
-    if (mesh.triangles.size() <= most) return SurfaceOf(mesh, geometry::Matrix());
+    if (mesh.triangles.size() > most) continue;
+    Surface coarse = SurfaceOf(mesh, geometry::Matrix());
+    // Large facets meet at larger angles: more sharp edges than the body has are none of its own.
+    if (coarse.sharpEdges > surface.sharpEdges) coarse.sharpEdges = 0;
+    return coarse;
   }
 }
 

@@ -52,6 +52,21 @@ Surface Cube(int squares) {
   return SurfaceOf(mesh, geometry::Matrix());
 }
 
+/// A ring with a round section, of so many squares along each of its circles.
+Surface Ring(int squares) {
+  modeller::Mesh mesh;
+  for (int i = 0; i < squares * squares; ++i) {
+    const double along = 2 * geometry::PI * (i / squares) / squares;
+    const double about = 2 * geometry::PI * (i % squares) / squares, radius = 40 + 15 * std::cos(about);
+    mesh.points.emplace_back(radius * std::cos(along), radius * std::sin(along), 15 * std::sin(about));
+    const int row = i / squares * squares, next = (row + squares) % (squares * squares);
+    const int a = i % squares, b = (a + 1) % squares;
+    mesh.triangles.push_back({row + a, next + a, row + b});
+    mesh.triangles.push_back({row + b, next + a, next + b});
+  }
+  return SurfaceOf(mesh, geometry::Matrix());
+}
+
 ModelBody BodyOf(const std::string& name, Surface surface) {
   ModelBody body;
   body.name = name;
@@ -91,6 +106,13 @@ TEST(CoarseSurfaces, KeepTheirSharpEdges) {
   EXPECT_NEAR(box.min.x, 0, 0.1);
   EXPECT_NEAR(box.max.z, 40, 0.1);
   EXPECT_GT(coarse.sharpEdges, 0U);
+}
+
+TEST(CoarseSurfaces, HaveNoSharpEdgesOfTheirOwn) {
+  const Surface fine = Ring(100);
+  ASSERT_EQ(fine.sharpEdges, 0U);
+  ASSERT_GT(Ring(6).sharpEdges, 0U) << "large facets meet at large angles";
+  EXPECT_EQ(CoarseSurface(fine, 100).sharpEdges, 0U);
 }
 
 TEST(CoarseSurfaces, OfFewFacetsStayAsTheyAre) {
