@@ -166,7 +166,8 @@ void CheckFinishPart(const HalfSections& sections, bool isSub, Collector& findin
           Translatable("The center cuts %1 into the finished part."));
 }
 
-/// The bodies of a side that can meet the other one: of the jaws the upright one stands for all, since spindles turn.
+/// The bodies of a side that can meet the other one: of the jaws the upright one stands for all, since
+/// spindles turn.
 std::vector<const HalfSection*> EquipmentOf(const HalfSections& sections, bool isSub) {
   std::vector<const HalfSection*> all = {sections.Find(Kind::kClamp, isSub),
                                          sections.Find(Kind::kJaw, isSub)};

@@ -70,8 +70,8 @@ bool Has(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }
 
-// The library writes what a server answered as "FATAL:  words", in the server's language, and, where it is asked
-// for details, as "FATAL:  57P03: words". Its own words have no two spaces.
+// The library writes what a server answered as "FATAL:  words", in the server's language, and, where it is
+// asked for details, as "FATAL:  57P03: words". Its own words have no two spaces.
 constexpr std::string_view kBeforeAnswer = ":  ";
 
 /// The SQLSTATEs in a text with details.

@@ -17,9 +17,9 @@ namespace vanzet::vdm {
 /// locks that were held on it.
 ///
 /// Errors   those of `PostgresConnection`. A connection that broke, and a first one to a server that is there
-///          but not ready, is tried again for half a minute or longer, on all hosts of the connection text, so
-///          that another server can take over. Where no server is, or refuses the person, a first connection
-///          fails at once
+///          but not ready, is tried again for half a minute or longer, on all hosts of the connection text,
+///          so that another server can take over. Where no server is, or refuses the person, a first
+///          connection fails at once
 class PostgresSession {
  public:
   PostgresSession(std::string connectionText, std::string project)

@@ -6,8 +6,8 @@
 
 #include "base/translations.h"
 
-/// The names of what a definition holds as the window shows them, in its language. Commands and stores have the
-/// names that they are made of.
+/// The names of what a definition holds as the window shows them, in its language. Commands and stores have
+/// the names that they are made of.
 namespace vanzet::window {
 
 /// The section of the translations that holds them.

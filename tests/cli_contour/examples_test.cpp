@@ -83,8 +83,8 @@ TEST_F(ContourExamples, DifficultRegionsHaveTheAreasOfTheirPage) {
   EXPECT_EQ(count, 8);
 }
 
-/// The comb: a back of 38 by 5 with ten teeth of 2 by 15 and nine gaps of 2. Its corners are the 22 of the back's
-/// bottom and the teeth's tips, and the 18 feet of teeth in the gaps.
+/// The comb: a back of 38 by 5 with ten teeth of 2 by 15 and nine gaps of 2. Its corners are the 22 of the
+/// back's bottom and the teeth's tips, and the 18 feet of teeth in the gaps.
 class Comb : public ContourExamples {
  protected:
   static constexpr double kArea = 38 * 5 + 10 * 2 * 15, kPerimeter = 2 * 38 + 2 * 20 + 18 * 15;
@@ -99,8 +99,8 @@ class Comb : public ContourExamples {
     EXPECT_NEAR(made["area"], area, 1e-9);
     EXPECT_NEAR(made["perimeter"], perimeter, 1e-9);
   }
-  /// Between an arc of radius r about a corner and its tangent, from the point of contact as far as w along the
-  /// tangent.
+  /// Between an arc of radius r about a corner and its tangent, from the point of contact as far as w along
+  /// the tangent.
   static double Wedge(double r, double w) {
     return r * w - (w * std::sqrt(r * r - w * w) + r * r * std::asin(w / r)) / 2;
   }
@@ -115,8 +115,8 @@ TEST_F(Comb, KeepsTeethThatAreWiderThanTwiceTheDistance) {
   }
 }
 
-// A tooth ends where the arcs about its feet meet in its middle, the first and the last one where the arc meets the
-// side of the back.
+// A tooth ends where the arcs about its feet meet in its middle, the first and the last one where the arc
+// meets the side of the back.
 TEST_F(Comb, LosesTeethThatAreNotWider) {
   for (const double d : {1.0, 1.2, 1.9}) {
     const double end = 2 - d, side = 5 - std::sqrt(d * d - end * end) - d;

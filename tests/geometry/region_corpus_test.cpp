@@ -14,8 +14,8 @@ class RegionCorpus : public ::testing::Test {
 };
 
 /// The area of a polygon moved inwards, as long as no side vanishes: its area less the strips along its
-/// sides. Two strips share a kite at an outward corner, and leave a sector at an inward one; with a distance below
-/// 0, which moves outwards, it is the other way round. Anticlockwise.
+/// sides. Two strips share a kite at an outward corner, and leave a sector at an inward one; with a distance
+/// below 0, which moves outwards, it is the other way round. Anticlockwise.
 double InsetArea(const std::vector<Point>& corners, double distance) {
   double area = 0;
   for (std::size_t i = 0; i < corners.size(); ++i) {
@@ -53,8 +53,8 @@ TEST_F(RegionCorpus, TenThousandNeedlesOfTenMetres) {
   EXPECT_NEAR(disc.Area() / (kPi * foot * foot), 1, 0.02);
 }
 
-// The needles have feet of 0.001 mm, and are apart by more than twice the distance only far from them. Inwards, each
-// of the curves crosses some hundred others. A fifth of the needles without VANZET_REGION_LAWS.
+// The needles have feet of 0.001 mm, and are apart by more than twice the distance only far from them.
+// Inwards, each of the curves crosses some hundred others. A fifth of the needles without VANZET_REGION_LAWS.
 TEST_F(RegionCorpus, NeedlesOnFeetOfAMicrometreGrowTogetherAtTheirFeet) {
   const bool isWhole = std::getenv("VANZET_REGION_LAWS") != nullptr;
   const int count = isWhole ? 10000 : 2000;

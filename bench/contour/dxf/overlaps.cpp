@@ -13,8 +13,8 @@ using geometry::Vector2d;
 
 /// Lines are one where they are not farther apart than this, and overlap from this length on, in millimetres.
 constexpr double kApart = 1e-5, kShortest = 1e-3;
-/// Two lines through the same points, each rounded, differ by less than this in their direction, unless they are
-/// very short.
+/// Two lines through the same points, each rounded, differ by less than this in their direction, unless they
+/// are very short.
 constexpr double kSameDirection = 2e-6;
 /// A line is compared with so many earlier ones of its direction that reach as far.
 constexpr std::size_t kMostOpen = 16;
@@ -86,7 +86,8 @@ void MarkOverlaps(const std::vector<Line>& lines, std::vector<bool>& isOver) {
   }
 }
 
-/// Calls `visit` for each range of items in ascending order of a value in which it rises by `step` at the most.
+/// Calls `visit` for each range of items in ascending order of a value in which it rises by `step` at the
+/// most.
 template <class Items, class Value, class Visit>
 void ForEachCluster(Items items, Value value, double step, Visit visit) {
   std::ranges::sort(items, {}, value);

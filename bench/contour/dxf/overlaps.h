@@ -12,8 +12,8 @@ struct Overlaps {
   geometry::Point place;
 };
 
-/// Looks for lines that have more than 0.001 mm in common with another line, however long the two are. Arcs are not
-/// compared.
+/// Looks for lines that have more than 0.001 mm in common with another line, however long the two are. Arcs
+/// are not compared.
 Overlaps OverlapsOf(const std::vector<Piece>& pieces);
 
 }  // namespace vanzet::contour

@@ -10,8 +10,9 @@ namespace {
 
 /// Rounding of the distance, as a share of r.
 constexpr double kRoundingShare = 1.0 / 16;
-/// The least advance of a tangent, of length 1, along the sum of those at the feet: a million times the rounding of
-/// the sum. The common point of offsets that are so nearly opposite is inexact along both of them, not across.
+/// The least advance of a tangent, of length 1, along the sum of those at the feet: a million times the
+/// rounding of the sum. The common point of offsets that are so nearly opposite is inexact along both of
+/// them, not across.
 constexpr double kLeastAdvance = 1e-10;
 /// Tangents whose sine is this far on the wrong side are parallel: it is rounding.
 constexpr double kParallel = 1e-15;

@@ -34,8 +34,9 @@ struct Piece {
   bool isNew = true;
 };
 
-/// How the pieces are after the cutting: they meet in vertices only; the cuts bred others, which may end with a
-/// larger distance; or there were more cuts than memory is for, which a larger distance does not change.
+/// How the pieces are after the cutting: they meet in vertices only; the cuts bred others, which may end
+/// with a larger distance; or there were more cuts than memory is for, which a larger distance does not
+/// change.
 enum class Normalised { kDone, kUnsettled, kTooMany };
 
 /// Strokes, cut into pieces that meet in vertices only.
@@ -49,8 +50,8 @@ class Pieces {
 
   void Add(const Stroke& stroke);
   std::uint32_t AddVertex(const Vector2d& p) { return net_.Add(p); }
-  /// Cuts the pieces. Unless that is done, they are of no use. `others` is the number of curves that belong to
-  /// the same drawing and are not among the pieces: large drawings may have more cuts.
+  /// Cuts the pieces. Unless that is done, they are of no use. `others` is the number of curves that belong
+  /// to the same drawing and are not among the pieces: large drawings may have more cuts.
   Normalised Normalise(std::size_t others = 0);
   /// Frees what only `Normalise` needs.
   void Finish();

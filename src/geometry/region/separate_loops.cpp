@@ -6,8 +6,8 @@
 namespace geometry::region {
 namespace {
 
-/// So many pairs of spans that are both known to meet others are passed by, and so many for each part. Where there
-/// are more, to compare the rest takes longer than to arrange it.
+/// So many pairs of spans that are both known to meet others are passed by, and so many for each part. Where
+/// there are more, to compare the rest takes longer than to arrange it.
 constexpr std::size_t kMostKnown = 1'000'000, kMostKnownPerPart = 64;
 
 void SortBySize(std::vector<RegionLoop>& loops) {
