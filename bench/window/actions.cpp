@@ -28,6 +28,7 @@ constexpr ActionRow kRows[] = {
     { Command::kUpgrade,       Menu::kEquipment,  Text::kUpgrade,        "upgrade",     "Ctrl+U",       Needs::kProject, ' ',   true,  false },
     { Command::kUndo,          Menu::kEquipment,  Text::kUndo,           "undo",        "Ctrl+Z",       Needs::kProject, ' ',   true,  false },
     { Command::kRefresh,       Menu::kEquipment,  Text::kRefresh,        "refresh",     "F5",           Needs::kProject, ' ',   true,  true  },
+    { Command::kCatalogue,     Menu::kEquipment,  Text::kCatalogue,      "",            "Ctrl+K",       Needs::kProject, ' ',   false, true  },
     { Command::kFit,           Menu::kView,       Text::kFit,            "fit",         "Ctrl+0",       Needs::kView,    ' ',   true,  false },
     { Command::kIso,           Menu::kView,       Text::kIso,            "iso",         "1",            Needs::kView,    ' ',   false, true  },
     { Command::kFront,         Menu::kView,       Text::kFront,          "front",       "2",            Needs::kView,    ' ',   false, false },

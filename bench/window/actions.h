@@ -17,7 +17,7 @@ namespace vanzet::window {
 /// The commands of the menus, in their order.
 enum class Command {
   kNewProject, kOpenProject, kRecent, kSaveVdm, kLoadVdm, kSettings, kQuit,
-  kDefinition, kUpgrade, kUndo, kRefresh,
+  kDefinition, kUpgrade, kUndo, kRefresh, kCatalogue,
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kHalfSection, kMeasure, kGrid,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages, kHistory,
   kLight, kDark,

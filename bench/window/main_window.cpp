@@ -72,6 +72,7 @@ MainWindow::MainWindow(Places places)
   historyCommands_ = new HistoryCommands(workplace_, *history_, this);
   exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
   watchCommands_ = new WatchCommands(workplace_, *equipmentCommands_, *statusBar(), this);
+  catalogueCommands_ = new CatalogueCommands(workplace_, *pages_, this);
   ConnectCommands();
   ConnectParts();
   ConnectDockSwitches();
@@ -218,6 +219,9 @@ void MainWindow::ConnectCommands() {
   auto* const place = new DialogPlace(*this, memory_, this);
   connect(equipmentCommands_, &EquipmentCommands::AtWork, place,
           [place](bool isAtWork) { isAtWork ? place->Begin() : place->End(); });
+  // Picks are in the views.
+  connect(equipmentCommands_, &EquipmentCommands::AtWork, catalogueCommands_, &CatalogueCommands::Leave);
+  connect(definition_, &DefinitionDock::DeviceWanted, catalogueCommands_, &CatalogueCommands::ShowDevice);
   connect(equipment_, &EquipmentView::BodyHovered, drawing_, &DrawingView::Mark);
   connect(drawing_, &DrawingView::BodyHovered, equipment_, &EquipmentView::Mark);
   connect(drawing_, &DrawingView::BodySelected, equipment_, &EquipmentView::Select);
@@ -294,7 +298,7 @@ void MainWindow::Run(Command command, bool isOn) {
       // A dock's switch has no family: it acts by itself.
       static_cast<void>(projectCommands_->Run(command) || equipmentCommands_->Run(command) ||
                         historyCommands_->Run(command) || viewCommands_->Run(command, isOn) ||
-                        exportCommands_->Run(command));
+                        exportCommands_->Run(command) || catalogueCommands_->Run(command));
   }
 }
 

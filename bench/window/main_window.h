@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "window/actions.h"
+#include "window/catalogue/catalogue_commands.h"
 #include "window/commands/equipment_commands.h"
 #include "window/commands/export_commands.h"
 #include "window/commands/history_commands.h"
@@ -34,6 +35,7 @@ class MainWindow final : public QMainWindow {
   ~MainWindow() override;
 
   ProjectCommands& projectCommands() { return *projectCommands_; }
+  CatalogueCommands& catalogueCommands() { return *catalogueCommands_; }
   EquipmentCommands& equipmentCommands() { return *equipmentCommands_; }
 
   /// The open project; null while there is none.
@@ -100,6 +102,7 @@ class MainWindow final : public QMainWindow {
   ViewCommands* viewCommands_;
   ExportCommands* exportCommands_;
   WatchCommands* watchCommands_;
+  CatalogueCommands* catalogueCommands_;
 };
 
 }  // namespace vanzet::window

@@ -187,6 +187,21 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kWholeProject,      "The project" },
     { Text::kStoreLost,         "The store cannot be reached; trying again" },
     { Text::kStoreRegained,     "The store can be reached again." },
+
+    { Text::kCatalogue,          "&Catalogue of Devices" },
+    { Text::kSearchDevices,      "Search by name, kind or maker data; A=70..90 for a letter" },
+    { Text::kAllKinds,           "All kinds" },
+    { Text::kDeviceCount,        "%1 of %2 devices" },
+    { Text::kDevices,            "Devices" },
+    { Text::kDeviceName,         "Device" },
+    { Text::kDeviceKind,         "Kind" },
+    { Text::kOwnSolid,           "own solid" },
+    { Text::kChooseDevices,      "Select a device to see it, or two to compare them." },
+    { Text::kSameDevices,        "no difference" },
+    { Text::kUndoEdit,           "Undo the Last Edit" },
+    { Text::kContactSheet,       "Contact Sheet..." },
+    { Text::kBackToProject,      "Back to the Project" },
+    { Text::kShowInCatalogue,    "Show in the Catalogue" },
 }};
 // clang-format on
 

@@ -36,6 +36,8 @@ enum class Text {
   kUndo, kHistory, kWhen, kBy, kChange, kRestore, kRestored, kBeforeLastChange, kNothingToUndo,
   kStateThen, kStateNow, kNoSection,
   kOpenBy, kPersonOn, kSince, kWholeProject, kStoreLost, kStoreRegained,
+  kCatalogue, kSearchDevices, kAllKinds, kDeviceCount, kDevices, kDeviceName, kDeviceKind, kOwnSolid, kChooseDevices, kSameDevices,
+  kUndoEdit, kContactSheet, kBackToProject, kShowInCatalogue,
   kCount
 };
 // clang-format on

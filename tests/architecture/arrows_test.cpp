@@ -63,7 +63,7 @@ const std::map<std::string, Folders> kWorkbench = {
       "section", "results", "define", "catalogue", "show", "check", "history", "process", "devices"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
-      "results", "define", "show", "history", "devices", "process"}},
+      "results", "define", "catalogue", "show", "history", "devices", "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.

@@ -1,3 +1,4 @@
+#include <QTableView>
 #include <QTest>
 #include <cstdio>
 
@@ -14,6 +15,15 @@ using namespace vanzet::window;
 void Wait(MainWindow& window) {
   QCoreApplication::processEvents();
   static_cast<void>(QTest::qWaitFor([&] { return window.findChild<EquipmentView*>()->isSmooth(); }, 20'000));
+}
+
+void SelectTwo(MainWindow& window) {
+  QTableView& table = window.findChild<CataloguePage*>()->table();
+  table.selectRow(0);
+  table.setSelectionMode(QAbstractItemView::MultiSelection);
+  table.selectRow(1);
+  table.setSelectionMode(QAbstractItemView::ExtendedSelection);
+  QCoreApplication::processEvents();
 }
 
 }  // namespace
@@ -35,10 +45,14 @@ int main(int argc, char** argv) {
       actions[appearance]->trigger();
       actions.ActionOf(language)->trigger();
       Wait(window);
-      const QString name = QString("%1/window-%2-%3-%4.png")
-                               .arg(words[2], language, appearance == Command::kDark ? "dark" : "light")
+      const QString name = QString("%1-%2-%3.png")
+                               .arg(language, appearance == Command::kDark ? "dark" : "light")
                                .arg(window.devicePixelRatio());
-      if (!window.grab().save(name)) return 1;
+      if (!window.grab().save(words[2] + "/window-" + name)) return 1;
+      window.catalogueCommands().Show();
+      SelectTwo(window);
+      if (!window.grab().save(words[2] + "/catalogue-" + name)) return 1;
+      window.catalogueCommands().Leave();
     }
   }
   return 0;

@@ -22,9 +22,10 @@ namespace {
 constexpr int kNameWidth = 200;  // pixels
 
 constexpr int kSpurRole = Qt::UserRole;
-constexpr int kNodeRole = Qt::UserRole + 1;  // of the dialog's page; 0: none
-constexpr int kOpenRole = Qt::UserRole + 2;  // open when a project is shown first
-constexpr std::size_t kMostItems = 200;      // of a section; 3D texts have thousands
+constexpr int kNodeRole = Qt::UserRole + 1;    // of the dialog's page; 0: none
+constexpr int kOpenRole = Qt::UserRole + 2;    // open when a project is shown first
+constexpr int kDeviceRole = Qt::UserRole + 3;  // the name of the row's device; empty: none
+constexpr std::size_t kMostItems = 200;        // of a section; 3D texts have thousands
 
 /// The place of an item, as text that is the same after the tree was filled again.
 QString PlaceOf(const QTreeWidgetItem* item) {
@@ -88,6 +89,9 @@ void DefinitionDock::ShowMenu(const QPoint& place) {
   QMenu menu;
   QAction* const define = menu.addAction(texts_(Text::kDefinePart), this, [&] { AskForPage(item); });
   define->setEnabled(item->data(0, kNodeRole).toInt() != 0);
+  const QString device = item->data(0, kDeviceRole).toString();
+  menu.addAction(texts_(Text::kShowInCatalogue), this, [&] { emit DeviceWanted(device); })
+      ->setEnabled(!device.isEmpty());
   menu.addAction(texts_(Text::kCopyRow), this, [&] {
     QApplication::clipboard()->setText((item->text(0) + " " + item->text(1)).trimmed());
   });
@@ -154,6 +158,7 @@ void DefinitionDock::AddEquipment(QTreeWidgetItem* parent, const results::SpurDe
     auto* const item = new QTreeWidgetItem(above[level], {ToQString(row.label), ToQString(row.value)});
     item->setData(0, kNodeRole, NodeOf(row, equipment));
     item->setData(0, kOpenRole, level == 0);
+    item->setData(0, kDeviceRole, ToQString(DeviceOf(row, equipment)));
     item->setToolTip(1, item->text(1));
     above.resize(level + 1);
     above.push_back(item);

@@ -27,6 +27,8 @@ class DefinitionDock final : public QDockWidget {
   void SpurActivated(int spur);
   /// The user wants the page of the dialog with this node.
   void PageWanted(int spur, std::int32_t node);
+  /// The user wants to see that device in the catalogue.
+  void DeviceWanted(const QString& name);
 
  private:
   void Retranslate();

@@ -58,4 +58,14 @@ std::int32_t NodeOf(const scene::SceneBody& body, const scene::Equipment& equipm
   return NodeOfPart(PartOf(body.kind), body.name.starts_with("sub ") ? 1 : 0, equipment);
 }
 
+std::string DeviceOf(const show::Row& row, const scene::Equipment& equipment) {
+  const scene::Spindle& spindle = equipment.spindles[row.spindle];
+  switch (row.part) {
+    case show::Part::kClamp: return spindle.clamp.name;
+    case show::Part::kJaw: return spindle.jaw.name;
+    case show::Part::kCenter: return equipment.center.name;
+    default: return {};
+  }
+}
+
 }  // namespace vanzet::window

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "scene/equipment.h"
 #include "scene/scene.h"
@@ -13,5 +14,8 @@ std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment);
 
 /// The same of a body of the equipment.
 std::int32_t NodeOf(const scene::SceneBody& body, const scene::Equipment& equipment);
+
+/// The name of the device of the catalogue that a row is about; empty: none.
+std::string DeviceOf(const show::Row& row, const scene::Equipment& equipment);
 
 }  // namespace vanzet::window

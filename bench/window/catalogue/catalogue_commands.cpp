@@ -1,0 +1,146 @@
+#include "window/catalogue/catalogue_commands.h"
+
+#include <QBuffer>
+#include <QFileDialog>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <utility>
+
+#include "base/files/whole_file.h"
+#include "base/letter_case.h"
+#include "catalogue/picture.h"
+#include "project/catalogue.h"
+#include "project/settings_file.h"
+#include "window/qt_text.h"
+
+namespace vanzet::window {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kReload = 100;  // milliseconds
+
+Result<fs::path> CatalogueOf(const project::Project& project) {
+  VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value(project::kCatalogueSetting));
+  return project::CatalogueFile(project, setting);
+}
+
+std::string PngOf(const std::string& svg) {
+  QSvgRenderer renderer(QByteArray::fromStdString(svg));
+  QImage image(renderer.defaultSize(), QImage::Format_RGB32);
+  QPainter painter(&image);
+  renderer.render(&painter);
+  painter.end();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  image.save(&buffer, "PNG");
+  return bytes.toStdString();
+}
+
+}  // namespace
+
+CatalogueCommands::CatalogueCommands(Workplace& workplace, QStackedWidget& pages, QObject* parent)
+    : QObject(parent), workplace_(workplace), pages_(pages), page_(new CataloguePage(workplace.texts)) {
+  pages_.addWidget(page_);
+  reload_.setSingleShot(true);
+  reload_.setInterval(kReload);
+  connect(&reload_, &QTimer::timeout, this, &CatalogueCommands::Reload);
+  connect(&files_, &QFileSystemWatcher::fileChanged, this, [this] { reload_.start(); });
+  connect(&files_, &QFileSystemWatcher::directoryChanged, this, [this] { reload_.start(); });
+  connect(page_, &CataloguePage::EditWanted, this, &CatalogueCommands::Edit);
+  connect(page_, &CataloguePage::UndoWanted, this, &CatalogueCommands::Undo);
+  connect(page_, &CataloguePage::SheetWanted, this, &CatalogueCommands::AskForSheet);
+  connect(page_, &CataloguePage::Left, this, &CatalogueCommands::Leave);
+}
+
+bool CatalogueCommands::Run(Command command) {
+  if (command != Command::kCatalogue) return false;
+  pages_.currentWidget() == page_ ? Leave() : Show();
+  return true;
+}
+
+void CatalogueCommands::Show() {
+  if (const auto opened = Open(); !opened) return workplace_.reportFault(opened.fault());
+  if (pages_.currentWidget() != page_) former_ = pages_.currentIndex();
+  pages_.setCurrentWidget(page_);
+}
+
+void CatalogueCommands::ShowDevice(const QString& name) {
+  Show();
+  page_->Find(name);
+}
+
+void CatalogueCommands::Leave() {
+  if (pages_.currentWidget() == page_) pages_.setCurrentIndex(former_);
+}
+
+/// The catalogue of the project, which can be another one than before.
+Result<void> CatalogueCommands::Open() {
+  VANZET_TRY(const auto file, CatalogueOf(workplace_.session->project()));
+  if (!edits_ || edits_->file() != file) edits_ = std::make_unique<DeviceEdits>(file);
+  VANZET_TRY(auto shop, edits_->Read());
+  page_->SetFault({});
+  page_->SetCanUndo(edits_->CanUndo());
+  page_->Show(std::move(shop));
+  Watch();
+  return {};
+}
+
+/// A catalogue is written by a new file in the place of the old one, which only the folder shows.
+void CatalogueCommands::Watch() {
+  if (const QStringList former = files_.files() + files_.directories(); !former.isEmpty())
+    files_.removePaths(former);
+  const fs::path file = edits_->file();
+  files_.addPath(ToQString(file));
+  files_.addPath(ToQString(file.parent_path()));
+}
+
+void CatalogueCommands::Reload() {
+  if (pages_.currentWidget() != page_) return;
+  if (page_->IsEditing()) return reload_.start();
+  auto shop = edits_->Read();
+  if (!shop) return page_->SetFault(ToQString(shop.fault().Message()));
+  const catalogue::Shop& shown = page_->model().shop();
+  const bool isSame =
+      shop->catalogue.Text() == shown.catalogue.Text() && shop->maker.Text() == shown.maker.Text();
+  if (!isSame) page_->Show(std::move(*shop));
+  Watch();
+}
+
+void CatalogueCommands::Edit(const QString& device, int column, const QString& text) {
+  const DeviceModel::Field field = DeviceModel::FieldOf(column);
+  const std::string name = device.toStdString(), typed = text.toStdString();
+  ShowResult(field.letter ? edits_->SetLetter(name, *field.letter, typed)
+                          : edits_->SetFigure(name, field.key, typed));
+}
+
+void CatalogueCommands::Undo() {
+  ShowResult(edits_->Undo());
+}
+
+void CatalogueCommands::ShowResult(Result<catalogue::Shop> changed) {
+  page_->SetFault(changed ? QString() : ToQString(changed.fault().Message()));
+  page_->SetCanUndo(edits_->CanUndo());
+  if (changed) page_->Show(std::move(*changed));
+}
+
+void CatalogueCommands::AskForSheet() {
+  const QString suggested = ToQString(workplace_.session->project().folder() / "catalogue.svg");
+  const QString file =
+      QFileDialog::getSaveFileName(workplace_.window, TitleOf(workplace_.texts(Text::kContactSheet)),
+                                   suggested, "SVG (*.svg);;PNG (*.png)");
+  if (file.isEmpty()) return;
+  const auto written = WriteSheet(ToPath(file));
+  page_->SetFault(written ? QString() : ToQString(written.fault().Message()));
+}
+
+Result<void> CatalogueCommands::WriteSheet(const fs::path& file) const {
+  VANZET_TRY(const std::string svg, catalogue::SheetOf(page_->model().Devices()));
+  const bool isPng = EqualWithoutCase(file.extension().string(), ".png");
+  VANZET_DO(files::ReplaceFile(file, isPng ? PngOf(svg) : svg));
+  workplace_.reportDone(workplace_.texts(Text::kWritten).arg(ToQString(file)));
+  return {};
+}
+
+}  // namespace vanzet::window

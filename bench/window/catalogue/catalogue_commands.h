@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QFileSystemWatcher>
+#include <QStackedWidget>
+#include <QTimer>
+#include <memory>
+
+#include "window/actions.h"
+#include "window/catalogue/catalogue_page.h"
+#include "window/catalogue/device_edits.h"
+#include "window/commands/workplace.h"
+
+namespace vanzet::window {
+
+/// The page of the catalogue among the pages of the window: showing it, its edits, and its sheet. What others
+/// change in the catalogue is shown as soon as no value is being typed.
+class CatalogueCommands final : public QObject {
+  Q_OBJECT
+ public:
+  CatalogueCommands(Workplace& workplace, QStackedWidget& pages, QObject* parent);
+
+  /// False for a command of another menu.
+  bool Run(Command command);
+
+  // Requires: a project is open.
+  void Show();
+  void ShowDevice(const QString& name);
+
+  /// Goes back to the page that was shown before.
+  void Leave();
+
+  /// Writes a sheet of the devices that are listed, as SVG or PNG by the ending of its name.
+  Result<void> WriteSheet(const std::filesystem::path& file) const;
+
+ private:
+  Result<void> Open();
+  void Edit(const QString& device, int column, const QString& text);
+  void Undo();
+  void AskForSheet();
+  void ShowResult(Result<catalogue::Shop> changed);
+  void Watch();
+  void Reload();
+
+  Workplace& workplace_;
+  QStackedWidget& pages_;
+  CataloguePage* page_;
+  int former_ = 0;  ///< the page before
+  std::unique_ptr<DeviceEdits> edits_;
+  QFileSystemWatcher files_;
+  QTimer reload_;
+};
+
+}  // namespace vanzet::window

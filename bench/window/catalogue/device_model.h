@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QPalette>
+#include <QSize>
+#include <optional>
+#include <vector>
+
+#include "catalogue/query.h"
+#include "window/texts.h"
+
+namespace vanzet::window {
+
+/// The devices of a catalogue that fit a search, as a table: name, kind, letters A to J, maker data. Cells
+/// are made when they are shown, so that the number of devices costs nothing.
+class DeviceModel final : public QAbstractTableModel {
+  Q_OBJECT
+ public:
+  explicit DeviceModel(const Texts& texts, QObject* parent);
+
+  static constexpr int kName = 0, kKind = 1, kFirstLetter = 2, kLetters = 10,
+                       kFirstFigure = kFirstLetter + kLetters;
+  static constexpr QSize kThumbnail = {72, 40};
+
+  /// The value of an edited cell: a letter, or else the key of a figure.
+  struct Field {
+    std::optional<char> letter;
+    std::string key = {};
+  };
+  static Field FieldOf(int column);
+
+  /// Shows another catalogue, or another state of it.
+  void Show(catalogue::Shop shop);
+  void Filter(catalogue::Query query);
+  /// The colours and the sharpness of the small pictures.
+  void SetLook(const QPalette& palette, qreal pixelRatio);
+  void Retranslate();
+
+  const catalogue::Shop& shop() const { return shop_; }
+  const catalogue::Entry& DeviceAt(int row) const;
+  /// The row of the first device of that name; nothing when it does not fit the search.
+  std::optional<int> RowOf(const std::string& name) const;
+  std::vector<const catalogue::Entry*> Devices() const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /// Asks for the change by `EditWanted`; the cell changes with the catalogue.
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+ signals:
+  void EditWanted(const QString& device, int column, const QString& text);
+
+ private:
+  std::vector<std::size_t> Search() const;
+  QString TextAt(const catalogue::Entry& entry, int column, bool isEdited) const;
+  QString LetterText(const catalogue::Entry& entry, char letter, bool isEdited) const;
+  QString FigureText(const catalogue::Entry& entry, int column, bool isEdited) const;
+  QString NameOf(const catalogue::Entry& entry, int column) const;
+
+  const Texts& texts_;
+  catalogue::Shop shop_;
+  catalogue::Query query_;
+  std::vector<std::size_t> found_;  ///< their places in the catalogue
+  QPalette palette_;
+  qreal pixelRatio_ = 1;
+};
+
+}  // namespace vanzet::window
