@@ -21,9 +21,13 @@ namespace fs = std::filesystem;
 
 constexpr int kReload = 100;  // milliseconds
 
-Result<fs::path> CatalogueOf(const project::Project& project) {
+Result<catalogue::ShopPlace> CatalogueOf(const project::Project& project) {
   VANZET_TRY(const auto setting, project::SettingsFile(project.folder()).Value(project::kCatalogueSetting));
-  return project::CatalogueFile(project, setting);
+  return catalogue::PlaceOf(project, setting);
+}
+
+bool IsSame(const catalogue::ShopPlace& a, const catalogue::ShopPlace& b) {
+  return a.file == b.file && a.connection == b.connection;
 }
 
 std::string PngOf(const std::string& svg) {
@@ -77,8 +81,8 @@ void CatalogueCommands::Leave() {
 
 /// The catalogue of the project, which can be another one than before.
 Result<void> CatalogueCommands::Open() {
-  VANZET_TRY(const auto file, CatalogueOf(workplace_.session->project()));
-  if (!edits_ || edits_->file() != file) edits_ = std::make_unique<DeviceEdits>(file);
+  VANZET_TRY(const auto place, CatalogueOf(workplace_.session->project()));
+  if (!edits_ || !IsSame(edits_->place(), place)) edits_ = std::make_unique<DeviceEdits>(place);
   VANZET_TRY(auto shop, edits_->Read());
   page_->SetFault({});
   page_->SetCanUndo(edits_->CanUndo());
@@ -91,7 +95,7 @@ Result<void> CatalogueCommands::Open() {
 void CatalogueCommands::Watch() {
   if (const QStringList former = files_.files() + files_.directories(); !former.isEmpty())
     files_.removePaths(former);
-  const fs::path file = edits_->file();
+  const fs::path file = edits_->place().file;
   files_.addPath(ToQString(file));
   files_.addPath(ToQString(file.parent_path()));
 }

@@ -12,6 +12,13 @@ namespace vanzet::window {
 using catalogue::MakerJson;
 using catalogue::Shop;
 
+namespace {
+
+/// The word for the history.
+constexpr const char* kOccasion = "catalogue";
+
+}  // namespace
+
 Result<DeviceEdits::State> DeviceEdits::StateOf(const Shop& shop, const std::string& device) {
   const catalogue::Entry* const entry = shop.catalogue.Find(device);
   if (entry == nullptr) {
@@ -33,7 +40,7 @@ Result<Shop> DeviceEdits::Change(const std::string& device, const Work& work, Ed
     changed = shop;
     return true;
   };
-  VANZET_DO(catalogue::ChangeShop(file_, change));
+  VANZET_DO(catalogue::ChangeShop(place_, kOccasion, change));
   return changed;
 }
 

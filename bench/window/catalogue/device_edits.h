@@ -1,12 +1,12 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "catalogue/shop.h"
+#include "catalogue/shop_place.h"
 
 namespace vanzet::window {
 
@@ -14,10 +14,10 @@ namespace vanzet::window {
 /// back. What other programs write meanwhile stays.
 class DeviceEdits {
  public:
-  explicit DeviceEdits(std::filesystem::path file) : file_(std::move(file)) {}
+  explicit DeviceEdits(catalogue::ShopPlace place) : place_(std::move(place)) {}
 
   /// The catalogue as it is now.
-  Result<catalogue::Shop> Read() const { return catalogue::ReadShop(file_); }
+  Result<catalogue::Shop> Read() const { return catalogue::ReadShop(place_); }
 
   // Each returns the catalogue as it was written.
   // Errors   a value that the catalogue refuses; a device that is gone; those of `catalogue::ChangeShop`
@@ -30,7 +30,7 @@ class DeviceEdits {
   Result<catalogue::Shop> Undo();
   bool CanUndo() const { return !undo_.empty(); }
 
-  const std::filesystem::path& file() const { return file_; }
+  const catalogue::ShopPlace& place() const { return place_; }
 
  private:
   /// A device with its figures.
@@ -50,7 +50,7 @@ class DeviceEdits {
   Result<catalogue::Shop> Change(const std::string& device, const Work& work, Edit& edit) const;
   Result<catalogue::Shop> ChangeAndNote(const std::string& device, const Work& work);
 
-  std::filesystem::path file_;
+  catalogue::ShopPlace place_;
   std::vector<Edit> undo_;
 };
 
