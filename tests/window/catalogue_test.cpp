@@ -1,6 +1,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 
 #include "support/places.h"
@@ -56,8 +57,10 @@ class CatalogueOfTheWindow : public WindowTest {
     ASSERT_NE(edit, nullptr) << "the cell cannot be edited";
     edit->selectAll();
     QTest::keyClicks(edit, text);
+    const QSignalSpy written(&page(), &window::CataloguePage::EditWanted);
     QTest::keyClick(edit, Qt::Key_Return);
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !written.isEmpty(); }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
   void ClickButton(const QString& text) {
@@ -117,7 +120,7 @@ TEST_F(CatalogueOfTheWindow, WritesAValueThatIsTypedIntoItsCellAndTakesItBack) {
 TEST_F(CatalogueOfTheWindow, RefusesWhatTheDialogRefuses) {
   const std::string before = File();
   Type(kDevice, kA, "0");
-  EXPECT_THAT(page().Fault().toStdString(), HasSubstr("needs a value of A"));
+  EXPECT_THAT(page().Fault().toStdString(), HasSubstr("A (0) must be above 0"));
   Type(kDevice, kA, "abc");
   EXPECT_EQ(page().Fault(), "A: expected a number, found 'abc'");
   EXPECT_EQ(File(), before);
@@ -169,8 +172,8 @@ TEST_F(CatalogueOfTheWindow, DrawsASheetOfTheDevicesThatAreListed) {
   EXPECT_FALSE(window->catalogueCommands().WriteSheet(folder / "none.svg"));
 }
 
-TEST_F(CatalogueOfTheWindow, IsLeftByEscapeAndByItsKeys) {
-  QTest::keyClick(&page().table(), Qt::Key_Escape);
+TEST_F(CatalogueOfTheWindow, IsLeftByItsButtonAndByItsKeys) {
+  ClickButton("Back to the Project");
   EXPECT_TRUE(drawing().isVisible());
   actions()[Command::kCatalogue]->trigger();
   EXPECT_TRUE(page().isVisible());

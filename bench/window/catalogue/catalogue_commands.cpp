@@ -68,6 +68,7 @@ void CatalogueCommands::Show() {
   if (const auto opened = Open(); !opened) return workplace_.reportFault(opened.fault());
   if (pages_.currentWidget() != page_) former_ = pages_.currentIndex();
   pages_.setCurrentWidget(page_);
+  page_->setFocus();
 }
 
 void CatalogueCommands::ShowDevice(const QString& name) {

@@ -51,6 +51,7 @@ CataloguePage::CataloguePage(const Texts& texts, QWidget* parent)
   rows->addLayout(beside, 1);
   rows->addWidget(MakeButtons());
   AddKeys();
+  setFocusProxy(search_);
   typing_.setSingleShot(true);
   typing_.setInterval(kTyping);
   connect(&typing_, &QTimer::timeout, this, &CataloguePage::Filter);

@@ -84,6 +84,8 @@ void DevicePanel::Draw() {
       continue;
     }
     const auto svg = catalogue::PictureOf(devices_[i]);
+    // A picture in a label that breaks lines makes it as high as if it were text.
+    labels[i]->setWordWrap(!svg);
     if (svg) {
       labels[i]->setPixmap(PixmapOf(*svg, *this));
     } else {
