@@ -1,3 +1,4 @@
+#include "base/number_text.h"
 #include "dxf_fixture.h"
 
 namespace vanzet::contour {
@@ -88,8 +89,8 @@ TEST_F(DxfRemarksTest, OverlapsAreFoundInEveryDirection) {
   for (int degrees = -180; degrees <= 180; degrees += 15) {
     const double x = std::cos(degrees * kPi / 180), y = std::sin(degrees * kPi / 180);
     const auto line = [&](double from, double to) {
-      return "0 LINE|10 " + std::to_string(x * from) + "|20 " + std::to_string(y * from) + "|11 " +
-             std::to_string(x * to) + "|21 " + std::to_string(y * to);
+      return "0 LINE|10 " + FixedText(x * from, 6) + "|20 " + FixedText(y * from, 6) + "|11 " +
+             FixedText(x * to, 6) + "|21 " + FixedText(y * to, 6);
     };
     for (const char* way : {"there", "back"}) {
       const bool isBack = way[0] == 'b';
