@@ -100,6 +100,14 @@ TEST_F(GuidePage, OfScriptsContinuesTheFirstJob) {
   EXPECT_THAT(shown, testing::ContainsRegex(" Outer diameter +42 mm\n"));
 }
 
+TEST_F(GuidePage, OfChecksFindsNothingInTheExample) {
+  std::filesystem::create_directory_symlink(VANZET_SOURCE_DIR "/examples", folder / "examples");
+  const std::vector<Step> steps = StepsOf(VANZET_SOURCE_DIR "/docs/guide/check.md");
+  ASSERT_EQ(steps.size(), 4U);
+  Type(steps);
+  EXPECT_TRUE(std::filesystem::exists(folder / "section.svg"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, Guide, testing::Values("README.md", "docs/guide/first-job.md"),
                          [](const auto& page) {
                            return std::filesystem::path(page.param).stem().string() == "README" ? "Readme"
