@@ -116,14 +116,14 @@ bool IsBlank(const Entry& entry) {
 
 }  // namespace
 
-Catalogue Catalogue::Read(std::string content) {
+Catalogue Catalogue::Read(std::string text) {
   Catalogue catalogue;
-  const std::string_view text = catalogue.Keep(std::move(content));
-  const std::size_t end = text.find('\n');
-  if (end != std::string_view::npos && end > 0 && text[end - 1] == '\r') catalogue.lineEnd_ = "\r\n";
+  const std::string_view kept = catalogue.Keep(std::move(text));
+  const std::size_t end = kept.find('\n');
+  if (end != std::string_view::npos && end > 0 && kept[end - 1] == '\r') catalogue.lineEnd_ = "\r\n";
   constexpr std::size_t kUsualBytes = 100;
-  catalogue.entries_.reserve(text.size() / kUsualBytes + 1);
-  LineReader reader(text);
+  catalogue.entries_.reserve(kept.size() / kUsualBytes + 1);
+  LineReader reader(kept);
   for (Line name, values; reader.Next(name);) {
     catalogue.entries_.push_back(EntryOf(name, reader.Next(values) ? &values : nullptr));
   }

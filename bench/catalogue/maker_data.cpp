@@ -133,7 +133,7 @@ std::string MakerText(const MakerJson& value) {
 
 MakerJson ShownIn(const MakerJson& figures, LengthUnit unit) {
   MakerJson shown = figures;
-  for (auto& [name, value] : shown.items()) {
+  for (const auto& [name, value] : shown.items()) {
     const MakerKey* const key = FindMakerKey(name);
     if (key == nullptr || !key->IsLength()) continue;
     value = WithLengths(value, [=](double length) { return RoundedInUnit(length, unit); });
@@ -220,7 +220,7 @@ void MakerData::Put(const std::string& device, const MakerJson* figures) {
 MakerData MakerData::ShownIn(LengthUnit unit) const {
   MakerData shown = *this;
   if (shown.json_.is_null()) return shown;
-  for (auto& [device, figures] : shown.json_.at(kDevices).items())
+  for (const auto& [device, figures] : shown.json_.at(kDevices).items())
     figures = catalogue::ShownIn(figures, unit);
   return shown;
 }

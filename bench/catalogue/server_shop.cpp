@@ -195,6 +195,7 @@ Result<std::vector<PastDevice>> ServerShop::History(const std::string& name) {
   if (!rows) return std::vector<PastDevice>();
   auto states = PastDevicesOf(*rows);
   std::vector<std::int64_t> numbers;
+  numbers.reserve(states.size());
   for (const PastDevice& state : states) numbers.push_back(state.generation.number);
   VANZET_TRY(const auto found, session_->Read({kGenerations, {Name(), PostgresValue::Integers(numbers)}}));
   if (!found) return std::vector<PastDevice>();

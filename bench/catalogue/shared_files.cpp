@@ -152,8 +152,8 @@ Result<void> SharedFiles::BringFromServer(const Files& files) const {
 
 /// Keeps the files in a folder beside them, where they have other devices than the server.
 Result<SharedFiles::Notes> SharedFiles::SetAside(const Files& files, const Shop& shop) const {
-  VANZET_TRY(const auto now, ReadShop(place_));
-  if (DifferencesOf(now, shop).empty()) return Notes();
+  VANZET_TRY(const auto found, ReadShop(place_));
+  if (DifferencesOf(found, shop).empty()) return Notes();
   fs::path folder = FolderOf(place_.file) / (place_.file.stem().string() + ".former");
   std::error_code error;
   for (int i = 2; !fs::create_directory(folder, error) && !error && i < kMostFolders; ++i) {

@@ -116,6 +116,7 @@ std::vector<double> AnglesFor(const HalfSection& a, const HalfSection& b) {
   if (a.IsJaw()) return {a.Angle()};
   if (b.IsJaw()) return {b.Angle()};
   std::vector<double> angles;
+  angles.reserve(kPlanes);
   for (int i = 0; i < kPlanes; ++i) angles.push_back(i * 360.0 / kPlanes);
   return angles;
 }

@@ -26,12 +26,13 @@ Region Mirrored(const Region& region) {
   Region mirrored;
   for (const RegionLoop& loop : region.loops) {
     RegionLoop& turned = mirrored.loops.emplace_back();
-    for (auto span = loop.spans.rbegin(); span != loop.spans.rend(); ++span) {
-      RegionSpan& each = turned.spans.emplace_back(*span);
-      each.p0 = mirror(span->p1);
-      each.p1 = mirror(span->p0);
-      each.pc = mirror(span->pc);
+    for (const RegionSpan& span : loop.spans) {
+      RegionSpan& each = turned.spans.emplace_back(span);
+      each.p0 = mirror(span.p1);
+      each.p1 = mirror(span.p0);
+      each.pc = mirror(span.pc);
     }
+    std::ranges::reverse(turned.spans);
   }
   return mirrored;
 }

@@ -76,7 +76,7 @@ void Checker::CatalogueDevice(const Place& device, const DeviceRow& row) {
   if (!IsText(device["name"])) return;
   const auto name = device["name"].json.get<std::string>();
   const auto found = surroundings_.catalogue.find(name);
-  const auto known = found == surroundings_.catalogue.end() ? nullptr : &found->second;
+  const auto* const known = found == surroundings_.catalogue.end() ? nullptr : &found->second;
   const std::int32_t type = TypeOf(device, row, known);
   if (type == 0) return;
   const bool isKnown = known && known->type == type;

@@ -55,7 +55,7 @@ class MeshCut {
     std::ranges::transform(place, key.begin(), [](double value) { return std::llround(value * kSteps); });
     const auto [found, isNew] = numbers_.try_emplace(key, points_.size());
     // A point on the plane counts as above it: the plane never passes through a point.
-    if (isNew) points_.push_back({point.x, point.y, key[2] == 0 ? 0 : point.z});
+    if (isNew) points_.emplace_back(point.x, point.y, key[2] == 0 ? 0 : point.z);
     indices_.push_back(found->second);
   }
 

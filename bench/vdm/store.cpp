@@ -43,7 +43,9 @@ VdmStore::VdmStore(const std::filesystem::path& folder, std::int64_t keep)
 }
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::filesystem::path lockFile)
-    : VdmStore(std::move(engine), std::make_unique<VdmLocks>(lockFile), lockFile.parent_path()) {}
+    : engine_(std::move(engine)),
+      folder_(lockFile.parent_path()),
+      locks_(std::make_unique<VdmLocks>(std::move(lockFile))) {}
 
 VdmStore::VdmStore(std::unique_ptr<StoreEngine> engine, std::unique_ptr<StoreLocks> locks,
                    std::filesystem::path folder, std::int64_t keep)

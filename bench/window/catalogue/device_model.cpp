@@ -136,7 +136,7 @@ QString DeviceModel::TextAt(const Entry& entry, int column, bool isEdited) const
                           : FigureText(entry, column, isEdited);
 }
 
-QString DeviceModel::LetterText(const Entry& entry, char letter, bool isEdited) const {
+QString DeviceModel::LetterText(const Entry& entry, char letter, bool isEdited) {
   const devices::Letter* const row = devices::FindLetter(entry.params.type, letter);
   if (row == nullptr) return {};
   const QString number = ToQString(ShortDecimalText(ValueOf(entry.params, letter), kDecimals));

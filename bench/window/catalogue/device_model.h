@@ -56,7 +56,7 @@ class DeviceModel final : public QAbstractTableModel {
  private:
   std::vector<std::size_t> Search() const;
   QString TextAt(const catalogue::Entry& entry, int column, bool isEdited) const;
-  QString LetterText(const catalogue::Entry& entry, char letter, bool isEdited) const;
+  static QString LetterText(const catalogue::Entry& entry, char letter, bool isEdited);
   QString FigureText(const catalogue::Entry& entry, int column, bool isEdited) const;
   QString NameOf(const catalogue::Entry& entry, int column) const;
 
