@@ -83,7 +83,10 @@ MainWindow::MainWindow(Places places)
   if (!painter_) ReportFault(painter_.fault());
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+  // A table that is hidden asks its model for headings, which are made of the texts of this window.
+  hide();
+}
 
 void MainWindow::MakeCentre() {
   hint_ = new HintBar;
