@@ -136,12 +136,24 @@ int SetAxes(const Vector3d& normal, Vector3d& xAxis, Vector3d& yAxis);
 
 /// A point of the plane. A failed construction is a point whose `ok` is false; callers check `ok`, never the
 /// coordinates.
+///
+/// Copies are made by members. The compiler's own copy moves 16 bytes and then 8, and a reader of both
+/// coordinates has to wait until these two are stored: a sixth of the time of an offset.
 struct Point {
   bool ok = false;
   double x = 0, y = 0;
 
   constexpr Point() = default;
   constexpr Point(double px, double py) : ok(true), x(px), y(py) {}
+  // NOLINTNEXTLINE(modernize-use-equals-default): see above
+  constexpr Point(const Point& p) : ok(p.ok), x(p.x), y(p.y) {}
+  // NOLINTNEXTLINE(modernize-use-equals-default)
+  constexpr Point& operator=(const Point& p) {
+    ok = p.ok;
+    x = p.x;
+    y = p.y;
+    return *this;
+  }
   Point(const Point& centre, double radius, double degrees);  ///< polar
   explicit Point(const Point3d& p);                           ///< drops z
 

@@ -21,8 +21,8 @@
 ///          arranged. If that holds for all spans, each loop is a boundary or is left out, by its winding
 ///          number; otherwise runs of them are edges as a whole
 /// Accuracy vertices within a few r; arcs keep their centre and radius
-/// Cost     n log n for contours whose spans are near few others; less than `KurveEx::Offset` for offsets
-///          whose curves do not meet
+/// Cost     n log n for contours whose spans are near few others; up to one and a half times that of
+///          `KurveEx::Offset` for offsets whose curves do not meet
 namespace geometry {
 
 /// A line or an arc of a region's boundary. `ID` and words are those of the span that it is a part of.

@@ -55,7 +55,8 @@ class Span {
   IndexWord index0 = 0, index1 = 0;
   bool propertiesSet = false;
 
-  Span() = default;
+  /// Written out, so that a new element of a vector is not cleared as a whole before its members are set.
+  constexpr Span() {}  // NOLINT(modernize-use-equals-default)
   /// These three run `SetProperties`.
   Span(int direction, const Point& start, const Point& end, const Point& centre, std::uint32_t id = UNMARKED,
        IndexWord word0 = 0, IndexWord word1 = 0);

@@ -49,10 +49,9 @@ void KurveEx::Clear() {
 }
 
 void KurveEx::Start(const Point& p) {
-  const Point first = p;  // `p` may belong to this contour
+  const Point first(p.x, p.y);  // `p` may belong to this contour
   Clear();
   start = first;
-  start.ok = true;
 }
 
 /// Takes a span into the totals, or out of them with sign -1.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -47,28 +48,35 @@ class RawOffset {
   }
 
  private:
-  /// The number of corners that gape, about. Of many spans some are looked at, in pieces all along.
+  /// The number of roll arcs, about. Of many spans some are looked at, in pieces all along.
   std::size_t MostRollArcs() const {
     constexpr std::size_t kPieces = 64;
     constexpr std::size_t kOfAPiece = 64;
     const std::size_t n = spans_.size();
-    if (n <= kPieces * kOfAPiece) return 2 + GapingCorners(1, n);
+    if (n <= kPieces * kOfAPiece) return 2 + RollArcsBetween(1, n);
     std::size_t seen = 0;
     for (std::size_t piece = 0; piece < kPieces; ++piece) {
       const std::size_t begin = 1 + piece * (n - kOfAPiece - 1) / kPieces;
-      seen += GapingCorners(begin, begin + kOfAPiece);
+      seen += RollArcsBetween(begin, begin + kOfAPiece);
     }
     // A twentieth more than expected; for still more the storage grows.
     return 2 + n / 20 + seen * n / (kPieces * kOfAPiece);
   }
 
-  std::size_t GapingCorners(std::size_t begin, std::size_t end) const {
-    std::size_t corners = 0;
+  std::size_t RollArcsBetween(std::size_t begin, std::size_t end) const {
+    std::size_t arcs = 0;
     for (std::size_t i = begin; i < end; ++i) {
-      const Vector2d swing = spans_[i].vs - spans_[i - 1].ve;
-      if (Dot(swing, swing) * sense_.off * sense_.off > TOLERANCE * TOLERANCE) ++corners;
+      if (GetsRollArc(spans_[i - 1], spans_[i])) ++arcs;
     }
-    return corners;
+    return arcs;
+  }
+
+  /// A corner gets one when it gapes, or when its neighbours are too short to cross.
+  bool GetsRollArc(const Span& before, const Span& after) const {
+    const Vector2d swing = after.vs - before.ve;
+    const double gap = Dot(swing, swing) * sense_.off * sense_.off;
+    const double shorter = std::min(before.length, after.length);
+    return gap > TOLERANCE * TOLERANCE && (gap > shorter * shorter || !sense_.Inward(before, after));
   }
 
   /// The span before the first one is the last. A null source at the seam gets its roll arc here, but only
