@@ -13,7 +13,9 @@ std::filesystem::path ProgramFile() {
 std::filesystem::path ShareFolder(const std::filesystem::path& programFolder) {
   const char* const named = std::getenv("VANZET_SHARE");
   if (named != nullptr && *named != '\0') return named;
-  return programFolder.parent_path() / "share" / "vanzet";
+  const std::filesystem::path root = programFolder.parent_path();
+  const bool isInstalledLibrary = programFolder.filename() == "vanzet" && root.filename() == "lib";
+  return (isInstalledLibrary ? root.parent_path() : root) / "share" / "vanzet";
 }
 
 Places Places::OfProcess() {

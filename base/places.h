@@ -8,7 +8,7 @@ namespace vanzet {
 std::filesystem::path ProgramFile();
 
 /// The folder of the workbench's own files: that of the environment variable VANZET_SHARE, else
-/// ../share/vanzet beside the folder of a program or library.
+/// share/vanzet beside the folder of programs, lib or lib/vanzet.
 std::filesystem::path ShareFolder(const std::filesystem::path& programFolder);
 
 /// The running program and its own files.

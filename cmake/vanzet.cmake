@@ -70,7 +70,7 @@ function(vanzet_loaded_library name)
   if(NOT VANZET_SANITIZE)
     target_link_options(${target} PRIVATE LINKER:-z,defs)
   endif()
-  install(TARGETS ${target} LIBRARY DESTINATION lib)
+  install(TARGETS ${target} LIBRARY DESTINATION lib/vanzet)
 endfunction()
 
 # What tests are compiled with, of which there are many: little optimisation, none under the sanitizers, and undefined

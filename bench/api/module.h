@@ -7,8 +7,8 @@
 
 namespace vanzet::api {
 
-/// Finds the module next to the executable `program`, then in ../lib; the environment variable VANZET_MODULE
-/// overrides both. Fails with `kMissing` and the names of both places.
+/// Finds the module as `process::FindLibrary` does; the environment variable VANZET_MODULE names another.
+/// Fails with `kMissing` and the names of the places.
 Result<std::filesystem::path> FindModule(const std::filesystem::path& program);
 
 /// Loads the module, calls one of its exports ("ReOrgVdm", "mstart") on `host`, and unloads it. A VDM that

@@ -23,12 +23,14 @@ Fault LoaderFault(const fs::path& library) {
 
 Result<fs::path> FindLibrary(const fs::path& program, const char* file) {
   const fs::path beside = program.parent_path() / file;
-  const fs::path inLib = program.parent_path().parent_path() / "lib" / file;
+  const fs::path lib = program.parent_path().parent_path() / "lib";
+  const fs::path installed = lib / "vanzet" / file, built = lib / file;
   std::error_code error;
-  for (const fs::path& place : {beside, inLib}) {
+  for (const fs::path& place : {beside, installed, built}) {
     if (fs::exists(place, error)) return place;
   }
-  return Fault{.text = std::string(file) + " is neither at " + beside.string() + " nor at " + inLib.string(),
+  return Fault{.text = std::string(file) + " is neither at " + beside.string() + " nor at " +
+                       installed.string() + " nor at " + built.string(),
                .kind = FaultKind::kMissing};
 }
 

@@ -8,8 +8,8 @@
 /// it, since the libraries from outside that it brings along take longer to load than most commands to run.
 namespace vanzet::process {
 
-/// Finds a library next to the executable `program`, then in ../lib. Fails with `kMissing` and the names of
-/// both places.
+/// Finds a library next to the executable `program`, then in ../lib/vanzet of an installation, then in ../lib
+/// of a build folder. Fails with `kMissing` and the names of all three places.
 Result<std::filesystem::path> FindLibrary(const std::filesystem::path& program, const char* file);
 
 /// Loads the library, calls its function of that name, which has no arguments, and returns the address that

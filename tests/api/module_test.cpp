@@ -11,10 +11,12 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-TEST(FindModule, LooksBesideTheProgramAndThenInLib) {
+TEST(FindModule, LooksBesideTheProgramThenWhereItIsInstalledThenWhereItIsBuilt) {
   const TemporaryFolder folder;
   WriteBytes(folder / "lib/libvanzet.so", "");
   EXPECT_EQ(*api::FindModule(folder / "bin/vanzet"), folder / "lib/libvanzet.so");
+  WriteBytes(folder / "lib/vanzet/libvanzet.so", "");
+  EXPECT_EQ(*api::FindModule(folder / "bin/vanzet"), folder / "lib/vanzet/libvanzet.so");
   WriteBytes(folder / "bin/libvanzet.so", "");
   EXPECT_EQ(*api::FindModule(folder / "bin/vanzet"), folder / "bin/libvanzet.so");
 }
@@ -30,6 +32,7 @@ TEST(FindModule, NamesThePlacesWhereItIsNot) {
   const auto module = api::FindModule(folder / "bin/vanzet");
   ASSERT_FALSE(module);
   EXPECT_THAT(module.fault().text, HasSubstr((folder / "bin/libvanzet.so").string()));
+  EXPECT_THAT(module.fault().text, HasSubstr((folder / "lib/vanzet/libvanzet.so").string()));
   EXPECT_THAT(module.fault().text, HasSubstr((folder / "lib/libvanzet.so").string()));
 }
 

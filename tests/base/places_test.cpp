@@ -14,6 +14,12 @@ TEST(PlacesTest, ShareIsBesideTheProgramsUnlessItIsNamed) {
   unsetenv("VANZET_SHARE");
 }
 
+TEST(PlacesTest, ShareOfAnInstalledLibraryIsThatOfThePrograms) {
+  EXPECT_EQ(ShareFolder("/usr/lib/vanzet"), "/usr/share/vanzet");
+  EXPECT_EQ(ShareFolder("/work/build/lib"), "/work/build/share/vanzet");
+  EXPECT_EQ(ShareFolder("/opt/vanzet"), "/opt/share/vanzet");
+}
+
 TEST(PlacesTest, AreThoseOfTheRunningProgram) {
   EXPECT_EQ(ProgramFile().filename(), "base_test");
   const Places places = Places::OfProcess();
