@@ -84,6 +84,7 @@ std::int64_t CountNew(const NewOrders& orders) {
 
 std::vector<std::int64_t> ChecksumsOf(const NewOrders& orders) {
   std::vector<std::int64_t> checksums;
+  checksums.reserve(static_cast<std::size_t>(CountNew(orders)));
   ForEachNew(orders, [&](const NewRecord& record) { checksums.push_back(record.checksum); });
   return checksums;
 }

@@ -1,5 +1,6 @@
 #include "vdm/postgres_dial.h"
 
+#include <locale.h>
 #include <netdb.h>
 
 #include <algorithm>
@@ -66,6 +67,24 @@ PGconn* Connect(const Libpq& pq, const Settings& settings) {
   return pq.connectdbParams(names.data(), values.data(), 0);
 }
 
+/// Keeps the words of the library and the system in English for this thread, so that they can be recognised.
+class EnglishWords {
+ public:
+  EnglishWords() : own_(newlocale(LC_MESSAGES_MASK, "C", duplocale(uselocale(nullptr)))) {
+    if (own_ != nullptr) former_ = uselocale(own_);
+  }
+  ~EnglishWords() {
+    if (own_ == nullptr) return;
+    uselocale(former_);
+    freelocale(own_);
+  }
+  EnglishWords(const EnglishWords&) = delete;
+  EnglishWords& operator=(const EnglishWords&) = delete;
+
+ private:
+  locale_t own_, former_ = nullptr;
+};
+
 bool Has(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }
@@ -113,6 +132,7 @@ bool MayPass(const Libpq& pq, PGconn* connection, bool hasSeveralHosts) {
 Result<Dialled> Dial(const Libpq& pq, const std::string& connectionText) {
   VANZET_TRY(auto settings, SettingsIn(pq, connectionText));
   AddUsual(settings);
+  const EnglishWords english;
   PGconn* const connection = Connect(pq, settings);
   if (connection == nullptr) return Fault{.text = "memory ran out", .kind = FaultKind::kSystem};
   Dialled dialled{{connection, pq.finish}};

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "vdm/commit_origin.h"
+#include "vdm/postgres_file.h"
 #include "vdm/postgres_history.h"
 #include "vdm/postgres_records.h"
 #include "vdm/postgres_schema.h"
@@ -38,8 +39,6 @@ constexpr std::int64_t kWhole = INT32_MAX;
 constexpr std::string_view kFile = R"(
   SELECT name, former, content FROM vanzet.file
   WHERE project=(SELECT id FROM vanzet.project WHERE name=$1) AND folder=$2)";
-constexpr std::string_view kForgetFile = R"(
-  DELETE FROM vanzet.file WHERE project=(SELECT id FROM vanzet.project WHERE name=$1) AND folder=$2)";
 
 PostgresValue ManyNumbers(const std::vector<Number>& numbers) {
   std::vector<std::int64_t> values;
@@ -244,7 +243,7 @@ Result<std::optional<TextFile>> PostgresEngine::UnfinishedFile() {
 }
 
 Result<void> PostgresEngine::FinishFile() {
-  VANZET_DO(session_->Run({{kForgetFile, {Project(), PostgresValue::Text(folder_)}}}));
+  VANZET_DO(session_->Run({{kMakeFileLast, {Project(), PostgresValue::Text(folder_)}}}));
   return {};
 }
 

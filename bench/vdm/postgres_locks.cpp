@@ -7,7 +7,9 @@
 namespace vanzet::vdm {
 namespace {
 
-constexpr std::string_view kRemoveUnused = "DELETE FROM vanzet.project WHERE name=$1 AND last_generation=0";
+constexpr std::string_view kRemoveUnused = R"(
+  WITH removed AS (DELETE FROM vanzet.project WHERE name=$1 AND last_generation=0 RETURNING id)
+  DELETE FROM vanzet.file WHERE project IN (SELECT id FROM removed))";
 
 // The two halves of a key are columns of pg_locks.
 constexpr std::string_view kIsHeld = R"(

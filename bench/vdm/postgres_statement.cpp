@@ -1,5 +1,7 @@
 #include "vdm/postgres_statement.h"
 
+#include <array>
+
 #include "base/utf8.h"
 
 namespace vanzet::vdm {
@@ -10,9 +12,11 @@ constexpr Oid kBytea = 17, kBigint = 20, kText = 25, kByteaArray = 1001, kBigint
 
 template <class Integer>
 void Append(std::string& bytes, Integer value) {
-  for (int shift = int{sizeof value} * 8 - 8; shift >= 0; shift -= 8) {
-    bytes.push_back(static_cast<char>((static_cast<std::uint64_t>(value) >> unsigned(shift)) & 0xFFU));
+  std::array<char, sizeof value> all = {};
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    all[all.size() - 1 - i] = static_cast<char>((static_cast<std::uint64_t>(value) >> (8 * i)) & 0xFFU);
   }
+  bytes.append(all.data(), all.size());
 }
 
 /// The head of an array of one dimension, counted from 1, without nulls.

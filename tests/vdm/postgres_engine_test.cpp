@@ -1,5 +1,9 @@
 #include "vdm/postgres_engine.h"
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include "vdm/server_store.h"
 
 namespace vanzet::vdm {
@@ -164,6 +168,25 @@ TEST_F(ServerStore, CommitsASmallChangeInThreeRoundTrips) {
   proxy.TakeRoundTrips();
   EXPECT_EQ(Told(WriteTo(engine, 1, opened)), "");
   EXPECT_EQ(proxy.TakeRoundTrips(), 3);
+}
+
+/// The words of the library are those of the locale, in which this test is played too.
+TEST(ServerThatDoesNotAnswer, IsKnownInAnyLanguage) {
+  const int listening = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in place = {};
+  place.sin_family = AF_INET;
+  place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof place;
+  ASSERT_EQ(bind(listening, reinterpret_cast<sockaddr*>(&place), size), 0);
+  ASSERT_EQ(listen(listening, 5), 0);
+  ASSERT_EQ(getsockname(listening, reinterpret_cast<sockaddr*>(&place), &size), 0);
+  bool mayPass = true;
+  const auto opened = PostgresConnection::Open(
+      "host=127.0.0.1 port=" + std::to_string(ntohs(place.sin_port)) + " dbname=shop connect_timeout=2",
+      &mayPass);
+  close(listening);
+  EXPECT_THAT(Told(opened), HasSubstr("cannot be reached: "));
+  EXPECT_FALSE(mayPass) << "nobody waits for it";
 }
 
 }  // namespace
