@@ -162,17 +162,22 @@ std::unordered_map<std::string, std::size_t>& Catalogue::Positions() const {
   return positions_;
 }
 
-Result<void> Catalogue::Put(const std::string& name, const DeviceParams& params) {
-  if (const auto found = Positions().find(name); found != positions_.end()) {
-    SetValues(entries_[found->second], params);
-    return {};
-  }
+Result<void> Catalogue::EndLast() {
   if (!entries_.empty() && !entries_.back().hasValues) {
     return Fault{"the device " + Quoted(entries_.back().name) + " has no value line; remove it first", "",
                  entries_.back().line};
   }
   if (!entries_.empty() && !entries_.back().bytes.ends_with('\n'))
     entries_.back().bytes = Keep(std::string(entries_.back().bytes) + std::string(lineEnd_));
+  return {};
+}
+
+Result<void> Catalogue::Put(const std::string& name, const DeviceParams& params) {
+  if (const auto found = Positions().find(name); found != positions_.end()) {
+    SetValues(entries_[found->second], params);
+    return {};
+  }
+  VANZET_DO(EndLast());
   positions_.emplace(name, entries_.size());
   const std::string_view nameLine = Keep(name + std::string(lineEnd_));
   SetValues(entries_.emplace_back(Entry{.name = name, .params = {}, .hasValues = false, .bytes = nameLine}),
@@ -186,6 +191,31 @@ bool Catalogue::Remove(std::string_view name) {
   entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(found->second));
   positions_.clear();
   return true;
+}
+
+bool Catalogue::Rename(std::string_view name, const std::string& newName) {
+  const auto found = Positions().find(std::string(name));
+  if (found == positions_.end()) return false;
+  Entry& entry = entries_[found->second];
+  entry.bytes = Keep(newName + std::string(entry.bytes.substr(entry.name.size())));
+  entry.valuesAt += newName.size() - entry.name.size();
+  entry.name = newName;
+  positions_.clear();
+  return true;
+}
+
+Result<void> Catalogue::Insert(std::size_t position, Entry entry) {
+  std::string bytes(entry.bytes);
+  if (position < entries_.size() && entry.hasValues) {
+    EndLine(bytes, lineEnd_);
+  } else {
+    VANZET_DO(EndLast());
+    position = entries_.size();
+  }
+  entry.bytes = Keep(std::move(bytes));
+  entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(position), std::move(entry));
+  positions_.clear();
+  return {};
 }
 
 std::vector<std::string> Catalogue::Names() const {

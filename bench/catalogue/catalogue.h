@@ -60,6 +60,15 @@ class Catalogue {
   /// Removes the first device of that name; false when it is not there.
   bool Remove(std::string_view name);
 
+  /// Gives the first device of a name another one, in its place; false when it is not there. Requires: the
+  /// new name is of one line, and no device has it.
+  bool Rename(std::string_view name, const std::string& newName);
+
+  /// Puts back a device that was removed, with its bytes: at its position, or at the end of a shorter
+  /// catalogue.
+  /// Errors   those of `Put`
+  Result<void> Insert(std::size_t position, Entry entry);
+
   /// The names, each once.
   std::vector<std::string> Names() const;
 
@@ -75,6 +84,8 @@ class Catalogue {
 
   /// Keeps bytes as long as this catalogue or a copy of it.
   std::string_view Keep(std::string bytes);
+  /// Makes another device possible after the last one.
+  Result<void> EndLast();
   void SetValues(Entry& entry, const DeviceParams& params);
 
   std::vector<std::shared_ptr<const std::string>> texts_;  ///< those of the entries

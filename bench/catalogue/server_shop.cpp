@@ -15,9 +15,6 @@ using vdm::PostgresRows;
 using vdm::PostgresStatement;
 using vdm::PostgresValue;
 
-/// Before the name of a catalogue among the names of projects, which are those of folders.
-constexpr const char* kNamesBegin = "catalogue/";
-
 /// The rows of one statement at most.
 constexpr std::size_t kRowsTogether = 10'000;
 
@@ -63,6 +60,11 @@ constexpr std::string_view kTrim = R"(
     FROM vanzet.device WHERE project=$1 AND name=ANY($2)) AS ranked
   WHERE d.project=$1 AND d.position=ranked.position AND d.last=ranked.last AND ranked.rank>$3
     AND d.last<9223372036854775807)";
+// A state of the catalogue that lacks a device is none: the generation goes with the states that it made.
+constexpr std::string_view kForgetGenerations = R"(
+  DELETE FROM vanzet.generation WHERE project=$1 AND number<$2 AND number NOT IN (
+    SELECT first FROM vanzet.device WHERE project=$1
+    UNION SELECT last + 1 FROM vanzet.device WHERE project=$1 AND last<9223372036854775807))";
 constexpr std::string_view kNotify = "SELECT pg_notify($1, $2)";
 
 /// Makes the table of devices in a schema that was made before there was one. A new schema has it.
@@ -121,11 +123,18 @@ PostgresStatement StatementThatEnds(std::int64_t project, std::int64_t generatio
   return {kEnd, {project, PostgresValue::Integers(positions), generation}};
 }
 
-/// Only devices that change can get too many states.
-PostgresStatement StatementThatTrims(std::int64_t project, const DeviceRows& ended, std::int64_t keep) {
+/// Only devices that change can get too many states. Looking for generations that made none of those that
+/// stay reads all devices, so that not each change does it.
+std::vector<PostgresStatement> StatementsThatTrim(std::int64_t project, std::int64_t generation,
+                                                  const DeviceRows& ended, std::int64_t keep) {
+  constexpr std::int64_t kParts = 8;
   std::vector<std::string_view> names;
   for (const DeviceRow& row : ended) names.emplace_back(row.name);
-  return {kTrim, {project, PostgresValue::ManyBytes(names), std::max<std::int64_t>(keep, 1)}};
+  std::vector<PostgresStatement> statements = {
+      {kTrim, {project, PostgresValue::ManyBytes(names), std::max<std::int64_t>(keep, 1)}}};
+  if (generation % (keep / kParts + 1) == 0)
+    statements.push_back({kForgetGenerations, {project, generation}});
+  return statements;
 }
 
 vdm::Generation GenerationOf(std::int64_t number, const std::string& occasion) {
@@ -168,7 +177,7 @@ std::map<std::int64_t, vdm::Generation> GenerationsOf(const PostgresRows& rows) 
 }  // namespace
 
 ServerShop::ServerShop(std::string connectionText, const std::string& name, std::int64_t keep)
-    : session_(std::make_shared<vdm::PostgresSession>(std::move(connectionText), kNamesBegin + name)),
+    : session_(std::make_shared<vdm::PostgresSession>(std::move(connectionText), ProjectOf(name))),
       keep_(keep) {}
 
 Result<std::optional<ServerState>> ServerShop::Read() {
@@ -267,7 +276,8 @@ std::vector<PostgresStatement> ServerShop::StatementsOf(const vdm::PostgresTrans
     statements.push_back(std::move(statement));
   statements.push_back(
       vdm::StatementThatAdds(project, GenerationOf(generation, occasion), transaction.token()));
-  statements.push_back(StatementThatTrims(project, changes.ended, keep_));
+  for (auto& statement : StatementsThatTrim(project, generation, changes.ended, keep_))
+    statements.push_back(std::move(statement));
   statements.push_back({kNotify,
                         {PostgresValue::Text(vdm::ChannelOf(session_->project())),
                          PostgresValue::Text(std::to_string(generation))}});

@@ -26,6 +26,21 @@ struct PastDevice {
   bool isChange = false;         ///< the device existed before
 };
 
+/// All that a server keeps of a catalogue.
+struct ShopHistory {
+  struct Made {
+    vdm::Generation generation;
+    std::string token;
+  };
+  struct State {
+    DeviceRow row;
+    std::int64_t first = 0, last = 0;  ///< the generations after which it holds
+    bool isChange = false;             ///< the device existed before
+  };
+  std::vector<Made> generations = {};  ///< by number
+  std::vector<State> states = {};
+};
+
 /// The catalogue of a shop on a PostgreSQL server, which any number of programs change at the same time.
 ///
 /// Shape    the devices of now, and the states before them: `keep` of each device. A change is a generation
@@ -35,6 +50,9 @@ struct PastDevice {
 /// Source   docs/formats/store.md
 class ServerShop {
  public:
+  /// The name of a catalogue among the names of projects, which are those of folders.
+  static std::string ProjectOf(const std::string& name) { return "catalogue/" + name; }
+
   /// `name` tells the catalogues of a database apart.
   ServerShop(std::string connectionText, const std::string& name, std::int64_t keep);
 
@@ -50,6 +68,13 @@ class ServerShop {
 
   /// The states of the device with this name, the newest first.
   Result<std::vector<PastDevice>> History(const std::string& name);
+
+  /// The devices of now with all former states; nothing before the first change.
+  Result<std::optional<ShopHistory>> ReadHistory();
+
+  /// Takes over a catalogue of another server with its generations, in one transaction. Returns false, and
+  /// does nothing, when this one is not empty.
+  Result<bool> Fill(const ShopHistory& history);
 
   /// Reads the devices, has `change` change them, and writes what it changed, in one transaction. Nobody else
   /// changes them meanwhile. `change` gets nothing before the first change, and may be called again. Nothing

@@ -9,15 +9,13 @@
 #include "base/files/whole_file.h"
 #include "base/quote.h"
 #include "catalogue/comparison.h"
+#include "catalogue/shop_copy.h"
 #include "vdm/checksum.h"
 
 namespace vanzet::catalogue {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The folders in which files are set aside, at most.
-constexpr int kMostFolders = 1000;
 
 std::string HexOf(std::string_view bytes) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -89,7 +87,7 @@ Result<SharedFiles::Notes> SharedFiles::Settle(const std::string& occasion) {
     return Notes();
   Notes notes;
   if (areChanged && files.exists) {
-    VANZET_TRY(notes, TakeToServer(files, stamp.value_or(Stamp()), occasion));
+    VANZET_TRY(notes, TakeToServer(stamp.value_or(Stamp()), occasion));
   }
   VANZET_DO(BringFromServer(files));
   return notes;
@@ -110,12 +108,11 @@ Result<SharedFiles::Files> SharedFiles::ReadFiles() const {
 
 /// Takes the changes of the files since the generation of the stamp; files without one are set aside unless
 /// they have the same devices.
-Result<SharedFiles::Notes> SharedFiles::TakeToServer(const Files& files, const Stamp& stamp,
-                                                     const std::string& occasion) const {
+Result<SharedFiles::Notes> SharedFiles::TakeToServer(const Stamp& stamp, const std::string& occasion) const {
   VANZET_TRY(const auto shop, ReadShop(place_.file));
   ServerShop server = place_.Server();
   VANZET_TRY(const auto base, server.ReadAt(stamp.state));
-  if (!base) return SetAside(files, shop);
+  if (!base) return SetAside(shop);
   VANZET_DO(CheckIsCatalogue(shop.catalogue, place_.file.string()));
   const DeviceRows other = RowsOf(shop, *base);
   Notes names;
@@ -151,20 +148,14 @@ Result<void> SharedFiles::BringFromServer(const Files& files) const {
 }
 
 /// Keeps the files in a folder beside them, where they have other devices than the server.
-Result<SharedFiles::Notes> SharedFiles::SetAside(const Files& files, const Shop& shop) const {
+Result<SharedFiles::Notes> SharedFiles::SetAside(const Shop& shop) const {
   VANZET_TRY(const auto found, ReadShop(place_));
   if (DifferencesOf(found, shop).empty()) return Notes();
-  fs::path folder = FolderOf(place_.file) / (place_.file.stem().string() + ".former");
-  std::error_code error;
-  for (int i = 2; !fs::create_directory(folder, error) && !error && i < kMostFolders; ++i) {
-    folder.replace_filename(place_.file.stem().string() + ".former-" + std::to_string(i));
-  }
-  const fs::path file = folder / place_.file.filename();
-  VANZET_DO(files::ReplaceFile(file, files.catalogue));
-  if (!files.maker.empty()) VANZET_DO(files::ReplaceFile(Shop{.file = file}.MakerFile(), files.maker));
-  return Notes{"the devices of the server took the place of " + Quoted(place_.file.string()) +
-               ", which is kept as " + Quoted(file.string()) +
-               "; 'vanzet catalogue merge' brings its devices to the server"};
+  VANZET_TRY(const auto kept, FilesToKeep(place_.file));
+  for (const ShopCopy::File& each : kept) VANZET_DO(files::ReplaceFile(each.file, each.text));
+  return Notes{"the devices of the server took the place of '" + place_.file.string() +
+               "', which is kept as '" + kept.front().file.string() +
+               "'; 'vanzet catalogue merge' brings its devices to the server"};
 }
 
 Result<std::optional<SharedFiles::Stamp>> SharedFiles::ReadStamp() const {

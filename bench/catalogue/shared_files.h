@@ -36,9 +36,9 @@ class SharedFiles {
 
   Result<Notes> Settle(const std::string& occasion);
   Result<Files> ReadFiles() const;
-  Result<Notes> TakeToServer(const Files& files, const Stamp& stamp, const std::string& occasion) const;
+  Result<Notes> TakeToServer(const Stamp& stamp, const std::string& occasion) const;
   Result<void> BringFromServer(const Files& files) const;
-  Result<Notes> SetAside(const Files& files, const Shop& shop) const;
+  Result<Notes> SetAside(const Shop& shop) const;
   Result<std::optional<Stamp>> ReadStamp() const;
   std::filesystem::path StampFile() const;
 

@@ -20,6 +20,10 @@ struct ShopPlace {
 
   bool IsOnServer() const { return !connection.empty(); }
   ServerShop Server() const { return {connection, file.filename().string(), keep}; }
+  /// The same as a store on the server, for those who watch it.
+  project::StorePlace Store() const {
+    return {connection, ServerShop::ProjectOf(file.filename().string()), keep};
+  }
 };
 
 /// The place of the catalogue that a project uses; `setting` is the value of `project::kCatalogueSetting`.

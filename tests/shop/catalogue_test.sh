@@ -96,6 +96,8 @@ only_the_states_that_are_kept_stay() {
   local b
   for b in 102 103 104 105; do run catalogue set lathe 'Chuck 300' B=$b >/dev/null; done
   expect "kept changed changed" "$(changes 'Chuck 300' lathe | tac | cut -d' ' -f4 | paste -sd' ')"
+  # Generations that made none of the states that are left are gone, too: 8 and 9 made those of this device alone.
+  expect 0 "$(sql "SELECT count(*) FROM vanzet.generation g JOIN vanzet.project p ON p.id = g.project WHERE p.name = 'catalogue/clampdevice.cld' AND g.number IN (8, 9)")"
   sed -i '/^keep=/d' lathe/bench.ini
 }
 

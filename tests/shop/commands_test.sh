@@ -56,6 +56,7 @@ a_project_is_the_same_after_it_was_moved_to_the_server_and_back() {
   run new moved >/dev/null
   run define "$jobs/bar-job.json" moved >/dev/null
   form 7 | run vdm load - 1001 moved >/dev/null
+  run catalogue set moved 'Chuck 160' B=91 max_speed=4100 >/dev/null
   content moved >before
   expect 'copied 2 VDMs with 3 generations to the server' "$(run store copy moved "$server")"
   VANZET_STORE=$server content moved >there
@@ -66,6 +67,7 @@ a_project_is_the_same_after_it_was_moved_to_the_server_and_back() {
   run store copy "$server" moved >/dev/null
   content moved >after
   cmp before after || fail "the project is another one after the way back"
+  expect '' "$(cat err)"
   cp monday.db moved/store.db
   content moved >after
   cmp before after || fail "the backup is another store"
@@ -73,6 +75,52 @@ a_project_is_the_same_after_it_was_moved_to_the_server_and_back() {
   refused '--project is missing' store copy "$server" "$server"
   mkdir empty
   refused '--project has no effect' store copy moved empty --project x
+}
+
+a_project_is_the_same_in_another_folder() {
+  mkdir elsewhere
+  run store copy "$server" elsewhere --project moved >/dev/null
+  content elsewhere >after
+  cmp before after || fail "the project is another one in a new folder"
+  cmp moved/clampdevice.json elsewhere/clampdevice.json || fail "the maker data are others in a new folder"
+  run new own >/dev/null
+  rm own/store.db
+  run catalogue add own 'Chuck 777' --kind chuck --letter A=105 --letter B=90 --letter C=20 >/dev/null
+  cp own/clampdevice.cld own.cld
+  run store copy "$server" own --project moved >/dev/null
+  grep -q "kept as '.*clampdevice.former/clampdevice.cld'" err || fail "the line is: $(cat err)"
+  content own >after
+  cmp before after || fail "the project is another one in a folder with a catalogue"
+  cmp own.cld own/clampdevice.former/clampdevice.cld || fail "the former catalogue is not kept"
+}
+
+a_project_that_comes_later_brings_the_devices_that_the_server_lacks() {
+  run new late >/dev/null
+  run catalogue add late 'Chuck 888' --kind chuck --letter A=105 --letter B=90 --letter C=20 >/dev/null
+  run store copy late "$server" >/dev/null
+  expect "vanzet: the catalogue of the server keeps its own values of 'Chuck 160'" "$(cat err)"
+  VANZET_STORE=$server run catalogue show moved 'Chuck 888' >/dev/null
+  VANZET_STORE=$server run catalogue show late 'Chuck 160' --json | grep -q '"B": 91' || fail "the server's device was replaced"
+}
+
+a_project_is_the_same_on_another_server() {
+  sql "CREATE DATABASE other"
+  local other="${server/dbname=vanzet/dbname=other}"
+  VANZET_STORE=$server run catalogue history moved 'Chuck 888' --json >before
+  VANZET_STORE=$server run catalogue list moved --json >list
+  run store copy "$server" "$other" --project moved >/dev/null
+  VANZET_STORE=$other content moved >there
+  VANZET_STORE=$server content moved >here
+  cmp here there || fail "the project is another one on the other server"
+  VANZET_STORE=$other run catalogue history moved 'Chuck 888' --json >after
+  cmp before after || fail "the catalogue has another history on the other server"
+  VANZET_STORE=$other run catalogue list moved --json >after
+  cmp list after || fail "the catalogue is another one on the other server"
+  VANZET_STORE=$other run catalogue set moved 'Chuck 888' B=92 >/dev/null
+  expect 2 "$(VANZET_STORE=$other run catalogue history moved 'Chuck 888' | wc -l)"
+  mkdir third
+  run store copy "$other" third --project moved >/dev/null
+  cmp moved/drawing.txt third/drawing.txt || fail "the drawing is another one on the other server"
 }
 
 # crowd PROGRAMS: each writes its number of the round into its VDM of its project, as long as the time lasts.
@@ -152,7 +200,8 @@ a_changed_record_is_found() {
   grep -q 'checksum' out || fail "the finding is: $(cat out)"
 }
 
-for test in the_main_commands_work a_definition_is_the_same_in_a_file_and_on_a_server a_project_is_the_same_after_it_was_moved_to_the_server_and_back many_programs_lose_no_update \
+for test in the_main_commands_work a_definition_is_the_same_in_a_file_and_on_a_server a_project_is_the_same_after_it_was_moved_to_the_server_and_back \
+  a_project_is_the_same_in_another_folder a_project_that_comes_later_brings_the_devices_that_the_server_lacks a_project_is_the_same_on_another_server many_programs_lose_no_update \
   a_reader_reads_and_cannot_write a_wrong_password_is_one_line_without_it the_tables_of_another_version_are_refused \
   a_changed_record_is_found; do
   echo "$test"

@@ -52,6 +52,29 @@ TEST(Catalogue, GivesALastNameItsValues) {
   EXPECT_EQ(read.Text(), "Own chuck\n103 0.000000 60.000000\n");
 }
 
+TEST(Catalogue, RenamesADeviceInItsPlace) {
+  Catalogue read = Catalogue::Read("Jaw\r\n9 38 62 12 24\r\nLast\r\n1 80  90 20");
+  EXPECT_FALSE(read.Rename("jaw", "Other"));
+  EXPECT_TRUE(read.Rename("Jaw", "Soft jaw"));
+  EXPECT_TRUE(read.Rename("Last", "L"));
+  EXPECT_EQ(read.Text(), "Soft jaw\r\n9 38 62 12 24\r\nL\r\n1 80  90 20");
+  ASSERT_TRUE(read.Put("Soft jaw", {.type = 9, .A = 40}));
+  EXPECT_THAT(read.Text(), testing::StartsWith("Soft jaw\r\n9 40.000000 "));
+}
+
+TEST(Catalogue, PutsADeviceBackWhereItWas) {
+  const std::string text = "Jaw\n9 38  62 12 24\nMiddle\n1 80 90 20\nLast\n1 80 90 21";
+  for (const char* const name : {"Jaw", "Middle", "Last"}) {
+    Catalogue read = Catalogue::Read(text);
+    const catalogue::Entry removed = *read.Find(name);
+    const auto position = static_cast<std::size_t>(read.Find(name) - read.entries().data());
+    ASSERT_TRUE(read.Remove(name));
+    ASSERT_TRUE(read.Insert(position, removed));
+    EXPECT_EQ(read.Text(), text);
+    EXPECT_EQ(read.Find(name)->params, removed.params);
+  }
+}
+
 TEST(Catalogue, ReadsALongLineAsSeveral) {
   const std::string name(1500, 'n');
   const std::string text = name + "\n" + kChuck;
