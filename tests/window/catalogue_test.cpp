@@ -1,85 +1,10 @@
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTableView>
+#include <algorithm>
 
-#include "support/places.h"
-#include "window_fixture.h"
+#include "catalogue_fixture.h"
+#include "devices/kinds.h"
 
 namespace vanzet::test {
 namespace {
-
-using testing::HasSubstr;
-using window::Command;
-using window::DeviceModel;
-
-/// The page of the catalogue over the sample project, used by mouse and keys.
-class CatalogueOfTheWindow : public WindowTest {
- protected:
-  void SetUp() override {
-    OpenSample();
-    actions()[Command::kCatalogue]->trigger();
-    QCoreApplication::processEvents();
-    ASSERT_TRUE(page().isVisible());
-  }
-
-  window::CataloguePage& page() { return Part<window::CataloguePage>(); }
-  DeviceModel& model() { return page().model(); }
-  std::string File() const { return ReadBytes(folder / "lathe" / "clampdevice.cld"); }
-
-  void Search(const char* text) {
-    auto* const line = page().findChild<QLineEdit*>();
-    line->setFocus();
-    line->selectAll();
-    QTest::keyClick(line, Qt::Key_Delete);
-    QTest::keyClicks(line, text);
-  }
-
-  bool WaitForRows(int count) {
-    return QTest::qWaitFor([&] { return model().rowCount() == count; });
-  }
-
-  int RowOf(const std::string& name) { return model().RowOf(name).value(); }
-  QString TextAt(const std::string& name, int column) {
-    return model().index(RowOf(name), column).data().toString();
-  }
-
-  /// Types a value into a cell, from the double click to Enter.
-  void Type(const std::string& name, int column, const char* text) {
-    QTableView& table = page().table();
-    const QModelIndex cell = model().index(RowOf(name), column);
-    table.scrollTo(cell);
-    const QPoint place = table.visualRect(cell).center();
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    auto* const edit = table.viewport()->findChild<QLineEdit*>();
-    ASSERT_NE(edit, nullptr) << "the cell cannot be edited";
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    const QSignalSpy written(&page(), &window::CataloguePage::EditWanted);
-    QTest::keyClick(edit, Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !written.isEmpty(); }));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  void ClickButton(const QString& text) {
-    for (QPushButton* button : page().findChildren<QPushButton*>()) {
-      if (button->text() == text) QTest::mouseClick(button, Qt::LeftButton);
-    }
-    QCoreApplication::processEvents();
-  }
-
-  void ClickRow(const std::string& name, Qt::KeyboardModifiers keys = {}) {
-    QTableView& table = page().table();
-    const QModelIndex cell = model().index(RowOf(name), 0);
-    table.scrollTo(cell);
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, table.visualRect(cell).center());
-  }
-
-  static constexpr const char *kDevice = "Chuck 160", *kOther = "Chuck 210";
-  static constexpr int kA = DeviceModel::kFirstLetter;
-};
 
 TEST_F(CatalogueOfTheWindow, FindsDevicesWhileTheirNameIsTyped) {
   const int all = model().rowCount();
@@ -106,57 +31,52 @@ TEST_F(CatalogueOfTheWindow, ShowsValuesWithTheirUnitsAndNames) {
   EXPECT_EQ(TextAt(kDevice, DeviceModel::kKind), "Spannfutter");
 }
 
-TEST_F(CatalogueOfTheWindow, WritesAValueThatIsTypedIntoItsCellAndTakesItBack) {
-  const std::string before = File();
-  Type(kDevice, kA, "123,25");
-  EXPECT_EQ(page().Fault(), "");
-  EXPECT_EQ(TextAt(kDevice, kA), "123.25 mm");
-  EXPECT_THAT(File(), HasSubstr("123.250000"));
-  ClickButton("Undo the Last Edit");
-  EXPECT_EQ(File(), before);
-  EXPECT_NE(TextAt(kDevice, kA), "123.25 mm");
-}
-
-TEST_F(CatalogueOfTheWindow, RefusesWhatTheDialogRefuses) {
-  const std::string before = File();
-  Type(kDevice, kA, "0");
-  EXPECT_THAT(page().Fault().toStdString(), HasSubstr("A (0) must be above 0"));
-  Type(kDevice, kA, "abc");
-  EXPECT_EQ(page().Fault(), "A: expected a number, found 'abc'");
-  EXPECT_EQ(File(), before);
-  Type(kDevice, kA, "123");
-  EXPECT_EQ(page().Fault(), "");
-}
-
-TEST_F(CatalogueOfTheWindow, KeepsTheFiguresOfMakers) {
-  const int speed = DeviceModel::kFirstFigure + 4;
-  Type(kDevice, speed, "4500");
-  EXPECT_EQ(page().Fault(), "");
-  EXPECT_EQ(TextAt(kDevice, speed), "4500 1/min");
-  EXPECT_THAT(ReadBytes(folder / "lathe" / "clampdevice.json"), HasSubstr("\"max_speed\""));
-  Type(kDevice, speed, "-1");
-  EXPECT_NE(page().Fault(), "");
-  ClickButton("Undo the Last Edit");
-  EXPECT_EQ(TextAt(kDevice, speed), "");
-}
-
-TEST_F(CatalogueOfTheWindow, DoesNotTakeBackWhatOthersHaveChanged) {
-  Type(kDevice, kA, "123");
-  std::string text = File();
-  text.replace(text.find("123.000000"), 10, "124.000000");
-  WriteBytes(folder / "lathe" / "clampdevice.cld", text);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return TextAt(kDevice, kA) == "124 mm"; })) << "it is shown";
-  ClickButton("Undo the Last Edit");
-  EXPECT_THAT(page().Fault().toStdString(), HasSubstr("was changed by others since"));
-  EXPECT_EQ(File(), text);
-}
-
 TEST_F(CatalogueOfTheWindow, ComparesTheTwoDevicesThatAreSelected) {
   ClickRow(kDevice);
-  EXPECT_EQ(page().panel().Differences(), "");
+  const QTableWidget& values = page().panel().values();
+  EXPECT_FALSE(values.isVisible());
   ClickRow(kOther, Qt::ControlModifier);
-  EXPECT_THAT(page().panel().Differences().toStdString(),
-              testing::AllOf(HasSubstr(std::string(kDevice) + " -> " + kOther), HasSubstr("\nA ")));
+  ASSERT_TRUE(values.isVisible());
+  EXPECT_EQ(values.horizontalHeaderItem(1)->text(), kDevice);
+  EXPECT_EQ(values.horizontalHeaderItem(2)->text(), kOther);
+  EXPECT_EQ(values.item(0, 1)->text(), "Chuck");
+  EXPECT_FALSE(values.item(0, 1)->font().bold()) << "both are chucks";
+  EXPECT_EQ(values.item(1, 1)->text(), TextAt(kDevice, kA));
+  EXPECT_EQ(values.item(1, 2)->text(), TextAt(kOther, kA));
+  EXPECT_TRUE(values.item(1, 0)->font().bold());
+}
+
+TEST_F(CatalogueOfTheWindow, IsSortedByAClickOnAHeading) {
+  const auto names = [this] {
+    QStringList all;
+    for (int row = 0; row < model().rowCount(); ++row) all << model().index(row, 0).data().toString();
+    return all;
+  };
+  const auto valuesOfD = [this] {
+    std::vector<double> all;
+    for (const auto* device : model().Devices()) {
+      if (devices::FindLetter(device->params.type, 'D') != nullptr) all.push_back(device->params.D);
+    }
+    return all;
+  };
+  const QStringList file = names();
+  ClickRow(kOther);
+  ClickHeading(kD);
+  ASSERT_GT(valuesOfD().size(), 1U);
+  EXPECT_TRUE(std::ranges::is_sorted(valuesOfD()));
+  EXPECT_EQ(page().table().selectionModel()->selectedRows().front().data(), kOther) << "it stays selected";
+  EXPECT_EQ(model().index(model().rowCount() - 1, kD).data(), "") << "devices without the letter are last";
+  ClickHeading(kD);
+  EXPECT_TRUE(std::ranges::is_sorted(valuesOfD(), std::greater()));
+  EXPECT_EQ(model().index(model().rowCount() - 1, kD).data(), "");
+  ClickHeading(kD);
+  EXPECT_EQ(names(), file);
+  ClickHeading(DeviceModel::kName);
+  QStringList sorted = file;
+  sorted.sort(Qt::CaseInsensitive);
+  EXPECT_EQ(names(), sorted);
+  Type(kDevice, kA, "123");
+  EXPECT_EQ(names(), sorted) << "the order stays";
 }
 
 TEST_F(CatalogueOfTheWindow, DrawsASheetOfTheDevicesThatAreListed) {

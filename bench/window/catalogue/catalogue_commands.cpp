@@ -45,17 +45,40 @@ std::string PngOf(const std::string& svg) {
 }  // namespace
 
 CatalogueCommands::CatalogueCommands(Workplace& workplace, QStackedWidget& pages, QObject* parent)
-    : QObject(parent), workplace_(workplace), pages_(pages), page_(new CataloguePage(workplace.texts)) {
+    : QObject(parent),
+      workplace_(workplace),
+      pages_(pages),
+      page_(new CataloguePage(workplace.texts)),
+      server_(this) {
   pages_.addWidget(page_);
   reload_.setSingleShot(true);
   reload_.setInterval(kReload);
+  const auto reload = [this] { reload_.start(); };
   connect(&reload_, &QTimer::timeout, this, &CatalogueCommands::Reload);
-  connect(&files_, &QFileSystemWatcher::fileChanged, this, [this] { reload_.start(); });
-  connect(&files_, &QFileSystemWatcher::directoryChanged, this, [this] { reload_.start(); });
+  connect(&files_, &QFileSystemWatcher::fileChanged, this, reload);
+  connect(&files_, &QFileSystemWatcher::directoryChanged, this, reload);
+  connect(&server_, &ServerThread::Committed, this, reload);
+  connect(&server_, &ServerThread::Regained, this, reload);
+  connect(&server_, &ServerThread::Lost, page_, &CataloguePage::SetFault);
+  ConnectPage();
+}
+
+void CatalogueCommands::ConnectPage() {
   connect(page_, &CataloguePage::EditWanted, this, &CatalogueCommands::Edit);
+  // The menu is gone then, and takes the keys from no editor.
+  connect(
+      page_, &CataloguePage::AddWanted, this,
+      [this](std::int32_t type, const QString& name) { ShowAdded(edits_->Add(type, name.toStdString())); },
+      Qt::QueuedConnection);
+  connect(
+      page_, &CataloguePage::CopyWanted, this,
+      [this](const QString& device) { ShowAdded(edits_->AddCopy(device.toStdString())); },
+      Qt::QueuedConnection);
+  connect(page_, &CataloguePage::RemoveWanted, this, &CatalogueCommands::Remove);
   connect(page_, &CataloguePage::UndoWanted, this, &CatalogueCommands::Undo);
   connect(page_, &CataloguePage::SheetWanted, this, &CatalogueCommands::AskForSheet);
   connect(page_, &CataloguePage::Left, this, &CatalogueCommands::Leave);
+  connect(page_, &CataloguePage::Hidden, this, &CatalogueCommands::EndWatch);
 }
 
 bool CatalogueCommands::Run(Command command) {
@@ -83,22 +106,41 @@ void CatalogueCommands::Leave() {
 /// The catalogue of the project, which can be another one than before.
 Result<void> CatalogueCommands::Open() {
   VANZET_TRY(const auto place, CatalogueOf(workplace_.session->project()));
-  if (!edits_ || !IsSame(edits_->place(), place)) edits_ = std::make_unique<DeviceEdits>(place);
+  if (edits_ && !IsSame(edits_->place(), place)) EndWatch();
+  if (!edits_ || !IsSame(edits_->place(), place) || edits_->unit() != workplace_.unit)
+    edits_ = std::make_unique<DeviceEdits>(place, workplace_.unit);
   VANZET_TRY(auto shop, edits_->Read());
   page_->SetFault({});
   page_->SetCanUndo(edits_->CanUndo());
-  page_->Show(std::move(shop));
+  ShowShop(std::move(shop));
   Watch();
   return {};
 }
 
+void CatalogueCommands::ShowShop(catalogue::Shop shop) {
+  catalogueText_ = shop.catalogue.Text(), makerText_ = shop.maker.Text();
+  const LengthUnit unit = edits_->unit();
+  page_->Show(unit == LengthUnit::kMillimetre ? std::move(shop) : shop.ShownIn(unit), unit);
+}
+
 /// A catalogue is written by a new file in the place of the old one, which only the folder shows.
 void CatalogueCommands::Watch() {
+  const catalogue::ShopPlace& place = edits_->place();
+  if (place.IsOnServer()) {
+    if (!server_.IsActive()) server_.Begin(place.Store());
+    return;
+  }
   if (const QStringList former = files_.files() + files_.directories(); !former.isEmpty())
     files_.removePaths(former);
-  const fs::path file = edits_->place().file;
-  files_.addPath(ToQString(file));
-  files_.addPath(ToQString(file.parent_path()));
+  files_.addPath(ToQString(place.file));
+  files_.addPath(ToQString(place.file.parent_path()));
+}
+
+void CatalogueCommands::EndWatch() {
+  server_.End();
+  reload_.stop();
+  if (const QStringList former = files_.files() + files_.directories(); !former.isEmpty())
+    files_.removePaths(former);
 }
 
 void CatalogueCommands::Reload() {
@@ -106,18 +148,36 @@ void CatalogueCommands::Reload() {
   if (page_->IsEditing()) return reload_.start();
   auto shop = edits_->Read();
   if (!shop) return page_->SetFault(ToQString(shop.fault().Message()));
-  const catalogue::Shop& shown = page_->model().shop();
-  const bool isSame =
-      shop->catalogue.Text() == shown.catalogue.Text() && shop->maker.Text() == shown.maker.Text();
-  if (!isSame) page_->Show(std::move(*shop));
+  const bool isSame = shop->catalogue.Text() == catalogueText_ && shop->maker.Text() == makerText_;
+  if (!isSame) ShowShop(std::move(*shop));
   Watch();
 }
 
 void CatalogueCommands::Edit(const QString& device, int column, const QString& text) {
   const DeviceModel::Field field = DeviceModel::FieldOf(column);
-  const std::string name = device.toStdString(), typed = text.toStdString();
-  ShowResult(field.letter ? edits_->SetLetter(name, *field.letter, typed)
-                          : edits_->SetFigure(name, field.key, typed));
+  const std::string edited = device.toStdString(), typed = text.toStdString();
+  if (column == DeviceModel::kName) {
+    auto renamed = edits_->Rename(edited, typed);
+    const bool isDone = bool(renamed);
+    ShowResult(std::move(renamed));
+    if (isDone) page_->Select({typed});
+    return;
+  }
+  ShowResult(field.letter ? edits_->SetLetter(edited, *field.letter, typed)
+                          : edits_->SetFigure(edited, field.key, typed));
+}
+
+void CatalogueCommands::Remove(const QStringList& devices) {
+  std::vector<std::string> names;
+  for (const QString& device : devices) names.push_back(device.toStdString());
+  ShowResult(edits_->Remove(names));
+}
+
+/// The name is edited at once: the one that it has is only a first one.
+void CatalogueCommands::ShowAdded(Result<DeviceEdits::Added> added) {
+  if (!added) return ShowResult(added.fault());
+  ShowResult(std::move(added->shop));
+  page_->EditName(added->name);
 }
 
 void CatalogueCommands::Undo() {
@@ -127,7 +187,7 @@ void CatalogueCommands::Undo() {
 void CatalogueCommands::ShowResult(Result<catalogue::Shop> changed) {
   page_->SetFault(changed ? QString() : ToQString(changed.fault().Message()));
   page_->SetCanUndo(edits_->CanUndo());
-  if (changed) page_->Show(std::move(*changed));
+  if (changed) ShowShop(std::move(*changed));
 }
 
 void CatalogueCommands::AskForSheet() {

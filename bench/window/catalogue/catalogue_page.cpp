@@ -3,9 +3,11 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHeaderView>
+#include <QHideEvent>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -25,6 +27,9 @@ namespace vanzet::window {
 namespace {
 
 constexpr int kTyping = 60;  // milliseconds
+
+/// A panel shows two devices.
+constexpr std::size_t kShown = 2;
 
 // Pixels.
 constexpr int kNameWidth = 240, kKindWidth = 120, kLetterWidth = 76, kFigureWidth = 130;
@@ -67,6 +72,8 @@ void CataloguePage::AddKeys() {
     return new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
   };
   connect(add(Qt::Key_Escape), &QShortcut::activated, this, &CataloguePage::Left);
+  connect(new QShortcut(QKeySequence::Delete, table_, nullptr, nullptr, Qt::WidgetShortcut),
+          &QShortcut::activated, this, &CataloguePage::AskToRemove);
   connect(add(QKeySequence::Find), &QShortcut::activated, search_, [this] { search_->setFocus(); });
 }
 
@@ -92,6 +99,10 @@ QWidget* CataloguePage::MakeTable() {
   table_->setIconSize(DeviceModel::kThumbnail);
   table_->setWordWrap(false);
   table_->setTabKeyNavigation(false);
+  // A third click on a heading brings back the order of the catalogue.
+  table_->horizontalHeader()->setSortIndicatorClearable(true);
+  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  table_->setSortingEnabled(true);
   // All rows are as high as the first, which no number of devices makes slow.
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table_->verticalHeader()->setDefaultSectionSize(DeviceModel::kThumbnail.height() + 4);
@@ -127,8 +138,12 @@ QWidget* CataloguePage::MakeButtons() {
   fault_->setTextFormat(Qt::PlainText);
   fault_->setWordWrap(true);
   layout->addWidget(fault_, 1);
-  for (QPushButton** const button : {&undo_, &sheet_, &back_}) layout->addWidget(*button = new QPushButton);
+  for (QPushButton** const button : {&add_, &remove_, &undo_, &sheet_, &back_})
+    layout->addWidget(*button = new QPushButton);
   undo_->setEnabled(false);
+  add_->setMenu(new QMenu(add_));
+  connect(add_->menu(), &QMenu::aboutToShow, this, &CataloguePage::FillAddMenu);
+  connect(remove_, &QPushButton::clicked, this, &CataloguePage::AskToRemove);
   connect(undo_, &QPushButton::clicked, this, &CataloguePage::UndoWanted);
   connect(sheet_, &QPushButton::clicked, this, &CataloguePage::SheetWanted);
   connect(back_, &QPushButton::clicked, this, &CataloguePage::Left);
@@ -140,6 +155,8 @@ void CataloguePage::Retranslate() {
   search_->setAccessibleName(texts_(Text::kSearchDevices));
   kinds_->setAccessibleDescription(texts_(Text::kDeviceKind));
   table_->setAccessibleName(texts_(Text::kDevices));
+  add_->setText(texts_(Text::kAddDevice));
+  remove_->setText(texts_(Text::kRemoveDevices));
   undo_->setText(texts_(Text::kUndoEdit));
   sheet_->setText(texts_(Text::kContactSheet));
   back_->setText(texts_(Text::kBackToProject));
@@ -156,10 +173,42 @@ void CataloguePage::FillKinds() {
   kinds_->setCurrentIndex(chosen);
 }
 
-void CataloguePage::Show(catalogue::Shop shop) {
-  const auto selected = Selected();
+/// A device of each kind and shape, and one like that which is selected.
+void CataloguePage::FillAddMenu() {
+  QMenu& menu = *add_->menu();
+  menu.clear();
+  for (const devices::Kind* const kind : devices::Kinds()) {
+    for (const devices::Device& device : kind->devices) {
+      const QString name = KindTextOf(texts_, device.code);
+      menu.addAction(name, this, [this, name, code = device.code] { emit AddWanted(code, name); });
+    }
+  }
+  const auto selected = Selected(1);
+  QAction* const copy = menu.addAction(texts_(Text::kCopyDevice), this,
+                                       [this, selected] { emit CopyWanted(ToQString(selected.front())); });
+  copy->setEnabled(!selected.empty());
+}
+
+void CataloguePage::AskToRemove() {
+  QStringList names;
+  for (const std::string& name : Selected(model_->shop().catalogue.entries().size()))
+    names << ToQString(name);
+  if (!names.isEmpty()) emit RemoveWanted(names);
+}
+
+void CataloguePage::EditName(const std::string& name) {
+  if (!model_->RowOf(name)) Find({});
+  Select({name});
+  const auto row = model_->RowOf(name);
+  if (!row) return;
+  table_->setFocus();
+  table_->edit(model_->index(*row, DeviceModel::kName));
+}
+
+void CataloguePage::Show(catalogue::Shop shop, LengthUnit unit) {
+  const auto selected = Selected(kShown);
   model_->SetLook(palette(), devicePixelRatio());
-  model_->Show(std::move(shop));
+  model_->Show(std::move(shop), unit);
   Select(selected);
   ShowCount();
   ShowSelected();
@@ -167,7 +216,7 @@ void CataloguePage::Show(catalogue::Shop shop) {
 
 void CataloguePage::Filter() {
   typing_.stop();
-  const auto selected = Selected();
+  const auto selected = Selected(kShown);
   catalogue::Query query = catalogue::QueryOf(search_->text().toStdString());
   if (const int kind = kinds_->currentIndex(); kind > 0)
     query.types = TypesOf(*devices::Kinds()[static_cast<std::size_t>(kind - 1)]);
@@ -188,19 +237,19 @@ void CataloguePage::Find(const QString& text) {
   Select({text.toStdString()});
 }
 
-std::vector<std::string> CataloguePage::Selected() const {
+std::vector<std::string> CataloguePage::Selected(std::size_t most) const {
   std::vector<std::string> names;
   const QItemSelection selection = table_->selectionModel()->selection();
   for (const QItemSelectionRange& range : selection) {
-    for (int row = range.top(); row <= range.bottom() && names.size() < 2; ++row)
+    for (int row = range.top(); row <= range.bottom() && names.size() < most; ++row)
       names.push_back(model_->DeviceAt(row).name);
   }
   return names;
 }
 
-/// Those of the names that fit the search; selecting them again changes nothing.
+/// Selecting the same ones again changes nothing.
 void CataloguePage::Select(const std::vector<std::string>& names) {
-  if (Selected() == names) return;
+  if (Selected(kShown) == names) return;
   const QSignalBlocker quiet(table_->selectionModel());
   table_->clearSelection();
   for (const std::string& name : names) {
@@ -216,7 +265,7 @@ void CataloguePage::Select(const std::vector<std::string>& names) {
 }
 
 void CataloguePage::ShowSelected() {
-  panel_->Show(model_->shop(), Selected());
+  panel_->Show(*model_, Selected(kShown));
 }
 
 void CataloguePage::SetFault(const QString& fault) {
@@ -237,6 +286,12 @@ void CataloguePage::SetCanUndo(bool canUndo) {
 bool CataloguePage::IsEditing() const {
   const QWidget* const focus = focusWidget();
   return qobject_cast<const QLineEdit*>(focus) != nullptr && focus->parentWidget() == table_->viewport();
+}
+
+void CataloguePage::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  // A window that is minimised is not left.
+  if (!event->spontaneous()) emit Hidden();
 }
 
 void CataloguePage::changeEvent(QEvent* event) {

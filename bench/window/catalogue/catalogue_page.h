@@ -23,8 +23,12 @@ class CataloguePage final : public QWidget {
  public:
   explicit CataloguePage(const Texts& texts, QWidget* parent = nullptr);
 
-  /// Shows another catalogue or another state of it; the selection stays.
-  void Show(catalogue::Shop shop);
+  /// Shows another catalogue or another state of it, with lengths in the unit; the selection stays.
+  void Show(catalogue::Shop shop, LengthUnit unit);
+  /// Selects those of the devices that fit the search.
+  void Select(const std::vector<std::string>& names);
+  /// Begins to edit the name of a device.
+  void EditName(const std::string& name);
   /// Says why something was not done; empty: nothing is said.
   void SetFault(const QString& fault);
   QString Fault() const;
@@ -42,12 +46,17 @@ class CataloguePage final : public QWidget {
 
  signals:
   void EditWanted(const QString& device, int column, const QString& text);
+  void AddWanted(std::int32_t type, const QString& name);
+  void CopyWanted(const QString& device);
+  void RemoveWanted(const QStringList& devices);
   void UndoWanted();
   void SheetWanted();
   void Left();
+  void Hidden();
 
  protected:
   void changeEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   QWidget* MakeSearch();
@@ -56,12 +65,13 @@ class CataloguePage final : public QWidget {
   QWidget* MakeButtons();
   void AddKeys();
   void FillKinds();
+  void FillAddMenu();
+  void AskToRemove();
   void Retranslate();
   void Filter();
   void ShowCount();
   void ShowSelected();
-  std::vector<std::string> Selected() const;
-  void Select(const std::vector<std::string>& names);
+  std::vector<std::string> Selected(std::size_t most) const;
 
   const Texts& texts_;
   DeviceModel* model_;
@@ -70,7 +80,7 @@ class CataloguePage final : public QWidget {
   QLabel *count_, *fault_;
   QTableView* table_;
   DevicePanel* panel_;
-  QPushButton *undo_, *sheet_, *back_;
+  QPushButton *add_, *remove_, *undo_, *sheet_, *back_;
   QTimer typing_;  ///< searches once for letters that follow each other quickly
 };
 

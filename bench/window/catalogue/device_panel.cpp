@@ -1,13 +1,15 @@
 #include "window/catalogue/device_panel.h"
 
 #include <QEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "catalogue/comparison.h"
 #include "catalogue/picture.h"
+#include "window/catalogue/device_model.h"
 #include "window/catalogue/device_picture.h"
 #include "window/qt_text.h"
 
@@ -36,37 +38,76 @@ QLabel* AddLabel(QVBoxLayout& rows) {
 
 }  // namespace
 
-DevicePanel::DevicePanel(const Texts& texts, QWidget* parent) : QWidget(parent), texts_(texts) {
+DevicePanel::DevicePanel(const Texts& texts, QWidget* parent)
+    : QWidget(parent), texts_(texts), values_(new QTableWidget(0, 3)) {
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(values_);
+  same_ = AddLabel(*rows);
   first_ = AddLabel(*rows);
   second_ = AddLabel(*rows);
-  differences_ = AddLabel(*rows);
-  differences_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   rows->addStretch(1);
+  values_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  values_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  values_->setWordWrap(false);
+  // The letter of a value is at the end of its name.
+  values_->setTextElideMode(Qt::ElideMiddle);
+  values_->verticalHeader()->hide();
+  values_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  values_->setTabKeyNavigation(false);
   setFixedWidth(kPicture.width());
   connect(&texts_, &Texts::Changed, this, &DevicePanel::Draw);
   Draw();
 }
 
-void DevicePanel::Show(const catalogue::Shop& shop, const std::vector<std::string>& names) {
+void DevicePanel::Show(const DeviceModel& model, const std::vector<std::string>& names) {
   devices_.clear();
   for (const std::string& name : names) {
-    if (devices_.size() < kMost) devices_.push_back(*shop.catalogue.Find(name));
+    if (devices_.size() < kMost) devices_.push_back(*model.shop().catalogue.Find(name));
   }
-  QStringList lines;
-  if (devices_.size() == kMost) {
-    lines << ToQString(devices_[0].name + " -> " + devices_[1].name);
-    for (const std::string& change : catalogue::DeviceChanges(shop, devices_[0].name, shop, devices_[1].name))
-      lines << ToQString(change);
-    if (lines.size() == 1) lines << texts_(Text::kSameDevices);
-  }
-  differences_->setText(lines.join('\n'));
+  Compare(model);
   Draw();
 }
 
-QString DevicePanel::Differences() const {
-  return differences_->text();
+/// Shows the values that one of both devices has.
+void DevicePanel::Compare(const DeviceModel& model) {
+  values_->setRowCount(0);
+  const bool areTwo = devices_.size() == kMost;
+  values_->setVisible(areTwo);
+  same_->hide();
+  if (!areTwo) return;
+  const auto &first = devices_[0], &second = devices_[1];
+  values_->setHorizontalHeaderLabels({QString(), ToQString(first.name), ToQString(second.name)});
+  bool areSame = true;
+  for (int column = DeviceModel::kKind; column < model.columnCount(); ++column) {
+    const QString before = model.TextOf(first, column), now = model.TextOf(second, column);
+    const QString name = model.NameOf(before.isEmpty() ? second : first, column);
+    if (!before.isEmpty() || !now.isEmpty()) AddRow(name, before, now);
+    areSame = areSame && before == now;
+  }
+  same_->setText(texts_(Text::kSameDevices));
+  same_->setVisible(areSame);
+  FitHeight();
+}
+
+void DevicePanel::AddRow(const QString& name, const QString& first, const QString& second) {
+  const int row = values_->rowCount();
+  values_->insertRow(row);
+  QFont font = values_->font();
+  font.setBold(first != second);
+  int column = 0;
+  for (const QString& text : {name, first, second}) {
+    auto* const item = new QTableWidgetItem(text);
+    item->setFont(font);
+    item->setToolTip(text);
+    values_->setItem(row, column++, item);
+  }
+}
+
+/// The panel scrolls, not the table in it.
+void DevicePanel::FitHeight() {
+  values_->setFixedHeight(values_->verticalHeader()->length() +
+                          values_->horizontalHeader()->sizeHint().height() + 2 * values_->frameWidth());
 }
 
 void DevicePanel::changeEvent(QEvent* event) {
