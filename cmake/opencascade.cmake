@@ -14,4 +14,4 @@ function(vanzet_opencascade name)
 endfunction()
 
 vanzet_opencascade(solids TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim TKMesh TKBO)
-vanzet_opencascade(exchange TKSTL TKXSBase TKSTEP TKLCAF TKCDF TKXCAF TKXDESTEP TKRWMesh TKVRML)
+vanzet_opencascade(exchange TKSTL TKXSBase TKSTEP TKSTEPBase TKLCAF TKCDF TKXCAF TKXDESTEP TKIGES TKXDEIGES TKRWMesh TKVRML)

@@ -7,14 +7,17 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/exchange_options.h"
 #include "cli/length_unit.h"
 #include "cli/output.h"
 #include "cli/output_files.h"
-#include "cli/progress_line.h"
 #include "contour/contour_file.h"
 #include "contour/library.h"
 #include "modeller/body.h"
+#include "modeller/doubts.h"
+#include "modeller/laying.h"
 #include "modeller/measures.h"
+#include "modeller/mesh.h"
 #include "scene/device_text.h"
 #include "scene/equipment.h"
 #include "scene/own_device.h"
@@ -30,6 +33,8 @@ struct MakeArguments {
   std::string looking = "x";
   std::optional<double> first, second, face;  ///< millimetres, once all words are read
   std::optional<LengthUnit> unit;
+  std::optional<std::int32_t> limit;
+  Fineness fineness;
 
   /// Called when all words are read. Throws `WrongUsage`.
   void ToMillimetres() {
@@ -41,22 +46,12 @@ struct MakeArguments {
   }
 };
 
-/// A direction of the model, and the rotation about an axis that turns it to x.
-struct Looking {
-  std::string_view word;
-  geometry::Vector3d axis;
-  double degrees;
-};
-const Looking kLooking[] = {
-    {"x", {0, 0, 1}, 0},   {"-x", {0, 0, 1}, 180}, {"y", {0, 0, 1}, -90},
-    {"-y", {0, 0, 1}, 90}, {"z", {0, 1, 0}, 90},   {"-z", {0, 1, 0}, -90},
-};
-
 /// Places the model as definitions need it: its face points along x and is at x = 0.
 Result<modeller::Body> PlaceModel(const modeller::Body& model, const MakeArguments& arguments) {
-  const Looking& looking = *std::ranges::find(kLooking, arguments.looking, &Looking::word);
-  VANZET_TRY(const auto turned, modeller::TurnBody(model, {{0, 0, 0}, looking.axis}, looking.degrees));
-  return modeller::MoveBody(turned, {-arguments.face.value_or(0), 0, 0});
+  modeller::Laying laying;
+  laying.looking = *modeller::DirectionNamed(arguments.looking);
+  laying.face = arguments.face.value_or(0);
+  return modeller::LayBody(model, laying);
 }
 
 /// Fails when the model does not end at 0, where the face of a clamp device or center and the foot of a jaw
@@ -77,6 +72,17 @@ Result<void> CheckPlace(const modeller::Body& body, const MakeArguments& argumen
                arguments.body};
 }
 
+/// Reports on standard error what a person should look at before the device is used.
+Result<void> ReportDoubts(const modeller::Body& placed, const MakeArguments& arguments) {
+  VANZET_TRY(const auto mesh, modeller::MeshOf(placed, arguments.fineness.Tolerance()));
+  const auto role = arguments.deviceClass == "jaw" ? modeller::Role::kJaw : modeller::Role::kTurned;
+  const LengthUnit unit = arguments.unit.value_or(LengthUnit::kMillimetre);
+  for (const std::string& doubt : modeller::DoubtsAbout(mesh, role, unit)) {
+    std::cerr << "vanzet: " + OneLine(arguments.body + ": " + doubt) + "\n";
+  }
+  return {};
+}
+
 /// Reads the only contour of a file. What is not read as it is drawn is reported on standard error.
 Result<geometry::Kurve> OutlineOf(const std::string& file) {
   VANZET_TRY(const auto content, contour::ReadContourFile(file, {}));
@@ -92,18 +98,19 @@ Result<void> Make(const MakeArguments& arguments) {
   contour::UseMillimetres();
   const PathMap paths = PathMap::OfProcess();
   VANZET_DO(CheckIsNoInput(paths.Resolve(arguments.out), {paths.Resolve(arguments.body), arguments.outline}));
-  const modeller::Foresight foresight = {.extents = !arguments.face, .mesh = true};
-  VANZET_TRY(const auto body,
-             modeller::ImportBody(paths.Resolve(arguments.body), ExchangeWithProgress(), foresight));
+  const modeller::Foresight foresight = {.extents = !arguments.face, .mesh = !arguments.fineness.IsGiven()};
+  VANZET_TRY(const auto body, modeller::ImportBody(paths.Resolve(arguments.body),
+                                                   ExchangeWithProgress(arguments.limit), foresight));
   VANZET_TRY(const auto outline, OutlineOf(arguments.outline));
   const auto placed = PlaceModel(body, arguments);
   if (!placed) return Fault{placed.fault().text, arguments.body};
   VANZET_DO(CheckPlace(*placed, arguments));
   const auto content =
       scene::MakeOwnDevice({*scene::DeviceClassNamed(arguments.deviceClass), arguments.first.value_or(0),
-                            arguments.second.value_or(0), *placed, outline});
+                            arguments.second.value_or(0), *placed, outline, arguments.fineness.Tolerance()});
   if (!content) return Fault{content.fault().text, arguments.body};
-  return vdm::WriteVdmFile(paths.Resolve(arguments.out), *content);
+  VANZET_DO(vdm::WriteVdmFile(paths.Resolve(arguments.out), *content));
+  return ReportDoubts(*placed, arguments);
 }
 
 /// The content of an own device.
@@ -187,7 +194,9 @@ void AddDeviceMake(Command& device) {
                  StoreText(arguments->deviceClass))
       .Required()
       .OneOf({"chuck", "jaw", "center"});
-  command.AddOption("--body", "FILE", "the model, a .step, .stl or .brep file", StoreFile(arguments->body))
+  command
+      .AddOption("--body", "FILE", "the model, a .step, .iges, .brep, .stl or .3mf file",
+                 StoreFile(arguments->body))
       .Required();
   command
       .AddOption("--outline", "FILE", "the outline for the simulation, a contour file or a .dxf drawing",
@@ -212,7 +221,12 @@ void AddDeviceMake(Command& device) {
       .AddOption("--looking", "AXIS",
                  "the direction in which the working face points in the model; default: x",
                  StoreText(arguments->looking))
-      .OneOf({"x", "-x", "y", "-y", "z", "-z"});
+      .OneOf(modeller::DirectionWords());
+  AddFineness(command, arguments->fineness);
+  AddLimit(command, arguments->limit);
+  command.notes =
+      "A model that is open, beside the axis, not at its face, or so small or large that its unit must be "
+      "wrong is named on standard error, and the device is written all the same.";
   command.examples = {
       "vanzet device make --class chuck --body maker.step --face 60 --outline outline.txt --first 80 -o "
       "chuck.vdm"};

@@ -90,6 +90,22 @@ void Pack(const Measures& measures, std::ostream& bytes) {
       bytes);
 }
 
+void Pack(const FileDescription& description, std::ostream& bytes) {
+  PackList(description.unit, bytes);
+  const auto parts = static_cast<double>(description.parts.size());
+  PackList<Numbers>({description.hasSurfaces ? 1.0 : 0.0, description.round ? 1.0 : 0.0, parts}, bytes);
+  for (const PartDescription& part : description.parts) {
+    PackList(part.name, bytes);
+    PackList<Numbers>({part.isSolid ? 1.0 : 0.0}, bytes);
+    Pack(part.box, bytes);
+    Pack(part.measures, bytes);
+  }
+  if (!description.round) return;
+  const auto& [axis, radius] = *description.round;
+  const auto& [origin, direction] = axis;
+  PackList<Numbers>({origin.x, origin.y, origin.z, direction.dx, direction.dy, direction.dz, radius}, bytes);
+}
+
 std::string WordOf(const Foresight& foresight) {
   std::string word;
   for (const auto& [name, flag] : kFacts) {
@@ -154,6 +170,25 @@ Result<Mesh> UnpackMesh(std::istream& bytes) {
 Result<Box3d> UnpackBox(std::istream& bytes) {
   VANZET_TRY(const auto n, UnpackNumbers(bytes, 6));
   return Box3d({n[0], n[1], n[2]}, {n[3], n[4], n[5]});
+}
+
+Result<FileDescription> UnpackDescription(std::istream& bytes) {
+  FileDescription description;
+  VANZET_TRY(description.unit, UnpackList<std::string>(bytes, kMostBytes));
+  VANZET_TRY(const auto head, UnpackNumbers(bytes, 3));
+  description.hasSurfaces = head[0] != 0;
+  for (double i = 0; i < head[2]; ++i) {
+    PartDescription& part = description.parts.emplace_back();
+    VANZET_TRY(part.name, UnpackList<std::string>(bytes, kMostBytes));
+    VANZET_TRY(const auto isSolid, UnpackNumbers(bytes, 1));
+    part.isSolid = isSolid[0] != 0;
+    VANZET_TRY(part.box, UnpackBox(bytes));
+    VANZET_TRY(part.measures, UnpackMeasures(bytes));
+  }
+  if (head[1] == 0) return description;
+  VANZET_TRY(const auto n, UnpackNumbers(bytes, 7));
+  description.round = RoundAxis{{{n[0], n[1], n[2]}, {n[3], n[4], n[5]}}, n[6]};
+  return description;
 }
 
 Result<Measures> UnpackMeasures(std::istream& bytes) {

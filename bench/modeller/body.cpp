@@ -5,6 +5,7 @@
 #include <gp_Trsf.hxx>
 
 #include "geometry/numerics.h"
+#include "modeller/facets.h"
 #include "modeller/kernel.h"
 
 namespace vanzet::modeller {
@@ -48,6 +49,17 @@ Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by) {
     gp_Trsf motion;
     motion.SetTranslation(gp_Vec(by.dx, by.dy, by.dz));
     return Apply(motion, body);
+  });
+}
+
+Result<Body> ScaleFacets(const Body& body, double factor) {
+  if (!body.IsStl()) return Fault{"a body with surfaces has a unit of its own"};
+  return CatchKernelFailures([&]() -> Result<Body> {
+    Mesh mesh = FacetsOf(body.shape().shape);
+    for (geometry::Point3d& point : mesh.points) {
+      point = {point.x * factor, point.y * factor, point.z * factor};
+    }
+    return BodyOf(FaceOf(mesh), true);
   });
 }
 

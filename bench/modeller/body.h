@@ -41,6 +41,10 @@ Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by);
 /// for an axis without direction and for numbers that are not finite.
 Result<Body> TurnBody(const Body& body, const Axis& axis, double degrees);
 
+/// Returns a body of facets, each coordinate times a factor above 0. Fails for a body with surfaces, whose
+/// file has a unit.
+Result<Body> ScaleFacets(const Body& body, double factor);
+
 /// Returns the body under a matrix that moves and turns. Fails when the matrix scales or mirrors.
 Result<Body> PlaceBody(const Body& body, const geometry::Matrix& matrix);
 

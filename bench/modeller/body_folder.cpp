@@ -5,6 +5,7 @@
 
 #include "base/letter_case.h"
 #include "base/near_words.h"
+#include "modeller/laying.h"
 
 namespace vanzet::modeller {
 namespace {
@@ -12,7 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 /// In order of precedence.
-constexpr std::array<std::string_view, 4> kEndings = {".step", ".stp", ".brep", ".stl"};
+constexpr std::array<std::string_view, 7> kEndings = {".step", ".stp", ".brep", ".iges",
+                                                      ".igs",  ".stl", ".3mf"};
 
 std::size_t RankOf(const fs::path& path) {
   const std::string ending = path.extension().string();
@@ -63,7 +65,7 @@ Result<std::int32_t> FindOrImportBody(std::string_view name, BodyTable& table, c
                                       const Exchange& exchange, const Foresight& foresight) {
   if (const std::int32_t number = table.NumberOf(name); number != 0) return number;
   VANZET_TRY(const auto file, FindBodyFile(name, folder));
-  VANZET_TRY(auto body, ImportBody(file.path, exchange, foresight));
+  VANZET_TRY(auto body, LayAsFileSays(ImportBody(file.path, exchange, foresight), file.path));
   return table.Add(std::move(body), file.name);
 }
 
@@ -84,7 +86,7 @@ std::map<std::string, Result<Body>> ImportNamedBodies(const std::set<std::string
   }
   if (files.empty()) return bodies;
   auto read = ImportBodies(files, exchange, foresight);
-  for (std::size_t i = 0; i < found.size(); ++i) bodies.emplace(found[i], std::move(read[i]));
+  for (std::size_t i = 0; i < found.size(); ++i) bodies.emplace(found[i], LayAsFileSays(read[i], files[i]));
   return bodies;
 }
 

@@ -13,7 +13,8 @@
 
 namespace vanzet::modeller {
 
-/// A file with a body. Its stem is the name of the body.
+/// A file with a body. Its stem is the name of the body. The body lies as the text beside the file says, if
+/// there is one: laying.h.
 struct BodyFile {
   std::string name;
   std::filesystem::path path;

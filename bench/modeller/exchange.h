@@ -9,15 +9,19 @@
 #include "base/result.h"
 #include "modeller/body.h"
 
-/// Files of other programs are read, and STEP and glTF files written, by a separate program,
+/// Files of other programs are read, and STEP, IGES, glTF and 3MF files written, by a separate program,
 /// `vanzet-exchange`: a broken or malicious file ends that program and nothing else.
 namespace vanzet::modeller {
 
 /// The limits of that program; when it exceeds one it is ended.
 struct ExchangeLimits {
-  int seconds = 120;
+  int seconds = 120;  ///< of the processor, so that a busy machine does not change the outcome
+  int patience = 10;  ///< the time by the clock, as a multiple of these
   std::uint64_t bytes = std::uint64_t{4} << 30;
 };
+
+/// The most seconds that can be allowed: a day.
+inline constexpr int kMostSeconds = 86'400;
 
 /// Called now and then with the fraction that is done, from 0 to 1. Returning false cancels the work, as
 /// Ctrl-C does.
@@ -30,6 +34,8 @@ struct Exchange {
   Progress progress = {};  ///< empty: progress is not reported
 
   /// The program next to the running one, or the one that the environment variable VANZET_EXCHANGE names.
+  /// VANZET_EXCHANGE_SECONDS and VANZET_EXCHANGE_MEMORY, in gibibytes, are its limits; what is not a number
+  /// becomes a limit of 0, with which the program is not run.
   static Exchange OfProcess();
 };
 
@@ -43,8 +49,9 @@ struct Foresight {
   bool operator==(const Foresight&) const = default;
 };
 
-/// Reads the body of a file: `.step`, `.stp`, `.stl` or `.brep`, in upper or lower case. The result is in
-/// millimetres, whatever the unit of a STEP file; STL and BREP files are taken to be in millimetres.
+/// Reads the body of a file: `.step`, `.stp`, `.iges`, `.igs`, `.brep`, `.stl` or `.3mf`, in upper or lower
+/// case. The result is in millimetres, whatever the unit of the file; STL and BREP files have none and are
+/// taken to be in millimetres.
 ///
 /// Errors   a fault with the name of the file and the message of Open CASCADE: `kMissing` when it does not
 ///          exist; another ending, broken, without a body, beyond the limits, cancelled

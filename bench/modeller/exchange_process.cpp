@@ -137,9 +137,22 @@ class ReportReader {
   std::optional<Fault> fault_;
 };
 
-Result<void> OutcomeOf(int status, const std::optional<Fault>& fault) {
+Fault TakesLonger(const ExchangeLimits& limits) {
+  return {"takes longer than " + std::to_string(limits.seconds) + " seconds"};
+}
+
+/// A limit that the environment names wrongly.
+Result<void> CheckLimits(const ExchangeLimits& limits) {
+  if (limits.seconds == 0) {
+    return Fault{"VANZET_EXCHANGE_SECONDS is a whole number from 1 to " + std::to_string(kMostSeconds)};
+  }
+  if (limits.bytes == 0) return Fault{"VANZET_EXCHANGE_MEMORY is a whole number of GiB from 1 to 1024"};
+  return {};
+}
+
+Result<void> OutcomeOf(int status, const std::optional<Fault>& fault, const ExchangeLimits& limits) {
   if (fault) return *fault;
-  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return Fault{"takes too long"};
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) return TakesLonger(limits);
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return Fault{"the exchange program was killed"};
   if (WIFSIGNALED(status)) {
     return Fault{"Open CASCADE crashed (signal " + std::to_string(WTERMSIG(status)) + ")"};
@@ -217,9 +230,11 @@ std::string MemoryFile::Path() const {
 
 Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string>& arguments,
                          const MemoryFile& parcel, const std::function<void()>& onCoarse) {
+  const ExchangeLimits& limits = exchange.limits;
+  VANZET_DO(CheckLimits(limits));
   const InterruptWatch watch;
   VANZET_TRY(auto process, Process::Start(exchange, arguments, parcel.descriptor()));
-  const auto deadline = Clock::now() + std::chrono::seconds(exchange.limits.seconds);
+  const auto deadline = Clock::now() + std::chrono::seconds(limits.seconds) * limits.patience;
   ReportReader reports(exchange.progress, onCoarse);
   for (bool hasEnded = false; !hasEnded;) {
     const auto output = process.PollOutput();
@@ -227,11 +242,9 @@ Result<void> RunExchange(const Exchange& exchange, const std::vector<std::string
     if (!reports.Add(output.value_or("")) || InterruptWatch::Came()) {
       return Fault{.text = "cancelled", .kind = FaultKind::kSystem};
     }
-    if (Clock::now() > deadline) {
-      return Fault{"takes longer than " + std::to_string(exchange.limits.seconds) + " seconds"};
-    }
+    if (Clock::now() > deadline) return TakesLonger(limits);
   }
-  VANZET_DO(OutcomeOf(process.Wait(), reports.fault()));
+  VANZET_DO(OutcomeOf(process.Wait(), reports.fault(), limits));
   struct stat facts = {};
   if (fstat(parcel.descriptor(), &facts) == 0 && facts.st_size <= kMostBytes) return {};
   return Fault{"exceeds the memory limit"};

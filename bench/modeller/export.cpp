@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "base/number_text.h"
+#include "base/one_line.h"
 #include "modeller/body.h"
 #include "modeller/exchange_process.h"
 #include "modeller/foreign.h"
@@ -24,7 +25,7 @@ Result<Bodies> PlaceBodies(const Bodies& bodies) {
   Bodies placed;
   for (const NamedBody& named : bodies) {
     VANZET_TRY(auto body, PlaceBody(named.body, named.placement));
-    placed.push_back({named.name, body, {}, named.colour, named.isSteel});
+    placed.push_back({named.name, body, {}, named.appearance});
   }
   return placed;
 }
@@ -43,18 +44,39 @@ std::string WrlText(const Bodies& bodies, const std::vector<Mesh>& meshes, const
   std::string text(kVrmlHead);
   for (std::size_t i = 0; i < file.size(); ++i) {
     const NamedBody& body = bodies[file[i]];
-    text += NamedVrmlNode(body.name, i + 1, VrmlShape(meshes[file[i]], body.colour));
+    text += NamedVrmlNode(body.name, i + 1, VrmlPicture(meshes[file[i]], body.appearance));
   }
   return text;
 }
 
+std::string ObjContent(const Bodies& bodies, const std::vector<Mesh>& meshes, const FileBodies& file) {
+  ObjText obj;
+  for (const std::size_t i : file) obj.Add(OneLine(bodies[i].name), meshes[i], bodies[i].appearance.colour);
+  return obj.text();
+}
+
+std::string StlContent(const Bodies&, const std::vector<Mesh>& meshes, const FileBodies& file) {
+  return StlBytes(meshes, file);
+}
+
+/// A format of facets that needs nothing of Open CASCADE but the meshes.
+struct MeshFormat {
+  ExportFormat format;
+  std::string (*contentOf)(const Bodies& bodies, const std::vector<Mesh>& meshes, const FileBodies& file);
+};
+constexpr MeshFormat kMeshFormats[] = {
+    {ExportFormat::kStl, StlContent},
+    {ExportFormat::kWrl, WrlText},
+    {ExportFormat::kObj, ObjContent},
+};
+
 /// The files of a format of facets: each body is meshed once.
-Result<void> MakeMeshFiles(const Bodies& bodies, const std::vector<FileBodies>& files, ExportFormat format,
-                           const MeshTolerance& tolerance, const TakeContent& take) {
+Result<void> MakeMeshFiles(const Bodies& bodies, const std::vector<FileBodies>& files,
+                           const MeshFormat& format, const MeshTolerance& tolerance,
+                           const TakeContent& take) {
   VANZET_TRY(const auto meshes, MeshesOf(bodies, tolerance));
   for (std::size_t i = 0; i < files.size(); ++i) {
-    VANZET_DO(take(
-        i, format == ExportFormat::kStl ? StlBytes(meshes, files[i]) : WrlText(bodies, meshes, files[i])));
+    VANZET_DO(take(i, format.contentOf(bodies, meshes, files[i])));
   }
   return {};
 }
@@ -65,9 +87,8 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
     for (const NamedBody& named : bodies) {
       const Shape& shape = named.body.shape();
       const bool isForeign = IsForeign(shape);
-      packed.push_back({named.name, named.colour, shape.shape,
-                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view(),
-                        named.isSteel});
+      packed.push_back({named.name, named.appearance, shape.shape,
+                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view()});
     }
     std::ofstream bytes(parcel.Path(), std::ios::binary);
     PackParcel(packed, bytes);
@@ -77,6 +98,16 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
   });
 }
 
+/// The order of the exchange program that writes a format; exchange/main.cpp has them all.
+std::string OrderToWrite(ExportFormat format) {
+  switch (format) {
+    case ExportFormat::kStep: return "write-step";
+    case ExportFormat::kIges: return "write-iges";
+    case ExportFormat::k3mf: return "write-3mf";
+    default: return "write-gltf";
+  }
+}
+
 /// The files of a format that the exchange program writes: it runs once for all of them.
 Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBodies>& files,
                                  ExportFormat format, const MeshTolerance& tolerance,
@@ -84,7 +115,7 @@ Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBod
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   VANZET_DO(Pack(bodies, parcel));
   VANZET_TRY(const auto file, TemporaryFile::Make(EndingOf(format)));
-  const std::vector<std::string> arguments = {format == ExportFormat::kStep ? "write-step" : "write-gltf",
+  const std::vector<std::string> arguments = {OrderToWrite(format),
                                               std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes),
                                               file.path().string(),
@@ -99,8 +130,8 @@ Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBod
   return {};
 }
 
-bool HasSurfaces(const NamedBody& body, ExportFormat format) {
-  return format == ExportFormat::kStep && !body.body.IsStl();
+bool HasSurfacesIn(const NamedBody& body, ExportFormat format) {
+  return HasSurfaces(format) && !body.body.IsStl();
 }
 
 }  // namespace
@@ -111,7 +142,7 @@ Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const Mesh
   BodyFacts facts;
   facts.triangles = mesh.triangles.size();
   Measures measures = MeasuresOf(mesh);
-  if (HasSurfaces(body, format)) {
+  if (HasSurfacesIn(body, format)) {
     VANZET_TRY(measures, MeasuresOf(placed));
     VANZET_TRY(facts.box, Extents(placed));
   } else {
@@ -125,9 +156,8 @@ Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& file
                        const MeshTolerance& tolerance, const Exchange& exchange, const TakeContent& take) {
   if (std::ranges::any_of(files, &FileBodies::empty)) return Fault{"no body to write"};
   VANZET_TRY(const auto placed, PlaceBodies(bodies));
-  if (format == ExportFormat::kStl || format == ExportFormat::kWrl) {
-    return MakeMeshFiles(placed, files, format, tolerance, take);
-  }
+  const auto* const meshFormat = std::ranges::find(kMeshFormats, format, &MeshFormat::format);
+  if (meshFormat != std::end(kMeshFormats)) return MakeMeshFiles(placed, files, *meshFormat, tolerance, take);
   return MakeFilesByExchange(placed, files, format, tolerance, exchange, take);
 }
 

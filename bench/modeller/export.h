@@ -21,20 +21,35 @@ struct Colour {
   double red = 0.6, green = 0.6, blue = 0.6;
 };
 
+/// The look of a body, in the formats that have one.
+struct Appearance {
+  Colour colour;
+  bool isSteel = false;
+  bool isSeenThrough = false;
+};
+
+/// How much of what is behind a body is seen that is seen through.
+inline constexpr double kTransparency = 0.6;
+
 struct NamedBody {
   std::string name;
   Body body;
   geometry::Matrix placement;  ///< moves and turns; millimetres
-  Colour colour;
-  bool isSteel = false;  ///< shines like steel where a format can say so
+  Appearance appearance = {};
 };
 
 /// The contents and units of the formats: docs/formats/bodies.md.
-enum class ExportFormat { kStep, kStl, kWrl, kGltf };
+enum class ExportFormat { kStep, kStl, kWrl, kGltf, kObj, kIges, k3mf };
 
-/// The format by its word on the command line, "step", "stl", "wrl" or "gltf", and the ending of its files.
+/// The formats by their words on the command line, "step" first, and the ending of their files.
+const std::vector<std::string>& FormatWords();
 std::optional<ExportFormat> FormatNamed(std::string_view word);
 std::string_view EndingOf(ExportFormat format);
+
+/// Whether files of the format have surfaces, and no facets where a body has surfaces.
+constexpr bool HasSurfaces(ExportFormat format) {
+  return format == ExportFormat::kStep || format == ExportFormat::kIges;
+}
 
 /// The figures of a body in a file.
 struct BodyFacts {

@@ -12,13 +12,22 @@ struct FormatRow {
   std::string_view ending;
 };
 constexpr FormatRow kFormats[] = {
-    {"step", ExportFormat::kStep, ".step"},
-    {"stl", ExportFormat::kStl, ".stl"},
-    {"wrl", ExportFormat::kWrl, ".wrl"},
-    {"gltf", ExportFormat::kGltf, ".glb"},
+    {"step", ExportFormat::kStep, ".step"}, {"stl", ExportFormat::kStl, ".stl"},
+    {"wrl", ExportFormat::kWrl, ".wrl"},    {"gltf", ExportFormat::kGltf, ".glb"},
+    {"obj", ExportFormat::kObj, ".obj"},    {"iges", ExportFormat::kIges, ".iges"},
+    {"3mf", ExportFormat::k3mf, ".3mf"},
 };
 
 }  // namespace
+
+const std::vector<std::string>& FormatWords() {
+  static const auto words = [] {
+    std::vector<std::string> all;
+    for (const FormatRow& row : kFormats) all.emplace_back(row.word);
+    return all;
+  }();
+  return words;
+}
 
 std::optional<ExportFormat> FormatNamed(std::string_view word) {
   for (const FormatRow& row : kFormats) {

@@ -4,12 +4,16 @@
 #include <Message_Messenger.hxx>
 #include <Message_PrinterOStream.hxx>
 #include <Standard_OutOfMemory.hxx>
+#include <mutex>
 #include <string>
 
 namespace vanzet::modeller {
 
 void SilenceKernel() {
-  Message::DefaultMessenger()->RemovePrinters(STANDARD_TYPE(Message_PrinterOStream));
+  // The messenger is one for all threads, and nothing guards it.
+  static std::once_flag isSilent;
+  std::call_once(isSilent,
+                 [] { Message::DefaultMessenger()->RemovePrinters(STANDARD_TYPE(Message_PrinterOStream)); });
 }
 
 Fault KernelFault(const Standard_Failure& failure) {

@@ -28,6 +28,9 @@ std::array<double, 6> InMetres(const geometry::Box3d& box);
 /// mesh is closed, else 0.
 Measures MeasuresOf(const Mesh& mesh);
 
+/// The area of facets alone, without the search for holes that the other measures take.
+double AreaOf(const Mesh& mesh);
+
 /// Whether as many triangles run along each edge in one direction as in the other: two, or four where solids
 /// touch. Such a mesh encloses a volume.
 bool IsClosed(const Mesh& mesh);

@@ -85,38 +85,44 @@ class Collector {
     }
   }
 
-  Mesh JoinedMesh() {
-    Mesh joined;
+  Mesh JoinedMesh() && {
     std::vector<int> numbers(mesh_.points.size(), -1);
+    std::vector<geometry::Point3d> joined;
+    joined.reserve(mesh_.points.size());
+    auto next = mesh_.triangles.begin();
     for (std::array<int, 3> triangle : mesh_.triangles) {
       for (int& corner : triangle) corner = same_.StandIn(corner);
       const auto [a, b, c] = triangle;
       if (a == b || b == c || c == a) continue;
       for (int& corner : triangle) corner = Number(corner, numbers, joined);
-      joined.triangles.push_back(triangle);
+      *next++ = triangle;
     }
-    return joined;
+    mesh_.triangles.erase(next, mesh_.triangles.end());
+    mesh_.points = std::move(joined);
+    return std::move(mesh_);
   }
 
  private:
   int AddPoints(const Poly_Triangulation& triangulation, const TopLoc_Location& place) {
     const gp_Trsf motion = place.Transformation();
-    const int first = static_cast<int>(mesh_.points.size());
+    const std::size_t first = mesh_.points.size();
+    mesh_.points.resize(first + static_cast<std::size_t>(triangulation.NbNodes()));
     for (int i = 1; i <= triangulation.NbNodes(); ++i) {
       const gp_Pnt p = triangulation.Node(i).Transformed(motion);
-      mesh_.points.emplace_back(p.X(), p.Y(), p.Z());
+      mesh_.points[first + static_cast<std::size_t>(i) - 1] = {p.X(), p.Y(), p.Z()};
       same_.Add();
     }
-    return first;
+    return static_cast<int>(first);
   }
 
   void AddTriangles(const Poly_Triangulation& triangulation, int first, bool reversed) {
+    const std::size_t before = mesh_.triangles.size();
+    mesh_.triangles.resize(before + static_cast<std::size_t>(triangulation.NbTriangles()));
     for (int i = 1; i <= triangulation.NbTriangles(); ++i) {
-      std::array<int, 3> corners{};
+      std::array<int, 3>& corners = mesh_.triangles[before + static_cast<std::size_t>(i) - 1];
       triangulation.Triangle(i).Get(corners[0], corners[1], corners[2]);
       if (reversed) std::swap(corners[1], corners[2]);
       for (int& corner : corners) corner += first - 1;
-      mesh_.triangles.push_back(corners);
     }
   }
 
@@ -152,11 +158,11 @@ class Collector {
     }
   }
 
-  int Number(int point, std::vector<int>& numbers, Mesh& joined) {
+  int Number(int point, std::vector<int>& numbers, std::vector<geometry::Point3d>& joined) {
     int& number = numbers[static_cast<std::size_t>(point)];
     if (number < 0) {
-      number = static_cast<int>(joined.points.size());
-      joined.points.push_back(mesh_.points[static_cast<std::size_t>(point)]);
+      number = static_cast<int>(joined.size());
+      joined.push_back(mesh_.points[static_cast<std::size_t>(point)]);
     }
     return number;
   }
@@ -206,14 +212,26 @@ bool HasBareFace(const TopoDS_Shape& shape) {
   return false;
 }
 
+/// Meshes one of our own solids, which have no holes. The kernel passes over a face that it fails at, also
+/// for lack of memory, and says so or not.
+Result<Mesh> WholeMeshOf(const TopoDS_Shape& solid, const MeshTolerance& tolerance) {
+  if (!Triangulate(solid, tolerance)) return Unmeshed();
+  Mesh mesh = FacetsOf(solid);
+  if (mesh.triangles.empty() ? HasBareFace(solid) : !IsClosed(mesh)) return Unmeshed();
+  return mesh;
+}
+
 /// The mesh of one of our own solids.
 Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
-  // The kernel passes over a face that it fails at, also for lack of memory, and says so or not; ours have
-  // none that it cannot mesh, and no holes.
-  if (!Triangulate(shape.shape, tolerance)) return Unmeshed();
-  Mesh mesh = FacetsOf(shape.shape);
-  if (mesh.triangles.empty() ? HasBareFace(shape.shape) : !IsClosed(mesh)) return Unmeshed();
-  KeepMesh(shape, tolerance, mesh);
+  // The facets along the two circles of a ring that is narrower than the tolerance can cross each other.
+  constexpr int kFinerTolerances = 3;
+  MeshTolerance finer = tolerance;
+  auto mesh = WholeMeshOf(shape.shape, finer);
+  for (int i = 0; i < kFinerTolerances && !mesh; ++i) {
+    finer.chord = std::max(finer.chord / 4, kFinestChord);
+    mesh = WholeMeshOf(shape.shape, finer);
+  }
+  if (mesh) KeepMesh(shape, tolerance, *mesh);
   return mesh;
 }
 
@@ -287,7 +305,7 @@ Mesh FacetsOf(const TopoDS_Shape& shape) {
   for (TopExp_Explorer faces(shape, TopAbs_FACE); faces.More(); faces.Next()) {
     collector.Add(TopoDS::Face(faces.Current()));
   }
-  return collector.JoinedMesh();
+  return std::move(collector).JoinedMesh();
 }
 
 TopoDS_Face FaceOf(const Mesh& mesh) {

@@ -56,14 +56,12 @@ void AppendTriangle(std::string& bytes, const geometry::Point3d& a, const geomet
   AppendBytes(bytes, std::uint16_t{0});
 }
 
-}  // namespace
-
 // Readers of these texts go by lines: the one with "coord Coordinate", the one with "coordIndex", and the
 // first after it with a closing bracket.
-std::string VrmlShape(const Mesh& mesh, const Colour& colour) {
-  std::string text =
-      "Shape {\nappearance Appearance {\nmaterial Material {\ndiffuseColor " + ColourText(colour) +
-      "\n}\n}\ngeometry IndexedFaceSet {\nccw TRUE\nsolid FALSE\ncoord Coordinate {\npoint [\n";
+std::string ShapeText(const Mesh& mesh, const std::string& material, const std::string& faceSet) {
+  std::string text = "Shape {\nappearance Appearance {\nmaterial Material {\n" + material +
+                     "}\n}\ngeometry IndexedFaceSet {\nccw TRUE\nsolid FALSE\n" + faceSet +
+                     "coord Coordinate {\npoint [\n";
   for (std::size_t i = 0; i < mesh.points.size(); ++i) {
     AppendPoint(text, mesh.points[i]);
     text += i + 1 < mesh.points.size() ? ",\n" : "\n";
@@ -76,10 +74,41 @@ std::string VrmlShape(const Mesh& mesh, const Colour& colour) {
   return text + "]\n}\n}\n";
 }
 
+}  // namespace
+
+std::string VrmlShape(const Mesh& mesh, const Colour& colour) {
+  return ShapeText(mesh, "diffuseColor " + ColourText(colour) + "\n", "");
+}
+
+std::string VrmlPicture(const Mesh& mesh, const Appearance& appearance) {
+  std::string material = "diffuseColor " + ColourText(appearance.colour) + "\n";
+  if (appearance.isSeenThrough) material += "transparency " + NumberText(kTransparency) + "\n";
+  // Facets of a round surface meet at up to 10 degrees, edges of a device at 15 and more.
+  return ShapeText(mesh, material, "creaseAngle 0.2\n");
+}
+
 std::string NamedVrmlNode(const std::string& name, std::size_t number, const std::string& shape) {
   std::string identifier = "Body" + std::to_string(number) + "_";
   for (const char c : name) identifier += IsNameCharacter(c) ? c : '_';
   return "DEF " + identifier + " Transform {\nchildren [\n" + shape + "]\n}\n";
+}
+
+void ObjText::Add(const std::string& name, const Mesh& mesh, const Colour& colour) {
+  text_ += "o " + name + "\n";
+  const std::string painted = " " + ColourText(colour) + "\n";
+  for (const geometry::Point3d& point : mesh.points) {
+    text_ += "v ";
+    AppendPoint(text_, point);
+    text_ += painted;
+  }
+  for (const auto& triangle : mesh.triangles) {
+    text_ += 'f';
+    for (const int corner : triangle) {
+      text_ += " " + std::to_string(points_ + static_cast<std::size_t>(corner) + 1);
+    }
+    text_ += '\n';
+  }
+  points_ += mesh.points.size();
 }
 
 std::string StlBytes(const std::vector<Mesh>& meshes, const std::vector<std::size_t>& numbers) {

@@ -63,6 +63,15 @@ bool IsManifold(const Mesh& mesh) {
   return std::ranges::adjacent_find(ways) == ways.end() && IsClosed(mesh);
 }
 
+double AreaOf(const Mesh& mesh) {
+  double area = 0;
+  for (const auto& triangle : mesh.triangles) {
+    const auto [a, b, c] = CornersOf(mesh, triangle);
+    area += Cross(b - a, c - a).Magnitude() / 2;
+  }
+  return area;
+}
+
 Measures MeasuresOf(const Mesh& mesh) {
   Weighted volume, area;
   for (const auto& triangle : mesh.triangles) {

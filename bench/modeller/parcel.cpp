@@ -18,26 +18,30 @@
 namespace vanzet::modeller {
 namespace {
 
-/// "0.6 0.6 0.6 1 name"
+/// "0.6 0.6 0.6 1 0 name": red, green, blue, whether it is of steel, whether it is seen through
 ParcelBody BodyOfLine(std::string_view line) {
   ParcelBody body;
-  for (double* part : {&body.colour.red, &body.colour.green, &body.colour.blue}) {
+  auto& [colour, isSteel, isSeenThrough] = body.appearance;
+  for (double* part : {&colour.red, &colour.green, &colour.blue}) {
     const auto number = RealPrefix(line);
     if (!number) return body;
     *part = number->value;
     line.remove_prefix(number->used);
   }
-  const auto isSteel = IntegerPrefix(line);
-  if (!isSteel) return body;
-  body.isSteel = isSteel->value == 1;
-  line.remove_prefix(isSteel->used);
+  for (bool* is : {&isSteel, &isSeenThrough}) {
+    const auto number = IntegerPrefix(line);
+    if (!number) return body;
+    *is = number->value == 1;
+    line.remove_prefix(number->used);
+  }
   if (!line.empty()) body.name = line.substr(1);
   return body;
 }
 
 std::string LineOf(const ParcelBody& body) {
-  return NumberText(body.colour.red) + " " + NumberText(body.colour.green) + " " +
-         NumberText(body.colour.blue) + (body.isSteel ? " 1 " : " 0 ") + OneLine(body.name) + "\n";
+  const auto& [colour, isSteel, isSeenThrough] = body.appearance;
+  return NumberText(colour.red) + " " + NumberText(colour.green) + " " + NumberText(colour.blue) +
+         (isSteel ? " 1" : " 0") + (isSeenThrough ? " 1 " : " 0 ") + OneLine(body.name) + "\n";
 }
 
 Fault Incomplete() {

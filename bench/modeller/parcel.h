@@ -14,14 +14,13 @@ namespace vanzet::modeller {
 
 struct ParcelBody {
   std::string name;
-  Colour colour;
+  Appearance appearance;
   TopoDS_Shape shape;
   std::string_view surfaces = {};  ///< of a file's body; its shape then only has its place
-  bool isSteel = false;
 };
 
-/// Writes the count of the bodies, a line of colour, 1 for steel and name for each, their surfaces, each
-/// after a line with their length, then one compound of their shapes in Open CASCADE's binary form.
+/// Writes the count of the bodies, a line of appearance and name for each, their surfaces, each after a line
+/// with their length, then one compound of their shapes in Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 
 /// Reads what `PackParcel` wrote, for the exchange program alone. Each body has its whole shape then, and no

@@ -10,6 +10,7 @@ extern "C" const void* vanzetSolids() {
   static const Solids solids{
       .isStl = [](const Body& body) { return body.IsStl(); },
       .moveBody = MoveBody,
+      .scaleFacets = ScaleFacets,
       .turnBody = TurnBody,
       .placeBody = PlaceBody,
       .cutBodies = CutBodies,
@@ -17,6 +18,7 @@ extern "C" const void* vanzetSolids() {
       .importBody = ImportBody,
       .importBodyInSteps = ImportBodyInSteps,
       .importBodies = ImportBodies,
+      .describeFile = DescribeFile,
       .importVrml = ImportVrml,
       .factsOf = FactsOf,
       .makeFiles = MakeFiles,

@@ -6,6 +6,7 @@
 
 #include "modeller/body.h"
 #include "modeller/booleans.h"
+#include "modeller/description.h"
 #include "modeller/exchange.h"
 #include "modeller/export.h"
 #include "modeller/measures.h"
@@ -26,6 +27,7 @@ inline constexpr const char* kSolidsFunction = "vanzetSolids";
 struct Solids {
   bool (*isStl)(const Body&);
   Result<Body> (*moveBody)(const Body&, const geometry::Vector3d&);
+  Result<Body> (*scaleFacets)(const Body&, double);
   Result<Body> (*turnBody)(const Body&, const Axis&, double);
   Result<Body> (*placeBody)(const Body&, const geometry::Matrix&);
   Result<Body> (*cutBodies)(const std::vector<Body>&, const std::vector<Body>&);
@@ -35,6 +37,7 @@ struct Solids {
                                     const TakeCoarse&);
   std::vector<Result<Body>> (*importBodies)(const std::vector<std::filesystem::path>&, const Exchange&,
                                             const Foresight&);
+  Result<FileDescription> (*describeFile)(const std::filesystem::path&, const Exchange&);
   Result<std::vector<VrmlBody>> (*importVrml)(const std::string&, const Exchange&);
   Result<BodyFacts> (*factsOf)(const NamedBody&, ExportFormat, const MeshTolerance&);
   Result<void> (*makeFiles)(const std::vector<NamedBody>&, const std::vector<FileBodies>&, ExportFormat,

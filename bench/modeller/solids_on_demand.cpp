@@ -34,6 +34,9 @@ bool Body::IsStl() const {
 Result<Body> MoveBody(const Body& body, const geometry::Vector3d& by) {
   return Call<&Solids::moveBody>(body, by);
 }
+Result<Body> ScaleFacets(const Body& body, double factor) {
+  return Call<&Solids::scaleFacets>(body, factor);
+}
 Result<Body> TurnBody(const Body& body, const Axis& axis, double degrees) {
   return Call<&Solids::turnBody>(body, axis, degrees);
 }
@@ -59,6 +62,9 @@ std::vector<Result<Body>> ImportBodies(const std::vector<std::filesystem::path>&
   const auto solids = LoadedSolids();
   if (!solids) return {files.size(), solids.fault()};
   return (*solids)->importBodies(files, exchange, foresight);
+}
+Result<FileDescription> DescribeFile(const std::filesystem::path& file, const Exchange& exchange) {
+  return Call<&Solids::describeFile>(file, exchange);
 }
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
   return Call<&Solids::importVrml>(text, exchange);

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 #include <numeric>
+#include <sstream>
 
 #include "modeller/body.h"
 #include "modeller/facets.h"
@@ -104,19 +105,93 @@ TEST_F(Exports, GltfInMetresWithYUpwards) {
               Pointwise(DoubleNear(2e-4), {0.0, -0.01, -0.01, 0.06, 0.02, 0.03}));
 }
 
-TEST_F(Exports, GltfWithMaterialsThatAreNoPolishedMetal) {
-  bodies_[1].isSteel = true;
-  const std::string bytes = ReadBytes(Exported(ExportFormat::kGltf));
+/// The materials in the text part of a binary glTF file.
+nlohmann::json MaterialsOf(const fs::path& file) {
+  const std::string bytes = ReadBytes(file);
   std::uint32_t length = 0;
   std::memcpy(&length, bytes.data() + 12, sizeof(length));
-  const auto scene = nlohmann::json::parse(bytes.substr(20, length), nullptr, false);
+  return nlohmann::json::parse(bytes.substr(20, length), nullptr, false)["materials"];
+}
+
+TEST_F(Exports, GltfWithMaterialsThatAreNoPolishedMetal) {
+  bodies_[1].appearance.isSteel = true;
   std::vector<double> metallic, roughness;
-  for (const auto& material : scene["materials"]) {
+  for (const auto& material : MaterialsOf(Exported(ExportFormat::kGltf))) {
     metallic.push_back(material["pbrMetallicRoughness"].value("metallicFactor", 1.0));
     roughness.push_back(material["pbrMetallicRoughness"].value("roughnessFactor", 1.0));
   }
   EXPECT_THAT(metallic, Pointwise(DoubleNear(1e-6), {0.0, 0.3}));
   EXPECT_THAT(roughness, Pointwise(DoubleNear(1e-6), {0.6, 0.6}));
+}
+
+TEST_F(Exports, ABodyThatIsSeenThrough) {
+  bodies_[1].appearance.isSeenThrough = true;
+  const auto materials = MaterialsOf(Exported(ExportFormat::kGltf));
+  EXPECT_EQ(materials[0].value("alphaMode", "OPAQUE"), "OPAQUE");
+  EXPECT_EQ(materials[1].value("alphaMode", "OPAQUE"), "BLEND");
+  EXPECT_NEAR(materials[1]["pbrMetallicRoughness"]["baseColorFactor"][3].get<double>(), 0.4, 1e-6);
+  fs::remove(folder_ / "out.glb");
+  const std::string wrl = ReadBytes(Exported(ExportFormat::kWrl));
+  EXPECT_THAT(wrl, testing::HasSubstr("diffuseColor 1 0 0\n}"));
+  EXPECT_THAT(wrl, testing::HasSubstr("diffuseColor 0 0.5 1\ntransparency 0.6\n}"));
+  fs::remove(folder_ / "out.wrl");
+  const std::string step = ReadBytes(Exported(ExportFormat::kStep));
+  EXPECT_THAT(step, testing::HasSubstr("SURFACE_STYLE_TRANSPARENT(0.5999"));
+}
+
+TEST_F(Exports, StepOfSeveralBodiesIsOneAssembly) {
+  EXPECT_EQ(ReadStepDocument(Exported(ExportFormat::kStep)).roots, std::vector<std::string>{"equipment"});
+}
+
+TEST_F(Exports, StepOfOneBodyIsThatPart) {
+  bodies_.pop_back();
+  EXPECT_EQ(ReadStepDocument(Exported(ExportFormat::kStep)).roots, std::vector<std::string>{"Brücke"});
+}
+
+TEST_F(Exports, StepSaysWhatMadeIt) {
+  const std::string text = ReadBytes(Exported(ExportFormat::kStep));
+  const std::string head = text.substr(0, text.find("ENDSEC"));
+  EXPECT_THAT(head, testing::HasSubstr("FILE_NAME('equipment'"));
+  EXPECT_THAT(head, testing::HasSubstr("'vanzet'"));
+  EXPECT_THAT(head, testing::Not(testing::HasSubstr("Author")));
+  EXPECT_THAT(head, testing::Not(testing::HasSubstr("Shape Model")));
+}
+
+TEST_F(Exports, IgesThatIsImportedAgain) {
+  const Body body = Get(ImportBody(Exported(ExportFormat::kIges), TestExchange()));
+  EXPECT_NEAR(Measured(body).volume, kVolume, 1e-2);
+  EXPECT_TRUE(Measured(body).closed);
+  EXPECT_THAT(Box(body), Pointwise(DoubleNear(1e-3), kBox));
+}
+
+TEST_F(Exports, ThreeMfThatIsImportedAgain) {
+  const Body body = Get(ImportBody(Exported(ExportFormat::k3mf), TestExchange()));
+  EXPECT_TRUE(body.IsStl());
+  EXPECT_TRUE(Measured(body).closed);
+  EXPECT_NEAR(Measured(body).volume, kVolume, kVolume * 0.02);
+  EXPECT_THAT(Box(body), Pointwise(DoubleNear(0.2), kBox));
+}
+
+TEST_F(Exports, ObjWithAnObjectForEachBody) {
+  const std::string text = ReadBytes(Exported(ExportFormat::kObj));
+  EXPECT_THAT(text, testing::StartsWith("# millimetres\no Brücke\nv "));
+  const std::string ball = text.substr(text.find("o ball 2\n"));
+  EXPECT_THAT(ball, testing::HasSubstr(" 0 0.5 1\n"));
+  // The faces of the ball count its points after the eight of the brick.
+  std::istringstream lines(ball);
+  std::string word;
+  int points = 0, least = 1 << 30, most = 0;
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    words >> word;
+    points += word == "v" ? 1 : 0;
+    for (int corner = 0; word == "f" && words >> corner;) {
+      least = std::min(least, corner);
+      most = std::max(most, corner);
+    }
+  }
+  EXPECT_EQ(least, 9);
+  EXPECT_EQ(most, 8 + points);
 }
 
 TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
@@ -138,7 +213,7 @@ TEST_F(Exports, BodiesOfFacetsToEveryFormat) {
 }
 
 TEST_F(Exports, SeveralFilesOfTheSameBodiesInTheirOrder) {
-  for (const char* word : {"step", "gltf", "stl", "wrl"}) {
+  for (const std::string& word : FormatWords()) {
     std::vector<std::string> contents;
     const auto take = [&](std::size_t file, const std::string& content) -> Result<void> {
       EXPECT_EQ(file, contents.size());
@@ -160,10 +235,10 @@ TEST_F(Exports, StopWhereAFileIsNotTaken) {
     ++taken;
     return Fault{"no room"};
   };
-  for (const ExportFormat format : {ExportFormat::kStl, ExportFormat::kGltf}) {
+  for (const ExportFormat format : {ExportFormat::kStl, ExportFormat::kGltf, ExportFormat::k3mf}) {
     EXPECT_EQ(Told(MakeFiles(bodies_, {{0}, {1}}, format, {}, TestExchange(), take)), "no room");
   }
-  EXPECT_EQ(taken, 2);
+  EXPECT_EQ(taken, 3);
 }
 
 TEST_F(Exports, MeasureWhatIsWritten) {
@@ -218,7 +293,7 @@ TEST(ExportFiles, TravelAsOneWord) {
 TEST(ExportFormats, HaveTheirWords) {
   EXPECT_EQ(FormatNamed("step"), ExportFormat::kStep);
   EXPECT_EQ(FormatNamed("gltf"), ExportFormat::kGltf);
-  EXPECT_EQ(FormatNamed("obj"), std::nullopt);
+  EXPECT_EQ(FormatNamed("dwg"), std::nullopt);
   EXPECT_EQ(EndingOf(ExportFormat::kWrl), ".wrl");
 }
 

@@ -60,7 +60,9 @@ TEST_F(HostileFiles, ThatAreFoldersAreReported) {
 }
 
 TEST_F(HostileFiles, OfAnotherKindAreReported) {
-  EXPECT_EQ(FaultOf("brick.igs", "x"), "does not end with .step, .stp, .stl or .brep");
+  EXPECT_EQ(FaultOf("brick.dwg", "x"), "does not end with .step, .stp, .iges, .igs, .brep, .stl or .3mf");
+  EXPECT_THAT(FaultOf("brick.igs", "x"), testing::StartsWith("not a readable IGES file"));
+  EXPECT_THAT(FaultOf("brick.3mf", "x"), testing::StartsWith("not a readable 3MF file"));
 }
 
 TEST_F(HostileFiles, WithoutContentAreReported) {
@@ -108,6 +110,30 @@ TEST_F(HostileFiles, WithBytesChangedNeverEndThisProcess) {
 TEST_F(HostileFiles, WithoutABodyAreReported) {
   EXPECT_THAT(FaultOf("nothing.stl", "solid nothing\nendsolid nothing\n"),
               testing::AnyOf(StartsWith("holds no body"), StartsWith("not a readable STL file")));
+}
+
+/// A STEP file of one schema with these entities.
+std::string StepText(const std::string& schema, const std::string& entities) {
+  return "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\nFILE_NAME('','',(''),(''),'','','');\n"
+         "FILE_SCHEMA(('" +
+         schema + "'));\nENDSEC;\nDATA;\n" + entities + "ENDSEC;\nEND-ISO-10303-21;\n";
+}
+
+TEST_F(HostileFiles, WithoutABodySayWhereItIsInstead) {
+  const std::string assembly = StepText(
+      "AUTOMOTIVE_DESIGN", "#1=DOCUMENT_TYPE('');\n#2=DOCUMENT_FILE('part-12.stp','','',#1,'',$);\n");
+  EXPECT_EQ(FaultOf("assembly.step", assembly),
+            "holds no body: its parts are in other files, the first in 'part-12.stp'");
+  const std::string triangles = StepText(
+      "AP242_MANAGED_MODEL_BASED_3D_ENGINEERING_MIM_LF",
+      "#1=COORDINATES_LIST('',3,((0.,0.,0.),(1.,0.,0.),(0.,1.,0.)));\n"
+      "#2=TRIANGULATED_FACE('',#1,3,((0.,0.,1.)),$,(),((1,2,3)));\n#3=TESSELLATED_SOLID('',(#2),$);\n");
+  EXPECT_THAT(FaultOf("triangles.step", triangles),
+              StartsWith("holds no body: it has triangles without surfaces"));
+  const std::string analysis = StepText("STRUCTURAL_ANALYSIS_DESIGN", "#1=CARTESIAN_POINT('',(0.,0.,0.));\n");
+  EXPECT_THAT(FaultOf("analysis.step", analysis), StartsWith("holds no body: it is a model for analysis"));
+  const std::string point = StepText("AUTOMOTIVE_DESIGN", "#1=CARTESIAN_POINT('',(0.,0.,0.));\n");
+  EXPECT_EQ(FaultOf("point.step", point), "holds no body");
 }
 
 TEST_F(HostileFiles, OutOfReachAreReported) {
@@ -194,11 +220,43 @@ TEST_F(HostileFiles, ThatTakeTooLongAreGivenUp) {
   WriteBytes(folder_ / "endless", "#!/bin/sh\nexec sleep 1000\n");
   fs::permissions(folder_ / "endless", fs::perms::owner_all);
   StepOfABrick();
-  const Exchange exchange = {folder_ / "endless", {.seconds = 1}};
+  const Exchange exchange = {folder_ / "endless", {.seconds = 1, .patience = 1}};
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(Told(ImportBody(folder_ / "brick.step", exchange)),
             (folder_ / "brick.step").string() + ": takes longer than 1 seconds");
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+}
+
+/// Sets a variable of the environment for one test.
+class Variable {
+ public:
+  Variable(const char* name, const char* value) : name_(name) { setenv(name, value, 1); }
+  ~Variable() { unsetenv(name_); }
+
+ private:
+  const char* name_;
+};
+
+TEST_F(HostileFiles, HaveTheLimitsOfTheEnvironment) {
+  StepOfABrick();
+  const Variable program("VANZET_EXCHANGE", TestExchange().program.c_str());
+  for (const char* const wrong : {"0", "x", "86401", "-1", "1.5"}) {
+    const Variable seconds("VANZET_EXCHANGE_SECONDS", wrong);
+    EXPECT_EQ(
+        Told(ImportBody(folder_ / "brick.step", Exchange::OfProcess())),
+        (folder_ / "brick.step").string() + ": VANZET_EXCHANGE_SECONDS is a whole number from 1 to 86400");
+  }
+  {
+    const Variable memory("VANZET_EXCHANGE_MEMORY", "2000");
+    EXPECT_EQ(Told(ImportBody(folder_ / "brick.step", Exchange::OfProcess())),
+              (folder_ / "brick.step").string() +
+                  ": VANZET_EXCHANGE_MEMORY is a whole number of GiB from 1 to 1024");
+  }
+  const Variable seconds("VANZET_EXCHANGE_SECONDS", "600"), memory("VANZET_EXCHANGE_MEMORY", "8");
+  const Exchange exchange = Exchange::OfProcess();
+  EXPECT_EQ(exchange.limits.seconds, 600);
+  EXPECT_EQ(exchange.limits.bytes, std::uint64_t{8} << 30);
+  EXPECT_TRUE(ImportBody(folder_ / "brick.step", exchange));
 }
 
 TEST_F(HostileFiles, ThatEndTheExchangeProgramAreReported) {

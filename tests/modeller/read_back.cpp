@@ -65,7 +65,10 @@ ReadBack Read(const Handle(TDocStd_Document) & document) {
   XCAFDoc_DocumentTool::ShapeTool(document->Main())->GetFreeShapes(roots);
   TopoDS_Compound all;
   BRep_Builder().MakeCompound(all);
-  for (const TDF_Label& root : roots) BRep_Builder().Add(all, XCAFDoc_ShapeTool::GetShape(root));
+  for (const TDF_Label& root : roots) {
+    BRep_Builder().Add(all, XCAFDoc_ShapeTool::GetShape(root));
+    read.roots.push_back(NameOf(root));
+  }
   read.shape = all;
   for (XCAFPrs_DocumentExplorer nodes(document, XCAFPrs_DocumentExplorerFlags_OnlyLeafNodes); nodes.More();
        nodes.Next()) {

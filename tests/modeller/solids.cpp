@@ -57,6 +57,10 @@ TopoDS_Shape Torus(double radius, double tube) {
   return BRepPrimAPI_MakeTorus(radius, tube);
 }
 
+TopoDS_Shape CylinderAlongZ(double x, double y, double radius, double from, double to) {
+  return BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(x, y, from), gp_Dir(0, 0, 1)), radius, to - from).Shape();
+}
+
 TopoDS_Shape Brick(double x, double y, double z) {
   return BRepPrimAPI_MakeBox(x, y, z);
 }

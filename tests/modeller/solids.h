@@ -21,6 +21,9 @@ TopoDS_Shape Sphere(double radius);
 TopoDS_Shape Torus(double radius, double tube);
 TopoDS_Shape Brick(double x, double y, double z);
 
+/// A cylinder about the line through x and y along z, between two places on it.
+TopoDS_Shape CylinderAlongZ(double x, double y, double radius, double from, double to);
+
 /// A brick of 60 by 40 by 30 with all edges rounded and a bore of radius 8 through its middle, along z.
 TopoDS_Shape Casting();
 

@@ -17,9 +17,11 @@
 #include "modeller/answers.h"
 #include "modeller/body_size.h"
 #include "modeller/exchange/confinement.h"
+#include "modeller/exchange/describe.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/read_vrml.h"
+#include "modeller/exchange/three_mf.h"
 #include "modeller/exchange/write_file.h"
 #include "modeller/facets.h"
 #include "modeller/kernel.h"
@@ -127,15 +129,22 @@ Result<void> Read(const Arguments& given) {
   return {};
 }
 
+Result<void> DescribeFiles(const Arguments& given) {
+  Answer answer;
+  for (const auto& file : given.filesToRead) VANZET_DO(answer.Add(Describe(file)));
+  return {};
+}
+
 Result<void> ReadVrmlText(const Arguments&) {
   std::ifstream text(kParcel, std::ios::binary);
   const auto meshes = ReadVrml(text);
   return Answer().Add(meshes);
 }
 
+using Write = Result<void>(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
+
 /// Calls `write(bodies, path)` for each file, and reports the progress.
-template <class Write>
-Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& given, Write write) {
+Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& given, Write* write) {
   const auto files = FilesOfWord(given.files, bodies.size());
   if (files.empty()) return Fault{"the list of files was not transferred completely"};
   for (std::size_t i = 0; i < files.size(); ++i) {
@@ -147,16 +156,18 @@ Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& 
   return {};
 }
 
-Result<void> StepFiles(const Arguments& given) {
+template <Write write>
+Result<void> SurfaceFiles(const Arguments& given) {
   VANZET_TRY(auto bodies, ReadParcel());
-  PrepareForStep(bodies);
-  return WriteFiles(bodies, given, WriteStep);
+  PrepareSurfaces(bodies);
+  return WriteFiles(bodies, given, write);
 }
 
-Result<void> GltfFiles(const Arguments& given) {
+template <Write write>
+Result<void> FacetFiles(const Arguments& given) {
   VANZET_TRY(auto bodies, ReadParcel());
-  VANZET_DO(PrepareForGltf(bodies, given.tolerance));
-  return WriteFiles(bodies, given, WriteGltf);
+  VANZET_DO(PrepareMeshes(bodies, given.tolerance));
+  return WriteFiles(bodies, given, write);
 }
 
 Result<void> MeshBody(const Arguments& given) {
@@ -194,12 +205,15 @@ struct Order {
 constexpr Order kOrders[] = {
     //            files          tolerance
     {"read",       Use::kReads,  false, Read},
+    {"describe",   Use::kReads,  false, DescribeFiles},
     {"read-vrml",  Use::kNone,   false, ReadVrmlText},
     {"mesh",       Use::kNone,   true,  MeshBody},
     {"extents",    Use::kNone,   false, MeasureExtents},
     {"measures",   Use::kNone,   false, Measure},
-    {"write-step", Use::kWrites, true,  StepFiles},
-    {"write-gltf", Use::kWrites, true,  GltfFiles},
+    {"write-step", Use::kWrites, true,  SurfaceFiles<WriteStep>},
+    {"write-iges", Use::kWrites, true,  SurfaceFiles<WriteIges>},
+    {"write-gltf", Use::kWrites, true,  FacetFiles<WriteGltf>},
+    {"write-3mf",  Use::kWrites, true,  FacetFiles<WriteThreeMf>},
 };
 // clang-format on
 

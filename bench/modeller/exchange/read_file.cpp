@@ -1,16 +1,28 @@
 #include "modeller/exchange/read_file.h"
 
 #include <BRepBndLib.hxx>
+#include <BRepBuilderAPI_MakeSolid.hxx>
+#include <BRepBuilderAPI_Sewing.hxx>
+#include <BRepLib.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
 #include <BinTools.hxx>
 #include <Bnd_Box.hxx>
+#include <IGESControl_Controller.hxx>
+#include <IGESControl_Reader.hxx>
+#include <IGESData_IGESModel.hxx>
 #include <Interface_Static.hxx>
 #include <RWStl.hxx>
 #include <RWStl_Reader.hxx>
 #include <STEPControl_Controller.hxx>
 #include <STEPControl_Reader.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
 #include <TopoDS_Face.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -24,7 +36,9 @@
 #include "base/letter_case.h"
 #include "base/number_text.h"
 #include "modeller/body_size.h"
+#include "modeller/exchange/empty_step.h"
 #include "modeller/exchange/process.h"
+#include "modeller/exchange/three_mf.h"
 #include "modeller/facets.h"
 #include "modeller/outline.h"
 
@@ -68,7 +82,9 @@ Result<TopoDS_Shape> ReadStep(const fs::path& file) {
   }
   const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
   reader.TransferRoots(reporter->Start());
-  return reader.OneShape();
+  const TopoDS_Shape shape = reader.OneShape();
+  if (!shape.IsNull()) return shape;
+  return Fault{"holds no body" + ReasonForNoBody(reader.StepModel()) + FirstKernelMessage()};
 }
 
 class StlReader final : public RWStl_Reader {
@@ -160,15 +176,48 @@ Result<TopoDS_Shape> ReadBrep(const fs::path& file) {
   return shape;
 }
 
+/// The faces, which an IGES file has one by one, as solids where they close. What is not closed stays as it
+/// is.
+TopoDS_Shape Sewn(const TopoDS_Shape& faces) {
+  constexpr double kGap = 0.01;  // millimetres between edges that are one
+  BRepBuilderAPI_Sewing sewing(kGap);
+  sewing.Add(faces);
+  sewing.Perform();
+  const TopoDS_Shape sewn = sewing.SewedShape();
+  TopoDS_Compound bodies;
+  BRep_Builder().MakeCompound(bodies);
+  for (TopExp_Explorer shells(sewn, TopAbs_SHELL); shells.More(); shells.Next()) {
+    const TopoDS_Shell shell = TopoDS::Shell(shells.Current());
+    if (!BRep_Tool::IsClosed(shell)) return sewn;
+    TopoDS_Solid solid = BRepBuilderAPI_MakeSolid(shell);
+    BRepLib::OrientClosedSolid(solid);
+    BRep_Builder().Add(bodies, solid);
+  }
+  return bodies.NbChildren() == 0 ? sewn : TopoDS_Shape(bodies);
+}
+
+Result<TopoDS_Shape> ReadIges(const fs::path& file) {
+  IGESControl_Controller::Init();
+  Interface_Static::SetCVal("xstep.cascade.unit", "MM");
+  IGESControl_Reader reader;
+  // A text of anything is taken for a file without entities.
+  if (reader.ReadFile(file.c_str()) != IFSelect_RetDone || reader.IGESModel()->NbEntities() == 0) {
+    return Fault{"not a readable IGES file" + FirstKernelMessage()};
+  }
+  const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
+  reader.TransferRoots(reporter->Start());
+  const TopoDS_Shape shape = reader.OneShape();
+  if (shape.IsNull() || TopExp_Explorer(shape, TopAbs_SOLID).More()) return shape;
+  return Sewn(shape);
+}
+
 struct Reader {
   std::string_view ending;
   Result<TopoDS_Shape> (*read)(const fs::path& file);
 };
 constexpr Reader kReaders[] = {
-    {".step", ReadStep},
-    {".stp", ReadStep},
-    {".stl", ReadStl},
-    {".brep", ReadBrep},
+    {".step", ReadStep}, {".stp", ReadStep},  {".stl", ReadStl},     {".brep", ReadBrep},
+    {".igs", ReadIges},  {".iges", ReadIges}, {".3mf", ReadThreeMf},
 };
 
 Result<void> CheckReach(const TopoDS_Shape& shape) {
@@ -202,7 +251,7 @@ Result<TopoDS_Shape> ReadFile(const fs::path& file) {
     VANZET_DO(CheckReach(shape));
     return shape;
   }
-  return Fault{"does not end with .step, .stp, .stl or .brep"};
+  return Fault{"does not end with .step, .stp, .iges, .igs, .brep, .stl or .3mf"};
 }
 
 ReadBody AnswerOf(const TopoDS_Shape& shape) {

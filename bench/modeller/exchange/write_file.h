@@ -9,14 +9,23 @@
 
 namespace vanzet::modeller {
 
-/// Writes named and coloured solids, in millimetres. Each body must be prepared: then a body of facets has a
-/// face for each triangle.
-void PrepareForStep(std::vector<ParcelBody>& bodies);
+/// Makes bodies ready for files of surfaces: then a body of facets has a face for each triangle.
+void PrepareSurfaces(std::vector<ParcelBody>& bodies);
+
+/// Writes named and coloured solids, in millimetres; several are the parts of one assembly.
+/// Requires: prepared bodies
 Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
+/// Writes named and coloured solids, in millimetres.
+/// Requires: prepared bodies
+Result<void> WriteIges(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
+
+/// Makes bodies ready for files of meshes: then each has triangles.
+Result<void> PrepareMeshes(std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance);
+
 /// Writes named and coloured meshes to one binary file, in metres with y upwards, as bodies have it and the
-/// format requires. Each body must be prepared: then it has triangles.
-Result<void> PrepareForGltf(std::vector<ParcelBody>& bodies, const MeshTolerance& tolerance);
+/// format requires.
+/// Requires: prepared bodies
 Result<void> WriteGltf(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
 }  // namespace vanzet::modeller
