@@ -7,6 +7,7 @@
 #include "base/letter_case.h"
 #include "base/near_words.h"
 #include "base/quote.h"
+#include "scene/equipment.h"
 
 namespace vanzet::scene {
 namespace {
@@ -51,6 +52,13 @@ Result<std::set<std::size_t>> FindBodies(const Scene& scene, const std::vector<s
     found.insert(ofName.begin(), ofName.end());
   }
   return found;
+}
+
+std::string DeviceNameOf(const SceneBody& body, const Equipment& equipment) {
+  const Spindle& spindle = equipment.spindles[body.name.starts_with("sub ") ? 1 : 0];
+  if (body.kind == Kind::kClamp) return spindle.clamp.name;
+  if (body.kind == Kind::kJaw) return spindle.jaw.name;
+  return body.kind == Kind::kCenter ? equipment.center.name : "";
 }
 
 }  // namespace vanzet::scene

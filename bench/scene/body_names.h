@@ -16,4 +16,7 @@ Result<std::set<std::size_t>> FindBodies(const Scene& scene, const std::string& 
 /// The bodies with any of the names.
 Result<std::set<std::size_t>> FindBodies(const Scene& scene, const std::vector<std::string>& names);
 
+/// The name in the catalogue of the device that a body is; empty for what is not one.
+std::string DeviceNameOf(const SceneBody& body, const Equipment& equipment);
+
 }  // namespace vanzet::scene

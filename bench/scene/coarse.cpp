@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace vanzet::scene {
 namespace {
@@ -109,9 +110,9 @@ Surface CoarseSurface(const Surface& surface, std::size_t most) {
   const double wanted = static_cast<double>(std::max<std::size_t>(most, 1));
   double size = std::max(std::sqrt(kFacetsOfCell * AreaOf(surface) / wanted), LeastSize(surface));
   for (;; size *= kLarger) {
-    const modeller::Mesh mesh = Cells(surface, size).Make();
+    modeller::Mesh mesh = Cells(surface, size).Make();
     if (mesh.triangles.size() > most) continue;
-    Surface coarse = SurfaceOf(mesh, geometry::Matrix());
+    Surface coarse = SurfaceOf(std::move(mesh), geometry::Matrix());
     // Large facets meet at larger angles: more sharp edges than the body has are none of its own.
     if (coarse.sharpEdges > surface.sharpEdges) coarse.sharpEdges = 0;
     return coarse;

@@ -24,7 +24,7 @@ bool IsTooOftenCovered(const modeller::Mesh& mesh) {
   geometry::Box3d box;
   for (const Point3d& point : mesh.points) box.Insert(point);
   const double reach = Dist(box.min, box.max);
-  return modeller::MeasuresOf(mesh).area > kMostLayers * reach * reach;
+  return modeller::AreaOf(mesh) > kMostLayers * reach * reach;
 }
 
 Result<modeller::Mesh> MeshToDraw(const SceneBody& body) {
@@ -84,10 +84,10 @@ Result<Model> ModelOf(const Scene& scene) {
   Model model{{}, scene.marks};
   for (const SceneBody& body : scene.bodies) {
     if (!body.isShown) continue;
-    const auto mesh = MeshToDraw(body);
+    auto mesh = MeshToDraw(body);
     if (mesh) {
       model.bodies.push_back(BeginBody(body));
-      model.bodies.back().surface = SurfaceOf(*mesh, body.placement);
+      model.bodies.back().surface = SurfaceOf(*std::move(mesh), body.placement);
     } else if (mesh.fault().kind == FaultKind::kSystem) {
       return mesh.fault();
     } else {

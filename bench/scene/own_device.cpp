@@ -67,8 +67,9 @@ vdm::Record RecordOf(const std::string& kind, const std::vector<Lines>& sections
 
 }  // namespace
 
-Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset) {
-  VANZET_TRY(const modeller::Mesh mesh, modeller::MeshOf(body, {}));
+Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset,
+                                                 const modeller::MeshTolerance& fineness) {
+  VANZET_TRY(const modeller::Mesh mesh, modeller::MeshOf(body, fineness));
   Lines lines;
   const LineSink sink = [&](const std::string& line) { lines.push_back(line); };
   GiveDeviceVrmlHead(sink);
@@ -78,7 +79,7 @@ Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, dou
 }
 
 Result<vdm::Vdm> MakeOwnDevice(const OwnDevice& device) {
-  VANZET_TRY(Lines text, DeviceVrmlLines(device.body, OffsetOf(device)));
+  VANZET_TRY(Lines text, DeviceVrmlLines(device.body, OffsetOf(device), device.fineness));
   const std::string word(devices::WordOf(device.deviceClass));
   const std::string values = std::to_string(devices::kClampDeviceGroup) + " " +
                              std::to_string(static_cast<int>(device.deviceClass)) + " " +

@@ -6,6 +6,7 @@
 #include "devices/kinds.h"
 #include "geometry/kurve.h"
 #include "modeller/body.h"
+#include "modeller/mesh.h"
 #include "project/definition.h"
 #include "vdm/vdm.h"
 
@@ -24,6 +25,7 @@ struct OwnDevice {
   double second = 0;  ///< the same of a center; A of the record
   modeller::Body body;
   geometry::Kurve outline;  ///< the contour that the simulation gets, as docs/formats/d2t.md has it
+  modeller::MeshTolerance fineness = {};
 };
 
 /// The VDM of the device. Fails when the body cannot be meshed.
@@ -43,6 +45,7 @@ inline constexpr std::size_t kOwnDeviceOperation = 1;
 
 /// The lines of a device's VRML text, with their line ends: docs/formats/device-vrml.md. The plug
 /// begins `offset` behind the origin.
-Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset);
+Result<std::vector<std::string>> DeviceVrmlLines(const modeller::Body& body, double offset,
+                                                 const modeller::MeshTolerance& fineness);
 
 }  // namespace vanzet::scene

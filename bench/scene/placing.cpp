@@ -173,6 +173,11 @@ double HeldRadius(const Spindle& spindle, const SpindleThings& things) {
   return things.clamp ? RadiusOf(things.clamp->body) * kOfDevice : 0;
 }
 
+double RestedRadius(const Spindle& spindle, const SpindleThings& things) {
+  if (spindle.clampsInside && things.billet) return RadiusOf(*things.billet);
+  return HeldRadius(spindle, things);
+}
+
 Stations StationsOf(const Spindle& spindle, const SpindleThings& things) {
   const double front = spindle.origin;
   Stations stations{front, front, front};

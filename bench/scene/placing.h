@@ -33,6 +33,9 @@ double DefinedHeldRadius(const Spindle& spindle);
 /// it is a third of the device.
 double HeldRadius(const Spindle& spindle, const SpindleThings& things);
 
+/// The radius that a steady rest touches: the billet's outside, also where the jaws hold its bore.
+double RestedRadius(const Spindle& spindle, const SpindleThings& things);
+
 /// The bodies and marks of a spindle in its own space; `name` is "main" or "sub".
 Scene PlaceSpindle(const Spindle& spindle, const SpindleThings& things, const std::string& name);
 

@@ -109,7 +109,7 @@ class Maker {
   Result<void> AddSteadyRest(const SpindleThings& things) {
     const FreeLength free = {stations_.holderFront, stations_.stockFront};
     std::optional<modeller::Body> rest;
-    const double radius = HeldRadius(equipment_.spindles[0], things);
+    const double radius = RestedRadius(equipment_.spindles[0], things);
     auto made = SteadyRestBody(sources_.steadyRest, radius);
     if (!made) {
       return Take({Kind::kSteadyRest},

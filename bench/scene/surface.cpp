@@ -5,6 +5,7 @@
 #include <numeric>
 #include <span>
 #include <tuple>
+#include <utility>
 
 #include "scene/vectors.h"
 
@@ -46,16 +47,17 @@ std::uint32_t PlaceOnCurve(const Point3d& point, const geometry::Box3d& box) {
          part(point.z, box.min.z, box.max.z) << 2;
 }
 
+/// Makes a surface of a mesh. What can be computed again is not kept: of a body with a million facets each
+/// list is some ten megabytes.
 class Maker {
  public:
-  Maker(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
-    JoinPoints(mesh, placement);
-    for (const auto& corners : mesh.triangles) Add(corners);
+  Maker(modeller::Mesh mesh, const geometry::Matrix& placement) {
+    const std::vector<std::uint32_t> numbers = JoinPoints(std::move(mesh.points), placement);
+    triangles_.reserve(mesh.triangles.size());
+    for (const auto& corners : mesh.triangles) Add(corners, numbers);
+    mesh = {};
     Arrange();
-    for (const Facet& triangle : triangles_) {
-      areas_.push_back(AreaOf(triangle));
-      units_.push_back(UnitVector(areas_.back()));
-    }
+    FindCorners();
   }
 
   Surface Make() {
@@ -69,21 +71,34 @@ class Maker {
  private:
   /// A side of a triangle, from the point with the lower number.
   struct Side {
-    std::uint32_t from, to, triangle;
+    std::uint32_t to, triangle;
     bool isReverse;
   };
 
-  void JoinPoints(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
-    std::vector<Point3d> placed;
-    placed.reserve(mesh.points.size());
-    for (const Point3d& point : mesh.points) placed.push_back(placement.Transform(point));
+  /// Where sides of triangles meet.
+  struct Edge {
+    SurfaceEdge edge;
+    bool isSharp;
+    bool isClosed;  ///< two triangles meet, in opposite directions
+  };
+
+  /// The areas of the triangles about a point as vectors, and their units.
+  struct Directions {
+    std::vector<Vector3d> areas, units;
+  };
+
+  /// Returns the numbers that the points of the mesh have in `points_`.
+  std::vector<std::uint32_t> JoinPoints(std::vector<Point3d> placed, const geometry::Matrix& placement) {
+    for (Point3d& point : placed) point = placement.Transform(point);
     const auto key = [&](std::uint32_t i) { return std::tie(placed[i].x, placed[i].y, placed[i].z); };
-    numbers_.resize(placed.size());
+    std::vector<std::uint32_t> numbers(placed.size());
     const auto order = SortNumbers(placed.size(), [&](auto a, auto b) { return key(a) < key(b); });
+    points_.reserve(placed.size());
     for (std::size_t i = 0; i < order.size(); ++i) {
       if (i == 0 || key(order[i - 1]) < key(order[i])) points_.push_back(placed[order[i]]);
-      numbers_[order[i]] = static_cast<std::uint32_t>(points_.size() - 1);
+      numbers[order[i]] = static_cast<std::uint32_t>(points_.size() - 1);
     }
+    return numbers;
   }
 
   Vector3d AreaOf(const Facet& triangle) const {
@@ -91,9 +106,9 @@ class Maker {
     return Cross(Vector3d(first, points_[triangle[1]]), Vector3d(first, points_[triangle[2]]));
   }
 
-  void Add(const std::array<int, 3>& corners) {
+  void Add(const std::array<int, 3>& corners, const std::vector<std::uint32_t>& numbers) {
     Facet triangle{};
-    for (std::size_t i = 0; i < 3; ++i) triangle[i] = numbers_[static_cast<std::size_t>(corners[i])];
+    for (std::size_t i = 0; i < 3; ++i) triangle[i] = numbers[static_cast<std::size_t>(corners[i])];
     if (AreaOf(triangle).Magnitude() > 0) triangles_.push_back(triangle);
   }
 
@@ -102,6 +117,7 @@ class Maker {
     geometry::Box3d box;
     for (const Point3d& point : points_) box.Insert(point);
     std::vector<std::uint32_t> places;
+    places.reserve(triangles_.size());
     for (const Facet& t : triangles_) {
       const Vector3d sum = Vector3d(Point3d(0, 0, 0), points_[t[0]]) +
                            Vector3d(Point3d(0, 0, 0), points_[t[1]]) +
@@ -117,126 +133,165 @@ class Maker {
     triangles_ = std::move(arranged);
   }
 
-  /// The corners about each point: triangle times 3, and which of its corners. Those of point `i` begin at
-  /// `begin[i]`.
-  struct Around {
-    std::vector<std::uint32_t> begin, corners;
-  };
-  Around CornersAround() const {
-    Around around{std::vector<std::uint32_t>(points_.size() + 1), {}};
+  void FindCorners() {
+    begin_.resize(points_.size() + 1);
     for (const Facet& triangle : triangles_) {
-      for (const std::uint32_t point : triangle) ++around.begin[point + 1];
+      for (const std::uint32_t point : triangle) ++begin_[point + 1];
     }
-    std::partial_sum(around.begin.begin(), around.begin.end(), around.begin.begin());
-    around.corners.resize(3 * triangles_.size());
-    std::vector<std::uint32_t> next = around.begin;
-    for (std::uint32_t corner = 0; corner < around.corners.size(); ++corner)
-      around.corners[next[triangles_[corner / 3][corner % 3]]++] = corner;
-    return around;
+    std::partial_sum(begin_.begin(), begin_.end(), begin_.begin());
+    corners_.resize(3 * triangles_.size());
+    std::vector<std::uint32_t> next = begin_;
+    for (std::uint32_t corner = 0; corner < corners_.size(); ++corner)
+      corners_[next[PointAt(corner)]++] = corner;
+  }
+
+  /// The point of the corner `corner % 3` of the triangle `corner / 3`.
+  std::uint32_t PointAt(std::uint32_t corner) const { return triangles_[corner / 3][corner % 3]; }
+
+  std::span<const std::uint32_t> CornersAround(std::uint32_t point) const {
+    return {corners_.data() + begin_[point], begin_[point + 1] - begin_[point]};
+  }
+
+  Vector3d UnitOf(std::uint32_t triangle) const { return UnitVector(AreaOf(triangles_[triangle])); }
+
+  void Collect(std::span<const std::uint32_t> corners, Directions& directions) const {
+    directions.areas.clear();
+    directions.units.clear();
+    for (const std::uint32_t corner : corners) {
+      directions.areas.push_back(AreaOf(triangles_[corner / 3]));
+      directions.units.push_back(UnitVector(directions.areas.back()));
+    }
   }
 
   /// The normal of a triangle's corner: that of its smooth neighbours, weighted by their areas.
-  PackedVector Smoothed(std::uint32_t corner, std::span<const std::uint32_t> around) const {
-    const Vector3d& own = units_[corner / 3];
-    if (around.size() > kMostAround) return PackVector(own);
+  static PackedVector Smoothed(const Directions& directions, std::size_t which) {
+    const Vector3d& own = directions.units[which];
+    if (directions.units.size() > kMostAround) return PackVector(own);
     Vector3d sum;
-    for (const std::uint32_t other : around) {
-      if (Dot(own, units_[other / 3]) >= kSmooth) sum = sum + areas_[other / 3];
+    for (std::size_t other = 0; other < directions.units.size(); ++other) {
+      if (Dot(own, directions.units[other]) >= kSmooth) sum = sum + directions.areas[other];
     }
     return PackVector(UnitVector(sum));
+  }
+
+  /// The normal of each corner and the first corner at its point that has the same.
+  struct Normals {
+    std::vector<PackedVector> normals;
+    std::vector<std::uint32_t> leaders;
+  };
+  Normals FindNormals() const {
+    Normals all{std::vector<PackedVector>(corners_.size()), std::vector<std::uint32_t>(corners_.size())};
+    Directions directions;
+    std::vector<std::pair<PackedVector, std::uint32_t>> found;
+    for (std::uint32_t point = 0; point < points_.size(); ++point) {
+      const auto here = CornersAround(point);
+      Collect(here, directions);
+      found.clear();
+      for (std::size_t i = 0; i < here.size(); ++i) found.emplace_back(Smoothed(directions, i), here[i]);
+      std::ranges::sort(found);
+      std::uint32_t leader = 0;
+      for (std::size_t i = 0; i < found.size(); ++i) {
+        if (i == 0 || found[i].first != found[i - 1].first) leader = found[i].second;
+        all.normals[found[i].second] = found[i].first;
+        all.leaders[found[i].second] = leader;
+      }
+    }
+    return all;
   }
 
   /// Corners at one point with the same normal are one point of the surface. Points are numbered as the
   /// facets need them, so that what is drawn together is together in memory.
   void AddFacets(Surface& surface) {
-    const Around around = CornersAround();
-    std::vector<PackedVector> normals(3 * triangles_.size());
-    std::vector<std::uint32_t> leaders(3 * triangles_.size());  // the first corner with the same normal
-    for (std::size_t point = 0; point < points_.size(); ++point) {
-      const std::span<const std::uint32_t> here(around.corners.data() + around.begin[point],
-                                                around.begin[point + 1] - around.begin[point]);
-      std::vector<std::pair<PackedVector, std::uint32_t>> found;
-      for (const std::uint32_t corner : here) found.emplace_back(Smoothed(corner, here), corner);
-      std::ranges::sort(found);
-      std::uint32_t leader = 0;
-      for (std::size_t i = 0; i < found.size(); ++i) {
-        if (i == 0 || found[i].first != found[i - 1].first) leader = found[i].second;
-        normals[found[i].second] = found[i].first;
-        leaders[found[i].second] = leader;
-      }
+    const Normals all = FindNormals();
+    std::size_t leaders = 0;
+    for (std::uint32_t corner = 0; corner < corners_.size(); ++corner) {
+      if (all.leaders[corner] == corner) ++leaders;
     }
+    surface.points.reserve(leaders);
     surface.facets.resize(triangles_.size());
     places_.assign(points_.size(), 0);
-    for (std::uint32_t corner = 0; corner < leaders.size(); ++corner) {
+    for (std::uint32_t corner = 0; corner < corners_.size(); ++corner) {
+      const std::uint32_t leader = all.leaders[corner];
       std::uint32_t& number = surface.facets[corner / 3][corner % 3];
-      const std::uint32_t point = triangles_[corner / 3][corner % 3];
-      if (leaders[corner] == corner) {
-        const Point3d& p = points_[point];
-        number = static_cast<std::uint32_t>(surface.points.size());
-        surface.points.push_back(
-            {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z), normals[corner]});
-      } else {
-        number = surface.facets[leaders[corner] / 3][leaders[corner] % 3];
-      }
-      places_[point] = number;
+      number = surface.facets[leader / 3][leader % 3];
+      if (leader == corner) number = AddPoint(surface, points_[PointAt(corner)], all.normals[corner]);
+      places_[PointAt(corner)] = number;
     }
-    surface.points.shrink_to_fit();
   }
 
-  std::vector<Side> Sides() const {
-    std::vector<Side> sides;
-    sides.reserve(3 * triangles_.size());
-    for (std::uint32_t t = 0; t < triangles_.size(); ++t) {
-      for (std::size_t i = 0; i < 3; ++i) {
-        const std::uint32_t a = triangles_[t][i], b = triangles_[t][(i + 1) % 3];
-        sides.push_back({std::min(a, b), std::max(a, b), t, a > b});
-      }
+  static std::uint32_t AddPoint(Surface& surface, const Point3d& p, PackedVector normal) {
+    surface.points.push_back(
+        {static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z), normal});
+    return static_cast<std::uint32_t>(surface.points.size() - 1);
+  }
+
+  /// The sides that lead from a point to those with a higher number, one beside the other where they meet.
+  void FindSides(std::uint32_t from, std::vector<Side>& sides) const {
+    sides.clear();
+    for (const std::uint32_t corner : CornersAround(from)) {
+      const Facet& triangle = triangles_[corner / 3];
+      const std::uint32_t next = triangle[(corner + 1) % 3], last = triangle[(corner + 2) % 3];
+      if (next > from) sides.push_back({next, corner / 3, false});
+      if (last > from) sides.push_back({last, corner / 3, true});
     }
     std::ranges::sort(sides, [](const Side& a, const Side& b) {
-      return std::tie(a.from, a.to, a.triangle) < std::tie(b.from, b.to, b.triangle);
+      return std::tie(a.to, a.triangle) < std::tie(b.to, b.triangle);
     });
-    return sides;
   }
 
-  void AddEdges(Surface& surface) const {
-    const std::vector<Side> sides = Sides();
-    std::vector<SurfaceEdge> smooth;
-    bool isClosed = true;
-    for (auto first = sides.begin(); first != sides.end();) {
-      const auto last = std::find_if(first, sides.end(), [&](const Side& side) {
-        return side.from != first->from || side.to != first->to;
-      });
-      const bool isPair = last - first == 2;
-      isClosed = isClosed && isPair && first->isReverse != (last - 1)->isReverse;
-      const Vector3d &left = units_[first->triangle], &right = units_[(last - 1)->triangle];
-      const SurfaceEdge edge = {places_[first->from], places_[first->to], PackVector(left),
-                                PackVector(right)};
-      if (!isPair || Dot(left, right) < kSmooth) {
-        surface.edges.push_back(edge);
-      } else if (edge.left != edge.right) {
-        smooth.push_back(edge);
+  Edge EdgeOf(std::uint32_t from, std::span<const Side> sides) const {
+    const bool isPair = sides.size() == 2;
+    const Vector3d left = UnitOf(sides.front().triangle), right = UnitOf(sides.back().triangle);
+    return {{places_[from], places_[sides.front().to], PackVector(left), PackVector(right)},
+            !isPair || Dot(left, right) < kSmooth,
+            isPair && sides.front().isReverse != sides.back().isReverse};
+  }
+
+  template <class Visit>
+  void VisitEdges(Visit visit) const {
+    std::vector<Side> sides;
+    for (std::uint32_t from = 0; from < points_.size(); ++from) {
+      FindSides(from, sides);
+      for (auto first = sides.begin(); first != sides.end();) {
+        const auto last =
+            std::find_if(first, sides.end(), [&](const Side& side) { return side.to != first->to; });
+        visit(EdgeOf(from, {first, last}));
+        first = last;
       }
-      first = last;
     }
-    surface.sharpEdges = surface.edges.size();
-    surface.edges.insert(surface.edges.end(), smooth.begin(), smooth.end());
-    surface.edges.shrink_to_fit();
+  }
+
+  /// Counts first: a list that grows takes twice its memory.
+  void AddEdges(Surface& surface) const {
+    std::size_t smooth = 0;
+    bool isClosed = true;
+    const auto isBent = [](const Edge& edge) { return !edge.isSharp && edge.edge.left != edge.edge.right; };
+    VisitEdges([&](const Edge& edge) {
+      isClosed = isClosed && edge.isClosed;
+      if (edge.isSharp) ++surface.sharpEdges;
+      if (isBent(edge)) ++smooth;
+    });
+    surface.edges.resize(surface.sharpEdges + smooth);
+    auto nextSharp = surface.edges.begin(), nextSmooth = nextSharp + std::ptrdiff_t(surface.sharpEdges);
+    VisitEdges([&](const Edge& edge) {
+      if (edge.isSharp) *nextSharp++ = edge.edge;
+      if (isBent(edge)) *nextSmooth++ = edge.edge;
+    });
     surface.isClosed = isClosed && Volume() > 0;
   }
 
   /// Six times the volume; negative when the facets face inwards.
   double Volume() const {
     double volume = 0;
-    for (std::size_t t = 0; t < triangles_.size(); ++t)
-      volume += Dot(Vector3d(points_[0], points_[triangles_[t][0]]), areas_[t]);
+    for (const Facet& triangle : triangles_)
+      volume += Dot(Vector3d(points_[0], points_[triangle[0]]), AreaOf(triangle));
     return volume;
   }
 
-  std::vector<std::uint32_t> numbers_;  ///< of the mesh's points in `points_`
   std::vector<Point3d> points_;
   std::vector<Facet> triangles_;
-  std::vector<Vector3d> areas_, units_;
-  std::vector<std::uint32_t> places_;  ///< a point of the surface at each of `points_`
+  std::vector<std::uint32_t> begin_, corners_;  ///< the corners about point i are from `begin_[i]` on
+  std::vector<std::uint32_t> places_;           ///< a point of the surface at each of `points_`
 };
 
 }  // namespace
@@ -249,8 +304,8 @@ PackedVector PackVector(const Vector3d& unit) {
   return part(unit.dx) | part(unit.dy) << 10 | part(unit.dz) << 20;
 }
 
-Surface SurfaceOf(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
-  return Maker(mesh, placement).Make();
+Surface SurfaceOf(modeller::Mesh mesh, const geometry::Matrix& placement) {
+  return Maker(std::move(mesh), placement).Make();
 }
 
 void GroupFacets(Surface& surface) {

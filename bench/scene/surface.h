@@ -63,7 +63,7 @@ struct Surface {
 
 /// The surface of a mesh after a placement. Points at the same place are one point. Edges within a plane are
 /// left out.
-Surface SurfaceOf(const modeller::Mesh& mesh, const geometry::Matrix& placement);
+Surface SurfaceOf(modeller::Mesh mesh, const geometry::Matrix& placement);
 
 /// Makes the groups of a surface from its facets, as they follow each other.
 void GroupFacets(Surface& surface);

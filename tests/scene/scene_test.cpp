@@ -183,6 +183,20 @@ TEST_F(Scenes, HaveTheSteadyRestWhereTheMachineHasItIfTheBilletIsFreeThere) {
   EXPECT_NEAR(BoxOf(Shown(), "steady rest").Mid().x, 250, 1e-3);
 }
 
+TEST_F(Scenes, HaveTheSteadyRestOutsideOfABilletThatIsHeldInItsBore) {
+  Clamp(0, kChuck, kHardJaw);
+  WriteClampOptions(0, 0, true, 3);
+  PutBillet(0, 200, 400, 160);
+  PutDatum({.outMain = 300});
+  WriteBezel(0, {1});
+  const scene::Scene shown = Shown();
+  const auto mesh = modeller::MeshOf(Find(shown, "steady rest").body, {});
+  ASSERT_TRUE(mesh);
+  double least = 1e9;
+  for (const auto& point : mesh->points) least = std::min(least, std::hypot(point.y, point.z));
+  EXPECT_NEAR(least, 100, 0.05);
+}
+
 TEST_F(Scenes, HaveThreeArmsFromTheSteadyRestToTheBillet) {
   const auto body = scene::SteadyRestBody({.largestDiameter = 100, .rollDiameter = 20}, 30);
   ASSERT_TRUE(body);
