@@ -30,8 +30,23 @@ using Crossing = std::pair<std::size_t, std::size_t>;
 class MeshCut {
  public:
   MeshCut(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
-    for (const Point3d& point : mesh.points) AddPoint(placement.Transform(point));
-    for (const auto& triangle : mesh.triangles) AddTriangle(triangle);
+    std::vector<bool> above(mesh.points.size()), isNeeded(mesh.points.size());
+    for (std::size_t i = 0; i < above.size(); ++i) above[i] = Key(placement.Transform(mesh.points[i]).z) >= 0;
+    const auto isCut = [&](const std::array<int, 3>& triangle) {
+      const auto isAbove = [&](std::size_t i) { return above[static_cast<std::size_t>(triangle[i])]; };
+      return isAbove(0) != isAbove(1) || isAbove(1) != isAbove(2);
+    };
+    for (const auto& triangle : mesh.triangles) {
+      if (!isCut(triangle)) continue;
+      for (const int corner : triangle) isNeeded[static_cast<std::size_t>(corner)] = true;
+    }
+    indices_.resize(mesh.points.size());
+    for (std::size_t i = 0; i < indices_.size(); ++i) {
+      if (isNeeded[i]) indices_[i] = AddPoint(placement.Transform(mesh.points[i]));
+    }
+    for (const auto& triangle : mesh.triangles) {
+      if (isCut(triangle)) AddTriangle(triangle);
+    }
   }
 
   Region Make() {
@@ -49,14 +64,15 @@ class MeshCut {
   }
 
  private:
-  void AddPoint(const Point3d& point) {
-    std::array<std::int64_t, 3> key{};
-    const std::array<double, 3> place = {point.x, point.y, point.z};
-    std::ranges::transform(place, key.begin(), [](double value) { return std::llround(value * kSteps); });
+  static std::int64_t Key(double value) { return std::llround(value * kSteps); }
+
+  /// Returns its number.
+  std::size_t AddPoint(const Point3d& point) {
+    const std::array<std::int64_t, 3> key = {Key(point.x), Key(point.y), Key(point.z)};
     const auto [found, isNew] = numbers_.try_emplace(key, points_.size());
     // A point on the plane counts as above it: the plane never passes through a point.
     if (isNew) points_.emplace_back(point.x, point.y, key[2] == 0 ? 0 : point.z);
-    indices_.push_back(found->second);
+    return found->second;
   }
 
   void AddTriangle(const std::array<int, 3>& triangle) {
@@ -108,7 +124,7 @@ class MeshCut {
 
   std::map<std::array<std::int64_t, 3>, std::size_t> numbers_;
   std::vector<Point3d> points_;
-  std::vector<std::size_t> indices_;  ///< of the points of the mesh among those that differ
+  std::vector<std::size_t> indices_;  ///< of the points of the mesh that are needed among those that differ
   std::multimap<Crossing, Crossing> steps_;
   std::set<Crossing> reached_;
 };

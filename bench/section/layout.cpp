@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <string_view>
 
 #include "base/utf8.h"
@@ -237,7 +238,31 @@ void Enclose(Layout& layout) {
     InsertLabel(entry.label, layout.textHeight, layout.box);
   }
   InsertLabel(layout.note, layout.textHeight, layout.box);
-  layout.box.Grow(kMargin * layout.textHeight);
+}
+
+/// Breaks a text between words, so that no line but one of a single word is wider.
+std::vector<std::string> LinesOf(const std::string& text, double width, double height) {
+  std::vector<std::string> lines;
+  std::istringstream words(text);
+  for (std::string word; words >> word;) {
+    if (lines.empty() || WidthOf(lines.back() + " " + word, height) > width) {
+      lines.push_back(word);
+    } else {
+      lines.back() += " " + word;
+    }
+  }
+  return lines;
+}
+
+void AddCaption(const std::string& text, Layout& layout) {
+  const double height = layout.textHeight;
+  std::vector<std::string> lines = LinesOf(text, layout.box.Width(), height);
+  std::ranges::reverse(lines);
+  for (std::string& line : lines) {
+    const Point at(layout.box.min.x, layout.box.max.y + kBetween * height);
+    layout.caption.push_back({std::move(line), at, Anchor::kStart});
+    InsertLabel(layout.caption.back(), height, layout.box);
+  }
 }
 
 }  // namespace
@@ -261,6 +286,8 @@ Layout LayOut(const Section& section, const SectionTexts& texts, double textHeig
   Row(section, texts, textHeight, layout.box).AddTo(layout);
   AddLegend(section, texts, lanes.Lowest(), layout);
   Enclose(layout);
+  AddCaption(texts.caption, layout);
+  layout.box.Grow(kMargin * textHeight);
   return layout;
 }
 

@@ -45,8 +45,9 @@ struct Layout {
   double textHeight = 0;  ///< of the letters' line, in millimetres of the section
   std::vector<DimensionLines> dimensions;
   std::vector<LegendEntry> legend;
-  Label note;         ///< below all
-  geometry::Box box;  ///< everything, the section included
+  Label note;                       ///< below all
+  std::vector<Label> caption = {};  ///< above all, line by line
+  geometry::Box box;                ///< everything, the section included
 };
 
 /// The texts of a section in a language and a unit.
@@ -54,6 +55,7 @@ struct SectionTexts {
   std::function<std::string(const Dimension&)> dimension;
   std::function<std::string(const SectionBody&)> body;
   std::string note;
+  std::string caption = {};  ///< broken into lines as wide as the section
 };
 
 /// Lengths get lanes below the axis, the shortest one nearest to it; diameters get labels above the section.

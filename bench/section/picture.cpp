@@ -7,77 +7,20 @@
 #include "base/quote.h"
 #include "base/xml_text.h"
 #include "section/style.h"
+#include "section/svg_path.h"
 
 namespace vanzet::section {
 namespace {
 
 using geometry::Point;
 using geometry::Region;
-using geometry::RegionSpan;
 
 // Millimetres of paper.
 constexpr double kText = 2.8;
 constexpr double kOutline = 0.5, kThin = 0.18, kHatchLine = 0.12;
 constexpr double kArrowLength = 2.2, kArrowWidth = 0.8;
 constexpr double kDatumRadius = 2;
-
-constexpr int kDigits = 10;
-
-std::string Number(double value) {
-  return NumberText(value, kDigits);
-}
-
-std::string PointText(const Point& point) {
-  return Number(point.x) + " " + Number(point.y);
-}
-
-std::string Quote(std::string_view name, const std::string& value) {
-  return " " + std::string(name) + "=\"" + value + "\"";
-}
-
-bool IsOnAxis(const RegionSpan& span) {
-  constexpr double kAxis = 1e-6;
-  return span.dir == geometry::LINEAR && std::abs(span.p0.y) < kAxis && std::abs(span.p1.y) < kAxis;
-}
-
-/// The part of a path that draws a span, after its start.
-std::string StepOf(const RegionSpan& span) {
-  if (span.dir == geometry::LINEAR) return "L" + PointText(span.p1);
-  const geometry::Vector2d from(span.pc, span.p0), to(span.pc, span.p1);
-  const double side = (from.dx * to.dy - from.dy * to.dx) * span.dir;
-  const std::string radius = Number(span.Radius());
-  return "A" + radius + " " + radius + " 0 " + (side < 0 ? "1 " : "0 ") +
-         (span.dir == geometry::ACW ? "1 " : "0 ") + PointText(span.p1);
-}
-
-/// Closed loops, to be filled.
-std::string AreaOf(const Region& region) {
-  std::string path;
-  for (const geometry::RegionLoop& loop : region.loops) {
-    path += (path.empty() ? "M" : " M") + PointText(loop.spans.front().p0);
-    for (const RegionSpan& span : loop.spans) path += " " + StepOf(span);
-    path += " Z";
-  }
-  return path;
-}
-
-/// The outline without the axis, which bounds no body.
-std::string OutlineOf(const Region& region) {
-  std::string path;
-  const auto add = [&](const std::vector<RegionSpan>& spans) {
-    bool isDown = false;
-    for (const RegionSpan& span : spans) {
-      if (!IsOnAxis(span)) {
-        if (!isDown) path += (path.empty() ? "M" : " M") + PointText(span.p0);
-        path += " " + StepOf(span);
-      }
-      isDown = !IsOnAxis(span);
-    }
-  };
-  for (const geometry::RegionLoop& loop : region.loops) add(loop.spans);
-  for (const RegionSpan& span : region.loose) add({span});
-  return path;
-}
+constexpr double kAlertLine = 0.7, kRing = 3;
 
 /// Writes the picture; lengths of paper become lengths of the set-up.
 class Writer {
@@ -91,6 +34,7 @@ class Writer {
         "<g transform=\"scale(1 -1)\" fill=\"none\" stroke-linejoin=\"round\" stroke-linecap=\"round\">\n";
     WriteAxis();
     for (const std::string_view layer : kLayers) WriteLayer(layer);
+    WriteAlert(options_.alert);
     return svg_ + "</g>\n</svg>\n";
   }
 
@@ -101,23 +45,25 @@ class Writer {
     const geometry::Box& box = layout_.box;
     const auto& [width, height] = std::pair(options_.width, options_.height);
     if (!width && !height) {
-      return Quote("width", NumberText(box.Width() * scale_, 6) + "mm") +
-             Quote("height", NumberText(box.Height() * scale_, 6) + "mm");
+      return SvgAttribute("width", NumberText(box.Width() * scale_, 6) + "mm") +
+             SvgAttribute("height", NumberText(box.Height() * scale_, 6) + "mm");
     }
     const double ratio = box.Width() / box.Height();
     const double w = width ? *width : *height * ratio, h = height ? *height : *width / ratio;
-    return Quote("width", Number(std::max(1.0, std::round(w)))) +
-           Quote("height", Number(std::max(1.0, std::round(h))));
+    return SvgAttribute("width", SvgNumber(std::max(1.0, std::round(w)))) +
+           SvgAttribute("height", SvgNumber(std::max(1.0, std::round(h))));
   }
 
   void WriteHead() {
     const geometry::Box& box = layout_.box;
-    const std::string x = Number(box.min.x), y = Number(-box.max.y);
-    const std::string width = Number(box.Width()), height = Number(box.Height());
+    const std::string x = SvgNumber(box.min.x), y = SvgNumber(-box.max.y);
+    const std::string width = SvgNumber(box.Width()), height = SvgNumber(box.Height());
     svg_ = "<svg xmlns=\"http://www.w3.org/2000/svg\"" + Size() +
-           Quote("viewBox", x + " " + y + " " + width + " " + height) + Quote("font-family", "sans-serif") +
-           Quote("font-size", Number(layout_.textHeight)) + ">\n<rect" + Quote("x", x) + Quote("y", y) +
-           Quote("width", width) + Quote("height", height) + " fill=\"#ffffff\"/>\n";
+           SvgAttribute("viewBox", x + " " + y + " " + width + " " + height) +
+           SvgAttribute("font-family", "sans-serif") +
+           SvgAttribute("font-size", SvgNumber(layout_.textHeight)) + ">\n<rect" + SvgAttribute("x", x) +
+           SvgAttribute("y", y) + SvgAttribute("width", width) + SvgAttribute("height", height) +
+           " fill=\"#ffffff\"/>\n";
   }
 
   void WriteAxis() {
@@ -125,17 +71,19 @@ class Writer {
     const geometry::Box box = BoxOf(section_);
     if (box.min.x > box.max.x) return;
     const double beyond = kBeyond / scale_;
-    svg_ += "<path class=\"axis\"" + Quote("stroke", std::string(kAxisColour)) +
-            Quote("stroke-width", Paper(kThin)) +
-            Quote("stroke-dasharray", Paper(8) + " " + Paper(1.2) + " " + Paper(1.2) + " " + Paper(1.2)) +
-            Quote("d", "M" + PointText({box.min.x - beyond, 0}) + " L" + PointText({box.max.x + beyond, 0})) +
-            "/>\n";
+    svg_ +=
+        "<path class=\"axis\"" + SvgAttribute("stroke", std::string(kAxisColour)) +
+        SvgAttribute("stroke-width", Paper(kThin)) +
+        SvgAttribute("stroke-dasharray", Paper(8) + " " + Paper(1.2) + " " + Paper(1.2) + " " + Paper(1.2)) +
+        SvgAttribute("d",
+                     "M" + SvgPoint({box.min.x - beyond, 0}) + " L" + SvgPoint({box.max.x + beyond, 0})) +
+        "/>\n";
   }
 
   void WriteLayer(std::string_view layer) {
     if (!options_.layers.empty() && std::ranges::find(options_.layers, layer) == options_.layers.end())
       return;
-    svg_ += "<g class=\"layer\"" + Quote("data-layer", std::string(layer)) + ">\n";
+    svg_ += "<g class=\"layer\"" + SvgAttribute("data-layer", std::string(layer)) + ">\n";
     if (layer == "datum") WriteDatums();
     if (layer == "dimensions") WriteDimensions();
     if (layer == "legend") WriteLegend();
@@ -148,40 +96,41 @@ class Writer {
   void WriteBody(const SectionBody& body) {
     const BodyStyle& style = StyleOf(body.kind);
     const std::string name = EscapeXml(body.name);
-    svg_ += "<g class=\"body\"" + Quote("data-body", name) + ">\n<title>" + name + "</title>\n";
+    svg_ += "<g class=\"body\"" + SvgAttribute("data-body", name) + ">\n<title>" + name + "</title>\n";
     const Region area = HatchedArea(body, section_);
-    svg_ += "<path class=\"area\"" + Quote("fill", TextOf(TintOf(body.kind))) +
-            Quote("d", AreaOf(body.region)) + "/>\n";
+    svg_ += "<path class=\"area\"" + SvgAttribute("fill", TextOf(TintOf(body.kind))) +
+            SvgAttribute("d", SvgArea(body.region)) + "/>\n";
     std::string hatch;
     for (const Line& line : HatchOf(area, {style.Degrees(body.isSub), style.distance / scale_})) {
-      hatch += (hatch.empty() ? "M" : " M") + PointText(line.from) + " L" + PointText(line.to);
+      hatch += (hatch.empty() ? "M" : " M") + SvgPoint(line.from) + " L" + SvgPoint(line.to);
     }
     const std::string ink = TextOf(InkOf(body.kind));
     if (!hatch.empty()) {
-      svg_ += "<path class=\"hatch\"" + Quote("stroke", ink) + Quote("stroke-width", Paper(kHatchLine)) +
-              Quote("d", hatch) + "/>\n";
+      svg_ += "<path class=\"hatch\"" + SvgAttribute("stroke", ink) +
+              SvgAttribute("stroke-width", Paper(kHatchLine)) + SvgAttribute("d", hatch) + "/>\n";
     }
-    svg_ += "<path class=\"outline\"" + Quote("stroke", ink) + Quote("stroke-width", Paper(kOutline)) +
-            Quote("d", OutlineOf(body.region)) + "/>\n</g>\n";
+    svg_ += "<path class=\"outline\"" + SvgAttribute("stroke", ink) +
+            SvgAttribute("stroke-width", Paper(kOutline)) + SvgAttribute("d", SvgOutline(body.region)) +
+            "/>\n</g>\n";
   }
 
   /// A circle with two of its quarters filled.
   void WriteDatums() {
     const double r = kDatumRadius / scale_;
-    const std::string radius = Number(r) + " " + Number(r) + " 0 0 1 ";
+    const std::string radius = SvgNumber(r) + " " + SvgNumber(r) + " 0 0 1 ";
     for (const Datum& datum : section_.datums) {
       const Point& at = datum.place;
       const auto quarter = [&](const Point& from, const Point& to) {
-        return "M" + PointText(at) + " L" + PointText(from) + " A" + radius + PointText(to) + " Z";
+        return "M" + SvgPoint(at) + " L" + SvgPoint(from) + " A" + radius + SvgPoint(to) + " Z";
       };
       const Point right(at.x + r, at.y), up(at.x, at.y + r), left(at.x - r, at.y), down(at.x, at.y - r);
-      svg_ += "<g class=\"datum\"" + Quote("data-spindle", datum.isSub ? "sub" : "main") +
-              Quote("stroke", std::string(kDatumColour)) + Quote("stroke-width", Paper(kThin)) +
+      svg_ += "<g class=\"datum\"" + SvgAttribute("data-spindle", datum.isSub ? "sub" : "main") +
+              SvgAttribute("stroke", std::string(kDatumColour)) + SvgAttribute("stroke-width", Paper(kThin)) +
               ">\n<path fill=\"#ffffff\"" +
-              Quote("d", "M" + PointText(right) + " A" + radius + PointText(left) + " A" + radius +
-                             PointText(right) + " Z") +
-              "/>\n<path" + Quote("fill", std::string(kDatumColour)) +
-              Quote("d", quarter(right, up) + " " + quarter(left, down)) + "/>\n</g>\n";
+              SvgAttribute("d", "M" + SvgPoint(right) + " A" + radius + SvgPoint(left) + " A" + radius +
+                                    SvgPoint(right) + " Z") +
+              "/>\n<path" + SvgAttribute("fill", std::string(kDatumColour)) +
+              SvgAttribute("d", quarter(right, up) + " " + quarter(left, down)) + "/>\n</g>\n";
     }
   }
 
@@ -190,11 +139,12 @@ class Writer {
     for (const DimensionLines& lines : layout_.dimensions) {
       std::string thin, arrows;
       for (const Line& line : lines.thin) {
-        thin += (thin.empty() ? "M" : " M") + PointText(line.from) + " L" + PointText(line.to);
+        thin += (thin.empty() ? "M" : " M") + SvgPoint(line.from) + " L" + SvgPoint(line.to);
       }
       for (const Arrow& arrow : lines.arrows) arrows += ArrowPath(arrow);
-      svg_ += "<g class=\"dimension\">\n<path" + Quote("stroke", ink) + Quote("stroke-width", Paper(kThin)) +
-              Quote("d", thin) + "/>\n<path" + Quote("fill", ink) + Quote("d", arrows) + "/>\n";
+      svg_ += "<g class=\"dimension\">\n<path" + SvgAttribute("stroke", ink) +
+              SvgAttribute("stroke-width", Paper(kThin)) + SvgAttribute("d", thin) + "/>\n<path" +
+              SvgAttribute("fill", ink) + SvgAttribute("d", arrows) + "/>\n";
       WriteGround(lines.label);
       WriteLabel(lines.label);
       svg_ += "</g>\n";
@@ -205,34 +155,64 @@ class Writer {
     const geometry::Vector2d back = arrow.direction * (-kArrowLength / scale_);
     const geometry::Vector2d side = arrow.direction.LeftNormal() * (kArrowWidth / 2 / scale_);
     const Point foot = arrow.tip + back;
-    return "M" + PointText(arrow.tip) + " L" + PointText(foot + side) + " L" + PointText(foot - side) + " Z";
+    return "M" + SvgPoint(arrow.tip) + " L" + SvgPoint(foot + side) + " L" + SvgPoint(foot - side) + " Z";
   }
 
   /// Hides what is behind a label.
   void WriteGround(const Label& label) {
     const double height = layout_.textHeight, width = WidthOf(label.text, height);
-    svg_ += "<rect fill=\"#ffffff\"" + Quote("x", Number(label.at.x - width / 2)) +
-            Quote("y", Number(label.at.y - 0.15 * height)) + Quote("width", Number(width)) +
-            Quote("height", Number(0.95 * height)) + "/>\n";
+    svg_ += "<rect fill=\"#ffffff\"" + SvgAttribute("x", SvgNumber(label.at.x - width / 2)) +
+            SvgAttribute("y", SvgNumber(label.at.y - 0.15 * height)) +
+            SvgAttribute("width", SvgNumber(width)) + SvgAttribute("height", SvgNumber(0.95 * height)) +
+            "/>\n";
   }
 
   /// Letters are not mirrored: they have a transform of their own.
   void WriteLabel(const Label& label) {
-    svg_ += "<text" + Quote("transform", "matrix(1 0 0 -1 " + PointText(label.at) + ")") +
-            Quote("text-anchor", label.anchor == Anchor::kMiddle ? "middle" : "start") +
-            Quote("fill", std::string(kDimensionColour)) + ">" + EscapeXml(label.text) + "</text>\n";
+    svg_ += "<text" + SvgAttribute("transform", "matrix(1 0 0 -1 " + SvgPoint(label.at) + ")") +
+            SvgAttribute("text-anchor", label.anchor == Anchor::kMiddle ? "middle" : "start") +
+            SvgAttribute("fill", std::string(kDimensionColour)) + ">" + EscapeXml(label.text) + "</text>\n";
   }
 
   void WriteLegend() {
     for (const LegendEntry& entry : layout_.legend) {
       const scene::Kind kind = section_.bodies[entry.body].kind;
-      svg_ += "<rect" + Quote("x", Number(entry.square.min.x)) + Quote("y", Number(entry.square.min.y)) +
-              Quote("width", Number(entry.square.Width())) + Quote("height", Number(entry.square.Height())) +
-              Quote("fill", TextOf(TintOf(kind))) + Quote("stroke", TextOf(InkOf(kind))) +
-              Quote("stroke-width", Paper(kThin)) + "/>\n";
+      svg_ += "<rect" + SvgAttribute("x", SvgNumber(entry.square.min.x)) +
+              SvgAttribute("y", SvgNumber(entry.square.min.y)) +
+              SvgAttribute("width", SvgNumber(entry.square.Width())) +
+              SvgAttribute("height", SvgNumber(entry.square.Height())) +
+              SvgAttribute("fill", TextOf(TintOf(kind))) + SvgAttribute("stroke", TextOf(InkOf(kind))) +
+              SvgAttribute("stroke-width", Paper(kThin)) + "/>\n";
       WriteLabel(entry.label);
     }
     WriteLabel(layout_.note);
+  }
+
+  void WriteAlert(const Alert& alert) {
+    if (alert.caption.empty()) return;
+    svg_ += "<g class=\"alert\"" + SvgAttribute("stroke", std::string(kAlertColour)) +
+            SvgAttribute("stroke-width", Paper(kAlertLine)) + ">\n";
+    for (const SectionBody& body : section_.bodies) {
+      if (alert.bodies.contains(body.name))
+        svg_ += "<path class=\"outline\"" + SvgAttribute("d", SvgOutline(body.region)) + "/>\n";
+    }
+    if (!alert.area.loops.empty())
+      svg_ += "<path class=\"area\"" + SvgAttribute("fill", std::string(kAlertColour)) +
+              SvgAttribute("d", SvgArea(alert.area)) + "/>\n";
+    if (alert.place) WriteRing(*alert.place, alert.area);
+    svg_ += "</g>\n";
+    for (const Label& line : layout_.caption) WriteLabel(line);
+  }
+
+  /// A small area would not be seen without a ring about it; a large one needs none.
+  void WriteRing(const Point& place, const Region& area) {
+    const geometry::Box box = BoxOf(area);
+    const bool hasArea = !area.loops.empty();
+    const Point middle = hasArea ? Point((box.min.x + box.max.x) / 2, (box.min.y + box.max.y) / 2) : place;
+    const double reach = hasArea ? std::hypot(box.Width(), box.Height()) / 2 : 0, ring = kRing / scale_;
+    if (reach > 2 * ring) return;
+    svg_ += "<circle" + SvgAttribute("cx", SvgNumber(middle.x)) + SvgAttribute("cy", SvgNumber(middle.y)) +
+            SvgAttribute("r", SvgNumber(reach + ring)) + "/>\n";
   }
 
   const Section& section_;
@@ -253,6 +233,17 @@ Result<void> CheckLayers(const std::vector<std::string>& layers) {
   return {};
 }
 
+/// Of the usual scales the largest one that fits; the smallest where none does.
+double LargestScale(const std::function<bool(double scale)>& fits) {
+  constexpr double kLargest = 10, kSmallest = 1e-3;
+  for (double decade = kLargest; decade >= kSmallest; decade /= 10) {
+    for (const double part : {1.0, 0.5, 0.2}) {
+      if (fits(decade * part)) return decade * part;
+    }
+  }
+  return kSmallest;
+}
+
 }  // namespace
 
 std::string_view LayerOf(scene::Kind kind) {
@@ -265,18 +256,25 @@ std::string_view LayerOf(scene::Kind kind) {
 
 double UsualScale(const Section& section) {
   constexpr double kWidth = 250, kHeight = 120;  // millimetres of A4 that are left for the section
-  constexpr double kLargest = 10, kSmallest = 1e-3;
   const geometry::Box box = BoxOf(section);
   if (box.min.x > box.max.x) return 1;
-  const auto fits = [&](double scale) {
-    return box.Width() * scale <= kWidth && box.max.y * scale <= kHeight;
-  };
-  for (double decade = kLargest; decade >= kSmallest; decade /= 10) {
-    for (const double part : {1.0, 0.5, 0.2}) {
-      if (fits(decade * part)) return decade * part;
-    }
-  }
-  return kSmallest;
+  return LargestScale(
+      [&](double scale) { return box.Width() * scale <= kWidth && box.max.y * scale <= kHeight; });
+}
+
+PaperSize SizeOf(const Section& section, const PictureOptions& options, const Translations& texts) {
+  const Layout layout = LayOut(section, TextsOf(options, texts), kText / options.scale);
+  return {layout.box.Width() * options.scale, layout.box.Height() * options.scale};
+}
+
+double ScaleFor(const PaperSize& room, const Section& section, const PictureOptions& options,
+                const Translations& texts) {
+  PictureOptions tried = options;
+  return LargestScale([&](double scale) {
+    tried.scale = scale;
+    const PaperSize size = SizeOf(section, tried, texts);
+    return size.width <= room.width && size.height <= room.height;
+  });
 }
 
 std::string ScaleText(double scale) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/body_names.h"
 #include "section/cut.h"
 #include "section/dimensions.h"
 
@@ -35,13 +36,6 @@ void Insert(const RegionSpan& span, Box& box) {
 /// Of several jaws the upright one is in the plane.
 bool IsInPlane(const scene::SceneBody& body) {
   return body.isShown && (body.kind != Kind::kJaw || body.name.ends_with(" 1"));
-}
-
-std::string DeviceOf(const scene::SceneBody& body, bool isSub, const scene::Equipment& equipment) {
-  const scene::Spindle& spindle = equipment.spindles[isSub ? 1 : 0];
-  if (body.kind == Kind::kClamp) return spindle.clamp.name;
-  if (body.kind == Kind::kJaw) return spindle.jaw.name;
-  return body.kind == Kind::kCenter ? equipment.center.name : "";
 }
 
 int OrderOf(const SectionBody& body) {
@@ -83,7 +77,7 @@ Result<Section> MakeSection(const scene::Equipment& equipment, const scene::Scen
     if (!region || !region->ok || (region->loops.empty() && region->loose.empty())) continue;
     const bool isSub = body.name.starts_with("sub ");
     section.bodies.push_back(
-        {body.name, DeviceOf(body, isSub, equipment), body.kind, isSub, std::move(*region)});
+        {body.name, scene::DeviceNameOf(body, equipment), body.kind, isSub, std::move(*region)});
   }
   std::ranges::stable_sort(section.bodies, {}, OrderOf);
   AddMeasures(equipment, scene.subDatum, section);

@@ -97,8 +97,8 @@ SectionTexts TextsOf(const PictureOptions& options, const Translations& texts) {
     const std::string_view text = texts.Translate(kTextSection, body.isSub ? row.sub : row.main);
     return std::string(text) + (body.device.empty() ? "" : ": " + body.device);
   };
-  return {dimension, name,
-          std::string(texts.Translate(kTextSection, units)) + " " + ScaleText(options.scale)};
+  return {dimension, name, std::string(texts.Translate(kTextSection, units)) + " " + ScaleText(options.scale),
+          options.alert.caption};
 }
 
 }  // namespace vanzet::section

@@ -10,7 +10,7 @@
 namespace vanzet::section {
 
 inline constexpr std::string_view kAxisColour = "#7d868f", kDatumColour = "#a01080",
-                                  kDimensionColour = "#20262c";
+                                  kDimensionColour = "#20262c", kAlertColour = "#d3122a";
 
 struct BodyStyle {
   double degrees;   ///< of the hatch, on the main side

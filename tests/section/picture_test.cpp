@@ -53,6 +53,19 @@ TEST_F(SectionPictures, AreInMillimetresAndTrueToScale) {
   EXPECT_THAT(svg, HasSubstr("scale 1:2"));
 }
 
+TEST_F(SectionPictures, DrawAnAlertInRedWithItsCaption) {
+  Define();
+  EXPECT_THAT(Svg(), Not(HasSubstr("class=\"alert\"")));
+  const std::string svg =
+      Svg({.alert = {.caption = "Too <long> for one line, " + std::string(200, 'x') + " end",
+                     .bodies = {"main billet"},
+                     .place = geometry::Point(-20, 30)}});
+  EXPECT_THAT(svg, HasSubstr("class=\"alert\""));
+  EXPECT_THAT(svg, HasSubstr("<circle cx=\"-20\" cy=\"30\""));
+  EXPECT_THAT(svg, HasSubstr(">Too &lt;long&gt; for one line,</text>"));
+  EXPECT_THAT(svg, HasSubstr(">end</text>"));
+}
+
 TEST_F(SectionPictures, HaveTheBodiesInTheCoordinatesOfTheSection) {
   Define();
   const std::string svg = Svg();
