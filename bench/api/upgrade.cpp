@@ -9,7 +9,6 @@ namespace vanzet::api {
 namespace {
 
 /// A definition that the module has made.
-constexpr std::int32_t kVersion = 100;
 constexpr std::size_t kLeastOperations = 18;
 
 using States = std::vector<DefinitionState>;
@@ -33,7 +32,7 @@ Result<States> StatesOf(const Host& host) {
     state.exists = true;
     state.version = project::ReadDefinition(head->second).version;
     state.operations = head->second.size();
-    state.isCurrent = state.version == kVersion && state.operations >= kLeastOperations;
+    state.isCurrent = state.version == project::kDefinitionVersion && state.operations >= kLeastOperations;
   }
   return states;
 }
@@ -45,8 +44,8 @@ Result<void> CheckUpgraded(const DefinitionState& state, const Host& host) {
                  .kind = FaultKind::kBusy};
   }
   if (state.isCurrent) return {};
-  return Fault{NameOf(state) + " is not a definition of version " + std::to_string(kVersion) +
-               " after the upgrade"};
+  return Fault{NameOf(state) + " is not a definition of version " +
+               std::to_string(project::kDefinitionVersion) + " after the upgrade"};
 }
 
 std::string Counted(std::ptrdiff_t count) {
@@ -86,8 +85,8 @@ Result<void> UpgradeWhereNeeded(const std::filesystem::path& module, Host& host,
                                 const std::function<void(const std::string&)>& announce) {
   VANZET_TRY(const auto states, StatesOf(host));
   if (std::ranges::all_of(states, &DefinitionState::isCurrent)) return {};
-  const auto newer =
-      std::ranges::find_if(states, [](const DefinitionState& state) { return state.version > kVersion; });
+  const auto newer = std::ranges::find_if(
+      states, [](const DefinitionState& state) { return state.version > project::kDefinitionVersion; });
   if (newer != states.end()) {
     return Fault{NameOf(*newer) + " has version " + std::to_string(newer->version) +
                  ", which is newer than this program; it must not be upgraded"};

@@ -37,6 +37,14 @@ void CheckFiles(const Setup& setup, Collector& findings) {
   }
 }
 
+// By soundness.
+constexpr const char* kFlaws[] = {
+    nullptr,
+    Translatable("The facets of the body '%1' do not enclose a volume; where its inside is, is not certain."),
+    Translatable("The facets of the body '%1' face inwards; the check takes them the other way round."),
+    Translatable("The facets of the body '%1' enclose no volume; they are compared as a surface."),
+};
+
 /// Of equal jaws the first one stands for all.
 bool IsFurtherJaw(const HalfSection& body) {
   return body.IsJaw() && !body.body().name.ends_with(" 1");
@@ -55,14 +63,9 @@ void CheckBodies(const Setup& setup, const HalfSections& sections, Collector& fi
                             {body->name}});
   }
   for (const HalfSection& each : sections.bodies) {
-    if (each.IsClosed() || IsFurtherJaw(each)) continue;
-    findings.Add("EQ-104", {WhereOf(each.body()),
-                            {Translatable("The facets of the body '%1' do not enclose a volume; only closed "
-                                          "parts of it are checked."),
-                             {each.body().name}},
-                            {},
-                            {},
-                            {each.body().name}});
+    const char* const english = kFlaws[static_cast<std::size_t>(each.soundness())];
+    if (english == nullptr || IsFurtherJaw(each)) continue;
+    findings.Add("EQ-104", {WhereOf(each.body()), {english, {each.body().name}}, {}, {}, {each.body().name}});
   }
 }
 

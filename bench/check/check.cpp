@@ -14,7 +14,8 @@ void Collector::Add(std::string_view rule, Details details) {
     severity = changed->second;
   if (!severity) return;
   findings_.push_back({row, *severity, setup_.spur, details.where, std::move(details.sentence),
-                       std::move(details.values), details.at, std::move(details.bodies), details.change});
+                       std::move(details.values), details.at, std::move(details.bodies), details.change,
+                       std::move(details.area)});
 }
 
 std::vector<Finding> Collector::Take() {
@@ -25,7 +26,7 @@ std::vector<Finding> Collector::Take() {
 Result<std::vector<Finding>> Check(const Setup& setup) {
   Collector findings(setup);
   CheckDevices(setup, findings);
-  VANZET_TRY(const HalfSections sections, HalfSections::Of(setup.scene));
+  const HalfSections sections = HalfSections::Of(setup.scene);
   CheckBodies(setup, sections, findings);
   CheckClashes(setup, sections, findings);
   CheckReach(setup, sections, findings);

@@ -7,7 +7,7 @@
 namespace vanzet::check {
 
 /// The findings about a set-up, in the order of the rules; docs/checks/README.md says what each rule
-/// compares, and how. Half sections are compared where bodies are turned, else half sections at many angles.
+/// compares, and how.
 /// Fails only for a reason of the system, and when the work is cancelled.
 /// Requires: the geometry library works in millimetres
 Result<std::vector<Finding>> Check(const Setup& setup);

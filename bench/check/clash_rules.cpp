@@ -2,6 +2,8 @@
 #include <optional>
 
 #include "base/translations.h"
+#include "check/changes.h"
+#include "check/clash.h"
 #include "check/region_measures.h"
 #include "check/rules.h"
 #include "check/spindle_devices.h"
@@ -14,35 +16,7 @@ using geometry::Box;
 using geometry::Region;
 using scene::Kind;
 
-constexpr double kTolerance = 0.05;  // millimetres
 constexpr bool kMain = false, kSub = true;
-
-double ToleranceFor(const HalfSection& a, const HalfSection& b) {
-  return kTolerance + a.Error() + b.Error();
-}
-
-/// Where two bodies cut into each other.
-struct Clash {
-  double depth;
-  geometry::Point place;
-  double angle;
-  Region common;
-};
-
-/// The deepest clash of two bodies at the angles at which they are compared; null for a body that is not
-/// there.
-std::optional<Clash> DeepestClash(const HalfSection* a, const HalfSection* b) {
-  if (a == nullptr || b == nullptr || a->box().Outside(b->box())) return {};
-  std::optional<Clash> deepest;
-  for (const double angle : AnglesFor(*a, *b)) {
-    Region common = geometry::Intersect(a->At(angle), b->At(angle));
-    const double least = deepest ? deepest->depth : ToleranceFor(*a, *b);
-    const auto thickness = ThickestOf(common, least);
-    if (!thickness || (deepest && thickness->width <= deepest->depth)) continue;
-    deepest = Clash{thickness->width, thickness->place, angle, std::move(common)};
-  }
-  return deepest;
-}
 
 std::vector<std::string> NamesOf(const HalfSection& a, const HalfSection& b) {
   return {a.body().name, b.body().name};
@@ -50,7 +24,9 @@ std::vector<std::string> NamesOf(const HalfSection& a, const HalfSection& b) {
 
 Collector::Details DetailsOf(Where where, const Clash& clash, const HalfSection& a, const HalfSection& b,
                              const char* english) {
-  return {where, {english, {Length{clash.depth}}}, {{"overlap", clash.depth}}, clash.place, NamesOf(a, b)};
+  return {
+      where,     {english, {Length{clash.depth}}}, {{"overlap", clash.depth}}, clash.place, NamesOf(a, b), {},
+      clash.area};
 }
 
 /// The jaws of a spindle and what they hold.
@@ -94,7 +70,7 @@ class Grip {
   std::optional<Collector::Details> CutOf(const HalfSection& jaw) const {
     const auto clash = DeepestClash(&jaw, billet_);
     if (!clash) return {};
-    const Box common = section::BoxOf(clash->common);
+    const Box common = section::BoxOf(clash->area.region);
     const double radial = spindle_.clampsInside ? Radius(jaw) - common.min.y : common.max.y - Radius(jaw);
     // A jaw that meets a shoulder of the billet with its front cuts along the axis.
     const bool isRadial = radial < common.Width();
@@ -103,18 +79,19 @@ class Grip {
         DetailsOf(where_, *clash, jaw, *billet_, Translatable("The jaw cuts %1 into the billet."));
     details.sentence.terms = {Length{overlap}};
     details.values = {{"overlap", overlap}};
-    if (isRadial) details.change = DiameterChange(spindle_.clampsInside ? -overlap : overlap);
+    details.change = isRadial ? DiameterChange(spindle_.clampsInside ? -overlap : overlap)
+                              : ClampingOutChange(spindle_, clash->area);
     return details;
   }
 
   std::optional<Collector::Details> GapOf(const HalfSection& jaw) const {
     const Region& billet = billet_->At(jaw.Angle());
-    const Box reach = jaw.box();
+    const Box& reach = jaw.box();
     const Region held = Between(billet, reach.min.x, reach.max.x);
     if (held.loops.empty()) return {};
     const Box box = section::BoxOf(held);
     const double gap = spindle_.clampsInside ? box.min.y - Radius(jaw) : Radius(jaw) - box.max.y;
-    if (gap <= ToleranceFor(jaw, *billet_)) return {};
+    if (gap <= SectionTolerance(jaw, *billet_)) return {};
     return Collector::Details{
         where_,
         {Translatable("The jaw does not touch the billet: a gap of %1 is left."), {Length{gap}}},
@@ -137,22 +114,28 @@ class Grip {
   const HalfSection* billet_;
 };
 
-void CheckDeviceInBillet(const HalfSections& sections, bool isSub, Collector& findings) {
+void CheckDeviceInBillet(const Setup& setup, const HalfSections& sections, bool isSub, Collector& findings) {
   const HalfSection* const clamp = sections.Find(Kind::kClamp, isSub);
   const HalfSection* const billet = sections.Find(Kind::kBillet, isSub);
   const auto clash = DeepestClash(clamp, billet);
   if (!clash) return;
-  findings.Add("EQ-203", DetailsOf(isSub ? Where::kSub : Where::kMain, *clash, *clamp, *billet,
-                                   Translatable("The clamp device and the billet cut %1 into each other.")));
+  auto details = DetailsOf(isSub ? Where::kSub : Where::kMain, *clash, *clamp, *billet,
+                           Translatable("The clamp device and the billet cut %1 into each other."));
+  details.change = ClampingOutChange(setup.equipment.spindles[isSub ? 1 : 0], clash->area);
+  findings.Add("EQ-203", std::move(details));
 }
 
-void CheckFinishPart(const HalfSections& sections, bool isSub, Collector& findings) {
+void CheckFinishPart(const Setup& setup, const HalfSections& sections, bool isSub, Collector& findings) {
   const Where own = isSub ? Where::kSub : Where::kMain;
   const HalfSection* const part = sections.Find(Kind::kFinishPart, isSub);
   if (part == nullptr) return;
   const auto check = [&](const HalfSection* device, Where where, const char* english) {
-    if (const auto clash = DeepestClash(device, part))
-      findings.Add("EQ-204", DetailsOf(where, *clash, *device, *part, english));
+    const auto clash = DeepestClash(device, part);
+    if (!clash) return;
+    auto details = DetailsOf(where, *clash, *device, *part, english);
+    if (where == own)
+      details.change = ClampingOutChange(setup.equipment.spindles[isSub ? 1 : 0], clash->area);
+    findings.Add("EQ-204", std::move(details));
   };
   check(sections.Find(Kind::kClamp, isSub), own,
         Translatable("The clamp device cuts %1 into the finished part."));
@@ -181,15 +164,16 @@ Where WhereOf(const HalfSection& body) {
   return body.IsSub() ? Where::kSub : Where::kMain;
 }
 
-void CheckSides(const HalfSections& sections, Collector& findings) {
+void CheckSides(const Setup& setup, const HalfSections& sections, Collector& findings) {
   for (const HalfSection* const main : EquipmentOf(sections, kMain)) {
     for (const HalfSection* const sub : EquipmentOf(sections, kSub)) {
-      const auto clash = DeepestClash(main, sub);
+      const auto clash = DeepestClashInSpace(main, sub);
       if (!clash) continue;
       Collector::Details details =
           DetailsOf(WhereOf(*sub), *clash, *main, *sub,
                     Translatable("The bodies '%2' and '%3' cut %1 into each other."));
       details.sentence.terms.insert(details.sentence.terms.end(), {main->body().name, sub->body().name});
+      if (sub->IsSub()) details.change = SubOriginChange(setup.equipment, clash->area);
       findings.Add("EQ-205", std::move(details));
     }
   }
@@ -203,39 +187,31 @@ void CheckCenter(const HalfSections& sections, Collector& findings) {
     return findings.Add("EQ-206", DetailsOf(Where::kCenter, *clash, *center, *billet,
                                             Translatable("The center cuts %1 into the billet.")));
   }
-  const double gap = DistanceBetween(center->Own(), billet->Own());
-  if (gap <= ToleranceFor(*center, *billet)) return;
+  const auto gap = GapBetween(*center, *billet);
+  if (!gap) return;
   findings.Add("EQ-206",
                {Where::kCenter,
-                {Translatable("The center does not touch the billet: a gap of %1 is left."), {Length{gap}}},
-                {{"gap", gap}},
+                {Translatable("The center does not touch the billet: a gap of %1 is left."), {Length{*gap}}},
+                {{"gap", *gap}},
                 geometry::Point(center->box().min.x, 0),
                 NamesOf(*center, *billet)});
 }
 
-/// The volume of a part outside of its billet: half sections at even angles share a full turn.
-void CheckPartInBillet(const HalfSections& sections, bool isSub, Collector& findings) {
+void CheckPartInBillet(const Setup& setup, const HalfSections& sections, bool isSub, Collector& findings) {
   const HalfSection* const part = sections.Find(Kind::kFinishPart, isSub);
   const HalfSection* const billet = sections.Find(Kind::kBillet, isSub);
   if (part == nullptr || billet == nullptr) return;
-  const std::vector<double> angles = AnglesFor(*part, *billet);
-  double volume = 0, deepest = ToleranceFor(*part, *billet);
-  std::optional<geometry::Point> place;
-  for (const double angle : angles) {
-    const Region outside = geometry::Subtract(part->At(angle), billet->At(angle));
-    volume += SpunVolume(outside) / static_cast<double>(angles.size());
-    const auto thickness = ThickestOf(outside, deepest);
-    if (!thickness) continue;
-    deepest = thickness->width;
-    place = thickness->place;
-  }
-  if (!place) return;
-  findings.Add("EQ-301",
-               {isSub ? Where::kSub : Where::kMain,
-                {Translatable("The finished part reaches out of the billet, at most %1."), {Length{deepest}}},
-                {{"volume", volume}, {"overlap", deepest}},
-                place,
-                NamesOf(*part, *billet)});
+  auto excess = ExcessOf(*part, *billet);
+  if (!excess) return;
+  const auto change = CylinderChange(setup.equipment.spindles[isSub ? 1 : 0], *billet, excess->area);
+  findings.Add("EQ-301", {isSub ? Where::kSub : Where::kMain,
+                          {Translatable("The finished part reaches out of the billet, at most %1."),
+                           {Length{excess->depth}}},
+                          {{"volume", excess->volume}, {"overlap", excess->depth}},
+                          excess->place,
+                          NamesOf(*part, *billet),
+                          change,
+                          std::move(excess->area)});
 }
 
 }  // namespace
@@ -243,11 +219,11 @@ void CheckPartInBillet(const HalfSections& sections, bool isSub, Collector& find
 void CheckClashes(const Setup& setup, const HalfSections& sections, Collector& findings) {
   for (const bool isSub : {kMain, kSub}) {
     Grip(setup, sections, isSub ? 1 : 0).Check(findings);
-    CheckDeviceInBillet(sections, isSub, findings);
-    CheckFinishPart(sections, isSub, findings);
-    CheckPartInBillet(sections, isSub, findings);
+    CheckDeviceInBillet(setup, sections, isSub, findings);
+    CheckFinishPart(setup, sections, isSub, findings);
+    CheckPartInBillet(setup, sections, isSub, findings);
   }
-  CheckSides(sections, findings);
+  CheckSides(setup, sections, findings);
   CheckCenter(sections, findings);
 }
 

@@ -21,6 +21,7 @@ class Collector {
     std::optional<geometry::Point> at = {};
     std::vector<std::string> bodies = {};
     std::optional<Change> change = {};
+    std::optional<Area> area = {};
   };
   void Add(std::string_view rule, Details details);
 

@@ -16,7 +16,6 @@ using scene::Device;
 using scene::Spindle;
 
 constexpr double kSameValue = 1e-5;  // what texts with five or six decimals keep
-constexpr std::int32_t kVersion = 100;
 
 bool HasBillet(const Spindle& spindle) {
   return spindle.billet.type >= scene::billet_type::kCylinder &&
@@ -82,12 +81,11 @@ void CheckCatalogue(const PlacedDevice& placed, const Setup& setup, Collector& f
 }
 
 void CheckSimulation(const Setup& setup, Collector& findings) {
-  if (setup.definition.version < kVersion) {
-    return findings.Add(
-        "EQ-105",
-        {Where::kMain,
-         {Translatable("The definition has version %1, which is older than %2."),
-          {Number{static_cast<double>(setup.definition.version)}, Number{static_cast<double>(kVersion)}}}});
+  if (setup.definition.version < project::kDefinitionVersion) {
+    return findings.Add("EQ-105", {Where::kMain,
+                                   {Translatable("The definition has version %1, which is older than %2."),
+                                    {Number{static_cast<double>(setup.definition.version)},
+                                     Number{static_cast<double>(project::kDefinitionVersion)}}}});
   }
   const std::vector<PlacedDevice> all = DevicesOf(setup.equipment);
   for (const show::SimulatedDevice& simulated : show::SimulatedDevices(setup.equipment)) {

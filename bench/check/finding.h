@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "geometry/point.h"
+#include "geometry/region.h"
 
 /// The findings of a check, as data: docs/checks/README.md.
 ///
@@ -62,10 +63,18 @@ struct Value {
   double number;
 };
 
-/// The one value of the definition by which the finding would vanish.
+/// The one value of the definition, or of the job, by which the finding would vanish.
 struct Change {
   const char* value;  ///< English, the key of its translations: "the clamping out"
   double from, to;
+  const char* unit = nullptr;  ///< null: they are lengths
+};
+
+/// The common part of two bodies, or that of one beyond the other, in the half plane at an angle about the
+/// axis: in degrees from the upright one towards +z.
+struct Area {
+  double degrees;
+  geometry::Region region;
 };
 
 struct Finding {
@@ -78,6 +87,7 @@ struct Finding {
   std::optional<geometry::Point> at = {};  ///< in the turning plane: x along the axis, y the radius
   std::vector<std::string> bodies = {};    ///< the names that these have in the scene
   std::optional<Change> change = {};
+  std::optional<Area> area = {};  ///< for pictures
 };
 
 }  // namespace vanzet::check

@@ -18,8 +18,8 @@ using scene::Kind;
 using scene::SceneBody;
 
 constexpr int kAboutX = 1;
-constexpr double kFineness = 0.05;  // millimetres between facets and the surface
-constexpr int kPlanes = 48;
+// Millimetres between facets and the surface, of a body that has nothing else, and of any other.
+constexpr double kFineness = 0.05, kFineFacets = 0.02;
 
 /// Where a point of the scene is in the half plane at an angle.
 geometry::Matrix TurnedBack(geometry::Matrix placement, double degrees) {
@@ -27,14 +27,24 @@ geometry::Matrix TurnedBack(geometry::Matrix placement, double degrees) {
   return placement;
 }
 
-/// The extents of facets in space: along the axis, and the distances from it.
+/// The extents of facets in space: along the axis, and away from it. The axis may go through the body where
+/// no point is near.
 geometry::Box BoxOf(const modeller::Mesh& mesh, const geometry::Matrix& placement) {
   geometry::Box box;
   for (const geometry::Point3d& point : mesh.points) {
     const geometry::Point3d placed = placement.Transform(point);
+    box.Insert(geometry::Point(placed.x, 0));
     box.Insert(geometry::Point(placed.x, std::hypot(placed.y, placed.z)));
   }
   return box;
+}
+
+Soundness SoundnessOf(const modeller::Mesh& mesh) {
+  constexpr double kNothing = 1e-3;  // cubic millimetres
+  const modeller::Measures measures = modeller::MeasuresOf(mesh);
+  if (!measures.closed) return Soundness::kOpen;
+  if (std::fabs(measures.volume) < kNothing) return Soundness::kWithoutVolume;
+  return measures.volume < 0 ? Soundness::kInsideOut : Soundness::kSound;
 }
 
 /// The angle of a jaw by its placement, which turns the height of the jaw, z, away from the axis.
@@ -52,7 +62,7 @@ Result<HalfSection> HalfSection::Of(const SceneBody& body) {
   if (made.IsJaw()) made.angle_ = AngleOf(body);
   if (!body.profile) {
     VANZET_TRY(auto mesh, modeller::MeshOf(body.body, {.chord = kFineness}));
-    made.isClosed_ = modeller::IsClosed(mesh);
+    made.soundness_ = SoundnessOf(mesh);
     made.box_ = BoxOf(mesh, body.placement);
     made.mesh_ = std::make_shared<const modeller::Mesh>(std::move(mesh));
   }
@@ -77,19 +87,33 @@ double HalfSection::Error() const {
   return body_->profile ? 0 : kFineness;
 }
 
+double HalfSection::FacetError() const {
+  return body_->profile ? kFineFacets : kFineness;
+}
+
+Result<const FacetTree*> HalfSection::Facets() const {
+  if (facets_) return facets_.get();
+  std::shared_ptr<const modeller::Mesh> mesh = mesh_;
+  if (!mesh) {
+    const modeller::Body& whole = body_->exact ? *body_->exact : body_->body;
+    VANZET_TRY(auto made, modeller::MeshOf(whole, {.chord = kFineFacets}));
+    mesh = std::make_shared<const modeller::Mesh>(std::move(made));
+  }
+  facets_ = std::make_shared<const FacetTree>(PlacedFacets(*mesh, body_->placement), IsClosed());
+  return facets_.get();
+}
+
 double HalfSection::Volume() const {
   if (!mesh_) return SpunVolume(Own());
   return std::fabs(modeller::MeasuresOf(*mesh_).volume);
 }
 
-Result<HalfSections> HalfSections::Of(const scene::Scene& scene) {
+HalfSections HalfSections::Of(const scene::Scene& scene) {
   HalfSections all;
   for (const SceneBody& body : scene.bodies) {
     auto made = HalfSection::Of(body);
     if (made) {
       all.bodies.push_back(*std::move(made));
-    } else if (made.fault().kind == FaultKind::kSystem) {
-      return made.fault();
     } else {
       all.unusable.emplace_back(&body, made.fault());
     }
@@ -109,16 +133,6 @@ std::vector<const HalfSection*> HalfSections::Jaws(bool isSub) const {
     if (each.IsJaw() && each.IsSub() == isSub) jaws.push_back(&each);
   }
   return jaws;
-}
-
-std::vector<double> AnglesFor(const HalfSection& a, const HalfSection& b) {
-  if (a.IsTurned() && b.IsTurned()) return {0};
-  if (a.IsJaw()) return {a.Angle()};
-  if (b.IsJaw()) return {b.Angle()};
-  std::vector<double> angles;
-  angles.reserve(kPlanes);
-  for (int i = 0; i < kPlanes; ++i) angles.push_back(i * 360.0 / kPlanes);
-  return angles;
 }
 
 }  // namespace vanzet::check

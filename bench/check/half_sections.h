@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "check/facet_tree.h"
 #include "geometry/box.h"
 #include "geometry/region.h"
 #include "modeller/mesh.h"
@@ -12,11 +13,21 @@
 
 namespace vanzet::check {
 
-/// A body of the scene and its half sections, by planes through the axis. A body that is made from a half
-/// section has the same one at every angle; any other body is cut as facets. A jaw has only the one in its
-/// own middle plane.
+/// How sound the facets of a body are.
+enum class Soundness {
+  kSound,          ///< true for a body that has half sections of its own
+  kOpen,           ///< they do not enclose a volume
+  kInsideOut,      ///< they enclose one, and face inwards
+  kWithoutVolume,  ///< what they enclose has no volume
+};
+
+/// A body of the scene: its half sections, by planes through the axis, and its facets. A body that is made
+/// from a half section has the same one at every angle; any other body is cut as facets. A jaw has only the
+/// one in its own middle plane.
 ///
 /// Space    of a half section: x along the main spindle's axis, y the distance from it; millimetres
+/// Exact    half sections of bodies that have one of their own; facets of such a body are within 0.02 mm of
+///          its surface, and those of any other body are taken to be within 0.05 mm
 class HalfSection {
  public:
   /// The scene has to live as long.
@@ -39,16 +50,26 @@ class HalfSection {
   /// The angle of a jaw's middle plane.
   double Angle() const { return angle_; }
 
-  /// The extents along the axis, and away from it.
+  /// The extents along the axis, and away from it; those of a jaw are those of its middle plane. A body that
+  /// is only facets counts as one that reaches the axis.
   const geometry::Box& box() const { return box_; }
 
   /// By how much the half sections may be wrong.
   double Error() const;
 
-  /// Whether its facets enclose a volume; true for a body that has half sections of its own.
-  bool IsClosed() const { return isClosed_; }
+  Soundness soundness() const { return soundness_; }
+
+  /// Whether its facets enclose a volume, in whichever direction they face.
+  bool IsClosed() const { return soundness_ == Soundness::kSound || soundness_ == Soundness::kInsideOut; }
 
   double Volume() const;  ///< of the body
+
+  /// The facets where the body is, made when they are first asked for. Valid as long as this.
+  /// Errors   a body with half sections of its own cannot be meshed
+  Result<const FacetTree*> Facets() const;
+
+  /// By how much these may be wrong.
+  double FacetError() const;
 
  private:
   geometry::Region Cut(double degrees) const;
@@ -56,9 +77,10 @@ class HalfSection {
   const scene::SceneBody* body_ = nullptr;
   double angle_ = 0;
   geometry::Box box_;
-  bool isClosed_ = true;
+  Soundness soundness_ = Soundness::kSound;
   std::shared_ptr<const modeller::Mesh> mesh_;  ///< null for a body with half sections of its own
   mutable std::map<double, geometry::Region> cuts_;
+  mutable std::shared_ptr<const FacetTree> facets_;
 };
 
 /// The half sections of all bodies of a scene. Bodies without facets have none; why is in `unusable`.
@@ -66,8 +88,7 @@ struct HalfSections {
   std::vector<HalfSection> bodies;
   std::vector<std::pair<const scene::SceneBody*, Fault>> unusable;
 
-  /// Fails only for a reason of the system, and when the work is cancelled.
-  static Result<HalfSections> Of(const scene::Scene& scene);
+  static HalfSections Of(const scene::Scene& scene);
 
   /// The first body of a kind on a side, or null; of jaws the upright one.
   const HalfSection* Find(scene::Kind kind, bool isSub = false) const;
@@ -75,9 +96,5 @@ struct HalfSections {
   /// All jaws of a side.
   std::vector<const HalfSection*> Jaws(bool isSub) const;
 };
-
-/// The angles at which two bodies are compared: one where the half sections are the same at every angle, that
-/// of a jaw where one is a jaw, else every 7.5 degrees.
-std::vector<double> AnglesFor(const HalfSection& a, const HalfSection& b);
 
 }  // namespace vanzet::check

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "base/translations.h"
@@ -65,23 +66,45 @@ struct Limit {
   const char* key;
   std::optional<double> value;
   const char* english;
+  std::optional<Change> (*change)(const Spindle& spindle, double value, double most);
 };
 
-void CheckLimits(const Device& device, Where where, std::optional<double> mass, const Setup& setup,
-                 Collector& findings) {
+std::optional<Change> SpeedChange(const Spindle& /*spindle*/, double value, double most) {
+  return Change{Translatable("the job's speed"), value, most, "1/min"};
+}
+
+std::optional<Change> ForceChange(const Spindle& /*spindle*/, double value, double most) {
+  return Change{Translatable("the job's force"), value, most, "kN"};
+}
+
+/// The whole millimetres of a bar that are not too heavy; nothing where these are less than the part.
+std::optional<Change> BarChange(const Spindle& spindle, double value, double most) {
+  const scene::Billet& billet = spindle.billet;
+  const double length = std::floor(billet.barLength * most / value);
+  const double part = billet.partLength + billet.frontAllowance + billet.rearAllowance;
+  if (billet.barLength <= 0 || length < part) return {};
+  return Change{Translatable("the bar length"), billet.barLength, length};
+}
+
+void CheckLimits(const Device& device, const Spindle& spindle, Where where, std::optional<double> mass,
+                 const Setup& setup, Collector& findings) {
   const Limit limits[] = {
       {"max_speed", setup.job.speed,
-       Translatable("The job's speed of %1 1/min is above the %2 1/min of the device %3.")},
+       Translatable("The job's speed of %1 1/min is above the %2 1/min of the device %3."), SpeedChange},
       {"max_force", setup.job.force,
-       Translatable("The job's force of %1 kN is above the %2 kN of the device %3.")},
-      {"max_mass", mass, Translatable("The billet's mass of %1 kg is above the %2 kg of the device %3.")},
+       Translatable("The job's force of %1 kN is above the %2 kN of the device %3."), ForceChange},
+      {"max_mass", mass, Translatable("The billet's mass of %1 kg is above the %2 kg of the device %3."),
+       BarChange},
   };
-  for (const auto& [key, value, english] : limits) {
+  for (const auto& [key, value, english, change] : limits) {
     const auto most = FigureOf(device, key, setup);
     if (!most || !value || *value <= *most) continue;
     findings.Add("EQ-402", {where,
                             {english, {Number{*value}, Number{*most}, NameOf(device)}},
-                            {{"value", *value}, {"most", *most}}});
+                            {{"value", *value}, {"most", *most}},
+                            {},
+                            {},
+                            change(spindle, *value, *most)});
   }
 }
 
@@ -99,7 +122,7 @@ void CheckMakerData(const Setup& setup, const HalfSections& sections, Collector&
     for (const Device* const device : {&spindle.clamp, &spindle.jaw}) {
       if (device->params.type == 0) continue;
       CheckRange(*device, spindle, where, setup, findings);
-      CheckLimits(*device, where, mass, setup, findings);
+      CheckLimits(*device, spindle, where, mass, setup, findings);
     }
     if (spindle.clamp.params.type != 0) CheckBar(spindle, where, setup, findings);
   }

@@ -20,4 +20,27 @@ Result<std::vector<Finding>> CheckProject(const project::Project& project, std::
 /// Errors   a rule or a severity that does not exist, with its line
 Result<Severities> SeveritiesOf(const project::BenchIni& settings);
 
+/// The knowledge that all set-ups of a project share.
+struct Terms {
+  catalogue::Shop shop;
+  Job job;
+  Severities severities;
+};
+
+/// A catalogue that does not exist has no devices, as in the dialog.
+/// Errors   a catalogue, maker data or a severity that cannot be read
+Result<Terms> TermsOf(const project::Project& project);
+
+/// A spur whose equipment is known, stored or not.
+///
+/// Owns     nothing
+struct KnownSetup {
+  std::int32_t spur;
+  const project::Definition& definition;
+  const scene::Equipment& equipment;
+  const scene::Scene& scene;
+};
+Result<std::vector<Finding>> CheckKnown(const KnownSetup& known, const project::Project& project,
+                                        const Terms& terms);
+
 }  // namespace vanzet::check

@@ -16,6 +16,7 @@ using scene::Kind;
 using scene::Spindle;
 
 constexpr double kTolerance = 0.05;        // millimetres
+constexpr double kClose = 1e-6;            // millimetres: lengths that are the same
 constexpr double kLeastClamped = 1.0 / 3;  // of the clamp diameter
 constexpr double kFreeOverhang = 3;        // diameters, without a center
 constexpr double kCentredOverhang = 8;     // diameters, without a steady rest
@@ -38,6 +39,7 @@ class Held {
     CheckClampedLength(findings);
     CheckOverhang(findings);
     CheckDatum(findings);
+    CheckClampingOut(findings);
   }
 
  private:
@@ -57,55 +59,74 @@ class Held {
   /// The place in the turning plane of a place along the spindle's own axis.
   Point At(double along, double radius) const { return {isSub_ ? -along : along, radius}; }
 
-  void CheckClampedLength(Collector& findings) const {
-    const double diameter = 2 * scene::DefinedHeldRadius(spindle_);
-    if (Holder() == nullptr || HasFaceDriver() || diameter <= 0) return;
+  /// The diameter of a billet that is clamped along a length; 0 for any other.
+  double ClampedDiameter() const {
+    if (Holder() == nullptr || HasFaceDriver()) return 0;
+    return std::max(2 * scene::DefinedHeldRadius(spindle_), 0.0);
+  }
+
+  /// The length along which the holder and the billet are beside each other; below 0, how far they are apart.
+  double ClampedLength() const {
     const Box holder = Holder()->box(), billet = billet_->box();
-    const double front = std::min(Front(holder), Front(billet)), back = std::max(Back(holder), Back(billet));
-    const double clamped = std::max(front - back, 0.0), needed = diameter * kLeastClamped;
-    if (clamped >= needed - kTolerance) return;
+    return std::min(Front(holder), Front(billet)) - std::max(Back(holder), Back(billet));
+  }
+
+  void CheckClampedLength(Collector& findings) const {
+    const double diameter = ClampedDiameter();
+    if (diameter <= 0 || ClampedLength() >= diameter * kLeastClamped - kTolerance) return;
+    const double clamped = std::max(ClampedLength(), 0.0);
     findings.Add("EQ-302",
                  {Place(),
                   {Translatable("The billet is clamped along %1, which is under a third of the diameter %2."),
                    {Length{clamped}, Length{diameter}}},
                   {{"length", clamped}, {"diameter", diameter}},
-                  At(front, diameter / 2),
+                  At(std::min(Front(Holder()->box()), Front(billet_->box())), diameter / 2),
                   {Holder()->body().name, billet_->body().name},
-                  ClampingOutFor(needed - clamped)});
+                  LongerClampingChange()});
   }
 
-  /// The clamping out with which that much more is clamped; none where the holder has no room for it.
-  std::optional<Change> ClampingOutFor(double more) const {
-    const Box holder = Holder()->box();
-    const double room = Back(billet_->box()) - Back(holder);
+  /// The clamping out with which enough is clamped; none where the holder has no room for it.
+  std::optional<Change> LongerClampingChange() const {
+    if (ClampedDiameter() <= 0) return {};
+    const double more = ClampedDiameter() * kLeastClamped - ClampedLength();
+    const double room = Back(billet_->box()) - Back(Holder()->box());
     const double to = spindle_.clampingOut - more;
     if (spindle_.clampingOut <= 0 || to <= 0 || room < more) return {};
     return Change{kClampingOut, spindle_.clampingOut, to};
   }
 
   void CheckOverhang(Collector& findings) const {
-    if (Holder() == nullptr) return;
-    const double diameter = OverhangDiameter();
+    if (Holder() == nullptr || OverhangDiameter() <= 0) return;
     const double overhang = Front(billet_->box()) - Front(Holder()->box());
+    const double most = kCentredOverhang * OverhangDiameter(), free = kFreeOverhang * OverhangDiameter();
     const bool hasRest = !isSub_ && setup_.equipment.usesSteadyRest;
-    if (diameter <= 0) return;
-    const double times = overhang / diameter;
-    if (times > kCentredOverhang && !hasRest) {
+    if (overhang > most + kClose && !hasRest) {
       Overhangs(
           Translatable("The billet reaches %1 out, which is %2 times its diameter, without a steady rest."),
-          overhang, times, findings);
-    } else if (times > kFreeOverhang && !hasCenter_ && !HasFaceDriver()) {
+          overhang, most, findings);
+    } else if (overhang > free + kClose && !hasCenter_ && !HasFaceDriver()) {
       Overhangs(Translatable("The billet reaches %1 out, which is %2 times its diameter, without a center."),
-                overhang, times, findings);
+                overhang, free, findings);
     }
   }
 
-  void Overhangs(const char* english, double overhang, double times, Collector& findings) const {
+  void Overhangs(const char* english, double overhang, double most, Collector& findings) const {
+    const double times = overhang / OverhangDiameter();
     findings.Add("EQ-303", {Place(),
                             {english, {Length{overhang}, Number{times}}},
                             {{"overhang", overhang}, {"times", times}},
                             At(Front(billet_->box()), 0),
-                            {billet_->body().name}});
+                            {billet_->body().name},
+                            ClampingOutLessBy(overhang - most)});
+  }
+
+  /// The clamping out with which the billet reaches out less; none where nothing has room for its end.
+  std::optional<Change> ClampingOutLessBy(double less) const {
+    const double rear = Back(billet_->box()), to = spindle_.clampingOut - less;
+    const bool isThrough = clamp_ != nullptr && rear < Back(clamp_->box());
+    if (spindle_.clampingOut <= 0 || to <= 0 || (!isThrough && rear - Back(Holder()->box()) < less))
+      return {};
+    return Change{kClampingOut, spindle_.clampingOut, to};
   }
 
   /// The diameter of what reaches out: that of the clamping, or the billet's when it is clamped inside.
@@ -114,26 +135,41 @@ class Held {
     return spindle_.clampsInside || held <= 0 ? 2 * billet_->box().max.y : held;
   }
 
+  double Datum() const { return (isSub_ ? -setup_.scene.subDatum : 0) + spindle_.origin; }
+
   void CheckDatum(Collector& findings) const {
-    const double own = isSub_ ? -setup_.scene.subDatum : 0;
-    const double datum = own + spindle_.origin;
     const Box billet = billet_->box();
-    if (datum > Front(billet) + kTolerance || datum < Back(billet) - kTolerance) {
-      findings.Add("EQ-304", {Where::kDatum,
-                              {Translatable("The origin is outside of the billet, which is from %1 to %2."),
-                               {Length{Back(billet) - own}, Length{Front(billet) - own}}},
-                              {{"origin", spindle_.origin}},
-                              At(datum, 0),
-                              {billet_->body().name}});
-    }
-    const double out = datum - spindle_.clampingOut;
-    if (spindle_.clampingOut <= 0 || out > Back(billet) + kTolerance) return;
+    if (Datum() <= Front(billet) + kTolerance && Datum() >= Back(billet) - kTolerance) return;
+    const double own = Datum() - spindle_.origin;
+    findings.Add("EQ-304", {Where::kDatum,
+                            {Translatable("The origin is outside of the billet, which is from %1 to %2."),
+                             {Length{Back(billet) - own}, Length{Front(billet) - own}}},
+                            {{"origin", spindle_.origin}},
+                            At(Datum(), 0),
+                            {billet_->body().name},
+                            FrontAllowanceChange()});
+  }
+
+  /// A cylinder has its origin at its front face, unless an allowance takes that away.
+  std::optional<Change> FrontAllowanceChange() const {
+    const scene::Billet& billet = spindle_.billet;
+    if (billet.type != scene::billet_type::kCylinder || billet.frontAllowance >= 0) return {};
+    return Change{Translatable("the front allowance"), billet.frontAllowance, 0};
+  }
+
+  void CheckClampingOut(Collector& findings) const {
+    // A face driver holds the rear face itself.
+    const double held = HasFaceDriver() ? -kTolerance : kTolerance;
+    const double rear = Back(billet_->box()), out = Datum() - spindle_.clampingOut;
+    if (spindle_.clampingOut <= 0 || out > rear + held) return;
     findings.Add("EQ-304", {Where::kDatum,
                             {Translatable("The clamping out of %1 leaves nothing of the billet to be held."),
                              {Length{spindle_.clampingOut}}},
                             {{"clamping_out", spindle_.clampingOut}},
                             At(out, 0),
-                            {billet_->body().name}});
+                            {billet_->body().name},
+                            HasFaceDriver() ? Change{kClampingOut, spindle_.clampingOut, Datum() - rear}
+                                            : LongerClampingChange()});
   }
 
   const Setup& setup_;

@@ -17,6 +17,11 @@ std::string LengthForPeople(double millimetres, LengthUnit unit) {
   return ShortDecimalText(InUnit(millimetres, unit), decimals) + " " + std::string(WordOf(unit));
 }
 
+std::string ValueText(const Change& change, double value, LengthUnit unit) {
+  if (change.unit == nullptr) return LengthForPeople(value, unit);
+  return ShortDecimalText(value, 2) + " " + change.unit;
+}
+
 std::string TermText(const Term& term, LengthUnit unit) {
   if (const auto* const length = std::get_if<Length>(&term))
     return LengthForPeople(length->millimetres, unit);
@@ -49,7 +54,61 @@ double Rounded(double number) {
   return std::round(number * kSteps) / kSteps;
 }
 
-Json JsonOf(const Finding& finding, const Style& style) {
+/// The places of findings as people call them.
+constexpr const char* kPlaces[] = {Translatable("main spindle"), Translatable("sub spindle"),
+                                   Translatable("center"), Translatable("steady rest"),
+                                   Translatable("datum")};
+
+std::string LineOf(const Finding& finding, const Style& style) {
+  const auto place = PlaceText(finding.where, style.texts);
+  const std::string spur = TranslatedWith(Translatable("spur %1"), {std::to_string(finding.spur)}, style);
+  const auto severity = style.texts.Translate(kTextSection, WordOf(finding.severity));
+  return spur + ", " + std::string(place) + ": " + std::string(severity) + " " +
+         std::string(finding.rule->id) + ": " + TextOf(finding, style) + "\n";
+}
+
+}  // namespace
+
+std::string_view PlaceText(Where where, const Translations& texts) {
+  return texts.Translate(kTextSection, kPlaces[static_cast<std::size_t>(where)]);
+}
+
+std::string TextOf(const Finding& finding, const Style& style) {
+  std::vector<std::string> terms;
+  for (const Term& term : finding.sentence.terms) terms.push_back(TermText(term, style.unit));
+  std::string text = TranslatedWith(finding.sentence.english, terms, style);
+  if (!finding.change) return text;
+  const Change& change = *finding.change;
+  return text + " " +
+         TranslatedWith(
+             Translatable("Change %1 from %2 to %3."),
+             {std::string(style.texts.Translate(kTextSection, change.value)),
+              ValueText(change, change.from, style.unit), ValueText(change, change.to, style.unit)},
+             style);
+}
+
+Counts CountsOf(const std::vector<Finding>& findings) {
+  const auto count = [&](Severity severity) {
+    return static_cast<int>(std::ranges::count(findings, severity, &Finding::severity));
+  };
+  return {count(Severity::kError), count(Severity::kWarning), count(Severity::kNote)};
+}
+
+std::string CountText(const Counts& counts, const Translations& texts) {
+  return TranslatedWith(
+      Translatable("Errors: %1, warnings: %2, notes: %3"),
+      {std::to_string(counts.errors), std::to_string(counts.warnings), std::to_string(counts.notes)},
+      {texts});
+}
+
+std::string PageOf(const std::vector<Finding>& findings, const Style& style) {
+  if (findings.empty()) return TranslatedWith(Translatable("Nothing was found."), {}, style) + "\n";
+  std::string page;
+  for (const Finding& finding : findings) page += LineOf(finding, style);
+  return page + CountText(CountsOf(findings), style.texts) + "\n";
+}
+
+Json JsonOfOne(const Finding& finding, const Style& style) {
   Json values = Json::object();
   for (const auto& [name, number] : finding.values) values[name] = Rounded(number);
   Json json = {{"rule", finding.rule->id},       {"severity", WordOf(finding.severity)},
@@ -60,57 +119,9 @@ Json JsonOf(const Finding& finding, const Style& style) {
   return json;
 }
 
-/// The places of findings as people call them.
-constexpr const char* kPlaces[] = {Translatable("main spindle"), Translatable("sub spindle"),
-                                   Translatable("center"), Translatable("steady rest"),
-                                   Translatable("datum")};
-
-std::string LineOf(const Finding& finding, const Style& style) {
-  const auto place = style.texts.Translate(kTextSection, kPlaces[static_cast<std::size_t>(finding.where)]);
-  const std::string spur = TranslatedWith(Translatable("spur %1"), {std::to_string(finding.spur)}, style);
-  const auto severity = style.texts.Translate(kTextSection, WordOf(finding.severity));
-  return spur + ", " + std::string(place) + ": " + std::string(severity) + " " +
-         std::string(finding.rule->id) + ": " + TextOf(finding, style) + "\n";
-}
-
-}  // namespace
-
-std::string TextOf(const Finding& finding, const Style& style) {
-  std::vector<std::string> terms;
-  for (const Term& term : finding.sentence.terms) terms.push_back(TermText(term, style.unit));
-  std::string text = TranslatedWith(finding.sentence.english, terms, style);
-  if (!finding.change) return text;
-  const auto& [value, from, to] = *finding.change;
-  return text + " " +
-         TranslatedWith(Translatable("Change %1 from %2 to %3."),
-                        {std::string(style.texts.Translate(kTextSection, value)),
-                         LengthForPeople(from, style.unit), LengthForPeople(to, style.unit)},
-                        style);
-}
-
-Counts CountsOf(const std::vector<Finding>& findings) {
-  const auto count = [&](Severity severity) {
-    return static_cast<int>(std::ranges::count(findings, severity, &Finding::severity));
-  };
-  return {count(Severity::kError), count(Severity::kWarning), count(Severity::kNote)};
-}
-
-std::string PageOf(const std::vector<Finding>& findings, const Style& style) {
-  if (findings.empty()) return TranslatedWith(Translatable("Nothing was found."), {}, style) + "\n";
-  std::string page;
-  for (const Finding& finding : findings) page += LineOf(finding, style);
-  const Counts counts = CountsOf(findings);
-  return page +
-         TranslatedWith(
-             Translatable("Errors: %1, warnings: %2, notes: %3"),
-             {std::to_string(counts.errors), std::to_string(counts.warnings), std::to_string(counts.notes)},
-             style) +
-         "\n";
-}
-
 Json JsonOf(const std::vector<Finding>& findings, const Style& style) {
   Json list = Json::array();
-  for (const Finding& finding : findings) list.push_back(JsonOf(finding, style));
+  for (const Finding& finding : findings) list.push_back(JsonOfOne(finding, style));
   const Counts counts = CountsOf(findings);
   return {{"findings", std::move(list)},
           {"counts", {{"error", counts.errors}, {"warning", counts.warnings}, {"note", counts.notes}}}};

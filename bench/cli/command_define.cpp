@@ -6,6 +6,7 @@
 
 #include "base/files/system_fault.h"
 #include "cli/arguments.h"
+#include "cli/check_report.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/length_unit.h"
@@ -34,7 +35,7 @@ struct Arguments {
   std::vector<std::string> words;
   std::string transcript, trace;
   std::optional<LengthUnit> unit;
-  bool isDryRun = false, printsSchema = false, printsExample = false;
+  bool isDryRun = false, printsSchema = false, printsExample = false, isChecked = false;
 };
 
 /// A form that passed its check, and the project that it is for.
@@ -193,7 +194,9 @@ Result<void> Run(const Job& job, const define::Surroundings& surroundings, const
   if (!lines) return lines.fault();
   if (!written) return written;
   const auto print = [&] { return PrintBeside({arguments.transcript, arguments.trace}, *lines); };
-  return KeepRun([&] { return job.host.Commit("define", print); });
+  VANZET_DO(KeepRun([&] { return job.host.Commit("define", print); }));
+  if (!arguments.isChecked) return {};
+  return CheckAfterRun(job.project, {arguments.transcript, arguments.trace}, job.context);
 }
 
 /// Prints what would change as comments, and the script that would be played.
@@ -236,6 +239,7 @@ Result<void> Define(const Arguments& arguments, Context& context) {
   VANZET_DO(SetUnit(form, arguments.unit, name));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
+  if (arguments.isChecked) VANZET_DO(CheckCanBeChecked(hosted->project));
   if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
@@ -266,11 +270,19 @@ void AddDefine(Command& vanzet, Context& context) {
       .AddOption("--transcript", "FILE", "write the transcript of the dialog to this file",
                  StoreFile(arguments->transcript))
       .Excludes(idle);
+  command
+      .AddFlag("--check", "check the project afterwards; what is found refuses nothing", arguments->isChecked)
+      .Excludes(idle);
   AddTrace(command, arguments->trace).Excludes(idle);
   AddKeepTmp(command, context).Excludes(idle);
   AddWait(command, context).Excludes(idle);
   command.check = [=] { CheckOperands(*arguments); };
-  command.examples = {"vanzet define bar-job.json lathe", "vanzet show lathe --json | vanzet define - other",
+  command.notes =
+      "With --check the findings of 'vanzet check' follow the lines about the spurs, and the exit status is "
+      "3 "
+      "when one of\nthem is an error: the definition is stored all the same.";
+  command.examples = {"vanzet define bar-job.json lathe", "vanzet define bar-job.json lathe --check",
+                      "vanzet show lathe --json | vanzet define - other",
                       "vanzet define --example > job.json"};
   command.work = [=, &context] { return Define(*arguments, context); };
 }

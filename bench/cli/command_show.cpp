@@ -5,6 +5,7 @@
 
 #include "base/length_unit.h"
 #include "cli/arguments.h"
+#include "cli/check_report.h"
 #include "cli/commands.h"
 #include "cli/length_unit.h"
 #include "cli/output.h"
@@ -85,8 +86,12 @@ Result<void> Show(const Arguments& arguments, Context& context) {
   VANZET_TRY(const auto project, project::Project::Open(arguments.project, context.places.share));
   VANZET_TRY(const auto spurs, results::ReadHeads(project, arguments.spur));
   VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
-  VANZET_DO(arguments.json ? PrintJson(ToJson(spurs, unit, context.panel))
-                           : Print(Text(spurs, unit, context)));
+  if (arguments.json) {
+    VANZET_DO(PrintJson(ToJson(spurs, unit, context.panel)));
+  } else {
+    VANZET_TRY(const auto mention, MentionOfFindings(project, spurs, context));
+    VANZET_DO(Print(Text(spurs, unit, context) + mention));
+  }
   for (const results::SpurDefinition& spur : spurs) {
     if (spur.definition && spur.definition->IsDamaged()) {
       return Fault{.text = "the definition of spur " + std::to_string(spur.spur) + " is damaged",

@@ -11,6 +11,9 @@
 
 namespace vanzet::project {
 
+/// The version of a definition that the module and the workbench make.
+inline constexpr std::int32_t kDefinitionVersion = 100;
+
 /// One operation of a definition: a record whose item 0 divides the others into sections.
 struct Operation {
   std::int32_t kind = 0;

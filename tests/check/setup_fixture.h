@@ -4,6 +4,7 @@
 
 #include "check/check.h"
 #include "contour/library.h"
+#include "modeller/booleans.h"
 #include "modeller/sweep.h"
 #include "scene/equipment.h"
 
@@ -24,6 +25,7 @@ class SetupTest : public testing::TestWithParam<bool> {
 
   static constexpr DeviceParams kChuck = {1, 80, 90, 22.5}, kSoftJaw = {9, 38, 62, 12, 24},
                                 kCollet = {2, 33, 94, 12, 21, 38, 2.5},
+                                kFaceDriver = {4, 50, 110, 80, 22, 10, 26, 5, 5, 35},
                                 kCenter = {13, 110, 55, 32, 10, 30, 22, 60};
 
   void Side(bool isSub) {
@@ -60,6 +62,19 @@ class SetupTest : public testing::TestWithParam<bool> {
     solids.emplace(name, *body);
   }
 
+  /// The same with a rib on it, a part of a turn from an angle on.
+  void AddRibbed(const std::string& name, const geometry::Kurve& section, const geometry::Kurve& rib,
+                 double from, double degrees) {
+    const modeller::Axis spindle = {{0, 0, 0}, {1, 0, 0}};
+    const auto body = modeller::Spin(section, spindle, 360), part = modeller::Spin(rib, spindle, degrees);
+    ASSERT_TRUE(body && part);
+    const auto turned = modeller::TurnBody(*part, spindle, from);
+    ASSERT_TRUE(turned);
+    const auto both = modeller::JoinBodies({*body, *turned});
+    ASSERT_TRUE(both) << both.fault().text;
+    solids.insert_or_assign(name, *both);
+  }
+
   void UseSolid(const std::string& name, double length, double clampDiameter) {
     Spoilt().billet = {.type = scene::billet_type::kSolid,
                        .partLength = length,
@@ -73,24 +88,29 @@ class SetupTest : public testing::TestWithParam<bool> {
     Spoilt().finishPart = {.type = scene::finish_part_type::kFigures, .outside = figure};
   }
 
-  std::vector<check::Finding> Findings() const {
+  scene::Scene Scene() const {
     const scene::Sources sources = {.figure = [&](const std::string& name) { return Figure(name); },
                                     .body = [&](const std::string& name) { return Solid(name); },
                                     .exchange = {},
                                     .hasDevicesByValues = true};
-    const auto scene = scene::MakeScene(equipment, definition, sources);
+    auto scene = scene::MakeScene(equipment, definition, sources);
     EXPECT_TRUE(scene) << scene.fault().text;
-    if (!scene) return {};
+    return scene ? *std::move(scene) : scene::Scene();
+  }
+
+  std::vector<check::Finding> FindingsIn(const scene::Scene& scene) const {
     const auto found = check::Check({.spur = 0,
                                      .definition = definition,
                                      .equipment = equipment,
-                                     .scene = *scene,
+                                     .scene = scene,
                                      .shop = shop,
                                      .job = job,
                                      .severities = severities});
     EXPECT_TRUE(found) << found.fault().text;
     return found ? *found : std::vector<check::Finding>();
   }
+
+  std::vector<check::Finding> Findings() const { return FindingsIn(Scene()); }
 
   /// The findings but those about simulation data, of which a set-up made from values alone has none.
   std::vector<check::Finding> Found() const {

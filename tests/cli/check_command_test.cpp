@@ -8,6 +8,7 @@ namespace {
 
 using Json = nlohmann::json;
 using testing::HasSubstr;
+using testing::Not;
 
 /// The check as people and pipelines call it.
 class CheckCommand : public CommandLineTest {
@@ -50,6 +51,108 @@ TEST_F(CheckCommand, PrintsJsonForPrograms) {
   EXPECT_EQ(json["counts"], Json({{"error", 0}, {"warning", 1}, {"note", 0}}));
 }
 
+TEST_F(CheckCommand, WritesSarifForPipelines) {
+  const Outcome checked = Vanzet("check lathe --sarif log.sarif");
+  EXPECT_EQ(checked.status, 0);
+  EXPECT_THAT(checked.out, HasSubstr("warning EQ-302"));
+  const Json log = Json::parse(ReadBytes(folder / "log.sarif"));
+  EXPECT_EQ(log["version"], "2.1.0");
+  const Json& run = log["runs"][0];
+  EXPECT_EQ(run["tool"]["driver"]["name"], "vanzet");
+  ASSERT_EQ(run["results"].size(), 1U);
+  const Json& result = run["results"][0];
+  EXPECT_EQ(result["ruleId"], "EQ-302");
+  EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"], "lathe/bench.ini");
+  for (const Json& rule : run["tool"]["driver"]["rules"]) {
+    const std::string page = rule["helpUri"];
+    EXPECT_TRUE(page.starts_with("file:///")) << page;
+    EXPECT_TRUE(std::filesystem::exists(page.substr(7))) << page;
+  }
+}
+
+TEST_F(CheckCommand, KeepsSarifApartFromTheLines) {
+  const Outcome checked = Vanzet("check lathe --sarif -", "VANZET_LANGUAGE=de");
+  const Json log = Json::parse(checked.out);
+  EXPECT_EQ(log["runs"][0]["language"], "de");
+  EXPECT_THAT(std::string(log["runs"][0]["results"][0]["message"]["text"]), HasSubstr("Rohteil"));
+  EXPECT_THAT(checked.err, HasSubstr("EQ-302"));
+  EXPECT_EQ(Vanzet("check lathe --json --sarif -").status, 2);
+  const std::string settings = ReadBytes(folder / "lathe/bench.ini");
+  EXPECT_EQ(Vanzet("check lathe --sarif lathe/bench.ini").status, 1);
+  EXPECT_EQ(ReadBytes(folder / "lathe/bench.ini"), settings);
+  EXPECT_EQ(Vanzet("check lathe --sarif nowhere/log.sarif").status, 1);
+}
+
+TEST_F(CheckCommand, DrawsEachFinding) {
+  const Outcome checked = Vanzet("check lathe --picture found/here");
+  EXPECT_EQ(checked.status, 0);
+  const std::string section = "found/here/EQ-302-spur0-main-section.svg",
+                    space = "found/here/EQ-302-spur0-main-3d.png";
+  EXPECT_THAT(checked.out, testing::EndsWith("notes: 0\n" + section + "\n" + space + "\n"));
+  EXPECT_THAT(ReadBytes(folder / section), HasSubstr("EQ-302: The billet is clamped along 10 mm"));
+  EXPECT_EQ(ReadBytes(folder / space).substr(1, 3), "PNG");
+  const Json json = Json::parse(Vanzet("check lathe --json --picture found").out);
+  EXPECT_EQ(json.size(), 2U) << "the files are not listed there";
+}
+
+TEST_F(CheckCommand, RefusesAFileInPlaceOfAFolder) {
+  WriteBytes(folder / "found", "mine");
+  const Outcome checked = Vanzet("check lathe --picture found");
+  EXPECT_EQ(checked.status, 1);
+  EXPECT_THAT(checked.err, HasSubstr("found: the folder cannot be created"));
+  EXPECT_EQ(ReadBytes(folder / "found"), "mine");
+  std::filesystem::create_directory(folder / "lathe/figures");
+  EXPECT_EQ(Vanzet("check lathe --picture lathe/figures").status, 1);
+}
+
+/// The form of the fixture with a bore that is too narrow for its billet.
+constexpr const char* kNarrow = R"({"version": 1, "spurs": [{"spur": 0, "main": {
+    "chuck": {"name": "Chuck 160"}, "jaw": {"name": "Soft jaw 160"},
+    "billet": {"kind": "cylinder", "outer_diameter": 80, "part_length": 300}},
+    "datum": {"main": {"clamping_out": 90, "origin": 20}}}]})";
+
+TEST_F(CheckCommand, FollowsADefinition) {
+  WriteBytes(folder / "narrow.json", kNarrow);
+  const Outcome defined = Vanzet("define narrow.json lathe --check");
+  EXPECT_EQ(defined.status, 3);
+  EXPECT_THAT(defined.out,
+              testing::StartsWith("spur 0: VDM 1000, defined\nspur 0, main spindle: error EQ-203: "));
+  EXPECT_THAT(defined.out, testing::EndsWith("Errors: 1, warnings: 0, notes: 0\n"));
+  EXPECT_THAT(Vanzet("show lathe").out, HasSubstr("300")) << "it is stored all the same";
+  const Outcome possible = Vanzet("define form.json lathe --check --transcript -");
+  EXPECT_EQ(possible.status, 0);
+  EXPECT_THAT(possible.err, HasSubstr("defined\nspur 0, main spindle: warning EQ-302: "))
+      << "standard output has the transcript alone";
+  EXPECT_THAT(possible.out, Not(HasSubstr("EQ-302")));
+  EXPECT_EQ(Vanzet("define form.json lathe --check --dry-run").status, 2);
+}
+
+TEST_F(CheckCommand, IsNotBegunWhenItsSettingsAreWrong) {
+  WriteBytes(folder / "narrow.json", kNarrow);
+  Set("[check]\nEQ-203=loud\n");
+  EXPECT_EQ(Vanzet("define narrow.json lathe --check").status, 1);
+  EXPECT_THAT(Vanzet("show lathe").out, Not(HasSubstr("300"))) << "nothing is stored";
+}
+
+TEST_F(CheckCommand, FollowsAScript) {
+  WriteBytes(folder / "narrow.json", kNarrow);
+  ASSERT_EQ(Vanzet("define narrow.json lathe").status, 0);
+  WriteBytes(folder / "ok.txt", "press OK\n");
+  const Outcome played = Vanzet("script lathe ok.txt --check --transcript t.jsonl");
+  EXPECT_EQ(played.status, 3) << played.err;
+  EXPECT_THAT(played.out,
+              testing::MatchesRegex("ok.txt: (.|\n)*\nspur 0, main spindle: error EQ-203: (.|\n)*"));
+}
+
+TEST_F(CheckCommand, IsMentionedWhereTheDefinitionIsShown) {
+  EXPECT_THAT(Vanzet("show lathe").out,
+              testing::EndsWith("\n\nErrors: 0, warnings: 1, notes: 0; see 'vanzet check'\n"));
+  EXPECT_THAT(Vanzet("show lathe --spur 1").out, Not(HasSubstr("vanzet check"))) << "nothing is found there";
+  EXPECT_THAT(Vanzet("show lathe", "VANZET_LANGUAGE=de").out, HasSubstr("Warnungen: 1, Hinweise: 0; siehe"));
+  Set("[check]\nEQ-302=off\n");
+  EXPECT_THAT(Vanzet("show lathe").out, Not(HasSubstr("vanzet check")));
+}
+
 TEST_F(CheckCommand, HasTheSeveritiesOfTheProject) {
   Set("[check]\nEQ-302=error\n");
   EXPECT_EQ(Vanzet("check lathe").status, 3);
@@ -68,7 +171,7 @@ TEST_F(CheckCommand, ComparesTheMakerDataOfTheCatalogue) {
   EXPECT_EQ(checked.status, 3);
   EXPECT_THAT(checked.out,
               HasSubstr("error EQ-402: The job's speed of 5000 1/min is above the 4500 1/min of the "
-                        "device 'Chuck 160'.\n"));
+                        "device 'Chuck 160'. Change the job's speed from 5000 1/min to 4500 1/min.\n"));
 }
 
 TEST_F(CheckCommand, FindsNothingInTheExamplesButWhatIsTrue) {
