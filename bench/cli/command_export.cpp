@@ -3,13 +3,16 @@
 #include "base/path_map.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/exchange_options.h"
 #include "cli/length_unit.h"
 #include "cli/output.h"
-#include "cli/progress_line.h"
+#include "cli/output_files.h"
 #include "cli/written_files.h"
 #include "project/project.h"
 #include "results/equipment.h"
 #include "results/export.h"
+#include "results/export_folder.h"
+#include "results/setup.h"
 
 /// The command that writes the equipment as 3D files.
 namespace vanzet::cli {
@@ -26,28 +29,42 @@ struct ExportArguments {
   bool isJson = false;
   std::optional<LengthUnit> unit;
   bool isStrict = false;
+  Fineness fineness;
+  std::optional<std::int32_t> limit;
 
-  results::ExportOptions Options() const { return {*modeller::FormatNamed(format), body}; }
+  results::ExportOptions Options() const {
+    return {*modeller::FormatNamed(format), body, fineness.Tolerance()};
+  }
 };
 
-/// The scene to export. A STEP file has surfaces, which are measured.
+/// All formats: those of bodies, then those of whole set-ups.
+const std::vector<std::string>& AllFormats() {
+  static const auto words = [] {
+    std::vector<std::string> all = modeller::FormatWords();
+    all.insert(all.end(), results::SetupWords().begin(), results::SetupWords().end());
+    return all;
+  }();
+  return words;
+}
+
+/// The scene to export. Surfaces in a file are measured.
 Result<scene::Scene> SceneToExport(const ExportArguments& arguments, const project::Project& project,
                                    const modeller::Exchange& exchange, project::MessagePanel& panel) {
   modeller::Foresight foresight = results::kForPictures;
-  foresight.measures = arguments.Options().format == modeller::ExportFormat::kStep;
+  foresight.mesh = !arguments.fineness.IsGiven();
+  foresight.measures = modeller::HasSurfaces(arguments.Options().format);
   return results::EquipmentOf(project, arguments.spur, exchange, panel, foresight);
 }
 
-/// Fails for the folders in which the project reads what it finds.
-Result<void> CheckIsNoInputFolder(const fs::path& folder, const project::Project& project) {
-  for (const char* const input : {"bodies", "figures"}) {
-    std::error_code unknown;
-    if (!fs::equivalent(folder, project.folder() / input, unknown)) continue;
-    return Fault{
-        "cannot be the folder of the 3D files: the project reads its " + std::string(input) + " there",
-        folder.string()};
+Result<results::ExportReport> WriteTo(const fs::path& folder, const ExportArguments& arguments,
+                                      const project::Project& project, const Context& context) {
+  const auto exchange = ExchangeWithProgress(arguments.limit);
+  if (const auto format = results::SetupNamed(arguments.format)) {
+    VANZET_TRY(const auto setup, results::SetupOf(project, arguments.spur, exchange, context.panel));
+    return results::WriteSetup(setup, *format, folder);
   }
-  return {};
+  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
+  return results::WriteEquipment(scene, arguments.Options(), folder, exchange);
 }
 
 Result<void> ExportToFolder(const ExportArguments& arguments, const project::Project& project,
@@ -55,9 +72,7 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
   VANZET_TRY(const auto unit, UnitOf(arguments.unit, project));
   const fs::path folder = PathMap::OfProcess().Resolve(arguments.out);
   VANZET_DO(CheckIsNoInputFolder(folder, project));
-  const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
-  VANZET_TRY(const auto report, results::WriteEquipment(scene, arguments.Options(), folder, exchange));
+  VANZET_TRY(const auto report, WriteTo(folder, arguments, project, context));
   for (const Fault& fault : report.missing) context.panel.Tell(fault);
   const auto outcome = OutcomeOfMissing(arguments.isStrict, context);
   for (const fs::path& file : report.changed) context.panel.Tell(results::ChangedSinceExport(file));
@@ -65,11 +80,20 @@ Result<void> ExportToFolder(const ExportArguments& arguments, const project::Pro
   return outcome;
 }
 
+Result<std::string> FileOf(const ExportArguments& arguments, const project::Project& project,
+                           const Context& context) {
+  const auto exchange = ExchangeWithProgress(arguments.limit);
+  if (const auto format = results::SetupNamed(arguments.format)) {
+    VANZET_TRY(const auto setup, results::SetupOf(project, arguments.spur, exchange, context.panel));
+    return results::SetupText(setup, *format);
+  }
+  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
+  return results::EquipmentFile(scene, arguments.Options(), exchange);
+}
+
 Result<void> ExportToStandardOutput(const ExportArguments& arguments, const project::Project& project,
                                     const Context& context) {
-  const auto exchange = ExchangeWithProgress();
-  VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
-  VANZET_TRY(const auto file, results::EquipmentFile(scene, arguments.Options(), exchange));
+  VANZET_TRY(const auto file, FileOf(arguments, project, context));
   VANZET_DO(Print(file));
   return OutcomeOfMissing(arguments.isStrict, context);
 }
@@ -80,11 +104,21 @@ Result<void> Export(const ExportArguments& arguments, const Context& context) {
                                          : ExportToFolder(arguments, project, context);
 }
 
+/// Throws `WrongUsage` for an option that the format has no use for.
+void CheckFormat(const ExportArguments& arguments) {
+  const auto format = modeller::FormatNamed(arguments.format);
+  const std::string with = "has no effect with the format " + arguments.format;
+  if (!format && !arguments.body.empty()) throw WrongUsage{"--body", with + ", which has the whole set-up"};
+  const bool hasFacets = format && !modeller::HasSurfaces(*format);
+  if (arguments.fineness.chord && !hasFacets) throw WrongUsage{"--chord", with};
+  if (arguments.fineness.angle && !hasFacets) throw WrongUsage{"--angle", with};
+}
+
 }  // namespace
 
 void AddExport(Command& vanzet, Context& context) {
   const auto arguments = std::make_shared<ExportArguments>();
-  Command& command = vanzet.AddCommand("export", "Writes the equipment of a spur as 3D files.");
+  Command& command = vanzet.AddCommand("export", "Writes the equipment of a spur for other programs.");
   AddProject(command, arguments->project);
   command
       .AddOption("--out", "DIR",
@@ -94,22 +128,26 @@ void AddExport(Command& vanzet, Context& context) {
       .Required();
   command.AddOption("--format", "FORMAT", "the format of the files", StoreText(arguments->format))
       .Required()
-      .OneOf({"wrl", "stl", "step", "gltf"});
+      .OneOf(AllFormats());
   command.AddOption("--body", "NAME", "only the bodies of this name, such as 'main jaw 1' or jaw",
                     StoreText(arguments->body));
   command.AddOption("--spur", "N", "the spur; default: 0, the first", StoreNumber(arguments->spur));
   command.AddFlag("--json", "print JSON", arguments->isJson);
   AddUnit(command, arguments->unit);
+  AddFineness(command, arguments->fineness);
+  AddLimit(command, arguments->limit);
   AddStrict(command, arguments->isStrict);
   command.notes =
       "Prints the files that were written; their own lengths do not depend on the unit. Those of an earlier "
       "export to the folder, which are no longer "
       "among them, are removed; vanzet-export.json in the folder lists them. With --body nothing is "
       "removed. "
+      "The formats json, linuxcnc and mtconnect are one file about the whole set-up. "
       "A body that cannot be made is named on standard error, and the others are written all the same.";
   command.examples = {"vanzet export lathe --out models --format step",
                       "vanzet export lathe --out - --format stl --body 'main billet' >billet.stl"};
   command.check = [=] {
+    CheckFormat(*arguments);
     CheckListing(arguments->out, "--json", arguments->isJson);
     CheckListing(arguments->out, "--unit", arguments->unit.has_value());
   };

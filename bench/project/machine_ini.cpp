@@ -38,6 +38,12 @@ Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const 
   return stated < 1 || stated > kMostSpurs ? 1 : stated;
 }
 
+Result<std::string> ReadMachineName(const std::filesystem::path& file, const std::string& name) {
+  VANZET_TRY(const auto text, TextOf(file, name));
+  std::istringstream stream(text.value_or(""));
+  return FindIniValue(stream, "COMMON", "MACHINE_NAME").value_or("");
+}
+
 Result<SteadyRest> ReadSteadyRest(const std::filesystem::path& file, const std::string& name) {
   VANZET_TRY(const auto text, TextOf(file, name));
   if (!text) return SteadyRest();

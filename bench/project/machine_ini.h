@@ -13,6 +13,9 @@ namespace vanzet::project {
 /// not a text file, or too large; docs/formats/machine-ini.md.
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name);
 
+/// The name of the machine; empty when the file does not exist or has none. Fails as above.
+Result<std::string> ReadMachineName(const std::filesystem::path& file, const std::string& name);
+
 /// The sizes of a machine's steady rest, in millimetres; 0: not given.
 struct SteadyRest {
   double largestDiameter = 0;  ///< that it can hold

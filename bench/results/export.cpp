@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "base/files/whole_file.h"
-#include "results/export_manifest.h"
+#include "results/export_folder.h"
 #include "scene/body_names.h"
 
 namespace vanzet::results {
@@ -23,9 +22,11 @@ Result<Bodies> ChooseBodies(const scene::Scene& scene, const ExportOptions& opti
   for (std::size_t i = 0; i < scene.bodies.size(); ++i) {
     if (!options.body.empty() && !chosen.contains(i)) continue;
     const scene::SceneBody& body = scene.bodies[i];
-    const bool isExact = options.format == modeller::ExportFormat::kStep && body.exact;
-    bodies.push_back({body.name, isExact ? *body.exact : body.body, body.placement,
-                      scene::ColourOf(body.kind), scene::IsDevice(body.kind)});
+    const bool isExact = modeller::HasSurfaces(options.format) && body.exact;
+    bodies.push_back({body.name,
+                      isExact ? *body.exact : body.body,
+                      body.placement,
+                      {scene::ColourOf(body.kind), scene::IsDevice(body.kind), body.isSeenThrough}});
   }
   return bodies;
 }
@@ -60,12 +61,12 @@ std::vector<PlannedFile> PlanFiles(const Bodies& bodies, const ExportOptions& op
 }
 
 /// Measures the bodies; those that cannot be measured are removed, with the reasons in `missing`.
-Result<std::vector<WrittenBody>> MeasureAll(Bodies& bodies, modeller::ExportFormat format,
+Result<std::vector<WrittenBody>> MeasureAll(Bodies& bodies, const ExportOptions& options,
                                             std::vector<Fault>& missing) {
   std::vector<WrittenBody> measured;
   Bodies sound;
   for (modeller::NamedBody& body : bodies) {
-    const auto facts = modeller::FactsOf(body, format, {});
+    const auto facts = modeller::FactsOf(body, options.format, options.fineness);
     if (facts) {
       measured.push_back({body.name, *facts});
       sound.push_back(std::move(body));
@@ -81,89 +82,22 @@ Result<std::vector<WrittenBody>> MeasureAll(Bodies& bodies, modeller::ExportForm
   return measured;
 }
 
-/// A folder that is created if it does not exist, and removed again if nothing has come into it.
-class TargetFolder {
- public:
-  static Result<TargetFolder> Make(const fs::path& folder) {
-    std::error_code error;
-    const bool isNew = fs::create_directories(folder, error);
-    if (fs::is_directory(folder, error)) return TargetFolder(isNew ? folder : fs::path());
-    return Fault{.text = "the folder cannot be created", .file = folder.string(), .kind = FaultKind::kSystem};
-  }
-  ~TargetFolder() {
-    std::error_code isInUse;
-    if (!folder_.empty()) fs::remove(folder_, isInUse);
-  }
-  TargetFolder(TargetFolder&& other) noexcept : folder_(std::exchange(other.folder_, {})) {}
-  TargetFolder& operator=(TargetFolder&&) = delete;
-
- private:
-  explicit TargetFolder(fs::path folder) : folder_(std::move(folder)) {}
-
-  fs::path folder_;  ///< empty: it was there before
-};
-
-/// The new files of an export, which take their names only when all are on the disk.
-class NewFiles {
- public:
-  Result<void> Add(const fs::path& folder, const std::string& name, const std::string& content) {
-    VANZET_TRY(auto file, files::FileReplacement::Begin(folder / name));
-    VANZET_DO(file.Write(content));
-    VANZET_DO(file.Prepare());
-    files_.push_back(std::move(file));
-    manifest_.Add(name, content);
-    return {};
-  }
-
-  Result<void> Commit() {
-    for (files::FileReplacement& file : files_) VANZET_DO(file.Commit());
-    return {};
-  }
-
-  const ExportManifest& manifest() const { return manifest_; }
-
- private:
-  std::vector<files::FileReplacement> files_;
-  ExportManifest manifest_;
-};
-
-/// While both the old and the new files may be in the folder, its list has both, so that an export that is
-/// killed leaves nothing that the next one does not know.
-Result<std::vector<fs::path>> Replace(const ExportManifest& old, NewFiles& made, const fs::path& folder,
-                                      bool keepsOld) {
-  ExportManifest both = old;
-  both.Add(made.manifest());
-  VANZET_DO(both.Write(folder));
-  VANZET_DO(made.Commit());
-  if (keepsOld) return std::vector<fs::path>();
-  VANZET_TRY(auto changed, old.RemoveAllBut(made.manifest(), folder));
-  VANZET_DO(made.manifest().Write(folder));
-  return changed;
-}
-
 }  // namespace
-
-Fault ChangedSinceExport(const fs::path& file) {
-  return {"is not removed: it was changed after it was exported", file.string()};
-}
 
 Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptions& options,
                                     const fs::path& folder, const modeller::Exchange& exchange) {
   ExportReport report;
   VANZET_TRY(Bodies bodies, ChooseBodies(scene, options));
-  VANZET_TRY(const auto measured, MeasureAll(bodies, options.format, report.missing));
-  VANZET_TRY(const auto old, ExportManifest::Read(folder));
-  VANZET_TRY(const auto target, TargetFolder::Make(folder));
+  VANZET_TRY(const auto measured, MeasureAll(bodies, options, report.missing));
+  VANZET_TRY(auto target, ExportFolder::Begin(folder));
   const std::vector<PlannedFile> planned = PlanFiles(bodies, options);
   std::vector<modeller::FileBodies> contents;
   contents.reserve(planned.size());
   for (const PlannedFile& file : planned) contents.push_back(file.bodies);
-  NewFiles made;
-  VANZET_DO(modeller::MakeFiles(bodies, contents, options.format, {}, exchange,
-                                [&](std::size_t file, const std::string& content) {
-                                  return made.Add(folder, planned[file].name, content);
-                                }));
-  VANZET_TRY(report.changed, Replace(old, made, folder, !options.body.empty()));
+  VANZET_DO(modeller::MakeFiles(
+      bodies, contents, options.format, options.fineness, exchange,
+      [&](std::size_t file, const std::string& content) { return target.Add(planned[file].name, content); }));
+  VANZET_TRY(report.changed, target.Commit(options.body.empty() ? Others::kRemoved : Others::kKept));
   for (const PlannedFile& file : planned) {
     WrittenFile& written = report.files.emplace_back(WrittenFile{folder / file.name, {}});
     for (const std::size_t body : file.bodies) written.bodies.push_back(measured[body]);
@@ -175,7 +109,7 @@ Result<std::string> EquipmentFile(const scene::Scene& scene, const ExportOptions
                                   const modeller::Exchange& exchange) {
   VANZET_TRY(const Bodies bodies, ChooseBodies(scene, options));
   std::string file;
-  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, {}, exchange,
+  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, options.fineness, exchange,
                                 [&](std::size_t, const std::string& content) {
                                   file = content;
                                   return Result<void>();

@@ -14,6 +14,7 @@ namespace vanzet::results {
 struct ExportOptions {
   modeller::ExportFormat format = modeller::ExportFormat::kStep;
   std::string body = {};  ///< only the bodies of this name, as `scene::FindBodies` finds them; empty: all
+  modeller::MeshTolerance fineness = {};
 };
 
 /// A body in a file.
@@ -30,13 +31,9 @@ struct WrittenFile {
 /// The outcome of an export.
 struct ExportReport {
   std::vector<WrittenFile> files;
-  std::vector<Fault> missing;  ///< why bodies of the scene are in no file
-  /// Files of an earlier export that this one does not have, but that somebody has changed since: they stay.
-  std::vector<std::filesystem::path> changed;
+  std::vector<Fault> missing;                  ///< why bodies of the scene are in no file
+  std::vector<std::filesystem::path> changed;  ///< what `ExportFolder::Commit` returns
 };
-
-/// The message about such a file.
-Fault ChangedSinceExport(const std::filesystem::path& file);
 
 /// Writes the equipment to a folder, which is created if it does not exist: a file with all bodies, and a
 /// file for each. Files of the same names are replaced; what an earlier export has written besides is

@@ -62,6 +62,31 @@ TEST_F(DeviceCommands, LayAMakersModelAsDevicesLie) {
   EXPECT_NEAR(shown["volume"].get<double>(), volume, volume * 0.01);
 }
 
+TEST_F(DeviceCommands, MakeFacetsAsFinelyAsTheyAreAsked) {
+  PutDisk(-30);
+  ASSERT_EQ(Make("--class chuck --looking z --first 30").status, 0);
+  const double usual = Shown()["volume"].get<double>();
+  ASSERT_EQ(Make("--class chuck --looking z --first 30 --angle 2 --chord 0.005").status, 0);
+  const double fine = Shown()["volume"].get<double>(), exact = std::numbers::pi * 2500 * 30;
+  EXPECT_LT(exact - fine, (exact - usual) / 4);
+}
+
+TEST_F(DeviceCommands, TakeTheSecondsThatTheyAreAllowed) {
+  EXPECT_EQ(Make("--class chuck --limit 0").status, 2);
+  PutDisk(-30);
+  EXPECT_EQ(Make("--class chuck --looking z --first 30 --limit 60").status, 0);
+}
+
+TEST_F(DeviceCommands, NameAModelThatAPersonShouldLookAt) {
+  PutDisk(100);
+  const Outcome made = Make("--class chuck --looking z --face 150 --first 30");
+  EXPECT_EQ(made.status, 0);
+  EXPECT_EQ(made.err, "vanzet: disk.step: has its face at -20 mm, not at 0\n");
+  EXPECT_EQ(Make("--class chuck --looking z --face 130 --first 30").err, "");
+  EXPECT_THAT(Make("--class chuck --looking x --face 50 --first 30").err,
+              HasSubstr("disk.step: is beside the axis: its "));
+}
+
 TEST_F(DeviceCommands, ShowNoVolumeOfAnOpenBody) {
   WriteBytes(folder / "sheet.stl",
              "solid sheet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex -50 0 0\nvertex 0 20 0\n"

@@ -308,5 +308,26 @@ TEST_F(ExportCommand, TellsWhatItCannotDo) {
   EXPECT_FALSE(fs::exists(folder / "models"));
 }
 
+TEST_F(ExportCommand, MakesFacetsAsFinelyAsItIsAsked) {
+  const auto triangles = [&](const std::string& options) {
+    const Outcome exported = Vanzet("export lathe --out models --format stl --body billet --json " + options);
+    EXPECT_EQ(exported.status, 0) << exported.err;
+    return Json::parse(exported.out).at("files").at(0).at("bodies").at(0).at("triangles").get<int>();
+  };
+  const int usual = triangles("");
+  EXPECT_EQ(triangles("--chord 0.05 --angle 10"), usual);
+  EXPECT_GT(triangles("--angle 2"), 4 * usual);
+  EXPECT_LT(triangles("--chord 1 --angle 60"), usual / 4);
+}
+
+TEST_F(ExportCommand, RefusesFinenessWithoutFacets) {
+  for (const char* const format : {"step", "iges", "json"}) {
+    const Outcome refused = Vanzet(std::string("export lathe --out models --chord 1 --format ") + format);
+    EXPECT_EQ(refused.status, 2) << format;
+    EXPECT_THAT(refused.err, HasSubstr(std::string("--chord: has no effect with the format ") + format));
+  }
+  EXPECT_EQ(Vanzet("export lathe --out models --angle 1 --format stl").status, 2) << "below 2";
+}
+
 }  // namespace
 }  // namespace vanzet::test
