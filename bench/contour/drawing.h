@@ -41,4 +41,8 @@ struct Drawing {
 /// the coordinates of the contours; one group of the picture scales and mirrors them.
 std::string Svg(const Drawing& drawing);
 
+/// The contours alone at their true size, for plotters and laser cutters: the picture is as large as the
+/// contours, its coordinates are millimetres, and its lines are hairlines.
+std::string SvgToScale(const Contours& contours);
+
 }  // namespace vanzet::contour

@@ -192,4 +192,22 @@ std::string Svg(const Drawing& drawing) {
   return SvgWriter(drawing).Write();
 }
 
+std::string SvgToScale(const Contours& contours) {
+  constexpr const char* kHairline = "0.1";
+  // The library's boxes are larger by a nanometre, which is rounded away.
+  const auto length = [](double value) { return ShortDecimalText(value, 5); };
+  geometry::Box box;
+  for (const Contour& contour : contours) box.Insert(contour.curve.Box());
+  if (contours.empty()) box.Insert(Point(0, 0));
+  const std::string width = length(box.max.x - box.min.x), height = length(box.max.y - box.min.y);
+  std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "mm\" height=\"" + height +
+                    "mm\" viewBox=\"" + length(box.min.x) + " " + length(-box.max.y) + " " + width + " " +
+                    height +
+                    "\" overflow=\"visible\">\n<g transform=\"scale(1 -1)\" fill=\"none\" stroke=\"#000000\" "
+                    "stroke-width=\"" +
+                    kHairline + "\">\n";
+  for (const Contour& contour : contours) svg += "<path d=\"" + PathOf(contour) + "\"/>\n";
+  return svg + "</g>\n</svg>\n";
+}
+
 }  // namespace vanzet::contour

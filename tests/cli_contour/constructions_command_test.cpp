@@ -150,6 +150,18 @@ TEST_F(ContourConstructions, PicturesHaveALegend) {
   EXPECT_THAT(ReadBytes(folder / "slot.svg"), HasSubstr(">before</text>"));
 }
 
+TEST_F(ContourConstructions, PicturesToScaleAreAsLargeAsTheContours) {
+  // The slot is 60 long and 20 high, its ends half circles.
+  EXPECT_EQ(Vanzet("contour transform slot.txt --move 100,50 --svg slot.svg --to-scale").status, 0);
+  const std::string svg = ReadBytes(folder / "slot.svg");
+  EXPECT_THAT(svg, HasSubstr("width=\"60mm\" height=\"20mm\""));
+  EXPECT_THAT(svg, HasSubstr(" viewBox=\"70 -60 60 20\""));
+  EXPECT_THAT(svg, HasSubstr("<g transform=\"scale(1 -1)\""));
+  EXPECT_THAT(svg, testing::Not(HasSubstr("before")));
+  EXPECT_EQ(Vanzet("contour transform slot.txt --svg slot.svg --to-scale --numbers").status, 2);
+  EXPECT_EQ(Vanzet("contour transform slot.txt --to-scale").status, 2);
+}
+
 TEST_F(ContourConstructions, ADrawingIsWrittenAndReadBack) {
   EXPECT_EQ(Vanzet("contour offset square.txt 2 --steps 3 --dxf made.dxf").status, 0);
   const auto drawn = Json("info made.dxf")["contours"];

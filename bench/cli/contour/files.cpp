@@ -113,7 +113,11 @@ Result<void> WritePicture(const ContourArguments& arguments, contour::Drawing dr
 Result<void> WriteDrawings(const ContourArguments& arguments, const contour::Drawing& drawing,
                            const contour::Contours& made) {
   constexpr const char* kLayer = "CONTOURS";
-  VANZET_DO(WritePicture(arguments, drawing));
+  if (arguments.isToScale) {
+    VANZET_DO(WriteFile(arguments.svg, contour::SvgToScale(made)));
+  } else {
+    VANZET_DO(WritePicture(arguments, drawing));
+  }
   return arguments.dxf.empty() ? Result<void>() : WriteFile(arguments.dxf, contour::DxfForm(made, kLayer));
 }
 

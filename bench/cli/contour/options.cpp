@@ -269,11 +269,19 @@ void AddContourOptions(Command& command, ContourArguments& arguments, unsigned o
   command.AddOption("--svg", "FILE", "write a picture to this file; -: to standard output",
                     StoreText(arguments.svg));
   command.AddFlag("--numbers", "number the vertices in the picture", arguments.vertexNumbers).Needs("--svg");
+  if ((options & kDxf) != 0) {
+    command
+        .AddFlag("--to-scale", "draw the result alone, at its true size in millimetres", arguments.isToScale)
+        .Needs("--svg");
+  }
   command.AddFlag("--json", "print JSON", arguments.json);
   if ((options & kSteps) != 0) AddContourSteps(command, arguments.matrix);
 }
 
 void CheckContourArguments(const ContourArguments& arguments) {
+  if (arguments.isToScale && arguments.vertexNumbers) {
+    throw WrongUsage{"--to-scale", "cannot be given together with --numbers"};
+  }
   CheckSides(arguments);
   CheckRegion(arguments);
   CheckStandardOutput(arguments);

@@ -58,6 +58,7 @@ struct ContourArguments {
   std::string dxf;            ///< the file for a drawing of the result; "-" is standard output
   std::string svg;            ///< the file for a picture; the same
   bool vertexNumbers = false;
+  bool isToScale = false;  ///< the picture has the result alone, in millimetres
   bool json = false;
   const Translations* texts = nullptr;  ///< of headings; never null while an operation runs
   bool* hasFindings = nullptr;          ///< set for the answer "no"; never null while an operation runs

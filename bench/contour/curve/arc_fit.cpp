@@ -118,7 +118,7 @@ class Fitter {
 /// Adds a segment, or lets the last one run on to its end where both are of one circle or line.
 class Chain {
  public:
-  Chain(geometry::Point start, double tolerance) : start_(start), tolerance_(tolerance) {}
+  Chain(const geometry::Point& start, double tolerance) : start_(start), tolerance_(tolerance) {}
 
   void Add(const Segment& segment) {
     const geometry::Point last = segments.empty() ? start_ : segments.back().end;

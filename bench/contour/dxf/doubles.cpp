@@ -49,7 +49,7 @@ Shape KeyOf(Piece piece) {
     TurnToTheSmallest(forward);
     TurnToTheSmallest(backward);
   }
-  return std::min(std::move(forward), std::move(backward));
+  return std::min(forward, backward);
 }
 
 }  // namespace
