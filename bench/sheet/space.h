@@ -1,0 +1,14 @@
+#pragma once
+
+#include "scene/equipment.h"
+#include "sheet/spur.h"
+
+namespace vanzet::sheet {
+
+/// The facets that the 3D of a sheet has at most; finer bodies become coarse.
+inline constexpr std::size_t kMostFacets = 250'000;
+
+/// The equipment of a spur in 3D, and the picture of it that does not turn.
+Result<Space> SpaceOf(const Spur& spur, const Words& words);
+
+}  // namespace vanzet::sheet
