@@ -153,6 +153,18 @@ TEST(Pictures, KeepTheLettersWithinTheirEdges) {
   }
 }
 
+TEST(Pictures, KeepTheLettersApartInTheSmallestPicture) {
+  for (const DeviceParams& example : Examples()) {
+    QImage image(250, 300, QImage::Format_RGB32);
+    QPainter painter(&image);
+    const auto letters = Paint(painter, image.rect(), Drawn({.type = example.type}), {QPalette(), QFont()});
+    EXPECT_FALSE(letters.empty()) << example.type;
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+      for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(letters[i].intersects(letters[j])) << example.type;
+    }
+  }
+}
+
 std::vector<Control> Billet(double outer, double length, double front, double rear, double inner,
                             double bar) {
   std::vector<Control> controls;

@@ -27,12 +27,12 @@
 namespace vanzet::view::qt {
 namespace {
 
-constexpr const char* kSpurName = Translatable("Spindle spur whose equipment is shown");
+constexpr const char* kSpurName = Translatable("Spindle whose equipment is shown");
 
 constexpr const char* kUnstored = Translatable("Not stored yet: %1");
 constexpr const char* kLeft = Translatable("%1 was left with values that were not stored: %2");
 
-constexpr const char* kSpur = Translatable("Spindle spur");
+constexpr const char* kSpur = Translatable("Spindle");
 
 constexpr int kMargin = 12;
 constexpr int kTreeWidth = 300;

@@ -11,6 +11,8 @@ namespace vanzet::view::qt {
 namespace {
 
 constexpr double kArrow = 6;
+constexpr int kDirections = 8;
+constexpr int kSteps = 12;  // of half the height of a letter, in which a free place is looked for
 
 double InRadians(double degrees) {
   return degrees * std::numbers::pi / 180;
@@ -30,6 +32,8 @@ class MeasurePainter {
       case Measure::Kind::kCorner: return Corner(measure);
     }
   }
+
+  const std::vector<QRectF>& plates() const { return plates_; }
 
  private:
   QPointF OnScreen(QPointF point) const { return place_.transform.map(point); }
@@ -55,10 +59,13 @@ class MeasurePainter {
     return hasValue ? measure.letter + QStringLiteral(" = ") + drawing_.value : measure.letter;
   }
 
-  /// The letter on a plate around `centre`.
+  /// The letter on a plate around `centre`, or where there is room beside it.
   void Label(const Measure& measure, QPointF centre) {
     const QString text = LabelOf(measure);
-    const QRectF plate = PlateOf(text, centre);
+    const QRectF plate = FreePlate(text, centre);
+    const QRectF wanted = PlateOf(text, centre);
+    if (plate != wanted) Extension(wanted.center(), plate.center());
+    plates_.push_back(plate);
     const QPalette& palette = drawing_.palette;
     painter_.setPen(QPen(line_, 1));
     painter_.setBrush(isFocused_ && !IsWrong(measure) ? palette.color(QPalette::Highlight)
@@ -66,6 +73,20 @@ class MeasurePainter {
     painter_.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
     painter_.setPen(isFocused_ && !IsWrong(measure) ? palette.color(QPalette::HighlightedText) : line_);
     painter_.drawText(plate, Qt::AlignCenter, text);
+  }
+
+  /// The plate nearest to `centre` that covers no other letter; that around it when there is none.
+  QRectF FreePlate(const QString& text, QPointF centre) const {
+    const QRectF wanted = PlateOf(text, centre);
+    for (int step = 0; step < kSteps; ++step) {
+      for (int direction = 0; direction < kDirections; ++direction) {
+        const QPointF place = OnArc(centre, 360.0 / kDirections * direction, step * wanted.height() / 2);
+        const QRectF plate = PlateOf(text, place);
+        const auto covers = [&](const QRectF& other) { return plate.intersects(other); };
+        if (place_.room.contains(plate) && std::ranges::none_of(plates_, covers)) return plate;
+      }
+    }
+    return wanted;
   }
 
   QRectF PlateOf(const QString& text, QPointF centre) const {
@@ -174,11 +195,13 @@ class MeasurePainter {
   const Drawing& drawing_;
   QColor line_;
   bool isFocused_ = false;
+  std::vector<QRectF> plates_;
 };
 
 }  // namespace
 
-void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, const Drawing& drawing) {
+std::vector<QRectF> PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place,
+                                  const Drawing& drawing) {
   MeasurePainter measures(painter, sketch, place, drawing);
   for (const Measure& measure : sketch.measures) {
     if (measure.control != drawing.focused) measures.Paint(measure);
@@ -187,6 +210,7 @@ void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, 
   for (const Measure& measure : sketch.measures) {
     if (measure.control == drawing.focused) measures.Paint(measure);
   }
+  return measures.plates();
 }
 
 }  // namespace vanzet::view::qt

@@ -2,6 +2,7 @@
 
 #include <QRectF>
 #include <QTransform>
+#include <vector>
 
 #include "view/qt/pictures/sketch_painter.h"
 
@@ -16,7 +17,9 @@ struct Place {
 };
 
 /// Draws the measures of a sketch: lines with arrows, and the letter of each. The one whose edit has the
-/// focus is emphasised with its value, those at fault are in the colour of faults.
-void PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place, const Drawing& drawing);
+/// focus is emphasised with its value, those at fault are in the colour of faults. Letters that would
+/// cover each other are beside their measure. Returns where the letters are.
+std::vector<QRectF> PaintMeasures(QPainter& painter, const Sketch& sketch, const Place& place,
+                                  const Drawing& drawing);
 
 }  // namespace vanzet::view::qt

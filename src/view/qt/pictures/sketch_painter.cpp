@@ -117,18 +117,19 @@ QColor FaultColour(const QPalette& palette) {
   return isDark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb3, 0x15, 0x1f);
 }
 
-void Paint(QPainter& painter, const QRectF& area, const Sketch& sketch, const Drawing& drawing) {
-  if (sketch.shapes.empty()) return;
+std::vector<QRectF> Paint(QPainter& painter, const QRectF& area, const Sketch& sketch,
+                          const Drawing& drawing) {
+  if (sketch.shapes.empty()) return {};
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setFont(drawing.font);
   const QRectF left = PaintLines(painter, area, sketch, drawing);
   const double lane = QFontMetricsF(drawing.font).height() * 1.55;
   const QRectF bounds = BoundsOf(sketch);
   const QRectF inner = Inner(left, sketch, lane);
-  if (inner.width() < lane || inner.height() < lane || bounds.isEmpty()) return;
+  if (inner.width() < lane || inner.height() < lane || bounds.isEmpty()) return {};
   const QTransform transform = Fitted(bounds, inner);
   PaintShapes(painter, sketch, transform, drawing.palette);
-  PaintMeasures(painter, sketch, {transform, transform.mapRect(bounds), lane, area}, drawing);
+  return PaintMeasures(painter, sketch, {transform, transform.mapRect(bounds), lane, area}, drawing);
 }
 
 }  // namespace vanzet::view::qt

@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QRectF>
 #include <cstdint>
+#include <vector>
 
 #include "view/qt/pictures/sketch.h"
 
@@ -20,7 +21,9 @@ struct Drawing {
 };
 
 /// Draws the sketch as large as it fits into `area`, with its measures around it and its lines of text below.
-void Paint(QPainter& painter, const QRectF& area, const Sketch& sketch, const Drawing& drawing);
+/// Returns where the letters are.
+std::vector<QRectF> Paint(QPainter& painter, const QRectF& area, const Sketch& sketch,
+                          const Drawing& drawing);
 
 /// The colour of faults, readable on the palette's base.
 QColor FaultColour(const QPalette& palette);
