@@ -4,11 +4,10 @@
 #include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
 #include <QProcess>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
-#include <fstream>
 
+#include "ball.h"
 #include "scene/coarse.h"
 #include "window/opengl/gl_picture.h"
 
@@ -22,34 +21,12 @@ using window::BodyPicture;
 constexpr int kFrames = 20;
 constexpr std::size_t kFacetsInMotion = 100'000;  // of the window
 
-/// A ball with waves, of nearly `facets` triangles.
-modeller::Mesh Ball(int facets) {
-  const int rings = static_cast<int>(std::sqrt(facets / 4.0)), around = 2 * rings;
-  modeller::Mesh mesh;
-  for (int ring = 0; ring <= rings; ++ring) {
-    for (int i = 0; i < around; ++i) {
-      const double high = M_PI * ring / rings, wide = 2 * M_PI * i / around;
-      const double radius = 100 + 3 * std::sin(20 * wide) * std::sin(high) * std::sin(20 * high);
-      mesh.points.emplace_back(radius * std::cos(high), radius * std::sin(high) * std::cos(wide),
-                               radius * std::sin(high) * std::sin(wide));
-    }
-  }
-  for (int ring = 0; ring < rings; ++ring) {
-    for (int i = 0; i < around; ++i) {
-      const int a = ring * around + i, b = ring * around + (i + 1) % around;
-      mesh.triangles.push_back({a, a + around, b});
-      mesh.triangles.push_back({b, a + around, b + around});
-    }
-  }
-  return mesh;
-}
-
 BodyPicture BallPicture(int facets, int width, int height) {
   auto model = std::make_shared<scene::Model>();
   scene::ModelBody ball;
   ball.name = "ball";
   ball.colour = {0.4, 0.6, 0.9};
-  ball.surface = scene::SurfaceOf(Ball(facets), geometry::Matrix());
+  ball.surface = scene::SurfaceOf(benchmarks::Ball(facets), geometry::Matrix());
   model->bodies.push_back(std::move(ball));
   const scene::Look look = scene::LookFrom(scene::View::kIso, false, PointsOf(*model), width, height);
   return {model, look, {.width = width, .height = height, .samples = 1}};
@@ -106,17 +83,6 @@ Millis MeasureOpenGl(const BodyPicture& picture) {
   });
 }
 
-double PeakMegabytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    if (word != "VmHWM:") continue;
-    double kilobytes = 0;
-    status >> kilobytes;
-    return kilobytes / 1024;
-  }
-  return 0;
-}
-
 void MeasureAll() {
   std::puts("| Painter | Facets | Picture | Frame | CPU time | Memory |\n|---|---|---|---|---|---|");
   std::fflush(stdout);
@@ -140,5 +106,5 @@ int main(int argc, char** argv) {
                                                : MeasurePainter(picture);
   std::printf("| %s | %d | %s x %s | %.1f ms | %.1f ms | %.0f MB |\n", qPrintable(words[1]),
               static_cast<int>(picture.model->bodies[0].surface.facets.size()), qPrintable(words[3]),
-              qPrintable(words[4]), millis.passed, millis.worked, PeakMegabytes());
+              qPrintable(words[4]), millis.passed, millis.worked, benchmarks::PeakMegabytes());
 }

@@ -16,7 +16,8 @@ namespace {
 
 // clang-format off
 constexpr ActionRow kRows[] = {
-    // command                  menu               text                   icon           keys            needs            form   bar    group
+    // command                  menu               text                   icon           keys
+    //                          needs            form   bar    group
     { Command::kNewProject,    Menu::kProject,    Text::kNewProject,     "new",         "Ctrl+N",       Needs::kRest,    ' ',   true,  false },
     { Command::kOpenProject,   Menu::kProject,    Text::kOpenProject,    "open",        "Ctrl+O",       Needs::kRest,    ' ',   true,  false },
     { Command::kRecent,        Menu::kProject,    Text::kRecent,         "",            "",             Needs::kRest,    'm',   false, false },
@@ -50,6 +51,7 @@ constexpr ActionRow kRows[] = {
     { Command::kLayers,        Menu::kView,       Text::kLayers,         "layers",      "",             Needs::kNothing, 'd',   false, false },
     { Command::kMessages,      Menu::kView,       Text::kMessages,       "",            "",             Needs::kNothing, 'd',   false, false },
     { Command::kHistory,       Menu::kView,       Text::kHistory,        "",            "",             Needs::kNothing, 'd',   false, false },
+    { Command::kChecks,        Menu::kView,       Text::kChecks,         "",            "",             Needs::kNothing, 'd',   false, false },
     { Command::kLight,         Menu::kAppearance, Text::kLight,          "",            "",             Needs::kNothing, 'a',   false, false },
     { Command::kDark,          Menu::kAppearance, Text::kDark,           "",            "",             Needs::kNothing, 'a',   false, false },
     { Command::kDrawingSvg,    Menu::kExport,     Text::kDrawingSvg,     "drawing",     "",             Needs::kProject, ' ',   false, false },

@@ -93,7 +93,7 @@ void HelpWindow::Retranslate() {
 }
 
 Result<void> HelpWindow::Open(const char* page, const QString& heading) {
-  const std::filesystem::path file = pages_ / page;
+  const std::filesystem::path file = FileOf(page);
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error))
     return Fault{.text = "the page does not exist", .file = file.string(), .kind = FaultKind::kMissing};
@@ -104,6 +104,13 @@ Result<void> HelpWindow::Open(const char* page, const QString& heading) {
   raise();
   activateWindow();
   return {};
+}
+
+/// The page in the language of the window where there is one, else in English.
+std::filesystem::path HelpWindow::FileOf(const char* page) const {
+  const std::filesystem::path translated = pages_ / texts_.language() / page;
+  std::error_code error;
+  return std::filesystem::is_regular_file(translated, error) ? translated : pages_ / page;
 }
 
 /// Over the middle of the workbench's window, with its frame on the screen.
@@ -118,14 +125,22 @@ void HelpWindow::PlaceOnScreen() {
 
 void HelpWindow::GoTo(const QString& heading) {
   if (heading.isEmpty()) return;
-  for (QTextBlock block = browser_->document()->begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().headingLevel() == 0 || !block.text().contains(heading, Qt::CaseInsensitive))
-      continue;
-    QTextCursor cursor(block);
-    browser_->moveCursor(QTextCursor::End);
-    browser_->setTextCursor(cursor);
-    return;
-  }
+  QTextBlock found =
+      FindHeading([&](const QString& text) { return text.contains(heading, Qt::CaseInsensitive); });
+  // "Finishpart" is about "Finishpart from Solid", too.
+  if (!found.isValid())
+    found = FindHeading([&](const QString& text) { return heading.contains(text, Qt::CaseInsensitive); });
+  if (!found.isValid()) return;
+  browser_->moveCursor(QTextCursor::End);
+  browser_->setTextCursor(QTextCursor(found));
+}
+
+/// The first heading for which that is true; one that is not valid without it.
+QTextBlock HelpWindow::FindHeading(const std::function<bool(const QString&)>& isWanted) const {
+  QTextBlock block = browser_->document()->begin();
+  while (block.isValid() && (block.blockFormat().headingLevel() == 0 || !isWanted(block.text())))
+    block = block.next();
+  return block;
 }
 
 void HelpWindow::Search() {

@@ -2,11 +2,13 @@
 
 #include <QWidget>
 #include <filesystem>
+#include <functional>
 
 #include "base/result.h"
 #include "window/texts.h"
 
 class QLineEdit;
+class QTextBlock;
 class QTextBrowser;
 class QToolButton;
 
@@ -19,8 +21,9 @@ class HelpWindow final : public QWidget {
  public:
   HelpWindow(const Texts& texts, std::filesystem::path pages, QWidget* parent);
 
-  /// Shows a page of the folder: "window.md". Where it has a heading with that text, or one that begins with
-  /// it, the page begins there. Fails when the page does not exist.
+  /// Shows a page of the folder: "window.md". Where it has a heading with that text, or else one that is a
+  /// part of it, the page begins there. A page that the folder has in the language of the window,
+  /// "de/window.md", is shown in that. Fails when the page does not exist.
   Result<void> Open(const char* page, const QString& heading = {});
 
   /// Shows the box with the program's name and version.
@@ -30,8 +33,10 @@ class HelpWindow final : public QWidget {
  private:
   void MakeParts();
   void Retranslate();
+  std::filesystem::path FileOf(const char* page) const;
   void PlaceOnScreen();
   void GoTo(const QString& heading);
+  QTextBlock FindHeading(const std::function<bool(const QString&)>& isWanted) const;
   void Search();
 
   const Texts& texts_;

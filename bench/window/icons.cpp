@@ -49,6 +49,10 @@ constexpr IconRow kIcons[] = {
     { "clear",       R"(<path d="M5 7h14M10 7V4h4v3M7 7l1 13h8l1-13"/>)" },
     { "calls",       R"(<path d="M4 6h2M4 12h2M4 18h2" stroke="@"/><path d="M9 6h11M9 12h11M9 18h7"/>)" },
     { "position",    R"(<path d="M12 3v7M12 14v7M3 12h7M14 12h7"/><circle cx="12" cy="12" r="2" stroke="@"/>)" },
+    { "error",       R"(<circle cx="12" cy="12" r="9" stroke="#d3122a" fill="#d3122a" fill-opacity="0.200"/><path stroke="#d3122a" stroke-width="2.200" d="M8.500 8.500l7 7M15.500 8.500l-7 7"/>)" },
+    { "warning",     R"(<path stroke="#c07a00" fill="#f0a000" fill-opacity="0.250" d="M12 3.500L21.500 20h-19z"/><path stroke="#c07a00" stroke-width="2.200" d="M12 9.500v5M12 17.300v.300"/>)" },
+    { "note",        R"(<circle cx="12" cy="12" r="9" stroke="@"/><path stroke="@" stroke-width="2.200" d="M12 11v6M12 7.500v.300"/>)" },
+    { "possible",    R"(<circle cx="12" cy="12" r="9"/><path stroke="#2a9d4a" stroke-width="2.200" d="M7.500 12.500l3 3 6-7"/>)" },
     { "app",         R"(<circle cx="12" cy="12" r="9"/><circle cx="12" cy="12" r="3" stroke="@"/><path stroke="@" d="M12 3v6M4.200 16.500l5.200-3M19.800 16.500l-5.200-3"/>)" },
 };
 // clang-format on

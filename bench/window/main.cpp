@@ -11,7 +11,8 @@
 /// vanzet-window [--dialog] [PROJECT]
 ///
 /// The window with a project, and with the equipment dialog in front when it is asked for. `vanzet open`
-/// looks at the project and the display first.
+/// looks at the project and the display first. File managers know a project by its bench.ini and hand over
+/// that.
 namespace {
 
 using namespace vanzet;
@@ -31,6 +32,9 @@ Arguments ReadArguments(int argc, char** argv) {
       arguments.project = word;
     }
   }
+  const std::filesystem::path settings = arguments.project;
+  if (settings.filename() == "bench.ini")
+    arguments.project = (settings.parent_path() / ".").lexically_normal();
   return arguments;
 }
 

@@ -5,6 +5,7 @@
 
 #include "window/actions.h"
 #include "window/catalogue/catalogue_commands.h"
+#include "window/checks/check_commands.h"
 #include "window/commands/equipment_commands.h"
 #include "window/commands/export_commands.h"
 #include "window/commands/history_commands.h"
@@ -50,6 +51,10 @@ class MainWindow final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  // Milliseconds that the status bar shows a text.
+  static constexpr int kNoteTime = 8000;
+  static constexpr int kFaultTime = 15'000;
+
   void MakeCentre();
   QWidget* MakeViews();
   void MakeCube();
@@ -91,6 +96,7 @@ class MainWindow final : public QMainWindow {
   LayerDock* layers_;
   MessageDock* messages_;
   HistoryDock* history_;
+  CheckDock* checks_;
   ChoiceDock* choice_;
   DockSizes* dockSizes_;
   HelpWindow* help_;
@@ -103,6 +109,7 @@ class MainWindow final : public QMainWindow {
   ExportCommands* exportCommands_;
   WatchCommands* watchCommands_;
   CatalogueCommands* catalogueCommands_;
+  CheckCommands* checkCommands_;
 };
 
 }  // namespace vanzet::window

@@ -81,7 +81,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kEquipment,        "Equipment" },
     { Text::kNoProject,        "No project is open. Open or create one in the Project menu." },
     { Text::kNothingDrawn,     "Nothing is drawn yet." },
-    { Text::kNoEquipment,      "This spur has no equipment yet. Start with Define Equipment (Ctrl+D)." },
+    { Text::kNoEquipment,      "This spindle has no equipment yet. Start with Define Equipment (Ctrl+D)." },
     { Text::kAllCalls,         "Show every call of the module" },
     { Text::kCopyAll,          "Copy all messages" },
     { Text::kClear,            "Clear" },
@@ -126,7 +126,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kOpenElsewhere,    "VDM %1 of this project is open in another process. Nothing was changed here; try again when the other one has closed it." },
     { Text::kShownElsewhere,   "This project is open in another workbench as well (process %1). Nothing is lost: each shows what the other has stored." },
     { Text::kNotStored,        "What you have done since the last time is not stored yet. The dialog stays open, so that you can try again." },
-    { Text::kNothingStored,    "Nothing is stored for this spur yet." },
+    { Text::kNothingStored,    "Nothing is stored for this spindle yet." },
 
     { Text::kProjectName,      "Name" },
     { Text::kPlace,            "Folder" },
@@ -198,10 +198,22 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kOwnSolid,           "own solid" },
     { Text::kChooseDevices,      "Select a device to see it, or two to compare them." },
     { Text::kSameDevices,        "no difference" },
+    { Text::kAddDevice,          "Add" },
+    { Text::kCopyDevice,         "Copy of the Selected Device" },
+    { Text::kRemoveDevices,      "Remove" },
     { Text::kUndoEdit,           "Undo the Last Edit" },
     { Text::kContactSheet,       "Contact Sheet..." },
     { Text::kBackToProject,      "Back to the Project" },
     { Text::kShowInCatalogue,    "Show in the Catalogue" },
+
+    { Text::kChecks,             "Checks" },
+    { Text::kSeverity,           "Severity" },
+    { Text::kRule,               "Rule" },
+    { Text::kWhere,              "Where" },
+    { Text::kFinding,            "Finding" },
+    { Text::kOpenPage,           "Open Page" },
+    { Text::kExplainRule,        "Explain the Rule" },
+    { Text::kChecking,           "Checking..." },
 }};
 // clang-format on
 

@@ -37,7 +37,8 @@ enum class Text {
   kStateThen, kStateNow, kNoSection,
   kOpenBy, kPersonOn, kSince, kWholeProject, kStoreLost, kStoreRegained,
   kCatalogue, kSearchDevices, kAllKinds, kDeviceCount, kDevices, kDeviceName, kDeviceKind, kOwnSolid, kChooseDevices, kSameDevices,
-  kUndoEdit, kContactSheet, kBackToProject, kShowInCatalogue,
+  kAddDevice, kCopyDevice, kRemoveDevices, kUndoEdit, kContactSheet, kBackToProject, kShowInCatalogue,
+  kChecks, kSeverity, kRule, kWhere, kFinding, kOpenPage, kExplainRule, kChecking,
   kCount
 };
 // clang-format on

@@ -72,7 +72,7 @@ def keys(*words):
 
 
 def type_text(text):
-    use("type", text)
+    use("type", "--", text)
 
 
 def click(node):

@@ -48,7 +48,7 @@ TEST_F(DefinitionTree, HasLengthsInTheUnitOfTheProject) {
 TEST_F(DefinitionTree, IsInTheLanguageOfTheWindow) {
   OpenSample(true);
   actions().ActionOf("de")->trigger();
-  EXPECT_EQ(Value("Futter"), "Chuck 160");
+  EXPECT_EQ(Value("Spannfutter"), "Chuck 160");
   EXPECT_EQ(Value("Außendurchmesser"), "42 mm");
   EXPECT_EQ(definition().tree().topLevelItem(0)->text(0), "Spindel 1");
 }
@@ -68,10 +68,10 @@ TEST_F(DefinitionTree, HasOperationsAndBodiesInTheLanguageOfTheWindow) {
   EXPECT_EQ(Records(0)->child(4)->text(0), QString::fromUtf8("4  Lünette"));
   EXPECT_EQ(Records(0)->child(6)->text(0), "6  3D-Text der Backe, Hauptspindel");
   QTreeWidget& list = Part<window::BodyDock>().tree();
-  EXPECT_NE(BodyIn(list, "Futter, Hauptspindel"), nullptr);
+  EXPECT_NE(BodyIn(list, "Spannfutter, Hauptspindel"), nullptr);
   EXPECT_NE(BodyIn(list, "Backe 2, Hauptspindel"), nullptr);
   ASSERT_NE(BodyIn(list, "Spannzange, Gegenspindel"), nullptr);
-  BodyIn(list, "Futter, Hauptspindel")->setCheckState(0, Qt::Unchecked);
+  BodyIn(list, "Spannfutter, Hauptspindel")->setCheckState(0, Qt::Unchecked);
   actions().ActionOf("en")->trigger();
   ASSERT_NE(BodyIn(list, "main chuck"), nullptr);
   EXPECT_EQ(BodyIn(list, "main chuck")->checkState(0), Qt::Unchecked) << "the choice is the body's";

@@ -1,5 +1,6 @@
 #include <QTableView>
 #include <QTest>
+#include <QTreeWidget>
 #include <cstdio>
 
 #include "window/application.h"
@@ -26,6 +27,16 @@ void SelectTwo(MainWindow& window) {
   QCoreApplication::processEvents();
 }
 
+/// The checks with the first finding chosen; nothing to be seen for a set-up without findings.
+void ChooseFinding(MainWindow& window) {
+  auto& dock = *window.findChild<CheckDock*>();
+  dock.show();
+  dock.raise();
+  static_cast<void>(QTest::qWaitFor([&] { return dock.tree().topLevelItemCount() > 0; }, 10'000));
+  dock.tree().setCurrentItem(dock.tree().topLevelItem(0));
+  Wait(window);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -49,6 +60,8 @@ int main(int argc, char** argv) {
                                .arg(language, appearance == Command::kDark ? "dark" : "light")
                                .arg(window.devicePixelRatio());
       if (!window.grab().save(words[2] + "/window-" + name)) return 1;
+      ChooseFinding(window);
+      if (!window.grab().save(words[2] + "/checks-" + name)) return 1;
       window.catalogueCommands().Show();
       SelectTwo(window);
       if (!window.grab().save(words[2] + "/catalogue-" + name)) return 1;

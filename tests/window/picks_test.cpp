@@ -107,6 +107,20 @@ TEST_F(WindowPicks, OfAPositionCanBeTyped) {
   EXPECT_THAT(Section(1, 3)[1], HasSubstr("1 31.000000 120.000000"));
 }
 
+TEST_F(WindowPicks, DoNotMakeTheWindowWiderThatMadeRoomForTheDialog) {
+  OpenSample();
+  window->resize(740, 900);
+  QCoreApplication::processEvents();
+  const int before = window->width();
+  int during = 0;
+  Play(std::string(kBar) + "press 2005\npress 2016\n", {[&] {
+         EXPECT_TRUE(hint().isVisible());
+         during = window->width();
+         window->equipmentCommands().CancelPick();
+       }});
+  EXPECT_EQ(during, before);
+}
+
 TEST_F(WindowPicks, OfAPositionAreTypedInTheUnitOfTheProject) {
   OpenSample();
   const auto settings = folder / "lathe/bench.ini";

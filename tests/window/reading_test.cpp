@@ -51,6 +51,7 @@ TEST_F(Reading, ShowsItsPercentageWhileTheWindowGoesOn) {
   QTest::keyClick(window.get(), Qt::Key_F8);
   EXPECT_FALSE(drawing().isVisible());
   EXPECT_TRUE(equipment().BodyNames().isEmpty());
+  EXPECT_EQ(equipment().hint(), "Reading a solid...") << "the spindle has equipment";
   EXPECT_EQ(notice().Message(), "");
   const auto exported = exports().WriteBodies(modeller::ExportFormat::kStl, folder / "out");
   ASSERT_FALSE(exported);

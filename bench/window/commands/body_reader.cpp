@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "modeller/laying.h"
 #include "results/equipment.h"
 #include "window/qt_text.h"
 
@@ -12,10 +13,15 @@ namespace fs = std::filesystem;
 
 constexpr double kStep = 0.005;  // of the progress that is shown
 
+/// The state of a file and of the text that says how its body lies.
 std::string StampOf(const fs::path& file) {
   std::error_code error;
-  const auto time = fs::last_write_time(file, error).time_since_epoch().count();
-  return std::to_string(time) + ":" + std::to_string(fs::file_size(file, error));
+  std::string stamp;
+  for (const fs::path& each : {file, modeller::LayingFileOf(file)}) {
+    const auto time = fs::last_write_time(each, error).time_since_epoch().count();
+    stamp += std::to_string(time) + ":" + std::to_string(fs::file_size(each, error)) + " ";
+  }
+  return stamp;
 }
 
 Fault StillReading(const std::string& name) {
@@ -57,10 +63,14 @@ void BodyReader::Begin(const modeller::BodyFile& file, const Entry& entry) {
     return !*isCancelled;
   };
   thread_.start([this, post, exchange, path = file.path, stamp = entry.stamp] {
-    const auto whole =
-        modeller::ImportBodyInSteps(path, exchange, results::kForPictures, [&](const modeller::Body& coarse) {
-          post([this, path, stamp, coarse] { Take(path, stamp, coarse); });
-        });
+    const auto whole = modeller::LayAsFileSays(
+        modeller::ImportBodyInSteps(path, exchange, results::kForPictures,
+                                    [&](const modeller::Body& coarse) {
+                                      post([this, path, stamp, laid = modeller::LayAsFileSays(coarse, path)] {
+                                        Take(path, stamp, laid);
+                                      });
+                                    }),
+        path);
     post([this, path, stamp, whole] {
       if (--reading_ == 0) emit Ended();
       Take(path, stamp, whole);

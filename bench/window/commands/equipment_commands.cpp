@@ -65,7 +65,7 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
   connect(&parts.definition, &DefinitionDock::PageWanted, this, &EquipmentCommands::DefineAt);
   connect(&parts.drawing, &DrawingView::BodyActivated, this, &EquipmentCommands::DefineBody);
   connect(&parts.equipment, &EquipmentView::BodyActivated, this, &EquipmentCommands::DefineBody);
-  connect(&parts.bodies, &BodyDock::Chosen, this, [this] { workplace_.Report(ShowScene()); });
+  connect(&parts.bodies, &BodyDock::Chosen, this, &EquipmentCommands::ShowChosen);
 }
 
 bool EquipmentCommands::Run(Command command) {
@@ -146,6 +146,7 @@ void EquipmentCommands::Call(const char* function) {
       ShowEventFault(fault, fault + "\n\n" + workplace_.texts(Text::kNotStored));
     }
     live_.Refresh();
+    if (kept) emit StepStored();
     return kept;
   };
   const auto announce = [&](const std::string& sentence) {
@@ -214,6 +215,7 @@ void EquipmentCommands::RefreshEquipment() {
   if (workplace_.isBusy) return;
   parts_.equipment.SetHint(workplace_.texts(Text::kNoEquipment));
   const auto made = MakeScene();
+  if (workplace_.bodies->IsReading()) parts_.equipment.SetHint(workplace_.texts(Text::kImporting));
   const auto shown = ShowScene();
   RefreshSection();
   if (made && shown) return;
@@ -228,11 +230,18 @@ Result<void> EquipmentCommands::ShowScene() {
   return parts_.equipment.Show(workplace_.shownScene);
 }
 
+/// Both views show the bodies that are ticked.
+void EquipmentCommands::ShowChosen() {
+  if (workplace_.session->isAtWork()) return live_.Renew();
+  workplace_.Report(ShowScene());
+  RefreshSection();
+}
+
 void EquipmentCommands::RefreshSection() {
   const auto read = results::ReadDefinition(workplace_.session->project(), workplace_.spur);
-  const bool isShown = workplace_.scene != nullptr && read && read->definition;
+  const bool isShown = workplace_.shownScene != nullptr && read && read->definition;
   parts_.drawing.ShowSection(
-      isShown ? SectionToShow(workplace_, scene::ReadEquipment(*read->definition), *workplace_.scene)
+      isShown ? SectionToShow(workplace_, scene::ReadEquipment(*read->definition), *workplace_.shownScene)
               : nullptr);
 }
 

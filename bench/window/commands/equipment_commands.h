@@ -59,7 +59,8 @@ class EquipmentCommands final : public QObject {
   /// A call of the module begins or ends.
   void AtWork(bool isAtWork);
   void RefreshBegins();
-  void Refreshed();  ///< the project was read again
+  void StepStored();  ///< what an event of the dialog changed is in the project
+  void Refreshed();   ///< the project was read again
 
  private:
   void DefineBody(const QString& name);
@@ -70,6 +71,7 @@ class EquipmentCommands final : public QObject {
   void RefreshDefinition();
   void RefreshEquipment();
   Result<void> ShowScene();
+  void ShowChosen();
   void RefreshSection();
   Result<void> MakeScene();
   void ShowArrived();

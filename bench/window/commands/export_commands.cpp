@@ -8,6 +8,7 @@
 #include "drawing/picture.h"
 #include "project/project_store.h"
 #include "results/export.h"
+#include "results/export_folder.h"
 #include "results/png.h"
 #include "scene/picture.h"
 #include "window/commands/boxes.h"

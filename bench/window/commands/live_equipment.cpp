@@ -107,9 +107,10 @@ Result<void> LiveEquipment::Show(const Session::Live& stored, const scene::Equip
     }
   }
   workplace_.scene = std::make_shared<scene::Scene>(std::move(shown));
-  parts_.drawing.ShowSection(SectionToShow(workplace_, stored.equipment, *workplace_.scene));
   parts_.equipment.SetHint(workplace_.texts(Text::kNothingStored));
-  return parts_.showScene();
+  const auto done = parts_.showScene();
+  parts_.drawing.ShowSection(SectionToShow(workplace_, stored.equipment, *workplace_.shownScene));
+  return done;
 }
 
 }  // namespace vanzet::window

@@ -1,10 +1,12 @@
 #include "window/docks/body_dock.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 
 #include "window/definition_words.h"
+#include "window/docks/row_marks.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {
@@ -20,6 +22,11 @@ Qt::CheckState StateOf(bool isOn) {
   return isOn ? Qt::Checked : Qt::Unchecked;
 }
 
+/// In the scene; empty for null.
+QString NameOf(const QTreeWidgetItem* item) {
+  return item == nullptr ? QString() : item->data(0, kNameRole).toString();
+}
+
 }  // namespace
 
 BodyDock::BodyDock(const Texts& texts, QWidget* parent)
@@ -31,6 +38,12 @@ BodyDock::BodyDock(const Texts& texts, QWidget* parent)
   tree_->header()->resizeSection(kShown, kNameWidth);
   setWidget(tree_);
   connect(tree_, &QTreeWidget::itemChanged, this, [this](const QTreeWidgetItem* item) { Keep(*item); });
+  tree_->setMouseTracking(true);
+  tree_->viewport()->installEventFilter(this);
+  connect(tree_, &QTreeWidget::itemEntered, this,
+          [this](const QTreeWidgetItem* item) { emit BodyHovered(NameOf(item)); });
+  connect(tree_, &QTreeWidget::itemSelectionChanged, this,
+          [this] { emit BodySelected(NameOf(tree_->selectedItems().value(0))); });
   connect(&texts_, &Texts::Changed, this, &BodyDock::Retranslate);
   Retranslate();
 }
@@ -42,7 +55,35 @@ void BodyDock::Retranslate() {
   const QSignalBlocker quiet(tree_);
   for (int row = 0; row < tree_->topLevelItemCount(); ++row) {
     QTreeWidgetItem* const item = tree_->topLevelItem(row);
-    item->setText(0, BodyText(texts_.translations(), item->data(0, kNameRole).toString()));
+    item->setText(0, BodyText(texts_.translations(), NameOf(item)));
+  }
+}
+
+bool BodyDock::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Leave) emit BodyHovered({});
+  return QDockWidget::eventFilter(watched, event);
+}
+
+void BodyDock::Mark(const QString& body) {
+  if (body == marked_) return;
+  marked_ = body;
+  ShowMark();
+}
+
+void BodyDock::ShowMark() {
+  const QSignalBlocker quiet(tree_);
+  for (int row = 0; row < tree_->topLevelItemCount(); ++row) {
+    QTreeWidgetItem* const item = tree_->topLevelItem(row);
+    MarkRow(*item, !marked_.isEmpty() && NameOf(item) == marked_);
+  }
+}
+
+void BodyDock::Select(const QString& body) {
+  const QSignalBlocker quiet(tree_);
+  tree_->clearSelection();
+  for (int row = 0; row < tree_->topLevelItemCount(); ++row) {
+    QTreeWidgetItem* const item = tree_->topLevelItem(row);
+    if (!body.isEmpty() && NameOf(item) == body) tree_->setCurrentItem(item);
   }
 }
 
@@ -76,11 +117,12 @@ void BodyDock::List(const scene::Scene& scene) {
     item->setText(0, BodyText(texts_.translations(), name));
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
   }
+  ShowMark();
 }
 
 void BodyDock::Keep(const QTreeWidgetItem& item) {
-  choices_[item.data(0, kNameRole).toString().toStdString()] = {item.checkState(kShown) == Qt::Checked,
-                                                                item.checkState(kSeenThrough) == Qt::Checked};
+  choices_[NameOf(&item).toStdString()] = {item.checkState(kShown) == Qt::Checked,
+                                           item.checkState(kSeenThrough) == Qt::Checked};
   emit Chosen();
 }
 

@@ -24,8 +24,19 @@ class BodyDock final : public QDockWidget {
   std::shared_ptr<const scene::Scene> Show(const std::shared_ptr<const scene::Scene>& scene);
   QTreeWidget& tree() { return *tree_; }
 
+  /// Marks the body of that name in the scene that is pointed at; empty: none.
+  void Mark(const QString& body);
+
+  /// Selects its row; empty: none.
+  void Select(const QString& body);
+
  signals:
-  void Chosen();  ///< a body is to be shown in another way
+  void BodyHovered(const QString& body);   ///< empty: no body is under the cursor
+  void BodySelected(const QString& body);  ///< by a click or a key; empty: none
+  void Chosen();                           ///< a body is to be shown in another way
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Choice {
@@ -34,10 +45,12 @@ class BodyDock final : public QDockWidget {
 
   void Retranslate();
   void List(const scene::Scene& scene);
+  void ShowMark();
   void Keep(const QTreeWidgetItem& item);
 
   const Texts& texts_;
   QTreeWidget* tree_;
+  QString marked_;
   std::map<std::string, Choice> choices_;
 };
 

@@ -13,6 +13,7 @@
 #include "show/page.h"
 #include "window/definition_words.h"
 #include "window/docks/equipment_pages.h"
+#include "window/docks/row_marks.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
 
@@ -109,6 +110,32 @@ void DefinitionDock::Show(std::vector<results::SpurDefinition> spurs, LengthUnit
   spurs_ = std::move(spurs);
   unit_ = unit;
   Refill();
+}
+
+void DefinitionDock::Mark(int spur, const scene::SceneBody* body) {
+  const QTreeWidgetItem* const marked = body == nullptr ? nullptr : RowOf(spur, *body);
+  for (int i = 0; i < tree_->topLevelItemCount(); ++i) {
+    ForEach(tree_->topLevelItem(i), [&](QTreeWidgetItem* item) {
+      if (item->data(0, kNodeRole).toInt() != 0) MarkRow(*item, item == marked);
+    });
+  }
+}
+
+void DefinitionDock::Select(int spur, const scene::SceneBody* body) {
+  tree_->clearSelection();
+  if (body != nullptr) tree_->setCurrentItem(RowOf(spur, *body));
+}
+
+/// The first row whose page defines the body; null without one.
+QTreeWidgetItem* DefinitionDock::RowOf(int spur, const scene::SceneBody& body) const {
+  const auto held = std::ranges::find(spurs_, spur, &results::SpurDefinition::spur);
+  if (held == spurs_.end() || !held->definition) return nullptr;
+  const std::int32_t node = NodeOf(body, scene::ReadEquipment(*held->definition));
+  QTreeWidgetItem* row = nullptr;
+  ForEach(tree_->topLevelItem(static_cast<int>(held - spurs_.begin())), [&](QTreeWidgetItem* item) {
+    if (row == nullptr && node != 0 && item->data(0, kNodeRole).toInt() == node) row = item;
+  });
+  return row;
 }
 
 void DefinitionDock::Refill() {

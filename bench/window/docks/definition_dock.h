@@ -5,6 +5,7 @@
 
 #include "base/length_unit.h"
 #include "results/definitions.h"
+#include "scene/scene.h"
 #include "window/texts.h"
 
 class QTreeWidget;
@@ -23,6 +24,12 @@ class DefinitionDock final : public QDockWidget {
   void Show(std::vector<results::SpurDefinition> spurs, LengthUnit unit);
   QTreeWidget& tree() { return *tree_; }
 
+  /// Marks the row about the body of a spur's equipment that is pointed at; null: none.
+  void Mark(int spur, const scene::SceneBody* body);
+
+  /// Selects that row and makes it visible; null: none.
+  void Select(int spur, const scene::SceneBody* body);
+
  signals:
   void SpurActivated(int spur);
   /// The user wants the page of the dialog with this node.
@@ -35,6 +42,7 @@ class DefinitionDock final : public QDockWidget {
   void Refill();
   void AskForPage(const QTreeWidgetItem* item);
   void ShowMenu(const QPoint& place);
+  QTreeWidgetItem* RowOf(int spur, const scene::SceneBody& body) const;
   QTreeWidgetItem* AddSpur(const results::SpurDefinition& spur);
   void AddEquipment(QTreeWidgetItem* parent, const results::SpurDefinition& spur);
   void AddRecords(QTreeWidgetItem* parent, const project::Definition& definition);

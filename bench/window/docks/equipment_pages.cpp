@@ -21,6 +21,20 @@ std::int32_t NodeOfKind(const define::Part<Record>& part, std::int32_t type, std
   return kind == part.kinds.end() ? 0 : kind->nodes[spindle];
 }
 
+show::Part PartOf(scene::Kind kind) {
+  switch (kind) {
+    case scene::Kind::kClamp: return show::Part::kClamp;
+    case scene::Kind::kJaw: return show::Part::kJaw;
+    case scene::Kind::kCenter: return show::Part::kCenter;
+    case scene::Kind::kSteadyRest: return show::Part::kSteadyRest;
+    case scene::Kind::kBillet: return show::Part::kBillet;
+    case scene::Kind::kFinishPart: return show::Part::kFinishPart;
+  }
+  return show::Part::kNone;
+}
+
+}  // namespace
+
 std::int32_t NodeOfPart(show::Part part, std::size_t side, const scene::Equipment& equipment) {
   const scene::Spindle& spindle = equipment.spindles[side];
   switch (part) {
@@ -35,20 +49,6 @@ std::int32_t NodeOfPart(show::Part part, std::size_t side, const scene::Equipmen
   }
   return 0;
 }
-
-show::Part PartOf(scene::Kind kind) {
-  switch (kind) {
-    case scene::Kind::kClamp: return show::Part::kClamp;
-    case scene::Kind::kJaw: return show::Part::kJaw;
-    case scene::Kind::kCenter: return show::Part::kCenter;
-    case scene::Kind::kSteadyRest: return show::Part::kSteadyRest;
-    case scene::Kind::kBillet: return show::Part::kBillet;
-    case scene::Kind::kFinishPart: return show::Part::kFinishPart;
-  }
-  return show::Part::kNone;
-}
-
-}  // namespace
 
 std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment) {
   return NodeOfPart(row.part, row.spindle, equipment);

@@ -56,6 +56,8 @@ HintBar::HintBar(QWidget* parent)
   setObjectName("hintBar");
   auto* const layout = LayOutBar(*this);
   text_->setTextFormat(Qt::PlainText);
+  // A long question must not make a window wider that has made room for the dialog.
+  text_->setWordWrap(true);
   edit_->setFixedWidth(kEditWidth);
   layout->addWidget(text_, 1);
   layout->addWidget(edit_);

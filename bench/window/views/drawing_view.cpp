@@ -15,6 +15,7 @@ constexpr double kStep = 1.2;       // of zooming, for one notch of the wheel
 constexpr double kNotch = 120;      // eighths of a degree
 constexpr double kSnapReach = 12;   // pixels
 constexpr double kFigureReach = 8;  // pixels
+constexpr double kPointed = 45;     // millimetres that are seen about a place that is pointed at
 constexpr double kClick = 4;        // pixels that the mouse may move in a click
 
 }  // namespace
@@ -103,6 +104,33 @@ void DrawingView::Mark(const QString& body) {
   update();
 }
 
+std::set<std::string> DrawingView::MarkedBodies() const {
+  std::set<std::string> bodies = {MarkedBody().toStdString()};
+  for (const QString& body : pointedBodies_) bodies.insert(body.toStdString());
+  return bodies;
+}
+
+void DrawingView::PointOut(const std::optional<geometry::Point>& place, const QStringList& bodies) {
+  pointedAt_ = place;
+  pointedBodies_ = bodies;
+  if (place) {
+    const geometry::Vector2d reach(kPointed, kPointed);
+    frame_.Fit(geometry::Box(*place - reach, *place + reach), size());
+    isFitted_ = false;
+  }
+  update();
+}
+
+void DrawingView::Select(const QString& body) {
+  selected_ = body;
+  update();
+}
+
+const QString& DrawingView::MarkedBody() const {
+  if (!hoveredBody_.isEmpty()) return hoveredBody_;
+  return marked_.isEmpty() ? selected_ : marked_;
+}
+
 QString DrawingView::BodyAt(const QPointF& place) const {
   const section::SectionBody* const body =
       section() == nullptr ? nullptr : window::BodyAt(*section(), frame_.ToPlane(place));
@@ -135,7 +163,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   if (!shown_.empty() || section() != nullptr) drawing.PaintAxis();
   SectionPainter sections(painter, frame_, size(), palette());
   if (section() != nullptr) {
-    sections.PaintBodies(*section(), (hoveredBody_.isEmpty() ? marked_ : hoveredBody_).toStdString());
+    sections.PaintBodies(*section(), MarkedBodies());
     sections.PaintDimensions(*section());
   }
   drawing.PaintLayers(shown_, picking_ == Picking::kFigure ? hovered_ : std::string());
@@ -144,6 +172,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
     drawing.PaintCross(frame_.ToScreen(PickAt(cursor_)));
   }
   PaintMeasured(painter);
+  if (pointedAt_) drawing.PaintRing(frame_.ToScreen(*pointedAt_));
   if (snap_) drawing.PaintSnap(*snap_);
   if (shown_.empty() && section() == nullptr) drawing.PaintHint(hint_);
 }

@@ -36,7 +36,15 @@ class DrawingView final : public QWidget {
 
   /// Marks the body of that name in the section; empty: none.
   void Mark(const QString& body);
+
+  /// The same of a body that stays marked while none is pointed at.
+  void Select(const QString& body);
   void NameBodiesBy(BodyNamer namer) { nameOfBody_ = std::move(namer); }
+
+  /// Marks bodies of the section and puts a ring about a place, which comes into the middle of the view,
+  /// until others are pointed at; none: nothing is marked.
+  void PointOut(const std::optional<geometry::Point>& place, const QStringList& bodies);
+  const std::optional<geometry::Point>& pointedAt() const { return pointedAt_; }
   void Fit();
   void Ask(Picking picking);
   void SetUnit(LengthUnit unit) { unit_ = unit, update(); }  ///< of the grid, the ruler and rounded picks
@@ -74,8 +82,10 @@ class DrawingView final : public QWidget {
   void Hover(const QPointF& place);
   bool WantsPosition() const;
   void PaintMeasured(QPainter& painter) const;
+  std::set<std::string> MarkedBodies() const;
   void HoverBody(const QPointF& place);
   QString BodyAt(const QPointF& place) const;
+  const QString& MarkedBody() const;
   geometry::Box BoxOfAll() const;
   geometry::Box WithDimensions(geometry::Box box, double scale) const;
   void FitDimensions();
@@ -87,7 +97,9 @@ class DrawingView final : public QWidget {
   std::set<std::string> hidden_;
   std::shared_ptr<const ShownSection> section_;
   bool isSectionVisible_ = true;
-  QString hoveredBody_, marked_;
+  QString hoveredBody_, marked_, selected_;
+  QStringList pointedBodies_;
+  std::optional<geometry::Point> pointedAt_;
   BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   SnapPlaces places_;
   ViewFrame frame_;

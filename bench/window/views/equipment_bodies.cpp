@@ -99,6 +99,18 @@ void EquipmentView::Mark(const QString& body) {
   Invalidate();
 }
 
+void EquipmentView::PointOut(const QStringList& bodies) {
+  if (bodies.empty() && pointedAt_.empty()) return;
+  pointedAt_ = bodies;
+  std::set<std::string> names;
+  for (const QString& body : bodies) names.insert(body.toStdString());
+  if (model_ != nullptr && !names.empty()) {
+    look_ = scene::FitPoints(look_, scene::PointsOf(*model_, names), width(), height());
+    isFitted_ = false;
+  }
+  Invalidate();
+}
+
 void EquipmentView::Select(const QString& body) {
   if (body == selected_) return;
   selected_ = body;

@@ -170,7 +170,7 @@ scene::DrawOptions EquipmentView::Options() const {
     options.style.mark = {0.95, 0.45, 0.82};
   }
   options.looks = looks_;
-  for (const QString& name : {hovered_, marked_, selected_}) {
+  for (const QString& name : QStringList{hovered_, marked_, selected_} + pointedAt_) {
     if (!name.isEmpty()) options.looks[name.toStdString()].isMarked = true;
   }
   return options;

@@ -26,6 +26,7 @@ class EquipmentView final : public QWidget {
   /// Shows a scene, null for none; the first one is fitted. Fails when a body cannot be meshed.
   Result<void> Show(std::shared_ptr<const scene::Scene> scene);
   void SetHint(const QString& hint) { hint_ = hint, Repaint(); }  ///< shown while there is nothing to see
+  const QString& hint() const { return hint_; }
 
   void LookFrom(scene::View view);
   void LookFrom(const geometry::Vector3d& toward);  ///< `toward` leads to the eye
@@ -64,6 +65,10 @@ class EquipmentView final : public QWidget {
 
   /// Marks a body that is pointed at elsewhere; empty: none.
   void Mark(const QString& body);
+
+  /// Marks bodies and has them fill the view, until other ones are pointed at; none: nothing is marked.
+  void PointOut(const QStringList& bodies);
+  const QStringList& pointedAt() const { return pointedAt_; }
 
   /// Selects a body as a click does; empty: none.
   void Select(const QString& body);
@@ -128,6 +133,7 @@ class EquipmentView final : public QWidget {
   QTimer rest_;  ///< until the cursor has stayed where it is
   scene::BodyLooks looks_;
   QString hovered_, marked_, selected_;
+  QStringList pointedAt_;
   BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   bool isMeasuring_ = false;
   Measure measure_;

@@ -69,9 +69,9 @@ SectionPainter::SectionPainter(QPainter& painter, const ViewFrame& frame, const 
   painter_.setRenderHint(QPainter::Antialiasing);
 }
 
-void SectionPainter::PaintBodies(const ShownSection& shown, const std::string& marked) {
+void SectionPainter::PaintBodies(const ShownSection& shown, const std::set<std::string>& marked) {
   for (std::size_t i = 0; i < shown.section.bodies.size(); ++i) {
-    PaintBody(shown, i, !marked.empty() && shown.section.bodies[i].name == marked);
+    PaintBody(shown, i, marked.contains(shown.section.bodies[i].name));
   }
 }
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "section/layout.h"
@@ -33,7 +34,7 @@ class SectionPainter {
  public:
   SectionPainter(QPainter& painter, const ViewFrame& frame, const QSizeF& size, const QPalette& palette);
 
-  void PaintBodies(const ShownSection& shown, const std::string& marked);
+  void PaintBodies(const ShownSection& shown, const std::set<std::string>& marked);
 
   /// Those whose text would be cut by the lower edge are left out, and their number is painted there: "+2".
   /// Returns that number.

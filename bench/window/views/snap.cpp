@@ -18,10 +18,11 @@ Span LongSpan(const Point& on, const geometry::Vector2d& direction) {
   return span;
 }
 
-/// Finds the nearest of several places.
+/// Finds the nearest of several places. `found` outlives the search.
 class Search {
  public:
-  Search(const Point& place, double reach) : place_(place), distance_(reach) {}
+  Search(const Point& place, double reach, std::optional<Snap>& found)
+      : place_(place), distance_(reach), found_(found) {}
 
   void Consider(Snap::Kind kind, const Point& point) {
     const double distance = Dist(place_, point);
@@ -31,12 +32,10 @@ class Search {
     distance_ = distance;
   }
 
-  const std::optional<Snap>& found() const { return found_; }
-
  private:
   Point place_;
   double distance_;
-  std::optional<Snap> found_;
+  std::optional<Snap>& found_;
 };
 
 bool IsAbout(const Span& span, const Point& place, double reach) {
@@ -61,7 +60,8 @@ SnapPlaces::SnapPlaces(const drawing::ShownLayers& shown, const std::vector<geom
 }
 
 std::optional<Snap> SnapPlaces::Near(const Point& place, double reach) const {
-  Search search(place, reach);
+  std::optional<Snap> found;
+  Search search(place, reach, found);
   std::vector<const Span*> about;
   for (const Span& span : spans_) {
     if (IsAbout(span, place, reach)) about.push_back(&span);
@@ -80,7 +80,7 @@ std::optional<Snap> SnapPlaces::Near(const Point& place, double reach) const {
   for (const Span& span : spans_) {
     if (span.dir != geometry::LINEAR) search.Consider(Snap::Kind::kCentre, span.pc);
   }
-  return search.found();
+  return found;
 }
 
 }  // namespace vanzet::window

@@ -1,8 +1,6 @@
 #include "window/watch/project_watch.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QThread>
 #include <utility>
 
 #include "vdm/lock_file_holders.h"
@@ -14,13 +12,9 @@ namespace {
 constexpr int kSoon = 50;    // milliseconds
 constexpr int kPoll = 1000;  // milliseconds
 
-/// How long the end waits for a watch that is connecting, which cannot be interrupted.
-constexpr int kPatience = 500;  // milliseconds
-
 }  // namespace
 
-ProjectWatch::ProjectWatch(QObject* parent) : QObject(parent) {
-  qRegisterMetaType<std::vector<vdm::LockHolder>>("std::vector<vdm::LockHolder>");
+ProjectWatch::ProjectWatch(QObject* parent) : QObject(parent), server_(this) {
   soon_.setSingleShot(true);
   soon_.setInterval(kSoon);
   poll_.setInterval(kPoll);
@@ -32,19 +26,21 @@ ProjectWatch::ProjectWatch(QObject* parent) : QObject(parent) {
   };
   connect(&files_, &QFileSystemWatcher::fileChanged, this, begin);
   connect(&files_, &QFileSystemWatcher::directoryChanged, this, begin);
-}
-
-ProjectWatch::~ProjectWatch() {
-  EndServerWatch();
+  connect(&server_, &ServerThread::Committed, this, &ProjectWatch::NoteCommit);
+  connect(&server_, &ServerThread::HoldersChanged, this, &ProjectWatch::HoldersChanged);
+  connect(&server_, &ServerThread::Lost, this, &ProjectWatch::Lost);
+  connect(&server_, &ServerThread::Regained, this, &ProjectWatch::Regained);
+  connect(&server_, &ServerThread::Regained, this, &ProjectWatch::MarkStale);
 }
 
 void ProjectWatch::Watch(const Session& session) {
-  EndServerWatch();
+  server_.End();
   session_ = &session;
   isStale_ = false;
   holders_.clear();
   emit Begun();
-  if (!session.project().settings().store.connection.empty()) WatchServer();
+  const project::StorePlace& store = session.project().settings().store;
+  if (!store.connection.empty()) server_.Begin(store);
   WatchFiles();
   poll_.start();
 }
@@ -64,39 +60,11 @@ void ProjectWatch::WatchFiles() {
   }
 }
 
-void ProjectWatch::WatchServer() {
-  auto* const watch = server_ = new ServerWatch(session_->project().settings().store);
-  thread_ = new QThread;
-  watch->moveToThread(thread_);
-  connect(thread_, &QThread::started, watch, &ServerWatch::Begin);
-  connect(thread_, &QThread::finished, watch, &QObject::deleteLater);
-  connect(watch, &ServerWatch::Committed, this, &ProjectWatch::NoteCommit);
-  connect(watch, &ServerWatch::HoldersChanged, this, &ProjectWatch::HoldersChanged);
-  connect(watch, &ServerWatch::Lost, this, &ProjectWatch::Lost);
-  connect(watch, &ServerWatch::Regained, this, &ProjectWatch::Regained);
-  connect(watch, &ServerWatch::Regained, this, &ProjectWatch::MarkStale);
-  thread_->start();
-}
-
-/// Nothing of the former watch arrives afterwards.
-void ProjectWatch::EndServerWatch() {
-  if (thread_ == nullptr) return;
-  QThread* const thread = std::exchange(thread_, nullptr);
-  disconnect(server_, nullptr, this, nullptr);
-  QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
-  thread->quit();
-  if (thread->wait(kPatience)) {
-    delete thread;
-  } else {
-    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-  }
-}
-
 void ProjectWatch::NoteRefresh() {
   if (session_ == nullptr) return;
   fileStamps_ = session_->FileStamps();
   isStale_ = false;
-  if (thread_ == nullptr) return;
+  if (!server_.IsActive()) return;
   const auto last = session_->LastGeneration();
   if (last) generation_ = *last;
 }
@@ -120,7 +88,7 @@ void ProjectWatch::Look() {
 
 /// The holders of locks on a file do not notify; a server has its own watch.
 void ProjectWatch::AskForHolders() {
-  if (thread_ != nullptr || session_->isAtWork()) return;
+  if (server_.IsActive() || session_->isAtWork()) return;
   auto holders = vdm::HoldersOf(session_->project().folder() / "store.lock");
   if (holders == holders_) return;
   holders_ = std::move(holders);

@@ -7,9 +7,7 @@
 #include <vector>
 
 #include "window/session.h"
-#include "window/watch/server_watch.h"
-
-class QThread;
+#include "window/watch/server_thread.h"
 
 namespace vanzet::window {
 
@@ -21,7 +19,6 @@ class ProjectWatch final : public QObject {
   Q_OBJECT
  public:
   explicit ProjectWatch(QObject* parent);
-  ~ProjectWatch() override;
 
   /// Watches this project in the place of the former one. It must live as long as it is watched.
   void Watch(const Session& session);
@@ -39,8 +36,6 @@ class ProjectWatch final : public QObject {
   void Regained();
 
  private:
-  void WatchServer();
-  void EndServerWatch();
   void WatchFiles();
   void NoteCommit(qint64 generation);
   void MarkStale();
@@ -51,11 +46,10 @@ class ProjectWatch final : public QObject {
   QFileSystemWatcher files_;
   QTimer soon_;  ///< gathers the many changes of one commit
   QTimer poll_;  ///< for what is missed: folders of a network, and changes while other work went on
-  std::string fileStamps_;         ///< of the files as they were read
-  qint64 generation_ = 0;          ///< the last one that was read from a server
-  bool isStale_ = false;           ///< definitions were committed that were not read
-  QThread* thread_ = nullptr;      ///< of the watch of a server; null: the store is a file
-  ServerWatch* server_ = nullptr;  ///< belongs to that thread
+  std::string fileStamps_;  ///< of the files as they were read
+  qint64 generation_ = 0;   ///< the last one that was read from a server
+  bool isStale_ = false;    ///< definitions were committed that were not read
+  ServerThread server_;     ///< active where the store is not a file
   std::vector<vdm::LockHolder> holders_;
 };
 
