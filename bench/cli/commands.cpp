@@ -4,9 +4,9 @@ namespace vanzet::cli {
 namespace {
 
 constexpr void (*kCommands[])(Command&, Context&) = {
-    AddNew,    AddOpen,      AddUpgrade, AddScript,  AddShow,       AddCheck,   AddDefine,  AddItems,
-    AddVdm,    AddHistory,   AddDiff,    AddRestore, AddStore,      AddCommand, AddPicture, AddExport,
-    AddDevice, AddCatalogue, AddContour, AddHelp,    AddCompletion, AddManual,
+    AddNew,    AddOpen,    AddUpgrade, AddScript,    AddShow,    AddCheck,   AddDefine,     AddItems,
+    AddVdm,    AddHistory, AddDiff,    AddRestore,   AddStore,   AddCommand, AddPicture,    AddSheet,
+    AddExport, AddBody,    AddDevice,  AddCatalogue, AddContour, AddHelp,    AddCompletion, AddManual,
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "base/files/whole_file.h"
 #include "base/one_line.h"
 #include "cli/arguments.h"
+#include "cli/check_report.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
 #include "cli/output.h"
@@ -22,6 +23,7 @@ struct ScriptArguments {
   std::string trace;
   bool isStrict = false;
   bool isDryRun = false;
+  bool isChecked = false;
 };
 
 /// The script of a command: a file, or what is read from standard input.
@@ -79,11 +81,16 @@ Result<void> Script(const ScriptArguments& arguments, Context& context) {
   const std::string transcript = arguments.transcript.empty() ? "-" : arguments.transcript;
   VANZET_DO(CheckAreTwoFiles(transcript, arguments.trace));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
+  if (arguments.isChecked) VANZET_DO(CheckCanBeChecked(hosted->project));
   VANZET_TRY(const auto line, Play(source, arguments, *hosted, context));
   const auto print = [&] { return PrintBeside({transcript, arguments.trace}, line); };
-  if (!arguments.isDryRun) return KeepRun([&] { return hosted->host->Commit("script", print); });
-  PrintLeftOut(*hosted->host->dryRun);
-  return print();
+  if (arguments.isDryRun) {
+    PrintLeftOut(*hosted->host->dryRun);
+    return print();
+  }
+  VANZET_DO(KeepRun([&] { return hosted->host->Commit("script", print); }));
+  if (!arguments.isChecked) return {};
+  return CheckAfterRun(hosted->project, {transcript, arguments.trace}, context);
 }
 
 }  // namespace
@@ -98,6 +105,9 @@ void AddScript(Command& vanzet, Context& context) {
   command.AddFlag("--strict", "fail at a message or a question that no 'answer' line awaits",
                   arguments->isStrict);
   command.AddFlag("--dry-run", "play the script and keep nothing of what it changes", arguments->isDryRun);
+  command
+      .AddFlag("--check", "check the project afterwards; what is found refuses nothing", arguments->isChecked)
+      .Excludes({"--dry-run"});
   command.AddOption("--picks", "FILE", "read the picks with the mouse from this file, one pick per line",
                     StoreFile(arguments->picks));
   command.AddOption("--transcript", "FILE", "write the transcript to this file instead of standard output",
@@ -109,7 +119,10 @@ void AddScript(Command& vanzet, Context& context) {
   AddWait(command, context);
   command.notes =
       "Prints a line about the run: the spurs that were changed, the messages, how the dialog was closed.\n"
-      "Without --transcript standard output has the transcript alone, and the line goes to standard error.";
+      "Without --transcript standard output has the transcript alone, and the line goes to standard error.\n"
+      "With --check the findings of 'vanzet check' follow that line, and the exit status is 3 when one of "
+      "them "
+      "is an error:\nwhat the script has changed is stored all the same.";
   command.examples = {"vanzet script lathe bar-job.txt --transcript bar-job.jsonl",
                       "vanzet script lathe - --strict <bar-job.txt"};
   command.work = [=, &context] { return Script(*arguments, context); };

@@ -8,8 +8,8 @@
 #include "base/numbers.h"
 #include "base/one_line.h"
 #include "catalogue/shop_place.h"
+#include "cli/exchange_options.h"
 #include "cli/output_files.h"
-#include "cli/progress_line.h"
 #include "process/last_words.h"
 #include "project/catalogue.h"
 #include "project/definition.h"
@@ -18,10 +18,6 @@
 
 namespace vanzet::cli {
 namespace {
-
-void Announce(const std::string& sentence) {
-  std::cerr << "vanzet: " + OneLine(sentence) + "\n";
-}
 
 bool HasFact(const project::Project& project, const char* fact) {
   return IntegerOrZero(project.Environment(fact)) == 1;
@@ -60,6 +56,10 @@ Result<void> CheckSolid(const std::string& name, api::Host& host) {
 }
 
 }  // namespace
+
+void Announce(const std::string& sentence) {
+  std::cerr << "vanzet: " + OneLine(sentence) + "\n";
+}
 
 Result<std::unique_ptr<HostedProject>> HostProject(const std::filesystem::path& folder,
                                                    const std::string& traceFile, Context& context) {

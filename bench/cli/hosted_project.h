@@ -12,6 +12,9 @@
 
 namespace vanzet::cli {
 
+/// Says something beside the result, on standard error.
+void Announce(const std::string& sentence);
+
 /// A project and the host that a module meets in it.
 struct HostedProject {
   project::Project project;

@@ -77,6 +77,16 @@ std::vector<fs::path> InputsOf(const project::Project& project) {
   return inputs;
 }
 
+Result<void> CheckIsNoInputFolder(const fs::path& folder, const project::Project& project) {
+  for (const char* const input : kProjectFolders) {
+    std::error_code unknown;
+    if (!fs::equivalent(folder, project.folder() / input, unknown)) continue;
+    return Fault{"cannot be the folder of the files: the project reads its " + std::string(input) + " there",
+                 folder.string()};
+  }
+  return {};
+}
+
 Result<void> CheckOutputFile(const fs::path& file) {
   if (file.empty()) return {};
   std::error_code unknown;

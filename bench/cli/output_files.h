@@ -23,6 +23,9 @@ Result<void> CheckIsNoInput(const std::filesystem::path& output,
 /// standard output.
 Result<void> CheckAreTwoFiles(const std::filesystem::path& output, const std::filesystem::path& other);
 
+/// Fails for the folders in which the project reads what it finds.
+Result<void> CheckIsNoInputFolder(const std::filesystem::path& folder, const project::Project& project);
+
 /// The files of a project that commands read: its settings, machine, catalogue, drawing and store, and what
 /// is in the folders of bodies and figures.
 std::vector<std::filesystem::path> InputsOf(const project::Project& project);

@@ -28,15 +28,4 @@ void ProgressLine::Report(double done) {
   terminal_ << kEraseLine << "3D files: " << percent << " %" << std::flush;
 }
 
-modeller::Exchange ExchangeWithProgress() {
-  modeller::Exchange exchange = modeller::Exchange::OfProcess();
-  if (isatty(STDERR_FILENO) == 0) return exchange;
-  const auto line = std::make_shared<ProgressLine>(std::cerr);
-  exchange.progress = [line](double done) {
-    line->Report(done);
-    return true;
-  };
-  return exchange;
-}
-
 }  // namespace vanzet::cli

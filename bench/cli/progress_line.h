@@ -4,8 +4,6 @@
 #include <functional>
 #include <ostream>
 
-#include "modeller/exchange.h"
-
 namespace vanzet::cli {
 
 /// A line on a terminal that shows how much of a file has been read or written. It appears only when the work
@@ -28,8 +26,5 @@ class ProgressLine {
   std::chrono::steady_clock::time_point start_;
   int percent_ = -1;  ///< as shown; below 0: nothing is shown
 };
-
-/// The exchange program; its progress is shown if standard error is a terminal.
-modeller::Exchange ExchangeWithProgress();
 
 }  // namespace vanzet::cli

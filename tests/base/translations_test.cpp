@@ -129,9 +129,9 @@ TEST_F(LanguagesTest, WithoutACatalogueAreMissing) {
 
 TEST(Catalogues, HoldTheSectionsOfOurProgramsOnly) {
   for (const auto& [code, catalogue] : test::Catalogues())
-    EXPECT_THAT(
-        catalogue.Sections(),
-        testing::Each(Key(testing::AnyOf("check", "cli", "definition", "section", "show", "view", "window"))))
+    EXPECT_THAT(catalogue.Sections(),
+                testing::Each(Key(testing::AnyOf("check", "cli", "definition", "section", "sheet", "show",
+                                                 "view", "window"))))
         << code;
 }
 

@@ -11,7 +11,7 @@ struct Completed {
 };
 
 const std::vector<Completed> kCompleted = {
-    {"vanzet sh", "show"},
+    {"vanzet sh", "sheet show"},
     {"vanzet vdm sa", "save"},
     {"vanzet vdm ", "--help check load save"},
     {"vanzet show --s", "--spur"},

@@ -1,6 +1,9 @@
 #include "run_vanzet.h"
 
+#include <filesystem>
 #include <map>
+#include <set>
+#include <sstream>
 
 #include "support/places.h"
 
@@ -57,7 +60,8 @@ TEST_F(Help, SaysWhatIsWrongInWordsOfTheHelp) {
        "vanzet: expected [PROJECT] NUMBER FILE, found 1 operand\ntry 'vanzet vdm save --help'\n"},
       {"export lathe --out x", "vanzet: --format FORMAT is missing\ntry 'vanzet export --help'\n"},
       {"export lathe --out x --format stp",
-       "vanzet: --format: expected one of wrl, stl, step, gltf; found 'stp'; did you mean 'stl' or 'step'?\n"
+       "vanzet: --format: expected one of step, stl, wrl, gltf, obj, iges, 3mf, json, linuxcnc, mtconnect; "
+       "found 'stp'; did you mean 'step' or 'stl'?\n"
        "try 'vanzet export --help'\n"},
       {"contour xml a.txt b.txt",
        "vanzet: expected [FILE], found 2 operands\ntry 'vanzet contour xml --help'\n"},
@@ -129,6 +133,37 @@ TEST_F(Help, IsThereAsManPages) {
   EXPECT_THAT(commands, HasSubstr(".SH vanzet vdm save\n"));
   EXPECT_THAT(ReadBytes(pages + "man5/vanzet-script.5"), HasSubstr(".TH \"VANZET-SCRIPT\" \"5\""));
   EXPECT_THAT(ReadBytes(pages + "man7/vanzet-macro.7"), HasSubstr(".TH \"VANZET-MACRO\" \"7\""));
+}
+
+/// The lines of a page outside of the requests that the converter writes.
+std::vector<std::string> OddLinesOf(const std::string& page) {
+  static const std::set<std::string> kRequests = {".nh", ".TH", ".SH", ".SS", ".PP", ".RS",
+                                                  ".RE", ".nf", ".fi", ".IP", ".TS", ".TE",
+                                                  ".br", ".ti", ".in", ".ce", ".ad"};
+  std::vector<std::string> odd;
+  std::istringstream lines(page);
+  std::string line;
+  std::getline(lines, line);  // has tables set
+  while (std::getline(lines, line)) {
+    const bool isRequest = line.starts_with('.') || line.starts_with('\'');
+    if (isRequest && !kRequests.contains(line.substr(0, line.find(' ')))) odd.push_back(line);
+    if (line.find("\\fC") != std::string::npos) odd.push_back(line);
+  }
+  return odd;
+}
+
+TEST_F(Help, OfManPagesKeepsLinesThatBeginWithAPoint) {
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(VANZET_BINARY_DIR "/share/man")) {
+    if (!entry.is_regular_file() || entry.path().extension() == ".gz") continue;
+    EXPECT_THAT(OddLinesOf(ReadBytes(entry.path())), testing::IsEmpty()) << entry.path();
+  }
+  const std::string page = ReadBytes(VANZET_BINARY_DIR "/share/man/man5/vanzet-vdm.5");
+  EXPECT_THAT(page, HasSubstr("record\n\\&.Billet definition\n\\&.100\n"));
+}
+
+TEST_F(Help, OfManPagesHasNoEmptyHeadingOfTables) {
+  const std::string page = ReadBytes(VANZET_BINARY_DIR "/share/man/man1/vanzet.1");
+  EXPECT_THAT(page, HasSubstr("\nlw(15n) lw(50n).\n\\fBDIR\\fR\t"));
 }
 
 TEST_F(Help, AFullStandardOutputIsAFault) {

@@ -216,6 +216,8 @@ TEST_F(HistoryCommand, AStoreIsCopiedWithItsGenerations) {
   EXPECT_EQ(copied.out, "copied 2 VDMs with 3 generations to other\n") << copied.err;
   EXPECT_EQ(Vanzet("history other --json").out, Vanzet("history lathe --json").out);
   EXPECT_EQ(Vanzet("items other").out, Vanzet("items lathe").out);
+  for (const char* file : {"drawing.txt", "clampdevice.cld"})
+    EXPECT_EQ(ReadBytes(folder / "other" / file), ReadBytes(folder / "lathe" / file));
   EXPECT_THAT(Vanzet("store copy lathe other").err, HasSubstr("has generations already"));
   EXPECT_THAT(Vanzet("store copy lathe lathe").err, HasSubstr("is the project to copy from"));
   EXPECT_EQ(Vanzet("store copy lathe other --project job").err,

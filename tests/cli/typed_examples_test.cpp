@@ -68,6 +68,7 @@ class ExamplesOfTheHelp : public TypedExamples {
           "outline.txt -o chuck.vdm"}) {
       Type(line);
     }
+    Copy("examples/bodies/casting.step", "lathe/bodies/casting.step");
     fs::create_directory(folder / "kept");
     fs::rename(folder / "lathe", folder / "kept/lathe");
   }

@@ -72,18 +72,20 @@ std::string TableOf(const std::vector<const Entry*>& entries, const Context& con
   const std::string name = context.Heading(Translatable("name")),
                     kind = context.Heading(Translatable("kind"));
   std::size_t nameWidth = Width(name), kindWidth = Width(kind), bytes = 0;
+  std::vector<std::string_view> kinds;
+  kinds.reserve(entries.size());
   for (const Entry* const entry : entries) {
     nameWidth = std::max(nameWidth, Width(OneLine(entry->name)));
-    kindWidth = std::max(kindWidth, KindOf(*entry).size());
+    kindWidth = std::max(kindWidth, kinds.emplace_back(KindOf(*entry)).size());
     bytes += entry->bytes.size();
   }
   std::string text = Left(name, nameWidth) + "  " + Left(kind, kindWidth) + "  " +
                      context.Heading(Translatable("letters")) + "\n";
   text.reserve(text.size() + bytes + entries.size() * kindWidth);
-  for (const Entry* const entry : entries) {
-    AppendLeft(text, OneLine(entry->name), nameWidth);
-    AppendLeft(text, KindOf(*entry), kindWidth);
-    catalogue::AppendLetters(text, entry->params);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    AppendLeft(text, OneLine(entries[i]->name), nameWidth);
+    AppendLeft(text, kinds[i], kindWidth);
+    catalogue::AppendLetters(text, entries[i]->params);
     text += '\n';
   }
   return text;
