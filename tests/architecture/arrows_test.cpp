@@ -57,13 +57,16 @@ const std::map<std::string, Folders> kWorkbench = {
     {"check",
      {"base", "vdm", "devices", "geometry", "modeller", "project", "scene", "section", "show", "catalogue",
       "results"}},
+    {"sheet",
+     {"base", "vdm", "devices", "geometry", "modeller", "project", "scene", "section", "show", "catalogue",
+      "check", "results", "process"}},
     {"history", {"base", "vdm", "project", "scene", "define"}},
-    {"cli",
-     {"base", "vdm", "project", "drawing", "language", "api", "contour", "geometry", "modeller", "scene",
-      "section", "results", "define", "catalogue", "show", "check", "history", "process", "devices"}},
+    {"cli", {"base",     "vdm",      "project", "drawing", "language", "api",    "contour",
+             "geometry", "modeller", "scene",   "section", "results",  "define", "catalogue",
+             "show",     "check",    "history", "sheet",   "process",  "devices"}},
     {"window",
      {"base", "vdm", "project", "drawing", "api", "contour", "geometry", "modeller", "scene", "section",
-      "results", "define", "catalogue", "show", "history", "devices", "process"}},
+      "results", "define", "catalogue", "show", "check", "history", "devices", "process"}},
 };
 
 /// Headers of constants alone, which any folder may include.
