@@ -34,6 +34,10 @@ namespace {
 constexpr double kFinestChord = 5e-3;
 constexpr double kFinestAngle = 2;
 
+// Where memory is short for a moment the kernel leaves out a face, and says so or not. The second attempt with
+// the same tolerance gives the mesh that a run with enough memory gets.
+constexpr int kAttempts = 2;
+
 Result<void> Check(const MeshTolerance& tolerance) {
   const bool isGood = tolerance.chord >= kFinestChord && tolerance.chord <= 1e6 &&
                       tolerance.angle >= kFinestAngle && tolerance.angle <= 90;
@@ -224,11 +228,11 @@ Result<Mesh> WholeMeshOf(const TopoDS_Shape& solid, const MeshTolerance& toleran
 /// The mesh of one of our own solids.
 Result<Mesh> MeshOfSolid(const Shape& shape, const MeshTolerance& tolerance) {
   // The facets along the two circles of a ring that is narrower than the tolerance can cross each other.
-  constexpr int kFinerTolerances = 3;
+  constexpr int kTolerances = 4;
   MeshTolerance finer = tolerance;
   auto mesh = WholeMeshOf(shape.shape, finer);
-  for (int i = 0; i < kFinerTolerances && !mesh; ++i) {
-    finer.chord = std::max(finer.chord / 4, kFinestChord);
+  for (int i = 1; i < kTolerances * kAttempts && !mesh; ++i) {
+    if (i % kAttempts == 0) finer.chord = std::max(finer.chord / 4, kFinestChord);
     mesh = WholeMeshOf(shape.shape, finer);
   }
   if (mesh) KeepMesh(shape, tolerance, *mesh);
@@ -250,11 +254,9 @@ bool IsWhole(const TopoDS_Shape& surfaces, const TopoDS_Shape& meshed) {
   return HasFreeEdge(surfaces) && !HasBareFace(meshed);
 }
 
-/// Meshes all faces, at the second attempt where memory was short for a moment: the kernel then leaves out a
-/// face and says so or not.
+/// Meshes all faces.
 bool TriangulatesAll(const TopoDS_Shape& shape, const MeshTolerance& tolerance,
                      const Message_ProgressRange& progress) {
-  constexpr int kAttempts = 2;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     static_cast<void>(Triangulate(shape, tolerance, progress));
     if (!HasBareFace(shape) && IsWhole(shape, shape)) return true;

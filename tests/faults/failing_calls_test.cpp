@@ -89,6 +89,17 @@ TEST(FailingLocks, AreOneLineWhereTheSystemNeverHasOne) {
   });
 }
 
+// Some thousand allocations of a definition are for meshes; what the kernel leaves out for lack of memory must not
+// become another mesh.
+TEST(FailingMemory, ChangesNoMesh) {
+  constexpr long kPoints = 40;
+  const Case work(*std::ranges::find(Commands(), "Define", &Command::name));
+  const Workplace place;
+  for (long i = 1; i <= kPoints; ++i) {
+    Try(work, place, "memory " + std::to_string(work.counts.at("memory") * i / kPoints) + " ENOMEM");
+  }
+}
+
 TEST(FailingReads, OfAStoreAreNotTakenForDamage) {
   for (const char* const name : {"StoreCheck", "StoreRepair"}) {
     const Case work(*std::ranges::find(Commands(), name, &Command::name));
