@@ -75,25 +75,34 @@ def type_text(text):
     use("type", "--", text)
 
 
-def click(node):
+def point_at(node):
     box = node.get_extents(Atspi.CoordType.SCREEN)
-    place = [str(box.x + min(box.width, 60) // 2), str(box.y + box.height // 2)]
-    use("mousemove", *place, "click", "1")
+    use("mousemove", str(box.x + min(box.width, 60) // 2), str(box.y + box.height // 2))
+
+
+def click(node):
+    point_at(node)
+    use("click", "1")
 
 
 class Program:
-    """The window with the sample project in front of a window manager, until the block ends."""
+    """The window with the sample project in front of a window manager, until the block ends. The project has the
+    job of the script, or is as it was made."""
+
+    def __init__(self, has_job=True):
+        self.has_job = has_job
 
     def __enter__(self):
         folder, script = sys.argv[1:]
         self.home = tempfile.TemporaryDirectory()
         project = os.path.join(self.home.name, "lathe")
-        environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
-                           XDG_RUNTIME_DIR=self.home.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                           QT_QPA_PLATFORM="offscreen")
-        for words in (["new", project, "--sample", "mill-turn"], ["upgrade", project], ["script", project, script]):
-            subprocess.run([f"{folder}/vanzet", *words], env=environment, check=True, stdout=subprocess.DEVNULL)
-        on_display = dict(environment, QT_QPA_PLATFORM="xcb")
+        self.environment = dict(os.environ, HOME=self.home.name, XDG_CONFIG_HOME=self.home.name,
+                                XDG_RUNTIME_DIR=self.home.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                                QT_QPA_PLATFORM="offscreen")
+        self.run("new", "lathe", "--sample", "mill-turn")
+        if self.has_job:
+            self.run("script", "lathe", script)
+        on_display = dict(self.environment, QT_QPA_PLATFORM="xcb")
         self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
         wait_for(has_manager, "the window manager")
         self.window = subprocess.Popen([f"{folder}/vanzet-window", project], env=on_display)
@@ -105,6 +114,11 @@ class Program:
             process.kill()
             process.wait()
         self.home.cleanup()
+
+    def run(self, *words):
+        """What a command of the command line prints, with the folder of the projects as the current one."""
+        return subprocess.run([f"{os.path.abspath(sys.argv[1])}/vanzet", *words], env=self.environment, cwd=self.home.name,
+                              check=True, stdout=subprocess.PIPE, text=True).stdout
 
     def open_dialog(self):
         use("search", "--sync", "--onlyvisible", "--name", "lathe - vanzet workbench", "windowactivate", "--sync",
