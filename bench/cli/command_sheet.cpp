@@ -11,6 +11,7 @@
 #include "cli/language.h"
 #include "cli/length_unit.h"
 #include "cli/output_files.h"
+#include "cli/sheet_folder.h"
 #include "cli/written_files.h"
 #include "project/project.h"
 #include "sheet/html.h"
@@ -23,14 +24,21 @@ namespace {
 
 struct SheetArguments {
   std::string project = ".";
+  std::string all;  ///< the folder of projects; empty: one project
   std::string out, language, paper;
   std::optional<std::int32_t> spur;
   std::optional<LengthUnit> unit;
   bool isJson = false, isStrict = false;
 };
 
-/// Throws `WrongUsage` for a name whose ending says no format.
-void CheckEnding(const std::string& file) {
+/// Throws `WrongUsage` for a file whose ending says no format, and for options that do not go together.
+void CheckSheet(const SheetArguments& arguments) {
+  if (!arguments.all.empty()) {
+    if (arguments.spur) throw WrongUsage{"--spur", "has no effect beside --all"};
+    if (arguments.project != ".") throw WrongUsage{"--all", "takes the place of a project"};
+    return;
+  }
+  const std::string& file = arguments.out;
   const std::string ending = std::filesystem::path(file).extension().string();
   for (const char* const known : {".html", ".pdf", ".svg"}) {
     if (EqualWithoutCase(ending, known)) return;
@@ -63,6 +71,21 @@ Result<std::string> BytesOf(const sheet::Sheet& made, const std::filesystem::pat
   if (EqualWithoutCase(ending, ".svg")) return sheet::FirstPageSvgOf(made);
   VANZET_TRY(const auto assets, sheet::Assets::Read(context.places.share));
   return sheet::HtmlOf(made, assets, words);
+}
+
+Result<void> WriteSheets(const SheetArguments& arguments, Context& context) {
+  VANZET_TRY(const auto language, LanguageFor(arguments, context));
+  return WriteSheetFolder({.projects = PathMap::OfProcess().Resolve(arguments.all),
+                           .out = PathMap::OfProcess().Resolve(arguments.out),
+                           .options = {.spur = {},
+                                       .paper = PaperNamed(arguments.paper),
+                                       .language = language.code,
+                                       .hasPicture = true},
+                           .texts = language.texts,
+                           .unit = arguments.unit,
+                           .isJson = arguments.isJson,
+                           .isStrict = arguments.isStrict},
+                          context);
 }
 
 Result<void> WriteSheet(const SheetArguments& arguments, const Context& context) {
@@ -104,22 +127,29 @@ void AddSheet(Command& vanzet, Context& context) {
       "sheet", "Writes the set-up sheet for the machine: half section, clamping, devices, findings.");
   AddProject(command, arguments->project);
   command
-      .AddOption("--out", "FILE", "the sheet, a .html, .pdf or .svg file",
-                 [=](const std::string& name, const std::string& word) {
-                   arguments->out = FileOf(name, word);
-                   CheckEnding(word);
-                 })
+      .AddOption("--out", "FILE",
+                 "the sheet, a .html, .pdf or .svg file; with --all the folder of the sheets",
+                 StoreFile(arguments->out))
       .Required();
+  command.AddOption("--all", "DIR", "the sheets of all projects in this folder, and an index of them",
+                    StoreFile(arguments->all));
   AddSheetOptions(command, *arguments);
   command.notes =
       "Prints the file that was written. A .html file is a page that loads nothing: the equipment can be "
       "turned\n"
       "in 3D where the browser can, and is a picture elsewhere. An .svg file is the first page of the sheet "
       "on\n"
-      "paper. The code on the sheet leads back to the folder of the project.";
+      "paper. The code on the sheet leads back to the folder of the project.\n\n"
+      "--all writes index.html and the folder sheets, with a .html file for each project. A project whose "
+      "sheet\n"
+      "cannot be made is named, the others get theirs, and the status is 1.";
   command.examples = {"vanzet sheet lathe --out lathe.html",
-                      "vanzet sheet lathe --out lathe.pdf --language de --paper A3"};
-  command.work = [=, &context] { return WriteSheet(*arguments, context); };
+                      "vanzet sheet lathe --out lathe.pdf --language de --paper A3",
+                      "vanzet sheet --all jobs --out sheets"};
+  command.check = [=] { CheckSheet(*arguments); };
+  command.work = [=, &context] {
+    return arguments->all.empty() ? WriteSheet(*arguments, context) : WriteSheets(*arguments, context);
+  };
 }
 
 }  // namespace vanzet::cli

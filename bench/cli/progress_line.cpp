@@ -18,14 +18,22 @@ ProgressLine::ProgressLine(std::ostream& terminal, Clock clock)
     : terminal_(terminal), clock_(std::move(clock)), start_(clock_()) {}
 
 ProgressLine::~ProgressLine() {
-  if (percent_ >= 0) terminal_ << kEraseLine << std::flush;
+  Erase();
 }
 
 void ProgressLine::Report(double done) {
-  const int percent = static_cast<int>(std::floor(done * 100));
-  if (percent == percent_ || clock_() - start_ < kDelay) return;
-  percent_ = percent;
-  terminal_ << kEraseLine << "3D files: " << percent << " %" << std::flush;
+  Show("3D files: " + std::to_string(static_cast<int>(std::floor(done * 100))) + " %");
+}
+
+void ProgressLine::Show(const std::string& text) {
+  if (text == shown_ || clock_() - start_ < kDelay) return;
+  shown_ = text;
+  terminal_ << kEraseLine << text << std::flush;
+}
+
+void ProgressLine::Erase() {
+  if (!shown_.empty()) terminal_ << kEraseLine << std::flush;
+  shown_.clear();
 }
 
 }  // namespace vanzet::cli

@@ -37,11 +37,9 @@ Result<void> CheckIsProject(const fs::path& folder) {
                  .file = folder.string(),
                  .kind = fs::exists(folder, error) ? FaultKind::kRefused : FaultKind::kMissing};
   }
-  const bool marked =
-      std::ranges::any_of(kMarks, [&](const char* mark) { return fs::exists(folder / mark, error); });
   const bool empty = IsEmpty(folder, error);
   if (error) return files::SystemFault("cannot be read", error, folder);
-  if (marked || empty) return {};
+  if (empty || IsMarkedAsProject(folder)) return {};
   return Fault{
       "is not a project: it has neither bench.ini, machine.ini, clampdevice.cld nor store.db ('vanzet new' "
       "creates one)",
@@ -55,6 +53,11 @@ Result<void> CheckFolderName(const fs::path& folder) {
   if (folder.string().find('\\') == std::string::npos) return {};
   return Fault{"cannot be a project: its name has a backslash, which separates the parts of a path",
                folder.string()};
+}
+
+bool IsMarkedAsProject(const fs::path& folder) {
+  std::error_code unknown;
+  return std::ranges::any_of(kMarks, [&](const char* mark) { return fs::exists(folder / mark, unknown); });
 }
 
 Result<Project> Project::Open(const fs::path& folder, const fs::path& share) {

@@ -20,6 +20,9 @@ namespace vanzet::project {
 /// every path that a module builds would take for a separator.
 Result<void> CheckFolderName(const std::filesystem::path& folder);
 
+/// True for a folder that has one of the files which mark a project.
+bool IsMarkedAsProject(const std::filesystem::path& folder);
+
 /// A project folder and its settings; docs/formats/project.md lists its files.
 ///
 /// An empty folder is a project with defaults only; a folder that has files, but none of a project's own, is

@@ -5,7 +5,7 @@
 #include "base/files/regular_file.h"
 #include "base/number_text.h"
 #include "base/xml_text.h"
-#include "sheet/base64.h"
+#include "sheet/elements.h"
 
 namespace vanzet::sheet {
 namespace {
@@ -15,14 +15,6 @@ std::string EscapedForScript(const std::string& json) {
   std::string escaped;
   for (const char c : json) escaped += c == '<' ? "\\u003c" : std::string(1, c);
   return escaped;
-}
-
-std::string Attribute(std::string_view name, std::string_view value) {
-  return " " + std::string(name) + "=\"" + EscapeXml(value) + "\"";
-}
-
-std::string Element(const std::string& name, std::string_view text, const std::string& attributes = "") {
-  return "<" + name + attributes + ">" + EscapeXml(text) + "</" + name + ">";
 }
 
 /// Writes the blocks of a sheet.
@@ -71,15 +63,6 @@ class Writer {
     html_ += "</div>\n</div>\n";
   }
 
-  static std::string ImageOf(const Picture& picture, const std::string& attributes = "") {
-    const bool isSvg = picture.format == Picture::Format::kSvg;
-    const std::string size = "width:" + NumberText(picture.width, 5) +
-                             "mm;aspect-ratio:" + NumberText(picture.width, 5) + "/" +
-                             NumberText(picture.height, 5);
-    return "<img" + attributes + Attribute("alt", picture.alternative) + Attribute("style", size) +
-           " src=\"data:image/" + (isSvg ? "svg+xml" : "png") + ";base64," + Base64Of(picture.bytes) + "\">";
-  }
-
   void Write(const Space& space) {
     html_ += "<div class=\"space\">\n" + ImageOf(space.still, " class=\"still\"") +
              "\n<div class=\"live\" hidden>\n<div class=\"stage\" tabindex=\"0\" role=\"application\"" +
@@ -115,11 +98,6 @@ class Writer {
   std::string html_;
 };
 
-/// The page may use what is in it, and nothing else.
-constexpr const char* kPolicy =
-    "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; "
-    "style-src 'unsafe-inline'; script-src 'unsafe-inline'\">\n";
-
 std::string PageRule(Paper paper) {
   return "@page { size: " + std::string(FormatOf(paper).css) + "; margin: " + NumberText(kPaperMargin) +
          "mm; }\n";
@@ -131,6 +109,7 @@ Result<Assets> Assets::Read(const std::filesystem::path& share) {
   Assets assets;
   VANZET_TRY(assets.style, files::ReadWholeFile(share / "sheet" / "sheet.css"));
   VANZET_TRY(assets.script, files::ReadWholeFile(share / "sheet" / "space.js"));
+  VANZET_TRY(assets.search, files::ReadWholeFile(share / "sheet" / "search.js"));
   VANZET_TRY(assets.library, files::ReadWholeFile(share / "sheet" / "three.min.js"));
   return assets;
 }
@@ -138,11 +117,8 @@ Result<Assets> Assets::Read(const std::filesystem::path& share) {
 std::string HtmlOf(const Sheet& sheet, const Assets& assets, const Words& words) {
   const bool hasSpace = std::ranges::any_of(
       sheet.blocks, [](const Block& block) { return std::holds_alternative<Space>(block); });
-  std::string html = "<!DOCTYPE html>\n<html" + Attribute("lang", sheet.language) +
-                     ">\n<head>\n<meta charset=\"utf-8\">\n" + kPolicy +
-                     "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n" +
-                     Element("title", sheet.title) + "\n<style>\n" + assets.style + PageRule(sheet.paper) +
-                     "</style>\n</head>\n<body>\n" + Writer(sheet, words).Body();
+  std::string html = PageHead(sheet.language, sheet.title, assets.style + PageRule(sheet.paper)) +
+                     Writer(sheet, words).Body();
   if (hasSpace) html += "<script>" + assets.library + "</script>\n<script>\n" + assets.script + "</script>\n";
   return html + "</body>\n</html>\n";
 }

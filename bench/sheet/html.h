@@ -14,6 +14,7 @@ struct Assets {
   std::string style;    ///< sheet.css
   std::string script;   ///< space.js
   std::string library;  ///< three.min.js
+  std::string search;   ///< search.js, for the index of a folder
 
   /// Reads them from the folder `sheet` of the workbench's own files.
   static Result<Assets> Read(const std::filesystem::path& share);

@@ -65,6 +65,9 @@ class Maker {
     made_.summary.project = OneLine(std::filesystem::weakly_canonical(project_.folder()).filename().string());
     made_.sheet.language = options_.language;
     made_.sheet.paper = options_.paper;
+    if (options_.hasPicture) {
+      VANZET_TRY(made_.summary.picture, SmallPictureOf(spurs.front().model, words_));
+    }
     AddHead(stored.generation);
     for (const Spur& spur : spurs) VANZET_DO(AddSpur(spur, shop));
     return std::move(made_);
@@ -77,7 +80,7 @@ class Maker {
     Sheet& sheet = made_.sheet;
     if (generation.number > 0) made_.summary.generation = std::to_string(generation.number);
     sheet.title = words_.With(Translatable("Set-up sheet: %1"), made_.summary.project);
-    sheet.time = generation.time;
+    sheet.time = made_.summary.time = generation.time;
     sheet.footer = sheet.title;
     if (generation.number > 0) {
       sheet.footer +=

@@ -18,13 +18,16 @@ struct Options {
   std::optional<std::int32_t> spur;  ///< nothing: all that hold equipment
   Paper paper = Paper::kA4;
   std::string language = "en";  ///< the code of the language of the texts
+  bool hasPicture = false;      ///< the summary gets a picture of the equipment
 };
 
-/// The counts that a list of sheets shows.
+/// The facts of a sheet that a list of sheets shows.
 struct Summary {
   std::string project, machine, generation;
+  std::string time;  ///< of the generation, as it is stored; empty: none
   int spurs = 0;
   int errors = 0, warnings = 0;
+  std::optional<Picture> picture = {};  ///< of the first spur, small
 };
 
 struct MadeSheet {

@@ -105,6 +105,20 @@ std::string BodyLabel(const scene::SceneBody& body, const scene::Equipment& equi
   return OneLine(texts.body({body.name, device, body.kind, isSub, {}})) + number;
 }
 
+Result<Picture> SmallPictureOf(const scene::Model& model, const Words& words) {
+  constexpr int kSmallWidth = 360, kSmallHeight = 240;  // pixels
+  constexpr std::size_t kSmallFacets = 50'000;
+  constexpr double kWidth = 36;  // millimetres of paper
+  const scene::Picture drawn =
+      scene::Draw(scene::CoarseModel(model, kSmallFacets), {.width = kSmallWidth, .height = kSmallHeight});
+  VANZET_TRY(auto png, results::PngOf(drawn));
+  return Picture{.format = Picture::Format::kPng,
+                 .bytes = std::move(png),
+                 .alternative = words(Translatable("The equipment in space, seen from the upper right")),
+                 .width = kWidth,
+                 .height = kWidth * kSmallHeight / kSmallWidth};
+}
+
 Result<Space> SpaceOf(const Spur& spur, const Words& words) {
   constexpr double kWidth = 150;  // millimetres of paper
   const scene::Model coarse = scene::CoarseModel(spur.model, kMostFacets);

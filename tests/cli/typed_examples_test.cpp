@@ -71,6 +71,8 @@ class ExamplesOfTheHelp : public TypedExamples {
     Copy("examples/bodies/casting.step", "lathe/bodies/casting.step");
     fs::create_directory(folder / "kept");
     fs::rename(folder / "lathe", folder / "kept/lathe");
+    fs::create_directory(folder / "jobs");
+    fs::copy(folder / "kept/lathe", folder / "jobs/lathe", fs::copy_options::recursive);
   }
 };
 

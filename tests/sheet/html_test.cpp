@@ -12,7 +12,7 @@ using testing::Not;
 
 constexpr const char* kHostile = "</script><script>alert(1)</script>\"'&<!--";
 
-const Assets kAssets = {"p { }\n", "begin();\n", "library();"};
+const Assets kAssets = {"p { }\n", "begin();\n", "library();", "search();\n"};
 
 Sheet SheetWith(std::vector<Block> blocks) {
   Sheet sheet{.language = "de", .title = "Sheet", .footer = "Foot", .time = "", .blocks = std::move(blocks)};
