@@ -2,6 +2,7 @@
 project as it was made. The definition is then that of the script which the guide names as the same job."""
 import json
 import sys
+import time
 
 from screen import Atspi, Program, below, click, dialog, find, keys, point_at, type_text, use, wait_for
 
@@ -52,11 +53,22 @@ def press(name):
     click(control(Atspi.Role.PUSH_BUTTON, name))
 
 
-def choose(device):
-    """Opens the list of devices of the page and marks the one whose name is typed."""
+def opens(device):
+    """A click on the box of the page; false while its list is not seen after a moment."""
     click(control(Atspi.Role.COMBO_BOX, "Device"))
-    type_text(device)
-    keys("Return")
+    end = time.time() + 5
+    while time.time() < end:
+        if find(dialog(), Atspi.Role.LIST_ITEM, device):
+            return True
+        time.sleep(0.1)
+    return False
+
+
+def choose(device):
+    """Opens the list of devices of the page and goes down to the one of that name."""
+    wait_for(lambda: opens(device), device)
+    listed = [each.get_name() for each in below(dialog()) if each.get_role() == Atspi.Role.LIST_ITEM]
+    keys("Home", *["Down"] * listed.index(device), "Return")
     control(Atspi.Role.COMBO_BOX, device)
 
 
