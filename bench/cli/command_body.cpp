@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -5,6 +6,7 @@
 #include "base/number_text.h"
 #include "base/one_line.h"
 #include "base/path_map.h"
+#include "base/quote.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/exchange_options.h"
@@ -76,6 +78,13 @@ Json JsonOf(const Shown& shown, LengthUnit unit) {
                      {"direction", {along.dx, along.dy, along.dz}},
                      {"radius", RoundedInUnit(round->radius, unit)}};
   }
+  json["placements"] = Json::array();
+  for (const auto& place : shown.file.places) {
+    json["placements"].push_back({{"name", place.name},
+                                  {"origin", JsonOf(place.origin, unit)},
+                                  {"axis", {place.axis.dx, place.axis.dy, place.axis.dz}},
+                                  {"upwards", {place.upwards.dx, place.upwards.dy, place.upwards.dz}}});
+  }
   if (shown.laid)
     json["lies"] = {{"from", JsonOf(shown.laid->min, unit)}, {"to", JsonOf(shown.laid->max, unit)}};
   json["unit"] = WordOf(unit);
@@ -118,6 +127,11 @@ std::string RoundText(const modeller::RoundAxis& round, LengthUnit unit) {
          std::string(WordOf(unit));
 }
 
+std::string PlaceText(const modeller::NamedPlace& place, LengthUnit unit) {
+  return OneLine(place.name) + ": at " + TextOf(place.origin, unit) + " " + std::string(WordOf(unit)) +
+         ", looking " + modeller::DirectionText(place.axis);
+}
+
 std::string TextOf(const Shown& shown, LengthUnit unit, const Context& context) {
   constexpr std::size_t kWidth = 11;
   const auto line = [&](const char* heading, const std::string& value) {
@@ -126,6 +140,7 @@ std::string TextOf(const Shown& shown, LengthUnit unit, const Context& context) 
   std::string text = PartRows(shown.file, unit, context);
   text += line(Translatable("file unit"), shown.file.unit.empty() ? "-" : shown.file.unit);
   if (shown.file.round) text += line(Translatable("round"), RoundText(*shown.file.round, unit));
+  for (const auto& place : shown.file.places) text += line(Translatable("placement"), PlaceText(place, unit));
   if (shown.laid) text += line(Translatable("lies"), FromTo(*shown.laid, unit));
   return text;
 }
@@ -139,6 +154,7 @@ Result<void> Show(const ShowArguments& arguments, const Context& context) {
 
 struct LayArguments {
   std::string file, looking, axis;
+  std::string placement;  ///< the name of one in the file; empty: none
   std::optional<double> face, turn;
   LengthUnit unit = LengthUnit::kMillimetre;
   bool isAutomatic = false;
@@ -155,6 +171,18 @@ Result<modeller::RoundAxis> AxisFound(const fs::path& path, const modeller::Exch
   VANZET_TRY(const auto description, modeller::DescribeFile(path, exchange));
   if (description.round) return *description.round;
   return Fault{"has no cylinder for '--auto'; give the axis with '--axis'", path.string()};
+}
+
+Result<modeller::NamedPlace> PlacementNamed(const std::string& name, const fs::path& path,
+                                            const modeller::Exchange& exchange) {
+  VANZET_TRY(const auto description, modeller::DescribeFile(path, exchange));
+  const auto found = std::ranges::find(description.places, name, &modeller::NamedPlace::name);
+  if (found != description.places.end()) return *found;
+  std::string known;
+  for (const auto& place : description.places) known += (known.empty() ? "" : ", ") + Quoted(place.name);
+  return Fault{"has no placement " + Quoted(name) +
+                   (known.empty() ? "; none of its coordinate systems has a name" : "; it has " + known),
+               path.string()};
 }
 
 /// The largest position of a body along a direction.
@@ -177,6 +205,10 @@ Result<modeller::Laying> LayingOf(const LayArguments& arguments, const fs::path&
   laying.looking = LookingOf(arguments, {1, 0, 0});
   laying.turn = arguments.turn.value_or(0);
   if (HasNoUnit(path)) laying.unit = arguments.unit;
+  if (!arguments.placement.empty()) {
+    VANZET_TRY(const auto place, PlacementNamed(arguments.placement, path, arguments.Exchange()));
+    return modeller::LayingAt(place, laying.turn);
+  }
   if (arguments.isAutomatic) {
     VANZET_TRY(const auto round, AxisFound(path, arguments.Exchange()));
     laying.looking = LookingOf(arguments, round.axis.direction);
@@ -203,13 +235,19 @@ Result<void> Lay(const LayArguments& arguments) {
   VANZET_TRY(const auto box, modeller::Extents(laid));
   VANZET_TRY(const auto mesh, modeller::MeshOf(laid, {}));
   VANZET_DO(modeller::WriteLaying(path, laying));
-  for (const std::string& doubt : modeller::DoubtsAbout(mesh, modeller::Role::kTurned, arguments.unit)) {
+  for (const std::string& doubt : modeller::DoubtsAbout(laid, mesh, modeller::Role::kTurned, arguments.unit)) {
     std::cerr << "vanzet: " + OneLine(arguments.file + ": " + doubt) + "\n";
   }
   return Print(modeller::LayingFileOf(arguments.file).string() + ": " + FromTo(box, arguments.unit) + "\n");
 }
 
 void CheckLaying(const LayArguments& arguments) {
+  const bool isByHand = !arguments.axis.empty() || !arguments.looking.empty() || arguments.face;
+  if (!arguments.placement.empty() && (isByHand || arguments.isAutomatic)) {
+    throw WrongUsage{"",
+                     "--placement says how the body lies; --auto, --looking, --axis and --face have no effect "
+                     "beside it"};
+  }
   if (arguments.isAutomatic && !arguments.axis.empty()) {
     throw WrongUsage{"", "--auto finds the axis; --axis has no effect beside it"};
   }
@@ -230,7 +268,8 @@ void AddBodyShow(Command& body, const Context& context) {
   AddUnit(command, arguments->unit);
   AddLimit(command, arguments->limit);
   command.notes =
-      "The axis is that of the cylinders with the largest area. Where a text beside the file says how the "
+      "The axis is that of the cylinders with the largest area. Placements are the coordinate systems of a "
+      "STEP file that have a name. Where a text beside the file says how the "
       "body "
       "lies, the last line has the place that it comes to.";
   command.examples = {"vanzet body show lathe/bodies/casting.step"};
@@ -257,6 +296,10 @@ void AddBodyLay(Command& body) {
                     StoreReal(arguments->turn));
   command.AddFlag("--auto", "find the axis from the largest cylinder, and the front from where the body ends",
                   arguments->isAutomatic);
+  command.AddOption("--placement", "NAME",
+                    "lie as a coordinate system of a STEP file says: its z is the axis and looks to the front, "
+                    "its x is up, its origin is on the front",
+                    StoreText(arguments->placement));
   AddUnit(command, arguments->unit);
   AddLimit(command, arguments->limit);
   command.notes =
@@ -269,7 +312,8 @@ void AddBodyLay(Command& body) {
       "that its unit must be wrong is named on standard error.";
   command.examples = {
       "vanzet body lay lathe/bodies/casting.step --looking z --axis 12.5,-3 --face 130 --turn 30",
-      "vanzet body lay lathe/bodies/casting.step --auto"};
+      "vanzet body lay lathe/bodies/casting.step --auto",
+      "vanzet body lay lathe/bodies/holder.step --placement 'main datum'"};
   command.check = [=] { CheckLaying(*arguments); };
   command.work = [=] { return Lay(*arguments); };
 }

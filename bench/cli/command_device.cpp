@@ -77,7 +77,7 @@ Result<void> ReportDoubts(const modeller::Body& placed, const MakeArguments& arg
   VANZET_TRY(const auto mesh, modeller::MeshOf(placed, arguments.fineness.Tolerance()));
   const auto role = arguments.deviceClass == "jaw" ? modeller::Role::kJaw : modeller::Role::kTurned;
   const LengthUnit unit = arguments.unit.value_or(LengthUnit::kMillimetre);
-  for (const std::string& doubt : modeller::DoubtsAbout(mesh, role, unit)) {
+  for (const std::string& doubt : modeller::DoubtsAbout(placed, mesh, role, unit)) {
     std::cerr << "vanzet: " + OneLine(arguments.body + ": " + doubt) + "\n";
   }
   return {};

@@ -31,11 +31,16 @@ struct ExportArguments {
   bool isStrict = false;
   Fineness fineness;
   std::optional<std::int32_t> limit;
-
-  results::ExportOptions Options() const {
-    return {*modeller::FormatNamed(format), body, fineness.Tolerance()};
-  }
 };
+
+/// A STEP file has the time of the definition, so that the same equipment gives the same bytes.
+Result<results::ExportOptions> OptionsOf(const ExportArguments& arguments, const project::Project& project) {
+  VANZET_TRY(const auto time, results::TimeOf(project, arguments.spur));
+  return results::ExportOptions{.format = *modeller::FormatNamed(arguments.format),
+                                .body = arguments.body,
+                                .fineness = arguments.fineness.Tolerance(),
+                                .time = time};
+}
 
 /// All formats: those of bodies, then those of whole set-ups.
 const std::vector<std::string>& AllFormats() {
@@ -52,7 +57,7 @@ Result<scene::Scene> SceneToExport(const ExportArguments& arguments, const proje
                                    const modeller::Exchange& exchange, project::MessagePanel& panel) {
   modeller::Foresight foresight = results::kForPictures;
   foresight.mesh = !arguments.fineness.IsGiven();
-  foresight.measures = modeller::HasSurfaces(arguments.Options().format);
+  foresight.measures = modeller::HasSurfaces(*modeller::FormatNamed(arguments.format));
   return results::EquipmentOf(project, arguments.spur, exchange, panel, foresight);
 }
 
@@ -64,7 +69,8 @@ Result<results::ExportReport> WriteTo(const fs::path& folder, const ExportArgume
     return results::WriteSetup(setup, *format, folder);
   }
   VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
-  return results::WriteEquipment(scene, arguments.Options(), folder, exchange);
+  VANZET_TRY(const auto options, OptionsOf(arguments, project));
+  return results::WriteEquipment(scene, options, folder, exchange);
 }
 
 Result<void> ExportToFolder(const ExportArguments& arguments, const project::Project& project,
@@ -88,7 +94,8 @@ Result<std::string> FileOf(const ExportArguments& arguments, const project::Proj
     return results::SetupText(setup, *format);
   }
   VANZET_TRY(const auto scene, SceneToExport(arguments, project, exchange, context.panel));
-  return results::EquipmentFile(scene, arguments.Options(), exchange);
+  VANZET_TRY(const auto options, OptionsOf(arguments, project));
+  return results::EquipmentFile(scene, options, exchange);
 }
 
 Result<void> ExportToStandardOutput(const ExportArguments& arguments, const project::Project& project,

@@ -63,7 +63,11 @@ Result<std::vector<double>> UnpackNumbers(std::istream& bytes, std::size_t count
 
 void Pack(const ReadBody& body, std::ostream& bytes) {
   PackList(body.surfaces, bytes);
-  if (body.facets) Pack(*body.facets, bytes);
+  if (body.facets) {
+    Pack(*body.facets, bytes);
+  } else {
+    PackList<Numbers>({static_cast<double>(body.roots)}, bytes);
+  }
 }
 
 void Pack(const std::vector<NamedMesh>& meshes, std::ostream& bytes) {
@@ -93,12 +97,19 @@ void Pack(const Measures& measures, std::ostream& bytes) {
 void Pack(const FileDescription& description, std::ostream& bytes) {
   PackList(description.unit, bytes);
   const auto parts = static_cast<double>(description.parts.size());
-  PackList<Numbers>({description.hasSurfaces ? 1.0 : 0.0, description.round ? 1.0 : 0.0, parts}, bytes);
+  const auto places = static_cast<double>(description.places.size());
+  PackList<Numbers>({description.hasSurfaces ? 1.0 : 0.0, description.round ? 1.0 : 0.0, parts, places}, bytes);
   for (const PartDescription& part : description.parts) {
     PackList(part.name, bytes);
     PackList<Numbers>({part.isSolid ? 1.0 : 0.0}, bytes);
     Pack(part.box, bytes);
     Pack(part.measures, bytes);
+  }
+  for (const NamedPlace& place : description.places) {
+    const auto& [name, origin, axis, upwards] = place;
+    PackList(name, bytes);
+    PackList<Numbers>({origin.x, origin.y, origin.z, axis.dx, axis.dy, axis.dz, upwards.dx, upwards.dy, upwards.dz},
+                      bytes);
   }
   if (!description.round) return;
   const auto& [axis, radius] = *description.round;
@@ -136,7 +147,11 @@ KnownFacts UnpackFacts(const Foresight& foresight, std::istream& bytes) {
 Result<ReadBody> UnpackReadBody(std::istream& bytes) {
   ReadBody body;
   VANZET_TRY(body.surfaces, UnpackList<std::string>(bytes, kMostBytes));
-  if (!body.surfaces.empty()) return body;
+  if (!body.surfaces.empty()) {
+    VANZET_TRY(const auto roots, UnpackNumbers(bytes, 1));
+    body.roots = static_cast<int>(std::clamp(roots[0], 1.0, 1e6));
+    return body;
+  }
   VANZET_TRY(auto facets, UnpackMesh(bytes));
   body.facets = std::move(facets);
   return body;
@@ -175,7 +190,7 @@ Result<Box3d> UnpackBox(std::istream& bytes) {
 Result<FileDescription> UnpackDescription(std::istream& bytes) {
   FileDescription description;
   VANZET_TRY(description.unit, UnpackList<std::string>(bytes, kMostBytes));
-  VANZET_TRY(const auto head, UnpackNumbers(bytes, 3));
+  VANZET_TRY(const auto head, UnpackNumbers(bytes, 4));
   description.hasSurfaces = head[0] != 0;
   for (double i = 0; i < head[2]; ++i) {
     PartDescription& part = description.parts.emplace_back();
@@ -184,6 +199,14 @@ Result<FileDescription> UnpackDescription(std::istream& bytes) {
     part.isSolid = isSolid[0] != 0;
     VANZET_TRY(part.box, UnpackBox(bytes));
     VANZET_TRY(part.measures, UnpackMeasures(bytes));
+  }
+  for (double i = 0; i < head[3]; ++i) {
+    NamedPlace& place = description.places.emplace_back();
+    VANZET_TRY(place.name, UnpackList<std::string>(bytes, kMostBytes));
+    VANZET_TRY(const auto n, UnpackNumbers(bytes, 9));
+    place.origin = {n[0], n[1], n[2]};
+    place.axis = {n[3], n[4], n[5]};
+    place.upwards = {n[6], n[7], n[8]};
   }
   if (head[1] == 0) return description;
   VANZET_TRY(const auto n, UnpackNumbers(bytes, 7));

@@ -20,6 +20,7 @@ namespace vanzet::modeller {
 struct ReadBody {
   std::optional<Mesh> facets;
   std::string surfaces;  ///< in the binary form of Open CASCADE, into which the workbench does not look
+  int roots = 1;         ///< of a body with surfaces: bodies that no assembly holds together
 };
 
 /// The facts of a body that need not be asked for again.

@@ -10,6 +10,7 @@
 #include "modeller/body.h"
 #include "modeller/exchange.h"
 #include "modeller/measures.h"
+#include "modeller/named_place.h"
 
 namespace vanzet::modeller {
 
@@ -36,7 +37,12 @@ struct FileDescription {
   bool hasSurfaces = false;
   std::vector<PartDescription> parts;
   std::optional<RoundAxis> round;  ///< nothing for facets, and without a cylinder
+  std::vector<NamedPlace> places;  ///< of a STEP file: those of its roots, not those of their parts
 };
+
+/// The number of bodies in the file of a body that nothing holds together: more than 1 only for a STEP file
+/// without an assembly about them.
+int RootsOf(const Body& body);
 
 /// Reads and measures a file by the exchange program. Fails as `ImportBody` does.
 Result<FileDescription> DescribeFile(const std::filesystem::path& file, const Exchange& exchange);

@@ -4,6 +4,7 @@
 
 #include "base/number_text.h"
 #include "geometry/box.h"
+#include "modeller/description.h"
 #include "modeller/measures.h"
 
 namespace vanzet::modeller {
@@ -44,6 +45,14 @@ std::vector<std::string> DoubtsAbout(const Mesh& laid, Role role, LengthUnit uni
   if (front < -kNear || front > std::max(depth / 2, kNear)) {
     doubts.push_back("has its " + std::string(isJaw ? "foot" : "face") + " at " +
                      Length(isJaw ? low.x : high.x, unit) + ", not at 0");
+  }
+  return doubts;
+}
+
+std::vector<std::string> DoubtsAbout(const Body& laid, const Mesh& mesh, Role role, LengthUnit unit) {
+  std::vector<std::string> doubts = DoubtsAbout(mesh, role, unit);
+  if (const int roots = RootsOf(laid); roots > 1) {
+    doubts.push_back("has " + std::to_string(roots) + " bodies that no assembly holds together; all of them are used");
   }
   return doubts;
 }

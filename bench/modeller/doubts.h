@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/length_unit.h"
+#include "modeller/body.h"
 #include "modeller/mesh.h"
 
 namespace vanzet::modeller {
@@ -19,5 +20,8 @@ enum class Role {
 /// body. Empty for a body as they usually are.
 /// Requires: the mesh is not empty
 std::vector<std::string> DoubtsAbout(const Mesh& laid, Role role, LengthUnit unit);
+
+/// The same with what the file of the body makes doubtful: several bodies that no assembly holds together.
+std::vector<std::string> DoubtsAbout(const Body& laid, const Mesh& mesh, Role role, LengthUnit unit);
 
 }  // namespace vanzet::modeller

@@ -28,6 +28,7 @@ Result<Body> Unpack(std::istream& bytes, Origin origin, const Foresight& foresig
     VANZET_TRY(auto read, UnpackReadBody(bytes));
     if (read.facets) return FacetBody(*read.facets);
     origin.surfaces = std::move(read.surfaces);
+    origin.roots = read.roots;
     origin.known = UnpackFacts(foresight, bytes);
     return ForeignBody(std::move(origin));
   });
@@ -35,7 +36,7 @@ Result<Body> Unpack(std::istream& bytes, Origin origin, const Foresight& foresig
 
 /// Who watches the progress of the reading may be gone when the body is worked on.
 Origin OriginOf(const fs::path& file, const Exchange& exchange) {
-  return {file, {exchange.program, exchange.limits}, {}};
+  return {.file = file, .exchange = {exchange.program, exchange.limits}, .surfaces = {}};
 }
 
 /// The bodies of an answer, up to the first one that is not complete; its fault is the last.

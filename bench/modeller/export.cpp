@@ -25,7 +25,7 @@ Result<Bodies> PlaceBodies(const Bodies& bodies) {
   Bodies placed;
   for (const NamedBody& named : bodies) {
     VANZET_TRY(auto body, PlaceBody(named.body, named.placement));
-    placed.push_back({named.name, body, {}, named.appearance});
+    placed.push_back({named.name, body, {}, named.appearance, named.places});
   }
   return placed;
 }
@@ -88,7 +88,8 @@ Result<void> Pack(const Bodies& bodies, const MemoryFile& parcel) {
       const Shape& shape = named.body.shape();
       const bool isForeign = IsForeign(shape);
       packed.push_back({named.name, named.appearance, shape.shape,
-                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view()});
+                        isForeign ? std::string_view(shape.origin->surfaces) : std::string_view(),
+                        named.places});
     }
     std::ofstream bytes(parcel.Path(), std::ios::binary);
     PackParcel(packed, bytes);
@@ -110,7 +111,7 @@ std::string OrderToWrite(ExportFormat format) {
 
 /// The files of a format that the exchange program writes: it runs once for all of them.
 Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBodies>& files,
-                                 ExportFormat format, const MeshTolerance& tolerance,
+                                 ExportFormat format, const FileOptions& options,
                                  const Exchange& exchange, const TakeContent& take) {
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   VANZET_DO(Pack(bodies, parcel));
@@ -119,9 +120,10 @@ Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBod
                                               std::to_string(exchange.limits.seconds),
                                               std::to_string(exchange.limits.bytes),
                                               file.path().string(),
-                                              NumberText(tolerance.chord),
-                                              NumberText(tolerance.angle),
-                                              FilesWord(files)};
+                                              NumberText(options.fineness.chord),
+                                              NumberText(options.fineness.angle),
+                                              FilesWord(files),
+                                              options.time};
   VANZET_DO(RunExchange(exchange, arguments, parcel));
   for (std::size_t i = 0; i < files.size(); ++i) {
     VANZET_TRY(const auto content, file.Content(i));
@@ -153,12 +155,12 @@ Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const Mesh
 }
 
 Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& files, ExportFormat format,
-                       const MeshTolerance& tolerance, const Exchange& exchange, const TakeContent& take) {
+                       const FileOptions& options, const Exchange& exchange, const TakeContent& take) {
   if (std::ranges::any_of(files, &FileBodies::empty)) return Fault{"no body to write"};
   VANZET_TRY(const auto placed, PlaceBodies(bodies));
   const auto* const meshFormat = std::ranges::find(kMeshFormats, format, &MeshFormat::format);
-  if (meshFormat != std::end(kMeshFormats)) return MakeMeshFiles(placed, files, *meshFormat, tolerance, take);
-  return MakeFilesByExchange(placed, files, format, tolerance, exchange, take);
+  if (meshFormat != std::end(kMeshFormats)) return MakeMeshFiles(placed, files, *meshFormat, options.fineness, take);
+  return MakeFilesByExchange(placed, files, format, options, exchange, take);
 }
 
 Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance) {

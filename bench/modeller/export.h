@@ -12,6 +12,7 @@
 #include "modeller/body_table.h"
 #include "modeller/exchange.h"
 #include "modeller/mesh.h"
+#include "modeller/named_place.h"
 
 /// The content of files with bodies. Numbers have a decimal point in every locale.
 namespace vanzet::modeller {
@@ -36,6 +37,13 @@ struct NamedBody {
   Body body;
   geometry::Matrix placement;  ///< moves and turns; millimetres
   Appearance appearance = {};
+  std::vector<NamedPlace> places = {};  ///< where the body is placed; in the formats that have them
+};
+
+/// The making of files besides their bodies.
+struct FileOptions {
+  MeshTolerance fineness = {};
+  std::string time = {};  ///< for the head of a STEP file, "2026-11-22T09:00:00Z"; empty: the present
 };
 
 /// The contents and units of the formats: docs/formats/bodies.md.
@@ -69,7 +77,7 @@ using TakeContent = std::function<Result<void>(std::size_t file, const std::stri
 
 /// Makes the contents of files, in their order. Fails for a file without bodies, and when `take` fails.
 Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<FileBodies>& files,
-                       ExportFormat format, const MeshTolerance& tolerance, const Exchange& exchange,
+                       ExportFormat format, const FileOptions& options, const Exchange& exchange,
                        const TakeContent& take);
 
 /// The facets of a body as VRML 2.0: one IndexedFaceSet, each point and each face on a line of its own. The

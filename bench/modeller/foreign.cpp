@@ -81,6 +81,10 @@ Body ForeignBody(Origin origin) {
   return BodyOf(place, false, std::make_shared<const Origin>(std::move(origin)));
 }
 
+int RootsOf(const Body& body) {
+  return IsForeign(body.shape()) ? body.shape().origin->roots : 1;
+}
+
 Result<Mesh> MeshOfForeign(const Shape& shape, const MeshTolerance& tolerance) {
   if (const auto& known = shape.origin->known.mesh; known && tolerance == MeshTolerance()) {
     Mesh mesh = *known;

@@ -21,6 +21,7 @@ struct Origin {
   Exchange exchange;
   std::string surfaces;   ///< in the binary form of Open CASCADE
   KnownFacts known = {};  ///< of the surfaces as the file has them
+  int roots = 1;          ///< bodies that no assembly holds together
 };
 
 /// A body of these surfaces, where the file has them.

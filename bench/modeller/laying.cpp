@@ -61,6 +61,15 @@ Vector3d AcrossX(const Point3d& point, const Vector3d& looking) {
   return {0, turned.y, turned.z};
 }
 
+/// A direction along an axis as exactly that: files have cosines with a rounded last digit.
+Vector3d Settled(const Vector3d& direction) {
+  constexpr double kNear = 1e-9;
+  for (const DirectionRow& row : kDirections) {
+    if ((direction - row.direction).Magnitude() < kNear) return row.direction;
+  }
+  return direction;
+}
+
 }  // namespace
 
 const std::vector<std::string>& DirectionWords() {
@@ -103,6 +112,16 @@ std::optional<Point3d> AxisNamed(std::string_view text, const Vector3d& looking)
   point.*row->across[0] = numbers[0];
   point.*row->across[1] = numbers[1];
   return point;
+}
+
+Laying LayingAt(const NamedPlace& place, double turn) {
+  Laying laying;
+  laying.looking = Settled(place.axis);
+  laying.axis = place.origin;
+  laying.face = Dot(Vector3d(Point3d(), place.origin), laying.looking) / laying.looking.Magnitude();
+  const Vector3d up = AcrossX(Point3d() + place.upwards, laying.looking);
+  laying.turn = turn - std::atan2(up.dz, up.dy) / geometry::RADIANS_PER_DEGREE;
+  return laying;
 }
 
 Result<Body> LayBody(const Body& body, const Laying& laying) {

@@ -5,6 +5,7 @@
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <algorithm>
+#include <array>
 #include <istream>
 #include <ostream>
 #include <sstream>
@@ -44,6 +45,29 @@ std::string LineOf(const ParcelBody& body) {
          (isSteel ? " 1" : " 0") + (isSeenThrough ? " 1 " : " 0 ") + OneLine(body.name) + "\n";
 }
 
+/// "0 0 0 1 0 0 0 1 0 main datum": the origin, both directions, the name
+std::string LineOf(const NamedPlace& place) {
+  const auto& [name, origin, axis, upwards] = place;
+  std::string line;
+  for (const double part :
+       {origin.x, origin.y, origin.z, axis.dx, axis.dy, axis.dz, upwards.dx, upwards.dy, upwards.dz}) {
+    line += ExactText(part) + " ";
+  }
+  return line + OneLine(name) + "\n";
+}
+
+NamedPlace PlaceOfLine(std::string_view line) {
+  std::array<double, 9> parts{};
+  for (double& part : parts) {
+    const auto number = RealPrefix(line);
+    if (!number) return {};
+    part = number->value;
+    line.remove_prefix(number->used);
+  }
+  const auto& [x, y, z, dx, dy, dz, ux, uy, uz] = parts;
+  return {std::string(line.substr(std::min<std::size_t>(line.size(), 1))), {x, y, z}, {dx, dy, dz}, {ux, uy, uz}};
+}
+
 Fault Incomplete() {
   return Fault{"the bodies were not transferred completely"};
 }
@@ -70,7 +94,8 @@ void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes) {
   builder.MakeCompound(compound);
   bytes << std::to_string(bodies.size()) + "\n";
   for (const ParcelBody& body : bodies) {
-    bytes << LineOf(body);
+    bytes << LineOf(body) << std::to_string(body.places.size()) + "\n";
+    for (const NamedPlace& place : body.places) bytes << LineOf(place);
     builder.Add(compound, body.shape);
   }
   for (const ParcelBody& body : bodies) {
@@ -88,6 +113,11 @@ Result<std::vector<ParcelBody>> UnpackParcel(std::istream& bytes) {
   for (ParcelBody& body : bodies) {
     std::getline(bytes, line);
     body = BodyOfLine(line);
+    std::getline(bytes, line);
+    for (std::int64_t places = IntegerOrZero(line); places > 0 && bytes; --places) {
+      std::getline(bytes, line);
+      body.places.push_back(PlaceOfLine(line));
+    }
   }
   std::vector<TopoDS_Shape> foreign;
   for (std::size_t i = 0; i < bodies.size(); ++i) {

@@ -17,9 +17,11 @@ struct ParcelBody {
   Appearance appearance;
   TopoDS_Shape shape;
   std::string_view surfaces = {};  ///< of a file's body; its shape then only has its place
+  std::vector<NamedPlace> places = {};
 };
 
-/// Writes the count of the bodies, a line of appearance and name for each, their surfaces, each after a line
+/// Writes the count of the bodies, a line of appearance and name for each, which the
+/// lines of its places follow, their surfaces, each after a line
 /// with their length, then one compound of their shapes in Open CASCADE's binary form.
 void PackParcel(const std::vector<ParcelBody>& bodies, std::ostream& bytes);
 

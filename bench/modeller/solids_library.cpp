@@ -18,6 +18,7 @@ extern "C" const void* vanzetSolids() {
       .importBody = ImportBody,
       .importBodyInSteps = ImportBodyInSteps,
       .importBodies = ImportBodies,
+      .rootsOf = RootsOf,
       .describeFile = DescribeFile,
       .importVrml = ImportVrml,
       .factsOf = FactsOf,

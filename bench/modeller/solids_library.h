@@ -37,11 +37,12 @@ struct Solids {
                                     const TakeCoarse&);
   std::vector<Result<Body>> (*importBodies)(const std::vector<std::filesystem::path>&, const Exchange&,
                                             const Foresight&);
+  int (*rootsOf)(const Body&);
   Result<FileDescription> (*describeFile)(const std::filesystem::path&, const Exchange&);
   Result<std::vector<VrmlBody>> (*importVrml)(const std::string&, const Exchange&);
   Result<BodyFacts> (*factsOf)(const NamedBody&, ExportFormat, const MeshTolerance&);
   Result<void> (*makeFiles)(const std::vector<NamedBody>&, const std::vector<FileBodies>&, ExportFormat,
-                            const MeshTolerance&, const Exchange&, const TakeContent&);
+                            const FileOptions&, const Exchange&, const TakeContent&);
   Result<std::string> (*vrmlOf)(const Body&, const MeshTolerance&);
   Result<Measures> (*measuresOf)(const Body&);
   Result<geometry::Box3d> (*extents)(const Body&);

@@ -63,6 +63,10 @@ std::vector<Result<Body>> ImportBodies(const std::vector<std::filesystem::path>&
   if (!solids) return {files.size(), solids.fault()};
   return (*solids)->importBodies(files, exchange, foresight);
 }
+int RootsOf(const Body& body) {
+  const auto solids = LoadedSolids();
+  return solids ? (*solids)->rootsOf(body) : 1;
+}
 Result<FileDescription> DescribeFile(const std::filesystem::path& file, const Exchange& exchange) {
   return Call<&Solids::describeFile>(file, exchange);
 }
@@ -73,9 +77,9 @@ Result<BodyFacts> FactsOf(const NamedBody& body, ExportFormat format, const Mesh
   return Call<&Solids::factsOf>(body, format, tolerance);
 }
 Result<void> MakeFiles(const std::vector<NamedBody>& bodies, const std::vector<FileBodies>& files,
-                       ExportFormat format, const MeshTolerance& tolerance, const Exchange& exchange,
+                       ExportFormat format, const FileOptions& options, const Exchange& exchange,
                        const TakeContent& take) {
-  return Call<&Solids::makeFiles>(bodies, files, format, tolerance, exchange, take);
+  return Call<&Solids::makeFiles>(bodies, files, format, options, exchange, take);
 }
 Result<std::string> VrmlOf(const Body& body, const MeshTolerance& tolerance) {
   return Call<&Solids::vrmlOf>(body, tolerance);

@@ -12,6 +12,31 @@ namespace {
 namespace fs = std::filesystem;
 using Bodies = std::vector<modeller::NamedBody>;
 
+/// A place in the coordinates of the scene.
+modeller::NamedPlace PlaceOf(const std::string& name, const geometry::Matrix& matrix,
+                             const geometry::Point3d& origin, const geometry::Vector3d& upwards) {
+  const geometry::Point3d at = matrix.Transform(origin);
+  const auto turned = [&](const geometry::Vector3d& along) {
+    return geometry::Vector3d(at, matrix.Transform(origin + along));
+  };
+  return {name, at, turned({1, 0, 0}), turned(upwards)};
+}
+
+/// The plug and the socket of a device, and the datum of the spindle that the body belongs to.
+std::vector<modeller::NamedPlace> PlacesOf(const scene::SceneBody& body, const scene::Scene& scene) {
+  std::vector<modeller::NamedPlace> places;
+  const bool isSub = body.name.starts_with("sub ");
+  // The axis of each runs away from its spindle.
+  const geometry::Vector3d axis(isSub ? -1 : 1, 0, 0), upwards(0, 1, 0);
+  places.push_back({isSub ? "sub datum" : "main datum", {isSub ? scene.subDatum : 0, 0, 0}, axis, upwards});
+  if (!body.seats) return places;
+  // The height of a jaw is along its own z.
+  const geometry::Vector3d height = body.kind == scene::Kind::kJaw ? geometry::Vector3d(0, 0, 1) : upwards;
+  places.push_back(PlaceOf(body.name + " plug", body.placement, body.seats->plug, height));
+  places.push_back(PlaceOf(body.name + " socket", body.placement, body.seats->socket, height));
+  return places;
+}
+
 /// The bodies of an export, in the order of the scene.
 Result<Bodies> ChooseBodies(const scene::Scene& scene, const ExportOptions& options) {
   std::set<std::size_t> chosen;
@@ -26,7 +51,8 @@ Result<Bodies> ChooseBodies(const scene::Scene& scene, const ExportOptions& opti
     bodies.push_back({body.name,
                       isExact ? *body.exact : body.body,
                       body.placement,
-                      {scene::ColourOf(body.kind), scene::IsDevice(body.kind), body.isSeenThrough}});
+                      {scene::ColourOf(body.kind), scene::IsDevice(body.kind), body.isSeenThrough},
+                      PlacesOf(body, scene)});
   }
   return bodies;
 }
@@ -95,7 +121,7 @@ Result<ExportReport> WriteEquipment(const scene::Scene& scene, const ExportOptio
   contents.reserve(planned.size());
   for (const PlannedFile& file : planned) contents.push_back(file.bodies);
   VANZET_DO(modeller::MakeFiles(
-      bodies, contents, options.format, options.fineness, exchange,
+      bodies, contents, options.format, {options.fineness, options.time}, exchange,
       [&](std::size_t file, const std::string& content) { return target.Add(planned[file].name, content); }));
   VANZET_TRY(report.changed, target.Commit(options.body.empty() ? Others::kRemoved : Others::kKept));
   for (const PlannedFile& file : planned) {
@@ -109,7 +135,7 @@ Result<std::string> EquipmentFile(const scene::Scene& scene, const ExportOptions
                                   const modeller::Exchange& exchange) {
   VANZET_TRY(const Bodies bodies, ChooseBodies(scene, options));
   std::string file;
-  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, options.fineness, exchange,
+  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, {options.fineness, options.time}, exchange,
                                 [&](std::size_t, const std::string& content) {
                                   file = content;
                                   return Result<void>();

@@ -15,6 +15,7 @@ struct ExportOptions {
   modeller::ExportFormat format = modeller::ExportFormat::kStep;
   std::string body = {};  ///< only the bodies of this name, as `scene::FindBodies` finds them; empty: all
   modeller::MeshTolerance fineness = {};
+  std::string time = {};  ///< of the equipment, for the heads of STEP files; empty: the present
 };
 
 /// A body in a file.

@@ -27,15 +27,6 @@ const FormatRow& RowOf(SetupFormat format) {
   return *std::ranges::find(kFormats, format, &FormatRow::format);
 }
 
-/// The time of the last generation of a definition. A store that keeps none has no time.
-Result<std::string> TimeOf(const project::Project& project, std::int32_t spur) {
-  VANZET_TRY(const auto changes,
-             project::StoreOf(project).ListChanges(vdm::Number{project.DefinitionOf(spur)}));
-  const auto latest = std::ranges::max_element(
-      changes, {}, [](const vdm::VdmChange& change) { return change.generation.number; });
-  return latest == changes.end() ? std::string() : latest->generation.time;
-}
-
 }  // namespace
 
 const std::vector<std::string>& SetupWords() {
@@ -50,6 +41,14 @@ const std::vector<std::string>& SetupWords() {
 std::optional<SetupFormat> SetupNamed(std::string_view word) {
   const auto* const row = std::ranges::find(kFormats, word, &FormatRow::word);
   return row == std::end(kFormats) ? std::nullopt : std::optional(row->format);
+}
+
+Result<std::string> TimeOf(const project::Project& project, std::int32_t spur) {
+  VANZET_TRY(const auto changes,
+             project::StoreOf(project).ListChanges(vdm::Number{project.DefinitionOf(spur)}));
+  const auto latest = std::ranges::max_element(
+      changes, {}, [](const vdm::VdmChange& change) { return change.generation.number; });
+  return latest == changes.end() ? std::string() : latest->generation.time;
 }
 
 const scene::SceneBody* BilletOf(const Setup& setup, bool isSub) {

@@ -38,6 +38,9 @@ struct Setup {
   scene::Scene scene;
 };
 
+/// The time of the last change of the definition of a spur, in UTC. A store that keeps none has no time.
+Result<std::string> TimeOf(const project::Project& project, std::int32_t spur);
+
 /// Reads the set-up of a spur. What of it cannot be made is shown on the panel, and missing.
 /// Errors   those of `EquipmentOf`
 Result<Setup> SetupOf(const project::Project& project, std::int32_t spur, const modeller::Exchange& exchange,

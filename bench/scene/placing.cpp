@@ -125,6 +125,7 @@ class Placer {
     const DeviceText& clamp = *things_.clamp;
     SceneBody& body = Add(WordsOf(spindle_.clamp.params), Kind::kClamp, clamp.body,
                           MovedBy(stations_.face - clamp.socket.x));
+    body.seats = Seats{clamp.plug, clamp.socket};
     TakeValues(spindle_.clamp.params, body);
   }
 
@@ -132,6 +133,7 @@ class Placer {
     const DeviceText& text = *things_.jaw;
     SceneBody& body = Add("jaw " + std::to_string(jaw + 1), Kind::kJaw, text.body,
                           JawPlacement(spindle_, things_, stations_.face, jaw));
+    body.seats = Seats{text.plug, text.socket};
     TakeValues(spindle_.jaw.params, body);
   }
 

@@ -128,6 +128,7 @@ class Maker {
     const double bore = mainBillet_ ? CentreHoleRadius(*mainBillet_) : 0;
     const double tip = stations_.stockFront - SeatDepth(*text, bore);
     SceneBody center{"center", Kind::kCenter, text->body, FacingFrom(tip + text->socket.x)};
+    center.seats = Seats{text->plug, text->socket};
     center.exact = ExactBody(equipment_.center.params, center.body);
     if (center.exact) center.profile = ProfileOf(equipment_.center.params);
     scene_.bodies.push_back(std::move(center));

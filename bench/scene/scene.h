@@ -29,6 +29,11 @@ inline bool IsDevice(Kind kind) {
   return kind != Kind::kBillet && kind != Kind::kFinishPart;
 }
 
+/// The points at which a device is held and holds, in its own coordinates: x from one to the other.
+struct Seats {
+  geometry::Point3d plug, socket;
+};
+
 struct SceneBody {
   std::string name;  ///< "main chuck", "sub jaw 2", "center"
   Kind kind = Kind::kClamp;
@@ -44,6 +49,7 @@ struct SceneBody {
   /// of a jaw, y is its height. Nothing for a body that has to be cut to see its section.
   std::optional<geometry::Region> profile = {};
   std::string solid = {};  ///< the named solid that it is; empty: the body is made otherwise
+  std::optional<Seats> seats = {};  ///< of a device
 };
 
 /// A line that marks a place, point by point.

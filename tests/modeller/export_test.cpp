@@ -6,9 +6,11 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 #include <numeric>
+#include <set>
 #include <sstream>
 
 #include "modeller/body.h"
+#include "modeller/description.h"
 #include "modeller/facets.h"
 #include "modeller/foreign_files.h"
 #include "modeller/measures.h"
@@ -155,6 +157,52 @@ TEST_F(Exports, StepSaysWhatMadeIt) {
   EXPECT_THAT(head, testing::HasSubstr("'vanzet'"));
   EXPECT_THAT(head, testing::Not(testing::HasSubstr("Author")));
   EXPECT_THAT(head, testing::Not(testing::HasSubstr("Shape Model")));
+}
+
+TEST_F(Exports, StepOfTheSameTimeIsTheSameByteForByte) {
+  for (int i = 0; i < 6; ++i) {
+    const double part = i / 6.0;
+    bodies_.push_back({"brick " + std::to_string(i), BodyOf(Brick(1 + i, 2, 3)), {}, {{part, 1 - part, 0.5}}});
+  }
+  std::set<std::string> contents;
+  const FileOptions options{.fineness = {}, .time = "2026-11-22T09:00:00Z"};
+  const auto take = [&](std::size_t, const std::string& content) -> Result<void> {
+    contents.insert(content);
+    return {};
+  };
+  const FileBodies all = {0, 1, 2, 3, 4, 5, 6, 7};
+  for (int run = 0; run < 4; ++run) {
+    EXPECT_EQ(Told(MakeFiles(bodies_, {all}, ExportFormat::kStep, options, TestExchange(), take)), "");
+  }
+  ASSERT_EQ(contents.size(), 1U);
+  EXPECT_THAT(*contents.begin(), testing::HasSubstr("FILE_NAME('equipment','2026-11-22T09:00:00Z'"));
+}
+
+TEST_F(Exports, StepWithTheNamedPlacesOfItsBodies) {
+  const NamedPlace datum{"main datum", {0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+  const NamedPlace plug{"ball 2 plug", {60, 1, -2}, {-1, 0, 0}, {0, 0.6, 0.8}};
+  bodies_[0].places = {datum};
+  bodies_[1].places = {datum, plug};
+  const fs::path file = Exported(ExportFormat::kStep);
+  const auto described = Get(DescribeFile(file, TestExchange()));
+  ASSERT_EQ(described.places.size(), 2U) << "the datum once";
+  EXPECT_EQ(described.places[0].name, "main datum");
+  EXPECT_EQ(described.places[1].name, "ball 2 plug");
+  EXPECT_EQ(described.places[1].origin.x, 60);
+  EXPECT_EQ(described.places[1].origin.z, -2);
+  EXPECT_EQ(described.places[1].axis.dx, -1);
+  EXPECT_NEAR(described.places[1].upwards.dz, 0.8, 1e-12);
+  const ReadBack read = ReadStepDocument(file);
+  EXPECT_THAT(read.names, testing::ElementsAre("Brücke", "ball 2")) << "the bodies are as without places";
+  EXPECT_THAT(Box(BodyOf(read.shape)), Pointwise(DoubleNear(1e-3), kBox));
+}
+
+TEST_F(Exports, StepOfOneBodyHasItsPlaces) {
+  bodies_.pop_back();
+  bodies_[0].places = {{"main datum", {0, 0, 0}, {1, 0, 0}, {0, 1, 0}}};
+  const auto described = Get(DescribeFile(Exported(ExportFormat::kStep), TestExchange()));
+  ASSERT_EQ(described.places.size(), 1U);
+  EXPECT_EQ(described.places[0].name, "main datum");
 }
 
 TEST_F(Exports, IgesThatIsImportedAgain) {

@@ -22,13 +22,19 @@ void Expect(bool written) {
 }  // namespace
 
 void WriteStep(const TopoDS_Shape& shape, const std::filesystem::path& file, const char* unit) {
+  WriteStep(std::vector<TopoDS_Shape>{shape}, file, unit);
+}
+
+void WriteStep(const std::vector<TopoDS_Shape>& roots, const std::filesystem::path& file, const char* unit) {
   modeller::SilenceKernel();
   const Standard_CLocaleSentry point;
   // A writer takes the unit that is set when it is made.
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("write.step.unit", unit);
   STEPControl_Writer writer;
-  Expect(writer.Transfer(shape, STEPControl_AsIs) == IFSelect_RetDone);
+  for (const TopoDS_Shape& root : roots) {
+    Expect(writer.Transfer(root, STEPControl_AsIs) == IFSelect_RetDone);
+  }
   Expect(writer.Write(file.c_str()) == IFSelect_RetDone);
 }
 

@@ -2,6 +2,7 @@
 
 #include <TopoDS_Shape.hxx>
 #include <filesystem>
+#include <vector>
 #include <string>
 
 #include "modeller/exchange.h"
@@ -11,6 +12,8 @@ namespace vanzet::test {
 /// Files as other programs would write them, by Open CASCADE's plain writers. The unit is one of STEP's
 /// names: "MM", "INCH", "M".
 void WriteStep(const TopoDS_Shape& shape, const std::filesystem::path& file, const char* unit = "MM");
+void WriteStep(const std::vector<TopoDS_Shape>& roots, const std::filesystem::path& file,
+               const char* unit = "MM");
 void WriteBrep(const TopoDS_Shape& shape, const std::filesystem::path& file);
 
 /// STL by Open CASCADE, with facets within 0.05 mm; in text or in binary.

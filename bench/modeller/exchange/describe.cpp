@@ -21,6 +21,7 @@
 #include "base/letter_case.h"
 #include "base/one_line.h"
 #include "modeller/exchange/document.h"
+#include "modeller/exchange/named_places.h"
 #include "modeller/exchange/read_file.h"
 #include "modeller/exchange/three_mf.h"
 #include "modeller/facets.h"
@@ -102,6 +103,7 @@ void AddParts(const std::string& name, const TopoDS_Shape& shape, std::vector<Na
 struct Notes {
   std::string unit;
   std::vector<NamedShape> parts;
+  std::vector<NamedPlace> places = {};
 };
 
 std::string NameOf(const TDF_Label& label) {
@@ -124,6 +126,7 @@ Notes NotesOfStep(const fs::path& file, const TopoDS_Shape& shape) {
     reader.ChangeReader().FileUnits(lengths, angles, solidAngles);
     if (!lengths.IsEmpty()) notes.unit = lengths.First().ToCString();
     reader.Transfer(content);
+    notes.places = NamedPlacesOf(reader.ChangeReader().StepModel());
   }
   for (XCAFPrs_DocumentExplorer nodes(content, XCAFPrs_DocumentExplorerFlags_OnlyLeafNodes); nodes.More();
        nodes.Next()) {
@@ -185,10 +188,12 @@ Result<PartDescription> PartOf(const NamedShape& named) {
 }  // namespace
 
 Result<FileDescription> Describe(const fs::path& file) {
-  VANZET_TRY(const TopoDS_Shape shape, ReadFile(file));
+  VANZET_TRY(const FileShape read, ReadFile(file));
+  const TopoDS_Shape& shape = read.shape;
   const Notes notes = NotesOf(file, shape);
   FileDescription description;
   description.unit = OneLine(notes.unit);
+  description.places = notes.places;
   description.hasSurfaces = !HasFacetsOnly(shape);
   for (const NamedShape& named : notes.parts) {
     VANZET_TRY(const auto part, PartOf(named));

@@ -1,6 +1,6 @@
 // The exchange program. Its arguments: the order, the limits in seconds and bytes; for reading then what will
-// be asked of the bodies and their files, for writing the file, the tolerances of the mesh and the bodies of
-// each file. Bodies and answers come and go
+// be asked of the bodies and their files, for writing the file, the tolerances of the mesh, the bodies of
+// each file and the time for their heads. Bodies and answers come and go
 // through descriptor 3; process.h describes its reports.
 
 #include <BRepBuilderAPI_Transform.hxx>
@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -92,6 +93,7 @@ struct Arguments {
   std::string file;  ///< to write
   MeshTolerance tolerance;
   std::string files;  ///< the bodies of each file that is written; parcel.h
+  std::string time;   ///< for the heads of these files; empty: the present
 };
 
 // The stages of reading a file whose body is also meshed, measured on STEP files of 10 to 50 MB.
@@ -121,10 +123,10 @@ Result<void> Read(const Arguments& given) {
   for (std::size_t i = 0; i < given.filesToRead.size(); ++i) {
     BeginPart(i, given.filesToRead.size());
     BeginStage(0, given.foresight.mesh ? kReadUntil : 1);
-    VANZET_TRY(const auto shape, ReadFile(given.filesToRead[i]));
-    const ReadBody read = AnswerOf(shape);
+    VANZET_TRY(const auto file, ReadFile(given.filesToRead[i]));
+    const ReadBody read = AnswerOf(file);
     VANZET_DO(answer.Add(read));
-    if (!read.facets) VANZET_DO(AddFacts(BodyOf(shape), given.foresight, answer));
+    if (!read.facets) VANZET_DO(AddFacts(BodyOf(file.shape), given.foresight, answer));
   }
   return {};
 }
@@ -144,7 +146,8 @@ Result<void> ReadVrmlText(const Arguments&) {
 using Write = Result<void>(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file);
 
 /// Calls `write(bodies, path)` for each file, and reports the progress.
-Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& given, Write* write) {
+Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& given,
+                        const std::function<Write>& write) {
   const auto files = FilesOfWord(given.files, bodies.size());
   if (files.empty()) return Fault{"the list of files was not transferred completely"};
   for (std::size_t i = 0; i < files.size(); ++i) {
@@ -154,6 +157,14 @@ Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& 
     ReportProgress(static_cast<double>(i + 1) / static_cast<double>(files.size()));
   }
   return {};
+}
+
+Result<void> StepFiles(const Arguments& given) {
+  VANZET_TRY(auto bodies, ReadParcel());
+  PrepareSurfaces(bodies);
+  return WriteFiles(bodies, given, [&](const std::vector<ParcelBody>& ofFile, const std::filesystem::path& file) {
+    return WriteStep(ofFile, file, given.time);
+  });
 }
 
 template <Write write>
@@ -198,7 +209,7 @@ struct Order {
   bool CanHave(int arguments) const {
     constexpr int kFirst = 3;
     if (use == Use::kReads) return arguments > kFirst + 1;
-    return arguments == kFirst + (hasTolerance ? 2 : 0) + (use == Use::kWrites ? 2 : 0);
+    return arguments == kFirst + (hasTolerance ? 2 : 0) + (use == Use::kWrites ? 3 : 0);
   }
 };
 // clang-format off
@@ -210,7 +221,7 @@ constexpr Order kOrders[] = {
     {"mesh",       Use::kNone,   true,  MeshBody},
     {"extents",    Use::kNone,   false, MeasureExtents},
     {"measures",   Use::kNone,   false, Measure},
-    {"write-step", Use::kWrites, true,  SurfaceFiles<WriteStep>},
+    {"write-step", Use::kWrites, true,  StepFiles},
     {"write-iges", Use::kWrites, true,  SurfaceFiles<WriteIges>},
     {"write-gltf", Use::kWrites, true,  FacetFiles<WriteGltf>},
     {"write-3mf",  Use::kWrites, true,  FacetFiles<WriteThreeMf>},
@@ -230,7 +241,10 @@ Arguments ArgumentsOf(const Order& order, char** arguments) {
     given.tolerance = {RealOrZero(next[0]), RealOrZero(next[1])};
     next += 2;
   }
-  if (order.use == Use::kWrites) given.files = *next;
+  if (order.use == Use::kWrites) {
+    given.files = *next++;
+    given.time = *next;
+  }
   return given;
 }
 

@@ -71,7 +71,7 @@ class ReportingBytes final : public std::streambuf {
   std::array<char, std::size_t{1} << 16U> block_;
 };
 
-Result<TopoDS_Shape> ReadStep(const fs::path& file) {
+Result<FileShape> ReadStep(const fs::path& file) {
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("xstep.cascade.unit", "MM");
   STEPControl_Reader reader;
@@ -83,7 +83,7 @@ Result<TopoDS_Shape> ReadStep(const fs::path& file) {
   const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
   reader.TransferRoots(reporter->Start());
   const TopoDS_Shape shape = reader.OneShape();
-  if (!shape.IsNull()) return shape;
+  if (!shape.IsNull()) return FileShape{shape, reader.NbShapes()};
   return Fault{"holds no body" + ReasonForNoBody(reader.StepModel()) + FirstKernelMessage()};
 }
 
@@ -211,13 +211,20 @@ Result<TopoDS_Shape> ReadIges(const fs::path& file) {
   return Sewn(shape);
 }
 
+/// The formats whose files have no roots, or a root for each face.
+template <Result<TopoDS_Shape> read(const fs::path& file)>
+Result<FileShape> AsOne(const fs::path& file) {
+  VANZET_TRY(const auto shape, read(file));
+  return FileShape{shape};
+}
+
 struct Reader {
   std::string_view ending;
-  Result<TopoDS_Shape> (*read)(const fs::path& file);
+  Result<FileShape> (*read)(const fs::path& file);
 };
 constexpr Reader kReaders[] = {
-    {".step", ReadStep}, {".stp", ReadStep},  {".stl", ReadStl},     {".brep", ReadBrep},
-    {".igs", ReadIges},  {".iges", ReadIges}, {".3mf", ReadThreeMf},
+    {".step", ReadStep},       {".stp", ReadStep},         {".stl", AsOne<ReadStl>},      {".brep", AsOne<ReadBrep>},
+    {".igs", AsOne<ReadIges>}, {".iges", AsOne<ReadIges>}, {".3mf", AsOne<ReadThreeMf>},
 };
 
 Result<void> CheckReach(const TopoDS_Shape& shape) {
@@ -235,7 +242,7 @@ Result<void> CheckReach(const TopoDS_Shape& shape) {
 
 }  // namespace
 
-Result<TopoDS_Shape> ReadFile(const fs::path& file) {
+Result<FileShape> ReadFile(const fs::path& file) {
   if (!fs::is_regular_file(file)) {
     if (fs::exists(file)) return Fault{"not a regular file"};
     return Fault{.text = "does not exist", .kind = FaultKind::kMissing};
@@ -243,22 +250,22 @@ Result<TopoDS_Shape> ReadFile(const fs::path& file) {
   if (!std::ifstream(file)) return Fault{"cannot be read"};
   for (const Reader& reader : kReaders) {
     if (!EqualWithoutCase(reader.ending, file.extension().string())) continue;
-    VANZET_TRY(auto shape, reader.read(file));
-    VANZET_TRY(const auto faces, CountFaces(shape));
+    VANZET_TRY(auto read, reader.read(file));
+    VANZET_TRY(const auto faces, CountFaces(read.shape));
     if (faces == 0) {
       return Fault{"holds no body" + FirstKernelMessage()};
     }
-    VANZET_DO(CheckReach(shape));
-    return shape;
+    VANZET_DO(CheckReach(read.shape));
+    return read;
   }
   return Fault{"does not end with .step, .stp, .iges, .igs, .brep, .stl or .3mf"};
 }
 
-ReadBody AnswerOf(const TopoDS_Shape& shape) {
-  if (HasFacetsOnly(shape)) return {FacetsOf(shape), {}};
+ReadBody AnswerOf(const FileShape& read) {
+  if (HasFacetsOnly(read.shape)) return {.facets = FacetsOf(read.shape), .surfaces = {}};
   std::ostringstream bytes;
-  BinTools::Write(shape, bytes);
-  return {std::nullopt, std::move(bytes).str()};
+  BinTools::Write(read.shape, bytes);
+  return {.facets = std::nullopt, .surfaces = std::move(bytes).str(), .roots = read.roots};
 }
 
 }  // namespace vanzet::modeller

@@ -5,9 +5,27 @@
 #include <BRep_Builder.hxx>
 #include <Interface_Static.hxx>
 #include <STEPCAFControl_Writer.hxx>
+#include <STEPConstruct.hxx>
+#include <STEPConstruct_DataMapOfAsciiStringTransient.hxx>
+#include <STEPConstruct_DataMapOfPointTransient.hxx>
+#include <STEPConstruct_Styles.hxx>
 #include <STEPControl_Controller.hxx>
 #include <StepData_StepModel.hxx>
+#include <StepGeom_Axis2Placement3d.hxx>
+#include <StepGeom_CartesianPoint.hxx>
+#include <StepGeom_Direction.hxx>
+#include <StepRepr_HArray1OfRepresentationItem.hxx>
+#include <StepRepr_RepresentationContext.hxx>
+#include <StepShape_ShapeRepresentation.hxx>
+#include <StepVisual_Colour.hxx>
+#include <StepVisual_MechanicalDesignGeometricPresentationRepresentation.hxx>
+#include <StepVisual_PresentationStyleAssignment.hxx>
+#include <StepVisual_StyledItem.hxx>
+#include <TColStd_HArray1OfReal.hxx>
+#include <Transfer_FinderProcess.hxx>
+#include <XSControl_WorkSession.hxx>
 #include <TopoDS_Edge.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <TopoDS_Shell.hxx>
 #include <TopoDS_Solid.hxx>
 #include <TopoDS_Vertex.hxx>
@@ -15,6 +33,7 @@
 #include <algorithm>
 #include <gp_Pln.hxx>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "modeller/exchange/document.h"
@@ -95,18 +114,121 @@ TopoDS_Shape FacetShell(const TopoDS_Shape& facets) {
   return maker.Finish();
 }
 
-Handle(TCollection_HAsciiString) Text(const char* text) {
-  return new TCollection_HAsciiString(text);
+Handle(TCollection_HAsciiString) Text(const std::string& text) {
+  return new TCollection_HAsciiString(text.c_str());
 }
 
-/// Says in the head of a file what made it. Nobody is named as its author.
-void WriteHead(STEPCAFControl_Writer& writer, const std::string& name) {
-  APIHeaderSection_MakeHeader head(writer.ChangeWriter().Model());
-  head.SetName(Text(name.c_str()));
+/// Says in the head of a file what made it, and when. Nobody is named as its author.
+void WriteHead(const Handle(StepData_StepModel) & model, const std::string& name, const std::string& time) {
+  APIHeaderSection_MakeHeader head(model);
+  head.SetName(Text(name));
   head.SetAuthorValue(1, Text(""));
   head.SetOrganizationValue(1, Text(""));
   head.SetOriginatingSystem(Text("vanzet"));
   head.SetAuthorisation(Text(""));
+  if (!time.empty()) head.SetTimeStamp(Text(time));
+}
+
+/// The representations of shapes, in the order of the model: the first is that of the root.
+std::vector<Handle(StepShape_ShapeRepresentation)> RepresentationsOf(const Handle(StepData_StepModel) & model) {
+  std::vector<Handle(StepShape_ShapeRepresentation)> all;
+  for (int i = 1; i <= model->NbEntities(); ++i) {
+    const auto each = Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(i));
+    if (!each.IsNull() && !each->Items().IsNull()) all.push_back(each);
+  }
+  return all;
+}
+
+/// Gives bodies their colours one after the other: the order in which Open CASCADE does it for a document
+/// depends on addresses in memory.
+class ColourWriter {
+ public:
+  explicit ColourWriter(const Handle(XSControl_WorkSession) & session, const Handle(StepData_StepModel) & model)
+      : session_(session), representations_(RepresentationsOf(model)) {}
+
+  void Write(const ParcelBody& body) {
+    STEPConstruct_Styles styles(session_);
+    const Quantity_ColorRGBA colour = ColourOf(body.appearance);
+    const auto encoded = STEPConstruct_Styles::EncodeColor(colour.GetRGB(), predefined_, mixed_);
+    const double transparency = 1 - static_cast<double>(colour.Alpha());
+    const auto seenThrough = transparency > 0 ? encoded : Handle(StepVisual_Colour)();
+    item_.Nullify();
+    AddStyles(body.shape, styles, [&](const Handle(StepRepr_RepresentationItem) & item) {
+      return styles.MakeColorPSA(item, encoded, encoded, seenThrough, transparency);
+    });
+    Handle(StepVisual_MechanicalDesignGeometricPresentationRepresentation) list;
+    if (!item_.IsNull()) styles.CreateMDGPR(ContextOf(item_), list);
+  }
+
+ private:
+  /// A shape without an item of its own is a compound: its parts have items.
+  template <class MakeStyle>
+  void AddStyles(const TopoDS_Shape& shape, STEPConstruct_Styles& styles, const MakeStyle& make) {
+    const auto item = STEPConstruct::FindEntity(styles.FinderProcess(), shape);
+    if (!item.IsNull()) {
+      item_ = item;
+      styles.AddStyle(item, make(item), Handle(StepVisual_StyledItem)());
+      return;
+    }
+    for (TopoDS_Iterator parts(shape); parts.More(); parts.Next()) AddStyles(parts.Value(), styles, make);
+  }
+
+  Handle(StepRepr_RepresentationContext) ContextOf(const Handle(StepRepr_RepresentationItem) & item) const {
+    for (const auto& each : representations_) {
+      for (int i = 1; i <= each->NbItems(); ++i) {
+        if (each->ItemsValue(i) == item) return each->ContextOfItems();
+      }
+    }
+    return representations_.front()->ContextOfItems();
+  }
+
+  Handle(XSControl_WorkSession) session_;
+  std::vector<Handle(StepShape_ShapeRepresentation)> representations_;
+  STEPConstruct_DataMapOfAsciiStringTransient predefined_;
+  STEPConstruct_DataMapOfPointTransient mixed_;
+  Handle(StepRepr_RepresentationItem) item_;
+};
+
+Handle(StepGeom_Axis2Placement3d) PlacementOf(const NamedPlace& place) {
+  const auto& [name, origin, axis, upwards] = place;
+  const auto direction = [](const geometry::Vector3d& along) {
+    const Handle(TColStd_HArray1OfReal) parts = new TColStd_HArray1OfReal(1, 3);
+    parts->SetValue(1, along.dx);
+    parts->SetValue(2, along.dy);
+    parts->SetValue(3, along.dz);
+    const Handle(StepGeom_Direction) made = new StepGeom_Direction;
+    made->Init(Text(""), parts);
+    return made;
+  };
+  const Handle(StepGeom_CartesianPoint) point = new StepGeom_CartesianPoint;
+  point->Init3D(Text(""), origin.x, origin.y, origin.z);
+  const Handle(StepGeom_Axis2Placement3d) made = new StepGeom_Axis2Placement3d;
+  made->Init(Text(name), point, Standard_True, direction(axis), Standard_True, direction(upwards));
+  return made;
+}
+
+/// Adds the places of the bodies to the representation of the root.
+void WritePlaces(const std::vector<ParcelBody>& bodies, const Handle(StepData_StepModel) & model) {
+  std::vector<Handle(StepGeom_Axis2Placement3d)> placements;
+  std::set<std::string> names;
+  for (const ParcelBody& body : bodies) {
+    for (const NamedPlace& place : body.places) {
+      if (names.insert(place.name).second) placements.push_back(PlacementOf(place));
+    }
+  }
+  const auto representations = RepresentationsOf(model);
+  if (placements.empty() || representations.empty()) return;
+  const auto& root = representations.front();
+  const int before = root->NbItems();
+  const Handle(StepRepr_HArray1OfRepresentationItem) items =
+      new StepRepr_HArray1OfRepresentationItem(1, before + static_cast<int>(placements.size()));
+  for (int i = 1; i <= before; ++i) items->SetValue(i, root->ItemsValue(i));
+  int next = before;
+  for (const auto& placement : placements) {
+    items->SetValue(++next, placement);
+    model->AddWithRefs(placement);
+  }
+  root->SetItems(items);
 }
 
 Fault CannotWrite() {
@@ -121,17 +243,21 @@ void PrepareSurfaces(std::vector<ParcelBody>& bodies) {
   }
 }
 
-Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const fs::path& file) {
+Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const fs::path& file, const std::string& time) {
   // A writer reads the settings when it is made.
   STEPControl_Controller::Init();
   Interface_Static::SetCVal("write.step.unit", "MM");
   STEPCAFControl_Writer writer;
   writer.SetNameMode(Standard_True);
-  writer.SetColorMode(Standard_True);
+  writer.SetColorMode(Standard_False);
   const std::string name = bodies.size() > 1 ? "equipment" : bodies.front().name;
   const Document document(bodies, bodies.size() > 1 ? name : "");
   if (!writer.Transfer(document.handle(), STEPControl_AsIs)) return CannotWrite();
-  WriteHead(writer, name);
+  const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
+  ColourWriter colours(writer.ChangeWriter().WS(), model);
+  for (const ParcelBody& body : bodies) colours.Write(body);
+  WritePlaces(bodies, model);
+  WriteHead(model, name, time);
   if (writer.Write(file.c_str()) != IFSelect_RetDone) return CannotWrite();
   return {};
 }
