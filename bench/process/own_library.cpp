@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <new>
 #include <string>
 #include <system_error>
 
@@ -17,6 +18,17 @@ Fault LoaderFault(const fs::path& library) {
   return Fault{.text = reason == nullptr ? "cannot be loaded" : reason,
                .file = library.string(),
                .kind = FaultKind::kSystem};
+}
+
+/// Opens a library. What the initialisation of one from outside throws has one cause, and is none of the
+/// standard's exceptions. The system's header says that nothing is thrown, which the pointer hides.
+void* Open(const fs::path& library) {
+  void* (*volatile const open)(const char*, int) = dlopen;
+  try {
+    return open(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  } catch (...) {
+    throw std::bad_alloc();
+  }
 }
 
 }  // namespace
@@ -36,7 +48,7 @@ Result<fs::path> FindLibrary(const fs::path& program, const char* file) {
 
 Result<const void*> LoadOwnLibrary(const char* file, const char* function) {
   VANZET_TRY(const auto library, FindLibrary(ProgramFile(), file));
-  void* const loaded = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  void* const loaded = Open(library);
   if (loaded == nullptr) return LoaderFault(library);
   auto* const entry = reinterpret_cast<const void* (*)()>(dlsym(loaded, function));
   if (entry == nullptr) return LoaderFault(library);
