@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <map>
-#include <sstream>
 
 #include "base/near_words.h"
 #include "base/one_line.h"
 #include "base/quote.h"
+#include "base/text_stream.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/hosted_project.h"
@@ -74,7 +74,7 @@ void AssignOperands(LineArguments& arguments) {
 
 std::vector<Line> LinesOf(const std::string& text, const std::string& file) {
   std::vector<Line> lines;
-  std::istringstream stream(text);
+  TextStream stream(text);
   int number = 0;
   for (std::string line; std::getline(stream, line);) {
     ++number;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
+#include "base/text_stream.h"
 #include "view/ids.h"
 
 namespace vanzet::define {
@@ -63,7 +63,7 @@ class Comparison {
 Refusals RefusedBy(const std::string& transcript, const std::vector<Step>& steps, const Script& script) {
   Refusals refusals;
   std::size_t begun = 0;
-  std::istringstream lines(transcript);
+  TextStream lines(transcript);
   for (std::string line; std::getline(lines, line);) {
     const Json event = Json::parse(line, nullptr, false);
     if (!event.is_object()) continue;

@@ -1,6 +1,5 @@
 #include <cmath>
 #include <set>
-#include <sstream>
 
 #include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
@@ -10,6 +9,7 @@
 #include "base/number_text.h"
 #include "base/numbers.h"
 #include "base/quote.h"
+#include "base/text_stream.h"
 #include "modeller/laying.h"
 
 namespace vanzet::modeller {
@@ -82,7 +82,7 @@ Fault UnknownKey(const IniReader& reader, std::string_view name) {
 }
 
 Result<Laying> LayingOf(const std::string& text, const std::string& file) {
-  std::istringstream stream(text);
+  TextStream stream(text);
   IniReader reader(stream, file);
   Laying laying;
   std::set<std::string_view> seen;

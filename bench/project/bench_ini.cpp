@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <set>
-#include <sstream>
 
 #include "base/ini.h"
 #include "base/numbers.h"
 #include "base/quote.h"
+#include "base/text_stream.h"
 
 namespace vanzet::project {
 namespace {
@@ -166,7 +166,7 @@ class Keys {
 };
 
 Result<BenchIni> ReadEntries(const std::string& text, const std::string& name) {
-  std::istringstream stream(text);
+  TextStream stream(text);
   IniReader reader(stream, name);
   IniLine line;
   BenchIni ini;

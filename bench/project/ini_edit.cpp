@@ -1,12 +1,12 @@
 #include "project/ini_edit.h"
 
 #include <algorithm>
-#include <sstream>
 #include <vector>
 
 #include "base/ini.h"
 #include "base/letter_case.h"
 #include "base/quote.h"
+#include "base/text_stream.h"
 
 namespace vanzet::project {
 namespace {
@@ -57,7 +57,7 @@ struct Place {
 };
 
 Place FindPlace(const std::string& text, std::string_view section, std::string_view key) {
-  std::istringstream stream(text);
+  TextStream stream(text);
   IniReader reader(stream);
   IniLine line;
   Place place;

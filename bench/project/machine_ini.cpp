@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <optional>
-#include <sstream>
 
 #include "base/ini.h"
 #include "base/numbers.h"
+#include "base/text_stream.h"
 #include "project/text_file.h"
 
 namespace vanzet::project {
@@ -23,7 +23,7 @@ Result<std::optional<std::string>> TextOf(const std::filesystem::path& file, con
 
 /// A number of the section COMMON; a decimal comma is read as a point.
 double CommonReal(const std::string& text, const char* key) {
-  std::istringstream stream(text);
+  TextStream stream(text);
   std::string value = FindIniValue(stream, "COMMON", key).value_or("");
   std::ranges::replace(value, ',', '.');
   return RealOrZero(value);
@@ -33,14 +33,14 @@ double CommonReal(const std::string& text, const char* key) {
 
 Result<std::int32_t> CountSpindleSpurs(const std::filesystem::path& file, const std::string& name) {
   VANZET_TRY(const auto text, TextOf(file, name));
-  std::istringstream stream(text.value_or(""));
+  TextStream stream(text.value_or(""));
   const std::int32_t stated = IntegerOrZero(FindIniValue(stream, "COMMON", "NR_SPINDEL_SPUR").value_or(""));
   return stated < 1 || stated > kMostSpurs ? 1 : stated;
 }
 
 Result<std::string> ReadMachineName(const std::filesystem::path& file, const std::string& name) {
   VANZET_TRY(const auto text, TextOf(file, name));
-  std::istringstream stream(text.value_or(""));
+  TextStream stream(text.value_or(""));
   return FindIniValue(stream, "COMMON", "MACHINE_NAME").value_or("");
 }
 

@@ -1,15 +1,15 @@
 #include "project/message_catalogue.h"
 
-#include <sstream>
 
 #include "base/ini.h"
 #include "base/numbers.h"
 #include "base/quote.h"
+#include "base/text_stream.h"
 
 namespace vanzet::project {
 
 Result<MessageCatalogue> ReadMessageCatalogue(const std::string& text, const std::string& name) {
-  std::istringstream stream(text);
+  TextStream stream(text);
   IniReader reader(stream, name);
   IniLine line;
   MessageCatalogue messages;
