@@ -235,7 +235,8 @@ Result<void> Lay(const LayArguments& arguments) {
   VANZET_TRY(const auto box, modeller::Extents(laid));
   VANZET_TRY(const auto mesh, modeller::MeshOf(laid, {}));
   VANZET_DO(modeller::WriteLaying(path, laying));
-  for (const std::string& doubt : modeller::DoubtsAbout(laid, mesh, modeller::Role::kTurned, arguments.unit)) {
+  for (const std::string& doubt :
+       modeller::DoubtsAbout(laid, mesh, modeller::Role::kTurned, arguments.unit)) {
     std::cerr << "vanzet: " + OneLine(arguments.file + ": " + doubt) + "\n";
   }
   return Print(modeller::LayingFileOf(arguments.file).string() + ": " + FromTo(box, arguments.unit) + "\n");
@@ -244,9 +245,10 @@ Result<void> Lay(const LayArguments& arguments) {
 void CheckLaying(const LayArguments& arguments) {
   const bool isByHand = !arguments.axis.empty() || !arguments.looking.empty() || arguments.face;
   if (!arguments.placement.empty() && (isByHand || arguments.isAutomatic)) {
-    throw WrongUsage{"",
-                     "--placement says how the body lies; --auto, --looking, --axis and --face have no effect "
-                     "beside it"};
+    throw WrongUsage{
+        "",
+        "--placement says how the body lies; --auto, --looking, --axis and --face have no effect "
+        "beside it"};
   }
   if (arguments.isAutomatic && !arguments.axis.empty()) {
     throw WrongUsage{"", "--auto finds the axis; --axis has no effect beside it"};
@@ -296,10 +298,11 @@ void AddBodyLay(Command& body) {
                     StoreReal(arguments->turn));
   command.AddFlag("--auto", "find the axis from the largest cylinder, and the front from where the body ends",
                   arguments->isAutomatic);
-  command.AddOption("--placement", "NAME",
-                    "lie as a coordinate system of a STEP file says: its z is the axis and looks to the front, "
-                    "its x is up, its origin is on the front",
-                    StoreText(arguments->placement));
+  command.AddOption(
+      "--placement", "NAME",
+      "lie as a coordinate system of a STEP file says: its z is the axis and looks to the front, "
+      "its x is up, its origin is on the front",
+      StoreText(arguments->placement));
   AddUnit(command, arguments->unit);
   AddLimit(command, arguments->limit);
   command.notes =

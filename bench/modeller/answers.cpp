@@ -98,7 +98,8 @@ void Pack(const FileDescription& description, std::ostream& bytes) {
   PackList(description.unit, bytes);
   const auto parts = static_cast<double>(description.parts.size());
   const auto places = static_cast<double>(description.places.size());
-  PackList<Numbers>({description.hasSurfaces ? 1.0 : 0.0, description.round ? 1.0 : 0.0, parts, places}, bytes);
+  PackList<Numbers>({description.hasSurfaces ? 1.0 : 0.0, description.round ? 1.0 : 0.0, parts, places},
+                    bytes);
   for (const PartDescription& part : description.parts) {
     PackList(part.name, bytes);
     PackList<Numbers>({part.isSolid ? 1.0 : 0.0}, bytes);
@@ -108,8 +109,8 @@ void Pack(const FileDescription& description, std::ostream& bytes) {
   for (const NamedPlace& place : description.places) {
     const auto& [name, origin, axis, upwards] = place;
     PackList(name, bytes);
-    PackList<Numbers>({origin.x, origin.y, origin.z, axis.dx, axis.dy, axis.dz, upwards.dx, upwards.dy, upwards.dz},
-                      bytes);
+    PackList<Numbers>(
+        {origin.x, origin.y, origin.z, axis.dx, axis.dy, axis.dz, upwards.dx, upwards.dy, upwards.dz}, bytes);
   }
   if (!description.round) return;
   const auto& [axis, radius] = *description.round;

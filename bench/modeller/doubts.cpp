@@ -52,7 +52,8 @@ std::vector<std::string> DoubtsAbout(const Mesh& laid, Role role, LengthUnit uni
 std::vector<std::string> DoubtsAbout(const Body& laid, const Mesh& mesh, Role role, LengthUnit unit) {
   std::vector<std::string> doubts = DoubtsAbout(mesh, role, unit);
   if (const int roots = RootsOf(laid); roots > 1) {
-    doubts.push_back("has " + std::to_string(roots) + " bodies that no assembly holds together; all of them are used");
+    doubts.push_back("has " + std::to_string(roots) +
+                     " bodies that no assembly holds together; all of them are used");
   }
   return doubts;
 }

@@ -111,8 +111,8 @@ std::string OrderToWrite(ExportFormat format) {
 
 /// The files of a format that the exchange program writes: it runs once for all of them.
 Result<void> MakeFilesByExchange(const Bodies& bodies, const std::vector<FileBodies>& files,
-                                 ExportFormat format, const FileOptions& options,
-                                 const Exchange& exchange, const TakeContent& take) {
+                                 ExportFormat format, const FileOptions& options, const Exchange& exchange,
+                                 const TakeContent& take) {
   VANZET_TRY(const auto parcel, MemoryFile::Make());
   VANZET_DO(Pack(bodies, parcel));
   VANZET_TRY(const auto file, TemporaryFile::Make(EndingOf(format)));
@@ -159,7 +159,8 @@ Result<void> MakeFiles(const Bodies& bodies, const std::vector<FileBodies>& file
   if (std::ranges::any_of(files, &FileBodies::empty)) return Fault{"no body to write"};
   VANZET_TRY(const auto placed, PlaceBodies(bodies));
   const auto* const meshFormat = std::ranges::find(kMeshFormats, format, &MeshFormat::format);
-  if (meshFormat != std::end(kMeshFormats)) return MakeMeshFiles(placed, files, *meshFormat, options.fineness, take);
+  if (meshFormat != std::end(kMeshFormats))
+    return MakeMeshFiles(placed, files, *meshFormat, options.fineness, take);
   return MakeFilesByExchange(placed, files, format, options, exchange, take);
 }
 

@@ -65,7 +65,8 @@ NamedPlace PlaceOfLine(std::string_view line) {
     line.remove_prefix(number->used);
   }
   const auto& [x, y, z, dx, dy, dz, ux, uy, uz] = parts;
-  return {std::string(line.substr(std::min<std::size_t>(line.size(), 1))), {x, y, z}, {dx, dy, dz}, {ux, uy, uz}};
+  return {
+      std::string(line.substr(std::min<std::size_t>(line.size(), 1))), {x, y, z}, {dx, dy, dz}, {ux, uy, uz}};
 }
 
 Fault Incomplete() {

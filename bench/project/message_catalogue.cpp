@@ -1,6 +1,5 @@
 #include "project/message_catalogue.h"
 
-
 #include "base/ini.h"
 #include "base/numbers.h"
 #include "base/quote.h"

@@ -135,8 +135,8 @@ Result<std::string> EquipmentFile(const scene::Scene& scene, const ExportOptions
                                   const modeller::Exchange& exchange) {
   VANZET_TRY(const Bodies bodies, ChooseBodies(scene, options));
   std::string file;
-  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, {options.fineness, options.time}, exchange,
-                                [&](std::size_t, const std::string& content) {
+  VANZET_DO(modeller::MakeFiles(bodies, {AllOf(bodies)}, options.format, {options.fineness, options.time},
+                                exchange, [&](std::size_t, const std::string& content) {
                                   file = content;
                                   return Result<void>();
                                 }));

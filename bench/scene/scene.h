@@ -48,7 +48,7 @@ struct SceneBody {
   /// The half section from which the body is made, in its own coordinates: x along its axis, y away from it;
   /// of a jaw, y is its height. Nothing for a body that has to be cut to see its section.
   std::optional<geometry::Region> profile = {};
-  std::string solid = {};  ///< the named solid that it is; empty: the body is made otherwise
+  std::string solid = {};           ///< the named solid that it is; empty: the body is made otherwise
   std::optional<Seats> seats = {};  ///< of a device
 };
 

@@ -70,11 +70,11 @@ TEST_F(BodyCommand, LaysWhatADefinitionUses) {
 std::string WithPlacement(std::string text, const std::string& name) {
   const auto items = text.find(",", text.find("_REPRESENTATION('',(#"));
   text.insert(items, ",#9001");
-  return text.insert(text.rfind("ENDSEC;"),
-                     "#9001 = AXIS2_PLACEMENT_3D('" + name + "',#9002,#9003,#9004);\n"
-                     "#9002 = CARTESIAN_POINT('',(12.,-3.,130.));\n"
-                     "#9003 = DIRECTION('',(0.,0.,1.));\n"
-                     "#9004 = DIRECTION('',(0.,1.,0.));\n");
+  return text.insert(text.rfind("ENDSEC;"), "#9001 = AXIS2_PLACEMENT_3D('" + name +
+                                                "',#9002,#9003,#9004);\n"
+                                                "#9002 = CARTESIAN_POINT('',(12.,-3.,130.));\n"
+                                                "#9003 = DIRECTION('',(0.,0.,1.));\n"
+                                                "#9004 = DIRECTION('',(0.,1.,0.));\n");
 }
 
 TEST_F(BodyCommand, LaysByANamedPlacement) {
@@ -86,7 +86,8 @@ TEST_F(BodyCommand, LaysByANamedPlacement) {
   EXPECT_EQ(json["placements"][0]["origin"], (Json{12.0, -3.0, 130.0}));
   EXPECT_EQ(Vanzet("body lay lathe/bodies/shaft.step --placement front").out,
             "lathe/bodies/shaft.lay: -100, -20, -20 to 0, 20, 20 mm\n");
-  EXPECT_THAT(ReadBytes(folder / "lathe/bodies/shaft.lay"), HasSubstr("looking = z\naxis = 12, -3, 130\nface = 130\n"));
+  EXPECT_THAT(ReadBytes(folder / "lathe/bodies/shaft.lay"),
+              HasSubstr("looking = z\naxis = 12, -3, 130\nface = 130\n"));
   const Outcome missing = Vanzet("body lay lathe/bodies/shaft.step --placement back");
   EXPECT_EQ(missing.status, 1);
   EXPECT_EQ(missing.err, "vanzet: lathe/bodies/shaft.step: has no placement 'back'; it has 'front'\n");
@@ -103,7 +104,8 @@ TEST_F(BodyCommand, LaysWhatItExportedWhereItWas) {
   const Json shown = Json::parse(Vanzet("body show models/equipment.step --json").out);
   std::set<std::string> names;
   for (const Json& place : shown["placements"]) names.insert(place["name"]);
-  EXPECT_THAT(names, testing::IsSupersetOf({"main datum", "main chuck plug", "main chuck socket", "main jaw 1 plug"}));
+  EXPECT_THAT(names, testing::IsSupersetOf(
+                         {"main datum", "main chuck plug", "main chuck socket", "main jaw 1 plug"}));
   const Json before = Json::parse(exported.out)["files"][0]["bodies"][0]["box"];
   ASSERT_EQ(Vanzet("body lay models/main-chuck.step --placement 'main datum'").status, 0);
   const Json lies = Json::parse(Vanzet("body show models/main-chuck.step --json").out)["lies"];

@@ -162,7 +162,8 @@ TEST_F(Exports, StepSaysWhatMadeIt) {
 TEST_F(Exports, StepOfTheSameTimeIsTheSameByteForByte) {
   for (int i = 0; i < 6; ++i) {
     const double part = i / 6.0;
-    bodies_.push_back({"brick " + std::to_string(i), BodyOf(Brick(1 + i, 2, 3)), {}, {{part, 1 - part, 0.5}}});
+    bodies_.push_back(
+        {"brick " + std::to_string(i), BodyOf(Brick(1 + i, 2, 3)), {}, {{part, 1 - part, 0.5}}});
   }
   std::set<std::string> contents;
   const FileOptions options{.fineness = {}, .time = "2026-11-22T09:00:00Z"};

@@ -2,8 +2,8 @@
 
 #include <TopoDS_Shape.hxx>
 #include <filesystem>
-#include <vector>
 #include <string>
+#include <vector>
 
 #include "modeller/exchange.h"
 

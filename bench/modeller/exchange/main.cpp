@@ -162,9 +162,10 @@ Result<void> WriteFiles(const std::vector<ParcelBody>& bodies, const Arguments& 
 Result<void> StepFiles(const Arguments& given) {
   VANZET_TRY(auto bodies, ReadParcel());
   PrepareSurfaces(bodies);
-  return WriteFiles(bodies, given, [&](const std::vector<ParcelBody>& ofFile, const std::filesystem::path& file) {
-    return WriteStep(ofFile, file, given.time);
-  });
+  return WriteFiles(bodies, given,
+                    [&](const std::vector<ParcelBody>& ofFile, const std::filesystem::path& file) {
+                      return WriteStep(ofFile, file, given.time);
+                    });
 }
 
 template <Write write>

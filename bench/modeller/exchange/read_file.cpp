@@ -223,8 +223,9 @@ struct Reader {
   Result<FileShape> (*read)(const fs::path& file);
 };
 constexpr Reader kReaders[] = {
-    {".step", ReadStep},       {".stp", ReadStep},         {".stl", AsOne<ReadStl>},      {".brep", AsOne<ReadBrep>},
-    {".igs", AsOne<ReadIges>}, {".iges", AsOne<ReadIges>}, {".3mf", AsOne<ReadThreeMf>},
+    {".step", ReadStep},          {".stp", ReadStep},        {".stl", AsOne<ReadStl>},
+    {".brep", AsOne<ReadBrep>},   {".igs", AsOne<ReadIges>}, {".iges", AsOne<ReadIges>},
+    {".3mf", AsOne<ReadThreeMf>},
 };
 
 Result<void> CheckReach(const TopoDS_Shape& shape) {

@@ -22,14 +22,14 @@
 #include <StepVisual_PresentationStyleAssignment.hxx>
 #include <StepVisual_StyledItem.hxx>
 #include <TColStd_HArray1OfReal.hxx>
-#include <Transfer_FinderProcess.hxx>
-#include <XSControl_WorkSession.hxx>
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <TopoDS_Shell.hxx>
 #include <TopoDS_Solid.hxx>
 #include <TopoDS_Vertex.hxx>
 #include <TopoDS_Wire.hxx>
+#include <Transfer_FinderProcess.hxx>
+#include <XSControl_WorkSession.hxx>
 #include <algorithm>
 #include <gp_Pln.hxx>
 #include <map>
@@ -130,7 +130,8 @@ void WriteHead(const Handle(StepData_StepModel) & model, const std::string& name
 }
 
 /// The representations of shapes, in the order of the model: the first is that of the root.
-std::vector<Handle(StepShape_ShapeRepresentation)> RepresentationsOf(const Handle(StepData_StepModel) & model) {
+std::vector<Handle(StepShape_ShapeRepresentation)> RepresentationsOf(const Handle(StepData_StepModel) &
+                                                                     model) {
   std::vector<Handle(StepShape_ShapeRepresentation)> all;
   for (int i = 1; i <= model->NbEntities(); ++i) {
     const auto each = Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(i));
@@ -143,7 +144,8 @@ std::vector<Handle(StepShape_ShapeRepresentation)> RepresentationsOf(const Handl
 /// depends on addresses in memory.
 class ColourWriter {
  public:
-  explicit ColourWriter(const Handle(XSControl_WorkSession) & session, const Handle(StepData_StepModel) & model)
+  explicit ColourWriter(const Handle(XSControl_WorkSession) & session,
+                        const Handle(StepData_StepModel) & model)
       : session_(session), representations_(RepresentationsOf(model)) {}
 
   void Write(const ParcelBody& body) {
