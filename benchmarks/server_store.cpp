@@ -12,8 +12,8 @@
 #include <memory>
 
 #include "support.h"
-#include "vdm/postgres_engine.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
+#include "vdm/postgres/engine.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "fuzz/fuzz.h"
 #include "fuzz/input_file.h"
 #include "project/definition.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace {
 

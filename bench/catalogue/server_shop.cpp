@@ -5,8 +5,8 @@
 #include <span>
 
 #include "vdm/commit_origin.h"
-#include "vdm/postgres_schema.h"
-#include "vdm/postgres_watch.h"
+#include "vdm/postgres/schema.h"
+#include "vdm/postgres/watch.h"
 
 namespace vanzet::catalogue {
 namespace {

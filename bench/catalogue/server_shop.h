@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "catalogue/device_rows.h"
-#include "vdm/postgres_session.h"
-#include "vdm/postgres_transaction.h"
+#include "vdm/postgres/session.h"
+#include "vdm/postgres/transaction.h"
 
 namespace vanzet::catalogue {
 

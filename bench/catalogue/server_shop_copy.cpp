@@ -2,7 +2,7 @@
 #include <span>
 
 #include "catalogue/server_shop.h"
-#include "vdm/postgres_schema.h"
+#include "vdm/postgres/schema.h"
 
 namespace vanzet::catalogue {
 namespace {

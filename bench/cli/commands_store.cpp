@@ -19,8 +19,8 @@
 #include "project/project_store.h"
 #include "project/run_folder.h"
 #include "project/settings_file.h"
-#include "vdm/sqlite_engine.h"
-#include "vdm/store_care.h"
+#include "vdm/embedded/engine.h"
+#include "vdm/embedded/store_care.h"
 
 /// The commands that look after what a project has stored.
 namespace vanzet::cli {

@@ -6,7 +6,7 @@
 #include "base/files/regular_file.h"
 #include "catalogue/shop_copy.h"
 #include "drawing/board.h"
-#include "vdm/postgres_file.h"
+#include "vdm/postgres/file.h"
 
 namespace vanzet::cli {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "base/files/system_fault.h"
 #include "project/catalogue.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::cli {
 namespace {

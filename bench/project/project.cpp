@@ -10,7 +10,7 @@
 #include "project/machine_ini.h"
 #include "project/project_store.h"
 #include "project/text_file.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::project {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "project/project.h"
 #include "vdm/commit_origin.h"
-#include "vdm/postgres_engine.h"
+#include "vdm/postgres/engine.h"
 #include "vdm/store.h"
 
 namespace vanzet::project {

@@ -8,7 +8,8 @@
 #include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "vdm/checksum.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
+#include "vdm/embedded/vdm_locks.h"
 
 namespace vanzet::vdm {
 namespace {

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
 
 #include "vdm/open_vdm.h"
 #include "vdm/store_engine.h"
-#include "vdm/vdm_locks.h"
+#include "vdm/store_locks.h"
 
 namespace vanzet::vdm {
 

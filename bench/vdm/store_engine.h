@@ -67,7 +67,7 @@ using GenerationVisitor = std::function<Result<void>(const PastGeneration&)>;
 /// Passes generations to a visitor, by rising number; its fault, or that of the visitor, ends it.
 using GenerationSource = std::function<Result<void>(const GenerationVisitor&)>;
 
-/// Keeps closed VDMs, for this process and others. Who may write is the business of `VdmLocks`.
+/// Keeps closed VDMs, for this process and others. Who may write is the business of `StoreLocks`.
 ///
 /// Shape      numbers, each with the last content written under it, and its contents of former generations as
 ///            far as they are kept; and the text file of a commit until `FinishFile`, so that a process that

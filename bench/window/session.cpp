@@ -3,7 +3,7 @@
 #include "api/module.h"
 #include "api/upgrade.h"
 #include "project/project_store.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::window {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "api/host_fixture.h"
 #include "vdm/checksum.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::test {
 namespace {

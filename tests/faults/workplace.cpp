@@ -10,7 +10,7 @@
 #include <set>
 
 #include "support/places.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::faults {
 namespace {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "vdm/postgres_engine.h"
+#include "vdm/postgres/engine.h"
 
 /// The PostgreSQL server of the tests, which `tools/with-postgres` starts for them.
 namespace vanzet::test {

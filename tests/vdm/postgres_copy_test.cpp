@@ -1,6 +1,6 @@
 #include "support/memory_engine.h"
+#include "vdm/embedded/engine.h"
 #include "vdm/server_store.h"
-#include "vdm/sqlite_engine.h"
 
 namespace vanzet::vdm {
 namespace {

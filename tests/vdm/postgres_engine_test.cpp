@@ -1,4 +1,4 @@
-#include "vdm/postgres_engine.h"
+#include "vdm/postgres/engine.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>

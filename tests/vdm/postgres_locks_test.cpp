@@ -1,4 +1,4 @@
-#include "vdm/postgres_locks.h"
+#include "vdm/postgres/locks.h"
 
 #include <thread>
 

@@ -1,4 +1,4 @@
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "vdm/store_care.h"
+#include "vdm/embedded/store_care.h"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -6,7 +6,7 @@
 #include "support/engine_calls.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::vdm {
 namespace {

@@ -7,7 +7,7 @@
 #include "support/temporary_folder.h"
 #include "support/test_server.h"
 #include "support/vdm_values.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
 
 namespace vanzet::vdm {
 namespace {

@@ -4,9 +4,9 @@
 #include "support/places.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
-#include "vdm/sqlite_engine.h"
-#include "vdm/store_care.h"
-#include "vdm/store_schema.h"
+#include "vdm/embedded/engine.h"
+#include "vdm/embedded/schema.h"
+#include "vdm/embedded/store_care.h"
 
 namespace vanzet::vdm {
 namespace {

@@ -5,7 +5,8 @@
 #include "support/memory_engine.h"
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
-#include "vdm/sqlite_engine.h"
+#include "vdm/embedded/engine.h"
+#include "vdm/embedded/vdm_locks.h"
 
 namespace vanzet::vdm {
 namespace {

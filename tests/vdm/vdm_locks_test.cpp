@@ -1,4 +1,4 @@
-#include "vdm/vdm_locks.h"
+#include "vdm/embedded/vdm_locks.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include "support/temporary_folder.h"
 #include "support/vdm_values.h"
 #include "vdm/commit_origin.h"
-#include "vdm/lock_file_holders.h"
+#include "vdm/embedded/lock_file_holders.h"
 
 namespace vanzet::vdm {
 namespace {

@@ -7,7 +7,7 @@
 #include "support/child.h"
 #include "support/places.h"
 #include "support/test_server.h"
-#include "vdm/vdm_locks.h"
+#include "vdm/embedded/vdm_locks.h"
 #include "window/watch/holders_label.h"
 #include "window_fixture.h"
 

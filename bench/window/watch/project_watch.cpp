@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "vdm/lock_file_holders.h"
+#include "vdm/embedded/lock_file_holders.h"
 #include "window/qt_text.h"
 
 namespace vanzet::window {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "project/store_place.h"
-#include "vdm/postgres_watch.h"
+#include "vdm/postgres/watch.h"
 
 namespace vanzet::window {
 
