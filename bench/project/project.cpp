@@ -111,7 +111,7 @@ void Project::FinishFormerCommit() {
   const auto session = SessionAt(settings_.store);
   // A store that cannot be used is reported by those who use it.
   static_cast<void>(StoreAt(settings_.store, folder_, session).FinishFormerCommit());
-  idle_ = std::make_shared<IdleSession>(session);
+  idle_ = std::make_shared<IdleSession>(settings_.store, session);
 }
 
 Result<void> Project::ReadMessages(const fs::path& share) {

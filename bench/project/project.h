@@ -54,8 +54,8 @@ class Project {
   /// The number of spindle spurs of the machine.
   Result<std::int32_t> SpindleSpurs() const;
 
-  /// The session that opened the project's store on a server, for the first store that asks; null otherwise.
-  std::shared_ptr<vdm::PostgresSession> TakeSession() const { return idle_->Take(); }
+  /// The connection to the project's server, for a store; null where the store is a file.
+  std::shared_ptr<vdm::PostgresSession> LendSession() const { return idle_->Lend(); }
 
   /// The number of the VDM that holds the definition of a spur.
   std::uint32_t DefinitionOf(std::int32_t spur) const;

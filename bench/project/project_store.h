@@ -32,7 +32,7 @@ inline vdm::VdmStore StoreAt(const StorePlace& place, const std::filesystem::pat
 
 /// The store of a project, as its settings say.
 inline vdm::VdmStore StoreOf(const Project& project) {
-  return StoreAt(project.settings().store, project.folder(), project.TakeSession());
+  return StoreAt(project.settings().store, project.folder(), project.LendSession());
 }
 
 }  // namespace vanzet::project

@@ -2,6 +2,7 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <optional>
 #include <random>
 
 #include "project/project_store.h"
@@ -17,25 +18,76 @@ std::size_t Count(const std::string& text, std::string_view part) {
   return count;
 }
 
-TEST(ProjectOnAServer, IsOpenedAndReadOverOneConnection) {
-  const auto server = Server::Make({"log_connections=on"});
-  const TemporaryFolder folder;
-  WriteBytes(folder / "bench.ini", "[store]\nengine=" + server->Text() + "\n");
-  const std::size_t before = Count(server->Log(), "connection authorized");
-  const auto project = project::Project::Open(folder.path(), folder.path());
-  ASSERT_TRUE(project) << project.fault().Message();
-  {
-    vdm::VdmStore store = project::StoreOf(*project);
-    EXPECT_TRUE(store.Replace(1, VdmOf({{"a"}})));
+/// An open project whose store is on a server that counts connections.
+class ConnectedProject : public testing::Test {
+ protected:
+  ConnectedProject() {
+    WriteBytes(folder_ / "bench.ini", "[store]\nengine=" + server_->Text() + "\n");
+    const std::size_t before = Connections();
+    project_.emplace(project::Project::Open(folder_.path(), folder_.path()));
+    EXPECT_TRUE(*project_) << project_->fault().Message();
+    before_ = before;
+  }
+
+  const project::Project& Project() const { return **project_; }
+  std::size_t Made() const { return Connections() - before_; }
+  Server& server() const { return *server_; }
+
+  /// The text that a store of a moment reads, or the reason that it cannot.
+  std::string First() const {
+    const auto content = project::StoreOf(Project()).Snapshot(1);
+    return content ? RecordsOf(*content).at(0).at(0) : content.fault().Message();
+  }
+  void Write(const std::string& text) const {
+    vdm::VdmStore store = project::StoreOf(Project());
+    EXPECT_TRUE(store.Replace(1, VdmOf({{text}})));
     EXPECT_TRUE(store.Commit("test"));
-    EXPECT_EQ(Count(server->Log(), "connection authorized"), before + 1);
-    // A second store at the same time has a connection and locks of its own.
-    EXPECT_TRUE(store.Hold());
-    vdm::VdmStore second = project::StoreOf(*project);
+  }
+
+ private:
+  std::size_t Connections() const { return Count(server_->Log(), "application_name=vanzet "); }
+
+  const std::unique_ptr<Server> server_ = Server::Make({"log_connections=on"});
+  const TemporaryFolder folder_;
+  std::optional<Result<project::Project>> project_;
+  std::size_t before_ = 0;
+};
+
+TEST_F(ConnectedProject, UsesOneConnectionForAllItsStores) {
+  Write("a");
+  EXPECT_EQ(First(), "a");
+  Write("b");
+  EXPECT_EQ(First(), "b");
+  EXPECT_EQ(Made(), 1U);
+}
+
+TEST_F(ConnectedProject, HasAConnectionForEachOfTwoStoresAtATime) {
+  {
+    vdm::VdmStore store = project::StoreOf(Project()), second = project::StoreOf(Project());
     second.WaitAtMost(std::chrono::milliseconds(0));
+    EXPECT_TRUE(store.Hold());
     EXPECT_EQ(second.Hold().fault().kind, FaultKind::kBusy);
   }
-  EXPECT_EQ(Count(server->Log(), "connection authorized"), before + 2);
+  EXPECT_EQ(Made(), 2U);
+  Write("a");
+  EXPECT_EQ(First(), "a");
+  EXPECT_EQ(Made(), 2U);
+}
+
+TEST_F(ConnectedProject, ConnectsAgainWhenTheServerHasEndedTheIdleConnection) {
+  Write("a");
+  server().Sql(
+      "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE application_name LIKE 'vanzet%'");
+  EXPECT_EQ(First(), "a");
+  EXPECT_EQ(Made(), 2U);
+}
+
+TEST_F(ConnectedProject, ReadsFromAServerThatWasStartedAgain) {
+  Write("a");
+  server().Stop();
+  EXPECT_THAT(First(), testing::HasSubstr("cannot be reached"));
+  server().Start();
+  EXPECT_EQ(First(), "a");
 }
 
 /// A disk of a few megabytes for the tables of a server.

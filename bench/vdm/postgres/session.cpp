@@ -1,5 +1,7 @@
 #include "vdm/postgres/session.h"
 
+#include <poll.h>
+
 #include <algorithm>
 
 #include "vdm/postgres/schema.h"
@@ -49,6 +51,13 @@ Result<PostgresConnection*> PostgresSession::Connection() {
 Result<PostgresConnection*> PostgresSession::ConnectionOf(int count) const {
   if (count == connections_ && !connection_->IsBroken()) return connection_.get();
   return connection_->FaultOf("the connection broke", FaultKind::kSystem);
+}
+
+bool PostgresSession::IsIdle() {
+  if (connection_ == nullptr || !held_.empty() || connection_->IsBroken()) return false;
+  // A server that is not asked says nothing but its farewell.
+  pollfd said = {connection_->Descriptor(), POLLIN, 0};
+  return poll(&said, 1, 0) == 0;
 }
 
 Result<void> PostgresSession::Connect() {

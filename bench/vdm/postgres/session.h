@@ -43,6 +43,10 @@ class PostgresSession {
   /// The same connection as when `Connections` was `count`. Fails when it broke since.
   Result<PostgresConnection*> ConnectionOf(int count) const;
 
+  /// True when it is connected and holds no lock: another store may use it. Does not ask the server, so that
+  /// a machine that vanished is not noticed.
+  bool IsIdle();
+
   /// The number of connections that were made.
   int Connections() const { return connections_; }
 
