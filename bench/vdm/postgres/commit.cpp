@@ -22,8 +22,9 @@ constexpr std::string_view kEndPlaces = R"(
   WHERE p.project=$1 AND p.vdm=ended.vdm AND p.last=9223372036854775807 AND p.position=ended.position)";
 constexpr std::string_view kAddPlaces = R"(
   INSERT INTO vanzet.place(project, vdm, last, position, first, record)
-  SELECT $1, vdm, 9223372036854775807, position, $5, record
-  FROM unnest($2::bigint[], $3::bigint[], $4::bigint[]) AS added(vdm, position, record))";
+  SELECT $1, vdm, 9223372036854775807, position + i, $6, record + i
+  FROM unnest($2::bigint[], $3::bigint[], $4::bigint[], $5::bigint[]) AS run(vdm, position, record, size),
+       generate_series(0, size - 1) AS i)";
 constexpr std::string_view kAddRecords = R"(
   INSERT INTO vanzet.record(project, key, items, checksum, content)
   SELECT $1, key, items, checksum, content
@@ -168,12 +169,23 @@ void PostgresCommit::ChangeOrder(Number number, const std::vector<FormerPlace>& 
       endedVdms_.push_back(vdm);
       endedPositions_.push_back(position);
     }
-    if (isNow) {
-      placeVdms_.push_back(vdm);
-      positions_.push_back(position);
-      placeRecords_.push_back(static_cast<std::int64_t>(after[i]));
+    if (isNow) AddPlace(vdm, position, static_cast<std::int64_t>(after[i]));
+  }
+}
+
+void PostgresCommit::AddPlace(std::int64_t vdm, std::int64_t position, std::int64_t record) {
+  if (!runSizes_.empty()) {
+    std::int64_t& size = runSizes_.back();
+    if (runVdms_.back() == vdm && runPositions_.back() + size == position &&
+        runRecords_.back() + size == record && size < std::int64_t{kRowsTogether}) {
+      ++size;
+      return;
     }
   }
+  runVdms_.push_back(vdm);
+  runPositions_.push_back(position);
+  runRecords_.push_back(record);
+  runSizes_.push_back(1);
 }
 
 std::vector<PostgresStatement> PostgresCommit::Statements() const {
@@ -186,10 +198,10 @@ std::vector<PostgresStatement> PostgresCommit::Statements() const {
     statements.push_back(
         {kEndPlaces, {project_, Part(endedVdms_, i), Part(endedPositions_, i), generation_}});
   }
-  for (std::size_t i = 0; i < positions_.size(); i += kRowsTogether) {
-    statements.push_back(
-        {kAddPlaces,
-         {project_, Part(placeVdms_, i), Part(positions_, i), Part(placeRecords_, i), generation_}});
+  for (std::size_t i = 0; i < runSizes_.size(); i += kRowsTogether) {
+    statements.push_back({kAddPlaces,
+                          {project_, Part(runVdms_, i), Part(runPositions_, i), Part(runRecords_, i),
+                           Part(runSizes_, i), generation_}});
   }
   AddRecords(statements);
   return statements;

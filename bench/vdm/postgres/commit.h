@@ -73,12 +73,15 @@ class PostgresCommit {
   RecordKey KeyOf(const NewPlace& place, Former& former);
   void ChangeOrder(Number number, const std::vector<FormerPlace>& before,
                    const std::vector<RecordKey>& after);
+  /// Places that follow each other, with records that do, are one run: the server makes their rows in half
+  /// the time that rows of arrays take.
+  void AddPlace(std::int64_t vdm, std::int64_t position, std::int64_t record);
   void AddRecords(std::vector<PostgresStatement>& statements) const;
 
   std::int64_t project_, generation_, lastRecord_;
-  std::vector<std::int64_t> ended_, added_, cut_;         ///< VDMs
-  std::vector<std::int64_t> endedVdms_, endedPositions_;  ///< places
-  std::vector<std::int64_t> placeVdms_, positions_, placeRecords_;
+  std::vector<std::int64_t> ended_, added_, cut_;                             ///< VDMs
+  std::vector<std::int64_t> endedVdms_, endedPositions_;                      ///< places
+  std::vector<std::int64_t> runVdms_, runPositions_, runRecords_, runSizes_;  ///< new places
   std::vector<std::int64_t> keys_;
   std::vector<const NewRecord*> records_;
 };
