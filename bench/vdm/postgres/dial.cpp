@@ -115,11 +115,17 @@ bool IsNobodyThere(const std::string& text) {
          std::ranges::any_of(kNames, [&](int error) { return Has(text, gai_strerror(error)); });
 }
 
+/// True when the library refuses the server, by its certificate or since it cannot encrypt.
+bool IsServerRefused(const std::string& text) {
+  constexpr std::array<std::string_view, 3> kWords = {"certificate", "private key", "does not support SSL"};
+  return std::ranges::any_of(kWords, [&](std::string_view words) { return Has(text, words); });
+}
+
 /// Whether a failure may pass. A server that answered is asked once more, since details cannot be had before;
 /// it may then connect.
 bool MayPass(const Libpq& pq, PGconn* connection, bool hasSeveralHosts) {
   const std::string text = pq.errorMessage(connection);
-  if (!Has(text, kBeforeAnswer)) return hasSeveralHosts || !IsNobodyThere(text);
+  if (!Has(text, kBeforeAnswer)) return hasSeveralHosts || !(IsNobodyThere(text) || IsServerRefused(text));
   pq.setErrorVerbosity(connection, PQERRORS_VERBOSE);
   pq.reset(connection);
   pq.setErrorVerbosity(connection, PQERRORS_DEFAULT);
