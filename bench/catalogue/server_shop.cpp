@@ -5,8 +5,8 @@
 #include <span>
 
 #include "vdm/commit_origin.h"
+#include "vdm/postgres/channel.h"
 #include "vdm/postgres/schema.h"
-#include "vdm/postgres/watch.h"
 
 namespace vanzet::catalogue {
 namespace {
@@ -65,7 +65,6 @@ constexpr std::string_view kForgetGenerations = R"(
   DELETE FROM vanzet.generation WHERE project=$1 AND number<$2 AND number NOT IN (
     SELECT first FROM vanzet.device WHERE project=$1
     UNION SELECT last + 1 FROM vanzet.device WHERE project=$1 AND last<9223372036854775807))";
-constexpr std::string_view kNotify = "SELECT pg_notify($1, $2)";
 
 /// Makes the table of devices in a schema that was made before there was one. A new schema has it.
 Result<void> MakeTable(vdm::PostgresSession& session) {
@@ -278,9 +277,7 @@ std::vector<PostgresStatement> ServerShop::StatementsOf(const vdm::PostgresTrans
       vdm::StatementThatAdds(project, GenerationOf(generation, occasion), transaction.token()));
   for (auto& statement : StatementsThatTrim(project, generation, changes.ended, keep_))
     statements.push_back(std::move(statement));
-  statements.push_back({kNotify,
-                        {PostgresValue::Text(vdm::ChannelOf(session_->project())),
-                         PostgresValue::Text(std::to_string(generation))}});
+  statements.push_back(vdm::NoteOfCommit(session_->project(), generation));
   return statements;
 }
 

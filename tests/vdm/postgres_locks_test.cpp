@@ -127,6 +127,38 @@ TEST_F(ServerStore, SaysWhoHoldsALock) {
   EXPECT_EQ(Get(watch->Holders()), holders);
 }
 
+TEST_F(ServerStore, NotifiesOfLocksOfItsProjectAlone) {
+  PostgresEngine engine = Engine(), other = Engine("mill");
+  const auto watch = Get(engine.Watch());
+  const auto locks = engine.Locks(), others = other.Locks();
+  const auto isNoted = [&] {
+    EXPECT_FALSE(Get(watch->Wait(milliseconds(0)))) << "a lock is not a commit";
+    return watch->TakeLocksNote();
+  };
+  const auto comes = [&] {
+    for (int i = 0; i < 1000; ++i) {
+      if (isNoted()) return true;
+      std::this_thread::sleep_for(milliseconds(10));
+    }
+    return false;
+  };
+  EXPECT_FALSE(isNoted());
+  {
+    const auto held = Get(locks->Acquire(Number{1000}));
+    EXPECT_TRUE(comes());
+    EXPECT_FALSE(isNoted());
+  }
+  EXPECT_TRUE(comes());
+  {
+    const auto held = Get(others->Acquire(Number{1000}));
+    // The server keeps the order of notifications: that of the own project would be here before the next one.
+    const auto own = Get(locks->AcquireProject(milliseconds(10)));
+    EXPECT_TRUE(comes());
+    EXPECT_FALSE(isNoted());
+  }
+  EXPECT_TRUE(comes());
+}
+
 TEST_F(ServerStore, NotifiesOfCommitsOfItsProjectAlone) {
   PostgresEngine engine = Engine(), other = Engine("mill");
   const auto watch = Get(engine.Watch());

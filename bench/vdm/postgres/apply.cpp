@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "vdm/commit_origin.h"
+#include "vdm/postgres/channel.h"
 #include "vdm/postgres/engine.h"
 #include "vdm/postgres/history.h"
 
@@ -11,7 +12,6 @@ namespace {
 constexpr std::string_view kSetFile = R"(
   INSERT INTO vanzet.file(project, folder, name, former, content) VALUES($1, $2, $3, $4, $5)
   ON CONFLICT(project, folder) DO UPDATE SET name=$3, former=$4, content=$5)";
-constexpr std::string_view kNotify = "SELECT pg_notify($1, $2)";
 constexpr std::string_view kSetLast =
     "UPDATE vanzet.project SET last_generation=$2, last_record=$3 WHERE id=$1";
 
@@ -24,11 +24,6 @@ bool HasContent(const NewGeneration& next) {
 Generation GenerationOf(std::int64_t number, const std::string& occasion) {
   const CommitOrigin origin = OriginOfProcess();
   return {number, TimeText(), origin.user, origin.host, origin.program, occasion};
-}
-
-PostgresStatement Notification(const std::string& project, std::int64_t generation) {
-  return {kNotify,
-          {PostgresValue::Text(ChannelOf(project)), PostgresValue::Text(std::to_string(generation))}};
 }
 
 }  // namespace
@@ -121,7 +116,7 @@ void PostgresEngine::AddOthers(const PostgresTransaction& transaction, const New
   for (auto& statement : StatementsThatTrim(project, generation, next.keep)) {
     statements.push_back(std::move(statement));
   }
-  statements.push_back(Notification(session_->project(), generation));
+  statements.push_back(NoteOfCommit(session_->project(), generation));
 }
 
 /// The state of a copy that is under way.
@@ -142,7 +137,7 @@ Result<void> PostgresEngine::Fill(const GenerationSource& source) {
   VANZET_DO(source([&](const PastGeneration& past) { return Append(past, filling); }));
   VANZET_DO(
       transaction->Run({{kSetLast, {transaction->project(), filling.lastGeneration, filling.lastRecord}},
-                        Notification(session_->project(), filling.lastGeneration)}));
+                        NoteOfCommit(session_->project(), filling.lastGeneration)}));
   VANZET_TRY(const auto outcome, transaction->Commit(filling.lastGeneration));
   if (outcome == Outcome::kCommitted) {
     session_->NoteCommit(filling.lastGeneration);

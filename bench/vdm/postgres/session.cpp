@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "vdm/postgres/channel.h"
 #include "vdm/postgres/schema.h"
 
 namespace vanzet::vdm {
@@ -139,9 +140,10 @@ Result<bool> PostgresSession::Lock(std::int64_t key, milliseconds longestWait) {
 Result<bool> PostgresSession::TryLock(std::int64_t key, milliseconds longestWait) {
   const PostgresStatement last = {kLastGeneration, {ProjectOf(key)}};
   const bool waits = longestWait.count() > 0;
+  const PostgresStatement note = NoteOfLocks(project_);
   const auto locked =
-      waits ? Run({{kSetLockTimeout, {std::int64_t{longestWait.count()}}}, {kLock, {key}}, last})
-            : Run({{kTryLock, {key}}, last});
+      waits ? Run({{kSetLockTimeout, {std::int64_t{longestWait.count()}}}, {kLock, {key}}, note, last})
+            : Run({{kTryLock, {key}}, note, last});
   if (!locked && connection_ != nullptr && connection_->lastState() == kLockTimeout) return false;
   if (!locked) return locked.fault();
   if (!waits && locked->front().Integer(0, 0) == 0) return false;
@@ -155,7 +157,7 @@ void PostgresSession::Unlock(std::int64_t key) {
   if (held_.empty()) hasLostLocks_ = false;
   // A connection that broke has lost the lock already.
   if (connection_ != nullptr && !connection_->IsBroken()) {
-    static_cast<void>(connection_->Run({{kUnlock, {key}}}));
+    static_cast<void>(connection_->Run({{kUnlock, {key}}, NoteOfLocks(project_)}));
   }
 }
 

@@ -3,19 +3,11 @@
 #include <poll.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstdio>
 
-#include "vdm/checksum.h"
+#include "vdm/postgres/channel.h"
 
 namespace vanzet::vdm {
-
-std::string ChannelOf(const std::string& project) {
-  std::array<char, 16> digits = {};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), ChecksumOf(project), 16);
-  return "vanzet_" + std::string(digits.data(), end.ptr);
-}
 
 Result<std::unique_ptr<PostgresWatch>> PostgresWatch::Begin(const std::string& connectionText,
                                                             const std::string& project) {
@@ -30,6 +22,10 @@ Result<std::optional<std::int64_t>> PostgresWatch::Peek() {
   VANZET_TRY(const auto payloads, connection_->Notifications());
   std::optional<std::int64_t> last;
   for (const std::string& payload : payloads) {
+    if (payload == kLocksNote) {
+      hasLocksNote_ = true;
+      continue;
+    }
     std::int64_t generation = 0;
     // Any program of the database may notify: a text that is not a number is taken for a commit, too.
     std::from_chars(payload.data(), payload.data() + payload.size(), generation);

@@ -11,10 +11,7 @@
 
 namespace vanzet::vdm {
 
-/// The channel on which the commits of a project are notified, each with its generation.
-std::string ChannelOf(const std::string& project);
-
-/// Notices commits of a project, by any program, this one too.
+/// Notices commits of a project, and locks that come and go, by any program, this one too.
 ///
 /// Owns      a connection of its own
 /// Errors    a fault when the connection broke; a new watch is to be made then, and the project read again,
@@ -33,6 +30,10 @@ class PostgresWatch {
   /// The same, and waits for a commit at most so long.
   Result<std::optional<std::int64_t>> Wait(std::chrono::milliseconds longestWait);
 
+  /// True when a lock was taken or released since the last call, as far as `Peek` and `Wait` have read. The
+  /// locks of a program that died go without a notification.
+  bool TakeLocksNote() { return std::exchange(hasLocksNote_, false); }
+
   /// Who holds a lock of the project now. A commit that is noticed meanwhile is that of the next `Peek`: the
   /// descriptor need not say so.
   Result<std::vector<LockHolder>> Holders() { return LockHolders(*connection_, project_); }
@@ -43,6 +44,7 @@ class PostgresWatch {
 
   std::unique_ptr<PostgresConnection> connection_;
   std::string project_;
+  bool hasLocksNote_ = false;
 };
 
 }  // namespace vanzet::vdm

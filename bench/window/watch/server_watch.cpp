@@ -7,8 +7,8 @@
 namespace vanzet::window {
 namespace {
 
-// Locks come and go without a notification: one of each would cost the server a write to its disk.
-constexpr int kAsk = 1000;    // milliseconds between questions for the holders of locks
+// The locks of a program that died go without a notification.
+constexpr int kAsk = 10'000;  // milliseconds between questions for the holders of locks
 constexpr int kAgain = 1000;  // milliseconds between attempts to connect
 
 }  // namespace
@@ -30,7 +30,7 @@ void ServerWatch::Connect() {
   if (!begun) return Drop(begun.fault());
   watch_ = std::move(*begun);
   readable_ = std::make_unique<QSocketNotifier>(watch_->Descriptor(), QSocketNotifier::Read);
-  connect(readable_.get(), &QSocketNotifier::activated, this, &ServerWatch::ReadCommits);
+  connect(readable_.get(), &QSocketNotifier::activated, this, &ServerWatch::ReadNotes);
   ask_.start();
   if (std::exchange(isLost_, false)) emit Regained();
   AskForHolders();
@@ -45,10 +45,11 @@ void ServerWatch::Drop(const Fault& fault) {
   if (!std::exchange(isLost_, true)) emit Lost(ToQString(fault.Message()));
 }
 
-void ServerWatch::ReadCommits() {
+void ServerWatch::ReadNotes() {
   const auto seen = watch_->Peek();
   if (!seen) return Drop(seen.fault());
   if (*seen) emit Committed(**seen);
+  if (watch_->TakeLocksNote()) AskForHolders();
 }
 
 void ServerWatch::AskForHolders() {
@@ -58,7 +59,7 @@ void ServerWatch::AskForHolders() {
     holders_ = std::move(*holders);
     emit HoldersChanged(holders_);
   }
-  ReadCommits();
+  ReadNotes();
 }
 
 }  // namespace vanzet::window

@@ -32,7 +32,7 @@ class ServerWatch final : public QObject {
  private:
   void Connect();
   void Drop(const Fault& fault);
-  void ReadCommits();
+  void ReadNotes();
   void AskForHolders();
 
   const project::StorePlace place_;
