@@ -58,7 +58,8 @@ Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,
   VANZET_TRY(const auto definition, DefinitionOf(project, spur));
   const auto solids =
       modeller::ImportNamedBodies(SolidsOf(definition), project.folder() / "bodies", exchange, foresight);
-  return SceneOf(project, spur, exchange, [&](const std::string& name) { return solids.at(name); });
+  // The definition itself: with the 3D text of a scan it is too large to be read twice.
+  return SceneOf(project, definition, exchange, [&](const std::string& name) { return solids.at(name); });
 }
 
 Result<scene::Scene> SceneOf(const project::Project& project, std::int32_t spur,

@@ -35,6 +35,19 @@ Result<std::optional<DeviceText>> DeviceOf(const std::vector<modeller::VrmlBody>
   return std::optional(device);
 }
 
+/// The lines of a text, each with its end. A scan has a hundred million letters: they are copied once.
+std::string TextOf(const std::vector<std::string>& lines) {
+  std::size_t size = 0;
+  for (const std::string& line : lines) size += line.size() + 1;
+  std::string text;
+  text.reserve(size);
+  for (const std::string& line : lines) {
+    text += line;
+    if (!line.ends_with('\n')) text += '\n';
+  }
+  return text;
+}
+
 /// The reach that the placement says. An imported device has its D2T text in the section of the placement,
 /// and the placement in the next one.
 double ReachOf(const project::Definition& definition, std::size_t operation) {
@@ -49,10 +62,7 @@ double ReachOf(const project::Definition& definition, std::size_t operation) {
 
 Result<std::optional<DeviceText>> ReadDeviceText(const project::Definition& definition, std::size_t operation,
                                                  const modeller::Exchange& exchange) {
-  std::string text;
-  for (const std::string& item : definition.Items(operation, 1)) {
-    text += item.ends_with('\n') ? item : item + "\n";
-  }
+  const std::string text = TextOf(definition.Items(operation, 1));
   if (text.empty()) return std::optional<DeviceText>();
   const auto bodies = modeller::ImportVrml(text, exchange);
   auto device = bodies ? DeviceOf(*bodies) : Result<std::optional<DeviceText>>(bodies.fault());
