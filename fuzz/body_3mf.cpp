@@ -1,0 +1,6 @@
+#include "fuzz/contained_read.h"
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vanzet::fuzz::ReadContainedFile(".3mf", data, size);
+  return 0;
+}
