@@ -315,8 +315,7 @@ void AddBodyLay(Command& body) {
       "that its unit must be wrong is named on standard error.";
   command.examples = {
       "vanzet body lay lathe/bodies/casting.step --looking z --axis 12.5,-3 --face 130 --turn 30",
-      "vanzet body lay lathe/bodies/casting.step --auto",
-      "vanzet body lay lathe/bodies/holder.step --placement 'main datum'"};
+      "vanzet body lay lathe/bodies/casting.step --auto"};
   command.check = [=] { CheckLaying(*arguments); };
   command.work = [=] { return Lay(*arguments); };
 }

@@ -68,7 +68,7 @@ TEST_F(BodyCommand, LaysWhatADefinitionUses) {
 
 /// The text of a STEP file with another coordinate system among the items of its representation.
 std::string WithPlacement(std::string text, const std::string& name) {
-  const auto items = text.find(",", text.find("_REPRESENTATION('',(#"));
+  const auto items = text.find(',', text.find("(#", text.find("BREP_SHAPE_REPRESENTATION")));
   text.insert(items, ",#9001");
   return text.insert(text.rfind("ENDSEC;"), "#9001 = AXIS2_PLACEMENT_3D('" + name +
                                                 "',#9002,#9003,#9004);\n"
@@ -109,7 +109,7 @@ TEST_F(BodyCommand, LaysWhatItExportedWhereItWas) {
   const Json before = Json::parse(exported.out)["files"][0]["bodies"][0]["box"];
   ASSERT_EQ(Vanzet("body lay models/main-chuck.step --placement 'main datum'").status, 0);
   const Json lies = Json::parse(Vanzet("body show models/main-chuck.step --json").out)["lies"];
-  for (int i = 0; i < 3; ++i) {
+  for (std::size_t i = 0; i < 3; ++i) {
     EXPECT_NEAR(lies["from"][i].get<double>(), before[i].get<double>(), 1e-2) << i;
     EXPECT_NEAR(lies["to"][i].get<double>(), before[i + 3].get<double>(), 1e-2) << i;
   }

@@ -201,9 +201,15 @@ TEST_F(Exports, StepWithTheNamedPlacesOfItsBodies) {
 TEST_F(Exports, StepOfOneBodyHasItsPlaces) {
   bodies_.pop_back();
   bodies_[0].places = {{"main datum", {0, 0, 0}, {1, 0, 0}, {0, 1, 0}}};
-  const auto described = Get(DescribeFile(Exported(ExportFormat::kStep), TestExchange()));
-  ASSERT_EQ(described.places.size(), 1U);
+  bodies_[0].places.push_back({"plug", {1, 2, 3}, {0, 1, 0}, {0, 0, 1}});
+  const fs::path file = Exported(ExportFormat::kStep);
+  const auto described = Get(DescribeFile(file, TestExchange()));
+  ASSERT_EQ(described.places.size(), 2U);
   EXPECT_EQ(described.places[0].name, "main datum");
+  EXPECT_THAT(Box(Get(ImportBody(file, TestExchange()))),
+              Pointwise(DoubleNear(1e-3), {0.0, 0.0, 0.0, 10.0, 20.0, 30.0}))
+      << "the places do not move the body";
+  EXPECT_THAT(ReadStepDocument(file).colours, testing::ElementsAre("FF0000"));
 }
 
 TEST_F(Exports, IgesThatIsImportedAgain) {

@@ -125,8 +125,9 @@ Notes NotesOfStep(const fs::path& file, const TopoDS_Shape& shape) {
     TColStd_SequenceOfAsciiString lengths, angles, solidAngles;
     reader.ChangeReader().FileUnits(lengths, angles, solidAngles);
     if (!lengths.IsEmpty()) notes.unit = lengths.First().ToCString();
+    const NamedPlacements placements = TakeNamedPlacements(reader.ChangeReader().StepModel());
     reader.Transfer(content);
-    notes.places = NamedPlacesOf(reader.ChangeReader().StepModel());
+    notes.places = PlacesOf(placements);
   }
   for (XCAFPrs_DocumentExplorer nodes(content, XCAFPrs_DocumentExplorerFlags_OnlyLeafNodes); nodes.More();
        nodes.Next()) {

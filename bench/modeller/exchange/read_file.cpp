@@ -37,6 +37,7 @@
 #include "base/number_text.h"
 #include "modeller/body_size.h"
 #include "modeller/exchange/empty_step.h"
+#include "modeller/exchange/named_places.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/three_mf.h"
 #include "modeller/facets.h"
@@ -80,6 +81,7 @@ Result<FileShape> ReadStep(const fs::path& file) {
   if (reader.ReadStream(file.c_str(), text) != IFSelect_RetDone) {
     return Fault{"not a readable STEP file" + FirstKernelMessage()};
   }
+  TakeNamedPlacements(reader.StepModel());
   const Handle(Message_ProgressIndicator) reporter = new ProgressReporter(kTransferBegins, 1);
   reader.TransferRoots(reporter->Start());
   const TopoDS_Shape shape = reader.OneShape();

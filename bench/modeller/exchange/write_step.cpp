@@ -10,12 +10,19 @@
 #include <STEPConstruct_DataMapOfPointTransient.hxx>
 #include <STEPConstruct_Styles.hxx>
 #include <STEPControl_Controller.hxx>
+#include <StepBasic_ProductDefinition.hxx>
 #include <StepData_StepModel.hxx>
 #include <StepGeom_Axis2Placement3d.hxx>
 #include <StepGeom_CartesianPoint.hxx>
 #include <StepGeom_Direction.hxx>
+#include <StepRepr_CharacterizedDefinition.hxx>
 #include <StepRepr_HArray1OfRepresentationItem.hxx>
+#include <StepRepr_PropertyDefinition.hxx>
+#include <StepRepr_PropertyDefinitionRepresentation.hxx>
+#include <StepRepr_Representation.hxx>
 #include <StepRepr_RepresentationContext.hxx>
+#include <StepRepr_RepresentedDefinition.hxx>
+#include <StepShape_ShapeDefinitionRepresentation.hxx>
 #include <StepShape_ShapeRepresentation.hxx>
 #include <StepVisual_Colour.hxx>
 #include <StepVisual_MechanicalDesignGeometricPresentationRepresentation.hxx>
@@ -144,9 +151,8 @@ std::vector<Handle(StepShape_ShapeRepresentation)> RepresentationsOf(const Handl
 /// depends on addresses in memory.
 class ColourWriter {
  public:
-  explicit ColourWriter(const Handle(XSControl_WorkSession) & session,
-                        const Handle(StepData_StepModel) & model)
-      : session_(session), representations_(RepresentationsOf(model)) {}
+  ColourWriter(Handle(XSControl_WorkSession) session, Handle(StepData_StepModel) model)
+      : session_(std::move(session)), model_(std::move(model)), representations_(RepresentationsOf(model_)) {}
 
   void Write(const ParcelBody& body) {
     STEPConstruct_Styles styles(session_);
@@ -159,7 +165,7 @@ class ColourWriter {
       return styles.MakeColorPSA(item, encoded, encoded, seenThrough, transparency);
     });
     Handle(StepVisual_MechanicalDesignGeometricPresentationRepresentation) list;
-    if (!item_.IsNull()) styles.CreateMDGPR(ContextOf(item_), list);
+    if (!item_.IsNull() && styles.CreateMDGPR(ContextOf(item_), list)) model_->AddWithRefs(list);
   }
 
  private:
@@ -185,6 +191,7 @@ class ColourWriter {
   }
 
   Handle(XSControl_WorkSession) session_;
+  Handle(StepData_StepModel) model_;
   std::vector<Handle(StepShape_ShapeRepresentation)> representations_;
   STEPConstruct_DataMapOfAsciiStringTransient predefined_;
   STEPConstruct_DataMapOfPointTransient mixed_;
@@ -209,7 +216,19 @@ Handle(StepGeom_Axis2Placement3d) PlacementOf(const NamedPlace& place) {
   return made;
 }
 
-/// Adds the places of the bodies to the representation of the root.
+/// The product of the root.
+Handle(StepBasic_ProductDefinition)
+    RootOf(const Handle(StepData_StepModel) & model, const Handle(StepShape_ShapeRepresentation) & root) {
+  for (int i = 1; i <= model->NbEntities(); ++i) {
+    const auto each = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(model->Value(i));
+    if (each.IsNull() || each->UsedRepresentation() != root) continue;
+    return each->Definition().PropertyDefinition()->Definition().ProductDefinition();
+  }
+  return {};
+}
+
+/// Adds the places of the bodies as a property of the root. Among the items of its shape, readers would take them
+/// for the place of the shape itself.
 void WritePlaces(const std::vector<ParcelBody>& bodies, const Handle(StepData_StepModel) & model) {
   std::vector<Handle(StepGeom_Axis2Placement3d)> placements;
   std::set<std::string> names;
@@ -221,16 +240,22 @@ void WritePlaces(const std::vector<ParcelBody>& bodies, const Handle(StepData_St
   const auto representations = RepresentationsOf(model);
   if (placements.empty() || representations.empty()) return;
   const auto& root = representations.front();
-  const int before = root->NbItems();
   const Handle(StepRepr_HArray1OfRepresentationItem) items =
-      new StepRepr_HArray1OfRepresentationItem(1, before + static_cast<int>(placements.size()));
-  for (int i = 1; i <= before; ++i) items->SetValue(i, root->ItemsValue(i));
-  int next = before;
-  for (const auto& placement : placements) {
-    items->SetValue(++next, placement);
-    model->AddWithRefs(placement);
-  }
-  root->SetItems(items);
+      new StepRepr_HArray1OfRepresentationItem(1, static_cast<int>(placements.size()));
+  int next = 0;
+  for (const auto& placement : placements) items->SetValue(++next, placement);
+  const Handle(StepRepr_Representation) representation = new StepRepr_Representation;
+  representation->Init(Text("named placements"), items, root->ContextOfItems());
+  StepRepr_CharacterizedDefinition owner;
+  owner.SetValue(RootOf(model, root));
+  const Handle(StepRepr_PropertyDefinition) property = new StepRepr_PropertyDefinition;
+  property->Init(Text("named placements"), Standard_False, Text(""), owner);
+  StepRepr_RepresentedDefinition represented;
+  represented.SetValue(property);
+  const Handle(StepRepr_PropertyDefinitionRepresentation) link =
+      new StepRepr_PropertyDefinitionRepresentation;
+  link->Init(represented, representation);
+  model->AddWithRefs(link);
 }
 
 Fault CannotWrite() {
