@@ -47,6 +47,12 @@ TEST(ScriptWords, InQuotesMayHoldBlanksHashesAndEscapes) {
   EXPECT_THAT(Words(R"(set 1 "")"), ElementsAre("set", "1", ""));
 }
 
+TEST(ScriptWords, KeepABackslashBeforeOtherLettersInQuotes) {
+  EXPECT_THAT(Words(R"(file "C:\shop\x.vdm")"), ElementsAre("file", R"(C:\shop\x.vdm)"));
+  EXPECT_THAT(Words(R"(file "\\\\server\share\\" # the rest)"), ElementsAre("file", R"(\\server\share\)"));
+  EXPECT_THAT(Words(R"(file "C:\\new.vdm")"), ElementsAre("file", R"(C:\new.vdm)"));
+}
+
 TEST(ScriptWords, SayWhetherTheyStoodInQuotes) {
   const auto words = ScriptWords(R"(choose 2124 "1" 1)");
   EXPECT_TRUE((*words)[2].isQuoted);
@@ -55,9 +61,9 @@ TEST(ScriptWords, SayWhetherTheyStoodInQuotes) {
 
 TEST(ScriptWords, TellWhereAQuoteIsWrong) {
   ExpectFault(R"(file "abc)", 6);
-  ExpectFault(R"(file "a\x")", 8);
   ExpectFault(R"(file "a"b)", 9);
-  ExpectFault(R"(file "a\)", 8);
+  ExpectFault(R"(file "a\)", 6);
+  ExpectFault(R"(file "a\")", 6);
 }
 
 TEST(ScriptReader, NumbersItsLinesFromOneAndLeavesOutEmptyOnes) {

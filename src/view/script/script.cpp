@@ -38,11 +38,10 @@ class Words {
         continue;
       }
       const char escaped = at_ + 1 < line_.size() ? line_[at_ + 1] : '\0';
-      if (escaped != '"' && escaped != '\\' && escaped != 'n') {
-        return FaultAt(at_, "unknown escape in quotes: expected \\\", \\\\ or \\n");
-      }
-      word += escaped == 'n' ? '\n' : escaped;
-      at_ += 2;
+      const bool isEscape = escaped == '"' || escaped == '\\' || escaped == 'n';
+      if (isEscape) ++at_;
+      word += isEscape && escaped == 'n' ? '\n' : line_[at_];
+      ++at_;
     }
     if (at_ == line_.size()) return FaultAt(start, "the closing quote is missing");
     ++at_;

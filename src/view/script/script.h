@@ -16,7 +16,8 @@ struct ScriptWord {
 using ScriptLine = std::vector<ScriptWord>;
 
 /// Reads the words of one line; none when it is blank or a comment. A word in double quotes may be empty and
-/// may hold blanks, '#', and the escapes \" \\ \n. A fault has the column, from 1.
+/// may hold blanks, '#', and the escapes \" \\ \n; before other characters a backslash is one itself. A fault
+/// has the column, from 1.
 Result<ScriptLine> ScriptWords(std::string_view line);
 
 /// Reads a script line by line, without blank lines and comments.
