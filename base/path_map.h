@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,9 @@ namespace vanzet {
 ///     there, and none can be created;
 ///   - a part that does not exist exactly matches without regard to the case of its letters A to Z; where
 ///     several match, the first in the order of bytes counts.
+///
+/// On Windows the system has drives, servers and names without case: an unlisted drive stays, and so does all
+/// else. Bytes that are not UTF-8 are of the process's code page, and names may be of any length.
 class PathMap {
  public:
   /// Drive letters, in capitals, with their roots.
@@ -33,8 +37,12 @@ class PathMap {
   Drives drives_;
 };
 
-/// The beginning of a path text: "X:" for a drive, "/" for a path from the root, else nothing.
+/// The beginning of a path text: "X:" for a drive, "/" for a path from the root, else nothing. On Windows
+/// "\\host\share" for a path on a server, and nothing for one from the root.
 std::string_view DriveOf(std::string_view path);
+
+/// The letter of a path text that begins with a drive, in capitals.
+std::optional<char> DriveLetter(std::string_view text);
 
 /// The table of drives as one text, "D:=/data;E:=/mnt/e", the form of VANZET_DRIVES.
 std::string DrivesText(const PathMap::Drives& drives);

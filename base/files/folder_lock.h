@@ -31,4 +31,8 @@ class FolderLock {
   std::intptr_t handle_;  ///< an open file of the system; below 0: moved away
 };
 
+/// The folder to lock while a file is changed: the one that it is in, or that of the file that a link leads
+/// to.
+std::filesystem::path LockedFolderOf(const std::filesystem::path& file);
+
 }  // namespace vanzet::files

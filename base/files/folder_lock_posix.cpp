@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,12 @@ constexpr std::chrono::milliseconds kStep{5};
 constexpr std::chrono::seconds kLongestWait{10};
 
 }  // namespace
+
+std::filesystem::path LockedFolderOf(const std::filesystem::path& file) {
+  std::error_code unknown;
+  const std::filesystem::path target = std::filesystem::weakly_canonical(file, unknown);
+  return (unknown ? file : target).parent_path();
+}
 
 Result<FolderLock> FolderLock::TryAcquire(const std::filesystem::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

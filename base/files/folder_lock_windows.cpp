@@ -1,11 +1,13 @@
 #include "base/files/folder_lock.h"
 
-#include <windows.h>
-
 #include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
+
+#include "base/files/system_fault.h"
+#include "base/files/wide_text_windows.h"
+#include "base/files/windows_api.h"
 
 namespace vanzet::files {
 namespace {
@@ -15,19 +17,22 @@ constexpr std::chrono::seconds kLongestWait{10};
 
 /// A name that stands for the folder in the whole session. A mutex cannot have a path as its name.
 std::wstring NameOf(const std::filesystem::path& folder) {
-  std::error_code unknown;
-  const std::filesystem::path whole = std::filesystem::weakly_canonical(folder, unknown);
-  std::wstring text = (unknown ? folder : whole).wstring();
-  CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
-  return L"Local\\vanzet-folder-" + std::to_wstring(std::hash<std::wstring>()(text));
+  std::wstring name = WholeName(folder.native());
+  CharLowerBuffW(name.data(), static_cast<DWORD>(name.size()));
+  return L"Local\\vanzet-folder-" + std::to_wstring(std::hash<std::wstring>()(name));
 }
 
 }  // namespace
 
+std::filesystem::path LockedFolderOf(const std::filesystem::path& file) {
+  return std::filesystem::path(WholeName(file.native())).parent_path();
+}
+
 Result<FolderLock> FolderLock::TryAcquire(const std::filesystem::path& folder) {
   const HANDLE mutex = CreateMutexW(nullptr, FALSE, NameOf(folder).c_str());
   if (mutex == nullptr) {
-    return Fault{.text = "cannot be locked", .file = folder.string(), .kind = FaultKind::kSystem};
+    const std::error_code reason(static_cast<int>(GetLastError()), std::system_category());
+    return SystemFault("cannot be locked", reason, folder);
   }
   // That of a process that died counts as free.
   const DWORD waited = WaitForSingleObject(mutex, 0);
@@ -35,8 +40,9 @@ Result<FolderLock> FolderLock::TryAcquire(const std::filesystem::path& folder) {
     return FolderLock(reinterpret_cast<std::intptr_t>(mutex));
   }
   CloseHandle(mutex);
-  return Fault{
-      .text = "another process keeps its files locked", .file = folder.string(), .kind = FaultKind::kBusy};
+  return Fault{.text = "another process keeps its files locked",
+               .file = Utf8Text(folder.native()),
+               .kind = FaultKind::kBusy};
 }
 
 Result<FolderLock> FolderLock::Acquire(const std::filesystem::path& folder) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
-#include <system_error>
 
 #include "base/files/folder_lock.h"
 #include "base/files/regular_file.h"
@@ -15,6 +14,7 @@
 #include "host/macro_variables.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
+#include "platform/host_text.h"
 
 namespace vanzet {
 namespace {
@@ -39,13 +39,6 @@ std::string SuggestedName() {
   std::string country;
   OrvoApi::GetGlobalStrVar("$_COUNTRY", country);
   return ("clampdevice" + country).substr(0, kLongestFileName);
-}
-
-/// The folder that the file is in, or the one that a link leads to.
-std::filesystem::path FolderOf(const std::filesystem::path& file) {
-  std::error_code unknown;
-  const std::filesystem::path target = std::filesystem::weakly_canonical(file, unknown);
-  return (unknown ? file : target).parent_path();
 }
 
 }  // namespace
@@ -83,12 +76,13 @@ bool CDevice::MayOnlyBeRead() const {
 }
 
 Result<void> CDevice::WriteFile() const {
-  return files::ReplaceFile(platform::FileOf(path_), CatalogueText(lines_), files::Keep::kIdentity);
+  return files::ReplaceFile(platform::FileOf(path_), platform::TextFileBytes(CatalogueText(lines_)),
+                            files::Keep::kIdentity);
 }
 
 Result<bool> CDevice::ChangeFile(const std::function<bool()>& change) {
   const std::filesystem::path file = platform::FileOf(path_);
-  const std::filesystem::path folder = FolderOf(file);
+  const std::filesystem::path folder = files::LockedFolderOf(file);
   const auto lock = files::FolderLock::Acquire(folder);
   // Folders of some network shares cannot be locked; a folder that does not exist is a fault of the writing.
   if (!lock && lock.fault().kind == FaultKind::kBusy) return lock.fault();

@@ -13,6 +13,7 @@
 #include "machine/pp_def_ini.h"
 #include "platform/host_extensions.h"
 #include "platform/message_box.h"
+#include "platform/symbols.h"
 #include "simulation/rebuild.h"
 
 namespace vanzet {
@@ -47,6 +48,7 @@ void ReportException(ModuleStateGuard* guard) {
 template <class Work>
 void RunExport(Work work) {
   std::optional<ModuleStateGuard> guard;
+  platform::KeepLoaded();
   try {
     guard.emplace();
     work(*guard);

@@ -1,7 +1,6 @@
 #include "platform/files.h"
 
 #include <fstream>
-#include <system_error>
 
 #include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
@@ -15,8 +14,7 @@ std::filesystem::path FileOf(std::string_view path) {
 
 bool IsReadableFile(std::string_view path) {
   const std::filesystem::path file = FileOf(path);
-  std::error_code error;
-  return std::filesystem::is_regular_file(file, error) && std::ifstream(file).is_open();
+  return files::CheckRegularFile(file) && std::ifstream(file).is_open();
 }
 
 bool CopyWholeFile(std::string_view from, std::string_view to) {

@@ -18,4 +18,8 @@ Result<void*> LoadLibraryFile(const std::filesystem::path& file);
 /// The folder of the file that contains this code: the module, or a program that links it.
 std::filesystem::path OwnFolder();
 
+/// Has the library that contains this code stay loaded until the process ends, however often the host frees
+/// it, where loading it again and again would cost the process what it does not get back.
+void KeepLoaded();
+
 }  // namespace vanzet::platform

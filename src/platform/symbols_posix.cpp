@@ -24,4 +24,6 @@ std::filesystem::path OwnFolder() {
   return std::filesystem::absolute(self.dli_fname, unknown).parent_path();
 }
 
+void KeepLoaded() {}
+
 }  // namespace vanzet::platform

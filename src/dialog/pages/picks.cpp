@@ -7,6 +7,7 @@
 #include "host/host_functions.h"
 #include "host/macro_variables.h"
 #include "host/message_ids.h"
+#include "platform/host_text.h"
 
 namespace vanzet::dialog {
 namespace {
@@ -75,7 +76,7 @@ void PickFigure(std::string& figure) {
 }
 
 std::int32_t PickBody() {
-  const std::int32_t object = SelectObject(kBodies, "W\xC3\xA4hlen Sie einen Body");
+  const std::int32_t object = SelectObject(kBodies, platform::HostText("W\xC3\xA4hlen Sie einen Body"));
   const std::int32_t body = hostFunctions.OrvoGetObjectParasolidEntityNumber(object);
   hostFunctions.OrvoClearSelection();
   return body;
