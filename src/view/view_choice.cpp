@@ -1,51 +1,30 @@
 #include "view/view_choice.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <utility>
 
-#include "platform/symbols.h"
+#include "base/files/environment.h"
 #include "view/console_view.h"
+#include "view/native_view.h"
 #include "view/script/recording_view.h"
 #include "view/script/script_view.h"
-#include "view/view_library.h"
 
 namespace vanzet::view {
 namespace {
 
-#if defined(_WIN32)
-constexpr const char* kQtLibrary = "vanzet-view-qt.dll";
-#else
-constexpr const char* kQtLibrary = "libvanzet-view-qt.so";
-#endif
-
-std::string FromEnvironment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-bool HasDisplay() {
-  constexpr const char* kVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
-  return std::ranges::any_of(kVariables, [](const char* name) { return !FromEnvironment(name).empty(); });
-}
+using files::EnvironmentText;
 
 /// The rules of a script: docs/formats/script.md.
 ScriptRules RulesFromEnvironment() {
-  const std::string mode = FromEnvironment("VANZET_SCRIPT_MODE");
-  return {.name = FromEnvironment("VANZET_SCRIPT_NAME"),
+  const std::string mode = EnvironmentText("VANZET_SCRIPT_MODE");
+  return {.name = EnvironmentText("VANZET_SCRIPT_NAME"),
           .reportsErrors = mode != "transcript",
           .isStrict = mode == "strict"};
-}
-
-std::filesystem::path QtLibrary() {
-  const std::string named = FromEnvironment("VANZET_VIEW_QT");
-  return named.empty() ? platform::OwnFolder() / kQtLibrary : std::filesystem::path(named);
 }
 
 }  // namespace
 
 std::unique_ptr<View> ViewChoice::Choose() {
-  const std::string recording = FromEnvironment("VANZET_RECORD");
+  const std::string recording = EnvironmentText("VANZET_RECORD");
   auto view = ChooseShown();
   if (recording.empty()) return view;
   return std::make_unique<RecordingView>(
@@ -54,23 +33,24 @@ std::unique_ptr<View> ViewChoice::Choose() {
 
 std::string ViewChoice::NextRecording(const std::string& file) {
   if (++recordings_ == 1) return file;
-  const std::filesystem::path path(file);
-  const std::string name = path.stem().string() + "-" + std::to_string(recordings_);
-  return (path.parent_path() / (name + path.extension().string())).string();
+  const std::size_t name = file.find_last_of("/\\") + 1;
+  const std::size_t extension = file.find_last_of('.');
+  const bool hasExtension = extension != std::string::npos && extension > name;
+  return std::string(file).insert(hasExtension ? extension : file.size(), "-" + std::to_string(recordings_));
 }
 
 std::unique_ptr<View> ViewChoice::ChooseShown() {
-  const std::string script = FromEnvironment("VANZET_SCRIPT");
+  const std::string script = EnvironmentText("VANZET_SCRIPT");
   if (!script.empty()) {
-    return std::make_unique<ScriptView>(script, TranscriptTo(FromEnvironment("VANZET_TRANSCRIPT")),
+    return std::make_unique<ScriptView>(script, TranscriptTo(EnvironmentText("VANZET_TRANSCRIPT")),
                                         RulesFromEnvironment());
   }
-  std::unique_ptr<View> onDisplay = HasDisplay() ? OnDisplay() : nullptr;
+  std::unique_ptr<View> onDisplay = OnDisplay();
   return onDisplay ? std::move(onDisplay) : std::make_unique<ConsoleView>();
 }
 
 std::unique_ptr<View> ViewChoice::OnDisplay() {
-  auto view = ViewFromLibrary(QtLibrary());
+  auto view = NativeView();
   if (view) return std::move(*view);
   if (view.fault().Message() != reportedReason_) {
     reportedReason_ = view.fault().Message();

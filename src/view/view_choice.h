@@ -14,7 +14,7 @@ namespace vanzet::view {
 ///                                 VANZET_SCRIPT_NAME the script in faults; VANZET_SCRIPT_MODE has its rules
 /// a display exists                the Qt view, from its library next to the module or from the file that
 ///                                 VANZET_VIEW_QT names. DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM say that
-///                                 a display exists
+///                                 a display exists. Windows has no view on a display
 /// otherwise                       the console; also, after a line with the reason, when that library or the
 ///                                 display does not work
 ///
