@@ -149,6 +149,42 @@ TEST_F(Chooser, FindsADeviceByAnyWordAndTellsTheDialogAsTheListDoes) {
   EXPECT_THAT(world.Stored(), testing::Contains(testing::HasSubstr("Chuck 210")));
 }
 
+TEST_F(Chooser, OfOwnDevicesOffersTheFilesBesideThoseThatWereUsed) {
+  const auto device = [](const char* facts) {
+    return "vdm 1\nrecord\nrecord\n.Own device\n.#VRML V2.0\n" + std::string(facts) + "end 2\n";
+  };
+  const auto files = world.catalogue.parent_path() / "own";
+  std::filesystem::create_directories(files);
+  WriteBytes(files / "a jaw.vdm", device(".3 1 10 20\n.0 0 0 9 9 9 0\n.1 30 0 9 9 9 0\n.2 30 -10 9 9 9 8\n"));
+  WriteBytes(files / "b chuck.vdm", device(".3 0 10 20\n"));
+  WriteBytes(files / "c other.vdm", "nothing of the kind");
+  const QString jaw = QString::fromStdString((files / "a jaw.vdm").string());
+  const QString chuck = QString::fromStdString((files / "b chuck.vdm").string());
+  Serve([&](DialogWindow& window) {
+    Do(window, "select 3\nset 2021 \"" + chuck.toStdString() + "\"\n");
+    const auto open = [&](const std::function<void(QDialog&)>& use) {
+      QTimer::singleShot(0, [&] { use(*qobject_cast<QDialog*>(QApplication::activeModalWidget())); });
+      QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    };
+    open([&](QDialog& dialog) {
+      const auto& list = *dialog.findChild<QListWidget*>();
+      EXPECT_EQ(Entries(dialog).mid(0, 3), (QStringList{"b chuck", "a jaw", "c other"}));
+      EXPECT_TRUE(list.item(0)->text().contains(QStringLiteral("Clamp device: ")));
+      EXPECT_TRUE(list.item(1)->text().contains(QStringLiteral("Jaw: ")));
+      EXPECT_TRUE(list.item(2)->text().contains(QStringLiteral("Not an own device: ")));
+      EXPECT_NE(list.item(1)->icon().pixmap(96, 60).toImage(), list.item(2)->icon().pixmap(96, 60).toImage());
+      QTest::keyClicks(dialog.findChild<QLineEdit*>(), "jaw");
+      QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    EXPECT_EQ(qobject_cast<QLineEdit*>(window.WidgetOf(control::kPath))->text(), jaw);
+    open([&](QDialog& dialog) {
+      EXPECT_EQ(Entries(dialog).value(0), "a jaw") << "it was used last";
+      dialog.reject();
+    });
+    EXPECT_EQ(qobject_cast<QLineEdit*>(window.WidgetOf(control::kPath))->text(), jaw);
+  });
+}
+
 TEST_F(Chooser, ListsWhatWasUsedLastFirst) {
   Serve([&](DialogWindow& window) {
     Do(window, "select 3\nchoose 2124 \"Chuck 210\"\nchoose 2124 \"Chuck 160\"\n");

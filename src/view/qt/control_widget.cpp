@@ -10,10 +10,12 @@
 #include <QSpinBox>
 #include <QWheelEvent>
 
-#include "view/qt/device_chooser.h"
+#include "view/ids.h"
 #include "view/qt/framed.h"
 #include "view/qt/icons.h"
 #include "view/qt/lengths.h"
+#include "view/qt/list/device_list.h"
+#include "view/qt/list/own_device_list.h"
 #include "view/qt/pictures/sketch_painter.h"
 #include "view/qt/texts.h"
 
@@ -72,7 +74,7 @@ class ButtonWidget final : public ControlWidget {
   QString mark_;
 };
 
-class EditWidget final : public ControlWidget {
+class EditWidget : public ControlWidget {
  public:
   EditWidget(const Control& control, const Send& send, QWidget* parent)
       : ControlWidget(control.id, new Framed<QLineEdit>(parent)) {
@@ -97,9 +99,10 @@ class EditWidget final : public ControlWidget {
     if (!isNoNumber_) Mark(reason);
   }
 
- private:
+ protected:
   QLineEdit& Edit() { return static_cast<QLineEdit&>(*Widget()); }
 
+ private:
   void Mark(const QString& fault) {
     if (Edit().accessibleDescription() == fault) return;
     hint_->setVisible(!fault.isEmpty());
@@ -124,6 +127,32 @@ class EditWidget final : public ControlWidget {
   QAction* hint_;
   bool isNoNumber_ = false;
   LengthUnit unit_ = LengthUnit::kMillimetre;
+};
+
+/// The path of an own device, which can also be chosen from a list.
+class PathWidget final : public EditWidget {
+ public:
+  PathWidget(const Control& control, const Send& send, QWidget* parent)
+      : EditWidget(control, send, parent), send_(send) {}
+
+  void ShowContent(const Control& control) override {
+    EditWidget::ShowContent(control);
+    const QString path = QString::fromStdString(control.text);
+    if (path == shown_) return;
+    shown_ = path;
+    RememberOwnDevice(path);
+  }
+
+  void OpenChooser() override {
+    const auto path = ChooseOwnDevice(Edit().text(), Edit().window());
+    const std::int32_t id = Id();
+    if (path) send_([&](Dialog& dialog) { dialog.SetText(id, path->toStdString()); });
+    Edit().setFocus();
+  }
+
+ private:
+  const Send send_;
+  QString shown_;
 };
 
 class CheckWidget final : public ControlWidget {
@@ -283,6 +312,7 @@ void ControlWidget::SetSpokenName(const QString& name) {
 }
 
 std::unique_ptr<ControlWidget> MakeControlWidget(const Control& control, const Send& send, QWidget* parent) {
+  if (control.id == control::kPath) return Make<PathWidget>(control, send, parent);
   for (const KindMaker& row : kMakers) {
     if (row.kind == control.kind) return row.make(control, send, parent);
   }

@@ -312,11 +312,17 @@ void DialogWindow::reject() {
   Perform([](Dialog& dialog) { dialog.Close(); });
 }
 
+/// The button that a key presses; null for another key, and on a page without such a list.
+QToolButton* DialogWindow::ChooserFor(const QKeyEvent& event) const {
+  if (event.key() != Qt::Key_F || page_ == nullptr) return nullptr;
+  if (event.modifiers() == Qt::ControlModifier)
+    return page_->findChild<QToolButton*>(QStringLiteral("chooser"));
+  const bool isOfFiles = event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+  return isOfFiles ? page_->findChild<QToolButton*>(QStringLiteral("fileChooser")) : nullptr;
+}
+
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
-  const bool isChooserKey = event->key() == Qt::Key_F && event->modifiers() == Qt::ControlModifier;
-  auto* const chooser =
-      isChooserKey && page_ != nullptr ? page_->findChild<QToolButton*>(QStringLiteral("chooser")) : nullptr;
-  if (chooser != nullptr) return chooser->click();
+  if (QToolButton* const chooser = ChooserFor(*event)) return chooser->click();
   if (event->key() == Qt::Key_F1) return Perform([](Dialog& dialog) { dialog.Press(control::kHelp); });
   auto* const pick = qobject_cast<QPushButton*>(
       event->key() == Qt::Key_F4 && page_ != nullptr ? page_->PickButtonOf(FocusedControl()) : nullptr);

@@ -13,6 +13,7 @@
 class QLabel;
 class QSplitter;
 class QStackedWidget;
+class QToolButton;
 
 namespace vanzet::view::qt {
 
@@ -52,11 +53,13 @@ class DialogWindow final : public QDialog {
   void reject() override;
 
  protected:
-  /// F1 asks for help; F4 presses the button that fills the value with the focus.
+  /// F1 asks for help; F4 presses the button that fills the value with the focus; Ctrl+F and Ctrl+Shift+F
+  /// open the lists with pictures.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Build(const DialogState& state);
+  QToolButton* ChooserFor(const QKeyEvent& event) const;
   QWidget* BuildLeft(const DialogState& state);
   QWidget* BuildButtons(const DialogState& state);
   QWidget* MakeWidget(const Control& control, QWidget* parent);

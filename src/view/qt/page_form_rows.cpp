@@ -16,6 +16,7 @@ namespace vanzet::view::qt {
 namespace {
 
 constexpr const char* kChooser = Translatable("Choose from pictures (Ctrl+F)");
+constexpr const char* kFileChooser = Translatable("Choose from files with pictures (Ctrl+Shift+F)");
 
 constexpr int kGap = 8;
 constexpr int kGroupGap = 16;
@@ -164,9 +165,10 @@ void PageForm::AddChooser(const Row& row, QWidget* cell) {
   ControlWidget* const list = Find(row.field->control);
   auto* const button = new QToolButton(cell);
   button->setIcon(IconOf("search"));
-  button->setObjectName(QStringLiteral("chooser"));
-  button->setAccessibleName(Translate(kChooser));
-  button->setToolTip(Translate(kChooser));
+  const bool isOfFiles = row.field->isWide;
+  button->setObjectName(QLatin1String(isOfFiles ? "fileChooser" : "chooser"));
+  button->setAccessibleName(Translate(isOfFiles ? kFileChooser : kChooser));
+  button->setToolTip(button->accessibleName());
   button->setFocusPolicy(Qt::NoFocus);
   list->Accompany(button);
   connect(button, &QToolButton::clicked, this, [list] { list->OpenChooser(); });
@@ -174,7 +176,8 @@ void PageForm::AddChooser(const Row& row, QWidget* cell) {
 }
 
 void PageForm::AddNeeded(Row& row, QWidget* cell) {
-  if (!row.field->isNeeded && row.field->letter == 0) return;
+  // Numbers that are not needed keep the place free, so that the buttons after them are below each other.
+  if (!row.field->isNeeded && !IsNumber(*row.field)) return;
   row.needed = new QLabel(cell);
   row.needed->setFixedWidth(row.needed->fontMetrics().horizontalAdvance(QLatin1String(kNeededSign)) + 2);
   cell->layout()->addWidget(row.needed);

@@ -89,7 +89,7 @@ constexpr FieldRow kClampElemRows[] = {
     {.label = control::kJawsLabel,    .control = control::kJawSpin, .inner = control::kJawsEdit},
     {.control = control::kInnerChucking},
 };
-constexpr FieldRow kOwnRows[] = {{.label = control::kPathLabel, .control = control::kPath, .button = control::kBrowse, .isWide = true}};
+constexpr FieldRow kOwnRows[] = {{.label = control::kPathLabel, .control = control::kPath, .button = control::kBrowse, .isWide = true, .hasChooser = true}};
 constexpr FieldGroup kClampElem[] = {
     {.title = "From the catalogue", .rows = kClampElemRows, .action = control::kSelectParametric},
     {.title = "From a file",        .rows = kOwnRows,       .action = control::kSelectOwn},

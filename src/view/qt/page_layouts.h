@@ -23,7 +23,7 @@ struct FieldRow {
   Unit unit = Unit::kNone;
   const char* name = "";    ///< in full, after a letter or without a label
   const char* sign = "";    ///< of the value in the picture, before a label that does not have it
-  bool hasChooser = false;  ///< a list of devices that can be searched by pictures
+  bool hasChooser = false;  ///< a list of devices or files that can be searched by pictures
   bool isNeeded = false;    ///< the page's button demands it; for letters the device's row says so
 };
 
