@@ -57,6 +57,7 @@ constexpr ActionRow kRows[] = {
     { Command::kDrawingSvg,    Menu::kExport,     Text::kDrawingSvg,     "drawing",     "",             Needs::kProject, ' ',   false, false },
     { Command::kDrawingPng,    Menu::kExport,     Text::kDrawingPng,     "picture",     "",             Needs::kProject, ' ',   false, false },
     { Command::kEquipmentPng,  Menu::kExport,     Text::kEquipmentPng,   "picture",     "",             Needs::kProject, ' ',   false, true  },
+    { Command::kSetUpSheet,    Menu::kExport,     Text::kSetUpSheet,     "calls",       "",             Needs::kProject, ' ',   false, true  },
     { Command::kBodiesStep,    Menu::kExport,     Text::kBodiesStep,     "body",        "Ctrl+E",       Needs::kProject, ' ',   false, true  },
     { Command::kBodiesStl,     Menu::kExport,     Text::kBodiesStl,      "body",        "",             Needs::kProject, ' ',   false, false },
     { Command::kBodiesWrl,     Menu::kExport,     Text::kBodiesWrl,      "body",        "",             Needs::kProject, ' ',   false, false },

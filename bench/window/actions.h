@@ -21,7 +21,7 @@ enum class Command {
   kFit, kIso, kFront, kBack, kTop, kBottom, kLeft, kRight, kSection, kPerspective, kHalfSection, kMeasure, kGrid,
   kBothViews, kDrawingOnly, kEquipmentOnly, kDefinitionTree, kBodies, kLayers, kMessages, kHistory, kChecks,
   kLight, kDark,
-  kDrawingSvg, kDrawingPng, kEquipmentPng, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
+  kDrawingSvg, kDrawingPng, kEquipmentPng, kSetUpSheet, kBodiesStep, kBodiesStl, kBodiesWrl, kBodiesGltf,
   kContents, kPalette, kAbout,
   kCount
 };

@@ -60,7 +60,7 @@ MainWindow::MainWindow(Places places)
   viewCommands_ = new ViewCommands(workplace_, texts_, memory_,
                                    {*drawing_, *equipment_, *drawingPane_, *equipmentPane_}, this);
   historyCommands_ = new HistoryCommands(workplace_, *history_, this);
-  exportCommands_ = new ExportCommands(workplace_, *equipment_, this);
+  exportCommands_ = new ExportCommands(workplace_, *equipment_, *messages_, this);
   watchCommands_ = new WatchCommands(workplace_, *equipmentCommands_, *statusBar(), this);
   catalogueCommands_ = new CatalogueCommands(workplace_, *pages_, this);
   checkCommands_ = new CheckCommands(

@@ -66,9 +66,9 @@ const std::map<std::string, Folders> kWorkbench = {
     {"cli", {"base",     "vdm",   "project", "drawing", "language",     "api",         "contour", "geometry",
              "modeller", "scene", "section", "results", "define",       "catalogue",   "show",    "check",
              "history",  "sheet", "process", "devices", "vdm/embedded", "vdm/postgres"}},
-    {"window", {"base",     "vdm",     "project", "drawing", "api",          "contour",     "geometry",
-                "modeller", "scene",   "section", "results", "define",       "catalogue",   "show",
-                "check",    "history", "devices", "process", "vdm/embedded", "vdm/postgres"}},
+    {"window", {"base",     "vdm",   "project", "drawing", "api",     "contour",      "geometry",
+                "modeller", "scene", "section", "results", "define",  "catalogue",    "show",
+                "check",    "sheet", "history", "devices", "process", "vdm/embedded", "vdm/postgres"}},
 };
 
 /// Headers of constants alone, which any folder may include.

@@ -1,5 +1,9 @@
+#include <QDialogButtonBox>
 #include <QDropEvent>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QUrl>
 
@@ -194,8 +198,37 @@ TEST_F(Projects, GoOutAsPicturesAndBodies) {
   EXPECT_TRUE(std::filesystem::exists(folder / "bodies/main-jaw-1.stl"));
 }
 
+TEST_F(Projects, WriteTheSetUpSheetInTheLanguageOfTheWindow) {
+  OpenSample(true);
+  ASSERT_TRUE(exports().WriteSheet(folder / "set-up.pdf"));
+  EXPECT_TRUE(ReadBytes(folder / "set-up.pdf").starts_with("%PDF-"));
+  ASSERT_TRUE(exports().WriteSheet(folder / "set-up.html"));
+  EXPECT_THAT(ReadBytes(folder / "set-up.html"), HasSubstr("<html lang=\"en\""));
+  actions().ActionOf("de")->trigger();
+  ASSERT_TRUE(exports().WriteSheet(folder / "set-up.svg"));
+  EXPECT_THAT(ReadBytes(folder / "set-up.svg"),
+              AllOf(HasSubstr("<svg"), HasSubstr("Chuck 160"), HasSubstr("Rohteil")));
+}
+
+TEST_F(Projects, AskWhereTheSetUpSheetIsWritten) {
+  OpenSample(true);
+  const std::filesystem::path place = folder / "by-menu";
+  When([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+       [&] {
+         auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+         EXPECT_EQ(dialog->nameFilters(), (QStringList{"HTML (*.html)", "PDF (*.pdf)", "SVG (*.svg)"}));
+         dialog->selectNameFilter("PDF (*.pdf)");
+         dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(place.string()));
+         dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+       });
+  actions()[Command::kSetUpSheet]->trigger();
+  EXPECT_TRUE(ReadBytes(folder / "by-menu.pdf").starts_with("%PDF-"));
+}
+
 TEST_F(Projects, WithoutEquipmentHaveNothingToExport) {
   OpenSample();
+  EXPECT_FALSE(exports().WriteSheet(folder / "set-up.html"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "set-up.html"));
   EXPECT_FALSE(exports().WriteEquipmentPicture(folder / "equipment.png"));
   EXPECT_FALSE(exports().WriteBodies(modeller::ExportFormat::kStep, folder / "bodies"));
   EXPECT_FALSE(std::filesystem::exists(folder / "equipment.png"));

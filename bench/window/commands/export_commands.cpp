@@ -11,6 +11,9 @@
 #include "results/export_folder.h"
 #include "results/png.h"
 #include "scene/picture.h"
+#include "sheet/html.h"
+#include "sheet/pages.h"
+#include "sheet/project_sheet.h"
 #include "window/commands/boxes.h"
 #include "window/qt_text.h"
 
@@ -32,16 +35,18 @@ constexpr BodiesRow kBodies[] = {
     {Command::kBodiesGltf, modeller::ExportFormat::kGltf},
 };
 
-struct PictureRow {
+struct FileRow {
   Command command;
   const char* name;  ///< that is suggested
   const char* filter;
-  Result<void> (ExportCommands::*write)(const fs::path& file) const;
+  Result<void> (ExportCommands::*write)(const fs::path& file);
 };
-constexpr PictureRow kPictures[] = {
+constexpr FileRow kFiles[] = {
     {Command::kDrawingSvg, "drawing.svg", "SVG (*.svg)", &ExportCommands::WriteDrawing},
     {Command::kDrawingPng, "drawing.png", "PNG (*.png)", &ExportCommands::WriteDrawing},
     {Command::kEquipmentPng, "equipment.png", "PNG (*.png)", &ExportCommands::WriteEquipmentPicture},
+    {Command::kSetUpSheet, "set-up.html", "HTML (*.html);;PDF (*.pdf);;SVG (*.svg)",
+     &ExportCommands::WriteSheet},
 };
 
 }  // namespace
@@ -50,11 +55,9 @@ bool ExportCommands::Run(Command command) {
   const Texts& texts = workplace_.texts;
   Result<void> done;
   QString place;
-  if (const auto* const row = std::ranges::find(kPictures, command, &PictureRow::command);
-      row != std::end(kPictures)) {
-    const QString suggested = ToQString(workplace_.session->project().folder() / row->name);
-    place = QFileDialog::getSaveFileName(workplace_.window, TitleOf(texts(TextOf(command))), suggested,
-                                         row->filter);
+  if (const auto* const row = std::ranges::find(kFiles, command, &FileRow::command);
+      row != std::end(kFiles)) {
+    place = AskForFile(TitleOf(texts(TextOf(command))), row->name, row->filter);
     if (!place.isEmpty()) done = (this->*row->write)(ToPath(place));
   } else if (const auto* const bodies = std::ranges::find(kBodies, command, &BodiesRow::command);
              bodies != std::end(kBodies)) {
@@ -69,7 +72,16 @@ bool ExportCommands::Run(Command command) {
   return true;
 }
 
-Result<void> ExportCommands::WriteDrawing(const fs::path& file) const {
+/// Without an ending the name gets that of the filter.
+QString ExportCommands::AskForFile(const QString& title, const char* name, const char* filter) const {
+  const QString suggested = ToQString(workplace_.session->project().folder() / name);
+  QString chosen;
+  QString place = QFileDialog::getSaveFileName(workplace_.window, title, suggested, filter, &chosen);
+  if (!place.isEmpty() && !ToPath(place).has_extension()) place += chosen.section('*', 1).remove(')');
+  return place;
+}
+
+Result<void> ExportCommands::WriteDrawing(const fs::path& file) {
   VANZET_TRY(const drawing::Drawing drawing, workplace_.session->Drawing());
   VANZET_TRY(const std::string svg, drawing::PictureSvg(drawing, {}));
   if (!EqualWithoutCase(file.extension().string(), ".png")) return WriteFile(file, svg);
@@ -77,7 +89,7 @@ Result<void> ExportCommands::WriteDrawing(const fs::path& file) const {
   return WriteFile(file, png);
 }
 
-Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) const {
+Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) {
   if (equipment_.model() == nullptr) return Fault{workplace_.texts(Text::kNoEquipment).toStdString()};
   VANZET_DO(CheckEquipment());
   const double factor = double{kLargestSide} / std::max(equipment_.width(), equipment_.height());
@@ -86,6 +98,28 @@ Result<void> ExportCommands::WriteEquipmentPicture(const fs::path& file) const {
   VANZET_TRY(const std::string png,
              results::PngOf(scene::Draw(*equipment_.model(), ScaleLook(equipment_.look(), factor), options)));
   return WriteFile(file, png);
+}
+
+Result<void> ExportCommands::WriteSheet(const fs::path& file) {
+  const BusyMark mark(workplace_);
+  BusyBox box(workplace_.texts, Text::kMakingSheet, workplace_.window);
+  modeller::Exchange exchange = modeller::Exchange::OfProcess();
+  exchange.progress = box.Progress();
+  const sheet::Words words{workplace_.texts.translations(), workplace_.unit};
+  const sheet::Options options = {.spur = {}, .language = workplace_.texts.language()};
+  VANZET_TRY(const auto made,
+             sheet::MakeSheet(workplace_.session->project(), options, words, exchange, panel_));
+  const std::string ending = file.extension().string();
+  if (EqualWithoutCase(ending, ".pdf")) {
+    VANZET_TRY(const auto pages, sheet::PdfOf(made.sheet));
+    return WriteFile(file, pages);
+  }
+  if (EqualWithoutCase(ending, ".svg")) {
+    VANZET_TRY(const auto page, sheet::FirstPageSvgOf(made.sheet));
+    return WriteFile(file, page);
+  }
+  VANZET_TRY(const auto assets, sheet::Assets::Read(workplace_.places.share));
+  return WriteFile(file, sheet::HtmlOf(made.sheet, assets, words));
 }
 
 Result<void> ExportCommands::WriteBodies(modeller::ExportFormat format, const fs::path& folder) {
