@@ -5,6 +5,7 @@
 
 #include "window/commands/body_marks.h"
 #include "window/commands/dialog_place.h"
+#include "window/docks/findings_in_front.h"
 #include "window/main_window.h"
 #include "window/qt_text.h"
 
@@ -46,6 +47,8 @@ void MainWindow::ConnectParts() {
           [this](const QString& text) { statusBar()->showMessage(text, kFaultTime); });
   connect(layers_, &LayerDock::LayerSwitched, this,
           [this](const QString& name, bool isOn) { drawing_->Hide(name.toStdString(), !isOn); });
+  auto* const front = new FindingsInFront(*checks_, checks_->tree(), this);
+  connect(projectCommands_, &ProjectCommands::Opened, front, &FindingsInFront::Begin);
   connect(drawing_, &DrawingView::CursorMoved, this, &MainWindow::ShowPosition);
   connect(drawing_, &DrawingView::CursorLeft, position_, &QLabel::clear);
   connect(spurs_, &QComboBox::activated, equipmentCommands_, &EquipmentCommands::ShowSpur);

@@ -69,6 +69,19 @@ TEST_F(Checks, ListWhatIsFoundAfterEachStoredStep) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !count().text().contains("Errors: 1"); }));
 }
 
+TEST_F(Checks, AreInFrontOfTheMessagesWhenSomethingIsFoundFirst) {
+  Part<window::MessageDock>().raise();
+  OpenTooThick();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !list().visibleRegion().isEmpty(); }, 20'000));
+  Part<window::MessageDock>().raise();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return list().visibleRegion().isEmpty(); }));
+  actions().ActionOf("de")->trigger();
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return list().topLevelItem(RowOf("EQ-203"))->text(0) == "Fehler"; }, 20'000));
+  QTest::qWait(50);
+  EXPECT_TRUE(list().visibleRegion().isEmpty()) << "a person who reads the messages is left there";
+}
+
 TEST_F(Checks, SpeakTheLanguageOfTheWindow) {
   OpenTooThick();
   actions().ActionOf("de")->trigger();
