@@ -47,6 +47,11 @@ void MainWindow::ConnectParts() {
           [this](const QString& text) { statusBar()->showMessage(text, kFaultTime); });
   connect(layers_, &LayerDock::LayerSwitched, this,
           [this](const QString& name, bool isOn) { drawing_->Hide(name.toStdString(), !isOn); });
+  connect(layers_, &LayerDock::PartSwitched, this,
+          [this](const QString& name, bool isOn) { drawing_->HidePart(name.toStdString(), !isOn); });
+  connect(drawing_, &DrawingView::PartsChanged, this, [this] { layers_->ShowParts(drawing_->parts()); });
+  connect(viewCommands_, &ViewCommands::AppearanceChanged, this,
+          [this] { layers_->ShowParts(drawing_->parts()); });
   auto* const front = new FindingsInFront(*checks_, checks_->tree(), this);
   connect(projectCommands_, &ProjectCommands::Opened, front, &FindingsInFront::Begin);
   connect(drawing_, &DrawingView::CursorMoved, this, &MainWindow::ShowPosition);

@@ -93,7 +93,7 @@ void MainWindow::MakeDocks() {
   messages_ = new MessageDock(texts_, this);
   history_ = new HistoryDock(texts_, this);
   checks_ = new CheckDock(texts_, this);
-  choice_ = new ChoiceDock(this);
+  choice_ = new ChoiceDock(texts_, this);
   addDockWidget(Qt::LeftDockWidgetArea, definition_);
   addDockWidget(Qt::LeftDockWidgetArea, bodies_);
   addDockWidget(Qt::LeftDockWidgetArea, layers_);

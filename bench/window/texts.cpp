@@ -115,6 +115,7 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kNotAPosition,     "'%1' is not a position: expected two numbers, X and Y." },
     { Text::kFigures,          "Figures" },
     { Text::kSolids,           "Solids" },
+    { Text::kSearchNames,      "Search by name or size" },
     { Text::kCancel,           "Cancel" },
 
     { Text::kImporting,        "Reading a solid..." },
@@ -182,6 +183,8 @@ constexpr std::array<TextRow, static_cast<std::size_t>(Text::kCount)> kTexts = {
     { Text::kStateThen,         "After the chosen change" },
     { Text::kStateNow,          "Now" },
     { Text::kNoSection,         "No equipment." },
+    { Text::kDatum,            "Datum" },
+    { Text::kDimensions,       "Dimensions" },
 
     { Text::kOpenBy,            "Open: %1" },
     { Text::kPersonOn,          "%1 on %2" },

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QLocale>
+#include <algorithm>
 
 #include "base/translations.h"
 #include "window/qt_text.h"
@@ -10,6 +11,7 @@ namespace vanzet::window {
 namespace {
 
 constexpr qsizetype kMostRecent = 8;
+constexpr qsizetype kMostUsed = 24;
 
 }  // namespace
 
@@ -30,6 +32,23 @@ void WindowMemory::AddRecent(const QString& folder) {
   recent.removeAll(folder);
   recent.prepend(folder);
   settings_.setValue("recent", QStringList(recent.mid(0, kMostRecent)));
+}
+
+QStringList WindowMemory::InOrderOfUse(QStringList names) const {
+  const QStringList used = settings_.value("usedNames").toStringList();
+  const auto rank = [&](const QString& name) {
+    const qsizetype at = used.indexOf(name);
+    return at < 0 ? used.size() : at;
+  };
+  std::ranges::stable_sort(names, {}, rank);
+  return names;
+}
+
+void WindowMemory::AddUsedName(const QString& name) {
+  QStringList used = settings_.value("usedNames").toStringList();
+  used.removeAll(name);
+  used.prepend(name);
+  settings_.setValue("usedNames", QStringList(used.mid(0, kMostUsed)));
 }
 
 std::string WindowMemory::Language() const {

@@ -47,6 +47,10 @@ class WindowMemory {
   QStringList Recent() const;
   void AddRecent(const QString& folder);
 
+  // The names of figures and solids that were taken, to be offered first.
+  QStringList InOrderOfUse(QStringList names) const;
+  void AddUsedName(const QString& name);
+
   /// The code of the language that was chosen; else that of the system.
   std::string Language() const;
   void SetLanguage(const std::string& language);

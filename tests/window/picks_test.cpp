@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 #include "support/places.h"
+#include "window/views/previews.h"
 #include "window/views/steps.h"
 #include "window_fixture.h"
 
@@ -150,7 +151,7 @@ TEST_F(WindowPicks, InAReopenedProjectSeeItsDrawing) {
   ASSERT_TRUE(window->projectCommands().Open(folder / "lathe"));
   // The pick is the first thing that this dialog asks of the workbench: no line has come before it.
   Play("select 19\npress 2005\n", {[&] {
-         EXPECT_EQ(layers().list().count(), 2);
+         EXPECT_EQ(layers().list().findItems("Billet_Spindel_1", Qt::MatchExactly).size(), 1);
          drawing().Fit();
          QTest::mouseMove(&drawing(), At(-50, 21) + QPoint(5, -4));
          EXPECT_TRUE(drawing().snap()) << "the billet's corner";
@@ -193,6 +194,58 @@ TEST_F(WindowPicks, OfAFigureCanBeChosenFromTheList) {
          emit list.itemActivated(list.item(0));
        }});
   EXPECT_THAT(Section(1, 3), Contains(HasSubstr("bracket")));
+}
+
+TEST_F(WindowPicks, OfferFiguresWithPicturesToBeSearched) {
+  OpenSample();
+  const auto figures = folder / "lathe" / "figures";
+  for (const char* name : {"arm.txt", "bracket.txt"})
+    WriteBytes(figures / name, "k1 e\nx0 y0\nx40 y0\nx40 y25\nx0 y0\nek\n");
+  WriteBytes(figures / "broken.txt", "rubbish");
+  const auto rows = [this] {
+    QStringList texts;
+    for (int row = 0; row < choice().list().count(); ++row) {
+      const QListWidgetItem& item = *choice().list().item(row);
+      if (!item.isHidden()) texts << item.text();
+    }
+    return texts;
+  };
+  const auto pixels = [this](int row) {
+    return choice().list().item(row)->icon().pixmap(window::kPreviewSize).toImage();
+  };
+  Play("select 20\npress 2010\npress 2015\n", {[&] {
+         const QStringList all = {"arm\n40 x 25 mm", "bracket\n40 x 25 mm", "broken"};
+         EXPECT_TRUE(QTest::qWaitFor([&] { return rows() == all; })) << rows().join(", ").toStdString();
+         EXPECT_NE(pixels(0), pixels(2)) << "the last one cannot be read";
+         QTest::keyClicks(&choice().search(), "BRACK");
+         EXPECT_EQ(rows().size(), 1);
+         QTest::keyClick(&choice().search(), Qt::Key_Return);
+       }});
+  EXPECT_THAT(Section(1, 3), Contains(HasSubstr("bracket")));
+  Play("select 20\npress 2010\n", {[&] {
+         EXPECT_TRUE(rows()[0].startsWith("bracket")) << "it was taken last";
+         QTest::keyClick(&choice().search(), Qt::Key_Down);
+         QTest::keyClick(&choice().search(), Qt::Key_Down);
+         EXPECT_EQ(choice().list().currentRow(), 1);
+         Escape();
+       }});
+}
+
+TEST_F(WindowPicks, OfferSolidsWithPicturesThatAreMadeInTheBackground) {
+  OpenSample();
+  const auto bodies = folder / "lathe" / "bodies";
+  std::filesystem::copy(VANZET_SOURCE_DIR "/examples/bodies/casting.step", bodies / "casting.step");
+  WriteBytes(bodies / "broken.step", "nothing of the kind");
+  Play("select 21\npress 2018\n", {[&] {
+         QListWidget& list = choice().list();
+         ASSERT_EQ(list.count(), 2);
+         EXPECT_TRUE(QTest::qWaitFor([&] { return list.item(1)->text().contains(" mm"); }, 2500))
+             << list.item(1)->text().toStdString();
+         EXPECT_EQ(list.item(0)->text(), "broken");
+         const QImage picture = list.item(1)->icon().pixmap(window::kPreviewSize).toImage();
+         EXPECT_NE(picture.pixelColor(picture.rect().center()), picture.pixelColor(1, 1));
+         Escape();
+       }});
 }
 
 TEST_F(WindowPicks, ShowAFigureOfTheFolderWhenItsNameIsMarked) {

@@ -62,13 +62,47 @@ TEST_F(Views, OfTheDrawingShowTheLayersThatAreOn) {
   OpenSample(true);
   const QImage before = drawing().grab().toImage();
   QListWidget& list = layers().list();
-  ASSERT_EQ(list.count(), 2);
+  ASSERT_EQ(list.item(1)->text(), "Billet_Spindel_1") << "a layer of the drawing";
   list.item(1)->setCheckState(Qt::Unchecked);
   EXPECT_NE(drawing().grab().toImage(), before);
   window->equipmentCommands().Refresh();
   EXPECT_EQ(list.item(1)->checkState(), Qt::Unchecked);
   list.item(1)->setCheckState(Qt::Checked);
   EXPECT_EQ(drawing().grab().toImage(), before);
+}
+
+TEST_F(Views, OfTheDrawingShowThePartsOfTheHalfSectionThatAreOn) {
+  OpenSample(true);
+  const auto hasBody = [this](const char* name) {
+    const auto& bodies = drawing().section()->section.bodies;
+    return std::ranges::find(bodies, name, &section::SectionBody::name) != bodies.end();
+  };
+  const auto rows = [this] {
+    QStringList texts;
+    for (int row = 0; row < layers().list().count(); ++row) texts << layers().list().item(row)->text();
+    return texts;
+  };
+  const auto turn = [this](const QString& text, Qt::CheckState state) {
+    layers().list().findItems(text, Qt::MatchExactly).front()->setCheckState(state);
+  };
+  const QImage all = drawing().grab().toImage();
+  EXPECT_TRUE(rows().contains("main jaw 1")) << rows().join(", ").toStdString();
+  turn("main jaw 1", Qt::Unchecked);
+  EXPECT_FALSE(hasBody("main jaw 1"));
+  EXPECT_TRUE(hasBody("main chuck"));
+  EXPECT_NE(drawing().grab().toImage(), all);
+  turn("Dimensions", Qt::Unchecked);
+  EXPECT_TRUE(drawing().section()->section.dimensions.empty());
+  window->equipmentCommands().Refresh();
+  EXPECT_FALSE(hasBody("main jaw 1")) << "it stays hidden in the next section";
+  actions().ActionOf("de")->trigger();
+  EXPECT_TRUE(rows().contains(QString::fromUtf8("Maße"))) << rows().join(", ").toStdString();
+  actions().ActionOf("en")->trigger();
+  turn("main jaw 1", Qt::Checked);
+  turn("Dimensions", Qt::Checked);
+  EXPECT_EQ(drawing().grab().toImage(), all);
+  actions()[Command::kHalfSection]->trigger();
+  EXPECT_FALSE(rows().contains("main chuck")) << "a section that is not shown has no parts";
 }
 
 TEST_F(Views, OfLayersHaveColoursForTheAppearance) {
@@ -185,6 +219,33 @@ TEST_F(Views, OfTheDrawingShowTheHalfSectionAndSnapToIt) {
   actions()[Command::kHalfSection]->trigger();
   EXPECT_EQ(drawing().section(), nullptr);
   EXPECT_NE(drawing().grab().toImage(), with);
+}
+
+TEST_F(Views, OfTheDrawingLetNoLineRunThroughTheTextOfADimension) {
+  OpenSample(true);
+  actions()[Command::kDark]->trigger();
+  // Lines of the drawing are above the section.
+  for (const int row : {0, 1}) layers().list().item(row)->setCheckState(Qt::Unchecked);
+  drawing().Fit();
+  const QImage image = drawing().grab().toImage();
+  const auto& shown = *drawing().section();
+  const double scale = drawing().frame().scale(), text = window::TextHeight(drawing().font(), scale);
+  for (const auto& lines : section::LayOut(shown.section, shown.texts, text).dimensions) {
+    const QPointF at = drawing().frame().ToScreen(lines.label.at);
+    const int half =
+        QFontMetrics(drawing().font()).horizontalAdvance(QString::fromStdString(lines.label.text)) / 2;
+    const int bottom = static_cast<int>(at.y()) - 1, top = static_cast<int>(at.y() - text * scale) + 1;
+    if (bottom >= image.height()) continue;
+    const auto isLine = [&](int x) {
+      for (int y = top; y < bottom; ++y) {
+        if (image.pixelColor(x, y).lightness() < 80) return false;
+      }
+      return true;
+    };
+    for (int x = static_cast<int>(at.x()) - half; x < static_cast<int>(at.x()) + half; ++x)
+      EXPECT_FALSE(isLine(x)) << lines.label.text << " at column " << x;
+  }
+  actions()[Command::kLight]->trigger();
 }
 
 TEST_F(Views, OfTheDrawingShowTheTextsOfDimensionsWholeOrCountThem) {

@@ -48,11 +48,12 @@ EquipmentCommands::EquipmentCommands(Workplace& workplace, Parts parts, QObject*
     : QObject(parent),
       workplace_(workplace),
       parts_(parts),
+      previews_(workplace, parts.choice, [this](const std::string& figure) { return ContoursOf(figure); }),
       picks_({workplace.texts, parts.hint, parts.drawing, parts.equipment, parts.choice,
               [this] { RefreshDrawing(); }, [this] { return Figures(); }, [this] { return Solids(); },
               [this](const QString& name) { ShowFigure(name); },
               [this](const QString& name) { ShowSolid(name); }, [this] { ShowSceneAgain(); },
-              [this] { return workplace_.unit; }}),
+              [this] { return workplace_.unit; }, previews_}),
       page_(this),
       live_(workplace, {parts.drawing, parts.equipment, [this] { return ShowScene(); }}, nullptr) {
   redraw_.setSingleShot(true);
@@ -289,6 +290,13 @@ Result<drawing::Drawing> EquipmentCommands::DrawingWith(const std::string& figur
     shown.strokes.push_back({std::move(curve), drawing::kFirstLayer, drawing::Pen()});
   shown.insertions.emplace_back();
   return drawing;
+}
+
+Result<std::vector<geometry::Kurve>> EquipmentCommands::ContoursOf(const std::string& figure) const {
+  VANZET_TRY(const drawing::Drawing drawing, DrawingWith(figure));
+  std::vector<geometry::Kurve> contours;
+  for (const drawing::Stroke& stroke : drawing.figures.at(figure).strokes) contours.push_back(stroke.curve);
+  return contours;
 }
 
 void EquipmentCommands::ShowSolid(const QString& name) {

@@ -11,7 +11,7 @@
 #include "window/commands/workplace.h"
 #include "window/docks/body_dock.h"
 #include "window/docks/definition_dock.h"
-#include "window/docks/list_docks.h"
+#include "window/docks/layer_dock.h"
 #include "window/docks/message_dock.h"
 
 namespace vanzet::window {
@@ -78,6 +78,7 @@ class EquipmentCommands final : public QObject {
 
   void ShowFigure(const QString& name);
   Result<drawing::Drawing> DrawingWith(const std::string& figure) const;
+  Result<std::vector<geometry::Kurve>> ContoursOf(const std::string& figure) const;
   void ShowSolid(const QString& name);
   void ShowSceneAgain();
   Result<void> ShowSolidAlone(const std::string& name);
@@ -86,6 +87,7 @@ class EquipmentCommands final : public QObject {
 
   Workplace& workplace_;
   Parts parts_;
+  ChoicePreviews previews_;
   PickSession picks_;
   DialogPage page_;
   LiveEquipment live_;

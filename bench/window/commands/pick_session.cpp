@@ -6,6 +6,7 @@
 
 #include "window/commands/typed_position.h"
 #include "window/qt_text.h"
+#include "window/window_memory.h"
 
 namespace vanzet::window {
 namespace {
@@ -86,12 +87,26 @@ void PickSession::Begin(const drawing::PickQuestion& question) {
                  asked_ == Pick::Kind::kPosition ? TypedName() : QString());
   desk_.drawing.Ask(row.picking);
   desk_.equipment.AskForSolid(asked_ == Pick::Kind::kObject);
-  if (asked_ == Pick::Kind::kFigure) desk_.choice.Offer(desk_.texts(row.list), desk_.figures());
-  if (asked_ == Pick::Kind::kObject) desk_.choice.Offer(desk_.texts(row.list), desk_.solids());
   QWidget* const window = desk_.hint.window();
   window->raise();
   window->activateWindow();
-  if (asked_ == Pick::Kind::kPosition) desk_.hint.TakeFocus();
+  if (asked_ == Pick::Kind::kPosition) {
+    desk_.hint.TakeFocus();
+  } else {
+    OfferNames();
+  }
+}
+
+/// Those that were taken last come first.
+void PickSession::OfferNames() {
+  const bool areSolids = asked_ == Pick::Kind::kObject;
+  const QStringList names = WindowMemory().InOrderOfUse(areSolids ? desk_.solids() : desk_.figures());
+  desk_.choice.Offer(desk_.texts(RowOf(asked_).list), names);
+  if (areSolids) {
+    desk_.previews.BeginSolids(names);
+  } else {
+    desk_.previews.BeginFigures(names);
+  }
 }
 
 /// The question for people: what is asked for, and the value that it is for.
@@ -108,6 +123,7 @@ QString PickSession::TypedName() const {
 void PickSession::End() {
   pressed_.clear();
   desk_.hint.hide();
+  desk_.previews.End();
   desk_.choice.hide();
   desk_.drawing.Ask(DrawingView::Picking::kNone);
   desk_.equipment.AskForSolid(false);
@@ -118,6 +134,7 @@ void PickSession::End() {
 void PickSession::Answer(Pick pick) {
   if (!IsAsking() || pick.kind != asked_) return;
   answer_ = std::move(pick);
+  if (!answer_.name.empty()) WindowMemory().AddUsedName(ToQString(answer_.name));
   loop_.quit();
 }
 

@@ -4,7 +4,8 @@
 #include <functional>
 
 #include "drawing/picks.h"
-#include "window/docks/list_docks.h"
+#include "window/commands/choice_previews.h"
+#include "window/docks/choice_dock.h"
 #include "window/texts.h"
 #include "window/views/bars.h"
 #include "window/views/drawing_view.h"
@@ -31,6 +32,7 @@ class PickSession final : public QObject {
     std::function<void(const QString&)> showSolid;   ///< in the place of the equipment
     std::function<void()> showEquipment;             ///< again
     std::function<LengthUnit()> unit;                ///< of typed positions
+    ChoicePreviews& previews;
   };
   explicit PickSession(Desk desk);
 
@@ -42,6 +44,7 @@ class PickSession final : public QObject {
 
  private:
   void Begin(const drawing::PickQuestion& question);
+  void OfferNames();
   void End();
   QString PromptOf(const drawing::PickQuestion& question) const;
   QString TypedName() const;

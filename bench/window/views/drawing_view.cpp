@@ -87,16 +87,36 @@ geometry::Box DrawingView::WithDimensions(geometry::Box box, double scale) const
 }
 
 void DrawingView::ShowSection(std::shared_ptr<const ShownSection> section) {
-  section_ = std::move(section);
+  whole_ = std::move(section);
   hoveredBody_.clear();
+  SelectParts();
+  emit PartsChanged();
+}
+
+void DrawingView::HidePart(const std::string& part, bool isHidden) {
+  if (isHidden) {
+    hiddenParts_.insert(part);
+  } else {
+    hiddenParts_.erase(part);
+  }
+  SelectParts();
+}
+
+void DrawingView::SelectParts() {
+  section_ = whole_ == nullptr || hiddenParts_.empty() ? whole_ : Without(hiddenParts_, *whole_);
   SelectShown();
   if (isFitted_) Fit();
+}
+
+std::vector<SectionPart> DrawingView::parts() const {
+  return whole_ == nullptr || !isSectionVisible_ ? std::vector<SectionPart>() : PartsOf(*whole_);
 }
 
 void DrawingView::SetSectionVisible(bool isVisible) {
   isSectionVisible_ = isVisible;
   SelectShown();
   if (isFitted_) Fit();
+  emit PartsChanged();
 }
 
 void DrawingView::Mark(const QString& body) {

@@ -32,7 +32,15 @@ class DrawingView final : public QWidget {
   /// Shows the half section of the equipment below the drawing, null for none; positions snap to it.
   void ShowSection(std::shared_ptr<const ShownSection> section);
   void SetSectionVisible(bool isVisible);
+
+  /// Hides a part of the section, also in sections that are shown later.
+  void HidePart(const std::string& part, bool isHidden);
+
+  /// The visible section, without hidden parts; null for none.
   const ShownSection* section() const { return isSectionVisible_ ? section_.get() : nullptr; }
+
+  /// All parts of the section, the hidden ones too; none while it is not shown.
+  std::vector<SectionPart> parts() const;
 
   /// Marks the body of that name in the section; empty: none.
   void Mark(const QString& body);
@@ -58,6 +66,7 @@ class DrawingView final : public QWidget {
   QSize sizeHint() const override { return {640, 320}; }
 
  signals:
+  void PartsChanged();
   /// The cursor is at that place; while a position is asked for, at the one that a click there picks.
   void CursorMoved(double x, double y);
   void CursorLeft();
@@ -79,6 +88,7 @@ class DrawingView final : public QWidget {
 
  private:
   void SelectShown();
+  void SelectParts();
   void Hover(const QPointF& place);
   bool WantsPosition() const;
   void PaintMeasured(QPainter& painter) const;
@@ -95,7 +105,8 @@ class DrawingView final : public QWidget {
 
   drawing::ShownLayers all_, shown_;
   std::set<std::string> hidden_;
-  std::shared_ptr<const ShownSection> section_;
+  std::shared_ptr<const ShownSection> whole_, section_;  ///< with and without hidden parts
+  std::set<std::string> hiddenParts_;
   bool isSectionVisible_ = true;
   QString hoveredBody_, marked_, selected_;
   QStringList pointedBodies_;

@@ -49,6 +49,36 @@ std::shared_ptr<const ShownSection> ShownOf(section::Section section, section::S
   return shown;
 }
 
+std::string PartOf(const std::string& body) {
+  return body.substr(0, body.find(','));
+}
+
+std::vector<SectionPart> PartsOf(const ShownSection& shown) {
+  std::vector<SectionPart> parts;
+  const auto add = [&](const std::string& name, const QColor& colour) {
+    if (std::ranges::find(parts, name, &SectionPart::name) == parts.end()) parts.push_back({name, colour});
+  };
+  for (const section::SectionBody& body : shown.section.bodies)
+    add(PartOf(body.name), ColourOf(section::InkOf(body.kind)));
+  if (!shown.section.datums.empty()) add(kDatumPart, QColor(ToQString(section::kDatumColour)));
+  if (!shown.section.dimensions.empty()) add(kDimensionPart, QColor(ToQString(section::kDimensionColour)));
+  return parts;
+}
+
+std::shared_ptr<const ShownSection> Without(const std::set<std::string>& parts, const ShownSection& shown) {
+  auto left = std::make_shared<ShownSection>();
+  left->texts = shown.texts;
+  for (std::size_t i = 0; i < shown.section.bodies.size(); ++i) {
+    if (parts.contains(PartOf(shown.section.bodies[i].name))) continue;
+    left->section.bodies.push_back(shown.section.bodies[i]);
+    left->contours.push_back(shown.contours[i]);
+    left->isPale.push_back(shown.isPale[i]);
+  }
+  if (!parts.contains(kDatumPart)) left->section.datums = shown.section.datums;
+  if (!parts.contains(kDimensionPart)) left->section.dimensions = shown.section.dimensions;
+  return left;
+}
+
 double TextHeight(const QFont& font, double scale) {
   return QFontMetricsF(font).height() * 0.8 / scale;
 }
@@ -102,13 +132,20 @@ int SectionPainter::PaintDimensions(const ShownSection& shown) {
   const double height = TextHeight(painter_.font(), frame_.scale());
   const section::Layout layout = section::LayOut(shown.section, shown.texts, height);
   const QColor colour = ColoursFor(palette_).text;
+  const auto isSeen = [this](const section::DimensionLines& lines) {
+    return frame_.ToScreen(lines.label.at).y() <= size_.height();
+  };
   int leftOut = 0;
   for (const section::DimensionLines& lines : layout.dimensions) {
-    if (frame_.ToScreen(lines.label.at).y() > size_.height()) {
+    if (!isSeen(lines)) {
       ++leftOut;
     } else {
-      PaintDimension(lines, height, colour);
+      PaintLines(lines, colour);
     }
+  }
+  // Texts cover the lines of all dimensions.
+  for (const section::DimensionLines& lines : layout.dimensions) {
+    if (isSeen(lines)) PaintLabel(lines.label, height, colour);
   }
   if (leftOut > 0) PaintCount(leftOut, colour);
   for (const section::Datum& datum : shown.section.datums) {
@@ -119,8 +156,7 @@ int SectionPainter::PaintDimensions(const ShownSection& shown) {
   return leftOut;
 }
 
-void SectionPainter::PaintDimension(const section::DimensionLines& lines, double height,
-                                    const QColor& colour) {
+void SectionPainter::PaintLines(const section::DimensionLines& lines, const QColor& colour) {
   painter_.setPen(QPen(WithAlpha(colour, 170), 1));
   for (const section::Line& line : lines.thin) {
     const QList<QPointF> ends = {frame_.ToScreen(line.from), frame_.ToScreen(line.to)};
@@ -133,7 +169,6 @@ void SectionPainter::PaintDimension(const section::DimensionLines& lines, double
     const QPointF foot = tip - way * kArrowLength, side = QPointF(-way.y(), way.x()) * (kArrowWidth / 2);
     painter_.drawPolygon(QPolygonF({tip, foot + side, foot - side}));
   }
-  PaintLabel(lines.label, height, colour);
 }
 
 /// In the lower right corner.
@@ -155,7 +190,7 @@ void SectionPainter::PaintLabel(const section::Label& label, double height, cons
   const QRectF box(at.x() - width / 2 - 2, at.y() - height * frame_.scale(), width + 4,
                    height * frame_.scale());
   if (!box.intersects(seen_)) return;
-  painter_.fillRect(box, WithAlpha(ColoursFor(palette_).background, 200));
+  painter_.fillRect(box, ColoursFor(palette_).background);
   painter_.setPen(colour);
   painter_.drawText(box, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextDontClip, text);
 }

@@ -23,6 +23,24 @@ struct ShownSection {
 std::shared_ptr<const ShownSection> ShownOf(section::Section section, section::SectionTexts texts,
                                             const std::vector<std::string>& paleBodies = {});
 
+// The names of the parts of a section that are not bodies.
+inline constexpr const char *kDatumPart = "datum", *kDimensionPart = "dimensions";
+
+/// The part that a body is: itself, also while it is not stored yet.
+std::string PartOf(const std::string& body);
+
+/// A part of a section that can be hidden.
+struct SectionPart {
+  std::string name;
+  QColor colour;  ///< as on white paper
+};
+
+/// The parts of a section, in the order in which they are painted.
+std::vector<SectionPart> PartsOf(const ShownSection& shown);
+
+/// The section without some of its parts. Dimensions stay, also those of a hidden body.
+std::shared_ptr<const ShownSection> Without(const std::set<std::string>& parts, const ShownSection& shown);
+
 /// The height of the lines of dimensions, in millimetres of a section that is painted at that scale.
 double TextHeight(const QFont& font, double scale);
 
@@ -42,7 +60,7 @@ class SectionPainter {
 
  private:
   void PaintBody(const ShownSection& shown, std::size_t body, bool isMarked);
-  void PaintDimension(const section::DimensionLines& lines, double height, const QColor& colour);
+  void PaintLines(const section::DimensionLines& lines, const QColor& colour);
   void PaintLabel(const section::Label& label, double height, const QColor& colour);
   void PaintCount(int count, const QColor& colour);
 
