@@ -1,11 +1,10 @@
 #include "support/fake_host_functions.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <cstring>
 #include <sstream>
 
+#include "platform/symbols.h"
 #include "support/fake_call.h"
 
 namespace vanzet::test {
@@ -208,7 +207,7 @@ void OrvoMacroVdmSingleDelete(Word handle, Int count) {
 namespace vanzet::test {
 
 void* FakeFunction(const char* name) {
-  return dlsym(nullptr, name);
+  return platform::FindSymbol(nullptr, name);
 }
 
 }  // namespace vanzet::test
