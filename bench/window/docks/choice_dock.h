@@ -11,7 +11,8 @@ class QListWidgetItem;
 namespace vanzet::window {
 
 /// Names with pictures to choose from while the user is asked for a pick, to be searched by any word. The
-/// dock is visible for that time only. The arrows walk the list from the search field, and Enter takes the name.
+/// dock is visible for that time only. The arrows walk the list from the search field, and Enter takes the
+/// name.
 class ChoiceDock final : public QDockWidget {
   Q_OBJECT
  public:
