@@ -1,6 +1,7 @@
 #include "check/finding.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/letter_case.h"
 #include "base/translations.h"
@@ -37,7 +38,31 @@ constexpr Rule kRules[] = {
 };
 // clang-format on
 
+struct ValueKey {
+  std::string_view value, key;
+};
+// clang-format off
+constexpr ValueKey kValueKeys[] = {
+    {"the bar length",                 "bar_length"},
+    {"the clamp diameter",             "clamp_diameter"},
+    {"the clamping out",               "clamping_out"},
+    {"the front allowance",            "front_allowance"},
+    {"the inner diameter",             "inner_diameter"},
+    {"the job's force",                "force"},
+    {"the job's speed",                "speed"},
+    {"the origin of the sub spindle",  "origin"},
+    {"the outer diameter",             "outer_diameter"},
+    {"the rear allowance",             "rear_allowance"},
+};
+// clang-format on
+
 }  // namespace
+
+std::string_view KeyOf(const Change& change) {
+  const auto* const row = std::ranges::find(kValueKeys, change.value, &ValueKey::value);
+  assert(row != std::end(kValueKeys) && "each value that mends a finding has a key");
+  return row->key;
+}
 
 std::string_view WordOf(Severity severity) {
   return kSeverities[static_cast<std::size_t>(severity)];

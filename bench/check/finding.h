@@ -70,6 +70,10 @@ struct Change {
   const char* unit = nullptr;  ///< null: they are lengths
 };
 
+/// The word of programs for the value: "clamping_out", as forms of definitions name it, or the setting of
+/// the job.
+std::string_view KeyOf(const Change& change);
+
 /// The common part of two bodies, or that of one beyond the other, in the half plane at an angle about the
 /// axis: in degrees from the upright one towards +z.
 struct Area {

@@ -115,6 +115,11 @@ Json JsonOfOne(const Finding& finding, const Style& style) {
                {"spur", finding.spur},           {"where", WordOf(finding.where)},
                {"text", TextOf(finding, style)}, {"values", std::move(values)}};
   if (finding.at) json["at"] = {{"x", Rounded(finding.at->x)}, {"r", Rounded(finding.at->y)}};
+  if (finding.at && finding.area && Rounded(finding.area->degrees) != 0)
+    json["at"]["angle"] = Rounded(finding.area->degrees);
+  if (const auto& change = finding.change)
+    json["change"] = {
+        {"value", KeyOf(*change)}, {"from", Rounded(change->from)}, {"to", Rounded(change->to)}};
   if (!finding.bodies.empty()) json["bodies"] = finding.bodies;
   return json;
 }

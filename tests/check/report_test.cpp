@@ -46,7 +46,18 @@ TEST(Report, HasNumbersForPrograms) {
   EXPECT_EQ(finding["where"], "sub");
   EXPECT_EQ(finding["values"]["overlap"], 1.25);
   EXPECT_EQ(finding["at"]["x"], -12);
-  EXPECT_EQ(finding["at"]["r"], 21);
+  EXPECT_EQ(finding["at"], (nlohmann::ordered_json{{"x", -12.0}, {"r", 21.0}}));
+  EXPECT_EQ(finding["change"],
+            (nlohmann::ordered_json{{"value", "clamp_diameter"}, {"from", 42.0}, {"to", 44.5}}));
+}
+
+TEST(Report, HasTheAngleOfAPlaceThatIsNotInTheUprightPlane) {
+  check::Finding finding = Overlap();
+  finding.area = {.degrees = 30, .region = {}};
+  finding.change.reset();
+  const auto json = check::JsonOf({finding}, {Translations()})["findings"][0];
+  EXPECT_EQ(json["at"]["angle"], 30);
+  EXPECT_FALSE(json.contains("change"));
 }
 
 TEST(Report, PutsTermsIntoTheirPlacesAlone) {

@@ -107,7 +107,11 @@ class SetupTest : public testing::TestWithParam<bool> {
                                      .job = job,
                                      .severities = severities});
     EXPECT_TRUE(found) << found.fault().text;
-    return found ? *found : std::vector<check::Finding>();
+    if (!found) return {};
+    for (const check::Finding& finding : *found) {
+      EXPECT_TRUE(!finding.change || !check::KeyOf(*finding.change).empty()) << finding.change->value;
+    }
+    return *found;
   }
 
   std::vector<check::Finding> Findings() const { return FindingsIn(Scene()); }
