@@ -1,4 +1,5 @@
 #include <QDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTextBrowser>
@@ -17,6 +18,10 @@ using window::Command;
 /// mend it.
 constexpr const char *kTooThick = "select 19\nset 2022 80\npress 2016\npress 1\n",
                      *kThinner = "select 19\nset 2022 42\npress 2016\npress 1\n";
+
+/// A clamping out with which the bar reaches too far out of the jaws.
+constexpr const char* kFarOut =
+    "select 19\nset 2022 42\npress 2016\nselect 34\nset 2203 150\npress 2015\npress 1\n";
 
 class Checks : public WindowTest {
  protected:
@@ -39,6 +44,20 @@ class Checks : public WindowTest {
     OpenSample(true);
     Play(kTooThick);
     ASSERT_TRUE(Lists("EQ-203"));
+  }
+  /// Whether the ring is painted: red at its left and its right.
+  static bool HasRing(QWidget& view, const QPointF& place) {
+    const QImage picture = view.grab().toImage();
+    const double scale = picture.devicePixelRatio();
+    const auto isRed = [&](double x) {
+      for (const int off : {-1, 0, 1}) {
+        const QPoint at = (QPointF(place.x() + x + off, place.y()) * scale).toPoint();
+        const QColor colour = picture.rect().contains(at) ? picture.pixelColor(at) : QColor();
+        if (colour.red() > 150 && colour.green() < 110 && colour.blue() < 120) return true;
+      }
+      return false;
+    };
+    return isRed(-16) && isRed(16);
   }
   static void CloseDialog() {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -105,23 +124,65 @@ TEST_F(Checks, PointOutTheClickedFindingInBothViews) {
   EXPECT_TRUE(drawing().rect().contains(ring.toPoint()));
   EXPECT_GT(drawing().frame().scale(), before) << "nearer";
   EXPECT_EQ(equipment().pointedAt(), QStringList({"main chuck", "main billet"}));
+  ASSERT_TRUE(equipment().PointedPlace());
+  EXPECT_TRUE(equipment().rect().contains(equipment().PointedPlace()->toPoint()));
+  EXPECT_TRUE(HasRing(equipment(), *equipment().PointedPlace()));
+  EXPECT_TRUE(HasRing(drawing(), ring));
   Play(kThinner);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !drawing().pointedAt(); }, 20'000)) << "it is mended";
   EXPECT_TRUE(equipment().pointedAt().isEmpty());
+  EXPECT_FALSE(equipment().PointedPlace());
 }
 
-TEST_F(Checks, OpenThePageOfTheValue) {
+TEST_F(Checks, KeepTheRingAtThePlaceWhileTheEquipmentIsTurned) {
   OpenTooThick();
   ClickOn("EQ-203");
-  QString page;
+  const QPointF before = *equipment().PointedPlace();
+  equipment().LookFrom(scene::View::kTop);
+  EXPECT_NE(*equipment().PointedPlace(), before);
+  EXPECT_TRUE(HasRing(equipment(), *equipment().PointedPlace()));
+}
+
+struct PageCase {
+  const char* name;
+  const char* script;  ///< stores a set-up in which the rule finds something
+  const char *rule, *page;
+  int field;  ///< the control that gets the keys
+
+  friend void PrintTo(const PageCase& each, std::ostream* out) { *out << each.name; }
+};
+
+// clang-format off
+const PageCase kPageCases[] = {
+    {"BarThatIsTooThick",       kTooThick, "EQ-203", "Billet cylindrical", 2022},
+    {"BarThatReachesTooFarOut", kFarOut,   "EQ-303", "Datum",              2203},
+};
+// clang-format on
+
+class ChecksOpen : public Checks, public testing::WithParamInterface<PageCase> {};
+INSTANTIATE_TEST_SUITE_P(Pages, ChecksOpen, testing::ValuesIn(kPageCases),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+TEST_P(ChecksOpen, ThePageOfTheValueWithTheKeysOnItsField) {
+  OpenSample(true);
+  Play(GetParam().script);
+  ASSERT_TRUE(Lists(GetParam().rule));
+  ClickOn(GetParam().rule);
+  QString page, field, text;
   int looks = 0;
-  When([&] { return window::SelectedPage() == "Billet cylindrical" || ++looks > 200; },
+  When([&] { return window::SelectedPage() == GetParam().page || ++looks > 200; },
        [&] {
          page = window::SelectedPage();
+         if (auto* const edit = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
+           field = edit->objectName();
+           text = edit->selectedText();
+         }
          CloseDialog();
        });
   QTest::mouseClick(&button("openPage"), Qt::LeftButton);
-  EXPECT_EQ(page, "Billet cylindrical");
+  EXPECT_EQ(page, GetParam().page);
+  EXPECT_EQ(field.toInt(), GetParam().field);
+  EXPECT_FALSE(text.isEmpty()) << "what is typed takes its place";
 }
 
 TEST_F(Checks, ExplainARule) {

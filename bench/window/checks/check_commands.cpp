@@ -70,12 +70,12 @@ void CheckCommands::ShowChosen() {
   const ReportedFinding* const chosen = parts_.dock.Chosen();
   if (chosen == nullptr) {
     parts_.drawing.PointOut({}, {});
-    return parts_.equipment.PointOut({});
+    return parts_.equipment.PointOut({}, {});
   }
   const ReportedFinding finding = *chosen;  // another spur can change the list
   if (finding.spur != workplace_.spur) emit SpurWanted(finding.spur);
   parts_.drawing.PointOut(finding.place, InSection(finding.bodies));
-  parts_.equipment.PointOut(finding.bodies);
+  parts_.equipment.PointOut(PlaceInSpace(finding), finding.bodies);
 }
 
 void CheckCommands::OpenPage() {
@@ -83,8 +83,9 @@ void CheckCommands::OpenPage() {
   if (finding == nullptr || !workplace_.session) return;
   const auto read = results::ReadDefinition(workplace_.session->project(), finding->spur);
   if (!read) return workplace_.reportFault(read.fault());
-  const std::int32_t node = read->definition ? NodeOf(*finding, scene::ReadEquipment(*read->definition)) : 0;
-  if (node != 0) parts_.commands.DefineAt(finding->spur, node);
+  if (!read->definition) return;
+  const auto [node, field] = DialogValueOf(*finding, scene::ReadEquipment(*read->definition));
+  if (node != 0) parts_.commands.DefineAtField(finding->spur, node, field);
 }
 
 void CheckCommands::OpenRule() {

@@ -17,9 +17,11 @@ struct ReportedFinding {
   check::Severity severity = check::Severity::kNote;
   int spur = 0;
   check::Where where = check::Where::kMain;
-  QString text;  ///< the sentence, in the language in which it was asked for
-  std::optional<geometry::Point> place = {};
+  QString text;                               ///< the sentence, in the language in which it was asked for
+  std::optional<geometry::Point> place = {};  ///< in the turning plane
+  double degrees = 0;                         ///< of that plane about the axis, from the upright one
   QStringList bodies = {};
+  QString mendedBy = {};  ///< the value by which it would vanish: "clamping_out"; empty: no single one
 
   bool operator==(const ReportedFinding&) const = default;
 };
@@ -27,7 +29,14 @@ struct ReportedFinding {
 /// Fails for what is not such a list.
 Result<std::vector<ReportedFinding>> ReadFindings(const QByteArray& json);
 
-/// The node of the dialog's page with the value by which the finding would vanish; 0 where no page has it.
-std::int32_t NodeOf(const ReportedFinding& finding, const scene::Equipment& equipment);
+/// The place in space; nothing where the finding has none.
+std::optional<geometry::Point3d> PlaceInSpace(const ReportedFinding& finding);
+
+/// The value that a finding is about, in the dialog.
+struct DialogValue {
+  std::int32_t node = 0;   ///< of its page; 0 where no page has it
+  std::int32_t field = 0;  ///< its control; 0 where the finding is not about a single value
+};
+DialogValue DialogValueOf(const ReportedFinding& finding, const scene::Equipment& equipment);
 
 }  // namespace vanzet::window

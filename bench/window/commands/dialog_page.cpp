@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -30,6 +31,15 @@ void ChooseSpur(int spur) {
   emit spurs->activated(spur);
 }
 
+/// The field gets the keys, with its text selected: what is typed then takes its place.
+void FocusField(std::int32_t control) {
+  auto* const field = control == 0 ? nullptr : WidgetOf<QLineEdit>(control);
+  if (field == nullptr || !field->isEnabled()) return;
+  field->activateWindow();
+  field->setFocus(Qt::OtherFocusReason);
+  field->selectAll();
+}
+
 }  // namespace
 
 QString SelectedPage() {
@@ -43,9 +53,10 @@ DialogPage::DialogPage(QObject* parent) : QObject(parent) {
   connect(&wait_, &QTimer::timeout, this, &DialogPage::TryToShow);
 }
 
-void DialogPage::Show(int spur, std::int32_t node) {
+void DialogPage::Show(int spur, std::int32_t node, std::int32_t field) {
   spur_ = spur;
   node_ = node;
+  field_ = field;
   tries_ = 0;
   wait_.start();
 }
@@ -57,7 +68,9 @@ void DialogPage::TryToShow() {
   wait_.stop();
   ChooseSpur(spur_);
   for (QTreeWidgetItemIterator item(tree); *item != nullptr; ++item) {
-    if ((*item)->data(0, Qt::UserRole).toInt() == node_) return tree->setCurrentItem(*item);
+    if ((*item)->data(0, Qt::UserRole).toInt() != node_) continue;
+    tree->setCurrentItem(*item);
+    return FocusField(field_);
   }
 }
 

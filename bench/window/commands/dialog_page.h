@@ -16,15 +16,16 @@ class DialogPage final : public QObject {
  public:
   explicit DialogPage(QObject* parent);
 
-  /// Shows the page of the node, for a spur, as soon as the dialog is open.
-  void Show(int spur, std::int32_t node);
+  /// Shows the page of the node, for a spur, as soon as the dialog is open. The keyboard goes to the field
+  /// then, a control of the page; 0: to none.
+  void Show(int spur, std::int32_t node, std::int32_t field = 0);
 
  private:
   void TryToShow();
 
   QTimer wait_;
   int spur_ = 0, tries_ = 0;
-  std::int32_t node_ = 0;
+  std::int32_t node_ = 0, field_ = 0;
 };
 
 }  // namespace vanzet::window

@@ -87,7 +87,11 @@ void EquipmentCommands::Define() {
 }
 
 void EquipmentCommands::DefineAt(int spur, std::int32_t node) {
-  page_.Show(spur, node);
+  DefineAtField(spur, node, 0);
+}
+
+void EquipmentCommands::DefineAtField(int spur, std::int32_t node, std::int32_t field) {
+  page_.Show(spur, node, field);
   if (!workplace_.session->isAtWork()) Define();
 }
 

@@ -40,6 +40,7 @@ class EquipmentCommands final : public QObject {
   // Requires of both: a project is open.
   void Define();                               ///< shows the dialog
   void DefineAt(int spur, std::int32_t node);  ///< and its page; of the dialog that is open, if one is
+  void DefineAtField(int spur, std::int32_t node, std::int32_t field);  ///< with the keys on that control
   void Upgrade();
 
   /// Shows the project as its files are now. Nothing is done while no project is open or other work goes on.

@@ -123,15 +123,6 @@ void DrawingPainter::PaintCross(const QPointF& place) {
   painter_.drawLine(QPointF(place.x(), 0), QPointF(place.x(), size_.height()));
 }
 
-void DrawingPainter::PaintRing(const QPointF& place) {
-  constexpr QColor kRed(0xd3, 0x12, 0x2a);
-  constexpr double kRadius = 16;
-  painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.setPen(QPen(kRed, 2.5));
-  painter_.setBrush(Qt::NoBrush);
-  painter_.drawEllipse(place, kRadius, kRadius);
-}
-
 void DrawingPainter::PaintSnap(const Snap& snap) {
   const QPointF at = frame_.ToScreen(snap.point);
   painter_.setPen(QPen(colours_.accent, 2));

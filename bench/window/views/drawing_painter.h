@@ -29,7 +29,6 @@ class DrawingPainter {
   /// Lines across the view through the place.
   void PaintCross(const QPointF& place);
   void PaintSnap(const Snap& snap);
-  void PaintRing(const QPointF& place);  ///< where something is wrong
   void PaintHint(const QString& hint);
 
  private:

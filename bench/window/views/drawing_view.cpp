@@ -6,6 +6,7 @@
 
 #include "window/qt_text.h"
 #include "window/views/drawing_painter.h"
+#include "window/views/ring.h"
 #include "window/views/steps.h"
 
 namespace vanzet::window {
@@ -192,7 +193,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
     drawing.PaintCross(frame_.ToScreen(PickAt(cursor_)));
   }
   PaintMeasured(painter);
-  if (pointedAt_) drawing.PaintRing(frame_.ToScreen(*pointedAt_));
+  if (pointedAt_) PaintRing(painter, frame_.ToScreen(*pointedAt_));
   if (snap_) drawing.PaintSnap(*snap_);
   if (shown_.empty() && section() == nullptr) drawing.PaintHint(hint_);
 }

@@ -99,8 +99,9 @@ void EquipmentView::Mark(const QString& body) {
   Invalidate();
 }
 
-void EquipmentView::PointOut(const QStringList& bodies) {
-  if (bodies.empty() && pointedAt_.empty()) return;
+void EquipmentView::PointOut(const std::optional<geometry::Point3d>& place, const QStringList& bodies) {
+  if (!place && bodies.empty() && !pointedPlace_ && pointedAt_.empty()) return;
+  pointedPlace_ = place;
   pointedAt_ = bodies;
   std::set<std::string> names;
   for (const QString& body : bodies) names.insert(body.toStdString());
@@ -109,6 +110,12 @@ void EquipmentView::PointOut(const QStringList& bodies) {
     isFitted_ = false;
   }
   Invalidate();
+}
+
+std::optional<QPointF> EquipmentView::PointedPlace() const {
+  if (!pointedPlace_) return {};
+  const scene::PicturePoint place = scene::Camera(look_).Project(*pointedPlace_);
+  return QPointF(place.x, place.y);
 }
 
 void EquipmentView::Select(const QString& body) {

@@ -8,6 +8,7 @@
 #include "window/opengl/gl_canvas.h"
 #include "window/qt_text.h"
 #include "window/theme.h"
+#include "window/views/ring.h"
 
 namespace vanzet::window {
 namespace {
@@ -184,6 +185,7 @@ void EquipmentView::PaintOverlay(QPainter& painter) {
     return;
   }
   PaintAxes(painter, look_, size(), palette());
+  if (const auto place = PointedPlace()) PaintRing(painter, *place);
   isMeasuring_ ? PaintMeasured(painter) : PaintName(painter);
 }
 

@@ -66,8 +66,11 @@ class EquipmentView final : public QWidget {
   /// Marks a body that is pointed at elsewhere; empty: none.
   void Mark(const QString& body);
 
-  /// Marks bodies and has them fill the view, until other ones are pointed at; none: nothing is marked.
-  void PointOut(const QStringList& bodies);
+  /// Marks bodies and has them fill the view, with a ring at a place, until others are pointed at; none:
+  /// nothing is marked.
+  void PointOut(const std::optional<geometry::Point3d>& place, const QStringList& bodies);
+  /// The middle of the ring in the view; nothing without a ring.
+  std::optional<QPointF> PointedPlace() const;
   const QStringList& pointedAt() const { return pointedAt_; }
 
   /// Selects a body as a click does; empty: none.
@@ -133,6 +136,7 @@ class EquipmentView final : public QWidget {
   QTimer rest_;  ///< until the cursor has stayed where it is
   scene::BodyLooks looks_;
   QString hovered_, marked_, selected_;
+  std::optional<geometry::Point3d> pointedPlace_;
   QStringList pointedAt_;
   BodyNamer nameOfBody_ = [](const QString& name) { return name; };
   bool isMeasuring_ = false;
