@@ -51,82 +51,89 @@ std::string StlOf(const Triangles& triangles) {
 }
 
 /// A billet of 42 mm in a collet with a bore of 42 mm.
-class DirtyBodies : public CheckedProject {
+class DirtyBodies : public CheckedProject, public testing::WithParamInterface<bool> {
  protected:
+  static std::string Place() { return GetParam() ? "sub" : "main"; }
+
   void UseBillet(const Triangles& triangles) {
     std::filesystem::create_directories(folder / "lathe/bodies");
     WriteBytes(folder / "lathe/bodies/casting.stl", StlOf(triangles));
-    Define(R"("main": {"collet": {"name": "Collet D42"},
+    const std::string place = '"' + Place() + '"';
+    Define(place + R"(: {"collet": {"name": "Collet D42"},
         "billet": {"kind": "solid", "solid": "casting", "part_length": 100, "clamp_diameter": 42, "angle": 0}},
-        "datum": {"main": {"clamping_out": 40, "origin": 100}})");
+        "datum": {)" +
+           place + R"(: {"clamping_out": 40, "origin": 100}})");
   }
   std::string Text() { return Vanzet("check lathe --spur 0").out; }
 };
 
-TEST_F(DirtyBodies, AreNotWhatASoundOneIs) {
+INSTANTIATE_TEST_SUITE_P(Spindles, DirtyBodies, testing::Bool(),
+                         [](const auto& each) { return each.param ? "Sub" : "Main"; });
+
+TEST_P(DirtyBodies, AreNotWhatASoundOneIs) {
   UseBillet(Cylinder(-100, 21));
   EXPECT_THAT(Rules(), testing::IsEmpty());
   UseBillet(Cylinder(-100, 21.5));
-  EXPECT_THAT(Rules(), ElementsAre("EQ-203 main"));
+  EXPECT_THAT(Rules(), ElementsAre("EQ-203 " + Place()));
 }
 
-TEST_F(DirtyBodies, ThatAreOpenAreReportedAndCompared) {
+TEST_P(DirtyBodies, ThatAreOpenAreReportedAndCompared) {
   Triangles open = Cylinder(-100, 21);
   open.pop_back();
   UseBillet(open);
-  EXPECT_THAT(Rules(), ElementsAre("EQ-104 main"));
+  EXPECT_THAT(Rules(), ElementsAre("EQ-104 " + Place()));
   EXPECT_THAT(Text(), testing::HasSubstr("do not enclose a volume"));
   open = Cylinder(-100, 21.5);
   open.pop_back();
   UseBillet(open);
-  EXPECT_THAT(Rules(), ElementsAre("EQ-104 main", "EQ-203 main"));
+  EXPECT_THAT(Rules(), ElementsAre("EQ-104 " + Place(), "EQ-203 " + Place()));
 }
 
-TEST_F(DirtyBodies, ThatAreOneFacetAloneDoNotStopTheCheck) {
+TEST_P(DirtyBodies, ThatAreOneFacetAloneDoNotStopTheCheck) {
   UseBillet({{Corner{0, 0, 0}, Corner{-60, 30, 0}, Corner{-60, 0, 30}}});
-  EXPECT_THAT(Rules(), Contains("EQ-104 main"));
+  EXPECT_THAT(Rules(), Contains("EQ-104 " + Place()));
 }
 
-TEST_F(DirtyBodies, ThatAreInsideOutAreTakenTheOtherWayRound) {
+TEST_P(DirtyBodies, ThatAreInsideOutAreTakenTheOtherWayRound) {
   for (const double radius : {21.0, 21.5}) {
     Triangles turned = Cylinder(-100, radius);
     for (Triangle& triangle : turned) std::swap(triangle[0], triangle[1]);
     UseBillet(turned);
-    EXPECT_THAT(Rules(), Contains("EQ-104 main"));
+    EXPECT_THAT(Rules(), Contains("EQ-104 " + Place()));
     EXPECT_THAT(Text(), testing::HasSubstr("face inwards"));
     const auto rules = Rules();
-    EXPECT_EQ(std::ranges::count(rules, "EQ-203 main"), radius > 21 ? 1 : 0);
+    EXPECT_EQ(std::ranges::count(rules, "EQ-203 " + Place()), radius > 21 ? 1 : 0);
   }
 }
 
-TEST_F(DirtyBodies, WithFacetsWithoutAreaAreAsGoodAsWithoutThem) {
+TEST_P(DirtyBodies, WithFacetsWithoutAreaAreAsGoodAsWithoutThem) {
   Triangles some = Cylinder(-100, 21.5);
   some.push_back({some[0][0], some[0][0], some[0][1]});
   some.push_back({Corner{5, 0, 0}, Corner{5, 0, 0}, Corner{5, 0, 0}});
   UseBillet(some);
-  EXPECT_THAT(Rules(), Contains("EQ-203 main"));
+  EXPECT_THAT(Rules(), Contains("EQ-203 " + Place()));
 }
 
-TEST_F(DirtyBodies, WithoutAVolumeAreReported) {
+TEST_P(DirtyBodies, WithoutAVolumeAreReported) {
   const Corner a{-70, 21.5, 0}, b{-60, 30, 0}, c{-60, 21.5, 5};
   UseBillet({{a, b, c}, {a, c, b}});
-  EXPECT_THAT(Rules(), Contains("EQ-104 main"));
+  EXPECT_THAT(Rules(), Contains("EQ-104 " + Place()));
   EXPECT_THAT(Text(), testing::HasSubstr("enclose no volume"));
 }
 
-TEST_F(DirtyBodies, WithThreeFacetsAtAnEdgeAreReported) {
+TEST_P(DirtyBodies, WithThreeFacetsAtAnEdgeAreReported) {
   Triangles fin = Cylinder(-100, 21);
   fin.push_back({fin[0][0], fin[0][1], Corner{-50, 40, 0}});
   UseBillet(fin);
-  EXPECT_THAT(Rules(), testing::IsSupersetOf({"EQ-104 main", "EQ-203 main"}));
+  EXPECT_THAT(Rules(), testing::IsSupersetOf({"EQ-104 " + Place(), "EQ-203 " + Place()}));
 }
 
-TEST_F(DirtyBodies, ThatCannotBeReadAreReported) {
+TEST_P(DirtyBodies, ThatCannotBeReadAreReported) {
   UseBillet(Cylinder(-100, 21));
   WriteBytes(folder / "lathe/bodies/casting.stl", "solid nothing\nendsolid nothing\n");
-  EXPECT_THAT(Rules(), Contains("EQ-104 main"));
+  EXPECT_THAT(Rules(), Contains("EQ-104 " + Place()));
   WriteBytes(folder / "lathe/bodies/casting.stl", "not a body");
-  EXPECT_THAT(Rules(), Contains("EQ-104 main"));
+  EXPECT_THAT(Rules(), Contains("EQ-104 " + Place()));
 }
 
 }  // namespace

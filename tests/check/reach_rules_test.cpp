@@ -10,6 +10,8 @@ using testing::IsEmpty;
 class Reach : public SetupTest {};
 INSTANTIATE_TEST_SUITE_P(Spindles, Reach, testing::Bool(), SpindleName);
 
+using SubReach = SetupTest;
+
 TEST_P(Reach, OfAClampedLengthUnderAThird) {
   // 100 mm of billet with 14 of them in the jaws, and with 13.
   Spoilt().clampingOut = 86;
@@ -48,6 +50,21 @@ TEST_P(Reach, OfAnOverhangWithoutASteadyRest) {
   EXPECT_THAT(Rules(), ElementsAre("EQ-303 main"));
   equipment.usesSteadyRest = true;
   EXPECT_THAT(Rules(), IsEmpty());
+}
+
+TEST_F(SubReach, OfAnOverhangThatNoSteadyRestSupports) {
+  // Steady rest and center are on the main side.
+  equipment.spindles[1].billet.partLength = 500;
+  equipment.usesSteadyRest = true;
+  const auto sentence = [&](double clampingOut) -> std::string_view {
+    equipment.spindles[1].clampingOut = clampingOut;
+    for (const check::Finding& finding : Found()) {
+      if (RuleAndPlace(finding) == "EQ-303 sub") return finding.sentence.english;
+    }
+    return {};
+  };
+  EXPECT_THAT(std::string(sentence(333.9)), testing::EndsWith("without a center."));
+  EXPECT_THAT(std::string(sentence(334.1)), testing::EndsWith("without a steady rest."));
 }
 
 TEST_P(Reach, OfADatumOutsideOfTheBillet) {
