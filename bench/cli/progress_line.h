@@ -7,8 +7,8 @@
 
 namespace vanzet::cli {
 
-/// A line on a terminal that shows how far long work has come. It appears only when the work takes longer than
-/// half a second, and the destructor erases it.
+/// A line on a terminal that shows how far long work has come. It appears only when the work takes longer
+/// than half a second, and the destructor erases it.
 class ProgressLine {
  public:
   using Clock = std::function<std::chrono::steady_clock::time_point()>;

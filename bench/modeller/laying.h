@@ -39,8 +39,8 @@ std::string DirectionText(const geometry::Vector3d& direction);
 /// or all three. Nothing for any other text.
 std::optional<geometry::Point3d> AxisNamed(std::string_view text, const geometry::Vector3d& looking);
 
-/// The laying that puts a coordinate system of the file on that of the workbench: its axis to x, its origin to
-/// the origin, its upwards to y. A turn of some degrees follows.
+/// The laying that puts a coordinate system of the file on that of the workbench: its axis to x, its origin
+/// to the origin, its upwards to y. A turn of some degrees follows.
 Laying LayingAt(const NamedPlace& place, double turn);
 
 /// Returns the body where the laying puts it. Quarter turns are exact. Fails when the body has a unit of its

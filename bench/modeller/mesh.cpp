@@ -34,8 +34,8 @@ namespace {
 constexpr double kFinestChord = 5e-3;
 constexpr double kFinestAngle = 2;
 
-// Where memory is short for a moment the kernel leaves out a face, and says so or not. The second attempt with
-// the same tolerance gives the mesh that a run with enough memory gets.
+// Where memory is short for a moment the kernel leaves out a face, and says so or not. The second attempt
+// with the same tolerance gives the mesh that a run with enough memory gets.
 constexpr int kAttempts = 2;
 
 Result<void> Check(const MeshTolerance& tolerance) {

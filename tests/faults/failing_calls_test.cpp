@@ -89,8 +89,8 @@ TEST(FailingLocks, AreOneLineWhereTheSystemNeverHasOne) {
   });
 }
 
-// Some thousand allocations of a definition are for meshes; what the kernel leaves out for lack of memory must not
-// become another mesh.
+// Some thousand allocations of a definition are for meshes; what the kernel leaves out for lack of memory
+// must not become another mesh.
 TEST(FailingMemory, ChangesNoMesh) {
   constexpr long kPoints = 40;
   const Case work(*std::ranges::find(Commands(), "Define", &Command::name));

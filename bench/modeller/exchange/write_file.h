@@ -12,9 +12,9 @@ namespace vanzet::modeller {
 /// Makes bodies ready for files of surfaces: then a body of facets has a face for each triangle.
 void PrepareSurfaces(std::vector<ParcelBody>& bodies);
 
-/// Writes named and coloured solids, in millimetres; several are the parts of one assembly. Their places are
-/// named in it, one of a name. The time is that of the head; empty: the present. The same bodies and time give
-/// the same bytes.
+/// Writes named and coloured solids, in millimetres; several are the parts of one assembly. Their places
+/// are named in it, one of a name. The time is that of the head; empty: the present. The same bodies and
+/// time give the same bytes.
 /// Requires: prepared bodies
 Result<void> WriteStep(const std::vector<ParcelBody>& bodies, const std::filesystem::path& file,
                        const std::string& time);

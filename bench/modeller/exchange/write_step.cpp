@@ -227,8 +227,8 @@ Handle(StepBasic_ProductDefinition)
   return {};
 }
 
-/// Adds the places of the bodies as a property of the root. Among the items of its shape, readers would take them
-/// for the place of the shape itself.
+/// Adds the places of the bodies as a property of the root. Among the items of its shape, readers would
+/// take them for the place of the shape itself.
 void WritePlaces(const std::vector<ParcelBody>& bodies, const Handle(StepData_StepModel) & model) {
   std::vector<Handle(StepGeom_Axis2Placement3d)> placements;
   std::set<std::string> names;
