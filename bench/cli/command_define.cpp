@@ -225,22 +225,33 @@ Result<void> PrintExample(const Context& context) {
   return Print(example);
 }
 
+/// The outputs are two files, and none is the form.
+Result<void> CheckOutputs(const Arguments& arguments, const std::string& form) {
+  VANZET_DO(CheckAreTwoFiles(arguments.transcript, arguments.trace));
+  for (const std::string& output : {arguments.trace, arguments.transcript}) {
+    VANZET_DO(CheckIsNoInput(output, {form}));
+  }
+  return {};
+}
+
+/// Checks that the project can take what the run does, and holds it.
+Result<void> Prepare(const HostedProject& hosted, const Arguments& arguments, const Context& context) {
+  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted.project)));
+  if (arguments.isChecked) VANZET_DO(CheckCanBeChecked(hosted.project));
+  return arguments.isDryRun ? Result<void>() : HoldProject(*hosted.host, context);
+}
+
 Result<void> Define(const Arguments& arguments, Context& context) {
   if (arguments.printsSchema) return Print(define::FormSchema().dump(2) + "\n");
   if (arguments.printsExample) return PrintExample(context);
   const SplitWords operands = SplitOperands(arguments.words, 1);
   const std::string& file = operands.words.front();
-  VANZET_DO(CheckAreTwoFiles(arguments.transcript, arguments.trace));
-  for (const std::string& output : {arguments.trace, arguments.transcript}) {
-    VANZET_DO(CheckIsNoInput(output, {file}));
-  }
+  VANZET_DO(CheckOutputs(arguments, file));
   const std::string name = file == "-" ? "standard input" : file;
   VANZET_TRY(auto form, ReadForm(file));
   VANZET_DO(SetUnit(form, arguments.unit, name));
   VANZET_TRY(const auto hosted, HostProject(operands.project, arguments.trace, context));
-  VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted->project)));
-  if (arguments.isChecked) VANZET_DO(CheckCanBeChecked(hosted->project));
-  if (!arguments.isDryRun) VANZET_DO(HoldProject(*hosted->host, context));
+  VANZET_DO(Prepare(*hosted, arguments, context));
   VANZET_TRY(const auto surroundings, SurroundingsOf(hosted->project, *hosted->host));
   VANZET_DO(ReportRefusals(define::CheckForm(form, surroundings), name, context));
   const Job job{name, std::move(form), hosted->project, *hosted->host, context};

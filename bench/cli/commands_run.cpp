@@ -51,19 +51,25 @@ void PrintLeftOut(const api::DryRun& run) {
   }
 }
 
-/// Checks and reads all that the script needs, plays it, and returns the line about it. Nothing is kept yet.
-Result<std::string> Play(const ScriptSource& source, const ScriptArguments& arguments, HostedProject& hosted,
-                         Context& context) {
+/// Checks and reads all that a script needs besides its own text.
+Result<void> Prepare(const ScriptArguments& arguments, HostedProject& hosted, Context& context) {
   api::Host& host = *hosted.host;
-  if (arguments.isDryRun) VANZET_DO(host.BeginDryRun());
-  VANZET_TRY(const auto file, ReadScript(source, host));
   VANZET_DO(HoldProject(host, context));
   // Each line that draws would meet a drawing that cannot be read, and others would miss what it draws.
   VANZET_DO(host.board.Load());
   VANZET_DO(LoadPicks(arguments.picks, host));
   VANZET_DO(CheckIsNoInput(arguments.transcript, InputsOf(hosted.project)));
   VANZET_DO(CheckOutputFile(arguments.transcript));
-  VANZET_DO(UpgradeFirst(host, context));
+  return UpgradeFirst(host, context);
+}
+
+/// Checks and reads all that the script needs, plays it, and returns the line about it. Nothing is kept yet.
+Result<std::string> Play(const ScriptSource& source, const ScriptArguments& arguments, HostedProject& hosted,
+                         Context& context) {
+  api::Host& host = *hosted.host;
+  if (arguments.isDryRun) VANZET_DO(host.BeginDryRun());
+  VANZET_TRY(const auto file, ReadScript(source, host));
+  VANZET_DO(Prepare(arguments, hosted, context));
   VANZET_TRY(const auto report, ScriptReport::Begin(hosted.project, host.store));
   const char* const mode = arguments.isStrict ? "strict" : "";
   VANZET_DO(PlayScript({file, arguments.transcript, source.name, mode}, host, context));

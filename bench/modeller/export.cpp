@@ -17,7 +17,6 @@
 namespace vanzet::modeller {
 namespace {
 
-namespace fs = std::filesystem;
 using Bodies = std::vector<NamedBody>;
 
 /// Moves each body to its placement; names and colours stay.

@@ -12,7 +12,6 @@ namespace {
 
 using geometry::Box;
 using geometry::Point;
-using geometry::Vector2d;
 
 // In heights of the letters.
 constexpr double kLetter = 0.62;    // the width of a letter

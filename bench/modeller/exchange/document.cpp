@@ -38,6 +38,7 @@ Document::Document(const std::vector<ParcelBody>& bodies, const std::string& ass
   XCAFApp_Application::GetApplication()->NewDocument("BinXCAF", handle_);
   XCAFDoc_DocumentTool::SetLengthUnit(handle_, kMillimetre);
   std::vector<TDF_Label> parts;
+  parts.reserve(bodies.size());
   for (const ParcelBody& body : bodies) parts.push_back(AddBody(body, handle_));
   if (assembly.empty()) return;
   const auto shapes = XCAFDoc_DocumentTool::ShapeTool(handle_->Main());

@@ -1,7 +1,7 @@
 #include "vdm/postgres/dial.h"
 
-#include <locale.h>
 #include <netdb.h>
+#include <clocale>
 
 #include <algorithm>
 #include <array>
