@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QFileDialog>
@@ -155,6 +157,26 @@ TEST_F(Projects, TakeDroppedFilesIntoTheirFolders) {
   WriteBytes(folder / "notes.txt", "x");
   Drop(folder / "notes.txt");
   EXPECT_FALSE(isTaken);
+}
+
+TEST_F(Projects, TakeEachFormatOfABodyThatIsReadThere) {
+  OpenSample();
+  for (const char* ending : {".stp", ".iges", ".IGS", ".brep", ".3mf"}) {
+    const std::string name = std::string("shaft") + ending;
+    std::filesystem::remove_all(folder / "lathe" / "bodies");
+    WriteBytes(folder / name, "the bytes of a body");
+    Drop(folder / name);
+    EXPECT_TRUE(isTaken) << ending;
+    EXPECT_EQ(ReadBytes(folder / "lathe" / "bodies" / name), "the bytes of a body");
+  }
+}
+
+TEST_F(Projects, WaitForNoPipeThatIsDropped) {
+  OpenSample();
+  ASSERT_EQ(mkfifo((folder / "pipe.step").c_str(), 0600), 0);
+  Drop(folder / "pipe.step");
+  EXPECT_THAT(notice().Message().toStdString(), HasSubstr("pipe.step"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "lathe" / "bodies/pipe.step"));
 }
 
 TEST_F(Projects, CopyWhatIsDroppedAlsoFromASourceThatWouldRatherMove) {

@@ -1,23 +1,17 @@
 #include "window/commands/dropped_files.h"
 
+#include <array>
 #include <fstream>
-#include <sstream>
 
+#include "base/files/regular_file.h"
 #include "base/files/whole_file.h"
 #include "base/letter_case.h"
+#include "modeller/body_folder.h"
 
 namespace vanzet::window {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct EndingRow {
-  const char* ending;
-  const char* folder;
-};
-constexpr EndingRow kEndings[] = {
-    {".step", "bodies"}, {".stp", "bodies"}, {".stl", "bodies"}, {".brep", "bodies"}, {".dxf", "figures"},
-};
 
 /// The file of the folder with the same stem, if there is one: each name is that of one body or figure.
 std::optional<fs::path> FindName(const fs::path& folder, const fs::path& file) {
@@ -38,19 +32,22 @@ fs::path FreeName(const fs::path& folder, const fs::path& file) {
 }
 
 Result<void> Copy(const fs::path& from, const fs::path& to) {
+  VANZET_DO(files::CheckRegularFile(from));
   std::ifstream in(from, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  if (!in || !bytes) return Fault{"cannot be read", from.string()};
-  return files::ReplaceFile(to, bytes.str());
+  VANZET_TRY(auto copy, files::FileReplacement::Begin(to));
+  std::array<char, 1U << 16U> piece;
+  while (in.read(piece.data(), piece.size()) || in.gcount() > 0) {
+    VANZET_DO(copy.Write({piece.data(), static_cast<std::size_t>(in.gcount())}));
+  }
+  if (!in.eof()) return Fault{"cannot be read", from.string()};
+  return copy.Commit();
 }
 
 }  // namespace
 
 std::optional<std::string> FolderFor(const fs::path& file) {
-  for (const EndingRow& row : kEndings) {
-    if (EqualWithoutCase(file.extension().string(), row.ending)) return row.folder;
-  }
+  if (modeller::IsBodyFile(file)) return "bodies";
+  if (EqualWithoutCase(file.extension().string(), ".dxf")) return "figures";
   return std::nullopt;
 }
 
@@ -59,7 +56,7 @@ Result<std::vector<fs::path>> ImportFiles(const std::vector<fs::path>& files, co
   std::vector<fs::path> copied;
   for (const fs::path& file : files) {
     const auto name = FolderFor(file);
-    if (!name) return Fault{"not a STEP, STL, BREP or DXF file", file.string()};
+    if (!name) return Fault{"not a STEP, IGES, BREP, STL, 3MF or DXF file", file.string()};
     const fs::path folder = project / *name;
     std::error_code error;
     fs::create_directories(folder, error);
