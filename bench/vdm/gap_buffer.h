@@ -61,10 +61,11 @@ class GapBuffer {
     }
   }
 
-  /// Doubles the places; the new ones are at the end.
+  /// Doubles the places; the new ones are at the end. Changes nothing where memory runs out.
   void OpenGap() {
-    gapBegin_ = places_.size();
-    places_.resize(std::max<std::size_t>(4, 2 * gapBegin_));
+    const std::size_t size = places_.size();
+    places_.resize(std::max<std::size_t>(4, 2 * size));
+    gapBegin_ = size;
     gapEnd_ = places_.size();
   }
 

@@ -54,7 +54,8 @@ Result<void> OpenVdm::SingleAdd(std::string_view text) {
   VANZET_DO(CheckItem(text));
   if (!HasRecord()) return {};
   VANZET_TRY(const auto record, content_.Edit(Current()));
-  record->Insert(item_++, std::string(text));
+  record->Insert(item_, std::string(text));
+  ++item_;
   return {};
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 #include <string>
 
 #include "support/vdm_values.h"
@@ -80,6 +81,27 @@ TEST(GapBuffer, GivesBackWhatRemovedElementsHold) {
   for (std::size_t i = 0; i < 3; ++i) buffer.Insert(i, held);
   buffer.Remove(0, 2);
   EXPECT_EQ(held.use_count(), 2);
+}
+
+/// An element that cannot be made while memory is out.
+struct Costly {
+  Costly() {
+    if (isFull) throw std::bad_alloc();
+  }
+  static inline bool isFull = false;
+};
+
+TEST(GapBuffer, StaysAsItWasWhereThereIsNoMemoryForMore) {
+  const Costly element;
+  GapBuffer<Costly> buffer{std::vector<Costly>(8)};
+  buffer.Remove(3, 1);
+  buffer.Insert(3, element);
+  Costly::isFull = true;
+  EXPECT_THROW(buffer.Insert(3, element), std::bad_alloc);
+  Costly::isFull = false;
+  EXPECT_EQ(buffer.Size(), 8U);
+  buffer.Insert(3, element);
+  EXPECT_EQ(buffer.Size(), 9U);
 }
 
 /// An element that counts how often one of its kind was moved from place to place.

@@ -1,8 +1,13 @@
 #include "vdm/open_vdm.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <cstdlib>
+#include <fstream>
 #include <limits>
+#include <new>
 
 #include "support/vdm_values.h"
 
@@ -223,6 +228,38 @@ TEST(OpenVdm, TellsWhenTheCurrentRecordCannotBeFetched) {
   EXPECT_EQ(Told(vdm.SingleDelete(1)), "damaged");
   EXPECT_FALSE(vdm.content().IsChanged());
 }
+
+#ifndef __SANITIZE_ADDRESS__  // whose own memory is beyond any limit
+void LimitMemory(rlim_t bytes) {
+  rlimit limit;
+  getrlimit(RLIMIT_AS, &limit);
+  limit.rlim_cur = bytes;
+  setrlimit(RLIMIT_AS, &limit);
+}
+
+rlim_t MemoryInUse() {
+  rlim_t pages = 0;
+  std::ifstream("/proc/self/statm") >> pages;
+  return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// Adds items until memory runs out for the list of them, and one when there is some again.
+void AddBeyondTheMemory(OpenVdm& vdm) {
+  constexpr rlim_t kRoom = 16U << 20U;
+  LimitMemory(MemoryInUse() + kRoom);
+  try {
+    while (vdm.SingleAdd("x")) continue;
+  } catch (const std::bad_alloc&) {
+  }
+  LimitMemory(RLIM_INFINITY);
+  std::_Exit(vdm.SingleAdd("x") ? 0 : 1);
+}
+
+TEST_F(OpenVdmRules, WhatThereWasNoMemoryForLeavesNoHole) {
+  Stand(0, 3);
+  EXPECT_EXIT(AddBeyondTheMemory(vdm), testing::ExitedWithCode(0), "");
+}
+#endif
 
 }  // namespace
 }  // namespace vanzet::vdm
