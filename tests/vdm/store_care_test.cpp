@@ -120,6 +120,17 @@ TEST_F(StoreCare, OverwritesNoFileThatWasSetAsideBefore) {
   EXPECT_THAT(Get(engine.Numbers()), IsEmpty());
 }
 
+TEST_F(StoreCare, TakesTheNameThatARepairWhichWasKilledHasGiven) {
+  Write(1, {{"a"}, {"b"}});
+  Sql("UPDATE record SET content=x'7a00' WHERE key=2");
+  const std::string damaged = test::ReadBytes(file);
+  std::filesystem::create_hard_link(file, folder / "store.db.damaged");
+  EXPECT_EQ(Get(RepairStore(file, scratch)).aside, folder / "store.db.damaged");
+  EXPECT_EQ(test::ReadBytes(folder / "store.db.damaged"), damaged);
+  EXPECT_EQ(Read(file, 1), Records{{"a"}});
+  EXPECT_FALSE(std::filesystem::exists(folder / "store.db.damaged-1"));
+}
+
 TEST_F(StoreCare, FindsEachKindOfDamageInFormerGenerations) {
   struct Damage {
     const char* sql;

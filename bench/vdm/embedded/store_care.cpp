@@ -200,13 +200,19 @@ std::vector<Number> NumbersOf(const Changes& content) {
   return numbers;
 }
 
-/// A name beside the file that does not exist.
-fs::path FreeName(const fs::path& file, const std::string& ending) {
-  const std::string first = file.string() + ending;
+/// Whether the name is a second one of the file: a repair that was killed has given it.
+bool IsNameOf(const fs::path& name, const fs::path& file) {
+  std::error_code unknown;
+  return !fs::is_symlink(name, unknown) && fs::equivalent(name, file, unknown);
+}
+
+/// A name beside the file for what is damaged, which no other file has.
+fs::path AsideOf(const fs::path& file) {
+  const std::string first = file.string() + ".damaged";
   std::error_code unknown;
   for (int number = 0;; ++number) {
     const std::string name = number == 0 ? first : first + "-" + std::to_string(number);
-    if (!fs::exists(fs::symlink_status(name, unknown))) return name;
+    if (!fs::exists(fs::symlink_status(name, unknown)) || IsNameOf(name, file)) return name;
   }
 }
 
@@ -246,13 +252,15 @@ Result<void> WriteStore(const fs::path& file, Reader& reader) {
 /// The new one does not exist where nothing could be kept.
 Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::path& repaired) {
   std::error_code error;
+  if (!IsNameOf(aside, file)) {
+    fs::create_hard_link(file, aside, error);
+    if (error) fs::copy_file(file, aside, error);
+    if (error) return files::SystemFault("cannot be written", error, aside);
+  }
   if (!fs::exists(repaired, error)) {
-    fs::rename(file, aside, error);
+    fs::remove(file, error);
     return error ? files::SystemFault("cannot be renamed", error, file) : Result<void>();
   }
-  fs::create_hard_link(file, aside, error);
-  if (error) fs::copy_file(file, aside, error);
-  if (error) return files::SystemFault("cannot be written", error, aside);
   fs::rename(repaired, file, error);
   if (!error) return {};
   std::error_code ignored;
@@ -274,8 +282,7 @@ Result<StoreRepair> RepairStore(const fs::path& file, const fs::path& scratch) {
   if (reader.findings.empty()) return StoreRepair();
   const fs::path repaired = scratch / SqliteEngine::kStoreFile;
   VANZET_DO(WriteStore(repaired, reader));
-  const StoreRepair repair{FreeName(file, ".damaged"), reader.content.size(), reader.records,
-                           reader.findings};
+  const StoreRepair repair{AsideOf(file), reader.content.size(), reader.records, reader.findings};
   VANZET_DO(Exchange(file, repair.aside, repaired));
   return repair;
 }
