@@ -27,8 +27,8 @@ Fault KernelFault(const Standard_Failure& failure);
 /// Runs `work`, which returns a `Result`; an exception of the kernel becomes a fault.
 template <class Work>
 auto CatchKernelFailures(Work work) -> decltype(work()) {
-  SilenceKernel();
   try {
+    SilenceKernel();
     return work();
   } catch (const Standard_Failure& failure) {
     return KernelFault(failure);

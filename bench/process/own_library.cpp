@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include <map>
+#include <mutex>
 #include <new>
 #include <string>
 #include <system_error>
@@ -31,6 +33,19 @@ void* Open(const fs::path& library) {
   }
 }
 
+/// The way in which a library could not be loaded. Without a text while that is being tried, and where
+/// memory ran out for the text.
+struct Attempt {
+  bool hasFailed = false;
+  std::string reason = "could not be loaded before";
+};
+
+/// Notes what becomes of the first attempt. The note is made before, since it takes memory.
+Attempt& AttemptAt(const std::string& file) {
+  static std::map<std::string, Attempt> attempts;
+  return attempts[file];
+}
+
 }  // namespace
 
 Result<fs::path> FindLibrary(const fs::path& program, const char* file) {
@@ -48,10 +63,22 @@ Result<fs::path> FindLibrary(const fs::path& program, const char* file) {
 
 Result<const void*> LoadOwnLibrary(const char* file, const char* function) {
   VANZET_TRY(const auto library, FindLibrary(ProgramFile(), file));
+  static std::mutex isLoading;
+  const std::lock_guard lock(isLoading);
+  Attempt& attempt = AttemptAt(file);
+  if (attempt.hasFailed) {
+    return Fault{.text = attempt.reason, .file = library.string(), .kind = FaultKind::kSystem};
+  }
+  attempt.hasFailed = true;
   void* const loaded = Open(library);
-  if (loaded == nullptr) return LoaderFault(library);
+  if (loaded == nullptr) {
+    const Fault fault = LoaderFault(library);
+    attempt.reason = fault.text;
+    return fault;
+  }
   auto* const entry = reinterpret_cast<const void* (*)()>(dlsym(loaded, function));
   if (entry == nullptr) return LoaderFault(library);
+  attempt.hasFailed = false;
   return entry();
 }
 

@@ -14,6 +14,9 @@ Result<std::filesystem::path> FindLibrary(const std::filesystem::path& program, 
 
 /// Loads the library, calls its function of that name, which has no arguments, and returns the address that
 /// the function returns. The library stays loaded.
+///
+/// Where the system's loader fails, it is not asked again: it may have left libraries of which nothing is
+/// initialised, and through which no exception finds its way. Each later call fails for the same reason.
 Result<const void*> LoadOwnLibrary(const char* file, const char* function);
 
 }  // namespace vanzet::process
