@@ -35,7 +35,7 @@ Json JsonOf(const WrittenFile& file, LengthUnit unit) {
 Json JsonOf(const std::vector<WrittenFile>& files, LengthUnit unit) {
   Json list = Json::array();
   for (const WrittenFile& file : files) list.push_back(JsonOf(file, unit));
-  Json form;
+  Json form = Json::object();
   if (unit != LengthUnit::kMillimetre) form["unit"] = WordOf(unit);
   form["files"] = std::move(list);
   return form;

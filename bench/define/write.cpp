@@ -84,10 +84,11 @@ class Writer {
     Json json = Json::object();
     json[type == row.kind->own.code ? "file" : "name"] = device.name;
     if (type != row.kind->own.code && row.HasShapes()) json["shape"] = row.kind->ShapeOf(type);
+    Json letters = Json::object();
     for (const devices::Letter& each : devices::LettersOf(type)) {
-      json["letters"][std::string(1, each.letter)] =
-          ValueJson(ValueOf(device.params, each.letter), each.unit, unit_);
+      letters[std::string(1, each.letter)] = ValueJson(ValueOf(device.params, each.letter), each.unit, unit_);
     }
+    AddUnlessEmpty(json, "letters", std::move(letters));
     return json;
   }
 
@@ -111,7 +112,9 @@ class Writer {
     for (std::size_t i = 0; i < equipment.spindles.size(); ++i) {
       const Spindle& spindle = equipment.spindles[i];
       if (spindle.clampingOut == 0 && spindle.origin == 0) continue;
-      AddFields(json[std::string(kSpindleKeys[i])], DatumFields(i), spindle, i == 1);
+      Json fields = Json::object();
+      AddFields(fields, DatumFields(i), spindle, i == 1);
+      json[std::string(kSpindleKeys[i])] = std::move(fields);
     }
     return json;
   }
