@@ -101,7 +101,7 @@ TEST_F(TypedExamples, OfOwnDevicesWork) {
   Copy("examples/contours/rounded_square.txt", "outline.txt");
   Copy("examples/bodies/casting.step", "maker.step");
   const std::vector<std::string> commands = CommandsOf("docs/guide/own-devices.md", true);
-  ASSERT_EQ(commands.size(), 2U);
+  ASSERT_EQ(commands.size(), 3U);
   for (const std::string& command : commands) Type(command);
 }
 
