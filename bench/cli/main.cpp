@@ -50,6 +50,7 @@ int DoWork(const Work& work, Context& context) {
     if (done) return context.hasFindings ? kFound : kDone;
     if (done.fault().kind != FaultKind::kReported) context.panel.Tell(done.fault());
   } catch (...) {
+    process::DistrustLibraries();
     context.panel.Tell(FaultOfException());
   }
   return kFailed;
@@ -75,7 +76,7 @@ int Run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) try {
   vanzet::process::InstallLastWords();
-  return vanzet::cli::Run(argc, argv);
+  vanzet::process::End(vanzet::cli::Run(argc, argv));
 } catch (...) {
   vanzet::process::EndByException();
 }

@@ -4,9 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iostream>
 #include <new>
 
 #if defined(__has_feature)
@@ -28,7 +31,7 @@ constexpr bool handlesFaults = true;
 #endif
 
 constexpr int kFailed = 1;
-constexpr int kFaults[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
+constexpr int kFaults[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP};
 constexpr int kInterruptions[] = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t keptNow = static_cast<std::sig_atomic_t>(Kept::kUnknown);
@@ -36,6 +39,13 @@ volatile std::sig_atomic_t keptNow = static_cast<std::sig_atomic_t>(Kept::kUnkno
 /// Where a function that may not throw meets an exception, nobody knows afterwards which one it was. Those of
 /// the standard library that read folders are such functions, and memory is what they can lack.
 volatile std::sig_atomic_t memoryRanOut = 0;
+
+/// Whether each library was initialised as a whole.
+std::atomic<bool> areLibrariesSound = true;
+
+/// The library that is being loaded, if one is.
+std::atomic<const char*> loadedNow = nullptr;
+static_assert(decltype(loadedNow)::is_always_lock_free, "it is read in handlers of signals");
 
 /// A handler runs on this memory, since the stack itself may be what is exhausted.
 constexpr std::size_t kStackSize = std::size_t{1} << 16U;
@@ -78,7 +88,14 @@ class Line {
 };
 
 void EndByFault(int signal) {
-  Line().Add("vanzet: internal error (signal ").AddNumber(signal).Add(")").AddKept().Write();
+  Line line;
+  line.Add("vanzet: ");
+  if (const char* const library = loadedNow) {
+    line.Add(library).Add(": its libraries cannot be loaded");
+  } else {
+    line.Add("internal error");
+  }
+  line.Add(" (signal ").AddNumber(signal).Add(")").AddKept().Write();
   _exit(kFailed);
 }
 
@@ -124,6 +141,21 @@ void InstallLastWords() {
 
 void SetKept(Kept kept) {
   keptNow = static_cast<std::sig_atomic_t>(kept);
+}
+
+void SetLoading(const char* library) {
+  loadedNow = library;
+}
+
+void DistrustLibraries() {
+  areLibrariesSound = false;
+}
+
+void End(int status) {
+  if (areLibrariesSound && memoryRanOut == 0) std::exit(status);
+  std::cout.flush();
+  std::fflush(nullptr);
+  _exit(status);
 }
 
 void WriteLastLine(std::string_view text) {

@@ -21,6 +21,17 @@ enum class Kept {
 };
 void SetKept(Kept kept);
 
+/// Names the library that the system's loader is busy with; null: none. What it brings along from outside may
+/// end the program as it is initialised, which the line of the signal then says. The text is not copied.
+void SetLoading(const char* library);
+
+/// Notes that a library could not be loaded, and may be there in part, or that an exception came through one.
+void DistrustLibraries();
+
+/// Ends the program with that status. Where memory ran out, or libraries are not trusted, the handlers that
+/// they have registered for the end do not run: they can wait for ever for a lock that was left behind.
+[[noreturn]] void End(int status);
+
 /// Writes "vanzet: TEXT" and a line end to standard error.
 void WriteLastLine(std::string_view text);
 

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "base/places.h"
+#include "process/last_words.h"
 
 namespace vanzet::process {
 namespace {
@@ -26,9 +27,15 @@ Fault LoaderFault(const fs::path& library) {
 /// standard's exceptions. The system's header says that nothing is thrown, which the pointer hides.
 void* Open(const fs::path& library) {
   void* (*volatile const open)(const char*, int) = dlopen;
+  SetLoading(library.c_str());
   try {
-    return open(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    void* const loaded = open(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    SetLoading(nullptr);
+    if (loaded == nullptr) DistrustLibraries();
+    return loaded;
   } catch (...) {
+    SetLoading(nullptr);
+    DistrustLibraries();
     throw std::bad_alloc();
   }
 }

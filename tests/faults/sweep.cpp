@@ -97,9 +97,11 @@ long FaultsIn(const std::string& text) {
   return std::distance(std::sregex_iterator(text.begin(), text.end(), fault), std::sregex_iterator());
 }
 
-/// The system's loader of libraries ends the program itself where it gets no memory for the names of one.
+/// The system's loader of libraries ends the program itself where it gets no memory for the names of one, or
+/// for the variables that each thread has of it.
 bool EndedByTheLoader(const Outcome& run) {
-  return run.status == 127 && run.err.ends_with("out of memory\n");
+  return run.status == 127 &&
+         (run.err.ends_with("out of memory\n") || run.err.ends_with("thread-local data: ABORT\n"));
 }
 
 void ExpectTrueStatus(const Outcome& run, const Case& work) {

@@ -56,6 +56,26 @@ TEST_F(LastWords, NameTheSignalOfAFaultOfTheProgram) {
   EXPECT_EXIT((InstallLastWords(), std::abort()), failed, "^vanzet: internal error \\(signal 6\\)\n$");
 }
 
+TEST_F(LastWords, NameTheLibraryThatIsBeingLoaded) {
+  if (!hasFaults) GTEST_SKIP() << "a sanitizer handles faults";
+  EXPECT_EXIT((InstallLastWords(), SetLoading("libx.so"), std::abort()), failed,
+              "^vanzet: libx.so: its libraries cannot be loaded \\(signal 6\\)\n$");
+  EXPECT_EXIT((InstallLastWords(), SetLoading("libx.so"), SetLoading(nullptr), std::abort()), failed,
+              "^vanzet: internal error \\(signal 6\\)\n$");
+}
+
+[[noreturn]] void EndWithAHandler(bool hasMemory) {
+  std::atexit([] { std::_Exit(9); });
+  if (!hasMemory) LoseTheException();
+  End(7);
+}
+
+TEST_F(LastWords, AreNotFollowedByHandlersWhereMemoryRanOut) {
+  if (!hasFaults) GTEST_SKIP() << "a sanitizer ends the program where memory runs out";
+  EXPECT_EXIT(EndWithAHandler(false), testing::ExitedWithCode(7), "^$");
+  EXPECT_EXIT(EndWithAHandler(true), testing::ExitedWithCode(9), "^$");
+}
+
 TEST_F(LastWords, AreWrittenWhenTheStackIsExhausted) {
   if (!hasFaults) GTEST_SKIP() << "a sanitizer handles faults";
   EXPECT_EXIT((InstallLastWords(), Recurse(0)), failed, "^vanzet: internal error \\(signal 11\\)\n$");

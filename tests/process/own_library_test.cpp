@@ -1,11 +1,14 @@
 #include "process/own_library.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "base/places.h"
+#include "process/last_words.h"
 
 namespace vanzet::process {
 namespace {
@@ -29,6 +32,18 @@ TEST(OwnLibraries, AreNotLoadedAgainWhereTheLoaderFailed) {
   const auto second = LoadOwnLibrary(library.place.filename().c_str(), "vanzetPng");
   ASSERT_FALSE(second);
   EXPECT_EQ(second.fault().text, first.fault().text);
+}
+
+[[noreturn]] void EndAfterAFailedLoad(const std::string& library) {
+  std::atexit([] { sleep(600); });
+  const bool isLoaded{LoadOwnLibrary(library.c_str(), "vanzetPng")};
+  End(isLoaded ? 0 : 7);
+}
+
+TEST(OwnLibraries, ThatAreInitialisedInPartAreNotWaitedForAtTheEnd) {
+  const Neighbour library("libvanzet-broken.so");
+  std::ofstream(library.place) << "not a library";
+  EXPECT_EXIT(EndAfterAFailedLoad(library.place.filename()), testing::ExitedWithCode(7), "");
 }
 
 TEST(OwnLibraries, ThatWereMissingAreLoadedWhenTheyAreThere) {
