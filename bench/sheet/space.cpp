@@ -89,6 +89,14 @@ std::string LabelOf(const scene::ModelBody& body, const Spur& spur, const Words&
   return made == spur.scene.bodies.end() ? body.name : BodyLabel(*made, spur.equipment, words);
 }
 
+/// Member by member: where one throws inside nested braces, a compiler in use destroys those before it twice.
+Picture PictureOf(std::string png, const Words& words, double width, double height) {
+  Picture picture{.format = Picture::Format::kPng, .width = width, .height = height};
+  picture.bytes = std::move(png);
+  picture.alternative = words(Translatable("The equipment in space, seen from the upper right"));
+  return picture;
+}
+
 }  // namespace
 
 std::string BodyLabel(const scene::SceneBody& body, const scene::Equipment& equipment, const Words& words) {
@@ -112,11 +120,7 @@ Result<Picture> SmallPictureOf(const scene::Model& model, const Words& words) {
   const scene::Picture drawn =
       scene::Draw(scene::CoarseModel(model, kSmallFacets), {.width = kSmallWidth, .height = kSmallHeight});
   VANZET_TRY(auto png, results::PngOf(drawn));
-  return Picture{.format = Picture::Format::kPng,
-                 .bytes = std::move(png),
-                 .alternative = words(Translatable("The equipment in space, seen from the upper right")),
-                 .width = kWidth,
-                 .height = kWidth * kSmallHeight / kSmallWidth};
+  return PictureOf(std::move(png), words, kWidth, kWidth * kSmallHeight / kSmallWidth);
 }
 
 Result<Space> SpaceOf(const Spur& spur, const Words& words) {
@@ -126,12 +130,10 @@ Result<Space> SpaceOf(const Spur& spur, const Words& words) {
   Json bodies = Json::array();
   for (const scene::ModelBody& body : coarse.bodies)
     bodies.push_back(JsonOf(body, LabelOf(body, spur, words)));
-  return Space{{.format = Picture::Format::kPng,
-                .bytes = std::move(png),
-                .alternative = words(Translatable("The equipment in space, seen from the upper right")),
-                .width = kWidth,
-                .height = kWidth * kStillHeight / kStillWidth},
-               Json{{"bodies", std::move(bodies)}}.dump(-1, ' ', true, Json::error_handler_t::replace)};
+  Space space;
+  space.still = PictureOf(std::move(png), words, kWidth, kWidth * kStillHeight / kStillWidth);
+  space.model = Json{{"bodies", std::move(bodies)}}.dump(-1, ' ', true, Json::error_handler_t::replace);
+  return space;
 }
 
 }  // namespace vanzet::sheet
