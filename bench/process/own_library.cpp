@@ -4,7 +4,6 @@
 
 #include <map>
 #include <mutex>
-#include <new>
 #include <string>
 #include <system_error>
 
@@ -23,21 +22,25 @@ Fault LoaderFault(const fs::path& library) {
                .kind = FaultKind::kSystem};
 }
 
+/// Names the library in the last line of the program while it lives.
+struct Loading {
+  explicit Loading(const fs::path& library) { SetLoading(library.c_str()); }
+  ~Loading() { SetLoading(nullptr); }
+  Loading(const Loading&) = delete;
+  Loading& operator=(const Loading&) = delete;
+};
+
 /// Opens a library. What the initialisation of one from outside throws has one cause, and is none of the
 /// standard's exceptions. The system's header says that nothing is thrown, which the pointer hides.
-void* Open(const fs::path& library) {
+Result<void*> Open(const fs::path& library) {
   void* (*volatile const open)(const char*, int) = dlopen;
-  SetLoading(library.c_str());
+  const Loading loading(library);
   try {
-    void* const loaded = open(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    SetLoading(nullptr);
-    if (loaded == nullptr) DistrustLibraries();
-    return loaded;
+    if (void* const loaded = open(library.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE)) return loaded;
   } catch (...) {
-    SetLoading(nullptr);
-    DistrustLibraries();
-    throw std::bad_alloc();
+    return Fault{.text = "out of memory", .file = library.string(), .kind = FaultKind::kSystem};
   }
+  return LoaderFault(library);
 }
 
 /// The way in which a library could not be loaded. Without a text while that is being tried, and where
@@ -77,13 +80,13 @@ Result<const void*> LoadOwnLibrary(const char* file, const char* function) {
     return Fault{.text = attempt.reason, .file = library.string(), .kind = FaultKind::kSystem};
   }
   attempt.hasFailed = true;
-  void* const loaded = Open(library);
-  if (loaded == nullptr) {
-    const Fault fault = LoaderFault(library);
-    attempt.reason = fault.text;
-    return fault;
+  const auto loaded = Open(library);
+  if (!loaded) {
+    DistrustLibraries();
+    attempt.reason = loaded.fault().text;
+    return loaded.fault();
   }
-  auto* const entry = reinterpret_cast<const void* (*)()>(dlsym(loaded, function));
+  auto* const entry = reinterpret_cast<const void* (*)()>(dlsym(*loaded, function));
   if (entry == nullptr) return LoaderFault(library);
   attempt.hasFailed = false;
   return entry();

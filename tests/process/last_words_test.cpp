@@ -54,6 +54,8 @@ TEST_F(LastWords, NameTheSignalOfAFaultOfTheProgram) {
   if (!hasFaults) GTEST_SKIP() << "a sanitizer handles faults";
   EXPECT_EXIT((InstallLastWords(), raise(SIGFPE)), failed, "^vanzet: internal error \\(signal 8\\)\n$");
   EXPECT_EXIT((InstallLastWords(), std::abort()), failed, "^vanzet: internal error \\(signal 6\\)\n$");
+  // Libraries from outside end by it where they run out of memory.
+  EXPECT_EXIT((InstallLastWords(), raise(SIGTRAP)), failed, "^vanzet: internal error \\(signal 5\\)\n$");
 }
 
 TEST_F(LastWords, NameTheLibraryThatIsBeingLoaded) {

@@ -248,8 +248,8 @@ Result<void> WriteStore(const fs::path& file, Reader& reader) {
   return WriteContent(file, reader.content);
 }
 
-/// Gives the file a second name, so that it has one at every moment, and puts the new one in its place.
-/// The new one does not exist where nothing could be kept.
+/// Gives the file a second name, so that it has one at every moment, and puts the new one in its place, or
+/// nothing: the new one does not exist where nothing could be kept.
 Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::path& repaired) {
   std::error_code error;
   if (!IsNameOf(aside, file)) {
@@ -257,11 +257,9 @@ Result<void> Exchange(const fs::path& file, const fs::path& aside, const fs::pat
     if (error) fs::copy_file(file, aside, error);
     if (error) return files::SystemFault("cannot be written", error, aside);
   }
-  if (!fs::exists(repaired, error)) {
-    fs::remove(file, error);
-    return error ? files::SystemFault("cannot be renamed", error, file) : Result<void>();
-  }
-  fs::rename(repaired, file, error);
+  const bool isKept = fs::exists(repaired, error);
+  if (!error && isKept) fs::rename(repaired, file, error);
+  if (!error && !isKept) fs::remove(file, error);
   if (!error) return {};
   std::error_code ignored;
   fs::remove(aside, ignored);
