@@ -1,5 +1,5 @@
 #include "view/ids.h"
-#include "view/qt/page_layouts.h"
+#include "view/shared/page_layouts.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -37,8 +37,8 @@ class Layouts : public WindowTest {
 
 /// True for the edit and the label of a letter that cannot be given: the pages leave their row out.
 bool IsOfUnusedLetter(const view::DialogState& state, const Control& control) {
-  for (const view::qt::FieldGroup& group : view::qt::FindPageLayout(state.page)->groups) {
-    for (const view::qt::FieldRow& row : group.rows) {
+  for (const view::FieldGroup& group : view::FindPageLayout(state.page)->groups) {
+    for (const view::FieldRow& row : group.rows) {
       const bool isOfRow = row.control == control.id || row.label == control.id;
       if (isOfRow && row.letter != 0) return !control.isEnabled;
     }
@@ -48,7 +48,7 @@ bool IsOfUnusedLetter(const view::DialogState& state, const Control& control) {
 
 TEST_F(Layouts, PlaceEveryControlOfEveryPageOnce) {
   OnEachPage([](const view::DialogState& state, DialogWindow& /*window*/) {
-    const view::qt::PageLayout* const layout = view::qt::FindPageLayout(state.page);
+    const view::PageLayout* const layout = view::FindPageLayout(state.page);
     ASSERT_NE(layout, nullptr) << state.page;
     std::vector<std::int32_t> placed = ControlsOf(*layout);
     std::vector<std::int32_t> there;
@@ -61,7 +61,7 @@ TEST_F(Layouts, AreThereForEveryPageButTheEmptyOne) {
   std::set<std::string> pages;
   OnEachPage([&](const view::DialogState& state, DialogWindow&) { pages.insert(state.page); });
   EXPECT_EQ(pages.size(), dialog::kPages - 1);
-  EXPECT_EQ(view::qt::PageLayouts().size(), pages.size());
+  EXPECT_EQ(view::PageLayouts().size(), pages.size());
 }
 
 TEST_F(Layouts, GiveEveryControlOneWidgetThatShowsItsState) {
@@ -125,7 +125,7 @@ TEST_F(Layouts, LetTheTabKeyGoFromTreeAndSpurOverThePageToTheButtons) {
 
 TEST_F(Layouts, GiveTheButtonsOfEveryPageALetter) {
   OnEachPage([](const view::DialogState& state, DialogWindow& window) {
-    for (const std::int32_t id : ActionsOf(*view::qt::FindPageLayout(state.page))) {
+    for (const std::int32_t id : ActionsOf(*view::FindPageLayout(state.page))) {
       const auto* const button = qobject_cast<QPushButton*>(window.WidgetOf(id));
       EXPECT_TRUE(button->text().contains(QLatin1Char('&'))) << state.page << " " << id;
     }

@@ -9,9 +9,9 @@
 
 #include "devices/kinds.h"
 #include "devices/outline.h"
-#include "view/qt/device_words.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/sketch_painter.h"
+#include "view/shared/device_words.h"
 
 namespace vanzet::view::qt {
 namespace {

@@ -7,6 +7,8 @@
 #include <clocale>
 #include <vector>
 
+#include "view/qt/texts.h"
+
 namespace vanzet::view::qt {
 namespace {
 
@@ -114,6 +116,7 @@ void MakeOwnApplication(const std::string& platform) {
 }  // namespace
 
 Result<void> EnsureApplication() {
+  UseLocaleOfQt();
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr) return {};
   if (QCoreApplication::instance() != nullptr)
     return Fault{"the host's application of Qt is not one with windows"};

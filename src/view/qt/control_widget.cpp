@@ -13,11 +13,12 @@
 #include "view/ids.h"
 #include "view/qt/framed.h"
 #include "view/qt/icons.h"
-#include "view/qt/lengths.h"
+#include "view/qt/labels.h"
 #include "view/qt/list/device_list.h"
 #include "view/qt/list/own_device_list.h"
 #include "view/qt/pictures/sketch_painter.h"
 #include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -54,12 +55,12 @@ class ButtonWidget final : public ControlWidget {
   void ShowContent(const Control& control) override {
     const ButtonIcon icon = IconOfButton(control.id, control.text);
     if (icon.file != nullptr) Button().setIcon(IconOf(icon.file));
-    text_ = icon.replacesText ? QString() : QString::fromStdString(control.text);
+    text_ = icon.replacesText ? std::string() : control.text;
     if (Button().accessibleName().isEmpty()) Button().setAccessibleName(QString::fromStdString(control.text));
   }
 
   void MarkMnemonic(Mnemonics& mnemonics) override {
-    const QString marked = (text_.isEmpty() ? text_ : mnemonics.Mark(text_)) + mark_;
+    const QString marked = QString::fromStdString(mnemonics.Mark(text_)) + mark_;
     if (Button().text() != marked) Button().setText(marked);
   }
 
@@ -70,7 +71,7 @@ class ButtonWidget final : public ControlWidget {
 
  private:
   QPushButton& Button() { return static_cast<QPushButton&>(*Widget()); }
-  QString text_;
+  std::string text_;
   QString mark_;
 };
 
@@ -80,7 +81,7 @@ class EditWidget : public ControlWidget {
       : ControlWidget(control.id, new Framed<QLineEdit>(parent)) {
     const std::int32_t id = control.id;
     QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [this, send, id](const QString& text) {
-      send([&](Dialog& dialog) { dialog.SetText(id, DialogText(text, unit_)); });
+      send([&](Dialog& dialog) { dialog.SetText(id, DialogText(text.toStdString(), unit_)); });
     });
     hint_ = Edit().addAction(IconOf("warning"), QLineEdit::TrailingPosition);
     hint_->setVisible(false);
@@ -115,7 +116,8 @@ class EditWidget : public ControlWidget {
 
   void ShowText(const Control& control) {
     const bool isFocused = Edit().window()->focusWidget() == &Edit();
-    const QString text = isFocused ? EditedText(control, Edit().text(), unit_) : RestingText(control, unit_);
+    const QString text = QString::fromStdString(
+        isFocused ? EditedText(control, Edit().text().toStdString(), unit_) : RestingText(control, unit_));
     if (Edit().text() == text) return;
     const bool wasMarked = isFocused && Edit().hasSelectedText() && Edit().selectedText() == Edit().text();
     Edit().setText(text);
@@ -166,19 +168,19 @@ class CheckWidget final : public ControlWidget {
   }
 
   void ShowContent(const Control& control) override {
-    text_ = QString::fromStdString(control.text);
-    Box().setAccessibleName(text_);
+    text_ = control.text;
+    Box().setAccessibleName(QString::fromStdString(text_));
     Box().setChecked(control.isChecked);
   }
 
   void MarkMnemonic(Mnemonics& mnemonics) override {
-    const QString marked = mnemonics.Mark(text_);
+    const QString marked = QString::fromStdString(mnemonics.Mark(text_));
     if (Box().text() != marked) Box().setText(marked);
   }
 
  private:
   QCheckBox& Box() { return static_cast<QCheckBox&>(*Widget()); }
-  QString text_;
+  std::string text_;
 };
 
 class ComboWidget final : public ControlWidget {
@@ -259,19 +261,20 @@ class LabelWidget final : public ControlWidget {
       : ControlWidget(control.id, new QLabel(parent)) {}
 
   void ShowContent(const Control& control) override {
-    text_ = QString::fromStdString(control.text);
-    if (Label().buddy() == nullptr && Label().text() != text_) Label().setText(text_);
+    text_ = control.text;
+    const QString text = QString::fromStdString(text_);
+    if (Label().buddy() == nullptr && Label().text() != text) Label().setText(text);
   }
 
   void MarkMnemonic(Mnemonics& mnemonics) override {
     if (Label().buddy() == nullptr) return;
-    const QString marked = mnemonics.Mark(text_);
+    const QString marked = QString::fromStdString(mnemonics.Mark(text_));
     if (Label().text() != marked) Label().setText(marked);
   }
 
  private:
   QLabel& Label() { return static_cast<QLabel&>(*Widget()); }
-  QString text_;
+  std::string text_;
 };
 
 template <class Widget>

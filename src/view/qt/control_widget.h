@@ -8,7 +8,7 @@
 
 #include "base/length_unit.h"
 #include "view/dialog.h"
-#include "view/qt/labels.h"
+#include "view/shared/mnemonics.h"
 
 namespace vanzet::view::qt {
 

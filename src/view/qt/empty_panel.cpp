@@ -10,8 +10,8 @@
 #include "view/ids.h"
 #include "view/qt/icons.h"
 #include "view/qt/labels.h"
-#include "view/qt/lengths.h"
 #include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -38,7 +38,8 @@ QString Content(const TreeNode& node) {
   }
   QStringList values;
   for (const NodeValue& each : node.values)
-    values.append(QString::fromStdString(each.sign) + QLatin1Char(' ') + LengthLabel(each.value));
+    values.append(QString::fromStdString(each.sign) + QLatin1Char(' ') +
+                  QString::fromStdString(LengthLabel(each.value)));
   return values.join(QStringLiteral(", "));
 }
 

@@ -1,26 +1,15 @@
 #pragma once
 
 #include <QIcon>
-#include <QString>
 #include <cstdint>
-#include <span>
-#include <string_view>
 
-/// The icons of nodes and buttons: pictures of 16 by 16, drawn at any size.
+#include "view/shared/icon_table.h"
+
+/// The icons of nodes and buttons, drawn at any size.
 ///
 /// Source   share/icons: lines have the colour of the text around them, so that they are seen on dark and
 ///          light backgrounds
 namespace vanzet::view::qt {
-
-/// The drawing of a bitmap of the tree.
-struct NodeIcon {
-  std::int32_t bitmap;  ///< of a plain node; the next id is that of a selected one
-  const char* file;     ///< its name in share/icons, without the ending
-  bool isMirrored;      ///< the sub spindle looks the other way
-};
-
-/// The icons of the tree, by id.
-std::span<const NodeIcon> NodeIcons();
 
 /// The icon of a node, from its two bitmaps: the second shows while it is selected.
 /// An id that is not in the table gives an icon without a picture.
@@ -28,13 +17,5 @@ QIcon IconOfNode(std::int32_t bitmap, std::int32_t selectedBitmap);
 
 /// The icon of a file of share/icons.
 QIcon IconOf(const char* file);
-
-struct ButtonIcon {
-  const char* file;   ///< of share/icons; null: the button has none
-  bool replacesText;  ///< the text is a sign that the icon says better
-};
-
-/// The icon of a button, by its text where that is a mere sign, else by its id.
-ButtonIcon IconOfButton(std::int32_t id, std::string_view text);
 
 }  // namespace vanzet::view::qt

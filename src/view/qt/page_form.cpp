@@ -6,7 +6,8 @@
 #include "devices/kinds.h"
 #include "view/ids.h"
 #include "view/qt/labels.h"
-#include "view/qt/lengths.h"
+#include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -19,6 +20,11 @@ constexpr const char* kNeeded = Translatable("Needed");
 std::int32_t TypeOfPicture(std::int32_t bitmap) {
   const devices::Device* const device = devices::FindByPicture(bitmap);
   return device == nullptr ? 0 : device->code;
+}
+
+void Mark(QLabel& label, Mnemonics& mnemonics) {
+  const QString text = label.text().remove(QLatin1Char('&'));
+  label.setText(QString::fromStdString(mnemonics.Mark(text.toStdString())));
 }
 
 }  // namespace
@@ -82,7 +88,7 @@ void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& va
   const Unit unit = UnitOf(row, type);
   const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
   if (row.name != nullptr) row.name->setText(name);
-  if (row.unit != nullptr) row.unit->setText(UnitText(unit));
+  if (row.unit != nullptr) row.unit->setText(QString::fromStdString(UnitText(unit)));
   if (row.needed != nullptr) {
     row.needed->setText(IsNeeded(row, type) ? QLatin1String(kNeededSign) : QString());
     row.needed->setToolTip(Translate(kNeeded));
@@ -94,11 +100,13 @@ void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, co
   const FieldRow& field = *row.field;
   const Control* const control = values.Find(field.control);
   if (control == nullptr) return;
-  QString about = field.label != 0 ? values.TextOf(field.label) : QString::fromStdString(control->caption);
+  QString about = field.label != 0 ? QString::fromStdString(values.TextOf(field.label))
+                                   : QString::fromStdString(control->caption);
   if (!name.isEmpty()) about += (about.isEmpty() ? QString() : QStringLiteral(": ")) + name;
   if (about.isEmpty()) return;
-  QString spoken =
-      unit == Unit::kNone ? about : about + QStringLiteral(" (") + UnitText(unit) + QLatin1Char(')');
+  QString spoken = unit == Unit::kNone ? about
+                                       : about + QStringLiteral(" (") +
+                                             QString::fromStdString(UnitText(unit)) + QLatin1Char(')');
   if (row.needed != nullptr && !row.needed->text().isEmpty())
     spoken += QStringLiteral(", ") + Translate(kNeeded).toLower();
   Find(field.control)->SetSpokenName(spoken);
@@ -125,7 +133,7 @@ void PageForm::MarkMnemonics(Mnemonics& mnemonics) {
     // A value that has a letter needs no letter in its name.
     const bool isNameLeading = row.name != nullptr && row.name->buddy() != nullptr;
     QLabel* const leading = row.caption != nullptr ? row.caption : isNameLeading ? row.name : nullptr;
-    if (leading != nullptr) leading->setText(mnemonics.Mark(leading->text().remove(QLatin1Char('&'))));
+    if (leading != nullptr) Mark(*leading, mnemonics);
   }
   for (const auto& widget : widgets_) {
     if (!isAction(widget)) widget->MarkMnemonic(mnemonics);

@@ -10,6 +10,7 @@
 #include "view/qt/icons.h"
 #include "view/qt/labels.h"
 #include "view/qt/page_form.h"
+#include "view/qt/texts.h"
 
 /// The layout of a form: groups under titles, and in them rows of names and cells.
 namespace vanzet::view::qt {
@@ -155,8 +156,9 @@ QWidget* PageForm::Cell(Row& row) {
 
 void PageForm::AddUnit(Row& row, QWidget* cell) {
   if (row.field->unit == Unit::kNone && row.field->letter == 0) return;
-  row.unit = new QLabel(UnitText(row.field->unit), cell);
-  row.unit->setFixedWidth(row.unit->fontMetrics().horizontalAdvance(UnitText(Unit::kMillimetre)) + 2);
+  row.unit = new QLabel(QString::fromStdString(UnitText(row.field->unit)), cell);
+  row.unit->setFixedWidth(
+      row.unit->fontMetrics().horizontalAdvance(QString::fromStdString(UnitText(Unit::kMillimetre))) + 2);
   Find(row.field->control)->Accompany(row.unit);
   cell->layout()->addWidget(row.unit);
 }

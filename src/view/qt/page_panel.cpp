@@ -10,6 +10,7 @@
 #include "view/qt/labels.h"
 #include "view/qt/page_form.h"
 #include "view/qt/picture_widget.h"
+#include "view/qt/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -20,9 +21,9 @@ constexpr int kLeastForm = 340;
 /// The letter of a value, or the name of another control.
 QString NameOf(const FieldRow& row, const PageValues& values) {
   const Control* const control = values.Find(row.control);
-  if (row.label != 0) return values.TextOf(row.label);
+  if (row.label != 0) return QString::fromStdString(values.TextOf(row.label));
   if (control != nullptr && !control->caption.empty()) return QString::fromStdString(control->caption);
-  return row.name[0] != '\0' ? Translate(row.name) : values.TextOf(row.control);
+  return row.name[0] != '\0' ? Translate(row.name) : QString::fromStdString(values.TextOf(row.control));
 }
 
 }  // namespace
@@ -74,7 +75,8 @@ void PagePanel::Show(const std::vector<Control>& controls, const QString& place,
   if (title_ != nullptr) title_->setText(place);
   form_->Show(controls, bitmap);
   const auto* const edit = qobject_cast<const QLineEdit*>(form_->WidgetOf(focused));
-  picture_->Draw(bitmap, values, {focused, edit != nullptr ? edit->text() : values.TextOf(focused)});
+  picture_->Draw(bitmap, values,
+                 {focused, edit != nullptr ? edit->text() : QString::fromStdString(values.TextOf(focused))});
   form_->ShowFaults(picture_->ShownSketch());
   const int width = std::max(form_->minimumSizeHint().width(), kLeastForm);
   scroll_->setFixedWidth(width + scroll_->verticalScrollBar()->sizeHint().width());
@@ -112,7 +114,7 @@ std::vector<QWidget*> PagePanel::TabChain() const {
 }
 
 QWidget* PagePanel::PickButtonOf(std::int32_t edit) const {
-  return form_->WidgetOf(qt::PickButtonOf(layout_, edit));
+  return form_->WidgetOf(view::PickButtonOf(layout_, edit));
 }
 
 QWidget* PagePanel::WidgetOf(std::int32_t control) const {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "view/qt/control_widget.h"
-#include "view/qt/page_layouts.h"
+#include "view/shared/page_layouts.h"
 
 class QLabel;
 class QScrollArea;
@@ -58,8 +58,5 @@ class PagePanel final : public QWidget {
   QScrollArea* scroll_ = nullptr;
   PictureWidget* picture_;
 };
-
-/// The letters that values may have.
-inline const QString kValueLetters = QStringLiteral("ABCDEFGHIJ");
 
 }  // namespace vanzet::view::qt

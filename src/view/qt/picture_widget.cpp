@@ -3,10 +3,10 @@
 #include <QPainter>
 #include <utility>
 
-#include "view/qt/lengths.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch_painter.h"
 #include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -27,7 +27,7 @@ PictureWidget::PictureWidget(QString nothing, QWidget* parent)
 void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, const Focus& focus) {
   bitmap_ = bitmap;
   focused_ = focus.control;
-  value_ = Shortened(focus.text.trimmed());
+  value_ = QString::fromStdString(Shortened(Trimmed(focus.text.toStdString())));
   sketch_ = SketchOf(bitmap, values);
   setAccessibleDescription(sketch_.fault);
   update();

@@ -3,8 +3,8 @@
 #include <QFrame>
 #include <cstdint>
 
-#include "view/qt/page_values.h"
 #include "view/qt/pictures/sketch.h"
+#include "view/shared/page_values.h"
 
 namespace vanzet::view::qt {
 

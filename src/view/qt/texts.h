@@ -3,16 +3,15 @@
 #include <QString>
 #include <QTranslator>
 
-#include "base/translations.h"
+#include "view/shared/texts.h"
 
 namespace vanzet::view::qt {
 
-/// A text of the view's own, beside those of the state, in the language of the view: that of the environment
-/// variable VANZET_LANGUAGE, else that of the application's locale, which is the system's where the host has
-/// set no other.
-///
-/// Source   the section "view" of the catalogues in share/messages; English without a translation
+/// A text of the views' own for a widget.
 QString Translate(const char* english);
+
+/// Gives the texts the locale of Qt: that of the system where the host has set no other.
+void UseLocaleOfQt();
 
 /// Qt's own texts, of file dialogs and of the menus of edits, in the language of the view while this is
 /// alive. They stay English where the machine does not have them.
@@ -26,8 +25,5 @@ class TextsOfQt {
  private:
   QTranslator translator_;
 };
-
-/// The code of the language that texts are shown in: "en", "de".
-QString LanguageOfTexts();
 
 }  // namespace vanzet::view::qt

@@ -8,12 +8,12 @@
 
 #include "devices/kinds.h"
 #include "view/ids.h"
-#include "view/qt/device_words.h"
-#include "view/qt/lengths.h"
 #include "view/qt/list/chooser.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch_painter.h"
 #include "view/qt/texts.h"
+#include "view/shared/device_words.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -49,7 +49,7 @@ QString ValuesText(const ListedDevice& device) {
     const double value = device.values.at(static_cast<std::size_t>(each.letter - 'A'));
     if (value == 0) continue;
     const bool isLength = each.unit == Unit::kMillimetre;
-    const QString number = isLength ? LengthLabel(value) : QString::number(value);
+    const QString number = isLength ? QString::fromStdString(LengthLabel(value)) : QString::number(value);
     values.append(QString(QLatin1Char(each.letter)) + QLatin1Char(' ') + number);
   }
   return values.join(QStringLiteral(", "));

@@ -3,10 +3,10 @@
 
 #include "devices/page_rules.h"
 #include "view/ids.h"
-#include "view/qt/lengths.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -37,7 +37,8 @@ void FindFaults(Sketch& sketch, const BilletSizes& billet, const PageValues& val
   }
   if (!sketch.fault.isEmpty() || !billet.AreOfABillet()) return;
   if (billet.IsBarTooShort())
-    AddFault(sketch, Translate(kBarTooShort).arg(LengthLabel(billet.LeastBar())), control::kBarLength);
+    AddFault(sketch, Translate(kBarTooShort).arg(QString::fromStdString(LengthLabel(billet.LeastBar()))),
+             control::kBarLength);
   if (billet.IsBoreTooWide()) AddFault(sketch, Translate(kBoreTooWide), control::kInnerDiameter);
 }
 

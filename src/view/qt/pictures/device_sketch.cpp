@@ -8,10 +8,11 @@
 #include "devices/outline.h"
 #include "devices/page_rules.h"
 #include "view/ids.h"
-#include "view/qt/device_words.h"
 #include "view/qt/pictures/outline_check.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch.h"
+#include "view/qt/texts.h"
+#include "view/shared/device_words.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -181,7 +182,7 @@ void NoteWhatSaveNeeds(Sketch& sketch, const Device& device, const PageValues& v
   const DeviceParams params = ParamsOf(device, values, [](const Letter&) { return true; });
   const std::string missing = devices::MissingLetters(params);
   if (!missing.empty()) sketch.notes.push_back(Translate(kSaveNeeds).arg(Listed(missing)));
-  if (values.TextOf(control::kNameList).isEmpty()) sketch.notes.push_back(Translate(kSaveNeedsName));
+  if (values.TextOf(control::kNameList).empty()) sketch.notes.push_back(Translate(kSaveNeedsName));
 }
 
 }  // namespace

@@ -2,10 +2,10 @@
 #include <numbers>
 
 #include "view/ids.h"
-#include "view/qt/lengths.h"
 #include "view/qt/pictures/pictures.h"
 #include "view/qt/pictures/sketch.h"
 #include "view/qt/texts.h"
+#include "view/shared/lengths.h"
 
 // Pictures of the machine around the part.
 
@@ -60,7 +60,8 @@ constexpr DatumEdit kDatumEdits[] = {
 /// The letter with the text of its edit.
 QString Labelled(const DatumEdit& row, const PageValues& values) {
   const Control* const control = values.Find(row.edit);
-  const QString value = control == nullptr ? QString() : RestingText(*control, ShownUnit()).trimmed();
+  const QString value =
+      control == nullptr ? QString() : QString::fromStdString(Trimmed(RestingText(*control, ShownUnit())));
   const QString letter = QLatin1String(row.letter);
   return value.isEmpty() ? letter : letter + QLatin1Char(' ') + value;
 }

@@ -40,18 +40,19 @@ void AddLength(Sketch& sketch, const PageValues& values, double length, double y
 
 Sketch FigureSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Sketch sketch;
-  const QString inside = values.TextOf(control::kFigureInside);
+  const QString inside = QString::fromStdString(values.TextOf(control::kFigureInside));
   const double bore = inside.isEmpty() ? 0 : 14;
   const auto outside = {QPointF(-100, bore), QPointF(-100, 38), QPointF(-62, 38), QPointF(-52, 30),
                         QPointF(-30, 30),    QPointF(-22, 22),  QPointF(0, 22),   QPointF(0, bore)};
   Add(sketch, Ink::kBody, PathOf(outside, -1));
   Add(sketch, Ink::kMaterial, PathOf(outside, 1));
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
-  sketch.measures.push_back({.kind = Measure::Kind::kCorner,
-                             .where = Where::kAbove,
-                             .letter = Named(QStringLiteral("F1"), values.TextOf(control::kFigureOutside)),
-                             .control = control::kFigureOutside,
-                             .from = {-41, 30}});
+  sketch.measures.push_back(
+      {.kind = Measure::Kind::kCorner,
+       .where = Where::kAbove,
+       .letter = Named(QStringLiteral("F1"), QString::fromStdString(values.TextOf(control::kFigureOutside))),
+       .control = control::kFigureOutside,
+       .from = {-41, 30}});
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kInside,
                              .letter = Named(QStringLiteral("F2"), inside),
@@ -75,7 +76,7 @@ Sketch SolidSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   Add(sketch, Ink::kAxis, Stroke({-110, 0}, {10, 0}));
   sketch.measures.push_back({.kind = Measure::Kind::kCorner,
                              .where = Where::kAbove,
-                             .letter = values.TextOf(control::kSolid),
+                             .letter = QString::fromStdString(values.TextOf(control::kSolid)),
                              .control = control::kSolid,
                              .from = {-30, 30}});
   if (sketch.measures.back().letter.isEmpty()) sketch.measures.clear();

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <span>
 
-#include "view/qt/page_values.h"
 #include "view/qt/pictures/sketch.h"
+#include "view/shared/page_values.h"
 
 /// The pictures of the pages, made from the values of their controls.
 namespace vanzet::view::qt {

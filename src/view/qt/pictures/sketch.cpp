@@ -25,8 +25,8 @@ QPainterPath Stroke(QPointF from, QPointF to) {
 
 void FindNoNumber(Sketch& sketch, const PageValues& values, std::int32_t edit, const QString& name) {
   if (!sketch.fault.isEmpty() || !values.IsNoNumber(edit)) return;
-  sketch.fault =
-      name.isEmpty() ? Translate(kNoNumberQuoted).arg(values.TextOf(edit)) : Translate(kNoNumber).arg(name);
+  sketch.fault = name.isEmpty() ? Translate(kNoNumberQuoted).arg(QString::fromStdString(values.TextOf(edit)))
+                                : Translate(kNoNumber).arg(name);
   sketch.wrong = {edit};
 }
 

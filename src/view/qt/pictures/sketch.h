@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "devices/device.h"
-#include "view/qt/page_values.h"
+#include "view/shared/page_values.h"
 
 /// A dimensioned drawing as plain data, before it has a size and colours.
 ///

@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
-#include "view/qt/device_words.h"
-#include "view/qt/texts.h"
+#include "view/shared/device_words.h"
+#include "view/shared/texts.h"
 
 /// The places of the controls of each page, by their ids. What they show and whether they can be used is
 /// decided by the state.
-namespace vanzet::view::qt {
+namespace vanzet::view {
 
 /// A row of a form: its name, its control, and what is beside that.
 struct FieldRow {
@@ -64,4 +64,7 @@ std::vector<std::int32_t> StoringButtons(const PageLayout& layout, const std::ve
 /// after the other, then the buttons that fill them.
 std::vector<std::int32_t> ControlsOf(const PageLayout& layout);
 
-}  // namespace vanzet::view::qt
+/// The letters that values may have.
+inline constexpr std::string_view kValueLetters = "ABCDEFGHIJ";
+
+}  // namespace vanzet::view

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QString>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "view/dialog_state.h"
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 
 /// The controls of the current page, to be read by id.
 class PageValues {
@@ -20,7 +20,7 @@ class PageValues {
 
   /// The number in an edit that is bound to a real; 0 for an edit without a number or an unknown one.
   double NumberOf(std::int32_t id) const;
-  QString TextOf(std::int32_t id) const;
+  std::string TextOf(std::int32_t id) const;
   bool IsChecked(std::int32_t id) const;
 
   /// True for an edit that wants a number and does not hold one.
@@ -30,4 +30,4 @@ class PageValues {
   const std::vector<Control>& controls_;
 };
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

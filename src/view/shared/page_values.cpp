@@ -1,8 +1,8 @@
-#include "view/qt/page_values.h"
+#include "view/shared/page_values.h"
 
 #include <algorithm>
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 
 const Control* PageValues::Find(std::int32_t id) const {
   const auto control = std::ranges::find(controls_, id, &Control::id);
@@ -14,9 +14,9 @@ double PageValues::NumberOf(std::int32_t id) const {
   return control == nullptr ? 0 : control->number.value_or(0);
 }
 
-QString PageValues::TextOf(std::int32_t id) const {
+std::string PageValues::TextOf(std::int32_t id) const {
   const Control* const control = Find(id);
-  return control == nullptr ? QString() : QString::fromStdString(control->text);
+  return control == nullptr ? std::string() : control->text;
 }
 
 bool PageValues::IsChecked(std::int32_t id) const {
@@ -29,4 +29,4 @@ bool PageValues::IsNoNumber(std::int32_t id) const {
   return control != nullptr && control->isReal && !control->number;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

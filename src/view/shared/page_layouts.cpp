@@ -1,10 +1,10 @@
-#include "view/qt/page_layouts.h"
+#include "view/shared/page_layouts.h"
 
 #include <algorithm>
 
 #include "view/ids.h"
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 constexpr Unit kMm = Unit::kMillimetre;
@@ -181,4 +181,4 @@ std::vector<std::int32_t> ControlsOf(const PageLayout& layout) {
   return ids;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view
