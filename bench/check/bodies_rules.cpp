@@ -1,4 +1,5 @@
 #include <array>
+#include <utility>
 
 #include "base/translations.h"
 #include "check/rules.h"
@@ -14,14 +15,19 @@ Where WhereOf(scene::Kind kind, bool isSub) {
   return isSub ? Where::kSub : Where::kMain;
 }
 
-Where WhereOf(const scene::SceneBody& body) {
-  return WhereOf(body.kind, body.name.starts_with("sub "));
+/// Details about one body.
+Collector::Details DetailsOf(const scene::SceneBody& body, Sentence sentence) {
+  return {.where = WhereOf(body.kind, body.name.starts_with("sub ")),
+          .sentence = std::move(sentence),
+          .bodies = {body.name},
+          .part = show::PartOf(body.kind)};
 }
 
 void CheckMissing(const Setup& setup, Collector& findings) {
   for (const auto& [kind, isSub, fault] : setup.scene.missing) {
-    findings.Add("EQ-104",
-                 {WhereOf(kind, isSub), {Translatable("A body cannot be made: %1."), {fault.Message()}}});
+    findings.Add("EQ-104", {.where = WhereOf(kind, isSub),
+                            .sentence = {Translatable("A body cannot be made: %1."), {fault.Message()}},
+                            .part = show::PartOf(kind)});
   }
 }
 
@@ -31,9 +37,10 @@ void CheckFiles(const Setup& setup, Collector& findings) {
     if (!devices::IsOwn(placed.device->params.type)) continue;
     const auto read = setup.ownDevice(placed.device->name);
     if (read) continue;
-    findings.Add("EQ-104",
-                 {placed.where,
-                  {Translatable("The file of the device cannot be used: %1."), {read.fault().Message()}}});
+    findings.Add("EQ-104", {.where = placed.where,
+                            .sentence = {Translatable("The file of the device cannot be used: %1."),
+                                         {read.fault().Message()}},
+                            .part = placed.part});
   }
 }
 
@@ -56,16 +63,13 @@ void CheckBodies(const Setup& setup, const HalfSections& sections, Collector& fi
   CheckMissing(setup, findings);
   CheckFiles(setup, findings);
   for (const auto& [body, fault] : sections.unusable) {
-    findings.Add("EQ-104", {WhereOf(*body),
-                            {Translatable("The body cannot be used: %1."), {fault.Message()}},
-                            {},
-                            {},
-                            {body->name}});
+    findings.Add("EQ-104",
+                 DetailsOf(*body, {Translatable("The body cannot be used: %1."), {fault.Message()}}));
   }
   for (const HalfSection& each : sections.bodies) {
     const char* const english = kFlaws[static_cast<std::size_t>(each.soundness())];
     if (english == nullptr || IsFurtherJaw(each)) continue;
-    findings.Add("EQ-104", {WhereOf(each.body()), {english, {each.body().name}}, {}, {}, {each.body().name}});
+    findings.Add("EQ-104", DetailsOf(each.body(), {english, {each.body().name}}));
   }
 }
 

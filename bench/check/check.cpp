@@ -15,7 +15,7 @@ void Collector::Add(std::string_view rule, Details details) {
   if (!severity) return;
   findings_.push_back({row, *severity, setup_.spur, details.where, std::move(details.sentence),
                        std::move(details.values), details.at, std::move(details.bodies), details.change,
-                       std::move(details.area)});
+                       std::move(details.area), details.part});
 }
 
 std::vector<Finding> Collector::Take() {

@@ -22,6 +22,7 @@ class Collector {
     std::vector<std::string> bodies = {};
     std::optional<Change> change = {};
     std::optional<Area> area = {};
+    show::Part part = show::Part::kNone;
   };
   void Add(std::string_view rule, Details details);
 

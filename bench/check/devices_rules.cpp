@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/quote.h"
 #include "base/translations.h"
@@ -14,6 +15,7 @@ namespace {
 
 using scene::Device;
 using scene::Spindle;
+using show::Part;
 
 constexpr double kSameValue = 1e-5;  // what texts with five or six decimals keep
 
@@ -22,16 +24,25 @@ bool HasBillet(const Spindle& spindle) {
          spindle.billet.type <= scene::billet_type::kSolid;
 }
 
+/// Details about the values of one device.
+Collector::Details DetailsOf(const PlacedDevice& placed, Sentence sentence) {
+  return {.where = placed.where, .sentence = std::move(sentence), .part = placed.part};
+}
+
 void CheckHolding(const Setup& setup, Collector& findings) {
   for (std::size_t i = 0; i < setup.equipment.spindles.size(); ++i) {
     const Spindle& spindle = setup.equipment.spindles[i];
     if (!HasBillet(spindle)) continue;
     if (spindle.clamp.params.type == 0) {
       findings.Add("EQ-101",
-                   {WhereOf(i), {Translatable("The spindle has a billet, but no device that holds it.")}});
+                   {.where = WhereOf(i),
+                    .sentence = {Translatable("The spindle has a billet, but no device that holds it.")},
+                    .part = Part::kClamp});
     } else if (devices::IsChuck(spindle.clamp.params.type) && spindle.jaw.params.type == 0) {
       findings.Add("EQ-101",
-                   {WhereOf(i), {Translatable("The spindle has a billet, but its chuck has no jaws.")}});
+                   {.where = WhereOf(i),
+                    .sentence = {Translatable("The spindle has a billet, but its chuck has no jaws.")},
+                    .part = Part::kJaw});
     }
   }
 }
@@ -39,9 +50,8 @@ void CheckHolding(const Setup& setup, Collector& findings) {
 void CheckOutline(const PlacedDevice& placed, Collector& findings) {
   const auto fault = devices::FindSolidFault(placed.device->params);
   if (!fault) return;
-  findings.Add("EQ-102", {placed.where,
-                          {Translatable("The values of the device %1 make no outline: %2."),
-                           {NameOf(*placed.device), fault->reason}}});
+  findings.Add("EQ-102", DetailsOf(placed, {Translatable("The values of the device %1 make no outline: %2."),
+                                            {NameOf(*placed.device), fault->reason}}));
 }
 
 /// The letters in which two devices differ.
@@ -69,15 +79,15 @@ void CheckCatalogue(const PlacedDevice& placed, const Setup& setup, Collector& f
   const catalogue::Entry* const entry = FindInCatalogue(device, setup.shop.catalogue);
   if (entry == nullptr) return;
   if (entry->params.type != device.params.type) {
-    return findings.Add(
-        "EQ-103", {placed.where,
-                   {Translatable("The device %1 has another shape in the catalogue."), {NameOf(device)}}});
+    return findings.Add("EQ-103",
+                        DetailsOf(placed, {Translatable("The device %1 has another shape in the catalogue."),
+                                           {NameOf(device)}}));
   }
   const std::string letters = DifferentLetters(device.params, entry->params);
   if (letters.empty()) return;
-  findings.Add("EQ-103", {placed.where,
-                          {Translatable("The device %1 has other values in the catalogue: %2."),
-                           {NameOf(device), letters}}});
+  findings.Add("EQ-103",
+               DetailsOf(placed, {Translatable("The device %1 has other values in the catalogue: %2."),
+                                  {NameOf(device), letters}}));
 }
 
 void CheckSimulation(const Setup& setup, Collector& findings) {
@@ -93,14 +103,15 @@ void CheckSimulation(const Setup& setup, Collector& findings) {
     if (placed == all.end()) continue;
     const auto state = show::SimulationStateOf(simulated, setup.definition);
     if (state == show::SimulationState::kMissing) {
-      findings.Add("EQ-105", {placed->where,
-                              {Translatable("The definition has no simulation data of the device %1."),
-                               {NameOf(*placed->device)}}});
+      findings.Add(
+          "EQ-105",
+          DetailsOf(*placed, {Translatable("The definition has no simulation data of the device %1."),
+                              {NameOf(*placed->device)}}));
     } else if (state == show::SimulationState::kOther) {
-      findings.Add("EQ-105",
-                   {placed->where,
-                    {Translatable("The simulation data of the device %1 are those of other values."),
-                     {NameOf(*placed->device)}}});
+      findings.Add(
+          "EQ-105",
+          DetailsOf(*placed, {Translatable("The simulation data of the device %1 are those of other values."),
+                              {NameOf(*placed->device)}}));
     }
   }
 }
@@ -109,11 +120,11 @@ void CheckSimulation(const Setup& setup, Collector& findings) {
 
 std::vector<PlacedDevice> DevicesOf(const scene::Equipment& equipment) {
   const auto& [main, sub] = equipment.spindles;
-  std::vector<PlacedDevice> all = {{&main.clamp, Where::kMain},
-                                   {&main.jaw, Where::kMain},
-                                   {&sub.clamp, Where::kSub},
-                                   {&sub.jaw, Where::kSub},
-                                   {&equipment.center, Where::kCenter}};
+  std::vector<PlacedDevice> all = {{&main.clamp, Where::kMain, Part::kClamp},
+                                   {&main.jaw, Where::kMain, Part::kJaw},
+                                   {&sub.clamp, Where::kSub, Part::kClamp},
+                                   {&sub.jaw, Where::kSub, Part::kJaw},
+                                   {&equipment.center, Where::kCenter, Part::kCenter}};
   std::erase_if(all, [](const PlacedDevice& each) { return each.device->params.type == 0; });
   return all;
 }

@@ -10,6 +10,7 @@
 
 #include "geometry/point.h"
 #include "geometry/region.h"
+#include "show/part.h"
 
 /// The findings of a check, as data: docs/checks/README.md.
 ///
@@ -91,7 +92,8 @@ struct Finding {
   std::optional<geometry::Point> at = {};  ///< in the turning plane: x along the axis, y the radius
   std::vector<std::string> bodies = {};    ///< the names that these have in the scene
   std::optional<Change> change = {};
-  std::optional<Area> area = {};  ///< for pictures
+  std::optional<Area> area = {};        ///< for pictures
+  show::Part part = show::Part::kNone;  ///< that is to be looked at, where no body says so
 };
 
 }  // namespace vanzet::check

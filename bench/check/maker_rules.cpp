@@ -14,6 +14,7 @@ namespace {
 using catalogue::MakerJson;
 using scene::Device;
 using scene::Spindle;
+using show::Part;
 
 /// A figure of a device that is one number.
 std::optional<double> FigureOf(const Device& device, const char* key, const Setup& setup) {
@@ -38,15 +39,17 @@ bool HoldsInside(const Spindle& spindle) {
   return kind->clamping == devices::Clamping::kInside;
 }
 
-void CheckRange(const Device& device, const Spindle& spindle, Where where, const Setup& setup,
-                Collector& findings) {
+void CheckRange(const PlacedDevice& placed, const Spindle& spindle, const Setup& setup, Collector& findings) {
+  const Device& device = *placed.device;
   const double diameter = 2 * scene::DefinedHeldRadius(spindle);
   const auto range = RangeOf(device, HoldsInside(spindle) ? "clamp_inside" : "clamp_outside", setup);
   if (!range || diameter <= 0 || (diameter >= range->least && diameter <= range->most)) return;
-  findings.Add("EQ-401", {where,
-                          {Translatable("The device %1 clamps diameters from %2 to %3, but not %4."),
-                           {NameOf(device), Length{range->least}, Length{range->most}, Length{diameter}}},
-                          {{"diameter", diameter}, {"least", range->least}, {"most", range->most}}});
+  findings.Add("EQ-401",
+               {.where = placed.where,
+                .sentence = {Translatable("The device %1 clamps diameters from %2 to %3, but not %4."),
+                             {NameOf(device), Length{range->least}, Length{range->most}, Length{diameter}}},
+                .values = {{"diameter", diameter}, {"least", range->least}, {"most", range->most}},
+                .part = placed.part});
 }
 
 void CheckBar(const Spindle& spindle, Where where, const Setup& setup, Collector& findings) {
@@ -86,8 +89,9 @@ std::optional<Change> BarChange(const Spindle& spindle, double value, double mos
   return Change{Translatable("the bar length"), billet.barLength, length};
 }
 
-void CheckLimits(const Device& device, const Spindle& spindle, Where where, std::optional<double> mass,
+void CheckLimits(const PlacedDevice& placed, const Spindle& spindle, std::optional<double> mass,
                  const Setup& setup, Collector& findings) {
+  const Device& device = *placed.device;
   const Limit limits[] = {
       {"max_speed", setup.job.speed,
        Translatable("The job's speed of %1 1/min is above the %2 1/min of the device %3."), SpeedChange},
@@ -99,12 +103,11 @@ void CheckLimits(const Device& device, const Spindle& spindle, Where where, std:
   for (const auto& [key, value, english, change] : limits) {
     const auto most = FigureOf(device, key, setup);
     if (!most || !value || *value <= *most) continue;
-    findings.Add("EQ-402", {where,
-                            {english, {Number{*value}, Number{*most}, NameOf(device)}},
-                            {{"value", *value}, {"most", *most}},
-                            {},
-                            {},
-                            change(spindle, *value, *most)});
+    findings.Add("EQ-402", {.where = placed.where,
+                            .sentence = {english, {Number{*value}, Number{*most}, NameOf(device)}},
+                            .values = {{"value", *value}, {"most", *most}},
+                            .change = change(spindle, *value, *most),
+                            .part = placed.part});
   }
 }
 
@@ -119,10 +122,11 @@ void CheckMakerData(const Setup& setup, const HalfSections& sections, Collector&
     std::optional<double> mass;
     if (billet != nullptr && billet->IsClosed())
       mass = billet->Volume() / kCubicMillimetres * setup.job.density;
-    for (const Device* const device : {&spindle.clamp, &spindle.jaw}) {
-      if (device->params.type == 0) continue;
-      CheckRange(*device, spindle, where, setup, findings);
-      CheckLimits(*device, spindle, where, mass, setup, findings);
+    const PlacedDevice devices[] = {{&spindle.clamp, where, Part::kClamp}, {&spindle.jaw, where, Part::kJaw}};
+    for (const PlacedDevice& placed : devices) {
+      if (placed.device->params.type == 0) continue;
+      CheckRange(placed, spindle, setup, findings);
+      CheckLimits(placed, spindle, mass, setup, findings);
     }
     if (spindle.clamp.params.type != 0) CheckBar(spindle, where, setup, findings);
   }

@@ -120,6 +120,7 @@ Json JsonOfOne(const Finding& finding, const Style& style) {
   if (const auto& change = finding.change)
     json["change"] = {
         {"value", KeyOf(*change)}, {"from", Rounded(change->from)}, {"to", Rounded(change->to)}};
+  if (finding.part != show::Part::kNone) json["part"] = show::WordOf(finding.part);
   if (!finding.bodies.empty()) json["bodies"] = finding.bodies;
   return json;
 }

@@ -11,6 +11,7 @@ namespace vanzet::check {
 struct PlacedDevice {
   const scene::Device* device;
   Where where;
+  show::Part part;
 };
 
 /// The devices that are there. Valid as long as the equipment.

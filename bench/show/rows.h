@@ -4,16 +4,15 @@
 #include <string>
 #include <vector>
 
-namespace vanzet::show {
+#include "show/part.h"
 
-/// The part of the equipment that a row is about.
-enum class Part { kNone, kClamp, kJaw, kBillet, kFinishPart, kCenter, kSteadyRest, kDatum };
+namespace vanzet::show {
 
 struct Row {
   int level;  ///< 0: a heading
   std::string label;
   std::string value = {};
-  Part part = Part::kNone;
+  Part part = Part::kNone;  ///< that the row is about
   std::size_t spindle = 0;
 };
 

@@ -60,6 +60,13 @@ TEST(Report, HasTheAngleOfAPlaceThatIsNotInTheUprightPlane) {
   EXPECT_FALSE(json.contains("change"));
 }
 
+TEST(Report, HasThePartThatAFindingIsAbout) {
+  check::Finding finding = Overlap();
+  EXPECT_FALSE(check::JsonOf({finding}, {Translations()})["findings"][0].contains("part"));
+  finding.part = show::Part::kJaw;
+  EXPECT_EQ(check::JsonOf({finding}, {Translations()})["findings"][0]["part"], "jaw");
+}
+
 TEST(Report, PutsTermsIntoTheirPlacesAlone) {
   check::Finding finding = Overlap();
   finding.change.reset();

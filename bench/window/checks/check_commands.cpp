@@ -2,6 +2,7 @@
 
 #include <QStatusBar>
 
+#include "window/checks/dialog_value.h"
 #include "window/theme.h"
 
 namespace vanzet::window {
@@ -84,8 +85,8 @@ void CheckCommands::OpenPage() {
   const auto read = results::ReadDefinition(workplace_.session->project(), finding->spur);
   if (!read) return workplace_.reportFault(read.fault());
   if (!read->definition) return;
-  const auto [node, field] = DialogValueOf(*finding, scene::ReadEquipment(*read->definition));
-  if (node != 0) parts_.commands.DefineAtField(finding->spur, node, field);
+  const auto [node, fields] = DialogValueOf(*finding, scene::ReadEquipment(*read->definition));
+  if (node != 0) parts_.commands.DefineAtField(finding->spur, node, fields);
 }
 
 void CheckCommands::OpenRule() {

@@ -7,20 +7,22 @@
 #include <vector>
 
 #include "check/finding.h"
-#include "scene/equipment.h"
+#include "geometry/point.h"
+#include "show/part.h"
 
 namespace vanzet::window {
 
 /// A finding of the check of a project, as 'vanzet check --json' prints it.
 struct ReportedFinding {
-  QString rule;  ///< "EQ-201"
+  QString rule = {};  ///< "EQ-201"
   check::Severity severity = check::Severity::kNote;
   int spur = 0;
   check::Where where = check::Where::kMain;
-  QString text;                               ///< the sentence, in the language in which it was asked for
+  QString text = {};                          ///< the sentence, in the language in which it was asked for
   std::optional<geometry::Point> place = {};  ///< in the turning plane
   double degrees = 0;                         ///< of that plane about the axis, from the upright one
   QStringList bodies = {};
+  show::Part part = show::Part::kNone;  ///< kNone: the rule and the place say it
   QString mendedBy = {};  ///< the value by which it would vanish: "clamping_out"; empty: no single one
 
   bool operator==(const ReportedFinding&) const = default;
@@ -31,12 +33,5 @@ Result<std::vector<ReportedFinding>> ReadFindings(const QByteArray& json);
 
 /// The place in space; nothing where the finding has none.
 std::optional<geometry::Point3d> PlaceInSpace(const ReportedFinding& finding);
-
-/// The value that a finding is about, in the dialog.
-struct DialogValue {
-  std::int32_t node = 0;   ///< of its page; 0 where no page has it
-  std::int32_t field = 0;  ///< its control; 0 where the finding is not about a single value
-};
-DialogValue DialogValueOf(const ReportedFinding& finding, const scene::Equipment& equipment);
 
 }  // namespace vanzet::window

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
+#include <algorithm>
 
 #include "view/ids.h"
 
@@ -32,12 +33,13 @@ void ChooseSpur(int spur) {
 }
 
 /// The field gets the keys, with its text selected: what is typed then takes its place.
-void FocusField(std::int32_t control) {
-  auto* const field = control == 0 ? nullptr : WidgetOf<QLineEdit>(control);
-  if (field == nullptr || !field->isEnabled()) return;
+bool FocusField(std::int32_t control) {
+  auto* const field = WidgetOf<QWidget>(control);
+  if (field == nullptr || !field->isEnabled()) return false;
   field->activateWindow();
   field->setFocus(Qt::OtherFocusReason);
-  field->selectAll();
+  if (auto* const edit = qobject_cast<QLineEdit*>(field)) edit->selectAll();
+  return true;
 }
 
 }  // namespace
@@ -53,10 +55,10 @@ DialogPage::DialogPage(QObject* parent) : QObject(parent) {
   connect(&wait_, &QTimer::timeout, this, &DialogPage::TryToShow);
 }
 
-void DialogPage::Show(int spur, std::int32_t node, std::int32_t field) {
+void DialogPage::Show(int spur, std::int32_t node, std::span<const std::int32_t> fields) {
   spur_ = spur;
   node_ = node;
-  field_ = field;
+  fields_.assign(fields.begin(), fields.end());
   tries_ = 0;
   wait_.start();
 }
@@ -70,7 +72,8 @@ void DialogPage::TryToShow() {
   for (QTreeWidgetItemIterator item(tree); *item != nullptr; ++item) {
     if ((*item)->data(0, Qt::UserRole).toInt() != node_) continue;
     tree->setCurrentItem(*item);
-    return FocusField(field_);
+    std::ranges::find_if(fields_, FocusField);
+    return;
   }
 }
 

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QTimer>
 #include <cstdint>
+#include <span>
+#include <vector>
 
 namespace vanzet::window {
 
@@ -16,16 +18,17 @@ class DialogPage final : public QObject {
  public:
   explicit DialogPage(QObject* parent);
 
-  /// Shows the page of the node, for a spur, as soon as the dialog is open. The keyboard goes to the field
-  /// then, a control of the page; 0: to none.
-  void Show(int spur, std::int32_t node, std::int32_t field = 0);
+  /// Shows the page of the node, for a spur, as soon as the dialog is open. The keyboard goes to the
+  /// first of the fields that the page has then, which are controls.
+  void Show(int spur, std::int32_t node, std::span<const std::int32_t> fields = {});
 
  private:
   void TryToShow();
 
   QTimer wait_;
   int spur_ = 0, tries_ = 0;
-  std::int32_t node_ = 0, field_ = 0;
+  std::int32_t node_ = 0;
+  std::vector<std::int32_t> fields_;
 };
 
 }  // namespace vanzet::window

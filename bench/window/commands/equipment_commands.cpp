@@ -87,11 +87,11 @@ void EquipmentCommands::Define() {
 }
 
 void EquipmentCommands::DefineAt(int spur, std::int32_t node) {
-  DefineAtField(spur, node, 0);
+  DefineAtField(spur, node, {});
 }
 
-void EquipmentCommands::DefineAtField(int spur, std::int32_t node, std::int32_t field) {
-  page_.Show(spur, node, field);
+void EquipmentCommands::DefineAtField(int spur, std::int32_t node, std::span<const std::int32_t> fields) {
+  page_.Show(spur, node, fields);
   if (!workplace_.session->isAtWork()) Define();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <span>
 #include <string>
 
 #include "window/actions.h"
@@ -40,7 +41,8 @@ class EquipmentCommands final : public QObject {
   // Requires of both: a project is open.
   void Define();                               ///< shows the dialog
   void DefineAt(int spur, std::int32_t node);  ///< and its page; of the dialog that is open, if one is
-  void DefineAtField(int spur, std::int32_t node, std::int32_t field);  ///< with the keys on that control
+  void DefineAtField(int spur, std::int32_t node,
+                     std::span<const std::int32_t> fields);  ///< with the keys on one of these controls
   void Upgrade();
 
   /// Shows the project as its files are now. Nothing is done while no project is open or other work goes on.

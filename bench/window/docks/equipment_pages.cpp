@@ -21,18 +21,6 @@ std::int32_t NodeOfKind(const define::Part<Record>& part, std::int32_t type, std
   return kind == part.kinds.end() ? 0 : kind->nodes[spindle];
 }
 
-show::Part PartOf(scene::Kind kind) {
-  switch (kind) {
-    case scene::Kind::kClamp: return show::Part::kClamp;
-    case scene::Kind::kJaw: return show::Part::kJaw;
-    case scene::Kind::kCenter: return show::Part::kCenter;
-    case scene::Kind::kSteadyRest: return show::Part::kSteadyRest;
-    case scene::Kind::kBillet: return show::Part::kBillet;
-    case scene::Kind::kFinishPart: return show::Part::kFinishPart;
-  }
-  return show::Part::kNone;
-}
-
 }  // namespace
 
 std::int32_t NodeOfPart(show::Part part, std::size_t side, const scene::Equipment& equipment) {
@@ -55,7 +43,7 @@ std::int32_t NodeOf(const show::Row& row, const scene::Equipment& equipment) {
 }
 
 std::int32_t NodeOf(const scene::SceneBody& body, const scene::Equipment& equipment) {
-  return NodeOfPart(PartOf(body.kind), body.name.starts_with("sub ") ? 1 : 0, equipment);
+  return NodeOfPart(show::PartOf(body.kind), body.name.starts_with("sub ") ? 1 : 0, equipment);
 }
 
 std::string DeviceOf(const show::Row& row, const scene::Equipment& equipment) {
