@@ -6,6 +6,7 @@
 #include "view/ids.h"
 #include "view/qt/page_panel.h"
 #include "view/qt/picture_widget.h"
+#include "view/shared/texts.h"
 #include "view_qt/window_fixture.h"
 
 // Values as they are shown, typed and marked.
@@ -176,7 +177,7 @@ TEST_F(Values, NamesTheValuesThatSaveDemandsLetterByLetter) {
         refused.clear();
         const auto* const picture =
             dynamic_cast<view::qt::PictureWidget*>(window.WidgetOf(control::kNewPicture));
-        const QString hint = picture->ShownSketch().notes.join(QLatin1Char('\n'));
+        const QString hint = QString::fromStdString(view::Joined(picture->ShownSketch().notes, "\n"));
         Do(window, "press 2152\n");
         if (refused.isEmpty()) break;
         EXPECT_TRUE(hint.contains("Save needs a value of " + refused)) << node << hint.toStdString();

@@ -16,9 +16,10 @@
 #include "view/qt/labels.h"
 #include "view/qt/list/device_list.h"
 #include "view/qt/list/own_device_list.h"
-#include "view/qt/pictures/sketch_painter.h"
+#include "view/qt/painter_canvas.h"
 #include "view/qt/texts.h"
 #include "view/shared/lengths.h"
+#include "view/shared/pictures/painter.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -110,7 +111,8 @@ class EditWidget : public ControlWidget {
     hint_->setToolTip(fault);
     Edit().setAccessibleDescription(fault);
     QPalette colours;
-    if (!fault.isEmpty()) colours.setColor(QPalette::Text, FaultColour(Edit().palette()));
+    if (!fault.isEmpty())
+      colours.setColor(QPalette::Text, ColourOf(FaultColour(ColoursOf(Edit().palette()))));
     Edit().setPalette(colours);
   }
 

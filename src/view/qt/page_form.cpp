@@ -78,7 +78,7 @@ bool PageForm::IsNeeded(const Row& row, std::int32_t type) const {
 void PageForm::ShowFaults(const Sketch& sketch) {
   for (const auto& widget : widgets_) {
     const bool isWrong = std::ranges::find(sketch.wrong, widget->Id()) != sketch.wrong.end();
-    widget->ShowFault(isWrong ? sketch.fault : QString());
+    widget->ShowFault(isWrong ? QString::fromStdString(sketch.fault) : QString());
   }
 }
 

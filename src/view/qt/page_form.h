@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "view/qt/control_widget.h"
-#include "view/qt/pictures/sketch.h"
 #include "view/shared/page_layouts.h"
 #include "view/shared/page_values.h"
+#include "view/shared/sketch.h"
 
 class QGridLayout;
 class QLabel;

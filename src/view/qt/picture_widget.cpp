@@ -3,10 +3,11 @@
 #include <QPainter>
 #include <utility>
 
-#include "view/qt/pictures/pictures.h"
-#include "view/qt/pictures/sketch_painter.h"
+#include "view/qt/painter_canvas.h"
 #include "view/qt/texts.h"
 #include "view/shared/lengths.h"
+#include "view/shared/pictures/pictures.h"
+#include "view/shared/texts.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -26,10 +27,9 @@ PictureWidget::PictureWidget(QString nothing, QWidget* parent)
 
 void PictureWidget::Draw(std::int32_t bitmap, const PageValues& values, const Focus& focus) {
   bitmap_ = bitmap;
-  focused_ = focus.control;
-  value_ = QString::fromStdString(Shortened(Trimmed(focus.text.toStdString())));
+  emphasis_ = {focus.control, Shortened(Trimmed(focus.text.toStdString()))};
   sketch_ = SketchOf(bitmap, values);
-  setAccessibleDescription(sketch_.fault);
+  setAccessibleDescription(QString::fromStdString(sketch_.fault));
   update();
 }
 
@@ -46,7 +46,8 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, nothing_);
     return;
   }
-  Paint(painter, area, sketch_, {palette(), font(), focused_, value_});
+  PainterCanvas canvas(painter, font());
+  Paint(canvas, BoxOf(area), sketch_, ColoursOf(palette()), emphasis_);
 }
 
 }  // namespace vanzet::view::qt

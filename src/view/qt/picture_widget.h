@@ -3,8 +3,7 @@
 #include <QFrame>
 #include <cstdint>
 
-#include "view/qt/pictures/sketch.h"
-#include "view/shared/page_values.h"
+#include "view/shared/pictures/painter.h"
 
 namespace vanzet::view::qt {
 
@@ -36,8 +35,7 @@ class PictureWidget final : public QFrame {
  private:
   const QString nothing_;
   std::int32_t bitmap_ = 0;
-  std::int32_t focused_ = 0;
-  QString value_;
+  Emphasis emphasis_;
   Sketch sketch_;
 };
 

@@ -9,11 +9,12 @@
 #include "devices/kinds.h"
 #include "view/ids.h"
 #include "view/qt/list/chooser.h"
-#include "view/qt/pictures/pictures.h"
-#include "view/qt/pictures/sketch_painter.h"
+#include "view/qt/painter_canvas.h"
 #include "view/qt/texts.h"
 #include "view/shared/device_words.h"
 #include "view/shared/lengths.h"
+#include "view/shared/pictures/painter.h"
+#include "view/shared/pictures/pictures.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -75,7 +76,8 @@ QPixmap Thumbnail(const ListedDevice& device, const QWidget& where) {
   QFont font = where.font();
   // The margins around a sketch are in letters, and there are none.
   font.setPixelSize(4);
-  Paint(painter, QRectF(QPointF(0, 0), kThumbnail), sketch, {.palette = where.palette(), .font = font});
+  PainterCanvas canvas(painter, font);
+  Paint(canvas, BoxOf(QRectF(QPointF(0, 0), kThumbnail)), sketch, ColoursOf(where.palette()), {});
   return picture;
 }
 

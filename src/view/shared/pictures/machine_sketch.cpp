@@ -2,39 +2,27 @@
 #include <numbers>
 
 #include "view/ids.h"
-#include "view/qt/pictures/pictures.h"
-#include "view/qt/pictures/sketch.h"
-#include "view/qt/texts.h"
 #include "view/shared/lengths.h"
+#include "view/shared/pictures/pictures.h"
+#include "view/shared/sketch.h"
+#include "view/shared/texts.h"
 
 // Pictures of the machine around the part.
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 constexpr const char* kUsed = Translatable("The steady rest supports the part.");
 constexpr const char* kNotUsed = Translatable("The steady rest is not used.");
 constexpr const char* kScheme = Translatable("W: from the datum to the front of the part");
 
-QPainterPath Circle(double x, double y, double radius) {
-  QPainterPath path;
-  path.addEllipse(QPointF(x, y), radius, radius);
-  return path;
-}
-
-QPointF OnCircle(double degrees, double radius) {
-  const double angle = degrees * std::numbers::pi / 180;
-  return {radius * std::cos(angle), radius * std::sin(angle)};
-}
-
-/// The frame of a steady rest seen along the spindle.
-QPainterPath Frame() {
-  QPainterPath frame;
-  frame.addEllipse(QPointF(0, 0), 62, 62);
-  QPainterPath foot = Rectangle(-34, -84, 34, -30);
-  QPainterPath opening;
-  opening.addEllipse(QPointF(0, 0), 46, 46);
-  return frame.united(foot).subtracted(opening);
+/// The frame of a steady rest seen along the spindle: a ring on a foot.
+Path Frame() {
+  constexpr double kRadius = 62, kHalfFoot = 34, kGround = -84;
+  const double atFoot = std::asin(kHalfFoot / kRadius) * 180 / std::numbers::pi;
+  Ring outside = {Arc({}, kRadius, -90 + atFoot, 270 - atFoot)};
+  outside.points.insert(outside.points.end(), {{-kHalfFoot, kGround}, {kHalfFoot, kGround}});
+  return {{outside, Circle({}, 46).rings.front()}};
 }
 
 /// An edit of the datum page.
@@ -58,12 +46,10 @@ constexpr DatumEdit kDatumEdits[] = {
 };
 
 /// The letter with the text of its edit.
-QString Labelled(const DatumEdit& row, const PageValues& values) {
+std::string Labelled(const DatumEdit& row, const PageValues& values) {
   const Control* const control = values.Find(row.edit);
-  const QString value =
-      control == nullptr ? QString() : QString::fromStdString(Trimmed(RestingText(*control, ShownUnit())));
-  const QString letter = QLatin1String(row.letter);
-  return value.isEmpty() ? letter : letter + QLatin1Char(' ') + value;
+  const std::string value = control == nullptr ? "" : Trimmed(RestingText(*control, ShownUnit()));
+  return value.empty() ? row.letter : row.letter + (' ' + value);
 }
 
 /// A chuck with its jaws and the part in it; `side` is -1 for the main spindle.
@@ -77,7 +63,7 @@ void AddSpindle(Sketch& sketch, double side) {
     block(Ink::kMaterial, kChuckFace, kChuckFace + 16, half * 20, half * 42);
   // A ring with a cross marks the datum, and the origin that is measured from it.
   for (const double x : {side * kChuckBack, side * kPartFace}) {
-    Add(sketch, Ink::kGhost, Circle(x, 0, 6));
+    Add(sketch, Ink::kGhost, Circle({x, 0}, 6));
     Add(sketch, Ink::kGhost, Stroke({x, -10}, {x, 10}));
   }
 }
@@ -88,11 +74,11 @@ Sketch BezelSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   const bool isUsed = values.IsChecked(control::kUseBezel);
   Sketch sketch;
   Add(sketch, isUsed ? Ink::kBody : Ink::kGhost, Frame());
-  Add(sketch, Ink::kMaterial, Circle(0, 0, 24));
+  Add(sketch, Ink::kMaterial, Circle({}, 24));
   for (const double degrees : {90.0, 210.0, 330.0}) {
-    const QPointF roller = OnCircle(degrees, 33);
-    Add(sketch, isUsed ? Ink::kPart : Ink::kGhost, Circle(roller.x(), roller.y(), 9));
-    Add(sketch, Ink::kGhost, Stroke(OnCircle(degrees, 42), OnCircle(degrees, 54)));
+    const Point roller = OnCircle({}, 33, degrees);
+    Add(sketch, isUsed ? Ink::kPart : Ink::kGhost, Circle(roller, 9));
+    Add(sketch, Ink::kGhost, Stroke(OnCircle({}, 42, degrees), OnCircle({}, 54, degrees)));
   }
   Add(sketch, Ink::kAxis, Stroke({-68, 0}, {68, 0}));
   Add(sketch, Ink::kAxis, Stroke({0, -86}, {0, 66}));
@@ -120,4 +106,4 @@ Sketch DatumSketch(std::int32_t /*bitmap*/, const PageValues& values) {
   return sketch;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <span>
 
-#include "view/qt/pictures/sketch.h"
 #include "view/shared/page_values.h"
+#include "view/shared/sketch.h"
 
 /// The pictures of the pages, made from the values of their controls.
-namespace vanzet::view::qt {
+namespace vanzet::view {
 
 struct Picture {
   std::int32_t bitmap;
@@ -29,4 +29,4 @@ Sketch SolidSketch(std::int32_t bitmap, const PageValues& values);
 Sketch BezelSketch(std::int32_t bitmap, const PageValues& values);
 Sketch DatumSketch(std::int32_t bitmap, const PageValues& values);
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

@@ -1,5 +1,3 @@
-#include <QPolygonF>
-#include <QStringList>
 #include <algorithm>
 #include <limits>
 
@@ -8,13 +6,13 @@
 #include "devices/outline.h"
 #include "devices/page_rules.h"
 #include "view/ids.h"
-#include "view/qt/pictures/outline_check.h"
-#include "view/qt/pictures/pictures.h"
-#include "view/qt/pictures/sketch.h"
-#include "view/qt/texts.h"
 #include "view/shared/device_words.h"
+#include "view/shared/pictures/outline_check.h"
+#include "view/shared/pictures/pictures.h"
+#include "view/shared/sketch.h"
+#include "view/shared/texts.h"
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 using devices::Device;
@@ -46,12 +44,18 @@ DeviceParams ParamsOf(const Device& device, const PageValues& values, Predicate 
 }
 
 /// A formula in the usual notation.
-QString Readable(std::string_view formula) {
-  QString text = QString::fromUtf8(formula.data(), static_cast<qsizetype>(formula.size()));
-  text.replace(QStringLiteral("*0.5"), QStringLiteral("/2"));
-  text.replace(QLatin1Char('*'), QStringLiteral("\u00B7"));
-  text.replace(QLatin1Char('-'), QStringLiteral(" \u2212 "));
-  return text.trimmed();
+std::string Readable(std::string_view formula) {
+  constexpr std::pair<std::string_view, std::string_view> kSigns[] = {
+      {"*0.5", "/2"}, {"*", "\u00B7"}, {"-", " \u2212 "}};
+  std::string text;
+  while (!formula.empty()) {
+    const auto* const sign =
+        std::ranges::find_if(kSigns, [&](const auto& each) { return formula.starts_with(each.first); });
+    const bool isSign = sign != std::end(kSigns);
+    text += isSign ? sign->second : formula.substr(0, 1);
+    formula.remove_prefix(isSign ? sign->first.size() : 1);
+  }
+  return Trimmed(text);
 }
 
 void AddEditsIn(std::string_view formula, std::vector<std::int32_t>& edits) {
@@ -79,14 +83,14 @@ std::string OutlineLetters(const Device& device) {
   return letters;
 }
 
-void SetFault(Sketch& sketch, const QString& text, std::string_view letters) {
+void SetFault(Sketch& sketch, const std::string& text, std::string_view letters) {
   sketch.fault = text;
   AddEditsIn(letters, sketch.wrong);
 }
 
 void FindNoNumbers(Sketch& sketch, const Device& device, const PageValues& values) {
   for (const Letter& each : device.letters) {
-    FindNoNumber(sketch, values, control::EditOfLetter(each.letter), QString(QLatin1Char(each.letter)));
+    FindNoNumber(sketch, values, control::EditOfLetter(each.letter), std::string(1, each.letter));
   }
 }
 
@@ -94,12 +98,13 @@ void FindBrokenRule(Sketch& sketch, const Device& device, const DeviceParams& pa
   for (const Letter& each : device.letters) {
     const bool mayBeBelow0 = each.drawn != Drawn::kAbove0 && each.drawn != Drawn::kFrom0;
     if (ValueOf(params, each.letter) >= 0 || mayBeBelow0) continue;
-    const QString letter(QLatin1Char(each.letter));
-    return SetFault(sketch, Translate(kMustBeAbove0).arg(letter), std::string(1, each.letter));
+    const std::string letter(1, each.letter);
+    return SetFault(sketch, Filled(Translate(kMustBeAbove0), {letter}), letter);
   }
   for (const devices::Rule& rule : device.rules) {
     if (Evaluate(rule.less, params) < Evaluate(rule.greater, params)) continue;
-    SetFault(sketch, Translate(kMustBeLess).arg(Readable(rule.less), Readable(rule.greater)), rule.less);
+    SetFault(sketch, Filled(Translate(kMustBeLess), {Readable(rule.less), Readable(rule.greater)}),
+             rule.less);
     AddEditsIn(rule.greater, sketch.wrong);
     return;
   }
@@ -107,13 +112,10 @@ void FindBrokenRule(Sketch& sketch, const Device& device, const DeviceParams& pa
   if (!IsSimple(outline)) SetFault(sketch, Translate(kNoOutline), OutlineLetters(device));
 }
 
-QPainterPath PathOf(const std::vector<OutlineVertex>& outline, double sign) {
-  QPolygonF polygon;
-  for (const OutlineVertex& vertex : outline) polygon.append(QPointF(vertex.x, sign * vertex.y));
-  QPainterPath path;
-  path.addPolygon(polygon);
-  path.closeSubpath();
-  return path;
+Path PathOf(const std::vector<OutlineVertex>& outline, double sign) {
+  Ring ring;
+  for (const OutlineVertex& vertex : outline) ring.points.push_back({vertex.x, sign * vertex.y});
+  return {{ring}};
 }
 
 /// Adds the ends of a bore, which are seen between the two halves.
@@ -136,9 +138,9 @@ void AddShapes(Sketch& sketch, const DeviceParams& params) {
   if (isSpun) Add(sketch, Ink::kBody, PathOf(outline, -1));
   Add(sketch, Ink::kMaterial, PathOf(outline, 1));
   if (!isSpun) return;
-  const QRectF box = sketch.shapes.back().path.boundingRect();
-  const double beyond = box.width() * 0.08;
-  Add(sketch, Ink::kAxis, Stroke({box.left() - beyond, 0}, {box.right() + beyond, 0}));
+  const Box box = BoundsOf(sketch.shapes.back().path);
+  const double beyond = box.Width() * 0.08;
+  Add(sketch, Ink::kAxis, Stroke({box.left - beyond, 0}, {box.right + beyond, 0}));
 }
 
 void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& params) {
@@ -147,8 +149,8 @@ void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& param
     measure.kind = row.kind;
     measure.where = row.where;
     measure.lane = row.lane;
-    measure.letter = QLatin1Char(row.letter);
-    if (row.kind == Measure::Kind::kAngle && row.letter == 'E') measure.letter += QStringLiteral("/2");
+    measure.letter = row.letter;
+    if (row.kind == Measure::Kind::kAngle && row.letter == 'E') measure.letter += "/2";
     measure.control = control::EditOfLetter(row.letter);
     measure.from = {Evaluate(row.fromX, params), Evaluate(row.fromY, params)};
     measure.to = {Evaluate(row.toX, params), Evaluate(row.toY, params)};
@@ -161,19 +163,18 @@ void AddMeasures(Sketch& sketch, const Device& device, const DeviceParams& param
 void NoteThickness(Sketch& sketch, const Device& device) {
   for (const Letter& each : device.letters) {
     if (each.drawn != Drawn::kThickness) continue;
-    sketch.notes.push_back(QLatin1Char(each.letter) + QStringLiteral("  ") +
-                           Translate(kUnseen).arg(Translate(each.name)));
+    sketch.notes.push_back(each.letter + ("  " + Filled(Translate(kUnseen), {Translate(each.name)})));
   }
 }
 
 /// "A, B"; "A–H".
-QString Listed(const std::string& letters) {
+std::string Listed(const std::string& letters) {
   const bool isRow = letters.size() >= kRow &&
                      static_cast<std::size_t>(letters.back() - letters.front()) + 1 == letters.size();
-  if (isRow) return QLatin1Char(letters.front()) + QStringLiteral("\u2013") + QLatin1Char(letters.back());
-  QStringList list;
-  for (const char letter : letters) list.append(QString(QLatin1Char(letter)));
-  return list.join(QStringLiteral(", "));
+  if (isRow) return letters.front() + std::string("\u2013") + letters.back();
+  std::vector<std::string> list;
+  for (const char letter : letters) list.emplace_back(1, letter);
+  return Joined(list, ", ");
 }
 
 /// On the page of a new device: adds what keeps its Save button from saving.
@@ -181,7 +182,7 @@ void NoteWhatSaveNeeds(Sketch& sketch, const Device& device, const PageValues& v
   if (values.Find(control::kSaveDevice) == nullptr) return;
   const DeviceParams params = ParamsOf(device, values, [](const Letter&) { return true; });
   const std::string missing = devices::MissingLetters(params);
-  if (!missing.empty()) sketch.notes.push_back(Translate(kSaveNeeds).arg(Listed(missing)));
+  if (!missing.empty()) sketch.notes.push_back(Filled(Translate(kSaveNeeds), {Listed(missing)}));
   if (values.TextOf(control::kNameList).empty()) sketch.notes.push_back(Translate(kSaveNeedsName));
 }
 
@@ -192,15 +193,15 @@ Sketch DeviceSketch(const Device& device, const PageValues& values) {
   Sketch sketch;
   const std::string missing = LettersNotDrawable(device, params);
   FindNoNumbers(sketch, device, values);
-  if (sketch.fault.isEmpty() && missing.empty()) FindBrokenRule(sketch, device, params);
-  sketch.isExample = !sketch.fault.isEmpty() || !missing.empty();
+  if (sketch.fault.empty() && missing.empty()) FindBrokenRule(sketch, device, params);
+  sketch.isExample = !sketch.fault.empty() || !missing.empty();
   if (sketch.isExample) params = device.example;
   AddShapes(sketch, params);
   AddMeasures(sketch, device, params);
   NoteThickness(sketch, device);
   NoteWhatSaveNeeds(sketch, device, values);
-  if (sketch.fault.isEmpty() && !missing.empty())
-    sketch.notes.push_back(Translate(kExample).arg(Listed(missing)));
+  if (sketch.fault.empty() && !missing.empty())
+    sketch.notes.push_back(Filled(Translate(kExample), {Listed(missing)}));
   return sketch;
 }
 
@@ -214,4 +215,4 @@ Sketch OwnDeviceSketch(const Device& device, const PageValues& values) {
   return sketch;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

@@ -1,9 +1,9 @@
-#include "view/qt/pictures/outline_check.h"
+#include "view/shared/pictures/outline_check.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 /// Twice the area of the triangle, above 0 for a turn to the left.
@@ -42,4 +42,4 @@ bool IsSimple(const std::vector<OutlineVertex>& outline) {
   return true;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

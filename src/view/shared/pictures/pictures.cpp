@@ -1,11 +1,11 @@
-#include "view/qt/pictures/pictures.h"
+#include "view/shared/pictures/pictures.h"
 
 #include <algorithm>
 
 #include "devices/kinds.h"
 #include "view/ids.h"
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 // clang-format off
@@ -33,4 +33,4 @@ Sketch SketchOf(std::int32_t bitmap, const PageValues& values) {
   return row == std::end(kPictures) ? Sketch() : row->make(bitmap, values);
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view

@@ -3,12 +3,12 @@
 
 #include "devices/page_rules.h"
 #include "view/ids.h"
-#include "view/qt/pictures/pictures.h"
-#include "view/qt/pictures/sketch.h"
-#include "view/qt/texts.h"
 #include "view/shared/lengths.h"
+#include "view/shared/pictures/pictures.h"
+#include "view/shared/sketch.h"
+#include "view/shared/texts.h"
 
-namespace vanzet::view::qt {
+namespace vanzet::view {
 namespace {
 
 constexpr const char* kExample = Translatable("Example: A and B are needed");
@@ -23,8 +23,8 @@ BilletSizes Read(const PageValues& values) {
           values.NumberOf(control::kInnerDiameter),  values.NumberOf(control::kBarLength)};
 }
 
-void AddFault(Sketch& sketch, const QString& fault, std::int32_t edit) {
-  sketch.fault += (sketch.fault.isEmpty() ? QString() : QStringLiteral("\n")) + fault;
+void AddFault(Sketch& sketch, const std::string& fault, std::int32_t edit) {
+  sketch.fault += (sketch.fault.empty() ? "" : "\n") + fault;
   sketch.wrong.push_back(edit);
 }
 
@@ -33,12 +33,11 @@ void FindFaults(Sketch& sketch, const BilletSizes& billet, const PageValues& val
   char letter = 'A';
   for (const std::int32_t id : {control::kOuterDiameter, control::kCylinderLength, control::kFrontAllowance,
                                 control::kRearAllowance, control::kInnerDiameter, control::kBarLength}) {
-    FindNoNumber(sketch, values, id, QString(QLatin1Char(letter++)));
+    FindNoNumber(sketch, values, id, std::string(1, letter++));
   }
-  if (!sketch.fault.isEmpty() || !billet.AreOfABillet()) return;
+  if (!sketch.fault.empty() || !billet.AreOfABillet()) return;
   if (billet.IsBarTooShort())
-    AddFault(sketch, Translate(kBarTooShort).arg(QString::fromStdString(LengthLabel(billet.LeastBar()))),
-             control::kBarLength);
+    AddFault(sketch, Filled(Translate(kBarTooShort), {LengthLabel(billet.LeastBar())}), control::kBarLength);
   if (billet.IsBoreTooWide()) AddFault(sketch, Translate(kBoreTooWide), control::kInnerDiameter);
 }
 
@@ -99,7 +98,7 @@ class Drawn {
     sketch_.measures.push_back({.kind = Measure::Kind::kAlong,
                                 .where = where,
                                 .lane = lane,
-                                .letter = QString(QLatin1Char(letter)),
+                                .letter = std::string(1, letter),
                                 .control = control,
                                 .from = {side_ * from, y},
                                 .to = {side_ * to, y}});
@@ -108,7 +107,7 @@ class Drawn {
   void Across(char letter, std::int32_t control, double diameter, double x) {
     if (diameter <= 0) return;
     sketch_.measures.push_back({.kind = Measure::Kind::kAcross,
-                                .letter = QString(QLatin1Char(letter)),
+                                .letter = std::string(1, letter),
                                 .control = control,
                                 .from = {side_ * x, -diameter / 2},
                                 .to = {side_ * x, diameter / 2},
@@ -142,8 +141,8 @@ Sketch BilletSketch(std::int32_t bitmap, const PageValues& values) {
   sketch.fault = check.fault;
   sketch.wrong = check.wrong;
   sketch.isExample = isExample;
-  if (isExample && check.fault.isEmpty()) sketch.notes.push_back(Translate(kExample));
+  if (isExample && check.fault.empty()) sketch.notes.push_back(Translate(kExample));
   return sketch;
 }
 
-}  // namespace vanzet::view::qt
+}  // namespace vanzet::view
