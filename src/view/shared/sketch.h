@@ -29,8 +29,8 @@ inline Point operator*(double factor, Point a) {
   return {factor * a.x, factor * a.y};
 }
 
-/// `top` is the least y and `bottom` the greatest: on a canvas the upper and the lower edge, in a sketch, where
-/// y goes up, the other way round.
+/// `top` is the least y and `bottom` the greatest: on a canvas the upper and the lower edge, in a sketch,
+/// where y goes up, the other way round.
 struct Box {
   double left = 0, top = 0, right = 0, bottom = 0;
 
