@@ -41,6 +41,21 @@ std::size_t Utf8Length(std::string_view text) {
   return isInRange && !IsSurrogate(character) ? form->length : 0;
 }
 
+void AppendUtf8(std::string& text, std::uint32_t character) {
+  constexpr std::uint32_t kBitsOfRest = 6;
+  const auto* const form = std::ranges::find_if(kForms, [=](const Form& f) { return character <= f.most; });
+  if (form == std::end(kForms) || IsSurrogate(character)) {
+    text += kNoUtf8;
+    return;
+  }
+  std::uint32_t bits = kBitsOfRest * static_cast<std::uint32_t>(form->length - 1);
+  text += static_cast<char>(form->lead | character >> bits);
+  while (bits > 0) {
+    bits -= kBitsOfRest;
+    text += static_cast<char>(0x80U | (character >> bits & 0x3FU));
+  }
+}
+
 std::size_t ControlLength(std::string_view text) {
   if (text.empty()) return 0;
   const auto isC1 = [](char c) { return (static_cast<std::uint8_t>(c) & 0xE0U) == 0x80U; };

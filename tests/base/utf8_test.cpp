@@ -24,5 +24,13 @@ TEST(Utf8, HasNoOtherCharacters) {
   EXPECT_EQ(Utf8Length("\xFF"), 0U);
 }
 
+TEST(Utf8, IsMadeOfCharacters) {
+  std::string text;
+  for (const std::uint32_t character : {0x41U, 0xE4U, 0x20ACU, 0x1F529U, 0xD800U, 0x110000U}) {
+    AppendUtf8(text, character);
+  }
+  EXPECT_EQ(text, "A\xC3\xA4\xE2\x82\xAC\xF0\x9F\x94\xA9" + std::string(kNoUtf8) + std::string(kNoUtf8));
+}
+
 }  // namespace
 }  // namespace vanzet
