@@ -38,6 +38,10 @@ void PackList(const List& list, std::ostream& bytes) {
               static_cast<std::streamsize>(length * sizeof(Value)));
 }
 
+void PackCount(std::size_t count, std::ostream& bytes) {
+  PackList<std::vector<std::uint64_t>>({count}, bytes);
+}
+
 Fault Incomplete() {
   return Fault{"the exchange program gave an incomplete answer"};
 }
@@ -59,6 +63,42 @@ Result<std::vector<double>> UnpackNumbers(std::istream& bytes, std::size_t count
   return numbers;
 }
 
+Result<std::uint64_t> UnpackCount(std::istream& bytes) {
+  VANZET_TRY(const auto count, UnpackList<std::vector<std::uint64_t>>(bytes, 1));
+  if (count.empty()) return Incomplete();
+  return count.front();
+}
+
+Result<std::string> UnpackText(std::istream& bytes) {
+  return UnpackList<std::string>(bytes, kMostBytes);
+}
+
+Result<PackageProperty> UnpackProperty(std::istream& bytes) {
+  PackageProperty property;
+  VANZET_TRY(const auto names, UnpackCount(bytes));
+  for (std::uint64_t i = 0; i < names; ++i) {
+    VANZET_TRY(auto name, UnpackText(bytes));
+    property.names.push_back(std::move(name));
+  }
+  if (property.names.empty()) return Incomplete();
+  VANZET_TRY(property.value, UnpackText(bytes));
+  VANZET_TRY(property.unit, UnpackText(bytes));
+  return property;
+}
+
+Result<PackageItem> UnpackItem(std::istream& bytes) {
+  PackageItem item;
+  for (std::string* const text : {&item.file, &item.maker, &item.order, &item.name}) {
+    VANZET_TRY(*text, UnpackText(bytes));
+  }
+  VANZET_TRY(const auto count, UnpackCount(bytes));
+  for (std::uint64_t i = 0; i < count; ++i) {
+    VANZET_TRY(auto property, UnpackProperty(bytes));
+    item.properties.push_back(std::move(property));
+  }
+  return item;
+}
+
 }  // namespace
 
 void Pack(const ReadBody& body, std::ostream& bytes) {
@@ -71,7 +111,7 @@ void Pack(const ReadBody& body, std::ostream& bytes) {
 }
 
 void Pack(const std::vector<NamedMesh>& meshes, std::ostream& bytes) {
-  PackList<std::vector<std::uint64_t>>({meshes.size()}, bytes);
+  PackCount(meshes.size(), bytes);
   for (const NamedMesh& named : meshes) {
     PackList(named.name, bytes);
     Pack(named.mesh, bytes);
@@ -118,6 +158,27 @@ void Pack(const FileDescription& description, std::ostream& bytes) {
   PackList<Numbers>({origin.x, origin.y, origin.z, direction.dx, direction.dy, direction.dz, radius}, bytes);
 }
 
+void Pack(const DevicePackage& package, std::ostream& bytes) {
+  PackCount(package.items.size(), bytes);
+  for (const PackageItem& item : package.items) {
+    for (const std::string* const text : {&item.file, &item.maker, &item.order, &item.name}) {
+      PackList(*text, bytes);
+    }
+    PackCount(item.properties.size(), bytes);
+    for (const PackageProperty& property : item.properties) {
+      PackCount(property.names.size(), bytes);
+      for (const std::string& name : property.names) PackList(name, bytes);
+      PackList(property.value, bytes);
+      PackList(property.unit, bytes);
+    }
+  }
+  PackCount(package.models.size(), bytes);
+  for (const PackageModel& model : package.models) {
+    PackList(model.file, bytes);
+    PackList(model.step, bytes);
+  }
+}
+
 std::string WordOf(const Foresight& foresight) {
   std::string word;
   for (const auto& [name, flag] : kFacts) {
@@ -159,10 +220,9 @@ Result<ReadBody> UnpackReadBody(std::istream& bytes) {
 }
 
 Result<std::vector<NamedMesh>> UnpackMeshes(std::istream& bytes) {
-  VANZET_TRY(const auto count, UnpackList<std::vector<std::uint64_t>>(bytes, 1));
-  if (count.empty()) return Incomplete();
+  VANZET_TRY(const auto count, UnpackCount(bytes));
   std::vector<NamedMesh> meshes;
-  for (std::uint64_t i = 0; i < count.front(); ++i) {
+  for (std::uint64_t i = 0; i < count; ++i) {
     NamedMesh& named = meshes.emplace_back();
     VANZET_TRY(named.name, UnpackList<std::string>(bytes, kMostBytes));
     VANZET_TRY(named.mesh, UnpackMesh(bytes));
@@ -213,6 +273,23 @@ Result<FileDescription> UnpackDescription(std::istream& bytes) {
   VANZET_TRY(const auto n, UnpackNumbers(bytes, 7));
   description.round = RoundAxis{{{n[0], n[1], n[2]}, {n[3], n[4], n[5]}}, n[6]};
   return description;
+}
+
+Result<DevicePackage> UnpackPackage(std::istream& bytes) {
+  DevicePackage package;
+  VANZET_TRY(const auto items, UnpackCount(bytes));
+  for (std::uint64_t i = 0; i < items; ++i) {
+    VANZET_TRY(auto item, UnpackItem(bytes));
+    package.items.push_back(std::move(item));
+  }
+  if (package.items.empty()) return Incomplete();
+  VANZET_TRY(const auto models, UnpackCount(bytes));
+  for (std::uint64_t i = 0; i < models; ++i) {
+    PackageModel& model = package.models.emplace_back();
+    VANZET_TRY(model.file, UnpackText(bytes));
+    VANZET_TRY(model.step, UnpackText(bytes));
+  }
+  return package;
 }
 
 Result<Measures> UnpackMeasures(std::istream& bytes) {

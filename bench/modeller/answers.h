@@ -8,6 +8,7 @@
 #include "base/result.h"
 #include "geometry/box.h"
 #include "modeller/description.h"
+#include "modeller/device_package.h"
 #include "modeller/exchange.h"
 #include "modeller/measures.h"
 #include "modeller/mesh.h"
@@ -49,6 +50,7 @@ void Pack(const Mesh& mesh, std::ostream& bytes);
 void Pack(const geometry::Box3d& box, std::ostream& bytes);
 void Pack(const Measures& measures, std::ostream& bytes);
 void Pack(const FileDescription& description, std::ostream& bytes);
+void Pack(const DevicePackage& package, std::ostream& bytes);
 
 /// These read what `Pack` wrote, and trust nothing in it: they fail when it is incomplete, larger than a body
 /// may be, or names a point that does not exist.
@@ -58,6 +60,7 @@ Result<Mesh> UnpackMesh(std::istream& bytes);
 Result<geometry::Box3d> UnpackBox(std::istream& bytes);
 Result<Measures> UnpackMeasures(std::istream& bytes);
 Result<FileDescription> UnpackDescription(std::istream& bytes);
+Result<DevicePackage> UnpackPackage(std::istream& bytes);
 
 /// Reads the facts that follow a body with surfaces, as far as they are complete. Without the usual mesh the
 /// coarse one takes its place.

@@ -20,6 +20,8 @@ extern "C" const void* vanzetSolids() {
       .importBodies = ImportBodies,
       .rootsOf = RootsOf,
       .describeFile = DescribeFile,
+      .readDevicePackage = ReadDevicePackage,
+      .checkModel = CheckModel,
       .importVrml = ImportVrml,
       .factsOf = FactsOf,
       .makeFiles = MakeFiles,

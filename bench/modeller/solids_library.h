@@ -7,6 +7,7 @@
 #include "modeller/body.h"
 #include "modeller/booleans.h"
 #include "modeller/description.h"
+#include "modeller/device_package.h"
 #include "modeller/exchange.h"
 #include "modeller/export.h"
 #include "modeller/measures.h"
@@ -39,6 +40,8 @@ struct Solids {
                                             const Foresight&);
   int (*rootsOf)(const Body&);
   Result<FileDescription> (*describeFile)(const std::filesystem::path&, const Exchange&);
+  Result<DevicePackage> (*readDevicePackage)(const std::filesystem::path&, const Exchange&);
+  Result<void> (*checkModel)(const PackageModel&, const std::filesystem::path&, const Exchange&);
   Result<std::vector<VrmlBody>> (*importVrml)(const std::string&, const Exchange&);
   Result<BodyFacts> (*factsOf)(const NamedBody&, ExportFormat, const MeshTolerance&);
   Result<void> (*makeFiles)(const std::vector<NamedBody>&, const std::vector<FileBodies>&, ExportFormat,

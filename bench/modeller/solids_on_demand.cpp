@@ -70,6 +70,13 @@ int RootsOf(const Body& body) {
 Result<FileDescription> DescribeFile(const std::filesystem::path& file, const Exchange& exchange) {
   return Call<&Solids::describeFile>(file, exchange);
 }
+Result<DevicePackage> ReadDevicePackage(const std::filesystem::path& file, const Exchange& exchange) {
+  return Call<&Solids::readDevicePackage>(file, exchange);
+}
+Result<void> CheckModel(const PackageModel& model, const std::filesystem::path& package,
+                        const Exchange& exchange) {
+  return Call<&Solids::checkModel>(model, package, exchange);
+}
 Result<std::vector<VrmlBody>> ImportVrml(const std::string& text, const Exchange& exchange) {
   return Call<&Solids::importVrml>(text, exchange);
 }

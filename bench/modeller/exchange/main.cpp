@@ -21,6 +21,7 @@
 #include "modeller/exchange/describe.h"
 #include "modeller/exchange/process.h"
 #include "modeller/exchange/read_file.h"
+#include "modeller/exchange/read_package.h"
 #include "modeller/exchange/read_vrml.h"
 #include "modeller/exchange/three_mf.h"
 #include "modeller/exchange/write_file.h"
@@ -137,6 +138,12 @@ Result<void> DescribeFiles(const Arguments& given) {
   return {};
 }
 
+Result<void> ReadPackages(const Arguments& given) {
+  Answer answer;
+  for (const auto& file : given.filesToRead) VANZET_DO(answer.Add(ReadPackage(file)));
+  return {};
+}
+
 Result<void> ReadVrmlText(const Arguments&) {
   std::ifstream text(kParcel, std::ios::binary);
   const auto meshes = ReadVrml(text);
@@ -215,17 +222,18 @@ struct Order {
 };
 // clang-format off
 constexpr Order kOrders[] = {
-    //            files          tolerance
-    {"read",       Use::kReads,  false, Read},
-    {"describe",   Use::kReads,  false, DescribeFiles},
-    {"read-vrml",  Use::kNone,   false, ReadVrmlText},
-    {"mesh",       Use::kNone,   true,  MeshBody},
-    {"extents",    Use::kNone,   false, MeasureExtents},
-    {"measures",   Use::kNone,   false, Measure},
-    {"write-step", Use::kWrites, true,  StepFiles},
-    {"write-iges", Use::kWrites, true,  SurfaceFiles<WriteIges>},
-    {"write-gltf", Use::kWrites, true,  FacetFiles<WriteGltf>},
-    {"write-3mf",  Use::kWrites, true,  FacetFiles<WriteThreeMf>},
+    //              files          tolerance
+    {"read",         Use::kReads,  false, Read},
+    {"describe",     Use::kReads,  false, DescribeFiles},
+    {"read-package", Use::kReads,  false, ReadPackages},
+    {"read-vrml",    Use::kNone,   false, ReadVrmlText},
+    {"mesh",         Use::kNone,   true,  MeshBody},
+    {"extents",      Use::kNone,   false, MeasureExtents},
+    {"measures",     Use::kNone,   false, Measure},
+    {"write-step",   Use::kWrites, true,  StepFiles},
+    {"write-iges",   Use::kWrites, true,  SurfaceFiles<WriteIges>},
+    {"write-gltf",   Use::kWrites, true,  FacetFiles<WriteGltf>},
+    {"write-3mf",    Use::kWrites, true,  FacetFiles<WriteThreeMf>},
 };
 // clang-format on
 
