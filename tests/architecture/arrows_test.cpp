@@ -55,7 +55,7 @@ const std::map<std::string, Folders> kWorkbench = {
     {"results",
      {"base", "vdm", "project", "process", "drawing", "contour", "geometry", "modeller", "scene", "section"}},
     {"define", {"base", "devices", "scene"}},
-    {"catalogue", {"base", "devices", "define", "project", "vdm", "vdm/postgres"}},
+    {"catalogue", {"base", "devices", "define", "modeller", "project", "vdm", "vdm/postgres"}},
     {"show", {"base", "project", "scene", "devices"}},
     {"check",
      {"base", "vdm", "devices", "geometry", "modeller", "project", "scene", "section", "show", "catalogue",

@@ -56,6 +56,7 @@ class ExamplesOfTheHelp : public TypedExamples {
     Copy("examples/contours/rounded_square.txt", "outline.txt");
     Copy("examples/bodies/casting.step", "maker.step");
     Copy("examples/drawings/billet.txt", "billet.txt");
+    Copy("examples/packages/KF-250.zip", "KF-250.zip");
     Copy("examples/scripts/bar-job.txt", "bar-job.txt");
     Copy("examples/definitions/bar-job.json", "bar-job.json");
     for (const char* const line :

@@ -1,45 +1,19 @@
 #include <optional>
 
-#include "base/numbers.h"
 #include "base/one_line.h"
 #include "base/quote.h"
 #include "catalogue/comparison.h"
 #include "catalogue/kinds.h"
-#include "catalogue/rules.h"
+#include "cli/catalogue/assignments.h"
 #include "cli/catalogue/family.h"
 #include "cli/catalogue/places.h"
 #include "cli/catalogue/print.h"
-#include "devices/kinds.h"
 
 /// The commands that change single devices of a catalogue.
 namespace vanzet::cli {
 namespace {
 
 using catalogue::Shop;
-
-/// A letter or a figure with its text: "A=80", "max_speed=4500".
-struct Assignment {
-  std::string key, text;
-
-  bool IsLetter() const { return key.size() == 1; }
-};
-
-Assignment AssignmentOf(const std::string& name, const std::string& word) {
-  const std::size_t sign = word.find('=');
-  if (sign == std::string::npos || sign == 0)
-    throw WrongUsage{name, "expected KEY=VALUE, found " + Quoted(word)};
-  return {word.substr(0, sign), word.substr(sign + 1)};
-}
-
-TakeWord StoreLetter(std::vector<Assignment>& assignments) {
-  return [&assignments](const std::string& name, const std::string& word) {
-    const Assignment assignment = AssignmentOf(name, word);
-    const bool isLetter = assignment.IsLetter() && assignment.key >= "A" && assignment.key <= "J";
-    if (!isLetter || !WholeReal(assignment.text))
-      throw WrongUsage{name, "expected a letter and its value, such as A=80, found " + Quoted(word)};
-    assignments.push_back(assignment);
-  };
-}
 
 struct Arguments {
   std::vector<std::string> words;
@@ -51,53 +25,6 @@ struct Arguments {
 
   const std::string& Name() const { return read.words.front(); }
 };
-
-/// A shop that is changed, and the unit of the lengths that people type and read.
-struct Edit {
-  Shop& shop;
-  LengthUnit unit;
-
-  /// "Chuck 160: chuck  A 80  B 90".
-  std::string LineOf(const catalogue::Entry& entry) const {
-    catalogue::Entry shown = entry;
-    shown.params = catalogue::ShownIn(entry.params, unit);
-    return cli::LineOf(shown);
-  }
-};
-
-/// Fails for a letter that the kind does not have.
-Result<void> SetLetter(DeviceParams& params, const Assignment& letter, LengthUnit unit) {
-  const char sign = letter.key.front();
-  const devices::Letter* const row = devices::FindLetter(params.type, sign);
-  if (row == nullptr) {
-    std::string known;
-    for (const devices::Letter& each : devices::LettersOf(params.type)) known += each.letter;
-    return Fault{"a " + std::string(catalogue::KindWord(params.type)) + " does not have the letter " +
-                 letter.key + "; it has " + known};
-  }
-  const auto value = WholeReal(letter.text);
-  if (!value) return Fault{letter.key + ": expected a number, found " + Quoted(letter.text)};
-  const bool isLength = row->unit == devices::Unit::kMillimetre;
-  catalogue::LetterOf(params, sign) = isLength ? InMillimetres(*value, unit) : *value;
-  return {};
-}
-
-/// Puts a device with these letters into the catalogue. Fails when the result is not a device.
-Result<void> PutDevice(const Edit& edit, const std::string& name, DeviceParams params,
-                       const std::vector<Assignment>& letters) {
-  for (const Assignment& letter : letters) VANZET_DO(SetLetter(params, letter, edit.unit));
-  params = catalogue::Rounded(params);
-  std::string refusal = catalogue::NameRefusal(name);
-  if (refusal.empty()) refusal = catalogue::ValuesRefusal(params, edit.unit);
-  if (!refusal.empty()) return Fault{refusal};
-  return edit.shop.catalogue.Put(name, params);
-}
-
-Result<void> SetFigures(const Edit& edit, const std::string& name, const std::vector<Assignment>& figures) {
-  for (const Assignment& figure : figures)
-    VANZET_DO(edit.shop.maker.Set(name, figure.key, figure.text, edit.unit));
-  return {};
-}
 
 /// Prints the device that was changed.
 Result<void> PrintChanged(const Shop& shop, LengthUnit unit, const Arguments& arguments,

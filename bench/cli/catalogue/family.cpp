@@ -16,6 +16,8 @@ void AddCatalogue(Command& vanzet, Context& context) {
   AddCatalogueDiff(catalogue, context);
   AddCatalogueMerge(catalogue, context);
   AddCatalogueHistory(catalogue, context);
+  AddCataloguePackage(catalogue, context);
+  AddCatalogueImport(catalogue, context);
 }
 
 }  // namespace vanzet::cli

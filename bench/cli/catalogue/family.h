@@ -15,6 +15,8 @@ void AddCatalogueCheck(Command& catalogue, Context& context);
 void AddCatalogueDiff(Command& catalogue, Context& context);
 void AddCatalogueMerge(Command& catalogue, Context& context);
 void AddCatalogueHistory(Command& catalogue, Context& context);
+void AddCataloguePackage(Command& catalogue, Context& context);
+void AddCatalogueImport(Command& catalogue, Context& context);
 
 /// The help of the operand that `SplitCatalogue` splits off.
 inline constexpr const char* kCatalogueHelp =
