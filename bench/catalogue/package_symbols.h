@@ -9,7 +9,7 @@
 #include "base/result.h"
 #include "modeller/device_package.h"
 
-/// What the properties of a maker's package become in a catalogue.
+/// The letters and figures that the properties of a maker's package become.
 ///
 /// Source   docs/formats/device-package.md
 namespace vanzet::catalogue {

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the files of an ending are.
+/// The kind of the files with an ending.
 struct EndingRow {
   std::string_view ending;
   Result<PackageItem> (*read)(std::string_view text);  ///< null: a model

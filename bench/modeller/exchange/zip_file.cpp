@@ -74,7 +74,7 @@ Result<std::string> ZipFile::Content(const std::string& name) {
     const std::int64_t read = zip_fread(entry.get(), block.data(), block.size());
     if (read < 0) return refuse(zip_file_strerror(entry.get()));
     if (read == 0) return content;
-    // What is announced is not believed: a small file can become a huge one.
+    // The announced size is not believed: a small file can become a huge one.
     if (static_cast<std::uint64_t>(read) > bytesLeft_) return TooLarge();
     bytesLeft_ -= static_cast<std::uint64_t>(read);
     content.append(block.data(), static_cast<std::size_t>(read));
