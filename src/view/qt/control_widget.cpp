@@ -13,13 +13,13 @@
 #include "view/ids.h"
 #include "view/qt/framed.h"
 #include "view/qt/icons.h"
-#include "view/qt/labels.h"
 #include "view/qt/list/device_list.h"
 #include "view/qt/list/own_device_list.h"
 #include "view/qt/painter_canvas.h"
 #include "view/qt/texts.h"
 #include "view/shared/lengths.h"
 #include "view/shared/pictures/painter.h"
+#include "view/shared/tree_model.h"
 
 namespace vanzet::view::qt {
 namespace {
@@ -66,7 +66,7 @@ class ButtonWidget final : public ControlWidget {
   }
 
   void MarkUnstored(bool isUnstored) override {
-    mark_ = isUnstored ? QLatin1Char(' ') + UnstoredSign() : QString();
+    mark_ = isUnstored ? QLatin1Char(' ') + QString::fromUtf8(kUnstoredSign) : QString();
     Button().setAccessibleDescription(isUnstored ? Translate(kUnstored) : QString());
   }
 

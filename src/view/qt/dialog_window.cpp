@@ -13,7 +13,6 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStringList>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -29,9 +28,6 @@ namespace {
 
 constexpr const char* kSpurName = Translatable("Spindle whose equipment is shown");
 
-constexpr const char* kUnstored = Translatable("Not stored yet: %1");
-constexpr const char* kLeft = Translatable("%1 was left with values that were not stored: %2");
-
 constexpr const char* kSpur = Translatable("Spindle");
 
 constexpr int kMargin = 12;
@@ -40,21 +36,6 @@ constexpr QSize kFirstSize = {1180, 740};
 
 QSettings Settings() {
   return QSettings(QStringLiteral("vanzet"), QStringLiteral("equipment-definition"));
-}
-
-const TreeNode* NodeOf(const DialogState& state, std::int32_t id) {
-  const auto node = std::ranges::find(state.tree, id, &TreeNode::id);
-  return node == state.tree.end() ? nullptr : &*node;
-}
-
-/// The texts of the selected node and of those above it but the root, for a title.
-QString PlaceInTree(const DialogState& state) {
-  QStringList place;
-  for (const TreeNode* node = NodeOf(state, state.selectedNode); node != nullptr;
-       node = NodeOf(state, node->parent)) {
-    if (place.isEmpty() || node->parent != 0) place.prepend(QString::fromStdString(node->text));
-  }
-  return place.join(QStringLiteral(": "));
 }
 
 /// A line of text that takes the width that is there.
@@ -201,7 +182,7 @@ void DialogWindow::ShowPage(const DialogState& state) {
     stack_->addWidget(page);
   }
   page_ = page;
-  page->Show(state.controls, PlaceInTree(state), FocusedControl());
+  page->Show(state.controls, QString::fromStdString(PlaceInTree(state)), FocusedControl());
   stack_->setCurrentWidget(page);
 }
 
@@ -221,17 +202,12 @@ void DialogWindow::PublishHelp() {
 }
 
 void DialogWindow::ShowUnstored(const DialogState& state) {
-  const QString place = PlaceInTree(state) + QLatin1Char(' ') + QString::number(state.spur);
-  if (place != place_)
-    left_ = unstored_.isEmpty() ? QString()
-                                : Translate(kLeft).arg(place_.section(QLatin1Char(' '), 0, -2), unstored_);
-  place_ = place;
-  unstored_ = page_ == nullptr ? QString() : page_->NamesOf(state.unstored, state.controls);
+  unstored_.Follow(state);
   if (page_ != nullptr) page_->MarkUnstored(state.unstored);
-  line_->setText(unstored_.isEmpty() ? left_ : Translate(kUnstored).arg(unstored_));
+  line_->setText(QString::fromStdString(unstored_.Text()));
   line_->setToolTip(line_->text());
   // For a host that uses Qt.
-  setProperty("unstored", unstored_);
+  setProperty("unstored", QString::fromStdString(unstored_.Names()));
 }
 
 /// Such a host finds the values of the page in another property, and can show them before they are stored.
@@ -264,7 +240,7 @@ void DialogWindow::ShowMnemonics() {
 void DialogWindow::FocusMoved() {
   if (page_ == nullptr || !dialog_.IsOpen()) return;
   const DialogState& state = dialog_.State();
-  page_->Show(state.controls, PlaceInTree(state), FocusedControl());
+  page_->Show(state.controls, QString::fromStdString(PlaceInTree(state)), FocusedControl());
   ShowMnemonics();
 }
 

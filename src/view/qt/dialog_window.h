@@ -9,6 +9,7 @@
 
 #include "view/dialog_view.h"
 #include "view/qt/control_widget.h"
+#include "view/shared/tree_model.h"
 
 class QLabel;
 class QSplitter;
@@ -92,9 +93,7 @@ class DialogWindow final : public QDialog {
   PagePanel* page_ = nullptr;
   QLabel* spurLabel_ = nullptr;
   QLabel* line_ = nullptr;  ///< beside the buttons
-  QString unstored_;        ///< the names of the values that are not stored
-  QString left_;            ///< what was said about the page that was left
-  QString place_;           ///< of the page in front
+  UnstoredLine unstored_;
   QPoint hiddenAt_;
   std::function<void()> leave_;  ///< ends Run
 };

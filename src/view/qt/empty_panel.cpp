@@ -2,70 +2,18 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QStringList>
 #include <QVBoxLayout>
 #include <utility>
 
-#include "view/ids.h"
 #include "view/qt/icons.h"
 #include "view/qt/labels.h"
-#include "view/qt/texts.h"
-#include "view/shared/lengths.h"
+#include "view/shared/texts.h"
+#include "view/shared/tree_model.h"
 
 namespace vanzet::view::qt {
 namespace {
 
-constexpr const char* kHint = Translatable("Choose what to define. Bold entries are defined already.");
-
-constexpr const char* kCatalogueHint =
-    Translatable("Choose the kind of device to add to the catalogue, to change or to delete.");
 constexpr int kSummaryIndent = 36;
-
-QString TitleOf(const DialogState& state) {
-  for (const TreeNode& node : state.tree) {
-    if (node.id == state.selectedNode) return QString::fromStdString(node.text);
-  }
-  return QString::fromStdString(state.caption);
-}
-
-/// The name of what is defined at a node, or its values: "Chuck 210", "A 80, B 120". The name of a device of
-/// the user's own is a path.
-QString Content(const TreeNode& node) {
-  if (!node.name.empty()) {
-    const QString name = QString::fromStdString(node.name);
-    return name.section(QRegularExpression(QStringLiteral("[/\\\\]")), -1);
-  }
-  QStringList values;
-  for (const NodeValue& each : node.values)
-    values.append(QString::fromStdString(each.sign) + QLatin1Char(' ') +
-                  QString::fromStdString(LengthLabel(each.value)));
-  return values.join(QStringLiteral(", "));
-}
-
-/// A line for each defined node at `top` and below it.
-QStringList LinesBelow(const DialogState& state, const TreeNode& top) {
-  QStringList lines;
-  const QString content = Content(top);
-  if (top.isBold && !content.isEmpty()) lines.append(content);
-  for (const TreeNode& node : state.tree) {
-    if (node.parent != top.id) continue;
-    const QString text = QString::fromStdString(node.text);
-    const QStringList below = LinesBelow(state, node);
-    if (node.isBold && Content(node).isEmpty()) lines.append(text);
-    for (const QString& line : below) lines.append(text + QStringLiteral(": ") + line);
-  }
-  return lines;
-}
-
-/// True for nodes of the catalogue, where nothing of a definition is made.
-bool IsOfCatalogue(const DialogState& state) {
-  for (const TreeNode& node : state.tree) {
-    if (node.id == state.selectedNode)
-      return node.id == node::kNewDevices || node.parent == node::kNewDevices;
-  }
-  return false;
-}
 
 }  // namespace
 
@@ -85,8 +33,9 @@ EmptyPanel::EmptyPanel(Send send, QWidget* parent)
 }
 
 void EmptyPanel::Show(const DialogState& state) {
-  title_->setText(TitleOf(state));
-  hint_->setText(Translate(IsOfCatalogue(state) ? kCatalogueHint : kHint));
+  const FolderPage page = FolderPageOf(state);
+  title_->setText(QString::fromStdString(page.title));
+  hint_->setText(QString::fromStdString(page.hint));
   while (QLayoutItem* const item = buttons_->takeAt(0)) {
     // The button may be the one that was just pressed.
     item->widget()->hide();
@@ -94,17 +43,14 @@ void EmptyPanel::Show(const DialogState& state) {
     delete item;
   }
   chain_.clear();
-  for (const TreeNode& node : state.tree) {
-    if (node.parent != state.selectedNode) continue;
-    AddButton(node);
-    AddSummary(state, node);
+  for (const FolderEntry& entry : page.entries) {
+    AddButton(*entry.node);
+    if (!entry.lines.empty()) AddSummary(entry.lines);
   }
 }
 
-void EmptyPanel::AddSummary(const DialogState& state, const TreeNode& node) {
-  const QStringList lines = LinesBelow(state, node);
-  if (lines.isEmpty()) return;
-  auto* const summary = new QLabel(lines.join(QLatin1Char('\n')), this);
+void EmptyPanel::AddSummary(const std::vector<std::string>& lines) {
+  auto* const summary = new QLabel(QString::fromStdString(Joined(lines, "\n")), this);
   summary->setObjectName(QStringLiteral("summary"));
   summary->setTextFormat(Qt::PlainText);
   summary->setWordWrap(true);

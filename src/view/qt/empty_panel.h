@@ -24,8 +24,8 @@ class EmptyPanel final : public QWidget {
  private:
   void AddButton(const TreeNode& node);
 
-  /// Adds what is defined at the node and below it.
-  void AddSummary(const DialogState& state, const TreeNode& node);
+  /// Adds what is defined at the node of the last button and below it.
+  void AddSummary(const std::vector<std::string>& lines);
 
   const Send send_;
   QLabel* title_;

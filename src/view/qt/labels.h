@@ -1,16 +1,9 @@
 #pragma once
 
-#include <QString>
-
 class QWidget;
 
 /// The texts of widgets and their fonts.
 namespace vanzet::view::qt {
-
-/// The sign of values that are not stored yet.
-inline QString UnstoredSign() {
-  return QStringLiteral("\u25CF");
-}
 
 /// The ranks of texts, each with a size and a weight relative to the font of the system.
 enum class TextRank { kTitle, kGroup, kLetter };

@@ -12,15 +12,7 @@
 namespace vanzet::view::qt {
 namespace {
 
-constexpr const char* kPick = Translatable("Pick in the drawing: %1");
-constexpr const char* kBrowse = Translatable("Choose a file: %1");
 constexpr const char* kNeeded = Translatable("Needed");
-
-/// The type of device whose picture is shown, 0 for none.
-std::int32_t TypeOfPicture(std::int32_t bitmap) {
-  const devices::Device* const device = devices::FindByPicture(bitmap);
-  return device == nullptr ? 0 : device->code;
-}
 
 void Mark(QLabel& label, Mnemonics& mnemonics) {
   const QString text = label.text().remove(QLatin1Char('&'));
@@ -38,41 +30,39 @@ std::vector<QWidget*> PageForm::TabChain() const {
   return chain;
 }
 
-void PageForm::Show(const std::vector<Control>& controls, std::int32_t bitmap) {
-  const std::int32_t type = TypeOfPicture(bitmap);
-  for (const Row& row : rows_) {
-    const bool isLength = UnitOf(row, type) == Unit::kMillimetre;
-    if (ControlWidget* const widget = Find(row.field->control))
-      widget->SetUnit(isLength ? ShownUnit() : LengthUnit::kMillimetre);
+void PageForm::Show(const std::vector<Control>& controls) {
+  const std::vector<RowModel> models = RowsOf(layout_, controls);
+  for (const RowModel& model : models) {
+    if (ControlWidget* const widget = Find(model.field->control)) widget->SetUnit(model.lengthUnit);
   }
+  const auto isHidden = [&](std::int32_t id) {
+    return std::ranges::any_of(models, [&](const RowModel& model) {
+      return model.isHidden && (model.field->control == id || model.field->label == id);
+    });
+  };
   for (const Control& control : controls) {
     ControlWidget* const widget = Find(control.id);
     if (widget == nullptr) continue;
     Control shown = control;
-    shown.isVisible = control.isVisible && !IsUnused(control, type);
+    shown.isVisible = control.isVisible && !isHidden(control.id);
     widget->Show(shown);
   }
-  const PageValues values(controls);
-  for (const Row& row : rows_) ShowNames(row, type, values);
+  for (std::size_t i = 0; i < rows_.size(); ++i) ShowTexts(rows_[i], models[i]);
 }
 
-Unit PageForm::UnitOf(const Row& row, std::int32_t type) {
-  const devices::Letter* const letter = FindNamedLetter(type, row.field->letter);
-  return letter != nullptr ? letter->unit : row.field->unit;
-}
-
-bool PageForm::IsUnused(const Control& control, std::int32_t type) const {
-  const auto row = std::ranges::find_if(rows_, [&](const Row& each) {
-    return each.field->letter != 0 && (each.field->control == control.id || each.field->label == control.id);
-  });
-  return row != rows_.end() && !control.isEnabled && FindNamedLetter(type, row->field->letter) == nullptr;
-}
-
-bool PageForm::IsNeeded(const Row& row, std::int32_t type) const {
-  const bool isNewDevice = Find(control::kSaveDevice) != nullptr;
-  const devices::Letter* const letter =
-      isNewDevice && row.field->letter != 0 ? devices::FindLetter(type, row.field->letter) : nullptr;
-  return row.field->isNeeded || (letter != nullptr && letter->entry == devices::Entry::kNeeded);
+void PageForm::ShowTexts(const Row& row, const RowModel& model) {
+  if (row.name != nullptr) row.name->setText(QString::fromStdString(model.name));
+  if (row.unit != nullptr) row.unit->setText(QString::fromStdString(model.unit));
+  if (row.needed != nullptr) {
+    row.needed->setText(model.isNeeded ? QLatin1String(kNeededSign) : QString());
+    row.needed->setToolTip(Translate(kNeeded));
+  }
+  if (model.spoken.empty()) return;
+  const QString spoken = QString::fromStdString(model.spoken);
+  Find(row.field->control)->SetSpokenName(spoken);
+  if (row.field->inner != 0) WidgetOf(row.field->inner)->setAccessibleName(spoken);
+  if (!model.spokenButton.empty())
+    Find(row.field->button)->SetSpokenName(QString::fromStdString(model.spokenButton));
 }
 
 void PageForm::ShowFaults(const Sketch& sketch) {
@@ -80,40 +70,6 @@ void PageForm::ShowFaults(const Sketch& sketch) {
     const bool isWrong = std::ranges::find(sketch.wrong, widget->Id()) != sketch.wrong.end();
     widget->ShowFault(isWrong ? QString::fromStdString(sketch.fault) : QString());
   }
-}
-
-void PageForm::ShowNames(const Row& row, std::int32_t type, const PageValues& values) {
-  const FieldRow& field = *row.field;
-  const devices::Letter* const letter = field.letter == 0 ? nullptr : FindNamedLetter(type, field.letter);
-  const Unit unit = UnitOf(row, type);
-  const QString name = letter != nullptr ? Translate(letter->name) : Translate(field.name);
-  if (row.name != nullptr) row.name->setText(name);
-  if (row.unit != nullptr) row.unit->setText(QString::fromStdString(UnitText(unit)));
-  if (row.needed != nullptr) {
-    row.needed->setText(IsNeeded(row, type) ? QLatin1String(kNeededSign) : QString());
-    row.needed->setToolTip(Translate(kNeeded));
-  }
-  SetSpokenNames(row, name, unit, values);
-}
-
-void PageForm::SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values) {
-  const FieldRow& field = *row.field;
-  const Control* const control = values.Find(field.control);
-  if (control == nullptr) return;
-  QString about = field.label != 0 ? QString::fromStdString(values.TextOf(field.label))
-                                   : QString::fromStdString(control->caption);
-  if (!name.isEmpty()) about += (about.isEmpty() ? QString() : QStringLiteral(": ")) + name;
-  if (about.isEmpty()) return;
-  QString spoken = unit == Unit::kNone ? about
-                                       : about + QStringLiteral(" (") +
-                                             QString::fromStdString(UnitText(unit)) + QLatin1Char(')');
-  if (row.needed != nullptr && !row.needed->text().isEmpty())
-    spoken += QStringLiteral(", ") + Translate(kNeeded).toLower();
-  Find(field.control)->SetSpokenName(spoken);
-  if (field.inner != 0) WidgetOf(field.inner)->setAccessibleName(spoken);
-  const Control* const button = values.Find(field.button);
-  if (button != nullptr)
-    Find(field.button)->SetSpokenName(Translate(button->text == "..." ? kBrowse : kPick).arg(about));
 }
 
 void PageForm::MarkUnstored(std::int32_t button, bool isUnstored) {

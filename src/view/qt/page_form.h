@@ -6,17 +6,13 @@
 #include <vector>
 
 #include "view/qt/control_widget.h"
-#include "view/shared/page_layouts.h"
-#include "view/shared/page_values.h"
+#include "view/shared/page_model.h"
 #include "view/shared/sketch.h"
 
 class QGridLayout;
 class QLabel;
 
 namespace vanzet::view::qt {
-
-/// Follows a value that the page demands.
-inline constexpr const char* kNeededSign = "*";
 
 /// The controls of a page in rows under titles, laid out by a table. Controls that the table does not have
 /// are below all others.
@@ -35,8 +31,8 @@ class PageForm final : public QWidget {
   /// The widgets that the keyboard reaches, in order.
   std::vector<QWidget*> TabChain() const;
 
-  /// Shows the state of the controls, and the names of the values of the device type that the picture is of.
-  void Show(const std::vector<Control>& controls, std::int32_t bitmap);
+  /// Shows the state of the controls, and the names of the values of the device that the picture is of.
+  void Show(const std::vector<Control>& controls);
 
   /// Marks the edits whose values are at fault in a sketch, and unmarks the others.
   void ShowFaults(const Sketch& sketch);
@@ -73,14 +69,7 @@ class PageForm final : public QWidget {
   void AddSign(QGridLayout& grid, int at, Row& row, QLabel* label);
   void AddLeftOvers(QGridLayout& grid);
 
-  /// The unit of a row's value while the picture of that type is shown.
-  static Unit UnitOf(const Row& row, std::int32_t type);
-
-  /// True for the label and the edit of a letter that the type does not have.
-  bool IsUnused(const Control& control, std::int32_t type) const;
-  bool IsNeeded(const Row& row, std::int32_t type) const;
-  void ShowNames(const Row& row, std::int32_t type, const PageValues& values);
-  void SetSpokenNames(const Row& row, const QString& name, Unit unit, const PageValues& values);
+  void ShowTexts(const Row& row, const RowModel& model);
 
   ControlWidget* Find(std::int32_t id) const;
 

@@ -186,12 +186,8 @@ void PageForm::AddNeeded(Row& row, QWidget* cell) {
 }
 
 void PageForm::AddLeftOvers(QGridLayout& grid) {
-  const std::vector<std::int32_t> placed = ControlsOf(layout_);
-  for (const Control& control : *controls_) {
-    const bool isPlaced = std::ranges::find(placed, control.id) != placed.end();
-    if (isPlaced || control.kind == ControlKind::kPicture) continue;
-    grid.addWidget(MakeWidget(control.id, this), grid.rowCount(), 0, 1, kColumns);
-  }
+  for (const std::int32_t id : LeftOversOf(layout_, *controls_))
+    grid.addWidget(MakeWidget(id, this), grid.rowCount(), 0, 1, kColumns);
 }
 
 QWidget* PageForm::MakeWidget(std::int32_t id, QWidget* parent) {

@@ -18,14 +18,6 @@ namespace {
 constexpr int kGap = 8;
 constexpr int kLeastForm = 340;
 
-/// The letter of a value, or the name of another control.
-QString NameOf(const FieldRow& row, const PageValues& values) {
-  const Control* const control = values.Find(row.control);
-  if (row.label != 0) return QString::fromStdString(values.TextOf(row.label));
-  if (control != nullptr && !control->caption.empty()) return QString::fromStdString(control->caption);
-  return row.name[0] != '\0' ? Translate(row.name) : QString::fromStdString(values.TextOf(row.control));
-}
-
 }  // namespace
 
 PagePanel::PagePanel(const PageLayout& layout, const std::vector<Control>& controls, const Send& send,
@@ -73,7 +65,7 @@ void PagePanel::Show(const std::vector<Control>& controls, const QString& place,
   const Control* const picture = values.Find(layout_.picture);
   const std::int32_t bitmap = picture == nullptr ? 0 : picture->bitmap;
   if (title_ != nullptr) title_->setText(place);
-  form_->Show(controls, bitmap);
+  form_->Show(controls);
   const auto* const edit = qobject_cast<const QLineEdit*>(form_->WidgetOf(focused));
   picture_->Draw(bitmap, values,
                  {focused, edit != nullptr ? edit->text() : QString::fromStdString(values.TextOf(focused))});
@@ -91,17 +83,6 @@ void PagePanel::MarkUnstored(const std::vector<std::int32_t>& unstored) {
   const auto stores = StoringButtons(layout_, unstored);
   for (const std::int32_t action : ActionsOf(layout_))
     form_->MarkUnstored(action, std::ranges::find(stores, action) != stores.end());
-}
-
-QString PagePanel::NamesOf(const std::vector<std::int32_t>& ids, const std::vector<Control>& controls) const {
-  const PageValues values(controls);
-  QStringList names;
-  for (const FieldGroup& group : layout_.groups) {
-    for (const FieldRow& row : group.rows) {
-      if (std::ranges::find(ids, row.control) != ids.end()) names.append(NameOf(row, values));
-    }
-  }
-  return names.join(QStringLiteral(", "));
 }
 
 void PagePanel::Reveal(std::int32_t control) {

@@ -31,9 +31,6 @@ class PagePanel final : public QWidget {
   /// Marks the buttons that would store those controls.
   void MarkUnstored(const std::vector<std::int32_t>& unstored);
 
-  /// The names of controls as the page has them: "A, B".
-  QString NamesOf(const std::vector<std::int32_t>& ids, const std::vector<Control>& controls) const;
-
   /// Scrolls to a control.
   void Reveal(std::int32_t control);
 

@@ -10,17 +10,13 @@
 
 #include "view/ids.h"
 #include "view/qt/icons.h"
-#include "view/qt/labels.h"
 #include "view/qt/texts.h"
+#include "view/shared/tree_model.h"
 
 namespace vanzet::view::qt {
 namespace {
 
 constexpr const char* kEquipment = Translatable("Equipment");
-constexpr const char* kDefined = Translatable("%1, defined");
-
-constexpr const char* kNotStored = Translatable("%1, values not stored yet");
-
 constexpr int kIdRole = Qt::UserRole;
 constexpr int kUnstoredRole = Qt::UserRole + 1;
 
@@ -32,7 +28,8 @@ class NodeDelegate final : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.data(kUnstoredRole).toBool()) option->text += QLatin1Char(' ') + UnstoredSign();
+    if (index.data(kUnstoredRole).toBool())
+      option->text += QLatin1Char(' ') + QString::fromUtf8(kUnstoredSign);
   }
 };
 
@@ -47,17 +44,11 @@ std::vector<std::int32_t> IdsOf(const std::vector<TreeNode>& nodes) {
   return ids;
 }
 
-QString SpokenText(QString text, bool isDefined, bool isUnstored) {
-  if (isDefined) text = Translate(kDefined).arg(text);
-  return isUnstored ? Translate(kNotStored).arg(text) : text;
-}
-
 void Fill(QTreeWidgetItem& item, const TreeNode& node, bool isUnstored) {
-  const QString text = QString::fromStdString(node.text);
-  item.setText(0, text);
+  item.setText(0, QString::fromStdString(node.text));
   item.setData(0, kUnstoredRole, isUnstored);
   item.setIcon(0, IconOfNode(node.bitmap, node.selectedBitmap));
-  item.setData(0, Qt::AccessibleTextRole, SpokenText(text, node.isBold, isUnstored));
+  item.setData(0, Qt::AccessibleTextRole, QString::fromStdString(SpokenNode(node, isUnstored)));
   QFont font = item.font(0);
   font.setBold(node.isBold);
   item.setFont(0, font);
